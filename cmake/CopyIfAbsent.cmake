@@ -1,0 +1,6 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
+# cmake -DFROM=file -DTO=file -P CopyIfAbsent.cmake
+if(NOT EXISTS "${TO}")
+    configure_file("${FROM}" "${TO}" COPYONLY)
+endif()
+file(TOUCH_NOCREATE "${TO}") # the rule is satisfied

@@ -1,0 +1,45 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
+# The three kinds of target that this project has. Everything is compiled by the same rules.
+
+# What every target of ours is compiled with.
+function(tickwell_compile_rules target)
+    target_include_directories(${target} PRIVATE "${PROJECT_SOURCE_DIR}/src")
+    target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion
+                                             -Wold-style-cast -Wnon-virtual-dtor -Woverloaded-virtual)
+    target_compile_definitions(${target} PRIVATE QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_FOREACH
+                                                 QT_USE_QSTRINGBUILDER
+                                                 QT_DISABLE_DEPRECATED_BEFORE=0x060400)
+    if(TICKWELL_WARNINGS_AS_ERRORS)
+        target_compile_options(${target} PRIVATE -Werror)
+    endif()
+    if(TICKWELL_SANITIZERS)
+        target_compile_options(${target} PRIVATE -fsanitize=${TICKWELL_SANITIZERS} -fno-sanitize-recover=all
+                                                 -fno-omit-frame-pointer)
+        target_link_options(${target} PRIVATE -fsanitize=${TICKWELL_SANITIZERS})
+    endif()
+endfunction()
+
+# tickwell_library(core SOURCES a.cpp b.cpp LINKS Qt6::Core): the static library of one folder of the house,
+# named tickwell_core, with the alias Tickwell::core.
+function(tickwell_library name)
+    cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;LINKS")
+    add_library(tickwell_${name} STATIC ${arg_SOURCES})
+    add_library(Tickwell::${name} ALIAS tickwell_${name})
+    target_link_libraries(tickwell_${name} PUBLIC ${arg_LINKS})
+    tickwell_compile_rules(tickwell_${name})
+endfunction()
+
+# tickwell_test(core words LINKS Tickwell::core): the test program of tests/core/tst_words.cpp, run as core.words.
+function(tickwell_test folder subject)
+    cmake_parse_arguments(PARSE_ARGV 2 arg "" "" "SOURCES;LINKS")
+    set(target tst_${folder}_${subject})
+    add_executable(${target} tst_${subject}.cpp ${arg_SOURCES})
+    target_link_libraries(${target} PRIVATE ${arg_LINKS} Tickwell::test_support Qt6::Test)
+    target_include_directories(${target} PRIVATE "${PROJECT_SOURCE_DIR}/tests")
+    tickwell_compile_rules(${target})
+    add_test(NAME ${folder}.${subject} COMMAND ${target})
+    # No real home, no screen, no language of the machine: the same on every desk.
+    set_tests_properties(${folder}.${subject} PROPERTIES
+        LABELS "unit;${folder}" TIMEOUT 300
+        ENVIRONMENT "QT_QPA_PLATFORM=offscreen;TZ=Asia/Tokyo;LANG=C.UTF-8;HOME=${CMAKE_BINARY_DIR}/no-home;XDG_RUNTIME_DIR=${CMAKE_BINARY_DIR}/no-home")
+endfunction()

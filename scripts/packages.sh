@@ -1,0 +1,25 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
+# Sourced by ./run and ./test. Package names are those of Debian 12.
+
+packages_to_run="g++ cmake ninja-build qt6-base-dev libsqlite3-dev qt6-translations-l10n fonts-monapo"
+packages_to_look="xvfb xauth xdotool maim"
+packages_to_test="$packages_to_run $packages_to_look ccache clang-format clang-tidy python3 python3-gi python3-pil
+    python3-xlib dbus at-spi2-core openbox x11-utils x11-apps x11-session-utils libx11-dev libxdamage-dev libxfixes-dev"
+
+# need PACKAGE…: installs those that are missing, in one line of explanation, and says nothing when none is.
+need() {
+    missing=""
+    for package in "$@"; do
+        dpkg-query --show --showformat '${db:Status-Status}\n' "$package" 2>/dev/null | grep -qx installed ||
+            missing="$missing $package"
+    done
+    [ -n "$missing" ] || return 0
+    echo "Installing$missing"
+    as_root=""
+    [ "$(id -u)" -eq 0 ] || as_root="sudo"
+    export DEBIAN_FRONTEND=noninteractive
+    # shellcheck disable=SC2086
+    $as_root apt-get -qq update >/dev/null &&
+        $as_root apt-get -qq install --yes --no-install-recommends $missing >/dev/null ||
+        { echo "Could not install$missing" >&2; return 1; }
+}

@@ -1,0 +1,25 @@
+#!/bin/sh
+# SPDX-License-Identifier: GPL-3.0-or-later
+# picture.sh PROGRAM FILE.png: starts the program on the present display, pictures its window once it shows more than
+# its first texts, and ends it.
+set -eu
+program=$1
+file=$2
+work=$(mktemp -d)
+"$program" &
+process=$!
+trap 'kill $process 2>/dev/null || true; rm -rf "$work"' EXIT
+
+window=$(timeout 30 xdotool search --sync --onlyvisible --pid $process | tail -n 1)
+[ -n "$window" ] || { echo "The window did not come up." >&2; exit 1; }
+
+maim --hidecursor --window "$window" "$work/first.png"
+waited=0
+while maim --hidecursor --window "$window" "$file" && cmp -s "$work/first.png" "$file"; do
+    waited=$((waited + 1))
+    [ $waited -le 30 ] || { echo "The lines did not change within 30 s." >&2; exit 1; }
+    kill -0 $process || { echo "The program ended." >&2; exit 1; }
+    sleep 1
+done
+sleep 1 # the wipe
+maim --hidecursor --window "$window" "$file"

@@ -1,0 +1,84 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/program.h"
+
+#include <QApplication>
+#include <QProcessEnvironment>
+#include <QStandardPaths>
+
+#include "app/program_folder.h"
+#include "platform/ini_file_store.h"
+
+namespace tickwell {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QString FolderFor(const Options& options) {
+    return ChooseFolder({options.folder, qEnvironmentVariable("TICKWELL_FOLDER"),
+                         QCoreApplication::applicationDirPath(),
+                         QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation)});
+}
+
+}  // namespace
+
+Program::Program(const Options& options) : m_options(options), m_handlers(m_boxes) {
+    if (options.virtualTime) {
+        m_virtualTime = std::make_unique<VirtualTime>(options.virtualTime->wall, options.virtualTime->tick);
+        m_virtualTimePipe = std::make_unique<VirtualTimePipe>(*m_virtualTime, options.virtualTime->readFrom,
+                                                              options.virtualTime->writeTo);
+    }
+    connect(qApp, &QGuiApplication::commitDataRequest, this, &Program::SaveForSessionEnd,
+            Qt::DirectConnection);
+}
+
+int Program::Run() {
+    try {
+        const QString folder = FolderFor(m_options);
+        PrepareFolder(folder, MastersFolder(QCoreApplication::applicationDirPath()));
+        m_instance = std::make_unique<SingleInstance>(folder);
+        if (!m_instance->Acquire()) {
+            if (m_instance->CallFirst()) {
+                return 0;
+            }
+            throw RunTimeError(u"すでに起動していますが、応答がありません。"_s);
+        }
+        m_started = StartUp(folder, [] { return std::make_unique<IniFileStore>(IniFileStore::UserPath()); });
+        Start();
+    } catch (const RunTimeError& error) {
+        m_form.reset();
+        Fail(error.Reason());
+    }
+    return QCoreApplication::exec();
+}
+
+void Program::Start() {
+    const Clock& clock = m_virtualTime ? static_cast<const Clock&>(*m_virtualTime) : m_systemClock;
+    TimerSource& timers = m_virtualTime ? static_cast<TimerSource&>(*m_virtualTime) : m_qtTimers;
+    const auto closed = [this] { m_handlers.WhenQuiet([] { QCoreApplication::quit(); }); };
+    m_form = std::make_unique<Form1>(
+        MainWindowParts{m_started.settings, *m_started.store, clock, timers, m_handlers, closed});
+    m_form->Form_Load();
+    connect(m_instance.get(), &SingleInstance::Called, m_form.get(), &Form1::ComeForward);
+    m_form->show();
+}
+
+/// One box, and the end; nothing is saved.
+void Program::Fail(const QString& reason) {
+    m_boxes.Show({MessageIcon::Critical, u"Tickwell スタートエラー"_s, StartUpFailureText(reason)},
+                 [] { QCoreApplication::exit(1); });
+}
+
+/// The desktop session ends and waits for us: saving now counts as closing the window, and no box may hold it
+/// up.
+void Program::SaveForSessionEnd() {
+    try {
+        if (m_form) {
+            m_form->SaveAll();
+        }
+    } catch (const RunTimeError&) {
+        // The old settings stand; there is no one left to tell.
+    }
+}
+
+}  // namespace tickwell

@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QString>
+#include <memory>
+
+#include "app/options.h"
+#include "app/single_instance.h"
+#include "app/startup.h"
+#include "core/handlers.h"
+#include "display/main_window.h"
+#include "platform/qt_message_boxes.h"
+#include "platform/qt_timers.h"
+#include "platform/system_clock.h"
+#include "platform/virtual_time_pipe.h"
+
+namespace tickwell {
+
+/// The whole program: it builds ports, state and main window, hands them down by reference, and opens windows
+/// on request. One instance, made by main.
+class Program : public QObject {
+    Q_OBJECT
+
+public:
+    explicit Program(const Options& options);
+
+    /// Runs until the main window closes; the exit code of the process.
+    int Run();
+
+private:
+    void Start();
+    void Fail(const QString& reason);
+    void SaveForSessionEnd();
+
+    Options m_options;
+    QtMessageBoxes m_boxes;
+    Handlers m_handlers;
+    SystemClock m_systemClock;
+    QtTimers m_qtTimers;
+    std::unique_ptr<VirtualTime> m_virtualTime;
+    std::unique_ptr<VirtualTimePipe> m_virtualTimePipe;
+    std::unique_ptr<SingleInstance> m_instance;
+    Started m_started;
+    std::unique_ptr<Form1> m_form;
+};
+
+}  // namespace tickwell

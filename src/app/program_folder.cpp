@@ -1,0 +1,136 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/program_folder.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QSaveFile>
+#include <QTemporaryDir>
+
+#include "app/master_record.h"
+#include "core/errors.h"
+
+namespace tickwell {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString& DayDatabaseFile() {
+    static const QString name = u"DayDate.mdb"_s;
+    return name;
+}
+
+/// The program's own files; the day database belongs to the user from the first day.
+QStringList RefreshedFiles() {
+    QStringList files = RequiredFiles();
+    files.removeOne(DayDatabaseFile());
+    return files;
+}
+
+void Copy(const QString& from, const QString& to) {
+    QFile source(from);
+    QSaveFile target(to);
+    if (!source.open(QIODevice::ReadOnly)) {
+        throw RunTimeError(from + u"\r\n" + source.errorString());
+    }
+    const QByteArray bytes = source.readAll();
+    if (bytes.size() != source.size()) {
+        throw RunTimeError(from + u"\r\n" + source.errorString());
+    }
+    if (!target.open(QIODevice::WriteOnly) || target.write(bytes) != bytes.size() || !target.flush() ||
+        !target.commit()) {
+        throw RunTimeError(to + u"\r\n" + target.errorString());
+    }
+}
+
+/// A new folder beside its place, then into it by one rename. Whoever starts the program twice at once fills
+/// two and renames one; the other finds the place taken and takes that.
+void FillNew(const QString& folder, const QString& masters) {
+    const QString parent = QFileInfo(folder).path();
+    if (!QDir().mkpath(parent)) {
+        throw RunTimeError(parent + u"\r\nフォルダーを作成できません。");
+    }
+    QTemporaryDir unfinished(folder + u"-XXXXXX");
+    if (!unfinished.isValid()) {
+        throw RunTimeError(folder + u"\r\n" + unfinished.errorString());
+    }
+    MasterRecord record;
+    for (const QString& name : RequiredFiles()) {
+        const QString master = masters + u'/' + name;
+        if (QFileInfo::exists(master)) {  // one that is missing is named by the start-up, as anywhere else
+            Copy(master, unfinished.filePath(name));
+            record.Set(name, master);
+        }
+    }
+    record.Write(unfinished.path());
+    if (QDir().rename(unfinished.path(), folder)) {
+        unfinished.setAutoRemove(false);
+    } else if (!QFileInfo(folder).isDir()) {
+        throw RunTimeError(folder + u"\r\nフォルダーを作成できません。");
+    }
+}
+
+void Refresh(const QString& folder, const QString& masters) {
+    MasterRecord record = MasterRecord::Read(folder);
+    bool changed = false;
+    for (const QString& name : RefreshedFiles()) {
+        const QString master = masters + u'/' + name;
+        const QString copy = folder + u'/' + name;
+        if (QFileInfo::exists(master) && QFileInfo::exists(copy) && !record.IsKnown(name, master) &&
+            record.IsUntouched(name, copy)) {
+            Copy(master, copy);
+            record.Set(name, master);
+            changed = true;
+        }
+    }
+    if (changed) {
+        record.Write(folder);
+    }
+}
+
+bool SameFolder(const QString& a, const QString& b) {
+    return QFileInfo(a).canonicalFilePath() == QFileInfo(b).canonicalFilePath();
+}
+
+}  // namespace
+
+const QStringList& RequiredFiles() {
+    static const QStringList files{DayDatabaseFile(), u"Help.hlp"_s,  u"TKW00.wav"_s, u"TKW01.wav"_s,
+                                   u"TKW02.wav"_s,    u"TKW03.wav"_s, u"TKW04.wav"_s, u"TKW05.wav"_s};
+    return files;
+}
+
+QString ChooseFolder(const FolderChoices& choices) {
+    if (!choices.argument.isEmpty()) {
+        return QDir(choices.argument).absolutePath();
+    }
+    if (!choices.environment.isEmpty()) {
+        return QDir(choices.environment).absolutePath();
+    }
+    const QFileInfo own(choices.executableFolder);
+    if (QFileInfo::exists(own.filePath() + u'/' + DayDatabaseFile()) && own.isWritable()) {
+        return own.absoluteFilePath();
+    }
+    return choices.dataHome + u"/tickwell";
+}
+
+QString MastersFolder(const QString& executableFolder) {
+    const QString shared = QDir::cleanPath(executableFolder + u"/../share/tickwell");
+    for (const QString& folder : {executableFolder, shared}) {
+        if (QFileInfo::exists(folder + u'/' + DayDatabaseFile())) {
+            return folder;
+        }
+    }
+    return QString();
+}
+
+void PrepareFolder(const QString& folder, const QString& masters) {
+    if (!QFileInfo::exists(folder)) {
+        FillNew(folder, masters);
+    } else if (!masters.isEmpty() && !SameFolder(folder, masters)) {
+        Refresh(folder, masters);
+    }
+}
+
+}  // namespace tickwell

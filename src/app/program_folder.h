@@ -1,0 +1,34 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+namespace tickwell {
+
+/// What the choice of the program's folder depends on.
+struct FolderChoices {
+    QString argument;          ///< --folder, empty where not given
+    QString environment;       ///< $TICKWELL_FOLDER, empty where not set
+    QString executableFolder;  ///< real path of the folder that holds the binary
+    QString dataHome;          ///< $XDG_DATA_HOME or its default
+};
+
+/// The eight files that the program cannot run without, in the order in which they are asked for.
+const QStringList& RequiredFiles();
+
+/// The folder that holds database, help, sounds and tools: the one that was named, else the binary's own
+/// where a DayDate.mdb lies there and it is writable (portable), else the user's data folder. An absolute
+/// path.
+QString ChooseFolder(const FolderChoices& choices);
+
+/// Where the masters lie that came with the program: beside the binary, or in ../share/tickwell; empty where
+/// nowhere.
+QString MastersFolder(const QString& executableFolder);
+
+/// Makes `folder` ready. One that does not exist yet is filled beside its place and renamed into it, so that
+/// a half filled one is never met. In one that exists, help and sounds that the user has not changed are
+/// refreshed where the masters are newer; DayDate.mdb never is. Throws RunTimeError.
+void PrepareFolder(const QString& folder, const QString& masters);
+
+}  // namespace tickwell

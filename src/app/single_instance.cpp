@@ -1,0 +1,76 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/single_instance.h"
+
+#include <QCryptographicHash>
+#include <QDir>
+#include <QFileInfo>
+#include <QLocalSocket>
+#include <QStandardPaths>
+
+#include "core/errors.h"
+
+namespace tickwell {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kPatience = 3000;  // ms for the first process to answer; it may be starting up itself
+constexpr auto kWord = "forward\n";
+
+/// A socket in the user's own run-time folder, named by the program folder: names of sockets are short, paths
+/// are not.
+QString SocketPath(const QString& folder) {
+    const QByteArray path = QFileInfo(folder).canonicalFilePath().toUtf8();
+    const QByteArray hash = QCryptographicHash::hash(path, QCryptographicHash::Sha256).toHex().first(16);
+    return QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation) + u"/tickwell-" +
+           QString::fromLatin1(hash);
+}
+
+}  // namespace
+
+SingleInstance::SingleInstance(const QString& folder)
+    : m_socket(SocketPath(folder)), m_lock(folder + u"/.tickwell.lock") {
+    m_lock.setStaleLockTime(0);  // stale by a dead process alone, never by age
+    m_server.setSocketOptions(QLocalServer::UserAccessOption);
+    connect(&m_server, &QLocalServer::newConnection, this, &SingleInstance::Answer);
+}
+
+bool SingleInstance::Acquire() {
+    if (!m_lock.tryLock(0)) {
+        if (m_lock.error() == QLockFile::LockFailedError) {
+            return false;
+        }
+        throw RunTimeError(u"プログラムのフォルダーに書き込めません。\r\n"_s + QFileInfo(m_socket).path());
+    }
+    QLocalServer::removeServer(m_socket);  // left by a process that was killed; the lock is ours
+    // Without the socket the program still runs; only a second start cannot call it.
+    m_server.listen(m_socket);
+    return true;
+}
+
+bool SingleInstance::CallFirst() const {
+    QLocalSocket socket;
+    socket.connectToServer(m_socket);
+    if (!socket.waitForConnected(kPatience)) {
+        return false;
+    }
+    socket.write(kWord);
+    // The first process closes the connection when it has read the word.
+    return socket.waitForBytesWritten(kPatience) && socket.waitForDisconnected(kPatience);
+}
+
+void SingleInstance::Answer() {
+    while (QLocalSocket* socket = m_server.nextPendingConnection()) {
+        connect(socket, &QLocalSocket::disconnected, socket, &QObject::deleteLater);
+        connect(socket, &QLocalSocket::readyRead, this, [this, socket] {
+            const bool called = socket->readLine() == kWord;
+            socket->disconnectFromServer();
+            if (called) {
+                Q_EMIT Called();
+            }
+        });
+    }
+}
+
+}  // namespace tickwell

@@ -1,0 +1,38 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QLocalServer>
+#include <QLockFile>
+#include <QObject>
+
+namespace tickwell {
+
+/// One running program a folder. A lock file in the folder decides who is the first; a local socket of the
+/// user's alone carries the one word of a second start to it.
+class SingleInstance : public QObject {
+    Q_OBJECT
+
+public:
+    /// `folder`: the program's folder; it exists.
+    explicit SingleInstance(const QString& folder);
+
+    /// True when this process is the first; it then listens until its end. Throws RunTimeError when the
+    /// folder does not take a lock file.
+    bool Acquire();
+
+    /// Asks the first process to come forward; false when it does not answer.
+    bool CallFirst() const;
+
+Q_SIGNALS:
+    /// Another start asked this process to come forward.
+    void Called();
+
+private:
+    void Answer();
+
+    QString m_socket;
+    QLockFile m_lock;
+    QLocalServer m_server;
+};
+
+}  // namespace tickwell

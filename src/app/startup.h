@@ -1,0 +1,29 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QString>
+#include <functional>
+#include <memory>
+
+#include "core/ports/settings_store.h"
+#include "core/settings.h"
+#include "days/day_database.h"
+
+namespace tickwell {
+
+/// What start-up fills for the rest of the run.
+struct Started {
+    std::unique_ptr<SettingsStore> store;
+    std::unique_ptr<DayDatabase> dayDatabase;
+    AppSettings settings;
+};
+
+/// The start-up up to the first window, strictly in this order: into the program's folder, the eight files,
+/// the day database, the settings. Throws RunTimeError at the first thing that is wrong, with what to tell
+/// the user; what comes after it is not looked at.
+Started StartUp(const QString& folder, const std::function<std::unique_ptr<SettingsStore>()>& openStore);
+
+/// The text of the box that ends a failed start-up.
+QString StartUpFailureText(const QString& reason);
+
+}  // namespace tickwell

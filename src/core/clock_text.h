@@ -1,0 +1,24 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QDate>
+#include <QString>
+#include <QTime>
+
+namespace tickwell {
+
+/// Language of clock and date, as it is stored. Any other number shows no clock and no date.
+inline constexpr qint32 kLanguageJapanese = 0;
+inline constexpr qint32 kLanguageEnglish = 1;
+inline constexpr qint32 kLanguageOldJapanese = 2;
+
+/// The time `now`. `displayMode`: 0 with unit words, else with colons. `hourStyle`: 0 the twelve-hour clock
+/// with a morning or afternoon word (noon and midnight are hour 0), else the 24-hour clock.
+QString ClockText(QTime now, qint32 language, qint32 displayMode, qint32 hourStyle);
+
+/// The date `today`. `yearStyle`: 0 the year of 平成, or in English the month's name; else the western year,
+/// or the month's number. `displayMode`: 0 standard; in Japanese anything else, in English exactly 1, is the
+/// short form.
+QString DateText(QDate today, qint32 language, qint32 yearStyle, qint32 displayMode);
+
+}  // namespace tickwell

@@ -1,0 +1,27 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QString>
+
+namespace tickwell {
+
+/// Milliseconds to whole seconds, halves to even (500 is 0, 1500 is 2).
+qint32 WholeSeconds(qint32 milliseconds);
+
+/// The time since the system started. `tick`: the machine's counter in milliseconds, signed 32-bit:
+/// after 24.8 days it is negative, and so are the parts shown. `displayMode` as in ClockText; the hour style
+/// makes no difference.
+QString UsageText(qint32 tick, qint32 language, qint32 displayMode, qint32 hourStyle);
+
+/// Stopwatch and timer reading h:mm'ss"fff. A negative duration was measured across midnight: one day is
+/// added.
+QString ElapsedText(qint32 milliseconds);
+
+/// m:ss. Replaces its argument by the seconds it rounded to: a caller that still needs the milliseconds
+/// passes a copy.
+QString MinSecText(qint32& milliseconds);
+
+/// "05", "-05": at least two digits behind the sign.
+QString TwoDigits(qint32 value);
+
+}  // namespace tickwell

@@ -1,0 +1,56 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "core/handlers.h"
+
+#include <utility>
+
+namespace tickwell {
+
+using namespace Qt::StringLiterals;
+
+bool Handlers::Run(const std::function<void()>& handler) {
+    try {
+        handler();
+        return true;
+    } catch (const RunTimeError& error) {
+        Report(error);
+        return false;
+    }
+}
+
+std::unique_ptr<Timer> Handlers::MakeTimer(TimerSource& source, int milliseconds,
+                                           std::function<void()> handler) {
+    auto self = std::make_shared<Timer*>(nullptr);  // the tick needs the timer that Create is about to return
+    auto timer = source.Create(milliseconds, [this, self, handler = std::move(handler)] {
+        try {
+            handler();
+        } catch (const RunTimeError& error) {
+            (*self)->Stop();
+            Report(error);
+        }
+    });
+    *self = timer.get();
+    return timer;
+}
+
+void Handlers::Report(const RunTimeError& error) {
+    if (m_reporting) {
+        return;
+    }
+    m_reporting = true;
+    m_boxes.Show({MessageIcon::Critical, u"Tickwell"_s, u"実行時エラー\r\n"_s + error.Reason()}, [this] {
+        m_reporting = false;
+        if (const auto action = std::exchange(m_whenQuiet, nullptr)) {
+            action();
+        }
+    });
+}
+
+void Handlers::WhenQuiet(std::function<void()> action) {
+    if (m_reporting) {
+        m_whenQuiet = std::move(action);
+    } else {
+        action();
+    }
+}
+
+}  // namespace tickwell

@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QObject>
+#include <functional>
+#include <memory>
+
+#include "core/errors.h"
+#include "core/ports/message_boxes.h"
+#include "core/ports/timer.h"
+
+namespace tickwell {
+
+/// How every handler of the program is connected. A RunTimeError ends the handler, is shown in one report
+/// box, and the program goes on. While that box is open further errors are dropped: a box for each would bury
+/// the desktop.
+class Handlers {
+public:
+    /// `boxes` outlives this object.
+    explicit Handlers(MessageBoxes& boxes) : m_boxes(boxes) {}
+
+    /// Runs `handler` here and now under that rule; false when it was given up.
+    bool Run(const std::function<void()>& handler);
+
+    /// Connects a signal of a control. `sender` and `context` are owned by the caller.
+    template <typename Sender, typename Signal, typename Handler>
+    void Connect(const Sender* sender, Signal signal, const QObject* context, Handler handler) {
+        QObject::connect(sender, signal, context, [this, handler] { Run(handler); });
+    }
+
+    /// A timer at rest, whose handler is switched off before its error is reported.
+    std::unique_ptr<Timer> MakeTimer(TimerSource& source, int milliseconds, std::function<void()> handler);
+
+    /// Calls `action` now, or, while the report box is open, when the user has closed it.
+    void WhenQuiet(std::function<void()> action);
+
+private:
+    void Report(const RunTimeError& error);
+
+    MessageBoxes& m_boxes;
+    bool m_reporting = false;
+    std::function<void()> m_whenQuiet;
+};
+
+}  // namespace tickwell

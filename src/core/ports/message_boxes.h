@@ -1,0 +1,29 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QString>
+#include <functional>
+
+namespace tickwell {
+
+enum class MessageIcon { None, Information, Critical };
+
+/// A box with one OK button. Plain texts: nothing in them is ever read as markup.
+struct Message {
+    MessageIcon icon = MessageIcon::None;
+    QString title;
+    QString text;
+
+    bool operator==(const Message&) const = default;
+};
+
+class MessageBoxes {
+public:
+    virtual ~MessageBoxes() = default;
+
+    /// Opens the box and returns at once; `onClosed` is called when the user has closed it. Never runs a
+    /// nested event loop: a timer's tick that opens a box goes on.
+    virtual void Show(const Message& message, std::function<void()> onClosed) = 0;
+};
+
+}  // namespace tickwell

@@ -1,0 +1,51 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QString>
+
+namespace tickwell {
+
+/// The look of one of the two lines. The settings call the upper line A and the lower line B.
+struct LineStyle {
+    QString fontName;     ///< as it was chosen; kept and written back even where the machine has no such font
+    qint16 fontSize = 0;  ///< points
+    qint32 color = 0;     ///< red + green * 256 + blue * 65536
+    bool bold = false;
+    bool italic = false;
+    bool strikethrough = false;
+    bool underline = false;
+
+    bool operator==(const LineStyle&) const = default;
+};
+
+/// All settings, filled once at start-up and written back when the main window closes. No value is checked
+/// beyond its type: what a number outside the known ones means is said where it is used.
+struct AppSettings {
+    qint32 chimeMode = 0;
+    QString chimeSound;
+    qint32 function = 0;  ///< display function shown, and shown again at the next start
+    qint32 wipeSpeed = 0;
+    qint32 wipeKind = 0;
+    qint32 backColor = 0;  ///< red + green * 256 + blue * 65536
+    LineStyle upper;
+    LineStyle lower;
+    qint32 language = 0;
+    qint32 yearStyle = 0;
+    qint32 displayMode = 0;
+    qint32 hourStyle = 0;
+    qint32 rollInterval = 0;  ///< accepted when the window loads, used by nothing, never written
+
+    bool operator==(const AppSettings&) const = default;
+};
+
+/// Place and width of the main window in twips, 15 of them to a logical pixel. The height follows from the
+/// fonts. Kept in twips so that a stored 2506 stays 2506 although the screen shows 167 pixels.
+struct WindowGeometry {
+    qint32 width = 0;
+    qint32 top = 0;
+    qint32 left = 0;
+
+    bool operator==(const WindowGeometry&) const = default;
+};
+
+}  // namespace tickwell

@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "core/errors.h"
+#include "core/ports/settings_store.h"
+#include "core/settings.h"
+
+namespace tickwell {
+
+/// A stored value that cannot be converted to its field's type; the reason names section, key and value, so
+/// that the user can mend it.
+class SettingsError : public RunTimeError {
+public:
+    SettingsError(const QString& section, const QString& key, const QString& value, const QString& reason);
+};
+
+/// Reads all settings but geometry and roll interval. An absent key yields its default. Throws SettingsError
+/// at the first value that cannot be converted.
+void LoadSettings(const SettingsStore& store, AppSettings& settings);
+
+/// Reads width, top, left in this order, then the roll interval. Throws SettingsError.
+void LoadWindowGeometry(const SettingsStore& store, AppSettings& settings, WindowGeometry& geometry);
+
+/// Writes all 27 keys, changed or not, and commits. The roll interval is not written. Throws RunTimeError
+/// when the store cannot be written; it then holds what it held.
+void SaveSettings(SettingsStore& store, const AppSettings& settings, const WindowGeometry& geometry);
+
+}  // namespace tickwell

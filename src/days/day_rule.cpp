@@ -1,0 +1,63 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "days/day_rule.h"
+
+namespace tickwell {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kDaysInWeek = 7;
+
+QString Number(int number) {
+    return QString::number(number);
+}
+
+QStringView TableOf(DayMark mark) {
+    switch (mark) {
+        case DayMark::Holiday:
+            return u"Holiday";
+        case DayMark::Halfday:
+            return u"Halfday";
+        case DayMark::Usuallyday:
+            return u"Usuallyday";
+    }
+    Q_UNREACHABLE();
+}
+
+}  // namespace
+
+QString DateLiteral(QDate date) {
+    return u'#' + Number(date.month()) + u'/' + Number(date.day()) + u'/' +
+           Number(date.year()).rightJustified(4, u'0') + u'#';
+}
+
+int WeekCode(QDate date) {
+    const int week = (date.day() - 1) / kDaysInWeek + 1;     // 1..5
+    const int weekday = date.dayOfWeek() % kDaysInWeek + 1;  // Qt: 1 Monday .. 7 Sunday
+    return 10 * week + weekday;
+}
+
+QString AnniversaryQuery(qint32 year, qint32 month, qint32 day, qint32 weekCode) {
+    return u"SELECT Kinenbi.Name,Kinenbi.Year,Kinenbi.Month,Kinenbi.Day,Kinenbi.Week FROM Kinenbi WHERE "_s +
+           u"(Day=" + Number(day) + u" OR Week=" + Number(weekCode) + u") AND " +  //
+           u"(Month=0 OR Month=" + Number(month) + u") AND " +                     //
+           u"(Year=0 OR Year=" + Number(year) + u')';
+}
+
+QString HolidayQuery(qint32 month, qint32 day) {
+    return MonthHolidayQuery(month) + u" AND Day=" + Number(day);
+}
+
+QString MonthHolidayQuery(qint32 month) {
+    return u"SELECT Syukuzitu.Name,Syukuzitu.Month,Syukuzitu.Day FROM Syukuzitu WHERE Month= "_s +
+           Number(month);
+}
+
+QString MarkedDatesQuery(DayMark mark, QDate first, QDate last) {
+    const QStringView table = TableOf(mark);
+    return u"SELECT "_s + table + u".Date FROM " + table + u" WHERE Date BETWEEN " + DateLiteral(first) +
+           u" AND " + DateLiteral(last);
+}
+
+}  // namespace tickwell

@@ -1,0 +1,54 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QHash>
+#include <QString>
+#include <memory>
+
+#include "days/shared_file_lock.h"
+#include "days/sqlite_statement.h"
+
+namespace tickwell {
+
+/// One open SQLite file, for reading and writing, set so that what was written is on the disk when the call
+/// returns. Never creates a file. Errors are thrown as SqlError, those of opening as RunTimeError.
+class SqliteConnection {
+public:
+    explicit SqliteConnection(const QString& path);
+
+    /// `sql` prepared, at rest, without values; kept for the next time. The reference holds until the next
+    /// call.
+    SqliteStatement& Prepared(const QByteArray& sql);
+
+    /// Runs a statement that gives no rows.
+    void Run(const QByteArray& sql);
+
+    /// The first column of the first row that `sql` gives, as text; empty when there is none.
+    QString FirstValue(const QByteArray& sql);
+
+    /// How many rows the last INSERT, UPDATE or DELETE changed.
+    int Changes() const;
+
+    /// Also false after an error for which the engine itself took a transaction back.
+    bool IsInTransaction() const;
+
+    /// The first `count` bytes of the file, zeros where it is shorter. Read through the engine's own
+    /// descriptor: closing another one on the same file would take the engine's locks away.
+    QByteArray FirstBytes(int count) const;
+
+private:
+    struct Closer {
+        void operator()(sqlite3* handle) const;
+    };
+
+    void Open(const QString& path);
+    void SetSwitches();
+    void SetPragma(const QByteArray& name, const QByteArray& value, QLatin1StringView answer);
+    [[noreturn]] void Fail(int result, const QString& sql) const;
+
+    SharedFileLock m_lock;  // given back last
+    std::unique_ptr<sqlite3, Closer> m_handle;
+    QHash<QByteArray, std::shared_ptr<SqliteStatement>> m_prepared;  // finalized before the file is closed
+};
+
+}  // namespace tickwell

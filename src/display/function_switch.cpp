@@ -1,0 +1,50 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "display/function_switch.h"
+
+#include "display/menu_items.h"
+
+namespace tickwell {
+
+FunctionSwitch::FunctionSwitch(AppSettings& settings, TextLines lines, FunctionMarks& marks,
+                               const FunctionTimers& timers, ClockLines& clockLines, UsageLines& usageLines)
+    : m_settings(settings),
+      m_lines(lines),
+      m_marks(marks),
+      m_timers(timers),
+      m_clockLines(clockLines),
+      m_usageLines(usageLines) {}
+
+void FunctionSwitch::ChangeFunction(qint32 number) {
+    m_settings.function = number;  // first: also a number that names no function is kept
+    for (Timer* timer : {&m_timers.Dz_Timer1, &m_timers.Dz_Timer2, &m_timers.Win_Timer}) {
+        timer->Stop();
+    }
+    const FunctionRow* row = FunctionRowOf(number);
+    m_marks.CheckFunction(number);
+    m_marks.EnableOperation(row == nullptr || row->hasOperationItem);
+    if (row == nullptr) {
+        return;
+    }
+    if (!row->title.isEmpty()) {
+        m_lines.upper.ShowText(row->title.toString());
+    }
+    ShowFirstTexts(number);
+}
+
+void FunctionSwitch::ShowFirstTexts(qint32 number) {
+    switch (number) {
+        case kFunctionClock:
+            m_clockLines.Show();
+            m_timers.Dz_Timer1.Start();
+            m_timers.Dz_Timer2.Start();
+            break;
+        case kFunctionUsage:
+            m_usageLines.Show();
+            m_timers.Win_Timer.Start();
+            break;
+        default:
+            break;
+    }
+}
+
+}  // namespace tickwell

@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "core/ports/timer.h"
+#include "core/settings.h"
+#include "core/text_line.h"
+#include "display/clock_lines.h"
+#include "display/function_marks.h"
+#include "display/usage_lines.h"
+
+namespace tickwell {
+
+/// The timers that refresh the lines, one function each; owned by the main window.
+struct FunctionTimers {
+    Timer& Dz_Timer1;  ///< clock: the time
+    Timer& Dz_Timer2;  ///< clock: the upper line
+    Timer& Win_Timer;  ///< Windows usage time
+};
+
+/// Which function the main window shows, and what changes when it is another one.
+class FunctionSwitch {
+public:
+    /// All outlive this object.
+    FunctionSwitch(AppSettings& settings, TextLines lines, FunctionMarks& marks, const FunctionTimers& timers,
+                   ClockLines& clockLines, UsageLines& usageLines);
+
+    void ChangeFunction(qint32 number);
+
+private:
+    void ShowFirstTexts(qint32 number);
+
+    AppSettings& m_settings;
+    TextLines m_lines;
+    FunctionMarks& m_marks;
+    FunctionTimers m_timers;
+    ClockLines& m_clockLines;
+    UsageLines& m_usageLines;
+};
+
+}  // namespace tickwell

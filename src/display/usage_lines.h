@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <optional>
+
+#include "core/ports/clock.h"
+#include "core/settings.h"
+#include "core/text_line.h"
+
+namespace tickwell {
+
+/// The time since the system started, on the lower line.
+class UsageLines {
+public:
+    /// All outlive this object.
+    UsageLines(const AppSettings& settings, const Clock& clock, TextLines lines);
+
+    /// The function was chosen: the reading comes in with a wipe.
+    void Show();
+
+    /// Win_Timer: a new reading only when the whole second, rounded as the text rounds it, is another.
+    void Tick();
+
+private:
+    QString Reading(qint32 tick) const;
+
+    const AppSettings& m_settings;
+    const Clock& m_clock;
+    TextLines m_lines;
+    std::optional<qint32> m_shownSecond;
+};
+
+}  // namespace tickwell

@@ -1,0 +1,14 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "core/ports/message_boxes.h"
+
+namespace tickwell {
+
+/// Message boxes on the desktop, above the main window, which is itself above all others.
+class QtMessageBoxes : public MessageBoxes {
+public:
+    void Show(const Message& message, std::function<void()> onClosed) override;
+};
+
+}  // namespace tickwell

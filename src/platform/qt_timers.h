@@ -1,0 +1,14 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "core/ports/timer.h"
+
+namespace tickwell {
+
+/// Timers of the event loop. Coarse ones, so that the system can wake up for several at once.
+class QtTimers : public TimerSource {
+public:
+    std::unique_ptr<Timer> Create(int milliseconds, std::function<void()> onTick) override;
+};
+
+}  // namespace tickwell

@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <optional>
+#include <vector>
+
+#include "core/ports/clock.h"
+#include "core/ports/timer.h"
+
+namespace tickwell {
+
+class VirtualTimer;
+
+/// Wall clock, tick and timers that move only when told to, all three together. Tests turn it by hand, and so
+/// does whoever drives the whole program through VirtualTimePipe.
+class VirtualTime : public Clock, public TimerSource {
+public:
+    /// `tick`: milliseconds since the machine is said to have started.
+    explicit VirtualTime(const QDateTime& now, qint64 tick = 0);
+
+    QDateTime Now() const override { return m_now; }
+    qint32 Tick() const override { return static_cast<qint32>(static_cast<quint32>(m_tick)); }
+    std::unique_ptr<Timer> Create(int milliseconds, std::function<void()> onTick) override;
+
+    /// Sets the wall clock alone, as a user or a time server does.
+    void SetNow(const QDateTime& now) { m_now = now; }
+
+    /// Milliseconds until the next timer is due; nothing when none runs.
+    std::optional<qint64> UntilNext() const;
+
+    /// Jumps to the next timer due within `milliseconds` and delivers its tick; returns what is left of them.
+    /// With none due in that time it jumps to its end and returns nothing.
+    std::optional<qint64> Step(qint64 milliseconds);
+
+    /// Lets `milliseconds` pass, with every tick that falls due, in order.
+    void Advance(qint64 milliseconds);
+
+private:
+    friend class VirtualTimer;
+    VirtualTimer* Next() const;
+    void Pass(qint64 milliseconds);
+
+    QDateTime m_now;
+    qint64 m_tick;
+    qint64 m_elapsed = 0;                  // ms since construction, the scale of the timers
+    std::vector<VirtualTimer*> m_running;  // in the order in which they were started; owned by their users
+};
+
+}  // namespace tickwell

@@ -1,0 +1,105 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include <QTest>
+
+#include "core/handlers.h"
+#include "core/integers.h"
+#include "platform/virtual_time.h"
+#include "support/fake_message_boxes.h"
+
+using namespace tickwell;
+using namespace Qt::StringLiterals;
+
+/// What becomes of an error in a handler.
+class TstHandlers : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void AnErrorEndsTheHandlerAndIsReportedOnce();
+    void ASecondErrorWhileTheBoxIsOpenIsDropped();
+    void AFailingTimerIsSwitchedOffBeforeItsReport();
+    void AHealthyTimerGoesOn();
+    void ASignalIsConnectedUnderTheRule();
+    void WhenQuietWaitsForTheOpenBox();
+};
+
+void TstHandlers::AnErrorEndsTheHandlerAndIsReportedOnce() {
+    FakeMessageBoxes boxes;
+    Handlers handlers(boxes);
+    bool wentOn = false;
+    QVERIFY(!handlers.Run([&] {
+        CheckedAdd(2147483647, 1);
+        wentOn = true;
+    }));
+    QVERIFY(!wentOn);
+    QCOMPARE(boxes.Shown().size(), 1);
+    QCOMPARE(boxes.Shown().constFirst(),
+             (Message{MessageIcon::Critical, u"Tickwell"_s, u"実行時エラー\r\nオーバーフローしました。"_s}));
+    QVERIFY(handlers.Run([] {}));
+    QCOMPARE(boxes.Shown().size(), 1);
+}
+
+void TstHandlers::ASecondErrorWhileTheBoxIsOpenIsDropped() {
+    FakeMessageBoxes boxes;
+    Handlers handlers(boxes);
+    const auto fail = [] { throw RunTimeError(u"だめです。"_s); };
+    handlers.Run(fail);
+    handlers.Run(fail);
+    QCOMPARE(boxes.Shown().size(), 1);
+    boxes.Close();
+    handlers.Run(fail);
+    QCOMPARE(boxes.Shown().size(), 2);
+}
+
+void TstHandlers::AFailingTimerIsSwitchedOffBeforeItsReport() {
+    VirtualTime time(QDateTime(QDate(1998, 10, 3), QTime(0, 0)));
+    FakeMessageBoxes boxes;
+    Handlers handlers(boxes);
+    int ticks = 0;
+    const auto timer = handlers.MakeTimer(time, 1, [&] {
+        ++ticks;
+        throw RunTimeError(u"だめです。"_s);
+    });
+    timer->Start();
+    time.Advance(1000);
+    QCOMPARE(ticks, 1);
+    QVERIFY(!timer->IsRunning());
+    QCOMPARE(boxes.Shown().size(), 1);
+}
+
+void TstHandlers::AHealthyTimerGoesOn() {
+    VirtualTime time(QDateTime(QDate(1998, 10, 3), QTime(0, 0)));
+    FakeMessageBoxes boxes;
+    Handlers handlers(boxes);
+    int ticks = 0;
+    const auto timer = handlers.MakeTimer(time, 200, [&] { ++ticks; });
+    timer->Start();
+    time.Advance(1000);
+    QCOMPARE(ticks, 5);
+    QVERIFY(boxes.Shown().isEmpty());
+}
+
+void TstHandlers::ASignalIsConnectedUnderTheRule() {
+    FakeMessageBoxes boxes;
+    Handlers handlers(boxes);
+    QObject sender;
+    handlers.Connect(&sender, &QObject::objectNameChanged, &sender,
+                     [] { throw RunTimeError(u"だめです。"_s); });
+    sender.setObjectName(u"x"_s);
+    QCOMPARE(boxes.Shown().size(), 1);
+}
+
+void TstHandlers::WhenQuietWaitsForTheOpenBox() {
+    FakeMessageBoxes boxes;
+    Handlers handlers(boxes);
+    int calls = 0;
+    handlers.WhenQuiet([&] { ++calls; });
+    QCOMPARE(calls, 1);
+    handlers.Run([] { throw RunTimeError(u"だめです。"_s); });
+    handlers.WhenQuiet([&] { ++calls; });
+    QCOMPARE(calls, 1);
+    boxes.Close();
+    QCOMPARE(calls, 2);
+}
+
+QTEST_GUILESS_MAIN(TstHandlers)
+#include "tst_handlers.moc"

@@ -1,0 +1,110 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include <QTest>
+
+#include "display/function_switch.h"
+#include "platform/virtual_time.h"
+#include "support/fake_text_line.h"
+
+using namespace tickwell;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class FakeMarks : public FunctionMarks {
+public:
+    void CheckFunction(qint32 number) override { checked = number; }
+    void EnableOperation(bool enabled) override { operation = enabled; }
+
+    qint32 checked = -1;
+    bool operation = false;
+};
+
+struct Bench {
+    AppSettings settings;
+    VirtualTime time{QDateTime(QDate(1998, 11, 15), QTime(21, 5, 7)), 307'000};
+    FakeTextLine upper;
+    FakeTextLine lower;
+    FakeMarks marks;
+    ClockLines clockLines{settings, time, {upper, lower}};
+    UsageLines usageLines{settings, time, {upper, lower}};
+    std::unique_ptr<Timer> dz1 = time.Create(200, [] {});
+    std::unique_ptr<Timer> dz2 = time.Create(10000, [] {});
+    std::unique_ptr<Timer> win = time.Create(250, [] {});
+    FunctionSwitch functions{settings, {upper, lower}, marks, {*dz1, *dz2, *win}, clockLines, usageLines};
+
+    QString Running() const {
+        return QString(dz1->IsRunning() ? u"Dz_Timer1 "_s : QString()) +
+               (dz2->IsRunning() ? u"Dz_Timer2 "_s : QString()) +
+               (win->IsRunning() ? u"Win_Timer"_s : QString());
+    }
+};
+
+}  // namespace
+
+/// What changes with the display function.
+class TstFunctionSwitch : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void EachFunctionHasItsTextsTimersAndMarks_data();
+    void EachFunctionHasItsTextsTimersAndMarks();
+    void ANumberThatNamesNoFunctionStopsEverythingAndLeavesTheLines_data();
+    void ANumberThatNamesNoFunctionStopsEverythingAndLeavesTheLines();
+};
+
+void TstFunctionSwitch::EachFunctionHasItsTextsTimersAndMarks_data() {
+    QTest::addColumn<qint32>("number");
+    QTest::addColumn<QString>("upper");
+    QTest::addColumn<QString>("running");
+    QTest::addColumn<bool>("operation");
+    QTest::newRow("clock") << 0 << u"show 平成10年11月15日(日曜日)"_s << u"Dz_Timer1 Dz_Timer2 "_s << false;
+    QTest::newRow("usage") << 1 << u"show Windows使用時間"_s << u"Win_Timer"_s << false;
+    QTest::newRow("stopwatch") << 2 << u"show ストップウォッチ"_s << QString() << true;
+    QTest::newRow("timer") << 3 << u"show タイマー"_s << QString() << true;
+    QTest::newRow("battery") << 4 << u"show バッテリー残量"_s << QString() << false;
+    QTest::newRow("memory, whose item stays enabled though it has no window")
+        << 5 << u"show メモリー使用率"_s << QString() << true;
+}
+
+void TstFunctionSwitch::EachFunctionHasItsTextsTimersAndMarks() {
+    QFETCH(qint32, number);
+    QFETCH(QString, upper);
+    QFETCH(QString, running);
+    QFETCH(bool, operation);
+    Bench bench;
+    bench.functions.ChangeFunction(number == 0 ? 1 : 0);  // from another one, whose timers must stop
+    bench.upper.TakeRecord();
+    bench.lower.TakeRecord();
+    bench.functions.ChangeFunction(number);
+    QCOMPARE(bench.settings.function, number);
+    QCOMPARE(bench.upper.TakeRecord(), QStringList{upper});
+    QCOMPARE(bench.Running(), running);
+    QCOMPARE(bench.marks.checked, number);
+    QCOMPARE(bench.marks.operation, operation);
+}
+
+void TstFunctionSwitch::ANumberThatNamesNoFunctionStopsEverythingAndLeavesTheLines_data() {
+    QTest::addColumn<qint32>("number");
+    for (const qint32 number :
+         {7, 99, -1, std::numeric_limits<qint32>::min(), std::numeric_limits<qint32>::max()}) {
+        QTest::addRow("%d", number) << number;
+    }
+}
+
+void TstFunctionSwitch::ANumberThatNamesNoFunctionStopsEverythingAndLeavesTheLines() {
+    QFETCH(qint32, number);
+    Bench bench;
+    bench.functions.ChangeFunction(0);
+    bench.upper.TakeRecord();
+    bench.lower.TakeRecord();
+    bench.functions.ChangeFunction(number);
+    QCOMPARE(bench.settings.function, number);  // stored all the same
+    QVERIFY(bench.upper.TakeRecord().isEmpty());
+    QVERIFY(bench.lower.TakeRecord().isEmpty());
+    QCOMPARE(bench.Running(), QString());
+    QCOMPARE(bench.marks.checked, number);
+    QVERIFY(bench.marks.operation);
+}
+
+QTEST_GUILESS_MAIN(TstFunctionSwitch)
+#include "tst_function_switch.moc"

@@ -1,0 +1,106 @@
+#!/usr/bin/python3
+# SPDX-License-Identifier: GPL-3.0-or-later
+"""The house: who may include whom, how large a file may grow, and what stands at its head."""
+
+import re
+import unittest
+
+from project_files import ROOT, code_files, cpp_files, shown
+
+# A folder of src/ and the folders that it may include besides itself. Arrows point only downwards.
+ARROWS = {
+    "core": set(),
+    "platform": {"core", "media"},
+    "media": {"core"},
+    "days": {"core"},
+    "timing": {"core", "media"},
+    "display": {"core", "media", "days", "timing"},
+    "settings_ui": {"core", "media", "days", "timing", "display"},
+    "app": {"core", "platform", "media", "days", "timing", "display", "settings_ui"},
+}
+INCLUDE = re.compile(r'^\s*#\s*include\s*"([^"]+)"', re.MULTILINE)
+TOOLKIT_INCLUDE = re.compile(r"^\s*#\s*include\s*<(Q[A-Za-z0-9]+)>", re.MULTILINE)
+
+# Days and settings are computed without a screen: what core may take of the toolkit is its core library.
+NOT_IN_CORE = {"QWidget", "QPainter", "QColor", "QFont", "QImage", "QPixmap", "QAction", "QGuiApplication",
+               "QApplication", "QScreen", "QWindow", "QIcon", "QPalette"}
+
+LONGEST = {".cpp": 400, ".h": 160}
+
+
+class HouseRules(unittest.TestCase):
+    def test_includes_follow_the_arrows(self):
+        wrong = []
+        for path in cpp_files(("src",)):
+            room = path.relative_to(ROOT / "src").parts[0]
+            for included in INCLUDE.findall(path.read_text("utf-8")):
+                other = included.split("/")[0]
+                if other != room and other not in ARROWS.get(room, set()):
+                    wrong.append(f"{shown(path)} includes {included}")
+        self.assertEqual(wrong, [])
+
+    def test_every_room_is_known(self):
+        rooms = {path.name for path in (ROOT / "src").iterdir() if path.is_dir()}
+        self.assertLessEqual(rooms, set(ARROWS))
+
+    def test_the_arrows_make_no_circle(self):
+        def reach(room, seen):
+            for other in ARROWS[room]:
+                self.assertNotIn(other, seen, f"{other} reaches itself")
+                reach(other, seen | {other})
+
+        for room in ARROWS:
+            reach(room, {room})
+
+    def test_includes_name_files_that_exist_from_a_root(self):
+        roots = [ROOT / "src", ROOT / "tests", ROOT / "tools", ROOT / "bench"]
+        wrong = [f"{shown(path)} includes {included}"
+                 for path in cpp_files() for included in INCLUDE.findall(path.read_text("utf-8"))
+                 if not included.endswith(".moc") and not any((root / included).exists() for root in roots)]
+        self.assertEqual(wrong, [])
+
+    def test_core_takes_nothing_of_windows(self):
+        wrong = [f"{shown(path)} includes {name}"
+                 for path in cpp_files(("src/core",)) for name in TOOLKIT_INCLUDE.findall(path.read_text("utf-8"))
+                 if name in NOT_IN_CORE]
+        self.assertEqual(wrong, [])
+
+    def test_only_the_platform_reads_clocks(self):
+        clock = re.compile(r"currentDateTime|QDate::currentDate|QTime::currentTime|clock_gettime|QElapsedTimer|QTimer\b")
+        wrong = [shown(path) for path in cpp_files(("src",))
+                 if not shown(path).startswith("src/platform/") and clock.search(path.read_text("utf-8"))]
+        self.assertEqual(wrong, [])
+
+    def test_every_file_names_its_licence(self):
+        files = code_files(".cpp", ".h", ".py", ".cmake", ".sql") + code_files(".txt", folders=("src", "tests", "tools"))
+        wrong = []
+        for path in files:
+            if path.suffix == ".txt" and path.name != "CMakeLists.txt":
+                continue
+            head = "".join(path.read_text("utf-8").splitlines(keepends=True)[:2])
+            if "SPDX-License-Identifier: GPL-3.0-or-later" not in head:
+                wrong.append(shown(path))
+        self.assertEqual(wrong, [])
+
+    def test_no_file_grows_past_its_end(self):
+        wrong = []
+        for path in cpp_files(("src", "tools", "bench")):
+            lines = len(path.read_text("utf-8").splitlines())
+            if lines > LONGEST[path.suffix]:
+                wrong.append(f"{shown(path)}: {lines} lines")
+        self.assertEqual(wrong, [])
+
+    def test_q_object_stands_on_a_line_of_its_own(self):
+        wrong = [shown(path) for path in cpp_files()
+                 for line in path.read_text("utf-8").splitlines()
+                 if re.search(r"\bQ_OBJECT\b", line) and line.strip() != "Q_OBJECT"]
+        self.assertEqual(wrong, [])
+
+    def test_no_test_waits_for_the_clock(self):
+        sleeping = re.compile(r"qSleep|qWait\(|sleep_for|usleep\(")
+        wrong = [shown(path) for path in cpp_files(("tests",)) if sleeping.search(path.read_text("utf-8"))]
+        self.assertEqual(wrong, [])
+
+
+if __name__ == "__main__":
+    unittest.main()

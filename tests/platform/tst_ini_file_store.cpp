@@ -1,0 +1,273 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include <grp.h>
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <QDir>
+#include <QFile>
+#include <QRandomGenerator>
+#include <QTemporaryDir>
+#include <QTest>
+#include <csignal>
+#include <functional>
+
+#include "core/settings_io.h"
+#include "platform/ini_file_store.h"
+
+using namespace tickwell;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QByteArray ReadAll(const QString& path) {
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+void WriteAll(const QString& path, const QByteArray& bytes) {
+    QFile file(path);
+    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size()) {
+        qFatal("cannot write %s", qPrintable(path));
+    }
+}
+
+/// Runs `body` in a child process and gives its exit code; what it does to its own limits and rights ends
+/// with it.
+int InChild(const std::function<int()>& body) {
+    const pid_t child = fork();
+    if (child == 0) {
+        _exit(body());
+    }
+    int status = 0;
+    return waitpid(child, &status, 0) == child && WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+}
+
+/// 0 when saving gave an error, as it should where the disk or the rights refuse it.
+int SaveFails(const QString& path) {
+    try {
+        IniFileStore store(path);
+        AppSettings settings;
+        LoadSettings(store, settings);
+        SaveSettings(store, settings, {2505, 0, 0});
+        return 1;
+    } catch (const RunTimeError&) {
+        return 0;
+    }
+}
+
+/// Settings as a user's file holds them, with much that the program does not know.
+QByteArray UsersFile() {
+    return "# my file\n[SetUp]\nOp_Speed=30\nA_Font=ＭＳ Ｐゴシック\nFuture=1\n\n[Wape]\nTime=12\n[Notes]\nx=y\nno key\n"_ba;
+}
+
+}  // namespace
+
+/// The settings file on a real disk.
+class TstIniFileStore : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void AnAbsentFileIsEmptyAndStaysAbsent();
+    void ASaveMakesFolderAndFile();
+    void UnknownSectionsKeysAndCommentsSurviveASave();
+    void WhatAnotherProgramWroteMeanwhileSurvives();
+    void AFileCutAtEveryByteLoadsOrIsRefused();
+    void AFileOfRandomBytesLoadsOrIsRefused();
+    void TextThatIsNoUtf8IsNamedAndNotOverwritten();
+    void AFullDiskKeepsTheOldFile();
+    void AReadOnlyFolderKeepsTheOldFile();
+    void AnUnreadableFileIsAnError();
+    void AFolderInPlaceOfTheFileIsAnError();
+    void ALinkedFileStaysALink();
+    void TheUsersPathFollowsXdg();
+};
+
+void TstIniFileStore::AnAbsentFileIsEmptyAndStaysAbsent() {
+    const QTemporaryDir dir;
+    const QString path = dir.filePath(u"TKW2/TKW2.ini"_s);
+    const IniFileStore store(path);
+    QCOMPARE(store.Get(u"SetUp"_s, u"Op_Speed"_s), std::nullopt);
+    QVERIFY(!QFile::exists(dir.filePath(u"TKW2"_s)));
+}
+
+void TstIniFileStore::ASaveMakesFolderAndFile() {
+    const QTemporaryDir dir;
+    const QString path = dir.filePath(u"a/b/TKW2.ini"_s);
+    IniFileStore store(path);
+    store.Set(u"SetUp"_s, u"A_Font"_s, u"ＭＳ Ｐゴシック"_s);
+    QVERIFY(!QFile::exists(path));
+    store.Commit();
+    QCOMPARE(ReadAll(path), u"[SetUp]\nA_Font=ＭＳ Ｐゴシック\n"_s.toUtf8());
+    QCOMPARE(store.Get(u"SetUp"_s, u"A_Font"_s), std::optional(u"ＭＳ Ｐゴシック"_s));
+    QCOMPARE(QDir(dir.filePath(u"a/b"_s)).entryList(QDir::Files), QStringList{u"TKW2.ini"_s});
+}
+
+void TstIniFileStore::UnknownSectionsKeysAndCommentsSurviveASave() {
+    const QTemporaryDir dir;
+    const QString path = dir.filePath(u"TKW2.ini"_s);
+    WriteAll(path, UsersFile());
+    IniFileStore store(path);
+    AppSettings settings;
+    LoadSettings(store, settings);
+    settings.wipeSpeed = 31;
+    SaveSettings(store, settings, {2505, 0, 0});
+    const QByteArray after = ReadAll(path);
+    QVERIFY(after.startsWith("# my file\n[SetUp]\nOp_Speed=31\n"));
+    for (const QByteArray& line : {"Future=1\n"_ba, "[Wape]\nTime=12\n"_ba, "[Notes]\nx=y\nno key\n"_ba}) {
+        QVERIFY2(after.contains(line), after.constData());
+    }
+}
+
+void TstIniFileStore::WhatAnotherProgramWroteMeanwhileSurvives() {
+    const QTemporaryDir dir;
+    const QString path = dir.filePath(u"TKW2.ini"_s);
+    WriteAll(path, UsersFile());
+    IniFileStore store(path);
+    WriteAll(path, UsersFile() + "[Roll]\nUse=True\n");
+    store.Set(u"SetUp"_s, u"Op_Speed"_s, u"1"_s);
+    store.Commit();
+    QVERIFY(ReadAll(path).endsWith("[Roll]\nUse=True\n"));
+    QVERIFY(ReadAll(path).contains("Op_Speed=1\n"));
+}
+
+void TstIniFileStore::AFileCutAtEveryByteLoadsOrIsRefused() {
+    const QTemporaryDir dir;
+    const QString path = dir.filePath(u"TKW2.ini"_s);
+    IniFileStore whole(path);
+    AppSettings settings;
+    LoadSettings(whole, settings);
+    SaveSettings(whole, settings, {2505, 0, 0});
+    const QByteArray bytes = ReadAll(path);
+    QVERIFY(bytes.size() > 300);
+    int loaded = 0;
+    for (qsizetype size = 0; size <= bytes.size(); ++size) {
+        WriteAll(path, bytes.first(size));
+        try {
+            IniFileStore store(path);
+            WindowGeometry geometry;
+            LoadSettings(store, settings);
+            LoadWindowGeometry(store, settings, geometry);
+            ++loaded;
+        } catch (const SettingsError&) {
+            // for instance "Op_Speed=" with its number cut off
+        }
+        QCOMPARE(ReadAll(path), bytes.first(size));
+    }
+    QVERIFY(loaded > bytes.size() / 2);
+}
+
+void TstIniFileStore::AFileOfRandomBytesLoadsOrIsRefused() {
+    const QTemporaryDir dir;
+    const QString path = dir.filePath(u"TKW2.ini"_s);
+    QRandomGenerator random(7);
+    for (int round = 0; round < 500; ++round) {
+        QByteArray bytes = "[SetUp]\nOp_Speed=30\nA_Font=x\nA_Size=10\n";
+        for (int i = 0; i < round % 20; ++i) {
+            bytes[random.bounded(bytes.size())] = static_cast<char>(random.bounded(256));
+        }
+        WriteAll(path, bytes);
+        try {
+            IniFileStore store(path);
+            AppSettings settings;
+            LoadSettings(store, settings);
+            SaveSettings(store, settings, {2505, 0, 0});
+            AppSettings again;
+            LoadSettings(IniFileStore(path), again);
+            QCOMPARE(again, settings);
+        } catch (const SettingsError&) {
+            QCOMPARE(ReadAll(path), bytes);
+        }
+    }
+}
+
+void TstIniFileStore::TextThatIsNoUtf8IsNamedAndNotOverwritten() {
+    const QTemporaryDir dir;
+    const QString path = dir.filePath(u"TKW2.ini"_s);
+    const QByteArray shiftJis = "[SetUp]\nClock_File=\x94\xb5\x8e\x9e\x8cv\n";
+    WriteAll(path, shiftJis);
+    const IniFileStore store(path);
+    AppSettings settings;
+    QVERIFY_THROWS_EXCEPTION(SettingsError, LoadSettings(store, settings));
+    QCOMPARE(ReadAll(path), shiftJis);
+}
+
+void TstIniFileStore::AFullDiskKeepsTheOldFile() {
+    const QTemporaryDir dir;
+    const QString path = dir.filePath(u"TKW2.ini"_s);
+    WriteAll(path, UsersFile());
+    QCOMPARE(InChild([&] {
+                 std::signal(SIGXFSZ, SIG_IGN);  // the write then fails as on a full disk
+                 const rlimit limit{40, 40};
+                 return setrlimit(RLIMIT_FSIZE, &limit) == 0 ? SaveFails(path) : 2;
+             }),
+             0);
+    QCOMPARE(ReadAll(path), UsersFile());
+    QCOMPARE(QDir(dir.path()).entryList(QDir::Files | QDir::Hidden), QStringList{u"TKW2.ini"_s});
+}
+
+void TstIniFileStore::AReadOnlyFolderKeepsTheOldFile() {
+    const QTemporaryDir dir;
+    const QString path = dir.filePath(u"TKW2.ini"_s);
+    WriteAll(path, UsersFile());
+    QVERIFY(QFile::setPermissions(path, QFile::ReadOwner | QFile::ReadGroup | QFile::ReadOther));
+    QVERIFY(QFile::setPermissions(dir.path(),
+                                  QFile::ReadOwner | QFile::ExeOwner | QFile::ReadOther | QFile::ExeOther));
+    const int result = InChild([&] {
+        if (geteuid() == 0 && (setgroups(0, nullptr) != 0 || setgid(65534) != 0 ||
+                               setuid(65534) != 0)) {  // root is refused nothing
+            return 2;
+        }
+        return SaveFails(path);
+    });
+    QVERIFY(QFile::setPermissions(dir.path(), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner));
+    QCOMPARE(result, 0);
+    QCOMPARE(ReadAll(path), UsersFile());
+}
+
+void TstIniFileStore::AnUnreadableFileIsAnError() {
+    const QTemporaryDir dir;
+    const QString path = dir.filePath(u"TKW2.ini"_s);
+    WriteAll(path, UsersFile());
+    QVERIFY(QFile::setPermissions(dir.path(),
+                                  QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner | QFile::ExeOther));
+    QVERIFY(QFile::setPermissions(path, QFile::WriteOwner));
+    QCOMPARE(
+        InChild([&] {
+            if (geteuid() == 0 && (setgroups(0, nullptr) != 0 || setgid(65534) != 0 || setuid(65534) != 0)) {
+                return 2;
+            }
+            try {
+                const IniFileStore store(path);
+                return 1;
+            } catch (const RunTimeError& error) {
+                return error.Reason().contains(path) ? 0 : 3;
+            }
+        }),
+        0);
+}
+
+void TstIniFileStore::AFolderInPlaceOfTheFileIsAnError() {
+    const QTemporaryDir dir;
+    QVERIFY(QDir(dir.path()).mkdir(u"TKW2.ini"_s));
+    QVERIFY_THROWS_EXCEPTION(RunTimeError, IniFileStore(dir.filePath(u"TKW2.ini"_s)));
+}
+
+void TstIniFileStore::ALinkedFileStaysALink() {
+    const QTemporaryDir dir;
+    WriteAll(dir.filePath(u"real.ini"_s), UsersFile());
+    QVERIFY(QFile::link(dir.filePath(u"real.ini"_s), dir.filePath(u"TKW2.ini"_s)));
+    IniFileStore store(dir.filePath(u"TKW2.ini"_s));
+    store.Set(u"SetUp"_s, u"Op_Speed"_s, u"2"_s);
+    store.Commit();
+    QVERIFY(QFileInfo(dir.filePath(u"TKW2.ini"_s)).isSymLink());
+    QVERIFY(ReadAll(dir.filePath(u"real.ini"_s)).contains("Op_Speed=2\n"));
+}
+
+void TstIniFileStore::TheUsersPathFollowsXdg() {
+    qputenv("XDG_CONFIG_HOME", "/somewhere/else");
+    QCOMPARE(IniFileStore::UserPath(), u"/somewhere/else/TKW2/TKW2.ini"_s);
+}
+
+QTEST_GUILESS_MAIN(TstIniFileStore)
+#include "tst_ini_file_store.moc"

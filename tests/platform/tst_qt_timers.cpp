@@ -1,0 +1,76 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include <QSignalSpy>
+#include <QTest>
+
+#include "platform/qt_timers.h"
+
+using namespace tickwell;
+
+/// Timers of the event loop. Nothing here is measured by the clock; only order and rest are.
+class TstQtTimers : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void ATimerRestsUntilItIsStarted();
+    void AnIntervalOfZeroIsNotABusyLoop();
+    void ANegativeIntervalTicks();
+    void ATimerIsNotDeliveredInsideItsOwnTick();
+};
+
+void TstQtTimers::ATimerRestsUntilItIsStarted() {
+    QtTimers timers;
+    int ticks = 0;
+    const auto timer = timers.Create(1, [&] { ++ticks; });
+    QVERIFY(!timer->IsRunning());
+    timer->SetInterval(2);
+    QVERIFY(!timer->IsRunning());
+    timer->Start();
+    QVERIFY(timer->IsRunning());
+    QTRY_VERIFY(ticks >= 3);
+    timer->Stop();
+    QVERIFY(!timer->IsRunning());
+    const int atStop = ticks;
+    QCoreApplication::processEvents();
+    QCOMPARE(ticks, atStop);
+}
+
+void TstQtTimers::AnIntervalOfZeroIsNotABusyLoop() {
+    QtTimers timers;
+    int ticks = 0;
+    const auto timer = timers.Create(0, [&] { ++ticks; });
+    timer->Start();
+    // A timer of 0 ms would tick in every turn of the loop.
+    int turns = 0;
+    while (ticks < 3) {
+        QCoreApplication::processEvents();
+        ++turns;
+    }
+    QVERIFY(turns > 3);
+}
+
+void TstQtTimers::ANegativeIntervalTicks() {
+    QtTimers timers;
+    int ticks = 0;
+    const auto timer = timers.Create(-5, [&] { ++ticks; });
+    timer->Start();
+    QTRY_VERIFY(ticks > 0);
+}
+
+void TstQtTimers::ATimerIsNotDeliveredInsideItsOwnTick() {
+    QtTimers timers;
+    int depth = 0;
+    int deepest = 0;
+    int ticks = 0;
+    const auto timer = timers.Create(1, [&] {
+        deepest = std::max(deepest, ++depth);
+        QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
+        --depth;
+        ++ticks;
+    });
+    timer->Start();
+    QTRY_VERIFY(ticks >= 3);
+    QCOMPARE(deepest, 1);
+}
+
+QTEST_GUILESS_MAIN(TstQtTimers)
+#include "tst_qt_timers.moc"

@@ -1,0 +1,159 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include <QTest>
+
+#include "platform/virtual_time.h"
+
+using namespace tickwell;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QDateTime Start() {
+    return QDateTime(QDate(1998, 10, 3), QTime(23, 59, 57));
+}
+
+}  // namespace
+
+/// Time turned by hand.
+class TstVirtualTime : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void WallAndTickMoveTogether();
+    void TimersTickInTheOrderOfTheirDue();
+    void EachTickSeesItsOwnTime();
+    void ANewIntervalStartsAnew();
+    void AStoppedTimerIsSilent();
+    void ATimerMayStopOrDestroyItselfInItsTick();
+    void ATimerDestroyedElsewhereIsForgotten();
+    void IntervalsBelowOneCountAsOne();
+    void StepJumpsToTheNextDue();
+    void TheWallAloneCanBeSet();
+    void TheTickTurnsOverAt31Bits();
+};
+
+void TstVirtualTime::WallAndTickMoveTogether() {
+    VirtualTime time(Start(), 5000);
+    time.Advance(4000);
+    QCOMPARE(time.Now(), QDateTime(QDate(1998, 10, 4), QTime(0, 0, 1)));
+    QCOMPARE(time.Tick(), 9000);
+}
+
+void TstVirtualTime::TimersTickInTheOrderOfTheirDue() {
+    VirtualTime time(Start());
+    QString order;
+    const auto slow = time.Create(300, [&] { order += u's'; });
+    const auto quick = time.Create(200, [&] { order += u'q'; });
+    slow->Start();
+    quick->Start();
+    time.Advance(700);
+    QCOMPARE(order, u"qsqsq"_s);  // 200, 300, 400, then both at 600: the one started first, first
+}
+
+void TstVirtualTime::EachTickSeesItsOwnTime() {
+    VirtualTime time(Start());
+    QList<qint32> ticks;
+    const auto timer = time.Create(250, [&] { ticks.append(time.Tick()); });
+    timer->Start();
+    time.Advance(1000);
+    QCOMPARE(ticks, (QList<qint32>{250, 500, 750, 1000}));
+}
+
+void TstVirtualTime::ANewIntervalStartsAnew() {
+    VirtualTime time(Start());
+    QList<qint32> ticks;
+    std::unique_ptr<Timer> timer;
+    timer = time.Create(3000, [&] {
+        ticks.append(time.Tick());
+        timer->SetInterval(8000);
+    });
+    timer->Start();
+    time.Advance(20000);
+    QCOMPARE(ticks, (QList<qint32>{3000, 11000, 19000}));
+}
+
+void TstVirtualTime::AStoppedTimerIsSilent() {
+    VirtualTime time(Start());
+    int ticks = 0;
+    const auto timer = time.Create(10, [&] { ++ticks; });
+    time.Advance(100);
+    QCOMPARE(ticks, 0);
+    timer->Start();
+    QVERIFY(timer->IsRunning());
+    timer->Stop();
+    QVERIFY(!timer->IsRunning());
+    time.Advance(100);
+    QCOMPARE(ticks, 0);
+    QCOMPARE(time.UntilNext(), std::nullopt);
+}
+
+void TstVirtualTime::ATimerMayStopOrDestroyItselfInItsTick() {
+    VirtualTime time(Start());
+    int ticks = 0;
+    std::unique_ptr<Timer> once;
+    once = time.Create(10, [&] {
+        ++ticks;
+        once->Stop();
+    });
+    std::unique_ptr<Timer> gone;
+    gone = time.Create(20, [&] {
+        ++ticks;
+        gone.reset();
+    });
+    once->Start();
+    gone->Start();
+    time.Advance(1000);
+    QCOMPARE(ticks, 2);
+}
+
+void TstVirtualTime::ATimerDestroyedElsewhereIsForgotten() {
+    VirtualTime time(Start());
+    int ticks = 0;
+    auto other = time.Create(20, [&] { ++ticks; });
+    const auto timer = time.Create(10, [&] { other.reset(); });
+    other->Start();
+    timer->Start();
+    time.Advance(100);
+    QCOMPARE(ticks, 0);
+}
+
+void TstVirtualTime::IntervalsBelowOneCountAsOne() {
+    VirtualTime time(Start());
+    int ticks = 0;
+    const auto timer = time.Create(0, [&] { ++ticks; });
+    timer->Start();
+    time.Advance(5);
+    timer->SetInterval(-7);
+    time.Advance(5);
+    QCOMPARE(ticks, 10);
+}
+
+void TstVirtualTime::StepJumpsToTheNextDue() {
+    VirtualTime time(Start());
+    const auto timer = time.Create(200, [] {});
+    timer->Start();
+    QCOMPARE(time.UntilNext(), std::optional<qint64>(200));
+    QCOMPARE(time.Step(500), std::optional<qint64>(300));
+    QCOMPARE(time.Tick(), 200);
+    QCOMPARE(time.Step(100), std::nullopt);
+    QCOMPARE(time.Tick(), 300);
+}
+
+void TstVirtualTime::TheWallAloneCanBeSet() {
+    VirtualTime time(Start(), 77);
+    time.SetNow(QDateTime(QDate(2000, 1, 1), QTime(0, 0)));
+    QCOMPARE(time.Tick(), 77);
+    time.Advance(1000);
+    QCOMPARE(time.Now(), QDateTime(QDate(2000, 1, 1), QTime(0, 0, 1)));
+}
+
+void TstVirtualTime::TheTickTurnsOverAt31Bits() {
+    VirtualTime time(Start(), 2147483647);
+    time.Advance(1);
+    QCOMPARE(time.Tick(), std::numeric_limits<qint32>::min());
+    time.Advance(2147483648);
+    QCOMPARE(time.Tick(), 0);
+}
+
+QTEST_GUILESS_MAIN(TstVirtualTime)
+#include "tst_virtual_time.moc"

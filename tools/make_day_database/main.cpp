@@ -1,0 +1,63 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// make_day_database SCRIPT.sql FILE: writes a new day database from the statements in SCRIPT. An existing
+// FILE is replaced only when all of them went through.
+
+#include <sqlite3.h>
+
+#include <cstdio>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <memory>
+#include <string>
+
+namespace {
+
+struct Closer {
+    void operator()(sqlite3* handle) const { sqlite3_close(handle); }
+};
+
+bool ReadAll(const char* path, std::string& text) {
+    std::ifstream file(path, std::ios::binary);
+    text.assign(std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>());
+    return file.good() || (file.eof() && !text.empty());
+}
+
+/// Runs the script on a new file; true when every statement went through.
+bool Create(const std::string& path, const std::string& script) {
+    sqlite3* handle = nullptr;
+    const int opened =
+        sqlite3_open_v2(path.c_str(), &handle, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE, nullptr);
+    const std::unique_ptr<sqlite3, Closer> database(handle);
+    if (opened != SQLITE_OK || sqlite3_exec(handle, script.c_str(), nullptr, nullptr, nullptr) != SQLITE_OK) {
+        std::fprintf(stderr, "make_day_database: %s: %s\n", path.c_str(), sqlite3_errmsg(handle));
+        return false;
+    }
+    return true;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    if (argc != 3) {
+        std::fputs("usage: make_day_database SCRIPT.sql FILE\n", stderr);
+        return 2;
+    }
+    std::string script;
+    if (!ReadAll(argv[1], script)) {
+        std::fprintf(stderr, "make_day_database: cannot read %s\n", argv[1]);
+        return 1;
+    }
+    const std::string unfinished = std::string(argv[2]) + ".new";
+    std::error_code error;
+    std::filesystem::remove(unfinished, error);
+    if (error || !Create(unfinished, script)) {
+        return 1;
+    }
+    std::filesystem::rename(unfinished, argv[2], error);
+    if (error) {
+        std::fprintf(stderr, "make_day_database: %s: %s\n", argv[2], error.message().c_str());
+        return 1;
+    }
+    return 0;
+}
