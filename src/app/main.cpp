@@ -2,6 +2,7 @@
 #include <QApplication>
 #include <QLibraryInfo>
 #include <QTranslator>
+#include <csignal>
 #include <cstdio>
 
 #include "app/program.h"
@@ -33,6 +34,7 @@ int main(int argc, char** argv) {
     if (Answered(argc, argv)) {
         return 0;
     }
+    std::signal(SIGXFSZ, SIG_IGN);  // a limit on the size of files is an error of the write, not our end
     PreferX11();
     const QApplication application(argc, argv);
     QCoreApplication::setApplicationName(QStringLiteral("tickwell"));

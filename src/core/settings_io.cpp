@@ -25,7 +25,7 @@ struct SettingKey {
     QStringView section;
     QStringView key;
     QStringView defaultText;
-    Field (*field)(Stored&);
+    Field (*field)(Stored&) = nullptr;
 };
 
 constexpr QStringView kFontDefault = u"ＭＳ Ｐゴシック";

@@ -2,6 +2,7 @@
 #include "core/words.h"
 
 #include <array>
+#include <cstdlib>
 
 #include "core/integers.h"
 
@@ -59,9 +60,10 @@ QString KanjiNumber(qint32 n) {
 }
 
 QString BranchHour(int hour, int minute) {
-    const auto branch = static_cast<std::size_t>((hour + 1) / 2 % 12);  // a branch starts at the odd hour
-    const auto quarter = static_cast<std::size_t>((hour + 1) % 2 * 2 + minute / 30);
-    return kBranches.at(branch) + u"の" + kQuarters.at(quarter);
+    const std::div_t branch = std::div(hour + 1, 2);  // a branch starts at the odd hour
+    const int quarter = branch.rem * 2 + minute / 30;
+    return kBranches.at(static_cast<std::size_t>(branch.quot) % kBranches.size()) + u"の" +
+           kQuarters.at(static_cast<std::size_t>(quarter));
 }
 
 QString YearAnimal(int year) {

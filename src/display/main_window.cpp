@@ -97,6 +97,7 @@ void Form1::Form_Resize() {
 void Form1::setuptimer_Timer() {
     if (!m_fitted) {
         m_fitted = true;
+        m_geometry.Settle();
         Form_Resize();
         m_setuptimer->SetInterval(kStartDelay);
         return;
@@ -124,6 +125,7 @@ void Form1::Menu_Click(const MenuItem& item) {
 }
 
 void Form1::ComeForward() {
+    m_geometry.Settle();
     QList<QRect> screens;
     for (const QScreen* each : QGuiApplication::screens()) {
         screens.append(each->geometry());
@@ -148,6 +150,7 @@ void Form1::PopUpMenu(QPoint at) {
 
 void Form1::mousePressEvent(QMouseEvent* event) {
     if (event->button() == Qt::LeftButton) {
+        m_geometry.Settle();
         m_gesture.Press(event->globalPosition().toPoint(), geometry());
     }
 }
@@ -179,7 +182,10 @@ void Form1::keyPressEvent(QKeyEvent* event) {
 }
 
 void Form1::moveEvent(QMoveEvent* /*event*/) {
-    m_geometry.Moved(pos());
+    if (m_geometry.Moved(pos())) {
+        QMetaObject::invokeMethod(
+            this, [this] { move(m_geometry.Position()); }, Qt::QueuedConnection);
+    }
 }
 
 void Form1::resizeEvent(QResizeEvent* event) {

@@ -33,13 +33,18 @@ int GeometryKeeper::Width() const {
     return Guarded(PixelsOf(m_geometry.width), 1);
 }
 
-void GeometryKeeper::Moved(QPoint position) {
+bool GeometryKeeper::Moved(QPoint position) {
+    if (m_placings > 0 && position != Position()) {
+        --m_placings;
+        return true;
+    }
     if (position.x() != Position().x()) {
         m_geometry.left = position.x() * kTwipsPerPixel;
     }
     if (position.y() != Position().y()) {
         m_geometry.top = position.y() * kTwipsPerPixel;
     }
+    return false;
 }
 
 void GeometryKeeper::Resized(int width) {

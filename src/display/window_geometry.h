@@ -25,12 +25,17 @@ public:
     /// How wide, at least 1 pixel.
     int Width() const;
 
-    /// The window was found at this place, with this width.
-    void Moved(QPoint position);
+    /// The window was found at this place. While a window manager takes it in, places in between are reported
+    /// that may even stay wrong: true then asks for the window to be put again where it belongs.
+    bool Moved(QPoint position);
     void Resized(int width);
+
+    /// From now on every place is meant: the user has hold of the window, or its manager has had time enough.
+    void Settle() { m_placings = 0; }
 
 private:
     WindowGeometry m_geometry;
+    int m_placings = 5;  // how often it is put back: a manager that knows better must win in the end
 };
 
 /// How the two lines share the window.

@@ -14,6 +14,8 @@ private Q_SLOTS:
     void TwipsBecomePixels();
     void AWindowLeftAloneKeepsItsTwips();
     void AMovedWindowIsMeasuredAnew();
+    void APlaceInBetweenIsPutBackAndNotKept();
+    void AManagerThatKnowsBetterWinsInTheEnd();
     void AnOffscreenPlaceStaysOffscreen();
     void NumbersTheWindowSystemCannotHoldAreGuardedAndKept();
     void LinesShareTheWindow_data();
@@ -48,10 +50,31 @@ void TstWindowGeometry::AWindowLeftAloneKeepsItsTwips() {
 void TstWindowGeometry::AMovedWindowIsMeasuredAnew() {
     GeometryKeeper keeper;
     keeper.Set({2506, 7, 8});
-    keeper.Moved({20, keeper.Position().y()});
+    keeper.Settle();
+    QVERIFY(!keeper.Moved({20, keeper.Position().y()}));
     QCOMPARE(keeper.Geometry(), (WindowGeometry{2506, 7, 300}));
     keeper.Resized(200);
     QCOMPARE(keeper.Geometry(), (WindowGeometry{3000, 7, 300}));
+}
+
+void TstWindowGeometry::APlaceInBetweenIsPutBackAndNotKept() {
+    GeometryKeeper keeper;
+    keeper.Set({2505, 1500, 1500});
+    QVERIFY(!keeper.Moved({100, 100}));
+    QVERIFY(keeper.Moved({0, 0}));
+    QVERIFY(!keeper.Moved({100, 100}));
+    QCOMPARE(keeper.Geometry(), (WindowGeometry{2505, 1500, 1500}));
+}
+
+void TstWindowGeometry::AManagerThatKnowsBetterWinsInTheEnd() {
+    GeometryKeeper keeper;
+    keeper.Set({2505, 0, 0});
+    int putBack = 0;
+    while (keeper.Moved({0, 25})) {  // below a panel
+        ++putBack;
+    }
+    QCOMPARE(putBack, 5);
+    QCOMPARE(keeper.Geometry(), (WindowGeometry{2505, 375, 0}));
 }
 
 void TstWindowGeometry::AnOffscreenPlaceStaysOffscreen() {

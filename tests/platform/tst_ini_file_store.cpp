@@ -1,47 +1,20 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include <grp.h>
 #include <sys/resource.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
-#include <QDir>
-#include <QFile>
 #include <QRandomGenerator>
 #include <QTemporaryDir>
 #include <QTest>
 #include <csignal>
-#include <functional>
 
 #include "core/settings_io.h"
 #include "platform/ini_file_store.h"
+#include "support/files.h"
+#include "support/other_user.h"
 
 using namespace tickwell;
 using namespace Qt::StringLiterals;
 
 namespace {
-
-QByteArray ReadAll(const QString& path) {
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-void WriteAll(const QString& path, const QByteArray& bytes) {
-    QFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size()) {
-        qFatal("cannot write %s", qPrintable(path));
-    }
-}
-
-/// Runs `body` in a child process and gives its exit code; what it does to its own limits and rights ends
-/// with it.
-int InChild(const std::function<int()>& body) {
-    const pid_t child = fork();
-    if (child == 0) {
-        _exit(body());
-    }
-    int status = 0;
-    return waitpid(child, &status, 0) == child && WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-}
 
 /// 0 when saving gave an error, as it should where the disk or the rights refuse it.
 int SaveFails(const QString& path) {
@@ -232,19 +205,18 @@ void TstIniFileStore::AnUnreadableFileIsAnError() {
     QVERIFY(QFile::setPermissions(dir.path(),
                                   QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner | QFile::ExeOther));
     QVERIFY(QFile::setPermissions(path, QFile::WriteOwner));
-    QCOMPARE(
-        InChild([&] {
-            if (geteuid() == 0 && (setgroups(0, nullptr) != 0 || setgid(65534) != 0 || setuid(65534) != 0)) {
-                return 2;
-            }
-            try {
-                const IniFileStore store(path);
-                return 1;
-            } catch (const RunTimeError& error) {
-                return error.Reason().contains(path) ? 0 : 3;
-            }
-        }),
-        0);
+    QCOMPARE(InChild([&] {
+                 if (!BecomeNobody()) {
+                     return 2;
+                 }
+                 try {
+                     const IniFileStore store(path);
+                     return 1;
+                 } catch (const RunTimeError& error) {
+                     return error.Reason().contains(path) ? 0 : 3;
+                 }
+             }),
+             0);
 }
 
 void TstIniFileStore::AFolderInPlaceOfTheFileIsAnError() {

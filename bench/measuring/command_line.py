@@ -1,0 +1,94 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
+"""Options that the scripts have in common, and how they end."""
+
+import argparse
+import os
+import signal
+import sys
+from pathlib import Path
+
+from .desktop import DesktopOptions
+from .errors import MeasuringError
+from .repetition import Plan
+
+BUILD_FOLDER = Path(__file__).resolve().parents[2] / "build" / "dev"
+
+
+def add_plan_options(parser):
+    """Adds the options that plan_from() reads."""
+    defaults = Plan(xwatch=BUILD_FOLDER / "bench" / "xwatch")
+    parser.add_argument("--settle", type=seconds, default=defaults.settle, metavar="SECONDS",
+                        help="from the start to the reading of memory and the window (default: %(default)g)")
+    parser.add_argument("--window", type=positive_seconds, default=defaults.window, metavar="SECONDS",
+                        help="over which CPU time and switches are counted (default: %(default)g)")
+    parser.add_argument("--repaints", type=seconds, default=defaults.repaints, metavar="SECONDS",
+                        help="over which repaints are counted afterwards; 0: never (default: %(default)g)")
+    parser.add_argument("--start-timeout", type=positive_seconds, default=defaults.start_timeout,
+                        metavar="SECONDS",
+                        help="how long to wait for the first painted window (default: %(default)g)")
+    parser.add_argument("--language", default=defaults.desktop.language, help="LANG (default: %(default)s)")
+    parser.add_argument("--zone", default=defaults.desktop.zone, help="TZ (default: %(default)s)")
+    parser.add_argument("--keep", action="store_true", help="leave the temporary homes behind")
+    parser.add_argument("--xwatch", type=program, default=str(defaults.xwatch), metavar="FILE",
+                        help="the xwatch program (default: that of the dev build)")
+
+
+def plan_from(options, **others):
+    """The plan that the options ask for. `others` go to it; `environment`, `home_template` to its desktop."""
+    desktop = DesktopOptions(language=options.language, zone=options.zone, keep=options.keep,
+                             environment=others.pop("environment", {}),
+                             home_template=others.pop("home_template", None))
+    return Plan(xwatch=options.xwatch, settle=options.settle, window=options.window,
+                repaints=options.repaints, start_timeout=options.start_timeout, desktop=desktop, **others)
+
+
+def run_script(measure):
+    """Runs `measure` and returns the exit code: 0 when there are figures, whatever they are."""
+    # An ordinary end, so that the private desktops are taken down.
+    signal.signal(signal.SIGTERM, lambda *_: sys.exit(128 + signal.SIGTERM))
+    try:
+        measure()
+    except MeasuringError as error:
+        print(f"{Path(sys.argv[0]).name}: {error}", file=sys.stderr)
+        return 1
+    except KeyboardInterrupt:
+        return 128 + signal.SIGINT
+    return 0
+
+
+def report_progress(text):
+    """One line for the person who waits; the figures alone go to standard output."""
+    print(text, file=sys.stderr, flush=True)
+
+
+def program(text):
+    """The absolute path of a program that can be run."""
+    path = Path(text).resolve()
+    if not (path.is_file() and os.access(path, os.X_OK)):
+        raise argparse.ArgumentTypeError(
+            f"no program at {path}; build it: cmake --preset dev && cmake --build --preset dev")
+    return path
+
+
+def seconds(text):
+    """A number of seconds, not negative."""
+    value = float(text)
+    if not 0 <= value < float("inf"):
+        raise argparse.ArgumentTypeError(f"{text} is not a number of seconds")
+    return value
+
+
+def positive_seconds(text):
+    """A number of seconds above 0."""
+    value = seconds(text)
+    if value == 0:
+        raise argparse.ArgumentTypeError("it must be longer than 0 seconds")
+    return value
+
+
+def count(text):
+    """A number of times, not negative."""
+    value = int(text)
+    if value < 0:
+        raise argparse.ArgumentTypeError(f"{text} is below 0")
+    return value

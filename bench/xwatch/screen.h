@@ -1,0 +1,70 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <X11/Xlib.h>
+#include <X11/Xutil.h>
+
+#include <chrono>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace tickwell {
+
+using MonotonicClock = std::chrono::steady_clock;  // CLOCK_MONOTONIC here
+using TimePoint = MonotonicClock::time_point;
+
+struct Geometry {
+    int x = 0;
+    int y = 0;
+    unsigned width = 0;
+    unsigned height = 0;
+};
+
+struct DisplayCloser {
+    void operator()(Display* display) const { XCloseDisplay(display); }
+};
+struct ImageDestroyer {
+    void operator()(XImage* image) const { XDestroyImage(image); }
+};
+using Picture = std::unique_ptr<XImage, ImageDestroyer>;
+
+/// The connection to an X display, and what can be seen there from outside. A window may vanish at any
+/// moment: one that is gone answers "nothing". One Screen per process, as Xlib has one error handler.
+class Screen {
+public:
+    /// `display`: open; taken over.
+    explicit Screen(Display* display);
+
+    Display* Handle() const { return m_display.get(); }
+    Window Root() const { return m_root; }
+
+    /// The next event that has already come; nothing when none is waiting.
+    std::optional<XEvent> NextEvent();
+
+    /// Sleeps until something comes from the server, until `end`, or a tenth of a second, whichever is first.
+    void WaitForEvents(TimePoint end) const;
+
+    std::optional<Geometry> GeometryOf(Window window) const;
+
+    /// The program's own window at or below the window manager's frame `window`: the one that bears WM_STATE.
+    /// `window` itself when none does, as with windows that no manager looks after.
+    Window ClientOf(Window window) const;
+
+    /// The part of `window` that lies on the screen, as it is seen there; null when it is not to be seen.
+    Picture PictureOf(Window window) const;
+
+    /// The class of WM_CLASS, "-" where the window has none.
+    std::string ClassOf(Window window) const;
+
+private:
+    bool HasState(Window window) const;
+    std::vector<Window> ChildrenOf(Window window) const;
+
+    std::unique_ptr<Display, DisplayCloser> m_display;
+    Window m_root;
+    Atom m_state;
+};
+
+}  // namespace tickwell

@@ -1,0 +1,36 @@
+#!/usr/bin/python3
+# SPDX-License-Identifier: GPL-3.0-or-later
+"""TICKWELL_PROGRAM=… take_pictures.py: takes the pictures of the documents anew, from the running program."""
+
+import sys
+from pathlib import Path
+
+HERE = Path(__file__).resolve().parent
+sys.path.insert(0, str(HERE.parents[1] / "tests/end_to_end"))
+
+from driver.desktop import Session  # noqa: E402
+from driver.tickwell import start_tickwell, wait_lines  # noqa: E402
+from driver.virtual_time import VirtualTime  # noqa: E402
+
+TWICE = {"QT_SCALE_FACTOR": "2"}  # read on screens of any resolution
+
+
+def main():
+    with Session() as session, VirtualTime("2026-11-20T21:04:55") as time:
+        app = start_tickwell(session, virtual_time=time, environment=TWICE,
+                             settings={"SetUp": {"Win_Left": "300", "Win_Top": "300"}})
+        time.advance(11000)
+        time.advance(1200)
+        wait_lines(app, lower="午後9時05分07秒")
+        windows = session.windows
+        clock = windows.geometry(windows.wait(name="Tickwell"))  # in real pixels
+        session.screenshot(HERE / "clock.png", tuple(clock))
+        session.hand.click((clock.x + 40, clock.y + 40))
+        app.wait(role="popup menu")
+        menu = windows.geometry(windows.find(pid=app.program.pid))
+        session.screenshot(HERE / "menu.png", (clock.x, clock.y, max(clock.width, menu.x + menu.width - clock.x),
+                                               menu.y + menu.height - clock.y))
+
+
+if __name__ == "__main__":
+    main()

@@ -1,0 +1,74 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include <QTest>
+
+#include "app/options.h"
+
+using namespace tickwell;
+using namespace Qt::StringLiterals;
+
+/// The command line.
+class TstOptions : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void NothingIsFine();
+    void TheFolderIsTaken();
+    void HelpAndVersionAreAnswered();
+    void MistakesAreNamed_data();
+    void MistakesAreNamed();
+    void VirtualTimeIsTaken();
+};
+
+void TstOptions::NothingIsFine() {
+    const Options options = OptionsOf({u"tickwell"_s});
+    QCOMPARE(options.folder, QString());
+    QCOMPARE(options.answer, QString());
+    QCOMPARE(options.error, QString());
+    QVERIFY(!options.virtualTime);
+}
+
+void TstOptions::TheFolderIsTaken() {
+    QCOMPARE(OptionsOf({u"tickwell"_s, u"--folder"_s, u"/a b/c"_s}).folder, u"/a b/c"_s);
+    QCOMPARE(OptionsOf({u"tickwell"_s, u"--folder=rel"_s}).folder, u"rel"_s);
+}
+
+void TstOptions::HelpAndVersionAreAnswered() {
+    QCOMPARE(OptionsOf({u"tickwell"_s, u"--version"_s}).answer, u"Tickwell 2.0.0\n"_s);
+    const QString help = OptionsOf({u"tickwell"_s, u"--help"_s}).answer;
+    QVERIFY(help.contains(u"--folder <dir>"_s));
+    QVERIFY(!help.contains(u"virtual"_s));  // for developers alone
+}
+
+void TstOptions::MistakesAreNamed_data() {
+    QTest::addColumn<QStringList>("arguments");
+    QTest::addColumn<QString>("named");
+    QTest::newRow("unknown option") << QStringList{u"--loud"_s} << u"loud"_s;
+    QTest::newRow("a word") << QStringList{u"now"_s} << u"now"_s;
+    QTest::newRow("folder without a name") << QStringList{u"--folder"_s} << u"folder"_s;
+    QTest::newRow("virtual time without its parts")
+        << QStringList{u"--virtual-time=3"_s} << u"--virtual-time"_s;
+    QTest::newRow("virtual time on standard output")
+        << QStringList{u"--virtual-time=0,1,1998-10-03T00:00:00,0"_s} << u"--virtual-time"_s;
+    QTest::newRow("virtual time without a time")
+        << QStringList{u"--virtual-time=3,4,now,0"_s} << u"--virtual-time"_s;
+}
+
+void TstOptions::MistakesAreNamed() {
+    QFETCH(QStringList, arguments);
+    QFETCH(QString, named);
+    const Options options = OptionsOf(QStringList{u"tickwell"_s} + arguments);
+    QVERIFY2(options.error.contains(named), qPrintable(options.error));
+}
+
+void TstOptions::VirtualTimeIsTaken() {
+    const auto option =
+        OptionsOf({u"tickwell"_s, u"--virtual-time=5,6,1998-10-03T23:59:57,-12"_s}).virtualTime;
+    QVERIFY(option.has_value());
+    QCOMPARE(option->readFrom, 5);
+    QCOMPARE(option->writeTo, 6);
+    QCOMPARE(option->wall, QDateTime(QDate(1998, 10, 3), QTime(23, 59, 57)));
+    QCOMPARE(option->tick, -12);
+}
+
+QTEST_GUILESS_MAIN(TstOptions)
+#include "tst_options.moc"

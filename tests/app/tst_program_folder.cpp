@@ -1,0 +1,185 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include <sys/resource.h>
+
+#include <QDateTime>
+#include <QTemporaryDir>
+#include <QTest>
+#include <csignal>
+
+#include "app/program_folder.h"
+#include "core/errors.h"
+#include "support/files.h"
+#include "support/other_user.h"
+
+using namespace tickwell;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Masters in a folder of their own, and a place for a program folder.
+struct Bench {
+    QTemporaryDir dir;
+    QString masters = dir.filePath(u"masters"_s);
+    QString folder = dir.filePath(u"data/tickwell"_s);
+
+    Bench() {
+        QDir(dir.path()).mkdir(u"masters"_s);
+        CopyFiles(QStringLiteral(TICKWELL_MASTERS), masters, RequiredFiles());
+    }
+
+    /// A newer edition of a master, as an upgrade brings it.
+    void Renew(const QString& name, const QByteArray& bytes) const { WriteAll(masters + u'/' + name, bytes); }
+    QByteArray Here(const QString& name) const { return ReadAll(folder + u'/' + name); }
+    QStringList Listing() const { return QDir(folder).entryList(QDir::Files); }
+};
+
+int Refused(const QString& folder, const QString& masters) {
+    try {
+        PrepareFolder(folder, masters);
+        return 1;
+    } catch (const RunTimeError&) {
+        return 0;
+    }
+}
+
+}  // namespace
+
+/// The folder in which the program lives.
+class TstProgramFolder : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void TheFolderIsChosenInOrder();
+    void APortableFolderMustBeWritable();
+    void MastersLieBesideTheBinaryOrInShare();
+    void ANewFolderIsFilled();
+    void HelpAndSoundsFollowNewerMasters();
+    void WhatTheUserChangedStays();
+    void TheDayDatabaseIsNeverRefreshed();
+    void AFileTheUserRemovedIsNotBroughtBack();
+    void TheMastersOwnFolderIsLeftAlone();
+    void AFullDiskLeavesNoHalfFilledFolder();
+    void APlaceThatTakesNoFolderIsAnError();
+    void AMissingMasterIsLeftForTheStartUpToName();
+};
+
+void TstProgramFolder::TheFolderIsChosenInOrder() {
+    const Bench bench;
+    const QString portable = bench.masters;
+    QCOMPARE(ChooseFolder({u"/named"_s, u"/environment"_s, portable, u"/data"_s}), u"/named"_s);
+    QCOMPARE(ChooseFolder({QString(), u"/environment"_s, portable, u"/data"_s}), u"/environment"_s);
+    QCOMPARE(ChooseFolder({QString(), QString(), portable, u"/data"_s}), portable);
+    QCOMPARE(ChooseFolder({QString(), QString(), bench.dir.path(), u"/data"_s}), u"/data/tickwell"_s);
+    QCOMPARE(ChooseFolder({u"named"_s, QString(), QString(), QString()}), QDir::currentPath() + u"/named"_s);
+}
+
+void TstProgramFolder::APortableFolderMustBeWritable() {
+    const Bench bench;
+    QVERIFY(QFile::setPermissions(bench.dir.path(), QFile::ReadOther | QFile::ExeOther | QFile::ReadOwner |
+                                                        QFile::WriteOwner | QFile::ExeOwner));
+    QVERIFY(QFile::setPermissions(bench.masters, QFile::ReadOther | QFile::ExeOther | QFile::ReadOwner |
+                                                     QFile::WriteOwner | QFile::ExeOwner));
+    QCOMPARE(InChild([&] {
+                 return BecomeNobody() && ChooseFolder({QString(), QString(), bench.masters, u"/data"_s}) ==
+                                              u"/data/tickwell"_s
+                            ? 0
+                            : 1;
+             }),
+             0);
+}
+
+void TstProgramFolder::MastersLieBesideTheBinaryOrInShare() {
+    const Bench bench;
+    QCOMPARE(MastersFolder(bench.masters), bench.masters);
+    const QString shared = bench.dir.filePath(u"usr/share/tickwell"_s);
+    QVERIFY(QDir().mkpath(shared) && QDir().mkpath(bench.dir.filePath(u"usr/bin"_s)));
+    QCOMPARE(MastersFolder(bench.dir.filePath(u"usr/bin"_s)), QString());
+    CopyFiles(bench.masters, shared, {u"DayDate.mdb"_s});
+    QCOMPARE(MastersFolder(bench.dir.filePath(u"usr/bin"_s)), shared);
+}
+
+void TstProgramFolder::ANewFolderIsFilled() {
+    const Bench bench;
+    PrepareFolder(bench.folder, bench.masters);
+    QCOMPARE(bench.Listing(), RequiredFiles());
+    for (const QString& name : RequiredFiles()) {
+        QCOMPARE(bench.Here(name), ReadAll(bench.masters + u'/' + name));
+        QVERIFY(!bench.Here(name).isEmpty());
+    }
+    QCOMPARE(QDir(bench.dir.filePath(u"data"_s)).entryList(QDir::AllEntries | QDir::NoDotAndDotDot),
+             QStringList{u"tickwell"_s});
+}
+
+void TstProgramFolder::HelpAndSoundsFollowNewerMasters() {
+    const Bench bench;
+    PrepareFolder(bench.folder, bench.masters);
+    bench.Renew(u"Help.hlp"_s, "new help"_ba);
+    bench.Renew(u"TKW03.wav"_s, "new sound"_ba);
+    PrepareFolder(bench.folder, bench.masters);
+    QCOMPARE(bench.Here(u"Help.hlp"_s), "new help"_ba);
+    QCOMPARE(bench.Here(u"TKW03.wav"_s), "new sound"_ba);
+    bench.Renew(u"Help.hlp"_s, "newer help still"_ba);
+    PrepareFolder(bench.folder, bench.masters);
+    QCOMPARE(bench.Here(u"Help.hlp"_s), "newer help still"_ba);
+}
+
+void TstProgramFolder::WhatTheUserChangedStays() {
+    const Bench bench;
+    PrepareFolder(bench.folder, bench.masters);
+    WriteAll(bench.folder + u"/TKW01.wav"_s, "my own cuckoo"_ba);
+    bench.Renew(u"TKW01.wav"_s, "new cuckoo"_ba);
+    PrepareFolder(bench.folder, bench.masters);
+    QCOMPARE(bench.Here(u"TKW01.wav"_s), "my own cuckoo"_ba);
+}
+
+void TstProgramFolder::TheDayDatabaseIsNeverRefreshed() {
+    const Bench bench;
+    PrepareFolder(bench.folder, bench.masters);
+    const QByteArray before = bench.Here(u"DayDate.mdb"_s);
+    bench.Renew(u"DayDate.mdb"_s, "another"_ba);
+    PrepareFolder(bench.folder, bench.masters);
+    QCOMPARE(bench.Here(u"DayDate.mdb"_s), before);
+}
+
+void TstProgramFolder::AFileTheUserRemovedIsNotBroughtBack() {
+    const Bench bench;
+    PrepareFolder(bench.folder, bench.masters);
+    QVERIFY(QFile::remove(bench.folder + u"/TKW05.wav"_s));
+    bench.Renew(u"TKW05.wav"_s, "new"_ba);
+    PrepareFolder(bench.folder, bench.masters);
+    QVERIFY(!QFile::exists(bench.folder + u"/TKW05.wav"_s));
+}
+
+void TstProgramFolder::TheMastersOwnFolderIsLeftAlone() {
+    const Bench bench;
+    PrepareFolder(bench.masters, bench.masters);
+    QCOMPARE(QDir(bench.masters).entryList(QDir::Files | QDir::Hidden), RequiredFiles());
+}
+
+void TstProgramFolder::AFullDiskLeavesNoHalfFilledFolder() {
+    const Bench bench;
+    QCOMPARE(InChild([&] {
+                 std::signal(SIGXFSZ, SIG_IGN);
+                 const rlimit limit{50'000, 50'000};  // the database fits, the sounds do not
+                 return setrlimit(RLIMIT_FSIZE, &limit) == 0 ? Refused(bench.folder, bench.masters) : 2;
+             }),
+             0);
+    QVERIFY(!QFile::exists(bench.folder));
+    QVERIFY(QDir(bench.dir.filePath(u"data"_s)).isEmpty());
+}
+
+void TstProgramFolder::APlaceThatTakesNoFolderIsAnError() {
+    const Bench bench;
+    WriteAll(bench.dir.filePath(u"data"_s), "a file where a folder should be"_ba);
+    QVERIFY_THROWS_EXCEPTION(RunTimeError, PrepareFolder(bench.folder, bench.masters));
+}
+
+void TstProgramFolder::AMissingMasterIsLeftForTheStartUpToName() {
+    const Bench bench;
+    QVERIFY(QFile::remove(bench.masters + u"/TKW05.wav"_s));
+    PrepareFolder(bench.folder, bench.masters);
+    QCOMPARE(bench.Listing(), RequiredFiles().first(7));
+}
+
+QTEST_GUILESS_MAIN(TstProgramFolder)
+#include "tst_program_folder.moc"

@@ -1,0 +1,168 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include <QTemporaryDir>
+#include <QTest>
+
+#include "app/program_folder.h"
+#include "app/startup.h"
+#include "core/errors.h"
+#include "support/fake_settings_store.h"
+#include "support/files.h"
+
+using namespace tickwell;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// A program folder with everything in it, and a store that can hold a bad value.
+struct Bench {
+    QTemporaryDir dir;
+    int opened = 0;  // how often the settings were asked for
+    QString badFunction;
+
+    Bench() { CopyFiles(QStringLiteral(TICKWELL_MASTERS), dir.path(), RequiredFiles()); }
+
+    Started Start() {
+        return StartUp(dir.path(), [this] {
+            ++opened;
+            auto store = std::make_unique<FakeSettingsStore>();
+            if (!badFunction.isEmpty()) {
+                store->Put(u"SetUp"_s, u"Function"_s, badFunction);
+            }
+            return store;
+        });
+    }
+
+    /// The reason why it did not start; empty when it did.
+    QString Reason() {
+        try {
+            Start();
+            return QString();
+        } catch (const RunTimeError& error) {
+            return error.Reason();
+        }
+    }
+    void Remove(const QString& name) const { QFile::remove(dir.filePath(name)); }
+};
+
+}  // namespace
+
+/// The start-up, step by step.
+class TstStartup : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void EverythingThereStarts();
+    void TheFolderBecomesTheCurrentOne();
+    void EachMissingFileIsNamed_data();
+    void EachMissingFileIsNamed();
+    void TheFirstMissingFileIsTheOneNamed();
+    void ExistenceAloneIsAskedFor();
+    void ABrokenLinkCountsAsMissing();
+    void ADatabaseOfAnotherKindIsRefused();
+    void FilesComeBeforeTheDatabaseAndTheDatabaseBeforeSettings();
+    void ABadSettingIsNamed();
+    void AMissingFolderIsNamed();
+    void TheBoxSaysWhatIsMissing();
+};
+
+void TstStartup::init() {
+    QVERIFY(QDir::setCurrent(u"/"_s));
+}
+
+void TstStartup::EverythingThereStarts() {
+    Bench bench;
+    const Started started = bench.Start();
+    QVERIFY(started.dayDatabase != nullptr);
+    QVERIFY(started.store != nullptr);
+    QCOMPARE(started.settings.wipeSpeed, 25);
+}
+
+void TstStartup::TheFolderBecomesTheCurrentOne() {
+    Bench bench;
+    bench.Start();
+    QCOMPARE(QDir::current().canonicalPath(), QDir(bench.dir.path()).canonicalPath());
+}
+
+void TstStartup::EachMissingFileIsNamed_data() {
+    QTest::addColumn<QString>("name");
+    for (const QString& name : RequiredFiles()) {
+        QTest::newRow(qPrintable(name)) << name;
+    }
+}
+
+void TstStartup::EachMissingFileIsNamed() {
+    QFETCH(QString, name);
+    Bench bench;
+    bench.Remove(name);
+    QCOMPARE(bench.Reason(), name);
+    QCOMPARE(bench.opened, 0);
+}
+
+void TstStartup::TheFirstMissingFileIsTheOneNamed() {
+    Bench bench;
+    for (const QString& name : RequiredFiles()) {
+        bench.Remove(name);
+    }
+    for (const QString& name : RequiredFiles()) {
+        QCOMPARE(bench.Reason(), name);
+        WriteAll(bench.dir.filePath(name), "x"_ba);
+    }
+}
+
+void TstStartup::ExistenceAloneIsAskedFor() {
+    Bench bench;
+    bench.Remove(u"TKW02.wav"_s);
+    QVERIFY(QDir(bench.dir.path()).mkdir(u"TKW02.wav"_s));
+    WriteAll(bench.dir.filePath(u"Help.hlp"_s), ""_ba);
+    QCOMPARE(bench.Reason(), QString());
+}
+
+void TstStartup::ABrokenLinkCountsAsMissing() {
+    Bench bench;
+    bench.Remove(u"TKW02.wav"_s);
+    QVERIFY(QFile::link(u"/no/such/file"_s, bench.dir.filePath(u"TKW02.wav"_s)));
+    QCOMPARE(bench.Reason(), u"TKW02.wav"_s);
+}
+
+void TstStartup::ADatabaseOfAnotherKindIsRefused() {
+    Bench bench;
+    WriteAll(bench.dir.filePath(u"DayDate.mdb"_s), "this is no database"_ba);
+    QVERIFY2(bench.Reason().startsWith(u"DayDate.mdb"_s), qPrintable(bench.Reason()));
+    QCOMPARE(bench.opened, 0);
+}
+
+void TstStartup::FilesComeBeforeTheDatabaseAndTheDatabaseBeforeSettings() {
+    Bench bench;
+    bench.badFunction = u"clock"_s;
+    WriteAll(bench.dir.filePath(u"DayDate.mdb"_s), "this is no database"_ba);
+    bench.Remove(u"TKW05.wav"_s);
+    QCOMPARE(bench.Reason(), u"TKW05.wav"_s);
+    WriteAll(bench.dir.filePath(u"TKW05.wav"_s), "x"_ba);
+    QVERIFY(bench.Reason().startsWith(u"DayDate.mdb"_s));
+    CopyFiles(QStringLiteral(TICKWELL_MASTERS), bench.dir.path(), {u"DayDate.mdb"_s});
+    QVERIFY(bench.Reason().startsWith(u"[SetUp] Function=clock"_s));
+}
+
+void TstStartup::ABadSettingIsNamed() {
+    Bench bench;
+    bench.badFunction = u"99999999999"_s;
+    QVERIFY2(bench.Reason().startsWith(u"[SetUp] Function=99999999999"_s), qPrintable(bench.Reason()));
+}
+
+void TstStartup::AMissingFolderIsNamed() {
+    try {
+        StartUp(u"/no/such/folder"_s, [] { return std::make_unique<FakeSettingsStore>(); });
+        QFAIL("started without a folder");
+    } catch (const RunTimeError& error) {
+        QCOMPARE(error.Reason(), u"/no/such/folder"_s);
+    }
+}
+
+void TstStartup::TheBoxSaysWhatIsMissing() {
+    QCOMPARE(StartUpFailureText(u"TKW05.wav"_s),
+             u"実行に必要なファイルまたは情報が見つかりません。\r\nTKW05.wav"_s);
+}
+
+QTEST_GUILESS_MAIN(TstStartup)
+#include "tst_startup.moc"

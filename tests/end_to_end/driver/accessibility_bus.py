@@ -1,0 +1,34 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
+"""The bus on which programs and screen readers meet."""
+
+from driver import dbus_calls
+from driver.accessible import Node
+from driver.popups import Popups
+from driver.waiting import PATIENCE
+
+STARTER = ("org.a11y.Bus", "/org/a11y/bus", "org.a11y.Bus")
+REGISTRY = "org.a11y.atspi.Registry"
+ROOT = "/org/a11y/atspi/accessible/root"
+
+
+class AccessibilityBus:
+    """Our end of the session's accessibility bus, and the list of the programs on it."""
+
+    def __init__(self, session_bus):
+        # The session bus starts the accessibility bus when it is first asked for, and that one its registry.
+        address = dbus_calls.call(session_bus, STARTER, "GetAddress", timeout=PATIENCE)[0]
+        self._connection = dbus_calls.connect(address)
+        dbus_calls.call(self._connection, dbus_calls.BUS, "StartServiceByName", "(su)", REGISTRY, 0,
+                        timeout=PATIENCE)
+        self.popups = Popups(self._connection)
+        self._registry = Node(self._connection, REGISTRY, ROOT)
+
+    def application(self, pid):
+        """The topmost node of the program with this process id, or None while it has not come."""
+        for node in self._registry.children:
+            if dbus_calls.process_of(self._connection, node.owner) == pid:
+                return node
+        return None
+
+    def close(self):
+        self._connection.close_sync(None)

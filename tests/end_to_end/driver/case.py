@@ -1,0 +1,49 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
+"""What every end-to-end test begins from."""
+
+import os
+import unittest
+from pathlib import Path
+
+from driver.desktop import Session
+
+ARTIFACTS_VARIABLE = "TICKWELL_ARTIFACTS"
+
+
+class TickwellCase(unittest.TestCase):
+    """Gives each test a desktop of its own as `self.session`, ended with the test whatever becomes of it. A
+    test that fails leaves a picture of the screen and its programs' outputs in the folder that
+    TICKWELL_ARTIFACTS names."""
+
+    window_manager = ("openbox",)  # its command; None for a test that wants a bare X server
+
+    def run(self, result=None):
+        self._result = result if result is not None else self.defaultTestResult()
+        self._troubles_before = self._troubles()
+        return super().run(self._result)
+
+    def setUp(self):
+        self._kept = False
+        self.session = Session(self.window_manager)
+        self.addCleanup(self.session.close)
+        self.addCleanup(self._keep_artifacts)  # for a set-up that fails, after which there is no tear-down
+
+    def tearDown(self):
+        self._keep_artifacts()  # before the test's own cleanups close what the picture shall show
+
+    def _troubles(self):
+        return len(self._result.failures) + len(self._result.errors)
+
+    def _keep_artifacts(self):
+        folder = os.environ.get(ARTIFACTS_VARIABLE)
+        if not folder or self._kept or self._troubles() == self._troubles_before:
+            return
+        self._kept = True
+        Path(folder).mkdir(parents=True, exist_ok=True)
+        for program in self.session.programs:
+            log = Path(folder, f"{self.id()}-{program.log.name}")
+            log.write_text(program.output(), encoding="utf-8")
+            print(f"\n{self.id()} left {log}")
+        picture = Path(folder, f"{self.id()}.png")
+        self.session.screenshot(picture)
+        print(f"\n{self.id()} left {picture}")

@@ -1,0 +1,68 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
+"""Mouse and keyboard, as the X server gets them from real ones."""
+
+import subprocess
+
+from driver.waiting import PATIENCE
+
+DRAG_STEPS = 8  # a drag in one leap is not told from a click at another place
+DRAG_PACE = 0.02  # s a step, a quick hand's; the window manager may take a move over in the middle of it
+DOUBLE_CLICK_PACE = 60  # ms
+LEFT, MIDDLE, RIGHT, WHEEL_UP, WHEEL_DOWN = 1, 2, 3, 4, 5
+
+
+class Hand:
+    """The one pointer and keyboard of a session. A target is a node, whose middle is meant, or a point (x,
+    y)."""
+
+    def __init__(self, environment):
+        self._environment = environment
+
+    def move(self, target):
+        self._do(*_move(_point(target)))
+
+    def click(self, target, button=LEFT, times=1):
+        self._do(*_move(_point(target)), "click", "--repeat", times, "--delay", DOUBLE_CLICK_PACE, button)
+
+    def press(self, target, button=LEFT):
+        self._do(*_move(_point(target)), "mousedown", button)
+
+    def release(self, target, button=LEFT):
+        self._do(*_move(_point(target)), "mouseup", button)
+
+    def wheel(self, target, notches):
+        """Turns the wheel over the target; a positive number of notches is down."""
+        self.click(target, WHEEL_DOWN if notches > 0 else WHEEL_UP, abs(notches))
+
+    def drag(self, start, end, button=LEFT):
+        (x0, y0), (x1, y1) = _point(start), _point(end)
+        steps = [(x0 + (x1 - x0) * step // DRAG_STEPS, y0 + (y1 - y0) * step // DRAG_STEPS)
+                 for step in range(1, DRAG_STEPS + 1)]
+        moves = [word for step in steps for word in (*_move(step), "sleep", DRAG_PACE)]
+        self._do(*_move((x0, y0)), "mousedown", button, *moves, "mouseup", button)
+
+    def key(self, *keys):
+        """Strikes keys or chords by their X names: "Return", "alt+F4", "ctrl+a"."""
+        self._do("key", "--clearmodifiers", *keys)
+
+    def type(self, text):
+        """Types a text key by key into whatever has the focus."""
+        self._do("type", "--clearmodifiers", "--", text)
+
+    def _do(self, *words):
+        command = ["xdotool", *map(str, words)]
+        result = subprocess.run(command, env=self._environment, capture_output=True, text=True,
+                                timeout=PATIENCE, check=False)
+        if result.returncode or result.stderr:  # it says some of its failures, and ends with 0
+            raise RuntimeError(f"{' '.join(command)}: {result.returncode} {result.stderr}")
+
+
+def _point(target):
+    if isinstance(target, tuple):
+        return target
+    x, y, width, height = target.extents
+    return x + width // 2, y + height // 2
+
+
+def _move(point):
+    return "mousemove", *point  # xdotool's --sync would wait in vain where the pointer is there already

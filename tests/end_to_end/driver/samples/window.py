@@ -1,0 +1,43 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
+"""A plain X window that writes down what is done to it: window.py NAME X Y WIDTH HEIGHT RRGGBB"""
+
+import os
+import sys
+
+from Xlib import X, Xutil
+from Xlib.display import Display
+
+
+def show(display, name, x, y, width, height, colour):
+    screen, atom = display.screen(), display.intern_atom
+    window = screen.root.create_window(
+        x, y, width, height, 0, screen.root_depth, background_pixel=colour,
+        event_mask=X.ButtonPressMask | X.ButtonReleaseMask | X.KeyPressMask | X.ExposureMask)
+    window.set_wm_normal_hints(flags=Xutil.USPosition)
+    window.set_wm_hints(flags=Xutil.InputHint, input=1)
+    window.set_wm_protocols([atom("WM_DELETE_WINDOW")])
+    window.change_property(atom("_NET_WM_NAME"), atom("UTF8_STRING"), 8, name.encode())
+    window.change_property(atom("_NET_WM_PID"), atom("CARDINAL"), 32, [os.getpid()])
+    window.map()
+
+
+def main():
+    name, *place, colour = sys.argv[1:]
+    display = Display()
+    show(display, name, *map(int, place), int(colour, 16))
+    while True:
+        event = display.next_event()
+        if event.type == X.Expose:
+            print("shown", flush=True)
+        elif event.type in (X.ButtonPress, X.ButtonRelease):
+            what = "pressed" if event.type == X.ButtonPress else "released"
+            print(f"{what} {event.detail} at {event.event_x} {event.event_y}", flush=True)
+        elif event.type == X.KeyPress:
+            print(f"key {display.keycode_to_keysym(event.detail, event.state & X.ShiftMask)}", flush=True)
+        elif event.type == X.ClientMessage:
+            print("closed", flush=True)
+            return
+
+
+if __name__ == "__main__":
+    main()

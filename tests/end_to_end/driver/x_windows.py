@@ -1,0 +1,122 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
+"""The windows as the X server and the window manager have them: place, order, focus, closing."""
+
+from typing import NamedTuple
+
+from Xlib import X, error
+from Xlib.display import Display
+from Xlib.protocol.event import ClientMessage
+
+from driver.waiting import PATIENCE, TimedOut, wait_for
+
+
+class Geometry(NamedTuple):
+    """In pixels of the screen, without the window manager's frame."""
+    x: int
+    y: int
+    width: int
+    height: int
+
+
+class TopLevel(NamedTuple):
+    """A program's own outermost window."""
+    xid: int
+    name: str
+    pid: int | None
+
+
+class XWindows:
+    """Asks an X server about its windows. A window that goes while it is asked about raises Xlib's XError."""
+
+    def __init__(self, display):
+        self._display = Display(display)
+        self._root = self._display.screen().root
+
+    def close(self):
+        self._display.close()
+
+    def has_window_manager(self):
+        """Whether a window manager has taken over the screen."""
+        return self._property(self._root, "_NET_SUPPORTING_WM_CHECK") is not None
+
+    def stacking(self):
+        """The windows that are on the screen, from the lowest to the topmost. Menus and tool tips are among
+        them."""
+        windows = (self._described(frame) for frame in self._root.query_tree().children)
+        return [window for window in windows if window is not None]
+
+    def find(self, name=None, pid=None):
+        """Id of the topmost window with this name, this process or both; None where there is none."""
+        for window in reversed(self.stacking()):
+            if name in (None, window.name) and pid in (None, window.pid):
+                return window.xid
+        return None
+
+    def wait(self, name=None, pid=None, timeout=PATIENCE):
+        """The same, waited for. Where none comes the error lists what there is instead."""
+        try:
+            return wait_for(lambda: self.find(name, pid), f"window name={name!r} pid={pid}", timeout)
+        except TimedOut as timed_out:
+            raise TimedOut(f"{timed_out}; there is: {self.stacking()}") from None
+
+    def geometry(self, xid):
+        window = self._window(xid)
+        size, corner = window.get_geometry(), self._root.translate_coords(window, 0, 0)
+        return Geometry(corner.x, corner.y, size.width, size.height)
+
+    def is_above(self, upper, lower):
+        """Whether one window lies above another in the stack, also where they do not touch."""
+        order = [window.xid for window in self.stacking()]
+        return order.index(upper) > order.index(lower)
+
+    def focus_owner(self):
+        """Id of the outermost window that gets the keys, or None."""
+        focus = self._display.get_input_focus().focus
+        if isinstance(focus, int):  # none, or wherever the pointer is
+            return None
+        shown = {window.xid for window in self.stacking()}
+        while focus.id not in shown:
+            focus = focus.query_tree().parent
+            if not focus:  # above the root
+                return None
+        return focus.id
+
+    def close_window(self, xid):
+        """Asks a window to close, as its frame's close button does."""
+        window = self._window(xid)
+        closing = self._display.intern_atom("WM_DELETE_WINDOW")
+        if closing not in (window.get_wm_protocols() or ()):
+            raise RuntimeError(f"window {xid:#x} does not take part in being closed")
+        message = ClientMessage(window=window, client_type=self._display.intern_atom("WM_PROTOCOLS"),
+                                data=(32, [closing, X.CurrentTime, 0, 0, 0]))
+        trouble = error.CatchError(error.BadWindow)
+        window.send_event(message, onerror=trouble)
+        self._display.sync()
+        if trouble.get_error():
+            raise trouble.get_error()
+
+    def _window(self, xid):
+        return self._display.create_resource_object("window", xid)
+
+    def _property(self, window, name):
+        found = window.get_full_property(self._display.intern_atom(name), X.AnyPropertyType)
+        return None if found is None else found.value
+
+    def _described(self, frame):
+        """The program's window inside a child of the root; None where nothing is shown, or no longer."""
+        try:
+            if frame.get_attributes().map_state != X.IsViewable:
+                return None
+            window = self._managed(frame) or frame
+            name, pid = self._property(window, "_NET_WM_NAME"), self._property(window, "_NET_WM_PID")
+            title = name.decode() if name else window.get_wm_name() or ""
+            return TopLevel(window.id, title, pid[0] if pid else None)
+        except error.XError:
+            return None
+
+    def _managed(self, window):
+        """The window at or below this one that the window manager marked as a program's own."""
+        if self._property(window, "WM_STATE") is not None:
+            return window
+        below = map(self._managed, window.query_tree().children)
+        return next((found for found in below if found is not None), None)

@@ -1,0 +1,94 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
+"""The start-up: what it needs, where it finds it, and the one box where it does not."""
+
+import os
+import shutil
+import subprocess
+import unittest
+
+from driver.case import TickwellCase
+from driver.tickwell import (MASTERS, make_folder, program_path, settings_path, start_tickwell, wait_lines,
+                             write_settings)
+
+TITLE = "Tickwell スタートエラー"
+BODY = "実行に必要なファイルまたは情報が見つかりません。\n"
+
+
+class StartUp(TickwellCase):
+    def assert_refused(self, app, reason):
+        """The one box stands there with this reason, and its end is the program's."""
+        box = app.wait(role="alert message", name=TITLE)
+        texts = [label.name for label in box.find_all(role="label")]
+        self.assertTrue(any(text.startswith(BODY + reason) for text in texts), texts)
+        self.assertEqual([window.name for window in app.children], [TITLE])
+        box.find(role="push button").press_and_go()
+        self.assertEqual(app.program.wait_end(), 1)
+
+    def test_a_missing_file_is_named(self):
+        for name in MASTERS:
+            with self.subTest(name):
+                folder = make_folder(self.session.directory / f"without-{name}", without={name})
+                self.assert_refused(start_tickwell(self.session, folder=folder), name)
+                self.assertFalse(settings_path(self.session).exists())
+
+    def test_a_damaged_database_is_refused(self):
+        folder = make_folder(self.session.directory / "damaged")
+        database = folder / "DayDate.mdb"
+        for content in (b"", b"no database", database.read_bytes()[:5000]):
+            with self.subTest(content[:20]):
+                database.write_bytes(content)
+                self.assert_refused(start_tickwell(self.session, folder=folder), "DayDate.mdb")
+                self.assertEqual(database.read_bytes(), content)
+
+    def test_a_bad_setting_is_named_and_left_as_it_is(self):
+        for section, key in (("SetUp", "Op_Speed"), ("Digital", "TypeHour"), ("SetUp", "Win_Width"), ("Wape", "Time")):
+            with self.subTest(key):
+                write_settings(self.session, {section: {key: "<b>wide</b>"}})
+                before = settings_path(self.session).read_bytes()
+                self.assert_refused(start_tickwell(self.session), f"[{section}] {key}=<b>wide</b>\n")
+                self.assertEqual(settings_path(self.session).read_bytes(), before)
+
+    def test_it_finds_its_files_wherever_it_is_started(self):
+        app = start_tickwell(self.session, cwd="/")
+        wait_lines(app, upper="Tickwell Ver.2")
+        folder = os.readlink(f"/proc/{app.program.pid}/cwd")
+        self.assertEqual(folder, str(self.session.directory / "folder"))
+
+    def test_the_folder_comes_from_the_environment(self):
+        folder = make_folder(self.session.directory / "named")
+        program = self.session.spawn([program_path()], environment={"TICKWELL_FOLDER": str(folder)})
+        wait_lines(self.session.wait_app(program), upper="Tickwell Ver.2")
+        self.assertEqual(os.readlink(f"/proc/{program.pid}/cwd"), str(folder))
+
+    def test_an_installed_program_fills_the_users_folder(self):
+        prefix = self.session.directory / "usr"
+        (prefix / "bin").mkdir(parents=True)
+        shutil.copy(program_path(), prefix / "bin/tickwell")
+        make_folder(prefix / "share/tickwell")
+        program = self.session.spawn([prefix / "bin/tickwell"])
+        wait_lines(self.session.wait_app(program), upper="Tickwell Ver.2")
+        data = self.session.home / ".local/share/tickwell"
+        self.assertLessEqual(set(MASTERS), set(os.listdir(data)))
+
+    def test_another_language_of_the_machine_makes_no_difference(self):
+        app = start_tickwell(self.session, environment={"LANG": "de_DE.UTF-8", "LC_ALL": "C"},
+                             settings={"SetUp": {"Win_Width": "3000.4"}})
+        wait_lines(app, upper="Tickwell Ver.2")
+
+    def test_a_mistake_on_the_command_line_is_said(self):
+        run = subprocess.run([program_path(), "--loud"], env=self.session.environment, capture_output=True, text=True,
+                             timeout=30, check=False)
+        self.assertEqual((run.returncode, run.stdout), (2, ""))
+        self.assertIn("loud", run.stderr)
+
+    def test_version_and_help_need_no_screen(self):
+        environment = {name: value for name, value in self.session.environment.items() if name != "DISPLAY"}
+        for option, word in (("--version", "2.0.0"), ("--help", "--folder")):
+            run = subprocess.run([program_path(), option], env=environment, capture_output=True, text=True, timeout=30,
+                                 check=False)
+            self.assertEqual((run.returncode, run.stderr), (0, ""))
+            self.assertIn(word, run.stdout)
+
+
+if __name__ == "__main__":
+    unittest.main()
