@@ -8,6 +8,7 @@
 #include <QMouseEvent>
 #include <QScreen>
 #include <QStyleHints>
+#include <QWindow>
 
 #include "core/settings_io.h"
 #include "display/line_look.h"
@@ -98,6 +99,10 @@ void Form1::setuptimer_Timer() {
     if (!m_fitted) {
         m_fitted = true;
         m_geometry.Settle();
+        if (windowHandle() != nullptr && !windowHandle()->isExposed()) {
+            hide();  // mapped while the window manager was itself starting up, and lost by it: once more
+            show();
+        }
         Form_Resize();
         m_setuptimer->SetInterval(kStartDelay);
         return;
@@ -163,14 +168,18 @@ void Form1::mouseMoveEvent(QMouseEvent* event) {
     }
 }
 
+/// Either button opens the menu with its release: by then it is known whether the left one was a drag.
 void Form1::mouseReleaseEvent(QMouseEvent* event) {
-    if (event->button() == Qt::LeftButton && m_gesture.Release()) {
+    const bool click = event->button() == Qt::LeftButton && m_gesture.Release();
+    if (click || event->button() == Qt::RightButton) {
         PopUpMenu(event->globalPosition().toPoint());
     }
 }
 
 void Form1::contextMenuEvent(QContextMenuEvent* event) {
-    PopUpMenu(event->globalPos());
+    if (event->reason() == QContextMenuEvent::Keyboard) {
+        PopUpMenu(mapToGlobal(rect().bottomLeft()));
+    }
 }
 
 void Form1::keyPressEvent(QKeyEvent* event) {

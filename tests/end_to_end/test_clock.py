@@ -4,7 +4,7 @@
 import unittest
 
 from driver.case import TickwellCase
-from driver.tickwell import lines, main_window, read_settings, start_tickwell, wait_lines
+from driver.tickwell import lines, main_window, read_settings, start_tickwell, wait_lines, wait_on_screen
 from driver.virtual_time import VirtualTime
 
 START_UP_DELAY = 11000  # ms until the stored function starts
@@ -17,6 +17,7 @@ class Clock(TickwellCase):
         self.addCleanup(self.time.close)
         self.app = start_tickwell(self.session, settings=settings, virtual_time=self.time)
         wait_lines(self.app, upper="Tickwell Ver.2", lower="")
+        wait_on_screen(self.session, self.app)
 
     def choose(self, caption):
         self.session.hand.click(main_window(self.app))
@@ -95,8 +96,7 @@ class Clock(TickwellCase):
     def test_a_wide_window_keeps_its_fractional_twips(self):
         self.start(settings={"SetUp": {"Win_Width": "2505.6", "Win_Left": "300"}})
         self.assertEqual(tuple(main_window(self.app).extents), (20, 0, 167, 40))
-        xid = self.session.windows.wait(name="Tickwell")
-        self.session.windows.close_window(xid)
+        self.session.windows.close_window(wait_on_screen(self.session, self.app))
         self.assertEqual(self.app.program.wait_end(), 0)
         self.assertEqual(read_settings(self.session)["SetUp"]["Win_Width"], "2506")
         self.assertEqual(read_settings(self.session)["SetUp"]["Win_Left"], "300")

@@ -8,7 +8,7 @@ import unittest
 
 from driver.case import TickwellCase
 from driver.tickwell import (main_window, read_settings, settings_path, start_tickwell, tickwell_command, wait_lines,
-                             write_settings)
+                             wait_on_screen, write_settings)
 from driver.waiting import wait_for
 
 KEYS = {
@@ -23,9 +23,10 @@ class Ending(TickwellCase):
     def start(self, **options):
         self.app = start_tickwell(self.session, **options)
         wait_lines(self.app, upper="Tickwell Ver.2")
+        self.xid = wait_on_screen(self.session, self.app)
 
     def close(self):
-        self.session.windows.close_window(self.session.windows.wait(name="Tickwell"))
+        self.session.windows.close_window(self.xid)
 
     def test_closing_writes_all_settings(self):
         self.start()
@@ -39,7 +40,8 @@ class Ending(TickwellCase):
         self.assertEqual(self.app.program.output(), "")
 
     def test_unknown_sections_and_keys_survive(self):
-        self.start(settings={"SetUp": {"Op_Speed": "30", "Future": "yes"}, "Wape": {"Time": "12"}, "Mine": {"a": "b"}})
+        self.start(settings={"SetUp": {"Op_Speed": "30", "Future": "yes"}, "Wape": {"Time": "12"},
+                             "Mine": {"a": "b"}})
         self.close()
         self.app.program.wait_end()
         stored = read_settings(self.session)
@@ -87,8 +89,8 @@ class Ending(TickwellCase):
         resource.prlimit(self.app.program.pid, resource.RLIMIT_FSIZE, (100, 100))  # as on a full disk
         self.close()
         box = self.app.wait(role="alert message")
-        self.assertTrue(box.find(role="label", name=lambda name: name.startswith("実行時エラー\n設定ファイルを書き込めません。")),
-                        box.dump())
+        told = "実行時エラー\n設定ファイルを書き込めません。"
+        self.assertTrue(box.find(role="label", name=lambda name: name.startswith(told)), box.dump())
         self.assertFalse(main_window(self.app).showing)
         box.find(role="push button").press_and_go()
         self.assertEqual(self.app.program.wait_end(), 0)

@@ -4,7 +4,7 @@
 import unittest
 
 from driver.case import TickwellCase
-from driver.tickwell import main_window, read_settings, start_tickwell, wait_lines
+from driver.tickwell import main_window, read_settings, start_tickwell, wait_lines, wait_on_screen
 from driver.waiting import wait_for
 
 
@@ -13,13 +13,14 @@ class Pointer(TickwellCase):
         super().setUp()
         self.app = start_tickwell(self.session, settings={"SetUp": {"Win_Left": "1500", "Win_Top": "1500"}})
         wait_lines(self.app, upper="Tickwell Ver.2")
+        wait_on_screen(self.session, self.app)
         self.window = main_window(self.app)
 
     def wait_extents(self, *extents):
         wait_for(lambda: tuple(self.window.extents) == extents, f"the window at {extents}")
 
     def close(self):
-        self.session.windows.close_window(self.session.windows.wait(name="Tickwell"))
+        self.session.windows.close_window(wait_on_screen(self.session, self.app))
         self.assertEqual(self.app.program.wait_end(), 0)
 
     def test_it_is_dragged_by_either_line_and_found_there_again(self):

@@ -21,7 +21,8 @@ def second_of_day(reading):
 class RealTime(TickwellCase):
     def test_the_clock_starts_and_runs(self):
         before = time.monotonic()
-        app = start_tickwell(self.session, settings={"Digital": {"DisMode": "1", "TypeHour": "1", "TypeYear": "1"}})
+        styles = {"DisMode": "1", "TypeHour": "1", "TypeYear": "1"}
+        app = start_tickwell(self.session, settings={"Digital": styles})
         wait_lines(app, upper="Tickwell Ver.2", lower="")
         _, first = wait_lines(app, lower=READING.fullmatch, timeout=60)
         self.assertGreaterEqual(time.monotonic() - before, 10.9)  # the start-up delay is part of the program
@@ -31,8 +32,8 @@ class RealTime(TickwellCase):
             upper, lower = lines(app)
             later = datetime.now(TOKYO)
             seen.add(lower)
-            today = {f"{day.year}/{day.month}/{day.day}" for day in (earlier, later, earlier - timedelta(seconds=11))}
-            self.assertIn(upper.split("(")[0], today)
+            days = (earlier - timedelta(seconds=11), earlier, later)
+            self.assertIn(upper.split("(")[0], {f"{day.year}/{day.month}/{day.day}" for day in days})
             # Not ahead of the clock, and behind it by no more than a machine under load may be.
             behind = (second_of_day(f"{later:%H:%M:%S}") - second_of_day(lower)) % 86400
             self.assertLessEqual(behind, 3 + (later - earlier).total_seconds())

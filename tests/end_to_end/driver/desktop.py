@@ -115,7 +115,7 @@ class Session:
         if window_manager:
             def in_charge():
                 manager.check_running()
-                return self.windows.has_window_manager()
+                return self.windows.window_manager_answers()
             wait_for(in_charge, "the window manager")
         self.hand = Hand(self.environment)
 

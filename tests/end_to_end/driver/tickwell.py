@@ -80,6 +80,12 @@ def main_window(app):
     return next(windows, None)
 
 
+def wait_on_screen(session, app):
+    """Waits until the main window is really there for mouse and keyboard: screen readers know of it a moment before.
+    Returns its X id."""
+    return session.windows.wait(name=WINDOW, pid=app.program.pid)
+
+
 def lines(app, timeout=PATIENCE):
     """The two lines of the main window, (upper, lower), once they are there."""
     def both():

@@ -35,9 +35,20 @@ class XWindows:
     def close(self):
         self._display.close()
 
-    def has_window_manager(self):
-        """Whether a window manager has taken over the screen."""
-        return self._property(self._root, "_NET_SUPPORTING_WM_CHECK") is not None
+    def window_manager_answers(self):
+        """Whether a window that is mapped now is taken in. A manager says that it is there a moment before, and a
+        window that comes in between is lost."""
+        if self._property(self._root, "_NET_SUPPORTING_WM_CHECK") is None:
+            return False
+        probe = self._root.create_window(0, 0, 1, 1, 0, X.CopyFromParent)
+        probe.map()
+        try:
+            return wait_for(lambda: self._property(probe, "WM_STATE") is not None, "the probe taken in", timeout=0.5)
+        except TimedOut:
+            return False
+        finally:
+            probe.destroy()
+            self._display.sync()
 
     def stacking(self):
         """The windows that are on the screen, from the lowest to the topmost. Menus and tool tips are among
