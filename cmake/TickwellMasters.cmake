@@ -16,12 +16,13 @@ function(tickwell_stage_masters target folder)
             DEPENDS "${PROJECT_SOURCE_DIR}/data/sounds/${sound}" VERBATIM)
         list(APPEND staged "${folder}/${sound}")
     endforeach()
-    # The pristine database is made anew with its script; the copy beside the binary is made once.
+    # The pristine database is made anew with its scripts; the copy beside the binary is made once.
     set(pristine "${PROJECT_BINARY_DIR}/masters/DayDate.mdb")
     file(MAKE_DIRECTORY "${PROJECT_BINARY_DIR}/masters")
+    set(scripts "${PROJECT_SOURCE_DIR}/data/DayDate.schema.sql" "${PROJECT_SOURCE_DIR}/data/DayDate.holidays.sql")
     add_custom_command(OUTPUT "${pristine}"
-        COMMAND make_day_database "${PROJECT_SOURCE_DIR}/data/DayDate.sql" "${pristine}"
-        DEPENDS make_day_database "${PROJECT_SOURCE_DIR}/data/DayDate.sql" VERBATIM)
+        COMMAND make_day_database "${pristine}" ${scripts}
+        DEPENDS make_day_database ${scripts} VERBATIM)
     add_custom_command(OUTPUT "${folder}/DayDate.mdb"
         COMMAND "${CMAKE_COMMAND}" "-DFROM=${pristine}" "-DTO=${folder}/DayDate.mdb"
                 -P "${PROJECT_SOURCE_DIR}/cmake/CopyIfAbsent.cmake"

@@ -55,12 +55,18 @@ int Program::Run() {
 void Program::Start() {
     const Clock& clock = m_virtualTime ? static_cast<const Clock&>(*m_virtualTime) : m_systemClock;
     TimerSource& timers = m_virtualTime ? static_cast<TimerSource&>(*m_virtualTime) : m_qtTimers;
-    const auto closed = [this] { m_handlers.WhenQuiet([] { QCoreApplication::quit(); }); };
-    m_form = std::make_unique<Form1>(
-        MainWindowParts{m_started.settings, *m_started.store, clock, timers, m_handlers, closed});
+    const auto closed = [this] {
+        m_started.dayDatabase.reset();
+        m_handlers.WhenQuiet([] { QCoreApplication::quit(); });
+    };
+    m_form = std::make_unique<Form1>(MainWindowParts{
+        m_started.settings, *m_started.store, m_started.dayDatabase, clock, timers, m_handlers, closed});
     m_form->Form_Load();
     connect(m_instance.get(), &SingleInstance::Called, m_form.get(), &Form1::ComeForward);
     m_form->show();
+    if (m_started.imported) {
+        m_boxes.Show({MessageIcon::Information, u"Tickwell"_s, JetImportText(*m_started.imported)}, [] {});
+    }
 }
 
 /// One box, and the end; nothing is saved.

@@ -31,6 +31,7 @@ Started StartUp(const QString& folder, const std::function<std::unique_ptr<Setti
     }
     RequireFiles();
     Started started;
+    started.imported = ImportJetFile(u"DayDate.mdb"_s);
     started.dayDatabase = OpenDayDatabase(u"DayDate.mdb"_s);
     started.store = openStore();
     LoadSettings(*started.store, started.settings);

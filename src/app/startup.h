@@ -4,10 +4,12 @@
 #include <QString>
 #include <functional>
 #include <memory>
+#include <optional>
 
 #include "core/ports/settings_store.h"
 #include "core/settings.h"
 #include "days/day_database.h"
+#include "days/jet/jet_import.h"
 
 namespace tickwell {
 
@@ -16,6 +18,7 @@ struct Started {
     std::unique_ptr<SettingsStore> store;
     std::unique_ptr<DayDatabase> dayDatabase;
     AppSettings settings;
+    std::optional<JetImportSummary> imported;  ///< what came out of a day database of the older kind, once
 };
 
 /// The start-up up to the first window, strictly in this order: into the program's folder, the eight files,

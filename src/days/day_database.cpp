@@ -2,7 +2,6 @@
 #include "days/day_database.h"
 
 #include <QScopeGuard>
-#include <limits>
 
 #include "days/day_database_check.h"
 #include "days/sql_compiler.h"

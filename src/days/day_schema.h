@@ -11,7 +11,7 @@ enum class ColumnType { Text, Integer, Date };
 
 struct SchemaColumn {
     QStringView name;
-    ColumnType type;
+    ColumnType type = ColumnType::Text;
 };
 
 /// A table as it is spoken of: without the hidden id, which keeps its rows in the order in which they came.

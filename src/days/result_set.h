@@ -44,10 +44,9 @@ public:
     /// `row`: 0 to Count() - 1.
     const ResultRow& Row(int row) const { return m_rows.at(static_cast<std::size_t>(row)); }
 
-    auto begin() const {
-        return m_rows.begin();
-    }  // NOLINT(readability-identifier-naming): asked for by the language
-    auto end() const { return m_rows.end(); }  // NOLINT(readability-identifier-naming)
+    // For "for": the language asks for these names.
+    auto begin() const { return m_rows.begin(); }  // NOLINT(readability-identifier-naming)
+    auto end() const { return m_rows.end(); }      // NOLINT(readability-identifier-naming)
 
 private:
     std::vector<ResultRow> m_rows;

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "days/sql_compiler.h"
 
-#include <algorithm>
-
 #include "days/sql_error.h"
 #include "days/sql_parser.h"
 #include "days/sql_values.h"

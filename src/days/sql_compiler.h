@@ -16,7 +16,7 @@ using BoundValue = std::variant<qint32, QString>;
 /// A statement for the engine, made of our own words alone; whatever the caller wrote is in the values.
 struct CompiledSql {
     QByteArray text;
-    std::vector<BoundValue> values;  // of ?1, ?2 ..
+    std::vector<BoundValue> values;     // of ?1, ?2 ..
     std::vector<SchemaColumn> columns;  // of the rows that come back
     bool isQuery = false;
 };

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "days/sql_lexer.h"
 
+#include <algorithm>
 #include <limits>
 
 #include "days/sql_error.h"

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QStringView>
+#include <optional>
 
 #include "days/sql_tree.h"
 

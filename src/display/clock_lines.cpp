@@ -2,6 +2,7 @@
 #include "display/clock_lines.h"
 
 #include "core/clock_text.h"
+#include "days/announced_names.h"
 
 namespace tickwell {
 
@@ -17,8 +18,9 @@ QString TimeLine(const AppSettings& settings, QTime now) {
 
 }  // namespace
 
-ClockLines::ClockLines(const AppSettings& settings, const Clock& clock, TextLines lines)
-    : m_settings(settings), m_clock(clock), m_lines(lines) {}
+ClockLines::ClockLines(const AppSettings& settings, const Clock& clock,
+                       const std::unique_ptr<DayDatabase>& dayDatabase, TextLines lines)
+    : m_settings(settings), m_clock(clock), m_dayDatabase(dayDatabase), m_lines(lines) {}
 
 void ClockLines::Show() {
     const QDateTime now = m_clock.Now();
@@ -26,23 +28,36 @@ void ClockLines::Show() {
     m_lines.lower.ShowText(TimeLine(m_settings, now.time()));
 }
 
-void ClockLines::TimeTick() {
-    const QDateTime now = m_clock.Now();
-    const QString date = now.date().toString(Qt::ISODate);
-    if (date != m_rememberedDate || m_refresh) {
-        m_dateLine = DateLine(m_settings, now.date());
-        m_rememberedDate = date;
-        m_refresh = false;
+void ClockLines::LookUp() {
+    const QDate today = m_clock.Now().date();
+    const QString date = today.toString(Qt::ISODate);
+    if ((date == m_rememberedDate && !m_refresh) || m_dayDatabase == nullptr) {
+        return;
     }
-    const QString time = now.time().toString(Qt::ISODate);
+    m_dateLine = DateLine(m_settings, today);
+    m_rememberedDate = date;
+    m_turn = 0;
+    m_refresh = false;
+    m_names.clear();
+    m_names = AnnouncedNames(*m_dayDatabase, today);
+}
+
+void ClockLines::TimeTick() {
+    const QTime now = m_clock.Now().time();
+    const QString time = now.toString(Qt::ISODate);
     if (time != m_rememberedTime) {
         m_rememberedTime = time;
-        m_lines.lower.SetText(TimeLine(m_settings, now.time()));
+        m_lines.lower.SetText(TimeLine(m_settings, now));
     }
 }
 
-void ClockLines::DateTick() {
-    m_lines.upper.SetText(m_dateLine);
+void ClockLines::RotateTick() {
+    if (m_names.isEmpty()) {
+        m_lines.upper.SetText(m_dateLine);
+        return;
+    }
+    m_turn = m_turn < m_names.size() ? m_turn + 1 : 0;
+    m_lines.upper.ShowText(m_turn == 0 ? m_dateLine : m_names[m_turn - 1]);
 }
 
 }  // namespace tickwell

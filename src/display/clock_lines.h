@@ -1,38 +1,51 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <QStringList>
+#include <memory>
+
 #include "core/ports/clock.h"
 #include "core/settings.h"
 #include "core/text_line.h"
+#include "days/day_database.h"
 
 namespace tickwell {
 
-/// What both lines show while the clock is the function: the date above, the time below.
+/// What both lines show while the clock is the function: the time below; above, the date and the names of
+/// what falls on today, in turn.
 class ClockLines {
 public:
-    /// All outlive this object.
-    ClockLines(const AppSettings& settings, const Clock& clock, TextLines lines);
+    /// All outlive this object. `dayDatabase` is null while its owner has closed it; nothing is looked up
+    /// then.
+    ClockLines(const AppSettings& settings, const Clock& clock,
+               const std::unique_ptr<DayDatabase>& dayDatabase, TextLines lines);
 
-    /// The function was chosen: both lines come in with a wipe.
+    /// The function was chosen: date and time come in with a wipe. The names' turn stays where it was.
     void Show();
 
-    /// Dz_Timer1: a new day, or a raised refresh flag, gives a new date text; then the time, when its text
-    /// changed.
+    /// Dz_Timer1, first half: a new day, or a raised refresh flag, gives a new date text and new names. The
+    /// upper line is left alone. Throws SqlError; the day is then taken for looked up, so that the error does
+    /// not come five times a second.
+    void LookUp();
+
+    /// Dz_Timer1, second half: the time, when its text changed.
     void TimeTick();
 
-    /// Dz_Timer2: puts the date text on the upper line.
-    void DateTick();
+    /// Dz_Timer2: the date without a wipe where nothing falls on today, else the next in turn with one.
+    void RotateTick();
 
-    /// The date text must be made anew before the day changes, for instance because its style changed.
     void RaiseRefresh() { m_refresh = true; }
 
 private:
     const AppSettings& m_settings;
     const Clock& m_clock;
+    const std::unique_ptr<DayDatabase>& m_dayDatabase;
     TextLines m_lines;
-    QString m_rememberedDate;  // empty at start: the first tick always looks
+    QString m_rememberedDate;  // empty at start: the first tick always looks up
     QString m_rememberedTime;
     QString m_dateLine;
+    QStringList m_names;
+    qsizetype m_turn = 0;  // 0 the date, i the name i
     bool m_refresh = false;
 };
 

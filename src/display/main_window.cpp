@@ -42,11 +42,11 @@ Form1::Form1(const MainWindowParts& parts)
       m_MovingWord2(new MovingWord({parts.clock, parts.timers, m_pacer}, this)),
       m_menu(new MainMenu(
           parts.handlers, [this](const MenuItem& item) { Menu_Click(item); }, this)),
-      m_clockLines(parts.settings, parts.clock, {*m_MovingWord1, *m_MovingWord2}),
+      m_clockLines(parts.settings, parts.clock, parts.dayDatabase, {*m_MovingWord1, *m_MovingWord2}),
       m_usageLines(parts.settings, parts.clock, {*m_MovingWord1, *m_MovingWord2}),
       m_setuptimer(parts.handlers.MakeTimer(parts.timers, kFitDelay, [this] { setuptimer_Timer(); })),
-      m_Dz_Timer1(parts.handlers.MakeTimer(parts.timers, kTimeTick, [this] { m_clockLines.TimeTick(); })),
-      m_Dz_Timer2(parts.handlers.MakeTimer(parts.timers, kDateTick, [this] { m_clockLines.DateTick(); })),
+      m_Dz_Timer1(parts.handlers.MakeTimer(parts.timers, kTimeTick, [this] { Dz_Timer1_Timer(); })),
+      m_Dz_Timer2(parts.handlers.MakeTimer(parts.timers, kDateTick, [this] { m_clockLines.RotateTick(); })),
       m_Win_Timer(parts.handlers.MakeTimer(parts.timers, kUsageTick, [this] { m_usageLines.Tick(); })),
       m_switch(parts.settings, {*m_MovingWord1, *m_MovingWord2}, *m_menu,
                {*m_Dz_Timer1, *m_Dz_Timer2, *m_Win_Timer}, m_clockLines, m_usageLines),
@@ -109,6 +109,12 @@ void Form1::setuptimer_Timer() {
     }
     m_setuptimer->Stop();
     ChangeFunction(m_parts.settings.function);
+}
+
+/// A look-up that fails is reported on its own: the time goes on.
+void Form1::Dz_Timer1_Timer() {
+    m_parts.handlers.Run([this] { m_clockLines.LookUp(); });
+    m_clockLines.TimeTick();
 }
 
 void Form1::ChangeFunction(qint32 number) {

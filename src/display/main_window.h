@@ -5,6 +5,7 @@
 #include <functional>
 #include <memory>
 
+#include "core/day_changes.h"
 #include "core/display_function.h"
 #include "core/handlers.h"
 #include "core/ports/clock.h"
@@ -26,6 +27,7 @@ namespace tickwell {
 struct MainWindowParts {
     AppSettings& settings;
     SettingsStore& store;
+    const std::unique_ptr<DayDatabase>& dayDatabase;  ///< null while it is closed
     const Clock& clock;
     TimerSource& timers;
     Handlers& handlers;
@@ -34,7 +36,7 @@ struct MainWindowParts {
 
 /// The display window: two lines, small, without a frame, above all others. It ties the lines, the timers and
 /// the menu to what computes them. Built at rest: Form_Load reads its place and starts it.
-class Form1 : public QWidget, public DisplayFunctions {
+class Form1 : public QWidget, public DisplayFunctions, public DayChanges {
     Q_OBJECT
 
 public:
@@ -46,6 +48,8 @@ public:
 
     void ChangeFunction(qint32 number) override;
     qint32 GetFuncNumber() const override { return m_parts.settings.function; }
+
+    void RaiseRefresh() override { m_clockLines.RaiseRefresh(); }
 
     /// Shows the window above the others, brought onto a screen when it lay wholly outside.
     void ComeForward();
@@ -69,6 +73,7 @@ protected:
 private:
     void Form_Resize();
     void setuptimer_Timer();
+    void Dz_Timer1_Timer();
     void Menu_Click(const MenuItem& item);
     void ApplyStyles();
     void PopUpMenu(QPoint at);

@@ -2,6 +2,8 @@
 #include <QTest>
 
 #include "core/settings_io.h"
+#include "days/day_store.h"
+#include "days/sql_error.h"
 #include "display/clock_lines.h"
 #include "platform/virtual_time.h"
 #include "support/fake_settings_store.h"
@@ -12,15 +14,45 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+/// The clock on 3 October 1998, a Saturday, two seconds before midnight, with a day database of its own.
 struct Bench {
     AppSettings settings;
     VirtualTime time{QDateTime(QDate(1998, 10, 3), QTime(23, 59, 58))};
+    DayStore store;
+    std::unique_ptr<DayDatabase> database = OpenDayDatabase(store.Path());
     FakeTextLine upper;
     FakeTextLine lower;
-    ClockLines lines{settings, time, {upper, lower}};
+    ClockLines lines{settings, time, database, {upper, lower}};
 
     Bench() { LoadSettings(FakeSettingsStore(), settings); }
+
+    void Add(const QByteArray& values) const {
+        store.Raw("INSERT INTO Kinenbi(Name,Year,Month,Day,Week) VALUES " + values);
+    }
+    /// One tick of Dz_Timer1.
+    void Tick() {
+        lines.LookUp();
+        lines.TimeTick();
+    }
+    /// What the upper line did in so many turns.
+    QStringList Turns(int count) {
+        upper.TakeRecord();
+        for (int turn = 0; turn < count; ++turn) {
+            lines.RotateTick();
+        }
+        return upper.TakeRecord();
+    }
 };
+
+constexpr auto kSaturday = u"平成10年10月3日(土曜日)";
+constexpr auto kSunday = u"平成10年10月4日(日曜日)";
+
+QString Shown(QStringView text) {
+    return u"show "_s + text;
+}
+QString Set(QStringView text) {
+    return u"set "_s + text;
+}
 
 }  // namespace
 
@@ -31,10 +63,20 @@ class TstClockLines : public QObject {
 private Q_SLOTS:
     void ChoosingTheClockWipesBothLinesIn();
     void TheTimeIsSetOnceASecondThoughTheTimerRunsFiveTimes();
-    void TheFirstTickAlwaysLooks();
-    void MidnightChangesTheDateTextAndTheNextDateTickShowsIt();
+    void WithoutNamesTheDateIsSetWithoutAWipe();
+    void DateAndNamesTakeTurnsWithAWipe();
+    void AHolidayAloneTakesTurnsToo();
+    void TheFirstTickAlwaysLooksUp();
+    void TheLookUpLeavesTheUpperLineAlone();
+    void AfterMidnightTheFirstTurnIsTheFirstName();
+    void AfterMidnightWithoutNamesTheNewDateIsSet();
+    void SwitchingAwayAndBackKeepsTheTurn();
+    void AChangeOfTheDayIsSeenAfterTheRefreshFlag();
     void AChangedStyleIsSeenOnlyAfterTheRefreshFlag();
-    void TheDateIsSetWithoutAWipe();
+    void ANameAddedWithoutTheFlagIsSeenTheNextDay();
+    void AFailingLookUpIsNotRepeated();
+    void AFailingLookUpDoesNotAnnounceYesterday();
+    void AClosedDatabaseIsLeftAlone();
 };
 
 void TstClockLines::ChoosingTheClockWipesBothLinesIn() {
@@ -47,50 +89,141 @@ void TstClockLines::ChoosingTheClockWipesBothLinesIn() {
 void TstClockLines::TheTimeIsSetOnceASecondThoughTheTimerRunsFiveTimes() {
     Bench bench;
     for (int tick = 0; tick < 10; ++tick) {
-        bench.lines.TimeTick();
+        bench.Tick();
         bench.time.Advance(200);
     }
     QCOMPARE(bench.lower.TakeRecord(), (QStringList{u"set 午後11時59分58秒"_s, u"set 午後11時59分59秒"_s}));
-    QVERIFY(bench.upper.TakeRecord().isEmpty());  // the look-up leaves the upper line alone
 }
 
-void TstClockLines::TheFirstTickAlwaysLooks() {
+void TstClockLines::WithoutNamesTheDateIsSetWithoutAWipe() {
     Bench bench;
-    bench.lines.TimeTick();
-    bench.lines.DateTick();
-    QCOMPARE(bench.upper.Text(), u"平成10年10月3日(土曜日)"_s);
+    bench.Tick();
+    QCOMPARE(bench.Turns(2), (QStringList{Set(kSaturday), Set(kSaturday)}));
 }
 
-void TstClockLines::MidnightChangesTheDateTextAndTheNextDateTickShowsIt() {
+void TstClockLines::DateAndNamesTakeTurnsWithAWipe() {
     Bench bench;
-    bench.lines.TimeTick();
-    bench.lines.DateTick();
+    bench.Add("('一つ目',0,10,3,0),('二つ目',0,0,3,0)");
+    bench.store.Raw("INSERT INTO Syukuzitu(Name,Month,Day) VALUES ('祝日',10,3)");
+    bench.Tick();
+    QCOMPARE(bench.Turns(5), (QStringList{Shown(u"一つ目"), Shown(u"二つ目"), Shown(u"祝日"),
+                                          Shown(kSaturday), Shown(u"一つ目")}));
+}
+
+void TstClockLines::AHolidayAloneTakesTurnsToo() {
+    Bench bench;
+    bench.store.Raw("INSERT INTO Syukuzitu(Name,Month,Day) VALUES ('祝日',10,3)");
+    bench.Tick();
+    QCOMPARE(bench.Turns(3), (QStringList{Shown(u"祝日"), Shown(kSaturday), Shown(u"祝日")}));
+}
+
+void TstClockLines::TheFirstTickAlwaysLooksUp() {
+    Bench bench;
+    bench.Add("('今日',0,10,3,0)");
+    bench.Tick();
+    QCOMPARE(bench.Turns(1), QStringList{Shown(u"今日")});
+}
+
+void TstClockLines::TheLookUpLeavesTheUpperLineAlone() {
+    Bench bench;
+    bench.Add("('今日',0,10,3,0)");
+    bench.lines.Show();
+    bench.upper.TakeRecord();
+    bench.Tick();
+    bench.time.Advance(2000);  // midnight
+    bench.Tick();
+    QVERIFY(bench.upper.TakeRecord().isEmpty());
+}
+
+void TstClockLines::AfterMidnightTheFirstTurnIsTheFirstName() {
+    Bench bench;
+    bench.Add("('昨日',0,10,3,0),('今日',0,10,4,0)");
+    bench.Tick();
+    bench.Turns(1);
     bench.time.Advance(2000);
-    bench.lines.TimeTick();
-    QCOMPARE(bench.upper.Text(), u"平成10年10月3日(土曜日)"_s);
-    bench.lines.DateTick();
-    QCOMPARE(bench.upper.Text(), u"平成10年10月4日(日曜日)"_s);
+    bench.Tick();
+    QCOMPARE(bench.Turns(2), (QStringList{Shown(u"今日"), Shown(kSunday)}));
     QCOMPARE(bench.lower.Text(), u"午前0時00分00秒"_s);
+}
+
+void TstClockLines::AfterMidnightWithoutNamesTheNewDateIsSet() {
+    Bench bench;
+    bench.Add("('昨日',0,10,3,0)");
+    bench.Tick();
+    bench.time.Advance(2000);
+    bench.Tick();
+    QCOMPARE(bench.Turns(1), QStringList{Set(kSunday)});
+}
+
+void TstClockLines::SwitchingAwayAndBackKeepsTheTurn() {
+    Bench bench;
+    bench.Add("('一つ目',0,10,3,0),('二つ目',0,10,3,0)");
+    bench.Tick();
+    bench.Turns(1);
+    bench.lines.Show();  // another function was shown meanwhile
+    bench.Tick();
+    QCOMPARE(bench.Turns(1), QStringList{Shown(u"二つ目")});
+}
+
+void TstClockLines::AChangeOfTheDayIsSeenAfterTheRefreshFlag() {
+    Bench bench;
+    bench.Tick();
+    bench.Add("('今日',0,10,3,0)");
+    bench.Tick();
+    QCOMPARE(bench.Turns(1), QStringList{Set(kSaturday)});
+    bench.lines.RaiseRefresh();
+    bench.Tick();
+    QCOMPARE(bench.Turns(1), QStringList{Shown(u"今日")});
 }
 
 void TstClockLines::AChangedStyleIsSeenOnlyAfterTheRefreshFlag() {
     Bench bench;
-    bench.lines.TimeTick();
+    bench.Tick();
     bench.settings.language = 1;
-    bench.lines.TimeTick();
-    bench.lines.DateTick();
-    QCOMPARE(bench.upper.Text(), u"平成10年10月3日(土曜日)"_s);
+    bench.Tick();
+    QCOMPARE(bench.Turns(1), QStringList{Set(kSaturday)});
     bench.lines.RaiseRefresh();
-    bench.lines.TimeTick();
-    bench.lines.DateTick();
-    QCOMPARE(bench.upper.Text(), u"October 3,1998 Saturday"_s);
+    bench.Tick();
+    QCOMPARE(bench.Turns(1), QStringList{Set(u"October 3,1998 Saturday")});
 }
 
-void TstClockLines::TheDateIsSetWithoutAWipe() {
+void TstClockLines::ANameAddedWithoutTheFlagIsSeenTheNextDay() {
     Bench bench;
-    bench.lines.TimeTick();
-    bench.lines.DateTick();
-    QCOMPARE(bench.upper.TakeRecord(), QStringList{u"set 平成10年10月3日(土曜日)"_s});
+    bench.Tick();
+    bench.Add("('毎日',0,0,3,0),('毎日',0,0,4,0)");
+    bench.Tick();
+    QCOMPARE(bench.Turns(1), QStringList{Set(kSaturday)});
+    bench.time.Advance(2000);
+    bench.Tick();
+    QCOMPARE(bench.Turns(1), QStringList{Shown(u"毎日")});
+}
+
+void TstClockLines::AFailingLookUpIsNotRepeated() {
+    Bench bench;
+    bench.store.Raw("ALTER TABLE Kinenbi RENAME TO Gone");
+    QVERIFY_THROWS_EXCEPTION(SqlError, bench.lines.LookUp());
+    bench.lines.LookUp();  // the day counts as looked up
+    QCOMPARE(bench.Turns(1), QStringList{Set(kSaturday)});
+}
+
+void TstClockLines::AFailingLookUpDoesNotAnnounceYesterday() {
+    Bench bench;
+    bench.Add("('昨日',0,10,3,0)");
+    bench.Tick();
+    bench.store.Raw("ALTER TABLE Kinenbi RENAME TO Gone");
+    bench.time.Advance(2000);
+    QVERIFY_THROWS_EXCEPTION(SqlError, bench.lines.LookUp());
+    QCOMPARE(bench.Turns(1), QStringList{Set(kSunday)});
+}
+
+void TstClockLines::AClosedDatabaseIsLeftAlone() {
+    Bench bench;
+    bench.Add("('今日',0,10,3,0)");
+    bench.database.reset();
+    bench.Tick();
+    bench.database = OpenDayDatabase(bench.store.Path());
+    bench.Tick();  // and the look-up is made up for
+    QCOMPARE(bench.Turns(1), QStringList{Shown(u"今日")});
 }
 
 QTEST_GUILESS_MAIN(TstClockLines)

@@ -25,7 +25,8 @@ struct Bench {
     FakeTextLine upper;
     FakeTextLine lower;
     FakeMarks marks;
-    ClockLines clockLines{settings, time, {upper, lower}};
+    std::unique_ptr<DayDatabase> closedDatabase;
+    ClockLines clockLines{settings, time, closedDatabase, {upper, lower}};
     UsageLines usageLines{settings, time, {upper, lower}};
     std::unique_ptr<Timer> dz1 = time.Create(200, [] {});
     std::unique_ptr<Timer> dz2 = time.Create(10000, [] {});

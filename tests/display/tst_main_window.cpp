@@ -3,6 +3,7 @@
 #include <QTest>
 
 #include "core/settings_io.h"
+#include "days/day_store.h"
 #include "display/line_look.h"
 #include "display/main_window.h"
 #include "platform/virtual_time.h"
@@ -20,13 +21,15 @@ struct Bench {
     VirtualTime time{QDateTime(QDate(1998, 11, 15), QTime(21, 5, 7)), 307'000};
     FakeMessageBoxes boxes;
     Handlers handlers{boxes};
+    DayStore dayStore;
+    std::unique_ptr<DayDatabase> dayDatabase = OpenDayDatabase(dayStore.Path());
     int closed = 0;
     std::unique_ptr<Form1> form;
 
     void Start() {
         LoadSettings(store, settings);
         form = std::make_unique<Form1>(
-            MainWindowParts{settings, store, time, time, handlers, [this] { ++closed; }});
+            MainWindowParts{settings, store, dayDatabase, time, time, handlers, [this] { ++closed; }});
         form->Form_Load();
         form->show();
     }
@@ -45,6 +48,9 @@ private Q_SLOTS:
     void AFirstStartLooksAsItShould();
     void TheFunctionStartsAfterElevenSeconds();
     void AFunctionChosenDuringTheDelayStartsAgainAtItsEnd();
+    void TodaysNamesTakeTurnsEveryTenSeconds();
+    void ARaisedRefreshFlagIsSeen();
+    void ABrokenLookUpIsToldOnceAndTheTimeGoesOn();
     void TheStoredFunctionComesBack();
     void AFunctionOutsideLeavesTheLinesAlone();
     void TheLinesTakeTheirStyles();
@@ -105,6 +111,43 @@ void TstMainWindow::AFunctionChosenDuringTheDelayStartsAgainAtItsEnd() {
     bench.time.Advance(1000);
     QVERIFY(bench.Upper().IsWiping());
     QCOMPARE(bench.form->GetFuncNumber(), 1);
+}
+
+void TstMainWindow::TodaysNamesTakeTurnsEveryTenSeconds() {
+    Bench bench;
+    bench.dayStore.Raw("INSERT INTO Kinenbi(Name,Year,Month,Day,Week) VALUES ('七五三',0,11,15,0)");
+    bench.Start();
+    bench.time.Advance(11'000);
+    QCOMPARE(bench.Upper().Text(), u"平成10年11月15日(日曜日)"_s);
+    bench.time.Advance(10'000);
+    QCOMPARE(bench.Upper().Text(), u"七五三"_s);
+    QVERIFY(bench.Upper().IsWiping());
+    bench.time.Advance(10'000);
+    QCOMPARE(bench.Upper().Text(), u"平成10年11月15日(日曜日)"_s);
+}
+
+void TstMainWindow::ARaisedRefreshFlagIsSeen() {
+    Bench bench;
+    bench.Start();
+    bench.time.Advance(21'000);
+    QCOMPARE(bench.Upper().Text(), u"平成10年11月15日(日曜日)"_s);
+    QCOMPARE(
+        bench.dayDatabase->Execute(
+            u"INSERT INTO Kinenbi(Name,Year,Month,Day,Week) VALUES (\"新しい\",\"0\",\"11\",\"15\",\"0\")"_s),
+        1);
+    bench.form->RaiseRefresh();
+    bench.time.Advance(10'000);
+    QCOMPARE(bench.Upper().Text(), u"新しい"_s);
+}
+
+void TstMainWindow::ABrokenLookUpIsToldOnceAndTheTimeGoesOn() {
+    Bench bench;
+    bench.Start();
+    bench.dayStore.Raw("ALTER TABLE Kinenbi RENAME TO Gone");
+    bench.time.Advance(60'000);
+    QCOMPARE(bench.boxes.Shown().size(), 1);
+    QCOMPARE(bench.boxes.Shown().constFirst().title, u"Tickwell"_s);
+    QCOMPARE(bench.Lower().Text(), u"午後9時06分07秒"_s);
 }
 
 void TstMainWindow::TheStoredFunctionComesBack() {

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// make_day_database SCRIPT.sql FILE: writes a new day database from the statements in SCRIPT. An existing
-// FILE is replaced only when all of them went through.
+// make_day_database FILE SCRIPT.sql...: writes a new day database from the statements in the scripts, one
+// after the other. An existing FILE is replaced only when all of them went through.
 
 #include <sqlite3.h>
 
@@ -17,10 +17,12 @@ struct Closer {
     void operator()(sqlite3* handle) const { sqlite3_close(handle); }
 };
 
-bool ReadAll(const char* path, std::string& text) {
+/// Adds the contents of a file that is not empty.
+bool Append(const char* path, std::string& text) {
     std::ifstream file(path, std::ios::binary);
-    text.assign(std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>());
-    return file.good() || (file.eof() && !text.empty());
+    const auto before = text.size();
+    text.append(std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>());
+    return file.good() || (file.eof() && text.size() > before);
 }
 
 /// Runs the script on a new file; true when every statement went through.
@@ -39,24 +41,30 @@ bool Create(const std::string& path, const std::string& script) {
 }  // namespace
 
 int main(int argc, char** argv) {
-    if (argc != 3) {
-        std::fputs("usage: make_day_database SCRIPT.sql FILE\n", stderr);
+    if (argc < 3) {
+        std::fputs("usage: make_day_database FILE SCRIPT.sql...\n", stderr);
         return 2;
     }
     std::string script;
-    if (!ReadAll(argv[1], script)) {
-        std::fprintf(stderr, "make_day_database: cannot read %s\n", argv[1]);
-        return 1;
+    for (int i = 2; i < argc; ++i) {
+        if (!Append(argv[i], script)) {
+            std::fprintf(stderr, "make_day_database: cannot read %s\n", argv[i]);
+            return 1;
+        }
     }
-    const std::string unfinished = std::string(argv[2]) + ".new";
+    const std::string unfinished = std::string(argv[1]) + ".new";
     std::error_code error;
     std::filesystem::remove(unfinished, error);
-    if (error || !Create(unfinished, script)) {
-        return 1;
+    const bool isCreated = !error && Create(unfinished, script);
+    if (isCreated) {
+        std::filesystem::rename(unfinished, argv[1], error);
     }
-    std::filesystem::rename(unfinished, argv[2], error);
     if (error) {
-        std::fprintf(stderr, "make_day_database: %s: %s\n", argv[2], error.message().c_str());
+        std::fprintf(stderr, "make_day_database: %s: %s\n", argv[1], error.message().c_str());
+    }
+    if (!isCreated || error) {
+        std::error_code ignored;  // what failed was told already
+        std::filesystem::remove(unfinished, ignored);
         return 1;
     }
     return 0;

@@ -1,0 +1,39 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QStringList>
+#include <QTemporaryDir>
+
+struct sqlite3;
+
+namespace tickwell {
+
+/// A connection that goes past the program, straight to the engine. Throws std::runtime_error.
+class RawConnection {
+public:
+    explicit RawConnection(const QString& path);
+    ~RawConnection();
+    RawConnection(const RawConnection&) = delete;
+    RawConnection& operator=(const RawConnection&) = delete;
+
+    /// Runs the statements; the rows that come back, each with its values joined by "|".
+    QStringList Run(const QByteArray& sql);
+
+private:
+    sqlite3* m_handle = nullptr;
+};
+
+/// A day database in a folder of its own, with the national holidays that are delivered and nothing else.
+class DayStore {
+public:
+    DayStore();
+
+    QString Folder() const { return m_folder.path(); }
+    QString Path() const { return m_folder.filePath(QStringLiteral("DayDate.mdb")); }
+    QStringList Raw(const QByteArray& sql) const { return RawConnection(Path()).Run(sql); }
+
+private:
+    QTemporaryDir m_folder;
+};
+
+}  // namespace tickwell

@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QDate>
+#include <QRandomGenerator>
+#include <QString>
+#include <array>
+#include <functional>
+
+#include "days/anniversary_model.h"
+
+namespace tickwell {
+
+/// What is asked of the anniversary book. Absent dates: no condition on them.
+struct Search {
+    bool hasOneDay = true;
+    bool hasEveryYear = true;
+    bool hasEveryMonth = true;
+    bool hasName = false;
+    bool hasDates = false;
+    QString name;
+    QDate start;
+    QDate end;
+};
+
+/// A search for one kind of row: the text that asks for them, and, worked out apart from it, whether a row is
+/// meant.
+struct SearchQuery {
+    QString text;
+    std::function<bool(const Anniversary&)> isMeant;
+};
+
+/// One-day, every-year and every-month rows.
+std::array<SearchQuery, 3> SearchQueries(const Search& search);
+
+}  // namespace tickwell

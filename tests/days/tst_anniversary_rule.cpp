@@ -1,0 +1,133 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include <QTest>
+
+#include "days/day_database.h"
+#include "days/day_rule.h"
+#include "days/day_store.h"
+
+using namespace Qt::StringLiterals;
+using namespace tickwell;
+
+namespace {
+
+QString Names(const ResultSet& rows) {
+    QStringList names;
+    for (const ResultRow& row : rows) {
+        names.append(row.Text(u"Name"));
+    }
+    return names.join(u' ');
+}
+
+QString Insert(const QString& name, int year, int month, int day, int week) {
+    return u"INSERT INTO Kinenbi(Name,Year,Month,Day,Week) VALUES (\"%1\",%2,%3,%4,%5)"_s.arg(name)
+        .arg(year)
+        .arg(month)
+        .arg(day)
+        .arg(week);
+}
+
+QString AnniversariesOf(DayDatabase& database, QDate date) {
+    return Names(database.RunQuery(AnniversaryQuery(date.year(), date.month(), date.day(), WeekCode(date))));
+}
+
+}  // namespace
+
+/// On which days the rows of the two tables fall.
+class TstAnniversaryRule : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void AnAnniversaryFalls_data();
+    void AnAnniversaryFalls();
+    void EveryWeekCodeFallsOnItsDayAlone();
+    void HasNationalHolidays();
+    void NoNationalHolidaysAreNoError();
+};
+
+void TstAnniversaryRule::AnAnniversaryFalls_data() {
+    QTest::addColumn<QString>("row");
+    QTest::addColumn<QDate>("date");
+    QTest::addColumn<bool>("falls");
+    const auto row = [](const char* name, const QString& insert, QDate date, bool falls) {
+        QTest::newRow(name) << insert << date << falls;
+    };
+    const QString monthly = Insert(u"a"_s, 0, 0, 15, 0);
+    row("monthly, on its day", monthly, QDate(1998, 10, 15), true);
+    row("monthly, on its day of another year", monthly, QDate(2100, 2, 15), true);
+    row("monthly, the day after", monthly, QDate(1998, 10, 16), false);
+    const QString yearly = Insert(u"a"_s, 0, 10, 3, 0);
+    row("yearly, on its day", yearly, QDate(1998, 10, 3), true);
+    row("yearly, in the next month", yearly, QDate(1998, 11, 3), false);
+    const QString once = Insert(u"a"_s, 1998, 10, 3, 0);
+    row("once, on its day", once, QDate(1998, 10, 3), true);
+    row("once, a year later", once, QDate(1999, 10, 3), false);
+    const QString secondMonday = Insert(u"a"_s, 0, 0, 0, 22);
+    row("second Monday", secondMonday, QDate(1998, 10, 12), true);
+    row("second Monday of another month", secondMonday, QDate(2026, 11, 9), true);
+    row("first Monday", secondMonday, QDate(1998, 10, 5), false);
+    row("second Tuesday", secondMonday, QDate(1998, 10, 13), false);
+    const QString januaryMonday = Insert(u"a"_s, 0, 1, 0, 22);
+    row("second Monday of January", januaryMonday, QDate(2026, 1, 12), true);
+    row("second Monday of February", januaryMonday, QDate(2026, 2, 9), false);
+    const QString both = Insert(u"a"_s, 0, 0, 3, 22);
+    row("day and week, on the day", both, QDate(1998, 10, 3), true);
+    row("day and week, on the weekday", both, QDate(1998, 10, 12), true);
+    row("day and week, elsewhere", both, QDate(1998, 10, 13), false);
+    row("day that a month has not", Insert(u"a"_s, 0, 2, 30, 0), QDate(1998, 3, 30), false);
+}
+
+void TstAnniversaryRule::AnAnniversaryFalls() {
+    QFETCH(QString, row);
+    QFETCH(QDate, date);
+    QFETCH(bool, falls);
+    const DayStore store;
+    DayDatabase database(store.Path());
+    QCOMPARE(database.Execute(row), 1);
+    QCOMPARE(AnniversariesOf(database, date), falls ? u"a"_s : QString());
+}
+
+void TstAnniversaryRule::EveryWeekCodeFallsOnItsDayAlone() {
+    const DayStore store;
+    DayDatabase database(store.Path());
+    database.Execute(Insert(u"never"_s, 0, 0, 0, 0));
+    DayTransaction transaction(database);
+    for (int week = 1; week <= 5; ++week) {
+        for (int weekday = 1; weekday <= 7; ++weekday) {
+            database.Execute(Insert(u"w%1%2"_s.arg(week).arg(weekday), 0, 0, 0, 10 * week + weekday));
+        }
+    }
+    transaction.Commit();
+    for (QDate date(2026, 1, 1); date.year() == 2026; date = date.addDays(1)) {
+        QCOMPARE(AnniversariesOf(database, date), u"w%1"_s.arg(WeekCode(date)));
+        // The daily check hands the digits in the other way round.
+        const int swapped = WeekCode(date) % 10 * 10 + WeekCode(date) / 10;
+        const QString announced =
+            Names(database.RunQuery(AnniversaryQuery(2026, date.month(), date.day(), swapped)));
+        QCOMPARE(announced, date.dayOfWeek() % 7 + 1 <= 5 ? u"w%1"_s.arg(swapped) : QString());
+    }
+}
+
+void TstAnniversaryRule::HasNationalHolidays() {
+    const DayStore store;
+    DayDatabase database(store.Path());
+    QCOMPARE(Names(database.RunQuery(HolidayQuery(1, 1))), u"元日"_s);
+    QCOMPARE(Names(database.RunQuery(HolidayQuery(1, 2))), QString());
+    QCOMPARE(Names(database.RunQuery(MonthHolidayQuery(5))), u"憲法記念日 みどりの日 こどもの日"_s);
+    const ResultSet november = database.RunQuery(MonthHolidayQuery(11));
+    QCOMPARE(november.Count(), 2);
+    QCOMPARE(november.Row(1).Integer(u"Day"), 23);
+    QCOMPARE(database.Execute(u"INSERT INTO Syukuzitu VALUES (\"never\",2,30)"_s), 1);
+    QCOMPARE(Names(database.RunQuery(MonthHolidayQuery(2))), u"建国記念の日 天皇誕生日 never"_s);
+}
+
+void TstAnniversaryRule::NoNationalHolidaysAreNoError() {
+    const DayStore store;
+    store.Raw("DELETE FROM Syukuzitu");
+    DayDatabase database(store.Path());
+    for (int month = 1; month <= 12; ++month) {
+        QCOMPARE(database.RunQuery(MonthHolidayQuery(month)).Count(), 0);
+    }
+}
+
+QTEST_GUILESS_MAIN(TstAnniversaryRule)
+#include "tst_anniversary_rule.moc"

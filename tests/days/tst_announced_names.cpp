@@ -1,0 +1,93 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include <QTest>
+
+#include "days/announced_names.h"
+#include "days/day_store.h"
+
+using namespace tickwell;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Week of the month and weekday (1 Sunday) of a day, counted on fingers.
+std::pair<int, int> WeekAndWeekday(QDate day) {
+    int week = 0;
+    for (QDate each(day.year(), day.month(), 1); each <= day; each = each.addDays(1)) {
+        week += each.dayOfWeek() == day.dayOfWeek() ? 1 : 0;
+    }
+    return {week, day.dayOfWeek() == Qt::Sunday ? 1 : day.dayOfWeek() + 1};
+}
+
+}  // namespace
+
+/// What the main window announces on a day.
+class TstAnnouncedNames : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void TheDigitsOfTheWeekCodeAreExchangedOnPurpose();
+    void AnniversariesComeBeforeHolidaysEachInStoredOrder();
+    void ADayWithNothingHasNoNames();
+    void TheThirdMondayIsAnnouncedOnTheSecondTuesdayAndNeverOnItself();
+    void AllThirtyFiveCodesOverAYear();
+};
+
+void TstAnnouncedNames::TheDigitsOfTheWeekCodeAreExchangedOnPurpose() {
+    QCOMPARE(AnnouncedWeekCode(QDate(1998, 10, 3)), 71);   // Saturday, week 1
+    QCOMPARE(AnnouncedWeekCode(QDate(1998, 10, 12)), 22);  // second Monday
+    QCOMPARE(AnnouncedWeekCode(QDate(1998, 10, 13)), 32);  // second Tuesday
+}
+
+void TstAnnouncedNames::AnniversariesComeBeforeHolidaysEachInStoredOrder() {
+    const DayStore store;
+    store.Raw(
+        "INSERT INTO Kinenbi(Name,Year,Month,Day,Week) VALUES "
+        "('後',0,11,23,0),('先',2026,0,23,0),('他',0,11,24,0)");
+    store.Raw("INSERT INTO Syukuzitu(Name,Month,Day) VALUES ('もう一つの祝日',11,23)");
+    DayDatabase database(store.Path());
+    QCOMPARE(AnnouncedNames(database, QDate(2026, 11, 23)),
+             (QStringList{u"後"_s, u"先"_s, u"勤労感謝の日"_s, u"もう一つの祝日"_s}));
+}
+
+void TstAnnouncedNames::ADayWithNothingHasNoNames() {
+    const DayStore store;
+    DayDatabase database(store.Path());
+    QCOMPARE(AnnouncedNames(database, QDate(2026, 11, 20)), QStringList());
+}
+
+void TstAnnouncedNames::TheThirdMondayIsAnnouncedOnTheSecondTuesdayAndNeverOnItself() {
+    const DayStore store;
+    store.Raw("INSERT INTO Kinenbi(Name,Year,Month,Day,Week) VALUES ('第三月曜',0,0,0,32)");
+    DayDatabase database(store.Path());
+    for (QDate day(2026, 1, 1); day.year() == 2026; day = day.addDays(1)) {
+        const bool secondTuesday = WeekAndWeekday(day) == std::pair(2, 3);
+        QCOMPARE(AnnouncedNames(database, day).contains(u"第三月曜"_s), secondTuesday);
+    }
+}
+
+void TstAnnouncedNames::AllThirtyFiveCodesOverAYear() {
+    const DayStore store;
+    store.Raw("DELETE FROM Syukuzitu");
+    for (int week = 1; week <= 5; ++week) {
+        for (int weekday = 1; weekday <= 7; ++weekday) {
+            const QByteArray code = QByteArray::number(10 * week + weekday);
+            store.Raw("INSERT INTO Kinenbi(Name,Year,Month,Day,Week) VALUES ('" + code + "',0,0,0," + code +
+                      ")");
+        }
+    }
+    DayDatabase database(store.Path());
+    QSet<QString> announced;
+    for (QDate day(2026, 1, 1); day.year() == 2026; day = day.addDays(1)) {
+        const auto [week, weekday] = WeekAndWeekday(day);
+        // The code 10 * week + weekday is met on the day whose weekday is its week and whose week is its
+        // weekday.
+        const QStringList expected =
+            weekday <= 5 ? QStringList{QString::number(10 * weekday + week)} : QStringList();
+        QCOMPARE(AnnouncedNames(database, day), expected);
+        announced.unite(QSet<QString>(expected.begin(), expected.end()));
+    }
+    QCOMPARE(announced.size(), 25);  // those whose weekday is a Friday or a Saturday never are
+}
+
+QTEST_GUILESS_MAIN(TstAnnouncedNames)
+#include "tst_announced_names.moc"

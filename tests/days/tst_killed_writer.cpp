@@ -1,0 +1,111 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include <QProcess>
+#include <QRandomGenerator>
+#include <QTest>
+#include <chrono>
+#include <thread>
+
+#include "days/day_database.h"
+#include "days/day_store.h"
+
+using namespace Qt::StringLiterals;
+using namespace tickwell;
+
+namespace {
+
+constexpr quint32 kSeed = 0xD1E;
+constexpr int kKills = 200;
+constexpr int kLongestLife = 25'000;   // microseconds
+constexpr int kKillsPerEarlyKill = 4;  // one of them does not wait for the first answer
+constexpr int kStartTimeout = 30'000;  // ms
+
+/// Numbers that a writer said before it died, and the year of the last month that it stored whole.
+struct Told {
+    int count = 0;
+    int lastNumber = 0;
+    int lastYear = 0;
+};
+
+/// Reads what was told, whole lines alone; a line cut off is not told.
+Told ToldIn(const QByteArray& output, Told told) {
+    for (qsizetype at = 0, end = 0; (end = output.indexOf('\n', at)) >= 0; at = end + 1) {
+        const int number = output.mid(at, end - at).toInt();
+        ++told.count;
+        (number > 0 ? told.lastNumber : told.lastYear) = std::abs(number);
+    }
+    return told;
+}
+
+/// Starts a writer at `first`, kills it `life` after its start or after its first answer, and gives back what
+/// it said.
+QByteArray Killed(const DayStore& store, int first, bool waits, std::chrono::microseconds life) {
+    QProcess writer;
+    writer.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+    writer.start(QStringLiteral(TICKWELL_DAY_WRITER), {store.Path(), QString::number(first)});
+    if (!writer.waitForStarted(kStartTimeout) || (waits && !writer.waitForReadyRead(kStartTimeout))) {
+        qWarning("the writer said nothing");
+    }
+    std::this_thread::sleep_for(life);  // what is tested is the moment itself
+    writer.kill();
+    writer.waitForFinished(kStartTimeout);
+    return writer.exitStatus() == QProcess::CrashExit ? writer.readAllStandardOutput() : QByteArray();
+}
+
+}  // namespace
+
+/// A writer is killed at random moments, again and again, on one and the same file. What it said is stored is
+/// there.
+class TstKilledWriter : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void WhatWasSaidIsThere();
+
+private:
+    void CheckStore(const DayStore& store, const Told& told);
+};
+
+void TstKilledWriter::CheckStore(const DayStore& store, const Told& told) {
+    const QStringList found = store.Raw(
+        "PRAGMA quick_check; SELECT count(*), coalesce(max(\"Year\"), 0), count(DISTINCT \"Year\"), "
+        "count(*) FILTER (WHERE \"Year\" > 0 AND \"Name\" = '記念日' || \"Year\") FROM Kinenbi;"
+        "SELECT count(*), count(DISTINCT \"Date\"), count(DISTINCT substr(\"Date\", 1, 4)), "
+        "max(substr(\"Date\", 1, 4)) "
+        "FROM Holiday");
+    QCOMPARE(found.size(), 3);
+    QCOMPARE(found[0], u"ok"_s);
+    // Numbers 1 to the last one, each once: at most one of this life is there that was not said any more.
+    const int last = found[1].section(u'|', 1, 1).toInt();
+    QVERIFY2(last == told.lastNumber || last == told.lastNumber + 1, qPrintable(found[1]));
+    QCOMPARE(found[1], u"%1|%1|%1|%1"_s.arg(last));
+    // The marked days are always those of one month, whole: the one last said, or one after it.
+    if (told.lastYear > 0) {
+        const int year = found[2].section(u'|', 3, 3).toInt();
+        QCOMPARE(found[2], u"31|31|1|%1"_s.arg(year));
+        QVERIFY2(year >= told.lastYear && year <= 1000 + told.lastNumber, qPrintable(found[2]));
+    }
+}
+
+void TstKilledWriter::WhatWasSaidIsThere() {
+    qInfo("seed %u", kSeed);
+    const DayStore store;
+    QRandomGenerator random(kSeed);
+    Told told;
+    for (int i = 0; i < kKills; ++i) {
+        told.lastNumber = store.Raw("SELECT count(*) FROM Kinenbi")[0].toInt();  // one may be there unsaid
+        const int next = told.lastNumber + 1;
+        told = ToldIn(Killed(store, next, i % kKillsPerEarlyKill != 0,
+                             std::chrono::microseconds(random.bounded(kLongestLife))),
+                      told);
+        CheckStore(store, told);
+        if (QTest::currentTestFailed()) {
+            QFAIL(qPrintable(u"at kill %1"_s.arg(i)));
+        }
+        const DayDatabase opens(store.Path());
+    }
+    qInfo("%d rows and months were stored", told.count);
+    QVERIFY(told.count > kKills);
+}
+
+QTEST_GUILESS_MAIN(TstKilledWriter)
+#include "tst_killed_writer.moc"
