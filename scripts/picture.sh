@@ -6,6 +6,8 @@ set -eu
 program=$1
 file=$2
 work=$(mktemp -d)
+: "${XDG_RUNTIME_DIR:=$work}" # the toolkit complains where no login made one
+export XDG_RUNTIME_DIR
 "$program" &
 process=$!
 trap 'kill $process 2>/dev/null || true; rm -rf "$work"' EXIT

@@ -1,11 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/single_instance.h"
 
+#include <unistd.h>
+
 #include <QCryptographicHash>
 #include <QDir>
 #include <QFileInfo>
 #include <QLocalSocket>
-#include <QStandardPaths>
 
 #include "core/errors.h"
 
@@ -18,13 +19,15 @@ namespace {
 constexpr int kPatience = 3000;  // ms for the first process to answer; it may be starting up itself
 constexpr auto kWord = "forward\n";
 
-/// A socket in the user's own run-time folder, named by the program folder: names of sockets are short, paths
-/// are not.
+/// A socket in the user's own run-time folder, or among the temporary files where there is none; named by the
+/// program folder through a hash, since names of sockets are short and paths are not.
 QString SocketPath(const QString& folder) {
     const QByteArray path = QFileInfo(folder).canonicalFilePath().toUtf8();
     const QByteArray hash = QCryptographicHash::hash(path, QCryptographicHash::Sha256).toHex().first(16);
-    return QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation) + u"/tickwell-" +
-           QString::fromLatin1(hash);
+    const QString runtime = qEnvironmentVariable("XDG_RUNTIME_DIR");
+    return u"%1/tickwell-%2-%3"_s.arg(runtime.isEmpty() ? QDir::tempPath() : runtime)
+        .arg(getuid())
+        .arg(QLatin1StringView(hash));
 }
 
 }  // namespace

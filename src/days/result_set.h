@@ -45,8 +45,8 @@ public:
     const ResultRow& Row(int row) const { return m_rows.at(static_cast<std::size_t>(row)); }
 
     // For "for": the language asks for these names.
-    auto begin() const { return m_rows.begin(); }  // NOLINT(readability-identifier-naming)
-    auto end() const { return m_rows.end(); }      // NOLINT(readability-identifier-naming)
+    auto begin() const { return m_rows.begin(); }
+    auto end() const { return m_rows.end(); }
 
 private:
     std::vector<ResultRow> m_rows;
