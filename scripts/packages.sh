@@ -17,7 +17,7 @@ need() {
     echo "Installing$missing"
     as_root=""
     [ "$(id -u)" -eq 0 ] || as_root="sudo"
-    export DEBIAN_FRONTEND=noninteractive
+    export DEBIAN_FRONTEND=noninteractive DEBCONF_NOWARNINGS=yes
     # shellcheck disable=SC2086
     $as_root apt-get -qq update >/dev/null &&
         $as_root apt-get -qq install --yes --no-install-recommends $missing >/dev/null ||
