@@ -58,10 +58,11 @@ void FillNew(const QString& folder, const QString& masters) {
     MasterRecord record;
     for (const QString& name : RequiredFiles()) {
         const QString master = masters + u'/' + name;
-        if (QFileInfo::exists(master)) {  // one that is missing is named by the start-up, as anywhere else
-            Copy(master, unfinished.filePath(name));
-            record.Set(name, master);
+        if (masters.isEmpty() || !QFileInfo::exists(master)) {
+            throw RunTimeError(name);  // a folder without it would never be filled again
         }
+        Copy(master, unfinished.filePath(name));
+        record.Set(name, master);
     }
     record.Write(unfinished.path());
     if (QDir().rename(unfinished.path(), folder)) {

@@ -44,7 +44,7 @@ bool SingleInstance::Acquire() {
         if (m_lock.error() == QLockFile::LockFailedError) {
             return false;
         }
-        throw RunTimeError(u"プログラムのフォルダーに書き込めません。\r\n"_s + QFileInfo(m_socket).path());
+        throw RunTimeError(u"プログラムのフォルダーに書き込めません。\r\n"_s + m_lock.fileName());
     }
     QLocalServer::removeServer(m_socket);  // left by a process that was killed; the lock is ours
     // Without the socket the program still runs; only a second start cannot call it.

@@ -38,8 +38,8 @@ Form1::Form1(const MainWindowParts& parts)
     : QWidget(nullptr, Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint),
       m_parts(parts),
       m_pacer(parts.clock, parts.timers),
-      m_MovingWord1(new MovingWord({parts.clock, parts.timers, m_pacer}, this)),
-      m_MovingWord2(new MovingWord({parts.clock, parts.timers, m_pacer}, this)),
+      m_MovingWord1(std::make_unique<MovingWord>(LineTime{parts.clock, parts.timers, m_pacer}, this)),
+      m_MovingWord2(std::make_unique<MovingWord>(LineTime{parts.clock, parts.timers, m_pacer}, this)),
       m_menu(new MainMenu(
           parts.handlers, [this](const MenuItem& item) { Menu_Click(item); }, this)),
       m_clockLines(parts.settings, parts.clock, parts.dayDatabase, {*m_MovingWord1, *m_MovingWord2}),

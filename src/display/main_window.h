@@ -80,9 +80,9 @@ private:
 
     MainWindowParts m_parts;
     FramePacer m_pacer;
-    MovingWord* m_MovingWord1;  // owned by the window, as its children are
-    MovingWord* m_MovingWord2;
-    MainMenu* m_menu;
+    std::unique_ptr<MovingWord> m_MovingWord1;  // they leave before their pacer does
+    std::unique_ptr<MovingWord> m_MovingWord2;
+    MainMenu* m_menu;  // owned by the window, as its child
     ClockLines m_clockLines;
     UsageLines m_usageLines;
     std::unique_ptr<Timer> m_setuptimer;

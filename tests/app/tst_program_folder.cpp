@@ -60,7 +60,7 @@ private Q_SLOTS:
     void TheMastersOwnFolderIsLeftAlone();
     void AFullDiskLeavesNoHalfFilledFolder();
     void APlaceThatTakesNoFolderIsAnError();
-    void AMissingMasterIsLeftForTheStartUpToName();
+    void AMissingMasterIsNamedAndNothingIsMade();
 };
 
 void TstProgramFolder::TheFolderIsChosenInOrder() {
@@ -174,11 +174,18 @@ void TstProgramFolder::APlaceThatTakesNoFolderIsAnError() {
     QVERIFY_THROWS_EXCEPTION(RunTimeError, PrepareFolder(bench.folder, bench.masters));
 }
 
-void TstProgramFolder::AMissingMasterIsLeftForTheStartUpToName() {
+void TstProgramFolder::AMissingMasterIsNamedAndNothingIsMade() {
     const Bench bench;
     QVERIFY(QFile::remove(bench.masters + u"/TKW05.wav"_s));
-    PrepareFolder(bench.folder, bench.masters);
-    QCOMPARE(bench.Listing(), RequiredFiles().first(7));
+    try {
+        PrepareFolder(bench.folder, bench.masters);
+        QFAIL("made a folder without all its files");
+    } catch (const RunTimeError& error) {
+        QCOMPARE(error.Reason(), u"TKW05.wav"_s);
+    }
+    QVERIFY(!QFile::exists(bench.folder));
+    QVERIFY_THROWS_EXCEPTION(RunTimeError, PrepareFolder(bench.folder, QString()));
+    QVERIFY(!QFile::exists(bench.folder));
 }
 
 QTEST_GUILESS_MAIN(TstProgramFolder)

@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <QTest>
 
-#include "days/day_database.h"
-#include "days/day_rule.h"
+#include "days/anniversary_texts.h"
 #include "days/day_store.h"
 #include "days/sql_error.h"
 
@@ -26,32 +25,12 @@ QString Shown(const ResultSet& rows) {
     return shown.join(u"; ");
 }
 
-QString Names(const ResultSet& rows) {
-    QStringList names;
-    for (const ResultRow& row : rows) {
-        names.append(row.Text(u"Name"));
-    }
-    return names.join(u' ');
-}
-
 QString Dates(const ResultSet& rows) {
     QStringList dates;
     for (const ResultRow& row : rows) {
         dates.append(row.Date(u"Date").toString(Qt::ISODate));
     }
     return dates.join(u' ');
-}
-
-QString Insert(const QString& name, int year, int month, int day, int week) {
-    return u"INSERT INTO Kinenbi(Name,Year,Month,Day,Week) VALUES (\"%1\",%2,%3,%4,%5)"_s.arg(name)
-        .arg(year)
-        .arg(month)
-        .arg(day)
-        .arg(week);
-}
-
-QString AnniversariesOf(DayDatabase& database, QDate date) {
-    return Names(database.RunQuery(AnniversaryQuery(date.year(), date.month(), date.day(), WeekCode(date))));
 }
 
 }  // namespace
