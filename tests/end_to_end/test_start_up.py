@@ -18,6 +18,7 @@ class StartUp(TickwellCase):
     def assert_refused(self, app, reason):
         """The one box stands there with this reason, and its end is the program's."""
         box = app.wait(role="alert message", name=TITLE)
+        self.session.windows.wait(name=TITLE, pid=app.program.pid)  # so on the screen, and no word more
         texts = [label.name for label in box.find_all(role="label")]
         self.assertTrue(any(text.startswith(BODY + reason) for text in texts), texts)
         self.assertEqual([window.name for window in app.children], [TITLE])
