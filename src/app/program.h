@@ -9,6 +9,7 @@
 #include "app/startup.h"
 #include "core/handlers.h"
 #include "display/main_window.h"
+#include "platform/proc_memory.h"
 #include "platform/qt_message_boxes.h"
 #include "platform/qt_timers.h"
 #include "platform/system_clock.h"
@@ -37,6 +38,7 @@ private:
     Handlers m_handlers;
     SystemClock m_systemClock;
     QtTimers m_qtTimers;
+    ProcMemory m_memory;
     std::unique_ptr<VirtualTime> m_virtualTime;
     std::unique_ptr<VirtualTimePipe> m_virtualTimePipe;
     std::unique_ptr<SingleInstance> m_instance;

@@ -6,17 +6,17 @@
 namespace tickwell {
 
 FunctionSwitch::FunctionSwitch(AppSettings& settings, TextLines lines, FunctionMarks& marks,
-                               const FunctionTimers& timers, ClockLines& clockLines, UsageLines& usageLines)
+                               const FunctionTimers& timers, const FunctionLines& functionLines)
     : m_settings(settings),
       m_lines(lines),
       m_marks(marks),
       m_timers(timers),
-      m_clockLines(clockLines),
-      m_usageLines(usageLines) {}
+      m_functionLines(functionLines) {}
 
 void FunctionSwitch::ChangeFunction(qint32 number) {
     m_settings.function = number;  // first: also a number that names no function is kept
-    for (Timer* timer : {&m_timers.Dz_Timer1, &m_timers.Dz_Timer2, &m_timers.Win_Timer}) {
+    for (Timer* timer :
+         {&m_timers.Dz_Timer1, &m_timers.Dz_Timer2, &m_timers.Win_Timer, &m_timers.MemoryTimer}) {
         timer->Stop();
     }
     const FunctionRow* row = FunctionRowOf(number);
@@ -34,13 +34,17 @@ void FunctionSwitch::ChangeFunction(qint32 number) {
 void FunctionSwitch::ShowFirstTexts(qint32 number) {
     switch (number) {
         case kFunctionClock:
-            m_clockLines.Show();
+            m_functionLines.clock.Show();
             m_timers.Dz_Timer1.Start();
             m_timers.Dz_Timer2.Start();
             break;
         case kFunctionUsage:
-            m_usageLines.Show();
+            m_functionLines.usage.Show();
             m_timers.Win_Timer.Start();
+            break;
+        case kFunctionMemory:
+            m_functionLines.memory.Show();
+            m_timers.MemoryTimer.Start();
             break;
         default:
             break;

@@ -6,15 +6,24 @@
 #include "core/text_line.h"
 #include "display/clock_lines.h"
 #include "display/function_marks.h"
+#include "display/memory_lines.h"
 #include "display/usage_lines.h"
 
 namespace tickwell {
 
+/// What the lines show, function by function; owned by the main window.
+struct FunctionLines {
+    ClockLines& clock;
+    UsageLines& usage;
+    MemoryLines& memory;
+};
+
 /// The timers that refresh the lines, one function each; owned by the main window.
 struct FunctionTimers {
-    Timer& Dz_Timer1;  ///< clock: the time
-    Timer& Dz_Timer2;  ///< clock: the upper line
-    Timer& Win_Timer;  ///< Windows usage time
+    Timer& Dz_Timer1;    ///< clock: the time
+    Timer& Dz_Timer2;    ///< clock: the upper line
+    Timer& Win_Timer;    ///< Windows usage time
+    Timer& MemoryTimer;  ///< memory
 };
 
 /// Which function the main window shows, and what changes when it is another one.
@@ -22,7 +31,7 @@ class FunctionSwitch {
 public:
     /// All outlive this object.
     FunctionSwitch(AppSettings& settings, TextLines lines, FunctionMarks& marks, const FunctionTimers& timers,
-                   ClockLines& clockLines, UsageLines& usageLines);
+                   const FunctionLines& functionLines);
 
     void ChangeFunction(qint32 number);
 
@@ -33,8 +42,7 @@ private:
     TextLines m_lines;
     FunctionMarks& m_marks;
     FunctionTimers m_timers;
-    ClockLines& m_clockLines;
-    UsageLines& m_usageLines;
+    FunctionLines m_functionLines;
 };
 
 }  // namespace tickwell

@@ -9,6 +9,7 @@
 #include "core/display_function.h"
 #include "core/handlers.h"
 #include "core/ports/clock.h"
+#include "core/ports/memory.h"
 #include "core/ports/settings_store.h"
 #include "core/ports/timer.h"
 #include "core/settings.h"
@@ -30,6 +31,7 @@ struct MainWindowParts {
     const std::unique_ptr<DayDatabase>& dayDatabase;  ///< null while it is closed
     const Clock& clock;
     TimerSource& timers;
+    const Memory& memory;
     Handlers& handlers;
     std::function<void()> closed;  ///< called once the window has closed; saving has been tried by then
 };
@@ -85,10 +87,12 @@ private:
     MainMenu* m_menu;  // owned by the window, as its child
     ClockLines m_clockLines;
     UsageLines m_usageLines;
+    MemoryLines m_memoryLines;
     std::unique_ptr<Timer> m_setuptimer;
     std::unique_ptr<Timer> m_Dz_Timer1;
     std::unique_ptr<Timer> m_Dz_Timer2;
     std::unique_ptr<Timer> m_Win_Timer;
+    std::unique_ptr<Timer> m_MemoryTimer;
     FunctionSwitch m_switch;
     GeometryKeeper m_geometry;
     PointerGesture m_gesture;

@@ -46,7 +46,7 @@ inline constexpr std::array kFunctionRows{
     FunctionRow{u"ストップウォッチ", true, false},
     FunctionRow{u"タイマー", true, false},
     FunctionRow{u"バッテリー残量", false, false},
-    FunctionRow{u"メモリー使用率", true, false},
+    FunctionRow{u"メモリー使用率", true, true},
     FunctionRow{u"", true, false},
 };
 

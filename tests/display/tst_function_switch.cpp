@@ -3,6 +3,7 @@
 
 #include "display/function_switch.h"
 #include "platform/virtual_time.h"
+#include "support/fake_memory.h"
 #include "support/fake_text_line.h"
 
 using namespace tickwell;
@@ -27,16 +28,24 @@ struct Bench {
     FakeMarks marks;
     std::unique_ptr<DayDatabase> closedDatabase;
     ClockLines clockLines{settings, time, closedDatabase, {upper, lower}};
+    FakeMemory memory;
+    MemoryLines memoryLines{memory, {upper, lower}};
     UsageLines usageLines{settings, time, {upper, lower}};
     std::unique_ptr<Timer> dz1 = time.Create(200, [] {});
     std::unique_ptr<Timer> dz2 = time.Create(10000, [] {});
     std::unique_ptr<Timer> win = time.Create(250, [] {});
-    FunctionSwitch functions{settings, {upper, lower}, marks, {*dz1, *dz2, *win}, clockLines, usageLines};
+    std::unique_ptr<Timer> memoryTimer = time.Create(2000, [] {});
+    FunctionSwitch functions{settings,
+                             {upper, lower},
+                             marks,
+                             {*dz1, *dz2, *win, *memoryTimer},
+                             {clockLines, usageLines, memoryLines}};
 
     QString Running() const {
         return QString(dz1->IsRunning() ? u"Dz_Timer1 "_s : QString()) +
                (dz2->IsRunning() ? u"Dz_Timer2 "_s : QString()) +
-               (win->IsRunning() ? u"Win_Timer"_s : QString());
+               (win->IsRunning() ? u"Win_Timer"_s : QString()) +
+               (memoryTimer->IsRunning() ? u"MemoryTimer"_s : QString());
     }
 };
 
@@ -64,7 +73,7 @@ void TstFunctionSwitch::EachFunctionHasItsTextsTimersAndMarks_data() {
     QTest::newRow("timer") << 3 << u"show タイマー"_s << QString() << true;
     QTest::newRow("battery") << 4 << u"show バッテリー残量"_s << QString() << false;
     QTest::newRow("memory, whose item stays enabled though it has no window")
-        << 5 << u"show メモリー使用率"_s << QString() << true;
+        << 5 << u"show メモリー使用率"_s << u"MemoryTimer"_s << true;
 }
 
 void TstFunctionSwitch::EachFunctionHasItsTextsTimersAndMarks() {

@@ -7,6 +7,7 @@
 #include "display/line_look.h"
 #include "display/main_window.h"
 #include "platform/virtual_time.h"
+#include "support/fake_memory.h"
 #include "support/fake_message_boxes.h"
 #include "support/fake_settings_store.h"
 
@@ -23,13 +24,14 @@ struct Bench {
     Handlers handlers{boxes};
     DayStore dayStore;
     std::unique_ptr<DayDatabase> dayDatabase = OpenDayDatabase(dayStore.Path());
+    FakeMemory memory;
     int closed = 0;
     std::unique_ptr<Form1> form;
 
     void Start() {
         LoadSettings(store, settings);
-        form = std::make_unique<Form1>(
-            MainWindowParts{settings, store, dayDatabase, time, time, handlers, [this] { ++closed; }});
+        form = std::make_unique<Form1>(MainWindowParts{settings, store, dayDatabase, time, time, memory,
+                                                       handlers, [this] { ++closed; }});
         form->Form_Load();
         form->show();
     }

@@ -1,6 +1,7 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 """The clock on the desktop, its time turned by hand."""
 
+import re
 import unittest
 
 from driver.case import TickwellCase
@@ -66,6 +67,14 @@ class Clock(TickwellCase):
         self.start(tick=3607000)
         self.time.advance(START_UP_DELAY)
         wait_lines(self.app, upper="Windows使用時間", lower="1時間00分18秒")
+
+    def test_the_memory_load_is_chosen_from_the_menu(self):
+        self.start()
+        self.time.advance(START_UP_DELAY)
+        self.choose("ﾒﾓﾘｰ監視")
+        wait_lines(self.app, upper="メモリー使用率", lower=re.compile(r"\d{1,3}％使用中").fullmatch)
+        self.time.advance(4000)
+        wait_lines(self.app, lower=re.compile(r"\d{1,3}％使用中").fullmatch)
 
     def test_a_week_passes_without_a_word_on_the_outputs(self):
         self.start(settings={"Digital": {"DisMode": "1", "TypeHour": "1"}})
