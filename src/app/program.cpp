@@ -61,7 +61,7 @@ void Program::Start() {
     };
     m_form =
         std::make_unique<Form1>(MainWindowParts{m_started.settings, *m_started.store, m_started.dayDatabase,
-                                                clock, timers, m_memory, m_handlers, closed});
+                                                clock, timers, m_power, m_memory, m_handlers, closed});
     m_form->Form_Load();
     connect(m_instance.get(), &SingleInstance::Called, m_form.get(), &Form1::ComeForward);
     m_form->show();

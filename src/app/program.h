@@ -9,10 +9,12 @@
 #include "app/startup.h"
 #include "core/handlers.h"
 #include "display/main_window.h"
+#include "platform/power_supplies.h"
 #include "platform/proc_memory.h"
 #include "platform/qt_message_boxes.h"
 #include "platform/qt_timers.h"
 #include "platform/system_clock.h"
+#include "platform/upower.h"
 #include "platform/virtual_time_pipe.h"
 
 namespace tickwell {
@@ -39,6 +41,8 @@ private:
     SystemClock m_systemClock;
     QtTimers m_qtTimers;
     ProcMemory m_memory;
+    PowerSupplies m_powerSupplies;
+    UPower m_power{m_powerSupplies};
     std::unique_ptr<VirtualTime> m_virtualTime;
     std::unique_ptr<VirtualTimePipe> m_virtualTimePipe;
     std::unique_ptr<SingleInstance> m_instance;

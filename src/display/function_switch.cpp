@@ -15,8 +15,8 @@ FunctionSwitch::FunctionSwitch(AppSettings& settings, TextLines lines, FunctionM
 
 void FunctionSwitch::ChangeFunction(qint32 number) {
     m_settings.function = number;  // first: also a number that names no function is kept
-    for (Timer* timer :
-         {&m_timers.Dz_Timer1, &m_timers.Dz_Timer2, &m_timers.Win_Timer, &m_timers.MemoryTimer}) {
+    for (Timer* timer : {&m_timers.Dz_Timer1, &m_timers.Dz_Timer2, &m_timers.Win_Timer, &m_timers.BatTimer,
+                         &m_timers.MemoryTimer}) {
         timer->Stop();
     }
     const FunctionRow* row = FunctionRowOf(number);
@@ -41,6 +41,10 @@ void FunctionSwitch::ShowFirstTexts(qint32 number) {
         case kFunctionUsage:
             m_functionLines.usage.Show();
             m_timers.Win_Timer.Start();
+            break;
+        case kFunctionBattery:
+            m_functionLines.battery.Refresh();  // at once: the next reading is ten seconds away
+            m_timers.BatTimer.Start();
             break;
         case kFunctionMemory:
             m_functionLines.memory.Show();

@@ -4,6 +4,7 @@
 #include "core/ports/timer.h"
 #include "core/settings.h"
 #include "core/text_line.h"
+#include "display/battery_lines.h"
 #include "display/clock_lines.h"
 #include "display/function_marks.h"
 #include "display/memory_lines.h"
@@ -15,6 +16,7 @@ namespace tickwell {
 struct FunctionLines {
     ClockLines& clock;
     UsageLines& usage;
+    BatteryLines& battery;
     MemoryLines& memory;
 };
 
@@ -23,6 +25,7 @@ struct FunctionTimers {
     Timer& Dz_Timer1;    ///< clock: the time
     Timer& Dz_Timer2;    ///< clock: the upper line
     Timer& Win_Timer;    ///< Windows usage time
+    Timer& BatTimer;     ///< battery
     Timer& MemoryTimer;  ///< memory
 };
 

@@ -25,6 +25,7 @@ constexpr int kStartDelay = 8000;
 constexpr int kTimeTick = 200;
 constexpr int kDateTick = 10000;
 constexpr int kUsageTick = 250;
+constexpr int kBatteryTick = 10000;
 constexpr int kMemoryTick = 2000;
 
 void ApplyStyle(MovingWord& word, const LineStyle& style, qint32 wipeKind) {
@@ -45,15 +46,17 @@ Form1::Form1(const MainWindowParts& parts)
           parts.handlers, [this](const MenuItem& item) { Menu_Click(item); }, this)),
       m_clockLines(parts.settings, parts.clock, parts.dayDatabase, {*m_MovingWord1, *m_MovingWord2}),
       m_usageLines(parts.settings, parts.clock, {*m_MovingWord1, *m_MovingWord2}),
+      m_batteryLines(parts.power, {*m_MovingWord1, *m_MovingWord2}),
       m_memoryLines(parts.memory, {*m_MovingWord1, *m_MovingWord2}),
       m_setuptimer(parts.handlers.MakeTimer(parts.timers, kFitDelay, [this] { setuptimer_Timer(); })),
       m_Dz_Timer1(parts.handlers.MakeTimer(parts.timers, kTimeTick, [this] { Dz_Timer1_Timer(); })),
       m_Dz_Timer2(parts.handlers.MakeTimer(parts.timers, kDateTick, [this] { m_clockLines.RotateTick(); })),
       m_Win_Timer(parts.handlers.MakeTimer(parts.timers, kUsageTick, [this] { m_usageLines.Tick(); })),
+      m_BatTimer(parts.handlers.MakeTimer(parts.timers, kBatteryTick, [this] { m_batteryLines.Refresh(); })),
       m_MemoryTimer(parts.handlers.MakeTimer(parts.timers, kMemoryTick, [this] { m_memoryLines.Tick(); })),
       m_switch(parts.settings, {*m_MovingWord1, *m_MovingWord2}, *m_menu,
-               {*m_Dz_Timer1, *m_Dz_Timer2, *m_Win_Timer, *m_MemoryTimer},
-               {m_clockLines, m_usageLines, m_memoryLines}),
+               {*m_Dz_Timer1, *m_Dz_Timer2, *m_Win_Timer, *m_BatTimer, *m_MemoryTimer},
+               {m_clockLines, m_usageLines, m_batteryLines, m_memoryLines}),
       m_gesture(QGuiApplication::styleHints()->startDragDistance()) {
     setObjectName(u"Form1"_s);
     setWindowTitle(u"Tickwell"_s);

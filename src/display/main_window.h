@@ -10,6 +10,7 @@
 #include "core/handlers.h"
 #include "core/ports/clock.h"
 #include "core/ports/memory.h"
+#include "core/ports/power.h"
 #include "core/ports/settings_store.h"
 #include "core/ports/timer.h"
 #include "core/settings.h"
@@ -31,6 +32,7 @@ struct MainWindowParts {
     const std::unique_ptr<DayDatabase>& dayDatabase;  ///< null while it is closed
     const Clock& clock;
     TimerSource& timers;
+    const Power& power;
     const Memory& memory;
     Handlers& handlers;
     std::function<void()> closed;  ///< called once the window has closed; saving has been tried by then
@@ -87,11 +89,13 @@ private:
     MainMenu* m_menu;  // owned by the window, as its child
     ClockLines m_clockLines;
     UsageLines m_usageLines;
+    BatteryLines m_batteryLines;
     MemoryLines m_memoryLines;
     std::unique_ptr<Timer> m_setuptimer;
     std::unique_ptr<Timer> m_Dz_Timer1;
     std::unique_ptr<Timer> m_Dz_Timer2;
     std::unique_ptr<Timer> m_Win_Timer;
+    std::unique_ptr<Timer> m_BatTimer;
     std::unique_ptr<Timer> m_MemoryTimer;
     FunctionSwitch m_switch;
     GeometryKeeper m_geometry;

@@ -45,7 +45,7 @@ inline constexpr std::array kFunctionRows{
     FunctionRow{u"Windows使用時間", false, true},
     FunctionRow{u"ストップウォッチ", true, false},
     FunctionRow{u"タイマー", true, false},
-    FunctionRow{u"バッテリー残量", false, false},
+    FunctionRow{u"バッテリー残量", false, true},
     FunctionRow{u"メモリー使用率", true, true},
     FunctionRow{u"", true, false},
 };

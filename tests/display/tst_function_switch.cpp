@@ -4,6 +4,7 @@
 #include "display/function_switch.h"
 #include "platform/virtual_time.h"
 #include "support/fake_memory.h"
+#include "support/fake_power.h"
 #include "support/fake_text_line.h"
 
 using namespace tickwell;
@@ -34,17 +35,21 @@ struct Bench {
     std::unique_ptr<Timer> dz1 = time.Create(200, [] {});
     std::unique_ptr<Timer> dz2 = time.Create(10000, [] {});
     std::unique_ptr<Timer> win = time.Create(250, [] {});
+    FakePower power;
+    BatteryLines batteryLines{power, {upper, lower}};
+    std::unique_ptr<Timer> batTimer = time.Create(10000, [] {});
     std::unique_ptr<Timer> memoryTimer = time.Create(2000, [] {});
     FunctionSwitch functions{settings,
                              {upper, lower},
                              marks,
-                             {*dz1, *dz2, *win, *memoryTimer},
-                             {clockLines, usageLines, memoryLines}};
+                             {*dz1, *dz2, *win, *batTimer, *memoryTimer},
+                             {clockLines, usageLines, batteryLines, memoryLines}};
 
     QString Running() const {
         return QString(dz1->IsRunning() ? u"Dz_Timer1 "_s : QString()) +
                (dz2->IsRunning() ? u"Dz_Timer2 "_s : QString()) +
                (win->IsRunning() ? u"Win_Timer"_s : QString()) +
+               (batTimer->IsRunning() ? u"BatTimer"_s : QString()) +
                (memoryTimer->IsRunning() ? u"MemoryTimer"_s : QString());
     }
 };
@@ -58,6 +63,7 @@ class TstFunctionSwitch : public QObject {
 private Q_SLOTS:
     void EachFunctionHasItsTextsTimersAndMarks_data();
     void EachFunctionHasItsTextsTimersAndMarks();
+    void TheBatteryIsReadAtOnce();
     void ANumberThatNamesNoFunctionStopsEverythingAndLeavesTheLines_data();
     void ANumberThatNamesNoFunctionStopsEverythingAndLeavesTheLines();
 };
@@ -71,7 +77,7 @@ void TstFunctionSwitch::EachFunctionHasItsTextsTimersAndMarks_data() {
     QTest::newRow("usage") << 1 << u"show Windows使用時間"_s << u"Win_Timer"_s << false;
     QTest::newRow("stopwatch") << 2 << u"show ストップウォッチ"_s << QString() << true;
     QTest::newRow("timer") << 3 << u"show タイマー"_s << QString() << true;
-    QTest::newRow("battery") << 4 << u"show バッテリー残量"_s << QString() << false;
+    QTest::newRow("battery") << 4 << u"show バッテリー残量"_s << u"BatTimer"_s << false;
     QTest::newRow("memory, whose item stays enabled though it has no window")
         << 5 << u"show メモリー使用率"_s << u"MemoryTimer"_s << true;
 }
@@ -91,6 +97,13 @@ void TstFunctionSwitch::EachFunctionHasItsTextsTimersAndMarks() {
     QCOMPARE(bench.Running(), running);
     QCOMPARE(bench.marks.checked, number);
     QCOMPARE(bench.marks.operation, operation);
+}
+
+void TstFunctionSwitch::TheBatteryIsReadAtOnce() {
+    Bench bench;
+    bench.power.SetReading({Mains::Off, 80, std::nullopt});
+    bench.functions.ChangeFunction(4);
+    QCOMPARE(bench.lower.TakeRecord(), QStringList{u"show 80％残っています"_s});
 }
 
 void TstFunctionSwitch::ANumberThatNamesNoFunctionStopsEverythingAndLeavesTheLines_data() {

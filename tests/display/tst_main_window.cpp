@@ -9,6 +9,7 @@
 #include "platform/virtual_time.h"
 #include "support/fake_memory.h"
 #include "support/fake_message_boxes.h"
+#include "support/fake_power.h"
 #include "support/fake_settings_store.h"
 
 using namespace tickwell;
@@ -24,14 +25,15 @@ struct Bench {
     Handlers handlers{boxes};
     DayStore dayStore;
     std::unique_ptr<DayDatabase> dayDatabase = OpenDayDatabase(dayStore.Path());
+    FakePower power;
     FakeMemory memory;
     int closed = 0;
     std::unique_ptr<Form1> form;
 
     void Start() {
         LoadSettings(store, settings);
-        form = std::make_unique<Form1>(MainWindowParts{settings, store, dayDatabase, time, time, memory,
-                                                       handlers, [this] { ++closed; }});
+        form = std::make_unique<Form1>(MainWindowParts{settings, store, dayDatabase, time, time, power,
+                                                       memory, handlers, [this] { ++closed; }});
         form->Form_Load();
         form->show();
     }
