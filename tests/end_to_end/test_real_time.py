@@ -36,7 +36,7 @@ class RealTime(TickwellCase):
             self.assertIn(upper.split("(")[0], {f"{day.year}/{day.month}/{day.day}" for day in days})
             # Not ahead of the clock, and behind it by no more than a machine under load may be.
             behind = (second_of_day(f"{later:%H:%M:%S}") - second_of_day(lower)) % 86400
-            self.assertLessEqual(behind, 3 + (later - earlier).total_seconds())
+            self.assertLessEqual(behind, 10 + (later - earlier).total_seconds())
         self.assertEqual(app.program.output(), "")
 
 
