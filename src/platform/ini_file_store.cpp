@@ -37,7 +37,7 @@ QByteArray IniFileStore::Read() const {
         }
         throw FileError(u"設定ファイルを読み込めません。"_s, m_path, file.errorString());
     }
-    const QByteArray bytes = file.readAll();
+    QByteArray bytes = file.readAll();
     if (file.error() != QFileDevice::NoError) {
         throw FileError(u"設定ファイルを読み込めません。"_s, m_path, file.errorString());
     }

@@ -2,6 +2,7 @@
 #include "platform/virtual_time.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace tickwell {
 
@@ -42,7 +43,7 @@ private:
     qint64 m_due = 0;
 };
 
-VirtualTime::VirtualTime(const QDateTime& now, qint64 tick) : m_now(now), m_tick(tick) {}
+VirtualTime::VirtualTime(QDateTime now, qint64 tick) : m_now(std::move(now)), m_tick(tick) {}
 
 std::unique_ptr<Timer> VirtualTime::Create(int milliseconds, std::function<void()> onTick) {
     return std::make_unique<VirtualTimer>(*this, milliseconds, std::move(onTick));

@@ -16,7 +16,7 @@ class VirtualTimer;
 class VirtualTime : public Clock, public TimerSource {
 public:
     /// `tick`: milliseconds since the machine is said to have started.
-    explicit VirtualTime(const QDateTime& now, qint64 tick = 0);
+    explicit VirtualTime(QDateTime now, qint64 tick = 0);
 
     QDateTime Now() const override { return m_now; }
     qint32 Tick() const override { return static_cast<qint32>(static_cast<quint32>(m_tick)); }
