@@ -15,7 +15,7 @@ START_UP_DELAY = 11000  # ms
 READING = 10000
 SERVICE = "org.freedesktop.UPower"
 ROOT = "/org/freedesktop/UPower"
-BATTERY_TYPE, CHARGING, DISCHARGING = 2, 1, 2
+BATTERY_TYPE, DISCHARGING = 2, 2
 
 
 class Battery(TickwellCase):
