@@ -1,0 +1,18 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QList>
+
+#include "core/ports/help_viewer.h"
+
+namespace tickwell {
+
+/// Remembers the topics that were asked for.
+class FakeHelpViewer : public HelpViewer {
+public:
+    void ShowTopic(int topic) override { topics.append(topic); }
+
+    QList<int> topics;
+};
+
+}  // namespace tickwell
