@@ -1,0 +1,129 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include <QScopeGuard>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include "platform/desktop_programs.h"
+#include "support/files.h"
+
+using namespace tickwell;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr auto kRunnable = QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner;
+
+/// Writes down its folder and each of its arguments, and says that it is done by a rename.
+const QByteArray kScript =
+    "#!/bin/sh\n"
+    "{ pwd; for each in \"$@\"; do printf '%s\\n' \"<$each>\"; done; } > \"$0.unfinished\"\n"
+    "mv \"$0.unfinished\" \"$0.seen\"\n";
+
+void WriteScript(const QString& path, QFile::Permissions permissions = kRunnable) {
+    WriteAll(path, kScript);
+    if (!QFile::setPermissions(path, permissions)) {
+        qFatal("cannot set the rights of %s", qPrintable(path));
+    }
+}
+
+}  // namespace
+
+/// Other programs, started for real.
+class TstDesktopPrograms : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void AProgramSeesItsArgumentsAndItsFolder_data();
+    void AProgramSeesItsArgumentsAndItsFolder();
+    void WhatCannotRunDoesNotStart_data();
+    void WhatCannotRunDoesNotStart();
+    void ABareNameIsNotStarted();
+    void ProgramsAreFoundOnThePath();
+    void OnlyBareNamesAreFound_data();
+    void OnlyBareNamesAreFound();
+};
+
+void TstDesktopPrograms::AProgramSeesItsArgumentsAndItsFolder_data() {
+    QTest::addColumn<QStringList>("arguments");
+    QTest::newRow("the word for tools") << QStringList{u"VeskOnly"_s};
+    QTest::newRow("none") << QStringList();
+    QTest::newRow("blanks and quotes stay where they are") << QStringList{u"a  b"_s, u"\"c\" 'd'"_s};
+    QTest::newRow("no shell reads them") << QStringList{u"$HOME"_s, u"`id`"_s, u"; touch x"_s, u"*"_s};
+    QTest::newRow("Japanese, and an empty one") << QStringList{u"ｼｽﾃﾑ情報"_s, u""_s};
+}
+
+void TstDesktopPrograms::AProgramSeesItsArgumentsAndItsFolder() {
+    QFETCH(QStringList, arguments);
+    const QTemporaryDir dir;
+    const QString folder = dir.filePath(u"プログラムの フォルダー"_s);
+    QVERIFY(QDir().mkpath(folder));
+    const QString tool = dir.filePath(u"KT01.exe"_s);
+    WriteScript(tool);
+    QVERIFY(DesktopPrograms().Start(tool, arguments, folder));
+    QTRY_VERIFY(QFileInfo::exists(tool + u".seen"));
+    QString expected = folder + u'\n';
+    for (const QString& argument : arguments) {
+        expected += u'<' + argument + u">\n";
+    }
+    QCOMPARE(QString::fromUtf8(ReadAll(tool + u".seen")), expected);
+}
+
+void TstDesktopPrograms::WhatCannotRunDoesNotStart_data() {
+    QTest::addColumn<QString>("file");
+    QTest::addColumn<QString>("folder");
+    QTest::newRow("missing") << u"missing"_s << u"."_s;
+    QTest::newRow("without the right to run") << u"plain"_s << u"."_s;
+    QTest::newRow("a folder") << u"folder"_s << u"."_s;
+    QTest::newRow("nowhere to run") << u"good"_s << u"nowhere"_s;
+}
+
+void TstDesktopPrograms::WhatCannotRunDoesNotStart() {
+    QFETCH(QString, file);
+    QFETCH(QString, folder);
+    const QTemporaryDir dir;
+    WriteScript(dir.filePath(u"plain"_s), QFile::ReadOwner | QFile::WriteOwner);
+    WriteScript(dir.filePath(u"good"_s));
+    QVERIFY(QDir().mkpath(dir.filePath(u"folder"_s)));
+    QVERIFY(!DesktopPrograms().Start(dir.filePath(file), {}, dir.filePath(folder)));
+}
+
+void TstDesktopPrograms::ABareNameIsNotStarted() {
+    const QTemporaryDir dir;
+    QVERIFY(!DesktopPrograms().Start(u"true"_s, {}, dir.path()));
+    QVERIFY(!DesktopPrograms().Start(QString(), {}, dir.path()));
+}
+
+void TstDesktopPrograms::ProgramsAreFoundOnThePath() {
+    const QTemporaryDir first;
+    const QTemporaryDir second;
+    WriteScript(first.filePath(u"only-first"_s));
+    WriteScript(first.filePath(u"both"_s));
+    WriteScript(second.filePath(u"both"_s));
+    WriteScript(second.filePath(u"only-second"_s));
+    WriteScript(first.filePath(u"not-runnable"_s), QFile::ReadOwner);
+    const QByteArray path = qgetenv("PATH");
+    const auto restore = qScopeGuard([&] { qputenv("PATH", path); });
+    QVERIFY(qputenv("PATH", QString(first.path() + u':' + second.path()).toUtf8()));
+    const DesktopPrograms programs;
+    QCOMPARE(programs.Find(u"only-first"_s), first.filePath(u"only-first"_s));
+    QCOMPARE(programs.Find(u"only-second"_s), second.filePath(u"only-second"_s));
+    QCOMPARE(programs.Find(u"both"_s), first.filePath(u"both"_s));
+    QCOMPARE(programs.Find(u"not-runnable"_s), QString());
+    QCOMPARE(programs.Find(u"none"_s), QString());
+}
+
+void TstDesktopPrograms::OnlyBareNamesAreFound_data() {
+    QTest::addColumn<QString>("name");
+    QTest::newRow("empty") << QString();
+    QTest::newRow("absolute") << u"/bin/sh"_s;
+    QTest::newRow("relative") << u"../bin/sh"_s;
+}
+
+void TstDesktopPrograms::OnlyBareNamesAreFound() {
+    QFETCH(QString, name);
+    QCOMPARE(DesktopPrograms().Find(name), QString());
+    QVERIFY(!DesktopPrograms().Find(u"sh"_s).isEmpty());
+}
+
+QTEST_GUILESS_MAIN(TstDesktopPrograms)
+#include "tst_desktop_programs.moc"
