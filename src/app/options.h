@@ -18,6 +18,7 @@ struct VirtualTimeOption {
 
 struct Options {
     QString folder;  ///< empty where not given
+    bool opensMenu = false;
     std::optional<VirtualTimeOption> virtualTime;
     QString answer;  ///< to be printed instead of starting; empty otherwise
     QString error;   ///< what is wrong with the arguments; empty where nothing is

@@ -2,6 +2,7 @@
 #include "app/program.h"
 
 #include <QApplication>
+#include <QDir>
 #include <QProcessEnvironment>
 #include <QStandardPaths>
 
@@ -38,7 +39,7 @@ int Program::Run() {
         PrepareFolder(folder, MastersFolder(QCoreApplication::applicationDirPath()));
         m_instance = std::make_unique<SingleInstance>(folder);
         if (!m_instance->Acquire()) {
-            if (m_instance->CallFirst()) {
+            if (m_instance->CallFirst(m_options.opensMenu)) {
                 return 0;
             }
             throw RunTimeError(u"すでに起動していますが、応答がありません。"_s);
@@ -59,14 +60,36 @@ void Program::Start() {
         m_started.dayDatabase.reset();
         m_handlers.WhenQuiet([] { QCoreApplication::quit(); });
     };
-    m_form =
-        std::make_unique<Form1>(MainWindowParts{m_started.settings, *m_started.store, m_started.dayDatabase,
-                                                clock, timers, m_power, m_memory, m_handlers, closed});
+    m_form = std::make_unique<Form1>(MainWindowParts{m_started.settings,
+                                                     *m_started.store,
+                                                     m_started.dayDatabase,
+                                                     clock,
+                                                     timers,
+                                                     m_power,
+                                                     m_memory,
+                                                     m_tray,
+                                                     m_stack,
+                                                     m_starter,
+                                                     QDir::currentPath(),
+                                                     m_handlers,
+                                                     {},
+                                                     closed});
     m_form->Form_Load();
-    connect(m_instance.get(), &SingleInstance::Called, m_form.get(), &Form1::ComeForward);
+    connect(m_instance.get(), &SingleInstance::Called, this, &Program::ComeForward);
     m_form->show();
+    if (m_options.opensMenu) {
+        ComeForward(true);
+    }
     if (m_started.imported) {
         m_boxes.Show({MessageIcon::Information, u"Tickwell"_s, JetImportText(*m_started.imported)}, [] {});
+    }
+}
+
+void Program::ComeForward(bool withMenu) {
+    if (withMenu) {
+        m_form->ComeForwardWithMenu();
+    } else {
+        m_form->ComeForward();
     }
 }
 

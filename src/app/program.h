@@ -9,13 +9,16 @@
 #include "app/startup.h"
 #include "core/handlers.h"
 #include "display/main_window.h"
+#include "platform/desktop_programs.h"
 #include "platform/power_supplies.h"
 #include "platform/proc_memory.h"
 #include "platform/qt_message_boxes.h"
 #include "platform/qt_timers.h"
+#include "platform/qt_tray.h"
 #include "platform/system_clock.h"
 #include "platform/upower.h"
 #include "platform/virtual_time_pipe.h"
+#include "platform/x11_stack.h"
 
 namespace tickwell {
 
@@ -32,6 +35,7 @@ public:
 
 private:
     void Start();
+    void ComeForward(bool withMenu);
     void Fail(const QString& reason);
     void SaveForSessionEnd();
 
@@ -43,6 +47,9 @@ private:
     ProcMemory m_memory;
     PowerSupplies m_powerSupplies;
     UPower m_power{m_powerSupplies};
+    QtTray m_tray{QIcon()};
+    X11Stack m_stack;
+    DesktopPrograms m_starter;
     std::unique_ptr<VirtualTime> m_virtualTime;
     std::unique_ptr<VirtualTimePipe> m_virtualTimePipe;
     std::unique_ptr<SingleInstance> m_instance;

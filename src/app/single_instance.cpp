@@ -17,7 +17,8 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int kPatience = 3000;  // ms for the first process to answer; it may be starting up itself
-constexpr auto kWord = "forward\n";
+constexpr auto kForward = "forward\n";
+constexpr auto kMenu = "menu\n";
 
 /// A socket in the user's own run-time folder, or among the temporary files where there is none; named by the
 /// program folder through a hash, since names of sockets are short and paths are not.
@@ -52,13 +53,13 @@ bool SingleInstance::Acquire() {
     return true;
 }
 
-bool SingleInstance::CallFirst() const {
+bool SingleInstance::CallFirst(bool withMenu) const {
     QLocalSocket socket;
     socket.connectToServer(m_socket);
     if (!socket.waitForConnected(kPatience)) {
         return false;
     }
-    socket.write(kWord);
+    socket.write(withMenu ? kMenu : kForward);
     // The first process closes the connection when it has read the word.
     return socket.waitForBytesWritten(kPatience) && socket.waitForDisconnected(kPatience);
 }
@@ -67,10 +68,10 @@ void SingleInstance::Answer() {
     while (QLocalSocket* socket = m_server.nextPendingConnection()) {
         connect(socket, &QLocalSocket::disconnected, socket, &QObject::deleteLater);
         connect(socket, &QLocalSocket::readyRead, this, [this, socket] {
-            const bool called = socket->readLine() == kWord;
+            const QByteArray word = socket->readLine();
             socket->disconnectFromServer();
-            if (called) {
-                Q_EMIT Called();
+            if (word == kForward || word == kMenu) {
+                Q_EMIT Called(word == kMenu);
             }
         });
     }

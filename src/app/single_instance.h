@@ -8,7 +8,7 @@
 namespace tickwell {
 
 /// One running program a folder. A lock file in the folder decides who is the first; a local socket of the
-/// user's alone carries the one word of a second start to it.
+/// user's alone carries the one word of a second start to it: to come forward, or to open the menu as well.
 class SingleInstance : public QObject {
     Q_OBJECT
 
@@ -20,12 +20,12 @@ public:
     /// folder does not take a lock file.
     bool Acquire();
 
-    /// Asks the first process to come forward; false when it does not answer.
-    bool CallFirst() const;
+    /// Asks the first process to come forward, with its menu when wanted; false when it does not answer.
+    bool CallFirst(bool withMenu) const;
 
 Q_SIGNALS:
     /// Another start asked this process to come forward.
-    void Called();
+    void Called(bool withMenu);
 
 private:
     void Answer();

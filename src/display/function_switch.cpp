@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "display/function_switch.h"
 
-#include "display/menu_items.h"
+#include "display/function_rows.h"
 
 namespace tickwell {
 

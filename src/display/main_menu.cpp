@@ -1,35 +1,51 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "display/main_menu.h"
 
+#include "display/function_rows.h"
+
 namespace tickwell {
 
 using namespace Qt::StringLiterals;
 
-MainMenu::MainMenu(Handlers& handlers, Chosen chosen, QWidget* parent)
-    : QMenu(parent), m_chosen(std::move(chosen)), m_functions(new QActionGroup(this)) {
-    setObjectName(u"Menu"_s);
-    setAccessibleName(u"メニュー"_s);
-    // One function at a time, or none; the mark is a bullet and not a tick.
-    m_functions->setExclusionPolicy(QActionGroup::ExclusionPolicy::ExclusiveOptional);
-    for (const MenuItem& item : kMenuItems) {
-        addAction(Make(item, handlers));
+namespace {
+
+/// The submenu of all tools, each with its index in its name.
+class ToolsMenu : public ItemMenu {
+public:
+    ToolsMenu(Handlers& handlers, const MenuChosen& chosen, QWidget* parent)
+        : ItemMenu(u"MenuTool", {}, handlers, chosen, parent) {
+        for (int index = 1; index <= static_cast<int>(kTools.size()); ++index) {
+            const QString name = u"MenuTool(%1)"_s.arg(index);
+            Add({name, kTools[static_cast<std::size_t>(index - 1)].caption, MenuCommand::StartTool, index});
+        }
     }
+};
+
+}  // namespace
+
+MainMenu::MainMenu(Handlers& handlers, const MenuChosen& chosen, QWidget* parent)
+    : ItemMenu(u"Menu", kMenuItems, handlers, chosen, parent),
+      m_tools(new ToolsMenu(handlers, chosen, this)) {
+    setAccessibleName(u"メニュー"_s);
+    m_tools->setAccessibleName(Item(MenuCommand::Tools)->text());
+    Item(MenuCommand::Tools)->setMenu(m_tools);
+    MakeFunctionsExclusive();
+    ShowTools({});
 }
 
-QAction* MainMenu::Make(const MenuItem& item, Handlers& handlers) {
-    auto* action = new QAction(item.caption.toString(), this);
-    action->setObjectName(item.name);
-    action->setSeparator(item.command == MenuCommand::Separator);
-    handlers.Connect(action, &QAction::triggered, this, [this, &item] { m_chosen(item); });
-    if (item.command == MenuCommand::ChangeFunction) {
-        action->setCheckable(true);
-        action->setEnabled(FunctionRowOf(item.function)->isBuilt);
-        m_functions->addAction(action);
-        m_functionItems.insert(item.function, action);
-    } else if (item.command == MenuCommand::ShowOperation) {
-        m_operationItem = action;
+/// One function at a time, or none; the mark is a bullet and not a tick.
+void MainMenu::MakeFunctionsExclusive() {
+    auto* functions = new QActionGroup(this);
+    functions->setExclusionPolicy(QActionGroup::ExclusionPolicy::ExclusiveOptional);
+    for (const MenuItem& item : kMenuItems) {
+        if (item.command == MenuCommand::ChangeFunction) {
+            auto* action = findChild<QAction*>(item.name.toString());
+            action->setCheckable(true);
+            action->setEnabled(FunctionRowOf(item.number)->isBuilt);
+            functions->addAction(action);
+            m_functionItems.insert(item.number, action);
+        }
     }
-    return action;
 }
 
 void MainMenu::CheckFunction(qint32 number) {
@@ -39,7 +55,15 @@ void MainMenu::CheckFunction(qint32 number) {
 }
 
 void MainMenu::EnableOperation(bool enabled) {
-    m_operationItem->setEnabled(enabled);
+    Item(MenuCommand::ShowOperation)->setEnabled(enabled);
+}
+
+void MainMenu::ShowTools(const QList<int>& indexes) {
+    int index = 0;
+    for (QAction* item : m_tools->actions()) {
+        item->setVisible(indexes.contains(++index));
+    }
+    Item(MenuCommand::Tools)->setVisible(!indexes.isEmpty());
 }
 
 }  // namespace tickwell

@@ -1,38 +1,33 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <QAction>
 #include <QActionGroup>
 #include <QHash>
-#include <QMenu>
-#include <functional>
 
-#include "core/handlers.h"
 #include "display/function_marks.h"
-#include "display/menu_items.h"
+#include "display/item_menu.h"
 
 namespace tickwell {
 
-/// The menu of the main window. It knows its items and their marks; what choosing one does is its owner's.
-class MainMenu : public QMenu, public FunctionMarks {
+/// The menu of the main window, with the marks of its functions and the submenu of the tools.
+class MainMenu : public ItemMenu, public FunctionMarks {
     Q_OBJECT
 
 public:
-    using Chosen = std::function<void(const MenuItem&)>;
-
-    /// `handlers` outlives the menu.
-    MainMenu(Handlers& handlers, Chosen chosen, QWidget* parent);
+    /// `handlers` outlives the menu. A chosen tool comes as StartTool with its index.
+    MainMenu(Handlers& handlers, const MenuChosen& chosen, QWidget* parent);
 
     void CheckFunction(qint32 number) override;
     void EnableOperation(bool enabled) override;
 
-private:
-    QAction* Make(const MenuItem& item, Handlers& handlers);
+    /// Shows the items of these tools and of no others; without any the submenu is hidden as well.
+    void ShowTools(const QList<int>& indexes);
 
-    Chosen m_chosen;
-    QActionGroup* m_functions;  // owned by the menu, as the actions are
-    QHash<qint32, QAction*> m_functionItems;
-    QAction* m_operationItem = nullptr;
+private:
+    void MakeFunctionsExclusive();
+
+    QHash<qint32, QAction*> m_functionItems;  // owned by the menu, as all of them
+    ItemMenu* m_tools;
 };
 
 }  // namespace tickwell

@@ -2,13 +2,10 @@
 #include "display/main_window.h"
 
 #include <QApplication>
-#include <QCloseEvent>
-#include <QContextMenuEvent>
-#include <QKeyEvent>
-#include <QMouseEvent>
 #include <QScreen>
 #include <QStyleHints>
 #include <QWindow>
+#include <algorithm>
 
 #include "core/settings_io.h"
 #include "display/line_look.h"
@@ -27,6 +24,7 @@ constexpr int kDateTick = 10000;
 constexpr int kUsageTick = 250;
 constexpr int kBatteryTick = 10000;
 constexpr int kMemoryTick = 2000;
+constexpr int kKeepTopTick = 2000;
 
 void ApplyStyle(MovingWord& word, const LineStyle& style, qint32 wipeKind) {
     word.setFont(FontOf(style));
@@ -43,7 +41,10 @@ Form1::Form1(const MainWindowParts& parts)
       m_MovingWord1(std::make_unique<MovingWord>(LineTime{parts.clock, parts.timers, m_pacer}, this)),
       m_MovingWord2(std::make_unique<MovingWord>(LineTime{parts.clock, parts.timers, m_pacer}, this)),
       m_menu(new MainMenu(
-          parts.handlers, [this](const MenuItem& item) { Menu_Click(item); }, this)),
+          parts.handlers, [this](MenuCommand command, qint32 number) { Menu_Click(command, number); }, this)),
+      m_trayMenu(new ItemMenu(
+          u"Menu90", kTrayMenuItems, parts.handlers,
+          [this](MenuCommand command, qint32 number) { Menu_Click(command, number); }, this)),
       m_clockLines(parts.settings, parts.clock, parts.dayDatabase, {*m_MovingWord1, *m_MovingWord2}),
       m_usageLines(parts.settings, parts.clock, {*m_MovingWord1, *m_MovingWord2}),
       m_batteryLines(parts.power, {*m_MovingWord1, *m_MovingWord2}),
@@ -54,10 +55,14 @@ Form1::Form1(const MainWindowParts& parts)
       m_Win_Timer(parts.handlers.MakeTimer(parts.timers, kUsageTick, [this] { m_usageLines.Tick(); })),
       m_BatTimer(parts.handlers.MakeTimer(parts.timers, kBatteryTick, [this] { m_batteryLines.Refresh(); })),
       m_MemoryTimer(parts.handlers.MakeTimer(parts.timers, kMemoryTick, [this] { m_memoryLines.Tick(); })),
+      m_KeepTop(parts.handlers.MakeTimer(parts.timers, kKeepTopTick, [this] { KeepTop_Timer(); })),
       m_switch(parts.settings, {*m_MovingWord1, *m_MovingWord2}, *m_menu,
                {*m_Dz_Timer1, *m_Dz_Timer2, *m_Win_Timer, *m_BatTimer, *m_MemoryTimer},
                {m_clockLines, m_usageLines, m_batteryLines, m_memoryLines}),
-      m_gesture(QGuiApplication::styleHints()->startDragDistance()) {
+      m_gesture(QGuiApplication::styleHints()->startDragDistance()),
+      m_tools(parts.folder, parts.starter),
+      m_storage(parts.tray, *m_trayMenu, parts.handlers, parts.timers,
+                [this](bool stored) { SetStored(stored); }) {
     setObjectName(u"Form1"_s);
     setWindowTitle(u"Tickwell"_s);
     m_MovingWord1->setObjectName(u"MovingWord1"_s);
@@ -66,10 +71,17 @@ Form1::Form1(const MainWindowParts& parts)
     setMouseTracking(true);
     m_MovingWord1->setMouseTracking(true);
     m_MovingWord2->setMouseTracking(true);
+    m_menu->Item(MenuCommand::ShowCalendar)->setEnabled(parts.windows.calendar != nullptr);
+    m_menu->Item(MenuCommand::ShowSettings)->setEnabled(parts.windows.settings != nullptr);
+    m_menu->Item(MenuCommand::ShowHelp)->setEnabled(parts.windows.help != nullptr);
+    m_trayMenu->Item(MenuCommand::ShowHelp)->setEnabled(parts.windows.help != nullptr);
+    m_menu->Item(MenuCommand::ShowAbout)->setEnabled(parts.windows.about != nullptr);
+    connect(m_menu, &QMenu::aboutToShow, this, &Form1::Menu_AboutToShow);
 }
 
 void Form1::Form_Load() {
     WindowGeometry geometry;
+    m_menu->ShowTools(m_tools.Present());
     LoadWindowGeometry(m_parts.store, m_parts.settings, geometry);
     m_geometry.Set(geometry);
     ApplyStyles();
@@ -106,7 +118,7 @@ void Form1::setuptimer_Timer() {
     if (!m_fitted) {
         m_fitted = true;
         m_geometry.Settle();
-        if (windowHandle() != nullptr && !windowHandle()->isExposed()) {
+        if (isVisible() && windowHandle() != nullptr && !windowHandle()->isExposed()) {
             hide();  // mapped while the window manager was itself starting up, and lost by it: once more
             show();
         }
@@ -115,6 +127,8 @@ void Form1::setuptimer_Timer() {
         return;
     }
     m_setuptimer->Stop();
+    m_started = true;
+    UpdateKeepTop();
     ChangeFunction(m_parts.settings.function);
 }
 
@@ -128,21 +142,76 @@ void Form1::ChangeFunction(qint32 number) {
     m_switch.ChangeFunction(number);
 }
 
-void Form1::Menu_Click(const MenuItem& item) {
-    switch (item.command) {
+void Form1::Menu_Click(MenuCommand command, qint32 number) {
+    switch (command) {
         case MenuCommand::ChangeFunction:
-            ChangeFunction(item.function);
-            break;
+            return ChangeFunction(number);
+        case MenuCommand::ShowCalendar:
+            return m_parts.windows.calendar();
+        case MenuCommand::StartTool:
+            return m_tools.Start(number);
+        case MenuCommand::ShowSettings:
+            return m_parts.windows.settings();
+        case MenuCommand::StoreInTray:
+            return m_storage.Store();
+        case MenuCommand::TakeFromTray:
+            return m_storage.TakeBack();
+        case MenuCommand::ShowHelp:
+            return m_parts.windows.help();
+        case MenuCommand::ShowAbout:
+            return m_parts.windows.about();
         case MenuCommand::Quit:
             close();
-            break;
+            return;
         case MenuCommand::ShowOperation:
         case MenuCommand::Separator:
-            break;
+        case MenuCommand::Tools:
+            return;
     }
 }
 
+/// Where nothing shows an icon, putting the window away would lose it.
+void Form1::Menu_AboutToShow() {
+    m_menu->Item(MenuCommand::StoreInTray)->setEnabled(m_storage.CanStore());
+}
+
+void Form1::SetStored(bool stored) {
+    setVisible(!stored);
+    UpdateKeepTop();
+}
+
+void Form1::HoldKeepTop(bool held) {
+    m_keepTopHeld = held;
+    UpdateKeepTop();
+}
+
+void Form1::UpdateKeepTop() {
+    if (m_started && !m_keepTopHeld && !m_storage.IsStored()) {
+        m_KeepTop->Start();
+    } else {
+        m_KeepTop->Stop();
+    }
+}
+
+/// Windows that were put above later, such as another program's, may have covered this one.
+void Form1::KeepTop_Timer() {
+    if (!IsCovered()) {
+        m_parts.stack.PutAbove(winId());
+    }
+}
+
+/// By a menu or a window of our own, which the user is at.
+bool Form1::IsCovered() const {
+    const QWidgetList windows = QApplication::topLevelWidgets();
+    return QApplication::activePopupWidget() != nullptr ||
+           std::any_of(windows.begin(), windows.end(), [this](const QWidget* each) {
+               return each != this && each->isVisible() && !each->isMinimized() &&
+                      each->frameGeometry().intersects(frameGeometry());
+           });
+}
+
 void Form1::ComeForward() {
+    m_storage.TakeBack();
     m_geometry.Settle();
     QList<QRect> screens;
     for (const QScreen* each : QGuiApplication::screens()) {
@@ -151,7 +220,13 @@ void Form1::ComeForward() {
     const QRect primary = QGuiApplication::primaryScreen()->availableGeometry();
     move(BroughtBack(geometry(), screens, primary).topLeft());
     show();
-    raise();
+    m_parts.stack.PutAbove(winId());
+}
+
+void Form1::ComeForwardWithMenu() {
+    ComeForward();
+    activateWindow();  // the one time that it is asked to take the focus
+    OpenMenuByKey();
 }
 
 void Form1::SaveAll() {
@@ -159,66 +234,10 @@ void Form1::SaveAll() {
 }
 
 QList<QMenu*> Form1::VisibleMenus() const {
-    return m_menu->isVisible() ? QList<QMenu*>{m_menu} : QList<QMenu*>();
-}
-
-void Form1::PopUpMenu(QPoint at) {
-    m_menu->popup(at);
-}
-
-void Form1::mousePressEvent(QMouseEvent* event) {
-    if (event->button() == Qt::LeftButton) {
-        m_geometry.Settle();
-        m_gesture.Press(event->globalPosition().toPoint(), geometry());
-    }
-}
-
-void Form1::mouseMoveEvent(QMouseEvent* event) {
-    const bool atEdge = PointerGesture::IsAtEdge(mapFromGlobal(event->globalPosition()).toPoint(), size());
-    setCursor(atEdge ? Qt::SizeHorCursor : Qt::ArrowCursor);
-    if (const auto wanted = m_gesture.Move(event->globalPosition().toPoint())) {
-        setGeometry(*wanted);
-    }
-}
-
-/// Either button opens the menu with its release: by then it is known whether the left one was a drag.
-void Form1::mouseReleaseEvent(QMouseEvent* event) {
-    const bool click = event->button() == Qt::LeftButton && m_gesture.Release();
-    if (click || event->button() == Qt::RightButton) {
-        PopUpMenu(event->globalPosition().toPoint());
-    }
-}
-
-void Form1::contextMenuEvent(QContextMenuEvent* event) {
-    if (event->reason() == QContextMenuEvent::Keyboard) {
-        PopUpMenu(mapToGlobal(rect().bottomLeft()));
-    }
-}
-
-void Form1::keyPressEvent(QKeyEvent* event) {
-    if (event->key() == Qt::Key_Space || event->key() == Qt::Key_F10) {
-        PopUpMenu(mapToGlobal(rect().bottomLeft()));
-        return;
-    }
-    QWidget::keyPressEvent(event);
-}
-
-void Form1::moveEvent(QMoveEvent* /*event*/) {
-    if (m_geometry.Moved(pos())) {
-        QMetaObject::invokeMethod(
-            this, [this] { move(m_geometry.Position()); }, Qt::QueuedConnection);
-    }
-}
-
-void Form1::resizeEvent(QResizeEvent* event) {
-    m_geometry.Resized(event->size().width());
-    Form_Resize();
-}
-
-void Form1::closeEvent(QCloseEvent* event) {
-    m_parts.handlers.Run([this] { SaveAll(); });
-    event->accept();
-    m_parts.closed();
+    QList<QMenu*> menus{m_menu};
+    menus.append(m_menu->findChildren<QMenu*>());
+    menus.removeIf([](const QMenu* menu) { return !menu->isVisible(); });
+    return menus;
 }
 
 }  // namespace tickwell

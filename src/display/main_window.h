@@ -2,41 +2,23 @@
 #pragma once
 
 #include <QWidget>
-#include <functional>
 #include <memory>
 
 #include "core/day_changes.h"
 #include "core/display_function.h"
-#include "core/handlers.h"
-#include "core/ports/clock.h"
-#include "core/ports/memory.h"
-#include "core/ports/power.h"
-#include "core/ports/settings_store.h"
-#include "core/ports/timer.h"
-#include "core/settings.h"
 #include "display/clock_lines.h"
 #include "display/frame_pacer.h"
 #include "display/function_switch.h"
 #include "display/main_menu.h"
+#include "display/main_window_parts.h"
 #include "display/moving_word.h"
 #include "display/pointer_gesture.h"
+#include "display/tool_launcher.h"
+#include "display/tray_storage.h"
 #include "display/usage_lines.h"
 #include "display/window_geometry.h"
 
 namespace tickwell {
-
-/// What the main window works with; all outlive it.
-struct MainWindowParts {
-    AppSettings& settings;
-    SettingsStore& store;
-    const std::unique_ptr<DayDatabase>& dayDatabase;  ///< null while it is closed
-    const Clock& clock;
-    TimerSource& timers;
-    const Power& power;
-    const Memory& memory;
-    Handlers& handlers;
-    std::function<void()> closed;  ///< called once the window has closed; saving has been tried by then
-};
 
 /// The display window: two lines, small, without a frame, above all others. It ties the lines, the timers and
 /// the menu to what computes them. Built at rest: Form_Load reads its place and starts it.
@@ -55,8 +37,15 @@ public:
 
     void RaiseRefresh() override { m_clockLines.RaiseRefresh(); }
 
-    /// Shows the window above the others, brought onto a screen when it lay wholly outside.
+    /// Shows the window above the others, out of the notification area, and brought onto a screen when it lay
+    /// wholly outside.
     void ComeForward();
+
+    /// The same, and opens the menu for the keyboard.
+    void ComeForwardWithMenu();
+
+    /// While the settings stand open, the window does not put itself above them.
+    void HoldKeepTop(bool held);
 
     /// Writes the settings with the window's present place. Throws RunTimeError.
     void SaveAll();
@@ -78,15 +67,22 @@ private:
     void Form_Resize();
     void setuptimer_Timer();
     void Dz_Timer1_Timer();
-    void Menu_Click(const MenuItem& item);
+    void KeepTop_Timer();
+    void Menu_Click(MenuCommand command, qint32 number);
+    void Menu_AboutToShow();
     void ApplyStyles();
     void PopUpMenu(QPoint at);
+    void OpenMenuByKey();
+    void SetStored(bool stored);
+    void UpdateKeepTop();
+    bool IsCovered() const;
 
     MainWindowParts m_parts;
     FramePacer m_pacer;
     std::unique_ptr<MovingWord> m_MovingWord1;  // they leave before their pacer does
     std::unique_ptr<MovingWord> m_MovingWord2;
-    MainMenu* m_menu;  // owned by the window, as its child
+    MainMenu* m_menu;      // owned by the window, as its child
+    ItemMenu* m_trayMenu;  // likewise
     ClockLines m_clockLines;
     UsageLines m_usageLines;
     BatteryLines m_batteryLines;
@@ -97,10 +93,15 @@ private:
     std::unique_ptr<Timer> m_Win_Timer;
     std::unique_ptr<Timer> m_BatTimer;
     std::unique_ptr<Timer> m_MemoryTimer;
+    std::unique_ptr<Timer> m_KeepTop;
     FunctionSwitch m_switch;
     GeometryKeeper m_geometry;
     PointerGesture m_gesture;
-    bool m_fitted = false;  // the first half of the start-up delay is over
+    ToolLauncher m_tools;
+    TrayStorage m_storage;
+    bool m_fitted = false;   // the first half of the start-up delay is over
+    bool m_started = false;  // all of it
+    bool m_keepTopHeld = false;
 };
 
 /// Makes the window and its lines known to screen readers. Once a process, before the window.

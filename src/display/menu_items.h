@@ -9,18 +9,33 @@
 namespace tickwell {
 
 /// What choosing an item does.
-enum class MenuCommand { Separator, ShowOperation, ChangeFunction, Quit };
+enum class MenuCommand {
+    Separator,
+    ShowOperation,
+    ShowCalendar,
+    ChangeFunction,
+    Tools,  ///< the submenu of kTools
+    StartTool,
+    ShowSettings,
+    StoreInTray,
+    TakeFromTray,
+    ShowHelp,
+    ShowAbout,
+    Quit,
+};
 
-/// One item of the menu. All of the menu, its tests and its marks are made from kMenuItems.
+/// One item of a menu.
 struct MenuItem {
     QStringView name;
     QStringView caption;
     MenuCommand command = MenuCommand::Separator;
-    qint32 function = -1;  ///< argument of ChangeFunction, else unused
+    qint32 number = -1;  ///< function of ChangeFunction, index of StartTool, else unused
 };
 
+/// The menu of the main window, top to bottom.
 inline constexpr std::array kMenuItems{
     MenuItem{u"Menu0", u"操作ｳｨﾝﾄﾞｳの表示", MenuCommand::ShowOperation},
+    MenuItem{u"Menu1", u"カレンダー", MenuCommand::ShowCalendar},
     MenuItem{u"Menu61", u"", MenuCommand::Separator},
     MenuItem{u"Menu3", u"ﾃﾞｼﾞﾀﾙ時計", MenuCommand::ChangeFunction, kFunctionClock},
     MenuItem{u"Menu4", u"Windows時計", MenuCommand::ChangeFunction, kFunctionUsage},
@@ -29,32 +44,39 @@ inline constexpr std::array kMenuItems{
     MenuItem{u"Menu7", u"ﾊﾞｯﾃﾘｰ監視", MenuCommand::ChangeFunction, kFunctionBattery},
     MenuItem{u"Menu8", u"ﾒﾓﾘｰ監視", MenuCommand::ChangeFunction, kFunctionMemory},
     MenuItem{u"Menu9", u"CDﾌﾟﾚｰﾔｰ", MenuCommand::ChangeFunction, kFunctionCd},
+    MenuItem{u"Menu66", u"", MenuCommand::Separator},
+    MenuItem{u"Menu10", u"ツール", MenuCommand::Tools},
+    MenuItem{u"Menu17", u"環境設定", MenuCommand::ShowSettings},
     MenuItem{u"Menu18", u"", MenuCommand::Separator},
+    MenuItem{u"Menu19", u"ﾀｽｸﾊﾞｰ格納", MenuCommand::StoreInTray},
+    MenuItem{u"Menu21", u"ﾍﾙﾌﾟ", MenuCommand::ShowHelp},
+    MenuItem{u"menu22", u"バージョン情報", MenuCommand::ShowAbout},
     MenuItem{u"Menu20", u"終了", MenuCommand::Quit},
 };
 
-/// What a display function means for the menu and the upper line.
-struct FunctionRow {
-    QStringView title;              ///< upper line; empty where it is computed
-    bool hasOperationItem = false;  ///< Menu0 stays enabled
-    bool isBuilt = false;           ///< its item can be chosen
+/// The menu of the icon in the notification area, Menu90, top to bottom.
+inline constexpr std::array kTrayMenuItems{
+    MenuItem{u"Menu91", u"ﾀｽｸﾄﾚｲから取り出す", MenuCommand::TakeFromTray},
+    MenuItem{u"Menu92", u"", MenuCommand::Separator},
+    MenuItem{u"Menu93", u"ﾍﾙﾌﾟ", MenuCommand::ShowHelp},
+    MenuItem{u"Menu94", u"終了", MenuCommand::Quit},
 };
 
-inline constexpr std::array kFunctionRows{
-    FunctionRow{u"", false, true},
-    FunctionRow{u"Windows使用時間", false, true},
-    FunctionRow{u"ストップウォッチ", true, false},
-    FunctionRow{u"タイマー", true, false},
-    FunctionRow{u"バッテリー残量", false, true},
-    FunctionRow{u"メモリー使用率", true, true},
-    FunctionRow{u"", true, false},
+/// A companion tool: its item in the tools' menu, and its file in the program's folder.
+struct Tool {
+    QStringView caption;
+    QStringView file;
 };
 
-/// The row of a function, or nothing for a number that names none.
-constexpr const FunctionRow* FunctionRowOf(qint32 number) {
-    return number >= 0 && number < static_cast<qint32>(kFunctionRows.size())
-               ? &kFunctionRows[static_cast<std::size_t>(number)]
-               : nullptr;
-}
+/// The tools by their index, which counts from 1.
+inline constexpr std::array kTools{
+    Tool{u"電卓", u"KT01.exe"},           Tool{u"システムツール", u"KT02.exe"},
+    Tool{u"アルゴリズム", u"KT03.exe"},   Tool{u"伝言板", u"KT04.exe"},
+    Tool{u"健康管理", u"KT05.exe"},       Tool{u"視力検査", u"KT06.exe"},
+    Tool{u"連打速度", u"KT07.exe"},       Tool{u"タイプ速度", u"KT08.exe"},
+    Tool{u"マウスクリック", u"KT09.exe"}, Tool{u"ミニゲーム1", u"KT10.exe"},
+    Tool{u"ミニゲーム2", u"KT11.exe"},    Tool{u"ミニゲーム3", u"KT12.exe"},
+    Tool{u"ミニゲーム4", u"KT13.exe"},
+};
 
 }  // namespace tickwell

@@ -13,6 +13,7 @@ class TstOptions : public QObject {
 private Q_SLOTS:
     void NothingIsFine();
     void TheFolderIsTaken();
+    void TheMenuCanBeAskedFor();
     void HelpAndVersionAreAnswered();
     void MistakesAreNamed_data();
     void MistakesAreNamed();
@@ -30,6 +31,11 @@ void TstOptions::NothingIsFine() {
 void TstOptions::TheFolderIsTaken() {
     QCOMPARE(OptionsOf({u"tickwell"_s, u"--folder"_s, u"/a b/c"_s}).folder, u"/a b/c"_s);
     QCOMPARE(OptionsOf({u"tickwell"_s, u"--folder=rel"_s}).folder, u"rel"_s);
+}
+
+void TstOptions::TheMenuCanBeAskedFor() {
+    QVERIFY(!OptionsOf({u"tickwell"_s}).opensMenu);
+    QVERIFY(OptionsOf({u"tickwell"_s, u"--menu"_s}).opensMenu);
 }
 
 void TstOptions::HelpAndVersionAreAnswered() {

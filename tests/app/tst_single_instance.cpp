@@ -70,7 +70,8 @@ void TstSingleInstance::OtherWordsAreNoCall() {
     const QSignalSpy calls(&first, &SingleInstance::Called);
     const QString path = QDir(m_runtime.path()).entryInfoList(QDir::System).constFirst().filePath();
     for (const auto& [word, expected] :
-         {std::pair("forwards\n"_ba, 0), std::pair("\n"_ba, 0), std::pair("forward\n"_ba, 1)}) {
+         {std::pair("forwards\n"_ba, 0), std::pair("\n"_ba, 0), std::pair("forward\n"_ba, 1),
+          std::pair("menus\n"_ba, 1), std::pair("menu\n"_ba, 2)}) {
         QLocalSocket socket;
         socket.connectToServer(path);
         QVERIFY(socket.waitForConnected());
@@ -78,12 +79,14 @@ void TstSingleInstance::OtherWordsAreNoCall() {
         QTRY_COMPARE(socket.state(), QLocalSocket::UnconnectedState);
         QCOMPARE(calls.size(), expected);
     }
+    QCOMPARE(calls.at(0).constFirst().toBool(), false);
+    QCOMPARE(calls.at(1).constFirst().toBool(), true);
 }
 
 void TstSingleInstance::WithoutAFirstNobodyAnswers() {
     const QTemporaryDir folder;
     const SingleInstance second(folder.path());
-    QVERIFY(!second.CallFirst());
+    QVERIFY(!second.CallFirst(false));
 }
 
 void TstSingleInstance::AFolderThatTakesNoFileIsAnError() {

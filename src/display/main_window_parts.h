@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QString>
+#include <functional>
+#include <memory>
+
+#include "core/handlers.h"
+#include "core/ports/clock.h"
+#include "core/ports/memory.h"
+#include "core/ports/power.h"
+#include "core/ports/program_starter.h"
+#include "core/ports/settings_store.h"
+#include "core/ports/timer.h"
+#include "core/ports/tray.h"
+#include "core/ports/window_stack.h"
+#include "core/settings.h"
+#include "days/day_database.h"
+
+namespace tickwell {
+
+/// How the main window opens the others; one that is empty has its items disabled.
+struct OtherWindows {
+    std::function<void()> calendar;
+    std::function<void()> settings;
+    std::function<void()> help;
+    std::function<void()> about;
+};
+
+/// What the main window works with; all outlive it.
+struct MainWindowParts {
+    AppSettings& settings;
+    SettingsStore& store;
+    const std::unique_ptr<DayDatabase>& dayDatabase;  ///< null while it is closed
+    const Clock& clock;
+    TimerSource& timers;
+    const Power& power;
+    const Memory& memory;
+    Tray& tray;
+    WindowStack& stack;
+    ProgramStarter& starter;
+    QString folder;  ///< the program's, absolute
+    Handlers& handlers;
+    OtherWindows windows;
+    std::function<void()>
+        closed;  ///< called with the end of the window; settings and tray icon are done by then
+};
+
+}  // namespace tickwell

@@ -1,0 +1,34 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QList>
+#include <QString>
+
+#include "core/ports/program_starter.h"
+
+namespace tickwell {
+
+/// The file of a tool, by its index 1..13; empty outside.
+QString ToolFileName(int index);
+
+/// The companion tools that lie in the program's folder.
+class ToolLauncher {
+public:
+    /// `folder`: the program's, absolute. The starter outlives this object.
+    ToolLauncher(QString folder, ProgramStarter& starter);
+
+    /// The indexes of the tools whose files are there now, rising.
+    QList<int> Present() const;
+
+    /// Starts a tool in the program's folder, with the word that tells it who started it. Throws RunTimeError
+    /// when it does not start.
+    void Start(int index) const;
+
+private:
+    QString PathOf(int index) const;
+
+    QString m_folder;
+    ProgramStarter& m_starter;
+};
+
+}  // namespace tickwell

@@ -1,0 +1,50 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "core/settings_io.h"
+#include "days/day_store.h"
+#include "display/main_window.h"
+#include "platform/virtual_time.h"
+#include "support/fake_memory.h"
+#include "support/fake_message_boxes.h"
+#include "support/fake_power.h"
+#include "support/fake_program_starter.h"
+#include "support/fake_settings_store.h"
+#include "support/fake_tray.h"
+#include "support/fake_window_stack.h"
+
+namespace tickwell {
+
+/// The main window, with a real day database, and with all else in the test's hands.
+struct MainWindowBench {
+    FakeSettingsStore store;
+    AppSettings settings;
+    VirtualTime time{QDateTime(QDate(1998, 11, 15), QTime(21, 5, 7)), 307'000};
+    FakeMessageBoxes boxes;
+    Handlers handlers{boxes};
+    DayStore dayStore;
+    std::unique_ptr<DayDatabase> dayDatabase = OpenDayDatabase(dayStore.Path());
+    FakePower power;
+    FakeMemory memory;
+    FakeTray tray;
+    FakeWindowStack stack;
+    FakeProgramStarter starter;
+    QString folder;
+    OtherWindows windows;
+    int closed = 0;
+    std::unique_ptr<Form1> form;
+
+    void Start() {
+        LoadSettings(store, settings);
+        form = std::make_unique<Form1>(MainWindowParts{settings, store, dayDatabase, time, time, power,
+                                                       memory, tray, stack, starter, folder, handlers,
+                                                       windows, [this] { ++closed; }});
+        form->Form_Load();
+        form->show();
+    }
+    MovingWord& Upper() const { return *form->findChild<MovingWord*>(QStringLiteral("MovingWord1")); }
+    MovingWord& Lower() const { return *form->findChild<MovingWord*>(QStringLiteral("MovingWord2")); }
+    QAction& Item(const char* name) const { return *form->findChild<QAction*>(QLatin1StringView(name)); }
+};
+
+}  // namespace tickwell
