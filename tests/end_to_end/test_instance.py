@@ -35,6 +35,22 @@ class Instance(TickwellCase):
         self.assertEqual(self.session.spawn(tickwell_command(self.session)).wait_end(), 0)
         self.assertEqual(tuple(main_window(first).extents)[:2], (100, 200))
 
+    def test_a_second_start_opens_the_menu_for_the_keyboard(self):
+        first = start_tickwell(self.session)
+        wait_lines(first, upper="Tickwell Ver.2")
+        self.session.spawn(["xmessage", "-name", "rival", "-geometry", "400x300+500+500", "rival"])
+        rival = self.session.windows.wait(name="rival")
+        wait_for(lambda: self.session.windows.focus_owner() == rival, "the rival focused")
+        menu = tickwell_command(self.session, arguments=("--menu",))
+        self.assertEqual(self.session.spawn(menu).wait_end(), 0)
+        first.wait(role="popup menu", name="メニュー")
+        self.session.hand.key("Up", "Return")  # the last item ends the program
+        self.assertEqual(first.program.wait_end(), 0)
+
+    def test_a_first_start_opens_the_menu_when_asked(self):
+        first = start_tickwell(self.session, arguments=("--menu",))
+        first.wait(role="popup menu", name="メニュー")
+
     def test_two_folders_are_two_programs(self):
         first = start_tickwell(self.session)
         other = start_tickwell(self.session, folder=make_folder(self.session.directory / "other"))

@@ -9,6 +9,8 @@ from Xlib.protocol.event import ClientMessage
 
 from driver.waiting import PATIENCE, TimedOut, wait_for
 
+FROM_PAGER = 2  # window managers hear some requests from panels and pagers alone
+
 
 class Geometry(NamedTuple):
     """In pixels of the screen, without the window manager's frame."""
@@ -92,6 +94,19 @@ class XWindows:
                 return None
         return focus.id
 
+    def states(self, xid):
+        """Names of the window's states, as its manager keeps them."""
+        found = self._property(self._window(xid), "_NET_WM_STATE")
+        return {self._display.get_atom_name(atom) for atom in (found if found is not None else ())}
+
+    def set_state(self, xid, state, wanted=True):
+        """Asks the window manager for a state of any window, as a panel does."""
+        self._ask_manager(xid, "_NET_WM_STATE", int(wanted), self._display.intern_atom(state), 0, FROM_PAGER, 0)
+
+    def raise_window(self, xid):
+        """Asks the window manager to put any window above those of its kind, as a pager does."""
+        self._ask_manager(xid, "_NET_RESTACK_WINDOW", FROM_PAGER, 0, X.Above, 0, 0)
+
     def close_window(self, xid):
         """Asks a window to close, as its frame's close button does."""
         window = self._window(xid)
@@ -105,6 +120,12 @@ class XWindows:
         self._display.sync()
         if trouble.get_error():
             raise trouble.get_error()
+
+    def _ask_manager(self, xid, request, *words):
+        message = ClientMessage(window=self._window(xid), client_type=self._display.intern_atom(request),
+                                data=(32, list(words)))
+        self._root.send_event(message, event_mask=X.SubstructureRedirectMask | X.SubstructureNotifyMask)
+        self._display.sync()
 
     def _window(self, xid):
         return self._display.create_resource_object("window", xid)

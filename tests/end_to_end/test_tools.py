@@ -1,0 +1,57 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
+"""Companion tools beside the program."""
+
+import unittest
+
+from driver.case import TickwellCase
+from driver.tickwell import main_window, make_folder, start_tickwell, wait_lines, wait_on_screen
+from driver.waiting import wait_for
+
+TOOL = """#!/bin/sh
+printf '%s|' "$#" "$@" "$PWD" >told.part && mv told.part told
+"""
+
+
+class Tools(TickwellCase):
+    def start(self, tools):
+        """`tools`: {file: text}, each with its run bit."""
+        self.folder = make_folder(self.session.directory / "a folder")
+        for file, text in tools.items():
+            (self.folder / file).write_text(text, encoding="ascii")
+            (self.folder / file).chmod(0o755)
+        self.app = start_tickwell(self.session, folder=self.folder)
+        wait_lines(self.app, upper="Tickwell Ver.2")
+        wait_on_screen(self.session, self.app)
+
+    def open_menu(self):
+        self.session.hand.click(main_window(self.app))
+        return self.app.wait(role="popup menu", name="メニュー")
+
+    def open_tools(self):
+        self.session.hand.click(self.open_menu().wait(name="ツール"))
+        return self.app.wait(role="popup menu", name="ツール")
+
+    def test_a_tool_is_started_in_the_folder_with_its_word(self):
+        self.start({"KT04.exe": TOOL, "KT09.exe": TOOL})
+        tools = self.open_tools()
+        shown = [item.name for item in tools.children if item.showing]
+        self.assertEqual(shown, ["伝言板", "マウスクリック"])
+        self.session.hand.click(tools.wait(name="伝言板"))
+        told = self.folder / "told"
+        wait_for(told.exists, "the tool's word")
+        self.assertEqual(told.read_text(encoding="utf-8"), f"1|VeskOnly|{self.folder}|")
+
+    def test_a_tool_that_does_not_start_is_reported(self):
+        self.start({"KT01.exe": TOOL})
+        (self.folder / "KT01.exe").chmod(0o644)
+        self.session.hand.click(self.open_tools().wait(name="電卓"))
+        box = self.app.wait(role="alert message", name="Tickwell")
+        self.assertTrue(box.find(role="label", name=lambda text: text.startswith("実行時エラー")), box.dump())
+
+    def test_without_tools_there_is_no_submenu(self):
+        self.start({})
+        self.assertNotIn("ツール", [item.name for item in self.open_menu().children if item.showing])
+
+
+if __name__ == "__main__":
+    unittest.main()
