@@ -1,0 +1,169 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/about_box.h"
+
+#include <QClipboard>
+#include <QDir>
+#include <QGuiApplication>
+#include <QHBoxLayout>
+#include <QShowEvent>
+#include <QStyle>
+#include <QVBoxLayout>
+#include <QVersionNumber>
+
+#include "app/about_text.h"
+#include "app/gradation.h"
+#include "app/program_icon.h"
+#include "app/system_facts.h"
+
+namespace tickwell {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kThanksInterval = 3500;  // ms
+constexpr int kIconSize = 64;
+
+const QString& ProgramTitle() {
+    static const QString title = u"Tickwell"_s;
+    return title;
+}
+
+QLabel* MakeLabel(const QString& name, QWidget* parent) {
+    auto* label = new QLabel(parent);
+    label->setObjectName(name);
+    label->setTextFormat(Qt::PlainText);
+    return label;
+}
+
+/// The width that every message fits into, so that the box keeps its size while they rotate.
+int WidestThanks(const QFontMetrics& metrics) {
+    int widest = 0;
+    QString message = FirstThanks();
+    do {
+        widest = qMax(widest, metrics.size(0, ThanksLines(message)).width());
+        message = NextThanks(message);
+    } while (message != FirstThanks());
+    return widest;
+}
+
+}  // namespace
+
+frmAbout::frmAbout(const AboutBoxParts& parts, QWidget* parent)
+    : QDialog(parent),
+      m_parts(parts),
+      m_lblTitle(MakeLabel(u"lblTitle"_s, this)),
+      m_lblVersion(MakeLabel(u"lblVersion"_s, this)),
+      m_Label3(MakeLabel(u"Label3"_s, this)),
+      m_Timer1(parts.handlers.MakeTimer(parts.timers, kThanksInterval, [this] { Timer1_Timer(); })) {
+    setObjectName(u"frmAbout"_s);
+    auto* sysInfo = MakeButton(u"cmdSysInfo"_s, u"ｼｽﾃﾑ情報(&S)..."_s, &frmAbout::cmdSysInfo_Click);
+    auto* contact = MakeButton(u"Command2"_s, u"連絡先"_s, &frmAbout::Command2_Click);
+    m_cmdCopy = MakeButton(u"cmdCopy"_s, u"情報をコピー(&C)"_s, &frmAbout::cmdCopy_Click);
+    auto* ok = new QPushButton(u"OK"_s, this);
+    ok->setObjectName(u"cmdOK"_s);
+    ok->setDefault(true);
+    connect(ok, &QPushButton::clicked, this, &QDialog::accept);
+
+    auto* buttons = new QHBoxLayout;
+    buttons->addWidget(sysInfo);
+    buttons->addWidget(contact);
+    buttons->addWidget(m_cmdCopy);
+    buttons->addStretch();
+    buttons->addWidget(ok);
+    buttons->setContentsMargins(style()->pixelMetric(QStyle::PM_LayoutLeftMargin), 0,
+                                style()->pixelMetric(QStyle::PM_LayoutRightMargin),
+                                style()->pixelMetric(QStyle::PM_LayoutBottomMargin));
+    auto* whole = new QVBoxLayout(this);
+    whole->setContentsMargins(0, 0, 0, 0);
+    whole->setSpacing(style()->pixelMetric(QStyle::PM_LayoutTopMargin));
+    whole->addWidget(MakeText());
+    whole->addLayout(buttons);
+    whole->setSizeConstraint(QLayout::SetFixedSize);
+    ok->setFocus();
+}
+
+QWidget* frmAbout::MakeText() {
+    auto* background = new Gradation(this);
+    background->setObjectName(u"Gradation1"_s);
+    QFont large = font();
+    large.setPointSizeF(large.pointSizeF() * 2);
+    large.setBold(true);
+    m_lblTitle->setFont(large);
+    auto* icon = MakeLabel(u"Image1"_s, this);
+    icon->setPixmap(ProgramIcon().pixmap(kIconSize));
+    icon->setAccessibleName(u"Tickwell のアイコン"_s);
+
+    auto* texts = new QVBoxLayout;
+    texts->addWidget(m_lblTitle);
+    texts->addWidget(m_lblVersion);
+    texts->addSpacing(fontMetrics().height());
+    texts->addWidget(m_Label3);
+    auto* all = new QHBoxLayout(background);
+    const int margin = fontMetrics().height() * 3 / 2;
+    all->setContentsMargins(margin, margin, margin, margin);
+    all->setSpacing(margin);
+    all->addWidget(icon, 0, Qt::AlignTop);
+    all->addLayout(texts);
+    all->addStretch();
+    return background;
+}
+
+QPushButton* frmAbout::MakeButton(const QString& name, const QString& caption, void (frmAbout::*clicked)()) {
+    auto* button = new QPushButton(caption, this);
+    button->setObjectName(name);
+    m_parts.handlers.Connect(button, &QPushButton::clicked, this, [this, clicked] { (this->*clicked)(); });
+    return button;
+}
+
+void frmAbout::Form_Load() {
+    setWindowTitle(ProgramTitle() + u"のﾊﾞｰｼﾞｮﾝ情報");
+    const QVersionNumber version = QVersionNumber::fromString(QStringLiteral(TICKWELL_VERSION));
+    m_lblTitle->setText(ProgramTitle());
+    m_lblVersion->setText(
+        VersionText(version.majorVersion(), version.minorVersion(), version.microVersion()));
+    m_Label3->setMinimumWidth(WidestThanks(m_Label3->fontMetrics()));
+    ShowThanks(FirstThanks());
+    m_Timer1->Start();
+}
+
+void frmAbout::ShowThanks(const QString& message) {
+    m_shown = message;
+    m_Label3->setText(ThanksLines(message));
+}
+
+void frmAbout::Timer1_Timer() {
+    ShowThanks(NextThanks(m_shown));
+}
+
+void frmAbout::cmdSysInfo_Click() {
+    if (!StartSystemInformation(m_parts.programs, QDir::currentPath())) {
+        m_parts.boxes.Show({MessageIcon::None, ProgramTitle(), u"現時点ではｼｽﾃﾑ情報を使用できません"_s}, [] {});
+    }
+}
+
+void frmAbout::Command2_Click() {
+    m_parts.help.ShowTopic(kHelpContact);
+}
+
+/// The button itself says that it was done: nothing else is to be seen of a copy.
+void frmAbout::cmdCopy_Click() {
+    QGuiApplication::clipboard()->setText(FactsText(FactsOfThisMachine()));
+    m_cmdCopy->setText(u"コピーしました(&C)"_s);
+}
+
+void frmAbout::showEvent(QShowEvent* event) {
+    if (!event->spontaneous()) {
+        Form_Load();
+    }
+    QDialog::showEvent(event);
+}
+
+void frmAbout::hideEvent(QHideEvent* event) {
+    if (!event->spontaneous()) {
+        m_Timer1->Stop();
+    }
+    QDialog::hideEvent(event);
+}
+
+}  // namespace tickwell

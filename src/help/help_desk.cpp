@@ -1,0 +1,30 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "help/help_desk.h"
+
+#include "help/help_file.h"
+
+namespace tickwell {
+
+HelpDesk::HelpDesk(QString file, Handlers& handlers, Opening opening)
+    : m_file(std::move(file)), m_handlers(handlers), m_opening(std::move(opening)) {}
+
+HelpDesk::~HelpDesk() {
+    delete m_window;  // it writes its look into ours
+}
+
+void HelpDesk::ShowTopic(int topic) {
+    if (m_window != nullptr && m_window->isHidden()) {
+        m_window = nullptr;  // closed a moment ago, and on its way out
+    }
+    if (m_window == nullptr) {
+        m_window = new HelpWindow(m_handlers, ReadHelpFile(m_file), m_look);
+        m_opening(*m_window);
+        m_window->show();
+    }
+    m_window->ShowTopic(topic);
+    m_window->setWindowState(m_window->windowState() & ~Qt::WindowMinimized);
+    m_window->raise();
+    m_window->activateWindow();
+}
+
+}  // namespace tickwell
