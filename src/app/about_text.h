@@ -26,10 +26,10 @@ QString VersionText(int major, int minor, int revision);
 struct SystemFacts {
     QString programVersion;
     QString toolkitVersion;
-    QString system;    ///< the distribution, with its version
-    QString kernel;    ///< kind, version and processor
-    QString desktop;   ///< name and session type, as in "XFCE x11"
-    QString platform;  ///< the toolkit's way to the screen
+    QString system;       ///< the distribution, with its version
+    QString kernel;       ///< kind, version and processor
+    QString desktop;      ///< name and session type, as in "XFCE x11"
+    QString platform;     ///< the toolkit's way to the screen
     QStringList screens;  ///< one for each: size in pixels, logical dots per inch, scale
     QString style;
     QString font;

@@ -5,8 +5,8 @@
 
 namespace tickwell {
 
-/// A background that passes from the palette's window colour into a touch of its highlight. Dark palettes stay
-/// dark, so what stands on it keeps the palette's text colour.
+/// A background that passes from the palette's window colour into a touch of its highlight. Dark palettes
+/// stay dark, so what stands on it keeps the palette's text colour.
 class Gradation : public QWidget {
     Q_OBJECT
 

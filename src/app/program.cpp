@@ -57,6 +57,8 @@ void Program::Start() {
     const Clock& clock = m_virtualTime ? static_cast<const Clock&>(*m_virtualTime) : m_systemClock;
     TimerSource& timers = m_virtualTime ? static_cast<TimerSource&>(*m_virtualTime) : m_qtTimers;
     const auto closed = [this] {
+        m_instance->disconnect(this);
+        m_windows.reset();
         m_started.dayDatabase.reset();
         m_handlers.WhenQuiet([] { QCoreApplication::quit(); });
     };

@@ -5,8 +5,10 @@
 #include <memory>
 
 #include "app/options.h"
+#include "app/program_icon.h"
 #include "app/single_instance.h"
 #include "app/startup.h"
+#include "app/windows.h"
 #include "core/handlers.h"
 #include "display/main_window.h"
 #include "platform/desktop_programs.h"
@@ -47,13 +49,14 @@ private:
     ProcMemory m_memory;
     PowerSupplies m_powerSupplies;
     UPower m_power{m_powerSupplies};
-    QtTray m_tray{QIcon()};
+    QtTray m_tray{ProgramIcon()};
     X11Stack m_stack;
     DesktopPrograms m_starter;
     std::unique_ptr<VirtualTime> m_virtualTime;
     std::unique_ptr<VirtualTimePipe> m_virtualTimePipe;
     std::unique_ptr<SingleInstance> m_instance;
     Started m_started;
+    std::unique_ptr<Windows> m_windows;
     std::unique_ptr<Form1> m_form;
 };
 

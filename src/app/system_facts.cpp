@@ -30,11 +30,11 @@ SystemFacts FactsOfThisMachine() {
     facts.programVersion = QStringLiteral(TICKWELL_VERSION);
     facts.toolkitVersion = QString::fromLatin1(qVersion());
     facts.system = QSysInfo::prettyProductName();
-    facts.kernel = QSysInfo::kernelType() + u' ' + QSysInfo::kernelVersion() + u' ' +
-                   QSysInfo::currentCpuArchitecture();
-    facts.desktop = QString(qEnvironmentVariable("XDG_CURRENT_DESKTOP") + u' ' +
-                            qEnvironmentVariable("XDG_SESSION_TYPE"))
-                        .trimmed();
+    facts.kernel =
+        QSysInfo::kernelType() + u' ' + QSysInfo::kernelVersion() + u' ' + QSysInfo::currentCpuArchitecture();
+    facts.desktop =
+        QString(qEnvironmentVariable("XDG_CURRENT_DESKTOP") + u' ' + qEnvironmentVariable("XDG_SESSION_TYPE"))
+            .trimmed();
     facts.platform = QGuiApplication::platformName();
     for (const QScreen* screen : QGuiApplication::screens()) {
         facts.screens.append(ScreenText(*screen));

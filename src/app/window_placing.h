@@ -1,0 +1,18 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QRect>
+#include <QWidget>
+
+namespace tickwell {
+
+/// Where a window of this size goes that is opened from `opener`: below it, else above, else beside it, as
+/// far as `screen` leaves room, and always wholly on the screen where it fits there at all. Sizes without
+/// frames, which window managers add.
+QPoint PlaceNear(QSize size, const QRect& opener, const QRect& screen);
+
+/// Puts a window that is not shown yet there, above other programs' windows as the main window is, whom it
+/// would be hidden by else.
+void PlaceNear(QWidget& window, const QWidget& opener);
+
+}  // namespace tickwell

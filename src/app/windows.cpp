@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/windows.h"
+
+#include "app/window_placing.h"
+
+namespace tickwell {
+
+using namespace Qt::StringLiterals;
+
+Windows::Windows(const WindowsParts& parts)
+    : m_parts(parts), m_help(u"Help.hlp"_s, parts.handlers, [this](QWidget& window) { Place(window); }) {}
+
+Windows::~Windows() {
+    delete m_about;
+}
+
+OtherWindows Windows::Openers() {
+    OtherWindows openers;
+    openers.help = [this] { m_help.ShowTopic(kHelpContents); };
+    openers.about = [this] {
+        Open(m_about, [this] {
+            return new frmAbout({m_parts.timers, m_parts.handlers, m_parts.boxes, m_help, m_parts.programs});
+        });
+    };
+    return openers;
+}
+
+/// Opened again while it is open, a window comes forward.
+template <typename Window, typename Make>
+void Windows::Open(QPointer<Window>& window, Make make) {
+    if (window == nullptr || window->isHidden()) {
+        delete window;
+        window = make();
+        window->setAttribute(Qt::WA_DeleteOnClose);
+        Place(*window);
+    }
+    window->setWindowState(window->windowState() & ~Qt::WindowMinimized);
+    window->show();
+    window->raise();
+    window->activateWindow();
+}
+
+void Windows::Place(QWidget& window) {
+    PlaceNear(window, *m_mainWindow);
+}
+
+}  // namespace tickwell

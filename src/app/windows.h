@@ -1,0 +1,48 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QPointer>
+
+#include "app/about_box.h"
+#include "core/handlers.h"
+#include "display/main_window.h"
+#include "help/help_desk.h"
+
+namespace tickwell {
+
+/// What the windows work with; all outlive them.
+struct WindowsParts {
+    TimerSource& timers;
+    Handlers& handlers;
+    MessageBoxes& boxes;
+    ProgramStarter& programs;
+};
+
+/// The windows beside the main one: made when they are asked for, one of each, near the main window and above
+/// other programs' windows, and gone when they are closed.
+class Windows {
+public:
+    explicit Windows(const WindowsParts& parts);
+    ~Windows();
+    Windows(const Windows&) = delete;
+    Windows& operator=(const Windows&) = delete;
+
+    /// The ways to open them, for the main window's menu. Not to be used before SetMainWindow or after this
+    /// object's end.
+    OtherWindows Openers();
+
+    /// The window beside which the others open; it outlives them.
+    void SetMainWindow(Form1& mainWindow) { m_mainWindow = &mainWindow; }
+
+private:
+    template <typename Window, typename Make>
+    void Open(QPointer<Window>& window, Make make);
+    void Place(QWidget& window);
+
+    WindowsParts m_parts;
+    Form1* m_mainWindow = nullptr;
+    HelpDesk m_help;
+    QPointer<frmAbout> m_about;
+};
+
+}  // namespace tickwell
