@@ -9,22 +9,21 @@ namespace tickwell {
 namespace {
 
 constexpr int kGap = 8;     // pixels between the two
-constexpr int kFrame = 40;  // what a window manager may add to the height, its title above all
+constexpr int kTitle = 32;  // what a window manager may add above
 
 }  // namespace
 
 QPoint PlaceNear(QSize size, const QRect& opener, const QRect& screen) {
-    const QSize framed = size + QSize(0, kFrame);
-    const QRect room = screen.adjusted(0, 0, 1 - framed.width(), 1 - framed.height());  // for the corner
-    const int below = opener.bottom() + kGap;
-    const int above = opener.top() - kGap - framed.height();
-    const int right = opener.right() + kGap;
-    const int left = opener.left() - kGap - framed.width();
+    const QRect room = screen.adjusted(0, kTitle, -size.width(), -size.height());  // for the corner
+    const int below = opener.bottom() + 1 + kGap + kTitle;
+    const int above = opener.top() - kGap - size.height();
+    const int right = opener.right() + 1 + kGap;
+    const int left = opener.left() - kGap - size.width();
     QPoint corner(opener.left(), below);
     if (below > room.bottom() && above >= room.top()) {
         corner.setY(above);
     } else if (below > room.bottom()) {
-        corner = {right <= room.right() ? right : left, opener.top()};
+        corner = {right <= room.right() ? right : left, opener.top() + kTitle};
     }
     return {std::max(room.left(), std::min(corner.x(), room.right())),
             std::max(room.top(), std::min(corner.y(), room.bottom()))};
@@ -32,7 +31,9 @@ QPoint PlaceNear(QSize size, const QRect& opener, const QRect& screen) {
 
 void PlaceNear(QWidget& window, const QWidget& opener) {
     window.setWindowFlag(Qt::WindowStaysOnTopHint);
-    window.adjustSize();
+    if (!window.testAttribute(Qt::WA_Resized)) {  // it has no size of its own
+        window.adjustSize();
+    }
     window.move(PlaceNear(window.size(), opener.geometry(), opener.screen()->availableGeometry()));
 }
 

@@ -7,8 +7,8 @@
 namespace tickwell {
 
 /// Where a window of this size goes that is opened from `opener`: below it, else above, else beside it, as
-/// far as `screen` leaves room, and always wholly on the screen where it fits there at all. Sizes without
-/// frames, which window managers add.
+/// far as `screen` leaves room, and always wholly on the screen where it fits there at all. Places and sizes
+/// are those inside the frame that a window manager puts around it; room is left for its title.
 QPoint PlaceNear(QSize size, const QRect& opener, const QRect& screen);
 
 /// Puts a window that is not shown yet there, above other programs' windows as the main window is, whom it

@@ -176,6 +176,10 @@ void Form1::Menu_AboutToShow() {
 }
 
 void Form1::SetStored(bool stored) {
+    if (!stored) {
+        m_geometry.Unsettle();
+        move(m_geometry.Position());
+    }
     setVisible(!stored);
     UpdateKeepTop();
 }
@@ -195,6 +199,7 @@ void Form1::UpdateKeepTop() {
 
 /// Windows that were put above later, such as another program's, may have covered this one.
 void Form1::KeepTop_Timer() {
+    m_geometry.Settle();
     if (!IsCovered()) {
         m_parts.stack.PutAbove(winId());
     }

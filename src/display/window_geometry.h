@@ -32,10 +32,14 @@ public:
 
     /// From now on every place is meant: the user has hold of the window, or its manager has had time enough.
     void Settle() { m_placings = 0; }
+    /// The window is about to be taken in anew.
+    void Unsettle() { m_placings = kPlacings; }
 
 private:
+    static constexpr int kPlacings = 5;  // a manager that knows better must win in the end
+
     WindowGeometry m_geometry;
-    int m_placings = 5;  // how often it is put back: a manager that knows better must win in the end
+    int m_placings = kPlacings;  // how often it is still put back
 };
 
 /// How the two lines share the window.
