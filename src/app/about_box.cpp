@@ -22,7 +22,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int kThanksInterval = 3500;  // ms
-constexpr int kIconSize = 64;
 
 const QString& ProgramTitle() {
     static const QString title = u"Tickwell"_s;
@@ -91,7 +90,7 @@ QWidget* frmAbout::MakeText() {
     large.setBold(true);
     m_lblTitle->setFont(large);
     auto* icon = MakeLabel(u"Image1"_s, this);
-    icon->setPixmap(ProgramIcon().pixmap(kIconSize));
+    icon->setPixmap(ProgramIcon().pixmap(fontMetrics().height() * 4));  // grows with the desktop's text
     icon->setAccessibleName(u"Tickwell のアイコン"_s);
 
     auto* texts = new QVBoxLayout;

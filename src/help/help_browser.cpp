@@ -24,11 +24,12 @@ QString StyleFor(const QPalette& palette) {
     const QString link = IsDark(palette) ? u"#8ab4ff"_s : u"#0b57c2"_s;
     return u"a { color: " + link +
            u"; text-decoration: none }"
-           u"p, li, td { line-height: 135% }"
-           u"th { background-color: " +
-           palette.color(QPalette::AlternateBase).name() +
+           u"p, li { line-height: 135% }"
+           u"table { border-collapse: collapse; border-style: solid; border-color: " +
+           palette.color(QPalette::Mid).name() +
            u" }"
-           u"th, td { padding-left: 6px; padding-right: 6px }";
+           u"th { background-color: " +
+           palette.color(QPalette::AlternateBase).name() + u" }";
 }
 
 }  // namespace
@@ -118,12 +119,15 @@ void HelpBrowser::HideHits() {
 
 /// A hit at the very edge shows nothing of what it is about: it comes to a third of the height.
 void HelpBrowser::Reveal(const QTextCursor& cursor) {
+    const QScopedValueRollback placing(m_placing, true);
+    m_position = cursor.selectionStart();
     setTextCursor(cursor);
     const QRect place = cursorRect(cursor);
     const int line = place.height();
     if (place.top() < line || place.bottom() > viewport()->height() - 2 * line) {
         verticalScrollBar()->setValue(verticalScrollBar()->value() + place.top() - viewport()->height() / 3);
     }
+    Q_EMIT PositionChanged();
 }
 
 QVariant HelpBrowser::loadResource(int /*type*/, const QUrl& /*name*/) {

@@ -19,9 +19,9 @@ void HelpDesk::ShowTopic(int topic) {
     if (m_window == nullptr) {
         m_window = new HelpWindow(m_handlers, ReadHelpFile(m_file), m_look);
         m_opening(*m_window);
-        m_window->show();
     }
     m_window->ShowTopic(topic);
+    m_window->show();
     m_window->setWindowState(m_window->windowState() & ~Qt::WindowMinimized);
     m_window->raise();
     m_window->activateWindow();

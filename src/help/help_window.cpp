@@ -52,7 +52,7 @@ HelpWindow::HelpWindow(Handlers& handlers, const QString& html, HelpLook& look, 
     panes->addWidget(m_text);
     panes->setStretchFactor(1, 1);
     panes->setChildrenCollapsible(false);
-    panes->setSizes({fontMetrics().averageCharWidth() * 36, fontMetrics().averageCharWidth() * 90});
+    panes->setSizes({fontMetrics().averageCharWidth() * 46, fontMetrics().averageCharWidth() * 114});
     auto* whole = new QVBoxLayout(this);
     whole->addLayout(MakeTools());
     whole->addWidget(panes, 1);
@@ -109,12 +109,12 @@ QHBoxLayout* HelpWindow::MakeTools() {
     auto* tools = new QHBoxLayout;
     tools->addWidget(ButtonFor(m_back, this));
     tools->addWidget(ButtonFor(m_forward, this));
-    tools->addStretch(1);
-    tools->addWidget(MakeFindBox(), 3);
+    tools->addSpacing(fontMetrics().height());
+    tools->addWidget(MakeFindBox(), 1);
     tools->addWidget(ButtonFor(m_previous, this));
     tools->addWidget(ButtonFor(m_next, this));
     tools->addWidget(m_count);
-    tools->addStretch(1);
+    tools->addSpacing(fontMetrics().height());
     for (QAction* action : {m_smaller, normal, m_larger}) {
         tools->addWidget(ButtonFor(action, this));
     }
@@ -126,6 +126,7 @@ QWidget* HelpWindow::MakeFindBox() {
     m_find->setAccessibleName(u"検索する語"_s);
     m_find->setPlaceholderText(u"ヘルプ全体を検索"_s);
     m_find->setClearButtonEnabled(true);
+    m_find->setMinimumWidth(m_find->fontMetrics().averageCharWidth() * 24);
     m_count->setObjectName(u"FindCount"_s);
     m_count->setTextFormat(Qt::PlainText);
     // Room for what it will say: the buttons stay where they are while the reader types.
@@ -151,7 +152,7 @@ void HelpWindow::PlaceFirst() {
     if (!m_look.geometry.isEmpty() && restoreGeometry(m_look.geometry)) {
         return;
     }
-    const QSize wanted(fontMetrics().averageCharWidth() * 130, fontMetrics().height() * 38);
+    const QSize wanted(fontMetrics().averageCharWidth() * 160, fontMetrics().height() * 42);
     resize(wanted.boundedTo(screen()->availableSize() * 9 / 10));
 }
 
