@@ -35,15 +35,17 @@ QLabel* MakeLabel(const QString& name, QWidget* parent) {
     return label;
 }
 
-/// The width that every message fits into, so that the box keeps its size while they rotate.
-int WidestThanks(const QFontMetrics& metrics) {
-    int widest = 0;
+/// Gives a label the room that every message needs, so that the box keeps its size while they rotate.
+void MakeRoomForThanks(QLabel& label) {
+    label.setMinimumSize(0, 0);
+    QSize room;
     QString message = FirstThanks();
     do {
-        widest = qMax(widest, metrics.size(0, ThanksLines(message)).width());
+        label.setText(ThanksLines(message));
+        room = room.expandedTo(label.sizeHint());
         message = NextThanks(message);
     } while (message != FirstThanks());
-    return widest;
+    label.setMinimumSize(room);
 }
 
 }  // namespace
@@ -80,6 +82,7 @@ frmAbout::frmAbout(const AboutBoxParts& parts, QWidget* parent)
     whole->addLayout(buttons);
     whole->setSizeConstraint(QLayout::SetFixedSize);
     ok->setFocus();
+    Form_Load();
 }
 
 QWidget* frmAbout::MakeText() {
@@ -121,9 +124,7 @@ void frmAbout::Form_Load() {
     m_lblTitle->setText(ProgramTitle());
     m_lblVersion->setText(
         VersionText(version.majorVersion(), version.minorVersion(), version.microVersion()));
-    m_Label3->setMinimumWidth(WidestThanks(m_Label3->fontMetrics()));
-    ShowThanks(FirstThanks());
-    m_Timer1->Start();
+    MakeRoomForThanks(*m_Label3);
 }
 
 void frmAbout::ShowThanks(const QString& message) {
@@ -154,7 +155,8 @@ void frmAbout::cmdCopy_Click() {
 
 void frmAbout::showEvent(QShowEvent* event) {
     if (!event->spontaneous()) {
-        Form_Load();
+        ShowThanks(FirstThanks());
+        m_Timer1->Start();
     }
     QDialog::showEvent(event);
 }

@@ -14,8 +14,8 @@ struct TextSpan {
     bool operator==(const TextSpan&) const = default;
 };
 
-/// A text as it is searched. Case makes no difference, nor does the width of a character: what the menus write
-/// as ﾀｲﾏｰ is found as タイマー, and the other way round.
+/// A text as it is searched. Case makes no difference, nor does the width of a character: what the menus
+/// write as ﾀｲﾏｰ is found as タイマー, and the other way round.
 class FoldedText {
 public:
     explicit FoldedText(QStringView text = {});

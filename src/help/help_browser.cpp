@@ -131,7 +131,7 @@ void HelpBrowser::Reveal(const QTextCursor& cursor) {
 }
 
 QVariant HelpBrowser::loadResource(int /*type*/, const QUrl& /*name*/) {
-    return QVariant();
+    return QByteArray();  // without an answer the document would open the file by itself
 }
 
 void HelpBrowser::resizeEvent(QResizeEvent* event) {

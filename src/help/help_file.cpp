@@ -11,7 +11,7 @@ namespace tickwell {
 
 namespace {
 
-constexpr qint64 kLargest = 16 * 1024 * 1024;  // bytes; ours has a hundredth of a hundredth of it
+constexpr qint64 kLargest = qint64{16} * 1024 * 1024;  // bytes; ours has a hundredth of a hundredth of it
 
 }  // namespace
 
@@ -27,7 +27,7 @@ QString ReadHelpFile(const QString& path) {
         throw RunTimeError(name + u" を読み込めません。");
     }
     // Compiled help files of other systems bear the same name, and are full of NUL.
-    QStringDecoder decoder(QStringDecoder::Utf8);
+    QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);  // or it waits for more
     QString text = decoder(bytes);
     if (decoder.hasError() || text.contains(QChar::Null) || bytes.size() > kLargest) {
         throw RunTimeError(name + u" はヘルプの形式ではありません。");

@@ -54,9 +54,9 @@ std::optional<int> HelpPage::LinkPosition(const QString& href) const {
 }
 
 int HelpPage::HeadingAt(int position) const {
-    const auto behind = std::upper_bound(
-        headings.begin(), headings.end(), position,
-        [](int wanted, const HelpHeading& heading) { return wanted < heading.position; });
+    const auto behind =
+        std::upper_bound(headings.begin(), headings.end(), position,
+                         [](int wanted, const HelpHeading& heading) { return wanted < heading.position; });
     return static_cast<int>(behind - headings.begin()) - 1;
 }
 

@@ -40,11 +40,13 @@ protected:
     void hideEvent(QHideEvent* event) override;
 
 private:
+    void AddActions();
     QHBoxLayout* MakeTools();
     QWidget* MakeFindBox();
     QAction* Add(const QString& name, const QString& caption, const QList<QKeySequence>& keys,
                  std::function<void()> handler);
     void AddFindKeys();
+    void ConnectPanes();
     void PlaceFirst();
 
     void JumpTo(int position);
@@ -69,6 +71,7 @@ private:
     QAction* m_back = nullptr;
     QAction* m_forward = nullptr;
     QAction* m_smaller = nullptr;
+    QAction* m_normal = nullptr;
     QAction* m_larger = nullptr;
     QAction* m_previous = nullptr;
     QAction* m_next = nullptr;

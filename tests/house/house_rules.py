@@ -13,10 +13,11 @@ ARROWS = {
     "platform": {"core", "media"},
     "media": {"core"},
     "days": {"core"},
+    "help": {"core"},
     "timing": {"core", "media"},
     "display": {"core", "media", "days", "timing"},
     "settings_ui": {"core", "media", "days", "timing", "display"},
-    "app": {"core", "platform", "media", "days", "timing", "display", "settings_ui"},
+    "app": {"core", "platform", "media", "days", "help", "timing", "display", "settings_ui"},
 }
 INCLUDE = re.compile(r'^\s*#\s*include\s*"([^"]+)"', re.MULTILINE)
 TOOLKIT_INCLUDE = re.compile(r"^\s*#\s*include\s*<(Q[A-Za-z0-9]+)>", re.MULTILINE)

@@ -1,0 +1,103 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include <QToolButton>
+
+#include "help/help_window.h"
+
+namespace tickwell {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QToolButton* ButtonFor(QAction* action, QWidget* parent) {
+    auto* button = new QToolButton(parent);
+    button->setObjectName(action->objectName());
+    button->setDefaultAction(action);
+    button->setToolButtonStyle(Qt::ToolButtonTextOnly);
+    button->setFocusPolicy(Qt::TabFocus);
+    const QString keys = action->shortcut().toString(QKeySequence::NativeText);
+    button->setToolTip(action->toolTip() + (keys.isEmpty() ? QString() : u" (" + keys + u')'));
+    button->setAccessibleName(action->toolTip());
+    return button;
+}
+
+}  // namespace
+
+QAction* HelpWindow::Add(const QString& name, const QString& caption, const QList<QKeySequence>& keys,
+                         std::function<void()> handler) {
+    auto* action = new QAction(caption, this);
+    action->setObjectName(name);
+    action->setShortcuts(keys);
+    m_handlers.Connect(action, &QAction::triggered, this, std::move(handler));
+    addAction(action);
+    return action;
+}
+
+void HelpWindow::AddActions() {
+    m_back = Add(u"Back"_s, u"戻る"_s, {Qt::ALT | Qt::Key_Left, Qt::Key_Back}, [this] { GoBack(); });
+    m_forward =
+        Add(u"Forward"_s, u"進む"_s, {Qt::ALT | Qt::Key_Right, Qt::Key_Forward}, [this] { GoForward(); });
+    m_previous = Add(u"FindPrevious"_s, u"前を検索"_s, {Qt::SHIFT | Qt::Key_F3},
+                     [this] { FindStep(&HelpSearch::Previous); });
+    m_next = Add(u"FindNext"_s, u"次を検索"_s, {Qt::Key_F3}, [this] { FindStep(&HelpSearch::Next); });
+    // The keys of Japanese and of English keyboards; + and = need Shift on one or the other.
+    m_smaller = Add(u"Smaller"_s, u"小さく"_s, {Qt::CTRL | Qt::Key_Minus},
+                    [this] { SetTextSize(&TextSize::Shrink); });
+    m_normal = Add(u"Normal"_s, u"標準"_s, {Qt::CTRL | Qt::Key_0}, [this] { SetTextSize(&TextSize::Reset); });
+    m_larger = Add(u"Larger"_s, u"大きく"_s,
+                   {Qt::CTRL | Qt::Key_Plus, Qt::CTRL | Qt::Key_Equal, Qt::CTRL | Qt::Key_Semicolon},
+                   [this] { SetTextSize(&TextSize::Grow); });
+    m_smaller->setToolTip(u"文字を小さく"_s);
+    m_normal->setToolTip(u"文字を標準の大きさに"_s);
+    m_larger->setToolTip(u"文字を大きく"_s);
+    Add(u"FocusFind"_s, u"検索"_s, {Qt::CTRL | Qt::Key_F}, [this] {
+        m_find->setFocus(Qt::ShortcutFocusReason);
+        m_find->selectAll();
+    });
+    Add(u"SwitchPane"_s, u"目次と本文の切り替え"_s, {Qt::Key_F6}, [this] { SwitchPane(); });
+}
+
+QHBoxLayout* HelpWindow::MakeTools() {
+    auto* tools = new QHBoxLayout;
+    tools->addWidget(ButtonFor(m_back, this));
+    tools->addWidget(ButtonFor(m_forward, this));
+    tools->addSpacing(fontMetrics().height());
+    tools->addWidget(MakeFindBox(), 1);
+    tools->addWidget(ButtonFor(m_previous, this));
+    tools->addWidget(ButtonFor(m_next, this));
+    tools->addWidget(m_count);
+    tools->addSpacing(fontMetrics().height());
+    for (QAction* action : {m_smaller, m_normal, m_larger}) {
+        tools->addWidget(ButtonFor(action, this));
+    }
+    return tools;
+}
+
+QWidget* HelpWindow::MakeFindBox() {
+    m_find->setObjectName(u"Find"_s);
+    m_find->setAccessibleName(u"検索する語"_s);
+    m_find->setPlaceholderText(u"ヘルプ全体を検索"_s);
+    m_find->setClearButtonEnabled(true);
+    m_find->setMinimumWidth(m_find->fontMetrics().averageCharWidth() * 24);
+    m_count->setObjectName(u"FindCount"_s);
+    m_count->setTextFormat(Qt::PlainText);
+    // Room for what it will say: the buttons stay where they are while the reader types.
+    m_count->setMinimumWidth(m_count->fontMetrics().horizontalAdvance(u"見つかりません "_s));
+    m_handlers.Connect(m_find, &QLineEdit::textChanged, this, [this] { Find(); });
+    return m_find;
+}
+
+/// Enter in the find box goes on, as it does in every other search box.
+void HelpWindow::AddFindKeys() {
+    const auto add = [this](const QList<QKeySequence>& keys, void (HelpSearch::*step)()) {
+        auto* action = new QAction(m_find);
+        action->setShortcuts(keys);
+        action->setShortcutContext(Qt::WidgetShortcut);
+        m_handlers.Connect(action, &QAction::triggered, this, [this, step] { FindStep(step); });
+        m_find->addAction(action);
+    };
+    add({Qt::Key_Return, Qt::Key_Enter}, &HelpSearch::Next);
+    add({Qt::SHIFT | Qt::Key_Return, Qt::SHIFT | Qt::Key_Enter}, &HelpSearch::Previous);
+}
+
+}  // namespace tickwell

@@ -1,0 +1,70 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include <QTest>
+
+#include "help/help_history.h"
+
+using namespace tickwell;
+
+/// The way back, and forward again.
+class TstHelpHistory : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void AtFirstThereIsNoWay();
+    void EachJumpCanBeGoneBack();
+    void GoingBackReturnsToWhereTheReaderHadScrolled();
+    void AJumpEndsTheWayForward();
+    void AJumpToTheSamePlaceIsNone();
+};
+
+void TstHelpHistory::AtFirstThereIsNoWay() {
+    HelpHistory history;
+    QVERIFY(!history.CanGoBack());
+    QVERIFY(!history.CanGoForward());
+    QCOMPARE(history.Back(7), 7);
+    QCOMPARE(history.Forward(7), 7);
+    QVERIFY(!history.CanGoBack());
+    QVERIFY(!history.CanGoForward());
+}
+
+void TstHelpHistory::EachJumpCanBeGoneBack() {
+    HelpHistory history;
+    history.Jump(0, 100);
+    history.Jump(100, 200);
+    QCOMPARE(history.Back(200), 100);
+    QCOMPARE(history.Back(100), 0);
+    QVERIFY(!history.CanGoBack());
+    QCOMPARE(history.Forward(0), 100);
+    QCOMPARE(history.Forward(100), 200);
+    QVERIFY(!history.CanGoForward());
+}
+
+void TstHelpHistory::GoingBackReturnsToWhereTheReaderHadScrolled() {
+    HelpHistory history;
+    history.Jump(0, 100);
+    history.Jump(130, 200);
+    QCOMPARE(history.Back(250), 130);
+    QCOMPARE(history.Forward(140), 250);
+    QCOMPARE(history.Back(250), 140);
+}
+
+void TstHelpHistory::AJumpEndsTheWayForward() {
+    HelpHistory history;
+    history.Jump(0, 100);
+    QCOMPARE(history.Back(100), 0);
+    history.Jump(0, 300);
+    QVERIFY(!history.CanGoForward());
+    QCOMPARE(history.Back(300), 0);
+}
+
+void TstHelpHistory::AJumpToTheSamePlaceIsNone() {
+    HelpHistory history;
+    history.Jump(0, 100);
+    QCOMPARE(history.Back(100), 0);
+    history.Jump(0, 0);
+    QVERIFY(!history.CanGoBack());
+    QVERIFY(history.CanGoForward());
+}
+
+QTEST_GUILESS_MAIN(TstHelpHistory)
+#include "tst_help_history.moc"

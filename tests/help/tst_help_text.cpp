@@ -1,0 +1,172 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include <QRegularExpression>
+#include <QSet>
+#include <QTest>
+#include <QTextDocument>
+
+#include "help/help_file.h"
+#include "help/help_page.h"
+#include "support/files.h"
+
+using namespace tickwell;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// What the first group of an expression matches, everywhere in a text.
+QStringList AllMatches(const QString& text, const QString& expression) {
+    QStringList found;
+    const QRegularExpression pattern(expression);
+    for (auto each = pattern.globalMatch(text); each.hasNext();) {
+        found.append(each.next().captured(1));
+    }
+    return found;
+}
+
+/// Every caption of the menus, as users see it.
+const QStringList kCaptions{
+    u"操作ｳｨﾝﾄﾞｳの表示"_s,
+    u"カレンダー"_s,
+    u"ﾃﾞｼﾞﾀﾙ時計"_s,
+    u"Windows時計"_s,
+    u"ｽﾄｯﾌﾟｳｫｯﾁ"_s,
+    u"ﾀｲﾏｰ"_s,
+    u"ﾊﾞｯﾃﾘｰ監視"_s,
+    u"ﾒﾓﾘｰ監視"_s,
+    u"CDﾌﾟﾚｰﾔｰ"_s,
+    u"ツール"_s,
+    u"環境設定"_s,
+    u"ﾀｽｸﾊﾞｰ格納"_s,
+    u"ﾍﾙﾌﾟ"_s,
+    u"バージョン情報"_s,
+    u"終了"_s,
+    u"ﾀｽｸﾄﾚｲから取り出す"_s,
+    u"電卓"_s,
+    u"システムツール"_s,
+    u"アルゴリズム"_s,
+    u"伝言板"_s,
+    u"健康管理"_s,
+    u"視力検査"_s,
+    u"連打速度"_s,
+    u"タイプ速度"_s,
+    u"マウスクリック"_s,
+    u"ミニゲーム1"_s,
+    u"ミニゲーム2"_s,
+    u"ミニゲーム3"_s,
+    u"ミニゲーム4"_s,
+};
+
+}  // namespace
+
+/// The help as it is delivered: what it promises to its window, and to the program that opens it.
+class TstHelpText : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void EveryTopicThatTheProgramOpensIsThere();
+    void EveryLinkLeadsSomewhere();
+    void AnchorsAreUnique();
+    void EveryHeadingCanBeLinkedTo();
+    void EveryMenuCaptionNamedThereExists();
+    void EveryMenuItemIsExplained();
+    void EveryTopicIsInTheIndex();
+    void TheIndexNamesEachWordOnce();
+    void NothingIsLoadedFromElsewhere();
+    void WordsAreFoundInEitherWidth();
+
+private:
+    QString m_html;
+    QTextDocument m_document;
+    HelpPage m_page;
+};
+
+void TstHelpText::initTestCase() {
+    m_html = ReadHelpFile(QStringLiteral(TICKWELL_HELP_FILE));
+    m_document.setHtml(m_html);
+    m_page = HelpPageOf(m_document);
+}
+
+void TstHelpText::EveryTopicThatTheProgramOpensIsThere() {
+    const QString header = QString::fromUtf8(ReadAll(QStringLiteral(TICKWELL_TOPICS_FILE)));
+    const QStringList topics = AllMatches(header, u"constexpr int kHelp\\w+ = (\\d+);"_s);
+    QVERIFY(topics.contains(u"6"_s) && topics.contains(u"31"_s) && topics.contains(u"32"_s));
+    for (const QString& topic : topics) {
+        QVERIFY2(m_page.anchors.contains(u"topic"_s + topic), qPrintable(topic));
+    }
+}
+
+void TstHelpText::EveryLinkLeadsSomewhere() {
+    const QStringList links = AllMatches(m_html, u"href\\s*=\\s*\"([^\"]*)\""_s);
+    QVERIFY(links.size() > 50);
+    QCOMPARE(links.size(), m_html.count(u"href"));
+    for (const QString& link : links) {
+        QVERIFY2(m_page.LinkPosition(link), qPrintable(link));
+    }
+}
+
+void TstHelpText::AnchorsAreUnique() {
+    const QStringList names = AllMatches(m_html, u"<a name=\"([^\"]*)\""_s);
+    QCOMPARE(QSet<QString>(names.begin(), names.end()).size(), names.size());
+    QCOMPARE(m_page.anchors.size(), names.size());
+}
+
+void TstHelpText::EveryHeadingCanBeLinkedTo() {
+    const QList<int> places = m_page.anchors.values();
+    QVERIFY(m_page.headings.size() > 30);
+    for (const HelpHeading& heading : m_page.headings) {
+        QVERIFY2(places.contains(heading.position), qPrintable(heading.title));
+    }
+}
+
+void TstHelpText::EveryMenuCaptionNamedThereExists() {
+    const QStringList named = AllMatches(m_html, u"<b class=\"menu\">([^<]*)</b>"_s);
+    QCOMPARE(named.size(), m_html.count(u"class=\""));
+    for (const QString& caption : named) {
+        QVERIFY2(kCaptions.contains(caption), qPrintable(caption));
+    }
+}
+
+void TstHelpText::EveryMenuItemIsExplained() {
+    const QStringList named = AllMatches(m_html, u"<b class=\"menu\">([^<]*)</b>"_s);
+    for (const QString& caption : kCaptions) {
+        QVERIFY2(named.contains(caption), qPrintable(caption));
+    }
+}
+
+void TstHelpText::EveryTopicIsInTheIndex() {
+    QSet<int> reached;
+    for (const HelpKeyword& keyword : m_page.index) {
+        reached.insert(keyword.position);
+    }
+    // The first and the questions are about everything.
+    const QSet<QString> general{u"topic1"_s, u"topic52"_s};
+    for (auto anchor = m_page.anchors.begin(); anchor != m_page.anchors.end(); ++anchor) {
+        if (anchor.key().startsWith(u"topic") && !general.contains(anchor.key())) {
+            QVERIFY2(reached.contains(anchor.value()), qPrintable(anchor.key()));
+        }
+    }
+}
+
+void TstHelpText::TheIndexNamesEachWordOnce() {
+    QSet<QString> words;
+    for (const HelpKeyword& keyword : m_page.index) {
+        QVERIFY2(!words.contains(keyword.word), qPrintable(keyword.word));
+        words.insert(keyword.word);
+    }
+    QCOMPARE(words.size(), AllMatches(m_html.section(u"name=\"index\""_s, 1), u"(<li>)"_s).size());
+}
+
+void TstHelpText::NothingIsLoadedFromElsewhere() {
+    for (const QString& sign : {u"<img"_s, u"src="_s, u"<script"_s, u"<link"_s, u"url("_s, u"://"_s}) {
+        QVERIFY2(!m_html.contains(sign), qPrintable(sign));
+    }
+}
+
+void TstHelpText::WordsAreFoundInEitherWidth() {
+    QCOMPARE(m_page.text.Find(u"タイマー"_s).size(), m_page.text.Find(u"ﾀｲﾏｰ"_s).size());
+    QVERIFY(m_page.text.Find(u"タイマー"_s).size() > m_document.toPlainText().count(u"タイマー"));
+}
+
+QTEST_MAIN(TstHelpText)
+#include "tst_help_text.moc"
