@@ -9,8 +9,15 @@ HERE = Path(__file__).resolve().parent
 sys.path.insert(0, str(HERE.parents[1] / "tests/end_to_end"))
 
 from driver.desktop import Session  # noqa: E402
-from driver.tickwell import start_tickwell, wait_lines  # noqa: E402
+from driver.tickwell import main_window, start_tickwell, wait_lines, wait_on_screen  # noqa: E402
 from driver.virtual_time import VirtualTime  # noqa: E402
+from driver.waiting import steady  # noqa: E402
+
+# Picture, item of the menu, title of the window that it opens.
+WINDOWS = [
+    ("help.png", "ﾍﾙﾌﾟ", "Tickwell ヘルプ"),
+    ("about.png", "バージョン情報", "Tickwellのﾊﾞｰｼﾞｮﾝ情報"),
+]
 
 TWICE = {"QT_SCALE_FACTOR": "2"}  # read on screens of any resolution
 
@@ -30,6 +37,22 @@ def main():
         menu = windows.geometry(windows.find(pid=app.program.pid))
         session.screenshot(HERE / "menu.png", (clock.x, clock.y, max(clock.width, menu.x + menu.width - clock.x),
                                                menu.y + menu.height - clock.y))
+        session.hand.key("Escape")
+    for picture, item, title in WINDOWS:
+        take_window(picture, item, title)
+
+
+def take_window(picture, item, title):
+    """A window as it opens from this item of the menu, without its frame."""
+    with Session() as session, VirtualTime("2026-11-20T21:04:55") as time:
+        app = start_tickwell(session, virtual_time=time)
+        time.advance(11000)
+        wait_on_screen(session, app)
+        session.hand.click(main_window(app))
+        session.hand.click(app.wait(role="popup menu", name="メニュー").wait(name=item))
+        window = session.windows.wait(name=title, pid=app.program.pid)
+        steady(lambda: session.grab(tuple(session.windows.geometry(window))).tobytes(), "the window painted")
+        session.screenshot(HERE / picture, tuple(session.windows.geometry(window)))
 
 
 if __name__ == "__main__":

@@ -1,13 +1,9 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 """Real notification areas, and the icon in them."""
 
-import time
-
 from PIL import ImageChops
 
-from driver.waiting import wait_for
-
-REST = 0.4  # s; panels move their icons about while they take one in
+from driver.waiting import steady, wait_for
 
 PANEL_SETTINGS = """<?xml version="1.0" encoding="UTF-8"?>
 <channel name="xfce4-panel" version="1.0">
@@ -60,7 +56,7 @@ class TrayIcon:
 
     def wait(self):
         """Its middle, once it has come and stays where it is."""
-        return _steady(self.place, "the icon in the panel")
+        return steady(self.place, "the icon in the panel")
 
     def wait_gone(self):
         wait_for(lambda: self.place() is None, "the end of the icon")
@@ -71,19 +67,5 @@ def _stands(session, host):
         host.check_running()
         return session.windows.find(pid=host.pid)
     wait_for(at_rest, f"the panel of {host.command[0]}")
-    _steady(lambda: session.grab(TrayIcon.PANEL).tobytes(), "the panel painted")
+    steady(lambda: session.grab(TrayIcon.PANEL).tobytes(), "the panel painted")
     return host
-
-
-def _steady(look, what):
-    """What is seen, once it is something and has been the same for a while."""
-    seen, since = None, 0.0
-
-    def at_rest():
-        nonlocal seen, since
-        before, seen = seen, look()
-        if seen is None or seen != before:
-            since = time.monotonic()
-            return None
-        return seen if time.monotonic() - since > REST else None
-    return wait_for(at_rest, what)

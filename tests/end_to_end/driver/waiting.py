@@ -13,6 +13,8 @@ PATIENCE = 30.0  # s
 # s between two looks. It grows, for looking costs time of the program looked at.
 FIRST_INTERVAL, LAST_INTERVAL = 0.01, 0.2
 
+REST = 0.4  # s for which something on the screen stays the same once it has come to rest
+
 # What asking raises while the thing asked for comes or goes; it counts as "not yet".
 VANISHING = (GLib.Error, XError)
 
@@ -37,6 +39,20 @@ def wait_for(check, what, timeout=PATIENCE):
             raise TimedOut(f"waited {timeout:g} s for {what}{trouble}")
         time.sleep(interval)
         interval = min(interval * 1.5, LAST_INTERVAL)
+
+
+def steady(look, what):
+    """What is seen, once it is something and has been the same for a while."""
+    seen, since = None, 0.0
+
+    def at_rest():
+        nonlocal seen, since
+        before, seen = seen, look()
+        if seen is None or seen != before:
+            since = time.monotonic()
+            return None
+        return seen if time.monotonic() - since > REST else None
+    return wait_for(at_rest, what)
 
 
 class LineReader:
