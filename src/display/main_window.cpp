@@ -217,13 +217,16 @@ bool Form1::IsCovered() const {
 
 void Form1::ComeForward() {
     m_storage.TakeBack();
-    m_geometry.Settle();
     QList<QRect> screens;
     for (const QScreen* each : QGuiApplication::screens()) {
         screens.append(each->geometry());
     }
     const QRect primary = QGuiApplication::primaryScreen()->availableGeometry();
-    move(BroughtBack(geometry(), screens, primary).topLeft());
+    const QPoint place = BroughtBack(geometry(), screens, primary).topLeft();
+    if (place != pos()) {
+        m_geometry.Settle();  // this place is meant, and not the stored one
+        move(place);
+    }
     show();
     m_parts.stack.PutAbove(winId());
 }
