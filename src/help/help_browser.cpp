@@ -39,6 +39,10 @@ HelpBrowser::HelpBrowser(QWidget* parent)
     setOpenLinks(false);
     document()->setDocumentMargin(fontMetrics().averageCharWidth() * 2);
     connect(verticalScrollBar(), &QScrollBar::valueChanged, this, [this] { Scrolled(); });
+    // Tables round their columns up and may stand out by a pixel, which is not worth a bar.
+    connect(horizontalScrollBar(), &QScrollBar::rangeChanged, this, [this](int /*least*/, int most) {
+        setHorizontalScrollBarPolicy(most > 1 ? Qt::ScrollBarAsNeeded : Qt::ScrollBarAlwaysOff);
+    });
 }
 
 void HelpBrowser::SetHtml(const QString& html) {

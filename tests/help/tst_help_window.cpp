@@ -103,6 +103,8 @@ private Q_SLOTS:
     void KeysChangeTheSize_data();
     void KeysChangeTheSize();
     void APaletteLeavesTheReaderWhereTheyAre();
+    void ABarAcrossIsShownWhereItIsNeeded_data();
+    void ABarAcrossIsShownWhereItIsNeeded();
     void NothingElseIsLoaded();
     void TheKeyboardGoesFromPaneToPane();
     void EveryControlHasAName();
@@ -393,6 +395,30 @@ void TstHelpWindow::APaletteLeavesTheReaderWhereTheyAre() {
     bench.Text().setPalette(dark);
     QCOMPARE(bench.TopLine(), u"Topic 6"_s);
     QCOMPARE(bench.MarkedHeading(), u"Topic 6"_s);
+}
+
+void TstHelpWindow::ABarAcrossIsShownWhereItIsNeeded_data() {
+    QTest::addColumn<int>("more");
+    QTest::addColumn<bool>("shown");
+    QTest::newRow("fits") << 0 << false;
+    QTest::newRow("a pixel of rounding") << 1 << false;
+    QTest::newRow("really too wide") << 40 << true;
+}
+
+void TstHelpWindow::ABarAcrossIsShownWhereItIsNeeded() {
+    QFETCH(int, more);
+    QFETCH(bool, shown);
+    Bench bench;
+    bench.Open();
+    const int margins = qRound(2 * bench.Text().document()->documentMargin());
+    const int width = bench.Text().viewport()->width() - margins + more;
+    bench.desk.Window()->close();
+    // High enough for the other bar, which takes its width from both.
+    bench.Write(TenTopics() + "<table width=\"" + QByteArray::number(width) +
+                "\"><tr><td>a</td></tr></table>");
+    bench.Open();
+    QCOMPARE(bench.Text().horizontalScrollBar()->maximum(), more);
+    QCOMPARE(bench.Text().horizontalScrollBar()->isVisible(), shown);
 }
 
 void TstHelpWindow::NothingElseIsLoaded() {
