@@ -6,21 +6,12 @@
 #include <algorithm>
 #include <vector>
 
+#include "days/anniversary.h"
 #include "days/result_set.h"
 
 namespace tickwell {
 
-/// A row of the anniversary book, for working out in the test what the database should answer.
-struct Anniversary {
-    QString name;
-    qint32 year = 0;
-    qint32 month = 0;
-    qint32 day = 0;
-    qint32 week = 0;
-
-    bool operator==(const Anniversary&) const = default;
-};
-
+/// Rows of the anniversary book, for working out in the test what the database should answer.
 using Anniversaries = std::vector<Anniversary>;
 
 inline Anniversaries AnniversariesIn(const ResultSet& rows) {

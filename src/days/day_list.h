@@ -1,0 +1,61 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QDate>
+#include <QList>
+#include <functional>
+#include <optional>
+
+#include "days/day_database.h"
+#include "days/day_list_row.h"
+
+namespace tickwell {
+
+/// The list in the calendar's side panel, without a window: its rows, the two captions above it, and which
+/// row the editor is to work on. The calendar owns it and lists the selected day in it; the search puts its
+/// finds into it; editor and deletion read from it.
+class DayList {
+public:
+    const QList<DayListRow>& Rows() const { return m_rows; }
+
+    /// Caption Label2: whose anniversaries these are.
+    const QString& Heading() const { return m_heading; }
+
+    /// Caption Label3: how many they are.
+    const QString& CountText() const { return m_countText; }
+
+    /// Called after each change of rows or captions; one at most. In a window the selection is then gone.
+    void WhenChanged(std::function<void()> changed) { m_changed = std::move(changed); }
+
+    /// Lists the anniversaries that fall on `date`. With the panel closed the rows are taken away, and the
+    /// captions stay. Throws RunTimeError; the rows are then gone as well.
+    void ListDay(DayDatabase& database, QDate date, bool isPanelOpen);
+
+    /// Shows what a search found among `searched` entries.
+    void ListFound(QList<DayListRow> rows, int searched);
+
+    /// The row to edit, counted from 1; 0 says that a new one is to be added. It lasts from one editing to
+    /// the next, whatever is listed meanwhile, and may so be larger than the list is long.
+    int SelectedRow() const { return m_selectedRow; }
+
+    /// "編集": `index`, counted from 0, is the row selected in the window. Without one the number stays, so
+    /// that the first editing without a selection adds.
+    void ChooseRow(std::optional<int> index);
+
+    /// "追加".
+    void ChooseNewRow() { m_selectedRow = 0; }
+
+    /// The chosen row; nothing when one is to be added. Throws RunTimeError when the list has become shorter.
+    std::optional<DayListRow> ChosenRow() const;
+
+private:
+    void Show(QList<DayListRow> rows);
+
+    QList<DayListRow> m_rows;
+    QString m_heading = QStringLiteral("記念日");
+    QString m_countText = QStringLiteral("ﾃﾞｰﾀ件数 0件");
+    int m_selectedRow = 0;
+    std::function<void()> m_changed;
+};
+
+}  // namespace tickwell

@@ -1,0 +1,76 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "days/day_list_row.h"
+
+#include "core/integer_text.h"
+#include "core/words.h"
+
+namespace tickwell {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kDaysInWeek = 7;
+constexpr int kWeekTextLength = 4;
+
+/// 1 for "日" to 7 for "土"; 0 for anything else.
+qint32 WeekdayOf(QChar letter) {
+    for (int weekday = 1; weekday <= kDaysInWeek; ++weekday) {
+        if (WeekdayLetter(weekday, 1) == letter) {
+            return weekday;
+        }
+    }
+    return 0;
+}
+
+bool IsNone(const QString& text) {
+    return text.isEmpty() || text == EveryText();
+}
+
+}  // namespace
+
+QString EveryText() {
+    return u"毎"_s;
+}
+
+QString YearOrMonthText(qint32 number) {
+    return number == 0 ? EveryText() : QString::number(number);
+}
+
+QString ListDayText(qint32 day) {
+    return day == 0 ? QString() : QString::number(day);
+}
+
+QString ListWeekText(qint32 code) {
+    if (code == 0) {
+        return QString();
+    }
+    const QString digits = QString::number(code);
+    return u"第"_s + digits.front() + u'週' + WeekdayLetter(digits.back().digitValue(), 1);
+}
+
+DayListRow DayListRowOf(const ResultRow& row) {
+    return {row.Text(u"Name"), YearOrMonthText(row.Integer(u"Year")), YearOrMonthText(row.Integer(u"Month")),
+            ListDayText(row.Integer(u"Day")), ListWeekText(row.Integer(u"Week"))};
+}
+
+qint32 NumberOfListText(const QString& text) {
+    return IsNone(text) ? 0 : IntegerOf(text);
+}
+
+qint32 WeekOfListText(const QString& text) {
+    if (IsNone(text)) {
+        return 0;
+    }
+    if (text.size() == kWeekTextLength) {
+        return 10 * WeekdayOf(text.back()) + IntegerOf(text.sliced(1, 1));
+    }
+    return IntegerOf(text);
+}
+
+Anniversary AnniversaryOf(const DayListRow& row) {
+    return {row.name, NumberOfListText(row.year), NumberOfListText(row.month), NumberOfListText(row.day),
+            WeekOfListText(row.week)};
+}
+
+}  // namespace tickwell

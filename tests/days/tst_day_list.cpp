@@ -1,0 +1,196 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "days/day_list.h"
+
+#include <QLocale>
+#include <QTest>
+
+#include "core/errors.h"
+#include "days/anniversary_texts.h"
+#include "days/day_store.h"
+
+using namespace Qt::StringLiterals;
+using namespace tickwell;
+
+namespace {
+
+const QDate kThirdOfOctober(1998, 10, 3);
+
+/// A day list over a database of its own, which counts its changes.
+struct Bench {
+    DayStore store;
+    std::unique_ptr<DayDatabase> database = OpenDayDatabase(store.Path());
+    DayList list;
+    int changes = 0;
+
+    Bench() {
+        list.WhenChanged([this] { ++changes; });
+    }
+    void ListDay(QDate date) { list.ListDay(*database, date, true); }
+    QStringList Names() const {
+        QStringList names;
+        for (const DayListRow& row : list.Rows()) {
+            names.append(row.name);
+        }
+        return names;
+    }
+};
+
+}  // namespace
+
+/// The list in the calendar's side panel.
+class TstDayList : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void BeginsEmpty();
+    void ListsTheAnniversariesOfADay();
+    void LeavesOutNationalHolidays();
+    void WritesItsCaptionsInEveryLocale();
+    void WithThePanelClosedOnlyTheRowsGo();
+    void ADatabaseThatFailsLeavesNoRows();
+    void ShowsWhatASearchFound();
+    void TheNextDayTakesTheFindsAway();
+    void ListsTheThirdMondayOnItself();
+    void EditingWithoutASelectionAddsTheFirstTime();
+    void EditingWithoutASelectionUsesTheLastNumber();
+    void AddingPutsTheNumberBack();
+    void TheNumberOutlivesTheRowsItWasTakenFrom();
+    void ANumberBeyondTheListIsRefused();
+};
+
+void TstDayList::BeginsEmpty() {
+    const DayList list;
+    QVERIFY(list.Rows().isEmpty());
+    QCOMPARE(list.Heading(), u"記念日"_s);
+    QCOMPARE(list.CountText(), u"ﾃﾞｰﾀ件数 0件"_s);
+    QCOMPARE(list.SelectedRow(), 0);
+    QVERIFY(!list.ChosenRow());
+}
+
+void TstDayList::ListsTheAnniversariesOfADay() {
+    Bench bench;
+    bench.database->Execute(Insert(u"二"_s, 1998, 10, 3, 0));
+    bench.database->Execute(Insert(u"別の日"_s, 0, 10, 4, 0));
+    bench.database->Execute(Insert(u"一"_s, 0, 0, 0, 17));
+    bench.database->Execute(Insert(u"三"_s, 0, 10, 3, 0));
+    bench.ListDay(kThirdOfOctober);
+    const QList<DayListRow> expected{{u"二"_s, u"1998"_s, u"10"_s, u"3"_s, QString()},
+                                     {u"一"_s, u"毎"_s, u"毎"_s, QString(), u"第1週土"_s},
+                                     {u"三"_s, u"毎"_s, u"10"_s, u"3"_s, QString()}};
+    QVERIFY(bench.list.Rows() == expected);
+    QCOMPARE(bench.list.Heading(), u"1998年10月3日の記念日"_s);
+    QCOMPARE(bench.list.CountText(), u"ﾃﾞｰﾀ件数 3件"_s);
+    QVERIFY(bench.changes > 0);
+}
+
+void TstDayList::LeavesOutNationalHolidays() {
+    Bench bench;
+    bench.ListDay(QDate(1998, 1, 1));
+    QVERIFY(bench.list.Rows().isEmpty());
+    QCOMPARE(bench.list.Heading(), u"1998年1月1日の記念日"_s);
+    QCOMPARE(bench.list.CountText(), u"ﾃﾞｰﾀ件数 0件"_s);
+}
+
+void TstDayList::WritesItsCaptionsInEveryLocale() {
+    const QLocale before;
+    QLocale::setDefault(QLocale(QLocale::Arabic, QLocale::Egypt));
+    Bench bench;
+    bench.ListDay(QDate(2026, 12, 31));
+    QCOMPARE(bench.list.Heading(), u"2026年12月31日の記念日"_s);
+    QCOMPARE(bench.list.CountText(), u"ﾃﾞｰﾀ件数 0件"_s);
+    QLocale::setDefault(before);
+}
+
+void TstDayList::WithThePanelClosedOnlyTheRowsGo() {
+    Bench bench;
+    bench.database->Execute(Insert(u"a"_s, 0, 10, 0, 0));
+    bench.database->Execute(Insert(u"b"_s, 0, 10, 3, 0));
+    bench.ListDay(kThirdOfOctober);
+    bench.list.ListDay(*bench.database, QDate(1998, 11, 3), false);
+    QVERIFY(bench.list.Rows().isEmpty());
+    QCOMPARE(bench.list.Heading(), u"1998年10月3日の記念日"_s);
+    QCOMPARE(bench.list.CountText(), u"ﾃﾞｰﾀ件数 1件"_s);
+}
+
+void TstDayList::ADatabaseThatFailsLeavesNoRows() {
+    Bench bench;
+    bench.database->Execute(Insert(u"b"_s, 0, 10, 3, 0));
+    bench.ListDay(kThirdOfOctober);
+    bench.store.Raw("DROP TABLE Kinenbi");
+    QVERIFY_THROWS_EXCEPTION(RunTimeError, bench.ListDay(kThirdOfOctober));
+    QVERIFY(bench.list.Rows().isEmpty());
+}
+
+void TstDayList::ShowsWhatASearchFound() {
+    Bench bench;
+    const QList<DayListRow> found{{u"a"_s, u"毎"_s, u"毎"_s, u"1"_s, QString()},
+                                  {u"b"_s, u"1998"_s, u"0"_s, u"1"_s, QString()}};
+    bench.list.ListFound(found, 7);
+    QVERIFY(bench.list.Rows() == found);
+    QCOMPARE(bench.list.Heading(), u"検索結果 (検索対象 7件)"_s);
+    QCOMPARE(bench.list.CountText(), u"ﾃﾞｰﾀ件数 2件"_s);
+    QCOMPARE(bench.changes, 1);
+}
+
+void TstDayList::TheNextDayTakesTheFindsAway() {
+    Bench bench;
+    bench.list.ListFound({{u"a"_s, u"毎"_s, u"毎"_s, u"1"_s, QString()}}, 1);
+    bench.ListDay(kThirdOfOctober);
+    QVERIFY(bench.list.Rows().isEmpty());
+    QCOMPARE(bench.list.Heading(), u"1998年10月3日の記念日"_s);
+}
+
+void TstDayList::ListsTheThirdMondayOnItself() {
+    Bench bench;
+    bench.database->Execute(Insert(u"例会"_s, 0, 0, 0, 32));
+    bench.ListDay(QDate(1998, 10, 19));
+    QCOMPARE(bench.Names(), QStringList{u"例会"_s});
+    bench.ListDay(QDate(1998, 10, 13));
+    QCOMPARE(bench.Names(), QStringList());
+}
+
+void TstDayList::EditingWithoutASelectionAddsTheFirstTime() {
+    DayList list;
+    list.ChooseRow(std::nullopt);
+    QCOMPARE(list.SelectedRow(), 0);
+    QVERIFY(!list.ChosenRow());
+}
+
+void TstDayList::EditingWithoutASelectionUsesTheLastNumber() {
+    DayList list;
+    list.ListFound({{u"a"_s, {}, {}, {}, {}}, {u"b"_s, {}, {}, {}, {}}}, 2);
+    list.ChooseRow(1);
+    QCOMPARE(list.SelectedRow(), 2);
+    list.ChooseRow(std::nullopt);
+    QCOMPARE(list.SelectedRow(), 2);
+    QCOMPARE(list.ChosenRow()->name, u"b"_s);
+}
+
+void TstDayList::AddingPutsTheNumberBack() {
+    DayList list;
+    list.ListFound({{u"a"_s, {}, {}, {}, {}}}, 1);
+    list.ChooseRow(0);
+    list.ChooseNewRow();
+    QVERIFY(!list.ChosenRow());
+    list.ChooseRow(std::nullopt);
+    QVERIFY(!list.ChosenRow());
+}
+
+void TstDayList::TheNumberOutlivesTheRowsItWasTakenFrom() {
+    DayList list;
+    list.ListFound({{u"a"_s, {}, {}, {}, {}}}, 1);
+    list.ChooseRow(0);
+    list.ListFound({{u"b"_s, {}, {}, {}, {}}}, 1);
+    QCOMPARE(list.ChosenRow()->name, u"b"_s);
+}
+
+void TstDayList::ANumberBeyondTheListIsRefused() {
+    DayList list;
+    list.ListFound({{u"a"_s, {}, {}, {}, {}}, {u"b"_s, {}, {}, {}, {}}}, 2);
+    list.ChooseRow(1);
+    list.ListFound({{u"a"_s, {}, {}, {}, {}}}, 1);
+    QVERIFY_THROWS_EXCEPTION(RunTimeError, list.ChosenRow());
+}
+
+QTEST_GUILESS_MAIN(TstDayList)
+#include "tst_day_list.moc"
