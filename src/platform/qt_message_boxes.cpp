@@ -11,6 +11,8 @@ QMessageBox::Icon IconOf(MessageIcon icon) {
     switch (icon) {
         case MessageIcon::Critical:
             return QMessageBox::Critical;
+        case MessageIcon::Exclamation:
+            return QMessageBox::Warning;
         case MessageIcon::Information:
             return QMessageBox::Information;
         case MessageIcon::None:

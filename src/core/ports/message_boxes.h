@@ -6,7 +6,7 @@
 
 namespace tickwell {
 
-enum class MessageIcon { None, Information, Critical };
+enum class MessageIcon { None, Information, Exclamation, Critical };
 
 /// A box with one OK button. Plain texts: nothing in them is ever read as markup.
 struct Message {
