@@ -15,15 +15,16 @@ QMessageBox::Icon IconOf(MessageIcon icon) {
             return QMessageBox::Warning;
         case MessageIcon::Information:
             return QMessageBox::Information;
+        case MessageIcon::Question:
+            return QMessageBox::Question;
         case MessageIcon::None:
             break;
     }
     return QMessageBox::NoIcon;
 }
 
-}  // namespace
-
-void QtMessageBoxes::Show(const Message& message, std::function<void()> onClosed) {
+/// A box that is about to be opened; it deletes itself when it is closed.
+QMessageBox* MakeBox(const Message& message, QMessageBox::StandardButtons buttons) {
     auto* box = new QMessageBox;
     box->setAttribute(Qt::WA_DeleteOnClose);
     box->setWindowFlag(Qt::WindowStaysOnTopHint);
@@ -31,8 +32,24 @@ void QtMessageBoxes::Show(const Message& message, std::function<void()> onClosed
     box->setWindowTitle(message.title);
     box->setTextFormat(Qt::PlainText);
     box->setText(QString(message.text).remove(u'\r'));
-    box->setStandardButtons(QMessageBox::Ok);
+    box->setStandardButtons(buttons);
+    box->setDefaultButton(QMessageBox::Ok);
+    return box;
+}
+
+}  // namespace
+
+void QtMessageBoxes::Show(const Message& message, std::function<void()> onClosed) {
+    QMessageBox* box = MakeBox(message, QMessageBox::Ok);
     QObject::connect(box, &QDialog::finished, box, [onClosed = std::move(onClosed)] { onClosed(); });
+    box->open();
+}
+
+void QtMessageBoxes::Ask(const Message& message, std::function<void(bool)> onAnswer) {
+    QMessageBox* box = MakeBox(message, QMessageBox::Ok | QMessageBox::Cancel);
+    QObject::connect(box, &QDialog::finished, box, [onAnswer = std::move(onAnswer)](int button) {
+        onAnswer(button == QMessageBox::Ok);
+    });
     box->open();
 }
 

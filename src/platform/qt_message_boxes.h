@@ -9,6 +9,7 @@ namespace tickwell {
 class QtMessageBoxes : public MessageBoxes {
 public:
     void Show(const Message& message, std::function<void()> onClosed) override;
+    void Ask(const Message& message, std::function<void(bool)> onAnswer) override;
 };
 
 }  // namespace tickwell

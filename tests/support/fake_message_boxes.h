@@ -8,7 +8,8 @@
 
 namespace tickwell {
 
-/// Keeps the boxes that would have been shown; a test closes the one that stands open.
+/// Keeps the boxes that would have been shown; a test closes the one that stands open, and
+/// answers the one that asks.
 class FakeMessageBoxes : public MessageBoxes {
 public:
     void Show(const Message& message, std::function<void()> onClosed) override {
@@ -16,13 +17,24 @@ public:
         m_onClosed = std::move(onClosed);
     }
 
+    void Ask(const Message& message, std::function<void(bool)> onAnswer) override {
+        m_asked.append(message);
+        m_onAnswer = std::move(onAnswer);
+    }
+
     const QList<Message>& Shown() const { return m_shown; }
     bool IsOpen() const { return m_onClosed != nullptr; }
     void Close() { std::exchange(m_onClosed, nullptr)(); }
 
+    const QList<Message>& Asked() const { return m_asked; }
+    bool IsAsking() const { return m_onAnswer != nullptr; }
+    void Answer(bool ok) { std::exchange(m_onAnswer, nullptr)(ok); }
+
 private:
     QList<Message> m_shown;
+    QList<Message> m_asked;
     std::function<void()> m_onClosed;
+    std::function<void(bool)> m_onAnswer;
 };
 
 }  // namespace tickwell

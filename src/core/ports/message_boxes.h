@@ -6,9 +6,9 @@
 
 namespace tickwell {
 
-enum class MessageIcon { None, Information, Exclamation, Critical };
+enum class MessageIcon { None, Information, Question, Exclamation, Critical };
 
-/// A box with one OK button. Plain texts: nothing in them is ever read as markup.
+/// What a box shows. Plain texts: nothing in them is ever read as markup.
 struct Message {
     MessageIcon icon = MessageIcon::None;
     QString title;
@@ -21,9 +21,13 @@ class MessageBoxes {
 public:
     virtual ~MessageBoxes() = default;
 
-    /// Opens the box and returns at once; `onClosed` is called when the user has closed it. Never runs a
-    /// nested event loop: a timer's tick that opens a box goes on.
+    /// Opens a box with one OK button and returns at once; `onClosed` is called when the user has closed it.
+    /// Never runs a nested event loop: a timer's tick that opens a box goes on.
     virtual void Show(const Message& message, std::function<void()> onClosed) = 0;
+
+    /// The same with OK and Cancel; `onAnswer` is told whether it was OK. A box that is closed without an
+    /// answer was cancelled.
+    virtual void Ask(const Message& message, std::function<void(bool)> onAnswer) = 0;
 };
 
 }  // namespace tickwell
