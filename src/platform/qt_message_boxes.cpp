@@ -23,6 +23,17 @@ QMessageBox::Icon IconOf(MessageIcon icon) {
     return QMessageBox::NoIcon;
 }
 
+MessageAnswer AnswerOf(int button) {
+    switch (button) {
+        case QMessageBox::Yes:
+            return MessageAnswer::Yes;
+        case QMessageBox::No:
+            return MessageAnswer::No;
+        default:
+            return MessageAnswer::Cancel;
+    }
+}
+
 /// A box that is about to be opened; it deletes itself when it is closed.
 QMessageBox* MakeBox(const Message& message, QMessageBox::StandardButtons buttons) {
     auto* box = new QMessageBox;
@@ -49,6 +60,15 @@ void QtMessageBoxes::Ask(const Message& message, std::function<void(bool)> onAns
     QMessageBox* box = MakeBox(message, QMessageBox::Ok | QMessageBox::Cancel);
     QObject::connect(box, &QDialog::finished, box, [onAnswer = std::move(onAnswer)](int button) {
         onAnswer(button == QMessageBox::Ok);
+    });
+    box->open();
+}
+
+void QtMessageBoxes::Choose(const Message& message, std::function<void(MessageAnswer)> onAnswer) {
+    QMessageBox* box = MakeBox(message, QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel);
+    box->setDefaultButton(QMessageBox::Cancel);
+    QObject::connect(box, &QDialog::finished, box, [onAnswer = std::move(onAnswer)](int button) {
+        onAnswer(AnswerOf(button));
     });
     box->open();
 }

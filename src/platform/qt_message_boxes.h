@@ -10,6 +10,7 @@ class QtMessageBoxes : public MessageBoxes {
 public:
     void Show(const Message& message, std::function<void()> onClosed) override;
     void Ask(const Message& message, std::function<void(bool)> onAnswer) override;
+    void Choose(const Message& message, std::function<void(MessageAnswer)> onAnswer) override;
 };
 
 }  // namespace tickwell

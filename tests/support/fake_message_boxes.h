@@ -22,6 +22,11 @@ public:
         m_onAnswer = std::move(onAnswer);
     }
 
+    void Choose(const Message& message, std::function<void(MessageAnswer)> onAnswer) override {
+        m_choices.append(message);
+        m_onChoice = std::move(onAnswer);
+    }
+
     const QList<Message>& Shown() const { return m_shown; }
     bool IsOpen() const { return m_onClosed != nullptr; }
     void Close() { std::exchange(m_onClosed, nullptr)(); }
@@ -30,11 +35,17 @@ public:
     bool IsAsking() const { return m_onAnswer != nullptr; }
     void Answer(bool ok) { std::exchange(m_onAnswer, nullptr)(ok); }
 
+    const QList<Message>& Choices() const { return m_choices; }
+    bool IsChoosing() const { return m_onChoice != nullptr; }
+    void Pick(MessageAnswer answer) { std::exchange(m_onChoice, nullptr)(answer); }
+
 private:
     QList<Message> m_shown;
     QList<Message> m_asked;
+    QList<Message> m_choices;
     std::function<void()> m_onClosed;
     std::function<void(bool)> m_onAnswer;
+    std::function<void(MessageAnswer)> m_onChoice;
 };
 
 }  // namespace tickwell

@@ -17,6 +17,8 @@ struct Message {
     bool operator==(const Message&) const = default;
 };
 
+enum class MessageAnswer { Yes, No, Cancel };
+
 class MessageBoxes {
 public:
     virtual ~MessageBoxes() = default;
@@ -28,6 +30,9 @@ public:
     /// The same with OK and Cancel; `onAnswer` is told whether it was OK. A box that is closed without an
     /// answer was cancelled.
     virtual void Ask(const Message& message, std::function<void(bool)> onAnswer) = 0;
+
+    /// The same with Yes, No and Cancel. Cancel is the default, and what a box closed without an answer means.
+    virtual void Choose(const Message& message, std::function<void(MessageAnswer)> onAnswer) = 0;
 };
 
 }  // namespace tickwell
