@@ -130,4 +130,11 @@ std::unique_ptr<DayDatabase> OpenDayDatabase(const QString& path) {
     }
 }
 
+DayDatabase& Opened(const std::unique_ptr<DayDatabase>& handle) {
+    if (!handle) {
+        throw RunTimeError(u"データベースが開かれていません。"_s);
+    }
+    return *handle;
+}
+
 }  // namespace tickwell

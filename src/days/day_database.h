@@ -54,4 +54,7 @@ private:
 /// Opens `path`; never creates it. Throws RunTimeError with the file's name in the reason.
 std::unique_ptr<DayDatabase> OpenDayDatabase(const QString& path);
 
+/// The database of a handle that is null while it is closed; throws RunTimeError then.
+DayDatabase& Opened(const std::unique_ptr<DayDatabase>& handle);
+
 }  // namespace tickwell

@@ -13,6 +13,8 @@ QString Number(int number) {
     return QString::number(number);
 }
 
+}  // namespace
+
 QStringView TableOf(DayMark mark) {
     switch (mark) {
         case DayMark::Holiday:
@@ -24,8 +26,6 @@ QStringView TableOf(DayMark mark) {
     }
     Q_UNREACHABLE();
 }
-
-}  // namespace
 
 QString DateLiteral(QDate date) {
     return u'#' + Number(date.month()) + u'/' + Number(date.day()) + u'/' +

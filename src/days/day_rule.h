@@ -3,6 +3,7 @@
 
 #include <QDate>
 #include <QString>
+#include <array>
 
 namespace tickwell {
 
@@ -23,6 +24,9 @@ QString MonthHolidayQuery(qint32 month);
 
 /// What a user can make of a date; each has its own table.
 enum class DayMark { Holiday, Halfday, Usuallyday };
+inline constexpr std::array kDayMarks{DayMark::Holiday, DayMark::Halfday, DayMark::Usuallyday};
+
+QStringView TableOf(DayMark mark);
 
 /// The dates so marked from `first` to `last`, both included.
 QString MarkedDatesQuery(DayMark mark, QDate first, QDate last);

@@ -1,0 +1,157 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "days/calendar_window.h"
+
+#include <QKeyEvent>
+#include <QScopeGuard>
+
+namespace tickwell {
+
+using namespace Qt::StringLiterals;
+
+Form5::Form5(const CalendarWindowParts& parts, QWidget* parent)
+    : QDialog(parent),
+      m_parts(parts),
+      m_calendar({parts.dayDatabase, parts.list, parts.clock, parts.boxes, parts.handlers}) {
+    setObjectName(u"Form5"_s);
+    setWindowTitle(u"カレンダー"_s);
+    LayOut();
+    Connect();
+    ConnectBook();
+    for (const QStringView name : kOffWhileMarking) {
+        auto* button = findChild<QPushButton*>(name.toString());
+        if (button->isEnabled()) {
+            m_offWhileMarking.append(button);
+        }
+    }
+    m_calendar.WhenAnswered([this] { ShowAll(); });
+    m_parts.list.WhenChanged([this] { ShowList(); });
+}
+
+Form5::~Form5() {
+    m_parts.list.WhenChanged(nullptr);
+}
+
+/// A click does nothing while a box of the calendar's is open. What came of it is shown, after an error too.
+void Form5::Tie(QAbstractButton* button, std::function<void()> handler) {
+    m_parts.handlers.Connect(button, &QAbstractButton::clicked, this, [this, handler = std::move(handler)] {
+        const auto shown = qScopeGuard([this] { ShowAll(); });
+        if (!m_calendar.IsWaiting()) {
+            handler();
+        }
+    });
+}
+
+void Form5::Connect() {
+    for (int cell = kFirstDayCell; cell < kGridCells; ++cell) {
+        Tie(&m_Check1->Cell(cell), [this, cell] { Check1_Click(cell); });
+    }
+    for (int index = 0; index < static_cast<int>(m_Option1.size()); ++index) {
+        Tie(m_Option1.at(static_cast<std::size_t>(index)), [this, index] { Option1_Click(index); });
+    }
+    Tie(m_Command1, [this] { Command1_Click(); });
+    Tie(m_Command2, [this] { Command2_Click(); });
+    Tie(m_Command3, [this] { Command3_Click(); });
+    Tie(m_Command4, [this] { Command4_Click(); });
+    Tie(m_Command5, [this] { Command5_Click(); });
+    Tie(m_Command6, [this] { Command6_Click(); });
+    Tie(m_Command7, [this] { Command7_Click(); });
+    Tie(m_Command16, [this] { Command16_Click(); });
+}
+
+void Form5::ConnectBook() {
+    Tie(m_Command9, [this] { Command9_Click(); });
+    Tie(m_Command10, [this] { Command10_Click(); });
+    Tie(m_Command11, [this] { Command11_Click(); });
+    Tie(m_Command12, [this] { Command12_Click(); });
+    m_Command9->setEnabled(m_parts.book.edit != nullptr);
+    m_Command10->setEnabled(m_parts.book.remove != nullptr);
+    m_Command11->setEnabled(m_parts.book.edit != nullptr);
+    m_Command12->setEnabled(m_parts.book.search != nullptr);
+}
+
+void Form5::Open() {
+    if (!isVisible()) {
+        Form_Load();
+    }
+    setWindowState(windowState() & ~Qt::WindowMinimized);
+    show();
+    raise();
+    activateWindow();
+}
+
+void Form5::Form_Load() {
+    m_calendar.Load();
+    ShowAll();
+    m_Check1->FocusDay(m_calendar.SelectedDate().day());
+}
+
+/// The marks are stored when the mode is left, and not again when its button is clicked once more.
+void Form5::Option1_Click(int index) {
+    const auto mode = static_cast<CalendarMode>(index);
+    if (mode != m_calendar.Mode()) {
+        m_calendar.ChooseMode(mode);
+    }
+}
+
+void Form5::Command9_Click() {
+    const QModelIndexList selected = m_ListView1->selectionModel()->selectedRows();
+    m_parts.list.ChooseRow(selected.isEmpty() ? std::nullopt : std::optional(selected.constFirst().row()));
+    OpenEditor();
+}
+
+void Form5::Command11_Click() {
+    m_parts.list.ChooseNewRow();
+    OpenEditor();
+}
+
+void Form5::OpenEditor() {
+    m_parts.book.edit(m_calendar.SelectedDate(), this, [this] { m_calendar.ListAnniversariesOfDay(); });
+}
+
+void Form5::Command10_Click() {
+    m_parts.book.remove(this, [this] { m_calendar.ListAnniversariesOfDay(); });
+}
+
+void Form5::ShowAll() {
+    m_Label1->setText(m_calendar.Grid().heading);
+    m_Check1->Show(m_calendar.Grid());
+    m_Option1.at(static_cast<std::size_t>(m_calendar.Mode()))->setChecked(true);
+    for (QWidget* control : m_offWhileMarking) {
+        control->setEnabled(m_calendar.Mode() == CalendarMode::Normal);
+    }
+    m_Command6->setText(PanelCaption(m_calendar.IsPanelOpen()));
+    m_panel->setVisible(m_calendar.IsPanelOpen());
+}
+
+void Form5::ShowList() {
+    m_rows->SetRows(m_parts.list.Rows());
+    m_Label2->setText(m_parts.list.Heading());
+    m_Label3->setText(m_parts.list.CountText());
+}
+
+void Form5::keyPressEvent(QKeyEvent* event) {
+    const bool byYear = event->modifiers().testFlag(Qt::ShiftModifier);
+    switch (event->key()) {
+        case Qt::Key_PageUp:
+            return (byYear ? m_Command4 : m_Command1)->click();
+        case Qt::Key_PageDown:
+            return (byYear ? m_Command5 : m_Command2)->click();
+        case Qt::Key_Return:
+        case Qt::Key_Enter:
+            if (auto* button = qobject_cast<QAbstractButton*>(focusWidget())) {
+                button->click();
+            }
+            return;
+        default:
+            QDialog::keyPressEvent(event);
+    }
+}
+
+void Form5::changeEvent(QEvent* event) {
+    QDialog::changeEvent(event);
+    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) {
+        Fit();
+    }
+}
+
+}  // namespace tickwell

@@ -1,0 +1,121 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QDialog>
+#include <QLabel>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QTreeView>
+
+#include "core/ports/help_viewer.h"
+#include "days/day_list_model.h"
+#include "days/month_calendar.h"
+#include "days/month_view.h"
+
+namespace tickwell {
+
+/// How the calendar opens the windows of the anniversary book, above itself; it does not react until they are
+/// closed. Where one is empty its buttons are disabled.
+struct BookWindows {
+    using Closed = std::function<void()>;
+
+    /// For the row that the list has chosen, or for a new one on `date`. `closed` is called when the window
+    /// has closed, at once when none was opened; it runs under Handlers, and not any more when `calendar` is
+    /// gone.
+    std::function<void(QDate date, QWidget* calendar, Closed closed)> edit;
+    std::function<void(QWidget* calendar, Closed closed)> remove;
+
+    /// What it finds is put into the list.
+    std::function<void(QWidget* calendar)> search;
+};
+
+/// What the calendar's window works with; all outlive it.
+struct CalendarWindowParts {
+    const std::unique_ptr<DayDatabase>& dayDatabase;  ///< null while it is closed
+    DayList& list;                                    ///< shown by this window alone
+    const Clock& clock;
+    MessageBoxes& boxes;
+    Handlers& handlers;
+    HelpViewer& help;
+    BookWindows book;
+};
+
+/// The calendar's window: the month, the ways to other months, the marking modes, and beside it the list of
+/// the selected day's anniversaries.
+class Form5 : public QDialog {
+    Q_OBJECT
+
+public:
+    Form5(const CalendarWindowParts& parts, QWidget* parent);
+    ~Form5() override;
+    Q_DISABLE_COPY_MOVE(Form5)
+
+    /// Shows the window as it always begins, with this month; where it is open, brings it forward as it is.
+    /// Throws RunTimeError; it is then not shown.
+    void Open();
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    void changeEvent(QEvent* event) override;
+
+private:
+    void LayOut();
+    void MakeMonth();
+    QLayout* MakeModes();
+    void MakePanel();
+    QWidget* MakeList();
+    void Fit();
+    void FitHeights();
+    void FitColumns();
+    void Connect();
+    void ConnectBook();
+    void Tie(QAbstractButton* button, std::function<void()> handler);
+
+    void Form_Load();
+    void Check1_Click(int index) { m_calendar.ClickCell(index); }
+    void Option1_Click(int index);
+    void Command1_Click() { m_calendar.GoBy(-1); }
+    void Command2_Click() { m_calendar.GoBy(1); }
+    void Command3_Click() { m_calendar.GoToToday(); }
+    void Command4_Click() { m_calendar.GoBy(-kMonthsInYear); }
+    void Command5_Click() { m_calendar.GoBy(kMonthsInYear); }
+    void Command6_Click() { m_calendar.TogglePanel(); }
+    void Command7_Click() { m_calendar.DeleteMarks(); }
+    void Command9_Click();
+    void Command10_Click();
+    void Command11_Click();
+    void Command12_Click() { m_parts.book.search(this); }
+    void Command16_Click() { m_parts.help.ShowTopic(kHelpContents); }
+
+    void OpenEditor();
+    void ShowAll();
+    void ShowList();
+
+    CalendarWindowParts m_parts;
+    MonthCalendar m_calendar;
+    QList<QWidget*> m_offWhileMarking;  // those that are there to be used at all
+    // All owned by the window, as its children.
+    QWidget* m_month = nullptr;
+    QWidget* m_panel = nullptr;  // beside it
+    QLabel* m_Label1 = nullptr;
+    QLabel* m_Label2 = nullptr;
+    QLabel* m_Label3 = nullptr;
+    MonthView* m_Check1 = nullptr;
+    std::array<QRadioButton*, 3> m_Option1{};
+    QPushButton* m_Command1 = nullptr;
+    QPushButton* m_Command2 = nullptr;
+    QPushButton* m_Command3 = nullptr;
+    QPushButton* m_Command4 = nullptr;
+    QPushButton* m_Command5 = nullptr;
+    QPushButton* m_Command6 = nullptr;
+    QPushButton* m_Command7 = nullptr;
+    QPushButton* m_Command9 = nullptr;
+    QPushButton* m_Command10 = nullptr;
+    QPushButton* m_Command11 = nullptr;
+    QPushButton* m_Command12 = nullptr;
+    QPushButton* m_Command16 = nullptr;
+    QTreeView* m_ListView1 = nullptr;
+    DayListModel* m_rows = nullptr;
+};
+
+}  // namespace tickwell

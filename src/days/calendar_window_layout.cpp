@@ -1,0 +1,171 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QVBoxLayout>
+
+#include "days/anniversary_icon.h"
+#include "days/calendar_widths.h"
+#include "days/calendar_window.h"
+#include "days/control_making.h"
+
+namespace tickwell {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr std::array<QStringView, 3> kModeCaptions{u"通常表示", u"休日設定", u"半日設定"};
+constexpr std::array<QStringView, 4> kColumnSamples{u"2100", u"12", u"31", u"第5週日"};
+
+/// Narrow enough for its caption, and never pressed by Enter from elsewhere.
+QPushButton* MakeButton(const QString& caption, const QString& name, const QString& spoken = {}) {
+    auto* button = Named(new QPushButton(caption), name, spoken);
+    button->setAutoDefault(false);
+    button->setMinimumWidth(button->fontMetrics().horizontalAdvance(caption) +
+                            button->fontMetrics().height());
+    button->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+    return button;
+}
+
+/// An arrow goes on while it is held.
+QPushButton* MakeArrow(const QString& caption, const QString& name, const QString& spoken) {
+    QPushButton* arrow = MakeButton(caption, name, spoken);
+    arrow->setAutoRepeat(true);
+    return arrow;
+}
+
+QLabel* MakeLabel(const QString& name) {
+    auto* label = Named(new QLabel, name);
+    label->setTextFormat(Qt::PlainText);
+    return label;
+}
+
+}  // namespace
+
+void Form5::LayOut() {
+    MakeMonth();
+    MakePanel();
+    auto* columns = new QHBoxLayout(this);
+    columns->setContentsMargins(0, 0, 0, 0);
+    columns->setSpacing(0);
+    columns->setSizeConstraint(QLayout::SetFixedSize);
+    columns->addWidget(m_month);
+    columns->addWidget(m_panel);
+    Fit();
+}
+
+void Form5::MakeMonth() {
+    m_month = new QWidget(this);
+    m_Label1 = MakeLabel(u"Label1"_s);
+    m_Label1->setAlignment(Qt::AlignCenter);
+    m_Command4 = MakeArrow(u"<<"_s, u"Command4"_s, u"前の年"_s);
+    m_Command1 = MakeArrow(u"<"_s, u"Command1"_s, u"前の月"_s);
+    m_Command3 = MakeButton(u"今日"_s, u"Command3"_s);
+    m_Command2 = MakeArrow(u">"_s, u"Command2"_s, u"次の月"_s);
+    m_Command5 = MakeArrow(u">>"_s, u"Command5"_s, u"次の年"_s);
+    auto* ways = new QHBoxLayout;
+    ways->setSpacing(1);
+    for (QPushButton* way : {m_Command4, m_Command1, m_Command3, m_Command2, m_Command5}) {
+        ways->addWidget(way, way == m_Command3 ? 3 : 2);
+    }
+    m_Check1 = new MonthView(m_month);
+    auto* rows = new QVBoxLayout(m_month);
+    rows->addWidget(m_Label1);
+    rows->addLayout(ways);
+    rows->addWidget(m_Check1);
+    rows->addLayout(MakeModes());
+}
+
+QLayout* Form5::MakeModes() {
+    auto* modes = new QGridLayout;
+    for (int index = 0; index < static_cast<int>(kModeCaptions.size()); ++index) {
+        const auto at = static_cast<std::size_t>(index);
+        m_Option1.at(at) =
+            Named(new QRadioButton(kModeCaptions.at(at).toString()), u"Option1(%1)"_s.arg(index));
+        modes->addWidget(m_Option1.at(at), index, 0);
+    }
+    m_Command7 = MakeButton(u"休/半日削除"_s, u"Command7(2)"_s);
+    m_Command16 = MakeButton(u"ヘルプ"_s, u"Command16"_s);
+    m_Command6 = MakeButton(PanelCaption(false), u"Command6"_s, u"記念日の一覧"_s);
+    modes->addWidget(m_Command7, 0, 1);
+    modes->addWidget(m_Command16, 1, 1);
+    modes->addWidget(m_Command6, 2, 1);
+    modes->setColumnStretch(1, 1);
+    return modes;
+}
+
+void Form5::MakePanel() {
+    m_panel = new QWidget(this);
+    m_Label2 = MakeLabel(u"Label2"_s);
+    m_Label3 = MakeLabel(u"Label3"_s);
+    m_Command11 = MakeButton(u"追加"_s, u"Command11"_s);
+    m_Command9 = MakeButton(u"編集"_s, u"Command9"_s);
+    m_Command10 = MakeButton(u"削除"_s, u"Command10"_s);
+    m_Command12 = MakeButton(u"検索"_s, u"Command12"_s);
+    auto* captions = new QHBoxLayout;
+    captions->addWidget(m_Label2, 1);
+    captions->addWidget(m_Label3);
+    auto* buttons = new QHBoxLayout;
+    for (QPushButton* button : {m_Command11, m_Command9, m_Command10, m_Command12}) {
+        buttons->addWidget(button, 1);
+    }
+    auto* rows = new QVBoxLayout(m_panel);
+    rows->addLayout(captions);
+    rows->addWidget(MakeList(), 1);
+    rows->addLayout(buttons);
+}
+
+QWidget* Form5::MakeList() {
+    m_ListView1 = Named(new QTreeView, u"ListView1"_s, u"記念日の一覧"_s);
+    m_rows = new DayListModel(AnniversaryIcon(), m_ListView1);
+    m_ListView1->setModel(m_rows);
+    m_ListView1->setRootIsDecorated(false);
+    m_ListView1->setUniformRowHeights(true);
+    m_ListView1->setAllColumnsShowFocus(true);
+    m_ListView1->setTabKeyNavigation(false);
+    m_ListView1->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Ignored);  // as high as the month
+    QHeaderView* header = m_ListView1->header();
+    header->setStretchLastSection(false);
+    header->setSectionsMovable(false);
+    header->setSectionResizeMode(0, QHeaderView::Stretch);
+    return m_ListView1;
+}
+
+/// One height for all buttons: the style makes them as high as the characters of their captions happen to be.
+void Form5::FitHeights() {
+    QList<QPushButton*> buttons = findChildren<QPushButton*>();
+    buttons.removeIf(
+        [](const QPushButton* button) { return qobject_cast<const DayCell*>(button) != nullptr; });
+    int height = 0;
+    for (const QPushButton* button : buttons) {
+        height = std::max(height, button->sizeHint().height());
+    }
+    for (QPushButton* button : buttons) {
+        button->setFixedHeight(height);
+    }
+}
+
+/// The columns beside the name are as wide as what they mostly hold.
+void Form5::FitColumns() {
+    const QFontMetrics metrics = m_ListView1->fontMetrics();
+    const int margin = 2 * metrics.averageCharWidth();
+    for (std::size_t column = 0; column < kColumnSamples.size(); ++column) {
+        const int width = metrics.horizontalAdvance(kColumnSamples.at(column).toString()) + margin;
+        m_ListView1->header()->resizeSection(static_cast<int>(column) + 1, width);
+    }
+}
+
+/// The longest texts decide whether the font needs more than the window is meant to have.
+void Form5::Fit() {
+    FitHeights();
+    FitColumns();
+    m_Label1->setMinimumWidth(m_Label1->fontMetrics().horizontalAdvance(MonthHeading(2100, 12)));
+    const int closed = m_month->layout()->minimumSize().width();
+    const int panel = m_panel->layout()->minimumSize().width();
+    const CalendarWidths widths = CalendarWidthsFor(closed, closed + panel, logicalDpiX());
+    m_month->setFixedWidth(widths.closed);
+    m_panel->setFixedWidth(widths.open - widths.closed);
+}
+
+}  // namespace tickwell

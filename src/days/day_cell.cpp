@@ -1,0 +1,81 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "days/day_cell.h"
+
+#include <QKeyEvent>
+#include <QStyleOptionButton>
+#include <QStylePainter>
+#include <QTextDocument>
+
+#include "days/day_shade.h"
+
+namespace tickwell {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr double kRing = 1.5;  // pixels; around a pressed day
+
+/// The toolkit would take a name that looks like markup for markup.
+QString ToolTipOf(const QString& name) {
+    return Qt::mightBeRichText(name) ? Qt::convertFromPlainText(name) : name;
+}
+
+}  // namespace
+
+DayCell::DayCell(QWidget* parent) : QPushButton(parent) {
+    setCheckable(true);
+    setAutoDefault(false);
+    setFocusPolicy(Qt::ClickFocus);
+    QSizePolicy policy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+    policy.setRetainSizeWhenHidden(true);
+    setSizePolicy(policy);
+}
+
+void DayCell::Show(const MonthCell& cell, const QString& spokenName) {
+    setText(cell.caption);
+    setToolTip(ToolTipOf(cell.toolTip));
+    setAccessibleName(spokenName);
+    setChecked(cell.isPressed);
+    setVisible(cell.isVisible);
+    if (m_color != cell.color) {
+        m_color = cell.color;
+        update();
+    }
+}
+
+/// Narrower than the style's buttons are: seven of them stand side by side.
+QSize DayCell::sizeHint() const {
+    const QFontMetrics metrics = fontMetrics();
+    const int margin = metrics.height() / 3;
+    return {metrics.horizontalAdvance(u"30"_s) + 2 * margin, metrics.height() + margin};
+}
+
+void DayCell::paintEvent(QPaintEvent* /*event*/) {
+    QStyleOptionButton option;
+    initStyleOption(&option);
+    option.palette.setColor(QPalette::ButtonText, ShadeOf(m_color, palette()));
+    QStylePainter painter(this);
+    painter.drawControl(QStyle::CE_PushButton, option);
+    if (isChecked()) {  // some styles hardly show it, on dark palettes least of all
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setPen(QPen(palette().color(QPalette::Highlight), kRing));
+        painter.drawRoundedRect(QRectF(rect()).adjusted(kRing, kRing, -kRing, -kRing), kRing, kRing);
+    }
+}
+
+/// The arrows belong to the grid.
+void DayCell::keyPressEvent(QKeyEvent* event) {
+    switch (event->key()) {
+        case Qt::Key_Left:
+        case Qt::Key_Right:
+        case Qt::Key_Up:
+        case Qt::Key_Down:
+            event->ignore();
+            return;
+        default:
+            QPushButton::keyPressEvent(event);
+    }
+}
+
+}  // namespace tickwell

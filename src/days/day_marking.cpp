@@ -1,0 +1,93 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "days/day_marking.h"
+
+namespace tickwell {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QString Deletion(DayMark mark, const QString& condition) {
+    const QStringView table = TableOf(mark);
+    return u"DELETE "_s + table + u".Date FROM " + table + u" WHERE Date " + condition;
+}
+
+QStringList Deletions(const QString& condition) {
+    QStringList statements;
+    for (const DayMark mark : kDayMarks) {
+        statements.append(Deletion(mark, condition));
+    }
+    return statements;
+}
+
+}  // namespace
+
+DayColor ColorOf(DayMark mark) {
+    switch (mark) {
+        case DayMark::Holiday:
+            return DayColor::Red;
+        case DayMark::Halfday:
+            return DayColor::Blue;
+        case DayMark::Usuallyday:
+            return DayColor::Black;
+    }
+    Q_UNREACHABLE();
+}
+
+DayColor ColorOf(CalendarMode mode) {
+    return mode == CalendarMode::Halfdays ? DayColor::Blue : DayColor::Red;
+}
+
+DayColor ToggledColor(CalendarMode mode, DayColor color) {
+    return color == ColorOf(mode) ? DayColor::Black : ColorOf(mode);
+}
+
+std::optional<DayMark> MarkOf(const MonthCell& cell, int index) {
+    const bool isSunday = IsSundayCell(index);
+    const bool isSaturday = IsSaturdayCell(index);
+    const bool hasName = !cell.toolTip.isEmpty();
+    if (cell.color == DayColor::Black && (hasName || isSaturday || isSunday)) {
+        return DayMark::Usuallyday;
+    }
+    if (cell.color == DayColor::Red && !isSunday) {
+        return DayMark::Holiday;
+    }
+    if (cell.color == DayColor::Blue && (hasName || !isSaturday)) {
+        return DayMark::Halfday;
+    }
+    return std::nullopt;
+}
+
+QString SpokenMark(DayMark mark) {
+    switch (mark) {
+        case DayMark::Holiday:
+            return u"休日"_s;
+        case DayMark::Halfday:
+            return u"半日"_s;
+        case DayMark::Usuallyday:
+            return u"平日"_s;
+    }
+    Q_UNREACHABLE();
+}
+
+QStringList MonthDeletions(const MonthShape& month) {
+    return Deletions(u"BETWEEN "_s + DateLiteral(month.first) + u" AND " + DateLiteral(month.last));
+}
+
+QStringList DeletionsUpTo(QDate last) {
+    return Deletions(u"<= "_s + DateLiteral(last));
+}
+
+QStringList MonthStatements(const MonthGrid& grid, const MonthShape& month) {
+    QStringList statements = MonthDeletions(month);
+    for (int day = 1; day <= month.Days(); ++day) {
+        const int cell = month.CellOf(day);
+        if (const auto mark = MarkOf(grid.At(cell), cell)) {
+            const QDate date(month.first.year(), month.first.month(), day);
+            statements.append(u"INSERT INTO "_s + TableOf(*mark) + u"  VALUES (" + DateLiteral(date) + u')');
+        }
+    }
+    return statements;
+}
+
+}  // namespace tickwell

@@ -1,0 +1,181 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "days/month_calendar.h"
+
+#include <QScopeGuard>
+#include <utility>
+
+#include "core/errors.h"
+#include "core/integer_text.h"
+
+namespace tickwell {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kFirstYear = 1926;
+constexpr int kLastYear = 2100;
+
+// The years that a date may have when it is made of a text.
+constexpr int kFirstTextYear = 100;
+constexpr int kLastTextYear = 9999;
+
+/// Beyond the last month the arrows go on while the days stay, so that the two may not meet.
+QDate DateOf(QDate month, const QString& caption) {
+    const QDate date(month.year(), month.month(), IntegerOf(caption));
+    if (!date.isValid() || date.year() < kFirstTextYear || date.year() > kLastTextYear) {
+        throw TypeMismatchError();
+    }
+    return date;
+}
+
+}  // namespace
+
+QString PanelCaption(bool isPanelOpen) {
+    return isPanelOpen ? u"←閉"_s : u"開→"_s;
+}
+
+void MonthCalendar::Load() {
+    m_isReady = false;
+    m_isPanelOpen = true;
+    m_mode = CalendarMode::Normal;
+    m_selected = m_parts.clock.Now().date();
+    ListAnniversariesOfDay();
+    GoToToday();
+    TogglePanel();
+}
+
+void MonthCalendar::BuildMonth(int year, int month) {
+    if (year > kLastYear) {
+        Tell(u"これ以後の年は表示できません。"_s);
+        return;
+    }
+    if (year < kFirstYear) {
+        Tell(u"これ以前の年は表示できません。"_s);
+        return;
+    }
+    const MonthShape shape = ShapeOf(QDate(year, month, 1));
+    // Asked for first: when the database fails, the grid stays as it was, and fits the month it is stored as.
+    const MonthRows rows = ReadMonth(Opened(m_parts.dayDatabase), shape);
+    m_isReady = false;
+    FillGrid(m_grid, shape, rows, m_parts.clock.Now().date());
+    m_isReady = true;
+}
+
+void MonthCalendar::Show(QDate month) {
+    const QDate before = std::exchange(m_shown, month);
+    try {
+        BuildMonth(month.year(), month.month());
+    } catch (const RunTimeError&) {
+        m_shown = before;
+        throw;
+    }
+}
+
+void MonthCalendar::GoBy(int months) {
+    Show(m_shown.addMonths(months));
+}
+
+void MonthCalendar::GoToToday() {
+    const QDate today = m_parts.clock.Now().date();
+    m_selected = today;
+    Show(today);
+    ListAnniversariesOfDay();
+}
+
+void MonthCalendar::ClickCell(int cell) {
+    if (!m_isReady || !IsDayCell(cell)) {
+        return;
+    }
+    m_isReady = false;
+    const auto readyAgain = qScopeGuard([this] { m_isReady = true; });
+    if (m_mode == CalendarMode::Normal) {
+        SelectCell(cell);
+        return;
+    }
+    MonthCell& clicked = m_grid.At(cell);
+    clicked.color = ToggledColor(m_mode, clicked.color);
+    clicked.isPressed = clicked.color == ColorOf(m_mode);
+}
+
+void MonthCalendar::SelectCell(int cell) {
+    for (int each = kFirstDayCell; each < kGridCells; ++each) {
+        m_grid.At(each).isPressed = each == cell;
+    }
+    m_selected = DateOf(m_shown, m_grid.At(cell).caption);
+    ListAnniversariesOfDay();
+}
+
+void MonthCalendar::ChooseMode(CalendarMode mode) {
+    m_mode = mode;
+    PressMarkedCells();
+    if (mode == CalendarMode::Normal) {
+        Execute(MonthStatements(m_grid, ShapeOf(m_shown)));
+    }
+}
+
+/// The cells that have the mode's colour; without a marking mode none.
+void MonthCalendar::PressMarkedCells() {
+    for (int cell = kFirstDayCell; cell < kGridCells; ++cell) {
+        MonthCell& each = m_grid.At(cell);
+        each.isPressed = m_mode != CalendarMode::Normal && each.color == ColorOf(m_mode);
+    }
+}
+
+void MonthCalendar::Execute(const QStringList& statements) {
+    DayDatabase& database = Opened(m_parts.dayDatabase);
+    DayTransaction transaction(database);
+    for (const QString& sql : statements) {
+        database.Execute(sql);
+    }
+    transaction.Commit();
+}
+
+void MonthCalendar::DeleteMarks() {
+    *m_isWaiting = true;
+    const MonthShape month = ShapeOf(m_shown);
+    const auto answered = [this, month, waiting = std::weak_ptr(m_isWaiting)](MessageAnswer answer) {
+        const auto stillThere = waiting.lock();
+        if (!stillThere) {
+            return;
+        }
+        *stillThere = false;
+        if (m_parts.dayDatabase) {  // else the program is ending, and took the box with it
+            m_parts.handlers.Run([this, answer, month] { DeleteAnswered(answer, month); });
+            m_whenAnswered();
+        }
+    };
+    m_parts.boxes.Choose({MessageIcon::Exclamation, u"ﾃﾞｰﾀ削除"_s, u"今月までのデーターも削除しますか？"_s},
+                         answered);
+}
+
+void MonthCalendar::DeleteAnswered(MessageAnswer answer, const MonthShape& month) {
+    if (answer == MessageAnswer::Yes) {
+        Execute(DeletionsUpTo(month.last));
+    } else if (answer == MessageAnswer::No) {
+        Execute(MonthDeletions(month));
+    }
+    BuildMonth(m_shown.year(), m_shown.month());
+}
+
+void MonthCalendar::TogglePanel() {
+    m_isPanelOpen = !m_isPanelOpen;
+    if (m_isPanelOpen) {
+        ListAnniversariesOfDay();
+    }
+}
+
+void MonthCalendar::ListAnniversariesOfDay() {
+    m_parts.list.ListDay(Opened(m_parts.dayDatabase), m_selected, m_isPanelOpen);
+}
+
+void MonthCalendar::Tell(const QString& text) {
+    *m_isWaiting = true;
+    m_parts.boxes.Show({MessageIcon::Exclamation, u"ｶﾚﾝﾀﾞｰ"_s, text}, [waiting = std::weak_ptr(m_isWaiting)] {
+        if (const auto stillThere = waiting.lock()) {
+            *stillThere = false;
+        }
+    });
+}
+
+}  // namespace tickwell

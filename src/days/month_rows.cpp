@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "days/month_rows.h"
+
+namespace tickwell {
+
+namespace {
+
+constexpr int kDaysInWeek = 7;
+
+}  // namespace
+
+MonthShape ShapeOf(QDate date) {
+    const QDate first(date.year(), date.month(), 1);
+    return {first, first.addMonths(1).addDays(-1), first.dayOfWeek() % kDaysInWeek + 1};
+}
+
+MonthRows ReadMonth(DayDatabase& database, const MonthShape& month) {
+    MonthRows rows;
+    for (const ResultRow& row : database.RunQuery(MonthHolidayQuery(month.first.month()))) {
+        rows.holidays.append({row.Integer(u"Day"), row.Text(u"Name")});
+    }
+    for (const DayMark mark : kDayMarks) {
+        QList<int>& days = rows.marks.at(static_cast<std::size_t>(mark));
+        for (const ResultRow& row : database.RunQuery(MarkedDatesQuery(mark, month.first, month.last))) {
+            days.append(row.Date(u"Date").day());
+        }
+    }
+    return rows;
+}
+
+}  // namespace tickwell
