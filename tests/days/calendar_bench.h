@@ -1,0 +1,41 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "days/day_store.h"
+#include "days/month_calendar.h"
+#include "platform/virtual_time.h"
+#include "support/fake_message_boxes.h"
+
+namespace tickwell {
+
+/// A calendar with a day database of its own, on a day that the test chooses.
+struct CalendarBench {
+    explicit CalendarBench(QDate today = QDate(1998, 10, 3)) : time(QDateTime(today, QTime(9, 0))) {}
+
+    /// Its marks, "Holiday 1998-10-05" and so on, in the order of the tables and of the rows.
+    QStringList Marks() const {
+        return store.Raw(
+            "SELECT 'Holiday ' || \"Date\" FROM Holiday UNION ALL SELECT 'Halfday ' || \"Date\" FROM Halfday "
+            "UNION ALL SELECT 'Usuallyday ' || \"Date\" FROM Usuallyday");
+    }
+    void NoHolidays() const { store.Raw("DELETE FROM Syukuzitu"); }
+
+    /// The cell of a day of the month shown in the grid.
+    int CellOf(int day) const { return ShapeOf(calendar.Grid().first).CellOf(day); }
+    const MonthCell& Day(int day) const { return calendar.Grid().At(CellOf(day)); }
+    void ClickDays(const QList<int>& days) {
+        for (const int day : days) {
+            calendar.ClickCell(CellOf(day));
+        }
+    }
+
+    DayStore store;
+    std::unique_ptr<DayDatabase> dayDatabase = OpenDayDatabase(store.Path());
+    DayList list;
+    VirtualTime time;
+    FakeMessageBoxes boxes;
+    Handlers handlers{boxes};
+    MonthCalendar calendar{{dayDatabase, list, time, boxes, handlers}};
+};
+
+}  // namespace tickwell

@@ -1,0 +1,63 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QDate>
+#include <QList>
+#include <QString>
+#include <array>
+#include <compare>
+#include <set>
+
+namespace tickwell {
+
+/// A date as three numbers. The model counts days by itself, so that it does not share a mistake.
+struct ModelDate {
+    int year = 0;
+    int month = 0;
+    int day = 0;
+
+    auto operator<=>(const ModelDate&) const = default;
+};
+
+int DaysInMonth(int year, int month);
+
+/// 0 Sunday to 6 Saturday.
+int WeekdayOf(const ModelDate& date);
+
+struct ModelHoliday {
+    QString name;
+    int month = 0;
+    int day = 0;
+};
+
+/// What is stored: national holidays in stored order, and the dates that the user marked.
+struct ModelTables {
+    QList<ModelHoliday> holidays;
+    std::multiset<ModelDate> red;    // Holiday
+    std::multiset<ModelDate> blue;   // Halfday
+    std::multiset<ModelDate> black;  // Usuallyday
+};
+
+struct ModelCell {
+    QString caption;
+    int color = 0;
+    QString tip;
+    bool isVisible = false;
+    bool isPressed = false;
+};
+
+/// The six rows of days as they ought to look after a month was built, cell 7 first.
+using ModelCells = std::array<ModelCell, 42>;
+
+QString ModelHeading(int year, int month);
+
+/// Everything but the pressed cells, of which there is none.
+ModelCells ModelMonth(const ModelTables& tables, int year, int month);
+
+/// Stores the month's marks anew: each of its days is looked up in the cell where it would stand.
+void StoreMonth(ModelTables& tables, const ModelCells& cells, int year, int month);
+
+/// Takes away what lies between the two dates, both included.
+void EraseMarks(ModelTables& tables, const ModelDate& first, const ModelDate& last);
+
+}  // namespace tickwell

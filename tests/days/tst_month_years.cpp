@@ -1,0 +1,156 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include <QRandomGenerator>
+#include <QTest>
+
+#include "days/day_store.h"
+#include "days/month_grid.h"
+#include "days/month_model.h"
+
+using namespace Qt::StringLiterals;
+using namespace tickwell;
+
+namespace {
+
+constexpr quint32 kSeed = 0xCA1E;
+constexpr int kRandomTables = 8;
+constexpr int kMonths = (2100 - 1926 + 1) * 12;
+
+int Mismatch(const ModelCells& expected, const MonthGrid& grid) {
+    for (int cell = 7; cell < 49; ++cell) {
+        const ModelCell& wanted = expected.at(static_cast<std::size_t>(cell - 7));
+        const MonthCell& found = grid.At(cell);
+        if (wanted.caption != found.caption || wanted.color != static_cast<int>(found.color) ||
+            wanted.tip != found.toolTip || wanted.isVisible != found.isVisible || found.isPressed) {
+            return cell;
+        }
+    }
+    return -1;
+}
+
+/// Holidays on any day there is, some twice, some on days that no month has, and marks in all years.
+ModelTables RandomTables(QRandomGenerator& random) {
+    ModelTables tables;
+    const int holidays = random.bounded(1, 150);
+    for (int i = 0; i < holidays; ++i) {
+        const int day = random.bounded(12) == 0 ? random.bounded(-3, 60) : random.bounded(1, 32);
+        tables.holidays.append({u"祝日%1"_s.arg(i), random.bounded(1, 13), day});
+    }
+    for (auto* marks : {&tables.red, &tables.blue, &tables.black}) {
+        const int dates = random.bounded(4'000);
+        for (int i = 0; i < dates; ++i) {
+            const int year = random.bounded(1926, 2101);
+            const int month = random.bounded(1, 13);
+            marks->insert({year, month, random.bounded(1, DaysInMonth(year, month) + 1)});
+        }
+    }
+    return tables;
+}
+
+QString MarkText(const QString& table, const ModelDate& date) {
+    return u"INSERT INTO %1  VALUES (#%2/%3/%4#)"_s.arg(table).arg(date.month).arg(date.day).arg(date.year);
+}
+
+void Store(DayDatabase& database, const ModelTables& tables) {
+    DayTransaction transaction(database);
+    const std::array marks{std::pair(u"Holiday"_s, &tables.red), std::pair(u"Halfday"_s, &tables.blue),
+                           std::pair(u"Usuallyday"_s, &tables.black)};
+    for (const auto& [table, dates] : marks) {
+        for (const ModelDate& date : *dates) {
+            database.Execute(MarkText(table, date));
+        }
+    }
+    transaction.Commit();
+}
+
+/// The program itself never writes a national holiday.
+void StoreHolidays(const DayStore& store, const ModelTables& tables) {
+    QString sql = u"BEGIN; DELETE FROM Syukuzitu;"_s;
+    for (const ModelHoliday& holiday : tables.holidays) {
+        sql += u"INSERT INTO Syukuzitu(Name,Month,Day) VALUES ('%1',%2,%3);"_s.arg(holiday.name)
+                   .arg(holiday.month)
+                   .arg(holiday.day);
+    }
+    store.Raw((sql + u"COMMIT;").toUtf8());
+}
+
+ModelTables Shipped() {
+    return {{{u"元日"_s, 1, 1},
+             {u"建国記念の日"_s, 2, 11},
+             {u"天皇誕生日"_s, 2, 23},
+             {u"昭和の日"_s, 4, 29},
+             {u"憲法記念日"_s, 5, 3},
+             {u"みどりの日"_s, 5, 4},
+             {u"こどもの日"_s, 5, 5},
+             {u"山の日"_s, 8, 11},
+             {u"文化の日"_s, 11, 3},
+             {u"勤労感謝の日"_s, 11, 23}},
+            {},
+            {},
+            {}};
+}
+
+}  // namespace
+
+/// Every month that the calendar can show, against one that the test works out for itself.
+class TstMonthYears : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void TheShippedHolidays();
+    void NoHolidays();
+    void RandomTables_data();
+    void RandomTables();
+
+private:
+    void Compare(const DayStore& store, const ModelTables& tables);
+};
+
+void TstMonthYears::Compare(const DayStore& store, const ModelTables& tables) {
+    DayDatabase database(store.Path());
+    MonthGrid grid;  // one for all, as in the window: what a month leaves behind must not show in the next
+    int months = 0;
+    for (int year = 1926; year <= 2100; ++year) {
+        for (int month = 1; month <= 12; ++month, ++months) {
+            const MonthShape shape = ShapeOf(QDate(year, month, 17));
+            FillGrid(grid, shape, ReadMonth(database, shape), QDate(2200, 1, 1));
+            QCOMPARE(grid.heading, ModelHeading(year, month));
+            const int cell = Mismatch(ModelMonth(tables, year, month), grid);
+            QVERIFY2(cell < 0, qPrintable(u"%1 %2, cell %3"_s.arg(year).arg(month).arg(cell)));
+        }
+    }
+    QCOMPARE(months, kMonths);
+}
+
+void TstMonthYears::TheShippedHolidays() {
+    const DayStore store;
+    Compare(store, Shipped());
+}
+
+void TstMonthYears::NoHolidays() {
+    const DayStore store;
+    store.Raw("DELETE FROM Syukuzitu");
+    Compare(store, {});
+}
+
+void TstMonthYears::RandomTables_data() {
+    QTest::addColumn<quint32>("seed");
+    for (quint32 i = 0; i < kRandomTables; ++i) {
+        QTest::addRow("seed %u", kSeed + i) << kSeed + i;
+    }
+}
+
+void TstMonthYears::RandomTables() {
+    QFETCH(quint32, seed);
+    QRandomGenerator random(seed);
+    const ModelTables tables = ::RandomTables(random);
+    const DayStore store;
+    StoreHolidays(store, tables);
+    {
+        DayDatabase database(store.Path());
+        Store(database, tables);
+    }
+    Compare(store, tables);
+}
+
+QTEST_GUILESS_MAIN(TstMonthYears)
+#include "tst_month_years.moc"
