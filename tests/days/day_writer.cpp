@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// day_writer FILE FIRST: writes anniversaries number FIRST, FIRST + 1 .. into a day database, and says each
-// number when its row is stored. After every fourth it rewrites the marked days as a whole, to the January of
-// the year 1000 + number, and says that year with a minus before it.
+// day_writer FILE FIRST [calendar]: writes anniversaries number FIRST, FIRST + 1 .. into a day database, and
+// says each number when its row is stored. After every fourth it rewrites the marked days as a whole, to the
+// January of the year 1000 + number, and says that year with a minus before it. With "calendar" it marks
+// October 1998 in the calendar instead, as tests/days/marked_october.h has it for each number, and says the
+// number when the marks are stored.
 
 #include <unistd.h>
 
@@ -12,6 +14,10 @@
 #include "core/errors.h"
 #include "days/day_database.h"
 #include "days/day_rule.h"
+#include "days/marked_october.h"
+#include "days/month_calendar.h"
+#include "platform/virtual_time.h"
+#include "support/fake_message_boxes.h"
 
 using namespace Qt::StringLiterals;
 using namespace tickwell;
@@ -50,16 +56,50 @@ void RewriteMonth(DayDatabase& database, int year) {
     }
 }
 
+void MarkOctober(MonthCalendar& calendar, int number) {
+    const MonthShape october = ShapeOf(kOctober);
+    for (const CalendarMode mode : {CalendarMode::Holidays, CalendarMode::Halfdays}) {
+        calendar.ChooseMode(mode);
+        for (int day = 1; day <= october.Days(); ++day) {
+            const int cell = october.CellOf(day);
+            const DayColor wanted = OctoberColor(number, day);
+            const DayColor marks = ColorOf(mode);
+            if ((wanted == marks) != (calendar.Grid().At(cell).color == marks)) {
+                calendar.ClickCell(cell);
+            }
+        }
+    }
+    calendar.ChooseMode(CalendarMode::Normal);
+}
+
+[[noreturn]] void WriteMonths(std::unique_ptr<DayDatabase> database, int first) {
+    DayList list;
+    const VirtualTime time(QDateTime(kOctober, QTime(0, 0)));
+    FakeMessageBoxes boxes;
+    Handlers handlers(boxes);
+    MonthCalendar calendar({database, list, time, boxes, handlers});
+    calendar.Load();
+    for (int number = first;; ++number) {
+        MarkOctober(calendar, number);
+        Say(number);
+    }
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
-    if (argc != 3) {
-        std::fputs("usage: day_writer FILE FIRST\n", stderr);
+    const bool isCalendar = argc == 4 && QByteArrayView(argv[3]) == "calendar";
+    if (argc != 3 && !isCalendar) {
+        std::fputs("usage: day_writer FILE FIRST [calendar]\n", stderr);
         return 2;
     }
     try {
-        const auto database = OpenDayDatabase(QString::fromLocal8Bit(argv[1]));
-        Write(*database, QByteArray(argv[2]).toInt());
+        auto database = OpenDayDatabase(QString::fromLocal8Bit(argv[1]));
+        const int first = QByteArray(argv[2]).toInt();
+        if (isCalendar) {
+            WriteMonths(std::move(database), first);
+        }
+        Write(*database, first);
     } catch (const RunTimeError& error) {
         std::fprintf(stderr, "day_writer: %s\n", error.what());
         return 1;

@@ -7,6 +7,7 @@
 
 #include "days/day_database.h"
 #include "days/day_store.h"
+#include "days/marked_october.h"
 
 using namespace Qt::StringLiterals;
 using namespace tickwell;
@@ -36,12 +37,12 @@ Told ToldIn(const QByteArray& output, Told told) {
     return told;
 }
 
-/// Starts a writer at `first`, kills it `life` after its start or after its first answer, and gives back what
-/// it said.
-QByteArray Killed(const DayStore& store, int first, bool waits, std::chrono::microseconds life) {
+/// Starts a writer with these arguments, kills it `life` after its start or after its first answer, and gives
+/// back what it said.
+QByteArray Killed(const QStringList& arguments, bool waits, std::chrono::microseconds life) {
     QProcess writer;
     writer.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-    writer.start(QStringLiteral(TICKWELL_DAY_WRITER), {store.Path(), QString::number(first)});
+    writer.start(QStringLiteral(TICKWELL_DAY_WRITER), arguments);
     if (!writer.waitForStarted(kStartTimeout) || (waits && !writer.waitForReadyRead(kStartTimeout))) {
         qWarning("the writer said nothing");
     }
@@ -49,6 +50,27 @@ QByteArray Killed(const DayStore& store, int first, bool waits, std::chrono::mic
     writer.kill();
     writer.waitForFinished(kStartTimeout);
     return writer.exitStatus() == QProcess::CrashExit ? writer.readAllStandardOutput() : QByteArray();
+}
+
+/// The marks that are stored when the calendar has shown the October of this number.
+QStringList OctoberMarks(int number) {
+    QStringList marks;
+    for (int day = 1; day <= 31; ++day) {
+        const QDate date(1998, 10, day);
+        const DayColor color = OctoberColor(number, day);
+        const bool isOwn = (date.dayOfWeek() == Qt::Sunday && color == DayColor::Red) ||
+                           (date.dayOfWeek() == Qt::Saturday && color == DayColor::Blue);
+        if (!isOwn) {
+            marks.append(date.toString(Qt::ISODate) + u' ' + QString::number(static_cast<qint32>(color)));
+        }
+    }
+    return marks;
+}
+
+QStringList StoredMarks(const DayStore& store) {
+    return store.Raw(
+        "SELECT \"Date\" || ' 255' FROM Holiday UNION ALL SELECT \"Date\" || ' 16711680' FROM Halfday "
+        "UNION ALL SELECT \"Date\" || ' 0' FROM Usuallyday ORDER BY 1");
 }
 
 }  // namespace
@@ -60,6 +82,7 @@ class TstKilledWriter : public QObject {
 
 private Q_SLOTS:
     void WhatWasSaidIsThere();
+    void AMonthOfMarksIsWhollyOldOrWhollyNew();
 
 private:
     void CheckStore(const DayStore& store, const Told& told);
@@ -94,7 +117,7 @@ void TstKilledWriter::WhatWasSaidIsThere() {
     for (int i = 0; i < kKills; ++i) {
         told.lastNumber = store.Raw("SELECT count(*) FROM Kinenbi")[0].toInt();  // one may be there unsaid
         const int next = told.lastNumber + 1;
-        told = ToldIn(Killed(store, next, i % kKillsPerEarlyKill != 0,
+        told = ToldIn(Killed({store.Path(), QString::number(next)}, i % kKillsPerEarlyKill != 0,
                              std::chrono::microseconds(random.bounded(kLongestLife))),
                       told);
         CheckStore(store, told);
@@ -105,6 +128,32 @@ void TstKilledWriter::WhatWasSaidIsThere() {
     }
     qInfo("%d rows and months were stored", told.count);
     QVERIFY(told.count > kKills);
+}
+
+void TstKilledWriter::AMonthOfMarksIsWhollyOldOrWhollyNew() {
+    qInfo("seed %u", kSeed);
+    const DayStore store;
+    QRandomGenerator random(kSeed);
+    int number = 0;  // of the month that is stored; none yet
+    int months = 0;
+    int unsaid = 0;
+    for (int i = 0; i < kKills; ++i) {
+        const QStringList arguments{store.Path(), QString::number(number + 1), u"calendar"_s};
+        const QByteArray output = Killed(arguments, i % kKillsPerEarlyKill != 0,
+                                         std::chrono::microseconds(random.bounded(kLongestLife)));
+        const Told told = ToldIn(output, {0, number, 0});
+        months += told.count;
+        number = told.lastNumber;
+        const QStringList found = StoredMarks(store);
+        if (found == OctoberMarks(number + 1)) {
+            ++number;
+            ++unsaid;
+        } else if (number > 0 || !found.isEmpty()) {
+            QCOMPARE(found, OctoberMarks(number));
+        }
+    }
+    qInfo("%d months were stored, %d of them unsaid", months, unsaid);
+    QVERIFY(months > kKills);
 }
 
 QTEST_GUILESS_MAIN(TstKilledWriter)
