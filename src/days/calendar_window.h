@@ -7,38 +7,12 @@
 #include <QRadioButton>
 #include <QTreeView>
 
-#include "core/ports/help_viewer.h"
+#include "days/calendar_window_parts.h"
 #include "days/day_list_model.h"
 #include "days/month_calendar.h"
 #include "days/month_view.h"
 
 namespace tickwell {
-
-/// How the calendar opens the windows of the anniversary book, above itself; it does not react until they are
-/// closed. Where one is empty its buttons are disabled.
-struct BookWindows {
-    using Closed = std::function<void()>;
-
-    /// For the row that the list has chosen, or for a new one on `date`. `closed` is called when the window
-    /// has closed, at once when none was opened; it runs under Handlers, and not any more when `calendar` is
-    /// gone.
-    std::function<void(QDate date, QWidget* calendar, Closed closed)> edit;
-    std::function<void(QWidget* calendar, Closed closed)> remove;
-
-    /// What it finds is put into the list.
-    std::function<void(QWidget* calendar)> search;
-};
-
-/// What the calendar's window works with; all outlive it.
-struct CalendarWindowParts {
-    const std::unique_ptr<DayDatabase>& dayDatabase;  ///< null while it is closed
-    DayList& list;                                    ///< shown by this window alone
-    const Clock& clock;
-    MessageBoxes& boxes;
-    Handlers& handlers;
-    HelpViewer& help;
-    BookWindows book;
-};
 
 /// The calendar's window: the month, the ways to other months, the marking modes, and beside it the list of
 /// the selected day's anniversaries.
@@ -64,6 +38,7 @@ private:
     QLayout* MakeModes();
     void MakePanel();
     QWidget* MakeList();
+    void OrderTabs();
     void Fit();
     void FitHeights();
     void FitColumns();
@@ -93,8 +68,7 @@ private:
 
     CalendarWindowParts m_parts;
     MonthCalendar m_calendar;
-    QList<QWidget*> m_offWhileMarking;  // those that are there to be used at all
-    // All owned by the window, as its children.
+    QList<QWidget*> m_offWhileMarking;  // those that are there to be used at all; all controls are children
     QWidget* m_month = nullptr;
     QWidget* m_panel = nullptr;  // beside it
     QLabel* m_Label1 = nullptr;

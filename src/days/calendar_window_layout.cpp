@@ -52,7 +52,21 @@ void Form5::LayOut() {
     columns->setSizeConstraint(QLayout::SetFixedSize);
     columns->addWidget(m_month);
     columns->addWidget(m_panel);
+    OrderTabs();
     Fit();
+}
+
+/// Top to bottom, the month before the list.
+void Form5::OrderTabs() {
+    QList<QWidget*> order{m_Command4, m_Command1, m_Command3, m_Command2, m_Command5};
+    for (int cell = kFirstDayCell; cell < kGridCells; ++cell) {
+        order.append(&m_Check1->Cell(cell));
+    }
+    order.append({m_Option1[0], m_Option1[1], m_Option1[2], m_Command7, m_Command16, m_Command6});
+    order.append({m_ListView1, m_Command11, m_Command9, m_Command10, m_Command12});
+    for (qsizetype i = 1; i < order.size(); ++i) {
+        setTabOrder(order.at(i - 1), order.at(i));
+    }
 }
 
 void Form5::MakeMonth() {
