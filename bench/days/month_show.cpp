@@ -97,7 +97,8 @@ Figures MeasureCalendar(const QString& path) {
     Handlers handlers(boxes);
     NoHelp help;
     Form5 window({database, list, time, boxes, handlers, help, {}}, nullptr);
-    window.Open();
+    window.Form_Load();
+    window.show();
     QImage picture(window.size(), QImage::Format_RGB32);
 
     QDate month(2026, 11, 1);

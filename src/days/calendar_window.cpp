@@ -69,16 +69,6 @@ void Form5::ConnectBook() {
     m_Command12->setEnabled(m_parts.book.search != nullptr);
 }
 
-void Form5::Open() {
-    if (!isVisible()) {
-        Form_Load();
-    }
-    setWindowState(windowState() & ~Qt::WindowMinimized);
-    show();
-    raise();
-    activateWindow();
-}
-
 void Form5::Form_Load() {
     m_calendar.Load();
     ShowAll();

@@ -24,9 +24,9 @@ public:
     ~Form5() override;
     Q_DISABLE_COPY_MOVE(Form5)
 
-    /// Shows the window as it always begins, with this month; where it is open, brings it forward as it is.
-    /// Throws RunTimeError; it is then not shown.
-    void Open();
+    /// Makes it as it always begins: this month, today selected, no list, nothing being marked. Asks the
+    /// database and writes nothing. Throws RunTimeError; the window must then not be shown.
+    void Form_Load();
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
@@ -46,7 +46,6 @@ private:
     void ConnectBook();
     void Tie(QAbstractButton* button, std::function<void()> handler);
 
-    void Form_Load();
     void Check1_Click(int index) { m_calendar.ClickCell(index); }
     void Option1_Click(int index);
     void Command1_Click() { m_calendar.GoBy(-1); }
