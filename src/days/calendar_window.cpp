@@ -109,8 +109,10 @@ void Form5::ShowAll() {
     for (QWidget* control : m_offWhileMarking) {
         control->setEnabled(m_calendar.Mode() == CalendarMode::Normal);
     }
-    m_Command6->setText(PanelCaption(m_calendar.IsPanelOpen()));
-    m_panel->setVisible(m_calendar.IsPanelOpen());
+    const bool isOpen = m_calendar.IsPanelOpen();
+    m_Command6->setText(PanelCaption(isOpen));
+    m_Command6->setAccessibleName(isOpen ? u"記念日の一覧を閉じる"_s : u"記念日の一覧を開く"_s);
+    m_panel->setVisible(isOpen);
 }
 
 void Form5::ShowList() {

@@ -101,7 +101,7 @@ QLayout* Form5::MakeModes() {
     }
     m_Command7 = MakeButton(u"休/半日削除"_s, u"Command7(2)"_s);
     m_Command16 = MakeButton(u"ヘルプ"_s, u"Command16"_s);
-    m_Command6 = MakeButton(PanelCaption(false), u"Command6"_s, u"記念日の一覧"_s);
+    m_Command6 = MakeButton(PanelCaption(false), u"Command6"_s);
     modes->addWidget(m_Command7, 0, 1);
     modes->addWidget(m_Command16, 1, 1);
     modes->addWidget(m_Command6, 2, 1);

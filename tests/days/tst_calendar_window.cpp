@@ -196,6 +196,7 @@ void TstCalendarWindow::EveryControlHasANameToSay() {
         QVERIFY2(!control->accessibleName().isEmpty() || text.size() > 1, qPrintable(control->objectName()));
     }
     QCOMPARE(bench.Find(u"Command1"_s).accessibleName(), u"前の月"_s);
+    QCOMPARE(bench.Find(u"Command6"_s).accessibleName(), u"記念日の一覧を開く"_s);
     QCOMPARE(bench.Find(u"Command5"_s).accessibleName(), u"次の年"_s);
 }
 
@@ -431,6 +432,7 @@ void TstCalendarWindow::ThePanel() {
     const int closed = bench.form->width();
     bench.Click(u"Command6"_s);
     QCOMPARE(bench.Find(u"Command6"_s).text(), u"←閉"_s);
+    QCOMPARE(bench.Find(u"Command6"_s).accessibleName(), u"記念日の一覧を閉じる"_s);
     QVERIFY(bench.Find<QTreeView>(u"ListView1"_s).isVisible());
     QTRY_VERIFY(bench.form->width() > closed);
     const int open = bench.form->width();

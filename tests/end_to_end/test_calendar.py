@@ -184,7 +184,7 @@ class Calendar(TickwellCase):
         database.close()
         self.start()
         self.open()
-        self.session.hand.click(self.window.wait(role="push button", name="記念日の一覧"))
+        self.session.hand.click(self.window.wait(role="push button", name="記念日の一覧を開く"))
         self.window.wait(role="label", name="1998年10月15日の記念日", showing=True)
         self.session.hand.click(self.day(20))
         self.window.wait(role="label", name="1998年10月20日の記念日", showing=True)
