@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "days/anniversary_search.h"
 
-#include "core/errors.h"
-#include "core/integers.h"
 #include "days/day_rule.h"
 
 namespace tickwell {
@@ -10,9 +8,6 @@ namespace tickwell {
 using namespace Qt::StringLiterals;
 
 namespace {
-
-constexpr int kFirstYear = 100;
-constexpr int kLastYear = 9999;
 
 /// One end of the range in the numbers that the questions are made of.
 struct End {
@@ -85,23 +80,6 @@ DayListRow FindOf(const ResultRow& row, bool showsYear, bool showsMonth) {
 }
 
 }  // namespace
-
-QDate RolledDate(qint32 year, qint32 month, qint32 day) {
-    const auto isInside = [](int number) { return number >= kFirstYear && number <= kLastYear; };
-    QDate date;
-    if (isInside(year)) {
-        date = QDate(year, 1, 1).addMonths(CheckedSub(month, 1)).addDays(qint64{day} - 1);
-    }
-    if (!date.isValid() || !isInside(date.year())) {
-        throw RunTimeError(u"日付が扱える範囲にありません。"_s);
-    }
-    return date;
-}
-
-SearchRange RangeOf(RangeKind kind, QDate start, QDate end) {
-    return {kind == RangeKind::Before ? QDate(kFirstYear, 1, 1) : start,
-            kind == RangeKind::After ? QDate(kLastYear, 12, 31) : end};
-}
 
 std::array<QString, 3> SearchTexts(const SearchConditions& conditions) {
     const std::array isWanted{conditions.oneDay, conditions.everyYear, conditions.everyMonth};

@@ -11,9 +11,6 @@
 
 namespace tickwell {
 
-/// From when to when; the numbers are those of the search window's option buttons.
-enum class RangeKind { FromTo = 0, After = 1, Before = 2 };
-
 /// The first and the last day that are asked for.
 struct SearchRange {
     QDate start;
@@ -34,14 +31,6 @@ struct SearchFinds {
     QList<DayListRow> rows;
     int searched = 0;
 };
-
-/// The date that the numbers come to, a month or a day that is too much or too little rolled on: day 31 of a
-/// February is in March, day 0 is the last day of the month before. `year` and the year of the date are 100
-/// to 9999. Throws RunTimeError.
-QDate RolledDate(qint32 year, qint32 month, qint32 day);
-
-/// With "After" the range ends on 31 December 9999, with "Before" it begins on 1 January 100.
-SearchRange RangeOf(RangeKind kind, QDate start, QDate end);
 
 /// The three questions: for anniversaries of one year, of every year, of every month. A box that is not
 /// ticked asks for the year 5, in which no anniversary is expected. Which rows the conditions on the date

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "days/anniversary_search.h"
+#include "days/search_fields.h"
 
 #include <QRandomGenerator>
 #include <QTest>

@@ -1,0 +1,24 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <memory>
+
+#include "core/day_changes.h"
+#include "core/handlers.h"
+#include "core/ports/clock.h"
+#include "core/ports/message_boxes.h"
+#include "days/day_list.h"
+
+namespace tickwell {
+
+/// What the windows of the anniversary book work with; all outlive them.
+struct BookParts {
+    const std::unique_ptr<DayDatabase>& dayDatabase;  ///< null while it is closed
+    DayList& list;                                    ///< the calendar's
+    DayChanges& changes;
+    const Clock& clock;
+    MessageBoxes& boxes;
+    Handlers& handlers;
+};
+
+}  // namespace tickwell
