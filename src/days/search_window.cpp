@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "days/search_window.h"
 
+#include <QButtonGroup>
 #include <QHBoxLayout>
 #include <QVBoxLayout>
 #include <utility>
@@ -22,13 +23,18 @@ constexpr DateNames kStartNames{
 constexpr DateNames kEndNames{
     {u"Text5", u"Text6", u"Text7"}, {u"UpDown5", u"UpDown4", u"UpDown6"}, {u"Label5", u"Label6", u"Label7"}};
 
-/// Option buttons side by side; those of one frame exclude each other.
+/// Option buttons side by side that exclude each other, and none in a frame within their frame. As everything
+/// in the window they are its own from the beginning: Tab goes in the order in which they become so.
 template <std::size_t count>
 QHBoxLayout* MakeOptions(std::array<QRadioButton*, count>& options,
-                         const std::array<QStringView, count>& captions, const QString& name) {
+                         const std::array<QStringView, count>& captions, const QString& name,
+                         QWidget* parent) {
     auto* row = new QHBoxLayout;
+    auto* group = new QButtonGroup(parent);
     for (std::size_t i = 0; i < count; ++i) {
-        options.at(i) = Named(new QRadioButton(captions.at(i).toString()), u"%1(%2)"_s.arg(name).arg(i));
+        options.at(i) =
+            Named(new QRadioButton(captions.at(i).toString(), parent), u"%1(%2)"_s.arg(name).arg(i));
+        group->addButton(options.at(i));
         row->addWidget(options.at(i));
     }
     row->addStretch();
@@ -50,7 +56,7 @@ void Form9::MakeControls() {
     rows->setSizeConstraint(QLayout::SetFixedSize);
     for (std::size_t kind = 0; kind < m_Check.size(); ++kind) {
         m_Check.at(kind) =
-            Named(new QCheckBox(kKindCaptions.at(kind).toString()), u"Check%1"_s.arg(kind + 1));
+            Named(new QCheckBox(kKindCaptions.at(kind).toString(), this), u"Check%1"_s.arg(kind + 1));
         rows->addWidget(m_Check.at(kind));
     }
     rows->addWidget(NameFrame());
@@ -66,11 +72,11 @@ void Form9::MakeControls() {
 }
 
 QGroupBox* Form9::NameFrame() {
-    auto* frame = Named(new QGroupBox(u"記念日名"_s), u"Frame1"_s);
+    auto* frame = Named(new QGroupBox(u"記念日名"_s, this), u"Frame1"_s);
     auto* rows = new QVBoxLayout(frame);
-    rows->addLayout(MakeOptions(m_Option1, kConditionCaptions, u"Option1"_s));
+    rows->addLayout(MakeOptions(m_Option1, kConditionCaptions, u"Option1"_s, this));
     m_Label1 = Named(new QLabel(u"記念日名"_s), u"Label1"_s);
-    m_Text1 = Named(new QLineEdit, u"Text1"_s, m_Label1->text());
+    m_Text1 = Named(new QLineEdit(this), u"Text1"_s, m_Label1->text());
     m_Label1->setBuddy(m_Text1);
     auto* row = new QHBoxLayout;
     row->addWidget(m_Label1);
@@ -80,13 +86,13 @@ QGroupBox* Form9::NameFrame() {
 }
 
 QGroupBox* Form9::DateConditionFrame() {
-    auto* frame = Named(new QGroupBox(u"日付"_s), u"Frame2"_s);
+    auto* frame = Named(new QGroupBox(u"日付"_s, this), u"Frame2"_s);
     auto* rows = new QVBoxLayout(frame);
-    rows->addLayout(MakeOptions(m_Option2, kConditionCaptions, u"Option2"_s));
-    m_Frame5 = Named(new QGroupBox(u"範囲"_s), u"Frame5"_s);
-    m_Frame5->setLayout(MakeOptions(m_Option3, kRangeCaptions, u"Option3"_s));
-    m_Frame3 = Named(new DateFrame(u"開始"_s, kStartNames, frame), u"Frame3"_s);
-    m_Frame4 = Named(new DateFrame(u"終了"_s, kEndNames, frame), u"Frame4"_s);
+    rows->addLayout(MakeOptions(m_Option2, kConditionCaptions, u"Option2"_s, this));
+    m_Frame5 = Named(new QGroupBox(u"範囲"_s, this), u"Frame5"_s);
+    m_Frame5->setLayout(MakeOptions(m_Option3, kRangeCaptions, u"Option3"_s, this));
+    m_Frame3 = Named(new DateFrame(u"開始"_s, kStartNames, this), u"Frame3"_s);
+    m_Frame4 = Named(new DateFrame(u"終了"_s, kEndNames, this), u"Frame4"_s);
     rows->addWidget(m_Frame5);
     rows->addWidget(m_Frame3);
     rows->addWidget(m_Frame4);

@@ -1,0 +1,16 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "core/day_changes.h"
+
+namespace tickwell {
+
+/// Counts how often a change of the days was told.
+class FakeDayChanges : public DayChanges {
+public:
+    void RaiseRefresh() override { ++raised; }
+
+    int raised = 0;
+};
+
+}  // namespace tickwell
