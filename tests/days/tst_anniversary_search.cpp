@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "days/search_fields.h"
+#include "days/anniversary_search.h"
 
 #include <QRandomGenerator>
 #include <QTest>
@@ -7,6 +7,7 @@
 #include "core/errors.h"
 #include "days/anniversary_statements.h"
 #include "days/day_store.h"
+#include "days/search_fields.h"
 #include "days/search_texts.h"
 
 using namespace Qt::StringLiterals;
@@ -159,11 +160,6 @@ class TstAnniversarySearch : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void RollsDatesOn_data();
-    void RollsDatesOn();
-    void RefusesYearsWithoutACalendar_data();
-    void RefusesYearsWithoutACalendar();
-    void ReplacesOneEndOfTheRange();
     void WritesTheTexts_data();
     void WritesTheTexts();
     void WritesTheTextsOfEveryCombination();
@@ -177,69 +173,6 @@ private Q_SLOTS:
     void AQuoteInTheNameIsRefused();
     void AQuoteInTheNameOfNoQuestionIsNoMatter();
 };
-
-void TstAnniversarySearch::RollsDatesOn_data() {
-    QTest::addColumn<int>("year");
-    QTest::addColumn<int>("month");
-    QTest::addColumn<int>("day");
-    QTest::addColumn<QDate>("date");
-
-    QTest::newRow("a date") << 1998 << 10 << 3 << QDate(1998, 10, 3);
-    QTest::newRow("past the end of February") << 1998 << 2 << 31 << QDate(1998, 3, 3);
-    QTest::newRow("leap day") << 2000 << 2 << 30 << QDate(2000, 3, 1);
-    QTest::newRow("month 13") << 1998 << 13 << 1 << QDate(1999, 1, 1);
-    QTest::newRow("month 0") << 1998 << 0 << 31 << QDate(1997, 12, 31);
-    QTest::newRow("day 0") << 1998 << 3 << 0 << QDate(1998, 2, 28);
-    QTest::newRow("both below") << 1998 << -1 << -1 << QDate(1997, 10, 30);
-    QTest::newRow("the first month has 31 days and rolls over before the days are counted")
-        << 1998 << 14 << 31 << QDate(1999, 3, 3);
-    QTest::newRow("first") << 100 << 1 << 1 << kFirstDay;
-    QTest::newRow("last") << 9999 << 12 << 31 << kLastDay;
-}
-
-void TstAnniversarySearch::RollsDatesOn() {
-    QFETCH(int, year);
-    QFETCH(int, month);
-    QFETCH(int, day);
-    QTEST(RolledDate(year, month, day), "date");
-}
-
-void TstAnniversarySearch::RefusesYearsWithoutACalendar_data() {
-    QTest::addColumn<int>("year");
-    QTest::addColumn<int>("month");
-    QTest::addColumn<int>("day");
-
-    QTest::newRow("two digits") << 98 << 1 << 1;
-    QTest::newRow("99") << 99 << 12 << 31;
-    QTest::newRow("0") << 0 << 1 << 1;
-    QTest::newRow("10000") << 10000 << 1 << 1;
-    QTest::newRow("negative") << -1 << 1 << 1;
-    QTest::newRow("rolled past the end") << 9999 << 12 << 32;
-    QTest::newRow("rolled before the beginning") << 100 << 1 << 0;
-    QTest::newRow("largest numbers") << 9999 << INT_MAX << INT_MAX;
-    QTest::newRow("smallest numbers") << 100 << INT_MIN << INT_MIN;
-}
-
-void TstAnniversarySearch::RefusesYearsWithoutACalendar() {
-    QFETCH(int, year);
-    QFETCH(int, month);
-    QFETCH(int, day);
-    QVERIFY_THROWS_EXCEPTION(RunTimeError, RolledDate(year, month, day));
-}
-
-void TstAnniversarySearch::ReplacesOneEndOfTheRange() {
-    const QDate start(1998, 10, 3);
-    const QDate end(1999, 1, 1);
-    const SearchRange both = RangeOf(RangeKind::FromTo, start, end);
-    QCOMPARE(both.start, start);
-    QCOMPARE(both.end, end);
-    const SearchRange after = RangeOf(RangeKind::After, start, end);
-    QCOMPARE(after.start, start);
-    QCOMPARE(after.end, kLastDay);
-    const SearchRange before = RangeOf(RangeKind::Before, start, end);
-    QCOMPARE(before.start, kFirstDay);
-    QCOMPARE(before.end, end);
-}
 
 void TstAnniversarySearch::WritesTheTexts_data() {
     QTest::addColumn<SearchConditions>("conditions");
