@@ -134,6 +134,7 @@ void MeasureSearch(Bench& bench) {
 void MeasureScrolling(Bench& bench) {
     QScrollBar* bar = bench.view.verticalScrollBar();
     std::vector<double> taken;
+    taken.reserve(kSteps);
     for (int i = 0; i < kSteps; ++i) {
         taken.push_back(Once([&] {
             bar->setValue(static_cast<int>(qint64{bar->maximum()} * i / kSteps));

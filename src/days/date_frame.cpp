@@ -12,8 +12,8 @@ namespace {
 
 struct Part {
     QStringView caption;
-    int first;  // of what the arrows reach
-    int last;
+    int first = 0;  // of what the arrows reach
+    int last = 0;
 };
 
 constexpr std::array kParts{Part{u"年", 100, 9999}, Part{u"月", 1, 12}, Part{u"日", 1, 31}};

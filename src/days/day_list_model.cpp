@@ -9,7 +9,7 @@ namespace {
 
 struct Column {
     QStringView caption;
-    QString DayListRow::*text;
+    QString DayListRow::*text = nullptr;
 };
 
 constexpr std::array kColumns{

@@ -268,7 +268,7 @@ void TstAnniversarySearch::FindsWhatIsMeantAndShowsIt() {
         QCOMPARE(finds.searched, static_cast<int>(searched));
         found += finds.rows.size();
     }
-    QVERIFY(found > 10 * kSearches);
+    QVERIFY(found > qsizetype{10} * kSearches);
 }
 
 void TstAnniversarySearch::NoneOfOneYearIsFoundByDate() {
