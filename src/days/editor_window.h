@@ -35,6 +35,7 @@ private:
     void Option2_Click(AnniversaryKind kind);
     void Check2_Click();
     void Command1_Click();
+    void Write();
     void ShowFields(const EditorFields& fields);
     EditorFields Fields() const;
     AnniversaryKind Kind() const;
@@ -43,6 +44,7 @@ private:
     QLayout* WeekRow();
 
     BookParts m_parts;
+    bool m_isTelling = false;          // the box is open; another one would only cover it
     std::optional<Anniversary> m_old;  // the row to change; nothing: one is added
     // All owned by the window, as its children.
     QLineEdit* m_Text1 = nullptr;

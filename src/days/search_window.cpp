@@ -3,6 +3,7 @@
 
 #include <QButtonGroup>
 #include <QHBoxLayout>
+#include <QPointer>
 #include <QVBoxLayout>
 #include <utility>
 
@@ -159,10 +160,19 @@ void Form9::Enable() {
 }
 
 void Form9::Command1_Click() {
+    if (m_isTelling) {
+        return;
+    }
     const std::optional<SearchConditions> conditions = ConditionsOf(Fields());
     if (!conditions) {
+        m_isTelling = true;
         m_parts.boxes.Show(
-            {MessageIcon::Exclamation, u"検索開始エラー"_s, u"無効なデータが条件になっています。"_s}, [] {});
+            {MessageIcon::Exclamation, u"検索開始エラー"_s, u"無効なデータが条件になっています。"_s},
+            [self = QPointer(this)] {
+                if (self) {
+                    self->m_isTelling = false;
+                }
+            });
         return;
     }
     SearchFinds finds = FindAnniversaries(Opened(m_parts.dayDatabase), *conditions);

@@ -36,6 +36,7 @@ private:
     void Enable();
 
     BookParts m_parts;
+    bool m_isTelling = false;  // the box is open; another one would only cover it
     // All owned by the window, as its children.
     std::array<QCheckBox*, 3> m_Check{};  // Check1 to Check3: one year, every year, every month
     std::array<QRadioButton*, 2> m_Option1{};

@@ -42,6 +42,7 @@ private Q_SLOTS:
     void EnterWritesFromEveryField();
     void EditsTheChosenRow();
     void AQuoteInTheNameIsToldAndAllStays();
+    void NoSecondBoxCoversTheFirst();
     void EveryErrorHasTheSameMessage_data();
     void EveryErrorHasTheSameMessage();
     void ATornDatabaseIsToldTheSameWay();
@@ -163,6 +164,21 @@ void TstEditorWindow::AQuoteInTheNameIsToldAndAllStays() {
     bench.Type(u"Text1"_s, u"the day"_s);
     bench.Click(u"Command1"_s);
     QVERIFY(bench.Stored() == Anniversaries({{u"the day"_s, 2001, 10, 31, 0}}));
+}
+
+void TstEditorWindow::NoSecondBoxCoversTheFirst() {
+    BookBench bench;
+    bench.OpenEditor();
+    bench.Type(u"Text1"_s, u"\""_s);
+    bench.Click(u"Command1"_s);
+    bench.Click(u"Command1"_s);
+    QCOMPARE(bench.boxes.Shown().size(), 1);
+    bench.boxes.Close();
+    bench.Click(u"Command1"_s);
+    QCOMPARE(bench.boxes.Shown().size(), 2);
+    bench.Press(Qt::Key_Escape);
+    QVERIFY(bench.Window() == nullptr);
+    bench.boxes.Close();  // the box outlives the window that asked for it
 }
 
 void TstEditorWindow::EveryErrorHasTheSameMessage_data() {
