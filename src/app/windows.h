@@ -5,6 +5,8 @@
 
 #include "app/about_box.h"
 #include "core/handlers.h"
+#include "days/anniversary_book.h"
+#include "days/calendar_window.h"
 #include "display/main_window.h"
 #include "help/help_desk.h"
 
@@ -12,6 +14,8 @@ namespace tickwell {
 
 /// What the windows work with; all outlive them.
 struct WindowsParts {
+    const std::unique_ptr<DayDatabase>& dayDatabase;  ///< null while it is closed
+    const Clock& clock;
     TimerSource& timers;
     Handlers& handlers;
     MessageBoxes& boxes;
@@ -38,11 +42,15 @@ private:
     template <typename Window, typename Make>
     void Open(QPointer<Window>& window, Make make);
     void Place(QWidget& window);
+    void OpenCalendar();
+    BookWindows Book();
 
     WindowsParts m_parts;
     Form1* m_mainWindow = nullptr;
     HelpDesk m_help;
     QPointer<frmAbout> m_about;
+    DayList m_dayList;
+    QPointer<Form5> m_calendar;
 };
 
 }  // namespace tickwell
