@@ -17,11 +17,21 @@ Windows::~Windows() {
 
 OtherWindows Windows::Openers() {
     OtherWindows openers;
-    openers.calendar = [this] { OpenCalendar(); };
+    openers.calendar = [this] {
+        Open(m_calendar, [this] {
+            auto calendar =
+                std::make_unique<Form5>(CalendarWindowParts{m_parts.dayDatabase, m_dayList, m_parts.clock,
+                                                            m_parts.boxes, m_parts.handlers, m_help, Book()},
+                                        nullptr);
+            calendar->Form_Load();
+            return calendar;
+        });
+    };
     openers.help = [this] { m_help.ShowTopic(kHelpContents); };
     openers.about = [this] {
         Open(m_about, [this] {
-            return new frmAbout({m_parts.timers, m_parts.handlers, m_parts.boxes, m_help, m_parts.programs});
+            return std::make_unique<frmAbout>(
+                AboutBoxParts{m_parts.timers, m_parts.handlers, m_parts.boxes, m_help, m_parts.programs});
         });
     };
     return openers;
@@ -32,7 +42,7 @@ template <typename Window, typename Make>
 void Windows::Open(QPointer<Window>& window, Make make) {
     if (window == nullptr || window->isHidden()) {
         delete window;
-        window = make();
+        window = make().release();  // deletes itself when it is closed
         window->setAttribute(Qt::WA_DeleteOnClose);
         Place(*window);
     }
@@ -40,19 +50,6 @@ void Windows::Open(QPointer<Window>& window, Make make) {
     window->show();
     window->raise();
     window->activateWindow();
-}
-
-/// It begins with today each time, and not when it only comes forward.
-void Windows::OpenCalendar() {
-    if (m_calendar == nullptr || m_calendar->isHidden()) {
-        delete m_calendar;
-        m_calendar = new Form5(
-            {m_parts.dayDatabase, m_dayList, m_parts.clock, m_parts.boxes, m_parts.handlers, m_help, Book()},
-            nullptr);
-        m_calendar->setAttribute(Qt::WA_DeleteOnClose);
-        Place(*m_calendar);
-    }
-    m_calendar->Open();
 }
 
 BookWindows Windows::Book() {

@@ -42,7 +42,6 @@ private:
     template <typename Window, typename Make>
     void Open(QPointer<Window>& window, Make make);
     void Place(QWidget& window);
-    void OpenCalendar();
     BookWindows Book();
 
     WindowsParts m_parts;

@@ -60,7 +60,7 @@ class Book(TickwellCase):
         self.app.wait(role="popup menu", name="メニュー")
         self.hand.key("Return")  # the first item that can be chosen
         calendar = self.window(CALENDAR)
-        self.press(calendar, "記念日の一覧")
+        self.press(calendar, "記念日の一覧を開く")
         calendar.wait(role="label", name="2026年11月20日の記念日", showing=True)
         return calendar
 
