@@ -5,8 +5,8 @@
 #include <QList>
 #include <QString>
 #include <array>
-#include <compare>
 #include <set>
+#include <tuple>
 
 namespace tickwell {
 
@@ -16,7 +16,10 @@ struct ModelDate {
     int month = 0;
     int day = 0;
 
-    auto operator<=>(const ModelDate&) const = default;
+    bool operator==(const ModelDate&) const = default;
+    bool operator<(const ModelDate& other) const {
+        return std::tie(year, month, day) < std::tie(other.year, other.month, other.day);
+    }
 };
 
 int DaysInMonth(int year, int month);
