@@ -58,9 +58,8 @@ void QtMessageBoxes::Show(const Message& message, std::function<void()> onClosed
 
 void QtMessageBoxes::Ask(const Message& message, std::function<void(bool)> onAnswer) {
     QMessageBox* box = MakeBox(message, QMessageBox::Ok | QMessageBox::Cancel);
-    QObject::connect(box, &QDialog::finished, box, [onAnswer = std::move(onAnswer)](int button) {
-        onAnswer(button == QMessageBox::Ok);
-    });
+    QObject::connect(box, &QDialog::finished, box,
+                     [onAnswer = std::move(onAnswer)](int button) { onAnswer(button == QMessageBox::Ok); });
     box->open();
 }
 

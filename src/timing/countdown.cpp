@@ -1,0 +1,57 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "timing/countdown.h"
+
+#include "core/integers.h"
+
+namespace tickwell {
+
+namespace {
+
+constexpr qint32 kInsteadOfZero = 15'000;  // ms
+
+}  // namespace
+
+qint32 Countdown::Remaining() const {
+    // What has passed first: taken off the duration piece by piece, a rest that fits could overflow on its
+    // way.
+    return CheckedSub(m_state.CountdownDuration, CheckedSub(m_clock.Tick(), m_state.CountdownStart));
+}
+
+bool Countdown::ReplaceZero() {
+    const bool zero = m_state.CountdownDuration == 0;
+    if (zero) {
+        m_state.CountdownDuration = kInsteadOfZero;
+    }
+    return zero;
+}
+
+void Countdown::Start() {
+    const qint32 now = m_clock.Tick();
+    const bool paused = m_state.CountdownPausedAt != 0;
+    m_state.CountdownStart =
+        paused ? CheckedAdd(now, CheckedSub(m_state.CountdownStart, m_state.CountdownPausedAt)) : now;
+    m_state.CountdownRunning = true;
+}
+
+void Countdown::Stop() {
+    m_state.CountdownRunning = false;
+    m_state.CountdownPausedAt = m_clock.Tick();
+}
+
+void Countdown::Forget() {
+    m_state.CountdownPausedAt = 0;
+    m_state.CountdownStart = 0;
+}
+
+void Countdown::End() {
+    m_state.CountdownRunning = false;
+    Forget();
+}
+
+void Countdown::BeginNextCycle() {
+    const qint32 start = CheckedAdd(m_state.CountdownStart, m_state.CountdownDuration);
+    m_state.CountdownLoopCount = CheckedAdd(m_state.CountdownLoopCount, 1);
+    m_state.CountdownStart = start;
+}
+
+}  // namespace tickwell

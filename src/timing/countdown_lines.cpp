@@ -1,0 +1,67 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "timing/countdown_lines.h"
+
+#include <algorithm>
+
+#include "core/duration_text.h"
+
+namespace tickwell {
+
+using namespace Qt::StringLiterals;
+
+void CountdownLines::Show() {
+    m_countdown.SetShownOnMain(true);
+    const CountdownState& state = m_countdown.State();
+    if (!state.CountdownRunning) {
+        m_windows.ShowTimerForm();
+        m_countdown.Forget();  // not of a running one, whose time would be over at once
+    }
+    m_countdown.ReplaceZero();
+    const qint32 shown =
+        state.CountdownRunning ? std::max(0, m_countdown.Remaining()) : state.CountdownDuration;
+    m_lines.lower.ShowText(ElapsedText(shown));
+}
+
+void CountdownLines::Tick(Timer& TimerTimer) {
+    const CountdownState& state = m_countdown.State();
+    const qint32 remaining = m_countdown.Remaining();
+    if (state.TimerShownOnMain) {
+        m_lines.lower.SetText(ElapsedText(std::max(0, remaining)));
+    }
+    if (remaining >= 1) {
+        return;
+    }
+    if (state.CountdownRepeat) {
+        BeginNextCycle();
+    } else {
+        EndRun(TimerTimer);
+    }
+    m_windows.ShowNotice();
+}
+
+void CountdownLines::EndRun(Timer& TimerTimer) {
+    const CountdownState& state = m_countdown.State();
+    if (state.TimerShownOnMain) {
+        m_lines.upper.ShowText(u"指定の時間が経過しました"_s);
+    }
+    TimerTimer.Stop();
+    if (state.TimerShownOnMain) {
+        m_windows.ShowTimerForm();
+    }
+    m_countdown.End();
+    if (state.TimerShownOnMain) {
+        m_lines.lower.ShowText(ElapsedText(state.CountdownDuration));
+    }
+    m_windows
+        .RefreshTimerForm();  // also unseen: an open window would go on offering to stop what does not run
+}
+
+void CountdownLines::BeginNextCycle() {
+    m_countdown.BeginNextCycle();
+    const CountdownState& state = m_countdown.State();
+    if (state.TimerShownOnMain) {
+        m_lines.upper.ShowText(u"ループ "_s + QString::number(state.CountdownLoopCount) + u"回目です");
+    }
+}
+
+}  // namespace tickwell

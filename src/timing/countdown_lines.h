@@ -1,0 +1,38 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "core/ports/timer.h"
+#include "core/text_line.h"
+#include "timing/countdown.h"
+#include "timing/timer_windows.h"
+
+namespace tickwell {
+
+/// The countdown on the main window: its tick, and what the lines show of it.
+class CountdownLines {
+public:
+    /// All outlive this object.
+    CountdownLines(Countdown& countdown, TextLines lines, TimerWindows& windows)
+        : m_countdown(countdown), m_lines(lines), m_windows(windows) {}
+
+    /// The function was chosen. A countdown that stands still loses its pause and is offered for setting; a
+    /// running one goes on.
+    void Show();
+
+    /// Another function was chosen: the countdown goes on unseen.
+    void Hide() { m_countdown.SetShownOnMain(false); }
+
+    /// TimerTimer, which is handed in to be stopped at zero. A tick that comes late crosses zero once; the
+    /// cycles it missed follow tick by tick.
+    void Tick(Timer& TimerTimer);
+
+private:
+    void EndRun(Timer& TimerTimer);
+    void BeginNextCycle();
+
+    Countdown& m_countdown;
+    TextLines m_lines;
+    TimerWindows& m_windows;
+};
+
+}  // namespace tickwell

@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "timing/lap_report.h"
+
+#include "core/duration_text.h"
+#include "core/words.h"
+
+namespace tickwell {
+
+using namespace Qt::StringLiterals;
+
+QStringList LapReport(const QString& version, const QDateTime& now, const QString& list) {
+    QStringList lines{
+        u"Tickwell Ver.2  ストップウォッチ機能"_s,
+        u"<<基本情報>>"_s,
+        u"バージョン："_s + version,
+        u"印刷日："_s + LongDateText(now.date()),
+        u"印刷時刻："_s + LongTimeText(now.time()),
+        QString(),
+        u"<<ラップ/経歴一覧表>>"_s,
+    };
+    lines += list.split(u"\r\n"_s);
+    lines += {QString(), u"<<終>>"_s};
+    return lines;
+}
+
+QString LongDateText(QDate date) {
+    const int weekday = date.dayOfWeek() % 7 + 1;  // 1 is Sunday
+    return QString::number(date.year()) + u"年" + QString::number(date.month()) + u"月" +
+           QString::number(date.day()) + u"日 " + WeekdayLetter(weekday, 1) + u"曜日";
+}
+
+QString LongTimeText(QTime time) {
+    return QString::number(time.hour()) + u':' + TwoDigits(time.minute()) + u':' + TwoDigits(time.second());
+}
+
+}  // namespace tickwell

@@ -1,0 +1,35 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "timing/report_painter.h"
+
+#include <QFontMetricsF>
+#include <algorithm>
+
+namespace tickwell {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kPoints = 10;
+
+}  // namespace
+
+ReportPainter::ReportPainter(QStringList lines)
+    : m_lines(std::move(lines)), m_font(u"ＭＳ Ｐゴシック"_s, kPoints) {}
+
+bool ReportPainter::Paint(QPainter& painter, const QRectF& area, int number) const {
+    const QFontMetricsF metrics(m_font, painter.device());
+    const double spacing = metrics.lineSpacing();
+    // A page that has no room for one line still takes one, or the report would never end.
+    const auto linesPerPage = std::max<qsizetype>(1, static_cast<qsizetype>(area.height() / spacing));
+    const qsizetype first = number * linesPerPage;
+    const qsizetype end = std::min(first + linesPerPage, m_lines.size());
+    painter.setFont(m_font);
+    for (qsizetype line = first; line < end; ++line) {
+        const double baseline = area.top() + static_cast<double>(line - first) * spacing + metrics.ascent();
+        painter.drawText(QPointF(area.left(), baseline), m_lines[line]);
+    }
+    return end < m_lines.size();
+}
+
+}  // namespace tickwell

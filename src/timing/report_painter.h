@@ -1,0 +1,24 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QFont>
+#include <QPainter>
+#include <QStringList>
+
+namespace tickwell {
+
+/// Paints plain lines on as many pages as they need.
+class ReportPainter {
+public:
+    explicit ReportPainter(QStringList lines);
+
+    /// Paints page `number`, counted from 0, into `area` of whatever device the painter is on; true when
+    /// another page follows.
+    bool Paint(QPainter& painter, const QRectF& area, int number) const;
+
+private:
+    QStringList m_lines;
+    QFont m_font;
+};
+
+}  // namespace tickwell

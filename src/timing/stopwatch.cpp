@@ -1,0 +1,37 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "timing/stopwatch.h"
+
+#include "core/integers.h"
+
+namespace tickwell {
+
+qint32 Stopwatch::Reading() const {
+    if (!m_state.StopwatchRunning) {
+        return m_state.StopwatchElapsed;
+    }
+    // The difference first: added the other way round, a sum that fits could overflow on its way.
+    return CheckedAdd(CheckedSub(m_clock.Tick(), m_state.StopwatchStart), m_state.StopwatchElapsed);
+}
+
+void Stopwatch::Start() {
+    m_state.StopwatchStart = m_clock.Tick();
+    m_state.StopwatchRunning = true;
+}
+
+qint32 Stopwatch::Stop() {
+    m_state.StopwatchElapsed = Reading();
+    m_state.StopwatchRunning = false;
+    return m_state.StopwatchElapsed;
+}
+
+Stopwatch::Lap Stopwatch::TakeLap() {
+    const Lap lap{CheckedAdd(m_state.StopwatchLapCount, 1), Reading()};
+    m_state.StopwatchLapCount = lap.number;
+    return lap;
+}
+
+void Stopwatch::Reset() {
+    m_state = StopwatchState();
+}
+
+}  // namespace tickwell

@@ -1,0 +1,79 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "timing/stopwatch_panel.h"
+
+#include "core/duration_text.h"
+
+namespace tickwell {
+
+using namespace Qt::StringLiterals;
+
+StopwatchPanel::StopwatchPanel(Stopwatch& stopwatch, TextLines lines, DisplayFunctions& functions,
+                               Timer& Timer1)
+    : m_stopwatch(stopwatch), m_lines(lines), m_functions(functions), m_Timer1(Timer1) {}
+
+void StopwatchPanel::Load() {
+    m_list = m_stopwatch.KeptList();
+}
+
+void StopwatchPanel::Unload() {
+    m_stopwatch.KeepList(m_list);
+}
+
+void StopwatchPanel::StartOrStop() {
+    if (m_stopwatch.IsRunning()) {
+        Stop();
+    } else {
+        Start();
+    }
+}
+
+void StopwatchPanel::LapOrReset() {
+    if (m_stopwatch.IsRunning()) {
+        TakeLap();
+    } else {
+        Reset();
+    }
+}
+
+StopwatchCaptions StopwatchPanel::Captions() const {
+    return m_stopwatch.IsRunning() ? StopwatchCaptions{u"ストップ", u"ラップ"}
+                                   : StopwatchCaptions{u"スタート", u"リセット"};
+}
+
+/// The main window comes to the stopwatch first: under another function two timers would fight for one line.
+void StopwatchPanel::Start() {
+    if (m_functions.GetFuncNumber() != kFunctionStopwatch) {
+        m_functions.ChangeFunction(kFunctionStopwatch);
+    }
+    m_stopwatch.Start();
+    m_Timer1.Start();
+}
+
+void StopwatchPanel::Stop() {
+    const QString reading = ElapsedText(m_stopwatch.Stop());
+    m_Timer1.Stop();
+    m_lines.lower.SetText(reading);
+    m_list +=
+        u"\r\n【Stop】 "_s + reading;  // also where the list was empty: it then begins with an empty line
+}
+
+void StopwatchPanel::TakeLap() {
+    const Stopwatch::Lap lap = m_stopwatch.TakeLap();
+    const QString line = u"Lapse"_s + QString::number(lap.number) + u"  " + ElapsedText(lap.reading);
+    if (lap.number < 2) {  // the first one since the reset: earlier stops leave the list
+        m_list = line;
+        m_lines.upper.ShowText(line);
+    } else {
+        m_list += u"\r\n"_s + line;
+        m_lines.upper.SetText(line);
+    }
+}
+
+void StopwatchPanel::Reset() {
+    m_stopwatch.Reset();
+    m_lines.upper.ShowText(u"ストップウォッチ"_s);
+    m_lines.lower.ShowText(ElapsedText(0));
+    m_list.clear();
+}
+
+}  // namespace tickwell

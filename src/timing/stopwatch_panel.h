@@ -1,0 +1,51 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "core/display_function.h"
+#include "core/ports/timer.h"
+#include "core/text_line.h"
+#include "timing/stopwatch.h"
+
+namespace tickwell {
+
+/// What the two changing buttons of the stopwatch's window say: always what they will do.
+struct StopwatchCaptions {
+    QStringView command1;
+    QStringView command2;
+};
+
+/// The stopwatch's window without the window: its list, and what its buttons do.
+class StopwatchPanel {
+public:
+    /// All outlive this object. `Timer1` refreshes the reading on the main window.
+    StopwatchPanel(Stopwatch& stopwatch, TextLines lines, DisplayFunctions& functions, Timer& Timer1);
+
+    /// The window opens: the kept list comes back.
+    void Load();
+    /// The window closes: the list is kept. The stopwatch and its display go on.
+    void Unload();
+
+    /// Start while stopped, stop while running. Throws OverflowError; the stopwatch then goes on.
+    void StartOrStop();
+    /// Lap while running, reset while stopped. Throws OverflowError; the lap then does not count.
+    void LapOrReset();
+
+    StopwatchCaptions Captions() const;
+
+    /// Laps and stops, a reading a line, parted by CR LF.
+    const QString& List() const { return m_list; }
+
+private:
+    void Start();
+    void Stop();
+    void TakeLap();
+    void Reset();
+
+    Stopwatch& m_stopwatch;
+    TextLines m_lines;
+    DisplayFunctions& m_functions;
+    Timer& m_Timer1;
+    QString m_list;
+};
+
+}  // namespace tickwell

@@ -1,0 +1,142 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "timing/stopwatch_window.h"
+
+#include <QCloseEvent>
+#include <QPointer>
+#include <QVBoxLayout>
+#include <utility>
+
+#include "timing/bring_forward.h"
+#include "timing/lap_report.h"
+#include "timing/report_painter.h"
+
+namespace tickwell {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kListColumns = 30;  // characters and lines that the list has room for from the start
+constexpr int kListLines = 8;
+
+}  // namespace
+
+StopForm::StopForm(const StopwatchWindowParts& parts, QWidget* parent)
+    : QDialog(parent),
+      m_parts(parts),
+      m_Command1(new QPushButton(this)),
+      m_Command2(new QPushButton(this)),
+      m_Command3(new QPushButton(u"印刷"_s, this)),
+      m_Command4(new QPushButton(u"ヘルプ"_s, this)),
+      m_Text1(new QPlainTextEdit(this)) {
+    setObjectName(u"StopForm"_s);
+    setWindowTitle(u"ストップウォッチ"_s);
+    m_Command1->setObjectName(u"Command1"_s);
+    m_Command2->setObjectName(u"Command2"_s);
+    m_Command3->setObjectName(u"Command3"_s);
+    m_Command4->setObjectName(u"Command4"_s);
+    m_Text1->setObjectName(u"Text1"_s);
+    m_Text1->setAccessibleName(u"ラップ/経歴一覧表"_s);
+    m_Text1->setReadOnly(true);
+    m_Text1->setTabChangesFocus(true);
+    m_Text1->setLineWrapMode(QPlainTextEdit::NoWrap);
+    LayOut();
+    Handlers& handlers = m_parts.handlers;
+    handlers.Connect(m_Command1, &QPushButton::clicked, this, [this] { Command1_Click(); });
+    handlers.Connect(m_Command2, &QPushButton::clicked, this, [this] { Command2_Click(); });
+    handlers.Connect(m_Command3, &QPushButton::clicked, this, [this] { Command3_Click(); });
+    handlers.Connect(m_Command4, &QPushButton::clicked, this, [this] { Command4_Click(); });
+}
+
+void StopForm::LayOut() {
+    auto* above = new QHBoxLayout;
+    above->addWidget(m_Command1, 1);
+    above->addWidget(m_Command2, 1);
+    auto* below = new QHBoxLayout;
+    below->addStretch(1);
+    below->addWidget(m_Command3);
+    below->addWidget(m_Command4);
+    auto* all = new QVBoxLayout(this);
+    all->addLayout(above);
+    all->addWidget(m_Text1, 1);
+    all->addLayout(below);
+    const QFontMetrics metrics = m_Text1->fontMetrics();
+    m_Text1->setMinimumSize(kListColumns * metrics.averageCharWidth(), kListLines * metrics.lineSpacing());
+    setTabOrder(m_Command1, m_Command2);
+    setTabOrder(m_Command2, m_Text1);
+    setTabOrder(m_Text1, m_Command3);
+    setTabOrder(m_Command3, m_Command4);
+    m_Command1->setDefault(true);
+}
+
+void StopForm::Open() {
+    if (!isVisible()) {
+        Form_Load();
+    }
+    BringForward(*this);
+}
+
+void StopForm::Form_Load() {
+    m_parts.handlers.Run(m_parts.enterFolder);
+    m_parts.panel.Load();
+    ShowState();
+    m_Command1->setFocus();
+}
+
+void StopForm::Form_Unload() {
+    m_parts.panel.Unload();
+}
+
+void StopForm::closeEvent(QCloseEvent* event) {
+    Form_Unload();
+    QDialog::closeEvent(event);
+}
+
+void StopForm::Command1_Click() {
+    m_parts.panel.StartOrStop();
+    ShowState();
+}
+
+void StopForm::Command2_Click() {
+    m_parts.panel.LapOrReset();
+    ShowState();
+}
+
+/// One question at a time; it may be answered after the window was closed.
+void StopForm::Command3_Click() {
+    m_Command3->setEnabled(false);
+    const QPointer<StopForm> self(this);
+    m_parts.boxes.Ask(
+        {MessageIcon::Question, u"印刷"_s, u"ラップ情報などを印刷します。\r\n準備はよろしいですか？"_s},
+        [self](bool ok) {
+            if (self == nullptr) {
+                return;
+            }
+            self->m_Command3->setEnabled(true);
+            if (ok) {
+                self->m_parts.handlers.Run([self] { self->Print(); });
+            }
+        });
+}
+
+void StopForm::Print() {
+    const ReportPainter report(LapReport(m_parts.version, m_parts.clock.Now(), m_parts.panel.List()));
+    m_parts.printer.Print({windowTitle(), [&report](QPainter& painter, const QRectF& area, int number) {
+                               return report.Paint(painter, area, number);
+                           }});
+}
+
+void StopForm::Command4_Click() {
+    m_parts.help.ShowTopic(kHelpStopwatch);
+}
+
+/// The text box is told what the panel holds and is never asked: it keeps no carriage returns.
+void StopForm::ShowState() {
+    const StopwatchCaptions captions = m_parts.panel.Captions();
+    m_Command1->setText(captions.command1.toString());
+    m_Command2->setText(captions.command2.toString());
+    m_Text1->setPlainText(m_parts.panel.List());
+    m_Text1->moveCursor(QTextCursor::End);
+}
+
+}  // namespace tickwell

@@ -1,0 +1,62 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QDialog>
+#include <QPlainTextEdit>
+#include <QPushButton>
+
+#include "core/handlers.h"
+#include "core/ports/clock.h"
+#include "core/ports/help_viewer.h"
+#include "core/ports/printer.h"
+#include "timing/stopwatch_panel.h"
+
+namespace tickwell {
+
+/// What the stopwatch's window works with; all outlive it.
+struct StopwatchWindowParts {
+    StopwatchPanel& panel;
+    const Clock& clock;
+    Handlers& handlers;
+    MessageBoxes& boxes;
+    Printer& printer;
+    HelpViewer& help;
+    std::function<void()>
+        enterFolder;  ///< makes the program's folder the current one, or throws RunTimeError
+    QString version;  ///< the program's, as "2.0.0"
+};
+
+/// The stopwatch's window: start and stop, laps, their list and its print. A view: the stopwatch goes on when
+/// it is closed.
+class StopForm : public QDialog {
+    Q_OBJECT
+
+public:
+    StopForm(const StopwatchWindowParts& parts, QWidget* parent);
+
+    /// Shows the window, or brings it forward where it is open.
+    void Open();
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+
+private:
+    void LayOut();
+    void Form_Load();
+    void Form_Unload();
+    void Command1_Click();
+    void Command2_Click();
+    void Command3_Click();
+    void Command4_Click();
+    void ShowState();
+    void Print();
+
+    StopwatchWindowParts m_parts;
+    QPushButton* m_Command1;  // the controls are owned by the window
+    QPushButton* m_Command2;
+    QPushButton* m_Command3;
+    QPushButton* m_Command4;
+    QPlainTextEdit* m_Text1;
+};
+
+}  // namespace tickwell

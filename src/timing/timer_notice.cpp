@@ -1,0 +1,73 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "timing/timer_notice.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QStyle>
+#include <QVBoxLayout>
+
+#include "timing/bring_forward.h"
+
+namespace tickwell {
+
+using namespace Qt::StringLiterals;
+
+Form8::Form8(const TimerNoticeParts& parts, QWidget* parent) : QDialog(parent), m_parts(parts) {
+    setObjectName(u"Form8"_s);
+    setWindowTitle(u"タイマー"_s);
+    setWindowFlag(Qt::WindowStaysOnTopHint);
+    setWindowModality(Qt::ApplicationModal);
+    LayOut();
+}
+
+void Form8::LayOut() {
+    const int size = style()->pixelMetric(QStyle::PM_MessageBoxIconSize, nullptr, this);
+    auto* icon = new QLabel(this);
+    icon->setObjectName(u"Image1"_s);
+    icon->setPixmap(style()->standardIcon(QStyle::SP_MessageBoxInformation, nullptr, this).pixmap(size));
+    auto* label = new QLabel(u"指定の時間が経過しました"_s, this);
+    label->setObjectName(u"Label1"_s);
+    auto* confirm = new QPushButton(u"確認"_s, this);
+    confirm->setObjectName(u"Command1"_s);
+    confirm->setDefault(true);
+    m_parts.handlers.Connect(confirm, &QPushButton::clicked, this, [this] { close(); });
+
+    auto* said = new QHBoxLayout;
+    said->addWidget(icon);
+    said->addWidget(label, 1);
+    auto* all = new QVBoxLayout(this);
+    all->addLayout(said);
+    all->addWidget(confirm, 0, Qt::AlignHCenter);
+    all->setSizeConstraint(QLayout::SetFixedSize);
+}
+
+void Form8::Open() {
+    if (isVisible()) {
+        return;
+    }
+    BringForward(*this);
+    QApplication::alert(this);  // where the desktop does not hand the keys over, it marks the window
+    Form_Load();  // last: a box about its sound, opened earlier, would be held back until it is closed
+}
+
+void Form8::Form_Load() {
+    m_parts.handlers.Run([this] {
+        m_parts.enterFolder();
+        m_parts.sendCommand(u"open TKW00.wav alias Timer"_s);
+        m_parts.sendCommand(u"play Timer"_s);
+    });
+}
+
+void Form8::Form_Unload() {
+    m_parts.handlers.Run([this] { m_parts.sendCommand(u"close Timer"_s); });
+}
+
+void Form8::closeEvent(QCloseEvent* event) {
+    Form_Unload();
+    QDialog::closeEvent(event);
+}
+
+}  // namespace tickwell

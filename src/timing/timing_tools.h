@@ -1,0 +1,79 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <memory>
+
+#include "core/handlers.h"
+#include "core/ports/clock.h"
+#include "core/ports/help_viewer.h"
+#include "core/ports/printer.h"
+#include "timing/countdown_lines.h"
+#include "timing/stopwatch_lines.h"
+#include "timing/stopwatch_window.h"
+#include "timing/timer_notice.h"
+#include "timing/timer_window.h"
+
+namespace tickwell {
+
+/// What stopwatch and countdown work with; all outlive them.
+struct TimingParts {
+    StopwatchState& stopwatch;
+    CountdownState& countdown;
+    const Clock& clock;
+    TimerSource& timers;
+    Handlers& handlers;
+    MessageBoxes& boxes;
+    Printer& printer;
+    HelpViewer& help;
+    std::function<void()>
+        enterFolder;  ///< makes the program's folder the current one, or throws RunTimeError
+    /// Sends one multimedia command and tells the user itself when it fails.
+    std::function<void(const QString& command)> sendCommand;
+    std::function<void(QWidget& window)> place;  ///< puts a window that is about to be shown where it belongs
+    QString version;                             ///< the program's, as "2.0.0"
+};
+
+/// The main window, as stopwatch and countdown see it; it outlives them.
+struct TimingView {
+    TextLines lines;
+    DisplayFunctions& functions;
+    QWidget* window;  ///< owns their windows
+};
+
+/// Stopwatch and countdown put together: rules, lines, the main window's two timers, and the windows, which
+/// are made when they are first asked for.
+class TimingTools : public TimerWindows {
+public:
+    TimingTools(const TimingParts& parts, const TimingView& view);
+
+    Timer& Timer1() { return *m_Timer1; }
+    StopwatchLines& Reading() { return m_stopwatchLines; }
+    CountdownLines& Rest() { return m_countdownLines; }
+
+    void ShowStopForm();
+    void ShowTimerForm() override;
+    void RefreshTimerForm() override;
+    void ShowNotice() override;
+
+    /// The main window closes, and with it those of the tools.
+    void CloseWindows();
+
+private:
+    void OpenPlaced(QWidget& window, const std::function<void()>& open);
+
+    TimingParts m_parts;
+    TimingView m_view;
+    Stopwatch m_stopwatch;
+    Countdown m_countdown;
+    StopwatchLines m_stopwatchLines;
+    CountdownLines m_countdownLines;
+    std::unique_ptr<Timer> m_Timer1;
+    std::unique_ptr<Timer> m_TimerTimer;
+    StopwatchPanel m_stopwatchPanel;
+    TimerPanel m_timerPanel;
+    StopForm* m_stopForm = nullptr;  // owned by the main window
+    TimerForm* m_timerForm = nullptr;
+    Form8* m_form8 = nullptr;
+};
+
+}  // namespace tickwell

@@ -1,0 +1,172 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include <QTest>
+
+#include "core/errors.h"
+#include "timing/hand_time.h"
+#include "timing/stopwatch.h"
+
+using namespace tickwell;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr qint64 kSignChange = qint64{1} << 31;
+constexpr qint64 kTurn = qint64{1} << 32;
+
+struct Bench {
+    HandTime time;
+    StopwatchState state;
+    Stopwatch stopwatch{state, time};
+
+    explicit Bench(qint64 since = 307'000) { time.since = since; }
+};
+
+}  // namespace
+
+/// The rules of the stopwatch.
+class TstStopwatch : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void EachTransition_data();
+    void EachTransition();
+    void TheSecondRunGoesOnFromTheFirst();
+    void LapsAreCountedFromTheStart();
+    void ItRunsOnAcrossTheTurnOfTheCounter();
+    void TheSignChangeOverflowsAndStopsNothing();
+    void TheDifferenceComesFirst();
+    void AFullStopwatchGoesOn();
+    void AFullLapCountDoesNotCount();
+};
+
+void TstStopwatch::EachTransition_data() {
+    QTest::addColumn<QString>("script");  // S start, P stop, L lap, R reset; 100 ms before each
+    QTest::addColumn<bool>("running");
+    QTest::addColumn<qint32>("reading");
+    QTest::addColumn<qint32>("elapsed");
+    QTest::addColumn<qint32>("laps");
+    QTest::newRow("reset") << u""_s << false << 0 << 0 << 0;
+    QTest::newRow("reset, start: running") << u"S"_s << true << 100 << 0 << 0;
+    QTest::newRow("running, stop: stopped") << u"SP"_s << false << 100 << 100 << 0;
+    QTest::newRow("stopped, start: running from its reading") << u"SPS"_s << true << 200 << 100 << 0;
+    QTest::newRow("stopped, reset: reset") << u"SPR"_s << false << 0 << 0 << 0;
+    QTest::newRow("running, lap: running") << u"SLL"_s << true << 300 << 0 << 2;
+    QTest::newRow("laps outlive a stop") << u"SLPS"_s << true << 300 << 200 << 1;
+    QTest::newRow("reset forgets the laps") << u"SLLPRSL"_s << true << 200 << 0 << 1;
+    QTest::newRow("reset while reset") << u"RR"_s << false << 0 << 0 << 0;
+}
+
+void TstStopwatch::EachTransition() {
+    QFETCH(QString, script);
+    Bench bench;
+    for (const QChar step : script) {
+        bench.time.since += 100;
+        switch (step.unicode()) {
+            case u'S':
+                bench.stopwatch.Start();
+                break;
+            case u'P':
+                bench.stopwatch.Stop();
+                break;
+            case u'L':
+                bench.stopwatch.TakeLap();
+                break;
+            default:
+                bench.stopwatch.Reset();
+                break;
+        }
+    }
+    bench.time.since += 100;
+    QTEST(bench.state.StopwatchRunning, "running");
+    QTEST(bench.stopwatch.Reading(), "reading");
+    QTEST(bench.state.StopwatchElapsed, "elapsed");
+    QTEST(bench.state.StopwatchLapCount, "laps");
+    if (script.endsWith(u'R')) {
+        QCOMPARE(bench.state.StopwatchStart, 0);
+    }
+}
+
+void TstStopwatch::TheSecondRunGoesOnFromTheFirst() {
+    Bench bench;
+    bench.stopwatch.Start();
+    bench.time.since += 1500;
+    QCOMPARE(bench.stopwatch.Stop(), 1500);
+    bench.time.since += 10'000;
+    QCOMPARE(bench.stopwatch.Reading(), 1500);
+    bench.stopwatch.Start();
+    QCOMPARE(bench.state.StopwatchStart, 318'500);
+    bench.time.since += 250;
+    QCOMPARE(bench.stopwatch.Stop(), 1750);
+}
+
+void TstStopwatch::LapsAreCountedFromTheStart() {
+    Bench bench;
+    bench.stopwatch.Start();
+    for (const qint32 number : {1, 2, 3}) {
+        bench.time.since += 1000;
+        const Stopwatch::Lap lap = bench.stopwatch.TakeLap();
+        QCOMPARE(lap.number, number);
+        QCOMPARE(lap.reading, 1000 * number);
+    }
+}
+
+void TstStopwatch::ItRunsOnAcrossTheTurnOfTheCounter() {
+    Bench bench(kTurn - 300);
+    bench.stopwatch.Start();
+    QCOMPARE(bench.state.StopwatchStart, -300);
+    bench.time.since += 299;
+    QCOMPARE(bench.time.Tick(), -1);
+    QCOMPARE(bench.stopwatch.Reading(), 299);
+    bench.time.since += 1;
+    QCOMPARE(bench.time.Tick(), 0);
+    QCOMPARE(bench.stopwatch.Reading(), 300);
+    QCOMPARE(bench.stopwatch.Stop(), 300);
+}
+
+void TstStopwatch::TheSignChangeOverflowsAndStopsNothing() {
+    Bench bench(kSignChange - 300);
+    bench.stopwatch.Start();
+    bench.time.since += 299;
+    QCOMPARE(bench.stopwatch.TakeLap().reading, 299);
+    bench.time.since += 1;
+    QVERIFY_THROWS_EXCEPTION(OverflowError, bench.stopwatch.Reading());
+    QVERIFY_THROWS_EXCEPTION(OverflowError, bench.stopwatch.TakeLap());
+    QCOMPARE(bench.state.StopwatchLapCount, 1);
+    QVERIFY_THROWS_EXCEPTION(OverflowError, bench.stopwatch.Stop());
+    QVERIFY(bench.state.StopwatchRunning);
+    QCOMPARE(bench.state.StopwatchElapsed, 0);
+}
+
+/// Elapsed plus tick would leave the range, though the reading is small.
+void TstStopwatch::TheDifferenceComesFirst() {
+    Bench bench(kSignChange - 5000);
+    bench.state.StopwatchElapsed = 100'000;
+    bench.stopwatch.Start();
+    bench.time.since += 4000;
+    QCOMPARE(bench.stopwatch.TakeLap().reading, 104'000);
+    QCOMPARE(bench.stopwatch.Stop(), 104'000);
+}
+
+void TstStopwatch::AFullStopwatchGoesOn() {
+    Bench bench(0);
+    bench.state.StopwatchElapsed = 2'147'483'000;
+    bench.stopwatch.Start();
+    bench.time.since += 647;
+    QCOMPARE(bench.stopwatch.Reading(), 2'147'483'647);
+    bench.time.since += 1;
+    QVERIFY_THROWS_EXCEPTION(OverflowError, bench.stopwatch.Stop());
+    QVERIFY(bench.state.StopwatchRunning);
+    QCOMPARE(bench.state.StopwatchElapsed, 2'147'483'000);
+}
+
+void TstStopwatch::AFullLapCountDoesNotCount() {
+    Bench bench;
+    bench.state.StopwatchLapCount = 2'147'483'646;
+    bench.stopwatch.Start();
+    QCOMPARE(bench.stopwatch.TakeLap().number, 2'147'483'647);
+    QVERIFY_THROWS_EXCEPTION(OverflowError, bench.stopwatch.TakeLap());
+    QCOMPARE(bench.state.StopwatchLapCount, 2'147'483'647);
+}
+
+QTEST_GUILESS_MAIN(TstStopwatch)
+#include "tst_stopwatch.moc"

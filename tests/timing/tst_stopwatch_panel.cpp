@@ -1,0 +1,194 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include <QTest>
+
+#include "core/errors.h"
+#include "timing/hand_time.h"
+#include "timing/journal.h"
+#include "timing/stopwatch_panel.h"
+
+using namespace tickwell;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+struct Bench {
+    HandTime time;
+    Journal journal;
+    JournalLine upper{journal, u"upper"_s};
+    JournalLine lower{journal, u"lower"_s};
+    JournalFunctions functions{journal};
+    std::unique_ptr<Timer> Timer1 = time.Create(1, [] {});
+    StopwatchState state;
+    Stopwatch stopwatch{state, time};
+    StopwatchPanel panel{stopwatch, {upper, lower}, functions, *Timer1};
+
+    Bench() {
+        time.since = 307'000;
+        functions.shown = kFunctionStopwatch;
+        panel.Load();
+    }
+    /// 1 and 2 press the buttons, a dot lets 1000 ms pass.
+    void Play(QStringView script) {
+        for (const QChar step : script) {
+            if (step == u'1') {
+                panel.StartOrStop();
+            } else if (step == u'2') {
+                panel.LapOrReset();
+            } else {
+                time.since += 1000;
+            }
+        }
+    }
+    Journal Take() { return std::exchange(journal, {}); }
+};
+
+}  // namespace
+
+/// What the stopwatch's window does, without the window.
+class TstStopwatchPanel : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void TheCaptionsSayWhatTheButtonsWillDo();
+    void TheListAndTheLines_data();
+    void TheListAndTheLines();
+    void StartingUnderAnotherFunctionComesToTheStopwatchFirst();
+    void StoppingUnderAnotherFunctionWritesTheLine();
+    void TheTimerRunsWithTheStopwatch();
+    void TheListOutlivesTheClosedWindow();
+    void TheKeptListIsCopiedOnlyAtClosing();
+    void ResetEmptiesTheKeptListToo();
+    void AnOverflowChangesNothing();
+};
+
+void TstStopwatchPanel::TheCaptionsSayWhatTheButtonsWillDo() {
+    Bench bench;
+    QCOMPARE(bench.panel.Captions().command1, u"スタート");
+    QCOMPARE(bench.panel.Captions().command2, u"リセット");
+    bench.Play(u"1");
+    QCOMPARE(bench.panel.Captions().command1, u"ストップ");
+    QCOMPARE(bench.panel.Captions().command2, u"ラップ");
+    bench.Play(u"1");
+    QCOMPARE(bench.panel.Captions().command1, u"スタート");
+    QCOMPARE(bench.panel.Captions().command2, u"リセット");
+}
+
+void TstStopwatchPanel::TheListAndTheLines_data() {
+    QTest::addColumn<QString>("script");
+    QTest::addColumn<QString>("list");
+    QTest::addColumn<QStringList>("lines");  // what the last step did to them
+    QTest::newRow("a start writes nothing") << u"1"_s << u""_s << QStringList();
+    QTest::newRow("a list that starts with a stop begins with an empty line, on purpose")
+        << u"1.1"_s << u"\r\n【Stop】 0:00'01\"000"_s << QStringList{u"lower set 0:00'01\"000"_s};
+    QTest::newRow("the second reading goes on from the first")
+        << u"1.1.1.1"_s << u"\r\n【Stop】 0:00'01\"000\r\n【Stop】 0:00'02\"000"_s
+        << QStringList{u"lower set 0:00'02\"000"_s};
+    QTest::newRow("the first lap replaces the list")
+        << u"1.11.2"_s << u"Lapse1  0:00'02\"000"_s << QStringList{u"upper show Lapse1  0:00'02\"000"_s};
+    QTest::newRow("the second lap is appended, and wipes nothing")
+        << u"1.2.2"_s << u"Lapse1  0:00'01\"000\r\nLapse2  0:00'02\"000"_s
+        << QStringList{u"upper set Lapse2  0:00'02\"000"_s};
+    QTest::newRow("the third lap is counted from the start")
+        << u"1.2.2.2"_s << u"Lapse1  0:00'01\"000\r\nLapse2  0:00'02\"000\r\nLapse3  0:00'03\"000"_s
+        << QStringList{u"upper set Lapse3  0:00'03\"000"_s};
+    QTest::newRow("a stop after laps") << u"1.2.1"_s << u"Lapse1  0:00'01\"000\r\n【Stop】 0:00'02\"000"_s
+                                       << QStringList{u"lower set 0:00'02\"000"_s};
+    QTest::newRow("a reset empties the list")
+        << u"1.2.12"_s << u""_s
+        << QStringList{u"upper show ストップウォッチ"_s, u"lower show 0:00'00\"000"_s};
+    QTest::newRow("the first lap after a reset replaces the stop before it")
+        << u"1.2.121.1.1.2"_s << u"Lapse1  0:00'02\"000"_s
+        << QStringList{u"upper show Lapse1  0:00'02\"000"_s};
+}
+
+void TstStopwatchPanel::TheListAndTheLines() {
+    QFETCH(QString, script);
+    Bench bench;
+    bench.Play(QStringView(script).chopped(1));
+    bench.Take();
+    bench.Play(QStringView(script).last(1));
+    QTEST(bench.panel.List(), "list");
+    QTEST(bench.Take(), "lines");
+}
+
+void TstStopwatchPanel::StartingUnderAnotherFunctionComesToTheStopwatchFirst() {
+    Bench bench;
+    bench.functions.shown = kFunctionClock;
+    bench.Play(u"1");
+    QCOMPARE(bench.Take(), Journal{u"function 2"_s});
+    QVERIFY(bench.Timer1->IsRunning());
+}
+
+void TstStopwatchPanel::StoppingUnderAnotherFunctionWritesTheLine() {
+    Bench bench;
+    bench.Play(u"1.");
+    bench.functions.shown = kFunctionClock;
+    bench.Take();
+    bench.Play(u"2.12");
+    QCOMPARE(bench.Take(), (Journal{u"upper show Lapse1  0:00'01\"000"_s, u"lower set 0:00'02\"000"_s,
+                                    u"upper show ストップウォッチ"_s, u"lower show 0:00'00\"000"_s}));
+}
+
+void TstStopwatchPanel::TheTimerRunsWithTheStopwatch() {
+    Bench bench;
+    bench.Play(u"1");
+    QVERIFY(bench.Timer1->IsRunning());
+    bench.Play(u"2");
+    QVERIFY(bench.Timer1->IsRunning());
+    bench.panel.Unload();
+    QVERIFY(bench.Timer1->IsRunning());
+    bench.Play(u"1");
+    QVERIFY(!bench.Timer1->IsRunning());
+}
+
+void TstStopwatchPanel::TheListOutlivesTheClosedWindow() {
+    Bench bench;
+    bench.Play(u"1.2.2");
+    bench.panel.Unload();
+    bench.time.since += 60'000;
+    bench.panel.Load();
+    QCOMPARE(bench.panel.List(), u"Lapse1  0:00'01\"000\r\nLapse2  0:00'02\"000"_s);
+    QCOMPARE(bench.panel.Captions().command1, u"ストップ");
+    QCOMPARE(bench.panel.Captions().command2, u"ラップ");
+    bench.Play(u"2");
+    QCOMPARE(bench.panel.List(), u"Lapse1  0:00'01\"000\r\nLapse2  0:00'02\"000\r\nLapse3  0:01'02\"000"_s);
+}
+
+void TstStopwatchPanel::TheKeptListIsCopiedOnlyAtClosing() {
+    Bench bench;
+    bench.Play(u"1.1");
+    QCOMPARE(bench.state.StopwatchLapText, QString());
+    bench.panel.Unload();
+    QCOMPARE(bench.state.StopwatchLapText, u"\r\n【Stop】 0:00'01\"000"_s);
+}
+
+void TstStopwatchPanel::ResetEmptiesTheKeptListToo() {
+    Bench bench;
+    bench.Play(u"1.1");
+    bench.panel.Unload();
+    bench.panel.Load();
+    bench.Play(u"2");
+    QCOMPARE(bench.panel.List(), QString());
+    QCOMPARE(bench.state.StopwatchLapText, QString());
+    QCOMPARE(bench.upper.Text(), u"ストップウォッチ"_s);
+    QCOMPARE(bench.lower.Text(), u"0:00'00\"000"_s);
+}
+
+void TstStopwatchPanel::AnOverflowChangesNothing() {
+    Bench bench;
+    bench.time.since = (qint64{1} << 31) - 2000;
+    bench.Play(u"1.2");
+    const QString list = bench.panel.List();
+    bench.Take();
+    bench.time.since += 5000;
+    QVERIFY_THROWS_EXCEPTION(OverflowError, bench.panel.StartOrStop());
+    QVERIFY_THROWS_EXCEPTION(OverflowError, bench.panel.LapOrReset());
+    QVERIFY(bench.state.StopwatchRunning);
+    QVERIFY(bench.Timer1->IsRunning());
+    QCOMPARE(bench.state.StopwatchLapCount, 1);
+    QCOMPARE(bench.panel.List(), list);
+    QVERIFY(bench.Take().isEmpty());
+}
+
+QTEST_GUILESS_MAIN(TstStopwatchPanel)
+#include "tst_stopwatch_panel.moc"
