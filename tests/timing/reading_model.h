@@ -10,7 +10,7 @@ namespace tickwell {
 /// How a reading is written, worked out apart from the program: h:mm'ss"fff, a negative one a day later.
 inline QString ReadingOf(qint64 ms) {
     ms = ms < 0 ? ms + 86'400'000 : ms;
-    const auto padded = [](qint64 value, int width) {
+    const auto padded = [](qint64 value, int width) -> QString {
         return (value < 0 ? QStringLiteral("-") : QString()) +
                QStringLiteral("%1").arg(value < 0 ? -value : value, width, 10, QLatin1Char('0'));
     };

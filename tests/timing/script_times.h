@@ -1,0 +1,23 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QList>
+#include <QRandomGenerator>
+#include <algorithm>
+
+namespace tickwell {
+
+/// A pause of any scale, from a millisecond to 24.8 days.
+inline qint64 PauseOf(QRandomGenerator& random) {
+    constexpr int kMostBits = 31;
+    return static_cast<qint64>(random.generate64() >> (64 - random.bounded(1, kMostBits + 1)));
+}
+
+/// Milliseconds since the machine started at which a script begins: shortly or long before the counter
+/// changes its sign or turns, or just after the start.
+inline qint64 BeginningOf(QRandomGenerator& random) {
+    const qint64 signChange = qint64{1} << 31;
+    return std::max<qint64>(0, random.bounded(5) * signChange - PauseOf(random));
+}
+
+}  // namespace tickwell
