@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "timing/stopwatch_window.h"
 
-#include <QCloseEvent>
 #include <QPointer>
 #include <QVBoxLayout>
 #include <utility>
@@ -87,9 +86,11 @@ void StopForm::Form_Unload() {
     m_parts.panel.Unload();
 }
 
-void StopForm::closeEvent(QCloseEvent* event) {
-    Form_Unload();
-    QDialog::closeEvent(event);
+void StopForm::done(int result) {
+    if (isVisible()) {
+        Form_Unload();
+    }
+    QDialog::done(result);
 }
 
 void StopForm::Command1_Click() {

@@ -37,8 +37,8 @@ public:
     /// Shows the window, or brings it forward where it is open.
     void Open();
 
-protected:
-    void closeEvent(QCloseEvent* event) override;
+    /// Whichever way the window is closed.
+    void done(int result) override;
 
 private:
     void LayOut();

@@ -2,7 +2,6 @@
 #include "timing/timer_notice.h"
 
 #include <QApplication>
-#include <QCloseEvent>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
@@ -65,9 +64,11 @@ void Form8::Form_Unload() {
     m_parts.handlers.Run([this] { m_parts.sendCommand(u"close Timer"_s); });
 }
 
-void Form8::closeEvent(QCloseEvent* event) {
-    Form_Unload();
-    QDialog::closeEvent(event);
+void Form8::done(int result) {
+    if (isVisible()) {
+        Form_Unload();
+    }
+    QDialog::done(result);
 }
 
 }  // namespace tickwell

@@ -27,8 +27,8 @@ public:
     /// Shows the notice and starts its sound. While it is open this does nothing.
     void Open();
 
-protected:
-    void closeEvent(QCloseEvent* event) override;
+    /// Whichever way the window is closed.
+    void done(int result) override;
 
 private:
     void LayOut();

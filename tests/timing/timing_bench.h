@@ -1,0 +1,68 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QPushButton>
+#include <QWidget>
+
+#include "platform/virtual_time.h"
+#include "support/fake_help_viewer.h"
+#include "support/fake_message_boxes.h"
+#include "support/fake_printer.h"
+#include "timing/journal.h"
+#include "timing/timing_tools.h"
+
+namespace tickwell {
+
+/// A main window with stopwatch and countdown, and everything around them in a test's hands.
+struct TimingBench : public DisplayFunctions {
+    VirtualTime time{QDateTime(QDate(1998, 11, 15), QTime(21, 5, 7)), 307'000};
+    FakeMessageBoxes boxes;
+    Handlers handlers{boxes};
+    FakePrinter printer;
+    FakeHelpViewer help;
+    Journal journal;
+    JournalLine upper{journal, QStringLiteral("upper")};
+    JournalLine lower{journal, QStringLiteral("lower")};
+    StopwatchState stopwatch;
+    CountdownState countdown;
+    QStringList commands;
+    std::function<void()> enterFolder = [this] { commands.append(QStringLiteral("folder")); };
+    int placed = 0;
+    qint32 function = kFunctionStopwatch;
+    QWidget main;
+    TimingTools tools{
+        {stopwatch, countdown, time, time, handlers, boxes, printer, help, [this] { enterFolder(); },
+         [this](const QString& command) { commands.append(command); }, [this](QWidget&) { ++placed; },
+         QStringLiteral("2.0.0")},
+        {{upper, lower}, *this, &main}};
+
+    TimingBench() { main.show(); }
+
+    void ChangeFunction(qint32 number) override {
+        function = number;
+        tools.Timer1().Stop();
+        tools.Rest().Hide();
+        if (number == kFunctionStopwatch) {
+            tools.Reading().Show();
+            tools.Timer1().Start();
+        } else if (number == kFunctionTimer) {
+            tools.Rest().Show();
+        }
+    }
+    qint32 GetFuncNumber() const override { return function; }
+
+    template <typename Window>
+    Window& The() const {
+        return *main.findChild<Window*>();
+    }
+    template <typename Window, typename Control>
+    Control& The(const char* name) const {
+        return *The<Window>().template findChild<Control*>(QString::fromLatin1(name));
+    }
+    template <typename Window>
+    void Press(const char* button) const {
+        The<Window, QPushButton>(button).click();
+    }
+};
+
+}  // namespace tickwell

@@ -1,0 +1,256 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include <QTest>
+
+#include "display/line_look.h"
+#include "timing/timing_bench.h"
+
+using namespace tickwell;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+struct Bench : public TimingBench {
+    Bench() { tools.ShowStopForm(); }
+
+    StopForm& Form() const { return The<StopForm>(); }
+    QPlainTextEdit& List() const { return The<StopForm, QPlainTextEdit>("Text1"); }
+    QString Captions() const {
+        return The<StopForm, QPushButton>("Command1").text() + u'/' +
+               The<StopForm, QPushButton>("Command2").text();
+    }
+    /// 1 to 4 press the buttons, a dot lets 1000 ms pass.
+    void Play(QStringView script) {
+        for (const QChar step : script) {
+            if (step == u'.') {
+                time.Advance(1000);
+            } else {
+                Press<StopForm>(QByteArray("Command").append(static_cast<char>(step.unicode())).constData());
+            }
+        }
+    }
+};
+
+}  // namespace
+
+/// The stopwatch's window.
+class TstStopwatchWindow : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void ItOpensReset();
+    void TheButtonsChangeWithTheState();
+    void TheListIsShown();
+    void TheLowerLineRunsWithTheTicks();
+    void ClosingAndOpeningWhileItRuns();
+    void TheListKeepsItsLineBreaksThroughClosingAndOpeningAndIntoPrint();
+    void OpeningAnOpenWindowLeavesItsList();
+    void PrintingAsksFirst();
+    void CancelPrintsNothing();
+    void AnEmptyListIsPrinted();
+    void WithoutAPrinterNothingIsLost();
+    void TheQuestionMayBeAnsweredAfterTheWindowClosed();
+    void HelpOpensItsTopic();
+    void AFailingButtonIsReported();
+    void AMissingFolderIsToldAndTheWindowStillOpens();
+    void TheKeyboardDoesItAll();
+    void EachControlHasItsName();
+};
+
+void TstStopwatchWindow::initTestCase() {
+    InstallFontSubstitutes();
+}
+
+void TstStopwatchWindow::ItOpensReset() {
+    Bench bench;
+    QVERIFY(bench.Form().isVisible());
+    QCOMPARE(bench.Form().windowTitle(), u"ストップウォッチ"_s);
+    QCOMPARE(bench.Captions(), u"スタート/リセット"_s);
+    QCOMPARE(bench.List().toPlainText(), QString());
+    QVERIFY(bench.List().isReadOnly());
+    QCOMPARE(bench.commands, QStringList{u"folder"_s});
+    QCOMPARE(bench.placed, 1);
+}
+
+void TstStopwatchWindow::TheButtonsChangeWithTheState() {
+    Bench bench;
+    bench.Play(u"1");
+    QCOMPARE(bench.Captions(), u"ストップ/ラップ"_s);
+    bench.Play(u"1");
+    QCOMPARE(bench.Captions(), u"スタート/リセット"_s);
+}
+
+void TstStopwatchWindow::TheListIsShown() {
+    Bench bench;
+    bench.Play(u"1.2.2.1");
+    QCOMPARE(bench.List().toPlainText(),
+             u"Lapse1  0:00'01\"000\nLapse2  0:00'02\"000\n【Stop】 0:00'03\"000"_s);
+    bench.Play(u"2");
+    QCOMPARE(bench.List().toPlainText(), QString());
+}
+
+void TstStopwatchWindow::TheLowerLineRunsWithTheTicks() {
+    Bench bench;
+    bench.Play(u"1");
+    bench.time.Advance(3);
+    QCOMPARE(bench.journal, (Journal{u"lower set 0:00'00\"001"_s, u"lower set 0:00'00\"002"_s,
+                                     u"lower set 0:00'00\"003"_s}));
+}
+
+void TstStopwatchWindow::ClosingAndOpeningWhileItRuns() {
+    Bench bench;
+    bench.Play(u"1.2");
+    QVERIFY(bench.Form().close());
+    bench.time.Advance(1000);
+    QCOMPARE(bench.lower.Text(), u"0:00'02\"000"_s);
+    bench.tools.ShowStopForm();
+    QCOMPARE(bench.Captions(), u"ストップ/ラップ"_s);
+    QCOMPARE(bench.List().toPlainText(), u"Lapse1  0:00'01\"000"_s);
+}
+
+void TstStopwatchWindow::TheListKeepsItsLineBreaksThroughClosingAndOpeningAndIntoPrint() {
+    Bench bench;
+    bench.Play(u"1.1");
+    QTest::keyClick(&bench.Form(), Qt::Key_Escape);
+    QVERIFY(!bench.Form().isVisible());
+    QCOMPARE(bench.stopwatch.StopwatchLapText, u"\r\n【Stop】 0:00'01\"000"_s);
+    bench.tools.ShowStopForm();
+    bench.Play(u"1.1");
+    QVERIFY(bench.Form().close());
+    QCOMPARE(bench.stopwatch.StopwatchLapText, u"\r\n【Stop】 0:00'01\"000\r\n【Stop】 0:00'02\"000"_s);
+    bench.tools.ShowStopForm();
+    bench.Play(u"3");
+    bench.boxes.Answer(true);
+    // Read back from paper, empty lines are uncertain and two blanks are one.
+    QCOMPARE(
+        bench.printer.Text().split(u'\n', Qt::SkipEmptyParts),
+        (QStringList{u"Tickwell Ver.2 ストップウォッチ機能"_s, u"<<基本情報>>"_s, u"バージョン：2.0.0"_s,
+                     u"印刷日：1998年11月15日 日曜日"_s, u"印刷時刻：21:05:09"_s, u"<<ラップ/経歴一覧表>>"_s,
+                     u"【Stop】 0:00'01\"000"_s, u"【Stop】 0:00'02\"000"_s, u"<<終>>"_s, u"\f"_s}));
+}
+
+void TstStopwatchWindow::OpeningAnOpenWindowLeavesItsList() {
+    Bench bench;
+    bench.Play(u"1.2");
+    bench.tools.ShowStopForm();
+    QCOMPARE(bench.List().toPlainText(), u"Lapse1  0:00'01\"000"_s);
+    QCOMPARE(bench.placed, 1);
+}
+
+void TstStopwatchWindow::PrintingAsksFirst() {
+    Bench bench;
+    bench.Play(u"1.23");
+    QCOMPARE(bench.boxes.Asked(),
+             (QList<Message>{{MessageIcon::Question, u"印刷"_s,
+                              u"ラップ情報などを印刷します。\r\n準備はよろしいですか？"_s}}));
+    QVERIFY(bench.printer.titles.isEmpty());
+    QVERIFY(!(bench.The<StopForm, QPushButton>("Command3")).isEnabled());  // one question at a time
+    bench.boxes.Answer(true);
+    QCOMPARE(bench.printer.titles, QStringList{u"ストップウォッチ"_s});
+    QCOMPARE(bench.printer.pages, 1);
+    QVERIFY(bench.printer.Text().contains(u"Lapse1 0:00'01\"000"_s));
+    QVERIFY((bench.The<StopForm, QPushButton>("Command3")).isEnabled());
+}
+
+void TstStopwatchWindow::CancelPrintsNothing() {
+    Bench bench;
+    bench.Play(u"3");
+    bench.boxes.Answer(false);
+    QVERIFY(bench.printer.titles.isEmpty());
+    QVERIFY((bench.The<StopForm, QPushButton>("Command3")).isEnabled());
+}
+
+void TstStopwatchWindow::AnEmptyListIsPrinted() {
+    Bench bench;
+    bench.Play(u"3");
+    bench.boxes.Answer(true);
+    QCOMPARE(bench.printer.Text().split(u'\n', Qt::SkipEmptyParts).mid(5),
+             (QStringList{u"<<ラップ/経歴一覧表>>"_s, u"<<終>>"_s, u"\f"_s}));
+}
+
+void TstStopwatchWindow::WithoutAPrinterNothingIsLost() {
+    Bench bench;
+    bench.printer.missing = true;
+    bench.Play(u"1.23");
+    bench.boxes.Answer(true);
+    QCOMPARE(bench.boxes.Shown().size(), 1);
+    QCOMPARE(bench.boxes.Shown().first().title, u"Tickwell"_s);
+    QCOMPARE(bench.boxes.Shown().first().icon, MessageIcon::Critical);
+    bench.boxes.Close();
+    QCOMPARE(bench.List().toPlainText(), u"Lapse1  0:00'01\"000"_s);
+    QVERIFY(bench.stopwatch.StopwatchRunning);
+    bench.printer.missing = false;
+    bench.Play(u"3");
+    bench.boxes.Answer(true);
+    QCOMPARE(bench.printer.titles.size(), 1);
+}
+
+void TstStopwatchWindow::TheQuestionMayBeAnsweredAfterTheWindowClosed() {
+    Bench bench;
+    bench.Play(u"1.23");
+    QVERIFY(bench.Form().close());
+    bench.boxes.Answer(true);
+    QVERIFY(bench.printer.Text().contains(u"Lapse1 0:00'01\"000"_s));
+    bench.tools.ShowStopForm();
+    bench.Play(u"3");
+    delete &bench.Form();
+    bench.boxes.Answer(true);
+    QCOMPARE(bench.printer.titles.size(), 1);
+}
+
+void TstStopwatchWindow::HelpOpensItsTopic() {
+    Bench bench;
+    bench.Play(u"4");
+    QCOMPARE(bench.help.topics, QList<int>{31});
+}
+
+void TstStopwatchWindow::AFailingButtonIsReported() {
+    Bench bench;
+    bench.stopwatch.StopwatchElapsed = 2'147'483'647;
+    bench.Play(u"1");
+    bench.time.Advance(1);  // the tick overflows, and rests
+    QCOMPARE(bench.boxes.Shown().size(), 1);
+    QVERIFY(!bench.tools.Timer1().IsRunning());
+    bench.boxes.Close();
+    bench.Play(u"1");
+    QCOMPARE(bench.boxes.Shown().size(), 2);
+    QCOMPARE(bench.Captions(), u"ストップ/ラップ"_s);
+}
+
+void TstStopwatchWindow::AMissingFolderIsToldAndTheWindowStillOpens() {
+    TimingBench bench;
+    bench.enterFolder = [] { throw RunTimeError(u"/nowhere"_s); };
+    bench.tools.ShowStopForm();
+    QCOMPARE(bench.boxes.Shown().size(), 1);
+    QVERIFY(bench.The<StopForm>().isVisible());
+}
+
+void TstStopwatchWindow::TheKeyboardDoesItAll() {
+    Bench bench;
+    StopForm& form = bench.Form();
+    QTest::keyClick(&form, Qt::Key_Return);
+    QVERIFY(bench.stopwatch.StopwatchRunning);
+    QStringList order;
+    QWidget* at = &bench.The<StopForm, QPushButton>("Command1");
+    for (int control = 0; control < 5; ++control) {
+        order.append(at->objectName());
+        at = at->nextInFocusChain();
+        while ((at->focusPolicy() & Qt::TabFocus) == 0 || at->isWindow()) {
+            at = at->nextInFocusChain();
+        }
+    }
+    QCOMPARE(order, (QStringList{u"Command1"_s, u"Command2"_s, u"Text1"_s, u"Command3"_s, u"Command4"_s}));
+    QVERIFY(bench.List().tabChangesFocus());
+}
+
+void TstStopwatchWindow::EachControlHasItsName() {
+    Bench bench;
+    QCOMPARE(bench.Form().objectName(), u"StopForm"_s);
+    QCOMPARE(bench.The<StopForm>().findChildren<QPushButton*>().size(), 4);
+    QCOMPARE((bench.The<StopForm, QPushButton>("Command3").text()), u"印刷"_s);
+    QCOMPARE((bench.The<StopForm, QPushButton>("Command4").text()), u"ヘルプ"_s);
+    QVERIFY(!bench.List().accessibleName().isEmpty());
+}
+
+QTEST_MAIN(TstStopwatchWindow)
+#include "tst_stopwatch_window.moc"
