@@ -23,46 +23,51 @@ TimingTools::TimingTools(const TimingParts& parts, const TimingView& view)
       m_timerPanel(m_countdown, view.lines, *m_TimerTimer) {}
 
 void TimingTools::ShowStopForm() {
-    if (m_stopForm == nullptr) {
-        m_stopForm = new StopForm({m_stopwatchPanel, m_parts.clock, m_parts.handlers, m_parts.boxes,
-                                   m_parts.printer, m_parts.help, m_parts.enterFolder, m_parts.version},
-                                  m_view.window);
+    if (!m_stopForm) {
+        m_stopForm = std::make_unique<StopForm>(
+            StopwatchWindowParts{m_stopwatchPanel, m_parts.clock, m_parts.handlers, m_parts.boxes,
+                                 m_parts.printer, m_parts.help, m_parts.enterFolder, m_parts.version},
+            nullptr);
     }
-    OpenPlaced(*m_stopForm, [this] { m_stopForm->Open(); });
+    PlaceIfClosed(*m_stopForm);
+    m_stopForm->Open();
 }
 
 void TimingTools::ShowTimerForm() {
-    if (m_timerForm == nullptr) {
-        m_timerForm = new TimerForm({m_timerPanel, m_parts.handlers, m_parts.help}, m_view.window);
+    if (!m_timerForm) {
+        m_timerForm = std::make_unique<TimerForm>(
+            TimerWindowParts{m_timerPanel, m_parts.handlers, m_parts.help}, nullptr);
     }
-    OpenPlaced(*m_timerForm, [this] { m_timerForm->Open(); });
+    PlaceIfClosed(*m_timerForm);
+    m_timerForm->Open();
 }
 
 void TimingTools::RefreshTimerForm() {
-    if (m_timerForm != nullptr && m_timerForm->isVisible()) {
+    if (m_timerForm && m_timerForm->isVisible()) {
         m_timerForm->RefreshForm();
     }
 }
 
 void TimingTools::ShowNotice() {
-    if (m_form8 == nullptr) {
-        m_form8 = new Form8({m_parts.handlers, m_parts.enterFolder, m_parts.sendCommand}, m_view.window);
+    if (!m_form8) {
+        m_form8 = std::make_unique<Form8>(
+            TimerNoticeParts{m_parts.handlers, m_parts.enterFolder, m_parts.sendCommand}, nullptr);
     }
-    OpenPlaced(*m_form8, [this] { m_form8->Open(); });
+    PlaceIfClosed(*m_form8);
+    m_form8->Open();
 }
 
-/// Only a window that was closed is placed: an open one stays where the user put it.
-void TimingTools::OpenPlaced(QWidget& window, const std::function<void()>& open) {
+/// An open window stays where the user put it.
+void TimingTools::PlaceIfClosed(QWidget& window) const {
     if (!window.isVisible()) {
         m_parts.place(window);
     }
-    open();
 }
 
 void TimingTools::CloseWindows() {
-    for (QWidget* window : {static_cast<QWidget*>(m_stopForm), static_cast<QWidget*>(m_timerForm),
-                            static_cast<QWidget*>(m_form8)}) {
-        if (window != nullptr && window->isVisible()) {
+    for (QWidget* window : {static_cast<QWidget*>(m_stopForm.get()), static_cast<QWidget*>(m_timerForm.get()),
+                            static_cast<QWidget*>(m_form8.get())}) {
+        if (window != nullptr) {
             window->close();
         }
     }

@@ -37,7 +37,6 @@ struct TimingParts {
 struct TimingView {
     TextLines lines;
     DisplayFunctions& functions;
-    QWidget* window;  ///< owns their windows
 };
 
 /// Stopwatch and countdown put together: rules, lines, the main window's two timers, and the windows, which
@@ -55,11 +54,11 @@ public:
     void RefreshTimerForm() override;
     void ShowNotice() override;
 
-    /// The main window closes, and with it those of the tools.
+    /// Closes the windows, the sound of the notice with them; the tools go on.
     void CloseWindows();
 
 private:
-    void OpenPlaced(QWidget& window, const std::function<void()>& open);
+    void PlaceIfClosed(QWidget& window) const;
 
     TimingParts m_parts;
     TimingView m_view;
@@ -71,9 +70,9 @@ private:
     std::unique_ptr<Timer> m_TimerTimer;
     StopwatchPanel m_stopwatchPanel;
     TimerPanel m_timerPanel;
-    StopForm* m_stopForm = nullptr;  // owned by the main window
-    TimerForm* m_timerForm = nullptr;
-    Form8* m_form8 = nullptr;
+    std::unique_ptr<StopForm> m_stopForm;  // null until they are first asked for
+    std::unique_ptr<TimerForm> m_timerForm;
+    std::unique_ptr<Form8> m_form8;
 };
 
 }  // namespace tickwell

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <QApplication>
 #include <QPushButton>
-#include <QWidget>
 
 #include "platform/virtual_time.h"
 #include "support/fake_help_viewer.h"
@@ -13,7 +13,7 @@
 
 namespace tickwell {
 
-/// A main window with stopwatch and countdown, and everything around them in a test's hands.
+/// What the main window is to stopwatch and countdown, and everything around them, in a test's hands.
 struct TimingBench : public DisplayFunctions {
     VirtualTime time{QDateTime(QDate(1998, 11, 15), QTime(21, 5, 7)), 307'000};
     FakeMessageBoxes boxes;
@@ -29,14 +29,11 @@ struct TimingBench : public DisplayFunctions {
     std::function<void()> enterFolder = [this] { commands.append(QStringLiteral("folder")); };
     int placed = 0;
     qint32 function = kFunctionStopwatch;
-    QWidget main;
     TimingTools tools{
         {stopwatch, countdown, time, time, handlers, boxes, printer, help, [this] { enterFolder(); },
          [this](const QString& command) { commands.append(command); }, [this](QWidget&) { ++placed; },
          QStringLiteral("2.0.0")},
-        {{upper, lower}, *this, &main}};
-
-    TimingBench() { main.show(); }
+        {{upper, lower}, *this}};
 
     void ChangeFunction(qint32 number) override {
         function = number;
@@ -51,9 +48,19 @@ struct TimingBench : public DisplayFunctions {
     }
     qint32 GetFuncNumber() const override { return function; }
 
+    /// A window of this class that was opened once; null where none was.
+    template <typename Window>
+    static Window* Find() {
+        for (QWidget* widget : QApplication::topLevelWidgets()) {
+            if (auto* window = qobject_cast<Window*>(widget)) {
+                return window;
+            }
+        }
+        return nullptr;
+    }
     template <typename Window>
     Window& The() const {
-        return *main.findChild<Window*>();
+        return *Find<Window>();
     }
     template <typename Window, typename Control>
     Control& The(const char* name) const {

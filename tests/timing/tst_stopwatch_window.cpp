@@ -50,6 +50,7 @@ private Q_SLOTS:
     void AnEmptyListIsPrinted();
     void WithoutAPrinterNothingIsLost();
     void TheQuestionMayBeAnsweredAfterTheWindowClosed();
+    void TheQuestionMayOutliveTheWindow();
     void HelpOpensItsTopic();
     void AFailingButtonIsReported();
     void AMissingFolderIsToldAndTheWindowStillOpens();
@@ -191,11 +192,23 @@ void TstStopwatchWindow::TheQuestionMayBeAnsweredAfterTheWindowClosed() {
     QVERIFY(bench.Form().close());
     bench.boxes.Answer(true);
     QVERIFY(bench.printer.Text().contains(u"Lapse1 0:00'01\"000"_s));
-    bench.tools.ShowStopForm();
-    bench.Play(u"3");
-    delete &bench.Form();
-    bench.boxes.Answer(true);
-    QCOMPARE(bench.printer.titles.size(), 1);
+}
+
+void TstStopwatchWindow::TheQuestionMayOutliveTheWindow() {
+    FakeMessageBoxes boxes;
+    Handlers handlers(boxes);
+    FakePrinter printer;
+    TimingBench bench;
+    Stopwatch stopwatch(bench.stopwatch, bench.time);
+    StopwatchPanel panel(stopwatch, {bench.upper, bench.lower}, bench, bench.tools.Timer1());
+    auto form = std::make_unique<StopForm>(
+        StopwatchWindowParts{panel, bench.time, handlers, boxes, printer, bench.help, [] {}, u"2.0.0"_s},
+        nullptr);
+    form->Open();
+    form->findChild<QPushButton*>(u"Command3"_s)->click();
+    form.reset();
+    boxes.Answer(true);
+    QVERIFY(printer.titles.isEmpty());
 }
 
 void TstStopwatchWindow::HelpOpensItsTopic() {

@@ -24,7 +24,6 @@ private Q_SLOTS:
     void OneAtATimeAndTheCyclesGoOn();
     void ItComesAgainAfterItWasClosed();
     void ItStaysWithoutItsSound();
-    void ItComesOverAHiddenMainWindow();
     void TheEndOfTheMainWindowClosesTheSound();
     void AClosedNoticeIsNotClosedAgain();
 };
@@ -85,7 +84,6 @@ void TstTimerNotice::OneAtATimeAndTheCyclesGoOn() {
     QCOMPARE(bench.countdown.CountdownStart, start + 10'000);
     QCOMPARE(bench.countdown.CountdownLoopCount, 10);
     QCOMPARE(bench.upper.Text(), u"ループ 10回目です"_s);
-    QCOMPARE(bench.main.findChildren<Form8*>().size(), 1);
     QCOMPARE(bench.commands, kOpened);
 }
 
@@ -105,13 +103,6 @@ void TstTimerNotice::ItStaysWithoutItsSound() {
     bench.tools.ShowNotice();
     QVERIFY(bench.The<Form8>().isVisible());
     QCOMPARE(bench.boxes.Shown().size(), 1);
-}
-
-void TstTimerNotice::ItComesOverAHiddenMainWindow() {
-    TimingBench bench;
-    bench.main.hide();
-    bench.tools.ShowNotice();
-    QVERIFY(bench.The<Form8>().isVisible());
 }
 
 void TstTimerNotice::TheEndOfTheMainWindowClosesTheSound() {
