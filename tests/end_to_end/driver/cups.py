@@ -1,0 +1,117 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
+"""A print service of a test's own, with one printer that keeps what it is sent.
+
+It listens on a socket in a folder of its own and on no address, and never speaks with the machine's print service.
+The printer is a raw queue: each document lies in the spool as the program made it.
+"""
+
+import os
+import shutil
+import subprocess
+import tempfile
+from pathlib import Path
+
+from driver.waiting import PATIENCE, wait_for
+
+DAEMON = "/usr/sbin/cupsd"
+PRINTER = "TestPrinter"
+
+SERVICE = """\
+LogLevel warn
+Listen {folder}/socket
+DefaultAuthType None
+WebInterface No
+Browsing No
+DefaultPaperSize A4
+PreserveJobFiles Yes
+PreserveJobHistory Yes
+<Location />
+  Order allow,deny
+  Allow all
+</Location>
+<Policy default>
+  JobPrivateAccess all
+  JobPrivateValues none
+  <Limit All>
+    Order allow,deny
+    Allow all
+  </Limit>
+</Policy>
+"""
+
+PLACES = """\
+ServerRoot {folder}/etc
+CacheDir {folder}/cache
+StateDir {folder}/state
+RequestRoot {folder}/spool
+TempDir {folder}/spool
+AccessLog {folder}/log/access
+ErrorLog {folder}/log/error
+PageLog {folder}/log/pages
+FileDevice Yes
+"""
+
+# As root it gives its rights up for jobs, as any print service does.
+RIGHTS = """\
+SystemGroup root
+User lp
+Group lp
+"""
+
+
+class Cups:
+    """Runs in a session from its construction until the session ends. `close` removes its files."""
+
+    def __init__(self, session):
+        # Not in the session's folder, which is closed to the user that the service runs its jobs as.
+        self._folder = Path(tempfile.mkdtemp(prefix="tickwell-cups-"))
+        self._folder.chmod(0o755)
+        for name in ("etc/ppd", "cache", "state", "spool", "log"):
+            (self._folder / name).mkdir(parents=True)
+            (self._folder / name).chmod(0o777)
+        self.environment = {"CUPS_SERVER": str(self._folder / "socket")}  # for the programs that shall print
+        self._client_environment = session.environment | self.environment
+        service, places = self._folder / "cupsd.conf", self._folder / "cups-files.conf"
+        service.write_text(SERVICE.format(folder=self._folder), encoding="utf-8")
+        rights = RIGHTS if os.geteuid() == 0 else ""
+        places.write_text(PLACES.format(folder=self._folder) + rights, encoding="utf-8")
+        self._daemon = session.spawn([DAEMON, "-f", "-c", service, "-s", places])
+        wait_for(self._answers, "the print service")
+        self._run("lpadmin", "-p", PRINTER, "-E", "-v", "file:///dev/null", "-m", "raw")
+        self._run("lpadmin", "-d", PRINTER)
+
+    def close(self):
+        """Ends the service and removes its files."""
+        self._daemon.stop()
+        shutil.rmtree(self._folder)
+
+    def documents(self):
+        """The documents that have come so far, the oldest first."""
+        return sorted((self._folder / "spool").glob("d*-001"))
+
+    def wait_documents(self, count, timeout=PATIENCE):
+        """The documents, once there are so many and all of them are through."""
+        def through():
+            return len(self.documents()) >= count and not self._run("lpstat", "-o").strip()
+        wait_for(through, f"{count} printed documents", timeout)
+        return self.documents()
+
+    def text(self, document):
+        """What can be read on a document; pages end with a form feed, and two blanks may have become one."""
+        return self._run("pdftotext", "-layout", document, "-")
+
+    def fonts(self, document):
+        """[(name, whether it is embedded)] of the document's fonts."""
+        rows = self._run("pdffonts", document).splitlines()[2:]
+        return [(row.split()[0], row.split()[-5] == "yes") for row in rows]
+
+    def _answers(self):
+        self._daemon.check_running()
+        return "is running" in self._run("lpstat", "-r", check=False)
+
+    def _run(self, *command, check=True):
+        done = subprocess.run([str(word) for word in command], env=self._client_environment, capture_output=True,
+                              text=True, timeout=PATIENCE, check=False)
+        if check and done.returncode:
+            raise RuntimeError(f"{command}: {done.returncode} {done.stderr}\n{self._daemon.output()}")
+        return done.stdout
