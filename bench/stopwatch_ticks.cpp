@@ -1,0 +1,82 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// How often the running stopwatch ticks and how often its line is painted, over some seconds of real time,
+// and what a tick costs. The line stands on whatever desktop there is. Prints a table; nothing fails by the
+// clock.
+
+#include <QApplication>
+#include <QScreen>
+#include <QTimer>
+#include <cstdio>
+#include <ctime>
+
+#include "display/line_look.h"
+#include "display/moving_word.h"
+#include "platform/qt_timers.h"
+#include "platform/system_clock.h"
+#include "timing/stopwatch_lines.h"
+
+namespace {
+
+using namespace tickwell;
+using namespace Qt::StringLiterals;
+
+constexpr QSize kLine(167, 20);
+constexpr int kSeconds = 10;
+
+/// A line that counts how often it is painted.
+class CountedWord : public MovingWord {
+public:
+    using MovingWord::MovingWord;
+    int paints = 0;
+
+protected:
+    void paintEvent(QPaintEvent* event) override {
+        ++paints;
+        MovingWord::paintEvent(event);
+    }
+};
+
+/// Milliseconds of processor that this program has used.
+double ProcessorTime() {
+    timespec time{};
+    clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &time);
+    return static_cast<double>(time.tv_sec) * 1000.0 + static_cast<double>(time.tv_nsec) / 1e6;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    const QApplication application(argc, argv);
+    InstallFontSubstitutes();
+    const SystemClock clock;
+    QtTimers timers;
+    FramePacer pacer(clock, timers);
+    CountedWord upper({clock, timers, pacer}, nullptr);
+    CountedWord lower({clock, timers, pacer}, nullptr);
+    lower.setFixedSize(kLine);
+    lower.setFont(FontOf({u"ＭＳ Ｐゴシック"_s, 10}));
+    lower.show();
+
+    StopwatchState state;
+    Stopwatch stopwatch(state, clock);
+    StopwatchLines lines(stopwatch, {upper, lower});
+    int ticks = 0;
+    const auto timer = timers.Create(1, [&] {
+        ++ticks;
+        lines.Tick();
+    });
+    stopwatch.Start();
+    timer->Start();
+    const double before = ProcessorTime();
+    QTimer::singleShot(kSeconds * 1000, &application, [] { QCoreApplication::quit(); });
+    QCoreApplication::exec();
+    const double used = ProcessorTime() - before;
+
+    const double seconds = stopwatch.Reading() / 1000.0;
+    std::printf("ticks          %8.1f a second\n", ticks / seconds);
+    std::printf("paints         %8.1f a second   (the screen: %.1f)\n", lower.paints / seconds,
+                application.primaryScreen()->refreshRate());
+    std::printf("CPU time       %8.1f ms a minute, %.1f us a tick\n", used / seconds * 60,
+                used * 1000 / ticks);
+    return 0;
+}
