@@ -64,9 +64,10 @@ void Program::Start() {
     };
     m_windows = std::make_unique<Windows>(
         WindowsParts{m_started.dayDatabase, clock, timers, m_handlers, m_boxes, m_starter});
-    m_form = std::make_unique<Form1>(MainWindowParts{
-        m_started.settings, *m_started.store, m_started.dayDatabase, clock, timers, m_power, m_memory, m_tray,
-        m_stack, m_starter, QDir::currentPath(), m_handlers, m_windows->Openers(), closed});
+    m_form = std::make_unique<Form1>(
+        MainWindowParts{m_started.settings, *m_started.store, m_started.dayDatabase, clock, timers, m_power,
+                        m_memory, m_tray, m_stack, m_starter, QDir::currentPath(), m_handlers,
+                        m_windows->Openers(), Timing(clock, timers), closed});
     m_windows->SetMainWindow(*m_form);
     m_form->Form_Load();
     connect(m_instance.get(), &SingleInstance::Called, this, &Program::ComeForward);
@@ -77,6 +78,20 @@ void Program::Start() {
     if (m_started.imported) {
         m_boxes.Show({MessageIcon::Information, u"Tickwell"_s, JetImportText(*m_started.imported)}, [] {});
     }
+}
+
+TimingParts Program::Timing(const Clock& clock, TimerSource& timers) {
+    const QString folder = QDir::currentPath();
+    const auto enterFolder = [folder] {
+        if (!QDir::setCurrent(folder)) {
+            throw RunTimeError(folder);
+        }
+    };
+    const auto sendCommand = [](const QString&) {};  // silent: nothing takes multimedia commands yet
+    const auto place = [this](QWidget& window) { m_windows->Place(window); };
+    return {m_stopwatch, m_countdown, clock,     timers,
+            m_handlers,  m_boxes,     m_printer, m_windows->Help(),
+            enterFolder, sendCommand, place,     QStringLiteral(TICKWELL_VERSION)};
 }
 
 void Program::ComeForward(bool withMenu) {

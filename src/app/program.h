@@ -15,6 +15,7 @@
 #include "platform/power_supplies.h"
 #include "platform/proc_memory.h"
 #include "platform/qt_message_boxes.h"
+#include "platform/qt_printer.h"
 #include "platform/qt_timers.h"
 #include "platform/qt_tray.h"
 #include "platform/system_clock.h"
@@ -37,6 +38,7 @@ public:
 
 private:
     void Start();
+    TimingParts Timing(const Clock& clock, TimerSource& timers);
     void ComeForward(bool withMenu);
     void Fail(const QString& reason);
     void SaveForSessionEnd();
@@ -52,6 +54,9 @@ private:
     QtTray m_tray{ProgramIcon()};
     X11Stack m_stack;
     DesktopPrograms m_starter;
+    QtPrinter m_printer;
+    StopwatchState m_stopwatch;
+    CountdownState m_countdown;
     std::unique_ptr<VirtualTime> m_virtualTime;
     std::unique_ptr<VirtualTimePipe> m_virtualTimePipe;
     std::unique_ptr<SingleInstance> m_instance;

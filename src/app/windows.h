@@ -35,13 +35,17 @@ public:
     /// object's end.
     OtherWindows Openers();
 
+    HelpViewer& Help() { return m_help; }
+
+    /// Puts a window that is about to be shown near the main one.
+    void Place(QWidget& window);
+
     /// The window beside which the others open; it outlives them.
     void SetMainWindow(Form1& mainWindow) { m_mainWindow = &mainWindow; }
 
 private:
     template <typename Window, typename Make>
     void Open(QPointer<Window>& window, Make make);
-    void Place(QWidget& window);
     BookWindows Book();
 
     WindowsParts m_parts;

@@ -18,8 +18,8 @@ struct FunctionRow {
 inline constexpr std::array kFunctionRows{
     FunctionRow{u"", false, true},
     FunctionRow{u"Windows使用時間", false, true},
-    FunctionRow{u"ストップウォッチ", true, false},
-    FunctionRow{u"タイマー", true, false},
+    FunctionRow{u"ストップウォッチ", true, true},
+    FunctionRow{u"タイマー", true, true},
     FunctionRow{u"バッテリー残量", false, true},
     FunctionRow{u"メモリー使用率", true, true},
     FunctionRow{u"", true, false},

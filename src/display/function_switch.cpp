@@ -15,10 +15,11 @@ FunctionSwitch::FunctionSwitch(AppSettings& settings, TextLines lines, FunctionM
 
 void FunctionSwitch::ChangeFunction(qint32 number) {
     m_settings.function = number;  // first: also a number that names no function is kept
-    for (Timer* timer : {&m_timers.Dz_Timer1, &m_timers.Dz_Timer2, &m_timers.Win_Timer, &m_timers.BatTimer,
-                         &m_timers.MemoryTimer}) {
+    for (Timer* timer : {&m_timers.Dz_Timer1, &m_timers.Dz_Timer2, &m_timers.Win_Timer, &m_timers.Timer1,
+                         &m_timers.BatTimer, &m_timers.MemoryTimer}) {
         timer->Stop();
     }
+    m_functionLines.countdown.Hide();
     const FunctionRow* row = FunctionRowOf(number);
     m_marks.CheckFunction(number);
     m_marks.EnableOperation(row == nullptr || row->hasOperationItem);
@@ -41,6 +42,13 @@ void FunctionSwitch::ShowFirstTexts(qint32 number) {
         case kFunctionUsage:
             m_functionLines.usage.Show();
             m_timers.Win_Timer.Start();
+            break;
+        case kFunctionStopwatch:
+            m_functionLines.stopwatch.Show();
+            m_timers.Timer1.Start();
+            break;
+        case kFunctionTimer:
+            m_functionLines.countdown.Show();
             break;
         case kFunctionBattery:
             m_functionLines.battery.Refresh();  // at once: the next reading is ten seconds away

@@ -9,6 +9,8 @@
 #include "display/function_marks.h"
 #include "display/memory_lines.h"
 #include "display/usage_lines.h"
+#include "timing/countdown_lines.h"
+#include "timing/stopwatch_lines.h"
 
 namespace tickwell {
 
@@ -18,6 +20,8 @@ struct FunctionLines {
     UsageLines& usage;
     BatteryLines& battery;
     MemoryLines& memory;
+    StopwatchLines& stopwatch;
+    CountdownLines& countdown;
 };
 
 /// The timers that refresh the lines, one function each; owned by the main window.
@@ -25,6 +29,7 @@ struct FunctionTimers {
     Timer& Dz_Timer1;    ///< clock: the time
     Timer& Dz_Timer2;    ///< clock: the upper line
     Timer& Win_Timer;    ///< Windows usage time
+    Timer& Timer1;       ///< stopwatch
     Timer& BatTimer;     ///< battery
     Timer& MemoryTimer;  ///< memory
 };

@@ -56,9 +56,11 @@ Form1::Form1(const MainWindowParts& parts)
       m_BatTimer(parts.handlers.MakeTimer(parts.timers, kBatteryTick, [this] { m_batteryLines.Refresh(); })),
       m_MemoryTimer(parts.handlers.MakeTimer(parts.timers, kMemoryTick, [this] { m_memoryLines.Tick(); })),
       m_KeepTop(parts.handlers.MakeTimer(parts.timers, kKeepTopTick, [this] { KeepTop_Timer(); })),
-      m_switch(parts.settings, {*m_MovingWord1, *m_MovingWord2}, *m_menu,
-               {*m_Dz_Timer1, *m_Dz_Timer2, *m_Win_Timer, *m_BatTimer, *m_MemoryTimer},
-               {m_clockLines, m_usageLines, m_batteryLines, m_memoryLines}),
+      m_timing(parts.timing, {{*m_MovingWord1, *m_MovingWord2}, *this}),
+      m_switch(
+          parts.settings, {*m_MovingWord1, *m_MovingWord2}, *m_menu,
+          {*m_Dz_Timer1, *m_Dz_Timer2, *m_Win_Timer, m_timing.Timer1(), *m_BatTimer, *m_MemoryTimer},
+          {m_clockLines, m_usageLines, m_batteryLines, m_memoryLines, m_timing.Reading(), m_timing.Rest()}),
       m_gesture(QGuiApplication::styleHints()->startDragDistance()),
       m_tools(parts.folder, parts.starter),
       m_storage(parts.tray, *m_trayMenu, parts.handlers, parts.timers,
@@ -164,9 +166,19 @@ void Form1::Menu_Click(MenuCommand command, qint32 number) {
             close();
             return;
         case MenuCommand::ShowOperation:
+            return ShowOperation();
         case MenuCommand::Separator:
         case MenuCommand::Tools:
             return;
+    }
+}
+
+/// The window of the function that is shown; some have none.
+void Form1::ShowOperation() {
+    if (GetFuncNumber() == kFunctionStopwatch) {
+        m_timing.ShowStopForm();
+    } else if (GetFuncNumber() == kFunctionTimer) {
+        m_timing.ShowTimerForm();
     }
 }
 

@@ -70,6 +70,7 @@ private:
     void KeepTop_Timer();
     void Menu_Click(MenuCommand command, qint32 number);
     void Menu_AboutToShow();
+    void ShowOperation();
     void ApplyStyles();
     void PopUpMenu(QPoint at);
     void OpenMenuByKey();
@@ -94,6 +95,7 @@ private:
     std::unique_ptr<Timer> m_BatTimer;
     std::unique_ptr<Timer> m_MemoryTimer;
     std::unique_ptr<Timer> m_KeepTop;
+    TimingTools m_timing;
     FunctionSwitch m_switch;
     GeometryKeeper m_geometry;
     PointerGesture m_gesture;

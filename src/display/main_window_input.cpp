@@ -76,6 +76,7 @@ void Form1::resizeEvent(QResizeEvent* event) {
 void Form1::closeEvent(QCloseEvent* event) {
     m_parts.handlers.Run([this] { SaveAll(); });
     m_storage.Remove();
+    m_timing.CloseWindows();
     event->accept();
     m_parts.closed();
 }

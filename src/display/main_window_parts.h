@@ -16,6 +16,7 @@
 #include "core/ports/window_stack.h"
 #include "core/settings.h"
 #include "days/day_database.h"
+#include "timing/timing_tools.h"
 
 namespace tickwell {
 
@@ -42,6 +43,7 @@ struct MainWindowParts {
     QString folder;  ///< the program's, absolute
     Handlers& handlers;
     OtherWindows windows;
+    TimingParts timing;
     std::function<void()>
         closed;  ///< called with the end of the window; settings and tray icon are done by then
 };

@@ -5,9 +5,11 @@
 #include "days/day_store.h"
 #include "display/main_window.h"
 #include "platform/virtual_time.h"
+#include "support/fake_help_viewer.h"
 #include "support/fake_memory.h"
 #include "support/fake_message_boxes.h"
 #include "support/fake_power.h"
+#include "support/fake_printer.h"
 #include "support/fake_program_starter.h"
 #include "support/fake_settings_store.h"
 #include "support/fake_tray.h"
@@ -31,6 +33,10 @@ struct MainWindowBench {
     FakeProgramStarter starter;
     QString folder;
     OtherWindows windows;
+    StopwatchState stopwatch;
+    CountdownState countdown;
+    FakePrinter printer;
+    FakeHelpViewer help;
     int closed = 0;
     std::unique_ptr<Form1> form;
 
@@ -38,9 +44,23 @@ struct MainWindowBench {
         LoadSettings(store, settings);
         form = std::make_unique<Form1>(MainWindowParts{settings, store, dayDatabase, time, time, power,
                                                        memory, tray, stack, starter, folder, handlers,
-                                                       windows, [this] { ++closed; }});
+                                                       windows, Timing(), [this] { ++closed; }});
         form->Form_Load();
         form->show();
+    }
+    TimingParts Timing() {
+        return {stopwatch,
+                countdown,
+                time,
+                time,
+                handlers,
+                boxes,
+                printer,
+                help,
+                [] {},
+                [](const QString&) {},
+                [](QWidget&) {},
+                QStringLiteral("2.0.0")};
     }
     MovingWord& Upper() const { return *form->findChild<MovingWord*>(QStringLiteral("MovingWord1")); }
     MovingWord& Lower() const { return *form->findChild<MovingWord*>(QStringLiteral("MovingWord2")); }

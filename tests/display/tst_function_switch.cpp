@@ -6,6 +6,7 @@
 #include "support/fake_memory.h"
 #include "support/fake_power.h"
 #include "support/fake_text_line.h"
+#include "timing/journal.h"
 
 using namespace tickwell;
 using namespace Qt::StringLiterals;
@@ -39,16 +40,27 @@ struct Bench {
     BatteryLines batteryLines{power, {upper, lower}};
     std::unique_ptr<Timer> batTimer = time.Create(10000, [] {});
     std::unique_ptr<Timer> memoryTimer = time.Create(2000, [] {});
-    FunctionSwitch functions{settings,
-                             {upper, lower},
-                             marks,
-                             {*dz1, *dz2, *win, *batTimer, *memoryTimer},
-                             {clockLines, usageLines, batteryLines, memoryLines}};
+    Journal journal;
+    JournalWindows windows{journal};
+    StopwatchState stopwatchState;
+    Stopwatch stopwatch{stopwatchState, time};
+    StopwatchLines stopwatchLines{stopwatch, {upper, lower}};
+    CountdownState countdownState;
+    Countdown countdown{countdownState, time};
+    CountdownLines countdownLines{countdown, {upper, lower}, windows};
+    std::unique_ptr<Timer> timer1 = time.Create(1, [] {});
+    FunctionSwitch functions{
+        settings,
+        {upper, lower},
+        marks,
+        {*dz1, *dz2, *win, *timer1, *batTimer, *memoryTimer},
+        {clockLines, usageLines, batteryLines, memoryLines, stopwatchLines, countdownLines}};
 
     QString Running() const {
         return QString(dz1->IsRunning() ? u"Dz_Timer1 "_s : QString()) +
                (dz2->IsRunning() ? u"Dz_Timer2 "_s : QString()) +
                (win->IsRunning() ? u"Win_Timer"_s : QString()) +
+               (timer1->IsRunning() ? u"Timer1"_s : QString()) +
                (batTimer->IsRunning() ? u"BatTimer"_s : QString()) +
                (memoryTimer->IsRunning() ? u"MemoryTimer"_s : QString());
     }
@@ -63,6 +75,9 @@ class TstFunctionSwitch : public QObject {
 private Q_SLOTS:
     void EachFunctionHasItsTextsTimersAndMarks_data();
     void EachFunctionHasItsTextsTimersAndMarks();
+    void TheStopwatchShowsItsReadingAtOnce();
+    void TheCountdownIsShownWithItsWindow();
+    void AnotherFunctionHidesTheCountdown();
     void TheBatteryIsReadAtOnce();
     void ANumberThatNamesNoFunctionStopsEverythingAndLeavesTheLines_data();
     void ANumberThatNamesNoFunctionStopsEverythingAndLeavesTheLines();
@@ -75,7 +90,7 @@ void TstFunctionSwitch::EachFunctionHasItsTextsTimersAndMarks_data() {
     QTest::addColumn<bool>("operation");
     QTest::newRow("clock") << 0 << u"show 平成10年11月15日(日曜日)"_s << u"Dz_Timer1 Dz_Timer2 "_s << false;
     QTest::newRow("usage") << 1 << u"show Windows使用時間"_s << u"Win_Timer"_s << false;
-    QTest::newRow("stopwatch") << 2 << u"show ストップウォッチ"_s << QString() << true;
+    QTest::newRow("stopwatch") << 2 << u"show ストップウォッチ"_s << u"Timer1"_s << true;
     QTest::newRow("timer") << 3 << u"show タイマー"_s << QString() << true;
     QTest::newRow("battery") << 4 << u"show バッテリー残量"_s << u"BatTimer"_s << false;
     QTest::newRow("memory, whose item stays enabled though it has no window")
@@ -97,6 +112,29 @@ void TstFunctionSwitch::EachFunctionHasItsTextsTimersAndMarks() {
     QCOMPARE(bench.Running(), running);
     QCOMPARE(bench.marks.checked, number);
     QCOMPARE(bench.marks.operation, operation);
+}
+
+void TstFunctionSwitch::TheStopwatchShowsItsReadingAtOnce() {
+    Bench bench;
+    bench.functions.ChangeFunction(2);
+    QCOMPARE(bench.lower.TakeRecord(), QStringList{u"show 0:00'00\"000"_s});
+}
+
+void TstFunctionSwitch::TheCountdownIsShownWithItsWindow() {
+    Bench bench;
+    bench.functions.ChangeFunction(3);
+    QVERIFY(bench.countdownState.TimerShownOnMain);
+    QCOMPARE(bench.journal, Journal{u"form"_s});
+    QCOMPARE(bench.lower.TakeRecord(), QStringList{u"show 0:00'15\"000"_s});
+}
+
+void TstFunctionSwitch::AnotherFunctionHidesTheCountdown() {
+    Bench bench;
+    for (const qint32 other : {0, 1, 2, 4, 5, 6, 99}) {
+        bench.functions.ChangeFunction(3);
+        bench.functions.ChangeFunction(other);
+        QVERIFY(!bench.countdownState.TimerShownOnMain);
+    }
 }
 
 void TstFunctionSwitch::TheBatteryIsReadAtOnce() {
