@@ -7,6 +7,8 @@
 #include "app/program_folder.h"
 #include "core/errors.h"
 #include "core/settings_io.h"
+#include "days/day_files.h"
+#include "days/day_recovery.h"
 
 namespace tickwell {
 
@@ -18,8 +20,17 @@ namespace {
 void RequireFiles() {
     for (const QString& name : RequiredFiles()) {
         if (!QFileInfo::exists(name)) {
-            throw RunTimeError(name);
+            throw RunTimeError(name == kLiveFile ? WithNamedCopies(name) : name);
         }
+    }
+}
+
+void OpenTheDays(Started& started) {
+    try {
+        started.imported = ImportJetFile(kLiveFile);
+        started.dayDatabase = OpenDayDatabase(kLiveFile);
+    } catch (const RunTimeError& error) {
+        throw RunTimeError(WithNamedCopies(error.Reason()));
     }
 }
 
@@ -29,10 +40,10 @@ Started StartUp(const QString& folder, const std::function<std::unique_ptr<Setti
     if (!QDir::setCurrent(folder)) {  // every bare file name is meant from here
         throw RunTimeError(folder);
     }
+    RecoverDayDatabase();
     RequireFiles();
     Started started;
-    started.imported = ImportJetFile(u"DayDate.mdb"_s);
-    started.dayDatabase = OpenDayDatabase(u"DayDate.mdb"_s);
+    OpenTheDays(started);
     started.store = openStore();
     LoadSettings(*started.store, started.settings);
     return started;

@@ -21,9 +21,9 @@ struct Started {
     std::optional<JetImportSummary> imported;  ///< what came out of a day database of the older kind, once
 };
 
-/// The start-up up to the first window, strictly in this order: into the program's folder, the eight files,
-/// the day database, the settings. Throws RunTimeError at the first thing that is wrong, with what to tell
-/// the user; what comes after it is not looked at.
+/// The start-up up to the first window, strictly in this order: into the program's folder, what a compaction
+/// that was ended left there, the eight files, the day database, the settings. Throws RunTimeError at the
+/// first thing that is wrong, with what to tell the user; what comes after it is not looked at.
 Started StartUp(const QString& folder, const std::function<std::unique_ptr<SettingsStore>()>& openStore);
 
 /// The text of the box that ends a failed start-up.

@@ -15,7 +15,7 @@ constexpr int kApplicationId = 0x544B5732;  // "TKW2"
 constexpr int kVersion = 1;
 
 void CheckKind(SqliteConnection& connection) {
-    if (connection.FirstBytes(static_cast<int>(kFirstBytes.size())) != kFirstBytes) {
+    if (connection.Bytes(0, static_cast<int>(kFirstBytes.size())) != kFirstBytes) {
         throw RunTimeError(u"データベースの形式が違います。"_s);
     }
     // A copy made from a dump of ours has lost its mark, and is good nevertheless.

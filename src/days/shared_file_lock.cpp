@@ -44,6 +44,10 @@ bool TakeShare(int file) {
     return false;
 }
 
+RunTimeError InUse() {
+    return RunTimeError(u"データベースはほかのプログラムで使用中です。"_s);
+}
+
 QByteArray LockPath(const QString& databasePath) {
     const QFileInfo database(databasePath);
     return QFile::encodeName(database.absoluteDir().filePath(database.completeBaseName() + u".lock"_s));
@@ -54,13 +58,19 @@ QByteArray LockPath(const QString& databasePath) {
 SharedFileLock::SharedFileLock(const QString& databasePath) : m_file(Open(LockPath(databasePath))) {
     if (m_file >= 0 && !TakeShare(m_file)) {
         close(m_file);
-        throw RunTimeError(u"データベースはほかのプログラムで使用中です。"_s);
+        throw InUse();
     }
 }
 
 SharedFileLock::~SharedFileLock() {
     if (m_file >= 0) {
         close(m_file);
+    }
+}
+
+void SharedFileLock::TakeWhole() {
+    if (m_file >= 0 && flock(m_file, LOCK_EX | LOCK_NB) != 0) {
+        throw InUse();
     }
 }
 

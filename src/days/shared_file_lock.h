@@ -18,6 +18,10 @@ public:
     SharedFileLock(const SharedFileLock&) = delete;
     SharedFileLock& operator=(const SharedFileLock&) = delete;
 
+    /// Turns the share into the whole, without waiting: who holds a share holds it for long. Throws
+    /// RunTimeError where there is another holder; this share may be gone then.
+    void TakeWhole();
+
 private:
     int m_file;  // a descriptor; -1 for none
 };

@@ -44,18 +44,22 @@ void SqliteConnection::Closer::operator()(sqlite3* handle) const {
     sqlite3_close(handle);
 }
 
-SqliteConnection::SqliteConnection(const QString& path) : m_lock(OfAFile(path)) {
-    Open(path);
+SqliteConnection::SqliteConnection(const QString& path, FileUse use) {
+    if (use == FileUse::Work) {
+        m_lock.emplace(OfAFile(path));
+    }
+    Open(path, use);
     SetSwitches();
     SetPragma("journal_mode", "DELETE", "delete"_L1);
     SetPragma("synchronous", "FULL", "2"_L1);
     SetPragma("temp_store", "MEMORY", "2"_L1);  // no sorting fails for want of room in /tmp
 }
 
-void SqliteConnection::Open(const QString& path) {
+void SqliteConnection::Open(const QString& path, FileUse use) {
     sqlite3* handle = nullptr;
+    const int access = use == FileUse::Work ? SQLITE_OPEN_READWRITE : SQLITE_OPEN_READONLY;
     const int result = sqlite3_open_v2(QFile::encodeName(OfAFile(path)).constData(), &handle,
-                                       SQLITE_OPEN_READWRITE | SQLITE_OPEN_EXRESCODE, nullptr);
+                                       access | SQLITE_OPEN_EXRESCODE, nullptr);
     m_handle.reset(handle);  // also a failed open gives a handle
     if (result != SQLITE_OK) {
         Fail(result, path);
@@ -111,18 +115,47 @@ bool SqliteConnection::IsInTransaction() const {
     return sqlite3_get_autocommit(m_handle.get()) == 0;
 }
 
-QByteArray SqliteConnection::FirstBytes(int count) const {
+void SqliteConnection::TakeWhole() {
+    if (m_lock) {
+        m_lock->TakeWhole();
+    }
+    // In this mode the engine keeps a lock that it has had once.
+    SetPragma("main.locking_mode", "EXCLUSIVE", "exclusive"_L1);
+    Run("BEGIN EXCLUSIVE");
+    Run("COMMIT");
+}
+
+sqlite3_file* SqliteConnection::File() const {
     sqlite3_file* file = nullptr;
     const int result = sqlite3_file_control(m_handle.get(), "main", SQLITE_FCNTL_FILE_POINTER, &file);
     if (result != SQLITE_OK || file == nullptr || file->pMethods == nullptr) {
         Fail(result, QString());
     }
+    return file;
+}
+
+QByteArray SqliteConnection::Bytes(qint64 at, int count) const {
+    sqlite3_file* file = File();
     QByteArray bytes(count, '\0');
-    const int read = file->pMethods->xRead(file, bytes.data(), count, 0);  // zeros where the file is shorter
+    const int read = file->pMethods->xRead(file, bytes.data(), count, at);  // zeros where the file is shorter
     if (read != SQLITE_OK && read != SQLITE_IOERR_SHORT_READ) {
         Fail(read, QString());
     }
     return bytes;
+}
+
+qint64 SqliteConnection::FileSize() const {
+    sqlite3_file* file = File();
+    sqlite3_int64 size = 0;
+    const int result = file->pMethods->xFileSize(file, &size);
+    if (result != SQLITE_OK) {
+        Fail(result, QString());
+    }
+    return size;
+}
+
+QByteArray SqliteConnection::NativeName() const {
+    return sqlite3_db_filename(m_handle.get(), "main");
 }
 
 void SqliteConnection::Fail(int result, const QString& sql) const {
