@@ -18,8 +18,8 @@ namespace {
 std::unique_ptr<SqliteConnection> WholeLiveFile() {
     try {
         auto live = std::make_unique<SqliteConnection>(kLiveFile);
+        CheckDayDatabase(*live);  // first: the engine makes a database of an empty file that it takes
         live->TakeWhole();
-        CheckDayDatabase(*live);
         return live;
     } catch (const RunTimeError&) {
         return nullptr;

@@ -2,18 +2,17 @@
 #include <fcntl.h>
 #include <sqlite3.h>
 #include <sys/file.h>
-#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <QDir>
 #include <QFile>
 #include <QTest>
-#include <csignal>
 
 #include "days/day_database.h"
 #include "days/day_rule.h"
 #include "days/day_store.h"
+#include "days/full_disk.h"
 #include "days/neighbour.h"
 #include "days/sql_error.h"
 #include "days/store_faults.h"
@@ -40,28 +39,6 @@ int Fault(Deed deed) {
 int InsertFault(DayDatabase& database, const QString& name = u"新しい記念日"_s) {
     return Fault([&] { database.Execute(u"INSERT INTO Kinenbi VALUES (\"%1\",0,10,3,0)"_s.arg(name)); });
 }
-
-/// Lets no file of this process grow beyond `size`, as a full disk does; for as long as it lives.
-class FullDisk {
-public:
-    explicit FullDisk(rlim_t size) {
-        std::signal(SIGXFSZ, SIG_IGN);
-        getrlimit(RLIMIT_FSIZE, &m_before);
-        Set({size, m_before.rlim_max});
-    }
-    ~FullDisk() { Set(m_before); }
-    FullDisk(const FullDisk&) = delete;
-    FullDisk& operator=(const FullDisk&) = delete;
-
-private:
-    static void Set(rlimit limit) {
-        if (setrlimit(RLIMIT_FSIZE, &limit) != 0) {
-            qFatal("setrlimit");
-        }
-    }
-
-    rlimit m_before{};
-};
 
 /// Whether the whole of the lock file can be had.
 bool CanHaveTheWholeLock(const DayStore& store) {
