@@ -60,6 +60,11 @@ private Q_SLOTS:
     void ExistenceAloneIsAskedFor();
     void ABrokenLinkCountsAsMissing();
     void ADatabaseOfAnotherKindIsRefused();
+    void ACopyTakesTheMissingDatabasesPlace();
+    void CopiesGoBesideASoundDatabase();
+    void AFailureNamesTheCopies_data();
+    void AFailureNamesTheCopies();
+    void OtherMissingFilesNameNoCopies();
     void FilesComeBeforeTheDatabaseAndTheDatabaseBeforeSettings();
     void ABadSettingIsNamed();
     void AMissingFolderIsNamed();
@@ -130,6 +135,54 @@ void TstStartup::ADatabaseOfAnotherKindIsRefused() {
     WriteAll(bench.dir.filePath(u"DayDate.mdb"_s), "this is no database"_ba);
     QVERIFY2(bench.Reason().startsWith(u"DayDate.mdb"_s), qPrintable(bench.Reason()));
     QCOMPARE(bench.opened, 0);
+}
+
+// As a compaction that was ended from outside may leave them.
+void TstStartup::ACopyTakesTheMissingDatabasesPlace() {
+    for (const QString& name : {u"CopyDate.mdb"_s, u"BUDate.mdb"_s}) {
+        Bench bench;
+        QVERIFY(QFile::rename(bench.dir.filePath(u"DayDate.mdb"_s), bench.dir.filePath(name)));
+        QCOMPARE(bench.Reason(), QString());
+        QVERIFY(QFile::exists(bench.dir.filePath(u"DayDate.mdb"_s)));
+        QVERIFY(!QFile::exists(bench.dir.filePath(name)));
+    }
+}
+
+void TstStartup::CopiesGoBesideASoundDatabase() {
+    Bench bench;
+    WriteAll(bench.dir.filePath(u"CopyDate.mdb"_s), "half done"_ba);
+    WriteAll(bench.dir.filePath(u"BUDate.mdb"_s), ""_ba);
+    QCOMPARE(bench.Reason(), QString());
+    QVERIFY(!QFile::exists(bench.dir.filePath(u"CopyDate.mdb"_s)));
+    QVERIFY(!QFile::exists(bench.dir.filePath(u"BUDate.mdb"_s)));
+}
+
+void TstStartup::AFailureNamesTheCopies_data() {
+    QTest::addColumn<bool>("isThere");
+    QTest::newRow("damaged") << true;
+    QTest::newRow("missing") << false;
+}
+
+void TstStartup::AFailureNamesTheCopies() {
+    QFETCH(bool, isThere);
+    Bench bench;
+    bench.Remove(u"DayDate.mdb"_s);
+    if (isThere) {
+        WriteAll(bench.dir.filePath(u"DayDate.mdb"_s), "this is no database"_ba);
+    }
+    WriteAll(bench.dir.filePath(u"CopyDate.mdb"_s), "nor is this"_ba);
+    const QString reason = bench.Reason();
+    QVERIFY2(reason.startsWith(u"DayDate.mdb\r\n"), qPrintable(reason));
+    QVERIFY2(reason.endsWith(u"\r\nデータベースの控えが残っています：CopyDate.mdb"), qPrintable(reason));
+    QVERIFY(QFile::exists(bench.dir.filePath(u"CopyDate.mdb"_s)));
+}
+
+void TstStartup::OtherMissingFilesNameNoCopies() {
+    Bench bench;
+    bench.Remove(u"TKW02.wav"_s);
+    WriteAll(bench.dir.filePath(u"DayDate.mdb"_s), "this is no database"_ba);
+    WriteAll(bench.dir.filePath(u"CopyDate.mdb"_s), "nor is this"_ba);
+    QCOMPARE(bench.Reason(), u"TKW02.wav"_s);
 }
 
 void TstStartup::FilesComeBeforeTheDatabaseAndTheDatabaseBeforeSettings() {

@@ -56,6 +56,7 @@ private Q_SLOTS:
     void KeepsThePermissions();
     void OpensWhatWasClosed();
     void NobodyElseIsLetInMeanwhile();
+    void AStrangerWithTheOldFileOpenIsRefusedItsNextWrite();
     void FailsUntouchedWhileAnotherProcessHoldsTheFile_data();
     void FailsUntouchedWhileAnotherProcessHoldsTheFile();
 };
@@ -197,6 +198,32 @@ void TstCompaction::NobodyElseIsLetInMeanwhile() {
         }
     });
     QCOMPARE(bench.Fault(disk), QString());
+    QCOMPARE(bench.boxes.Shown().constLast().icon, MessageIcon::Information);
+    neighbour.DoSecond();
+    QCOMPARE(bench.store.Rows(), rows);
+}
+
+void TstCompaction::AStrangerWithTheOldFileOpenIsRefusedItsNextWrite() {
+    CompactionCase bench(false);
+    const QString insert = u"INSERT INTO Holiday(\"Date\") VALUES ('2026-10-09')"_s;
+    std::unique_ptr<RawConnection> stranger;
+    Neighbour neighbour(
+        [&] {
+            stranger = std::make_unique<RawConnection>(bench.store.Path());
+            stranger->Run(insert.toUtf8());
+        },
+        [&] {
+            bool isWritten = true;
+            try {
+                stranger->Run(insert.toUtf8());
+            } catch (const std::runtime_error&) {
+                isWritten = false;
+            }
+            Require(!isWritten, "a row went into the old file");
+        });
+    neighbour.DoFirst();
+    const QStringList rows = bench.store.Rows();
+    QCOMPARE(bench.Fault(), QString());
     QCOMPARE(bench.boxes.Shown().constLast().icon, MessageIcon::Information);
     neighbour.DoSecond();
     QCOMPARE(bench.store.Rows(), rows);

@@ -1,0 +1,131 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// compaction [FOLDER]: how long the program stands still while it compacts its day database, at two sizes,
+// from which 95 of 100 rows were deleted, or none; against one plain copy of the same file. FOLDER is where
+// the files are made, on the disk that is meant; the temporary folder where it is not given.
+
+#include <QDir>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QFileInfo>
+#include <QTemporaryDir>
+#include <algorithm>
+#include <cstdio>
+#include <vector>
+
+#include "core/errors.h"
+#include "days/compaction.h"
+#include "days/day_files.h"
+
+using namespace Qt::StringLiterals;
+using namespace tickwell;
+
+namespace {
+
+constexpr int kTimes = 7;
+constexpr double kMilliseconds = 1e6;  // nanoseconds in one
+
+/// Notes how long the two large steps took.
+class TimedDisk : public PosixCompactionDisk {
+public:
+    void Copy(const SqliteConnection& from, const QString& to) override {
+        m_copied = Timed([&] { PosixCompactionDisk::Copy(from, to); });
+    }
+    void Compact(SqliteConnection& from, const QString& to) override {
+        m_compacted = Timed([&] { PosixCompactionDisk::Compact(from, to); });
+    }
+
+    double Copied() const { return m_copied; }
+    double Compacted() const { return m_compacted; }
+
+    /// In milliseconds.
+    template <typename Deed>
+    static double Timed(Deed deed) {
+        QElapsedTimer timer;
+        timer.start();
+        deed();
+        return static_cast<double>(timer.nsecsElapsed()) / kMilliseconds;
+    }
+
+private:
+    double m_copied = 0;
+    double m_compacted = 0;
+};
+
+/// Keeps the last box.
+class LastBox : public MessageBoxes {
+public:
+    void Show(const Message& message, std::function<void()> /*onClosed*/) override { m_message = message; }
+
+    const Message& Shown() const { return m_message; }
+
+private:
+    Message m_message;
+};
+
+double Median(std::vector<double> values) {
+    const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
+    std::nth_element(values.begin(), middle, values.end());
+    return *middle;
+}
+
+void MakeFile(int rows, int ofTwentyKept) {
+    QFile::remove(kLiveFile);
+    if (!QFile::copy(QStringLiteral(TICKWELL_PRISTINE_DATABASE), kLiveFile)) {
+        throw RunTimeError(kLiveFile);
+    }
+    SqliteConnection file(kLiveFile);
+    file.Run("BEGIN");
+    file.Run("WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < " +
+             QByteArray::number(rows) +
+             ") INSERT INTO Kinenbi(\"Name\",\"Year\",\"Month\",\"Day\",\"Week\") "
+             "SELECT '記念日' || i, 0, i % 13, i % 31 + 1, 0 FROM n");
+    file.Run("DELETE FROM Kinenbi WHERE id % 20 >= " + QByteArray::number(ofTwentyKept));
+    file.Run("COMMIT");
+}
+
+void Measure(int rows, int ofTwentyKept) {
+    std::vector<double> whole;
+    std::vector<double> copied;
+    std::vector<double> compacted;
+    qint64 before = 0;
+    for (int i = 0; i < kTimes; ++i) {
+        MakeFile(rows, ofTwentyKept);
+        before = QFileInfo(kLiveFile).size();
+        auto handle = OpenDayDatabase(kLiveFile);
+        LastBox box;
+        TimedDisk disk;
+        whole.push_back(
+            TimedDisk::Timed([&] { CompactDayDatabase(handle, QDir::currentPath(), box, disk); }));
+        if (box.Shown().icon != MessageIcon::Information) {
+            throw RunTimeError(box.Shown().text);
+        }
+        copied.push_back(disk.Copied());
+        compacted.push_back(disk.Compacted());
+    }
+    std::printf(
+        "%6d rows, %3d %% kept, %5lld to %5lld KB: %7.1f ms, of which the copy %6.1f and the compacting "
+        "%6.1f, "
+        "ratio to the copy %5.1f\n",
+        rows, ofTwentyKept * 5, before / 1024, QFileInfo(kLiveFile).size() / 1024, Median(whole),
+        Median(copied), Median(compacted), Median(whole) / Median(copied));
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    try {
+        const QDir folder(argc > 1 ? QString::fromLocal8Bit(argv[1]) : QDir::tempPath());
+        const QTemporaryDir files(folder.filePath(u"compaction-XXXXXX"_s));
+        if (!QDir::setCurrent(files.path())) {
+            throw RunTimeError(files.path());
+        }
+        for (const int rows : {20'000, 100'000}) {
+            Measure(rows, 1);
+            Measure(rows, 20);
+        }
+    } catch (const RunTimeError& error) {
+        std::fprintf(stderr, "compaction: %s\n", error.what());
+        return 1;
+    }
+    return 0;
+}
