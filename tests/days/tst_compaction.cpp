@@ -131,7 +131,7 @@ void TstCompaction::AStaleTargetIsNoHindrance() {
     QByteArray journal;
     {
         RawConnection stranger(bench.store.Path());
-        stranger.Run("PRAGMA cache_size = 1; BEGIN; UPDATE Kinenbi SET \"Week\" = \"Week\" + 11");
+        stranger.Run("PRAGMA cache_size = 1; BEGIN; UPDATE Kinenbi SET Week = Week + 11");
         journal = BytesOf(bench.store.PathOf(u"DayDate.mdb-journal"_s));
     }
     QVERIFY(journal.size() > 512);
@@ -205,17 +205,17 @@ void TstCompaction::NobodyElseIsLetInMeanwhile() {
 
 void TstCompaction::AStrangerWithTheOldFileOpenIsRefusedItsNextWrite() {
     CompactionCase bench(false);
-    const QString insert = u"INSERT INTO Holiday(\"Date\") VALUES ('2026-10-09')"_s;
+    const QByteArray insert = R"(INSERT INTO Holiday("Date") VALUES ('2026-10-09'))";
     std::unique_ptr<RawConnection> stranger;
     Neighbour neighbour(
         [&] {
             stranger = std::make_unique<RawConnection>(bench.store.Path());
-            stranger->Run(insert.toUtf8());
+            stranger->Run(insert);
         },
         [&] {
             bool isWritten = true;
             try {
-                stranger->Run(insert.toUtf8());
+                stranger->Run(insert);
             } catch (const std::runtime_error&) {
                 isWritten = false;
             }
