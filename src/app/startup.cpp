@@ -46,6 +46,7 @@ Started StartUp(const QString& folder, const std::function<std::unique_ptr<Setti
     OpenTheDays(started);
     started.store = openStore();
     LoadSettings(*started.store, started.settings);
+    LoadFurtherSettings(*started.store, started.further);
     return started;
 }
 

@@ -18,6 +18,7 @@ struct Started {
     std::unique_ptr<SettingsStore> store;
     std::unique_ptr<DayDatabase> dayDatabase;
     AppSettings settings;
+    FurtherSettings further;
     std::optional<JetImportSummary> imported;  ///< what came out of a day database of the older kind, once
 };
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <QList>
 #include <QString>
 
 namespace tickwell {
@@ -36,6 +37,24 @@ struct AppSettings {
     qint32 rollInterval = 0;  ///< accepted when the window loads, used by nothing, never written
 
     bool operator==(const AppSettings&) const = default;
+};
+
+/// The roll: the main window shows one chosen display after the other.
+struct RollSettings {
+    bool use = false;
+    QList<qint32> kinds{0, 1, 4,
+                        5};  ///< the chosen functions; numbers that do not roll are kept, and mean nothing
+    qint32 interval = 10;    ///< seconds; where it is used, 1..3600
+
+    bool operator==(const RollSettings&) const = default;
+};
+
+/// Settings that are stored only once they differ from what stands here.
+struct FurtherSettings {
+    RollSettings roll;
+    bool tellsNoCdDrive = true;  ///< the notice at the start that there is no CD drive
+
+    bool operator==(const FurtherSettings&) const = default;
 };
 
 /// Place and width of the main window in twips, 15 of them to a logical pixel. The height follows from the

@@ -17,9 +17,10 @@ namespace {
 struct Stored {
     AppSettings settings;
     WindowGeometry geometry;
+    FurtherSettings further;
 };
 
-using Field = std::variant<qint32*, qint16*, bool*, QString*>;
+using Field = std::variant<qint32*, qint16*, bool*, QString*, QList<qint32>*>;
 
 struct SettingKey {
     QStringView section;
@@ -71,6 +72,15 @@ constexpr std::array kKeys{
 };
 constexpr std::size_t kGeometryBegin = 24;
 
+// What is written only where it has something to say. The defaults are those of FurtherSettings.
+constexpr std::array kFurtherKeys{
+    SettingKey{u"Roll", u"Use", u"False", [](Stored& s) -> Field { return &s.further.roll.use; }},
+    SettingKey{u"Roll", u"Kinds", u"0,1,4,5", [](Stored& s) -> Field { return &s.further.roll.kinds; }},
+    SettingKey{u"Roll", u"Interval", u"10", [](Stored& s) -> Field { return &s.further.roll.interval; }},
+    SettingKey{u"Notice", u"NoCdDrive", u"True",
+               [](Stored& s) -> Field { return &s.further.tellsNoCdDrive; }},
+};
+
 // The order in which they are written; Wape/Time never is.
 constexpr std::array<QStringView, 27> kWriteOrder{
     u"Op_Speed",     u"Op_Waip",     u"BackColor",   u"A_Font",    u"B_Font",   u"A_Color",  u"B_Color",
@@ -85,6 +95,13 @@ struct FromText {
     void operator()(qint16* field) const { *field = ShortIntegerOf(text); }
     void operator()(bool* field) const { *field = FlagOf(text); }
     void operator()(QString* field) const { *field = text.toString(); }
+    void operator()(QList<qint32>* field) const {
+        QList<qint32> numbers;
+        for (const QStringView number : text.split(u',', Qt::SkipEmptyParts)) {
+            numbers.append(IntegerOf(number));
+        }
+        *field = numbers;
+    }
 };
 
 struct ToText {
@@ -92,6 +109,13 @@ struct ToText {
     QString operator()(const qint16* field) const { return QString::number(*field); }
     QString operator()(const bool* field) const { return FlagText(*field); }
     QString operator()(const QString* field) const { return *field; }
+    QString operator()(const QList<qint32>* field) const {
+        QStringList texts;
+        for (const qint32 number : *field) {
+            texts.append(QString::number(number));
+        }
+        return texts.join(u',');
+    }
 };
 
 void LoadKey(const SettingsStore& store, const SettingKey& key, Stored& stored) {
@@ -111,26 +135,44 @@ SettingsError::SettingsError(const QString& section, const QString& key, const Q
     : RunTimeError(u"[%1] %2=%3\r\n%4"_s.arg(section, key, value, reason)) {}
 
 void LoadSettings(const SettingsStore& store, AppSettings& settings) {
-    Stored stored{settings, {}};
+    Stored stored{settings, {}, {}};
     std::for_each_n(kKeys.begin(), kGeometryBegin,
                     [&](const SettingKey& key) { LoadKey(store, key, stored); });
     settings = stored.settings;
 }
 
 void LoadWindowGeometry(const SettingsStore& store, AppSettings& settings, WindowGeometry& geometry) {
-    Stored stored{settings, geometry};
+    Stored stored{settings, geometry, {}};
     std::for_each(kKeys.begin() + kGeometryBegin, kKeys.end(),
                   [&](const SettingKey& key) { LoadKey(store, key, stored); });
     settings = stored.settings;
     geometry = stored.geometry;
 }
 
-void SaveSettings(SettingsStore& store, const AppSettings& settings, const WindowGeometry& geometry) {
-    Stored stored{settings, geometry};
+void LoadFurtherSettings(const SettingsStore& store, FurtherSettings& settings) {
+    Stored stored;
+    for (const SettingKey& key : kFurtherKeys) {
+        LoadKey(store, key, stored);
+    }
+    settings = stored.further;
+}
+
+void SaveSettings(SettingsStore& store, const AppSettings& settings, const FurtherSettings& further,
+                  const WindowGeometry& geometry) {
+    Stored stored{settings, geometry, further};
+    const auto write = [&](const SettingKey& key, const QString& text) {
+        store.Set(key.section.toString(), key.key.toString(), text);
+    };
     for (const QStringView name : kWriteOrder) {
         const auto* key =
             std::find_if(kKeys.begin(), kKeys.end(), [&](const SettingKey& k) { return k.key == name; });
-        store.Set(key->section.toString(), key->key.toString(), std::visit(ToText{}, key->field(stored)));
+        write(*key, std::visit(ToText{}, key->field(stored)));
+    }
+    for (const SettingKey& key : kFurtherKeys) {
+        const QString text = std::visit(ToText{}, key.field(stored));
+        if (text != key.defaultText || store.Get(key.section.toString(), key.key.toString())) {
+            write(key, text);
+        }
     }
     store.Commit();
 }

@@ -21,8 +21,13 @@ void LoadSettings(const SettingsStore& store, AppSettings& settings);
 /// Reads width, top, left in this order, then the roll interval. Throws SettingsError.
 void LoadWindowGeometry(const SettingsStore& store, AppSettings& settings, WindowGeometry& geometry);
 
-/// Writes all 27 keys, changed or not, and commits. The roll interval is not written. Throws RunTimeError
-/// when the store cannot be written; it then holds what it held.
-void SaveSettings(SettingsStore& store, const AppSettings& settings, const WindowGeometry& geometry);
+/// Reads the sections Roll and Notice. Throws SettingsError.
+void LoadFurtherSettings(const SettingsStore& store, FurtherSettings& settings);
+
+/// Writes all 27 keys, changed or not, then of the further settings those that differ from their default or
+/// stand in the store already, and commits. The roll interval of AppSettings is not written. Throws
+/// RunTimeError when the store cannot be written; it then holds what it held.
+void SaveSettings(SettingsStore& store, const AppSettings& settings, const FurtherSettings& further,
+                  const WindowGeometry& geometry);
 
 }  // namespace tickwell

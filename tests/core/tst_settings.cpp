@@ -105,7 +105,7 @@ void TstSettings::GeometryIsAskedForWidthFirst() {
 
 void TstSettings::AllKeysAreWrittenInTheirOrder() {
     FakeSettingsStore store;
-    SaveSettings(store, Loaded(store), {2505, 0, 0});
+    SaveSettings(store, Loaded(store), {}, {2505, 0, 0});
     QStringList written;
     for (const auto& [section, key] : store.Written()) {
         written.append(section + u'/' + key);
@@ -133,7 +133,7 @@ void TstSettings::TheRollIntervalIsReadAndNeverWritten() {
     LoadWindowGeometry(store, settings, geometry);
     QCOMPARE(settings.rollInterval, 77);
     settings.rollInterval = 5;
-    SaveSettings(store, settings, geometry);
+    SaveSettings(store, settings, {}, geometry);
     QCOMPARE(store.Values().value({u"Wape"_s, u"Time"_s}), u"77"_s);
     QVERIFY(!store.Written().contains({u"Wape"_s, u"Time"_s}));
 }
@@ -153,7 +153,7 @@ void TstSettings::ValuesComeBackAsTheyWereSaved() {
     settings.displayMode = 2;
     settings.hourStyle = 3;
     FakeSettingsStore store;
-    SaveSettings(store, settings, {-15, 2147483647, -2147483647});
+    SaveSettings(store, settings, {}, {-15, 2147483647, -2147483647});
     AppSettings again = Loaded(store);
     WindowGeometry geometry;
     LoadWindowGeometry(store, again, geometry);
@@ -165,7 +165,7 @@ void TstSettings::ValuesComeBackAsTheyWereSaved() {
 void TstSettings::AFontTheMachineDoesNotHaveIsWrittenBack() {
     FakeSettingsStore store;
     store.Put(u"SetUp"_s, u"A_Font"_s, u"No Such Font"_s);
-    SaveSettings(store, Loaded(store), {});
+    SaveSettings(store, Loaded(store), {}, {});
     QCOMPARE(store.Values().value({u"SetUp"_s, u"A_Font"_s}), u"No Such Font"_s);
     QCOMPARE(store.Values().value({u"SetUp"_s, u"B_Font"_s}), u"ＭＳ Ｐゴシック"_s);
 }
@@ -255,7 +255,7 @@ void TstSettings::AStoredWidthOfTwips2505Point6Is2506() {
     WindowGeometry geometry;
     LoadWindowGeometry(store, settings, geometry);
     QCOMPARE(geometry.width, 2506);
-    SaveSettings(store, settings, geometry);
+    SaveSettings(store, settings, {}, geometry);
     QCOMPARE(store.Values().value({u"SetUp"_s, u"Win_Width"_s}), u"2506"_s);
 }
 

@@ -22,7 +22,7 @@ int SaveFails(const QString& path) {
         IniFileStore store(path);
         AppSettings settings;
         LoadSettings(store, settings);
-        SaveSettings(store, settings, {2505, 0, 0});
+        SaveSettings(store, settings, {}, {2505, 0, 0});
         return 1;
     } catch (const RunTimeError&) {
         return 0;
@@ -84,7 +84,7 @@ void TstIniFileStore::UnknownSectionsKeysAndCommentsSurviveASave() {
     AppSettings settings;
     LoadSettings(store, settings);
     settings.wipeSpeed = 31;
-    SaveSettings(store, settings, {2505, 0, 0});
+    SaveSettings(store, settings, {}, {2505, 0, 0});
     const QByteArray after = ReadAll(path);
     QVERIFY(after.startsWith("# my file\n[SetUp]\nOp_Speed=31\n"));
     for (const QByteArray& line : {"Future=1\n"_ba, "[Wape]\nTime=12\n"_ba, "[Notes]\nx=y\nno key\n"_ba}) {
@@ -110,7 +110,7 @@ void TstIniFileStore::AFileCutAtEveryByteLoadsOrIsRefused() {
     IniFileStore whole(path);
     AppSettings settings;
     LoadSettings(whole, settings);
-    SaveSettings(whole, settings, {2505, 0, 0});
+    SaveSettings(whole, settings, {}, {2505, 0, 0});
     const QByteArray bytes = ReadAll(path);
     QVERIFY(bytes.size() > 300);
     int loaded = 0;
@@ -144,7 +144,7 @@ void TstIniFileStore::AFileOfRandomBytesLoadsOrIsRefused() {
             IniFileStore store(path);
             AppSettings settings;
             LoadSettings(store, settings);
-            SaveSettings(store, settings, {2505, 0, 0});
+            SaveSettings(store, settings, {}, {2505, 0, 0});
             AppSettings again;
             LoadSettings(IniFileStore(path), again);
             QCOMPARE(again, settings);

@@ -9,6 +9,7 @@ inline constexpr int kHelpContents = 1;
 inline constexpr int kHelpContact = 6;
 inline constexpr int kHelpStopwatch = 31;
 inline constexpr int kHelpTimer = 32;
+inline constexpr int kHelpSettings = 41;
 
 /// Shows the help file of the program's folder.
 class HelpViewer {
