@@ -24,6 +24,10 @@ QColor ColorOf(qint32 color) {
                   static_cast<int>(bits >> 16 & 0xFF));
 }
 
+qint32 ColorNumberOf(const QColor& color) {
+    return color.red() | color.green() << 8 | color.blue() << 16;
+}
+
 QFont FontOf(const LineStyle& style) {
     QFont font(style.fontName);
     font.setPointSize(std::clamp<int>(style.fontSize, kSmallestPoints, kLargestPoints));

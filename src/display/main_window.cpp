@@ -8,7 +8,7 @@
 #include <algorithm>
 
 #include "core/settings_io.h"
-#include "display/line_look.h"
+#include "display/line_styles.h"
 
 namespace tickwell {
 
@@ -25,12 +25,6 @@ constexpr int kUsageTick = 250;
 constexpr int kBatteryTick = 10000;
 constexpr int kMemoryTick = 2000;
 constexpr int kKeepTopTick = 2000;
-
-void ApplyStyle(MovingWord& word, const LineStyle& style, qint32 wipeKind) {
-    word.setFont(FontOf(style));
-    word.SetForeColor(style.color);
-    word.SetWipeKind(wipeKind);
-}
 
 }  // namespace
 
@@ -61,6 +55,8 @@ Form1::Form1(const MainWindowParts& parts)
           parts.settings, {*m_MovingWord1, *m_MovingWord2}, *m_menu,
           {*m_Dz_Timer1, *m_Dz_Timer2, *m_Win_Timer, m_timing.Timer1(), *m_BatTimer, *m_MemoryTimer},
           {m_clockLines, m_usageLines, m_batteryLines, m_memoryLines, m_timing.Reading(), m_timing.Rest()}),
+      m_roll(parts.further.roll, parts.power, parts.handlers, parts.timers,
+             [this](qint32 number) { ChangeFunction(number); }),
       m_gesture(QGuiApplication::styleHints()->startDragDistance()),
       m_tools(parts.folder, parts.starter),
       m_storage(parts.tray, *m_trayMenu, parts.handlers, parts.timers,
@@ -95,16 +91,14 @@ void Form1::Form_Load() {
 }
 
 void Form1::ApplyStyles() {
-    const AppSettings& settings = m_parts.settings;
-    ApplyStyle(*m_MovingWord1, settings.upper, settings.wipeKind);
-    ApplyStyle(*m_MovingWord2, settings.lower, settings.wipeKind);
-    m_MovingWord1->SetBackColor(settings.backColor);
-    m_MovingWord2->SetBackColor(settings.backColor);
-    m_MovingWord1->SetFrameInterval(FrameIntervalOf(settings.wipeSpeed));
-    m_MovingWord2->SetFrameInterval(FrameIntervalOf(settings.wipeSpeed));
-    m_MovingWord1->SetStepSize(StepSizeOf(settings.upper.fontSize, settings.wipeSpeed));
-    m_MovingWord2->SetStepSize(StepSizeOf(settings.lower.fontSize, settings.wipeSpeed));
+    ApplyLineStyles(*m_MovingWord1, *m_MovingWord2, m_parts.settings);
     Form_Resize();
+}
+
+void Form1::ApplySettings() {
+    ApplyStyles();
+    ChangeFunction(GetFuncNumber());
+    RaiseRefresh();
 }
 
 void Form1::Form_Resize() {
@@ -142,6 +136,7 @@ void Form1::Dz_Timer1_Timer() {
 
 void Form1::ChangeFunction(qint32 number) {
     m_switch.ChangeFunction(number);
+    m_roll.FunctionChanged(number);
 }
 
 void Form1::Menu_Click(MenuCommand command, qint32 number) {
@@ -250,7 +245,7 @@ void Form1::ComeForwardWithMenu() {
 }
 
 void Form1::SaveAll() {
-    SaveSettings(m_parts.store, m_parts.settings, m_geometry.Geometry());
+    SaveSettings(m_parts.store, m_parts.settings, m_parts.further, m_geometry.Geometry());
 }
 
 QList<QMenu*> Form1::VisibleMenus() const {

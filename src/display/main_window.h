@@ -13,6 +13,7 @@
 #include "display/main_window_parts.h"
 #include "display/moving_word.h"
 #include "display/pointer_gesture.h"
+#include "display/roll.h"
 #include "display/tool_launcher.h"
 #include "display/tray_storage.h"
 #include "display/usage_lines.h"
@@ -34,6 +35,9 @@ public:
 
     void ChangeFunction(qint32 number) override;
     qint32 GetFuncNumber() const override { return m_parts.settings.function; }
+
+    /// The settings have changed: looks, function, date and roll follow at once.
+    void ApplySettings();
 
     void RaiseRefresh() override { m_clockLines.RaiseRefresh(); }
 
@@ -97,6 +101,7 @@ private:
     std::unique_ptr<Timer> m_KeepTop;
     TimingTools m_timing;
     FunctionSwitch m_switch;
+    Roll m_roll;
     GeometryKeeper m_geometry;
     PointerGesture m_gesture;
     ToolLauncher m_tools;

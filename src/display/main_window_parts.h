@@ -31,6 +31,7 @@ struct OtherWindows {
 /// What the main window works with; all outlive it.
 struct MainWindowParts {
     AppSettings& settings;
+    FurtherSettings& further;
     SettingsStore& store;
     const std::unique_ptr<DayDatabase>& dayDatabase;  ///< null while it is closed
     const Clock& clock;

@@ -74,6 +74,13 @@ void MovingWord::SetText(const QString& text) {
     }
 }
 
+void MovingWord::SetFrameInterval(qint32 milliseconds) {
+    if (IsWiping() && milliseconds != m_frameInterval) {
+        m_wipeTimer->SetInterval(milliseconds);
+    }
+    m_frameInterval = milliseconds;
+}
+
 void MovingWord::WipeTick() {
     if (!m_wipe.Advance(m_stepSize, size())) {
         EndWipe();

@@ -36,8 +36,8 @@ public:
 
     /// A wipe that runs keeps the kind it began with.
     void SetWipeKind(qint32 kind) { m_wipeKind = kind; }
-    /// Milliseconds from frame to frame; at 0 and below a wipe is over at once.
-    void SetFrameInterval(qint32 milliseconds) { m_frameInterval = milliseconds; }
+    /// Milliseconds from frame to frame, from the next frame on; at 0 and below a wipe is over at once.
+    void SetFrameInterval(qint32 milliseconds);
     /// Pixels a frame; below 1 counts as 1.
     void SetStepSize(qint32 pixels) { m_stepSize = pixels; }
     /// Colours as they are stored.

@@ -21,6 +21,7 @@ namespace tickwell {
 struct MainWindowBench {
     FakeSettingsStore store;
     AppSettings settings;
+    FurtherSettings further;
     VirtualTime time{QDateTime(QDate(1998, 11, 15), QTime(21, 5, 7)), 307'000};
     FakeMessageBoxes boxes;
     Handlers handlers{boxes};
@@ -42,7 +43,8 @@ struct MainWindowBench {
 
     void Start() {
         LoadSettings(store, settings);
-        form = std::make_unique<Form1>(MainWindowParts{settings, store, dayDatabase, time, time, power,
+        LoadFurtherSettings(store, further);
+        form = std::make_unique<Form1>(MainWindowParts{settings, further, store, dayDatabase, time, time, power,
                                                        memory, tray, stack, starter, folder, handlers,
                                                        windows, Timing(), [this] { ++closed; }});
         form->Form_Load();
