@@ -62,12 +62,13 @@ void Program::Start() {
         m_started.dayDatabase.reset();
         m_handlers.WhenQuiet([] { QCoreApplication::quit(); });
     };
-    m_windows = std::make_unique<Windows>(
-        WindowsParts{m_started.dayDatabase, clock, timers, m_handlers, m_boxes, m_starter});
+    m_windows = std::make_unique<Windows>(WindowsParts{m_started.dayDatabase, clock, timers, m_handlers,
+                                                       m_boxes, m_starter, m_started.settings,
+                                                       m_started.further, QDir::currentPath()});
     m_form = std::make_unique<Form1>(
-        MainWindowParts{m_started.settings, *m_started.store, m_started.dayDatabase, clock, timers, m_power,
-                        m_memory, m_tray, m_stack, m_starter, QDir::currentPath(), m_handlers,
-                        m_windows->Openers(), Timing(clock, timers), closed});
+        MainWindowParts{m_started.settings, m_started.further, *m_started.store, m_started.dayDatabase, clock,
+                        timers, m_power, m_memory, m_tray, m_stack, m_starter, QDir::currentPath(),
+                        m_handlers, m_windows->Openers(), Timing(clock, timers), closed});
     m_windows->SetMainWindow(*m_form);
     m_form->Form_Load();
     connect(m_instance.get(), &SingleInstance::Called, this, &Program::ComeForward);

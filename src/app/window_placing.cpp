@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/window_placing.h"
 
+#include <QApplication>
 #include <QScreen>
+#include <QWindow>
 #include <algorithm>
 
 namespace tickwell {
@@ -35,6 +37,15 @@ void PlaceNear(QWidget& window, const QWidget& opener) {
         window.adjustSize();
     }
     window.move(PlaceNear(window.size(), opener.geometry(), opener.screen()->availableGeometry()));
+}
+
+void LetThroughModal(QWidget& window) {
+    QWidget* modal = QApplication::activeModalWidget();
+    if (modal == nullptr || modal == &window) {
+        return;
+    }
+    window.winId();  // makes the window behind it, which is what is blocked
+    window.windowHandle()->setTransientParent(modal->windowHandle());
 }
 
 }  // namespace tickwell

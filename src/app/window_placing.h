@@ -15,4 +15,8 @@ QPoint PlaceNear(QSize size, const QRect& opener, const QRect& screen);
 /// would be hidden by else.
 void PlaceNear(QWidget& window, const QWidget& opener);
 
+/// While a window is open that blocks all others, lets this one through: the user can work with it. Without
+/// one it does nothing.
+void LetThroughModal(QWidget& window);
+
 }  // namespace tickwell

@@ -2,6 +2,7 @@
 #include "app/windows.h"
 
 #include "app/window_placing.h"
+#include "days/compaction.h"
 
 namespace tickwell {
 
@@ -13,6 +14,7 @@ Windows::Windows(const WindowsParts& parts)
 Windows::~Windows() {
     delete m_calendar;
     delete m_about;
+    delete m_settings;
 }
 
 OtherWindows Windows::Openers() {
@@ -27,6 +29,7 @@ OtherWindows Windows::Openers() {
             return calendar;
         });
     };
+    openers.settings = [this] { Open(m_settings, [this] { return MakeSettings(); }); };
     openers.help = [this] { m_help.ShowTopic(kHelpContents); };
     openers.about = [this] {
         Open(m_about, [this] {
@@ -64,8 +67,29 @@ BookWindows Windows::Book() {
             [book](QWidget* calendar) { book.OpenSearch(calendar); }};
 }
 
+std::unique_ptr<Form2> Windows::MakeSettings() {
+    SettingsOperations operations;
+    operations.apply = [this] { m_mainWindow->ApplySettings(); };
+    operations.refresh = [this](bool flag) {
+        if (flag) {
+            m_mainWindow->RaiseRefresh();
+        }
+    };
+    operations.compact = [this] { CompactDayDatabase(m_parts.dayDatabase, m_parts.folder, m_parts.boxes); };
+    operations.holdKeepTop = [this](bool held) { m_mainWindow->HoldKeepTop(held); };
+    return std::make_unique<Form2>(SettingsParts{m_parts.settings, m_parts.further, m_parts.clock,
+                                                 m_parts.timers, m_parts.handlers, m_settingsHelp,
+                                                 operations});
+}
+
 void Windows::Place(QWidget& window) {
     PlaceNear(window, *m_mainWindow);
+    LetThroughModal(window);
+}
+
+void UnblockedHelp::ShowTopic(int topic) {
+    m_desk.ShowTopic(topic);
+    LetThroughModal(*m_desk.Window());
 }
 
 }  // namespace tickwell

@@ -9,17 +9,32 @@
 #include "days/calendar_window.h"
 #include "display/main_window.h"
 #include "help/help_desk.h"
+#include "settings_ui/settings_window.h"
 
 namespace tickwell {
 
 /// What the windows work with; all outlive them.
 struct WindowsParts {
-    const std::unique_ptr<DayDatabase>& dayDatabase;  ///< null while it is closed
+    std::unique_ptr<DayDatabase>& dayDatabase;  ///< null while it is closed
     const Clock& clock;
     TimerSource& timers;
     Handlers& handlers;
     MessageBoxes& boxes;
     ProgramStarter& programs;
+    AppSettings& settings;
+    FurtherSettings& further;
+    QString folder;  ///< the program's, absolute
+};
+
+/// The help, for a window that blocks the others: it can be read meanwhile.
+class UnblockedHelp : public HelpViewer {
+public:
+    /// `desk` outlives this object.
+    explicit UnblockedHelp(HelpDesk& desk) : m_desk(desk) {}
+    void ShowTopic(int topic) override;
+
+private:
+    HelpDesk& m_desk;
 };
 
 /// The windows beside the main one: made when they are asked for, one of each, near the main window and above
@@ -47,13 +62,16 @@ private:
     template <typename Window, typename Make>
     void Open(QPointer<Window>& window, Make make);
     BookWindows Book();
+    std::unique_ptr<Form2> MakeSettings();
 
     WindowsParts m_parts;
     Form1* m_mainWindow = nullptr;
     HelpDesk m_help;
+    UnblockedHelp m_settingsHelp{m_help};
     QPointer<frmAbout> m_about;
     DayList m_dayList;
     QPointer<Form5> m_calendar;
+    QPointer<Form2> m_settings;
 };
 
 }  // namespace tickwell

@@ -1,0 +1,84 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "settings_ui/chime_page.h"
+
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QVBoxLayout>
+#include <algorithm>
+
+#include "settings_ui/control_making.h"
+
+namespace tickwell {
+
+using namespace Qt::StringLiterals;
+
+ChimePage::ChimePage(const SettingsParts& parts, SettingsDraft& draft, QWidget* parent)
+    : QWidget(parent),
+      m_parts(parts),
+      m_draft(draft),
+      m_Option7(u"Option7"_s, kChimeOptions, this, parts.handlers,
+                [this](qint32 index) { m_draft.settings.chimeMode = index; }),
+      m_Combo1(NamedControl(new QComboBox(this), u"Combo1"_s, u"時報音"_s)),
+      m_listen(NamedControl(new QPushButton(u"試聴"_s, this), u"Listen"_s, u"時報音を試聴する"_s)),
+      m_tellsNoCdDrive(NamedControl(new QCheckBox(u"CDドライブがないことを起動のときに知らせる"_s, this),
+                                    u"NoCdDrive"_s)) {
+    setObjectName(u"Picture4"_s);
+    auto* rows = new QVBoxLayout(this);
+    rows->addWidget(MakeSoundFrame());
+    rows->addWidget(MakeNoticeFrame());
+    rows->addStretch();
+}
+
+QWidget* ChimePage::MakeSoundFrame() {
+    auto* frame = NamedControl(new QGroupBox(u"時報音"_s, this), u"Frame9"_s);
+    m_listen->setAutoDefault(false);
+    auto* sound = new QHBoxLayout;
+    sound->addWidget(m_Combo1, 1);
+    sound->addWidget(m_listen);
+    auto* rows = new QVBoxLayout(frame);
+    rows->addLayout(sound);
+    for (QAbstractButton* option : m_Option7.Buttons()) {
+        rows->addWidget(option);
+    }
+    m_parts.handlers.Connect(m_Combo1, &QComboBox::activated, this, [this] { Combo1_Click(); });
+    m_parts.handlers.Connect(m_listen, &QPushButton::clicked, this,
+                             [this] { m_parts.operations.listen(m_draft.settings.chimeSound); });
+    return frame;
+}
+
+/// Seen only by whom it can give something back.
+QWidget* ChimePage::MakeNoticeFrame() {
+    auto* frame = NamedControl(new QGroupBox(u"メッセージ"_s, this), u"Frame10"_s);
+    frame->setVisible(!m_draft.further.tellsNoCdDrive);
+    auto* rows = new QVBoxLayout(frame);
+    rows->addWidget(m_tellsNoCdDrive);
+    m_parts.handlers.Connect(m_tellsNoCdDrive, &QCheckBox::clicked, this,
+                             [this] { m_draft.further.tellsNoCdDrive = m_tellsNoCdDrive->isChecked(); });
+    return frame;
+}
+
+void ChimePage::Form_Load() {
+    m_Option7.Select(m_draft.settings.chimeMode);
+    for (const QStringView sound : kChimeSounds) {
+        m_Combo1->addItem(sound.toString());
+    }
+    const QString& stored = m_draft.settings.chimeSound;
+    if (m_Combo1->findText(stored, Qt::MatchExactly | Qt::MatchCaseSensitive) < 0) {
+        m_Combo1->addItem(stored);  // a name that is none is silence, and stays so
+    }
+    m_Combo1->setCurrentIndex(m_Combo1->findText(stored, Qt::MatchExactly | Qt::MatchCaseSensitive));
+    EnableListen();
+}
+
+void ChimePage::Combo1_Click() {
+    m_draft.settings.chimeSound = m_Combo1->currentText();
+    EnableListen();
+}
+
+void ChimePage::EnableListen() {
+    const bool isSound = std::find(kChimeSounds.begin(), kChimeSounds.end(), m_draft.settings.chimeSound) !=
+                         kChimeSounds.end();
+    m_listen->setEnabled(isSound && m_parts.operations.listen != nullptr);
+}
+
+}  // namespace tickwell

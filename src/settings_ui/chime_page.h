@@ -1,0 +1,39 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QPushButton>
+#include <QWidget>
+
+#include "settings_ui/option_array.h"
+#include "settings_ui/settings_draft.h"
+#include "settings_ui/settings_parts.h"
+
+namespace tickwell {
+
+/// Page "時報" of the settings: the chime, and the notice that was silenced.
+class ChimePage : public QWidget {
+    Q_OBJECT
+
+public:
+    /// All outlive it.
+    ChimePage(const SettingsParts& parts, SettingsDraft& draft, QWidget* parent);
+
+    void Form_Load();
+
+private:
+    QWidget* MakeSoundFrame();
+    QWidget* MakeNoticeFrame();
+    void Combo1_Click();
+    void EnableListen();
+
+    SettingsParts m_parts;
+    SettingsDraft& m_draft;
+    OptionArray m_Option7;
+    QComboBox* m_Combo1;  // owned by the page, as all that follows
+    QPushButton* m_listen;
+    QCheckBox* m_tellsNoCdDrive;
+};
+
+}  // namespace tickwell

@@ -1,0 +1,39 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QGroupBox>
+#include <QWidget>
+
+#include "settings_ui/option_array.h"
+#include "settings_ui/settings_draft.h"
+#include "settings_ui/settings_parts.h"
+
+namespace tickwell {
+
+/// Page "時計" of the settings: language and styles of date and time.
+class ClockPage : public QWidget {
+    Q_OBJECT
+
+public:
+    /// All outlive it.
+    ClockPage(const SettingsParts& parts, SettingsDraft& draft, QWidget* parent);
+
+    void Form_Load();
+
+private:
+    QGroupBox* MakeFrame(const QString& name, const QString& caption, const OptionArray& options);
+    void Option3_Click(qint32 index);
+    void ShowLanguage();
+
+    SettingsDraft& m_draft;
+    OptionArray m_Option3;
+    OptionArray m_Option4;
+    OptionArray m_Option5;
+    OptionArray m_Option6;
+    QGroupBox* m_Frame5;  // owned by the page, as the others
+    QGroupBox* m_Frame6;
+    QGroupBox* m_Frame7;
+    QGroupBox* m_Frame8;
+};
+
+}  // namespace tickwell

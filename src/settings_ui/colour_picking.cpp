@@ -1,0 +1,26 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "settings_ui/colour_picking.h"
+
+#include <QColorDialog>
+#include <utility>
+
+#include "display/line_look.h"
+
+namespace tickwell {
+
+void OpenColourPicker(Handlers& handlers, const QString& title, qint32 color, QWidget* parent,
+                      std::function<void(qint32 color)> onPicked) {
+    auto* dialog = new QColorDialog(ColorOf(color), parent);
+    dialog->setObjectName(QStringLiteral("ColourPicker"));
+    dialog->setWindowTitle(title);
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    dialog->setOption(
+        QColorDialog::DontUseNativeDialog);  // one of the desktop's could lie below the main window
+    handlers.Connect(dialog, &QDialog::accepted, parent, [dialog, color, onPicked = std::move(onPicked)] {
+        const QColor picked = dialog->selectedColor();
+        onPicked(picked.rgb() == ColorOf(color).rgb() ? color : ColorNumberOf(picked));
+    });
+    dialog->open();
+}
+
+}  // namespace tickwell

@@ -1,0 +1,78 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QStringView>
+#include <array>
+#include <span>
+
+#include "core/display_function.h"
+
+namespace tickwell {
+
+/// One of several option buttons. The number stored is its index, which is not its place on the screen.
+struct OptionRow {
+    qint32 index = 0;
+    QStringView caption;
+};
+
+// Each list as it stands on the screen, top to bottom or left to right.
+
+inline constexpr std::array kRollOptions{
+    OptionRow{0, u"ロール機能を使用しない"},
+    OptionRow{1, u"ロール機能を使用する"},
+};
+
+inline constexpr std::array kWipeOptions{
+    OptionRow{0, u"左から右"},
+    OptionRow{1, u"右から左"},
+    OptionRow{2, u"上から下"},
+    OptionRow{3, u"下から上"},
+};
+
+inline constexpr std::array kLanguageOptions{
+    OptionRow{2, u"古代日本"},
+    OptionRow{1, u"英語"},
+    OptionRow{0, u"日本語"},
+};
+
+/// The captions follow the language.
+inline constexpr std::array kYearOptions{OptionRow{0, u"平成"}, OptionRow{1, u"西暦"}};
+
+inline constexpr std::array kStyleOptions{OptionRow{1, u"簡略表示"}, OptionRow{0, u"標準表示"}};
+
+inline constexpr std::array kHourOptions{OptionRow{1, u"24時間制"}, OptionRow{0, u"12時間制"}};
+
+inline constexpr std::array kChimeOptions{
+    OptionRow{2, u"利用しない"},
+    OptionRow{1, u"1時間おき"},
+    OptionRow{0, u"30分おき"},
+};
+
+/// A display that can be chosen for the roll.
+struct RollCheck {
+    QStringView name;
+    QStringView caption;
+    qint32 function = 0;
+};
+
+inline constexpr std::array kRollChecks{
+    RollCheck{u"Check4", u"メモリー監視", kFunctionMemory},
+    RollCheck{u"Check3", u"バッテリー監視（AC電源時は無効）", kFunctionBattery},
+    RollCheck{u"Check2", u"Windows時計", kFunctionUsage},
+    RollCheck{u"Check1", u"デジタル時計", kFunctionClock},
+};
+
+inline constexpr std::array<QStringView, 5> kChimeSounds{u"鳩時計の音", u"赤ちゃん", u"機械時計[高い音]",
+                                                         u"機械時計[低い音]", u"人の掛け声"};
+
+/// What the language makes of the other frames of the clock's page.
+struct YearWords {
+    bool enabled = false;  ///< year style, hour style and display style mean something in this language
+    QStringView frame;     ///< empty: the words stay as they are
+    std::array<QStringView, 2> captions;  ///< of the year options, by index
+};
+
+/// For a language that there is not, nothing is enabled.
+YearWords YearWordsOf(qint32 language);
+
+}  // namespace tickwell

@@ -1,0 +1,98 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "settings_ui/roll_page.h"
+
+#include <QHBoxLayout>
+#include <QLineEdit>
+#include <QSignalBlocker>
+#include <QVBoxLayout>
+
+#include "settings_ui/control_making.h"
+
+namespace tickwell {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// s
+constexpr int kShortest = 1;
+constexpr int kLongest = 3600;
+
+/// The toolkit keeps the text box of a spin box to itself.
+class IntervalBox : public QSpinBox {
+public:
+    explicit IntervalBox(QWidget* parent) : QSpinBox(parent) { lineEdit()->setObjectName(u"Text1"_s); }
+};
+
+}  // namespace
+
+RollPage::RollPage(const SettingsParts& parts, SettingsDraft& draft, QWidget* parent)
+    : QWidget(parent),
+      m_handlers(parts.handlers),
+      m_draft(draft),
+      m_Option1(u"Option1"_s, kRollOptions, this, parts.handlers,
+                [this](qint32 index) { Option1_Click(index); }),
+      m_frame(NamedControl(new QGroupBox(u"ロール機能"_s, this), u"Frame4"_s)),
+      m_UpDown1(nullptr) {
+    setObjectName(u"Picture2"_s);
+    auto* rows = new QVBoxLayout(this);
+    for (QAbstractButton* option : m_Option1.Buttons()) {
+        rows->addWidget(option);
+    }
+    rows->addWidget(MakeFrame());
+    rows->addStretch();
+}
+
+QWidget* RollPage::MakeFrame() {
+    auto* rows = new QVBoxLayout(m_frame);
+    rows->addWidget(NamedControl(
+        MakeExplanation(u"通常時に表示するものを、複数指定することができます。"_s, this), u"Label3"_s));
+    for (std::size_t i = 0; i < kRollChecks.size(); ++i) {
+        const RollCheck& row = kRollChecks.at(i);
+        QCheckBox* box = NamedControl(new QCheckBox(row.caption.toString(), this), row.name.toString());
+        m_handlers.Connect(box, &QCheckBox::clicked, this, [this, box, function = row.function] {
+            m_draft.ChooseForRoll(function, box->isChecked());
+        });
+        m_checks.at(i) = box;
+        rows->addWidget(box);
+    }
+    MakeInterval();
+    auto* label = NamedControl(new QLabel(u"交換速度"_s, this), u"Label4"_s);
+    label->setBuddy(m_UpDown1);
+    auto* interval = new QHBoxLayout;
+    interval->addWidget(label);
+    interval->addWidget(m_UpDown1);
+    interval->addStretch();
+    rows->addLayout(interval);
+    return m_frame;
+}
+
+void RollPage::MakeInterval() {
+    m_UpDown1 = NamedControl(new IntervalBox(this), u"UpDown1"_s, u"交換速度"_s);
+    m_UpDown1->setRange(kShortest, kLongest);
+    m_UpDown1->setSuffix(u" 秒"_s);
+    m_handlers.Connect(m_UpDown1, &QSpinBox::valueChanged, this,
+                       [this] { m_draft.further.roll.interval = m_UpDown1->value(); });
+}
+
+void RollPage::Form_Load() {
+    const RollSettings& roll = m_draft.further.roll;
+    m_Option1.Select(roll.use ? 1 : 0);
+    for (std::size_t i = 0; i < kRollChecks.size(); ++i) {
+        m_checks.at(i)->setChecked(roll.kinds.contains(kRollChecks.at(i).function));
+    }
+    const QSignalBlocker quiet(m_UpDown1);  // an interval that it cannot show stays in the draft
+    m_UpDown1->setValue(roll.interval);
+    ShowUse();
+}
+
+void RollPage::Option1_Click(qint32 index) {
+    m_draft.further.roll.use = index == 1;
+    ShowUse();
+}
+
+void RollPage::ShowUse() {
+    m_frame->setEnabled(m_draft.further.roll.use);
+}
+
+}  // namespace tickwell

@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QCheckBox>
+#include <QGroupBox>
+#include <QSpinBox>
+#include <QWidget>
+#include <array>
+
+#include "settings_ui/option_array.h"
+#include "settings_ui/settings_draft.h"
+#include "settings_ui/settings_parts.h"
+
+namespace tickwell {
+
+/// Page "ロール" of the settings: which displays take turns, and how fast.
+class RollPage : public QWidget {
+    Q_OBJECT
+
+public:
+    /// All outlive it.
+    RollPage(const SettingsParts& parts, SettingsDraft& draft, QWidget* parent);
+
+    void Form_Load();
+
+private:
+    QWidget* MakeFrame();
+    void MakeInterval();
+    void Option1_Click(qint32 index);
+    void ShowUse();
+
+    Handlers& m_handlers;
+    SettingsDraft& m_draft;
+    OptionArray m_Option1;
+    QGroupBox* m_frame;  // owned by the page, as all that follows
+    std::array<QCheckBox*, kRollChecks.size()> m_checks{};
+    QSpinBox* m_UpDown1;  // with its text box, Text1
+};
+
+}  // namespace tickwell

@@ -1,0 +1,96 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "settings_ui/sample_frame.h"
+
+#include <QEvent>
+#include <QVBoxLayout>
+#include <algorithm>
+
+#include "display/line_look.h"
+#include "display/line_styles.h"
+#include "settings_ui/control_making.h"
+
+namespace tickwell {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kSampleTick = 3000;  // ms
+constexpr int kRoom = 2;           // lines of the dialog's own text that fit into each sample
+
+void SetBackground(QWidget& widget, qint32 color) {
+    QPalette palette = widget.palette();
+    palette.setColor(QPalette::Window, ColorOf(color));
+    widget.setPalette(palette);
+}
+
+/// Over a blank line: a text that wipes over itself is not seen to move.
+void WipeIn(MovingWord& word, const QString& text) {
+    word.SetText(QString());
+    word.ShowText(text);
+}
+
+}  // namespace
+
+SampleFrame::SampleFrame(const Clock& clock, TimerSource& timers, Handlers& handlers, QWidget* parent)
+    : QGroupBox(u"サンプル"_s, parent),
+      m_pacer(clock, timers),
+      m_Pic(NamedControl(new QFrame(this), u"Pic"_s)),
+      m_Pic2(NamedControl(new QFrame(this), u"Pic2"_s)),
+      m_MovingWord1(NamedControl(new MovingWord({clock, timers, m_pacer}, m_Pic), u"MovingWord1"_s)),
+      m_MovingWord2(NamedControl(new MovingWord({clock, timers, m_pacer}, m_Pic2), u"MovingWord2"_s)),
+      m_Timer1(handlers.MakeTimer(timers, kSampleTick, [this] { Timer1_Timer(); })) {
+    auto* rows = new QVBoxLayout(this);
+    for (QFrame* picture : {m_Pic, m_Pic2}) {
+        picture->setAutoFillBackground(true);
+        picture->setFixedHeight(fontMetrics().height() * kRoom);
+        picture->installEventFilter(this);
+        rows->addWidget(picture);
+    }
+    rows->addWidget(NamedControl(MakeExplanation(u"画面の都合上一部だけの表示となることがあります"_s, this),
+                                 u"Label1"_s));
+}
+
+SampleFrame::~SampleFrame() {
+    delete m_MovingWord1;  // before the pacer that they paint by
+    delete m_MovingWord2;
+}
+
+void SampleFrame::Refresh(const AppSettings& settings) {
+    ApplyLineStyles(*m_MovingWord1, *m_MovingWord2, settings);
+    SetBackground(*m_Pic, settings.backColor);
+    SetBackground(*m_Pic2, settings.backColor);
+    PlaceLines();
+    if (!m_MovingWord1->IsWiping() && !m_MovingWord2->IsWiping()) {
+        m_Timer1->Start();
+        Timer1_Timer();
+    }
+}
+
+/// A slow wipe is let come to its end.
+void SampleFrame::Timer1_Timer() {
+    if (!m_MovingWord1->IsWiping()) {
+        WipeIn(*m_MovingWord1, u"上段の文字サンプル"_s);
+    }
+    if (!m_MovingWord2->IsWiping()) {
+        WipeIn(*m_MovingWord2, u"下段の文字サンプル"_s);
+    }
+}
+
+/// In the middle of their pictures; a line that is higher loses its foot, as it does not in the main window.
+void SampleFrame::PlaceLines() {
+    for (MovingWord* word : {m_MovingWord1, m_MovingWord2}) {
+        const QSize room = word->parentWidget()->size();
+        const int height = word->TextHeight();
+        word->setGeometry(0, std::max(0, (room.height() - height) / 2), room.width(), height);
+    }
+}
+
+bool SampleFrame::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::Resize) {
+        PlaceLines();
+    }
+    return QGroupBox::eventFilter(watched, event);
+}
+
+}  // namespace tickwell

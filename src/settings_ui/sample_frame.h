@@ -1,0 +1,44 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QFrame>
+#include <QGroupBox>
+#include <memory>
+
+#include "core/handlers.h"
+#include "core/ports/clock.h"
+#include "core/settings.h"
+#include "display/frame_pacer.h"
+#include "display/moving_word.h"
+
+namespace tickwell {
+
+/// The live sample: two lines as the main window has them, which bring in their texts again and again.
+class SampleFrame : public QGroupBox {
+    Q_OBJECT
+
+public:
+    /// All outlive it. It rests until Refresh.
+    SampleFrame(const Clock& clock, TimerSource& timers, Handlers& handlers, QWidget* parent);
+    ~SampleFrame() override;
+
+    /// Gives the lines their looks with the next frame. A line that rests brings its text in anew, so that a
+    /// wipe is seen; one that wipes goes on in the new way.
+    void Refresh(const AppSettings& settings);
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    void Timer1_Timer();
+    void PlaceLines();
+
+    FramePacer m_pacer;
+    QFrame* m_Pic;  // owned by the frame, with its line
+    QFrame* m_Pic2;
+    MovingWord* m_MovingWord1;
+    MovingWord* m_MovingWord2;
+    std::unique_ptr<Timer> m_Timer1;
+};
+
+}  // namespace tickwell

@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QString>
+#include <functional>
+
+#include "core/handlers.h"
+#include "core/ports/clock.h"
+#include "core/ports/help_viewer.h"
+#include "core/ports/timer.h"
+#include "core/settings.h"
+
+namespace tickwell {
+
+/// What the settings dialog asks of the rest of the program.
+struct SettingsOperations {
+    /// The settings have changed: the main window takes them over. Throws RunTimeError.
+    std::function<void()> apply;
+    /// Called with true after OK has applied: today's names and the date are looked up anew.
+    std::function<void(bool)> refresh;
+    /// Called with true while the dialog is open: nothing comes above it.
+    std::function<void(bool)> holdKeepTop;
+    /// Plays the sound of this name once. Empty: the button beside the sounds is disabled.
+    std::function<void(const QString& soundName)> listen;
+    /// Compacts the day database and tells the user. Empty: its frame is disabled. Throws RunTimeError.
+    std::function<void()> compact;
+};
+
+/// What the settings dialog works with; all outlive it.
+struct SettingsParts {
+    AppSettings& settings;
+    FurtherSettings& further;
+    const Clock& clock;
+    TimerSource& timers;
+    Handlers& handlers;
+    HelpViewer& help;
+    SettingsOperations operations;
+};
+
+}  // namespace tickwell

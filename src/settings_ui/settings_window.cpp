@@ -1,0 +1,92 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "settings_ui/settings_window.h"
+
+#include <QHBoxLayout>
+#include <QShowEvent>
+#include <QTabBar>
+#include <QVBoxLayout>
+
+#include "settings_ui/control_making.h"
+#include "settings_ui/database_page.h"
+
+namespace tickwell {
+
+using namespace Qt::StringLiterals;
+
+Form2::Form2(const SettingsParts& parts, QWidget* parent)
+    : QDialog(parent),
+      m_parts(parts),
+      m_draft{parts.settings, parts.further},
+      m_TabStrip1(NamedControl(new QTabWidget(this), u"TabStrip1"_s)),
+      m_textPage(new TextPage(m_parts, m_draft, this)),
+      m_clockPage(new ClockPage(m_parts, m_draft, this)),
+      m_rollPage(new RollPage(m_parts, m_draft, this)),
+      m_chimePage(new ChimePage(m_parts, m_draft, this)) {
+    setObjectName(u"Form2"_s);
+    setWindowTitle(u"環境設定"_s);
+    setWindowModality(Qt::ApplicationModal);
+    m_TabStrip1->addTab(m_textPage, u"文字表示"_s);
+    m_TabStrip1->addTab(m_clockPage, u"時計"_s);
+    m_TabStrip1->addTab(m_rollPage, u"ロール"_s);
+    m_TabStrip1->addTab(m_chimePage, u"時報"_s);
+    m_TabStrip1->addTab(new DatabasePage(m_parts, this), u"データベース"_s);
+
+    auto* buttons = new QHBoxLayout;
+    QPushButton* ok = MakeButton(u"Command1"_s, u"OK"_s, &Form2::Command1_Click);
+    ok->setDefault(true);
+    buttons->addStretch();
+    buttons->addWidget(ok);
+    buttons->addWidget(MakeButton(u"Command2"_s, u"キャンセル"_s, &Form2::reject));
+    buttons->addWidget(MakeButton(u"Command3"_s, u"適用"_s, &Form2::Command3_Click));
+    buttons->addWidget(MakeButton(u"Command8"_s, u"ヘルプ"_s, &Form2::Command8_Click));
+    auto* rows = new QVBoxLayout(this);
+    rows->addWidget(m_TabStrip1);
+    rows->addLayout(buttons);
+    rows->setSizeConstraint(QLayout::SetFixedSize);
+    Form_Load();
+}
+
+QPushButton* Form2::MakeButton(const QString& name, const QString& caption, void (Form2::*clicked)()) {
+    auto* button = NamedControl(new QPushButton(caption, this), name);
+    m_parts.handlers.Connect(button, &QPushButton::clicked, this, [this, clicked] { (this->*clicked)(); });
+    return button;
+}
+
+void Form2::Form_Load() {
+    m_textPage->Form_Load();
+    m_clockPage->Form_Load();
+    m_rollPage->Form_Load();
+    m_chimePage->Form_Load();
+    m_TabStrip1->tabBar()->setFocus();
+}
+
+void Form2::Command1_Click() {
+    Command3_Click();
+    m_parts.operations.refresh(true);
+    accept();
+}
+
+void Form2::Command3_Click() {
+    m_draft.ApplyTo(m_parts.settings, m_parts.further);
+    m_parts.operations.apply();
+}
+
+void Form2::Command8_Click() {
+    m_parts.help.ShowTopic(kHelpSettings);
+}
+
+void Form2::showEvent(QShowEvent* event) {
+    if (!event->spontaneous()) {
+        m_parts.operations.holdKeepTop(true);
+    }
+    QDialog::showEvent(event);
+}
+
+void Form2::hideEvent(QHideEvent* event) {
+    if (!event->spontaneous()) {
+        m_parts.operations.holdKeepTop(false);
+    }
+    QDialog::hideEvent(event);
+}
+
+}  // namespace tickwell

@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QDialog>
+#include <QPushButton>
+#include <QTabWidget>
+
+#include "settings_ui/chime_page.h"
+#include "settings_ui/clock_page.h"
+#include "settings_ui/roll_page.h"
+#include "settings_ui/settings_draft.h"
+#include "settings_ui/settings_parts.h"
+#include "settings_ui/text_page.h"
+
+namespace tickwell {
+
+/// The settings dialog. It works on a copy, which OK and apply hand to the program; nothing is written to the
+/// disk. Application-modal, opened with show(): the display function must not be chosen elsewhere meanwhile.
+class Form2 : public QDialog {
+    Q_OBJECT
+
+public:
+    explicit Form2(const SettingsParts& parts, QWidget* parent = nullptr);
+
+protected:
+    void showEvent(QShowEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
+
+private:
+    void Form_Load();
+    void Command1_Click();
+    void Command3_Click();
+    void Command8_Click();
+    QPushButton* MakeButton(const QString& name, const QString& caption, void (Form2::*clicked)());
+
+    SettingsParts m_parts;
+    SettingsDraft m_draft;
+    QTabWidget* m_TabStrip1;  // owned by the dialog, with its pages
+    TextPage* m_textPage;
+    ClockPage* m_clockPage;
+    RollPage* m_rollPage;
+    ChimePage* m_chimePage;
+};
+
+}  // namespace tickwell

@@ -1,0 +1,119 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "settings_ui/text_page.h"
+
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QSignalBlocker>
+#include <QVBoxLayout>
+
+#include "settings_ui/colour_picking.h"
+#include "settings_ui/control_making.h"
+#include "settings_ui/style_picker.h"
+
+namespace tickwell {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// The fastest leaves 2 ms between two frames of a wipe.
+constexpr int kSlowest = 1;
+constexpr int kFastest = 34;
+constexpr int kSpeedPage = 5;
+
+}  // namespace
+
+TextPage::TextPage(const SettingsParts& parts, SettingsDraft& draft, QWidget* parent)
+    : QWidget(parent),
+      m_handlers(parts.handlers),
+      m_draft(draft),
+      m_Option2(u"Option2"_s, kWipeOptions, this, parts.handlers,
+                [this](qint32 index) { Option2_Click(index); }),
+      m_Slider1(NamedControl(new QSlider(Qt::Horizontal, this), u"Slider1"_s, u"ｽｸﾛｰﾙ速度"_s)),
+      m_sample(NamedControl(new SampleFrame(parts.clock, parts.timers, parts.handlers, this), u"Frame2"_s)) {
+    setObjectName(u"Picture1"_s);
+    auto* buttons = new QHBoxLayout;
+    buttons->addWidget(MakeButton(u"Command6"_s, u"上段文字＞＞"_s, &TextPage::Command6_Click));
+    buttons->addWidget(MakeButton(u"Command7"_s, u"下段文字＞＞"_s, &TextPage::Command7_Click));
+    buttons->addWidget(MakeButton(u"Command5"_s, u"背景色＞＞"_s, &TextPage::Command5_Click));
+    auto* grid = new QGridLayout(this);
+    grid->addWidget(MakeWipeFrame(), 0, 0);
+    grid->addWidget(m_sample, 0, 1);
+    grid->addWidget(MakeSpeedFrame(), 1, 0, 1, 2);
+    grid->addLayout(buttons, 2, 0, 1, 2);
+    grid->setColumnStretch(1, 1);
+    grid->setRowStretch(3, 1);
+}
+
+QWidget* TextPage::MakeWipeFrame() {
+    auto* frame = NamedControl(new QGroupBox(u"ワイプ形式"_s, this), u"Frame1"_s);
+    auto* rows = new QVBoxLayout(frame);
+    for (QAbstractButton* option : m_Option2.Buttons()) {
+        rows->addWidget(option);
+    }
+    rows->addStretch();
+    return frame;
+}
+
+QWidget* TextPage::MakeSpeedFrame() {
+    auto* frame = NamedControl(new QGroupBox(u"ｽｸﾛｰﾙ速度"_s, this), u"Frame3"_s);
+    m_Slider1->setRange(kSlowest, kFastest);
+    m_Slider1->setPageStep(kSpeedPage);
+    m_handlers.Connect(m_Slider1, &QSlider::valueChanged, this, [this] { Slider1_Change(); });
+    auto* row = new QHBoxLayout(frame);
+    row->addWidget(new QLabel(u"遅い"_s, this));
+    row->addWidget(m_Slider1);
+    row->addWidget(new QLabel(u"速い"_s, this));
+    return frame;
+}
+
+QPushButton* TextPage::MakeButton(const QString& name, const QString& caption, void (TextPage::*clicked)()) {
+    auto* button = NamedControl(new QPushButton(caption, this), name);
+    button->setAutoDefault(false);
+    m_handlers.Connect(button, &QPushButton::clicked, this, [this, clicked] { (this->*clicked)(); });
+    return button;
+}
+
+void TextPage::Form_Load() {
+    const QSignalBlocker quiet(m_Slider1);  // a speed that it cannot show stays in the draft
+    m_Slider1->setValue(m_draft.settings.wipeSpeed);
+    m_Option2.Select(m_draft.settings.wipeKind);
+    RefreshSample();
+}
+
+void TextPage::Option2_Click(qint32 index) {
+    m_draft.settings.wipeKind = index;
+    RefreshSample();
+}
+
+void TextPage::Slider1_Change() {
+    m_draft.settings.wipeSpeed = m_Slider1->value();
+    RefreshSample();
+}
+
+void TextPage::Command5_Click() {
+    OpenColourPicker(m_handlers, u"背景色"_s, m_draft.settings.backColor, this, [this](qint32 color) {
+        m_draft.settings.backColor = color;
+        RefreshSample();
+    });
+}
+
+void TextPage::Command6_Click() {
+    PickStyle(u"上段文字"_s, m_draft.settings.upper);
+}
+
+void TextPage::Command7_Click() {
+    PickStyle(u"下段文字"_s, m_draft.settings.lower);
+}
+
+void TextPage::PickStyle(const QString& title, LineStyle& style) {
+    auto* picker = new StylePicker(m_handlers, title, style, m_draft.settings.backColor, this);
+    picker->setAttribute(Qt::WA_DeleteOnClose);
+    m_handlers.Connect(picker, &QDialog::accepted, this, [this, picker, &style] {
+        style = picker->Picked();
+        RefreshSample();
+    });
+    picker->open();
+}
+
+}  // namespace tickwell

@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QPushButton>
+#include <QSlider>
+#include <QWidget>
+
+#include "settings_ui/option_array.h"
+#include "settings_ui/sample_frame.h"
+#include "settings_ui/settings_draft.h"
+#include "settings_ui/settings_parts.h"
+
+namespace tickwell {
+
+/// Page "文字表示" of the settings: wipe, speed, fonts and colours of the lines, with a live sample.
+class TextPage : public QWidget {
+    Q_OBJECT
+
+public:
+    /// All outlive it.
+    TextPage(const SettingsParts& parts, SettingsDraft& draft, QWidget* parent);
+
+    /// Shows the draft and lets the sample run.
+    void Form_Load();
+
+private:
+    QWidget* MakeWipeFrame();
+    QWidget* MakeSpeedFrame();
+    QPushButton* MakeButton(const QString& name, const QString& caption, void (TextPage::*clicked)());
+    void Option2_Click(qint32 index);
+    void Slider1_Change();
+    void Command5_Click();
+    void Command6_Click();
+    void Command7_Click();
+    void PickStyle(const QString& title, LineStyle& style);
+    void RefreshSample() { m_sample->Refresh(m_draft.settings); }
+
+    Handlers& m_handlers;
+    SettingsDraft& m_draft;
+    OptionArray m_Option2;
+    QSlider* m_Slider1;  // owned by the page, as all that follows
+    SampleFrame* m_sample;
+};
+
+}  // namespace tickwell
