@@ -47,7 +47,7 @@ QGroupBox* ClockPage::MakeFrame(const QString& name, const QString& caption, con
     auto* rows = new QVBoxLayout(frame);
     if (name == u"Frame5") {
         rows->addWidget(NamedControl(
-            MakeExplanation(u"ﾃﾞｼﾞﾀﾙ時計,Windows時計においての、表示言語（方法）を指定します。"_s, this),
+            new QLabel(u"ﾃﾞｼﾞﾀﾙ時計,Windows時計においての、表示言語（方法）を指定します。"_s, this),
             u"Label2"_s));
     }
     rows->addLayout(row);

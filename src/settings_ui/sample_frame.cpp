@@ -16,7 +16,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int kSampleTick = 3000;  // ms
-constexpr int kRoom = 2;           // lines of the dialog's own text that fit into each sample
+constexpr int kRoom = 2;           // lines of the dialog's own text that fit into each sample at least
 
 void SetBackground(QWidget& widget, qint32 color) {
     QPalette palette = widget.palette();
@@ -43,12 +43,12 @@ SampleFrame::SampleFrame(const Clock& clock, TimerSource& timers, Handlers& hand
     auto* rows = new QVBoxLayout(this);
     for (QFrame* picture : {m_Pic, m_Pic2}) {
         picture->setAutoFillBackground(true);
-        picture->setFixedHeight(fontMetrics().height() * kRoom);
+        picture->setMinimumHeight(fontMetrics().height() * kRoom);
         picture->installEventFilter(this);
-        rows->addWidget(picture);
+        rows->addWidget(picture, 1);
     }
-    rows->addWidget(NamedControl(MakeExplanation(u"画面の都合上一部だけの表示となることがあります"_s, this),
-                                 u"Label1"_s));
+    rows->addWidget(
+        NamedControl(new QLabel(u"画面の都合上一部だけの表示となることがあります"_s, this), u"Label1"_s));
 }
 
 SampleFrame::~SampleFrame() {

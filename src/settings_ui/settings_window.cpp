@@ -42,7 +42,6 @@ Form2::Form2(const SettingsParts& parts, QWidget* parent)
     auto* rows = new QVBoxLayout(this);
     rows->addWidget(m_TabStrip1);
     rows->addLayout(buttons);
-    rows->setSizeConstraint(QLayout::SetFixedSize);
     Form_Load();
 }
 

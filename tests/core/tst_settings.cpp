@@ -39,7 +39,33 @@ private Q_SLOTS:
     void AStoredWidthOfTwips2505Point6Is2506();
     void KeysLiveInTheirSection();
     void AnEmptyTextIsAText();
+    void AFirstStartRollsNotAndTellsOfTheDrive();
+    void FurtherSettingsAtTheirDefaultsAreNotWritten();
+    void WhatDiffersIsWrittenAfterTheOtherKeys();
+    void WhatStandsThereAlreadyIsWrittenBack();
+    void FurtherSettingsComeBackAsTheyWereSaved_data();
+    void FurtherSettingsComeBackAsTheyWereSaved();
+    void BadFurtherValuesAreNamed_data();
+    void BadFurtherValuesAreNamed();
 };
+
+namespace {
+
+FurtherSettings LoadedFurther(const SettingsStore& store) {
+    FurtherSettings further;
+    LoadFurtherSettings(store, further);
+    return further;
+}
+
+QString WrittenBehindTheOthers(const FakeSettingsStore& store) {
+    QStringList written;
+    for (const auto& [section, key] : store.Written().mid(27)) {
+        written.append(section + u'/' + key + u'=' + store.Values().value({section, key}));
+    }
+    return written.join(u' ');
+}
+
+}  // namespace
 
 void TstSettings::AFirstStartHasTheDefaults() {
     const FakeSettingsStore store;
@@ -269,6 +295,85 @@ void TstSettings::AnEmptyTextIsAText() {
     FakeSettingsStore store;
     store.Put(u"SetUp"_s, u"Clock_File"_s, u""_s);
     QCOMPARE(Loaded(store).chimeSound, QString());
+}
+
+void TstSettings::AFirstStartRollsNotAndTellsOfTheDrive() {
+    const FakeSettingsStore store;
+    const FurtherSettings further = LoadedFurther(store);
+    QCOMPARE(further.roll.use, false);
+    QCOMPARE(further.roll.kinds, (QList<qint32>{0, 1, 4, 5}));
+    QCOMPARE(further.roll.interval, 10);
+    QCOMPARE(further.tellsNoCdDrive, true);
+    QCOMPARE(further, FurtherSettings());
+}
+
+void TstSettings::FurtherSettingsAtTheirDefaultsAreNotWritten() {
+    FakeSettingsStore store;
+    SaveSettings(store, Loaded(store), {}, {});
+    QCOMPARE(store.Written().size(), 27);
+}
+
+void TstSettings::WhatDiffersIsWrittenAfterTheOtherKeys() {
+    FakeSettingsStore store;
+    SaveSettings(store, Loaded(store), {{true, {0, 5}, 3}, false}, {});
+    QCOMPARE(WrittenBehindTheOthers(store),
+             u"Roll/Use=True Roll/Kinds=0,5 Roll/Interval=3 Notice/NoCdDrive=False"_s);
+    QCOMPARE(store.Commits(), 1);
+}
+
+void TstSettings::WhatStandsThereAlreadyIsWrittenBack() {
+    FakeSettingsStore store;
+    store.Put(u"Roll"_s, u"Interval"_s, u"60"_s);
+    store.Put(u"Notice"_s, u"NoCdDrive"_s, u"False"_s);
+    SaveSettings(store, Loaded(store), {}, {});
+    QCOMPARE(WrittenBehindTheOthers(store), u"Roll/Interval=10 Notice/NoCdDrive=True"_s);
+}
+
+void TstSettings::FurtherSettingsComeBackAsTheyWereSaved_data() {
+    QTest::addColumn<bool>("use");
+    QTest::addColumn<QList<qint32>>("kinds");
+    QTest::addColumn<qint32>("interval");
+    QTest::addColumn<bool>("tells");
+    QTest::newRow("on, all") << true << QList<qint32>{0, 1, 4, 5} << 10 << true;
+    QTest::newRow("two, quickly") << true << QList<qint32>{1, 4} << 1 << false;
+    QTest::newRow("none is chosen") << false << QList<qint32>() << 3600 << true;
+    QTest::newRow("numbers that mean nothing") << true << QList<qint32>{5, 99, -1, 5} << -7 << false;
+}
+
+void TstSettings::FurtherSettingsComeBackAsTheyWereSaved() {
+    QFETCH(bool, use);
+    QFETCH(QList<qint32>, kinds);
+    QFETCH(qint32, interval);
+    QFETCH(bool, tells);
+    const FurtherSettings saved{{use, kinds, interval}, tells};
+    FakeSettingsStore store;
+    SaveSettings(store, Loaded(store), saved, {});
+    QCOMPARE(LoadedFurther(store), saved);
+}
+
+void TstSettings::BadFurtherValuesAreNamed_data() {
+    QTest::addColumn<QString>("section");
+    QTest::addColumn<QString>("key");
+    QTest::addColumn<QString>("value");
+    QTest::newRow("no flag") << u"Roll"_s << u"Use"_s << u"on"_s;
+    QTest::newRow("a word among numbers") << u"Roll"_s << u"Kinds"_s << u"0,clock"_s;
+    QTest::newRow("blanks between commas") << u"Roll"_s << u"Kinds"_s << u"0, ,1"_s;
+    QTest::newRow("no number") << u"Roll"_s << u"Interval"_s << u""_s;
+    QTest::newRow("notice") << u"Notice"_s << u"NoCdDrive"_s << u"never"_s;
+}
+
+void TstSettings::BadFurtherValuesAreNamed() {
+    QFETCH(QString, section);
+    QFETCH(QString, key);
+    QFETCH(QString, value);
+    FakeSettingsStore store;
+    store.Put(section, key, value);
+    try {
+        LoadedFurther(store);
+        QFAIL("the value was taken");
+    } catch (const SettingsError& error) {
+        QVERIFY2(error.Reason().startsWith(u'[' + section + u"] " + key + u'=' + value), error.what());
+    }
 }
 
 QTEST_GUILESS_MAIN(TstSettings)

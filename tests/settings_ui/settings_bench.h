@@ -1,0 +1,66 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QAbstractButton>
+
+#include "display/main_window_bench.h"
+#include "settings_ui/settings_window.h"
+#include "support/fake_help_viewer.h"
+
+namespace tickwell {
+
+/// The settings dialog over a real main window; it notes what was asked of the program.
+struct SettingsBench {
+    MainWindowBench main;
+    FakeHelpViewer help;
+    QStringList asked;
+    SettingsOperations operations{
+        [this] {
+            asked.append(QStringLiteral("apply"));
+            main.form->ApplySettings();
+        },
+        [this](bool flag) {
+            asked.append(QStringLiteral("refresh %1").arg(flag));
+            main.form->RaiseRefresh();
+        },
+        [this](bool held) {
+            asked.append(QStringLiteral("hold %1").arg(held));
+            main.form->HoldKeepTop(held);
+        },
+        [this](const QString& sound) { asked.append(QStringLiteral("listen ") + sound); },
+        [this] { asked.append(QStringLiteral("compact")); }};
+    std::unique_ptr<Form2> form;
+
+    /// Starts the main window, lets its start-up delay pass, and opens the dialog.
+    void Open() {
+        if (main.form == nullptr) {
+            main.Start();
+            main.time.Advance(11'000);
+        }
+        form = std::make_unique<Form2>(SettingsParts{main.settings, main.further, main.time, main.time,
+                                                     main.handlers, help, operations});
+        form->show();
+    }
+
+    template <typename Control>
+    Control& Child(const QString& name) const {
+        return *form->findChild<Control*>(name);
+    }
+    QAbstractButton& Button(const QString& name) const { return Child<QAbstractButton>(name); }
+    void Click(const QString& name) const { Button(name).click(); }
+
+    /// Which of the option buttons is on, by its index; -1: none.
+    qint32 Selected(const QString& array) const {
+        for (qint32 index = 0; index < 4; ++index) {
+            const auto* option =
+                form->findChild<QAbstractButton*>(QStringLiteral("%1(%2)").arg(array).arg(index));
+            if (option != nullptr && option->isChecked()) {
+                return index;
+            }
+        }
+        return -1;
+    }
+    MovingWord& Sample(int line) const { return Child<MovingWord>(QStringLiteral("MovingWord%1").arg(line)); }
+};
+
+}  // namespace tickwell

@@ -1,0 +1,74 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include <QFontInfo>
+#include <QTest>
+
+#include "display/line_look.h"
+#include "settings_ui/picked_style.h"
+
+using namespace tickwell;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const LineStyle kStored{u"No Such Font"_s, 10, 65280, false, true, false, true};
+
+}  // namespace
+
+/// What is taken over of a style that was looked at in a picker.
+class TstPickedStyle : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase() { InstallFontSubstitutes(); }
+    void TheMachinesFontIsOffered();
+    void LookingChangesNothing_data();
+    void LookingChangesNothing();
+    void ANewFamilyIsTaken();
+    void AllElseThatWasChangedIsTaken();
+};
+
+void TstPickedStyle::TheMachinesFontIsOffered() {
+    const LineStyle offered = OfferedStyle(kStored);
+    QCOMPARE(offered.fontName, QFontInfo(QFont(u"No Such Font"_s)).family());
+    QVERIFY(offered.fontName != kStored.fontName);
+    QCOMPARE(offered.fontSize, qint16{10});
+}
+
+void TstPickedStyle::LookingChangesNothing_data() {
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<qint16>("size");
+    QTest::newRow("first start") << u"ＭＳ Ｐゴシック"_s << qint16{10};
+    QTest::newRow("no such font") << u"No Such Font"_s << qint16{10};
+    QTest::newRow("no name") << QString() << qint16{10};
+    QTest::newRow("size of nothing") << u"Monapo"_s << qint16{0};
+    QTest::newRow("size below") << u"Monapo"_s << qint16{-32768};
+    QTest::newRow("size above") << u"Monapo"_s << qint16{32767};
+}
+
+void TstPickedStyle::LookingChangesNothing() {
+    QFETCH(QString, name);
+    QFETCH(qint16, size);
+    LineStyle stored = kStored;
+    stored.fontName = name;
+    stored.fontSize = size;
+    const LineStyle offered = OfferedStyle(stored);
+    QVERIFY(offered.fontSize >= kSmallestSize && offered.fontSize <= kLargestSize);
+    QCOMPARE(PickedStyle(stored, offered, offered), stored);
+}
+
+void TstPickedStyle::ANewFamilyIsTaken() {
+    const LineStyle offered = OfferedStyle(kStored);
+    LineStyle picked = offered;
+    picked.fontName = u"Another"_s;
+    QCOMPARE(PickedStyle(kStored, offered, picked).fontName, u"Another"_s);
+}
+
+void TstPickedStyle::AllElseThatWasChangedIsTaken() {
+    const LineStyle offered = OfferedStyle(kStored);
+    const LineStyle picked{offered.fontName, 11, 255, true, false, true, false};
+    const LineStyle expected{u"No Such Font"_s, 11, 255, true, false, true, false};
+    QCOMPARE(PickedStyle(kStored, offered, picked), expected);
+}
+
+QTEST_MAIN(TstPickedStyle)
+#include "tst_picked_style.moc"

@@ -1,0 +1,66 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include <QTest>
+
+#include "settings_ui/settings_draft.h"
+
+using namespace tickwell;
+
+/// The working copy of the settings, without a window.
+class TstSettingsDraft : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void NothingChangesBeforeItIsApplied();
+    void AllIsCopiedBackButTheFunction();
+    void DisplaysJoinAndLeaveTheRollInTheirOrder();
+    void NumbersThatAreNoDisplayStayInTheRoll();
+};
+
+void TstSettingsDraft::NothingChangesBeforeItIsApplied() {
+    AppSettings settings;
+    FurtherSettings further;
+    SettingsDraft draft{settings, further};
+    draft.settings.language = 1;
+    draft.ChooseForRoll(0, false);
+    QCOMPARE(settings, AppSettings());
+    QCOMPARE(further, FurtherSettings());
+}
+
+void TstSettingsDraft::AllIsCopiedBackButTheFunction() {
+    AppSettings settings;
+    FurtherSettings further;
+    SettingsDraft draft{settings, further};
+    draft.settings = {2, QStringLiteral("x"), 4, 33, 1, 255, {}, {}, 2, 1, 1, 1, 9};
+    draft.settings.upper = {QStringLiteral("Font"), 20, 1, true, true, true, true};
+    draft.settings.lower = {QStringLiteral("Other"), 8, 2, true, false, true, false};
+    draft.further = {{true, {0}, 99}, false};
+    settings.function = 1;  // the roll went on meanwhile
+    draft.ApplyTo(settings, further);
+    QCOMPARE(settings.function, 1);
+    settings.function = draft.settings.function;
+    QCOMPARE(settings, draft.settings);
+    QCOMPARE(further, draft.further);
+}
+
+void TstSettingsDraft::DisplaysJoinAndLeaveTheRollInTheirOrder() {
+    SettingsDraft draft{{}, {}};
+    draft.ChooseForRoll(1, false);
+    draft.ChooseForRoll(0, false);
+    QCOMPARE(draft.further.roll.kinds, (QList<qint32>{4, 5}));
+    draft.ChooseForRoll(1, true);
+    QCOMPARE(draft.further.roll.kinds, (QList<qint32>{1, 4, 5}));
+    draft.ChooseForRoll(1, true);
+    QCOMPARE(draft.further.roll.kinds, (QList<qint32>{1, 4, 5}));
+    draft.ChooseForRoll(0, true);
+    QCOMPARE(draft.further.roll.kinds, (QList<qint32>{0, 1, 4, 5}));
+}
+
+void TstSettingsDraft::NumbersThatAreNoDisplayStayInTheRoll() {
+    SettingsDraft draft{{}, {{true, {-1, 1, 99}, 10}, true}};
+    draft.ChooseForRoll(5, true);
+    draft.ChooseForRoll(1, false);
+    QCOMPARE(draft.further.roll.kinds, (QList<qint32>{-1, 5, 99}));
+}
+
+QTEST_GUILESS_MAIN(TstSettingsDraft)
+#include "tst_settings_draft.moc"
