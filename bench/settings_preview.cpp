@@ -1,0 +1,96 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// What a refresh of the settings' sample costs, against the painting of one of its lines: the slider
+// refreshes it with every step, so it has to fit many times into a frame. Prints a table; nothing fails by
+// the clock.
+
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QImage>
+#include <QPainter>
+#include <algorithm>
+#include <cstdio>
+#include <functional>
+#include <vector>
+
+#include "display/line_look.h"
+#include "platform/virtual_time.h"
+#include "settings_ui/sample_frame.h"
+
+namespace {
+
+using namespace tickwell;
+using namespace Qt::StringLiterals;
+
+constexpr int kRounds = 31;  // medians of so many
+constexpr int kTimes = 200;
+constexpr double kFrame = 1000.0 / 60;  // ms
+
+/// No box is ever shown here.
+class NoBoxes : public MessageBoxes {
+public:
+    void Show(const Message& /*message*/, std::function<void()> onClosed) override { onClosed(); }
+};
+
+/// Microseconds that one call takes, of many in a row.
+double TimeOf(const std::function<void(int)>& call) {
+    QElapsedTimer clock;
+    clock.start();
+    for (int i = 0; i < kTimes; ++i) {
+        call(i);
+    }
+    return static_cast<double>(clock.nsecsElapsed()) / 1000.0 / kTimes;
+}
+
+double Median(std::vector<double> values) {
+    std::sort(values.begin(), values.end());
+    return values[values.size() / 2];
+}
+
+AppSettings FirstSettings() {
+    AppSettings settings;
+    settings.wipeKind = 2;
+    settings.wipeSpeed = 25;
+    settings.upper = {u"ＭＳ Ｐゴシック"_s, 10, 0xFFFFFF};
+    settings.lower = {u"ＭＳ Ｐゴシック"_s, 10, 0x00FF00};
+    return settings;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    const QApplication application(argc, argv);
+    InstallFontSubstitutes();
+    VirtualTime time(QDateTime(QDate(1998, 10, 3), QTime(12, 0)));
+    NoBoxes boxes;
+    Handlers handlers(boxes);
+    SampleFrame sample(time, time, handlers, nullptr);
+    sample.show();
+    sample.Refresh(FirstSettings());
+    auto* line = sample.findChild<MovingWord*>(u"MovingWord1"_s);
+    QImage picture(line->size(), QImage::Format_RGB32);
+    std::vector<double> slider;
+    std::vector<double> styles;
+    std::vector<double> paints;
+    for (int round = 0; round < kRounds; ++round) {  // in turn, so that a slow moment meets all
+        AppSettings settings = FirstSettings();
+        slider.push_back(TimeOf([&](int i) {
+            settings.wipeSpeed = 1 + i % 34;
+            sample.Refresh(settings);
+        }));
+        styles.push_back(TimeOf([&](int i) {
+            settings.upper.fontSize = static_cast<qint16>(8 + i % 40);
+            settings.backColor = i;
+            sample.Refresh(settings);
+        }));
+        time.Advance(2000);  // the wipe is over, the text stands
+        paints.push_back(TimeOf([&](int /*i*/) { line->render(&picture); }));
+    }
+    const auto print = [&](const char* name, double microseconds) {
+        std::printf("%-22s %8.2f us   ratio %6.2f   %.3f %% of a frame\n", name, microseconds,
+                    microseconds / Median(paints), microseconds / 10.0 / kFrame);
+    };
+    print("a line painted", Median(paints));
+    print("slider moved", Median(slider));
+    print("font, colour changed", Median(styles));
+    return 0;
+}

@@ -1,0 +1,255 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
+"""The settings dialog, by mouse: every page, what it does to the lines, and what is there after a restart."""
+
+import unittest
+
+from driver.case import TickwellCase
+from driver.tickwell import main_window, read_settings, start_tickwell, wait_lines, wait_on_screen
+from driver.virtual_time import VirtualTime
+from driver.waiting import wait_for
+
+START_UP_DELAY = 11000  # ms
+SETTINGS = "環境設定"
+DATE, TIME = "平成10年11月15日(日曜日)", "午後9時05分18秒"
+
+
+def radio(caption):
+    return {"role": "radio button", "name": caption, "showing": True}
+
+
+def check(caption):
+    return {"role": "check box", "name": caption, "showing": True}
+
+
+def button(caption):
+    return {"role": "push button", "name": caption, "showing": True}
+
+
+class SettingsCase(TickwellCase):
+    def start(self, settings=None):
+        self.time = VirtualTime("1998-11-15T21:05:07", 307000)
+        self.addCleanup(self.time.close)
+        self.app = start_tickwell(self.session, settings=settings, virtual_time=self.time)
+        wait_lines(self.app, upper="Tickwell Ver.2")
+        wait_on_screen(self.session, self.app)
+        self.time.advance(START_UP_DELAY)
+
+    def choose(self, caption):
+        self.session.hand.click(main_window(self.app))
+        self.session.hand.click(self.app.wait(role="popup menu", name="メニュー").wait(name=caption))
+
+    def window(self, name):
+        """One of the program's dialogs, there for the mouse."""
+        self.session.windows.wait(name=name, pid=self.app.program.pid)
+        return self.app.wait(role="dialog", name=name, showing=True)
+
+    def open(self):
+        self.choose(SETTINGS)
+        self.dialog = self.window(SETTINGS)
+
+    def page(self, name):
+        self.session.hand.click(self.dialog.wait(role="page tab", name=name))
+
+    def click(self, *targets, window=None):
+        for target in targets:
+            self.session.hand.click((window or self.dialog).wait(**target))
+
+    def is_on(self, target):
+        return "checked" in self.dialog.wait(**target).states
+
+    def wait_closed(self, name=SETTINGS):
+        self.app.wait_gone(role="dialog", name=name, showing=True)
+
+    def quit(self):
+        self.choose("終了")
+        self.assertEqual(self.app.program.wait_end(), 0)
+        self.assertEqual(self.app.program.output(), "")
+
+    def stored(self, section):
+        return read_settings(self.session)[section]
+
+
+class EveryPage(SettingsCase):
+    def test_all_pages_reach_the_lines_and_survive_a_restart(self):
+        self.start()
+        wait_lines(self.app, upper=DATE, lower=TIME)
+        self.open()
+        self.set_text_page()
+        self.set_clock_page()
+        self.set_roll_page()
+        self.set_chime_page()
+        self.click(button("OK"))
+        self.wait_closed()
+        wait_lines(self.app, upper="11/15/1998 Sun.", lower="21:05:18")
+        self.time.advance(2000)
+        self.check_looks()
+        self.time.advance(1000)  # the roll's turn
+        wait_lines(self.app, upper="Windows使用時間")
+        self.quit()
+        self.check_stored()
+
+        self.start()
+        wait_lines(self.app, upper="Windows使用時間", lower="0:05:18")
+        self.open()
+        self.check_pages()
+
+    def set_text_page(self):
+        self.click(radio("下から上"))
+        slider = self.dialog.wait(role="slider", name="ｽｸﾛｰﾙ速度")
+        self.session.hand.click(slider)
+        self.session.hand.key("End")
+        wait_for(lambda: slider.value == 34, "the fastest speed")
+        self.click(button("上段文字＞＞"))
+        picker = self.window("上段文字")
+        self.click(check("太字"), check("下線"), window=picker)
+        picker.wait(role="spin box").set_value(24)
+        self.click(button("OK"), window=picker)
+        self.wait_closed("上段文字")
+        self.click(button("背景色＞＞"))
+        colours = self.window("背景色")
+        code = colours.wait(role="text", which=lambda node: node.text.startswith("#"))
+        self.session.hand.click(code)
+        self.session.hand.key("ctrl+a")
+        self.session.hand.type("#000080")
+        wait_for(lambda: code.text == "#000080", "the colour typed")
+        self.session.hand.click(colours.wait(role="push button", name="OK"))
+        self.wait_closed("背景色")
+
+    def set_clock_page(self):
+        self.page("時計")
+        self.click(radio("英語"), radio("数字"), radio("簡略表示"), radio("24時間制"))
+
+    def set_roll_page(self):
+        self.page("ロール")
+        self.click(radio("ロール機能を使用する"), check("バッテリー監視（AC電源時は無効）"))
+        self.dialog.wait(role="spin box", name="交換速度").set_value(3)
+
+    def set_chime_page(self):
+        self.page("時報")
+        self.click(radio("利用しない"))
+        self.session.hand.click(self.dialog.wait(role="combo box", showing=True))
+        self.dialog.wait(role="list", showing=True)
+        self.session.hand.key("End", "Return")
+        self.dialog.wait(role="combo box", name="人の掛け声", showing=True)
+
+    def check_looks(self):
+        """The upper line is larger, the background another colour on both."""
+        area = tuple(main_window(self.app).extents)
+        self.assertGreater(area[3], 40)
+
+        def shown():
+            return {(0, 0, 128), (255, 255, 255), (0, 255, 0)} <= {
+                colour for _, colour in self.session.grab(area).getcolors(1 << 16)}
+        wait_for(shown, "both lines on the new background")
+
+    def check_stored(self):
+        setup, digital, roll = (self.stored(section) for section in ("SetUp", "Digital", "Roll"))
+        expected = {"Op_Waip": "3", "Op_Speed": "34", "A_Bold": "True", "A_UnderLine": "True", "A_Italic": "False",
+                    "A_Size": "24", "A_Font": "ＭＳ Ｐゴシック", "B_Bold": "False", "B_Size": "10",
+                    "BackColor": "8388608", "Clock_Int": "2", "Clock_File": "人の掛け声", "Function": "1"}
+        self.assertEqual({key: setup[key] for key in expected}, expected)
+        self.assertEqual(digital, {"Language": "1", "TypeYear": "1", "DisMode": "1", "TypeHour": "1"})
+        self.assertEqual(roll, {"Use": "True", "Kinds": "0,1,5", "Interval": "3"})
+
+    def check_pages(self):
+        self.assertTrue(self.is_on(radio("下から上")))
+        self.assertEqual(self.dialog.wait(role="slider", name="ｽｸﾛｰﾙ速度").value, 34)
+        self.page("時計")
+        for caption in ("英語", "数字", "簡略表示", "24時間制"):
+            self.assertTrue(self.dialog.wait(**radio(caption), which=lambda node: "checked" in node.states), caption)
+        self.page("ロール")
+        self.assertTrue(self.is_on(radio("ロール機能を使用する")))
+        self.assertFalse(self.is_on(check("バッテリー監視（AC電源時は無効）")))
+        self.assertTrue(self.is_on(check("メモリー監視")))
+        self.assertEqual(self.dialog.wait(role="spin box", name="交換速度").value, 3)
+        self.page("時報")
+        self.assertTrue(self.is_on(radio("利用しない")))
+        self.dialog.wait(role="combo box", name="人の掛け声", showing=True)  # a combo box is called by its choice
+
+
+class Dialog(SettingsCase):
+    def test_each_option_is_seen_on_the_lines_when_it_is_applied(self):
+        self.start()
+        self.open()
+        self.page("時計")
+        for caption, upper, lower in (
+                ("24時間制", DATE, "21時05分18秒"),
+                ("西暦", "1998年11月15日(日曜日)", "21時05分18秒"),
+                ("簡略表示", "1998/11/15(日)", "21:05:18"),
+                ("英語", "11/15/1998 Sun.", "21:05:18"),
+                ("12時間制", "11/15/1998 Sun.", "PM9:05:18"),
+                ("標準表示", "11/15/1998 Sunday", "PM9:05:18"),
+                ("古代日本", "寅年 霜月 十五日", "亥の一刻"),
+                ("日本語", "1998年11月15日(日曜日)", "午後9時05分18秒"),
+                ("平成", DATE, TIME)):
+            self.click(radio(caption), button("適用"))
+            wait_lines(self.app, upper=upper, lower=lower)
+
+    def test_cancel_keeps_what_was_applied_and_drops_the_rest(self):
+        self.start()
+        self.open()
+        self.page("時計")
+        self.click(radio("英語"), button("適用"))
+        wait_lines(self.app, upper="November 15,1998 Sunday")
+        self.click(radio("古代日本"), button("キャンセル"))
+        self.wait_closed()
+        self.time.advance(10000)
+        wait_lines(self.app, upper="November 15,1998 Sunday")
+        self.quit()
+        self.assertEqual(self.stored("Digital")["Language"], "1")
+        self.assertNotIn("Roll", read_settings(self.session))
+
+    def test_escape_drops_everything(self):
+        self.start()
+        self.open()
+        self.page("時計")
+        self.click(radio("英語"))
+        self.session.hand.key("Escape")
+        self.wait_closed()
+        wait_lines(self.app, upper=DATE)
+
+    def test_it_blocks_the_main_window_and_opens_beside_it(self):
+        self.start()
+        self.open()
+        left, top, width, height = main_window(self.app).extents
+        x, y, _, _ = self.dialog.extents
+        self.assertFalse(left - 10 < x < left + width and top - 10 < y < top + height, (x, y))
+        self.session.hand.click(main_window(self.app))
+        self.page("ロール")  # done after the click, so that the click has had its turn
+        self.dialog.wait(**radio("ロール機能を使用する"))
+        self.assertIsNone(self.app.find(role="popup menu", name="メニュー", showing=True))
+
+    def test_the_help_can_be_read_beside_it(self):
+        self.start()
+        self.open()
+        self.click(button("ヘルプ"))
+        name = "Tickwell ヘルプ"
+        self.session.windows.wait(name=name, pid=self.app.program.pid)
+        help_window = self.app.wait(name=name, showing=True)
+        help_window.wait(name="環境設定", which=lambda node: "selected" in node.states)
+        self.session.hand.key("ctrl+f")
+        help_window.wait(role="text", which=lambda node: "focused" in node.states and "editable" in node.states)
+        self.session.hand.key("Escape")
+        self.app.wait_gone(name=name, showing=True)
+        self.click(button("キャンセル"))
+        self.wait_closed()
+
+    def test_the_silenced_notice_is_offered_again(self):
+        self.start(settings={"Notice": {"NoCdDrive": "False"}})
+        self.open()
+        self.page("時報")
+        self.click(check("CDドライブがないことを起動のときに知らせる"), button("OK"))
+        self.wait_closed()
+        self.quit()
+        self.assertEqual(self.stored("Notice"), {"NoCdDrive": "True"})
+
+    def test_a_damaged_roll_is_named_at_the_start(self):
+        self.time = VirtualTime("1998-11-15T21:05:07")
+        self.addCleanup(self.time.close)
+        self.app = start_tickwell(self.session, settings={"Roll": {"Kinds": "clock"}}, virtual_time=self.time)
+        box = self.app.wait(role="alert message", name="Tickwell スタートエラー", showing=True)
+        self.assertTrue(box.find(role="label", name=lambda text: "[Roll] Kinds=clock" in text), box.dump())
+
+
+if __name__ == "__main__":
+    unittest.main()
