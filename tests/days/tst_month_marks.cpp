@@ -36,8 +36,8 @@ void MarkAndCommit(CalendarBench& bench, CalendarMode mode, const QList<int>& da
 /// An empty table with a rule of its own.
 void ReplaceUsuallyday(const CalendarBench& bench, const QByteArray& rule) {
     bench.store.Raw(
-        "DROP TABLE Usuallyday; CREATE TABLE Usuallyday(\"id\" INTEGER PRIMARY KEY,\"Date\" TEXT NOT NULL " +
-        rule + ") STRICT");
+        "DROP TABLE Usuallyday; CREATE TABLE Usuallyday(id INTEGER PRIMARY KEY,Date TEXT NOT NULL " + rule +
+        ") STRICT");
 }
 
 }  // namespace
@@ -269,7 +269,7 @@ void TstMonthMarks::ACommitThatFailsStoresNothing() {
     bench.calendar.Load();
     Choose(bench, CalendarMode::Holidays);
     bench.ClickDays({4, 5});
-    ReplaceUsuallyday(bench, "CHECK(\"Date\" <> '1998-10-04')");
+    ReplaceUsuallyday(bench, "CHECK(Date <> '1998-10-04')");
     QVERIFY_THROWS_EXCEPTION(RunTimeError, Choose(bench, CalendarMode::Normal));
     QCOMPARE(bench.calendar.Mode(), CalendarMode::Normal);
     QCOMPARE(bench.Marks(), (QStringList{u"Holiday 1998-10-15"_s, u"Halfday 1998-10-16"_s}));
