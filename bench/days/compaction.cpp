@@ -15,6 +15,7 @@
 #include "core/errors.h"
 #include "days/compaction.h"
 #include "days/day_files.h"
+#include "support/fake_message_boxes.h"
 
 using namespace Qt::StringLiterals;
 using namespace tickwell;
@@ -51,17 +52,6 @@ private:
     double m_compacted = 0;
 };
 
-/// Keeps the last box.
-class LastBox : public MessageBoxes {
-public:
-    void Show(const Message& message, std::function<void()> /*onClosed*/) override { m_message = message; }
-
-    const Message& Shown() const { return m_message; }
-
-private:
-    Message m_message;
-};
-
 double Median(std::vector<double> values) {
     const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
     std::nth_element(values.begin(), middle, values.end());
@@ -92,12 +82,12 @@ void Measure(int rows, int ofTwentyKept) {
         MakeFile(rows, ofTwentyKept);
         before = QFileInfo(kLiveFile).size();
         auto handle = OpenDayDatabase(kLiveFile);
-        LastBox box;
+        FakeMessageBoxes boxes;
         TimedDisk disk;
         whole.push_back(
-            TimedDisk::Timed([&] { CompactDayDatabase(handle, QDir::currentPath(), box, disk); }));
-        if (box.Shown().icon != MessageIcon::Information) {
-            throw RunTimeError(box.Shown().text);
+            TimedDisk::Timed([&] { CompactDayDatabase(handle, QDir::currentPath(), boxes, disk); }));
+        if (boxes.Shown().constFirst().icon != MessageIcon::Information) {
+            throw RunTimeError(boxes.Shown().constFirst().text);
         }
         copied.push_back(disk.Copied());
         compacted.push_back(disk.Compacted());
