@@ -1,0 +1,103 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QStringList>
+#include <algorithm>
+#include <utility>
+
+#include "media/ports/cd_drive.h"
+
+namespace tickwell {
+
+/// A drive whose disc a test puts in, plays on and takes out. It tells of nothing by itself: Tell() does.
+class FakeCdDrive : public CdDrive, public CdPlayback {
+public:
+    bool Exists() const override { return exists; }
+    CdPicture Picture() const override { return m_picture; }
+    void Look() override { ++looks; }
+    void WhenChanged(std::function<void()> changed) override { m_changed = std::move(changed); }
+
+    bool Play(qint64 fromFrame, qint32 toSector) override {
+        Note(QStringLiteral("play %1 %2").arg(fromFrame).arg(toSector));
+        return Begin(fromFrame, toSector);
+    }
+    bool GoOn(qint32 toSector) override {
+        Note(QStringLiteral("go on %1").arg(toSector));
+        return Begin(m_picture.position, toSector);
+    }
+    void Pause() override {
+        Note(QStringLiteral("pause"));
+        if (m_picture.mode == CdMode::Playing || m_picture.mode == CdMode::Seeking) {
+            m_picture.mode = CdMode::Paused;
+        }
+    }
+    void Stop() override {
+        Note(QStringLiteral("stop"));
+        m_picture.mode = CdMode::Stopped;
+        m_picture.position = 0;
+        m_picture.readError = false;
+    }
+
+    /// A disc that has been read, in place of whatever was there.
+    void PutIn(const CdContents& contents) {
+        Replace(CdStatus::Ready);
+        m_picture.contents = contents;
+    }
+    void TakeOut(CdStatus status = CdStatus::NoDisc) { Replace(status); }
+    void SetMode(CdMode mode) { m_picture.mode = mode; }
+
+    /// The smallest position that reads as this many milliseconds from the start of sector 0.
+    void SetMilliseconds(qint64 ms) { m_picture.position = (ms * 441 + 9) / 10; }
+
+    /// Lets the disc play for so long, to the end of the stretch at most.
+    void Pass(qint64 ms) {
+        if (m_picture.mode != CdMode::Playing) {
+            return;
+        }
+        m_picture.position = std::min(m_picture.position + ms * 441 / 10, m_end);
+        if (m_picture.position == m_end) {
+            m_picture.mode = CdMode::Stopped;
+        }
+    }
+    void FailToRead() {
+        m_picture.mode = CdMode::Stopped;
+        m_picture.readError = true;
+    }
+    void Tell() const {
+        if (m_changed) {
+            m_changed();
+        }
+    }
+
+    /// What was done to the disc since the last call.
+    QStringList TakeRecord() { return std::exchange(m_record, {}); }
+
+    bool exists = true;
+    bool sounds = true;  ///< a sound output can be opened
+    int looks = 0;
+
+private:
+    void Note(const QString& what) { m_record.append(what); }
+    void Replace(CdStatus status) {
+        const quint32 number = m_picture.number + 1;
+        m_picture = CdPicture();
+        m_picture.status = status;
+        m_picture.number = number;
+    }
+    bool Begin(qint64 fromFrame, qint32 toSector) {
+        if (sounds) {
+            m_picture.position = fromFrame;
+            m_picture.mode = CdMode::Playing;
+            m_picture.readError = false;
+            m_end = toSector * kFramesPerSector;
+        }
+        return sounds;
+    }
+
+    CdPicture m_picture;
+    qint64 m_end = 0;  // frames
+    std::function<void()> m_changed;
+    QStringList m_record;
+};
+
+}  // namespace tickwell

@@ -1,0 +1,80 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QList>
+#include <algorithm>
+#include <vector>
+
+#include "media/ports/sound_output.h"
+
+namespace tickwell {
+
+/// Remembers what was queued, and plays it only as far as a test says.
+class FakeSoundOutput : public SoundOutput {
+public:
+    /// One device that was opened; stays known after it was closed.
+    struct Device {
+        SoundFormat format;
+        std::vector<qint16> samples;  // all that were ever queued
+        qint64 waiting = 0;           // frames
+        bool held = false;
+        bool lost = false;
+        bool open = true;
+    };
+
+    std::unique_ptr<SoundStream> Open(const SoundFormat& format) override {
+        if (!works) {
+            return nullptr;
+        }
+        auto device = std::make_shared<Device>();
+        device->format = format;
+        m_devices.append(device);
+        return std::make_unique<Stream>(device);
+    }
+
+    /// Lets every device that is open and not held take this many frames.
+    void Sound(qint64 frames) {
+        for (const auto& device : m_devices) {
+            if (device->open && !device->held) {
+                device->waiting -= std::min(device->waiting, frames);
+            }
+        }
+    }
+
+    /// The devices opened so far, closed ones included.
+    const QList<std::shared_ptr<Device>>& Devices() const { return m_devices; }
+    qsizetype OpenDevices() const {
+        return std::count_if(m_devices.begin(), m_devices.end(), [](const auto& each) { return each->open; });
+    }
+
+    bool works = true;
+
+private:
+    class Stream : public SoundStream {
+    public:
+        explicit Stream(std::shared_ptr<Device> device) : m_device(std::move(device)) {}
+        Stream(const Stream&) = delete;
+        Stream& operator=(const Stream&) = delete;
+        ~Stream() override { m_device->open = false; }
+
+        bool Queue(std::span<const qint16> samples) override {
+            if (m_device->lost) {
+                return false;
+            }
+            m_device->samples.insert(m_device->samples.end(), samples.begin(), samples.end());
+            m_device->waiting += static_cast<qint64>(samples.size()) / m_device->format.channels;
+            return true;
+        }
+        qint64 FramesWaiting() const override { return m_device->waiting; }
+        void Hold(bool held) override { m_device->held = held; }
+        void Clear() override { m_device->waiting = 0; }
+        bool IsLost() const override { return m_device->lost; }
+
+    private:
+        std::shared_ptr<Device> m_device;
+    };
+
+    QList<std::shared_ptr<Device>> m_devices;
+};
+
+}  // namespace tickwell
