@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/qt_message_boxes.h"
 
+#include <QCheckBox>
 #include <QMessageBox>
 
 namespace tickwell {
@@ -66,9 +67,18 @@ void QtMessageBoxes::Ask(const Message& message, std::function<void(bool)> onAns
 void QtMessageBoxes::Choose(const Message& message, std::function<void(MessageAnswer)> onAnswer) {
     QMessageBox* box = MakeBox(message, QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel);
     box->setDefaultButton(QMessageBox::Cancel);
-    QObject::connect(box, &QDialog::finished, box, [onAnswer = std::move(onAnswer)](int button) {
-        onAnswer(AnswerOf(button));
-    });
+    QObject::connect(box, &QDialog::finished, box,
+                     [onAnswer = std::move(onAnswer)](int button) { onAnswer(AnswerOf(button)); });
+    box->open();
+}
+
+void QtMessageBoxes::ShowWithChoice(const Message& message, const QString& choice,
+                                    std::function<void(bool)> onClosed) {
+    QMessageBox* box = MakeBox(message, QMessageBox::Ok);
+    auto* checkBox = new QCheckBox(choice);  // owned by the box from now on
+    box->setCheckBox(checkBox);
+    QObject::connect(box, &QDialog::finished, box,
+                     [checkBox, onClosed = std::move(onClosed)] { onClosed(checkBox->isChecked()); });
     box->open();
 }
 

@@ -11,6 +11,8 @@ public:
     void Show(const Message& message, std::function<void()> onClosed) override;
     void Ask(const Message& message, std::function<void(bool)> onAnswer) override;
     void Choose(const Message& message, std::function<void(MessageAnswer)> onAnswer) override;
+    void ShowWithChoice(const Message& message, const QString& choice,
+                        std::function<void(bool)> onClosed) override;
 };
 
 }  // namespace tickwell

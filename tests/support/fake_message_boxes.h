@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QList>
+#include <QStringList>
 #include <utility>
 
 #include "core/ports/message_boxes.h"
@@ -14,6 +15,13 @@ class FakeMessageBoxes : public MessageBoxes {
 public:
     void Show(const Message& message, std::function<void()> onClosed) override {
         m_shown.append(message);
+        m_onClosed = [onClosed = std::move(onClosed)](bool) { onClosed(); };
+    }
+
+    void ShowWithChoice(const Message& message, const QString& choice,
+                        std::function<void(bool)> onClosed) override {
+        m_shown.append(message);
+        m_offered.append(choice);
         m_onClosed = std::move(onClosed);
     }
 
@@ -29,7 +37,10 @@ public:
 
     const QList<Message>& Shown() const { return m_shown; }
     bool IsOpen() const { return m_onClosed != nullptr; }
-    void Close() { std::exchange(m_onClosed, nullptr)(); }
+    void Close(bool isTicked = false) { std::exchange(m_onClosed, nullptr)(isTicked); }
+
+    /// The check boxes that boxes came with.
+    const QStringList& Offered() const { return m_offered; }
 
     const QList<Message>& Asked() const { return m_asked; }
     bool IsAsking() const { return m_onAnswer != nullptr; }
@@ -43,7 +54,8 @@ private:
     QList<Message> m_shown;
     QList<Message> m_asked;
     QList<Message> m_choices;
-    std::function<void()> m_onClosed;
+    QStringList m_offered;
+    std::function<void(bool)> m_onClosed;
     std::function<void(bool)> m_onAnswer;
     std::function<void(MessageAnswer)> m_onChoice;
 };

@@ -31,8 +31,14 @@ public:
     /// answer was cancelled.
     virtual void Ask(const Message& message, std::function<void(bool)> onAnswer) = 0;
 
-    /// The same with Yes, No and Cancel. Cancel is the default, and what a box closed without an answer means.
+    /// The same with Yes, No and Cancel. Cancel is the default, and what a box closed without an answer
+    /// means.
     virtual void Choose(const Message& message, std::function<void(MessageAnswer)> onAnswer) = 0;
+
+    /// Show's box with a check box below the text, not ticked at first; `onClosed` is told whether it is
+    /// ticked in the end.
+    virtual void ShowWithChoice(const Message& message, const QString& choice,
+                                std::function<void(bool)> onClosed) = 0;
 };
 
 }  // namespace tickwell
