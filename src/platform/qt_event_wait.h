@@ -1,0 +1,14 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "media/ports/event_wait.h"
+
+namespace tickwell {
+
+/// Waits in an event loop of its own.
+class QtEventWait : public EventWait {
+public:
+    void Until(const std::function<bool()>& done) override;
+};
+
+}  // namespace tickwell

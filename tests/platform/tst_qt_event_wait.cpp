@@ -1,0 +1,59 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include <QTest>
+#include <QTimer>
+
+#include "platform/qt_event_wait.h"
+
+using namespace tickwell;
+
+/// Waiting in an event loop.
+class TstQtEventWait : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void WhatIsDoneIsNotWaitedFor();
+    void EventsRunMeanwhile();
+    void AWaitMayLieInAnother();
+    void TheEndOfTheProgramEndsIt();
+};
+
+void TstQtEventWait::WhatIsDoneIsNotWaitedFor() {
+    int asked = 0;
+    QtEventWait().Until([&] { return ++asked == 1; });
+    QCOMPARE(asked, 1);
+}
+
+void TstQtEventWait::EventsRunMeanwhile() {
+    bool hasTicked = false;
+    QTimer::singleShot(0, [&] { hasTicked = true; });
+    QtEventWait().Until([&] { return hasTicked; });
+    QVERIFY(hasTicked);
+}
+
+void TstQtEventWait::AWaitMayLieInAnother() {
+    QStringList order;
+    bool inner = false;
+    QTimer::singleShot(0, [&] {
+        QTimer::singleShot(0, [&] { inner = true; });
+        QtEventWait().Until([&] { return inner; });
+        order.append(QStringLiteral("inner"));
+    });
+    QtEventWait().Until([&] { return inner; });
+    order.append(QStringLiteral("outer"));
+    QCOMPARE(order, (QStringList{QStringLiteral("inner"), QStringLiteral("outer")}));
+}
+
+void TstQtEventWait::TheEndOfTheProgramEndsIt() {
+    QTimer::singleShot(0, [] { QCoreApplication::quit(); });
+    bool isOver = false;
+    // Inside the program's own loop, as always outside of tests.
+    QTimer::singleShot(0, [&] {
+        QtEventWait().Until([] { return false; });
+        isOver = true;
+    });
+    QCoreApplication::exec();
+    QVERIFY(isOver);
+}
+
+QTEST_GUILESS_MAIN(TstQtEventWait)
+#include "tst_qt_event_wait.moc"
