@@ -6,7 +6,7 @@
 #include "days/day_database.h"
 #include "days/day_rule.h"
 #include "days/day_store.h"
-#include "days/random_count.h"
+#include "support/random_count.h"
 #include "days/sql_error.h"
 
 using namespace Qt::StringLiterals;

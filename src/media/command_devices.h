@@ -1,0 +1,55 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <vector>
+
+#include "core/ports/timer.h"
+#include "media/media_device.h"
+#include "media/ports/cd_drive.h"
+#include "media/ports/command_strings.h"
+#include "media/ports/event_wait.h"
+#include "media/ports/sound_output.h"
+
+namespace tickwell {
+
+/// What the devices are made of; all outlive them.
+struct DeviceParts {
+    CdDrive& drive;
+    CdPlayback& playback;
+    SoundOutput& sound;
+    TimerSource& timers;
+    EventWait& wait;
+};
+
+/// Two kinds of device, driven by texts: "cdaudio", once, and wave files, as many as are opened.
+class CommandDevices : public CommandStrings {
+public:
+    explicit CommandDevices(const DeviceParts& parts) : m_parts(parts) {}
+
+    CommandResult Send(const QString& command, qsizetype longest) override;
+    std::optional<QString> ErrorText(qint32 error) const override;
+
+private:
+    struct OpenDevice {
+        quint64 number = 0;  // never given twice
+        QString alias;
+        bool isCd = false;
+        std::unique_ptr<MediaDevice> device;
+    };
+    using Devices = std::vector<OpenDevice>;
+
+    QString CarryOut(const Command& command);
+    void Open(const Command& command);
+    std::unique_ptr<MediaDevice> MakeDevice(const QString& name, bool isCd);
+    void Play(const OpenDevice& open, const Command& command);
+    QString Drive(MediaDevice& device, const Command& command);
+    Devices::iterator Find(const QString& alias);
+
+    DeviceParts m_parts;
+    Devices m_devices;
+    quint64 m_lastNumber = 0;
+};
+
+}  // namespace tickwell

@@ -1,0 +1,44 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <memory>
+
+#include "core/ports/timer.h"
+#include "media/media_device.h"
+#include "media/wave_file.h"
+
+namespace tickwell {
+
+/// A wave file as a device. Its times are milliseconds, and it is all one track. A sound device is open only
+/// from the first play to shortly after the end.
+class WaveDevice : public MediaDevice {
+public:
+    /// Output and timers outlive this object.
+    WaveDevice(Wave wave, SoundOutput& output, TimerSource& timers);
+
+    void Play(const PlayOptions& options) override;
+    void Stop() override;
+    void Pause() override;
+    void Resume() override;
+    void SetTimeFormat(const QString& format) override;
+    QString Status(const StatusOptions& options) override;
+    bool IsPlaying() override;
+
+private:
+    qint64 FrameOf(const QString& text) const;
+    QString TimeText(qint64 frames) const;
+    qint64 Position() const;
+    void Start(qint64 from, qint64 to);
+    void Close();
+    void Tick();
+
+    Wave m_wave;
+    SoundOutput& m_output;
+    std::unique_ptr<SoundStream> m_stream;
+    std::unique_ptr<Timer> m_timer;  // runs while a stream is open
+    qint64 m_end = 0;                // frames: where the stretch that was queued ends
+    bool m_isPaused = false;
+    bool m_hasDrained = false;  // the last tick found nothing waiting
+};
+
+}  // namespace tickwell

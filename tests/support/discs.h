@@ -1,0 +1,27 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "media/ports/cd_drive.h"
+
+namespace tickwell {
+
+/// Three tracks of sound: 1:40, 2:00 and 1:20; five minutes in all.
+inline CdContents ThreeTracks() {
+    return {{{0}, {100 * 75}, {220 * 75}}, 300 * 75};
+}
+
+/// Sectors that are no whole milliseconds, and a first track that does not begin at sector 0.
+inline CdContents OddTracks() {
+    return {{{32}, {10'001}, {20'012}}, 30'001};
+}
+
+/// Data, then two tracks of sound.
+inline CdContents MixedDisc() {
+    return {{{0, false}, {750}, {1500}}, 2250};
+}
+
+inline CdContents DataDisc() {
+    return {{{0, false}}, 750};
+}
+
+}  // namespace tickwell

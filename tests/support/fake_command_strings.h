@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QHash>
+#include <QStringList>
+
+#include "media/ports/command_strings.h"
+
+namespace tickwell {
+
+/// Answers each command as a test says, and remembers it. What a test says nothing about succeeds with an
+/// empty reply.
+class FakeCommandStrings : public CommandStrings {
+public:
+    CommandResult Send(const QString& command, qsizetype longest) override {
+        sent.append(command);
+        longestReply = longest;
+        return results.value(command);
+    }
+    std::optional<QString> ErrorText(qint32 error) const override {
+        const auto text = texts.find(error);
+        return text == texts.end() ? std::nullopt : std::optional(*text);
+    }
+
+    QHash<QString, CommandResult> results;
+    QHash<qint32, QString> texts;
+    QStringList sent;
+    qsizetype longestReply = 0;
+};
+
+}  // namespace tickwell
