@@ -1,0 +1,50 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "media/cd_seek.h"
+
+#include <algorithm>
+
+#include "core/integers.h"
+#include "media/cd_controls.h"
+#include "media/cd_texts.h"
+
+namespace tickwell {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr qint32 kStep = 3000;      // ms of the disc
+constexpr int kStepInterval = 250;  // ms
+
+}  // namespace
+
+CdSeek::CdSeek(const CdPlayerState& state, Multimedia& media, Handlers& handlers, TimerSource& timers)
+    : m_state(state),
+      m_media(media),
+      m_timer(handlers.MakeTimer(timers, kStepInterval, [this] { Step(); })) {}
+
+void CdSeek::Hold(int index) {
+    if (m_state.CdState != kCdPlaying || (index != kCdRewind && index != kCdForward)) {
+        return;
+    }
+    m_step = index == kCdRewind ? -kStep : kStep;
+    m_timer->Start();
+    Step();
+}
+
+void CdSeek::Step() {
+    if (m_state.CdState != kCdPlaying) {
+        Release();
+        return;
+    }
+    const auto position = AskCd(m_media, u"status CDP position"_s, true);
+    const auto length = position ? AskCd(m_media, u"status CDP length"_s, true) : std::nullopt;
+    if (!length) {
+        Release();
+        return;
+    }
+    const qint32 target = std::clamp(CheckedAdd(*position, m_step), 0, std::max(0, *length));
+    m_media.MciPlay(u"CDP"_s, false, QString::number(target), {}, true);
+}
+
+}  // namespace tickwell

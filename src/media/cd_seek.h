@@ -1,0 +1,32 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <memory>
+
+#include "core/handlers.h"
+#include "media/cd_state.h"
+#include "media/multimedia.h"
+
+namespace tickwell {
+
+/// Rewind and fast forward: while one of the two buttons is held the position moves by three seconds, at once
+/// and four times a second, as far as the disc reaches, and playing goes on from there.
+class CdSeek {
+public:
+    /// All outlive this object.
+    CdSeek(const CdPlayerState& state, Multimedia& media, Handlers& handlers, TimerSource& timers);
+
+    /// Holds the button of this index, kCdRewind or kCdForward. Nothing unless it plays.
+    void Hold(int index);
+    void Release() { m_timer->Stop(); }
+
+private:
+    void Step();
+
+    const CdPlayerState& m_state;
+    Multimedia& m_media;
+    std::unique_ptr<Timer> m_timer;
+    qint32 m_step = 0;  // ms
+};
+
+}  // namespace tickwell

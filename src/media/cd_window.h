@@ -1,0 +1,48 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QActionGroup>
+#include <QDialog>
+#include <QLabel>
+#include <QMenu>
+#include <QMenuBar>
+#include <QPushButton>
+#include <array>
+
+#include "core/handlers.h"
+#include "media/cd_player.h"
+
+namespace tickwell {
+
+/// The operating window of the CD player. It shows what the player says and hands it what the user does; the
+/// player plays on when it is closed. One at a time.
+class CDForm : public QDialog {
+    Q_OBJECT
+
+public:
+    /// Player and handlers outlive the window.
+    CDForm(CdPlayer& player, Handlers& handlers, QWidget* parent);
+    ~CDForm() override;
+
+protected:
+    void showEvent(QShowEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
+
+private:
+    void MakeMenus();
+    QPushButton* MakeButton(int index);
+    void LayOut();
+    void ShowPlayer();
+    void EnableButtons(const CdButtons& enabled);
+
+    CdPlayer& m_player;
+    Handlers& m_handlers;
+    QMenuBar* m_menuBar;
+    QMenu* m_cdtm;
+    QMenu* m_cdtm1;
+    QActionGroup* m_cdm;
+    QLabel* m_Label1;
+    std::array<QPushButton*, 7> m_Command1{};
+};
+
+}  // namespace tickwell

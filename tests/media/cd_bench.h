@@ -1,0 +1,122 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "media/cd_lines.h"
+#include "media/media_system.h"
+#include "platform/virtual_time.h"
+#include "support/discs.h"
+#include "support/fake_cd_drive.h"
+#include "support/fake_event_wait.h"
+#include "support/fake_message_boxes.h"
+#include "support/fake_sound_output.h"
+#include "support/fake_text_line.h"
+
+namespace tickwell {
+
+/// A main window of which only the number of its function is known.
+class FakeFunctions : public DisplayFunctions {
+public:
+    void ChangeFunction(qint32 number) override { m_number = number; }
+    qint32 GetFuncNumber() const override { return m_number; }
+
+private:
+    qint32 m_number = kFunctionClock;
+};
+
+/// The CD player over a drive that a test holds in its hands.
+struct CdBench {
+    FakeCdDrive drive;
+    FakeSoundOutput sound;
+    FakeEventWait wait;
+    VirtualTime time{QDateTime(QDate(1998, 10, 3), QTime(12, 0))};
+    FakeMessageBoxes boxes;
+    Handlers handlers{boxes};
+    bool tellsNoCdDrive = true;
+    MediaSystem media{{{drive, drive, sound, time, wait}, boxes, handlers, tellsNoCdDrive}};
+    CdPlayer& player = media.Player();
+    FakeTextLine upper;
+    FakeTextLine lower;
+    FakeFunctions functions;
+
+    /// Opens the drive as the start does, with this disc in it.
+    void Start(const CdContents& contents) {
+        drive.PutIn(contents);
+        media.OpenAtStart();
+        TakeAll();
+    }
+    void StartWithoutDrive() {
+        drive.exists = false;
+        media.OpenAtStart();
+        TakeAll();
+    }
+
+    /// Lets disc and clock run together.
+    void Pass(int ms) {
+        for (int left = ms; left > 0; left -= 50) {
+            const int step = std::min(left, 50);
+            drive.Pass(step);
+            time.Advance(step);
+        }
+    }
+
+    /// What was done to the disc since.
+    QStringList Done() { return drive.TakeRecord(); }
+    void TakeAll() {
+        drive.TakeRecord();
+        upper.TakeRecord();
+        lower.TakeRecord();
+    }
+    qint32 State() const { return player.State().CdState; }
+    qint32 Track() const { return player.State().CdTrack; }
+};
+
+/// The same with the main window showing function 6.
+struct CdLinesBench : CdBench {
+    CdLines lines{player, {upper, lower}, functions};
+
+    void ChooseFunction() {
+        functions.ChangeFunction(kFunctionCd);
+        lines.Show();
+    }
+    void StartShown(const CdContents& contents) {
+        Start(contents);
+        ChooseFunction();
+        TakeAll();
+    }
+    QString Both() const { return upper.Text() + QStringLiteral(" / ") + lower.Text(); }
+};
+
+/// A player with its window open and a disc of three tracks.
+struct ReadyBench : CdBench {
+    explicit ReadyBench(const CdContents& contents = ThreeTracks()) {
+        Start(contents);
+        player.ShowWindow(true);
+        TakeAll();
+    }
+    void Click(int index) { player.Command1_Click(index); }
+
+    /// Plays this track, from the stopped state.
+    void PlayTrack(int track) {
+        for (int press = 0; press < track; ++press) {
+            Click(kCdNext);
+        }
+        Click(kCdPlay);
+        TakeAll();
+    }
+    QString Enabled() const {
+        QString enabled;
+        for (std::size_t index = 0; index < player.Controls().buttons.size(); ++index) {
+            if (player.Controls().buttons[index]) {
+                enabled += QString::number(index);
+            }
+        }
+        return enabled;
+    }
+};
+
+/// How the commands of the drive's record name a sector.
+inline QString PlayFrom(int second, int toSecond = 300) {
+    return QStringLiteral("play %1 %2").arg(second * 44'100).arg(toSecond * 75);
+}
+
+}  // namespace tickwell
