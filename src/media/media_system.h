@@ -8,9 +8,10 @@ namespace tickwell {
 
 /// What sound and discs of the whole program work with; all outlive them.
 struct MediaSystemParts {
-    DeviceParts devices;
+    DeviceParts devices;  ///< with timers of real time, as sound is
     MessageBoxes& boxes;
     Handlers& handlers;
+    TimerSource& timers;   ///< the program's
     bool& tellsNoCdDrive;  ///< as in the settings
 };
 

@@ -32,7 +32,7 @@ struct CdBench {
     FakeMessageBoxes boxes;
     Handlers handlers{boxes};
     bool tellsNoCdDrive = true;
-    MediaSystem media{{{drive, drive, sound, time, wait}, boxes, handlers, tellsNoCdDrive}};
+    MediaSystem media{{{drive, drive, sound, time, wait}, boxes, handlers, time, tellsNoCdDrive}};
     CdPlayer& player = media.Player();
     FakeTextLine upper;
     FakeTextLine lower;

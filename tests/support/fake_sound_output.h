@@ -16,6 +16,7 @@ public:
     struct Device {
         SoundFormat format;
         std::vector<qint16> samples;  // all that were ever queued
+        std::vector<qint16> sounded;  // those of them that were taken, and not dropped
         qint64 waiting = 0;           // frames
         bool held = false;
         bool lost = false;
@@ -23,7 +24,7 @@ public:
     };
 
     std::unique_ptr<SoundStream> Open(const SoundFormat& format) override {
-        if (!works) {
+        if (!works || OpenDevices() >= most) {
             return nullptr;
         }
         auto device = std::make_shared<Device>();
@@ -36,7 +37,10 @@ public:
     void Sound(qint64 frames) {
         for (const auto& device : m_devices) {
             if (device->open && !device->held) {
-                device->waiting -= std::min(device->waiting, frames);
+                const qint64 taken = std::min(device->waiting, frames);
+                const auto first = device->samples.end() - device->waiting * device->format.channels;
+                device->sounded.insert(device->sounded.end(), first, first + taken * device->format.channels);
+                device->waiting -= taken;
             }
         }
     }
@@ -48,6 +52,7 @@ public:
     }
 
     bool works = true;
+    qsizetype most = 100;  ///< devices that can be open at a time
 
 private:
     class Stream : public SoundStream {
