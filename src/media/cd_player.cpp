@@ -167,10 +167,9 @@ void CdPlayer::LookTick() {
         m_lookTimer->Stop();
         return;
     }
-    if (!m_device.IsOpen()) {
-        Recover();
-    } else if (m_media.MciSend(u"status CDP media present"_s, false) == 0 &&
-               m_media.State().MciReply == u"true") {
+    const bool hasDisc = m_device.IsOpen() && m_media.MciSend(u"status CDP media present"_s, false) == 0 &&
+                         m_media.State().MciReply == u"true";
+    if (hasDisc || !m_device.IsOpen()) {  // one that is not open yet is tried again
         Recover();
     }
 }

@@ -9,7 +9,7 @@ namespace tickwell {
 namespace {
 
 struct ErrorRow {
-    qint32 number;
+    qint32 number = 0;
     QStringView text;
 };
 

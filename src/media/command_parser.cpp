@@ -88,7 +88,7 @@ public:
 
     /// Digits, with colons between or around them where `colons`.
     QString TakeNumber(bool colons) {
-        const QString text = TakeName(kErrorNumber);
+        QString text = TakeName(kErrorNumber);
         const bool isNumber = std::all_of(text.begin(), text.end(),
                                           [colons](QChar c) { return IsDigit(c) || (colons && c == u':'); });
         if (!isNumber) {

@@ -25,7 +25,7 @@ struct DeviceBench {
 
     /// A wave of 1000 frames a second: a frame is a millisecond.
     QString PutWave(int frames) const {
-        const QString path = folder.filePath(QStringLiteral("sound.wav"));
+        QString path = folder.filePath(QStringLiteral("sound.wav"));
         WriteAll(path, WaveBytes({.rate = 1000, .data = Samples16(frames)}));
         return path;
     }

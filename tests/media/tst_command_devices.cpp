@@ -7,6 +7,105 @@
 using namespace tickwell;
 using namespace Qt::StringLiterals;
 
+namespace {
+
+void Row(const char* name, const QString& command, qint32 error) {
+    QTest::newRow(name) << command << error;
+}
+
+void WordRows() {
+    Row("nothing", u""_s, 267);
+    Row("blanks alone", u" \t  "_s, 267);
+    Row("unknown first word", u"eject CDP"_s, 261);
+    Row("first word in quotes", u"\"play\" CDP"_s, 261);
+    Row("open alone", u"open"_s, 292);
+    Row("play alone", u"play "_s, 292);
+    Row("status alone", u"status"_s, 292);
+    Row("quote at the name", u"play \"CDP"_s, 294);
+    Row("quote at the end", u"play CDP \""_s, 294);
+    Row("alias not open", u"play Timer"_s, 263);
+    Row("alias not open, and more wrong", u"play Timer from x"_s, 263);
+    Row("all", u"close all"_s, 263);
+    Row("empty name", u"play \"\""_s, 263);
+    Row("unknown device", u"open tape alias T"_s, 263);
+    Row("empty device", u"open \"\""_s, 263);
+    Row("name that ends in a point", u"open tape."_s, 263);
+    Row("unknown extension", u"open music.mp3 alias T"_s, 281);
+    Row("wave that is not there", u"open none.wav alias T"_s, 275);
+    Row("wave that is none", u"open BAD alias T"_s, 296);
+    Row("alias in use", u"open cdaudio alias CDP"_s, 289);
+    Row("alias in use, other case", u"open none.wav alias cdp"_s, 289);
+    Row("second CD", u"open cdaudio alias CD2"_s, 291);
+    Row("second CD without alias", u"open CDAudio"_s, 291);
+    Row("alias without a name", u"open cdaudio alias"_s, 269);
+    Row("alias with an empty name", u"open cdaudio alias \"\""_s, 269);
+    Row("alias twice", u"open cdaudio alias a alias b"_s, 295);
+    Row("file name of two words", u"open my sound.wav alias T"_s, 259);
+}
+
+void PlayRows() {
+    Row("unknown word of play", u"play CDP loudly"_s, 259);
+    Row("number without its word", u"play CDP 1000"_s, 259);
+    Row("from without a number", u"play CDP from"_s, 270);
+    Row("from without a number, and to", u"play CDP from to 5"_s, 270);
+    Row("from a word", u"play CDP from start"_s, 270);
+    Row("from below nothing", u"play CDP from -5"_s, 270);
+    Row("from a fraction", u"play CDP from 1.5"_s, 270);
+    Row("from full-width digits", u"play CDP from １"_s, 270);
+    Row("from a colon", u"play CDP from :"_s, 270);
+    Row("from minutes and seconds", u"play CDP from 0:10"_s, 270);
+    Row("from an empty text", u"play CDP from \"\""_s, 270);
+    Row("to without a number", u"play CDP from 5 to"_s, 270);
+    Row("from twice", u"play CDP from 1 from 2"_s, 295);
+    Row("to twice", u"play CDP to 1 to 2"_s, 295);
+    Row("wait twice", u"play CDP wait wait"_s, 295);
+    Row("from behind the end", u"play CDP from 300001"_s, 282);
+    Row("to behind the end", u"play CDP to 300007"_s, 282);
+    Row("from behind to", u"play CDP from 2000 to 1000"_s, 282);
+    Row("from far outside", u"play CDP from 99999999999999999999999"_s, 282);
+    Row("stop with a word", u"stop CDP now"_s, 259);
+    Row("pause with a word", u"pause CDP now"_s, 259);
+    Row("close with a word", u"close CDP now"_s, 259);
+    Row("stop that waits twice", u"stop CDP wait wait"_s, 295);
+    Row("resume", u"resume CDP"_s, 274);
+    Row("resume with a word", u"resume CDP now"_s, 259);
+}
+
+void StatusRows() {
+    Row("set alone", u"set CDP"_s, 259);
+    Row("set of another thing", u"set CDP door open"_s, 259);
+    Row("set of half a thing", u"set CDP time ms"_s, 259);
+    Row("other time format", u"set CDP time format bytes"_s, 293);
+    Row("no time format", u"set CDP time format"_s, 293);
+    Row("time format twice", u"set CDP time format ms time format msf"_s, 295);
+    Row("status of nothing", u"status CDP"_s, 273);
+    Row("status that waits for nothing", u"status CDP wait"_s, 273);
+    Row("status of an unknown thing", u"status CDP weight"_s, 259);
+    Row("status of half a thing", u"status CDP number of"_s, 259);
+    Row("status of two things", u"status CDP mode length"_s, 259);
+    Row("status twice", u"status CDP length length"_s, 295);
+    Row("track of a thing without", u"status CDP mode track 1"_s, 259);
+    Row("track before the thing", u"status CDP track 1 length"_s, 259);
+    Row("track without a number", u"status CDP length track"_s, 270);
+    Row("track with a word", u"status CDP length track one"_s, 270);
+    Row("track with a colon", u"status CDP length track 1:0"_s, 270);
+    Row("track twice", u"status CDP length track 1 track 2"_s, 295);
+    Row("track 0", u"status CDP position track 0"_s, 282);
+    Row("track behind the last", u"status CDP position track 4"_s, 282);
+    Row("length of one behind the last", u"status CDP length track 4"_s, 282);
+    Row("track far outside", u"status CDP length track 99999999999"_s, 282);
+    Row("wave: other time format", u"set W time format msf"_s, 290);
+    Row("wave: no time format", u"set W time format"_s, 290);
+    Row("wave: from behind the end", u"play W from 101"_s, 282);
+    Row("wave: from far outside", u"play W from 99999999999999999999999"_s, 282);
+    Row("wave: from behind to", u"play W from 50 to 40"_s, 282);
+    Row("wave: minutes and seconds", u"play W from 0:01"_s, 270);
+    Row("wave: second track", u"status W length track 2"_s, 282);
+    Row("wave: current track 0", u"status W position track 0"_s, 282);
+}
+
+}  // namespace
+
 /// Commands that are refused, and the texts of errors.
 class TstCommandDevices : public QObject {
     Q_OBJECT
@@ -30,91 +129,9 @@ private Q_SLOTS:
 void TstCommandDevices::Refusals_data() {
     QTest::addColumn<QString>("command");
     QTest::addColumn<qint32>("error");
-    const auto row = [](const char* name, const QString& command, qint32 error) {
-        QTest::newRow(name) << command << error;
-    };
-    row("nothing", u""_s, 267);
-    row("blanks alone", u" \t  "_s, 267);
-    row("unknown first word", u"eject CDP"_s, 261);
-    row("first word in quotes", u"\"play\" CDP"_s, 261);
-    row("open alone", u"open"_s, 292);
-    row("play alone", u"play "_s, 292);
-    row("status alone", u"status"_s, 292);
-    row("quote at the name", u"play \"CDP"_s, 294);
-    row("quote at the end", u"play CDP \""_s, 294);
-    row("alias not open", u"play Timer"_s, 263);
-    row("alias not open, and more wrong", u"play Timer from x"_s, 263);
-    row("all", u"close all"_s, 263);
-    row("empty name", u"play \"\""_s, 263);
-    row("unknown device", u"open tape alias T"_s, 263);
-    row("empty device", u"open \"\""_s, 263);
-    row("name that ends in a point", u"open tape."_s, 263);
-    row("unknown extension", u"open music.mp3 alias T"_s, 281);
-    row("wave that is not there", u"open none.wav alias T"_s, 275);
-    row("wave that is none", u"open BAD alias T"_s, 296);
-    row("alias in use", u"open cdaudio alias CDP"_s, 289);
-    row("alias in use, other case", u"open none.wav alias cdp"_s, 289);
-    row("second CD", u"open cdaudio alias CD2"_s, 291);
-    row("second CD without alias", u"open CDAudio"_s, 291);
-    row("alias without a name", u"open cdaudio alias"_s, 269);
-    row("alias with an empty name", u"open cdaudio alias \"\""_s, 269);
-    row("alias twice", u"open cdaudio alias a alias b"_s, 295);
-    row("file name of two words", u"open my sound.wav alias T"_s, 259);
-    row("unknown word of play", u"play CDP loudly"_s, 259);
-    row("number without its word", u"play CDP 1000"_s, 259);
-    row("from without a number", u"play CDP from"_s, 270);
-    row("from without a number, and to", u"play CDP from to 5"_s, 270);
-    row("from a word", u"play CDP from start"_s, 270);
-    row("from below nothing", u"play CDP from -5"_s, 270);
-    row("from a fraction", u"play CDP from 1.5"_s, 270);
-    row("from full-width digits", u"play CDP from １"_s, 270);
-    row("from a colon", u"play CDP from :"_s, 270);
-    row("from minutes and seconds", u"play CDP from 0:10"_s, 270);
-    row("from an empty text", u"play CDP from \"\""_s, 270);
-    row("to without a number", u"play CDP from 5 to"_s, 270);
-    row("from twice", u"play CDP from 1 from 2"_s, 295);
-    row("to twice", u"play CDP to 1 to 2"_s, 295);
-    row("wait twice", u"play CDP wait wait"_s, 295);
-    row("from behind the end", u"play CDP from 300001"_s, 282);
-    row("to behind the end", u"play CDP to 300007"_s, 282);
-    row("from behind to", u"play CDP from 2000 to 1000"_s, 282);
-    row("from far outside", u"play CDP from 99999999999999999999999"_s, 282);
-    row("stop with a word", u"stop CDP now"_s, 259);
-    row("pause with a word", u"pause CDP now"_s, 259);
-    row("close with a word", u"close CDP now"_s, 259);
-    row("stop that waits twice", u"stop CDP wait wait"_s, 295);
-    row("resume", u"resume CDP"_s, 274);
-    row("resume with a word", u"resume CDP now"_s, 259);
-    row("set alone", u"set CDP"_s, 259);
-    row("set of another thing", u"set CDP door open"_s, 259);
-    row("set of half a thing", u"set CDP time ms"_s, 259);
-    row("other time format", u"set CDP time format bytes"_s, 293);
-    row("no time format", u"set CDP time format"_s, 293);
-    row("time format twice", u"set CDP time format ms time format msf"_s, 295);
-    row("status of nothing", u"status CDP"_s, 273);
-    row("status that waits for nothing", u"status CDP wait"_s, 273);
-    row("status of an unknown thing", u"status CDP weight"_s, 259);
-    row("status of half a thing", u"status CDP number of"_s, 259);
-    row("status of two things", u"status CDP mode length"_s, 259);
-    row("status twice", u"status CDP length length"_s, 295);
-    row("track of a thing without", u"status CDP mode track 1"_s, 259);
-    row("track before the thing", u"status CDP track 1 length"_s, 259);
-    row("track without a number", u"status CDP length track"_s, 270);
-    row("track with a word", u"status CDP length track one"_s, 270);
-    row("track with a colon", u"status CDP length track 1:0"_s, 270);
-    row("track twice", u"status CDP length track 1 track 2"_s, 295);
-    row("track 0", u"status CDP position track 0"_s, 282);
-    row("track behind the last", u"status CDP position track 4"_s, 282);
-    row("length of one behind the last", u"status CDP length track 4"_s, 282);
-    row("track far outside", u"status CDP length track 99999999999"_s, 282);
-    row("wave: other time format", u"set W time format msf"_s, 290);
-    row("wave: no time format", u"set W time format"_s, 290);
-    row("wave: from behind the end", u"play W from 101"_s, 282);
-    row("wave: from far outside", u"play W from 99999999999999999999999"_s, 282);
-    row("wave: from behind to", u"play W from 50 to 40"_s, 282);
-    row("wave: minutes and seconds", u"play W from 0:01"_s, 270);
-    row("wave: second track", u"status W length track 2"_s, 282);
-    row("wave: current track 0", u"status W position track 0"_s, 282);
+    WordRows();
+    PlayRows();
+    StatusRows();
 }
 
 void TstCommandDevices::Refusals() {
