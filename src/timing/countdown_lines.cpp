@@ -22,7 +22,7 @@ void CountdownLines::Show() {
     m_lines.lower.ShowText(ElapsedText(shown));
 }
 
-void CountdownLines::Tick(Timer& TimerTimer) {
+void CountdownLines::Tick(Timer& timer) {
     const CountdownState& state = m_countdown.State();
     const qint32 remaining = m_countdown.Remaining();
     if (state.TimerShownOnMain) {
@@ -34,17 +34,17 @@ void CountdownLines::Tick(Timer& TimerTimer) {
     if (state.CountdownRepeat) {
         BeginNextCycle();
     } else {
-        EndRun(TimerTimer);
+        EndRun(timer);
     }
     m_windows.ShowNotice();
 }
 
-void CountdownLines::EndRun(Timer& TimerTimer) {
+void CountdownLines::EndRun(Timer& timer) {
     const CountdownState& state = m_countdown.State();
     if (state.TimerShownOnMain) {
         m_lines.upper.ShowText(u"指定の時間が経過しました"_s);
     }
-    TimerTimer.Stop();
+    timer.Stop();
     if (state.TimerShownOnMain) {
         m_windows.ShowTimerForm();
     }

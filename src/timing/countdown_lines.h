@@ -24,10 +24,10 @@ public:
 
     /// TimerTimer, which is handed in to be stopped at zero. A tick that comes late crosses zero once; the
     /// cycles it missed follow tick by tick.
-    void Tick(Timer& TimerTimer);
+    void Tick(Timer& timer);
 
 private:
-    void EndRun(Timer& TimerTimer);
+    void EndRun(Timer& timer);
     void BeginNextCycle();
 
     Countdown& m_countdown;

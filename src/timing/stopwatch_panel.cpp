@@ -8,8 +8,8 @@ namespace tickwell {
 using namespace Qt::StringLiterals;
 
 StopwatchPanel::StopwatchPanel(Stopwatch& stopwatch, TextLines lines, DisplayFunctions& functions,
-                               Timer& Timer1)
-    : m_stopwatch(stopwatch), m_lines(lines), m_functions(functions), m_Timer1(Timer1) {}
+                               Timer& timer1)
+    : m_stopwatch(stopwatch), m_lines(lines), m_functions(functions), m_Timer1(timer1) {}
 
 void StopwatchPanel::Load() {
     m_list = m_stopwatch.KeptList();

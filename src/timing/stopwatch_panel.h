@@ -17,8 +17,8 @@ struct StopwatchCaptions {
 /// The stopwatch's window without the window: its list, and what its buttons do.
 class StopwatchPanel {
 public:
-    /// All outlive this object. `Timer1` refreshes the reading on the main window.
-    StopwatchPanel(Stopwatch& stopwatch, TextLines lines, DisplayFunctions& functions, Timer& Timer1);
+    /// All outlive this object. `timer1` refreshes the reading on the main window.
+    StopwatchPanel(Stopwatch& stopwatch, TextLines lines, DisplayFunctions& functions, Timer& timer1);
 
     /// The window opens: the kept list comes back.
     void Load();

@@ -20,9 +20,9 @@ constexpr int kListLines = 8;
 
 }  // namespace
 
-StopForm::StopForm(const StopwatchWindowParts& parts, QWidget* parent)
+StopForm::StopForm(StopwatchWindowParts parts, QWidget* parent)
     : QDialog(parent),
-      m_parts(parts),
+      m_parts(std::move(parts)),
       m_Command1(new QPushButton(this)),
       m_Command2(new QPushButton(this)),
       m_Command3(new QPushButton(u"印刷"_s, this)),
@@ -68,7 +68,7 @@ void StopForm::LayOut() {
     m_Command1->setDefault(true);
 }
 
-void StopForm::Open() {
+void StopForm::BringUp() {
     if (!isVisible()) {
         Form_Load();
     }

@@ -32,10 +32,10 @@ class StopForm : public QDialog {
     Q_OBJECT
 
 public:
-    StopForm(const StopwatchWindowParts& parts, QWidget* parent);
+    StopForm(StopwatchWindowParts parts, QWidget* parent);
 
     /// Shows the window, or brings it forward where it is open.
-    void Open();
+    void BringUp();
 
     /// Whichever way the window is closed.
     void done(int result) override;

@@ -7,6 +7,7 @@
 #include <QPushButton>
 #include <QStyle>
 #include <QVBoxLayout>
+#include <utility>
 
 #include "timing/bring_forward.h"
 
@@ -14,7 +15,7 @@ namespace tickwell {
 
 using namespace Qt::StringLiterals;
 
-Form8::Form8(const TimerNoticeParts& parts, QWidget* parent) : QDialog(parent), m_parts(parts) {
+Form8::Form8(TimerNoticeParts parts, QWidget* parent) : QDialog(parent), m_parts(std::move(parts)) {
     setObjectName(u"Form8"_s);
     setWindowTitle(u"タイマー"_s);
     setWindowFlag(Qt::WindowStaysOnTopHint);
@@ -43,7 +44,7 @@ void Form8::LayOut() {
     all->setSizeConstraint(QLayout::SetFixedSize);
 }
 
-void Form8::Open() {
+void Form8::BringUp() {
     if (isVisible()) {
         return;
     }

@@ -22,10 +22,10 @@ class Form8 : public QDialog {
     Q_OBJECT
 
 public:
-    Form8(const TimerNoticeParts& parts, QWidget* parent);
+    Form8(TimerNoticeParts parts, QWidget* parent);
 
     /// Shows the notice and starts its sound. While it is open this does nothing.
-    void Open();
+    void BringUp();
 
     /// Whichever way the window is closed.
     void done(int result) override;

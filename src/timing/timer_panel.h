@@ -20,9 +20,9 @@ struct TimerEntry {
 /// The timer's window without the window: what its entry means and what its buttons do.
 class TimerPanel {
 public:
-    /// All outlive this object. `TimerTimer` is the countdown's tick.
-    TimerPanel(Countdown& countdown, TextLines lines, Timer& TimerTimer)
-        : m_countdown(countdown), m_lines(lines), m_TimerTimer(TimerTimer) {}
+    /// All outlive this object. `timerTimer` is the countdown's tick.
+    TimerPanel(Countdown& countdown, TextLines lines, Timer& timerTimer)
+        : m_countdown(countdown), m_lines(lines), m_TimerTimer(timerTimer) {}
 
     bool IsRunning() const { return m_countdown.State().CountdownRunning; }
 

@@ -99,7 +99,7 @@ void TimerForm::AddEntry(QHBoxLayout& row, QSpinBox& box, int largest, QLabel& l
     row.addWidget(&label);
 }
 
-void TimerForm::Open() {
+void TimerForm::BringUp() {
     if (!isVisible()) {
         RefreshForm();
         const bool running = m_parts.panel.IsRunning();

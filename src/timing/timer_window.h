@@ -30,7 +30,7 @@ public:
     TimerForm(const TimerWindowParts& parts, QWidget* parent);
 
     /// Shows the window, or brings it forward where it is open.
-    void Open();
+    void BringUp();
 
     /// Follows the state: the entry, what can be changed, and what Command1 will do.
     void RefreshForm();

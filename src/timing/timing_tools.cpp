@@ -30,7 +30,7 @@ void TimingTools::ShowStopForm() {
             nullptr);
     }
     PlaceIfClosed(*m_stopForm);
-    m_stopForm->Open();
+    m_stopForm->BringUp();
 }
 
 void TimingTools::ShowTimerForm() {
@@ -39,7 +39,7 @@ void TimingTools::ShowTimerForm() {
             TimerWindowParts{m_timerPanel, m_parts.handlers, m_parts.help}, nullptr);
     }
     PlaceIfClosed(*m_timerForm);
-    m_timerForm->Open();
+    m_timerForm->BringUp();
 }
 
 void TimingTools::RefreshTimerForm() {
@@ -54,7 +54,7 @@ void TimingTools::ShowNotice() {
             TimerNoticeParts{m_parts.handlers, m_parts.enterFolder, m_parts.sendCommand}, nullptr);
     }
     PlaceIfClosed(*m_form8);
-    m_form8->Open();
+    m_form8->BringUp();
 }
 
 /// An open window stays where the user put it.

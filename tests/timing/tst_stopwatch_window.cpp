@@ -204,7 +204,7 @@ void TstStopwatchWindow::TheQuestionMayOutliveTheWindow() {
     auto form = std::make_unique<StopForm>(
         StopwatchWindowParts{panel, bench.time, handlers, boxes, printer, bench.help, [] {}, u"2.0.0"_s},
         nullptr);
-    form->Open();
+    form->BringUp();
     form->findChild<QPushButton*>(u"Command3"_s)->click();
     form.reset();
     boxes.Answer(true);
