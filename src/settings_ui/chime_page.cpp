@@ -6,7 +6,7 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
-#include "settings_ui/control_making.h"
+#include "days/control_making.h"
 
 namespace tickwell {
 
@@ -18,10 +18,10 @@ ChimePage::ChimePage(const SettingsParts& parts, SettingsDraft& draft, QWidget* 
       m_draft(draft),
       m_Option7(u"Option7"_s, kChimeOptions, this, parts.handlers,
                 [this](qint32 index) { m_draft.settings.chimeMode = index; }),
-      m_Combo1(NamedControl(new QComboBox(this), u"Combo1"_s, u"時報音"_s)),
-      m_listen(NamedControl(new QPushButton(u"試聴"_s, this), u"Listen"_s, u"時報音を試聴する"_s)),
-      m_tellsNoCdDrive(NamedControl(new QCheckBox(u"CDドライブがないことを起動のときに知らせる"_s, this),
-                                    u"NoCdDrive"_s)) {
+      m_Combo1(Named(new QComboBox(this), u"Combo1"_s, u"時報音"_s)),
+      m_listen(Named(new QPushButton(u"試聴"_s, this), u"Listen"_s, u"時報音を試聴する"_s)),
+      m_tellsNoCdDrive(
+          Named(new QCheckBox(u"CDドライブがないことを起動のときに知らせる"_s, this), u"NoCdDrive"_s)) {
     setObjectName(u"Picture4"_s);
     auto* rows = new QVBoxLayout(this);
     rows->addWidget(MakeSoundFrame());
@@ -30,7 +30,7 @@ ChimePage::ChimePage(const SettingsParts& parts, SettingsDraft& draft, QWidget* 
 }
 
 QWidget* ChimePage::MakeSoundFrame() {
-    auto* frame = NamedControl(new QGroupBox(u"時報音"_s, this), u"Frame9"_s);
+    auto* frame = Named(new QGroupBox(u"時報音"_s, this), u"Frame9"_s);
     m_listen->setAutoDefault(false);
     auto* sound = new QHBoxLayout;
     sound->addWidget(m_Combo1, 1);
@@ -48,7 +48,7 @@ QWidget* ChimePage::MakeSoundFrame() {
 
 /// Seen only by whom it can give something back.
 QWidget* ChimePage::MakeNoticeFrame() {
-    auto* frame = NamedControl(new QGroupBox(u"メッセージ"_s, this), u"Frame10"_s);
+    auto* frame = Named(new QGroupBox(u"メッセージ"_s, this), u"Frame10"_s);
     frame->setVisible(!m_draft.further.tellsNoCdDrive);
     auto* rows = new QVBoxLayout(frame);
     rows->addWidget(m_tellsNoCdDrive);

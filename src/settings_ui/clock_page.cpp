@@ -3,8 +3,9 @@
 
 #include <QGridLayout>
 #include <QHBoxLayout>
+#include <QLabel>
 
-#include "settings_ui/control_making.h"
+#include "days/control_making.h"
 
 namespace tickwell {
 
@@ -38,7 +39,7 @@ ClockPage::ClockPage(const SettingsParts& parts, SettingsDraft& draft, QWidget* 
 
 /// The options side by side.
 QGroupBox* ClockPage::MakeFrame(const QString& name, const QString& caption, const OptionArray& options) {
-    auto* frame = NamedControl(new QGroupBox(caption, this), name);
+    auto* frame = Named(new QGroupBox(caption, this), name);
     auto* row = new QHBoxLayout;
     for (QAbstractButton* option : options.Buttons()) {
         row->addWidget(option);
@@ -46,9 +47,9 @@ QGroupBox* ClockPage::MakeFrame(const QString& name, const QString& caption, con
     row->addStretch();
     auto* rows = new QVBoxLayout(frame);
     if (name == u"Frame5") {
-        rows->addWidget(NamedControl(
-            new QLabel(u"ﾃﾞｼﾞﾀﾙ時計,Windows時計においての、表示言語（方法）を指定します。"_s, this),
-            u"Label2"_s));
+        rows->addWidget(
+            Named(new QLabel(u"ﾃﾞｼﾞﾀﾙ時計,Windows時計においての、表示言語（方法）を指定します。"_s, this),
+                  u"Label2"_s));
     }
     rows->addLayout(row);
     return frame;

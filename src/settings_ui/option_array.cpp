@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "settings_ui/option_array.h"
 
-#include "settings_ui/control_making.h"
+#include "days/control_making.h"
 
 namespace tickwell {
 
@@ -11,8 +11,8 @@ OptionArray::OptionArray(const QString& name, std::span<const OptionRow> rows, Q
                          Handlers& handlers, std::function<void(qint32 index)> onClick)
     : m_group(new QButtonGroup(parent)) {
     for (const OptionRow& row : rows) {
-        auto* button = NamedControl(new QRadioButton(row.caption.toString(), parent),
-                                    u"%1(%2)"_s.arg(name, QString::number(row.index)));
+        auto* button = Named(new QRadioButton(row.caption.toString(), parent),
+                             u"%1(%2)"_s.arg(name, QString::number(row.index)));
         m_group->addButton(button, row.index);
         m_buttons.append(button);
         handlers.Connect(button, &QRadioButton::clicked, parent,

@@ -2,11 +2,12 @@
 #include "settings_ui/roll_page.h"
 
 #include <QHBoxLayout>
+#include <QLabel>
 #include <QLineEdit>
 #include <QSignalBlocker>
 #include <QVBoxLayout>
 
-#include "settings_ui/control_making.h"
+#include "days/control_making.h"
 
 namespace tickwell {
 
@@ -32,7 +33,7 @@ RollPage::RollPage(const SettingsParts& parts, SettingsDraft& draft, QWidget* pa
       m_draft(draft),
       m_Option1(u"Option1"_s, kRollOptions, this, parts.handlers,
                 [this](qint32 index) { Option1_Click(index); }),
-      m_frame(NamedControl(new QGroupBox(u"ロール機能"_s, this), u"Frame4"_s)),
+      m_frame(Named(new QGroupBox(u"ロール機能"_s, this), u"Frame4"_s)),
       m_UpDown1(nullptr) {
     setObjectName(u"Picture2"_s);
     auto* rows = new QVBoxLayout(this);
@@ -45,11 +46,11 @@ RollPage::RollPage(const SettingsParts& parts, SettingsDraft& draft, QWidget* pa
 
 QWidget* RollPage::MakeFrame() {
     auto* rows = new QVBoxLayout(m_frame);
-    rows->addWidget(NamedControl(
-        MakeExplanation(u"通常時に表示するものを、複数指定することができます。"_s, this), u"Label3"_s));
+    rows->addWidget(
+        Named(new QLabel(u"通常時に表示するものを、複数指定することができます。"_s, this), u"Label3"_s));
     for (std::size_t i = 0; i < kRollChecks.size(); ++i) {
         const RollCheck& row = kRollChecks.at(i);
-        QCheckBox* box = NamedControl(new QCheckBox(row.caption.toString(), this), row.name.toString());
+        QCheckBox* box = Named(new QCheckBox(row.caption.toString(), this), row.name.toString());
         m_handlers.Connect(box, &QCheckBox::clicked, this, [this, box, function = row.function] {
             m_draft.ChooseForRoll(function, box->isChecked());
         });
@@ -57,7 +58,7 @@ QWidget* RollPage::MakeFrame() {
         rows->addWidget(box);
     }
     MakeInterval();
-    auto* label = NamedControl(new QLabel(u"交換速度"_s, this), u"Label4"_s);
+    auto* label = Named(new QLabel(u"交換速度"_s, this), u"Label4"_s);
     label->setBuddy(m_UpDown1);
     auto* interval = new QHBoxLayout;
     interval->addWidget(label);
@@ -68,7 +69,7 @@ QWidget* RollPage::MakeFrame() {
 }
 
 void RollPage::MakeInterval() {
-    m_UpDown1 = NamedControl(new IntervalBox(this), u"UpDown1"_s, u"交換速度"_s);
+    m_UpDown1 = Named(new IntervalBox(this), u"UpDown1"_s, u"交換速度"_s);
     m_UpDown1->setRange(kShortest, kLongest);
     m_UpDown1->setSuffix(u" 秒"_s);
     m_handlers.Connect(m_UpDown1, &QSpinBox::valueChanged, this,

@@ -2,12 +2,13 @@
 #include "settings_ui/sample_frame.h"
 
 #include <QEvent>
+#include <QLabel>
 #include <QVBoxLayout>
 #include <algorithm>
 
+#include "days/control_making.h"
 #include "display/line_look.h"
 #include "display/line_styles.h"
-#include "settings_ui/control_making.h"
 
 namespace tickwell {
 
@@ -35,10 +36,10 @@ void WipeIn(MovingWord& word, const QString& text) {
 SampleFrame::SampleFrame(const Clock& clock, TimerSource& timers, Handlers& handlers, QWidget* parent)
     : QGroupBox(u"サンプル"_s, parent),
       m_pacer(clock, timers),
-      m_Pic(NamedControl(new QFrame(this), u"Pic"_s)),
-      m_Pic2(NamedControl(new QFrame(this), u"Pic2"_s)),
-      m_MovingWord1(NamedControl(new MovingWord({clock, timers, m_pacer}, m_Pic), u"MovingWord1"_s)),
-      m_MovingWord2(NamedControl(new MovingWord({clock, timers, m_pacer}, m_Pic2), u"MovingWord2"_s)),
+      m_Pic(Named(new QFrame(this), u"Pic"_s)),
+      m_Pic2(Named(new QFrame(this), u"Pic2"_s)),
+      m_MovingWord1(Named(new MovingWord({clock, timers, m_pacer}, m_Pic), u"MovingWord1"_s)),
+      m_MovingWord2(Named(new MovingWord({clock, timers, m_pacer}, m_Pic2), u"MovingWord2"_s)),
       m_Timer1(handlers.MakeTimer(timers, kSampleTick, [this] { Timer1_Timer(); })) {
     auto* rows = new QVBoxLayout(this);
     for (QFrame* picture : {m_Pic, m_Pic2}) {
@@ -48,7 +49,7 @@ SampleFrame::SampleFrame(const Clock& clock, TimerSource& timers, Handlers& hand
         rows->addWidget(picture, 1);
     }
     rows->addWidget(
-        NamedControl(new QLabel(u"画面の都合上一部だけの表示となることがあります"_s, this), u"Label1"_s));
+        Named(new QLabel(u"画面の都合上一部だけの表示となることがあります"_s, this), u"Label1"_s));
 }
 
 SampleFrame::~SampleFrame() {

@@ -6,7 +6,7 @@
 #include <QTabBar>
 #include <QVBoxLayout>
 
-#include "settings_ui/control_making.h"
+#include "days/control_making.h"
 #include "settings_ui/database_page.h"
 
 namespace tickwell {
@@ -17,7 +17,7 @@ Form2::Form2(const SettingsParts& parts, QWidget* parent)
     : QDialog(parent),
       m_parts(parts),
       m_draft{parts.settings, parts.further},
-      m_TabStrip1(NamedControl(new QTabWidget(this), u"TabStrip1"_s)),
+      m_TabStrip1(Named(new QTabWidget(this), u"TabStrip1"_s)),
       m_textPage(new TextPage(m_parts, m_draft, this)),
       m_clockPage(new ClockPage(m_parts, m_draft, this)),
       m_rollPage(new RollPage(m_parts, m_draft, this)),
@@ -46,7 +46,7 @@ Form2::Form2(const SettingsParts& parts, QWidget* parent)
 }
 
 QPushButton* Form2::MakeButton(const QString& name, const QString& caption, void (Form2::*clicked)()) {
-    auto* button = NamedControl(new QPushButton(caption, this), name);
+    auto* button = Named(new QPushButton(caption, this), name);
     m_parts.handlers.Connect(button, &QPushButton::clicked, this, [this, clicked] { (this->*clicked)(); });
     return button;
 }

@@ -8,9 +8,9 @@
 #include <QPainter>
 #include <QVBoxLayout>
 
+#include "days/control_making.h"
 #include "display/line_look.h"
 #include "settings_ui/colour_picking.h"
-#include "settings_ui/control_making.h"
 #include "settings_ui/picked_style.h"
 
 namespace tickwell {
@@ -40,14 +40,14 @@ StylePicker::StylePicker(Handlers& handlers, const QString& title, const LineSty
       m_offered(OfferedStyle(stored)),
       m_backColor(backColor),
       m_color(stored.color),
-      m_family(NamedControl(new QFontComboBox(this), u"Family"_s, u"フォント"_s)),
-      m_size(NamedControl(new QSpinBox(this), u"Size"_s, u"大きさ"_s)),
-      m_bold(NamedControl(new QCheckBox(u"太字"_s, this), u"Bold"_s)),
-      m_italic(NamedControl(new QCheckBox(u"斜体"_s, this), u"Italic"_s)),
-      m_strikethrough(NamedControl(new QCheckBox(u"取り消し線"_s, this), u"Strikethru"_s)),
-      m_underline(NamedControl(new QCheckBox(u"下線"_s, this), u"UnderLine"_s)),
+      m_family(Named(new QFontComboBox(this), u"Family"_s, u"フォント"_s)),
+      m_size(Named(new QSpinBox(this), u"Size"_s, u"大きさ"_s)),
+      m_bold(Named(new QCheckBox(u"太字"_s, this), u"Bold"_s)),
+      m_italic(Named(new QCheckBox(u"斜体"_s, this), u"Italic"_s)),
+      m_strikethrough(Named(new QCheckBox(u"取り消し線"_s, this), u"Strikethru"_s)),
+      m_underline(Named(new QCheckBox(u"下線"_s, this), u"UnderLine"_s)),
       m_colorButton(MakeButton(u"Color"_s, u"色"_s)),
-      m_sample(NamedControl(new QLabel(u"文字サンプル Aa123"_s, this), u"Sample"_s)) {
+      m_sample(Named(new QLabel(u"文字サンプル Aa123"_s, this), u"Sample"_s)) {
     setObjectName(u"StylePicker"_s);
     setWindowTitle(title);
     MakeControls();
@@ -58,11 +58,11 @@ StylePicker::StylePicker(Handlers& handlers, const QString& title, const LineSty
 }
 
 QPushButton* StylePicker::MakeButton(const QString& name, const QString& caption) {
-    return NamedControl(new QPushButton(caption, this), name);
+    return Named(new QPushButton(caption, this), name);
 }
 
 QWidget* StylePicker::MakeEffects() {
-    auto* frame = NamedControl(new QGroupBox(u"飾り"_s, this), u"Effects"_s);
+    auto* frame = Named(new QGroupBox(u"飾り"_s, this), u"Effects"_s);
     auto* grid = new QGridLayout(frame);
     grid->addWidget(m_bold, 0, 0);
     grid->addWidget(m_italic, 0, 1);

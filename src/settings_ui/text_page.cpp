@@ -3,11 +3,12 @@
 
 #include <QGridLayout>
 #include <QGroupBox>
+#include <QLabel>
 #include <QSignalBlocker>
 #include <QVBoxLayout>
 
+#include "days/control_making.h"
 #include "settings_ui/colour_picking.h"
-#include "settings_ui/control_making.h"
 #include "settings_ui/style_picker.h"
 
 namespace tickwell {
@@ -29,8 +30,8 @@ TextPage::TextPage(const SettingsParts& parts, SettingsDraft& draft, QWidget* pa
       m_draft(draft),
       m_Option2(u"Option2"_s, kWipeOptions, this, parts.handlers,
                 [this](qint32 index) { Option2_Click(index); }),
-      m_Slider1(NamedControl(new QSlider(Qt::Horizontal, this), u"Slider1"_s, u"ｽｸﾛｰﾙ速度"_s)),
-      m_sample(NamedControl(new SampleFrame(parts.clock, parts.timers, parts.handlers, this), u"Frame2"_s)) {
+      m_Slider1(Named(new QSlider(Qt::Horizontal, this), u"Slider1"_s, u"ｽｸﾛｰﾙ速度"_s)),
+      m_sample(Named(new SampleFrame(parts.clock, parts.timers, parts.handlers, this), u"Frame2"_s)) {
     setObjectName(u"Picture1"_s);
     auto* buttons = new QHBoxLayout;
     buttons->addWidget(MakeButton(u"Command6"_s, u"上段文字＞＞"_s, &TextPage::Command6_Click));
@@ -46,7 +47,7 @@ TextPage::TextPage(const SettingsParts& parts, SettingsDraft& draft, QWidget* pa
 }
 
 QWidget* TextPage::MakeWipeFrame() {
-    auto* frame = NamedControl(new QGroupBox(u"ワイプ形式"_s, this), u"Frame1"_s);
+    auto* frame = Named(new QGroupBox(u"ワイプ形式"_s, this), u"Frame1"_s);
     auto* rows = new QVBoxLayout(frame);
     for (QAbstractButton* option : m_Option2.Buttons()) {
         rows->addWidget(option);
@@ -56,7 +57,7 @@ QWidget* TextPage::MakeWipeFrame() {
 }
 
 QWidget* TextPage::MakeSpeedFrame() {
-    auto* frame = NamedControl(new QGroupBox(u"ｽｸﾛｰﾙ速度"_s, this), u"Frame3"_s);
+    auto* frame = Named(new QGroupBox(u"ｽｸﾛｰﾙ速度"_s, this), u"Frame3"_s);
     m_Slider1->setRange(kSlowest, kFastest);
     m_Slider1->setPageStep(kSpeedPage);
     m_handlers.Connect(m_Slider1, &QSlider::valueChanged, this, [this] { Slider1_Change(); });
@@ -68,7 +69,7 @@ QWidget* TextPage::MakeSpeedFrame() {
 }
 
 QPushButton* TextPage::MakeButton(const QString& name, const QString& caption, void (TextPage::*clicked)()) {
-    auto* button = NamedControl(new QPushButton(caption, this), name);
+    auto* button = Named(new QPushButton(caption, this), name);
     button->setAutoDefault(false);
     m_handlers.Connect(button, &QPushButton::clicked, this, [this, clicked] { (this->*clicked)(); });
     return button;

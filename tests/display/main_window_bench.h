@@ -44,8 +44,8 @@ struct MainWindowBench {
     void Start() {
         LoadSettings(store, settings);
         LoadFurtherSettings(store, further);
-        form = std::make_unique<Form1>(MainWindowParts{settings, further, store, dayDatabase, time, time, power,
-                                                       memory, tray, stack, starter, folder, handlers,
+        form = std::make_unique<Form1>(MainWindowParts{settings, further, store, dayDatabase, time, time,
+                                                       power, memory, tray, stack, starter, folder, handlers,
                                                        windows, Timing(), [this] { ++closed; }});
         form->Form_Load();
         form->show();
