@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include <QDialog>
 #include <QTest>
+#include <QWindow>
 
 #include "app/window_placing.h"
 
@@ -14,6 +16,7 @@ private Q_SLOTS:
     void ItStandsNear();
     void ItIsOnTheScreenFromEverywhere();
     void ItStaysAboveOthers();
+    void WhatIsLetThroughBelongsToTheModalWindow();
 };
 
 void TstWindowPlacing::ItStandsNear_data() {
@@ -62,6 +65,19 @@ void TstWindowPlacing::ItStaysAboveOthers() {
     PlaceNear(window, opener);
     QVERIFY(window.windowFlags().testFlag(Qt::WindowStaysOnTopHint));
     QVERIFY(!window.isVisible());
+}
+
+void TstWindowPlacing::WhatIsLetThroughBelongsToTheModalWindow() {
+    QWidget window;
+    LetThroughModal(window);  // without a modal window it stands alone
+    QVERIFY(window.windowHandle() == nullptr || window.windowHandle()->transientParent() == nullptr);
+    QDialog modal;
+    modal.setWindowModality(Qt::ApplicationModal);
+    modal.show();
+    LetThroughModal(modal);
+    QVERIFY(modal.windowHandle()->transientParent() == nullptr);
+    LetThroughModal(window);
+    QVERIFY(window.windowHandle()->transientParent() == modal.windowHandle());
 }
 
 QTEST_MAIN(TstWindowPlacing)

@@ -33,6 +33,8 @@ private Q_SLOTS:
     void OkAppliesRefreshesAndCloses();
     void ApplyReadsTheDateLineAtOnce();
     void AFunctionThatTheRollChangedIsNotBroughtBack();
+    void ApplyDoesNotEndARunningCountdown();
+    void ApplyDoesNotLoseALapList();
     void NothingIsStoredBeforeTheMainWindowCloses();
     void AnErrorIsReportedAndTheDialogStays();
     void ItBlocksTheOtherWindowsAndNothingComesAboveIt_data();
@@ -379,6 +381,36 @@ void TstSettingsWindow::AFunctionThatTheRollChangedIsNotBroughtBack() {
     bench.Click(u"Command3"_s);
     QCOMPARE(bench.main.settings.function, 1);
     QCOMPARE(bench.main.Upper().Text(), u"Windows使用時間"_s);
+}
+
+void TstSettingsWindow::ApplyDoesNotEndARunningCountdown() {
+    SettingsBench bench;
+    bench.main.countdown.CountdownDuration = 60'000;
+    bench.main.countdown.CountdownStart = 307'000;
+    bench.main.countdown.CountdownRunning = true;
+    bench.main.store.Put(u"SetUp"_s, u"Function"_s, u"3"_s);
+    bench.Open();
+    QCOMPARE(bench.main.Lower().Text(), u"0:00'49\"000"_s);
+    bench.main.time.Advance(1'000);
+    bench.Click(u"Option3(1)"_s);
+    bench.Click(u"Command1"_s);
+    QVERIFY(bench.main.countdown.CountdownRunning);
+    QCOMPARE(bench.main.countdown.CountdownStart, 307'000);
+    QCOMPARE(bench.main.Lower().Text(), u"0:00'48\"000"_s);
+    QCOMPARE(bench.main.settings.function, 3);
+}
+
+void TstSettingsWindow::ApplyDoesNotLoseALapList() {
+    SettingsBench bench;
+    bench.main.stopwatch = {300'000, 0, true, 2, u"Lapse1 0:00'01\"000\r\nLapse2 0:00'02\"000"_s};
+    bench.main.store.Put(u"SetUp"_s, u"Function"_s, u"2"_s);
+    bench.Open();
+    bench.main.time.Advance(1'000);
+    bench.Click(u"Command1"_s);
+    QVERIFY(bench.main.stopwatch.StopwatchRunning);
+    QCOMPARE(bench.main.stopwatch.StopwatchLapCount, 2);
+    QCOMPARE(bench.main.stopwatch.StopwatchLapText, u"Lapse1 0:00'01\"000\r\nLapse2 0:00'02\"000"_s);
+    QCOMPARE(bench.main.Lower().Text(), u"0:00'19\"000"_s);
 }
 
 void TstSettingsWindow::NothingIsStoredBeforeTheMainWindowCloses() {
