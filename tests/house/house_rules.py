@@ -10,7 +10,8 @@ from project_files import ROOT, code_files, cpp_files, shown
 # A folder of src/ and the folders that it may include besides itself. Arrows point only downwards.
 ARROWS = {
     "core": set(),
-    "platform": {"core", "media"},
+    "cd_helper": set(),
+    "platform": {"core", "media", "cd_helper"},
     "media": {"core"},
     "days": {"core"},
     "help": {"core"},

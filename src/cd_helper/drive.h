@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <string>
+
+namespace tickwell {
+
+enum class DriveState { Disc, NoDisc, TrayOpen, NotReady };
+
+/// The state of a real drive, through a descriptor of its own, which neither closes the tray nor waits for a
+/// disc.
+class Drive {
+public:
+    /// Whether this is the node of a drive and not an image.
+    static bool IsNode(const std::string& path);
+
+    explicit Drive(const std::string& path);
+    ~Drive();
+    Drive(const Drive&) = delete;
+    Drive& operator=(const Drive&) = delete;
+
+    DriveState State() const;
+
+private:
+    int m_descriptor;
+};
+
+}  // namespace tickwell

@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// make_discs FOLDER: writes the discs that tests play, three_tones and mixed_mode, as images of each kind.
+// The starts and the end of each are printed, in sectors.
+
+#include <QDir>
+#include <cstdio>
+
+#include "discs/test_disc.h"
+
+using namespace tickwell;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+void Print(const char* name, const TestDisc& disc) {
+    std::printf("%s", name);
+    for (const int start : disc.starts) {
+        std::printf(" %d", start);
+    }
+    std::printf(" %d\n", disc.end);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    if (argc != 2 || !QDir().mkpath(QString::fromLocal8Bit(argv[1]))) {
+        std::fputs("usage: make_discs FOLDER\n", stderr);
+        return 1;
+    }
+    const QString folder = QString::fromLocal8Bit(argv[1]);
+    const TestDisc tones = ThreeTones();
+    const TestDisc mixed = MixedMode();
+    WriteCueImage(tones, folder, u"three_tones"_s);
+    WriteTocImage(tones, folder, u"three_tones_toc"_s);
+    WriteNrgImage(tones, folder, u"three_tones"_s);
+    WriteCueImage(mixed, folder, u"mixed_mode"_s);
+    Print("three_tones", tones);
+    Print("mixed_mode", mixed);
+    return 0;
+}
