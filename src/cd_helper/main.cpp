@@ -6,12 +6,14 @@
 #include <sys/resource.h>
 #include <unistd.h>
 
+#include <cerrno>
 #include <charconv>
 #include <csignal>
 #include <cstdio>
 #include <cstring>
 #include <memory>
 #include <optional>
+#include <string>
 #include <string_view>
 
 #include "cd_helper/disc.h"
@@ -48,34 +50,41 @@ const char* WordFor(DriveState state) {
     }
 }
 
-int Look(const char* source) {
-    if (Drive::IsNode(source)) {
-        const DriveState state = Drive(source).State();
-        if (state != DriveState::Disc) {
-            std::puts(WordFor(state));
-            return std::fflush(stdout) == 0 ? kEndDone : kEndGone;
-        }
+std::string TextOf(const DiscContents& contents, char joint) {
+    std::string text;
+    for (const DiscTrack& track : contents.tracks) {
+        text +=
+            std::string(track.isAudio ? kAudioTrack : kDataTrack) + ' ' + std::to_string(track.start) + joint;
     }
-    const std::optional<Disc> disc = Disc::Open(source);
-    if (!disc) {
-        std::puts(kNotReady);
-    } else {
-        std::puts(kDisc);
-        for (const DiscTrack& track : disc->Contents().tracks) {
-            std::printf("%s %d\n", track.isAudio ? kAudioTrack : kDataTrack, track.start);
-        }
-        std::printf("%s %d\n", kLeadOut, disc->Contents().end);
-    }
-    return std::fflush(stdout) == 0 ? kEndDone : kEndGone;
+    return text + kLeadOut + ' ' + std::to_string(contents.end);
 }
 
-int Read(const char* source, std::int32_t from, std::int32_t to) {
+std::string SeenAt(const char* source) {
+    if (access(source, R_OK) != 0 && errno == EACCES) {
+        return kNoRight;
+    }
+    const DriveState state = Drive::IsNode(source) ? Drive(source).State() : DriveState::Disc;
+    if (state != DriveState::Disc) {
+        return WordFor(state);
+    }
+    const std::optional<Disc> disc = Disc::Open(source);
+    return disc ? std::string(kDisc) + '\n' + TextOf(disc->Contents(), '\n') : kNotReady;
+}
+
+int Look(const char* source) {
+    return std::puts(SeenAt(source).c_str()) >= 0 && std::fflush(stdout) == 0 ? kEndDone : kEndGone;
+}
+
+int Read(const char* source, std::int32_t from, std::int32_t to, const char* contents) {
     const auto drive = Drive::IsNode(source) ? std::make_unique<Drive>(source) : nullptr;
     if (drive && drive->State() != DriveState::Disc) {
         return kEndGone;
     }
     std::optional<Disc> disc = Disc::Open(source);
-    return disc ? SoundWriter(*disc, drive.get(), STDOUT_FILENO).Write(from, to) : kEndGone;
+    if (!disc || TextOf(disc->Contents(), kLineJoint) != contents) {
+        return kEndGone;
+    }
+    return SoundWriter(*disc, drive.get(), STDOUT_FILENO).Write(from, to);
 }
 
 }  // namespace
@@ -85,13 +94,13 @@ int main(int argc, char** argv) {
     if (argc == 3 && std::strcmp(argv[1], kLookWord) == 0) {
         return Look(argv[2]);
     }
-    if (argc == 5 && std::strcmp(argv[1], kReadWord) == 0) {
+    if (argc == 6 && std::strcmp(argv[1], kReadWord) == 0) {
         const auto from = SectorOf(argv[3]);
         const auto to = SectorOf(argv[4]);
         if (from && to) {
-            return Read(argv[2], *from, *to);
+            return Read(argv[2], *from, *to, argv[5]);
         }
     }
-    std::fputs("usage: tickwell-cd look SOURCE | tickwell-cd read SOURCE FROM TO\n", stderr);
+    std::fputs("usage: tickwell-cd look SOURCE | tickwell-cd read SOURCE FROM TO CONTENTS\n", stderr);
     return kEndUsage;
 }

@@ -7,12 +7,15 @@ namespace tickwell {
 /// image: .cue or .bin, .toc, .nrg.
 ///
 ///   tickwell-cd look SOURCE
-/// writes what is there, a line each: kNoDisc, kTrayOpen or kNotReady alone; or kDisc, then for each track
-/// kAudioTrack or kDataTrack and its first sector, then kLeadOut and the first sector behind the last track.
+/// writes what is there, a line each: kNoDisc, kTrayOpen, kNotReady or kNoRight alone; or kDisc, then for
+/// each track kAudioTrack or kDataTrack and its first sector, then kLeadOut and the first sector behind the
+/// last track.
 ///
-///   tickwell-cd read SOURCE FROM TO
+///   tickwell-cd read SOURCE FROM TO CONTENTS
 /// writes the sound of the sectors FROM to TO - 1: kSectorBytes each, 16 bits little-endian, two channels,
 /// 44100 frames a second. What cannot be read and what is data is silence, so that each sector has its place.
+/// CONTENTS is what was seen at the look, the lines behind kDisc with kLineJoint between them: of another
+/// disc nothing is read.
 ///
 /// Sectors count from 0, 75 to the second. The helper may die of a damaged image at any moment: its answer
 /// counts only when it ends with HelperEnd::Done.
@@ -22,10 +25,12 @@ inline constexpr const char* kReadWord = "read";
 inline constexpr const char* kNoDisc = "no-disc";
 inline constexpr const char* kTrayOpen = "tray-open";
 inline constexpr const char* kNotReady = "not-ready";
+inline constexpr const char* kNoRight = "no-right";  // to read it
 inline constexpr const char* kDisc = "disc";
 inline constexpr const char* kAudioTrack = "audio";
 inline constexpr const char* kDataTrack = "data";
 inline constexpr const char* kLeadOut = "end";
+inline constexpr char kLineJoint = ',';
 
 inline constexpr int kSectorBytes = 2352;
 inline constexpr int kMostTracks = 99;

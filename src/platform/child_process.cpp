@@ -4,9 +4,12 @@
 #include <fcntl.h>
 #include <poll.h>
 #include <spawn.h>
-#include <sys/pidfd.h>
 #include <sys/wait.h>
 #include <unistd.h>
+
+extern "C" {
+#include <sys/pidfd.h>  // made for C alone
+}
 
 #include <QFile>
 #include <algorithm>

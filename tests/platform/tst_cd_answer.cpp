@@ -1,0 +1,81 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include <QTest>
+
+#include "platform/cd_answer.h"
+
+using namespace tickwell;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const CdContents kMixed{{{0, false}, {450, true}, {650, true}}, 900};
+
+CdSeen Disc(const CdContents& contents) {
+    return {CdStatus::Ready, contents};
+}
+
+}  // namespace
+
+/// What is made of the helper's words.
+class TstCdAnswer : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void AnswersAreRead_data();
+    void AnswersAreRead();
+    void ADiscOfNinetyNineTracksIsRead();
+    void ContentsAreToldAsTheyWereSeen();
+};
+
+void TstCdAnswer::AnswersAreRead_data() {
+    QTest::addColumn<QByteArray>("answer");
+    QTest::addColumn<CdSeen>("seen");
+    const CdSeen notReady;
+    const auto row = [](const char* name, const QByteArray& answer, const CdSeen& seen) {
+        QTest::newRow(name) << answer << seen;
+    };
+    row("no disc", "no-disc\n", {CdStatus::NoDisc, {}});
+    row("tray open", "tray-open\n", {CdStatus::TrayOpen, {}});
+    row("not ready", "not-ready\n", notReady);
+    row("no right to read it", "no-right\n", {CdStatus::Failed, {}});
+    row("a disc", "disc\ndata 0\naudio 450\naudio 650\nend 900\n", Disc(kMixed));
+    row("one track", "disc\naudio 0\nend 1\n", Disc({{{0, true}}, 1}));
+    row("sound before the first track", "disc\naudio 33\nend 90\n", Disc({{{33, true}}, 90}));
+    row("nothing", "", notReady);
+    row("cut off inside a line", "disc\naudio 0\nend 9", notReady);
+    row("cut off behind a line", "disc\naudio 0\n", notReady);
+    row("a disc without tracks", "disc\nend 900\n", notReady);
+    row("a disc without anything", "disc\n", notReady);
+    row("starts that do not rise", "disc\naudio 10\naudio 10\nend 90\n", notReady);
+    row("an end that does not lie behind", "disc\naudio 10\nend 10\n", notReady);
+    row("a negative start", "disc\naudio -150\nend 10\n", notReady);
+    row("longer than any disc", "disc\naudio 0\nend 450001\n", notReady);
+    row("something behind the end", "disc\naudio 0\nend 10\naudio 20\n", notReady);
+    row("an unknown kind of track", "disc\nvideo 0\nend 10\n", notReady);
+    row("a line of three words", "disc\naudio 0 0\nend 10\n", notReady);
+    row("a number that is none", "disc\naudio x\nend 10\n", notReady);
+    row("something behind a word", "no-disc\nno-disc\n", notReady);
+    row("an unknown word", "hello\n", notReady);
+}
+
+void TstCdAnswer::AnswersAreRead() {
+    QFETCH(QByteArray, answer);
+    QFETCH(CdSeen, seen);
+    QVERIFY(SeenFrom(answer) == seen);
+}
+
+void TstCdAnswer::ADiscOfNinetyNineTracksIsRead() {
+    QByteArray answer = "disc\n";
+    for (int track = 0; track < 99; ++track) {
+        answer += "audio " + QByteArray::number(track * 400) + '\n';
+    }
+    QCOMPARE(SeenFrom(answer + "end 40000\n").contents.tracks.size(), 99);
+    QVERIFY(SeenFrom(answer + "audio 39999\nend 40000\n") == CdSeen());
+}
+
+void TstCdAnswer::ContentsAreToldAsTheyWereSeen() {
+    QCOMPARE(ContentsText(kMixed), u"data 0,audio 450,audio 650,end 900"_s);
+}
+
+QTEST_GUILESS_MAIN(TstCdAnswer)
+#include "tst_cd_answer.moc"

@@ -1,0 +1,129 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include <QRandomGenerator>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include "discs/test_disc.h"
+#include "drive_bench.h"
+#include "support/files.h"
+
+using namespace tickwell;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr quint32 kSeed = 0xD15C;
+constexpr int kDamages = 120;    // of each kind of image
+constexpr int kMostPlayed = 60;  // sectors
+constexpr int kMostSectors = 100 * 60 * 75;
+
+/// What a disk, a copy or a hand does to a file; in its last bytes, where images keep their contents, more
+/// often.
+QByteArray Damaged(QByteArray bytes, QRandomGenerator& random) {
+    const auto size = static_cast<quint32>(bytes.size());
+    const auto place = [&] {
+        const quint32 near = std::min(size, 400U);
+        return static_cast<qsizetype>(random.bounded(3) == 0 ? random.bounded(size)
+                                                             : size - 1 - random.bounded(near));
+    };
+    switch (random.bounded(4)) {
+        case 0:
+            return bytes.left(place());
+        case 1:
+            return bytes.insert(place(), static_cast<char>(random.bounded(256)));
+        case 2:
+            return bytes.remove(place(), static_cast<qsizetype>(random.bounded(20)) + 1);
+        default:
+            for (quint32 i = 0; i <= random.bounded(6U); ++i) {
+                bytes[place()] = static_cast<char>(random.bounded(4) == 0 ? 0xff : random.bounded(256));
+            }
+            return bytes;
+    }
+}
+
+bool IsTrustworthy(const CdContents& contents) {
+    int last = -1;
+    for (const CdTrackEntry& track : contents.tracks) {
+        if (track.start <= last) {
+            return false;
+        }
+        last = track.start;
+    }
+    return !contents.tracks.isEmpty() && contents.leadOut > last && contents.leadOut <= kMostSectors;
+}
+
+}  // namespace
+
+/// Damaged images: the helper may die of them, the program does not.
+class TstCdDamage : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void DamagedImagesArePlayedOrRefused_data();
+    void DamagedImagesArePlayedOrRefused();
+    void NoiseIsRefused_data();
+    void NoiseIsRefused();
+};
+
+void TstCdDamage::DamagedImagesArePlayedOrRefused_data() {
+    QTest::addColumn<QString>("file");
+    QTest::newRow("cue sheet") << u"cue.cue"_s;
+    QTest::newRow("table of contents") << u"toc.toc"_s;
+    QTest::newRow("one file") << u"nrg.nrg"_s;
+}
+
+void TstCdDamage::DamagedImagesArePlayedOrRefused() {
+    QFETCH(QString, file);
+    const QTemporaryDir folder;
+    const TestDisc disc = MakeDisc({{440, 8}, {660, 5, 2}, {880, 9}});
+    WriteCueImage(disc, folder.path(), u"cue"_s);
+    WriteTocImage(disc, folder.path(), u"toc"_s);
+    WriteNrgImage(disc, folder.path(), u"nrg"_s);
+    const QByteArray whole = ReadAll(folder.filePath(file));
+    QRandomGenerator random(kSeed);
+    int discs = 0;
+    for (int i = 0; i < kDamages; ++i) {
+        WriteAll(folder.filePath(file), Damaged(whole, random));
+        DriveBench bench(folder.filePath(file), HelperPath(), kQuick);
+        const CdSeen seen = bench.Look();
+        if (seen.status == CdStatus::Ready) {
+            ++discs;
+            QVERIFY(IsTrustworthy(seen.contents));
+            QVERIFY(bench.PlayAll(0, std::min(seen.contents.leadOut, kMostPlayed)) != "it did not end");
+            QCOMPARE(bench.Mode(), CdMode::Stopped);
+        } else {
+            QCOMPARE(seen.status, CdStatus::NotReady);
+        }
+    }
+    qInfo("%d of %d were still discs", discs, kDamages);
+    QVERIFY(discs > 0 && discs < kDamages);
+}
+
+void TstCdDamage::NoiseIsRefused_data() {
+    QTest::addColumn<QString>("extension");
+    for (const char* extension : {"cue", "toc", "nrg", "bin"}) {
+        QTest::newRow(extension) << QString::fromLatin1(extension);
+    }
+}
+
+void TstCdDamage::NoiseIsRefused() {
+    QFETCH(QString, extension);
+    const QTemporaryDir folder;
+    QRandomGenerator random(kSeed);
+    for (int i = 0; i < 20; ++i) {
+        QByteArray noise(static_cast<qsizetype>(random.bounded(5000)), '\0');
+        for (char& byte : noise) {
+            byte = static_cast<char>(random.bounded(256));
+        }
+        if (extension == u"nrg") {  // the mark of such a file, and nonsense before it
+            noise += "NER5" + QByteArray(6, '\0') + static_cast<char>(random.bounded(16)) + '\7';
+        }
+        const QString path = folder.filePath(u"noise."_s + extension);
+        WriteAll(path, noise);
+        WriteAll(folder.filePath(u"noise.bin"_s), noise);
+        QVERIFY(DriveBench(path, HelperPath(), kQuick).Look() == CdSeen());
+    }
+}
+
+QTEST_GUILESS_MAIN(TstCdDamage)
+#include "tst_cd_damage.moc"

@@ -1,0 +1,241 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include <QElapsedTimer>
+#include <QFile>
+#include <QTemporaryDir>
+#include <QTest>
+#include <cstdio>
+#include <memory>
+#include <utility>
+
+#include "discs/test_disc.h"
+#include "drive_bench.h"
+#include "support/files.h"
+
+using namespace tickwell;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const CdSeen kTonesSeen{CdStatus::Ready, {{{0, true}, {321, true}, {548, true}}, 931}};
+const CdSeen kMixedSeen{CdStatus::Ready, {{{0, false}, {450, true}, {650, true}}, 900}};
+constexpr int kBadSector = 400;
+
+}  // namespace
+
+/// A real drive, as the kernel shows it: the helper runs with a library that plays the kernel's part.
+class TstCdFakeDrive : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void cleanup();
+    void ADiscIsReadToTheSample();
+    void StatesAreTold_data();
+    void StatesAreTold();
+    void ADiscPutInLaterIsFound();
+    void ASwappedDiscIsNotPlayedAndThenFound();
+    void WhatIsTakenAwayWhilePlayingEndsIt_data();
+    void WhatIsTakenAwayWhilePlayingEndsIt();
+    void OneBadSectorIsSilentAlone();
+    void ASlowDriveKeepsUp();
+    void DataMakesNoSound();
+    void NoCallWaitsForASlowDrive();
+    void AReadingIsGivenUpWhileTheDriveIsBusy();
+
+private:
+    QString InFolder(const QString& name) const { return m_folder->filePath(name); }
+    void PutIn(const TestDisc& disc);
+    void TakeOut() { QFile::remove(InFolder(u"disc"_s)); }
+    void Set(const char* name, const QByteArray& value);
+
+    std::unique_ptr<QTemporaryDir> m_folder;
+    QList<QByteArray> m_set;
+    TestDisc m_tones = ThreeTones();
+    TestDisc m_mixed = MixedMode();
+};
+
+void TstCdFakeDrive::init() {
+    m_folder = std::make_unique<QTemporaryDir>();
+    QVERIFY(QFile::link(u"/dev/zero"_s, InFolder(u"drive"_s)));
+    Set("FAKE_DRIVE_NODE", InFolder(u"drive"_s).toUtf8());
+    Set("FAKE_DRIVE_DISC", InFolder(u"disc"_s).toUtf8());
+    Set("FAKE_DRIVE_TRAY", InFolder(u"tray"_s).toUtf8());
+    Set("FAKE_DRIVE_BUSY", InFolder(u"busy"_s).toUtf8());
+    Set("LD_PRELOAD", TICKWELL_FAKE_DRIVE);
+    Set("ASAN_OPTIONS", qgetenv("ASAN_OPTIONS") + ":verify_asan_link_order=0");
+}
+
+void TstCdFakeDrive::cleanup() {
+    for (const QByteArray& name : std::exchange(m_set, {})) {
+        qunsetenv(name.constData());
+    }
+}
+
+void TstCdFakeDrive::Set(const char* name, const QByteArray& value) {
+    QVERIFY(qputenv(name, value));
+    m_set.append(name);
+}
+
+void TstCdFakeDrive::PutIn(const TestDisc& disc) {
+    const QString sectors = InFolder(u"sectors%1"_s.arg(disc.end));
+    WriteAll(sectors, disc.bytes);
+    QByteArray words = sectors.toUtf8();
+    for (qsizetype i = 0; i < disc.starts.size(); ++i) {
+        words += disc.tracks[i].hertz > 0 ? " a" : " d";
+        words += QByteArray::number(disc.starts[i]);
+    }
+    // A new file in the place of the old one, as a disc takes the place of another.
+    WriteAll(InFolder(u"next"_s), words + " L" + QByteArray::number(disc.end) + '\n');
+    QCOMPARE(std::rename(qPrintable(InFolder(u"next"_s)), qPrintable(InFolder(u"disc"_s))), 0);
+}
+
+void TstCdFakeDrive::ADiscIsReadToTheSample() {
+    PutIn(m_tones);
+    DriveBench bench(InFolder(u"drive"_s));
+    QVERIFY(bench.Look() == kTonesSeen);
+    QVERIFY(bench.PlayAll(0, 931) == m_tones.bytes);
+}
+
+void TstCdFakeDrive::StatesAreTold_data() {
+    QTest::addColumn<QString>("file");
+    QTest::addColumn<CdStatus>("status");
+    QTest::newRow("empty") << QString() << CdStatus::NoDisc;
+    QTest::newRow("tray open") << u"tray"_s << CdStatus::TrayOpen;
+    QTest::newRow("not ready") << u"busy"_s << CdStatus::NotReady;
+}
+
+void TstCdFakeDrive::StatesAreTold() {
+    QFETCH(QString, file);
+    QFETCH(CdStatus, status);
+    if (!file.isEmpty()) {
+        PutIn(m_tones);
+        WriteAll(InFolder(file), "");
+    }
+    DriveBench bench(InFolder(u"drive"_s));
+    QVERIFY(bench.Look() == (CdSeen{status, {}}));
+    QVERIFY(bench.drive.Exists());
+}
+
+void TstCdFakeDrive::ADiscPutInLaterIsFound() {
+    DriveBench bench(InFolder(u"drive"_s));
+    QCOMPARE(bench.Look().status, CdStatus::NoDisc);
+    PutIn(m_tones);
+    QVERIFY(bench.Look() == kTonesSeen);
+    TakeOut();
+    QVERIFY(bench.Seen() == kTonesSeen);  // nobody has looked
+    QCOMPARE(bench.Look().status, CdStatus::NoDisc);
+    QCOMPARE(bench.changes, 3);
+}
+
+void TstCdFakeDrive::ASwappedDiscIsNotPlayedAndThenFound() {
+    PutIn(m_tones);
+    DriveBench bench(InFolder(u"drive"_s));
+    QVERIFY(bench.Look() == kTonesSeen);
+    PutIn(m_mixed);
+    QVERIFY(bench.PlayAll(321, 548).isEmpty());
+    QCOMPARE(bench.Seen().status, CdStatus::NotReady);
+    QVERIFY(bench.Look() == kMixedSeen);
+    QVERIFY(bench.PlayAll(450, 900) == m_mixed.Sound(450, 900));
+}
+
+void TstCdFakeDrive::WhatIsTakenAwayWhilePlayingEndsIt_data() {
+    QTest::addColumn<bool>("isSwapped");
+    QTest::addColumn<CdStatus>("status");
+    QTest::newRow("the disc is pulled") << false << CdStatus::TrayOpen;
+    QTest::newRow("the disc is swapped") << true << CdStatus::Ready;
+}
+
+void TstCdFakeDrive::WhatIsTakenAwayWhilePlayingEndsIt() {
+    QFETCH(bool, isSwapped);
+    QFETCH(CdStatus, status);
+    PutIn(m_tones);
+    DriveBench bench(InFolder(u"drive"_s));
+    QVERIFY(bench.Look() == kTonesSeen);
+    QVERIFY(bench.drive.Play(0, 931));
+    QVERIFY(bench.WaitForSound());
+    if (isSwapped) {
+        PutIn(m_mixed);
+    } else {
+        WriteAll(InFolder(u"tray"_s), "");
+    }
+    const QByteArray sound = bench.PlayRest();
+    QVERIFY(sound.size() < m_tones.bytes.size());
+    QVERIFY(m_tones.bytes.startsWith(sound));
+    QCOMPARE(bench.Seen().status, CdStatus::NotReady);
+    QCOMPARE(bench.changes, 2);
+    QCOMPARE(bench.Look().status, status);
+}
+
+void TstCdFakeDrive::OneBadSectorIsSilentAlone() {
+    PutIn(m_tones);
+    Set("FAKE_DRIVE_BAD", QByteArray::number(kBadSector));
+    DriveBench bench(InFolder(u"drive"_s));
+    QVERIFY(bench.Look() == kTonesSeen);
+    QByteArray expected = m_tones.bytes;
+    expected.replace(qsizetype{kBadSector} * kTestSectorBytes, kTestSectorBytes,
+                     QByteArray(kTestSectorBytes, '\0'));
+    QVERIFY(bench.PlayAll(0, 931) == expected);
+    QVERIFY(!bench.drive.Picture().readError);
+}
+
+/// The drive needs 100 ms a reading: a disc must come faster than it is played, bad sector and all.
+void TstCdFakeDrive::ASlowDriveKeepsUp() {
+    constexpr qint64 kPlayingTime = 931 * 1000 / 75;  // ms
+    PutIn(m_tones);
+    Set("FAKE_DRIVE_DELAY", "100");
+    Set("FAKE_DRIVE_BAD", QByteArray::number(kBadSector));
+    DriveBench bench(InFolder(u"drive"_s));
+    QVERIFY(bench.Look() == kTonesSeen);
+    QElapsedTimer clock;
+    clock.start();
+    QCOMPARE(bench.PlayAll(0, 931).size(), m_tones.bytes.size());
+    QVERIFY2(clock.elapsed() < kPlayingTime * 3 / 4, qPrintable(QString::number(clock.elapsed())));
+}
+
+void TstCdFakeDrive::DataMakesNoSound() {
+    PutIn(m_mixed);
+    DriveBench bench(InFolder(u"drive"_s));
+    QVERIFY(bench.Look() == kMixedSeen);
+    QVERIFY(bench.PlayAll(0, 900) == m_mixed.Sound(450, 900));
+}
+
+void TstCdFakeDrive::NoCallWaitsForASlowDrive() {
+    constexpr qint64 kLongestCall = 50;  // ms
+    PutIn(m_tones);
+    Set("FAKE_DRIVE_DELAY", "1000");
+    DriveBench bench(InFolder(u"drive"_s));
+    QElapsedTimer clock;
+    qint64 longest = 0;
+    const auto timed = [&](const auto& call) {
+        clock.start();
+        call();
+        longest = std::max(longest, clock.elapsed());
+    };
+    QVERIFY(bench.Look() == kTonesSeen);
+    timed([&] { bench.drive.Look(); });
+    timed([&] { bench.drive.Play(0, 931); });
+    for (int i = 0; i < 100; ++i) {
+        timed([] { QCoreApplication::processEvents(); });
+        timed([&] { bench.drive.Picture(); });
+    }
+    timed([&] { bench.drive.Play(321 * kFramesPerSector, 931); });
+    timed([&] { bench.drive.Stop(); });
+    QVERIFY2(longest < kLongestCall, qPrintable(QString::number(longest)));
+}
+
+void TstCdFakeDrive::AReadingIsGivenUpWhileTheDriveIsBusy() {
+    PutIn(m_tones);
+    DriveBench bench(InFolder(u"drive"_s));
+    QVERIFY(bench.Look() == kTonesSeen);
+    Set("FAKE_DRIVE_DELAY", "100000");
+    QVERIFY(bench.drive.Play(0, 931));
+    QCOMPARE(bench.Mode(), CdMode::Seeking);
+    bench.drive.Stop();
+    QCOMPARE(bench.Mode(), CdMode::Stopped);
+    qputenv("FAKE_DRIVE_DELAY", "0");
+    QVERIFY(bench.PlayAll(548, 560) == m_tones.Sound(548, 560));
+    QVERIFY(bench.Seen() == kTonesSeen);
+}
+
+QTEST_GUILESS_MAIN(TstCdFakeDrive)
+#include "tst_cd_fake_drive.moc"

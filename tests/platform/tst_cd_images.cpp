@@ -1,0 +1,298 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include <unistd.h>
+
+#include <QTemporaryDir>
+#include <QTest>
+
+#include "discs/test_disc.h"
+#include "drive_bench.h"
+#include "support/files.h"
+
+using namespace tickwell;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const CdSeen kTonesSeen{CdStatus::Ready, {{{0, true}, {321, true}, {548, true}}, 931}};
+const CdSeen kMixedSeen{CdStatus::Ready, {{{0, false}, {450, true}, {650, true}}, 900}};
+const CdSeen kNotReady{CdStatus::NotReady, {}};
+const CdSeen kFailed{CdStatus::Failed, {}};
+
+const QByteArray kTrackLine = "  TRACK 01 AUDIO\n    INDEX 01 00:00:00\n";
+
+/// What stands in a folder, and what of it is opened.
+struct Sheet {
+    QString name;
+    QByteArray text;
+};
+
+}  // namespace
+
+/// Images of discs, through the helper.
+class TstCdImages : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void EachKindOfImageIsReadToTheSample_data();
+    void EachKindOfImageIsReadToTheSample();
+    void StretchesAreReadToTheSample_data();
+    void StretchesAreReadToTheSample();
+    void DataMakesNoSound();
+    void SheetsThatWouldBeMisreadAreRefused_data();
+    void SheetsThatWouldBeMisreadAreRefused();
+    void SheetsThatAreReadRightAreTaken_data();
+    void SheetsThatAreReadRightAreTaken();
+    void WhatIsNotThereIsNoDrive();
+    void WhatIsNoImageIsNotReady_data();
+    void WhatIsNoImageIsNotReady();
+    void AnotherImageInItsPlaceIsNotPlayed();
+    void AnImageThatEndsTooEarlyIsFilledWithSilence();
+    void ALookThatShowsTheSameTellsNothing();
+    void WithoutAHelperTheDriveHasFailed();
+    void AnImageThatMayNotBeReadHasFailed();
+    void AHelperThatSaysNothingIsADiscThatIsNotReady();
+    void ADiscThatTheHelperDiesOfStaysNotReady();
+
+private:
+    QString Folder() const { return m_folder.path(); }
+    QString InFolder(const QString& name) const { return m_folder.filePath(name); }
+    CdSeen LookAt(const QString& path) const { return DriveBench(path).Look(); }
+
+    QTemporaryDir m_folder;
+    TestDisc m_tones = ThreeTones();
+    TestDisc m_mixed = MixedMode();
+};
+
+void TstCdImages::initTestCase() {
+    QVERIFY(m_folder.isValid());
+    WriteCueImage(m_tones, Folder(), u"tones"_s);
+    WriteTocImage(m_tones, Folder(), u"toc"_s);
+    WriteNrgImage(m_tones, Folder(), u"tones"_s);
+    WriteCueImage(m_mixed, Folder(), u"mixed"_s);
+}
+
+void TstCdImages::EachKindOfImageIsReadToTheSample_data() {
+    QTest::addColumn<QString>("name");
+    QTest::newRow("cue sheet") << u"tones.cue"_s;
+    QTest::newRow("its sectors") << u"tones.bin"_s;
+    QTest::newRow("big-endian table of contents") << u"toc.toc"_s;
+    QTest::newRow("one file") << u"tones.nrg"_s;
+}
+
+void TstCdImages::EachKindOfImageIsReadToTheSample() {
+    QFETCH(QString, name);
+    DriveBench bench(InFolder(name));
+    QVERIFY(bench.drive.Exists());
+    QVERIFY(bench.Seen() == kNotReady);  // nobody has looked yet
+    QVERIFY(bench.Look() == kTonesSeen);
+    QVERIFY(bench.PlayAll(0, 931) == m_tones.bytes);
+    QVERIFY(bench.Seen() == kTonesSeen);
+    QVERIFY(!bench.drive.Picture().readError);
+}
+
+void TstCdImages::StretchesAreReadToTheSample_data() {
+    QTest::addColumn<int>("from");
+    QTest::addColumn<int>("to");
+    QTest::newRow("a track") << 321 << 548;
+    QTest::newRow("one sector") << 320 << 321;
+    QTest::newRow("the last one") << 930 << 931;
+    QTest::newRow("nothing") << 400 << 400;
+    QTest::newRow("from behind to") << 400 << 300;
+}
+
+void TstCdImages::StretchesAreReadToTheSample() {
+    QFETCH(int, from);
+    QFETCH(int, to);
+    DriveBench bench(InFolder(u"tones.cue"_s));
+    QVERIFY(bench.Look() == kTonesSeen);
+    QVERIFY(bench.PlayAll(from, to) == m_tones.Sound(from, std::max(from, to)));
+    QCOMPARE(bench.drive.Picture().position, to * kFramesPerSector);
+}
+
+void TstCdImages::DataMakesNoSound() {
+    DriveBench bench(InFolder(u"mixed.cue"_s));
+    QVERIFY(bench.Look() == kMixedSeen);
+    QVERIFY(m_mixed.bytes.contains("DATA0"));
+    QVERIFY(bench.PlayAll(0, 900) == m_mixed.Sound(450, 900));  // jumped over
+    QVERIFY(bench.PlayAll(445, 700) == m_mixed.Sound(450, 700));
+    QVERIFY(bench.PlayAll(0, 450).isEmpty());
+    QCOMPARE(bench.drive.Picture().position, 450 * kFramesPerSector);
+}
+
+void TstCdImages::SheetsThatWouldBeMisreadAreRefused_data() {
+    QTest::addColumn<Sheet>("sheet");
+    const auto row = [](const char* name, const QString& file, const QByteArray& text) {
+        QTest::newRow(name) << Sheet{file, text};
+    };
+    const QByteArray file = "FILE \"tones.bin\" BINARY\n";
+    row("a file for each track", u"tones.cue"_s,
+        file + kTrackLine + "FILE \"mixed.bin\" BINARY\n  TRACK 02 AUDIO\n    INDEX 01 00:00:00\n");
+    row("another file than the one beside it", u"tones.cue"_s, "FILE \"mixed.bin\" BINARY\n" + kTrackLine);
+    row("a wave", u"tones.cue"_s, "FILE \"tones.bin\" WAVE\n" + kTrackLine);
+    row("short data sectors", u"tones.cue"_s,
+        file + "  TRACK 01 MODE1/2048\n    INDEX 01 00:00:00\n  TRACK 02 AUDIO\n    INDEX 01 00:02:00\n");
+    row("no file", u"tones.cue"_s, kTrackLine);
+    row("no track", u"tones.cue"_s, file);
+    row("starts that do not rise", u"tones.cue"_s,
+        file + "  TRACK 01 AUDIO\n    INDEX 01 00:05:00\n  TRACK 02 AUDIO\n    INDEX 01 00:05:00\n");
+    row("a track behind the end of the file", u"tones.cue"_s,
+        file + kTrackLine + "  TRACK 02 AUDIO\n    INDEX 01 00:12:31\n");
+    row("two files in a table of contents", u"toc.toc"_s,
+        "CD_DA\nTRACK AUDIO\nFILE \"toc.bin\" 00:00:00 00:04:00\nTRACK AUDIO\nFILE \"tones.bin\" 00:04:00 "
+        "00:04:00\n");
+    row("silence out of nothing", u"toc.toc"_s,
+        "CD_DA\nTRACK AUDIO\nSILENCE 00:02:00\nFILE \"toc.bin\" 00:00:00\n");
+    row("a wave in a table of contents", u"toc.toc"_s, "CD_DA\nTRACK AUDIO\nFILE \"tones.wav\" 00:00:00\n");
+    row("an empty sheet", u"tones.cue"_s, "");
+    row("an empty table of contents", u"toc.toc"_s, "");
+}
+
+void TstCdImages::SheetsThatWouldBeMisreadAreRefused() {
+    QFETCH(Sheet, sheet);
+    const QTemporaryDir folder;
+    CopyFiles(Folder(), folder.path(), {u"tones.bin"_s, u"toc.bin"_s, u"mixed.bin"_s});
+    WriteAll(folder.filePath(u"tones.wav"_s), m_tones.bytes);
+    WriteAll(folder.filePath(sheet.name), sheet.text);
+    DriveBench bench(folder.filePath(sheet.name));
+    QVERIFY(bench.Look() == kNotReady);
+}
+
+void TstCdImages::SheetsThatAreReadRightAreTaken_data() {
+    QTest::addColumn<Sheet>("sheet");
+    QTest::addColumn<int>("tracks");
+    const auto row = [](const char* name, const QByteArray& text, int tracks) {
+        QTest::newRow(name) << Sheet{u"tones.cue"_s, text} << tracks;
+    };
+    row("files that were given new names together", "FILE \"old name.bin\" BINARY\n" + kTrackLine, 1);
+    row("a pause that is not in the file",
+        "FILE \"tones.bin\" BINARY\n" + kTrackLine +
+            "  TRACK 02 AUDIO\n    PREGAP 00:02:00\n    INDEX 01 00:04:21\n",
+        2);
+    row("remarks and titles",
+        "REM GENRE Test\nTITLE \"Three tones\"\nFILE \"tones.bin\" BINARY\n  TRACK 01 AUDIO\n    TITLE "
+        "\"A\"\n"
+        "    FLAGS DCP\n    INDEX 01 00:00:00\n",
+        1);
+    row("lines as another system ends them",
+        "FILE \"tones.bin\" BINARY\r\n" + QByteArray(kTrackLine).replace("\n", "\r\n"), 1);
+}
+
+void TstCdImages::SheetsThatAreReadRightAreTaken() {
+    QFETCH(Sheet, sheet);
+    QFETCH(int, tracks);
+    const QTemporaryDir folder;
+    CopyFiles(Folder(), folder.path(), {u"tones.bin"_s});
+    WriteAll(folder.filePath(sheet.name), sheet.text);
+    DriveBench bench(folder.filePath(sheet.name));
+    const CdSeen seen = bench.Look();
+    QCOMPARE(seen.contents.tracks.size(), tracks);
+    QCOMPARE(seen.contents.leadOut, 931);
+    QVERIFY(bench.PlayAll(0, 931) == m_tones.bytes);
+}
+
+void TstCdImages::WhatIsNotThereIsNoDrive() {
+    DriveBench bench(InFolder(u"nowhere.cue"_s));
+    QVERIFY(!bench.drive.Exists());
+    QVERIFY(bench.Look() == kNotReady);
+}
+
+void TstCdImages::WhatIsNoImageIsNotReady_data() {
+    QTest::addColumn<QString>("name");
+    QTest::newRow("a text") << u"text.txt"_s;
+    QTest::newRow("an empty image") << u"empty.nrg"_s;
+    QTest::newRow("sectors without a sheet") << u"alone.bin"_s;
+    QTest::newRow("a folder") << u"folder"_s;
+    QTest::newRow("a folder with an image's name") << u"folder.nrg"_s;
+}
+
+void TstCdImages::WhatIsNoImageIsNotReady() {
+    QFETCH(QString, name);
+    WriteAll(InFolder(u"text.txt"_s), "hello\n");
+    WriteAll(InFolder(u"empty.nrg"_s), "");
+    WriteAll(InFolder(u"alone.bin"_s), m_tones.bytes);
+    QDir(Folder()).mkdir(u"folder"_s);
+    QDir(Folder()).mkdir(u"folder.nrg"_s);
+    QVERIFY(LookAt(InFolder(name)) == kNotReady);
+}
+
+void TstCdImages::AnotherImageInItsPlaceIsNotPlayed() {
+    WriteCueImage(m_tones, Folder(), u"swapped"_s);
+    DriveBench bench(InFolder(u"swapped.cue"_s));
+    QVERIFY(bench.Look() == kTonesSeen);
+    const quint32 number = bench.drive.Picture().number;
+    WriteCueImage(m_mixed, Folder(), u"swapped"_s);
+    QVERIFY(bench.PlayAll(321, 548).isEmpty());
+    QVERIFY(bench.Seen() == kNotReady);
+    QCOMPARE(bench.changes, 2);
+    QVERIFY(bench.drive.Picture().number != number);
+    QVERIFY(bench.Look() == kMixedSeen);
+    QVERIFY(bench.PlayAll(450, 900) == m_mixed.Sound(450, 900));
+}
+
+void TstCdImages::AnImageThatEndsTooEarlyIsFilledWithSilence() {
+    constexpr qsizetype kThere = 700;  // sectors
+    WriteCueImage(m_tones, Folder(), u"short"_s);
+    DriveBench bench(InFolder(u"short.cue"_s));
+    QVERIFY(bench.Look() == kTonesSeen);
+    // The file is cut while the helper reads it: it waits with a full pipe until there is room in the queue.
+    QVERIFY(bench.drive.Play(0, 931));
+    QVERIFY(bench.WaitForSound());
+    QVERIFY(QFile::resize(InFolder(u"short.bin"_s), kThere * kTestSectorBytes));
+    const QByteArray bytes = bench.PlayRest();
+    QCOMPARE(bytes.size(), m_tones.bytes.size());
+    QVERIFY(bytes.left(kThere * kTestSectorBytes) == m_tones.bytes.left(kThere * kTestSectorBytes));
+    const QByteArray behind = bytes.mid(kThere * kTestSectorBytes);
+    QCOMPARE(behind.count('\0'), behind.size());
+}
+
+void TstCdImages::ALookThatShowsTheSameTellsNothing() {
+    DriveBench bench(InFolder(u"tones.cue"_s));
+    QVERIFY(bench.Look() == kTonesSeen);
+    QCOMPARE(bench.changes, 1);
+    const quint32 number = bench.drive.Picture().number;
+    QVERIFY(bench.drive.Play(0, 931));
+    QVERIFY(bench.WaitForSound());
+    QVERIFY(bench.Look() == kTonesSeen);
+    QCOMPARE(bench.changes, 1);
+    QCOMPARE(bench.drive.Picture().number, number);
+    QCOMPARE(bench.Mode(), CdMode::Playing);
+}
+
+void TstCdImages::WithoutAHelperTheDriveHasFailed() {
+    DriveBench bench(InFolder(u"tones.cue"_s), InFolder(u"no-such-helper"_s));
+    QVERIFY(bench.drive.Exists());
+    QVERIFY(bench.Look() == kFailed);
+}
+
+void TstCdImages::AnImageThatMayNotBeReadHasFailed() {
+    if (geteuid() == 0) {
+        QSKIP("root may read everything");
+    }
+    WriteCueImage(m_tones, Folder(), u"locked"_s);
+    QVERIFY(QFile::setPermissions(InFolder(u"locked.cue"_s), {}));
+    QVERIFY(LookAt(InFolder(u"locked.cue"_s)) == kFailed);
+}
+
+void TstCdImages::AHelperThatSaysNothingIsADiscThatIsNotReady() {
+    QVERIFY(DriveBench(InFolder(u"tones.cue"_s), u"/bin/false"_s).Look() == kNotReady);
+    QVERIFY(DriveBench(InFolder(u"tones.cue"_s), u"/bin/true"_s).Look() == kNotReady);
+}
+
+/// It would be found ready again at once, and die again as soon as it is played.
+void TstCdImages::ADiscThatTheHelperDiesOfStaysNotReady() {
+    const QString helper = InFolder(u"mortal"_s);  // looks well, and dies of reading
+    WriteAll(helper, "#!/bin/sh\n[ \"$1\" = look ] && exec " TICKWELL_CD_HELPER " \"$@\"\nkill -SEGV $$\n");
+    QVERIFY(QFile::setPermissions(helper, QFile::ReadOwner | QFile::ExeOwner));
+    WriteCueImage(m_tones, Folder(), u"deadly"_s);
+    DriveBench bench(InFolder(u"deadly.cue"_s), helper);
+    QVERIFY(bench.Look() == kTonesSeen);
+    QVERIFY(bench.PlayAll(0, 931).isEmpty());
+    QVERIFY(bench.Seen() == kNotReady);
+    QVERIFY(bench.Look() == kNotReady);
+    WriteCueImage(m_mixed, Folder(), u"deadly"_s);
+    QVERIFY(bench.Look() == kMixedSeen);
+}
+
+QTEST_GUILESS_MAIN(TstCdImages)
+#include "tst_cd_images.moc"

@@ -1,0 +1,198 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include <fcntl.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <QElapsedTimer>
+#include <QTest>
+#include <cerrno>
+#include <csignal>
+
+#include "platform/child_process.h"
+
+using namespace tickwell;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+struct Ended {
+    QByteArray output;
+    int code = -2;  ///< as ChildProcess::ExitCode gives it; -2 where it did not end
+};
+
+QStringList Script(const QString& text) {
+    return {u"-c"_s, text};
+}
+
+/// Takes a child's output and its end.
+Ended WaitFor(ChildProcess& child) {
+    Ended ended;
+    const bool hasEnded = QTest::qWaitFor(
+        [&] {
+            ended.output += child.Read(1'000'000);
+            const std::optional<int> code = child.ExitCode();
+            ended.code = code.value_or(ended.code);
+            return code.has_value();
+        },
+        30'000);
+    return hasEnded ? ended : Ended();
+}
+
+bool HasChildren() {
+    return waitpid(-1, nullptr, WNOHANG) != -1 || errno != ECHILD;
+}
+
+}  // namespace
+
+/// Programs that we start and read without waiting.
+class TstChildProcess : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void cleanup();
+    void ProgramsEnd_data();
+    void ProgramsEnd();
+    void AProgramThatIsNotThereDoesNotStart();
+    void ReadingNeverWaits();
+    void NoMoreIsReadThanAskedFor();
+    void MuchOutputComesWhole();
+    void TheEndOfTheObjectIsTheEndOfTheChild();
+    void AnEndedChildIsReaped();
+    void ASecondStartEndsTheFirstChild();
+    void ChildrenGetNoFilesOfOurs();
+    void ChildrenGetSignalsAsTheyAre();
+};
+
+void TstChildProcess::cleanup() {
+    QVERIFY(!HasChildren());  // whatever a test does, no zombie is left
+}
+
+void TstChildProcess::ProgramsEnd_data() {
+    QTest::addColumn<QString>("script");
+    QTest::addColumn<QByteArray>("output");
+    QTest::addColumn<int>("code");
+    QTest::newRow("well") << u"echo hello"_s << QByteArray("hello\n") << 0;
+    QTest::newRow("with a code") << u"echo half; exit 3"_s << QByteArray("half\n") << 3;
+    QTest::newRow("by a signal") << u"echo half; kill -SEGV $$"_s << QByteArray("half\n") << -1;
+    QTest::newRow("without a word") << u"exit 0"_s << QByteArray() << 0;
+    QTest::newRow("with nothing to read") << u"cat; exit 4"_s << QByteArray() << 4;
+    QTest::newRow("after it has closed its output") << u"exec >/dev/null; exit 5"_s << QByteArray() << 5;
+}
+
+void TstChildProcess::ProgramsEnd() {
+    QFETCH(QString, script);
+    QFETCH(QByteArray, output);
+    QFETCH(int, code);
+    ChildReaper reaper;
+    ChildProcess child(reaper);
+    QVERIFY(!child.IsRunning());
+    QVERIFY(child.Start(u"/bin/sh"_s, Script(script)));
+    QVERIFY(child.IsRunning());
+    const Ended ended = WaitFor(child);
+    QCOMPARE(ended.output, output);
+    QCOMPARE(ended.code, code);
+    QVERIFY(!child.IsRunning());
+}
+
+void TstChildProcess::AProgramThatIsNotThereDoesNotStart() {
+    ChildReaper reaper;
+    ChildProcess child(reaper);
+    QVERIFY(!child.Start(u"/no/such/program"_s, {}));
+    QVERIFY(!child.IsRunning());
+    QVERIFY(child.Read(10).isEmpty());
+    QVERIFY(!child.ExitCode());
+}
+
+void TstChildProcess::ReadingNeverWaits() {
+    ChildReaper reaper;
+    ChildProcess child(reaper);
+    QVERIFY(child.Start(u"/bin/sh"_s, Script(u"exec sleep 1000"_s)));
+    QElapsedTimer clock;
+    clock.start();
+    QVERIFY(child.Read(1000).isEmpty());
+    QVERIFY(!child.ExitCode());
+    QVERIFY(clock.elapsed() < 10'000);
+}
+
+void TstChildProcess::NoMoreIsReadThanAskedFor() {
+    ChildReaper reaper;
+    ChildProcess child(reaper);
+    QVERIFY(child.Start(u"/bin/sh"_s, Script(u"printf 123456789"_s)));
+    QByteArray first;
+    QVERIFY(QTest::qWaitFor([&] {
+        first += child.Read(4 - first.size());
+        return first.size() == 4;
+    }));
+    QCOMPARE(first, QByteArray("1234"));
+    QVERIFY(!child.ExitCode());  // there is more to be read
+    QCOMPARE(WaitFor(child).output, QByteArray("56789"));
+}
+
+void TstChildProcess::MuchOutputComesWhole() {
+    ChildReaper reaper;
+    ChildProcess child(reaper);
+    QVERIFY(child.Start(u"/bin/sh"_s, Script(u"head -c 5000000 /dev/zero"_s)));
+    const Ended ended = WaitFor(child);
+    QCOMPARE(ended.output.size(), 5'000'000);
+    QCOMPARE(ended.code, 0);
+}
+
+void TstChildProcess::TheEndOfTheObjectIsTheEndOfTheChild() {
+    ChildReaper reaper;
+    {
+        ChildProcess child(reaper);
+        QVERIFY(child.Start(u"/bin/sh"_s, Script(u"exec sleep 1000"_s)));
+    }
+    QVERIFY(QTest::qWaitFor([&] {
+        reaper.Reap();
+        return reaper.IsIdle();
+    }));
+}
+
+void TstChildProcess::AnEndedChildIsReaped() {
+    ChildReaper reaper;
+    ChildProcess child(reaper);
+    QVERIFY(child.Start(u"/bin/sh"_s, Script(u"trap '' TERM INT; echo ready; exec sleep 1000"_s)));
+    QVERIFY(QTest::qWaitFor([&] { return !child.Read(10).isEmpty(); }));
+    child.End();
+    QVERIFY(!child.IsRunning());
+    QVERIFY(QTest::qWaitFor([&] {
+        reaper.Reap();
+        return reaper.IsIdle();
+    }));
+    QVERIFY(!HasChildren());
+}
+
+void TstChildProcess::ASecondStartEndsTheFirstChild() {
+    ChildReaper reaper;
+    ChildProcess child(reaper);
+    QVERIFY(child.Start(u"/bin/sh"_s, Script(u"echo first; exec sleep 1000"_s)));
+    QVERIFY(child.Start(u"/bin/sh"_s, Script(u"echo second"_s)));
+    const Ended ended = WaitFor(child);
+    QCOMPARE(ended.output, QByteArray("second\n"));
+    QCOMPARE(ended.code, 0);
+}
+
+void TstChildProcess::ChildrenGetNoFilesOfOurs() {
+    const int ours = dup(STDERR_FILENO);  // not closed by an exec
+    QVERIFY(ours > STDERR_FILENO);
+    ChildReaper reaper;
+    ChildProcess child(reaper);
+    QVERIFY(child.Start(u"/bin/sh"_s, Script(u"[ -e /proc/self/fd/%1 ] && echo open; exit 0"_s.arg(ours))));
+    QCOMPARE(WaitFor(child).output, QByteArray());
+    close(ours);
+}
+
+void TstChildProcess::ChildrenGetSignalsAsTheyAre() {
+    const auto before = std::signal(SIGPIPE, SIG_IGN);
+    ChildReaper reaper;
+    ChildProcess child(reaper);
+    QVERIFY(child.Start(u"/bin/sh"_s, Script(u"kill -PIPE $$; echo survived"_s)));
+    const Ended ended = WaitFor(child);
+    std::signal(SIGPIPE, before);
+    QCOMPARE(ended.output, QByteArray());
+    QCOMPARE(ended.code, -1);
+}
+
+QTEST_GUILESS_MAIN(TstChildProcess)
+#include "tst_child_process.moc"
