@@ -50,7 +50,11 @@ bool CdStream::GoOn(const CdPlace& place, qint32 toSector) {
     }
     if (m_mode == CdMode::Paused) {
         m_mode = m_pausedMode;
-        m_stream->Hold(m_mode != CdMode::Playing);
+        if (m_mode == CdMode::Playing) {
+            m_stream->Hold(false);
+        } else {
+            Sound();
+        }
     }
     return true;
 }
