@@ -1,0 +1,217 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include <QElapsedTimer>
+#include <QTemporaryDir>
+#include <QTest>
+#include <algorithm>
+#include <csignal>
+#include <cstring>
+#include <vector>
+
+#include "platform/sdl_sound_output.h"
+#include "support/files.h"
+
+using namespace tickwell;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kPatience = 30'000;  // ms; a test that passes never waits it out
+
+/// None of them is 0, so that they are told from silence.
+std::vector<qint16> Ramp(int first, int samples) {
+    std::vector<qint16> ramp;
+    for (int i = 0; i < samples; ++i) {
+        ramp.push_back(static_cast<qint16>(first + i));
+    }
+    return ramp;
+}
+
+std::vector<qint16> operator+(std::vector<qint16> one, const std::vector<qint16>& other) {
+    one.insert(one.end(), other.begin(), other.end());
+    return one;
+}
+
+std::vector<qint16> WithoutSilence(std::vector<qint16> samples) {
+    std::erase(samples, qint16{0});
+    return samples;
+}
+
+bool WaitUntilTaken(const SoundStream& stream) {
+    return QTest::qWaitFor([&] { return stream.FramesWaiting() == 0; }, kPatience);
+}
+
+bool IsHandledByNobody(int signal) {
+    struct sigaction action {};
+    return sigaction(signal, nullptr, &action) == 0 && action.sa_handler == SIG_DFL;
+}
+
+}  // namespace
+
+/// Sound through SDL, written to a file in the place of a sound card, at its real pace.
+class TstSdlSoundOutput : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void cleanup();
+    void WhatIsQueuedSoundsInOrder_data();
+    void WhatIsQueuedSoundsInOrder();
+    void HoldingKeepsEveryFrame();
+    void ClearingDropsWhatWaits();
+    void ClosingDropsWhatWaitsAndIsQuick();
+    void SignalsAreLeftAlone();
+    void WithoutADriverNothingIsOpened();
+    void ADriverThatComesLaterIsFound();
+    void ADriverOfOneDeviceOpensOne();
+
+private:
+    std::vector<qint16> Written() const;
+
+    std::unique_ptr<QTemporaryDir> m_folder;
+};
+
+void TstSdlSoundOutput::init() {
+    m_folder = std::make_unique<QTemporaryDir>();
+    qputenv("SDL_AUDIODRIVER", "disk");
+    qputenv("SDL_DISKAUDIOFILE", m_folder->filePath(u"sound"_s).toUtf8());
+}
+
+void TstSdlSoundOutput::cleanup() {
+    qunsetenv("SDL_AUDIODRIVER");
+    qunsetenv("SDL_DISKAUDIOFILE");
+}
+
+std::vector<qint16> TstSdlSoundOutput::Written() const {
+    const QByteArray bytes = ReadAll(m_folder->filePath(u"sound"_s));
+    std::vector<qint16> samples(static_cast<std::size_t>(bytes.size()) / sizeof(qint16));
+    std::memcpy(samples.data(), bytes.constData(), samples.size() * sizeof(qint16));
+    return samples;
+}
+
+void TstSdlSoundOutput::WhatIsQueuedSoundsInOrder_data() {
+    QTest::addColumn<int>("rate");
+    QTest::addColumn<int>("channels");
+    QTest::newRow("a sound of ours") << 22050 << 1;
+    QTest::newRow("a disc") << 44100 << 2;
+    QTest::newRow("a slow one") << 8000 << 1;
+}
+
+void TstSdlSoundOutput::WhatIsQueuedSoundsInOrder() {
+    QFETCH(int, rate);
+    QFETCH(int, channels);
+    const std::vector<qint16> first = Ramp(1, 3000);
+    const std::vector<qint16> second = Ramp(10'000, 5000);
+    SdlSoundOutput output;
+    {
+        const auto stream = output.Open({rate, channels});
+        QVERIFY(stream != nullptr);
+        QCOMPARE(output.OpenDevices(), 1);
+        QVERIFY(stream->Queue(first));
+        QVERIFY(stream->FramesWaiting() <= 3000 / channels);
+        QVERIFY(stream->Queue(second));
+        QVERIFY(WaitUntilTaken(*stream));
+        QVERIFY(!stream->IsLost());
+    }
+    QCOMPARE(output.OpenDevices(), 0);
+    const std::vector<qint16> written = Written();
+    const std::vector<qint16> expected = first + second;
+    QVERIFY(std::search(written.begin(), written.end(), expected.begin(), expected.end()) != written.end());
+    QVERIFY(WithoutSilence(written) == expected);
+}
+
+void TstSdlSoundOutput::HoldingKeepsEveryFrame() {
+    const std::vector<qint16> ramp = Ramp(1, 20'000);
+    SdlSoundOutput output;
+    {
+        const auto stream = output.Open({44100, 1});
+        QVERIFY(stream != nullptr);
+        stream->Hold(true);
+        QVERIFY(stream->Queue(ramp));
+        QCOMPARE(stream->FramesWaiting(), 20'000);
+        stream->Hold(false);
+        QVERIFY(QTest::qWaitFor([&] { return stream->FramesWaiting() < 15'000; }, kPatience));
+        stream->Hold(true);
+        const qint64 waiting = stream->FramesWaiting();
+        const std::size_t before = Written().size();
+        QVERIFY(QTest::qWaitFor([&] { return Written().size() > before + 2048; }, kPatience));
+        QCOMPARE(stream->FramesWaiting(), waiting);
+        stream->Hold(false);
+        QVERIFY(WaitUntilTaken(*stream));
+    }
+    QVERIFY(WithoutSilence(Written()) == ramp);
+}
+
+void TstSdlSoundOutput::ClearingDropsWhatWaits() {
+    const std::vector<qint16> second = Ramp(20'000, 3000);
+    SdlSoundOutput output;
+    {
+        const auto stream = output.Open({44100, 1});
+        QVERIFY(stream != nullptr);
+        stream->Hold(true);
+        QVERIFY(stream->Queue(Ramp(1, 10'000)));
+        stream->Clear();
+        QCOMPARE(stream->FramesWaiting(), 0);
+        QVERIFY(stream->Queue(second));
+        stream->Hold(false);
+        QVERIFY(WaitUntilTaken(*stream));
+    }
+    QVERIFY(WithoutSilence(Written()) == second);
+}
+
+void TstSdlSoundOutput::ClosingDropsWhatWaitsAndIsQuick() {
+    SdlSoundOutput output;
+    auto stream = output.Open({22050, 1});
+    QVERIFY(stream != nullptr);
+    QVERIFY(stream->Queue(std::vector<qint16>(22050 * 20, 1)));
+    QElapsedTimer clock;
+    clock.start();
+    stream.reset();
+    QVERIFY2(clock.elapsed() < 2000, qPrintable(QString::number(clock.elapsed())));
+    QVERIFY(WithoutSilence(Written()).size() < 22050U * 5);
+}
+
+void TstSdlSoundOutput::SignalsAreLeftAlone() {
+    const auto interrupt = std::signal(SIGINT, SIG_DFL);  // the test's own
+    const auto terminate = std::signal(SIGTERM, SIG_DFL);
+    SdlSoundOutput output;
+    const auto stream = output.Open({22050, 1});
+    QVERIFY(stream != nullptr);
+    const bool areLeftAlone = IsHandledByNobody(SIGINT) && IsHandledByNobody(SIGTERM);
+    std::signal(SIGINT, interrupt);
+    std::signal(SIGTERM, terminate);
+    QVERIFY(areLeftAlone);
+}
+
+void TstSdlSoundOutput::WithoutADriverNothingIsOpened() {
+    qputenv("SDL_AUDIODRIVER", "no-such-driver");
+    SdlSoundOutput output;
+    QVERIFY(output.Open({22050, 1}) == nullptr);
+    QVERIFY(output.Open({44100, 2}) == nullptr);
+    QCOMPARE(output.OpenDevices(), 0);
+}
+
+void TstSdlSoundOutput::ADriverThatComesLaterIsFound() {
+    SdlSoundOutput output;
+    qputenv("SDL_AUDIODRIVER", "no-such-driver");
+    QVERIFY(output.Open({22050, 1}) == nullptr);
+    qputenv("SDL_DISKAUDIOFILE", m_folder->filePath(u"nowhere/sound"_s).toUtf8());
+    qputenv("SDL_AUDIODRIVER", "disk");  // it is there, but its device cannot be opened
+    QVERIFY(output.Open({22050, 1}) == nullptr);
+    qputenv("SDL_DISKAUDIOFILE", m_folder->filePath(u"sound"_s).toUtf8());
+    QVERIFY(output.Open({22050, 1}) != nullptr);
+    QCOMPARE(output.OpenDevices(), 0);
+}
+
+void TstSdlSoundOutput::ADriverOfOneDeviceOpensOne() {
+    qputenv("SDL_AUDIODRIVER", "dummy");
+    SdlSoundOutput output;
+    auto first = output.Open({22050, 1});
+    QVERIFY(first != nullptr);
+    QVERIFY(output.Open({22050, 1}) == nullptr);
+    QCOMPARE(output.OpenDevices(), 1);
+    first.reset();
+    QVERIFY(output.Open({44100, 2}) != nullptr);
+}
+
+QTEST_GUILESS_MAIN(TstSdlSoundOutput)
+#include "tst_sdl_sound_output.moc"
