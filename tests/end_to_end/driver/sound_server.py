@@ -1,0 +1,97 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
+"""A sound server of a test's own, and all that is played on it.
+
+The server is PulseAudio with a sink that writes to a pipe. A stream in the sink's own format arrives there sample by
+sample; before, between and after streams the sink writes silence.
+"""
+
+import os
+import select
+import subprocess
+import tempfile
+import threading
+from pathlib import Path
+
+from driver.waiting import wait_for
+
+SINK = "test"
+
+
+class SoundServer:
+    """Runs from its construction until `close`. `environment` leads programs to it."""
+
+    def __init__(self, session, rate=22050, channels=1):
+        self.rate, self.channels = rate, channels
+        self._folder = Path(tempfile.mkdtemp(prefix="sound-", dir=session.directory))
+        self._fifo = self._folder / "fifo"
+        self.environment = {"PULSE_SERVER": f"unix:{self._folder / 'socket'}",
+                            "PULSE_COOKIE": str(self._folder / "cookie"), "SDL_AUDIODRIVER": "pulseaudio"}
+        self._environment = self.environment | {"XDG_RUNTIME_DIR": str(self._folder), "HOME": str(self._folder),
+                                                "DBUS_SESSION_BUS_ADDRESS": "disabled:"}  # several on one bus quarrel
+        self._server = session.spawn(self._command(), environment=self._environment)
+        wait_for(self._is_up, "the sound server")
+        self._recorded = bytearray()
+        self._ending = threading.Event()
+        self._recorder = threading.Thread(target=self._record, daemon=True)
+        self._recorder.start()
+
+    def close(self):
+        """Ends the server and the recording. Closing it again does nothing."""
+        self._ending.set()
+        self._recorder.join()
+        self._server.stop()
+
+    def kill(self):
+        """Ends the server alone, as a crash would."""
+        self._server.kill()
+
+    def recording(self):
+        """All that was written so far, bytes of 16-bit samples."""
+        return bytes(self._recorded)
+
+    def wait_recording(self, check, what, timeout):
+        """Waits until `check` is true of the recording, and returns that."""
+        return wait_for(lambda: check(self.recording()), what, timeout)
+
+    def streams(self):
+        """How many streams are open at this moment."""
+        return self._ask("list", "short", "sink-inputs").count("\n")
+
+    def _command(self):
+        sink = (f"module-pipe-sink sink_name={SINK} file={self._fifo} rate={self.rate} channels={self.channels} "
+                "format=s16le use_system_clock_for_timing=yes")
+        return ["pulseaudio", "-n", "--daemonize=no", "--use-pid-file=no", "--exit-idle-time=-1", "--disable-shm=no",
+                "-L", f"module-native-protocol-unix auth-anonymous=1 socket={self._folder / 'socket'}", "-L", sink]
+
+    def _is_up(self):
+        self._server.check_running()
+        return self._fifo.exists() and SINK in self._ask("list", "short", "sinks")
+
+    def _ask(self, *words):
+        answer = subprocess.run(["pactl", *words], env=os.environ | self._environment, stdout=subprocess.PIPE,
+                                stderr=subprocess.DEVNULL, text=True, check=False)
+        return answer.stdout
+
+    def _record(self):
+        """The pipe has to be emptied all the time: what the sink cannot write is lost."""
+        descriptor = os.open(self._fifo, os.O_RDONLY | os.O_NONBLOCK)
+        try:
+            while not self._ending.is_set():
+                if select.select([descriptor], [], [], 0.1)[0]:
+                    try:
+                        self._recorded += os.read(descriptor, 1 << 16)
+                    except BlockingIOError:
+                        pass
+        finally:
+            os.close(descriptor)
+
+
+def wave_samples(path):
+    """The samples of a wave file of ours, as bytes."""
+    return Path(path).read_bytes()[44:]
+
+
+def without_silence(samples):
+    """The samples from the first one that is not 0 to the last one."""
+    left = len(samples) - len(samples.lstrip(b"\0"))
+    return samples[left - left % 2:].rstrip(b"\0")

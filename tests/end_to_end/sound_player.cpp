@@ -1,0 +1,41 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// sound_player FOLDER NAME COUNT: plays the sound of that name from that folder so many times, as the time
+// signal does, and ends when its session is closed. Prints "error N", what MediaError is then, and "closed".
+
+#include <QCoreApplication>
+#include <cstdio>
+
+#include "media/sound_playback.h"
+#include "platform/qt_timers.h"
+#include "platform/sdl_sound_output.h"
+#include "support/fake_message_boxes.h"
+
+using namespace tickwell;
+
+int main(int argc, char** argv) {
+    constexpr int kLookInterval = 20;  // ms
+    const QCoreApplication application(argc, argv);
+    const QStringList words = QCoreApplication::arguments();
+    if (words.size() != 4) {
+        std::fputs("usage: sound_player FOLDER NAME COUNT\n", stderr);
+        return 1;
+    }
+    QtTimers timers;
+    SdlSoundOutput output;
+    WaveMix mix(timers, output);
+    SoundState sound;
+    MediaState media;
+    FakeMessageBoxes boxes;
+    SoundPlayback playback({mix, sound, media, boxes, timers}, words[1]);
+    playback.PlayChime(words[2], words[3].toInt());
+    std::printf("error %d\n", media.MediaError);
+    std::fflush(stdout);
+    const auto look = timers.Create(kLookInterval, [&] {
+        if (sound.MixSession == 0) {
+            std::puts("closed");
+            QCoreApplication::quit();
+        }
+    });
+    look->Start();
+    return QCoreApplication::exec();
+}
