@@ -4,17 +4,15 @@
 
 #include <SDL.h>
 
-#include <algorithm>
-#include <bit>
-
 namespace tickwell {
 
 namespace {
 
-/// Frames of a device's buffer, the power of two below a 42nd of a second: to close a device takes two
-/// buffers, which the user shall not feel.
+/// Frames of a device's buffer. To close a device takes the time of two, which the user shall not feel;
+/// smaller ones wake the machine more often and make gaps sooner where it is busy.
 Uint16 BufferFrames(int rate) {
-    return static_cast<Uint16>(std::bit_floor(static_cast<unsigned>(std::max(64, rate / 42))));
+    constexpr int kBuffersInSecond = 60;
+    return static_cast<Uint16>(rate / kBuffersInSecond);
 }
 
 }  // namespace
