@@ -8,7 +8,7 @@
 #include <utility>
 
 #include "discs/test_disc.h"
-#include "drive_bench.h"
+#include "platform/drive_bench.h"
 #include "support/files.h"
 
 using namespace tickwell;

@@ -4,7 +4,7 @@
 #include <QTest>
 
 #include "discs/test_disc.h"
-#include "drive_bench.h"
+#include "platform/drive_bench.h"
 #include "support/files.h"
 
 using namespace tickwell;

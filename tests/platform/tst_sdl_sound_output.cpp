@@ -84,7 +84,9 @@ void TstSdlSoundOutput::cleanup() {
 std::vector<qint16> TstSdlSoundOutput::Written() const {
     const QByteArray bytes = ReadAll(m_folder->filePath(u"sound"_s));
     std::vector<qint16> samples(static_cast<std::size_t>(bytes.size()) / sizeof(qint16));
-    std::memcpy(samples.data(), bytes.constData(), samples.size() * sizeof(qint16));
+    if (!samples.empty()) {
+        std::memcpy(samples.data(), bytes.constData(), samples.size() * sizeof(qint16));
+    }
     return samples;
 }
 
