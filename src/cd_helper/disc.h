@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <cdio/cdio.h>
+
 #include <cstdint>
 #include <memory>
 #include <optional>
@@ -8,8 +10,6 @@
 #include <vector>
 
 #include "cd_helper/image_sheet.h"
-
-struct _CdIo;  // the library's handle
 
 namespace tickwell {
 
@@ -39,7 +39,7 @@ public:
     bool Read(std::int32_t from, std::int32_t count, char* bytes);
 
 private:
-    using Handle = std::unique_ptr<_CdIo, void (*)(_CdIo*)>;
+    using Handle = std::unique_ptr<CdIo_t, void (*)(CdIo_t*)>;
 
     Disc(Handle handle, ByteOrder order, DiscContents contents)
         : m_handle(std::move(handle)), m_order(order), m_contents(std::move(contents)) {}

@@ -18,7 +18,7 @@ namespace tickwell {
 /// disc nothing is read.
 ///
 /// Sectors count from 0, 75 to the second. The helper may die of a damaged image at any moment: its answer
-/// counts only when it ends with HelperEnd::Done.
+/// counts only when it ends with kEndDone.
 inline constexpr const char* kLookWord = "look";
 inline constexpr const char* kReadWord = "read";
 
@@ -37,10 +37,8 @@ inline constexpr int kMostTracks = 99;
 inline constexpr int kMostSectors = 100 * 60 * 75;  // the longest disc that can be written, 100 minutes
 
 /// Exit codes.
-enum HelperEnd : int {
-    kEndDone = 0,
-    kEndUsage = 1,
-    kEndGone = 2,  // no disc, another disc, or an image that cannot be trusted
-};
+inline constexpr int kEndDone = 0;
+inline constexpr int kEndUsage = 1;
+inline constexpr int kEndGone = 2;  // no disc, another disc, or an image that cannot be trusted
 
 }  // namespace tickwell

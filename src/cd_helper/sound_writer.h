@@ -18,7 +18,7 @@ public:
     SoundWriter(Disc& disc, const Drive* drive, int output)
         : m_disc(disc), m_drive(drive), m_output(output) {}
 
-    /// The sectors `from` to `to` - 1, cut to what the disc has. A HelperEnd.
+    /// The sectors `from` to `to` - 1, cut to what the disc has. An exit code.
     int Write(std::int32_t from, std::int32_t to);
 
 private:

@@ -35,7 +35,7 @@ qint32 WaveMix::WaveMixOpenWave(qint32 session, const QString& fileName) {
     if (file.problem != WaveProblem::None || file.wave.Frames() == 0) {
         return 0;
     }
-    m_waves.insert(++m_lastNumber, std::move(file.wave));
+    m_waves[++m_lastNumber] = std::move(file.wave);
     return m_lastNumber;
 }
 

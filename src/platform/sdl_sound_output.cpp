@@ -20,7 +20,9 @@ Uint16 BufferFrames(int rate) {
 class SdlSoundStream : public SoundStream {
 public:
     SdlSoundStream(SdlSoundOutput& output, SDL_AudioDeviceID device, int channels)
-        : m_output(output), m_device(device), m_frameBytes(channels * static_cast<int>(sizeof(qint16))) {
+        : m_output(output),
+          m_device(device),
+          m_frameBytes(qint64{channels} * static_cast<qint64>(sizeof(qint16))) {
         ++m_output.m_devices;
         Hold(false);
     }

@@ -145,7 +145,7 @@ int DiscStatus(const FakeDisc& disc) {
 std::int64_t DiscNumber() {
     struct stat found {};
     const char* const path = getenv("FAKE_DRIVE_DISC");
-    if (IsEmpty() || stat(path, &found) != 0) {
+    if (path == nullptr || IsEmpty() || stat(path, &found) != 0) {
         return 0;
     }
     return static_cast<std::int64_t>(found.st_ino) ^ found.st_ctim.tv_nsec ^ (found.st_ctim.tv_sec << 20);

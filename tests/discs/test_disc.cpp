@@ -188,14 +188,14 @@ QByteArray CueSheet(const TestDisc& disc, const QString& binName) {
 }
 
 QString WriteCueImage(const TestDisc& disc, const QString& folder, const QString& name) {
-    const QString path = QDir(folder).filePath(name + u".cue");
+    QString path = QDir(folder).filePath(name + u".cue");
     WriteAll(QDir(folder).filePath(name + u".bin"), disc.bytes);
     WriteAll(path, CueSheet(disc, name + u".bin"));
     return path;
 }
 
 QString WriteTocImage(const TestDisc& disc, const QString& folder, const QString& name) {
-    const QString path = QDir(folder).filePath(name + u".toc");
+    QString path = QDir(folder).filePath(name + u".toc");
     const QString bin = name + u".bin";
     WriteAll(QDir(folder).filePath(bin), Swapped(disc.bytes));  // such images are big-endian
     QByteArray sheet = "CD_DA\n\n";
@@ -207,7 +207,7 @@ QString WriteTocImage(const TestDisc& disc, const QString& folder, const QString
 }
 
 QString WriteNrgImage(const TestDisc& disc, const QString& folder, const QString& name) {
-    const QString path = QDir(folder).filePath(name + u".nrg");
+    QString path = QDir(folder).filePath(name + u".nrg");
     const QByteArray data = Silence(kTestPregap) + disc.bytes;
     WriteAll(path, data + NrgChunks(disc) + "NER5" + BigEndian(static_cast<quint64>(data.size())));
     return path;

@@ -9,9 +9,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kSecond = 1000;
-constexpr int kMinute = 60 * kSecond;
-constexpr int kHour = 60 * kMinute;
+constexpr qint64 kSecond = 1000;  // ms
+constexpr qint64 kMinute = 60 * kSecond;
+constexpr qint64 kHour = 60 * kMinute;
 
 QDateTime At(const QString& time) {
     return QDateTime(QDate(2026, 11, 20), QTime::fromString(time, u"HH:mm:ss"_s));
@@ -31,7 +31,7 @@ struct Bench {
     Chime chime{time, settings, [this](const QString& name, qint32 count) {
                     played.append(u"%1 x%2 at %3"_s.arg(name).arg(count).arg(time.Now().time().toString()));
                 }};
-    std::unique_ptr<Timer> timer = time.Create(kSecond, [this] { chime.Timer3_Timer(); });
+    std::unique_ptr<Timer> timer = time.Create(static_cast<int>(kSecond), [this] { chime.Timer3_Timer(); });
 };
 
 }  // namespace

@@ -26,9 +26,9 @@ QByteArray Ramp(int first, quint32 rate = 22050) {
 }
 
 std::vector<qint16> RampSamples(int first, int times) {
-    std::vector<qint16> samples;
-    for (int i = 0; i < times * kFrames; ++i) {
-        samples.push_back(static_cast<qint16>(first + i % kFrames));
+    std::vector<qint16> samples(static_cast<std::size_t>(times) * kFrames);
+    for (std::size_t i = 0; i < samples.size(); ++i) {
+        samples[i] = static_cast<qint16>(first + static_cast<int>(i % kFrames));
     }
     return samples;
 }
@@ -107,7 +107,7 @@ void TstWaveMix::ManyRepetitionsAreQueuedAsTheySound() {
     constexpr int kTimes = 3000;  // 136 s
     Bench bench;
     bench.Play(bench.Start(), 1, u"one"_s, kTimes - 1);
-    QVERIFY(bench.Device().waiting < 62 * 22050);
+    QVERIFY(bench.Device().waiting < qint64{62} * 22050);
     for (int i = 0; i < 200; ++i) {
         bench.output.Sound(22050);
         bench.time.Advance(100);

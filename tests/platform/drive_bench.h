@@ -72,7 +72,7 @@ struct DriveBench {
         output.Sound(frames);
         for (const auto& device : output.Devices()) {
             sound.append(reinterpret_cast<const char*>(device->sounded.data()),
-                         static_cast<qsizetype>(device->sounded.size() * sizeof(qint16)));
+                         static_cast<qsizetype>(device->sounded.size()) * qsizetype{sizeof(qint16)});
         }
     }
 
