@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <QApplication>
+#include <QCheckBox>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTest>
@@ -35,6 +36,8 @@ private Q_SLOTS:
     void ClosingIsTold();
     void TheAnswerIsTold_data();
     void TheAnswerIsTold();
+    void ACheckBoxIsToldWithTheClosing_data();
+    void ACheckBoxIsToldWithTheClosing();
 };
 
 void TstQtMessageBoxes::ATextIsNeverMarkup() {
@@ -88,6 +91,30 @@ void TstQtMessageBoxes::TheAnswerIsTold() {
     }
     QFETCH(bool, ok);
     QCOMPARE(answers, QList<bool>{ok});
+}
+
+void TstQtMessageBoxes::ACheckBoxIsToldWithTheClosing_data() {
+    QTest::addColumn<bool>("isTicked");
+    QTest::newRow("ticked") << true;
+    QTest::newRow("left alone") << false;
+}
+
+void TstQtMessageBoxes::ACheckBoxIsToldWithTheClosing() {
+    QFETCH(bool, isTicked);
+    QtMessageBoxes boxes;
+    QList<bool> answers;
+    boxes.ShowWithChoice({MessageIcon::Critical, u"Tickwell"_s, u"一"_s}, u"次回から表示しない"_s,
+                         [&answers](bool ticked) { answers.append(ticked); });
+    QMessageBox* box = OpenBox();
+    QVERIFY(box != nullptr);
+    QCOMPARE(box->checkBox()->text(), u"次回から表示しない"_s);
+    QVERIFY(!box->checkBox()->isChecked());
+    if (isTicked) {
+        box->checkBox()->click();
+    }
+    QVERIFY(answers.isEmpty());
+    box->button(QMessageBox::Ok)->click();
+    QCOMPARE(answers, QList<bool>{isTicked});
 }
 
 QTEST_MAIN(TstQtMessageBoxes)
