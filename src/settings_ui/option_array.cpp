@@ -8,7 +8,7 @@ namespace tickwell {
 using namespace Qt::StringLiterals;
 
 OptionArray::OptionArray(const QString& name, std::span<const OptionRow> rows, QWidget* parent,
-                         Handlers& handlers, std::function<void(qint32 index)> onClick)
+                         Handlers& handlers, const std::function<void(qint32 index)>& onClick)
     : m_group(new QButtonGroup(parent)) {
     for (const OptionRow& row : rows) {
         auto* button = Named(new QRadioButton(row.caption.toString(), parent),
@@ -21,10 +21,9 @@ OptionArray::OptionArray(const QString& name, std::span<const OptionRow> rows, Q
 }
 
 void OptionArray::Select(qint32 index) {
-    QAbstractButton* wanted = m_group->button(index);
-    m_group->setExclusive(wanted != nullptr);  // else the last one could not be turned off
+    m_group->setExclusive(m_group->button(index) != nullptr);  // else the last one could not be turned off
     for (QAbstractButton* button : m_buttons) {
-        button->setChecked(button == wanted);
+        button->setChecked(m_group->id(button) == index);
     }
     m_group->setExclusive(true);
 }

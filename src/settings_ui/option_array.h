@@ -17,7 +17,7 @@ public:
     /// Makes the buttons in the order of the rows; `parent` owns them. `onClick` is called with the index of
     /// a button that the user chose. Handlers outlive the buttons.
     OptionArray(const QString& name, std::span<const OptionRow> rows, QWidget* parent, Handlers& handlers,
-                std::function<void(qint32 index)> onClick);
+                const std::function<void(qint32 index)>& onClick);
 
     /// Turns one on without calling `onClick`; a number that is no index turns all off.
     void Select(qint32 index);

@@ -33,8 +33,7 @@ RollPage::RollPage(const SettingsParts& parts, SettingsDraft& draft, QWidget* pa
       m_draft(draft),
       m_Option1(u"Option1"_s, kRollOptions, this, parts.handlers,
                 [this](qint32 index) { Option1_Click(index); }),
-      m_frame(Named(new QGroupBox(u"ロール機能"_s, this), u"Frame4"_s)),
-      m_UpDown1(nullptr) {
+      m_frame(Named(new QGroupBox(u"ロール機能"_s, this), u"Frame4"_s)) {
     setObjectName(u"Picture2"_s);
     auto* rows = new QVBoxLayout(this);
     for (QAbstractButton* option : m_Option1.Buttons()) {

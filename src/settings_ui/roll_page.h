@@ -34,7 +34,7 @@ private:
     OptionArray m_Option1;
     QGroupBox* m_frame;  // owned by the page, as all that follows
     std::array<QCheckBox*, kRollChecks.size()> m_checks{};
-    QSpinBox* m_UpDown1;  // with its text box, Text1
+    QSpinBox* m_UpDown1 = nullptr;  // with its text box, Text1
 };
 
 }  // namespace tickwell
