@@ -32,12 +32,14 @@ Options OptionsOf(const QStringList& arguments) {
     QCommandLineParser parser;
     const QCommandLineOption folder(u"folder"_s, u"Keep database, help, sounds and tools in <dir>."_s,
                                     u"dir"_s);
+    const QCommandLineOption disc(u"disc"_s, u"Play CDs from <file>, a drive or an image of a disc."_s,
+                                  u"file"_s);
     const QCommandLineOption help({u"h"_s, u"help"_s}, u"Show this help."_s);
     const QCommandLineOption menu(u"menu"_s, u"Open the menu, in the clock that runs or in a new one."_s);
     const QCommandLineOption version({u"v"_s, u"version"_s}, u"Show the version."_s);
     QCommandLineOption virtualTime(u"virtual-time"_s, QString(), u"in,out,wall,tick"_s);
     virtualTime.setFlags(QCommandLineOption::HiddenFromHelp);
-    parser.addOptions({folder, menu, help, version, virtualTime});
+    parser.addOptions({folder, disc, menu, help, version, virtualTime});
     parser.setApplicationDescription(u"A clock that stays on the desktop."_s);
 
     Options options;
@@ -56,6 +58,7 @@ Options OptionsOf(const QStringList& arguments) {
         }
     }
     options.folder = parser.value(folder);
+    options.disc = parser.value(disc);
     options.opensMenu = parser.isSet(menu);
     return options;
 }

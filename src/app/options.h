@@ -18,6 +18,7 @@ struct VirtualTimeOption {
 
 struct Options {
     QString folder;  ///< empty where not given
+    QString disc;    ///< a drive or an image; empty where not given
     bool opensMenu = false;
     std::optional<VirtualTimeOption> virtualTime;
     QString answer;  ///< to be printed instead of starting; empty otherwise

@@ -21,6 +21,10 @@ QString FolderFor(const Options& options) {
                          QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation)});
 }
 
+QString DiscFor(const Options& options) {
+    return options.disc.isEmpty() ? qEnvironmentVariable("TICKWELL_CD") : options.disc;
+}
+
 }  // namespace
 
 Program::Program(const Options& options) : m_options(options), m_handlers(m_boxes) {
@@ -58,17 +62,38 @@ void Program::Start() {
     TimerSource& timers = m_virtualTime ? static_cast<TimerSource&>(*m_virtualTime) : m_qtTimers;
     const auto closed = [this] {
         m_instance->disconnect(this);
+        m_media->Close();
         m_windows.reset();
         m_started.dayDatabase.reset();
         m_handlers.WhenQuiet([] { QCoreApplication::quit(); });
     };
-    m_windows = std::make_unique<Windows>(WindowsParts{m_started.dayDatabase, clock, timers, m_handlers,
-                                                       m_boxes, m_starter, m_started.settings,
-                                                       m_started.further, QDir::currentPath()});
-    m_form = std::make_unique<Form1>(
-        MainWindowParts{m_started.settings, m_started.further, *m_started.store, m_started.dayDatabase, clock,
-                        timers, m_power, m_memory, m_tray, m_stack, m_starter, QDir::currentPath(),
-                        m_handlers, m_windows->Openers(), Timing(clock, timers), closed});
+    m_media = std::make_unique<Media>(MediaParts{m_qtTimers, timers, m_sound, m_wait, m_boxes, m_handlers,
+                                                 m_started.further.tellsNoCdDrive, QDir::currentPath(),
+                                                 DiscFor(m_options)});
+    m_media->System().OpenAtStart();
+    SoundPlayback& sounds = m_media->Sounds();
+    const auto playChime = [&sounds](const QString& name, qint32 count) { sounds.PlayChime(name, count); };
+    m_windows = std::make_unique<Windows>(
+        WindowsParts{m_started.dayDatabase, clock, timers, m_handlers, m_boxes, m_starter, m_started.settings,
+                     m_started.further, QDir::currentPath(), m_media->System().Player(),
+                     [&sounds](const QString& name) { sounds.PlayChime(name, 1); }});
+    m_form = std::make_unique<Form1>(MainWindowParts{m_started.settings,
+                                                     m_started.further,
+                                                     *m_started.store,
+                                                     m_started.dayDatabase,
+                                                     clock,
+                                                     timers,
+                                                     m_power,
+                                                     m_memory,
+                                                     m_tray,
+                                                     m_stack,
+                                                     m_starter,
+                                                     QDir::currentPath(),
+                                                     m_handlers,
+                                                     m_windows->Openers(),
+                                                     Timing(clock, timers),
+                                                     {m_media->System().Player(), playChime},
+                                                     closed});
     m_windows->SetMainWindow(*m_form);
     m_form->Form_Load();
     connect(m_instance.get(), &SingleInstance::Called, this, &Program::ComeForward);
@@ -88,7 +113,8 @@ TimingParts Program::Timing(const Clock& clock, TimerSource& timers) {
             throw RunTimeError(folder);
         }
     };
-    const auto sendCommand = [](const QString&) {};  // silent: nothing takes multimedia commands yet
+    Multimedia& media = m_media->System().Commands();
+    const auto sendCommand = [&media](const QString& command) { media.MciSend(command, true); };
     const auto place = [this](QWidget& window) { m_windows->Place(window); };
     return {m_stopwatch, m_countdown, clock,     timers,
             m_handlers,  m_boxes,     m_printer, m_windows->Help(),

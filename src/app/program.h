@@ -4,6 +4,7 @@
 #include <QString>
 #include <memory>
 
+#include "app/media.h"
 #include "app/options.h"
 #include "app/program_icon.h"
 #include "app/single_instance.h"
@@ -14,10 +15,12 @@
 #include "platform/desktop_programs.h"
 #include "platform/power_supplies.h"
 #include "platform/proc_memory.h"
+#include "platform/qt_event_wait.h"
 #include "platform/qt_message_boxes.h"
 #include "platform/qt_printer.h"
 #include "platform/qt_timers.h"
 #include "platform/qt_tray.h"
+#include "platform/sdl_sound_output.h"
 #include "platform/system_clock.h"
 #include "platform/upower.h"
 #include "platform/virtual_time_pipe.h"
@@ -55,12 +58,15 @@ private:
     X11Stack m_stack;
     DesktopPrograms m_starter;
     QtPrinter m_printer;
+    SdlSoundOutput m_sound;
+    QtEventWait m_wait;
     StopwatchState m_stopwatch;
     CountdownState m_countdown;
     std::unique_ptr<VirtualTime> m_virtualTime;
     std::unique_ptr<VirtualTimePipe> m_virtualTimePipe;
     std::unique_ptr<SingleInstance> m_instance;
     Started m_started;
+    std::unique_ptr<Media> m_media;
     std::unique_ptr<Windows> m_windows;
     std::unique_ptr<Form1> m_form;
 };

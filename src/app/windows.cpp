@@ -15,6 +15,7 @@ Windows::~Windows() {
     delete m_calendar;
     delete m_about;
     delete m_settings;
+    delete m_cdPlayer;
 }
 
 OtherWindows Windows::Openers() {
@@ -30,6 +31,10 @@ OtherWindows Windows::Openers() {
         });
     };
     openers.settings = [this] { Open(m_settings, [this] { return MakeSettings(); }); };
+    openers.cdPlayer = [this] {
+        Open(m_cdPlayer,
+             [this] { return std::make_unique<CDForm>(m_parts.cdPlayer, m_parts.handlers, nullptr); });
+    };
     openers.help = [this] { m_help.ShowTopic(kHelpContents); };
     openers.about = [this] {
         Open(m_about, [this] {
@@ -75,6 +80,7 @@ std::unique_ptr<Form2> Windows::MakeSettings() {
             m_mainWindow->RaiseRefresh();
         }
     };
+    operations.listen = m_parts.listen;
     operations.compact = [this] { CompactDayDatabase(m_parts.dayDatabase, m_parts.folder, m_parts.boxes); };
     operations.holdKeepTop = [this](bool held) { m_mainWindow->HoldKeepTop(held); };
     return std::make_unique<Form2>(SettingsParts{m_parts.settings, m_parts.further, m_parts.clock,

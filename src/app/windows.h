@@ -9,6 +9,7 @@
 #include "days/calendar_window.h"
 #include "display/main_window.h"
 #include "help/help_desk.h"
+#include "media/cd_window.h"
 #include "settings_ui/settings_window.h"
 
 namespace tickwell {
@@ -24,6 +25,8 @@ struct WindowsParts {
     AppSettings& settings;
     FurtherSettings& further;
     QString folder;  ///< the program's, absolute
+    CdPlayer& cdPlayer;
+    std::function<void(const QString& soundName)> listen;  ///< plays a sound once
 };
 
 /// The help, for a window that blocks the others: it can be read meanwhile.
@@ -72,6 +75,7 @@ private:
     DayList m_dayList;
     QPointer<Form5> m_calendar;
     QPointer<Form2> m_settings;
+    QPointer<CDForm> m_cdPlayer;
 };
 
 }  // namespace tickwell

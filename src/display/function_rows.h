@@ -12,17 +12,16 @@ namespace tickwell {
 struct FunctionRow {
     QStringView title;              ///< upper line; empty where it is computed
     bool hasOperationItem = false;  ///< Menu0 stays enabled
-    bool isBuilt = false;           ///< its item can be chosen
 };
 
 inline constexpr std::array kFunctionRows{
-    FunctionRow{u"", false, true},
-    FunctionRow{u"Windows使用時間", false, true},
-    FunctionRow{u"ストップウォッチ", true, true},
-    FunctionRow{u"タイマー", true, true},
-    FunctionRow{u"バッテリー残量", false, true},
-    FunctionRow{u"メモリー使用率", true, true},
-    FunctionRow{u"", true, false},
+    FunctionRow{u"", false},
+    FunctionRow{u"Windows使用時間", false},
+    FunctionRow{u"ストップウォッチ", true},
+    FunctionRow{u"タイマー", true},
+    FunctionRow{u"バッテリー残量", false},
+    FunctionRow{u"メモリー使用率", true},
+    FunctionRow{u"", true},
 };
 
 /// The row of a function, or nothing for a number that names none.

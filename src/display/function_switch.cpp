@@ -16,7 +16,7 @@ FunctionSwitch::FunctionSwitch(AppSettings& settings, TextLines lines, FunctionM
 void FunctionSwitch::ChangeFunction(qint32 number) {
     m_settings.function = number;  // first: also a number that names no function is kept
     for (Timer* timer : {&m_timers.Dz_Timer1, &m_timers.Dz_Timer2, &m_timers.Win_Timer, &m_timers.Timer1,
-                         &m_timers.BatTimer, &m_timers.MemoryTimer}) {
+                         &m_timers.BatTimer, &m_timers.MemoryTimer, &m_timers.CDTimer2}) {
         timer->Stop();
     }
     m_functionLines.countdown.Hide();
@@ -57,6 +57,10 @@ void FunctionSwitch::ShowFirstTexts(qint32 number) {
         case kFunctionMemory:
             m_functionLines.memory.Show();
             m_timers.MemoryTimer.Start();
+            break;
+        case kFunctionCd:
+            m_functionLines.cd.Show();
+            m_timers.CDTimer2.Start();
             break;
         default:
             break;

@@ -9,6 +9,7 @@
 #include "display/function_marks.h"
 #include "display/memory_lines.h"
 #include "display/usage_lines.h"
+#include "media/cd_lines.h"
 #include "timing/countdown_lines.h"
 #include "timing/stopwatch_lines.h"
 
@@ -22,6 +23,7 @@ struct FunctionLines {
     MemoryLines& memory;
     StopwatchLines& stopwatch;
     CountdownLines& countdown;
+    CdLines& cd;
 };
 
 /// The timers that refresh the lines, one function each; owned by the main window.
@@ -32,6 +34,7 @@ struct FunctionTimers {
     Timer& Timer1;       ///< stopwatch
     Timer& BatTimer;     ///< battery
     Timer& MemoryTimer;  ///< memory
+    Timer& CDTimer2;     ///< CD player
 };
 
 /// Which function the main window shows, and what changes when it is another one.

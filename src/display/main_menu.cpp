@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "display/main_menu.h"
 
-#include "display/function_rows.h"
-
 namespace tickwell {
 
 using namespace Qt::StringLiterals;
@@ -41,7 +39,6 @@ void MainMenu::MakeFunctionsExclusive() {
         if (item.command == MenuCommand::ChangeFunction) {
             auto* action = findChild<QAction*>(item.name.toString());
             action->setCheckable(true);
-            action->setEnabled(FunctionRowOf(item.number)->isBuilt);
             functions->addAction(action);
             m_functionItems.insert(item.number, action);
         }

@@ -25,6 +25,8 @@ constexpr int kUsageTick = 250;
 constexpr int kBatteryTick = 10000;
 constexpr int kMemoryTick = 2000;
 constexpr int kKeepTopTick = 2000;
+constexpr int kCdTick = 500;
+constexpr int kChimeTick = 1000;
 
 }  // namespace
 
@@ -43,6 +45,8 @@ Form1::Form1(const MainWindowParts& parts)
       m_usageLines(parts.settings, parts.clock, {*m_MovingWord1, *m_MovingWord2}),
       m_batteryLines(parts.power, {*m_MovingWord1, *m_MovingWord2}),
       m_memoryLines(parts.memory, {*m_MovingWord1, *m_MovingWord2}),
+      m_cdLines(parts.media.player, {*m_MovingWord1, *m_MovingWord2}, *this),
+      m_chime(parts.clock, parts.settings, parts.media.playChime),
       m_setuptimer(parts.handlers.MakeTimer(parts.timers, kFitDelay, [this] { setuptimer_Timer(); })),
       m_Dz_Timer1(parts.handlers.MakeTimer(parts.timers, kTimeTick, [this] { Dz_Timer1_Timer(); })),
       m_Dz_Timer2(parts.handlers.MakeTimer(parts.timers, kDateTick, [this] { m_clockLines.RotateTick(); })),
@@ -50,11 +54,14 @@ Form1::Form1(const MainWindowParts& parts)
       m_BatTimer(parts.handlers.MakeTimer(parts.timers, kBatteryTick, [this] { m_batteryLines.Refresh(); })),
       m_MemoryTimer(parts.handlers.MakeTimer(parts.timers, kMemoryTick, [this] { m_memoryLines.Tick(); })),
       m_KeepTop(parts.handlers.MakeTimer(parts.timers, kKeepTopTick, [this] { KeepTop_Timer(); })),
+      m_CDTimer2(parts.handlers.MakeTimer(parts.timers, kCdTick, [this] { m_cdLines.Tick(); })),
+      m_Timer3(parts.handlers.MakeTimer(parts.timers, kChimeTick, [this] { m_chime.Timer3_Timer(); })),
       m_timing(parts.timing, {{*m_MovingWord1, *m_MovingWord2}, *this}),
-      m_switch(
-          parts.settings, {*m_MovingWord1, *m_MovingWord2}, *m_menu,
-          {*m_Dz_Timer1, *m_Dz_Timer2, *m_Win_Timer, m_timing.Timer1(), *m_BatTimer, *m_MemoryTimer},
-          {m_clockLines, m_usageLines, m_batteryLines, m_memoryLines, m_timing.Reading(), m_timing.Rest()}),
+      m_switch(parts.settings, {*m_MovingWord1, *m_MovingWord2}, *m_menu,
+               {*m_Dz_Timer1, *m_Dz_Timer2, *m_Win_Timer, m_timing.Timer1(), *m_BatTimer, *m_MemoryTimer,
+                *m_CDTimer2},
+               {m_clockLines, m_usageLines, m_batteryLines, m_memoryLines, m_timing.Reading(),
+                m_timing.Rest(), m_cdLines}),
       m_roll(parts.further.roll, parts.power, parts.handlers, parts.timers,
              [this](qint32 number) { ChangeFunction(number); }),
       m_gesture(QGuiApplication::styleHints()->startDragDistance()),
@@ -88,6 +95,7 @@ void Form1::Form_Load() {
     m_MovingWord1->SetText(u"Tickwell Ver.2"_s);
     m_MovingWord2->SetText(QString());
     m_setuptimer->Start();
+    m_Timer3->Start();
 }
 
 void Form1::ApplyStyles() {
@@ -174,6 +182,8 @@ void Form1::ShowOperation() {
         m_timing.ShowStopForm();
     } else if (GetFuncNumber() == kFunctionTimer) {
         m_timing.ShowTimerForm();
+    } else if (GetFuncNumber() == kFunctionCd) {
+        m_parts.windows.cdPlayer();
     }
 }
 

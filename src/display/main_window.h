@@ -92,6 +92,8 @@ private:
     UsageLines m_usageLines;
     BatteryLines m_batteryLines;
     MemoryLines m_memoryLines;
+    CdLines m_cdLines;
+    Chime m_chime;
     std::unique_ptr<Timer> m_setuptimer;
     std::unique_ptr<Timer> m_Dz_Timer1;
     std::unique_ptr<Timer> m_Dz_Timer2;
@@ -99,6 +101,8 @@ private:
     std::unique_ptr<Timer> m_BatTimer;
     std::unique_ptr<Timer> m_MemoryTimer;
     std::unique_ptr<Timer> m_KeepTop;
+    std::unique_ptr<Timer> m_CDTimer2;
+    std::unique_ptr<Timer> m_Timer3;
     TimingTools m_timing;
     FunctionSwitch m_switch;
     Roll m_roll;

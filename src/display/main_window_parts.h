@@ -16,6 +16,8 @@
 #include "core/ports/window_stack.h"
 #include "core/settings.h"
 #include "days/day_database.h"
+#include "display/chime.h"
+#include "media/cd_player.h"
 #include "timing/timing_tools.h"
 
 namespace tickwell {
@@ -26,6 +28,13 @@ struct OtherWindows {
     std::function<void()> settings;
     std::function<void()> help;
     std::function<void()> about;
+    std::function<void()> cdPlayer;
+};
+
+/// Sound and discs, as the main window uses them.
+struct MainWindowMedia {
+    CdPlayer& player;
+    Chime::Player playChime;
 };
 
 /// What the main window works with; all outlive it.
@@ -45,6 +54,7 @@ struct MainWindowParts {
     Handlers& handlers;
     OtherWindows windows;
     TimingParts timing;
+    MainWindowMedia media;
     std::function<void()>
         closed;  ///< called with the end of the window; settings and tray icon are done by then
 };

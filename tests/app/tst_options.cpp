@@ -13,6 +13,7 @@ class TstOptions : public QObject {
 private Q_SLOTS:
     void NothingIsFine();
     void TheFolderIsTaken();
+    void TheDiscIsTaken();
     void TheMenuCanBeAskedFor();
     void HelpAndVersionAreAnswered();
     void MistakesAreNamed_data();
@@ -31,6 +32,11 @@ void TstOptions::NothingIsFine() {
 void TstOptions::TheFolderIsTaken() {
     QCOMPARE(OptionsOf({u"tickwell"_s, u"--folder"_s, u"/a b/c"_s}).folder, u"/a b/c"_s);
     QCOMPARE(OptionsOf({u"tickwell"_s, u"--folder=rel"_s}).folder, u"rel"_s);
+}
+
+void TstOptions::TheDiscIsTaken() {
+    QCOMPARE(OptionsOf({u"tickwell"_s}).disc, QString());
+    QCOMPARE(OptionsOf({u"tickwell"_s, u"--disc"_s, u"/a b.cue"_s}).disc, u"/a b.cue"_s);
 }
 
 void TstOptions::TheMenuCanBeAskedFor() {

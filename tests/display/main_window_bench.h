@@ -4,7 +4,10 @@
 #include "core/settings_io.h"
 #include "days/day_store.h"
 #include "display/main_window.h"
+#include "media/media_system.h"
 #include "platform/virtual_time.h"
+#include "support/fake_cd_drive.h"
+#include "support/fake_event_wait.h"
 #include "support/fake_help_viewer.h"
 #include "support/fake_memory.h"
 #include "support/fake_message_boxes.h"
@@ -12,6 +15,7 @@
 #include "support/fake_printer.h"
 #include "support/fake_program_starter.h"
 #include "support/fake_settings_store.h"
+#include "support/fake_sound_output.h"
 #include "support/fake_tray.h"
 #include "support/fake_window_stack.h"
 
@@ -38,15 +42,37 @@ struct MainWindowBench {
     CountdownState countdown;
     FakePrinter printer;
     FakeHelpViewer help;
+    FakeCdDrive drive;
+    FakeSoundOutput sound;
+    FakeEventWait wait;
+    std::unique_ptr<MediaSystem> media;
+    QList<std::pair<QString, qint32>> chimes;
     int closed = 0;
     std::unique_ptr<Form1> form;
 
     void Start() {
         LoadSettings(store, settings);
         LoadFurtherSettings(store, further);
-        form = std::make_unique<Form1>(MainWindowParts{settings, further, store, dayDatabase, time, time,
-                                                       power, memory, tray, stack, starter, folder, handlers,
-                                                       windows, Timing(), [this] { ++closed; }});
+        media = std::make_unique<MediaSystem>(MediaSystemParts{
+            {drive, drive, sound, time, wait}, boxes, handlers, time, further.tellsNoCdDrive});
+        const auto playChime = [this](const QString& name, qint32 count) { chimes.append({name, count}); };
+        form = std::make_unique<Form1>(MainWindowParts{settings,
+                                                       further,
+                                                       store,
+                                                       dayDatabase,
+                                                       time,
+                                                       time,
+                                                       power,
+                                                       memory,
+                                                       tray,
+                                                       stack,
+                                                       starter,
+                                                       folder,
+                                                       handlers,
+                                                       windows,
+                                                       Timing(),
+                                                       {media->Player(), playChime},
+                                                       [this] { ++closed; }});
         form->Form_Load();
         form->show();
     }

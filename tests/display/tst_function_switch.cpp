@@ -2,9 +2,14 @@
 #include <QTest>
 
 #include "display/function_switch.h"
+#include "media/media_system.h"
 #include "platform/virtual_time.h"
+#include "support/fake_cd_drive.h"
+#include "support/fake_event_wait.h"
 #include "support/fake_memory.h"
+#include "support/fake_message_boxes.h"
 #include "support/fake_power.h"
+#include "support/fake_sound_output.h"
 #include "support/fake_text_line.h"
 #include "timing/journal.h"
 
@@ -20,6 +25,17 @@ public:
 
     qint32 checked = -1;
     bool operation = false;
+};
+
+/// The function that the settings name.
+class FunctionOf : public DisplayFunctions {
+public:
+    explicit FunctionOf(const AppSettings& settings) : m_settings(settings) {}
+    void ChangeFunction(qint32 /*number*/) override {}
+    qint32 GetFuncNumber() const override { return m_settings.function; }
+
+private:
+    const AppSettings& m_settings;
 };
 
 struct Bench {
@@ -49,12 +65,22 @@ struct Bench {
     Countdown countdown{countdownState, time};
     CountdownLines countdownLines{countdown, {upper, lower}, windows};
     std::unique_ptr<Timer> timer1 = time.Create(1, [] {});
+    FakeMessageBoxes boxes;
+    Handlers handlers{boxes};
+    FakeCdDrive drive;
+    FakeSoundOutput sound;
+    FakeEventWait wait;
+    bool tellsNoCdDrive = true;
+    MediaSystem media{{{drive, drive, sound, time, wait}, boxes, handlers, time, tellsNoCdDrive}};
+    FunctionOf function{settings};
+    CdLines cdLines{media.Player(), {upper, lower}, function};
+    std::unique_ptr<Timer> cdTimer2 = time.Create(500, [] {});
     FunctionSwitch functions{
         settings,
         {upper, lower},
         marks,
-        {*dz1, *dz2, *win, *timer1, *batTimer, *memoryTimer},
-        {clockLines, usageLines, batteryLines, memoryLines, stopwatchLines, countdownLines}};
+        {*dz1, *dz2, *win, *timer1, *batTimer, *memoryTimer, *cdTimer2},
+        {clockLines, usageLines, batteryLines, memoryLines, stopwatchLines, countdownLines, cdLines}};
 
     QString Running() const {
         return QString(dz1->IsRunning() ? u"Dz_Timer1 "_s : QString()) +
@@ -62,7 +88,8 @@ struct Bench {
                (win->IsRunning() ? u"Win_Timer"_s : QString()) +
                (timer1->IsRunning() ? u"Timer1"_s : QString()) +
                (batTimer->IsRunning() ? u"BatTimer"_s : QString()) +
-               (memoryTimer->IsRunning() ? u"MemoryTimer"_s : QString());
+               (memoryTimer->IsRunning() ? u"MemoryTimer"_s : QString()) +
+               (cdTimer2->IsRunning() ? u"CDTimer2"_s : QString());
     }
 };
 
@@ -95,6 +122,8 @@ void TstFunctionSwitch::EachFunctionHasItsTextsTimersAndMarks_data() {
     QTest::newRow("battery") << 4 << u"show バッテリー残量"_s << u"BatTimer"_s << false;
     QTest::newRow("memory, whose item stays enabled though it has no window")
         << 5 << u"show メモリー使用率"_s << u"MemoryTimer"_s << true;
+    QTest::newRow("CD player, without a disc")
+        << 6 << u"show オーディオCDの準備ができていません"_s << u"CDTimer2"_s << true;
 }
 
 void TstFunctionSwitch::EachFunctionHasItsTextsTimersAndMarks() {

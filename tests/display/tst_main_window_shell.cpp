@@ -52,12 +52,15 @@ void TstMainWindowShell::ItemsOpenTheirWindows() {
     MainWindowBench bench;
     QStringList opened;
     bench.windows = {[&] { opened.append(u"calendar"_s); }, [&] { opened.append(u"settings"_s); },
-                     [&] { opened.append(u"help"_s); }, [&] { opened.append(u"about"_s); }};
+                     [&] { opened.append(u"help"_s); }, [&] { opened.append(u"about"_s); },
+                     [&] { opened.append(u"cd"_s); }};
     bench.Start();
     for (const char* item : {"Menu1", "Menu17", "Menu21", "menu22", "Menu93"}) {
         bench.Item(item).trigger();
     }
-    QCOMPARE(opened, (QStringList{u"calendar"_s, u"settings"_s, u"help"_s, u"about"_s, u"help"_s}));
+    bench.form->ChangeFunction(kFunctionCd);
+    bench.Item("Menu0").trigger();
+    QCOMPARE(opened, (QStringList{u"calendar"_s, u"settings"_s, u"help"_s, u"about"_s, u"help"_s, u"cd"_s}));
 }
 
 void TstMainWindowShell::TheToolsOfTheFolderAreShownAndStarted() {
@@ -177,14 +180,16 @@ void TstMainWindowShell::TheNotificationAreaTakesItAndGivesItBack() {
     MainWindowBench bench;
     bench.tray.SetThere(true);
     bench.Start();
+    bench.time.Advance(3000);
     bench.form->move(30, 40);
+    QTRY_COMPARE(bench.form->pos(), QPoint(30, 40));
     bench.Item("Menu19").trigger();
     QVERIFY(!bench.form->isVisible());
     QCOMPARE(bench.tray.Tip(), u"Tickwell Ver.2"_s);
     bench.tray.Click();
     QVERIFY(bench.form->isVisible());
     QVERIFY(!bench.tray.HasIcon());
-    QCOMPARE(bench.form->pos(), QPoint(30, 40));
+    QTRY_COMPARE(bench.form->pos(), QPoint(30, 40));
 }
 
 void TstMainWindowShell::TheAreasMenuHasItsCommands() {

@@ -251,7 +251,7 @@ class TickwellTest(TickwellCase):
         folder = self.session.directory / "folder"
         self.assertEqual(app.program.output(), f"--folder {folder} --more\n")
         self.assertEqual(sorted(os.listdir(folder)), sorted(tickwell.MASTERS))
-        self.assertEqual(tickwell.read_settings(self.session), {"A": {"b": "1"}})
+        self.assertEqual(tickwell.read_settings(self.session), tickwell.SILENT | {"A": {"b": "1"}})
         self.assertEqual(tickwell.settings_path(self.session),
                          Path(self.session.environment["XDG_CONFIG_HOME"], "TKW2/TKW2.ini"))
 

@@ -7,8 +7,8 @@ import subprocess
 import unittest
 
 from driver.case import TickwellCase
-from driver.tickwell import (MASTERS, make_folder, program_path, settings_path, start_tickwell, wait_lines,
-                             write_settings)
+from driver.tickwell import (MASTERS, SILENT, make_folder, program_path, read_settings, settings_path,
+                             start_tickwell, wait_lines, write_settings)
 
 TITLE = "Tickwell スタートエラー"
 BODY = "実行に必要なファイルまたは情報が見つかりません。\n"
@@ -30,7 +30,7 @@ class StartUp(TickwellCase):
             with self.subTest(name):
                 folder = make_folder(self.session.directory / f"without-{name}", without={name})
                 self.assert_refused(start_tickwell(self.session, folder=folder), name)
-                self.assertFalse(settings_path(self.session).exists())
+                self.assertEqual(read_settings(self.session), SILENT)
 
     def test_a_damaged_database_is_refused(self):
         folder = make_folder(self.session.directory / "damaged")

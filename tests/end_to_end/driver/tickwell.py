@@ -12,6 +12,7 @@ from driver.waiting import PATIENCE, TimedOut, wait_for
 PROGRAM_VARIABLE = "TICKWELL_PROGRAM"
 WINDOW = "Tickwell"
 BOXES = ("alert message", "dialog")
+SILENT = {"Notice": {"NoCdDrive": "False"}}
 MASTERS = ("DayDate.mdb", "Help.hlp", *(f"TKW{number:02}.wav" for number in range(6)))
 
 
@@ -62,9 +63,9 @@ def tickwell_command(session, folder=None, virtual_time=None, arguments=()):
 def start_tickwell(session, folder=None, settings=None, virtual_time=None, arguments=(), environment=None,
                    cwd=None):
     """Starts the program and waits until it can be asked; returns its topmost node. Its window may come
-    later."""
-    if settings is not None:
-        write_settings(session, settings)
+    later. That the machine has no CD drive is told only where the settings ask for it."""
+    if settings is not None or not settings_path(session).exists():
+        write_settings(session, SILENT | (settings or {}))
     command = tickwell_command(session, folder, virtual_time, arguments)
     pass_fds = virtual_time.pass_fds if virtual_time else ()
     program = session.spawn(command, environment=environment, cwd=cwd, pass_fds=pass_fds)
