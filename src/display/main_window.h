@@ -40,14 +40,12 @@ public:
     void ApplySettings();
 
     void RaiseRefresh() override { m_clockLines.RaiseRefresh(); }
-
     /// Shows the window above the others, out of the notification area, and brought onto a screen when it lay
     /// wholly outside.
     void ComeForward();
 
     /// The same, and opens the menu for the keyboard.
     void ComeForwardWithMenu();
-
     /// While the settings stand open, the window does not put itself above them.
     void HoldKeepTop(bool held);
 

@@ -6,8 +6,8 @@
 #include "days/day_database.h"
 #include "days/day_rule.h"
 #include "days/day_store.h"
-#include "support/random_count.h"
 #include "days/sql_error.h"
+#include "support/random_count.h"
 
 using namespace Qt::StringLiterals;
 using namespace tickwell;

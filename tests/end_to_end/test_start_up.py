@@ -44,7 +44,7 @@ class StartUp(TickwellCase):
     def test_a_bad_setting_is_named_and_left_as_it_is(self):
         for section, key in (("SetUp", "Op_Speed"), ("Digital", "TypeHour"), ("SetUp", "Win_Width"), ("Wape", "Time")):
             with self.subTest(key):
-                write_settings(self.session, {section: {key: "<b>wide</b>"}})
+                write_settings(self.session, SILENT | {section: {key: "<b>wide</b>"}})
                 before = settings_path(self.session).read_bytes()
                 self.assert_refused(start_tickwell(self.session), f"[{section}] {key}=<b>wide</b>\n")
                 self.assertEqual(settings_path(self.session).read_bytes(), before)
