@@ -17,6 +17,9 @@ from driver.waiting import steady  # noqa: E402
 WINDOWS = [
     ("help.png", "ﾍﾙﾌﾟ", "Tickwell ヘルプ"),
     ("about.png", "バージョン情報", "Tickwellのﾊﾞｰｼﾞｮﾝ情報"),
+    ("calendar.png", "カレンダー", "カレンダー"),
+    ("timer.png", "ﾀｲﾏｰ", "タイマー"),
+    ("settings.png", "環境設定", "環境設定"),
 ]
 
 TWICE = {"QT_SCALE_FACTOR": "2"}  # read on screens of any resolution
