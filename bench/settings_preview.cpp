@@ -15,6 +15,7 @@
 #include "display/line_look.h"
 #include "platform/virtual_time.h"
 #include "settings_ui/sample_frame.h"
+#include "support/fake_message_boxes.h"
 
 namespace {
 
@@ -24,12 +25,6 @@ using namespace Qt::StringLiterals;
 constexpr int kRounds = 31;  // medians of so many
 constexpr int kTimes = 200;
 constexpr double kFrame = 1000.0 / 60;  // ms
-
-/// No box is ever shown here.
-class NoBoxes : public MessageBoxes {
-public:
-    void Show(const Message& /*message*/, std::function<void()> onClosed) override { onClosed(); }
-};
 
 /// Microseconds that one call takes, of many in a row.
 double TimeOf(const std::function<void(int)>& call) {
@@ -61,7 +56,7 @@ int main(int argc, char** argv) {
     const QApplication application(argc, argv);
     InstallFontSubstitutes();
     VirtualTime time(QDateTime(QDate(1998, 10, 3), QTime(12, 0)));
-    NoBoxes boxes;
+    FakeMessageBoxes boxes;
     Handlers handlers(boxes);
     SampleFrame sample(time, time, handlers, nullptr);
     sample.show();
