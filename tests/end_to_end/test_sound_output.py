@@ -67,7 +67,7 @@ class SoundOutput(TickwellCase):
         self.assertEqual(without_silence(server.recording()), b"")
 
     def test_without_a_server_it_is_silent_and_does_not_hang(self):
-        nowhere = {"PULSE_SERVER": f"unix:{self.session.directory}/nowhere"}
+        nowhere = {"PULSE_SERVER": f"unix:{self.session.directory}/nowhere", "SDL_AUDIODRIVER": ""}
         for environment in (nowhere, nowhere | {"SDL_AUDIODRIVER": "pulseaudio"}):
             player = self.play("赤ちゃん", 12, environment)
             self.assertEqual(player.wait_end(10.0), 0, player.output())
