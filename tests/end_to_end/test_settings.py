@@ -8,6 +8,7 @@ from driver.tickwell import main_window, read_settings, start_tickwell, wait_lin
 from driver.virtual_time import VirtualTime
 from driver.waiting import wait_for
 
+TIME_BEHIND_MIDNIGHT = "午前0時00分10秒"
 START_UP_DELAY = 11000  # ms
 SETTINGS = "環境設定"
 DATE, TIME = "平成10年11月15日(日曜日)", "午後9時05分18秒"
@@ -249,6 +250,22 @@ class Dialog(SettingsCase):
         self.app = start_tickwell(self.session, settings={"Roll": {"Kinds": "clock"}}, virtual_time=self.time)
         box = self.app.wait(role="alert message", name="Tickwell スタートエラー", showing=True)
         self.assertTrue(box.find(role="label", name=lambda text: "[Roll] Kinds=clock" in text), box.dump())
+
+
+class Database(SettingsCase):
+    def test_the_database_is_compacted_and_goes_on(self):
+        self.start()
+        self.open()
+        self.page("データベース")
+        self.click({"role": "push button", "name": "データベースの最適化＞＞"})
+        box = self.app.wait(role="alert message", name="データベースの最適化", showing=True)
+        self.assertTrue(box.find(role="label", name=lambda text: text.startswith("データベースの最適化が終了しました。")), box.dump())
+        self.session.hand.click(box.wait(role="push button", name="OK"))
+        folder = self.session.directory / "folder"
+        self.assertFalse((folder / "CopyDate.mdb").exists() or (folder / "BUDate.mdb").exists())
+        self.time.set_wall("1998-11-15T23:59:50")
+        self.time.advance(20000)  # today's names are looked up in it
+        wait_lines(self.app, lower=TIME_BEHIND_MIDNIGHT)
 
 
 if __name__ == "__main__":
