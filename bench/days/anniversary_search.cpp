@@ -16,12 +16,12 @@
 #include <cstdio>
 #include <vector>
 
+#include "book/anniversary_search.h"
+#include "book/anniversary_statements.h"
+#include "book/deletion_window.h"
+#include "book/search_window.h"
 #include "core/errors.h"
-#include "days/anniversary_search.h"
-#include "days/anniversary_statements.h"
 #include "days/day_list_model.h"
-#include "days/deletion_window.h"
-#include "days/search_window.h"
 #include "platform/qt_message_boxes.h"
 #include "platform/system_clock.h"
 

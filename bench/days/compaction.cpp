@@ -13,8 +13,8 @@
 #include <vector>
 
 #include "core/errors.h"
-#include "days/compaction.h"
-#include "days/day_files.h"
+#include "store/compaction.h"
+#include "store/day_files.h"
 #include "support/fake_message_boxes.h"
 
 using namespace Qt::StringLiterals;

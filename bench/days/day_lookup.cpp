@@ -13,8 +13,8 @@
 #include <vector>
 
 #include "core/errors.h"
-#include "days/day_database.h"
 #include "days/day_rule.h"
+#include "store/day_database.h"
 
 using namespace Qt::StringLiterals;
 using namespace tickwell;

@@ -18,9 +18,9 @@
 
 #include "core/errors.h"
 #include "days/calendar_window.h"
-#include "days/sqlite_connection.h"
 #include "platform/qt_message_boxes.h"
 #include "platform/virtual_time.h"
+#include "store/sqlite_connection.h"
 
 using namespace Qt::StringLiterals;
 using namespace tickwell;

@@ -7,8 +7,8 @@
 #include "app/program_folder.h"
 #include "core/errors.h"
 #include "core/settings_io.h"
-#include "days/day_files.h"
-#include "days/day_recovery.h"
+#include "store/day_files.h"
+#include "store/day_recovery.h"
 
 namespace tickwell {
 

@@ -8,8 +8,8 @@
 
 #include "core/ports/settings_store.h"
 #include "core/settings.h"
-#include "days/day_database.h"
-#include "days/jet/jet_import.h"
+#include "store/day_database.h"
+#include "store/jet/jet_import.h"
 
 namespace tickwell {
 

@@ -2,7 +2,7 @@
 #include "app/windows.h"
 
 #include "app/window_placing.h"
-#include "days/compaction.h"
+#include "store/compaction.h"
 
 namespace tickwell {
 

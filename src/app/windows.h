@@ -4,8 +4,8 @@
 #include <QPointer>
 
 #include "app/about_box.h"
+#include "book/anniversary_book.h"
 #include "core/handlers.h"
-#include "days/anniversary_book.h"
 #include "days/calendar_window.h"
 #include "display/main_window.h"
 #include "help/help_desk.h"

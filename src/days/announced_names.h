@@ -4,7 +4,7 @@
 #include <QDate>
 #include <QStringList>
 
-#include "days/day_database.h"
+#include "store/day_database.h"
 
 namespace tickwell {
 

@@ -4,10 +4,10 @@
 #include <QHeaderView>
 #include <QVBoxLayout>
 
+#include "controls/control_making.h"
 #include "days/anniversary_icon.h"
 #include "days/calendar_widths.h"
 #include "days/calendar_window.h"
-#include "days/control_making.h"
 
 namespace tickwell {
 

@@ -6,8 +6,8 @@
 #include <functional>
 #include <optional>
 
-#include "days/day_database.h"
 #include "days/day_list_row.h"
+#include "store/day_database.h"
 
 namespace tickwell {
 

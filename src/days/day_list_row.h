@@ -4,7 +4,7 @@
 #include <QString>
 
 #include "days/anniversary.h"
-#include "days/result_set.h"
+#include "store/result_set.h"
 
 namespace tickwell {
 

@@ -6,8 +6,8 @@
 #include <QString>
 #include <array>
 
-#include "days/day_database.h"
 #include "days/day_rule.h"
+#include "store/day_database.h"
 
 namespace tickwell {
 

@@ -6,7 +6,7 @@
 #include <QKeyEvent>
 #include <algorithm>
 
-#include "days/control_making.h"
+#include "controls/control_making.h"
 #include "days/day_shade.h"
 
 namespace tickwell {

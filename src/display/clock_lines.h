@@ -7,7 +7,7 @@
 #include "core/ports/clock.h"
 #include "core/settings.h"
 #include "core/text_line.h"
-#include "days/day_database.h"
+#include "store/day_database.h"
 
 namespace tickwell {
 

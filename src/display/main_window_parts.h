@@ -15,9 +15,9 @@
 #include "core/ports/tray.h"
 #include "core/ports/window_stack.h"
 #include "core/settings.h"
-#include "days/day_database.h"
 #include "display/chime.h"
 #include "media/cd_player.h"
+#include "store/day_database.h"
 #include "timing/timing_tools.h"
 
 namespace tickwell {

@@ -6,7 +6,7 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
-#include "days/control_making.h"
+#include "controls/control_making.h"
 
 namespace tickwell {
 

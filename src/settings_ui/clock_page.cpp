@@ -5,7 +5,7 @@
 #include <QHBoxLayout>
 #include <QLabel>
 
-#include "days/control_making.h"
+#include "controls/control_making.h"
 
 namespace tickwell {
 

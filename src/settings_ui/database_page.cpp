@@ -7,7 +7,7 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
-#include "days/control_making.h"
+#include "controls/control_making.h"
 
 namespace tickwell {
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "settings_ui/option_array.h"
 
-#include "days/control_making.h"
+#include "controls/control_making.h"
 
 namespace tickwell {
 

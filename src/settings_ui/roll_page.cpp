@@ -7,7 +7,7 @@
 #include <QSignalBlocker>
 #include <QVBoxLayout>
 
-#include "days/control_making.h"
+#include "controls/control_making.h"
 
 namespace tickwell {
 

@@ -6,7 +6,7 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
-#include "days/control_making.h"
+#include "controls/control_making.h"
 #include "display/line_look.h"
 #include "display/line_styles.h"
 

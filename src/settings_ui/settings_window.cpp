@@ -6,7 +6,7 @@
 #include <QTabBar>
 #include <QVBoxLayout>
 
-#include "days/control_making.h"
+#include "controls/control_making.h"
 #include "settings_ui/database_page.h"
 
 namespace tickwell {

@@ -8,7 +8,7 @@
 #include <QPainter>
 #include <QVBoxLayout>
 
-#include "days/control_making.h"
+#include "controls/control_making.h"
 #include "display/line_look.h"
 #include "settings_ui/colour_picking.h"
 #include "settings_ui/picked_style.h"

@@ -7,7 +7,7 @@
 #include <QSignalBlocker>
 #include <QVBoxLayout>
 
-#include "days/control_making.h"
+#include "controls/control_making.h"
 #include "settings_ui/colour_picking.h"
 #include "settings_ui/style_picker.h"
 

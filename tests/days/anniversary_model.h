@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "days/anniversary.h"
-#include "days/result_set.h"
+#include "store/result_set.h"
 
 namespace tickwell {
 

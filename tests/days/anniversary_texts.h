@@ -3,8 +3,8 @@
 
 #include <QStringList>
 
-#include "days/day_database.h"
 #include "days/day_rule.h"
+#include "store/day_database.h"
 
 namespace tickwell {
 

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "days/day_store.h"
 #include "days/month_calendar.h"
 #include "platform/virtual_time.h"
+#include "store/day_store.h"
 #include "support/fake_message_boxes.h"
 
 namespace tickwell {

@@ -12,11 +12,11 @@
 #include <cstdlib>
 
 #include "core/errors.h"
-#include "days/day_database.h"
 #include "days/day_rule.h"
 #include "days/marked_october.h"
 #include "days/month_calendar.h"
 #include "platform/virtual_time.h"
+#include "store/day_database.h"
 #include "support/fake_message_boxes.h"
 
 using namespace Qt::StringLiterals;

@@ -2,7 +2,7 @@
 #include <QTest>
 
 #include "days/anniversary_texts.h"
-#include "days/day_store.h"
+#include "store/day_store.h"
 
 using namespace Qt::StringLiterals;
 using namespace tickwell;

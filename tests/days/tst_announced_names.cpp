@@ -2,7 +2,7 @@
 #include <QTest>
 
 #include "days/announced_names.h"
-#include "days/day_store.h"
+#include "store/day_store.h"
 
 using namespace tickwell;
 using namespace Qt::StringLiterals;

@@ -5,7 +5,7 @@
 
 #include "core/errors.h"
 #include "days/anniversary_texts.h"
-#include "days/day_store.h"
+#include "store/day_store.h"
 
 using namespace Qt::StringLiterals;
 using namespace tickwell;

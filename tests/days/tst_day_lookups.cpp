@@ -3,11 +3,11 @@
 #include <QTest>
 
 #include "days/anniversary_model.h"
-#include "days/day_database.h"
 #include "days/day_rule.h"
-#include "days/day_store.h"
 #include "days/search_texts.h"
-#include "days/sql_error.h"
+#include "store/day_database.h"
+#include "store/day_store.h"
+#include "store/sql_error.h"
 
 using namespace Qt::StringLiterals;
 using namespace tickwell;

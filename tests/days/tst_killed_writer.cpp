@@ -5,9 +5,9 @@
 #include <chrono>
 #include <thread>
 
-#include "days/day_database.h"
-#include "days/day_store.h"
 #include "days/marked_october.h"
+#include "store/day_database.h"
+#include "store/day_store.h"
 
 using namespace Qt::StringLiterals;
 using namespace tickwell;

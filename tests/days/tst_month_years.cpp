@@ -2,9 +2,9 @@
 #include <QRandomGenerator>
 #include <QTest>
 
-#include "days/day_store.h"
 #include "days/month_grid.h"
 #include "days/month_model.h"
+#include "store/day_store.h"
 
 using namespace Qt::StringLiterals;
 using namespace tickwell;

@@ -2,10 +2,10 @@
 #pragma once
 
 #include "core/settings_io.h"
-#include "days/day_store.h"
 #include "display/main_window.h"
 #include "media/media_system.h"
 #include "platform/virtual_time.h"
+#include "store/day_store.h"
 #include "support/fake_cd_drive.h"
 #include "support/fake_event_wait.h"
 #include "support/fake_help_viewer.h"

@@ -2,10 +2,10 @@
 #include <QTest>
 
 #include "core/settings_io.h"
-#include "days/day_store.h"
-#include "days/sql_error.h"
 #include "display/clock_lines.h"
 #include "platform/virtual_time.h"
+#include "store/day_store.h"
+#include "store/sql_error.h"
 #include "support/fake_settings_store.h"
 #include "support/fake_text_line.h"
 

@@ -1,14 +1,22 @@
 #!/usr/bin/python3
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""clang_tools.py format | tidy BUILD_FOLDER: holds every C++ file against .clang-format or .clang-tidy."""
+"""Holds the C++ files against .clang-format and .clang-tidy.
+
+    clang_tools.py format               every file
+    clang_tools.py tidy BUILD_FOLDER    what changed lately: see LATELY
+    clang_tools.py tidy-all BUILD_FOLDER
+"""
 
 import json
+import re
 import subprocess
 import sys
 from concurrent.futures import ThreadPoolExecutor
 from pathlib import Path
 
 from project_files import ROOT, cpp_files, shown
+
+LATELY = 30  # commits
 
 
 def check_format():
@@ -23,7 +31,38 @@ def compiled_files(build):
     return sorted(path for path in cpp_files(("src", "tools", "bench")) if path in names)
 
 
-def check_tidy(build):
+def git(*arguments):
+    """What git prints, by lines; none where it fails."""
+    run = subprocess.run(["git", *arguments], cwd=ROOT, text=True, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL)
+    return run.stdout.splitlines() if run.returncode == 0 else []
+
+
+def lately_changed():
+    """The files that the last commits or nobody's commit yet changed; None where the history cannot tell."""
+    if not git("rev-parse", "--verify", f"HEAD~{LATELY}"):
+        return None
+    changed = git("diff", "--name-only", f"HEAD~{LATELY}") + git("ls-files", "--others", "--exclude-standard")
+    return {ROOT / name for name in changed}
+
+
+def shows(sources, header):
+    """A source that lets the header be looked at: its own, else the first that includes it."""
+    if header.with_suffix(".cpp") in sources:
+        return header.with_suffix(".cpp")
+    name = re.compile(rf'#include "([a-z_]+/)*{re.escape(header.parent.name)}/{re.escape(header.name)}"')
+    return next((source for source in sources if name.search(source.read_text("utf-8"))), None)
+
+
+def touched(sources):
+    """Those of the sources that changed lately, and one for each header that did."""
+    changed = lately_changed()
+    if changed is None:
+        return sources
+    headers = [shows(sources, path) for path in changed if path.suffix == ".h" and path.exists()]
+    return sorted({source for source in sources if source in changed} | {source for source in headers if source})
+
+
+def check_tidy(build, sources):
     def tidy(path):
         run = subprocess.run(["clang-tidy", "-p", build, "--quiet", str(path)], cwd=ROOT, text=True,
                              stdout=subprocess.PIPE, stderr=subprocess.DEVNULL)
@@ -31,11 +70,11 @@ def check_tidy(build):
 
     failed = 0
     with ThreadPoolExecutor(max_workers=2) as workers:
-        for code, path, output in workers.map(tidy, compiled_files(build)):
+        for code, path, output in workers.map(tidy, sources):
             if code != 0:
                 failed += 1
                 print(f"{shown(path)}:\n{output}")
-    print(f"{failed} files with findings")
+    print(f"{len(sources)} files looked at, {failed} with findings")
     return 1 if failed else 0
 
 
@@ -43,7 +82,9 @@ def main():
     if sys.argv[1:] == ["format"]:
         return check_format()
     if len(sys.argv) == 3 and sys.argv[1] == "tidy":
-        return check_tidy(sys.argv[2])
+        return check_tidy(sys.argv[2], touched(compiled_files(sys.argv[2])))
+    if len(sys.argv) == 3 and sys.argv[1] == "tidy-all":
+        return check_tidy(sys.argv[2], compiled_files(sys.argv[2]))
     print(__doc__, file=sys.stderr)
     return 2
 

@@ -12,13 +12,16 @@ ARROWS = {
     "core": set(),
     "cd_helper": set(),
     "platform": {"core", "media", "cd_helper"},
+    "controls": {"core"},
     "media": {"core"},
-    "days": {"core"},
+    "store": {"core"},
+    "days": {"core", "controls", "store"},
+    "book": {"core", "controls", "store", "days"},
     "help": {"core"},
     "timing": {"core", "media"},
-    "display": {"core", "media", "days", "timing"},
-    "settings_ui": {"core", "media", "days", "timing", "display"},
-    "app": {"core", "platform", "media", "days", "help", "timing", "display", "settings_ui"},
+    "display": {"core", "media", "store", "days", "timing"},
+    "settings_ui": {"core", "controls", "media", "timing", "display"},
+    "app": {"core", "platform", "media", "store", "days", "book", "help", "timing", "display", "settings_ui"},
 }
 INCLUDE = re.compile(r'^\s*#\s*include\s*"([^"]+)"', re.MULTILINE)
 TOOLKIT_INCLUDE = re.compile(r"^\s*#\s*include\s*<(Q[A-Za-z0-9]+)>", re.MULTILINE)

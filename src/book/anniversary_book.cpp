@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "book/anniversary_book.h"
+
+#include "book/deletion_window.h"
+#include "book/editor_window.h"
+#include "book/search_window.h"
+#include "core/errors.h"
+
+namespace tickwell {
+
+void AnniversaryBook::OpenEditor(QDate date, QWidget* calendar, Closed closed) const {
+    std::unique_ptr<Form6> editor;
+    try {
+        editor = std::make_unique<Form6>(m_parts, date, calendar);
+    } catch (const RunTimeError&) {
+        closed();
+        return;
+    }
+    Open(editor.release(), calendar, std::move(closed));
+}
+
+void AnniversaryBook::OpenDeletion(QWidget* calendar, Closed closed) const {
+    Open(new Form10(m_parts, calendar), calendar, std::move(closed));
+}
+
+void AnniversaryBook::OpenSearch(QWidget* calendar) const {
+    Open(new Form9(m_parts, calendar), calendar, [] {});
+}
+
+void AnniversaryBook::Open(QDialog* window, QWidget* calendar, Closed closed) const {
+    window->setAttribute(Qt::WA_DeleteOnClose);
+    m_parts.handlers.Connect(window, &QDialog::finished, calendar, std::move(closed));
+    window->open();  // modal to the calendar alone: the main window goes on
+}
+
+}  // namespace tickwell

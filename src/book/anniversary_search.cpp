@@ -1,0 +1,128 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "book/anniversary_search.h"
+
+#include "days/day_rule.h"
+
+namespace tickwell {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// One end of the range in the numbers that the questions are made of.
+struct End {
+    explicit End(QDate date)
+        : yearNumber(date.year()),
+          monthNumber(date.month()),
+          dayNumber(date.day()),
+          year(QString::number(yearNumber)),
+          month(QString::number(monthNumber)),
+          day(QString::number(dayNumber)),
+          week(QString::number(WeekCode(date))) {}
+
+    int yearNumber;
+    int monthNumber;
+    int dayNumber;
+    QString year;
+    QString month;
+    QString day;
+    QString week;
+};
+
+QString OneDayCondition(const End& start, const End& end) {
+    QString text = u" AND ( ( Year="_s + start.year + u" AND Month=" + start.month +
+                   u" AND ( Day=0 OR Day >=" + start.day + u" ) AND ( Week=0 OR Week >= " + start.week +
+                   u" ) )" +  //
+                   u" OR ( Year=" + start.year + u" AND Month > " + start.month + u" ) )" +
+                   u" AND ( ( Year=" + end.year + u" AND Month < " + end.month + u" )" +  //
+                   u" OR ( Year=" + end.year + u" AND Month=" + end.month + u" AND Day <=" + end.day +
+                   u" AND Week <= " + end.week + u" ) )";
+    if (end.yearNumber - start.yearNumber < 1) {
+        text += u" AND Year BETWEEN "_s + QString::number(start.yearNumber + 1) + u" AND " +
+                QString::number(end.yearNumber - 1);
+    }
+    return text;
+}
+
+/// Empty for ranges of about a year and more, in which every month has its days.
+QString EveryYearCondition(const End& start, const End& end) {
+    const int years = end.yearNumber - start.yearNumber;
+    const bool isWithinAYear = years != 1 || start.monthNumber >= end.monthNumber;
+    const bool isNotTheSameMonthAYearOn = years != 1 || start.monthNumber != end.monthNumber;
+    if (years >= 2 || !isWithinAYear || !(start.dayNumber > end.dayNumber + 1 || isNotTheSameMonthAYearOn)) {
+        return QString();
+    }
+    return u" AND ( ( Month > "_s + start.month + u" AND Month < " + end.month + u" )" +  //
+           u" OR ( ( Month=" + start.month + u" AND ( Day=0 OR Day >= " + start.day +
+           u" )  AND ( Week=0 OR Week >= " + start.week + u" )" +  //
+           u" AND ( Month=" + end.month + u" AND Day <= " + end.day + u" AND Week <= " + end.week +
+           u" ) ) ) )";
+}
+
+/// Empty for ranges of about a month and more, going by the numbers of the months alone.
+QString EveryMonthCondition(const End& start, const End& end) {
+    const int months = end.monthNumber - start.monthNumber;
+    if (months >= 2 || !(start.dayNumber > end.dayNumber + 1 || months != 1)) {
+        return QString();
+    }
+    return u" AND ( ( Day=0 OR Day >= "_s + start.day + u" ) AND ( Week=0 OR Week >= " + start.week +
+           u" ) )" +  //
+           u" AND ( Day <= " + end.day + u" AND Week <= " + end.week + u" )";
+}
+
+/// How the numbers of a kind are shown: where the kind says "every" it stands whatever is stored, and
+/// elsewhere the stored number, 0 too.
+DayListRow FindOf(const ResultRow& row, bool showsYear, bool showsMonth) {
+    DayListRow find = DayListRowOf(row);
+    find.year = showsYear ? QString::number(row.Integer(u"Year")) : EveryText();
+    find.month = showsMonth ? QString::number(row.Integer(u"Month")) : EveryText();
+    return find;
+}
+
+}  // namespace
+
+std::array<QString, 3> SearchTexts(const SearchConditions& conditions) {
+    const std::array isWanted{conditions.oneDay, conditions.everyYear, conditions.everyMonth};
+    std::array texts{u"SELECT * FROM Kinenbi WHERE Year <> 0"_s,
+                     u"SELECT * FROM Kinenbi WHERE Year = 0 AND Month <> 0"_s,
+                     u"SELECT * FROM Kinenbi WHERE Month = 0"_s};
+    std::array<QString, 3> dateConditions;
+    if (conditions.dates) {
+        const End start(conditions.dates->start);
+        const End end(conditions.dates->end);
+        dateConditions = {OneDayCondition(start, end), EveryYearCondition(start, end),
+                          EveryMonthCondition(start, end)};
+    }
+    for (std::size_t kind = 0; kind < texts.size(); ++kind) {
+        if (conditions.name) {
+            texts[kind] += u" AND Name=\""_s + *conditions.name + u'"';
+        }
+        texts[kind] += dateConditions[kind];
+        if (!isWanted[kind]) {
+            texts[kind] = u"SELECT * FROM Kinenbi WHERE Year = 5"_s;
+        }
+    }
+    return texts;
+}
+
+SearchFinds FindAnniversaries(DayDatabase& database, const SearchConditions& conditions) {
+    const std::array texts = SearchTexts(conditions);
+    const ResultSet oneDay = database.RunQuery(texts[0]);
+    const ResultSet everyYear = database.RunQuery(texts[1]);
+    const ResultSet everyMonth = database.RunQuery(texts[2]);
+    SearchFinds finds;
+    finds.rows.reserve(oneDay.Count() + everyYear.Count() + everyMonth.Count());
+    for (const ResultRow& row : oneDay) {
+        finds.rows.append(FindOf(row, true, true));
+    }
+    for (const ResultRow& row : everyYear) {
+        finds.rows.append(FindOf(row, false, true));
+    }
+    for (const ResultRow& row : everyMonth) {
+        finds.rows.append(FindOf(row, false, false));
+    }
+    finds.searched = database.RunQuery(u"SELECT * FROM Kinenbi WHERE Year <> 5"_s).Count();
+    return finds;
+}
+
+}  // namespace tickwell

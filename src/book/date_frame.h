@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QGroupBox>
+#include <array>
+
+#include "book/search_fields.h"
+#include "controls/up_down.h"
+
+namespace tickwell {
+
+/// Object names of a date's three parts: year, month, day.
+struct DateNames {
+    std::array<QStringView, 3> texts;
+    std::array<QStringView, 3> upDowns;
+    std::array<QStringView, 3> labels;
+};
+
+/// A frame with a date in it: the start or the end of what is searched.
+class DateFrame : public QGroupBox {
+    Q_OBJECT
+
+public:
+    DateFrame(const QString& caption, const DateNames& names, QWidget* parent);
+
+    void ShowDate(QDate date);
+    DateFields Fields() const;
+
+private:
+    std::array<UpDown*, 3> m_parts{};  // owned by the frame, as its children
+};
+
+}  // namespace tickwell

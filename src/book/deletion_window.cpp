@@ -1,0 +1,119 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "book/deletion_window.h"
+
+#include <QHBoxLayout>
+#include <QItemSelectionModel>
+#include <QScopeGuard>
+#include <QStringListModel>
+#include <QVBoxLayout>
+#include <algorithm>
+
+#include "book/anniversary_deletion.h"
+#include "controls/control_making.h"
+
+namespace tickwell {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kLines = 12;    // of the list, before the user makes it higher
+constexpr int kLetters = 24;  // of a name
+
+}  // namespace
+
+Form10::Form10(const BookParts& parts, QWidget* parent)
+    : QDialog(parent), m_parts(parts), m_rows(parts.list.Rows()) {
+    setObjectName(u"Form10"_s);
+    setWindowTitle(u"記念日の削除"_s);
+    MakeControls();
+    Form_Load();
+    Connect();
+}
+
+void Form10::MakeControls() {
+    auto* label1 = Named(new QLabel(u"記念日を削除します"_s), u"Label1"_s);
+    m_List1 = Named(new QListView, u"List1"_s, label1->text());
+    m_List1->setSelectionMode(QAbstractItemView::MultiSelection);
+    m_List1->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    m_List1->setUniformItemSizes(true);  // else each of 100 000 names is measured before the first is seen
+    m_List1->setMinimumSize(kLetters * fontMetrics().horizontalAdvance(u'記'),
+                            kLines * fontMetrics().height());
+    label1->setBuddy(m_List1);
+    m_Label2 = Named(new QLabel, u"Label2"_s);
+    m_Command1 = Named(new QPushButton(u"削除"_s), u"Command1"_s);
+    m_Command1->setDefault(true);
+    m_Command2 = Named(new QPushButton(u"ｷｬﾝｾﾙ"_s), u"Command2"_s);
+    m_Command3 = Named(new QPushButton(u"全選"_s), u"Command3"_s, u"全選択"_s);
+    m_Command4 = Named(new QPushButton(u"全解"_s), u"Command4"_s, u"全解除"_s);
+
+    auto* ticking = new QHBoxLayout;
+    ticking->addWidget(m_Command3);
+    ticking->addWidget(m_Command4);
+    ticking->addStretch();
+    ticking->addWidget(m_Label2);
+    auto* buttons = new QHBoxLayout;
+    buttons->addStretch();
+    buttons->addWidget(m_Command1);
+    buttons->addWidget(m_Command2);
+    auto* rows = new QVBoxLayout(this);
+    rows->addWidget(label1);
+    rows->addWidget(m_List1);
+    rows->addLayout(ticking);
+    rows->addSpacing(fontMetrics().height() / 2);
+    rows->addLayout(buttons);
+}
+
+void Form10::Form_Load() {
+    QStringList names;
+    names.reserve(m_rows.size());
+    for (const DayListRow& row : m_rows) {
+        names.append(row.name);
+    }
+    m_List1->setModel(new QStringListModel(names, m_List1));
+    m_isTicked.assign(static_cast<std::size_t>(m_rows.size()), false);
+    ShowCount();
+    m_List1->setFocus();
+}
+
+void Form10::Connect() {
+    Handlers& handlers = m_parts.handlers;
+    handlers.Connect(m_List1->selectionModel(), &QItemSelectionModel::selectionChanged, this,
+                     [this] { List1_Click(); });
+    handlers.Connect(m_Command1, &QPushButton::clicked, this, [this] { Command1_Click(); });
+    handlers.Connect(m_Command2, &QPushButton::clicked, this, [this] { reject(); });
+    handlers.Connect(m_Command3, &QPushButton::clicked, this, [this] { Command3_Click(); });
+    handlers.Connect(m_Command4, &QPushButton::clicked, this, [this] { Command4_Click(); });
+}
+
+/// Mouse and keyboard alike: whatever changed the selection, ticks and count follow.
+void Form10::List1_Click() {
+    std::fill(m_isTicked.begin(), m_isTicked.end(), false);
+    for (const QItemSelectionRange& range : m_List1->selectionModel()->selection()) {
+        std::fill(m_isTicked.begin() + range.top(), m_isTicked.begin() + range.bottom() + 1, true);
+    }
+    ShowCount();
+}
+
+void Form10::Command3_Click() {
+    m_List1->selectAll();
+}
+
+void Form10::Command4_Click() {
+    m_List1->clearSelection();
+}
+
+void Form10::ShowCount() {
+    const auto ticked = std::count(m_isTicked.begin(), m_isTicked.end(), true);
+    m_Label2->setText(TickedText(ticked));
+    m_Command1->setEnabled(ticked > 0);
+}
+
+void Form10::Command1_Click() {
+    const auto changed =
+        qScopeGuard([this] { m_parts.changes.RaiseRefresh(); });  // some may be gone even then
+    DeleteTicked(Opened(m_parts.dayDatabase), m_rows, m_isTicked);
+    accept();
+}
+
+}  // namespace tickwell

@@ -1,0 +1,104 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "book/editor_fields.h"
+
+#include <array>
+
+#include "core/integer_text.h"
+#include "core/words.h"
+#include "days/day_rule.h"
+
+namespace tickwell {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kDaysInWeek = 7;
+
+QString WeekdayText(int weekday) {
+    return WeekdayLetter(weekday, 1) + u"曜日";
+}
+
+/// 1 for "日曜日" to 7 for "土曜日"; 0 for every other text.
+qint32 WeekdayOf(const QString& text) {
+    for (int weekday = 1; weekday <= kDaysInWeek; ++weekday) {
+        if (WeekdayText(weekday) == text) {
+            return weekday;
+        }
+    }
+    return 0;
+}
+
+AnniversaryKind KindOf(const Anniversary& row) {
+    if (row.month == 0) {
+        return AnniversaryKind::EveryMonth;
+    }
+    return row.year != 0 ? AnniversaryKind::OneDay : AnniversaryKind::EveryYear;
+}
+
+void FillDate(EditorFields& fields, QDate date) {
+    const int code = WeekCode(date);
+    fields.year = QString::number(date.year());
+    fields.month = QString::number(date.month());
+    fields.day = QString::number(date.day());
+    fields.ordinal = u"第"_s + QString::number(code / 10);
+    fields.weekday = WeekdayText(code % 10);
+}
+
+}  // namespace
+
+EditorEnabling EnablingOf(AnniversaryKind kind, bool byWeek) {
+    struct Row {
+        bool year;
+        bool month;
+        bool weekBox;
+    };
+    static constexpr std::array<Row, 3> kKinds{{
+        {false, true, true},   // every year
+        {false, false, true},  // every month
+        {true, true, false},   // one day
+    }};
+    const Row& row = kKinds.at(static_cast<std::size_t>(kind));
+    return {row.year, row.month, row.weekBox, !byWeek, byWeek};
+}
+
+EditorFields FieldsToAdd(QDate date) {
+    EditorFields fields;
+    fields.name = u"新しい記念日"_s;
+    FillDate(fields, date);
+    return fields;
+}
+
+EditorFields FieldsToEdit(const Anniversary& row, QDate date) {
+    EditorFields fields;
+    fields.name = row.name;
+    ChooseKind(fields, KindOf(row));
+    fields.byWeek = row.week != 0;  // after the kind, which would take it away
+    FillDate(fields, date);
+    return fields;
+}
+
+void ChooseKind(EditorFields& fields, AnniversaryKind kind) {
+    fields.kind = kind;
+    if (kind == AnniversaryKind::OneDay) {
+        fields.byWeek = false;
+    }
+}
+
+Anniversary AnniversaryOf(const EditorFields& fields) {
+    Anniversary row{fields.name, 0, 0, 0, 0};
+    if (fields.kind == AnniversaryKind::OneDay) {
+        row.year = IntegerOf(fields.year);
+    }
+    if (fields.kind != AnniversaryKind::EveryMonth) {
+        row.month = IntegerOf(fields.month);
+    }
+    if (fields.byWeek) {
+        row.week = 10 * IntegerOf(fields.ordinal.mid(1, 1)) + WeekdayOf(fields.weekday);
+    } else {
+        row.day = IntegerOf(fields.day);
+    }
+    return row;
+}
+
+}  // namespace tickwell

@@ -1,0 +1,129 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "book/editor_window.h"
+
+#include <QPointer>
+
+#include "book/anniversary_statements.h"
+
+namespace tickwell {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+void ShowText(QComboBox* combo, const QString& text) {
+    combo->setCurrentIndex(combo->findText(text));
+    combo->setEditText(text);
+}
+
+}  // namespace
+
+Form6::Form6(const BookParts& parts, QDate date, QWidget* parent) : QDialog(parent), m_parts(parts) {
+    setObjectName(u"Form6"_s);
+    MakeControls();
+    Form_Load(date);
+    Connect();
+}
+
+void Form6::Connect() {
+    Handlers& handlers = m_parts.handlers;
+    for (std::size_t kind = 0; kind < m_Option2.size(); ++kind) {
+        handlers.Connect(m_Option2.at(kind), &QRadioButton::clicked, this,
+                         [this, kind] { Option2_Click(static_cast<AnniversaryKind>(kind)); });
+    }
+    handlers.Connect(m_Check2, &QCheckBox::clicked, this, [this] { Check2_Click(); });
+    handlers.Connect(m_Command1, &QPushButton::clicked, this, [this] { Command1_Click(); });
+    handlers.Connect(m_Command2, &QPushButton::clicked, this, [this] { reject(); });
+}
+
+void Form6::Form_Load(QDate date) {
+    const std::optional<DayListRow> chosen = m_parts.list.ChosenRow();
+    if (chosen) {
+        m_old = AnniversaryOf(*chosen);
+    }
+    setWindowTitle(m_old ? u"記念日の編集"_s : u"記念日の追加"_s);
+    m_Command1->setText(m_old ? u"更新>>"_s : u"追加>>"_s);
+    ShowFields(m_old ? FieldsToEdit(*m_old, date) : FieldsToAdd(date));
+    m_Text1->setFocus();
+    m_Text1->selectAll();
+}
+
+void Form6::ShowFields(const EditorFields& fields) {
+    m_Text1->setText(fields.name);
+    m_Option2.at(static_cast<std::size_t>(fields.kind))->setChecked(true);
+    m_Check2->setChecked(fields.byWeek);
+    m_UpDown1->SetText(fields.year);
+    m_UpDown2->SetText(fields.month);
+    m_UpDown3->SetText(fields.day);
+    ShowText(m_Combo2, fields.ordinal);
+    ShowText(m_Combo1, fields.weekday);
+    Enable();
+}
+
+AnniversaryKind Form6::Kind() const {
+    for (std::size_t kind = 0; kind < m_Option2.size(); ++kind) {
+        if (m_Option2.at(kind)->isChecked()) {
+            return static_cast<AnniversaryKind>(kind);
+        }
+    }
+    return AnniversaryKind::EveryYear;
+}
+
+EditorFields Form6::Fields() const {
+    return {m_Text1->text(),         Kind(),
+            m_Check2->isChecked(),   m_UpDown1->text(),
+            m_UpDown2->text(),       m_UpDown3->text(),
+            m_Combo2->currentText(), m_Combo1->currentText()};
+}
+
+void Form6::Enable() {
+    const EditorEnabling can = EnablingOf(Kind(), m_Check2->isChecked());
+    m_UpDown1->setEnabled(can.year);
+    m_Label3->setEnabled(can.year);
+    m_UpDown2->setEnabled(can.month);
+    m_Label4->setEnabled(can.month);
+    m_UpDown3->setEnabled(can.day);
+    m_Label5->setEnabled(can.day);
+    m_Check2->setEnabled(can.weekBox);
+    m_Combo1->setEnabled(can.week);
+    m_Combo2->setEnabled(can.week);
+}
+
+void Form6::Option2_Click(AnniversaryKind kind) {
+    EditorFields fields = Fields();
+    ChooseKind(fields, kind);
+    m_Check2->setChecked(fields.byWeek);
+    Enable();
+}
+
+void Form6::Check2_Click() {
+    Enable();
+}
+
+void Form6::Command1_Click() {
+    if (m_isTelling) {
+        return;
+    }
+    try {
+        Write();
+    } catch (const RunTimeError&) {
+        m_isTelling = true;
+        m_parts.boxes.Show({MessageIcon::Exclamation, u"データベース書込みエラー"_s,
+                            u"無効なデータが含まれているか、予期しないエラーが発生しました。"_s},
+                           [self = QPointer(this)] {
+                               if (self) {
+                                   self->m_isTelling = false;
+                               }
+                           });
+        return;
+    }
+    m_parts.changes.RaiseRefresh();
+    accept();
+}
+
+void Form6::Write() {
+    const Anniversary entered = AnniversaryOf(Fields());
+    Opened(m_parts.dayDatabase).Execute(m_old ? UpdateStatement(*m_old, entered) : InsertStatement(entered));
+}
+
+}  // namespace tickwell

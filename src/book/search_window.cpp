@@ -1,0 +1,183 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "book/search_window.h"
+
+#include <QButtonGroup>
+#include <QHBoxLayout>
+#include <QPointer>
+#include <QVBoxLayout>
+#include <utility>
+
+#include "controls/control_making.h"
+
+namespace tickwell {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr std::array<QStringView, 3> kKindCaptions{u"指定の日だけの記念日", u"毎年の記念日", u"毎月の記念日"};
+constexpr std::array<QStringView, 2> kConditionCaptions{u"条件に入れる", u"条件からはずす"};
+constexpr std::array<QStringView, 3> kRangeCaptions{u"範囲指定", u"以後", u"以前"};
+
+constexpr DateNames kStartNames{
+    {u"Text2", u"Text3", u"Text4"}, {u"UpDown1", u"UpDown2", u"UpDown3"}, {u"Label2", u"Label3", u"Label4"}};
+constexpr DateNames kEndNames{
+    {u"Text5", u"Text6", u"Text7"}, {u"UpDown5", u"UpDown4", u"UpDown6"}, {u"Label5", u"Label6", u"Label7"}};
+
+/// Option buttons side by side that exclude each other, and none in a frame within their frame. As everything
+/// in the window they are its own from the beginning: Tab goes in the order in which they become so.
+template <std::size_t count>
+QHBoxLayout* MakeOptions(std::array<QRadioButton*, count>& options,
+                         const std::array<QStringView, count>& captions, const QString& name,
+                         QWidget* parent) {
+    auto* row = new QHBoxLayout;
+    auto* group = new QButtonGroup(parent);
+    for (std::size_t i = 0; i < count; ++i) {
+        options.at(i) =
+            Named(new QRadioButton(captions.at(i).toString(), parent), u"%1(%2)"_s.arg(name).arg(i));
+        group->addButton(options.at(i));
+        row->addWidget(options.at(i));
+    }
+    row->addStretch();
+    return row;
+}
+
+}  // namespace
+
+Form9::Form9(const BookParts& parts, QWidget* parent) : QDialog(parent), m_parts(parts) {
+    setObjectName(u"Form9"_s);
+    setWindowTitle(u"記念日の検索"_s);
+    MakeControls();
+    Form_Load();
+    Connect();
+}
+
+void Form9::MakeControls() {
+    auto* rows = new QVBoxLayout(this);
+    rows->setSizeConstraint(QLayout::SetFixedSize);
+    for (std::size_t kind = 0; kind < m_Check.size(); ++kind) {
+        m_Check.at(kind) =
+            Named(new QCheckBox(kKindCaptions.at(kind).toString(), this), u"Check%1"_s.arg(kind + 1));
+        rows->addWidget(m_Check.at(kind));
+    }
+    rows->addWidget(NameFrame());
+    rows->addWidget(DateConditionFrame());
+    m_Command1 = Named(new QPushButton(u"検索開始"_s), u"Command1"_s);
+    m_Command1->setDefault(true);
+    m_Command2 = Named(new QPushButton(u"ｷｬﾝｾﾙ"_s), u"Command2"_s);
+    auto* buttons = new QHBoxLayout;
+    buttons->addStretch();
+    buttons->addWidget(m_Command1);
+    buttons->addWidget(m_Command2);
+    rows->addLayout(buttons);
+}
+
+QGroupBox* Form9::NameFrame() {
+    auto* frame = Named(new QGroupBox(u"記念日名"_s, this), u"Frame1"_s);
+    auto* rows = new QVBoxLayout(frame);
+    rows->addLayout(MakeOptions(m_Option1, kConditionCaptions, u"Option1"_s, this));
+    m_Label1 = Named(new QLabel(u"記念日名"_s), u"Label1"_s);
+    m_Text1 = Named(new QLineEdit(this), u"Text1"_s, m_Label1->text());
+    m_Label1->setBuddy(m_Text1);
+    auto* row = new QHBoxLayout;
+    row->addWidget(m_Label1);
+    row->addWidget(m_Text1);
+    rows->addLayout(row);
+    return frame;
+}
+
+QGroupBox* Form9::DateConditionFrame() {
+    auto* frame = Named(new QGroupBox(u"日付"_s, this), u"Frame2"_s);
+    auto* rows = new QVBoxLayout(frame);
+    rows->addLayout(MakeOptions(m_Option2, kConditionCaptions, u"Option2"_s, this));
+    m_Frame5 = Named(new QGroupBox(u"範囲"_s, this), u"Frame5"_s);
+    m_Frame5->setLayout(MakeOptions(m_Option3, kRangeCaptions, u"Option3"_s, this));
+    m_Frame3 = Named(new DateFrame(u"開始"_s, kStartNames, this), u"Frame3"_s);
+    m_Frame4 = Named(new DateFrame(u"終了"_s, kEndNames, this), u"Frame4"_s);
+    rows->addWidget(m_Frame5);
+    rows->addWidget(m_Frame3);
+    rows->addWidget(m_Frame4);
+    return frame;
+}
+
+void Form9::Connect() {
+    Handlers& handlers = m_parts.handlers;
+    const auto connectAll = [&](const auto& options) {
+        for (const QRadioButton* option : options) {
+            handlers.Connect(option, &QRadioButton::clicked, this, [this] { Enable(); });
+        }
+    };
+    connectAll(m_Option1);
+    connectAll(m_Option2);
+    connectAll(m_Option3);
+    handlers.Connect(m_Command1, &QPushButton::clicked, this, [this] { Command1_Click(); });
+    handlers.Connect(m_Command2, &QPushButton::clicked, this, [this] { reject(); });
+}
+
+/// All kinds and no condition: searching at once lists all that there is. Both dates are today.
+void Form9::Form_Load() {
+    for (QCheckBox* box : m_Check) {
+        box->setChecked(true);
+    }
+    m_Option1[1]->setChecked(true);
+    m_Option2[1]->setChecked(true);
+    m_Option3[0]->setChecked(true);
+    const QDate today = m_parts.clock.Now().date();
+    m_Frame3->ShowDate(today);
+    m_Frame4->ShowDate(today);
+    Enable();
+    m_Check[0]->setFocus();
+}
+
+SearchFields Form9::Fields() const {
+    SearchFields fields;
+    fields.oneDay = m_Check[0]->isChecked();
+    fields.everyYear = m_Check[1]->isChecked();
+    fields.everyMonth = m_Check[2]->isChecked();
+    fields.byName = m_Option1[0]->isChecked();
+    fields.name = m_Text1->text();
+    fields.byDate = m_Option2[0]->isChecked();
+    fields.range = Range();
+    fields.start = m_Frame3->Fields();
+    fields.end = m_Frame4->Fields();
+    return fields;
+}
+
+RangeKind Form9::Range() const {
+    if (m_Option3[1]->isChecked()) {
+        return RangeKind::After;
+    }
+    return m_Option3[2]->isChecked() ? RangeKind::Before : RangeKind::FromTo;
+}
+
+void Form9::Enable() {
+    const SearchEnabling can = EnablingOf(m_Option1[0]->isChecked(), m_Option2[0]->isChecked(), Range());
+    m_Label1->setEnabled(can.name);
+    m_Text1->setEnabled(can.name);
+    m_Frame5->setEnabled(can.range);
+    m_Frame3->setEnabled(can.start);
+    m_Frame4->setEnabled(can.end);
+}
+
+void Form9::Command1_Click() {
+    if (m_isTelling) {
+        return;
+    }
+    const std::optional<SearchConditions> conditions = ConditionsOf(Fields());
+    if (!conditions) {
+        m_isTelling = true;
+        m_parts.boxes.Show(
+            {MessageIcon::Exclamation, u"検索開始エラー"_s, u"無効なデータが条件になっています。"_s},
+            [self = QPointer(this)] {
+                if (self) {
+                    self->m_isTelling = false;
+                }
+            });
+        return;
+    }
+    SearchFinds finds = FindAnniversaries(Opened(m_parts.dayDatabase), *conditions);
+    m_parts.list.ListFound(std::move(finds.rows), finds.searched);
+    accept();
+}
+
+}  // namespace tickwell

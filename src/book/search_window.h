@@ -1,0 +1,54 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QCheckBox>
+#include <QDialog>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <array>
+
+#include "book/book_parts.h"
+#include "book/date_frame.h"
+#include "book/search_fields.h"
+
+namespace tickwell {
+
+/// The search of the anniversary book: by kind, by name and by date. What it finds goes into the calendar's
+/// list, and it closes; when something goes wrong the list stays as it was, and it stays open.
+class Form9 : public QDialog {
+    Q_OBJECT
+
+public:
+    Form9(const BookParts& parts, QWidget* parent);
+
+private:
+    void MakeControls();
+    QGroupBox* NameFrame();
+    QGroupBox* DateConditionFrame();
+    void Connect();
+    void Form_Load();
+    void Command1_Click();
+    SearchFields Fields() const;
+    RangeKind Range() const;
+    void Enable();
+
+    BookParts m_parts;
+    bool m_isTelling = false;  // the box is open; another one would only cover it
+    // All owned by the window, as its children.
+    std::array<QCheckBox*, 3> m_Check{};  // Check1 to Check3: one year, every year, every month
+    std::array<QRadioButton*, 2> m_Option1{};
+    QLabel* m_Label1 = nullptr;
+    QLineEdit* m_Text1 = nullptr;
+    std::array<QRadioButton*, 2> m_Option2{};
+    QGroupBox* m_Frame5 = nullptr;
+    std::array<QRadioButton*, 3> m_Option3{};
+    DateFrame* m_Frame3 = nullptr;  // start
+    DateFrame* m_Frame4 = nullptr;  // end
+    QPushButton* m_Command1 = nullptr;
+    QPushButton* m_Command2 = nullptr;
+};
+
+}  // namespace tickwell

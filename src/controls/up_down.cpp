@@ -1,0 +1,61 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "controls/up_down.h"
+
+#include <QLineEdit>
+#include <algorithm>
+
+#include "core/errors.h"
+#include "core/integer_text.h"
+
+namespace tickwell {
+
+namespace {
+
+constexpr int kDigits = 5;  // room for, one more than a year has
+
+QSize Widened(QSize size, const QFontMetrics& metrics) {
+    return size + QSize(kDigits * metrics.horizontalAdvance(u'0'), 0);
+}
+
+}  // namespace
+
+UpDown::UpDown(const QString& textName, int first, int last, QWidget* parent)
+    : QAbstractSpinBox(parent), m_first(first), m_last(last), m_position(first) {
+    lineEdit()->setObjectName(textName);
+    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    connect(lineEdit(), &QLineEdit::textChanged, this, &UpDown::Follow);
+}
+
+void UpDown::SetText(const QString& text) {
+    lineEdit()->setText(text);
+}
+
+void UpDown::Follow(const QString& text) {
+    try {
+        m_position = std::clamp(static_cast<int>(IntegerOf(text)), m_first, m_last);
+    } catch (const RunTimeError&) {
+        // Half typed, or nonsense: the arrows stay where they are.
+    }
+}
+
+void UpDown::stepBy(int steps) {
+    SetText(QString::number(std::clamp(m_position + steps, m_first, m_last)));
+    selectAll();
+}
+
+QAbstractSpinBox::StepEnabled UpDown::stepEnabled() const {
+    StepEnabled directions = StepNone;
+    directions.setFlag(StepUpEnabled, m_position < m_last);
+    directions.setFlag(StepDownEnabled, m_position > m_first);
+    return directions;
+}
+
+QSize UpDown::sizeHint() const {
+    return Widened(QAbstractSpinBox::sizeHint(), fontMetrics());
+}
+
+QSize UpDown::minimumSizeHint() const {
+    return Widened(QAbstractSpinBox::minimumSizeHint(), fontMetrics());
+}
+
+}  // namespace tickwell

@@ -1,0 +1,75 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "store/day_database_check.h"
+
+#include "core/errors.h"
+#include "store/day_schema.h"
+
+namespace tickwell {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr QByteArrayView kFirstBytes("SQLite format 3\0", 16);
+constexpr int kApplicationId = 0x544B5732;  // "TKW2"
+constexpr int kVersion = 1;
+
+void CheckKind(SqliteConnection& connection) {
+    if (connection.Bytes(0, static_cast<int>(kFirstBytes.size())) != kFirstBytes) {
+        throw RunTimeError(u"データベースの形式が違います。"_s);
+    }
+    // A copy made from a dump of ours has lost its mark, and is good nevertheless.
+    const QString id = connection.FirstValue("PRAGMA application_id");
+    if (id != QString::number(kApplicationId) && id != u"0") {
+        throw RunTimeError(u"ほかのプログラムのデータベースです。"_s);
+    }
+    if (connection.FirstValue("PRAGMA user_version").toInt() > kVersion) {
+        throw RunTimeError(u"新しい版のプログラムで作られたデータベースです。"_s);
+    }
+    if (connection.FirstValue("PRAGMA encoding") != "UTF-8"_L1) {  // another one would lose characters
+        throw RunTimeError(u"データベースの文字コードが違います。"_s);
+    }
+}
+
+QLatin1StringView EngineType(ColumnType type) {
+    return type == ColumnType::Integer ? "INTEGER"_L1 : "TEXT"_L1;
+}
+
+/// What the engine tells of a table that is as it should be: kind, STRICT, and of each column name, type, NOT
+/// NULL, place in the key, hidden or not.
+QString ExpectedForm(const SchemaTable& table) {
+    QString form = u"table 1,id INTEGER 0 1 0"_s;
+    for (const SchemaColumn& column : table.columns) {
+        form += u",%1 %2 1 0 0"_s.arg(column.name, EngineType(column.type));
+    }
+    return form;
+}
+
+void CheckTable(SqliteConnection& connection, const SchemaTable& table) {
+    const QByteArray name = '\'' + table.name.toLatin1() + '\'';
+    const QString form = connection.FirstValue(
+        "SELECT t.type || ' ' || t.strict || (SELECT group_concat("
+        "',' || c.name || ' ' || c.type || ' ' || c.\"notnull\" || ' ' || c.pk || ' ' || c.hidden, '') "
+        "FROM pragma_table_xinfo(" +
+        name + ") c) FROM pragma_table_list t WHERE t.schema = 'main' AND t.name = " + name);
+    if (form.isEmpty()) {
+        throw RunTimeError(u"データベースに表 %1 がありません。"_s.arg(table.name));
+    }
+    if (form != ExpectedForm(table)) {
+        throw RunTimeError(u"データベースの表 %1 の形が違います。"_s.arg(table.name));
+    }
+}
+
+}  // namespace
+
+void CheckDayDatabase(SqliteConnection& connection) {
+    CheckKind(connection);
+    if (connection.FirstValue("PRAGMA quick_check(1)") != "ok"_L1) {
+        throw RunTimeError(u"データベースが壊れています。"_s);
+    }
+    for (const SchemaTable& table : SchemaTables()) {
+        CheckTable(connection, table);
+    }
+}
+
+}  // namespace tickwell

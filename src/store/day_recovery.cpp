@@ -1,0 +1,121 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "store/day_recovery.h"
+
+#include <QFileInfo>
+#include <QStringList>
+#include <array>
+
+#include "core/errors.h"
+#include "store/day_database_check.h"
+#include "store/day_files.h"
+#include "store/shared_file_lock.h"
+
+namespace tickwell {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr std::array kCopies{kSafetyCopy, kCompactionTarget};  // the better one first
+constexpr std::array kJournals{"-journal"_L1, "-wal"_L1, "-shm"_L1};
+
+/// A link that leads nowhere is there: where it leads to may come back.
+bool IsThere(const QString& path) {
+    const QFileInfo file(path);
+    return file.exists() || file.isSymLink();
+}
+
+bool AnythingIsLeft() {
+    for (const QLatin1StringView copy : kCopies) {
+        if (IsThere(copy)) {
+            return true;
+        }
+        for (const QLatin1StringView journal : kJournals) {
+            if (IsThere(QString(copy) + journal)) {
+                return true;
+            }
+        }
+    }
+    return false;
+}
+
+void RemoveJournals(CompactionDisk& disk, const QString& path) {
+    for (const QLatin1StringView journal : kJournals) {
+        disk.Remove(path + journal);
+    }
+}
+
+bool IsSound(const QString& path) {
+    try {
+        SqliteConnection copy(path, FileUse::LookOver);
+        CheckDayDatabase(copy);
+        return true;
+    } catch (const RunTimeError&) {
+        return false;
+    }
+}
+
+void RemoveCopies(CompactionDisk& disk) {
+    SqliteConnection live(kLiveFile);  // whoever compacts it now does not let us in
+    CheckDayDatabase(live);
+    for (const QLatin1StringView copy : kCopies) {
+        RemoveWithJournals(disk, copy);
+    }
+}
+
+void PutBack(CompactionDisk& disk) {
+    SharedFileLock lock(kLiveFile);
+    lock.TakeWhole();
+    if (!IsThere(kLiveFile)) {  // another start may have been quicker
+        PutBackLiveFile(disk);
+    }
+}
+
+}  // namespace
+
+void RecoverDayDatabase() {
+    PosixCompactionDisk disk;
+    RecoverDayDatabase(disk);
+}
+
+void RecoverDayDatabase(CompactionDisk& disk) {
+    if (!AnythingIsLeft()) {
+        return;
+    }
+    try {
+        if (!IsThere(kLiveFile)) {
+            PutBack(disk);
+        }
+        RemoveCopies(disk);
+    } catch (const RunTimeError&) {
+        // Whether the database can be used nevertheless is seen when it is opened.
+    }
+}
+
+void PutBackLiveFile(CompactionDisk& disk) {
+    for (const QLatin1StringView copy : kCopies) {
+        if (IsSound(copy)) {
+            RemoveJournals(disk, kLiveFile);
+            disk.Rename(copy, kLiveFile);
+            return;
+        }
+    }
+}
+
+void RemoveWithJournals(CompactionDisk& disk, const QString& path) {
+    disk.Remove(path);
+    RemoveJournals(disk, path);
+}
+
+QString WithNamedCopies(const QString& reason) {
+    QStringList names;
+    for (const QLatin1StringView copy : kCopies) {
+        if (IsThere(copy)) {
+            names.append(copy);
+        }
+    }
+    return names.isEmpty() ? reason
+                           : reason + u"\r\nデータベースの控えが残っています：%1"_s.arg(names.join(u"、"_s));
+}
+
+}  // namespace tickwell

@@ -1,0 +1,39 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QByteArray>
+#include <QList>
+#include <QString>
+
+#include "store/jet/jet_table.h"
+
+namespace tickwell {
+
+/// A Jet 3 or Jet 4 database in memory. Tables that it hands out live as long as it does.
+class JetFile {
+public:
+    /// `file`: the whole file, at most JetPages::kMaximumSize. Throws JetError.
+    explicit JetFile(QByteArray file);
+
+    JetFile(const JetFile&) = delete;
+    JetFile& operator=(const JetFile&) = delete;
+
+    const JetPages& Pages() const { return m_pages; }
+
+    /// The table of that name in any case of letters; never one of the system's. Throws JetError with the
+    /// name where there is none.
+    JetTable Table(QStringView name) const;
+
+private:
+    struct Entry {
+        QString name;
+        quint32 page = 0;
+    };
+
+    void ReadCatalogue();
+
+    JetPages m_pages;
+    QList<Entry> m_tables;
+};
+
+}  // namespace tickwell

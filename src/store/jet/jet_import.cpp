@@ -1,0 +1,180 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "store/jet/jet_import.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <cerrno>
+
+#include "core/errors.h"
+#include "store/jet/day_file_writer.h"
+#include "store/jet/locked_file.h"
+
+namespace tickwell {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr qsizetype kFirstBytes = 32;
+constexpr int kMostKeptFiles = 1000;
+
+void Check(int error) {
+    if (error != 0) {
+        throw RunTimeError(qt_error_string(error));
+    }
+}
+
+/// A file that the import made and removes again unless all went well.
+class NewFile {
+public:
+    NewFile(ImportDisk& disk, QString path) : m_disk(&disk), m_path(std::move(path)) {}
+    ~NewFile() {
+        if (!m_keep) {
+            m_disk->Remove(m_path);  // on the way out of an error that is the one to be told
+        }
+    }
+    NewFile(const NewFile&) = delete;
+    NewFile& operator=(const NewFile&) = delete;
+
+    void Keep() { m_keep = true; }
+
+private:
+    ImportDisk* m_disk;
+    QString m_path;
+    bool m_keep = false;
+};
+
+bool HasContents(const QString& path, const QByteArray& bytes) {
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) && file.size() == bytes.size() && file.readAll() == bytes;
+}
+
+/// Keeps the original under a second name.
+class KeptOriginal {
+public:
+    /// `bytes`: what the original holds.
+    KeptOriginal(ImportDisk& disk, const QString& path, unsigned mode, const QByteArray& bytes) {
+        const QFileInfo info(path);
+        for (int i = 1; i <= kMostKeptFiles; ++i) {
+            const QString number = i == 1 ? QString() : u".%1"_s.arg(i);
+            m_name = info.completeBaseName() + u".jet" + number + u".mdb";
+            const QString kept = info.path() + u'/' + m_name;
+            int error = disk.Link(path, kept);
+            if (error != 0 && error != EEXIST) {  // not every file system has links
+                error = disk.Create(kept, mode, bytes);
+            }
+            if (error == 0) {
+                m_file.emplace(disk, kept);
+                return;
+            }
+            if (error != EEXIST) {
+                Check(error);
+            }
+            if (HasContents(kept, bytes)) {
+                return;  // an import before this one came as far as here
+            }
+        }
+        throw RunTimeError(u"元のファイルの控えを作成できません。"_s);
+    }
+
+    QString Name() const { return m_name; }
+
+    void Keep() {
+        if (m_file) {
+            m_file->Keep();
+        }
+    }
+
+private:
+    QString m_name;
+    std::optional<NewFile> m_file;
+};
+
+QString Replace(const QString& path, unsigned mode, const QByteArray& original, const DayRows& rows,
+                ImportDisk& disk) {
+    const QString folder = QFileInfo(path).path();
+    const QString unfinished = path + u".import";
+    // One that a power cut left behind is nobody's: the lock on the original keeps others from being at work
+    // on it.
+    if (const int error = disk.Remove(unfinished); error != ENOENT) {
+        Check(error);
+    }
+    Check(disk.Create(unfinished, mode, QByteArray()));
+    NewFile newFile(disk, unfinished);
+    WriteDayFile(unfinished, rows);
+    Check(disk.Sync(unfinished));
+    KeptOriginal kept(disk, path, mode, original);
+    Check(disk.Sync(folder));
+    Check(disk.Rename(unfinished, path));
+    newFile.Keep();
+    kept.Keep();
+    // The import stands. Should this fail and the power go, the original is back and is imported again.
+    disk.Sync(folder);
+    return kept.Name();
+}
+
+std::optional<JetImportSummary> Import(const QString& path, ImportDisk& disk) {
+    const LockedFile file(path);
+    if (!file.IsOpen()) {
+        return std::nullopt;
+    }
+    switch (KindOfFile(file.Read(kFirstBytes))) {
+        case JetFileKind::Other:
+            return std::nullopt;
+        case JetFileKind::Ace:
+            throw RunTimeError(u"Access 2007以降の形式（ACE）のデータベースは読み込めません。"_s);
+        case JetFileKind::Jet:
+            break;
+    }
+    if (!file.Lock()) {
+        throw RunTimeError(u"ほかのプログラムがデータベースを変換しています。"_s);
+    }
+    if (!file.IsAt(path)) {
+        return std::nullopt;  // another one has been quicker
+    }
+    constexpr unsigned kWritableByOwner = 0600;  // also where the original came from a read-only medium
+    const QByteArray original = file.Read(JetPages::kMaximumSize + 1);
+    const DayRows rows = ReadDayRows(JetFile(original));
+    JetImportSummary summary;
+    for (const DayTableRows& table : rows) {
+        summary.rows.append(table.rows.size());
+        summary.withoutDate += table.withoutDate;
+        summary.unreadableNames += table.unreadableNames;
+    }
+    summary.keptAs = Replace(path, file.Mode() | kWritableByOwner, original, rows, disk);
+    return summary;
+}
+
+}  // namespace
+
+std::optional<JetImportSummary> ImportJetFile(const QString& path) {
+    PosixImportDisk disk;
+    return ImportJetFile(path, disk);
+}
+
+std::optional<JetImportSummary> ImportJetFile(const QString& path, ImportDisk& disk) {
+    try {
+        return Import(path, disk);
+    } catch (const RunTimeError& error) {
+        throw RunTimeError(path + u"\r\n" + error.Reason());
+    }
+}
+
+QString JetImportText(const JetImportSummary& summary) {
+    QString text =
+        u"以前の形式（Jet）のデータベースを読み込みました。\r\n"
+        u"記念日 %1件、祝日 %2件、休日 %3件、半日 %4件、平日 %5件\r\n"_s;
+    for (const qsizetype count : summary.rows) {
+        text = text.arg(count);
+    }
+    if (summary.withoutDate > 0) {
+        text += u"日付のない行 %1件は読み込みませんでした。\r\n"_s.arg(summary.withoutDate);
+    }
+    if (summary.unreadableNames > 0) {
+        text += u"読めない文字のある名前 %1件では、その文字を「\uFFFD」に置き換えました。\r\n"_s.arg(
+            summary.unreadableNames);
+    }
+    return text + u"元のファイルは %1 として残してあります。"_s.arg(summary.keptAs);
+}
+
+}  // namespace tickwell

@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <optional>
+
+#include "store/jet/jet_definition.h"
+
+namespace tickwell {
+
+/// One row of a table: the number of columns, the fixed fields, the variable fields, their offsets backwards,
+/// and a bit for each column that has a value.
+class JetRow {
+public:
+    JetRow(const ByteView& row, const JetLayout& layout) : m_row(row), m_layout(&layout) {}
+
+    /// The bytes of a column's field; nothing where it is NULL or younger than the row. A fixed field has the
+    /// size of its type. Throws JetDamageError.
+    std::optional<ByteView> Field(const JetColumn& column) const;
+
+private:
+    ByteView FixedField(const JetColumn& column, qsizetype maskAt) const;
+    ByteView VariableField(const JetColumn& column, qsizetype maskAt) const;
+
+    ByteView m_row;
+    const JetLayout* m_layout;
+};
+
+}  // namespace tickwell

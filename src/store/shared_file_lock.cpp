@@ -1,0 +1,77 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "store/shared_file_lock.h"
+
+#include <fcntl.h>
+#include <sys/file.h>
+#include <unistd.h>
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <cerrno>
+
+#include "core/errors.h"
+
+namespace tickwell {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kTries = 100;
+constexpr useconds_t kPause = 20'000;  // microseconds between two tries
+constexpr mode_t kMode = 0644;
+
+/// The lock file, open; -1 where the folder takes no file. A share needs no right to write.
+int Open(const QByteArray& path) {
+    const int writable = open(path.constData(), O_RDWR | O_CREAT | O_CLOEXEC, kMode);
+    if (writable >= 0) {
+        return writable;
+    }
+    return open(path.constData(), O_RDONLY | O_CLOEXEC);
+}
+
+bool TakeShare(int file) {
+    for (int i = 0; i < kTries; ++i) {
+        if (flock(file, LOCK_SH | LOCK_NB) == 0) {
+            return true;
+        }
+        if (errno != EWOULDBLOCK && errno != EINTR) {
+            return false;
+        }
+        usleep(kPause);
+    }
+    return false;
+}
+
+RunTimeError InUse() {
+    return RunTimeError(u"データベースはほかのプログラムで使用中です。"_s);
+}
+
+QByteArray LockPath(const QString& databasePath) {
+    const QFileInfo database(databasePath);
+    return QFile::encodeName(database.absoluteDir().filePath(database.completeBaseName() + u".lock"_s));
+}
+
+}  // namespace
+
+SharedFileLock::SharedFileLock(const QString& databasePath) : m_file(Open(LockPath(databasePath))) {
+    if (m_file >= 0 && !TakeShare(m_file)) {
+        close(m_file);
+        throw InUse();
+    }
+}
+
+SharedFileLock::~SharedFileLock() {
+    if (m_file >= 0) {
+        close(m_file);
+    }
+}
+
+void SharedFileLock::TakeWhole() {
+    if (m_file >= 0 && flock(m_file, LOCK_EX | LOCK_NB) != 0) {
+        throw InUse();
+    }
+}
+
+}  // namespace tickwell

@@ -1,0 +1,51 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "store/sql_error.h"
+
+#include <sqlite3.h>
+
+namespace tickwell {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kPrimaryCode = 0xFF;  // the low byte of an extended result code
+
+QString Words(int engineCode) {
+    if (engineCode == SQLITE_READONLY_DBMOVED) {
+        return u"データベースのファイルが移動または削除されました。"_s;
+    }
+    switch (engineCode & kPrimaryCode) {
+        case SQLITE_BUSY:
+        case SQLITE_LOCKED:
+            return u"データベースはほかのプログラムで使用中です。"_s;
+        case SQLITE_READONLY:
+        case SQLITE_PERM:
+            return u"データベースに書き込めません。"_s;
+        case SQLITE_FULL:
+            return u"ディスクの空き容量が足りません。"_s;
+        case SQLITE_CORRUPT:
+            return u"データベースが壊れています。"_s;
+        case SQLITE_NOTADB:
+            return u"データベースの形式が違います。"_s;
+        case SQLITE_CANTOPEN:
+            return u"データベースのファイルを開けません。"_s;
+        case SQLITE_IOERR:
+            return u"データベースの読み書きに失敗しました。"_s;
+        case SQLITE_CONSTRAINT:
+            return u"データベースに入れられない値です。"_s;
+        default:
+            return u"データベースのエラーです。"_s;
+    }
+}
+
+}  // namespace
+
+SqlError::SqlError(const QString& reason, QString sql, int engineCode)
+    : RunTimeError(reason), m_sql(std::move(sql)), m_engineCode(engineCode) {}
+
+QString EngineReason(int engineCode) {
+    return u"%1(%2)"_s.arg(Words(engineCode)).arg(engineCode);
+}
+
+}  // namespace tickwell

@@ -1,0 +1,21 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "store/sql_tree.h"
+
+namespace tickwell {
+
+/// Reads one statement of the day database's language:
+///
+///     SELECT * | T.c,T.c..  FROM T WHERE condition
+///     DELETE [* | T.c,T.c..] FROM T WHERE condition
+///     INSERT INTO T[(c,c..)] VALUES (literal,literal..)
+///     UPDATE T SET c = literal,c = literal.. WHERE condition
+///
+/// A condition joins `c op literal` and `c BETWEEN literal AND literal` by AND, OR and brackets, at most 32
+/// deep. The left side is always a column, the right side always a literal, and nothing may follow: a name
+/// that breaks out of its quotes then never becomes another statement. Names and types are not looked at
+/// here. Throws SqlError.
+SqlStatement ParseSql(const QString& sql);
+
+}  // namespace tickwell

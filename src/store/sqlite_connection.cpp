@@ -1,0 +1,165 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "store/sqlite_connection.h"
+
+#include <sqlite3.h>
+
+#include <QFile>
+#include <QFileInfo>
+#include <array>
+#include <utility>
+
+#include "store/sql_error.h"
+
+namespace tickwell {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kBusyTimeout = 2000;  // ms, until a lock held by another program is an error
+constexpr int kMostPrepared = 64;
+
+// A file from elsewhere may carry triggers and views of its own: they do not run here.
+constexpr std::array kSwitches{
+    std::pair{SQLITE_DBCONFIG_DEFENSIVE, 1},      std::pair{SQLITE_DBCONFIG_DQS_DML, 0},
+    std::pair{SQLITE_DBCONFIG_DQS_DDL, 0},        std::pair{SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0},
+    std::pair{SQLITE_DBCONFIG_ENABLE_TRIGGER, 0}, std::pair{SQLITE_DBCONFIG_ENABLE_VIEW, 0},
+};
+
+/// `path`, absolute: the engine reads "file:" and ":memory:" as something else than names.
+QString OfAFile(const QString& path) {
+    const QFileInfo file(path);
+    if (!file.exists()) {
+        throw RunTimeError(u"データベースのファイルがありません。"_s);
+    }
+    if (!file.isFile()) {
+        throw RunTimeError(u"データベースのファイルではありません。"_s);
+    }
+    return file.absoluteFilePath();
+}
+
+}  // namespace
+
+void SqliteConnection::Closer::operator()(sqlite3* handle) const {
+    sqlite3_close(handle);
+}
+
+SqliteConnection::SqliteConnection(const QString& path, FileUse use) {
+    if (use == FileUse::Work) {
+        m_lock.emplace(OfAFile(path));
+    }
+    Open(path, use);
+    SetSwitches();
+    SetPragma("journal_mode", "DELETE", "delete"_L1);
+    SetPragma("synchronous", "FULL", "2"_L1);
+    SetPragma("temp_store", "MEMORY", "2"_L1);  // no sorting fails for want of room in /tmp
+}
+
+void SqliteConnection::Open(const QString& path, FileUse use) {
+    sqlite3* handle = nullptr;
+    const int access = use == FileUse::Work ? SQLITE_OPEN_READWRITE : SQLITE_OPEN_READONLY;
+    const int result = sqlite3_open_v2(QFile::encodeName(OfAFile(path)).constData(), &handle,
+                                       access | SQLITE_OPEN_EXRESCODE, nullptr);
+    m_handle.reset(handle);  // also a failed open gives a handle
+    if (result != SQLITE_OK) {
+        Fail(result, path);
+    }
+}
+
+void SqliteConnection::SetSwitches() {
+    for (const auto& [name, value] : kSwitches) {
+        int now = -1;
+        const int result = sqlite3_db_config(m_handle.get(), name, value, &now);
+        if (result != SQLITE_OK || now != value) {
+            Fail(result, QString());
+        }
+    }
+    const int result = sqlite3_busy_timeout(m_handle.get(), kBusyTimeout);
+    if (result != SQLITE_OK) {
+        Fail(result, QString());
+    }
+}
+
+void SqliteConnection::SetPragma(const QByteArray& name, const QByteArray& value, QLatin1StringView answer) {
+    FirstValue("PRAGMA " + name + '=' + value);
+    if (FirstValue("PRAGMA " + name) != answer) {
+        Fail(SQLITE_ERROR, QString::fromLatin1(name));
+    }
+}
+
+SqliteStatement& SqliteConnection::Prepared(const QByteArray& sql) {
+    auto found = m_prepared.find(sql);
+    if (found == m_prepared.end()) {
+        if (m_prepared.size() >= kMostPrepared) {
+            m_prepared.clear();
+        }
+        found = m_prepared.insert(sql, std::make_shared<SqliteStatement>(m_handle.get(), sql));
+    }
+    return **found;
+}
+
+void SqliteConnection::Run(const QByteArray& sql) {
+    FirstValue(sql);
+}
+
+QString SqliteConnection::FirstValue(const QByteArray& sql) {
+    SqliteStatement statement(m_handle.get(), sql);
+    return statement.Step() ? statement.Text(0) : QString();
+}
+
+int SqliteConnection::Changes() const {
+    return sqlite3_changes(m_handle.get());
+}
+
+bool SqliteConnection::IsInTransaction() const {
+    return sqlite3_get_autocommit(m_handle.get()) == 0;
+}
+
+void SqliteConnection::TakeWhole() {
+    if (m_lock) {
+        m_lock->TakeWhole();
+    }
+    // In this mode the engine keeps a lock that it has had once.
+    SetPragma("main.locking_mode", "EXCLUSIVE", "exclusive"_L1);
+    Run("BEGIN EXCLUSIVE");
+    Run("COMMIT");
+}
+
+sqlite3_file* SqliteConnection::File() const {
+    sqlite3_file* file = nullptr;
+    const int result = sqlite3_file_control(m_handle.get(), "main", SQLITE_FCNTL_FILE_POINTER, &file);
+    if (result != SQLITE_OK || file == nullptr || file->pMethods == nullptr) {
+        Fail(result, QString());
+    }
+    return file;
+}
+
+QByteArray SqliteConnection::Bytes(qint64 at, int count) const {
+    sqlite3_file* file = File();
+    QByteArray bytes(count, '\0');
+    const int read = file->pMethods->xRead(file, bytes.data(), count, at);  // zeros where the file is shorter
+    if (read != SQLITE_OK && read != SQLITE_IOERR_SHORT_READ) {
+        Fail(read, QString());
+    }
+    return bytes;
+}
+
+qint64 SqliteConnection::FileSize() const {
+    sqlite3_file* file = File();
+    sqlite3_int64 size = 0;
+    const int result = file->pMethods->xFileSize(file, &size);
+    if (result != SQLITE_OK) {
+        Fail(result, QString());
+    }
+    return size;
+}
+
+QByteArray SqliteConnection::NativeName() const {
+    return sqlite3_db_filename(m_handle.get(), "main");
+}
+
+void SqliteConnection::Fail(int result, const QString& sql) const {
+    throw SqlError(EngineReason(result), sql, result);
+}
+
+}  // namespace tickwell

@@ -1,0 +1,111 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QApplication>
+#include <QDialog>
+#include <QLineEdit>
+#include <QTest>
+
+#include "book/anniversary_book.h"
+#include "days/anniversary_model.h"
+#include "platform/virtual_time.h"
+#include "store/day_store.h"
+#include "support/fake_day_changes.h"
+#include "support/fake_message_boxes.h"
+
+namespace tickwell {
+
+/// An anniversary book under an empty calendar, today 15 November 1998 and the third of October selected.
+struct BookBench {
+    DayStore store;
+    std::unique_ptr<DayDatabase> database = OpenDayDatabase(store.Path());
+    DayList list;
+    FakeDayChanges changes;
+    VirtualTime time{QDateTime(QDate(1998, 11, 15), QTime(21, 5, 7))};
+    FakeMessageBoxes boxes;
+    Handlers handlers{boxes};
+    AnniversaryBook book{{database, list, changes, time, boxes, handlers}};
+    QDate selected{1998, 10, 3};
+    QWidget calendar;
+    int closed = 0;
+
+    BookBench() { calendar.show(); }
+
+    void Add(const Anniversary& row) const { database->Execute(InsertText(row)); }
+    Anniversaries Stored() const {
+        return AnniversariesIn(database->RunQuery(QStringLiteral("SELECT * FROM Kinenbi WHERE Year <> 5")));
+    }
+    void ListSelectedDay() { list.ListDay(*database, selected, true); }
+
+    void OpenEditor() {
+        book.OpenEditor(selected, &calendar, [this] { ++closed; });
+        Activate();
+    }
+    void OpenDeletion() {
+        book.OpenDeletion(&calendar, [this] { ++closed; });
+        Activate();
+    }
+    void OpenSearch() {
+        book.OpenSearch(&calendar);
+        Activate();
+    }
+    /// Keys go to a window that is active, and fields that get the focus are selected only there.
+    void Activate() const {
+        if (QDialog* window = Window()) {
+            window->activateWindow();
+            QVERIFY(QTest::qWaitForWindowActive(window));
+        }
+    }
+
+    /// The window of the book that is open; null when none is.
+    QDialog* Window() const {
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        return calendar.findChild<QDialog*>();
+    }
+    template <typename Control>
+    Control& The(const QString& name) const {
+        auto* control = Window()->findChild<Control*>(name);
+        if (control == nullptr) {
+            qFatal("no control %s", qPrintable(name));
+        }
+        return *control;
+    }
+    QString Text(const QString& name) const { return The<QLineEdit>(name).text(); }
+    bool IsEnabled(const QString& name) const { return The<QWidget>(name).isEnabled(); }
+
+    /// Puts a text into a field in place of what is there, key by key.
+    void Type(const QString& name, const QString& text) const {
+        auto& field = The<QLineEdit>(name);
+        field.selectAll();
+        QTest::keyClick(&field, Qt::Key_Delete);
+        QTest::keyClicks(&field, text);
+    }
+    /// Presses a button, a box or an option with the mouse.
+    void Click(const QString& name) const {
+        auto& control = The<QWidget>(name);
+        QTest::mouseClick(&control, Qt::LeftButton, {}, QPoint(control.height() / 2, control.height() / 2));
+    }
+    /// A key, to whoever would get it.
+    void Press(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) const {
+        QWidget* target = Window()->focusWidget();
+        QTest::keyClick(target == nullptr ? Window() : target, key, modifiers);
+    }
+    /// The object name of the control with the focus; of the field, where it is an up-down.
+    QString Focus() const {
+        const QWidget* focus = Window()->focusWidget();
+        const auto* field = focus->findChild<QLineEdit*>();
+        return field != nullptr && focus->inherits("QAbstractSpinBox") ? field->objectName()
+                                                                       : focus->objectName();
+    }
+    /// Where Tab leads, from the control with the focus until it is there again.
+    QStringList TabOrder() const {
+        QStringList order;
+        for (QString focus = Focus(); !order.contains(focus); focus = Focus()) {
+            order.append(focus);
+            Press(Qt::Key_Tab);
+        }
+        return order;
+    }
+};
+
+}  // namespace tickwell

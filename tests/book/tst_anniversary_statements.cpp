@@ -1,0 +1,133 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "book/anniversary_statements.h"
+
+#include <QTest>
+
+#include "days/anniversary_model.h"
+#include "store/day_database.h"
+#include "store/day_store.h"
+#include "store/sql_error.h"
+
+using namespace Qt::StringLiterals;
+using namespace tickwell;
+
+namespace {
+
+const Anniversary kBirthday{u"誕生日"_s, 0, 10, 3, 0};
+const Anniversary kMeeting{u"例会"_s, 0, 0, 0, 22};
+
+Anniversaries AllOf(DayDatabase& database) {
+    return AnniversariesIn(database.RunQuery(u"SELECT * FROM Kinenbi WHERE Year <> 5"_s));
+}
+
+}  // namespace
+
+/// What the anniversary book writes.
+class TstAnniversaryStatements : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void AddsWithTheNameAloneInQuotes();
+    void ChangesWithAllNewValuesInQuotes();
+    void TakesAwayWithTwoBlanksBeforeWhere();
+    void WritesNumbersPlainly();
+    void StoresWhatItSays();
+    void ChangesAllEqualRowsTogether();
+    void DeletesAllEqualRowsTogether();
+    void ChangesNothingWhereNoRowIsEqual();
+    void AQuoteInTheNameIsRefused_data();
+    void AQuoteInTheNameIsRefused();
+};
+
+void TstAnniversaryStatements::AddsWithTheNameAloneInQuotes() {
+    QCOMPARE(InsertStatement(kBirthday),
+             uR"(INSERT INTO Kinenbi(Name,Year,Month,Day,Week) VALUES ("誕生日",0,10,3,0))"_s);
+    QCOMPARE(InsertStatement({}), uR"(INSERT INTO Kinenbi(Name,Year,Month,Day,Week) VALUES ("",0,0,0,0))"_s);
+}
+
+void TstAnniversaryStatements::ChangesWithAllNewValuesInQuotes() {
+    QCOMPARE(UpdateStatement(kBirthday, {u"x 'y' "_s, 1998, 12, 31, 0}),
+             uR"(UPDATE Kinenbi SET Name="x 'y' ", Year="1998", Month="12", Day="31", Week="0" )"
+             uR"(WHERE Name="誕生日" AND Year=0 AND Month=10 AND Day=3 AND Week=0)"_s);
+}
+
+void TstAnniversaryStatements::TakesAwayWithTwoBlanksBeforeWhere() {
+    QCOMPARE(DeleteStatement(kMeeting),
+             uR"(DELETE * FROM Kinenbi  WHERE Name="例会" AND Year=0 AND Month=0 AND Day=0 AND Week=22)"_s);
+}
+
+void TstAnniversaryStatements::WritesNumbersPlainly() {
+    const Anniversary row{u"a"_s, -1, 1000000, 99, 57};
+    QVERIFY(InsertStatement(row).endsWith(uR"(("a",-1,1000000,99,57))"));
+    QVERIFY(DeleteStatement(row).endsWith(u"Year=-1 AND Month=1000000 AND Day=99 AND Week=57"));
+}
+
+void TstAnniversaryStatements::StoresWhatItSays() {
+    const DayStore store;
+    DayDatabase database(store.Path());
+    const Anniversary odd{u" 毎 ' % ;-- "_s, -1, 13, 99, 75};
+    QCOMPARE(database.Execute(InsertStatement(kBirthday)), 1);
+    QCOMPARE(database.Execute(InsertStatement(odd)), 1);
+    QVERIFY(AllOf(database) == Anniversaries({kBirthday, odd}));
+    QCOMPARE(database.Execute(UpdateStatement(odd, kMeeting)), 1);
+    QVERIFY(AllOf(database) == Anniversaries({kBirthday, kMeeting}));
+    QCOMPARE(database.Execute(DeleteStatement(kBirthday)), 1);
+    QVERIFY(AllOf(database) == Anniversaries({kMeeting}));
+}
+
+void TstAnniversaryStatements::ChangesAllEqualRowsTogether() {
+    const DayStore store;
+    DayDatabase database(store.Path());
+    for (const Anniversary& row : {kBirthday, kMeeting, kBirthday}) {
+        database.Execute(InsertStatement(row));
+    }
+    QCOMPARE(database.Execute(UpdateStatement(kBirthday, kMeeting)), 2);
+    QVERIFY(AllOf(database) == Anniversaries({kMeeting, kMeeting, kMeeting}));
+}
+
+void TstAnniversaryStatements::DeletesAllEqualRowsTogether() {
+    const DayStore store;
+    DayDatabase database(store.Path());
+    for (const Anniversary& row : {kBirthday, kMeeting, kBirthday}) {
+        database.Execute(InsertStatement(row));
+    }
+    QCOMPARE(database.Execute(DeleteStatement(kBirthday)), 2);
+    QVERIFY(AllOf(database) == Anniversaries({kMeeting}));
+}
+
+void TstAnniversaryStatements::ChangesNothingWhereNoRowIsEqual() {
+    const DayStore store;
+    DayDatabase database(store.Path());
+    database.Execute(InsertStatement(kBirthday));
+    Anniversary other = kBirthday;
+    other.day = 4;
+    QCOMPARE(database.Execute(UpdateStatement(other, kMeeting)), 0);
+    QCOMPARE(database.Execute(DeleteStatement(other)), 0);
+    QVERIFY(AllOf(database) == Anniversaries({kBirthday}));
+}
+
+void TstAnniversaryStatements::AQuoteInTheNameIsRefused_data() {
+    QTest::addColumn<QString>("name");
+
+    QTest::newRow("alone") << u"\""_s;
+    QTest::newRow("inside") << u"a\"b"_s;
+    QTest::newRow("two") << u"\"a\""_s;
+    QTest::newRow("a condition that always holds") << u"x\" OR \"1\"=\"1"_s;
+    QTest::newRow("another statement") << u"\",0,0,0,0);DELETE * FROM Kinenbi WHERE Year <> 5 --"_s;
+}
+
+void TstAnniversaryStatements::AQuoteInTheNameIsRefused() {
+    QFETCH(QString, name);
+    const DayStore store;
+    DayDatabase database(store.Path());
+    database.Execute(InsertStatement(kBirthday));
+    const Anniversary row{name, 0, 10, 3, 0};
+    for (const QString& sql : {InsertStatement(row), UpdateStatement(kBirthday, row),
+                               UpdateStatement(row, kBirthday), DeleteStatement(row)}) {
+        QVERIFY_THROWS_EXCEPTION(SqlError, database.Execute(sql));
+    }
+    QVERIFY(AllOf(database) == Anniversaries({kBirthday}));
+}
+
+QTEST_GUILESS_MAIN(TstAnniversaryStatements)
+#include "tst_anniversary_statements.moc"

@@ -1,0 +1,39 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "core/errors.h"
+#include "store/compaction.h"
+#include "store/loose_store.h"
+#include "support/fake_message_boxes.h"
+
+namespace tickwell {
+
+/// The program's handle on a loose store, and the boxes that it shows.
+struct CompactionCase {
+    LooseStore store;
+    std::unique_ptr<DayDatabase> handle;
+    FakeMessageBoxes boxes;
+
+    /// With the database open, or not yet.
+    explicit CompactionCase(bool isOpen = true) {
+        if (isOpen) {
+            handle = OpenDayDatabase(QStringLiteral("DayDate.mdb"));
+        }
+    }
+
+    /// The reason of the run-time error; empty when there was none.
+    QString Fault(CompactionDisk& disk) {
+        try {
+            CompactDayDatabase(handle, store.Folder(), boxes, disk);
+        } catch (const RunTimeError& error) {
+            return error.Reason();
+        }
+        return QString();
+    }
+    QString Fault() {
+        PosixCompactionDisk disk;
+        return Fault(disk);
+    }
+};
+
+}  // namespace tickwell

@@ -1,0 +1,50 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "store/day_store.h"
+
+#include <sqlite3.h>
+
+#include <QFile>
+#include <stdexcept>
+
+namespace tickwell {
+
+namespace {
+
+int Collect(void* rows, int count, char** values, char** /*names*/) {
+    QStringList row;
+    for (int i = 0; i < count; ++i) {
+        row.append(QString::fromUtf8(values[i]));
+    }
+    static_cast<QStringList*>(rows)->append(row.join(u'|'));
+    return 0;
+}
+
+}  // namespace
+
+RawConnection::RawConnection(const QString& path) {
+    if (sqlite3_open_v2(QFile::encodeName(path).constData(), &m_handle, SQLITE_OPEN_READWRITE, nullptr) !=
+        SQLITE_OK) {
+        sqlite3_close(m_handle);
+        throw std::runtime_error("cannot open the database");
+    }
+}
+
+RawConnection::~RawConnection() {
+    sqlite3_close(m_handle);
+}
+
+QStringList RawConnection::Run(const QByteArray& sql) {
+    QStringList rows;
+    if (sqlite3_exec(m_handle, sql.constData(), Collect, &rows, nullptr) != SQLITE_OK) {
+        throw std::runtime_error(sqlite3_errmsg(m_handle));
+    }
+    return rows;
+}
+
+DayStore::DayStore() {
+    if (!m_folder.isValid() || !QFile::copy(QStringLiteral(TICKWELL_PRISTINE_DATABASE), Path())) {
+        throw std::runtime_error("cannot make a day database");
+    }
+}
+
+}  // namespace tickwell

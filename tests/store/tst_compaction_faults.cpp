@@ -1,0 +1,283 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include <sqlite3.h>
+#include <sys/stat.h>
+
+#include <QDir>
+#include <QFile>
+#include <QTest>
+
+#include "store/compaction_case.h"
+#include "store/compaction_report.h"
+#include "store/day_recovery.h"
+#include "store/full_disk.h"
+#include "store/neighbour.h"
+#include "store/store_faults.h"
+#include "store/watched_disk.h"
+
+using namespace Qt::StringLiterals;
+using namespace tickwell;
+
+namespace {
+
+const QString kNoRoom = u"ディスクの空き容量が足りません。"_s;
+
+/// What a failing step leads to.
+enum class Outcome {
+    Success,        // it does not matter
+    ReportedError,  // it could not begin: the report box of every handler
+    Restored,       // the failure message, and the file as it was
+    KeptSmaller     // the failure message, and the compacted file, which is the only one
+};
+
+/// The disk becomes full while the file is compacted.
+class FullWhileCompacting : public PosixCompactionDisk {
+public:
+    explicit FullWhileCompacting(rlim_t room) : m_room(room) {}
+
+    void Compact(SqliteConnection& from, const QString& to) override {
+        const FullDisk disk(m_room);
+        PosixCompactionDisk::Compact(from, to);
+    }
+
+private:
+    rlim_t m_room;
+};
+
+}  // namespace
+
+/// A compaction on a disk that fails, of a file that is not as it should be.
+class TstCompactionFaults : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void NoStepThatFailsCostsARow_data();
+    void NoStepThatFailsCostsARow();
+    void WhereNothingCanBeRenamedTheNextStartTidiesUp();
+    void AFullDiskWhileCopying();
+    void AFullDiskWhileCompacting();
+    void AMissingFileIsReported();
+    void ADamagedFileFailsUntouched_data();
+    void ADamagedFileFailsUntouched();
+    void ALiveFileThatVanishedIsPutBack();
+    void AnythingInTheWayIsNoLoss_data();
+    void AnythingInTheWayIsNoLoss();
+    void AReadOnlyFolderIsNoLoss();
+    void AFileBeyondTheRangeIsAnOverflow();
+};
+
+void TstCompactionFaults::NoStepThatFailsCostsARow_data() {
+    QTest::addColumn<int>("step");
+    QTest::addColumn<bool>("isDone");
+    QTest::addColumn<Outcome>("outcome");
+    const auto rows = [](const char* name, int first, int last, Outcome before, Outcome after) {
+        for (int step = first; step <= last; ++step) {
+            QTest::addRow("%s, step %d", name, step) << step << false << before;
+            QTest::addRow("%s, step %d, after it was done", name, step) << step << true << after;
+        }
+    };
+    rows("size before", 1, 1, Outcome::ReportedError, Outcome::ReportedError);
+    rows("removing a stale target", 2, 5, Outcome::Success, Outcome::Success);
+    rows("removing a stale copy", 6, 9, Outcome::ReportedError, Outcome::ReportedError);
+    rows("copying", 10, 10, Outcome::ReportedError, Outcome::ReportedError);
+    rows("compacting", 11, 11, Outcome::Restored, Outcome::Restored);
+    rows("renaming", 12, 12, Outcome::Restored, Outcome::Restored);
+    QTest::newRow("removing the copy") << 13 << false << Outcome::Restored;
+    QTest::newRow("removing the copy, after it was done") << 13 << true << Outcome::KeptSmaller;
+    rows("size after", 14, 14, Outcome::KeptSmaller, Outcome::KeptSmaller);
+}
+
+void TstCompactionFaults::NoStepThatFailsCostsARow() {
+    QFETCH(int, step);
+    QFETCH(bool, isDone);
+    QFETCH(Outcome, outcome);
+    CompactionCase bench;
+    const QStringList rows = bench.store.Rows();
+    const QByteArray before = BytesOf(bench.store.Path());
+    int faults = 0;
+    WatchedDisk disk([&](int now, bool isNowDone) {
+        if (now == step && isNowDone == isDone) {
+            ++faults;
+            throw RunTimeError(kNoRoom);
+        }
+    });
+    QCOMPARE(bench.Fault(disk), outcome == Outcome::ReportedError ? kNoRoom : QString());
+    QCOMPARE(faults, 1);
+    const QList<Message> shown = bench.boxes.Shown();
+    if (outcome == Outcome::ReportedError) {
+        QVERIFY(shown.isEmpty());
+    } else if (outcome == Outcome::Success) {
+        QCOMPARE(shown.constFirst().icon, MessageIcon::Information);
+    } else {
+        QCOMPARE(shown, QList<Message>{CompactionFailed()});
+    }
+    QVERIFY(bench.handle != nullptr);
+    const bool isAsItWas = outcome == Outcome::ReportedError || outcome == Outcome::Restored;
+    QCOMPARE(BytesOf(bench.store.Path()) == before, isAsItWas);
+    QCOMPARE(bench.store.Rows(), rows);
+    if (step == 10 && isDone) {  // a copy that was finished is left to the next start
+        QVERIFY(QFile::remove(u"CopyDate.mdb"_s));
+    }
+    QCOMPARE(bench.store.Names(), NamesAtRest());
+    QCOMPARE(bench.Fault(), QString());  // there is room again
+    QCOMPARE(bench.boxes.Shown().constLast().icon, MessageIcon::Information);
+}
+
+void TstCompactionFaults::WhereNothingCanBeRenamedTheNextStartTidiesUp() {
+    CompactionCase bench;
+    const QStringList rows = bench.store.Rows();
+    WatchedDisk disk([](int step, bool isDone) {
+        if (step >= 12 && !isDone) {
+            throw RunTimeError(kNoRoom);
+        }
+    });
+    QCOMPARE(bench.Fault(disk), QString());
+    QCOMPARE(bench.boxes.Shown(), QList<Message>{CompactionFailed()});
+    QCOMPARE(bench.store.Rows(), rows);
+    QVERIFY(QFile::exists(u"CopyDate.mdb"_s));
+    bench.handle.reset();
+    RecoverDayDatabase();
+    QCOMPARE(bench.store.Names(), NamesAtRest());
+    QCOMPARE(bench.store.Rows(), rows);
+}
+
+void TstCompactionFaults::AFullDiskWhileCopying() {
+    CompactionCase bench;
+    const QStringList rows = bench.store.Rows();
+    const QByteArray before = BytesOf(bench.store.Path());
+    for (const rlim_t room : {rlim_t{0}, rlim_t{1000}, rlim_t{65'536}, rlim_t(before.size() - 1)}) {
+        QString fault;
+        {
+            const FullDisk disk(room);
+            fault = bench.Fault();
+        }
+        QVERIFY2(fault.startsWith(u"CopyDate.mdb\r\n"), qPrintable(fault));
+        QVERIFY(bench.handle != nullptr);
+        QCOMPARE(BytesOf(bench.store.Path()), before);
+        QCOMPARE(bench.store.Names(), NamesAtRest());
+    }
+    QVERIFY(bench.boxes.Shown().isEmpty());
+    QCOMPARE(bench.Fault(), QString());
+    QCOMPARE(bench.store.Rows(), rows);
+}
+
+void TstCompactionFaults::AFullDiskWhileCompacting() {
+    CompactionCase bench;
+    const QStringList rows = bench.store.Rows();
+    const QByteArray before = BytesOf(bench.store.Path());
+    for (const rlim_t room : {0U, 100U, 4096U, 10'000U, 20'480U}) {
+        FullWhileCompacting disk(room);
+        QCOMPARE(bench.Fault(disk), QString());
+        QCOMPARE(bench.boxes.Shown().constLast(), CompactionFailed());
+        QVERIFY(bench.handle != nullptr);
+        QCOMPARE(BytesOf(bench.store.Path()), before);
+        QCOMPARE(bench.store.Names(), NamesAtRest());
+    }
+    QCOMPARE(bench.Fault(), QString());
+    QCOMPARE(bench.store.Rows(), rows);
+}
+
+void TstCompactionFaults::AMissingFileIsReported() {
+    CompactionCase bench;
+    QVERIFY(QFile::remove(u"DayDate.mdb"_s));
+    const QString fault = bench.Fault();
+    QVERIFY2(fault.startsWith(u"DayDate.mdb\r\n"), qPrintable(fault));
+    QVERIFY(bench.boxes.Shown().isEmpty());
+    QVERIFY(bench.handle == nullptr);
+    QCOMPARE(bench.store.Names(), QStringList(u"DayDate.lock"_s));
+}
+
+void TstCompactionFaults::ADamagedFileFailsUntouched_data() {
+    QTest::addColumn<QByteArray>("bytes");
+    const LooseStore store;
+    const QByteArray whole = BytesOf(store.Path());
+    QTest::newRow("empty, whose ratio would be no number") << QByteArray();
+    QTest::newRow("a text") << QByteArray("This is a text. ").repeated(1000);
+    QTest::newRow("cut") << whole.chopped(4096);
+    QTest::newRow("a page of zeros") << QByteArray(whole).replace(8192, 4096, QByteArray(4096, '\0'));
+}
+
+void TstCompactionFaults::ADamagedFileFailsUntouched() {
+    QFETCH(QByteArray, bytes);
+    CompactionCase bench(false);
+    SetBytes(u"DayDate.mdb"_s, bytes);
+    QVERIFY(!bench.Fault().isEmpty());  // it cannot be opened again
+    QCOMPARE(bench.boxes.Shown(), QList<Message>{CompactionFailed()});
+    QVERIFY(bench.handle == nullptr);
+    QCOMPARE(BytesOf(u"DayDate.mdb"_s), bytes);
+    QCOMPARE(bench.store.Names(), NamesAtRest());
+}
+
+void TstCompactionFaults::ALiveFileThatVanishedIsPutBack() {
+    CompactionCase bench;
+    const QStringList rows = bench.store.Rows();
+    WatchedDisk withCopy([](int step, bool isDone) {
+        if (step == 12 && !isDone) {
+            QFile::remove(u"DayDate.mdb"_s);
+            throw RunTimeError(kNoRoom);
+        }
+    });
+    QCOMPARE(bench.Fault(withCopy), QString());
+    QCOMPARE(bench.store.Rows(), rows);
+    WatchedDisk withTarget([](int step, bool isDone) {
+        if (step == 12 && !isDone) {
+            QFile::remove(u"DayDate.mdb"_s);
+            QFile::remove(u"CopyDate.mdb"_s);
+            throw RunTimeError(kNoRoom);
+        }
+    });
+    QCOMPARE(bench.Fault(withTarget), QString());
+    QCOMPARE(bench.store.Rows(), rows);
+    QCOMPARE(bench.boxes.Shown(), QList<Message>({CompactionFailed(), CompactionFailed()}));
+    QVERIFY(bench.handle != nullptr);
+    QCOMPARE(bench.store.Names(), NamesAtRest());
+}
+
+void TstCompactionFaults::AnythingInTheWayIsNoLoss_data() {
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<bool>("isReported");
+    QTest::newRow("copy") << u"CopyDate.mdb"_s << true;
+    QTest::newRow("target") << u"BUDate.mdb"_s << false;
+}
+
+void TstCompactionFaults::AnythingInTheWayIsNoLoss() {
+    QFETCH(QString, name);
+    QFETCH(bool, isReported);
+    CompactionCase bench;
+    const QByteArray before = BytesOf(bench.store.Path());
+    QVERIFY(QDir().mkpath(name + u"/inside"));
+    QCOMPARE(!bench.Fault().isEmpty(), isReported);
+    QCOMPARE(bench.boxes.Shown(), isReported ? QList<Message>{} : QList<Message>{CompactionFailed()});
+    QVERIFY(bench.handle != nullptr);
+    QCOMPARE(BytesOf(bench.store.Path()), before);
+    QVERIFY(QDir(name).removeRecursively());
+    QCOMPARE(bench.store.Names(), NamesAtRest());
+}
+
+void TstCompactionFaults::AReadOnlyFolderIsNoLoss() {
+    CompactionCase bench(false);
+    const QByteArray before = BytesOf(bench.store.Path());
+    QCOMPARE(chmod(qPrintable(bench.store.Path()), 0666), 0);
+    QCOMPARE(chmod(qPrintable(bench.store.Folder()), 0555), 0);
+    const QString told = ToldByNobody([&bench] {
+        const QString fault = bench.Fault();
+        return QStringList({fault.section(u'\r', 0, 0), bench.handle ? u"open"_s : u"closed"_s}).join(u' ');
+    });
+    QCOMPARE(chmod(qPrintable(bench.store.Folder()), 0755), 0);
+    QCOMPARE(told, u"CopyDate.mdb open"_s);
+    QCOMPARE(BytesOf(bench.store.Path()), before);
+    QCOMPARE(bench.store.Names(), QStringList(u"DayDate.mdb"_s));  // no lock file either
+}
+
+void TstCompactionFaults::AFileBeyondTheRangeIsAnOverflow() {
+    CompactionCase bench;
+    QVERIFY(QFile::rename(u"DayDate.mdb"_s, u"DayDate.old"_s));
+    QFile huge(u"DayDate.mdb"_s);
+    QVERIFY(huge.open(QIODevice::WriteOnly) && huge.resize(qint64{1} << 31));
+    QCOMPARE(bench.Fault(), OverflowError().Reason());
+    QVERIFY(bench.boxes.Shown().isEmpty());
+    QVERIFY(bench.handle == nullptr);  // nor is it one of ours
+    QCOMPARE(huge.size(), qint64{1} << 31);
+}
+
+QTEST_GUILESS_MAIN(TstCompactionFaults)
+#include "tst_compaction_faults.moc"

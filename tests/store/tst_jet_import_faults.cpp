@@ -1,0 +1,213 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include <sys/file.h>
+#include <sys/resource.h>
+
+#include <fcntl.h>
+#include <QScopeGuard>
+#include <QTest>
+#include <cerrno>
+#include <csignal>
+
+#include "store/jet_folder.h"
+#include "support/files.h"
+#include "support/other_user.h"
+
+using namespace tickwell;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// The real disk, but the n-th step of all does not reach it.
+class TroubledDisk : public PosixImportDisk {
+public:
+    TroubledDisk(int step, std::function<int()> trouble) : m_left(step), m_trouble(std::move(trouble)) {}
+
+    int Create(const QString& path, unsigned mode, const QByteArray& bytes) override {
+        return Step([&] { return PosixImportDisk::Create(path, mode, bytes); });
+    }
+    int Link(const QString& from, const QString& to) override {
+        return Step([&] { return PosixImportDisk::Link(from, to); });
+    }
+    int Rename(const QString& from, const QString& to) override {
+        return Step([&] { return PosixImportDisk::Rename(from, to); });
+    }
+    int Sync(const QString& path) override {
+        return Step([&] { return PosixImportDisk::Sync(path); });
+    }
+    int Remove(const QString& path) override {
+        return Step([&] { return PosixImportDisk::Remove(path); });
+    }
+
+private:
+    int Step(const std::function<int()>& real) { return --m_left == 0 ? m_trouble() : real(); }
+
+    int m_left;
+    std::function<int()> m_trouble;
+};
+
+/// A file system that knows no links, with or without room for a copy.
+class DiskWithoutLinks : public PosixImportDisk {
+public:
+    explicit DiskWithoutLinks(bool hasRoom) : m_hasRoom(hasRoom) {}
+
+    int Create(const QString& path, unsigned mode, const QByteArray& bytes) override {
+        return bytes.isEmpty() || m_hasRoom ? PosixImportDisk::Create(path, mode, bytes) : ENOSPC;
+    }
+    int Link(const QString& /*from*/, const QString& /*to*/) override { return EPERM; }
+
+private:
+    bool m_hasRoom;
+};
+
+}  // namespace
+
+/// What the import makes of a disk that fails, a program that ends, rights that are missing.
+class TstJetImportFaults : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void AStepThatFailsLeavesTheFolderAsItWas_data();
+    void AStepThatFailsLeavesTheFolderAsItWas();
+    void AfterACrashTheNextStartImports_data();
+    void AfterACrashTheNextStartImports();
+    void WithoutLinksTheOriginalIsCopied();
+    void AReadOnlyOriginalBecomesAWritableDatabase();
+    void AReadOnlyFolderKeepsTheOriginal();
+    void AFullDiskKeepsTheOriginal();
+    void AnImportUnderWayIsNotDisturbed();
+};
+
+void TstJetImportFaults::AStepThatFailsLeavesTheFolderAsItWas_data() {
+    QTest::addColumn<int>("step");
+    QTest::addColumn<bool>("isFatal");
+    QTest::newRow("removing what is left of an earlier try") << 1 << true;
+    QTest::newRow("making the new file") << 2 << true;
+    QTest::newRow("syncing the new file") << 3 << true;
+    QTest::newRow("linking the original, then it is copied") << 4 << false;
+    QTest::newRow("syncing the folder") << 5 << true;
+    QTest::newRow("renaming") << 6 << true;
+    QTest::newRow("syncing the folder once more, then it is done") << 7 << false;
+    QTest::newRow("there is no eighth step") << 8 << false;
+}
+
+void TstJetImportFaults::AStepThatFailsLeavesTheFolderAsItWas() {
+    QFETCH(int, step);
+    QFETCH(bool, isFatal);
+    const JetFolder folder(FullJet4());
+    const Contents before = folder.All();
+    int failures = 0;
+    TroubledDisk disk(step, [&] {
+        ++failures;
+        return EIO;
+    });
+    const QString error = ImportError(folder.DayDate(), disk);
+    QCOMPARE(failures, step == 8 ? 0 : 1);
+    if (isFatal) {
+        QCOMPARE(error, QString(folder.DayDate() + u"\r\n" + qt_error_string(EIO)));
+        QCOMPARE(folder.All(), before);
+    } else {
+        QCOMPARE(error, QString());
+        QCOMPARE(folder.All().keys(), QStringList({u"DayDate.jet.mdb"_s, u"DayDate.mdb"_s}));
+        QCOMPARE(ReadAll(folder.Path(u"DayDate.jet.mdb"_s)), FullJet4());
+        QVERIFY(IsWholeDatabase(folder.DayDate()));
+    }
+}
+
+void TstJetImportFaults::AfterACrashTheNextStartImports_data() {
+    QTest::addColumn<int>("step");
+    for (int step = 1; step <= 7; ++step) {
+        QTest::addRow("at step %d", step) << step;
+    }
+}
+
+void TstJetImportFaults::AfterACrashTheNextStartImports() {
+    QFETCH(int, step);
+    constexpr int kCrashed = 86;
+    const JetFolder folder(FullJet4());
+    const int code = InChild([&] {
+        TroubledDisk disk(step, [] {
+            _exit(kCrashed);
+            return 0;
+        });
+        return ImportError(folder.DayDate(), disk).isEmpty() ? 0 : 1;
+    });
+    QCOMPARE(code, kCrashed);
+    if (step < 7) {
+        QCOMPARE(ReadAll(folder.DayDate()), FullJet4());
+        QCOMPARE(ImportJetFile(folder.DayDate())->keptAs, u"DayDate.jet.mdb"_s);
+    }
+    QCOMPARE(folder.All().keys(), QStringList({u"DayDate.jet.mdb"_s, u"DayDate.mdb"_s}));
+    QCOMPARE(ReadAll(folder.Path(u"DayDate.jet.mdb"_s)), FullJet4());
+    QVERIFY(IsWholeDatabase(folder.DayDate()));
+}
+
+void TstJetImportFaults::WithoutLinksTheOriginalIsCopied() {
+    const JetFolder folder(FullJet4());
+    const Contents before = folder.All();
+    DiskWithoutLinks full(false);
+    QCOMPARE(ImportError(folder.DayDate(), full),
+             QString(folder.DayDate() + u"\r\n" + qt_error_string(ENOSPC)));
+    QCOMPARE(folder.All(), before);
+
+    DiskWithoutLinks roomy(true);
+    QCOMPARE(ImportJetFile(folder.DayDate(), roomy)->keptAs, u"DayDate.jet.mdb"_s);
+    QCOMPARE(ReadAll(folder.Path(u"DayDate.jet.mdb"_s)), FullJet4());
+    QVERIFY(IsWholeDatabase(folder.DayDate()));
+}
+
+// As it comes from a CD. To another user it cannot even be linked.
+void TstJetImportFaults::AReadOnlyOriginalBecomesAWritableDatabase() {
+    const JetFolder folder(FullJet4());
+    QVERIFY(QFile::setPermissions(folder.DayDate(), QFile::ReadOwner | QFile::ReadGroup | QFile::ReadOther));
+    folder.SetMode(0777);
+    QCOMPARE(InChild([&] { return BecomeNobody() && ImportError(folder.DayDate()).isEmpty() ? 0 : 1; }), 0);
+    QVERIFY((QFile::permissions(folder.DayDate()) & QFile::WriteOwner) != 0);
+    QCOMPARE(ReadAll(folder.Path(u"DayDate.jet.mdb"_s)), FullJet4());
+    QVERIFY(IsWholeDatabase(folder.DayDate()));
+}
+
+void TstJetImportFaults::AReadOnlyFolderKeepsTheOriginal() {
+    const JetFolder folder(FullJet4());
+    const Contents before = folder.All();
+    folder.SetMode(0555);
+    const auto tidy = qScopeGuard([&] { folder.SetMode(0755); });
+    const QString expected = folder.DayDate() + u"\r\n" + qt_error_string(EACCES);
+    QCOMPARE(InChild([&] { return BecomeNobody() && ImportError(folder.DayDate()) == expected ? 0 : 1; }), 0);
+    QCOMPARE(folder.All(), before);
+}
+
+void TstJetImportFaults::AFullDiskKeepsTheOriginal() {
+    const JetFolder folder(JetSample(u"jet4_20000.mdb"_s));
+    const Contents before = folder.All();
+    for (const rlim_t room : {0U, 1000U, 4096U, 40960U, 400000U}) {
+        const int code = InChild([&] {
+            const rlimit limit{room, room};
+            if (signal(SIGXFSZ, SIG_IGN) == SIG_ERR || setrlimit(RLIMIT_FSIZE, &limit) != 0) {
+                return 2;
+            }
+            return ImportError(folder.DayDate()).startsWith(folder.DayDate() + u"\r\nデータベースエラー") ? 0
+                                                                                                          : 1;
+        });
+        QCOMPARE(code, 0);
+        QCOMPARE(folder.All(), before);
+    }
+}
+
+void TstJetImportFaults::AnImportUnderWayIsNotDisturbed() {
+    const JetFolder folder(FullJet4());
+    folder.Put(u"DayDate.mdb.import"_s, "half done");
+    const Contents before = folder.All();
+    const int file = open(QFile::encodeName(folder.DayDate()).constData(), O_RDONLY | O_CLOEXEC);
+    QVERIFY(file >= 0);
+    const auto closed = qScopeGuard([&] { close(file); });
+    QCOMPARE(flock(file, LOCK_EX), 0);
+    QCOMPARE(ImportError(folder.DayDate()),
+             QString(folder.DayDate() + u"\r\nほかのプログラムがデータベースを変換しています。"));
+    QCOMPARE(folder.All(), before);
+    QCOMPARE(flock(file, LOCK_UN), 0);
+    QCOMPARE(ImportError(folder.DayDate()), QString());
+    QCOMPARE(folder.All().keys(), QStringList({u"DayDate.jet.mdb"_s, u"DayDate.mdb"_s}));
+}
+
+QTEST_GUILESS_MAIN(TstJetImportFaults)
+#include "tst_jet_import_faults.moc"

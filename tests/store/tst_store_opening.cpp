@@ -1,0 +1,201 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include <sys/stat.h>
+
+#include <QDir>
+#include <QFile>
+#include <QRandomGenerator>
+#include <QTest>
+#include <functional>
+
+#include "core/errors.h"
+#include "days/day_rule.h"
+#include "store/day_database.h"
+#include "store/store_faults.h"
+
+using namespace Qt::StringLiterals;
+using namespace tickwell;
+
+using Spoil = std::function<void(const DayStore&)>;
+
+namespace {
+
+constexpr quint32 kSeed = 0xFA17;
+constexpr int kPage = 4096;
+constexpr int kSpoiltFiles = 400;
+
+Spoil Bytes(const QByteArray& bytes) {
+    return [bytes](const DayStore& store) { SetBytes(store.Path(), bytes); };
+}
+
+Spoil Sql(const QByteArray& sql) {
+    return [sql](const DayStore& store) { store.Raw(sql); };
+}
+
+}  // namespace
+
+/// Whatever is wrong with the file is told when it is opened, and the file is left as it is.
+class TstStoreOpening : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void RefusesAtOpening_data();
+    void RefusesAtOpening();
+    void RefusesAMissingFile();
+    void RefusesAFolder();
+    void TakesACopyThatLostItsMark();
+    void RefusesEveryTruncation();
+    void RefusesEveryZeroedPage();
+    void NeverFallsOverDamage();
+};
+
+void TstStoreOpening::RefusesAtOpening_data() {
+    QTest::addColumn<Spoil>("spoil");
+    QTest::addColumn<QString>("reason");
+    const QString otherForm = u"データベースの形式が違います。"_s;
+    const QString damaged = u"データベースが壊れています。"_s;
+    const auto row = [](const char* name, const Spoil& spoil, const QString& reason) {
+        QTest::newRow(name) << spoil << reason;
+    };
+    row("empty", Bytes(QByteArray()), otherForm);
+    row("one byte", Bytes("S"), otherForm);
+    row("first bytes alone", Bytes(QByteArray("SQLite format 3\0", 16)), otherForm);
+    row("a text", Bytes(QByteArray("This is a text. ").repeated(1000)), otherForm);
+    row("another kind of database",
+        Bytes(QByteArray("\0\1\0\0Standard Jet DB\0", 20) + QByteArray(20'000, '\0')), otherForm);
+    row("zeros", Bytes(QByteArray(40'000, '\0')), otherForm);
+    const auto tables = [](const char* table) {
+        return u"データベースに表 %1 がありません。"_s.arg(QLatin1StringView(table));
+    };
+    const auto form = [](const char* table) {
+        return u"データベースの表 %1 の形が違います。"_s.arg(QLatin1StringView(table));
+    };
+    row("without a table", Sql("DROP TABLE Kinenbi"), tables("Kinenbi"));
+    row("without the last table", Sql("DROP TABLE Usuallyday"), tables("Usuallyday"));
+    row("table of another name", Sql("ALTER TABLE Halfday RENAME TO Half"), tables("Halfday"));
+    row("without a column", Sql("ALTER TABLE Syukuzitu DROP COLUMN \"Day\""), form("Syukuzitu"));
+    row("one column too many", Sql("ALTER TABLE Holiday ADD COLUMN \"Note\" TEXT"), form("Holiday"));
+    row("column of another name", Sql("ALTER TABLE Kinenbi RENAME COLUMN \"Week\" TO \"Wk\""),
+        form("Kinenbi"));
+    row("columns in another order",
+        Sql("DROP TABLE Syukuzitu; CREATE TABLE Syukuzitu(\"id\" INTEGER PRIMARY KEY, \"Month\" INTEGER NOT "
+            "NULL, "
+            "\"Name\" TEXT NOT NULL, \"Day\" INTEGER NOT NULL) STRICT"),
+        form("Syukuzitu"));
+    row("column of another type",
+        Sql("DROP TABLE Holiday; CREATE TABLE Holiday(\"id\" INTEGER PRIMARY KEY, \"Date\" INTEGER NOT NULL) "
+            "STRICT"),
+        form("Holiday"));
+    row("column that may be NULL",
+        Sql("DROP TABLE Holiday; CREATE TABLE Holiday(\"id\" INTEGER PRIMARY KEY, \"Date\" TEXT) STRICT"),
+        form("Holiday"));
+    row("without an id", Sql("DROP TABLE Holiday; CREATE TABLE Holiday(\"Date\" TEXT NOT NULL) STRICT"),
+        form("Holiday"));
+    row("id that is no key",
+        Sql("DROP TABLE Holiday; CREATE TABLE Holiday(\"id\" INTEGER, \"Date\" TEXT NOT NULL) STRICT"),
+        form("Holiday"));
+    row("not strict",
+        Sql("DROP TABLE Holiday; CREATE TABLE Holiday(\"id\" INTEGER PRIMARY KEY, \"Date\" TEXT NOT NULL)"),
+        form("Holiday"));
+    row("view in place of a table",
+        Sql("DROP TABLE Holiday; CREATE VIEW Holiday AS SELECT id, \"Date\" FROM Halfday"), form("Holiday"));
+    row("newer", Sql("PRAGMA user_version = 2"), u"新しい版のプログラムで作られたデータベースです。"_s);
+    row("of another program", Sql("PRAGMA application_id = 1"), u"ほかのプログラムのデータベースです。"_s);
+    row("wrong type of value",
+        Sql("PRAGMA writable_schema = 1;"
+            "UPDATE sqlite_schema SET sql = replace(sql, ' STRICT', '') WHERE name = 'Holiday';"
+            "PRAGMA writable_schema = RESET; INSERT INTO Holiday(\"Date\") VALUES (x'00');"
+            "PRAGMA writable_schema = 1;"
+            "UPDATE sqlite_schema SET sql = sql || ' STRICT' WHERE name = 'Holiday'"),
+        damaged);
+}
+
+void TstStoreOpening::RefusesAtOpening() {
+    QFETCH(Spoil, spoil);
+    QFETCH(QString, reason);
+    const DayStore store;
+    spoil(store);
+    const QByteArray before = BytesOf(store.Path());
+    const QString fault = OpeningFault(store.Path());
+    QVERIFY2(fault.startsWith(Told(store.Path(), reason.chopped(1))), qPrintable(fault));
+    QCOMPARE(BytesOf(store.Path()), before);
+    QCOMPARE(QDir(store.Folder()).entryList(QDir::Files), QStringList({u"DayDate.lock"_s, u"DayDate.mdb"_s}));
+}
+
+void TstStoreOpening::RefusesAMissingFile() {
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(u"DayDate.mdb"_s);
+    QCOMPARE(OpeningFault(path), Told(path, u"データベースのファイルがありません。"_s));
+    QVERIFY(QFile::link(folder.filePath(u"nowhere"_s), path));
+    QCOMPARE(OpeningFault(path), Told(path, u"データベースのファイルがありません。"_s));
+    QVERIFY(!QFile::exists(folder.filePath(u"nowhere"_s)));
+    for (const QString& name : {u":memory:"_s, u"file:DayDate.mdb?mode=memory"_s, QString()}) {
+        QVERIFY(!OpeningFault(name).isEmpty());
+    }
+}
+
+void TstStoreOpening::RefusesAFolder() {
+    const QTemporaryDir folder;
+    QVERIFY(!OpeningFault(folder.path()).isEmpty());
+    const QString queue = folder.filePath(u"DayDate.mdb"_s);
+    QCOMPARE(mkfifo(qPrintable(queue), 0600), 0);
+    QVERIFY(!OpeningFault(queue).isEmpty());
+}
+
+void TstStoreOpening::TakesACopyThatLostItsMark() {
+    const DayStore store;
+    store.Raw("PRAGMA application_id = 0; PRAGMA user_version = 0");
+    QCOMPARE(OpeningFault(store.Path()), QString());
+}
+
+void TstStoreOpening::RefusesEveryTruncation() {
+    const DayStore store;
+    Fill(store, 500);
+    const QByteArray whole = BytesOf(store.Path());
+    for (qsizetype size = 0; size < whole.size(); size += kPage / 4) {
+        SetBytes(store.Path(), whole.first(size));
+        QVERIFY2(!OpeningFault(store.Path()).isEmpty(), qPrintable(QString::number(size)));
+    }
+    SetBytes(store.Path(), whole);
+    QCOMPARE(OpeningFault(store.Path()), QString());
+}
+
+void TstStoreOpening::RefusesEveryZeroedPage() {
+    const DayStore store;
+    Fill(store, 500);
+    const QByteArray whole = BytesOf(store.Path());
+    for (qsizetype at = 0; at < whole.size(); at += kPage) {
+        QByteArray spoilt = whole;
+        SetBytes(store.Path(), spoilt.replace(at, kPage, QByteArray(kPage, '\0')));
+        QVERIFY2(!OpeningFault(store.Path()).isEmpty(), qPrintable(QString::number(at / kPage + 1)));
+    }
+}
+
+void TstStoreOpening::NeverFallsOverDamage() {
+    qInfo("seed %u", kSeed);
+    const DayStore store;
+    Fill(store, 500);
+    const QByteArray whole = BytesOf(store.Path());
+    QRandomGenerator random(kSeed);
+    int opened = 0;
+    for (int i = 0; i < kSpoiltFiles; ++i) {
+        QByteArray spoilt = whole;
+        for (int left = random.bounded(1, 20); left > 0; --left) {
+            spoilt[random.bounded(static_cast<int>(whole.size()))] = static_cast<char>(random.bounded(256));
+        }
+        SetBytes(store.Path(), spoilt);
+        QFile::remove(store.Path() + u"-journal");
+        try {
+            const auto database = OpenDayDatabase(store.Path());
+            ++opened;
+            database->RunQuery(u"SELECT * FROM Kinenbi WHERE Year <> 5"_s);
+            database->RunQuery(AnniversaryQuery(1998, 10, 3, 17));
+            database->Execute(u"INSERT INTO Kinenbi VALUES (\"a\",0,10,3,0)"_s);
+        } catch (const RunTimeError& error) {
+            QVERIFY(!error.Reason().isEmpty());
+        }
+    }
+    QVERIFY(opened < kSpoiltFiles);
+}
+
+QTEST_GUILESS_MAIN(TstStoreOpening)
+#include "tst_store_opening.moc"

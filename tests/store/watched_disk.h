@@ -1,0 +1,53 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QStringList>
+#include <functional>
+
+#include "store/compaction_disk.h"
+
+namespace tickwell {
+
+/// The real folder, with somebody who looks on before and after each step, and who may throw.
+class WatchedDisk : public PosixCompactionDisk {
+public:
+    /// `step`: its number, from 1.
+    using Watch = std::function<void(int step, bool isDone)>;
+
+    explicit WatchedDisk(Watch watch) : m_watch(std::move(watch)) {}
+
+    /// The steps so far, each as "what file".
+    const QStringList& Steps() const { return m_steps; }
+
+    qint32 Size(const QString& path) override {
+        qint32 size = 0;
+        Step(u"size " + path, [&] { size = PosixCompactionDisk::Size(path); });
+        return size;
+    }
+    void Copy(const SqliteConnection& from, const QString& to) override {
+        Step(u"copy " + to, [&] { PosixCompactionDisk::Copy(from, to); });
+    }
+    void Compact(SqliteConnection& from, const QString& to) override {
+        Step(u"compact " + to, [&] { PosixCompactionDisk::Compact(from, to); });
+    }
+    void Rename(const QString& from, const QString& to) override {
+        Step(u"rename " + from, [&] { PosixCompactionDisk::Rename(from, to); });
+    }
+    void Remove(const QString& path) override {
+        Step(u"remove " + path, [&] { PosixCompactionDisk::Remove(path); });
+    }
+
+private:
+    void Step(const QString& name, const std::function<void()>& real) {
+        m_steps.append(name);
+        const auto step = static_cast<int>(m_steps.size());
+        m_watch(step, false);
+        real();
+        m_watch(step, true);
+    }
+
+    Watch m_watch;
+    QStringList m_steps;
+};
+
+}  // namespace tickwell
