@@ -3,6 +3,8 @@
 
 #include <QKeyEvent>
 #include <QScopeGuard>
+#include <QScreen>
+#include <algorithm>
 
 namespace tickwell {
 
@@ -119,6 +121,16 @@ void Form5::ShowList() {
     m_rows->SetRows(m_parts.list.Rows());
     m_Label2->setText(m_parts.list.Heading());
     m_Label3->setText(m_parts.list.CountText());
+}
+
+/// The panel widens the window where it stands: near the right edge it moves back onto the screen.
+void Form5::resizeEvent(QResizeEvent* event) {
+    QDialog::resizeEvent(event);
+    const QRect room = screen()->availableGeometry();
+    const int beyond = frameGeometry().right() - room.right();
+    if (isVisible() && beyond > 0) {
+        move(std::max(room.left(), frameGeometry().left() - beyond), frameGeometry().top());
+    }
 }
 
 void Form5::keyPressEvent(QKeyEvent* event) {

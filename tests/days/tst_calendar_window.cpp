@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include <QScreen>
 #include <QTest>
 
 #include "days/calendar_bench.h"
@@ -134,6 +135,7 @@ private Q_SLOTS:
     void AFailedClickShowsWhatIsSo();
     void TheQuestionOfTheDeletion();
     void ThePanel();
+    void ThePanelMovesAWindowAtTheEdgeBackOntoTheScreen();
     void TheListFollows();
     void EditingTheSelectedRow();
     void EditingWithoutASelectionTakesTheRowBefore();
@@ -423,6 +425,18 @@ void TstCalendarWindow::TheQuestionOfTheDeletion() {
     bench.boxes.Pick(MessageAnswer::Yes);
     QVERIFY(!bench.Cell(5).accessibleName().endsWith(u"休日"_s));
     QCOMPARE(bench.PressedDays(), QList<int>{3});
+}
+
+void TstCalendarWindow::ThePanelMovesAWindowAtTheEdgeBackOntoTheScreen() {
+    Bench bench;
+    bench.Open();
+    const QRect room = bench.form->screen()->availableGeometry();
+    bench.form->move(room.right() + 1 - bench.form->frameGeometry().width(), room.top() + 20);
+
+    bench.Click(u"Command6"_s);
+    QTRY_COMPARE(bench.form->frameGeometry().right(), room.right());
+    QCOMPARE(bench.form->frameGeometry().top(), room.top() + 20);
+    QVERIFY(bench.form->frameGeometry().left() >= room.left());
 }
 
 void TstCalendarWindow::ThePanel() {
