@@ -30,6 +30,14 @@ constexpr std::array kSounds{
 
 }  // namespace
 
+QStringList SoundNames() {
+    QStringList names;
+    for (const Sound& sound : kSounds) {
+        names.append(sound.name.toString());
+    }
+    return names;
+}
+
 std::optional<QString> SoundFile(const QString& soundName) {
     const auto* const found = std::find_if(kSounds.begin(), kSounds.end(),
                                            [&](const Sound& sound) { return sound.name == soundName; });

@@ -3,6 +3,7 @@
 
 #include <QList>
 #include <QString>
+#include <QStringList>
 #include <memory>
 #include <optional>
 
@@ -60,6 +61,9 @@ private:
     std::unique_ptr<Timer>
         Timer2;  ///< calls AudioStop, 30 s after the last chime began and each 30 s from then on
 };
+
+/// The names of the sounds, in the order in which they are offered.
+QStringList SoundNames();
 
 /// The file of a sound by its name, compared letter by letter; nothing for a name that is not one.
 std::optional<QString> SoundFile(const QString& soundName);

@@ -4,9 +4,9 @@
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QVBoxLayout>
-#include <algorithm>
 
 #include "controls/control_making.h"
+#include "media/sound_playback.h"
 
 namespace tickwell {
 
@@ -59,9 +59,7 @@ QWidget* ChimePage::MakeNoticeFrame() {
 
 void ChimePage::Form_Load() {
     m_Option7.Select(m_draft.settings.chimeMode);
-    for (const QStringView sound : kChimeSounds) {
-        m_Combo1->addItem(sound.toString());
-    }
+    m_Combo1->addItems(SoundNames());
     const QString& stored = m_draft.settings.chimeSound;
     if (m_Combo1->findText(stored, Qt::MatchExactly | Qt::MatchCaseSensitive) < 0) {
         m_Combo1->addItem(stored);  // a name that is none is silence, and stays so
@@ -76,9 +74,8 @@ void ChimePage::Combo1_Click() {
 }
 
 void ChimePage::EnableListen() {
-    const bool isSound = std::find(kChimeSounds.begin(), kChimeSounds.end(), m_draft.settings.chimeSound) !=
-                         kChimeSounds.end();
-    m_listen->setEnabled(isSound && m_parts.operations.listen != nullptr);
+    m_listen->setEnabled(SoundFile(m_draft.settings.chimeSound).has_value() &&
+                         m_parts.operations.listen != nullptr);
 }
 
 }  // namespace tickwell

@@ -62,9 +62,6 @@ inline constexpr std::array kRollChecks{
     RollCheck{u"Check1", u"デジタル時計", kFunctionClock},
 };
 
-inline constexpr std::array<QStringView, 5> kChimeSounds{u"鳩時計の音", u"赤ちゃん", u"機械時計[高い音]",
-                                                         u"機械時計[低い音]", u"人の掛け声"};
-
 /// What the language makes of the other frames of the clock's page.
 struct YearWords {
     bool enabled = false;  ///< year style, hour style and display style mean something in this language
