@@ -43,7 +43,7 @@ private:
     qint64 m_due = 0;
 };
 
-VirtualTime::VirtualTime(QDateTime now, qint64 tick) : m_now(std::move(now)), m_tick(tick) {}
+VirtualTime::VirtualTime(const QDateTime& now, qint64 tick) : m_now(now.toMSecsSinceEpoch()), m_tick(tick) {}
 
 std::unique_ptr<Timer> VirtualTime::Create(int milliseconds, std::function<void()> onTick) {
     return std::make_unique<VirtualTimer>(*this, milliseconds, std::move(onTick));
@@ -61,9 +61,13 @@ std::optional<qint64> VirtualTime::UntilNext() const {
     return next == nullptr ? std::nullopt : std::optional(next->Due() - m_elapsed);
 }
 
-void VirtualTime::Pass(qint64 milliseconds) {
-    m_now = m_now.addMSecs(milliseconds);
+void VirtualTime::Suspend(qint64 milliseconds) {
+    m_now += milliseconds;
     m_tick += milliseconds;
+}
+
+void VirtualTime::Pass(qint64 milliseconds) {
+    Suspend(milliseconds);
     m_elapsed += milliseconds;
 }
 

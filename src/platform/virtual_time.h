@@ -16,14 +16,17 @@ class VirtualTimer;
 class VirtualTime : public Clock, public TimerSource {
 public:
     /// `tick`: milliseconds since the machine is said to have started.
-    explicit VirtualTime(QDateTime now, qint64 tick = 0);
+    explicit VirtualTime(const QDateTime& now, qint64 tick = 0);
 
-    QDateTime Now() const override { return m_now; }
+    QDateTime Now() const override { return QDateTime::fromMSecsSinceEpoch(m_now); }
     qint32 Tick() const override { return static_cast<qint32>(static_cast<quint32>(m_tick)); }
     std::unique_ptr<Timer> Create(int milliseconds, std::function<void()> onTick) override;
 
     /// Sets the wall clock alone, as a user or a time server does.
-    void SetNow(const QDateTime& now) { m_now = now; }
+    void SetNow(const QDateTime& now) { m_now = now.toMSecsSinceEpoch(); }
+
+    /// The machine sleeps for `milliseconds`: wall clock and tick go on, timers wait as long as before.
+    void Suspend(qint64 milliseconds);
 
     /// Milliseconds until the next timer is due; nothing when none runs.
     std::optional<qint64> UntilNext() const;
@@ -40,7 +43,7 @@ private:
     VirtualTimer* Next() const;
     void Pass(qint64 milliseconds);
 
-    QDateTime m_now;
+    qint64 m_now;  // ms since 1970 in UTC: the zone may change meanwhile
     qint64 m_tick;
     qint64 m_elapsed = 0;                  // ms since construction, the scale of the timers
     std::vector<VirtualTimer*> m_running;  // in the order in which they were started; owned by their users

@@ -39,6 +39,11 @@ void VirtualTimePipe::Take(const QByteArray& line) {
     } else if (line == "next" && m_time.UntilNext() && !m_left) {
         m_time.Step(*m_time.UntilNext());
         AnswerTime();
+    } else if (word == "suspend" && isNumber && milliseconds >= 0) {
+        m_time.Suspend(milliseconds);
+        AnswerTime();
+    } else if (word == "zone" && !rest.isEmpty() && qputenv("TZ", rest)) {
+        AnswerTime();
     } else if (word == "wall" && wall.isValid()) {
         m_time.SetNow(wall);
         AnswerTime();

@@ -12,7 +12,10 @@ namespace tickwell {
 /// Lets another process turn the program's time over a pair of pipes, a line a command:
 ///   advance MS        lets time pass, with every timer due in it
 ///   next              jumps to the next timer due
+///   suspend MS        lets the machine sleep: time passes, and no timer is due in it
 ///   wall 1998-10-03T23:59:57   sets the wall clock alone
+///   zone America/New_York      takes the machine to another zone: the moment is the same, the wall clock is
+///   not
 /// Each is answered with "ok WALL TICK" once it is carried out, or with "error" and the line. Between two
 /// timers the event loop runs on, so that windows paint as they would.
 class VirtualTimePipe : public QObject {

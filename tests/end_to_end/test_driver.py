@@ -48,8 +48,10 @@ class VirtualTimeTest(FolderCase):
             ("by nothing", lambda: self.time.advance(0), "1998-10-04T00:00:00", 8000),
             ("into a second", lambda: self.time.advance(400), "1998-10-04T00:00:00.400", 8400),
             ("to the next timer", self.time.next, "1998-10-04T00:00:01", 9000),
-            ("back to 1989", lambda: self.time.set_wall("1989-01-08T00:00:00"), "1989-01-08T00:00:00", 9000),
-            ("over the tick's end", lambda: self.time.advance(2**31 - 9000), "1989-02-01T20:31:14.648",
+            ("asleep", lambda: self.time.suspend(1300), "1998-10-04T00:00:02.300", 10300),
+            ("to the timer that slept, too", self.time.next, "1998-10-04T00:00:03.300", 11300),
+            ("back to 1989", lambda: self.time.set_wall("1989-01-08T00:00:00"), "1989-01-08T00:00:00", 11300),
+            ("over the tick's end", lambda: self.time.advance(2**31 - 11300), "1989-02-01T20:31:12.348",
              -2**31),
         ]
         for row, command, wall, tick in rows:

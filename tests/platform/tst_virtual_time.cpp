@@ -30,6 +30,8 @@ private Q_SLOTS:
     void StepJumpsToTheNextDue();
     void TheWallAloneCanBeSet();
     void TheTickTurnsOverAt31Bits();
+    void TimersWaitOutASuspend();
+    void AnotherZoneShowsTheSameMoment();
 };
 
 void TstVirtualTime::WallAndTickMoveTogether() {
@@ -153,6 +155,28 @@ void TstVirtualTime::TheTickTurnsOverAt31Bits() {
     QCOMPARE(time.Tick(), std::numeric_limits<qint32>::min());
     time.Advance(2147483648);
     QCOMPARE(time.Tick(), 0);
+}
+
+void TstVirtualTime::TimersWaitOutASuspend() {
+    VirtualTime time(Start(), 5000);
+    QList<qint32> ticks;
+    const auto timer = time.Create(200, [&] { ticks.append(time.Tick()); });
+    timer->Start();
+    time.Advance(150);
+    time.Suspend(9 * 3'600'000);
+    QVERIFY(ticks.isEmpty());
+    QCOMPARE(time.Now(), QDateTime(QDate(1998, 10, 4), QTime(8, 59, 57, 150)));
+    time.Advance(250);
+    QCOMPARE(ticks, (QList<qint32>{32'405'200, 32'405'400}));
+}
+
+void TstVirtualTime::AnotherZoneShowsTheSameMoment() {
+    VirtualTime time(Start());
+    qputenv("TZ", "UTC");
+    time.Advance(1000);
+    QCOMPARE(time.Now().toString(Qt::ISODate), u"1998-10-03T14:59:58"_s);
+    qputenv("TZ", "Asia/Tokyo");
+    QCOMPARE(time.Now().toString(Qt::ISODate), u"1998-10-03T23:59:58"_s);
 }
 
 QTEST_GUILESS_MAIN(TstVirtualTime)

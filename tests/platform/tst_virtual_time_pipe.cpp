@@ -36,6 +36,7 @@ void TstVirtualTimePipe::init() {
 }
 
 void TstVirtualTimePipe::cleanup() {
+    qputenv("TZ", "Asia/Tokyo");
     for (const int descriptor : {m_to[0], m_to[1], m_from[0], m_from[1]}) {
         close(descriptor);
     }
@@ -65,6 +66,10 @@ void TstVirtualTimePipe::CommandsAreAnswered_data() {
                                      << "ok 1998-10-03T23:59:57.000 0\n"_ba;
     QTest::newRow("wall") << "wall 2000-02-29T12:00:00\n"_ba
                           << "ok 2000-02-29T12:00:00.000 0\n"_ba;
+    QTest::newRow("suspend") << "suspend 32400000\n"_ba
+                             << "ok 1998-10-04T08:59:57.000 32400000\n"_ba;
+    QTest::newRow("zone") << "zone UTC\n"_ba
+                          << "ok 1998-10-03T14:59:57.000 0\n"_ba;
     QTest::newRow("next without a timer") << "next\n"_ba
                                           << "error next\n"_ba;
     QTest::newRow("no number") << "advance soon\n"_ba
@@ -73,6 +78,10 @@ void TstVirtualTimePipe::CommandsAreAnswered_data() {
                                << "error advance -1\n"_ba;
     QTest::newRow("no time") << "wall tomorrow\n"_ba
                              << "error wall tomorrow\n"_ba;
+    QTest::newRow("suspend without a number") << "suspend\n"_ba
+                                              << "error suspend\n"_ba;
+    QTest::newRow("no zone") << "zone\n"_ba
+                             << "error zone\n"_ba;
     QTest::newRow("no command") << "sleep 5\n"_ba
                                 << "error sleep 5\n"_ba;
     QTest::newRow("empty line") << "\n"_ba

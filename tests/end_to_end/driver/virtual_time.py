@@ -56,7 +56,7 @@ class VirtualTime:
             os.close(self._theirs.pop())
 
     def advance(self, milliseconds, timeout=ANSWER_PATIENCE):
-        """Lets time pass, with every timer due in it. Returns the Moment reached, as do the other two."""
+        """Lets time pass, with every timer due in it. Returns the Moment reached, as do the others."""
         return self._ask(f"advance {milliseconds}", timeout)
 
     def next(self, timeout=ANSWER_PATIENCE):
@@ -66,6 +66,14 @@ class VirtualTime:
     def set_wall(self, text, timeout=ANSWER_PATIENCE):
         """Sets the wall clock alone, as a user does: "1998-10-03T23:59:57"."""
         return self._ask(f"wall {text}", timeout)
+
+    def suspend(self, milliseconds, timeout=ANSWER_PATIENCE):
+        """Lets the machine sleep: wall clock and tick go on, and no timer is due in it."""
+        return self._ask(f"suspend {milliseconds}", timeout)
+
+    def set_zone(self, name, timeout=ANSWER_PATIENCE):
+        """Takes the machine to another time zone: "America/New_York"."""
+        return self._ask(f"zone {name}", timeout)
 
     def close(self):
         """The program's time stands still from here on. Closing it again does nothing."""

@@ -41,6 +41,10 @@ class VirtualClock:
             self._pass(milliseconds)
         elif word == "next":
             self._pass(self._due)
+        elif word == "suspend" and argument.isdecimal():
+            due = self._due
+            self._pass(int(argument))
+            self._due = due
         elif word == "wall" and argument:
             self.wall = datetime.fromisoformat(argument)
         else:
