@@ -1,0 +1,76 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
+"""A pipe in the place of a program's sound card.
+
+It takes sound as quickly as the program can write it: who turns a program's time need not wait for the strikes of
+midnight. Silence is not told from a pause, and left out of both what was heard and what it is compared with.
+"""
+
+import os
+import select
+import threading
+from pathlib import Path
+
+from driver.sound_server import wave_samples
+from driver.waiting import wait_for
+
+
+class SoundPipe:
+    """Listens from its construction until `close`. `environment` leads programs to it."""
+
+    def __init__(self, session, at_pace=False):
+        """`at_pace`: as slowly as a sound card plays."""
+        self._fifo = Path(session.directory, "sound-card")
+        self._fifo.unlink(missing_ok=True)
+        os.mkfifo(self._fifo)
+        self.environment = {"SDL_AUDIODRIVER": "disk", "SDL_DISKAUDIOFILE": str(self._fifo)}
+        if not at_pace:
+            self.environment["SDL_DISKAUDIODELAY"] = "0"
+        self._descriptor = os.open(self._fifo, os.O_RDWR | os.O_NONBLOCK)  # both ends: programs come and go
+        self._heard = bytearray()
+        self._ending = threading.Event()
+        self._listener = threading.Thread(target=self._listen, daemon=True)
+        self._listener.start()
+
+    def close(self):
+        """Closing it again does nothing."""
+        if self._descriptor is not None:
+            self._ending.set()
+            self._listener.join()
+            os.close(self._descriptor)
+            self._descriptor = None
+
+    def heard(self):
+        """All that sounded since it was last taken, without its silence."""
+        return bytes(self._heard)
+
+    def take(self, sound, what):
+        """Waits until as much sounded as `sound` has, and returns whether it was just that."""
+        wait_for(lambda: len(self._heard) >= len(sound), what)
+        heard, self._heard = self._heard, bytearray()
+        return heard == sound
+
+    def is_open(self, pid):
+        """Whether a program has the sound card open."""
+        return str(self._fifo) in open_files(pid)
+
+    def _listen(self):
+        while not self._ending.is_set():
+            if select.select([self._descriptor], [], [], 0.1)[0]:
+                self._heard += os.read(self._descriptor, 1 << 16).replace(b"\0", b"")
+
+
+def sound_of(path):
+    """What is heard of a wave file, without its silence."""
+    return wave_samples(path).replace(b"\0", b"")
+
+
+def open_files(pid):
+    """What a program's descriptors lead to."""
+    folder = Path(f"/proc/{pid}/fd")
+    found = []
+    for descriptor in folder.iterdir():
+        try:
+            found.append(os.readlink(descriptor))
+        except FileNotFoundError:  # closed meanwhile
+            pass
+    return found

@@ -1,0 +1,118 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
+"""The program over days of turned time with every timer delivered: each chime is heard, date and clock are right at each
+half hour, and in the end it holds no more of the machine than after its first hour.
+
+TICKWELL_SOAK_DAYS days are passed; one where it is not set. Seven come through all that may happen to a clock.
+"""
+
+import os
+import unittest
+
+from driver.always_on import AlwaysOn
+from driver.footprint import anonymous_memory, footprint
+from driver.tool_windows import choose
+from driver.waiting import wait_for
+
+DAYS = int(os.environ.get("TICKWELL_SOAK_DAYS", "1"))
+MOST_GROWN = 1.02
+HOUR = 3_600_000  # ms
+HALF_HOURS = 48  # of a day
+BEGINNING = "2027-12-31T10:10:00"
+TURN_OF_THE_COUNTER = 2**31 - 12 * HOUR  # a counter that turns in the first day's night
+
+WINDOWS = (("カレンダー", "カレンダー"), ("環境設定", "環境設定"), ("ﾍﾙﾌﾟ", "Tickwell ヘルプ"),
+           ("バージョン情報", "Tickwellのﾊﾞｰｼﾞｮﾝ情報"))  # items of the menu, and the titles of what they open
+OTHER_FUNCTIONS = ("Windows時計", "ﾒﾓﾘｰ監視", "ﾊﾞｯﾃﾘｰ監視")
+CLOCK = "ﾃﾞｼﾞﾀﾙ時計"
+
+
+class Soak(AlwaysOn):
+    def use(self):
+        """What a user does in a day: each window, and each function."""
+        for item, title in WINDOWS:
+            choose(self.session, self.app, item)
+            self.session.windows.wait(name=title, pid=self.app.program.pid)
+            self.app.wait(name=title, showing=True, which=lambda node: "active" in node.states)
+            self.session.hand.key("Escape")
+            self.app.wait_gone(name=title, showing=True)
+        for item in (*OTHER_FUNCTIONS, CLOCK):
+            choose(self.session, self.app, item)
+            self.machine.advance(11_000)
+
+    def at_rest(self):
+        """What it holds once the last sound is over, and windows that were closed are gone."""
+        wait_for(lambda: not self.is_sounding(), "the end of the chime")
+        return footprint(self.app, self.session.display)
+
+    def test_days_leave_nothing_behind(self):
+        self.start(BEGINNING, TURN_OF_THE_COUNTER)
+        self.use()
+        self.pass_half_hours(2)
+        self.use()
+        self.pass_half_hours(1)
+        before, memory = self.at_rest(), anonymous_memory(self.app.program.pid)
+        for day in range(DAYS):
+            with self.subTest(day=day + 1):
+                getattr(self, f"pass_day_{day % 7 + 1}")()
+                self.use()
+                self.pass_half_hours(1)
+                self.tell(day + 1, memory)
+        wait_for(lambda: self.at_rest() == before, f"{before}; it is {self.at_rest()}")
+        self.assertLessEqual(anonymous_memory(self.app.program.pid), memory * MOST_GROWN)
+        self.check_silence()
+        self.assertEqual(self.output(), [])
+        self.session.windows.close_window(self.session.windows.wait(name="Tickwell", pid=self.app.program.pid))
+        self.assertEqual(self.app.program.wait_end(), 0)
+
+    def tell(self, day, memory):
+        now = anonymous_memory(self.app.program.pid)
+        print(f"\nday {day}: {self.strikes} strikes, {now >> 10} KiB, {100 * (now / memory - 1):+.2f} %", flush=True)
+
+    def pass_day_1(self):
+        """The year ends, and the counter turns at 31 bits."""
+        self.pass_half_hours(HALF_HOURS)
+
+    def pass_day_2(self):
+        """Into a leap day."""
+        self.machine.set_wall("2028-02-28T10:10:10.500")
+        self.pass_half_hours(HALF_HOURS)
+
+    def pass_day_3(self):
+        """Out of it, at the end of a month."""
+        self.machine.set_wall("2028-02-29T10:10:10.500")
+        self.pass_half_hours(HALF_HOURS)
+
+    def pass_day_4(self):
+        """A machine that sleeps at night."""
+        self.pass_half_hours(25)
+        self.machine.advance(10 * 60_000)
+        self.machine.suspend(9 * HOUR)
+        self.pass_half_hours(6)
+
+    def pass_day_5(self):
+        """A clock that is set back and forth."""
+        for back_or_forth in ("2028-03-03T11:50:00.500", "2028-03-03T08:10:00.500", "2028-03-04T20:10:00.500",
+                              "2027-12-25T03:40:00.500"):
+            self.pass_half_hours(HALF_HOURS // 4)
+            self.machine.advance(10 * 60_000)
+            self.machine.set_wall(back_or_forth)
+
+    def pass_day_6(self):
+        """A journey into a zone where summer time begins, and back."""
+        self.machine.set_zone("America/New_York")
+        self.machine.set_wall("2028-03-11T20:10:10.500")
+        self.pass_half_hours(HALF_HOURS // 2)
+        self.machine.set_zone("Asia/Kathmandu")
+        self.pass_half_hours(HALF_HOURS // 4)
+        self.machine.set_zone("Asia/Tokyo")
+        self.pass_half_hours(HALF_HOURS // 4)
+
+    def pass_day_7(self):
+        """The counter turns at 32 bits, after a sleep of some weeks."""
+        self.machine.advance(10 * 60_000)
+        self.machine.suspend(-self.machine.tick - 12 * HOUR)
+        self.pass_half_hours(HALF_HOURS)
+
+
+if __name__ == "__main__":
+    unittest.main()
