@@ -5,6 +5,7 @@
 #include <QStyleOptionButton>
 #include <QStylePainter>
 #include <QTextDocument>
+#include <utility>
 
 #include "days/day_shade.h"
 
@@ -51,12 +52,18 @@ QSize DayCell::sizeHint() const {
     return {metrics.horizontalAdvance(u"30"_s) + 2 * margin, metrics.height() + margin};
 }
 
+/// The number alone is drawn with colours of its own: styles keep a picture of each button, and know it by
+/// its palette.
 void DayCell::paintEvent(QPaintEvent* /*event*/) {
     QStyleOptionButton option;
     initStyleOption(&option);
-    option.palette.setColor(QPalette::ButtonText, ShadeOf(m_color, palette()));
+    const QString number = std::exchange(option.text, QString());
     QStylePainter painter(this);
     painter.drawControl(QStyle::CE_PushButton, option);
+    option.text = number;
+    option.rect = style()->subElementRect(QStyle::SE_PushButtonContents, &option, this);
+    option.palette.setColor(QPalette::ButtonText, ShadeOf(m_color, palette()));
+    painter.drawControl(QStyle::CE_PushButtonLabel, option);
     if (isChecked()) {  // some styles hardly show it, on dark palettes least of all
         painter.setRenderHint(QPainter::Antialiasing);
         painter.setPen(QPen(palette().color(QPalette::Highlight), kRing));
