@@ -3,19 +3,80 @@
 #include "platform/sdl_sound_output.h"
 
 #include <SDL.h>
+#include <alsa/asoundlib.h>
 
 namespace tickwell {
 
 namespace {
 
-/// Frames of a device's buffer. To close a device takes the time of two, which the user shall not feel;
-/// smaller ones wake the machine more often and make gaps sooner where it is busy.
+constexpr std::chrono::milliseconds kPatience{1000};  // an opening takes 5 to 60
+
+/// Frames of a device's buffer. To close a device takes the time of two; smaller ones wake the machine more
+/// often and make gaps sooner where it is busy.
 Uint16 BufferFrames(int rate) {
     constexpr int kBuffersInSecond = 60;
     return static_cast<Uint16>(rate / kBuffersInSecond);
 }
 
+/// A machine without sound is silent, also on the standard error.
+extern "C" void SayNothing(const char* /*file*/, int /*line*/, const char* /*function*/, int /*error*/,
+                           const char* /*format*/, ...) {}  // NOLINT(cert-dcl50-cpp): the library's own shape
+
 }  // namespace
+
+/// All of SDL that may wait for a sound server.
+class SdlDrivers {
+public:
+    /// 0 where there is none.
+    SDL_AudioDeviceID Open(const SoundFormat& format) {
+        if (!Prepare()) {
+            return 0;
+        }
+        SDL_AudioSpec wanted{};
+        wanted.freq = format.rate;
+        wanted.format = AUDIO_S16SYS;
+        wanted.channels = static_cast<Uint8>(format.channels);
+        wanted.samples = BufferFrames(format.rate);
+        const SDL_AudioDeviceID device = SDL_OpenAudioDevice(nullptr, 0, &wanted, nullptr, 0);
+        if (device == 0) {
+            Leave();
+            return 0;
+        }
+        ++m_devices;
+        return device;
+    }
+
+    void Close(SDL_AudioDeviceID device) {
+        SDL_CloseAudioDevice(device);
+        --m_devices;
+        Leave();
+    }
+
+private:
+    bool Prepare() {
+        if (!m_isPrepared) {
+            SDL_SetMainReady();
+            // Its own handlers would swallow the signals that shall end this program.
+            SDL_SetHint(SDL_HINT_NO_SIGNAL_HANDLERS, "1");
+            SDL_SetHint(SDL_HINT_AUDIO_DEVICE_APP_NAME, "Tickwell");
+            snd_lib_error_set_handler(&SayNothing);
+            m_isPrepared = SDL_InitSubSystem(SDL_INIT_AUDIO) == 0;
+        }
+        return m_isPrepared;
+    }
+
+    /// Where no device is open the drivers are left too: their threads and connections end, and the next to
+    /// open chooses afresh, for a sound server may have come or gone meanwhile.
+    void Leave() {
+        if (m_devices == 0 && m_isPrepared) {
+            SDL_QuitSubSystem(SDL_INIT_AUDIO);
+            m_isPrepared = false;
+        }
+    }
+
+    int m_devices = 0;
+    bool m_isPrepared = false;
+};
 
 class SdlSoundStream : public SoundStream {
 public:
@@ -26,11 +87,7 @@ public:
         ++m_output.m_devices;
         Hold(false);
     }
-    ~SdlSoundStream() override {
-        SDL_CloseAudioDevice(m_device);
-        --m_output.m_devices;
-        m_output.Leave();
-    }
+    ~SdlSoundStream() override { m_output.Close(m_device); }
     SdlSoundStream(const SdlSoundStream&) = delete;
     SdlSoundStream& operator=(const SdlSoundStream&) = delete;
 
@@ -48,41 +105,28 @@ private:
     qint64 m_frameBytes;
 };
 
+SdlSoundOutput::SdlSoundOutput() : m_drivers(std::make_shared<SdlDrivers>()), m_jobs(kPatience) {}
+
 std::unique_ptr<SoundStream> SdlSoundOutput::Open(const SoundFormat& format) {
-    if (!Prepare()) {
-        return nullptr;
+    const auto device = std::make_shared<SDL_AudioDeviceID>(0);
+    const bool isInTime =
+        m_jobs.DoAndWait([drivers = m_drivers, device, format] { *device = drivers->Open(format); });
+    if (isInTime) {
+        return *device == 0 ? nullptr : std::make_unique<SdlSoundStream>(*this, *device, format.channels);
     }
-    SDL_AudioSpec wanted{};
-    wanted.freq = format.rate;
-    wanted.format = AUDIO_S16SYS;
-    wanted.channels = static_cast<Uint8>(format.channels);
-    wanted.samples = BufferFrames(format.rate);
-    const SDL_AudioDeviceID device = SDL_OpenAudioDevice(nullptr, 0, &wanted, nullptr, 0);
-    if (device == 0) {
-        Leave();
-        return nullptr;
-    }
-    return std::make_unique<SdlSoundStream>(*this, device, format.channels);
+    m_jobs.Do([drivers = m_drivers, device] {
+        if (*device != 0) {
+            drivers->Close(*device);  // it came too late
+        }
+    });
+    return nullptr;
 }
 
-bool SdlSoundOutput::Prepare() {
-    if (!m_isPrepared) {
-        SDL_SetMainReady();
-        // Its own handlers would swallow the signals that shall end this program.
-        SDL_SetHint(SDL_HINT_NO_SIGNAL_HANDLERS, "1");
-        SDL_SetHint(SDL_HINT_AUDIO_DEVICE_APP_NAME, "Tickwell");
-        m_isPrepared = SDL_InitSubSystem(SDL_INIT_AUDIO) == 0;
-    }
-    return m_isPrepared;
-}
-
-/// Where no device is open the drivers are left too: their threads and connections end, and the next to open
-/// chooses afresh, for a sound server may have come or gone meanwhile.
-void SdlSoundOutput::Leave() {
-    if (m_devices == 0 && m_isPrepared) {
-        SDL_QuitSubSystem(SDL_INIT_AUDIO);
-        m_isPrepared = false;
-    }
+void SdlSoundOutput::Close(unsigned device) {
+    --m_devices;
+    // What waits is dropped at once, and the device held: its closing is nothing that anyone hears.
+    SDL_ClearQueuedAudio(device);
+    m_jobs.Do([drivers = m_drivers, device] { drivers->Close(device); });
 }
 
 }  // namespace tickwell

@@ -4,23 +4,30 @@
 #include <memory>
 
 #include "media/ports/sound_output.h"
+#include "platform/slow_jobs.h"
 
 namespace tickwell {
 
-/// Sound through SDL's queues: no callback and no lock of ours. Nothing is held while no stream is open.
+class SdlDrivers;
+
+/// Sound through SDL's queues: no callback and no lock of ours. Nothing is held while no stream is open. A
+/// sound server that hangs is waited for no longer than a moment: devices are opened and closed apart.
 class SdlSoundOutput : public SoundOutput {
 public:
+    SdlSoundOutput();
+
+    /// Nothing also where none could be opened in time.
     std::unique_ptr<SoundStream> Open(const SoundFormat& format) override;
 
     int OpenDevices() const { return m_devices; }
 
 private:
     friend class SdlSoundStream;
-    bool Prepare();
-    void Leave();
+    void Close(unsigned device);
 
+    std::shared_ptr<SdlDrivers> m_drivers;
+    SlowJobs m_jobs;
     int m_devices = 0;
-    bool m_isPrepared = false;
 };
 
 }  // namespace tickwell

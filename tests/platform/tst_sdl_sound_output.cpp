@@ -1,11 +1,18 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include <fcntl.h>
+#include <sys/ioctl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
 #include <QElapsedTimer>
 #include <QTemporaryDir>
 #include <QTest>
 #include <algorithm>
+#include <array>
 #include <csignal>
 #include <cstring>
 #include <numeric>
+#include <optional>
 #include <vector>
 
 #include "platform/sdl_sound_output.h"
@@ -17,6 +24,9 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int kPatience = 30'000;  // ms; a test that passes never waits it out
+
+constexpr int kMostWaited = 10'000;  // ms; an attempt that hangs is given up after one second
+constexpr int kPageOfPipe = 4096;
 
 /// None of them is 0, so that they are told from silence.
 std::vector<qint16> Ramp(int first, int samples) {
@@ -38,6 +48,30 @@ std::vector<qint16> WithoutSilence(std::vector<qint16> samples) {
 bool WaitUntilTaken(const SoundStream& stream) {
     return QTest::qWaitFor([&] { return stream.FramesWaiting() == 0; }, kPatience);
 }
+
+/// The other end of a pipe that stands for a sound card.
+class Listener {
+public:
+    explicit Listener(const QByteArray& path)
+        : m_file(open(path.constData(), O_RDWR | O_NONBLOCK | O_CLOEXEC)) {}
+    ~Listener() { close(m_file); }
+    Listener(const Listener&) = delete;
+    Listener& operator=(const Listener&) = delete;
+
+    /// Whether the next buffer would wait.
+    bool IsFull() const {
+        int waiting = 0;
+        return ioctl(m_file, FIONREAD, &waiting) == 0 && waiting > fcntl(m_file, F_GETPIPE_SZ) - kPageOfPipe;
+    }
+    void Drain() const {
+        std::array<char, 65'536> buffer{};
+        while (read(m_file, buffer.data(), buffer.size()) > 0) {
+        }
+    }
+
+private:
+    int m_file;
+};
 
 bool IsHandledByNobody(int signal) {
     struct sigaction action {};
@@ -62,9 +96,13 @@ private Q_SLOTS:
     void WithoutADriverNothingIsOpened();
     void ADriverThatComesLaterIsFound();
     void ADriverOfOneDeviceOpensOne();
+    void ADriverThatHangsIsWaitedForAMoment();
+    void ADeviceThatHangsIsLeftAtOnce();
 
 private:
     std::vector<qint16> Written() const;
+    bool WaitUntilWritten(const std::vector<qint16>& samples) const;
+    QByteArray MakePipe() const;
 
     std::unique_ptr<QTemporaryDir> m_folder;
 };
@@ -87,6 +125,18 @@ std::vector<qint16> TstSdlSoundOutput::Written() const {
         std::memcpy(samples.data(), bytes.constData(), samples.size() * sizeof(qint16));
     }
     return samples;
+}
+
+/// Silence aside. The end is written when the device is closed, a moment after its stream.
+bool TstSdlSoundOutput::WaitUntilWritten(const std::vector<qint16>& samples) const {
+    return QTest::qWaitFor([&] { return WithoutSilence(Written()) == samples; }, kPatience);
+}
+
+/// In the place of the sound card: it hangs while nobody reads what is written to it. Returns its path.
+QByteArray TstSdlSoundOutput::MakePipe() const {
+    const QByteArray path = m_folder->filePath(u"pipe"_s).toUtf8();
+    qputenv("SDL_DISKAUDIOFILE", path);
+    return mkfifo(path.constData(), 0600) == 0 ? path : QByteArray();
 }
 
 void TstSdlSoundOutput::WhatIsQueuedSoundsInOrder_data() {
@@ -114,10 +164,10 @@ void TstSdlSoundOutput::WhatIsQueuedSoundsInOrder() {
         QVERIFY(!stream->IsLost());
     }
     QCOMPARE(output.OpenDevices(), 0);
-    const std::vector<qint16> written = Written();
     const std::vector<qint16> expected = first + second;
+    QVERIFY(WaitUntilWritten(expected));
+    const std::vector<qint16> written = Written();
     QVERIFY(std::search(written.begin(), written.end(), expected.begin(), expected.end()) != written.end());
-    QVERIFY(WithoutSilence(written) == expected);
 }
 
 void TstSdlSoundOutput::HoldingKeepsEveryFrame() {
@@ -139,7 +189,7 @@ void TstSdlSoundOutput::HoldingKeepsEveryFrame() {
         stream->Hold(false);
         QVERIFY(WaitUntilTaken(*stream));
     }
-    QVERIFY(WithoutSilence(Written()) == ramp);
+    QVERIFY(WaitUntilWritten(ramp));
 }
 
 void TstSdlSoundOutput::ClearingDropsWhatWaits() {
@@ -156,18 +206,20 @@ void TstSdlSoundOutput::ClearingDropsWhatWaits() {
         stream->Hold(false);
         QVERIFY(WaitUntilTaken(*stream));
     }
-    QVERIFY(WithoutSilence(Written()) == second);
+    QVERIFY(WaitUntilWritten(second));
 }
 
 void TstSdlSoundOutput::ClosingDropsWhatWaitsAndIsQuick() {
-    SdlSoundOutput output;
-    auto stream = output.Open({22050, 1});
-    QVERIFY(stream != nullptr);
-    QVERIFY(stream->Queue(std::vector<qint16>(441'000, 1)));
-    QElapsedTimer clock;
-    clock.start();
-    stream.reset();
-    QVERIFY2(clock.elapsed() < 2000, qPrintable(QString::number(clock.elapsed())));
+    {
+        SdlSoundOutput output;
+        auto stream = output.Open({22050, 1});
+        QVERIFY(stream != nullptr);
+        QVERIFY(stream->Queue(std::vector<qint16>(441'000, 1)));
+        QElapsedTimer clock;
+        clock.start();
+        stream.reset();
+        QVERIFY2(clock.elapsed() < 2000, qPrintable(QString::number(clock.elapsed())));
+    }  // which has waited until the device was closed
     QVERIFY(WithoutSilence(Written()).size() < 110'000U);
 }
 
@@ -212,6 +264,43 @@ void TstSdlSoundOutput::ADriverOfOneDeviceOpensOne() {
     QCOMPARE(output.OpenDevices(), 1);
     first.reset();
     QVERIFY(output.Open({44100, 2}) != nullptr);
+}
+
+void TstSdlSoundOutput::ADriverThatHangsIsWaitedForAMoment() {
+    const QByteArray path = MakePipe();
+    std::optional<Listener> listener;  // stays longer than who writes to it
+    SdlSoundOutput output;
+    QElapsedTimer clock;
+    clock.start();
+    for (int i = 0; i < 10; ++i) {
+        QVERIFY(output.Open({22050, 1}) == nullptr);
+    }
+    QVERIFY2(clock.elapsed() < kMostWaited, qPrintable(QString::number(clock.elapsed())));
+    listener.emplace(path);
+    std::unique_ptr<SoundStream> stream;
+    QVERIFY(QTest::qWaitFor([&] { return (stream = output.Open({22050, 1})) != nullptr; }, kPatience));
+    QCOMPARE(output.OpenDevices(), 1);  // the one that came too late is closed again
+    QVERIFY(stream->Queue(Ramp(1, 1000)));
+    QVERIFY(WaitUntilTaken(*stream));
+}
+
+void TstSdlSoundOutput::ADeviceThatHangsIsLeftAtOnce() {
+    const Listener listener(MakePipe());
+    SdlSoundOutput output;
+    auto stream = output.Open({44100, 2});
+    QVERIFY(stream != nullptr);
+    QVERIFY(QTest::qWaitFor([&] { return listener.IsFull(); }, kPatience));
+    QElapsedTimer clock;
+    clock.start();
+    stream.reset();
+    QVERIFY(output.Open({22050, 1}) == nullptr);
+    QVERIFY2(clock.elapsed() < kMostWaited, qPrintable(QString::number(clock.elapsed())));
+    QVERIFY(QTest::qWaitFor(
+        [&] {
+            listener.Drain();
+            return (stream = output.Open({22050, 1})) != nullptr;
+        },
+        kPatience));
 }
 
 QTEST_GUILESS_MAIN(TstSdlSoundOutput)

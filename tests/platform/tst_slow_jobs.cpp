@@ -1,0 +1,119 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include <QElapsedTimer>
+#include <QTest>
+#include <semaphore>
+#include <thread>
+
+#include "platform/slow_jobs.h"
+
+using namespace tickwell;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr std::chrono::seconds kLong{30};        // never waited out by a test that passes
+constexpr std::chrono::milliseconds kShort{50};  // always waited out
+constexpr int kMostWaited = 10'000;              // ms; a tenth of a second on a quiet machine
+
+}  // namespace
+
+/// Jobs that nobody hangs on.
+class TstSlowJobs : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void AJobIsDoneOnAnotherThread();
+    void JobsAreDoneInTheirOrder();
+    void AJobThatHangsIsWaitedForAMoment();
+    void WhileOneHangsTheNextIsRefusedAtOnce();
+    void OnceItIsFreeItGoesOn();
+    void TheEndWaitsForTheJobs();
+    void TheEndDoesNotWaitForOneThatHangs();
+};
+
+void TstSlowJobs::AJobIsDoneOnAnotherThread() {
+    SlowJobs jobs(kLong);
+    std::thread::id thread;
+    QVERIFY(jobs.DoAndWait([&] { thread = std::this_thread::get_id(); }));
+    QVERIFY(thread != std::thread::id());
+    QVERIFY(thread != std::this_thread::get_id());
+}
+
+void TstSlowJobs::JobsAreDoneInTheirOrder() {
+    SlowJobs jobs(kLong);
+    QString order;
+    for (const char16_t letter : u"abcdefgh"_s.toStdU16String()) {
+        jobs.Do([&order, letter] { order += letter; });
+    }
+    QVERIFY(jobs.DoAndWait([&] { order += u'.'; }));
+    QCOMPARE(order, u"abcdefgh."_s);
+    QVERIFY(jobs.DoAndWait([&] { order += u'!'; }));  // after a rest
+    QCOMPARE(order, u"abcdefgh.!"_s);
+}
+
+void TstSlowJobs::AJobThatHangsIsWaitedForAMoment() {
+    std::binary_semaphore hangs(0);
+    bool isDone = false;
+    {
+        SlowJobs jobs(kShort);
+        QVERIFY(!jobs.DoAndWait([&] { hangs.acquire(); }));
+        jobs.Do([&] { isDone = true; });
+        hangs.release();
+        QVERIFY(QTest::qWaitFor([&] { return jobs.DoAndWait([] {}); }));
+    }
+    QVERIFY(isDone);
+}
+
+void TstSlowJobs::WhileOneHangsTheNextIsRefusedAtOnce() {
+    const auto hangs = std::make_shared<std::binary_semaphore>(0);
+    const auto isDone = std::make_shared<bool>(false);
+    SlowJobs jobs(std::chrono::seconds(1));
+    QVERIFY(!jobs.DoAndWait([hangs] { hangs->acquire(); }));
+    QElapsedTimer clock;
+    clock.start();
+    for (int i = 0; i < 100; ++i) {
+        QVERIFY(!jobs.DoAndWait([isDone] { *isDone = true; }));
+    }
+    QVERIFY2(clock.elapsed() < kMostWaited, qPrintable(QString::number(clock.elapsed())));
+    hangs->release();
+    QVERIFY(QTest::qWaitFor([&] { return jobs.DoAndWait([] {}); }));
+    QVERIFY(!*isDone);
+}
+
+void TstSlowJobs::OnceItIsFreeItGoesOn() {
+    const auto hangs = std::make_shared<std::binary_semaphore>(0);
+    SlowJobs jobs(kShort);
+    QVERIFY(!jobs.DoAndWait([hangs] { hangs->acquire(); }));
+    hangs->release();
+    QVERIFY(QTest::qWaitFor([&] { return jobs.DoAndWait([] {}); }));
+}
+
+void TstSlowJobs::TheEndWaitsForTheJobs() {
+    bool isDone = false;
+    {
+        SlowJobs jobs(kLong);
+        jobs.Do([] { std::this_thread::yield(); });
+        jobs.Do([&] { isDone = true; });
+    }
+    QVERIFY(isDone);
+}
+
+void TstSlowJobs::TheEndDoesNotWaitForOneThatHangs() {
+    const auto hangs = std::make_shared<std::binary_semaphore>(0);
+    const auto isDone = std::make_shared<std::binary_semaphore>(0);
+    QElapsedTimer clock;
+    clock.start();
+    {
+        SlowJobs jobs(kShort);
+        jobs.Do([hangs, isDone] {
+            hangs->acquire();
+            isDone->release();
+        });
+    }
+    QVERIFY2(clock.elapsed() < kMostWaited, qPrintable(QString::number(clock.elapsed())));
+    hangs->release();
+    QVERIFY(isDone->try_acquire_for(kLong));  // the thread outlives its owner
+}
+
+QTEST_GUILESS_MAIN(TstSlowJobs)
+#include "tst_slow_jobs.moc"
