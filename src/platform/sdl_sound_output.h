@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <QString>
 #include <memory>
 
 #include "media/ports/sound_output.h"
@@ -10,11 +11,13 @@ namespace tickwell {
 
 class SdlDrivers;
 
-/// Sound through SDL's queues: no callback and no lock of ours. Nothing is held while no stream is open. A
-/// sound server that hangs is waited for no longer than a moment: devices are opened and closed apart.
+/// Sound through SDL's queues: no callback and no lock of ours. Nothing but its library is held while no
+/// stream is open, and not even that before the first one. A sound server that hangs is waited for no longer
+/// than a moment: devices are opened and closed apart.
 class SdlSoundOutput : public SoundOutput {
 public:
-    SdlSoundOutput();
+    /// `library`: what stands between "lib" and ".so.0". Where it is missing nothing can be opened.
+    explicit SdlSoundOutput(const QString& library = QStringLiteral("SDL2-2.0"));
 
     /// Nothing also where none could be opened in time.
     std::unique_ptr<SoundStream> Open(const SoundFormat& format) override;

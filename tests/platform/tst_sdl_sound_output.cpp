@@ -87,6 +87,8 @@ class TstSdlSoundOutput : public QObject {
 private Q_SLOTS:
     void init();
     void cleanup();
+    void ItsLibraryIsLoadedWithTheFirstSound();
+    void WithoutItsLibraryNothingIsOpened();
     void WhatIsQueuedSoundsInOrder_data();
     void WhatIsQueuedSoundsInOrder();
     void HoldingKeepsEveryFrame();
@@ -137,6 +139,22 @@ QByteArray TstSdlSoundOutput::MakePipe() const {
     const QByteArray path = m_folder->filePath(u"pipe"_s).toUtf8();
     qputenv("SDL_DISKAUDIOFILE", path);
     return mkfifo(path.constData(), 0600) == 0 ? path : QByteArray();
+}
+
+/// The first test of all: once loaded, it stays.
+void TstSdlSoundOutput::ItsLibraryIsLoadedWithTheFirstSound() {
+    const auto isLoaded = [] { return ReadAll(u"/proc/self/maps"_s).contains("libSDL2"); };
+    SdlSoundOutput output;
+    QVERIFY(!isLoaded());
+    QVERIFY(output.Open({22050, 1}) != nullptr);
+    QVERIFY(isLoaded());
+}
+
+void TstSdlSoundOutput::WithoutItsLibraryNothingIsOpened() {
+    SdlSoundOutput output(u"no-such-library"_s);
+    QVERIFY(output.Open({22050, 1}) == nullptr);
+    QVERIFY(output.Open({44100, 2}) == nullptr);
+    QCOMPARE(output.OpenDevices(), 0);
 }
 
 void TstSdlSoundOutput::WhatIsQueuedSoundsInOrder_data() {
