@@ -38,7 +38,6 @@ int main(int argc, char** argv) {
     PreferX11();
     const QApplication application(argc, argv);
     QCoreApplication::setApplicationName(QStringLiteral("tickwell"));
-    QGuiApplication::setWindowIcon(tickwell::ProgramIcon());
     QGuiApplication::setQuitOnLastWindowClosed(false);  // the main window, a tool window, would not count
 
     const tickwell::Options options = tickwell::OptionsOf(QCoreApplication::arguments());

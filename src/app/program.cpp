@@ -15,6 +15,10 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+// ms. To read the icon in all its sizes and hand it to the window manager takes longer than to paint the
+// first frame, which comes well before this.
+constexpr int kIconDelay = 1000;
+
 QString FolderFor(const Options& options) {
     return ChooseFolder({options.folder, qEnvironmentVariable("TICKWELL_FOLDER"),
                          QCoreApplication::applicationDirPath(),
@@ -27,7 +31,11 @@ QString DiscFor(const Options& options) {
 
 }  // namespace
 
-Program::Program(const Options& options) : m_options(options), m_handlers(m_boxes) {
+Program::Program(const Options& options)
+    : m_options(options),
+      m_handlers(m_boxes),
+      m_iconTimer(m_qtTimers.Create(kIconDelay, [this] { ShowIcon(); })) {
+    m_iconTimer->Start();
     if (options.virtualTime) {
         m_virtualTime = std::make_unique<VirtualTime>(options.virtualTime->wall, options.virtualTime->tick);
         m_virtualTimePipe = std::make_unique<VirtualTimePipe>(*m_virtualTime, options.virtualTime->readFrom,
@@ -35,6 +43,11 @@ Program::Program(const Options& options) : m_options(options), m_handlers(m_boxe
     }
     connect(qApp, &QGuiApplication::commitDataRequest, this, &Program::SaveForSessionEnd,
             Qt::DirectConnection);
+}
+
+void Program::ShowIcon() {
+    m_iconTimer->Stop();
+    QGuiApplication::setWindowIcon(ProgramIcon());
 }
 
 int Program::Run() {

@@ -40,6 +40,7 @@ public:
     int Run();
 
 private:
+    void ShowIcon();
     void Start();
     TimingParts Timing(const Clock& clock, TimerSource& timers);
     void ComeForward(bool withMenu);
@@ -51,10 +52,11 @@ private:
     Handlers m_handlers;
     SystemClock m_systemClock;
     QtTimers m_qtTimers;
+    std::unique_ptr<Timer> m_iconTimer;
     ProcMemory m_memory;
     PowerSupplies m_powerSupplies;
     UPower m_power{m_powerSupplies};
-    QtTray m_tray{ProgramIcon()};
+    QtTray m_tray{&ProgramIcon};
     X11Stack m_stack;
     DesktopPrograms m_starter;
     QtPrinter m_printer;

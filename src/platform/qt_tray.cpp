@@ -63,7 +63,7 @@ void QtTray::Later::operator()(QSystemTrayIcon* tray) const {
     tray->deleteLater();
 }
 
-QtTray::QtTray(QIcon icon) : m_icon(std::move(icon)) {}
+QtTray::QtTray(std::function<QIcon()> icon) : m_icon(std::move(icon)) {}
 
 QtTray::~QtTray() {
     delete m_tray.release();  // no event loop will come to do it
@@ -77,7 +77,7 @@ bool QtTray::IsThere() const {
 
 void QtTray::Show(const QString& tip, QMenu& menu, std::function<void()> onClick) {
     m_wasAsked = true;
-    m_tray.reset(new QSystemTrayIcon(m_icon));
+    m_tray.reset(new QSystemTrayIcon(m_icon()));
     m_tray->setToolTip(tip);
     m_tray->setContextMenu(&menu);
     QObject::connect(m_tray.get(), &QSystemTrayIcon::activated, m_tray.get(),

@@ -3,6 +3,7 @@
 
 #include <QIcon>
 #include <QSystemTrayIcon>
+#include <functional>
 #include <memory>
 
 #include "core/ports/tray.h"
@@ -12,7 +13,8 @@ namespace tickwell {
 /// The notification area by the toolkit, for hosts that speak over the session bus and for those of X11.
 class QtTray : public Tray {
 public:
-    explicit QtTray(QIcon icon);
+    /// `icon` makes the icon, when one is wanted.
+    explicit QtTray(std::function<QIcon()> icon);
     ~QtTray() override;
 
     bool IsThere() const override;
@@ -24,7 +26,7 @@ private:
         void operator()(QSystemTrayIcon* tray) const;
     };
 
-    QIcon m_icon;
+    std::function<QIcon()> m_icon;
     std::unique_ptr<QSystemTrayIcon, Later> m_tray;  // while the icon is shown
     bool m_wasAsked = false;
 };
