@@ -34,18 +34,19 @@ QString SocketPath(const QString& folder) {
 }  // namespace
 
 SingleInstance::SingleInstance(const QString& folder)
-    : m_socket(SocketPath(folder)), m_lock(folder + u"/.tickwell.lock") {
-    m_lock.setStaleLockTime(0);  // stale by a dead process alone, never by age
+    : m_socket(SocketPath(folder)), m_lockFile(folder + u"/.tickwell.lock"), m_lock(m_lockFile) {
     m_server.setSocketOptions(QLocalServer::UserAccessOption);
     connect(&m_server, &QLocalServer::newConnection, this, &SingleInstance::Answer);
 }
 
 bool SingleInstance::Acquire() {
-    if (!m_lock.tryLock(0)) {
-        if (m_lock.error() == QLockFile::LockFailedError) {
+    switch (m_lock.Take()) {
+        case FileLock::Outcome::Taken:
+            break;
+        case FileLock::Outcome::HeldElsewhere:
             return false;
-        }
-        throw RunTimeError(u"プログラムのフォルダーに書き込めません。\r\n"_s + m_lock.fileName());
+        case FileLock::Outcome::Impossible:
+            throw RunTimeError(u"プログラムのフォルダーに書き込めません。\r\n"_s + m_lockFile);
     }
     QLocalServer::removeServer(m_socket);  // left by a process that was killed; the lock is ours
     // Without the socket the program still runs; only a second start cannot call it.

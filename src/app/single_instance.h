@@ -2,8 +2,9 @@
 #pragma once
 
 #include <QLocalServer>
-#include <QLockFile>
 #include <QObject>
+
+#include "platform/file_lock.h"
 
 namespace tickwell {
 
@@ -31,7 +32,8 @@ private:
     void Answer();
 
     QString m_socket;
-    QLockFile m_lock;
+    QString m_lockFile;
+    FileLock m_lock;
     QLocalServer m_server;
 };
 

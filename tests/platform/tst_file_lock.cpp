@@ -1,0 +1,109 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include "platform/file_lock.h"
+#include "support/files.h"
+#include "support/other_user.h"
+
+using namespace tickwell;
+using namespace Qt::StringLiterals;
+
+Q_DECLARE_METATYPE(tickwell::FileLock::Outcome)
+
+namespace {
+
+/// What another process meets that tries to take it.
+FileLock::Outcome TakenElsewhere(const QString& path) {
+    return static_cast<FileLock::Outcome>(InChild([&] { return static_cast<int>(FileLock(path).Take()); }));
+}
+
+}  // namespace
+
+/// One holder at a time, whatever becomes of it.
+class TstFileLock : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init() { m_folder = std::make_unique<QTemporaryDir>(); }
+    void OneHoldsItAtATime();
+    void ItMayBeTakenTwiceByItsHolder();
+    void ItsFileGoesWithItsHolder();
+    void WhoDoesNotHoldItLeavesTheFile();
+    void ADeadHolderHoldsNothing();
+    void AFileThatLiesThereIsNoHolder();
+    void WhatCannotBeMadeIsImpossible_data();
+    void WhatCannotBeMadeIsImpossible();
+
+private:
+    QString Path() const { return m_folder->filePath(u"lock"_s); }
+
+    std::unique_ptr<QTemporaryDir> m_folder;
+};
+
+void TstFileLock::OneHoldsItAtATime() {
+    {
+        FileLock lock(Path());
+        QCOMPARE(lock.Take(), FileLock::Outcome::Taken);
+        QCOMPARE(TakenElsewhere(Path()), FileLock::Outcome::HeldElsewhere);
+    }
+    QCOMPARE(TakenElsewhere(Path()), FileLock::Outcome::Taken);
+}
+
+void TstFileLock::ItMayBeTakenTwiceByItsHolder() {
+    FileLock lock(Path());
+    QCOMPARE(lock.Take(), FileLock::Outcome::Taken);
+    QCOMPARE(lock.Take(), FileLock::Outcome::Taken);
+}
+
+void TstFileLock::ItsFileGoesWithItsHolder() {
+    {
+        FileLock lock(Path());
+        QCOMPARE(lock.Take(), FileLock::Outcome::Taken);
+        QVERIFY(QFile::exists(Path()));
+    }
+    QVERIFY(QDir(m_folder->path()).isEmpty());
+}
+
+void TstFileLock::WhoDoesNotHoldItLeavesTheFile() {
+    FileLock lock(Path());
+    QCOMPARE(lock.Take(), FileLock::Outcome::Taken);
+    QCOMPARE(TakenElsewhere(Path()), FileLock::Outcome::HeldElsewhere);
+    QVERIFY(QFile::exists(Path()));
+    QCOMPARE(TakenElsewhere(Path()), FileLock::Outcome::HeldElsewhere);
+}
+
+void TstFileLock::ADeadHolderHoldsNothing() {
+    QCOMPARE(InChild([&] {
+                 auto* lock = new FileLock(Path());  // never destroyed, as in a process that is killed
+                 return static_cast<int>(lock->Take());
+             }),
+             static_cast<int>(FileLock::Outcome::Taken));
+    QVERIFY(QFile::exists(Path()));
+    FileLock next(Path());
+    QCOMPARE(next.Take(), FileLock::Outcome::Taken);
+}
+
+void TstFileLock::AFileThatLiesThereIsNoHolder() {
+    WriteAll(Path(), "12345\nother\n");
+    FileLock lock(Path());
+    QCOMPARE(lock.Take(), FileLock::Outcome::Taken);
+}
+
+void TstFileLock::WhatCannotBeMadeIsImpossible_data() {
+    QTest::addColumn<QString>("path");
+    QTest::newRow("no such folder") << u"/proc/no-such-folder/lock"_s;
+    QTest::newRow("a folder that takes no files") << u"/proc/lock"_s;
+    QTest::newRow("a folder in its place") << u"/proc"_s;
+}
+
+void TstFileLock::WhatCannotBeMadeIsImpossible() {
+    QFETCH(QString, path);
+    FileLock lock(path);
+    QCOMPARE(lock.Take(), FileLock::Outcome::Impossible);
+}
+
+QTEST_GUILESS_MAIN(TstFileLock)
+#include "tst_file_lock.moc"
