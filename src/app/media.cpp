@@ -2,22 +2,23 @@
 #include "app/media.h"
 
 #include <QCoreApplication>
+#include <QDir>
+#include <QFileInfo>
 
 namespace tickwell {
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-/// It lies beside the program.
-QString HelperPath() {
-    return QCoreApplication::applicationDirPath() + u"/tickwell-cd";
+QString DiscHelperPath(const QString& executableFolder) {
+    const QString beside = executableFolder + u"/tickwell-cd";
+    return QFileInfo::exists(beside)
+               ? beside
+               : QDir::cleanPath(executableFolder + u"/" TICKWELL_HELPERS "/tickwell-cd");
 }
 
-}  // namespace
-
 Media::Media(const MediaParts& parts)
-    : m_drive(parts.realTimers, parts.sound, HelperPath(), parts.disc),
+    : m_drive(parts.realTimers, parts.sound, DiscHelperPath(QCoreApplication::applicationDirPath()),
+              parts.disc),
       m_system({{m_drive, m_drive, parts.sound, parts.realTimers, parts.wait},
                 parts.boxes,
                 parts.handlers,

@@ -7,6 +7,9 @@
 
 namespace tickwell {
 
+/// The program that reads discs: beside the binary, else where it is installed. An absolute path.
+QString DiscHelperPath(const QString& executableFolder);
+
 /// What sound and discs work with; all outlive them.
 struct MediaParts {
     TimerSource& realTimers;  ///< sound and drives know no other time

@@ -116,8 +116,18 @@ QString ChooseFolder(const FolderChoices& choices) {
     return choices.dataHome + u"/tickwell";
 }
 
+QStringList StartingCommand(const QString& program, const FolderChoices& choices) {
+    FolderChoices later = choices;
+    later.argument.clear();
+    const QString folder = ChooseFolder(choices);
+    const bool isChosenNow = SameFolder(ChooseFolder(later), folder);
+    later.environment.clear();
+    const bool isItsOwn = isChosenNow && SameFolder(ChooseFolder(later), folder);
+    return isItsOwn ? QStringList{program} : QStringList{program, u"--folder"_s, folder};
+}
+
 QString MastersFolder(const QString& executableFolder) {
-    const QString shared = QDir::cleanPath(executableFolder + u"/../share/tickwell");
+    const QString shared = QDir::cleanPath(executableFolder + u"/" TICKWELL_SHARED);
     for (const QString& folder : {executableFolder, shared}) {
         if (QFileInfo::exists(folder + u'/' + DayDatabaseFile())) {
             return folder;

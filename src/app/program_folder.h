@@ -22,8 +22,13 @@ const QStringList& RequiredFiles();
 /// path.
 QString ChooseFolder(const FolderChoices& choices);
 
-/// Where the masters lie that came with the program: beside the binary, or in ../share/tickwell; empty where
-/// nowhere.
+/// The words that start `program` again in the folder of these choices, which exists: with --folder, unless
+/// it takes that folder by itself, with the environment of these choices and without it. `program`: an
+/// absolute path.
+QStringList StartingCommand(const QString& program, const FolderChoices& choices);
+
+/// Where the masters lie that came with the program: beside the binary, or where they are installed, seen
+/// from the binary; empty where nowhere.
 QString MastersFolder(const QString& executableFolder);
 
 /// Makes `folder` ready. One that does not exist yet is filled beside its place and renamed into it, so that

@@ -51,6 +51,8 @@ class TstProgramFolder : public QObject {
 private Q_SLOTS:
     void TheFolderIsChosenInOrder();
     void APortableFolderMustBeWritable();
+    void AnotherStartFindsTheSameFolder_data();
+    void AnotherStartFindsTheSameFolder();
     void MastersLieBesideTheBinaryOrInShare();
     void ANewFolderIsFilled();
     void HelpAndSoundsFollowNewerMasters();
@@ -86,6 +88,40 @@ void TstProgramFolder::APortableFolderMustBeWritable() {
                             : 1;
              }),
              0);
+}
+
+void TstProgramFolder::AnotherStartFindsTheSameFolder_data() {
+    QTest::addColumn<QString>("argument");
+    QTest::addColumn<QString>("environment");
+    QTest::addColumn<bool>("isPortable");
+    QTest::addColumn<QString>("named");  // behind --folder; empty: nothing is
+    QTest::newRow("the user's data folder") << QString() << QString() << false << QString();
+    QTest::newRow("the binary's own folder") << QString() << QString() << true << QString();
+    QTest::newRow("another one") << u"other"_s << QString() << false << u"other"_s;
+    QTest::newRow("another than the binary's") << u"other"_s << QString() << true << u"other"_s;
+    QTest::newRow("that of the environment") << QString() << u"other"_s << false << u"other"_s;
+    QTest::newRow("the user's, though named") << u"data/tickwell"_s << QString() << false << QString();
+    QTest::newRow("the user's, against the environment")
+        << u"data/tickwell"_s << u"other"_s << false << u"data/tickwell"_s;
+    QTest::newRow("the user's, by another way")
+        << u"other/../data/tickwell"_s << QString() << false << QString();
+}
+
+void TstProgramFolder::AnotherStartFindsTheSameFolder() {
+    QFETCH(QString, argument);
+    QFETCH(QString, environment);
+    QFETCH(bool, isPortable);
+    QFETCH(QString, named);
+    const Bench bench;
+    const auto within = [&](const QString& name) { return name.isEmpty() ? name : bench.dir.filePath(name); };
+    QVERIFY(QDir(bench.dir.path()).mkpath(u"data/tickwell"_s) && QDir(bench.dir.path()).mkpath(u"other"_s));
+    const FolderChoices choices{within(argument), within(environment),
+                                isPortable ? bench.masters : bench.dir.path(), within(u"data"_s)};
+    QStringList expected{u"/usr/bin/tickwell"_s};
+    if (!named.isEmpty()) {
+        expected << u"--folder"_s << within(named);
+    }
+    QCOMPARE(StartingCommand(u"/usr/bin/tickwell"_s, choices), expected);
 }
 
 void TstProgramFolder::MastersLieBesideTheBinaryOrInShare() {
