@@ -7,6 +7,7 @@
 #include <QStandardPaths>
 
 #include "app/program_folder.h"
+#include "platform/autostart_file.h"
 #include "platform/ini_file_store.h"
 
 namespace tickwell {
@@ -19,10 +20,9 @@ namespace {
 // first frame, which comes well before this.
 constexpr int kIconDelay = 1000;
 
-QString FolderFor(const Options& options) {
-    return ChooseFolder({options.folder, qEnvironmentVariable("TICKWELL_FOLDER"),
-                         QCoreApplication::applicationDirPath(),
-                         QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation)});
+FolderChoices ChoicesFor(const Options& options) {
+    return {options.folder, qEnvironmentVariable("TICKWELL_FOLDER"), QCoreApplication::applicationDirPath(),
+            QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation)};
 }
 
 QString DiscFor(const Options& options) {
@@ -52,7 +52,8 @@ void Program::ShowIcon() {
 
 int Program::Run() {
     try {
-        const QString folder = FolderFor(m_options);
+        const FolderChoices choices = ChoicesFor(m_options);
+        const QString folder = ChooseFolder(choices);
         PrepareFolder(folder, MastersFolder(QCoreApplication::applicationDirPath()));
         m_instance = std::make_unique<SingleInstance>(folder);
         if (!m_instance->Acquire()) {
@@ -61,6 +62,8 @@ int Program::Run() {
             }
             throw RunTimeError(u"すでに起動していますが、応答がありません。"_s);
         }
+        m_autostart = std::make_unique<AutostartFile>(
+            AutostartFile::Folders(), StartingCommand(QCoreApplication::applicationFilePath(), choices));
         m_started = StartUp(folder, [] { return std::make_unique<IniFileStore>(IniFileStore::UserPath()); });
         Start();
     } catch (const RunTimeError& error) {
@@ -87,8 +90,8 @@ void Program::Start() {
     SoundPlayback& sounds = m_media->Sounds();
     const auto playChime = [&sounds](const QString& name, qint32 count) { sounds.PlayChime(name, count); };
     m_windows = std::make_unique<Windows>(
-        WindowsParts{m_started.dayDatabase, clock, timers, m_handlers, m_boxes, m_starter, m_started.settings,
-                     m_started.further, QDir::currentPath(), m_media->System().Player(),
+        WindowsParts{m_started.dayDatabase, clock, timers, m_handlers, m_boxes, m_starter, *m_autostart,
+                     m_started.settings, m_started.further, QDir::currentPath(), m_media->System().Player(),
                      [&sounds](const QString& name) { sounds.PlayChime(name, 1); }});
     m_form = std::make_unique<Form1>(MainWindowParts{m_started.settings,
                                                      m_started.further,

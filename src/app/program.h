@@ -11,6 +11,7 @@
 #include "app/startup.h"
 #include "app/windows.h"
 #include "core/handlers.h"
+#include "core/ports/autostart.h"
 #include "display/main_window.h"
 #include "platform/desktop_programs.h"
 #include "platform/power_supplies.h"
@@ -67,6 +68,7 @@ private:
     std::unique_ptr<VirtualTime> m_virtualTime;
     std::unique_ptr<VirtualTimePipe> m_virtualTimePipe;
     std::unique_ptr<SingleInstance> m_instance;
+    std::unique_ptr<Autostart> m_autostart;
     Started m_started;
     std::unique_ptr<Media> m_media;
     std::unique_ptr<Windows> m_windows;

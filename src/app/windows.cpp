@@ -85,7 +85,7 @@ std::unique_ptr<Form2> Windows::MakeSettings() {
     operations.holdKeepTop = [this](bool held) { m_mainWindow->HoldKeepTop(held); };
     return std::make_unique<Form2>(SettingsParts{m_parts.settings, m_parts.further, m_parts.clock,
                                                  m_parts.timers, m_parts.handlers, m_settingsHelp,
-                                                 operations});
+                                                 m_parts.autostart, operations});
 }
 
 void Windows::Place(QWidget& window) {

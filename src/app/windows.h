@@ -6,6 +6,7 @@
 #include "app/about_box.h"
 #include "book/anniversary_book.h"
 #include "core/handlers.h"
+#include "core/ports/autostart.h"
 #include "days/calendar_window.h"
 #include "display/main_window.h"
 #include "help/help_desk.h"
@@ -22,6 +23,7 @@ struct WindowsParts {
     Handlers& handlers;
     MessageBoxes& boxes;
     ProgramStarter& programs;
+    Autostart& autostart;
     AppSettings& settings;
     FurtherSettings& further;
     QString folder;  ///< the program's, absolute

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <optional>
+
 #include "core/settings.h"
 
 namespace tickwell {
@@ -11,6 +13,8 @@ namespace tickwell {
 struct SettingsDraft {
     AppSettings settings;
     FurtherSettings further;
+    std::optional<bool> startsAtLogin =
+        std::nullopt;  ///< what the user chose; nothing where the box was left alone
 
     /// Copies all back but the display function: the roll may have changed it meanwhile, and no control here
     /// does.

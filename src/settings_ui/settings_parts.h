@@ -5,6 +5,7 @@
 #include <functional>
 
 #include "core/handlers.h"
+#include "core/ports/autostart.h"
 #include "core/ports/clock.h"
 #include "core/ports/help_viewer.h"
 #include "core/ports/timer.h"
@@ -34,6 +35,7 @@ struct SettingsParts {
     TimerSource& timers;
     Handlers& handlers;
     HelpViewer& help;
+    Autostart& autostart;
     SettingsOperations operations;
 };
 

@@ -68,6 +68,15 @@ void Form2::Command1_Click() {
 void Form2::Command3_Click() {
     m_draft.ApplyTo(m_parts.settings, m_parts.further);
     m_parts.operations.apply();
+    ApplyAutostart();
+}
+
+/// Last of all: where the file cannot be written, everything else is done.
+void Form2::ApplyAutostart() {
+    if (m_draft.startsAtLogin && *m_draft.startsAtLogin != m_parts.autostart.IsOn()) {
+        m_parts.autostart.Set(*m_draft.startsAtLogin);
+    }
+    m_draft.startsAtLogin.reset();
 }
 
 void Form2::Command8_Click() {

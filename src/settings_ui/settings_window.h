@@ -14,8 +14,9 @@
 
 namespace tickwell {
 
-/// The settings dialog. It works on a copy, which OK and apply hand to the program; nothing is written to the
-/// disk. Application-modal, opened with show(): the display function must not be chosen elsewhere meanwhile.
+/// The settings dialog. It works on a copy, which OK and apply hand to the program; of all that, nothing but
+/// whether it starts at the login is written to the disk. Application-modal, opened with show(): the display
+/// function must not be chosen elsewhere meanwhile.
 class Form2 : public QDialog {
     Q_OBJECT
 
@@ -31,6 +32,7 @@ private:
     void Command1_Click();
     void Command3_Click();
     void Command8_Click();
+    void ApplyAutostart();
     QPushButton* MakeButton(const QString& name, const QString& caption, void (Form2::*clicked)());
 
     SettingsParts m_parts;

@@ -26,7 +26,7 @@ constexpr int kSpeedPage = 5;
 
 TextPage::TextPage(const SettingsParts& parts, SettingsDraft& draft, QWidget* parent)
     : QWidget(parent),
-      m_handlers(parts.handlers),
+      m_parts(parts),
       m_draft(draft),
       m_Option2(u"Option2"_s, kWipeOptions, this, parts.handlers,
                 [this](qint32 index) { Option2_Click(index); }),
@@ -42,8 +42,17 @@ TextPage::TextPage(const SettingsParts& parts, SettingsDraft& draft, QWidget* pa
     grid->addWidget(m_sample, 0, 1);
     grid->addWidget(MakeSpeedFrame(), 1, 0, 1, 2);
     grid->addLayout(buttons, 2, 0, 1, 2);
+    m_autostart = MakeAutostart();  // behind the buttons for the Tab key as well
+    grid->addWidget(m_autostart, 3, 0, 1, 2);
     grid->setColumnStretch(1, 1);
-    grid->setRowStretch(3, 1);
+    grid->setRowStretch(4, 1);
+}
+
+QCheckBox* TextPage::MakeAutostart() {
+    auto* box = Named(new QCheckBox(u"ログイン時に起動する"_s, this), u"Autostart"_s);
+    m_parts.handlers.Connect(box, &QCheckBox::clicked, this,
+                             [this, box] { m_draft.startsAtLogin = box->isChecked(); });
+    return box;
 }
 
 QWidget* TextPage::MakeWipeFrame() {
@@ -60,7 +69,7 @@ QWidget* TextPage::MakeSpeedFrame() {
     auto* frame = Named(new QGroupBox(u"ｽｸﾛｰﾙ速度"_s, this), u"Frame3"_s);
     m_Slider1->setRange(kSlowest, kFastest);
     m_Slider1->setPageStep(kSpeedPage);
-    m_handlers.Connect(m_Slider1, &QSlider::valueChanged, this, [this] { Slider1_Change(); });
+    m_parts.handlers.Connect(m_Slider1, &QSlider::valueChanged, this, [this] { Slider1_Change(); });
     auto* row = new QHBoxLayout(frame);
     row->addWidget(new QLabel(u"遅い"_s, this));
     row->addWidget(m_Slider1);
@@ -71,7 +80,7 @@ QWidget* TextPage::MakeSpeedFrame() {
 QPushButton* TextPage::MakeButton(const QString& name, const QString& caption, void (TextPage::*clicked)()) {
     auto* button = Named(new QPushButton(caption, this), name);
     button->setAutoDefault(false);
-    m_handlers.Connect(button, &QPushButton::clicked, this, [this, clicked] { (this->*clicked)(); });
+    m_parts.handlers.Connect(button, &QPushButton::clicked, this, [this, clicked] { (this->*clicked)(); });
     return button;
 }
 
@@ -79,6 +88,7 @@ void TextPage::Form_Load() {
     const QSignalBlocker quiet(m_Slider1);  // a speed that it cannot show stays in the draft
     m_Slider1->setValue(m_draft.settings.wipeSpeed);
     m_Option2.Select(m_draft.settings.wipeKind);
+    m_autostart->setChecked(m_parts.autostart.IsOn());
     RefreshSample();
 }
 
@@ -93,7 +103,7 @@ void TextPage::Slider1_Change() {
 }
 
 void TextPage::Command5_Click() {
-    OpenColourPicker(m_handlers, u"背景色"_s, m_draft.settings.backColor, this, [this](qint32 color) {
+    OpenColourPicker(m_parts.handlers, u"背景色"_s, m_draft.settings.backColor, this, [this](qint32 color) {
         m_draft.settings.backColor = color;
         RefreshSample();
     });
@@ -108,9 +118,9 @@ void TextPage::Command7_Click() {
 }
 
 void TextPage::PickStyle(const QString& title, LineStyle& style) {
-    auto* picker = new StylePicker(m_handlers, title, style, m_draft.settings.backColor, this);
+    auto* picker = new StylePicker(m_parts.handlers, title, style, m_draft.settings.backColor, this);
     picker->setAttribute(Qt::WA_DeleteOnClose);
-    m_handlers.Connect(picker, &QDialog::accepted, this, [this, picker, &style] {
+    m_parts.handlers.Connect(picker, &QDialog::accepted, this, [this, picker, &style] {
         style = picker->Picked();
         RefreshSample();
     });

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <QCheckBox>
 #include <QPushButton>
 #include <QSlider>
 #include <QWidget>
@@ -12,7 +13,8 @@
 
 namespace tickwell {
 
-/// Page "文字表示" of the settings: wipe, speed, fonts and colours of the lines, with a live sample.
+/// Page "文字表示" of the settings: wipe, speed, fonts and colours of the lines, with a live sample,
+/// and whether the program starts at the login.
 class TextPage : public QWidget {
     Q_OBJECT
 
@@ -26,6 +28,7 @@ public:
 private:
     QWidget* MakeWipeFrame();
     QWidget* MakeSpeedFrame();
+    QCheckBox* MakeAutostart();
     QPushButton* MakeButton(const QString& name, const QString& caption, void (TextPage::*clicked)());
     void Option2_Click(qint32 index);
     void Slider1_Change();
@@ -35,11 +38,12 @@ private:
     void PickStyle(const QString& title, LineStyle& style);
     void RefreshSample() { m_sample->Refresh(m_draft.settings); }
 
-    Handlers& m_handlers;
+    SettingsParts m_parts;
     SettingsDraft& m_draft;
     OptionArray m_Option2;
     QSlider* m_Slider1;  // owned by the page, as all that follows
     SampleFrame* m_sample;
+    QCheckBox* m_autostart = nullptr;
 };
 
 }  // namespace tickwell

@@ -1,10 +1,15 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 """The settings dialog, by mouse: every page, what it does to the lines, and what is there after a restart."""
 
+import os
+import subprocess
 import unittest
+from pathlib import Path
 
+from driver import processes
 from driver.case import TickwellCase
-from driver.tickwell import main_window, read_settings, start_tickwell, wait_lines, wait_on_screen
+from driver.tickwell import (main_window, make_folder, program_path, read_settings, start_tickwell, wait_lines,
+                             wait_on_screen)
 from driver.virtual_time import VirtualTime
 from driver.waiting import wait_for
 
@@ -27,10 +32,10 @@ def button(caption):
 
 
 class SettingsCase(TickwellCase):
-    def start(self, settings=None):
+    def start(self, settings=None, folder=None):
         self.time = VirtualTime("1998-11-15T21:05:07", 307000)
         self.addCleanup(self.time.close)
-        self.app = start_tickwell(self.session, settings=settings, virtual_time=self.time)
+        self.app = start_tickwell(self.session, folder=folder, settings=settings, virtual_time=self.time)
         wait_lines(self.app, upper="Tickwell Ver.2")
         wait_on_screen(self.session, self.app)
         self.time.advance(START_UP_DELAY)
@@ -250,6 +255,60 @@ class Dialog(SettingsCase):
         self.app = start_tickwell(self.session, settings={"Roll": {"Kinds": "clock"}}, virtual_time=self.time)
         box = self.app.wait(role="alert message", name="Tickwell スタートエラー", showing=True)
         self.assertTrue(box.find(role="label", name=lambda text: "[Roll] Kinds=clock" in text), box.dump())
+
+
+class Login(SettingsCase):
+    BOX = check("ログイン時に起動する")
+    HARD = "100% \"mine\" it's $HOME `id` \\ ;#*時計"
+    LOG_IN = "import sys; from gi.repository import Gio; Gio.DesktopAppInfo.new_from_filename(sys.argv[1]).launch([], None)"
+
+    def setUp(self):
+        super().setUp()
+        self.entry = self.session.home / ".config/autostart/tickwell.desktop"
+
+    def change(self, *buttons):
+        self.open()
+        self.click(self.BOX, *buttons)
+
+    def test_the_program_starts_at_the_login_in_its_folder(self):
+        self.folder = make_folder(self.session.directory / self.HARD)
+        self.start(folder=self.folder)
+        self.change(button("OK"))
+        self.wait_closed()
+        self.assertEqual(subprocess.run(["desktop-file-validate", self.entry], check=True, capture_output=True).stdout, b"")
+        self.quit()
+        self.session.spawn(["/usr/bin/python3", "-c", self.LOG_IN, self.entry])
+
+        def programs():
+            found = [Path(f"/proc/{pid}") for pid in processes.marked(self.session.directory)]
+            return [each for each in found if os.readlink(each / "exe") == str(program_path().resolve())]
+        process = wait_for(programs, "the program started at the login")[0]
+        wait_for(lambda: os.readlink(process / "cwd") == str(self.folder), "its folder")
+
+    def test_the_box_shows_and_changes_what_holds_at_the_login(self):
+        self.start()
+        self.change(button("キャンセル"))
+        self.wait_closed()
+        self.assertFalse(self.entry.exists())
+        self.change(button("適用"))
+        wait_for(self.entry.exists, "the entry written")
+        self.click(button("キャンセル"))
+        self.wait_closed()
+        self.open()
+        self.assertTrue(self.is_on(self.BOX))
+        self.click(self.BOX, button("OK"))
+        self.wait_closed()
+        self.assertFalse(self.entry.exists())
+
+    def test_what_cannot_be_written_is_told(self):
+        self.entry.parent.write_text("in the way", encoding="ascii")
+        self.start()
+        self.change(button("OK"))
+        box = self.app.wait(role="alert message", showing=True)
+        self.assertTrue(box.find(role="label", name=lambda text: str(self.entry) in text), box.dump())
+        self.session.hand.click(box.wait(role="push button", name="OK"))
+        self.click(button("キャンセル"))
+        self.wait_closed()
 
 
 class Database(SettingsCase):

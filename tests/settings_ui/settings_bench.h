@@ -5,6 +5,7 @@
 
 #include "display/main_window_bench.h"
 #include "settings_ui/settings_window.h"
+#include "support/fake_autostart.h"
 #include "support/fake_help_viewer.h"
 
 namespace tickwell {
@@ -13,6 +14,7 @@ namespace tickwell {
 struct SettingsBench {
     MainWindowBench main;
     FakeHelpViewer help;
+    FakeAutostart autostart;
     QStringList asked;
     SettingsOperations operations{
         [this] {
@@ -38,7 +40,7 @@ struct SettingsBench {
             main.time.Advance(11'000);
         }
         form = std::make_unique<Form2>(SettingsParts{main.settings, main.further, main.time, main.time,
-                                                     main.handlers, help, operations});
+                                                     main.handlers, help, autostart, operations});
         form->show();
     }
 

@@ -57,6 +57,11 @@ private Q_SLOTS:
     void TheNoticeIsOfferedOnceItWasSilenced();
     void TheDatabaseIsCompactedAtOnce();
     void WithoutItsOperationAButtonIsDisabled();
+    void TheLoginsBoxShowsWhatHoldsNow();
+    void TheLoginIsChangedByOkAndApplyAlone_data();
+    void TheLoginIsChangedByOkAndApplyAlone();
+    void ALoginThatWasLeftAloneIsNotWritten();
+    void ALoginThatCannotBeChangedIsToldAndAllElseIsDone();
 };
 
 void TstSettingsPages::initTestCase() {
@@ -330,6 +335,70 @@ void TstSettingsPages::WithoutItsOperationAButtonIsDisabled() {
     bench.Open();
     QVERIFY(!bench.Button(u"Listen"_s).isEnabled());
     QVERIFY(!bench.Button(u"Command4"_s).isEnabled());
+}
+
+void TstSettingsPages::TheLoginsBoxShowsWhatHoldsNow() {
+    SettingsBench bench;
+    bench.Open();
+    QVERIFY(!bench.Button(u"Autostart"_s).isChecked());
+    bench.form.reset();
+    bench.autostart.isOn = true;  // by the desktop's own settings
+    bench.Open();
+    QVERIFY(bench.Button(u"Autostart"_s).isChecked());
+    QVERIFY(bench.autostart.set.isEmpty());
+}
+
+void TstSettingsPages::TheLoginIsChangedByOkAndApplyAlone_data() {
+    QTest::addColumn<bool>("before");
+    QTest::addColumn<QStringList>("clicks");
+    QTest::addColumn<QList<bool>>("set");
+    const QString box = u"Autostart"_s;
+    const QString ok = u"Command1"_s;
+    const QString cancel = u"Command2"_s;
+    const QString apply = u"Command3"_s;
+    QTest::newRow("ticked, OK") << false << QStringList{box, ok} << QList<bool>{true};
+    QTest::newRow("cleared, OK") << true << QStringList{box, ok} << QList<bool>{false};
+    QTest::newRow("ticked, applied, OK") << false << QStringList{box, apply, ok} << QList<bool>{true};
+    QTest::newRow("ticked, applied, cleared, OK")
+        << false << QStringList{box, apply, box, ok} << QList<bool>{true, false};
+    QTest::newRow("ticked, cancelled") << false << QStringList{box, cancel} << QList<bool>{};
+    QTest::newRow("ticked and cleared again, OK") << false << QStringList{box, box, ok} << QList<bool>{};
+}
+
+void TstSettingsPages::TheLoginIsChangedByOkAndApplyAlone() {
+    QFETCH(bool, before);
+    QFETCH(QStringList, clicks);
+    QFETCH(QList<bool>, set);
+    SettingsBench bench;
+    bench.autostart.isOn = before;
+    bench.Open();
+    for (const QString& click : clicks) {
+        bench.Click(click);
+    }
+    QCOMPARE(bench.autostart.set, set);
+}
+
+void TstSettingsPages::ALoginThatWasLeftAloneIsNotWritten() {
+    SettingsBench bench;
+    bench.Open();
+    bench.autostart.isOn = true;  // changed elsewhere meanwhile
+    bench.Click(u"Option2(1)"_s);
+    bench.Click(u"Command1"_s);
+    QVERIFY(bench.autostart.set.isEmpty() && bench.autostart.isOn);
+}
+
+void TstSettingsPages::ALoginThatCannotBeChangedIsToldAndAllElseIsDone() {
+    SettingsBench bench;
+    bench.autostart.refuses = true;
+    bench.Open();
+    bench.Click(u"Option3(1)"_s);
+    bench.Click(u"Autostart"_s);
+    bench.Click(u"Command1"_s);
+    QCOMPARE(bench.main.boxes.Shown().size(), 1);
+    QVERIFY(bench.main.boxes.Shown().constFirst().text.contains(u"書き込めません。"_s));
+    QVERIFY(bench.form->isVisible());
+    QCOMPARE(bench.main.settings.language, 1);
+    QCOMPARE(bench.main.Upper().Text(), u"November 15,1998 Sunday"_s);
 }
 
 QTEST_MAIN(TstSettingsPages)

@@ -40,6 +40,7 @@ private Q_SLOTS:
     void ItBlocksTheOtherWindowsAndNothingComesAboveIt_data();
     void ItBlocksTheOtherWindowsAndNothingComesAboveIt();
     void ItsKeysAreThoseOfADialog();
+    void TheTabKeyFollowsTheScreen();
     void TheHelpOpensAtTheSettings();
 };
 
@@ -91,6 +92,7 @@ void TstSettingsWindow::ItsControlsAreNamed_data() {
         {u"Check2"_s, u"Windows時計"_s},
         {u"Check3"_s, u"バッテリー監視（AC電源時は無効）"_s},
         {u"Check4"_s, u"メモリー監視"_s},
+        {u"Autostart"_s, u"ログイン時に起動する"_s},
     };
     for (const auto& [name, caption] : rows) {
         QTest::newRow(qPrintable(name)) << name << caption;
@@ -466,6 +468,20 @@ void TstSettingsWindow::ItsKeysAreThoseOfADialog() {
     QTest::keyClick(bench.form.get(), Qt::Key_Return);
     QVERIFY(!bench.form->isVisible());
     QVERIFY(bench.asked.contains(u"apply"_s));
+}
+
+void TstSettingsWindow::TheTabKeyFollowsTheScreen() {
+    SettingsBench bench;
+    bench.Open();
+    QStringList visited;
+    while (visited.size() < 20 && !visited.contains(u"Command8"_s)) {
+        QTest::keyClick(bench.form->focusWidget(), Qt::Key_Tab);
+        visited.append(bench.form->focusWidget()->objectName());
+    }
+    const QString expected =
+        u"Option2(0) Option2(1) Option2(2) Option2(3) Slider1 Command6 Command7 Command5 Autostart Command1 "
+        "Command2 Command3 Command8"_s;
+    QCOMPARE(visited.join(u' '), expected);
 }
 
 void TstSettingsWindow::TheHelpOpensAtTheSettings() {

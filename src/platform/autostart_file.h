@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QStringList>
+
+#include "core/ports/autostart.h"
+
+namespace tickwell {
+
+/// tickwell.desktop in the folders that desktops look through at a login. A file of the user's stands before
+/// one that the system has for everybody, which it can hide.
+class AutostartFile : public Autostart {
+public:
+    /// `folders`: the user's own first, then the system's, best first. `command`: the words that start this
+    /// program, the absolute path of its file first.
+    AutostartFile(const QStringList& folders, QStringList command);
+
+    bool IsOn() const override;
+    void Set(bool on) override;
+
+    /// autostart in $XDG_CONFIG_HOME, then in each of $XDG_CONFIG_DIRS, or in what stands for them.
+    static QStringList Folders();
+
+private:
+    bool IsForEverybody() const;
+    void Write(const QByteArray& entry) const;
+    void Remove() const;
+
+    QStringList m_files;
+    QStringList m_command;
+};
+
+}  // namespace tickwell

@@ -1,0 +1,29 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QList>
+
+#include "core/errors.h"
+#include "core/ports/autostart.h"
+
+namespace tickwell {
+
+/// A login that starts the program or not, as the test and the program say.
+class FakeAutostart : public Autostart {
+public:
+    bool IsOn() const override { return isOn; }
+
+    void Set(bool on) override {
+        if (refuses) {
+            throw RunTimeError(QStringLiteral("書き込めません。"));
+        }
+        set.append(on);
+        isOn = on;
+    }
+
+    bool isOn = false;
+    bool refuses = false;
+    QList<bool> set;  ///< what was set, in order
+};
+
+}  // namespace tickwell
