@@ -9,7 +9,7 @@ namespace tickwell {
 
 namespace {
 
-constexpr auto kByteOrderMark = "\xEF\xBB\xBF";
+constexpr QByteArrayView kByteOrderMark = "\xEF\xBB\xBF";
 
 constexpr std::array<std::pair<char, char>, 6> kEscapes{
     {{'\\', '\\'}, {'\n', 'n'}, {'\r', 'r'}, {' ', 's'}, {'\t', 't'}, {'\0', '0'}}};
@@ -18,9 +18,9 @@ bool IsBlank(char c) {
     return c == ' ' || c == '\t';
 }
 
-QByteArray WithoutBlanks(QByteArray text) {
+QByteArrayView WithoutBlanks(QByteArrayView text) {
     while (!text.isEmpty() && IsBlank(text.front())) {
-        text.remove(0, 1);
+        text = text.sliced(1);
     }
     while (!text.isEmpty() && IsBlank(text.back())) {
         text.chop(1);
@@ -29,8 +29,8 @@ QByteArray WithoutBlanks(QByteArray text) {
 }
 
 /// A line without its end, and without the mark that some editors put before the first one.
-QByteArray Content(const QByteArray& line) {
-    QByteArray text = line.startsWith(kByteOrderMark) ? line.sliced(3) : line;
+QByteArrayView Content(QByteArrayView line) {
+    QByteArrayView text = line.startsWith(kByteOrderMark) ? line.sliced(kByteOrderMark.size()) : line;
     if (text.endsWith('\n')) {
         text.chop(1);
     }
@@ -40,8 +40,8 @@ QByteArray Content(const QByteArray& line) {
     return WithoutBlanks(text);
 }
 
-std::optional<QByteArray> SectionName(const QByteArray& line) {
-    const QByteArray text = Content(line);
+std::optional<QByteArrayView> SectionName(QByteArrayView line) {
+    const QByteArrayView text = Content(line);
     if (!text.startsWith('[') || !text.endsWith(']') || text.size() < 2) {
         return std::nullopt;
     }
@@ -49,8 +49,8 @@ std::optional<QByteArray> SectionName(const QByteArray& line) {
 }
 
 /// Key and value as stored, or nothing for comments, blank lines and lines that are neither.
-std::optional<std::pair<QByteArray, QByteArray>> KeyLine(const QByteArray& line) {
-    const QByteArray text = Content(line);
+std::optional<std::pair<QByteArrayView, QByteArrayView>> KeyLine(QByteArrayView line) {
+    const QByteArrayView text = Content(line);
     const qsizetype equals = text.indexOf('=');
     if (equals < 1 || text.startsWith('#') || text.startsWith(';')) {
         return std::nullopt;
@@ -100,13 +100,13 @@ std::optional<QByteArray> IniDocument::Value(const QString& section, const QStri
     if (at < 0) {
         return std::nullopt;
     }
-    return UnescapedValue(KeyLine(m_lines[at])->second);
+    return UnescapedValue(KeyLine(m_lines[at])->second.toByteArray());
 }
 
 void IniDocument::SetValue(const QString& section, const QString& key, const QString& value) {
     const QByteArray line = key.toUtf8() + '=' + EscapedValue(value);
     if (const qsizetype at = FindKey(section.toUtf8(), key.toUtf8()); at >= 0) {
-        if (UnescapedValue(KeyLine(m_lines[at])->second) != value.toUtf8()) {
+        if (UnescapedValue(KeyLine(m_lines[at])->second.toByteArray()) != value.toUtf8()) {
             m_lines[at] = line + (m_lines[at].endsWith("\r\n") ? "\r\n" : "\n");
         }
         return;
