@@ -1,0 +1,70 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Images of discs: "C" and a cue sheet, "T" and a table of contents, or "N" and the chunks at the end of an
+// image of one file. The whole of the helper program reads them, in a child of its own: the library that it
+// reads with ends its process over a damaged image, and may fall over one. That is allowed; what is not is a
+// fault in code of ours, and an answer that the program would not take for what it is.
+
+#include "discs/test_disc.h"
+#include "fuzz/fuzz_check.h"
+#include "fuzz/helper_child.h"
+#include "platform/cd_answer.h"
+#include "support/files.h"
+
+using namespace Qt::StringLiterals;
+using namespace tickwell;
+
+namespace {
+
+constexpr int kMostRead = 40;  // sectors
+
+/// A folder with the sound that sheets speak of.
+class Bench {
+public:
+    Bench() : m_disc(MakeDisc({{440, 8}, {660, 5, 2}, {880, 9}})) {
+        WriteCueImage(m_disc, m_folder.Path(), u"disc"_s);
+        WriteTocImage(m_disc, m_folder.Path(), u"toc"_s);
+        m_front = ReadAll(WriteNrgImage(m_disc, m_folder.Path(), u"front"_s))
+                      .first((kTestPregap + m_disc.end) * qsizetype{kTestSectorBytes});
+    }
+
+    /// Where the image of an input lies now.
+    QString Put(const QByteArray& input) const {
+        const QByteArray text = input.isEmpty() ? input : input.sliced(1);
+        const char kind = input.isEmpty() ? 'C' : input.front();
+        QString path = m_folder.File(kind == 'T' ? "toc.toc" : kind == 'N' ? "disc.nrg" : "disc.cue");
+        WriteAll(path, kind == 'N' ? m_front + text : text);
+        return path;
+    }
+
+private:
+    QuickFolder m_folder;
+    TestDisc m_disc;
+    QByteArray m_front;
+};
+
+void ReadSound(HelperChild& helper, const QString& path, const CdContents& contents) {
+    const int end = std::min(contents.leadOut, kMostRead);
+    const auto sound =
+        helper.Run({"read", path.toUtf8(), "0", QByteArray::number(end), ContentsText(contents).toUtf8()});
+    Require(!sound || sound->size() == end * qsizetype{kTestSectorBytes},
+            "every sector has its place in what is read");
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    static const Bench bench;
+    static HelperChild helper;
+    const QString path = bench.Put(InputBytes(data, size));
+    const auto answer = helper.Run({"look", path.toUtf8()});
+    if (!answer) {
+        return 0;
+    }
+    const CdSeen seen = SeenFrom(*answer);
+    Require(*answer == "not-ready\n" || seen.status == CdStatus::Ready,
+            "an answer is one that the program takes");
+    if (seen.status == CdStatus::Ready) {
+        ReadSound(helper, path, seen.contents);
+    }
+    return 0;
+}

@@ -1,0 +1,108 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include <QStringList>
+
+#include "fuzz/sql_model.h"
+
+namespace tickwell {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QString Text(const SqlLiteral& literal) {
+    if (const auto* number = std::get_if<qint32>(&literal)) {
+        return QString::number(*number);
+    }
+    if (const auto* text = std::get_if<QString>(&literal)) {
+        return u'"' + *text + u'"';
+    }
+    const QDate date = std::get<QDate>(literal);
+    return u"#%1/%2/%3#"_s.arg(date.month()).arg(date.day()).arg(date.year(), 4, 10, QChar(u'0'));
+}
+
+QString Text(SqlOperator op) {
+    switch (op) {
+        case SqlOperator::Equal:
+            return u"="_s;
+        case SqlOperator::NotEqual:
+            return u"<>"_s;
+        case SqlOperator::LessOrEqual:
+            return u"<="_s;
+        case SqlOperator::GreaterOrEqual:
+            return u">="_s;
+        case SqlOperator::Less:
+            return u"<"_s;
+        case SqlOperator::Greater:
+            return u">"_s;
+    }
+    return {};
+}
+
+QString Text(const Condition& condition);
+
+QString Joined(const std::vector<Condition>& parts, const QString& word, bool brackets) {
+    QStringList texts;
+    for (const Condition& part : parts) {
+        const bool isJoined = std::holds_alternative<AnyOf>(part) || std::holds_alternative<AllOf>(part);
+        const bool isBracketed = isJoined && (brackets || std::holds_alternative<AnyOf>(part));
+        texts.append(isBracketed ? u'(' + Text(part) + u')' : Text(part));
+    }
+    return texts.join(word);
+}
+
+QString Text(const Condition& condition) {
+    if (const auto* comparison = std::get_if<Comparison>(&condition)) {
+        return comparison->column + Text(comparison->op) + Text(comparison->value);
+    }
+    if (const auto* between = std::get_if<Between>(&condition)) {
+        return between->column + u" between " + Text(between->first) + u" and " + Text(between->last);
+    }
+    if (const auto* all = std::get_if<AllOf>(&condition)) {
+        return Joined(all->parts, u" and "_s, true);
+    }
+    return Joined(std::get<AnyOf>(condition).parts, u" or "_s,
+                  false);  // AND binds closer: no brackets needed
+}
+
+QString Text(const std::vector<QualifiedColumn>& columns) {
+    QStringList names;
+    for (const QualifiedColumn& column : columns) {
+        names.append(column.table + u'.' + column.column);
+    }
+    return names.isEmpty() ? u"*"_s : names.join(u',');
+}
+
+struct Printer {
+    QString operator()(const SelectStatement& select) const {
+        return u"select "_s + Text(select.columns) + u" from " + select.table + u" where " +
+               Text(select.where);
+    }
+    QString operator()(const DeleteStatement& erase) const {
+        return u"delete "_s + Text(erase.columns) + u" from " + erase.table + u" where " + Text(erase.where);
+    }
+    QString operator()(const InsertStatement& insert) const {
+        const QStringList columns(insert.columns.begin(), insert.columns.end());
+        QStringList values;
+        for (const SqlLiteral& value : insert.values) {
+            values.append(Text(value));
+        }
+        const QString named = columns.isEmpty() ? QString() : u'(' + columns.join(u',') + u')';
+        return u"insert into "_s + insert.table + named + u" values(" + values.join(u',') + u')';
+    }
+    QString operator()(const UpdateStatement& update) const {
+        QStringList assignments;
+        for (const Assignment& assignment : update.assignments) {
+            assignments.append(assignment.column + u'=' + Text(assignment.value));
+        }
+        return u"update "_s + update.table + u" set " + assignments.join(u',') + u" where " +
+               Text(update.where);
+    }
+};
+
+}  // namespace
+
+QString Printed(const SqlStatement& statement) {
+    return std::visit(Printer{}, statement);
+}
+
+}  // namespace tickwell
