@@ -16,17 +16,19 @@ namespace {
 
 constexpr int kFramesInSector = 588;
 constexpr double kFramesInSecond = 44100;
-constexpr double kHeight = 9000;
+constexpr double kLowest = 5000;  // of the peaks, at a track's start
+constexpr double kHighest = 9000;
 constexpr int kSectorsInSecond = 75;
 
 QByteArray Tone(double hertz, int sectors) {
     const int frames = sectors * kFramesInSector;
     QByteArray bytes(qsizetype{frames} * 4, '\0');
     for (int i = 0; i < frames; ++i) {
+        const double height = kLowest + (kHighest - kLowest) * i / frames;
         const double turn = 2 * std::numbers::pi * hertz * i / kFramesInSecond;
         char* const frame = bytes.data() + qsizetype{i} * 4;
-        qToLittleEndian(static_cast<qint16>(std::lrint(kHeight * std::sin(turn))), frame);
-        qToLittleEndian(static_cast<qint16>(std::lrint(kHeight * std::sin(turn * 1.5))), frame + 2);
+        qToLittleEndian(static_cast<qint16>(std::lrint(height * std::sin(turn))), frame);
+        qToLittleEndian(static_cast<qint16>(std::lrint(height * std::sin(turn * 1.5))), frame + 2);
     }
     return bytes;
 }

@@ -10,7 +10,8 @@ namespace tickwell {
 inline constexpr int kTestSectorBytes = 2352;
 inline constexpr int kTestPregap = 150;  // sectors before the first one, which images of some kinds hold
 
-/// A track to be made: a tone on the left and its fifth on the right, or data.
+/// A track to be made: a tone on the left and its fifth on the right, or data. A tone grows louder from its
+/// start to its end, so that no two moments of it are the same.
 struct TestTrack {
     double hertz = 0;  ///< 0 is data
     int sectors = 0;   ///< without its pause
