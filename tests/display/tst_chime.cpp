@@ -47,6 +47,7 @@ private Q_SLOTS:
     void ModesSoundWhenTheySay();
     void AMinuteFullOfTicksSoundsOnce();
     void EachHourOfADaySounds();
+    void AStartInsideTheMinuteSoundsAtTheFirstTick_data();
     void AStartInsideTheMinuteSoundsAtTheFirstTick();
     void SwitchingOnInsideAHandledMinuteStaysSilentOnPurpose();
     void SwitchingOnInsideAHandledMinuteSoundsAtTheNextOne();
@@ -112,10 +113,19 @@ void TstChime::EachHourOfADaySounds() {
     QCOMPARE(bench.played, expected);
 }
 
+void TstChime::AStartInsideTheMinuteSoundsAtTheFirstTick_data() {
+    QTest::addColumn<QString>("start");
+    QTest::addColumn<QString>("played");
+    QTest::newRow("of the hour") << u"12:00:40"_s << u"鳩時計の音 x12 at 12:00:41"_s;
+    QTest::newRow("of the half hour") << u"12:30:58"_s << u"鳩時計の音 x1 at 12:30:59"_s;
+}
+
 void TstChime::AStartInsideTheMinuteSoundsAtTheFirstTick() {
-    Bench bench(u"12:00:40"_s);
+    QFETCH(QString, start);
+    QFETCH(QString, played);
+    Bench bench(start);
     bench.time.Advance(5 * kSecond);
-    QCOMPARE(bench.played, QStringList{u"鳩時計の音 x12 at 12:00:41"_s});
+    QCOMPARE(bench.played, QStringList{played});
 }
 
 void TstChime::SwitchingOnInsideAHandledMinuteStaysSilentOnPurpose() {
