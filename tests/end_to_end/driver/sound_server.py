@@ -5,6 +5,7 @@ The server is PulseAudio with a sink that writes to a pipe. A stream in the sink
 sample; before, between and after streams the sink writes silence.
 """
 
+import fcntl
 import os
 import select
 import subprocess
@@ -15,6 +16,8 @@ from pathlib import Path
 from driver.waiting import wait_for
 
 SINK = "test"
+AHEAD = 150  # ms that a program is to hand on ahead, as far as its own devices last: a busy machine is late now and then
+PIPE = 1 << 20  # bytes; the usual pipe is full in a moment
 
 
 class SoundServer:
@@ -25,7 +28,8 @@ class SoundServer:
         self._folder = Path(tempfile.mkdtemp(prefix="sound-", dir=session.directory))
         self._fifo = self._folder / "fifo"
         self.environment = {"PULSE_SERVER": f"unix:{self._folder / 'socket'}",
-                            "PULSE_COOKIE": str(self._folder / "cookie"), "SDL_AUDIODRIVER": "pulseaudio"}
+                            "PULSE_COOKIE": str(self._folder / "cookie"), "SDL_AUDIODRIVER": "pulseaudio",
+                            "PULSE_LATENCY_MSEC": str(AHEAD)}
         self._environment = self.environment | {"XDG_RUNTIME_DIR": str(self._folder), "HOME": str(self._folder),
                                                 "DBUS_SESSION_BUS_ADDRESS": "disabled:"}  # several on one bus quarrel
         self._server = session.spawn(self._command(), environment=self._environment)
@@ -75,6 +79,7 @@ class SoundServer:
     def _record(self):
         """The pipe has to be emptied all the time: what the sink cannot write is lost."""
         descriptor = os.open(self._fifo, os.O_RDONLY | os.O_NONBLOCK)
+        fcntl.fcntl(descriptor, fcntl.F_SETPIPE_SZ, PIPE)
         try:
             while not self._ending.is_set():
                 if select.select([descriptor], [], [], 0.1)[0]:
