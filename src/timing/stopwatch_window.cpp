@@ -53,8 +53,11 @@ void StopForm::LayOut() {
     above->addWidget(m_Command2, 1);
     auto* below = new QHBoxLayout;
     below->addStretch(1);
-    below->addWidget(m_Command3);
-    below->addWidget(m_Command4);
+    for (QPushButton* button : {m_Command3, m_Command4}) {
+        // Kanji and kana can come from fonts of different heights: as high as the row all the same.
+        button->setSizePolicy(QSizePolicy::Minimum, QSizePolicy::Minimum);
+        below->addWidget(button);
+    }
     auto* all = new QVBoxLayout(this);
     all->addLayout(above);
     all->addWidget(m_Text1, 1);

@@ -55,6 +55,7 @@ private Q_SLOTS:
     void AFailingButtonIsReported();
     void AMissingFolderIsToldAndTheWindowStillOpens();
     void TheKeyboardDoesItAll();
+    void ButtonsSideBySideAreOfOneHeightWhateverTheirFonts();
     void EachControlHasItsName();
 };
 
@@ -254,6 +255,18 @@ void TstStopwatchWindow::TheKeyboardDoesItAll() {
     }
     QCOMPARE(order, (QStringList{u"Command1"_s, u"Command2"_s, u"Text1"_s, u"Command3"_s, u"Command4"_s}));
     QVERIFY(bench.List().tabChangesFocus());
+}
+
+void TstStopwatchWindow::ButtonsSideBySideAreOfOneHeightWhateverTheirFonts() {
+    Bench bench;
+    auto& print = bench.The<StopForm, QPushButton>("Command3");
+    QFont high = print.font();
+    high.setPointSizeF(high.pointSizeF() * 2);
+    print.setFont(high);
+    bench.Form().layout()->activate();
+    const QRect help = bench.The<StopForm, QPushButton>("Command4").geometry();
+    QCOMPARE(help.top(), print.geometry().top());
+    QCOMPARE(help.height(), print.geometry().height());
 }
 
 void TstStopwatchWindow::EachControlHasItsName() {
