@@ -1,6 +1,7 @@
 #!/usr/bin/python3
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""TICKWELL_PROGRAM=… take_pictures.py: takes the pictures of the documents anew, from the running program."""
+"""TICKWELL_PROGRAM=… TICKWELL_MAKE_DISCS=… take_pictures.py: takes the pictures of the documents anew, from the running
+program."""
 
 import sys
 from pathlib import Path
@@ -9,7 +10,9 @@ HERE = Path(__file__).resolve().parent
 sys.path.insert(0, str(HERE.parents[1] / "tests/end_to_end"))
 
 from driver.desktop import Session  # noqa: E402
-from driver.tickwell import main_window, start_tickwell, wait_lines, wait_on_screen  # noqa: E402
+from driver.disc_sound import make_discs  # noqa: E402
+from driver.tickwell import start_tickwell, wait_lines, wait_on_screen  # noqa: E402
+from driver.tool_windows import button, choose, wait_window  # noqa: E402
 from driver.virtual_time import VirtualTime  # noqa: E402
 from driver.waiting import steady  # noqa: E402
 
@@ -43,6 +46,7 @@ def main():
         session.hand.key("Escape")
     for picture, item, title in WINDOWS:
         take_window(picture, item, title)
+    take_cd_player()
 
 
 def take_window(picture, item, title):
@@ -51,11 +55,31 @@ def take_window(picture, item, title):
         app = start_tickwell(session, virtual_time=time)
         time.advance(11000)
         wait_on_screen(session, app)
-        session.hand.click(main_window(app))
-        session.hand.click(app.wait(role="popup menu", name="メニュー").wait(name=item))
-        window = session.windows.wait(name=title, pid=app.program.pid)
-        steady(lambda: session.grab(tuple(session.windows.geometry(window))).tobytes(), "the window painted")
-        session.screenshot(HERE / picture, tuple(session.windows.geometry(window)))
+        choose(session, app, item)
+        take(session, picture, session.windows.wait(name=title, pid=app.program.pid))
+
+
+def take_cd_player():
+    """The window of the CD player while it plays."""
+    with Session() as session, VirtualTime("2026-11-20T21:04:55") as time:
+        discs = session.directory / "discs"
+        make_discs(discs)
+        app = start_tickwell(session, settings={"SetUp": {"Function": "6"}}, virtual_time=time,
+                             arguments=("--disc", discs / "three_tones.cue"))
+        time.advance(11000)
+        wait_lines(app, upper="全トラック数 3")
+        choose(session, app, "操作ｳｨﾝﾄﾞｳの表示")
+        window = wait_window(app, "CDプレーヤー")
+        session.hand.click(button(window, "再生"))
+        window.wait(role="label", name="再生", showing=True)
+        session.hand.move((1200, 1000))  # a button under the pointer is lit
+        take(session, "cd.png", session.windows.wait(name="CDプレーヤー", pid=app.program.pid))
+
+
+def take(session, picture, window):
+    """A window, by its X id, once it is painted."""
+    steady(lambda: session.grab(tuple(session.windows.geometry(window))).tobytes(), "the window painted")
+    session.screenshot(HERE / picture, tuple(session.windows.geometry(window)))
 
 
 if __name__ == "__main__":
