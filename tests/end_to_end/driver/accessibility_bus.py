@@ -31,4 +31,4 @@ class AccessibilityBus:
         return None
 
     def close(self):
-        self._connection.close_sync(None)
+        dbus_calls.close(self._connection)

@@ -13,6 +13,12 @@ def connect(address):
     return Gio.DBusConnection.new_for_address_sync(address, flags, None, None)
 
 
+def close(connection):
+    """Closes a connection, also one whose bus has gone."""
+    if not connection.is_closed():
+        connection.close_sync(None)
+
+
 def call(connection, place, method, signature="()", *arguments, timeout=CALL_TIMEOUT):
     """Calls a method at a place (owner, path, interface) and returns the tuple that it answers. Raises
     GLib.Error."""

@@ -26,6 +26,7 @@ class Session:
         """`window_manager`: its command, or None to do without. `environment`: further variables for all
         programs."""
         self.programs = []  # those that the test started, in order
+        self.services = {}  # the screen "Xvfb" and the bus "dbus-daemon": for tests that end them
         self._logs = 0
         with ExitStack() as closing:  # what was begun is ended also where the rest fails
             self.directory = Path(tempfile.mkdtemp(prefix="tickwell-"))
@@ -110,7 +111,7 @@ class Session:
             manager = self._program(window_manager)
             closing.callback(manager.stop)
         session_bus = dbus_calls.connect(address)
-        closing.callback(session_bus.close_sync, None)
+        closing.callback(dbus_calls.close, session_bus)
         self._accessibility = AccessibilityBus(session_bus)
         closing.callback(self._accessibility.close)
         if window_manager:
@@ -129,6 +130,7 @@ class Session:
             finally:
                 os.close(write_end)
             closing.callback(service.stop)
+            self.services[service.command[0]] = service
             try:
                 return LineReader(pipe.fileno()).read_line(f"the address of {service.command[0]}")
             except EOFError as error:

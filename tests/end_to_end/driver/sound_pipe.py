@@ -27,6 +27,7 @@ class SoundPipe:
             self.environment["SDL_DISKAUDIODELAY"] = "0"
         self._descriptor = os.open(self._fifo, os.O_RDWR | os.O_NONBLOCK)  # both ends: programs come and go
         self._heard = bytearray()
+        self._taking = threading.Lock()
         self._ending = threading.Event()
         self._listener = threading.Thread(target=self._listen, daemon=True)
         self._listener.start()
@@ -46,7 +47,8 @@ class SoundPipe:
     def take(self, sound, what):
         """Waits until as much sounded as `sound` has, and returns whether it was just that."""
         wait_for(lambda: len(self._heard) >= len(sound), what)
-        heard, self._heard = self._heard, bytearray()
+        with self._taking:
+            heard, self._heard = self._heard, bytearray()
         return heard == sound
 
     def is_open(self, pid):
@@ -56,7 +58,9 @@ class SoundPipe:
     def _listen(self):
         while not self._ending.is_set():
             if select.select([self._descriptor], [], [], 0.1)[0]:
-                self._heard += os.read(self._descriptor, 1 << 16).replace(b"\0", b"")
+                piece = os.read(self._descriptor, 1 << 16).replace(b"\0", b"")
+                with self._taking:
+                    self._heard += piece
 
 
 def sound_of(path):

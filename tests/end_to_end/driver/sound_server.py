@@ -8,6 +8,7 @@ sample; before, between and after streams the sink writes silence.
 import fcntl
 import os
 import select
+import signal
 import subprocess
 import tempfile
 import threading
@@ -32,7 +33,11 @@ class SoundServer:
                             "PULSE_LATENCY_MSEC": str(AHEAD)}
         self._environment = self.environment | {"XDG_RUNTIME_DIR": str(self._folder), "HOME": str(self._folder),
                                                 "DBUS_SESSION_BUS_ADDRESS": "disabled:"}  # several on one bus quarrel
-        self._server = session.spawn(self._command(), environment=self._environment)
+        self._session = session
+        self._start()
+
+    def _start(self):
+        self._server = self._session.spawn(self._command(), environment=self._environment)
         wait_for(self._is_up, "the sound server")
         self._recorded = bytearray()
         self._ending = threading.Event()
@@ -43,7 +48,22 @@ class SoundServer:
         """Ends the server and the recording. Closing it again does nothing."""
         self._ending.set()
         self._recorder.join()
+        self.go_on()
         self._server.stop()
+
+    def restart(self):
+        """The same server once more, after its end, with a new recording."""
+        self.close()
+        self._fifo.unlink(missing_ok=True)
+        self._start()
+
+    def hang(self):
+        """Takes connections from here on, and answers nothing."""
+        os.kill(self._server.pid, signal.SIGSTOP)
+
+    def go_on(self):
+        if self._server.exit_code is None:
+            os.kill(self._server.pid, signal.SIGCONT)
 
     def kill(self):
         """Ends the server alone, as a crash would."""

@@ -35,7 +35,10 @@ class XWindows:
         self._root = self._display.screen().root
 
     def close(self):
-        self._display.close()
+        try:
+            self._display.close()
+        except error.ConnectionClosedError:
+            pass  # the screen has gone before
 
     def window_manager_answers(self):
         """Whether a window that is mapped now is taken in. A manager says that it is there a moment before, and a
