@@ -1,25 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/media.h"
 
-#include <QCoreApplication>
-#include <QDir>
-#include <QFileInfo>
-
 namespace tickwell {
 
-using namespace Qt::StringLiterals;
-
-QString DiscHelperPath(const QString& executableFolder) {
-    const QString beside = executableFolder + u"/tickwell-cd";
-    return QFileInfo::exists(beside)
-               ? beside
-               : QDir::cleanPath(executableFolder + u"/" TICKWELL_HELPERS "/tickwell-cd");
-}
-
 Media::Media(const MediaParts& parts)
-    : m_drive(parts.realTimers, parts.sound, DiscHelperPath(QCoreApplication::applicationDirPath()),
-              parts.disc),
-      m_system({{m_drive, m_drive, parts.sound, parts.realTimers, parts.wait},
+    : m_system({{parts.drive, parts.playback, parts.sound, parts.realTimers, parts.wait},
                 parts.boxes,
                 parts.handlers,
                 parts.timers,

@@ -3,12 +3,8 @@
 
 #include "media/media_system.h"
 #include "media/sound_playback.h"
-#include "platform/cd_helper_drive.h"
 
 namespace tickwell {
-
-/// The program that reads discs: beside the binary, else where it is installed. An absolute path.
-QString DiscHelperPath(const QString& executableFolder);
 
 /// What sound and discs work with; all outlive them.
 struct MediaParts {
@@ -18,12 +14,13 @@ struct MediaParts {
     EventWait& wait;
     MessageBoxes& boxes;
     Handlers& handlers;
+    CdDrive& drive;
+    CdPlayback& playback;
     bool& tellsNoCdDrive;  ///< as in the settings
     QString folder;        ///< the program's, absolute
-    QString disc;          ///< a drive or an image; empty for the machine's own drive
 };
 
-/// Sound and discs of the program, on the real drive and the real sound output.
+/// Sound and discs of the program, put together.
 class Media {
 public:
     explicit Media(const MediaParts& parts);
@@ -35,7 +32,6 @@ public:
     SoundPlayback& Sounds() { return m_playback; }
 
 private:
-    CdHelperDrive m_drive;
     MediaSystem m_system;
     WaveMix m_mix;
     SoundState m_soundState;

@@ -4,15 +4,12 @@
 #include <QString>
 #include <memory>
 
-#include "app/media.h"
 #include "app/options.h"
 #include "app/program_icon.h"
+#include "app/running_program.h"
 #include "app/single_instance.h"
-#include "app/startup.h"
-#include "app/windows.h"
-#include "core/handlers.h"
 #include "core/ports/autostart.h"
-#include "display/main_window.h"
+#include "platform/cd_helper_drive.h"
 #include "platform/desktop_programs.h"
 #include "platform/power_supplies.h"
 #include "platform/proc_memory.h"
@@ -29,8 +26,8 @@
 
 namespace tickwell {
 
-/// The whole program: it builds ports, state and main window, hands them down by reference, and opens windows
-/// on request. One instance, made by main.
+/// The whole program on a real machine: it builds ports and state, starts up, and hands both to what then
+/// runs. One instance, made by main.
 class Program : public QObject {
     Q_OBJECT
 
@@ -43,10 +40,8 @@ public:
 private:
     void ShowIcon();
     void Start();
-    TimingParts Timing(const Clock& clock, TimerSource& timers);
-    void ComeForward(bool withMenu);
+    ProgramPorts Ports();
     void Fail(const QString& reason);
-    void SaveForSessionEnd();
 
     Options m_options;
     QtMessageBoxes m_boxes;
@@ -63,16 +58,13 @@ private:
     QtPrinter m_printer;
     SdlSoundOutput m_sound;
     QtEventWait m_wait;
-    StopwatchState m_stopwatch;
-    CountdownState m_countdown;
     std::unique_ptr<VirtualTime> m_virtualTime;
     std::unique_ptr<VirtualTimePipe> m_virtualTimePipe;
     std::unique_ptr<SingleInstance> m_instance;
     std::unique_ptr<Autostart> m_autostart;
-    Started m_started;
-    std::unique_ptr<Media> m_media;
-    std::unique_ptr<Windows> m_windows;
-    std::unique_ptr<Form1> m_form;
+    CdHelperDrive m_drive;
+    ProgramState m_state;
+    std::unique_ptr<RunningProgram> m_running;
 };
 
 }  // namespace tickwell

@@ -136,6 +136,13 @@ QString MastersFolder(const QString& executableFolder) {
     return QString();
 }
 
+QString DiscHelperPath(const QString& executableFolder) {
+    const QString beside = executableFolder + u"/tickwell-cd";
+    return QFileInfo::exists(beside)
+               ? beside
+               : QDir::cleanPath(executableFolder + u"/" TICKWELL_HELPERS "/tickwell-cd");
+}
+
 void PrepareFolder(const QString& folder, const QString& masters) {
     if (!QFileInfo::exists(folder)) {
         FillNew(folder, masters);

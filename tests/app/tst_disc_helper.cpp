@@ -2,7 +2,7 @@
 #include <QTemporaryDir>
 #include <QTest>
 
-#include "app/media.h"
+#include "app/program_folder.h"
 #include "support/files.h"
 
 using namespace tickwell;
