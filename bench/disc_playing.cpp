@@ -1,24 +1,34 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// disc_playing HELPER FAKE_DRIVE [SECONDS]: what an audio CD costs. Rests, plays an image, and plays a drive
-// that takes 100 ms a reading and has one sector that cannot be read, each for so many seconds (20 where not
-// given). Prints for each: processor time a minute of this process and of its helper, open devices, and the
-// worst gap of the event loop, that is how long a click could have had to wait. Nothing fails by the clock.
-// Sound goes where SDL_AUDIODRIVER says.
+// disc_playing HELPER FAKE_DRIVE [SECONDS]: what an audio CD costs, with the player's window and the main
+// window's lines. Twice, once with an image and once with a drive that takes 100 ms a reading and has one
+// sector that cannot be read: before it is played, while it plays, and stopped again, for so many seconds
+// each (20 where not given). Prints for each: processor time a minute of this process and of its helper, open
+// devices, and the worst gap of the event loop, that is how long a click could have had to wait. Nothing
+// fails by the clock. Sound goes where SDL_AUDIODRIVER says, the windows to whatever desktop there is.
 
 #include <sys/resource.h>
 
-#include <QCoreApplication>
+#include <QApplication>
 #include <QElapsedTimer>
 #include <QFile>
 #include <QTemporaryDir>
 #include <QTimer>
+#include <QVBoxLayout>
 #include <algorithm>
 #include <cstdio>
 
 #include "discs/test_disc.h"
+#include "display/line_look.h"
+#include "display/moving_word.h"
+#include "media/cd_lines.h"
+#include "media/cd_window.h"
+#include "media/media_system.h"
 #include "platform/cd_helper_drive.h"
+#include "platform/qt_event_wait.h"
 #include "platform/qt_timers.h"
 #include "platform/sdl_sound_output.h"
+#include "platform/system_clock.h"
+#include "support/fake_message_boxes.h"
 #include "support/files.h"
 
 namespace {
@@ -28,8 +38,55 @@ using namespace Qt::StringLiterals;
 
 constexpr int kPulse = 5;           // ms between two looks at the event loop
 constexpr int kUntilClosed = 1000;  // ms in which a stopped disc lets go of its device
+constexpr int kRefresh = 500;       // ms between two readings in the lines
 constexpr int kBadSectorAfter = 5;  // s
 constexpr int kSectorsInSecond = 75;
+constexpr QSize kLine(167, 20);
+
+/// A main window that shows the CD player and nothing else.
+class CdFunction : public DisplayFunctions {
+public:
+    void ChangeFunction(qint32 /*number*/) override {}
+    qint32 GetFuncNumber() const override { return kFunctionCd; }
+};
+
+/// The player with its window and its lines, as the program has them.
+struct Player {
+    Player(const QString& helper, const QString& source) : drive(timers, output, helper, source) {
+        auto* const layout = new QVBoxLayout(&window);
+        for (MovingWord* line : {&upper, &lower}) {
+            line->setFixedSize(kLine);
+            line->setFont(FontOf({u"ＭＳ Ｐゴシック"_s, 10}));
+            layout->addWidget(line);
+        }
+        media.OpenAtStart();
+        window.show();
+        form.show();
+        lines.Show();
+        refresh->Start();
+        while (drive.IsLooking()) {
+            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+        }
+    }
+
+    SystemClock clock;
+    QtTimers timers;
+    SdlSoundOutput output;
+    CdHelperDrive drive;
+    QtEventWait wait;
+    FakeMessageBoxes boxes;
+    Handlers handlers{boxes};
+    bool tellsNoCdDrive = false;
+    MediaSystem media{{{drive, drive, output, timers, wait}, boxes, handlers, timers, tellsNoCdDrive}};
+    FramePacer pacer{clock, timers};
+    QWidget window;
+    MovingWord upper{{clock, timers, pacer}, &window};
+    MovingWord lower{{clock, timers, pacer}, &window};
+    CdFunction function;
+    CdLines lines{media.Player(), {upper, lower}, function};
+    CDForm form{media.Player(), handlers, nullptr};
+    std::unique_ptr<Timer> refresh = timers.Create(kRefresh, [this] { lines.Tick(); });
+};
 
 double ProcessorTime(int who) {
     rusage usage{};
@@ -74,43 +131,45 @@ double TimeOf(Call call) {
     return static_cast<double>(clock.nsecsElapsed()) / 1e6;
 }
 
-void WaitForDisc(CdHelperDrive& drive) {
-    drive.Look();
-    while (drive.IsLooking()) {
-        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
-    }
+struct Costs {
+    double own = 0;  // ms of processor a minute
+    int devices = 0;
+    double worst = 0;  // ms
+};
+
+/// What it costs once a button is pressed, one that does nothing included.
+Costs Measure(Player& player, int button, int seconds) {
+    Costs costs;
+    costs.worst = TimeOf([&] { player.media.Player().Command1_Click(button); });
+    costs.worst = std::max(costs.worst, WatchFor(kUntilClosed));  // a device is opened or closed
+    costs.devices = player.output.OpenDevices();
+    costs.worst = std::max(costs.worst, WatchFor(seconds * 1000));
+    costs.own = RestFor(seconds * 1000);
+    return costs;
 }
 
-/// Plays from the start where there is a disc, and rests where there is none.
-void Measure(const char* name, const QString& source, const QString& helper, int seconds) {
-    QtTimers timers;
-    SdlSoundOutput output;
-    const double before = ProcessorTime(RUSAGE_CHILDREN);
-    double own = 0;
-    double worst = 0;
-    int devices = 0;
-    {
-        CdHelperDrive drive(timers, output, helper, source);
-        if (!source.isEmpty()) {
-            WaitForDisc(drive);
-            worst = TimeOf([&] { drive.Play(0, drive.Picture().contents.leadOut); });
-        }
-        worst = std::max(worst, WatchFor(seconds * 1000));
-        own = RestFor(seconds * 1000);
-        devices = output.OpenDevices();
-        worst = std::max(worst, TimeOf([&] { drive.Stop(); }));
-        worst = std::max(worst, WatchFor(kUntilClosed));
-    }
-    const double helpers = (ProcessorTime(RUSAGE_CHILDREN) - before) * 30 / seconds;
-    std::printf("%-32s %8.1f ms CPU a minute   helper %6.1f   open devices %d   worst gap %6.1f ms\n", name,
-                own, helpers, devices, worst);
+void Print(const QString& name, const Costs& costs, double helpers) {
+    std::printf("%-42s %8.1f ms CPU a minute   helper %6.1f   open devices %d   worst gap %6.1f ms\n",
+                qPrintable(name), costs.own, helpers, costs.devices, costs.worst);
     std::fflush(stdout);
+}
+
+void MeasureDisc(const QString& name, const QString& source, const QString& helper, int seconds) {
+    Player player(helper, source);
+    Print(name + u", before it plays", Measure(player, kCdStop, seconds), 0);
+    const double before = ProcessorTime(RUSAGE_CHILDREN);
+    const Costs playing = Measure(player, kCdPlay, seconds);
+    const Costs stopped = Measure(player, kCdStop, seconds);
+    const double helpers = ProcessorTime(RUSAGE_CHILDREN) - before;  // known once the helper has ended
+    Print(name + u", playing", playing, helpers * 60'000 / (kUntilClosed + 2 * seconds * 1000));
+    Print(name + u", stopped again", stopped, 0);
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
-    const QCoreApplication application(argc, argv);
+    const QApplication application(argc, argv);
+    InstallFontSubstitutes();
     const QStringList words = QCoreApplication::arguments();
     if (words.size() < 3) {
         std::fputs("usage: disc_playing HELPER FAKE_DRIVE [SECONDS]\n", stderr);
@@ -119,9 +178,7 @@ int main(int argc, char** argv) {
     const int seconds = std::max(1, words.value(3, u"20"_s).toInt());
     const QTemporaryDir folder;
     const TestDisc disc = MakeDisc({{440, (2 * seconds + 10) * kSectorsInSecond}});
-    const QString image = WriteCueImage(disc, folder.path(), u"tone"_s);
-    Measure("at rest", QString(), words[1], seconds);
-    Measure("an image", image, words[1], seconds);
+    MeasureDisc(u"an image"_s, WriteCueImage(disc, folder.path(), u"tone"_s), words[1], seconds);
     QFile::link(u"/dev/zero"_s, folder.filePath(u"drive"_s));
     WriteAll(folder.filePath(u"disc"_s),
              folder.filePath(u"tone.bin"_s).toUtf8() + " a0 L" + QByteArray::number(disc.end));
@@ -130,6 +187,6 @@ int main(int argc, char** argv) {
     qputenv("FAKE_DRIVE_DELAY", "100");
     qputenv("FAKE_DRIVE_BAD", QByteArray::number(kBadSectorAfter * kSectorsInSecond));
     qputenv("LD_PRELOAD", words[2].toUtf8());
-    Measure("a slow drive with a bad sector", folder.filePath(u"drive"_s), words[1], seconds);
+    MeasureDisc(u"a slow drive, a bad sector"_s, folder.filePath(u"drive"_s), words[1], seconds);
     return 0;
 }
