@@ -17,7 +17,7 @@ from pathlib import Path
 from driver.waiting import wait_for
 
 SINK = "test"
-AHEAD = 150  # ms that a program is to hand on ahead, as far as its own devices last: a busy machine is late now and then
+AHEAD = 150  # ms that programs hand on ahead: a busy machine is late now and then
 PIPE = 1 << 20  # bytes; the usual pipe is full in a moment
 
 
