@@ -2,6 +2,7 @@
 #include "app/options.h"
 
 #include <QCommandLineParser>
+#include <QFileInfo>
 
 namespace tickwell {
 
@@ -24,6 +25,11 @@ std::optional<VirtualTimeOption> VirtualTimeOf(const QString& text) {
     const bool good = readIsNumber && writeIsNumber && tickIsNumber && option.wall.isValid() &&
                       option.readFrom > 2 && option.writeTo > 2;
     return good ? std::optional(option) : std::nullopt;
+}
+
+/// From where the program was started, before its own folder becomes the current one.
+QString AbsoluteOf(const QString& path) {
+    return path.isEmpty() ? QString() : QFileInfo(path).absoluteFilePath();
 }
 
 }  // namespace
@@ -58,7 +64,7 @@ Options OptionsOf(const QStringList& arguments) {
         }
     }
     options.folder = parser.value(folder);
-    options.disc = parser.value(disc);
+    options.disc = AbsoluteOf(parser.isSet(disc) ? parser.value(disc) : qEnvironmentVariable("TICKWELL_CD"));
     options.opensMenu = parser.isSet(menu);
     return options;
 }

@@ -18,14 +18,15 @@ struct VirtualTimeOption {
 
 struct Options {
     QString folder;  ///< empty where not given
-    QString disc;    ///< a drive or an image; empty where not given
+    QString disc;  ///< a drive or an image, absolute; empty where neither argument nor environment names one
     bool opensMenu = false;
     std::optional<VirtualTimeOption> virtualTime;
     QString answer;  ///< to be printed instead of starting; empty otherwise
     QString error;   ///< what is wrong with the arguments; empty where nothing is
 };
 
-/// `arguments` as QCoreApplication::arguments gives them, the program's name first.
+/// `arguments` as QCoreApplication::arguments gives them, the program's name first. TICKWELL_CD in the
+/// environment names a disc as well.
 Options OptionsOf(const QStringList& arguments);
 
 }  // namespace tickwell

@@ -25,17 +25,13 @@ FolderChoices ChoicesFor(const Options& options) {
             QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation)};
 }
 
-QString DiscFor(const Options& options) {
-    return options.disc.isEmpty() ? qEnvironmentVariable("TICKWELL_CD") : options.disc;
-}
-
 }  // namespace
 
 Program::Program(const Options& options)
     : m_options(options),
       m_handlers(m_boxes),
       m_iconTimer(m_qtTimers.Create(kIconDelay, [this] { ShowIcon(); })),
-      m_drive(m_qtTimers, m_sound, DiscHelperPath(QCoreApplication::applicationDirPath()), DiscFor(options)) {
+      m_drive(m_qtTimers, m_sound, DiscHelperPath(QCoreApplication::applicationDirPath()), options.disc) {
     m_iconTimer->Start();
     if (options.virtualTime) {
         m_virtualTime = std::make_unique<VirtualTime>(options.virtualTime->wall, options.virtualTime->tick);

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include <QDir>
 #include <QTest>
 
 #include "app/options.h"
@@ -13,6 +14,7 @@ class TstOptions : public QObject {
 private Q_SLOTS:
     void NothingIsFine();
     void TheFolderIsTaken();
+    void TheDiscIsTaken_data();
     void TheDiscIsTaken();
     void TheMenuCanBeAskedFor();
     void HelpAndVersionAreAnswered();
@@ -34,9 +36,27 @@ void TstOptions::TheFolderIsTaken() {
     QCOMPARE(OptionsOf({u"tickwell"_s, u"--folder=rel"_s}).folder, u"rel"_s);
 }
 
+void TstOptions::TheDiscIsTaken_data() {
+    QTest::addColumn<QString>("argument");
+    QTest::addColumn<QString>("environment");
+    QTest::addColumn<QString>("disc");
+    const QString here = QDir::currentPath();
+    QTest::newRow("none") << u""_s << u""_s << u""_s;
+    QTest::newRow("argument") << u"--disc=/a b.cue"_s << u""_s << u"/a b.cue"_s;
+    QTest::newRow("environment") << u""_s << u"/dev/sr1"_s << u"/dev/sr1"_s;
+    QTest::newRow("the argument first") << u"--disc=/a.cue"_s << u"/dev/sr1"_s << u"/a.cue"_s;
+    QTest::newRow("an argument from here") << u"--disc=a.cue"_s << u""_s << here + u"/a.cue"_s;
+    QTest::newRow("an environment from here") << u""_s << u"discs/a.nrg"_s << here + u"/discs/a.nrg"_s;
+}
+
 void TstOptions::TheDiscIsTaken() {
-    QCOMPARE(OptionsOf({u"tickwell"_s}).disc, QString());
-    QCOMPARE(OptionsOf({u"tickwell"_s, u"--disc"_s, u"/a b.cue"_s}).disc, u"/a b.cue"_s);
+    QFETCH(QString, argument);
+    QFETCH(QString, environment);
+    QVERIFY(qputenv("TICKWELL_CD", environment.toUtf8()));
+    const QStringList arguments = argument.isEmpty() ? QStringList() : QStringList{argument};
+    const QString disc = OptionsOf(QStringList{u"tickwell"_s} + arguments).disc;
+    QVERIFY(qunsetenv("TICKWELL_CD"));
+    QTEST(disc, "disc");
 }
 
 void TstOptions::TheMenuCanBeAskedFor() {

@@ -34,10 +34,10 @@ class Images(CdCase):
             before = len(sounding(disc.sound[:start]))
             self.assertAlmostEqual(hertz(recording[before:before + 2 * SECOND]), tone, delta=2)
 
-    def test_every_kind_of_image(self):
+    def test_every_kind_of_image_named_from_where_it_lies(self):
         disc = self.discs["three_tones"]
         for count, image in enumerate(("three_tones_toc.toc", "three_tones.nrg"), start=1):
-            self.start(self.folder / image)
+            self.start(image, cwd=self.folder)
             self.wait_total(3, "0:12")
             self.press(NEXT)
             self.press(NEXT)

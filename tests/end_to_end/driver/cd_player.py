@@ -32,11 +32,11 @@ class CdCase(TickwellCase):
         self.folder = self.session.directory / "discs"
         self.discs = make_discs(self.folder)
 
-    def start(self, source, environment=None):
+    def start(self, source, environment=None, cwd=None):
         """Starts the program on this drive or image, with the player and its window."""
         self.app = start_tickwell(self.session, settings={"SetUp": {"Function": "6", "Clock_Int": "2"}},
                                   arguments=("--disc", source),
-                                  environment=self.server.environment | (environment or {}))
+                                  environment=self.server.environment | (environment or {}), cwd=cwd)
         wait_lines(self.app, upper="Tickwell Ver.2")
         wait_on_screen(self.session, self.app)
         choose(self.session, self.app, TITLE_IN_MENU)
