@@ -9,6 +9,7 @@ function(tickwell_compile_rules target)
     target_compile_definitions(${target} PRIVATE QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_FOREACH
                                                  QT_USE_QSTRINGBUILDER
                                                  QT_DISABLE_DEPRECATED_BEFORE=0x060400)
+    tickwell_harden(${target})
     if(TICKWELL_WARNINGS_AS_ERRORS)
         target_compile_options(${target} PRIVATE -Werror)
     endif()
