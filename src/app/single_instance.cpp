@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/single_instance.h"
 
+#include <sys/socket.h>
 #include <unistd.h>
 
 #include <QCryptographicHash>
@@ -16,7 +17,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kPatience = 3000;  // ms for the first process to answer; it may be starting up itself
+constexpr int kPatience = 3000;      // ms for the first process to answer; it may be starting up itself
+constexpr qint64 kLongestWord = 16;  // bytes; what is longer is none of ours
+constexpr qsizetype kMostGuests = 8;
 constexpr auto kForward = "forward\n";
 constexpr auto kMenu = "menu\n";
 
@@ -29,6 +32,15 @@ QString SocketPath(const QString& folder) {
     return u"%1/tickwell-%2-%3"_s.arg(runtime.isEmpty() ? QDir::tempPath() : runtime)
         .arg(getuid())
         .arg(QLatin1StringView(hash));
+}
+
+/// Whether the process at the other end is this user's. Among the temporary files anybody may make a socket,
+/// and who is refused nothing gets into every folder.
+bool IsOwnUsers(const QLocalSocket& socket) {
+    ucred peer{};
+    socklen_t size = sizeof(peer);
+    const auto descriptor = static_cast<int>(socket.socketDescriptor());
+    return getsockopt(descriptor, SOL_SOCKET, SO_PEERCRED, &peer, &size) == 0 && peer.uid == getuid();
 }
 
 }  // namespace
@@ -57,7 +69,7 @@ bool SingleInstance::Acquire() {
 bool SingleInstance::CallFirst(bool withMenu) const {
     QLocalSocket socket;
     socket.connectToServer(m_socket);
-    if (!socket.waitForConnected(kPatience)) {
+    if (!socket.waitForConnected(kPatience) || !IsOwnUsers(socket)) {
         return false;
     }
     socket.write(withMenu ? kMenu : kForward);
@@ -68,13 +80,33 @@ bool SingleInstance::CallFirst(bool withMenu) const {
 void SingleInstance::Answer() {
     while (QLocalSocket* socket = m_server.nextPendingConnection()) {
         connect(socket, &QLocalSocket::disconnected, socket, &QObject::deleteLater);
-        connect(socket, &QLocalSocket::readyRead, this, [this, socket] {
-            const QByteArray word = socket->readLine();
-            socket->disconnectFromServer();
-            if (word == kForward || word == kMenu) {
-                Q_EMIT Called(word == kMenu);
-            }
-        });
+        if (!IsOwnUsers(*socket)) {
+            socket->abort();
+            continue;
+        }
+        socket->setReadBufferSize(kLongestWord);
+        connect(socket, &QLocalSocket::readyRead, this, [this, socket] { Hear(*socket); });
+        MakeRoom();
+        m_guests.append(socket);
+    }
+}
+
+/// Whoever connects and says nothing makes way for those who come later.
+void SingleInstance::MakeRoom() {
+    m_guests.removeAll(nullptr);
+    while (m_guests.size() >= kMostGuests) {
+        if (QLocalSocket* oldest = m_guests.takeFirst()) {
+            oldest->abort();
+        }
+    }
+}
+
+void SingleInstance::Hear(QLocalSocket& socket) {
+    const QByteArray word = socket.read(kLongestWord);
+    m_guests.removeAll(&socket);
+    socket.abort();  // one word is all that is heard; the rest is thrown away
+    if (word == kForward || word == kMenu) {
+        Q_EMIT Called(word == kMenu);
     }
 }
 

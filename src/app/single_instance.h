@@ -3,6 +3,9 @@
 
 #include <QLocalServer>
 #include <QObject>
+#include <QPointer>
+
+class QLocalSocket;
 
 #include "platform/file_lock.h"
 
@@ -10,6 +13,7 @@ namespace tickwell {
 
 /// One running program a folder. A lock file in the folder decides who is the first; a local socket of the
 /// user's alone carries the one word of a second start to it: to come forward, or to open the menu as well.
+/// Another user's word is not heard, and none is told to another user's program.
 class SingleInstance : public QObject {
     Q_OBJECT
 
@@ -30,11 +34,14 @@ Q_SIGNALS:
 
 private:
     void Answer();
+    void MakeRoom();
+    void Hear(QLocalSocket& socket);
 
     QString m_socket;
     QString m_lockFile;
     FileLock m_lock;
     QLocalServer m_server;
+    QList<QPointer<QLocalSocket>> m_guests;  // who have said nothing yet, the oldest first
 };
 
 }  // namespace tickwell

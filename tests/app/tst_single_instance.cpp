@@ -1,9 +1,18 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include <sys/socket.h>
+#include <sys/stat.h>
+#include <sys/un.h>
+
 #include <QDir>
 #include <QLocalSocket>
+#include <QScopeGuard>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
+#include <algorithm>
+#include <cstring>
+#include <memory>
+#include <vector>
 
 #include "app/single_instance.h"
 #include "core/errors.h"
@@ -11,6 +20,27 @@
 
 using namespace tickwell;
 using namespace Qt::StringLiterals;
+
+namespace {
+
+sockaddr_un AddressOf(const QByteArray& path) {
+    sockaddr_un address{};
+    address.sun_family = AF_UNIX;
+    std::memcpy(static_cast<char*>(address.sun_path), path.constData(),
+                static_cast<std::size_t>(path.size()));
+    return address;
+}
+
+/// Connects and says a word; without the toolkit, which a child that is somebody else cannot use.
+bool Say(const QByteArray& path, const char* word) {
+    const int descriptor = socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
+    const sockaddr_un address = AddressOf(path);
+    const auto size = static_cast<ssize_t>(std::strlen(word));
+    return connect(descriptor, reinterpret_cast<const sockaddr*>(&address), sizeof(address)) == 0 &&
+           write(descriptor, word, std::strlen(word)) == size;
+}
+
+}  // namespace
 
 /// One running program a folder.
 class TstSingleInstance : public QObject {
@@ -22,11 +52,21 @@ private Q_SLOTS:
     void OtherFoldersHaveTheirOwn();
     void TheSocketIsTheUsersAlone();
     void OtherWordsAreNoCall();
+    void AnEndlessWordIsNoCall();
+    void WhoSaysNothingHoldsNothing();
+    void AnotherUsersWordIsNotHeard();
+    void NothingIsToldToAnotherUser();
     void WithoutAFirstNobodyAnswers();
     void AFolderThatTakesNoFileIsAnError();
     void AKilledFirstLeavesNoTrace();
 
 private:
+    /// The one socket that is there.
+    QString Socket() const {
+        const QFileInfoList sockets = QDir(m_runtime.path()).entryInfoList(QDir::System);
+        return sockets.size() == 1 ? sockets.constFirst().filePath() : QString();
+    }
+
     QTemporaryDir m_runtime;
 };
 
@@ -81,6 +121,99 @@ void TstSingleInstance::OtherWordsAreNoCall() {
     }
     QCOMPARE(calls.at(0).constFirst().toBool(), false);
     QCOMPARE(calls.at(1).constFirst().toBool(), true);
+}
+
+void TstSingleInstance::AnEndlessWordIsNoCall() {
+    const QTemporaryDir folder;
+    SingleInstance first(folder.path());
+    QVERIFY(first.Acquire());
+    const QSignalSpy calls(&first, &SingleInstance::Called);
+    for (const QByteArray& word :
+         {QByteArray(1'000'000, 'x'), "forward\n"_ba.repeated(100'000), "forward\nmenu\n"_ba}) {
+        QLocalSocket socket;
+        socket.connectToServer(Socket());
+        QVERIFY(socket.waitForConnected());
+        socket.write(word);
+        QTRY_COMPARE(socket.state(), QLocalSocket::UnconnectedState);
+    }
+    QCOMPARE(calls.size(), 0);
+}
+
+void TstSingleInstance::WhoSaysNothingHoldsNothing() {
+    const QTemporaryDir folder;
+    SingleInstance first(folder.path());
+    QVERIFY(first.Acquire());
+    const QSignalSpy calls(&first, &SingleInstance::Called);
+    std::vector<std::unique_ptr<QLocalSocket>> silent;
+    for (int i = 0; i < 100; ++i) {
+        silent.push_back(std::make_unique<QLocalSocket>());
+        silent.back()->connectToServer(Socket());
+        QVERIFY(silent.back()->waitForConnected());
+        QCoreApplication::processEvents();
+    }
+    const auto held = [&silent] {
+        return std::count_if(silent.begin(), silent.end(), [](const auto& socket) {
+            return socket->state() == QLocalSocket::ConnectedState;
+        });
+    };
+    QTRY_VERIFY(held() <= 8);
+    QLocalSocket caller;
+    caller.connectToServer(Socket());
+    QVERIFY(caller.waitForConnected());
+    caller.write("menu\n");
+    QTRY_COMPARE(calls.size(), 1);
+}
+
+void TstSingleInstance::AnotherUsersWordIsNotHeard() {
+    if (geteuid() != 0) {
+        QSKIP("only root can become another user");
+    }
+    const QTemporaryDir folder;
+    SingleInstance first(folder.path());
+    QVERIFY(first.Acquire());
+    const QSignalSpy calls(&first, &SingleInstance::Called);
+    const QByteArray path = QFile::encodeName(Socket());
+    // As if nothing but the look at who it is stood between.
+    QCOMPARE(chmod(path.constData(), 0777), 0);
+    QCOMPARE(chmod(QFile::encodeName(m_runtime.path()).constData(), 0777), 0);
+    QCOMPARE(InChild([&path] { return BecomeNobody() && Say(path, "menu\n") ? 0 : 1; }), 0);
+    QLocalSocket own;  // comes later: by its end the other one was looked at
+    own.connectToServer(Socket());
+    QVERIFY(own.waitForConnected());
+    own.write("forward\n");
+    QTRY_COMPARE(calls.size(), 1);
+    QCOMPARE(calls.at(0).constFirst().toBool(), false);
+}
+
+void TstSingleInstance::NothingIsToldToAnotherUser() {
+    if (geteuid() != 0) {
+        QSKIP("only root can become another user");
+    }
+    const QTemporaryDir folder;
+    QString path;
+    {
+        SingleInstance first(folder.path());
+        QVERIFY(first.Acquire());
+        path = Socket();
+    }
+    QCOMPARE(chmod(QFile::encodeName(m_runtime.path()).constData(), 0777), 0);
+    // Another user lies in wait under the name that the first start would have.
+    const int listener = socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
+    const auto closed = qScopeGuard([listener] { close(listener); });
+    const uid_t self = geteuid();
+    QCOMPARE(seteuid(65534), 0);
+    const sockaddr_un address = AddressOf(QFile::encodeName(path));
+    const bool listens = bind(listener, reinterpret_cast<const sockaddr*>(&address), sizeof(address)) == 0 &&
+                         listen(listener, 5) == 0;
+    QCOMPARE(seteuid(self), 0);
+    QVERIFY(listens);
+    QVERIFY(!SingleInstance(folder.path()).CallFirst(true));
+    const int heard = accept(listener, nullptr, nullptr);
+    QVERIFY(heard >= 0);
+    char byte = 0;
+    QCOMPARE(read(heard, &byte, 1), 0);  // it was looked at, and left without a word
+    close(heard);
+    unlink(QFile::encodeName(path).constData());
 }
 
 void TstSingleInstance::WithoutAFirstNobodyAnswers() {
