@@ -29,7 +29,9 @@ DateFrame::DateFrame(const QString& caption, const DateNames& names, QWidget* pa
         m_parts.at(i) = Named(new UpDown(names.texts.at(i).toString(), part.first, part.last, this),
                               names.upDowns.at(i).toString(), caption + partCaption);
         row->addWidget(m_parts.at(i));
-        row->addWidget(Named(new QLabel(partCaption), names.labels.at(i).toString()));
+        auto* label = Named(new QLabel(partCaption), names.labels.at(i).toString());
+        label->setTextFormat(Qt::PlainText);
+        row->addWidget(label);
     }
     row->addStretch();
 }

@@ -41,6 +41,7 @@ void Form10::MakeControls() {
                             kLines * fontMetrics().height());
     label1->setBuddy(m_List1);
     m_Label2 = Named(new QLabel, u"Label2"_s);
+    m_Label2->setTextFormat(Qt::PlainText);
     m_Command1 = Named(new QPushButton(u"削除"_s), u"Command1"_s);
     m_Command1->setDefault(true);
     m_Command2 = Named(new QPushButton(u"ｷｬﾝｾﾙ"_s), u"Command2"_s);

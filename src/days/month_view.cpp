@@ -45,6 +45,7 @@ MonthView::MonthView(QWidget* parent) : QWidget(parent) {
     for (int column = 0; column < kGridColumns; ++column) {
         auto* label = Named(new QLabel(empty.At(column).caption, this), NameOf(column),
                             empty.At(column).caption + u"曜日");
+        label->setTextFormat(Qt::PlainText);
         label->setAlignment(Qt::AlignCenter);
         layout->addWidget(label, 0, column);
         m_weekdays.at(static_cast<std::size_t>(column)) = label;

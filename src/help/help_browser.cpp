@@ -3,6 +3,7 @@
 
 #include <QAbstractTextDocumentLayout>
 #include <QFontInfo>
+#include <QImage>
 #include <QScopedValueRollback>
 #include <QScrollBar>
 #include <QTextDocument>
@@ -134,8 +135,15 @@ void HelpBrowser::Reveal(const QTextCursor& cursor) {
     Q_EMIT PositionChanged();
 }
 
-QVariant HelpBrowser::loadResource(int /*type*/, const QUrl& /*name*/) {
-    return QByteArray();  // without an answer the document would open the file by itself
+/// Without an answer the document would open the file by itself, and so it does for a picture that has no
+/// pixel.
+QVariant HelpBrowser::loadResource(int type, const QUrl& /*name*/) {
+    if (type != QTextDocument::ImageResource) {
+        return QByteArray();
+    }
+    QImage nothing(1, 1, QImage::Format_ARGB32);
+    nothing.fill(Qt::transparent);
+    return nothing;
 }
 
 void HelpBrowser::resizeEvent(QResizeEvent* event) {

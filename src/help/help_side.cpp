@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "help/help_side.h"
 
+#include <QTextDocument>
 #include <QVBoxLayout>
 
 namespace tickwell {
@@ -38,7 +39,8 @@ QWidget* HelpSide::MakeContents(const HelpPage& page) {
         auto* item = parents.isEmpty() ? new QTreeWidgetItem(m_contents, heading.level)
                                        : new QTreeWidgetItem(parents.constLast(), heading.level);
         item->setText(0, heading.title);
-        item->setToolTip(0, heading.title);
+        // A title may have signs in it that would be taken for markup.
+        item->setToolTip(0, Qt::convertFromPlainText(heading.title));
         item->setData(0, kPosition, heading.position);
         parents.append(item);
         m_headings.append(item);

@@ -4,6 +4,8 @@
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTextBlock>
+#include <QTextDocument>
+#include <QTreeWidget>
 
 #include "core/errors.h"
 #include "help/help_desk.h"
@@ -106,6 +108,8 @@ private Q_SLOTS:
     void ABarAcrossIsShownWhereItIsNeeded_data();
     void ABarAcrossIsShownWhereItIsNeeded();
     void NothingElseIsLoaded();
+    void NoPictureIsOpened();
+    void TitlesInTheContentsAreNeverMarkup();
     void TheKeyboardGoesFromPaneToPane();
     void EveryControlHasAName();
     void EscCloses();
@@ -430,6 +434,41 @@ void TstHelpWindow::NothingElseIsLoaded() {
          {QTextDocument::HtmlResource, QTextDocument::ImageResource, QTextDocument::StyleSheetResource}) {
         QVERIFY(bench.Text().document()->resource(type, url).toByteArray().isEmpty());
     }
+}
+
+/// The toolkit looks for pictures in more than one way, and paints the room that one would have.
+void TstHelpWindow::NoPictureIsOpened() {
+    Bench bench;
+    const QString path = bench.dir.filePath(u"picture.png"_s);
+    QImage picture(40, 300, QImage::Format_RGB32);
+    picture.fill(Qt::red);
+    QVERIFY(picture.save(path));
+    const QByteArray name = path.toUtf8();
+    bench.Write("<h1>Help</h1><h2><a name=\"t\"></a>Topic</h2><p><img src=\"" + name +
+                "\"><img src=\"file://" + name + "\"></p><p style=\"background-image: url(" + name +
+                ")\">Text</p>");
+    bench.Open();
+    QVERIFY(bench.Text().document()->size().height() < 300);
+    const QImage shown = bench.Text().grab().toImage();
+    for (int y = 0; y < shown.height(); ++y) {
+        for (int x = 0; x < shown.width(); ++x) {
+            QVERIFY(shown.pixelColor(x, y) != QColor(Qt::red));
+        }
+    }
+}
+
+void TstHelpWindow::TitlesInTheContentsAreNeverMarkup() {
+    Bench bench;
+    bench.Write("<h1>Help</h1><h2><a name=\"t\"></a>&lt;b&gt;bold&lt;/b&gt; &amp;amp; 7</h2>");
+    bench.Open();
+    const QString title = u"<b>bold</b> &amp; 7"_s;
+    const auto& contents = bench.Find<QTreeWidget>(u"Contents"_s);
+    const QTreeWidgetItem* item = contents.findItems(title, Qt::MatchExactly | Qt::MatchRecursive).value(0);
+    QVERIFY(item != nullptr);
+    QTextDocument shown;  // as a tool tip is shown
+    shown.setHtml(item->toolTip(0));
+    QVERIFY(Qt::mightBeRichText(item->toolTip(0)));
+    QCOMPARE(shown.toPlainText(), title);
 }
 
 void TstHelpWindow::TheKeyboardGoesFromPaneToPane() {
