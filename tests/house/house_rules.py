@@ -30,6 +30,28 @@ TOOLKIT_INCLUDE = re.compile(r"^\s*#\s*include\s*<(Q[A-Za-z0-9]+)>", re.MULTILIN
 NOT_IN_CORE = {"QWidget", "QPainter", "QColor", "QFont", "QImage", "QPixmap", "QAction", "QGuiApplication",
                "QApplication", "QScreen", "QWindow", "QIcon", "QPalette"}
 
+# What starts programs: through these files alone, with a list of words, and never by way of a shell.
+STARTS_PROGRAMS = {"src/platform/desktop_programs.cpp", "src/platform/child_process.cpp"}
+STARTING = re.compile(r"\bQProcess::|\bQProcess\s+\w+[;({]|\bnew QProcess|\bposix_spawnp?\s*\(|\bv?fork\s*\(|"
+                      r"\bexecvp?e?\s*\(|\bexecl[pe]?\s*\(|\bQDesktopServices\b")
+SHELL = re.compile(r"(?<!QLocale::)\bsystem\s*\(|\bpopen\s*\(|\bwordexp\s*\(|\bstartCommand\s*\(|\bsplitCommand\s*\(|"
+                   r"\bposix_spawnp\s*\(|\bexec[vl]p|startDetached\((?![^)]*,)|\bstart\(\s*u\"[^\"]* |"
+                   r"\"(/bin/)?(ba|da)?sh\"")
+
+# Text from outside is never markup. What the help shows is markup of our own; it is loaded from nowhere else.
+MARKUP = re.compile(r"\bsetHtml\(|\binsertHtml\(|\bappendHtml\(|\bsetMarkdown\(|\binsertMarkdown\(|Qt::RichText|"
+                    r"Qt::AutoText|Qt::MarkdownText|\bQTextBrowser\b|\bQErrorMessage\b|\bQWhatsThis\b|setWhatsThis\(|"
+                    r"\bQStaticText\b|\bQMessageBox::(information|question|warning|critical|about)\b|\bQToolTip\b")
+MAY_MARK_UP = {"src/help/help_browser.cpp", "src/help/help_browser.h", "src/help/help_window.cpp"}
+# A label made of a text that stands there shows that text; every other one is told to be plain.
+LABEL = re.compile(r"new QLabel\b(?!\(\s*u\")")
+PLAIN = "setTextFormat(Qt::PlainText)"
+# The one shows a picture, the other is told so in help_window_tools.cpp.
+PLAIN_ALL_THE_SAME = {"src/timing/timer_notice.cpp", "src/help/help_window.cpp"}
+TOOL_TIP = re.compile(r"setToolTip\((?!(\w+, )?(u\"|Qt::convertFromPlainText\(|ToolTipOf\())")
+# Their tips are names that stand in the program.
+NAMES_ITS_CONTROLS = {"src/media/cd_window.cpp", "src/help/help_window_tools.cpp", "src/platform/qt_tray.cpp"}
+
 # The moment of a kill is what this one tests.
 MAY_WAIT = {"tests/days/tst_killed_writer.cpp"}
 
@@ -102,6 +124,46 @@ class HouseRules(unittest.TestCase):
         wrong = [shown(path) for path in cpp_files()
                  for line in path.read_text("utf-8").splitlines()
                  if re.search(r"\bQ_OBJECT\b", line) and line.strip() != "Q_OBJECT"]
+        self.assertEqual(wrong, [])
+
+    def test_programs_are_started_by_a_list_of_words(self):
+        wrong = []
+        for path in cpp_files(("src", "tools")):
+            text = path.read_text("utf-8")
+            wrong += [f"{shown(path)}: {found[0]}" for found in SHELL.finditer(text)]
+            if shown(path) not in STARTS_PROGRAMS:
+                wrong += [f"{shown(path)}: {found[0]}" for found in STARTING.finditer(text)]
+        self.assertEqual(wrong, [])
+
+    def test_a_shell_would_be_seen(self):
+        for code in ('system("ls")', 'std::system(text)', 'popen(a, "r")', 'QProcess::startDetached(line)',
+                     'process.start(u"ls -l"_s)', 'Start(u"/bin/sh", words)', 'execvp(file, words)'):
+            with self.subTest(code):
+                self.assertTrue(SHELL.search(code))
+        for code in ('QProcess process;', 'QProcess::execute(a, b)', 'fork()', 'execv(file, words)'):
+            with self.subTest(code):
+                self.assertTrue(STARTING.search(code))
+        for code in ('QLocale::system().name()', 'QProcess::startDetached(file, words, folder)', 'm_child.Start(a, b)'):
+            with self.subTest(code):
+                self.assertIsNone(SHELL.search(code))
+
+    def test_text_from_outside_is_plain(self):
+        wrong = []
+        for path in cpp_files(("src",)):
+            text = path.read_text("utf-8")
+            if shown(path) not in MAY_MARK_UP:
+                wrong += [f"{shown(path)}: {found[0]}" for found in MARKUP.finditer(text)]
+            if shown(path) not in PLAIN_ALL_THE_SAME and len(LABEL.findall(text)) > text.count(PLAIN):
+                wrong.append(f"{shown(path)}: a label that is not told to be plain")
+            if shown(path) not in NAMES_ITS_CONTROLS:
+                wrong += [f"{shown(path)}: {found[0]}" for found in TOOL_TIP.finditer(text)]
+        self.assertEqual(wrong, [])
+
+    def test_nothing_speaks_to_the_network(self):
+        network = re.compile(r"QTcp|QUdp|QSsl|QNetworkAccess|QNetworkRequest|QHostAddress|\bAF_INET|\bgetaddrinfo\b|"
+                             r"\bQWebSocket|\bQDnsLookup\b")
+        wrong = [f"{shown(path)}: {found[0]}" for path in cpp_files(("src", "tools"))
+                 for found in network.finditer(path.read_text("utf-8"))]
         self.assertEqual(wrong, [])
 
     def test_no_test_waits_for_the_clock(self):
