@@ -135,12 +135,10 @@ void HelpBrowser::Reveal(const QTextCursor& cursor) {
     Q_EMIT PositionChanged();
 }
 
-/// Without an answer the document would open the file by itself, and so it does for a picture that has no
-/// pixel.
-QVariant HelpBrowser::loadResource(int type, const QUrl& /*name*/) {
-    if (type != QTextDocument::ImageResource) {
-        return QByteArray();
-    }
+/// Without an answer the document would open the file by itself, and it takes an answer without a pixel for
+/// none where it wants a picture. It remembers each answer by the name alone, so that what is asked for does
+/// not matter.
+QVariant HelpBrowser::loadResource(int /*type*/, const QUrl& /*name*/) {
     QImage nothing(1, 1, QImage::Format_ARGB32);
     nothing.fill(Qt::transparent);
     return nothing;

@@ -444,9 +444,10 @@ void TstHelpWindow::NoPictureIsOpened() {
     picture.fill(Qt::red);
     QVERIFY(picture.save(path));
     const QByteArray name = path.toUtf8();
-    bench.Write("<h1>Help</h1><h2><a name=\"t\"></a>Topic</h2><p><img src=\"" + name +
+    bench.Write("<html><head><link rel=\"stylesheet\" href=\"" + name +
+                "\"></head><body><h1>Help</h1><h2><a name=\"t\"></a>Topic</h2><p><img src=\"" + name +
                 "\"><img src=\"file://" + name + "\"></p><p style=\"background-image: url(" + name +
-                ")\">Text</p>");
+                ")\">Text</p></body></html>");
     bench.Open();
     QVERIFY(bench.Text().document()->size().height() < 300);
     const QImage shown = bench.Text().grab().toImage();
