@@ -128,7 +128,8 @@ void IniDocument::SetValue(const QString& section, const QString& key, const QSt
 
 void IniDocument::InsertLine(qsizetype at, const QByteArray& text) {
     if (at > 0 && !m_lines[at - 1].endsWith('\n')) {
-        m_lines[at - 1] += m_lineEnd;
+        // A file that was cut off in the middle of a line's end has half of it already.
+        m_lines[at - 1] += m_lines[at - 1].endsWith('\r') ? "\n" : m_lineEnd;
     }
     m_lines.insert(at, text + m_lineEnd);
 }

@@ -18,6 +18,7 @@ private Q_SLOTS:
     void AbsentKeysGiveNothing();
     void SettingChangesOneLineAlone_data();
     void SettingChangesOneLineAlone();
+    void ALineEndThatWasCutOffIsMadeWhole();
     void TextsSurviveTheirEscapes_data();
     void TextsSurviveTheirEscapes();
     void HandWrittenBackslashesAreTakenAsMeant();
@@ -114,6 +115,14 @@ void TstIniDocument::SettingChangesOneLineAlone() {
     document.SetValue(u"SetUp"_s, u"Key"_s, u"new"_s);
     QCOMPARE(document.Bytes(), after);
     QCOMPARE(document.Value(u"SetUp"_s, u"Key"_s), std::optional("new"_ba));
+}
+
+/// Found by the fuzzer: the carriage return became a part of the value.
+void TstIniDocument::ALineEndThatWasCutOffIsMadeWhole() {
+    IniDocument document("[SetUp]\r\nA=1\r");
+    document.SetValue(u"SetUp"_s, u"B"_s, u"2"_s);
+    QCOMPARE(document.Bytes(), "[SetUp]\r\nA=1\r\nB=2\r\n"_ba);
+    QCOMPARE(IniDocument(document.Bytes()).Value(u"SetUp"_s, u"A"_s), "1"_ba);
 }
 
 void TstIniDocument::TextsSurviveTheirEscapes_data() {

@@ -53,7 +53,9 @@ QList<std::optional<QByteArray>> Values(const IniDocument& document) {
 QByteArrayList Lines(const QByteArray& file) {
     QByteArrayList lines = file.split('\n');
     for (QByteArray& line : lines) {
-        line = line.endsWith('\r') ? line.chopped(1) : line;
+        while (line.endsWith('\r')) {
+            line.chop(1);
+        }
     }
     return lines;
 }
