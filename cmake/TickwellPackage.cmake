@@ -37,9 +37,9 @@ set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 set(CPACK_DEBIAN_COMPRESSION_TYPE xz)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
-# A Japanese font for its texts, one of those that stand in for the one it was made for; the toolkit's dialogs in
-# Japanese; the battery.
-set(CPACK_DEBIAN_PACKAGE_DEPENDS
-    "fonts-monapo | fonts-ipafont-gothic | fonts-ipaexfont-gothic | fonts-takao-gothic | fonts-vlgothic | fonts-noto-cjk")
+# Beside what it is linked to: the sound library, which it loads with the first sound; a Japanese font for its texts,
+# one of those that stand in for the one it was made for; the toolkit's dialogs in Japanese; the battery.
+set(CPACK_DEBIAN_PACKAGE_DEPENDS "libsdl2-2.0-0 (>= 2.0.18), \
+fonts-monapo | fonts-ipafont-gothic | fonts-ipaexfont-gothic | fonts-takao-gothic | fonts-vlgothic | fonts-noto-cjk")
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "qt6-translations-l10n, upower")
 include(CPack)

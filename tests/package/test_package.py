@@ -57,6 +57,11 @@ class Contents(unittest.TestCase):
         changes = gzip.decompress((root / "usr/share/doc/tickwell/changelog.Debian.gz").read_bytes()).decode()
         self.assertTrue(changes.startswith(f"tickwell ({version}) "), changes[:40])
 
+    def test_it_brings_what_it_does_not_name_in_its_binaries(self):
+        depends = field(package, "Depends")
+        self.assertRegex(depends, r"\blibsdl2-2\.0-0\b")  # loaded with the first sound
+        self.assertRegex(depends, r"\bfonts-monapo\b")
+
     def test_the_manual_pages_are_set_without_a_warning(self):
         environment = os.environ | {"LC_ALL": "C.UTF-8", "MANROFFSEQ": "", "MANWIDTH": "80"}
         for page in PAGES:
