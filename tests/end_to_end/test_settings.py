@@ -4,7 +4,6 @@
 import os
 import subprocess
 import unittest
-from pathlib import Path
 
 from driver import processes
 from driver.case import TickwellCase
@@ -279,11 +278,18 @@ class Login(SettingsCase):
         self.quit()
         self.session.spawn(["/usr/bin/python3", "-c", self.LOG_IN, self.entry])
 
-        def programs():
-            found = [Path(f"/proc/{pid}") for pid in processes.marked(self.session.directory)]
-            return [each for each in found if os.readlink(each / "exe") == str(program_path().resolve())]
-        process = wait_for(programs, "the program started at the login")[0]
-        wait_for(lambda: os.readlink(process / "cwd") == str(self.folder), "its folder")
+        wait_for(lambda: self.runs_in(self.folder), "the program started at the login in its folder")
+
+    def runs_in(self, folder):
+        """Whether the program runs with this as its current folder."""
+        expected = str(program_path().resolve()), str(folder)
+        for pid in processes.marked(self.session.directory):
+            try:
+                if (os.readlink(f"/proc/{pid}/exe"), os.readlink(f"/proc/{pid}/cwd")) == expected:
+                    return True
+            except OSError:  # ended meanwhile
+                pass
+        return False
 
     def test_the_box_shows_and_changes_what_holds_at_the_login(self):
         self.start()
