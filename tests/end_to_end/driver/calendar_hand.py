@@ -3,7 +3,7 @@
 
 import sqlite3
 
-from driver.tool_windows import button, choose, press
+from driver.tool_windows import button, choose, press, wait_for_hand
 from driver.waiting import wait_for
 
 CALENDAR = "カレンダー"
@@ -18,10 +18,10 @@ class CalendarHand:
         self._session, self._app = session, app
         choose(session, app, CALENDAR)
         self.window = app.wait(role="dialog", name=CALENDAR, showing=True)
-        session.windows.wait(name=CALENDAR, pid=app.program.pid)
+        wait_for_hand(session, app, CALENDAR)
 
     def close(self):
-        self._session.windows.close_window(self._session.windows.wait(name=CALENDAR, pid=self._app.program.pid))
+        self._session.windows.close_window(wait_for_hand(self._session, self._app, CALENDAR))
         self._app.wait_gone(role="dialog", name=CALENDAR, showing=True)
 
     def choose(self, mode):
@@ -58,9 +58,11 @@ class CalendarHand:
 
 
 def stored(folder):
-    """(names of anniversaries, dates of holidays) in a program folder's database, both in their order."""
+    """(names of anniversaries, dates of holidays) in a program folder's database, both in their order. It is looked
+    through as a whole on the way."""
     database = sqlite3.connect(f"file:{folder}/DayDate.mdb?mode=ro", uri=True)
     try:
+        assert database.execute("PRAGMA integrity_check").fetchall() == [("ok",)]
         names = [name for (name,) in database.execute('SELECT "Name" FROM "Kinenbi" ORDER BY rowid')]
         dates = [date for (date,) in database.execute('SELECT "Date" FROM "Holiday" ORDER BY "Date"')]
         return names, dates

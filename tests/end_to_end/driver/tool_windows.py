@@ -2,6 +2,7 @@
 """The main window's menu, and the controls of the windows that it opens."""
 
 from driver.tickwell import main_window
+from driver.waiting import wait_for
 
 MENU = "メニュー"
 
@@ -15,6 +16,15 @@ def choose(session, app, caption):
 def wait_window(app, title):
     """A window of the program by its title, once it shows."""
     return app.wait(role="dialog", name=title, showing=True)
+
+
+def wait_for_hand(session, app, title):
+    """The X id of a window of the program, once mouse and keyboard reach it. A program that ends meanwhile is told
+    at once."""
+    def found():
+        app.program.check_running()
+        return session.windows.find(title, app.program.pid)
+    return wait_for(found, f"the window {title} on the screen")
 
 
 def button(window, caption):
