@@ -7,6 +7,7 @@
 
 #include "app/program.h"
 #include "display/line_look.h"
+#include "platform/freed_memory.h"
 
 namespace {
 
@@ -31,6 +32,7 @@ bool Answered(int argc, char** argv) {
 }  // namespace
 
 int main(int argc, char** argv) {
+    tickwell::KeepHeapSmall();
     if (Answered(argc, argv)) {
         return 0;
     }

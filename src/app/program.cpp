@@ -8,6 +8,7 @@
 
 #include "app/program_folder.h"
 #include "platform/autostart_file.h"
+#include "platform/freed_memory.h"
 #include "platform/ini_file_store.h"
 
 namespace tickwell {
@@ -20,6 +21,9 @@ namespace {
 // first frame, which comes well before this.
 constexpr int kIconDelay = 1000;
 
+constexpr int kLargestWindowIcon = 128;  // pixels; every window keeps a copy with the window manager
+constexpr int kTidyDelay = 2000;  // ms after a window has gone, so that the next one finds what it left
+
 FolderChoices ChoicesFor(const Options& options) {
     return {options.folder, qEnvironmentVariable("TICKWELL_FOLDER"), QCoreApplication::applicationDirPath(),
             QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation)};
@@ -31,6 +35,7 @@ Program::Program(const Options& options)
     : m_options(options),
       m_handlers(m_boxes),
       m_iconTimer(m_qtTimers.Create(kIconDelay, [this] { ShowIcon(); })),
+      m_tidyTimer(m_qtTimers.Create(kTidyDelay, [this] { Tidy(); })),
       m_drive(m_qtTimers, m_sound, DiscHelperPath(QCoreApplication::applicationDirPath()), options.disc) {
     m_iconTimer->Start();
     if (options.virtualTime) {
@@ -48,7 +53,12 @@ Program::Program(const Options& options)
 
 void Program::ShowIcon() {
     m_iconTimer->Stop();
-    QGuiApplication::setWindowIcon(ProgramIcon());
+    QGuiApplication::setWindowIcon(ProgramIcon(kLargestWindowIcon));
+}
+
+void Program::Tidy() {
+    m_tidyTimer->Stop();
+    ReturnFreedMemory();
 }
 
 int Program::Run() {
@@ -95,8 +105,23 @@ void Program::Start() {
 ProgramPorts Program::Ports() {
     const Clock& clock = m_virtualTime ? static_cast<const Clock&>(*m_virtualTime) : m_systemClock;
     TimerSource& timers = m_virtualTime ? static_cast<TimerSource&>(*m_virtualTime) : m_qtTimers;
-    return {clock,   timers,    m_qtTimers,   m_boxes,   m_handlers, m_power, m_memory, m_tray,
-            m_stack, m_starter, *m_autostart, m_printer, m_sound,    m_wait,  m_drive,  m_drive};
+    return {clock,
+            timers,
+            m_qtTimers,
+            m_boxes,
+            m_handlers,
+            m_power,
+            m_memory,
+            m_tray,
+            m_stack,
+            m_starter,
+            *m_autostart,
+            m_printer,
+            m_sound,
+            m_wait,
+            m_drive,
+            m_drive,
+            [this] { m_tidyTimer->Start(); }};
 }
 
 /// One box, and the end; nothing is saved.

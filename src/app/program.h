@@ -39,6 +39,7 @@ public:
 
 private:
     void ShowIcon();
+    void Tidy();
     void Start();
     ProgramPorts Ports();
     void Fail(const QString& reason);
@@ -49,10 +50,11 @@ private:
     SystemClock m_systemClock;
     QtTimers m_qtTimers;
     std::unique_ptr<Timer> m_iconTimer;
+    std::unique_ptr<Timer> m_tidyTimer;
     ProcMemory m_memory;
     PowerSupplies m_powerSupplies;
     UPower m_power{m_powerSupplies};
-    QtTray m_tray{&ProgramIcon};
+    QtTray m_tray{[] { return ProgramIcon(); }};
     X11Stack m_stack;
     DesktopPrograms m_starter;
     QtPrinter m_printer;

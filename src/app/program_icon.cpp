@@ -1,14 +1,20 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/program_icon.h"
 
-#include <QSize>
+#include <QImageReader>
+#include <QPixmap>
 
 namespace tickwell {
 
-QIcon ProgramIcon() {
+QIcon ProgramIcon(int largest) {
     QIcon icon;
     for (const int size : {16, 22, 24, 32, 48, 64, 128, 256}) {
-        icon.addFile(QStringLiteral(":/icons/tickwell-%1.png").arg(size), QSize(size, size));
+        if (size > largest) {
+            break;
+        }
+        QImageReader reader(QStringLiteral(":/icons/tickwell-%1.png").arg(size), "png");
+        reader.setAutoDetectImageFormat(false);  // or the plugins of all other formats are loaded and asked
+        icon.addPixmap(QPixmap::fromImageReader(&reader));
     }
     return icon;
 }

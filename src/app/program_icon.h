@@ -5,8 +5,7 @@
 
 namespace tickwell {
 
-/// The program's icon in the sizes that it was drawn for, 16 to 256 pixels: for windows, and for the
-/// notification area.
-QIcon ProgramIcon();
+/// The program's icon in the sizes that it was drawn for, 16 to 256 pixels, without those above `largest`.
+QIcon ProgramIcon(int largest = 256);
 
 }  // namespace tickwell

@@ -39,7 +39,8 @@ WindowsParts RunningProgram::PartsOfWindows() {
             m_state.started.further,
             QDir::currentPath(),
             m_media.System().Player(),
-            [&sounds](const QString& name) { sounds.PlayChime(name, 1); }};
+            [&sounds](const QString& name) { sounds.PlayChime(name, 1); },
+            m_ports.windowGone};
 }
 
 MainWindowParts RunningProgram::PartsOfMainWindow() {

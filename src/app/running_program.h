@@ -29,6 +29,7 @@ struct ProgramPorts {
     EventWait& wait;
     CdDrive& drive;
     CdPlayback& playback;
+    std::function<void()> windowGone = [] {};  ///< told of each other window that is no more
 };
 
 /// What the program keeps while it runs; outlives it as well.

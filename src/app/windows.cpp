@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/windows.h"
 
+#include <QApplication>
+
 #include "app/window_placing.h"
 #include "store/compaction.h"
 
@@ -89,6 +91,7 @@ std::unique_ptr<Form2> Windows::MakeSettings() {
 }
 
 void Windows::Place(QWidget& window) {
+    QObject::connect(&window, &QObject::destroyed, qApp, m_parts.gone);
     PlaceNear(window, *m_mainWindow);
     LetThroughModal(window);
 }

@@ -29,6 +29,7 @@ struct WindowsParts {
     QString folder;  ///< the program's, absolute
     CdPlayer& cdPlayer;
     std::function<void(const QString& soundName)> listen;  ///< plays a sound once
+    std::function<void()> gone;                            ///< told of each window that is no more
 };
 
 /// The help, for a window that blocks the others: it can be read meanwhile.

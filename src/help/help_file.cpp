@@ -4,6 +4,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QStringDecoder>
+#include <algorithm>
 
 #include "core/errors.h"
 
@@ -22,7 +23,8 @@ QString ReadHelpFile(const QString& path) {
     if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly)) {
         throw RunTimeError(name + u" を読み込めません。");
     }
-    const QByteArray bytes = file.read(kLargest + 1);
+    const QByteArray bytes =
+        file.read(std::min(file.size(), kLargest) + 1);  // room is made for all that is asked for
     if (bytes.isEmpty() || file.error() != QFileDevice::NoError) {
         throw RunTimeError(name + u" を読み込めません。");
     }
