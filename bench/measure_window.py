@@ -72,14 +72,13 @@ def folder(text):
 def main():
     """Measures, and prints the figures."""
     options = read_options()
-    plan = command_line.plan_from(options, smallest=options.smallest, hook=options.hook,
-                                  hook_at=options.hook_at, environment=dict(options.env),
-                                  home_template=options.home_template)
+    plan = command_line.plan_from(options, environment=dict(options.env), home_template=options.home_template)
     program, *arguments = options.command
     if "/" in program:
         program = os.path.abspath(program)  # it is started in its home
     label = options.label or " ".join(options.command)
-    subject = Subject(label, lambda _: [program, *arguments])
+    subject = Subject(label, lambda _: [program, *arguments], hook=options.hook, hook_at=options.hook_at,
+                      smallest=options.smallest)
 
     starts = []
     windows = []

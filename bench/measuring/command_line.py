@@ -14,9 +14,22 @@ from .repetition import Plan
 BUILD_FOLDER = Path(__file__).resolve().parents[2] / "build" / "dev"
 
 
-def add_plan_options(parser):
-    """Adds the options that plan_from() reads."""
-    defaults = Plan(xwatch=BUILD_FOLDER / "bench" / "xwatch")
+def add_program_option(parser):
+    """Adds the option that names Tickwell."""
+    parser.add_argument("--program", type=program, metavar="FILE",
+                        default=os.environ.get("TICKWELL_PROGRAM") or str(BUILD_FOLDER / "bin" / "tickwell"),
+                        help="Tickwell (default: $TICKWELL_PROGRAM, else that of the dev build)")
+
+
+def add_bare_option(parser):
+    """Adds the option that names the bare window."""
+    parser.add_argument("--bare", type=program, metavar="FILE", default=str(BUILD_FOLDER / "bench" / "bare_window"),
+                        help="the bare window (default: that of the dev build)")
+
+
+def add_plan_options(parser, **defaults):
+    """Adds the options that plan_from() reads. `defaults`: fields of the plan that begin with another value."""
+    defaults = Plan(xwatch=BUILD_FOLDER / "bench" / "xwatch", **defaults)
     parser.add_argument("--settle", type=seconds, default=defaults.settle, metavar="SECONDS",
                         help="from the start to the reading of memory and the window (default: %(default)g)")
     parser.add_argument("--window", type=positive_seconds, default=defaults.window, metavar="SECONDS",

@@ -3,21 +3,30 @@
 
 import time
 from collections.abc import Callable
-from dataclasses import dataclass, field
+from dataclasses import asdict, dataclass, field, replace
 from pathlib import Path
 
 from . import processes
-from .desktop import MANAGER, PROGRAM, SERVER, SERVICES, Desktop, DesktopOptions
+from .desktop import HELPER, MANAGER, PROGRAM, SERVER, SERVICES, Desktop, DesktopOptions
 from .errors import MeasuringError
-from .window_watch import StartWatch, watch_repaints
+from .window_watch import RepaintWatch, StartWatch
+
+
+def _leave_empty(_home):
+    """Of a program that needs no settings."""
 
 
 @dataclass(frozen=True)
 class Subject:
-    """A program to measure. `command_in` is given an empty folder of the repetition, returns the command."""
+    """A program to measure, and how it is brought to what it shall do."""
 
     label: str
-    command_in: Callable[[Path], list]
+    command_in: Callable[[Path], list]  # given an empty folder of the repetition, returns the command
+    furnish: Callable[[Path], None] = _leave_empty  # writes the program's settings into the home it is given
+    beside: tuple = ()  # programs that stand on the desktop before it starts; they are not counted
+    hook: str = ""  # shell command on the same desktop
+    hook_at: float = 5.0  # seconds from the program's start
+    smallest: tuple = (40, 16)  # width and height of the smallest window that counts as the program's
 
 
 @dataclass(frozen=True)
@@ -29,9 +38,6 @@ class Plan:
     window: float = 60.0
     repaints: float = 10.0  # how long repaints are counted after that window; 0 for not at all
     start_timeout: float = 30.0
-    smallest: tuple = (40, 16)  # width and height of the smallest window that counts as the program's
-    hook: str = ""  # shell command on the same desktop
-    hook_at: float = 5.0
     desktop: DesktopOptions = field(default_factory=DesktopOptions)
 
 
@@ -73,16 +79,20 @@ class WindowFigures:
 
 def measure_start(subject, plan):
     """Starts the program, waits until it is painted, and ends it."""
-    with Desktop(plan.desktop) as desktop:
-        return _Run(desktop, subject, plan).start_figures
+    with Run(subject, plan) as run:
+        return run.start_figures
 
 
 def measure_window(subject, plan):
     """Starts the program, lets it settle and looks at it for a while: (StartFigures, WindowFigures)."""
-    with Desktop(plan.desktop) as desktop:
-        run = _Run(desktop, subject, plan)
+    with Run(subject, plan) as run:
         run.settle()
-        return run.start_figures, run.window_figures()
+        run.begin_window()
+        time.sleep(plan.window)
+        figures = run.end_window()
+        if plan.repaints > 0:
+            figures = replace(figures, **asdict(run.begin_repaints().wait()))
+        return run.start_figures, figures
 
 
 @dataclass(frozen=True)
@@ -96,19 +106,84 @@ class _Reading:
     services: processes.Activity
 
 
-class _Run:
-    """A program that runs on a desktop; its first window is there."""
+class Run:
+    """A context: a program on a desktop of its own, from its first painted window until the context is left."""
 
-    def __init__(self, desktop, subject, plan):
-        self._desktop = desktop
+    def __init__(self, subject, plan):
         self._subject = subject
         self._plan = plan
-        folder = desktop.folder / "subject"
+        self._desktop = Desktop(plan.desktop)
+        self._started_at = 0.0
+        self._process = None
+        self._begin = None  # (memory, _Reading) of the window that is open
+        self.start_figures = None
+
+    def __enter__(self):
+        self._desktop.__enter__()
+        try:
+            self._start()
+        except BaseException:
+            self._desktop.__exit__()
+            raise
+        return self
+
+    def __exit__(self, *trouble):
+        self._desktop.__exit__(*trouble)
+
+    def settle(self):
+        """Waits until the plan's window may begin; the hook has run by then."""
+        if self._subject.hook:
+            self.wait_until(self._subject.hook_at)
+            self.act(self._subject.hook)
+        self.wait_until(self._plan.settle)
+
+    def wait_until(self, seconds):
+        """Waits until so many seconds after the program's start."""
+        time.sleep(max(0.0, self._started_at + seconds - time.monotonic()))
+
+    def act(self, command):
+        """Runs a shell command on the same desktop."""
+        try:
+            self._desktop.run(["sh", "-ec", command])
+        except MeasuringError as error:
+            raise self._failure(str(error)) from error
+
+    def memory(self):
+        """What the program holds at this moment."""
+        return processes.memory_of(self._desktop.pids(PROGRAM))
+
+    def begin_window(self):
+        """From here on activity is counted."""
+        self._begin = self.memory(), self._read()
+
+    def end_window(self):
+        """The figures since begin_window."""
+        memory, begin = self._begin
+        end = self._read()
+        after = self.memory()
+        if not self._desktop.pids(PROGRAM):
+            raise self._failure("it ended before its time")
+        return WindowFigures(
+            rss_kib=memory.rss_kib, pss_kib=memory.pss_kib, uss_kib=memory.uss_kib,
+            anonymous_kib=memory.anonymous_kib, peak_rss_kib=after.peak_rss_kib,
+            rss_growth_kib=after.rss_kib - memory.rss_kib, threads=end.program.threads,
+            process_names=self._names(PROGRAM), service_names=self._names(SERVICES), **_rates(begin, end))
+
+    def begin_repaints(self):
+        """From here on repaints are counted, for as long as the plan says; returns who counts them."""
+        return RepaintWatch(self._desktop, self._plan.xwatch, self._plan.repaints)
+
+    def _start(self):
+        folder = self._desktop.folder / "subject"
         folder.mkdir()
-        command = subject.command_in(folder)
-        watch = StartWatch(desktop, plan.xwatch, plan.smallest, plan.start_timeout)
+        self._subject.furnish(self._desktop.home)
+        command = self._subject.command_in(folder)
+        for neighbour in self._subject.beside:
+            self._desktop.start(HELPER, [neighbour])
+            self._desktop.run(["xdotool", "search", "--sync", "--onlyvisible", "--class", neighbour])
+        watch = StartWatch(self._desktop, self._plan.xwatch, self._subject.smallest, self._plan.start_timeout)
         self._started_at = time.monotonic()
-        self._process = desktop.start(PROGRAM, command)
+        self._process = self._desktop.start(PROGRAM, command)
         try:
             first = watch.wait()
         except MeasuringError as error:
@@ -117,40 +192,6 @@ class _Run:
             mapped_ms=1000 * (first.mapped_at - self._started_at),
             painted_ms=1000 * (first.painted_at - self._started_at),
             size=first.size, window_class=first.window_class)
-
-    def settle(self):
-        """Waits until the plan's window begins."""
-        if self._plan.hook:
-            self._wait_until(self._plan.hook_at)
-            self._desktop.run(["sh", "-c", self._plan.hook])
-        self._wait_until(self._plan.settle)
-
-    def window_figures(self):
-        """Counts over the plan's window."""
-        memory = self._memory()
-        begin = self._read()
-        time.sleep(self._plan.window)
-        end = self._read()
-        memory_after = self._memory()
-        figures = {
-            "rss_kib": memory.rss_kib, "pss_kib": memory.pss_kib, "uss_kib": memory.uss_kib,
-            "anonymous_kib": memory.anonymous_kib, "peak_rss_kib": memory_after.peak_rss_kib,
-            "rss_growth_kib": memory_after.rss_kib - memory.rss_kib, "threads": end.program.threads,
-            "process_names": self._names(PROGRAM), "service_names": self._names(SERVICES)}
-        figures.update(_rates(begin, end))
-        if self._plan.repaints > 0:
-            repaints = watch_repaints(self._desktop, self._plan.xwatch, self._plan.repaints)
-            figures.update(repaints_per_s=repaints.bursts, rectangles_per_s=repaints.rectangles,
-                           kilopixels_per_s=repaints.kilopixels)
-        if not self._desktop.pids(PROGRAM):
-            raise self._failure("it ended before its time")
-        return WindowFigures(**figures)
-
-    def _wait_until(self, seconds):
-        time.sleep(max(0.0, self._started_at + seconds - time.monotonic()))
-
-    def _memory(self):
-        return processes.memory_of(self._desktop.pids(PROGRAM))
 
     def _names(self, role):
         return sorted(map(processes.name_of, self._desktop.pids(role)))

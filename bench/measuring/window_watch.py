@@ -24,9 +24,9 @@ class FirstWindow:
 class Repaints:
     """What was repainted on the whole screen, per second."""
 
-    bursts: float  # frames: repaints close together count once
-    rectangles: float
-    kilopixels: float
+    repaints_per_s: float  # frames: repaints close together count once
+    rectangles_per_s: float
+    kilopixels_per_s: float
 
 
 class StartWatch:
@@ -54,10 +54,21 @@ class StartWatch:
                            size=f"{width}x{height}", window_class=" ".join(class_words))
 
 
-def watch_repaints(desktop, xwatch, seconds):
-    """Counts repaints of the desktop's screen for so many seconds."""
-    printed = desktop.run([str(xwatch), "damage", str(int(seconds * 1000))], seconds + _SECONDS_BEYOND)
-    word, *numbers = printed.split()
-    if word != "DAMAGE" or len(numbers) != 3:
-        raise MeasuringError(f"xwatch printed: {printed}")
-    return Repaints(*map(float, numbers))
+class RepaintWatch:
+    """Counts repaints of a desktop's screen from when it was made."""
+
+    def __init__(self, desktop, xwatch, seconds):
+        self._seconds = seconds
+        self._process = desktop.start(HELPER, [str(xwatch), "damage", str(int(seconds * 1000))],
+                                      stdout=subprocess.PIPE, text=True)
+
+    def wait(self):
+        """What was repainted, once the time is over."""
+        try:
+            printed, _ = self._process.communicate(timeout=self._seconds + _SECONDS_BEYOND)
+        except subprocess.TimeoutExpired as error:
+            raise MeasuringError("xwatch did not end") from error
+        word, *numbers = printed.split() or [""]
+        if word != "DAMAGE" or len(numbers) != 3:
+            raise MeasuringError(f"xwatch printed: {printed}")
+        return Repaints(*map(float, numbers))

@@ -1,0 +1,101 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
+"""Tickwell in the scenes in which it is measured."""
+
+import shutil
+import sqlite3
+from collections.abc import Callable
+from dataclasses import dataclass
+from pathlib import Path
+
+from .errors import MeasuringError
+from .repetition import Subject
+
+PROGRAM_FILES = ("DayDate.mdb", "Help.hlp", *(f"TKW{number:02}.wav" for number in range(6)))
+SHOWN_AFTER = 11.0  # seconds: the two start-up delays, after which the function is shown
+ACTS_AFTER = 13.0
+SHORTEST_SETTLE = 20.0  # by then every scene is reached
+
+# Seconds to let a menu or a window come up, on a machine that is busy too.
+MOMENT = "sleep 0.7"
+
+# The window stands in the corner of the screen. A click opens its menu, in which no item is chosen yet; the menu goes
+# round, so that its last items are reached upwards.
+OPEN_MENU = f"xdotool mousemove 80 20 click 1; {MOMENT}"
+_FROM_END = {"store": 4, "settings": 5, "help": 3, "about": 2}
+
+
+def awaits(title):
+    """The shell command that waits for a window to be seen; asked while another one goes, xdotool fails."""
+    return (f"timeout 20 sh -c \"until xdotool search --onlyvisible --name '^{title}$' >/dev/null 2>&1; "
+            "do sleep 0.2; done\"")
+
+
+_OPEN_STOPWATCH = f"{OPEN_MENU}; xdotool key Down Return; {awaits('ストップウォッチ')}; {MOMENT}"
+START_STOPWATCH = f"{_OPEN_STOPWATCH}; xdotool key Return; {MOMENT}; xdotool key Escape; {MOMENT}"
+START_AND_STOP = (f"{_OPEN_STOPWATCH}; xdotool key Return; {MOMENT}; xdotool key Return; {MOMENT}; "
+                  f"xdotool key Escape; {MOMENT}")
+
+
+def choose_from_end(item):
+    """The shell command that opens the menu and chooses one of its last items."""
+    return f"{OPEN_MENU}; xdotool key --repeat {_FROM_END[item]} Up; xdotool key Return; {MOMENT}"
+
+
+STORE = f"{choose_from_end('store')}; ! xdotool search --onlyvisible --name '^Tickwell$'"
+
+
+@dataclass(frozen=True)
+class Scene:
+    """What Tickwell does while it is looked at."""
+
+    title: str
+    settings: tuple = ()  # lines of the section [SetUp]
+    further: str = ""  # more sections
+    hook: str = ""
+    beside: tuple = ()
+    prepare: Callable[[Path], None] = lambda folder: None  # changes the program folder
+
+
+def _name_every_day(folder):
+    """Anniversaries that fall on each day of the year, so that the upper line wipes in something new every ten
+    seconds whatever today is."""
+    try:
+        with sqlite3.connect(folder / "DayDate.mdb") as days:
+            days.executemany('INSERT INTO "Kinenbi"("Name","Year","Month","Day","Week") VALUES (?,0,0,?,0)',
+                             [(name, day) for day in range(1, 32) for name in ("結婚記念日", "開校記念日")])
+        days.close()
+    except sqlite3.Error as error:
+        raise MeasuringError(f"the day database cannot be filled: {error}") from error
+
+
+CLOCK = Scene("clock shown, with seconds", ("Function=0",))
+STOPWATCH = Scene("stopwatch running", ("Function=2",), hook=START_STOPWATCH)
+STOPPED = Scene("stopwatch stopped", ("Function=2",), hook=START_AND_STOP)
+WIPES = Scene("a wipe every ten seconds", ("Function=0",), prepare=_name_every_day)
+QUIET = Scene("nothing due: the old hours, without seconds", ("Function=0",), "[Digital]\nLanguage=2\n")
+HIDDEN = Scene("hidden in the tray", ("Function=0",), hook=STORE, beside=("trayer",))
+HIDDEN_STOPWATCH = Scene("stopwatch running, hidden in the tray", ("Function=2",),
+                         hook=f"{START_STOPWATCH}; {STORE}", beside=("trayer",))
+SCENES = (CLOCK, STOPWATCH, WIPES, QUIET, HIDDEN, HIDDEN_STOPWATCH)
+
+
+def tickwell(program, scene=CLOCK, label="Tickwell"):
+    """Tickwell, each time with a program folder of its own, as it lies beside the binary."""
+
+    def command_in(folder):
+        try:
+            for name in PROGRAM_FILES:
+                shutil.copy(program.parent / name, folder / name)
+        except OSError as error:
+            raise MeasuringError(f"the program folder cannot be copied: {error}") from error
+        scene.prepare(folder)
+        return [str(program), "--folder", str(folder)]
+
+    def furnish(home):
+        settings = home / ".config/TKW2/TKW2.ini"
+        settings.parent.mkdir(parents=True)
+        # Machines that measure have no CD drive; the notice of it would be measured instead of the window.
+        lines = ["[SetUp]", "Win_Left=0", "Win_Top=0", *scene.settings, "[Notice]", "NoCdDrive=False"]
+        settings.write_text("\n".join(lines) + "\n" + scene.further, encoding="utf-8")
+
+    return Subject(label, command_in, furnish, scene.beside, scene.hook, ACTS_AFTER)

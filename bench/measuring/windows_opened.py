@@ -1,0 +1,57 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
+"""What Tickwell's windows leave behind in memory."""
+
+from contextlib import ExitStack
+
+from .repetition import Run
+from .tickwell import ACTS_AFTER, MOMENT, OPEN_MENU, awaits, tickwell
+
+_AT_REST = "sleep 3"  # what goes with a window's end has gone by then
+
+
+def _opens(title, *keys):
+    """Presses the keys and waits for the window of this title."""
+    return f"xdotool key {' '.join(keys)}; {awaits(title)}; {MOMENT}; {MOMENT}"
+
+
+def _from_menu(title, *keys):
+    return f"{OPEN_MENU}; {_opens(title, *keys)}"
+
+
+def _function(*keys):
+    return f"{OPEN_MENU}; xdotool key {' '.join(keys)}; {MOMENT}"
+
+
+_CLOSE = f"xdotool key Escape; {MOMENT}"
+
+# Title, and the commands that open the window, use it a little and close it, begun and left with the clock shown or
+# with the function of the line before. Items that are not to be chosen are passed over by the keys.
+WINDOWS = (
+    ("calendar", (_from_menu("カレンダー", "Down", "Return"), "xdotool key --repeat 12 Next", _CLOSE)),
+    ("calendar with list, editor, deletion, search",
+     (_from_menu("カレンダー", "Down", "Return"), f"xdotool key --repeat 6 shift+Tab; xdotool key Return; {MOMENT}",
+      _opens("記念日の追加", "Tab", "Tab", "Return"), _CLOSE,
+      _opens("記念日の削除", "Tab", "Tab", "Return"), _CLOSE, _opens("記念日の検索", "Tab", "Return"), _CLOSE, _CLOSE)),
+    ("settings", (_from_menu("環境設定", *["Up"] * 4, "Return"), _CLOSE)),
+    ("help", (_from_menu("Tickwell ヘルプ", *["Up"] * 3, "Return"), _CLOSE)),
+    ("about", (_from_menu("Tickwellのﾊﾞｰｼﾞｮﾝ情報", *["Up"] * 2, "Return"), _CLOSE)),
+    ("stopwatch", (_function(*["Down"] * 4, "Return"), _from_menu("ストップウォッチ", "Down", "Return"), _CLOSE)),
+    ("countdown", (_function(*["Down"] * 6, "Return"), _from_menu("タイマー", "Down", "Return"), _CLOSE)),
+    ("CD player", (_function(*["Down"] * 9, "Return"), _from_menu("CDプレーヤー", "Down", "Return"), _CLOSE)),
+    ("clock again", (_function(*["Down"] * 3, "Return"),)),
+)
+
+
+def memory_around_windows(program, plan, runs):
+    """{title: [Memory]}: before any window, and after each was closed, of so many runs side by side."""
+    measured = {}
+    with ExitStack() as desktops:
+        started = [desktops.enter_context(Run(tickwell(program), plan)) for _ in range(runs)]
+        for run in started:
+            run.wait_until(ACTS_AFTER)
+            measured.setdefault("before", []).append(run.memory())
+            for title, commands in WINDOWS:
+                for command in (*commands, _AT_REST):
+                    run.act(command)
+                measured.setdefault(title, []).append(run.memory())
+    return measured
