@@ -8,7 +8,12 @@ file=$2
 work=$(mktemp -d)
 : "${XDG_RUNTIME_DIR:=$work}" # the toolkit complains where no login made one
 export XDG_RUNTIME_DIR
-"$program" &
+# With the user's settings, but without the notice that there is no CD drive: it would be the picture. Of a key that
+# stands twice the first one counts.
+settings=${XDG_CONFIG_HOME:-$HOME/.config}/TKW2/TKW2.ini
+mkdir -p "$work/config/TKW2"
+{ printf '[Notice]\nNoCdDrive=False\n'; [ ! -f "$settings" ] || sed '1s/^\xEF\xBB\xBF//' "$settings"; } >"$work/config/TKW2/TKW2.ini"
+XDG_CONFIG_HOME=$work/config "$program" &
 process=$!
 trap 'kill $process 2>/dev/null || true; rm -rf "$work"' EXIT
 

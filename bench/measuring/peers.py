@@ -53,21 +53,22 @@ date_format=%Y-%m-%d
 time_format=%H:%M:%S
 """
 
-_LXQT_PANEL = """[General]
-panels=panel1
+# Its own colours are those of a theme that is not there: black on black.
+_LXQT_PANEL = """panels=panel1
 
 [panel1]
 plugins=worldclock
 position=Top
+desktop=0
 width=20
-width-percent=true
-panelSize=40
+font-color=#ffffff
+background-color=#202020
 
 [worldclock]
 type=worldclock
 alignment=Left
 formatType=custom
-customFormat="yyyy-MM-dd HH:mm:ss"
+customFormat=HH:mm:ss
 """
 
 
