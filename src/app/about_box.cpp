@@ -12,7 +12,6 @@
 
 #include "app/about_text.h"
 #include "app/gradation.h"
-#include "app/program_icon.h"
 #include "app/system_facts.h"
 
 namespace tickwell {
@@ -93,7 +92,8 @@ QWidget* frmAbout::MakeText() {
     large.setBold(true);
     m_lblTitle->setFont(large);
     auto* icon = MakeLabel(u"Image1"_s, this);
-    icon->setPixmap(ProgramIcon().pixmap(fontMetrics().height() * 4));  // grows with the desktop's text
+    // The one icon that the program has: each other one would have a scaled picture of its own kept for it.
+    icon->setPixmap(QGuiApplication::windowIcon().pixmap(fontMetrics().height() * 4));  // as the desktop's text
     icon->setAccessibleName(u"Tickwell のアイコン"_s);
 
     auto* texts = new QVBoxLayout;

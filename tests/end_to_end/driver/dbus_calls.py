@@ -3,7 +3,9 @@
 
 from gi.repository import Gio, GLib
 
-CALL_TIMEOUT = 10.0  # s; a program that does not answer for so long hangs
+from driver.waiting import SLOWNESS
+
+CALL_TIMEOUT = 10.0 * SLOWNESS  # s; a program that does not answer for so long hangs
 BUS = ("org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus")
 
 

@@ -7,9 +7,9 @@ import re
 from datetime import datetime
 from typing import NamedTuple
 
-from driver.waiting import LineReader
+from driver.waiting import SLOWNESS, LineReader
 
-ANSWER_PATIENCE = 60.0  # s; a day is many ticks of a short timer
+ANSWER_PATIENCE = 60.0 * SLOWNESS  # s; a day is many ticks of a short timer
 
 
 class Moment(NamedTuple):

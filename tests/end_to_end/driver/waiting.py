@@ -8,8 +8,11 @@ import time
 from gi.repository import GLib
 from Xlib.error import XError
 
+# Whoever knows that a machine, or a program on it, is many times slower than usual says how many times.
+SLOWNESS = float(os.environ.get("TICKWELL_SLOWNESS", "1"))
+
 # Long enough for a busy machine. A test that passes never waits it out.
-PATIENCE = 30.0  # s
+PATIENCE = 30.0 * SLOWNESS  # s
 # s between two looks. It grows, for looking costs time of the program looked at.
 FIRST_INTERVAL, LAST_INTERVAL = 0.01, 0.2
 
