@@ -74,13 +74,16 @@ void MonthView::Show(const MonthGrid& grid) {
 
 void MonthView::FocusDay(int day) {
     TakeTab(day);
+    if (!HasMonth()) {
+        return;  // its buttons are no days
+    }
     DayCell& cell = Cell(m_month.CellOf(m_day));
     cell.setVisible(true);
     cell.setFocus(Qt::OtherFocusReason);
 }
 
 void MonthView::TakeTab(int day) {
-    m_day = std::min(day, m_month.Days());
+    m_day = HasMonth() ? std::min(day, m_month.Days()) : day;
     for (int cell = kFirstDayCell; cell < kGridCells; ++cell) {
         Cell(cell).setFocusPolicy(cell == m_month.CellOf(m_day) ? Qt::StrongFocus : Qt::ClickFocus);
     }
@@ -93,7 +96,7 @@ int MonthView::FocusedDay() const {
 }
 
 bool MonthView::eventFilter(QObject* watched, QEvent* event) {
-    if (event->type() == QEvent::FocusIn && m_month.first.isValid()) {
+    if (event->type() == QEvent::FocusIn && HasMonth()) {
         const auto at = std::find(m_cells.begin(), m_cells.end(), watched);
         const int cell = static_cast<int>(at - m_cells.begin()) + kFirstDayCell;
         TakeTab(cell - m_month.CellOf(0));

@@ -21,7 +21,7 @@ public:
 
     void Show(const MonthGrid& grid);
 
-    /// Gives the keys to this day of the month, or to its last one.
+    /// Gives the keys to this day of the month, or to its last one; to none while no month is shown.
     void FocusDay(int day);
 
 protected:
@@ -33,6 +33,8 @@ private:
     void ColorWeekdays();
     void TakeTab(int day);
     int FocusedDay() const;
+    /// Not where the calendar was opened on a day of a year that it does not show.
+    bool HasMonth() const { return m_month.first.isValid(); }
 
     std::array<QLabel*, kGridColumns> m_weekdays{};  // owned, as the cells are
     std::array<DayCell*, kGridCells - kFirstDayCell> m_cells{};

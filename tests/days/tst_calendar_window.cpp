@@ -127,6 +127,8 @@ private Q_SLOTS:
     void Navigation_data();
     void Navigation();
     void ALimitIsTold();
+    void InAYearThatItDoesNotShowItOpensEmpty_data();
+    void InAYearThatItDoesNotShowItOpensEmpty();
     void NothingReactsWhileABoxIsOpen();
     void MarkingByMouse();
     void TheChosenModeIsNotChosenTwice();
@@ -321,6 +323,32 @@ void TstCalendarWindow::ALimitIsTold() {
     QCOMPARE(bench.Heading(), u"2100年（平成112年）12月"_s);
     bench.Click(u"Command1"_s);
     QCOMPARE(bench.Heading(), u"2100年（平成112年）11月"_s);
+}
+
+void TstCalendarWindow::InAYearThatItDoesNotShowItOpensEmpty_data() {
+    QTest::addColumn<QDate>("today");
+    QTest::addColumn<QString>("towards");
+    QTest::addColumn<QString>("heading");
+    QTest::newRow("too late") << QDate(2101, 5, 31) << u"Command4"_s << u"2100年（平成112年）5月"_s;
+    QTest::newRow("too early") << QDate(1925, 5, 31) << u"Command5"_s << u"1926年（昭和1年）5月"_s;
+}
+
+/// A clock may be wrong: the window says so, and the arrows lead to a month that it has.
+void TstCalendarWindow::InAYearThatItDoesNotShowItOpensEmpty() {
+    QFETCH(QDate, today);
+    QFETCH(QString, towards);
+    QFETCH(QString, heading);
+    Bench bench(today);
+    bench.Open();
+    QVERIFY(bench.form->isVisible());
+    QCOMPARE(bench.boxes.Shown().size(), 1);
+    QCOMPARE(bench.Heading(), QString());
+    bench.boxes.Close();
+    bench.Click(towards);
+    QCOMPARE(bench.Heading(), heading);
+    QCOMPARE(bench.Cell(31).focusPolicy(), Qt::StrongFocus);
+    bench.ClickDay(3);
+    QCOMPARE(bench.PressedDays(), QList<int>{3});
 }
 
 void TstCalendarWindow::NothingReactsWhileABoxIsOpen() {
