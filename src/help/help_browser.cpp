@@ -8,6 +8,7 @@
 #include <QScrollBar>
 #include <QTextDocument>
 #include <QWheelEvent>
+#include <algorithm>
 
 namespace tickwell {
 
@@ -79,7 +80,8 @@ void HelpBrowser::GoTo(int position) {
 void HelpBrowser::Place() {
     document()->documentLayout()->documentSize();  // all of it: what is not laid out has no height yet
     QTextCursor cursor(document());
-    cursor.setPosition(m_position);
+    const int last = document()->characterCount() - 1;  // while the text is replaced there may be none of it
+    cursor.setPosition(std::min(m_position, last));
     const int top = verticalScrollBar()->value() + cursorRect(cursor).top();
     verticalScrollBar()->setValue(top - fontMetrics().height() / 2);
 }

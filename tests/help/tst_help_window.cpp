@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <QFontInfo>
+#include <QRegularExpression>
 #include <QScrollBar>
 #include <QTemporaryDir>
 #include <QTest>
@@ -105,6 +106,7 @@ private Q_SLOTS:
     void KeysChangeTheSize_data();
     void KeysChangeTheSize();
     void APaletteLeavesTheReaderWhereTheyAre();
+    void APaletteIsTakenOnWithoutAWarning();
     void ABarAcrossIsShownWhereItIsNeeded_data();
     void ABarAcrossIsShownWhereItIsNeeded();
     void NothingElseIsLoaded();
@@ -399,6 +401,15 @@ void TstHelpWindow::APaletteLeavesTheReaderWhereTheyAre() {
     bench.Text().setPalette(dark);
     QCOMPARE(bench.TopLine(), u"Topic 6"_s);
     QCOMPARE(bench.MarkedHeading(), u"Topic 6"_s);
+}
+
+/// The scroll bar goes and comes while the text is laid out anew, and the reader's place is asked for meanwhile.
+void TstHelpWindow::APaletteIsTakenOnWithoutAWarning() {
+    Bench bench;
+    bench.Open(6);
+    QTest::failOnWarning(QRegularExpression(u"setPosition"_s));
+    bench.Text().setPalette(QPalette(Qt::white, Qt::black));
+    QCOMPARE(bench.TopLine(), u"Topic 6"_s);
 }
 
 void TstHelpWindow::ABarAcrossIsShownWhereItIsNeeded_data() {
