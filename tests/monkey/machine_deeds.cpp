@@ -1,0 +1,140 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// What happens to the machine around the program.
+#include <QApplication>
+#include <QMenu>
+#include <array>
+
+#include "monkey/deeds.h"
+#include "monkey/trail.h"
+#include "support/discs.h"
+
+namespace tickwell {
+
+using namespace Qt::StringLiterals;
+
+void Deeds::Wait() {
+    constexpr std::array<int, 6> kLongest{20, 300, 1500, 12'000, 12'000, 40'000};  // ms
+    m_wait = m_random.Between(1, m_random.Pick(kLongest));
+    m_wasIdle = true;
+    Trail::Note(u"wait %1 ms"_s.arg(m_wait));
+}
+
+/// Forth and back, by seconds and by years, and to just before the hour.
+void Deeds::SetTheClock() {
+    QDateTime now = m_world.Now().time.Now();
+    switch (m_random.Number(4)) {
+        case 0:
+            now = now.addSecs(m_random.Between(-4000, 4000));
+            break;
+        case 1:
+            now = now.addDays(m_random.Between(-400, 400));
+            break;
+        case 2:
+            now.setTime(QTime(m_random.Number(24), m_random.OneIn(2) ? 59 : 29, 57));
+            break;
+        default:
+            now.setDate(
+                QDate(m_random.Between(1926, 2100), m_random.Between(1, 12), m_random.Between(1, 28)));
+    }
+    Trail::Note(u"set the clock to "_s + now.toString(Qt::ISODate));
+    m_world.Now().SetClock(now);
+}
+
+void Deeds::ChangeTheDisc() {
+    FakeCdDrive& drive = m_world.Now().drive;
+    const std::array discs{ThreeTracks(), OddTracks(), MixedDisc(), DataDisc()};
+    constexpr std::array kGone{CdStatus::NoDisc, CdStatus::TrayOpen, CdStatus::NotReady, CdStatus::Failed};
+    const int kind = m_random.Number(8);
+    Trail::Note(u"change the disc, %1"_s.arg(kind));
+    if (kind < 4) {
+        drive.PutIn(m_random.Pick(discs));
+    } else if (kind < 6) {
+        drive.TakeOut(m_random.Pick(kGone));
+    } else if (kind == 6) {
+        drive.FailToRead();
+    } else {
+        drive.exists = !drive.exists;
+    }
+    drive.Tell();
+}
+
+void Deeds::ChangeTheMachine() {
+    Machine& now = m_world.Now();
+    const int kind = m_random.Number(8);
+    Trail::Note(u"change the machine, %1"_s.arg(kind));
+    switch (kind) {
+        case 0:
+            now.power.SetReading(
+                {m_random.OneIn(2) ? Mains::Off : Mains::On, m_random.Number(101),
+                 m_random.OneIn(3) ? std::nullopt : std::optional<qint64>(m_random.Number(90'000))});
+            break;
+        case 1:
+            now.power.SetReading({});
+            break;
+        case 2:
+            now.memory.SetLoad(m_random.OneIn(4) ? std::nullopt : std::optional(m_random.Number(101)));
+            break;
+        case 3:
+            now.tray.SetThere(!now.tray.IsThere());
+            break;
+        case 4:
+            now.printer.missing = !now.printer.missing;
+            break;
+        case 5:
+            now.sound.works = !now.sound.works;
+            break;
+        case 6:
+            now.drive.sounds = !now.drive.sounds;
+            break;
+        default:
+            now.starter.starts = !now.starter.starts;
+    }
+}
+
+/// The program is started once more and calls the one that runs; or the desktop's session asks it to save.
+void Deeds::StartAgain() {
+    const int kind = m_random.Number(3);
+    Trail::Note(u"start again, %1"_s.arg(kind));
+    if (m_world.Now().hasClosed) {
+        return;
+    }
+    if (kind == 2) {
+        m_world.Now().program->SaveForSessionEnd();
+    } else {
+        m_world.Now().program->ComeForward(kind == 1);
+    }
+}
+
+void Deeds::ChangeTheLook() {
+    if (m_random.OneIn(2)) {
+        QFont font = QApplication::font();
+        font.setPointSize(m_random.Between(6, 20));
+        Trail::Note(u"letters of %1"_s.arg(font.pointSize()));
+        QApplication::setFont(font);
+        return;
+    }
+    QPalette palette = QApplication::palette();
+    const QColor dark = palette.color(QPalette::Window);
+    Trail::Note(u"exchange dark and light"_s);
+    palette.setColor(QPalette::Window, palette.color(QPalette::WindowText));
+    palette.setColor(QPalette::Button, palette.color(QPalette::WindowText));
+    palette.setColor(QPalette::WindowText, dark);
+    palette.setColor(QPalette::ButtonText, dark);
+    QApplication::setPalette(palette);
+}
+
+void Deeds::UseTheTray() {
+    FakeTray& tray = m_world.Now().tray;
+    if (!tray.HasIcon()) {
+        return ChooseFromTheMenu();
+    }
+    const bool opens = m_random.OneIn(2);
+    Trail::Note(opens ? u"open the icon's menu"_s : u"click the icon"_s);
+    if (opens) {
+        tray.Menu()->popup(QPoint(10, 10));
+    } else {
+        tray.Click();
+    }
+}
+
+}  // namespace tickwell

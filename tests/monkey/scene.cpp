@@ -1,0 +1,104 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The screen as a whole: which windows there may be at a time, and that the user can get on.
+#include <QApplication>
+#include <QDir>
+#include <QMenu>
+#include <QMessageBox>
+#include <QScreen>
+#include <algorithm>
+#include <array>
+
+#include "monkey/hands.h"
+#include "monkey/rules.h"
+
+namespace tickwell {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// The program's own windows; of each there is one at most.
+constexpr std::array kWindows{
+    QStringView(u"Form1"),       QStringView(u"StopForm"),     QStringView(u"TimerForm"),
+    QStringView(u"Form8"),       QStringView(u"CDForm"),       QStringView(u"Form5"),
+    QStringView(u"Form6"),       QStringView(u"Form9"),        QStringView(u"Form10"),
+    QStringView(u"Form2"),       QStringView(u"frmAbout"),     QStringView(u"HelpWindow"),
+    QStringView(u"StylePicker"), QStringView(u"ColourPicker"),
+};
+
+bool IsPopup(const QWidget& window) {
+    return window.windowType() == Qt::Popup || window.windowType() == Qt::ToolTip;
+}
+
+/// A window that opens over another one, and that one.
+constexpr std::array<std::pair<QStringView, QStringView>, 5> kOver{{
+    {u"Form6", u"Form5"},
+    {u"Form9", u"Form5"},
+    {u"Form10", u"Form5"},
+    {u"StylePicker", u"Form2"},
+    {u"ColourPicker", u"Form2"},
+}};
+
+void CheckKinds(const Scene& scene, Complaints& complaints) {
+    QStringList titles;
+    for (const QWidget* window : scene.All()) {
+        const bool isBox = qobject_cast<const QMessageBox*>(window) != nullptr;
+        const bool isKnown =
+            std::find(kWindows.begin(), kWindows.end(), window->objectName()) != kWindows.end();
+        complaints.Unless(isBox || isKnown || IsPopup(*window),
+                          u"a window nobody knows: " + Hands::PathOf(*window));
+        if (isBox) {
+            complaints.Unless(!titles.contains(window->windowTitle()),
+                              u"two boxes: " + window->windowTitle());
+            titles.append(window->windowTitle());
+        }
+    }
+    for (const QStringView name : kWindows) {
+        complaints.Unless(scene.Windows(name.toString()).size() <= 1, u"two windows: " + name);
+    }
+    for (const auto& [upper, lower] : kOver) {
+        complaints.Unless(
+            scene.Window(upper.toString()) == nullptr || scene.Window(lower.toString()) != nullptr,
+            upper + u" has lost " + lower);
+    }
+    const auto ofBook = scene.Windows(u"Form6"_s).size() + scene.Windows(u"Form9"_s).size() +
+                        scene.Windows(u"Form10"_s).size();
+    complaints.Unless(ofBook <= 1, u"two windows of the book"_s);
+}
+
+/// Where there are windows, the user can use one of them, and the modal one first of all.
+void CheckModality(const Scene& scene, Complaints& complaints) {
+    const QWidgetList& all = scene.All();
+    complaints.Unless(all.isEmpty() || std::any_of(all.begin(), all.end(),
+                                                   [](const QWidget* each) {
+                                                       return each->isEnabled() && !Hands::IsBlocked(*each);
+                                                   }),
+                      u"every window is blocked"_s);
+    const QWidget* modal = QApplication::activeModalWidget();
+    complaints.Unless(modal == nullptr || modal->isVisible(), u"an unseen window blocks the others"_s);
+    complaints.Unless(modal == nullptr || !Hands::IsBlocked(*modal), u"the modal window is blocked itself"_s);
+}
+
+}  // namespace
+
+Scene::Scene(World& world, qint64 quiet, bool thorough)
+    : m_world(world), m_quiet(quiet), m_thorough(thorough), m_all(Hands::Windows()) {
+    for (QWidget* window : m_all) {
+        m_windows.insert(window->objectName(), window);
+    }
+}
+
+bool Scene::HasBox(const QString& title) const {
+    return std::any_of(m_all.begin(), m_all.end(), [&](const QWidget* each) {
+        return qobject_cast<const QMessageBox*>(each) != nullptr && each->windowTitle() == title;
+    });
+}
+
+void CheckWindows(const Scene& scene, Complaints& complaints) {
+    CheckKinds(scene, complaints);
+    CheckModality(scene, complaints);
+    complaints.Unless(QDir::currentPath() == QDir(scene.Of().Folder()).canonicalPath(),
+                      u"the current folder is " + QDir::currentPath());
+}
+
+}  // namespace tickwell

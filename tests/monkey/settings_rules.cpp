@@ -1,0 +1,104 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The settings dialog: what the pages offer by what is chosen on them.
+#include <QAbstractButton>
+#include <QComboBox>
+#include <QGroupBox>
+#include <QSlider>
+#include <QSpinBox>
+#include <QTabWidget>
+#include <array>
+
+#include "monkey/rules.h"
+
+namespace tickwell {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+struct ArrayTable {
+    QStringView page;
+    QStringView name;
+    int count;
+};
+constexpr std::array kArrays{
+    ArrayTable{u"Picture1", u"Option2", 4}, ArrayTable{u"Picture2", u"Option1", 2},
+    ArrayTable{u"Picture3", u"Option3", 3}, ArrayTable{u"Picture3", u"Option4", 2},
+    ArrayTable{u"Picture3", u"Option5", 2}, ArrayTable{u"Picture3", u"Option6", 2},
+    ArrayTable{u"Picture4", u"Option7", 3},
+};
+
+int ChosenOf(const QWidget& page, QStringView name, int count, Complaints& complaints) {
+    QList<int> chosen;
+    for (int index = 0; index < count; ++index) {
+        if (ControlOf<QAbstractButton>(page, u"%1(%2)"_s.arg(name).arg(index)).isChecked()) {
+            chosen.append(index);
+        }
+    }
+    complaints.Unless(chosen.size() == 1, u"%1 of %2 are chosen"_s.arg(chosen.size()).arg(name));
+    return chosen.value(0);
+}
+
+/// Old Japanese knows no years, no hours and no styles.
+void CheckClockPage(const QWidget& page, int language, Complaints& complaints) {
+    const bool isModern = language != 2;
+    CheckEnabled(page,
+                 {u"Frame6"_s, u"Frame7"_s, u"Frame8"_s, u"Option4(0)"_s, u"Option4(1)"_s, u"Option5(0)"_s,
+                  u"Option5(1)"_s, u"Option6(0)"_s, u"Option6(1)"_s},
+                 isModern, complaints);
+    CheckEnabled(page, {u"Frame5"_s, u"Option3(0)"_s, u"Option3(1)"_s, u"Option3(2)"_s}, true, complaints);
+    const QString frame = ControlOf<QGroupBox>(page, u"Frame6"_s).title();
+    complaints.Unless(!isModern || frame == (language == 0 ? u"年号" : u"月名"),
+                      u"the years' frame says " + frame);
+}
+
+void CheckRollPage(const QWidget& page, bool isUsed, Complaints& complaints) {
+    CheckEnabled(page,
+                 {u"Frame4"_s, u"Check1"_s, u"Check2"_s, u"Check3"_s, u"Check4"_s, u"UpDown1"_s, u"Text1"_s},
+                 isUsed, complaints);
+    const int seconds = ControlOf<QSpinBox>(page, u"UpDown1"_s).value();
+    complaints.Unless(seconds >= 1 && seconds <= 3600, u"the roll's interval"_s);
+}
+
+void CheckChimePage(const QWidget& page, Complaints& complaints) {
+    const QStringList sounds{u"鳩時計の音"_s, u"赤ちゃん"_s, u"機械時計[高い音]"_s, u"機械時計[低い音]"_s,
+                             u"人の掛け声"_s};
+    const QString sound = ControlOf<QComboBox>(page, u"Combo1"_s).currentText();
+    complaints.Unless(sounds.contains(sound), u"the chime is " + sound);
+    CheckEnabled(page, {u"Listen"_s, u"Combo1"_s}, true, complaints);
+}
+
+}  // namespace
+
+void CheckSettingsWindow(const Scene& scene, Complaints& complaints) {
+    const QWidget* form = scene.Window(u"Form2"_s);
+    if (form == nullptr) {
+        return;
+    }
+    QList<int> chosen;
+    for (const ArrayTable& array : kArrays) {
+        chosen.append(
+            ChosenOf(ControlOf<QWidget>(*form, array.page.toString()), array.name, array.count, complaints));
+    }
+    const auto page = [form](const QString& name) -> QWidget& { return ControlOf<QWidget>(*form, name); };
+    CheckRollPage(page(u"Picture2"_s), chosen.at(1) == 1, complaints);
+    CheckClockPage(page(u"Picture3"_s), chosen.at(2), complaints);
+    CheckChimePage(page(u"Picture4"_s), complaints);
+    CheckEnabled(page(u"Picture5"_s), {u"Command4"_s}, true, complaints);
+    const int speed = ControlOf<QSlider>(*form, u"Slider1"_s).value();
+    complaints.Unless(speed >= 1 && speed <= 34, u"the speed"_s);
+    CheckEnabled(*form,
+                 {u"Command1"_s, u"Command2"_s, u"Command3"_s, u"Command8"_s, u"Command5"_s, u"Command6"_s,
+                  u"Command7"_s},
+                 true, complaints);
+    const int tab = ControlOf<QTabWidget>(*form, u"TabStrip1"_s).currentIndex();
+    const std::array pages{u"Picture1"_s, u"Picture2"_s, u"Picture3"_s, u"Picture4"_s, u"Picture5"_s};
+    const std::array order{u"Picture1"_s, u"Picture3"_s, u"Picture2"_s, u"Picture4"_s,
+                           u"Picture5"_s};  // of the tabs
+    for (const QString& each : pages) {
+        complaints.Unless(page(each).isVisible() == (order.at(static_cast<std::size_t>(tab)) == each),
+                          u"page " + each + u" under tab " + QString::number(tab));
+    }
+}
+
+}  // namespace tickwell

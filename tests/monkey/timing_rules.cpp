@@ -1,0 +1,123 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Stopwatch and timer: what their buttons say and whether they can be pressed, and the reading while it runs.
+#include <QCheckBox>
+#include <QLabel>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QSpinBox>
+#include <algorithm>
+#include <limits>
+#include <optional>
+
+#include "core/duration_text.h"
+#include "display/moving_word.h"
+#include "monkey/rules.h"
+
+namespace tickwell {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+bool FitsTick(qint64 milliseconds) {
+    return milliseconds >= std::numeric_limits<qint32>::min() &&
+           milliseconds <= std::numeric_limits<qint32>::max();
+}
+
+void CheckStopwatch(const Scene& scene, Complaints& complaints) {
+    const QWidget* form = scene.Window(u"StopForm"_s);
+    if (form == nullptr) {
+        return;
+    }
+    const StopwatchState& state = scene.Now().state.stopwatch;
+    const bool running = state.StopwatchRunning;
+    const QString upper = ControlOf<QPushButton>(*form, u"Command1"_s).text();
+    const QString lower = ControlOf<QPushButton>(*form, u"Command2"_s).text();
+    complaints.Unless(upper == (running ? u"ストップ" : u"スタート"),
+                      u"the stopwatch's Command1 says " + upper);
+    complaints.Unless(lower == (running ? u"ラップ" : u"リセット"),
+                      u"the stopwatch's Command2 says " + lower);
+    CheckEnabled(*form, {u"Command1"_s, u"Command2"_s, u"Command4"_s, u"Text1"_s}, true, complaints);
+    CheckEnabled(*form, {u"Command3"_s}, !scene.HasBox(u"印刷"_s), complaints);
+    const auto& list = ControlOf<QPlainTextEdit>(*form, u"Text1"_s);
+    const auto laps = list.toPlainText().count(u"Lapse"_s);
+    complaints.Unless(laps == state.StopwatchLapCount,
+                      u"%1 laps stand there, %2 were taken"_s.arg(laps).arg(state.StopwatchLapCount));
+    complaints.Unless(list.isReadOnly(), u"the list of laps can be written to"_s);
+}
+
+void CheckTimer(const Scene& scene, Complaints& complaints) {
+    const QWidget* form = scene.Window(u"TimerForm"_s);
+    if (form == nullptr) {
+        return;
+    }
+    const CountdownState& state = scene.Now().state.countdown;
+    const bool running = state.CountdownRunning;
+    const QString caption = ControlOf<QPushButton>(*form, u"Command1"_s).text();
+    complaints.Unless(caption == (running ? u"ストップ" : u"スタート"),
+                      u"the timer's Command1 says " + caption);
+    CheckEnabled(*form, {u"Command1"_s, u"Command3"_s}, true, complaints);
+    CheckEnabled(*form,
+                 {u"Frame1"_s, u"UpDown1"_s, u"UpDown2"_s, u"UpDown3"_s, u"Label1"_s, u"Label2"_s,
+                  u"Label3"_s, u"Check1"_s, u"Command2"_s, u"Text1"_s, u"Text2"_s, u"Text3"_s},
+                 !running, complaints);
+    const auto number = [form](const QString& name) { return ControlOf<QSpinBox>(*form, name).value(); };
+    const qint32 entry =
+        (number(u"UpDown1"_s) * 3600 + number(u"UpDown2"_s) * 60 + number(u"UpDown3"_s)) * 1000;
+    complaints.Unless(entry == state.CountdownDuration,
+                      u"the timer shows %1 ms and is set to %2"_s.arg(entry).arg(state.CountdownDuration));
+    complaints.Unless(entry > 0, u"the timer is set to nothing"_s);
+    complaints.Unless(ControlOf<QCheckBox>(*form, u"Check1"_s).isChecked() == state.CountdownRepeat,
+                      u"the timer's repeat"_s);
+}
+
+/// What the running tool has to show now; nothing where none shows, or where the tick has left its range on
+/// the way and the reading was given up.
+std::optional<qint32> ReadingOf(const Machine& now) {
+    const qint32 function = now.state.started.settings.function;
+    const StopwatchState& watch = now.state.stopwatch;
+    const CountdownState& countdown = now.state.countdown;
+    qint64 passed = 0;
+    qint64 reading = 0;
+    if (function == kFunctionStopwatch && watch.StopwatchRunning) {
+        passed = qint64{now.time.Tick()} - watch.StopwatchStart;
+        reading = passed + watch.StopwatchElapsed;
+    } else if (function == kFunctionTimer && countdown.CountdownRunning && countdown.TimerShownOnMain) {
+        passed = qint64{now.time.Tick()} - countdown.CountdownStart;
+        reading = std::max<qint64>(0, countdown.CountdownDuration - passed);
+    } else {
+        return std::nullopt;
+    }
+    return FitsTick(passed) && FitsTick(reading) ? std::optional(static_cast<qint32>(reading)) : std::nullopt;
+}
+
+/// The reading on the main window is that of this moment.
+void CheckReading(const Scene& scene, Complaints& complaints) {
+    constexpr qint64 kTick = 2;  // ms; one full tick has passed
+    const QWidget* form = scene.Window(u"Form1"_s);
+    const auto reading = ReadingOf(scene.Now());
+    if (form != nullptr && reading && scene.Quiet() >= kTick) {
+        const QString text = ControlOf<MovingWord>(*form, u"MovingWord2"_s).Text();
+        complaints.Unless(text == ElapsedText(*reading),
+                          u"the reading is %1 and should be %2"_s.arg(text, ElapsedText(*reading)));
+    }
+}
+
+void CheckNotice(const Scene& scene, Complaints& complaints) {
+    if (const QWidget* form = scene.Window(u"Form8"_s)) {
+        complaints.Unless(ControlOf<QLabel>(*form, u"Label1"_s).text() == u"指定の時間が経過しました",
+                          u"the notice's text"_s);
+        CheckEnabled(*form, {u"Command1"_s}, true, complaints);
+    }
+}
+
+}  // namespace
+
+void CheckTiming(const Scene& scene, Complaints& complaints) {
+    CheckStopwatch(scene, complaints);
+    CheckTimer(scene, complaints);
+    CheckReading(scene, complaints);
+    CheckNotice(scene, complaints);
+}
+
+}  // namespace tickwell

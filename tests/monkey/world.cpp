@@ -1,0 +1,97 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "monkey/world.h"
+
+#include <QApplication>
+#include <QDir>
+#include <array>
+
+#include "app/program_folder.h"
+#include "monkey/still_clock.h"
+#include "platform/ini_file_store.h"
+#include "support/discs.h"
+
+namespace tickwell {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr qint64 kFramesPerMillisecond = 48;
+constexpr int kFirstCalendarYear = 1926;
+constexpr int kLastCalendarYear = 2100;
+
+/// Moments around which calendars and clocks turn over.
+const std::array<QDateTime, 10>& Moments() {
+    static const std::array moments{
+        QDateTime(QDate(1998, 11, 15), QTime(21, 5, 7)),  QDateTime(QDate(1999, 12, 31), QTime(23, 59, 40)),
+        QDateTime(QDate(2000, 2, 28), QTime(23, 59, 50)), QDateTime(QDate(2024, 2, 29), QTime(11, 59, 30)),
+        QDateTime(QDate(2100, 12, 31), QTime(23, 59, 0)), QDateTime(QDate(1926, 1, 1), QTime(0, 0, 0)),
+        QDateTime(QDate(2026, 5, 3), QTime(8, 29, 55)),   QDateTime(QDate(2019, 4, 30), QTime(23, 0, 0)),
+        QDateTime(QDate(1989, 1, 7), QTime(12, 0, 0)),    QDateTime(QDate(2026, 10, 31), QTime(0, 0, 1)),
+    };
+    return moments;
+}
+
+constexpr qint64 kNearTheEnd = 2'147'483'648 - 60'000;  // ms; of the tick's range
+
+}  // namespace
+
+void Machine::Pass(qint64 milliseconds) {
+    time.Advance(milliseconds);
+    drive.Pass(milliseconds);
+    sound.Sound(milliseconds * kFramesPerMillisecond);
+    PassOnStillClock(milliseconds);
+    passed += milliseconds;
+    SetClock(time.Now());
+}
+
+void Machine::SetClock(const QDateTime& now) {
+    time.SetNow(now);
+    wasOddYear =
+        wasOddYear || now.date().year() < kFirstCalendarYear || now.date().year() > kLastCalendarYear;
+}
+
+World::World() {
+    if (!m_home.isValid()) {
+        qFatal("no temporary folder");
+    }
+}
+
+void World::Start(Random& random) {
+    m_machine = std::make_unique<Machine>(random.Pick(Moments()), random.OneIn(6) ? kNearTheEnd : 307'000);
+    Machine& machine = *m_machine;
+    machine.tray.SetThere(!random.OneIn(3));
+    machine.drive.exists = !random.OneIn(4);
+    machine.starter.found.insert(u"hardinfo"_s, u"/usr/bin/hardinfo"_s);
+    if (random.OneIn(2)) {
+        machine.drive.PutIn(ThreeTracks());
+    }
+    PrepareFolder(Folder(), QStringLiteral(TICKWELL_MASTERS));
+    machine.state.started =
+        StartUp(Folder(), [this] { return std::make_unique<IniFileStore>(SettingsPath()); });
+    const ProgramPorts ports{machine.time,     machine.time,    machine.time,      machine.boxes,
+                             machine.handlers, machine.power,   machine.memory,    machine.tray,
+                             machine.stack,    machine.starter, machine.autostart, machine.printer,
+                             machine.sound,    machine.wait,    machine.drive,     machine.drive};
+    machine.program = std::make_unique<RunningProgram>(ports, machine.state, [&machine] {
+        machine.hasClosed = true;
+        machine.handlers.WhenQuiet([] { QCoreApplication::quit(); });
+    });
+    machine.program->Start();
+}
+
+/// A process that ends takes its boxes along; here they are taken away by hand, after what they would call.
+void World::End() {
+    m_machine->program.reset();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    const QWidgetList left = QApplication::topLevelWidgets();
+    for (QWidget* widget : left) {
+        if (widget->objectName().isEmpty() || widget->objectName().startsWith(u"qt_")) {
+            delete widget;
+        }
+    }
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    m_machine.reset();
+}
+
+}  // namespace tickwell
