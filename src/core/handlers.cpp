@@ -20,16 +20,19 @@ bool Handlers::Run(const std::function<void()>& handler) {
 std::unique_ptr<Timer> Handlers::MakeTimer(TimerSource& source, int milliseconds,
                                            std::function<void()> handler) {
     auto self = std::make_shared<Timer*>(nullptr);  // the tick needs the timer that Create is about to return
-    auto timer = source.Create(milliseconds, [this, self, handler = std::move(handler)] {
-        try {
-            handler();
-        } catch (const RunTimeError& error) {
-            (*self)->Stop();
-            Report(error);
-        }
-    });
+    auto timer =
+        source.Create(milliseconds, [this, self, handler = std::move(handler)] { RunTick(**self, handler); });
     *self = timer.get();
     return timer;
+}
+
+void Handlers::RunTick(Timer& timer, const std::function<void()>& handler) {
+    try {
+        handler();
+    } catch (const RunTimeError& error) {
+        timer.Stop();
+        Report(error);
+    }
 }
 
 void Handlers::Report(const RunTimeError& error) {

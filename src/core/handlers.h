@@ -31,6 +31,9 @@ public:
     /// A timer at rest, whose handler is switched off before its error is reported.
     std::unique_ptr<Timer> MakeTimer(TimerSource& source, int milliseconds, std::function<void()> handler);
 
+    /// Runs the handler of `timer` under that rule.
+    void RunTick(Timer& timer, const std::function<void()>& handler);
+
     /// Calls `action` now, or, while the report box is open, when the user has closed it.
     void WhenQuiet(std::function<void()> action);
 

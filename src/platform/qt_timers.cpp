@@ -10,7 +10,9 @@ namespace {
 
 class QtTimer : public Timer {
 public:
-    QtTimer(int milliseconds, std::function<void()> onTick) : m_onTick(std::move(onTick)) {
+    QtTimer(int milliseconds, Qt::TimerType type, std::function<void()> onTick)
+        : m_onTick(std::move(onTick)) {
+        m_timer.setTimerType(type);
         SetIntervalOf(milliseconds);
         QObject::connect(&m_timer, &QTimer::timeout, &m_timer, [this] { m_onTick(); });
     }
@@ -31,7 +33,11 @@ private:
 }  // namespace
 
 std::unique_ptr<Timer> QtTimers::Create(int milliseconds, std::function<void()> onTick) {
-    return std::make_unique<QtTimer>(milliseconds, std::move(onTick));
+    return std::make_unique<QtTimer>(milliseconds, Qt::CoarseTimer, std::move(onTick));
+}
+
+std::unique_ptr<Timer> QtTimers::CreateExact(int milliseconds, std::function<void()> onTick) {
+    return std::make_unique<QtTimer>(milliseconds, Qt::PreciseTimer, std::move(onTick));
 }
 
 }  // namespace tickwell

@@ -5,10 +5,11 @@
 
 namespace tickwell {
 
-/// Timers of the event loop. Coarse ones, so that the system can wake up for several at once.
+/// Timers of the event loop.
 class QtTimers : public TimerSource {
 public:
     std::unique_ptr<Timer> Create(int milliseconds, std::function<void()> onTick) override;
+    std::unique_ptr<Timer> CreateExact(int milliseconds, std::function<void()> onTick) override;
 };
 
 }  // namespace tickwell

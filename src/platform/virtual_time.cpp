@@ -49,6 +49,27 @@ std::unique_ptr<Timer> VirtualTime::Create(int milliseconds, std::function<void(
     return std::make_unique<VirtualTimer>(*this, milliseconds, std::move(onTick));
 }
 
+std::unique_ptr<Timer> VirtualTime::CreateExact(int milliseconds, std::function<void()> onTick) {
+    return Create(milliseconds, std::move(onTick));
+}
+
+void VirtualTime::SetNow(const QDateTime& now) {
+    m_now = now.toMSecsSinceEpoch();
+    TellOfJump();
+}
+
+bool VirtualTime::SetZone(const QByteArray& zone) {
+    const bool isSet = qputenv("TZ", zone);
+    TellOfJump();
+    return isSet;
+}
+
+void VirtualTime::TellOfJump() const {
+    if (m_onJump) {
+        m_onJump();
+    }
+}
+
 VirtualTimer* VirtualTime::Next() const {
     const auto next =
         std::min_element(m_running.begin(), m_running.end(),
@@ -64,10 +85,12 @@ std::optional<qint64> VirtualTime::UntilNext() const {
 void VirtualTime::Suspend(qint64 milliseconds) {
     m_now += milliseconds;
     m_tick += milliseconds;
+    TellOfJump();
 }
 
 void VirtualTime::Pass(qint64 milliseconds) {
-    Suspend(milliseconds);
+    m_now += milliseconds;
+    m_tick += milliseconds;
     m_elapsed += milliseconds;
 }
 

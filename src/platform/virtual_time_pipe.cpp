@@ -42,7 +42,7 @@ void VirtualTimePipe::Take(const QByteArray& line) {
     } else if (word == "suspend" && isNumber && milliseconds >= 0) {
         m_time.Suspend(milliseconds);
         AnswerTime();
-    } else if (word == "zone" && !rest.isEmpty() && qputenv("TZ", rest)) {
+    } else if (word == "zone" && !rest.isEmpty() && m_time.SetZone(rest)) {
         AnswerTime();
     } else if (word == "wall" && wall.isValid()) {
         m_time.SetNow(wall);

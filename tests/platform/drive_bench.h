@@ -23,6 +23,9 @@ public:
     std::unique_ptr<Timer> Create(int milliseconds, std::function<void()> onTick) override {
         return m_timers.Create(milliseconds / m_speed, std::move(onTick));
     }
+    std::unique_ptr<Timer> CreateExact(int milliseconds, std::function<void()> onTick) override {
+        return m_timers.CreateExact(milliseconds / m_speed, std::move(onTick));
+    }
 
 private:
     int m_speed;

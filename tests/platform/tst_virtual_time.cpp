@@ -32,6 +32,7 @@ private Q_SLOTS:
     void TheTickTurnsOverAt31Bits();
     void TimersWaitOutASuspend();
     void AnotherZoneShowsTheSameMoment();
+    void JumpsAreTold();
 };
 
 void TstVirtualTime::WallAndTickMoveTogether() {
@@ -172,11 +173,29 @@ void TstVirtualTime::TimersWaitOutASuspend() {
 
 void TstVirtualTime::AnotherZoneShowsTheSameMoment() {
     VirtualTime time(Start());
-    qputenv("TZ", "UTC");
+    QVERIFY(time.SetZone("UTC"));
     time.Advance(1000);
     QCOMPARE(time.Now().toString(Qt::ISODate), u"1998-10-03T14:59:58"_s);
-    qputenv("TZ", "Asia/Tokyo");
+    QVERIFY(time.SetZone("Asia/Tokyo"));
     QCOMPARE(time.Now().toString(Qt::ISODate), u"1998-10-03T23:59:58"_s);
+}
+
+void TstVirtualTime::JumpsAreTold() {
+    VirtualTime time(Start());
+    int told = 0;
+    time.SetNow(Start());  // nobody listens
+    time.Listen([&] { ++told; });
+    time.Advance(10'000);
+    QCOMPARE(told, 0);
+    time.SetNow(Start());
+    QCOMPARE(told, 1);
+    time.Suspend(1);
+    QCOMPARE(told, 2);
+    QVERIFY(time.SetZone("Asia/Tokyo"));
+    QCOMPARE(told, 3);
+    time.Listen(nullptr);
+    time.SetNow(Start());
+    QCOMPARE(told, 3);
 }
 
 QTEST_GUILESS_MAIN(TstVirtualTime)

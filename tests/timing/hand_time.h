@@ -21,6 +21,9 @@ public:
         timers.push_back(timer.get());
         return timer;
     }
+    std::unique_ptr<Timer> CreateExact(int milliseconds, std::function<void()> onTick) override {
+        return Create(milliseconds, std::move(onTick));
+    }
 
     class HandTimer : public Timer {
     public:

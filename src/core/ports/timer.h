@@ -24,8 +24,12 @@ class TimerSource {
 public:
     virtual ~TimerSource() = default;
 
-    /// A timer at rest. The source outlives it.
+    /// A timer at rest. The source outlives it. Its ticks may be off by a twentieth of the interval, so that
+    /// the system can wake up for several at once.
     virtual std::unique_ptr<Timer> Create(int milliseconds, std::function<void()> onTick) = 0;
+
+    /// The same for ticks that meet a moment: never early, and late by a millisecond or two.
+    virtual std::unique_ptr<Timer> CreateExact(int milliseconds, std::function<void()> onTick) = 0;
 };
 
 }  // namespace tickwell
