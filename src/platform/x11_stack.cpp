@@ -35,10 +35,12 @@ xcb_window_t RootOf(xcb_connection_t* server) {
     return xcb_setup_roots_iterator(xcb_get_setup(server)).data->root;
 }
 
+xcb_get_property_cookie_t AskItems(xcb_connection_t* server, xcb_window_t window, xcb_atom_t property) {
+    return xcb_get_property(server, 0, window, property, XCB_GET_PROPERTY_TYPE_ANY, 0, kMostItems);
+}
+
 /// A property made of 32-bit items; empty where it is absent.
-QList<quint32> Items(xcb_connection_t* server, xcb_window_t window, xcb_atom_t property) {
-    const auto request =
-        xcb_get_property(server, 0, window, property, XCB_GET_PROPERTY_TYPE_ANY, 0, kMostItems);
+QList<quint32> Items(xcb_connection_t* server, xcb_get_property_cookie_t request) {
     const Answer<xcb_get_property_reply_t> reply(xcb_get_property_reply(server, request, nullptr));
     if (!reply || reply->format != 32) {
         return {};
@@ -88,14 +90,20 @@ void X11Stack::PutAbove(quintptr window) {
         LearnNames(server);
     }
     const auto ours = static_cast<xcb_window_t>(window);
-    if (Items(server, RootOf(server), m_names.checkWindow).isEmpty()) {  // no window manager
+    // All asked at once: each answer that is waited for alone is one more wake-up.
+    const auto checkWindow = AskItems(server, RootOf(server), m_names.checkWindow);
+    const auto stacking = AskItems(server, RootOf(server), m_names.stacking);
+    const auto states = AskItems(server, ours, m_names.state);
+    const bool hasManager = !Items(server, checkWindow).isEmpty();
+    const QList<quint32> stack = Items(server, stacking);
+    const bool isAbove = Items(server, states).contains(m_names.above);
+    if (!hasManager) {
         const quint32 above = XCB_STACK_MODE_ABOVE;
         xcb_configure_window(server, ours, XCB_CONFIG_WINDOW_STACK_MODE, &above);
     } else {
         // A manager that has nothing to do is left alone.
-        const QList<quint32> stack = Items(server, RootOf(server), m_names.stacking);
         const bool isTop = !stack.isEmpty() && stack.constLast() == ours;
-        if (!isTop || !Items(server, ours, m_names.state).contains(m_names.above)) {
+        if (!isTop || !isAbove) {
             Ask(server, ours, m_names.state, {kAddState, m_names.above, 0, kFromApplication, 0});
             Ask(server, ours, m_names.restack, {kFromPager, 0, XCB_STACK_MODE_ABOVE, 0, 0});
         }
