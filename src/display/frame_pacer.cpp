@@ -7,27 +7,48 @@ namespace tickwell {
 
 namespace {
 
-constexpr int kFrame = 17;  // ms: not above 60 a second
+// ms
+constexpr int kFrame = 17;  // not above 60 a second
+constexpr int kUnseen = 60'000;
 
 }  // namespace
 
 FramePacer::FramePacer(const Clock& clock, TimerSource& timers)
     : m_throttle(clock, timers, kFrame, [this] { Paint(); }) {}
 
-void FramePacer::Request(QWidget& widget) {
-    if (std::find(m_waiting.begin(), m_waiting.end(), &widget) == m_waiting.end()) {
-        m_waiting.push_back(&widget);
+void FramePacer::Request(QWidget& widget, const QRect& part) {
+    const auto found = std::find_if(m_waiting.begin(), m_waiting.end(),
+                                    [&widget](const Waiting& each) { return each.widget == &widget; });
+    if (found == m_waiting.end()) {
+        m_waiting.push_back({&widget, part});
+    } else {
+        found->part += part;
     }
-    m_throttle.Request();
+    AskForFrame();
 }
 
 void FramePacer::Forget(const QWidget& widget) {
-    std::erase(m_waiting, &widget);
+    std::erase_if(m_waiting, [&widget](const Waiting& each) { return each.widget == &widget; });
+}
+
+void FramePacer::SetSeen(bool isSeen) {
+    m_isSeen = isSeen;
+    AskForFrame();
+}
+
+int FramePacer::UntilFrame() const {
+    return m_isSeen ? kFrame : kUnseen;
+}
+
+void FramePacer::AskForFrame() {
+    if (m_isSeen && !m_waiting.empty()) {
+        m_throttle.Request();
+    }
 }
 
 void FramePacer::Paint() {
-    for (QWidget* widget : m_waiting) {
-        widget->update();
+    for (const Waiting& each : m_waiting) {
+        each.widget->update(each.part);
     }
     m_waiting.clear();
 }

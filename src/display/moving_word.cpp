@@ -3,6 +3,7 @@
 
 #include <QAccessible>
 #include <QAccessibleWidget>
+#include <QPaintEvent>
 #include <QPainter>
 
 #include "display/line_look.h"
@@ -20,7 +21,7 @@ public:
         : QAccessibleWidget(word, QAccessible::StaticText), m_word(word) {}
 
     QString text(QAccessible::Text which) const override {
-        return which == QAccessible::Name ? m_word->Text() : QAccessibleWidget::text(which);
+        return which == QAccessible::Name ? m_word->ToldText() : QAccessibleWidget::text(which);
     }
 
 private:
@@ -52,13 +53,21 @@ MovingWord::~MovingWord() {
 
 void MovingWord::ShowText(const QString& text) {
     const QString covered = m_text;
-    SetText(text);
-    m_wipe = Wipe{m_wipeKind, 0};
-    if (m_frameInterval > 0 && m_wipe.Length(size()) > 0) {
-        m_oldText = covered;
-        m_wipeTimer->SetInterval(m_frameInterval);
-        m_wipeTimer->Start();
+    const bool restarts = IsWiping();
+    const Wipe wipe{m_wipeKind, 0};
+    if (m_frameInterval <= 0 || wipe.Length(size()) <= 0 || !m_time.pacer.IsSeen()) {
+        SetText(text);
+        return;
     }
+    EndWipe();
+    TakeText(text);
+    if (restarts) {
+        m_time.pacer.Request(*this);
+    }
+    m_wipe = wipe;
+    m_oldText = covered;
+    m_wipeTimer->SetInterval(m_frameInterval);
+    m_wipeTimer->Start();
 }
 
 void MovingWord::SetText(const QString& text) {
@@ -67,11 +76,23 @@ void MovingWord::SetText(const QString& text) {
     if (text == m_text && !wiping) {
         return;
     }
-    m_text = text;
+    TakeText(text);
     m_time.pacer.Request(*this);
-    if (QAccessible::isActive()) {
+}
+
+void MovingWord::TakeText(const QString& text) {
+    const bool isNew = text != m_text;
+    m_text = text;
+    if (isNew && QAccessible::isActive()) {
         m_teller.Request();
     }
+}
+
+QString MovingWord::ToldText() {
+    if (m_bringUp) {
+        m_bringUp();
+    }
+    return m_text;
 }
 
 void MovingWord::SetFrameInterval(qint32 milliseconds) {
@@ -81,11 +102,15 @@ void MovingWord::SetFrameInterval(qint32 milliseconds) {
     m_frameInterval = milliseconds;
 }
 
+/// A frame paints what the edge has passed; all else stands on the screen already.
 void MovingWord::WipeTick() {
-    if (!m_wipe.Advance(m_stepSize, size())) {
+    const QRegion before = m_wipe.NewPart(size());
+    const bool goesOn = m_wipe.Advance(m_stepSize, size()) && m_time.pacer.IsSeen();
+    const QRegion passed = QRegion(goesOn ? m_wipe.NewPart(size()) : rect()) - before;
+    if (!goesOn) {
         EndWipe();
     }
-    m_time.pacer.Request(*this);
+    m_time.pacer.Request(*this, passed.boundingRect());
 }
 
 void MovingWord::EndWipe() {
@@ -113,16 +138,17 @@ int MovingWord::TextHeight() const {
     return fontMetrics().height();
 }
 
-void MovingWord::paintEvent(QPaintEvent* /*event*/) {
+void MovingWord::paintEvent(QPaintEvent* event) {
+    const QRect open = event->rect();
     QPainter painter(this);
-    painter.fillRect(rect(), ColorOf(m_backColor));
+    painter.fillRect(open, ColorOf(m_backColor));
     painter.setPen(ColorOf(m_foreColor));
     if (!IsWiping()) {
-        DrawPart(painter, rect(), m_text);
+        DrawPart(painter, open, m_text);
         return;
     }
-    DrawPart(painter, m_wipe.OldPart(size()), m_oldText);
-    DrawPart(painter, m_wipe.NewPart(size()), m_text);
+    DrawPart(painter, m_wipe.OldPart(size()) & open, m_oldText);
+    DrawPart(painter, m_wipe.NewPart(size()) & open, m_text);
 }
 
 void MovingWord::DrawPart(QPainter& painter, const QRect& part, const QString& text) const {

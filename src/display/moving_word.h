@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QWidget>
+#include <functional>
 #include <memory>
 
 #include "core/ports/clock.h"
@@ -22,7 +23,7 @@ struct LineTime {
 
 /// One line of text on its own background. New text comes in with a wipe (ShowText) or at once (SetText).
 /// Mouse events go on to the window that it lies on. A screen reader sees it as a label whose name is the
-/// text.
+/// text. Nothing wipes where nobody sees it.
 class MovingWord : public QWidget, public TextLine {
     Q_OBJECT
 
@@ -51,6 +52,13 @@ public:
     qint32 ForeColor() const { return m_foreColor; }
     bool IsWiping() const { return m_wipeTimer->IsRunning(); }
 
+    /// `bringUp` is called before a screen reader is told the text: what runs faster than the screen shows
+    /// would be told late otherwise. It may set the text, and must not throw.
+    void BringUpForReaders(std::function<void()> bringUp) { m_bringUp = std::move(bringUp); }
+
+    /// The text of this moment, for a screen reader.
+    QString ToldText();
+
     /// Height that its font asks for, without any margin.
     int TextHeight() const;
 
@@ -58,6 +66,7 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
+    void TakeText(const QString& text);
     void WipeTick();
     void EndWipe();
     void TellText();
@@ -74,6 +83,7 @@ private:
     qint32 m_foreColor = 0xFFFFFF;
     std::unique_ptr<Timer> m_wipeTimer;
     Throttle m_teller;
+    std::function<void()> m_bringUp;
 };
 
 /// Makes lines known to screen readers. Once a process, before the first window.

@@ -14,7 +14,13 @@ public:
     int Painted() const { return m_painted; }
 
 protected:
-    void paintEvent(QPaintEvent* /*event*/) override { ++m_painted; }
+    void paintEvent(QPaintEvent* event) override {
+        ++m_painted;
+        part = event->region();
+    }
+
+public:
+    QRegion part;  ///< what was painted last
 
 private:
     int m_painted = 0;
@@ -28,6 +34,8 @@ struct Bench {
     int atStart = 0;
 
     void Start() {
+        widget.setAttribute(Qt::WA_OpaquePaintEvent);
+        widget.setFixedSize(100, 50);
         widget.show();
         QVERIFY(QTest::qWaitForWindowExposed(&widget));
         QCoreApplication::processEvents();
@@ -48,6 +56,8 @@ private Q_SLOTS:
     void AChangeThatComesTooEarlyWaitsForItsFrame();
     void AThousandChangesASecondArePaintedAtMostSixtyTimes();
     void AForgottenWidgetIsLeftAlone();
+    void PartsOfOneFrameArePaintedTogetherAndNothingElse();
+    void OutOfSightNothingIsPaintedAndBackAllThatChanged();
 };
 
 void TstFramePacer::AChangeAfterAPauseIsPaintedAtOnceWithoutATimer() {
@@ -95,6 +105,37 @@ void TstFramePacer::AForgottenWidgetIsLeftAlone() {
     widget.reset();
     time.Advance(100);  // would touch freed memory
     QCOMPARE(time.UntilNext(), std::nullopt);
+}
+
+void TstFramePacer::PartsOfOneFrameArePaintedTogetherAndNothingElse() {
+    Bench bench;
+    bench.Start();
+    bench.pacer.Request(bench.widget, QRect(0, 0, 10, 50));
+    QTRY_COMPARE(bench.Painted(), 1);
+    QCOMPARE(bench.widget.part, QRegion(0, 0, 10, 50));
+    bench.pacer.Request(bench.widget, QRect(10, 0, 10, 50));
+    bench.pacer.Request(bench.widget, QRect(20, 0, 10, 50));
+    bench.time.Advance(17);
+    QTRY_COMPARE(bench.Painted(), 2);
+    QCOMPARE(bench.widget.part, QRegion(10, 0, 20, 50));
+}
+
+void TstFramePacer::OutOfSightNothingIsPaintedAndBackAllThatChanged() {
+    Bench bench;
+    bench.Start();
+    bench.pacer.SetSeen(false);
+    QVERIFY(bench.pacer.UntilFrame() >= 60'000);
+    bench.pacer.Request(bench.widget, QRect(0, 0, 10, 50));
+    bench.time.Advance(1000);
+    bench.pacer.Request(bench.widget, QRect(90, 0, 10, 50));
+    bench.time.Advance(1000);
+    QCoreApplication::processEvents();
+    QCOMPARE(bench.Painted(), 0);
+    QCOMPARE(bench.time.UntilNext(), std::nullopt);
+    bench.pacer.SetSeen(true);
+    QCOMPARE(bench.pacer.UntilFrame(), 17);
+    QTRY_COMPARE(bench.Painted(), 1);
+    QCOMPARE(bench.widget.part, QRegion(0, 0, 10, 50) + QRegion(90, 0, 10, 50));
 }
 
 QTEST_MAIN(TstFramePacer)

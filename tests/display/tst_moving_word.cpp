@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <QAccessible>
+#include <QPaintEvent>
 #include <QTest>
 
 #include "display/line_look.h"
@@ -66,6 +67,10 @@ private Q_SLOTS:
     void ALongTextIsClippedAtTheEdge();
     void ColoursAreDrawnAsStored();
     void AReaderSeesALabelWithTheText();
+    void AReaderIsToldTheTextThatIsBroughtUp();
+    void AFrameOfAWipePaintsWhatTheEdgeHasPassed_data();
+    void AFrameOfAWipePaintsWhatTheEdgeHasPassed();
+    void OutOfSightNothingWipes();
 };
 
 void TstMovingWord::initTestCase() {
@@ -222,6 +227,85 @@ void TstMovingWord::AReaderSeesALabelWithTheText() {
     QVERIFY(accessible != nullptr);
     QCOMPARE(accessible->role(), QAccessible::StaticText);
     QCOMPARE(accessible->text(QAccessible::Name), u"午後9時05分07秒"_s);
+}
+
+void TstMovingWord::AReaderIsToldTheTextThatIsBroughtUp() {
+    Bench bench;
+    bench.word.SetText(u"0:00'00\"017"_s);
+    bench.word.BringUpForReaders([&bench] { bench.word.SetText(u"0:00'00\"018"_s); });
+    QCOMPARE(bench.word.Text(), u"0:00'00\"017"_s);
+    QAccessibleInterface* accessible = QAccessible::queryAccessibleInterface(&bench.word);
+    QCOMPARE(accessible->text(QAccessible::Name), u"0:00'00\"018"_s);
+}
+
+namespace {
+
+/// Collects what is painted of a widget.
+class PaintWatch : public QObject {
+public:
+    explicit PaintWatch(QWidget& widget) { widget.installEventFilter(this); }
+    QRegion painted;
+    int frames = 0;
+
+protected:
+    bool eventFilter(QObject* /*watched*/, QEvent* event) override {
+        if (event->type() == QEvent::Paint) {
+            painted += static_cast<QPaintEvent*>(event)->region();
+            ++frames;
+        }
+        return false;
+    }
+};
+
+}  // namespace
+
+void TstMovingWord::AFrameOfAWipePaintsWhatTheEdgeHasPassed_data() {
+    QTest::addColumn<qint32>("kind");
+    QTest::addColumn<QRect>("first");
+    QTest::addColumn<int>("frames");
+    QTest::newRow("left to right") << kWipeLeftToRight << QRect(0, 0, 4, 20) << 25;
+    QTest::newRow("right to left") << kWipeRightToLeft << QRect(96, 0, 4, 20) << 25;
+    QTest::newRow("top to bottom") << kWipeTopToBottom << QRect(0, 0, 100, 4) << 5;
+    QTest::newRow("bottom to top") << kWipeBottomToTop << QRect(0, 16, 100, 4) << 5;
+}
+
+void TstMovingWord::AFrameOfAWipePaintsWhatTheEdgeHasPassed() {
+    QFETCH(qint32, kind);
+    QFETCH(QRect, first);
+    QFETCH(int, frames);
+    Bench bench;
+    QVERIFY(QTest::qWaitForWindowExposed(&bench.word));
+    bench.word.SetWipeKind(kind);
+    bench.time.Advance(1000);
+    QCoreApplication::processEvents();
+    PaintWatch watch(bench.word);
+    bench.word.ShowText(u"■■■■■■■"_s);
+    QCoreApplication::processEvents();
+    QCOMPARE(watch.frames, 0);  // the old text stands there already
+    bench.time.Advance(20);
+    QTRY_COMPARE(watch.frames, 1);
+    QCOMPARE(watch.painted, QRegion(first));
+    for (int frame = 2; frame <= frames; ++frame) {
+        bench.time.Advance(20);
+        QTRY_COMPARE(watch.frames, frame);
+    }
+    QVERIFY(!bench.word.IsWiping());
+    QCOMPARE(watch.painted, QRegion(bench.word.rect()));
+}
+
+void TstMovingWord::OutOfSightNothingWipes() {
+    Bench bench;
+    bench.pacer.SetSeen(false);
+    bench.word.ShowText(u"new"_s);
+    QVERIFY(!bench.word.IsWiping());
+    QCOMPARE(bench.word.Text(), u"new"_s);
+    bench.pacer.SetSeen(true);
+    bench.word.ShowText(u"newer"_s);
+    bench.time.Advance(20);
+    QVERIFY(bench.word.IsWiping());
+    bench.pacer.SetSeen(false);
+    bench.time.Advance(20);
+    QVERIFY(!bench.word.IsWiping());
 }
 
 QTEST_MAIN(TstMovingWord)
