@@ -93,7 +93,8 @@ QWidget* frmAbout::MakeText() {
     m_lblTitle->setFont(large);
     auto* icon = MakeLabel(u"Image1"_s, this);
     // The one icon that the program has: each other one would have a scaled picture of its own kept for it.
-    icon->setPixmap(QGuiApplication::windowIcon().pixmap(fontMetrics().height() * 4));  // as the desktop's text
+    icon->setPixmap(
+        QGuiApplication::windowIcon().pixmap(fontMetrics().height() * 4));  // as the desktop's text
     icon->setAccessibleName(u"Tickwell のアイコン"_s);
 
     auto* texts = new QVBoxLayout;

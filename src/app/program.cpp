@@ -105,23 +105,10 @@ void Program::Start() {
 ProgramPorts Program::Ports() {
     const Clock& clock = m_virtualTime ? static_cast<const Clock&>(*m_virtualTime) : m_systemClock;
     TimerSource& timers = m_virtualTime ? static_cast<TimerSource&>(*m_virtualTime) : m_qtTimers;
-    return {clock,
-            timers,
-            m_qtTimers,
-            m_boxes,
-            m_handlers,
-            m_power,
-            m_memory,
-            m_tray,
-            m_stack,
-            m_starter,
-            *m_autostart,
-            m_printer,
-            m_sound,
-            m_wait,
-            m_drive,
-            m_drive,
-            [this] { m_tidyTimer->Start(); }};
+    TimeJumps& jumps = m_virtualTime ? static_cast<TimeJumps&>(*m_virtualTime) : m_systemJumps;
+    return {clock,     timers,   jumps,  m_qtTimers, m_boxes,   m_handlers,
+            m_power,   m_memory, m_tray, m_stack,    m_starter, *m_autostart,
+            m_printer, m_sound,  m_wait, m_drive,    m_drive,   [this] { m_tidyTimer->Start(); }};
 }
 
 /// One box, and the end; nothing is saved.

@@ -20,6 +20,7 @@
 #include "platform/qt_tray.h"
 #include "platform/sdl_sound_output.h"
 #include "platform/system_clock.h"
+#include "platform/system_time_jumps.h"
 #include "platform/upower.h"
 #include "platform/virtual_time_pipe.h"
 #include "platform/x11_stack.h"
@@ -49,6 +50,7 @@ private:
     Handlers m_handlers;
     SystemClock m_systemClock;
     QtTimers m_qtTimers;
+    SystemTimeJumps m_systemJumps;
     std::unique_ptr<Timer> m_iconTimer;
     std::unique_ptr<Timer> m_tidyTimer;
     ProcMemory m_memory;

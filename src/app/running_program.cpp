@@ -52,6 +52,7 @@ MainWindowParts RunningProgram::PartsOfMainWindow() {
             m_state.started.dayDatabase,
             m_ports.clock,
             m_ports.timers,
+            m_ports.jumps,
             m_ports.power,
             m_ports.memory,
             m_ports.tray,

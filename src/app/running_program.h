@@ -15,6 +15,7 @@ namespace tickwell {
 struct ProgramPorts {
     const Clock& clock;
     TimerSource& timers;
+    TimeJumps& jumps;
     TimerSource& realTimers;  ///< sound and drives know no other time
     MessageBoxes& boxes;
     Handlers& handlers;

@@ -25,4 +25,9 @@ constexpr quint32 TicksSince(qint32 earlier, qint32 later) {
     return static_cast<quint32>(later) - static_cast<quint32>(earlier);
 }
 
+/// Milliseconds until the tick counter, now at `tick`, turns from its largest value to its smallest.
+constexpr qint64 UntilTickTurns(qint32 tick) {
+    return (qint64{1} << 31) - tick;
+}
+
 }  // namespace tickwell

@@ -22,6 +22,9 @@ public:
     /// Each second, whatever is shown, from the load of the main window to its end.
     void Timer3_Timer();
 
+    /// Milliseconds until the next tick that finds its turn.
+    qint64 UntilDue() const;
+
 private:
     const Clock& m_clock;
     const AppSettings& m_settings;

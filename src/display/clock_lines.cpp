@@ -16,6 +16,15 @@ QString TimeLine(const AppSettings& settings, QTime now) {
     return ClockText(now, settings.language, settings.displayMode, settings.hourStyle);
 }
 
+// ms
+constexpr int kSecond = 1000;
+constexpr int kMinute = 60'000;
+
+/// So many whole steps since midnight; -1 for a time that is not there.
+int WholeSteps(QTime time, int step) {
+    return time.isValid() ? time.msecsSinceStartOfDay() / step : -1;
+}
+
 }  // namespace
 
 ClockLines::ClockLines(const AppSettings& settings, const Clock& clock,
@@ -31,7 +40,7 @@ void ClockLines::Show() {
 void ClockLines::LookUp() {
     const QDate today = m_clock.Now().date();
     const QString date = today.toString(Qt::ISODate);
-    if ((date == m_rememberedDate && !m_refresh) || m_dayDatabase == nullptr) {
+    if (!IsLookUpDue(date) || m_dayDatabase == nullptr) {
         return;
     }
     m_dateLine = DateLine(m_settings, today);
@@ -44,11 +53,24 @@ void ClockLines::LookUp() {
 
 void ClockLines::TimeTick() {
     const QTime now = m_clock.Now().time();
-    const QString time = now.toString(Qt::ISODate);
-    if (time != m_rememberedTime) {
-        m_rememberedTime = time;
+    if (WholeSteps(now, kSecond) != WholeSteps(m_rememberedTime, kSecond)) {
+        m_rememberedTime = now;
         m_lines.lower.SetText(TimeLine(m_settings, now));
     }
+}
+
+qint64 ClockLines::UntilDue(bool isSeen) const {
+    const QDateTime now = m_clock.Now();
+    if (IsLookUpDue(now.date().toString(Qt::ISODate))) {
+        return 0;
+    }
+    const bool hasSeconds =
+        m_settings.language == kLanguageJapanese || m_settings.language == kLanguageEnglish;
+    const int step = isSeen && hasSeconds ? kSecond : kMinute;
+    if (WholeSteps(now.time(), step) != WholeSteps(m_rememberedTime, step)) {
+        return 1;  // it turned between the tick and this question
+    }
+    return step - now.time().msecsSinceStartOfDay() % step;
 }
 
 void ClockLines::RotateTick() {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QStringList>
+#include <QTime>
 #include <memory>
 
 #include "core/ports/clock.h"
@@ -36,13 +37,19 @@ public:
 
     void RaiseRefresh() { m_refresh = true; }
 
+    /// Milliseconds until the next tick of Dz_Timer1 that finds something new; 0 while a look-up waits for
+    /// the database. To lines that nobody sees each minute is early enough.
+    qint64 UntilDue(bool isSeen) const;
+
 private:
+    bool IsLookUpDue(const QString& date) const { return date != m_rememberedDate || m_refresh; }
+
     const AppSettings& m_settings;
     const Clock& m_clock;
     const std::unique_ptr<DayDatabase>& m_dayDatabase;
     TextLines m_lines;
     QString m_rememberedDate;  // empty at start: the first tick always looks up
-    QString m_rememberedTime;
+    QTime m_rememberedTime;    // invalid at start
     QString m_dateLine;
     QStringList m_names;
     qsizetype m_turn = 0;  // 0 the date, i the name i

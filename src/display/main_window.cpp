@@ -25,6 +25,7 @@ constexpr int kUsageTick = 250;
 constexpr int kBatteryTick = 10000;
 constexpr int kMemoryTick = 2000;
 constexpr int kKeepTopTick = 2000;
+constexpr int kSecond = 1000;
 constexpr int kCdTick = 500;
 constexpr int kChimeTick = 1000;
 
@@ -48,17 +49,26 @@ Form1::Form1(const MainWindowParts& parts)
       m_cdLines(parts.media.player, {*m_MovingWord1, *m_MovingWord2}, *this),
       m_chime(parts.clock, parts.settings, parts.media.playChime),
       m_setuptimer(parts.handlers.MakeTimer(parts.timers, kFitDelay, [this] { setuptimer_Timer(); })),
-      m_Dz_Timer1(parts.handlers.MakeTimer(parts.timers, kTimeTick, [this] { Dz_Timer1_Timer(); })),
+      m_Dz_Timer1(
+          parts.handlers, parts.timers, kTimeTick, [this] { Dz_Timer1_Timer(); },
+          [this] { return m_clockLines.UntilDue(m_pacer.IsSeen()); }),
       m_Dz_Timer2(parts.handlers.MakeTimer(parts.timers, kDateTick, [this] { m_clockLines.RotateTick(); })),
-      m_Win_Timer(parts.handlers.MakeTimer(parts.timers, kUsageTick, [this] { m_usageLines.Tick(); })),
+      m_Win_Timer(
+          parts.handlers, parts.timers, kUsageTick, [this] { m_usageLines.Tick(); },
+          [this] { return m_pacer.IsSeen() ? m_usageLines.UntilDue() : SleepingTimer::kLongestSleep; }),
       m_BatTimer(parts.handlers.MakeTimer(parts.timers, kBatteryTick, [this] { m_batteryLines.Refresh(); })),
       m_MemoryTimer(parts.handlers.MakeTimer(parts.timers, kMemoryTick, [this] { m_memoryLines.Tick(); })),
-      m_KeepTop(parts.handlers.MakeTimer(parts.timers, kKeepTopTick, [this] { KeepTop_Timer(); })),
+      m_KeepTop(
+          parts.handlers, parts.timers, kKeepTopTick, [this] { KeepTop_Timer(); },
+          [this] { return UntilKeepTop(); }),
       m_CDTimer2(parts.handlers.MakeTimer(parts.timers, kCdTick, [this] { m_cdLines.Tick(); })),
-      m_Timer3(parts.handlers.MakeTimer(parts.timers, kChimeTick, [this] { m_chime.Timer3_Timer(); })),
-      m_timing(parts.timing, {{*m_MovingWord1, *m_MovingWord2}, *this}),
+      m_Timer3(
+          parts.handlers, parts.timers, kChimeTick, [this] { m_chime.Timer3_Timer(); },
+          [this] { return m_chime.UntilDue(); }),
+      m_timing(parts.timing,
+               {{*m_MovingWord1, *m_MovingWord2}, *this, [this] { return m_pacer.UntilFrame(); }}),
       m_switch(parts.settings, {*m_MovingWord1, *m_MovingWord2}, *m_menu,
-               {*m_Dz_Timer1, *m_Dz_Timer2, *m_Win_Timer, m_timing.Timer1(), *m_BatTimer, *m_MemoryTimer,
+               {m_Dz_Timer1, *m_Dz_Timer2, m_Win_Timer, m_timing.Timer1(), *m_BatTimer, *m_MemoryTimer,
                 *m_CDTimer2},
                {m_clockLines, m_usageLines, m_batteryLines, m_memoryLines, m_timing.Reading(),
                 m_timing.Rest(), m_cdLines}),
@@ -82,6 +92,12 @@ Form1::Form1(const MainWindowParts& parts)
     m_trayMenu->Item(MenuCommand::ShowHelp)->setEnabled(parts.windows.help != nullptr);
     m_menu->Item(MenuCommand::ShowAbout)->setEnabled(parts.windows.about != nullptr);
     connect(m_menu, &QMenu::aboutToShow, this, &Form1::Menu_AboutToShow);
+    m_MovingWord2->BringUpForReaders([this] { m_timing.BringUp(); });
+    m_parts.jumps.Listen([this] { WakeTimers(); });
+}
+
+Form1::~Form1() {
+    m_parts.jumps.Listen(nullptr);
 }
 
 void Form1::Form_Load() {
@@ -95,7 +111,7 @@ void Form1::Form_Load() {
     m_MovingWord1->SetText(u"Tickwell Ver.2"_s);
     m_MovingWord2->SetText(QString());
     m_setuptimer->Start();
-    m_Timer3->Start();
+    m_Timer3.Start();
 }
 
 void Form1::ApplyStyles() {
@@ -145,6 +161,33 @@ void Form1::Dz_Timer1_Timer() {
 void Form1::ChangeFunction(qint32 number) {
     m_switch.ChangeFunction(number);
     m_roll.FunctionChanged(number);
+    m_timing.Wake();  // a running countdown is perhaps shown from now on
+}
+
+void Form1::RaiseRefresh() {
+    m_clockLines.RaiseRefresh();
+    m_Dz_Timer1.Wake();
+}
+
+/// Time went another way than they counted it.
+void Form1::WakeTimers() {
+    m_Dz_Timer1.Wake();
+    m_Win_Timer.Wake();
+    m_Timer3.Wake();
+    m_timing.Wake();
+}
+
+/// What nobody sees is not brought up to date; the first frame that is seen shows what holds then.
+void Form1::SetSeen(bool isSeen) {
+    if (isSeen == m_pacer.IsSeen()) {
+        return;
+    }
+    m_pacer.SetSeen(isSeen);
+    if (isSeen) {
+        m_Dz_Timer1.TickNow();
+        m_Win_Timer.TickNow();
+        m_timing.TickNow();
+    }
 }
 
 void Form1::Menu_Click(MenuCommand command, qint32 number) {
@@ -208,9 +251,9 @@ void Form1::HoldKeepTop(bool held) {
 
 void Form1::UpdateKeepTop() {
     if (m_started && !m_keepTopHeld && !m_storage.IsStored()) {
-        m_KeepTop->Start();
+        m_KeepTop.Start();
     } else {
-        m_KeepTop->Stop();
+        m_KeepTop.Stop();
     }
 }
 
@@ -220,6 +263,19 @@ void Form1::KeepTop_Timer() {
     if (!IsCovered()) {
         m_parts.stack.PutAbove(winId());
     }
+}
+
+/// With the second tick of the line from now, so that both wake the machine up once; never later than its
+/// interval.
+qint64 Form1::UntilKeepTop() const {
+    qint64 untilLine = 0;
+    if (GetFuncNumber() == kFunctionClock) {
+        untilLine = m_clockLines.UntilDue(true);
+    } else if (GetFuncNumber() == kFunctionUsage) {
+        untilLine = m_usageLines.UntilDue();
+    }
+    const bool isTicking = untilLine > 1 && untilLine <= kSecond;  // 1 where it ticks at this very moment
+    return isTicking ? kKeepTopTick - kSecond + untilLine : kKeepTopTick;
 }
 
 /// By a menu or a window of our own, which the user is at.

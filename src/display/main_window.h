@@ -6,8 +6,7 @@
 
 #include "core/day_changes.h"
 #include "core/display_function.h"
-#include "display/clock_lines.h"
-#include "display/frame_pacer.h"
+#include "core/sleeping_timer.h"
 #include "display/function_switch.h"
 #include "display/main_menu.h"
 #include "display/main_window_parts.h"
@@ -16,42 +15,39 @@
 #include "display/roll.h"
 #include "display/tool_launcher.h"
 #include "display/tray_storage.h"
-#include "display/usage_lines.h"
 #include "display/window_geometry.h"
 
 namespace tickwell {
 
-/// The display window: two lines, small, without a frame, above all others. It ties the lines, the timers and
-/// the menu to what computes them. Built at rest: Form_Load reads its place and starts it.
+/// The display window: two lines, small, without a frame, above all others. It ties lines, timers and menu to
+/// what computes them. Built at rest: Form_Load reads its place and starts it.
 class Form1 : public QWidget, public DisplayFunctions, public DayChanges {
     Q_OBJECT
 
 public:
     explicit Form1(const MainWindowParts& parts);
+    ~Form1() override;
 
     /// Reads the stored place and width, gives the lines their look and starts the start-up delay. Throws
     /// RunTimeError; the window must then not be shown.
     void Form_Load();
-
     void ChangeFunction(qint32 number) override;
     qint32 GetFuncNumber() const override { return m_parts.settings.function; }
 
     /// The settings have changed: looks, function, date and roll follow at once.
     void ApplySettings();
+    void RaiseRefresh() override;
 
-    void RaiseRefresh() override { m_clockLines.RaiseRefresh(); }
     /// Shows the window above the others, out of the notification area, and brought onto a screen when it lay
     /// wholly outside.
     void ComeForward();
-
     /// The same, and opens the menu for the keyboard.
     void ComeForwardWithMenu();
+
     /// While the settings stand open, the window does not put itself above them.
     void HoldKeepTop(bool held);
-
     /// Writes the settings with the window's present place. Throws RunTimeError.
     void SaveAll();
-
     /// The menus that stand open.
     QList<QMenu*> VisibleMenus() const;
 
@@ -64,6 +60,8 @@ protected:
     void moveEvent(QMoveEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
+    bool event(QEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     void Form_Resize();
@@ -77,6 +75,9 @@ private:
     void PopUpMenu(QPoint at);
     void OpenMenuByKey();
     void SetStored(bool stored);
+    void SetSeen(bool isSeen);
+    void WakeTimers();
+    qint64 UntilKeepTop() const;
     void UpdateKeepTop();
     bool IsCovered() const;
 
@@ -93,14 +94,14 @@ private:
     CdLines m_cdLines;
     Chime m_chime;
     std::unique_ptr<Timer> m_setuptimer;
-    std::unique_ptr<Timer> m_Dz_Timer1;
+    SleepingTimer m_Dz_Timer1;
     std::unique_ptr<Timer> m_Dz_Timer2;
-    std::unique_ptr<Timer> m_Win_Timer;
+    SleepingTimer m_Win_Timer;
     std::unique_ptr<Timer> m_BatTimer;
     std::unique_ptr<Timer> m_MemoryTimer;
-    std::unique_ptr<Timer> m_KeepTop;
+    SleepingTimer m_KeepTop;
     std::unique_ptr<Timer> m_CDTimer2;
-    std::unique_ptr<Timer> m_Timer3;
+    SleepingTimer m_Timer3;
     TimingTools m_timing;
     FunctionSwitch m_switch;
     Roll m_roll;

@@ -4,6 +4,7 @@
 #include <QContextMenuEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QWindow>
 
 #include "display/main_window.h"
 
@@ -71,6 +72,25 @@ void Form1::moveEvent(QMoveEvent* /*event*/) {
 void Form1::resizeEvent(QResizeEvent* event) {
     m_geometry.Resized(event->size().width());
     Form_Resize();
+}
+
+bool Form1::event(QEvent* event) {
+    if (event->type() == QEvent::Show) {
+        windowHandle()->installEventFilter(this);  // once, however often
+        SetSeen(true);
+    } else if (event->type() == QEvent::Hide) {
+        SetSeen(false);
+    }
+    return QWidget::event(event);
+}
+
+/// A window manager takes a window off the screen without a word to the widget, for instance with its
+/// desktop.
+bool Form1::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::Expose && watched == windowHandle()) {
+        SetSeen(windowHandle()->isExposed());
+    }
+    return QWidget::eventFilter(watched, event);
 }
 
 void Form1::closeEvent(QCloseEvent* event) {

@@ -11,6 +11,7 @@
 #include "core/ports/power.h"
 #include "core/ports/program_starter.h"
 #include "core/ports/settings_store.h"
+#include "core/ports/time_jumps.h"
 #include "core/ports/timer.h"
 #include "core/ports/tray.h"
 #include "core/ports/window_stack.h"
@@ -45,6 +46,7 @@ struct MainWindowParts {
     const std::unique_ptr<DayDatabase>& dayDatabase;  ///< null while it is closed
     const Clock& clock;
     TimerSource& timers;
+    TimeJumps& jumps;
     const Power& power;
     const Memory& memory;
     Tray& tray;

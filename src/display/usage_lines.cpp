@@ -2,8 +2,15 @@
 #include "display/usage_lines.h"
 
 #include "core/duration_text.h"
+#include "core/integers.h"
 
 namespace tickwell {
+
+namespace {
+
+constexpr qint64 kSecond = 1000;  // ms
+
+}  // namespace
 
 UsageLines::UsageLines(const AppSettings& settings, const Clock& clock, TextLines lines)
     : m_settings(settings), m_clock(clock), m_lines(lines) {}
@@ -21,6 +28,25 @@ void UsageLines::Tick() {
         m_shownSecond = second;
         m_lines.lower.SetText(Reading(tick));
     }
+}
+
+qint64 UsageLines::UntilDue() const {
+    const qint32 tick = m_clock.Tick();
+    if (WholeSeconds(tick) != m_shownSecond) {
+        return 1;  // it turned between the tick and this question
+    }
+    // In the middle of a second; whether with its half or just after, the even neighbour decides.
+    const qint64 untilHalf = FloorMod(kSecond / 2 - tick, kSecond);
+    const qint64 untilTurn = UntilTickTurns(tick);
+    for (const qint64 due : {untilHalf, untilHalf + 1, untilHalf + kSecond, untilHalf + kSecond + 1}) {
+        if (due >= untilTurn) {
+            return untilTurn;
+        }
+        if (WholeSeconds(static_cast<qint32>(tick + due)) != m_shownSecond) {
+            return due;
+        }
+    }
+    return kSecond;
 }
 
 QString UsageLines::Reading(qint32 tick) const {

@@ -21,6 +21,9 @@ public:
     /// Win_Timer: a new reading only when the whole second, rounded as the text rounds it, is another.
     void Tick();
 
+    /// Milliseconds until the next tick that shows something new.
+    qint64 UntilDue() const;
+
 private:
     QString Reading(qint32 tick) const;
 

@@ -17,6 +17,10 @@ qint32 Countdown::Remaining() const {
     return CheckedSub(m_state.CountdownDuration, CheckedSub(m_clock.Tick(), m_state.CountdownStart));
 }
 
+qint64 Countdown::UntilOverflow() const {
+    return UntilTickTurns(m_clock.Tick());
+}
+
 bool Countdown::ReplaceZero() {
     const bool zero = m_state.CountdownDuration == 0;
     if (zero) {

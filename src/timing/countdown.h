@@ -28,6 +28,9 @@ public:
     /// Milliseconds to zero, below zero when the tick is late. For a running countdown.
     qint32 Remaining() const;
 
+    /// Milliseconds for which Remaining stays in order; an overflow may come with the next.
+    qint64 UntilOverflow() const;
+
     void SetDuration(qint32 milliseconds) { m_state.CountdownDuration = milliseconds; }
     void SetRepeat(bool repeat) { m_state.CountdownRepeat = repeat; }
     void SetShownOnMain(bool shown) { m_state.TimerShownOnMain = shown; }

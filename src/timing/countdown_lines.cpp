@@ -39,6 +39,19 @@ void CountdownLines::Tick(Timer& timer) {
     m_windows.ShowNotice();
 }
 
+void CountdownLines::BringUp() {
+    const CountdownState& state = m_countdown.State();
+    if (state.CountdownRunning && state.TimerShownOnMain) {
+        m_lines.lower.SetText(ElapsedText(std::max(0, m_countdown.Remaining())));
+    }
+}
+
+qint64 CountdownLines::UntilDue(qint64 untilFrame) const {
+    const CountdownState& state = m_countdown.State();
+    const qint64 untilZero = std::min(qint64{m_countdown.Remaining()}, m_countdown.UntilOverflow());
+    return state.TimerShownOnMain ? std::min(untilFrame, untilZero) : untilZero;
+}
+
 void CountdownLines::EndRun(Timer& timer) {
     const CountdownState& state = m_countdown.State();
     if (state.TimerShownOnMain) {

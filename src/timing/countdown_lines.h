@@ -26,6 +26,13 @@ public:
     /// cycles it missed follow tick by tick.
     void Tick(Timer& timer);
 
+    /// Between two ticks: the rest of this moment, where it is shown. Zero waits for its tick.
+    void BringUp();
+
+    /// Milliseconds until the next tick that shows something new, where the lines show a change after
+    /// `untilFrame` ms, or that comes to zero.
+    qint64 UntilDue(qint64 untilFrame) const;
+
 private:
     void EndRun(Timer& timer);
     void BeginNextCycle();

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "timing/stopwatch.h"
 
+#include <algorithm>
+
 #include "core/integers.h"
 
 namespace tickwell {
@@ -11,6 +13,10 @@ qint32 Stopwatch::Reading() const {
     }
     // The difference first: added the other way round, a sum that fits could overflow on its way.
     return CheckedAdd(CheckedSub(m_clock.Tick(), m_state.StopwatchStart), m_state.StopwatchElapsed);
+}
+
+qint64 Stopwatch::UntilOverflow() const {
+    return std::min(UntilTickTurns(m_clock.Tick()), (qint64{1} << 31) - Reading());
 }
 
 void Stopwatch::Start() {

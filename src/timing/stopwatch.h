@@ -34,6 +34,9 @@ public:
     /// Milliseconds at this moment; those of the last stop while it is stopped.
     qint32 Reading() const;
 
+    /// Milliseconds, while it runs, for which Reading stays in order; an overflow may come with the next.
+    qint64 UntilOverflow() const;
+
     /// While stopped: it goes on from its reading.
     void Start();
     /// While running. Returns the reading it stopped at.

@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "timing/stopwatch_lines.h"
 
+#include <algorithm>
+
 #include "core/duration_text.h"
+#include "core/sleeping_timer.h"
 
 namespace tickwell {
 
@@ -14,6 +17,13 @@ void StopwatchLines::Tick() {
     if (m_lines.lower.Text() != text) {
         m_lines.lower.SetText(text);
     }
+}
+
+qint64 StopwatchLines::UntilDue(qint64 untilFrame) const {
+    if (!m_stopwatch.IsRunning()) {
+        return SleepingTimer::kLongestSleep;  // its start wakes the timer
+    }
+    return std::min(untilFrame, m_stopwatch.UntilOverflow());
 }
 
 }  // namespace tickwell

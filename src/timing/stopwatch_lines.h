@@ -18,6 +18,10 @@ public:
     /// Timer1: the reading is replaced in place. A stopwatch that stands still lets the wipe end.
     void Tick();
 
+    /// Milliseconds until the next tick that shows something new, where the lines show a change after
+    /// `untilFrame` ms.
+    qint64 UntilDue(qint64 untilFrame) const;
+
 private:
     const Stopwatch& m_stopwatch;
     TextLines m_lines;

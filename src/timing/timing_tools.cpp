@@ -5,7 +5,8 @@ namespace tickwell {
 
 namespace {
 
-constexpr int kTick = 1;  // ms: the last digit is seen to run
+constexpr int kTick =
+    1;  // ms: a start and an end are met; in between, the lines say how often they can show a change
 
 }  // namespace
 
@@ -16,11 +17,35 @@ TimingTools::TimingTools(const TimingParts& parts, const TimingView& view)
       m_countdown(parts.countdown, parts.clock),
       m_stopwatchLines(m_stopwatch, view.lines),
       m_countdownLines(m_countdown, view.lines, *this),
-      m_Timer1(parts.handlers.MakeTimer(parts.timers, kTick, [this] { m_stopwatchLines.Tick(); })),
+      m_Timer1(
+          parts.handlers, parts.timers, kTick, [this] { m_stopwatchLines.Tick(); },
+          [this] { return m_stopwatchLines.UntilDue(m_view.untilFrame()); }),
       m_TimerTimer(
-          parts.handlers.MakeTimer(parts.timers, kTick, [this] { m_countdownLines.Tick(*m_TimerTimer); })),
-      m_stopwatchPanel(m_stopwatch, view.lines, view.functions, *m_Timer1),
-      m_timerPanel(m_countdown, view.lines, *m_TimerTimer) {}
+          parts.handlers, parts.timers, kTick, [this] { m_countdownLines.Tick(m_TimerTimer); },
+          [this] { return m_countdownLines.UntilDue(m_view.untilFrame()); }),
+      m_stopwatchPanel(m_stopwatch, view.lines, view.functions, m_Timer1),
+      m_timerPanel(m_countdown, view.lines, m_TimerTimer) {}
+
+void TimingTools::Wake() {
+    m_Timer1.Wake();
+    m_TimerTimer.Wake();
+}
+
+void TimingTools::TickNow() {
+    m_Timer1.TickNow();
+    m_TimerTimer.TickNow();
+}
+
+void TimingTools::BringUp() {
+    try {
+        if (m_Timer1.IsRunning()) {
+            m_stopwatchLines.Tick();
+        }
+        m_countdownLines.BringUp();
+    } catch (const RunTimeError&) {
+        // The reading stays as it was.
+    }
+}
 
 void TimingTools::ShowStopForm() {
     if (!m_stopForm) {

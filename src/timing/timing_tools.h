@@ -7,6 +7,7 @@
 #include "core/ports/clock.h"
 #include "core/ports/help_viewer.h"
 #include "core/ports/printer.h"
+#include "core/sleeping_timer.h"
 #include "timing/countdown_lines.h"
 #include "timing/stopwatch_lines.h"
 #include "timing/stopwatch_window.h"
@@ -37,6 +38,9 @@ struct TimingParts {
 struct TimingView {
     TextLines lines;
     DisplayFunctions& functions;
+    std::function<qint64()> untilFrame = [] {
+        return 1;
+    };  ///< ms from one change of a line to the next that is seen
 };
 
 /// Stopwatch and countdown put together: rules, lines, the main window's two timers, and the windows, which
@@ -45,9 +49,18 @@ class TimingTools : public TimerWindows {
 public:
     TimingTools(const TimingParts& parts, const TimingView& view);
 
-    Timer& Timer1() { return *m_Timer1; }
+    Timer& Timer1() { return m_Timer1; }
     StopwatchLines& Reading() { return m_stopwatchLines; }
     CountdownLines& Rest() { return m_countdownLines; }
+
+    /// Something has changed that may be due sooner than the timers know: the function, or time itself.
+    void Wake();
+
+    /// The lines came into sight.
+    void TickNow();
+
+    /// Brings a running reading up to date between two ticks. Never throws: what fails is told by its tick.
+    void BringUp();
 
     void ShowStopForm();
     void ShowTimerForm() override;
@@ -66,8 +79,8 @@ private:
     Countdown m_countdown;
     StopwatchLines m_stopwatchLines;
     CountdownLines m_countdownLines;
-    std::unique_ptr<Timer> m_Timer1;
-    std::unique_ptr<Timer> m_TimerTimer;
+    SleepingTimer m_Timer1;
+    SleepingTimer m_TimerTimer;
     StopwatchPanel m_stopwatchPanel;
     TimerPanel m_timerPanel;
     std::unique_ptr<StopForm> m_stopForm;  // null until they are first asked for

@@ -62,6 +62,7 @@ struct MainWindowBench {
                                                        dayDatabase,
                                                        time,
                                                        time,
+                                                       time,
                                                        power,
                                                        memory,
                                                        tray,

@@ -54,6 +54,9 @@ private Q_SLOTS:
     void AClockSetBackIntoItsMinuteStaysSilent();
     void AJumpFromHalfHourToHourWithoutATickBetweenIsSilentOnPurpose();
     void TheNameIsHandedOnAsItStands();
+    void TheNextTurnIsDue_data();
+    void TheNextTurnIsDue();
+    void ATurnThatWasMissedIsDueAtOnce();
 };
 
 void TstChime::HoursAreStruckOnADialOfTwelve_data() {
@@ -166,6 +169,35 @@ void TstChime::TheNameIsHandedOnAsItStands() {
     bench.settings.chimeSound = u"機械時計[高い音] "_s;
     bench.time.Advance(5 * kSecond);
     QCOMPARE(bench.played, QStringList{u"機械時計[高い音]  x1 at 12:30:00"_s});
+}
+
+void TstChime::TheNextTurnIsDue_data() {
+    QTest::addColumn<QString>("now");
+    QTest::addColumn<qint64>("due");
+    QTest::newRow("a minute after the hour") << u"10:01:00"_s << 29 * kMinute;
+    QTest::newRow("before the half hour") << u"10:29:59"_s << kSecond;
+    QTest::newRow("on the half hour, the minute after it") << u"10:30:00"_s << kMinute;
+    QTest::newRow("within the half hour's minute") << u"10:30:59"_s << kSecond;
+    QTest::newRow("after it") << u"10:31:00"_s << 29 * kMinute;
+    QTest::newRow("before midnight") << u"23:59:30"_s << 30 * kSecond;
+    QTest::newRow("on the hour") << u"00:00:00"_s << kMinute;
+}
+
+void TstChime::TheNextTurnIsDue() {
+    QFETCH(QString, now);
+    Bench bench(now);
+    bench.chime.Timer3_Timer();
+    QTEST(bench.chime.UntilDue(), "due");
+}
+
+void TstChime::ATurnThatWasMissedIsDueAtOnce() {
+    Bench bench(u"10:29:00"_s);
+    bench.chime.Timer3_Timer();
+    bench.time.SetNow(At(u"10:30:00"_s));
+    QCOMPARE(bench.chime.UntilDue(), qint64{1});
+    bench.chime.Timer3_Timer();
+    bench.time.SetNow(At(u"10:31:00"_s));
+    QCOMPARE(bench.chime.UntilDue(), qint64{1});  // to forget that it had its turn
 }
 
 QTEST_GUILESS_MAIN(TstChime)

@@ -77,6 +77,11 @@ private Q_SLOTS:
     void AFailingLookUpIsNotRepeated();
     void AFailingLookUpDoesNotAnnounceYesterday();
     void AClosedDatabaseIsLeftAlone();
+    void TheNextSecondIsDue_data();
+    void TheNextSecondIsDue();
+    void TheNextMinuteIsDueToLinesOutOfSight();
+    void ASecondThatWasMissedIsDueAtOnce();
+    void ALookUpThatWaitsForItsDatabaseIsDueEachInterval();
 };
 
 void TstClockLines::ChoosingTheClockWipesBothLinesIn() {
@@ -224,6 +229,53 @@ void TstClockLines::AClosedDatabaseIsLeftAlone() {
     bench.database = OpenDayDatabase(bench.store.Path());
     bench.Tick();  // and the look-up is made up for
     QCOMPARE(bench.Turns(1), QStringList{Shown(u"今日")});
+}
+
+void TstClockLines::TheNextSecondIsDue_data() {
+    QTest::addColumn<qint32>("language");
+    QTest::addColumn<QTime>("now");
+    QTest::addColumn<qint64>("due");
+    QTest::newRow("on the second") << 0 << QTime(21, 5, 7, 0) << qint64{1000};
+    QTest::newRow("within it") << 0 << QTime(21, 5, 7, 350) << qint64{650};
+    QTest::newRow("just before the next") << 1 << QTime(21, 5, 7, 999) << qint64{1};
+    QTest::newRow("just before midnight") << 0 << QTime(23, 59, 59, 999) << qint64{1};
+    QTest::newRow("without seconds") << 2 << QTime(21, 5, 7, 350) << qint64{52'650};
+    QTest::newRow("without seconds, just before the next minute") << 2 << QTime(21, 5, 59, 999) << qint64{1};
+    QTest::newRow("without any text") << 9 << QTime(21, 5, 0) << qint64{60'000};
+}
+
+void TstClockLines::TheNextSecondIsDue() {
+    QFETCH(qint32, language);
+    QFETCH(QTime, now);
+    Bench bench;
+    bench.settings.language = language;
+    bench.time.SetNow(QDateTime(QDate(1998, 10, 3), now));
+    bench.Tick();
+    QTEST(bench.lines.UntilDue(true), "due");
+}
+
+void TstClockLines::TheNextMinuteIsDueToLinesOutOfSight() {
+    Bench bench;
+    bench.Tick();
+    QCOMPARE(bench.lines.UntilDue(false), qint64{2000});  // to midnight
+}
+
+void TstClockLines::ASecondThatWasMissedIsDueAtOnce() {
+    Bench bench;
+    bench.Tick();
+    bench.time.Advance(1000);
+    QCOMPARE(bench.lines.UntilDue(true), qint64{1});
+    QCOMPARE(bench.lines.UntilDue(false), qint64{1000});
+}
+
+void TstClockLines::ALookUpThatWaitsForItsDatabaseIsDueEachInterval() {
+    Bench bench;
+    bench.Tick();
+    bench.database.reset();
+    bench.lines.RaiseRefresh();
+    bench.Tick();
+    QCOMPARE(bench.lines.UntilDue(true), qint64{0});
+    QCOMPARE(bench.lines.UntilDue(false), qint64{0});
 }
 
 QTEST_GUILESS_MAIN(TstClockLines)

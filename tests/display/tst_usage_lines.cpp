@@ -31,6 +31,9 @@ private Q_SLOTS:
     void TheLineChangesOnceASecondThoughTheTimerRunsFourTimes();
     void TheSecondTurnsWhereItsTextTurns();
     void TheReadingTurnsNegativeAfterTwentyFourDays();
+    void TheNextChangeIsDueWhereTheTextTurns_data();
+    void TheNextChangeIsDueWhereTheTextTurns();
+    void AChangeThatWasMissedIsDueAtOnce();
 };
 
 void TstUsageLines::ChoosingItWipesTheReadingIn() {
@@ -69,6 +72,37 @@ void TstUsageLines::TheReadingTurnsNegativeAfterTwentyFourDays() {
     bench.time.Advance(1);
     bench.lines.Tick();
     QCOMPARE(bench.lower.Text(), u"-31分-24秒"_s);
+}
+
+void TstUsageLines::TheNextChangeIsDueWhereTheTextTurns_data() {
+    QTest::addColumn<qint64>("from");
+    QTest::newRow("after the start") << qint64{0};
+    QTest::newRow("the counter changes its sign") << (qint64{1} << 31) - 2500;
+    QTest::newRow("the counter is negative") << (qint64{1} << 31) + 1'000'000;
+    QTest::newRow("the counter turns over") << (qint64{1} << 32) - 2500;
+}
+
+void TstUsageLines::TheNextChangeIsDueWhereTheTextTurns() {
+    QFETCH(qint64, from);
+    Bench bench(from);
+    for (int ms = 0; ms < 5000; ++ms) {
+        bench.lines.Tick();
+        const QString shown = bench.lower.Text();
+        Bench later(from + ms + bench.lines.UntilDue() - 1);
+        later.lines.Show();
+        QCOMPARE(later.lower.Text(), shown);
+        later.time.Advance(1);
+        later.lines.Show();
+        QVERIFY(later.lower.Text() != shown);
+        bench.time.Advance(1);
+    }
+}
+
+void TstUsageLines::AChangeThatWasMissedIsDueAtOnce() {
+    Bench bench(307'000);
+    bench.lines.Tick();
+    bench.time.Advance(700);
+    QCOMPARE(bench.lines.UntilDue(), qint64{1});
 }
 
 QTEST_GUILESS_MAIN(TstUsageLines)

@@ -45,6 +45,7 @@ struct TimingBench : public DisplayFunctions {
         } else if (number == kFunctionTimer) {
             tools.Rest().Show();
         }
+        tools.Wake();
     }
     qint32 GetFuncNumber() const override { return function; }
 

@@ -62,6 +62,8 @@ private Q_SLOTS:
     void TheLoopCountIsTheTotalOverAllRuns();
     void ALateTickCatchesUpOneCycleATick();
     void AnOverflowWritesNothing();
+    void ZeroIsDueAndWhereItIsShownEachFrame();
+    void TheRestIsBroughtUpOnlyWhereItIsShownAndRuns();
 };
 
 void TstCountdownLines::ChoosingItOffersTheWindowAndShowsTheTime() {
@@ -201,6 +203,38 @@ void TstCountdownLines::AnOverflowWritesNothing() {
     bench.Start();
     bench.time.since += 1000;
     QVERIFY_THROWS_EXCEPTION(OverflowError, bench.lines.Tick(*bench.TimerTimer));
+    QVERIFY(bench.journal.isEmpty());
+}
+
+void TstCountdownLines::ZeroIsDueAndWhereItIsShownEachFrame() {
+    Bench bench(1000);
+    bench.Start();
+    QCOMPARE(bench.lines.UntilDue(17), qint64{17});
+    bench.TickAfter(990);
+    QCOMPARE(bench.lines.UntilDue(17), qint64{10});
+    bench.lines.Hide();
+    QCOMPARE(bench.lines.UntilDue(17), qint64{10});
+    bench.countdown.SetDuration(86'399'000);
+    QCOMPARE(bench.lines.UntilDue(17), qint64{86'398'010});
+    bench.time.since += 86'399'000;
+    QVERIFY(bench.lines.UntilDue(17) <= 0);  // late: each interval
+}
+
+void TstCountdownLines::TheRestIsBroughtUpOnlyWhereItIsShownAndRuns() {
+    Bench bench(1000);
+    bench.lines.BringUp();
+    QVERIFY(bench.journal.isEmpty());
+    bench.Start();
+    bench.time.since += 5;
+    bench.lines.BringUp();
+    QCOMPARE(bench.journal, Journal{u"lower set 0:00'00\"995"_s});
+    bench.time.since += 2000;
+    bench.lines.BringUp();
+    QCOMPARE(bench.journal.last(), u"lower set 0:00'00\"000"_s);  // its end waits for the tick
+    QVERIFY(bench.state.CountdownRunning);
+    bench.lines.Hide();
+    bench.journal.clear();
+    bench.lines.BringUp();
     QVERIFY(bench.journal.isEmpty());
 }
 

@@ -32,6 +32,7 @@ private Q_SLOTS:
     void AStoppedStopwatchShowsNoUptime();
     void AStandingReadingLetsTheWipeEnd();
     void TheUpperLineIsNotTouched();
+    void TheNextFrameIsDueWhileItRuns();
 };
 
 void TstStopwatchLines::ChoosingItWipesTheReadingIn() {
@@ -91,6 +92,16 @@ void TstStopwatchLines::TheUpperLineIsNotTouched() {
     bench.time.Advance(5);
     bench.lines.Tick();
     QVERIFY(bench.upper.TakeRecord().isEmpty());
+}
+
+void TstStopwatchLines::TheNextFrameIsDueWhileItRuns() {
+    Bench bench;
+    QVERIFY(bench.lines.UntilDue(17) >= 60'000);  // it stands
+    bench.stopwatch.Start();
+    QCOMPARE(bench.lines.UntilDue(17), qint64{17});
+    QCOMPARE(bench.lines.UntilDue(60'000), qint64{60'000});
+    bench.stopwatch.Stop();
+    QVERIFY(bench.lines.UntilDue(17) >= 60'000);
 }
 
 QTEST_GUILESS_MAIN(TstStopwatchLines)
