@@ -69,10 +69,10 @@ void World::Start(Random& random) {
     PrepareFolder(Folder(), QStringLiteral(TICKWELL_MASTERS));
     machine.state.started =
         StartUp(Folder(), [this] { return std::make_unique<IniFileStore>(SettingsPath()); });
-    const ProgramPorts ports{machine.time,     machine.time,    machine.time,      machine.boxes,
-                             machine.handlers, machine.power,   machine.memory,    machine.tray,
-                             machine.stack,    machine.starter, machine.autostart, machine.printer,
-                             machine.sound,    machine.wait,    machine.drive,     machine.drive};
+    const ProgramPorts ports{
+        machine.time,    machine.time,   machine.time, machine.time,  machine.boxes,   machine.handlers,
+        machine.power,   machine.memory, machine.tray, machine.stack, machine.starter, machine.autostart,
+        machine.printer, machine.sound,  machine.wait, machine.drive, machine.drive};
     machine.program = std::make_unique<RunningProgram>(ports, machine.state, [&machine] {
         machine.hasClosed = true;
         machine.handlers.WhenQuiet([] { QCoreApplication::quit(); });
