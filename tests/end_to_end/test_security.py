@@ -92,6 +92,21 @@ class Listening(SecurityCase):
         self.app.wait(role="popup menu", name="メニュー")
 
 
+class Programs(SecurityCase):
+    def test_a_tool_in_a_folder_of_shell_words(self):
+        folder = make_folder(self.session.directory / 'a $(touch told);touch told "b" `touch told` & touch told #')
+        tool = folder / "KT01.exe"
+        tool.write_text('#!/bin/sh\nprintf "%s|" "$#" "$@" "$PWD" >words.part && mv words.part words\n', "ascii")
+        tool.chmod(0o755)
+        self.start(folder=folder)
+        choose(self.session, self.app, "ツール")
+        self.session.hand.click(self.app.wait(role="popup menu", name="ツール").wait(name="電卓"))
+        words = folder / "words"
+        wait_for(words.exists, "the tool's words")
+        self.assertEqual(words.read_text("utf-8"), f"1|VeskOnly|{folder}|")
+        self.assertEqual(list(self.session.directory.rglob("told*")), [])
+
+
 class OutsideText(SecurityCase):
     """Names that are markup where they are taken for it: a picture would then be opened."""
 
