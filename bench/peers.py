@@ -30,7 +30,7 @@ WINDOW_QUANTITIES = (summary.RSS, summary.ANONYMOUS)
 
 # What takes a quarter of an hour, and what takes a few minutes.
 THOROUGH = {"starts": 5, "rounds": 2, "windows": 3, "memory_runs": 3, "window": 20.0, "repaints": 10.0}
-QUICK = {"starts": 2, "rounds": 1, "windows": 2, "memory_runs": 1, "window": 10.0, "repaints": 5.0}
+QUICK = {"starts": 2, "rounds": 1, "windows": 2, "memory_runs": 1, "window": 10.0, "repaints": 10.0}
 
 
 def read_options():
