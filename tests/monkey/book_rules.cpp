@@ -45,6 +45,7 @@ void CheckEditor(const QWidget& form, Complaints& complaints) {
     }
     const Row& row = kKinds.at(static_cast<std::size_t>(kind));
     const bool byWeek = IsChecked(form, u"Check2"_s);
+    complaints.Met(u"Form6 kind %1"_s.arg(kind) + (byWeek ? u" by week" : u""));
     CheckEnabled(form, {u"UpDown1"_s, u"Label3"_s}, row.year, complaints);
     CheckEnabled(form, {u"UpDown2"_s, u"Label4"_s}, row.month, complaints);
     CheckEnabled(form, {u"Check2"_s}, row.week, complaints);
@@ -60,6 +61,7 @@ void CheckSearch(const QWidget& form, Complaints& complaints) {
     const int name = ChosenOf(form, u"Option1"_s, 2);
     const int date = ChosenOf(form, u"Option2"_s, 2);
     const int range = ChosenOf(form, u"Option3"_s, 3);
+    complaints.Met(u"Form9 name %1 date %2 range %3"_s.arg(name).arg(date).arg(range));
     complaints.Unless(name < 2 && date < 2 && range < 3, u"the search has an array without a choice"_s);
     CheckEnabled(form, {u"Text1"_s, u"Label1"_s}, name == 0, complaints);
     CheckEnabled(form, {u"Frame5"_s, u"Option3(0)"_s, u"Option3(1)"_s, u"Option3(2)"_s}, date == 0,
@@ -77,6 +79,7 @@ void CheckSearch(const QWidget& form, Complaints& complaints) {
 void CheckDeletion(const QWidget& form, Complaints& complaints) {
     const auto ticked = ControlOf<QListView>(form, u"List1"_s).selectionModel()->selectedRows().size();
     const QString count = ControlOf<QLabel>(form, u"Label2"_s).text();
+    complaints.Met(ticked > 0 ? u"Form10 ticked"_s : u"Form10"_s);
     complaints.Unless(count == u"現在 %1項目"_s.arg(ticked),
                       u"%1 are ticked, it says %2"_s.arg(ticked).arg(count));
     CheckEnabled(form, {u"Command1"_s}, ticked > 0, complaints);

@@ -142,6 +142,7 @@ void CheckCalendar(const Scene& scene, Complaints& complaints) {
         return;
     }
     const int mode = ModeOf(*form);
+    complaints.Met(u"Form5 mode %1"_s.arg(mode));
     complaints.Unless(mode >= 0 && mode <= 2, u"the calendar has no mode, or two"_s);
     CheckEnabled(*form, OffWhileMarking(), mode == 0, complaints);
     CheckEnabled(*form, {u"Option1(0)"_s, u"Option1(1)"_s, u"Option1(2)"_s, u"Command16"_s}, true,
@@ -164,6 +165,7 @@ void CheckCalendar(const Scene& scene, Complaints& complaints) {
     CheckGrid(*form, year, month, complaints);
     const bool isAtEdge = year == kFirstYear || year == kLastYear;
     if (mode == 0 && !isAtEdge && scene.IsThorough()) {
+        complaints.Met(u"Form5 against the database"_s);
         CheckColors(scene, *form, year, month, complaints);
     }
 }

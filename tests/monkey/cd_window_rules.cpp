@@ -42,6 +42,7 @@ void CheckCdWindow(const Scene& scene, Complaints& complaints) {
     if (form == nullptr || row == kStates.end()) {
         return;
     }
+    complaints.Met(u"CDForm %1"_s.arg(state.CdState));
     for (std::size_t index = 0; index < row->buttons.size(); ++index) {
         CheckEnabled(*form, {u"Command1(%1)"_s.arg(index)}, row->buttons.at(index), complaints);
     }

@@ -6,7 +6,7 @@
 #include <QApplication>
 #include <QMenu>
 #include <QMessageBox>
-#include <QThread>
+#include <QTabBar>
 #include <array>
 #include <numeric>
 
@@ -66,8 +66,10 @@ void Deeds::DoOne() {
         Kind{6, &Deeds::TypeAText},
         Kind{5, &Deeds::AnswerABox},
         Kind{9, &Deeds::ChooseFromTheMenu},
-        Kind{14, &Deeds::PressAButton},
-        Kind{2, &Deeds::CloseAWindow},
+        Kind{10, &Deeds::PressAButton},
+        Kind{12, &Deeds::PressOnPurpose},
+        Kind{3, &Deeds::ChooseATab},
+        Kind{4, &Deeds::CloseAWindow},
         Kind{1, &Deeds::ShrinkAWindow},
         Kind{18, &Deeds::Wait},
         Kind{1, &Deeds::SetTheClock},
@@ -92,7 +94,7 @@ void Deeds::DoOne() {
     }
 }
 
-/// Mostly the window that waits for an answer; now and then one that is blocked.
+/// Mostly the one that is worked in, or a menu that is open; now and then one that is blocked.
 QWidget* Deeds::SomeWindow() {
     const QWidgetList windows = Hands::Windows();
     if (windows.isEmpty()) {
@@ -106,6 +108,10 @@ QWidget* Deeds::SomeWindow() {
     }
     if (QWidget* popup = QApplication::activePopupWidget(); popup != nullptr && !m_random.OneIn(6)) {
         return popup;
+    }
+    if (QWidget* active = QApplication::activeWindow();
+        active != nullptr && active->isVisible() && m_random.OneIn(2)) {
+        return active;
     }
     return usable.isEmpty() || m_random.OneIn(20) ? m_random.Pick(windows) : m_random.Pick(usable);
 }
@@ -291,8 +297,52 @@ void Deeds::PressAButton() {
     m_hands.Click(button, QPoint(std::min(8, button.width() / 2), button.height() / 2), Qt::LeftButton, {});
 }
 
+/// Those that lead on to other windows and states, which blind clicks seldom find one after the other.
+void Deeds::PressOnPurpose() {
+    static const QStringList leading{
+        u"StopForm/Command1"_s, u"StopForm/Command2"_s,   u"StopForm/Command3"_s, u"TimerForm/Command1"_s,
+        u"Form5/Command6"_s,    u"Form5/Command9"_s,      u"Form5/Command10"_s,   u"Form5/Command11"_s,
+        u"Form5/Command11"_s,   u"Form5/Command12"_s,     u"Form5/Option1(0)"_s,  u"Form5/Command7(2)"_s,
+        u"Form6/Command1"_s,    u"Form9/Command1"_s,      u"Form9/Option2(0)"_s,  u"Form10/Command3"_s,
+        u"Form10/Command1"_s,   u"Form2/Command1"_s,      u"Form2/Command4"_s,    u"CDForm/Command1(2)"_s,
+        u"Form8/Command1"_s,    u"StylePicker/Command1"_s};
+    QWidgetList buttons;
+    for (QWidget* window : Hands::Windows()) {
+        if (Hands::IsBlocked(*window)) {
+            continue;
+        }
+        for (QWidget* part : Hands::PartsOf(*window)) {
+            if (part->isEnabled() && leading.contains(Hands::PathOf(*part))) {
+                buttons.append(part);
+            }
+        }
+    }
+    if (buttons.isEmpty()) {
+        return ChooseFromTheMenu();
+    }
+    QWidget& button = *m_random.Pick(buttons);
+    Trail::Note(u"press on purpose "_s + Hands::PathOf(button));
+    m_hands.Click(button, QPoint(std::min(8, button.width() / 2), button.height() / 2), Qt::LeftButton, {});
+}
+
+void Deeds::ChooseATab() {
+    QWidget* window = SomeWindow();
+    auto* bar = window != nullptr ? window->findChild<QTabBar*>() : nullptr;
+    if (bar == nullptr || !bar->isVisible()) {
+        return PressOnPurpose();
+    }
+    const int tab = m_random.Number(bar->count());
+    Trail::Note(u"tab %1 of "_s.arg(tab) + Hands::PathOf(*window));
+    m_hands.Click(*bar, bar->tabRect(tab).center(), Qt::LeftButton, {});
+}
+
+/// What only stands there to be read goes first.
 void Deeds::CloseAWindow() {
     QWidget* window = SomeWindow();
+    for (QWidget* each : Hands::Windows()) {
+        const bool isToRead = each->objectName() == u"HelpWindow" || each->objectName() == u"frmAbout";
+        window = isToRead && m_random.OneIn(2) ? each : window;
+    }
     if (window == nullptr || (window->objectName() == u"Form1" && !m_random.OneIn(8))) {
         return Wait();
     }

@@ -37,6 +37,8 @@ private:
     void AnswerABox();
     void ChooseFromTheMenu();
     void PressAButton();
+    void PressOnPurpose();
+    void ChooseATab();
     void CloseAWindow();
     void ShrinkAWindow();
 

@@ -32,9 +32,11 @@ void CheckHelp(const QWidget& window, Complaints& complaints) {
 
 void CheckFurtherWindows(const Scene& scene, Complaints& complaints) {
     if (const QWidget* about = scene.Window(u"frmAbout"_s)) {
+        complaints.Met(u"frmAbout"_s);
         CheckAbout(*about, complaints);
     }
     if (const QWidget* help = scene.Window(u"HelpWindow"_s)) {
+        complaints.Met(u"HelpWindow"_s);
         CheckHelp(*help, complaints);
     }
 }

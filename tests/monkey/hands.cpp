@@ -108,6 +108,13 @@ void Hands::Press(QWidget& widget, QPoint at, Qt::MouseButton button, Qt::Keyboa
     if (window == nullptr) {
         return;
     }
+    const QPointer<QWidget> pressed(&widget);
+    if (IsPressed()) {
+        ReleaseAnywhere();
+    }
+    if (pressed == nullptr || WindowOf(*pressed) != window) {
+        return;  // gone with what was let go
+    }
     m_pressed = button;
     m_pressedOn = &widget;
     if (!IsBlocked(*widget.window()) && widget.window()->windowType() != Qt::Popup) {
@@ -151,6 +158,13 @@ void Hands::Click(QWidget& widget, QPoint at, Qt::MouseButton button, Qt::Keyboa
 }
 
 void Hands::DoubleClick(QWidget& widget, QPoint at) {
+    const QPointer<QWidget> clicked(&widget);
+    if (IsPressed()) {
+        ReleaseAnywhere();
+    }
+    if (clicked == nullptr) {
+        return;
+    }
     if (QWindow* window = WindowOf(widget)) {
         QTest::mouseDClick(window, Qt::LeftButton, {}, InWindow(widget, at));
     }

@@ -116,7 +116,7 @@ void CheckLowerLine(const Scene& scene, const QString& text, Complaints& complai
                       IsLike(text, uR"(\d+％残っています|あと \d+時間\d\d分です)"_s);
             break;
         case kFunctionMemory:
-            isRight = IsLike(text, uR"(\d+％使用中)"_s);
+            isRight = IsLike(text, uR"(\d+％使用中)"_s) || !now.memory.Load();  // what stood there stays
             break;
         case kFunctionCd:
             isRight = text.isEmpty() || text == u"再生不可" ||
@@ -152,6 +152,8 @@ void CheckUpperLine(const Scene& scene, const QString& text, Complaints& complai
 
 void CheckMainWindow(const Scene& scene, Complaints& complaints) {
     const QWidget& form = MainWindow();
+    complaints.Met(form.isVisible() ? u"Form1 function %1"_s.arg(scene.Now().state.started.settings.function)
+                                    : u"Form1 put away"_s);
     complaints.Unless(form.isVisible() != scene.Now().tray.HasIcon(), u"neither window nor icon, or both"_s);
     CheckMarks(scene, form, complaints);
     CheckMenu(form, complaints);

@@ -100,6 +100,9 @@ void Monkey::Idle() {
 void Monkey::Look() {
     Complaints complaints;
     CheckScene(Scene(m_world, m_quiet, ++m_looks % kThoroughEvery == 0), complaints);
+    for (auto met = complaints.AllMet().begin(); met != complaints.AllMet().end(); ++met) {
+        m_met[met.key()] += met.value();
+    }
     for (const QString& warning : Trail::TakeWarnings()) {
         complaints.Unless(false, u"the toolkit warns: " + warning);
     }

@@ -23,6 +23,9 @@ public:
     int Done() const { return m_done; }
     int Starts() const { return m_starts; }
 
+    /// After how many deeds each window was met in each of its states.
+    const QMap<QString, int>& Met() const { return m_met; }
+
 private:
     /// Putting away all but the main window, by the ways that a user has.
     enum class Tidying { None, Windows, OpenMenu, CloseMenu };
@@ -39,6 +42,7 @@ private:
     World m_world;
     Deeds m_deeds{m_world, m_random};
     QStringList m_complaints;
+    QMap<QString, int> m_met;
     int m_wanted = 0;
     int m_done = 0;
     int m_starts = 0;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <QMap>
 #include <QMultiHash>
 #include <QStringList>
 #include <QWidget>
@@ -19,8 +20,13 @@ public:
     }
     const QStringList& All() const { return m_all; }
 
+    /// A state was met: how often is told in the end, so that a run that meets none of some kind is seen.
+    void Met(const QString& state) { ++m_met[state]; }
+    const QMap<QString, int>& AllMet() const { return m_met; }
+
 private:
     QStringList m_all;
+    QMap<QString, int> m_met;
 };
 
 /// The screen at a moment when nothing is left to be done but by the user or by time.

@@ -49,6 +49,10 @@ int Run(quint64 seed, int deeds) {
     std::printf("%d deeds done in %d runs of the program, %.1f s of processor time, fingerprint %s\n",
                 monkey.Done(), monkey.Starts(), static_cast<double>(std::clock()) / CLOCKS_PER_SEC,
                 qPrintable(tickwell::Trail::Fingerprint()));
+    std::printf("met after so many deeds:\n");
+    for (auto met = monkey.Met().begin(); met != monkey.Met().end(); ++met) {
+        std::printf("%7d  %s\n", met.value(), qPrintable(met.key()));
+    }
     if (complaints.isEmpty()) {
         return 0;
     }

@@ -45,9 +45,13 @@ void CheckKinds(const Scene& scene, Complaints& complaints) {
         const bool isBox = qobject_cast<const QMessageBox*>(window) != nullptr;
         const bool isKnown =
             std::find(kWindows.begin(), kWindows.end(), window->objectName()) != kWindows.end();
+        if (isKnown && window->objectName().endsWith(u"Picker")) {
+            complaints.Met(window->objectName());
+        }
         complaints.Unless(isBox || isKnown || IsPopup(*window),
                           u"a window nobody knows: " + Hands::PathOf(*window));
         if (isBox) {
+            complaints.Met(u"box "_s + window->windowTitle());
             complaints.Unless(!titles.contains(window->windowTitle()),
                               u"two boxes: " + window->windowTitle());
             titles.append(window->windowTitle());

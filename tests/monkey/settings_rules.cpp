@@ -42,6 +42,7 @@ int ChosenOf(const QWidget& page, QStringView name, int count, Complaints& compl
 /// Old Japanese knows no years, no hours and no styles.
 void CheckClockPage(const QWidget& page, int language, Complaints& complaints) {
     const bool isModern = language != 2;
+    complaints.Met(u"Form2 language %1"_s.arg(language));
     CheckEnabled(page,
                  {u"Frame6"_s, u"Frame7"_s, u"Frame8"_s, u"Option4(0)"_s, u"Option4(1)"_s, u"Option5(0)"_s,
                   u"Option5(1)"_s, u"Option6(0)"_s, u"Option6(1)"_s},
@@ -92,6 +93,7 @@ void CheckSettingsWindow(const Scene& scene, Complaints& complaints) {
                   u"Command7"_s},
                  true, complaints);
     const int tab = ControlOf<QTabWidget>(*form, u"TabStrip1"_s).currentIndex();
+    complaints.Met(u"Form2 tab %1"_s.arg(tab));
     const std::array pages{u"Picture1"_s, u"Picture2"_s, u"Picture3"_s, u"Picture4"_s, u"Picture5"_s};
     const std::array order{u"Picture1"_s, u"Picture3"_s, u"Picture2"_s, u"Picture4"_s,
                            u"Picture5"_s};  // of the tabs

@@ -31,6 +31,7 @@ void CheckStopwatch(const Scene& scene, Complaints& complaints) {
     }
     const StopwatchState& state = scene.Now().state.stopwatch;
     const bool running = state.StopwatchRunning;
+    complaints.Met(running ? u"StopForm running"_s : u"StopForm stopped"_s);
     const QString upper = ControlOf<QPushButton>(*form, u"Command1"_s).text();
     const QString lower = ControlOf<QPushButton>(*form, u"Command2"_s).text();
     complaints.Unless(upper == (running ? u"ストップ" : u"スタート"),
@@ -53,6 +54,7 @@ void CheckTimer(const Scene& scene, Complaints& complaints) {
     }
     const CountdownState& state = scene.Now().state.countdown;
     const bool running = state.CountdownRunning;
+    complaints.Met(running ? u"TimerForm running"_s : u"TimerForm stopped"_s);
     const QString caption = ControlOf<QPushButton>(*form, u"Command1"_s).text();
     complaints.Unless(caption == (running ? u"ストップ" : u"スタート"),
                       u"the timer's Command1 says " + caption);
@@ -105,6 +107,7 @@ void CheckReading(const Scene& scene, Complaints& complaints) {
 
 void CheckNotice(const Scene& scene, Complaints& complaints) {
     if (const QWidget* form = scene.Window(u"Form8"_s)) {
+        complaints.Met(u"Form8"_s);
         complaints.Unless(ControlOf<QLabel>(*form, u"Label1"_s).text() == u"指定の時間が経過しました",
                           u"the notice's text"_s);
         CheckEnabled(*form, {u"Command1"_s}, true, complaints);
