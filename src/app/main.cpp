@@ -7,6 +7,7 @@
 
 #include "app/program.h"
 #include "display/line_look.h"
+#include "display/main_window_accessible.h"
 #include "platform/freed_memory.h"
 
 namespace {

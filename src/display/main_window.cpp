@@ -55,23 +55,27 @@ Form1::Form1(const MainWindowParts& parts)
       m_Dz_Timer2(parts.handlers.MakeTimer(parts.timers, kDateTick, [this] { m_clockLines.RotateTick(); })),
       m_Win_Timer(
           parts.handlers, parts.timers, kUsageTick, [this] { m_usageLines.Tick(); },
-          [this] { return m_pacer.IsSeen() ? m_usageLines.UntilDue() : SleepingTimer::kLongestSleep; }),
+          [this] { return WhileSeen(m_usageLines.UntilDue()); }),
       m_BatTimer(parts.handlers.MakeTimer(parts.timers, kBatteryTick, [this] { m_batteryLines.Refresh(); })),
-      m_MemoryTimer(parts.handlers.MakeTimer(parts.timers, kMemoryTick, [this] { m_memoryLines.Tick(); })),
+      m_MemoryTimer(
+          parts.handlers, parts.timers, kMemoryTick, [this] { m_memoryLines.Tick(); },
+          [this] { return WhileSeen(kMemoryTick); }),
       m_KeepTop(
           parts.handlers, parts.timers, kKeepTopTick, [this] { KeepTop_Timer(); },
           [this] { return UntilKeepTop(); }),
-      m_CDTimer2(parts.handlers.MakeTimer(parts.timers, kCdTick, [this] { m_cdLines.Tick(); })),
+      m_CDTimer2(
+          parts.handlers, parts.timers, kCdTick, [this] { m_cdLines.Tick(); },
+          [this] { return WhileSeen(kCdTick); }),
       m_Timer3(
           parts.handlers, parts.timers, kChimeTick, [this] { m_chime.Timer3_Timer(); },
           [this] { return m_chime.UntilDue(); }),
       m_timing(parts.timing,
                {{*m_MovingWord1, *m_MovingWord2}, *this, [this] { return m_pacer.UntilFrame(); }}),
-      m_switch(parts.settings, {*m_MovingWord1, *m_MovingWord2}, *m_menu,
-               {m_Dz_Timer1, *m_Dz_Timer2, m_Win_Timer, m_timing.Timer1(), *m_BatTimer, *m_MemoryTimer,
-                *m_CDTimer2},
-               {m_clockLines, m_usageLines, m_batteryLines, m_memoryLines, m_timing.Reading(),
-                m_timing.Rest(), m_cdLines}),
+      m_switch(
+          parts.settings, {*m_MovingWord1, *m_MovingWord2}, *m_menu,
+          {m_Dz_Timer1, *m_Dz_Timer2, m_Win_Timer, m_timing.Timer1(), *m_BatTimer, m_MemoryTimer, m_CDTimer2},
+          {m_clockLines, m_usageLines, m_batteryLines, m_memoryLines, m_timing.Reading(), m_timing.Rest(),
+           m_cdLines}),
       m_roll(parts.further.roll, parts.power, parts.handlers, parts.timers,
              [this](qint32 number) { ChangeFunction(number); }),
       m_gesture(QGuiApplication::styleHints()->startDragDistance()),
@@ -186,6 +190,8 @@ void Form1::SetSeen(bool isSeen) {
     if (isSeen) {
         m_Dz_Timer1.TickNow();
         m_Win_Timer.TickNow();
+        m_MemoryTimer.TickNow();
+        m_CDTimer2.TickNow();
         m_timing.TickNow();
     }
 }
@@ -263,6 +269,11 @@ void Form1::KeepTop_Timer() {
     if (!IsCovered()) {
         m_parts.stack.PutAbove(winId());
     }
+}
+
+/// Nothing is due to a line that nobody sees: it is brought up to date when it comes into sight.
+qint64 Form1::WhileSeen(qint64 untilDue) const {
+    return m_pacer.IsSeen() ? untilDue : SleepingTimer::kLongestSleep;
 }
 
 /// With the second tick of the line from now, so that both wake the machine up once; never later than its

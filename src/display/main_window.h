@@ -78,6 +78,7 @@ private:
     void SetSeen(bool isSeen);
     void WakeTimers();
     qint64 UntilKeepTop() const;
+    qint64 WhileSeen(qint64 untilDue) const;
     void UpdateKeepTop();
     bool IsCovered() const;
 
@@ -98,9 +99,9 @@ private:
     std::unique_ptr<Timer> m_Dz_Timer2;
     SleepingTimer m_Win_Timer;
     std::unique_ptr<Timer> m_BatTimer;
-    std::unique_ptr<Timer> m_MemoryTimer;
+    SleepingTimer m_MemoryTimer;
     SleepingTimer m_KeepTop;
-    std::unique_ptr<Timer> m_CDTimer2;
+    SleepingTimer m_CDTimer2;
     SleepingTimer m_Timer3;
     TimingTools m_timing;
     FunctionSwitch m_switch;
@@ -113,8 +114,5 @@ private:
     bool m_started = false;  // all of it
     bool m_keepTopHeld = false;
 };
-
-/// Makes the window and its lines known to screen readers. Once a process, before the window.
-void InstallMainWindowAccessibility();
 
 }  // namespace tickwell

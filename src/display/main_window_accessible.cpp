@@ -1,4 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "display/main_window_accessible.h"
+
 #include <QAccessible>
 #include <QAccessibleWidget>
 

@@ -41,8 +41,13 @@ void CountdownLines::Tick(Timer& timer) {
 
 void CountdownLines::BringUp() {
     const CountdownState& state = m_countdown.State();
-    if (state.CountdownRunning && state.TimerShownOnMain) {
-        m_lines.lower.SetText(ElapsedText(std::max(0, m_countdown.Remaining())));
+    if (!state.CountdownRunning || !state.TimerShownOnMain) {
+        return;
+    }
+    // In the millisecond in which a cycle begins, the zero of the last one stands.
+    const qint32 remaining = m_countdown.Remaining();
+    if (remaining < state.CountdownDuration) {
+        m_lines.lower.SetText(ElapsedText(std::max(0, remaining)));
     }
 }
 

@@ -3,6 +3,7 @@
 #include <QTest>
 
 #include "display/line_look.h"
+#include "display/main_window_accessible.h"
 #include "display/main_window_bench.h"
 
 using namespace tickwell;

@@ -5,6 +5,7 @@
 
 #include "core/clock_text.h"
 #include "core/duration_text.h"
+#include "display/main_window_accessible.h"
 #include "display/main_window_bench.h"
 #include "timing/timer_notice.h"
 
@@ -46,15 +47,16 @@ struct Bench : public MainWindowBench {
         return wakeUps;
     }
 
-    /// The longest time, in ms, for which the lower line showed anything but what `expected` says.
+    /// The longest time, in ms, for which the lower line was seen to show anything but what `expected` says.
     template <typename Expected>
     qint64 MostLate(qint64 milliseconds, Expected expected) {
-        qint64 late = 0;
+        constexpr int kLook = 10;
+        qint64 since = 0;
         qint64 mostLate = 0;
-        for (qint64 passed = 0; passed < milliseconds; passed += 20) {
-            late = Lower().Text() == expected() ? 0 : late + 20;
-            mostLate = std::max(mostLate, late);
-            time.Advance(20);
+        for (qint64 passed = 0; passed < milliseconds; passed += kLook) {
+            since = Lower().Text() == expected() ? passed + kLook : since;
+            mostLate = std::max(mostLate, passed - since);
+            time.Advance(kLook);
         }
         return mostLate;
     }
@@ -117,6 +119,7 @@ private Q_SLOTS:
     void OutOfSightItWakesSeldom();
     void OutOfSightNothingWipes();
     void BackInSightTheTimeIsRightAtOnce();
+    void BackInSightTheMemoryIsRightAtOnce();
     void BackInSightAfterMidnightTheDateIsRight();
     void TheRunningStopwatchIsPacedToTheScreen();
     void AStandingStopwatchWakesNobody();
@@ -263,6 +266,7 @@ void TstMainWindowTicks::OutOfSightItWakesSeldom_data() {
     QTest::newRow("timer") << 3;
     QTest::newRow("battery") << 4;
     QTest::newRow("memory") << 5;
+    QTest::newRow("CD player") << 6;
 }
 
 void TstMainWindowTicks::OutOfSightItWakesSeldom() {
@@ -304,6 +308,18 @@ void TstMainWindowTicks::BackInSightTheTimeIsRightAtOnce() {
         QVERIFY(bench.MostLate(3000, [&] { return function == 0 ? bench.ClockNow() : bench.UsageNow(); }) <=
                 200);
     }
+}
+
+void TstMainWindowTicks::BackInSightTheMemoryIsRightAtOnce() {
+    Bench bench(5);
+    bench.PutAway();
+    bench.memory.SetLoad(77);
+    bench.time.Advance(10'000);
+    bench.TakeBack();
+    QCOMPARE(bench.Lower().Text(), u"77％使用中"_s);
+    bench.memory.SetLoad(78);
+    bench.time.Advance(2000);
+    QCOMPARE(bench.Lower().Text(), u"78％使用中"_s);
 }
 
 void TstMainWindowTicks::BackInSightAfterMidnightTheDateIsRight() {

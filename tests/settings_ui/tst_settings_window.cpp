@@ -4,6 +4,7 @@
 #include <QTest>
 
 #include "display/line_look.h"
+#include "display/main_window_accessible.h"
 #include "settings_ui/settings_bench.h"
 
 using namespace tickwell;

@@ -64,6 +64,7 @@ private Q_SLOTS:
     void AnOverflowWritesNothing();
     void ZeroIsDueAndWhereItIsShownEachFrame();
     void TheRestIsBroughtUpOnlyWhereItIsShownAndRuns();
+    void ZeroStandsForItsMillisecond();
 };
 
 void TstCountdownLines::ChoosingItOffersTheWindowAndShowsTheTime() {
@@ -236,6 +237,17 @@ void TstCountdownLines::TheRestIsBroughtUpOnlyWhereItIsShownAndRuns() {
     bench.journal.clear();
     bench.lines.BringUp();
     QVERIFY(bench.journal.isEmpty());
+}
+
+void TstCountdownLines::ZeroStandsForItsMillisecond() {
+    Bench bench(1000, true);
+    bench.Start();
+    bench.TickAfter(1000);
+    bench.lines.BringUp();
+    QCOMPARE(bench.lower.Text(), u"0:00'00\"000"_s);
+    bench.time.since += 1;
+    bench.lines.BringUp();
+    QCOMPARE(bench.lower.Text(), u"0:00'00\"999"_s);
 }
 
 QTEST_GUILESS_MAIN(TstCountdownLines)
