@@ -21,7 +21,6 @@ MOMENT = "sleep 0.7"
 # The window stands in the corner of the screen. A click opens its menu, in which no item is chosen yet; the menu goes
 # round, so that its last items are reached upwards.
 OPEN_MENU = f"xdotool mousemove 80 20 click 1; {MOMENT}"
-_FROM_END = {"store": 4, "settings": 5, "help": 3, "about": 2}
 
 
 def awaits(title):
@@ -36,12 +35,9 @@ START_AND_STOP = (f"{_OPEN_STOPWATCH}; xdotool key Return; {MOMENT}; xdotool key
                   f"xdotool key Escape; {MOMENT}")
 
 
-def choose_from_end(item):
-    """The shell command that opens the menu and chooses one of its last items."""
-    return f"{OPEN_MENU}; xdotool key --repeat {_FROM_END[item]} Up; xdotool key Return; {MOMENT}"
-
-
-STORE = f"{choose_from_end('store')}; ! xdotool search --onlyvisible --name '^Tickwell$'"
+# The fourth item from the end; from then on no window of this name is to be seen.
+STORE = (f"{OPEN_MENU}; xdotool key --repeat 4 Up; xdotool key Return; {MOMENT}; "
+         "! xdotool search --onlyvisible --name '^Tickwell$'")
 
 
 @dataclass(frozen=True)

@@ -57,7 +57,7 @@ QString CdSource(const QString& named, const QString& deviceFolder) {
         return QFile::exists(named) ? named : QString();
     }
     for (const QString& name : QStringList{u"cdrom"_s, u"dvd"_s} + NamesOfDrives(deviceFolder)) {
-        const QString path = deviceFolder + u'/' + name;
+        QString path = deviceFolder + u'/' + name;
         if (IsBlockDevice(path)) {
             return path;
         }
