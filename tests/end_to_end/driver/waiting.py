@@ -44,8 +44,8 @@ def wait_for(check, what, timeout=PATIENCE):
         interval = min(interval * 1.5, LAST_INTERVAL)
 
 
-def steady(look, what):
-    """What is seen, once it is something and has been the same for a while."""
+def steady(look, what, rest=REST):
+    """What is seen, once it is something and has been the same for `rest` seconds."""
     seen, since = None, 0.0
 
     def at_rest():
@@ -54,7 +54,7 @@ def steady(look, what):
         if seen is None or seen != before:
             since = time.monotonic()
             return None
-        return seen if time.monotonic() - since > REST else None
+        return seen if time.monotonic() - since > rest else None
     return wait_for(at_rest, what)
 
 
