@@ -141,9 +141,10 @@ void Hands::ReleaseAnywhere() {
         Release(*m_pressedOn, m_pressedOn->rect().center());
         return;
     }
-    const QWidgetList windows = Windows();
-    if (!windows.isEmpty()) {
-        Release(*windows.constLast(), windows.constLast()->rect().center());
+    const Qt::MouseButton button = std::exchange(m_pressed, Qt::NoButton);
+    const QWindowList windows = QGuiApplication::allWindows();  // also where none is to be seen
+    if (!windows.isEmpty() && button != Qt::NoButton) {
+        QTest::mouseRelease(windows.constLast(), button, {}, QPoint(1, 0));
     }
 }
 

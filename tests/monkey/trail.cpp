@@ -61,10 +61,12 @@ void TellAndDie(int number) {
     std::raise(number);
 }
 
-/// What a platform without a screen cannot do and does not need to, and that a drag leaves its window.
+/// What a platform without a screen cannot do and does not need to, that a drag leaves its window, and that
+/// the machine's fonts do not have some letters.
 bool IsOfTest(const QString& text) {
     return text.startsWith(QStringLiteral("This plugin does not support")) ||
-           text.contains(QStringLiteral("occurs outside target window"));
+           text.contains(QStringLiteral("occurs outside target window")) ||
+           text.contains(QStringLiteral("OpenType support missing"));
 }
 
 void TakeMessage(QtMsgType type, const QMessageLogContext& /*context*/, const QString& text) {
