@@ -25,11 +25,24 @@ namespace {
 
 using namespace tickwell;
 
+constexpr rlim_t kMostToOpen = 3;  // seconds of the processor; a sound image takes thousandths of one
+
 /// Whoever asked may die at any moment, and a library that aborts need not leave a core.
 void BecomeHelper() {
     prctl(PR_SET_PDEATHSIG, SIGKILL);
     const rlimit none{0, 0};
     setrlimit(RLIMIT_CORE, &none);
+}
+
+/// The library can go round for ever over a damaged image: then the system ends this process.
+std::optional<Disc> OpenInTime(const char* source) {
+    rlimit usual{};
+    getrlimit(RLIMIT_CPU, &usual);
+    const rlimit limited{kMostToOpen, usual.rlim_max};
+    setrlimit(RLIMIT_CPU, &limited);  // fails where there is a stricter one already
+    std::optional<Disc> disc = Disc::Open(source);
+    setrlimit(RLIMIT_CPU, &usual);
+    return disc;
 }
 
 std::optional<std::int32_t> SectorOf(std::string_view text) {
@@ -67,7 +80,7 @@ std::string SeenAt(const char* source) {
     if (state != DriveState::Disc) {
         return WordFor(state);
     }
-    const std::optional<Disc> disc = Disc::Open(source);
+    const std::optional<Disc> disc = OpenInTime(source);
     return disc ? std::string(kDisc) + '\n' + TextOf(disc->Contents(), '\n') : kNotReady;
 }
 
@@ -80,7 +93,7 @@ int Read(const char* source, std::int32_t from, std::int32_t to, const char* con
     if (drive && drive->State() != DriveState::Disc) {
         return kEndGone;
     }
-    std::optional<Disc> disc = Disc::Open(source);
+    std::optional<Disc> disc = OpenInTime(source);
     if (!disc || TextOf(disc->Contents(), kLineJoint) != contents) {
         return kEndGone;
     }

@@ -5,6 +5,7 @@
 #include <sanitizer/asan_interface.h>
 #include <sanitizer/common_interface_defs.h>
 #include <sys/mman.h>
+#include <sys/resource.h>
 #include <sys/wait.h>
 #include <ucontext.h>
 #include <unistd.h>
@@ -26,9 +27,9 @@ namespace tickwell {
 
 namespace {
 
-constexpr int kEndFault = 77;       // a fault of ours in the child
-constexpr int kEndLibrary = 78;     // the library fell
-constexpr unsigned kPatience = 20;  // s; then it hangs
+constexpr int kEndFault = 77;        // a fault of ours in the child
+constexpr int kEndLibrary = 78;      // the library fell
+constexpr unsigned kPatience = 200;  // s; then it hangs
 
 char* g_shared = nullptr;  // counters of the child, where the parent sees them
 
@@ -110,7 +111,8 @@ std::optional<QByteArray> HelperChild::Run(const QList<QByteArray>& words) {
     Require(ended == child, "there is a child");
     std::memcpy(Counters().data(), g_shared, Counters().size());
     const int end = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-    if (end == kEndGone || end == kEndLibrary) {
+    const bool isOutOfTime = WIFSIGNALED(status) && WTERMSIG(status) == SIGXCPU;
+    if (end == kEndGone || end == kEndLibrary || isOutOfTime) {
         return std::nullopt;
     }
     Require(end == kEndDone, "the helper ends by itself, and without a fault of ours");
@@ -120,6 +122,8 @@ std::optional<QByteArray> HelperChild::Run(const QList<QByteArray>& words) {
 void HelperChild::BeChild(const QList<QByteArray>& words) const {
     CatchFalls();
     __sanitizer_set_death_callback(HandOver);  // in place of the fuzzer's own, who would take it for its end
+    const rlimit quick{1, 2};                  // s of the processor, less than the helper allows itself
+    setrlimit(RLIMIT_CPU, &quick);
     alarm(kPatience);
     dup2(m_output, STDOUT_FILENO);
     QList<QByteArray> all{"tickwell-cd"};

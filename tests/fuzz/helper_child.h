@@ -17,8 +17,8 @@ public:
     HelperChild& operator=(const HelperChild&) = delete;
 
     /// What the helper writes when it is called with these words and says at its end that all went well;
-    /// nothing where it says otherwise, where the library it reads with ended it, or where that fell. Ends
-    /// this process where anything else ended the child.
+    /// nothing where it says otherwise, where the library it reads with ended it, or where that fell or went
+    /// round for ever. Ends this process where anything else ended the child.
     std::optional<QByteArray> Run(const QList<QByteArray>& words);
 
 private:

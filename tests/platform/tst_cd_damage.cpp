@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include <QProcess>
 #include <QRandomGenerator>
 #include <QTemporaryDir>
 #include <QTest>
@@ -16,6 +17,12 @@ constexpr quint32 kSeed = 0xD15C;
 constexpr int kDamages = 120;    // of each kind of image
 constexpr int kMostPlayed = 60;  // sectors
 constexpr int kMostSectors = 100 * 60 * 75;
+constexpr int kPatience =
+    250'000;  // ms; the helper takes three seconds of the processor, however it has to share it
+constexpr auto kEndlessChunks =
+    "RVRO///////////////////////////////////////////////////////////////////////j4+Pj4+Pj4+Pj4+P/////"
+    "////////////////////////////////////////////////////////////////////////////////////////////////"
+    "/////0YAAAAUTU9UT1JPTEEAAPrBX///AAAAAOwARU5EIUAAAAAATkVSTwAGPqA=";
 
 /// What a disk, a copy or a hand does to a file; in its last bytes, where images keep their contents, more
 /// often.
@@ -62,6 +69,7 @@ private Q_SLOTS:
     void initTestCase();
     void DamagedImagesArePlayedOrRefused_data();
     void DamagedImagesArePlayedOrRefused();
+    void AnImageWithoutEndEndsTheHelper();
     void NoiseIsRefused_data();
     void NoiseIsRefused();
 };
@@ -104,6 +112,20 @@ void TstCdDamage::DamagedImagesArePlayedOrRefused() {
     }
     qInfo("%d of %d were still discs", discs, kDamages);
     QVERIFY(discs > 0 && discs < kDamages);
+}
+
+/// Found by the fuzzer: chunks whose lengths lead the library that reads images back to where it came from.
+void TstCdDamage::AnImageWithoutEndEndsTheHelper() {
+    const QTemporaryDir folder;
+    const QByteArray front((150 + 24) * 2352, '\0');
+    const QByteArray chunks = QByteArray::fromBase64(kEndlessChunks);
+    const QString path = folder.filePath(u"endless.nrg"_s);
+    WriteAll(path, front + chunks);
+    QProcess helper;
+    helper.start(HelperPath(), {u"look"_s, path});
+    QVERIFY(helper.waitForFinished(kPatience));
+    QCOMPARE(helper.exitStatus(), QProcess::CrashExit);
+    QCOMPARE(helper.readAllStandardOutput(), QByteArray());
 }
 
 void TstCdDamage::NoiseIsRefused_data() {
