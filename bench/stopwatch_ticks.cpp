@@ -9,8 +9,10 @@
 #include <cstdio>
 #include <ctime>
 
+#include "core/sleeping_timer.h"
 #include "display/line_look.h"
 #include "display/moving_word.h"
+#include "platform/qt_message_boxes.h"
 #include "platform/qt_timers.h"
 #include "platform/system_clock.h"
 #include "timing/stopwatch_lines.h"
@@ -61,12 +63,17 @@ int main(int argc, char** argv) {
     Stopwatch stopwatch(state, clock);
     StopwatchLines lines(stopwatch, {upper, lower});
     int ticks = 0;
-    const auto timer = timers.Create(1, [&] {
-        ++ticks;
-        lines.Tick();
-    });
+    QtMessageBoxes boxes;
+    Handlers handlers(boxes);
+    SleepingTimer timer(
+        handlers, timers, 1,
+        [&] {
+            ++ticks;
+            lines.Tick();
+        },
+        [&] { return lines.UntilDue(pacer.UntilFrame()); });
     stopwatch.Start();
-    timer->Start();
+    timer.Start();
     const double before = ProcessorTime();
     QTimer::singleShot(kSeconds * 1000, &application, [] { QCoreApplication::quit(); });
     QCoreApplication::exec();
