@@ -184,8 +184,8 @@ void Deeds::DragSomewhere() {
     QWidget& part = *SomePart(*window);
     const QPoint at = SomePlaceIn(part);
     Trail::Note(u"drag from " + Hands::PathOf(part) + At(at));
-    m_hands.Press(part, at, Qt::LeftButton, {});
     const QPointer<QWidget> dragged(&part);
+    m_hands.Press(part, at, Qt::LeftButton, {});
     for (int moves = m_random.Between(1, 4); moves > 0 && dragged != nullptr; --moves) {
         Hands::Move(*dragged, at + QPoint(m_random.Between(-200, 200), m_random.Between(-200, 200)));
     }
