@@ -403,7 +403,8 @@ void TstHelpWindow::APaletteLeavesTheReaderWhereTheyAre() {
     QCOMPARE(bench.MarkedHeading(), u"Topic 6"_s);
 }
 
-/// The scroll bar goes and comes while the text is laid out anew, and the reader's place is asked for meanwhile.
+/// The scroll bar goes and comes while the text is laid out anew, and the reader's place is asked for
+/// meanwhile.
 void TstHelpWindow::APaletteIsTakenOnWithoutAWarning() {
     Bench bench;
     bench.Open(6);
