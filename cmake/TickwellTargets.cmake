@@ -20,6 +20,12 @@ function(tickwell_compile_rules target)
     endif()
 endfunction()
 
+# tickwell_stand_apart(core a.cpp): sources that a build in one piece leaves by themselves, since what they name for
+# themselves alone bears the same name elsewhere in their room.
+function(tickwell_stand_apart name)
+    set_source_files_properties(${ARGN} TARGET_DIRECTORY tickwell_${name} PROPERTIES SKIP_UNITY_BUILD_INCLUSION ON)
+endfunction()
+
 # tickwell_library(core SOURCES a.cpp b.cpp LINKS Qt6::Core): the static library of one folder of the house,
 # named tickwell_core, with the alias Tickwell::core.
 function(tickwell_library name)
@@ -28,6 +34,7 @@ function(tickwell_library name)
     add_library(Tickwell::${name} ALIAS tickwell_${name})
     target_link_libraries(tickwell_${name} PUBLIC ${arg_LINKS})
     tickwell_compile_rules(tickwell_${name})
+    set_target_properties(tickwell_${name} PROPERTIES UNITY_BUILD "${TICKWELL_UNITY}" UNITY_BUILD_BATCH_SIZE 0)
 endfunction()
 
 # tickwell_test(core words LINKS Tickwell::core): the test program of tests/core/tst_words.cpp, run as core.words.

@@ -16,7 +16,7 @@ from pathlib import Path
 
 from project_files import ROOT, cpp_files, shown
 
-LATELY = 30  # commits
+LATELY = 12  # commits
 
 
 def check_format():
