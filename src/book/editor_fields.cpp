@@ -13,8 +13,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kDaysInWeek = 7;
-
 QString WeekdayText(int weekday) {
     return WeekdayLetter(weekday, 1) + u"曜日";
 }

@@ -4,13 +4,14 @@
 #include "core/integer_text.h"
 #include "core/words.h"
 
+#include "days/day_rule.h"
+
 namespace tickwell {
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kDaysInWeek = 7;
 constexpr int kWeekTextLength = 4;
 
 /// 1 for "日" to 7 for "土"; 0 for anything else.

@@ -7,8 +7,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kDaysInWeek = 7;
-
 QString Number(int number) {
     return QString::number(number);
 }

@@ -7,6 +7,8 @@
 
 namespace tickwell {
 
+inline constexpr int kDaysInWeek = 7;
+
 /// "#10/3/1998#": month, day, year, in every locale. `date` is valid.
 QString DateLiteral(QDate date);
 

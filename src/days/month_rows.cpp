@@ -3,12 +3,6 @@
 
 namespace tickwell {
 
-namespace {
-
-constexpr int kDaysInWeek = 7;
-
-}  // namespace
-
 MonthShape ShapeOf(QDate date) {
     const QDate first(date.year(), date.month(), 1);
     return {first, first.addMonths(1).addDays(-1), first.dayOfWeek() % kDaysInWeek + 1};
