@@ -87,6 +87,7 @@ void Trail::Begin(const QString& heading) {
     qInstallMessageHandler(TakeMessage);
     std::signal(SIGABRT, TellAndDie);
     std::signal(SIGALRM, TellAndDie);
+    std::signal(SIGTERM, TellAndDie);
     if (__sanitizer_set_death_callback != nullptr) {
         __sanitizer_set_death_callback(TellAtDeath);
     } else {
