@@ -3,7 +3,6 @@
 
 #include "core/integer_text.h"
 #include "core/words.h"
-
 #include "days/day_rule.h"
 
 namespace tickwell {

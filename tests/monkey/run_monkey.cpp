@@ -9,7 +9,7 @@
 #include <ctime>
 
 #include "display/line_look.h"
-#include "display/main_window.h"
+#include "display/main_window_accessible.h"
 #include "monkey/monkey.h"
 #include "monkey/trail.h"
 
