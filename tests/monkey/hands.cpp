@@ -181,7 +181,8 @@ void Hands::Turn(QWidget& widget, QPoint at, QPoint angle, Qt::KeyboardModifiers
 }
 
 void Hands::Key(Qt::Key key, Qt::KeyboardModifiers modifiers) {
-    if (QWindow* window = QGuiApplication::focusWindow()) {
+    const QWidget* popup = QApplication::activePopupWidget();  // it has the keys of all windows
+    if (QWindow* window = popup != nullptr ? WindowOf(*popup) : QGuiApplication::focusWindow()) {
         QTest::sendKeyEvent(QTest::Click, window, key, TextOf(key, modifiers), modifiers);
     }
 }

@@ -71,9 +71,9 @@ void CheckSettingsFile(const World& world, Complaints& complaints) {
         LoadSettings(store, settings);
         LoadFurtherSettings(store, further);
         LoadWindowGeometry(store, settings, geometry);
-        const Started& kept = world.Now().state.started;
-        complaints.Unless(settings == kept.settings, u"the settings do not come back as they were"_s);
-        complaints.Unless(further == kept.further, u"the further settings do not come back as they were"_s);
+        complaints.Unless(settings == world.Now().stored, u"the settings do not come back as they were"_s);
+        complaints.Unless(further == world.Now().storedFurther,
+                          u"the further settings do not come back as they were"_s);
         complaints.Unless(geometry.width > 0, u"a width of %1"_s.arg(geometry.width));
     } catch (const RunTimeError& error) {
         complaints.Unless(false, u"the settings cannot be read: " + error.Reason());

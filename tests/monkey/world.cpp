@@ -75,6 +75,8 @@ void World::Start(Random& random) {
         machine.printer, machine.sound,  machine.wait, machine.drive, machine.drive};
     machine.program = std::make_unique<RunningProgram>(ports, machine.state, [&machine] {
         machine.hasClosed = true;
+        machine.stored = machine.state.started.settings;
+        machine.storedFurther = machine.state.started.further;
         machine.handlers.WhenQuiet([] { QCoreApplication::quit(); });
     });
     machine.program->Start();

@@ -44,6 +44,8 @@ struct Machine {
     bool hasClosed = false;   ///< the main window; a box may still keep the program from its end
     qint64 passed = 0;        ///< ms since the start
     bool wasOddYear = false;  ///< at some time since the start it was a year that the calendar does not show
+    AppSettings stored;       ///< what the settings were when the main window closed
+    FurtherSettings storedFurther;
     std::unique_ptr<RunningProgram> program;
 
     /// Time, disc and sound go on together, and the toolkit's clock with them.
