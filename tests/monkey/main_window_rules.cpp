@@ -100,8 +100,10 @@ void CheckLowerLine(const Scene& scene, const QString& text, Complaints& complai
         return ClockText(now.time.Now().addMSecs(-ago).time(), settings.language, settings.displayMode,
                          settings.hourStyle);
     };
-    const auto usageAt = [&](qint32 ago) {
-        return UsageText(now.time.Tick() - ago, settings.language, settings.displayMode, settings.hourStyle);
+    const auto usageAt = [&](quint32 ago) {
+        // The counter turns over; its start is as long ago as its end.
+        const auto tick = static_cast<qint32>(static_cast<quint32>(now.time.Tick()) - ago);
+        return UsageText(tick, settings.language, settings.displayMode, settings.hourStyle);
     };
     bool isRight = true;
     switch (settings.function) {
