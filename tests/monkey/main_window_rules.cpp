@@ -170,6 +170,9 @@ void CheckLines(const Scene& scene, Complaints& complaints) {
         return;  // a function whose handler was given up shows what it showed
     }
     const QWidget& form = MainWindow();
+    if (!form.isVisible()) {
+        return;  // what nobody sees is not brought up to date
+    }
     CheckLowerLine(scene, ControlOf<MovingWord>(form, u"MovingWord2"_s).Text(), complaints);
     CheckUpperLine(scene, ControlOf<MovingWord>(form, u"MovingWord1"_s).Text(), complaints);
 }
