@@ -10,7 +10,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 QString ExecWord(const QString& word) {
-    // The characters that the Desktop Entry Specification reserves, and those of them that keep a meaning
+    // The characters that desktop entries (freedesktop.org) reserve, and those of them that keep a meaning
     // within quotes.
     constexpr QStringView kReserved = u" \t\n\"'\\><~|&;$*?#()`";
     constexpr QStringView kEscaped = u"\"`$\\";
