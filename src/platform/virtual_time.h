@@ -31,8 +31,8 @@ public:
     /// The machine sleeps for `milliseconds`: wall clock and tick go on, timers wait as long as before.
     void Suspend(qint64 milliseconds);
 
-    /// Takes the machine to another zone, as TZ names it: the moment is the same, the wall clock is not. False
-    /// where the system refuses.
+    /// Takes the machine to another zone, as TZ names it: the moment is the same, the wall clock is not.
+    /// False where the system refuses.
     bool SetZone(const QByteArray& zone);
 
     /// Milliseconds until the next timer is due; nothing when none runs.
