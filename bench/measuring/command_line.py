@@ -33,9 +33,9 @@ def add_plan_options(parser, **defaults):
     parser.add_argument("--settle", type=seconds, default=defaults.settle, metavar="SECONDS",
                         help="from the start to the reading of memory and the window (default: %(default)g)")
     parser.add_argument("--window", type=positive_seconds, default=defaults.window, metavar="SECONDS",
-                        help="over which CPU time and switches are counted (default: %(default)g)")
+                        help=f"over which CPU time and switches are counted (default: {defaults.window:g})")
     parser.add_argument("--repaints", type=seconds, default=defaults.repaints, metavar="SECONDS",
-                        help="over which repaints are counted afterwards; 0: never (default: %(default)g)")
+                        help=f"over which repaints are counted afterwards; 0: never (default: {defaults.repaints:g})")
     parser.add_argument("--start-timeout", type=positive_seconds, default=defaults.start_timeout,
                         metavar="SECONDS",
                         help="how long to wait for the first painted window (default: %(default)g)")

@@ -56,7 +56,9 @@ def take_window(picture, item, title):
         time.advance(11000)
         wait_on_screen(session, app)
         choose(session, app, item)
-        take(session, picture, session.windows.wait(name=title, pid=app.program.pid))
+        window = session.windows.wait(name=title, pid=app.program.pid)
+        time.advance(1500)  # the sample of the settings has wiped in
+        take(session, picture, window)
 
 
 def take_cd_player():
