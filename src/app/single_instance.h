@@ -1,13 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <QLocalServer>
 #include <QObject>
-#include <QPointer>
-
-class QLocalSocket;
 
 #include "platform/file_lock.h"
+#include "platform/word_socket.h"
 
 namespace tickwell {
 
@@ -33,15 +30,12 @@ Q_SIGNALS:
     void Called(bool withMenu);
 
 private:
-    void Answer();
-    void MakeRoom();
-    void Hear(QLocalSocket& socket);
+    void Hear(const QByteArray& word);
 
-    QString m_socket;
+    QString m_socketFile;
     QString m_lockFile;
     FileLock m_lock;
-    QLocalServer m_server;
-    QList<QPointer<QLocalSocket>> m_guests;  // who have said nothing yet, the oldest first
+    WordSocket m_socket;
 };
 
 }  // namespace tickwell

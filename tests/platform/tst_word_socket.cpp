@@ -1,0 +1,163 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include <fcntl.h>
+#include <sys/stat.h>
+
+#include <QDir>
+#include <QFile>
+#include <QLocalSocket>
+#include <QTemporaryDir>
+#include <QTest>
+#include <chrono>
+#include <future>
+#include <vector>
+
+#include "platform/word_socket.h"
+
+using namespace tickwell;
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+
+namespace {
+
+constexpr auto kPatience = 30s;  // a test that passes never waits it out
+
+/// How many descriptors this process would hand to one that it starts.
+int InheritedDescriptors() {
+    int count = 0;
+    for (const QString& name :
+         QDir(u"/proc/self/fd"_s).entryList(QDir::NoDotAndDotDot | QDir::AllEntries | QDir::System)) {
+        const int flags = fcntl(name.toInt(), F_GETFD);
+        count += flags >= 0 && (flags & FD_CLOEXEC) == 0 ? 1 : 0;
+    }
+    return count;
+}
+
+}  // namespace
+
+/// One short word from another process.
+class TstWordSocket : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void AWordIsHeardOnceAndWhoSaidItLetGo();
+    void NoMoreThanItsLengthIsHeard();
+    void WhoLeavesInSilenceIsNotHeard();
+    void TheSocketIsTheUsersAloneWhateverTheMask();
+    void TheSocketGoesWithItsListener();
+    void WhatWasLeftThereIsReplaced();
+    void AFolderInItsPlaceStays();
+    void ANameThatIsTooLongIsRefused();
+    void NobodyThereIsNoAnswer();
+    void WhoListensAndDoesNotAnswerIsNotWaitedForLong();
+    void ProgramsThatAreStartedDoNotGetTheSocket();
+
+private:
+    QString Path() const { return m_folder->filePath(u"socket"_s); }
+    void Say(const QByteArray& word);
+
+    std::unique_ptr<QTemporaryDir> m_folder;
+    std::vector<QByteArray> m_heard;
+    std::unique_ptr<WordSocket> m_socket;
+};
+
+void TstWordSocket::init() {
+    m_socket.reset();
+    m_heard.clear();
+    m_folder = std::make_unique<QTemporaryDir>();
+    m_socket = std::make_unique<WordSocket>([this](const QByteArray& word) { m_heard.push_back(word); });
+}
+
+/// As another process would, while this one listens.
+void TstWordSocket::Say(const QByteArray& word) {
+    auto said = std::async(std::launch::async, [this, word] { return SayWord(Path(), word, kPatience); });
+    QTRY_COMPARE(said.wait_for(0s), std::future_status::ready);
+    QVERIFY(said.get());
+}
+
+void TstWordSocket::AWordIsHeardOnceAndWhoSaidItLetGo() {
+    QVERIFY(m_socket->Listen(Path()));
+    Say("menu\n");
+    QCOMPARE(m_heard, std::vector<QByteArray>{"menu\n"});
+    Say("forward\n");
+    QCOMPARE(m_heard, (std::vector<QByteArray>{"menu\n", "forward\n"}));
+}
+
+void TstWordSocket::NoMoreThanItsLengthIsHeard() {
+    QVERIFY(m_socket->Listen(Path()));
+    Say(QByteArray(1000, 'm'));
+    QCOMPARE(m_heard, std::vector<QByteArray>{QByteArray(WordSocket::kLongestWord, 'm')});
+}
+
+void TstWordSocket::WhoLeavesInSilenceIsNotHeard() {
+    QVERIFY(m_socket->Listen(Path()));
+    {
+        QLocalSocket silent;
+        silent.connectToServer(Path());
+        QVERIFY(silent.waitForConnected());
+        QCoreApplication::processEvents();
+    }
+    Say("next\n");
+    QCOMPARE(m_heard, std::vector<QByteArray>{"next\n"});
+}
+
+void TstWordSocket::TheSocketIsTheUsersAloneWhateverTheMask() {
+    const mode_t before = umask(0);
+    const bool listens = m_socket->Listen(Path());
+    umask(before);
+    QVERIFY(listens);
+    struct stat status {};
+    QCOMPARE(stat(QFile::encodeName(Path()).constData(), &status), 0);
+    QCOMPARE(status.st_mode & 07777U, 0600U);
+}
+
+void TstWordSocket::TheSocketGoesWithItsListener() {
+    QVERIFY(m_socket->Listen(Path()));
+    QVERIFY(QFile::exists(Path()));
+    m_socket.reset();
+    QVERIFY(!QFile::exists(Path()));
+}
+
+void TstWordSocket::WhatWasLeftThereIsReplaced() {
+    QFile left(Path());
+    QVERIFY(left.open(QIODevice::WriteOnly));
+    left.close();
+    QVERIFY(m_socket->Listen(Path()));
+    Say("menu\n");
+    QCOMPARE(m_heard, std::vector<QByteArray>{"menu\n"});
+}
+
+void TstWordSocket::AFolderInItsPlaceStays() {
+    QVERIFY(QDir().mkpath(Path() + u"/full"_s));
+    QVERIFY(!m_socket->Listen(Path()));
+    QVERIFY(QFile::exists(Path() + u"/full"_s));
+}
+
+void TstWordSocket::ANameThatIsTooLongIsRefused() {
+    const QString path = m_folder->filePath(QString(200, u'n'));
+    QVERIFY(!m_socket->Listen(path));
+    QVERIFY(!SayWord(path, "menu\n", kPatience));
+    QVERIFY(QDir(m_folder->path()).isEmpty());
+}
+
+void TstWordSocket::NobodyThereIsNoAnswer() {
+    QVERIFY(!SayWord(Path(), "menu\n", kPatience));
+}
+
+void TstWordSocket::WhoListensAndDoesNotAnswerIsNotWaitedForLong() {
+    QVERIFY(m_socket->Listen(Path()));
+    QVERIFY(!SayWord(Path(), "menu\n", 1ms));  // no event loop runs meanwhile
+}
+
+void TstWordSocket::ProgramsThatAreStartedDoNotGetTheSocket() {
+    const int before = InheritedDescriptors();
+    QVERIFY(m_socket->Listen(Path()));
+    QLocalSocket guest;
+    guest.connectToServer(Path());
+    QVERIFY(guest.waitForConnected());
+    QCoreApplication::processEvents();
+    QCOMPARE(InheritedDescriptors(), before);
+}
+
+QTEST_GUILESS_MAIN(TstWordSocket)
+#include "tst_word_socket.moc"
