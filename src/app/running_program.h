@@ -30,7 +30,7 @@ struct ProgramPorts {
     EventWait& wait;
     CdDrive& drive;
     CdPlayback& playback;
-    std::function<void()> windowGone = [] {};  ///< told of each other window that is no more
+    std::function<void()> windowGone = [] {};  ///< told of each window and menu that goes
 };
 
 /// What the program keeps while it runs; outlives it as well.

@@ -2,6 +2,8 @@
 #include "app/windows.h"
 
 #include <QApplication>
+#include <QEvent>
+#include <QMenu>
 
 #include "app/window_placing.h"
 #include "store/compaction.h"
@@ -90,10 +92,25 @@ std::unique_ptr<Form2> Windows::MakeSettings() {
                                                  m_parts.autostart, operations});
 }
 
+void Windows::SetMainWindow(Form1& mainWindow) {
+    m_mainWindow = &mainWindow;
+    mainWindow.installEventFilter(&m_hideWatch);
+    for (QMenu* menu : mainWindow.findChildren<QMenu*>()) {
+        menu->installEventFilter(&m_hideWatch);
+    }
+}
+
 void Windows::Place(QWidget& window) {
-    QObject::connect(&window, &QObject::destroyed, qApp, m_parts.gone);
+    window.installEventFilter(&m_hideWatch);
     PlaceNear(window, *m_mainWindow);
     LetThroughModal(window);
+}
+
+bool HideWatch::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::Hide && !event->spontaneous()) {
+        m_hidden();
+    }
+    return QObject::eventFilter(watched, event);
 }
 
 void UnblockedHelp::ShowTopic(int topic) {

@@ -29,7 +29,7 @@ struct WindowsParts {
     QString folder;  ///< the program's, absolute
     CdPlayer& cdPlayer;
     std::function<void(const QString& soundName)> listen;  ///< plays a sound once
-    std::function<void()> gone;                            ///< told of each window that is no more
+    std::function<void()> gone;                            ///< told of each window and menu that goes
 };
 
 /// The help, for a window that blocks the others: it can be read meanwhile.
@@ -41,6 +41,17 @@ public:
 
 private:
     HelpDesk& m_desk;
+};
+
+/// Tells when one of the windows it watches is no longer shown.
+class HideWatch : public QObject {
+public:
+    explicit HideWatch(std::function<void()> hidden) : m_hidden(std::move(hidden)) {}
+
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    std::function<void()> m_hidden;
 };
 
 /// The windows beside the main one: made when they are asked for, one of each, near the main window and above
@@ -62,7 +73,7 @@ public:
     void Place(QWidget& window);
 
     /// The window beside which the others open; it outlives them.
-    void SetMainWindow(Form1& mainWindow) { m_mainWindow = &mainWindow; }
+    void SetMainWindow(Form1& mainWindow);
 
 private:
     template <typename Window, typename Make>
@@ -71,6 +82,7 @@ private:
     std::unique_ptr<Form2> MakeSettings();
 
     WindowsParts m_parts;
+    HideWatch m_hideWatch{m_parts.gone};
     Form1* m_mainWindow = nullptr;
     HelpDesk m_help;
     UnblockedHelp m_settingsHelp{m_help};

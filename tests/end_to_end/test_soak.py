@@ -54,7 +54,7 @@ class Soak(AlwaysOn):
         self.use(times=3)  # whatever is made once is made now
         self.pass_half_hours(2)
         self.use(times=3)
-        before, memory = self.at_rest(), self.memory()
+        memory, before = self.memory(), self.at_rest()  # the pictures of windows that were closed go with their memory
         for day in range(DAYS):
             with self.subTest(day=day + 1):
                 getattr(self, f"pass_day_{day % 7 + 1}")()
