@@ -37,7 +37,7 @@ Memory& Kept() {
 
 void Keep(Line& line, const QByteArray& text) {
     const auto length = std::min(static_cast<std::size_t>(text.size()), kLongest - 2);
-    std::copy_n(text.begin(), length, line.begin());
+    std::memcpy(line.data(), text.constData(), length);
     line.at(length) = '\n';
     line.at(length + 1) = '\0';
 }
