@@ -11,6 +11,8 @@ from .desktop import HELPER, MANAGER, PROGRAM, SERVER, SERVICES, Desktop, Deskto
 from .errors import MeasuringError
 from .window_watch import RepaintWatch, StartWatch
 
+_AFTER_HOOK = 4.0  # seconds: what goes with the menus and windows that a hook used has gone by then
+
 
 def _leave_empty(_home):
     """Of a program that needs no settings."""
@@ -135,6 +137,7 @@ class Run:
         if self._subject.hook:
             self.wait_until(self._subject.hook_at)
             self.act(self._subject.hook)
+            time.sleep(_AFTER_HOOK)
         self.wait_until(self._plan.settle)
 
     def wait_until(self, seconds):
