@@ -10,6 +10,7 @@
 #include <array>
 #include <asio.hpp>
 #include <list>
+#include <system_error>
 #include <utility>
 
 namespace tickwell {
@@ -36,25 +37,6 @@ void KeepFromChildren(int descriptor) {
 Protocol::endpoint AddressOf(const QString& path) {
     return {QFile::encodeName(path).toStdString()};
 }
-
-/// Tells when there is something to read; a notifier that is dropped inside its own signal goes after it.
-class Notifier {
-public:
-    Notifier(int descriptor, std::function<void()> ready)
-        : m_notifier(new QSocketNotifier(descriptor, QSocketNotifier::Read)) {
-        QObject::connect(m_notifier, &QSocketNotifier::activated, m_notifier,
-                         [ready = std::move(ready)] { ready(); });
-    }
-    ~Notifier() {
-        m_notifier->setEnabled(false);
-        m_notifier->deleteLater();
-    }
-    Notifier(const Notifier&) = delete;
-    Notifier& operator=(const Notifier&) = delete;
-
-private:
-    QSocketNotifier* m_notifier;
-};
 
 /// One word on its way, step by step, while its loop runs.
 class Call {
@@ -100,6 +82,25 @@ private:
 
 /// What listens. Throws std::system_error where it cannot begin to.
 class WordSocket::Ear {
+    /// Tells when there is something to read; a notifier that is dropped inside its own signal goes after it.
+    class Notifier {
+    public:
+        Notifier(int descriptor, std::function<void()> ready)
+            : m_notifier(new QSocketNotifier(descriptor, QSocketNotifier::Read)) {
+            QObject::connect(m_notifier, &QSocketNotifier::activated, m_notifier,
+                             [ready = std::move(ready)] { ready(); });
+        }
+        ~Notifier() {
+            m_notifier->setEnabled(false);
+            m_notifier->deleteLater();
+        }
+        Notifier(const Notifier&) = delete;
+        Notifier& operator=(const Notifier&) = delete;
+
+    private:
+        QSocketNotifier* m_notifier;
+    };
+
 public:
     Ear(const QString& path, const std::function<void(const QByteArray&)>& heard)
         : m_path(path), m_heard(heard), m_acceptor(m_loop) {

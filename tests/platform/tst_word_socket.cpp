@@ -1,13 +1,20 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <fcntl.h>
+#include <sys/resource.h>
+#include <sys/socket.h>
 #include <sys/stat.h>
+#include <sys/un.h>
+#include <unistd.h>
 
 #include <QDir>
 #include <QFile>
 #include <QLocalSocket>
+#include <QScopeGuard>
 #include <QTemporaryDir>
 #include <QTest>
+#include <cerrno>
 #include <chrono>
+#include <cstring>
 #include <future>
 #include <vector>
 
@@ -51,6 +58,7 @@ private Q_SLOTS:
     void NobodyThereIsNoAnswer();
     void WhoListensAndDoesNotAnswerIsNotWaitedForLong();
     void ProgramsThatAreStartedDoNotGetTheSocket();
+    void WithoutDescriptorsNobodyWaitsAtTheDoor();
 
 private:
     QString Path() const { return m_folder->filePath(u"socket"_s); }
@@ -157,6 +165,39 @@ void TstWordSocket::ProgramsThatAreStartedDoNotGetTheSocket() {
     QVERIFY(guest.waitForConnected());
     QCoreApplication::processEvents();
     QCOMPARE(InheritedDescriptors(), before);
+}
+
+void TstWordSocket::WithoutDescriptorsNobodyWaitsAtTheDoor() {
+    QVERIFY(m_socket->Listen(Path()));
+    const int guest = socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
+    const auto closed = qScopeGuard([guest] { close(guest); });
+    sockaddr_un address{};
+    address.sun_family = AF_UNIX;
+    const QByteArray name = QFile::encodeName(Path());
+    std::memcpy(static_cast<char*>(address.sun_path), name.constData(),
+                static_cast<std::size_t>(name.size()));
+    rlimit before{};
+    QCOMPARE(getrlimit(RLIMIT_NOFILE, &before), 0);
+    const rlimit few{64, before.rlim_max};
+    QCOMPARE(setrlimit(RLIMIT_NOFILE, &few), 0);
+    std::vector<int> taken;
+    const auto restored = qScopeGuard([before, &taken] {
+        setrlimit(RLIMIT_NOFILE, &before);
+        for (const int descriptor : taken) {
+            close(descriptor);
+        }
+    });
+    for (int copy = dup(guest); copy >= 0; copy = dup(guest)) {
+        taken.push_back(copy);
+    }
+    QCOMPARE(::connect(guest, reinterpret_cast<const sockaddr*>(&address), sizeof(address)), 0);
+    const auto wasLetGo = [guest] {
+        char byte = 0;
+        const ssize_t count = recv(guest, &byte, 1, MSG_DONTWAIT);
+        return count == 0 || (count < 0 && errno == ECONNRESET);
+    };
+    QVERIFY(!wasLetGo());
+    QTRY_VERIFY(wasLetGo());
 }
 
 QTEST_GUILESS_MAIN(TstWordSocket)
