@@ -34,7 +34,8 @@ class RealTime(TickwellCase):
         app = start_tickwell(self.session, settings={"Digital": styles})
         wait_lines(app, upper="Tickwell Ver.2", lower="")
         _, first = wait_lines(app, lower=READING.fullmatch, timeout=60)
-        self.assertGreaterEqual(time.monotonic() - before, 10.9)  # the start-up delay is part of the program
+        # The start-up delay is part of the program; the toolkit's timers may come five hundredths too early.
+        self.assertGreaterEqual(time.monotonic() - before, 0.95 * 11)
         seen = {first}
         while len(seen) < 4:
             earlier = datetime.now(TOKYO)
