@@ -3,6 +3,7 @@
 #include <QImage>
 #include <QLabel>
 #include <QTest>
+#include <memory>
 
 #include "platform/freed_memory.h"
 
@@ -25,43 +26,43 @@ class TstFreedMemory : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
+    void init();
+    void cleanup() { m_window.reset(); }
     void AShownWindowKeepsItsPicture();
     void AHiddenWindowLosesItsPicture();
     void ShownAgainItIsDrawnAsBefore();
+
+private:
+    std::unique_ptr<QLabel> m_window;
+    QImage m_picture;  // of the window when it was shown
 };
 
+void TstFreedMemory::init() {
+    m_window = std::make_unique<QLabel>(u"時計"_s);
+    m_window->resize(200, 50);
+    m_window->show();
+    QVERIFY(QTest::qWaitForWindowExposed(m_window.get()));
+    m_picture = PictureOf(*m_window);
+    QCOMPARE(m_picture.size(), QSize(200, 50));
+}
+
 void TstFreedMemory::AShownWindowKeepsItsPicture() {
-    QLabel window(u"時計"_s);
-    window.resize(200, 50);
-    window.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&window));
-    const QImage before = PictureOf(window);
-    QCOMPARE(before.size(), QSize(200, 50));
     ReturnFreedMemory();
-    QCOMPARE(PictureOf(window), before);
+    QCOMPARE(PictureOf(*m_window), m_picture);
 }
 
 void TstFreedMemory::AHiddenWindowLosesItsPicture() {
-    QLabel window(u"時計"_s);
-    window.resize(200, 50);
-    window.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&window));
-    window.hide();
-    QCOMPARE(PictureOf(window).size(), QSize(200, 50));
+    m_window->hide();
+    QCOMPARE(PictureOf(*m_window).size(), QSize(200, 50));
     ReturnFreedMemory();
-    QCOMPARE(PictureOf(window).size(), QSize(1, 1));
+    QCOMPARE(PictureOf(*m_window).size(), QSize(1, 1));
 }
 
 void TstFreedMemory::ShownAgainItIsDrawnAsBefore() {
-    QLabel window(u"時計"_s);
-    window.resize(200, 50);
-    window.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&window));
-    const QImage before = PictureOf(window);
-    window.hide();
+    m_window->hide();
     ReturnFreedMemory();
-    window.show();
-    QTRY_COMPARE(PictureOf(window), before);
+    m_window->show();
+    QTRY_COMPARE(PictureOf(*m_window), m_picture);
 }
 
 QTEST_MAIN(TstFreedMemory)
