@@ -6,6 +6,7 @@ import shutil
 import signal
 import sys
 import tempfile
+import time
 import unittest
 from datetime import datetime
 from pathlib import Path
@@ -13,6 +14,7 @@ from unittest import mock
 
 from driver import pictures, processes, settings_file, tickwell
 from driver.accessible import Gone
+from driver.answering import keeps_answering
 from driver.case import ARTIFACTS_VARIABLE, TickwellCase
 from driver.desktop import Session
 from driver.program import Program, ProgramEnded
@@ -219,6 +221,20 @@ class WindowTest(TickwellCase):
                 program.wait_output(expected[-1])
                 wait_for(lambda: len(program.output()[before:].splitlines()) >= len(expected), row)
                 self.assertEqual(program.output()[before:].splitlines(), expected)
+
+    def test_how_long_a_window_does_not_answer(self):
+        program, xid = self.show("asked", 300, 200, 120, 80)
+        with keeps_answering(self.session, program, xid):
+            time.sleep(0.1)  # some pings
+        for row, wakes_up in (("and answers again", True), ("and still does not", False)):
+            with self.subTest(row):
+                with self.assertRaisesRegex(AssertionError, "did not answer"), \
+                        keeps_answering(self.session, program, xid, limit=0.4):
+                    os.kill(program.pid, signal.SIGSTOP)
+                    time.sleep(0.5)
+                    if wakes_up:
+                        os.kill(program.pid, signal.SIGCONT)
+                os.kill(program.pid, signal.SIGCONT)
 
 
 class TickwellTest(TickwellCase):

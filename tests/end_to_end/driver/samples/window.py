@@ -1,11 +1,12 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""A plain X window that writes down what is done to it: window.py NAME X Y WIDTH HEIGHT RRGGBB"""
+"""A plain X window that writes down what is done to it and answers pings: window.py NAME X Y WIDTH HEIGHT RRGGBB"""
 
 import os
 import sys
 
 from Xlib import X, Xutil
 from Xlib.display import Display
+from Xlib.protocol.event import ClientMessage
 
 
 def show(display, name, x, y, width, height, colour):
@@ -34,6 +35,11 @@ def main():
             print(f"{what} {event.detail} at {event.event_x} {event.event_y}", flush=True)
         elif event.type == X.KeyPress:
             print(f"key {display.keycode_to_keysym(event.detail, event.state & X.ShiftMask)}", flush=True)
+        elif event.type == X.ClientMessage and event.data[1][0] == display.intern_atom("_NET_WM_PING"):
+            root = display.screen().root
+            root.send_event(ClientMessage(window=root, client_type=event.client_type, data=event.data),
+                            event_mask=X.SubstructureRedirectMask | X.SubstructureNotifyMask)
+            display.flush()
         elif event.type == X.ClientMessage:
             print("closed", flush=True)
             return
