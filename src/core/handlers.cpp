@@ -12,7 +12,7 @@ bool Handlers::Run(const std::function<void()>& handler) {
         handler();
         return true;
     } catch (const RunTimeError& error) {
-        Report(error);
+        Report(error.Reason());
         return false;
     }
 }
@@ -31,21 +31,34 @@ void Handlers::RunTick(Timer& timer, const std::function<void()>& handler) {
         handler();
     } catch (const RunTimeError& error) {
         timer.Stop();
-        Report(error);
+        Report(error.Reason());
     }
 }
 
-void Handlers::Report(const RunTimeError& error) {
+void Handlers::Report(const QString& reason) {
     if (m_reporting) {
         return;
     }
     m_reporting = true;
-    m_boxes.Show({MessageIcon::Critical, u"Tickwell"_s, u"実行時エラー\r\n"_s + error.Reason()}, [this] {
-        m_reporting = false;
-        if (const auto action = std::exchange(m_whenQuiet, nullptr)) {
-            action();
-        }
-    });
+    m_boxes.Show({MessageIcon::Critical, u"Tickwell"_s, u"実行時エラー\r\n"_s + reason},
+                 [this] { BoxClosed(); });
+}
+
+void Handlers::BoxClosed() {
+    m_reporting = false;
+    if (!m_untold.isEmpty()) {
+        Report(m_untold.takeFirst());
+    } else if (const auto action = std::exchange(m_whenQuiet, nullptr)) {
+        action();
+    }
+}
+
+void Handlers::Tell(const QString& reason) {
+    if (m_reporting) {
+        m_untold.append(reason);
+    } else {
+        Report(reason);
+    }
 }
 
 void Handlers::WhenQuiet(std::function<void()> action) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QObject>
+#include <QStringList>
 #include <functional>
 #include <memory>
 
@@ -34,14 +35,20 @@ public:
     /// Runs the handler of `timer` under that rule.
     void RunTick(Timer& timer, const std::function<void()>& handler);
 
+    /// Reports an error that no handler has thrown, such as a lost print. It is not dropped while the report
+    /// box is open, but reported after it.
+    void Tell(const QString& reason);
+
     /// Calls `action` now, or, while the report box is open, when the user has closed it.
     void WhenQuiet(std::function<void()> action);
 
 private:
-    void Report(const RunTimeError& error);
+    void Report(const QString& reason);
+    void BoxClosed();
 
     MessageBoxes& m_boxes;
     bool m_reporting = false;
+    QStringList m_untold;  // reasons to be reported after the present one
     std::function<void()> m_whenQuiet;
 };
 

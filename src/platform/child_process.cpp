@@ -4,6 +4,7 @@
 #include <fcntl.h>
 #include <poll.h>
 #include <spawn.h>
+#include <sys/mman.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -24,16 +25,37 @@ namespace {
 constexpr int kLastPatience = 200;  // ms for children that are still dying when the program ends
 constexpr int kMostAtOnce = 65536;  // bytes, what a pipe holds
 
-/// What a child starts with: nothing to read, the pipe to write to, and no other file of ours.
+/// A file in memory that holds `bytes`, to be read from its beginning; below 0 if there cannot be one. Unlike
+/// a pipe it takes all of them at once, whether or not the child reads.
+int FileOf(const QByteArray& bytes) {
+    const int file = memfd_create("input", MFD_CLOEXEC);
+    qsizetype written = 0;
+    while (file >= 0 && written < bytes.size()) {
+        const ssize_t count =
+            write(file, bytes.constData() + written, static_cast<std::size_t>(bytes.size() - written));
+        if (count < 0 && errno == EINTR) {
+            continue;
+        }
+        if (count <= 0) {
+            break;
+        }
+        written += count;
+    }
+    if (file >= 0 && (written < bytes.size() || lseek(file, 0, SEEK_SET) != 0)) {
+        close(file);
+        return -1;
+    }
+    return file;
+}
+
+/// What a child starts with: the file to read, the pipe to write to, and no other file of ours.
 class Actions {
 public:
-    explicit Actions(int output) {
+    Actions(int input, int output) {
         m_isGood = posix_spawn_file_actions_init(&m_actions) == 0;
-        m_isGood =
-            m_isGood &&
-            posix_spawn_file_actions_addopen(&m_actions, STDIN_FILENO, "/dev/null", O_RDONLY, 0) == 0 &&
-            posix_spawn_file_actions_adddup2(&m_actions, output, STDOUT_FILENO) == 0 &&
-            posix_spawn_file_actions_addclosefrom_np(&m_actions, STDERR_FILENO + 1) == 0;
+        m_isGood = m_isGood && posix_spawn_file_actions_adddup2(&m_actions, input, STDIN_FILENO) == 0 &&
+                   posix_spawn_file_actions_adddup2(&m_actions, output, STDOUT_FILENO) == 0 &&
+                   posix_spawn_file_actions_addclosefrom_np(&m_actions, STDERR_FILENO + 1) == 0;
     }
     ~Actions() { posix_spawn_file_actions_destroy(&m_actions); }
     Actions(const Actions&) = delete;
@@ -74,8 +96,8 @@ private:
 };
 
 /// The id of the child; 0 where it could not be started.
-pid_t Spawn(const QList<QByteArray>& words, int output) {
-    const Actions actions(output);
+pid_t Spawn(const QList<QByteArray>& words, int input, int output) {
+    const Actions actions(input, output);
     const Attributes attributes;
     std::vector<char*> pointers;
     for (const QByteArray& word : words) {
@@ -114,17 +136,23 @@ void ChildReaper::Reap() {
     m_ended.erase(std::remove_if(m_ended.begin(), m_ended.end(), isGone), m_ended.end());
 }
 
-bool ChildProcess::Start(const QString& program, const QStringList& arguments) {
+bool ChildProcess::Start(const QString& program, const QStringList& arguments, const QByteArray& input) {
     End();
+    const int file = FileOf(input);
+    if (file < 0) {
+        return false;
+    }
     std::array<int, 2> ends{};
     if (pipe2(ends.data(), O_CLOEXEC) != 0) {
+        close(file);
         return false;
     }
     QList<QByteArray> words{QFile::encodeName(program)};
     for (const QString& argument : arguments) {
         words.append(QFile::encodeName(argument));
     }
-    m_child = Spawn(words, ends[1]);
+    m_child = Spawn(words, file, ends[1]);
+    close(file);
     close(ends[1]);
     m_pipe = ends[0];
     if (m_child == 0 || fcntl(m_pipe, F_SETFL, O_NONBLOCK) != 0) {
@@ -176,6 +204,11 @@ void ChildProcess::End() {
         m_reaper.End(m_child);
         m_child = 0;
     }
+}
+
+void ChildProcess::LetGo() {
+    ClosePipe();
+    m_child = 0;
 }
 
 void ChildProcess::ClosePipe() {

@@ -37,8 +37,9 @@ public:
     ChildProcess(const ChildProcess&) = delete;
     ChildProcess& operator=(const ChildProcess&) = delete;
 
-    /// Starts `program` and ends an older child first. False where it cannot be started.
-    bool Start(const QString& program, const QStringList& arguments);
+    /// Starts `program`, which reads `input` from its standard input, and ends an older child first. Returns
+    /// false if it cannot be started.
+    bool Start(const QString& program, const QStringList& arguments, const QByteArray& input = {});
 
     /// Up to `most` bytes of what it has written; empty when there is nothing now or nothing any more.
     QByteArray Read(qsizetype most);
@@ -50,6 +51,10 @@ public:
     /// Whether there is a child that was neither ended nor seen to end.
     bool IsRunning() const { return m_child > 0; }
     void End();
+
+    /// Lets the child go on by itself: from now on it is no child of this object, and nobody reads its
+    /// output.
+    void LetGo();
 
 private:
     void ClosePipe();

@@ -3,8 +3,12 @@
 
 #include <QCheckBox>
 #include <QMessageBox>
+#include <QPointer>
+#include <QPushButton>
 
 namespace tickwell {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -49,6 +53,23 @@ QMessageBox* MakeBox(const Message& message, QMessageBox::StandardButtons button
     return box;
 }
 
+class QtOpenBox : public OpenBox {
+public:
+    explicit QtOpenBox(QMessageBox* box) : m_box(box) {}
+    ~QtOpenBox() override {
+        if (m_box != nullptr) {
+            m_box->disconnect();
+            m_box->hide();
+            m_box->deleteLater();  // this can be called by a signal of the box
+        }
+    }
+    QtOpenBox(const QtOpenBox&) = delete;
+    QtOpenBox& operator=(const QtOpenBox&) = delete;
+
+private:
+    QPointer<QMessageBox> m_box;
+};
+
 }  // namespace
 
 void QtMessageBoxes::Show(const Message& message, std::function<void()> onClosed) {
@@ -80,6 +101,16 @@ void QtMessageBoxes::ShowWithChoice(const Message& message, const QString& choic
     QObject::connect(box, &QDialog::finished, box,
                      [checkBox, onClosed = std::move(onClosed)] { onClosed(checkBox->isChecked()); });
     box->open();
+}
+
+std::unique_ptr<OpenBox> QtMessageBoxes::ShowWaiting(const Message& message, std::function<void()> onCancel) {
+    QMessageBox* box = MakeBox(message, QMessageBox::NoButton);
+    QPushButton* cancel = box->addButton(u"中止"_s, QMessageBox::RejectRole);
+    box->setDefaultButton(cancel);
+    box->setEscapeButton(cancel);
+    QObject::connect(box, &QDialog::finished, box, [onCancel = std::move(onCancel)] { onCancel(); });
+    box->open();
+    return std::make_unique<QtOpenBox>(box);
 }
 
 }  // namespace tickwell

@@ -13,6 +13,7 @@ public:
     void Choose(const Message& message, std::function<void(MessageAnswer)> onAnswer) override;
     void ShowWithChoice(const Message& message, const QString& choice,
                         std::function<void(bool)> onClosed) override;
+    std::unique_ptr<OpenBox> ShowWaiting(const Message& message, std::function<void()> onCancel) override;
 };
 
 }  // namespace tickwell

@@ -20,6 +20,7 @@ private Q_SLOTS:
     void AHealthyTimerGoesOn();
     void ASignalIsConnectedUnderTheRule();
     void WhenQuietWaitsForTheOpenBox();
+    void WhatIsToldIsNeverDropped();
 };
 
 void TstHandlers::AnErrorEndsTheHandlerAndIsReportedOnce() {
@@ -99,6 +100,26 @@ void TstHandlers::WhenQuietWaitsForTheOpenBox() {
     QCOMPARE(calls, 1);
     boxes.Close();
     QCOMPARE(calls, 2);
+}
+
+void TstHandlers::WhatIsToldIsNeverDropped() {
+    FakeMessageBoxes boxes;
+    Handlers handlers(boxes);
+    bool isQuiet = false;
+    for (const QString& reason : {u"一"_s, u"二"_s, u"三"_s}) {
+        handlers.Tell(reason);
+    }
+    handlers.WhenQuiet([&] { isQuiet = true; });
+    QStringList told;
+    while (boxes.IsOpen()) {
+        QVERIFY(!isQuiet);
+        QCOMPARE(boxes.Shown().size(), told.size() + 1);  // one at a time
+        QCOMPARE(boxes.Shown().last().icon, MessageIcon::Critical);
+        told.append(boxes.Shown().last().text);
+        boxes.Close();
+    }
+    QCOMPARE(told, (QStringList{u"実行時エラー\r\n一"_s, u"実行時エラー\r\n二"_s, u"実行時エラー\r\n三"_s}));
+    QVERIFY(isQuiet);
 }
 
 QTEST_GUILESS_MAIN(TstHandlers)

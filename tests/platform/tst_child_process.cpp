@@ -4,11 +4,13 @@
 #include <unistd.h>
 
 #include <QElapsedTimer>
+#include <QTemporaryDir>
 #include <QTest>
 #include <cerrno>
 #include <csignal>
 
 #include "platform/child_process.h"
+#include "support/files.h"
 
 using namespace tickwell;
 using namespace Qt::StringLiterals;
@@ -55,6 +57,10 @@ private Q_SLOTS:
     void AProgramThatIsNotThereDoesNotStart();
     void ReadingNeverWaits();
     void NoMoreIsReadThanAskedFor();
+    void TheChildReadsItsInput_data();
+    void TheChildReadsItsInput();
+    void AChildThatReadsNothingDoesNotHoldUpItsInput();
+    void AChildThatIsLetGoGoesOn();
     void MuchOutputComesWhole();
     void TheEndOfTheObjectIsTheEndOfTheChild();
     void AnEndedChildIsReaped();
@@ -126,6 +132,47 @@ void TstChildProcess::NoMoreIsReadThanAskedFor() {
     QCOMPARE(first, QByteArray("1234"));
     QVERIFY(!child.ExitCode());  // there is more to be read
     QCOMPARE(WaitFor(child).output, QByteArray("56789"));
+}
+
+void TstChildProcess::TheChildReadsItsInput_data() {
+    QTest::addColumn<QByteArray>("input");
+    QTest::newRow("none") << QByteArray();
+    QTest::newRow("a line") << "一行\n"_ba;
+    QTest::newRow("more than a pipe holds") << QByteArray(1'000'000, 'x') + "end";
+}
+
+void TstChildProcess::TheChildReadsItsInput() {
+    QFETCH(QByteArray, input);
+    ChildReaper reaper;
+    ChildProcess child(reaper);
+    QVERIFY(child.Start(u"/bin/sh"_s, Script(u"exec cat"_s), input));
+    const Ended ended = WaitFor(child);
+    QCOMPARE(ended.output, input);
+    QCOMPARE(ended.code, 0);
+}
+
+void TstChildProcess::AChildThatReadsNothingDoesNotHoldUpItsInput() {
+    ChildReaper reaper;
+    ChildProcess child(reaper);
+    QVERIFY(child.Start(u"/bin/sh"_s, Script(u"exec sleep 1000"_s), QByteArray(10'000'000, 'x')));
+    QVERIFY(child.IsRunning());
+}
+
+void TstChildProcess::AChildThatIsLetGoGoesOn() {
+    const QTemporaryDir dir;
+    ChildReaper reaper;
+    ChildProcess child(reaper);
+    QVERIFY(child.Start(u"/bin/sh"_s,
+                        Script(u"while [ ! -e '%1/go' ]; do sleep 0.05; done; exit 7"_s.arg(dir.path()))));
+    child.LetGo();
+    QVERIFY(!child.IsRunning());
+    reaper.Reap();
+    QVERIFY(reaper.IsIdle());
+    WriteAll(dir.filePath(u"go"_s), QByteArray());
+    int status = 0;
+    QVERIFY(waitpid(-1, &status, 0) > 0);  // it was neither killed nor reaped
+    QVERIFY(WIFEXITED(status));
+    QCOMPARE(WEXITSTATUS(status), 7);
 }
 
 void TstChildProcess::MuchOutputComesWhole() {

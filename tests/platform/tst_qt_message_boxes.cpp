@@ -2,6 +2,7 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QMessageBox>
+#include <QPointer>
 #include <QPushButton>
 #include <QTest>
 
@@ -15,7 +16,7 @@ namespace {
 const Message kQuestion{MessageIcon::Question, u"印刷"_s, u"<b>一</b>\r\n二"_s};
 
 /// The box that stands open, or null.
-QMessageBox* OpenBox() {
+QMessageBox* BoxOnScreen() {
     for (QWidget* widget : QApplication::topLevelWidgets()) {
         auto* box = qobject_cast<QMessageBox*>(widget);
         if (box != nullptr && box->isVisible()) {
@@ -38,28 +39,31 @@ private Q_SLOTS:
     void TheAnswerIsTold();
     void ACheckBoxIsToldWithTheClosing_data();
     void ACheckBoxIsToldWithTheClosing();
+    void AWaitCanBeCancelled_data();
+    void AWaitCanBeCancelled();
+    void AWaitEndsWithItsBoxWithoutACall();
 };
 
 void TstQtMessageBoxes::ATextIsNeverMarkup() {
     QtMessageBoxes boxes;
     boxes.Ask(kQuestion, [](bool) {});
-    QVERIFY(OpenBox() != nullptr);
-    QCOMPARE(OpenBox()->windowTitle(), u"印刷"_s);
-    QCOMPARE(OpenBox()->text(), u"<b>一</b>\n二"_s);
-    QCOMPARE(OpenBox()->textFormat(), Qt::PlainText);
-    QCOMPARE(OpenBox()->icon(), QMessageBox::Question);
-    OpenBox()->close();
+    QVERIFY(BoxOnScreen() != nullptr);
+    QCOMPARE(BoxOnScreen()->windowTitle(), u"印刷"_s);
+    QCOMPARE(BoxOnScreen()->text(), u"<b>一</b>\n二"_s);
+    QCOMPARE(BoxOnScreen()->textFormat(), Qt::PlainText);
+    QCOMPARE(BoxOnScreen()->icon(), QMessageBox::Question);
+    BoxOnScreen()->close();
 }
 
 void TstQtMessageBoxes::ClosingIsTold() {
     QtMessageBoxes boxes;
     int closed = 0;
     boxes.Show({MessageIcon::Critical, u"Tickwell"_s, u"実行時エラー"_s}, [&closed] { ++closed; });
-    QVERIFY(OpenBox() != nullptr);
-    QCOMPARE(OpenBox()->standardButtons(), QMessageBox::Ok);
-    QTest::keyClick(OpenBox(), Qt::Key_Return);
+    QVERIFY(BoxOnScreen() != nullptr);
+    QCOMPARE(BoxOnScreen()->standardButtons(), QMessageBox::Ok);
+    QTest::keyClick(BoxOnScreen(), Qt::Key_Return);
     QCOMPARE(closed, 1);
-    QVERIFY(OpenBox() == nullptr);
+    QVERIFY(BoxOnScreen() == nullptr);
 }
 
 void TstQtMessageBoxes::TheAnswerIsTold_data() {
@@ -77,7 +81,7 @@ void TstQtMessageBoxes::TheAnswerIsTold() {
     QtMessageBoxes boxes;
     QList<bool> answers;
     boxes.Ask(kQuestion, [&answers](bool ok) { answers.append(ok); });
-    QMessageBox* box = OpenBox();
+    QMessageBox* box = BoxOnScreen();
     QVERIFY(box != nullptr);
     QVERIFY(answers.isEmpty());  // it does not wait
     if (way == u"ok") {
@@ -105,7 +109,7 @@ void TstQtMessageBoxes::ACheckBoxIsToldWithTheClosing() {
     QList<bool> answers;
     boxes.ShowWithChoice({MessageIcon::Critical, u"Tickwell"_s, u"一"_s}, u"次回から表示しない"_s,
                          [&answers](bool ticked) { answers.append(ticked); });
-    QMessageBox* box = OpenBox();
+    QMessageBox* box = BoxOnScreen();
     QVERIFY(box != nullptr);
     QCOMPARE(box->checkBox()->text(), u"次回から表示しない"_s);
     QVERIFY(!box->checkBox()->isChecked());
@@ -115,6 +119,53 @@ void TstQtMessageBoxes::ACheckBoxIsToldWithTheClosing() {
     QVERIFY(answers.isEmpty());
     box->button(QMessageBox::Ok)->click();
     QCOMPARE(answers, QList<bool>{isTicked});
+}
+
+void TstQtMessageBoxes::AWaitCanBeCancelled_data() {
+    QTest::addColumn<QString>("way");
+    QTest::newRow("button") << u"button"_s;
+    QTest::newRow("Enter") << u"enter"_s;
+    QTest::newRow("Esc") << u"escape"_s;
+    QTest::newRow("its frame") << u"close"_s;
+}
+
+void TstQtMessageBoxes::AWaitCanBeCancelled() {
+    QFETCH(QString, way);
+    QtMessageBoxes boxes;
+    int cancelled = 0;
+    std::unique_ptr<OpenBox> wait = boxes.ShowWaiting(kQuestion, [&] {
+        ++cancelled;
+        wait.reset();  // from within the box's own signal
+    });
+    const QPointer<QMessageBox> box = BoxOnScreen();
+    QVERIFY(box != nullptr);
+    QCOMPARE(box->text(), u"<b>一</b>\n二"_s);
+    QCOMPARE(box->buttons().size(), 1);
+    QCOMPARE(box->buttons().first()->text(), u"中止"_s);
+    if (way == u"button") {
+        box->buttons().first()->click();
+    } else if (way == u"close") {
+        box->close();
+    } else {
+        QTest::keyClick(box, way == u"enter" ? Qt::Key_Return : Qt::Key_Escape);
+    }
+    QCOMPARE(cancelled, 1);
+    QVERIFY(BoxOnScreen() == nullptr);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QVERIFY(box == nullptr);
+}
+
+void TstQtMessageBoxes::AWaitEndsWithItsBoxWithoutACall() {
+    QtMessageBoxes boxes;
+    int cancelled = 0;
+    std::unique_ptr<OpenBox> wait = boxes.ShowWaiting(kQuestion, [&] { ++cancelled; });
+    const QPointer<QMessageBox> box = BoxOnScreen();
+    QVERIFY(box != nullptr);
+    wait.reset();
+    QVERIFY(BoxOnScreen() == nullptr);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QVERIFY(box == nullptr);
+    QCOMPARE(cancelled, 0);
 }
 
 QTEST_MAIN(TstQtMessageBoxes)

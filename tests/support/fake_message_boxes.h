@@ -3,6 +3,7 @@
 
 #include <QList>
 #include <QStringList>
+#include <memory>
 #include <utility>
 
 #include "core/ports/message_boxes.h"
@@ -35,6 +36,12 @@ public:
         m_onChoice = std::move(onAnswer);
     }
 
+    std::unique_ptr<OpenBox> ShowWaiting(const Message& message, std::function<void()> onCancel) override {
+        m_waits.append(message);
+        m_onCancel = std::make_shared<std::function<void()>>(std::move(onCancel));
+        return std::make_unique<FakeOpenBox>(m_onCancel);
+    }
+
     const QList<Message>& Shown() const { return m_shown; }
     bool IsOpen() const { return m_onClosed != nullptr; }
     void Close(bool isTicked = false) { std::exchange(m_onClosed, nullptr)(isTicked); }
@@ -50,8 +57,27 @@ public:
     bool IsChoosing() const { return m_onChoice != nullptr; }
     void Pick(MessageAnswer answer) { std::exchange(m_onChoice, nullptr)(answer); }
 
+    /// The boxes that showed that the program waits.
+    const QList<Message>& Waits() const { return m_waits; }
+    bool IsWaiting() const { return m_onCancel != nullptr && *m_onCancel != nullptr; }
+    void CancelWait() { std::exchange(*m_onCancel, nullptr)(); }
+
 private:
+    class FakeOpenBox : public OpenBox {
+    public:
+        explicit FakeOpenBox(std::shared_ptr<std::function<void()>> onCancel)
+            : m_onCancel(std::move(onCancel)) {}
+        ~FakeOpenBox() override { *m_onCancel = nullptr; }
+        FakeOpenBox(const FakeOpenBox&) = delete;
+        FakeOpenBox& operator=(const FakeOpenBox&) = delete;
+
+    private:
+        std::shared_ptr<std::function<void()>> m_onCancel;
+    };
+
     QList<Message> m_shown;
+    QList<Message> m_waits;
+    std::shared_ptr<std::function<void()>> m_onCancel;  // null inside while no box waits
     QList<Message> m_asked;
     QList<Message> m_choices;
     QStringList m_offered;

@@ -3,6 +3,7 @@
 
 #include <QString>
 #include <functional>
+#include <memory>
 
 namespace tickwell {
 
@@ -18,6 +19,12 @@ struct Message {
 };
 
 enum class MessageAnswer { Yes, No, Cancel };
+
+/// A box on the screen. Its destruction closes it, if the user has not done so.
+class OpenBox {
+public:
+    virtual ~OpenBox() = default;
+};
 
 class MessageBoxes {
 public:
@@ -39,6 +46,12 @@ public:
     /// ticked in the end.
     virtual void ShowWithChoice(const Message& message, const QString& choice,
                                 std::function<void(bool)> onClosed) = 0;
+
+    /// Opens a box for as long as the program waits for something, with the one button 「中止」, and returns
+    /// at once. `onCancel` is called if the user presses it or closes the box, never for the box's
+    /// destruction. It may destroy the box.
+    [[nodiscard]] virtual std::unique_ptr<OpenBox> ShowWaiting(const Message& message,
+                                                               std::function<void()> onCancel) = 0;
 };
 
 }  // namespace tickwell
