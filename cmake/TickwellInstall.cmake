@@ -1,8 +1,8 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-# What cmake --install puts where. Program, helper and masters find each other by where they lie to each other.
+# What cmake --install puts where. Program, helpers and masters find each other by where they lie to each other.
 
 install(TARGETS tickwell RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}")
-install(TARGETS tickwell-cd RUNTIME DESTINATION "${CMAKE_INSTALL_LIBEXECDIR}/tickwell")
+install(TARGETS tickwell-cd tickwell-print RUNTIME DESTINATION "${CMAKE_INSTALL_LIBEXECDIR}/tickwell")
 
 set(shared "${CMAKE_INSTALL_DATADIR}/tickwell")
 install(FILES "${PROJECT_BINARY_DIR}/masters/DayDate.mdb" DESTINATION "${shared}")

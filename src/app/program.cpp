@@ -36,7 +36,9 @@ Program::Program(const Options& options)
       m_handlers(m_boxes),
       m_iconTimer(m_qtTimers.Create(kIconDelay, [this] { ShowIcon(); })),
       m_tidyTimer(m_qtTimers.Create(kTidyDelay, [this] { Tidy(); })),
-      m_drive(m_qtTimers, m_sound, DiscHelperPath(QCoreApplication::applicationDirPath()), options.disc) {
+      m_printer(m_qtTimers, HelperPath(QCoreApplication::applicationDirPath(), u"tickwell-print"_s)),
+      m_drive(m_qtTimers, m_sound, HelperPath(QCoreApplication::applicationDirPath(), u"tickwell-cd"_s),
+              options.disc) {
     m_iconTimer->Start();
     if (options.virtualTime) {
         m_virtualTime = std::make_unique<VirtualTime>(options.virtualTime->wall, options.virtualTime->tick);

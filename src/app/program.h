@@ -11,11 +11,11 @@
 #include "core/ports/autostart.h"
 #include "platform/cd_helper_drive.h"
 #include "platform/desktop_programs.h"
+#include "platform/helper_printer.h"
 #include "platform/power_supplies.h"
 #include "platform/proc_memory.h"
 #include "platform/qt_event_wait.h"
 #include "platform/qt_message_boxes.h"
-#include "platform/qt_printer.h"
 #include "platform/qt_timers.h"
 #include "platform/qt_tray.h"
 #include "platform/sdl_sound_output.h"
@@ -59,7 +59,7 @@ private:
     QtTray m_tray{[] { return ProgramIcon(); }};
     X11Stack m_stack;
     DesktopPrograms m_starter;
-    QtPrinter m_printer;
+    HelperPrinter m_printer;
     SdlSoundOutput m_sound;
     QtEventWait m_wait;
     std::unique_ptr<VirtualTime> m_virtualTime;

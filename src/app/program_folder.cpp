@@ -136,11 +136,10 @@ QString MastersFolder(const QString& executableFolder) {
     return QString();
 }
 
-QString DiscHelperPath(const QString& executableFolder) {
-    const QString beside = executableFolder + u"/tickwell-cd";
-    return QFileInfo::exists(beside)
-               ? beside
-               : QDir::cleanPath(executableFolder + u"/" TICKWELL_HELPERS "/tickwell-cd");
+QString HelperPath(const QString& executableFolder, const QString& name) {
+    const QString beside = executableFolder + u'/' + name;
+    return QFileInfo::exists(beside) ? beside
+                                     : QDir::cleanPath(executableFolder + u"/" TICKWELL_HELPERS "/" + name);
 }
 
 void PrepareFolder(const QString& folder, const QString& masters) {

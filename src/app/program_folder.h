@@ -31,8 +31,9 @@ QStringList StartingCommand(const QString& program, const FolderChoices& choices
 /// from the binary; empty where nowhere.
 QString MastersFolder(const QString& executableFolder);
 
-/// The program that reads discs: beside the binary, else where it is installed. An absolute path.
-QString DiscHelperPath(const QString& executableFolder);
+/// The path of a helper program, "tickwell-cd" or "tickwell-print": beside the executable if it is there,
+/// else in the folder where helpers are installed.
+QString HelperPath(const QString& executableFolder, const QString& name);
 
 /// Makes `folder` ready. One that does not exist yet is filled beside its place and renamed into it, so that
 /// a half filled one is never met. In one that exists, help and sounds that the user has not changed are

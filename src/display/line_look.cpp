@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "display/line_look.h"
 
-#include <QStringList>
 #include <algorithm>
 
+#include "core/font_names.h"
 #include "core/integers.h"
 
 namespace tickwell {
@@ -47,9 +47,7 @@ qint32 StepSizeOf(qint16 fontSize, qint32 wipeSpeed) {
 }
 
 void InstallFontSubstitutes() {
-    QFont::insertSubstitutions(u"ＭＳ Ｐゴシック"_s,
-                               {u"Monapo"_s, u"Ume P Gothic"_s, u"IPAPGothic"_s, u"IPAexGothic"_s,
-                                u"TakaoPGothic"_s, u"VL PGothic"_s, u"Noto Sans CJK JP"_s});
+    QFont::insertSubstitutions(kGothicFont, GothicSubstitutes());
 }
 
 }  // namespace tickwell

@@ -7,7 +7,6 @@
 
 #include "timing/bring_forward.h"
 #include "timing/lap_report.h"
-#include "timing/report_painter.h"
 
 namespace tickwell {
 
@@ -23,6 +22,7 @@ constexpr int kListLines = 8;
 StopForm::StopForm(StopwatchWindowParts parts, QWidget* parent)
     : QDialog(parent),
       m_parts(std::move(parts)),
+      m_printing(m_parts.printer, m_parts.boxes, m_parts.handlers),
       m_Command1(new QPushButton(this)),
       m_Command2(new QPushButton(this)),
       m_Command3(new QPushButton(u"印刷"_s, this)),
@@ -106,9 +106,11 @@ void StopForm::Command2_Click() {
     ShowState();
 }
 
-/// One question at a time; it may be answered after the window was closed.
+/// One question, and then one print, at a time; both may end after the window was closed.
 void StopForm::Command3_Click() {
-    m_Command3->setEnabled(false);
+    const bool hadFocus = focusWidget() == m_Command3;
+    m_Command3->setEnabled(false);  // which passes its focus on
+    m_focusInstead = hadFocus ? focusWidget() : nullptr;
     const QPointer<StopForm> self(this);
     m_parts.boxes.Ask(
         {MessageIcon::Question, u"印刷"_s, u"ラップ情報などを印刷します。\r\n準備はよろしいですか？"_s},
@@ -116,18 +118,23 @@ void StopForm::Command3_Click() {
             if (self == nullptr) {
                 return;
             }
-            self->m_Command3->setEnabled(true);
-            if (ok) {
-                self->m_parts.handlers.Run([self] { self->Print(); });
+            if (!ok || !self->m_parts.handlers.Run([self] { self->Print(); })) {
+                self->EnablePrinting();
             }
         });
 }
 
+/// Gives the button its focus back, unless the user has moved it meanwhile.
+void StopForm::EnablePrinting() {
+    m_Command3->setEnabled(true);
+    if (m_focusInstead != nullptr && focusWidget() == m_focusInstead) {
+        m_Command3->setFocus();
+    }
+}
+
 void StopForm::Print() {
-    const ReportPainter report(LapReport(m_parts.version, m_parts.clock.Now(), m_parts.panel.List()));
-    m_parts.printer.Print({windowTitle(), [&report](QPainter& painter, const QRectF& area, int number) {
-                               return report.Paint(painter, area, number);
-                           }});
+    m_printing.Print({windowTitle(), LapReport(m_parts.version, m_parts.clock.Now(), m_parts.panel.List())},
+                     [this] { EnablePrinting(); });
 }
 
 void StopForm::Command4_Click() {

@@ -8,7 +8,7 @@
 #include "core/handlers.h"
 #include "core/ports/clock.h"
 #include "core/ports/help_viewer.h"
-#include "core/ports/printer.h"
+#include "timing/report_printing.h"
 #include "timing/stopwatch_panel.h"
 
 namespace tickwell {
@@ -50,9 +50,12 @@ private:
     void Command4_Click();
     void ShowState();
     void Print();
+    void EnablePrinting();
 
     StopwatchWindowParts m_parts;
-    QPushButton* m_Command1;  // the controls are owned by the window
+    ReportPrinting m_printing;
+    QWidget* m_focusInstead = nullptr;  // got the focus of the print button as that was disabled
+    QPushButton* m_Command1;            // the controls are owned by the window
     QPushButton* m_Command2;
     QPushButton* m_Command3;
     QPushButton* m_Command4;

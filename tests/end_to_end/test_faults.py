@@ -59,7 +59,7 @@ class FaultCase(TickwellCase):
         """The program as a package puts it; its user has not started it yet. Returns its path."""
         prefix = self.session.directory / "usr"
         (prefix / "bin").mkdir(parents=True)
-        for name in ("tickwell", "tickwell-cd"):
+        for name in ("tickwell", "tickwell-cd", "tickwell-print"):
             shutil.copy(program_path().parent / name, prefix / "bin")
         make_folder(prefix / "share/tickwell")
         write_settings(self.session, SILENT)

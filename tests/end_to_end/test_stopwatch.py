@@ -4,9 +4,12 @@
 import re
 import time
 import unittest
+from pathlib import Path
 
+from driver.answering import keeps_answering
+from driver.boxes import RUN_TIME_ERROR, close_box
 from driver.case import TickwellCase
-from driver.cups import Cups
+from driver.cups import PRINTER, Cups
 from driver.tickwell import lines, start_tickwell, wait_lines, wait_on_screen
 from driver.tool_windows import button, choose, press, wait_window
 from driver.virtual_time import VirtualTime
@@ -17,6 +20,8 @@ TITLE = "ストップウォッチ"
 OPERATION = "操作ｳｨﾝﾄﾞｳの表示"
 READING = re.compile(r"(\d+):(\d\d)'(\d\d)\"(\d\d\d)")
 LATE = 250  # ms that a tick may be late on a machine under load
+ASKED = "ラップ情報などを印刷します。\n準備はよろしいですか？"
+MARGIN = 15 / 25.4 * 72  # points that the report leaves blank at each side
 ZERO = "0:00'00\"000"
 
 
@@ -182,7 +187,7 @@ class Report(StopwatchCase):
 
     def print(self):
         press(self.ask(), "OK")
-        self.app.wait_gone(role="alert message", name="印刷", showing=True)
+        self.app.wait_gone(role="label", name=ASKED, showing=True)
 
     def test_the_report_comes_out_of_the_default_printer(self):
         cups = Cups(self.session)
@@ -204,6 +209,10 @@ class Report(StopwatchCase):
         fonts = cups.fonts(document)
         self.assertTrue(fonts)
         self.assertTrue(all(embedded for _, embedded in fonts), fonts)
+        self.assertIn("Monapo", "".join(name for name, _ in fonts))
+        boxes = cups.page_boxes(document)
+        self.assertGreater(min(left for left, _, _, _ in boxes), MARGIN - 1)
+        self.assertGreater(min(top for _, top, _, _ in boxes), MARGIN - 1)
 
     def test_a_long_list_takes_several_pages(self):
         cups = Cups(self.session)
@@ -221,27 +230,88 @@ class Report(StopwatchCase):
         self.assertGreater(text.count("\f"), 1)
         self.assertTrue(text.rstrip().endswith("<<終>>"))
 
+    def test_a_queue_that_refuses_or_gives_up_is_told(self):
+        cups = Cups(self.session)
+        self.addCleanup(cups.close)
+        self.start(environment=cups.environment)
+        self.press("スタート", "ストップ")
+        self.lap()
+        cups.reject("棚卸し中")
+        self.print()
+        close_box(self.app, f"{RUN_TIME_ERROR}プリンター「{PRINTER}」は印刷を受け付けていません。\n理由：棚卸し中")
+        self.assertEqual(self.list(), f"Lapse1  {ZERO}")
+        cups.accept()
+        cups.fail_jobs()
+        self.print()
+        close_box(self.app, f"{RUN_TIME_ERROR}プリンター「{PRINTER}」が印刷を中止しました。\n理由：")
+        self.assertEqual(self.list(), f"Lapse1  {ZERO}")
+        self.assertEqual(self.app.program.output(), "")
+
+    def test_a_service_that_does_not_answer_holds_nothing_up(self):
+        cups = Cups(self.session)
+        self.addCleanup(cups.close)
+        self.start(environment=cups.environment)
+        self.press("スタート", "ストップ")
+        cups.stand_still()
+        with keeps_answering(self.session, self.app.program):
+            self.print()
+            box = self.wait_waiting()
+            self.time.advance(1000)
+            wait_lines(self.app, lower="0:00'01\"000")
+            self.lap()
+            press(box, "中止")
+            self.app.wait_gone(role="alert message", name="印刷", showing=True)
+            self.assertEqual(self.helpers(), [])
+            self.print()  # the next one waits as well
+            self.wait_waiting()
+        cups.go_on()
+        self.app.wait_gone(role="alert message", name="印刷", showing=True)
+        document, = cups.wait_documents(1)  # the cancelled one does not come
+        self.assertIn("Lapse1 0:00'01\"000", cups.text(document))
+        self.assertEqual(self.app.find_all(role="alert message", showing=True), [])
+
+    def wait_waiting(self):
+        box = self.app.wait(role="alert message", name="印刷", showing=True)
+        box.wait(role="label", name=lambda name: name.startswith("印刷サービスの応答を待っています。\n"))
+        return box
+
+    def helpers(self):
+        """The names of the living processes that the program has started."""
+        children = Path(f"/proc/{self.app.program.pid}/task/{self.app.program.pid}/children").read_text("ascii")
+        return [name for name in map(self.name_of, children.split()) if name]
+
+    @staticmethod
+    def name_of(pid):
+        """Empty if it has ended, also if nobody has asked for its exit code yet."""
+        try:
+            stat = Path(f"/proc/{pid}/stat").read_text("utf-8")
+        except OSError:
+            return ""
+        name, state = re.search(r"\((.*)\) (\S)", stat).groups()
+        return "" if state in "ZX" else name
+
     def test_cancel_prints_nothing(self):
         cups = Cups(self.session)
         self.addCleanup(cups.close)
         self.start(environment=cups.environment)
         box = self.ask()
-        asked = "ラップ情報などを印刷します。\n準備はよろしいですか？"
-        self.assertTrue(box.find(role="label", name=asked), box.dump())
+        self.assertTrue(box.find(role="label", name=ASKED), box.dump())
         self.session.hand.key("Escape")
         self.app.wait_gone(role="alert message", name="印刷", showing=True)
-        self.print()  # what comes after a cancelled one is the first that comes out
+        self.print()  # what comes after a cancelled one is the first that comes out, also if the program ends meanwhile
+        self.session.windows.close_window(wait_on_screen(self.session, self.app))
+        self.assertEqual(self.app.program.wait_end(), 0)
         self.assertEqual(len(cups.wait_documents(1)), 1)
 
-    def test_without_a_printer_it_is_told_and_nothing_is_lost(self):
+    def test_without_a_print_service_it_is_told_and_nothing_is_lost(self):
         self.start(environment={"CUPS_SERVER": str(self.session.directory / "no-socket")})
         self.press("スタート", "ストップ")
         self.time.advance(1000)
         self.lap()
         self.print()
         box = self.app.wait(role="alert message", name="Tickwell", showing=True)
-        told = "実行時エラー\n通常使うプリンターが設定されていません。"
-        self.assertTrue(box.find(role="label", name=told), box.dump())
+        told = f"{RUN_TIME_ERROR}印刷サービス（CUPS）に接続できません。\n"
+        self.assertTrue(box.find(role="label", name=lambda name: name.startswith(told)), box.dump())
         press(box, "OK")
         self.app.wait_gone(role="alert message", name="Tickwell", showing=True)
         self.assertEqual(self.list(), "Lapse1  0:00'01\"000")

@@ -16,7 +16,7 @@ FLAGS = ("-D_FORTIFY_SOURCE=2", "-fstack-protector-strong", "-fstack-clash-prote
 # The mark of cf-protection is lost by linking: the distribution's own start-up code does not have it. A program that
 # knows the sizes of all that it copies has no function to fortify, and the check cannot tell that from carelessness.
 CHECK = ("hardening-check", "--verbose", "--nocfprotection")
-NOTHING_TO_FORTIFY = {"tickwell-cd"}
+NOTHING_TO_FORTIFY = {"tickwell-cd", "tickwell-print"}
 
 
 def soft_sources(build):

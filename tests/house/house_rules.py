@@ -11,7 +11,8 @@ from project_files import ROOT, code_files, cpp_files, shown
 ARROWS = {
     "core": set(),
     "cd_helper": set(),
-    "platform": {"core", "media", "cd_helper"},
+    "print_helper": {"core"},
+    "platform": {"core", "media", "cd_helper", "print_helper"},
     "controls": {"core"},
     "media": {"core"},
     "store": {"core"},

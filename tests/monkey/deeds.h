@@ -47,6 +47,7 @@ private:
     void SetTheClock();
     void ChangeTheDisc();
     void ChangeTheMachine();
+    void UseThePrinter();
     void StartAgain();
     void ChangeTheLook();
     void UseTheTray();

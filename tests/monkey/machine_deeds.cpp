@@ -58,6 +58,20 @@ void Deeds::ChangeTheDisc() {
     drive.Tell();
 }
 
+/// The printer goes on with its job, or answers in another way from now on.
+void Deeds::UseThePrinter() {
+    FakePrinter& printer = m_world.Now().printer;
+    if (!printer.isPrinting) {
+        printer.accepts = !printer.accepts;
+    } else if (m_random.OneIn(3) && !printer.isDelayed) {
+        printer.Tell({PrintStage::Delayed, {}});
+    } else if (m_random.OneIn(2)) {
+        printer.Tell({PrintStage::Failed, u"紙がありません。"_s});
+    } else {
+        printer.Tell({PrintStage::Accepted, {}});
+    }
+}
+
 void Deeds::ChangeTheMachine() {
     Machine& now = m_world.Now();
     const int kind = m_random.Number(8);
@@ -78,7 +92,7 @@ void Deeds::ChangeTheMachine() {
             now.tray.SetThere(!now.tray.IsThere());
             break;
         case 4:
-            now.printer.missing = !now.printer.missing;
+            UseThePrinter();
             break;
         case 5:
             now.sound.works = !now.sound.works;

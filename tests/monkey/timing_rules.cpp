@@ -41,7 +41,8 @@ void CheckStopwatch(const Scene& scene, Complaints& complaints) {
     complaints.Unless(lower == (running ? u"ラップ" : u"リセット"),
                       u"the stopwatch's Command2 says " + lower);
     CheckEnabled(*form, {u"Command1"_s, u"Command2"_s, u"Command4"_s, u"Text1"_s}, true, complaints);
-    CheckEnabled(*form, {u"Command3"_s}, !scene.HasBox(u"印刷"_s), complaints);
+    const bool isPrinting = scene.HasBox(u"印刷"_s) || scene.Now().printer.isPrinting;
+    CheckEnabled(*form, {u"Command3"_s}, !isPrinting, complaints);
     const auto& list = ControlOf<QPlainTextEdit>(*form, u"Text1"_s);
     const auto laps = list.toPlainText().count(u"Lapse"_s);
     complaints.Unless(laps == state.StopwatchLapCount,

@@ -1,62 +1,47 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <QPageSize>
-#include <QPainter>
-#include <QPdfWriter>
-#include <QProcess>
-#include <QTemporaryDir>
+#include <QList>
+#include <utility>
 
-#include "core/errors.h"
 #include "core/ports/printer.h"
 
 namespace tickwell {
 
-/// A printer whose paper is a PDF file. It counts documents and pages, and can be missing.
+/// A printer that keeps its jobs. What becomes of the last one is up to the test; it is accepted at once
+/// unless `accepts` is cleared.
 class FakePrinter : public Printer {
 public:
-    void Print(const PrintJob& job) override {
-        if (missing) {
-            throw RunTimeError(QStringLiteral("通常使うプリンターが設定されていません。"));
-        }
-        titles.append(job.title);
-        pages = 1;
-        QPdfWriter paper(Path());
-        paper.setPageSize(pageSize);
-        QPainter painter(&paper);
-        const QRectF area(QPointF(0, 0), paper.pageLayout().paintRectPixels(paper.resolution()).size());
-        for (int number = 0; job.paintPage(painter, area, number); ++number) {
-            ++pages;
-            paper.newPage();
+    void Print(const PrintJob& job, std::function<void(const PrintNews&)> onNews) override {
+        jobs.append(job);
+        m_onNews = std::move(onNews);
+        isPrinting = true;
+        isDelayed = false;
+        if (accepts) {
+            Tell({PrintStage::Accepted, {}});
         }
     }
 
-    QString Path() const { return m_folder.filePath(QStringLiteral("printed.pdf")); }
-
-    /// What can be read on the paper, pages parted by form feeds.
-    QString Text() const {
-        return Ask({QStringLiteral("pdftotext"), QStringLiteral("-layout"), Path(), QStringLiteral("-")});
+    void Cancel() override {
+        ++cancelled;
+        isPrinting = false;
     }
 
-    /// The table of the paper's fonts.
-    QString Fonts() const { return Ask({QStringLiteral("pdffonts"), Path()}); }
+    /// Has the printer report on the last job.
+    void Tell(const PrintNews& news) {
+        isPrinting = isPrinting && news.stage == PrintStage::Delayed;
+        isDelayed = isPrinting;
+        m_onNews(news);
+    }
 
-    bool missing = false;
-    QPageSize pageSize{QPageSize::A4};
-    QStringList titles;
-    int pages = 0;  ///< of the last document
+    bool accepts = true;
+    bool isPrinting = false;  ///< the last job is neither accepted, failed nor cancelled
+    bool isDelayed = false;   ///< and was reported to be delayed
+    int cancelled = 0;
+    QList<PrintJob> jobs;
 
 private:
-    static QString Ask(QStringList command) {
-        QProcess process;
-        process.start(command.takeFirst(), command);
-        if (!process.waitForFinished() || process.exitCode() != 0) {
-            qFatal("pdftotext and pdffonts are in the package poppler-utils");
-        }
-        return QString::fromUtf8(process.readAllStandardOutput());
-    }
-
-    QTemporaryDir m_folder;
+    std::function<void(const PrintNews&)> m_onNews;
 };
 
 }  // namespace tickwell

@@ -47,8 +47,10 @@ private Q_SLOTS:
     void OpeningAnOpenWindowLeavesItsList();
     void PrintingAsksFirst();
     void CancelPrintsNothing();
+    void TheFocusComesBackAfterAPrint_data();
+    void TheFocusComesBackAfterAPrint();
     void AnEmptyListIsPrinted();
-    void WithoutAPrinterNothingIsLost();
+    void AFailedPrintLosesNothing();
     void TheQuestionMayBeAnsweredAfterTheWindowClosed();
     void TheQuestionMayOutliveTheWindow();
     void HelpOpensItsTopic();
@@ -123,12 +125,12 @@ void TstStopwatchWindow::TheListKeepsItsLineBreaksThroughClosingAndOpeningAndInt
     bench.tools.ShowStopForm();
     bench.Play(u"3");
     bench.boxes.Answer(true);
-    // Read back from paper, empty lines are uncertain and two blanks are one.
-    QCOMPARE(
-        bench.printer.Text().split(u'\n', Qt::SkipEmptyParts),
-        (QStringList{u"Tickwell Ver.2 ストップウォッチ機能"_s, u"<<基本情報>>"_s, u"バージョン：2.0.0"_s,
-                     u"印刷日：1998年11月15日 日曜日"_s, u"印刷時刻：21:05:09"_s, u"<<ラップ/経歴一覧表>>"_s,
-                     u"【Stop】 0:00'01\"000"_s, u"【Stop】 0:00'02\"000"_s, u"<<終>>"_s, u"\f"_s}));
+    QCOMPARE(bench.printer.jobs.size(), 1);
+    QCOMPARE(bench.printer.jobs.first().lines,
+             (QStringList{u"Tickwell Ver.2  ストップウォッチ機能"_s, u"<<基本情報>>"_s,
+                          u"バージョン：2.0.0"_s, u"印刷日：1998年11月15日 日曜日"_s, u"印刷時刻：21:05:09"_s,
+                          QString(), u"<<ラップ/経歴一覧表>>"_s, QString(), u"【Stop】 0:00'01\"000"_s,
+                          u"【Stop】 0:00'02\"000"_s, QString(), u"<<終>>"_s}));
 }
 
 void TstStopwatchWindow::OpeningAnOpenWindowLeavesItsList() {
@@ -145,46 +147,71 @@ void TstStopwatchWindow::PrintingAsksFirst() {
     QCOMPARE(bench.boxes.Asked(),
              (QList<Message>{{MessageIcon::Question, u"印刷"_s,
                               u"ラップ情報などを印刷します。\r\n準備はよろしいですか？"_s}}));
-    QVERIFY(bench.printer.titles.isEmpty());
-    QVERIFY(!(bench.The<StopForm, QPushButton>("Command3")).isEnabled());  // one question at a time
+    QVERIFY(bench.printer.jobs.isEmpty());
+    const auto& print = bench.The<StopForm, QPushButton>("Command3");
+    QVERIFY(!print.isEnabled());  // one question at a time
+    bench.printer.accepts = false;
     bench.boxes.Answer(true);
-    QCOMPARE(bench.printer.titles, QStringList{u"ストップウォッチ"_s});
-    QCOMPARE(bench.printer.pages, 1);
-    QVERIFY(bench.printer.Text().contains(u"Lapse1 0:00'01\"000"_s));
-    QVERIFY((bench.The<StopForm, QPushButton>("Command3")).isEnabled());
+    QCOMPARE(bench.printer.jobs.size(), 1);
+    QCOMPARE(bench.printer.jobs.first().title, u"ストップウォッチ"_s);
+    QVERIFY(bench.printer.jobs.first().lines.contains(u"Lapse1  0:00'01\"000"_s));
+    QVERIFY(!print.isEnabled());  // and one print
+    bench.printer.Tell({PrintStage::Accepted, {}});
+    QVERIFY(print.isEnabled());
 }
 
 void TstStopwatchWindow::CancelPrintsNothing() {
     Bench bench;
     bench.Play(u"3");
     bench.boxes.Answer(false);
-    QVERIFY(bench.printer.titles.isEmpty());
+    QVERIFY(bench.printer.jobs.isEmpty());
     QVERIFY((bench.The<StopForm, QPushButton>("Command3")).isEnabled());
+}
+
+void TstStopwatchWindow::TheFocusComesBackAfterAPrint_data() {
+    QTest::addColumn<bool>("prints");
+    QTest::addColumn<bool>("moves");
+    QTest::newRow("cancelled question") << false << false;
+    QTest::newRow("printed") << true << false;
+    QTest::newRow("unless the user moved it") << true << true;
+}
+
+void TstStopwatchWindow::TheFocusComesBackAfterAPrint() {
+    QFETCH(bool, prints);
+    QFETCH(bool, moves);
+    Bench bench;
+    bench.The<StopForm, QPushButton>("Command3").setFocus();
+    bench.Play(u"3");
+    if (moves) {
+        bench.List().setFocus();
+    }
+    bench.boxes.Answer(prints);
+    QCOMPARE(bench.Form().focusWidget()->objectName(), moves ? u"Text1"_s : u"Command3"_s);
 }
 
 void TstStopwatchWindow::AnEmptyListIsPrinted() {
     Bench bench;
     bench.Play(u"3");
     bench.boxes.Answer(true);
-    QCOMPARE(bench.printer.Text().split(u'\n', Qt::SkipEmptyParts).mid(5),
-             (QStringList{u"<<ラップ/経歴一覧表>>"_s, u"<<終>>"_s, u"\f"_s}));
+    QCOMPARE(bench.printer.jobs.first().lines.mid(6),
+             (QStringList{u"<<ラップ/経歴一覧表>>"_s, QString(), QString(), u"<<終>>"_s}));
 }
 
-void TstStopwatchWindow::WithoutAPrinterNothingIsLost() {
+void TstStopwatchWindow::AFailedPrintLosesNothing() {
     Bench bench;
-    bench.printer.missing = true;
+    bench.printer.accepts = false;
     bench.Play(u"1.23");
     bench.boxes.Answer(true);
+    bench.printer.Tell({PrintStage::Failed, u"紙がありません。"_s});
     QCOMPARE(bench.boxes.Shown().size(), 1);
     QCOMPARE(bench.boxes.Shown().first().title, u"Tickwell"_s);
     QCOMPARE(bench.boxes.Shown().first().icon, MessageIcon::Critical);
     bench.boxes.Close();
     QCOMPARE(bench.List().toPlainText(), u"Lapse1  0:00'01\"000"_s);
     QVERIFY(bench.stopwatch.StopwatchRunning);
-    bench.printer.missing = false;
     bench.Play(u"3");
     bench.boxes.Answer(true);
-    QCOMPARE(bench.printer.titles.size(), 1);
+    QCOMPARE(bench.printer.jobs.size(), 2);
 }
 
 void TstStopwatchWindow::TheQuestionMayBeAnsweredAfterTheWindowClosed() {
@@ -192,7 +219,7 @@ void TstStopwatchWindow::TheQuestionMayBeAnsweredAfterTheWindowClosed() {
     bench.Play(u"1.23");
     QVERIFY(bench.Form().close());
     bench.boxes.Answer(true);
-    QVERIFY(bench.printer.Text().contains(u"Lapse1 0:00'01\"000"_s));
+    QVERIFY(bench.printer.jobs.first().lines.contains(u"Lapse1  0:00'01\"000"_s));
 }
 
 void TstStopwatchWindow::TheQuestionMayOutliveTheWindow() {
@@ -209,7 +236,7 @@ void TstStopwatchWindow::TheQuestionMayOutliveTheWindow() {
     form->findChild<QPushButton*>(u"Command3"_s)->click();
     form.reset();
     boxes.Answer(true);
-    QVERIFY(printer.titles.isEmpty());
+    QVERIFY(printer.jobs.isEmpty());
 }
 
 void TstStopwatchWindow::HelpOpensItsTopic() {

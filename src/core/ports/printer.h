@@ -1,21 +1,32 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <QRectF>
 #include <QString>
+#include <QStringList>
 #include <functional>
-
-class QPainter;
 
 namespace tickwell {
 
 /// A document for the printer.
 struct PrintJob {
-    QString title;  ///< what the print queue calls it
+    QString title;      ///< what the print queue calls it
+    QStringList lines;  ///< plain text, without line breaks
 
-    /// Paints page `number`, counted from 0, into `area`, given in the painter's units; true when another
-    /// page follows.
-    std::function<bool(QPainter& painter, const QRectF& area, int number)> paintPage;
+    bool operator==(const PrintJob&) const = default;
+};
+
+/// How far a print has come.
+enum class PrintStage {
+    Delayed,   ///< the print service has not answered for a second; reported at most once
+    Accepted,  ///< the print queue holds the whole document
+    Failed,    ///< nothing is printed; also after Accepted, if the queue gives the job up within two minutes
+};
+
+struct PrintNews {
+    PrintStage stage = PrintStage::Accepted;
+    QString reason;  ///< if Failed: why, in sentences for the user
+
+    bool operator==(const PrintNews&) const = default;
 };
 
 /// The user's default printer.
@@ -23,9 +34,12 @@ class Printer {
 public:
     virtual ~Printer() = default;
 
-    /// Prints the document whole and hands it to the print queue. Throws RunTimeError when there is no
-    /// printer, or it does not take the document.
-    virtual void Print(const PrintJob& job) = 0;
+    /// Prints a document apart from this thread and returns at once. `onNews` is called later, from the event
+    /// loop. One document at a time: the next one after Accepted, Failed or Cancel.
+    virtual void Print(const PrintJob& job, std::function<void(const PrintNews&)> onNews) = 0;
+
+    /// Ends a print that is neither Accepted nor Failed; its `onNews` is not called any more.
+    virtual void Cancel() = 0;
 };
 
 }  // namespace tickwell

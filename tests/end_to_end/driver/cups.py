@@ -6,7 +6,9 @@ The printer is a raw queue: each document lies in the spool as the program made 
 """
 
 import os
+import re
 import shutil
+import signal
 import subprocess
 import tempfile
 from pathlib import Path
@@ -14,6 +16,7 @@ from pathlib import Path
 from driver.waiting import PATIENCE, wait_for
 
 DAEMON = "/usr/sbin/cupsd"
+PROGRAMS = Path("/usr/lib/cups")
 PRINTER = "TestPrinter"
 
 SERVICE = """\
@@ -41,6 +44,7 @@ PreserveJobHistory Yes
 
 PLACES = """\
 ServerRoot {folder}/etc
+ServerBin {folder}/bin
 CacheDir {folder}/cache
 StateDir {folder}/state
 RequestRoot {folder}/spool
@@ -59,6 +63,13 @@ Group lp
 """
 
 
+# A device that takes no document.
+FAILING_DEVICE = """\
+#!/bin/sh
+[ $# -eq 0 ] || { echo "ERROR: the paper is gone" >&2; exit 1; }
+"""
+
+
 class Cups:
     """Runs in a session from its construction until the session ends. `close` removes its files."""
 
@@ -69,6 +80,7 @@ class Cups:
         for name in ("etc/ppd", "cache", "state", "spool", "log"):
             (self._folder / name).mkdir(parents=True)
             (self._folder / name).chmod(0o777)
+        self._make_programs()
         self.environment = {"CUPS_SERVER": str(self._folder / "socket")}  # for the programs that shall print
         self._client_environment = session.environment | self.environment
         service, places = self._folder / "cupsd.conf", self._folder / "cups-files.conf"
@@ -82,6 +94,7 @@ class Cups:
 
     def close(self):
         """Ends the service and removes its files."""
+        self.go_on()
         self._daemon.stop()
         shutil.rmtree(self._folder)
 
@@ -104,6 +117,41 @@ class Cups:
         """[(name, whether it is embedded)] of the document's fonts."""
         rows = self._run("pdffonts", document).splitlines()[2:]
         return [(row.split()[0], row.split()[-5] == "yes") for row in rows]
+
+    def page_boxes(self, document):
+        """[(left, top, right, bottom)] of the words of a document, in points from the upper left corner of a page."""
+        boxes = re.findall(r'<word xMin="([\d.]+)" yMin="([\d.]+)" xMax="([\d.]+)" yMax="([\d.]+)"',
+                           self._run("pdftotext", "-bbox", document, "-"))
+        return [tuple(map(float, box)) for box in boxes]
+
+    def reject(self, reason):
+        """The printer's queue takes no more jobs."""
+        self._run("cupsreject", "-r", reason, PRINTER)
+
+    def accept(self):
+        """It takes them again."""
+        self._run("cupsaccept", PRINTER)
+
+    def fail_jobs(self):
+        """The printer's queue takes jobs, and gives each of them up."""
+        self._run("lpadmin", "-p", PRINTER, "-v", "failing:/", "-o", "printer-error-policy=abort-job")
+
+    def stand_still(self):
+        """The service is there and does not answer."""
+        os.kill(self._daemon.pid, signal.SIGSTOP)
+
+    def go_on(self):
+        """It answers again, if it stood still."""
+        os.kill(self._daemon.pid, signal.SIGCONT)
+
+    def _make_programs(self):
+        """The programs of the machine's print service, and a device of our own."""
+        (self._folder / "bin/backend").mkdir(parents=True)
+        for name in ("daemon", "filter", "notifier"):
+            (self._folder / "bin" / name).symlink_to(PROGRAMS / name)
+        device = self._folder / "bin/backend/failing"
+        device.write_text(FAILING_DEVICE, encoding="utf-8")
+        device.chmod(0o755)
 
     def _answers(self):
         self._daemon.check_running()

@@ -12,8 +12,8 @@ class ReportPainter {
 public:
     explicit ReportPainter(QStringList lines);
 
-    /// Paints page `number`, counted from 0, into `area` of whatever device the painter is on; true when
-    /// another page follows.
+    /// Paints page `number`, counted from 0, into `area` of the painter's device; returns whether another
+    /// page follows.
     bool Paint(QPainter& painter, const QRectF& area, int number) const;
 
 private:

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "timing/report_painter.h"
+#include "print_helper/report_painter.h"
 
 #include <QFontMetricsF>
 #include <algorithm>
 
-namespace tickwell {
+#include "core/font_names.h"
 
-using namespace Qt::StringLiterals;
+namespace tickwell {
 
 namespace {
 
@@ -14,8 +14,10 @@ constexpr int kPoints = 10;
 
 }  // namespace
 
-ReportPainter::ReportPainter(QStringList lines)
-    : m_lines(std::move(lines)), m_font(u"ＭＳ Ｐゴシック"_s, kPoints) {}
+ReportPainter::ReportPainter(QStringList lines) : m_lines(std::move(lines)) {
+    m_font.setFamilies(QStringList(kGothicFont) + GothicSubstitutes());
+    m_font.setPointSize(kPoints);
+}
 
 bool ReportPainter::Paint(QPainter& painter, const QRectF& area, int number) const {
     const QFontMetricsF metrics(m_font, painter.device());

@@ -1,0 +1,18 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QStringList>
+
+namespace tickwell {
+
+/// The font that lines and report are made for.
+inline const QString kGothicFont = QStringLiteral("ＭＳ Ｐゴシック");
+
+/// The fonts of Japanese desktops that replace it if it is not installed, the closest in its measures first.
+inline QStringList GothicSubstitutes() {
+    return {QStringLiteral("Monapo"),          QStringLiteral("Ume P Gothic"), QStringLiteral("IPAPGothic"),
+            QStringLiteral("IPAexGothic"),     QStringLiteral("TakaoPGothic"), QStringLiteral("VL PGothic"),
+            QStringLiteral("Noto Sans CJK JP")};
+}
+
+}  // namespace tickwell

@@ -1,0 +1,20 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QByteArray>
+
+#include "core/ports/printer.h"
+
+namespace tickwell {
+
+/// What one line that tickwell-print wrote (without its line feed) means. A line that it would not write
+/// means that the print has failed.
+PrintNews NewsFrom(const QByteArray& line);
+
+/// The news if tickwell-print could not be started from this path.
+PrintNews NewsOfMissingHelper(const QString& path);
+
+/// The news if tickwell-print ended without an answer.
+PrintNews NewsOfDeadHelper();
+
+}  // namespace tickwell

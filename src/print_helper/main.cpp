@@ -1,0 +1,62 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// tickwell-print: prints a report for tickwell, in a process of its own, because a print service that does
+// not answer blocks its clients for minutes. protocol.h says what it reads and writes.
+
+#include <QFile>
+#include <QGuiApplication>
+#include <csignal>
+#include <cstdio>
+
+#include "print_helper/cups_queue.h"
+#include "print_helper/protocol.h"
+#include "print_helper/report_document.h"
+
+namespace {
+
+using namespace tickwell;
+
+/// The program may have ended; the job is printed all the same.
+void Tell(const Answer& answer) {
+    std::fputs(AnswerLine(answer).c_str(), stdout);
+    std::fflush(stdout);
+}
+
+int Fail(const Answer& answer) {
+    Tell(answer);
+    return kPrintFailed;
+}
+
+int Print(const QString& title, const QStringList& lines) {
+    CupsQueue queue;
+    if (const Failure failure = queue.Open()) {
+        return Fail(*failure);
+    }
+    const QByteArray document = ReportDocument(queue.DefaultPaper(), title, lines);
+    if (document.isEmpty()) {
+        return Fail({kNotPainted, "", ""});
+    }
+    if (const Failure failure = Submit(queue, title.toStdString(), document.toStdString())) {
+        return Fail(*failure);
+    }
+    Tell(queue.Accepted());
+    const Failure failure = queue.FollowJob();
+    return failure ? Fail(*failure) : kPrintDone;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    if (argc != 2) {
+        std::fputs("usage: tickwell-print TITLE < REPORT\n", stderr);
+        return kPrintUsage;
+    }
+    std::signal(SIGPIPE, SIG_IGN);
+    qputenv("QT_QPA_PLATFORM", "offscreen");  // fonts are needed, a display is not
+    int count = 1;                            // the title is no option for Qt
+    const QGuiApplication application(count, argv);
+    QFile input;
+    if (!input.open(stdin, QIODevice::ReadOnly)) {
+        return Fail({kNotPainted, "", input.errorString().toStdString()});
+    }
+    return Print(QFile::decodeName(argv[1]), QString::fromUtf8(input.readAll()).split(u'\n'));
+}

@@ -1,0 +1,37 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+namespace tickwell {
+
+/// How the program and its helper tickwell-print communicate.
+///
+///   tickwell-print TITLE
+/// reads the report from its standard input (UTF-8, lines separated by LF), prints it on the user's default
+/// printer, and writes answers to its standard output, one a line:
+///   WORD TAB QUEUE TAB REASON
+/// The first answer is kAccepted, as soon as the print queue holds the whole document, or one of the words
+/// for a failure, after which the helper exits. After kAccepted it follows the job for up to kFollowSeconds,
+/// and writes kAborted if the queue gives the job up. QUEUE is empty if no printer is known, REASON is what
+/// the print service says, empty if it says nothing; neither contains control characters.
+///
+/// The helper may wait for the print service for up to kPatienceSeconds. It may be killed at any time.
+inline constexpr const char* kAccepted = "accepted";
+inline constexpr const char* kNoService = "no-service";  // cannot be reached, or does not answer
+inline constexpr const char* kNoPrinter = "no-printer";  // there is no default printer
+inline constexpr const char* kNotPainted = "not-painted";
+inline constexpr const char* kRejecting = "rejecting";  // the queue accepts no jobs at present
+inline constexpr const char* kForbidden = "forbidden";  // to this user
+inline constexpr const char* kRefused = "refused";      // for another reason
+inline constexpr const char* kAborted = "aborted";
+
+inline constexpr char kAnswerJoint = '\t';
+
+inline constexpr int kFollowSeconds = 120;
+inline constexpr int kPatienceSeconds = 600;
+
+/// Exit codes.
+inline constexpr int kPrintDone = 0;
+inline constexpr int kPrintUsage = 1;
+inline constexpr int kPrintFailed = 2;
+
+}  // namespace tickwell

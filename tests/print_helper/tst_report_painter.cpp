@@ -1,0 +1,91 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include <QImage>
+#include <QTest>
+
+#include "print_helper/report_painter.h"
+
+using namespace tickwell;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kDotsPerMetre = 7874;  // 200 dpi, so that 10 points are not 10 pixels
+
+QImage Sheet() {
+    QImage sheet(600, 600, QImage::Format_RGB32);
+    sheet.setDotsPerMeterX(kDotsPerMetre);
+    sheet.setDotsPerMeterY(kDotsPerMetre);
+    sheet.fill(Qt::white);
+    return sheet;
+}
+
+QRect Inked(const QImage& sheet) {
+    QRect inked;
+    for (int y = 0; y < sheet.height(); ++y) {
+        for (int x = 0; x < sheet.width(); ++x) {
+            if (sheet.pixelColor(x, y) != QColor(Qt::white)) {
+                inked |= QRect(x, y, 1, 1);
+            }
+        }
+    }
+    return inked;
+}
+
+}  // namespace
+
+/// Lines on a sheet.
+class TstReportPainter : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void ItPaintsInTheGothicFontOfTenPoints();
+    void APageWithoutRoomTakesOneLine();
+    void AllLinesLieInsideTheArea();
+};
+
+void TstReportPainter::ItPaintsInTheGothicFontOfTenPoints() {
+    QFont font;
+    font.setFamilies({u"ＭＳ Ｐゴシック"_s, u"Monapo"_s, u"Ume P Gothic"_s, u"IPAPGothic"_s, u"IPAexGothic"_s,
+                      u"TakaoPGothic"_s, u"VL PGothic"_s, u"Noto Sans CJK JP"_s});
+    font.setPointSize(10);
+    QImage expected = Sheet();
+    {
+        QPainter painter(&expected);
+        painter.setFont(font);
+        const QFontMetricsF metrics(font, &expected);
+        painter.drawText(QPointF(30, 40 + metrics.ascent()), u"ラップ"_s);
+        painter.drawText(QPointF(30, 40 + metrics.ascent() + metrics.lineSpacing()), u"Lapse1"_s);
+    }
+    QVERIFY(!Inked(expected).isEmpty());
+    QImage sheet = Sheet();
+    {
+        QPainter painter(&sheet);
+        QVERIFY(!ReportPainter({u"ラップ"_s, u"Lapse1"_s}).Paint(painter, QRectF(30, 40, 500, 500), 0));
+    }
+    QCOMPARE(sheet, expected);
+}
+
+void TstReportPainter::APageWithoutRoomTakesOneLine() {
+    const ReportPainter report({u"1"_s, u"2"_s, u"3"_s});
+    QImage sheet = Sheet();
+    QPainter painter(&sheet);
+    QVERIFY(report.Paint(painter, QRectF(0, 0, 100, 4), 0));
+    QVERIFY(report.Paint(painter, QRectF(0, 0, 100, 4), 1));
+    QVERIFY(!report.Paint(painter, QRectF(0, 0, 100, 4), 2));
+}
+
+void TstReportPainter::AllLinesLieInsideTheArea() {
+    const ReportPainter report(QStringList(100, u"あいう"_s));
+    QImage sheet = Sheet();
+    const QRect area(40, 40, 500, 400);
+    {
+        QPainter painter(&sheet);
+        QVERIFY(report.Paint(painter, area, 0));
+    }
+    const QRect inked = Inked(sheet);
+    QVERIFY(area.contains(inked));
+    QVERIFY(inked.height() > area.height() / 2);
+}
+
+QTEST_MAIN(TstReportPainter)
+#include "tst_report_painter.moc"

@@ -1,0 +1,149 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include <QTest>
+
+#include "support/fake_message_boxes.h"
+#include "support/fake_printer.h"
+#include "timing/report_printing.h"
+
+using namespace tickwell;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const PrintNews kDelayed{PrintStage::Delayed, {}};
+const PrintNews kAccepted{PrintStage::Accepted, {}};
+
+PrintNews Failed(const QString& reason) {
+    return {PrintStage::Failed, reason};
+}
+
+struct Bench {
+    Bench() { printer.accepts = false; }
+
+    void Print() {
+        printing->Print({u"題"_s, {u"行"_s}}, [this] { ++free; });
+    }
+
+    FakeMessageBoxes boxes;
+    Handlers handlers{boxes};
+    FakePrinter printer;
+    std::unique_ptr<ReportPrinting> printing = std::make_unique<ReportPrinting>(printer, boxes, handlers);
+    int free = 0;
+};
+
+}  // namespace
+
+/// A print, from its start to what the user hears of it.
+class TstReportPrinting : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void AnAcceptedPrintShowsNothing();
+    void ADelayShowsABoxUntilTheAnswer_data();
+    void ADelayShowsABoxUntilTheAnswer();
+    void CancelEndsThePrint();
+    void AFailureAfterAcceptanceIsTold();
+    void NoFailureHidesAnother();
+    void ItsEndCancelsADelayedPrintOnly_data();
+    void ItsEndCancelsADelayedPrintOnly();
+};
+
+void TstReportPrinting::AnAcceptedPrintShowsNothing() {
+    Bench bench;
+    bench.Print();
+    QCOMPARE(bench.printer.jobs, (QList<PrintJob>{{u"題"_s, {u"行"_s}}}));
+    QCOMPARE(bench.free, 0);
+    bench.printer.Tell(kAccepted);
+    QCOMPARE(bench.free, 1);
+    QVERIFY(bench.boxes.Shown().isEmpty());
+    QVERIFY(bench.boxes.Waits().isEmpty());
+}
+
+void TstReportPrinting::ADelayShowsABoxUntilTheAnswer_data() {
+    QTest::addColumn<PrintNews>("answer");
+    QTest::addColumn<QList<Message>>("shown");
+    QTest::newRow("accepted") << kAccepted << QList<Message>();
+    QTest::newRow("failed") << Failed(u"紙切れ"_s)
+                            << QList<Message>{
+                                   {MessageIcon::Critical, u"Tickwell"_s, u"実行時エラー\r\n紙切れ"_s}};
+}
+
+void TstReportPrinting::ADelayShowsABoxUntilTheAnswer() {
+    QFETCH(PrintNews, answer);
+    QFETCH(QList<Message>, shown);
+    Bench bench;
+    bench.Print();
+    bench.printer.Tell(kDelayed);
+    QCOMPARE(bench.boxes.Waits(),
+             (QList<Message>{
+                 {MessageIcon::Information, u"印刷"_s,
+                  u"印刷サービスの応答を待っています。\r\n「中止」を押すと、印刷しないで終わります。"_s}}));
+    QVERIFY(bench.boxes.IsWaiting());
+    QCOMPARE(bench.free, 0);
+    bench.printer.Tell(answer);
+    QVERIFY(!bench.boxes.IsWaiting());
+    QCOMPARE(bench.boxes.Shown(), shown);
+    QCOMPARE(bench.free, 1);
+    QCOMPARE(bench.printer.cancelled, 0);
+}
+
+void TstReportPrinting::CancelEndsThePrint() {
+    Bench bench;
+    bench.Print();
+    bench.printer.Tell(kDelayed);
+    bench.boxes.CancelWait();
+    QCOMPARE(bench.printer.cancelled, 1);
+    QCOMPARE(bench.free, 1);
+    QVERIFY(!bench.boxes.IsWaiting());
+    QVERIFY(bench.boxes.Shown().isEmpty());
+    bench.Print();  // the next one begins without a box
+    QCOMPARE(bench.printer.jobs.size(), 2);
+    QCOMPARE(bench.boxes.Waits().size(), 1);
+}
+
+void TstReportPrinting::AFailureAfterAcceptanceIsTold() {
+    Bench bench;
+    bench.Print();
+    bench.printer.Tell(kAccepted);
+    bench.printer.Tell(Failed(u"紙切れ"_s));
+    QCOMPARE(bench.boxes.Shown().size(), 1);
+    QCOMPARE(bench.free, 1);
+}
+
+void TstReportPrinting::NoFailureHidesAnother() {
+    Bench bench;
+    for (const QString& reason : {u"一"_s, u"二"_s}) {
+        bench.Print();
+        bench.printer.Tell(Failed(reason));
+    }
+    QCOMPARE(bench.boxes.Shown().size(), 1);
+    bench.boxes.Close();
+    QCOMPARE(bench.boxes.Shown().size(), 2);
+    QVERIFY(bench.boxes.Shown().last().text.endsWith(u"二"));
+}
+
+void TstReportPrinting::ItsEndCancelsADelayedPrintOnly_data() {
+    QTest::addColumn<bool>("isDelayed");
+    QTest::addColumn<int>("cancelled");
+    QTest::newRow("under way") << false << 0;
+    QTest::newRow("delayed") << true << 1;
+}
+
+void TstReportPrinting::ItsEndCancelsADelayedPrintOnly() {
+    QFETCH(bool, isDelayed);
+    QFETCH(int, cancelled);
+    Bench bench;
+    bench.Print();
+    if (isDelayed) {
+        bench.printer.Tell(kDelayed);
+    }
+    bench.printing.reset();
+    QCOMPARE(bench.printer.cancelled, cancelled);
+    QVERIFY(!bench.boxes.IsWaiting());
+    bench.printer.Tell(Failed(u"紙切れ"_s));  // too late
+    QVERIFY(bench.boxes.Shown().isEmpty());
+    QCOMPARE(bench.free, 0);
+}
+
+QTEST_GUILESS_MAIN(TstReportPrinting)
+#include "tst_report_printing.moc"
