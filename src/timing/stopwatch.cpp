@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "timing/stopwatch.h"
 
+#include <QScopeGuard>
 #include <algorithm>
 
 #include "core/integers.h"
@@ -25,8 +26,8 @@ void Stopwatch::Start() {
 }
 
 qint32 Stopwatch::Stop() {
+    const auto end = qScopeGuard([this] { m_state.StopwatchRunning = false; });
     m_state.StopwatchElapsed = Reading();
-    m_state.StopwatchRunning = false;
     return m_state.StopwatchElapsed;
 }
 

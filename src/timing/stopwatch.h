@@ -17,7 +17,8 @@ struct StopwatchState {
     QString StopwatchLapText;      ///< the list while its window is closed, lines parted by CR LF
 };
 
-/// What the stopwatch does. A sum that overflows throws OverflowError and leaves the state as it was.
+/// What the stopwatch does. A sum that overflows throws OverflowError and leaves the state as it was, except
+/// that Stop ends the run.
 class Stopwatch {
 public:
     /// Both outlive this object.
@@ -39,7 +40,8 @@ public:
 
     /// While stopped: it goes on from its reading.
     void Start();
-    /// While running. Returns the reading it stopped at.
+    /// While running. Returns the reading it stopped at. If that overflows, the run is lost and the time
+    /// before it remains: a stopwatch that could not be stopped could not be reset either.
     qint32 Stop();
     /// While running.
     Lap TakeLap();

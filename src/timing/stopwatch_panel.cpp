@@ -12,7 +12,7 @@ StopwatchPanel::StopwatchPanel(Stopwatch& stopwatch, TextLines lines, DisplayFun
     : m_stopwatch(stopwatch), m_lines(lines), m_functions(functions), m_Timer1(timer1) {}
 
 void StopwatchPanel::Load() {
-    m_list = m_stopwatch.KeptList();
+    ReplaceList(m_stopwatch.KeptList());
 }
 
 void StopwatchPanel::Unload() {
@@ -50,8 +50,8 @@ void StopwatchPanel::Start() {
 }
 
 void StopwatchPanel::Stop() {
+    m_Timer1.Stop();  // also before a reading that overflows: the run ends all the same
     const QString reading = ElapsedText(m_stopwatch.Stop());
-    m_Timer1.Stop();
     m_lines.lower.SetText(reading);
     m_list +=
         u"\r\n【Stop】 "_s + reading;  // also where the list was empty: it then begins with an empty line
@@ -61,7 +61,7 @@ void StopwatchPanel::TakeLap() {
     const Stopwatch::Lap lap = m_stopwatch.TakeLap();
     const QString line = u"Lapse"_s + QString::number(lap.number) + u"  " + ElapsedText(lap.reading);
     if (lap.number < 2) {  // the first one since the reset: earlier stops leave the list
-        m_list = line;
+        ReplaceList(line);
         m_lines.upper.ShowText(line);
     } else {
         m_list += u"\r\n"_s + line;
@@ -73,7 +73,12 @@ void StopwatchPanel::Reset() {
     m_stopwatch.Reset();
     m_lines.upper.ShowText(u"ストップウォッチ"_s);
     m_lines.lower.ShowText(ElapsedText(0));
-    m_list.clear();
+    ReplaceList(QString());
+}
+
+void StopwatchPanel::ReplaceList(const QString& list) {
+    m_list = list;
+    ++m_listNumber;
 }
 
 }  // namespace tickwell

@@ -25,7 +25,8 @@ public:
     /// The window closes: the list is kept. The stopwatch and its display go on.
     void Unload();
 
-    /// Start while stopped, stop while running. Throws OverflowError; the stopwatch then goes on.
+    /// Start while stopped, stop while running. Throws OverflowError if the reading of a stop overflows; the
+    /// stopwatch is stopped nevertheless, and list and lines stay as they were.
     void StartOrStop();
     /// Lap while running, reset while stopped. Throws OverflowError; the lap then does not count.
     void LapOrReset();
@@ -35,17 +36,22 @@ public:
     /// Laps and stops, a reading a line, parted by CR LF.
     const QString& List() const { return m_list; }
 
+    /// Changes whenever the list is replaced. While it stays, the list only grows at its end.
+    int ListNumber() const { return m_listNumber; }
+
 private:
     void Start();
     void Stop();
     void TakeLap();
     void Reset();
+    void ReplaceList(const QString& list);
 
     Stopwatch& m_stopwatch;
     TextLines m_lines;
     DisplayFunctions& m_functions;
     Timer& m_Timer1;
     QString m_list;
+    int m_listNumber = 0;
 };
 
 }  // namespace tickwell

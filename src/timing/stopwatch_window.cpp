@@ -2,6 +2,7 @@
 #include "timing/stopwatch_window.h"
 
 #include <QPointer>
+#include <QScopeGuard>
 #include <QVBoxLayout>
 #include <utility>
 
@@ -37,6 +38,7 @@ StopForm::StopForm(StopwatchWindowParts parts, QWidget* parent)
     m_Text1->setObjectName(u"Text1"_s);
     m_Text1->setAccessibleName(u"ラップ/経歴一覧表"_s);
     m_Text1->setReadOnly(true);
+    m_Text1->setUndoRedoEnabled(false);
     m_Text1->setTabChangesFocus(true);
     m_Text1->setLineWrapMode(QPlainTextEdit::NoWrap);
     LayOut();
@@ -97,8 +99,8 @@ void StopForm::done(int result) {
 }
 
 void StopForm::Command1_Click() {
+    const auto shown = qScopeGuard([this] { ShowState(); });  // a stop that fails changes the state as well
     m_parts.panel.StartOrStop();
-    ShowState();
 }
 
 void StopForm::Command2_Click() {
@@ -141,12 +143,26 @@ void StopForm::Command4_Click() {
     m_parts.help.ShowTopic(kHelpStopwatch);
 }
 
-/// The text box is told what the panel holds and is never asked: it keeps no carriage returns.
 void StopForm::ShowState() {
     const StopwatchCaptions captions = m_parts.panel.Captions();
     m_Command1->setText(captions.command1.toString());
     m_Command2->setText(captions.command2.toString());
-    m_Text1->setPlainText(m_parts.panel.List());
+    ShowList();
+}
+
+/// Only what is new is appended: building the whole text for each lap takes longer with every lap. The text
+/// box is never read, as it keeps no carriage returns.
+void StopForm::ShowList() {
+    const QString& list = m_parts.panel.List();
+    if (m_shownList != m_parts.panel.ListNumber()) {
+        m_shownList = m_parts.panel.ListNumber();
+        m_Text1->setPlainText(list);
+    } else {
+        QTextCursor end(m_Text1->document());
+        end.movePosition(QTextCursor::End);
+        end.insertText(list.mid(m_shownLength));
+    }
+    m_shownLength = list.size();
     m_Text1->moveCursor(QTextCursor::End);
 }
 

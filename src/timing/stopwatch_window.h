@@ -49,6 +49,7 @@ private:
     void Command3_Click();
     void Command4_Click();
     void ShowState();
+    void ShowList();
     void Print();
     void EnablePrinting();
 
@@ -60,6 +61,8 @@ private:
     QPushButton* m_Command3;
     QPushButton* m_Command4;
     QPlainTextEdit* m_Text1;
+    int m_shownList = 0;          // the ListNumber of what stands in Text1
+    qsizetype m_shownLength = 0;  // and how much of that list
 };
 
 }  // namespace tickwell

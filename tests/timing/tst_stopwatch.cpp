@@ -33,9 +33,10 @@ private Q_SLOTS:
     void TheSecondRunGoesOnFromTheFirst();
     void LapsAreCountedFromTheStart();
     void ItRunsOnAcrossTheTurnOfTheCounter();
-    void TheSignChangeOverflowsAndStopsNothing();
+    void TheSignChangeOverflows();
     void TheDifferenceComesFirst();
-    void AFullStopwatchGoesOn();
+    void AStopThatOverflowsEndsTheRun();
+    void AStopwatchThatOverflowedIsReset();
     void AFullLapCountDoesNotCount();
 };
 
@@ -123,7 +124,7 @@ void TstStopwatch::ItRunsOnAcrossTheTurnOfTheCounter() {
     QCOMPARE(bench.stopwatch.Stop(), 300);
 }
 
-void TstStopwatch::TheSignChangeOverflowsAndStopsNothing() {
+void TstStopwatch::TheSignChangeOverflows() {
     Bench bench(kSignChange - 300);
     bench.stopwatch.Start();
     bench.time.since += 299;
@@ -132,9 +133,11 @@ void TstStopwatch::TheSignChangeOverflowsAndStopsNothing() {
     QVERIFY_THROWS_EXCEPTION(OverflowError, bench.stopwatch.Reading());
     QVERIFY_THROWS_EXCEPTION(OverflowError, bench.stopwatch.TakeLap());
     QCOMPARE(bench.state.StopwatchLapCount, 1);
-    QVERIFY_THROWS_EXCEPTION(OverflowError, bench.stopwatch.Stop());
     QVERIFY(bench.state.StopwatchRunning);
-    QCOMPARE(bench.state.StopwatchElapsed, 0);
+    QCOMPARE(bench.state.StopwatchLapCount, 1);
+    QVERIFY_THROWS_EXCEPTION(OverflowError, bench.stopwatch.Stop());
+    QVERIFY(!bench.state.StopwatchRunning);
+    QCOMPARE(bench.stopwatch.Reading(), 0);
 }
 
 /// Elapsed plus tick would leave the range, though the reading is small.
@@ -147,7 +150,7 @@ void TstStopwatch::TheDifferenceComesFirst() {
     QCOMPARE(bench.stopwatch.Stop(), 104'000);
 }
 
-void TstStopwatch::AFullStopwatchGoesOn() {
+void TstStopwatch::AStopThatOverflowsEndsTheRun() {
     Bench bench(0);
     bench.state.StopwatchElapsed = 2'147'483'000;
     bench.stopwatch.Start();
@@ -155,8 +158,22 @@ void TstStopwatch::AFullStopwatchGoesOn() {
     QCOMPARE(bench.stopwatch.Reading(), 2'147'483'647);
     bench.time.since += 1;
     QVERIFY_THROWS_EXCEPTION(OverflowError, bench.stopwatch.Stop());
-    QVERIFY(bench.state.StopwatchRunning);
-    QCOMPARE(bench.state.StopwatchElapsed, 2'147'483'000);
+    QVERIFY(!bench.state.StopwatchRunning);
+    QCOMPARE(bench.stopwatch.Reading(), 2'147'483'000);
+}
+
+/// For another 24.8 days, as long as the counter's sign lies between its start and now.
+void TstStopwatch::AStopwatchThatOverflowedIsReset() {
+    Bench bench(kSignChange - 300);
+    bench.stopwatch.Start();
+    bench.stopwatch.TakeLap();
+    bench.time.since += 1'000'000'000;
+    QVERIFY_THROWS_EXCEPTION(OverflowError, bench.stopwatch.Stop());
+    bench.stopwatch.Reset();
+    bench.stopwatch.Start();
+    bench.time.since += 1500;
+    QCOMPARE(bench.stopwatch.TakeLap().number, 1);
+    QCOMPARE(bench.stopwatch.Stop(), 1500);
 }
 
 void TstStopwatch::AFullLapCountDoesNotCount() {

@@ -58,7 +58,9 @@ private Q_SLOTS:
     void TheListOutlivesTheClosedWindow();
     void TheKeptListIsCopiedOnlyAtClosing();
     void ResetEmptiesTheKeptListToo();
-    void AnOverflowChangesNothing();
+    void ALapThatOverflowsDoesNotCount();
+    void AStopThatOverflowsLetsItBeReset();
+    void OnlyAReplacedListHasAnotherNumber();
 };
 
 void TstStopwatchPanel::TheCaptionsSayWhatTheButtonsWillDo() {
@@ -174,7 +176,22 @@ void TstStopwatchPanel::ResetEmptiesTheKeptListToo() {
     QCOMPARE(bench.lower.Text(), u"0:00'00\"000"_s);
 }
 
-void TstStopwatchPanel::AnOverflowChangesNothing() {
+void TstStopwatchPanel::ALapThatOverflowsDoesNotCount() {
+    Bench bench;
+    bench.time.since = (qint64{1} << 31) - 2000;
+    bench.Play(u"1.2");
+    const QString list = bench.panel.List();
+    bench.Take();
+    bench.time.since += 5000;
+    QVERIFY_THROWS_EXCEPTION(OverflowError, bench.panel.LapOrReset());
+    QVERIFY(bench.state.StopwatchRunning);
+    QVERIFY(bench.Timer1->IsRunning());
+    QCOMPARE(bench.state.StopwatchLapCount, 1);
+    QCOMPARE(bench.panel.List(), list);
+    QVERIFY(bench.Take().isEmpty());
+}
+
+void TstStopwatchPanel::AStopThatOverflowsLetsItBeReset() {
     Bench bench;
     bench.time.since = (qint64{1} << 31) - 2000;
     bench.Play(u"1.2");
@@ -182,12 +199,31 @@ void TstStopwatchPanel::AnOverflowChangesNothing() {
     bench.Take();
     bench.time.since += 5000;
     QVERIFY_THROWS_EXCEPTION(OverflowError, bench.panel.StartOrStop());
-    QVERIFY_THROWS_EXCEPTION(OverflowError, bench.panel.LapOrReset());
-    QVERIFY(bench.state.StopwatchRunning);
-    QVERIFY(bench.Timer1->IsRunning());
-    QCOMPARE(bench.state.StopwatchLapCount, 1);
+    QVERIFY(!bench.Timer1->IsRunning());
+    QCOMPARE(bench.panel.Captions().command2, u"リセット");
     QCOMPARE(bench.panel.List(), list);
     QVERIFY(bench.Take().isEmpty());
+    bench.Play(u"2");
+    QCOMPARE(bench.panel.List(), QString());
+    QCOMPARE(bench.Take(), (Journal{u"upper show ストップウォッチ"_s, u"lower show 0:00'00\"000"_s}));
+}
+
+void TstStopwatchPanel::OnlyAReplacedListHasAnotherNumber() {
+    Bench bench;
+    QList<int> numbers;
+    for (const QStringView step : {u"", u"1", u".1", u"1.2", u".2", u".1", u"2"}) {
+        bench.Play(step);
+        numbers.append(bench.panel.ListNumber());
+    }
+    // start, stop, first lap, second lap, stop, reset
+    QCOMPARE(numbers[1], numbers[0]);
+    QCOMPARE(numbers[2], numbers[1]);
+    QVERIFY(numbers[3] != numbers[2]);
+    QCOMPARE(numbers[4], numbers[3]);
+    QCOMPARE(numbers[5], numbers[4]);
+    QVERIFY(numbers[6] != numbers[5]);
+    bench.panel.Load();
+    QVERIFY(bench.panel.ListNumber() != numbers[6]);
 }
 
 QTEST_GUILESS_MAIN(TstStopwatchPanel)

@@ -195,13 +195,13 @@ private:
 
     void Stop() {
         const auto reading = Reading();
+        m_seen.running = false;
+        m_seen.timerRunning = false;
         if (!reading) {
             ++m_seen.reports;
             return;
         }
         m_seen.elapsed = *reading;
-        m_seen.running = false;
-        m_seen.timerRunning = false;
         Lower(u"set", *reading);
         m_seen.list.append(u"\r\n【Stop】 "_s).append(ReadingOf(*reading));
     }

@@ -2,6 +2,7 @@
 #include <QTest>
 
 #include "display/line_look.h"
+#include "timing/reading_model.h"
 #include "timing/timing_bench.h"
 
 using namespace tickwell;
@@ -41,6 +42,7 @@ private Q_SLOTS:
     void ItOpensReset();
     void TheButtonsChangeWithTheState();
     void TheListIsShown();
+    void ALapIsAppendedToTheList();
     void TheLowerLineRunsWithTheTicks();
     void ClosingAndOpeningWhileItRuns();
     void TheListKeepsItsLineBreaksThroughClosingAndOpeningAndIntoPrint();
@@ -54,7 +56,7 @@ private Q_SLOTS:
     void TheQuestionMayBeAnsweredAfterTheWindowClosed();
     void TheQuestionMayOutliveTheWindow();
     void HelpOpensItsTopic();
-    void AFailingButtonIsReported();
+    void AStopThatOverflowsIsReportedAndCanBeReset();
     void AMissingFolderIsToldAndTheWindowStillOpens();
     void TheKeyboardDoesItAll();
     void ButtonsSideBySideAreOfOneHeightWhateverTheirFonts();
@@ -91,6 +93,29 @@ void TstStopwatchWindow::TheListIsShown() {
              u"Lapse1  0:00'01\"000\nLapse2  0:00'02\"000\n【Stop】 0:00'03\"000"_s);
     bench.Play(u"2");
     QCOMPARE(bench.List().toPlainText(), QString());
+}
+
+/// Whatever stands there, a lap changes the document by its own line alone.
+void TstStopwatchWindow::ALapIsAppendedToTheList() {
+    Bench bench;
+    bench.Play(u"1.2");
+    const QString first = u"Lapse1  0:00'01\"000"_s;
+    QString expected = first;
+    int changed = 0;
+    connect(bench.List().document(), &QTextDocument::contentsChange, &bench.Form(),
+            [&changed](int /*at*/, int removed, int added) { changed += removed + added; });
+    for (int lap = 2; lap <= 1000; ++lap) {
+        bench.time.Advance(7);
+        bench.Play(u"2");
+        expected += u"\nLapse%1  %2"_s.arg(lap).arg(ReadingOf(1000 + (lap - 1) * 7));
+    }
+    bench.Play(u"1");
+    expected += u"\n【Stop】 0:00'07\"993"_s;
+    QCOMPARE(bench.List().toPlainText(), expected);
+    QCOMPARE(changed, static_cast<int>(expected.size() - first.size()));
+    QCOMPARE(bench.List().textCursor().position(), static_cast<int>(expected.size()));
+    QVERIFY(bench.Form().close());
+    QCOMPARE(bench.stopwatch.StopwatchLapText, expected.replace(u"\n"_s, u"\r\n"_s));
 }
 
 void TstStopwatchWindow::TheLowerLineRunsWithTheTicks() {
@@ -245,7 +270,7 @@ void TstStopwatchWindow::HelpOpensItsTopic() {
     QCOMPARE(bench.help.topics, QList<int>{31});
 }
 
-void TstStopwatchWindow::AFailingButtonIsReported() {
+void TstStopwatchWindow::AStopThatOverflowsIsReportedAndCanBeReset() {
     Bench bench;
     bench.stopwatch.StopwatchElapsed = 2'147'483'647;
     bench.Play(u"1");
@@ -255,7 +280,13 @@ void TstStopwatchWindow::AFailingButtonIsReported() {
     bench.boxes.Close();
     bench.Play(u"1");
     QCOMPARE(bench.boxes.Shown().size(), 2);
-    QCOMPARE(bench.Captions(), u"ストップ/ラップ"_s);
+    QCOMPARE(bench.Captions(), u"スタート/リセット"_s);
+    bench.boxes.Close();
+    bench.Play(u"2");
+    QCOMPARE(bench.boxes.Shown().size(), 2);
+    QCOMPARE(bench.stopwatch.StopwatchElapsed, 0);
+    bench.Play(u"1.1");
+    QCOMPARE(bench.List().toPlainText(), u"\n【Stop】 0:00'01\"000"_s);
 }
 
 void TstStopwatchWindow::AMissingFolderIsToldAndTheWindowStillOpens() {
