@@ -66,7 +66,10 @@ qint64 ClockLines::UntilDue(bool isSeen) const {
     }
     const bool hasSeconds =
         m_settings.language == kLanguageJapanese || m_settings.language == kLanguageEnglish;
-    const int step = isSeen && hasSeconds ? kSecond : kMinute;
+    // The window of another function may have written to the line, which shows the time again within a
+    // second.
+    const bool turnsBySecond = hasSeconds || m_lines.lower.Text() != TimeLine(m_settings, now.time());
+    const int step = isSeen && turnsBySecond ? kSecond : kMinute;
     if (WholeSteps(now.time(), step) != WholeSteps(m_rememberedTime, step)) {
         return 1;  // it turned between the tick and this question
     }

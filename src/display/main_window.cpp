@@ -69,8 +69,10 @@ Form1::Form1(const MainWindowParts& parts)
       m_Timer3(
           parts.handlers, parts.timers, kChimeTick, [this] { m_chime.Timer3_Timer(); },
           [this] { return m_chime.UntilDue(); }),
-      m_timing(parts.timing,
-               {{*m_MovingWord1, *m_MovingWord2}, *this, [this] { return m_pacer.UntilFrame(); }}),
+      m_timing(parts.timing, {{*m_MovingWord1, *m_MovingWord2},
+                              *this,
+                              [this] { return m_pacer.UntilFrame(); },
+                              [this] { m_Dz_Timer1.Wake(); }}),
       m_switch(
           parts.settings, {*m_MovingWord1, *m_MovingWord2}, *m_menu,
           {m_Dz_Timer1, *m_Dz_Timer2, m_Win_Timer, m_timing.Timer1(), *m_BatTimer, m_MemoryTimer, m_CDTimer2},
@@ -165,7 +167,7 @@ void Form1::Dz_Timer1_Timer() {
 void Form1::ChangeFunction(qint32 number) {
     m_switch.ChangeFunction(number);
     m_roll.FunctionChanged(number);
-    m_timing.Wake();  // a running countdown is perhaps shown from now on
+    m_timing.FunctionChanged();
 }
 
 void Form1::RaiseRefresh() {

@@ -23,8 +23,18 @@ TimingTools::TimingTools(const TimingParts& parts, const TimingView& view)
       m_TimerTimer(
           parts.handlers, parts.timers, kTick, [this] { m_countdownLines.Tick(m_TimerTimer); },
           [this] { return m_countdownLines.UntilDue(m_view.untilFrame()); }),
-      m_stopwatchPanel(m_stopwatch, view.lines, view.functions, m_Timer1),
-      m_timerPanel(m_countdown, view.lines, m_TimerTimer) {}
+      m_temporaryTexts(view.lines, view.functions, parts.timers,
+                       [this] {
+                           m_Timer1.Wake();
+                           m_view.linesWritten();
+                       }),
+      m_stopwatchPanel(m_stopwatch, m_temporaryTexts.ForStopwatch(), view.functions, m_Timer1),
+      m_timerPanel(m_countdown, m_temporaryTexts.ForTimer(), m_TimerTimer) {}
+
+void TimingTools::FunctionChanged() {
+    m_temporaryTexts.Forget();
+    Wake();  // a running countdown is perhaps shown from now on
+}
 
 void TimingTools::Wake() {
     m_Timer1.Wake();

@@ -11,6 +11,7 @@
 #include "timing/countdown_lines.h"
 #include "timing/stopwatch_lines.h"
 #include "timing/stopwatch_window.h"
+#include "timing/temporary_texts.h"
 #include "timing/timer_notice.h"
 #include "timing/timer_window.h"
 
@@ -41,6 +42,8 @@ struct TimingView {
     std::function<qint64()> untilFrame = [] {
         return 1;
     };  ///< ms from one change of a line to the next that is seen
+    /// A tool's window wrote to the lines of another function, whose timer may sleep.
+    std::function<void()> linesWritten = [] {};
 };
 
 /// Stopwatch and countdown put together: rules, lines, the main window's two timers, and the windows, which
@@ -53,7 +56,10 @@ public:
     StopwatchLines& Reading() { return m_stopwatchLines; }
     CountdownLines& Rest() { return m_countdownLines; }
 
-    /// Something has changed that may be due sooner than the timers know: the function, or time itself.
+    /// The main window shows another function, or the same one anew.
+    void FunctionChanged();
+
+    /// Something has changed that may be due sooner than the timers know, for instance time itself.
     void Wake();
 
     /// The lines came into sight.
@@ -81,6 +87,7 @@ private:
     CountdownLines m_countdownLines;
     SleepingTimer m_Timer1;
     SleepingTimer m_TimerTimer;
+    TemporaryTexts m_temporaryTexts;
     StopwatchPanel m_stopwatchPanel;
     TimerPanel m_timerPanel;
     std::unique_ptr<StopForm> m_stopForm;  // null until they are first asked for

@@ -152,6 +152,22 @@ class Countdown(CountdownCase):
         self.time.advance(1)
         wait_lines(self.app, upper=TITLE, lower="0:00'09\"999")
 
+    def test_under_another_display_its_texts_are_temporary(self):
+        self.start()
+        choose(self.session, self.app, "ｽﾄｯﾌﾟｳｫｯﾁ")
+        wait_lines(self.app, upper="ストップウォッチ", lower="0:00'00\"000")
+        press(self.window, "リセット")
+        wait_lines(self.app, upper=TITLE)
+        self.time.advance(2000)
+        wait_lines(self.app, upper="ストップウォッチ", lower="0:00'00\"000")
+        choose(self.session, self.app, "ﾒﾓﾘｰ監視")
+        wait_lines(self.app, upper="メモリー使用率")
+        press(self.window, "リセット")
+        wait_lines(self.app, upper=TITLE)
+        self.time.advance(2000)
+        wait_lines(self.app, upper="メモリー使用率", lower=lambda text: text.endswith("％使用中"))
+        self.assertEqual(self.app.program.output(), "")
+
     def test_its_window_is_opened_from_the_menu(self):
         self.start()
         self.session.windows.close_window(self.session.windows.wait(name=TITLE))

@@ -45,7 +45,7 @@ struct TimingBench : public DisplayFunctions {
         } else if (number == kFunctionTimer) {
             tools.Rest().Show();
         }
-        tools.Wake();
+        tools.FunctionChanged();
     }
     qint32 GetFuncNumber() const override { return function; }
 
