@@ -16,7 +16,9 @@ MonthRows ReadMonth(DayDatabase& database, const MonthShape& month) {
     for (const DayMark mark : kDayMarks) {
         QList<int>& days = rows.marks.at(static_cast<std::size_t>(mark));
         for (const ResultRow& row : database.RunQuery(MarkedDatesQuery(mark, month.first, month.last))) {
-            days.append(row.Date(u"Date").day());
+            if (const QDate date = row.Date(u"Date"); date.isValid()) {
+                days.append(date.day());
+            }
         }
     }
     return rows;

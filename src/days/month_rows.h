@@ -38,7 +38,7 @@ struct MonthRows {
     std::array<QList<int>, kDayMarks.size()> marks;  ///< days of the month, by DayMark
 };
 
-/// Throws SqlError.
+/// A mark that is no date, such as February 30, falls on no day. Throws SqlError.
 MonthRows ReadMonth(DayDatabase& database, const MonthShape& month);
 
 }  // namespace tickwell

@@ -13,6 +13,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+constexpr qsizetype kDateLength = 10;  // of "1998-10-03"
+
 /// What can only stand in the file when another program put it there.
 RunTimeError ForeignValue() {
     return RunTimeError(u"データベースの値が正しくありません。"_s);
@@ -30,11 +32,7 @@ ResultRow::Value ValueOf(const SqliteStatement& statement, int column, ColumnTyp
     if (type == ColumnType::Text) {
         return text;
     }
-    const QDate date = QDate::fromString(text, Qt::ISODate);
-    if (!date.isValid()) {
-        throw ForeignValue();
-    }
-    return date;
+    return text.size() == kDateLength ? QDate::fromString(text, Qt::ISODate) : QDate();
 }
 
 SqliteStatement& Bound(SqliteConnection& connection, const CompiledSql& compiled) {

@@ -60,6 +60,24 @@ void CheckTable(SqliteConnection& connection, const SchemaTable& table) {
     }
 }
 
+/// Another program can have stored such rows. The calendar works without them, so the file is not refused;
+/// the log says why they are not shown.
+void LogValuesThatAreNoDates(SqliteConnection& connection, const SchemaTable& table) {
+    for (const SchemaColumn& column : table.columns) {
+        if (column.type != ColumnType::Date) {
+            continue;
+        }
+        const QByteArray name = '"' + column.name.toLatin1() + '"';
+        const QString row =
+            connection.FirstValue("SELECT id FROM \"" + table.name.toLatin1() + "\" WHERE date(" + name +
+                                  ", '+0 days') IS NOT " + name + " LIMIT 1");
+        if (!row.isEmpty()) {
+            qWarning("Day database: row %s of table %s holds no date and falls on no day.", qPrintable(row),
+                     qPrintable(table.name.toString()));
+        }
+    }
+}
+
 }  // namespace
 
 void CheckDayDatabase(SqliteConnection& connection) {
@@ -69,6 +87,7 @@ void CheckDayDatabase(SqliteConnection& connection) {
     }
     for (const SchemaTable& table : SchemaTables()) {
         CheckTable(connection, table);
+        LogValuesThatAreNoDates(connection, table);
     }
 }
 

@@ -24,7 +24,7 @@ public:
 
     const QString& Text(QStringView column) const;
     qint32 Integer(QStringView column) const;
-    QDate Date(QStringView column) const;
+    QDate Date(QStringView column) const;  ///< invalid if another program stored no date there
 
 private:
     template <typename Type>

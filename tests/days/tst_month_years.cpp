@@ -100,6 +100,7 @@ private Q_SLOTS:
     void NoHolidays();
     void RandomTables_data();
     void RandomTables();
+    void MarksThatAreNoDatesFallOnNoDay();
 
 private:
     void Compare(const DayStore& store, const ModelTables& tables);
@@ -148,6 +149,25 @@ void TstMonthYears::RandomTables() {
     {
         DayDatabase database(store.Path());
         Store(database, tables);
+    }
+    Compare(store, tables);
+}
+
+/// Some of them lie between the first and the last day of a month all the same, as texts.
+void TstMonthYears::MarksThatAreNoDatesFallOnNoDay() {
+    ModelTables tables = Shipped();
+    tables.red.insert({1998, 2, 2});
+    tables.blue.insert({1998, 2, 3});
+    tables.black.insert({1998, 2, 8});
+    const DayStore store;
+    {
+        DayDatabase database(store.Path());
+        Store(database, tables);
+    }
+    for (const QByteArray& table : {"Holiday"_ba, "Halfday"_ba, "Usuallyday"_ba}) {
+        store.Raw(
+            "INSERT INTO " + table +
+            "(Date) VALUES ('1998-02-30'), ('x'), ('1998-02-1'), ('1998-02-10 00:00'), ('1998-02-1x'), ('')");
     }
     Compare(store, tables);
 }

@@ -53,6 +53,7 @@ private Q_SLOTS:
     void StoresATransactionAtOnce();
     void HasOneTransactionAtATime();
     void WorksInARelativeFolder();
+    void AnswersWithAnInvalidDateForWhatIsNone();
     void RefusesValuesFromElsewhere();
     void SetsTheEngine();
 };
@@ -262,14 +263,22 @@ void TstDayDatabase::WorksInARelativeFolder() {
     QVERIFY(QFile::exists(store.Folder() + u"/DayDate.lock"_s));
 }
 
-void TstDayDatabase::RefusesValuesFromElsewhere() {
+void TstDayDatabase::AnswersWithAnInvalidDateForWhatIsNone() {
     const DayStore store;
     store.Raw(
-        "INSERT INTO Holiday(\"Date\") VALUES ('10/3/1998');"
-        "INSERT INTO Syukuzitu(\"Name\",\"Month\",\"Day\") VALUES ('a',6,4294967297)");
+        "INSERT INTO Holiday(\"Date\") VALUES ('10/3/1998'), ('1998-02-30'), ('1998-10-03'), ('1998-10-3')");
     DayDatabase database(store.Path());
-    QVERIFY_THROWS_EXCEPTION(SqlError,
-                             database.RunQuery(u"SELECT * FROM Holiday WHERE Date <> #1/1/2000#"_s));
+    QList<QDate> dates;
+    for (const ResultRow& row : database.RunQuery(u"SELECT * FROM Holiday WHERE Date <> #1/1/2000#"_s)) {
+        dates.append(row.Date(u"Date"));
+    }
+    QCOMPARE(dates, (QList<QDate>{QDate(), QDate(), QDate(1998, 10, 3), QDate()}));
+}
+
+void TstDayDatabase::RefusesValuesFromElsewhere() {
+    const DayStore store;
+    store.Raw("INSERT INTO Syukuzitu(\"Name\",\"Month\",\"Day\") VALUES ('a',6,4294967297)");
+    DayDatabase database(store.Path());
     QVERIFY_THROWS_EXCEPTION(SqlError, database.RunQuery(MonthHolidayQuery(6)));
     QCOMPARE(database.Execute(u"DELETE * FROM Syukuzitu WHERE Month=6"_s), 1);
 }

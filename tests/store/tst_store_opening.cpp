@@ -4,6 +4,7 @@
 #include <QDir>
 #include <QFile>
 #include <QRandomGenerator>
+#include <QRegularExpression>
 #include <QTest>
 #include <functional>
 
@@ -43,6 +44,9 @@ private Q_SLOTS:
     void RefusesAMissingFile();
     void RefusesAFolder();
     void TakesACopyThatLostItsMark();
+    void LogsAMarkThatIsNoDate_data();
+    void LogsAMarkThatIsNoDate();
+    void LogsNothingOfDates();
     void RefusesEveryTruncation();
     void RefusesEveryZeroedPage();
     void NeverFallsOverDamage();
@@ -145,6 +149,38 @@ void TstStoreOpening::TakesACopyThatLostItsMark() {
     const DayStore store;
     store.Raw("PRAGMA application_id = 0; PRAGMA user_version = 0");
     QCOMPARE(OpeningFault(store.Path()), QString());
+}
+
+void TstStoreOpening::LogsAMarkThatIsNoDate_data() {
+    QTest::addColumn<QByteArray>("table");
+    QTest::addColumn<QByteArray>("value");
+    QTest::newRow("a day that February lacks") << "Holiday"_ba
+                                               << "1998-02-30"_ba;
+    QTest::newRow("a letter") << "Halfday"_ba
+                              << "x"_ba;
+    QTest::newRow("without zeros") << "Usuallyday"_ba
+                                   << "1998-2-1"_ba;
+    QTest::newRow("with a time") << "Holiday"_ba
+                                 << "1998-02-01 00:00"_ba;
+    QTest::newRow("nothing") << "Halfday"_ba
+                             << ""_ba;
+}
+
+void TstStoreOpening::LogsAMarkThatIsNoDate() {
+    QFETCH(QByteArray, table);
+    QFETCH(QByteArray, value);
+    const DayStore store;
+    store.Raw("INSERT INTO " + table + "(id,Date) VALUES (7,'1998-02-28'), (8,'" + value + "')");
+    const QByteArray told = "Day database: row 8 of table " + table + " holds no date and falls on no day.";
+    QTest::ignoreMessage(QtWarningMsg, told.constData());
+    OpenDayDatabase(store.Path());
+}
+
+void TstStoreOpening::LogsNothingOfDates() {
+    const DayStore store;
+    store.Raw("INSERT INTO Holiday(Date) VALUES ('1926-01-01'), ('2000-02-29'), ('2100-12-31')");
+    QTest::failOnWarning(QRegularExpression(u"Day database"_s));
+    OpenDayDatabase(store.Path());
 }
 
 void TstStoreOpening::RefusesEveryTruncation() {
