@@ -54,6 +54,7 @@ class TstTimerWindow : public QObject {
 
 private Q_SLOTS:
     void ItOpensWithFifteenSeconds();
+    void ItOpensWithTheTimeThatIsSet();
     void TheEntryReadsAsASentence();
     void AChangedEntryIsShownAtOnce();
     void OpeningItWritesNoLine();
@@ -84,6 +85,18 @@ void TstTimerWindow::ItOpensWithFifteenSeconds() {
     QCOMPARE(bench.Caption(), u"スタート"_s);
     QCOMPARE(bench.Enabled(), kAll);
     QCOMPARE(bench.countdown.CountdownDuration, 15'000);
+}
+
+void TstTimerWindow::ItOpensWithTheTimeThatIsSet() {
+    TimingBench bench;
+    bench.countdown.CountdownDuration = 23 * 3'600'000 + 4 * 60'000 + 5000;
+    bench.countdown.CountdownRepeat = true;
+    bench.tools.ShowTimerForm();
+    const auto shown = [&bench](const char* name) { return bench.The<TimerForm, QLineEdit>(name).text(); };
+    QCOMPARE((QStringList{shown("Text1"), shown("Text2"), shown("Text3")}),
+             (QStringList{u"23"_s, u"4"_s, u"5"_s}));
+    QVERIFY((bench.The<TimerForm, QCheckBox>("Check1").isChecked()));
+    QCOMPARE(bench.countdown.CountdownDuration, 83'045'000);
 }
 
 void TstTimerWindow::TheEntryReadsAsASentence() {

@@ -1,0 +1,136 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include <QApplication>
+#include <QPushButton>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include "app/program_folder.h"
+#include "app/running_program.h"
+#include "platform/virtual_time.h"
+#include "support/discs.h"
+#include "support/fake_autostart.h"
+#include "support/fake_cd_drive.h"
+#include "support/fake_event_wait.h"
+#include "support/fake_memory.h"
+#include "support/fake_message_boxes.h"
+#include "support/fake_power.h"
+#include "support/fake_printer.h"
+#include "support/fake_program_starter.h"
+#include "support/fake_settings_store.h"
+#include "support/fake_sound_output.h"
+#include "support/fake_tray.h"
+#include "support/fake_window_stack.h"
+#include "support/files.h"
+
+using namespace tickwell;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kStartUp = 11'000;  // ms until the stored function starts
+
+class WatchedDrive : public FakeCdDrive {
+public:
+    void Stop() override {
+        FakeCdDrive::Stop();
+        if (onStop) {
+            onStop();
+        }
+    }
+
+    std::function<void()> onStop;
+};
+
+/// The whole program in a folder of its own, a quarter of a minute before nine in the evening.
+struct Bench {
+    QTemporaryDir dir;
+    VirtualTime time{QDateTime(QDate(1998, 11, 15), QTime(20, 59, 45)), 307'000};
+    FakeMessageBoxes boxes;
+    Handlers handlers{boxes};
+    FakePower power;
+    FakeMemory memory;
+    FakeTray tray;
+    FakeWindowStack stack;
+    FakeProgramStarter starter;
+    FakeAutostart autostart;
+    FakePrinter printer;
+    FakeSoundOutput sound;
+    FakeEventWait wait;
+    WatchedDrive drive;
+    ProgramState state;
+    QStringList journal;
+    std::unique_ptr<RunningProgram> program;
+
+    explicit Bench(const QString& function) {
+        CopyFiles(QStringLiteral(TICKWELL_MASTERS), dir.path(), RequiredFiles());
+        drive.PutIn(ThreeTracks());
+        state.started = StartUp(dir.path(), [&function] {
+            auto store = std::make_unique<FakeSettingsStore>();
+            store->Put(u"SetUp"_s, u"Function"_s, function);
+            return store;
+        });
+        const ProgramPorts ports{time,  time,    time,      time,    boxes, handlers, power, memory, tray,
+                                 stack, starter, autostart, printer, sound, wait,     drive, drive};
+        program = std::make_unique<RunningProgram>(ports, state, [this] { Note(u"closed"_s); });
+        program->Start();
+        time.Advance(kStartUp);
+    }
+
+    /// What happens, and what is still open at that moment.
+    void Note(const QString& what) {
+        journal.append(what + (sound.OpenDevices() > 0 ? u", sound"_s : QString()) +
+                       (state.started.dayDatabase ? u", day database"_s : QString()));
+    }
+    static QWidget& Window(const char* name) {
+        for (QWidget* each : QApplication::topLevelWidgets()) {
+            if (each->objectName() == QLatin1StringView(name)) {
+                return *each;
+            }
+        }
+        qFatal("no window %s", name);
+    }
+    static void Press(const char* window, const char* button) {
+        Window(window).findChild<QPushButton*>(QLatin1StringView(button))->click();
+    }
+};
+
+}  // namespace
+
+/// What the program's parts do together, from the end of its start-up to its end.
+class TstRunningProgram : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void ANoticeWithoutItsSoundTellsSo();
+    void SoundEndsBeforeTheDiscAndBothBeforeTheDayDatabase();
+};
+
+void TstRunningProgram::ANoticeWithoutItsSoundTellsSo() {
+    Bench bench(u"3"_s);
+    QVERIFY(QFile::remove(bench.dir.filePath(u"TKW00.wav"_s)));
+    bench.Press("TimerForm", "Command1");
+    bench.time.Advance(14'999);
+    QVERIFY(bench.boxes.Shown().isEmpty());
+    bench.time.Advance(1);
+    QVERIFY(bench.Window("Form8").isVisible());
+    QVERIFY(!bench.boxes.Shown().isEmpty());
+    const Message told = bench.boxes.Shown().constFirst();
+    QCOMPARE(told.icon, MessageIcon::Critical);
+    QCOMPARE(told.title, u"マルチメディアエラー"_s);
+    QVERIFY(!told.text.isEmpty());
+    QCOMPARE(bench.program->Player().State().CdState, kCdNotReady);  // any failed command does that
+}
+
+void TstRunningProgram::SoundEndsBeforeTheDiscAndBothBeforeTheDayDatabase() {
+    Bench bench(u"0"_s);
+    bench.time.Advance(5000);  // the hour is struck
+    QVERIFY(bench.sound.OpenDevices() > 0);
+    bench.drive.onStop = [&bench] { bench.Note(u"disc stopped"_s); };
+    QVERIFY(bench.Window("Form1").close());
+    QVERIFY(bench.journal.size() >= 2);
+    QCOMPARE(bench.journal.constFirst(), u"disc stopped, day database"_s);
+    QCOMPARE(bench.journal.constLast(), u"closed"_s);
+}
+
+QTEST_MAIN(TstRunningProgram)
+#include "tst_running_program.moc"
