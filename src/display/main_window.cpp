@@ -1,11 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "display/main_window.h"
 
-#include <QApplication>
-#include <QScreen>
+#include <QGuiApplication>
 #include <QStyleHints>
-#include <QWindow>
-#include <algorithm>
 
 #include "core/settings_io.h"
 #include "display/line_styles.h"
@@ -144,9 +141,8 @@ void Form1::setuptimer_Timer() {
     if (!m_fitted) {
         m_fitted = true;
         m_geometry.Settle();
-        if (isVisible() && windowHandle() != nullptr && !windowHandle()->isExposed()) {
-            hide();  // mapped while the window manager was itself starting up, and lost by it: once more
-            show();
+        if (isVisible() && IsLost()) {
+            ShowAgain();  // it was mapped while the window manager was still starting up
         }
         Form_Resize();
         m_setuptimer->SetInterval(kStartDelay);
@@ -243,36 +239,6 @@ void Form1::Menu_AboutToShow() {
     m_menu->Item(MenuCommand::StoreInTray)->setEnabled(m_storage.CanStore());
 }
 
-void Form1::SetStored(bool stored) {
-    if (!stored) {
-        m_geometry.Unsettle();
-        move(m_geometry.Position());
-    }
-    setVisible(!stored);
-    UpdateKeepTop();
-}
-
-void Form1::HoldKeepTop(bool held) {
-    m_keepTopHeld = held;
-    UpdateKeepTop();
-}
-
-void Form1::UpdateKeepTop() {
-    if (m_started && !m_keepTopHeld && !m_storage.IsStored()) {
-        m_KeepTop.Start();
-    } else {
-        m_KeepTop.Stop();
-    }
-}
-
-/// Windows that were put above later, such as another program's, may have covered this one.
-void Form1::KeepTop_Timer() {
-    m_geometry.Settle();
-    if (!IsCovered()) {
-        m_parts.stack.PutAbove(winId());
-    }
-}
-
 /// Nothing is due to a line that nobody sees: it is brought up to date when it comes into sight.
 qint64 Form1::WhileSeen(qint64 untilDue) const {
     return m_pacer.IsSeen() ? untilDue : SleepingTimer::kLongestSleep;
@@ -289,38 +255,6 @@ qint64 Form1::UntilKeepTop() const {
     }
     const bool isTicking = untilLine > 1 && untilLine <= kSecond;  // 1 where it ticks at this very moment
     return isTicking ? kKeepTopTick - kSecond + untilLine : kKeepTopTick;
-}
-
-/// By a menu or a window of our own, which the user is at.
-bool Form1::IsCovered() const {
-    const QWidgetList windows = QApplication::topLevelWidgets();
-    return QApplication::activePopupWidget() != nullptr ||
-           std::any_of(windows.begin(), windows.end(), [this](const QWidget* each) {
-               return each != this && each->isVisible() && !each->isMinimized() &&
-                      each->frameGeometry().intersects(frameGeometry());
-           });
-}
-
-void Form1::ComeForward() {
-    m_storage.TakeBack();
-    QList<QRect> screens;
-    for (const QScreen* each : QGuiApplication::screens()) {
-        screens.append(each->geometry());
-    }
-    const QRect primary = QGuiApplication::primaryScreen()->availableGeometry();
-    const QPoint place = BroughtBack(geometry(), screens, primary).topLeft();
-    if (place != pos()) {
-        m_geometry.Settle();  // this place is meant, and not the stored one
-        move(place);
-    }
-    show();
-    m_parts.stack.PutAbove(winId());
-}
-
-void Form1::ComeForwardWithMenu() {
-    ComeForward();
-    activateWindow();  // the one time that it is asked to take the focus
-    OpenMenuByKey();
 }
 
 void Form1::SaveAll() {

@@ -38,8 +38,8 @@ public:
     void ApplySettings();
     void RaiseRefresh() override;
 
-    /// Shows the window above the others, out of the notification area, and brought onto a screen when it lay
-    /// wholly outside.
+    /// Shows the window above the others, whatever hid it: the notification area, the window manager, another
+    /// workspace, or a place outside all screens.
     void ComeForward();
     /// The same, and opens the menu for the keyboard.
     void ComeForwardWithMenu();
@@ -81,6 +81,8 @@ private:
     qint64 WhileSeen(qint64 untilDue) const;
     void UpdateKeepTop();
     bool IsCovered() const;
+    bool IsLost() const;
+    void ShowAgain();
 
     MainWindowParts m_parts;
     FramePacer m_pacer;

@@ -76,6 +76,11 @@ void Form1::resizeEvent(QResizeEvent* event) {
 
 bool Form1::event(QEvent* event) {
     if (event->type() == QEvent::Show) {
+        if (!event->spontaneous()) {  // about to be mapped
+            m_parts.stack.Declare(winId());
+            QMetaObject::invokeMethod(
+                this, [this] { m_parts.stack.AskForDeclared(winId()); }, Qt::QueuedConnection);
+        }
         windowHandle()->installEventFilter(this);  // once, however often
         SetSeen(true);
     } else if (event->type() == QEvent::Hide) {

@@ -1,83 +1,113 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/x11_stack.h"
 
-#include <xcb/xcb.h>
-
-#include <QGuiApplication>
-#include <QList>
 #include <algorithm>
-#include <cstdlib>
-#include <cstring>
-#include <memory>
+#include <string_view>
+
+#include "platform/x11_requests.h"
 
 namespace tickwell {
 
 namespace {
 
-constexpr quint32 kMostItems = 4096;  // of a list of windows that is read
 constexpr quint32 kAddState = 1;
 constexpr quint32 kFromApplication = 1;
-constexpr quint32 kFromPager = 2;  // restacking is heard from panels and pagers alone
+constexpr quint32 kFromPager =
+    2;  // window managers obey some requests only if they come from a panel or pager
+constexpr quint32 kAllDesktops = 0xFFFFFFFF;
+constexpr quint32 kNormalState = 1;  // in WM_STATE
 
-struct Freed {
-    void operator()(void* memory) const { std::free(memory); }
-};
-
-template <typename Reply>
-using Answer = std::unique_ptr<Reply, Freed>;
-
-xcb_connection_t* Server() {
-    auto* x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
-    return x11 == nullptr ? nullptr : x11->connection();
+bool IsSet(const QList<quint32>& flag) {
+    return !flag.isEmpty() && flag.constFirst() != 0;
 }
 
-xcb_window_t RootOf(xcb_connection_t* server) {
-    return xcb_setup_roots_iterator(xcb_get_setup(server)).data->root;
-}
-
-xcb_get_property_cookie_t AskItems(xcb_connection_t* server, xcb_window_t window, xcb_atom_t property) {
-    return xcb_get_property(server, 0, window, property, XCB_GET_PROPERTY_TYPE_ANY, 0, kMostItems);
-}
-
-/// A property made of 32-bit items; empty where it is absent.
-QList<quint32> Items(xcb_connection_t* server, xcb_get_property_cookie_t request) {
-    const Answer<xcb_get_property_reply_t> reply(xcb_get_property_reply(server, request, nullptr));
-    if (!reply || reply->format != 32) {
-        return {};
-    }
-    QList<quint32> items(reply->value_len);
-    std::memcpy(items.data(), xcb_get_property_value(reply.get()), static_cast<size_t>(items.size()) * 4);
-    return items;
-}
-
-void Ask(xcb_connection_t* server, xcb_window_t window, xcb_atom_t message, std::array<quint32, 5> words) {
-    xcb_client_message_event_t event{};
-    event.response_type = XCB_CLIENT_MESSAGE;
-    event.format = 32;
-    event.window = window;
-    event.type = message;
-    std::copy(words.begin(), words.end(), std::begin(event.data.data32));
-    xcb_send_event(server, 0, RootOf(server),
-                   XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY | XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT,
-                   reinterpret_cast<const char*>(&event));
+bool IsViewable(xcb_connection_t* server, xcb_window_t window) {
+    const XcbReply<xcb_get_window_attributes_reply_t> attributes(
+        xcb_get_window_attributes_reply(server, xcb_get_window_attributes(server, window), nullptr));
+    return attributes && attributes->map_state == XCB_MAP_STATE_VIEWABLE;
 }
 
 }  // namespace
 
-void X11Stack::LearnNames(xcb_connection_t* server) {
-    const std::array<std::pair<const char*, quint32*>, 5> wanted{
-        {{"_NET_SUPPORTING_WM_CHECK", &m_names.checkWindow},
-         {"_NET_WM_STATE", &m_names.state},
-         {"_NET_WM_STATE_ABOVE", &m_names.above},
-         {"_NET_CLIENT_LIST_STACKING", &m_names.stacking},
-         {"_NET_RESTACK_WINDOW", &m_names.restack}}};
-    std::array<xcb_intern_atom_cookie_t, 5> requests{};
-    std::transform(wanted.begin(), wanted.end(), requests.begin(), [server](const auto& name) {
-        return xcb_intern_atom(server, 0, static_cast<quint16>(std::strlen(name.first)), name.first);
+xcb_connection_t* X11Stack::Server() {
+    xcb_connection_t* server = X11Connection();
+    if (server != nullptr && Atom(State) == 0) {
+        InternAtoms(server);
+    }
+    return server;
+}
+
+void X11Stack::InternAtoms(xcb_connection_t* server) {
+    constexpr std::array<std::string_view, AtomCount> kNames{"_NET_SUPPORTING_WM_CHECK",
+                                                             "_NET_WM_STATE",
+                                                             "_NET_WM_STATE_ABOVE",
+                                                             "_NET_WM_STATE_STICKY",
+                                                             "_NET_WM_STATE_SKIP_TASKBAR",
+                                                             "_NET_WM_STATE_SKIP_PAGER",
+                                                             "_NET_WM_DESKTOP",
+                                                             "_NET_CURRENT_DESKTOP",
+                                                             "_NET_SHOWING_DESKTOP",
+                                                             "_NET_CLIENT_LIST_STACKING",
+                                                             "_NET_RESTACK_WINDOW",
+                                                             "_NET_WM_USER_TIME",
+                                                             "WM_STATE"};
+    std::array<xcb_intern_atom_cookie_t, AtomCount> requests{};
+    std::transform(kNames.begin(), kNames.end(), requests.begin(), [server](std::string_view name) {
+        return xcb_intern_atom(server, 0, static_cast<quint16>(name.size()), name.data());
     });
-    for (size_t i = 0; i < wanted.size(); ++i) {
-        const Answer<xcb_intern_atom_reply_t> reply(xcb_intern_atom_reply(server, requests[i], nullptr));
-        *wanted[i].second = reply ? reply->atom : 0;
+    std::transform(
+        requests.begin(), requests.end(), m_atoms.begin(), [server](xcb_intern_atom_cookie_t request) {
+            const XcbReply<xcb_intern_atom_reply_t> reply(xcb_intern_atom_reply(server, request, nullptr));
+            return reply ? reply->atom : 0;
+        });
+}
+
+void X11Stack::Declare(quintptr window) {
+    xcb_connection_t* server = Server();
+    if (server == nullptr) {
+        return;
+    }
+    const auto ours = static_cast<xcb_window_t>(window);
+    const std::array<quint32, 4> states{Atom(Above), Atom(Sticky), Atom(SkipTaskbar), Atom(SkipPager)};
+    // Replaces what the window manager left there, such as "hidden"; Qt adds its own states when it maps.
+    xcb_change_property(server, XCB_PROP_MODE_REPLACE, ours, Atom(State), XCB_ATOM_ATOM, 32, states.size(),
+                        states.data());
+    xcb_change_property(server, XCB_PROP_MODE_REPLACE, ours, Atom(Desktop), XCB_ATOM_CARDINAL, 32, 1,
+                        &kAllDesktops);
+    const quint32 never = 0;
+    xcb_change_property(server, XCB_PROP_MODE_REPLACE, ours, Atom(UserTime), XCB_ATOM_CARDINAL, 32, 1,
+                        &never);
+    m_refused = {};
+}
+
+void X11Stack::AskForDeclared(quintptr window) {
+    if (xcb_connection_t* server = Server()) {
+        SendDeclared(server, static_cast<xcb_window_t>(window));
+        xcb_flush(server);
+    }
+}
+
+void X11Stack::SendDeclared(xcb_connection_t* server, quint32 window) const {
+    SendToManager(server, window, Atom(State),
+                  {kAddState, Atom(SkipTaskbar), Atom(SkipPager), kFromApplication, 0});
+    SendToManager(server, window, Atom(State), {kAddState, Atom(Above), Atom(Sticky), kFromApplication, 0});
+    // Not every window manager takes the state for the workspaces: openbox knows their number alone.
+    SendToManager(server, window, Atom(Desktop), {kAllDesktops, kFromApplication, 0, 0, 0});
+}
+
+bool X11Stack::HasDeclared(const Kept& kept) const {
+    const bool isEverywhere =
+        kept.states.contains(Atom(Sticky)) || kept.desktop == QList<quint32>{kAllDesktops};
+    return isEverywhere && kept.states.contains(Atom(SkipTaskbar)) && kept.states.contains(Atom(SkipPager));
+}
+
+/// A window manager that has refused once is not asked again until it changes what it keeps.
+void X11Stack::AskAgain(xcb_connection_t* server, quint32 window, const Kept& kept) {
+    if (HasDeclared(kept)) {
+        m_refused = {};
+    } else if (kept != m_refused) {
+        m_refused = kept;
+        SendDeclared(server, window);
     }
 }
 
@@ -86,29 +116,69 @@ void X11Stack::PutAbove(quintptr window) {
     if (server == nullptr) {
         return;
     }
-    if (m_names.state == 0) {
-        LearnNames(server);
-    }
     const auto ours = static_cast<xcb_window_t>(window);
-    // All asked at once: each answer that is waited for alone is one more wake-up.
-    const auto checkWindow = AskItems(server, RootOf(server), m_names.checkWindow);
-    const auto stacking = AskItems(server, RootOf(server), m_names.stacking);
-    const auto states = AskItems(server, ours, m_names.state);
-    const bool hasManager = !Items(server, checkWindow).isEmpty();
-    const QList<quint32> stack = Items(server, stacking);
-    const bool isAbove = Items(server, states).contains(m_names.above);
+    // All requested before the first answer is read: each answer waited for on its own is one more wake-up.
+    const auto checkWindow = RequestItems(server, RootOf(server), Atom(CheckWindow));
+    const auto stacking = RequestItems(server, RootOf(server), Atom(Stacking));
+    const auto states = RequestItems(server, ours, Atom(State));
+    const auto desktop = RequestItems(server, ours, Atom(Desktop));
+    const bool hasManager = !ItemsOf(server, checkWindow).isEmpty();
+    const QList<quint32> stack = ItemsOf(server, stacking);
+    const Kept kept{ItemsOf(server, states), ItemsOf(server, desktop)};
     if (!hasManager) {
         const quint32 above = XCB_STACK_MODE_ABOVE;
         xcb_configure_window(server, ours, XCB_CONFIG_WINDOW_STACK_MODE, &above);
     } else {
         // A manager that has nothing to do is left alone.
         const bool isTop = !stack.isEmpty() && stack.constLast() == ours;
-        if (!isTop || !isAbove) {
-            Ask(server, ours, m_names.state, {kAddState, m_names.above, 0, kFromApplication, 0});
-            Ask(server, ours, m_names.restack, {kFromPager, 0, XCB_STACK_MODE_ABOVE, 0, 0});
+        if (!isTop || !kept.states.contains(Atom(Above))) {
+            SendToManager(server, ours, Atom(State), {kAddState, Atom(Above), 0, kFromApplication, 0});
+            SendToManager(server, ours, Atom(Restack), {kFromPager, 0, XCB_STACK_MODE_ABOVE, 0, 0});
         }
+        AskAgain(server, ours, kept);
     }
     xcb_flush(server);
+}
+
+void X11Stack::BringToUser(quintptr window) {
+    xcb_connection_t* server = Server();
+    if (server == nullptr) {
+        return;
+    }
+    const auto ours = static_cast<xcb_window_t>(window);
+    const auto showing = RequestItems(server, RootOf(server), Atom(ShowingDesktop));
+    const auto current = RequestItems(server, RootOf(server), Atom(CurrentDesktop));
+    const auto desktop = RequestItems(server, ours, Atom(Desktop));
+    if (IsSet(ItemsOf(server, showing))) {
+        SendToManager(server, RootOf(server), Atom(ShowingDesktop), {0, 0, 0, 0, 0});
+    }
+    const QList<quint32> here = ItemsOf(server, current);
+    const QList<quint32> kept = ItemsOf(server, desktop);
+    const bool isElsewhere = !kept.isEmpty() && kept.constFirst() != kAllDesktops && kept != here;
+    if (isElsewhere && !here.isEmpty()) {
+        // First here, then everywhere: a manager that refuses the second has still done the first.
+        SendToManager(server, ours, Atom(Desktop), {here.constFirst(), kFromPager, 0, 0, 0});
+        SendDeclared(server, ours);
+    }
+    xcb_flush(server);
+}
+
+bool X11Stack::IsLost(quintptr window) {
+    xcb_connection_t* server = Server();
+    if (server == nullptr) {
+        return false;
+    }
+    const auto ours = static_cast<xcb_window_t>(window);
+    const auto checkWindow = RequestItems(server, RootOf(server), Atom(CheckWindow));
+    const auto showing = RequestItems(server, RootOf(server), Atom(ShowingDesktop));
+    const auto state = RequestItems(server, ours, Atom(WmState));
+    const bool hasManager = !ItemsOf(server, checkWindow).isEmpty();
+    const bool showsDesktop = IsSet(ItemsOf(server, showing));
+    const QList<quint32> kept = ItemsOf(server, state);
+    if (!hasManager) {
+        return !IsViewable(server, ours);
+    }
+    return !showsDesktop && (kept.isEmpty() || kept.constFirst() != kNormalState);
 }
 
 }  // namespace tickwell

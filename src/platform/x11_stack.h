@@ -1,32 +1,61 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <QList>
+#include <array>
+
 #include "core/ports/window_stack.h"
 
 struct xcb_connection_t;
 
 namespace tickwell {
 
-/// The stack of an X11 screen. The window manager is asked by client messages, as a panel would ask it: the
-/// toolkit's own way of raising a window hands it the keyboard under some managers. Without X11 nothing
-/// happens.
+/// The window stack of an X11 screen, through the hints and client messages of EWMH. Restacking is requested
+/// as a panel requests it, because Qt's own way of raising a window gives it the focus under some window
+/// managers. Without a window manager the window is restacked directly. Without X11 nothing happens.
 class X11Stack : public WindowStack {
 public:
+    void Declare(quintptr window) override;
+    void AskForDeclared(quintptr window) override;
     void PutAbove(quintptr window) override;
+    void BringToUser(quintptr window) override;
+    bool IsLost(quintptr window) override;
 
 private:
-    /// Names of the window system, asked for once.
-    struct Names {
-        quint32 checkWindow = 0;
-        quint32 state = 0;
-        quint32 above = 0;
-        quint32 stacking = 0;
-        quint32 restack = 0;
+    /// What the window manager keeps about a window.
+    struct Kept {
+        QList<quint32> states;
+        QList<quint32> desktop;  ///< one item, or none if there is no window manager or it has no workspaces
+
+        bool operator==(const Kept& other) const = default;
+    };
+    enum AtomName : size_t {
+        CheckWindow,
+        State,
+        Above,
+        Sticky,
+        SkipTaskbar,
+        SkipPager,
+        Desktop,
+        CurrentDesktop,
+        ShowingDesktop,
+        Stacking,
+        Restack,
+        UserTime,
+        WmState,
+        AtomCount
     };
 
-    void LearnNames(xcb_connection_t* server);
+    /// The connection, with the atoms interned; null without X11.
+    xcb_connection_t* Server();
+    void InternAtoms(xcb_connection_t* server);
+    quint32 Atom(AtomName name) const { return m_atoms.at(name); }
+    bool HasDeclared(const Kept& kept) const;
+    void AskAgain(xcb_connection_t* server, quint32 window, const Kept& kept);
+    void SendDeclared(xcb_connection_t* server, quint32 window) const;
 
-    Names m_names;
+    std::array<quint32, AtomCount> m_atoms{};
+    Kept m_refused;  // what was kept when the declared states were last asked for in vain
 };
 
 }  // namespace tickwell

@@ -2,6 +2,7 @@
 #include <QDialog>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QWindow>
 
 #include "display/main_window_bench.h"
 #include "support/files.h"
@@ -31,6 +32,13 @@ private Q_SLOTS:
     void ItDoesNotWhileItsMenuIsOpen();
     void ItDoesNotOverAWindowOfOurs();
     void ItDoesNotInTheNotificationArea();
+    void AnIconifiedWindowIsBackWithTheNextLook();
+    void ItStaysIconifiedWhileItsMenuIsOpen();
+    void AWindowThatWasNotTakenInIsShownAgainOnce();
+    void AWindowThatIsOnTheScreenIsNotHiddenWhileItSettles();
+    void ASecondStartBringsAnIconifiedWindowBack();
+    void ASecondStartBringsItToTheUsersWorkspace();
+    void ItDeclaresItselfEachTimeItIsShown();
     void WithoutANotificationAreaItsItemIsDisabled();
     void TheNotificationAreaTakesItAndGivesItBack();
     void TheAreasMenuHasItsCommands();
@@ -163,6 +171,91 @@ void TstMainWindowShell::ItDoesNotInTheNotificationArea() {
     bench.Item("Menu91").trigger();
     bench.time.Advance(2000);
     QCOMPARE(bench.stack.raised.size(), 1);
+}
+
+void TstMainWindowShell::AnIconifiedWindowIsBackWithTheNextLook() {
+    MainWindowBench bench;
+    bench.Start();
+    bench.time.Advance(kStartUp);
+    const QRect before = bench.form->geometry();
+    bench.form->setWindowState(Qt::WindowMinimized);
+    bench.time.Advance(1999);
+    QVERIFY(bench.form->isMinimized());
+    const auto declared = bench.stack.declared.size();
+    bench.time.Advance(1);
+    QVERIFY(!bench.form->isMinimized());
+    QVERIFY(bench.form->isVisible());
+    QVERIFY(bench.stack.declared.size() > declared);
+    QCOMPARE(bench.stack.raised, QList<quintptr>{bench.form->winId()});
+    QCOMPARE(bench.form->geometry(), before);
+    QVERIFY(bench.stack.brought.isEmpty());  // where the user looks is his own affair
+}
+
+void TstMainWindowShell::ItStaysIconifiedWhileItsMenuIsOpen() {
+    MainWindowBench bench;
+    bench.Start();
+    bench.time.Advance(kStartUp);
+    QTest::keyClick(bench.form.get(), Qt::Key_Space);
+    bench.form->setWindowState(Qt::WindowMinimized);
+    bench.time.Advance(10'000);
+    QVERIFY(bench.form->isMinimized());
+    QCOMPARE(bench.form->VisibleMenus().size(), 1);
+    bench.form->VisibleMenus().constFirst()->close();
+    bench.time.Advance(2000);
+    QVERIFY(!bench.form->isMinimized());
+}
+
+void TstMainWindowShell::AWindowThatWasNotTakenInIsShownAgainOnce() {
+    MainWindowBench bench;
+    bench.stack.isLost = true;
+    bench.Start();
+    bench.time.Advance(2999);
+    QCOMPARE(bench.stack.declared.size(), 1);
+    bench.time.Advance(1);
+    const auto shownAgain = bench.stack.declared.size();
+    QVERIFY(shownAgain > 1);
+    bench.stack.isLost = false;
+    bench.time.Advance(60'000);
+    QCOMPARE(bench.stack.declared.size(), shownAgain);
+    QVERIFY(bench.form->isVisible());
+}
+
+void TstMainWindowShell::AWindowThatIsOnTheScreenIsNotHiddenWhileItSettles() {
+    MainWindowBench bench;
+    bench.Start();
+    QVERIFY(!bench.form->windowHandle()->isExposed());  // Qt has not heard of it yet; a click would be lost
+    bench.time.Advance(kStartUp);
+    QCOMPARE(bench.stack.declared.size(), 1);
+}
+
+void TstMainWindowShell::ASecondStartBringsAnIconifiedWindowBack() {
+    MainWindowBench bench;
+    bench.Start();
+    bench.form->setWindowState(Qt::WindowMinimized);
+    bench.form->ComeForward();  // during the start-up delay already
+    QVERIFY(!bench.form->isMinimized());
+    QVERIFY(bench.form->isVisible());
+    QCOMPARE(bench.stack.raised, QList<quintptr>{bench.form->winId()});
+}
+
+void TstMainWindowShell::ASecondStartBringsItToTheUsersWorkspace() {
+    MainWindowBench bench;
+    bench.Start();
+    bench.form->ComeForward();
+    QCOMPARE(bench.stack.brought, QList<quintptr>{bench.form->winId()});
+}
+
+void TstMainWindowShell::ItDeclaresItselfEachTimeItIsShown() {
+    MainWindowBench bench;
+    bench.tray.SetThere(true);
+    bench.Start();
+    QCOMPARE(bench.stack.declared, QList<quintptr>{bench.form->winId()});
+    QVERIFY(bench.stack.askedFor.isEmpty());  // only once it is shown
+    QTRY_COMPARE(bench.stack.askedFor, QList<quintptr>{bench.form->winId()});
+    bench.Item("Menu19").trigger();
+    bench.Item("Menu91").trigger();
+    QCOMPARE(bench.stack.declared.size(), 2);
+    QTRY_COMPARE(bench.stack.askedFor.size(), 2);
 }
 
 void TstMainWindowShell::WithoutANotificationAreaItsItemIsDisabled() {

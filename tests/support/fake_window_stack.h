@@ -7,12 +7,20 @@
 
 namespace tickwell {
 
-/// Remembers which windows were put above.
+/// Remembers what was asked for which window.
 class FakeWindowStack : public WindowStack {
 public:
+    void Declare(quintptr window) override { declared.append(window); }
+    void AskForDeclared(quintptr window) override { askedFor.append(window); }
     void PutAbove(quintptr window) override { raised.append(window); }
+    void BringToUser(quintptr window) override { brought.append(window); }
+    bool IsLost(quintptr /*window*/) override { return isLost; }
 
+    QList<quintptr> declared;
+    QList<quintptr> askedFor;
     QList<quintptr> raised;
+    QList<quintptr> brought;
+    bool isLost = false;
 };
 
 }  // namespace tickwell

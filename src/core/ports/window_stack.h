@@ -5,14 +5,32 @@
 
 namespace tickwell {
 
-/// The order in which the desktop's windows lie above each other.
+/// Where the window manager keeps a window of ours: above the others, on all workspaces, out of taskbar and
+/// pager. Windows are named by their number in the window system. No function moves, sizes or shows a window
+/// or gives it the focus, and none waits for the window manager.
 class WindowStack {
 public:
     virtual ~WindowStack() = default;
 
-    /// Puts a window of ours, by its number in the window system, above all others. It is not moved, sized,
-    /// shown or given the focus.
+    /// Declares, for a window that is about to be shown, that it belongs on all workspaces, in no taskbar or
+    /// pager, and does not want the focus. A hidden window loses this, so it is called before each time that
+    /// it is shown.
+    virtual void Declare(quintptr window) = 0;
+
+    /// Asks the window manager for the same once the window has been shown, in case it overlooked what was
+    /// declared.
+    virtual void AskForDeclared(quintptr window) = 0;
+
+    /// Puts a window above all others, and asks again for what was declared and is missing.
     virtual void PutAbove(quintptr window) = 0;
+
+    /// Brings a window to the workspace that the user sees, and ends a display of the bare desktop.
+    virtual void BringToUser(quintptr window) = 0;
+
+    /// Whether a window that should be shown is iconified, or has no window manager taking care of it
+    /// although there is one. It then has to be hidden and shown again. False while the window manager shows
+    /// the bare desktop: it gives the window back by itself.
+    virtual bool IsLost(quintptr window) = 0;
 };
 
 }  // namespace tickwell

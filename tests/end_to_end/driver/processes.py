@@ -20,6 +20,14 @@ def marked(value):
     return [int(entry.name) for entry in numbered if _carries(entry, value)]
 
 
+def process_of(session, name):
+    """Id of the session's one process with this name, as `ps` gives it."""
+    found = [pid for pid in marked(session.directory) if Path(f"/proc/{pid}/comm").read_text().strip() == name]
+    if len(found) != 1:
+        raise RuntimeError(f"{len(found)} processes are {name}")
+    return found[0]
+
+
 def end_marked(value, patience=5.0):
     """Asks each of them to end, and ends those that do not within `patience` seconds."""
     _send(value, signal.SIGTERM)
