@@ -5,30 +5,110 @@
 #include <QScreen>
 #include <QWindow>
 #include <algorithm>
+#include <limits>
+#include <tuple>
 
 namespace tickwell {
 
 namespace {
 
-constexpr int kGap = 8;     // pixels between the two
-constexpr int kTitle = 32;  // what a window manager may add above
+// Logical pixels.
+constexpr int kGap = 8;  // between two windows
+// The largest frame that is expected; a window learns its own only once it is shown.
+constexpr int kTitle = 32;
+constexpr int kBorder = 6;
+
+enum class Side { Below, Above, Right, Left, Over };
+
+/// What one place costs; the least is the best.
+using Cost = std::tuple<qint64, int, Side, int>;
+
+qint64 AreaOf(const QRect& rect) {
+    return rect.isEmpty() ? 0 : qint64{rect.width()} * rect.height();
+}
+
+/// Pixels between two ranges, 0 if they touch or meet.
+int Between(int from, int to, int otherFrom, int otherTo) {
+    return std::max({0, otherFrom - to - 1, from - otherTo - 1});
+}
+
+Side SideOf(const QRect& place, const QRect& opener) {
+    if (place.top() > opener.bottom()) {
+        return Side::Below;
+    }
+    if (place.bottom() < opener.top()) {
+        return Side::Above;
+    }
+    if (place.left() > opener.right()) {
+        return Side::Right;
+    }
+    return place.right() < opener.left() ? Side::Left : Side::Over;
+}
+
+Cost CostOf(const QRect& place, const QRect& opener, const QList<QRect>& taken) {
+    qint64 covered = AreaOf(place & opener);
+    for (const QRect& each : taken) {
+        covered += AreaOf(place & each);
+    }
+    const int distance = Between(place.left(), place.right(), opener.left(), opener.right()) +
+                         Between(place.top(), place.bottom(), opener.top(), opener.bottom());
+    const int shift = (place.topLeft() - opener.topLeft()).manhattanLength();
+    return {covered, std::max(distance, kGap), SideOf(place, opener), shift};
+}
+
+/// The part of `room` that corners may lie in, which has at least one point.
+QRect CornersIn(const QRect& screen, QSize size) {
+    const QRect room = screen.adjusted(0, 0, -size.width(), -size.height());
+    return {room.topLeft(), QSize(std::max(0, room.width()) + 1, std::max(0, room.height()) + 1)};
+}
+
+/// The frame of one of our windows, as far as it is known.
+QRect FrameOf(const QWidget& window) {
+    const QRect frame = window.frameGeometry();
+    const bool hasFrame = !window.windowFlags().testFlag(Qt::FramelessWindowHint);
+    if (!hasFrame || frame.size() != window.size()) {
+        return frame;
+    }
+    return {frame.topLeft(), frame.size() + QSize(2 * kBorder, kTitle + kBorder)};
+}
+
+/// The places that our windows take on the screen.
+QList<QRect> TakenBeside(const QWidget& window) {
+    QList<QRect> taken;
+    for (const QWidget* each : QApplication::topLevelWidgets()) {
+        const Qt::WindowType type = each->windowType();
+        const bool isPassing = type == Qt::Popup || type == Qt::ToolTip;
+        if (each != &window && each->isVisible() && !each->isMinimized() && !isPassing) {
+            taken.append(FrameOf(*each));
+        }
+    }
+    return taken;
+}
 
 }  // namespace
 
-QPoint PlaceNear(QSize size, const QRect& opener, const QRect& screen) {
-    const QRect room = screen.adjusted(0, kTitle, -size.width(), -size.height());  // for the corner
-    const int below = opener.bottom() + 1 + kGap + kTitle;
-    const int above = opener.top() - kGap - size.height();
-    const int right = opener.right() + 1 + kGap;
-    const int left = opener.left() - kGap - size.width();
-    QPoint corner(opener.left(), below);
-    if (below > room.bottom() && above >= room.top()) {
-        corner.setY(above);
-    } else if (below > room.bottom()) {
-        corner = {right <= room.right() ? right : left, opener.top() + kTitle};
+QPoint PlaceNear(QSize size, const QRect& opener, const QRect& screen, const QList<QRect>& taken) {
+    const QRect corners = CornersIn(screen, size);
+    QList<int> lefts{opener.left()};
+    QList<int> tops{opener.top()};
+    for (const QRect& each : QList<QRect>{opener} + taken) {
+        // Beside it, or if there is no room, so far over it that its title stays free.
+        lefts.append({each.right() + 1 + kGap, each.left() - kGap - size.width(), each.left() + kTitle});
+        tops.append({each.bottom() + 1 + kGap, each.top() - kGap - size.height(), each.top() + kTitle});
     }
-    return {std::max(room.left(), std::min(corner.x(), room.right())),
-            std::max(room.top(), std::min(corner.y(), room.bottom()))};
+    QPoint best = corners.topLeft();
+    Cost least{std::numeric_limits<qint64>::max(), 0, Side::Over, 0};
+    for (const int left : lefts) {
+        for (const int top : tops) {
+            const QPoint corner(std::clamp(left, corners.left(), corners.right()),
+                                std::clamp(top, corners.top(), corners.bottom()));
+            const Cost cost = CostOf(QRect(corner, size), opener, taken);
+            if (cost < least) {
+                std::tie(best, least) = std::tie(corner, cost);
+            }
+        }
+    }
+    return best;
 }
 
 void PlaceNear(QWidget& window, const QWidget& opener) {
@@ -36,7 +116,9 @@ void PlaceNear(QWidget& window, const QWidget& opener) {
     if (!window.testAttribute(Qt::WA_Resized)) {  // it has no size of its own
         window.adjustSize();
     }
-    window.move(PlaceNear(window.size(), opener.geometry(), opener.screen()->availableGeometry()));
+    const QSize framed = window.size() + QSize(2 * kBorder, kTitle + kBorder);
+    window.move(
+        PlaceNear(framed, opener.geometry(), opener.screen()->availableGeometry(), TakenBeside(window)));
 }
 
 void LetThroughModal(QWidget& window) {

@@ -1,18 +1,21 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <QList>
 #include <QRect>
 #include <QWidget>
 
 namespace tickwell {
 
-/// Where a window of this size goes that is opened from `opener`: below it, else above, else beside it, as
-/// far as `screen` leaves room, and always wholly on the screen where it fits there at all. Places and sizes
-/// are those inside the frame that a window manager puts around it; room is left for its title.
-QPoint PlaceNear(QSize size, const QRect& opener, const QRect& screen);
+/// The corner of a rectangle of this size that lies on `screen`, covers neither `opener` nor any of `taken`,
+/// and is as near to `opener` as possible: of equal distances below it, else above, else to the right, else
+/// to the left. If no place is free, the one that covers the least. What is larger than the screen is put at
+/// the screen's corner.
+QPoint PlaceNear(QSize size, const QRect& opener, const QRect& screen, const QList<QRect>& taken);
 
-/// Puts a window that is not shown yet there, above other programs' windows as the main window is, whom it
-/// would be hidden by else.
+/// Puts a window that is not shown yet near `opener` with its frame and title bar on the screen, apart from
+/// our other windows, and above other programs' windows, as the main window is, which it would be hidden by
+/// otherwise.
 void PlaceNear(QWidget& window, const QWidget& opener);
 
 /// While a window is open that blocks all others, lets this one through: the user can work with it. Without
