@@ -3,6 +3,7 @@
 
 #include <QApplication>
 #include <QInputMethodEvent>
+#include <QPointer>
 #include <QTest>
 #include <QWheelEvent>
 #include <utility>
@@ -182,8 +183,11 @@ void Hands::Turn(QWidget& widget, QPoint at, QPoint angle, Qt::KeyboardModifiers
 
 void Hands::Key(Qt::Key key, Qt::KeyboardModifiers modifiers) {
     const QWidget* popup = QApplication::activePopupWidget();  // it has the keys of all windows
-    if (QWindow* window = popup != nullptr ? WindowOf(*popup) : QGuiApplication::focusWindow()) {
-        QTest::sendKeyEvent(QTest::Click, window, key, TextOf(key, modifiers), modifiers);
+    const QPointer<QWindow> window = popup != nullptr ? WindowOf(*popup) : QGuiApplication::focusWindow();
+    for (const QTest::KeyAction action : {QTest::Press, QTest::Release}) {
+        if (window != nullptr) {  // the press may have closed a menu for good
+            QTest::sendKeyEvent(action, window, key, TextOf(key, modifiers), modifiers);
+        }
     }
 }
 
