@@ -61,6 +61,9 @@ Opened OpenAny(const std::string& source) {
     }
     std::error_code error;
     const std::filesystem::path path = std::filesystem::absolute(source, error);
+    if (!std::filesystem::is_regular_file(path, error)) {
+        return {};  // a pipe would block, and a device never end
+    }
     std::string kind = path.extension().string();
     std::transform(kind.begin(), kind.end(), kind.begin(),
                    [](unsigned char letter) { return static_cast<char>(std::tolower(letter)); });

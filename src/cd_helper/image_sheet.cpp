@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <array>
 #include <cctype>
+#include <cstdint>
 #include <filesystem>
 #include <fstream>
 #include <sstream>
@@ -15,6 +16,9 @@ namespace tickwell {
 namespace {
 
 using Words = std::vector<std::string>;
+
+constexpr std::uintmax_t kLargestSheet =
+    1 << 20;  // bytes; one of 99 tracks with all their names has a twentieth
 
 std::string UpperCase(std::string text) {
     std::transform(text.begin(), text.end(), text.begin(),
@@ -39,9 +43,14 @@ Words WordsOf(const std::string& line) {
     return words;
 }
 
-/// The lines of a sheet that say anything; none where it cannot be read.
+/// The lines of a sheet that say anything; none if it cannot be read or is no sheet by its size.
 std::vector<Words> LinesOf(const std::string& path) {
     std::vector<Words> lines;
+    std::error_code error;
+    if (std::filesystem::file_size(path, error) > kLargestSheet ||
+        error) {  // an error, too, for what is no file
+        return lines;
+    }
     std::ifstream file(path);
     for (std::string line; std::getline(file, line);) {
         if (Words words = WordsOf(line); !words.empty()) {
@@ -59,12 +68,23 @@ std::string WordAt(const Words& words, std::size_t index) {
     return index < words.size() ? words[index] : std::string();
 }
 
+/// The file of sound that the library takes for a cue sheet.
+std::filesystem::path FileBeside(const std::filesystem::path& sheet) {
+    return std::filesystem::path(sheet).replace_extension(sheet.extension() == ".CUE" ? ".BIN" : ".bin");
+}
+
+/// Whether opening a file could block for ever, as with a pipe.
+bool CouldBlock(const std::filesystem::path& file) {
+    std::error_code ignored;
+    const auto status = std::filesystem::status(file, ignored);
+    return std::filesystem::exists(status) && !std::filesystem::is_regular_file(status);
+}
+
 /// Whether a sheet means another file than the one beside it that will be read. A name that leads nowhere
 /// means files that were given new names together.
 bool NamesAnotherFile(const std::filesystem::path& sheet, const std::string& name) {
     std::error_code ignored;
-    const auto taken =
-        std::filesystem::path(sheet).replace_extension(sheet.extension() == ".CUE" ? ".BIN" : ".bin");
+    const auto taken = FileBeside(sheet);
     const auto named = sheet.parent_path() / name;
     return std::filesystem::exists(named, ignored) && !std::filesystem::equivalent(named, taken, ignored);
 }
@@ -87,7 +107,7 @@ ImageSheet ReadCueSheet(const std::string& path) {
             isWhole = isWhole && IsOneOf(UpperCase(WordAt(words, 2)), {"AUDIO", "MODE1/2352", "MODE2/2352"});
         }
     }
-    sheet.isPlayable = files == 1 && isWhole;
+    sheet.isPlayable = files == 1 && isWhole && !CouldBlock(FileBeside(path));
     return sheet;
 }
 
@@ -108,7 +128,7 @@ ImageSheet ReadTocSheet(const std::string& path) {
         }
     }
     const std::string extension = UpperCase(std::filesystem::path(file).extension().string());
-    sheet.isPlayable = !file.empty() && isWhole && extension != ".WAV";
+    sheet.isPlayable = !file.empty() && isWhole && extension != ".WAV" && !CouldBlock(file);
     return sheet;
 }
 

@@ -70,6 +70,7 @@ IniDocument::IniDocument(const QByteArray& bytes) {
     if (!m_lines.isEmpty() && m_lines.front().endsWith("\r\n")) {
         m_lineEnd = "\r\n";
     }
+    IndexLines();
 }
 
 /// Index of the line behind the section's heading, or -1.
@@ -79,20 +80,24 @@ qsizetype IniDocument::SectionBegin(const QByteArray& section) const {
     return heading == m_lines.end() ? -1 : heading - m_lines.begin() + 1;
 }
 
-/// Index of the key's line, or -1. A section may stand in several pieces.
-qsizetype IniDocument::FindKey(const QByteArray& section, const QByteArray& key) const {
-    bool inside = false;
+/// A section may stand in several pieces.
+void IniDocument::IndexLines() {
+    std::optional<QByteArray> section;
     for (qsizetype i = 0; i < m_lines.size(); ++i) {
         if (const auto name = SectionName(m_lines[i])) {
-            inside = *name == section;
-        } else if (inside) {
+            section = name->toByteArray();
+        } else if (section) {
             const auto line = KeyLine(m_lines[i]);
-            if (line && line->first == key) {
-                return i;
+            if (line && FindKey(*section, line->first.toByteArray()) < 0) {
+                m_keys.insert({*section, line->first.toByteArray()}, i);
             }
         }
     }
-    return -1;
+}
+
+/// Index of the key's line, or -1.
+qsizetype IniDocument::FindKey(const QByteArray& section, const QByteArray& key) const {
+    return m_keys.value({section, key}, -1);
 }
 
 std::optional<QByteArray> IniDocument::Value(const QString& section, const QString& key) const {
@@ -124,6 +129,7 @@ void IniDocument::SetValue(const QString& section, const QString& key, const QSt
         }
     }
     InsertLine(end, line);
+    m_keys.insert({section.toUtf8(), key.toUtf8()}, end);
 }
 
 void IniDocument::InsertLine(qsizetype at, const QByteArray& text) {
@@ -132,6 +138,9 @@ void IniDocument::InsertLine(qsizetype at, const QByteArray& text) {
         m_lines[at - 1] += m_lines[at - 1].endsWith('\r') ? "\n" : m_lineEnd;
     }
     m_lines.insert(at, text + m_lineEnd);
+    for (qsizetype& line : m_keys) {
+        line += line >= at ? 1 : 0;
+    }
 }
 
 QByteArray EscapedValue(const QString& value) {

@@ -2,9 +2,11 @@
 #pragma once
 
 #include <QByteArray>
+#include <QHash>
 #include <QList>
 #include <QString>
 #include <optional>
+#include <utility>
 
 namespace tickwell {
 
@@ -26,9 +28,11 @@ public:
 private:
     qsizetype SectionBegin(const QByteArray& section) const;
     qsizetype FindKey(const QByteArray& section, const QByteArray& key) const;
+    void IndexLines();
     void InsertLine(qsizetype at, const QByteArray& text);
 
-    QList<QByteArray> m_lines;  // each with its line end
+    QList<QByteArray> m_lines;                                   // each with its line end
+    QHash<std::pair<QByteArray, QByteArray>, qsizetype> m_keys;  // section and key to the first such line
     QByteArray m_lineEnd = "\n";
 };
 

@@ -1,38 +1,38 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "help/help_file.h"
 
-#include <QFile>
 #include <QFileInfo>
 #include <QStringDecoder>
-#include <algorithm>
 
 #include "core/errors.h"
+#include "core/regular_file.h"
+#include "help/help_complexity.h"
 
 namespace tickwell {
 
 namespace {
 
-constexpr qint64 kLargest = qint64{16} * 1024 * 1024;  // bytes; ours has a hundredth of a hundredth of it
+constexpr qint64 kLargest = qint64{512} << 10;  // bytes; ours has a tenth of it
 
 }  // namespace
 
 QString ReadHelpFile(const QString& path) {
     const QString name = QFileInfo(path).fileName();
-    QFile file(path);
-    // A pipe of this name would hold the program up for ever.
-    if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly)) {
-        throw RunTimeError(name + u" を読み込めません。");
+    const FileContents file = ReadRegularFile(path, kLargest);
+    if (file.problem == FileProblem::TooLarge) {
+        throw RunTimeError(name + u" を読み込めません。\r\n" + file.reason);
     }
-    const QByteArray bytes =
-        file.read(std::min(file.size(), kLargest) + 1);  // room is made for all that is asked for
-    if (bytes.isEmpty() || file.error() != QFileDevice::NoError) {
+    if (file.problem != FileProblem::None || file.bytes.isEmpty()) {
         throw RunTimeError(name + u" を読み込めません。");
     }
     // Compiled help files of other systems bear the same name, and are full of NUL.
     QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);  // or it waits for more
-    QString text = decoder(bytes);
-    if (decoder.hasError() || text.contains(QChar::Null) || bytes.size() > kLargest) {
+    QString text = decoder(file.bytes);
+    if (decoder.hasError() || text.contains(QChar::Null)) {
         throw RunTimeError(name + u" はヘルプの形式ではありません。");
+    }
+    if (!IsEasyToShow(text)) {
+        throw RunTimeError(name + u" は構造が複雑すぎるため、表示できません。");
     }
     return text;
 }

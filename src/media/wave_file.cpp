@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "media/wave_file.h"
 
-#include <QFile>
-#include <QFileInfo>
 #include <QtEndian>
+
+#include "core/regular_file.h"
 
 namespace tickwell {
 
@@ -94,16 +94,14 @@ std::optional<Wave> WaveOf(QByteArrayView bytes) {
 }
 
 WaveFile ReadWaveFile(const QString& path) {
-    QFile file(path);
-    // A pipe or a device is opened by no one: opening it could wait for ever.
-    if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly)) {
-        return {WaveProblem::Missing, {}};
-    }
-    if (file.size() > kLargestFile) {
+    const FileContents file = ReadRegularFile(path, kLargestFile);
+    if (file.problem == FileProblem::TooLarge) {
         return {WaveProblem::NotPlayable, {}};
     }
-    const QByteArray bytes = file.readAll();
-    auto wave = WaveOf(bytes);
+    if (file.problem != FileProblem::None) {
+        return {WaveProblem::Missing, {}};
+    }
+    auto wave = WaveOf(file.bytes);
     return wave ? WaveFile{WaveProblem::None, std::move(*wave)} : WaveFile{WaveProblem::NotPlayable, {}};
 }
 

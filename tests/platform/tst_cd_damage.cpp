@@ -1,4 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include <sys/stat.h>
+
 #include <QProcess>
 #include <QRandomGenerator>
 #include <QTemporaryDir>
@@ -72,6 +74,8 @@ private Q_SLOTS:
     void AnImageWithoutEndEndsTheHelper();
     void NoiseIsRefused_data();
     void NoiseIsRefused();
+    void WhatIsNoImageFileIsNotRead_data();
+    void WhatIsNoImageFileIsNotRead();
 };
 
 /// Where the helper is built with sanitizers its deaths are told at length, and what the library forgets to
@@ -152,6 +156,44 @@ void TstCdDamage::NoiseIsRefused() {
         WriteAll(folder.filePath(u"noise.bin"_s), noise);
         QVERIFY(DriveBench(path, HelperPath(), kQuick).Look() == CdSeen());
     }
+}
+
+void TstCdDamage::WhatIsNoImageFileIsNotRead_data() {
+    QTest::addColumn<QString>("opened");
+    QTest::addColumn<QString>("odd");     // the file that is none
+    QTest::addColumn<QString>("target");  // of a link; empty for a pipe
+    for (const char* opened : {"cue.cue", "cue.bin", "toc.toc", "nrg.nrg"}) {
+        const QString name = QString::fromLatin1(opened);
+        QTest::addRow("%s is a pipe", opened) << name << name << QString();
+        QTest::addRow("%s is a device", opened) << name << name << u"/dev/zero"_s;
+    }
+    QTest::newRow("the sound of a cue sheet is a pipe") << u"cue.cue"_s << u"cue.bin"_s << QString();
+    QTest::newRow("the sound of a table is a pipe") << u"toc.toc"_s << u"toc.bin"_s << QString();
+    QTest::newRow("a cue sheet of a gigabyte") << u"cue.cue"_s << u"cue.cue"_s << u"large"_s;
+    QTest::newRow("a table of a gigabyte") << u"toc.toc"_s << u"toc.toc"_s << u"large"_s;
+}
+
+/// Of a pipe the helper would wait for ever, of the others it would take all memory that there is.
+void TstCdDamage::WhatIsNoImageFileIsNotRead() {
+    QFETCH(QString, opened);
+    QFETCH(QString, odd);
+    QFETCH(QString, target);
+    const QTemporaryDir folder;
+    const TestDisc disc = MakeDisc({{440, 8}});
+    WriteCueImage(disc, folder.path(), u"cue"_s);
+    WriteTocImage(disc, folder.path(), u"toc"_s);
+    WriteNrgImage(disc, folder.path(), u"nrg"_s);
+    const QString path = folder.filePath(odd);
+    QFile large(folder.filePath(u"large"_s));
+    QVERIFY(QFile::copy(path, large.fileName()) && large.open(QIODevice::ReadWrite));
+    QVERIFY(large.resize(qint64{1} << 30) && QFile::remove(path));
+    QVERIFY(target.isEmpty() ? mkfifo(QFile::encodeName(path).constData(), 0600) == 0
+                             : QFile::link(target, path));
+    QProcess helper;
+    helper.start(u"prlimit"_s, {u"--data=100000000"_s, HelperPath(), u"look"_s, folder.filePath(opened)});
+    QVERIFY(helper.waitForFinished(kPatience));
+    QCOMPARE(helper.exitStatus(), QProcess::NormalExit);
+    QCOMPARE(helper.readAllStandardOutput(), "not-ready\n"_ba);
 }
 
 QTEST_GUILESS_MAIN(TstCdDamage)
