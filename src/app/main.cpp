@@ -1,9 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include <sys/stat.h>
+
 #include <QApplication>
 #include <QLibraryInfo>
 #include <QTranslator>
 #include <csignal>
 #include <cstdio>
+#include <vector>
 
 #include "app/program.h"
 #include "display/line_look.h"
@@ -12,11 +15,17 @@
 
 namespace {
 
-/// X11 first, through XWayland too: a plain Wayland client can neither place itself nor stay above others.
-void PreferX11() {
-    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM") && !qputenv("QT_QPA_PLATFORM", "xcb;wayland")) {
-        std::fputs("tickwell: cannot set QT_QPA_PLATFORM\n", stderr);
+/// The arguments for Qt. X11 first, through XWayland too: a plain Wayland client can neither place itself nor
+/// stay above others. Said by an argument, since programs that are started from here inherit the environment.
+std::vector<char*> ArgumentsForQt(int argc, char** argv) {
+    static char option[] = "-platform";
+    static char platforms[] = "xcb;wayland";
+    std::vector<char*> arguments(argv, argv + argc);
+    if (!arguments.empty() && !qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
+        arguments.insert(arguments.begin() + 1, {option, platforms});
     }
+    arguments.push_back(nullptr);
+    return arguments;
 }
 
 /// Answers what needs no screen, such as --version; true when that was all.
@@ -38,8 +47,12 @@ int main(int argc, char** argv) {
         return 0;
     }
     std::signal(SIGXFSZ, SIG_IGN);  // a limit on the size of files is an error of the write, not our end
-    PreferX11();
-    const QApplication application(argc, argv);
+    // What the user stores is nobody else's to read. Programs that are started from here get the old mask
+    // back.
+    const mode_t usersMask = umask(S_IRWXG | S_IRWXO);
+    std::vector<char*> arguments = ArgumentsForQt(argc, argv);
+    int count = static_cast<int>(arguments.size()) - 1;
+    const QApplication application(count, arguments.data());
     QCoreApplication::setApplicationName(QStringLiteral("tickwell"));
     QGuiApplication::setQuitOnLastWindowClosed(false);  // the main window, a tool window, would not count
 
@@ -55,6 +68,6 @@ int main(int argc, char** argv) {
     }
     tickwell::InstallFontSubstitutes();
     tickwell::InstallMainWindowAccessibility();
-    tickwell::Program program(options);
+    tickwell::Program program(options, usersMask);
     return program.Run();
 }

@@ -3,11 +3,11 @@
 
 #include <QCryptographicHash>
 #include <QDateTime>
-#include <QFile>
 #include <QFileInfo>
-#include <QSaveFile>
 
 #include "core/errors.h"
+#include "core/regular_file.h"
+#include "platform/file_replacement.h"
 
 namespace tickwell {
 
@@ -15,15 +15,18 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+constexpr qint64 kLargestRecord = qint64{64} << 10;  // bytes
+
 QString RecordPath(const QString& folder) {
-    return folder + u"/.masters";
+    return folder + u'/' + MasterRecord::FileName();
 }
 
 /// Hexadecimal; empty when the file cannot be read.
 QByteArray ContentHash(const QString& path) {
-    QFile file(path);
-    QCryptographicHash hash(QCryptographicHash::Sha256);
-    return file.open(QIODevice::ReadOnly) && hash.addData(&file) ? hash.result().toHex() : QByteArray();
+    const FileContents file = ReadRegularFile(path, kLargestMaster);
+    return file.problem == FileProblem::None
+               ? QCryptographicHash::hash(file.bytes, QCryptographicHash::Sha256).toHex()
+               : QByteArray();
 }
 
 qint64 Modified(const QString& path) {
@@ -32,13 +35,17 @@ qint64 Modified(const QString& path) {
 
 }  // namespace
 
+QString MasterRecord::FileName() {
+    return u".masters"_s;
+}
+
 MasterRecord MasterRecord::Read(const QString& folder) {
     MasterRecord record;
-    QFile file(RecordPath(folder));
-    if (!file.open(QIODevice::ReadOnly)) {
-        return record;
+    const FileContents file = ReadRegularFile(RecordPath(folder), kLargestRecord);
+    if (file.problem != FileProblem::None && file.problem != FileProblem::Absent) {
+        qWarning("cannot read %s: %s", qUtf8Printable(RecordPath(folder)), qUtf8Printable(file.reason));
     }
-    for (const QByteArray& line : file.readAll().split('\n')) {
+    for (const QByteArray& line : file.bytes.split('\n')) {
         const QList<QByteArray> fields = line.split('\t');
         if (fields.size() == 4) {
             record.m_entries.insert(QString::fromUtf8(fields[0]),
@@ -49,15 +56,13 @@ MasterRecord MasterRecord::Read(const QString& folder) {
 }
 
 void MasterRecord::Write(const QString& folder) const {
-    QSaveFile file(RecordPath(folder));
     QByteArray bytes;
     for (auto entry = m_entries.begin(); entry != m_entries.end(); ++entry) {
         bytes += entry.key().toUtf8() + '\t' + QByteArray::number(entry->size) + '\t' +
                  QByteArray::number(entry->modified) + '\t' + entry->sha256 + '\n';
     }
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.flush() ||
-        !file.commit()) {
-        throw RunTimeError(RecordPath(folder) + u"\r\n" + file.errorString());
+    if (const QString reason = ReplaceFile(RecordPath(folder), bytes); !reason.isEmpty()) {
+        throw RunTimeError(RecordPath(folder) + u"\r\n" + reason);
     }
 }
 

@@ -7,10 +7,15 @@
 
 namespace tickwell {
 
+/// bytes; a master that is larger is not taken
+inline constexpr qint64 kLargestMaster = qint64{64} << 20;
+
 /// What a program folder was last filled with, kept in its file ".masters": by it the user's own changes are
 /// told from old masters, and a start with nothing new reads no file but this.
 class MasterRecord {
 public:
+    static QString FileName();
+
     struct Entry {
         qint64 size = 0;      ///< bytes of the master
         qint64 modified = 0;  ///< its time of change, ms since 1970

@@ -4,10 +4,10 @@
 #include <QApplication>
 #include <QDir>
 #include <QProcessEnvironment>
-#include <QStandardPaths>
 
 #include "app/program_folder.h"
 #include "platform/autostart_file.h"
+#include "platform/base_directories.h"
 #include "platform/freed_memory.h"
 #include "platform/ini_file_store.h"
 
@@ -26,16 +26,17 @@ constexpr int kTidyDelay = 2000;  // ms after a window has gone, so that the nex
 
 FolderChoices ChoicesFor(const Options& options) {
     return {options.folder, qEnvironmentVariable("TICKWELL_FOLDER"), QCoreApplication::applicationDirPath(),
-            QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation)};
+            DataHome()};
 }
 
 }  // namespace
 
-Program::Program(const Options& options)
+Program::Program(const Options& options, mode_t usersMask)
     : m_options(options),
       m_handlers(m_boxes),
       m_iconTimer(m_qtTimers.Create(kIconDelay, [this] { ShowIcon(); })),
       m_tidyTimer(m_qtTimers.Create(kTidyDelay, [this] { Tidy(); })),
+      m_starter(usersMask),
       m_printer(m_qtTimers, HelperPath(QCoreApplication::applicationDirPath(), u"tickwell-print"_s)),
       m_drive(m_qtTimers, m_sound, HelperPath(QCoreApplication::applicationDirPath(), u"tickwell-cd"_s),
               options.disc) {
@@ -73,7 +74,7 @@ int Program::Run() {
             if (m_instance->CallFirst(m_options.opensMenu)) {
                 return 0;
             }
-            throw RunTimeError(u"すでに起動していますが、応答がありません。"_s);
+            throw RunTimeError(m_instance->WhyNoAnswer());
         }
         m_autostart = std::make_unique<AutostartFile>(
             AutostartFile::Folders(), StartingCommand(QCoreApplication::applicationFilePath(), choices));

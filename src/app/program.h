@@ -33,7 +33,8 @@ class Program : public QObject {
     Q_OBJECT
 
 public:
-    explicit Program(const Options& options);
+    /// `usersMask`: the umask that tools are started with.
+    Program(const Options& options, mode_t usersMask);
 
     /// Runs until the main window closes; the exit code of the process.
     int Run();

@@ -2,13 +2,14 @@
 #include "app/program_folder.h"
 
 #include <QDir>
-#include <QFile>
 #include <QFileInfo>
-#include <QSaveFile>
 #include <QTemporaryDir>
 
 #include "app/master_record.h"
 #include "core/errors.h"
+#include "core/regular_file.h"
+#include "platform/file_replacement.h"
+#include "platform/unfinished_files.h"
 
 namespace tickwell {
 
@@ -29,18 +30,12 @@ QStringList RefreshedFiles() {
 }
 
 void Copy(const QString& from, const QString& to) {
-    QFile source(from);
-    QSaveFile target(to);
-    if (!source.open(QIODevice::ReadOnly)) {
-        throw RunTimeError(from + u"\r\n" + source.errorString());
+    const FileContents master = ReadRegularFile(from, kLargestMaster);
+    if (master.problem != FileProblem::None) {
+        throw RunTimeError(from + u"\r\n" + master.reason);
     }
-    const QByteArray bytes = source.readAll();
-    if (bytes.size() != source.size()) {
-        throw RunTimeError(from + u"\r\n" + source.errorString());
-    }
-    if (!target.open(QIODevice::WriteOnly) || target.write(bytes) != bytes.size() || !target.flush() ||
-        !target.commit()) {
-        throw RunTimeError(to + u"\r\n" + target.errorString());
+    if (const QString reason = ReplaceFile(to, master.bytes); !reason.isEmpty()) {
+        throw RunTimeError(to + u"\r\n" + reason);
     }
 }
 
@@ -51,7 +46,8 @@ void FillNew(const QString& folder, const QString& masters) {
     if (!QDir().mkpath(parent)) {
         throw RunTimeError(parent + u"\r\nフォルダーを作成できません。");
     }
-    QTemporaryDir unfinished(folder + u"-XXXXXX");
+    const UnfinishedFilesInUse inUse(parent);
+    QTemporaryDir unfinished(UnfinishedTemplate(folder));
     if (!unfinished.isValid()) {
         throw RunTimeError(folder + u"\r\n" + unfinished.errorString());
     }
@@ -69,6 +65,15 @@ void FillNew(const QString& folder, const QString& masters) {
         unfinished.setAutoRemove(false);
     } else if (!QFileInfo(folder).isDir()) {
         throw RunTimeError(folder + u"\r\nフォルダーを作成できません。");
+    }
+}
+
+/// What starts before this one left unfinished when they were killed.
+void RemoveLitter(const QString& folder) {
+    const QStringList names = RequiredFiles() + QStringList{MasterRecord::FileName()};
+    RemoveUnfinished(folder, names);
+    for (const QString& name : names) {
+        RemoveUnfinished(folder + u'/' + name);
     }
 }
 
@@ -143,6 +148,7 @@ QString HelperPath(const QString& executableFolder, const QString& name) {
 }
 
 void PrepareFolder(const QString& folder, const QString& masters) {
+    RemoveLitter(folder);
     if (!QFileInfo::exists(folder)) {
         FillNew(folder, masters);
     } else if (!masters.isEmpty() && !SameFolder(folder, masters)) {

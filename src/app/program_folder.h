@@ -37,7 +37,8 @@ QString HelperPath(const QString& executableFolder, const QString& name);
 
 /// Makes `folder` ready. One that does not exist yet is filled beside its place and renamed into it, so that
 /// a half filled one is never met. In one that exists, help and sounds that the user has not changed are
-/// refreshed where the masters are newer; DayDate.mdb never is. Throws RunTimeError.
+/// refreshed where the masters are newer; DayDate.mdb never is. What killed starts left unfinished is
+/// removed. Throws RunTimeError.
 void PrepareFolder(const QString& folder, const QString& masters);
 
 }  // namespace tickwell

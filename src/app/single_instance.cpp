@@ -4,10 +4,10 @@
 #include <unistd.h>
 
 #include <QCryptographicHash>
-#include <QDir>
 #include <QFileInfo>
 
 #include "core/errors.h"
+#include "platform/base_directories.h"
 
 namespace tickwell {
 
@@ -25,10 +25,7 @@ constexpr auto kMenu = "menu\n";
 QString SocketPath(const QString& folder) {
     const QByteArray path = QFileInfo(folder).canonicalFilePath().toUtf8();
     const QByteArray hash = QCryptographicHash::hash(path, QCryptographicHash::Sha256).toHex().first(16);
-    const QString runtime = qEnvironmentVariable("XDG_RUNTIME_DIR");
-    return u"%1/tickwell-%2-%3"_s.arg(runtime.isEmpty() ? QDir::tempPath() : runtime)
-        .arg(getuid())
-        .arg(QLatin1StringView(hash));
+    return u"%1/tickwell-%2-%3"_s.arg(RuntimeFolder()).arg(getuid()).arg(QLatin1StringView(hash));
 }
 
 }  // namespace
@@ -48,14 +45,33 @@ bool SingleInstance::Acquire() {
         case FileLock::Outcome::Impossible:
             throw RunTimeError(u"プログラムのフォルダーに書き込めません。\r\n"_s + m_lockFile);
     }
-    // What stands there was left by a process that was killed, for the lock is ours. Without the socket the
-    // program still runs; only a second start cannot call it.
+    // A socket that is there was left by a process that was killed, for the lock is ours. Without a socket
+    // the program still runs; only a second start cannot call it.
     m_socket.Listen(m_socketFile);
     return true;
 }
 
 bool SingleInstance::CallFirst(bool withMenu) const {
     return SayWord(m_socketFile, withMenu ? kMenu : kForward, kPatience);
+}
+
+QString SingleInstance::WhyNoAnswer() const {
+    const QString beginning = u"すでに起動していますが、応答がありません。\r\n"_s + m_socketFile + u"\r\n";
+    switch (SocketPlaceOf(m_socketFile)) {
+        case SocketPlace::Taken:
+            return beginning +
+                   u"連絡用のソケットの場所に別のものがあります。それを移動または削除し、"
+                   u"起動中の Tickwell を終了してから、もう一度起動してください。";
+        case SocketPlace::Free:
+            return beginning +
+                   u"連絡用のソケットがありません。起動中の Tickwell を終了してから、"
+                   u"もう一度起動してください。";
+        case SocketPlace::OwnSocket:
+            break;
+    }
+    return beginning +
+           u"しばらく待っても応答がないときは、起動中の Tickwell を終了してから、"
+           u"もう一度起動してください。";
 }
 
 void SingleInstance::Hear(const QByteArray& word) {

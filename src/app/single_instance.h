@@ -25,6 +25,9 @@ public:
     /// Asks the first process to come forward, with its menu when wanted; false when it does not answer.
     bool CallFirst(bool withMenu) const;
 
+    /// After CallFirst failed: what the user is told, with the path of the socket and what to do.
+    QString WhyNoAnswer() const;
+
 Q_SIGNALS:
     /// Another start asked this process to come forward.
     void Called(bool withMenu);

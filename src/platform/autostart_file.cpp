@@ -4,13 +4,16 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QSaveFile>
 #include <QStandardPaths>
 #include <algorithm>
 
 #include "core/errors.h"
 #include "core/exec_line.h"
 #include "core/ini_document.h"
+#include "core/regular_file.h"
+#include "platform/base_directories.h"
+#include "platform/file_replacement.h"
+#include "platform/unfinished_files.h"
 
 namespace tickwell {
 
@@ -28,9 +31,14 @@ bool IsThere(const QString& path) {
     return QFileInfo(path).isSymLink() || QFileInfo::exists(path);
 }
 
+/// Nothing if the file cannot be read: a desktop starts nothing then either.
 QByteArray Contents(const QString& path) {
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    constexpr qint64 kLargest = qint64{64} << 10;
+    FileContents contents = ReadRegularFile(path, kLargest);
+    if (contents.problem != FileProblem::None) {
+        qWarning("cannot read %s: %s", qUtf8Printable(path), qUtf8Printable(contents.reason));
+    }
+    return contents.bytes;
 }
 
 /// Whether a desktop starts what this entry names.
@@ -82,9 +90,7 @@ AutostartFile::AutostartFile(const QStringList& folders, QStringList command)
 }
 
 QStringList AutostartFile::Folders() {
-    QStringList folders{QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation)};
-    folders += QStandardPaths::standardLocations(QStandardPaths::GenericConfigLocation);
-    folders.removeDuplicates();
+    QStringList folders = ConfigFolders();
     for (QString& folder : folders) {
         folder += u"/autostart";
     }
@@ -116,10 +122,13 @@ void AutostartFile::Write(const QByteArray& entry) const {
     if (!QDir().mkpath(QFileInfo(path).path())) {
         throw FileError(what, path, u"フォルダーを作成できません。"_s);
     }
-    QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(entry) != entry.size() || !file.flush() ||
-        !file.commit()) {
-        throw FileError(what, path, file.errorString());
+    RemoveUnfinished(path);
+    const QFileInfo old(path);
+    if (old.isSymLink() && !old.isFile()) {
+        Remove();  // a link to /dev/null is how some users hide an entry: it is replaced, and not the device
+    }
+    if (const QString reason = ReplaceFile(path, entry); !reason.isEmpty()) {
+        throw FileError(what, path, reason);
     }
 }
 

@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/desktop_programs.h"
 
+#include <QFile>
 #include <QFileInfo>
-#include <QProcess>
 #include <QStandardPaths>
+
+#include "platform/detached_process.h"
 
 namespace tickwell {
 
@@ -13,8 +15,18 @@ QString DesktopPrograms::Find(const QString& name) const {
 }
 
 bool DesktopPrograms::Start(const QString& file, const QStringList& arguments, const QString& folder) {
-    // A bare name would be searched on the path, and another program of that name started instead.
-    return QFileInfo(file).isAbsolute() && QProcess::startDetached(file, arguments, folder);
+    if (!QFileInfo(file).isAbsolute()) {
+        return false;  // a bare name would be meant from `folder`
+    }
+    QList<QByteArray> words{QFile::encodeName(file)};
+    for (const QString& argument : arguments) {
+        words.append(QFile::encodeName(argument));
+    }
+    const int error = StartDetached(words, QFile::encodeName(folder), m_mask);
+    if (error != 0) {
+        qWarning("cannot start %s: %s", qUtf8Printable(file), qUtf8Printable(qt_error_string(error)));
+    }
+    return error == 0;
 }
 
 }  // namespace tickwell

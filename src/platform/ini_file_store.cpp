@@ -1,17 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/ini_file_store.h"
 
-#include <unistd.h>
-
 #include <QDir>
-#include <QFile>
 #include <QFileInfo>
-#include <QSaveFile>
-#include <QStandardPaths>
 #include <QStringDecoder>
-#include <cerrno>
 
+#include "core/regular_file.h"
 #include "core/settings_io.h"
+#include "platform/base_directories.h"
+#include "platform/file_replacement.h"
+#include "platform/unfinished_files.h"
 
 namespace tickwell {
 
@@ -19,29 +17,33 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+// What the program writes has a thousandth of it. Reading takes a multiple of the file's size in memory.
+constexpr qint64 kLargest = qint64{1} << 20;
+
 RunTimeError FileError(const QString& what, const QString& path, const QString& why) {
     return RunTimeError(u"%1\r\n%2\r\n%3"_s.arg(what, path, why));
 }
 
 }  // namespace
 
-IniFileStore::IniFileStore(QString path) : m_path(std::move(path)), m_document(Read()) {}
+IniFileStore::IniFileStore(QString path) : m_path(std::move(path)), m_document(Read()) {
+    RemoveUnfinished(m_path);
+}
 
 QByteArray IniFileStore::Read() const {
-    QFile file(m_path);
-    if (!file.open(QIODevice::ReadOnly)) {
-        // Absent is one thing, behind a closed door another: taken for absent, its settings would be written
-        // over.
-        if (access(QFile::encodeName(m_path).constData(), F_OK) != 0 && errno == ENOENT) {
-            return QByteArray();
-        }
-        throw FileError(u"設定ファイルを読み込めません。"_s, m_path, file.errorString());
+    FileContents contents = ReadRegularFile(m_path, kLargest);
+    switch (contents.problem) {
+        case FileProblem::None:
+        case FileProblem::Absent:
+            return contents.bytes;
+        case FileProblem::NotRegular:
+        case FileProblem::TooLarge:
+            contents.reason += u"\r\n移動または削除すると、既定の設定で起動できます。";
+            break;
+        case FileProblem::Unreadable:  // taken for absent, its settings would be overwritten
+            break;
     }
-    QByteArray bytes = file.readAll();
-    if (file.error() != QFileDevice::NoError) {
-        throw FileError(u"設定ファイルを読み込めません。"_s, m_path, file.errorString());
-    }
-    return bytes;
+    throw FileError(u"設定ファイルを読み込めません。"_s, m_path, contents.reason);
 }
 
 std::optional<QString> IniFileStore::Get(const QString& section, const QString& key) const {
@@ -70,19 +72,19 @@ void IniFileStore::Commit() {
     if (!QDir().mkpath(QFileInfo(m_path).path())) {
         throw FileError(what, m_path, u"フォルダーを作成できません。"_s);
     }
-    QSaveFile file(m_path);
     const QByteArray bytes = document.Bytes();
-    // Flushed on its own: the commit would not notice a disk that fills up with the last buffer.
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.flush() ||
-        !file.commit()) {
-        throw FileError(what, m_path, file.errorString());
+    if (bytes.size() > kLargest) {  // the next start would not read it
+        throw FileError(what, m_path, u"ファイルが大きすぎます。"_s);
+    }
+    if (const QString reason = ReplaceFile(m_path, bytes); !reason.isEmpty()) {
+        throw FileError(what, m_path, reason);
     }
     m_document = document;
     m_changes.clear();
 }
 
 QString IniFileStore::UserPath() {
-    return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) + u"/TKW2/TKW2.ini";
+    return ConfigHome() + u"/TKW2/TKW2.ini";
 }
 
 }  // namespace tickwell

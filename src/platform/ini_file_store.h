@@ -8,12 +8,13 @@
 
 namespace tickwell {
 
-/// Settings in one file of the user's, written whole beside the old one and renamed over it. Between start
-/// and close another copy of the program may have written it: a commit changes only the keys that were set,
-/// on the file as it then is.
+/// Settings in one file of the user's of at most 1 MiB, which only the user can read; written whole beside
+/// the old one and renamed over it. Between start and close another copy of the program may have written it:
+/// a commit changes only the keys that were set, on the file as it then is.
 class IniFileStore : public SettingsStore {
 public:
-    /// Reads the file; an absent one is empty. Throws RunTimeError when it is there and cannot be read.
+    /// Reads the file and removes what a killed process left of writing it; an absent file is empty. Throws
+    /// RunTimeError if it is there and cannot be read, is no regular file or is too large.
     explicit IniFileStore(QString path);
 
     std::optional<QString> Get(const QString& section, const QString& key) const override;

@@ -3,6 +3,7 @@
 
 #include <fcntl.h>
 #include <sys/socket.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <QFile>
@@ -108,7 +109,9 @@ public:
         m_acceptor.open();
         KeepFromChildren(m_acceptor.native_handle());
         m_acceptor.non_blocking(true);
-        QFile::remove(path);  // where it cannot, binding fails
+        if (SocketPlaceOf(path) == SocketPlace::OwnSocket) {
+            QFile::remove(path);  // if that fails, so does binding
+        }
         m_acceptor.bind(address);
         // Nobody can connect before it listens, and then none but the user.
         if (!QFile::setPermissions(path, QFile::ReadOwner | QFile::WriteOwner)) {
@@ -117,7 +120,11 @@ public:
         m_acceptor.listen();
         m_notifier = std::make_unique<Notifier>(m_acceptor.native_handle(), [this] { Answer(); });
     }
-    ~Ear() { QFile::remove(m_path); }
+    ~Ear() {
+        if (SocketPlaceOf(m_path) == SocketPlace::OwnSocket) {
+            QFile::remove(m_path);
+        }
+    }
     Ear(const Ear&) = delete;
     Ear& operator=(const Ear&) = delete;
 
@@ -184,10 +191,19 @@ WordSocket::~WordSocket() = default;
 bool WordSocket::Listen(const QString& path) {
     try {
         m_ear = std::make_unique<Ear>(path, m_heard);
-    } catch (const std::system_error&) {
+    } catch (const std::system_error& error) {
+        qWarning("cannot listen at %s: %s", qUtf8Printable(path), error.what());
         return false;
     }
     return true;
+}
+
+SocketPlace SocketPlaceOf(const QString& path) {
+    struct stat state {};
+    if (lstat(QFile::encodeName(path).constData(), &state) != 0) {
+        return SocketPlace::Free;
+    }
+    return S_ISSOCK(state.st_mode) && state.st_uid == getuid() ? SocketPlace::OwnSocket : SocketPlace::Taken;
 }
 
 bool SayWord(const QString& path, const QByteArray& word, std::chrono::milliseconds patience) {

@@ -24,8 +24,9 @@ public:
     WordSocket(const WordSocket&) = delete;
     WordSocket& operator=(const WordSocket&) = delete;
 
-    /// Listens at `path` until its end, in place of what an ended process has left there. Called once. False
-    /// where that cannot be: the name of a socket has 107 bytes at the most.
+    /// Listens at `path` until its end, in place of a socket that an ended process left there. Called once.
+    /// False if it cannot, with the reason in the log: something else is there, or the path has more than 107
+    /// bytes.
     bool Listen(const QString& path);
 
 private:
@@ -34,6 +35,14 @@ private:
     std::function<void(const QByteArray&)> m_heard;
     std::unique_ptr<Ear> m_ear;
 };
+
+/// What is at the path of a socket. A symbolic link is not followed.
+enum class SocketPlace {
+    Free,
+    OwnSocket,  ///< a socket of this user's, whether or not a process listens at it
+    Taken,      ///< anything else
+};
+SocketPlace SocketPlaceOf(const QString& path);
 
 /// Says a word to the process that listens at `path`, and waits until it has let go; nothing is said to
 /// another user's. False where nobody listens or lets go within `patience`.

@@ -1,13 +1,16 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <sys/resource.h>
+#include <sys/stat.h>
 
 #include <QDateTime>
+#include <QRegularExpression>
 #include <QTemporaryDir>
 #include <QTest>
 #include <csignal>
 
 #include "app/program_folder.h"
 #include "core/errors.h"
+#include "platform/unfinished_files.h"
 #include "support/files.h"
 #include "support/other_user.h"
 
@@ -61,6 +64,11 @@ private Q_SLOTS:
     void AFileTheUserRemovedIsNotBroughtBack();
     void TheMastersOwnFolderIsLeftAlone();
     void AFullDiskLeavesNoHalfFilledFolder();
+    void WhatKilledStartsLeftIsRemoved();
+    void AFillingThatIsUnderWayIsLeftAlone();
+    void AllOfItIsTheUsersAlone();
+    void WhatIsNoCopyAnyMoreIsNeitherReadNorReplaced_data();
+    void WhatIsNoCopyAnyMoreIsNeitherReadNorReplaced();
     void APlaceThatTakesNoFolderIsAnError();
     void AMissingMasterIsNamedAndNothingIsMade();
 };
@@ -202,6 +210,69 @@ void TstProgramFolder::AFullDiskLeavesNoHalfFilledFolder() {
              0);
     QVERIFY(!QFile::exists(bench.folder));
     QVERIFY(QDir(bench.dir.filePath(u"data"_s)).isEmpty());
+}
+
+void TstProgramFolder::WhatKilledStartsLeftIsRemoved() {
+    const Bench bench;
+    const QString left = bench.dir.filePath(u"data/.tickwell.unfinished-abcdef"_s);
+    const QString backup = bench.dir.filePath(u"data/tickwell-backup"_s);  // as a user may call a copy
+    QVERIFY(QDir().mkpath(left) && QDir().mkpath(backup));
+    CopyFiles(bench.masters, left, RequiredFiles().first(3));
+    CopyFiles(bench.masters, backup, RequiredFiles());
+    WriteAll(left + u"/.masters", "a");
+    PrepareFolder(bench.folder, bench.masters);
+    QVERIFY(!QFile::exists(left));
+    QCOMPARE(QDir(backup).entryList(QDir::Files), RequiredFiles());
+    WriteAll(bench.folder + u"/.Help.hlp.unfinished-abcdef", "half a help");
+    WriteAll(bench.folder + u"/..masters.unfinished-abcdef", "half");
+    PrepareFolder(bench.folder, bench.masters);
+    QCOMPARE(QDir(bench.folder).entryList(QDir::Files | QDir::Hidden),
+             QStringList{u".masters"_s} + RequiredFiles());
+}
+
+void TstProgramFolder::AFillingThatIsUnderWayIsLeftAlone() {
+    const Bench bench;
+    const QString unfinished = bench.dir.filePath(u"data/.tickwell.unfinished-abcdef"_s);
+    QVERIFY(QDir().mkpath(unfinished));
+    const UnfinishedFilesInUse inUse(bench.dir.filePath(u"data"_s));
+    PrepareFolder(bench.folder, bench.masters);
+    QVERIFY(QFile::exists(unfinished));
+}
+
+void TstProgramFolder::AllOfItIsTheUsersAlone() {
+    const Bench bench;
+    const mode_t before = umask(0);
+    PrepareFolder(bench.folder, bench.masters);
+    umask(before);
+    const auto others = QFile::ReadGroup | QFile::WriteGroup | QFile::ExeGroup | QFile::ReadOther |
+                        QFile::WriteOther | QFile::ExeOther;
+    for (const QString& name : QStringList{u"."_s, u".masters"_s} + RequiredFiles()) {
+        QCOMPARE(QFile::permissions(bench.folder + u'/' + name) & others, QFile::Permissions());
+    }
+}
+
+void TstProgramFolder::WhatIsNoCopyAnyMoreIsNeitherReadNorReplaced_data() {
+    QTest::addColumn<QString>("target");  // of a link; empty for a pipe
+    QTest::newRow("a pipe") << QString();
+    QTest::newRow("a link to a device that never ends") << u"/dev/zero"_s;
+}
+
+void TstProgramFolder::WhatIsNoCopyAnyMoreIsNeitherReadNorReplaced() {
+    QFETCH(QString, target);
+    for (const QString& name : {u"TKW01.wav"_s, u".masters"_s}) {
+        const Bench bench;
+        PrepareFolder(bench.folder, bench.masters);
+        const QString path = bench.folder + u'/' + name;
+        QVERIFY(QFile::remove(path));
+        QVERIFY(target.isEmpty() ? mkfifo(QFile::encodeName(path).constData(), 0600) == 0
+                                 : QFile::link(target, path));
+        bench.Renew(u"TKW01.wav"_s, "new"_ba);
+        if (name == u".masters") {
+            QTest::ignoreMessage(QtWarningMsg, QRegularExpression(u"^cannot read "_s + path));
+        }
+        PrepareFolder(bench.folder, bench.masters);
+        QVERIFY(!QFileInfo(path).isFile());
+    }
 }
 
 void TstProgramFolder::APlaceThatTakesNoFolderIsAnError() {

@@ -16,6 +16,7 @@
 
 #include "app/single_instance.h"
 #include "core/errors.h"
+#include "support/files.h"
 #include "support/other_user.h"
 
 using namespace tickwell;
@@ -57,6 +58,9 @@ private Q_SLOTS:
     void AnotherUsersWordIsNotHeard();
     void NothingIsToldToAnotherUser();
     void WithoutAFirstNobodyAnswers();
+    void WhatKeepsTheFirstFromHearingIsNamed_data();
+    void WhatKeepsTheFirstFromHearingIsNamed();
+    void ARelativeRuntimeFolderIsIgnored();
     void AFolderThatTakesNoFileIsAnError();
     void AKilledFirstLeavesNoTrace();
 
@@ -220,6 +224,62 @@ void TstSingleInstance::WithoutAFirstNobodyAnswers() {
     const QTemporaryDir folder;
     const SingleInstance second(folder.path());
     QVERIFY(!second.CallFirst(false));
+}
+
+void TstSingleInstance::WhatKeepsTheFirstFromHearingIsNamed_data() {
+    QTest::addColumn<QString>("obstacle");
+    QTest::addColumn<QString>("words");
+    QTest::newRow("a folder") << u"folder"_s << u"別のものがあります。それを移動または削除し、"_s;
+    QTest::newRow("a file") << u"file"_s << u"別のものがあります。それを移動または削除し、"_s;
+    QTest::newRow("nothing") << QString() << u"ソケットがありません。"_s;
+    QTest::newRow("a socket that nobody hears") << u"socket"_s << u"しばらく待っても応答がないときは、"_s;
+}
+
+void TstSingleInstance::WhatKeepsTheFirstFromHearingIsNamed() {
+    QFETCH(QString, obstacle);
+    QFETCH(QString, words);
+    const QTemporaryDir folder;
+    QString path;
+    {
+        SingleInstance first(folder.path());
+        QVERIFY(first.Acquire());
+        path = Socket();
+    }
+    int left = -1;
+    const auto closed = qScopeGuard([&left] { close(left); });
+    if (obstacle == u"folder") {
+        QVERIFY(QDir().mkdir(path));
+    } else if (obstacle == u"file") {
+        WriteAll(path, "mine");
+    } else if (obstacle == u"socket") {
+        left = socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
+        const sockaddr_un address = AddressOf(QFile::encodeName(path));
+        QCOMPARE(bind(left, reinterpret_cast<const sockaddr*>(&address), sizeof(address)), 0);
+    }
+    const SingleInstance second(folder.path());
+    QVERIFY(!second.CallFirst(false));
+    const QString reason = second.WhyNoAnswer();
+    QVERIFY2(reason.startsWith(u"すでに起動していますが、応答がありません。\r\n"_s + path + u"\r\n") &&
+                 reason.contains(words) && reason.endsWith(u"もう一度起動してください。"),
+             qPrintable(reason));
+    QVERIFY(obstacle == u"folder" ? QDir().rmdir(path) : obstacle.isEmpty() || QFile::remove(path));
+}
+
+void TstSingleInstance::ARelativeRuntimeFolderIsIgnored() {
+    const QTemporaryDir folder;
+    const QTemporaryDir elsewhere;
+    const QByteArray before = qgetenv("TMPDIR");
+    const auto restored = qScopeGuard([&before] { qputenv("TMPDIR", before); });
+    qputenv("TMPDIR", m_runtime.path().toUtf8());
+    qputenv("XDG_RUNTIME_DIR", "run");
+    const QString current = QDir::currentPath();
+    QVERIFY(QDir::setCurrent(elsewhere.path()) && QDir().mkdir(u"run"_s));
+    QTest::ignoreMessage(QtWarningMsg, "XDG_RUNTIME_DIR is ignored: \"run\" is no absolute path");
+    SingleInstance first(folder.path());
+    const bool isFirst = first.Acquire();
+    QVERIFY(QDir::setCurrent(current));
+    QVERIFY(isFirst && !Socket().isEmpty());
+    QVERIFY(QDir(elsewhere.filePath(u"run"_s)).isEmpty());
 }
 
 void TstSingleInstance::AFolderThatTakesNoFileIsAnError() {

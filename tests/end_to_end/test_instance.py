@@ -5,6 +5,7 @@ import signal
 import os
 import unittest
 
+from driver.boxes import START_ERROR, wait_box
 from driver.case import TickwellCase
 from driver.tickwell import main_window, make_folder, start_tickwell, tickwell_command, wait_lines
 from driver.waiting import wait_for
@@ -56,6 +57,23 @@ class Instance(TickwellCase):
         other = start_tickwell(self.session, folder=make_folder(self.session.directory / "other"))
         wait_lines(first, upper="Tickwell Ver.2")
         wait_lines(other, upper="Tickwell Ver.2")
+
+    def test_something_else_in_the_place_of_the_socket_is_named(self):
+        first = start_tickwell(self.session)
+        wait_lines(first, upper="Tickwell Ver.2")
+        (socket,) = (self.session.directory / "run").glob("tickwell-*")
+        first.program.kill()
+        socket.unlink()
+        socket.mkdir()
+        first = start_tickwell(self.session)  # runs all the same
+        wait_lines(first, upper="Tickwell Ver.2")
+        self.assertIn(str(socket), first.program.output())
+        second = start_tickwell(self.session)
+        box = wait_box(second, f"{START_ERROR}すでに起動していますが、応答がありません。\n{socket}\n連絡用のソケットの場所に別の"
+                               "ものがあります。それを移動または削除し、")
+        box.find(role="push button").press_and_go()
+        self.assertEqual(second.program.wait_end(), 1)
+        self.assertTrue(socket.is_dir())
 
     def test_a_first_that_does_not_answer_is_told(self):
         first = start_tickwell(self.session)

@@ -8,10 +8,16 @@ import unittest
 
 from driver.case import TickwellCase
 from driver.tickwell import (MASTERS, SILENT, make_folder, program_path, read_settings, settings_path,
-                             start_tickwell, wait_lines, write_settings)
+                             start_tickwell, wait_lines, wait_on_screen, write_settings)
 
 TITLE = "Tickwell スタートエラー"
 BODY = "実行に必要なファイルまたは情報が見つかりません。\n"
+
+
+def peak_memory(pid):
+    """The most memory that a process has had, in bytes."""
+    with open(f"/proc/{pid}/status", encoding="ascii") as status:
+        return next(int(line.split()[1]) * 1024 for line in status if line.startswith("VmHWM:"))
 
 
 class StartUp(TickwellCase):
@@ -49,6 +55,42 @@ class StartUp(TickwellCase):
                 self.assert_refused(start_tickwell(self.session), f"[{section}] {key}=<b>wide</b>\n")
                 self.assertEqual(settings_path(self.session).read_bytes(), before)
 
+    def test_settings_that_are_no_file_are_named_and_left_as_they_are(self):
+        folder = settings_path(self.session).parent
+        folder.mkdir(parents=True)
+        with open(folder / "large", "wb") as large:
+            large.truncate(2 ** 30)
+        with open(folder / "lines", "wb") as lines:
+            lines.write(b"[SetUp]\n" * 2 ** 23)
+        path = settings_path(self.session)
+        for kind in ("pipe", "/dev/zero", "/dev/full", "large", "lines"):
+            with self.subTest(kind):
+                if kind == "pipe":
+                    os.mkfifo(path)
+                else:
+                    path.symlink_to(kind)
+                app = start_tickwell(self.session)
+                reason = "設定ファイルを読み込めません。\n" + str(path)
+                app.wait(role="alert message", name=TITLE)
+                self.assertLess(peak_memory(app.program.pid), 2 ** 28)
+                self.assert_refused(app, reason)
+                path.unlink()
+
+    def test_a_day_database_that_is_no_file_is_refused_at_once(self):
+        folder = make_folder(self.session.directory / "odd")
+        database = folder / "DayDate.mdb"
+        content = database.read_bytes()
+        for kind in ("pipe", "/dev/zero"):
+            with self.subTest(kind):
+                database.unlink()
+                if kind == "pipe":
+                    os.mkfifo(database)
+                else:
+                    database.symlink_to(kind)
+                self.assert_refused(start_tickwell(self.session, folder=folder), "DayDate.mdb")
+        database.unlink()
+        database.write_bytes(content)
+
     def test_it_finds_its_files_wherever_it_is_started(self):
         app = start_tickwell(self.session, cwd="/")
         wait_lines(app, upper="Tickwell Ver.2")
@@ -66,10 +108,26 @@ class StartUp(TickwellCase):
         (prefix / "bin").mkdir(parents=True)
         shutil.copy(program_path(), prefix / "bin/tickwell")
         make_folder(prefix / "share/tickwell")
-        program = self.session.spawn([prefix / "bin/tickwell"])
-        wait_lines(self.session.wait_app(program), upper="Tickwell Ver.2")
+        write_settings(self.session, SILENT)
         data = self.session.home / ".local/share/tickwell"
+        killed = data.parent / ".tickwell.unfinished-aBcDeF"  # as a start leaves it that is killed at its first file
+        killed.mkdir(parents=True)
+        shutil.copy(prefix / "share/tickwell/DayDate.mdb", killed)
+        # Folders of the desktop that are relative are no folders; all that is stored is the user's alone.
+        relative = {name: "relative" for name in ("XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_RUNTIME_DIR")}
+        program = self.session.spawn(["sh", "-c", 'umask 0; exec "$0"', prefix / "bin/tickwell"], environment=relative,
+                                     cwd=self.session.directory)
+        app = self.session.wait_app(program)
+        wait_lines(app, upper="Tickwell Ver.2")
         self.assertLessEqual(set(MASTERS), set(os.listdir(data)))
+        self.assertEqual(os.listdir(data.parent), ["tickwell"])
+        shutil.rmtree(settings_path(self.session).parent)
+        self.session.windows.close_window(wait_on_screen(self.session, app))
+        self.assertEqual(program.wait_end(), 0)
+        stored = [data, *data.iterdir(), settings_path(self.session).parent, settings_path(self.session)]
+        open_to_others = [path for path in stored if path.stat().st_mode & 0o077]
+        self.assertEqual(open_to_others, [])
+        self.assertFalse((self.session.directory / "relative").exists() or (data / "relative").exists())
 
     def test_another_language_of_the_machine_makes_no_difference(self):
         app = start_tickwell(self.session, environment={"LANG": "de_DE.UTF-8", "LC_ALL": "C"},

@@ -4,11 +4,16 @@
 import unittest
 
 from driver.case import TickwellCase
-from driver.tickwell import main_window, make_folder, start_tickwell, wait_lines, wait_on_screen
+from driver.tickwell import (SILENT, main_window, make_folder, start_tickwell, tickwell_command, wait_lines,
+                             wait_on_screen, write_settings)
 from driver.waiting import wait_for
 
 TOOL = """#!/bin/sh
 printf '%s|' "$#" "$@" "$PWD" >told.part && mv told.part told
+"""
+# What a program inherits besides its words.
+HEIR = """#!/bin/sh
+{ grep -E '^Sig(Blk|Ign):' /proc/self/status; umask; tr '\\0' '\\n' </proc/$$/environ; } >told.part && mv told.part told
 """
 
 
@@ -47,6 +52,28 @@ class Tools(TickwellCase):
         self.session.hand.click(self.open_tools().wait(name="電卓"))
         box = self.app.wait(role="alert message", name="Tickwell")
         self.assertTrue(box.find(role="label", name=lambda text: text.startswith("実行時エラー")), box.dump())
+
+    def test_a_tool_inherits_the_users_environment_and_no_signals(self):
+        folder = make_folder(self.session.directory / "heirs")
+        (folder / "KT04.exe").write_text(HEIR, encoding="ascii")
+        (folder / "KT04.exe").chmod(0o755)
+        write_settings(self.session, SILENT)
+        before = {name: str(value) for name, value in self.session.environment.items() if name != "QT_QPA_PLATFORM"}
+        # As from a shell script: it asks not to be interrupted, and has a mask of its own.
+        script = 'trap "" HUP INT QUIT; umask 027; unset QT_QPA_PLATFORM; exec "$@"'
+        program = self.session.spawn(["sh", "-c", script, "sh", *tickwell_command(self.session, folder)])
+        self.app = self.session.wait_app(program)
+        wait_lines(self.app, upper="Tickwell Ver.2")
+        wait_on_screen(self.session, self.app)
+        self.session.hand.click(self.open_tools().wait(name="伝言板"))
+        told = folder / "told"
+        wait_for(told.exists, "the tool's word")
+        lines = told.read_text(encoding="utf-8").splitlines()
+        self.assertEqual(lines[:3], ["SigBlk:\t0000000000000000", "SigIgn:\t0000000000000000", "0027"])
+        after = dict(line.split("=", 1) for line in lines[3:])
+        own = {"PWD", "OLDPWD", "SHLVL", "_"}  # the shells'
+        self.assertEqual({name: value for name, value in after.items() if name not in own},
+                         {name: value for name, value in before.items() if name not in own})
 
     def test_without_tools_there_is_no_submenu(self):
         self.start({})

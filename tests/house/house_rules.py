@@ -32,7 +32,7 @@ NOT_IN_CORE = {"QWidget", "QPainter", "QColor", "QFont", "QImage", "QPixmap", "Q
                "QApplication", "QScreen", "QWindow", "QIcon", "QPalette"}
 
 # What starts programs: through these files alone, with a list of words, and never by way of a shell.
-STARTS_PROGRAMS = {"src/platform/desktop_programs.cpp", "src/platform/child_process.cpp"}
+STARTS_PROGRAMS = {"src/platform/detached_process.cpp", "src/platform/child_process.cpp"}
 STARTING = re.compile(r"\bQProcess::|\bQProcess\s+\w+[;({]|\bnew QProcess|\bposix_spawnp?\s*\(|\bv?fork\s*\(|"
                       r"\bexecvp?e?\s*\(|\bexecl[pe]?\s*\(|\bQDesktopServices\b")
 SHELL = re.compile(r"(?<!QLocale::)\bsystem\s*\(|\bpopen\s*\(|\bwordexp\s*\(|\bstartCommand\s*\(|\bsplitCommand\s*\(|"

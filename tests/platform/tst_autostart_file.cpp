@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <sys/resource.h>
+#include <sys/stat.h>
 
+#include <QRegularExpression>
 #include <QTemporaryDir>
 #include <QTest>
 #include <csignal>
@@ -70,6 +72,9 @@ private Q_SLOTS:
     void AFolderInPlaceOfTheFileIsRefused();
     void ReadOnlyFoldersAreRefusedAndKept();
     void AFullDiskKeepsTheOldEntry();
+    void AnEndlessEntryIsOff_data();
+    void AnEndlessEntryIsOff();
+    void AnEntryHiddenByADeviceIsReplacedAndNotTheDevice();
     void TheFoldersFollowXdg();
 };
 
@@ -222,11 +227,53 @@ void TstAutostartFile::AFullDiskKeepsTheOldEntry() {
     QCOMPARE(QDir(bench.user).entryList(QDir::Files | QDir::Hidden), QStringList{u"tickwell.desktop"_s});
 }
 
+void TstAutostartFile::AnEndlessEntryIsOff_data() {
+    QTest::addColumn<QString>("target");  // of a link; empty for a pipe
+    QTest::newRow("a pipe") << QString();
+    QTest::newRow("a link to a device") << u"/dev/zero"_s;
+    QTest::newRow("a large file") << u"large"_s;
+}
+
+void TstAutostartFile::AnEndlessEntryIsOff() {
+    QFETCH(QString, target);
+    const Bench bench;
+    QVERIFY(QDir().mkpath(bench.user));
+    QFile large(bench.user + u"/large");
+    QVERIFY(large.open(QIODevice::WriteOnly));
+    large.write("[Desktop Entry]\nExec=x\n");
+    QVERIFY(large.resize(qint64{1} << 30));
+    const QString path = bench.user + u"/tickwell.desktop";
+    QVERIFY(target.isEmpty() ? mkfifo(QFile::encodeName(path).constData(), 0600) == 0
+                             : QFile::link(target, path));
+    QTest::ignoreMessage(QtWarningMsg, QRegularExpression(u"^cannot read "_s + path));
+    QVERIFY(!bench.File().IsOn());
+}
+
+void TstAutostartFile::AnEntryHiddenByADeviceIsReplacedAndNotTheDevice() {
+    const Bench bench;
+    QVERIFY(QDir().mkpath(bench.user));
+    const QByteArray device = QFile::encodeName(bench.dir.filePath(u"device"_s));
+    QCOMPARE(mkfifo(device.constData(), 0600), 0);  // stands for /dev/null, which root could replace
+    QVERIFY(QFile::link(bench.dir.filePath(u"device"_s), bench.user + u"/tickwell.desktop"));
+    WriteAll(bench.user + u"/.tickwell.desktop.unfinished-abcdef", "[Desk");
+    bench.File().Set(true);
+    QVERIFY(bench.File().IsOn());
+    QVERIFY(!QFileInfo(bench.user + u"/tickwell.desktop").isSymLink());
+    QCOMPARE(QDir(bench.user).entryList(QDir::Files | QDir::Hidden), QStringList{u"tickwell.desktop"_s});
+    struct stat state {};
+    QVERIFY(stat(device.constData(), &state) == 0 && S_ISFIFO(state.st_mode));
+}
+
 void TstAutostartFile::TheFoldersFollowXdg() {
     qputenv("XDG_CONFIG_HOME", "/home/someone/conf");
     qputenv("XDG_CONFIG_DIRS", "/etc/one:/etc/two");
     QCOMPARE(AutostartFile::Folders(), (QStringList{u"/home/someone/conf/autostart"_s,
                                                     u"/etc/one/autostart"_s, u"/etc/two/autostart"_s}));
+    qputenv("XDG_CONFIG_HOME", "relative");
+    qputenv("XDG_CONFIG_DIRS", "relative:/etc/two::/etc/two/:../up");
+    QTest::ignoreMessage(QtWarningMsg, "XDG_CONFIG_HOME is ignored: \"relative\" is no absolute path");
+    QCOMPARE(AutostartFile::Folders(),
+             (QStringList{QDir::homePath() + u"/.config/autostart", u"/etc/two/autostart"_s}));
     qunsetenv("XDG_CONFIG_HOME");
     qunsetenv("XDG_CONFIG_DIRS");
     QCOMPARE(AutostartFile::Folders(),

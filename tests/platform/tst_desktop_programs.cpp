@@ -1,7 +1,16 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <QRegularExpression>
 #include <QScopeGuard>
 #include <QTemporaryDir>
 #include <QTest>
+#include <algorithm>
+#include <cerrno>
+#include <csignal>
 
 #include "platform/desktop_programs.h"
 #include "support/files.h"
@@ -13,14 +22,25 @@ namespace {
 
 constexpr auto kRunnable = QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner;
 
+constexpr mode_t kMask = 022;
+
+/// Writes down what it has from who started it, and says that it is done by a rename.
+const QByteArray kLegacy =
+    "#!/bin/sh\n"
+    "{ grep -E '^(SigBlk|SigIgn|PPid|NSsid):' /proc/self/status; umask; "
+    "ls /proc/self/fd | grep -vx '[012]' | wc -l; tr '\\0' '\\n' < /proc/$$/environ; } > "
+    "\"$0.unfinished\"\n"
+    "mv \"$0.unfinished\" \"$0.seen\"\n";
+
 /// Writes down its folder and each of its arguments, and says that it is done by a rename.
 const QByteArray kScript =
     "#!/bin/sh\n"
     "{ pwd; for each in \"$@\"; do printf '%s\\n' \"<$each>\"; done; } > \"$0.unfinished\"\n"
     "mv \"$0.unfinished\" \"$0.seen\"\n";
 
-void WriteScript(const QString& path, QFile::Permissions permissions = kRunnable) {
-    WriteAll(path, kScript);
+void WriteScript(const QString& path, QFile::Permissions permissions = kRunnable,
+                 const QByteArray& script = kScript) {
+    WriteAll(path, script);
     if (!QFile::setPermissions(path, permissions)) {
         qFatal("cannot set the rights of %s", qPrintable(path));
     }
@@ -35,6 +55,8 @@ class TstDesktopPrograms : public QObject {
 private Q_SLOTS:
     void AProgramSeesItsArgumentsAndItsFolder_data();
     void AProgramSeesItsArgumentsAndItsFolder();
+    void AProgramInheritsNothingButTheEnvironment();
+    void AProgramIsNoChild();
     void WhatCannotRunDoesNotStart_data();
     void WhatCannotRunDoesNotStart();
     void ABareNameIsNotStarted();
@@ -59,13 +81,63 @@ void TstDesktopPrograms::AProgramSeesItsArgumentsAndItsFolder() {
     QVERIFY(QDir().mkpath(folder));
     const QString tool = dir.filePath(u"KT01.exe"_s);
     WriteScript(tool);
-    QVERIFY(DesktopPrograms().Start(tool, arguments, folder));
+    QVERIFY(DesktopPrograms(kMask).Start(tool, arguments, folder));
     QTRY_VERIFY(QFileInfo::exists(tool + u".seen"));
     QString expected = folder + u'\n';
     for (const QString& argument : arguments) {
         expected += u'<' + argument + u">\n";
     }
     QCOMPARE(QString::fromUtf8(ReadAll(tool + u".seen")), expected);
+}
+
+/// Everything that could be handed down is set otherwise than a program expects it.
+void TstDesktopPrograms::AProgramInheritsNothingButTheEnvironment() {
+    const QTemporaryDir dir;
+    const QString tool = dir.filePath(u"KT01.exe"_s);
+    WriteScript(tool, kRunnable, kLegacy);
+    const mode_t maskBefore = umask(077);
+    sigset_t blocked;
+    sigemptyset(&blocked);
+    sigaddset(&blocked, SIGUSR1);
+    QCOMPARE(sigprocmask(SIG_BLOCK, &blocked, nullptr), 0);
+    for (const int number : {SIGHUP, SIGINT, SIGQUIT, SIGPIPE, SIGXFSZ}) {
+        QVERIFY(std::signal(number, SIG_IGN) != SIG_ERR);
+    }
+    const int inherited = dup(STDERR_FILENO);
+    const auto restored = qScopeGuard([&] {
+        umask(maskBefore);
+        sigprocmask(SIG_UNBLOCK, &blocked, nullptr);
+        for (const int number : {SIGHUP, SIGINT, SIGQUIT, SIGPIPE, SIGXFSZ}) {
+            std::signal(number, SIG_DFL);
+        }
+        close(inherited);
+    });
+    QVERIFY(DesktopPrograms(kMask).Start(tool, {}, dir.path()));
+    QTRY_VERIFY(QFileInfo::exists(tool + u".seen"));
+    const QByteArray seen = ReadAll(tool + u".seen");
+    for (const QByteArray& line : {"SigBlk:\t0000000000000000\n"_ba, "SigIgn:\t0000000000000000\n"_ba,
+                                   "\n0022\n1\n"_ba /* ls looks at its folder through one */}) {
+        QVERIFY2(seen.contains(line), seen.constData());
+    }
+    QByteArrayList expected;
+    for (char** each = environ; *each != nullptr; ++each) {
+        expected.append(*each);
+    }
+    QByteArrayList environment = seen.mid(seen.indexOf("\n1\n") + 3).trimmed().split('\n');
+    std::sort(expected.begin(), expected.end());
+    std::sort(environment.begin(), environment.end());
+    QCOMPARE(environment, expected);
+}
+
+void TstDesktopPrograms::AProgramIsNoChild() {
+    const QTemporaryDir dir;
+    const QString tool = dir.filePath(u"KT01.exe"_s);
+    WriteScript(tool, kRunnable, "#!/bin/sh\necho $PPID > \"$0.part\"\nmv \"$0.part\" \"$0.seen\"\n");
+    QVERIFY(DesktopPrograms(kMask).Start(tool, {}, dir.path()));
+    QTRY_VERIFY(QFileInfo::exists(tool + u".seen"));
+    QVERIFY(ReadAll(tool + u".seen").trimmed() != QByteArray::number(getpid()));
+    QCOMPARE(waitpid(-1, nullptr, WNOHANG), -1);  // no child is left, dead or alive
+    QCOMPARE(errno, ECHILD);
 }
 
 void TstDesktopPrograms::WhatCannotRunDoesNotStart_data() {
@@ -84,13 +156,14 @@ void TstDesktopPrograms::WhatCannotRunDoesNotStart() {
     WriteScript(dir.filePath(u"plain"_s), QFile::ReadOwner | QFile::WriteOwner);
     WriteScript(dir.filePath(u"good"_s));
     QVERIFY(QDir().mkpath(dir.filePath(u"folder"_s)));
-    QVERIFY(!DesktopPrograms().Start(dir.filePath(file), {}, dir.filePath(folder)));
+    QTest::ignoreMessage(QtWarningMsg, QRegularExpression(u"^cannot start "_s + dir.filePath(file)));
+    QVERIFY(!DesktopPrograms(kMask).Start(dir.filePath(file), {}, dir.filePath(folder)));
 }
 
 void TstDesktopPrograms::ABareNameIsNotStarted() {
     const QTemporaryDir dir;
-    QVERIFY(!DesktopPrograms().Start(u"true"_s, {}, dir.path()));
-    QVERIFY(!DesktopPrograms().Start(QString(), {}, dir.path()));
+    QVERIFY(!DesktopPrograms(kMask).Start(u"true"_s, {}, dir.path()));
+    QVERIFY(!DesktopPrograms(kMask).Start(QString(), {}, dir.path()));
 }
 
 void TstDesktopPrograms::ProgramsAreFoundOnThePath() {
@@ -104,7 +177,7 @@ void TstDesktopPrograms::ProgramsAreFoundOnThePath() {
     const QByteArray path = qgetenv("PATH");
     const auto restore = qScopeGuard([&] { qputenv("PATH", path); });
     QVERIFY(qputenv("PATH", QString(first.path() + u':' + second.path()).toUtf8()));
-    const DesktopPrograms programs;
+    const DesktopPrograms programs(kMask);
     QCOMPARE(programs.Find(u"only-first"_s), first.filePath(u"only-first"_s));
     QCOMPARE(programs.Find(u"only-second"_s), second.filePath(u"only-second"_s));
     QCOMPARE(programs.Find(u"both"_s), first.filePath(u"both"_s));
@@ -121,8 +194,8 @@ void TstDesktopPrograms::OnlyBareNamesAreFound_data() {
 
 void TstDesktopPrograms::OnlyBareNamesAreFound() {
     QFETCH(QString, name);
-    QCOMPARE(DesktopPrograms().Find(name), QString());
-    QVERIFY(!DesktopPrograms().Find(u"sh"_s).isEmpty());
+    QCOMPARE(DesktopPrograms(kMask).Find(name), QString());
+    QVERIFY(!DesktopPrograms(kMask).Find(u"sh"_s).isEmpty());
 }
 
 QTEST_GUILESS_MAIN(TstDesktopPrograms)

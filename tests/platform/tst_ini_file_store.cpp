@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <sys/resource.h>
+#include <sys/stat.h>
 
 #include <QRandomGenerator>
+#include <QScopeGuard>
 #include <QTemporaryDir>
 #include <QTest>
 #include <csignal>
@@ -53,6 +55,12 @@ private Q_SLOTS:
     void AnUnreadableFileIsAnError();
     void AFolderInPlaceOfTheFileIsAnError();
     void ALinkedFileStaysALink();
+    void WhatIsNoSettingsFileIsNamedAndStays_data();
+    void WhatIsNoSettingsFileIsNamedAndStays();
+    void AFileThatASaveWouldMakeTooLargeStays();
+    void AFileOfManyLinesIsReadAndSaved();
+    void WhatAKilledSaveLeftIsRemovedAtTheNextStart();
+    void TheUsersPathFollowsXdg_data();
     void TheUsersPathFollowsXdg();
 };
 
@@ -236,9 +244,106 @@ void TstIniFileStore::ALinkedFileStaysALink() {
     QVERIFY(ReadAll(dir.filePath(u"real.ini"_s)).contains("Op_Speed=2\n"));
 }
 
+void TstIniFileStore::WhatIsNoSettingsFileIsNamedAndStays_data() {
+    QTest::addColumn<QString>("target");  // of a link; empty for a pipe
+    QTest::addColumn<qint64>("size");     // of that target, if it is made
+    QTest::addColumn<QString>("reason");
+    const QString other = u"通常のファイルではありません。"_s;
+    const QString large = u"ファイルが大きすぎます（1024 KiBまで）。"_s;
+    QTest::newRow("a pipe") << QString() << qint64{0} << other;
+    QTest::newRow("a link to a device that never ends") << u"/dev/zero"_s << qint64{0} << other;
+    QTest::newRow("a link to a device that is full") << u"/dev/full"_s << qint64{0} << other;
+    QTest::newRow("a byte too much") << u"large"_s << (qint64{1} << 20) + 1 << large;
+    QTest::newRow("a gigabyte of nothing") << u"large"_s << (qint64{1} << 30) << large;
+}
+
+void TstIniFileStore::WhatIsNoSettingsFileIsNamedAndStays() {
+    QFETCH(QString, target);
+    QFETCH(qint64, size);
+    QFETCH(QString, reason);
+    const QTemporaryDir dir;
+    const QString path = dir.filePath(u"TKW2.ini"_s);
+    if (size > 0) {
+        QFile large(dir.filePath(target));
+        QVERIFY(large.open(QIODevice::WriteOnly) && large.resize(size));
+    }
+    QVERIFY(target.isEmpty() ? mkfifo(QFile::encodeName(path).constData(), 0600) == 0
+                             : QFile::link(target, path));
+    struct stat before {};
+    QCOMPARE(stat(QFile::encodeName(path).constData(), &before), 0);
+    try {
+        const IniFileStore store(path);
+        QFAIL("took it for settings");
+    } catch (const RunTimeError& error) {
+        QCOMPARE(error.Reason(), u"設定ファイルを読み込めません。\r\n"_s + path + u"\r\n" + reason +
+                                     u"\r\n移動または削除すると、既定の設定で起動できます。");
+    }
+    struct stat after {};
+    QCOMPARE(stat(QFile::encodeName(path).constData(), &after), 0);
+    QCOMPARE(after.st_ino, before.st_ino);
+    QCOMPARE(after.st_size, before.st_size);
+}
+
+void TstIniFileStore::AFileThatASaveWouldMakeTooLargeStays() {
+    const QTemporaryDir dir;
+    const QString path = dir.filePath(u"TKW2.ini"_s);
+    const QByteArray largest = '#' + QByteArray((1 << 20) - 2, 'x') + '\n';
+    WriteAll(path, largest);
+    IniFileStore store(path);
+    store.Set(u"SetUp"_s, u"Op_Speed"_s, u"2"_s);
+    QVERIFY_THROWS_EXCEPTION(RunTimeError, store.Commit());
+    QCOMPARE(ReadAll(path), largest);
+}
+
+void TstIniFileStore::AFileOfManyLinesIsReadAndSaved() {
+    const QTemporaryDir dir;
+    const QString path = dir.filePath(u"TKW2.ini"_s);
+    const QByteArray many = QByteArray("a=1\n").repeated(100'000);
+    WriteAll(path, "[Notes]\n" + many + "[SetUp]\nOp_Speed=31\nOp_Speed=32\n");
+    IniFileStore store(path);
+    AppSettings settings;
+    LoadSettings(store, settings);
+    QCOMPARE(settings.wipeSpeed, 31);
+    settings.wipeSpeed = 33;
+    SaveSettings(store, settings, {}, {2505, 0, 0});
+    const QByteArray expected = "[Notes]\n" + many + "[SetUp]\nOp_Speed=33\nOp_Speed=32\nOp_Waip=2\n";
+    QVERIFY(ReadAll(path).startsWith(expected));
+    AppSettings again;
+    LoadSettings(IniFileStore(path), again);
+    QCOMPARE(again, settings);
+}
+
+void TstIniFileStore::WhatAKilledSaveLeftIsRemovedAtTheNextStart() {
+    const QTemporaryDir dir;
+    const QString path = dir.filePath(u"TKW2.ini"_s);
+    WriteAll(path, UsersFile());
+    WriteAll(dir.filePath(u".TKW2.ini.unfinished-abcDEF"_s), "[Set");
+    const IniFileStore store(path);
+    QCOMPARE(QDir(dir.path()).entryList(QDir::Files | QDir::Hidden), QStringList{u"TKW2.ini"_s});
+    QCOMPARE(ReadAll(path), UsersFile());
+}
+
+void TstIniFileStore::TheUsersPathFollowsXdg_data() {
+    QTest::addColumn<QByteArray>("home");
+    QTest::addColumn<QString>("folder");
+    QTest::newRow("set") << "/somewhere/else"_ba << u"/somewhere/else"_s;
+    QTest::newRow("not set") << QByteArray() << u"/home/user/.config"_s;
+    QTest::newRow("relative, which is ignored") << "somewhere/else"_ba << u"/home/user/.config"_s;
+    QTest::newRow("relative to the user's home") << "~/else"_ba << u"/home/user/.config"_s;
+}
+
 void TstIniFileStore::TheUsersPathFollowsXdg() {
-    qputenv("XDG_CONFIG_HOME", "/somewhere/else");
-    QCOMPARE(IniFileStore::UserPath(), u"/somewhere/else/TKW2/TKW2.ini"_s);
+    QFETCH(QByteArray, home);
+    QFETCH(QString, folder);
+    const QByteArray before = qgetenv("HOME");
+    const auto restored = qScopeGuard([&before] { qputenv("HOME", before); });
+    qputenv("HOME", "/home/user");
+    qputenv("XDG_CONFIG_HOME", home);
+    if (!home.isEmpty() && !home.startsWith('/')) {
+        QTest::ignoreMessage(QtWarningMsg,
+                             "XDG_CONFIG_HOME is ignored: \"" + home + "\" is no absolute path");
+    }
+    QCOMPARE(IniFileStore::UserPath(), folder + u"/TKW2/TKW2.ini");
 }
 
 QTEST_GUILESS_MAIN(TstIniFileStore)

@@ -9,6 +9,7 @@
 #include <QDir>
 #include <QFile>
 #include <QLocalSocket>
+#include <QRegularExpression>
 #include <QScopeGuard>
 #include <QTemporaryDir>
 #include <QTest>
@@ -19,6 +20,7 @@
 #include <vector>
 
 #include "platform/word_socket.h"
+#include "support/files.h"
 
 using namespace tickwell;
 using namespace Qt::StringLiterals;
@@ -52,8 +54,9 @@ private Q_SLOTS:
     void WhoLeavesInSilenceIsNotHeard();
     void TheSocketIsTheUsersAloneWhateverTheMask();
     void TheSocketGoesWithItsListener();
-    void WhatWasLeftThereIsReplaced();
-    void AFolderInItsPlaceStays();
+    void ASocketThatWasLeftThereIsReplaced();
+    void AnythingElseInItsPlaceStays_data();
+    void AnythingElseInItsPlaceStays();
     void ANameThatIsTooLongIsRefused();
     void NobodyThereIsNoAnswer();
     void WhoListensAndDoesNotAnswerIsNotWaitedForLong();
@@ -126,19 +129,44 @@ void TstWordSocket::TheSocketGoesWithItsListener() {
     QVERIFY(!QFile::exists(Path()));
 }
 
-void TstWordSocket::WhatWasLeftThereIsReplaced() {
-    QFile left(Path());
-    QVERIFY(left.open(QIODevice::WriteOnly));
-    left.close();
+void TstWordSocket::ASocketThatWasLeftThereIsReplaced() {
+    QCOMPARE(SocketPlaceOf(Path()), SocketPlace::Free);
+    const int left = socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
+    sockaddr_un address{};
+    address.sun_family = AF_UNIX;
+    std::strncpy(static_cast<char*>(address.sun_path), qPrintable(Path()), sizeof(address.sun_path) - 1);
+    QCOMPARE(bind(left, reinterpret_cast<const sockaddr*>(&address), sizeof(address)), 0);
+    close(left);
+    QCOMPARE(SocketPlaceOf(Path()), SocketPlace::OwnSocket);
     QVERIFY(m_socket->Listen(Path()));
     Say("menu\n");
     QCOMPARE(m_heard, std::vector<QByteArray>{"menu\n"});
 }
 
-void TstWordSocket::AFolderInItsPlaceStays() {
-    QVERIFY(QDir().mkpath(Path() + u"/full"_s));
+void TstWordSocket::AnythingElseInItsPlaceStays_data() {
+    QTest::addColumn<QString>("kind");
+    QTest::newRow("file") << u"file"_s;
+    QTest::newRow("folder") << u"folder"_s;
+    QTest::newRow("dead link") << u"link"_s;
+}
+
+void TstWordSocket::AnythingElseInItsPlaceStays() {
+    QFETCH(QString, kind);
+    if (kind == u"file") {
+        WriteAll(Path(), "mine");
+    } else if (kind == u"folder") {
+        QVERIFY(QDir().mkdir(Path()));
+    } else {
+        QVERIFY(QFile::link(u"nowhere"_s, Path()));
+    }
+    QCOMPARE(SocketPlaceOf(Path()), SocketPlace::Taken);
+    QTest::ignoreMessage(QtWarningMsg, QRegularExpression(u"^cannot listen at "_s + Path() + u": .*in use"));
     QVERIFY(!m_socket->Listen(Path()));
-    QVERIFY(QFile::exists(Path() + u"/full"_s));
+    m_socket.reset();
+    const QFileInfo there(Path());
+    QVERIFY(kind == u"link"     ? there.isSymLink()
+            : kind == u"folder" ? there.isDir()
+                                : ReadAll(Path()) == "mine");
 }
 
 void TstWordSocket::ANameThatIsTooLongIsRefused() {

@@ -1,0 +1,21 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+namespace tickwell {
+
+/// The user's folders as the XDG Base Directory Specification has them: all absolute, from the environment or
+/// a default. A relative path in the environment is invalid and is ignored; QStandardPaths would take it.
+
+/// $XDG_CONFIG_HOME, else .config in the home folder.
+QString ConfigHome();
+/// $XDG_DATA_HOME, else .local/share in the home folder.
+QString DataHome();
+/// ConfigHome, then each folder of $XDG_CONFIG_DIRS, else /etc/xdg; none twice.
+QStringList ConfigFolders();
+/// $XDG_RUNTIME_DIR, else the folder of temporary files.
+QString RuntimeFolder();
+
+}  // namespace tickwell
