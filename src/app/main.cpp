@@ -11,6 +11,7 @@
 #include "app/program.h"
 #include "display/line_look.h"
 #include "display/main_window_accessible.h"
+#include "platform/base_directories.h"
 #include "platform/freed_memory.h"
 
 namespace {
@@ -47,9 +48,9 @@ int main(int argc, char** argv) {
         return 0;
     }
     std::signal(SIGXFSZ, SIG_IGN);  // a limit on the size of files is an error of the write, not our end
-    // What the user stores is nobody else's to read. Programs that are started from here get the old mask
-    // back.
-    const mode_t usersMask = umask(S_IRWXG | S_IRWXO);
+    const tickwell::Inheritance users = tickwell::Inheritance::OfThisProcess();
+    tickwell::DropRelativeFolders();
+    umask(S_IRWXG | S_IRWXO);  // what the user stores is nobody else's to read
     std::vector<char*> arguments = ArgumentsForQt(argc, argv);
     int count = static_cast<int>(arguments.size()) - 1;
     const QApplication application(count, arguments.data());
@@ -68,6 +69,6 @@ int main(int argc, char** argv) {
     }
     tickwell::InstallFontSubstitutes();
     tickwell::InstallMainWindowAccessibility();
-    tickwell::Program program(options, usersMask);
+    tickwell::Program program(options, users);
     return program.Run();
 }

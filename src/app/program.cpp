@@ -31,12 +31,12 @@ FolderChoices ChoicesFor(const Options& options) {
 
 }  // namespace
 
-Program::Program(const Options& options, mode_t usersMask)
+Program::Program(const Options& options, Inheritance users)
     : m_options(options),
       m_handlers(m_boxes),
       m_iconTimer(m_qtTimers.Create(kIconDelay, [this] { ShowIcon(); })),
       m_tidyTimer(m_qtTimers.Create(kTidyDelay, [this] { Tidy(); })),
-      m_starter(usersMask),
+      m_starter(std::move(users)),
       m_printer(m_qtTimers, HelperPath(QCoreApplication::applicationDirPath(), u"tickwell-print"_s)),
       m_drive(m_qtTimers, m_sound, HelperPath(QCoreApplication::applicationDirPath(), u"tickwell-cd"_s),
               options.disc) {

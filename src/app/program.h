@@ -33,8 +33,8 @@ class Program : public QObject {
     Q_OBJECT
 
 public:
-    /// `usersMask`: the umask that tools are started with.
-    Program(const Options& options, mode_t usersMask);
+    /// `users`: what the user's desktop started this process with, and tools are started with.
+    Program(const Options& options, Inheritance users);
 
     /// Runs until the main window closes; the exit code of the process.
     int Run();

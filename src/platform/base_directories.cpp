@@ -17,16 +17,21 @@ QString FromEnvironment(const char* variable) {
 /// The folder that a variable names, else `standard`.
 QString Folder(const char* variable, const QString& standard) {
     const QString folder = FromEnvironment(variable);
-    if (QDir::isAbsolutePath(folder)) {
-        return QDir::cleanPath(folder);
-    }
-    if (!folder.isEmpty()) {
-        qWarning("%s is ignored: \"%s\" is no absolute path", variable, qUtf8Printable(folder));
-    }
-    return standard;
+    return QDir::isAbsolutePath(folder) ? QDir::cleanPath(folder) : standard;
 }
 
 }  // namespace
+
+void DropRelativeFolders() {
+    for (const char* variable :
+         {"XDG_CACHE_HOME", "XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_RUNTIME_DIR", "XDG_STATE_HOME"}) {
+        const QString folder = FromEnvironment(variable);
+        if (!folder.isEmpty() && !QDir::isAbsolutePath(folder)) {
+            qWarning("%s is ignored: \"%s\" is no absolute path", variable, qUtf8Printable(folder));
+            qunsetenv(variable);
+        }
+    }
+}
 
 QString ConfigHome() {
     return Folder("XDG_CONFIG_HOME", QDir::homePath() + u"/.config");

@@ -5,8 +5,6 @@
 #include <QFileInfo>
 #include <QStandardPaths>
 
-#include "platform/detached_process.h"
-
 namespace tickwell {
 
 QString DesktopPrograms::Find(const QString& name) const {
@@ -18,11 +16,11 @@ bool DesktopPrograms::Start(const QString& file, const QStringList& arguments, c
     if (!QFileInfo(file).isAbsolute()) {
         return false;  // a bare name would be meant from `folder`
     }
-    QList<QByteArray> words{QFile::encodeName(file)};
+    QByteArrayList words{QFile::encodeName(file)};
     for (const QString& argument : arguments) {
         words.append(QFile::encodeName(argument));
     }
-    const int error = StartDetached(words, QFile::encodeName(folder), m_mask);
+    const int error = StartDetached(words, QFile::encodeName(folder), m_inheritance);
     if (error != 0) {
         qWarning("cannot start %s: %s", qUtf8Printable(file), qUtf8Printable(qt_error_string(error)));
     }

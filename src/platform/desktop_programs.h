@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <sys/types.h>
-
 #include "core/ports/program_starter.h"
+#include "platform/detached_process.h"
 
 namespace tickwell {
 
@@ -11,14 +10,14 @@ namespace tickwell {
 /// wait for it.
 class DesktopPrograms : public ProgramStarter {
 public:
-    /// `mask`: the umask that programs start with.
-    explicit DesktopPrograms(mode_t mask) : m_mask(mask) {}
+    /// `inheritance`: what programs start with.
+    explicit DesktopPrograms(Inheritance inheritance) : m_inheritance(std::move(inheritance)) {}
 
     QString Find(const QString& name) const override;
     bool Start(const QString& file, const QStringList& arguments, const QString& folder) override;
 
 private:
-    mode_t m_mask;
+    Inheritance m_inheritance;
 };
 
 }  // namespace tickwell

@@ -17,8 +17,20 @@ namespace {
 
 constexpr int kReport = STDERR_FILENO + 1;  // descriptor on which a new process reports why it did not start
 
+using Pointers = std::vector<char*>;  // as execve takes them, a null pointer at the end
+
+Pointers PointersTo(const QByteArrayList& texts) {
+    Pointers pointers;
+    for (const QByteArray& text : texts) {
+        pointers.push_back(const_cast<char*>(text.constData()));  // execve leaves them alone
+    }
+    pointers.push_back(nullptr);
+    return pointers;
+}
+
 struct Program {
-    std::vector<char*> words;  // as execve takes them, a null pointer at the end
+    Pointers words;
+    Pointers environment;
     const char* folder = nullptr;
     mode_t mask = 0;
 };
@@ -47,7 +59,7 @@ void ResetSignals() {
     }
     umask(program.mask);
     ResetSignals();
-    execve(program.words.front(), program.words.data(), environ);
+    execve(program.words.front(), program.words.data(), program.environment.data());
     Fail(errno);
 }
 
@@ -92,16 +104,23 @@ int EndOf(pid_t child) {
 
 }  // namespace
 
-int StartDetached(const QList<QByteArray>& words, const QByteArray& folder, mode_t mask) {
+Inheritance Inheritance::OfThisProcess() {
+    Inheritance inheritance;
+    inheritance.mask = umask(0);  // it can only be read by being set
+    umask(inheritance.mask);
+    for (char** each = environ; *each != nullptr; ++each) {
+        inheritance.environment.append(*each);
+    }
+    return inheritance;
+}
+
+int StartDetached(const QByteArrayList& words, const QByteArray& folder, const Inheritance& inheritance) {
     std::array<int, 2> report{};
     if (pipe2(report.data(), O_CLOEXEC) != 0) {
         return errno;
     }
-    Program program{{}, folder.constData(), mask};
-    for (const QByteArray& word : words) {
-        program.words.push_back(const_cast<char*>(word.constData()));  // execve leaves them alone
-    }
-    program.words.push_back(nullptr);
+    const Program program{PointersTo(words), PointersTo(inheritance.environment), folder.constData(),
+                          inheritance.mask};
     const pid_t child = fork();
     if (child == 0) {
         Detach(program, report[1]);

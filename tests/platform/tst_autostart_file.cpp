@@ -9,6 +9,7 @@
 
 #include "core/errors.h"
 #include "platform/autostart_file.h"
+#include "platform/base_directories.h"
 #include "support/files.h"
 #include "support/other_user.h"
 
@@ -271,9 +272,15 @@ void TstAutostartFile::TheFoldersFollowXdg() {
                                                     u"/etc/one/autostart"_s, u"/etc/two/autostart"_s}));
     qputenv("XDG_CONFIG_HOME", "relative");
     qputenv("XDG_CONFIG_DIRS", "relative:/etc/two::/etc/two/:../up");
+    const QStringList expected{QDir::homePath() + u"/.config/autostart", u"/etc/two/autostart"_s};
+    QCOMPARE(AutostartFile::Folders(), expected);
     QTest::ignoreMessage(QtWarningMsg, "XDG_CONFIG_HOME is ignored: \"relative\" is no absolute path");
-    QCOMPARE(AutostartFile::Folders(),
-             (QStringList{QDir::homePath() + u"/.config/autostart", u"/etc/two/autostart"_s}));
+    DropRelativeFolders();
+    QVERIFY(!qEnvironmentVariableIsSet("XDG_CONFIG_HOME"));
+    QCOMPARE(AutostartFile::Folders(), expected);
+    qputenv("XDG_CONFIG_HOME", "/absolute");
+    DropRelativeFolders();
+    QCOMPARE(qgetenv("XDG_CONFIG_HOME"), "/absolute"_ba);
     qunsetenv("XDG_CONFIG_HOME");
     qunsetenv("XDG_CONFIG_DIRS");
     QCOMPARE(AutostartFile::Folders(),

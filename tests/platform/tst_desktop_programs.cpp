@@ -22,7 +22,11 @@ namespace {
 
 constexpr auto kRunnable = QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner;
 
-constexpr mode_t kMask = 022;
+const QByteArrayList kEnvironment{"PATH=/usr/bin:/bin", "LANG=C.UTF-8", "A=b=c"};
+
+DesktopPrograms Programs() {
+    return DesktopPrograms({022, kEnvironment});
+}
 
 /// Writes down what it has from who started it, and says that it is done by a rename.
 const QByteArray kLegacy =
@@ -55,7 +59,8 @@ class TstDesktopPrograms : public QObject {
 private Q_SLOTS:
     void AProgramSeesItsArgumentsAndItsFolder_data();
     void AProgramSeesItsArgumentsAndItsFolder();
-    void AProgramInheritsNothingButTheEnvironment();
+    void AProgramInheritsWhatItShallAlone();
+    void WhatThisProcessHasIsHandedDownAsItWas();
     void AProgramIsNoChild();
     void WhatCannotRunDoesNotStart_data();
     void WhatCannotRunDoesNotStart();
@@ -81,7 +86,7 @@ void TstDesktopPrograms::AProgramSeesItsArgumentsAndItsFolder() {
     QVERIFY(QDir().mkpath(folder));
     const QString tool = dir.filePath(u"KT01.exe"_s);
     WriteScript(tool);
-    QVERIFY(DesktopPrograms(kMask).Start(tool, arguments, folder));
+    QVERIFY(Programs().Start(tool, arguments, folder));
     QTRY_VERIFY(QFileInfo::exists(tool + u".seen"));
     QString expected = folder + u'\n';
     for (const QString& argument : arguments) {
@@ -91,7 +96,7 @@ void TstDesktopPrograms::AProgramSeesItsArgumentsAndItsFolder() {
 }
 
 /// Everything that could be handed down is set otherwise than a program expects it.
-void TstDesktopPrograms::AProgramInheritsNothingButTheEnvironment() {
+void TstDesktopPrograms::AProgramInheritsWhatItShallAlone() {
     const QTemporaryDir dir;
     const QString tool = dir.filePath(u"KT01.exe"_s);
     WriteScript(tool, kRunnable, kLegacy);
@@ -112,28 +117,37 @@ void TstDesktopPrograms::AProgramInheritsNothingButTheEnvironment() {
         }
         close(inherited);
     });
-    QVERIFY(DesktopPrograms(kMask).Start(tool, {}, dir.path()));
+    QVERIFY(Programs().Start(tool, {}, dir.path()));
     QTRY_VERIFY(QFileInfo::exists(tool + u".seen"));
     const QByteArray seen = ReadAll(tool + u".seen");
     for (const QByteArray& line : {"SigBlk:\t0000000000000000\n"_ba, "SigIgn:\t0000000000000000\n"_ba,
                                    "\n0022\n1\n"_ba /* ls looks at its folder through one */}) {
         QVERIFY2(seen.contains(line), seen.constData());
     }
-    QByteArrayList expected;
-    for (char** each = environ; *each != nullptr; ++each) {
-        expected.append(*each);
-    }
     QByteArrayList environment = seen.mid(seen.indexOf("\n1\n") + 3).trimmed().split('\n');
+    QByteArrayList expected = kEnvironment;
     std::sort(expected.begin(), expected.end());
     std::sort(environment.begin(), environment.end());
     QCOMPARE(environment, expected);
+}
+
+void TstDesktopPrograms::WhatThisProcessHasIsHandedDownAsItWas() {
+    qputenv("TICKWELL_TEST", "before");
+    const mode_t before = umask(027);
+    const Inheritance inheritance = Inheritance::OfThisProcess();
+    QCOMPARE(umask(before), mode_t{027});
+    qputenv("TICKWELL_TEST", "after");
+    QCOMPARE(inheritance.mask, mode_t{027});
+    QVERIFY(inheritance.environment.contains("TICKWELL_TEST=before"));
+    QVERIFY(inheritance.environment.contains("TZ=Asia/Tokyo"));
+    qunsetenv("TICKWELL_TEST");
 }
 
 void TstDesktopPrograms::AProgramIsNoChild() {
     const QTemporaryDir dir;
     const QString tool = dir.filePath(u"KT01.exe"_s);
     WriteScript(tool, kRunnable, "#!/bin/sh\necho $PPID > \"$0.part\"\nmv \"$0.part\" \"$0.seen\"\n");
-    QVERIFY(DesktopPrograms(kMask).Start(tool, {}, dir.path()));
+    QVERIFY(Programs().Start(tool, {}, dir.path()));
     QTRY_VERIFY(QFileInfo::exists(tool + u".seen"));
     QVERIFY(ReadAll(tool + u".seen").trimmed() != QByteArray::number(getpid()));
     QCOMPARE(waitpid(-1, nullptr, WNOHANG), -1);  // no child is left, dead or alive
@@ -157,13 +171,13 @@ void TstDesktopPrograms::WhatCannotRunDoesNotStart() {
     WriteScript(dir.filePath(u"good"_s));
     QVERIFY(QDir().mkpath(dir.filePath(u"folder"_s)));
     QTest::ignoreMessage(QtWarningMsg, QRegularExpression(u"^cannot start "_s + dir.filePath(file)));
-    QVERIFY(!DesktopPrograms(kMask).Start(dir.filePath(file), {}, dir.filePath(folder)));
+    QVERIFY(!Programs().Start(dir.filePath(file), {}, dir.filePath(folder)));
 }
 
 void TstDesktopPrograms::ABareNameIsNotStarted() {
     const QTemporaryDir dir;
-    QVERIFY(!DesktopPrograms(kMask).Start(u"true"_s, {}, dir.path()));
-    QVERIFY(!DesktopPrograms(kMask).Start(QString(), {}, dir.path()));
+    QVERIFY(!Programs().Start(u"true"_s, {}, dir.path()));
+    QVERIFY(!Programs().Start(QString(), {}, dir.path()));
 }
 
 void TstDesktopPrograms::ProgramsAreFoundOnThePath() {
@@ -177,7 +191,7 @@ void TstDesktopPrograms::ProgramsAreFoundOnThePath() {
     const QByteArray path = qgetenv("PATH");
     const auto restore = qScopeGuard([&] { qputenv("PATH", path); });
     QVERIFY(qputenv("PATH", QString(first.path() + u':' + second.path()).toUtf8()));
-    const DesktopPrograms programs(kMask);
+    const DesktopPrograms programs = Programs();
     QCOMPARE(programs.Find(u"only-first"_s), first.filePath(u"only-first"_s));
     QCOMPARE(programs.Find(u"only-second"_s), second.filePath(u"only-second"_s));
     QCOMPARE(programs.Find(u"both"_s), first.filePath(u"both"_s));
@@ -194,8 +208,8 @@ void TstDesktopPrograms::OnlyBareNamesAreFound_data() {
 
 void TstDesktopPrograms::OnlyBareNamesAreFound() {
     QFETCH(QString, name);
-    QCOMPARE(DesktopPrograms(kMask).Find(name), QString());
-    QVERIFY(!DesktopPrograms(kMask).Find(u"sh"_s).isEmpty());
+    QCOMPARE(Programs().Find(name), QString());
+    QVERIFY(!Programs().Find(u"sh"_s).isEmpty());
 }
 
 QTEST_GUILESS_MAIN(TstDesktopPrograms)
