@@ -13,6 +13,7 @@ namespace tickwell {
 namespace {
 
 constexpr qint64 kLargest = qint64{512} << 10;  // bytes; ours has a tenth of it
+constexpr QStringView kRemedy = u"\r\n元の Help.hlp に置き換えてください。";
 
 }  // namespace
 
@@ -20,7 +21,7 @@ QString ReadHelpFile(const QString& path) {
     const QString name = QFileInfo(path).fileName();
     const FileContents file = ReadRegularFile(path, kLargest);
     if (file.problem == FileProblem::TooLarge) {
-        throw RunTimeError(name + u" を読み込めません。\r\n" + file.reason);
+        throw RunTimeError(name + u" を読み込めません。\r\n" + file.reason + kRemedy);
     }
     if (file.problem != FileProblem::None || file.bytes.isEmpty()) {
         throw RunTimeError(name + u" を読み込めません。");
@@ -32,7 +33,7 @@ QString ReadHelpFile(const QString& path) {
         throw RunTimeError(name + u" はヘルプの形式ではありません。");
     }
     if (!IsEasyToShow(text)) {
-        throw RunTimeError(name + u" は構造が複雑すぎるため、表示できません。");
+        throw RunTimeError(name + u" は構造が複雑すぎるため、表示できません。" + kRemedy);
     }
     return text;
 }

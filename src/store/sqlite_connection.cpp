@@ -35,6 +35,13 @@ QString OfAFile(const QString& path) {
     if (!file.isFile()) {
         throw RunTimeError(u"データベースのファイルではありません。"_s);
     }
+    for (const QLatin1StringView suffix : {"-journal"_L1, "-wal"_L1}) {
+        const QFileInfo journal(file.canonicalFilePath() + suffix);
+        if (journal.exists() && !journal.isFile()) {  // SQLite would open a pipe and wait for ever
+            throw RunTimeError(journal.fileName() +
+                               u" は通常のファイルではありません。移動または削除してください。");
+        }
+    }
     return file.absoluteFilePath();
 }
 

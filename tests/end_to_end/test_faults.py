@@ -135,7 +135,7 @@ class Missing(FaultCase):
             close_box(self.app, RUN_TIME_ERROR + "Help.hlp を読み込めません。")
         (self.folder / "Help.hlp").write_bytes(b"<table><tr><td>" * 60)  # which would take Qt for ever
         choose(self.session, self.app, "ﾍﾙﾌﾟ")
-        close_box(self.app, RUN_TIME_ERROR + "Help.hlp は構造が複雑すぎるため、表示できません。")
+        close_box(self.app, RUN_TIME_ERROR + "Help.hlp は構造が複雑すぎるため、表示できません。\n元の Help.hlp に")
         (self.folder / "Help.hlp").write_bytes(text)
         choose(self.session, self.app, "ﾍﾙﾌﾟ")
         self.app.wait(name="Tickwell ヘルプ", showing=True)

@@ -90,6 +90,12 @@ class StartUp(TickwellCase):
                 self.assert_refused(start_tickwell(self.session, folder=folder), "DayDate.mdb")
         database.unlink()
         database.write_bytes(content)
+        for suffix in ("-journal", "-wal"):
+            with self.subTest(suffix):
+                journal = folder / f"DayDate.mdb{suffix}"
+                os.mkfifo(journal)
+                self.assert_refused(start_tickwell(self.session, folder=folder), f"DayDate.mdb\n{journal.name} ")
+                journal.unlink()
 
     def test_it_finds_its_files_wherever_it_is_started(self):
         app = start_tickwell(self.session, cwd="/")

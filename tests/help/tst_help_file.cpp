@@ -56,8 +56,10 @@ void TstHelpFile::WhatIsNoTextIsRefused_data() {
     QTest::newRow("a compiled help file") << QByteArray("?_\x03\x00\x10\x00\x00\x00", 8) << kWrongForm;
     QTest::newRow("another encoding") << QByteArray("\x83\x77\x83\x8b\x83\x76") << kWrongForm;
     QTest::newRow("cut within a character") << QByteArray("a\xe3\x81") << kWrongForm;
-    QTest::newRow("too large") << QByteArray("<br>").repeated(512 * 256) + '\n'
-                               << kUnreadable + u"\r\nファイルが大きすぎます（512 KiBまで）。";
+    QTest::newRow("too large")
+        << QByteArray("<br>").repeated(512 * 256) + '\n'
+        << kUnreadable +
+               u"\r\nファイルが大きすぎます（512 KiBまで）。\r\n元の Help.hlp に置き換えてください。";
 }
 
 void TstHelpFile::WhatIsNoTextIsRefused() {
@@ -124,8 +126,11 @@ void TstHelpFile::WhatWouldTakeLongToShowIsRefused() {
     QFETCH(bool, isShown);
     const QTemporaryDir dir;
     WriteAll(dir.filePath(u"Help.hlp"_s), bytes);
-    QCOMPARE(ReasonFor(dir.filePath(u"Help.hlp"_s)),
-             isShown ? QString() : u"Help.hlp は構造が複雑すぎるため、表示できません。"_s);
+    QCOMPARE(
+        ReasonFor(dir.filePath(u"Help.hlp"_s)),
+        isShown
+            ? QString()
+            : u"Help.hlp は構造が複雑すぎるため、表示できません。\r\n元の Help.hlp に置き換えてください。"_s);
 }
 
 void TstHelpFile::WhatCannotBeReadIsRefused() {
