@@ -3,6 +3,8 @@
 #include <numeric>
 
 #include "store/jet/jet_error.h"
+#include "store/jet/jet_file.h"
+#include "store/jet/jet_text.h"
 #include "store/jet_samples.h"
 
 using namespace tickwell;
@@ -114,6 +116,33 @@ QByteArray Patched(QByteArray file, qsizetype at, char byte) {
     return file;
 }
 
+/// Where in a file that is not encrypted a number of the catalogue stands: `column` of the row of `table`.
+qsizetype PlaceInCatalogue(const QByteArray& file, QStringView table, QStringView column) {
+    const JetPages pages(file);
+    const JetTable catalogue(pages, 2);
+    const JetText text(pages);
+    qsizetype place = -1;
+    catalogue.ForEachRow([&](const JetRow& row) {
+        const auto name = row.Field(*catalogue.Find(u"Name"));
+        const auto field = row.Field(*catalogue.Find(column));
+        if (name && field && text.Decode(*name) == table) {
+            place = field->Bytes().data() - pages.Page(1).Bytes().data() + pages.Layout().pageSize;
+        }
+    });
+    return place;
+}
+
+/// The pages with rows of the table whose definition begins on page `table`.
+QList<qsizetype> DataPages(const QByteArray& file, qsizetype pageSize, quint32 table) {
+    QList<qsizetype> places;
+    for (qsizetype at = pageSize; at < file.size(); at += pageSize) {
+        if (file.at(at) == 1 && qFromLittleEndian<quint32>(file.constData() + at + 4) == table) {
+            places.append(at);
+        }
+    }
+    return places;
+}
+
 }  // namespace
 
 /// Whole Jet files: what is read of them and which ones are refused.
@@ -129,6 +158,11 @@ private Q_SLOTS:
     void AJumpTableIsReadWhetherOrNotItCountsItself();
     void AFileThatCannotBeTakenIsRefusedWithItsReason_data();
     void AFileThatCannotBeTakenIsRefusedWithItsReason();
+    void TheUpperBitsOfAnIdAreNoPartOfThePage_data();
+    void TheUpperBitsOfAnIdAreNoPartOfThePage();
+    void ATableOfTheSystemOrAHiddenOneIsNotTaken_data();
+    void ATableOfTheSystemOrAHiddenOneIsNotTaken();
+    void APageOfAnotherOwnerInTheMapIsLeftOut();
 };
 
 void TstJetReader::ASoundFileGivesItsRows_data() {
@@ -293,6 +327,54 @@ void TstJetReader::AFileThatCannotBeTakenIsRefusedWithItsReason() {
     QFETCH(QByteArray, file);
     QFETCH(QString, reason);
     QCOMPARE(Refusal(file), reason);
+}
+
+void TstJetReader::TheUpperBitsOfAnIdAreNoPartOfThePage_data() {
+    QTest::addColumn<QString>("sample");
+    QTest::addColumn<QString>("rows");
+    QTest::newRow("Jet 3") << u"jet3_full.mdb"_s << u"expected_jet3.tsv"_s;
+    QTest::newRow("Jet 4") << u"jet4_full.mdb"_s << u"expected.tsv"_s;
+}
+
+void TstJetReader::TheUpperBitsOfAnIdAreNoPartOfThePage() {
+    QFETCH(QString, sample);
+    QFETCH(QString, rows);
+    const QByteArray file = JetSample(sample);
+    const qsizetype id = PlaceInCatalogue(file, u"Kinenbi", u"Id");
+    QVERIFY(id > 0);
+    QCOMPARE(AsTsv(RowsOf(Patched(file, id + 3, '\x0F'))), JetSample(rows));
+    QCOMPARE(AsTsv(RowsOf(Patched(file, id + 3, '\x80'))), JetSample(rows));
+}
+
+void TstJetReader::ATableOfTheSystemOrAHiddenOneIsNotTaken_data() {
+    QTest::addColumn<int>("byte");
+    QTest::addColumn<char>("flag");
+    QTest::newRow("of the system") << 3 << '\x80';
+    QTest::newRow("hidden") << 0 << '\x02';
+}
+
+void TstJetReader::ATableOfTheSystemOrAHiddenOneIsNotTaken() {
+    QFETCH(int, byte);
+    QFETCH(char, flag);
+    for (const QString& sample : {u"jet3_full.mdb"_s, u"jet4_full.mdb"_s}) {
+        const QByteArray file = JetSample(sample);
+        const qsizetype flags = PlaceInCatalogue(file, u"Holiday", u"Flags");
+        QVERIFY(flags > 0);
+        QCOMPARE(Refusal(Patched(file, flags + byte, flag)), u"表「Holiday」がありません。"_s);
+        QCOMPARE(Refusal(Patched(file, flags, '\x08')), QString());  // another flag says nothing of that
+    }
+}
+
+// The map of a table also names pages with its long texts, whose owner is none of the tables.
+void TstJetReader::APageOfAnotherOwnerInTheMapIsLeftOut() {
+    const QByteArray file = JetSample(u"jet3_full.mdb"_s);
+    const QList<qsizetype> pages = DataPages(file, kPage3, 3);
+    QVERIFY(!pages.isEmpty());
+    QByteArray other = file;
+    for (const qsizetype at : pages) {
+        other.replace(at + 4, 4, "LVAL");
+    }
+    QCOMPARE(Refusal(other), u"表「Kinenbi」の行数が合いません（39 行のはずが 0 行）。"_s);
 }
 
 QTEST_GUILESS_MAIN(TstJetReader)
