@@ -5,14 +5,15 @@
 #include <QMenu>
 
 #include "app/window_placing.h"
-#include "store/compaction.h"
 
 namespace tickwell {
 
 using namespace Qt::StringLiterals;
 
 Windows::Windows(const WindowsParts& parts)
-    : m_parts(parts), m_help(u"Help.hlp"_s, parts.handlers, [this](QWidget& window) { Place(window); }) {}
+    : m_parts(parts),
+      m_help(u"Help.hlp"_s, parts.handlers, [this](QWidget& window) { Place(window); }),
+      m_compaction({parts.dayDatabase, parts.folder, parts.boxes, parts.handlers}) {}
 
 Windows::~Windows() {
     delete m_calendar;
@@ -84,7 +85,7 @@ std::unique_ptr<Form2> Windows::MakeSettings() {
         }
     };
     operations.listen = m_parts.listen;
-    operations.compact = [this] { CompactDayDatabase(m_parts.dayDatabase, m_parts.folder, m_parts.boxes); };
+    operations.compact = [this](std::function<void()> done) { m_compaction.Start(std::move(done)); };
     operations.holdKeepTop = [this](bool held) { m_mainWindow->HoldKeepTop(held); };
     return std::make_unique<Form2>(SettingsParts{m_parts.settings, m_parts.further, m_parts.clock,
                                                  m_parts.timers, m_parts.handlers, m_settingsHelp,

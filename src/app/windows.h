@@ -4,6 +4,7 @@
 #include <QPointer>
 
 #include "app/about_box.h"
+#include "app/background_compaction.h"
 #include "book/anniversary_book.h"
 #include "core/handlers.h"
 #include "core/ports/autostart.h"
@@ -91,6 +92,7 @@ private:
     QPointer<Form5> m_calendar;
     QPointer<Form2> m_settings;
     QPointer<CDForm> m_cdPlayer;
+    BackgroundCompaction m_compaction;
 };
 
 }  // namespace tickwell

@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "display/clock_lines.h"
 
+#include <algorithm>
+
 #include "core/clock_text.h"
+#include "core/integers.h"
 #include "days/announced_names.h"
 
 namespace tickwell {
@@ -19,6 +22,7 @@ QString TimeLine(const AppSettings& settings, QTime now) {
 // ms
 constexpr int kSecond = 1000;
 constexpr int kMinute = 60'000;
+constexpr quint32 kRetryInterval = 5000;  // between two tries to ask a closed database
 
 /// So many whole steps since midnight; -1 for a time that is not there.
 int WholeSteps(QTime time, int step) {
@@ -40,15 +44,31 @@ void ClockLines::Show() {
 void ClockLines::LookUp() {
     const QDate today = m_clock.Now().date();
     const QString date = today.toString(Qt::ISODate);
-    if (!IsLookUpDue(date) || m_dayDatabase == nullptr) {
-        return;
+    if (IsLookUpDue(date)) {
+        m_dateLine = DateLine(m_settings, today);
+        m_rememberedDate = date;
+        m_turn = 0;
+        m_refresh = false;
+        m_names.clear();
+        m_areNamesDue = true;
+        m_tried.reset();
     }
-    m_dateLine = DateLine(m_settings, today);
-    m_rememberedDate = date;
-    m_turn = 0;
-    m_refresh = false;
-    m_names.clear();
-    m_names = AnnouncedNames(*m_dayDatabase, today);
+    if (m_areNamesDue && UntilNextTry() == 0) {
+        AskForNames(today);
+    }
+}
+
+void ClockLines::AskForNames(QDate today) {
+    m_tried = m_clock.Tick();
+    if (m_dayDatabase != nullptr && m_dayDatabase->TryOpen()) {
+        m_areNamesDue = false;  // also if the query fails
+        m_names = AnnouncedNames(*m_dayDatabase, today);
+    }
+}
+
+qint64 ClockLines::UntilNextTry() const {
+    const quint32 passed = m_tried ? TicksSince(*m_tried, m_clock.Tick()) : kRetryInterval;
+    return passed < kRetryInterval ? kRetryInterval - passed : 0;
 }
 
 void ClockLines::TimeTick() {
@@ -64,16 +84,21 @@ qint64 ClockLines::UntilDue(bool isSeen) const {
     if (IsLookUpDue(now.date().toString(Qt::ISODate))) {
         return 0;
     }
+    const qint64 untilTime = UntilTimeDue(now.time(), isSeen);
+    return m_areNamesDue ? std::min(untilTime, UntilNextTry()) : untilTime;
+}
+
+qint64 ClockLines::UntilTimeDue(QTime now, bool isSeen) const {
     const bool hasSeconds =
         m_settings.language == kLanguageJapanese || m_settings.language == kLanguageEnglish;
     // The window of another function may have written to the line, which shows the time again within a
     // second.
-    const bool turnsBySecond = hasSeconds || m_lines.lower.Text() != TimeLine(m_settings, now.time());
+    const bool turnsBySecond = hasSeconds || m_lines.lower.Text() != TimeLine(m_settings, now);
     const int step = isSeen && turnsBySecond ? kSecond : kMinute;
-    if (WholeSteps(now.time(), step) != WholeSteps(m_rememberedTime, step)) {
+    if (WholeSteps(now, step) != WholeSteps(m_rememberedTime, step)) {
         return 1;  // it turned between the tick and this question
     }
-    return step - now.time().msecsSinceStartOfDay() % step;
+    return step - now.msecsSinceStartOfDay() % step;
 }
 
 void ClockLines::RotateTick() {

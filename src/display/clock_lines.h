@@ -4,6 +4,7 @@
 #include <QStringList>
 #include <QTime>
 #include <memory>
+#include <optional>
 
 #include "core/ports/clock.h"
 #include "core/settings.h"
@@ -16,8 +17,7 @@ namespace tickwell {
 /// what falls on today, in turn.
 class ClockLines {
 public:
-    /// All outlive this object. `dayDatabase` is null while its owner has closed it; nothing is looked up
-    /// then.
+    /// All outlive this object. `dayDatabase` is null while a compaction replaces its file.
     ClockLines(const AppSettings& settings, const Clock& clock,
                const std::unique_ptr<DayDatabase>& dayDatabase, TextLines lines);
 
@@ -25,8 +25,9 @@ public:
     void Show();
 
     /// Dz_Timer1, first half: a new day, or a raised refresh flag, gives a new date text and new names. The
-    /// upper line is left alone. Throws SqlError; the day is then taken for looked up, so that the error does
-    /// not come five times a second.
+    /// upper line is left alone. If the database cannot be asked now, there are no names at first, and it is
+    /// tried again every five seconds; whoever left the database closed has told the user. Throws SqlError;
+    /// the day is then taken for looked up, so that the error does not come five times a second.
     void LookUp();
 
     /// Dz_Timer1, second half: the time, when its text changed.
@@ -37,12 +38,15 @@ public:
 
     void RaiseRefresh() { m_refresh = true; }
 
-    /// Milliseconds until the next tick of Dz_Timer1 that finds something new; 0 while a look-up waits for
-    /// the database. To lines that nobody sees each minute is early enough.
+    /// Milliseconds until the next tick of Dz_Timer1 that finds something new. To lines that nobody sees each
+    /// minute is early enough.
     qint64 UntilDue(bool isSeen) const;
 
 private:
     bool IsLookUpDue(const QString& date) const { return date != m_rememberedDate || m_refresh; }
+    qint64 UntilTimeDue(QTime now, bool isSeen) const;
+    qint64 UntilNextTry() const;
+    void AskForNames(QDate today);
 
     const AppSettings& m_settings;
     const Clock& m_clock;
@@ -54,6 +58,8 @@ private:
     QStringList m_names;
     qsizetype m_turn = 0;  // 0 the date, i the name i
     bool m_refresh = false;
+    bool m_areNamesDue = false;     // the database could not be asked yet
+    std::optional<qint32> m_tried;  // tick of the last try; none: the next look-up tries at once
 };
 
 }  // namespace tickwell

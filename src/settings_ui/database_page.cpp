@@ -3,9 +3,9 @@
 
 #include <QGroupBox>
 #include <QHBoxLayout>
-#include <QLabel>
-#include <QPushButton>
+#include <QPointer>
 #include <QVBoxLayout>
+#include <utility>
 
 #include "controls/control_making.h"
 
@@ -13,13 +13,17 @@ namespace tickwell {
 
 using namespace Qt::StringLiterals;
 
-DatabasePage::DatabasePage(const SettingsParts& parts, QWidget* parent) : QWidget(parent) {
+DatabasePage::DatabasePage(const SettingsParts& parts, QWidget* parent)
+    : QWidget(parent),
+      m_parts(parts),
+      m_Command4(Named(new QPushButton(u"データベースの最適化＞＞"_s, this), u"Command4"_s)),
+      m_progress(Named(new QLabel(u"最適化しています…"_s, this), u"Progress"_s)) {
     setObjectName(u"Picture5"_s);
     auto* frame = Named(new QGroupBox(u"記念日/スケジュール データベースの最適化"_s, this), u"Frame11"_s);
-    auto* compact = Named(new QPushButton(u"データベースの最適化＞＞"_s, this), u"Command4"_s);
-    compact->setAutoDefault(false);
-    compact->setEnabled(parts.operations.compact != nullptr);
-    parts.handlers.Connect(compact, &QPushButton::clicked, this, parts.operations.compact);
+    m_Command4->setAutoDefault(false);
+    m_progress->hide();
+    m_Command4->setEnabled(parts.operations.compact != nullptr);
+    parts.handlers.Connect(m_Command4, &QPushButton::clicked, this, [this] { Command4_Click(); });
     auto* explanation = Named(
         new QLabel(
             u"実行すると、データベースの容量を減らし、読み込み速度を向上することができます。大量に記念日やスケジュールの内容を変更したときは実行するようにしてください。"_s,
@@ -27,7 +31,8 @@ DatabasePage::DatabasePage(const SettingsParts& parts, QWidget* parent) : QWidge
         u"Label5"_s);
     explanation->setWordWrap(true);
     auto* row = new QHBoxLayout;
-    row->addWidget(compact);
+    row->addWidget(m_Command4);
+    row->addWidget(m_progress);
     row->addStretch();
     auto* inner = new QVBoxLayout(frame);
     inner->addWidget(explanation);
@@ -35,6 +40,31 @@ DatabasePage::DatabasePage(const SettingsParts& parts, QWidget* parent) : QWidge
     auto* rows = new QVBoxLayout(this);
     rows->addWidget(frame);
     rows->addStretch();
+}
+
+void DatabasePage::Command4_Click() {
+    SetRunning(true);
+    try {
+        m_parts.operations.compact([page = QPointer(this)] {
+            if (page) {  // the dialog may have been closed meanwhile
+                page->SetRunning(false);
+            }
+        });
+    } catch (...) {
+        SetRunning(false);
+        throw;
+    }
+}
+
+void DatabasePage::SetRunning(bool isRunning) {
+    m_progress->setVisible(isRunning);
+    const bool hadFocus = m_Command4->hasFocus();
+    m_Command4->setEnabled(!isRunning);
+    if (isRunning && hadFocus) {
+        m_takesFocusBack = true;
+    } else if (!isRunning && std::exchange(m_takesFocusBack, false)) {
+        m_Command4->setFocus();
+    }
 }
 
 }  // namespace tickwell

@@ -23,8 +23,10 @@ struct SettingsOperations {
     std::function<void(bool)> holdKeepTop;
     /// Plays the sound of this name once. Empty: the button beside the sounds is disabled.
     std::function<void(const QString& soundName)> listen;
-    /// Compacts the day database and tells the user. Empty: its frame is disabled. Throws RunTimeError.
-    std::function<void()> compact;
+    /// Begins to compact the day database and returns; when that has ended the user is told, and `done`
+    /// called. If it was begun before, only `done` is new. Empty: its button is disabled. Throws RunTimeError
+    /// if it cannot begin; `done` is not called then.
+    std::function<void(std::function<void()> done)> compact;
 };
 
 /// What the settings dialog works with; all outlive it.

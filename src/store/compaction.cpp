@@ -12,12 +12,14 @@
 
 namespace tickwell {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// The sound live file, to ourselves; null where that is not to be had, and then nothing was touched.
-std::unique_ptr<SqliteConnection> WholeLiveFile() {
+std::unique_ptr<SqliteConnection> WholeLiveFile(const QString& path) {
     try {
-        auto live = std::make_unique<SqliteConnection>(kLiveFile);
+        auto live = std::make_unique<SqliteConnection>(path);
         CheckDayDatabase(*live);  // first: the engine makes a database of an empty file that it takes
         live->TakeWhole();
         return live;
@@ -27,9 +29,9 @@ std::unique_ptr<SqliteConnection> WholeLiveFile() {
 }
 
 /// What cannot be removed makes the next step fail, or is left to the next start.
-void RemoveTarget(CompactionDisk& disk) {
+void RemoveTarget(CompactionDisk& disk, const DayFiles& files) {
     try {
-        RemoveWithJournals(disk, kCompactionTarget);
+        RemoveWithJournals(disk, files.target);
     } catch (const RunTimeError&) {
         return;
     }
@@ -37,71 +39,95 @@ void RemoveTarget(CompactionDisk& disk) {
 
 /// The safety copy becomes the live file again. Once it was removed, the compacted file is the only one, and
 /// is kept.
-void Restore(CompactionDisk& disk) {
+void Restore(CompactionDisk& disk, const DayFiles& files) {
     try {
-        if (QFileInfo::exists(kSafetyCopy)) {
-            disk.Rename(kSafetyCopy, kLiveFile);
-        } else if (!QFileInfo::exists(kLiveFile)) {
+        if (QFileInfo::exists(files.copy)) {
+            disk.Rename(files.copy, files.live);
+        } else if (!QFileInfo::exists(files.live)) {
             PutBackLiveFile(disk);
         }
     } catch (const RunTimeError&) {
         // The live file, old or new, stands, and its copy goes with the next start.
     }
-    if (QFileInfo::exists(kLiveFile)) {
-        RemoveTarget(disk);
+    if (QFileInfo::exists(files.live)) {
+        RemoveTarget(disk, files);
     }
 }
 
-Message Compact(CompactionDisk& disk) {
-    const qint32 before = disk.Size(kLiveFile);
-    const auto live = WholeLiveFile();  // also while it is replaced: nobody writes into the old one unseen
+/// SQLite reports success also for a file that the disk did not keep as it was written.
+void CheckCompacted(const QString& path) {
+    SqliteConnection compacted(path, FileUse::LookOver);
+    CheckDayDatabase(compacted);
+}
+
+Message Compact(CompactionDisk& disk, const DayFiles& files) {
+    const qint32 before = disk.Size(files.live);
+    const auto live =
+        WholeLiveFile(files.live);  // also while it is replaced: nobody writes into the old one unseen
     if (live == nullptr) {
         return CompactionFailed();
     }
-    RemoveTarget(disk);
-    RemoveWithJournals(disk, kSafetyCopy);
-    disk.Copy(*live, kSafetyCopy);
+    RemoveTarget(disk, files);
+    RemoveWithJournals(disk, files.copy);
+    disk.Copy(*live, files.copy);
     try {
-        disk.Compact(*live, kCompactionTarget);
-        disk.Rename(kCompactionTarget, kLiveFile);
-        disk.Remove(kSafetyCopy);
-        return CompactionDone(before, disk.Size(kLiveFile));
+        disk.Compact(*live, files.target);
+        CheckCompacted(files.target);
+        disk.Rename(files.target, files.live);
+        disk.Remove(files.copy);
+        return CompactionDone(before, disk.Size(files.live));
     } catch (const RunTimeError&) {
-        Restore(disk);
+        Restore(disk, files);
         return CompactionFailed();
     }
 }
 
-/// After an error that is the one to be told.
-void OpenQuietly(std::unique_ptr<DayDatabase>& dayDatabase) {
+/// Opens the database again. The user is told why if that fails, unless `end` has a fault to tell already.
+void Reopen(CompactionEnd& end) {
     try {
-        dayDatabase = OpenDayDatabase(kLiveFile);
-    } catch (const RunTimeError&) {
-        dayDatabase = nullptr;
+        end.dayDatabase = OpenDayDatabase(kLiveFile);
+    } catch (const RunTimeError& error) {
+        end.dayDatabase = ClosedDayDatabase(kLiveFile);
+        if (end.fault.isEmpty()) {
+            end.fault = error.Reason() + u"\r\n使えるようになりしだい、開き直します。"_s;
+        }
     }
 }
 
 }  // namespace
 
-void CompactDayDatabase(std::unique_ptr<DayDatabase>& dayDatabase, const QString& folder,
-                        MessageBoxes& boxes) {
-    PosixCompactionDisk disk;
-    CompactDayDatabase(dayDatabase, folder, boxes, disk);
-}
-
-void CompactDayDatabase(std::unique_ptr<DayDatabase>& dayDatabase, const QString& folder, MessageBoxes& boxes,
-                        CompactionDisk& disk) {
+void BeginCompaction(std::unique_ptr<DayDatabase>& dayDatabase, const QString& folder) {
     if (!QDir::setCurrent(folder)) {
         throw RunTimeError(folder);
     }
     dayDatabase.reset();
+}
+
+CompactionEnd CompactDayFile(CompactionDisk& disk) {
+    CompactionEnd end;
     try {
-        boxes.Show(Compact(disk), [] {});
-    } catch (...) {
-        OpenQuietly(dayDatabase);
-        throw;
+        end.report = Compact(disk, FindDayFiles());
+    } catch (const RunTimeError& error) {
+        end.fault = error.Reason();
     }
-    dayDatabase = OpenDayDatabase(kLiveFile);
+    Reopen(end);
+    return end;
+}
+
+void EndCompaction(std::unique_ptr<DayDatabase>& dayDatabase, CompactionEnd end, MessageBoxes& boxes) {
+    dayDatabase = std::move(end.dayDatabase);
+    if (end.report) {
+        boxes.Show(*end.report, [] {});
+    }
+    if (!end.fault.isEmpty()) {
+        throw RunTimeError(end.fault);
+    }
+}
+
+void CompactDayDatabase(std::unique_ptr<DayDatabase>& dayDatabase, const QString& folder, MessageBoxes& boxes,
+                        CompactionDisk& disk) {
+    BeginCompaction(dayDatabase, folder);
+    EndCompaction(dayDatabase, CompactDayFile(disk), boxes);
 }
 
 }  // namespace tickwell

@@ -3,6 +3,7 @@
 
 #include <QString>
 #include <memory>
+#include <optional>
 
 #include "core/ports/message_boxes.h"
 #include "store/compaction_disk.h"
@@ -10,20 +11,30 @@
 
 namespace tickwell {
 
-/// Makes the day database of `folder` as small as its rows allow, and tells in one box how much that gave, or
-/// that it failed. `folder` becomes the current one.
-///
-/// `dayDatabase` is closed meanwhile and opened again whatever happened: it is another object afterwards. At
-/// every moment there is a whole DayDate.mdb, the old one or the new one, and whatever fails, or ends the
-/// program, costs no row; RecoverDayDatabase tidies up after the latter. Another program that has the
-/// database open makes it fail with nothing touched.
-///
-/// Throws RunTimeError where it could not even begin, because the file is missing or could not be copied, and
-/// where the database could not be opened again: then `dayDatabase` is null.
-void CompactDayDatabase(std::unique_ptr<DayDatabase>& dayDatabase, const QString& folder,
-                        MessageBoxes& boxes);
+// The compaction of the day database makes its file as small as the rows allow. At every moment there is a
+// whole DayDate.mdb, the old one or the new one, and whatever fails, or ends the program, costs no row;
+// RecoverDayDatabase tidies up after the latter. Another program that has the database open makes it fail
+// with nothing touched. It takes seconds for a million rows, therefore its second step can run on any thread.
 
-/// The same on a given disk.
+/// What a compaction led to.
+struct CompactionEnd {
+    std::optional<Message> report;  ///< how much it gave, or that it failed
+    QString fault;                  ///< why it could not begin, or the file not be opened again; or empty
+    std::unique_ptr<DayDatabase> dayDatabase;  ///< never null; a closed one if the file could not be opened
+};
+
+/// First step: closes `dayDatabase`, which is null from then on, and makes `folder` the current one. Throws
+/// RunTimeError if that folder cannot be entered; `dayDatabase` is then as it was.
+void BeginCompaction(std::unique_ptr<DayDatabase>& dayDatabase, const QString& folder);
+
+/// Second step: compacts the day database of the current folder, and opens it. Nobody else uses either
+/// meanwhile.
+CompactionEnd CompactDayFile(CompactionDisk& disk);
+
+/// Last step: hands over the database and shows the report. Throws RunTimeError with the fault.
+void EndCompaction(std::unique_ptr<DayDatabase>& dayDatabase, CompactionEnd end, MessageBoxes& boxes);
+
+/// All three at once, for a caller that may wait.
 void CompactDayDatabase(std::unique_ptr<DayDatabase>& dayDatabase, const QString& folder, MessageBoxes& boxes,
                         CompactionDisk& disk);
 

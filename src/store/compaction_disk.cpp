@@ -15,7 +15,6 @@
 #include <utility>
 
 #include "core/errors.h"
-#include "store/day_database_check.h"
 
 namespace tickwell {
 
@@ -127,6 +126,7 @@ void PosixCompactionDisk::Copy(const SqliteConnection& from, const QString& to) 
     NewFile copy(to);
     const qint64 size = from.FileSize();
     for (qint64 at = 0; at < size; at += kPiece) {
+        FailIfStopped(to);
         copy.Write(from.Bytes(at, static_cast<int>(std::min<qint64>(kPiece, size - at))));
     }
     copy.Finish(ModeOf(from));
@@ -134,13 +134,19 @@ void PosixCompactionDisk::Copy(const SqliteConnection& from, const QString& to) 
 }
 
 void PosixCompactionDisk::Compact(SqliteConnection& from, const QString& to) {
+    FailIfStopped(to);
     NewFile(to).Finish(ModeOf(from));  // the engine takes an empty one
     SqliteStatement& vacuum = from.Prepared("VACUUM INTO ?1");
     const auto atRest = qScopeGuard([&vacuum] { vacuum.Reset(); });
     vacuum.Bind(1, to);
+    from.StopWith(m_stop);
     vacuum.Step();
-    SqliteConnection compacted(to, FileUse::LookOver);
-    CheckDayDatabase(compacted);
+}
+
+void PosixCompactionDisk::FailIfStopped(const QString& path) const {
+    if (m_stop.stop_requested()) {
+        Fail(path, ECANCELED);
+    }
 }
 
 void PosixCompactionDisk::Rename(const QString& from, const QString& to) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QString>
+#include <stop_token>
 
 #include "store/sqlite_connection.h"
 
@@ -24,7 +25,7 @@ public:
     virtual void Copy(const SqliteConnection& from, const QString& to) = 0;
 
     /// Writes the rows of the open file, and no empty space, into the new file `to`, with its permissions, on
-    /// the disk.
+    /// the disk. Whether that file can be used is for the caller to check.
     virtual void Compact(SqliteConnection& from, const QString& to) = 0;
 
     /// Replaces `to` in one step, on the disk. After an error it is replaced or not.
@@ -34,14 +35,21 @@ public:
     virtual void Remove(const QString& path) = 0;
 };
 
-/// The real folder.
+/// The real folder. Once `stop` is requested, copying and compacting fail soon.
 class PosixCompactionDisk : public CompactionDisk {
 public:
+    explicit PosixCompactionDisk(std::stop_token stop = {}) : m_stop(std::move(stop)) {}
+
     qint32 Size(const QString& path) override;
     void Copy(const SqliteConnection& from, const QString& to) override;
     void Compact(SqliteConnection& from, const QString& to) override;
     void Rename(const QString& from, const QString& to) override;
     void Remove(const QString& path) override;
+
+private:
+    void FailIfStopped(const QString& path) const;
+
+    std::stop_token m_stop;
 };
 
 }  // namespace tickwell

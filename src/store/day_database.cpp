@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "store/day_database.h"
 
+#include <QLoggingCategory>
 #include <QScopeGuard>
 
 #include "store/day_database_check.h"
@@ -12,6 +13,8 @@ namespace tickwell {
 using namespace Qt::StringLiterals;
 
 namespace {
+
+Q_LOGGING_CATEGORY(kLog, "tickwell.store", QtWarningMsg)
 
 constexpr qsizetype kDateLength = 10;  // of "1998-10-03"
 
@@ -83,24 +86,55 @@ auto Run(const QString& sql, Job job) {
 
 }  // namespace
 
-DayDatabase::DayDatabase(const QString& path) : m_connection(path) {
-    CheckDayDatabase(m_connection);
+DayDatabase::DayDatabase(const QString& path) : m_path(path) {
+    Open(LockedOpening::Waits);
+}
+
+void DayDatabase::Open(LockedOpening opening) {
+    try {
+        m_connection.emplace(m_path, FileUse::Work, opening);
+        CheckDayDatabase(*m_connection);
+        m_connection->WaitForLocks();
+    } catch (const RunTimeError& error) {
+        m_connection.reset();
+        throw RunTimeError(m_path + u"\r\n" + error.Reason());
+    }
+}
+
+SqliteConnection& DayDatabase::Connection() {
+    if (!m_connection) {
+        Open(LockedOpening::FailsAtOnce);
+    }
+    return *m_connection;
+}
+
+bool DayDatabase::TryOpen() {
+    try {
+        Connection();
+        return true;
+    } catch (const RunTimeError& error) {
+        if (error.Reason() != m_loggedReason) {
+            m_loggedReason = error.Reason();
+            qCWarning(kLog).noquote() << "the day database is still closed:" << error.Reason().simplified();
+        }
+        return false;
+    }
 }
 
 ResultSet DayDatabase::RunQuery(const QString& sql) {
-    return Run(sql, [&] { return ResultSet(Rows(m_connection, Compiled(sql, true))); });
+    return Run(sql, [&] { return ResultSet(Rows(Connection(), Compiled(sql, true))); });
 }
 
 int DayDatabase::Execute(const QString& sql) {
     return Run(sql, [&] {
-        SqliteStatement& statement = Bound(m_connection, Compiled(sql, false));
+        SqliteStatement& statement = Bound(Connection(), Compiled(sql, false));
         const auto atRest = qScopeGuard([&statement] { statement.Reset(); });
         statement.Step();
-        return m_connection.Changes();
+        return Connection().Changes();
     });
 }
 
-DayTransaction::DayTransaction(DayDatabase& database) : m_connection(database.m_connection) {
+DayTransaction::DayTransaction(DayDatabase& database) : m_connection(database.Connection()) {
     m_connection.Run("BEGIN IMMEDIATE");
 }
 
@@ -121,16 +155,18 @@ void DayTransaction::Commit() {
 }
 
 std::unique_ptr<DayDatabase> OpenDayDatabase(const QString& path) {
-    try {
-        return std::make_unique<DayDatabase>(path);
-    } catch (const RunTimeError& error) {
-        throw RunTimeError(path + u"\r\n" + error.Reason());
-    }
+    return std::make_unique<DayDatabase>(path);
+}
+
+std::unique_ptr<DayDatabase> ClosedDayDatabase(const QString& path) {
+    std::unique_ptr<DayDatabase> database(new DayDatabase);
+    database->m_path = path;
+    return database;
 }
 
 DayDatabase& Opened(const std::unique_ptr<DayDatabase>& handle) {
     if (!handle) {
-        throw RunTimeError(u"データベースが開かれていません。"_s);
+        throw RunTimeError(u"データベースの最適化中です。終わるまでお待ちください。"_s);
     }
     return *handle;
 }

@@ -3,6 +3,7 @@
 
 #include <QString>
 #include <memory>
+#include <optional>
 
 #include "store/result_set.h"
 #include "store/sqlite_connection.h"
@@ -11,13 +12,19 @@ namespace tickwell {
 
 struct CompiledSql;
 
-/// The one open connection to the day database, kept for the whole run. It is spoken to in the language that
-/// days/sql_parser.h describes; no text of a caller's ever reaches the engine.
+/// The one connection to the day database, kept for the whole run. It is spoken to in the language that
+/// store/sql_parser.h describes; no text of a caller's ever reaches the engine.
+///
+/// It is open from its construction on, except one that ClosedDayDatabase made: that one opens with the first
+/// statement for which this is possible, without waiting for another program's lock.
 class DayDatabase {
 public:
     /// Opens `path`, shared and for reading and writing, and looks it over: a database of another kind, a
     /// damaged one, or one without our tables is refused here and not met later. Throws RunTimeError.
     explicit DayDatabase(const QString& path);
+
+    /// Opens the file if it is not open yet; false if that failed. The reason is logged when it is a new one.
+    bool TryOpen();
 
     /// Runs a SELECT. Throws SqlError.
     ResultSet RunQuery(const QString& sql);
@@ -28,8 +35,15 @@ public:
 
 private:
     friend class DayTransaction;
+    friend std::unique_ptr<DayDatabase> ClosedDayDatabase(const QString& path);
 
-    SqliteConnection m_connection;
+    DayDatabase() = default;
+    void Open(LockedOpening opening);
+    SqliteConnection& Connection();
+
+    QString m_path;
+    QString m_loggedReason;
+    std::optional<SqliteConnection> m_connection;  // empty while the file could not be opened
 };
 
 /// All statements executed while it lives are stored at once by Commit, or not at all.
@@ -54,7 +68,10 @@ private:
 /// Opens `path`; never creates it. Throws RunTimeError with the file's name in the reason.
 std::unique_ptr<DayDatabase> OpenDayDatabase(const QString& path);
 
-/// The database of a handle that is null while it is closed; throws RunTimeError then.
+/// A database that opens itself when it is first needed: for a file that could not be opened just now.
+std::unique_ptr<DayDatabase> ClosedDayDatabase(const QString& path);
+
+/// The database of a handle that is null while a compaction replaces its file; throws RunTimeError then.
 DayDatabase& Opened(const std::unique_ptr<DayDatabase>& handle);
 
 }  // namespace tickwell

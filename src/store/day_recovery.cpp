@@ -16,7 +16,12 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr std::array kCopies{kSafetyCopy, kCompactionTarget};  // the better one first
+/// The better one first.
+QStringList Copies() {
+    const DayFiles files = FindDayFiles();
+    return {files.copy, files.target};
+}
+
 constexpr std::array kJournals{"-journal"_L1, "-wal"_L1, "-shm"_L1};
 
 /// A link that leads nowhere is there: where it leads to may come back.
@@ -26,12 +31,12 @@ bool IsThere(const QString& path) {
 }
 
 bool AnythingIsLeft() {
-    for (const QLatin1StringView copy : kCopies) {
+    for (const QString& copy : Copies()) {
         if (IsThere(copy)) {
             return true;
         }
         for (const QLatin1StringView journal : kJournals) {
-            if (IsThere(QString(copy) + journal)) {
+            if (IsThere(copy + journal)) {
                 return true;
             }
         }
@@ -58,7 +63,7 @@ bool IsSound(const QString& path) {
 void RemoveCopies(CompactionDisk& disk) {
     SqliteConnection live(kLiveFile);  // whoever compacts it now does not let us in
     CheckDayDatabase(live);
-    for (const QLatin1StringView copy : kCopies) {
+    for (const QString& copy : Copies()) {
         RemoveWithJournals(disk, copy);
     }
 }
@@ -93,10 +98,11 @@ void RecoverDayDatabase(CompactionDisk& disk) {
 }
 
 void PutBackLiveFile(CompactionDisk& disk) {
-    for (const QLatin1StringView copy : kCopies) {
+    const QString live = FindDayFiles().live;
+    for (const QString& copy : Copies()) {
         if (IsSound(copy)) {
-            RemoveJournals(disk, kLiveFile);
-            disk.Rename(copy, kLiveFile);
+            RemoveJournals(disk, live);
+            disk.Rename(copy, live);
             return;
         }
     }
@@ -109,7 +115,7 @@ void RemoveWithJournals(CompactionDisk& disk, const QString& path) {
 
 QString WithNamedCopies(const QString& reason) {
     QStringList names;
-    for (const QLatin1StringView copy : kCopies) {
+    for (const QString& copy : Copies()) {
         if (IsThere(copy)) {
             names.append(copy);
         }

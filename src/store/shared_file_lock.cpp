@@ -11,6 +11,7 @@
 #include <cerrno>
 
 #include "core/errors.h"
+#include "store/day_files.h"
 
 namespace tickwell {
 
@@ -31,17 +32,13 @@ int Open(const QByteArray& path) {
     return open(path.constData(), O_RDONLY | O_CLOEXEC);
 }
 
-bool TakeShare(int file) {
-    for (int i = 0; i < kTries; ++i) {
-        if (flock(file, LOCK_SH | LOCK_NB) == 0) {
-            return true;
-        }
-        if (errno != EWOULDBLOCK && errno != EINTR) {
+bool TakeShare(int file, const SharedFileLock::Wait& wait) {
+    while (flock(file, LOCK_SH | LOCK_NB) != 0) {
+        if ((errno != EWOULDBLOCK && errno != EINTR) || !wait()) {
             return false;
         }
-        usleep(kPause);
     }
-    return false;
+    return true;
 }
 
 RunTimeError InUse() {
@@ -49,14 +46,22 @@ RunTimeError InUse() {
 }
 
 QByteArray LockPath(const QString& databasePath) {
-    const QFileInfo database(databasePath);
+    const QFileInfo database(FollowLinks(databasePath));
     return QFile::encodeName(database.absoluteDir().filePath(database.completeBaseName() + u".lock"_s));
 }
 
 }  // namespace
 
-SharedFileLock::SharedFileLock(const QString& databasePath) : m_file(Open(LockPath(databasePath))) {
-    if (m_file >= 0 && !TakeShare(m_file)) {
+SharedFileLock::Wait SharedFileLock::Patiently() {
+    return [triesLeft = kTries]() mutable {
+        usleep(kPause);
+        return --triesLeft > 0;
+    };
+}
+
+SharedFileLock::SharedFileLock(const QString& databasePath, const Wait& wait)
+    : m_file(Open(LockPath(databasePath))) {
+    if (m_file >= 0 && !TakeShare(m_file, wait)) {
         close(m_file);
         throw InUse();
     }

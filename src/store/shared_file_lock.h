@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QString>
+#include <functional>
 
 namespace tickwell {
 
@@ -10,10 +11,17 @@ namespace tickwell {
 /// for every holder.
 class SharedFileLock {
 public:
-    /// Makes the lock file when there is none. Waits up to two seconds for one who has the whole; throws
-    /// RunTimeError then. In a folder where no file can be made none can be replaced either: there it holds
-    /// nothing.
-    explicit SharedFileLock(const QString& databasePath);
+    /// Called after each try that met a holder of the whole lock; returns true after a pause to try again,
+    /// false to give up.
+    using Wait = std::function<bool()>;
+
+    /// Waits up to two seconds.
+    static Wait Patiently();
+
+    /// Makes the lock file if there is none; for a symbolic link, beside the file that it leads to. Throws
+    /// RunTimeError if another program has the whole lock and `wait` gives up. In a folder in which no file
+    /// can be made none can be replaced either: there it holds nothing.
+    explicit SharedFileLock(const QString& databasePath, const Wait& wait = Patiently());
     ~SharedFileLock();
     SharedFileLock(const SharedFileLock&) = delete;
     SharedFileLock& operator=(const SharedFileLock&) = delete;

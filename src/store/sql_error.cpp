@@ -32,6 +32,10 @@ QString Words(int engineCode) {
             return u"データベースのファイルを開けません。"_s;
         case SQLITE_IOERR:
             return u"データベースの読み書きに失敗しました。"_s;
+        case SQLITE_NOMEM:
+            return u"データベースを扱うメモリが足りません。"_s;
+        case SQLITE_TOOBIG:
+            return u"データベースに長すぎる値があります。"_s;
         case SQLITE_CONSTRAINT:
             return u"データベースに入れられない値です。"_s;
         default:

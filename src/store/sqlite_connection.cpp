@@ -5,10 +5,10 @@
 
 #include <QFile>
 #include <QFileInfo>
-#include <array>
 #include <utility>
 
 #include "store/sql_error.h"
+#include "store/sqlite_limits.h"
 
 namespace tickwell {
 
@@ -19,12 +19,15 @@ namespace {
 constexpr int kBusyTimeout = 2000;  // ms, until a lock held by another program is an error
 constexpr int kMostPrepared = 64;
 
-// A file from elsewhere may carry triggers and views of its own: they do not run here.
-constexpr std::array kSwitches{
-    std::pair{SQLITE_DBCONFIG_DEFENSIVE, 1},      std::pair{SQLITE_DBCONFIG_DQS_DML, 0},
-    std::pair{SQLITE_DBCONFIG_DQS_DDL, 0},        std::pair{SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0},
-    std::pair{SQLITE_DBCONFIG_ENABLE_TRIGGER, 0}, std::pair{SQLITE_DBCONFIG_ENABLE_VIEW, 0},
-};
+constexpr int kStepsBetweenLooks = 1000;  // of SQLite's machine, a few microseconds
+
+bool GiveUp() {
+    return false;
+}
+
+int IsStopped(void* stop) {
+    return static_cast<const std::stop_token*>(stop)->stop_requested() ? 1 : 0;
+}
 
 /// `path`, absolute: the engine reads "file:" and ":memory:" as something else than names.
 QString OfAFile(const QString& path) {
@@ -51,14 +54,17 @@ void SqliteConnection::Closer::operator()(sqlite3* handle) const {
     sqlite3_close(handle);
 }
 
-SqliteConnection::SqliteConnection(const QString& path, FileUse use) {
+SqliteConnection::SqliteConnection(const QString& path, FileUse use, LockedOpening opening) {
     if (use == FileUse::Work) {
-        m_lock.emplace(OfAFile(path));
+        m_lock.emplace(OfAFile(path), opening == LockedOpening::Waits ? SharedFileLock::Patiently() : GiveUp);
     }
     Open(path, use);
-    SetSwitches();
+    LimitSqlite(m_handle.get());
+    if (opening == LockedOpening::Waits) {
+        WaitForLocks();
+    }
     SetPragma("journal_mode", "DELETE", "delete"_L1);
-    SetPragma("synchronous", "FULL", "2"_L1);
+    SetPragma("synchronous", "EXTRA", "3"_L1);  // a commit removes the journal: its folder is synced as well
     SetPragma("temp_store", "MEMORY", "2"_L1);  // no sorting fails for want of room in /tmp
 }
 
@@ -73,18 +79,16 @@ void SqliteConnection::Open(const QString& path, FileUse use) {
     }
 }
 
-void SqliteConnection::SetSwitches() {
-    for (const auto& [name, value] : kSwitches) {
-        int now = -1;
-        const int result = sqlite3_db_config(m_handle.get(), name, value, &now);
-        if (result != SQLITE_OK || now != value) {
-            Fail(result, QString());
-        }
-    }
+void SqliteConnection::WaitForLocks() {
     const int result = sqlite3_busy_timeout(m_handle.get(), kBusyTimeout);
     if (result != SQLITE_OK) {
         Fail(result, QString());
     }
+}
+
+void SqliteConnection::StopWith(std::stop_token stop) {
+    m_stop = std::move(stop);
+    sqlite3_progress_handler(m_handle.get(), kStepsBetweenLooks, IsStopped, &m_stop);
 }
 
 void SqliteConnection::SetPragma(const QByteArray& name, const QByteArray& value, QLatin1StringView answer) {

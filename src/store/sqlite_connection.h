@@ -5,6 +5,7 @@
 #include <QString>
 #include <memory>
 #include <optional>
+#include <stop_token>
 
 #include "store/shared_file_lock.h"
 #include "store/sqlite_statement.h"
@@ -19,11 +20,26 @@ enum class FileUse {
     LookOver  ///< reading alone and without a lock file: for a file that is no one's, and stays as it is
 };
 
-/// One open SQLite file, set so that what was written is on the disk when the call returns. Never creates a
-/// file. Errors are thrown as SqlError, those of opening as RunTimeError.
+/// What opening does about a lock that another program holds. Afterwards every statement waits up to two
+/// seconds for one.
+enum class LockedOpening {
+    Waits,       ///< up to two seconds for each lock
+    FailsAtOnce  ///< for a caller that will try again
+};
+
+/// One open SQLite file, set so that what was written is on the disk when the call returns, also after a
+/// power cut. Never creates a file. Errors are thrown as SqlError, those of opening as RunTimeError.
 class SqliteConnection {
 public:
-    explicit SqliteConnection(const QString& path, FileUse use = FileUse::Work);
+    explicit SqliteConnection(const QString& path, FileUse use = FileUse::Work,
+                              LockedOpening opening = LockedOpening::Waits);
+
+    /// Statements wait up to two seconds for a lock from now on. To be called when the file was looked over.
+    void WaitForLocks();
+
+    /// Once `stop` is requested, from whichever thread, running and later statements fail with
+    /// SQLITE_INTERRUPT.
+    void StopWith(std::stop_token stop);
 
     /// Keeps everyone else away from the file, also programs that know nothing of the lock file, until this
     /// object goes. Nothing that would have to be taken back stands in the file then. Throws RunTimeError
@@ -62,12 +78,12 @@ private:
     };
 
     void Open(const QString& path, FileUse use);
-    void SetSwitches();
     void SetPragma(const QByteArray& name, const QByteArray& value, QLatin1StringView answer);
     [[noreturn]] void Fail(int result, const QString& sql) const;
     sqlite3_file* File() const;
 
     std::optional<SharedFileLock> m_lock;  // given back last
+    std::stop_token m_stop;
     std::unique_ptr<sqlite3, Closer> m_handle;
     QHash<QByteArray, std::shared_ptr<SqliteStatement>> m_prepared;  // finalized before the file is closed
 };

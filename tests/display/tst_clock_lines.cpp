@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include <QFile>
 #include <QTest>
 
 #include "core/settings_io.h"
@@ -76,12 +77,13 @@ private Q_SLOTS:
     void ANameAddedWithoutTheFlagIsSeenTheNextDay();
     void AFailingLookUpIsNotRepeated();
     void AFailingLookUpDoesNotAnnounceYesterday();
-    void AClosedDatabaseIsLeftAlone();
+    void TheDateDoesNotWaitForTheDatabase_data();
+    void TheDateDoesNotWaitForTheDatabase();
     void TheNextSecondIsDue_data();
     void TheNextSecondIsDue();
     void TheNextMinuteIsDueToLinesOutOfSight();
     void ASecondThatWasMissedIsDueAtOnce();
-    void ALookUpThatWaitsForItsDatabaseIsDueEachInterval();
+    void NamesThatWaitForTheDatabaseAreDueAfterFiveSeconds();
 };
 
 void TstClockLines::ChoosingTheClockWipesBothLinesIn() {
@@ -221,13 +223,32 @@ void TstClockLines::AFailingLookUpDoesNotAnnounceYesterday() {
     QCOMPARE(bench.Turns(1), QStringList{Set(kSunday)});
 }
 
-void TstClockLines::AClosedDatabaseIsLeftAlone() {
+void TstClockLines::TheDateDoesNotWaitForTheDatabase_data() {
+    QTest::addColumn<bool>("isCompacted");
+    QTest::newRow("while it is compacted") << true;
+    QTest::newRow("while its file cannot be opened") << false;
+}
+
+void TstClockLines::TheDateDoesNotWaitForTheDatabase() {
+    QFETCH(bool, isCompacted);
     Bench bench;
-    bench.Add("('今日',0,10,3,0)");
-    bench.database.reset();
+    bench.Add("('昨日',0,10,3,0),('今日',0,10,4,0)");
     bench.Tick();
-    bench.database = OpenDayDatabase(bench.store.Path());
-    bench.Tick();  // and the look-up is made up for
+    const QString elsewhere = bench.store.Path() + u".elsewhere";
+    bench.database = isCompacted ? nullptr : ClosedDayDatabase(bench.store.Path());
+    QVERIFY(QFile::rename(bench.store.Path(), elsewhere));
+    bench.time.Advance(2000);  // midnight
+    bench.Tick();
+    QCOMPARE(bench.Turns(2), (QStringList{Set(kSunday), Set(kSunday)}));
+    QVERIFY(QFile::rename(elsewhere, bench.store.Path()));
+    if (isCompacted) {
+        bench.database = OpenDayDatabase(bench.store.Path());
+    }
+    bench.time.Advance(4999);
+    bench.Tick();
+    QCOMPARE(bench.Turns(1), QStringList{Set(kSunday)});
+    bench.time.Advance(1);
+    bench.Tick();
     QCOMPARE(bench.Turns(1), QStringList{Shown(u"今日")});
 }
 
@@ -268,14 +289,18 @@ void TstClockLines::ASecondThatWasMissedIsDueAtOnce() {
     QCOMPARE(bench.lines.UntilDue(false), qint64{1000});
 }
 
-void TstClockLines::ALookUpThatWaitsForItsDatabaseIsDueEachInterval() {
+void TstClockLines::NamesThatWaitForTheDatabaseAreDueAfterFiveSeconds() {
     Bench bench;
+    bench.settings.language = 2;  // without seconds
+    bench.time.SetNow(QDateTime(QDate(1998, 10, 3), QTime(21, 5, 7)));
     bench.Tick();
     bench.database.reset();
     bench.lines.RaiseRefresh();
-    bench.Tick();
     QCOMPARE(bench.lines.UntilDue(true), qint64{0});
-    QCOMPARE(bench.lines.UntilDue(false), qint64{0});
+    bench.Tick();
+    QCOMPARE(bench.lines.UntilDue(true), qint64{5000});
+    bench.time.Advance(3000);
+    QCOMPARE(bench.lines.UntilDue(false), qint64{2000});
 }
 
 QTEST_GUILESS_MAIN(TstClockLines)

@@ -226,9 +226,9 @@ void TstMainWindowTicks::ADatabaseThatComesBackIsNoticedThoughTheClockSleeps() {
     bench.dayStore.Raw("INSERT INTO Kinenbi(Name,Year,Month,Day,Week) VALUES ('新しい',0,11,15,0)");
     bench.dayDatabase.reset();
     bench.form->RaiseRefresh();
-    bench.time.Advance(9000);
+    bench.time.Advance(3000);
     bench.dayDatabase = OpenDayDatabase(bench.dayStore.Path());
-    bench.time.Advance(1000);
+    bench.time.Advance(7000);
     QCOMPARE(bench.Upper().Text(), u"新しい"_s);
 }
 

@@ -1,11 +1,14 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 """The settings dialog, by mouse: every page, what it does to the lines, and what is there after a restart."""
 
+import contextlib
 import os
+import sqlite3
 import subprocess
 import unittest
 
 from driver import processes
+from driver.answering import keeps_answering
 from driver.case import TickwellCase
 from driver.tickwell import (main_window, make_folder, program_path, read_settings, start_tickwell, wait_lines,
                              wait_on_screen)
@@ -317,7 +320,29 @@ class Login(SettingsCase):
         self.wait_closed()
 
 
+MANY_ROWS = """WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 300000)
+    INSERT INTO Kinenbi(Name, Year, Month, Day, Week) SELECT '記念日の名前' || i, 1900 + i % 90, i % 12 + 1, i % 31 + 1, 0 FROM n"""
+
+
 class Database(SettingsCase):
+    def test_the_windows_go_on_while_many_rows_are_compacted(self):
+        folder = make_folder(self.session.directory / "folder")
+        with contextlib.closing(sqlite3.connect(folder / "DayDate.mdb")) as database:
+            database.execute(MANY_ROWS)
+            database.commit()
+        self.start(folder=folder)
+        self.open()
+        self.page("データベース")
+        with keeps_answering(self.session, self.app.program):
+            self.click(button("データベースの最適化＞＞"))
+            box = self.app.wait(role="alert message", name="データベースの最適化", showing=True)
+        self.assertTrue(box.find(role="label", name=lambda text: text.startswith("データベースの最適化が終了しました。")), box.dump())
+        self.session.hand.click(box.wait(role="push button", name="OK"))
+        wait_for(lambda: self.dialog.find(**button("データベースの最適化＞＞")).enabled, "the button to be enabled again")
+        self.assertIsNone(self.dialog.find(role="label", name="最適化しています…", showing=True))
+        with contextlib.closing(sqlite3.connect(folder / "DayDate.mdb")) as database:
+            self.assertEqual(database.execute("SELECT count(*) FROM Kinenbi").fetchone(), (300000,))
+
     def test_the_database_is_compacted_and_goes_on(self):
         self.start()
         self.open()

@@ -69,6 +69,10 @@ void Monkey::Idle() {
         QCoreApplication::quit();
         return;
     }
+    const Machine& machine = m_world.Now();
+    if (!machine.hasClosed && machine.state.started.dayDatabase == nullptr) {
+        return;  // a compaction is under way, and no time passes until it has ended
+    }
     if (m_wait > 0) {
         const qint64 passing = std::min(m_wait, m_slice);
         m_wait -= passing;

@@ -30,7 +30,11 @@ struct SettingsBench {
             main.form->HoldKeepTop(held);
         },
         [this](const QString& sound) { asked.append(QStringLiteral("listen ") + sound); },
-        [this] { asked.append(QStringLiteral("compact")); }};
+        [this](std::function<void()> done) {
+            asked.append(QStringLiteral("compact"));
+            compacted = std::move(done);
+        }};
+    std::function<void()> compacted;  ///< what the dialog wants to be called when the compaction has ended
     std::unique_ptr<Form2> form;
 
     /// Starts the main window, lets its start-up delay pass, and opens the dialog.

@@ -55,7 +55,6 @@ private Q_SLOTS:
     void ASoundIsListenedTo();
     void OnlySoundsCanBeListenedTo();
     void TheNoticeIsOfferedOnceItWasSilenced();
-    void TheDatabaseIsCompactedAtOnce();
     void WithoutItsOperationAButtonIsDisabled();
     void TheLoginsBoxShowsWhatHoldsNow();
     void TheLoginIsChangedByOkAndApplyAlone_data();
@@ -318,14 +317,6 @@ void TstSettingsPages::TheNoticeIsOfferedOnceItWasSilenced() {
     QVERIFY(!bench.main.further.tellsNoCdDrive);
     bench.Click(u"Command1"_s);
     QVERIFY(bench.main.further.tellsNoCdDrive);
-}
-
-void TstSettingsPages::TheDatabaseIsCompactedAtOnce() {
-    SettingsBench bench;
-    bench.Open();
-    bench.Click(u"Command4"_s);
-    QCOMPARE(bench.asked, (QStringList{u"hold 1"_s, u"compact"_s}));
-    QVERIFY(bench.form->isVisible());
 }
 
 void TstSettingsPages::WithoutItsOperationAButtonIsDisabled() {

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include <sqlite3.h>
 #include <sys/stat.h>
 
 #include <QDir>
@@ -8,6 +9,7 @@
 #include "store/compaction_case.h"
 #include "store/compaction_report.h"
 #include "store/neighbour.h"
+#include "store/sql_error.h"
 #include "store/store_faults.h"
 #include "store/watched_disk.h"
 
@@ -55,6 +57,7 @@ private Q_SLOTS:
     void KeepsThePermissions_data();
     void KeepsThePermissions();
     void OpensWhatWasClosed();
+    void CanBeStopped();
     void NobodyElseIsLetInMeanwhile();
     void AStrangerWithTheOldFileOpenIsRefusedItsNextWrite();
     void FailsUntouchedWhileAnotherProcessHoldsTheFile_data();
@@ -105,7 +108,7 @@ void TstCompaction::GoesIntoTheFolderFirst() {
     QCOMPARE(bench.boxes.Shown().constLast().icon, MessageIcon::Information);
     QCOMPARE(QDir::current().canonicalPath(), QDir(bench.store.Folder()).canonicalPath());
     try {
-        CompactDayDatabase(bench.handle, u"/no/such/folder"_s, bench.boxes);
+        BeginCompaction(bench.handle, u"/no/such/folder"_s);
         QFAIL("compacted nowhere");
     } catch (const RunTimeError& error) {
         QCOMPARE(error.Reason(), u"/no/such/folder"_s);
@@ -179,6 +182,26 @@ void TstCompaction::OpensWhatWasClosed() {
     QCOMPARE(bench.Fault(), QString());
     QVERIFY(bench.handle != nullptr);
     QCOMPARE(bench.boxes.Shown().size(), 1);
+}
+
+void TstCompaction::CanBeStopped() {
+    CompactionCase bench;
+    const QByteArray before = BytesOf(bench.store.Path());
+    std::stop_source stop;
+    stop.request_stop();
+    PosixCompactionDisk disk(stop.get_token());
+    QCOMPARE(bench.Fault(disk).section(u'\r', 0, 0), u"CopyDate.mdb"_s);
+    QCOMPARE(BytesOf(bench.store.Path()), before);
+    QCOMPARE(bench.store.Names(), NamesAtRest());
+    // Also in the middle of a statement, from whichever thread.
+    SqliteConnection connection(bench.store.Path());
+    connection.StopWith(stop.get_token());
+    try {
+        connection.Run("SELECT count(*) FROM Kinenbi a, Kinenbi b, Kinenbi c");
+        QFAIL("not stopped");
+    } catch (const SqlError& error) {
+        QCOMPARE(error.EngineCode(), SQLITE_INTERRUPT);
+    }
 }
 
 void TstCompaction::NobodyElseIsLetInMeanwhile() {

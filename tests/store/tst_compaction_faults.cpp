@@ -4,6 +4,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QRegularExpression>
 #include <QTest>
 
 #include "store/compaction_case.h"
@@ -11,6 +12,7 @@
 #include "store/day_recovery.h"
 #include "store/full_disk.h"
 #include "store/neighbour.h"
+#include "store/sql_error.h"
 #include "store/store_faults.h"
 #include "store/watched_disk.h"
 
@@ -63,6 +65,9 @@ private Q_SLOTS:
     void AnythingInTheWayIsNoLoss();
     void AReadOnlyFolderIsNoLoss();
     void AFileBeyondTheRangeIsAnOverflow();
+    void ACompactedFileThatIsDamagedIsNotTaken_data();
+    void ACompactedFileThatIsDamagedIsNotTaken();
+    void AFileThatIsLockedAtTheReopenIsOpenedLater();
 };
 
 void TstCompactionFaults::NoStepThatFailsCostsARow_data() {
@@ -182,7 +187,7 @@ void TstCompactionFaults::AMissingFileIsReported() {
     const QString fault = bench.Fault();
     QVERIFY2(fault.startsWith(u"DayDate.mdb\r\n"), qPrintable(fault));
     QVERIFY(bench.boxes.Shown().isEmpty());
-    QVERIFY(bench.handle == nullptr);
+    QVERIFY(!bench.handle->TryOpen());
     QCOMPARE(bench.store.Names(), QStringList(u"DayDate.lock"_s));
 }
 
@@ -202,7 +207,7 @@ void TstCompactionFaults::ADamagedFileFailsUntouched() {
     SetBytes(u"DayDate.mdb"_s, bytes);
     QVERIFY(!bench.Fault().isEmpty());  // it cannot be opened again
     QCOMPARE(bench.boxes.Shown(), QList<Message>{CompactionFailed()});
-    QVERIFY(bench.handle == nullptr);
+    QVERIFY(!bench.handle->TryOpen());
     QCOMPARE(BytesOf(u"DayDate.mdb"_s), bytes);
     QCOMPARE(bench.store.Names(), NamesAtRest());
 }
@@ -275,8 +280,69 @@ void TstCompactionFaults::AFileBeyondTheRangeIsAnOverflow() {
     QVERIFY(huge.open(QIODevice::WriteOnly) && huge.resize(qint64{1} << 31));
     QCOMPARE(bench.Fault(), OverflowError().Reason());
     QVERIFY(bench.boxes.Shown().isEmpty());
-    QVERIFY(bench.handle == nullptr);  // nor is it one of ours
+    QVERIFY(!bench.handle->TryOpen());  // nor is it one of ours
     QCOMPARE(huge.size(), qint64{1} << 31);
+}
+
+void TstCompactionFaults::ACompactedFileThatIsDamagedIsNotTaken_data() {
+    QTest::addColumn<QByteArray>("spoil");
+    QTest::newRow("a page of zeros") << QByteArray();
+    QTest::newRow("a table is missing") << QByteArray("DROP TABLE Holiday");
+}
+
+void TstCompactionFaults::ACompactedFileThatIsDamagedIsNotTaken() {
+    QFETCH(QByteArray, spoil);
+    CompactionCase bench;
+    const QByteArray before = BytesOf(bench.store.Path());
+    WatchedDisk disk([&](int step, bool isDone) {
+        const QString target = bench.store.PathOf(u"BUDate.mdb"_s);
+        if (step != 11 || !isDone) {
+            return;
+        }
+        if (spoil.isEmpty()) {
+            SetBytes(target, BytesOf(target).replace(8192, 4096, QByteArray(4096, '\0')));
+        } else {
+            RawConnection(target).Run(spoil);
+        }
+    });
+    QCOMPARE(bench.Fault(disk), QString());
+    QCOMPARE(bench.boxes.Shown(), QList<Message>{CompactionFailed()});
+    QCOMPARE(BytesOf(bench.store.Path()), before);
+    QCOMPARE(bench.store.Names(), NamesAtRest());
+    QVERIFY(bench.handle->TryOpen());
+}
+
+void TstCompactionFaults::AFileThatIsLockedAtTheReopenIsOpenedLater() {
+    CompactionCase bench(false);
+    std::unique_ptr<RawConnection> stranger;
+    Neighbour neighbour(
+        [&] {
+            stranger = std::make_unique<RawConnection>(bench.store.Path());
+            stranger->Run("BEGIN EXCLUSIVE");
+        },
+        [&] { stranger.reset(); });
+    bench.handle = OpenDayDatabase(u"DayDate.mdb"_s);
+    const QStringList rows = bench.store.Rows();
+    WatchedDisk disk([&](int step, bool isDone) {
+        if (step == 14 && isDone) {  // the new file is in its place
+            neighbour.DoFirst();
+        }
+    });
+    const QString fault = bench.Fault(disk);
+    QVERIFY2(fault.startsWith(u"DayDate.mdb\r\nデータベースはほかのプログラムで使用中です。"),
+             qPrintable(fault));
+    QVERIFY2(fault.endsWith(u"開き直します。"), qPrintable(fault));
+    QCOMPARE(bench.boxes.Shown().constLast().icon, MessageIcon::Information);
+    QTest::ignoreMessage(QtWarningMsg, QRegularExpression(u"still closed: DayDate.mdb.*使用中"_s));
+    QVERIFY(!bench.handle->TryOpen());
+    QTest::failOnWarning(QRegularExpression(u"still closed"_s));  // it is logged once
+    QVERIFY(!bench.handle->TryOpen());
+    QVERIFY_THROWS_EXCEPTION(SqlError, bench.handle->RunQuery(u"SELECT Holiday.Date FROM Holiday"_s));
+    neighbour.DoSecond();
+    QCOMPARE(bench.handle->RunQuery(u"SELECT * FROM Kinenbi WHERE Year <> 5"_s).Count(), 150);
+    QCOMPARE(bench.store.Rows(), rows);
+    bench.handle->Execute(u"INSERT INTO Kinenbi VALUES (\"a\",0,10,3,0)"_s);
+    QCOMPARE(bench.store.Rows().size(), rows.size() + 1);
 }
 
 QTEST_GUILESS_MAIN(TstCompactionFaults)

@@ -288,7 +288,7 @@ void TstDayDatabase::SetsTheEngine() {
     store.Raw("PRAGMA journal_mode=WAL");
     SqliteConnection connection(store.Path());
     QCOMPARE(connection.FirstValue("PRAGMA journal_mode"), u"delete"_s);
-    QCOMPARE(connection.FirstValue("PRAGMA synchronous"), u"2"_s);
+    QCOMPARE(connection.FirstValue("PRAGMA synchronous"), u"3"_s);
     QCOMPARE(connection.FirstValue("PRAGMA busy_timeout"), u"2000"_s);
     QVERIFY_THROWS_EXCEPTION(SqlError, connection.Run("DELETE FROM Syukuzitu WHERE \"Nam\" = \"Nam\""));
     QVERIFY_THROWS_EXCEPTION(SqlError, connection.Run("DELETE FROM sqlite_schema"));

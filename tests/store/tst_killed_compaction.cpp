@@ -101,12 +101,13 @@ void OpenAndCompact(const LooseStore& store, CompactionDisk& disk) {
 void WriteAndCompact(const LooseStore& store, int first, int output) {
     auto handle = OpenDayDatabase(u"DayDate.mdb"_s);
     FakeMessageBoxes boxes;
+    PosixCompactionDisk disk;
     for (int number = first;; ++number) {
         handle->Execute(u"INSERT INTO Kinenbi VALUES (\"新しい記念日\",%1,1,2,0)"_s.arg(number));
         if (write(output, &number, sizeof number) != sizeof number) {
             _exit(1);
         }
-        CompactDayDatabase(handle, store.Folder(), boxes);
+        CompactDayDatabase(handle, store.Folder(), boxes, disk);
     }
 }
 

@@ -11,6 +11,7 @@
 #include "core/errors.h"
 #include "days/day_rule.h"
 #include "store/day_database.h"
+#include "store/shared_file_lock.h"
 #include "store/store_faults.h"
 
 using namespace Qt::StringLiterals;
@@ -32,6 +33,20 @@ Spoil Sql(const QByteArray& sql) {
     return [sql](const DayStore& store) { store.Raw(sql); };
 }
 
+/// The same tables and rows in another encoding.
+Spoil InEncoding(const QByteArray& encoding) {
+    return [encoding](const DayStore& store) {
+        const QString other = store.Path() + u".other";
+        SetBytes(other, QByteArray());
+        const QByteArray schema =
+            store.Raw("SELECT sql || ';' FROM sqlite_schema WHERE sql IS NOT NULL").join(QString()).toUtf8();
+        RawConnection(other).Run("PRAGMA encoding = '" + encoding + "'; PRAGMA application_id = 1414223666;" +
+                                 schema + "INSERT INTO Holiday(\"Date\") VALUES ('1998-10-03')");
+        SetBytes(store.Path(), BytesOf(other));
+        QFile::remove(other);
+    };
+}
+
 }  // namespace
 
 /// Whatever is wrong with the file is told when it is opened, and the file is left as it is.
@@ -43,6 +58,7 @@ private Q_SLOTS:
     void RefusesAtOpening();
     void RefusesAMissingFile();
     void RefusesAFolder();
+    void WaitsForOneWhoIsAboutToGo();
     void TakesACopyThatLostItsMark();
     void LogsAMarkThatIsNoDate_data();
     void LogsAMarkThatIsNoDate();
@@ -104,6 +120,9 @@ void TstStoreOpening::RefusesAtOpening_data() {
         Sql("DROP TABLE Holiday; CREATE VIEW Holiday AS SELECT id, \"Date\" FROM Halfday"), form("Holiday"));
     row("newer", Sql("PRAGMA user_version = 2"), u"新しい版のプログラムで作られたデータベースです。"_s);
     row("of another program", Sql("PRAGMA application_id = 1"), u"ほかのプログラムのデータベースです。"_s);
+    for (const char* encoding : {"UTF-16le", "UTF-16be"}) {
+        row(encoding, InEncoding(encoding), u"データベースの文字コードが違います。"_s);
+    }
     row("wrong type of value",
         Sql("PRAGMA writable_schema = 1;"
             "UPDATE sqlite_schema SET sql = replace(sql, ' STRICT', '') WHERE name = 'Holiday';"
@@ -143,6 +162,22 @@ void TstStoreOpening::RefusesAFolder() {
     const QString queue = folder.filePath(u"DayDate.mdb"_s);
     QCOMPARE(mkfifo(qPrintable(queue), 0600), 0);
     QVERIFY(!OpeningFault(queue).isEmpty());
+}
+
+void TstStoreOpening::WaitsForOneWhoIsAboutToGo() {
+    const DayStore store;
+    auto whole = std::make_unique<SharedFileLock>(store.Path());
+    whole->TakeWhole();
+    int tries = 0;
+    const SharedFileLock share(store.Path(), [&] {
+        if (++tries == 3) {
+            whole.reset();
+        }
+        return true;
+    });
+    QCOMPARE(tries, 3);
+    const SharedFileLock::Wait patiently = SharedFileLock::Patiently();
+    QVERIFY(patiently() && patiently());
 }
 
 void TstStoreOpening::TakesACopyThatLostItsMark() {

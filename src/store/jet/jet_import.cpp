@@ -6,6 +6,7 @@
 #include <cerrno>
 
 #include "core/errors.h"
+#include "store/day_files.h"
 #include "store/jet/day_file_writer.h"
 #include "store/jet/locked_file.h"
 
@@ -153,8 +154,13 @@ std::optional<JetImportSummary> ImportJetFile(const QString& path) {
 }
 
 std::optional<JetImportSummary> ImportJetFile(const QString& path, ImportDisk& disk) {
+    const QString file = FollowLinks(path);
     try {
-        return Import(path, disk);
+        auto summary = Import(file, disk);
+        if (summary && file != path) {
+            summary->keptAs.prepend(QFileInfo(file).path() + u'/');
+        }
+        return summary;
     } catch (const RunTimeError& error) {
         throw RunTimeError(path + u"\r\n" + error.Reason());
     }

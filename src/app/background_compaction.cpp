@@ -1,0 +1,59 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/background_compaction.h"
+
+#include <QCoreApplication>
+#include <utility>
+
+namespace tickwell {
+
+namespace {
+
+constexpr std::chrono::seconds kPatience{10};
+
+}  // namespace
+
+/// Whom the thread reports to. Only this thread looks at it; the other one merely passes a weak reference on.
+struct BackgroundCompaction::Listener {
+    BackgroundCompaction& owner;
+};
+
+BackgroundCompaction::BackgroundCompaction(BackgroundCompactionParts parts, MakeDisk makeDisk)
+    : m_parts(std::move(parts)), m_makeDisk(std::move(makeDisk)), m_jobs(kPatience) {}
+
+BackgroundCompaction::~BackgroundCompaction() {
+    m_stop.request_stop();
+}
+
+std::unique_ptr<CompactionDisk> BackgroundCompaction::RealDisk(std::stop_token stop) {
+    return std::make_unique<PosixCompactionDisk>(std::move(stop));
+}
+
+void BackgroundCompaction::Start(std::function<void()> done) {
+    if (m_listener == nullptr) {
+        BeginCompaction(m_parts.dayDatabase, m_parts.folder);
+        m_listener = std::make_shared<Listener>(*this);
+        const std::shared_ptr<CompactionDisk> disk = m_makeDisk(m_stop.get_token());
+        m_jobs.Do([disk, listener = std::weak_ptr(m_listener)] {
+            const auto end = std::make_shared<CompactionEnd>(CompactDayFile(*disk));
+            QMetaObject::invokeMethod(
+                QCoreApplication::instance(),
+                [listener, end] {
+                    if (const auto stillThere = listener.lock()) {
+                        stillThere->owner.Finish(std::move(*end));
+                    }
+                },
+                Qt::QueuedConnection);
+        });
+    }
+    m_done = std::move(done);
+}
+
+void BackgroundCompaction::Finish(CompactionEnd end) {
+    m_listener.reset();
+    m_parts.handlers.Run([&] { EndCompaction(m_parts.dayDatabase, std::move(end), m_parts.boxes); });
+    if (const auto done = std::exchange(m_done, nullptr)) {
+        done();
+    }
+}
+
+}  // namespace tickwell

@@ -1,0 +1,157 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include <QSemaphore>
+#include <QTest>
+
+#include "app/background_compaction.h"
+#include "store/compaction_report.h"
+#include "store/loose_store.h"
+#include "store/store_faults.h"
+#include "support/fake_message_boxes.h"
+
+using namespace Qt::StringLiterals;
+using namespace tickwell;
+
+namespace {
+
+/// Lets the copy begin, and go on, when the test says so.
+struct Gate {
+    QSemaphore reached;
+    QSemaphore open;
+    QSemaphore measured;
+};
+
+class GatedDisk : public PosixCompactionDisk {
+public:
+    GatedDisk(const std::stop_token& stop, Gate& gate)
+        : PosixCompactionDisk(stop), m_gate(gate), m_atStop(stop, Opener{gate}) {}
+
+    qint32 Size(const QString& path) override {
+        const qint32 size = PosixCompactionDisk::Size(path);
+        m_gate.measured.release();
+        return size;
+    }
+    void Copy(const SqliteConnection& from, const QString& to) override {
+        PosixCompactionDisk::Copy(from, to);
+        m_gate.reached.release();
+        m_gate.open.acquire();
+    }
+
+private:
+    struct Opener {
+        Gate& gate;
+        void operator()() const { gate.open.release(); }
+    };
+
+    Gate& m_gate;
+    std::stop_callback<Opener> m_atStop;
+};
+
+struct Bench {
+    LooseStore store;
+    std::unique_ptr<DayDatabase> database = OpenDayDatabase(u"DayDate.mdb"_s);
+    FakeMessageBoxes boxes;
+    Handlers handlers{boxes};
+    Gate gate;
+    int done = 0;
+    std::unique_ptr<BackgroundCompaction> compaction = std::make_unique<BackgroundCompaction>(
+        BackgroundCompactionParts{database, store.Folder(), boxes, handlers},
+        [this](const std::stop_token& stop) { return std::make_unique<GatedDisk>(stop, gate); });
+
+    void Start() {
+        compaction->Start([this] { ++done; });
+    }
+    void StartAndReachTheCopy() {
+        Start();
+        gate.reached.acquire();
+    }
+};
+
+}  // namespace
+
+/// A compaction beside the windows.
+class TstBackgroundCompaction : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void TheCallerGoesOnMeanwhile();
+    void OneThatRunsIsNotBegunAgain();
+    void TheEndOfTheProgramStopsIt_data();
+    void TheEndOfTheProgramStopsIt();
+    void AFaultIsToldInTheReportBox();
+};
+
+void TstBackgroundCompaction::TheCallerGoesOnMeanwhile() {
+    Bench bench;
+    const QStringList rows = bench.store.Rows();
+    const auto before = static_cast<qint32>(BytesOf(bench.store.Path()).size());
+    bench.StartAndReachTheCopy();
+    QVERIFY(bench.database == nullptr);
+    QCoreApplication::processEvents();
+    QVERIFY(bench.boxes.Shown().isEmpty());
+    QCOMPARE(bench.done, 0);
+    bench.gate.open.release();
+    QTRY_COMPARE_WITH_TIMEOUT(bench.done, 1, 60'000);
+    const auto after = static_cast<qint32>(BytesOf(bench.store.Path()).size());
+    QVERIFY(after < before);
+    QCOMPARE(bench.boxes.Shown(), QList<Message>{CompactionDone(before, after)});
+    QCOMPARE(bench.store.Names(), NamesAtRest());
+    bench.database->Execute(u"INSERT INTO Kinenbi VALUES (\"a\",0,10,3,0)"_s);
+    QCOMPARE(bench.store.Rows().size(), rows.size() + 1);
+}
+
+void TstBackgroundCompaction::OneThatRunsIsNotBegunAgain() {
+    Bench bench;
+    bench.StartAndReachTheCopy();
+    bool isTold = false;
+    bench.compaction->Start([&isTold] { isTold = true; });  // of a dialog that was opened again
+    bench.gate.open.release();
+    QTRY_VERIFY_WITH_TIMEOUT(isTold, 60'000);
+    QCOMPARE(bench.done, 0);
+    QCOMPARE(bench.boxes.Shown().size(), 1);
+    bench.gate.open.release();
+    bench.Start();
+    QTRY_COMPARE_WITH_TIMEOUT(bench.done, 1, 60'000);
+    QCOMPARE(bench.boxes.Shown().size(), 2);
+}
+
+void TstBackgroundCompaction::TheEndOfTheProgramStopsIt_data() {
+    QTest::addColumn<bool>("isReported");
+    QTest::newRow("in the middle") << false;
+    QTest::newRow("when it is about to report") << true;
+}
+
+void TstBackgroundCompaction::TheEndOfTheProgramStopsIt() {
+    QFETCH(bool, isReported);
+    Bench bench;
+    const QStringList rows = bench.store.Rows();
+    const QByteArray before = BytesOf(bench.store.Path());
+    bench.StartAndReachTheCopy();
+    if (isReported) {
+        bench.gate.open.release();
+        bench.gate.measured.acquire(
+            2);  // before and after; what remains to be done is to open and to report it
+    }
+    bench.compaction.reset();
+    QCoreApplication::processEvents();
+    QCOMPARE(bench.done, 0);
+    QVERIFY(bench.boxes.Shown().isEmpty());
+    QVERIFY(bench.database == nullptr);
+    QCOMPARE(bench.store.Names(), NamesAtRest());
+    QCOMPARE(bench.store.Rows(), rows);
+    QCOMPARE(BytesOf(bench.store.Path()) == before, !isReported);
+}
+
+void TstBackgroundCompaction::AFaultIsToldInTheReportBox() {
+    Bench bench;
+    bench.gate.open.release();
+    QVERIFY(QFile::remove(u"DayDate.mdb"_s));
+    bench.Start();
+    QTRY_COMPARE_WITH_TIMEOUT(bench.done, 1, 60'000);
+    QCOMPARE(bench.boxes.Shown().size(), 1);
+    QCOMPARE(bench.boxes.Shown().constFirst().icon, MessageIcon::Critical);
+    QVERIFY(bench.boxes.Shown().constFirst().text.contains(u"DayDate.mdb"));
+    QVERIFY(bench.database != nullptr);
+}
+
+QTEST_GUILESS_MAIN(TstBackgroundCompaction)
+#include "tst_background_compaction.moc"
