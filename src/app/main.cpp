@@ -13,6 +13,7 @@
 #include "display/main_window_accessible.h"
 #include "platform/base_directories.h"
 #include "platform/freed_memory.h"
+#include "platform/session_bus_look.h"
 
 namespace {
 
@@ -53,7 +54,9 @@ int main(int argc, char** argv) {
     umask(S_IRWXG | S_IRWXO);  // what the user stores is nobody else's to read
     std::vector<char*> arguments = ArgumentsForQt(argc, argv);
     int count = static_cast<int>(arguments.size()) - 1;
+    tickwell::SessionBusLook sessionBus;
     const QApplication application(count, arguments.data());
+    sessionBus.Finish();
     QCoreApplication::setApplicationName(QStringLiteral("tickwell"));
     QGuiApplication::setQuitOnLastWindowClosed(false);  // the main window, a tool window, would not count
 

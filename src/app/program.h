@@ -12,7 +12,6 @@
 #include "platform/cd_helper_drive.h"
 #include "platform/desktop_programs.h"
 #include "platform/helper_printer.h"
-#include "platform/power_supplies.h"
 #include "platform/proc_memory.h"
 #include "platform/qt_event_wait.h"
 #include "platform/qt_message_boxes.h"
@@ -55,8 +54,7 @@ private:
     std::unique_ptr<Timer> m_iconTimer;
     std::unique_ptr<Timer> m_tidyTimer;
     ProcMemory m_memory;
-    PowerSupplies m_powerSupplies;
-    UPower m_power{m_powerSupplies};
+    UPower m_power;
     QtTray m_tray{[] { return ProgramIcon(); }};
     X11Stack m_stack;
     DesktopPrograms m_starter;

@@ -8,7 +8,10 @@ namespace tickwell {
 using namespace Qt::StringLiterals;
 
 void BatteryLines::Refresh() {
-    const PowerReading reading = m_power.Read();
+    m_question = m_power.Ask([this](const PowerReading& reading) { Show(reading); });
+}
+
+void BatteryLines::Show(const PowerReading& reading) {
     if (reading.mains == Mains::On) {
         const QString text = u"AC電源を使用中です"_s;
         if (m_lines.lower.Text() != text) {

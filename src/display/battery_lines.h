@@ -15,15 +15,20 @@ public:
     /// All outlive this object.
     BatteryLines(const Power& power, TextLines lines) : m_power(power), m_lines(lines) {}
 
-    /// BatTimer, and once when the function was chosen. Each text comes in with a wipe; that of mains power
-    /// only where it does not stand there already.
+    /// BatTimer, and once when the function was chosen: asks for a reading, and shows it when it comes. Each
+    /// text comes in with a wipe; that of mains power only where it does not stand there already.
     void Refresh();
 
+    /// Another function is shown from now on: a reading that is still to come is dropped.
+    void Hide() { m_question.reset(); }
+
 private:
+    void Show(const PowerReading& reading);
     QString BatteryText(const PowerReading& reading);
 
     const Power& m_power;
     TextLines m_lines;
+    PowerQuestion m_question;
     bool m_isTimesTurn = false;
 };
 

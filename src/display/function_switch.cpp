@@ -20,6 +20,7 @@ void FunctionSwitch::ChangeFunction(qint32 number) {
         timer->Stop();
     }
     m_functionLines.countdown.Hide();
+    m_functionLines.battery.Hide();
     const FunctionRow* row = FunctionRowOf(number);
     m_marks.CheckFunction(number);
     m_marks.EnableOperation(row == nullptr || row->hasOperationItem);

@@ -97,9 +97,11 @@ Form1::Form1(const MainWindowParts& parts)
     connect(m_menu, &QMenu::aboutToShow, this, &Form1::Menu_AboutToShow);
     m_MovingWord2->BringUpForReaders([this] { m_timing.BringUp(); });
     m_parts.jumps.Listen([this] { WakeTimers(); });
+    m_parts.tray.WhenChanged([this] { Menu_AboutToShow(); });  // an open menu follows
 }
 
 Form1::~Form1() {
+    m_parts.tray.WhenChanged(nullptr);
     m_parts.jumps.Listen(nullptr);
 }
 

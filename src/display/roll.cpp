@@ -40,11 +40,13 @@ Roll::Roll(const RollSettings& settings, const Power& power, Handlers& handlers,
            std::function<void(qint32 number)> change)
     : m_settings(settings),
       m_power(power),
+      m_handlers(handlers),
       m_change(std::move(change)),
       m_timer(handlers.MakeTimer(timers, RollIntervalOf(settings), [this] { Tick(); })) {}
 
 void Roll::FunctionChanged(qint32 number) {
     m_current = number;
+    m_question.reset();
     m_timer->Stop();
     // The mains may come and go meanwhile: whether the battery has its turn is asked at each tick.
     if (NextInRoll(m_settings, number, Mains::Unknown)) {
@@ -54,7 +56,13 @@ void Roll::FunctionChanged(qint32 number) {
 }
 
 void Roll::Tick() {
-    if (const auto next = NextInRoll(m_settings, m_current, m_power.Read().mains)) {
+    m_question = m_power.Ask([this](const PowerReading& reading) {
+        m_handlers.RunTick(*m_timer, [this, mains = reading.mains] { ShowNext(mains); });
+    });
+}
+
+void Roll::ShowNext(Mains mains) {
+    if (const auto next = NextInRoll(m_settings, m_current, mains)) {
         m_change(*next);
     }
 }

@@ -33,12 +33,15 @@ public:
 
 private:
     void Tick();
+    void ShowNext(Mains mains);
 
     const RollSettings& m_settings;
     const Power& m_power;
+    Handlers& m_handlers;
     std::function<void(qint32)> m_change;
     qint32 m_current = -1;
     std::unique_ptr<Timer> m_timer;
+    PowerQuestion m_question;  // at most until the display changes
 };
 
 }  // namespace tickwell

@@ -21,10 +21,20 @@ TrayStorage::TrayStorage(Tray& tray, QMenu& menu, Handlers& handlers, TimerSourc
       m_watch(handlers.MakeTimer(timers, kWatchTick, [this] { Watch_Timer(); })) {}
 
 void TrayStorage::Store() {
-    if (m_stored || !m_tray.IsThere()) {
+    if (m_storing || m_stored || !m_tray.IsThere()) {
         return;
     }
-    m_tray.Show(u"Tickwell Ver.2"_s, m_menu, [this] { TakeBack(); });
+    m_storing = true;
+    m_tray.Show(
+        u"Tickwell Ver.2"_s, m_menu, [this] { TakeBack(); }, [this](bool isShown) { IconShown(isShown); });
+}
+
+/// The window goes only now, so that a desktop which does not answer cannot lose it.
+void TrayStorage::IconShown(bool isShown) {
+    m_storing = false;
+    if (!isShown) {
+        return;
+    }
     m_stored = true;
     m_missed = false;
     m_watch->Start();
@@ -35,10 +45,13 @@ void TrayStorage::TakeBack() {
     if (std::exchange(m_stored, false)) {
         m_onStored(false);
         Remove();
+    } else if (m_storing) {
+        Remove();
     }
 }
 
 void TrayStorage::Remove() {
+    m_storing = false;
     m_watch->Stop();
     m_tray.Hide();
 }

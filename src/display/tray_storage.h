@@ -22,22 +22,25 @@ public:
     bool CanStore() const { return m_tray.IsThere(); }
     bool IsStored() const { return m_stored; }
 
-    /// Adds the icon and hides the window; without a notification area nothing happens.
+    /// Adds the icon, and hides the window once the icon is there; without a notification area nothing
+    /// happens.
     void Store();
 
-    /// Shows the window and removes the icon. Does nothing where it is not stored.
+    /// Shows the window and removes the icon, or withdraws a Store that is under way. Else it does nothing.
     void TakeBack();
 
     /// Removes the icon alone, for the end of the program.
     void Remove();
 
 private:
+    void IconShown(bool isShown);
     void Watch_Timer();
 
     Tray& m_tray;
     QMenu& m_menu;
     std::function<void(bool)> m_onStored;
     std::unique_ptr<Timer> m_watch;
+    bool m_storing = false;  // the icon is still to come
     bool m_stored = false;
     bool m_missed = false;  // the area was gone when it was last looked at
 };

@@ -3,6 +3,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <algorithm>
 #include <array>
 #include <utility>
 
@@ -17,10 +18,13 @@ QByteArray Text(const QString& supply, const QString& name) {
     return file.open(QIODevice::ReadOnly) ? file.readAll().trimmed() : QByteArray();
 }
 
+constexpr qint64 kLargest = 1'000'000'000'000;  // of any file; microwatt hours, so a megawatt hour
+constexpr qint64 kFull = 100;                   // %
+
 std::optional<qint64> Number(const QString& supply, const QString& name) {
     bool isNumber = false;
     const qint64 value = Text(supply, name).toLongLong(&isNumber);
-    return isNumber && value >= 0 ? std::optional(value) : std::nullopt;
+    return isNumber && value >= 0 && value <= kLargest ? std::optional(value) : std::nullopt;
 }
 
 /// Sums over all batteries, in the unit of their files: microwatt hours, or microampere hours with their
@@ -43,9 +47,10 @@ struct Charge {
                 return;
             }
         }
-        if (const auto percent = Number(battery, u"capacity"_s)) {  // some tell nothing else
+        // Some tell nothing else.
+        if (const auto percent = Number(battery, u"capacity"_s); percent && *percent <= kFull) {
             now += *percent;
-            full += 100;
+            full += kFull;
         }
     }
 };
@@ -75,9 +80,12 @@ PowerReading PowerSupplies::Read() const {
     if (!hasBattery || charge.full <= 0) {
         return {};
     }
-    PowerReading reading{Mains::Off, static_cast<int>(charge.now * 100 / charge.full), std::nullopt};
-    if (charge.rate > 0) {
-        reading.secondsLeft = charge.now * 3600 / charge.rate;
+    // A battery that has aged may hold more than the kernel takes for full.
+    const qint64 percent = std::min(charge.now * kFull / charge.full, kFull);
+    PowerReading reading{Mains::Off, static_cast<int>(percent), std::nullopt};
+    const qint64 seconds = charge.rate > 0 ? charge.now * 3600 / charge.rate : 0;
+    if (seconds > 0 && seconds <= kLongestTimeLeft) {
+        reading.secondsLeft = seconds;
     }
     return reading;
 }

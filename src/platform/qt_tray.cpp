@@ -4,15 +4,12 @@
 #include <xcb/xcb.h>
 
 #include <QDBusConnection>
-#include <QDBusConnectionInterface>
-#include <QDBusMessage>
-#include <QDBusReply>
-#include <QDBusVariant>
 #include <QGuiApplication>
 #include <QMenu>
 #include <cstdlib>
 #include <cstring>
 #include <memory>
+#include <utility>
 
 namespace tickwell {
 
@@ -20,20 +17,22 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kPatience = 500;  // ms for the bus; a menu waits for the answer
+constexpr int kRetry = 2000;  // ms, after which a bus that hung is asked again
+
+constexpr auto kWatcher = "org.kde.StatusNotifierWatcher";
 
 /// Whether a host of the session bus shows icons.
-bool BusHostIsThere() {
-    const QString watcher = u"org.kde.StatusNotifierWatcher"_s;
-    const QDBusConnection bus = QDBusConnection::sessionBus();
-    if (!bus.isConnected() || !bus.interface()->isServiceRegistered(watcher).value()) {
-        return false;
-    }
-    QDBusMessage question = QDBusMessage::createMethodCall(watcher, u"/StatusNotifierWatcher"_s,
-                                                           u"org.freedesktop.DBus.Properties"_s, u"Get"_s);
-    question << watcher << u"IsStatusNotifierHostRegistered"_s;
-    const QDBusReply<QDBusVariant> answer = bus.call(question, QDBus::Block, kPatience);
-    return answer.isValid() && answer.value().variant().toBool();
+MessageBus::Method HostQuestion() {
+    return {kWatcher,
+            "/StatusNotifierWatcher",
+            "org.freedesktop.DBus.Properties",
+            "Get",
+            {kWatcher, "IsStatusNotifierHostRegistered"}};
+}
+
+/// What only the bus itself has to answer.
+MessageBus::Method BusQuestion() {
+    return {"org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus", "GetId", {}};
 }
 
 /// Whether a window of the X11 screen takes icons in.
@@ -63,25 +62,110 @@ void QtTray::Later::operator()(QSystemTrayIcon* tray) const {
     tray->deleteLater();
 }
 
-QtTray::QtTray(std::function<QIcon()> icon) : m_icon(std::move(icon)) {}
+QtTray::QtTray(std::function<QIcon()> icon) : m_icon(std::move(icon)) {
+    const QByteArray watcherComesOrGoes =
+        "type='signal',sender='org.freedesktop.DBus',interface='org.freedesktop.DBus',"
+        "member='NameOwnerChanged',arg0='" +
+        QByteArray(kWatcher) + "'";
+    const QByteArray hostComesOrGoes =
+        "type='signal',path='/StatusNotifierWatcher',interface='" + QByteArray(kWatcher) + "'";
+    m_bus.Listen({watcherComesOrGoes, hostComesOrGoes}, [this] { Look(); });
+    m_retry.setSingleShot(true);
+    QObject::connect(&m_retry, &QTimer::timeout, &m_retry, [this] { RemoveLeaving(); });
+    QTimer::singleShot(0, &m_retry, [this] { Look(); });
+}
 
+/// No event loop will come to remove an icon. One of the bus goes with our connection: Qt would wait for a
+/// bus that hangs.
 QtTray::~QtTray() {
-    delete m_tray.release();  // no event loop will come to do it
+    m_leaving.push_back(std::move(m_tray));
+    for (Icon& icon : m_leaving) {
+        QSystemTrayIcon* const left = icon.release();
+        if (m_kind == HostKind::Screen) {
+            delete left;
+        }
+    }
 }
 
-/// The toolkit decides with the first question for the whole run which of the two kinds of host it speaks to:
-/// it is asked only once an icon is wanted, and is believed from then on.
-bool QtTray::IsThere() const {
-    return m_wasAsked ? QSystemTrayIcon::isSystemTrayAvailable() : BusHostIsThere() || ScreenHostIsThere();
+bool QtTray::IsThere() {
+    Look();
+    return IsKnownThere();
 }
 
-void QtTray::Show(const QString& tip, QMenu& menu, std::function<void()> onClick) {
-    m_wasAsked = true;
+bool QtTray::IsKnownThere() const {
+    switch (m_kind) {
+        case HostKind::Undecided:  // Qt would ask the bus first
+            return !m_busHangs && (m_hasBusHost || ScreenHostIsThere());
+        case HostKind::Bus:
+            return m_hasBusHost;
+        case HostKind::Screen:
+            return ScreenHostIsThere();
+    }
+    return false;
+}
+
+void QtTray::Look() {
+    if (m_isLooking || m_kind == HostKind::Screen) {
+        return;
+    }
+    m_isLooking = true;
+    m_bus.Call(HostQuestion(), [this](const MessageBus::Reply& reply) {
+        m_isLooking = false;
+        TakeBusHost(reply);
+    });
+}
+
+/// A host is of use only if Qt is on the bus as well. Qt does not come back to a bus that was lost, but once
+/// it speaks to hosts of the bus it connects anew for each icon.
+void QtTray::TakeBusHost(const MessageBus::Reply& reply) {
+    const bool hasHost =
+        reply.value == QVariant(true) &&
+        (m_kind == HostKind::Bus || QDBusConnection::sessionBus().isConnected());  // it answers: no waiting
+    const bool isOther = hasHost != m_hasBusHost || reply.hangs != m_busHangs;
+    m_hasBusHost = hasHost;
+    m_busHangs = reply.hangs;
+    if (isOther && m_changed) {
+        m_changed();
+    }
+}
+
+void QtTray::Show(const QString& tip, QMenu& menu, std::function<void()> onClick,
+                  std::function<void(bool isShown)> onShown) {
+    m_wanted = Wanted{tip, &menu, std::move(onClick), std::move(onShown)};
+    if (m_kind == HostKind::Screen) {
+        ShowWanted();
+        return;
+    }
+    m_bus.Call(HostQuestion(), [this](const MessageBus::Reply& reply) {
+        TakeBusHost(reply);
+        if (reply.hangs && m_wanted) {
+            std::exchange(m_wanted, std::nullopt)->onShown(false);
+        }
+        ShowWanted();
+    });
+}
+
+void QtTray::ShowWanted() {
+    if (!m_wanted) {
+        return;
+    }
+    const Wanted wanted = *std::exchange(m_wanted, std::nullopt);
+    const bool isThere = IsKnownThere();
+    if (isThere) {
+        PutUp(wanted);
+    }
+    wanted.onShown(isThere);
+}
+
+void QtTray::PutUp(const Wanted& wanted) {
+    if (m_kind == HostKind::Undecided) {
+        m_kind = m_hasBusHost ? HostKind::Bus : HostKind::Screen;
+    }
     m_tray.reset(new QSystemTrayIcon(m_icon()));
-    m_tray->setToolTip(tip);
-    m_tray->setContextMenu(&menu);
+    m_tray->setToolTip(wanted.tip);
+    m_tray->setContextMenu(wanted.menu);
     QObject::connect(m_tray.get(), &QSystemTrayIcon::activated, m_tray.get(),
-                     [onClick = std::move(onClick)](QSystemTrayIcon::ActivationReason reason) {
+                     [onClick = wanted.onClick](QSystemTrayIcon::ActivationReason reason) {
                          if (reason == QSystemTrayIcon::Trigger) {
                              onClick();
                          }
@@ -90,7 +174,27 @@ void QtTray::Show(const QString& tip, QMenu& menu, std::function<void()> onClick
 }
 
 void QtTray::Hide() {
-    m_tray.reset();
+    m_wanted.reset();
+    if (m_tray == nullptr) {
+        return;
+    }
+    if (m_kind == HostKind::Screen) {
+        m_tray.reset();
+        return;
+    }
+    m_tray->disconnect();
+    m_leaving.push_back(std::move(m_tray));
+    RemoveLeaving();
+}
+
+void QtTray::RemoveLeaving() {
+    m_bus.Call(BusQuestion(), [this](const MessageBus::Reply& reply) {
+        if (reply.hangs) {
+            m_retry.start(kRetry);
+        } else {
+            m_leaving.clear();
+        }
+    });
 }
 
 }  // namespace tickwell

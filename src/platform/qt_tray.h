@@ -3,32 +3,66 @@
 
 #include <QIcon>
 #include <QSystemTrayIcon>
+#include <QTimer>
 #include <functional>
 #include <memory>
+#include <optional>
+#include <vector>
 
 #include "core/ports/tray.h"
+#include "platform/message_bus.h"
 
 namespace tickwell {
 
-/// The notification area by the toolkit, for hosts that speak over the session bus and for those of X11.
+/// The notification area by Qt, for hosts on the session bus and for those of X11. Qt waits for the session
+/// bus as it puts up an icon and as it removes one: it does so only right after the bus has answered.
 class QtTray : public Tray {
 public:
     /// `icon` makes the icon, when one is wanted.
     explicit QtTray(std::function<QIcon()> icon);
     ~QtTray() override;
+    Q_DISABLE_COPY_MOVE(QtTray)
 
-    bool IsThere() const override;
-    void Show(const QString& tip, QMenu& menu, std::function<void()> onClick) override;
+    bool IsThere() override;
+    void WhenChanged(std::function<void()> changed) override { m_changed = std::move(changed); }
+    void Show(const QString& tip, QMenu& menu, std::function<void()> onClick,
+              std::function<void(bool isShown)> onShown) override;
     void Hide() override;
 
 private:
     struct Later {  // an icon may be hidden from inside its own signal
         void operator()(QSystemTrayIcon* tray) const;
     };
+    using Icon = std::unique_ptr<QSystemTrayIcon, Later>;
+
+    struct Wanted {
+        QString tip;
+        QMenu* menu;
+        std::function<void()> onClick;
+        std::function<void(bool isShown)> onShown;
+    };
+
+    /// Which hosts Qt speaks to. It decides with the first icon for the whole run.
+    enum class HostKind { Undecided, Bus, Screen };
+
+    bool IsKnownThere() const;
+    void Look();
+    void TakeBusHost(const MessageBus::Reply& reply);
+    void ShowWanted();
+    void PutUp(const Wanted& wanted);
+    void RemoveLeaving();
 
     std::function<QIcon()> m_icon;
-    std::unique_ptr<QSystemTrayIcon, Later> m_tray;  // while the icon is shown
-    bool m_wasAsked = false;
+    std::function<void()> m_changed;
+    MessageBus m_bus{MessageBus::Kind::Session};
+    HostKind m_kind = HostKind::Undecided;
+    bool m_hasBusHost = false;
+    bool m_busHangs = false;
+    bool m_isLooking = false;
+    std::optional<Wanted> m_wanted;  // while the bus is asked
+    Icon m_tray;                     // while the icon is shown
+    std::vector<Icon> m_leaving;     // until the bus answers
+    QTimer m_retry;
 };
 
 }  // namespace tickwell

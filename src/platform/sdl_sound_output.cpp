@@ -1,112 +1,22 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/sdl_sound_output.h"
 
-#include <QLibrary>
+#include <QDeadlineTimer>
+#include <atomic>
+#include <optional>
+#include <utility>
 
-#include "platform/sdl_library.h"
+#include "platform/late_sound_stream.h"
+#include "platform/sdl_drivers.h"
 
 namespace tickwell {
-
-using namespace Qt::StringLiterals;
 
 namespace {
 
 constexpr std::chrono::milliseconds kPatience{1000};  // an opening takes 5 to 60
-
-/// Frames of a device's buffer. To close a device takes the time of two; smaller ones wake the machine more
-/// often and make gaps sooner where it is busy.
-Uint16 BufferFrames(int rate) {
-    constexpr int kBuffersInSecond = 60;
-    return static_cast<Uint16>(rate / kBuffersInSecond);
-}
-
-extern "C" void SayNothing(const char* /*file*/, int /*line*/, const char* /*function*/, int /*error*/,
-                           const char* /*format*/, ...) {}  // NOLINT(cert-dcl50-cpp): the library's own shape
-
-/// A machine without sound is silent, also on the standard error: the drivers' library, which SDL has brought
-/// along, would speak there.
-void SilenceDrivers() {
-    QLibrary alsa(u"asound"_s, 2);
-    alsa.setLoadHints(QLibrary::PreventUnloadHint);
-    using SetHandler = int (*)(decltype(&SayNothing));
-    if (const auto setHandler = reinterpret_cast<SetHandler>(alsa.resolve("snd_lib_error_set_handler"))) {
-        setHandler(&SayNothing);
-    }
-}
+constexpr std::chrono::milliseconds kMoment{100};     // so that most openings are known at once
 
 }  // namespace
-
-/// All of SDL that may wait for a sound server.
-class SdlDrivers {
-public:
-    explicit SdlDrivers(const QString& library) : m_library(library) {}
-
-    /// 0 where there is none.
-    SDL_AudioDeviceID Open(const SoundFormat& format) {
-        if (!Prepare()) {
-            return 0;
-        }
-        SDL_AudioSpec wanted{};
-        wanted.freq = format.rate;
-        wanted.format = AUDIO_S16SYS;
-        wanted.channels = static_cast<Uint8>(format.channels);
-        wanted.samples = BufferFrames(format.rate);
-        const SDL_AudioDeviceID device = m_sdl->OpenAudioDevice(nullptr, 0, &wanted, nullptr, 0);
-        if (device == 0) {
-            Leave();
-            return 0;
-        }
-        ++m_devices;
-        return device;
-    }
-
-    void Close(SDL_AudioDeviceID device) {
-        m_sdl->CloseAudioDevice(device);
-        --m_devices;
-        Leave();
-    }
-
-    /// SDL keeps its last error for each thread, and would never know that one of ours has ended.
-    void ForgetThread() {
-        if (m_sdl != nullptr) {
-            m_sdl->TLSCleanup();
-        }
-    }
-
-    /// Once a device was opened.
-    const SdlFunctions& Functions() const { return *m_sdl; }
-
-private:
-    bool Prepare() {
-        if (!m_isPrepared) {
-            m_sdl = m_library.Load();
-            if (m_sdl == nullptr) {
-                return false;
-            }
-            m_sdl->SetMainReady();
-            // Its own handlers would swallow the signals that shall end this program.
-            m_sdl->SetHint(SDL_HINT_NO_SIGNAL_HANDLERS, "1");
-            m_sdl->SetHint(SDL_HINT_AUDIO_DEVICE_APP_NAME, "Tickwell");
-            SilenceDrivers();
-            m_isPrepared = m_sdl->InitSubSystem(SDL_INIT_AUDIO) == 0;
-        }
-        return m_isPrepared;
-    }
-
-    /// Where no device is open the drivers are left too: their threads and connections end, and the next to
-    /// open chooses afresh, for a sound server may have come or gone meanwhile.
-    void Leave() {
-        if (m_devices == 0 && m_isPrepared) {
-            m_sdl->QuitSubSystem(SDL_INIT_AUDIO);
-            m_isPrepared = false;
-        }
-    }
-
-    SdlLibrary m_library;
-    const SdlFunctions* m_sdl = nullptr;  // once it is loaded
-    int m_devices = 0;
-    bool m_isPrepared = false;
-};
 
 class SdlSoundStream : public SoundStream {
 public:
@@ -137,27 +47,78 @@ private:
     qint64 m_frameBytes;
 };
 
+/// One opening, shared with the job that does it.
+struct SdlAttempt {
+    QDeadlineTimer deadline{kPatience};
+    std::atomic<bool> isDone = false;
+    SDL_AudioDeviceID device = 0;  // valid once it is done; 0 if there is none
+
+    bool Hangs() const { return !isDone && deadline.hasExpired(); }
+};
+
+/// Our end of an attempt. Its destruction closes a device that was not taken, however late it comes.
+class SdlOpening {
+public:
+    SdlOpening(SdlSoundOutput& output, const SoundFormat& format)
+        : m_output(output), m_format(format), m_attempt(std::make_shared<SdlAttempt>()) {
+        m_output.m_lastAttempt = m_attempt;
+        m_output.m_jobs.Do([drivers = m_output.m_drivers, attempt = m_attempt, format] {
+            attempt->device = drivers->Open(format);
+            drivers->ForgetThread();
+            attempt->isDone = true;
+        });
+    }
+    ~SdlOpening() {
+        if (m_isTaken) {
+            return;
+        }
+        m_output.m_jobs.Do([drivers = m_output.m_drivers, attempt = m_attempt] {
+            if (attempt->device != 0) {
+                drivers->Close(attempt->device);
+                drivers->ForgetThread();
+            }
+        });
+    }
+    SdlOpening(const SdlOpening&) = delete;
+    SdlOpening& operator=(const SdlOpening&) = delete;
+
+    /// As LateSoundStream asks it.
+    std::optional<std::unique_ptr<SoundStream>> Look() {
+        if (m_attempt->isDone) {
+            m_isTaken = true;
+            return Stream();
+        }
+        return m_attempt->Hangs() ? std::optional<std::unique_ptr<SoundStream>>(nullptr) : std::nullopt;
+    }
+
+private:
+    std::unique_ptr<SoundStream> Stream() {
+        if (m_attempt->device == 0) {
+            return nullptr;
+        }
+        const SdlFunctions& functions = m_output.m_drivers->Functions();
+        return std::make_unique<SdlSoundStream>(m_output, functions, m_attempt->device, m_format.channels);
+    }
+
+    SdlSoundOutput& m_output;
+    SoundFormat m_format;
+    std::shared_ptr<SdlAttempt> m_attempt;
+    bool m_isTaken = false;
+};
+
 SdlSoundOutput::SdlSoundOutput(const QString& library)
     : m_drivers(std::make_shared<SdlDrivers>(library)), m_jobs(kPatience) {}
 
 std::unique_ptr<SoundStream> SdlSoundOutput::Open(const SoundFormat& format) {
-    const auto device = std::make_shared<SDL_AudioDeviceID>(0);
-    const bool isInTime = m_jobs.DoAndWait([drivers = m_drivers, device, format] {
-        *device = drivers->Open(format);
-        drivers->ForgetThread();
-    });
-    if (isInTime) {
-        return *device == 0 ? nullptr
-                            : std::make_unique<SdlSoundStream>(*this, m_drivers->Functions(), *device,
-                                                               format.channels);
+    if (m_lastAttempt != nullptr && m_lastAttempt->Hangs()) {
+        return nullptr;
     }
-    m_jobs.Do([drivers = m_drivers, device] {
-        if (*device != 0) {
-            drivers->Close(*device);  // it came too late
-            drivers->ForgetThread();
-        }
-    });
-    return nullptr;
+    const auto opening = std::make_shared<SdlOpening>(*this, format);
+    m_jobs.Wait(kMoment);
+    if (auto opened = opening->Look()) {
+        return std::move(*opened);
+    }
+    return std::make_unique<LateSoundStream>(format, [opening] { return opening->Look(); });
 }
 
 void SdlSoundOutput::Close(unsigned device) {

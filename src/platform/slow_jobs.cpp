@@ -34,8 +34,7 @@ SlowJobs::SlowJobs(std::chrono::milliseconds patience)
     : m_patience(patience), m_shared(std::make_shared<Shared>()) {}
 
 SlowJobs::~SlowJobs() {
-    std::unique_lock lock(m_shared->mutex);
-    m_shared->isAtRest.wait_for(lock, m_patience, [this] { return !m_shared->isRunning; });
+    Wait(m_patience);
 }
 
 void SlowJobs::Do(std::function<void()> job) {
@@ -47,17 +46,9 @@ void SlowJobs::Do(std::function<void()> job) {
     }
 }
 
-bool SlowJobs::DoAndWait(std::function<void()> job) {
-    {
-        const std::scoped_lock lock(m_shared->mutex);
-        if (m_hasGivenUp && m_shared->isRunning) {
-            return false;
-        }
-    }
-    Do(std::move(job));
+bool SlowJobs::Wait(std::chrono::milliseconds atMost) const {
     std::unique_lock lock(m_shared->mutex);
-    m_hasGivenUp = !m_shared->isAtRest.wait_for(lock, m_patience, [this] { return !m_shared->isRunning; });
-    return !m_hasGivenUp;
+    return m_shared->isAtRest.wait_for(lock, atMost, [this] { return !m_shared->isRunning; });
 }
 
 }  // namespace tickwell

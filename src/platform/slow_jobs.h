@@ -12,7 +12,7 @@ namespace tickwell {
 /// to outlive it: let the job own it.
 class SlowJobs {
 public:
-    /// `patience`: how long anything here waits at most.
+    /// `patience`: how long the end of this object waits at most.
     explicit SlowJobs(std::chrono::milliseconds patience);
 
     /// Waits for the jobs, as long as the patience lasts. One that hangs is then left to itself.
@@ -23,17 +23,14 @@ public:
     /// Has a job done after those before it, and does not wait.
     void Do(std::function<void()> job);
 
-    /// The same, and waits for it; false where the patience ends first. The job is done all the same, one
-    /// day. Where it ended before, and the job of that time still hangs, there is no waiting again and no
-    /// job: false.
-    bool DoAndWait(std::function<void()> job);
+    /// Waits until all jobs are done, at most for so long; whether they are.
+    bool Wait(std::chrono::milliseconds atMost) const;
 
 private:
     struct Shared;
 
     std::chrono::milliseconds m_patience;
     std::shared_ptr<Shared> m_shared;  // with the thread, which may outlive this object
-    bool m_hasGivenUp = false;
 };
 
 }  // namespace tickwell

@@ -1,10 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/upower.h"
 
-#include <QDBusArgument>
-#include <QDBusMessage>
-#include <QVariantMap>
 #include <cmath>
+#include <utility>
 
 namespace tickwell {
 
@@ -12,41 +10,89 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kPatience = 500;  // ms; a reading takes 1 to 4
 constexpr uint kTypeBattery = 2;
 
-/// All properties of one interface; nothing where the service does not answer.
-std::optional<QVariantMap> Properties(const QString& path, const QString& interface) {
-    QDBusMessage call = QDBusMessage::createMethodCall(u"org.freedesktop.UPower"_s, path,
-                                                       u"org.freedesktop.DBus.Properties"_s, u"GetAll"_s);
-    call.setArguments({interface});
-    const QDBusMessage answer = QDBusConnection::systemBus().call(call, QDBus::Block, kPatience);
-    if (answer.type() != QDBusMessage::ReplyMessage || answer.arguments().size() != 1) {
-        return std::nullopt;
-    }
-    return qdbus_cast<QVariantMap>(answer.arguments().constFirst());
+/// A property of exactly this type.
+template <typename Value>
+std::optional<Value> PropertyOf(const QVariantMap& properties, const QString& name) {
+    const QVariant value = properties.value(name);
+    return value.metaType() == QMetaType::fromType<Value>() ? std::optional(value.value<Value>())
+                                                            : std::nullopt;
+}
+
+MessageBus::Method PropertiesOf(const QByteArray& path, const QByteArray& interface) {
+    return {"org.freedesktop.UPower", path, "org.freedesktop.DBus.Properties", "GetAll", {interface}, true};
 }
 
 }  // namespace
 
-PowerReading UPower::Read() const {
-    const auto service = Properties(u"/org/freedesktop/UPower"_s, u"org.freedesktop.UPower"_s);
-    if (!service) {
-        return m_otherwise.Read();
+/// Both answers are waited for; the question is done with the second.
+struct UPower::Question {
+    std::function<void(const PowerReading&)> onReading;
+    std::optional<QVariant> service;
+    std::optional<QVariant> device;
+    int answers = 0;
+
+    void Take(std::optional<QVariant> Question::*part, const std::optional<QVariant>& value,
+              const PowerSupplies& supplies) {
+        this->*part = value;
+        if (++answers < 2) {
+            return;
+        }
+        std::optional<PowerReading> reading;
+        if (service) {
+            reading = ReadingOf(service->toMap(), device.value_or(QVariant()).toMap());
+        }
+        if (!reading) {
+            reading = supplies.Read();
+            if (service && reading->mains == Mains::Unknown) {
+                reading->mains =
+                    Mains::On;  // a service that is there, and no battery that the kernel knows of
+            }
+        }
+        onReading(*reading);
     }
-    const auto device =
-        Properties(u"/org/freedesktop/UPower/devices/DisplayDevice"_s, u"org.freedesktop.UPower.Device"_s);
-    const bool hasBattery =
-        device && device->value(u"Type"_s).toUInt() == kTypeBattery && device->value(u"IsPresent"_s).toBool();
-    if (!hasBattery || !service->value(u"OnBattery"_s).toBool()) {
-        return {Mains::On, std::nullopt, std::nullopt};
+};
+
+std::optional<PowerReading> ReadingOf(const QVariantMap& service, const QVariantMap& device) {
+    const auto isOnBattery = PropertyOf<bool>(service, u"OnBattery"_s);
+    const auto type = PropertyOf<uint>(device, u"Type"_s);
+    const auto isPresent = PropertyOf<bool>(device, u"IsPresent"_s);
+    const PowerReading onMains{Mains::On, std::nullopt, std::nullopt};
+    if (isOnBattery == false) {
+        return onMains;
     }
-    PowerReading reading{Mains::Off, static_cast<int>(std::lrint(device->value(u"Percentage"_s).toDouble())),
-                         std::nullopt};
-    if (const qint64 seconds = device->value(u"TimeToEmpty"_s).toLongLong(); seconds > 0) {
-        reading.secondsLeft = seconds;
+    if (!isOnBattery || !type || !isPresent) {
+        return std::nullopt;
+    }
+    if (*type != kTypeBattery || !*isPresent) {
+        return onMains;
+    }
+    const auto percent = PropertyOf<double>(device, u"Percentage"_s);
+    if (!percent || !(*percent >= 0 && *percent <= 100)) {  // so that NaN is none
+        return std::nullopt;
+    }
+    PowerReading reading{Mains::Off, static_cast<int>(std::lrint(*percent)), std::nullopt};
+    const auto seconds = PropertyOf<qint64>(device, u"TimeToEmpty"_s);
+    if (seconds && *seconds > 0 && *seconds <= kLongestTimeLeft) {
+        reading.secondsLeft = *seconds;
     }
     return reading;
+}
+
+PowerQuestion UPower::Ask(std::function<void(const PowerReading& reading)> onReading) const {
+    const auto question = std::make_shared<Question>(Question{std::move(onReading), {}, {}});
+    const auto take = [this, weak = std::weak_ptr(question)](std::optional<QVariant> Question::*part) {
+        return [this, weak, part](const MessageBus::Reply& reply) {
+            if (const auto asked = weak.lock()) {
+                asked->Take(part, reply.value, m_supplies);
+            }
+        };
+    };
+    m_bus.Call(PropertiesOf("/org/freedesktop/UPower", "org.freedesktop.UPower"), take(&Question::service));
+    m_bus.Call(PropertiesOf("/org/freedesktop/UPower/devices/DisplayDevice", "org.freedesktop.UPower.Device"),
+               take(&Question::device));
+    return question;
 }
 
 }  // namespace tickwell

@@ -44,6 +44,8 @@ private Q_SLOTS:
     void TheTurnFlipsOnBatteryReadingsAlone();
     void AnUnknownSourceIsWipedInAtEveryReading();
     void ABatteryWithoutAChargeIsUnknown();
+    void AReadingThatTakesItsTimeIsShownWhenItComes();
+    void AReadingThatComesAfterAnotherFunctionIsDropped();
     void TimesLeftRead_data();
     void TimesLeftRead();
 };
@@ -90,6 +92,24 @@ void TstBatteryLines::AnUnknownSourceIsWipedInAtEveryReading() {
 void TstBatteryLines::ABatteryWithoutAChargeIsUnknown() {
     Bench bench;
     QCOMPARE(bench.After({Mains::Off, std::nullopt, 60}), QStringList{u"show 電源が不明です"_s});
+}
+
+void TstBatteryLines::AReadingThatTakesItsTimeIsShownWhenItComes() {
+    Bench bench;
+    QCOMPARE(bench.After(OnBattery(80, 5400)), QStringList{u"show 80％残っています"_s});
+    bench.power.isSlow = true;
+    QCOMPARE(bench.After(OnBattery(79, 5400)), QStringList());  // what is known stands meanwhile
+    QVERIFY(bench.power.Answer());
+    QCOMPARE(bench.lower.TakeRecord(), QStringList{u"show あと 1時間30分です"_s});
+}
+
+void TstBatteryLines::AReadingThatComesAfterAnotherFunctionIsDropped() {
+    Bench bench;
+    bench.power.isSlow = true;
+    bench.After(kOnMains);
+    bench.lines.Hide();
+    QVERIFY(!bench.power.Answer());
+    QCOMPARE(bench.lower.TakeRecord(), QStringList());
 }
 
 void TstBatteryLines::TimesLeftRead_data() {

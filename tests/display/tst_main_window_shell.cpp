@@ -265,6 +265,8 @@ void TstMainWindowShell::WithoutANotificationAreaItsItemIsDisabled() {
         bench.tray.SetThere(isThere);
         QTest::keyClick(bench.form.get(), Qt::Key_Space);
         QCOMPARE(bench.Item("Menu19").isEnabled(), isThere);
+        bench.tray.SetThere(!isThere);  // while the menu is open
+        QCOMPARE(bench.Item("Menu19").isEnabled(), !isThere);
         bench.form->VisibleMenus().constFirst()->close();
     }
 }

@@ -43,6 +43,7 @@ private Q_SLOTS:
     void EveryIntervalShowsTheNext();
     void OnMainsTheBatteryIsSkipped();
     void TheMainsAreAskedAtEachTick();
+    void MainsThatAreToldLateRollThen();
     void AnUnchosenDisplayIsNotLeftAndNobodyIsWoken();
     void ItGoesOnWhenTheUserReturns();
     void ADisplayChosenByHandHasItsWholeTime();
@@ -139,6 +140,20 @@ void TstRoll::TheMainsAreAskedAtEachTick() {
     bench.power.SetReading({Mains::Off, 80, std::nullopt});
     bench.time.Advance(10'000);
     QCOMPARE(bench.shown, (QList<qint32>{0, 4}));
+}
+
+void TstRoll::MainsThatAreToldLateRollThen() {
+    Bench bench;
+    bench.power.isSlow = true;
+    bench.Show(0);
+    bench.time.Advance(10'000);
+    QCOMPARE(bench.shown, QList<qint32>{0});
+    QVERIFY(bench.power.Answer());
+    QCOMPARE(bench.shown, (QList<qint32>{0, 1}));
+    bench.time.Advance(10'000);
+    bench.Show(5);  // by hand, before the answer
+    QVERIFY(!bench.power.Answer());
+    QCOMPARE(bench.shown, (QList<qint32>{0, 1, 5}));
 }
 
 void TstRoll::AnUnchosenDisplayIsNotLeftAndNobodyIsWoken() {

@@ -37,6 +37,9 @@ private Q_SLOTS:
     void AnAreaThatStartsAgainKeepsIt();
     void TheEndRemovesTheIconAlone();
     void NothingTicksOutsideTheArea();
+    void TheWindowGoesWhenTheIconHasCome();
+    void WithoutAnIconTheWindowStays();
+    void AStoreThatIsUnderWayIsWithdrawn();
 };
 
 void TstTrayStorage::WithoutAnAreaTheWindowStays() {
@@ -123,6 +126,46 @@ void TstTrayStorage::NothingTicksOutsideTheArea() {
     QVERIFY(bench.time.UntilNext().has_value());
     bench.storage.TakeBack();
     QCOMPARE(bench.time.UntilNext(), std::nullopt);
+}
+
+void TstTrayStorage::TheWindowGoesWhenTheIconHasCome() {
+    Bench bench;
+    bench.tray.SetThere(true);
+    bench.tray.isSlow = true;
+    bench.storage.Store();
+    bench.storage.Store();
+    QVERIFY(!bench.storage.IsStored());
+    QCOMPARE(bench.told, QList<bool>());
+    QVERIFY(bench.tray.Answer(true));
+    QVERIFY(bench.storage.IsStored());
+    QCOMPARE(bench.told, QList<bool>{true});
+}
+
+void TstTrayStorage::WithoutAnIconTheWindowStays() {
+    Bench bench;
+    bench.tray.SetThere(true);
+    bench.tray.isSlow = true;
+    bench.storage.Store();
+    QVERIFY(bench.tray.Answer(false));
+    QVERIFY(!bench.storage.IsStored());
+    QCOMPARE(bench.told, QList<bool>());
+    QCOMPARE(bench.time.UntilNext(), std::nullopt);
+    bench.tray.isSlow = false;
+    bench.storage.Store();  // the next time it may work
+    QCOMPARE(bench.told, QList<bool>{true});
+}
+
+void TstTrayStorage::AStoreThatIsUnderWayIsWithdrawn() {
+    Bench bench;
+    bench.tray.SetThere(true);
+    bench.tray.isSlow = true;
+    bench.storage.Store();
+    bench.storage.TakeBack();
+    QVERIFY(!bench.tray.Answer(true));
+    bench.storage.Store();
+    bench.storage.Remove();
+    QVERIFY(!bench.tray.Answer(true));
+    QCOMPARE(bench.told, QList<bool>());
 }
 
 QTEST_MAIN(TstTrayStorage)

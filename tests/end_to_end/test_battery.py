@@ -1,65 +1,31 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""The battery, as UPower tells of it on a bus of the test's own."""
+"""The battery, as UPower tells of it on a bus of the test's own, and as the kernel does."""
 
 import unittest
 
-from gi.repository import Gio, GLib
+from gi.repository import GLib
 
-from driver import dbus_calls
 from driver.case import TickwellCase
+from driver.power import Machine, can_have_kernel_files
 from driver.tickwell import start_tickwell, wait_lines
 from driver.virtual_time import VirtualTime
-from driver.waiting import wait_for
 
 START_UP_DELAY = 11000  # ms
 READING = 10000
-SERVICE = "org.freedesktop.UPower"
-ROOT = "/org/freedesktop/UPower"
-BATTERY_TYPE, DISCHARGING = 2, 2
+KERNEL = "37％残っています"
 
 
-class Battery(TickwellCase):
-    def start_service(self, on_battery):
-        """A stand-in for UPower with one battery, on the session's bus, which is the system's for the program too."""
-        self.bus = dbus_calls.connect(self.session.environment["DBUS_SESSION_BUS_ADDRESS"])
-        self.addCleanup(self.bus.close_sync, None)
-        self.service = self.session.spawn(
-            ["/usr/bin/python3", "-m", "dbusmock", "--system", "--template", "upower",
-             "--parameters", f'{{"OnBattery": {str(on_battery).lower()}}}'],
-            environment=self.system_bus())
-        wait_for(self.answers, "the power service")
-        self.show_battery(80.0, 5400)
+class BatteryCase(TickwellCase):
+    def setUp(self):
+        super().setUp()
+        self.machine = Machine(self.session)
+        self.addCleanup(self.machine.close)
 
-    def system_bus(self):
-        return {"DBUS_SYSTEM_BUS_ADDRESS": self.session.environment["DBUS_SESSION_BUS_ADDRESS"]}
-
-    def answers(self):
-        self.service.check_running()
-        try:
-            self.call("org.freedesktop.DBus.Properties", "GetAll", GLib.Variant("(s)", (SERVICE,)))
-            return True
-        except GLib.Error:
-            return False
-
-    def call(self, interface, method, arguments):
-        return self.bus.call_sync(SERVICE, ROOT, interface, method, arguments, None, Gio.DBusCallFlags.NONE, 5000,
-                                  None)
-
-    def show_battery(self, percent, seconds):
-        """What the display device says: its type, state, charge and time."""
-        values = (BATTERY_TYPE, DISCHARGING, percent, percent, 100.0, 10.0, seconds, 0, True, "battery", 1)
-        self.call("org.freedesktop.DBus.Mock", "SetupDisplayDevice",
-                  GLib.Variant("(iiddddxxbsu)", values))
-
-    def set_on_battery(self, on_battery):
-        self.call("org.freedesktop.DBus.Properties", "Set",
-                  GLib.Variant("(ssv)", (SERVICE, "OnBattery", GLib.Variant("b", on_battery))))
-
-    def start(self):
+    def start(self, wrap=lambda command: command):
         self.time = VirtualTime("2026-11-20T12:00:00")
         self.addCleanup(self.time.close)
         self.app = start_tickwell(self.session, settings={"SetUp": {"Function": "4"}}, virtual_time=self.time,
-                                  environment=self.system_bus())
+                                  environment=self.machine.environment, wrap=wrap)
         wait_lines(self.app, upper="Tickwell Ver.2")
         self.time.advance(START_UP_DELAY)
 
@@ -68,34 +34,52 @@ class Battery(TickwellCase):
             self.time.advance(READING)
             wait_lines(self.app, lower=text)
 
+
+class Service(BatteryCase):
     def test_charge_and_time_take_turns_and_mains_is_told(self):
-        self.start_service(on_battery=True)
+        self.machine.start_service(on_battery=True)
         self.start()
         wait_lines(self.app, upper="バッテリー残量", lower="80％残っています")
         self.wait_readings("あと 1時間30分です", "80％残っています", "あと 1時間30分です")
-        self.show_battery(79.0, 0)
+        self.machine.show_battery(79.0, 0)
         self.wait_readings("79％残っています", "79％残っています")
-        self.set_on_battery(False)
+        self.machine.set_on_battery(False)
         self.wait_readings("AC電源を使用中です", "AC電源を使用中です")
 
-    def test_a_service_that_goes_and_comes_back(self):
-        self.start_service(on_battery=True)
-        self.start()
-        wait_lines(self.app, lower="80％残っています")
-        self.service.stop()
-        without = self.kernel_says()
-        self.wait_readings(without)
-        self.start_service(on_battery=True)
-        self.wait_readings("あと 1時間30分です")
 
-    def test_without_a_service_the_kernel_is_asked(self):
-        self.start()
-        wait_lines(self.app, upper="バッテリー残量", lower=self.kernel_says())
+@unittest.skipUnless(can_have_kernel_files(), "this machine lets no program have kernel files of its own")
+class ServiceAndKernel(BatteryCase):
+    """The kernel tells of a battery at 37 % with no time."""
 
-    @staticmethod
-    def kernel_says():
-        """What this very machine has to show where no service runs: a test of ours, the wiring is what counts here."""
-        return lambda text: text in ("電源が不明です", "AC電源を使用中です") or text.endswith("残っています")
+    def setUp(self):
+        super().setUp()
+        self.machine.kernel_tells(capacity=37)
+
+    def start(self):
+        super().start(wrap=self.machine.with_kernel_files)
+
+    def test_a_service_that_comes_goes_and_tells_nonsense(self):
+        self.start()
+        wait_lines(self.app, upper="バッテリー残量", lower=KERNEL)
+        self.machine.start_service(on_battery=True)
+        self.wait_readings("あと 1時間30分です", "80％残っています")
+        for value in (GLib.Variant("d", 250.0), GLib.Variant("d", float("nan")), GLib.Variant("s", "80"),
+                      GLib.Variant("ad", [80.0])):
+            with self.subTest(value=value):
+                self.machine.set_device("Percentage", value)
+                self.wait_readings(KERNEL)
+                self.machine.show_battery(80.0, 0)
+                self.wait_readings("80％残っています")
+        self.machine.kernel_tells()
+        self.machine.set_device("Percentage", GLib.Variant("d", -7.0))
+        self.wait_readings("AC電源を使用中です")
+        for percent in (78.0, 77.0):  # whose turn it is does not matter
+            self.machine.show_battery(percent, 2**63 - 1)
+            self.wait_readings(f"{percent:.0f}％残っています")
+        self.machine.service.stop()
+        self.wait_readings("電源が不明です")
+        self.machine.kernel_tells(capacity=37)
+        self.wait_readings(KERNEL)
 
 
 if __name__ == "__main__":

@@ -73,6 +73,17 @@ void TstPowerSupplies::SuppliesAreRead_data() {
     row("a percentage and nothing else", {{u"BAT0"_s, capacityAlone}}, {Mains::Off, 33, std::nullopt});
     row("no rate, no time", {{u"BAT0"_s, With(BatterySupply("40"), u"power_now"_s, "0")}},
         {Mains::Off, 80, std::nullopt});
+    row("an aged battery that holds more than is taken for full", {{u"BAT0"_s, BatterySupply("51")}},
+        {Mains::Off, 100, 9180});
+    row("a charge beyond any battery", {{u"BAT0"_s, BatterySupply("9000000000000")}}, kUnknown);
+    row("a negative charge", {{u"BAT0"_s, BatterySupply("-40")}}, kUnknown);
+    row("a rate that would last for months", {{u"BAT0"_s, With(BatterySupply("40"), u"power_now"_s, "1")}},
+        {Mains::Off, 80, std::nullopt});
+    row("an empty battery", {{u"BAT0"_s, With(BatterySupply("0"), u"energy_now"_s, "0")}},
+        {Mains::Off, 0, std::nullopt});
+    row("a percentage above a hundred", {{u"BAT0"_s, With(capacityAlone, u"capacity"_s, "250")}}, kUnknown);
+    row("the whole percentage", {{u"BAT0"_s, With(capacityAlone, u"capacity"_s, "100")}},
+        {Mains::Off, 100, std::nullopt});
     row("a mouse's battery is not ours", {{u"hid"_s, With(BatterySupply("40"), u"scope"_s, "Device\n")}},
         kUnknown);
     row("a bay without a battery", {{u"BAT0"_s, With(BatterySupply("40"), u"present"_s, "0\n")}}, kUnknown);

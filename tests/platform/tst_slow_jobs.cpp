@@ -25,8 +25,6 @@ private Q_SLOTS:
     void AJobIsDoneOnAnotherThread();
     void JobsAreDoneInTheirOrder();
     void AJobThatHangsIsWaitedForAMoment();
-    void WhileOneHangsTheNextIsRefusedAtOnce();
-    void OnceItIsFreeItGoesOn();
     void TheEndWaitsForTheJobs();
     void TheEndDoesNotWaitForOneThatHangs();
 };
@@ -34,7 +32,8 @@ private Q_SLOTS:
 void TstSlowJobs::AJobIsDoneOnAnotherThread() {
     SlowJobs jobs(kLong);
     std::thread::id thread;
-    QVERIFY(jobs.DoAndWait([&] { thread = std::this_thread::get_id(); }));
+    jobs.Do([&] { thread = std::this_thread::get_id(); });
+    QVERIFY(jobs.Wait(kLong));
     QVERIFY(thread != std::thread::id());
     QVERIFY(thread != std::this_thread::get_id());
 }
@@ -45,47 +44,24 @@ void TstSlowJobs::JobsAreDoneInTheirOrder() {
     for (const char16_t letter : u"abcdefgh"_s.toStdU16String()) {
         jobs.Do([&order, letter] { order += letter; });
     }
-    QVERIFY(jobs.DoAndWait([&] { order += u'.'; }));
-    QCOMPARE(order, u"abcdefgh."_s);
-    QVERIFY(jobs.DoAndWait([&] { order += u'!'; }));  // after a rest
-    QCOMPARE(order, u"abcdefgh.!"_s);
+    QVERIFY(jobs.Wait(kLong));
+    QCOMPARE(order, u"abcdefgh"_s);
+    jobs.Do([&] { order += u'!'; });  // after a rest
+    QVERIFY(jobs.Wait(kLong));
+    QCOMPARE(order, u"abcdefgh!"_s);
 }
 
 void TstSlowJobs::AJobThatHangsIsWaitedForAMoment() {
     std::binary_semaphore hangs(0);
     bool isDone = false;
-    {
-        SlowJobs jobs(kShort);
-        QVERIFY(!jobs.DoAndWait([&] { hangs.acquire(); }));
-        jobs.Do([&] { isDone = true; });
-        hangs.release();
-        QVERIFY(QTest::qWaitFor([&] { return jobs.DoAndWait([] {}); }));
-    }
+    SlowJobs jobs(kLong);
+    jobs.Do([&] { hangs.acquire(); });
+    jobs.Do([&] { isDone = true; });
+    QVERIFY(!jobs.Wait(kShort));
+    QVERIFY(!isDone);
+    hangs.release();
+    QVERIFY(jobs.Wait(kLong));
     QVERIFY(isDone);
-}
-
-void TstSlowJobs::WhileOneHangsTheNextIsRefusedAtOnce() {
-    const auto hangs = std::make_shared<std::binary_semaphore>(0);
-    const auto isDone = std::make_shared<bool>(false);
-    SlowJobs jobs(std::chrono::seconds(1));
-    QVERIFY(!jobs.DoAndWait([hangs] { hangs->acquire(); }));
-    QElapsedTimer clock;
-    clock.start();
-    for (int i = 0; i < 100; ++i) {
-        QVERIFY(!jobs.DoAndWait([isDone] { *isDone = true; }));
-    }
-    QVERIFY2(clock.elapsed() < kMostWaited, qPrintable(QString::number(clock.elapsed())));
-    hangs->release();
-    QVERIFY(QTest::qWaitFor([&] { return jobs.DoAndWait([] {}); }));
-    QVERIFY(!*isDone);
-}
-
-void TstSlowJobs::OnceItIsFreeItGoesOn() {
-    const auto hangs = std::make_shared<std::binary_semaphore>(0);
-    SlowJobs jobs(kShort);
-    QVERIFY(!jobs.DoAndWait([hangs] { hangs->acquire(); }));
-    hangs->release();
-    QVERIFY(QTest::qWaitFor([&] { return jobs.DoAndWait([] {}); }));
 }
 
 void TstSlowJobs::TheEndWaitsForTheJobs() {

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <utility>
+
 #include "core/ports/power.h"
 
 namespace tickwell {
@@ -8,11 +10,32 @@ namespace tickwell {
 /// A machine that runs on what a test says.
 class FakePower : public Power {
 public:
-    PowerReading Read() const override { return m_reading; }
+    PowerQuestion Ask(std::function<void(const PowerReading&)> onReading) const override {
+        if (!isSlow) {
+            onReading(m_reading);
+            return nullptr;
+        }
+        const auto question =
+            std::make_shared<std::function<void()>>([this, onReading] { onReading(m_reading); });
+        m_question = question;
+        return question;
+    }
     void SetReading(const PowerReading& reading) { m_reading = reading; }
+
+    /// Answers the last question of a slow machine, unless it was withdrawn; whether it could.
+    bool Answer() {
+        const auto question = std::exchange(m_question, {}).lock();
+        if (question) {
+            (*question)();
+        }
+        return question != nullptr;
+    }
+
+    bool isSlow = false;  ///< waits for Answer()
 
 private:
     PowerReading m_reading;
+    mutable std::weak_ptr<std::function<void()>> m_question;
 };
 
 }  // namespace tickwell

@@ -10,15 +10,41 @@ namespace tickwell {
 /// A notification area that comes and goes as the test says.
 class FakeTray : public Tray {
 public:
-    bool IsThere() const override { return m_isThere; }
-    void SetThere(bool isThere) { m_isThere = isThere; }
-
-    void Show(const QString& tip, QMenu& menu, std::function<void()> onClick) override {
-        m_tip = tip;
-        m_menu = &menu;
-        m_onClick = std::move(onClick);
+    bool IsThere() override { return m_isThere; }
+    void SetThere(bool isThere) {
+        if (std::exchange(m_isThere, isThere) != isThere && m_changed) {
+            m_changed();
+        }
     }
+    void WhenChanged(std::function<void()> changed) override { m_changed = std::move(changed); }
+
+    void Show(const QString& tip, QMenu& menu, std::function<void()> onClick,
+              std::function<void(bool isShown)> onShown) override {
+        m_answer = [this, tip, &menu, onClick = std::move(onClick),
+                    onShown = std::move(onShown)](bool isShown) {
+            if (isShown) {
+                m_tip = tip;
+                m_menu = &menu;
+                m_onClick = onClick;
+            }
+            onShown(isShown);
+        };
+        if (!isSlow) {
+            Answer(true);
+        }
+    }
+
+    /// Ends a Show of a slow area, unless it was withdrawn; whether it could.
+    bool Answer(bool isShown) {
+        const auto answer = std::exchange(m_answer, nullptr);
+        if (answer) {
+            answer(isShown);
+        }
+        return answer != nullptr;
+    }
+
     void Hide() override {
+        m_answer = nullptr;
         m_menu = nullptr;
         m_onClick = nullptr;
         onHide();
@@ -33,12 +59,15 @@ public:
     }
 
     std::function<void()> onHide = [] {};
+    bool isSlow = false;  ///< waits for Answer()
 
 private:
     bool m_isThere = false;
     QString m_tip;
     QMenu* m_menu = nullptr;
     std::function<void()> m_onClick;
+    std::function<void()> m_changed;
+    std::function<void(bool)> m_answer;
 };
 
 }  // namespace tickwell

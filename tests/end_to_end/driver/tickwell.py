@@ -61,12 +61,13 @@ def tickwell_command(session, folder=None, virtual_time=None, arguments=()):
 
 
 def start_tickwell(session, folder=None, settings=None, virtual_time=None, arguments=(), environment=None,
-                   cwd=None):
+                   cwd=None, wrap=lambda command: command):
     """Starts the program and waits until it can be asked; returns its topmost node. Its window may come
-    later. That the machine has no CD drive is told only where the settings ask for it."""
+    later. That the machine has no CD drive is told only where the settings ask for it. `wrap` makes the
+    command that starts the program out of the program's own."""
     if settings is not None or not settings_path(session).exists():
         write_settings(session, SILENT | (settings or {}))
-    command = tickwell_command(session, folder, virtual_time, arguments)
+    command = wrap(tickwell_command(session, folder, virtual_time, arguments))
     pass_fds = virtual_time.pass_fds if virtual_time else ()
     program = session.spawn(command, environment=environment, cwd=cwd, pass_fds=pass_fds)
     if virtual_time:
