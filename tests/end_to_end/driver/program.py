@@ -81,5 +81,10 @@ class App(Node):
         self.program, self._popups = program, popups
 
     @property
+    def menus(self):
+        """The menus that are open."""
+        return self._popups.menus(self)
+
+    @property
     def children(self):
-        return super().children + self._popups.menus(self)
+        return super().children + self.menus

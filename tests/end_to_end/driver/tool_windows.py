@@ -8,7 +8,9 @@ MENU = "メニュー"
 
 
 def choose(session, app, caption):
-    """Chooses an item of the main window's menu with the mouse."""
+    """Chooses an item of the main window's menu with the mouse. A menu from which something was chosen just now may lie
+    over the middle of the window still, and would take the click."""
+    wait_for(lambda: not app.menus, "the end of the menu before")
     session.hand.click(main_window(app))
     session.hand.click(app.wait(role="popup menu", name=MENU).wait(name=caption))
 
