@@ -139,7 +139,7 @@ void frmAbout::Timer1_Timer() {
 
 void frmAbout::cmdSysInfo_Click() {
     if (!StartSystemInformation(m_parts.programs, QDir::currentPath())) {
-        m_parts.boxes.Show({MessageIcon::None, ProgramTitle(), u"現時点ではｼｽﾃﾑ情報を使用できません"_s},
+        m_parts.boxes.Show(this, {MessageIcon::None, ProgramTitle(), u"現時点ではｼｽﾃﾑ情報を使用できません"_s},
                            [] {});
     }
 }

@@ -28,7 +28,7 @@ std::unique_ptr<CompactionDisk> BackgroundCompaction::RealDisk(std::stop_token s
     return std::make_unique<PosixCompactionDisk>(std::move(stop));
 }
 
-void BackgroundCompaction::Start(std::function<void()> done) {
+void BackgroundCompaction::Start(const QObject* owner, std::function<void()> done) {
     if (m_listener == nullptr) {
         BeginCompaction(m_parts.dayDatabase, m_parts.folder);
         m_listener = std::make_shared<Listener>(*this);
@@ -45,12 +45,14 @@ void BackgroundCompaction::Start(std::function<void()> done) {
                 Qt::QueuedConnection);
         });
     }
+    m_owner = owner;
     m_done = std::move(done);
 }
 
 void BackgroundCompaction::Finish(CompactionEnd end) {
     m_listener.reset();
-    m_parts.handlers.Run([&] { EndCompaction(m_parts.dayDatabase, std::move(end), m_parts.boxes); });
+    m_parts.handlers.Run([&] { EndCompaction(m_parts.dayDatabase, std::move(end), m_parts.boxes, m_owner); },
+                         m_owner);
     if (const auto done = std::exchange(m_done, nullptr)) {
         done();
     }

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <QObject>
+#include <QPointer>
 #include <QString>
 #include <functional>
 #include <memory>
@@ -38,8 +40,9 @@ public:
 
     /// Begins and returns. At the end, in this thread's event loop, the database is handed over, the user
     /// told, and `done` called. While one runs, another is not begun, and the later `done` replaces the
-    /// earlier. Throws RunTimeError if it cannot begin.
-    void Start(std::function<void()> done);
+    /// earlier. The box that tells the user belongs to `owner` as long as that exists. Throws RunTimeError if
+    /// it cannot begin.
+    void Start(const QObject* owner, std::function<void()> done);
 
 private:
     struct Listener;
@@ -50,6 +53,7 @@ private:
     BackgroundCompactionParts m_parts;
     MakeDisk m_makeDisk;
     std::function<void()> m_done;
+    QPointer<const QObject> m_owner;       // of the box
     std::shared_ptr<Listener> m_listener;  // exists while a compaction runs
     std::stop_source m_stop;
     SlowJobs m_jobs;  // last: what its thread uses is still there while it is waited for

@@ -100,7 +100,8 @@ void Program::Start() {
         m_running->ComeForward(true);
     }
     if (m_state.started.imported) {
-        m_boxes.Show({MessageIcon::Information, u"Tickwell"_s, JetImportText(*m_state.started.imported)},
+        m_boxes.Show(m_running->MainWindow(),
+                     {MessageIcon::Information, u"Tickwell"_s, JetImportText(*m_state.started.imported)},
                      [] {});
     }
 }
@@ -116,7 +117,7 @@ ProgramPorts Program::Ports() {
 
 /// One box, and the end; nothing is saved.
 void Program::Fail(const QString& reason) {
-    m_boxes.Show({MessageIcon::Critical, u"Tickwell スタートエラー"_s, StartUpFailureText(reason)},
+    m_boxes.Show(nullptr, {MessageIcon::Critical, u"Tickwell スタートエラー"_s, StartUpFailureText(reason)},
                  [] { QCoreApplication::exit(1); });
 }
 

@@ -58,6 +58,9 @@ public:
     /// hold it up.
     void SaveForSessionEnd();
 
+    /// Null before Start.
+    const QObject* MainWindow() const { return m_form.get(); }
+
     const CdPlayer& Player() { return m_media.System().Player(); }
 
 private:

@@ -85,6 +85,24 @@ QList<QRect> TakenBeside(const QWidget& window) {
     return taken;
 }
 
+/// The latest application-modal window, or the window that is open above it; null if there is none. A box,
+/// which is modal to its own window, may be open above them.
+QWidget* BlockingWindow() {
+    QWidget* active = QApplication::activeModalWidget();
+    for (QWidget* modal = active; modal != nullptr; modal = modal->parentWidget()) {
+        if (modal->windowModality() == Qt::ApplicationModal) {
+            return active;
+        }
+    }
+    const QWidgetList windows = QApplication::topLevelWidgets();
+    for (QWidget* window : windows) {
+        if (window->isVisible() && window->windowModality() == Qt::ApplicationModal) {
+            return window;
+        }
+    }
+    return nullptr;
+}
+
 }  // namespace
 
 QPoint PlaceNear(QSize size, const QRect& opener, const QRect& screen, const QList<QRect>& taken) {
@@ -122,7 +140,7 @@ void PlaceNear(QWidget& window, const QWidget& opener) {
 }
 
 void LetThroughModal(QWidget& window) {
-    QWidget* modal = QApplication::activeModalWidget();
+    QWidget* modal = BlockingWindow();
     if (modal == nullptr || modal == &window) {
         return;
     }

@@ -85,7 +85,9 @@ std::unique_ptr<Form2> Windows::MakeSettings() {
         }
     };
     operations.listen = m_parts.listen;
-    operations.compact = [this](std::function<void()> done) { m_compaction.Start(std::move(done)); };
+    operations.compact = [this](std::function<void()> done) {
+        m_compaction.Start(m_settings, std::move(done));
+    };
     operations.holdKeepTop = [this](bool held) { m_mainWindow->HoldKeepTop(held); };
     return std::make_unique<Form2>(SettingsParts{m_parts.settings, m_parts.further, m_parts.clock,
                                                  m_parts.timers, m_parts.handlers, m_settingsHelp,

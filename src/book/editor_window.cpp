@@ -108,7 +108,8 @@ void Form6::Command1_Click() {
         Write();
     } catch (const RunTimeError&) {
         m_isTelling = true;
-        m_parts.boxes.Show({MessageIcon::Exclamation, u"データベース書込みエラー"_s,
+        m_parts.boxes.Show(this,
+                           {MessageIcon::Exclamation, u"データベース書込みエラー"_s,
                             u"無効なデータが含まれているか、予期しないエラーが発生しました。"_s},
                            [self = QPointer(this)] {
                                if (self) {

@@ -167,7 +167,7 @@ void Form9::Command1_Click() {
     if (!conditions) {
         m_isTelling = true;
         m_parts.boxes.Show(
-            {MessageIcon::Exclamation, u"検索開始エラー"_s, u"無効なデータが条件になっています。"_s},
+            this, {MessageIcon::Exclamation, u"検索開始エラー"_s, u"無効なデータが条件になっています。"_s},
             [self = QPointer(this)] {
                 if (self) {
                     self->m_isTelling = false;

@@ -7,12 +7,12 @@ namespace tickwell {
 
 using namespace Qt::StringLiterals;
 
-bool Handlers::Run(const std::function<void()>& handler) {
+bool Handlers::Run(const std::function<void()>& handler, const QObject* owner) {
     try {
         handler();
         return true;
     } catch (const RunTimeError& error) {
-        Report(error.Reason());
+        Report(owner, error.Reason());
         return false;
     }
 }
@@ -31,23 +31,23 @@ void Handlers::RunTick(Timer& timer, const std::function<void()>& handler) {
         handler();
     } catch (const RunTimeError& error) {
         timer.Stop();
-        Report(error.Reason());
+        Report(nullptr, error.Reason());
     }
 }
 
-void Handlers::Report(const QString& reason) {
+void Handlers::Report(const QObject* owner, const QString& reason) {
     if (m_reporting) {
         return;
     }
     m_reporting = true;
-    m_boxes.Show({MessageIcon::Critical, u"Tickwell"_s, u"実行時エラー\r\n"_s + reason},
+    m_boxes.Show(owner, {MessageIcon::Critical, u"Tickwell"_s, u"実行時エラー\r\n"_s + reason},
                  [this] { BoxClosed(); });
 }
 
 void Handlers::BoxClosed() {
     m_reporting = false;
     if (!m_untold.isEmpty()) {
-        Report(m_untold.takeFirst());
+        Report(nullptr, m_untold.takeFirst());
     } else if (const auto action = std::exchange(m_whenQuiet, nullptr)) {
         action();
     }
@@ -57,7 +57,7 @@ void Handlers::Tell(const QString& reason) {
     if (m_reporting) {
         m_untold.append(reason);
     } else {
-        Report(reason);
+        Report(nullptr, reason);
     }
 }
 

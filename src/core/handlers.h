@@ -20,13 +20,15 @@ public:
     /// `boxes` outlives this object.
     explicit Handlers(MessageBoxes& boxes) : m_boxes(boxes) {}
 
-    /// Runs `handler` here and now under that rule; false when it was given up.
-    bool Run(const std::function<void()>& handler);
+    /// Runs `handler` here and now under that rule; false when it was given up. `owner`: the window that the
+    /// report box belongs to, or an object in it; null for none.
+    bool Run(const std::function<void()>& handler, const QObject* owner = nullptr);
 
-    /// Connects a signal of a control. `sender` and `context` are owned by the caller.
+    /// Connects a signal of a control. `sender` and `context` are owned by the caller; the report box belongs
+    /// to the window of `context`.
     template <typename Sender, typename Signal, typename Handler>
     void Connect(const Sender* sender, Signal signal, const QObject* context, Handler handler) {
-        QObject::connect(sender, signal, context, [this, handler] { Run(handler); });
+        QObject::connect(sender, signal, context, [this, handler, context] { Run(handler, context); });
     }
 
     /// A timer at rest, whose handler is switched off before its error is reported.
@@ -39,11 +41,11 @@ public:
     /// box is open, but reported after it.
     void Tell(const QString& reason);
 
-    /// Calls `action` now, or, while the report box is open, when the user has closed it.
+    /// Calls `action` now, or, while the report box is open, when it has gone.
     void WhenQuiet(std::function<void()> action);
 
 private:
-    void Report(const QString& reason);
+    void Report(const QObject* owner, const QString& reason);
     void BoxClosed();
 
     MessageBoxes& m_boxes;

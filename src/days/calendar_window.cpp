@@ -13,7 +13,7 @@ using namespace Qt::StringLiterals;
 Form5::Form5(const CalendarWindowParts& parts, QWidget* parent)
     : QDialog(parent),
       m_parts(parts),
-      m_calendar({parts.dayDatabase, parts.list, parts.clock, parts.boxes, parts.handlers}) {
+      m_calendar({parts.dayDatabase, parts.list, parts.clock, parts.boxes, parts.handlers, this}) {
     setObjectName(u"Form5"_s);
     setWindowTitle(u"カレンダー"_s);
     LayOut();

@@ -141,11 +141,12 @@ void MonthCalendar::DeleteMarks() {
         }
         *stillThere = false;
         if (m_parts.dayDatabase) {  // else the program is ending, and took the box with it
-            m_parts.handlers.Run([this, answer, month] { DeleteAnswered(answer, month); });
+            m_parts.handlers.Run([this, answer, month] { DeleteAnswered(answer, month); }, m_parts.window);
             m_whenAnswered();
         }
     };
-    m_parts.boxes.Choose({MessageIcon::Exclamation, u"ﾃﾞｰﾀ削除"_s, u"今月までのデーターも削除しますか？"_s},
+    m_parts.boxes.Choose(m_parts.window,
+                         {MessageIcon::Exclamation, u"ﾃﾞｰﾀ削除"_s, u"今月までのデーターも削除しますか？"_s},
                          answered);
 }
 
@@ -171,11 +172,12 @@ void MonthCalendar::ListAnniversariesOfDay() {
 
 void MonthCalendar::Tell(const QString& text) {
     *m_isWaiting = true;
-    m_parts.boxes.Show({MessageIcon::Exclamation, u"ｶﾚﾝﾀﾞｰ"_s, text}, [waiting = std::weak_ptr(m_isWaiting)] {
-        if (const auto stillThere = waiting.lock()) {
-            *stillThere = false;
-        }
-    });
+    m_parts.boxes.Show(m_parts.window, {MessageIcon::Exclamation, u"ｶﾚﾝﾀﾞｰ"_s, text},
+                       [waiting = std::weak_ptr(m_isWaiting)] {
+                           if (const auto stillThere = waiting.lock()) {
+                               *stillThere = false;
+                           }
+                       });
 }
 
 }  // namespace tickwell

@@ -21,6 +21,7 @@ struct MonthCalendarParts {
     const Clock& clock;
     MessageBoxes& boxes;
     Handlers& handlers;
+    const QObject* window = nullptr;  ///< that its boxes belong to
 };
 
 /// The calendar without its window: which month is shown, which day is selected, what a click does, and what

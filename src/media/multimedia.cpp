@@ -105,7 +105,8 @@ qint32 Multimedia::MciSend(const QString& command, FailureChoice choice) {
     return Send(command, [this, &choice] {
         if (!m_isBoxOpen) {
             m_isBoxOpen = true;
-            m_boxes.ShowWithChoice({MessageIcon::Critical, u"マルチメディアエラー"_s, m_state.MciReply},
+            m_boxes.ShowWithChoice(nullptr,
+                                   {MessageIcon::Critical, u"マルチメディアエラー"_s, m_state.MciReply},
                                    choice.text, [this, onClosed = std::move(choice.onClosed)](bool isTicked) {
                                        m_isBoxOpen = false;
                                        onClosed(isTicked);
@@ -141,7 +142,7 @@ void Multimedia::ShowBox() {
         return;
     }
     m_isBoxOpen = true;
-    m_boxes.Show({MessageIcon::Critical, u"マルチメディアエラー"_s, m_state.MciReply},
+    m_boxes.Show(nullptr, {MessageIcon::Critical, u"マルチメディアエラー"_s, m_state.MciReply},
                  [this] { m_isBoxOpen = false; });
 }
 

@@ -77,8 +77,8 @@ void SoundPlayback::AudioStart(bool showError) {
     sound.MixSession = 0;
     m_parts.media.MediaError = 1;
     if (showError) {
-        m_parts.boxes.Show({MessageIcon::Critical, u"オーディオエラー"_s, u"DLLファイルが開けません"_s},
-                           [] {});
+        m_parts.boxes.Show(
+            nullptr, {MessageIcon::Critical, u"オーディオエラー"_s, u"DLLファイルが開けません"_s}, [] {});
     }
 }
 

@@ -114,10 +114,11 @@ CompactionEnd CompactDayFile(CompactionDisk& disk) {
     return end;
 }
 
-void EndCompaction(std::unique_ptr<DayDatabase>& dayDatabase, CompactionEnd end, MessageBoxes& boxes) {
+void EndCompaction(std::unique_ptr<DayDatabase>& dayDatabase, CompactionEnd end, MessageBoxes& boxes,
+                   const QObject* owner) {
     dayDatabase = std::move(end.dayDatabase);
     if (end.report) {
-        boxes.Show(*end.report, [] {});
+        boxes.Show(owner, *end.report, [] {});
     }
     if (!end.fault.isEmpty()) {
         throw RunTimeError(end.fault);
@@ -125,9 +126,9 @@ void EndCompaction(std::unique_ptr<DayDatabase>& dayDatabase, CompactionEnd end,
 }
 
 void CompactDayDatabase(std::unique_ptr<DayDatabase>& dayDatabase, const QString& folder, MessageBoxes& boxes,
-                        CompactionDisk& disk) {
+                        CompactionDisk& disk, const QObject* owner) {
     BeginCompaction(dayDatabase, folder);
-    EndCompaction(dayDatabase, CompactDayFile(disk), boxes);
+    EndCompaction(dayDatabase, CompactDayFile(disk), boxes, owner);
 }
 
 }  // namespace tickwell

@@ -31,11 +31,13 @@ void BeginCompaction(std::unique_ptr<DayDatabase>& dayDatabase, const QString& f
 /// meanwhile.
 CompactionEnd CompactDayFile(CompactionDisk& disk);
 
-/// Last step: hands over the database and shows the report. Throws RunTimeError with the fault.
-void EndCompaction(std::unique_ptr<DayDatabase>& dayDatabase, CompactionEnd end, MessageBoxes& boxes);
+/// Last step: hands over the database and shows the report in a box of `owner`, a window, or null. Throws
+/// RunTimeError with the fault.
+void EndCompaction(std::unique_ptr<DayDatabase>& dayDatabase, CompactionEnd end, MessageBoxes& boxes,
+                   const QObject* owner);
 
 /// All three at once, for a caller that may wait.
 void CompactDayDatabase(std::unique_ptr<DayDatabase>& dayDatabase, const QString& folder, MessageBoxes& boxes,
-                        CompactionDisk& disk);
+                        CompactionDisk& disk, const QObject* owner = nullptr);
 
 }  // namespace tickwell

@@ -115,12 +115,12 @@ void StopForm::Command3_Click() {
     m_focusInstead = hadFocus ? focusWidget() : nullptr;
     const QPointer<StopForm> self(this);
     m_parts.boxes.Ask(
-        {MessageIcon::Question, u"印刷"_s, u"ラップ情報などを印刷します。\r\n準備はよろしいですか？"_s},
+        this, {MessageIcon::Question, u"印刷"_s, u"ラップ情報などを印刷します。\r\n準備はよろしいですか？"_s},
         [self](bool ok) {
             if (self == nullptr) {
                 return;
             }
-            if (!ok || !self->m_parts.handlers.Run([self] { self->Print(); })) {
+            if (!ok || !self->m_parts.handlers.Run([self] { self->Print(); }, self)) {
                 self->EnablePrinting();
             }
         });

@@ -52,13 +52,14 @@ struct Bench {
     FakeMessageBoxes boxes;
     Handlers handlers{boxes};
     Gate gate;
+    QObject window;  // that the box belongs to
     int done = 0;
     std::unique_ptr<BackgroundCompaction> compaction = std::make_unique<BackgroundCompaction>(
         BackgroundCompactionParts{database, store.Folder(), boxes, handlers},
         [this](const std::stop_token& stop) { return std::make_unique<GatedDisk>(stop, gate); });
 
     void Start() {
-        compaction->Start([this] { ++done; });
+        compaction->Start(&window, [this] { ++done; });
     }
     void StartAndReachTheCopy() {
         Start();
@@ -103,11 +104,12 @@ void TstBackgroundCompaction::OneThatRunsIsNotBegunAgain() {
     Bench bench;
     bench.StartAndReachTheCopy();
     bool isTold = false;
-    bench.compaction->Start([&isTold] { isTold = true; });  // of a dialog that was opened again
+    bench.compaction->Start(&bench.window, [&isTold] { isTold = true; });  // of a dialog that was opened again
     bench.gate.open.release();
     QTRY_VERIFY_WITH_TIMEOUT(isTold, 60'000);
     QCOMPARE(bench.done, 0);
     QCOMPARE(bench.boxes.Shown().size(), 1);
+    QCOMPARE(bench.boxes.Owners(), QList<const QObject*>{&bench.window});
     bench.gate.open.release();
     bench.Start();
     QTRY_COMPARE_WITH_TIMEOUT(bench.done, 1, 60'000);

@@ -49,6 +49,7 @@ void TstAnniversaryBook::AFailureAfterClosingIsReported() {
     bench.Press(Qt::Key_Escape);
     QCOMPARE(bench.boxes.Shown().size(), 1);
     QVERIFY(bench.boxes.Shown().constFirst().text.endsWith(u"一覧を作れません。"));
+    QCOMPARE(bench.boxes.Owners(), QList<const QObject*>{&bench.calendar});
 }
 
 void TstAnniversaryBook::ACalendarThatIsGoneIsNotTold() {

@@ -19,6 +19,7 @@ private Q_SLOTS:
     void AFailingTimerIsSwitchedOffBeforeItsReport();
     void AHealthyTimerGoesOn();
     void ASignalIsConnectedUnderTheRule();
+    void TheReportBelongsToTheWindowOfTheHandler();
     void WhenQuietWaitsForTheOpenBox();
     void WhatIsToldIsNeverDropped();
 };
@@ -87,6 +88,26 @@ void TstHandlers::ASignalIsConnectedUnderTheRule() {
                      [] { throw RunTimeError(u"だめです。"_s); });
     sender.setObjectName(u"x"_s);
     QCOMPARE(boxes.Shown().size(), 1);
+}
+
+void TstHandlers::TheReportBelongsToTheWindowOfTheHandler() {
+    VirtualTime time(QDateTime(QDate(1998, 10, 3), QTime(0, 0)));
+    FakeMessageBoxes boxes;
+    Handlers handlers(boxes);
+    const auto fail = [] { throw RunTimeError(u"だめです。"_s); };
+    QObject sender;
+    QObject window;
+    handlers.Connect(&sender, &QObject::objectNameChanged, &window, fail);
+    sender.setObjectName(u"another"_s);
+    boxes.Close();
+    handlers.Run(fail, &window);
+    boxes.Close();
+    handlers.Run(fail);
+    boxes.Close();
+    const auto timer = handlers.MakeTimer(time, 1, fail);
+    timer->Start();
+    time.Advance(1);
+    QCOMPARE(boxes.Owners(), (QList<const QObject*>{&window, &window, nullptr, nullptr}));
 }
 
 void TstHandlers::WhenQuietWaitsForTheOpenBox() {

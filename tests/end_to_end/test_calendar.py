@@ -172,9 +172,14 @@ class Calendar(TickwellCase):
                 self.session.hand.click(self.window.wait(role="push button", name="休/半日削除"))
                 box = self.app.wait(role="alert message", name="ﾃﾞｰﾀ削除", showing=True)
                 self.assertTrue(box.find(role="label", name="今月までのデーターも削除しますか？"), box.dump())
-                self.session.windows.wait(name="ﾃﾞｰﾀ削除")
+                windows = self.session.windows
+                question, calendar = windows.wait(name="ﾃﾞｰﾀ削除"), windows.wait(name=CALENDAR)
+                windows.close_window(calendar)  # refused: the question is about what it shows
+                windows.raise_window(calendar)
+                wait_for(lambda: windows.is_above(question, calendar), "the question above its window")
                 self.session.hand.key(*keys)
                 self.app.wait_gone(role="alert message", showing=True)
+                self.assertTrue(self.window.showing)
                 wait_for(lambda: self.marks() == [("Holiday", date) for date in left], f"{left} left")
 
     def test_the_panel_lists_the_days_anniversaries(self):

@@ -10,6 +10,7 @@ from driver.case import TickwellCase
 from driver.sound_server import SoundServer, wave_samples, without_silence
 from driver.tickwell import main_window, read_settings, start_tickwell, wait_lines, wait_on_screen
 from driver.virtual_time import VirtualTime
+from driver.waiting import wait_for
 
 START_UP_DELAY = 11000  # ms
 NOTICE = "マルチメディアエラー"
@@ -35,9 +36,16 @@ class Notice(MediaCase):
     def test_a_machine_without_a_drive_is_told_until_the_user_wants_no_more_of_it(self):
         self.start(settings={"Notice": {"NoCdDrive": "True"}})
         box = self.app.wait(role="alert message", name=NOTICE, showing=True)
+        self.choose("環境設定")
+        settings = self.app.wait(role="dialog", name="環境設定", showing=True)
+        windows = self.session.windows
+        wait_for(lambda: windows.is_above(windows.wait(name=NOTICE), windows.wait(name="環境設定")),
+                 "the box above the settings")
         self.session.hand.click(box.wait(role="check box", name="次回から表示しない"))
         self.session.hand.click(box.wait(role="push button", name="OK"))
         self.app.wait_gone(role="alert message", name=NOTICE, showing=True)
+        self.session.hand.click(settings.wait(role="push button", name="キャンセル"))
+        self.app.wait_gone(role="dialog", name="環境設定", showing=True)
         self.session.windows.close_window(self.xid)
         self.assertEqual(self.app.program.wait_end(), 0)
         self.assertEqual(read_settings(self.session)["Notice"], {"NoCdDrive": "False"})

@@ -41,10 +41,10 @@ constexpr std::array<std::pair<QStringView, QStringView>, 5> kOver{{
 
 constexpr qsizetype kMostBoxes = 8;  // more would bury the desktop
 
-/// Boxes of which a second one says nothing new. Those of a window may outlive it, and then stand beside
-/// those of the next one.
+/// Boxes of which there is one at most: a second one says nothing new, or its window waits for the first.
 QStringList OneAtATime() {
-    return {u"マルチメディアエラー"_s, u"印刷"_s, u"実行時エラー"_s};
+    return {u"マルチメディアエラー"_s,     u"印刷"_s,          u"実行時エラー"_s, u"ﾃﾞｰﾀ削除"_s, u"ｶﾚﾝﾀﾞｰ"_s,
+            u"データベース書込みエラー"_s, u"検索開始エラー"_s};
 }
 
 QString KindOf(const QMessageBox& box) {

@@ -1,10 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <QApplication>
 #include <QCheckBox>
+#include <QDialog>
+#include <QLineEdit>
+#include <QMenu>
 #include <QMessageBox>
 #include <QPointer>
 #include <QPushButton>
 #include <QTest>
+#include <QWindow>
 
 #include "platform/qt_message_boxes.h"
 
@@ -15,16 +19,44 @@ namespace {
 
 const Message kQuestion{MessageIcon::Question, u"印刷"_s, u"<b>一</b>\r\n二"_s};
 
-/// The box that stands open, or null.
-QMessageBox* BoxOnScreen() {
+/// The box with this title that stands open, or null; without a title, any.
+QMessageBox* BoxOnScreen(const QString& title = {}) {
     for (QWidget* widget : QApplication::topLevelWidgets()) {
         auto* box = qobject_cast<QMessageBox*>(widget);
-        if (box != nullptr && box->isVisible()) {
+        if (box != nullptr && box->isVisible() && (title.isEmpty() || box->windowTitle() == title)) {
             return box;
         }
     }
     return nullptr;
 }
+
+/// A click as the desktop sends it: to the window, which may be blocked.
+void Click(QWidget& control) {
+    QTest::mouseClick(control.window()->windowHandle(), Qt::LeftButton, {},
+                      control.mapTo(control.window(), control.rect().center()));
+}
+
+/// A window with a button that counts its clicks.
+class Counter : public QWidget {
+public:
+    Counter() {
+        setGeometry(200, 200, 300, 200);
+        m_button.resize(size());
+        connect(&m_button, &QPushButton::clicked, this, [this] { ++m_clicks; });
+        show();
+    }
+
+    bool IsUsable() {
+        const int before = m_clicks;
+        Click(m_button);
+        return m_clicks > before;
+    }
+    QPushButton& Button() { return m_button; }
+
+private:
+    QPushButton m_button{this};
+    int m_clicks = 0;
+};
 
 }  // namespace
 
@@ -42,11 +74,17 @@ private Q_SLOTS:
     void AWaitCanBeCancelled_data();
     void AWaitCanBeCancelled();
     void AWaitEndsWithItsBoxWithoutACall();
+    void ABoxBelongsToTheWindowThatAsks();
+    void ABoxWithoutAWindowBlocksNothing_data();
+    void ABoxWithoutAWindowBlocksNothing();
+    void ABoxThatGoesWithItsWindowWasCancelled();
+    void AnApplicationModalWindowLeavesOpenBoxesUsable();
+    void OfTwoBoxesOfAWindowTheLaterOneIsAnsweredFirst();
 };
 
 void TstQtMessageBoxes::ATextIsNeverMarkup() {
     QtMessageBoxes boxes;
-    boxes.Ask(kQuestion, [](bool) {});
+    boxes.Ask(nullptr, kQuestion, [](bool) {});
     QVERIFY(BoxOnScreen() != nullptr);
     QCOMPARE(BoxOnScreen()->windowTitle(), u"印刷"_s);
     QCOMPARE(BoxOnScreen()->text(), u"<b>一</b>\n二"_s);
@@ -58,7 +96,7 @@ void TstQtMessageBoxes::ATextIsNeverMarkup() {
 void TstQtMessageBoxes::ClosingIsTold() {
     QtMessageBoxes boxes;
     int closed = 0;
-    boxes.Show({MessageIcon::Critical, u"Tickwell"_s, u"実行時エラー"_s}, [&closed] { ++closed; });
+    boxes.Show(nullptr, {MessageIcon::Critical, u"Tickwell"_s, u"実行時エラー"_s}, [&closed] { ++closed; });
     QVERIFY(BoxOnScreen() != nullptr);
     QCOMPARE(BoxOnScreen()->standardButtons(), QMessageBox::Ok);
     QTest::keyClick(BoxOnScreen(), Qt::Key_Return);
@@ -80,7 +118,7 @@ void TstQtMessageBoxes::TheAnswerIsTold() {
     QFETCH(QString, way);
     QtMessageBoxes boxes;
     QList<bool> answers;
-    boxes.Ask(kQuestion, [&answers](bool ok) { answers.append(ok); });
+    boxes.Ask(nullptr, kQuestion, [&answers](bool ok) { answers.append(ok); });
     QMessageBox* box = BoxOnScreen();
     QVERIFY(box != nullptr);
     QVERIFY(answers.isEmpty());  // it does not wait
@@ -107,7 +145,7 @@ void TstQtMessageBoxes::ACheckBoxIsToldWithTheClosing() {
     QFETCH(bool, isTicked);
     QtMessageBoxes boxes;
     QList<bool> answers;
-    boxes.ShowWithChoice({MessageIcon::Critical, u"Tickwell"_s, u"一"_s}, u"次回から表示しない"_s,
+    boxes.ShowWithChoice(nullptr, {MessageIcon::Critical, u"Tickwell"_s, u"一"_s}, u"次回から表示しない"_s,
                          [&answers](bool ticked) { answers.append(ticked); });
     QMessageBox* box = BoxOnScreen();
     QVERIFY(box != nullptr);
@@ -166,6 +204,121 @@ void TstQtMessageBoxes::AWaitEndsWithItsBoxWithoutACall() {
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     QVERIFY(box == nullptr);
     QCOMPARE(cancelled, 0);
+}
+
+void TstQtMessageBoxes::ABoxBelongsToTheWindowThatAsks() {
+    QtMessageBoxes boxes;
+    Counter window;
+    Counter other;
+    QMenu menu(&window);
+    for (const QObject* owner :
+         {static_cast<const QObject*>(&window), static_cast<const QObject*>(&window.Button()),
+          static_cast<const QObject*>(&menu)}) {
+        boxes.Ask(owner, kQuestion, [](bool) {});
+        QMessageBox* box = BoxOnScreen();
+        QVERIFY(box != nullptr);
+        QVERIFY(box->parentWidget() == &window);
+        QVERIFY((box->frameGeometry().center() - window.frameGeometry().center()).manhattanLength() <= 2);
+        QVERIFY(box->windowFlags().testFlag(Qt::WindowStaysOnTopHint));
+        QVERIFY(!window.IsUsable());
+        QVERIFY(other.IsUsable());
+        Click(*box->button(QMessageBox::Ok));
+        QVERIFY(BoxOnScreen() == nullptr);
+        QVERIFY(window.IsUsable());
+    }
+}
+
+void TstQtMessageBoxes::ABoxWithoutAWindowBlocksNothing_data() {
+    QTest::addColumn<bool>("hasHiddenOwner");
+    QTest::newRow("no owner") << false;
+    QTest::newRow("its window is hidden") << true;
+}
+
+void TstQtMessageBoxes::ABoxWithoutAWindowBlocksNothing() {
+    QFETCH(bool, hasHiddenOwner);
+    QtMessageBoxes boxes;
+    Counter window;
+    QWidget hidden;
+    boxes.Ask(hasHiddenOwner ? &hidden : nullptr, kQuestion, [](bool) {});
+    QVERIFY(BoxOnScreen() != nullptr);
+    QVERIFY(BoxOnScreen()->parentWidget() == nullptr);
+    QVERIFY(window.IsUsable());
+    BoxOnScreen()->close();
+}
+
+void TstQtMessageBoxes::ABoxThatGoesWithItsWindowWasCancelled() {
+    QtMessageBoxes boxes;
+    auto window = std::make_unique<Counter>();
+    QStringList answers;
+    boxes.Show(window.get(), kQuestion, [&answers] { answers.append(u"closed"_s); });
+    boxes.Ask(window.get(), kQuestion, [&answers](bool ok) { answers.append(ok ? u"OK"_s : u"not OK"_s); });
+    boxes.Choose(window.get(), kQuestion, [&answers](MessageAnswer answer) {
+        answers.append(answer == MessageAnswer::Cancel ? u"cancelled"_s : u"chosen"_s);
+    });
+    boxes.ShowWithChoice(window.get(), kQuestion, u"一"_s, [&answers](bool isTicked) {
+        answers.append(isTicked ? u"ticked"_s : u"not ticked"_s);
+    });
+    BoxOnScreen()->parentWidget()->findChild<QCheckBox*>()->setChecked(true);
+    window.reset();
+    QVERIFY(BoxOnScreen() == nullptr);
+    QVERIFY(answers.isEmpty());  // the window is being destroyed
+    QCoreApplication::processEvents();
+    answers.sort();
+    QCOMPARE(answers, (QStringList{u"cancelled"_s, u"closed"_s, u"not OK"_s, u"not ticked"_s}));
+    QCoreApplication::processEvents();
+    QCOMPARE(answers.size(), 4);
+}
+
+void TstQtMessageBoxes::AnApplicationModalWindowLeavesOpenBoxesUsable() {
+    QtMessageBoxes boxes;
+    Counter window;
+    Counter other;
+    QStringList answers;
+    boxes.Show(nullptr, {MessageIcon::Critical, u"alone"_s, u"一"_s},
+               [&answers] { answers.append(u"alone"_s); });
+    boxes.Show(&window, {MessageIcon::Critical, u"owned"_s, u"一"_s},
+               [&answers] { answers.append(u"owned"_s); });
+    BoxOnScreen(u"alone"_s)->move(400, 300);
+    const QPoint place = BoxOnScreen(u"alone"_s)->pos();
+
+    Counter modal;
+    modal.hide();
+    modal.setWindowModality(Qt::ApplicationModal);
+    modal.show();
+    QCoreApplication::processEvents();
+    QVERIFY(modal.IsUsable());
+    QVERIFY(!other.IsUsable());
+    QCOMPARE(BoxOnScreen(u"alone"_s)->pos(), place);
+    Click(*BoxOnScreen(u"alone"_s)->button(QMessageBox::Ok));
+    QCOMPARE(answers, QStringList{u"alone"_s});
+    QVERIFY(modal.IsUsable());
+
+    modal.hide();
+    QVERIFY(other.IsUsable());
+    QVERIFY(!window.IsUsable());  // its box is still open
+    Click(*BoxOnScreen(u"owned"_s)->button(QMessageBox::Ok));
+    QCOMPARE(answers.size(), 2);
+    QVERIFY(window.IsUsable());
+}
+
+void TstQtMessageBoxes::OfTwoBoxesOfAWindowTheLaterOneIsAnsweredFirst() {
+    QtMessageBoxes boxes;
+    Counter window;
+    QStringList answers;
+    for (const QString& title : {u"first"_s, u"second"_s}) {
+        boxes.Show(&window, {MessageIcon::Critical, title, u"一"_s},
+                   [&answers, title] { answers.append(title); });
+    }
+    Counter modal;
+    modal.hide();
+    modal.setWindowModality(Qt::ApplicationModal);
+    modal.show();
+    QCoreApplication::processEvents();
+    Click(*BoxOnScreen(u"first"_s)->button(QMessageBox::Ok));
+    QVERIFY(answers.isEmpty());
+    Click(*BoxOnScreen(u"second"_s)->button(QMessageBox::Ok));
+    Click(*BoxOnScreen(u"first"_s)->button(QMessageBox::Ok));
+    QCOMPARE(answers, (QStringList{u"second"_s, u"first"_s}));
 }
 
 QTEST_MAIN(TstQtMessageBoxes)

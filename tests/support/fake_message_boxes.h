@@ -10,28 +10,33 @@
 
 namespace tickwell {
 
-/// Keeps the boxes that would have been shown; a test closes the one that stands open, and
-/// answers the one that asks.
+/// Keeps the boxes that would have been shown, and whose they are; a test closes the one that stands open,
+/// and answers the one that asks.
 class FakeMessageBoxes : public MessageBoxes {
 public:
-    void Show(const Message& message, std::function<void()> onClosed) override {
+    void Show(const QObject* owner, const Message& message, std::function<void()> onClosed) override {
+        m_owners.append(owner);
         m_shown.append(message);
         m_onClosed = [onClosed = std::move(onClosed)](bool) { onClosed(); };
     }
 
-    void ShowWithChoice(const Message& message, const QString& choice,
+    void ShowWithChoice(const QObject* owner, const Message& message, const QString& choice,
                         std::function<void(bool)> onClosed) override {
+        m_owners.append(owner);
         m_shown.append(message);
         m_offered.append(choice);
         m_onClosed = std::move(onClosed);
     }
 
-    void Ask(const Message& message, std::function<void(bool)> onAnswer) override {
+    void Ask(const QObject* owner, const Message& message, std::function<void(bool)> onAnswer) override {
+        m_owners.append(owner);
         m_asked.append(message);
         m_onAnswer = std::move(onAnswer);
     }
 
-    void Choose(const Message& message, std::function<void(MessageAnswer)> onAnswer) override {
+    void Choose(const QObject* owner, const Message& message,
+                std::function<void(MessageAnswer)> onAnswer) override {
+        m_owners.append(owner);
         m_choices.append(message);
         m_onChoice = std::move(onAnswer);
     }
@@ -41,6 +46,9 @@ public:
         m_onCancel = std::make_shared<std::function<void()>>(std::move(onCancel));
         return std::make_unique<FakeOpenBox>(m_onCancel);
     }
+
+    /// The owner of each box, of whatever kind, in the order in which they were shown.
+    const QList<const QObject*>& Owners() const { return m_owners; }
 
     const QList<Message>& Shown() const { return m_shown; }
     bool IsOpen() const { return m_onClosed != nullptr; }
@@ -75,6 +83,7 @@ private:
         std::shared_ptr<std::function<void()>> m_onCancel;
     };
 
+    QList<const QObject*> m_owners;
     QList<Message> m_shown;
     QList<Message> m_waits;
     std::shared_ptr<std::function<void()>> m_onCancel;  // null inside while no box waits

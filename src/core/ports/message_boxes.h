@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <QObject>
 #include <QString>
 #include <functional>
 #include <memory>
@@ -26,30 +27,38 @@ public:
     virtual ~OpenBox() = default;
 };
 
+/// Message boxes. Each function opens a box and returns at once: none runs a nested event loop, so that a
+/// timer's tick that opens a box goes on.
+///
+/// `owner` is the window that asks, or an object in it. The box is modal to that window, centred on it, and
+/// destroyed with it. Without an owner, or if its window is hidden, the box stands alone and blocks nothing.
+/// No window that is opened later blocks a box.
+///
+/// Each callback is called once: when the user closes the box, or, if its window is destroyed first, from the
+/// event loop after that.
 class MessageBoxes {
 public:
     virtual ~MessageBoxes() = default;
 
-    /// Opens a box with one OK button and returns at once; `onClosed` is called when the user has closed it.
-    /// Never runs a nested event loop: a timer's tick that opens a box goes on.
-    virtual void Show(const Message& message, std::function<void()> onClosed) = 0;
+    /// A box with one OK button.
+    virtual void Show(const QObject* owner, const Message& message, std::function<void()> onClosed) = 0;
 
-    /// The same with OK and Cancel; `onAnswer` is told whether it was OK. A box that is closed without an
-    /// answer was cancelled.
-    virtual void Ask(const Message& message, std::function<void(bool)> onAnswer) = 0;
+    /// A box with OK and Cancel; `onAnswer` is told whether it was OK. A box that goes without an answer was
+    /// cancelled.
+    virtual void Ask(const QObject* owner, const Message& message, std::function<void(bool)> onAnswer) = 0;
 
-    /// The same with Yes, No and Cancel. Cancel is the default, and what a box closed without an answer
-    /// means.
-    virtual void Choose(const Message& message, std::function<void(MessageAnswer)> onAnswer) = 0;
+    /// A box with Yes, No and Cancel. Cancel is the default, and the answer if the box goes without one.
+    virtual void Choose(const QObject* owner, const Message& message,
+                        std::function<void(MessageAnswer)> onAnswer) = 0;
 
     /// Show's box with a check box below the text, not ticked at first; `onClosed` is told whether it is
-    /// ticked in the end.
-    virtual void ShowWithChoice(const Message& message, const QString& choice,
+    /// ticked in the end. It is not if the window was destroyed.
+    virtual void ShowWithChoice(const QObject* owner, const Message& message, const QString& choice,
                                 std::function<void(bool)> onClosed) = 0;
 
     /// Opens a box for as long as the program waits for something, with the one button 「中止」, and returns
-    /// at once. `onCancel` is called if the user presses it or closes the box, never for the box's
-    /// destruction. It may destroy the box.
+    /// at once. It stands alone. `onCancel` is called if the user presses the button or closes the box, never
+    /// for the box's destruction. It may destroy the box.
     [[nodiscard]] virtual std::unique_ptr<OpenBox> ShowWaiting(const Message& message,
                                                                std::function<void()> onCancel) = 0;
 };
