@@ -34,8 +34,9 @@ public:
     /// Shows what a search found among `searched` entries.
     void ListFound(QList<DayListRow> rows, int searched);
 
-    /// The row to edit, counted from 1; 0 says that a new one is to be added. It lasts from one editing to
-    /// the next, whatever is listed meanwhile, and may so be larger than the list is long.
+    /// The row to edit, counted from 1; 0 means that a new one is to be added. It is kept from one editing to
+    /// the next until another calendar window opens, whatever is listed in between, and can therefore be
+    /// larger than the list is long.
     int SelectedRow() const { return m_selectedRow; }
 
     /// "編集": `index`, counted from 0, is the row selected in the window. Without one the number stays, so

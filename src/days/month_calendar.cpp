@@ -40,6 +40,7 @@ void MonthCalendar::Load() {
     m_isPanelOpen = true;
     m_mode = CalendarMode::Normal;
     m_selected = m_parts.clock.Now().date();
+    m_parts.list.ChooseNewRow();
     ListAnniversariesOfDay();
     GoToToday();
     TogglePanel();

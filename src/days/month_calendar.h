@@ -33,8 +33,8 @@ public:
     /// Called once an answer has been dealt with, which comes when no handler waits for it; one at most.
     void WhenAnswered(std::function<void()> answered) { m_whenAnswered = std::move(answered); }
 
-    /// As it is when the window opens: this month, today selected, panel closed, mode Normal. Asks the
-    /// database and writes nothing.
+    /// As it is when the window opens: this month, today selected, panel closed, mode Normal, no row of the
+    /// list chosen. Asks the database and writes nothing.
     void Load();
 
     const MonthGrid& Grid() const { return m_grid; }

@@ -124,6 +124,8 @@ private Q_SLOTS:
     void ABrokenDatabaseKeepsItClosed();
     void ClickingADay();
     void ClickingTodayKeepsItPressed();
+    void AnArrowGoesOnWhileItIsHeld_data();
+    void AnArrowGoesOnWhileItIsHeld();
     void Navigation_data();
     void Navigation();
     void ALimitIsTold();
@@ -141,6 +143,9 @@ private Q_SLOTS:
     void TheListFollows();
     void EditingTheSelectedRow();
     void EditingWithoutASelectionTakesTheRowBefore();
+    void ARowChosenInOneWindowIsNotChosenInTheNext();
+    void ItsBoxesBelongToTheWindow();
+    void AListThatOutlivesTheWindowTellsItNothing();
     void AddingDeletingSearching();
     void Help();
     void ArrowKeys_data();
@@ -187,8 +192,15 @@ void TstCalendarWindow::Opening() {
 void TstCalendarWindow::EveryControlHasANameToSay() {
     Bench bench;
     bench.Open();
-    for (int cell = 0; cell < 49; ++cell) {
-        QVERIFY(!bench.Find<QWidget>(u"Check1(%1)"_s.arg(cell)).objectName().isEmpty());
+    const QString weekdays = u"日月火水木金土"_s;
+    for (int column = 0; column < 7; ++column) {
+        QCOMPARE(bench.Find<QLabel>(u"Check1(%1)"_s.arg(column)).accessibleName(),
+                 u"%1曜日"_s.arg(weekdays.at(column)));
+    }
+    for (int day = 1; day <= 31; ++day) {
+        const QString spoken = u"1998年10月%1日 %2曜日"_s.arg(day).arg(weekdays.at((day + 3) % 7));
+        QVERIFY2(bench.Cell(day).accessibleName().startsWith(spoken),
+                 qPrintable(bench.Cell(day).accessibleName()));
     }
     const auto controls = bench.form->findChildren<QWidget*>();
     for (const QWidget* control : controls) {
@@ -290,6 +302,30 @@ void TstCalendarWindow::ClickingTodayKeepsItPressed() {
     QCOMPARE(bench.PressedDays(), QList<int>{3});
     bench.ClickDay(3);
     QCOMPARE(bench.PressedDays(), QList<int>{3});
+}
+
+void TstCalendarWindow::AnArrowGoesOnWhileItIsHeld_data() {
+    QTest::addColumn<QString>("arrow");
+    QTest::addColumn<QString>("heading");  // two steps on
+    QTest::newRow("month back") << u"Command1"_s << u"1998年（平成10年）8月"_s;
+    QTest::newRow("month on") << u"Command2"_s << u"1998年（平成10年）12月"_s;
+    QTest::newRow("year back") << u"Command4"_s << u"1996年（平成8年）10月"_s;
+    QTest::newRow("year on") << u"Command5"_s << u"2000年（平成12年）10月"_s;
+}
+
+void TstCalendarWindow::AnArrowGoesOnWhileItIsHeld() {
+    QFETCH(QString, arrow);
+    QFETCH(QString, heading);
+    Bench bench;
+    bench.Open();
+    bench.Find(arrow).setAutoRepeatDelay(1);
+    bench.Find(arrow).setAutoRepeatInterval(1);
+    QStringList seen;
+    connect(&bench.Find(arrow), &QPushButton::clicked, this, [&] { seen.append(bench.Heading()); });
+    QTest::mousePress(&bench.Find(arrow), Qt::LeftButton);
+    QTRY_VERIFY_WITH_TIMEOUT(seen.size() >= 2, 30'000);
+    QTest::mouseRelease(&bench.Find(arrow), Qt::LeftButton);
+    QCOMPARE(seen.at(1), heading);
 }
 
 void TstCalendarWindow::Navigation_data() {
@@ -538,6 +574,49 @@ void TstCalendarWindow::EditingWithoutASelectionTakesTheRowBefore() {
     QCOMPARE(bench.asked,
              (QStringList{u"edit 1998-10-03 row 0"_s, u"edit 1998-10-03 row 1"_s, u"edit 1998-10-03 row 1"_s,
                           u"edit 1998-10-03 row 0"_s, u"edit 1998-10-03 row 0"_s}));
+}
+
+void TstCalendarWindow::ARowChosenInOneWindowIsNotChosenInTheNext() {
+    Bench bench;
+    bench.store.Raw("INSERT INTO Kinenbi(Name,Year,Month,Day,Week) VALUES ('一',0,10,3,0)");
+    bench.Open();
+    bench.Click(u"Command6"_s);
+    auto& view = bench.Find<QTreeView>(u"ListView1"_s);
+    view.setCurrentIndex(view.model()->index(0, 0));
+    bench.Click(u"Command9"_s);
+    bench.Open();
+    bench.Click(u"Command6"_s);
+    bench.Click(u"Command9"_s);
+    QCOMPARE(bench.asked, (QStringList{u"edit 1998-10-03 row 1"_s, u"edit 1998-10-03 row 0"_s}));
+}
+
+void TstCalendarWindow::ItsBoxesBelongToTheWindow() {
+    Bench bench(QDate(2100, 12, 5));
+    bench.Open();
+    bench.Click(u"Command2"_s);
+    QCOMPARE(bench.boxes.Owners().size(), 1);
+    QVERIFY(bench.boxes.Owners().constLast() == bench.form.get());
+    bench.boxes.Close();
+    bench.Click(u"Command7(2)"_s);
+    QCOMPARE(bench.boxes.Owners().size(), 2);
+    QVERIFY(bench.boxes.Owners().constLast() == bench.form.get());
+    bench.boxes.Pick(MessageAnswer::No);  // the month that the arrows have come to is not shown
+    QCOMPARE(bench.boxes.Owners().size(), 3);
+    QVERIFY(bench.boxes.Owners().constLast() == bench.form.get());
+    bench.boxes.Close();
+    bench.store.Raw("DROP TABLE Holiday");
+    bench.Click(u"Command7(2)"_s);
+    bench.boxes.Pick(MessageAnswer::Yes);
+    QCOMPARE(bench.boxes.Shown().constLast().title, u"Tickwell"_s);  // the report
+    QVERIFY(bench.boxes.Owners().constLast() == bench.form.get());
+}
+
+void TstCalendarWindow::AListThatOutlivesTheWindowTellsItNothing() {
+    Bench bench;
+    bench.Open();
+    bench.form.reset();
+    bench.list.ListFound({{u"見つけた"_s, u"毎"_s, u"毎"_s, u"1"_s, QString()}}, 7);
+    QCOMPARE(bench.list.Rows().size(), 1);
 }
 
 void TstCalendarWindow::AddingDeletingSearching() {
