@@ -17,9 +17,7 @@ void CountdownLines::Show() {
         m_countdown.Forget();  // not of a running one, whose time would be over at once
     }
     m_countdown.ReplaceZero();
-    const qint32 shown =
-        state.CountdownRunning ? std::max(0, m_countdown.Remaining()) : state.CountdownDuration;
-    m_lines.lower.ShowText(ElapsedText(shown));
+    m_lines.lower.ShowText(ElapsedText(state.CountdownDuration));
 }
 
 void CountdownLines::Tick(Timer& timer) {

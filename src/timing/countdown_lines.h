@@ -15,8 +15,8 @@ public:
     CountdownLines(Countdown& countdown, TextLines lines, TimerWindows& windows)
         : m_countdown(countdown), m_lines(lines), m_windows(windows) {}
 
-    /// The function was chosen. A countdown that stands still loses its pause and is offered for setting; a
-    /// running one goes on.
+    /// The function was chosen: the set time is wiped in. A countdown that does not run loses its pause, and
+    /// its window is shown; a running one goes on, and its next tick shows the remaining time.
     void Show();
 
     /// Another function was chosen: the countdown goes on unseen.

@@ -199,16 +199,8 @@ private:
         if (!m_seen.running) {
             m_seen.journal.append(u"form"_s);
             m_seen.pausedAt = m_seen.start = 0;
-            Write(u"lower show", m_seen.duration);
-            return;
         }
-        const auto passed = Passed();
-        const auto rest = passed ? Fitting(m_seen.duration - *passed) : std::nullopt;
-        if (rest) {
-            Write(u"lower show", std::max<qint64>(0, *rest));
-        } else {
-            ++m_seen.reports;
-        }
+        Write(u"lower show", m_seen.duration);
     }
 
     void Tick() {
