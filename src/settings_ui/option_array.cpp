@@ -1,11 +1,28 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "settings_ui/option_array.h"
 
+#include <algorithm>
+
 #include "controls/control_making.h"
 
 namespace tickwell {
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Gives the Tab key to the button that is on, and to all if none is. Qt does so only once a button of the
+/// group has had the focus; until then Tab would reach the first one, from which the arrows choose nothing.
+void TakeTab(const QButtonGroup& group) {
+    const QList<QAbstractButton*> buttons = group.buttons();
+    const bool isAnyOn = std::any_of(buttons.begin(), buttons.end(),
+                                     [](const QAbstractButton* button) { return button->isChecked(); });
+    for (QAbstractButton* button : buttons) {
+        button->setFocusPolicy(button->isChecked() || !isAnyOn ? Qt::StrongFocus : Qt::ClickFocus);
+    }
+}
+
+}  // namespace
 
 OptionArray::OptionArray(const QString& name, std::span<const OptionRow> rows, QWidget* parent,
                          Handlers& handlers, const std::function<void(qint32 index)>& onClick)
@@ -18,6 +35,7 @@ OptionArray::OptionArray(const QString& name, std::span<const OptionRow> rows, Q
         handlers.Connect(button, &QRadioButton::clicked, parent,
                          [onClick, index = row.index] { onClick(index); });
     }
+    QObject::connect(m_group, &QButtonGroup::buttonToggled, m_group, [group = m_group] { TakeTab(*group); });
 }
 
 void OptionArray::Select(qint32 index) {

@@ -11,7 +11,8 @@
 
 namespace tickwell {
 
-/// Option buttons of which at most one is on. Each bears its index in its name: "Option3(2)".
+/// Option buttons of which at most one is on. Tab goes to that one, and the arrow keys choose. Each bears its
+/// index in its name: "Option3(2)".
 class OptionArray {
 public:
     /// Makes the buttons in the order of the rows; `parent` owns them. `onClick` is called with the index of

@@ -55,16 +55,17 @@ struct SettingsBench {
     QAbstractButton& Button(const QString& name) const { return Child<QAbstractButton>(name); }
     void Click(const QString& name) const { Button(name).click(); }
 
-    /// Which of the option buttons is on, by its index; -1: none.
+    /// Which of the option buttons is on, by its index; -1: none, -2: more than one.
     qint32 Selected(const QString& array) const {
+        qint32 selected = -1;
         for (qint32 index = 0; index < 4; ++index) {
             const auto* option =
                 form->findChild<QAbstractButton*>(QStringLiteral("%1(%2)").arg(array).arg(index));
             if (option != nullptr && option->isChecked()) {
-                return index;
+                selected = selected == -1 ? index : -2;
             }
         }
-        return -1;
+        return selected;
     }
     MovingWord& Sample(int line) const { return Child<MovingWord>(QStringLiteral("MovingWord%1").arg(line)); }
 };

@@ -25,6 +25,19 @@ protected:
     }
 };
 
+/// How many pixels of a line are painted in a colour other than its background.
+int Inked(MovingWord& line) {
+    const QImage picture = line.grab().toImage();
+    const QRgb background = ColorOf(line.BackColor()).rgb();
+    int inked = 0;
+    for (int y = 0; y < picture.height(); ++y) {
+        for (int x = 0; x < picture.width(); ++x) {
+            inked += picture.pixel(x, y) == background ? 0 : 1;
+        }
+    }
+    return inked;
+}
+
 QDialog* StylePickerOf(const SettingsBench& bench) {
     return bench.form->findChild<QDialog*>(u"StylePicker"_s);
 }
@@ -39,6 +52,8 @@ private Q_SLOTS:
     void initTestCase();
     void TheSampleShowsTheTwoTexts();
     void TheSampleComesInAgainEveryThreeSeconds();
+    void TheSampleComesInOverABlankLine();
+    void TheSliderGoesFromSlowestToFastest();
     void ASlowWipeIsLetComeToItsEnd();
     void TheSampleIsAsTheMainWindow();
     void TheSampleChangesWithinOneFrameOfTheSlider_data();
@@ -89,6 +104,39 @@ void TstSettingsPages::TheSampleComesInAgainEveryThreeSeconds() {
     QVERIFY(!bench.Sample(1).IsWiping());
     bench.main.time.Advance(100);
     QVERIFY(bench.Sample(2).IsWiping());
+}
+
+/// A text that wiped in over itself could not be seen to move.
+void TstSettingsPages::TheSampleComesInOverABlankLine() {
+    SettingsBench bench;
+    bench.main.store.Put(u"SetUp"_s, u"Op_Waip"_s, u"0"_s);
+    bench.main.store.Put(u"SetUp"_s, u"Op_Speed"_s, u"30"_s);
+    bench.Open();
+    bench.main.time.Advance(2'900);
+    for (const int line : {1, 2}) {
+        QVERIFY(!bench.Sample(line).IsWiping());
+    }
+    const int whole = Inked(bench.Sample(1));
+    QVERIFY(whole > 100);
+    bench.main.time.Advance(100);
+    QCOMPARE(Inked(bench.Sample(1)), 0);
+    QCOMPARE(Inked(bench.Sample(2)), 0);
+    bench.main.time.Advance(2'900);
+    QCOMPARE(Inked(bench.Sample(1)), whole);
+}
+
+void TstSettingsPages::TheSliderGoesFromSlowestToFastest() {
+    SettingsBench bench;
+    bench.Open();
+    auto& slider = bench.Child<QSlider>(u"Slider1"_s);
+    QTest::keyClick(&slider, Qt::Key_Home);
+    QCOMPARE(slider.value(), 1);
+    QTest::keyClick(&slider, Qt::Key_End);
+    QCOMPARE(slider.value(), 34);
+    QTest::keyClick(&slider, Qt::Key_PageDown);
+    QCOMPARE(slider.value(), 29);
+    QTest::keyClick(&slider, Qt::Key_Left);
+    QCOMPARE(slider.value(), 28);
 }
 
 void TstSettingsPages::ASlowWipeIsLetComeToItsEnd() {
@@ -188,6 +236,9 @@ void TstSettingsPages::AColourThatIsPickedIsSeenInTheSample() {
     bench.Open();
     bench.Click(u"Command5"_s);
     auto* colours = bench.form->findChild<QColorDialog*>();
+    QVERIFY(colours->isVisible());
+    QVERIFY(colours->isModal());
+    QCOMPARE(colours->windowTitle(), u"背景色"_s);
     QCOMPARE(colours->currentColor(), QColor(0, 0, 0));
     colours->setCurrentColor(QColor(255, 128, 1));
     colours->accept();
@@ -216,6 +267,7 @@ void TstSettingsPages::AFontThatIsPickedIsSeenInItsLineAlone() {
     SettingsBench bench;
     bench.Open();
     bench.Click(u"Command7"_s);
+    QVERIFY(StylePickerOf(bench)->isVisible());
     QCOMPARE(StylePickerOf(bench)->windowTitle(), u"下段文字"_s);
     StylePickerOf(bench)->findChild<QAbstractButton*>(u"Strikethru"_s)->click();
     StylePickerOf(bench)->accept();

@@ -42,6 +42,9 @@ private Q_SLOTS:
     void ItBlocksTheOtherWindowsAndNothingComesAboveIt();
     void ItsKeysAreThoseOfADialog();
     void TheTabKeyFollowsTheScreen();
+    void TabGoesToTheChosenOption_data();
+    void TabGoesToTheChosenOption();
+    void ArrowsChooseOptions();
     void TheHelpOpensAtTheSettings();
 };
 
@@ -389,17 +392,23 @@ void TstSettingsWindow::AFunctionThatTheRollChangedIsNotBroughtBack() {
 void TstSettingsWindow::ApplyDoesNotEndARunningCountdown() {
     SettingsBench bench;
     bench.main.countdown.CountdownDuration = 60'000;
-    bench.main.countdown.CountdownStart = 307'000;
-    bench.main.countdown.CountdownRunning = true;
     bench.main.store.Put(u"SetUp"_s, u"Function"_s, u"3"_s);
     bench.Open();
-    QCOMPARE(bench.main.Lower().Text(), u"0:00'49\"000"_s);
+    for (const QWidget* window : QApplication::topLevelWidgets()) {
+        if (window->objectName() == u"TimerForm") {
+            window->findChild<QPushButton*>(u"Command1"_s)->click();
+        }
+    }
+    QVERIFY(bench.main.countdown.CountdownRunning);
+    const qint32 start = bench.main.countdown.CountdownStart;
     bench.main.time.Advance(1'000);
     bench.Click(u"Option3(1)"_s);
     bench.Click(u"Command1"_s);
     QVERIFY(bench.main.countdown.CountdownRunning);
-    QCOMPARE(bench.main.countdown.CountdownStart, 307'000);
-    QCOMPARE(bench.main.Lower().Text(), u"0:00'48\"000"_s);
+    QCOMPARE(bench.main.countdown.CountdownStart, start);
+    QCOMPARE(bench.main.Lower().Text(), u"0:01'00\"000"_s);
+    bench.main.time.Advance(1'000);
+    QCOMPARE(bench.main.Lower().Text(), u"0:00'58\"000"_s);
     QCOMPARE(bench.main.settings.function, 3);
 }
 
@@ -480,9 +489,57 @@ void TstSettingsWindow::TheTabKeyFollowsTheScreen() {
         visited.append(bench.form->focusWidget()->objectName());
     }
     const QString expected =
-        u"Option2(0) Option2(1) Option2(2) Option2(3) Slider1 Command6 Command7 Command5 Autostart Command1 "
+        u"Option2(2) Slider1 Command6 Command7 Command5 Autostart Command1 "
         "Command2 Command3 Command8"_s;
     QCOMPARE(visited.join(u' '), expected);
+}
+
+void TstSettingsWindow::TabGoesToTheChosenOption_data() {
+    QTest::addColumn<QString>("stored");
+    QTest::addColumn<QString>("click");
+    QTest::addColumn<QStringList>("reached");
+    const QStringList all{u"Option2(0)"_s, u"Option2(1)"_s, u"Option2(2)"_s, u"Option2(3)"_s};
+    QTest::newRow("the first") << u"0"_s << QString() << QStringList{u"Option2(0)"_s};
+    QTest::newRow("the last") << u"3"_s << QString() << QStringList{u"Option2(3)"_s};
+    QTest::newRow("chosen without the keyboard") << u"3"_s << u"Option2(1)"_s << QStringList{u"Option2(1)"_s};
+    QTest::newRow("none is chosen") << u"9"_s << QString() << all;
+    QTest::newRow("chosen where none was") << u"9"_s << u"Option2(1)"_s << QStringList{u"Option2(1)"_s};
+}
+
+void TstSettingsWindow::TabGoesToTheChosenOption() {
+    QFETCH(QString, stored);
+    QFETCH(QString, click);
+    SettingsBench bench;
+    bench.main.store.Put(u"SetUp"_s, u"Op_Waip"_s, stored);
+    bench.Open();
+    if (!click.isEmpty()) {
+        bench.Click(click);
+    }
+    QStringList reached;
+    for (QTest::keyClick(bench.form->focusWidget(), Qt::Key_Tab);
+         bench.form->focusWidget()->objectName().startsWith(u"Option2") && reached.size() < 9;
+         QTest::keyClick(bench.form->focusWidget(), Qt::Key_Tab)) {
+        reached.append(bench.form->focusWidget()->objectName());
+    }
+    QTEST(reached, "reached");
+}
+
+void TstSettingsWindow::ArrowsChooseOptions() {
+    SettingsBench bench;
+    bench.main.store.Put(u"SetUp"_s, u"Op_Waip"_s, u"1"_s);
+    bench.Open();
+    QApplication::setActiveWindow(bench.form.get());
+    QTest::keyClick(bench.form->focusWidget(), Qt::Key_Tab);
+    QTest::keyClick(bench.form->focusWidget(), Qt::Key_Down);
+    QCOMPARE(bench.Selected(u"Option2"_s), 2);
+    QCOMPARE(bench.form->focusWidget()->objectName(), u"Option2(2)"_s);
+    QCOMPARE(bench.Sample(1).WipeKind(), 2);
+    QTest::keyClick(bench.form->focusWidget(), Qt::Key_Tab);
+    QCOMPARE(bench.form->focusWidget()->objectName(), u"Slider1"_s);
+    QTest::keyClick(bench.form->focusWidget(), Qt::Key_Backtab);
+    QCOMPARE(bench.form->focusWidget()->objectName(), u"Option2(2)"_s);
+    QTest::keyClick(bench.form->focusWidget(), Qt::Key_Up);
+    QCOMPARE(bench.Selected(u"Option2"_s), 1);
 }
 
 void TstSettingsWindow::TheHelpOpensAtTheSettings() {
