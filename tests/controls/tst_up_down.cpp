@@ -2,6 +2,7 @@
 #include "controls/up_down.h"
 
 #include <QLineEdit>
+#include <QStyleOptionSpinBox>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
@@ -16,6 +17,7 @@ private Q_SLOTS:
     void ArrowsGoOnFromWhatIsTyped_data();
     void ArrowsGoOnFromWhatIsTyped();
     void ArrowsStopAtTheEnds();
+    void AnArrowGoesOnWhileItIsHeld();
     void WhatIsTypedStaysAsItIs_data();
     void WhatIsTypedStaysAsItIs();
     void ATextOutsideTheRangeIsShown();
@@ -68,6 +70,22 @@ void TstUpDown::ArrowsStopAtTheEnds() {
     QCOMPARE(month.text(), u"2"_s);
     QTest::keyClick(&month, Qt::Key_PageDown);
     QCOMPARE(month.text(), u"1"_s);
+}
+
+void TstUpDown::AnArrowGoesOnWhileItIsHeld() {
+    UpDown month(u"Text3"_s, 1, 12, nullptr);
+    month.SetText(u"9"_s);
+    month.show();
+    QStyleOptionSpinBox option;
+    option.initFrom(&month);
+    option.subControls = QStyle::SC_All;
+    option.frame = month.hasFrame();
+    const QRect arrow =
+        month.style()->subControlRect(QStyle::CC_SpinBox, &option, QStyle::SC_SpinBoxUp, &month);
+    QTest::mousePress(&month, Qt::LeftButton, {}, arrow.center());
+    QCOMPARE(month.text(), u"10"_s);
+    QTRY_COMPARE_WITH_TIMEOUT(month.text(), u"12"_s, 30'000);
+    QTest::mouseRelease(&month, Qt::LeftButton, {}, arrow.center());
 }
 
 void TstUpDown::WhatIsTypedStaysAsItIs_data() {

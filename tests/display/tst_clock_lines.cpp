@@ -75,6 +75,7 @@ private Q_SLOTS:
     void AChangeOfTheDayIsSeenAfterTheRefreshFlag();
     void AChangedStyleIsSeenOnlyAfterTheRefreshFlag();
     void ANameAddedWithoutTheFlagIsSeenTheNextDay();
+    void TheRefreshFlagIsForOneLookUp();
     void AFailingLookUpIsNotRepeated();
     void AFailingLookUpDoesNotAnnounceYesterday();
     void TheDateDoesNotWaitForTheDatabase_data();
@@ -203,6 +204,19 @@ void TstClockLines::ANameAddedWithoutTheFlagIsSeenTheNextDay() {
     bench.time.Advance(2000);
     bench.Tick();
     QCOMPARE(bench.Turns(1), QStringList{Shown(u"毎日")});
+}
+
+void TstClockLines::TheRefreshFlagIsForOneLookUp() {
+    Bench bench;
+    bench.Add("('一つ目',0,10,3,0),('二つ目',0,10,3,0)");
+    bench.Tick();
+    bench.lines.RaiseRefresh();
+    QCOMPARE(bench.lines.UntilDue(true), 0);
+    bench.Tick();
+    QCOMPARE(bench.lines.UntilDue(true), 1000);
+    QCOMPARE(bench.Turns(1), QStringList{Shown(u"一つ目")});
+    bench.Tick();
+    QCOMPARE(bench.Turns(1), QStringList{Shown(u"二つ目")});  // a look-up would have begun the turns again
 }
 
 void TstClockLines::AFailingLookUpIsNotRepeated() {

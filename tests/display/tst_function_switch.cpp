@@ -102,6 +102,7 @@ class TstFunctionSwitch : public QObject {
 private Q_SLOTS:
     void EachFunctionHasItsTextsTimersAndMarks_data();
     void EachFunctionHasItsTextsTimersAndMarks();
+    void TheTimersOfThePreviousFunctionStop();
     void TheStopwatchShowsItsReadingAtOnce();
     void TheCountdownIsShownWithItsWindow();
     void AnotherFunctionHidesTheCountdown();
@@ -141,6 +142,21 @@ void TstFunctionSwitch::EachFunctionHasItsTextsTimersAndMarks() {
     QCOMPARE(bench.Running(), running);
     QCOMPARE(bench.marks.checked, number);
     QCOMPARE(bench.marks.operation, operation);
+}
+
+void TstFunctionSwitch::TheTimersOfThePreviousFunctionStop() {
+    const QStringList running{
+        u"Dz_Timer1 Dz_Timer2 "_s, u"Win_Timer"_s, u"Timer1"_s, QString(), u"BatTimer"_s,
+        u"MemoryTimer"_s,          u"CDTimer2"_s};
+    for (qint32 from = 0; from < running.size(); ++from) {
+        for (const qint32 to : {0, 1, 2, 3, 4, 5, 6, 7, -1}) {
+            Bench bench;
+            bench.functions.ChangeFunction(from);
+            QCOMPARE(bench.Running(), running.at(from));
+            bench.functions.ChangeFunction(to);
+            QCOMPARE(bench.Running(), running.value(to));
+        }
+    }
 }
 
 void TstFunctionSwitch::TheStopwatchShowsItsReadingAtOnce() {
