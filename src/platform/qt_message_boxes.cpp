@@ -11,6 +11,8 @@
 
 namespace tickwell {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 QMessageBox::Icon IconOf(MessageIcon icon) {
