@@ -10,10 +10,10 @@ namespace tickwell {
 
 namespace {
 
-constexpr int kAnswerInterval = 50;      // ms, while the user waits for the answer
-constexpr int kFollowInterval = 1000;    // ms, as often as the helper asks for the state of the job
-constexpr int kPatience = 1000;          // ms
-constexpr qsizetype kMostAnswer = 8192;  // bytes
+constexpr int kAnswerInterval = 50;         // ms, while the user waits for the answer
+constexpr int kFollowInterval = 1000;       // ms, as often as the helper asks for the state of the job
+constexpr int kDelayedAfter = 1000;         // ms
+constexpr qsizetype kLongestAnswer = 8192;  // bytes
 
 }  // namespace
 
@@ -37,8 +37,8 @@ struct HelperPrinter::Document {
 };
 
 QList<PrintNews> HelperPrinter::Document::Tick(int milliseconds) {
-    answers += child.Read(kMostAnswer - answers.size());
-    const bool isFlood = answers.size() >= kMostAnswer;
+    answers += child.Read(kLongestAnswer - answers.size());
+    const bool isFlood = answers.size() >= kLongestAnswer;
     QList<PrintNews> news = TakeAnswers();
     const std::optional<int> code = child.ExitCode();
     if (!hasEnded && (code || isFlood || isMissing)) {
@@ -52,7 +52,7 @@ QList<PrintNews> HelperPrinter::Document::Tick(int milliseconds) {
         }
     }
     passed += milliseconds;
-    if (!hasEnded && !isAccepted && !isDelayed && passed >= kPatience) {
+    if (!hasEnded && !isAccepted && !isDelayed && passed >= kDelayedAfter) {
         isDelayed = true;
         news.append({PrintStage::Delayed, {}});
     }

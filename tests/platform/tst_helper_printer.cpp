@@ -23,6 +23,14 @@ struct Bench {
         QFile::setPermissions(Path(), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
     }
 
+    ~Bench() {
+        if (printer) {
+            printer->Cancel();  // a helper that sleeps would outlive a test that fails
+        }
+    }
+    Bench(const Bench&) = delete;
+    Bench& operator=(const Bench&) = delete;
+
     QString Path() const { return dir.filePath(u"helper"_s); }
     QByteArray Read(const QString& name) const { return ReadAll(dir.filePath(name)); }
 
