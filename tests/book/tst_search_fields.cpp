@@ -35,6 +35,7 @@ private Q_SLOTS:
     void RollsDatesOn();
     void RefusesYearsWithoutACalendar_data();
     void RefusesYearsWithoutACalendar();
+    void AMonthWithoutAPredecessorIsAnOverflow();
     void ReplacesOneEndOfTheRange();
     void TakesTheBoxesAsTheyAre();
     void AsksForNameAndDatesOnlyWhereTheyAreConditions();
@@ -101,6 +102,8 @@ void TstSearchFields::RefusesYearsWithoutACalendar_data() {
     QTest::newRow("0") << 0 << 1 << 1;
     QTest::newRow("10000") << 10000 << 1 << 1;
     QTest::newRow("negative") << -1 << 1 << 1;
+    QTest::newRow("99, rolled into 100") << 99 << 13 << 1;
+    QTest::newRow("10000, rolled back into 9999") << 10000 << 0 << 31;
     QTest::newRow("rolled past the end") << 9999 << 12 << 32;
     QTest::newRow("rolled before the beginning") << 100 << 1 << 0;
     QTest::newRow("largest numbers") << 9999 << INT_MAX << INT_MAX;
@@ -112,6 +115,10 @@ void TstSearchFields::RefusesYearsWithoutACalendar() {
     QFETCH(int, month);
     QFETCH(int, day);
     QVERIFY_THROWS_EXCEPTION(RunTimeError, RolledDate(year, month, day));
+}
+
+void TstSearchFields::AMonthWithoutAPredecessorIsAnOverflow() {
+    QVERIFY_THROWS_EXCEPTION(OverflowError, RolledDate(1998, INT_MIN, 1));
 }
 
 void TstSearchFields::ReplacesOneEndOfTheRange() {
