@@ -1,28 +1,31 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// anniversary_search: what the windows of the anniversary book cost with 100 000 anniversaries: a search in
-// its window until its finds can be seen in a list, against its bare queries; scrolling through that list;
-// opening the deletion window on it and ticking all. Runs without a screen.
+// anniversary_search [ROWS]: what the windows of the anniversary book cost with so many anniversaries, a
+// million if none are given: the whole time of each deed, the longest that the event loop was kept from its
+// next event meanwhile (in processor time, so that a busy machine does not count), and the memory after it.
+// The search is compared with its work without a window. Runs without a screen.
+
+#include <sqlite3.h>
 
 #include <QApplication>
 #include <QElapsedTimer>
 #include <QFile>
-#include <QLabel>
+#include <QHeaderView>
 #include <QPushButton>
-#include <QRandomGenerator>
 #include <QScrollBar>
 #include <QTemporaryDir>
-#include <QTreeView>
 #include <algorithm>
 #include <cstdio>
-#include <vector>
+#include <ctime>
+#include <functional>
 
-#include "book/anniversary_search.h"
-#include "book/anniversary_statements.h"
 #include "book/deletion_window.h"
 #include "book/search_window.h"
 #include "core/errors.h"
+#include "days/announced_names.h"
 #include "days/day_list_model.h"
+#include "days/row_table.h"
 #include "platform/qt_message_boxes.h"
+#include "platform/qt_timers.h"
 #include "platform/system_clock.h"
 
 using namespace Qt::StringLiterals;
@@ -30,58 +33,71 @@ using namespace tickwell;
 
 namespace {
 
-constexpr quint32 kSeed = 0x5C401;
-constexpr int kRows = 100'000;
-constexpr int kTimes = 11;
+constexpr int kRows = 1'000'000;
 constexpr int kSteps = 1000;           // of the scroll bar
 constexpr double kMilliseconds = 1e6;  // nanoseconds in one
+constexpr double kMegabyte = 1e3;      // kB in one
 
 class NoChanges : public DayChanges {
 public:
     void RaiseRefresh() override {}
 };
 
-/// Shows a window and lets it paint; without that, asking for a picture later does nothing.
-void Expose(QWidget& window) {
-    window.show();
-    QCoreApplication::processEvents();
-    window.repaint();
+/// Milliseconds that this thread has worked.
+double Worked() {
+    timespec now{};
+    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &now);
+    return static_cast<double>(now.tv_sec) * 1e3 + static_cast<double>(now.tv_nsec) / kMilliseconds;
 }
 
-template <typename Deed>
-double Once(Deed deed) {
+/// A line of /proc/self/status or smaps_rollup that begins with `name`, in MB.
+double Memory(const char* file, const QByteArray& name) {
+    QFile status(QString::fromLatin1(file));
+    if (!status.open(QIODevice::ReadOnly)) {
+        return 0;
+    }
+    for (const QByteArray& line : status.readAll().split('\n')) {
+        if (line.startsWith(name)) {
+            return line.simplified().split(' ').value(1).toDouble() / kMegabyte;
+        }
+    }
+    return 0;
+}
+
+/// Does `deed`, then lets events come until `isDone`; prints what it cost.
+void Measure(const char* name, const std::function<void()>& deed, const std::function<bool()>& isDone) {
     QElapsedTimer timer;
     timer.start();
+    double begun = Worked();
     deed();
-    return static_cast<double>(timer.nsecsElapsed()) / kMilliseconds;
-}
-
-double Median(std::vector<double> taken) {
-    std::nth_element(taken.begin(), taken.begin() + kTimes / 2, taken.end());
-    return taken[kTimes / 2];
-}
-
-/// A third of each kind, one of three by week.
-Anniversary RandomRow(QRandomGenerator& random) {
-    Anniversary row{u"記念日%1"_s.arg(random.bounded(1000)), 0, 0, 0, 0};
-    const int kind = random.bounded(3);
-    row.year = kind == 0 ? random.bounded(1926, 2101) : 0;
-    row.month = kind == 2 ? 0 : random.bounded(1, 13);
-    if (random.bounded(3) == 0) {
-        row.week = 10 * random.bounded(1, 6) + random.bounded(1, 8);
-    } else {
-        row.day = random.bounded(1, 32);
+    QCoreApplication::processEvents();
+    double longest = Worked() - begun;
+    while (!isDone()) {
+        begun = Worked();
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+        longest = std::max(longest, Worked() - begun);
     }
-    return row;
+    std::printf(
+        "%-28s %8.1f ms, without an answer for %6.1f ms at most, %5.1f MB PSS, %5.1f MB RSS at most\n", name,
+        static_cast<double>(timer.nsecsElapsed()) / kMilliseconds, longest,
+        Memory("/proc/self/smaps_rollup", "Pss:"), Memory("/proc/self/status", "VmHWM:"));
 }
 
-void Fill(DayDatabase& database) {
-    QRandomGenerator random(kSeed);
-    DayTransaction transaction(database);
-    for (int i = 0; i < kRows; ++i) {
-        database.Execute(InsertStatement(RandomRow(random)));
+/// A third of each kind, one of three by its week.
+void Fill(const QString& path, int rows) {
+    const QByteArray sql =
+        "WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < " +
+        QByteArray::number(rows) +
+        ") INSERT INTO Kinenbi(Name,Year,Month,Day,Week) SELECT '記念日' || i,"
+        "CASE i % 3 WHEN 0 THEN 1926 + i % 175 ELSE 0 END,CASE i % 3 WHEN 1 THEN 0 ELSE 1 + i % 12 END,"
+        "CASE i % 7 % 3 WHEN 0 THEN 0 ELSE 1 + i % 31 END,"
+        "CASE i % 7 % 3 WHEN 0 THEN 10 * (1 + i % 5) + 1 + i % 7 ELSE 0 END FROM n";
+    sqlite3* handle = nullptr;
+    if (sqlite3_open(QFile::encodeName(path).constData(), &handle) != SQLITE_OK ||
+        sqlite3_exec(handle, sql.constData(), nullptr, nullptr, nullptr) != SQLITE_OK) {
+        throw RunTimeError(QString::fromUtf8(sqlite3_errmsg(handle)));
     }
-    transaction.Commit();
+    sqlite3_close(handle);
 }
 
 /// The book, and a list as the calendar's is.
@@ -90,77 +106,82 @@ struct Bench {
     DayList list;
     NoChanges changes;
     SystemClock clock;
+    QtTimers timers;
     QtMessageBoxes boxes;
     Handlers handlers{boxes};
-    BookParts parts{database, list, changes, clock, boxes, handlers};
-    DayListModel model{QVariant(), nullptr};
-    QTreeView view;
+    BookParts parts{database, list, changes, clock, boxes, handlers, timers};
+    DayListModel model{QVariant(), DayListModel::Columns::All, nullptr};
+    RowTable view;
 
     explicit Bench(const QString& path) : database(OpenDayDatabase(path)) {
-        Fill(*database);
         view.setModel(&model);
-        view.setRootIsDecorated(false);
-        view.setUniformRowHeights(true);
         view.resize(400, 400);
-        Expose(view);
+        view.show();
         list.WhenChanged([this] { model.SetRows(list.Rows()); });
+    }
+
+    void Click(QDialog& window, const QString& button) const {
+        window.findChild<QPushButton*>(button)->click();
     }
 };
 
-void BareQueries(DayDatabase& database) {
-    for (const QString& text : SearchTexts({})) {
-        database.RunQuery(text);
-    }
-    database.RunQuery(u"SELECT * FROM Kinenbi WHERE Year <> 5"_s);
-}
-
 void MeasureSearch(Bench& bench) {
-    std::vector<double> bare;
-    std::vector<double> whole;
-    for (int i = 0; i < kTimes; ++i) {
-        bare.push_back(Once([&] { BareQueries(*bench.database); }));
-        bench.list.ListFound({}, 0);
-        Form9 window(bench.parts, nullptr);
-        Expose(window);
-        whole.push_back(Once([&] {
-            window.findChild<QPushButton*>(u"Command1"_s)->click();
-            bench.view.repaint();
-        }));
-    }
-    std::printf("search, %d rows, all found: %.1f ms until shown, %.1f ms for the bare queries, ratio %.2f\n",
-                kRows, Median(whole), Median(bare), Median(whole) / Median(bare));
+    Measure(
+        "its work alone",
+        [&] {
+            AnniversarySearch search(bench.parts.Database(), {});
+            while (!search.Step()) {
+            }
+        },
+        [] { return true; });
+    Form9 window(bench.parts, nullptr);
+    window.show();
+    QCoreApplication::processEvents();  // its first picture
+    Measure(
+        "search for all", [&] { bench.Click(window, u"Command1"_s); }, [&] { return !window.isVisible(); });
+    std::printf("%d rows found\n", bench.list.Rows().Count());
 }
 
-void MeasureScrolling(Bench& bench) {
+void MeasureList(Bench& bench) {
     QScrollBar* bar = bench.view.verticalScrollBar();
-    std::vector<double> taken;
-    taken.reserve(kSteps);
-    for (int i = 0; i < kSteps; ++i) {
-        taken.push_back(Once([&] {
-            bar->setValue(static_cast<int>(qint64{bar->maximum()} * i / kSteps));
-            bench.view.repaint();
-        }));
-    }
-    std::sort(taken.begin(), taken.end());
-    std::printf("scrolling through %lld rows: %.2f ms a step, %.2f ms at most\n",
-                static_cast<long long>(bench.list.Rows().size()), taken[kSteps / 2], taken.back());
+    int step = 0;
+    Measure(
+        "scrolling, 1000 steps",
+        [&] {
+            for (; step < kSteps; ++step) {
+                bar->setValue(static_cast<int>(qint64{bar->maximum()} * step / kSteps));
+            }
+        },
+        [] { return true; });
+    Measure(
+        "typing a name in the list", [&] { bench.view.keyboardSearch(u"no such name"_s); },
+        [] { return true; });
+    Measure(
+        "the list of a day", [&] { bench.list.ListDay(bench.parts.Database(), QDate(2026, 11, 20), true); },
+        [&] {
+            if (bench.list.IsListing()) {
+                bench.list.GoOn();
+            }
+            return !bench.list.IsListing();
+        });
+    Measure(
+        "the names of a day", [&] { AnnouncedNames(*bench.database, QDate(2026, 11, 20)); },
+        [] { return true; });
 }
 
-void MeasureDeletionWindow(Bench& bench) {
-    std::vector<double> opening;
-    std::vector<double> ticking;
-    for (int i = 0; i < kTimes; ++i) {
-        std::unique_ptr<Form10> window;
-        opening.push_back(Once([&] {
+void MeasureDeletion(Bench& bench) {
+    std::unique_ptr<Form10> window;
+    Measure(
+        "opening the deletion window",
+        [&] {
             window = std::make_unique<Form10>(bench.parts, nullptr);
-            Expose(*window);
-        }));
-        ticking.push_back(Once([&] {
-            window->findChild<QPushButton*>(u"Command3"_s)->click();
-            window->repaint();
-        }));
-    }
-    std::printf("deletion window: %.1f ms to open, %.1f ms to tick all\n", Median(opening), Median(ticking));
+            window->show();
+        },
+        [] { return true; });
+    Measure(
+        "ticking all", [&] { bench.Click(*window, u"Command3"_s); }, [] { return true; });
+    Measure(
+        "deleting all", [&] { bench.Click(*window, u"Command1"_s); }, [&] { return !window->isVisible(); });
 }
 
 }  // namespace
@@ -174,10 +195,12 @@ int main(int argc, char** argv) {
         if (!QFile::copy(QStringLiteral(TICKWELL_PRISTINE_DATABASE), path)) {
             throw RunTimeError(path);
         }
+        Fill(path, argc > 1 ? std::max(1, QByteArray(argv[1]).toInt()) : kRows);
         Bench bench(path);
         MeasureSearch(bench);
-        MeasureScrolling(bench);
-        MeasureDeletionWindow(bench);
+        MeasureList(bench);
+        MeasureSearch(bench);
+        MeasureDeletion(bench);
     } catch (const RunTimeError& error) {
         std::fprintf(stderr, "anniversary_search: %s\n", error.what());
         return 1;

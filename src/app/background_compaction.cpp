@@ -4,7 +4,11 @@
 #include <QCoreApplication>
 #include <utility>
 
+#include "core/errors.h"
+
 namespace tickwell {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -30,6 +34,9 @@ std::unique_ptr<CompactionDisk> BackgroundCompaction::RealDisk(std::stop_token s
 
 void BackgroundCompaction::Start(const QObject* owner, std::function<void()> done) {
     if (m_listener == nullptr) {
+        if (m_parts.dayDatabase == nullptr) {  // a deletion works with it, for instance
+            throw RunTimeError(u"データベースは使用中です。終わってからもう一度実行してください。"_s);
+        }
         BeginCompaction(m_parts.dayDatabase, m_parts.folder);
         m_listener = std::make_shared<Listener>(*this);
         const std::shared_ptr<CompactionDisk> disk = m_makeDisk(m_stop.get_token());

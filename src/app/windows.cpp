@@ -26,10 +26,10 @@ OtherWindows Windows::Openers() {
     OtherWindows openers;
     openers.calendar = [this] {
         Open(m_calendar, [this] {
-            auto calendar =
-                std::make_unique<Form5>(CalendarWindowParts{m_parts.dayDatabase, m_dayList, m_parts.clock,
-                                                            m_parts.boxes, m_parts.handlers, m_help, Book()},
-                                        nullptr);
+            auto calendar = std::make_unique<Form5>(
+                CalendarWindowParts{m_parts.dayDatabase, m_dayList, m_parts.clock, m_parts.boxes,
+                                    m_parts.handlers, m_help, Book(), m_parts.timers},
+                nullptr);
             calendar->Form_Load();
             return calendar;
         });
@@ -65,8 +65,8 @@ void Windows::Open(QPointer<Window>& window, Make make) {
 }
 
 BookWindows Windows::Book() {
-    const AnniversaryBook book(
-        {m_parts.dayDatabase, m_dayList, *m_mainWindow, m_parts.clock, m_parts.boxes, m_parts.handlers});
+    const AnniversaryBook book({m_parts.dayDatabase, m_dayList, *m_mainWindow, m_parts.clock, m_parts.boxes,
+                                m_parts.handlers, m_parts.timers});
     return {[book](QDate date, QWidget* calendar, BookWindows::Closed closed) {
                 book.OpenEditor(date, calendar, std::move(closed));
             },

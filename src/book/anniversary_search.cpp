@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "book/anniversary_search.h"
 
+#include <utility>
+
 #include "days/day_rule.h"
 
 namespace tickwell {
@@ -70,15 +72,6 @@ QString EveryMonthCondition(const End& start, const End& end) {
            u" AND ( Day <= " + end.day + u" AND Week <= " + end.week + u" )";
 }
 
-/// How the numbers of a kind are shown: where the kind says "every" it stands whatever is stored, and
-/// elsewhere the stored number, 0 too.
-DayListRow FindOf(const ResultRow& row, bool showsYear, bool showsMonth) {
-    DayListRow find = DayListRowOf(row);
-    find.year = showsYear ? QString::number(row.Integer(u"Year")) : EveryText();
-    find.month = showsMonth ? QString::number(row.Integer(u"Month")) : EveryText();
-    return find;
-}
-
 }  // namespace
 
 std::array<QString, 3> SearchTexts(const SearchConditions& conditions) {
@@ -105,24 +98,49 @@ std::array<QString, 3> SearchTexts(const SearchConditions& conditions) {
     return texts;
 }
 
-SearchFinds FindAnniversaries(DayDatabase& database, const SearchConditions& conditions) {
-    const std::array texts = SearchTexts(conditions);
-    const ResultSet oneDay = database.RunQuery(texts[0]);
-    const ResultSet everyYear = database.RunQuery(texts[1]);
-    const ResultSet everyMonth = database.RunQuery(texts[2]);
-    SearchFinds finds;
-    finds.rows.reserve(oneDay.Count() + everyYear.Count() + everyMonth.Count());
-    for (const ResultRow& row : oneDay) {
-        finds.rows.append(FindOf(row, true, true));
+AnniversarySearch::AnniversarySearch(DayDatabaseAccess database, const SearchConditions& conditions)
+    : m_database(std::move(database)), m_texts(SearchTexts(conditions)) {
+    Begin();
+}
+
+void AnniversarySearch::Begin() {
+    m_current = 0;
+    m_searches.clear();
+    for (const QString& text : m_texts) {
+        m_searches.emplace_back(text);
     }
-    for (const ResultRow& row : everyYear) {
-        finds.rows.append(FindOf(row, false, true));
+    m_searches.emplace_back(u"SELECT * FROM Kinenbi WHERE Year <> 5"_s);
+    m_searches.back().CountOnly();
+}
+
+bool AnniversarySearch::Step() {
+    if (IsGivenUp()) {
+        return true;
     }
-    for (const ResultRow& row : everyMonth) {
-        finds.rows.append(FindOf(row, false, false));
+    DayDatabase& database = m_database();
+    const ChangeMark mark = database.Mark();
+    if (std::exchange(m_mark, mark) != mark) {
+        Begin();  // all four answers are to be those of one moment
     }
-    finds.searched = database.RunQuery(u"SELECT * FROM Kinenbi WHERE Year <> 5"_s).Count();
-    return finds;
+    while (m_current < m_searches.size() && m_searches[m_current].Step(database)) {
+        ++m_current;
+    }
+    return m_current == m_searches.size();
+}
+
+double AnniversarySearch::Part() const {
+    double done = 0;
+    for (const RowSearch& search : m_searches) {
+        done += search.Part();
+    }
+    return done / static_cast<double>(m_searches.size());
+}
+
+SearchFinds AnniversarySearch::TakeFinds() {
+    const QList<ListedPart> parts{{m_searches[0].Take(), RowForm::OneDay},
+                                  {m_searches[1].Take(), RowForm::EveryYear},
+                                  {m_searches[2].Take(), RowForm::EveryMonth}};
+    return {ListedRows(m_database, parts), m_searches[3].Count()};
 }
 
 }  // namespace tickwell

@@ -5,9 +5,11 @@
 #include <QList>
 #include <array>
 #include <optional>
+#include <vector>
 
-#include "days/day_list_row.h"
-#include "store/day_database.h"
+#include "core/sliced_work.h"
+#include "days/listed_rows.h"
+#include "store/row_search.h"
 
 namespace tickwell {
 
@@ -28,7 +30,7 @@ struct SearchConditions {
 
 /// An answer of the search: rows for the list, and among how many anniversaries they were looked for.
 struct SearchFinds {
-    QList<DayListRow> rows;
+    ListedRows rows;
     int searched = 0;
 };
 
@@ -38,8 +40,27 @@ struct SearchFinds {
 /// with months that run into the next, day by day as if it were one month.
 std::array<QString, 3> SearchTexts(const SearchConditions& conditions);
 
-/// Asks the three questions and counts all anniversaries but those of the year 5. Rows come in the order of
-/// the questions, and twice where two of them found one. Throws RunTimeError.
-SearchFinds FindAnniversaries(DayDatabase& database, const SearchConditions& conditions);
+/// Asks the three questions and counts all anniversaries but those of the year 5, in slices. Rows come in the
+/// order of the questions, and twice if two of them found one.
+class AnniversarySearch : public SlicedWork {
+public:
+    /// Throws SqlError if the conditions make no statement.
+    AnniversarySearch(DayDatabaseAccess database, const SearchConditions& conditions);
+
+    bool Step() override;
+    double Part() const override;
+
+    /// Once the last slice is done. Throws RunTimeError.
+    SearchFinds TakeFinds();
+
+private:
+    void Begin();
+
+    DayDatabaseAccess m_database;
+    std::array<QString, 3> m_texts;
+    std::vector<RowSearch> m_searches;  // the three questions and the count
+    std::size_t m_current = 0;
+    std::optional<ChangeMark> m_mark;
+};
 
 }  // namespace tickwell

@@ -37,6 +37,10 @@ QString UpdateStatement(const Anniversary& from, const Anniversary& to) {
            u' ' + WhereEqual(from);
 }
 
+QString SelectStatement(const Anniversary& anniversary) {
+    return u"SELECT * FROM Kinenbi "_s + WhereEqual(anniversary);
+}
+
 QString DeleteStatement(const Anniversary& anniversary) {
     return u"DELETE * FROM Kinenbi  "_s + WhereEqual(anniversary);
 }

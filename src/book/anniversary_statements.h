@@ -13,6 +13,9 @@ QString InsertStatement(const Anniversary& anniversary);
 /// as the new name is; the database takes them for the integers they are.
 QString UpdateStatement(const Anniversary& from, const Anniversary& to);
 
+/// Selects every row that is equal: those that the two others change.
+QString SelectStatement(const Anniversary& anniversary);
+
 /// Takes away every row that is equal.
 QString DeleteStatement(const Anniversary& anniversary);
 

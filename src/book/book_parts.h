@@ -13,12 +13,18 @@ namespace tickwell {
 
 /// What the windows of the anniversary book work with; all outlive them.
 struct BookParts {
-    const std::unique_ptr<DayDatabase>& dayDatabase;  ///< null while it is closed
-    DayList& list;                                    ///< the calendar's
+    std::unique_ptr<DayDatabase>& dayDatabase;  ///< null while it is closed
+    DayList& list;                              ///< the calendar's
     DayChanges& changes;
     const Clock& clock;
     MessageBoxes& boxes;
     Handlers& handlers;
+    TimerSource& timers;
+
+    /// Throws RunTimeError while the database is closed.
+    DayDatabaseAccess Database() const {
+        return [&database = dayDatabase]() -> DayDatabase& { return Opened(database); };
+    }
 };
 
 }  // namespace tickwell

@@ -3,13 +3,12 @@
 
 #include <QHBoxLayout>
 #include <QItemSelectionModel>
-#include <QScopeGuard>
-#include <QStringListModel>
 #include <QVBoxLayout>
 #include <algorithm>
 
 #include "book/anniversary_deletion.h"
 #include "controls/control_making.h"
+#include "days/day_list_model.h"
 
 namespace tickwell {
 
@@ -33,10 +32,7 @@ Form10::Form10(const BookParts& parts, QWidget* parent)
 
 void Form10::MakeControls() {
     auto* label1 = Named(new QLabel(u"記念日を削除します"_s), u"Label1"_s);
-    m_List1 = Named(new QListView, u"List1"_s, label1->text());
-    m_List1->setSelectionMode(QAbstractItemView::MultiSelection);
-    m_List1->setEditTriggers(QAbstractItemView::NoEditTriggers);
-    m_List1->setUniformItemSizes(true);  // else each of 100 000 names is measured before the first is seen
+    m_List1 = Named(new TickList, u"List1"_s, label1->text());
     m_List1->setMinimumSize(kLetters * fontMetrics().horizontalAdvance(u'記'),
                             kLines * fontMetrics().height());
     label1->setBuddy(m_List1);
@@ -63,16 +59,15 @@ void Form10::MakeControls() {
     rows->addLayout(ticking);
     rows->addSpacing(fontMetrics().height() / 2);
     rows->addLayout(buttons);
+    m_work = new WorkBar(m_parts.timers, m_parts.handlers, u"削除しています"_s, this);
+    rows->addWidget(m_work);
 }
 
 void Form10::Form_Load() {
-    QStringList names;
-    names.reserve(m_rows.size());
-    for (const DayListRow& row : m_rows) {
-        names.append(row.name);
-    }
-    m_List1->setModel(new QStringListModel(names, m_List1));
-    m_isTicked.assign(static_cast<std::size_t>(m_rows.size()), false);
+    auto* model = new DayListModel(QVariant(), DayListModel::Columns::Name, m_List1);
+    model->SetRows(m_rows);
+    m_List1->setModel(model);
+    m_isTicked.assign(static_cast<std::size_t>(m_rows.Count()), false);
     ShowCount();
     m_List1->setFocus();
 }
@@ -111,10 +106,23 @@ void Form10::ShowCount() {
 }
 
 void Form10::Command1_Click() {
-    const auto changed =
-        qScopeGuard([this] { m_parts.changes.RaiseRefresh(); });  // some may be gone even then
-    DeleteTicked(Opened(m_parts.dayDatabase), m_rows, m_isTicked);
-    accept();
+    m_work->Start(DeletionOf(m_parts.dayDatabase, m_rows, m_isTicked), [this](const WorkEnd& end) {
+        m_parts.changes.RaiseRefresh();  // some may be gone even after an error
+        if (end.error) {
+            std::rethrow_exception(end.error);
+        }
+        if (!end.isStopped) {
+            accept();
+        }
+    });
+}
+
+void Form10::reject() {
+    if (m_work->IsWorking()) {
+        m_work->Stop();
+    } else {
+        QDialog::reject();
+    }
 }
 
 }  // namespace tickwell

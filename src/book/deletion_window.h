@@ -3,11 +3,12 @@
 
 #include <QDialog>
 #include <QLabel>
-#include <QListView>
 #include <QPushButton>
 #include <vector>
 
 #include "book/book_parts.h"
+#include "book/tick_list.h"
+#include "controls/work_bar.h"
 
 namespace tickwell {
 
@@ -18,6 +19,9 @@ class Form10 : public QDialog {
 
 public:
     Form10(const BookParts& parts, QWidget* parent);
+
+    /// Ends a running deletion first, which takes it back, and then stays open.
+    void reject() override;
 
 private:
     void MakeControls();
@@ -30,15 +34,16 @@ private:
     void ShowCount();
 
     BookParts m_parts;
-    QList<DayListRow> m_rows;      // what the list showed when the window opened
+    ListedRows m_rows;             // what the list showed when the window opened
     std::vector<bool> m_isTicked;  // one for each of them
     // All owned by the window, as its children.
-    QListView* m_List1 = nullptr;
+    TickList* m_List1 = nullptr;
     QLabel* m_Label2 = nullptr;
     QPushButton* m_Command1 = nullptr;
     QPushButton* m_Command2 = nullptr;
     QPushButton* m_Command3 = nullptr;
     QPushButton* m_Command4 = nullptr;
+    WorkBar* m_work = nullptr;
 };
 
 }  // namespace tickwell

@@ -4,6 +4,7 @@
 #include <QPointer>
 
 #include "book/anniversary_statements.h"
+#include "store/sql_compiler.h"
 
 namespace tickwell {
 
@@ -37,13 +38,11 @@ void Form6::Connect() {
 }
 
 void Form6::Form_Load(QDate date) {
-    const std::optional<DayListRow> chosen = m_parts.list.ChosenRow();
-    if (chosen) {
-        m_old = AnniversaryOf(*chosen);
-    }
-    setWindowTitle(m_old ? u"記念日の編集"_s : u"記念日の追加"_s);
-    m_Command1->setText(m_old ? u"更新>>"_s : u"追加>>"_s);
-    ShowFields(m_old ? FieldsToEdit(*m_old, date) : FieldsToAdd(date));
+    m_chosen = m_parts.list.ChosenRow();
+    setWindowTitle(m_chosen ? u"記念日の編集"_s : u"記念日の追加"_s);
+    m_Command1->setText(m_chosen ? u"更新>>"_s : u"追加>>"_s);
+    ShowFields(m_chosen ? FieldsToEdit(AnniversaryOf(*m_chosen), date) : FieldsToAdd(date));
+    m_shownName = m_Text1->text();
     m_Text1->setFocus();
     m_Text1->selectAll();
 }
@@ -105,26 +104,62 @@ void Form6::Command1_Click() {
         return;
     }
     try {
-        Write();
+        const Anniversary entered = AnniversaryOf(Fields());
+        m_chosen ? Change(entered) : Add(entered);
     } catch (const RunTimeError&) {
-        m_isTelling = true;
-        m_parts.boxes.Show(this,
-                           {MessageIcon::Exclamation, u"データベース書込みエラー"_s,
-                            u"無効なデータが含まれているか、予期しないエラーが発生しました。"_s},
-                           [self = QPointer(this)] {
-                               if (self) {
-                                   self->m_isTelling = false;
-                               }
-                           });
-        return;
+        Tell();
     }
+}
+
+void Form6::Add(const Anniversary& entered) {
+    Opened(m_parts.dayDatabase).Execute(InsertStatement(entered));
+    Finish();
+}
+
+void Form6::Change(const Anniversary& entered) {
+    std::vector<ColumnValue> values{
+        {u"Year", entered.year}, {u"Month", entered.month}, {u"Day", entered.day}, {u"Week", entered.week}};
+    // A name that no statement can hold may stay what it is.
+    if (!m_chosen->itself || entered.name != m_shownName) {
+        CompileSql(m_chosen->itself ? InsertStatement(entered)
+                                    : UpdateStatement(AnniversaryOf(*m_chosen), entered));  // or says why not
+        values.push_back({u"Name", entered.name});
+    }
+    auto work = std::make_unique<AnniversaryChange>(
+        m_parts.dayDatabase, QList<DayListRow>{*m_chosen}, std::vector<bool>{true},
+        [values](DayDatabase& database, qint64 key) { database.ChangeRow(u"Kinenbi", key, values); });
+    m_work->Start(std::move(work), [this](const WorkEnd& end) {
+        if (end.error) {
+            Tell();
+        } else if (!end.isStopped) {
+            Finish();
+        }
+    });
+}
+
+void Form6::Tell() {
+    m_isTelling = true;
+    m_parts.boxes.Show(this,
+                       {MessageIcon::Exclamation, u"データベース書込みエラー"_s,
+                        u"無効なデータが含まれているか、予期しないエラーが発生しました。"_s},
+                       [self = QPointer(this)] {
+                           if (self) {
+                               self->m_isTelling = false;
+                           }
+                       });
+}
+
+void Form6::Finish() {
     m_parts.changes.RaiseRefresh();
     accept();
 }
 
-void Form6::Write() {
-    const Anniversary entered = AnniversaryOf(Fields());
-    Opened(m_parts.dayDatabase).Execute(m_old ? UpdateStatement(*m_old, entered) : InsertStatement(entered));
+void Form6::reject() {
+    if (m_work->IsWorking()) {
+        m_work->Stop();
+    } else {
+        QDialog::reject();
+    }
 }
 
 }  // namespace tickwell

@@ -11,9 +11,11 @@
 #include <array>
 #include <optional>
 
+#include "book/anniversary_change.h"
 #include "book/book_parts.h"
 #include "book/editor_fields.h"
 #include "controls/up_down.h"
+#include "controls/work_bar.h"
 
 namespace tickwell {
 
@@ -28,6 +30,9 @@ public:
     /// more or cannot be read; there is then nothing to show.
     Form6(const BookParts& parts, QDate date, QWidget* parent);
 
+    /// Ends a running change first, which takes it back, and then stays open.
+    void reject() override;
+
 private:
     void MakeControls();
     void Connect();
@@ -35,7 +40,10 @@ private:
     void Option2_Click(AnniversaryKind kind);
     void Check2_Click();
     void Command1_Click();
-    void Write();
+    void Add(const Anniversary& entered);
+    void Change(const Anniversary& entered);
+    void Tell();
+    void Finish();
     void ShowFields(const EditorFields& fields);
     EditorFields Fields() const;
     AnniversaryKind Kind() const;
@@ -44,8 +52,9 @@ private:
     QLayout* WeekRow();
 
     BookParts m_parts;
-    bool m_isTelling = false;          // the box is open; another one would only cover it
-    std::optional<Anniversary> m_old;  // the row to change; nothing: one is added
+    bool m_isTelling = false;            // the box is open; another one would only cover it
+    std::optional<DayListRow> m_chosen;  // the row to change; nothing: one is added
+    QString m_shownName;                 // its name, as the field has it before the user types
     // All owned by the window, as its children.
     QLineEdit* m_Text1 = nullptr;
     UpDown* m_UpDown1 = nullptr;  // year
@@ -60,6 +69,7 @@ private:
     QComboBox* m_Combo2 = nullptr;  // ordinal
     QPushButton* m_Command1 = nullptr;
     QPushButton* m_Command2 = nullptr;
+    WorkBar* m_work = nullptr;
 };
 
 }  // namespace tickwell

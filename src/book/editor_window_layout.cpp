@@ -63,6 +63,8 @@ void Form6::MakeControls() {
     buttons->addWidget(m_Command1);
     buttons->addWidget(m_Command2);
     rows->addLayout(buttons);
+    m_work = new WorkBar(m_parts.timers, m_parts.handlers, u"更新しています"_s, this);
+    rows->addWidget(m_work);
 }
 
 QLayout* Form6::DateRow() {

@@ -70,6 +70,8 @@ void Form9::MakeControls() {
     buttons->addWidget(m_Command1);
     buttons->addWidget(m_Command2);
     rows->addLayout(buttons);
+    m_work = new WorkBar(m_parts.timers, m_parts.handlers, u"検索しています"_s, this);
+    rows->addWidget(m_work);
 }
 
 QGroupBox* Form9::NameFrame() {
@@ -175,9 +177,30 @@ void Form9::Command1_Click() {
             });
         return;
     }
-    SearchFinds finds = FindAnniversaries(Opened(m_parts.dayDatabase), *conditions);
+    auto work = std::make_unique<AnniversarySearch>(m_parts.Database(), *conditions);
+    AnniversarySearch& search = *work;
+    m_work->Start(std::move(work), [this, &search](const WorkEnd& end) {
+        if (end.error) {
+            std::rethrow_exception(end.error);
+        }
+        if (!end.isStopped) {
+            ShowFinds(search);
+        }
+    });
+}
+
+void Form9::ShowFinds(AnniversarySearch& search) {
+    SearchFinds finds = search.TakeFinds();
     m_parts.list.ListFound(std::move(finds.rows), finds.searched);
     accept();
+}
+
+void Form9::reject() {
+    if (m_work->IsWorking()) {
+        m_work->Stop();
+    } else {
+        QDialog::reject();
+    }
 }
 
 }  // namespace tickwell

@@ -13,6 +13,7 @@
 #include "book/book_parts.h"
 #include "book/date_frame.h"
 #include "book/search_fields.h"
+#include "controls/work_bar.h"
 
 namespace tickwell {
 
@@ -24,6 +25,9 @@ class Form9 : public QDialog {
 public:
     Form9(const BookParts& parts, QWidget* parent);
 
+    /// Ends a running search first, and then stays open.
+    void reject() override;
+
 private:
     void MakeControls();
     QGroupBox* NameFrame();
@@ -31,6 +35,7 @@ private:
     void Connect();
     void Form_Load();
     void Command1_Click();
+    void ShowFinds(AnniversarySearch& search);
     SearchFields Fields() const;
     RangeKind Range() const;
     void Enable();
@@ -49,6 +54,7 @@ private:
     DateFrame* m_Frame4 = nullptr;  // end
     QPushButton* m_Command1 = nullptr;
     QPushButton* m_Command2 = nullptr;
+    WorkBar* m_work = nullptr;
 };
 
 }  // namespace tickwell

@@ -10,10 +10,17 @@ namespace tickwell {
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+constexpr int kPause = 1;  // ms between two slices of a listing, for events
+
+}  // namespace
+
 Form5::Form5(const CalendarWindowParts& parts, QWidget* parent)
     : QDialog(parent),
       m_parts(parts),
-      m_calendar({parts.dayDatabase, parts.list, parts.clock, parts.boxes, parts.handlers, this}) {
+      m_calendar({parts.dayDatabase, parts.list, parts.clock, parts.boxes, parts.handlers, this}),
+      m_listing(parts.handlers.MakeTimer(parts.timers, kPause, [this] { GoOnListing(); })) {
     setObjectName(u"Form5"_s);
     setWindowTitle(u"カレンダー"_s);
     LayOut();
@@ -121,6 +128,18 @@ void Form5::ShowList() {
     m_rows->SetRows(m_parts.list.Rows());
     m_Label2->setText(m_parts.list.Heading());
     m_Label3->setText(m_parts.list.CountText());
+    if (m_parts.list.IsListing()) {
+        m_listing->Start();
+    }
+}
+
+void Form5::GoOnListing() {
+    if (m_parts.list.IsListing()) {
+        m_parts.list.GoOn();
+    }
+    if (!m_parts.list.IsListing()) {
+        m_listing->Stop();
+    }
 }
 
 /// The panel widens the window where it stands: near the right edge it moves back onto the screen.

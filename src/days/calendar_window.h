@@ -5,12 +5,12 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QRadioButton>
-#include <QTreeView>
 
 #include "days/calendar_window_parts.h"
 #include "days/day_list_model.h"
 #include "days/month_calendar.h"
 #include "days/month_view.h"
+#include "days/row_table.h"
 
 namespace tickwell {
 
@@ -65,9 +65,11 @@ private:
     void OpenEditor();
     void ShowAll();
     void ShowList();
+    void GoOnListing();
 
     CalendarWindowParts m_parts;
     MonthCalendar m_calendar;
+    std::unique_ptr<Timer> m_listing;   // runs while the list of a day is still being made
     QList<QWidget*> m_offWhileMarking;  // those that are there to be used at all; all controls are children
     QWidget* m_month = nullptr;
     QWidget* m_panel = nullptr;  // beside it
@@ -88,7 +90,7 @@ private:
     QPushButton* m_Command11 = nullptr;
     QPushButton* m_Command12 = nullptr;
     QPushButton* m_Command16 = nullptr;
-    QTreeView* m_ListView1 = nullptr;
+    RowTable* m_ListView1 = nullptr;
     DayListModel* m_rows = nullptr;
 };
 

@@ -131,15 +131,11 @@ void Form5::MakePanel() {
 }
 
 QWidget* Form5::MakeList() {
-    m_ListView1 = Named(new QTreeView, u"ListView1"_s, u"記念日の一覧"_s);
-    m_rows = new DayListModel(AnniversaryIcon(), m_ListView1);
+    m_ListView1 = Named(new RowTable, u"ListView1"_s, u"記念日の一覧"_s);
+    m_rows = new DayListModel(AnniversaryIcon(), DayListModel::Columns::All, m_ListView1);
     m_ListView1->setModel(m_rows);
-    m_ListView1->setRootIsDecorated(false);
-    m_ListView1->setUniformRowHeights(true);
-    m_ListView1->setAllColumnsShowFocus(true);
-    m_ListView1->setTabKeyNavigation(false);
     m_ListView1->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Ignored);  // as high as the month
-    QHeaderView* header = m_ListView1->header();
+    QHeaderView* header = m_ListView1->horizontalHeader();
     header->setStretchLastSection(false);
     header->setSectionsMovable(false);
     header->setSectionResizeMode(0, QHeaderView::Stretch);
@@ -162,11 +158,12 @@ void Form5::FitHeights() {
 
 /// The columns beside the name are as wide as what they mostly hold.
 void Form5::FitColumns() {
+    m_ListView1->FitRows();
     const QFontMetrics metrics = m_ListView1->fontMetrics();
     const int margin = 2 * metrics.averageCharWidth();
     for (std::size_t column = 0; column < kColumnSamples.size(); ++column) {
         const int width = metrics.horizontalAdvance(kColumnSamples.at(column).toString()) + margin;
-        m_ListView1->header()->resizeSection(static_cast<int>(column) + 1, width);
+        m_ListView1->horizontalHeader()->resizeSection(static_cast<int>(column) + 1, width);
     }
 }
 

@@ -38,6 +38,7 @@ struct CalendarWindowParts {
     Handlers& handlers;
     HelpViewer& help;
     BookWindows book;
+    TimerSource& timers;
 };
 
 }  // namespace tickwell

@@ -10,31 +10,64 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QString CountOf(qsizetype rows) {
+QString DayQuery(QDate date) {
+    return AnniversaryQuery(date.year(), date.month(), date.day(), WeekCode(date));
+}
+
+QString HeadingOf(QDate date) {
+    return date.toString(u"yyyy年M月d日") + u"の記念日";
+}
+
+QString CountOf(int rows) {
     return u"ﾃﾞｰﾀ件数 "_s + QString::number(rows) + u"件";
 }
 
 }  // namespace
 
-void DayList::ListDay(DayDatabase& database, QDate date, bool isPanelOpen) {
+void DayList::ListDay(DayDatabaseAccess database, QDate date, bool isPanelOpen) {
     Show({});
-    const ResultSet found = database.RunQuery(
-        AnniversaryQuery(date.year(), date.month(), date.day(), WeekCode(date)));  // fails even when unseen
+    Listing listing{std::move(database), date, RowSearch(DayQuery(date)), {}};
+    listing.mark = listing.database().Mark();
+    const bool isDone = listing.search.Step(listing.database());  // fails even when unseen
     if (!isPanelOpen) {
         return;
     }
-    m_heading = date.toString(u"yyyy年M月d日") + u"の記念日";
-    m_countText = CountOf(found.Count());
-    QList<DayListRow> rows;
-    for (const ResultRow& row : found) {
-        rows.append(DayListRowOf(row));
+    if (isDone) {
+        ShowDay(listing);
+    } else {
+        m_heading = HeadingOf(date);
+        m_countText = u"読み込んでいます"_s;
+        m_listing = std::move(listing);
+        Changed();
     }
+}
+
+void DayList::GoOn() {
+    Listing listing = std::move(*m_listing);
+    m_listing.reset();
+    DayDatabase& database = listing.database();
+    const ChangeMark mark = database.Mark();
+    if (mark != listing.mark) {
+        listing.search = RowSearch(DayQuery(listing.date));
+        listing.mark = mark;
+    }
+    if (listing.search.Step(database)) {
+        ShowDay(listing);
+    } else {
+        m_listing = std::move(listing);
+    }
+}
+
+void DayList::ShowDay(Listing& listing) {
+    ListedRows rows(listing.database, {{listing.search.Take(), RowForm::OfDay}});
+    m_heading = HeadingOf(listing.date);
+    m_countText = CountOf(rows.Count());
     Show(std::move(rows));
 }
 
-void DayList::ListFound(QList<DayListRow> rows, int searched) {
+void DayList::ListFound(ListedRows rows, int searched) {
     m_heading = u"検索結果 (検索対象 "_s + QString::number(searched) + u"件)";
-    m_countText = CountOf(rows.size());
+    m_countText = CountOf(rows.Count());
     Show(std::move(rows));
 }
 
@@ -48,14 +81,23 @@ std::optional<DayListRow> DayList::ChosenRow() const {
     if (m_selectedRow == 0) {
         return std::nullopt;
     }
-    if (m_selectedRow > m_rows.size()) {
+    std::optional<DayListRow> row;
+    if (m_selectedRow <= m_rows.Count()) {
+        row = m_rows.Read(m_selectedRow - 1);
+    }
+    if (!row) {
         throw RunTimeError(u"選択した項目が一覧にありません。"_s);
     }
-    return m_rows.at(m_selectedRow - 1);
+    return row;
 }
 
-void DayList::Show(QList<DayListRow> rows) {
+void DayList::Show(ListedRows rows) {
+    m_listing.reset();
     m_rows = std::move(rows);
+    Changed();
+}
+
+void DayList::Changed() const {
     if (m_changed) {
         m_changed();
     }

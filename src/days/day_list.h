@@ -6,8 +6,8 @@
 #include <functional>
 #include <optional>
 
-#include "days/day_list_row.h"
-#include "store/day_database.h"
+#include "days/listed_rows.h"
+#include "store/row_search.h"
 
 namespace tickwell {
 
@@ -16,7 +16,7 @@ namespace tickwell {
 /// finds into it; editor and deletion read from it.
 class DayList {
 public:
-    const QList<DayListRow>& Rows() const { return m_rows; }
+    const ListedRows& Rows() const { return m_rows; }
 
     /// Caption Label2: whose anniversaries these are.
     const QString& Heading() const { return m_heading; }
@@ -28,11 +28,19 @@ public:
     void WhenChanged(std::function<void()> changed) { m_changed = std::move(changed); }
 
     /// Lists the anniversaries that fall on `date`. With the panel closed the rows are taken away, and the
-    /// captions stay. Throws RunTimeError; the rows are then gone as well.
-    void ListDay(DayDatabase& database, QDate date, bool isPanelOpen);
+    /// captions stay. In a large database the list may still be empty afterwards: see IsListing. Throws
+    /// RunTimeError; the rows are then gone as well.
+    void ListDay(DayDatabaseAccess database, QDate date, bool isPanelOpen);
+
+    /// The rows of the day are still being looked for: GoOn is to be called until they are there. Whatever
+    /// else is listed ends it.
+    bool IsListing() const { return m_listing.has_value(); }
+
+    /// Looks for them for some milliseconds. Throws RunTimeError; the listing is then over.
+    void GoOn();
 
     /// Shows what a search found among `searched` entries.
-    void ListFound(QList<DayListRow> rows, int searched);
+    void ListFound(ListedRows rows, int searched);
 
     /// The row to edit, counted from 1; 0 means that a new one is to be added. It is kept from one editing to
     /// the next until another calendar window opens, whatever is listed in between, and can therefore be
@@ -50,9 +58,20 @@ public:
     std::optional<DayListRow> ChosenRow() const;
 
 private:
-    void Show(QList<DayListRow> rows);
+    /// The look-up of a day that takes more than one slice.
+    struct Listing {
+        DayDatabaseAccess database;
+        QDate date;
+        RowSearch search;
+        ChangeMark mark;
+    };
 
-    QList<DayListRow> m_rows;
+    void ShowDay(Listing& listing);
+    void Show(ListedRows rows);
+    void Changed() const;
+
+    ListedRows m_rows;
+    std::optional<Listing> m_listing;
     QString m_heading = QStringLiteral("記念日");
     QString m_countText = QStringLiteral("ﾃﾞｰﾀ件数 0件");
     int m_selectedRow = 0;

@@ -4,6 +4,7 @@
 #include "core/integer_text.h"
 #include "core/words.h"
 #include "days/day_rule.h"
+#include "store/sql_compiler.h"
 
 namespace tickwell {
 
@@ -49,9 +50,19 @@ QString ListWeekText(qint32 code) {
     return u"第"_s + digits.front() + u'週' + WeekdayLetter(digits.back().digitValue(), 1);
 }
 
-DayListRow DayListRowOf(const ResultRow& row) {
-    return {row.Text(u"Name"), YearOrMonthText(row.Integer(u"Year")), YearOrMonthText(row.Integer(u"Month")),
-            ListDayText(row.Integer(u"Day")), ListWeekText(row.Integer(u"Week"))};
+DayListRow DayListRowOf(const ResultRow& row, RowForm form) {
+    QString year = YearOrMonthText(row.Integer(u"Year"));
+    QString month = YearOrMonthText(row.Integer(u"Month"));
+    if (form != RowForm::OfDay) {
+        year = form == RowForm::OneDay ? QString::number(row.Integer(u"Year")) : EveryText();
+        month = form == RowForm::EveryMonth ? EveryText() : QString::number(row.Integer(u"Month"));
+    }
+    return {row.Text(u"Name"), year, month, ListDayText(row.Integer(u"Day")),
+            ListWeekText(row.Integer(u"Week"))};
+}
+
+bool IsNameable(const ResultRow& row) {
+    return row.IsExact() && IsQuotable(row.Text(u"Name"));
 }
 
 qint32 NumberOfListText(const QString& text) {

@@ -2,8 +2,10 @@
 #pragma once
 
 #include <QString>
+#include <optional>
 
 #include "days/anniversary.h"
+#include "store/found_row.h"
 #include "store/result_set.h"
 
 namespace tickwell {
@@ -16,6 +18,9 @@ struct DayListRow {
     QString month;  ///< "毎" for every month
     QString day;    ///< empty when the week says it
     QString week;   ///< "第2週月" for 22; empty when the day says it
+
+    /// The stored row, if no statement can name it (IsNameable): such a row is edited and deleted by its key.
+    std::optional<FoundRow> itself = std::nullopt;
 
     bool operator==(const DayListRow&) const = default;
 };
@@ -33,8 +38,16 @@ QString ListDayText(qint32 day);
 /// that is none, which anyone can store, is shown after the same rule: 20 as "第2週土", 5 as "第5週木".
 QString ListWeekText(qint32 code);
 
+/// How a row's year and month are shown. A search shows them by what was asked for: "毎" if every year or
+/// month was, else the stored number, also if that is 0.
+enum class RowForm { OfDay, OneDay, EveryYear, EveryMonth };
+
 /// A row of Kinenbi, with all five columns. Throws RunTimeError.
-DayListRow DayListRowOf(const ResultRow& row);
+DayListRow DayListRowOf(const ResultRow& row, RowForm form = RowForm::OfDay);
+
+/// Whether a statement can compare with the row's name. Other programs can store names that it cannot: with
+/// a double quote or a NUL in them, or bytes that are no UTF-8.
+bool IsNameable(const ResultRow& row);
 
 /// A text of the year, month or day column read back: 0 for "毎" and for the empty text. Throws RunTimeError.
 qint32 NumberOfListText(const QString& text);

@@ -168,7 +168,8 @@ void MonthCalendar::TogglePanel() {
 }
 
 void MonthCalendar::ListAnniversariesOfDay() {
-    m_parts.list.ListDay(Opened(m_parts.dayDatabase), m_selected, m_isPanelOpen);
+    m_parts.list.ListDay([&database = m_parts.dayDatabase]() -> DayDatabase& { return Opened(database); },
+                         m_selected, m_isPanelOpen);
 }
 
 void MonthCalendar::Tell(const QString& text) {

@@ -2,6 +2,7 @@
 #include "store/day_database.h"
 
 #include <QLoggingCategory>
+#include <QRandomGenerator>
 #include <QScopeGuard>
 
 #include "store/day_database_check.h"
@@ -15,28 +16,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 Q_LOGGING_CATEGORY(kLog, "tickwell.store", QtWarningMsg)
-
-constexpr qsizetype kDateLength = 10;  // of "1998-10-03"
-
-/// What can only stand in the file when another program put it there.
-RunTimeError ForeignValue() {
-    return RunTimeError(u"データベースの値が正しくありません。"_s);
-}
-
-ResultRow::Value ValueOf(const SqliteStatement& statement, int column, ColumnType type) {
-    if (type == ColumnType::Integer) {
-        const qint64 number = statement.Integer(column);
-        if (number != static_cast<qint32>(number)) {
-            throw ForeignValue();
-        }
-        return static_cast<qint32>(number);
-    }
-    const QString text = statement.Text(column);
-    if (type == ColumnType::Text) {
-        return text;
-    }
-    return text.size() == kDateLength ? QDate::fromString(text, Qt::ISODate) : QDate();
-}
 
 SqliteStatement& Bound(SqliteConnection& connection, const CompiledSql& compiled) {
     SqliteStatement& statement = connection.Prepared(compiled.text);
@@ -57,7 +36,7 @@ std::vector<ResultRow> Rows(SqliteConnection& connection, CompiledSql compiled) 
         std::vector<ResultRow::Value> values;
         values.reserve(columns->size());
         for (std::size_t i = 0; i < columns->size(); ++i) {
-            values.push_back(ValueOf(statement, static_cast<int>(i), (*columns)[i].type));
+            values.push_back(StoredValueAt(statement, static_cast<int>(i), (*columns)[i].type));
         }
         rows.emplace_back(columns, std::move(values));
     }
@@ -95,6 +74,7 @@ void DayDatabase::Open(LockedOpening opening) {
         m_connection.emplace(m_path, FileUse::Work, opening);
         CheckDayDatabase(*m_connection);
         m_connection->WaitForLocks();
+        m_serial = QRandomGenerator::global()->generate64();
     } catch (const RunTimeError& error) {
         m_connection.reset();
         throw RunTimeError(m_path + u"\r\n" + error.Reason());
@@ -132,6 +112,11 @@ int DayDatabase::Execute(const QString& sql) {
         statement.Step();
         return Connection().Changes();
     });
+}
+
+ChangeMark DayDatabase::Mark() {
+    SqliteConnection& connection = Connection();
+    return {m_serial, connection.FirstValue("PRAGMA data_version"), connection.TotalChanges()};
 }
 
 DayTransaction::DayTransaction(DayDatabase& database) : m_connection(database.Connection()) {

@@ -4,13 +4,29 @@
 #include <QString>
 #include <memory>
 #include <optional>
+#include <vector>
 
+#include "store/found_row.h"
 #include "store/result_set.h"
 #include "store/sqlite_connection.h"
 
 namespace tickwell {
 
-struct CompiledSql;
+/// Compares unequal once a row may have been changed: by this program, by another one, or while the database
+/// was closed.
+struct ChangeMark {
+    quint64 connection = 0;
+    QString dataVersion;
+    qint64 ownChanges = 0;
+
+    bool operator==(const ChangeMark&) const = default;
+};
+
+/// A column of the schema, and what is to be stored in it.
+struct ColumnValue {
+    QStringView column;
+    BoundValue value;
+};
 
 /// The one connection to the day database, kept for the whole run. It is spoken to in the language that
 /// store/sql_parser.h describes; no text of a caller's ever reaches the engine.
@@ -33,17 +49,51 @@ public:
     /// open; how many rows it changed. Throws SqlError; then no row was changed.
     int Execute(const QString& sql);
 
+    /// A row of `table`, which a RowSearch found; nothing if it was changed or deleted since. Throws
+    /// RunTimeError.
+    std::optional<ResultRow> ReadRow(QStringView table, const FoundRow& row);
+
+    /// Change one row by its key, whatever stands in it: for rows of which the language cannot speak. Throws
+    /// SqlError.
+    void DeleteRow(QStringView table, qint64 key);
+    void ChangeRow(QStringView table, qint64 key, const std::vector<ColumnValue>& values);
+
+    /// Throws SqlError.
+    ChangeMark Mark();
+
+    /// A DayTransaction is open.
+    bool IsInTransaction() const { return m_connection && m_connection->IsInTransaction(); }
+
 private:
     friend class DayTransaction;
+    friend class LargeCache;
+    friend class RowSearch;
     friend std::unique_ptr<DayDatabase> ClosedDayDatabase(const QString& path);
 
     DayDatabase() = default;
     void Open(LockedOpening opening);
     SqliteConnection& Connection();
+    void RunOnRow(const QByteArray& sql, qint64 key, const std::vector<ColumnValue>& values);
 
     QString m_path;
     QString m_loggedReason;
     std::optional<SqliteConnection> m_connection;  // empty while the file could not be opened
+    quint64 m_serial = 0;                          // another one for each opening
+};
+
+/// While it lives the connection may use 40 MB of memory for what it changes: without that each of many
+/// changes waits for the disk.
+class LargeCache {
+public:
+    /// `database` outlives it.
+    explicit LargeCache(DayDatabase& database);
+    ~LargeCache();
+    LargeCache(const LargeCache&) = delete;
+    LargeCache& operator=(const LargeCache&) = delete;
+
+private:
+    SqliteConnection& m_connection;
+    QString m_before;
 };
 
 /// All statements executed while it lives are stored at once by Commit, or not at all.

@@ -11,6 +11,8 @@
 
 namespace tickwell {
 
+class SqliteStatement;
+
 using ResultColumns = std::vector<SchemaColumn>;
 
 /// One row of an answer. Its values are read by the name of their column, whatever its case; a column that
@@ -20,11 +22,14 @@ public:
     using Value = std::variant<qint32, QString, QDate>;
 
     /// `values`: one for each of `columns`.
-    ResultRow(std::shared_ptr<const ResultColumns> columns, std::vector<Value> values);
+    ResultRow(std::shared_ptr<const ResultColumns> columns, std::vector<Value> values, bool isExact = true);
 
     const QString& Text(QStringView column) const;
     qint32 Integer(QStringView column) const;
     QDate Date(QStringView column) const;  ///< invalid if another program stored no date there
+
+    /// False if a text is not what is stored: bytes that are no UTF-8 have become U+FFFD.
+    bool IsExact() const { return m_isExact; }
 
 private:
     template <typename Type>
@@ -32,7 +37,12 @@ private:
 
     std::shared_ptr<const ResultColumns> m_columns;
     std::vector<Value> m_values;
+    bool m_isExact;
 };
+
+/// The value in a column of the row that `statement` stands on. Throws RunTimeError for one that another
+/// program stored and that is none of `type`.
+ResultRow::Value StoredValueAt(const SqliteStatement& statement, int column, ColumnType type);
 
 /// The answer to a query: all its rows as they were at that moment, in the order in which they were stored.
 class ResultSet {

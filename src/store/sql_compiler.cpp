@@ -109,7 +109,11 @@ private:
         return "UPDATE " + Quoted(m_table->name) + " SET " + assignments.join(", ") + Where(update.where);
     }
 
-    QByteArray Where(const Condition& condition) { return " WHERE " + Text(condition); }
+    QByteArray Where(const Condition& condition) {
+        m_result.table = m_table;
+        m_result.condition = Text(condition);
+        return " WHERE " + m_result.condition;
+    }
 
     QByteArray Text(const Condition& condition) {
         return std::visit([this](const auto& part) { return Text(part); }, condition);

@@ -18,8 +18,13 @@ struct CompiledSql {
     QByteArray text;
     std::vector<BoundValue> values;     // of ?1, ?2 ..
     std::vector<SchemaColumn> columns;  // of the rows that come back
+    const SchemaTable* table = nullptr;
+    QByteArray condition;  // what follows WHERE; its values are the last ones
     bool isQuery = false;
 };
+
+/// Whether `text` can stand between double quotes in a statement.
+bool IsQuotable(QStringView text);
 
 /// Translates a statement of the day database's language (days/sql_parser.h). Tables and columns are those of
 /// the schema; a column is compared with literals of its own type, texts by = alone; a condition compares a

@@ -48,6 +48,8 @@ QString Words(int engineCode) {
 SqlError::SqlError(const QString& reason, QString sql, int engineCode)
     : RunTimeError(reason), m_sql(std::move(sql)), m_engineCode(engineCode) {}
 
+ForeignValueError::ForeignValueError() : RunTimeError(u"データベースの値が正しくありません。"_s) {}
+
 QString EngineReason(int engineCode) {
     return u"%1(%2)"_s.arg(Words(engineCode)).arg(engineCode);
 }

@@ -20,6 +20,12 @@ private:
     int m_engineCode;
 };
 
+/// A value that can only stand in the file because another program put it there.
+class ForeignValueError : public RunTimeError {
+public:
+    ForeignValueError();
+};
+
 /// What an extended result code of SQLite means to the user, with the code in brackets.
 QString EngineReason(int engineCode);
 

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <limits>
 
+#include "store/sql_compiler.h"
 #include "store/sql_error.h"
 
 namespace tickwell {
@@ -25,6 +26,11 @@ bool IsLetter(QChar c) {
     return (c >= u'a' && c <= u'z') || (c >= u'A' && c <= u'Z');
 }
 
+/// What ends a text in quotes.
+bool EndsText(QChar c) {
+    return c == u'"' || c.isNull();
+}
+
 /// A part of a date: `least` to `most` digits; -1 when it is none.
 int DatePart(QStringView digits, int least, int most) {
     const bool fits = digits.size() >= least && digits.size() <= most;
@@ -32,6 +38,10 @@ int DatePart(QStringView digits, int least, int most) {
 }
 
 }  // namespace
+
+bool IsQuotable(QStringView text) {
+    return std::none_of(text.begin(), text.end(), EndsText);
+}
 
 std::optional<qint32> ExactInteger(QStringView text) {
     const bool negative = text.startsWith(u'-');
@@ -102,7 +112,7 @@ SqlToken SqlLexer::Integer() {
 
 SqlToken SqlLexer::Text() {
     ++m_position;  // the opening quote
-    const QStringView text = TakeWhile([](QChar c) { return c != u'"' && !c.isNull(); });
+    const QStringView text = TakeWhile([](QChar c) { return !EndsText(c); });
     if (At(m_position) != u'"') {
         Refuse(u"SQL文の文字列が正しくありません。"_s);
     }

@@ -122,6 +122,10 @@ int SqliteConnection::Changes() const {
     return sqlite3_changes(m_handle.get());
 }
 
+qint64 SqliteConnection::TotalChanges() const {
+    return sqlite3_total_changes64(m_handle.get());
+}
+
 bool SqliteConnection::IsInTransaction() const {
     return sqlite3_get_autocommit(m_handle.get()) == 0;
 }
@@ -171,6 +175,16 @@ QByteArray SqliteConnection::NativeName() const {
 
 void SqliteConnection::Fail(int result, const QString& sql) const {
     throw SqlError(EngineReason(result), sql, result);
+}
+
+InstructionLimit::InstructionLimit(SqliteConnection& connection, int instructions)
+    : m_connection(connection) {
+    sqlite3_progress_handler(
+        connection.m_handle.get(), instructions, [](void*) { return 1; }, nullptr);
+}
+
+InstructionLimit::~InstructionLimit() {
+    sqlite3_progress_handler(m_connection.m_handle.get(), 0, nullptr, nullptr);
 }
 
 }  // namespace tickwell

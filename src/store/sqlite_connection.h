@@ -59,6 +59,9 @@ public:
     /// How many rows the last INSERT, UPDATE or DELETE changed.
     int Changes() const;
 
+    /// Rows changed since the connection was opened.
+    qint64 TotalChanges() const;
+
     /// Also false after an error for which the engine itself took a transaction back.
     bool IsInTransaction() const;
 
@@ -73,6 +76,8 @@ public:
     QByteArray NativeName() const;
 
 private:
+    friend class InstructionLimit;
+
     struct Closer {
         void operator()(sqlite3* handle) const;
     };
@@ -86,6 +91,19 @@ private:
     std::stop_token m_stop;
     std::unique_ptr<sqlite3, Closer> m_handle;
     QHash<QByteArray, std::shared_ptr<SqliteStatement>> m_prepared;  // finalized before the file is closed
+};
+
+/// While it lives, a statement ends with SQLITE_INTERRUPT after about so many instructions.
+class InstructionLimit {
+public:
+    /// `connection` outlives it.
+    InstructionLimit(SqliteConnection& connection, int instructions);
+    ~InstructionLimit();
+    InstructionLimit(const InstructionLimit&) = delete;
+    InstructionLimit& operator=(const InstructionLimit&) = delete;
+
+private:
+    SqliteConnection& m_connection;
 };
 
 }  // namespace tickwell

@@ -26,6 +26,10 @@ void SqliteStatement::Bind(int index, qint32 value) {
     Check(sqlite3_bind_int(m_statement.get(), index, value));
 }
 
+void SqliteStatement::Bind(int index, qint64 value) {
+    Check(sqlite3_bind_int64(m_statement.get(), index, value));
+}
+
 void SqliteStatement::Bind(int index, const QString& value) {
     const QByteArray bytes = ToEngineText(value);
     Check(sqlite3_bind_text64(m_statement.get(), index, bytes.constData(),
@@ -49,9 +53,16 @@ qint64 SqliteStatement::Integer(int column) const {
 }
 
 QString SqliteStatement::Text(int column) const {
+    return FromEngineText(Bytes(column));
+}
+
+QByteArrayView SqliteStatement::Bytes(int column) const {
     const unsigned char* bytes = sqlite3_column_text(m_statement.get(), column);
-    const int size = sqlite3_column_bytes(m_statement.get(), column);
-    return FromEngineText(QByteArrayView(bytes, size));
+    return {bytes, sqlite3_column_bytes(m_statement.get(), column)};
+}
+
+bool SqliteStatement::IsNull(int column) const {
+    return sqlite3_column_type(m_statement.get(), column) == SQLITE_NULL;
 }
 
 void SqliteStatement::Check(int result) const {

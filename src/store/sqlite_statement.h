@@ -19,6 +19,7 @@ public:
 
     /// `index`: 1 for ?1.
     void Bind(int index, qint32 value);
+    void Bind(int index, qint64 value);
     void Bind(int index, const QString& value);
 
     /// Goes to the next row; false when there is none.
@@ -28,6 +29,9 @@ public:
     /// Values of the row it stands on; `column` is counted from 0.
     qint64 Integer(int column) const;
     QString Text(int column) const;
+    /// A text as it is stored; holds until the next step.
+    QByteArrayView Bytes(int column) const;
+    bool IsNull(int column) const;
 
 private:
     struct Finalizer {

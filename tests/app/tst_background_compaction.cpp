@@ -76,6 +76,7 @@ class TstBackgroundCompaction : public QObject {
 private Q_SLOTS:
     void TheCallerGoesOnMeanwhile();
     void OneThatRunsIsNotBegunAgain();
+    void ADatabaseInUseIsNotCompacted();
     void TheEndOfTheProgramStopsIt_data();
     void TheEndOfTheProgramStopsIt();
     void AFaultIsToldInTheReportBox();
@@ -104,7 +105,8 @@ void TstBackgroundCompaction::OneThatRunsIsNotBegunAgain() {
     Bench bench;
     bench.StartAndReachTheCopy();
     bool isTold = false;
-    bench.compaction->Start(&bench.window, [&isTold] { isTold = true; });  // of a dialog that was opened again
+    bench.compaction->Start(&bench.window,
+                            [&isTold] { isTold = true; });  // of a dialog that was opened again
     bench.gate.open.release();
     QTRY_VERIFY_WITH_TIMEOUT(isTold, 60'000);
     QCOMPARE(bench.done, 0);
@@ -114,6 +116,15 @@ void TstBackgroundCompaction::OneThatRunsIsNotBegunAgain() {
     bench.Start();
     QTRY_COMPARE_WITH_TIMEOUT(bench.done, 1, 60'000);
     QCOMPARE(bench.boxes.Shown().size(), 2);
+}
+
+void TstBackgroundCompaction::ADatabaseInUseIsNotCompacted() {
+    Bench bench;
+    const QByteArray before = BytesOf(bench.store.Path());
+    const std::unique_ptr<DayDatabase> lent = std::move(bench.database);
+    QVERIFY_THROWS_EXCEPTION(RunTimeError, bench.Start());
+    QCOMPARE(BytesOf(bench.store.Path()), before);
+    QVERIFY(bench.database == nullptr);
 }
 
 void TstBackgroundCompaction::TheEndOfTheProgramStopsIt_data() {

@@ -24,7 +24,7 @@ struct BookBench {
     VirtualTime time{QDateTime(QDate(1998, 11, 15), QTime(21, 5, 7))};
     FakeMessageBoxes boxes;
     Handlers handlers{boxes};
-    AnniversaryBook book{{database, list, changes, time, boxes, handlers}};
+    AnniversaryBook book{{database, list, changes, time, boxes, handlers, time}};
     QDate selected{1998, 10, 3};
     QWidget calendar;
     int closed = 0;
@@ -35,7 +35,9 @@ struct BookBench {
     Anniversaries Stored() const {
         return AnniversariesIn(database->RunQuery(QStringLiteral("SELECT * FROM Kinenbi WHERE Year <> 5")));
     }
-    void ListSelectedDay() { list.ListDay(*database, selected, true); }
+    void ListSelectedDay() {
+        list.ListDay([this]() -> DayDatabase& { return *database; }, selected, true);
+    }
 
     void OpenEditor() {
         book.OpenEditor(selected, &calendar, [this] { ++closed; });
@@ -49,6 +51,20 @@ struct BookBench {
         book.OpenSearch(&calendar);
         Activate();
     }
+    /// 70 000 anniversaries "n1", "n2" .. of every year: too many for one slice.
+    void AddMany() const {
+        store.Raw(
+            "WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 70000)"
+            "INSERT INTO Kinenbi(Name,Year,Month,Day,Week) SELECT 'n' || i,0,1 + i % 12,1 + i % 28,0 FROM n");
+    }
+    /// Lists all of them.
+    void ListMany() {
+        OpenSearch();
+        Click(QStringLiteral("Command1"));
+        time.Advance(10'000);
+    }
+    QString Count() const { return store.Raw("SELECT count(*) FROM Kinenbi").constFirst(); }
+
     /// Keys go to a window that is active, and fields that get the focus are selected only there.
     void Activate() const {
         if (QDialog* window = Window()) {

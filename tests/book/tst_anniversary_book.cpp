@@ -20,11 +20,15 @@ private Q_SLOTS:
     void AFailureAfterClosingIsReported();
     void ACalendarThatIsGoneIsNotTold();
     void ADayIsAddedListedEditedFoundAndDeleted();
+    void ALongSearchCanBeStopped_data();
+    void ALongSearchCanBeStopped();
+    void ALongSearchThatFailsIsReportedOnce();
+    void EditsAllEqualRowsOfALargeTable();
 };
 
 void TstAnniversaryBook::ARowThatIsGoneOpensNothingAndIsNotTold() {
     BookBench bench;
-    bench.list.ListFound({{u"a"_s, {}, {}, {}, {}}, {u"b"_s, {}, {}, {}, {}}}, 2);
+    bench.list.ListFound(QList<DayListRow>{{u"a"_s, {}, {}, {}, {}}, {u"b"_s, {}, {}, {}, {}}}, 2);
     bench.list.ChooseRow(1);
     bench.ListSelectedDay();
     bench.OpenEditor();
@@ -67,25 +71,82 @@ void TstAnniversaryBook::ADayIsAddedListedEditedFoundAndDeleted() {
     bench.Type(u"Text1"_s, u"party"_s);
     bench.Press(Qt::Key_Return);
     bench.ListSelectedDay();
-    QVERIFY((bench.list.Rows() == QList<DayListRow>{{u"party"_s, u"毎"_s, u"10"_s, u"3"_s, QString()}}));
+    QVERIFY(
+        (bench.list.Rows().Kept() == QList<DayListRow>{{u"party"_s, u"毎"_s, u"10"_s, u"3"_s, QString()}}));
 
     bench.OpenSearch();
     bench.Press(Qt::Key_Return);
-    QCOMPARE(bench.list.Rows().size(), 1);
+    QCOMPARE(bench.list.Rows().Kept().size(), 1);
     bench.list.ChooseRow(0);
     bench.OpenEditor();
     bench.Type(u"Text1"_s, u"feast"_s);
     bench.Click(u"Command1"_s);
     bench.ListSelectedDay();
-    QCOMPARE(bench.list.Rows().constFirst().name, u"feast"_s);
+    QCOMPARE(bench.list.Rows().Kept().constFirst().name, u"feast"_s);
 
     bench.OpenDeletion();
     bench.Click(u"Command3"_s);
     bench.Click(u"Command1"_s);
     bench.ListSelectedDay();
-    QVERIFY(bench.list.Rows().isEmpty());
+    QVERIFY(bench.list.Rows().Kept().isEmpty());
     QVERIFY(bench.Stored().empty());
     QCOMPARE(bench.changes.raised, 3);
+}
+
+void TstAnniversaryBook::ALongSearchCanBeStopped_data() {
+    QTest::addColumn<QString>("how");
+
+    QTest::newRow("Esc") << u"Esc"_s;
+    QTest::newRow("title bar") << u"title bar"_s;
+}
+
+void TstAnniversaryBook::ALongSearchCanBeStopped() {
+    QFETCH(QString, how);
+    BookBench bench;
+    bench.AddMany();
+    bench.OpenSearch();
+    bench.Click(u"Command1"_s);
+    bench.time.Advance(2);
+    if (how == u"Esc"_s) {
+        bench.Press(Qt::Key_Escape);
+    } else {
+        bench.Window()->close();
+    }
+    bench.time.Advance(10'000);
+    QVERIFY(bench.Window()->isVisible());
+    QVERIFY(bench.IsEnabled(u"Command1"_s));
+    QCOMPARE(bench.list.Heading(), u"記念日"_s);
+    bench.Press(Qt::Key_Escape);
+    QVERIFY(bench.Window() == nullptr);
+}
+
+void TstAnniversaryBook::ALongSearchThatFailsIsReportedOnce() {
+    BookBench bench;
+    bench.AddMany();
+    bench.OpenSearch();
+    bench.Click(u"Command1"_s);
+    bench.database.reset();
+    bench.time.Advance(10'000);
+    QCOMPARE(bench.boxes.Shown().size(), 1);
+    QVERIFY(bench.Window()->isVisible());
+    QVERIFY(bench.IsEnabled(u"Command1"_s));
+    QCOMPARE(bench.list.Heading(), u"記念日"_s);
+}
+
+void TstAnniversaryBook::EditsAllEqualRowsOfALargeTable() {
+    BookBench bench;
+    bench.AddMany();
+    bench.store.Raw("UPDATE Kinenbi SET Name = 'a', Month = 10, Day = 3 WHERE id > 1000");
+    bench.list.ListFound(QList<DayListRow>{{u"a"_s, u"毎"_s, u"10"_s, u"3"_s, QString()}}, 1);
+    bench.list.ChooseRow(0);
+    bench.OpenEditor();
+    bench.Type(u"Text1"_s, u"b"_s);
+    bench.Click(u"Command1"_s);
+    QVERIFY(bench.Window() != nullptr);
+    QTRY_VERIFY_WITH_TIMEOUT((bench.time.Advance(10), bench.Window() == nullptr), 120'000);
+    QCOMPARE(bench.store.Raw("SELECT Name,count(*) FROM Kinenbi WHERE id > 1000 GROUP BY Name"),
+             QStringList{u"b|69000"_s});
+    QCOMPARE(bench.changes.raised, 1);
 }
 
 QTEST_MAIN(TstAnniversaryBook)

@@ -3,6 +3,7 @@
 
 #include <QTest>
 
+#include "book/whole_work.h"
 #include "core/errors.h"
 #include "days/anniversary_model.h"
 #include "days/anniversary_texts.h"

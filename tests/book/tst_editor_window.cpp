@@ -41,6 +41,9 @@ private Q_SLOTS:
     void EnterWritesFromEveryField_data();
     void EnterWritesFromEveryField();
     void EditsTheChosenRow();
+    void EditsARowThatNoStatementCanName_data();
+    void EditsARowThatNoStatementCanName();
+    void ARowThatNoStatementCanNameGetsNoOtherSuchName();
     void AQuoteInTheNameIsToldAndAllStays();
     void NoSecondBoxCoversTheFirst();
     void EveryErrorHasTheSameMessage_data();
@@ -72,7 +75,7 @@ void TstEditorWindow::OpensToAdd() {
 
 void TstEditorWindow::OpensToEdit() {
     BookBench bench;
-    bench.list.ListFound({{u"例会"_s, u"毎"_s, u"毎"_s, QString(), u"第2週月"_s}}, 1);
+    bench.list.ListFound(QList<DayListRow>{{u"例会"_s, u"毎"_s, u"毎"_s, QString(), u"第2週月"_s}}, 1);
     bench.list.ChooseRow(0);
     bench.OpenEditor();
     QCOMPARE(bench.Window()->windowTitle(), u"記念日の編集"_s);
@@ -141,8 +144,60 @@ void TstEditorWindow::EditsTheChosenRow() {
     bench.Click(u"Command1"_s);
     QVERIFY(bench.Stored() == Anniversaries({{u"a"_s, 0, 10, 3, 0}, {u"c"_s, 2001, 10, 3, 0}}));
     QCOMPARE(bench.changes.raised, 1);
-    QCOMPARE(bench.list.Rows().size(), 2);  // the calendar refreshes it, not the editor
-    QCOMPARE(bench.list.Rows().at(1).name, u"b"_s);
+    QCOMPARE(bench.list.Rows().Kept().size(), 2);  // the calendar refreshes it, not the editor
+    QCOMPARE(bench.list.Rows().Kept().at(1).name, u"b"_s);
+}
+
+void TstEditorWindow::EditsARowThatNoStatementCanName_data() {
+    QTest::addColumn<QByteArray>("name");
+    QTest::addColumn<QString>("typed");
+    QTest::addColumn<QString>("stored");
+
+    const auto row = [](const char* label, const char* name, const QString& typed, const char* stored) {
+        QTest::newRow(label) << QByteArray(name) << typed << QString::fromLatin1(stored);
+    };
+    row("double quote, its name kept", "'x\"y'", QString(), "782279");
+    row("double quote, renamed", "'x\"y'", u"z"_s, "7A");
+    row("NUL, its name kept", "'x' || char(0) || 'y'", QString(), "780079");
+    row("NUL, renamed", "'x' || char(0) || 'y'", u"z"_s, "7A");
+    row("no UTF-8, its name kept", "CAST(x'61FF' AS TEXT)", QString(), "61FF");
+}
+
+void TstEditorWindow::EditsARowThatNoStatementCanName() {
+    QFETCH(QByteArray, name);
+    QFETCH(QString, typed);
+    QFETCH(QString, stored);
+    BookBench bench;
+    bench.store.Raw("INSERT INTO Kinenbi(Name,Year,Month,Day,Week) VALUES (" + name + ",0,10,0,17),(" + name +
+                    ",0,10,0,17)");
+    bench.ListSelectedDay();
+    bench.list.ChooseRow(1);
+    bench.OpenEditor();
+    bench.Click(u"Check2"_s);
+    if (!typed.isEmpty()) {
+        bench.Type(u"Text1"_s, typed);
+    }
+    bench.Type(u"Text4"_s, u"31"_s);
+    bench.Click(u"Command1"_s);
+    QVERIFY(bench.Window() == nullptr);
+    QVERIFY(bench.boxes.Shown().isEmpty());
+    QCOMPARE(bench.changes.raised, 1);
+    const QStringList rows = bench.store.Raw("SELECT hex(Name),Year,Month,Day,Week FROM Kinenbi ORDER BY id");
+    QVERIFY2(rows.at(0).endsWith(u"|0|10|0|17"), qPrintable(rows.at(0)));  // equal, and another one
+    QCOMPARE(rows.at(1), stored + u"|0|10|31|0");
+}
+
+void TstEditorWindow::ARowThatNoStatementCanNameGetsNoOtherSuchName() {
+    BookBench bench;
+    bench.store.Raw("INSERT INTO Kinenbi(Name,Year,Month,Day,Week) VALUES ('x\"y',0,10,3,0)");
+    bench.ListSelectedDay();
+    bench.list.ChooseRow(0);
+    bench.OpenEditor();
+    bench.Type(u"Text1"_s, u"x\"z"_s);
+    bench.Click(u"Command1"_s);
+    QCOMPARE(bench.boxes.Shown().size(), 1);
+    QVERIFY(bench.Window() != nullptr);
+    QCOMPARE(bench.store.Raw("SELECT Name FROM Kinenbi"), QStringList{u"x\"y"_s});
 }
 
 void TstEditorWindow::AQuoteInTheNameIsToldAndAllStays() {
@@ -279,7 +334,7 @@ void TstEditorWindow::OneDayTakesTheWeekAwayForGood() {
 void TstEditorWindow::ALoadedOneDayRowKeepsItsTickedBox() {
     BookBench bench;
     bench.Add({u"a"_s, 1998, 10, 0, 11});
-    bench.list.ListFound({{u"a"_s, u"1998"_s, u"10"_s, QString(), u"第1週日"_s}}, 1);
+    bench.list.ListFound(QList<DayListRow>{{u"a"_s, u"1998"_s, u"10"_s, QString(), u"第1週日"_s}}, 1);
     bench.list.ChooseRow(0);
     bench.OpenEditor();
     QVERIFY(bench.The<QCheckBox>(u"Check2"_s).isChecked());

@@ -28,7 +28,7 @@ struct Bench : CalendarBench {
 
     void Open() {
         form = std::make_unique<Form5>(
-            CalendarWindowParts{dayDatabase, list, time, boxes, handlers, help, book}, nullptr);
+            CalendarWindowParts{dayDatabase, list, time, boxes, handlers, help, book, time}, nullptr);
         Load();
     }
     void Load() const {
@@ -441,7 +441,7 @@ void TstCalendarWindow::WhatIsOffWhileMarking() {
     for (const int mode : {1, 2}) {
         bench.ClickMode(mode);
         QCOMPARE(Disabled(bench), off);
-        QVERIFY(bench.Find<QTreeView>(u"ListView1"_s).isEnabled());
+        QVERIFY(bench.Find<QTableView>(u"ListView1"_s).isEnabled());
         QVERIFY(bench.Find<QRadioButton>(u"Option1(0)"_s).isEnabled());
         bench.Key(Qt::Key_PageDown);
         QCOMPARE(bench.Heading(), u"1998年（平成10年）10月"_s);
@@ -511,7 +511,7 @@ void TstCalendarWindow::ThePanel() {
     bench.Click(u"Command6"_s);
     QCOMPARE(bench.Find(u"Command6"_s).text(), u"←閉"_s);
     QCOMPARE(bench.Find(u"Command6"_s).accessibleName(), u"記念日の一覧を閉じる"_s);
-    QVERIFY(bench.Find<QTreeView>(u"ListView1"_s).isVisible());
+    QVERIFY(bench.Find<QTableView>(u"ListView1"_s).isVisible());
     QTRY_VERIFY(bench.form->width() > closed);
     const int open = bench.form->width();
     QVERIFY(qAbs(open - closed * 8805.0 / 2715.0) <= 4);
@@ -519,7 +519,7 @@ void TstCalendarWindow::ThePanel() {
     bench.Click(u"Command6"_s);
     QCOMPARE(bench.Find(u"Command6"_s).text(), u"開→"_s);
     QTRY_COMPARE(bench.form->width(), closed);
-    QVERIFY(!bench.Find<QTreeView>(u"ListView1"_s).isVisible());
+    QVERIFY(!bench.Find<QTableView>(u"ListView1"_s).isVisible());
 }
 
 void TstCalendarWindow::TheListFollows() {
@@ -527,7 +527,7 @@ void TstCalendarWindow::TheListFollows() {
     bench.store.Raw(
         "INSERT INTO Kinenbi(Name,Year,Month,Day,Week) VALUES ('誕生日',0,10,20,0),('第3火曜',0,0,0,33)");
     bench.Open();
-    const QAbstractItemModel& rows = *bench.Find<QTreeView>(u"ListView1"_s).model();
+    const QAbstractItemModel& rows = *bench.Find<QTableView>(u"ListView1"_s).model();
     QCOMPARE(bench.Find<QLabel>(u"Label2"_s).text(), u"1998年10月3日の記念日"_s);
     bench.Click(u"Command6"_s);
     QCOMPARE(rows.rowCount(), 0);
@@ -538,7 +538,7 @@ void TstCalendarWindow::TheListFollows() {
     QCOMPARE(rows.index(1, 4).data().toString(), u"第3週火"_s);
     QCOMPARE(bench.Find<QLabel>(u"Label2"_s).text(), u"1998年10月20日の記念日"_s);
     QCOMPARE(bench.Find<QLabel>(u"Label3"_s).text(), u"ﾃﾞｰﾀ件数 2件"_s);
-    QVERIFY(!bench.Find<QTreeView>(u"ListView1"_s).selectionModel()->hasSelection());
+    QVERIFY(!bench.Find<QTableView>(u"ListView1"_s).selectionModel()->hasSelection());
 }
 
 void TstCalendarWindow::EditingTheSelectedRow() {
@@ -546,7 +546,7 @@ void TstCalendarWindow::EditingTheSelectedRow() {
     bench.store.Raw("INSERT INTO Kinenbi(Name,Year,Month,Day,Week) VALUES ('一',0,10,3,0),('二',0,10,3,0)");
     bench.Open();
     bench.Click(u"Command6"_s);
-    auto& view = bench.Find<QTreeView>(u"ListView1"_s);
+    auto& view = bench.Find<QTableView>(u"ListView1"_s);
     view.setCurrentIndex(view.model()->index(1, 0));
     bench.Click(u"Command9"_s);
     QCOMPARE(bench.asked, QStringList{u"edit 1998-10-03 row 2"_s});
@@ -564,7 +564,7 @@ void TstCalendarWindow::EditingWithoutASelectionTakesTheRowBefore() {
     bench.Open();
     bench.Click(u"Command6"_s);
     bench.Click(u"Command9"_s);
-    auto& view = bench.Find<QTreeView>(u"ListView1"_s);
+    auto& view = bench.Find<QTableView>(u"ListView1"_s);
     view.setCurrentIndex(view.model()->index(0, 0));
     bench.Click(u"Command9"_s);
     bench.closed();
@@ -623,7 +623,7 @@ void TstCalendarWindow::AddingDeletingSearching() {
     Bench bench;
     bench.Open();
     bench.Click(u"Command6"_s);
-    auto& view = bench.Find<QTreeView>(u"ListView1"_s);
+    auto& view = bench.Find<QTableView>(u"ListView1"_s);
     const auto add = [&] {
         bench.store.Raw("INSERT INTO Kinenbi(Name,Year,Month,Day,Week) VALUES ('新',0,10,3,0)");
     };
@@ -636,7 +636,7 @@ void TstCalendarWindow::AddingDeletingSearching() {
     bench.closed();
     QCOMPARE(view.model()->rowCount(), 2);
     bench.Click(u"Command12"_s);
-    bench.list.ListFound({{u"見つけた"_s, u"毎"_s, u"毎"_s, u"1"_s, QString()}}, 7);
+    bench.list.ListFound(QList<DayListRow>{{u"見つけた"_s, u"毎"_s, u"毎"_s, u"1"_s, QString()}}, 7);
     QCOMPARE(view.model()->rowCount(), 1);
     QCOMPARE(bench.asked, (QStringList{u"edit 1998-10-03 row 0"_s, u"remove"_s, u"search"_s}));
 }
@@ -710,7 +710,7 @@ void TstCalendarWindow::EnterAndSpaceClick() {
     bench.Key(Qt::Key_Enter);
     QCOMPARE(bench.Heading(), u"1998年（平成10年）11月"_s);
     bench.Click(u"Command6"_s);
-    bench.Find<QTreeView>(u"ListView1"_s).setFocus();
+    bench.Find<QTableView>(u"ListView1"_s).setFocus();
     bench.Key(Qt::Key_Return);  // nothing else is clicked by it
     QCOMPARE(bench.Heading(), u"1998年（平成10年）11月"_s);
     QVERIFY(bench.form->isVisible());

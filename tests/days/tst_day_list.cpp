@@ -25,10 +25,23 @@ struct Bench {
     Bench() {
         list.WhenChanged([this] { ++changes; });
     }
-    void ListDay(QDate date) { list.ListDay(*database, date, true); }
+    void ListDay(QDate date) {
+        list.ListDay([this]() -> DayDatabase& { return Opened(database); }, date, true);
+    }
+    /// 70 000 anniversaries of the third of October.
+    void AddMany() const {
+        store.Raw(
+            "WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 70000)"
+            "INSERT INTO Kinenbi(Name,Year,Month,Day,Week) SELECT 'n' || i,0,10,3,0 FROM n");
+    }
+    void Finish() {
+        while (list.IsListing()) {
+            list.GoOn();
+        }
+    }
     QStringList Names() const {
         QStringList names;
-        for (const DayListRow& row : list.Rows()) {
+        for (const DayListRow& row : list.Rows().Kept()) {
             names.append(row.name);
         }
         return names;
@@ -48,6 +61,9 @@ private Q_SLOTS:
     void WritesItsCaptionsInEveryLocale();
     void WithThePanelClosedOnlyTheRowsGo();
     void ADatabaseThatFailsLeavesNoRows();
+    void ADayOfManyRowsIsListedInSlices();
+    void WhatIsListedMeanwhileEndsASlowListing();
+    void ALargeListReadsTheRowsThatAreAskedFor();
     void ShowsWhatASearchFound();
     void TheNextDayTakesTheFindsAway();
     void ListsTheThirdMondayOnItself();
@@ -60,7 +76,7 @@ private Q_SLOTS:
 
 void TstDayList::BeginsEmpty() {
     const DayList list;
-    QVERIFY(list.Rows().isEmpty());
+    QVERIFY(list.Rows().Kept().isEmpty());
     QCOMPARE(list.Heading(), u"記念日"_s);
     QCOMPARE(list.CountText(), u"ﾃﾞｰﾀ件数 0件"_s);
     QCOMPARE(list.SelectedRow(), 0);
@@ -77,7 +93,7 @@ void TstDayList::ListsTheAnniversariesOfADay() {
     const QList<DayListRow> expected{{u"二"_s, u"1998"_s, u"10"_s, u"3"_s, QString()},
                                      {u"一"_s, u"毎"_s, u"毎"_s, QString(), u"第1週土"_s},
                                      {u"三"_s, u"毎"_s, u"10"_s, u"3"_s, QString()}};
-    QVERIFY(bench.list.Rows() == expected);
+    QVERIFY(bench.list.Rows().Kept() == expected);
     QCOMPARE(bench.list.Heading(), u"1998年10月3日の記念日"_s);
     QCOMPARE(bench.list.CountText(), u"ﾃﾞｰﾀ件数 3件"_s);
     QVERIFY(bench.changes > 0);
@@ -86,7 +102,7 @@ void TstDayList::ListsTheAnniversariesOfADay() {
 void TstDayList::LeavesOutNationalHolidays() {
     Bench bench;
     bench.ListDay(QDate(1998, 1, 1));
-    QVERIFY(bench.list.Rows().isEmpty());
+    QVERIFY(bench.list.Rows().Kept().isEmpty());
     QCOMPARE(bench.list.Heading(), u"1998年1月1日の記念日"_s);
     QCOMPARE(bench.list.CountText(), u"ﾃﾞｰﾀ件数 0件"_s);
 }
@@ -106,8 +122,8 @@ void TstDayList::WithThePanelClosedOnlyTheRowsGo() {
     bench.database->Execute(Insert(u"a"_s, 0, 10, 0, 0));
     bench.database->Execute(Insert(u"b"_s, 0, 10, 3, 0));
     bench.ListDay(kThirdOfOctober);
-    bench.list.ListDay(*bench.database, QDate(1998, 11, 3), false);
-    QVERIFY(bench.list.Rows().isEmpty());
+    bench.list.ListDay([&]() -> DayDatabase& { return *bench.database; }, QDate(1998, 11, 3), false);
+    QVERIFY(bench.list.Rows().Kept().isEmpty());
     QCOMPARE(bench.list.Heading(), u"1998年10月3日の記念日"_s);
     QCOMPARE(bench.list.CountText(), u"ﾃﾞｰﾀ件数 1件"_s);
 }
@@ -118,7 +134,51 @@ void TstDayList::ADatabaseThatFailsLeavesNoRows() {
     bench.ListDay(kThirdOfOctober);
     bench.store.Raw("DROP TABLE Kinenbi");
     QVERIFY_THROWS_EXCEPTION(RunTimeError, bench.ListDay(kThirdOfOctober));
-    QVERIFY(bench.list.Rows().isEmpty());
+    QVERIFY(bench.list.Rows().Kept().isEmpty());
+}
+
+void TstDayList::ADayOfManyRowsIsListedInSlices() {
+    Bench bench;
+    bench.AddMany();
+    bench.ListDay(kThirdOfOctober);
+    QVERIFY(bench.list.IsListing());
+    QCOMPARE(bench.list.Rows().Count(), 0);
+    QCOMPARE(bench.list.Heading(), u"1998年10月3日の記念日"_s);
+    QCOMPARE(bench.list.CountText(), u"読み込んでいます"_s);
+    bench.store.Raw("DELETE FROM Kinenbi WHERE id = 1");  // which begins anew
+    bench.Finish();
+    QCOMPARE(bench.list.CountText(), u"ﾃﾞｰﾀ件数 69999件"_s);
+    QCOMPARE(bench.list.Rows().Read(0)->name, u"n2"_s);
+}
+
+void TstDayList::WhatIsListedMeanwhileEndsASlowListing() {
+    Bench bench;
+    bench.AddMany();
+    bench.ListDay(kThirdOfOctober);
+    bench.ListDay(QDate(1998, 10, 4));
+    QVERIFY(!bench.list.IsListing());
+    QCOMPARE(bench.list.CountText(), u"ﾃﾞｰﾀ件数 0件"_s);
+    bench.ListDay(kThirdOfOctober);
+    bench.database.reset();
+    QVERIFY_THROWS_EXCEPTION(RunTimeError, bench.list.GoOn());
+    QVERIFY(!bench.list.IsListing());
+}
+
+void TstDayList::ALargeListReadsTheRowsThatAreAskedFor() {
+    Bench bench;
+    bench.AddMany();
+    bench.ListDay(kThirdOfOctober);
+    bench.Finish();
+    const ListedRows rows = bench.list.Rows();
+    QVERIFY(rows.Kept().isEmpty());
+    const DayListRow expected{u"n70000"_s, u"毎"_s, u"10"_s, u"3"_s, QString()};
+    QVERIFY(*rows.Read(69'999) == expected);
+    bench.store.Raw("UPDATE Kinenbi SET Day = 4 WHERE id = 70000");
+    QVERIFY(!rows.Read(69'999));
+    bench.list.ChooseRow(69'999);
+    QVERIFY_THROWS_EXCEPTION(RunTimeError, bench.list.ChosenRow());
+    bench.database.reset();
+    QVERIFY_THROWS_EXCEPTION(RunTimeError, rows.Read(0));
 }
 
 void TstDayList::ShowsWhatASearchFound() {
@@ -126,7 +186,7 @@ void TstDayList::ShowsWhatASearchFound() {
     const QList<DayListRow> found{{u"a"_s, u"毎"_s, u"毎"_s, u"1"_s, QString()},
                                   {u"b"_s, u"1998"_s, u"0"_s, u"1"_s, QString()}};
     bench.list.ListFound(found, 7);
-    QVERIFY(bench.list.Rows() == found);
+    QVERIFY(bench.list.Rows().Kept() == found);
     QCOMPARE(bench.list.Heading(), u"検索結果 (検索対象 7件)"_s);
     QCOMPARE(bench.list.CountText(), u"ﾃﾞｰﾀ件数 2件"_s);
     QCOMPARE(bench.changes, 1);
@@ -134,9 +194,9 @@ void TstDayList::ShowsWhatASearchFound() {
 
 void TstDayList::TheNextDayTakesTheFindsAway() {
     Bench bench;
-    bench.list.ListFound({{u"a"_s, u"毎"_s, u"毎"_s, u"1"_s, QString()}}, 1);
+    bench.list.ListFound(QList<DayListRow>{{u"a"_s, u"毎"_s, u"毎"_s, u"1"_s, QString()}}, 1);
     bench.ListDay(kThirdOfOctober);
-    QVERIFY(bench.list.Rows().isEmpty());
+    QVERIFY(bench.list.Rows().Kept().isEmpty());
     QCOMPARE(bench.list.Heading(), u"1998年10月3日の記念日"_s);
 }
 
@@ -158,7 +218,7 @@ void TstDayList::EditingWithoutASelectionAddsTheFirstTime() {
 
 void TstDayList::EditingWithoutASelectionUsesTheLastNumber() {
     DayList list;
-    list.ListFound({{u"a"_s, {}, {}, {}, {}}, {u"b"_s, {}, {}, {}, {}}}, 2);
+    list.ListFound(QList<DayListRow>{{u"a"_s, {}, {}, {}, {}}, {u"b"_s, {}, {}, {}, {}}}, 2);
     list.ChooseRow(1);
     QCOMPARE(list.SelectedRow(), 2);
     list.ChooseRow(std::nullopt);
@@ -168,7 +228,7 @@ void TstDayList::EditingWithoutASelectionUsesTheLastNumber() {
 
 void TstDayList::AddingPutsTheNumberBack() {
     DayList list;
-    list.ListFound({{u"a"_s, {}, {}, {}, {}}}, 1);
+    list.ListFound(QList<DayListRow>{{u"a"_s, {}, {}, {}, {}}}, 1);
     list.ChooseRow(0);
     list.ChooseNewRow();
     QVERIFY(!list.ChosenRow());
@@ -178,17 +238,17 @@ void TstDayList::AddingPutsTheNumberBack() {
 
 void TstDayList::TheNumberOutlivesTheRowsItWasTakenFrom() {
     DayList list;
-    list.ListFound({{u"a"_s, {}, {}, {}, {}}}, 1);
+    list.ListFound(QList<DayListRow>{{u"a"_s, {}, {}, {}, {}}}, 1);
     list.ChooseRow(0);
-    list.ListFound({{u"b"_s, {}, {}, {}, {}}}, 1);
+    list.ListFound(QList<DayListRow>{{u"b"_s, {}, {}, {}, {}}}, 1);
     QCOMPARE(list.ChosenRow()->name, u"b"_s);
 }
 
 void TstDayList::ANumberBeyondTheListIsRefused() {
     DayList list;
-    list.ListFound({{u"a"_s, {}, {}, {}, {}}, {u"b"_s, {}, {}, {}, {}}}, 2);
+    list.ListFound(QList<DayListRow>{{u"a"_s, {}, {}, {}, {}}, {u"b"_s, {}, {}, {}, {}}}, 2);
     list.ChooseRow(1);
-    list.ListFound({{u"a"_s, {}, {}, {}, {}}}, 1);
+    list.ListFound(QList<DayListRow>{{u"a"_s, {}, {}, {}, {}}}, 1);
     QVERIFY_THROWS_EXCEPTION(RunTimeError, list.ChosenRow());
 }
 

@@ -45,7 +45,7 @@ class Book(TickwellCase):
         """Goes from control to control until the one of this name has the focus; a list calls itself what its
         button does, and its row says that it has the focus when it has not."""
         for _ in range(CONTROLS):
-            if window.find(name=name, which=lambda node: "focused" in node.states and node.role != "tree"):
+            if window.find(name=name, which=lambda node: "focused" in node.states and node.role != "table"):
                 return
             self.hand.key("Tab")
         self.fail(f"Tab does not lead to {name}:\n{window.dump()}")
@@ -73,7 +73,7 @@ class Book(TickwellCase):
     def wait_list(self, calendar, *rows):
         """Waits until the list holds these rows: name, year, month, day, week."""
         calendar.wait(role="label", name=f"ﾃﾞｰﾀ件数 {len(rows)}件")
-        self.assertEqual(calendar.wait(role="tree").table(), [list(row) for row in rows])
+        self.assertEqual(calendar.wait(role="table").table(), [list(row) for row in rows])
 
     def wait_turns(self, *texts):
         for text in texts:
@@ -99,7 +99,7 @@ class Book(TickwellCase):
         calendar.wait(role="label", name="検索結果 (検索対象 1件)")
         self.wait_list(calendar, ("party", "毎", "11", "20", ""))
 
-        self.hand.click(calendar.wait(role="tree item", name="party"))
+        self.hand.click(calendar.wait(role="table cell", name="party"))
         self.press(calendar, "編集")
         self.window(EDITING)
         self.hand.type("feast")

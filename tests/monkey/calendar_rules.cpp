@@ -4,7 +4,7 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QRegularExpression>
-#include <QTreeView>
+#include <QTableView>
 
 #include "days/month_model.h"
 #include "monkey/rules.h"
@@ -123,11 +123,11 @@ void CheckPressed(const QWidget& form, int mode, Complaints& complaints) {
 }
 
 void CheckPanel(const QWidget& form, Complaints& complaints) {
-    const bool isOpen = ControlOf<QTreeView>(form, u"ListView1"_s).isVisible();
+    const bool isOpen = ControlOf<QTableView>(form, u"ListView1"_s).isVisible();
     complaints.Unless(ControlOf<QPushButton>(form, u"Command6"_s).text() == (isOpen ? u"←閉" : u"開→"),
                       u"the panel's button"_s);
     if (isOpen) {
-        const int rows = ControlOf<QTreeView>(form, u"ListView1"_s).model()->rowCount();
+        const int rows = ControlOf<QTableView>(form, u"ListView1"_s).model()->rowCount();
         const QString count = ControlOf<QLabel>(form, u"Label3"_s).text();
         complaints.Unless(rows == 0 || count == u"ﾃﾞｰﾀ件数 %1件"_s.arg(rows),
                           u"%1 rows, and the caption says %2"_s.arg(rows).arg(count));

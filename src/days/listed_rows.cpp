@@ -1,0 +1,55 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "days/listed_rows.h"
+
+namespace tickwell {
+
+namespace {
+
+constexpr int kMostKept = 1000;
+
+std::optional<DayListRow> ReadAs(RowForm form, const FoundRow& found, DayDatabase& database) {
+    const std::optional<ResultRow> row = database.ReadRow(u"Kinenbi", found);
+    if (!row) {
+        return std::nullopt;
+    }
+    DayListRow listed = DayListRowOf(*row, form);
+    if (!IsNameable(*row)) {
+        listed.itself = found;
+    }
+    return listed;
+}
+
+}  // namespace
+
+ListedRows::ListedRows(DayDatabaseAccess database, QList<ListedPart> parts)
+    : m_database(std::move(database)), m_parts(std::move(parts)) {
+    for (const ListedPart& part : m_parts) {
+        m_count += static_cast<int>(part.rows.size());
+    }
+    if (m_count > kMostKept) {
+        return;
+    }
+    for (int row = 0; row < m_count; ++row) {
+        if (std::optional<DayListRow> read = Read(row)) {
+            m_kept.append(std::move(*read));
+        }
+    }
+    m_parts.clear();
+    m_count = static_cast<int>(m_kept.size());
+}
+
+std::optional<DayListRow> ListedRows::Read(int row) const {
+    if (m_parts.isEmpty()) {
+        return m_kept.at(row);
+    }
+    qsizetype index = row;
+    for (const ListedPart& part : m_parts) {
+        if (index < part.rows.size()) {
+            return ReadAs(part.form, part.rows.at(index), m_database());
+        }
+        index -= part.rows.size();
+    }
+    Q_UNREACHABLE();
+}
+
+}  // namespace tickwell

@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QList>
+#include <functional>
+#include <optional>
+
+#include "days/day_list_row.h"
+#include "store/day_database.h"
+
+namespace tickwell {
+
+/// The open day database. Throws RunTimeError while it is closed.
+using DayDatabaseAccess = std::function<DayDatabase&()>;
+
+/// Rows of Kinenbi that are shown in the same form.
+struct ListedPart {
+    FoundRows rows;
+    RowForm form = RowForm::OfDay;
+};
+
+/// The rows of the day list. A few are kept as they were found; of many only the keys are, and each row is
+/// read when it is needed. Copies share their memory.
+class ListedRows {
+public:
+    ListedRows() = default;
+    // Not explicit: a list is rows.
+    ListedRows(QList<DayListRow> rows) : m_count(static_cast<int>(rows.size())), m_kept(std::move(rows)) {}
+
+    /// The parts one after another. Reads the rows if they are few. Throws RunTimeError.
+    ListedRows(DayDatabaseAccess database, QList<ListedPart> parts);
+
+    int Count() const { return m_count; }
+
+    /// `row`: 0 to Count() - 1. Nothing if the row was changed or deleted since, by another program. Throws
+    /// RunTimeError.
+    std::optional<DayListRow> Read(int row) const;
+
+    /// All of them if they are few, else none.
+    const QList<DayListRow>& Kept() const { return m_kept; }
+
+private:
+    int m_count = 0;
+    QList<DayListRow> m_kept;
+    DayDatabaseAccess m_database;
+    QList<ListedPart> m_parts;  // empty if the rows are kept
+};
+
+}  // namespace tickwell

@@ -1,0 +1,90 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include <QScopeGuard>
+
+#include "store/day_database.h"
+#include "store/row_search.h"
+#include "store/sql_error.h"
+#include "store/sqlite_text.h"
+
+namespace tickwell {
+
+namespace {
+
+QByteArray Identifier(QStringView name) {
+    return '"' + name.toLatin1() + '"';
+}
+
+/// A text that is no UTF-8 reads as another one, with U+FFFD in it.
+bool IsExact(const ResultRow::Value& value, QByteArrayView bytes) {
+    const auto* text = std::get_if<QString>(&value);
+    return text == nullptr || !text->contains(QChar::ReplacementCharacter) || ToEngineText(*text) == bytes;
+}
+
+}  // namespace
+
+std::optional<ResultRow> DayDatabase::ReadRow(QStringView tableName, const FoundRow& row) {
+    const SchemaTable& table = *FindTable(tableName);
+    const auto columns = std::make_shared<const ResultColumns>(table.columns.begin(), table.columns.end());
+    QByteArrayList names;
+    for (const SchemaColumn& column : *columns) {
+        names.append(Identifier(column.name));
+    }
+    SqliteStatement& statement = Connection().Prepared("SELECT " + names.join(',') + " FROM " +
+                                                       Identifier(table.name) + " WHERE \"id\" = ?1");
+    statement.Bind(1, row.key);
+    const auto atRest = qScopeGuard([&statement] { statement.Reset(); });
+    RowDigester digester;
+    if (!statement.Step() || DigestOf(statement, 0, table, digester).first != row.content) {
+        return std::nullopt;
+    }
+    std::vector<ResultRow::Value> values;
+    bool isExact = true;
+    for (std::size_t i = 0; i < columns->size(); ++i) {
+        const auto column = static_cast<int>(i);
+        values.push_back(StoredValueAt(statement, column, (*columns)[i].type));
+        isExact = isExact && IsExact(values.back(), statement.Bytes(column));
+    }
+    return ResultRow(columns, std::move(values), isExact);
+}
+
+void DayDatabase::DeleteRow(QStringView table, qint64 key) {
+    RunOnRow("DELETE FROM " + Identifier(FindTable(table)->name) + " WHERE \"id\" = ?1", key, {});
+}
+
+void DayDatabase::ChangeRow(QStringView tableName, qint64 key, const std::vector<ColumnValue>& values) {
+    const SchemaTable& table = *FindTable(tableName);
+    QByteArrayList assignments;
+    for (const ColumnValue& value : values) {
+        assignments.append(Identifier(value.column) + " = ?" + QByteArray::number(assignments.size() + 2));
+    }
+    RunOnRow("UPDATE " + Identifier(table.name) + " SET " + assignments.join(',') + " WHERE \"id\" = ?1", key,
+             values);
+}
+
+void DayDatabase::RunOnRow(const QByteArray& sql, qint64 key, const std::vector<ColumnValue>& values) {
+    SqliteStatement& statement = Connection().Prepared(sql);
+    const auto atRest = qScopeGuard([&statement] { statement.Reset(); });
+    int index = 1;
+    statement.Bind(index, key);
+    for (const ColumnValue& each : values) {
+        ++index;
+        std::visit([&](const auto& bound) { statement.Bind(index, bound); }, each.value);
+    }
+    statement.Step();
+}
+
+LargeCache::LargeCache(DayDatabase& database)
+    : m_connection(database.Connection()), m_before(m_connection.FirstValue("PRAGMA cache_size")) {
+    m_connection.Run("PRAGMA cache_size=-40000");  // KiB
+}
+
+LargeCache::~LargeCache() {
+    try {
+        m_connection.Run("PRAGMA cache_size=" + m_before.toLatin1());
+        m_connection.Run("PRAGMA shrink_memory");
+    } catch (const RunTimeError& error) {
+        qWarning("the day database keeps a large cache: %s", error.what());
+    }
+}
+
+}  // namespace tickwell

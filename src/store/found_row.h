@@ -1,0 +1,50 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QByteArray>
+#include <QList>
+#include <compare>
+#include <vector>
+
+#include "store/sql_compiler.h"
+
+namespace tickwell {
+
+/// 128 bits computed from all values of a row. Rows with equal values have equal digests; that two different
+/// rows share one is not to be expected within any number of rows a file can hold.
+struct RowDigest {
+    quint64 first = 0;
+    quint64 second = 0;
+
+    auto operator<=>(const RowDigest&) const = default;
+};
+
+/// Collects the values of one row after another; the buffer is reused.
+class RowDigester {
+public:
+    void Add(qint64 number);
+    void Add(QByteArrayView text);
+
+    /// The digest of what was added since the last call.
+    RowDigest Take();
+
+private:
+    QByteArray m_bytes;
+};
+
+/// `values`: one for each column, in the order of the schema.
+RowDigest DigestOf(const std::vector<BoundValue>& values);
+
+/// A row that a search has found: 16 bytes, whatever the row holds.
+struct FoundRow {
+    qint64 key = 0;       ///< the hidden id
+    quint64 content = 0;  ///< first half of the digest: differs once the row was changed
+
+    bool operator==(const FoundRow&) const = default;
+};
+
+using FoundRows = QList<FoundRow>;
+
+}  // namespace tickwell
+
+Q_DECLARE_TYPEINFO(tickwell::FoundRow, Q_PRIMITIVE_TYPE);

@@ -1,0 +1,68 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <functional>
+#include <optional>
+
+#include "store/day_database.h"
+#include "store/found_row.h"
+
+namespace tickwell {
+
+/// Finds the rows of one table in slices, in stored order, without keeping what they hold: a million finds
+/// take 16 MB. Nothing is locked between two slices. If the rows may have changed meanwhile (ChangeMark), the
+/// caller begins again with a new search.
+class RowSearch {
+public:
+    using Filter = std::function<bool(const RowDigest&)>;
+
+    /// The rows that `select` selects. Throws SqlError if it is not a SELECT.
+    explicit RowSearch(const QString& select);
+
+    /// All rows of `table`, a table of the schema, whose digest passes `filter`.
+    RowSearch(QStringView table, Filter filter);
+
+    /// Counts and keeps nothing from now on.
+    void CountOnly() { m_keeps = false; }
+
+    /// Looks at some thousand further rows, for a few milliseconds; true once it has seen all. Throws
+    /// SqlError.
+    bool Step(DayDatabase& database);
+
+    /// How far it is, 0 to 1.
+    double Part() const { return m_part; }
+
+    int Count() const { return m_count; }
+
+    /// The finds so far.
+    FoundRows Take();
+
+private:
+    bool TryWhole(SqliteConnection& connection);
+    bool Slice(SqliteConnection& connection);
+    void Enter(SqliteConnection& connection);
+    void Collect(SqliteStatement& statement);
+    SqliteStatement& Prepared(SqliteConnection& connection, const QByteArray& text) const;
+    QByteArray Select(const QByteArray& from) const;
+    void Forget();
+
+    QString m_sql;
+    CompiledSql m_compiled;
+    const SchemaTable* m_table = nullptr;
+    Filter m_filter;
+    RowDigester m_digester;
+    FoundRows m_found;
+    int m_count = 0;
+    bool m_keeps = true;
+    std::optional<qint64> m_next;  // first key of the next slice; nothing before the first one
+    qint64 m_first = 0;            // smallest and largest key
+    qint64 m_last = 0;
+    double m_part = 0;
+};
+
+/// The digest of the row that `statement` stands on, whose columns from `column` on are those of `table`.
+/// Throws RunTimeError for a number that another program stored and that is none of ours.
+RowDigest DigestOf(const SqliteStatement& statement, int column, const SchemaTable& table,
+                   RowDigester& digester);
+
+}  // namespace tickwell

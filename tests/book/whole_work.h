@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QScopeGuard>
+#include <thread>
+#include <tuple>
+
+#include "book/anniversary_deletion.h"
+#include "book/anniversary_search.h"
+
+namespace tickwell {
+
+/// The way to a database that stays open.
+inline DayDatabaseAccess AccessTo(DayDatabase& database) {
+    return [&database]() -> DayDatabase& { return database; };
+}
+
+/// Does all slices of a work; how many they were.
+inline int DoWhole(SlicedWork& work) {
+    int slices = 1;
+    while (!work.Step()) {
+        ++slices;
+        std::this_thread::yield();
+    }
+    return slices;
+}
+
+inline SearchFinds FindAnniversaries(DayDatabase& database, const SearchConditions& conditions) {
+    AnniversarySearch search(AccessTo(database), conditions);
+    DoWhole(search);
+    return search.TakeFinds();
+}
+
+inline void DeleteTicked(DayDatabase& database, const ListedRows& rows, const std::vector<bool>& isTicked) {
+    std::unique_ptr<DayDatabase> handle(&database);
+    const auto keep = qScopeGuard([&handle] { std::ignore = handle.release(); });
+    DoWhole(*DeletionOf(handle, rows, isTicked));
+}
+
+/// All rows, also those that are not kept.
+inline QList<DayListRow> AllOf(const ListedRows& rows) {
+    QList<DayListRow> all;
+    for (int row = 0; row < rows.Count(); ++row) {
+        all.append(*rows.Read(row));
+    }
+    return all;
+}
+
+}  // namespace tickwell
