@@ -99,7 +99,7 @@ class Book(TickwellCase):
         calendar.wait(role="label", name="検索結果 (検索対象 1件)")
         self.wait_list(calendar, ("party", "毎", "11", "20", ""))
 
-        self.hand.click(calendar.wait(role="table cell", name="party"))
+        self.hand.click(calendar.wait(role="cell", name="party"))
         self.press(calendar, "編集")
         self.window(EDITING)
         self.hand.type("feast")

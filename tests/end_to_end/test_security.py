@@ -147,7 +147,7 @@ class OutsideText(SecurityCase):
         self.assertIn(self.markup, day.name)
         self.wait_tip(day)
         self.session.hand.click(calendar.wait(name="記念日の一覧を開く"))
-        self.session.hand.click(calendar.wait(role="table cell", name=self.markup))
+        self.session.hand.click(calendar.wait(role="cell", name=self.markup))
         self.session.hand.click(calendar.wait(role="push button", name="編集"))
         editor = self.app.wait(role="dialog", name="記念日の編集", showing=True)
         self.assertTrue(editor.wait(role="text", which=lambda node: node.text == self.markup))
@@ -182,7 +182,7 @@ class OutsideText(SecurityCase):
         self.start(folder=self.folder)
         choose(self.session, self.app, "ﾍﾙﾌﾟ")
         window = self.app.wait(name="Tickwell ヘルプ", showing=True)
-        self.wait_tip(window.wait(role="table cell", name=self.markup))
+        self.wait_tip(window.wait(role="tree item", name=self.markup))
 
 
 if __name__ == "__main__":
