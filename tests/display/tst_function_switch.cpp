@@ -107,6 +107,7 @@ private Q_SLOTS:
     void TheCountdownIsShownWithItsWindow();
     void AnotherFunctionHidesTheCountdown();
     void TheBatteryIsReadAtOnce();
+    void AReadingThatComesTooLateIsDropped();
     void ANumberThatNamesNoFunctionStopsEverythingAndLeavesTheLines_data();
     void ANumberThatNamesNoFunctionStopsEverythingAndLeavesTheLines();
 };
@@ -187,6 +188,16 @@ void TstFunctionSwitch::TheBatteryIsReadAtOnce() {
     bench.power.SetReading({Mains::Off, 80, std::nullopt});
     bench.functions.ChangeFunction(4);
     QCOMPARE(bench.lower.TakeRecord(), QStringList{u"show 80％残っています"_s});
+}
+
+void TstFunctionSwitch::AReadingThatComesTooLateIsDropped() {
+    Bench bench;
+    bench.power.isSlow = true;
+    bench.functions.ChangeFunction(4);
+    bench.functions.ChangeFunction(5);
+    bench.lower.TakeRecord();
+    QVERIFY(!bench.power.Answer());
+    QCOMPARE(bench.lower.TakeRecord(), QStringList());
 }
 
 void TstFunctionSwitch::ANumberThatNamesNoFunctionStopsEverythingAndLeavesTheLines_data() {

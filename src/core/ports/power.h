@@ -20,7 +20,7 @@ struct PowerReading {
     bool operator==(const PowerReading&) const = default;
 };
 
-inline constexpr qint64 kLongestTimeLeft = 10 * 24 * 3600;  ///< s; what claims more is not known
+inline constexpr qint64 kLongestTimeLeft = 864'000;  ///< s, ten days; what claims more is not known
 
 /// A question for the power that is under way. Destroying it withdraws the question: there is no answer then.
 using PowerQuestion = std::shared_ptr<void>;
