@@ -14,7 +14,7 @@ namespace tickwell {
 namespace {
 
 constexpr std::chrono::milliseconds kPatience{1000};  // an opening takes 5 to 60
-constexpr std::chrono::milliseconds kMoment{100};     // so that most openings are known at once
+constexpr std::chrono::milliseconds kMoment{150};     // so that most openings are known at once
 
 }  // namespace
 

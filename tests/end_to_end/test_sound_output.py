@@ -70,8 +70,9 @@ class SoundOutput(TickwellCase):
         nowhere = {"PULSE_SERVER": f"unix:{self.session.directory}/nowhere", "SDL_AUDIODRIVER": ""}
         for environment in (nowhere, nowhere | {"SDL_AUDIODRIVER": "pulseaudio"}):
             player = self.play("赤ちゃん", 12, environment)
-            self.assertEqual(player.wait_end(10.0), 0, player.output())
-            self.assertIn("error 1", player.output())
+            self.assertEqual(player.wait_end(3 * SESSION), 0, player.output())
+            # A driver that takes its time to refuse is silence; one that refuses at once is an error.
+            self.assertRegex(player.output(), "error [01]\\b")
 
     def test_a_server_that_dies_is_silence(self):
         server = self.server()
