@@ -38,7 +38,7 @@ void BackgroundCompaction::Start(const QObject* owner, std::function<void()> don
             throw RunTimeError(u"データベースは使用中です。終わってからもう一度実行してください。"_s);
         }
         BeginCompaction(m_parts.dayDatabase, m_parts.folder);
-        m_listener = std::make_shared<Listener>(*this);
+        m_listener = std::make_shared<Listener>(Listener{*this});
         const std::shared_ptr<CompactionDisk> disk = m_makeDisk(m_stop.get_token());
         m_jobs.Do([disk, listener = std::weak_ptr(m_listener)] {
             const auto end = std::make_shared<CompactionEnd>(CompactDayFile(*disk));

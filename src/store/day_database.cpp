@@ -65,7 +65,8 @@ auto Run(const QString& sql, Job job) {
 
 }  // namespace
 
-DayDatabase::DayDatabase(const QString& path) : m_path(path) {
+DayDatabase::DayDatabase(const QString& path) : DayDatabase() {
+    m_path = path;
     Open(LockedOpening::Waits);
 }
 
