@@ -19,6 +19,7 @@
 #include "core/errors.h"
 #include "days/calendar_window.h"
 #include "platform/qt_message_boxes.h"
+#include "platform/qt_timers.h"
 #include "platform/virtual_time.h"
 #include "store/sqlite_connection.h"
 
@@ -96,7 +97,8 @@ Figures MeasureCalendar(const QString& path) {
     QtMessageBoxes boxes;
     Handlers handlers(boxes);
     NoHelp help;
-    Form5 window({database, list, time, boxes, handlers, help, {}}, nullptr);
+    QtTimers timers;
+    Form5 window({database, list, time, boxes, handlers, help, {}, timers}, nullptr);
     window.Form_Load();
     window.show();
     QImage picture(window.size(), QImage::Format_RGB32);

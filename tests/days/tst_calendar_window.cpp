@@ -581,7 +581,7 @@ void TstCalendarWindow::ARowChosenInOneWindowIsNotChosenInTheNext() {
     bench.store.Raw("INSERT INTO Kinenbi(Name,Year,Month,Day,Week) VALUES ('一',0,10,3,0)");
     bench.Open();
     bench.Click(u"Command6"_s);
-    auto& view = bench.Find<QTreeView>(u"ListView1"_s);
+    auto& view = bench.Find<QTableView>(u"ListView1"_s);
     view.setCurrentIndex(view.model()->index(0, 0));
     bench.Click(u"Command9"_s);
     bench.Open();
@@ -615,8 +615,8 @@ void TstCalendarWindow::AListThatOutlivesTheWindowTellsItNothing() {
     Bench bench;
     bench.Open();
     bench.form.reset();
-    bench.list.ListFound({{u"見つけた"_s, u"毎"_s, u"毎"_s, u"1"_s, QString()}}, 7);
-    QCOMPARE(bench.list.Rows().size(), 1);
+    bench.list.ListFound(QList<DayListRow>{{u"見つけた"_s, u"毎"_s, u"毎"_s, u"1"_s, QString()}}, 7);
+    QCOMPARE(bench.list.Rows().Count(), 1);
 }
 
 void TstCalendarWindow::AddingDeletingSearching() {
