@@ -91,8 +91,12 @@ private:
 
 void OpenBoxes::Open(QMessageBox* box, std::function<void(int button)> onClosed) {
     const auto callback = std::make_shared<std::function<void(int)>>(std::move(onClosed));
-    connect(box, &QDialog::finished, this,
-            [callback](int button) { std::exchange(*callback, nullptr)(button); });
+    connect(box, &QDialog::finished, this, [callback](int button) {
+        // A second press can have been on its way when the first closed the box.
+        if (const auto closed = std::exchange(*callback, nullptr)) {
+            closed(button);
+        }
+    });
     connect(box, &QObject::destroyed, this, [this, callback] {
         if (*callback) {  // its window is being destroyed: what the callback works with may be half gone
             QMetaObject::invokeMethod(

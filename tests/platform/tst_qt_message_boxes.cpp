@@ -67,6 +67,7 @@ class TstQtMessageBoxes : public QObject {
 private Q_SLOTS:
     void ATextIsNeverMarkup();
     void ClosingIsTold();
+    void ASecondPressIsTooLate();
     void TheAnswerIsTold_data();
     void TheAnswerIsTold();
     void ACheckBoxIsToldWithTheClosing_data();
@@ -91,6 +92,18 @@ void TstQtMessageBoxes::ATextIsNeverMarkup() {
     QCOMPARE(BoxOnScreen()->textFormat(), Qt::PlainText);
     QCOMPARE(BoxOnScreen()->icon(), QMessageBox::Question);
     BoxOnScreen()->close();
+}
+
+void TstQtMessageBoxes::ASecondPressIsTooLate() {
+    QtMessageBoxes boxes;
+    int closed = 0;
+    boxes.Show(nullptr, {MessageIcon::Critical, u"Tickwell"_s, u"実行時エラー"_s}, [&closed] { ++closed; });
+    const QPointer<QMessageBox> box = BoxOnScreen();
+    QAbstractButton* ok = box->button(QMessageBox::Ok);
+    ok->click();
+    QVERIFY(box != nullptr);  // until the event loop goes on
+    ok->click();
+    QCOMPARE(closed, 1);
 }
 
 void TstQtMessageBoxes::ClosingIsTold() {
