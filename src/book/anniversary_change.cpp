@@ -7,6 +7,7 @@
 
 #include "book/anniversary_statements.h"
 #include "core/errors.h"
+#include "store/large_cache.h"
 #include "store/sql_compiler.h"
 
 namespace tickwell {

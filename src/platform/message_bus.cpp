@@ -13,14 +13,14 @@ namespace tickwell {
 
 namespace {
 
-struct Unref {
-    void operator()(sd_bus_slot* slot) const { sd_bus_slot_unref(slot); }
-    void operator()(sd_bus_message* message) const { sd_bus_message_unref(message); }
-};
-
 constexpr quint64 kNoTimeout = std::numeric_limits<quint64>::max();  // the deadlines are kept here
 
 }  // namespace
+
+struct MessageBus::Unref {
+    void operator()(sd_bus_slot* slot) const { sd_bus_slot_unref(slot); }
+    void operator()(sd_bus_message* message) const { sd_bus_message_unref(message); }
+};
 
 struct MessageBus::Waiting {
     Answer onAnswer;

@@ -52,6 +52,7 @@ public:
     void Listen(QByteArrayList rules, std::function<void()> onSignal);
 
 private:
+    struct Unref;
     struct Waiting;
     struct Later {  // a notifier may go from inside its own signal
         void operator()(QSocketNotifier* notifier) const;

@@ -19,7 +19,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int kTries = 100;
-constexpr useconds_t kPause = 10'000;  // microseconds between two tries; a clean-up takes less
+constexpr useconds_t kPauseBetweenTries = 10'000;  // microseconds between two tries; a clean-up takes less
 
 constexpr QLatin1StringView kMark(".unfinished-");
 constexpr QLatin1StringView kPlaceholder("XXXXXX");  // Qt replaces it by letters
@@ -74,7 +74,7 @@ UnfinishedFilesInUse::UnfinishedFilesInUse(const QString& folder) : m_folder(Ope
         if (errno != EWOULDBLOCK && errno != EINTR) {
             break;
         }
-        usleep(kPause);
+        usleep(kPauseBetweenTries);
     }
 }
 

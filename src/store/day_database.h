@@ -81,21 +81,6 @@ private:
     quint64 m_serial = 0;                          // another one for each opening
 };
 
-/// While it lives the connection may use 40 MB of memory for what it changes: without that each of many
-/// changes waits for the disk.
-class LargeCache {
-public:
-    /// `database` outlives it.
-    explicit LargeCache(DayDatabase& database);
-    ~LargeCache();
-    LargeCache(const LargeCache&) = delete;
-    LargeCache& operator=(const LargeCache&) = delete;
-
-private:
-    SqliteConnection& m_connection;
-    QString m_before;
-};
-
 /// All statements executed while it lives are stored at once by Commit, or not at all.
 class DayTransaction {
 public:

@@ -73,18 +73,4 @@ void DayDatabase::RunOnRow(const QByteArray& sql, qint64 key, const std::vector<
     statement.Step();
 }
 
-LargeCache::LargeCache(DayDatabase& database)
-    : m_connection(database.Connection()), m_before(m_connection.FirstValue("PRAGMA cache_size")) {
-    m_connection.Run("PRAGMA cache_size=-40000");  // KiB
-}
-
-LargeCache::~LargeCache() {
-    try {
-        m_connection.Run("PRAGMA cache_size=" + m_before.toLatin1());
-        m_connection.Run("PRAGMA shrink_memory");
-    } catch (const RunTimeError& error) {
-        qWarning("the day database keeps a large cache: %s", error.what());
-    }
-}
-
 }  // namespace tickwell

@@ -12,7 +12,7 @@ from driver.answering import keeps_answering
 from driver.case import TickwellCase
 from driver.power import Machine, can_have_kernel_files
 from driver.sound_server import SoundServer
-from driver.tickwell import start_tickwell, tickwell_command, wait_lines, wait_on_screen
+from driver.tickwell import lines, start_tickwell, tickwell_command, wait_lines, wait_on_screen
 from driver.tray_hosts import TrayIcon, start_trayer, start_xfce_panel
 from driver.virtual_time import VirtualTime
 from driver.waiting import SLOWNESS, wait_for
@@ -54,6 +54,17 @@ class HangingCase(TickwellCase):
         self.session.hand.click(INSIDE)
         return self.app.wait(role="popup menu", name=MENU).wait(name=name)
 
+    def wait_patience(self):
+        """Waits until the program has given up each call that it has made: two seconds of its own clock, twice
+        its patience. A call that is answered before that is not lost."""
+        seen = set()
+
+        def turned():
+            seen.add(lines(self.app)[1])
+            return len(seen) > 3
+
+        wait_for(turned, "two seconds on the clock")
+
     def wait_item(self, enabled):
         """Waits until the window can be put away, or cannot, in the open menu."""
         item = self.menu_item(STORE)
@@ -87,6 +98,7 @@ class SessionBus(HangingCase):
             with self.stopped(self.bus):
                 self.session.hand.click(self.menu_item(STORE))  # before it is known that the bus hangs
                 self.wait_item(enabled=False)
+                self.wait_patience()
                 self.assertTrue(self.on_screen())
             self.session.hand.click(self.wait_item(enabled=True))
             wait_for(lambda: not self.on_screen(), "the window put away")
@@ -124,6 +136,7 @@ class TrayHosts(HangingCase):
             with self.stopped(host):
                 self.session.hand.click(self.menu_item(STORE))
                 self.wait_item(enabled=False)
+                self.wait_patience()
                 self.assertTrue(self.on_screen())
             self.session.hand.click(self.wait_item(enabled=True))
             wait_for(lambda: not self.on_screen(), "the window put away")
