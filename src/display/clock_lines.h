@@ -26,8 +26,8 @@ public:
 
     /// Dz_Timer1, first half: a new day, or a raised refresh flag, gives a new date text and new names. The
     /// upper line is left alone. If the database cannot be asked now, there are no names at first, and it is
-    /// tried again every five seconds; whoever left the database closed has told the user. Throws SqlError;
-    /// the day is then taken for looked up, so that the error does not come five times a second.
+    /// tried again every five seconds; the code that left the database closed has told the user. Throws
+    /// SqlError; the day is then taken for looked up, so that the error does not come five times a second.
     void LookUp();
 
     /// Dz_Timer1, second half: the time, when its text changed.

@@ -48,7 +48,7 @@ int FileOf(const QByteArray& bytes) {
     return file;
 }
 
-/// What a child starts with: the file to read, the pipe to write to, and no other file of ours.
+/// What a child starts with: the file to read, the pipe to write to, and none of this program's other files.
 class Actions {
 public:
     Actions(int input, int output) {

@@ -18,7 +18,8 @@ public:
 
     void Close(SDL_AudioDeviceID device);
 
-    /// SDL keeps its last error for each thread, and would never know that one of ours has ended.
+    /// SDL keeps its last error for each thread, and would never know that one of this program's threads has
+    /// ended.
     void ForgetThread();
 
     /// Once a device was opened.

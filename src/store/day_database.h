@@ -29,7 +29,7 @@ struct ColumnValue {
 };
 
 /// The one connection to the day database, kept for the whole run. It is spoken to in the language that
-/// store/sql_parser.h describes; no text of a caller's ever reaches the engine.
+/// store/sql_parser.h describes; no text of a caller ever reaches SQLite.
 ///
 /// It is open from its construction on, except one that ClosedDayDatabase made: that one opens with the first
 /// statement for which this is possible, without waiting for another program's lock.

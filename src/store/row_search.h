@@ -61,7 +61,7 @@ private:
 };
 
 /// The digest of the row that `statement` stands on, whose columns from `column` on are those of `table`.
-/// Throws RunTimeError for a number that another program stored and that is none of ours.
+/// Throws RunTimeError for a number beyond 32 bits, which only another program can have stored.
 RowDigest DigestOf(const SqliteStatement& statement, int column, const SchemaTable& table,
                    RowDigester& digester);
 

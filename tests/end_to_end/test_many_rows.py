@@ -1,7 +1,7 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 """A day database of a million anniversaries: the windows answer all the time, and the memory stays small.
 
-What a screen reader is told of a list with a million rows is not asked for here: the driver would walk through all of
+The test does not read a list of a million rows as a screen reader does: the driver would walk through all of
 it. Windows are waited for on the screen, and the rows are counted in the file."""
 
 import re

@@ -19,7 +19,7 @@ namespace {
 
 const Message kQuestion{MessageIcon::Question, u"印刷"_s, u"<b>一</b>\r\n二"_s};
 
-/// The box with this title that stands open, or null; without a title, any.
+/// The open box with this title, or null; without a title, any.
 QMessageBox* BoxOnScreen(const QString& title = {}) {
     for (QWidget* widget : QApplication::topLevelWidgets()) {
         auto* box = qobject_cast<QMessageBox*>(widget);

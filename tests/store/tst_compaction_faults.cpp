@@ -280,7 +280,7 @@ void TstCompactionFaults::AFileBeyondTheRangeIsAnOverflow() {
     QVERIFY(huge.open(QIODevice::WriteOnly) && huge.resize(qint64{1} << 31));
     QCOMPARE(bench.Fault(), OverflowError().Reason());
     QVERIFY(bench.boxes.Shown().isEmpty());
-    QVERIFY(!bench.handle->TryOpen());  // nor is it one of ours
+    QVERIFY(!bench.handle->TryOpen());  // it has none of the tables
     QCOMPARE(huge.size(), qint64{1} << 31);
 }
 

@@ -47,7 +47,7 @@ private Q_SLOTS:
     void LinksAreFollowedToTheEnd();
     void ALinkInACircleLeadsNowhere();
     void TheNextStartTidiesUpBehindTheLink();
-    void WhoeverOpensTheFileItselfKeepsACompactionAway();
+    void AProgramThatOpensTheTargetKeepsACompactionAway();
     void AJetFileBehindTheLinkIsImported();
 };
 
@@ -118,7 +118,7 @@ void TstDayLinks::TheNextStartTidiesUpBehindTheLink() {
     QCOMPARE(linked.bench.store.Rows(), rows);
 }
 
-void TstDayLinks::WhoeverOpensTheFileItselfKeepsACompactionAway() {
+void TstDayLinks::AProgramThatOpensTheTargetKeepsACompactionAway() {
     LinkedCase linked;
     const SharedFileLock other(linked.real);
     QCOMPARE(linked.bench.Fault(), QString());

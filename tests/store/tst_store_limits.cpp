@@ -50,7 +50,7 @@ void TstStoreLimits::AFileFromElsewhereGetsLittleMemory_data() {
     QTest::newRow("a check") << "PRAGMA ignore_check_constraints = 1; CREATE TABLE Extra(a CHECK(" + kLong +
                                     " > a)); INSERT INTO Extra VALUES (1)"
                              << none << none;
-    QTest::newRow("a check in a table of ours")
+    QTest::newRow("a check in a table of the schema")
         << WithSchema(R"(sql = replace(sql, '"Week" INTEGER', '"Week" INTEGER CHECK()" + kLong +
                       " > 0)') WHERE name = 'Kinenbi'")
         << none << none;

@@ -5,9 +5,9 @@
 
 namespace tickwell {
 
-/// Where the window manager keeps a window of ours: above the others, on all workspaces, out of taskbar and
-/// pager. Windows are named by their number in the window system. No function moves, sizes or shows a window
-/// or gives it the focus, and none waits for the window manager.
+/// Where the window manager keeps a window of this program: above the others, on all workspaces, out of
+/// taskbar and pager. Windows are named by their number in the window system. No function moves, sizes or
+/// shows a window or gives it the focus, and none waits for the window manager.
 class WindowStack {
 public:
     virtual ~WindowStack() = default;
