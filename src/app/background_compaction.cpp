@@ -12,7 +12,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr std::chrono::seconds kPatience{10};
+constexpr std::chrono::seconds kPatienceAtTheEnd{10};
 
 }  // namespace
 
@@ -22,7 +22,7 @@ struct BackgroundCompaction::Listener {
 };
 
 BackgroundCompaction::BackgroundCompaction(BackgroundCompactionParts parts, MakeDisk makeDisk)
-    : m_parts(std::move(parts)), m_makeDisk(std::move(makeDisk)), m_jobs(kPatience) {}
+    : m_parts(std::move(parts)), m_makeDisk(std::move(makeDisk)), m_jobs(kPatienceAtTheEnd) {}
 
 BackgroundCompaction::~BackgroundCompaction() {
     m_stop.request_stop();
