@@ -72,10 +72,13 @@ QMessageBox* MakeBox(const QObject* owner, const Message& message, QMessageBox::
 
 class QtOpenBox : public OpenBox {
 public:
-    explicit QtOpenBox(QMessageBox* box) : m_box(box) {}
+    /// `listener` is told of the box's end by the user.
+    QtOpenBox(QMessageBox* box, const QObject* listener) : m_box(box), m_listener(listener) {}
     ~QtOpenBox() override {
         if (m_box != nullptr) {
-            m_box->disconnect();
+            // Of the listener's connections alone: Qt's accessibility has one to the box, too, without which
+            // it would take the next box at the same address for this one.
+            m_box->disconnect(m_listener);
             m_box->hide();
             m_box->deleteLater();  // this can be called by a signal of the box
         }
@@ -85,6 +88,7 @@ public:
 
 private:
     QPointer<QMessageBox> m_box;
+    const QObject* m_listener;
 };
 
 }  // namespace
@@ -171,7 +175,7 @@ std::unique_ptr<OpenBox> QtMessageBoxes::ShowWaiting(const Message& message, std
     box->setDefaultButton(cancel);
     box->setEscapeButton(cancel);
     m_open.Open(box, [onCancel = std::move(onCancel)](int /*button*/) { onCancel(); });
-    return std::make_unique<QtOpenBox>(box);
+    return std::make_unique<QtOpenBox>(box, &m_open);
 }
 
 }  // namespace tickwell

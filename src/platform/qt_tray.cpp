@@ -182,7 +182,7 @@ void QtTray::Hide() {
         m_tray.reset();
         return;
     }
-    m_tray->disconnect();
+    QObject::disconnect(m_tray.get(), &QSystemTrayIcon::activated, nullptr, nullptr);
     m_leaving.push_back(std::move(m_tray));
     RemoveLeaving();
 }

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include <QAccessible>
 #include <QApplication>
 #include <QCheckBox>
 #include <QDialog>
@@ -212,11 +213,13 @@ void TstQtMessageBoxes::AWaitEndsWithItsBoxWithoutACall() {
     std::unique_ptr<OpenBox> wait = boxes.ShowWaiting(kQuestion, [&] { ++cancelled; });
     const QPointer<QMessageBox> box = BoxOnScreen();
     QVERIFY(box != nullptr);
+    const QAccessible::Id spoken = QAccessible::uniqueId(QAccessible::queryAccessibleInterface(box));
     wait.reset();
     QVERIFY(BoxOnScreen() == nullptr);
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     QVERIFY(box == nullptr);
     QCOMPARE(cancelled, 0);
+    QVERIFY(QAccessible::accessibleInterface(spoken) == nullptr);  // else another box would be taken for it
 }
 
 void TstQtMessageBoxes::ABoxBelongsToTheWindowThatAsks() {
