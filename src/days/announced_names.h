@@ -14,8 +14,11 @@ namespace tickwell {
 /// announced on its own day. Kept so on purpose: users have got used to it.
 int AnnouncedWeekCode(QDate day);
 
+/// A day has time to show 8640 names, for ten seconds each; those after them are not even read.
+inline constexpr int kMostAnnounced = 10'000;
+
 /// The names that the main window announces on `day`: of its anniversaries, then of its national holidays,
-/// each in the order in which they were stored. Throws SqlError.
+/// each in the order in which they were stored, and of each kind the first kMostAnnounced. Throws SqlError.
 QStringList AnnouncedNames(DayDatabase& database, QDate day);
 
 }  // namespace tickwell

@@ -27,12 +27,12 @@ SqliteStatement& Bound(SqliteConnection& connection, const CompiledSql& compiled
     return statement;
 }
 
-std::vector<ResultRow> Rows(SqliteConnection& connection, CompiledSql compiled) {
+std::vector<ResultRow> Rows(SqliteConnection& connection, CompiledSql compiled, std::size_t most) {
     SqliteStatement& statement = Bound(connection, compiled);
     const auto atRest = qScopeGuard([&statement] { statement.Reset(); });
     const auto columns = std::make_shared<const ResultColumns>(std::move(compiled.columns));
     std::vector<ResultRow> rows;
-    while (statement.Step()) {
+    while (rows.size() < most && statement.Step()) {
         std::vector<ResultRow::Value> values;
         values.reserve(columns->size());
         for (std::size_t i = 0; i < columns->size(); ++i) {
@@ -102,8 +102,10 @@ bool DayDatabase::TryOpen() {
     }
 }
 
-ResultSet DayDatabase::RunQuery(const QString& sql) {
-    return Run(sql, [&] { return ResultSet(Rows(Connection(), Compiled(sql, true))); });
+ResultSet DayDatabase::RunQuery(const QString& sql, int most) {
+    return Run(sql, [&] {
+        return ResultSet(Rows(Connection(), Compiled(sql, true), static_cast<std::size_t>(most)));
+    });
 }
 
 int DayDatabase::Execute(const QString& sql) {

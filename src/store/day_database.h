@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QString>
+#include <limits>
 #include <memory>
 #include <optional>
 #include <vector>
@@ -42,8 +43,8 @@ public:
     /// Opens the file if it is not open yet; false if that failed. The reason is logged when it is a new one.
     bool TryOpen();
 
-    /// Runs a SELECT. Throws SqlError.
-    ResultSet RunQuery(const QString& sql);
+    /// Runs a SELECT; at most its first `most` rows. Throws SqlError.
+    ResultSet RunQuery(const QString& sql, int most = std::numeric_limits<int>::max());
 
     /// Runs an INSERT, UPDATE or DELETE, which is on the disk when this returns unless a DayTransaction is
     /// open; how many rows it changed. Throws SqlError; then no row was changed.

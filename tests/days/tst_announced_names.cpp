@@ -30,6 +30,7 @@ private Q_SLOTS:
     void ADayWithNothingHasNoNames();
     void TheThirdMondayIsAnnouncedOnTheSecondTuesdayAndNeverOnItself();
     void AllThirtyFiveCodesOverAYear();
+    void NoMoreAreReadThanADayCanShow();
 };
 
 void TstAnnouncedNames::TheDigitsOfTheWeekCodeAreExchangedOnPurpose() {
@@ -87,6 +88,16 @@ void TstAnnouncedNames::AllThirtyFiveCodesOverAYear() {
         announced.unite(QSet<QString>(expected.begin(), expected.end()));
     }
     QCOMPARE(announced.size(), 25);  // those whose weekday is a Friday or a Saturday never are
+}
+
+void TstAnnouncedNames::NoMoreAreReadThanADayCanShow() {
+    const DayStore store;
+    store.Raw(
+        "WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 10001)"
+        "INSERT INTO Kinenbi(Name,Year,Month,Day,Week) SELECT i,0,11,3,0 FROM n");
+    DayDatabase database(store.Path());
+    const QStringList names = AnnouncedNames(database, QDate(2026, 11, 3));
+    QCOMPARE(names.mid(9998), (QStringList{u"9999"_s, u"10000"_s, u"文化の日"_s}));
 }
 
 QTEST_GUILESS_MAIN(TstAnnouncedNames)
