@@ -141,10 +141,11 @@ void MonthCalendar::DeleteMarks() {
             return;
         }
         *stillThere = false;
-        if (m_parts.dayDatabase) {  // else the program is ending, and took the box with it
-            m_parts.handlers.Run([this, answer, month] { DeleteAnswered(answer, month); }, m_parts.window);
-            m_whenAnswered();
+        if (answer == MessageAnswer::Cancel && !m_parts.dayDatabase) {
+            return;  // the program is ending, and took the box with it
         }
+        m_parts.handlers.Run([this, answer, month] { DeleteAnswered(answer, month); }, m_parts.window);
+        m_whenAnswered();
     };
     m_parts.boxes.Choose(m_parts.window,
                          {MessageIcon::Exclamation, u"ﾃﾞｰﾀ削除"_s, u"今月までのデーターも削除しますか？"_s},

@@ -69,6 +69,7 @@ private Q_SLOTS:
     void Deleting();
     void DeletingBeyondTheLastMonthSaysSoAfterwards();
     void AnAnswerThatComesTooLateDeletesNothing();
+    void ADeletionDuringACompactionSaysSo();
     void AFailingDeletionIsReportedAndKeepsAll();
     void ElevenControlsAreOffWhileMarking();
 };
@@ -362,6 +363,17 @@ void TstMonthMarks::AnAnswerThatComesTooLateDeletesNothing() {
     bench.dayDatabase.reset();  // the program is ending
     bench.boxes.Pick(MessageAnswer::Cancel);
     QVERIFY(bench.boxes.Shown().isEmpty());
+}
+
+void TstMonthMarks::ADeletionDuringACompactionSaysSo() {
+    CalendarBench bench;
+    bench.calendar.Load();
+    bench.calendar.DeleteMarks();
+    bench.dayDatabase.reset();
+    bench.boxes.Pick(MessageAnswer::Yes);
+    QVERIFY(!bench.calendar.IsWaiting());
+    QCOMPARE(bench.boxes.Shown().size(), 1);
+    QVERIFY(bench.boxes.Shown().constFirst().text.contains(u"データベースの最適化中です。"_s));
 }
 
 void TstMonthMarks::AFailingDeletionIsReportedAndKeepsAll() {
