@@ -80,7 +80,7 @@ bool RowSearch::TryWhole(SqliteConnection& connection) {
     Forget();
     try {
         const InstructionLimit limit(connection, kWholeInstructions);
-        Collect(Prepared(connection, Select(QByteArray()) + " ORDER BY \"id\""));
+        Collect(Prepared(connection, Select(QByteArray()) + R"( ORDER BY "id")"));
     } catch (const SqlError& error) {
         if (error.EngineCode() != SQLITE_INTERRUPT) {
             throw;
@@ -101,7 +101,7 @@ void RowSearch::Forget() {
 /// Where the slices begin, and where they will end.
 void RowSearch::Enter(SqliteConnection& connection) {
     SqliteStatement& ends =
-        connection.Prepared("SELECT min(\"id\"),max(\"id\") FROM \"" + m_table->name.toLatin1() + '"');
+        connection.Prepared(R"(SELECT min("id"),max("id") FROM ")" + m_table->name.toLatin1() + '"');
     const auto atRest = qScopeGuard([&ends] { ends.Reset(); });
     ends.Step();
     m_first = ends.Integer(0);
@@ -113,8 +113,8 @@ bool RowSearch::Slice(SqliteConnection& connection) {
     const QByteArray table = '"' + m_table->name.toLatin1() + '"';
     qint64 last = 0;
     {
-        SqliteStatement& end = connection.Prepared("SELECT max(\"id\") FROM (SELECT \"id\" FROM " + table +
-                                                   " WHERE \"id\" >= ?1 ORDER BY \"id\" LIMIT ?2)");
+        SqliteStatement& end = connection.Prepared(R"(SELECT max("id") FROM (SELECT "id" FROM )" + table +
+                                                   R"( WHERE "id" >= ?1 ORDER BY "id" LIMIT ?2))");
         const auto atRest = qScopeGuard([&end] { end.Reset(); });
         end.Bind(1, *m_next);
         end.Bind(2, kSlice);
@@ -126,9 +126,9 @@ bool RowSearch::Slice(SqliteConnection& connection) {
         last = end.Integer(0);
     }
     const auto values = static_cast<int>(m_compiled.values.size());
-    SqliteStatement& slice = Prepared(connection, Select(" NOT INDEXED") + " AND \"id\" BETWEEN ?" +
+    SqliteStatement& slice = Prepared(connection, Select(" NOT INDEXED") + R"( AND "id" BETWEEN ?)" +
                                                       QByteArray::number(values + 1) + " AND ?" +
-                                                      QByteArray::number(values + 2) + " ORDER BY \"id\"");
+                                                      QByteArray::number(values + 2) + R"( ORDER BY "id")");
     slice.Bind(values + 1, *m_next);
     slice.Bind(values + 2, last);
     Collect(slice);
