@@ -59,6 +59,10 @@ void TstWindowPlacing::ItStandsNear_data() {
         << QList<QRect>{{0, 348, 1000, 452}, {0, 0, 392, 348}, {392, 0, 608, 184}} << QPoint(400, 192);
     QTest::newRow("all is taken: beside the opener still")
         << upperLeft << QSize(200, 100) << QList<QRect>{{0, 0, 1000, 800}} << QPoint(0, 48);
+    QTest::newRow("all but the opener is taken: still not over the opener")
+        << QRect(400, 300, 400, 300) << QSize(200, 100)
+        << QList<QRect>{{0, 0, 1000, 300}, {0, 300, 400, 300}, {800, 300, 200, 300}, {0, 600, 1000, 200}}
+        << QPoint(400, 608);
     QTest::newRow("no room for two: not exactly over the other")
         << upperLeft << QSize(900, 700) << QList<QRect>{{0, 48, 900, 700}} << QPoint(100, 100);
 }
