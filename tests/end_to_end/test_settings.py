@@ -10,6 +10,7 @@ import unittest
 from driver import processes
 from driver.answering import keeps_answering
 from driver.case import TickwellCase
+from driver.hand import point_of
 from driver.tickwell import (main_window, make_folder, program_path, read_settings, start_tickwell, wait_lines,
                              wait_on_screen)
 from driver.virtual_time import VirtualTime
@@ -59,8 +60,12 @@ class SettingsCase(TickwellCase):
         self.session.hand.click(self.dialog.wait(role="page tab", name=name))
 
     def click(self, *targets, window=None):
+        window = window or self.dialog
         for target in targets:
-            self.session.hand.click((window or self.dialog).wait(**target))
+            node = window.wait(**target)
+            wait_for(lambda node=node: self.session.windows.name_at(*point_of(node)) == window.name,
+                     f"{window.name} uncovered at {target}")
+            self.session.hand.click(node)
 
     def is_on(self, target):
         return "checked" in self.dialog.wait(**target).states

@@ -19,23 +19,23 @@ class Hand:
         self._environment = environment
 
     def move(self, target):
-        self._do(*_move(_point(target)))
+        self._do(*_move(point_of(target)))
 
     def click(self, target, button=LEFT, times=1):
-        self._do(*_move(_point(target)), "click", "--repeat", times, "--delay", DOUBLE_CLICK_PACE, button)
+        self._do(*_move(point_of(target)), "click", "--repeat", times, "--delay", DOUBLE_CLICK_PACE, button)
 
     def press(self, target, button=LEFT):
-        self._do(*_move(_point(target)), "mousedown", button)
+        self._do(*_move(point_of(target)), "mousedown", button)
 
     def release(self, target, button=LEFT):
-        self._do(*_move(_point(target)), "mouseup", button)
+        self._do(*_move(point_of(target)), "mouseup", button)
 
     def wheel(self, target, notches):
         """Turns the wheel over the target; a positive number of notches is down."""
         self.click(target, WHEEL_DOWN if notches > 0 else WHEEL_UP, abs(notches))
 
     def drag(self, start, end, button=LEFT):
-        (x0, y0), (x1, y1) = _point(start), _point(end)
+        (x0, y0), (x1, y1) = point_of(start), point_of(end)
         steps = [(x0 + (x1 - x0) * step // DRAG_STEPS, y0 + (y1 - y0) * step // DRAG_STEPS)
                  for step in range(1, DRAG_STEPS + 1)]
         moves = [word for step in steps for word in (*_move(step), "sleep", DRAG_PACE)]
@@ -57,7 +57,7 @@ class Hand:
             raise RuntimeError(f"{' '.join(command)}: {result.returncode} {result.stderr}")
 
 
-def _point(target):
+def point_of(target):
     if isinstance(target, tuple):
         return target
     x, y, width, height = target.extents

@@ -61,6 +61,20 @@ class XWindows:
         windows = (self._described(frame) for frame in self._root.query_tree().children)
         return [window for window in windows if window is not None]
 
+    def name_at(self, x, y):
+        """Name of the topmost window at a point of the screen; empty for a frame whose window has gone, which takes
+        clicks until its manager removes it."""
+        for frame in reversed(self._root.query_tree().children):
+            try:
+                area = frame.get_geometry()
+                if area.x <= x < area.x + area.width and area.y <= y < area.y + area.height:
+                    window = self._described(frame)
+                    if window is not None:
+                        return window.name
+            except error.XError:
+                pass
+        return ""
+
     def find(self, name=None, pid=None):
         """Id of the topmost window with this name, this process or both; None where there is none."""
         for window in reversed(self.stacking()):
