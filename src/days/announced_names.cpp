@@ -16,7 +16,7 @@ QStringList AnnouncedNames(DayDatabase& database, QDate day) {
     QStringList names;
     for (const QString& query : {AnniversaryQuery(day.year(), day.month(), day.day(), AnnouncedWeekCode(day)),
                                  HolidayQuery(day.month(), day.day())}) {
-        for (const ResultRow& row : database.RunQuery(query, kMostAnnounced)) {
+        for (const ResultRow& row : database.RunQueryForFirst(kMostAnnounced, query)) {
             names.append(row.Text(u"Name"));
         }
     }

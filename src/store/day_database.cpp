@@ -1,9 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "store/day_database.h"
 
+#include <sqlite3.h>
+
 #include <QLoggingCategory>
 #include <QRandomGenerator>
 #include <QScopeGuard>
+#include <limits>
 
 #include "store/day_database_check.h"
 #include "store/sql_compiler.h"
@@ -16,6 +19,9 @@ using namespace Qt::StringLiterals;
 namespace {
 
 Q_LOGGING_CATEGORY(kLog, "tickwell.store", QtWarningMsg)
+
+// Of SQLite, some 10 ms: more mean that an index led to very many rows, which are then sorted.
+constexpr int kFirstInstructions = 500'000;
 
 SqliteStatement& Bound(SqliteConnection& connection, const CompiledSql& compiled) {
     SqliteStatement& statement = connection.Prepared(compiled.text);
@@ -102,9 +108,26 @@ bool DayDatabase::TryOpen() {
     }
 }
 
-ResultSet DayDatabase::RunQuery(const QString& sql, int most) {
+ResultSet DayDatabase::RunQuery(const QString& sql) {
     return Run(sql, [&] {
-        return ResultSet(Rows(Connection(), Compiled(sql, true), static_cast<std::size_t>(most)));
+        return ResultSet(Rows(Connection(), Compiled(sql, true), std::numeric_limits<std::size_t>::max()));
+    });
+}
+
+ResultSet DayDatabase::RunQueryForFirst(int most, const QString& sql) {
+    return Run(sql, [&] {
+        SqliteConnection& connection = Connection();
+        CompiledSql compiled = Compiled(sql, true);
+        try {
+            const InstructionLimit limit(connection, kFirstInstructions);
+            return ResultSet(Rows(connection, compiled, static_cast<std::size_t>(most)));
+        } catch (const SqlError& error) {
+            if (error.EngineCode() != SQLITE_INTERRUPT) {
+                throw;
+            }
+        }
+        compiled.text = compiled.fromTheStart;
+        return ResultSet(Rows(connection, std::move(compiled), static_cast<std::size_t>(most)));
     });
 }
 

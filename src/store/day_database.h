@@ -2,7 +2,6 @@
 #pragma once
 
 #include <QString>
-#include <limits>
 #include <memory>
 #include <optional>
 #include <vector>
@@ -43,8 +42,12 @@ public:
     /// Opens the file if it is not open yet; false if that failed. The reason is logged when it is a new one.
     bool TryOpen();
 
-    /// Runs a SELECT; at most its first `most` rows. Throws SqlError.
-    ResultSet RunQuery(const QString& sql, int most = std::numeric_limits<int>::max());
+    /// Runs a SELECT. Throws SqlError.
+    ResultSet RunQuery(const QString& sql);
+
+    /// Runs a SELECT as far as its first `most` rows, which takes no longer if a million follow. Throws
+    /// SqlError.
+    ResultSet RunQueryForFirst(int most, const QString& sql);
 
     /// Runs an INSERT, UPDATE or DELETE, which is on the disk when this returns unless a DayTransaction is
     /// open; how many rows it changed. Throws SqlError; then no row was changed.

@@ -62,8 +62,10 @@ private:
         for (const SchemaColumn& column : m_result.columns) {
             names.append(Quoted(column.name));
         }
-        return "SELECT " + names.join(',') + " FROM " + Quoted(m_table->name) + Where(select.where) +
-               " ORDER BY \"id\"";
+        const QByteArray from = "SELECT " + names.join(',') + " FROM " + Quoted(m_table->name);
+        const QByteArray rest = Where(select.where) + R"( ORDER BY "id")";
+        m_result.fromTheStart = from + " NOT INDEXED" + rest;
+        return from + rest;
     }
 
     QByteArray Text(const DeleteStatement& erase) {

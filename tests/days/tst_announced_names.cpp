@@ -93,7 +93,7 @@ void TstAnnouncedNames::AllThirtyFiveCodesOverAYear() {
 void TstAnnouncedNames::NoMoreAreReadThanADayCanShow() {
     const DayStore store;
     store.Raw(
-        "WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 10001)"
+        "WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 60001)"
         "INSERT INTO Kinenbi(Name,Year,Month,Day,Week) SELECT i,0,11,3,0 FROM n");
     DayDatabase database(store.Path());
     const QStringList names = AnnouncedNames(database, QDate(2026, 11, 3));
