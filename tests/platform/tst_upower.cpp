@@ -69,6 +69,7 @@ void TstUpower::PropertiesAreRead_data() {
     deviceRow("more than full", percentage, 100.5, std::nullopt);
     deviceRow("far more than full", percentage, 250.0, std::nullopt);
     deviceRow("a negative charge", percentage, -7.0, std::nullopt);
+    deviceRow("just below empty", percentage, -0.6, std::nullopt);
     deviceRow("no number", percentage, std::nan(""), std::nullopt);
     deviceRow("infinite", percentage, std::numeric_limits<double>::infinity(), std::nullopt);
     deviceRow("infinite and negative", percentage, -std::numeric_limits<double>::infinity(), std::nullopt);
