@@ -52,25 +52,21 @@ def keeps_answering(session, program, window=None, limit=LONGEST):
 
 
 class _Starvation:
-    """Seconds for which processes were ready to run and had no processor; of the X server and of ourselves the time that
-    they worked as well."""
+    """Seconds for which the program's threads were ready to run and had no processor, for one may hold what another waits
+    for; of the X server and of ourselves the time that they worked as well."""
 
     def __init__(self, program, others):
         self._program = Path(f"/proc/{program}/task")
         self._others = [Path(f"/proc/{pid}/schedstat") for pid in others] + [Path("/proc/self/schedstat")]
 
     def read(self):
-        # The thread that reads from the X server may starve as well as the one that answers.
-        waited = sum(self._times(task / "schedstat")[1] for task in self._program.iterdir()
-                     if task.name == self._program.parent.name or "Xcb" in self._name(task))
-        return (waited + sum(sum(self._times(path)) for path in self._others)) / 1e9
+        """What `since` compares: nanoseconds up to now, by thread or process."""
+        counts = {task.name: self._times(task / "schedstat")[1] for task in self._program.iterdir()}
+        return counts | {path: sum(self._times(path)) for path in self._others}
 
-    @staticmethod
-    def _name(task):
-        try:
-            return (task / "comm").read_text()
-        except OSError:  # the thread has ended
-            return ""
+    def since(self, before):
+        now = self.read()  # a thread that has ended in between is no longer in it
+        return sum(max(0, count - before.get(name, 0)) for name, count in now.items()) / 1e9
 
     @staticmethod
     def _times(path):
@@ -110,8 +106,8 @@ class _Probe:
     def note(self):
         """Takes the present ping into account, answered or not."""
         if self._begun:
-            began, starved = self._begun
-            self.longest = max(self.longest, time.monotonic() - began - (self._starvation.read() - starved))
+            began, before = self._begun
+            self.longest = max(self.longest, time.monotonic() - began - self._starvation.since(before))
 
     def _answered(self):
         while self._display.pending_events():
