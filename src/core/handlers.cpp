@@ -47,17 +47,18 @@ void Handlers::Report(const QObject* owner, const QString& reason) {
 void Handlers::BoxClosed() {
     m_reporting = false;
     if (!m_untold.isEmpty()) {
-        Report(nullptr, m_untold.takeFirst());
+        const Untold next = m_untold.takeFirst();
+        Report(next.owner, next.reason);
     } else if (const auto action = std::exchange(m_whenQuiet, nullptr)) {
         action();
     }
 }
 
-void Handlers::Tell(const QString& reason) {
+void Handlers::Tell(const QString& reason, const QObject* owner) {
     if (m_reporting) {
-        m_untold.append(reason);
+        m_untold.append({reason, owner});
     } else {
-        Report(nullptr, reason);
+        Report(owner, reason);
     }
 }
 

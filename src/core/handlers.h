@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <QList>
 #include <QObject>
-#include <QStringList>
+#include <QPointer>
+#include <QString>
 #include <functional>
 #include <memory>
 
@@ -38,19 +40,24 @@ public:
     void RunTick(Timer& timer, const std::function<void()>& handler);
 
     /// Reports an error that no handler has thrown, such as a lost print. It is not dropped while the report
-    /// box is open, but reported after it.
-    void Tell(const QString& reason);
+    /// box is open, but reported after it. `owner` as for Run; it may be destroyed meanwhile.
+    void Tell(const QString& reason, const QObject* owner = nullptr);
 
     /// Calls `action` now, or, while the report box is open, when it has gone.
     void WhenQuiet(std::function<void()> action);
 
 private:
+    struct Untold {
+        QString reason;
+        QPointer<const QObject> owner;
+    };
+
     void Report(const QObject* owner, const QString& reason);
     void BoxClosed();
 
     MessageBoxes& m_boxes;
     bool m_reporting = false;
-    QStringList m_untold;  // reasons to be reported after the present one
+    QList<Untold> m_untold;  // to be reported after the present one
     std::function<void()> m_whenQuiet;
 };
 

@@ -169,8 +169,10 @@ void QtMessageBoxes::ShowWithChoice(const QObject* owner, const Message& message
     });
 }
 
-std::unique_ptr<OpenBox> QtMessageBoxes::ShowWaiting(const Message& message, std::function<void()> onCancel) {
-    QMessageBox* box = MakeBox(nullptr, message, QMessageBox::NoButton);
+std::unique_ptr<OpenBox> QtMessageBoxes::ShowWaiting(const QObject* owner, const Message& message,
+                                                     std::function<void()> onCancel) {
+    QMessageBox* box = MakeBox(owner, message, QMessageBox::NoButton);
+    box->QDialog::setWindowModality(Qt::NonModal);
     QPushButton* cancel = box->addButton(u"中止"_s, QMessageBox::RejectRole);
     box->setDefaultButton(cancel);
     box->setEscapeButton(cancel);

@@ -36,7 +36,8 @@ public:
                 std::function<void(MessageAnswer)> onAnswer) override;
     void ShowWithChoice(const QObject* owner, const Message& message, const QString& choice,
                         std::function<void(bool)> onClosed) override;
-    std::unique_ptr<OpenBox> ShowWaiting(const Message& message, std::function<void()> onCancel) override;
+    std::unique_ptr<OpenBox> ShowWaiting(const QObject* owner, const Message& message,
+                                         std::function<void()> onCancel) override;
 
 private:
     OpenBoxes m_open;

@@ -32,13 +32,14 @@ void ReportPrinting::Take(const PrintNews& news) {
             return;
         case PrintStage::Failed:
             Free();
-            m_handlers.Tell(news.reason);
+            m_handlers.Tell(news.reason, m_owner);
             return;
     }
 }
 
 void ReportPrinting::ShowWaiting() {
     m_waiting = m_boxes.ShowWaiting(
+        m_owner,
         {MessageIcon::Information, u"印刷"_s,
          u"印刷サービスの応答を待っています。\r\n「中止」を押すと、印刷しないで終わります。"_s},
         [this] {

@@ -14,9 +14,9 @@ namespace tickwell {
 /// does not answer, and a box with the reason if nothing is printed.
 class ReportPrinting {
 public:
-    /// All outlive this object.
-    ReportPrinting(Printer& printer, MessageBoxes& boxes, Handlers& handlers)
-        : m_printer(printer), m_boxes(boxes), m_handlers(handlers) {}
+    /// All outlive this object. `owner`: the window that prints.
+    ReportPrinting(Printer& printer, MessageBoxes& boxes, Handlers& handlers, const QObject* owner)
+        : m_printer(printer), m_boxes(boxes), m_handlers(handlers), m_owner(owner) {}
 
     /// Cancels a print if the user was told that it waits; any other goes on.
     ~ReportPrinting();
@@ -35,6 +35,7 @@ private:
     Printer& m_printer;
     MessageBoxes& m_boxes;
     Handlers& m_handlers;
+    const QObject* m_owner;
     std::function<void()> m_onFree;                                  // null while nothing is being printed
     std::unique_ptr<OpenBox> m_waiting;                              // null unless the user was told to wait
     std::shared_ptr<bool> m_isAlive = std::make_shared<bool>(true);  // news can come after this object's end

@@ -23,7 +23,7 @@ constexpr int kListLines = 8;
 StopForm::StopForm(StopwatchWindowParts parts, QWidget* parent)
     : QDialog(parent),
       m_parts(std::move(parts)),
-      m_printing(m_parts.printer, m_parts.boxes, m_parts.handlers),
+      m_printing(m_parts.printer, m_parts.boxes, m_parts.handlers, this),
       m_Command1(new QPushButton(this)),
       m_Command2(new QPushButton(this)),
       m_Command3(new QPushButton(u"印刷"_s, this)),

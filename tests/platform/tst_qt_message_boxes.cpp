@@ -76,6 +76,7 @@ private Q_SLOTS:
     void AWaitCanBeCancelled_data();
     void AWaitCanBeCancelled();
     void AWaitEndsWithItsBoxWithoutACall();
+    void AWaitBelongsToItsWindowAndDoesNotBlockIt();
     void ABoxBelongsToTheWindowThatAsks();
     void ABoxWithoutAWindowBlocksNothing_data();
     void ABoxWithoutAWindowBlocksNothing();
@@ -185,7 +186,7 @@ void TstQtMessageBoxes::AWaitCanBeCancelled() {
     QFETCH(QString, way);
     QtMessageBoxes boxes;
     int cancelled = 0;
-    std::unique_ptr<OpenBox> wait = boxes.ShowWaiting(kQuestion, [&] {
+    std::unique_ptr<OpenBox> wait = boxes.ShowWaiting(nullptr, kQuestion, [&] {
         ++cancelled;
         wait.reset();  // from within the box's own signal
     });
@@ -210,7 +211,7 @@ void TstQtMessageBoxes::AWaitCanBeCancelled() {
 void TstQtMessageBoxes::AWaitEndsWithItsBoxWithoutACall() {
     QtMessageBoxes boxes;
     int cancelled = 0;
-    std::unique_ptr<OpenBox> wait = boxes.ShowWaiting(kQuestion, [&] { ++cancelled; });
+    std::unique_ptr<OpenBox> wait = boxes.ShowWaiting(nullptr, kQuestion, [&] { ++cancelled; });
     const QPointer<QMessageBox> box = BoxOnScreen();
     QVERIFY(box != nullptr);
     const QAccessible::Id spoken = QAccessible::uniqueId(QAccessible::queryAccessibleInterface(box));
@@ -220,6 +221,22 @@ void TstQtMessageBoxes::AWaitEndsWithItsBoxWithoutACall() {
     QVERIFY(box == nullptr);
     QCOMPARE(cancelled, 0);
     QVERIFY(QAccessible::accessibleInterface(spoken) == nullptr);  // else another box would be taken for it
+}
+
+void TstQtMessageBoxes::AWaitBelongsToItsWindowAndDoesNotBlockIt() {
+    QtMessageBoxes boxes;
+    auto window = std::make_unique<Counter>();
+    int cancelled = 0;
+    const std::unique_ptr<OpenBox> wait = boxes.ShowWaiting(window.get(), kQuestion, [&] { ++cancelled; });
+    const QMessageBox* box = BoxOnScreen();
+    QVERIFY(box != nullptr);
+    QVERIFY(box->parentWidget() == window.get());
+    QVERIFY((box->frameGeometry().center() - window->frameGeometry().center()).manhattanLength() <= 2);
+    QVERIFY(window->IsUsable());
+    window.reset();
+    QVERIFY(BoxOnScreen() == nullptr);
+    QCoreApplication::processEvents();
+    QCOMPARE(cancelled, 1);
 }
 
 void TstQtMessageBoxes::ABoxBelongsToTheWindowThatAsks() {

@@ -41,7 +41,9 @@ public:
         m_onChoice = std::move(onAnswer);
     }
 
-    std::unique_ptr<OpenBox> ShowWaiting(const Message& message, std::function<void()> onCancel) override {
+    std::unique_ptr<OpenBox> ShowWaiting(const QObject* owner, const Message& message,
+                                         std::function<void()> onCancel) override {
+        m_owners.append(owner);
         m_waits.append(message);
         m_onCancel = std::make_shared<std::function<void()>>(std::move(onCancel));
         return std::make_unique<FakeOpenBox>(m_onCancel);

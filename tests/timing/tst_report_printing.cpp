@@ -27,7 +27,9 @@ struct Bench {
     FakeMessageBoxes boxes;
     Handlers handlers{boxes};
     FakePrinter printer;
-    std::unique_ptr<ReportPrinting> printing = std::make_unique<ReportPrinting>(printer, boxes, handlers);
+    QObject window;
+    std::unique_ptr<ReportPrinting> printing =
+        std::make_unique<ReportPrinting>(printer, boxes, handlers, &window);
     int free = 0;
 };
 
@@ -83,6 +85,7 @@ void TstReportPrinting::ADelayShowsABoxUntilTheAnswer() {
     bench.printer.Tell(answer);
     QVERIFY(!bench.boxes.IsWaiting());
     QCOMPARE(bench.boxes.Shown(), shown);
+    QCOMPARE(bench.boxes.Owners(), QList<const QObject*>(1 + shown.size(), &bench.window));
     QCOMPARE(bench.free, 1);
     QCOMPARE(bench.printer.cancelled, 0);
 }
@@ -120,6 +123,7 @@ void TstReportPrinting::NoFailureHidesAnother() {
     bench.boxes.Close();
     QCOMPARE(bench.boxes.Shown().size(), 2);
     QVERIFY(bench.boxes.Shown().last().text.endsWith(u"二"));
+    QCOMPARE(bench.boxes.Owners(), QList<const QObject*>(2, &bench.window));
 }
 
 void TstReportPrinting::ItsEndCancelsADelayedPrintOnly_data() {

@@ -57,9 +57,10 @@ public:
                                 std::function<void(bool)> onClosed) = 0;
 
     /// Opens a box for as long as the program waits for something, with the one button 「中止」, and returns
-    /// at once. It stands alone. `onCancel` is called if the user presses the button or closes the box, never
-    /// for the box's destruction. It may destroy the box.
-    [[nodiscard]] virtual std::unique_ptr<OpenBox> ShowWaiting(const Message& message,
+    /// at once. It blocks nothing, not even the window that it belongs to. `onCancel` is called if the user
+    /// presses the button or closes the box, or if the window is destroyed, never for the destruction of the
+    /// OpenBox. It may destroy that.
+    [[nodiscard]] virtual std::unique_ptr<OpenBox> ShowWaiting(const QObject* owner, const Message& message,
                                                                std::function<void()> onCancel) = 0;
 };
 
