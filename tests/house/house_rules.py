@@ -74,6 +74,16 @@ class HouseRules(unittest.TestCase):
         rooms = {path.name for path in (ROOT / "src").iterdir() if path.is_dir()}
         self.assertLessEqual(rooms, set(ARROWS))
 
+    def test_every_decision_is_in_the_index(self):
+        folder = ROOT / "docs/decisions"
+        index = (folder / "README.md").read_text("utf-8")
+        pages = sorted(folder.glob("[0-9]*.md"))
+        self.assertTrue(pages)
+        for page in pages:
+            number, title = re.match(r"# (\d+)\. (.+)", page.read_text("utf-8")).groups()
+            self.assertEqual(int(number), int(page.name[:4]))
+            self.assertIn(f"| [{number}]({page.name}) | {title} |", index)
+
     def test_the_arrows_make_no_circle(self):
         def reach(room, seen):
             for other in ARROWS[room]:
