@@ -14,10 +14,11 @@ from unittest import mock
 
 from driver import pictures, processes, settings_file, tickwell
 from driver.accessible import Gone
-from driver.answering import keeps_answering
+from driver.answering import Answering, keeps_answering
 from driver.case import ARTIFACTS_VARIABLE, TickwellCase
 from driver.desktop import Session
 from driver.program import Program, ProgramEnded
+from driver.samples.window import COMPUTED
 from driver.virtual_time import VirtualTime, VirtualTimeError
 from driver.waiting import TimedOut, wait_for
 
@@ -235,6 +236,14 @@ class WindowTest(TickwellCase):
                     if wakes_up:
                         os.kill(program.pid, signal.SIGCONT)
                 os.kill(program.pid, signal.SIGCONT)
+
+    def test_computing_counts_if_asked_for(self):
+        program, xid = self.show("asked", 300, 200, 120, 80)
+        for computing in (False, True):
+            measured = Answering(self.session, program, xid, computing)
+            os.kill(program.pid, signal.SIGUSR1)
+            time.sleep(2)
+            self.assertEqual(measured.longest() > COMPUTED / 2, computing)
 
 
 class TickwellTest(TickwellCase):

@@ -4,7 +4,8 @@
 The window is asked with _NET_WM_PING, which Qt answers from its event loop: over the X server alone, so that message
 buses, services and the window manager may be stopped meanwhile. A process of its own asks, one ping at a time. Time for
 which the program, the X server or that process were ready to run and had no processor (/proc/PID/schedstat) does not
-count: a busy machine is not a program that hangs.
+count: a busy machine is not a program that hangs. Nor does the time for which the program computes, unless a test asks for
+it: opening a window takes several times as long on a machine that does other things as well.
 """
 
 import contextlib
@@ -23,13 +24,14 @@ FOLDER = Path(__file__).resolve().parent.parent
 
 class Answering:
     """Measures from its construction until `longest` is asked for. `program`: as the session has started it; `window`:
-    the X id of one of its windows, which may be hidden but has to last."""
+    the X id of one of its windows, which may be hidden but has to last; `computing`: whether to count the time for which
+    the program computes."""
 
-    def __init__(self, session, program, window=None):
+    def __init__(self, session, program, window=None, computing=False):
         xid = window if window is not None else session.windows.wait(pid=program.pid)
         self._longest = None
         self._probe = session.spawn([sys.executable, "-m", "driver.answering", session.display, xid, program.pid,
-                                     session.services["Xvfb"].pid], cwd=FOLDER)
+                                     int(computing), session.services["Xvfb"].pid], cwd=FOLDER)
         self._probe.wait_output("asking")
 
     def longest(self):
@@ -42,26 +44,32 @@ class Answering:
 
 
 @contextlib.contextmanager
-def keeps_answering(session, program, window=None, limit=LONGEST):
+def keeps_answering(session, program, window=None, limit=LONGEST, computing=False):
     """Fails if the window was without an answer for longer than `limit` seconds within the block."""
-    measured = Answering(session, program, window)
+    measured = Answering(session, program, window, computing)
     yield
     longest = measured.longest()
+    print(f"without an answer for {longest:.2f} s at most", flush=True)
     if longest > limit:
         raise AssertionError(f"the window did not answer for {longest:.2f} s")
 
 
 class _Starvation:
     """Seconds for which the program's threads were ready to run and had no processor, for one may hold what another waits
-    for; of the X server and of ourselves the time that they worked as well."""
+    for; of the X server and of ourselves, and unless `computing` counts of its main thread, the time that they worked as
+    well."""
 
-    def __init__(self, program, others):
+    def __init__(self, program, computing, others):
         self._program = Path(f"/proc/{program}/task")
+        self._main = None if computing else str(program)
         self._others = [Path(f"/proc/{pid}/schedstat") for pid in others] + [Path("/proc/self/schedstat")]
 
     def read(self):
         """What `since` compares: nanoseconds up to now, by thread or process."""
-        counts = {task.name: self._times(task / "schedstat")[1] for task in self._program.iterdir()}
+        counts = {}
+        for task in self._program.iterdir():
+            worked, waited = self._times(task / "schedstat")
+            counts[task.name] = waited + (worked if task.name == self._main else 0)
         return counts | {path: sum(self._times(path)) for path in self._others}
 
     def since(self, before):
@@ -126,9 +134,9 @@ def _end(*_):
     raise _Ended
 
 
-def main(display_name, xid, pid, *others):
+def main(display_name, xid, pid, computing, *others):
     signal.signal(signal.SIGTERM, _end)
-    probe = _Probe(display_name, int(xid), _Starvation(pid, others))
+    probe = _Probe(display_name, int(xid), _Starvation(pid, computing == "1", others))
     try:
         probe.ask()
         probe.longest = 0.0  # of our own start

@@ -1,12 +1,24 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""A plain X window that writes down what is done to it and answers pings: window.py NAME X Y WIDTH HEIGHT RRGGBB"""
+"""A plain X window that writes down what is done to it and answers pings: window.py NAME X Y WIDTH HEIGHT RRGGBB
+
+At SIGUSR1 it computes for COMPUTED seconds of processor time."""
 
 import os
+import signal
 import sys
+import time
 
 from Xlib import X, Xutil
 from Xlib.display import Display
 from Xlib.protocol.event import ClientMessage
+
+COMPUTED = 0.6
+
+
+def compute(*_):
+    begun = time.thread_time()
+    while time.thread_time() - begun < COMPUTED:
+        pass
 
 
 def show(display, name, x, y, width, height, colour):
@@ -23,6 +35,7 @@ def show(display, name, x, y, width, height, colour):
 
 
 def main():
+    signal.signal(signal.SIGUSR1, compute)
     name, *place, colour = sys.argv[1:]
     display = Display()
     show(display, name, *map(int, place), int(colour, 16))
