@@ -3,7 +3,9 @@
 #include <QTest>
 
 #include "display/line_look.h"
+#include "settings_ui/option_array.h"
 #include "settings_ui/settings_bench.h"
+#include "support/fake_message_boxes.h"
 
 using namespace tickwell;
 using namespace Qt::StringLiterals;
@@ -54,6 +56,7 @@ private Q_SLOTS:
     void TheSampleComesInAgainEveryThreeSeconds();
     void TheSampleComesInOverABlankLine();
     void TheSliderGoesFromSlowestToFastest();
+    void AChosenOptionTurnsTheOthersOff();
     void ASlowWipeIsLetComeToItsEnd();
     void TheSampleIsAsTheMainWindow();
     void TheSampleChangesWithinOneFrameOfTheSlider_data();
@@ -442,6 +445,23 @@ void TstSettingsPages::ALoginThatCannotBeChangedIsToldAndAllElseIsDone() {
     QVERIFY(bench.form->isVisible());
     QCOMPARE(bench.main.settings.language, 1);
     QCOMPARE(bench.main.Upper().Text(), u"November 15,1998 Sunday"_s);
+}
+
+void TstSettingsPages::AChosenOptionTurnsTheOthersOff() {
+    FakeMessageBoxes boxes;
+    Handlers handlers(boxes);
+    QWidget page;
+    QList<qint32> chosen;
+    OptionArray options(u"Option"_s, kWipeOptions, &page, handlers,
+                        [&](qint32 index) { chosen.append(index); });
+    options.Select(kWipeLeftToRight);
+    for (QAbstractButton* button : options.Buttons()) {
+        button->click();
+        for (const QAbstractButton* each : options.Buttons()) {
+            QCOMPARE(each->isChecked(), each == button);
+        }
+    }
+    QCOMPARE(chosen.size(), options.Buttons().size());
 }
 
 QTEST_MAIN(TstSettingsPages)
