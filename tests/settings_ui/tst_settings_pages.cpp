@@ -151,7 +151,7 @@ void TstSettingsPages::ASlowWipeIsLetComeToItsEnd() {
     QVERIFY(steps * 68 > 6'000);
     bench.main.time.Advance(qint64{steps - 2} * 68);
     QVERIFY(bench.Sample(1).IsWiping());
-    bench.main.time.Advance(3 * 68);
+    bench.main.time.Advance(qint64{3} * 68);
     QVERIFY(!bench.Sample(1).IsWiping());
 }
 
