@@ -142,7 +142,7 @@ void MonthCalendar::DeleteMarks() {
         }
         *stillThere = false;
         if (answer == MessageAnswer::Cancel && !m_parts.dayDatabase) {
-            return;  // the program is ending, and took the box with it
+            return;  // nothing is to be deleted; the program may be ending, which cancels open boxes
         }
         m_parts.handlers.Run([this, answer, month] { DeleteAnswered(answer, month); }, m_parts.window);
         m_whenAnswered();

@@ -72,12 +72,12 @@ QMessageBox* MakeBox(const QObject* owner, const Message& message, QMessageBox::
 
 class QtOpenBox : public OpenBox {
 public:
-    /// `listener` is told of the box's end by the user.
+    /// `listener`: the receiver of the box's signals.
     QtOpenBox(QMessageBox* box, const QObject* listener) : m_box(box), m_listener(listener) {}
     ~QtOpenBox() override {
         if (m_box != nullptr) {
-            // Of the listener's connections alone: Qt's accessibility has one to the box, too, without which
-            // it would take the next box at the same address for this one.
+            // Only the listener: Qt's accessibility cache is connected to the box as well. Without that
+            // connection it would mistake the next box at the same address for this one.
             m_box->disconnect(m_listener);
             m_box->hide();
             m_box->deleteLater();  // this can be called by a signal of the box

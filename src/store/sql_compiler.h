@@ -16,8 +16,8 @@ using BoundValue = std::variant<qint32, QString>;
 /// A statement for the engine, made of our own words alone; whatever the caller wrote is in the values.
 struct CompiledSql {
     QByteArray text;
-    QByteArray fromTheStart;         // the same query, by no index: whoever needs few of many rows is quicker
-    std::vector<BoundValue> values;  // of ?1, ?2 ..
+    QByteArray fromTheStart;  // the same query without an index: faster for the first of very many rows
+    std::vector<BoundValue> values;     // of ?1, ?2 ..
     std::vector<SchemaColumn> columns;  // of the rows that come back
     const SchemaTable* table = nullptr;
     QByteArray condition;  // what follows WHERE; its values are the last ones
