@@ -10,6 +10,7 @@ from driver.waiting import wait_for
 
 MENU = "メニュー"
 STORE = "ﾀｽｸﾊﾞｰ格納"
+FROM_EDGE = 15  # pixels from the edge of a menu into its first or last item
 TRAY_MENU = ["ﾀｽｸﾄﾚｲから取り出す", "", "ﾍﾙﾌﾟ", "終了"]
 
 
@@ -105,13 +106,28 @@ class BusHost(HostRoads, TrayCase):
     def start_host(self):
         return start_xfce_panel(self.session)
 
-    def choose_from_tray_menu(self, caption):
-        """By keyboard: the panel keeps its menu from screen readers."""
-        wait_for(lambda: len(self.panel_windows()) > 1, "the panel's menu")
-        self.session.hand.key("Down" if caption == TRAY_MENU[0] else "Up", "Return")
+    def start(self):
+        super().start()
+        self.without_menu = self.shown()
 
-    def panel_windows(self):
-        return [window for window in self.session.windows.stacking() if window.pid in (self.host.pid, None)]
+    def choose_from_tray_menu(self, caption):
+        """The panel keeps its menu from screen readers, and ignores what comes too soon after it has opened it."""
+        def is_chosen():
+            menu = self.tray_menu()
+            if menu is not None:
+                self.session.hand.click((menu.x + FROM_EDGE, menu.y + FROM_EDGE if caption == TRAY_MENU[0]
+                                         else menu.y + menu.height - FROM_EDGE))
+            return menu is None
+        wait_for(self.tray_menu, "the panel's menu")
+        wait_for(is_chosen, f"{caption} chosen from the panel's menu")
+
+    def tray_menu(self):
+        """Where the menu is, which a helper process of the panel opens; None while it is closed."""
+        shown = self.shown() - self.without_menu
+        return next((place for place in map(self.session.windows.geometry, shown) if place.x >= 0), None)
+
+    def shown(self):
+        return {window.xid for window in self.session.windows.stacking() if window.pid != self.app.program.pid}
 
 
 if __name__ == "__main__":
