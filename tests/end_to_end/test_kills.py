@@ -41,6 +41,7 @@ class Life:
         """`names` and `dates`: what is stored at its beginning, where it is known."""
         self._session, self._test, self._number = test.session, test, number
         self.names, self.dates, self.speed = names, dates, None
+        self._killed = threading.Event()
         self.next_name = self.next_date = None  # what is about to be stored
 
     def run(self, most):
@@ -48,10 +49,9 @@ class Life:
         virtual_time = VirtualTime("1998-10-15T09:00:00")
         program = self._session.spawn(tickwell_command(self._session, self._test.folder, virtual_time),
                                       pass_fds=virtual_time.pass_fds)
-        killed = threading.Event()
 
         def kill():
-            killed.set()
+            self._killed.set()
             program.kill()
         killer = threading.Timer(most or PATIENCE, kill)
         killer.start()
@@ -59,7 +59,7 @@ class Life:
             virtual_time.started()
             self._act(program, virtual_time)
         except ENDED:
-            if most is None or not killed.is_set():
+            if most is None or not self._killed.is_set():
                 raise
         finally:
             killer.cancel()
@@ -86,6 +86,7 @@ class Life:
         self.next_name = name
         calendar.add(name)
         calendar.wait_added()
+        self._check_alive()
         self.names, self.next_name = self.names + [name], None
 
     def _mark(self, calendar, day):
@@ -104,6 +105,12 @@ class Life:
         self.speed = str(speed)
         button(dialog, "OK").press_and_go()
         app.wait_gone(role="dialog", name=SETTINGS, showing=True)
+        self._check_alive()
+
+    def _check_alive(self):
+        """A window of a killed program is gone as well, which says nothing about what is stored."""
+        if self._killed.is_set():
+            raise RuntimeError("killed")
 
 
 class Kills(TickwellCase):
