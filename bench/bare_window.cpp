@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// bare_window [--paints N]: the least that a clock window costs with Qt. Same size, same window flags, same
-// two lines of text and nothing else; what the real program is measured against. It looks at the time five
-// times a second and paints the lower line once a second; with --paints it counts like a stopwatch and paints
-// that line N times a second, with N = 0 it has no timer at all.
+// bare_window [--paints N]: the minimum cost of a clock window with Qt, as the reference for the real
+// program. Same size, same window flags and same two lines of text, nothing else. It reads the time five
+// times a second and paints the lower line once a second. With --paints it counts like a stopwatch and paints
+// that line N times a second; with N = 0 it has no timer.
 
 #include <QApplication>
 #include <QDateTime>
@@ -25,9 +25,9 @@ constexpr QSize kWindowSize(167, 40);
 constexpr int kLineHeight = kWindowSize.height() / 2;
 constexpr int kTextHeight = 14;  // pixels
 constexpr int kTickMilliseconds = 200;
-constexpr int kMostPaints = 1000;  // a second
+constexpr int kMostPaints = 1000;  // per second
 
-/// Black, with one line in white above and one in green below.
+/// Black background, one white line above one green line.
 class BareWindow : public QWidget {
 public:
     BareWindow() : QWidget(nullptr, Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint) {
@@ -63,7 +63,7 @@ private:
     QString m_lower;
 };
 
-/// Shows the time, and changes it only once a second.
+/// Shows the time; repaints once a second.
 class Seconds {
 public:
     explicit Seconds(BareWindow& window) : m_window(window) {
@@ -85,7 +85,7 @@ private:
     QTimer m_timer;
 };
 
-/// Counts up and shows each reading, so many a second.
+/// Counts up and shows the reading `paints` times a second.
 class Count {
 public:
     Count(BareWindow& window, int paints) : m_window(window), m_paints(paints) {
@@ -101,7 +101,7 @@ private:
         const qint64 now = m_since.elapsed();
         m_window.SetLower(QTime::fromMSecsSinceStartOfDay(static_cast<int>(now)).toString(u"h:mm'ss\"zzz"_s));
         const qint64 next = now * m_paints / kMostPaints + 1;
-        const qint64 due = (next * kMostPaints + m_paints - 1) / m_paints;  // rounded up: never due at once
+        const qint64 due = (next * kMostPaints + m_paints - 1) / m_paints;  // rounded up: never due now
         m_timer.start(static_cast<int>(due - now));
     }
 
@@ -111,7 +111,7 @@ private:
     QTimer m_timer;
 };
 
-/// The N of "--paints N"; nothing where the arguments are wrong, -1 where there are none.
+/// The N of "--paints N"; -1 without arguments, nullopt if they are wrong.
 std::optional<int> PaintsOf(const QStringList& arguments) {
     if (arguments.size() == 1) {
         return -1;
@@ -127,7 +127,7 @@ std::optional<int> PaintsOf(const QStringList& arguments) {
 }  // namespace tickwell
 
 int main(int argc, char** argv) {
-    // The real program's choice of platform, so that both are measured on the same one.
+    // The same platform plugins as the real program.
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) {
         qputenv("QT_QPA_PLATFORM", "xcb;wayland");
     }

@@ -1,10 +1,10 @@
 #!/usr/bin/python3
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""What the clock costs beside a bare Qt window of the same size.
+"""Compares the clock's cost with a bare Qt window of the same size.
 
-Tickwell and the bare window are measured in turn, each time on a desktop of its own; the table shows the
-medians of both and the ratio Tickwell to bare window, pair by pair. It judges nothing: the exit code is 0
-whenever both could be measured.
+Tickwell and the bare window are measured alternately, each time on a private desktop. The table shows the medians of
+both and the ratio Tickwell to bare window, computed per pair. There is no pass or fail: the exit code is 0 whenever
+both could be measured.
 """
 
 import argparse
@@ -16,7 +16,7 @@ from measuring import command_line, summary
 from measuring.repetition import Subject, measure_start, measure_window
 from measuring.tickwell import SHOWN_AFTER, tickwell
 
-SHORTEST_SETTLE = 15.0  # the clock has wiped in by then
+SHORTEST_SETTLE = 15.0  # the first wipe has ended by then
 
 START_QUANTITIES = (summary.FIRST_WINDOW, summary.FIRST_PAINT)
 WINDOW_QUANTITIES = (summary.CPU, summary.SWITCHES, summary.RSS, summary.PSS, summary.ANONYMOUS, summary.PEAK,
@@ -24,7 +24,7 @@ WINDOW_QUANTITIES = (summary.CPU, summary.SWITCHES, summary.RSS, summary.PSS, su
 
 
 def read_options():
-    """The options of the command line."""
+    """Reads the command line."""
     parser = argparse.ArgumentParser(description=__doc__,
                                      formatter_class=argparse.RawDescriptionHelpFormatter)
     command_line.add_program_option(parser)
@@ -46,10 +46,10 @@ def read_options():
 
 
 def measure_start_pairs(both, plan, pairs):
-    """Starts both in turn, so many times."""
+    """Starts both alternately, `pairs` times."""
     if pairs > 0:
         for subject in both:
-            measure_start(subject, plan)  # the first start reads from the disk; it does not count
+            measure_start(subject, plan)  # the first start reads from disk and does not count
     measured = []
     for number in range(pairs):
         ours, bare = (measure_start(subject, plan) for subject in both)
@@ -60,7 +60,7 @@ def measure_start_pairs(both, plan, pairs):
 
 
 def measure_window_pairs(both, plan, pairs):
-    """Looks at both in turn, so many times; returns the pairs of start-ups and those of windows."""
+    """Measures both windows alternately, `pairs` times; returns the pairs of start-ups and of windows."""
     starts = []
     windows = []
     for number in range(pairs):
@@ -73,7 +73,7 @@ def measure_window_pairs(both, plan, pairs):
 
 
 def print_report(comparisons, start_pairs, window_pairs):
-    """Prints the table, and under it what one must know to read it."""
+    """Prints the table and notes for reading it."""
     header = ["", "Tickwell", "bare window", "Tickwell / bare window, pair by pair"]
     print(summary.table(header, [comparison.as_row() for comparison in comparisons]))
     print(f"\n{len(start_pairs)} pairs of start-ups, {len(window_pairs)} pairs of windows; "
@@ -84,7 +84,7 @@ def print_report(comparisons, start_pairs, window_pairs):
 
 
 def main():
-    """Measures, and prints the figures."""
+    """Measures and prints the results."""
     options = read_options()
     plan = command_line.plan_from(options)
     both = (tickwell(options.program), Subject("bare window", lambda _: [str(options.bare)]))

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// disc_playing HELPER FAKE_DRIVE [SECONDS]: what an audio CD costs, with the player's window and the main
-// window's lines. Twice, once with an image and once with a drive that takes 100 ms a reading and has one
-// sector that cannot be read: before it is played, while it plays, and stopped again, for so many seconds
-// each (20 where not given). Prints for each: processor time a minute of this process and of its helper, open
-// devices, and the worst gap of the event loop, that is how long a click could have had to wait. Nothing
-// fails by the clock. Sound goes where SDL_AUDIODRIVER says, the windows to whatever desktop there is.
+// disc_playing HELPER FAKE_DRIVE [SECONDS]: the cost of an audio CD, with the player's window and the main
+// window's lines. Measured with an image and with a drive that needs 100 ms per read and has one unreadable
+// sector; each before playing, while playing and after stopping, for SECONDS each (default 20). Prints CPU
+// time per minute of this process and of its helper, open devices, and the longest gap of the event loop,
+// which is how long a click could have been delayed. It never fails because of times. Sound goes where
+// SDL_AUDIODRIVER says, windows to the current desktop.
 
 #include <sys/resource.h>
 
@@ -36,21 +36,21 @@ namespace {
 using namespace tickwell;
 using namespace Qt::StringLiterals;
 
-constexpr int kPulse = 5;           // ms between two looks at the event loop
-constexpr int kUntilClosed = 1000;  // ms in which a stopped disc lets go of its device
-constexpr int kRefresh = 500;       // ms between two readings in the lines
+constexpr int kPulse = 5;           // ms between two events that measure the event loop
+constexpr int kUntilClosed = 1000;  // ms until a stopped disc's device is closed
+constexpr int kRefresh = 500;       // ms between two refreshes of the lines
 constexpr int kBadSectorAfter = 5;  // s
 constexpr int kSectorsInSecond = 75;
 constexpr QSize kLine(167, 20);
 
-/// A main window that shows the CD player and nothing else.
+/// A main window that always shows the CD player.
 class CdFunction : public DisplayFunctions {
 public:
     void ChangeFunction(qint32 /*number*/) override {}
     qint32 GetFuncNumber() const override { return kFunctionCd; }
 };
 
-/// The player with its window and its lines, as the program has them.
+/// The player with its window and lines, connected like in the program.
 struct Player {
     Player(const QString& helper, const QString& source) : drive(timers, output, helper, source) {
         auto* const layout = new QVBoxLayout(&window);
@@ -97,8 +97,8 @@ double ProcessorTime(int who) {
     return milliseconds(usage.ru_utime) + milliseconds(usage.ru_stime);
 }
 
-/// Runs the event loop for so long, with nothing of ours in it; the processor time of this process, ms a
-/// minute.
+/// Runs the event loop for `milliseconds` without any measuring timer; returns the CPU time of this process
+/// in ms per minute.
 double RestFor(int milliseconds) {
     QTimer::singleShot(milliseconds, Qt::PreciseTimer, [] { QCoreApplication::quit(); });
     const double before = ProcessorTime(RUSAGE_SELF);
@@ -106,7 +106,7 @@ double RestFor(int milliseconds) {
     return (ProcessorTime(RUSAGE_SELF) - before) * 60'000 / milliseconds;
 }
 
-/// The same with a pulse; the worst gap between two of its beats beyond their interval, in ms.
+/// The same with a pulse timer; returns the largest delay of a pulse in ms.
 double WatchFor(int milliseconds) {
     QElapsedTimer clock;
     double worst = 0;
@@ -122,7 +122,7 @@ double WatchFor(int milliseconds) {
     return worst;
 }
 
-/// How long a call takes, ms.
+/// The duration of a call in ms.
 template <typename Call>
 double TimeOf(Call call) {
     QElapsedTimer clock;
@@ -132,16 +132,16 @@ double TimeOf(Call call) {
 }
 
 struct Costs {
-    double own = 0;  // ms of processor a minute
+    double own = 0;  // CPU time, ms per minute
     int devices = 0;
     double worst = 0;  // ms
 };
 
-/// What it costs once a button is pressed, one that does nothing included.
+/// Presses a button and measures the cost afterwards. The button may have no effect.
 Costs Measure(Player& player, int button, int seconds) {
     Costs costs;
     costs.worst = TimeOf([&] { player.media.Player().Command1_Click(button); });
-    costs.worst = std::max(costs.worst, WatchFor(kUntilClosed));  // a device is opened or closed
+    costs.worst = std::max(costs.worst, WatchFor(kUntilClosed));  // a device is being opened or closed
     costs.devices = player.output.OpenDevices();
     costs.worst = std::max(costs.worst, WatchFor(seconds * 1000));
     costs.own = RestFor(seconds * 1000);
@@ -160,7 +160,7 @@ void MeasureDisc(const QString& name, const QString& source, const QString& help
     const double before = ProcessorTime(RUSAGE_CHILDREN);
     const Costs playing = Measure(player, kCdPlay, seconds);
     const Costs stopped = Measure(player, kCdStop, seconds);
-    const double helpers = ProcessorTime(RUSAGE_CHILDREN) - before;  // known once the helper has ended
+    const double helpers = ProcessorTime(RUSAGE_CHILDREN) - before;  // only counts helpers that have ended
     Print(name + u", playing", playing, helpers * 60'000 / (kUntilClosed + 2 * seconds * 1000));
     Print(name + u", stopped again", stopped, 0);
 }

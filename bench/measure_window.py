@@ -1,6 +1,6 @@
 #!/usr/bin/python3
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""Measures any program with a window, each time on a desktop of its own, and prints one JSON object:
+"""Measures any program with a window, each time on a private desktop, and prints one JSON object:
 
     starts, windows     the medians of StartFigures and WindowFigures (see measuring/repetition.py)
     all                 the figures of every repetition
@@ -22,7 +22,7 @@ from measuring.summary import medians, rounded
 
 
 def read_options():
-    """The options of the command line."""
+    """Reads the command line."""
     parser = argparse.ArgumentParser(description=__doc__,
                                      formatter_class=argparse.RawDescriptionHelpFormatter)
     parser.add_argument("--starts", type=command_line.count, default=5,
@@ -48,13 +48,13 @@ def read_options():
 
 
 def size(text):
-    """(width, height) of "WIDTHxHEIGHT"."""
+    """Parses "WIDTHxHEIGHT" to (width, height)."""
     width, height = map(int, text.split("x"))
     return width, height
 
 
 def setting(text):
-    """(name, value) of "NAME=VALUE"."""
+    """Parses "NAME=VALUE" to (name, value)."""
     name, separator, value = text.partition("=")
     if not name or not separator:
         raise argparse.ArgumentTypeError(f"{text} is not NAME=VALUE")
@@ -62,7 +62,7 @@ def setting(text):
 
 
 def folder(text):
-    """The path of a folder that is there."""
+    """The path of an existing folder."""
     path = Path(text).resolve()
     if not path.is_dir():
         raise argparse.ArgumentTypeError(f"no folder at {path}")
@@ -70,12 +70,12 @@ def folder(text):
 
 
 def main():
-    """Measures, and prints the figures."""
+    """Measures and prints the results."""
     options = read_options()
     plan = command_line.plan_from(options, environment=dict(options.env), home_template=options.home_template)
     program, *arguments = options.command
     if "/" in program:
-        program = os.path.abspath(program)  # it is started in its home
+        program = os.path.abspath(program)  # its working directory is its home
     label = options.label or " ".join(options.command)
     subject = Subject(label, lambda _: [program, *arguments], hook=options.hook, hook_at=options.hook_at,
                       smallest=options.smallest)

@@ -1,13 +1,13 @@
 #!/usr/bin/python3
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""What Tickwell costs beside other programs that show the time, and beside a bare window.
+"""Compares Tickwell's cost with other programs that show the time, and with a bare window.
 
-Start-ups are measured in turn. Then all stand side by side, each on a desktop of its own, and are looked at over the
-same windows of time: first Tickwell's clock among the others, then Tickwell in all its scenes. At last every window of
-Tickwell is opened and closed once, and its memory read before and after.
+Start-ups are measured in turn. Then all programs run in parallel, each on a private desktop, and are measured over the
+same windows of time: first Tickwell's clock among the others, then Tickwell in all its scenes. Finally every window of
+Tickwell is opened and closed once, and its memory is read before and after.
 
-The number in brackets is Tickwell's figure divided by this one, pair by pair. Nothing is judged: the exit code is 0
-whenever everything could be measured. Programs that are not installed, or that do not come up, are left out.
+The number in brackets is Tickwell's value divided by this one, computed per pair. There is no pass or fail: the exit
+code is 0 whenever everything could be measured. Programs that are not installed or do not start are skipped.
 """
 
 import argparse
@@ -28,13 +28,13 @@ CLOCK_QUANTITIES = (summary.RSS, summary.PSS, summary.ANONYMOUS, summary.CPU, su
 SCENE_QUANTITIES = (summary.RSS, summary.CPU, summary.SWITCHES, summary.SERVER_CPU, summary.REPAINTS)
 WINDOW_QUANTITIES = (summary.RSS, summary.ANONYMOUS)
 
-# What takes a quarter of an hour, and what takes a few minutes.
+# Plans of a quarter of an hour and of a few minutes.
 THOROUGH = {"starts": 5, "rounds": 2, "windows": 3, "memory_runs": 3, "window": 20.0, "repaints": 10.0}
 QUICK = {"starts": 2, "rounds": 1, "windows": 2, "memory_runs": 1, "window": 10.0, "repaints": 10.0}
 
 
 def read_options():
-    """The options of the command line."""
+    """Reads the command line."""
     parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
     command_line.add_program_option(parser)
     command_line.add_bare_option(parser)
@@ -60,13 +60,13 @@ def read_options():
 
 
 def clock_subjects(options):
-    """Tickwell and all that is compared with its clock."""
+    """Tickwell and everything that its clock is compared with."""
     return [tickwell.tickwell(options.program), Subject("bare window", lambda _: [str(options.bare)]),
             Subject("X window", lambda _: [str(options.x_window)]), *peers.clocks(), *peers.windows_at_rest()]
 
 
 def scene_subjects(options):
-    """Tickwell in its scenes, with what some of them are compared with."""
+    """Tickwell in its scenes, and the programs that some of them are compared with."""
     bare = str(options.bare)
     return [*(tickwell.tickwell(options.program, scene, scene.title) for scene in tickwell.SCENES),
             Subject("bare window, 60 paints a second", lambda _: [bare, "--paints", "60"]),
@@ -74,7 +74,7 @@ def scene_subjects(options):
 
 
 def measure(options, plan):
-    """{group: {label: [figures]}}; what stands at the same place of the lists of a group was measured together."""
+    """{group: {label: [figures]}}; figures at the same position of the lists of a group were measured together."""
     report = command_line.report_progress
     clock = together.that_start(clock_subjects(options), plan, report)
     stopwatches = together.that_start(peers.stopwatches(), plan, report)
@@ -93,7 +93,7 @@ def measure(options, plan):
 
 
 def cell(ours, theirs, quantity):
-    """A median, with Tickwell's ratio to it where `ours` are given."""
+    """A median, with Tickwell's ratio to it if `ours` is given."""
     values = quantity.values(theirs)
     if not values:
         return "-"
@@ -103,14 +103,14 @@ def cell(ours, theirs, quantity):
 
 
 def group_table(title, figures, quantities, reference=None):
-    """A line a program, with the ratios of the program `reference` to the others."""
+    """One row per program, with the ratios of the program `reference` to the others."""
     rows = [[label, *(cell(figures[reference] if reference not in (None, label) else None, each, quantity)
                       for quantity in quantities), ""] for label, each in figures.items()]
     return summary.table([title, *(quantity.title for quantity in quantities), ""], rows)
 
 
 def print_report(measured):
-    """Prints the tables, and what is aimed at beside what was reached."""
+    """Prints the tables, and targets next to the measured values."""
     for group, title, quantities, reference in (
             ("starts", "start", START_QUANTITIES, "Tickwell"), ("clock", "clock shown", CLOCK_QUANTITIES, "Tickwell"),
             ("scenes", "scenes", SCENE_QUANTITIES, None),
@@ -123,7 +123,7 @@ def print_report(measured):
 
 
 def main():
-    """Measures, and prints the figures."""
+    """Measures and prints the results."""
     options = read_options()
     measured = measure(options, command_line.plan_from(options))
     print_report(measured)

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What a refresh of the settings' sample costs, against the painting of one of its lines: the slider
-// refreshes it with every step, so it has to fit many times into a frame. Prints a table; nothing fails by
-// the clock.
+// The cost of a refresh of the settings' sample, compared with painting one of its lines. The slider
+// refreshes it at every step, so many refreshes must fit into a frame. Prints a table; never fails because of
+// times.
 
 #include <QApplication>
 #include <QElapsedTimer>
@@ -22,11 +22,11 @@ namespace {
 using namespace tickwell;
 using namespace Qt::StringLiterals;
 
-constexpr int kRounds = 31;  // medians of so many
+constexpr int kRounds = 31;  // the results are medians over these rounds
 constexpr int kTimes = 200;
 constexpr double kFrame = 1000.0 / 60;  // ms
 
-/// Microseconds that one call takes, of many in a row.
+/// Microseconds per call, averaged over kTimes calls.
 double TimeOf(const std::function<void(int)>& call) {
     QElapsedTimer clock;
     clock.start();
@@ -66,7 +66,7 @@ int main(int argc, char** argv) {
     std::vector<double> slider;
     std::vector<double> styles;
     std::vector<double> paints;
-    for (int round = 0; round < kRounds; ++round) {  // in turn, so that a slow moment meets all
+    for (int round = 0; round < kRounds; ++round) {  // in turn, so that a slow moment affects all
         AppSettings settings = FirstSettings();
         slider.push_back(TimeOf([&](int i) {
             settings.wipeSpeed = 1 + i % 34;
@@ -77,7 +77,7 @@ int main(int argc, char** argv) {
             settings.backColor = i;
             sample.Refresh(settings);
         }));
-        time.Advance(2000);  // the wipe is over, the text stands
+        time.Advance(2000);  // the wipe has ended
         paints.push_back(TimeOf([&](int /*i*/) { line->render(&picture); }));
     }
     const auto print = [&](const char* name, double microseconds) {

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// How often the running stopwatch ticks and how often its line is painted, over some seconds of real time,
-// and what a tick costs. The line stands on whatever desktop there is. Prints a table; nothing fails by the
-// clock.
+// How often the running stopwatch ticks and its line is painted within some seconds of real time, and the
+// cost of a tick. The line is shown on the current desktop. Prints a table; never fails because of times.
 
 #include <QApplication>
 #include <QScreen>
@@ -25,7 +24,7 @@ using namespace Qt::StringLiterals;
 constexpr QSize kLine(167, 20);
 constexpr int kSeconds = 10;
 
-/// A line that counts how often it is painted.
+/// A line that counts its paints.
 class CountedWord : public MovingWord {
 public:
     using MovingWord::MovingWord;
@@ -38,7 +37,7 @@ protected:
     }
 };
 
-/// Milliseconds of processor that this program has used.
+/// The CPU time of this program in milliseconds.
 double ProcessorTime() {
     timespec time{};
     clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &time);

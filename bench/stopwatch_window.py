@@ -1,10 +1,10 @@
 #!/usr/bin/python3
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""What the running stopwatch costs beside the stopped one.
+"""Compares the cost of the running stopwatch with the stopped one.
 
-Tickwell is measured in turn with its stopwatch running and with it stopped, each time on a desktop of its own; the
-table shows the medians of both and the ratio running to stopped, pair by pair. Its window is opened from the menu,
-started by a key and closed again. A wake-up is at most one tick. It judges nothing.
+Tickwell is measured alternately with its stopwatch running and stopped, each time on a private desktop. The table shows
+the medians of both and the ratio running to stopped, computed per pair. The stopwatch's window is opened from the menu,
+started by a key and closed again. A wake-up is at most one tick. There is no pass or fail.
 """
 
 import argparse
@@ -19,7 +19,7 @@ QUANTITIES = (summary.CPU, summary.SWITCHES, summary.SERVER_CPU, summary.REPAINT
 
 
 def read_options():
-    """The options of the command line."""
+    """Reads the command line."""
     parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
     command_line.add_program_option(parser)
     parser.add_argument("--windows", type=command_line.count, default=3, help="pairs (default: %(default)s)")
@@ -33,7 +33,7 @@ def read_options():
 
 
 def measure_pairs(program, plan, pairs):
-    """[(figures running, figures stopped)]"""
+    """Measures alternately; returns [(figures running, figures stopped)]."""
     measured = []
     for number in range(pairs):
         running, stopped = (measure_window(tickwell(program, scene), plan)[1] for scene in (STOPWATCH, STOPPED))
@@ -44,7 +44,7 @@ def measure_pairs(program, plan, pairs):
 
 
 def main():
-    """Measures, and prints the figures."""
+    """Measures and prints the results."""
     options = read_options()
     measured = measure_pairs(options.program, command_line.plan_from(options), options.windows)
     rows = [comparison.as_row() for comparison in summary.compare(measured, QUANTITIES)]

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What a frame of each wipe costs, against the whole line painted at rest, and how many paints a wipe takes.
-// Painted into a window without a screen, so that only our own work is measured. Prints a table; nothing
-// fails by the clock.
+// The cost of a frame of each wipe, compared with painting the complete line at rest, and the number of
+// paints per wipe. Paints into a window without a screen, so that only our own work is measured. Prints a
+// table; never fails because of times.
 
 #include <QApplication>
 #include <QElapsedTimer>
@@ -22,10 +22,10 @@ using namespace Qt::StringLiterals;
 
 constexpr QSize kLine(167, 20);
 constexpr int kFrameInterval = 20;  // ms
-constexpr int kStep = 4;            // pixels a frame
+constexpr int kStep = 4;            // pixels per frame
 constexpr int kRounds = 200;
 
-/// A line that keeps the microseconds of each of its paints.
+/// A line that records the microseconds of each of its paints.
 class TimedWord : public MovingWord {
 public:
     using MovingWord::MovingWord;
@@ -40,7 +40,7 @@ protected:
     }
 };
 
-/// The share `share` of the values, 0 to 1, lies below it.
+/// The value below which the fraction `share` (0 to 1) of the values is.
 double Quantile(std::vector<double> values, double share) {
     std::sort(values.begin(), values.end());
     return values[static_cast<std::size_t>(static_cast<double>(values.size() - 1) * share)];
@@ -59,7 +59,7 @@ void Measure(const char* name, qint32 kind) {
     std::vector<double> resting;
     std::vector<double> wiping;
     int frames = 0;
-    for (int round = 0; round < kRounds; ++round) {  // in turn, so that a slow moment meets both
+    for (int round = 0; round < kRounds; ++round) {  // in turn, so that a slow moment affects both
         word.SetText(u"平成38年11月20日(金曜日)"_s);
         for (int frame = 0; frame < 10; ++frame) {
             time.Advance(kFrameInterval);

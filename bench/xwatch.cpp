@@ -1,15 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// xwatch: looks at the X display from outside; says when a window comes, when it is painted, and how often.
+// xwatch: observes an X display from outside; reports when a window appears, when it is painted, how often.
 //
 //   xwatch start TIMEOUT_MS MIN_WIDTH MIN_HEIGHT
-//       READY: from here on no window is missed.
+//       READY: from now on no window is missed.
 //       MAP time window x y width height override: the first top-level window that is large enough; SMALL
 //           with the same fields for each smaller one before it.
-//       PAINT time window width height class: its client area holds three colours for the first time.
-//       TIMEOUT or NOPAINT where that did not come in time (exit code 1).
+//       PAINT time window width height class: its client area has three colours for the first time.
+//       TIMEOUT or NOPAINT if that did not happen in time (exit code 1).
 //
 //   xwatch damage DURATION_MS
-//       DAMAGE bursts_per_s rectangles_per_s kilopixels_per_s: what was repainted on the whole screen.
+//       DAMAGE bursts_per_s rectangles_per_s kilopixels_per_s: repaints of the complete screen.
 //
 // Times are microseconds of the monotonic clock, which a script on the same machine can read as well.
 
@@ -29,7 +29,7 @@ namespace {
 
 using std::chrono::milliseconds;
 
-/// The whole of `text` as a number; nothing when it is none.
+/// The complete `text` as a number; nullopt if it is not one.
 std::optional<unsigned> Number(std::string_view text) {
     unsigned value = 0;
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);

@@ -1,11 +1,11 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-# What the distribution hardens its programs with (dpkg-buildflags, hardening=+all) and what its hardening-check asks
-# for: against faults that are left in spite of all tests.
+# The distribution's hardening flags (dpkg-buildflags, hardening=+all), as its hardening-check expects them. They limit
+# the damage of faults that the tests have missed.
 include(CheckPIESupported)
 check_pie_supported()
 
-# Programs for users and those that the tests run in their place are hardened; the sanitizers have checks of their own,
-# and a build without optimizing cannot fortify.
+# Hardens the program and the builds of it that tests run. Not with sanitizers, which have their own checks, and not
+# without optimization, because then nothing can be fortified.
 set(TICKWELL_HARDENED ON)
 if(TICKWELL_SANITIZERS OR CMAKE_BUILD_TYPE STREQUAL "Debug" OR NOT CMAKE_BUILD_TYPE)
     set(TICKWELL_HARDENED OFF)
@@ -16,7 +16,7 @@ function(tickwell_harden target)
         return()
     endif()
     set_target_properties(${target} PROPERTIES POSITION_INDEPENDENT_CODE ON)
-    # Undefined first: who builds a package may have defined it already.
+    # Undefined first, because a package build may already define it.
     target_compile_options(${target} PRIVATE -U_FORTIFY_SOURCE -D_FORTIFY_SOURCE=2 -fstack-protector-strong
                                              -Wformat -Werror=format-security)
     if(CMAKE_SYSTEM_PROCESSOR MATCHES "x86_64|AMD64")

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-# What cmake --install puts where. Program, helpers and masters find each other by where they lie to each other.
+# Installation paths. Program, helpers and master files find each other by their relative paths.
 
 install(TARGETS tickwell RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}")
 install(TARGETS tickwell-cd tickwell-print RUNTIME DESTINATION "${CMAKE_INSTALL_LIBEXECDIR}/tickwell")
@@ -20,7 +20,7 @@ install(FILES "${PROJECT_SOURCE_DIR}/data/icons/tickwell.svg" DESTINATION "${ico
 install(FILES "${PROJECT_SOURCE_DIR}/data/desktop/tickwell.desktop" DESTINATION "${CMAKE_INSTALL_DATADIR}/applications")
 install(FILES "${PROJECT_SOURCE_DIR}/data/desktop/tickwell.metainfo.xml" DESTINATION "${CMAKE_INSTALL_DATADIR}/metainfo")
 
-# tickwell_install_packed(FILE DESTINATION NAME [COMPONENT]): installs a text packed, the same bytes each time.
+# tickwell_install_packed(FILE DESTINATION NAME [COMPONENT]): installs a file compressed with gzip, reproducibly.
 function(tickwell_install_packed file destination name)
     string(MAKE_C_IDENTIFIER "packed_${destination}_${name}" target)
     set(packed "${PROJECT_BINARY_DIR}/packed/${destination}/${name}.gz")

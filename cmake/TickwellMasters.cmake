@@ -1,9 +1,9 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-# The eight files that the program cannot run without, staged beside its binary.
+# The eight files that the program requires, copied next to its binary.
 
 set(TICKWELL_SOUNDS TKW00.wav TKW01.wav TKW02.wav TKW03.wav TKW04.wav TKW05.wav)
 
-# Help and sounds follow their sources; a DayDate.mdb that stands in the folder is the user's and stays.
+# Help and sounds are copied whenever their sources change; an existing DayDate.mdb belongs to the user and is kept.
 function(tickwell_stage_masters target folder)
     set(staged "")
     add_custom_command(OUTPUT "${folder}/Help.hlp"
@@ -16,7 +16,7 @@ function(tickwell_stage_masters target folder)
             DEPENDS "${PROJECT_SOURCE_DIR}/data/sounds/${sound}" VERBATIM)
         list(APPEND staged "${folder}/${sound}")
     endforeach()
-    # The pristine database is made anew with its scripts; the copy beside the binary is made once.
+    # The pristine database is rebuilt when its scripts change; the copy next to the binary is only made once.
     set(pristine "${PROJECT_BINARY_DIR}/masters/DayDate.mdb")
     file(MAKE_DIRECTORY "${PROJECT_BINARY_DIR}/masters")
     set(scripts "${PROJECT_SOURCE_DIR}/data/DayDate.schema.sql" "${PROJECT_SOURCE_DIR}/data/DayDate.holidays.sql")

@@ -1,5 +1,6 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-# cpack -G DEB: a package for Debian 12, of what cmake --install installs and of what Debian asks for beside it.
+# cpack -G DEB: a package for Debian 12 with everything that cmake --install installs, and the files that Debian
+# requires.
 
 set(TICKWELL_MAINTAINER "Tickwell authors <tickwell@localhost.invalid>" CACHE STRING
     "Who answers for the package, as in Name <address>")
@@ -30,15 +31,15 @@ set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
 set(CPACK_STRIP_FILES ON)
 
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
-set(CPACK_DEBIAN_PACKAGE_RELEASE 0local1) # older than any of the same version that a distribution makes
+set(CPACK_DEBIAN_PACKAGE_RELEASE 0local1) # lower than the version of any distribution package
 set(CPACK_DEBIAN_PACKAGE_MAINTAINER "${TICKWELL_MAINTAINER}")
 set(CPACK_DEBIAN_PACKAGE_SECTION x11)
 set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 set(CPACK_DEBIAN_COMPRESSION_TYPE xz)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
-# Beside what it is linked to: the sound library, which it loads with the first sound; a Japanese font for its texts,
-# one of those that stand in for the one it was made for; the toolkit's dialogs in Japanese; the battery.
+# In addition to linked libraries: the sound library, which is loaded at the first sound; a Japanese font, one of the
+# substitutes for the one that the texts are designed for; Qt's Japanese translations; the battery service.
 set(CPACK_DEBIAN_PACKAGE_DEPENDS "libsdl2-2.0-0 (>= 2.0.18), \
 fonts-monapo | fonts-ipafont-gothic | fonts-ipaexfont-gothic | fonts-takao-gothic | fonts-vlgothic | fonts-noto-cjk")
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "qt6-translations-l10n, upower")

@@ -1,7 +1,7 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-# The three kinds of target that this project has. Everything is compiled by the same rules.
+# The three kinds of targets of this project. All are compiled with the same options.
 
-# What every target of ours is compiled with.
+# The compile options of every target of this project.
 function(tickwell_compile_rules target)
     target_include_directories(${target} PRIVATE "${PROJECT_SOURCE_DIR}/src")
     target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion
@@ -20,14 +20,14 @@ function(tickwell_compile_rules target)
     endif()
 endfunction()
 
-# tickwell_stand_apart(core a.cpp): sources that a build in one piece leaves by themselves, since what they name for
-# themselves alone bears the same name elsewhere in their room.
+# tickwell_stand_apart(core a.cpp): excludes sources from unity builds, because names in their unnamed namespaces also
+# occur in other sources of the folder.
 function(tickwell_stand_apart name)
     set_source_files_properties(${ARGN} TARGET_DIRECTORY tickwell_${name} PROPERTIES SKIP_UNITY_BUILD_INCLUSION ON)
 endfunction()
 
-# tickwell_library(core SOURCES a.cpp b.cpp LINKS Qt6::Core): the static library of one folder of the house,
-# named tickwell_core, with the alias Tickwell::core.
+# tickwell_library(core SOURCES a.cpp b.cpp LINKS Qt6::Core): the static library of a folder of src/, named
+# tickwell_core, with the alias Tickwell::core.
 function(tickwell_library name)
     cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;LINKS")
     add_library(tickwell_${name} STATIC ${arg_SOURCES})
@@ -37,7 +37,7 @@ function(tickwell_library name)
     set_target_properties(tickwell_${name} PROPERTIES UNITY_BUILD "${TICKWELL_UNITY}" UNITY_BUILD_BATCH_SIZE 0)
 endfunction()
 
-# What nearly every test includes, compiled once. Not for clang-tidy and clangd, which cannot read what GCC compiles.
+# Precompiles the headers that nearly every test includes. Off for clang-tidy and clangd, which cannot read GCC's files.
 function(tickwell_precompile_tests target)
     if(TICKWELL_PRECOMPILED_TESTS)
         target_precompile_headers(${target} REUSE_FROM test_headers)
@@ -45,11 +45,11 @@ function(tickwell_precompile_tests target)
     endif()
 endfunction()
 
-# tickwell_test(core words LINKS Tickwell::core): the test program of tests/core/tst_words.cpp, run as core.words.
+# tickwell_test(core words LINKS Tickwell::core): builds tests/core/tst_words.cpp and registers it as core.words.
 function(tickwell_test folder subject)
     cmake_parse_arguments(PARSE_ARGV 2 arg "" "" "SOURCES;LINKS")
     set(target tst_${folder}_${subject})
-    # By hand: CMake's own would give each test a second, empty source.
+    # Called manually, because AUTOMOC would add a second, empty source to each test.
     qt6_generate_moc(tst_${subject}.cpp "${CMAKE_CURRENT_BINARY_DIR}/tst_${subject}.moc")
     add_executable(${target} tst_${subject}.cpp "${CMAKE_CURRENT_BINARY_DIR}/tst_${subject}.moc" ${arg_SOURCES})
     set_target_properties(${target} PROPERTIES AUTOMOC OFF)
@@ -58,7 +58,7 @@ function(tickwell_test folder subject)
     tickwell_compile_rules(${target})
     tickwell_precompile_tests(${target})
     add_test(NAME ${folder}.${subject} COMMAND ${target})
-    # No real home, no screen, no language of the machine: the same on every desk.
+    # No real home, no screen and a fixed locale, so the result is the same on every machine.
     set_tests_properties(${folder}.${subject} PROPERTIES
         LABELS "unit;${folder}" TIMEOUT 300
         ENVIRONMENT "QT_QPA_PLATFORM=offscreen;TZ=Asia/Tokyo;LANG=C.UTF-8;HOME=${CMAKE_BINARY_DIR}/no-home;XDG_RUNTIME_DIR=${CMAKE_BINARY_DIR}/no-home")

@@ -8,7 +8,7 @@ packages_to_test="$packages_to_run $packages_to_look ccache clang clang-format c
     cups-daemon cups-client cups-filters poppler-utils valgrind
     dpkg-dev lintian appstream desktop-file-utils man-db"
 
-# need PACKAGE…: installs those that are missing, in one line of explanation, and says nothing when none is.
+# need PACKAGE…: installs the missing packages and prints their names in one line; prints nothing if none is missing.
 need() {
     missing=""
     for package in "$@"; do

@@ -1,15 +1,15 @@
 #!/bin/sh
 # SPDX-License-Identifier: GPL-3.0-or-later
-# picture.sh PROGRAM FILE.png: starts the program on the present display, pictures its window once it shows more than
-# its first texts, and ends it.
+# picture.sh PROGRAM FILE.png: starts the program on the current display, takes a screenshot of its window when it shows
+# more than its first texts, and ends it.
 set -eu
 program=$1
 file=$2
 work=$(mktemp -d)
-: "${XDG_RUNTIME_DIR:=$work}" # the toolkit complains where no login made one
+: "${XDG_RUNTIME_DIR:=$work}" # Qt warns if it is missing, as without a login session
 export XDG_RUNTIME_DIR
-# With the user's settings, but without the notice that there is no CD drive: it would be the picture. Of a key that
-# stands twice the first one counts.
+# Uses the user's settings, but disables the message about a missing CD drive, which would be in the screenshot. If a
+# key occurs twice, the first occurrence counts.
 settings=${XDG_CONFIG_HOME:-$HOME/.config}/TKW2/TKW2.ini
 mkdir -p "$work/config/TKW2"
 { printf '[Notice]\nNoCdDrive=False\n'; [ ! -f "$settings" ] || sed '1s/^\xEF\xBB\xBF//' "$settings"; } >"$work/config/TKW2/TKW2.ini"
@@ -28,5 +28,5 @@ while maim --hidecursor --window "$window" "$file" && cmp -s "$work/first.png" "
     kill -0 $process || { echo "The program ended." >&2; exit 1; }
     sleep 1
 done
-sleep 1 # the wipe
+sleep 1 # until the wipe has ended
 maim --hidecursor --window "$window" "$file"

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// anniversary_search [ROWS]: what the windows of the anniversary book cost with so many anniversaries, a
-// million if none are given: the whole time of each deed, the longest that the event loop was kept from its
-// next event meanwhile (in processor time, so that a busy machine does not count), and the memory after it.
-// The search is compared with its work without a window. Runs without a screen.
+// anniversary_search [ROWS]: the cost of the anniversary book's windows with ROWS anniversaries (default one
+// million). For each action: its total time, the longest time that the event loop was blocked (in CPU time,
+// so a busy machine does not count), and the memory afterwards. The search is compared with the same work
+// without a window. Runs without a screen.
 
 #include <sqlite3.h>
 
@@ -35,22 +35,22 @@ namespace {
 
 constexpr int kRows = 1'000'000;
 constexpr int kSteps = 1000;           // of the scroll bar
-constexpr double kMilliseconds = 1e6;  // nanoseconds in one
-constexpr double kMegabyte = 1e3;      // kB in one
+constexpr double kMilliseconds = 1e6;  // nanoseconds per millisecond
+constexpr double kMegabyte = 1e3;      // kB per MB
 
 class NoChanges : public DayChanges {
 public:
     void RaiseRefresh() override {}
 };
 
-/// Milliseconds that this thread has worked.
+/// The CPU time of this thread in milliseconds.
 double Worked() {
     timespec now{};
     clock_gettime(CLOCK_THREAD_CPUTIME_ID, &now);
     return static_cast<double>(now.tv_sec) * 1e3 + static_cast<double>(now.tv_nsec) / kMilliseconds;
 }
 
-/// A line of /proc/self/status or smaps_rollup that begins with `name`, in MB.
+/// The value of the line that starts with `name` in a file of /proc/self, in MB.
 double Memory(const char* file, const QByteArray& name) {
     QFile status(QString::fromLatin1(file));
     if (!status.open(QIODevice::ReadOnly)) {
@@ -64,7 +64,7 @@ double Memory(const char* file, const QByteArray& name) {
     return 0;
 }
 
-/// Does `deed`, then lets events come until `isDone`; prints what it cost.
+/// Runs `deed`, then processes events until `isDone`; prints the cost.
 void Measure(const char* name, const std::function<void()>& deed, const std::function<bool()>& isDone) {
     QElapsedTimer timer;
     timer.start();
@@ -83,7 +83,7 @@ void Measure(const char* name, const std::function<void()>& deed, const std::fun
         Memory("/proc/self/smaps_rollup", "Pss:"), Memory("/proc/self/status", "VmHWM:"));
 }
 
-/// A third of each kind, one of three by its week.
+/// The three kinds in equal parts, one of them by week.
 void Fill(const QString& path, int rows) {
     const QByteArray sql =
         "WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < " +
@@ -100,7 +100,7 @@ void Fill(const QString& path, int rows) {
     sqlite3_close(handle);
 }
 
-/// The book, and a list as the calendar's is.
+/// The book, and a list like the calendar's.
 struct Bench {
     std::unique_ptr<DayDatabase> database;
     DayList list;
@@ -136,7 +136,7 @@ void MeasureSearch(Bench& bench) {
         [] { return true; });
     Form9 window(bench.parts, nullptr);
     window.show();
-    QCoreApplication::processEvents();  // its first picture
+    QCoreApplication::processEvents();  // the first paint
     Measure(
         "search for all", [&] { bench.Click(window, u"Command1"_s); }, [&] { return !window.isVisible(); });
     std::printf("%d rows found\n", bench.list.Rows().Count());

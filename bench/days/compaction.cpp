@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// compaction [FOLDER]: how long the program stands still while it compacts its day database, at two sizes,
-// from which 95 of 100 rows were deleted, or none; against one plain copy of the same file. FOLDER is where
-// the files are made, on the disk that is meant; the temporary folder where it is not given.
+// compaction [FOLDER]: how long the day database's compaction takes, for two sizes, with 95 % of the rows
+// deleted and with none, compared with a plain copy of the same file. FOLDER selects the disk for the files;
+// default is the temporary folder.
 
 #include <QDir>
 #include <QElapsedTimer>
@@ -23,9 +23,9 @@ using namespace tickwell;
 namespace {
 
 constexpr int kTimes = 7;
-constexpr double kMilliseconds = 1e6;  // nanoseconds in one
+constexpr double kMilliseconds = 1e6;  // nanoseconds per millisecond
 
-/// Notes how long the two large steps took.
+/// Records how long the two large steps take.
 class TimedDisk : public PosixCompactionDisk {
 public:
     void Copy(const SqliteConnection& from, const QString& to) override {
@@ -38,7 +38,7 @@ public:
     double Copied() const { return m_copied; }
     double Compacted() const { return m_compacted; }
 
-    /// In milliseconds.
+    /// Returns milliseconds.
     template <typename Deed>
     static double Timed(Deed deed) {
         QElapsedTimer timer;

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// day_lookup [FOLDER]: what the day database costs. A day's look-up with the two indexes and without, at
-// three sizes; an insert; a month's marks stored at once and one by one. FOLDER is where the files are made,
-// on the disk that is meant; the temporary folder where it is not given.
+// day_lookup [FOLDER]: costs of the day database: a day's query with the two indexes and without, for three
+// sizes; an insert; a month's marks stored together and one by one. FOLDER selects the disk for the files;
+// default is the temporary folder.
 
 #include <QDir>
 #include <QElapsedTimer>
@@ -22,9 +22,9 @@ using namespace tickwell;
 namespace {
 
 constexpr quint32 kSeed = 0xBE7C;
-constexpr double kMicroseconds = 1000;  // nanoseconds in one
+constexpr double kMicroseconds = 1000;  // nanoseconds per microsecond
 
-/// The median of `times` runs, in microseconds.
+/// The median duration of `times` runs, in microseconds.
 template <typename Deed>
 double Median(int times, Deed deed) {
     std::vector<double> taken;
@@ -38,7 +38,7 @@ double Median(int times, Deed deed) {
     return taken[static_cast<std::size_t>(times / 2)];
 }
 
-/// Two of three anniversaries by day, the others by week; most of them every year, in one month.
+/// Two thirds of the anniversaries by day, the others by week; most of them yearly, in one month.
 QString RandomInsert(QRandomGenerator& random) {
     const bool byDay = random.bounded(3) != 0;
     const int day = byDay ? random.bounded(1, 32) : 0;
@@ -64,7 +64,7 @@ void Fill(DayDatabase& database, int rows) {
 
 struct LookUp {
     double microseconds;
-    double rows;  // on average
+    double rows;  // average per query
 };
 
 LookUp MeasureLookUp(DayDatabase& database, int times) {

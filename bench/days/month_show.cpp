@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// month_show [FOLDER]: what it takes to show another month, with 10 000 marks and 1 000 national holidays
-// stored and with none: the questions to the database, the grid, the whole click with its painting. Without a
-// display: QT_QPA_PLATFORM=offscreen. FOLDER is where the files are made; the temporary folder where it is
-// not given.
+// month_show [FOLDER]: the time to show another month, with 10 000 marks and 1 000 national holidays and with
+// none: the database queries, the grid, and the complete click including painting. Without a display set
+// QT_QPA_PLATFORM=offscreen. FOLDER is the folder for the files; default is the temporary folder.
 
 #include <QApplication>
 #include <QDir>
@@ -32,12 +31,12 @@ constexpr quint32 kSeed = 0xBE7D;
 constexpr int kMarks = 10'000;
 constexpr int kHolidays = 1'000;
 constexpr int kTimes = 300;
-constexpr double kMilliseconds = 1e6;   // nanoseconds in one
+constexpr double kMilliseconds = 1e6;   // nanoseconds per millisecond
 constexpr double kFrame = 1000.0 / 60;  // ms
 
 struct Taken {
     double median;
-    double worst;  // of a hundred, the slowest but one
+    double worst;  // the 99th percentile
 };
 
 template <typename Deed>
@@ -58,7 +57,7 @@ public:
     void ShowTopic(int /*topic*/) override {}
 };
 
-/// Two thirds in the years that are looked at, the others before and after.
+/// Two thirds within the measured years, the others before and after.
 void FillMarks(DayDatabase& database) {
     QRandomGenerator random(kSeed);
     DayTransaction transaction(database);

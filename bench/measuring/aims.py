@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""What Tickwell's figures are held against. Nothing fails by them: a person reads both."""
+"""Reference values for Tickwell's figures. Nothing fails because of them; a person compares both."""
 
 from dataclasses import dataclass
 
@@ -12,7 +12,7 @@ KRONOMETER = ("scenes", "Kronometer")
 
 @dataclass(frozen=True)
 class Aim:
-    """A quantity of one measured list, divided by that of another where there is another."""
+    """A quantity of one list of figures, optionally divided by that of another."""
 
     name: str
     words: str
@@ -21,11 +21,11 @@ class Aim:
     to: tuple | None = None
 
     def as_row(self, measured):
-        """The texts of a line: what it is, what was reached, what is aimed at; None where something was left out."""
+        """The cells of a row: name, measured value, target; None if something was not measured."""
         figures = [measured[group].get(label) for group, label in filter(None, (self.of, self.to))]
         if not all(figures):
             return None
-        # Those of two groups were not measured together: each is compared with the other's place all the same.
+        # Figures of two groups were not measured together; they are paired by position nevertheless.
         shortest = min(map(len, figures))
         values = [self.quantity.values(each[:shortest]) for each in figures]
         if None in values:

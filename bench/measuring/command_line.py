@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""Options that the scripts have in common, and how they end."""
+"""Common options of the scripts, and their exit."""
 
 import argparse
 import os
@@ -15,20 +15,20 @@ BUILD_FOLDER = Path(__file__).resolve().parents[2] / "build" / "dev"
 
 
 def add_program_option(parser):
-    """Adds the option that names Tickwell."""
+    """Adds the option for Tickwell's path."""
     parser.add_argument("--program", type=program, metavar="FILE",
                         default=os.environ.get("TICKWELL_PROGRAM") or str(BUILD_FOLDER / "bin" / "tickwell"),
                         help="Tickwell (default: $TICKWELL_PROGRAM, else that of the dev build)")
 
 
 def add_bare_option(parser):
-    """Adds the option that names the bare window."""
+    """Adds the option for the path of the bare window."""
     parser.add_argument("--bare", type=program, metavar="FILE", default=str(BUILD_FOLDER / "bench" / "bare_window"),
                         help="the bare window (default: that of the dev build)")
 
 
 def add_plan_options(parser, **defaults):
-    """Adds the options that plan_from() reads. `defaults`: fields of the plan that begin with another value."""
+    """Adds the options that plan_from() reads. `defaults`: fields of the plan with other default values."""
     defaults = Plan(xwatch=BUILD_FOLDER / "bench" / "xwatch", **defaults)
     parser.add_argument("--settle", type=seconds, default=defaults.settle, metavar="SECONDS",
                         help="from the start to the reading of memory and the window (default: %(default)g)")
@@ -47,7 +47,8 @@ def add_plan_options(parser, **defaults):
 
 
 def plan_from(options, **others):
-    """The plan that the options ask for. `others` go to it; `environment`, `home_template` to its desktop."""
+    """The plan for these options. `others` are passed to it, except `environment` and `home_template`, which are passed
+    to its desktop."""
     desktop = DesktopOptions(language=options.language, zone=options.zone, keep=options.keep,
                              environment=others.pop("environment", {}),
                              home_template=others.pop("home_template", None))
@@ -56,8 +57,8 @@ def plan_from(options, **others):
 
 
 def run_script(measure):
-    """Runs `measure` and returns the exit code: 0 when there are figures, whatever they are."""
-    # An ordinary end, so that the private desktops are taken down.
+    """Runs `measure`; returns the exit code: 0 if it has measured, whatever the values."""
+    # Exits normally, so that the private desktops are shut down.
     signal.signal(signal.SIGTERM, lambda *_: sys.exit(128 + signal.SIGTERM))
     try:
         measure()
@@ -70,12 +71,12 @@ def run_script(measure):
 
 
 def report_progress(text):
-    """One line for the person who waits; the figures alone go to standard output."""
+    """Prints progress to standard error; only results go to standard output."""
     print(text, file=sys.stderr, flush=True)
 
 
 def program(text):
-    """The absolute path of a program that can be run."""
+    """The absolute path of an executable."""
     path = Path(text).resolve()
     if not (path.is_file() and os.access(path, os.X_OK)):
         raise argparse.ArgumentTypeError(
@@ -84,7 +85,7 @@ def program(text):
 
 
 def seconds(text):
-    """A number of seconds, not negative."""
+    """A number of seconds, 0 or more."""
     value = float(text)
     if not 0 <= value < float("inf"):
         raise argparse.ArgumentTypeError(f"{text} is not a number of seconds")
@@ -100,7 +101,7 @@ def positive_seconds(text):
 
 
 def count(text):
-    """A number of times, not negative."""
+    """A number of repetitions, 0 or more."""
     value = int(text)
     if value < 0:
         raise argparse.ArgumentTypeError(f"{text} is below 0")

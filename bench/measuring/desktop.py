@@ -1,9 +1,8 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 """The private desktop of one repetition.
 
-Nothing of the user's own session is seen or touched: an X server of its own on a display that only its cookie
-opens, a window manager, a message bus, and an empty home. What one repetition leaves behind, the next one
-does not find.
+It neither sees nor affects the user's session: it has an X server on a display protected by a cookie, a window manager,
+a message bus and an empty home. No repetition finds anything left by another.
 """
 
 import os
@@ -34,17 +33,17 @@ _SECONDS_TO_START = 10.0
 
 @dataclass(frozen=True)
 class DesktopOptions:
-    """How a desktop is furnished."""
+    """Options of a desktop."""
 
     language: str = "C.UTF-8"
     zone: str = "Asia/Tokyo"
-    environment: dict = field(default_factory=dict)  # on top of the desktop's own
+    environment: dict = field(default_factory=dict)  # in addition to the desktop's own
     home_template: Path | None = None  # copied to the home before anything starts
-    keep: bool = False  # leaves the home behind, and says where
+    keep: bool = False  # keeps the home and prints its path
 
 
 class Desktop:
-    """A context: inside it the desktop runs, after it nothing of it is left."""
+    """A context manager: the desktop runs inside it, and is removed completely afterwards."""
 
     def __init__(self, options):
         self._options = options
@@ -76,7 +75,7 @@ class Desktop:
         return self.folder / "home"
 
     def start(self, role, command, **options):
-        """Starts a process of the desktop, which ends it, and returns its Popen. `options` go to Popen."""
+        """Starts a process, which is ended with the desktop; returns its Popen. `options` are passed to Popen."""
         output = options.pop("stdout", None) or self._output(role)
         try:
             child = subprocess.Popen(command, env=self._environment_of(role), stdin=subprocess.DEVNULL,
@@ -88,7 +87,7 @@ class Desktop:
         return child
 
     def run(self, command, seconds=60.0):
-        """Runs a helper to its end and returns what it printed."""
+        """Runs a helper to its end; returns its output."""
         try:
             done = subprocess.run(command, env=self._environment_of(HELPER), stdin=subprocess.DEVNULL,
                                   capture_output=True, text=True, timeout=seconds, cwd=self.home, check=False)
@@ -99,12 +98,12 @@ class Desktop:
         return done.stdout
 
     def pids(self, role):
-        """The living processes of one role, with whatever they started; the bus itself is no service."""
+        """The running processes of a role and their descendants; the bus itself is not a service."""
         own = {self._bus.pid} if self._bus else set()
         return [pid for pid in processes.marked(self._mark_of(role)) if pid not in own]
 
     def last_words(self, role):
-        """The end of what the processes of a role have printed."""
+        """The end of the output of a role's processes."""
         return (self.folder / f"{role}.log").read_text(errors="replace")[-600:].strip()
 
     def _mark_of(self, role):
@@ -160,7 +159,7 @@ class Desktop:
         address = _first_line(self._bus.stdout)
         if not address:
             raise MeasuringError(f"dbus-daemon did not start: {self.last_words(SERVICES)}")
-        # The machine's own bus stays out of it too: its battery would wake the program now and then.
+        # The machine's system bus is replaced too, because its battery events would wake the program.
         self.environment.update(DBUS_SESSION_BUS_ADDRESS=address, DBUS_SYSTEM_BUS_ADDRESS=address)
 
     def _start_manager(self):
@@ -170,16 +169,16 @@ class Desktop:
             if time.monotonic() > deadline:
                 raise MeasuringError(f"openbox did not start: {self.last_words(MANAGER)}")
             time.sleep(0.05)
-        time.sleep(0.5)  # it has announced itself, but still reads its theme
+        time.sleep(0.5)  # it has announced itself but is still reading its theme
 
     def _close(self):
-        """Ends everything, the server last, so that the others can say goodbye to it."""
+        """Ends all processes, the server last, so that the others can disconnect."""
         try:
             processes.end_marked([self._mark_of(role) for role in (PROGRAM, HELPER, SERVICES, MANAGER)])
             processes.end_marked([self._mark_of(SERVER)])
         finally:
             for child in self._children:
-                child.kill()  # the unlikely one that wiped its mark; one that has ended does not mind
+                child.kill()  # only has an effect on one that removed its mark
                 child.wait()
                 if child.stdout:
                     child.stdout.close()
@@ -192,7 +191,7 @@ class Desktop:
 
 
 def _free_display():
-    """A display number far from those that people and other tools use."""
+    """A display number far from those that users and other tools use."""
     while True:
         number = random.randint(2000, 9999)
         if not Path(f"/tmp/.X11-unix/X{number}").exists() and not Path(f"/tmp/.X{number}-lock").exists():
@@ -200,7 +199,7 @@ def _free_display():
 
 
 def _first_line(pipe):
-    """The first line from an unbuffered pipe, without its end; empty when none comes in time."""
+    """The first line from an unbuffered pipe, without its line feed; empty if it does not arrive in time."""
     line = b""
     deadline = time.monotonic() + _SECONDS_TO_START
     while not line.endswith(b"\n"):

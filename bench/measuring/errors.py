@@ -1,6 +1,6 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""The one error that ends a measurement."""
+"""The error that ends a measurement."""
 
 
 class MeasuringError(Exception):
-    """Something without which there is nothing to measure failed; its text says what, for the user."""
+    """Something that a measurement needs has failed; the text describes it for the user."""

@@ -1,8 +1,8 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""Programs of other people that show the time, each with settings of its own that make it do what Tickwell does.
+"""Other programs that show the time, with settings that make each do the same as Tickwell.
 
-They are Debian's packages of the same names; xclock is in x11-apps, conky in conky-std, the panels' clocks in
-xfce4-datetime-plugin and lxqt-panel. One that is not installed is left out.
+They are Debian packages of the same names; xclock is in x11-apps, conky in conky-std, the panels' clocks in
+xfce4-datetime-plugin and lxqt-panel. Programs that are not installed are skipped.
 """
 
 import shutil
@@ -53,7 +53,7 @@ date_format=%Y-%m-%d
 time_format=%H:%M:%S
 """
 
-# Its own colours are those of a theme that is not there: black on black.
+# The default colours come from a theme that is not installed: black on black.
 _LXQT_PANEL = """panels=panel1
 
 [panel1]
@@ -73,7 +73,7 @@ customFormat=HH:mm:ss
 
 
 def _writes(place, text):
-    """What writes one file of settings into a home."""
+    """Returns a function that writes one settings file into a home."""
 
     def furnish(home):
         path = Path(home) / place
@@ -96,7 +96,7 @@ def _subject(label, command, *furnishings, **others):
 
 
 def clocks():
-    """The installed ones of those that show date or time and change it each second."""
+    """The installed programs that show date or time and refresh it every second."""
     return _installed(
         _subject("conky", ["conky", "--quiet"], _writes(".config/conky/conky.conf", _CONKY)),
         _subject("xclock", ["xclock", "-digital", "-update", "1"]),
@@ -108,12 +108,12 @@ def clocks():
 
 
 def windows_at_rest():
-    """The installed ones of those that show no time that changes by itself."""
+    """The installed programs that show no changing time."""
     return _installed(_subject("GNOME Clocks", ["gnome-clocks"], smallest=(200, 100)))
 
 
 def stopwatches():
-    """The installed ones with a stopwatch, which runs."""
+    """The installed programs with a stopwatch, which is running."""
     return _installed(_subject("Kronometer", ["kronometer"], hook="xdotool key space", hook_at=8.0,
                                smallest=(200, 100)))
 

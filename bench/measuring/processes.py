@@ -1,7 +1,7 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""Processes of one repetition: found by a mark in their environment, read from /proc, ended by their number.
+"""The processes of one repetition: found by a mark in their environment, measured through /proc, ended by pidfd.
 
-The mark is inherited, so that whatever a program starts is counted and ended with it, detached or not.
+The mark is inherited, so everything that a program starts is counted and ended with it, detached or not.
 """
 
 import os
@@ -18,21 +18,21 @@ _SECONDS_TO_END = 2.0
 
 @dataclass(frozen=True)
 class Memory:
-    """What processes hold, summed over them, in KiB."""
+    """Memory of processes, summed, in KiB."""
 
     rss_kib: int
-    pss_kib: int  # pages shared with others counted in part
-    uss_kib: int  # pages shared with nobody
-    anonymous_kib: int  # the part of pss that no file stands behind
-    peak_rss_kib: int  # the most that rss ever was; of several processes not at the same moment
+    pss_kib: int  # shared pages counted proportionally
+    uss_kib: int  # only unshared pages
+    anonymous_kib: int  # the part of PSS without a file behind it
+    peak_rss_kib: int  # highest RSS; sum of peaks that may be at different moments
 
 
 @dataclass(frozen=True)
 class Activity:
-    """What processes have done since they began, summed over them and all their threads."""
+    """Activity of processes since their start, summed over processes and threads."""
 
-    cpu_ns: int  # of the threads that are still there
-    cpu_tick_ms: int  # in the kernel's coarse steps, but with threads and children that have ended
+    cpu_ns: int  # only of threads that still exist
+    cpu_tick_ms: int  # in clock ticks of the kernel, including ended threads and children
     voluntary_switches: int
     involuntary_switches: int
     written_bytes: int
@@ -40,17 +40,17 @@ class Activity:
 
 
 def marked(mark):
-    """The numbers of all living processes that bear `mark`."""
+    """The ids of all running processes with this mark."""
     return [int(entry) for entry in os.listdir("/proc") if entry.isdigit() and _bears(int(entry), mark)]
 
 
 def name_of(pid):
-    """The short name of a process, empty when it is gone."""
+    """The short name of a process; empty if it has ended."""
     return _read(f"/proc/{pid}/comm").strip()
 
 
 def memory_of(pids):
-    """Memory of the processes `pids`; those that are gone count as nothing."""
+    """The memory of these processes; ended ones count as 0."""
     maps = [_fields(f"/proc/{pid}/smaps_rollup") for pid in pids]
     states = [_fields(f"/proc/{pid}/status") for pid in pids]
     return Memory(
@@ -63,7 +63,7 @@ def memory_of(pids):
 
 
 def activity_of(pids):
-    """Activity of the processes `pids`; those that are gone count as nothing."""
+    """The activity of these processes; ended ones count as 0."""
     tasks = [task for pid in pids for task in _tasks(pid)]
     states = [_fields(f"{task}/status") for task in tasks]
     return Activity(
@@ -77,9 +77,9 @@ def activity_of(pids):
 
 
 def end_marked(marks):
-    """Ends every process that bears one of `marks`: asks first, and does not ask the second time."""
+    """Ends every process with one of the marks: first SIGTERM, then SIGKILL."""
     for signal_number in (signal.SIGTERM, signal.SIGKILL):
-        # A process may start another one while it is being ended, so look until there is none.
+        # A process may start another while it is being ended, so repeat until none is left.
         deadline = time.monotonic() + _SECONDS_TO_END
         while pids := [(pid, mark) for mark in marks for pid in marked(mark)]:
             for pid, mark in pids:
@@ -89,13 +89,13 @@ def end_marked(marks):
 
 
 def _end(pid, mark, signal_number):
-    """Sends the signal and waits a moment for the process to end."""
+    """Sends the signal and waits up to 0.2 s for the process to end."""
     try:
         handle = os.pidfd_open(pid)
     except ProcessLookupError:
         return
     try:
-        # The handle stands for one process for good; the number may have gone to another one before that.
+        # The pidfd refers to one process for good, but before it was opened the id could have been reused.
         if _bears(pid, mark):
             signal.pidfd_send_signal(handle, signal_number)
             select.select([handle], [], [], 0.2)
@@ -110,7 +110,7 @@ def _bears(pid, mark):
 
 
 def _read(path):
-    """The text of a file under /proc; empty when its process is gone or another user's."""
+    """The contents of a file in /proc; empty if its process has ended or belongs to another user."""
     try:
         return Path(path).read_bytes().decode(errors="replace")
     except OSError:
@@ -141,6 +141,6 @@ def _total(rows, name):
 
 def _ticks(pid):
     """User and system time of a process and of its ended children, in clock ticks."""
-    # The name in brackets may hold anything; utime, stime, cutime and cstime are the 12th to 15th after it.
+    # The name in brackets may contain anything; utime, stime, cutime and cstime are the 12th to 15th word after it.
     after_name = _read(f"/proc/{pid}/stat").rpartition(")")[2].split()
     return sum(int(word) for word in after_name[11:15])

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""One program, started once on a desktop of its own, and what was measured of it."""
+"""One program, started once on a private desktop, and its measured figures."""
 
 import time
 from collections.abc import Callable
@@ -11,32 +11,32 @@ from .desktop import HELPER, MANAGER, PROGRAM, SERVER, SERVICES, Desktop, Deskto
 from .errors import MeasuringError
 from .window_watch import RepaintWatch, StartWatch
 
-_AFTER_HOOK = 4.0  # seconds: what goes with the menus and windows that a hook used has gone by then
+_AFTER_HOOK = 4.0  # seconds until menus and windows that a hook used have released their memory
 
 
 def _leave_empty(_home):
-    """Of a program that needs no settings."""
+    """For programs that need no settings."""
 
 
 @dataclass(frozen=True)
 class Subject:
-    """A program to measure, and how it is brought to what it shall do."""
+    """A program to measure, and how to bring it into the state to measure."""
 
     label: str
-    command_in: Callable[[Path], list]  # given an empty folder of the repetition, returns the command
-    furnish: Callable[[Path], None] = _leave_empty  # writes the program's settings into the home it is given
-    beside: tuple = ()  # programs that stand on the desktop before it starts; they are not counted
-    hook: str = ""  # shell command on the same desktop
+    command_in: Callable[[Path], list]  # gets an empty folder of the repetition, returns the command
+    furnish: Callable[[Path], None] = _leave_empty  # writes the program's settings into a home
+    beside: tuple = ()  # programs that already run on the desktop; they are not counted
+    hook: str = ""  # shell command to run on the same desktop
     hook_at: float = 5.0  # seconds from the program's start
     smallest: tuple = (40, 16)  # width and height of the smallest window that counts as the program's
 
 
 @dataclass(frozen=True)
 class Plan:
-    """How a repetition goes, in seconds from the program's start."""
+    """The course of a repetition. Times are in seconds from the program's start."""
 
     xwatch: Path
-    settle: float = 20.0  # until memory is read and the window begins over which activity is counted
+    settle: float = 20.0  # when memory is read and counting of activity starts
     window: float = 60.0
     repaints: float = 10.0  # how long repaints are counted after that window; 0 for not at all
     start_timeout: float = 30.0
@@ -45,7 +45,7 @@ class Plan:
 
 @dataclass(frozen=True)
 class StartFigures:
-    """A start-up. Milliseconds from the start of the process."""
+    """A start-up, in milliseconds from the start of the process."""
 
     mapped_ms: float
     painted_ms: float
@@ -55,22 +55,22 @@ class StartFigures:
 
 @dataclass(frozen=True)
 class WindowFigures:
-    """A program that stands there, over the plan's window."""
+    """A running program during the plan's window of time."""
 
     rss_kib: int
     pss_kib: int
     uss_kib: int
     anonymous_kib: int
     peak_rss_kib: int
-    rss_growth_kib: int  # over the window
+    rss_growth_kib: int  # during the window
     cpu_ms_per_min: float
     cpu_tick_ms_per_min: float
     voluntary_per_s: float
     involuntary_per_s: float
     written_kib_per_min: float
-    server_cpu_ms_per_min: float  # the X server draws for the program
+    server_cpu_ms_per_min: float  # for drawing the program's window
     manager_cpu_ms_per_min: float
-    services_cpu_ms_per_min: float  # what the program's calls on the bus brought to life
+    services_cpu_ms_per_min: float  # services that the program's D-Bus calls started
     threads: int
     process_names: list
     service_names: list
@@ -86,7 +86,7 @@ def measure_start(subject, plan):
 
 
 def measure_window(subject, plan):
-    """Starts the program, lets it settle and looks at it for a while: (StartFigures, WindowFigures)."""
+    """Starts the program, lets it settle and measures it for a while; returns (StartFigures, WindowFigures)."""
     with Run(subject, plan) as run:
         run.settle()
         run.begin_window()
@@ -109,7 +109,7 @@ class _Reading:
 
 
 class Run:
-    """A context: a program on a desktop of its own, from its first painted window until the context is left."""
+    """A context manager: a program on a private desktop, from its first painted window until the context is left."""
 
     def __init__(self, subject, plan):
         self._subject = subject
@@ -117,7 +117,7 @@ class Run:
         self._desktop = Desktop(plan.desktop)
         self._started_at = 0.0
         self._process = None
-        self._begin = None  # (memory, _Reading) of the window that is open
+        self._begin = None  # (memory, _Reading) at the start of the current window of time
         self.start_figures = None
 
     def __enter__(self):
@@ -133,7 +133,7 @@ class Run:
         self._desktop.__exit__(*trouble)
 
     def settle(self):
-        """Waits until the plan's window may begin; the hook has run by then."""
+        """Runs the hook and waits until the plan's window of time starts."""
         if self._subject.hook:
             self.wait_until(self._subject.hook_at)
             self.act(self._subject.hook)
@@ -141,7 +141,7 @@ class Run:
         self.wait_until(self._plan.settle)
 
     def wait_until(self, seconds):
-        """Waits until so many seconds after the program's start."""
+        """Waits until `seconds` after the program's start."""
         time.sleep(max(0.0, self._started_at + seconds - time.monotonic()))
 
     def act(self, command):
@@ -152,11 +152,11 @@ class Run:
             raise self._failure(str(error)) from error
 
     def memory(self):
-        """What the program holds at this moment."""
+        """The program's current memory."""
         return processes.memory_of(self._desktop.pids(PROGRAM))
 
     def begin_window(self):
-        """From here on activity is counted."""
+        """Starts counting activity."""
         self._begin = self.memory(), self._read()
 
     def end_window(self):
@@ -173,7 +173,7 @@ class Run:
             process_names=self._names(PROGRAM), service_names=self._names(SERVICES), **_rates(begin, end))
 
     def begin_repaints(self):
-        """From here on repaints are counted, for as long as the plan says; returns who counts them."""
+        """Starts counting repaints for as long as the plan says; returns the watch."""
         return RepaintWatch(self._desktop, self._plan.xwatch, self._plan.repaints)
 
     def _start(self):
@@ -201,7 +201,7 @@ class Run:
 
     def _read(self):
         roles = {role: self._desktop.pids(role) for role in (PROGRAM, SERVER, MANAGER, SERVICES)}
-        at = time.monotonic()  # finding the processes takes longer than reading them
+        at = time.monotonic()  # after the slow search for processes
         return _Reading(at=at, **{role: processes.activity_of(pids) for role, pids in roles.items()})
 
     def _failure(self, what):

@@ -10,7 +10,7 @@ from .errors import MeasuringError
 
 @dataclass(frozen=True)
 class Quantity:
-    """What is printed of the figures: a field of StartFigures or WindowFigures, and what it is divided by."""
+    """A printed quantity: a field of StartFigures or WindowFigures, and the divisor for its unit."""
 
     name: str
     unit: str
@@ -23,7 +23,7 @@ class Quantity:
         return f"{self.name}, {self.unit}"
 
     def values(self, figures):
-        """Of a list of figures; None where one of them was not measured."""
+        """The values in a list of figures; None if one of them was not measured."""
         values = [getattr(each, self.field) for each in figures]
         return None if None in values else [value / self.divisor for value in values]
 
@@ -42,7 +42,7 @@ REPAINTS = Quantity("repaints", "a second", "repaints_per_s")
 
 @dataclass(frozen=True)
 class Comparison:
-    """One quantity of two programs; the values at the same place of the two lists were measured together."""
+    """One quantity of two programs; values at the same position of the two lists were measured together."""
 
     quantity: Quantity
     one: list
@@ -50,33 +50,33 @@ class Comparison:
 
     @property
     def ratios(self):
-        """One to the other, pair by pair, without the pairs in which the other has nothing."""
+        """The ratio of each pair, except pairs whose second value is 0."""
         return ratios_of(self.one, self.other)
 
     def as_row(self):
-        """The texts of a line of the table: name, both medians, and the median ratio with its spread."""
+        """The cells of a table row: name, both medians, and the median ratio with its range."""
         return [self.quantity.title, f"{statistics.median(self.one):.1f}", f"{statistics.median(self.other):.1f}",
                 ratio_text(self.ratios)]
 
     def as_record(self):
-        """Everything, for a file."""
+        """All values, for a file."""
         return {**asdict(self), "ratios": self.ratios}
 
 
 def compare(pairs, quantities):
-    """One Comparison for each of the quantities that was measured. `pairs`: [(figures, figures)]"""
+    """A Comparison for each quantity that was measured. `pairs`: [(figures, figures)]"""
     sides = list(zip(*pairs, strict=True))
     values = [(quantity, *(quantity.values(side) for side in sides)) for quantity in quantities if sides]
     return [Comparison(*each) for each in values if None not in each]
 
 
 def ratios_of(one, other):
-    """The values of one list divided by those at the same place of another, where that is not 0."""
+    """The values of one list divided by those at the same position of another, except where that is 0."""
     return [first / second for first, second in zip(one, other, strict=True) if second > 0]
 
 
 def ratio_text(ratios):
-    """The median, with the smallest and the largest in brackets."""
+    """The median, with minimum and maximum in brackets."""
     if not ratios:
         return "-"
     middle = f"{statistics.median(ratios):.2f}"
@@ -84,7 +84,7 @@ def ratio_text(ratios):
 
 
 def table(header, rows):
-    """The rows as lines of text in columns, flush right but for the first and the last one."""
+    """The rows as lines of text in columns; all right-aligned except the first and the last one."""
     widths = [max(len(row[column]) for row in [header, *rows]) for column in range(len(header))]
 
     def line(row):
@@ -95,19 +95,19 @@ def table(header, rows):
 
 
 def medians(records):
-    """The median of each number in a list of flat records; of anything else, what the first record says."""
+    """The median of each number in a list of flat records; other values are those of the first record."""
     numbers = [name for name, value in records[0].items() if isinstance(value, int | float)]
     middles = {name: statistics.median(record[name] for record in records) for name in numbers}
     return rounded({**records[0], **middles})
 
 
 def rounded(record):
-    """A flat record with its fractions cut to what a person reads."""
+    """A flat record with its fractions rounded to two digits."""
     return {name: round(value, 2) if isinstance(value, float) else value for name, value in record.items()}
 
 
 def write_records(path, records):
-    """Writes records to a file for other programs."""
+    """Writes records to a JSON file."""
     try:
         path.write_text(json.dumps(records, ensure_ascii=False, indent=2) + "\n", encoding="utf-8")
     except OSError as error:

@@ -11,20 +11,21 @@ from .errors import MeasuringError
 from .repetition import Subject
 
 PROGRAM_FILES = ("DayDate.mdb", "Help.hlp", *(f"TKW{number:02}.wav" for number in range(6)))
-SHOWN_AFTER = 11.0  # seconds: the two start-up delays, after which the function is shown
+SHOWN_AFTER = 11.0  # seconds: both start-up delays, after which the function is shown
 ACTS_AFTER = 13.0
-SHORTEST_SETTLE = 20.0  # by then every scene is reached
+SHORTEST_SETTLE = 20.0  # every scene is reached by then
 
-# Seconds to let a menu or a window come up, on a machine that is busy too.
+# Seconds for a menu or window to appear, even on a busy machine.
 MOMENT = "sleep 0.7"
 
-# The window stands in the corner of the screen. A click opens its menu, in which no item is chosen yet; the menu goes
-# round, so that its last items are reached upwards.
+# The window is in the corner of the screen. A click opens its menu with no item selected; the selection wraps around,
+# so the last items are reached with Up.
 OPEN_MENU = f"xdotool mousemove 80 20 click 1; {MOMENT}"
 
 
 def awaits(title):
-    """The shell command that waits for a window to be seen; asked while another one goes, xdotool fails."""
+    """The shell command that waits until a window is visible. xdotool fails if another window is closed during its
+    search, so it is retried."""
     return (f"timeout 20 sh -c \"until xdotool search --onlyvisible --name '^{title}$' >/dev/null 2>&1; "
             "do sleep 0.2; done\"")
 
@@ -35,26 +36,26 @@ START_AND_STOP = (f"{_OPEN_STOPWATCH}; xdotool key Return; {MOMENT}; xdotool key
                   f"xdotool key Escape; {MOMENT}")
 
 
-# The fourth item from the end; from then on no window of this name is to be seen.
+# The fourth item from the end; afterwards no window of this name may be visible.
 STORE = (f"{OPEN_MENU}; xdotool key --repeat 4 Up; xdotool key Return; {MOMENT}; "
          "! xdotool search --onlyvisible --name '^Tickwell$'")
 
 
 @dataclass(frozen=True)
 class Scene:
-    """What Tickwell does while it is looked at."""
+    """What Tickwell does while it is measured."""
 
     title: str
-    settings: tuple = ()  # lines of the section [SetUp]
-    further: str = ""  # more sections
+    settings: tuple = ()  # lines of section [SetUp]
+    further: str = ""  # other sections
     hook: str = ""
     beside: tuple = ()
-    prepare: Callable[[Path], None] = lambda folder: None  # changes the program folder
+    prepare: Callable[[Path], None] = lambda folder: None  # modifies the program folder
 
 
 def _name_every_day(folder):
-    """Anniversaries that fall on each day of the year, so that the upper line wipes in something new every ten
-    seconds whatever today is."""
+    """Inserts anniversaries for each day of the year, so that the upper line wipes to a new text every ten seconds on
+    any date."""
     try:
         with sqlite3.connect(folder / "DayDate.mdb") as days:
             days.executemany('INSERT INTO "Kinenbi"("Name","Year","Month","Day","Week") VALUES (?,0,0,?,0)',
@@ -76,7 +77,7 @@ SCENES = (CLOCK, STOPWATCH, WIPES, QUIET, HIDDEN, HIDDEN_STOPWATCH)
 
 
 def tickwell(program, scene=CLOCK, label="Tickwell"):
-    """Tickwell, each time with a program folder of its own, as it lies beside the binary."""
+    """Tickwell with a private program folder for each repetition, copied from the files next to the binary."""
 
     def command_in(folder):
         try:
@@ -90,7 +91,7 @@ def tickwell(program, scene=CLOCK, label="Tickwell"):
     def furnish(home):
         settings = home / ".config/TKW2/TKW2.ini"
         settings.parent.mkdir(parents=True)
-        # Machines that measure have no CD drive; the notice of it would be measured instead of the window.
+        # Measuring machines have no CD drive; the message about it would be measured instead of the window.
         lines = ["[SetUp]", "Win_Left=0", "Win_Top=0", *scene.settings, "[Notice]", "NoCdDrive=False"]
         settings.write_text("\n".join(lines) + "\n" + scene.further, encoding="utf-8")
 

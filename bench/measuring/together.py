@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""Several programs at once, each on a desktop of its own, looked at over the same windows of time."""
+"""Several programs at once, each on a private desktop, measured over the same windows of time."""
 
 import time
 from contextlib import ExitStack
@@ -10,7 +10,8 @@ from .repetition import Run, measure_start
 
 
 def that_start(subjects, plan, report):
-    """Starts each once, which does not count, and returns those that came up; `report` is told of the others."""
+    """Starts each once, which does not count; returns those that worked and passes the errors of the others to
+    `report`."""
     able = []
     for subject in subjects:
         try:
@@ -22,7 +23,7 @@ def that_start(subjects, plan, report):
 
 
 def measure_starts(subjects, plan, rounds, report):
-    """{label: [StartFigures]}, one of each a round, in turn."""
+    """Starts each subject once per round, in turn; returns {label: [StartFigures]}."""
     measured = {subject.label: [] for subject in subjects}
     for number in range(rounds):
         for subject in subjects:
@@ -32,7 +33,7 @@ def measure_starts(subjects, plan, rounds, report):
 
 
 def measure_windows(subjects, plan, windows):
-    """{label: [WindowFigures]}: starts all, lets them settle, and looks at all of them so many times."""
+    """Starts all, lets them settle, and measures all of them `windows` times; returns {label: [WindowFigures]}."""
     with ExitStack() as desktops:
         runs = {subject.label: desktops.enter_context(Run(subject, plan)) for subject in subjects}
         for run in runs.values():
@@ -48,7 +49,7 @@ def measure_windows(subjects, plan, windows):
 
 
 def _with_repaints(measured, runs):
-    """The figures with the repaints that were counted once after all windows."""
+    """Adds the repaints, which are counted once after all windows of time, to the figures."""
     watches = {label: run.begin_repaints() for label, run in runs.items()}
     repaints = {label: asdict(watch.wait()) for label, watch in watches.items()}
     return {label: [replace(each, **repaints[label]) for each in figures] for label, figures in measured.items()}

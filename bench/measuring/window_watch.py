@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""The two watches of the xwatch program: when a window comes, and how often the screen is repainted."""
+"""The two watches of the xwatch program: when a window appears, and how often the screen is repainted."""
 
 import subprocess
 from dataclasses import dataclass
@@ -22,18 +22,18 @@ class FirstWindow:
 
 @dataclass(frozen=True)
 class Repaints:
-    """What was repainted on the whole screen, per second."""
+    """Repaints of the complete screen, per second."""
 
-    repaints_per_s: float  # frames: repaints close together count once
+    repaints_per_s: float  # frames: repaints in quick succession count once
     rectangles_per_s: float
     kilopixels_per_s: float
 
 
 class StartWatch:
-    """Watches for the first window of what is started after it was made."""
+    """Watches for the first window of programs that are started after it was created."""
 
     def __init__(self, desktop, xwatch, smallest, seconds):
-        """`smallest`: (width, height) of the smallest window that counts; `seconds`: how long to wait."""
+        """`smallest`: (width, height) of the smallest window that counts; `seconds`: time limit."""
         self._seconds = seconds
         self._process = desktop.start(
             HELPER, [str(xwatch), "start", str(int(seconds * 1000)), *map(str, smallest)],
@@ -42,8 +42,8 @@ class StartWatch:
             raise MeasuringError(f"xwatch did not start: {desktop.last_words(HELPER)}")
 
     def wait(self):
-        """The first window, once it is painted."""
-        printed = self._process.stdout.read()  # xwatch ends by itself, in time
+        """Waits until the first window is painted; returns it."""
+        printed = self._process.stdout.read()  # xwatch ends itself within the time limit
         lines = {words[0]: words[1:] for words in map(str.split, printed.splitlines()) if words}
         if "MAP" not in lines:
             raise MeasuringError(f"no window came within {self._seconds:g} s")
@@ -55,7 +55,7 @@ class StartWatch:
 
 
 class RepaintWatch:
-    """Counts repaints of a desktop's screen from when it was made."""
+    """Counts repaints of a desktop's screen from its construction on."""
 
     def __init__(self, desktop, xwatch, seconds):
         self._seconds = seconds
@@ -63,7 +63,7 @@ class RepaintWatch:
                                       stdout=subprocess.PIPE, text=True)
 
     def wait(self):
-        """What was repainted, once the time is over."""
+        """Waits until the time is over; returns the repaints."""
         try:
             printed, _ = self._process.communicate(timeout=self._seconds + _SECONDS_BEYOND)
         except subprocess.TimeoutExpired as error:

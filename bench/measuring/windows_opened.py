@@ -1,16 +1,16 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""What Tickwell's windows leave behind in memory."""
+"""The memory left after Tickwell's windows are closed."""
 
 from contextlib import ExitStack
 
 from .repetition import Run
 from .tickwell import ACTS_AFTER, MOMENT, OPEN_MENU, awaits, tickwell
 
-_AT_REST = "sleep 3"  # what goes with a window's end has gone by then
+_AT_REST = "sleep 3"  # until closed windows have released their memory
 
 
 def _opens(title, *keys):
-    """Presses the keys and waits for the window of this title."""
+    """The commands that press the keys and wait for the window of this title."""
     return f"xdotool key {' '.join(keys)}; {awaits(title)}; {MOMENT}; {MOMENT}"
 
 
@@ -24,8 +24,8 @@ def _function(*keys):
 
 _CLOSE = f"xdotool key Escape; {MOMENT}"
 
-# Title, and the commands that open the window, use it a little and close it, begun and left with the clock shown or
-# with the function of the line before. Items that are not to be chosen are passed over by the keys.
+# Title, and the commands that open the window, use it a little and close it. They start and end with the clock shown or
+# with the function of the previous line. The keys skip disabled menu items.
 WINDOWS = (
     ("calendar", (_from_menu("カレンダー", "Down", "Return"), "xdotool key --repeat 12 Next", _CLOSE)),
     ("calendar with list, editor, deletion, search",
@@ -43,7 +43,7 @@ WINDOWS = (
 
 
 def memory_around_windows(program, plan, runs):
-    """{title: [Memory]}: before any window, and after each was closed, of so many runs side by side."""
+    """{title: [Memory]} of `runs` parallel programs: before any window was opened, and after each was closed."""
     measured = {}
     with ExitStack() as desktops:
         started = [desktops.enter_context(Run(tickwell(program), plan)) for _ in range(runs)]

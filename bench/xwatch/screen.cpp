@@ -19,8 +19,8 @@ struct XFreer {
 template <typename Value>
 using XOwned = std::unique_ptr<Value, XFreer>;
 
-/// A request about a window that has gone answers with a failure, which its caller looks at; Xlib's own
-/// handler would end this program.
+/// A request for a window that no longer exists fails, which the caller checks; Xlib's default handler would
+/// end this program.
 int IgnoreError(Display* /*display*/, XErrorEvent* /*error*/) {
     return 0;
 }
@@ -46,7 +46,7 @@ std::optional<XEvent> Screen::NextEvent() {
 void Screen::WaitForEvents(TimePoint end) const {
     const auto left = std::chrono::ceil<milliseconds>(end - MonotonicClock::now());
     pollfd connection{XConnectionNumber(Handle()), POLLIN, 0};
-    // Callers look at events and clock themselves, so it does not matter what ended the sleep.
+    // Callers check events and time themselves, so the reason for waking up does not matter.
     poll(&connection, 1, static_cast<int>(std::clamp(left, milliseconds(0), kLongestWait).count()));
 }
 

@@ -30,32 +30,32 @@ struct ImageDestroyer {
 };
 using Picture = std::unique_ptr<XImage, ImageDestroyer>;
 
-/// The connection to an X display, and what can be seen there from outside. A window may vanish at any
-/// moment: one that is gone answers "nothing". One Screen per process, as Xlib has one error handler.
+/// The connection to an X display, and what can be observed there from outside. A window can be destroyed at
+/// any moment; queries then return nothing. One Screen per process, because Xlib has one error handler.
 class Screen {
 public:
-    /// `display`: open; taken over.
+    /// `display`: open; ownership is taken.
     explicit Screen(Display* display);
 
     Display* Handle() const { return m_display.get(); }
     Window Root() const { return m_root; }
 
-    /// The next event that has already come; nothing when none is waiting.
+    /// The next queued event; nullopt if there is none.
     std::optional<XEvent> NextEvent();
 
-    /// Sleeps until something comes from the server, until `end`, or a tenth of a second, whichever is first.
+    /// Sleeps until the server sends something, until `end`, or for a tenth of a second, whichever is first.
     void WaitForEvents(TimePoint end) const;
 
     std::optional<Geometry> GeometryOf(Window window) const;
 
-    /// The program's own window at or below the window manager's frame `window`: the one that bears WM_STATE.
-    /// `window` itself when none does, as with windows that no manager looks after.
+    /// The program's own window at or below the window manager's frame `window`: the one with WM_STATE.
+    /// `window` itself if there is none, as with unmanaged windows.
     Window ClientOf(Window window) const;
 
-    /// The part of `window` that lies on the screen, as it is seen there; null when it is not to be seen.
+    /// The on-screen part of `window`, as it is displayed; null if it is not visible.
     Picture PictureOf(Window window) const;
 
-    /// The class of WM_CLASS, "-" where the window has none.
+    /// The class in WM_CLASS; "-" if the window has none.
     std::string ClassOf(Window window) const;
 
 private:

@@ -14,16 +14,16 @@ namespace {
 
 using std::chrono::milliseconds;
 
-constexpr std::size_t kPaintedColours = 3;  // a background, and text that is smoothed or in two colours
+constexpr std::size_t kPaintedColours = 3;  // a background, and text that is antialiased or has two colours
 constexpr milliseconds kPaintPoll(3);
-constexpr milliseconds kBurstGap(8);  // repaints that lie closer belong to one frame
+constexpr milliseconds kBurstGap(8);  // repaints closer together belong to one frame
 constexpr milliseconds kInitialReport(100);
 
 long long Microseconds(TimePoint time) {
     return std::chrono::duration_cast<std::chrono::microseconds>(time.time_since_epoch()).count();
 }
 
-/// Whether the picture holds as many colours as a window with text on it.
+/// Whether the picture has as many colours as a window with text.
 bool IsPainted(XImage& picture) {
     std::set<unsigned long> colours;
     for (int y = 0; y < picture.height; ++y) {
@@ -37,7 +37,7 @@ bool IsPainted(XImage& picture) {
     return false;
 }
 
-/// Tells of the first window that is large enough, with those that were not.
+/// Reports the first window that is large enough, and the smaller ones before it.
 class StartWatch {
 public:
     /// `end`: when to give up.
@@ -75,7 +75,7 @@ private:
         return std::nullopt;
     }
 
-    /// The window of `event`, if it may be the one: just mapped, or mapped too small and now resized.
+    /// The window of `event` if it qualifies: just mapped, or mapped too small and now resized.
     std::optional<Window> Candidate(const XEvent& event) const {
         if (event.type == MapNotify && event.xmap.event == m_screen.Root()) {
             return event.xmap.window;
@@ -139,7 +139,7 @@ bool WatchDamage(Screen& screen, milliseconds duration) {
     XDamageCreate(screen.Handle(), screen.Root(), XDamageReportRawRectangles);
     XSync(screen.Handle(), False);
     poll(nullptr, 0, static_cast<int>(kInitialReport.count()));
-    while (screen.NextEvent()) {  // the report of the whole screen that a new watch begins with
+    while (screen.NextEvent()) {  // drops the initial report of the complete screen
     }
     const TimePoint begin = MonotonicClock::now();
     const TimePoint end = begin + duration;

@@ -13,12 +13,12 @@ struct SmallestWindow {
     unsigned height = 0;
 };
 
-/// Prints when the first window comes and when it is painted; gives up at `end`. Returns whether both were
-/// seen.
+/// Prints when the first window appears and when it is painted; gives up at `end`. Returns whether both
+/// happened.
 bool WatchStart(Screen& screen, SmallestWindow smallest, TimePoint end);
 
-/// Prints how often and how much of the screen is repainted during `duration`. Returns false where the
-/// display cannot tell.
+/// Prints how often and how much of the screen is repainted during `duration`. Returns false if the display
+/// cannot report it.
 bool WatchDamage(Screen& screen, std::chrono::milliseconds duration);
 
 }  // namespace tickwell

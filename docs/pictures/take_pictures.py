@@ -1,7 +1,7 @@
 #!/usr/bin/python3
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""TICKWELL_PROGRAM=… TICKWELL_MAKE_DISCS=… take_pictures.py: takes the pictures of the documents anew, from the running
-program."""
+"""TICKWELL_PROGRAM=… TICKWELL_MAKE_DISCS=… take_pictures.py: takes the screenshots for the documentation from the
+running program."""
 
 import sys
 from pathlib import Path
@@ -16,7 +16,7 @@ from driver.tool_windows import button, choose, wait_window  # noqa: E402
 from driver.virtual_time import VirtualTime  # noqa: E402
 from driver.waiting import steady  # noqa: E402
 
-# Picture, item of the menu, title of the window that it opens.
+# Picture, menu item, title of the window that it opens.
 WINDOWS = [
     ("help.png", "ﾍﾙﾌﾟ", "Tickwell ヘルプ"),
     ("about.png", "バージョン情報", "Tickwellのﾊﾞｰｼﾞｮﾝ情報"),
@@ -25,7 +25,7 @@ WINDOWS = [
     ("settings.png", "環境設定", "環境設定"),
 ]
 
-TWICE = {"QT_SCALE_FACTOR": "2"}  # read on screens of any resolution
+TWICE = {"QT_SCALE_FACTOR": "2"}  # sharp on screens of any resolution
 
 
 def main():
@@ -36,7 +36,7 @@ def main():
         time.advance(1200)
         wait_lines(app, lower="午後9時05分07秒")
         windows = session.windows
-        clock = windows.geometry(windows.wait(name="Tickwell"))  # in real pixels
+        clock = windows.geometry(windows.wait(name="Tickwell"))  # in physical pixels
         session.screenshot(HERE / "clock.png", tuple(clock))
         session.hand.click((clock.x + 40, clock.y + 40))
         app.wait(role="popup menu")
@@ -50,19 +50,19 @@ def main():
 
 
 def take_window(picture, item, title):
-    """A window as it opens from this item of the menu, without its frame."""
+    """Takes a picture of the window that a menu item opens, without its frame."""
     with Session() as session, VirtualTime("2026-11-20T21:04:55") as time:
         app = start_tickwell(session, virtual_time=time)
         time.advance(11000)
         wait_on_screen(session, app)
         choose(session, app, item)
         window = session.windows.wait(name=title, pid=app.program.pid)
-        time.advance(1500)  # the sample of the settings has wiped in
+        time.advance(1500)  # the wipe of the settings' sample has ended
         take(session, picture, window)
 
 
 def take_cd_player():
-    """The window of the CD player while it plays."""
+    """Takes a picture of the CD player's window while it plays."""
     with Session() as session, VirtualTime("2026-11-20T21:04:55") as time:
         discs = session.directory / "discs"
         make_discs(discs)
@@ -74,12 +74,12 @@ def take_cd_player():
         window = wait_window(app, "CDプレーヤー")
         session.hand.click(button(window, "再生"))
         window.wait(role="label", name="再生", showing=True)
-        session.hand.move((1200, 1000))  # a button under the pointer is lit
+        session.hand.move((1200, 1000))  # a button under the pointer is highlighted
         take(session, "cd.png", session.windows.wait(name="CDプレーヤー", pid=app.program.pid))
 
 
 def take(session, picture, window):
-    """A window, by its X id, once it is painted."""
+    """Takes a picture of a window, by its X id, after it is painted."""
     steady(lambda: session.grab(tuple(session.windows.geometry(window))).tobytes(), "the window painted")
     session.screenshot(HERE / picture, tuple(session.windows.geometry(window)))
 

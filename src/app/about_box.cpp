@@ -34,7 +34,7 @@ QLabel* MakeLabel(const QString& name, QWidget* parent) {
     return label;
 }
 
-/// Gives a label the room that every message needs, so that the box keeps its size while they rotate.
+/// Makes a label large enough for every message, so that the box keeps its size while they rotate.
 void MakeRoomForThanks(QLabel& label) {
     label.setMinimumSize(0, 0);
     QSize room;
@@ -92,9 +92,9 @@ QWidget* frmAbout::MakeText() {
     large.setBold(true);
     m_lblTitle->setFont(large);
     auto* icon = MakeLabel(u"Image1"_s, this);
-    // The one icon that the program has: each other one would have a scaled picture of its own kept for it.
+    // Uses the application's icon: another QIcon would keep its own scaled copy of the picture.
     icon->setPixmap(
-        QGuiApplication::windowIcon().pixmap(fontMetrics().height() * 4));  // as the desktop's text
+        QGuiApplication::windowIcon().pixmap(fontMetrics().height() * 4));  // scales with the text
     icon->setAccessibleName(u"Tickwell のアイコン"_s);
 
     auto* texts = new QVBoxLayout;
@@ -148,7 +148,7 @@ void frmAbout::Command2_Click() {
     m_parts.help.ShowTopic(kHelpContact);
 }
 
-/// The button itself says that it was done: nothing else is to be seen of a copy.
+/// The button confirms the copy, because nothing else shows it.
 void frmAbout::cmdCopy_Click() {
     QGuiApplication::clipboard()->setText(FactsText(FactsOfThisMachine()));
     m_cmdCopy->setText(u"コピーしました(&C)"_s);

@@ -14,7 +14,7 @@
 
 namespace tickwell {
 
-/// What the about box works with; all outlive it.
+/// References that the about box works with; all outlive it.
 struct AboutBoxParts {
     TimerSource& timers;
     Handlers& handlers;
@@ -23,8 +23,8 @@ struct AboutBoxParts {
     ProgramStarter& programs;
 };
 
-/// The about box: name and version, thanks that rotate while it is open, system information, contact. Opened
-/// with show(); each time it is shown it begins with the first message. Enter, Esc and `cmdOK` close it.
+/// The about box: name and version, rotating messages of thanks, system information, contact. Opened with
+/// show(), each time with the first message. Enter, Esc and `cmdOK` close it.
 class frmAbout : public QDialog {
     Q_OBJECT
 
@@ -47,7 +47,7 @@ private:
     void ShowThanks(const QString& message);
 
     AboutBoxParts m_parts;
-    QString m_shown;  // the message on Label3, as it is compared
+    QString m_shown;  // the current message, before ThanksLines
     QLabel* m_lblTitle;
     QLabel* m_lblVersion;
     QLabel* m_Label3;

@@ -44,7 +44,7 @@ QString FactsText(const SystemFacts& facts) {
         text += name + u": " + (value.isEmpty() ? u"不明"_s : value) + u'\n';
     };
     add(u"Tickwell", facts.programVersion);
-    add(u"Qt", facts.toolkitVersion);
+    add(u"Qt", facts.qtVersion);
     add(u"OS", facts.system);
     add(u"カーネル", facts.kernel);
     add(u"デスクトップ", facts.desktop);
@@ -59,8 +59,8 @@ QString FactsText(const SystemFacts& facts) {
 }
 
 const QList<SystemInformation>& SystemInformationPrograms() {
-    // Those made for nothing else come first; what shows it on one page among others is asked for that page.
-    // GNOME's settings are left out: under any other desktop they start, say nothing and end.
+    // Programs made only for this come first; those that show it on one of several pages are opened there.
+    // GNOME's settings are left out: under other desktops they start, report nothing and exit.
     static const QList<SystemInformation> programs{
         {u"hardinfo2"_s, {}},
         {u"hardinfo"_s, {}},

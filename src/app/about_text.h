@@ -9,46 +9,46 @@
 
 namespace tickwell {
 
-/// The first message of thanks: two texts joined by one carriage return, as all of them are.
+/// The first message of thanks: like all of them, two texts joined by a carriage return.
 QString FirstThanks();
 
-/// The message that follows the one that is shown; anything but the first and the second is followed by the
-/// first.
+/// The message after the one shown: the second after the first, the third after the second, else the first.
 QString NextThanks(const QString& shown);
 
-/// A message as lines for drawing.
+/// The message with line feeds, for display.
 QString ThanksLines(const QString& message);
 
 /// "Ver." and the three numbers, in decimal.
 QString VersionText(int major, int minor, int revision);
 
-/// What a report about the program should tell of the machine it runs on. Unknown texts are empty.
+/// Facts about the machine that belong in a problem report. Unknown texts are empty.
 struct SystemFacts {
     QString programVersion;
-    QString toolkitVersion;
+    QString qtVersion;
     QString system;       ///< the distribution, with its version
-    QString kernel;       ///< kind, version and processor
+    QString kernel;       ///< name, version and processor
     QString desktop;      ///< name and session type, as in "XFCE x11"
-    QString platform;     ///< the toolkit's way to the screen
-    QStringList screens;  ///< one for each: size in pixels, logical dots per inch, scale
+    QString platform;     ///< Qt's platform plugin
+    QStringList screens;  ///< each with size in pixels, logical dots per inch and scale
     QString style;
     QString font;
     QString locale;
 };
 
-/// One fact a line, plain text, closed by a line feed.
+/// Plain text, one fact per line, each line ended by a line feed.
 QString FactsText(const SystemFacts& facts);
 
-/// A system information program of a desktop, by the name it is installed under.
+/// A system information program, by the name of its executable.
 struct SystemInformation {
     QString name;
     QStringList arguments;
 };
 
-/// Those that are looked for, best first.
+/// The programs to try, best first.
 const QList<SystemInformation>& SystemInformationPrograms();
 
-/// Starts the first of them that is there and starts; false when none does. `folder`: where it runs.
+/// Starts the first one that is installed and can be started; returns false if there is none. `folder`: its
+/// working folder.
 bool StartSystemInformation(ProgramStarter& programs, const QString& folder);
 
 }  // namespace tickwell

@@ -16,7 +16,8 @@ constexpr std::chrono::seconds kPatienceAtTheEnd{10};
 
 }  // namespace
 
-/// Whom the thread reports to. Only this thread looks at it; the other one merely passes a weak reference on.
+/// Receives the result of the worker thread. Only the main thread accesses it; the worker only passes on a
+/// weak reference.
 struct BackgroundCompaction::Listener {
     BackgroundCompaction& owner;
 };
@@ -34,7 +35,7 @@ std::unique_ptr<CompactionDisk> BackgroundCompaction::RealDisk(std::stop_token s
 
 void BackgroundCompaction::Start(const QObject* owner, std::function<void()> done) {
     if (m_listener == nullptr) {
-        if (m_parts.dayDatabase == nullptr) {  // a deletion works with it, for instance
+        if (m_parts.dayDatabase == nullptr) {  // in use, for instance by a deletion
             throw RunTimeError(u"データベースは使用中です。終わってからもう一度実行してください。"_s);
         }
         BeginCompaction(m_parts.dayDatabase, m_parts.folder);

@@ -17,31 +17,31 @@ namespace tickwell {
 
 /// What a compaction works with; all but `folder` outlive it.
 struct BackgroundCompactionParts {
-    std::unique_ptr<DayDatabase>& dayDatabase;  ///< null while it runs
-    QString folder;                             ///< the program's, absolute
+    std::unique_ptr<DayDatabase>& dayDatabase;  ///< null while a compaction runs
+    QString folder;                             ///< the program's folder, absolute
     MessageBoxes& boxes;
     Handlers& handlers;
 };
 
-/// Compacts the day database on a thread of its own: with a million rows that takes seconds, in which the
-/// windows go on.
+/// Compacts the day database on a worker thread: with a million rows that takes seconds, during which the
+/// windows stay responsive.
 class BackgroundCompaction {
 public:
     using MakeDisk = std::function<std::unique_ptr<CompactionDisk>(std::stop_token stop)>;
 
-    /// `makeDisk`: called on the thread that starts a compaction; the disk is used on the other one.
+    /// `makeDisk`: called on the thread that calls Start; the disk is used on the worker thread.
     explicit BackgroundCompaction(BackgroundCompactionParts parts, MakeDisk makeDisk = RealDisk);
 
-    /// Stops the compaction if one runs, and waits for it; the old file then stands. If the disk hangs for
-    /// ten seconds, the thread is left to itself, and the next start tidies up.
+    /// Stops a running compaction, which keeps the old file, and waits for it. If the disk does not respond
+    /// for ten seconds, abandons the thread; the next start of the program cleans up.
     ~BackgroundCompaction();
     BackgroundCompaction(const BackgroundCompaction&) = delete;
     BackgroundCompaction& operator=(const BackgroundCompaction&) = delete;
 
-    /// Begins and returns. At the end, in this thread's event loop, the database is handed over, the user
-    /// told, and `done` called. While one runs, another is not begun, and the later `done` replaces the
-    /// earlier. The box that tells the user belongs to `owner` as long as that exists. Throws RunTimeError if
-    /// it cannot begin.
+    /// Starts a compaction and returns. When it ends, reopens the database, notifies the user and calls
+    /// `done`, in the event loop of the calling thread. If one is already running, only replaces `owner` and
+    /// `done`. The message box belongs to `owner` while that exists. Throws RunTimeError if a compaction
+    /// cannot start.
     void Start(const QObject* owner, std::function<void()> done);
 
 private:
@@ -53,10 +53,10 @@ private:
     BackgroundCompactionParts m_parts;
     MakeDisk m_makeDisk;
     std::function<void()> m_done;
-    QPointer<const QObject> m_owner;       // of the box
+    QPointer<const QObject> m_owner;       // of the message box
     std::shared_ptr<Listener> m_listener;  // exists while a compaction runs
     std::stop_source m_stop;
-    SlowJobs m_jobs;  // last: what its thread uses is still there while it is waited for
+    SlowJobs m_jobs;  // last, because its thread uses the other members while the destructor waits for it
 };
 
 }  // namespace tickwell

@@ -8,7 +8,7 @@ namespace tickwell {
 
 namespace {
 
-/// `share` of the second colour in the first, 0 to 1.
+/// `share`: of the second colour, 0 to 1.
 QColor Mixed(const QColor& first, const QColor& second, float share) {
     const auto part = [share](float a, float b) { return a + (b - a) * share; };
     return QColor::fromRgbF(part(first.redF(), second.redF()), part(first.greenF(), second.greenF()),
@@ -18,7 +18,7 @@ QColor Mixed(const QColor& first, const QColor& second, float share) {
 }  // namespace
 
 void Gradation::paintEvent(QPaintEvent* /*event*/) {
-    constexpr float kTouch = 0.28F;  // more would eat into the contrast of the text
+    constexpr float kTouch = 0.28F;  // a higher share would reduce the contrast of the text
     const QColor plain = palette().color(QPalette::Window);
     QLinearGradient gradient(rect().topLeft(), rect().bottomRight());
     gradient.setColorAt(0, Mixed(plain, palette().color(QPalette::Base), 0.6F));

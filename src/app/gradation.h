@@ -5,8 +5,8 @@
 
 namespace tickwell {
 
-/// A background that passes from the palette's window colour into a touch of its highlight. Dark palettes
-/// stay dark, so what stands on it keeps the palette's text colour.
+/// A background gradient from the palette's window colour to a slight tint of its highlight colour. It stays
+/// dark in dark palettes, so the palette's text colour is readable on it.
 class Gradation : public QWidget {
     Q_OBJECT
 

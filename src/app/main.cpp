@@ -17,8 +17,8 @@
 
 namespace {
 
-/// The arguments for Qt. X11 first, through XWayland too: a plain Wayland client can neither place itself nor
-/// stay above others. Said by an argument, since programs that are started from here inherit the environment.
+/// The arguments for Qt. X11 is preferred, also through XWayland: a plain Wayland client can neither position
+/// itself nor stay on top. Passed as an argument, because started programs inherit environment variables.
 std::vector<char*> ArgumentsForQt(int argc, char** argv) {
     static char option[] = "-platform";
     static char platforms[] = "xcb;wayland";
@@ -30,7 +30,8 @@ std::vector<char*> ArgumentsForQt(int argc, char** argv) {
     return arguments;
 }
 
-/// Answers what needs no screen, such as --version; true when that was all.
+/// Prints the answer to options that need no screen, such as --version; returns true if there is nothing else
+/// to do.
 bool Answered(int argc, char** argv) {
     QStringList arguments;
     for (int i = 0; i < argc; ++i) {
@@ -48,24 +49,24 @@ int main(int argc, char** argv) {
     if (Answered(argc, argv)) {
         return 0;
     }
-    std::signal(SIGXFSZ, SIG_IGN);  // a limit on the size of files is an error of the write, not our end
+    std::signal(SIGXFSZ, SIG_IGN);  // an exceeded file size limit fails the write instead of killing us
     const tickwell::Inheritance users = tickwell::Inheritance::OfThisProcess();
     tickwell::DropRelativeFolders();
-    umask(S_IRWXG | S_IRWXO);  // what the user stores is nobody else's to read
+    umask(S_IRWXG | S_IRWXO);  // files are readable by the user only
     std::vector<char*> arguments = ArgumentsForQt(argc, argv);
     int count = static_cast<int>(arguments.size()) - 1;
     tickwell::SessionBusLook sessionBus;
     const QApplication application(count, arguments.data());
     sessionBus.Finish();
     QCoreApplication::setApplicationName(QStringLiteral("tickwell"));
-    QGuiApplication::setQuitOnLastWindowClosed(false);  // the main window, a tool window, would not count
+    QGuiApplication::setQuitOnLastWindowClosed(false);  // the main window is a tool window and does not count
 
     const tickwell::Options options = tickwell::OptionsOf(QCoreApplication::arguments());
     if (!options.error.isEmpty()) {
         std::fprintf(stderr, "tickwell: %s\n", qUtf8Printable(options.error));
         return 2;
     }
-    // The toolkit's own dialogs in Japanese; without the file they stay English.
+    // Japanese texts for Qt's own dialogs; English if the file is missing.
     QTranslator translator;
     if (translator.load(QStringLiteral("qtbase_ja"), QLibraryInfo::path(QLibraryInfo::TranslationsPath))) {
         QCoreApplication::installTranslator(&translator);

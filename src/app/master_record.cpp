@@ -21,7 +21,7 @@ QString RecordPath(const QString& folder) {
     return folder + u'/' + MasterRecord::FileName();
 }
 
-/// Hexadecimal; empty when the file cannot be read.
+/// Hexadecimal; empty if the file cannot be read.
 QByteArray ContentHash(const QString& path) {
     const FileContents file = ReadRegularFile(path, kLargestMaster);
     return file.problem == FileProblem::None

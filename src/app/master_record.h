@@ -7,32 +7,33 @@
 
 namespace tickwell {
 
-/// bytes; a master that is larger is not taken
+/// Size limit of a master, in bytes.
 inline constexpr qint64 kLargestMaster = qint64{64} << 20;
 
-/// What a program folder was last filled with, kept in its file ".masters": by it the user's own changes are
-/// told from old masters, and a start with nothing new reads no file but this.
+/// Records the master files that the program folder was last filled from, in its file ".masters". It
+/// distinguishes the user's changes from outdated masters, and a start without new masters reads only this
+/// file.
 class MasterRecord {
 public:
     static QString FileName();
 
     struct Entry {
         qint64 size = 0;      ///< bytes of the master
-        qint64 modified = 0;  ///< its time of change, ms since 1970
-        QByteArray sha256;    ///< its contents, hexadecimal
+        qint64 modified = 0;  ///< modification time of the master, ms since 1970
+        QByteArray sha256;    ///< of its contents, hexadecimal
     };
 
-    /// The record of `folder`; an absent or damaged one knows nothing.
+    /// The record of `folder`; empty if it is missing or damaged.
     static MasterRecord Read(const QString& folder);
 
     /// Throws RunTimeError.
     void Write(const QString& folder) const;
 
-    /// Whether the master file is the very one that was recorded under this name.
+    /// Whether the master has the size and modification time recorded under this name.
     bool IsKnown(const QString& name, const QString& masterPath) const;
-    /// Whether the copy still is what was recorded, untouched by the user.
+    /// Whether the copy still has the recorded contents, so the user has not changed it.
     bool IsUntouched(const QString& name, const QString& copyPath) const;
-    /// Records the master file under this name. Throws RunTimeError.
+    /// Records the master under this name. Throws RunTimeError.
     void Set(const QString& name, const QString& masterPath);
 
 private:

@@ -6,26 +6,26 @@
 
 namespace tickwell {
 
-/// What sound and discs work with; all outlive them.
+/// What the sound and disc classes work with; all outlive them.
 struct MediaParts {
-    TimerSource& realTimers;  ///< sound and drives know no other time
-    TimerSource& timers;      ///< the program's
+    TimerSource& realTimers;  ///< real time, for sound and drives
+    TimerSource& timers;      ///< the program's time
     SoundOutput& sound;
     EventWait& wait;
     MessageBoxes& boxes;
     Handlers& handlers;
     CdDrive& drive;
     CdPlayback& playback;
-    bool& tellsNoCdDrive;  ///< as in the settings
-    QString folder;        ///< the program's, absolute
+    bool& tellsNoCdDrive;  ///< the stored setting
+    QString folder;        ///< the program's folder, absolute
 };
 
-/// Sound and discs of the program, put together.
+/// Owns and connects the sound and disc classes of the program.
 class Media {
 public:
     explicit Media(const MediaParts& parts);
 
-    /// Ends all sound, then stops and closes the CD drive.
+    /// Stops all sound, then stops and closes the CD drive.
     void Close();
 
     MediaSystem& System() { return m_system; }

@@ -10,7 +10,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// IN,OUT,WALL,TICK as in 3,4,1998-10-03T23:59:57,0.
+/// Parses IN,OUT,WALL,TICK, for example 3,4,1998-10-03T23:59:57,0.
 std::optional<VirtualTimeOption> VirtualTimeOf(const QString& text) {
     const QStringList fields = text.split(u',');
     if (fields.size() != 4) {
@@ -27,7 +27,7 @@ std::optional<VirtualTimeOption> VirtualTimeOf(const QString& text) {
     return good ? std::optional(option) : std::nullopt;
 }
 
-/// From where the program was started, before its own folder becomes the current one.
+/// Resolves a path before the program changes to its own folder.
 QString AbsoluteOf(const QString& path) {
     return path.isEmpty() ? QString() : QFileInfo(path).absoluteFilePath();
 }

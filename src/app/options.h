@@ -8,25 +8,25 @@
 
 namespace tickwell {
 
-/// Time that another process turns; for developers and the program's own tests.
+/// Time controlled by another process; for developers and the program's own tests.
 struct VirtualTimeOption {
-    int readFrom = -1;  ///< file descriptors, handed down by whoever started us
+    int readFrom = -1;  ///< file descriptors inherited from the parent process
     int writeTo = -1;
     QDateTime wall;
     qint64 tick = 0;  ///< ms
 };
 
 struct Options {
-    QString folder;  ///< empty where not given
-    QString disc;  ///< a drive or an image, absolute; empty where neither argument nor environment names one
+    QString folder;  ///< empty if not given
+    QString disc;    ///< a drive or an image, absolute; empty if neither argument nor environment names one
     bool opensMenu = false;
     std::optional<VirtualTimeOption> virtualTime;
-    QString answer;  ///< to be printed instead of starting; empty otherwise
-    QString error;   ///< what is wrong with the arguments; empty where nothing is
+    QString answer;  ///< to be printed instead of starting; else empty
+    QString error;   ///< what is wrong with the arguments; empty if nothing
 };
 
-/// `arguments` as QCoreApplication::arguments gives them, the program's name first. TICKWELL_CD in the
-/// environment names a disc as well.
+/// Parses `arguments`, as returned by QCoreApplication::arguments with the program's name first. The
+/// environment variable TICKWELL_CD also names a disc.
 Options OptionsOf(const QStringList& arguments);
 
 }  // namespace tickwell

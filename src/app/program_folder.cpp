@@ -22,7 +22,7 @@ const QString& DayDatabaseFile() {
     return name;
 }
 
-/// The program's own files; the day database belongs to the user from the first day.
+/// The program's own files; the day database is the user's from the start.
 QStringList RefreshedFiles() {
     QStringList files = RequiredFiles();
     files.removeOne(DayDatabaseFile());
@@ -39,8 +39,8 @@ void Copy(const QString& from, const QString& to) {
     }
 }
 
-/// A new folder beside its place, then into it by one rename. Whoever starts the program twice at once fills
-/// two and renames one; the other finds the place taken and takes that.
+/// Fills a new folder beside the final path and renames it. If the program is started twice at once, both
+/// starts fill a folder and one of them renames it; the other one then uses that folder.
 void FillNew(const QString& folder, const QString& masters) {
     const QString parent = QFileInfo(folder).path();
     if (!QDir().mkpath(parent)) {
@@ -55,7 +55,7 @@ void FillNew(const QString& folder, const QString& masters) {
     for (const QString& name : RequiredFiles()) {
         const QString master = masters + u'/' + name;
         if (masters.isEmpty() || !QFileInfo::exists(master)) {
-            throw RunTimeError(name);  // a folder without it would never be filled again
+            throw RunTimeError(name);  // otherwise the folder would stay incomplete
         }
         Copy(master, unfinished.filePath(name));
         record.Set(name, master);
@@ -68,7 +68,7 @@ void FillNew(const QString& folder, const QString& masters) {
     }
 }
 
-/// What starts before this one left unfinished when they were killed.
+/// Removes unfinished files of starts that were killed.
 void RemoveLitter(const QString& folder) {
     const QStringList names = RequiredFiles() + QStringList{MasterRecord::FileName()};
     RemoveUnfinished(folder, names);

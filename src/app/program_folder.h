@@ -6,39 +6,39 @@
 
 namespace tickwell {
 
-/// What the choice of the program's folder depends on.
+/// Inputs for choosing the program's folder.
 struct FolderChoices {
-    QString argument;          ///< --folder, empty where not given
-    QString environment;       ///< $TICKWELL_FOLDER, empty where not set
-    QString executableFolder;  ///< real path of the folder that holds the binary
+    QString argument;          ///< --folder, empty if not given
+    QString environment;       ///< $TICKWELL_FOLDER, empty if not set
+    QString executableFolder;  ///< real path of the folder of the binary
     QString dataHome;          ///< $XDG_DATA_HOME or its default
 };
 
-/// The eight files that the program cannot run without, in the order in which they are asked for.
+/// The eight files that the program requires, in the order in which they are checked.
 const QStringList& RequiredFiles();
 
-/// The folder that holds database, help, sounds and tools: the one that was named, else the binary's own
-/// where a DayDate.mdb lies there and it is writable (portable), else the user's data folder. An absolute
-/// path.
+/// The absolute path of the folder for database, help, sounds and tools: the one given by argument or
+/// environment; else the binary's own folder if it is writable and contains DayDate.mdb (portable); else a
+/// folder in the user's data home.
 QString ChooseFolder(const FolderChoices& choices);
 
-/// The words that start `program` again in the folder of these choices, which exists: with --folder, unless
-/// it takes that folder by itself, with the environment of these choices and without it. `program`: an
-/// absolute path.
+/// The command that starts `program` again with the folder of these choices, which exists. Contains --folder
+/// unless the program chooses that folder anyway, both with and without the environment of these choices.
+/// `program`: an absolute path.
 QStringList StartingCommand(const QString& program, const FolderChoices& choices);
 
-/// Where the masters lie that came with the program: beside the binary, or where they are installed, seen
-/// from the binary; empty where nowhere.
+/// The folder of the master files that are installed with the program: beside the binary, or the installed
+/// data folder relative to it; empty if not found.
 QString MastersFolder(const QString& executableFolder);
 
-/// The path of a helper program, "tickwell-cd" or "tickwell-print": beside the executable if it is there,
-/// else in the folder where helpers are installed.
+/// The path of a helper program, "tickwell-cd" or "tickwell-print": beside the executable if it exists there,
+/// else in the folder of installed helpers.
 QString HelperPath(const QString& executableFolder, const QString& name);
 
-/// Makes `folder` ready. One that does not exist yet is filled beside its place and renamed into it, so that
-/// a half filled one is never met. In one that exists, help and sounds that the user has not changed are
-/// refreshed where the masters are newer; DayDate.mdb never is. What killed starts left unfinished is
-/// removed. Throws RunTimeError.
+/// Prepares `folder`. A missing one is filled beside its final path and then renamed, so that it never exists
+/// half filled. In an existing one, help and sounds that the user has not changed are updated if the masters
+/// have changed; DayDate.mdb never is. Removes unfinished files of starts that were killed. Throws
+/// RunTimeError.
 void PrepareFolder(const QString& folder, const QString& masters);
 
 }  // namespace tickwell

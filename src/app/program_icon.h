@@ -5,7 +5,7 @@
 
 namespace tickwell {
 
-/// The program's icon in the sizes that it was drawn for, 16 to 256 pixels, without those above `largest`.
+/// The program's icon in its drawn sizes from 16 to 256 pixels, up to `largest`.
 QIcon ProgramIcon(int largest = 256);
 
 }  // namespace tickwell

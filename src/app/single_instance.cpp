@@ -16,12 +16,12 @@ using namespace std::chrono_literals;
 
 namespace {
 
-constexpr auto kPatience = 3000ms;  // for the first process to answer; it may be starting up itself
+constexpr auto kPatience = 3000ms;  // for the first process to answer; it may still be starting
 constexpr auto kForward = "forward\n";
 constexpr auto kMenu = "menu\n";
 
-/// A socket in the user's own run-time folder, or among the temporary files where there is none; named by the
-/// program folder through a hash, since names of sockets are short and paths are not.
+/// A socket in the user's runtime folder, or in the folder of temporary files if there is none. Its name
+/// contains a hash of the program folder, because socket paths are too short for the path itself.
 QString SocketPath(const QString& folder) {
     const QByteArray path = QFileInfo(folder).canonicalFilePath().toUtf8();
     const QByteArray hash = QCryptographicHash::hash(path, QCryptographicHash::Sha256).toHex().first(16);
@@ -45,8 +45,8 @@ bool SingleInstance::Acquire() {
         case FileLock::Outcome::Impossible:
             throw RunTimeError(u"プログラムのフォルダーに書き込めません。\r\n"_s + m_lockFile);
     }
-    // A socket that is there was left by a process that was killed, for the lock is ours. Without a socket
-    // the program still runs; only a second start cannot call it.
+    // An existing socket is left over from a killed process, because we hold the lock. Without a socket the
+    // program still runs, but a second start cannot call it.
     m_socket.Listen(m_socketFile);
     return true;
 }

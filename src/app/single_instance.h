@@ -8,28 +8,29 @@
 
 namespace tickwell {
 
-/// One running program a folder. A lock file in the folder decides who is the first; a local socket of the
-/// user's alone carries the one word of a second start to it: to come forward, or to open the menu as well.
-/// Another user's word is not heard, and none is told to another user's program.
+/// One running program per folder. A lock file in the folder decides which process is the first. Through a
+/// local socket a second start asks it to come to the foreground or to open its menu as well. Connections of
+/// other users are closed unread, and nothing is sent to another user's process.
 class SingleInstance : public QObject {
     Q_OBJECT
 
 public:
-    /// `folder`: the program's folder; it exists.
+    /// `folder`: the program's folder, which exists.
     explicit SingleInstance(const QString& folder);
 
-    /// True when this process is the first; it then listens until its end. Throws RunTimeError when the
-    /// folder does not take a lock file.
+    /// Returns whether this process is the first; it then listens until it ends. Throws RunTimeError if no
+    /// lock file can be created in the folder.
     bool Acquire();
 
-    /// Asks the first process to come forward, with its menu when wanted; false when it does not answer.
+    /// Asks the first process to come to the foreground, with its menu if requested; returns false if it does
+    /// not answer.
     bool CallFirst(bool withMenu) const;
 
-    /// After CallFirst failed: what the user is told, with the path of the socket and what to do.
+    /// The message for the user after CallFirst has failed: the path of the socket and what to do.
     QString WhyNoAnswer() const;
 
 Q_SIGNALS:
-    /// Another start asked this process to come forward.
+    /// Another start has asked this process to come to the foreground.
     void Called(bool withMenu);
 
 private:

@@ -16,7 +16,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Existence alone is asked for. A link that leads nowhere counts as missing.
+/// Only checks existence. A dangling link counts as missing.
 void RequireFiles() {
     for (const QString& name : RequiredFiles()) {
         if (!QFileInfo::exists(name)) {
@@ -37,7 +37,7 @@ void OpenTheDays(Started& started) {
 }  // namespace
 
 Started StartUp(const QString& folder, const std::function<std::unique_ptr<SettingsStore>()>& openStore) {
-    if (!QDir::setCurrent(folder)) {  // every bare file name is meant from here
+    if (!QDir::setCurrent(folder)) {  // bare file names are relative to it
         throw RunTimeError(folder);
     }
     RecoverDayDatabase();

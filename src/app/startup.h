@@ -13,21 +13,21 @@
 
 namespace tickwell {
 
-/// What start-up fills for the rest of the run.
+/// The results of start-up, kept while the program runs.
 struct Started {
     std::unique_ptr<SettingsStore> store;
     std::unique_ptr<DayDatabase> dayDatabase;
     AppSettings settings;
     FurtherSettings further;
-    std::optional<JetImportSummary> imported;  ///< what came out of a day database of the older kind, once
+    std::optional<JetImportSummary> imported;  ///< set if a day database in the older format was imported
 };
 
-/// The start-up up to the first window, strictly in this order: into the program's folder, what a compaction
-/// that was ended left there, the eight files, the day database, the settings. Throws RunTimeError at the
-/// first thing that is wrong, with what to tell the user; what comes after it is not looked at.
+/// Start-up until the first window, strictly in this order: changes to the program's folder, recovers from an
+/// interrupted compaction, checks the eight files, opens the day database, loads the settings. Throws
+/// RunTimeError with the message for the user at the first failure; what follows is not checked.
 Started StartUp(const QString& folder, const std::function<std::unique_ptr<SettingsStore>()>& openStore);
 
-/// The text of the box that ends a failed start-up.
+/// The text of the message box after a failed start-up.
 QString StartUpFailureText(const QString& reason);
 
 }  // namespace tickwell

@@ -28,7 +28,7 @@ QString ScreenText(const QScreen& screen) {
 SystemFacts FactsOfThisMachine() {
     SystemFacts facts;
     facts.programVersion = QStringLiteral(TICKWELL_VERSION);
-    facts.toolkitVersion = QString::fromLatin1(qVersion());
+    facts.qtVersion = QString::fromLatin1(qVersion());
     facts.system = QSysInfo::prettyProductName();
     facts.kernel =
         QSysInfo::kernelType() + u' ' + QSysInfo::kernelVersion() + u' ' + QSysInfo::currentCpuArchitecture();

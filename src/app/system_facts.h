@@ -5,8 +5,8 @@
 
 namespace tickwell {
 
-/// The facts of this machine and this session. Needs a QApplication. Nothing in them names the user, the
-/// machine or a folder.
+/// The facts of this machine and session. Needs a QApplication. Contains no name of the user, the machine or
+/// a folder.
 SystemFacts FactsOfThisMachine();
 
 }  // namespace tickwell

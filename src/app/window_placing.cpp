@@ -14,20 +14,20 @@ namespace {
 
 // Logical pixels.
 constexpr int kGap = 8;  // between two windows
-// The largest frame that is expected; a window learns its own only once it is shown.
+// Assumed upper limits of the window frame; the real frame is known only once the window is shown.
 constexpr int kTitle = 32;
 constexpr int kBorder = 6;
 
 enum class Side { Below, Above, Right, Left, Over };
 
-/// What one place costs; the least is the best.
+/// The cost of a position; the lowest is best.
 using Cost = std::tuple<qint64, int, Side, int>;
 
 qint64 AreaOf(const QRect& rect) {
     return rect.isEmpty() ? 0 : qint64{rect.width()} * rect.height();
 }
 
-/// Pixels between two ranges, 0 if they touch or meet.
+/// Pixels between two ranges, 0 if they touch or overlap.
 int Between(int from, int to, int otherFrom, int otherTo) {
     return std::max({0, otherFrom - to - 1, from - otherTo - 1});
 }
@@ -56,13 +56,13 @@ Cost CostOf(const QRect& place, const QRect& opener, const QList<QRect>& taken) 
     return {covered, std::max(distance, kGap), SideOf(place, opener), shift};
 }
 
-/// The part of `room` that corners may lie in, which has at least one point.
+/// The allowed top-left corners for a window of this size; at least one point.
 QRect CornersIn(const QRect& screen, QSize size) {
     const QRect room = screen.adjusted(0, 0, -size.width(), -size.height());
     return {room.topLeft(), QSize(std::max(0, room.width()) + 1, std::max(0, room.height()) + 1)};
 }
 
-/// The frame of one of our windows, as far as it is known.
+/// The frame of one of our windows, with an assumed frame if the real one is not known yet.
 QRect FrameOf(const QWidget& window) {
     const QRect frame = window.frameGeometry();
     const bool hasFrame = !window.windowFlags().testFlag(Qt::FramelessWindowHint);
@@ -72,7 +72,7 @@ QRect FrameOf(const QWidget& window) {
     return {frame.topLeft(), frame.size() + QSize(2 * kBorder, kTitle + kBorder)};
 }
 
-/// The places that our windows take on the screen.
+/// The frames of our other visible windows.
 QList<QRect> TakenBeside(const QWidget& window) {
     QList<QRect> taken;
     for (const QWidget* each : QApplication::topLevelWidgets()) {
@@ -85,8 +85,8 @@ QList<QRect> TakenBeside(const QWidget& window) {
     return taken;
 }
 
-/// The latest application-modal window, or the window that is open above it; null if there is none. A box,
-/// which is modal to its own window, may be open above them.
+/// The active modal window if it or one of its parents is application-modal, else a visible application-modal
+/// window; null if there is none. The active one may be a message box that is modal to a different window.
 QWidget* BlockingWindow() {
     QWidget* active = QApplication::activeModalWidget();
     for (QWidget* modal = active; modal != nullptr; modal = modal->parentWidget()) {
@@ -110,7 +110,7 @@ QPoint PlaceNear(QSize size, const QRect& opener, const QRect& screen, const QLi
     QList<int> lefts{opener.left()};
     QList<int> tops{opener.top()};
     for (const QRect& each : QList<QRect>{opener} + taken) {
-        // Beside it, or if there is no room, so far over it that its title stays free.
+        // Beside the window or, if there is no room, overlapping it with its title bar left visible.
         lefts.append({each.right() + 1 + kGap, each.left() - kGap - size.width(), each.left() + kTitle});
         tops.append({each.bottom() + 1 + kGap, each.top() - kGap - size.height(), each.top() + kTitle});
     }
@@ -131,7 +131,7 @@ QPoint PlaceNear(QSize size, const QRect& opener, const QRect& screen, const QLi
 
 void PlaceNear(QWidget& window, const QWidget& opener) {
     window.setWindowFlag(Qt::WindowStaysOnTopHint);
-    if (!window.testAttribute(Qt::WA_Resized)) {  // it has no size of its own
+    if (!window.testAttribute(Qt::WA_Resized)) {  // no size was set explicitly
         window.adjustSize();
     }
     const QSize framed = window.size() + QSize(2 * kBorder, kTitle + kBorder);
@@ -144,7 +144,7 @@ void LetThroughModal(QWidget& window) {
     if (modal == nullptr || modal == &window) {
         return;
     }
-    window.winId();  // makes the window behind it, which is what is blocked
+    window.winId();  // creates the native window, which is what gets blocked
     window.windowHandle()->setTransientParent(modal->windowHandle());
 }
 

@@ -7,19 +7,17 @@
 
 namespace tickwell {
 
-/// The corner of a rectangle of this size that lies on `screen`, covers neither `opener` nor any of `taken`,
-/// and is as near to `opener` as possible: of equal distances below it, else above, else to the right, else
-/// to the left. If no place is free, the one that covers the least. What is larger than the screen is put at
-/// the screen's corner.
+/// The position for a rectangle of this size on `screen` that covers neither `opener` nor any of `taken` and
+/// is as near to `opener` as possible; at equal distance preferably below it, else above, to the right or to
+/// the left. If no position is free, the one that covers the least area. A rectangle larger than the screen
+/// is placed at the screen's top left corner.
 QPoint PlaceNear(QSize size, const QRect& opener, const QRect& screen, const QList<QRect>& taken);
 
-/// Puts a window that is not shown yet near `opener` with its frame and title bar on the screen, apart from
-/// our other windows, and above other programs' windows, as the main window is, which it would be hidden by
-/// otherwise.
+/// Moves a hidden window near `opener`, with its frame and title bar on the screen and without covering our
+/// other windows, and keeps it on top; otherwise the main window would cover it.
 void PlaceNear(QWidget& window, const QWidget& opener);
 
-/// While a window is open that blocks all others, lets this one through: the user can work with it. Without
-/// one it does nothing.
+/// If an application-modal window is open, keeps this window usable in spite of it; otherwise does nothing.
 void LetThroughModal(QWidget& window);
 
 }  // namespace tickwell

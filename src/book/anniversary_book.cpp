@@ -30,7 +30,7 @@ void AnniversaryBook::OpenSearch(QWidget* calendar) const {
 void AnniversaryBook::Open(QDialog* window, QWidget* calendar, Closed closed) const {
     window->setAttribute(Qt::WA_DeleteOnClose);
     m_parts.handlers.Connect(window, &QDialog::finished, calendar, std::move(closed));
-    window->open();  // modal to the calendar alone: the main window goes on
+    window->open();  // modal to the calendar only: the main window stays usable
 }
 
 }  // namespace tickwell

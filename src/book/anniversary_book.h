@@ -8,21 +8,20 @@
 
 namespace tickwell {
 
-/// Opens the windows of the anniversary book, each above the calendar, which does not react until it is
-/// closed.
+/// Opens the windows of the anniversary book, each modal to the calendar.
 class AnniversaryBook {
 public:
     using Closed = std::function<void()>;
 
     explicit AnniversaryBook(const BookParts& parts) : m_parts(parts) {}
 
-    /// The editor, for the row that the list has chosen, or for a new one on `date`. A chosen row that is not
-    /// there any more opens nothing, and nothing is said. `closed` is called once the window is closed, at
-    /// once when none was opened; it runs as a handler does, and not any more when `calendar` is gone.
+    /// Opens the editor for the row that the list has chosen, or for a new one on `date`. If the chosen row
+    /// no longer exists, opens nothing and reports nothing. `closed` is called once the window is closed, or
+    /// at once if none was opened; it runs as a handler, and not after `calendar` was destroyed.
     void OpenEditor(QDate date, QWidget* calendar, Closed closed) const;
     void OpenDeletion(QWidget* calendar, Closed closed) const;
 
-    /// What it finds is in the list by the time it closes.
+    /// The results are in the list when the window closes.
     void OpenSearch(QWidget* calendar) const;
 
 private:

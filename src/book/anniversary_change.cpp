@@ -16,10 +16,10 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kReadAtOnce = 2000;            // rows in a slice: some 10 ms
-constexpr std::size_t kWrittenAtOnce = 500;  // rows, without a thread
+constexpr int kReadAtOnce = 2000;            // rows per slice: about 10 ms
+constexpr std::size_t kWrittenAtOnce = 500;  // rows written without a thread
 
-// The three phases take about as long as each other.
+// The three phases take about equally long.
 constexpr double kPhases = 3;
 
 constexpr QStringView kTable = u"Kinenbi";
@@ -99,7 +99,7 @@ double AnniversaryChange::Part() const {
     Q_UNREACHABLE();
 }
 
-/// True once all rows are read, or one could not be.
+/// True once all rows are read or one could not be parsed.
 bool AnniversaryChange::Read() {
     const int last = std::max(0, m_unread - kReadAtOnce);
     for (; m_unread > last; --m_unread) {
@@ -131,7 +131,7 @@ void AnniversaryChange::AddTarget(const DayListRow& row) {
     const Anniversary target = AnniversaryOf(row);
     const QString select = SelectStatement(target);
     if (!IsQuotable(target.name)) {
-        CompileSql(select);  // says why not
+        CompileSql(select);  // throws the reason
     }
     m_target = m_targetCount == 0 ? select : QString();
     ++m_targetCount;
@@ -152,7 +152,7 @@ bool AnniversaryChange::Search() {
         return false;
     }
     const FoundRows found = m_search->Take();
-    const bool isSorted = m_keys.empty();  // as the finds are
+    const bool isSorted = m_keys.empty();  // the results are sorted
     m_keys.reserve(m_keys.size() + static_cast<std::size_t>(found.size()));
     for (const FoundRow& row : found) {
         m_keys.push_back(row.key);
@@ -178,7 +178,7 @@ bool AnniversaryChange::Write() {
     return false;
 }
 
-/// Nothing was locked so far: another program may have written since the last look at the rows.
+/// Nothing has been locked so far: another program may have written since the last check.
 AnniversaryChange::Outcome AnniversaryChange::WriteAll(DayDatabase& database) {
     DayTransaction transaction(database);
     if (database.Mark() != m_mark) {

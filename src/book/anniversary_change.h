@@ -16,26 +16,26 @@
 
 namespace tickwell {
 
-/// Changes or deletes anniversaries: of each row of the day list that is meant, all stored rows equal to what
-/// the list says of it, which may be none or other ones (WeekOfListText). A row that no statement can name is
-/// changed itself. All of it is stored at once in the end.
+/// Changes or deletes anniversaries: for each selected row of the day list, all stored rows equal to the
+/// parsed list row, which may be none or other ones (WeekOfListText). A row that no statement can select is
+/// changed by its key. All changes are stored in one transaction at the end.
 ///
-/// The rows are gone through from the last to the first. One that cannot be read back ends that: those after
-/// it are changed, those before it are not, and its RunTimeError is thrown in the end. Rows that another
-/// program has changed meanwhile are left as they are, and the last slice throws a RunTimeError that says so.
+/// The rows are processed from last to first. A row that cannot be parsed ends that: the rows after it are
+/// changed, those before it are not, and its RunTimeError is thrown at the end. Rows that another program has
+/// changed meanwhile are left unchanged, and the last slice throws a RunTimeError that says so.
 ///
-/// Rows are looked for in slices. More than a few are then written on a thread of their own, since the disk
-/// may be waited for at any of them; the database counts as closed until that is done.
+/// The stored rows are searched in slices. More than a few are then written in a separate thread, because
+/// each write may wait for the disk; the database handle is null until that is done.
 class AnniversaryChange : public SlicedWork {
 public:
-    /// Changes the row of Kinenbi with that key; called on any thread.
+    /// Changes the row of Kinenbi with that key; called in any thread.
     using Change = std::function<void(DayDatabase& database, qint64 key)>;
 
-    /// `isMeant`: one for each of `rows`. `database` outlives the work.
+    /// `isMeant`: whether each of `rows` is selected. `database` outlives the work.
     AnniversaryChange(std::unique_ptr<DayDatabase>& database, ListedRows rows, std::vector<bool> isMeant,
                       Change change);
 
-    /// Takes back what is not stored yet, and waits for that.
+    /// Rolls back what is not stored yet, and waits for that.
     ~AnniversaryChange() override;
 
     bool Step() override;
@@ -62,16 +62,16 @@ private:
     Change m_change;
     Phase m_phase = Phase::Reading;
     std::optional<ChangeMark> m_mark;
-    int m_unread = 0;     // rows of the list still to be read
-    DigestSet m_targets;  // of the stored rows to be changed
+    int m_unread = 0;     // rows of the list not read yet
+    DigestSet m_targets;  // digests of the stored rows to change
     int m_targetCount = 0;
-    QString m_target;            // a statement that selects them, if there is one target
-    std::vector<qint64> m_keys;  // of the stored rows to be changed
+    QString m_target;            // the statement that selects them, if there is only one target
+    std::vector<qint64> m_keys;  // of the stored rows to change
     std::optional<RowSearch> m_search;
     std::atomic<std::size_t> m_written = 0;
-    std::unique_ptr<DayDatabase> m_lent;  // while the thread writes
+    std::unique_ptr<DayDatabase> m_lent;  // the database, while the thread writes
     std::future<Outcome> m_writing;
-    std::exception_ptr m_error;  // thrown once the rest is stored
+    std::exception_ptr m_error;  // thrown after the other rows are stored
 };
 
 }  // namespace tickwell

@@ -9,10 +9,10 @@
 
 namespace tickwell {
 
-/// How many entries are ticked: "現在 2項目".
+/// The number of ticked entries: "現在 2項目".
 QString TickedText(qsizetype ticked);
 
-/// Takes the ticked rows of the list out of the book. `isTicked`: one for each of `rows`.
+/// Deletes the ticked rows of the list. `isTicked`: one per element of `rows`.
 std::unique_ptr<AnniversaryChange> DeletionOf(std::unique_ptr<DayDatabase>& database, ListedRows rows,
                                               std::vector<bool> isTicked);
 

@@ -11,7 +11,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// One end of the range in the numbers that the questions are made of.
+/// One end of the range as the numbers that the queries use.
 struct End {
     explicit End(QDate date)
         : yearNumber(date.year()),
@@ -46,7 +46,7 @@ QString OneDayCondition(const End& start, const End& end) {
     return text;
 }
 
-/// Empty for ranges of about a year and more, in which every month has its days.
+/// Empty for ranges of about a year or more, which contain every month.
 QString EveryYearCondition(const End& start, const End& end) {
     const int years = end.yearNumber - start.yearNumber;
     const bool isWithinAYear = years != 1 || start.monthNumber >= end.monthNumber;
@@ -61,7 +61,7 @@ QString EveryYearCondition(const End& start, const End& end) {
            u" ) ) ) )";
 }
 
-/// Empty for ranges of about a month and more, going by the numbers of the months alone.
+/// Empty for ranges of about a month or more, judged by the month numbers only.
 QString EveryMonthCondition(const End& start, const End& end) {
     const int months = end.monthNumber - start.monthNumber;
     if (months >= 2 || !(start.dayNumber > end.dayNumber + 1 || months != 1)) {
@@ -120,7 +120,7 @@ bool AnniversarySearch::Step() {
     DayDatabase& database = m_database();
     const ChangeMark mark = database.Mark();
     if (std::exchange(m_mark, mark) != mark) {
-        Begin();  // all four answers are to be those of one moment
+        Begin();  // all four results must belong to the same state
     }
     while (m_current < m_searches.size() && m_searches[m_current].Step(database)) {
         ++m_current;

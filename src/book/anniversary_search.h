@@ -13,44 +13,45 @@
 
 namespace tickwell {
 
-/// The first and the last day that are asked for.
+/// The first and last day of the search.
 struct SearchRange {
     QDate start;
     QDate end;
 };
 
-/// What is asked of the anniversary book.
+/// The criteria of a search in the anniversary book.
 struct SearchConditions {
-    bool oneDay = true;                ///< with those of one year
-    bool everyYear = true;             ///< with those of every year
-    bool everyMonth = true;            ///< with those of every month
-    std::optional<QString> name;       ///< whole; nothing: any
-    std::optional<SearchRange> dates;  ///< nothing: any; start is not after end
+    bool oneDay = true;                ///< include those of one year
+    bool everyYear = true;             ///< include those of every year
+    bool everyMonth = true;            ///< include those of every month
+    std::optional<QString> name;       ///< the complete name; empty: any
+    std::optional<SearchRange> dates;  ///< empty: any; start is not after end
 };
 
-/// An answer of the search: rows for the list, and among how many anniversaries they were looked for.
+/// The result of a search: rows for the list, and the number of anniversaries searched.
 struct SearchFinds {
     ListedRows rows;
     int searched = 0;
 };
 
-/// The three questions: for anniversaries of one year, of every year, of every month. A box that is not
-/// ticked asks for the year 5, in which no anniversary is expected. Which rows the conditions on the date
-/// find is kept as it always was: none of one year; between two months of a year only those in between; and
-/// with months that run into the next, day by day as if it were one month.
+/// The three queries: for anniversaries of one year, of every year, and of every month. For a box that is not
+/// ticked the query asks for the year 5, in which no anniversary is expected. The date conditions
+/// intentionally keep the behaviour that users know: they find no anniversary of one year; in a range over
+/// several months, only the yearly ones of the months strictly in between; and in a range into the next
+/// month, the days are compared as if both were in one month.
 std::array<QString, 3> SearchTexts(const SearchConditions& conditions);
 
-/// Asks the three questions and counts all anniversaries but those of the year 5, in slices. Rows come in the
-/// order of the questions, and twice if two of them found one.
+/// Runs the three queries and counts all anniversaries except those of the year 5, in slices. Rows are
+/// returned in the order of the queries, and twice if two queries found them.
 class AnniversarySearch : public SlicedWork {
 public:
-    /// Throws SqlError if the conditions make no statement.
+    /// Throws SqlError if the conditions do not form a valid statement.
     AnniversarySearch(DayDatabaseAccess database, const SearchConditions& conditions);
 
     bool Step() override;
     double Part() const override;
 
-    /// Once the last slice is done. Throws RunTimeError.
+    /// To be called after the last slice. Throws RunTimeError.
     SearchFinds TakeFinds();
 
 private:
@@ -58,7 +59,7 @@ private:
 
     DayDatabaseAccess m_database;
     std::array<QString, 3> m_texts;
-    std::vector<RowSearch> m_searches;  // the three questions and the count
+    std::vector<RowSearch> m_searches;  // the three queries and the count
     std::size_t m_current = 0;
     std::optional<ChangeMark> m_mark;
 };

@@ -5,18 +5,18 @@
 
 namespace tickwell {
 
-/// Statements that write to the anniversary book, for DayDatabase::Execute. A name is put between double
-/// quotes as it is: one that holds a double quote itself makes a statement that the database refuses.
+/// Statements that write to the anniversary book, for DayDatabase::Execute. A name is put in double quotes
+/// unchanged: the database refuses the statement of a name that contains a double quote.
 QString InsertStatement(const Anniversary& anniversary);
 
-/// Changes every row that is equal to `from`, none where there is no such row. The new numbers are in quotes
-/// as the new name is; the database takes them for the integers they are.
+/// Changes every row equal to `from`, if there is any. The new numbers are quoted like the new name; the
+/// database converts them to integers.
 QString UpdateStatement(const Anniversary& from, const Anniversary& to);
 
-/// Selects every row that is equal: those that the two others change.
+/// Selects every equal row: those that the two other statements change.
 QString SelectStatement(const Anniversary& anniversary);
 
-/// Takes away every row that is equal.
+/// Deletes every equal row.
 QString DeleteStatement(const Anniversary& anniversary);
 
 }  // namespace tickwell

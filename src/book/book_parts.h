@@ -11,17 +11,17 @@
 
 namespace tickwell {
 
-/// What the windows of the anniversary book work with; all outlive them.
+/// What the windows of the anniversary book use; all outlive them.
 struct BookParts {
     std::unique_ptr<DayDatabase>& dayDatabase;  ///< null while it is closed
-    DayList& list;                              ///< the calendar's
+    DayList& list;                              ///< that of the calendar
     DayChanges& changes;
     const Clock& clock;
     MessageBoxes& boxes;
     Handlers& handlers;
     TimerSource& timers;
 
-    /// Throws RunTimeError while the database is closed.
+    /// The returned function throws RunTimeError while the database is closed.
     DayDatabaseAccess Database() const {
         return [&database = dayDatabase]() -> DayDatabase& { return Opened(database); };
     }

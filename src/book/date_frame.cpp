@@ -12,7 +12,7 @@ namespace {
 
 struct Part {
     QStringView caption;
-    int first = 0;  // of what the arrows reach
+    int first = 0;  // range of the arrows
     int last = 0;
 };
 

@@ -16,7 +16,7 @@ struct DateNames {
     std::array<QStringView, 3> labels;
 };
 
-/// A frame with a date in it: the start or the end of what is searched.
+/// A frame with a date: the start or the end of the search range.
 class DateFrame : public QGroupBox {
     Q_OBJECT
 
@@ -27,7 +27,7 @@ public:
     DateFields Fields() const;
 
 private:
-    std::array<UpDown*, 3> m_parts{};  // owned by the frame, as its children
+    std::array<UpDown*, 3> m_parts{};  // owned by the frame as children
 };
 
 }  // namespace tickwell

@@ -16,8 +16,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kLines = 12;    // of the list, before the user makes it higher
-constexpr int kLetters = 24;  // of a name
+constexpr int kLines = 12;    // minimum height of the list
+constexpr int kLetters = 24;  // its minimum width
 
 }  // namespace
 
@@ -82,7 +82,7 @@ void Form10::Connect() {
     handlers.Connect(m_Command4, &QPushButton::clicked, this, [this] { Command4_Click(); });
 }
 
-/// Mouse and keyboard alike: whatever changed the selection, ticks and count follow.
+/// Handles selection by mouse and keyboard: copies the selection to the ticks and updates the count.
 void Form10::List1_Click() {
     std::fill(m_isTicked.begin(), m_isTicked.end(), false);
     for (const QItemSelectionRange& range : m_List1->selectionModel()->selection()) {
@@ -107,7 +107,7 @@ void Form10::ShowCount() {
 
 void Form10::Command1_Click() {
     m_work->Start(DeletionOf(m_parts.dayDatabase, m_rows, m_isTicked), [this](const WorkEnd& end) {
-        m_parts.changes.RaiseRefresh();  // some may be gone even after an error
+        m_parts.changes.RaiseRefresh();  // some may be deleted even after an error
         if (end.error) {
             std::rethrow_exception(end.error);
         }

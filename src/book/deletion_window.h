@@ -12,15 +12,15 @@
 
 namespace tickwell {
 
-/// The deletion of anniversaries: those that the calendar's list shows, to be ticked by clicks, all or none.
-/// It deletes them without asking again and closes; when something goes wrong it stays open as it was.
+/// The deletion of anniversaries: lists those of the calendar's list, to be ticked one by one or all at once.
+/// Deletes the ticked ones without further confirmation and closes; after an error it stays open unchanged.
 class Form10 : public QDialog {
     Q_OBJECT
 
 public:
     Form10(const BookParts& parts, QWidget* parent);
 
-    /// Ends a running deletion first, which takes it back, and then stays open.
+    /// Closes the window; a running deletion is cancelled and rolled back instead, and the window stays open.
     void reject() override;
 
 private:
@@ -34,9 +34,9 @@ private:
     void ShowCount();
 
     BookParts m_parts;
-    ListedRows m_rows;             // what the list showed when the window opened
-    std::vector<bool> m_isTicked;  // one for each of them
-    // All owned by the window, as its children.
+    ListedRows m_rows;             // the rows of the list when the window opened
+    std::vector<bool> m_isTicked;  // one per row
+    // All owned by the window as children.
     TickList* m_List1 = nullptr;
     QLabel* m_Label2 = nullptr;
     QPushButton* m_Command1 = nullptr;

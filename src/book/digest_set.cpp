@@ -7,7 +7,7 @@ namespace tickwell {
 
 namespace {
 
-constexpr std::size_t kSortedAtOnce = 50'000;  // digests: some 5 ms
+constexpr std::size_t kSortedAtOnce = 50'000;  // digests: about 5 ms
 
 }  // namespace
 

@@ -8,16 +8,16 @@
 
 namespace tickwell {
 
-/// A set of digests in little more memory than they need. It is filled, then sorted in slices, then asked.
+/// A memory-efficient set of digests. It is filled, then sorted in slices, then queried.
 class DigestSet {
 public:
-    /// Not after Sort.
+    /// Not allowed after Sort.
     void Add(const RowDigest& digest);
 
-    /// Sorts a part of it; true once all is sorted.
+    /// Sorts a part of the set; true once all of it is sorted.
     bool Sort();
 
-    /// After Sort.
+    /// Only after Sort.
     bool Contains(const RowDigest& digest) const;
 
     bool IsEmpty() const { return m_isEmpty; }
@@ -28,7 +28,7 @@ private:
     static std::size_t BucketOf(const RowDigest& digest) { return digest.first % kBuckets; }
 
     std::array<std::vector<RowDigest>, kBuckets> m_buckets;
-    std::size_t m_sorted = 0;  // buckets
+    std::size_t m_sorted = 0;  // number of sorted buckets
     bool m_isEmpty = true;
 };
 

@@ -71,7 +71,7 @@ EditorFields FieldsToEdit(const Anniversary& row, QDate date) {
     EditorFields fields;
     fields.name = row.name;
     ChooseKind(fields, KindOf(row));
-    fields.byWeek = row.week != 0;  // after the kind, which would take it away
+    fields.byWeek = row.week != 0;  // after ChooseKind, which may reset it
     FillDate(fields, date);
     return fields;
 }

@@ -8,24 +8,24 @@
 
 namespace tickwell {
 
-/// How often an anniversary comes; the numbers are those of the editor's option buttons.
+/// How often an anniversary recurs; the values are the indexes of the editor's option buttons.
 enum class AnniversaryKind { EveryYear = 0, EveryMonth = 1, OneDay = 2 };
 
-/// What stands in the fields of the editor, without a window. Texts are as typed.
+/// The contents of the editor's fields, without a window. Texts are as typed.
 struct EditorFields {
     QString name;
     AnniversaryKind kind = AnniversaryKind::EveryYear;
-    bool byWeek = false;  ///< the day is said as "the second Monday"
+    bool byWeek = false;  ///< the day is given as "the second Monday"
     QString year;
     QString month;
     QString day;
-    QString ordinal;  ///< "第2": its second character counts
+    QString ordinal;  ///< "第2": only its second character is used
     QString weekday;  ///< "月曜日"
 
     bool operator==(const EditorFields&) const = default;
 };
 
-/// Which fields can be filled in.
+/// Which fields are enabled.
 struct EditorEnabling {
     bool year = false;
     bool month = false;
@@ -36,21 +36,21 @@ struct EditorEnabling {
     bool operator==(const EditorEnabling&) const = default;
 };
 
-/// A row with a year of its own and a week has its box ticked and out of reach.
+/// If a row has both a year and a week, its week box is checked but disabled.
 EditorEnabling EnablingOf(AnniversaryKind kind, bool byWeek);
 
-/// A new anniversary on `date`, the calendar's selected one.
+/// The fields of a new anniversary on `date`, the calendar's selected date.
 EditorFields FieldsToAdd(QDate date);
 
-/// An anniversary to change. Its name, kind and week box come from the row, the date itself from the
-/// calendar: so editing a find of a search moves it to the selected date unless the user says otherwise.
+/// The fields to change an anniversary. Name, kind and week box come from the row, the date from the
+/// calendar: editing a search result moves it to the selected date unless the user enters another one.
 EditorFields FieldsToEdit(const Anniversary& row, QDate date);
 
-/// What choosing a kind does to the fields: one day alone is never said by its week.
+/// Changes the kind and what depends on it: an anniversary of one day is never defined by its week.
 void ChooseKind(EditorFields& fields, AnniversaryKind kind);
 
-/// The row that the fields ask for. Only those that its kind needs are read, and no number is held against a
-/// calendar: a 13th month is stored. A weekday that is none counts 0. Throws RunTimeError.
+/// The row that the fields describe. Only the fields that the kind needs are read, and numbers are not
+/// validated: a 13th month is stored. An unknown weekday counts as 0. Throws RunTimeError.
 Anniversary AnniversaryOf(const EditorFields& fields);
 
 }  // namespace tickwell

@@ -119,10 +119,10 @@ void Form6::Add(const Anniversary& entered) {
 void Form6::Change(const Anniversary& entered) {
     std::vector<ColumnValue> values{
         {u"Year", entered.year}, {u"Month", entered.month}, {u"Day", entered.day}, {u"Week", entered.week}};
-    // A name that no statement can hold may stay what it is.
+    // A name that no statement can contain may be kept.
     if (!m_chosen->itself || entered.name != m_shownName) {
         CompileSql(m_chosen->itself ? InsertStatement(entered)
-                                    : UpdateStatement(AnniversaryOf(*m_chosen), entered));  // or says why not
+                                    : UpdateStatement(AnniversaryOf(*m_chosen), entered));  // may throw
         values.push_back({u"Name", entered.name});
     }
     auto work = std::make_unique<AnniversaryChange>(

@@ -19,18 +19,17 @@
 
 namespace tickwell {
 
-/// The editor of an anniversary: adds one, or changes the one that is chosen in the calendar's list. It
-/// writes one statement and closes; what goes wrong on the way is said in one box, and all stays as it was
-/// typed.
+/// The editor of an anniversary: adds one, or changes the one chosen in the calendar's list. It writes to the
+/// database and closes; an error is reported in a message box, and the fields stay as typed.
 class Form6 : public QDialog {
     Q_OBJECT
 
 public:
-    /// `date`: the calendar's selected one. Throws RunTimeError when the chosen row is not in the list any
-    /// more or cannot be read; there is then nothing to show.
+    /// `date`: the calendar's selected date. Throws RunTimeError if the chosen row is no longer in the list
+    /// or cannot be read; there is then nothing to show.
     Form6(const BookParts& parts, QDate date, QWidget* parent);
 
-    /// Ends a running change first, which takes it back, and then stays open.
+    /// Closes the window; a running change is cancelled and rolled back instead, and the window stays open.
     void reject() override;
 
 private:
@@ -52,10 +51,10 @@ private:
     QLayout* WeekRow();
 
     BookParts m_parts;
-    bool m_isTelling = false;            // the box is open; another one would only cover it
-    std::optional<DayListRow> m_chosen;  // the row to change; nothing: one is added
-    QString m_shownName;                 // its name, as the field has it before the user types
-    // All owned by the window, as its children.
+    bool m_isTelling = false;            // the message box is open; another one would only cover it
+    std::optional<DayListRow> m_chosen;  // the row to change; empty: a row is added
+    QString m_shownName;                 // the row's name as initially shown in the field
+    // All owned by the window as children.
     QLineEdit* m_Text1 = nullptr;
     UpDown* m_UpDown1 = nullptr;  // year
     UpDown* m_UpDown2 = nullptr;  // month

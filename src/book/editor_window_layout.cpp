@@ -15,13 +15,13 @@ namespace {
 constexpr std::array<QStringView, 3> kKindCaptions{
     u"毎年の記念日として指定する", u"毎月の記念日として指定する", u"この日だけの記念日として指定する"};
 
-// What the arrows reach: the years of the calendar.
+// The range of the arrows: the years of the calendar.
 constexpr int kFirstYear = 1926;
 constexpr int kLastYear = 2100;
 constexpr int kLastMonth = 12;
 constexpr int kLastDay = 31;
 
-/// A list to choose from, in which anything can be typed and nothing is completed.
+/// Makes a combo box that accepts any text, without completion.
 QComboBox* MakeCombo(const QStringList& items, int firstData, QWidget* parent) {
     auto* combo = new QComboBox(parent);
     combo->setEditable(true);
@@ -85,7 +85,7 @@ QLayout* Form6::DateRow() {
     return row;
 }
 
-/// The box, and below it, set in, which week and which weekday.
+/// The check box, and below it, indented, the week and the weekday.
 QLayout* Form6::WeekRow() {
     m_Check2 = Named(new QCheckBox(u"第?週の?曜日という形で指定する"_s, this), u"Check2"_s);
     m_Combo2 =

@@ -8,17 +8,17 @@
 
 namespace tickwell {
 
-/// From when to when; the numbers are those of the search window's option buttons.
+/// The kind of date range; the values are the indexes of the search window's option buttons.
 enum class RangeKind { FromTo = 0, After = 1, Before = 2 };
 
-/// A date as it is typed.
+/// A date as typed.
 struct DateFields {
     QString year;
     QString month;
     QString day;
 };
 
-/// What stands in the fields of the search window, without a window.
+/// The contents of the search window's fields, without a window.
 struct SearchFields {
     bool oneDay = true;
     bool everyYear = true;
@@ -31,7 +31,7 @@ struct SearchFields {
     DateFields end;
 };
 
-/// Which fields can be filled in.
+/// Which fields are enabled.
 struct SearchEnabling {
     bool name = false;
     bool range = false;
@@ -43,16 +43,16 @@ struct SearchEnabling {
 
 SearchEnabling EnablingOf(bool byName, bool byDate, RangeKind range);
 
-/// The date that the numbers come to, a month or a day that is too much or too little rolled on: day 31 of a
-/// February is in March, day 0 is the last day of the month before. `year` and the year of the date are 100
-/// to 9999. Throws RunTimeError.
+/// The date that the numbers result in, with months and days out of range carried over: 31 February is in
+/// March, day 0 is the last day of the previous month. `year` and the year of the result are 100 to 9999.
+/// Throws RunTimeError.
 QDate RolledDate(qint32 year, qint32 month, qint32 day);
 
-/// With After the range ends on 31 December 9999, with Before it begins on 1 January 100.
+/// With After the range ends on 31 December 9999; with Before it begins on 1 January 100.
 SearchRange RangeOf(RangeKind kind, QDate start, QDate end);
 
-/// What the fields ask for; nothing when the range ends before it begins. Both dates are read, and compared,
-/// also where they are no condition or only one of them counts. Throws RunTimeError.
+/// The search criteria in the fields; nothing if the range ends before it begins. Both dates are parsed and
+/// compared even if the search ignores one or both of them. Throws RunTimeError.
 std::optional<SearchConditions> ConditionsOf(const SearchFields& fields);
 
 }  // namespace tickwell

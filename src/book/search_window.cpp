@@ -24,8 +24,9 @@ constexpr DateNames kStartNames{
 constexpr DateNames kEndNames{
     {u"Text5", u"Text6", u"Text7"}, {u"UpDown5", u"UpDown4", u"UpDown6"}, {u"Label5", u"Label6", u"Label7"}};
 
-/// Option buttons side by side that exclude each other, and none in a frame within their frame. As everything
-/// in the window they are its own from the beginning: Tab goes in the order in which they become so.
+/// Makes a row of option buttons that exclude one another; the group separates them from all other options.
+/// Like all controls they are children of the window from the start: the tab order is the order in which
+/// children are added.
 template <std::size_t count>
 QHBoxLayout* MakeOptions(std::array<QRadioButton*, count>& options,
                          const std::array<QStringView, count>& captions, const QString& name,
@@ -116,7 +117,7 @@ void Form9::Connect() {
     handlers.Connect(m_Command2, &QPushButton::clicked, this, [this] { reject(); });
 }
 
-/// All kinds and no condition: searching at once lists all that there is. Both dates are today.
+/// All kinds and no condition: an immediate search lists everything. Both dates are today.
 void Form9::Form_Load() {
     for (QCheckBox* box : m_Check) {
         box->setChecked(true);

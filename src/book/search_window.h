@@ -17,15 +17,15 @@
 
 namespace tickwell {
 
-/// The search of the anniversary book: by kind, by name and by date. What it finds goes into the calendar's
-/// list, and it closes; when something goes wrong the list stays as it was, and it stays open.
+/// The search of the anniversary book by kind, name and date. Puts its results into the calendar's list and
+/// closes; after an error it stays open and the list is unchanged.
 class Form9 : public QDialog {
     Q_OBJECT
 
 public:
     Form9(const BookParts& parts, QWidget* parent);
 
-    /// Ends a running search first, and then stays open.
+    /// Closes the window; a running search is cancelled instead, and the window stays open.
     void reject() override;
 
 private:
@@ -41,8 +41,8 @@ private:
     void Enable();
 
     BookParts m_parts;
-    bool m_isTelling = false;  // the box is open; another one would only cover it
-    // All owned by the window, as its children.
+    bool m_isTelling = false;  // the message box is open; another one would only cover it
+    // All owned by the window as children.
     std::array<QCheckBox*, 3> m_Check{};  // Check1 to Check3: one year, every year, every month
     std::array<QRadioButton*, 2> m_Option1{};
     QLabel* m_Label1 = nullptr;

@@ -19,7 +19,7 @@ bool IsLong(const QItemSelection& selection) {
 TickList::TickList(QWidget* parent) : QListView(parent) {
     setSelectionMode(MultiSelection);
     setEditTriggers(NoEditTriggers);
-    setUniformItemSizes(true);  // else each name is read and measured before the first is seen
+    setUniformItemSizes(true);  // otherwise all names are read and measured before the first is shown
 }
 
 void TickList::selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) {

@@ -13,8 +13,8 @@ public:
     explicit TickList(QWidget* parent = nullptr);
 
 protected:
-    /// QListView makes an index of each entry that was ticked or unticked, only to tell a screen reader of
-    /// the first: for a million entries that takes a second. It is spared from long ranges.
+    /// QListView creates an index for each entry that was ticked or unticked, only to report the first one to
+    /// a screen reader: for a million entries that takes a second. This override skips it for long ranges.
     void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;
 };
 

@@ -18,9 +18,9 @@ namespace tickwell {
 namespace {
 
 constexpr std::uint32_t kDriveTimeout =
-    250;  // ms a command; a drive that tries longer would silence the rest
+    250;  // ms per command; a drive that retried longer would let playback run dry
 
-/// The library writes to standard error and aborts on what it calls errors.
+/// libcdio writes to standard error and aborts on what it calls errors.
 void EndOnError(cdio_log_level_t level, const char* /*message*/) {
     if (level >= CDIO_LOG_ERROR) {
         std::_Exit(kEndGone);
@@ -32,7 +32,7 @@ void PrepareLibrary() {
     mmc_timeout_ms = kDriveTimeout;
 }
 
-/// A handle of the library and the byte order of what it reads.
+/// A libcdio handle and the byte order of the sound that it reads.
 struct Opened {
     CdIo_t* handle = nullptr;
     ByteOrder order = ByteOrder::Little;
@@ -47,7 +47,7 @@ Opened OpenCue(std::filesystem::path path) {
     return {sheet.isPlayable ? cdio_open_cue(path.c_str()) : nullptr, sheet.order};
 }
 
-/// The names in such a sheet count from the current folder, as the library has it.
+/// libcdio resolves the names in such a sheet relative to the current folder.
 Opened OpenToc(const std::filesystem::path& path) {
     std::error_code error;
     std::filesystem::current_path(path.parent_path(), error);
@@ -62,7 +62,7 @@ Opened OpenAny(const std::string& source) {
     std::error_code error;
     const std::filesystem::path path = std::filesystem::absolute(source, error);
     if (!std::filesystem::is_regular_file(path, error)) {
-        return {};  // a pipe would block, and a device never end
+        return {};  // a pipe would block, and a device may have no end
     }
     std::string kind = path.extension().string();
     std::transform(kind.begin(), kind.end(), kind.begin(),
@@ -134,7 +134,7 @@ bool Disc::WasChanged() {
 
 bool Disc::Read(std::int32_t from, std::int32_t count, char* bytes) {
     const auto size = static_cast<std::size_t>(count) * kSectorBytes;
-    std::memset(bytes, 0, size);  // an image that ends too early leaves the rest as it was
+    std::memset(bytes, 0, size);  // at a premature end of an image libcdio leaves the remaining bytes unset
     if (cdio_read_audio_sectors(m_handle.get(), bytes, from, static_cast<std::uint32_t>(count)) !=
         DRIVER_OP_SUCCESS) {
         return false;

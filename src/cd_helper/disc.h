@@ -20,22 +20,23 @@ struct DiscTrack {
 
 struct DiscContents {
     std::vector<DiscTrack> tracks;
-    std::int32_t end = 0;  ///< first sector behind the last track
+    std::int32_t end = 0;  ///< first sector after the last track
 };
 
-/// A disc in a drive or in an image, opened afresh: the library keeps the contents that it saw first.
+/// A disc in a drive or in an image. Open again after a disc change: libcdio caches the contents that it read
+/// first.
 class Disc {
 public:
-    /// Nothing where there is none, or where its contents cannot be trusted: starts that do not rise, an end
-    /// that does not lie behind them, sheets that the library misreads.
+    /// Returns nothing if there is no disc, or if its contents cannot be trusted: track starts that are not
+    /// ascending, an end that is not after them, or a sheet that libcdio misreads.
     static std::optional<Disc> Open(const std::string& path);
 
     const DiscContents& Contents() const { return m_contents; }
 
-    /// Whether another disc was put in since the last call.
+    /// Whether the disc was changed since the last call.
     bool WasChanged();
 
-    /// Reads `count` sectors of sound, all of them or none; false when it failed.
+    /// Reads `count` audio sectors, all or none; returns false on failure.
     bool Read(std::int32_t from, std::int32_t count, char* bytes);
 
 private:

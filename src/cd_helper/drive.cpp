@@ -30,7 +30,7 @@ DriveState Drive::State() const {
     }
     switch (ioctl(m_descriptor, CDROM_DRIVE_STATUS, CDSL_CURRENT)) {
         case CDS_DISC_OK:
-        case CDS_NO_INFO:  // a drive that cannot tell: reading will
+        case CDS_NO_INFO:  // the drive does not report it; reading will show
             return DriveState::Disc;
         case CDS_NO_DISC:
             return DriveState::NoDisc;

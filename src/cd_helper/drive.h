@@ -7,11 +7,11 @@ namespace tickwell {
 
 enum class DriveState { Disc, NoDisc, TrayOpen, NotReady };
 
-/// The state of a real drive, through a descriptor of its own, which neither closes the tray nor waits for a
+/// The state of a real drive, read through its own descriptor, which neither closes the tray nor waits for a
 /// disc.
 class Drive {
 public:
-    /// Whether this is the node of a drive and not an image.
+    /// Whether the path is a drive's device node and not an image.
     static bool IsNode(const std::string& path);
 
     explicit Drive(const std::string& path);

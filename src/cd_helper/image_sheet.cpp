@@ -18,7 +18,7 @@ namespace {
 using Words = std::vector<std::string>;
 
 constexpr std::uintmax_t kLargestSheet =
-    1 << 20;  // bytes; one of 99 tracks with all their names has a twentieth
+    1 << 20;  // bytes; about 20 times the size of a sheet with 99 tracks and all their names
 
 std::string UpperCase(std::string text) {
     std::transform(text.begin(), text.end(), text.begin(),
@@ -26,7 +26,7 @@ std::string UpperCase(std::string text) {
     return text;
 }
 
-/// The words of a line; one in double quotes may hold blanks.
+/// The words of a line; a word in double quotes may contain blanks.
 Words WordsOf(const std::string& line) {
     Words words;
     std::istringstream stream(line);
@@ -43,12 +43,12 @@ Words WordsOf(const std::string& line) {
     return words;
 }
 
-/// The lines of a sheet that say anything; none if it cannot be read or is no sheet by its size.
+/// The lines of a sheet that are not blank; none if the file cannot be read or is too large for a sheet.
 std::vector<Words> LinesOf(const std::string& path) {
     std::vector<Words> lines;
     std::error_code error;
     if (std::filesystem::file_size(path, error) > kLargestSheet ||
-        error) {  // an error, too, for what is no file
+        error) {  // set too if the path is not a file
         return lines;
     }
     std::ifstream file(path);
@@ -68,20 +68,20 @@ std::string WordAt(const Words& words, std::size_t index) {
     return index < words.size() ? words[index] : std::string();
 }
 
-/// The file of sound that the library takes for a cue sheet.
+/// The sound file that libcdio reads for a cue sheet.
 std::filesystem::path FileBeside(const std::filesystem::path& sheet) {
     return std::filesystem::path(sheet).replace_extension(sheet.extension() == ".CUE" ? ".BIN" : ".bin");
 }
 
-/// Whether opening a file could block for ever, as with a pipe.
+/// Whether opening a file could block forever, like a pipe.
 bool CouldBlock(const std::filesystem::path& file) {
     std::error_code ignored;
     const auto status = std::filesystem::status(file, ignored);
     return std::filesystem::exists(status) && !std::filesystem::is_regular_file(status);
 }
 
-/// Whether a sheet means another file than the one beside it that will be read. A name that leads nowhere
-/// means files that were given new names together.
+/// Whether a sheet names a different file from the one beside it, which libcdio reads. A name without a file
+/// is accepted: sheet and sound file may have been renamed together.
 bool NamesAnotherFile(const std::filesystem::path& sheet, const std::string& name) {
     std::error_code ignored;
     const auto taken = FileBeside(sheet);

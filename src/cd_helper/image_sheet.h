@@ -7,20 +7,19 @@ namespace tickwell {
 
 enum class ByteOrder { Little, Big };
 
-/// What the text beside an image says of it, as far as the library that reads images does not look at it
-/// itself.
+/// Checks the sheet of an image for what libcdio does not check.
 struct ImageSheet {
     bool isPlayable = false;
     ByteOrder order = ByteOrder::Little;  ///< of the sound in the image
 };
 
-/// A cue sheet. The library takes the .bin of the same name whatever the sheet names, believes that there is
-/// one file, and that its sectors are whole. Where that is not so it would play noise: such a sheet is not
+/// Reads a cue sheet. libcdio always reads the .bin file of the same name, whatever file the sheet names, and
+/// assumes a single file of complete sectors. It would play noise for any other sheet, so those are not
 /// playable.
 ImageSheet ReadCueSheet(const std::string& path);
 
-/// A table of contents of the kind whose sound is big-endian. The library takes one file for the whole
-/// disc, without gaps made of nothing: other sheets are not playable.
+/// Reads a cdrdao table of contents, whose sound is big-endian. libcdio assumes one file for the complete
+/// disc and no gaps without data, so other sheets are not playable.
 ImageSheet ReadTocSheet(const std::string& path);
 
 }  // namespace tickwell

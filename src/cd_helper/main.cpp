@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// tickwell-cd: reads audio CDs for tickwell, in a process of its own, so that neither a stuck drive nor a
-// damaged image touches the program. How it is asked and how it answers stands in protocol.h.
+// tickwell-cd: reads audio CDs for tickwell in a separate process, so that neither a stuck drive nor a
+// damaged image affects the program. See protocol.h for its arguments and output.
 
 #include <sys/prctl.h>
 #include <sys/resource.h>
@@ -25,21 +25,21 @@ namespace {
 
 using namespace tickwell;
 
-constexpr rlim_t kMostToOpen = 3;  // seconds of the processor; a sound image takes thousandths of one
+constexpr rlim_t kMostToOpen = 3;  // seconds of CPU time; an intact image takes milliseconds
 
-/// Whoever asked may die at any moment, and a library that aborts need not leave a core.
+/// Dies with the parent process, and leaves no core dump if libcdio aborts.
 void BecomeHelper() {
     prctl(PR_SET_PDEATHSIG, SIGKILL);
     const rlimit none{0, 0};
     setrlimit(RLIMIT_CORE, &none);
 }
 
-/// The library can go round for ever over a damaged image: then the system ends this process.
+/// Limits the CPU time: libcdio can loop forever on a damaged image, and the system then kills this process.
 std::optional<Disc> OpenInTime(const char* source) {
     rlimit usual{};
     getrlimit(RLIMIT_CPU, &usual);
     const rlimit limited{kMostToOpen, usual.rlim_max};
-    setrlimit(RLIMIT_CPU, &limited);  // fails where there is a stricter one already
+    setrlimit(RLIMIT_CPU, &limited);  // fails if a stricter limit is set
     std::optional<Disc> disc = Disc::Open(source);
     setrlimit(RLIMIT_CPU, &usual);
     return disc;

@@ -13,15 +13,15 @@ namespace tickwell {
 
 namespace {
 
-constexpr std::int32_t kAtOnce = 25;  // sectors, a third of a second; the drive's commands take 27
+constexpr std::int32_t kAtOnce = 25;  // sectors, a third of a second; a drive command reads at most 27
 
-/// A run of sectors of one kind.
+/// Consecutive sectors of one kind.
 struct Run {
     std::int32_t end = 0;
     bool isAudio = false;
 };
 
-/// The track that `sector` lies in; what lies before the first one belongs to it.
+/// The rest of the track that contains `sector`; sectors before the first track count as part of it.
 Run RunAt(const DiscContents& contents, std::int32_t sector) {
     Run run{contents.end, contents.tracks.front().isAudio};
     for (const DiscTrack& track : contents.tracks) {
@@ -50,7 +50,7 @@ bool WriteAll(int output, const char* bytes, std::size_t size) {
 }  // namespace
 
 int SoundWriter::Write(std::int32_t from, std::int32_t to) {
-    m_disc.WasChanged();  // what was before does not count
+    m_disc.WasChanged();  // clears a change reported before
     m_bytes.assign(std::size_t{kAtOnce} * kSectorBytes, 0);
     to = std::min(to, m_disc.Contents().end);
     for (std::int32_t sector = from; sector < to;) {
@@ -73,13 +73,13 @@ int SoundWriter::Write(std::int32_t from, std::int32_t to) {
     return kEndDone;
 }
 
-/// Looked at before each reading: where another disc lies in the drive its sectors must not be played.
+/// Checked before each read: sectors of a different disc must not be played.
 bool SoundWriter::IsStillThere() {
     return m_drive == nullptr || (m_drive->State() == DriveState::Disc && !m_disc.WasChanged());
 }
 
-/// One bad sector fails all that was asked for with it, so what failed is asked for again in halves. A sector
-/// that cannot be read is silence. False when the disc is gone.
+/// One bad sector makes the complete request fail, so a failed request is repeated in halves. A sector that
+/// cannot be read becomes silence. Returns false if the disc is gone.
 bool SoundWriter::ReadRunning(std::int32_t from, std::int32_t count, char* bytes) {
     if (m_disc.Read(from, count, bytes)) {
         return true;

@@ -9,16 +9,16 @@
 
 namespace tickwell {
 
-/// Writes a stretch of a disc as sound. It waits for its reader, never for a bad sector longer than the drive
-/// does.
+/// Writes a range of a disc as sound. Blocks while its reader is slow, and at a bad sector no longer than the
+/// drive's own timeout.
 class SoundWriter {
 public:
-    /// `drive` is null for an image. All outlive this object; `output` is a descriptor and stays the
-    /// caller's.
+    /// `drive` is null for an image. All outlive this object; `output` is a descriptor, which remains owned
+    /// by the caller.
     SoundWriter(Disc& disc, const Drive* drive, int output)
         : m_disc(disc), m_drive(drive), m_output(output) {}
 
-    /// The sectors `from` to `to` - 1, cut to what the disc has. An exit code.
+    /// Writes the sectors `from` to `to` - 1, limited to the disc. Returns an exit code.
     int Write(std::int32_t from, std::int32_t to);
 
 private:

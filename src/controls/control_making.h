@@ -6,8 +6,7 @@
 
 namespace tickwell {
 
-/// Gives a control its name, and the one that a screen reader says where the control shows no text of its
-/// own.
+/// Sets a control's name, and the name that a screen reader says if the control shows no text.
 template <typename Control>
 Control* Named(Control* control, const QString& name, const QString& spoken = {}) {
     control->setObjectName(name);

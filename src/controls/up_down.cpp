@@ -11,7 +11,7 @@ namespace tickwell {
 
 namespace {
 
-constexpr int kDigits = 5;  // room for, one more than a year has
+constexpr int kDigits = 5;  // width of the field, one digit more than a year
 
 QSize Widened(QSize size, const QFontMetrics& metrics) {
     return size + QSize(kDigits * metrics.horizontalAdvance(u'0'), 0);
@@ -34,7 +34,7 @@ void UpDown::Follow(const QString& text) {
     try {
         m_position = std::clamp(static_cast<int>(IntegerOf(text)), m_first, m_last);
     } catch (const RunTimeError&) {
-        // Half typed, or nonsense: the arrows stay where they are.
+        // Incomplete or invalid: the position of the arrows is kept.
     }
 }
 

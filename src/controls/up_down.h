@@ -5,17 +5,16 @@
 
 namespace tickwell {
 
-/// A number that can be typed, with two arrows. The text is what counts: anything can be typed, nothing
-/// corrects it, and the arrows alone keep within a range. A valid number that is typed is where the arrows go
-/// on from.
+/// An editable number with two arrows. The text is the value: any text can be typed and none is corrected;
+/// only the arrows keep within a range. They continue from a valid number that was typed.
 class UpDown : public QAbstractSpinBox {
     Q_OBJECT
 
 public:
-    /// `textName`: object name of the field that is typed in. The arrows reach `first` to `last`.
+    /// `textName`: object name of the text field. The arrows reach `first` to `last`.
     UpDown(const QString& textName, int first, int last, QWidget* parent);
 
-    /// Shows any text; of a number out of their range, the arrows go on from the nearest one within.
+    /// Shows any text; if it is a number out of range, the arrows continue from the nearest one in range.
     void SetText(const QString& text);
 
     void stepBy(int steps) override;

@@ -14,7 +14,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 // ms
-constexpr int kPause = 1;  // between two slices, for events
+constexpr int kPause = 1;  // between two slices, to process events
 constexpr int kUntilVisible = 500;
 
 constexpr int kWhole = 100;  // %

@@ -13,31 +13,31 @@
 
 namespace tickwell {
 
-/// How a work ended.
+/// How the work ended.
 struct WorkEnd {
-    bool isStopped = false;    ///< by the user
+    bool isStopped = false;    ///< cancelled by the user
     std::exception_ptr error;  ///< the RunTimeError that ended it; null if none did
 };
 
-/// Does the work of a dialog. What takes longer than the first slice goes on from a timer, with the dialog's
-/// other controls disabled; after half a second this bar appears, with the progress and a button "中止".
+/// Runs the work of a dialog. Work that needs more than one slice continues in a timer, with the dialog's
+/// other controls disabled; after half a second this bar appears with the progress and a button "中止".
 class WorkBar : public QWidget {
     Q_OBJECT
 
 public:
     using Ended = std::function<void(const WorkEnd&)>;
 
-    /// `caption`: what is being done, for the bar and for a screen reader. `timers` and `handlers` outlive
-    /// it.
+    /// `caption`: a description of the work, for the bar and for screen readers. `timers` and `handlers`
+    /// outlive the bar.
     WorkBar(TimerSource& timers, Handlers& handlers, const QString& caption, QWidget* parent);
 
-    /// Not while it is working. Small work is done when this returns. `ended` is called once, while `work`
-    /// still exists, and may throw RunTimeError; it is not called if the bar is deleted first.
+    /// Not allowed while it is working. Short work is complete on return. `ended` is called once, while
+    /// `work` still exists, and may throw RunTimeError; it is not called if the bar is deleted first.
     void Start(std::unique_ptr<SlicedWork> work, Ended ended);
 
     bool IsWorking() const { return m_work != nullptr; }
 
-    /// Gives the work up as the button does; it may take some more slices to end.
+    /// Cancels the work like the button does; it may need some more slices to end.
     void Stop();
 
 private:
@@ -53,8 +53,8 @@ private:
     std::unique_ptr<Timer> m_appearance;
     QList<QPointer<QWidget>> m_disabled;  // the dialog's controls that were enabled
     QPointer<QWidget> m_focus;            // that had the keyboard focus
-    QProgressBar* m_progress = nullptr;   // owned, as a child
-    QWidget* m_stop = nullptr;            // the same
+    QProgressBar* m_progress = nullptr;   // owned as a child
+    QWidget* m_stop = nullptr;            // owned as a child
 };
 
 }  // namespace tickwell

@@ -3,12 +3,12 @@
 
 namespace tickwell {
 
-/// Told by whoever changes what the main window announces: anniversaries, or the style of the date.
+/// Notified of changes to what the main window announces: anniversaries, or the date style.
 class DayChanges {
 public:
     virtual ~DayChanges() = default;
 
-    /// Today's names and the date text are looked up again with the next tick of the clock.
+    /// Has today's names and the date text looked up again at the clock's next tick.
     virtual void RaiseRefresh() = 0;
 };
 

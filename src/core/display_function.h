@@ -14,13 +14,13 @@ inline constexpr qint32 kFunctionBattery = 4;
 inline constexpr qint32 kFunctionMemory = 5;
 inline constexpr qint32 kFunctionCd = 6;
 
-/// The main window, as the windows that drive it see it.
+/// The main window as seen by the windows that control it.
 class DisplayFunctions {
 public:
     virtual ~DisplayFunctions() = default;
 
-    /// Switches to a function. Any number is stored; one that names no function stops every refresh and
-    /// leaves the lines as they are.
+    /// Switches to a function. Any number is stored; one that names no function stops all updates and leaves
+    /// the lines unchanged.
     virtual void ChangeFunction(qint32 number) = 0;
     virtual qint32 GetFuncNumber() const = 0;
 };

@@ -17,11 +17,11 @@ QString UsageText(qint32 tick, qint32 language, qint32 displayMode, qint32 hourS
 /// added.
 QString ElapsedText(qint32 milliseconds);
 
-/// m:ss. Replaces its argument by the seconds it rounded to: a caller that still needs the milliseconds
-/// passes a copy.
+/// m:ss. Replaces its argument with the rounded number of seconds: pass a copy if the milliseconds are still
+/// needed.
 QString MinSecText(qint32& milliseconds);
 
-/// "05", "-05": at least two digits behind the sign.
+/// "05", "-05": at least two digits after the sign.
 QString TwoDigits(qint32 value);
 
 }  // namespace tickwell

@@ -6,8 +6,8 @@
 
 namespace tickwell {
 
-/// Something a handler cannot go on from: an overflow, a text that is no number, a database that answers with
-/// an error. The handler that meets it is given up and the user is told the reason; the program goes on.
+/// An error that a handler cannot recover from: an overflow, a text that is not a number, a database error.
+/// It ends the handler and the user is told the reason; the program continues.
 class RunTimeError : public std::exception {
 public:
     /// `reason`: one short Japanese sentence for the user, plain text.
@@ -21,13 +21,13 @@ private:
     QByteArray m_utf8;
 };
 
-/// A sum left the range of a signed 32-bit (or 16-bit) integer.
+/// A result is outside the range of a signed 32-bit (or 16-bit) integer.
 class OverflowError : public RunTimeError {
 public:
     OverflowError();
 };
 
-/// A text that should be a number or a flag is none.
+/// A text is not the number or flag that it should be.
 class TypeMismatchError : public RunTimeError {
 public:
     TypeMismatchError();

@@ -6,9 +6,8 @@
 
 namespace tickwell {
 
-/// A command as a desktop entry has it behind "Exec=": words with a blank between them, quoted and escaped
-/// where a desktop would take them for something else. `words`: the program first. What the file itself
-/// escapes (IniDocument) is not escaped here.
+/// The value of the "Exec" key of a desktop entry: words separated by spaces, quoted and escaped where
+/// needed. `words`: the program first. The escaping of the file format itself is left to IniDocument.
 QString ExecLine(const QStringList& words);
 
 }  // namespace tickwell

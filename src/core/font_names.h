@@ -5,7 +5,7 @@
 
 namespace tickwell {
 
-/// The font that lines and report are made for.
+/// The font that the lines and the report are designed for.
 inline const QString kGothicFont = QStringLiteral("ＭＳ Ｐゴシック");
 
 /// The fonts of Japanese desktops that replace it if it is not installed, the closest in its measures first.

@@ -14,16 +14,16 @@
 
 namespace tickwell {
 
-/// How every handler of the program is connected. A RunTimeError ends the handler, is shown in one report
-/// box, and the program goes on. While that box is open further errors are dropped: a box for each would bury
-/// the desktop.
+/// Runs all event handlers of the program. A RunTimeError ends the handler and is reported in a message box;
+/// the program continues. While that box is open further errors are dropped, because a box for each could
+/// cover the whole screen.
 class Handlers {
 public:
     /// `boxes` outlives this object.
     explicit Handlers(MessageBoxes& boxes) : m_boxes(boxes) {}
 
-    /// Runs `handler` here and now under that rule; false when it was given up. `owner`: the window that the
-    /// report box belongs to, or an object in it; null for none.
+    /// Runs `handler` immediately under that rule; false if it failed. `owner`: the window that the report
+    /// box belongs to, or an object in it; null for none.
     bool Run(const std::function<void()>& handler, const QObject* owner = nullptr);
 
     /// Connects a signal of a control. `sender` and `context` are owned by the caller; the report box belongs
@@ -33,17 +33,17 @@ public:
         QObject::connect(sender, signal, context, [this, handler, context] { Run(handler, context); });
     }
 
-    /// A timer at rest, whose handler is switched off before its error is reported.
+    /// A stopped timer, which is stopped again if its handler fails.
     std::unique_ptr<Timer> MakeTimer(TimerSource& source, int milliseconds, std::function<void()> handler);
 
     /// Runs the handler of `timer` under that rule.
     void RunTick(Timer& timer, const std::function<void()>& handler);
 
-    /// Reports an error that no handler has thrown, such as a lost print. It is not dropped while the report
-    /// box is open, but reported after it. `owner` as for Run; it may be destroyed meanwhile.
+    /// Reports an error that no handler has thrown, such as a failed print. If the report box is open, the
+    /// error is queued and reported next. `owner` as for Run; it may be destroyed meanwhile.
     void Tell(const QString& reason, const QObject* owner = nullptr);
 
-    /// Calls `action` now, or, while the report box is open, when it has gone.
+    /// Calls `action` now, or once the report box is closed.
     void WhenQuiet(std::function<void()> action);
 
 private:

@@ -10,17 +10,17 @@
 
 namespace tickwell {
 
-/// A settings file in memory: sections in square brackets, one "key=value" a line, UTF-8. It keeps every byte
-/// that it was not told to change: unknown sections and keys, comments, blank lines, damaged lines, the kind
-/// of line end. Where a key stands twice in a section, the first one counts.
+/// A settings file in memory: sections in square brackets, one "key=value" per line, UTF-8. Everything that
+/// is not changed explicitly stays byte for byte: unknown sections and keys, comments, blank lines, damaged
+/// lines, line endings. If a key occurs twice in a section, the first occurrence counts.
 class IniDocument {
 public:
     explicit IniDocument(const QByteArray& bytes);
 
-    /// The value as stored, undone from its escapes but not yet decoded; nothing where the key is absent.
+    /// The stored value, unescaped but not yet decoded; nothing if the key is absent.
     std::optional<QByteArray> Value(const QString& section, const QString& key) const;
 
-    /// Sets a value in place, or appends key and section where they are missing.
+    /// Sets a value in place, or appends key and section if they are missing.
     void SetValue(const QString& section, const QString& key, const QString& value);
 
     QByteArray Bytes() const { return m_lines.join(); }
@@ -36,12 +36,11 @@ private:
     QByteArray m_lineEnd = "\n";
 };
 
-/// How a value stands behind the "=": backslashes and line breaks escaped, and blanks at either end, so that
-/// a hand may align the file without changing it.
+/// The form of a value after the "=": backslashes, line breaks and leading and trailing spaces are escaped,
+/// so that the file can be aligned by hand without changing values.
 QByteArray EscapedValue(const QString& value);
 
-/// The reverse. A backslash before any other character stands for itself: hand-written paths are taken as
-/// meant.
+/// The reverse. A backslash before any other character stands for itself, for paths written by hand.
 QByteArray UnescapedValue(const QByteArray& stored);
 
 }  // namespace tickwell

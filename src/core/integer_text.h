@@ -5,17 +5,17 @@
 
 namespace tickwell {
 
-/// The integer that a typed or stored text stands for, the same everywhere: blanks around it (also the
-/// full-width one), "+" or "-", ASCII or full-width digits, a fraction rounded half to even. Anything else,
+/// Converts a typed or stored text to an integer, the same everywhere: surrounding whitespace (including the
+/// full-width space), "+" or "-", ASCII or full-width digits, a fraction rounded half to even. Anything else,
 /// the empty text included, throws TypeMismatchError; a value outside the type's range throws OverflowError.
 qint32 IntegerOf(QStringView text);
 qint16 ShortIntegerOf(QStringView text);
 
-/// "True" and "False" in any case, else a number as above, true where it is not zero. Throws
+/// "True" and "False" in any case, else a number as above, true if it is not zero. Throws
 /// TypeMismatchError.
 bool FlagOf(QStringView text);
 
-/// How a flag is written.
+/// The stored form of a flag.
 QString FlagText(bool flag);
 
 }  // namespace tickwell

@@ -9,7 +9,7 @@ namespace tickwell {
 /// Why a file was not read.
 enum class FileProblem {
     None,
-    Absent,      ///< also a symbolic link that leads nowhere
+    Absent,      ///< or a dangling symbolic link
     NotRegular,  ///< a folder, a pipe, a socket or a device, or a link to one
     TooLarge,
     Unreadable,
@@ -21,7 +21,7 @@ struct FileContents {
     QString reason;    ///< the problem in one sentence for the user; empty if there is none
 };
 
-/// Reads the whole of a regular file of at most `most` bytes; follows symbolic links. It never opens a pipe
+/// Reads a whole regular file of at most `most` bytes; follows symbolic links. It never opens a pipe
 /// or a device, which could block, have side effects or never end, and never reads more than `most` + 1
 /// bytes.
 FileContents ReadRegularFile(const QString& path, qint64 most);

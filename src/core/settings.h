@@ -8,7 +8,7 @@ namespace tickwell {
 
 /// The look of one of the two lines. The settings call the upper line A and the lower line B.
 struct LineStyle {
-    QString fontName;     ///< as it was chosen; kept and written back even where the machine has no such font
+    QString fontName;     ///< as chosen; kept and written back even if the font is not installed
     qint16 fontSize = 0;  ///< points
     qint32 color = 0;     ///< red + green * 256 + blue * 65536
     bool bold = false;
@@ -19,12 +19,12 @@ struct LineStyle {
     bool operator==(const LineStyle&) const = default;
 };
 
-/// All settings, filled once at start-up and written back when the main window closes. No value is checked
-/// beyond its type: what a number outside the known ones means is said where it is used.
+/// All settings, loaded once at start-up and stored when the main window closes. No value is checked beyond
+/// its type: the code that uses a number says what unknown values mean.
 struct AppSettings {
     qint32 chimeMode = 0;
     QString chimeSound;
-    qint32 function = 0;  ///< display function shown, and shown again at the next start
+    qint32 function = 0;  ///< the display function, kept for the next start
     qint32 wipeSpeed = 0;
     qint32 wipeKind = 0;
     qint32 backColor = 0;  ///< red + green * 256 + blue * 65536
@@ -34,25 +34,25 @@ struct AppSettings {
     qint32 yearStyle = 0;
     qint32 displayMode = 0;
     qint32 hourStyle = 0;
-    qint32 rollInterval = 0;  ///< accepted when the window loads, used by nothing, never written
+    qint32 rollInterval = 0;  ///< read when the window loads, otherwise unused, never written
 
     bool operator==(const AppSettings&) const = default;
 };
 
-/// The roll: the main window shows one chosen display after the other.
+/// The roll: the main window shows the chosen displays in turn.
 struct RollSettings {
     bool use = false;
     QList<qint32> kinds{0, 1, 4,
-                        5};  ///< the chosen functions; numbers that do not roll are kept, and mean nothing
-    qint32 interval = 10;    ///< seconds; where it is used, 1..3600
+                        5};  ///< the chosen functions; numbers of no such function are kept and ignored
+    qint32 interval = 10;    ///< seconds; clamped to 1..3600 when used
 
     bool operator==(const RollSettings&) const = default;
 };
 
-/// Settings that are stored only once they differ from what stands here.
+/// Settings that are stored only once they differ from these defaults.
 struct FurtherSettings {
     RollSettings roll;
-    bool tellsNoCdDrive = true;  ///< the notice at the start that there is no CD drive
+    bool tellsNoCdDrive = true;  ///< whether a missing CD drive is reported at the start
 
     bool operator==(const FurtherSettings&) const = default;
 };

@@ -7,8 +7,8 @@
 
 namespace tickwell {
 
-/// A stored value that cannot be converted to its field's type; the reason names section, key and value, so
-/// that the user can mend it.
+/// A stored value cannot be converted to its field's type. The reason names section, key and value, so that
+/// the user can correct it.
 class SettingsError : public RunTimeError {
 public:
     SettingsError(const QString& section, const QString& key, const QString& value, const QString& reason);
@@ -24,9 +24,9 @@ void LoadWindowGeometry(const SettingsStore& store, AppSettings& settings, Windo
 /// Reads the sections Roll and Notice. Throws SettingsError.
 void LoadFurtherSettings(const SettingsStore& store, FurtherSettings& settings);
 
-/// Writes all 27 keys, changed or not, then of the further settings those that differ from their default or
-/// stand in the store already, and commits. The roll interval of AppSettings is not written. Throws
-/// RunTimeError when the store cannot be written; it then holds what it held.
+/// Writes all 27 keys, changed or not, then those further settings that differ from their defaults or are in
+/// the store already, and commits. The roll interval of AppSettings is not written. Throws RunTimeError if
+/// the store cannot be written; it is then unchanged.
 void SaveSettings(SettingsStore& store, const AppSettings& settings, const FurtherSettings& further,
                   const WindowGeometry& geometry);
 

@@ -25,8 +25,7 @@ void SleepingTimer::Start() {
     m_timer->Start();
 }
 
-/// A sleep that is about to end is not made longer, so that one who is woken again and again ticks all the
-/// same.
+/// Never extends the current sleep, so frequent Wake() calls cannot starve the timer.
 void SleepingTimer::Wake() {
     if (m_sleep > m_interval) {
         SleepFor(m_interval);

@@ -9,16 +9,16 @@
 
 namespace tickwell {
 
-/// A timer that sleeps through the ticks at which nothing would be due. Its interval is how late a change may
-/// be noticed that nobody told of: the first tick comes after it, and so does one after each Wake.
+/// A timer that skips the ticks at which nothing is due. `interval` bounds how late an unannounced change is
+/// noticed: the first tick, and the one after each Wake(), come after it.
 class SleepingTimer : public Timer {
 public:
-    /// How long it sleeps at most, in ms, whatever it is told: what slipped through is made good then.
+    /// The longest sleep in ms, whatever `untilDue` says: an upper bound for changes that it missed.
     static constexpr int kLongestSleep = 60'000;
 
-    /// At rest. `onTick` is a handler: one that fails switches the timer off. `untilDue` is asked after each
-    /// tick for the milliseconds until the next one; 0 and below stand for the interval. `handlers` and
-    /// `source` outlive it.
+    /// Creates a stopped timer. `onTick` is a handler: if it fails, the timer stops. `untilDue` is called
+    /// after each tick and returns the milliseconds until the next one; 0 or less means the interval.
+    /// `handlers` and `source` outlive the timer.
     SleepingTimer(Handlers& handlers, TimerSource& source, int interval, std::function<void()> onTick,
                   std::function<qint64()> untilDue);
 
@@ -27,10 +27,10 @@ public:
     void Stop() override { m_timer->Stop(); }
     bool IsRunning() const override { return m_timer->IsRunning(); }
 
-    /// Something may be due sooner than was said. Does nothing while it is at rest.
+    /// Something may be due sooner than `untilDue` said. Does nothing while the timer is stopped.
     void Wake();
 
-    /// The same, here and now.
+    /// The same, but ticks immediately.
     void TickNow();
 
 private:
@@ -38,7 +38,7 @@ private:
 
     Handlers& m_handlers;
     int m_interval;
-    int m_sleep;  // ms, of the sleep under way
+    int m_sleep;  // ms, the current sleep
     std::function<void()> m_onTick;
     std::function<qint64()> m_untilDue;
     std::unique_ptr<Timer> m_timer;

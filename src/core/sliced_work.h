@@ -5,7 +5,7 @@
 
 namespace tickwell {
 
-/// Work that is done in slices of some milliseconds, so that the windows answer meanwhile.
+/// Work done in slices of a few milliseconds, so that the user interface stays responsive.
 class SlicedWork {
 public:
     SlicedWork() = default;
@@ -13,21 +13,21 @@ public:
     SlicedWork(const SlicedWork&) = delete;
     SlicedWork& operator=(const SlicedWork&) = delete;
 
-    /// Does the next slice; true once all is done, or the work has been given up. Throws RunTimeError; the
-    /// work is then over.
+    /// Does the next slice; true once the work is complete or cancelled. Throws RunTimeError, which ends the
+    /// work.
     virtual bool Step() = 0;
 
-    /// How far it is, 0 to 1.
+    /// Progress, 0 to 1.
     virtual double Part() const = 0;
 
-    /// Has Step end the work before it is done, as soon as it can.
+    /// Cancels the work: Step ends it as soon as it can.
     void GiveUp() { m_isGivenUp = true; }
 
-    /// Whether it was ended so. What was stored meanwhile has been taken back.
+    /// Whether it was cancelled. Whatever it had stored was rolled back.
     bool IsGivenUp() const { return m_isGivenUp; }
 
 protected:
-    /// It was asked for too late.
+    /// The cancellation came too late.
     void IsDoneAllTheSame() { m_isGivenUp = false; }
 
 private:

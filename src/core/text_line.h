@@ -10,7 +10,7 @@ class TextLine {
 public:
     virtual ~TextLine() = default;
 
-    /// Brings the text in with the current wipe. Text() returns it from now on, while the wipe still runs.
+    /// Shows the text with the current wipe. Text() returns it at once, while the wipe is still running.
     virtual void ShowText(const QString& text) = 0;
 
     /// Replaces the text at once; a running wipe ends.

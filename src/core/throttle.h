@@ -10,8 +10,8 @@
 
 namespace tickwell {
 
-/// Runs an action as often as it is asked for, but never twice within an interval: asked after a pause it
-/// runs at once and needs no timer, asked too early it runs when the interval is over.
+/// Runs an action at most once per interval. A request after a longer pause runs it at once, without a timer;
+/// an earlier one runs it at the end of the interval.
 class Throttle {
 public:
     /// Clock and source outlive this object. `interval`: ms, above 0.
@@ -26,7 +26,7 @@ private:
     int m_interval;
     std::function<void()> m_action;
     std::optional<qint32> m_ranAt;   // tick
-    std::unique_ptr<Timer> m_timer;  // runs while a request waits
+    std::unique_ptr<Timer> m_timer;  // runs while a request is pending
 };
 
 }  // namespace tickwell

@@ -16,7 +16,7 @@ QString BranchHour(int hour, int minute);
 /// "寅年" for 1998: the animal of a western year.
 QString YearAnimal(int year);
 
-/// Names of month 1..12 and of weekday 1 (Sunday)..7; an index outside gives an empty text.
+/// Names of month 1..12 and of weekday 1 (Sunday)..7; empty for any other index.
 QString TraditionalMonth(int month);
 QString EnglishMonth(int month);
 QString EnglishWeekday(int weekday);

@@ -10,8 +10,8 @@ struct Anniversary {
     QString name;
     qint32 year = 0;   ///< 0: every year
     qint32 month = 0;  ///< 0: every month
-    qint32 day = 0;    ///< 0 where the week says it
-    qint32 week = 0;   ///< 10 * which of its weekday in the month + weekday; 0 where the day says it
+    qint32 day = 0;    ///< 0 if it is defined by the week
+    qint32 week = 0;   ///< WeekCode: 10 * week of the month + weekday; 0 if it is defined by the day
 
     bool operator==(const Anniversary&) const = default;
 };

@@ -12,8 +12,8 @@ namespace tickwell {
 namespace {
 
 constexpr std::array kSizes{16, 24, 32, 48, 64};  // pixels
-constexpr int kCorners = 10;                      // five tips, and five notches between them
-constexpr double kNotch = 0.45;                   // of the tips' distance from the middle
+constexpr int kCorners = 10;                      // five tips and the five notches between them
+constexpr double kNotch = 0.45;                   // distance from the centre, relative to the tips
 
 QPolygonF Star(double size) {
     QPolygonF corners;

@@ -5,7 +5,7 @@
 
 namespace tickwell {
 
-/// The small picture before each anniversary of the calendar's list, "Kinen": a star.
+/// The icon of each anniversary in the calendar's list, "Kinen": a star.
 QIcon AnniversaryIcon();
 
 }  // namespace tickwell

@@ -8,17 +8,17 @@
 
 namespace tickwell {
 
-/// The week code that the main window's daily check looks for: 10 * weekday + week of the month, the digits
-/// of WeekCode exchanged. So an anniversary of the Monday of week 3, code 32, is announced on the Tuesday of
-/// week 2, and one whose weekday is a Friday or a Saturday never is; where both digits are equal it is
-/// announced on its own day. Kept so on purpose: users have got used to it.
+/// The week code that the main window's daily check uses: 10 * weekday + week of the month, that is, WeekCode
+/// with its digits swapped. So an anniversary of the third Monday, code 32, is announced on the second
+/// Tuesday, and one on a Friday or Saturday is never announced; one whose two digits are equal is announced
+/// on its own day. Intentional: users are accustomed to it.
 int AnnouncedWeekCode(QDate day);
 
-/// A day has time to show 8640 names, for ten seconds each; those after them are not even read.
+/// A day has time to show 8640 names, for ten seconds each; names beyond this number are not even read.
 inline constexpr int kMostAnnounced = 10'000;
 
-/// The names that the main window announces on `day`: of its anniversaries, then of its national holidays,
-/// each in the order in which they were stored, and of each kind the first kMostAnnounced. Throws SqlError.
+/// The names that the main window announces on `day`: those of its anniversaries, then those of its national
+/// holidays, each in the order of insertion and each limited to kMostAnnounced. Throws SqlError.
 QStringList AnnouncedNames(DayDatabase& database, QDate day);
 
 }  // namespace tickwell

@@ -3,7 +3,7 @@
 
 namespace tickwell {
 
-/// The calendar's window is as wide as its month, or as the month and the list beside it; pixels.
+/// The width of the calendar window without and with the list beside the month, in pixels.
 struct CalendarWidths {
     int closed = 0;
     int open = 0;
@@ -11,8 +11,8 @@ struct CalendarWidths {
     bool operator==(const CalendarWidths&) const = default;
 };
 
-/// 2715 and 8805 twips at `dpi` pixels an inch. Where the font asks for more, `closedNeed` or `openNeed`,
-/// both grow by the same factor.
+/// 2715 and 8805 twips at `dpi` pixels per inch. If the font needs more, namely `closedNeed` or `openNeed`,
+/// both widths are scaled by the same factor.
 CalendarWidths CalendarWidthsFor(int closedNeed, int openNeed, int dpi);
 
 }  // namespace tickwell

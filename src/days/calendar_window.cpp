@@ -12,7 +12,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kPause = 1;  // ms between two slices of a listing, for events
+constexpr int kPause = 1;  // ms between two slices of a listing, to process events
 
 }  // namespace
 
@@ -40,7 +40,7 @@ Form5::~Form5() {
     m_parts.list.WhenChanged(nullptr);
 }
 
-/// A click does nothing while a box of the calendar's is open. What came of it is shown, after an error too.
+/// A click is ignored while a message box of the calendar is open. The result is shown even after an error.
 void Form5::Tie(QAbstractButton* button, std::function<void()> handler) {
     m_parts.handlers.Connect(button, &QAbstractButton::clicked, this, [this, handler = std::move(handler)] {
         const auto shown = qScopeGuard([this] { ShowAll(); });
@@ -84,7 +84,7 @@ void Form5::Form_Load() {
     m_Check1->FocusDay(m_calendar.SelectedDate().day());
 }
 
-/// The marks are stored when the mode is left, and not again when its button is clicked once more.
+/// The marks are stored when the mode is left, but not again if its button is clicked once more.
 void Form5::Option1_Click(int index) {
     const auto mode = static_cast<CalendarMode>(index);
     if (mode != m_calendar.Mode()) {
@@ -142,7 +142,8 @@ void Form5::GoOnListing() {
     }
 }
 
-/// The panel widens the window where it stands: near the right edge it moves back onto the screen.
+/// Opening the panel widens the window; if that exceeds the right edge of the screen, the window is moved
+/// left.
 void Form5::resizeEvent(QResizeEvent* event) {
     QDialog::resizeEvent(event);
     const QRect room = screen()->availableGeometry();

@@ -14,7 +14,7 @@
 
 namespace tickwell {
 
-/// The calendar's window: the month, the ways to other months, the marking modes, and beside it the list of
+/// The calendar window: the month, the buttons for other months, the marking modes, and beside it the list of
 /// the selected day's anniversaries.
 class Form5 : public QDialog {
     Q_OBJECT
@@ -24,7 +24,7 @@ public:
     ~Form5() override;
     Q_DISABLE_COPY_MOVE(Form5)
 
-    /// Makes it as it always begins: this month, today selected, no list, nothing being marked. Asks the
+    /// Resets the window to its initial state: this month, today selected, no list, mode Normal. Queries the
     /// database and writes nothing. Throws RunTimeError; the window must then not be shown.
     void Form_Load();
 
@@ -69,10 +69,10 @@ private:
 
     CalendarWindowParts m_parts;
     MonthCalendar m_calendar;
-    std::unique_ptr<Timer> m_listing;   // runs while the list of a day is still being made
-    QList<QWidget*> m_offWhileMarking;  // those that are there to be used at all; all controls are children
+    std::unique_ptr<Timer> m_listing;   // runs while the list of a day is incomplete
+    QList<QWidget*> m_offWhileMarking;  // the enabled ones of kOffWhileMarking; all controls are children
     QWidget* m_month = nullptr;
-    QWidget* m_panel = nullptr;  // beside it
+    QWidget* m_panel = nullptr;  // beside the month
     QLabel* m_Label1 = nullptr;
     QLabel* m_Label2 = nullptr;
     QLabel* m_Label3 = nullptr;

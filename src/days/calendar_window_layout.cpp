@@ -18,7 +18,7 @@ namespace {
 constexpr std::array<QStringView, 3> kModeCaptions{u"通常表示", u"休日設定", u"半日設定"};
 constexpr std::array<QStringView, 4> kColumnSamples{u"2100", u"12", u"31", u"第5週日"};
 
-/// Narrow enough for its caption, and never pressed by Enter from elsewhere.
+/// Makes a button narrow enough for its caption that Enter in other controls does not press.
 QPushButton* MakeButton(const QString& caption, const QString& name, const QString& spoken = {}) {
     auto* button = Named(new QPushButton(caption), name, spoken);
     button->setAutoDefault(false);
@@ -28,7 +28,7 @@ QPushButton* MakeButton(const QString& caption, const QString& name, const QStri
     return button;
 }
 
-/// An arrow goes on while it is held.
+/// Makes a button that repeats while it is held down.
 QPushButton* MakeArrow(const QString& caption, const QString& name, const QString& spoken) {
     QPushButton* arrow = MakeButton(caption, name, spoken);
     arrow->setAutoRepeat(true);
@@ -56,7 +56,7 @@ void Form5::LayOut() {
     Fit();
 }
 
-/// Top to bottom, the month before the list.
+/// From top to bottom, the month before the list.
 void Form5::OrderTabs() {
     QList<QWidget*> order{m_Command4, m_Command1, m_Command3, m_Command2, m_Command5};
     for (int cell = kFirstDayCell; cell < kGridCells; ++cell) {
@@ -134,7 +134,7 @@ QWidget* Form5::MakeList() {
     m_ListView1 = Named(new RowTable, u"ListView1"_s, u"記念日の一覧"_s);
     m_rows = new DayListModel(AnniversaryIcon(), DayListModel::Columns::All, m_ListView1);
     m_ListView1->setModel(m_rows);
-    m_ListView1->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Ignored);  // as high as the month
+    m_ListView1->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Ignored);  // takes the height of the month
     QHeaderView* header = m_ListView1->horizontalHeader();
     header->setStretchLastSection(false);
     header->setSectionsMovable(false);
@@ -142,7 +142,7 @@ QWidget* Form5::MakeList() {
     return m_ListView1;
 }
 
-/// One height for all buttons: the style makes them as high as the characters of their captions happen to be.
+/// Gives all buttons the same height: styles derive it from the characters in each caption.
 void Form5::FitHeights() {
     QList<QPushButton*> buttons = findChildren<QPushButton*>();
     buttons.removeIf(
@@ -156,7 +156,7 @@ void Form5::FitHeights() {
     }
 }
 
-/// The columns beside the name are as wide as what they mostly hold.
+/// Sizes the columns other than the name for their typical contents.
 void Form5::FitColumns() {
     m_ListView1->FitRows();
     const QFontMetrics metrics = m_ListView1->fontMetrics();
@@ -167,7 +167,7 @@ void Form5::FitColumns() {
     }
 }
 
-/// The longest texts decide whether the font needs more than the window is meant to have.
+/// Derives the window's widths from the longest texts in the current font.
 void Form5::Fit() {
     FitHeights();
     FitColumns();

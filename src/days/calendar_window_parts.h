@@ -14,25 +14,25 @@
 
 namespace tickwell {
 
-/// How the calendar opens the windows of the anniversary book, above itself; it does not react until they are
-/// closed. Where one is empty its buttons are disabled.
+/// How the calendar opens the windows of the anniversary book, above itself; it is blocked until they are
+/// closed. The buttons of an empty function are disabled.
 struct BookWindows {
     using Closed = std::function<void()>;
 
-    /// For the row that the list has chosen, or for a new one on `date`. `closed` is called when the window
-    /// has closed, at once when none was opened; it runs under Handlers, and not any more when `calendar` is
-    /// gone.
+    /// Edits the row that the list has chosen, or adds one on `date`. `closed` is called when the window has
+    /// been closed, or at once if none was opened; it runs under Handlers, and not after `calendar` was
+    /// destroyed.
     std::function<void(QDate date, QWidget* calendar, Closed closed)> edit;
     std::function<void(QWidget* calendar, Closed closed)> remove;
 
-    /// What it finds is put into the list.
+    /// Puts its results into the list.
     std::function<void(QWidget* calendar)> search;
 };
 
-/// What the calendar's window works with; all outlive it.
+/// What the calendar window uses; all outlive it.
 struct CalendarWindowParts {
-    const std::unique_ptr<DayDatabase>& dayDatabase;  ///< null while it is closed
-    DayList& list;                                    ///< shown by this window alone
+    const std::unique_ptr<DayDatabase>& dayDatabase;  ///< null while a compaction replaces its file
+    DayList& list;                                    ///< only this window shows it
     const Clock& clock;
     MessageBoxes& boxes;
     Handlers& handlers;

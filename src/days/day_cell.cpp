@@ -15,9 +15,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr double kRing = 1.5;  // pixels; around a pressed day
+constexpr double kRing = 1.5;  // pixels; width of the ring around a pressed day
 
-/// The toolkit would take a name that looks like markup for markup.
+/// Qt would interpret a name that looks like markup as rich text.
 QString ToolTipOf(const QString& name) {
     return Qt::mightBeRichText(name) ? Qt::convertFromPlainText(name) : name;
 }
@@ -45,15 +45,14 @@ void DayCell::Show(const MonthCell& cell, const QString& spokenName) {
     }
 }
 
-/// Narrower than the style's buttons are: seven of them stand side by side.
+/// Narrower than the style's buttons, because seven of them are in a row.
 QSize DayCell::sizeHint() const {
     const QFontMetrics metrics = fontMetrics();
     const int margin = metrics.height() / 3;
     return {metrics.horizontalAdvance(u"30"_s) + 2 * margin, metrics.height() + margin};
 }
 
-/// The number alone is drawn with colours of its own: styles keep a picture of each button, and know it by
-/// its palette.
+/// Draws only the number with a palette of its own: styles cache an image of each button by its palette.
 void DayCell::paintEvent(QPaintEvent* /*event*/) {
     QStyleOptionButton option;
     initStyleOption(&option);
@@ -64,14 +63,14 @@ void DayCell::paintEvent(QPaintEvent* /*event*/) {
     option.rect = style()->subElementRect(QStyle::SE_PushButtonContents, &option, this);
     option.palette.setColor(QPalette::ButtonText, ShadeOf(m_color, palette()));
     painter.drawControl(QStyle::CE_PushButtonLabel, option);
-    if (isChecked()) {  // some styles hardly show it, on dark palettes least of all
+    if (isChecked()) {  // some styles hardly show it, above all on dark palettes
         painter.setRenderHint(QPainter::Antialiasing);
         painter.setPen(QPen(palette().color(QPalette::Highlight), kRing));
         painter.drawRoundedRect(QRectF(rect()).adjusted(kRing, kRing, -kRing, -kRing), kRing, kRing);
     }
 }
 
-/// The arrows belong to the grid.
+/// Leaves the arrow keys to the grid.
 void DayCell::keyPressEvent(QKeyEvent* event) {
     switch (event->key()) {
         case Qt::Key_Left:

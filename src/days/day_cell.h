@@ -7,8 +7,8 @@
 
 namespace tickwell {
 
-/// A day of the calendar: a button that stays pressed. It shows what it is given; what a click does to it is
-/// shown with the next Show.
+/// A day of the calendar: a button that can stay pressed. It shows its MonthCell; a click changes nothing
+/// until the next Show.
 class DayCell : public QPushButton {
     Q_OBJECT
 

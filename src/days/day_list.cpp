@@ -28,7 +28,7 @@ void DayList::ListDay(DayDatabaseAccess database, QDate date, bool isPanelOpen) 
     Show({});
     Listing listing{std::move(database), date, RowSearch(DayQuery(date)), {}};
     listing.mark = listing.database().Mark();
-    const bool isDone = listing.search.Step(listing.database());  // fails even when unseen
+    const bool isDone = listing.search.Step(listing.database());  // also reports errors if closed
     if (!isPanelOpen) {
         return;
     }

@@ -11,54 +11,56 @@
 
 namespace tickwell {
 
-/// The list in the calendar's side panel, without a window: its rows, the two captions above it, and which
-/// row the editor is to work on. The calendar owns it and lists the selected day in it; the search puts its
-/// finds into it; editor and deletion read from it.
+/// The list in the calendar's side panel, without a window: its rows, the two captions above it, and the row
+/// that the editor works on. The calendar owns it and lists the selected day in it; the search puts its
+/// results into it; editor and deletion read from it.
 class DayList {
 public:
     const ListedRows& Rows() const { return m_rows; }
 
-    /// Caption Label2: whose anniversaries these are.
+    /// Caption Label2: what is listed.
     const QString& Heading() const { return m_heading; }
 
-    /// Caption Label3: how many they are.
+    /// Caption Label3: the number of rows.
     const QString& CountText() const { return m_countText; }
 
-    /// Called after each change of rows or captions; one at most. In a window the selection is then gone.
+    /// Called after each change of rows or captions; there is one listener. The selection in a window is then
+    /// lost.
     void WhenChanged(std::function<void()> changed) { m_changed = std::move(changed); }
 
-    /// Lists the anniversaries that fall on `date`. With the panel closed the rows are taken away, and the
-    /// captions stay. In a large database the list may still be empty afterwards: see IsListing. Throws
-    /// RunTimeError; the rows are then gone as well.
+    /// Lists the anniversaries that fall on `date`. If the panel is closed, the rows are removed and the
+    /// captions are kept. With a large database the list may still be empty on return: see IsListing. Throws
+    /// RunTimeError; the rows are then removed as well.
     void ListDay(DayDatabaseAccess database, QDate date, bool isPanelOpen);
 
-    /// The rows of the day are still being looked for: GoOn is to be called until they are there. Whatever
-    /// else is listed ends it.
+    /// The rows of the day are still being searched: GoOn must be called until this is false. Listing
+    /// anything else cancels the search.
     bool IsListing() const { return m_listing.has_value(); }
 
-    /// Looks for them for some milliseconds. Throws RunTimeError; the listing is then over.
+    /// Searches for some milliseconds. Throws RunTimeError, which ends the listing.
     void GoOn();
 
-    /// Shows what a search found among `searched` entries.
+    /// Shows the results of a search in `searched` entries.
     void ListFound(ListedRows rows, int searched);
 
-    /// The row to edit, counted from 1; 0 means that a new one is to be added. It is kept from one editing to
-    /// the next until another calendar window opens, whatever is listed in between, and can therefore be
-    /// larger than the list is long.
+    /// The row to edit, counted from 1; 0 means that a new one is added. The number is kept until the next
+    /// calendar window opens, regardless of what is listed meanwhile, and can therefore exceed the length of
+    /// the list.
     int SelectedRow() const { return m_selectedRow; }
 
-    /// "編集": `index`, counted from 0, is the row selected in the window. Without one the number stays, so
-    /// that the first editing without a selection adds.
+    /// "編集": `index`, counted from 0, is the row selected in the window. Without one the number is kept, so
+    /// that the first edit without a selection adds a row.
     void ChooseRow(std::optional<int> index);
 
     /// "追加".
     void ChooseNewRow() { m_selectedRow = 0; }
 
-    /// The chosen row; nothing when one is to be added. Throws RunTimeError when the list has become shorter.
+    /// The chosen row; nothing if a new one is added. Throws RunTimeError if the row no longer exists in the
+    /// list.
     std::optional<DayListRow> ChosenRow() const;
 
 private:
-    /// The look-up of a day that takes more than one slice.
+    /// The search for a day's rows that takes more than one slice.
     struct Listing {
         DayDatabaseAccess database;
         QDate date;

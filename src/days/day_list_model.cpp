@@ -20,8 +20,8 @@ struct Column {
     QString DayListRow::*text = nullptr;
 };
 
-constexpr int kMostRead = 500;      // rows kept, several screens
-constexpr int kMostMatched = 2000;  // rows looked at for what a user types
+constexpr int kMostRead = 500;      // cached rows, several screens
+constexpr int kMostMatched = 2000;  // rows checked for a name that the user types
 
 constexpr std::array kColumns{
     Column{u"記念日", &DayListRow::name}, Column{u"年", &DayListRow::year}, Column{u"月", &DayListRow::month},
@@ -69,8 +69,8 @@ QVariant DayListModel::data(const QModelIndex& index, int role) const {
     return {};
 }
 
-/// A row that cannot be read, because another program changed it or the database is closed for a moment, says
-/// so in its place.
+/// A row that cannot be read, because another program changed it or the database is temporarily closed, shows
+/// a text that says so.
 const DayListRow& DayListModel::RowAt(int row) const {
     if (const DayListRow* read = m_read.object(row)) {
         return *read;

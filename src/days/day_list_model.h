@@ -9,17 +9,17 @@
 
 namespace tickwell {
 
-/// Rows of the day list for a view. Only rows that the view asks for are read, and the last of them kept.
+/// The model of the day list. Reads only the rows that the view requests, and caches the last ones.
 class DayListModel : public QAbstractTableModel {
     Q_OBJECT
 
 public:
     enum class Columns { All, Name };
 
-    /// `icon`: the small picture before each name, QIcon or QPixmap.
+    /// `icon`: shown before each name; a QIcon or QPixmap.
     DayListModel(QVariant icon, Columns columns, QObject* parent);
 
-    /// Shows other rows; a view's selection is gone.
+    /// Replaces the rows; a view's selection is lost.
     void SetRows(const ListedRows& rows);
 
     int rowCount(const QModelIndex& parent = {}) const override;
@@ -27,7 +27,7 @@ public:
     QVariant data(const QModelIndex& index, int role) const override;
     QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
 
-    /// Looks at a limited number of rows: what a user types to go to a name must not read a whole large list.
+    /// Checks a limited number of rows: a name typed by the user must not read all rows of a large list.
     QModelIndexList match(const QModelIndex& start, int role, const QVariant& value, int hits,
                           Qt::MatchFlags flags) const override;
 

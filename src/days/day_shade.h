@@ -8,8 +8,8 @@
 
 namespace tickwell {
 
-/// What a day's number is drawn in on buttons of this palette: the colour itself on a light one, a paler
-/// shade on a dark one, where red and blue could not be read. Black is the palette's own colour of text.
+/// The colour of a day's number on buttons of this palette: the colour itself on a light palette, a paler
+/// shade on a dark one, where red and blue are illegible. Black is the palette's text colour.
 QColor ShadeOf(DayColor color, const QPalette& palette);
 
 }  // namespace tickwell

@@ -10,33 +10,33 @@
 
 namespace tickwell {
 
-/// The open day database. Throws RunTimeError while it is closed.
+/// Returns the open day database. Throws RunTimeError while it is closed.
 using DayDatabaseAccess = std::function<DayDatabase&()>;
 
-/// Rows of Kinenbi that are shown in the same form.
+/// Rows of Kinenbi that are displayed in the same form.
 struct ListedPart {
     FoundRows rows;
     RowForm form = RowForm::OfDay;
 };
 
-/// The rows of the day list. A few are kept as they were found; of many only the keys are, and each row is
-/// read when it is needed. Copies share their memory.
+/// The rows of the day list. A short list keeps its rows; of a long one only the keys are kept, and each row
+/// is read when it is needed. Copies share their memory.
 class ListedRows {
 public:
     ListedRows() = default;
-    // Not explicit: a list is rows.
+    // Not explicit: a list of rows converts to ListedRows.
     ListedRows(QList<DayListRow> rows) : m_count(static_cast<int>(rows.size())), m_kept(std::move(rows)) {}
 
-    /// The parts one after another. Reads the rows if they are few. Throws RunTimeError.
+    /// The parts in order. Reads the rows if they are few. Throws RunTimeError.
     ListedRows(DayDatabaseAccess database, QList<ListedPart> parts);
 
     int Count() const { return m_count; }
 
-    /// `row`: 0 to Count() - 1. Nothing if the row was changed or deleted since, by another program. Throws
+    /// `row`: 0 to Count() - 1. Nothing if another program changed or deleted the row since. Throws
     /// RunTimeError.
     std::optional<DayListRow> Read(int row) const;
 
-    /// All of them if they are few, else none.
+    /// All rows if they are few, else none.
     const QList<DayListRow>& Kept() const { return m_kept; }
 
 private:

@@ -16,11 +16,11 @@ namespace {
 constexpr int kFirstYear = 1926;
 constexpr int kLastYear = 2100;
 
-// The years that a date may have when it is made of a text.
+// The valid years of a date converted from text.
 constexpr int kFirstTextYear = 100;
 constexpr int kLastTextYear = 9999;
 
-/// Beyond the last month the arrows go on while the days stay, so that the two may not meet.
+/// Beyond the last month the arrows still change the month but not the days, so the two may not form a date.
 QDate DateOf(QDate month, const QString& caption) {
     const QDate date(month.year(), month.month(), IntegerOf(caption));
     if (!date.isValid() || date.year() < kFirstTextYear || date.year() > kLastTextYear) {
@@ -56,7 +56,8 @@ void MonthCalendar::BuildMonth(int year, int month) {
         return;
     }
     const MonthShape shape = ShapeOf(QDate(year, month, 1));
-    // Asked for first: when the database fails, the grid stays as it was, and fits the month it is stored as.
+    // Read first: if the database fails, the grid is unchanged and still matches the month that its marks are
+    // stored for.
     const MonthRows rows = ReadMonth(Opened(m_parts.dayDatabase), shape);
     m_isReady = false;
     FillGrid(m_grid, shape, rows, m_parts.clock.Now().date());
@@ -115,7 +116,7 @@ void MonthCalendar::ChooseMode(CalendarMode mode) {
     }
 }
 
-/// The cells that have the mode's colour; without a marking mode none.
+/// Presses the cells that have the mode's colour; none in mode Normal.
 void MonthCalendar::PressMarkedCells() {
     for (int cell = kFirstDayCell; cell < kGridCells; ++cell) {
         MonthCell& each = m_grid.At(cell);
@@ -142,7 +143,7 @@ void MonthCalendar::DeleteMarks() {
         }
         *stillThere = false;
         if (answer == MessageAnswer::Cancel && !m_parts.dayDatabase) {
-            return;  // nothing is to be deleted; the program may be ending, which cancels open boxes
+            return;  // nothing to delete; the program may be closing, which cancels open boxes
         }
         m_parts.handlers.Run([this, answer, month] { DeleteAnswered(answer, month); }, m_parts.window);
         m_whenAnswered();

@@ -14,58 +14,58 @@ namespace tickwell {
 
 inline constexpr int kMonthsInYear = 12;
 
-/// What the calendar works with; all outlive it.
+/// What the calendar uses; all outlive it.
 struct MonthCalendarParts {
-    const std::unique_ptr<DayDatabase>& dayDatabase;  ///< null while it is closed
+    const std::unique_ptr<DayDatabase>& dayDatabase;  ///< null while a compaction replaces its file
     DayList& list;
     const Clock& clock;
     MessageBoxes& boxes;
     Handlers& handlers;
-    const QObject* window = nullptr;  ///< that its boxes belong to
+    const QObject* window = nullptr;  ///< the owner of its message boxes
 };
 
-/// The calendar without its window: which month is shown, which day is selected, what a click does, and what
-/// is stored. Its functions throw RunTimeError; then no mark was stored or lost.
+/// The calendar without its window: the month shown, the selected day, the effect of clicks, and what is
+/// stored. Its functions throw RunTimeError; then no mark was stored or lost.
 class MonthCalendar {
 public:
     explicit MonthCalendar(const MonthCalendarParts& parts) : m_parts(parts) {}
 
-    /// Called once an answer has been dealt with, which comes when no handler waits for it; one at most.
+    /// Called after an answer has been handled, which arrives outside of any handler; there is one listener.
     void WhenAnswered(std::function<void()> answered) { m_whenAnswered = std::move(answered); }
 
-    /// As it is when the window opens: this month, today selected, panel closed, mode Normal, no row of the
-    /// list chosen. Asks the database and writes nothing.
+    /// Sets the initial state: this month, today selected, panel closed, mode Normal, no row of the list
+    /// chosen. Queries the database and writes nothing.
     void Load();
 
     const MonthGrid& Grid() const { return m_grid; }
     CalendarMode Mode() const { return m_mode; }
     QDate SelectedDate() const { return m_selected; }
 
-    /// The month that the arrows have come to: beyond the first and the last year it is not that of the grid.
+    /// The month reached with the arrows: outside the supported years it differs from that of the grid.
     QDate ShownMonth() const { return m_shown; }
 
     bool IsPanelOpen() const { return m_isPanelOpen; }
 
-    /// Clicks on days are handled. Not before the first month, nor while one is being handled.
+    /// Whether clicks on days are handled: not before the first month, nor while a click is being handled.
     bool IsReady() const { return m_isReady; }
 
-    /// A message or a question of the calendar's is open, and nothing else is to be done meanwhile.
+    /// Whether a message or question of the calendar is open; nothing else may be done meanwhile.
     bool IsWaiting() const { return *m_isWaiting; }
 
-    /// Shows a month of the years 1926 to 2100; for another one says so, and shows what it showed.
+    /// Shows a month of the years 1926 to 2100; for other years reports the limit and keeps the grid.
     void BuildMonth(int year, int month);
 
-    /// `cell`: 0 to 48; nothing happens with the names of the weekdays.
+    /// `cell`: 0 to 48; the names of the weekdays are ignored.
     void ClickCell(int cell);
 
-    /// Goes on by so many months, from one month's last days to the next one's last, or to today.
+    /// GoBy moves by that many months, to the last day if the month has no such day; GoToToday selects today.
     void GoBy(int months);
     void GoToToday();
 
-    /// Choosing Normal stores the marks of the shown month, all or none of them.
+    /// Choosing Normal stores the marks of the shown month, all of them or none.
     void ChooseMode(CalendarMode mode);
 
-    /// Asks which marks to take away, and takes them.
+    /// Asks which marks to delete, and deletes them.
     void DeleteMarks();
 
     void TogglePanel();
@@ -87,14 +87,14 @@ private:
     bool m_isPanelOpen = false;
     bool m_isReady = false;
     std::shared_ptr<bool> m_isWaiting =
-        std::make_shared<bool>(false);  // boxes hold it weakly: they may outlive us
+        std::make_shared<bool>(false);  // boxes hold it weakly: they may outlive this object
     std::function<void()> m_whenAnswered = [] {};
 };
 
-/// The panel's button says what it does next.
+/// The caption of the panel's button: what the next click does.
 QString PanelCaption(bool isPanelOpen);
 
-/// What cannot be used while days are marked: one comes back to Normal first.
+/// The controls that are disabled while days are marked, until the mode is Normal again.
 inline constexpr std::array kOffWhileMarking{
     QStringView(u"Command1"),  QStringView(u"Command2"),    QStringView(u"Command3"),
     QStringView(u"Command4"),  QStringView(u"Command5"),    QStringView(u"Command6"),

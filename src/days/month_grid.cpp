@@ -30,13 +30,13 @@ DayColor ColorOfColumn(int cell) {
     return IsSaturdayCell(cell) ? DayColor::Blue : DayColor::Black;
 }
 
-/// One row after the other: where a substitute and another holiday meet, the row that comes last names the
-/// day.
+/// Processes the rows in order: if a day is both a substitute and another holiday, the last row determines
+/// its name.
 void PutHolidays(MonthGrid& grid, const MonthShape& month, const QList<NamedDay>& holidays) {
     for (const NamedDay& holiday : holidays) {
         const qint64 wanted = static_cast<qint64>(holiday.day) + month.CellOf(0);
         if (wanted < kFirstDayCell || wanted >= kGridCells) {
-            continue;  // no day of any month
+            continue;  // not a day of any month
         }
         const int cell = static_cast<int>(wanted);
         if (IsSundayCell(cell)) {

@@ -9,8 +9,8 @@
 
 namespace tickwell {
 
-/// Colour of a day's number, red + green * 256 + blue * 65536. It alone carries what the user marks:
-/// half-days and Saturdays are told apart by nothing else than their column.
+/// Colour of a day's number, red + green * 256 + blue * 65536. Marks exist in the grid only as colours: a
+/// half-day and a Saturday differ only in their columns.
 enum class DayColor : qint32 { Black = 0, Red = 0xFF, Blue = 0xFF0000 };
 
 inline constexpr int kGridColumns = 7;   // Sunday to Saturday
@@ -21,15 +21,15 @@ inline constexpr int kGridCells = 49;
 struct MonthCell {
     QString caption;
     DayColor color = DayColor::Black;
-    QString toolTip;  ///< a national holiday's name, or that of its substitute
+    QString toolTip;  ///< the name of a national holiday or of its substitute
     bool isVisible = true;
     bool isPressed = false;
 
     bool operator==(const MonthCell&) const = default;
 };
 
-/// The calendar's grid: seven columns and seven rows, and the heading above them. Cells outside the month
-/// keep colour and tool tip while they are hidden.
+/// The calendar's grid of seven columns and seven rows, and the heading above it. Cells outside the month are
+/// hidden but keep their colour and tool tip.
 struct MonthGrid {
     MonthGrid();
 
@@ -39,7 +39,7 @@ struct MonthGrid {
     bool operator==(const MonthGrid&) const = default;
 
     QString heading;
-    QDate first;  ///< of the month that stands here; null before there is one
+    QDate first;  ///< of the month in the grid; null before there is one
     std::array<MonthCell, kGridCells> cells;
 };
 
@@ -53,16 +53,16 @@ constexpr bool IsSaturdayCell(int cell) {
     return (cell + 1) % kGridColumns == 0;
 }
 
-/// "1998年（平成10年）10月". The whole of 1989 is 平成元年; 1926 is 昭和1年, and 平成 never ends.
+/// "1998年（平成10年）10月". All of 1989 is 平成元年; 1926 is 昭和1年, and 平成 never ends.
 QString MonthHeading(int year, int month);
 
-/// Puts a month into the grid: colours of the columns, national holidays in the order of their rows, then
-/// what the user marked. The day after a national holiday on a Sunday is its substitute, whatever it is
-/// itself; marks have none. Today's cell comes out pressed, and no other.
+/// Fills the grid with a month: the colours of the columns, the national holidays in the order of their rows,
+/// then the user's marks. The day after a national holiday on a Sunday is its substitute, whatever that day
+/// is; marks have no substitute. Only today's cell is pressed.
 void FillGrid(MonthGrid& grid, const MonthShape& month, const MonthRows& rows, QDate today);
 
-/// What a screen reader says of a day's cell: date, weekday, national holiday, and the mark that its colour
-/// stands for.
+/// What a screen reader says for a day's cell: date, weekday, national holiday, and the mark that its colour
+/// means.
 QString SpokenName(const MonthGrid& grid, int cell);
 
 }  // namespace tickwell

@@ -11,7 +11,7 @@
 
 namespace tickwell {
 
-/// Where the days of a month stand in the calendar's grid.
+/// The position of a month's days in the calendar's grid.
 struct MonthShape {
     QDate first;
     QDate last;
@@ -19,26 +19,26 @@ struct MonthShape {
 
     int Days() const { return last.day(); }
 
-    /// The cell of a day 1 to 31: the first week is row 1.
+    /// The cell of day 1 to 31: the first week is row 1.
     int CellOf(int day) const { return day + firstWeekday + 5; }
 };
 
-/// The month that `date` lies in.
+/// The month that contains `date`.
 MonthShape ShapeOf(QDate date);
 
-/// A row of the national holidays. The day is what someone stored, and may be none of the month.
+/// A row of the national holidays. The day is as stored, and may not exist in the month.
 struct NamedDay {
     qint32 day = 0;
     QString name;
 };
 
-/// What the day database says of a month, in stored order.
+/// The day database's entries for a month, in the order of insertion.
 struct MonthRows {
     QList<NamedDay> holidays;
     std::array<QList<int>, kDayMarks.size()> marks;  ///< days of the month, by DayMark
 };
 
-/// A mark that is no date, such as February 30, falls on no day. Throws SqlError.
+/// Skips marks that are not dates, such as February 30. Throws SqlError.
 MonthRows ReadMonth(DayDatabase& database, const MonthShape& month);
 
 }  // namespace tickwell

@@ -19,7 +19,7 @@ QString NameOf(int cell) {
     return u"Check1(%1)"_s.arg(cell);
 }
 
-/// How far an arrow goes on the calendar; 0 for another key.
+/// The number of days that an arrow key moves; 0 for other keys.
 int DaysOf(int key) {
     switch (key) {
         case Qt::Key_Left:
@@ -63,7 +63,7 @@ void MonthView::Show(const MonthGrid& grid) {
     const int focused = FocusedDay();
     m_month = ShapeOf(grid.first);
     if (focused > 0) {
-        FocusDay(focused);  // before its old cell is hidden, which would send the keys elsewhere
+        FocusDay(focused);  // before its old cell is hidden, which would move the focus elsewhere
     } else {
         TakeTab(m_day);
     }
@@ -75,7 +75,7 @@ void MonthView::Show(const MonthGrid& grid) {
 void MonthView::FocusDay(int day) {
     TakeTab(day);
     if (!HasMonth()) {
-        return;  // its buttons are no days
+        return;  // its buttons show no days
     }
     DayCell& cell = Cell(m_month.CellOf(m_day));
     cell.setVisible(true);
@@ -89,7 +89,7 @@ void MonthView::TakeTab(int day) {
     }
 }
 
-/// 0 while the keys go elsewhere.
+/// 0 if no day has the keyboard focus.
 int MonthView::FocusedDay() const {
     const bool isHere = std::find(m_cells.begin(), m_cells.end(), window()->focusWidget()) != m_cells.end();
     return isHere ? m_day : 0;

@@ -8,8 +8,8 @@
 
 namespace tickwell {
 
-/// The grid on the screen: a row of weekdays, six rows of days. Tab comes to one day only, and the arrows go
-/// on from there; the others are reached by the mouse as well.
+/// The grid on the screen: a row of weekdays and six rows of days. Only one day is in the tab order; the
+/// arrow keys move to the others, which can also be clicked.
 class MonthView : public QWidget {
     Q_OBJECT
 
@@ -21,7 +21,8 @@ public:
 
     void Show(const MonthGrid& grid);
 
-    /// Gives the keys to this day of the month, or to its last one; to none while no month is shown.
+    /// Moves the keyboard focus to this day of the month, or to its last one if that is earlier; to none
+    /// while no month is shown.
     void FocusDay(int day);
 
 protected:
@@ -33,13 +34,13 @@ private:
     void ColorWeekdays();
     void TakeTab(int day);
     int FocusedDay() const;
-    /// Not where the calendar was opened on a day of a year that it does not show.
+    /// False if the calendar was opened on a day in a year that it does not show.
     bool HasMonth() const { return m_month.first.isValid(); }
 
-    std::array<QLabel*, kGridColumns> m_weekdays{};  // owned, as the cells are
+    std::array<QLabel*, kGridColumns> m_weekdays{};  // owned, like the cells
     std::array<DayCell*, kGridCells - kFirstDayCell> m_cells{};
     MonthShape m_month;
-    int m_day = 1;  // that Tab comes to
+    int m_day = 1;  // the day in the tab order
 };
 
 }  // namespace tickwell

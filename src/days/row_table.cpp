@@ -8,7 +8,7 @@ namespace tickwell {
 
 namespace {
 
-constexpr int kMargin = 2;  // above and below the text, pixels
+constexpr int kMargin = 2;  // pixels above and below the text
 
 }  // namespace
 

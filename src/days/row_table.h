@@ -5,19 +5,19 @@
 
 namespace tickwell {
 
-/// A list with columns, one row selected at most. A QTreeView would need 40 bytes and some time for each row
-/// of its model; this needs 8 bytes, and shows a million rows at once.
+/// A list with columns and single selection. A QTreeView needs 40 bytes and some time per row of its model;
+/// this class needs 8 bytes and shows a million rows instantly.
 class RowTable : public QTableView {
     Q_OBJECT
 
 public:
     explicit RowTable(QWidget* parent = nullptr);
 
-    /// Makes the rows as high as the font and the icons need.
+    /// Makes the rows high enough for the font and the icons.
     void FitRows();
 
 protected:
-    /// Home and End go to the first and the last row; left and right go nowhere.
+    /// Home and End go to the first and last row; left and right are ignored.
     QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
 };
 

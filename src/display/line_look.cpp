@@ -12,7 +12,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// What the toolkit can draw; the stored size is not touched by it.
+// What Qt can draw; the stored size is not touched by it.
 constexpr int kSmallestPoints = 1;
 constexpr int kLargestPoints = 1638;
 

@@ -8,10 +8,10 @@
 
 namespace tickwell {
 
-/// A stored colour, red + green * 256 + blue * 65536, as the toolkit has it. Here alone the order turns.
+/// A stored colour, red + green * 256 + blue * 65536, as Qt has it. Here alone the order turns.
 QColor ColorOf(qint32 color);
 
-/// The same the other way: what is stored of a colour of the toolkit.
+/// The same the other way: what is stored of a colour of Qt.
 qint32 ColorNumberOf(const QColor& color);
 
 /// The font to draw with. The style keeps its own name: what the machine puts in its place is never written

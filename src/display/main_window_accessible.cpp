@@ -10,7 +10,7 @@ namespace tickwell {
 
 namespace {
 
-/// The window with its lines, and with the menus that stand open: the toolkit gives a popup no parent that a
+/// The window with its lines, and with the menus that stand open: Qt gives a popup no parent that a
 /// screen reader could reach it by.
 class MainWindowAccessible : public QAccessibleWidget {
 public:

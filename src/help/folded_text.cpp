@@ -5,7 +5,7 @@ namespace tickwell {
 
 namespace {
 
-/// Whether a character belongs to the one before it: half-width kana carry their voicing marks separately.
+/// Whether a character belongs to the previous one: half-width kana have separate voicing marks.
 bool Joins(QChar character) {
     constexpr QChar kVoiced(u'ﾞ');
     constexpr QChar kSemiVoiced(u'ﾟ');
@@ -14,7 +14,7 @@ bool Joins(QChar character) {
 }
 
 QString Folded(QStringView cluster) {
-    // Most characters have no other form, and need no text made for each.
+    // Fast path: most characters have no other form and need no normalisation.
     if (cluster.size() == 1 && cluster[0].decompositionTag() == QChar::NoDecomposition) {
         return cluster[0].toCaseFolded();
     }
@@ -52,7 +52,7 @@ QList<TextSpan> FoldedText::Find(const QString& term) const {
     }
     for (qsizetype at = m_folded.indexOf(folded); at >= 0; at = m_folded.indexOf(folded, at)) {
         const int begin = m_origins[at];
-        // One character may have become several: the span ends where the last one's original does.
+        // One character may have been folded into several: extends the span to the end of the last original.
         qsizetype end = at + folded.size();
         while (m_origins[end] == m_origins[end - 1]) {
             ++end;

@@ -6,7 +6,7 @@
 
 namespace tickwell {
 
-/// A stretch of a text: where it begins and how many UTF-16 units it has.
+/// Part of a text: its start and its length in UTF-16 units.
 struct TextSpan {
     int position = 0;
     int length = 0;
@@ -14,19 +14,19 @@ struct TextSpan {
     bool operator==(const TextSpan&) const = default;
 };
 
-/// A text as it is searched. Case makes no difference, nor does the width of a character: what the menus
-/// write as ﾀｲﾏｰ is found as タイマー, and the other way round.
+/// A text prepared for search. Case and character width are ignored: ﾀｲﾏｰ, as in the menus, is found as
+/// タイマー, and vice versa.
 class FoldedText {
 public:
     explicit FoldedText(QStringView text = {});
 
-    /// All places in the original text where the term stands, in order, none overlapping another. Blanks
-    /// around the term are dropped; an empty term stands nowhere.
+    /// All occurrences of the term in the original text, in order, without overlaps. Blanks around the term
+    /// are ignored; an empty term has no occurrences.
     QList<TextSpan> Find(const QString& term) const;
 
 private:
     QString m_folded;
-    QList<int> m_origins;  // of each folded character, and at last the length of the original
+    QList<int> m_origins;  // the original position of each folded character, then the original length
 };
 
 }  // namespace tickwell

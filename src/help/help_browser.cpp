@@ -21,7 +21,7 @@ bool IsDark(const QPalette& palette) {
     return palette.color(QPalette::Base).lightness() < kMiddle;
 }
 
-/// Colours follow the desktop's, except for links: dark desktops often leave them in the blue of light ones.
+/// Colours follow the desktop's, except for links: dark desktops often keep the link blue of light ones.
 QString StyleFor(const QPalette& palette) {
     const QString link = IsDark(palette) ? u"#8ab4ff"_s : u"#0b57c2"_s;
     return u"a { color: " + link +
@@ -41,7 +41,7 @@ HelpBrowser::HelpBrowser(QWidget* parent)
     setOpenLinks(false);
     document()->setDocumentMargin(fontMetrics().averageCharWidth() * 2);
     connect(verticalScrollBar(), &QScrollBar::valueChanged, this, [this] { Scrolled(); });
-    // Tables round their columns up and may stand out by a pixel, which is not worth a bar.
+    // Tables round their columns up and may be a pixel too wide, which does not justify a scroll bar.
     connect(horizontalScrollBar(), &QScrollBar::rangeChanged, this, [this](int /*least*/, int most) {
         setHorizontalScrollBarPolicy(most > 1 ? Qt::ScrollBarAsNeeded : Qt::ScrollBarAlwaysOff);
     });
@@ -72,15 +72,15 @@ void HelpBrowser::GoTo(int position) {
     m_position = position;
     QTextCursor cursor(document());
     cursor.setPosition(position);
-    setTextCursor(cursor);  // the arrow keys go on from here, and screen readers follow
+    setTextCursor(cursor);  // the arrow keys continue from here, and screen readers follow
     Place();
     Q_EMIT PositionChanged();
 }
 
 void HelpBrowser::Place() {
-    document()->documentLayout()->documentSize();  // all of it: what is not laid out has no height yet
+    document()->documentLayout()->documentSize();  // forces the layout: without it the heights are not known
     QTextCursor cursor(document());
-    const int last = document()->characterCount() - 1;  // while the text is replaced there may be none of it
+    const int last = document()->characterCount() - 1;  // empty while the text is being replaced
     cursor.setPosition(std::min(m_position, last));
     const int top = verticalScrollBar()->value() + cursorRect(cursor).top();
     verticalScrollBar()->setValue(top - fontMetrics().height() / 2);
@@ -124,7 +124,7 @@ void HelpBrowser::HideHits() {
     setTextCursor(cursor);
 }
 
-/// A hit at the very edge shows nothing of what it is about: it comes to a third of the height.
+/// Scrolls a hit that is close to an edge to a third of the height, so that its context is visible.
 void HelpBrowser::Reveal(const QTextCursor& cursor) {
     const QScopedValueRollback placing(m_placing, true);
     m_position = cursor.selectionStart();
@@ -137,9 +137,9 @@ void HelpBrowser::Reveal(const QTextCursor& cursor) {
     Q_EMIT PositionChanged();
 }
 
-/// Without an answer the document would open the file by itself, and it takes an answer without a pixel for
-/// none where it wants a picture. It remembers each answer by the name alone, so that what is asked for does
-/// not matter.
+/// Returns a transparent pixel for every resource. Without a valid result the document would open the file
+/// itself, and for a picture a null image counts as no result. It caches results by name only, so the type
+/// does not matter.
 QVariant HelpBrowser::loadResource(int /*type*/, const QUrl& /*name*/) {
     QImage nothing(1, 1, QImage::Format_ARGB32);
     nothing.fill(Qt::transparent);

@@ -7,8 +7,8 @@
 
 namespace tickwell {
 
-/// The text of the help. It keeps the place where the reader is when the window or the text changes its size.
-/// It reads nothing but the text it is given: no picture, no style, no page from elsewhere.
+/// The text of the help. Keeps the reading position when the window or the text changes its size. Loads
+/// nothing but the text that it is given: no pictures, style sheets or other pages.
 class HelpBrowser : public QTextBrowser {
     Q_OBJECT
 
@@ -18,11 +18,12 @@ public:
     void SetHtml(const QString& html);
     void SetPercent(int percent);
 
-    /// The character that the reader is at, which is at the top as far as the text's end allows.
+    /// The character at the top of the view, unless the end of the text prevents it from being scrolled
+    /// there.
     int Position() const { return m_position; }
     void GoTo(int position);
 
-    /// Marks all hits, and one of them more; that one is scrolled to.
+    /// Highlights all hits, `current` more strongly, and scrolls to that one.
     void ShowHits(const QList<TextSpan>& hits, const TextSpan& current);
     void HideHits();
 
@@ -30,7 +31,7 @@ public:
 
 Q_SIGNALS:
     void PositionChanged();
-    /// The wheel turned with Ctrl held: up is positive.
+    /// The wheel was turned with Ctrl held: positive means up.
     void SizeTurned(int direction);
 
 protected:
@@ -48,7 +49,7 @@ private:
     QString m_html;
     qreal m_plainSize;  // points
     int m_position = 0;
-    bool m_placing = false;  // what scrolls now is not the reader
+    bool m_placing = false;  // the current scrolling is not the reader's
 };
 
 }  // namespace tickwell

@@ -13,13 +13,13 @@ namespace {
 constexpr int kMostTags = 20'000;
 constexpr int kDeepest = 32;       // open elements
 constexpr int kDeepestTables = 4;  // tables within tables
-constexpr int kMostCells = 5000;   // rows of all tables times the columns of the widest
-constexpr int kLargestSpan = 100;  // columns of one cell
+constexpr int kMostCells = 5000;   // rows of all tables times the most columns of one
+constexpr int kLargestSpan = 100;  // columns that one cell spans
 constexpr int kLongestWord = 10'000;
 
-constexpr char16_t kFirstIdeographic = 0x2E80;  // from here on, a line may break after each character
+constexpr char16_t kFirstIdeographic = 0x2E80;  // from here on a line may break after each character
 
-/// Elements that have no end, or whose end may be left out: Qt ends them itself.
+/// Elements without an end tag, or with an optional one: Qt closes them itself.
 bool EndsByItself(const QString& name) {
     static const QStringList names{u"area"_s, u"base"_s, u"br"_s,    u"col"_s, u"dd"_s,   u"dt"_s,
                                    u"hr"_s,   u"img"_s,  u"input"_s, u"li"_s,  u"link"_s, u"meta"_s,
@@ -32,7 +32,7 @@ bool HoldsText(const QString& name) {
     return names.contains(name);
 }
 
-/// Reads the tags and sums up what costs time. If in doubt, a text counts as harder than it is.
+/// Scans the tags and sums up what makes layout slow. Overestimates if in doubt.
 class Measure {
 public:
     explicit Measure(QStringView html) : m_html(html) {}
@@ -78,7 +78,7 @@ private:
         }
     }
 
-    /// Behind the tag's ">", which does not count within quotes.
+    /// The position after the ">" of the tag; one in quotes does not count.
     qsizetype TagEnd() const {
         QChar quote;
         for (qsizetype at = m_at; at < m_html.size(); ++at) {
@@ -109,7 +109,7 @@ private:
         }
     }
 
-    /// An end closes the elements within, too. In a style sheet or a title it is no end but text.
+    /// An end tag also closes the elements inside. Inside a style sheet or a title it is text.
     void Close(const QString& name) {
         const qsizetype at = m_open.lastIndexOf(name);
         const bool isText = !m_open.isEmpty() && HoldsText(m_open.constLast()) && m_open.constLast() != name;
@@ -118,7 +118,7 @@ private:
         }
     }
 
-    /// How many columns a cell takes. More than is allowed where that cannot be read.
+    /// The number of columns that a cell spans. An unreadable number counts as too large.
     int Span(QStringView tag) {
         const qsizetype at = tag.indexOf(u"colspan", 0, Qt::CaseInsensitive);
         if (at < 0) {
@@ -143,11 +143,11 @@ private:
     qsizetype m_at = 0;
     bool m_isWithin = true;
     int m_tags = 0;
-    QStringList m_open;  // elements, the outermost first
+    QStringList m_open;  // open elements, outermost first
     int m_rows = 0;
-    int m_columns = 0;  // of the row that is read
+    int m_columns = 0;  // of the current row
     int m_mostColumns = 0;
-    int m_word = 0;  // characters of the word that is read; most tags do not end it
+    int m_word = 0;  // length of the current word; most tags do not end it
 };
 
 }  // namespace

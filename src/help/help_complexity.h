@@ -5,9 +5,9 @@
 
 namespace tickwell {
 
-/// Whether Qt can lay out a help text within about a second. Its time doubles with each level of nested
-/// tables and grows with the square of the depth of other elements, of the cells of a table and of the length
-/// of a word, so that a small file can block the program for hours. The limits are a multiple of what a help
+/// Whether Qt can lay out a help text within about a second. The layout time doubles with each level of
+/// nested tables and is quadratic in the depth of other elements, the number of table cells and the length of
+/// a word, so a small file could block the program for hours. The limits are a multiple of what a help text
 /// needs.
 bool IsEasyToShow(QStringView html);
 

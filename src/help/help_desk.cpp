@@ -9,12 +9,12 @@ HelpDesk::HelpDesk(QString file, Handlers& handlers, Opening opening)
     : m_file(std::move(file)), m_handlers(handlers), m_opening(std::move(opening)) {}
 
 HelpDesk::~HelpDesk() {
-    delete m_window;  // it writes its look into ours
+    delete m_window;  // before m_look, which it writes to
 }
 
 void HelpDesk::ShowTopic(int topic) {
     if (m_window != nullptr && m_window->isHidden()) {
-        m_window = nullptr;  // closed a moment ago, and on its way out
+        m_window = nullptr;  // just closed and about to be deleted
     }
     if (m_window == nullptr) {
         m_window = new HelpWindow(m_handlers, ReadHelpFile(m_file), m_look);

@@ -11,14 +11,14 @@
 
 namespace tickwell {
 
-/// Opens the help file in its window, one at a time. The file is read when the window is opened; closed, it
-/// leaves nothing behind but where it stood and how large its text was.
+/// Opens the help file in a window, one at a time. The file is read each time the window is opened; once the
+/// window is closed, only its geometry and text size are kept.
 class HelpDesk : public HelpViewer {
 public:
-    /// Called with each new window before it is shown, so that its owner can say where it stands.
+    /// Called with each new window before it is shown, so that the owner can place it.
     using Opening = std::function<void(QWidget& window)>;
 
-    /// `file`: a bare name is looked up in the current folder, which is the program's. `handlers` outlives
+    /// `file`: a bare name is searched in the current folder, which is the program's. `handlers` outlives
     /// this object.
     HelpDesk(QString file, Handlers& handlers, Opening opening);
     ~HelpDesk() override;
@@ -27,7 +27,7 @@ public:
 
     void ShowTopic(int topic) override;
 
-    /// The window, while it is open.
+    /// The window; null if it is not open.
     HelpWindow* Window() const { return m_window; }
 
 private:

@@ -12,7 +12,7 @@ namespace tickwell {
 
 namespace {
 
-constexpr qint64 kLargest = qint64{512} << 10;  // bytes; ours has a tenth of it
+constexpr qint64 kLargest = qint64{512} << 10;  // bytes; ten times our own help file
 constexpr QStringView kRemedy = u"\r\n元の Help.hlp に置き換えてください。";
 
 }  // namespace
@@ -26,8 +26,8 @@ QString ReadHelpFile(const QString& path) {
     if (file.problem != FileProblem::None || file.bytes.isEmpty()) {
         throw RunTimeError(name + u" を読み込めません。");
     }
-    // Compiled help files of other systems bear the same name, and are full of NUL.
-    QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);  // or it waits for more
+    // Compiled help files of other systems have the same name and contain NUL characters.
+    QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);  // else it waits for more
     QString text = decoder(file.bytes);
     if (decoder.hasError() || text.contains(QChar::Null)) {
         throw RunTimeError(name + u" はヘルプの形式ではありません。");

@@ -5,7 +5,8 @@
 
 namespace tickwell {
 
-/// The HTML text of a help file. Throws RunTimeError when it cannot be read, or is no text.
+/// Reads the HTML text of a help file. Throws RunTimeError if the file cannot be read, is not text or is too
+/// complex to show.
 QString ReadHelpFile(const QString& path);
 
 }  // namespace tickwell

@@ -5,17 +5,17 @@
 
 namespace tickwell {
 
-/// The places a reader jumped from, as positions in the text. Each step is told where the reader stands, so
-/// that going back returns to where they had scrolled to, not to where they had once arrived.
+/// The positions that the reader jumped from. Every step is passed the current position, so that going back
+/// returns to where the reader had scrolled to, not to where a jump had ended.
 class HelpHistory {
 public:
-    /// The reader jumps from one place to another: there is a way back, and none forward.
+    /// The reader jumps from one position to another: adds a step back and clears the steps forward.
     void Jump(int from, int to);
 
     bool CanGoBack() const { return !m_back.isEmpty(); }
     bool CanGoForward() const { return !m_forward.isEmpty(); }
 
-    /// The place to go to. Where there is none, the reader stays at `from`.
+    /// The position to go to; `from` if there is none.
     int Back(int from) { return Step(m_back, m_forward, from); }
     int Forward(int from) { return Step(m_forward, m_back, from); }
 

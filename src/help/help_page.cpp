@@ -17,7 +17,7 @@ struct Link {
     int position = 0;
 };
 
-/// Calls `visit` with each stretch of text that has one format.
+/// Calls `visit` for each fragment of text with a uniform format.
 template <typename Visit>
 void ForEachFragment(const QTextBlock& block, Visit visit) {
     for (auto each = block.begin(); !each.atEnd(); ++each) {

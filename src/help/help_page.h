@@ -12,7 +12,7 @@ class QTextDocument;
 
 namespace tickwell {
 
-/// A heading below the title. Positions are characters from the beginning of the document.
+/// A heading below the title. Positions are characters from the start of the document.
 struct HelpHeading {
     int level = 0;  ///< 2 and up, as in <h2>
     QString title;
@@ -21,7 +21,7 @@ struct HelpHeading {
     bool operator==(const HelpHeading&) const = default;
 };
 
-/// A word of the index, and where it leads.
+/// A keyword of the index and its target position.
 struct HelpKeyword {
     QString word;
     int position = 0;
@@ -29,24 +29,25 @@ struct HelpKeyword {
     bool operator==(const HelpKeyword&) const = default;
 };
 
-/// What a help file holds. Its index is the links behind the anchor "index", so that any browser can read it.
+/// The structure of a help file. Its index is the links after the anchor "index", so that the file is also
+/// readable in any browser.
 struct HelpPage {
     QList<HelpHeading> headings;
     QList<HelpKeyword> index;
     QHash<QString, int> anchors;  ///< name to position
     FoldedText text;
 
-    /// Where a topic begins; the beginning of the page for a number that it does not have.
+    /// Start of a topic; the start of the page for an unknown number.
     int TopicPosition(int topic) const;
 
-    /// Where a link leads. Nothing for a link out of the page: the help never leaves its file.
+    /// Target of a link. Nothing for a link out of the page: the help never leaves its file.
     std::optional<int> LinkPosition(const QString& href) const;
 
-    /// The heading that a position stands under, as its place in `headings`; -1 above the first.
+    /// Index in `headings` of the heading above a position; -1 before the first.
     int HeadingAt(int position) const;
 };
 
-/// Reads a document that was made from a help file.
+/// Reads a document created from a help file.
 HelpPage HelpPageOf(const QTextDocument& document);
 
 }  // namespace tickwell

@@ -9,20 +9,20 @@
 
 namespace tickwell {
 
-/// A search through the whole help: its hits, and the one that the reader stands at.
+/// A search in the complete help text: its hits and the current one.
 class HelpSearch {
 public:
-    /// Looks the term up; the reader comes to the first hit at or behind `from`, else to the first of all.
+    /// Searches the term; the current hit is the first one at or after `from`, else the first of all.
     void Start(const FoldedText& text, const QString& term, int from);
 
-    /// To the hit behind or before; from the last to the first and back. Without a hit nothing happens.
+    /// Go to the next or previous hit, cyclically. Do nothing if there are no hits.
     void Next();
     void Previous();
 
     const QList<TextSpan>& Hits() const { return m_hits; }
     std::optional<TextSpan> Current() const;
 
-    /// Which hit of how many, or that there is none; empty while nothing is searched for.
+    /// The number of the current hit and of all hits, or that there are none; empty while there is no search.
     QString CountText() const;
 
 private:

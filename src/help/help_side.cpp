@@ -32,14 +32,14 @@ QWidget* HelpSide::MakeContents(const HelpPage& page) {
     m_contents->setHeaderHidden(true);
     QList<QTreeWidgetItem*> parents;
     for (const HelpHeading& heading : page.headings) {
-        // Each heading hangs below the last one of a higher rank.
+        // The parent of a heading is the last one of a higher level.
         while (!parents.isEmpty() && parents.constLast()->type() >= heading.level) {
             parents.removeLast();
         }
         auto* item = parents.isEmpty() ? new QTreeWidgetItem(m_contents, heading.level)
                                        : new QTreeWidgetItem(parents.constLast(), heading.level);
         item->setText(0, heading.title);
-        // A title may have signs in it that would be taken for markup.
+        // A title may contain characters that would be taken for markup.
         item->setToolTip(0, Qt::convertFromPlainText(heading.title));
         item->setData(0, kPosition, heading.position);
         parents.append(item);
@@ -85,7 +85,7 @@ QWidget* HelpSide::MakeIndex(const HelpPage& page) {
     return words;
 }
 
-/// Leaves the words that hold the typed ones; the first of them is what Enter goes to.
+/// Shows only the keywords that contain the typed text and selects the first, which Enter opens.
 void HelpSide::FilterIndex() {
     const QString wanted = m_filter->text();
     QListWidgetItem* first = nullptr;

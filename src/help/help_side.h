@@ -11,18 +11,19 @@
 
 namespace tickwell {
 
-/// Contents and index beside the text. A click or Enter on an entry says where it leads.
+/// Contents and index beside the text. Emits the target position when an entry is clicked or Enter is
+/// pressed.
 class HelpSide : public QTabWidget {
     Q_OBJECT
 
 public:
-    /// Handlers and page outlive it.
+    /// Handlers outlive this object. `page` is only read in the constructor.
     HelpSide(Handlers& handlers, const HelpPage& page, QWidget* parent);
 
-    /// Marks the heading that the reader is under; -1 marks none.
+    /// Selects the reader's current heading; -1 selects none.
     void MarkHeading(int heading);
 
-    /// Gives the keyboard to the list that is shown.
+    /// Moves the keyboard focus to the list that is shown.
     void TakeFocus();
 
 Q_SIGNALS:

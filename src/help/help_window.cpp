@@ -93,7 +93,7 @@ void HelpWindow::GoForward() {
     m_text->GoTo(m_history.Forward(m_text->Position()));
 }
 
-/// While the reader types, the search begins again from where they are.
+/// While the reader types, each search starts from the current position.
 void HelpWindow::Find() {
     m_search.Start(m_page.text, m_find->text(), m_text->Position());
     ShowFound();

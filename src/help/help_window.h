@@ -18,22 +18,23 @@
 
 namespace tickwell {
 
-/// What the help window is remembered by from one opening to the next.
+/// Kept from one opening of the help window to the next.
 struct HelpLook {
-    QByteArray geometry;  ///< as QWidget saves it; empty before the first time
+    QByteArray geometry;  ///< as saved by QWidget; empty before the first opening
     TextSize textSize;
 };
 
-/// The help: contents and index, the text, back and forward, a search through all of it, and the size of its
-/// text. It frees its memory when it is closed.
+/// The help window: contents and index, the text, back and forward, full-text search, and the text size. It
+/// is deleted when it is closed.
 class HelpWindow : public QDialog {
     Q_OBJECT
 
 public:
-    /// `html`: the text of a help file. Handlers and look outlive the window; the look is kept up to date.
+    /// `html`: the text of a help file. Handlers and look outlive the window, which keeps the look up to
+    /// date.
     HelpWindow(Handlers& handlers, const QString& html, HelpLook& look, QWidget* parent = nullptr);
 
-    /// Goes to a topic; a number that the text does not have is its beginning.
+    /// Goes to a topic; an unknown number means the start of the text.
     void ShowTopic(int topic);
 
 protected:
@@ -63,7 +64,7 @@ private:
     HelpLook& m_look;
     HelpHistory m_history;
     HelpSearch m_search;
-    HelpBrowser* m_text;  // these are owned by the window, as its children
+    HelpBrowser* m_text;  // the widgets are owned by the window, as its children
     HelpPage m_page;
     HelpSide* m_side;
     QLineEdit* m_find;

@@ -40,7 +40,7 @@ void HelpWindow::AddActions() {
     m_previous = Add(u"FindPrevious"_s, u"前を検索"_s, {Qt::SHIFT | Qt::Key_F3},
                      [this] { FindStep(&HelpSearch::Previous); });
     m_next = Add(u"FindNext"_s, u"次を検索"_s, {Qt::Key_F3}, [this] { FindStep(&HelpSearch::Next); });
-    // The keys of Japanese and of English keyboards; + and = need Shift on one or the other.
+    // Shortcuts for Japanese and English keyboards; + and = need Shift on one or the other.
     m_smaller = Add(u"Smaller"_s, u"小さく"_s, {Qt::CTRL | Qt::Key_Minus},
                     [this] { SetTextSize(&TextSize::Shrink); });
     m_normal = Add(u"Normal"_s, u"標準"_s, {Qt::CTRL | Qt::Key_0}, [this] { SetTextSize(&TextSize::Reset); });
@@ -81,13 +81,13 @@ QWidget* HelpWindow::MakeFindBox() {
     m_find->setMinimumWidth(m_find->fontMetrics().averageCharWidth() * 24);
     m_count->setObjectName(u"FindCount"_s);
     m_count->setTextFormat(Qt::PlainText);
-    // Room for what it will say: the buttons stay where they are while the reader types.
+    // Reserves the width of the longest text, so that the buttons do not move while the reader types.
     m_count->setMinimumWidth(m_count->fontMetrics().horizontalAdvance(u"見つかりません "_s));
     m_handlers.Connect(m_find, &QLineEdit::textChanged, this, [this] { Find(); });
     return m_find;
 }
 
-/// Enter in the find box goes on, as it does in every other search box.
+/// Enter in the search box goes to the next hit, as in other programs.
 void HelpWindow::AddFindKeys() {
     const auto add = [this](const QList<QKeySequence>& keys, void (HelpSearch::*step)()) {
         auto* action = new QAction(m_find);

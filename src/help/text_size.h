@@ -5,10 +5,10 @@
 
 namespace tickwell {
 
-/// The size of the help's text, in steps around that of the desktop.
+/// The size of the help text, in steps around the desktop's size.
 class TextSize {
 public:
-    /// At the ends of the scale the size stays.
+    /// At the ends of the scale, Grow and Shrink do nothing.
     void Grow();
     void Shrink();
     void Reset();
@@ -16,7 +16,7 @@ public:
     bool IsLargest() const;
     bool IsSmallest() const { return m_step == 0; }
 
-    /// Of the desktop's size, 50 to 300.
+    /// Percentage of the desktop's size, 50 to 300.
     int Percent() const;
 
 private:

@@ -41,7 +41,7 @@ void CdAudioDevice::Play(const PlayOptions& options) {
     const CdPicture picture = ReadyPicture();
     const DiscMap disc(picture.contents);
     const qint32 to = options.to ? disc.SectorOf(*options.to, m_timeFormat) : disc.LeadOut();
-    // What lies before track 1 is not on the disc for anybody who counts from there.
+    // The commands count from track 1; a position before it does not exist for them.
     const bool isBefore = picture.position < disc.FirstSector() * kFramesPerSector;
     const bool goesOn = !options.from && !isBefore;
     const qint64 from =

@@ -7,8 +7,8 @@
 
 namespace tickwell {
 
-/// The device "cdaudio". A disc without a single audio track counts as none. Whenever it is asked for a disc
-/// that it does not have, it has the drive looked at; so does the question for the medium.
+/// The device "cdaudio". A disc without audio tracks counts as no disc. A command that needs a disc while
+/// there is none, and every query for "media present", start a new look at the drive.
 class CdAudioDevice : public MediaDevice {
 public:
     /// Both outlive this object.

@@ -6,7 +6,7 @@
 
 namespace tickwell {
 
-/// The player's buttons, by their index.
+/// Indexes of the player's buttons.
 inline constexpr int kCdPrevious = 0;
 inline constexpr int kCdRewind = 1;
 inline constexpr int kCdPlay = 2;
@@ -15,18 +15,18 @@ inline constexpr int kCdStop = 4;
 inline constexpr int kCdForward = 5;
 inline constexpr int kCdNext = 6;
 
-using CdButtons = std::array<bool, 7>;  ///< which of them can be pressed
+using CdButtons = std::array<bool, 7>;  ///< which buttons are enabled
 
-/// What the player's window shows of it.
+/// What the player's window shows.
 struct CdControls {
     CdButtons buttons{};
-    bool menus = true;  ///< cdtm and cdtm1 can be opened
-    QString caption;    ///< the state in a word
+    bool menus = true;  ///< cdtm and cdtm1 are enabled
+    QString caption;    ///< name of the state
 
     bool operator==(const CdControls&) const = default;
 };
 
-/// The buttons that can be pressed in a state; nothing where the state leaves them as they are.
+/// The buttons that are enabled in a state; null if the state leaves them unchanged.
 const CdButtons* CdButtonsOf(qint32 state);
 
 }  // namespace tickwell

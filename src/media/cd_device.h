@@ -5,20 +5,21 @@
 
 namespace tickwell {
 
-/// The CD drive under its alias "CDP", with times in milliseconds, from the program's start to its end.
+/// The CD drive, under the alias "CDP" and with times in milliseconds.
 class CdDevice {
 public:
-    /// Both outlive this object. `tellsNoDrive` as in the settings: false once the user wants no more of it.
+    /// Both outlive this object. `tellsNoDrive`: the stored setting; becomes false when the user ticks "do
+    /// not show again".
     CdDevice(Multimedia& media, bool& tellsNoDrive) : m_media(media), m_tellsNoDrive(tellsNoDrive) {}
 
-    /// Opens it when the program starts. Without a drive a box tells so, unless the user does not want it any
-    /// more; the start goes on all the same.
+    /// Opens the drive when the program starts. If there is no drive, shows a message box unless the user has
+    /// turned it off; the program starts in any case.
     void OpenAtStart();
 
-    /// Tries once more, with no box; true when it is open now.
+    /// Tries to open the drive again, without a message box. Returns whether it is open now.
     bool OpenAgain();
 
-    /// Stops and closes it, with no box.
+    /// Stops and closes the drive, without a message box.
     void Close();
 
     bool IsOpen() const { return m_isOpen; }

@@ -5,7 +5,7 @@ namespace tickwell {
 
 namespace {
 
-/// A text that stands there already is not wiped in again.
+/// Does not wipe in a text that is already shown.
 void Bring(TextLine& line, const QString& text) {
     if (line.Text() != text) {
         line.ShowText(text);

@@ -7,19 +7,20 @@
 
 namespace tickwell {
 
-/// The CD player on the main window's lines, which are its own only while function 6 is shown.
+/// Shows the CD player on the main window's lines, while function 6 is shown.
 class CdLines : public CdDisplay {
 public:
-    /// All outlive this object. While it lives the player writes to these lines.
+    /// All outlive this object. Registers itself as the player's display for its lifetime.
     CdLines(CdPlayer& player, TextLines lines, const DisplayFunctions& functions);
     CdLines(const CdLines&) = delete;
     CdLines& operator=(const CdLines&) = delete;
     ~CdLines() override { m_player.SetDisplay(nullptr); }
 
-    /// The function was chosen: the texts come in with a wipe, and a disc is looked for.
+    /// Called when the function is chosen: wipes in the texts and looks for a disc.
     void Show();
 
-    /// CDTimer2: the reading while it plays; while it is paused the reading blinks, gone first.
+    /// Tick of CDTimer2. While the disc plays, shows the reading; while it is paused, the reading blinks,
+    /// starting with blank.
     void Tick();
 
     bool IsShown() const override;
@@ -31,7 +32,7 @@ private:
     TextLines m_lines;
     const DisplayFunctions& m_functions;
     bool m_hasStarted = false;  // the stored function is known long before it is shown
-    bool m_isBlank = false;     // the half of the blink that shows nothing
+    bool m_isBlank = false;     // the blank phase of the blinking
 };
 
 }  // namespace tickwell

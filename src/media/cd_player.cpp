@@ -35,7 +35,7 @@ void CdPlayer::Appear() {
         return;
     }
     if (m_device.IsOpen()) {
-        m_media.MciSend(u"status CDP media present"_s, false);  // the drive is looked at behind our back
+        m_media.MciSend(u"status CDP media present"_s, false);  // starts a look in the background
     }
     if (m_state.CdState == kCdNotReady || m_state.CdTrackCount == 0) {
         Recover();
@@ -52,7 +52,7 @@ void CdPlayer::ShowLines() {
         return;
     }
     const auto lower = m_state.CdState == kCdStopped ? m_texts.SelectionText() : m_texts.StatusText();
-    if (lower) {  // else the lines say by now that it is not ready
+    if (lower) {  // else the queries failed and the lines already say "not ready"
         m_display->ShowUpper(m_texts.TrackCountText());
         m_display->ShowLower(*lower);
     }
@@ -68,7 +68,7 @@ void CdPlayer::CDSetUp() {
     }
     m_state.CdTrackCount = count;
     m_state.CdTrack = 0;
-    if (!m_texts.SelectionText()) {  // also where no line shows it: the length is needed later
+    if (!m_texts.SelectionText()) {  // needed even if no line shows it: reads the length
         return;
     }
     m_CDTimer1->Stop();
@@ -120,8 +120,8 @@ void CdPlayer::cdm_Click(int index) {
     TellWindow();
 }
 
-/// Back from not being ready. A failure of some other device takes the player's readiness but not its sound:
-/// what still plays is taken up again.
+/// Leaves the state "not ready". A failed command to another device also makes the player not ready, while
+/// the disc plays on: then the playback is followed again.
 void CdPlayer::Recover() {
     CDSetUp();
     if (m_state.CdState != kCdStopped || m_media.MciSend(u"status CDP mode"_s, false) != 0) {
@@ -137,8 +137,8 @@ void CdPlayer::Recover() {
     ShowLines();
 }
 
-/// Follows the device from track to track, and to its end, whatever the main window shows. What cannot be
-/// read any further fails the first question.
+/// Follows the device from track to track and to its end, whatever the main window shows. After a read error
+/// the first query fails.
 void CdPlayer::CDTimer1_Timer() {
     const auto track = AskCd(m_media, u"status CDP current track"_s, false);
     if (!track || m_media.MciSend(u"status CDP mode"_s, false) != 0) {
@@ -169,7 +169,7 @@ void CdPlayer::LookTick() {
     }
     const bool hasDisc = m_device.IsOpen() && m_media.MciSend(u"status CDP media present"_s, false) == 0 &&
                          m_media.State().MciReply == u"true";
-    if (hasDisc || !m_device.IsOpen()) {  // one that is not open yet is tried again
+    if (hasDisc || !m_device.IsOpen()) {  // a device that is not open is opened again
         Recover();
     }
 }

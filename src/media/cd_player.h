@@ -11,18 +11,18 @@
 
 namespace tickwell {
 
-/// The main window's lines, as far as they are the CD player's.
+/// The main window's lines, while they show the CD player.
 class CdDisplay {
 public:
     virtual ~CdDisplay() = default;
 
-    /// Whether the lines show the player now. While they do not, nothing is written to them.
+    /// Whether the lines show the player now. Otherwise nothing is written to them.
     virtual bool IsShown() const = 0;
     virtual void ShowUpper(const QString& text) = 0;
     virtual void ShowLower(const QString& text) = 0;
 };
 
-/// What the CD player works with; all outlive it.
+/// References that the CD player works with; all outlive it.
 struct CdPlayerParts {
     CdPlayerState& state;
     Multimedia& media;
@@ -31,47 +31,46 @@ struct CdPlayerParts {
     TimerSource& timers;
 };
 
-/// The CD player without its window: it is there as long as the program, with the window or without.
+/// The CD player without its window. It exists as long as the program, whether or not the window is open.
 class CdPlayer {
 public:
     explicit CdPlayer(const CdPlayerParts& parts);
 
-    /// The lines to write to from now on; nothing where there are none.
+    /// The lines to write to from now on; null for none.
     void SetDisplay(CdDisplay* display) { m_display = display; }
 
-    /// What is called whenever Controls() or the state has changed; an empty function where there is no
-    /// window.
+    /// Called whenever Controls() or the state has changed; an empty function if there is no window.
     void SetWindow(std::function<void()> changed) { m_changed = std::move(changed); }
 
-    /// The player's window has come or gone.
+    /// The player's window was shown or hidden.
     void ShowWindow(bool isShown);
 
-    /// The function or the window was opened: a disc that was put in since is found.
+    /// Called when the function or the window is opened: detects a disc inserted meanwhile.
     void Appear();
 
-    /// Writes both lines as the state has them.
+    /// Writes both lines according to the state.
     void ShowLines();
 
-    /// The reset: a disc is there, stopped, with no track chosen. Stops at the first question that fails; the
-    /// player is not ready then.
+    /// Resets the player: disc present, stopped, no track chosen. Ends at the first query that fails; the
+    /// player is then not ready.
     void CDSetUp();
 
-    /// Not ready. Asks the device nothing.
+    /// Makes the player not ready. Sends the device no command.
     void CDSetDown();
 
     void Command1_Click(int index);
 
-    /// A button is held or let go; see CdSeek.
+    /// A button is pressed or released; see CdSeek.
     void Command1_Press(int index) { m_seek.Hold(index); }
     void Command1_Release() { m_seek.Release(); }
 
-    /// `index`: 1 to 3, for the formats 0 to 2.
+    /// `index`: 1 to 3, for display formats 0 to 2.
     void cdm_Click(int index);
 
-    /// The drive has another disc, or none.
+    /// The drive has a different disc, or none.
     void DeviceChanged();
 
-    /// Stops and closes the device. Neither lines nor window are touched from now on.
+    /// Stops and closes the device. Lines and window are not used any more.
     void Close();
 
     const CdPlayerState& State() const { return m_state; }
@@ -103,14 +102,14 @@ private:
     CdTexts m_texts;
     CdSeek m_seek;
     CdControls m_controls;
-    std::unique_ptr<Timer> m_CDTimer1;   // while it plays: follows the device
-    std::unique_ptr<Timer> m_lookTimer;  // while it is shown and not ready: looks for a disc
+    std::unique_ptr<Timer> m_CDTimer1;   // while playing: follows the device
+    std::unique_ptr<Timer> m_lookTimer;  // while shown and not ready: looks for a disc
     CdDisplay* m_display = nullptr;
     std::function<void()> m_changed;
     bool m_isWindowShown = false;
 };
 
-/// The track before or behind another in a circle; from no track at all the last or the first.
+/// The previous and the next track, cyclic; from track 0 (none chosen) the last and the first one.
 qint32 TrackBefore(qint32 track, qint32 count);
 qint32 TrackBehind(qint32 track, qint32 count);
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What the player's buttons do, state by state.
+// The actions of the player's buttons in each state.
 #include "core/integers.h"
 #include "media/cd_player.h"
 
@@ -9,7 +9,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr qint32 kRestartAfter = 1000;  // ms into a track: from there on "previous" starts it anew
+constexpr qint32 kRestartAfter = 1000;  // ms into a track: from there on "previous" restarts the track
 
 }  // namespace
 
@@ -37,7 +37,7 @@ void CdPlayer::Command1_Click(int index) {
     }
 }
 
-/// Whichever button it was: only one can be pressed.
+/// For any button: pause is the only one enabled.
 void CdPlayer::Resume() {
     EnterState(kCdPlaying, u"再生"_s);
     m_media.MciPlaySimple(u"CDP"_s, true);
@@ -59,7 +59,7 @@ void CdPlayer::ClickStopped(int index) {
     }
 }
 
-/// Rewind and forward act while they are held; their click does nothing.
+/// Rewind and forward act while they are held; clicking them does nothing.
 void CdPlayer::ClickPlaying(int index) {
     switch (index) {
         case kCdPrevious:
@@ -99,7 +99,7 @@ void CdPlayer::Play() {
     }
 }
 
-/// One press within the first second goes to the track before, a later one starts this track anew.
+/// Within the first second of a track goes to the previous track, later restarts the current one.
 void CdPlayer::PreviousWhilePlaying() {
     const auto position = AskCd(m_media, u"status CDP position"_s, true);
     if (!position) {
@@ -120,7 +120,7 @@ void CdPlayer::PlayAnew() {
     if (m_state.CdState == kCdPlaying) {
         m_media.MciStop(u"CDP"_s, true);
     }
-    if (m_state.CdState == kCdPlaying) {  // a device that did not stop is not ready any more
+    if (m_state.CdState == kCdPlaying) {  // after a failed stop the player is not ready
         m_media.MciPlayTrack(u"CDP"_s, m_state.CdTrack, false, true);
     }
 }

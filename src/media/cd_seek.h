@@ -9,14 +9,15 @@
 
 namespace tickwell {
 
-/// Rewind and fast forward: while one of the two buttons is held the position moves by three seconds, at once
-/// and four times a second, as far as the disc reaches, and playing goes on from there.
+/// Rewind and fast forward: while one of the two buttons is held, moves the position by three seconds,
+/// immediately and then four times a second, within the limits of the disc, and plays on from there.
 class CdSeek {
 public:
     /// All outlive this object.
     CdSeek(const CdPlayerState& state, Multimedia& media, Handlers& handlers, TimerSource& timers);
 
-    /// Holds the button of this index, kCdRewind or kCdForward. Nothing unless it plays.
+    /// Starts when the button of this index, kCdRewind or kCdForward, is pressed. Does nothing unless the
+    /// disc is playing.
     void Hold(int index);
     void Release() { m_timer->Stop(); }
 

@@ -16,12 +16,12 @@ inline constexpr qint32 kCdTimeIntoTrack = 0;
 inline constexpr qint32 kCdTimeLeftInTrack = 1;
 inline constexpr qint32 kCdTimeLeftOnDisc = 2;
 
-/// The CD player as the whole program knows it; it outlives the player's window.
+/// The state of the CD player, one for the program; it outlives the player's window.
 struct CdPlayerState {
     qint32 CdState = kCdStopped;
-    qint32 CdTrack = 0;       ///< from 1; 0 for no track chosen: the whole disc
-    qint32 CdTrackCount = 0;  ///< 0 until a disc was there
-    qint32 CdLength = 0;      ///< of the whole disc, ms
+    qint32 CdTrack = 0;       ///< from 1; 0 if no track is chosen: the complete disc
+    qint32 CdTrackCount = 0;  ///< 0 until a disc was read
+    qint32 CdLength = 0;      ///< of the complete disc, ms
     qint32 CdDisplayFormat = kCdTimeIntoTrack;
 };
 

@@ -11,7 +11,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 QString MinSecOf(qint32 milliseconds) {
-    return MinSecText(milliseconds);  // which makes seconds of its argument: of a copy
+    return MinSecText(milliseconds);  // on a copy, because it changes its argument to seconds
 }
 
 }  // namespace

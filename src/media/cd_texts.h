@@ -9,19 +9,20 @@
 
 namespace tickwell {
 
-/// What the two lines say of the disc. Each text asks the device; when it does not answer there is no text,
-/// and the player is not ready by then. Such a failure is never shown in a box: these texts are asked for
-/// twice a second.
+/// The texts of the two lines. Each one queries the device; if a query fails, there is no text and the player
+/// is already not ready. Such a failure never shows a message box, because these texts are requested twice a
+/// second.
 class CdTexts {
 public:
     /// Both outlive this object.
     CdTexts(CdPlayerState& state, Multimedia& media) : m_state(state), m_media(media) {}
 
-    /// The lower line while it plays, in the format that is chosen. CdTrack follows the device.
+    /// The lower line while playing, in the chosen display format. Sets CdTrack to the device's current
+    /// track.
     std::optional<QString> StatusText();
 
-    /// The lower line while it is stopped: the track that is chosen, or the whole disc. CdLength is read
-    /// anew.
+    /// The lower line while stopped: the chosen track, or the complete disc. Reads CdLength from the device
+    /// if needed.
     std::optional<QString> SelectionText();
 
     /// The upper line: "全トラック数 12".
@@ -36,7 +37,7 @@ private:
     Multimedia& m_media;
 };
 
-/// Sends a question to the CD that is answered by a number; nothing when it failed.
+/// Sends the CD a query whose reply is a number; nothing if it failed.
 std::optional<qint32> AskCd(Multimedia& media, const QString& command, bool showError);
 
 }  // namespace tickwell

@@ -56,11 +56,11 @@ CDForm::~CDForm() {
 }
 
 void CDForm::MakeMenus() {
-    m_menuBar->setNativeMenuBar(false);  // the window is useless without its own
+    m_menuBar->setNativeMenuBar(false);  // a global menu bar would leave the window without its menu
     m_cdtm->setObjectName(u"cdtm"_s);
     m_cdtm1->setObjectName(u"cdtm1"_s);
     m_cdm->setExclusive(true);
-    for (int index = 1; index <= 3; ++index) {  // these items count from 1
+    for (int index = 1; index <= 3; ++index) {  // their indexes start at 1
         const auto row = static_cast<std::size_t>(index - 1);
         QAction* format = m_cdtm->addAction(kFormats[row].toString());
         format->setObjectName(Indexed(u"cdm"_s, index));
@@ -68,7 +68,7 @@ void CDForm::MakeMenus() {
         m_cdm->addAction(format);
         m_handlers.Connect(format, &QAction::triggered, this, [this, index] { m_player.cdm_Click(index); });
         QAction* repeat = m_cdtm1->addAction(kRepeats[row].toString());
-        repeat->setObjectName(Indexed(u"cdr"_s, index));  // nothing is ever repeated
+        repeat->setObjectName(Indexed(u"cdr"_s, index));  // has no effect: nothing is ever repeated
     }
 }
 
@@ -115,8 +115,8 @@ void CDForm::ShowPlayer() {
     m_cdm->actions().at(m_player.State().CdDisplayFormat)->setChecked(true);
 }
 
-/// The keys would be lost with a button that cannot be pressed any more: they go to the one that is likely
-/// wanted next.
+/// A focused button that becomes disabled would lose the keyboard focus: the focus moves to the button that
+/// is probably needed next.
 void CDForm::EnableButtons(const CdButtons& enabled) {
     for (std::size_t index = 0; index < enabled.size(); ++index) {
         if (enabled[index]) {

@@ -14,8 +14,8 @@
 
 namespace tickwell {
 
-/// The operating window of the CD player. It shows what the player says and hands it what the user does; the
-/// player plays on when it is closed. One at a time.
+/// The window of the CD player. Shows the player's state and forwards the user's actions; playback continues
+/// when the window is closed. At most one exists at a time.
 class CDForm : public QDialog {
     Q_OBJECT
 

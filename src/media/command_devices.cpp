@@ -18,7 +18,7 @@ bool IsSame(QStringView a, QStringView b) {
     return a.compare(b, Qt::CaseInsensitive) == 0;
 }
 
-/// A command ends where its first NUL stands.
+/// A command ends at its first NUL.
 QStringView UpToNul(QStringView text) {
     const qsizetype nul = text.indexOf(QChar(u'\0'));
     return nul < 0 ? text : text.first(nul);
@@ -97,7 +97,7 @@ std::unique_ptr<MediaDevice> CommandDevices::MakeDevice(const QString& name, boo
     return std::make_unique<WaveDevice>(std::move(file.wave), m_parts.sound, m_parts.timers);
 }
 
-/// While a command waits others are carried out: its device may be closed, even opened anew under its alias.
+/// While one command waits, others are executed: its device may be closed, and its alias opened again.
 void CommandDevices::Play(const OpenDevice& open, const Command& command) {
     const PlayOptions options = PlayOptionsOf(command);
     open.device->Play(options);

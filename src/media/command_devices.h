@@ -14,7 +14,7 @@
 
 namespace tickwell {
 
-/// What the devices are made of; all outlive them.
+/// References that the devices work with; all outlive them.
 struct DeviceParts {
     CdDrive& drive;
     CdPlayback& playback;
@@ -23,7 +23,8 @@ struct DeviceParts {
     EventWait& wait;
 };
 
-/// Two kinds of device, driven by texts: "cdaudio", once, and wave files, as many as are opened.
+/// Two kinds of devices, controlled by text commands: "cdaudio", which can be open once, and any number of
+/// wave files.
 class CommandDevices : public CommandStrings {
 public:
     explicit CommandDevices(const DeviceParts& parts) : m_parts(parts) {}
@@ -33,7 +34,7 @@ public:
 
 private:
     struct OpenDevice {
-        quint64 number = 0;  // never given twice
+        quint64 number = 0;  // unique, never reused
         QString alias;
         bool isCd = false;
         std::unique_ptr<MediaDevice> device;

@@ -13,7 +13,7 @@ struct ErrorRow {
     QStringView text;
 };
 
-// kErrorDriver has no row: of what a driver does not say nothing can be told.
+// kErrorDriver has no row: the driver does not report what went wrong.
 constexpr std::array kTexts{
     ErrorRow{kErrorUnknownOption, u"コマンドの中に分からない言葉があります"},
     ErrorRow{kErrorUnknownCommand, u"コマンドが分かりません"},

@@ -49,14 +49,14 @@ bool IsWord(const CommandWord& word, QStringView known) {
     return !word.isQuoted && word.text.compare(known, Qt::CaseInsensitive) == 0;
 }
 
-/// The words behind the name, from left to right.
+/// The words after the name, read from left to right.
 class Options {
 public:
     explicit Options(const Command& command) : m_words(command.rest) {}
 
     bool AtEnd() const { return m_at == m_words.size(); }
 
-    /// Steps over these words where they stand here.
+    /// Consumes these words if they come next.
     bool Take(std::initializer_list<QStringView> phrase) {
         if (m_words.size() - m_at < static_cast<qsizetype>(phrase.size()) ||
             !std::equal(phrase.begin(), phrase.end(), m_words.begin() + m_at,
@@ -67,7 +67,7 @@ public:
         return true;
     }
 
-    /// The same for a word that may stand there once.
+    /// Consumes a word that may occur only once; throws if it occurs again.
     bool TakeOnce(QStringView word, bool& isTaken) {
         if (!Take({word})) {
             return false;
@@ -86,7 +86,7 @@ public:
         return m_words[m_at++].text;
     }
 
-    /// Digits, with colons between or around them where `colons`.
+    /// Consumes a number: digits only, or digits and colons if `colons` is set.
     QString TakeNumber(bool colons) {
         QString text = TakeName(kErrorNumber);
         const bool isNumber = std::all_of(text.begin(), text.end(),
@@ -136,7 +136,7 @@ std::optional<StatusItem> TakeStatusItem(Options& options) {
     return options.Take({u"media", u"present"}) ? std::optional(StatusItem::MediaPresent) : std::nullopt;
 }
 
-/// A number too large for any track stands for one that is outside as well.
+/// A number that is too large for any track is returned as one that is outside the disc.
 qint32 TrackNumber(const QString& digits) {
     bool isSmall = false;
     const qint32 number = digits.toInt(&isSmall);

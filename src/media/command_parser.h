@@ -7,8 +7,7 @@
 
 namespace tickwell {
 
-/// One word of a command. In double quotes it may hold blanks; it is then a name, never one of the words that
-/// the language knows.
+/// One word of a command. In double quotes it may contain blanks and is always a name, never a keyword.
 struct CommandWord {
     QString text;
     bool isQuoted = false;
@@ -18,8 +17,8 @@ struct CommandWord {
 
 enum class CommandVerb { Open, Close, Play, Stop, Pause, Resume, Set, Status };
 
-/// A command as far as it says what is to be done to whom. The words that follow are read only once it is
-/// known that there is a device of that name.
+/// The verb and the device name of a command. The words after them are parsed only once a device of that name
+/// is found.
 struct Command {
     CommandVerb verb = CommandVerb::Status;
     QString name;
@@ -27,12 +26,12 @@ struct Command {
 };
 
 struct OpenOptions {
-    QString alias;  ///< the name itself where no other is given
+    QString alias;  ///< the device name if no alias is given
     bool wait = false;
 };
 
 struct PlayOptions {
-    std::optional<QString> from;  ///< digits and colons; what they mean depends on the device's time format
+    std::optional<QString> from;  ///< digits and colons; the meaning depends on the device's time format
     std::optional<QString> to;
     bool wait = false;
 };
@@ -41,19 +40,19 @@ enum class StatusItem { TrackCount, Length, Position, CurrentTrack, Mode, MediaP
 
 struct StatusOptions {
     StatusItem item = StatusItem::Mode;
-    std::optional<qint32> track;  ///< of Length and Position alone
+    std::optional<qint32> track;  ///< only for Length and Position
 };
 
-/// Blanks and tabs part words, words are taken without regard to case. All of these throw CommandError.
+/// Words are separated by blanks and tabs; keywords are case-insensitive. All of these throw CommandError.
 Command CommandOf(QStringView text);
 OpenOptions OpenOptionsOf(const Command& command);
 PlayOptions PlayOptionsOf(const Command& command);
 StatusOptions StatusOptionsOf(const Command& command);
 
-/// The word behind "time format", in small letters; empty where there is none.
+/// The word after "time format", in lower case; empty if it is missing.
 QString TimeFormatOf(const Command& command);
 
-/// For verbs that take no word but "wait".
+/// For verbs that accept no word but "wait".
 void RequireNoOptions(const Command& command);
 
 }  // namespace tickwell

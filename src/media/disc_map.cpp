@@ -14,7 +14,7 @@ namespace {
 
 constexpr qint64 kSectorsPerSecond = 75;
 constexpr qint64 kSectorsPerMinute = 60 * kSectorsPerSecond;
-constexpr qint64 kBeyondAnyDisc = qint64{1} << 40;  // ms or minutes; small enough to be multiplied
+constexpr qint64 kBeyondAnyDisc = qint64{1} << 40;  // ms or minutes; multiplying it does not overflow
 
 /// 44100 frames are 1000 ms.
 qint64 MillisecondsOf(qint64 frames) {
@@ -41,7 +41,7 @@ qint64 NumberOf(QStringView digits) {
     return number;
 }
 
-/// The parts between colons, `most` of them at most; those that were left out behind are 0.
+/// The parts between colons, at most `most`; missing trailing parts are 0.
 QList<qint64> PartsOf(const QString& text, qsizetype most) {
     QList<qint64> parts;
     for (const QStringView part : QStringView(text).split(u':')) {

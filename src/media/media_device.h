@@ -7,23 +7,25 @@
 
 namespace tickwell {
 
-/// A device that is open under an alias. Whatever fails throws CommandError. Its destruction ends its sound.
+/// A device that is open under an alias. All functions throw CommandError on failure. The destructor stops
+/// the sound.
 class MediaDevice {
 public:
     virtual ~MediaDevice() = default;
 
-    /// Returns as soon as it plays. Without a start it goes on from the position, without an end it runs to
-    /// the end of all; an end that was given before is forgotten.
+    /// Returns as soon as playback has started. Without a start it continues from the current position;
+    /// without an end it plays to the end of the medium, even if an earlier command set another end.
     virtual void Play(const PlayOptions& options) = 0;
-    virtual void Stop() = 0;   ///< the position is 0 then
-    virtual void Pause() = 0;  ///< the position stays
+    virtual void Stop() = 0;   ///< the position becomes 0
+    virtual void Pause() = 0;  ///< keeps the position
     virtual void Resume() = 0;
 
-    /// `format`: in small letters; empty where none was named.
+    /// `format`: in lower case; empty if none was given.
     virtual void SetTimeFormat(const QString& format) = 0;
     virtual QString Status(const StatusOptions& options) = 0;
 
-    /// Whether somebody who waits for the end still has to. Throws when the end came too early.
+    /// Whether the device is still playing, for commands that wait for the end. Throws if playback ended
+    /// early because of an error.
     virtual bool IsPlaying() = 0;
 };
 

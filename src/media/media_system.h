@@ -6,17 +6,17 @@
 
 namespace tickwell {
 
-/// What sound and discs of the whole program work with; all outlive them.
+/// What the sound and disc classes work with; all outlive them.
 struct MediaSystemParts {
-    DeviceParts devices;  ///< with timers of real time, as sound is
+    DeviceParts devices;  ///< with real-time timers, because sound runs in real time
     MessageBoxes& boxes;
     Handlers& handlers;
-    TimerSource& timers;   ///< the program's
-    bool& tellsNoCdDrive;  ///< as in the settings
+    TimerSource& timers;   ///< the program's time, which tests may control
+    bool& tellsNoCdDrive;  ///< the stored setting
 };
 
-/// The command layer and the CD player, put together; one for the whole program. It is there before the main
-/// window, which may but need not give the player its lines.
+/// Owns and connects the command layer and the CD player; one for the program. Created before the main
+/// window, which may provide the player's lines.
 class MediaSystem {
 public:
     explicit MediaSystem(const MediaSystemParts& parts);
@@ -24,7 +24,7 @@ public:
     MediaSystem& operator=(const MediaSystem&) = delete;
     ~MediaSystem();
 
-    /// Opens the CD drive, before there is any window. Never fails the start.
+    /// Opens the CD drive, before any window exists. A failure does not keep the program from starting.
     void OpenAtStart() { m_device.OpenAtStart(); }
 
     /// Stops and closes the CD drive.

@@ -15,7 +15,7 @@ constexpr qsizetype kLongestReply = 512;
 constexpr qsizetype kLongestErrorText = 256;
 constexpr qint32 kEmptyCommand = -1;
 
-/// A device's text as far as its first NUL, and no longer than its place.
+/// The text up to its first NUL, at most `longest` characters.
 QString Cut(const QString& text, qsizetype longest) {
     const qsizetype nul = text.indexOf(QChar(u'\0'));
     return text.left(nul < 0 ? longest : std::min(nul, longest));
@@ -136,7 +136,7 @@ qint32 Multimedia::Send(const QString& command, const std::function<void()>& sho
     return result.error;
 }
 
-/// A timer's tick may fail again and again: a box for each would bury the desktop.
+/// At most one box at a time: a timer's tick may fail again and again.
 void Multimedia::ShowBox() {
     if (m_isBoxOpen) {
         return;

@@ -9,48 +9,48 @@
 
 namespace tickwell {
 
-/// A box for a failure that the user may switch off for the future.
+/// For a failure whose message box the user may turn off for the future.
 struct FailureChoice {
     QString text;                        ///< of the check box
-    std::function<void(bool)> onClosed;  ///< whether it was ticked
+    std::function<void(bool)> onClosed;  ///< called with whether it was ticked
 };
 
-/// Drives devices by their commands. Nothing here throws but for a sum of milliseconds that leaves its range:
-/// whoever calls reads MediaError and MciReply. `showError` decides whether a failure is shown in a box; one
-/// is open at a time, and nothing waits for it. After every failure, shown or not and whichever alias it was,
-/// the CD player is not ready.
+/// Sends commands to devices. Nothing here throws, except OverflowError for a sum of milliseconds; failures
+/// are reported in MediaError and MciReply. `showError`: whether a failure is also shown in a message box,
+/// without waiting for it; at most one is open at a time. After every failure, for any alias and whether
+/// shown or not, the CD player is not ready.
 class Multimedia {
 public:
     /// All outlive this object.
     Multimedia(CommandStrings& devices, MessageBoxes& boxes, MediaState& state)
         : m_devices(devices), m_boxes(boxes), m_state(state) {}
 
-    /// What is called after every failure.
+    /// Called after every failure.
     void SetNotReady(std::function<void()> notReady) { m_notReady = std::move(notReady); }
 
     void MciOpen(const QString& device, const QString& alias, bool showError);
 
-    /// `from`, `to`: positions as the device takes them, or empty.
+    /// `from`, `to`: positions in the device's time format, or empty.
     void MciPlay(const QString& alias, bool wait, const QString& from, const QString& to, bool showError);
     void MciPlaySimple(const QString& alias, bool showError);
     void MciStop(const QString& alias, bool showError);
     void MciPause(const QString& alias, bool showError);
     void MciClose(const QString& alias, bool showError);
 
-    /// Start of a track as the device says it; empty when it failed.
+    /// Start of a track as the device reports it; empty on failure.
     QString MciTrackPosition(const QString& alias, qint32 track, bool showError);
 
-    /// 0 when it failed.
+    /// 0 on failure.
     qint32 MciTrackCount(const QString& alias, bool showError);
 
-    /// Length of all; "0" when it failed.
+    /// Length of the complete medium; "0" on failure.
     QString MciLength(const QString& alias, bool showError);
 
-    /// Plays from a track's start, to its end or to the end of all. Goes on after a query that failed: what
-    /// is not known counts as 0 or is left out.
+    /// Plays from the start of a track, to its end or to the end of the medium. Continues after a failed
+    /// query: an unknown start is left out of the command, an unknown length counts as 0.
     void MciPlayTrack(const QString& alias, qint32 track, bool oneTrack, bool showError);
 
-    /// Sends any command; returns what MediaError then is.
+    /// Sends any command and returns the new MediaError.
     qint32 MciSend(const QString& command, bool showError);
     qint32 MciSend(const QString& command, FailureChoice choice);
 
@@ -67,7 +67,7 @@ private:
     bool m_isBoxOpen = false;
 };
 
-/// The whole number that a reply stands for; 0 for a text that is none.
+/// The integer in a reply; 0 if the reply is not one.
 qint32 NumberInReply(const QString& reply);
 
 }  // namespace tickwell

@@ -58,7 +58,7 @@ void SoundPlayback::PlayChime(const QString& soundName, qint32 count) {
     AudioStart(false);
     AudioLoadWave(*file, kChimeChannel);
     AudioPlay(kChimeChannel, CheckedSub(count, 1));
-    // Begun anew: a tick left over from the chime before would cut this one off.
+    // Restarts the timer: the tick left over from the previous chime would cut this one off.
     Timer2->Stop();
     Timer2->Start();
 }
@@ -126,7 +126,8 @@ void SoundPlayback::AudioStop() {
     sound.MixSession = 0;
 }
 
-/// The sounds are named without a folder. Where it is gone they are not found, and that is silence.
+/// The sounds are opened by file name only. If the folder is missing they are not found, and the program
+/// stays silent.
 void SoundPlayback::MakeFolderCurrent() const {
     QDir::setCurrent(m_folder);
 }

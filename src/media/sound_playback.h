@@ -14,43 +14,43 @@
 
 namespace tickwell {
 
-/// What sounds at this moment; one for the whole program.
+/// The sounds currently loaded; one for the program.
 struct SoundState {
     qint32 MixSession = 0;      ///< 0: none
-    QList<qint32> MixWaves{0};  ///< the wave of each channel, channel 0 first; 0: none
+    QList<qint32> MixWaves{0};  ///< the wave of each channel, starting with channel 0; 0: none
 };
 
-/// The sounds of the time signal: each is played in a session of its own, which Timer2 closes.
+/// Plays the sounds of the time signal, each in its own session, which Timer2 closes.
 class SoundPlayback {
 public:
-    /// What it works on. All outlive it. `timers` is that of the program's timers.
+    /// References to what it works with; all outlive it. `timers`: the program's time.
     struct Parts {
         WaveMix& mix;
         SoundState& sound;
-        MediaState& media;  ///< MediaError alone is written: 0 or 1, at the start of a session
+        MediaState& media;  ///< only MediaError is written: 0 or 1, at the start of a session
         MessageBoxes& boxes;
         TimerSource& timers;
     };
 
-    /// `folder`: the program's own, where the sounds lie.
+    /// `folder`: the program's folder, which contains the sounds.
     SoundPlayback(const Parts& parts, QString folder);
 
-    /// Plays the named sound `count` times in a row. An unknown name does nothing at all. A sound that cannot
-    /// be played is silence. OverflowError where `count` is the lowest number that there is.
+    /// Plays the named sound `count` times in a row. Does nothing for an unknown name, and is silent if the
+    /// sound cannot be played. Throws OverflowError if `count` is the smallest qint32.
     void PlayChime(const QString& soundName, qint32 count);
 
-    /// Opens a session; one that is open is closed first. `showError` decides whether a failure is shown.
+    /// Opens a session, closing an open one first. `showError`: whether a failure is shown in a message box.
     void AudioStart(bool showError);
 
-    /// Loads a file onto a channel in the place of what it had; a missing file leaves it without. Channels 0
-    /// and 1 sound.
+    /// Loads a file onto a channel and replaces its wave; if the file is missing, the channel has none. Only
+    /// channels 0 and 1 can be heard.
     void AudioLoadWave(const QString& fileName, qint32 channel);
 
-    /// Plays a channel's wave, repeated `loops` times.
+    /// Plays a channel's wave once and repeats it `loops` times.
     void AudioPlay(qint32 channel, qint32 loops);
     void AudioFlush(qint32 channel);
 
-    /// Frees all waves and closes the session. Without one it does nothing.
+    /// Frees all waves and closes the session, if one is open.
     void AudioStop();
 
 private:
@@ -59,13 +59,13 @@ private:
     Parts m_parts;
     QString m_folder;
     std::unique_ptr<Timer>
-        Timer2;  ///< calls AudioStop, 30 s after the last chime began and each 30 s from then on
+        Timer2;  ///< calls AudioStop 30 s after the start of the last chime and every 30 s from then on
 };
 
 /// The names of the sounds, in the order in which they are offered.
 QStringList SoundNames();
 
-/// The file of a sound by its name, compared letter by letter; nothing for a name that is not one.
+/// The file of a sound by its exact name; nothing for an unknown name.
 std::optional<QString> SoundFile(const QString& soundName);
 
 }  // namespace tickwell

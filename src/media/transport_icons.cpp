@@ -14,14 +14,14 @@ namespace {
 
 enum class Shape { Bar, Square, Left, Right };
 
-/// A part of a sign: what it is, and from where to where it reaches across a sign that is 16 wide and high.
+/// Part of a symbol: its shape and its horizontal extent in a symbol of 16 by 16 units.
 struct Piece {
     Shape shape;
     int from;
     int to;
 };
 
-// By the index of the button. A piece of no width ends the row.
+// By the index of the button. A piece without width draws nothing.
 constexpr std::array<std::array<Piece, 2>, 7> kSigns{{
     {{{Shape::Bar, 2, 4}, {Shape::Left, 4, 14}}},
     {{{Shape::Left, 0, 8}, {Shape::Left, 8, 16}}},

@@ -5,8 +5,8 @@
 
 namespace tickwell {
 
-/// The sign on one of the player's buttons, by its index (see cd_controls.h). Drawn in the colour that
-/// buttons are written in, whatever the palette, and sharp at every size.
+/// The symbol on one of the player's buttons, by its index (see cd_controls.h). Drawn in the palette's colour
+/// for button text and sharp at every size.
 QIcon TransportIcon(int index);
 
 }  // namespace tickwell

@@ -72,7 +72,7 @@ bool WaveDevice::IsPlaying() {
     return m_stream && !m_isPaused && m_stream->FramesWaiting() > 0;
 }
 
-/// The length in milliseconds is cut off; read back, it means the very end.
+/// The length in milliseconds is rounded down; read back, it means the exact end.
 qint64 WaveDevice::FrameOf(const QString& text) const {
     bool isNumber = false;
     const qint64 milliseconds = text.toLongLong(&isNumber);
@@ -126,8 +126,7 @@ void WaveDevice::Close() {
     m_isPaused = false;
 }
 
-/// The device is closed one tick after the one that found it drained: by then the sound server is done as
-/// well.
+/// Closes the device one tick after it has drained: by then the sound server has played its buffer.
 void WaveDevice::Tick() {
     if (m_stream->FramesWaiting() > 0) {
         return;

@@ -9,8 +9,8 @@
 
 namespace tickwell {
 
-/// A wave file as a device. Its times are milliseconds, and it is all one track. A sound device is open only
-/// from the first play to shortly after the end.
+/// A wave file as a device. Its times are milliseconds and it has a single track. A sound device is open only
+/// from the first play until shortly after the end.
 class WaveDevice : public MediaDevice {
 public:
     /// Output and timers outlive this object.
@@ -36,9 +36,9 @@ private:
     SoundOutput& m_output;
     std::unique_ptr<SoundStream> m_stream;
     std::unique_ptr<Timer> m_timer;  // runs while a stream is open
-    qint64 m_end = 0;                // frames: where the stretch that was queued ends
+    qint64 m_end = 0;                // frames: the end of the queued range
     bool m_isPaused = false;
-    bool m_hasDrained = false;  // the last tick found nothing waiting
+    bool m_hasDrained = false;  // the last tick found no frames waiting
 };
 
 }  // namespace tickwell

@@ -12,8 +12,8 @@ namespace {
 constexpr qint64 kLargestFile = qint64{64} << 20;
 constexpr qsizetype kRiffHead = 12;       // "RIFF", size, "WAVE"
 constexpr qsizetype kChunkHead = 8;       // name, size
-constexpr qsizetype kFormatLength = 16;   // of the "fmt " chunk, without what may follow
-constexpr qsizetype kExtensibleTag = 24;  // where an extensible format says what it is in truth
+constexpr qsizetype kFormatLength = 16;   // of the "fmt " chunk, without optional fields
+constexpr qsizetype kExtensibleTag = 24;  // offset of the actual format tag in an extensible format
 constexpr quint16 kPcm = 1;
 constexpr quint16 kExtensible = 0xFFFE;
 
@@ -25,7 +25,7 @@ quint32 DoubleWord(QByteArrayView bytes, qsizetype at) {
     return qFromLittleEndian<quint32>(bytes.data() + at);
 }
 
-/// The first chunk of this name; cut short where the file is.
+/// The first chunk of this name, shortened if the file ends before it.
 std::optional<QByteArrayView> Chunk(QByteArrayView bytes, QByteArrayView name) {
     qsizetype at = kRiffHead;
     while (bytes.size() - at >= kChunkHead) {
@@ -37,7 +37,7 @@ std::optional<QByteArrayView> Chunk(QByteArrayView bytes, QByteArrayView name) {
         if (length >= content.size()) {
             return std::nullopt;
         }
-        at += kChunkHead + length + length % 2;  // chunks begin at even places
+        at += kChunkHead + length + length % 2;  // chunks start at even offsets
     }
     return std::nullopt;
 }
@@ -63,7 +63,7 @@ std::optional<SampleLayout> LayoutIn(QByteArrayView chunk) {
     return known ? std::optional(SampleLayout{{static_cast<int>(rate), channels}, bits / 8}) : std::nullopt;
 }
 
-/// 8-bit samples have no sign, their middle is 128; 16-bit ones have one.
+/// 8-bit samples are unsigned with 128 as zero; 16-bit samples are signed.
 qint16 SampleAt(QByteArrayView data, qsizetype index, int bytes) {
     if (bytes == 1) {
         return static_cast<qint16>((static_cast<quint8>(data[index]) - 128) * 256);

@@ -10,27 +10,27 @@
 
 namespace tickwell {
 
-/// The sound of a wave file, as a stream of its own format takes it.
+/// The sound of a wave file, converted to the samples that a SoundStream queues.
 struct Wave {
     SoundFormat format;
-    std::vector<qint16> samples;  ///< whole frames
+    std::vector<qint16> samples;  ///< complete frames
 
     qint64 Frames() const { return static_cast<qint64>(samples.size()) / format.channels; }
 };
 
-/// The wave in these bytes of a RIFF file: PCM of 8 or 16 bits, one or two channels, 1000 to 192000 frames a
-/// second. Nothing for any other bytes. A file that was cut short gives the frames that are there.
+/// Parses the bytes of a RIFF file: PCM of 8 or 16 bits, one or two channels, 1000 to 192000 frames a second.
+/// Returns nothing for any other bytes. A truncated file returns the frames that it has.
 std::optional<Wave> WaveOf(QByteArrayView bytes);
 
 enum class WaveProblem { None, Missing, NotPlayable };
 
 struct WaveFile {
     WaveProblem problem = WaveProblem::None;
-    Wave wave;  ///< of meaning only where there is no problem
+    Wave wave;  ///< valid only if there is no problem
 };
 
-/// Reads a whole file, of 64 MiB at most; a relative path counts from the current folder. Missing is what is
-/// no file or cannot be opened.
+/// Reads a file of at most 64 MiB; a relative path is relative to the current folder. Missing: it is not a
+/// regular file or cannot be opened.
 WaveFile ReadWaveFile(const QString& path);
 
 }  // namespace tickwell

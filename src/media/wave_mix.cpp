@@ -9,7 +9,8 @@ namespace {
 
 constexpr SoundFormat kUsualFormat{22050, 1};  // of the sounds that ship with the program
 constexpr int kTick = 100;                     // ms
-constexpr qint64 kAhead = 60;                  // s of sound that are queued at most: a chime is queued whole
+constexpr qint64 kAhead = 60;  // s of sound: repetitions are queued while less than this is waiting, so a
+                               // chime is queued completely
 
 }  // namespace
 
@@ -91,8 +92,8 @@ void WaveMix::WaveMixCloseSession(qint32 session) {
     m_timer->Stop();
 }
 
-/// Leaves the channel with a device of this format. One that it has, or that of the activation, is used
-/// again; others are closed before a new one is opened, for some machines have but one.
+/// Gives the channel a device of this format: its own or that of the activation if one fits. Otherwise closes
+/// both before opening a new one, because some machines have only one device.
 bool WaveMix::OpenStream(Channel& channel, const SoundFormat& format) {
     const auto fits = [&](const Channel& one) {
         return one.stream != nullptr && one.format == format && !one.stream->IsLost();
@@ -114,7 +115,7 @@ bool WaveMix::OpenStream(Channel& channel, const SoundFormat& format) {
     return channel.stream != nullptr;
 }
 
-/// Queues repetitions, none of them in part, as long as less than enough waits.
+/// Queues complete repetitions while less than kAhead of sound is waiting.
 void WaveMix::Fill(Channel& channel) {
     const auto sound = m_waves.constFind(channel.wave);
     if (sound == m_waves.constEnd()) {

@@ -12,42 +12,43 @@
 
 namespace tickwell {
 
-/// Plays waves side by side, a channel each. Sessions, and the waves in them, are known by numbers above 0; a
-/// number that is not known does nothing. Devices are open only while something sounds: each channel opens
-/// its own, in the format of its wave, and the first takes over the one that showed at the activation that
-/// there is sound at all.
+/// Plays waves simultaneously, each on its channel. Sessions and waves have numbers above 0; an unknown
+/// number does nothing. Devices are open only while something plays: each channel opens its own in the format
+/// of its wave. The device opened by the activation, which shows whether sound works at all, is taken over by
+/// the first channel if the formats match.
 class WaveMix {
 public:
-    /// Both outlive this object. `timers` is of real time, as sound is.
+    /// Both outlive this object. `timers`: real time, because sound runs in real time.
     WaveMix(TimerSource& timers, SoundOutput& output);
 
-    /// A session of so many channels; an open one is closed first.
+    /// Opens a session with this number of channels, closing an open one first. Returns its number.
     qint32 WaveMixConfigureInit(qint32 channels);
 
-    /// False where no sound can be put out.
+    /// Returns false if no sound output can be opened.
     bool WaveMixActivate(qint32 session);
 
-    /// A wave; 0 where there is no playable file. A relative name counts from the current folder.
+    /// Loads a wave and returns its number; 0 if the file is not playable. A relative name is relative to the
+    /// current folder.
     qint32 WaveMixOpenWave(qint32 session, const QString& fileName);
 
-    /// Makes a channel ready to be played on; false where the session has none of this number.
+    /// Makes a channel playable; false if the session has no channel of this number.
     bool WaveMixOpenChannel(qint32 session, qint32 channel);
 
-    /// Drops what the channel plays and plays the wave on it, `loops` times more than once and without a gap.
+    /// Stops what the channel plays, then plays the wave once and repeats it `loops` times without a gap.
     void WaveMixPlay(qint32 session, qint32 channel, qint32 wave, qint32 loops);
 
-    /// Ends what the channel plays.
+    /// Stops what the channel plays.
     void WaveMixFlushChannel(qint32 session, qint32 channel);
     void WaveMixFreeWave(qint32 session, qint32 wave);
     void WaveMixCloseSession(qint32 session);
 
 private:
-    /// What a channel plays. Nothing once its wave is freed.
+    /// A channel and what it plays. Once its wave is freed, no more repetitions are queued.
     struct Channel {
-        std::unique_ptr<SoundStream> stream;  // none while it is silent
+        std::unique_ptr<SoundStream> stream;  // null while it is silent
         SoundFormat format;
         qint32 wave = 0;
-        qint32 loopsLeft = 0;  // that are not queued yet
+        qint32 loopsLeft = 0;  // repetitions not queued yet
         int silentFor = 0;     // ms
     };
 
@@ -62,7 +63,7 @@ private:
     qint32 m_channelCount = 0;
     QHash<qint32, Wave> m_waves;
     std::map<qint32, Channel> m_channels;
-    Channel m_first;                 // the device of the activation, until a channel takes it
+    Channel m_first;                 // the device opened by the activation, until a channel takes it
     std::unique_ptr<Timer> m_timer;  // runs while a device is open
 };
 

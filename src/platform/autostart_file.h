@@ -7,12 +7,12 @@
 
 namespace tickwell {
 
-/// tickwell.desktop in the folders that desktops look through at a login. A file of the user's stands before
-/// one that the system has for everybody, which it can hide.
+/// tickwell.desktop in the folders that desktops read at login. The user's file takes precedence over the
+/// system-wide one, which it can hide.
 class AutostartFile : public Autostart {
 public:
-    /// `folders`: the user's own first, then the system's, best first. `command`: the words that start this
-    /// program, the absolute path of its file first.
+    /// `folders`: the user's own first, then the system's, best first. `command`: the command line of this
+    /// program, beginning with the absolute path of its executable.
     AutostartFile(const QStringList& folders, QStringList command);
 
     bool IsOn() const override;

@@ -6,10 +6,10 @@
 
 namespace tickwell {
 
-/// The user's folders by the freedesktop.org rules for base directories: all absolute, from the environment
+/// The user's folders according to the XDG Base Directory Specification: all absolute, from the environment
 /// or a default. A relative path in the environment is invalid and is ignored; QStandardPaths would take it.
 
-/// Removes those that are relative from the environment of this process, so that no library takes them
+/// Removes those that are relative from the environment of this process, so that no library uses them
 /// either, with a warning for each. To be called before any thread is started.
 void DropRelativeFolders();
 

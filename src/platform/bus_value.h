@@ -7,9 +7,10 @@
 
 namespace tickwell {
 
-/// Takes the next value out of a message: bool, int, uint, qlonglong, qulonglong, double or QString as the
-/// message's own type says, the contents of a variant, and a dictionary of variants as a QVariantMap. A value
-/// of any other type is skipped, and invalid, as is the one behind the last or in a damaged message.
+/// Reads the next value of a message: bool, int, uint, qlonglong, qulonglong, double or QString as the
+/// message's own type says, the contents of a variant, and a dictionary of variants as a QVariantMap. Values
+/// of other types are skipped and returned as invalid, as is the value after the last or in a damaged
+/// message.
 QVariant TakeBusValue(sd_bus_message* message);
 
 }  // namespace tickwell

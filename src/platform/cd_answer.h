@@ -8,7 +8,7 @@
 
 namespace tickwell {
 
-/// What a look at the drive has shown. Contents are there where status is Ready.
+/// The state of the drive. The contents are valid if the status is Ready.
 struct CdSeen {
     CdStatus status = CdStatus::NotReady;
     CdContents contents;
@@ -16,10 +16,10 @@ struct CdSeen {
     bool operator==(const CdSeen&) const = default;
 };
 
-/// What tickwell-cd saw, from what it wrote. Anything that it would not write whole is NotReady.
+/// Parses the output of tickwell-cd. Anything that is not a complete valid answer means NotReady.
 CdSeen SeenFrom(const QByteArray& answer);
 
-/// The contents of a disc as tickwell-cd is told them.
+/// The contents of a disc as an argument of tickwell-cd.
 QString ContentsText(const CdContents& contents);
 
 }  // namespace tickwell

@@ -13,13 +13,13 @@
 
 namespace tickwell {
 
-/// The drive by way of tickwell-cd: this process never touches it. A helper that dies is a disc that is not
-/// ready, and stays so until another one is seen.
+/// Accesses the drive through tickwell-cd; this process never touches it. If the helper dies, the disc counts
+/// as not ready until a different one is seen.
 class CdHelperDrive : public CdDrive, public CdPlayback {
 public:
     /// `helper`: the path of tickwell-cd. `source`: a drive or an image; empty for the machine's own drive,
-    /// which may come and go. Timers and output outlive this object and are of real time, as drives and sound
-    /// are.
+    /// which may come and go. Timers and output outlive this object and run in real time, as drives and sound
+    /// do.
     CdHelperDrive(TimerSource& timers, SoundOutput& output, const QString& helper, QString source);
 
     bool Exists() const override;
@@ -47,9 +47,9 @@ private:
     CdSeen m_seen;
     quint32 m_number = 0;
     bool m_readError = false;
-    std::optional<CdContents> m_distrusted;  // of a disc that the helper died of
+    std::optional<CdContents> m_distrusted;  // of a disc that crashed the helper
     std::function<void()> m_changed;
-    std::unique_ptr<Timer> m_timer;  // runs while a look, a stream or a dying child needs it
+    std::unique_ptr<Timer> m_timer;  // runs while a look, a stream or a dying child process needs it
 };
 
 }  // namespace tickwell

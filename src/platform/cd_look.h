@@ -8,18 +8,18 @@
 
 namespace tickwell {
 
-/// A look at the drive, by way of tickwell-cd.
+/// Determines the state of the drive through tickwell-cd.
 class CdLook {
 public:
     /// `helper`: the path of tickwell-cd. `reaper` outlives this object.
     CdLook(ChildReaper& reaper, QString helper) : m_helper(std::move(helper)), m_child(reaper) {}
 
-    /// Begins; nothing where one is under way. An empty source is a drive that is not there.
+    /// Starts a look; does nothing while one is running. An empty source means that there is no drive.
     void Start(const QString& source);
     bool IsUnderWay() const { return m_isUnderWay; }
 
-    /// To be called each `milliseconds`: what the look has shown, once it has ended. A helper that dies,
-    /// talks nonsense or takes longer than a drive needs to spin up has seen a drive that is not ready.
+    /// To be called every `milliseconds`: the result, once the look has ended. If the helper dies, writes
+    /// invalid output or takes longer than a drive needs to spin up, the drive is not ready.
     std::optional<CdSeen> Tick(int milliseconds);
 
 private:
@@ -27,10 +27,10 @@ private:
 
     QString m_helper;
     ChildProcess m_child;
-    QByteArray m_answer;  // as far as it came
+    QByteArray m_answer;  // as far as received
     int m_passed = 0;     // ms
     bool m_isUnderWay = false;
-    bool m_isStarted = false;  // there is a helper
+    bool m_isStarted = false;  // the helper is running
     bool m_hasSource = false;
 };
 

@@ -35,7 +35,7 @@ struct FolderCloser {
     void operator()(DIR* folder) const { closedir(folder); }
 };
 
-/// The names of drives in a folder, sorted. Read by hand: the toolkit would load its regular expressions to
+/// The names of drives in a folder, sorted. Read by hand: Qt would load its regular expressions to
 /// compare them with a pattern.
 QStringList NamesOfDrives(const QString& folder) {
     QStringList names;

@@ -5,8 +5,8 @@
 
 namespace tickwell {
 
-/// Where discs are read: `named`, a drive or an image, where it is not empty; else the first drive of the
-/// machine. Empty where that is not there. Looks at names alone and touches no drive.
+/// The drive or image that discs are read from: `named` if it is not empty, else the first drive of the
+/// machine, else empty. Only looks at file names and accesses no drive.
 QString CdSource(const QString& named, const QString& deviceFolder = QStringLiteral("/dev"));
 
 }  // namespace tickwell

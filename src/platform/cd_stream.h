@@ -12,13 +12,13 @@
 
 namespace tickwell {
 
-/// A disc, or an image, that is there with these contents.
+/// A disc or image that is present, with its contents.
 struct CdPlace {
     QString source;
     CdContents contents;
 };
 
-/// Plays a stretch of a disc: reads ahead by way of tickwell-cd and queues the sound.
+/// Plays a range of a disc: reads ahead through tickwell-cd and queues the sound.
 class CdStream {
 public:
     enum class Trouble { None, DiscGone, HelperDied, OutputGone };
@@ -26,7 +26,7 @@ public:
     /// `helper`: the path of tickwell-cd. Output and reaper outlive this object.
     CdStream(SoundOutput& output, ChildReaper& reaper, QString helper);
 
-    /// As CdPlayback has them.
+    /// See CdPlayback.
     bool Play(const CdPlace& place, qint64 fromFrame, qint32 toSector);
     bool GoOn(const CdPlace& place, qint32 toSector);
     void Pause();
@@ -35,10 +35,11 @@ public:
     CdMode Mode() const { return m_mode; }
     qint64 Position() const;
 
-    /// To be called each `milliseconds`. What ended the playing now, if it was not the end of the stretch.
+    /// To be called every `milliseconds`. Returns what has stopped playback, if it was not the end of the
+    /// range.
     Trouble Tick(int milliseconds);
 
-    /// Neither a device nor a helper is held: no tick is needed.
+    /// Whether it holds neither a device nor a helper and needs no ticks.
     bool IsIdle() const { return m_stream == nullptr && !m_child.IsRunning(); }
 
 private:
@@ -56,15 +57,15 @@ private:
     ChildProcess m_child;
     std::unique_ptr<SoundStream> m_stream;
     CdMode m_mode = CdMode::Stopped;
-    CdMode m_pausedMode = CdMode::Playing;  // while paused: what goes on
-    qint64 m_position = 0;                  // frame, while nothing is played
+    CdMode m_pausedMode = CdMode::Playing;  // while paused: the mode to resume
+    qint64 m_position = 0;                  // frame, while not playing
     CdPlace m_place;
     CdStretch m_stretch;
-    qsizetype m_run = 0;   // of the stretch, that is read or is to be read next
-    qint64 m_queued = 0;   // frames of the stretch
-    qsizetype m_skip = 0;  // bytes of the run's first sector that lie before its start
-    QByteArray m_half;     // the begun frame at the end of what was read
-    int m_rested = 0;      // ms since the last sound was taken, or since the pause
+    qsizetype m_run = 0;   // the run being read or to be read next
+    qint64 m_queued = 0;   // frames of the range
+    qsizetype m_skip = 0;  // bytes of the run's first sector before its start
+    QByteArray m_half;     // the incomplete frame at the end of the data read
+    int m_rested = 0;      // ms since the device last took sound, or since the pause
 };
 
 }  // namespace tickwell

@@ -7,15 +7,15 @@
 
 namespace tickwell {
 
-/// Frames that sound one after another. They count from the start of sector 0.
+/// A range of consecutive audio frames, counted from the start of sector 0.
 struct CdRun {
     qint64 from = 0;
-    qint64 to = 0;  ///< no longer played; the end of a sector
+    qint64 to = 0;  ///< exclusive; the end of a sector
 
     bool operator==(const CdRun&) const = default;
 };
 
-/// What sounds of a disc between a frame and a sector: data tracks are left out.
+/// The audio between a frame and a sector of a disc, without data tracks.
 class CdStretch {
 public:
     CdStretch() = default;
@@ -24,7 +24,7 @@ public:
     const QList<CdRun>& Runs() const { return m_runs; }
     qint64 End() const { return m_end; }
 
-    /// Where the disc is when so many frames have sounded. Behind the last run it is the end.
+    /// The position on the disc after so many frames were played; after the last run it is the end.
     qint64 PositionAfter(qint64 frames) const;
 
 private:

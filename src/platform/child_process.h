@@ -10,8 +10,8 @@
 
 namespace tickwell {
 
-/// Processes that were ended and are not gone yet: one that hangs in a drive cannot die at once, and nobody
-/// waits for it. Whoever has a timer calls Reap now and then.
+/// Killed child processes that have not exited yet: one that is blocked by a drive cannot exit at once, and
+/// nobody waits for it. The owner calls Reap from a timer.
 class ChildReaper {
 public:
     ChildReaper() = default;
@@ -19,7 +19,7 @@ public:
     ChildReaper(const ChildReaper&) = delete;
     ChildReaper& operator=(const ChildReaper&) = delete;
 
-    /// Ends a child of this process by its id.
+    /// Kills a child of this process.
     void End(pid_t child);
     void Reap();
     bool IsIdle() const { return m_ended.empty(); }
@@ -28,32 +28,31 @@ private:
     std::vector<pid_t> m_ended;
 };
 
-/// A program that writes to a pipe which is read without ever waiting.
+/// A child process whose standard output is read through a pipe without blocking.
 class ChildProcess {
 public:
-    /// `reaper` outlives this object, whose end is the child's.
+    /// `reaper` outlives this object. The destructor kills the child.
     explicit ChildProcess(ChildReaper& reaper) : m_reaper(reaper) {}
     ~ChildProcess() { End(); }
     ChildProcess(const ChildProcess&) = delete;
     ChildProcess& operator=(const ChildProcess&) = delete;
 
-    /// Starts `program`, which reads `input` from its standard input, and ends an older child first. Returns
-    /// false if it cannot be started.
+    /// Starts `program` with `input` as its standard input, and kills an older child first. Returns false if
+    /// it cannot be started.
     bool Start(const QString& program, const QStringList& arguments, const QByteArray& input = {});
 
-    /// Up to `most` bytes of what it has written; empty when there is nothing now or nothing any more.
+    /// Up to `most` bytes of its output; empty if there is none yet or no more.
     QByteArray Read(qsizetype most);
 
-    /// Once it has closed its output, all of that was read, and it has ended: its exit code, -1 where it died
-    /// otherwise. Nothing until then.
+    /// Its exit code, or -1 if a signal ended it, once it has exited and all its output was read. Nothing
+    /// until then.
     std::optional<int> ExitCode();
 
-    /// Whether there is a child that was neither ended nor seen to end.
+    /// Whether a child was started and has neither been killed nor seen to exit.
     bool IsRunning() const { return m_child > 0; }
     void End();
 
-    /// Lets the child go on by itself: from now on it is no child of this object, and nobody reads its
-    /// output.
+    /// Detaches from the child, which keeps running; nobody reads its output any more.
     void LetGo();
 
 private:

@@ -6,11 +6,10 @@
 
 namespace tickwell {
 
-/// The programs of this desktop. What is started is no child of ours: it lives on when we end, and we never
-/// wait for it.
+/// Starts programs of this desktop, detached: they survive this process, which never waits for them.
 class DesktopPrograms : public ProgramStarter {
 public:
-    /// `inheritance`: what programs start with.
+    /// `inheritance`: the environment and umask that programs start with.
     explicit DesktopPrograms(Inheritance inheritance) : m_inheritance(std::move(inheritance)) {}
 
     QString Find(const QString& name) const override;

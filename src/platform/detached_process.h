@@ -8,7 +8,7 @@
 
 namespace tickwell {
 
-/// What a process has from who started it and hands down to what it starts itself.
+/// What a process inherits from its parent and passes on to the programs that it starts.
 struct Inheritance {
     mode_t mask = 0;             ///< umask
     QByteArrayList environment;  ///< each as NAME=value
@@ -16,10 +16,9 @@ struct Inheritance {
     static Inheritance OfThisProcess();
 };
 
-/// Starts a program that is no child of this process and lives on without it: in a session of its own, with
-/// default signals, the standard streams of this process, and none of its other files. `words`: the absolute
-/// path of the program, then its arguments. `folder`: its current one. Returns 0, or the number of the error
-/// that kept it from starting.
+/// Starts a program detached from this process: in a session of its own, with default signal handling and the
+/// standard streams of this process, but none of its other files. `words`: the absolute path of the program,
+/// then its arguments. `folder`: its working directory. Returns 0 or an errno value.
 int StartDetached(const QByteArrayList& words, const QByteArray& folder, const Inheritance& inheritance);
 
 }  // namespace tickwell

@@ -6,23 +6,23 @@
 
 namespace tickwell {
 
-/// A file that one process at a time holds. The system lets go of it with the process, however that ends, so
-/// that nothing has to be written into the file or brought to the disk: a start never waits for one.
+/// A lock file held by one process at a time. The kernel releases it when the process ends for any reason, so
+/// nothing has to be written into the file or synced: a start never waits for a disk.
 class FileLock {
 public:
     enum class Outcome {
         Taken,
         HeldElsewhere,
-        Impossible,  ///< the file can be neither opened nor made
+        Impossible,  ///< the file can be neither opened nor created
     };
 
-    /// `path`: the file, made where it is missing and removed with this object where that holds it.
+    /// `path`: the file, created if missing, and removed by the destructor if this object holds it.
     explicit FileLock(const QString& path);
     ~FileLock();
     FileLock(const FileLock&) = delete;
     FileLock& operator=(const FileLock&) = delete;
 
-    /// Tries once and never waits. Held already, it is taken.
+    /// Tries once, without waiting. Succeeds if this object holds it already.
     Outcome Take();
 
 private:

@@ -3,13 +3,12 @@
 
 namespace tickwell {
 
-/// Lets this process give large blocks back to the system as soon as they are freed, and keeps its few
-/// threads from having heaps of their own. Called before anything else is done.
+/// Makes malloc return large blocks to the system as soon as they are freed, and use one arena for all
+/// threads. Called first of all.
 void KeepHeapSmall();
 
-/// Gives back what windows leave behind when they go or are hidden: their pictures, the toolkit's drawn parts
-/// of controls, and whole pages that were freed among others still in use. Takes milliseconds, and what was
-/// dropped is drawn again when it is needed.
+/// Returns memory that closed or hidden windows leave behind: backing stores, Qt's cached pixmaps of
+/// controls, and free heap pages. Takes some milliseconds; whatever was dropped is drawn again when needed.
 void ReturnFreedMemory();
 
 }  // namespace tickwell

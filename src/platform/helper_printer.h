@@ -17,7 +17,7 @@ public:
     /// services do.
     HelperPrinter(TimerSource& timers, QString helper);
 
-    /// Documents that were not cancelled are printed all the same.
+    /// Documents that were not cancelled are still printed.
     ~HelperPrinter() override;
     HelperPrinter(const HelperPrinter&) = delete;
     HelperPrinter& operator=(const HelperPrinter&) = delete;

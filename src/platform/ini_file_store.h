@@ -8,12 +8,12 @@
 
 namespace tickwell {
 
-/// Settings in one file of the user's of at most 1 MiB, which only the user can read; written whole beside
-/// the old one and renamed over it. Between start and close another copy of the program may have written it:
-/// a commit changes only the keys that were set, on the file as it then is.
+/// Settings in a file of at most 1 MiB, readable by its owner alone and replaced atomically. Another instance
+/// may write the file while this one is running, so a commit reads it again and changes only the keys that
+/// were set.
 class IniFileStore : public SettingsStore {
 public:
-    /// Reads the file and removes what a killed process left of writing it; an absent file is empty. Throws
+    /// Reads the file and removes leftovers of a killed writer; an absent file is empty. Throws
     /// RunTimeError if it is there and cannot be read, is no regular file or is too large.
     explicit IniFileStore(QString path);
 
@@ -21,7 +21,7 @@ public:
     void Set(const QString& section, const QString& key, const QString& value) override;
     void Commit() override;
 
-    /// $XDG_CONFIG_HOME/TKW2/TKW2.ini, in ~/.config where that is not set.
+    /// $XDG_CONFIG_HOME/TKW2/TKW2.ini, by default in ~/.config.
     static QString UserPath();
 
 private:
@@ -35,7 +35,7 @@ private:
 
     QString m_path;
     IniDocument m_document;
-    QList<Change> m_changes;  // in the order of their Set
+    QList<Change> m_changes;  // in the order of the Set calls
 };
 
 }  // namespace tickwell

@@ -10,12 +10,12 @@
 
 namespace tickwell {
 
-/// A stream whose device is still being opened. It keeps what is queued and hands it on once the device is
-/// there; if the device does not come it is lost.
+/// A stream whose device is still being opened. It buffers queued sound until the device is open, and drops
+/// it if opening fails.
 class LateSoundStream : public SoundStream {
 public:
-    /// What became of the opening: nothing yet, the stream of the device, or no stream. Asked with each call
-    /// until one of the latter two comes, and destroyed then.
+    /// Polls the opening: nothing yet, the stream of the device, or no stream. Called by every function until
+    /// one of the latter two is returned, and then destroyed.
     using Look = std::function<std::optional<std::unique_ptr<SoundStream>>()>;
 
     LateSoundStream(const SoundFormat& format, Look look) : m_format(format), m_look(std::move(look)) {}
@@ -31,7 +31,7 @@ private:
 
     SoundFormat m_format;
     bool m_isHeld = false;
-    mutable Look m_look;                    // until the device has come, or will not come
+    mutable Look m_look;                    // until the device is open or has failed
     mutable std::vector<qint16> m_samples;  // until then
     mutable std::unique_ptr<SoundStream> m_stream;
 };

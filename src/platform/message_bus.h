@@ -15,14 +15,14 @@
 
 namespace tickwell {
 
-/// Calls over the session's or the system's message bus, none of which ever waits: connecting, authenticating
-/// and each call go on from the event loop. Connects with the first call, and anew with the next call after
-/// the connection was lost. A bus that hangs is as good as none, until it goes on.
+/// Asynchronous calls over the session bus or the system bus: connecting, authenticating and calling are
+/// driven by the event loop. Connects with the first call, and again with the next call after the connection
+/// was lost. A bus that does not answer is treated as absent until it does.
 class MessageBus {
 public:
     enum class Kind { Session, System };
 
-    static constexpr int kPatience = 1000;  ///< ms for a call, connecting included
+    static constexpr int kPatience = 1000;  ///< ms for a call, including connecting
 
     struct Method {
         QByteArray service;
@@ -30,12 +30,12 @@ public:
         QByteArray interface;
         QByteArray name;
         QByteArrayList arguments;  ///< texts
-        bool mayStart = false;     ///< the bus may start the service for it
+        bool mayStart = false;     ///< whether the bus may start the service
     };
 
     struct Reply {
-        std::optional<QVariant> value;  ///< its first, as TakeBusValue has it; nothing if the call failed
-        bool hangs = false;             ///< failed since neither bus nor service answered in time
+        std::optional<QVariant> value;  ///< the first one, see TakeBusValue; nothing if the call failed
+        bool hangs = false;             ///< failed because bus or service did not answer in time
     };
     using Answer = std::function<void(const Reply& reply)>;
 
@@ -43,18 +43,18 @@ public:
     ~MessageBus();
     Q_DISABLE_COPY_MOVE(MessageBus)
 
-    /// `onAnswer` is called once: at once if there is no bus, else from the event loop. Not after this
-    /// object's end.
+    /// `onAnswer` is called once: immediately if there is no bus, else from the event loop, and never after
+    /// this object was destroyed.
     void Call(const Method& method, Answer onAnswer);
 
-    /// Has `onSignal` called for each signal that fits one of the match rules, and when the connection was
-    /// lost; from the event loop. Holds from the next connecting on.
+    /// Calls `onSignal` from the event loop for each signal that matches one of the rules, and when the
+    /// connection is lost. Takes effect with the next connection.
     void Listen(QByteArrayList rules, std::function<void()> onSignal);
 
 private:
     struct Unref;
     struct Waiting;
-    struct Later {  // a notifier may go from inside its own signal
+    struct Later {  // a notifier may be destroyed inside its own signal
         void operator()(QSocketNotifier* notifier) const;
     };
     using Notifier = std::unique_ptr<QSocketNotifier, Later>;

@@ -7,14 +7,14 @@
 
 namespace tickwell {
 
-/// Reads the kernel's files of power supplies, for machines without a power service. Supplies of mice, phones
-/// and the like (scope "Device") are not ours. Several batteries count as one.
+/// Reads /sys/class/power_supply, for machines without a power service. Supplies of peripherals (scope
+/// "Device") are ignored. Several batteries count as one.
 class PowerSupplies {
 public:
     explicit PowerSupplies(QString folder = QStringLiteral("/sys/class/power_supply"))
         : m_folder(std::move(folder)) {}
 
-    /// The present reading. Numbers that no battery can have are as good as missing.
+    /// The current reading. Values outside the range of a battery are treated as missing.
     PowerReading Read() const;
 
 private:

@@ -7,8 +7,8 @@
 
 namespace tickwell {
 
-/// What one line that tickwell-print wrote (without its line feed) means. A line that it would not write
-/// means that the print has failed.
+/// Parses one line of tickwell-print's output, without its line feed. An invalid line means that the print
+/// has failed.
 PrintNews NewsFrom(const QByteArray& line);
 
 /// The news if tickwell-print could not be started from this path.

@@ -7,8 +7,7 @@
 
 namespace tickwell {
 
-/// Reads MemTotal and MemAvailable of /proc/meminfo: what the kernel can give to a new program counts as
-/// free.
+/// Reads MemTotal and MemAvailable of /proc/meminfo: memory that is available to new programs counts as free.
 class ProcMemory : public Memory {
 public:
     explicit ProcMemory(QString path = QStringLiteral("/proc/meminfo")) : m_path(std::move(path)) {}

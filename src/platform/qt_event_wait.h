@@ -5,7 +5,7 @@
 
 namespace tickwell {
 
-/// Waits in an event loop of its own.
+/// Waits in a nested event loop.
 class QtEventWait : public EventWait {
 public:
     void Until(const std::function<bool()>& done) override;

@@ -8,8 +8,8 @@
 
 namespace tickwell {
 
-/// The boxes that are open. An application-modal window that opens later would block them: they are then
-/// shown again, above it.
+/// The open boxes. An application-modal window that is opened later would block them, so they are then shown
+/// again, above it.
 class OpenBoxes : public QObject {
     Q_OBJECT
 
@@ -24,7 +24,7 @@ private:
     void ShowAgain();
 
     QList<QPointer<QMessageBox>> m_boxes;  // in the order in which they were opened
-    bool m_isShownAgain = false;           // a call of ShowAgain is on its way
+    bool m_isShownAgain = false;           // a call of ShowAgain is queued
 };
 
 /// Message boxes on the desktop, above the main window, which is itself above all others.

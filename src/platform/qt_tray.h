@@ -14,11 +14,11 @@
 
 namespace tickwell {
 
-/// The notification area by Qt, for hosts on the session bus and for those of X11. Qt waits for the session
-/// bus as it puts up an icon and as it removes one: it does so only right after the bus has answered.
+/// The notification area through Qt, for hosts on the session bus and on X11. Qt blocks on the session bus
+/// when it shows or removes an icon, so it is only asked to right after the bus has answered.
 class QtTray : public Tray {
 public:
-    /// `icon` makes the icon, when one is wanted.
+    /// `icon` creates the icon when it is needed.
     explicit QtTray(std::function<QIcon()> icon);
     ~QtTray() override;
     Q_DISABLE_COPY_MOVE(QtTray)
@@ -30,7 +30,7 @@ public:
     void Hide() override;
 
 private:
-    struct Later {  // an icon may be hidden from inside its own signal
+    struct Later {  // an icon may be hidden inside its own signal
         void operator()(QSystemTrayIcon* tray) const;
     };
     using Icon = std::unique_ptr<QSystemTrayIcon, Later>;
@@ -42,7 +42,7 @@ private:
         std::function<void(bool isShown)> onShown;
     };
 
-    /// Which hosts Qt speaks to. It decides with the first icon for the whole run.
+    /// The kind of hosts that Qt uses. It decides with the first icon, for the whole run.
     enum class HostKind { Undecided, Bus, Screen };
 
     bool IsKnownThere() const;

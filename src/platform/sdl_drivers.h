@@ -8,7 +8,7 @@
 
 namespace tickwell {
 
-/// All of SDL that may wait for a sound server. Used by one thread at a time.
+/// All SDL calls that may block on a sound server. Used by one thread at a time.
 class SdlDrivers {
 public:
     explicit SdlDrivers(const QString& library) : m_library(library) {}
@@ -18,11 +18,10 @@ public:
 
     void Close(SDL_AudioDeviceID device);
 
-    /// SDL keeps its last error for each thread, and would never know that one of this program's threads has
-    /// ended.
+    /// SDL keeps its last error per thread and is not notified when a thread of this program ends.
     void ForgetThread();
 
-    /// Once a device was opened.
+    /// After a device was opened.
     const SdlFunctions& Functions() const { return *m_sdl; }
 
 private:

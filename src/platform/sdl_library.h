@@ -10,7 +10,7 @@
 
 namespace tickwell {
 
-/// What is used of SDL, under SDL's own names.
+/// The SDL functions that are used, under SDL's own names.
 struct SdlFunctions {
     decltype(&SDL_SetMainReady) SetMainReady = nullptr;
     decltype(&SDL_SetHint) SetHint = nullptr;
@@ -26,15 +26,15 @@ struct SdlFunctions {
     decltype(&SDL_TLSCleanup) TLSCleanup = nullptr;
 };
 
-/// SDL's library, which brings thirty others along: none of them is loaded before the first sound.
+/// The SDL library, loaded on demand: with its thirty dependencies it is not loaded before the first sound.
 class SdlLibrary {
 public:
-    /// `name`: what stands between "lib" and ".so.0".
+    /// `name`: the part between "lib" and ".so.0".
     explicit SdlLibrary(const QString& name);
 
-    /// Loads the library, unless it is there already. Null where the machine has none, or one without these
-    /// functions; it is then looked for again with the next call. It stays until the process ends: its
-    /// drivers leave threads and handlers behind that must find their code.
+    /// Loads the library unless it is loaded already. Null if it is missing or lacks one of these functions;
+    /// the next call then tries again. It is never unloaded, because its drivers leave threads and handlers
+    /// behind.
     const SdlFunctions* Load();
 
 private:

@@ -12,16 +12,16 @@ namespace tickwell {
 struct SdlAttempt;
 class SdlDrivers;
 
-/// Sound through SDL's queues: no callback and no lock of ours. Nothing but its library is held while no
-/// stream is open, and not even that before the first one. A sound server that hangs holds nothing up:
-/// devices are opened and closed by a thread of their own.
+/// Sound through SDL's queues, without callbacks and locks of our own. While no stream is open only the
+/// library stays loaded, and not even that before the first stream. Devices are opened and closed by a thread
+/// of their own, so that a sound server that hangs blocks nothing.
 class SdlSoundOutput : public SoundOutput {
 public:
-    /// `library`: what stands between "lib" and ".so.0". Where it is missing nothing can be opened.
+    /// `library`: the part between "lib" and ".so.0". If it is missing, nothing can be opened.
     explicit SdlSoundOutput(const QString& library = QStringLiteral("SDL2-2.0"));
 
-    /// If opening takes longer than a moment the stream keeps what is queued meanwhile; it is lost if the
-    /// device has not come after a second. While one that did not come hangs, nothing is opened.
+    /// If opening takes longer than a moment, the stream buffers queued sound, which is dropped if the device
+    /// is not open after a second. While such an attempt hangs, no other is made.
     std::unique_ptr<SoundStream> Open(const SoundFormat& format) override;
 
     int OpenDevices() const { return m_devices; }

@@ -6,20 +6,20 @@
 
 namespace tickwell {
 
-/// A look at the session bus before Qt connects to it: Qt would wait for one that hangs for half a minute,
-/// with no window yet. A bus that answers costs a millisecond.
+/// Checks the session bus before Qt connects to it: if the bus hangs, Qt would wait for half a minute before
+/// there is a window. The check takes a millisecond if the bus answers.
 class SessionBusLook {
 public:
-    /// Before the QApplication is made. If there is a bus and it does not answer within a second, Qt is led
-    /// to none.
+    /// To be constructed before the QApplication. If there is a bus and it does not answer within a second,
+    /// Qt is made to find none.
     SessionBusLook();
 
-    /// As soon as the QApplication is there: has Qt take what it was led to for the whole run, and gives the
-    /// environment back as it was, for the programs that are started.
+    /// To be called right after the QApplication was constructed: makes Qt settle on the bus for the whole
+    /// run, and restores the environment for programs that are started later.
     void Finish();
 
 private:
-    std::optional<QByteArray> m_address;  // the variable, while Qt is led to no bus
+    std::optional<QByteArray> m_address;  // the original value, while Qt is kept from the bus
     bool m_hangs = false;
 };
 

@@ -7,30 +7,30 @@
 
 namespace tickwell {
 
-/// Does jobs that may take for ever, one after the other on a thread of their own, so that their owner waits
-/// for none of them longer than it wants to. The thread lives while there are jobs. What a job works on has
-/// to outlive it: let the job own it.
+/// Runs jobs that may block forever, one after the other on a thread of their own, so that the owner decides
+/// how long to wait. The thread exists while there are jobs. A job may outlive this object and should own
+/// whatever it uses.
 class SlowJobs {
 public:
-    /// `patience`: how long the end of this object waits at most.
+    /// `patience`: how long the destructor waits at most.
     explicit SlowJobs(std::chrono::milliseconds patience);
 
-    /// Waits for the jobs, as long as the patience lasts. One that hangs is then left to itself.
+    /// Waits for the jobs up to `patience`. A job that still hangs is abandoned.
     ~SlowJobs();
     SlowJobs(const SlowJobs&) = delete;
     SlowJobs& operator=(const SlowJobs&) = delete;
 
-    /// Has a job done after those before it, and does not wait.
+    /// Queues a job and returns at once.
     void Do(std::function<void()> job);
 
-    /// Waits until all jobs are done, at most for so long; whether they are.
+    /// Waits until all jobs are done or the time is over; whether they are done.
     bool Wait(std::chrono::milliseconds atMost) const;
 
 private:
     struct Shared;
 
     std::chrono::milliseconds m_patience;
-    std::shared_ptr<Shared> m_shared;  // with the thread, which may outlive this object
+    std::shared_ptr<Shared> m_shared;  // shared with the thread, which may outlive this object
 };
 
 }  // namespace tickwell

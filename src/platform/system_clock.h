@@ -5,8 +5,7 @@
 
 namespace tickwell {
 
-/// The machine's own clocks: local time, and CLOCK_BOOTTIME for the tick, which goes on while the machine
-/// sleeps.
+/// The machine's clocks: local time, and CLOCK_BOOTTIME for the tick count, which includes suspend.
 class SystemClock : public Clock {
 public:
     QDateTime Now() const override;

@@ -9,7 +9,7 @@
 
 namespace tickwell {
 
-/// A descriptor of our own, closed with it; -1 where there is none.
+/// Owns a file descriptor; -1 for none.
 class Descriptor {
 public:
     explicit Descriptor(int number) : m_number(number) {}
@@ -22,9 +22,8 @@ private:
     int m_number;
 };
 
-/// Jumps as the kernel tells of them: a timer that is cancelled when the wall clock is set or the machine
-/// wakes up, and a watch on the file that names the zone. Where the kernel refuses either, that kind of jump
-/// is not told.
+/// Time jumps reported by the kernel: a timerfd that is cancelled when the wall clock is set or the machine
+/// resumes, and an inotify watch on the zone file. If the kernel refuses either, such jumps are not reported.
 class SystemTimeJumps : public TimeJumps {
 public:
     /// `zoneFile`: absolute. It may be replaced, and it may be missing.

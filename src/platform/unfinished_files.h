@@ -6,14 +6,14 @@
 
 namespace tickwell {
 
-/// Files and folders are made whole under a name of their own and then renamed into place. If the process is
-/// killed in between, such a name is left behind; a later start removes it.
+/// Files and folders are completed under a temporary name and then renamed. If the process is killed in
+/// between, the temporary one is left behind and removed by a later start.
 
-/// The name under which `path` is made, beside it, as a template for QTemporaryFile and QTemporaryDir. Users
-/// do not give such names to their own copies.
+/// The temporary name for `path`, beside it, as a template for QTemporaryFile and QTemporaryDir. Users do not
+/// give such names to their own copies.
 QString UnfinishedTemplate(const QString& path);
 
-/// While it lives, RemoveUnfinished leaves all in `folder` alone, in this process and in others.
+/// While it exists, RemoveUnfinished removes nothing in `folder`, neither in this process nor in others.
 class UnfinishedFilesInUse {
 public:
     explicit UnfinishedFilesInUse(const QString& folder);
@@ -25,8 +25,8 @@ private:
     int m_folder;
 };
 
-/// Removes what was left of making the file or folder `path`, if nobody is making one now. A folder goes if
-/// it holds nothing but files of these names, finished or not.
+/// Removes temporary files or folders left behind for `path`, unless one is being written now. A folder is
+/// only removed if it contains nothing but files of these names, finished or not.
 void RemoveUnfinished(const QString& path, const QStringList& filesOfFolder = {});
 
 }  // namespace tickwell

@@ -10,13 +10,12 @@
 
 namespace tickwell {
 
-/// What UPower's properties and those of its display device, by their names, come to. Nothing if a property
-/// that is needed is missing, of another type than UPower's, or outside its range; a remaining time of that
-/// kind is not known.
+/// The reading given by the properties of UPower and of its display device. Nothing if a required property is
+/// missing, of the wrong type or out of range; an invalid remaining time is merely unknown.
 std::optional<PowerReading> ReadingOf(const QVariantMap& service, const QVariantMap& device);
 
-/// Asks UPower on the system bus, by its display device: all batteries of the machine as one. If the service
-/// does not answer, or tells nonsense, the kernel's files are read.
+/// Asks UPower on the system bus for its display device, which combines all batteries of the machine. If the
+/// service does not answer or its values are invalid, the kernel's files are read.
 class UPower : public Power {
 public:
     UPower() = default;

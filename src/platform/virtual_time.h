@@ -12,11 +12,11 @@ namespace tickwell {
 
 class VirtualTimer;
 
-/// Wall clock, tick and timers that move only when told to, all three together. Tests turn it by hand, and so
-/// does whoever drives the whole program through VirtualTimePipe.
+/// Wall clock, tick count and timers that advance only on demand, all together: for tests, and for processes
+/// that control the whole program through VirtualTimePipe.
 class VirtualTime : public Clock, public TimerSource, public TimeJumps {
 public:
-    /// `tick`: milliseconds since the machine is said to have started.
+    /// `tick`: simulated milliseconds since boot.
     explicit VirtualTime(const QDateTime& now, qint64 tick = 0);
 
     QDateTime Now() const override { return QDateTime::fromMSecsSinceEpoch(m_now); }
@@ -25,24 +25,24 @@ public:
     std::unique_ptr<Timer> CreateExact(int milliseconds, std::function<void()> onTick) override;
     void Listen(std::function<void()> onJump) override { m_onJump = std::move(onJump); }
 
-    /// Sets the wall clock alone, as a user or a time server does. Its zone may be another one.
+    /// Sets the wall clock only, as a user or a time server does. The zone may differ.
     void SetNow(const QDateTime& now);
 
-    /// The machine sleeps for `milliseconds`: wall clock and tick go on, timers wait as long as before.
+    /// Suspends the machine for `milliseconds`: wall clock and tick count advance, timers do not.
     void Suspend(qint64 milliseconds);
 
-    /// Takes the machine to another zone, as TZ names it: the moment is the same, the wall clock is not.
-    /// False where the system refuses.
+    /// Changes the time zone to `zone`, as in TZ: the instant stays the same, the local time does not. False
+    /// if the system refuses.
     bool SetZone(const QByteArray& zone);
 
-    /// Milliseconds until the next timer is due; nothing when none runs.
+    /// Milliseconds until the next timer is due; nothing if none is running.
     std::optional<qint64> UntilNext() const;
 
-    /// Jumps to the next timer due within `milliseconds` and delivers its tick; returns what is left of them.
-    /// With none due in that time it jumps to its end and returns nothing.
+    /// Advances to the next timer due within `milliseconds` and delivers its tick; returns the remaining
+    /// milliseconds. If none is due, advances by all of them and returns nothing.
     std::optional<qint64> Step(qint64 milliseconds);
 
-    /// Lets `milliseconds` pass, with every tick that falls due, in order.
+    /// Advances by `milliseconds` and delivers every tick that becomes due, in order.
     void Advance(qint64 milliseconds);
 
 private:

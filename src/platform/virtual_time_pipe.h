@@ -9,20 +9,19 @@
 
 namespace tickwell {
 
-/// Lets another process turn the program's time over a pair of pipes, a line a command:
-///   advance MS        lets time pass, with every timer due in it
-///   next              jumps to the next timer due
-///   suspend MS        lets the machine sleep: time passes, and no timer is due in it
-///   wall 1998-10-03T23:59:57   sets the wall clock alone
-///   zone America/New_York      takes the machine to another zone: the moment is the same, the wall clock is
-///   not
-/// Each is answered with "ok WALL TICK" once it is carried out, or with "error" and the line. Between two
-/// timers the event loop runs on, so that windows paint as they would.
+/// Lets another process control the program's time over a pair of pipes, one command per line:
+///   advance MS        advances time and delivers every timer due
+///   next              advances to the next timer due
+///   suspend MS        suspends the machine: time advances, timers do not
+///   wall 1998-10-03T23:59:57   sets the wall clock only
+///   zone America/New_York      changes the time zone
+/// The reply is "ok WALL TICK" once the command is done, or "error" and the line. Between two timers the
+/// event loop runs, so that windows are painted.
 class VirtualTimePipe : public QObject {
     Q_OBJECT
 
 public:
-    /// The descriptors stay the caller's. `time` outlives this object.
+    /// The caller keeps ownership of the descriptors. `time` outlives this object.
     VirtualTimePipe(VirtualTime& time, int readFrom, int writeTo);
 
 private:
@@ -37,7 +36,7 @@ private:
     int m_writeTo;
     QSocketNotifier m_notifier;
     QByteArray m_received;
-    std::optional<qint64> m_left;  // ms of the command under way
+    std::optional<qint64> m_left;  // ms of the current command
 };
 
 }  // namespace tickwell

@@ -65,7 +65,7 @@ private:
                           });
     }
 
-    /// Nothing is said in answer: who has heard the word lets go.
+    /// There is no reply: the receiver closes the connection once it has read the word.
     void AwaitEnd() {
         m_socket.async_read_some(
             asio::buffer(m_answer), [this](const asio::error_code& end, std::size_t /*size*/) {
@@ -81,9 +81,9 @@ private:
 
 }  // namespace
 
-/// What listens. Throws std::system_error where it cannot begin to.
-class WordSocket::Ear {
-    /// Tells when there is something to read; a notifier that is dropped inside its own signal goes after it.
+/// The listening end. Throws std::system_error if it cannot listen.
+class WordSocket::Listener {
+    /// Notified when there is something to read. May be destroyed inside its own signal.
     class Notifier {
     public:
         Notifier(int descriptor, std::function<void()> ready)
@@ -103,8 +103,8 @@ class WordSocket::Ear {
     };
 
 public:
-    Ear(const QString& path, const std::function<void(const QByteArray&)>& heard)
-        : m_path(path), m_heard(heard), m_acceptor(m_loop) {
+    Listener(const QString& path, const std::function<void(const QByteArray&)>& onWord)
+        : m_path(path), m_onWord(onWord), m_acceptor(m_loop) {
         const Protocol::endpoint address = AddressOf(path);
         m_acceptor.open();
         KeepFromChildren(m_acceptor.native_handle());
@@ -120,16 +120,16 @@ public:
         m_acceptor.listen();
         m_notifier = std::make_unique<Notifier>(m_acceptor.native_handle(), [this] { Answer(); });
     }
-    ~Ear() {
+    ~Listener() {
         if (SocketPlaceOf(m_path) == SocketPlace::OwnSocket) {
             QFile::remove(m_path);
         }
     }
-    Ear(const Ear&) = delete;
-    Ear& operator=(const Ear&) = delete;
+    Listener(const Listener&) = delete;
+    Listener& operator=(const Listener&) = delete;
 
 private:
-    struct Guest {
+    struct Connection {
         Socket socket;
         std::unique_ptr<Notifier> notifier;
     };
@@ -143,7 +143,7 @@ private:
             }
         }
         if (failure != asio::error::would_block) {
-            // No more descriptors, say. Whoever stands at the door would be announced again and again.
+            // Out of descriptors, for example: the pending connection would be signalled again and again.
             m_notifier.reset();
             m_acceptor.close(failure);
         }
@@ -155,42 +155,43 @@ private:
         if (failure) {
             return;
         }
-        if (m_guests.size() >= kMostGuests) {
-            m_guests.pop_front();
+        if (m_connections.size() >= kMostConnections) {
+            m_connections.pop_front();
         }
-        const auto guest = m_guests.insert(m_guests.end(), Guest{std::move(socket), nullptr});
-        guest->notifier =
-            std::make_unique<Notifier>(guest->socket.native_handle(), [this, guest] { Hear(guest); });
+        const auto connection =
+            m_connections.insert(m_connections.end(), Connection{std::move(socket), nullptr});
+        connection->notifier = std::make_unique<Notifier>(connection->socket.native_handle(),
+                                                          [this, connection] { Receive(connection); });
     }
 
-    void Hear(std::list<Guest>::iterator guest) {
+    void Receive(std::list<Connection>::iterator connection) {
         std::array<char, kLongestWord> word{};
         asio::error_code failure;
-        const std::size_t length = guest->socket.read_some(asio::buffer(word), failure);
+        const std::size_t length = connection->socket.read_some(asio::buffer(word), failure);
         if (failure == asio::error::would_block) {
             return;
         }
-        m_guests.erase(guest);
+        m_connections.erase(connection);
         if (!failure) {
-            m_heard(QByteArray(word.data(), static_cast<qsizetype>(length)));
+            m_onWord(QByteArray(word.data(), static_cast<qsizetype>(length)));
         }
     }
 
     QString m_path;
-    const std::function<void(const QByteArray&)>& m_heard;
-    asio::io_context m_loop;  // what the library's sockets belong to; nothing waits in it
+    const std::function<void(const QByteArray&)>& m_onWord;
+    asio::io_context m_loop;  // Asio's sockets need one; it is never run
     Protocol::acceptor m_acceptor;
-    std::list<Guest> m_guests;  // the oldest first
+    std::list<Connection> m_connections;  // the oldest first
     std::unique_ptr<Notifier> m_notifier;
 };
 
-WordSocket::WordSocket(std::function<void(const QByteArray&)> heard) : m_heard(std::move(heard)) {}
+WordSocket::WordSocket(std::function<void(const QByteArray&)> onWord) : m_onWord(std::move(onWord)) {}
 
 WordSocket::~WordSocket() = default;
 
 bool WordSocket::Listen(const QString& path) {
     try {
-        m_ear = std::make_unique<Ear>(path, m_heard);
+        m_listener = std::make_unique<Listener>(path, m_onWord);
     } catch (const std::system_error& error) {
         qWarning("cannot listen at %s: %s", qUtf8Printable(path), error.what());
         return false;

@@ -9,34 +9,33 @@
 
 namespace tickwell {
 
-/// A socket among the files, of the user's alone, on which other processes of that user's say one short word
-/// each. Another user's word is not heard.
+/// A Unix domain socket on which other processes of the same user send one short word each. Connections of
+/// other users are closed unread.
 class WordSocket {
 public:
-    static constexpr int kLongestWord = 16;  // bytes; what follows is thrown away
-    static constexpr int kMostGuests = 8;    // who say nothing; the oldest makes way
+    static constexpr int kLongestWord = 16;     // bytes; what follows is discarded
+    static constexpr int kMostConnections = 8;  // open and silent ones; a further one closes the oldest
 
-    /// `heard` is called from the event loop with what a guest said, after that one was let go. It may be
-    /// anything.
-    explicit WordSocket(std::function<void(const QByteArray& word)> heard);
-    /// Takes the socket away.
+    /// `onWord` is called from the event loop with what was received, which may be anything, after its
+    /// connection was closed.
+    explicit WordSocket(std::function<void(const QByteArray& word)> onWord);
+    /// Closes the socket and removes its file.
     ~WordSocket();
     WordSocket(const WordSocket&) = delete;
     WordSocket& operator=(const WordSocket&) = delete;
 
-    /// Listens at `path` until its end, in place of a socket that an ended process left there. Called once.
-    /// False if it cannot, with the reason in the log: something else is there, or the path has more than 107
-    /// bytes.
+    /// Listens at `path`, replacing the socket of a dead process. Called once. Returns false, with the reason
+    /// in the log, if something else is there or the path has more than 107 bytes.
     bool Listen(const QString& path);
 
 private:
-    class Ear;
+    class Listener;
 
-    std::function<void(const QByteArray&)> m_heard;
-    std::unique_ptr<Ear> m_ear;
+    std::function<void(const QByteArray&)> m_onWord;
+    std::unique_ptr<Listener> m_listener;
 };
 
-/// What is at the path of a socket. A symbolic link is not followed.
+/// What exists at the path of a socket. Symbolic links are not followed.
 enum class SocketPlace {
     Free,
     OwnSocket,  ///< a socket of this user's, whether or not a process listens at it
@@ -44,8 +43,8 @@ enum class SocketPlace {
 };
 SocketPlace SocketPlaceOf(const QString& path);
 
-/// Says a word to the process that listens at `path`, and waits until it has let go; nothing is said to
-/// another user's. False where nobody listens or lets go within `patience`.
+/// Sends a word to the process that listens at `path`, unless that belongs to another user, and waits until
+/// it closes the connection. False if nobody listens or the connection is not closed within `patience`.
 bool SayWord(const QString& path, const QByteArray& word, std::chrono::milliseconds patience);
 
 }  // namespace tickwell

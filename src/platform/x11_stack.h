@@ -55,7 +55,7 @@ private:
     void SendDeclared(xcb_connection_t* server, quint32 window) const;
 
     std::array<quint32, AtomCount> m_atoms{};
-    Kept m_refused;  // what was kept when the declared states were last asked for in vain
+    Kept m_refused;  // the kept states when a request for the declared ones last failed
 };
 
 }  // namespace tickwell

@@ -17,7 +17,7 @@ constexpr int kConnectPatience = 30'000;  // ms
 constexpr int kAnyFamily = 0;             // AF_UNSPEC
 constexpr double kUnitsPerMillimetre = 100;
 
-/// libcups would otherwise ask for a password on the terminal that the program was started from.
+/// Without this, libcups would ask for a password on the terminal that the program was started from.
 const char* NoPassword(const char*, http_t*, const char*, const char*, void*) {
     return nullptr;
 }
@@ -44,7 +44,7 @@ const char* WordFor(ipp_status_t status) {
     }
 }
 
-/// The measures of a paper by any of the names that options and attributes have for it; null if unknown.
+/// The dimensions of a paper by any of its names in options and attributes; null if unknown.
 const pwg_media_t* PaperNamed(const char* name) {
     if (name == nullptr) {
         return nullptr;
@@ -76,7 +76,7 @@ Failure CupsQueue::Open() {
 }
 
 const char* CupsQueue::DefaultPaperName() {
-    for (const char* option : {"media", "PageSize"}) {  // chosen by the user, stored by lpoptions
+    for (const char* option : {"media", "PageSize"}) {  // set by the user, stored by lpoptions
         const char* name = cupsGetOption(option, m_printer->num_options, m_printer->options);
         if (PaperNamed(name) != nullptr) {
             return name;
@@ -131,7 +131,7 @@ Answer CupsQueue::Accepted() const {
     return {kAccepted, TextOf(m_printer->name), ""};
 }
 
-/// What the service answered last. A queue that accepts no jobs says why in its state message.
+/// The last error of the service. If the queue accepts no jobs, its state message is the reason.
 Answer CupsQueue::RefusalNow() {
     Answer answer{WordFor(cupsLastError()), TextOf(m_printer->name), TextOf(cupsLastErrorString())};
     if (answer.word == kRejecting) {
@@ -169,7 +169,7 @@ Failure CupsQueue::StateOfJob(bool& hasEnded) {
     constexpr std::array<const char*, 2> kWanted{"job-state", "job-printer-state-message"};
     const Response response = Ask(IPP_OP_GET_JOB_ATTRIBUTES, m_job, kWanted.data(), kWanted.size());
     ipp_attribute_t* state = ippFindAttribute(response.get(), kWanted[0], IPP_TAG_ENUM);
-    // A queue that keeps no history no longer knows a job that has ended.
+    // A queue without a job history forgets a job as soon as it has ended.
     hasEnded = state == nullptr || ippGetInteger(state, 0) >= IPP_JSTATE_CANCELED;
     if (state == nullptr || ippGetInteger(state, 0) != IPP_JSTATE_ABORTED) {
         return std::nullopt;

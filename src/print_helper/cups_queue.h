@@ -10,13 +10,13 @@
 
 namespace tickwell {
 
-/// The user's default printer at the print service. Every call waits for the service, up to kPatienceSeconds.
+/// The user's default printer. Every call waits for the print service, up to kPatienceSeconds.
 class CupsQueue : public Spool {
 public:
-    /// Connects to the service and looks for the default printer. First of all calls.
+    /// Connects to the service and finds the default printer. Must be called first.
     Failure Open();
 
-    /// The paper that the printer uses by default; A4 if it does not say.
+    /// The printer's default paper; A4 if it reports none.
     Paper DefaultPaper();
 
     Failure CreateJob(const std::string& title) override;
@@ -25,10 +25,11 @@ public:
     Failure FinishDocument() override;
     void CancelJob() override;
 
-    /// Follows the created job until it ends, for up to kFollowSeconds. Returns why the queue gave it up.
+    /// Follows the created job until it ends, for up to kFollowSeconds. Returns the reason if the queue
+    /// aborted it.
     Failure FollowJob();
 
-    /// The answer for a job that the queue accepted.
+    /// The answer for an accepted job.
     Answer Accepted() const;
 
 private:

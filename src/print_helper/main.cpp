@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// tickwell-print: prints a report for tickwell, in a process of its own, because a print service that does
-// not answer blocks its clients for minutes. protocol.h says what it reads and writes.
+// tickwell-print: prints a report for tickwell in a separate process, because a print service that does not
+// answer blocks its clients for minutes. See protocol.h for its input and output.
 
 #include <QFile>
 #include <QGuiApplication>
@@ -15,7 +15,7 @@ namespace {
 
 using namespace tickwell;
 
-/// The program may have ended; the job is printed all the same.
+/// Ignores write errors: the job is printed even if the program has ended.
 void Tell(const Answer& answer) {
     std::fputs(AnswerLine(answer).c_str(), stdout);
     std::fflush(stdout);
@@ -52,7 +52,7 @@ int main(int argc, char** argv) {
     }
     std::signal(SIGPIPE, SIG_IGN);
     qputenv("QT_QPA_PLATFORM", "offscreen");  // fonts are needed, a display is not
-    int count = 1;                            // the title is no option for Qt
+    int count = 1;                            // hides the title from Qt's option parser
     const QGuiApplication application(count, argv);
     QFile input;
     if (!input.open(stdin, QIODevice::ReadOnly)) {

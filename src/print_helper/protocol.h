@@ -3,25 +3,25 @@
 
 namespace tickwell {
 
-/// How the program and its helper tickwell-print communicate.
+/// Protocol between the program and its helper tickwell-print.
 ///
 ///   tickwell-print TITLE
 /// reads the report from its standard input (UTF-8, lines separated by LF), prints it on the user's default
-/// printer, and writes answers to its standard output, one a line:
+/// printer, and writes answers to its standard output, one per line:
 ///   WORD TAB QUEUE TAB REASON
-/// The first answer is kAccepted, as soon as the print queue holds the whole document, or one of the words
-/// for a failure, after which the helper exits. After kAccepted it follows the job for up to kFollowSeconds,
-/// and writes kAborted if the queue gives the job up. QUEUE is empty if no printer is known, REASON is what
-/// the print service says, empty if it says nothing; neither contains control characters.
+/// The first answer is kAccepted, as soon as the print queue has the complete document, or one of the failure
+/// words, after which the helper exits. After kAccepted it follows the job for up to kFollowSeconds and
+/// writes kAborted if the queue aborts the job. QUEUE is empty if no printer is known. REASON is the message
+/// of the print service, empty if there is none. Neither contains control characters.
 ///
 /// The helper may wait for the print service for up to kPatienceSeconds. It may be killed at any time.
 inline constexpr const char* kAccepted = "accepted";
 inline constexpr const char* kNoService = "no-service";  // cannot be reached, or does not answer
-inline constexpr const char* kNoPrinter = "no-printer";  // there is no default printer
+inline constexpr const char* kNoPrinter = "no-printer";  // no default printer
 inline constexpr const char* kNotPainted = "not-painted";
-inline constexpr const char* kRejecting = "rejecting";  // the queue accepts no jobs at present
-inline constexpr const char* kForbidden = "forbidden";  // to this user
-inline constexpr const char* kRefused = "refused";      // for another reason
+inline constexpr const char* kRejecting = "rejecting";  // the queue currently accepts no jobs
+inline constexpr const char* kForbidden = "forbidden";  // this user may not print
+inline constexpr const char* kRefused = "refused";      // any other reason
 inline constexpr const char* kAborted = "aborted";
 
 inline constexpr char kAnswerJoint = '\t';

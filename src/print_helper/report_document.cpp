@@ -15,14 +15,14 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr double kLeastMargin =
-    15;  // mm, room for holes and for printers that do not say what they leave blank
+    15;  // mm, room for punched holes and for printers that do not report their margins
 constexpr int kResolution = 1200;  // dpi
 
 }  // namespace
 
 QMarginsF ReportMargins(const Paper& paper) {
     const QMarginsF least(kLeastMargin, kLeastMargin, kLeastMargin, kLeastMargin);
-    return paper.margins | least;  // the wider of both on each side
+    return paper.margins | least;  // the wider margin on each side
 }
 
 bool PaintReport(QPagedPaintDevice& pages, const QStringList& lines) {

@@ -10,22 +10,22 @@
 
 namespace tickwell {
 
-/// A sheet of paper, and where on it a printer can print.
+/// A paper size and the printable area on it.
 struct Paper {
     QSizeF size{210, 297};  ///< mm
-    QMarginsF margins;      ///< mm, what the printer leaves blank
+    QMarginsF margins;      ///< mm, unprintable margins
 
     bool operator==(const Paper&) const = default;
 };
 
-/// The report's margins on such paper, in mm: 15, or the printer's own if that is wider.
+/// The margins of the report on such paper, in mm: 15, or the printer's own if they are wider.
 QMarginsF ReportMargins(const Paper& paper);
 
-/// Paints the lines on the pages of a device. Returns false if a page cannot be begun, followed by another,
-/// or ended; the device's content is useless then.
+/// Paints the lines on the pages of a device. Returns false if a page cannot be started or finished; the
+/// device's content is then unusable.
 bool PaintReport(QPagedPaintDevice& pages, const QStringList& lines);
 
-/// The report as a PDF document; empty if it could not be painted. Needs a QGuiApplication for the fonts.
+/// The report as a PDF document; empty if it could not be painted. Needs a QGuiApplication for fonts.
 QByteArray ReportDocument(const Paper& paper, const QString& title, const QStringList& lines);
 
 }  // namespace tickwell

@@ -22,7 +22,7 @@ ReportPainter::ReportPainter(QStringList lines) : m_lines(std::move(lines)) {
 bool ReportPainter::Paint(QPainter& painter, const QRectF& area, int number) const {
     const QFontMetricsF metrics(m_font, painter.device());
     const double spacing = metrics.lineSpacing();
-    // A page that has no room for one line still takes one, or the report would never end.
+    // Always at least one line per page; otherwise the report would never end.
     const auto linesPerPage = std::max<qsizetype>(1, static_cast<qsizetype>(area.height() / spacing));
     const qsizetype first = number * linesPerPage;
     const qsizetype end = std::min(first + linesPerPage, m_lines.size());

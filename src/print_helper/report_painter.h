@@ -7,7 +7,7 @@
 
 namespace tickwell {
 
-/// Paints plain lines on as many pages as they need.
+/// Paints plain text lines on as many pages as needed.
 class ReportPainter {
 public:
     explicit ReportPainter(QStringList lines);

@@ -7,7 +7,7 @@
 
 namespace tickwell {
 
-/// One line of what the helper tells the program; see protocol.h.
+/// One line of output of the helper; see protocol.h.
 struct Answer {
     std::string word;
     std::string queue;
@@ -16,13 +16,13 @@ struct Answer {
     bool operator==(const Answer&) const = default;
 };
 
-/// The line, with its line feed. Control characters in queue and reason become blanks.
+/// The line with its line feed. Control characters in queue and reason are replaced by blanks.
 std::string AnswerLine(const Answer& answer);
 
-/// Why a step failed; nothing if it did not.
+/// The reason why a step failed; nothing on success.
 using Failure = std::optional<Answer>;
 
-/// A print queue, as far as one document of one job needs it. The steps are called in this order.
+/// The operations of a print queue for one job with one document, in calling order.
 class Spool {
 public:
     virtual ~Spool() = default;
@@ -32,11 +32,11 @@ public:
     virtual Failure Write(std::string_view bytes) = 0;
     virtual Failure FinishDocument() = 0;
 
-    /// Removes the job from the queue, as far as that is possible.
+    /// Removes the job from the queue if possible.
     virtual void CancelJob() = 0;
 };
 
-/// Hands a PDF document to a queue. If a step fails, no job is left behind.
+/// Sends a PDF document to a queue. If a step fails, removes the job.
 Failure Submit(Spool& spool, const std::string& title, std::string_view document);
 
 }  // namespace tickwell

@@ -46,7 +46,7 @@ QWidget* ChimePage::MakeSoundFrame() {
     return frame;
 }
 
-/// Seen only by whom it can give something back.
+/// Shown only if the user has turned the message off and can turn it on again here.
 QWidget* ChimePage::MakeNoticeFrame() {
     auto* frame = Named(new QGroupBox(u"メッセージ"_s, this), u"Frame10"_s);
     frame->setVisible(!m_draft.further.tellsNoCdDrive);
@@ -62,7 +62,7 @@ void ChimePage::Form_Load() {
     m_Combo1->addItems(SoundNames());
     const QString& stored = m_draft.settings.chimeSound;
     if (m_Combo1->findText(stored, Qt::MatchExactly | Qt::MatchCaseSensitive) < 0) {
-        m_Combo1->addItem(stored);  // a name that is none is silence, and stays so
+        m_Combo1->addItem(stored);  // an unknown name plays nothing and is kept
     }
     m_Combo1->setCurrentIndex(m_Combo1->findText(stored, Qt::MatchExactly | Qt::MatchCaseSensitive));
     EnableListen();

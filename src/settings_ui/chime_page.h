@@ -12,12 +12,12 @@
 
 namespace tickwell {
 
-/// Page "時報" of the settings: the chime, and the notice that was silenced.
+/// Page "時報" of the settings: the chime, and the message that the user has turned off.
 class ChimePage : public QWidget {
     Q_OBJECT
 
 public:
-    /// All outlive it.
+    /// All outlive this object.
     ChimePage(const SettingsParts& parts, SettingsDraft& draft, QWidget* parent);
 
     void Form_Load();
@@ -31,7 +31,7 @@ private:
     SettingsParts m_parts;
     SettingsDraft& m_draft;
     OptionArray m_Option7;
-    QComboBox* m_Combo1;  // owned by the page, as all that follows
+    QComboBox* m_Combo1;  // these are owned by the page
     QPushButton* m_listen;
     QCheckBox* m_tellsNoCdDrive;
 };

@@ -37,7 +37,7 @@ ClockPage::ClockPage(const SettingsParts& parts, SettingsDraft& draft, QWidget* 
     grid->setRowStretch(3, 1);
 }
 
-/// The options side by side.
+/// A frame with the options side by side.
 QGroupBox* ClockPage::MakeFrame(const QString& name, const QString& caption, const OptionArray& options) {
     auto* frame = Named(new QGroupBox(caption, this), name);
     auto* row = new QHBoxLayout;

@@ -15,7 +15,7 @@ class ClockPage : public QWidget {
     Q_OBJECT
 
 public:
-    /// All outlive it.
+    /// All outlive this object.
     ClockPage(const SettingsParts& parts, SettingsDraft& draft, QWidget* parent);
 
     void Form_Load();
@@ -30,7 +30,7 @@ private:
     OptionArray m_Option4;
     OptionArray m_Option5;
     OptionArray m_Option6;
-    QGroupBox* m_Frame5;  // owned by the page, as the others
+    QGroupBox* m_Frame5;  // the frames are owned by the page
     QGroupBox* m_Frame6;
     QGroupBox* m_Frame7;
     QGroupBox* m_Frame8;

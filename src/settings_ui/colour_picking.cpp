@@ -15,7 +15,7 @@ void OpenColourPicker(Handlers& handlers, const QString& title, qint32 color, QW
     dialog->setWindowTitle(title);
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     dialog->setOption(
-        QColorDialog::DontUseNativeDialog);  // one of the desktop's could lie below the main window
+        QColorDialog::DontUseNativeDialog);  // the desktop's own dialog could be below the main window
     handlers.Connect(dialog, &QDialog::accepted, parent, [dialog, color, onPicked = std::move(onPicked)] {
         const QColor picked = dialog->selectedColor();
         onPicked(picked.rgb() == ColorOf(color).rgb() ? color : ColorNumberOf(picked));

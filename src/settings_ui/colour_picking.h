@@ -9,8 +9,8 @@
 
 namespace tickwell {
 
-/// Opens a colour picker over `parent` with a stored colour to begin with, and returns at once. `onPicked` is
-/// given the chosen colour as it is stored; a picker that is cancelled says nothing.
+/// Opens a colour picker over `parent`, starting with a stored colour, and returns at once. Calls `onPicked`
+/// with the chosen colour in stored form, or not at all if the picker is cancelled.
 void OpenColourPicker(Handlers& handlers, const QString& title, qint32 color, QWidget* parent,
                       std::function<void(qint32 color)> onPicked);
 

@@ -9,13 +9,13 @@
 
 namespace tickwell {
 
-/// Page "データベース" of the settings: compacts the day database, at once and for good. While that runs, the
-/// button is disabled and a text beside it says so.
+/// Page "データベース" of the settings: compacts the day database immediately; cancelling the dialog does not
+/// undo it. Meanwhile the button is disabled and a text beside it says so.
 class DatabasePage : public QWidget {
     Q_OBJECT
 
 public:
-    /// All outlive it.
+    /// All outlive this object; `parts` is not copied.
     DatabasePage(const SettingsParts& parts, QWidget* parent);
 
 private:
@@ -25,7 +25,7 @@ private:
     const SettingsParts& m_parts;
     QPushButton* m_Command4;
     QLabel* m_progress;
-    bool m_takesFocusBack = false;  // a disabled button loses the keyboard focus
+    bool m_takesFocusBack = false;  // the button had the keyboard focus when it was disabled
 };
 
 }  // namespace tickwell

@@ -11,8 +11,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Gives the Tab key to the button that is on, and to all if none is. Qt does so only once a button of the
-/// group has had the focus; until then Tab would reach the first one, from which the arrows choose nothing.
+/// Makes Tab reach the checked button, or all buttons if none is checked. Qt does so only after a button of
+/// the group has had the focus; until then Tab would reach the first one, from which the arrow keys choose
+/// nothing.
 void TakeTab(const QButtonGroup& group) {
     const QList<QAbstractButton*> buttons = group.buttons();
     const bool isAnyOn = std::any_of(buttons.begin(), buttons.end(),
@@ -39,7 +40,7 @@ OptionArray::OptionArray(const QString& name, std::span<const OptionRow> rows, Q
 }
 
 void OptionArray::Select(qint32 index) {
-    m_group->setExclusive(m_group->button(index) != nullptr);  // else the last one could not be turned off
+    m_group->setExclusive(m_group->button(index) != nullptr);  // exclusive groups keep one button checked
     for (QAbstractButton* button : m_buttons) {
         button->setChecked(m_group->id(button) == index);
     }

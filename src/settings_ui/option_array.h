@@ -11,21 +11,21 @@
 
 namespace tickwell {
 
-/// Option buttons of which at most one is on. Tab goes to that one, and the arrow keys choose. Each bears its
-/// index in its name: "Option3(2)".
+/// Option buttons of which at most one is checked. Tab reaches that one, and the arrow keys choose. The
+/// object name of each contains its index: "Option3(2)".
 class OptionArray {
 public:
-    /// Makes the buttons in the order of the rows; `parent` owns them. `onClick` is called with the index of
-    /// a button that the user chose. Handlers outlive the buttons.
+    /// Creates the buttons in the order of the rows; `parent` owns them. `onClick` is called with the index
+    /// of the button that the user chose. Handlers outlive the buttons.
     OptionArray(const QString& name, std::span<const OptionRow> rows, QWidget* parent, Handlers& handlers,
                 const std::function<void(qint32 index)>& onClick);
 
-    /// Turns one on without calling `onClick`; a number that is no index turns all off.
+    /// Checks a button without calling `onClick`; an unknown index unchecks all.
     void Select(qint32 index);
     void SetCaption(qint32 index, const QString& caption) { m_group->button(index)->setText(caption); }
     void SetEnabled(bool enabled);
 
-    /// In the order of the screen.
+    /// In screen order.
     QList<QAbstractButton*> Buttons() const { return m_buttons; }
 
 private:

@@ -9,13 +9,13 @@
 
 namespace tickwell {
 
-/// One of several option buttons. The number stored is its index, which is not its place on the screen.
+/// One of several option buttons. Its index is the stored number, not its position on the screen.
 struct OptionRow {
     qint32 index = 0;
     QStringView caption;
 };
 
-// Each list as it stands on the screen, top to bottom or left to right.
+// The rows of each table are in screen order, top to bottom or left to right.
 
 inline constexpr std::array kRollOptions{
     OptionRow{0, u"ロール機能を使用しない"},
@@ -35,7 +35,7 @@ inline constexpr std::array kLanguageOptions{
     OptionRow{0, u"日本語"},
 };
 
-/// The captions follow the language.
+/// The captions depend on the language, see YearWordsOf.
 inline constexpr std::array kYearOptions{OptionRow{0, u"平成"}, OptionRow{1, u"西暦"}};
 
 inline constexpr std::array kStyleOptions{OptionRow{1, u"簡略表示"}, OptionRow{0, u"標準表示"}};
@@ -48,7 +48,7 @@ inline constexpr std::array kChimeOptions{
     OptionRow{0, u"30分おき"},
 };
 
-/// A display that can be chosen for the roll.
+/// A display that can be selected for the roll.
 struct RollCheck {
     QStringView name;
     QStringView caption;
@@ -62,14 +62,14 @@ inline constexpr std::array kRollChecks{
     RollCheck{u"Check1", u"デジタル時計", kFunctionClock},
 };
 
-/// What the language makes of the other frames of the clock's page.
+/// How the language affects the other frames of the clock page.
 struct YearWords {
-    bool enabled = false;  ///< year style, hour style and display style mean something in this language
-    QStringView frame;     ///< empty: the words stay as they are
+    bool enabled = false;                 ///< this language has year, hour and display styles
+    QStringView frame;                    ///< its title; empty: title and captions stay unchanged
     std::array<QStringView, 2> captions;  ///< of the year options, by index
 };
 
-/// For a language that there is not, nothing is enabled.
+/// For an unknown language, nothing is enabled.
 YearWords YearWordsOf(qint32 language);
 
 }  // namespace tickwell

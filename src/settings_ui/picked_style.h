@@ -5,15 +5,15 @@
 
 namespace tickwell {
 
-/// The style as a picker can show it: with a font that this machine has, in a size that can be drawn.
+/// The stored style in a form that a picker can show: with an installed font and a size within its range.
 LineStyle OfferedStyle(const LineStyle& stored);
 
-/// What becomes of a stored style whose offered form was turned into `picked`: only what was changed is taken
-/// over, so that a font that this machine has not, or a size that cannot be drawn, is not lost by looking at
-/// it.
+/// The style to store after `offered`, the shown form of `stored`, was edited into `picked`. Font and size
+/// are replaced only if they were changed, so that opening the picker does not lose a font that is not
+/// installed or a size that cannot be shown.
 LineStyle PickedStyle(const LineStyle& stored, const LineStyle& offered, const LineStyle& picked);
 
-/// Smallest and largest size that a picker offers, points.
+/// Range of sizes that a picker offers, in points.
 inline constexpr qint16 kSmallestSize = 1;
 inline constexpr qint16 kLargestSize = 999;
 

@@ -19,7 +19,7 @@ namespace {
 constexpr int kShortest = 1;
 constexpr int kLongest = 3600;
 
-/// The toolkit keeps the text box of a spin box to itself.
+/// Gives access to the line edit of a spin box, which is protected in Qt.
 class IntervalBox : public QSpinBox {
 public:
     explicit IntervalBox(QWidget* parent) : QSpinBox(parent) { lineEdit()->setObjectName(u"Text1"_s); }
@@ -81,7 +81,7 @@ void RollPage::Form_Load() {
     for (std::size_t i = 0; i < kRollChecks.size(); ++i) {
         m_checks.at(i)->setChecked(roll.kinds.contains(kRollChecks.at(i).function));
     }
-    const QSignalBlocker quiet(m_UpDown1);  // an interval that it cannot show stays in the draft
+    const QSignalBlocker quiet(m_UpDown1);  // an interval out of range stays in the draft
     m_UpDown1->setValue(roll.interval);
     ShowUse();
 }

@@ -13,12 +13,12 @@
 
 namespace tickwell {
 
-/// Page "ロール" of the settings: which displays take turns, and how fast.
+/// Page "ロール" of the settings: which displays rotate, and how fast.
 class RollPage : public QWidget {
     Q_OBJECT
 
 public:
-    /// All outlive it.
+    /// All outlive this object.
     RollPage(const SettingsParts& parts, SettingsDraft& draft, QWidget* parent);
 
     void Form_Load();
@@ -32,9 +32,9 @@ private:
     Handlers& m_handlers;
     SettingsDraft& m_draft;
     OptionArray m_Option1;
-    QGroupBox* m_frame;  // owned by the page, as all that follows
+    QGroupBox* m_frame;  // these are owned by the page
     std::array<QCheckBox*, kRollChecks.size()> m_checks{};
-    QSpinBox* m_UpDown1 = nullptr;  // with its text box, Text1
+    QSpinBox* m_UpDown1 = nullptr;  // contains the line edit Text1
 };
 
 }  // namespace tickwell

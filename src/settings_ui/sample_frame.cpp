@@ -17,7 +17,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int kSampleTick = 3000;  // ms
-constexpr int kRoom = 2;           // lines of the dialog's own text that fit into each sample at least
+constexpr int kRoom = 2;           // minimum height of each sample, in text lines of the dialog
 
 void SetBackground(QWidget& widget, qint32 color) {
     QPalette palette = widget.palette();
@@ -25,7 +25,7 @@ void SetBackground(QWidget& widget, qint32 color) {
     widget.setPalette(palette);
 }
 
-/// Over a blank line: a text that wipes over itself is not seen to move.
+/// Clears the line first: a text wiping over itself would show no motion.
 void WipeIn(MovingWord& word, const QString& text) {
     word.SetText(QString());
     word.ShowText(text);
@@ -53,7 +53,7 @@ SampleFrame::SampleFrame(const Clock& clock, TimerSource& timers, Handlers& hand
 }
 
 SampleFrame::~SampleFrame() {
-    delete m_MovingWord1;  // before the pacer that they paint by
+    delete m_MovingWord1;  // before m_pacer, which they use
     delete m_MovingWord2;
 }
 
@@ -68,7 +68,7 @@ void SampleFrame::Refresh(const AppSettings& settings) {
     }
 }
 
-/// A slow wipe is let come to its end.
+/// A wipe that is still running is not restarted.
 void SampleFrame::Timer1_Timer() {
     if (!m_MovingWord1->IsWiping()) {
         WipeIn(*m_MovingWord1, u"上段の文字サンプル"_s);
@@ -78,7 +78,8 @@ void SampleFrame::Timer1_Timer() {
     }
 }
 
-/// In the middle of their pictures; a line that is higher loses its foot, as it does not in the main window.
+/// Centres each line in its picture. A line that is higher is aligned at the top and cut off at the bottom,
+/// unlike in the main window.
 void SampleFrame::PlaceLines() {
     for (MovingWord* word : {m_MovingWord1, m_MovingWord2}) {
         const QSize room = word->parentWidget()->size();

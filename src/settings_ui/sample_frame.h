@@ -13,17 +13,17 @@
 
 namespace tickwell {
 
-/// The live sample: two lines as the main window has them, which bring in their texts again and again.
+/// The live sample: two lines like those of the main window, which wipe in their texts repeatedly.
 class SampleFrame : public QGroupBox {
     Q_OBJECT
 
 public:
-    /// All outlive it. It rests until Refresh.
+    /// All outlive this object. Idle until the first Refresh.
     SampleFrame(const Clock& clock, TimerSource& timers, Handlers& handlers, QWidget* parent);
     ~SampleFrame() override;
 
-    /// Gives the lines their looks with the next frame. A line that rests brings its text in anew, so that a
-    /// wipe is seen; one that wipes goes on in the new way.
+    /// Applies the styles with the next frame. If no line is wiping, both wipe in their texts again; a
+    /// running wipe continues with the new settings.
     void Refresh(const AppSettings& settings);
 
 protected:

@@ -7,20 +7,20 @@
 
 namespace tickwell {
 
-/// What the settings dialog edits: copies, which reach the program's settings when they are applied and are
-/// dropped with the dialog. What no control was moved for stays as it was stored, also where no control could
-/// show it.
+/// The copies that the settings dialog edits. They are copied to the program's settings when applied, or
+/// dropped with the dialog. A value whose control was not used stays as stored, even if no control could show
+/// it.
 struct SettingsDraft {
     AppSettings settings;
     FurtherSettings further;
     std::optional<bool> startsAtLogin =
-        std::nullopt;  ///< what the user chose; nothing where the box was left alone
+        std::nullopt;  ///< the user's choice; nothing if the box was not clicked
 
-    /// Copies all back but the display function: the roll may have changed it meanwhile, and no control here
-    /// does.
+    /// Copies everything back except the display function: the roll may have changed it meanwhile, and no
+    /// control here edits it.
     void ApplyTo(AppSettings& appSettings, FurtherSettings& furtherSettings) const;
 
-    /// Takes a display into the roll, or out of it.
+    /// Adds a display to the roll or removes it.
     void ChooseForRoll(qint32 function, bool chosen);
 };
 

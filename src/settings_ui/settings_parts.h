@@ -13,23 +13,24 @@
 
 namespace tickwell {
 
-/// What the settings dialog asks of the rest of the program.
+/// Functions of the program that the settings dialog calls.
 struct SettingsOperations {
-    /// The settings have changed: the main window takes them over. Throws RunTimeError.
+    /// Applies the changed settings to the main window. Throws RunTimeError.
     std::function<void()> apply;
-    /// Called with true after OK has applied: today's names and the date are looked up anew.
+    /// Called with true after OK has applied: today's names and the date are queried again.
     std::function<void(bool)> refresh;
-    /// Called with true while the dialog is open: nothing comes above it.
+    /// Called with true when the dialog opens and false when it closes: meanwhile the main window is not kept
+    /// on top.
     std::function<void(bool)> holdKeepTop;
-    /// Plays the sound of this name once. Empty: the button beside the sounds is disabled.
+    /// Plays the sound of this name once. If empty, the button beside the sounds is disabled.
     std::function<void(const QString& soundName)> listen;
-    /// Begins to compact the day database and returns; when that has ended the user is told, and `done`
-    /// called. If it was begun before, only `done` is new. Empty: its button is disabled. Throws RunTimeError
-    /// if it cannot begin; `done` is not called then.
+    /// Starts compacting the day database and returns. At the end the user is notified and `done` is called.
+    /// If compacting is already running, only replaces `done`. Throws RunTimeError if it cannot start,
+    /// without calling `done`. If empty, the button is disabled.
     std::function<void(std::function<void()> done)> compact;
 };
 
-/// What the settings dialog works with; all outlive it.
+/// References that the settings dialog works with; all outlive it.
 struct SettingsParts {
     AppSettings& settings;
     FurtherSettings& further;

@@ -71,7 +71,7 @@ void Form2::Command3_Click() {
     ApplyAutostart();
 }
 
-/// Last of all: where the file cannot be written, everything else is done.
+/// Last, so that everything else is done even if the file cannot be written.
 void Form2::ApplyAutostart() {
     if (m_draft.startsAtLogin && *m_draft.startsAtLogin != m_parts.autostart.IsOn()) {
         m_parts.autostart.Set(*m_draft.startsAtLogin);

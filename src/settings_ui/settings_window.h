@@ -14,9 +14,9 @@
 
 namespace tickwell {
 
-/// The settings dialog. It works on a copy, which OK and apply hand to the program; of all that, nothing but
-/// whether it starts at the login is written to the disk. Application-modal, opened with show(): the display
-/// function must not be chosen elsewhere meanwhile.
+/// The settings dialog. It edits a draft, which OK and 適用 copy to the program; only the choice to start at
+/// login is written to disk. Application-modal and opened with show(): the display function must not be
+/// changed elsewhere meanwhile.
 class Form2 : public QDialog {
     Q_OBJECT
 

@@ -19,7 +19,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kSampleRoom = 3;  // lines of the dialog's own text
+constexpr int kSampleRoom = 3;  // height in text lines of the dialog
 
 QIcon ColorIcon(qint32 color, QSize size) {
     QPixmap picture(size);
@@ -72,7 +72,7 @@ QWidget* StylePicker::MakeEffects() {
 }
 
 void StylePicker::MakeControls() {
-    m_family->setEditable(false);  // only what there is
+    m_family->setEditable(false);  // only installed fonts
     m_family->setFontFilters(QFontComboBox::ScalableFonts);
     m_size->setRange(kSmallestSize, kLargestSize);
     m_size->setSuffix(u" ポイント"_s);
@@ -80,7 +80,7 @@ void StylePicker::MakeControls() {
     m_sample->setAlignment(Qt::AlignCenter);
     m_sample->setAutoFillBackground(true);
     m_sample->setFixedHeight(fontMetrics().height() * kSampleRoom);
-    m_sample->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);  // a large font does not widen the box
+    m_sample->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);  // a large font keeps the dialog small
     QPushButton* ok = MakeButton(u"Command1"_s, u"OK"_s);
     QPushButton* cancel = MakeButton(u"Command2"_s, u"キャンセル"_s);
     ok->setDefault(true);
@@ -110,7 +110,7 @@ void StylePicker::LoadControls() {
     m_italic->setChecked(m_offered.italic);
     m_strikethrough->setChecked(m_offered.strikethrough);
     m_underline->setChecked(m_offered.underline);
-    m_offered = Shown();  // a family that is not among the scalable ones shows as another
+    m_offered = Shown();  // a font that is not scalable is shown as another one
 }
 
 void StylePicker::Connect() {

@@ -13,18 +13,18 @@
 
 namespace tickwell {
 
-/// Picks font, size, weight, slope, colour and lines of a text line; opened with open(). The toolkit's own
-/// font dialog knows no colour, and has no bold for fonts that come in one weight, which are drawn bold all
-/// the same.
+/// Picks font, size, bold, italic, colour, underline and strikethrough of a text line; opened with open().
+/// Qt's font dialog has no colour, and offers bold only for fonts that have a bold face, although others can
+/// be drawn bold.
 class StylePicker : public QDialog {
     Q_OBJECT
 
 public:
-    /// `backColor`: what the sample text stands on. Handlers outlive it.
+    /// `backColor`: the background of the sample text. Handlers outlive this object.
     StylePicker(Handlers& handlers, const QString& title, const LineStyle& stored, qint32 backColor,
                 QWidget* parent);
 
-    /// What stands in it; what was not touched is as it was handed in.
+    /// The chosen style; values that were not changed are as in `stored`.
     LineStyle Picked() const;
 
 private:
@@ -42,7 +42,7 @@ private:
     LineStyle m_offered;
     qint32 m_backColor;
     qint32 m_color;
-    QFontComboBox* m_family;  // owned by the dialog, as all that follows
+    QFontComboBox* m_family;  // these are owned by the dialog
     QSpinBox* m_size;
     QCheckBox* m_bold;
     QCheckBox* m_italic;

@@ -17,7 +17,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// The fastest leaves 2 ms between two frames of a wipe.
+// At the fastest speed the steps of a wipe are 2 ms apart.
 constexpr int kSlowest = 1;
 constexpr int kFastest = 34;
 constexpr int kSpeedPage = 5;
@@ -42,7 +42,7 @@ TextPage::TextPage(const SettingsParts& parts, SettingsDraft& draft, QWidget* pa
     grid->addWidget(m_sample, 0, 1);
     grid->addWidget(MakeSpeedFrame(), 1, 0, 1, 2);
     grid->addLayout(buttons, 2, 0, 1, 2);
-    m_autostart = MakeAutostart();  // behind the buttons for the Tab key as well
+    m_autostart = MakeAutostart();  // created after the buttons for the Tab order
     grid->addWidget(m_autostart, 3, 0, 1, 2);
     grid->setColumnStretch(1, 1);
     grid->setRowStretch(4, 1);
@@ -85,7 +85,7 @@ QPushButton* TextPage::MakeButton(const QString& name, const QString& caption, v
 }
 
 void TextPage::Form_Load() {
-    const QSignalBlocker quiet(m_Slider1);  // a speed that it cannot show stays in the draft
+    const QSignalBlocker quiet(m_Slider1);  // a speed out of range stays in the draft
     m_Slider1->setValue(m_draft.settings.wipeSpeed);
     m_Option2.Select(m_draft.settings.wipeKind);
     m_autostart->setChecked(m_parts.autostart.IsOn());

@@ -13,16 +13,16 @@
 
 namespace tickwell {
 
-/// Page "文字表示" of the settings: wipe, speed, fonts and colours of the lines, with a live sample,
-/// and whether the program starts at the login.
+/// Page "文字表示" of the settings: wipe, speed, fonts and colours of the lines with a live sample, and
+/// whether the program starts at login.
 class TextPage : public QWidget {
     Q_OBJECT
 
 public:
-    /// All outlive it.
+    /// All outlive this object.
     TextPage(const SettingsParts& parts, SettingsDraft& draft, QWidget* parent);
 
-    /// Shows the draft and lets the sample run.
+    /// Shows the draft and starts the sample.
     void Form_Load();
 
 private:
@@ -41,7 +41,7 @@ private:
     SettingsParts m_parts;
     SettingsDraft& m_draft;
     OptionArray m_Option2;
-    QSlider* m_Slider1;  // owned by the page, as all that follows
+    QSlider* m_Slider1;  // these are owned by the page
     SampleFrame* m_sample;
     QCheckBox* m_autostart = nullptr;
 };

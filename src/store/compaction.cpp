@@ -16,19 +16,19 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// The sound live file, to ourselves; null where that is not to be had, and then nothing was touched.
+/// Opens the undamaged live file with the exclusive lock; null if that fails, and then nothing was changed.
 std::unique_ptr<SqliteConnection> WholeLiveFile(const QString& path) {
     try {
         auto live = std::make_unique<SqliteConnection>(path);
-        CheckDayDatabase(*live);  // first: the engine makes a database of an empty file that it takes
-        live->TakeWhole();
+        CheckDayDatabase(*live);  // first: SQLite would turn an empty file into a database when it locks it
+        live->TakeExclusive();
         return live;
     } catch (const RunTimeError&) {
         return nullptr;
     }
 }
 
-/// What cannot be removed makes the next step fail, or is left to the next start.
+/// A file that cannot be removed makes the next step fail, or is left to the next start.
 void RemoveTarget(CompactionDisk& disk, const DayFiles& files) {
     try {
         RemoveWithJournals(disk, files.target);
@@ -37,8 +37,8 @@ void RemoveTarget(CompactionDisk& disk, const DayFiles& files) {
     }
 }
 
-/// The safety copy becomes the live file again. Once it was removed, the compacted file is the only one, and
-/// is kept.
+/// Renames the safety copy back to the live file. Once that copy has been removed, the compacted file is the
+/// only one and is kept.
 void Restore(CompactionDisk& disk, const DayFiles& files) {
     try {
         if (QFileInfo::exists(files.copy)) {
@@ -47,14 +47,14 @@ void Restore(CompactionDisk& disk, const DayFiles& files) {
             PutBackLiveFile(disk);
         }
     } catch (const RunTimeError&) {
-        // The live file, old or new, stands, and its copy goes with the next start.
+        // RecoverDayDatabase handles the rest at the next start.
     }
     if (QFileInfo::exists(files.live)) {
         RemoveTarget(disk, files);
     }
 }
 
-/// SQLite reports success also for a file that the disk did not keep as it was written.
+/// SQLite also reports success if the disk did not store the file as written.
 void CheckCompacted(const QString& path) {
     SqliteConnection compacted(path, FileUse::LookOver);
     CheckDayDatabase(compacted);
@@ -63,7 +63,7 @@ void CheckCompacted(const QString& path) {
 Message Compact(CompactionDisk& disk, const DayFiles& files) {
     const qint32 before = disk.Size(files.live);
     const auto live =
-        WholeLiveFile(files.live);  // also while it is replaced: nobody writes into the old one unseen
+        WholeLiveFile(files.live);  // held during the replacement, so that nobody writes to the old file
     if (live == nullptr) {
         return CompactionFailed();
     }
@@ -82,7 +82,7 @@ Message Compact(CompactionDisk& disk, const DayFiles& files) {
     }
 }
 
-/// Opens the database again. The user is told why if that fails, unless `end` has a fault to tell already.
+/// Reopens the database. A failure becomes the fault of `end` unless it already has one.
 void Reopen(CompactionEnd& end) {
     try {
         end.dayDatabase = OpenDayDatabase(kLiveFile);

@@ -11,32 +11,32 @@
 
 namespace tickwell {
 
-// The compaction of the day database makes its file as small as the rows allow. At every moment there is a
-// whole DayDate.mdb, the old one or the new one, and whatever fails, or ends the program, costs no row;
-// RecoverDayDatabase tidies up after the latter. Another program that has the database open makes it fail
-// with nothing touched. It takes seconds for a million rows, therefore its second step can run on any thread.
+// Compaction makes the file of the day database as small as its rows allow. A complete DayDate.mdb, old or
+// new, exists at every moment, so no failure and no killed program loses a row; RecoverDayDatabase cleans up
+// after a killed program. If another program has the database open, compaction fails and changes nothing. It
+// takes seconds for a million rows, so its second step can run on any thread.
 
-/// What a compaction led to.
+/// The result of a compaction.
 struct CompactionEnd {
-    std::optional<Message> report;  ///< how much it gave, or that it failed
-    QString fault;                  ///< why it could not begin, or the file not be opened again; or empty
+    std::optional<Message> report;  ///< the box that reports success or failure
+    QString fault;  ///< why it could not begin, or why the file could not be reopened; may be empty
     std::unique_ptr<DayDatabase> dayDatabase;  ///< never null; a closed one if the file could not be opened
 };
 
-/// First step: closes `dayDatabase`, which is null from then on, and makes `folder` the current one. Throws
-/// RunTimeError if that folder cannot be entered; `dayDatabase` is then as it was.
+/// First step: closes `dayDatabase`, which is null from then on, and makes `folder` the current folder.
+/// Throws RunTimeError if that folder cannot be entered; `dayDatabase` is then unchanged.
 void BeginCompaction(std::unique_ptr<DayDatabase>& dayDatabase, const QString& folder);
 
-/// Second step: compacts the day database of the current folder, and opens it. Nobody else uses either
-/// meanwhile.
+/// Second step: compacts the day database of the current folder and opens it. Nothing else may use the
+/// database or change the current folder meanwhile.
 CompactionEnd CompactDayFile(CompactionDisk& disk);
 
-/// Last step: hands over the database and shows the report in a box of `owner`, a window, or null. Throws
-/// RunTimeError with the fault.
+/// Last step: hands over the database and shows the report in a box of `owner`, which is a window or null.
+/// Throws RunTimeError with the fault.
 void EndCompaction(std::unique_ptr<DayDatabase>& dayDatabase, CompactionEnd end, MessageBoxes& boxes,
                    const QObject* owner);
 
-/// All three at once, for a caller that may wait.
+/// All three steps, for a caller that may block.
 void CompactDayDatabase(std::unique_ptr<DayDatabase>& dayDatabase, const QString& folder, MessageBoxes& boxes,
                         CompactionDisk& disk, const QObject* owner = nullptr);
 

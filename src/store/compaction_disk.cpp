@@ -43,7 +43,7 @@ mode_t ModeOf(const SqliteConnection& file) {
     return state.st_mode & kPermissions;
 }
 
-/// A new file, which nobody else may read before it is finished, and which is removed again where it is not.
+/// A new file that nobody else may read until it is finished. It is removed if it is not finished.
 class NewFile {
 public:
     explicit NewFile(const QString& path)
@@ -58,7 +58,7 @@ public:
             close(m_file);
         }
         if (!m_isFinished) {
-            unlink(Native(m_path).constData());  // on the way out of an error that is the one to be told
+            unlink(Native(m_path).constData());  // an error is already being reported
         }
     }
     NewFile(const NewFile&) = delete;
@@ -103,7 +103,7 @@ void SyncFolderOf(const QString& path) {
         Fail(folder, errno);
     }
     const int error = fsync(file) == 0 ? 0 : errno;
-    close(file);  // nothing was written through it
+    close(file);  // nothing was written through this descriptor
     if (error != 0) {
         Fail(folder, error);
     }
@@ -135,7 +135,7 @@ void PosixCompactionDisk::Copy(const SqliteConnection& from, const QString& to) 
 
 void PosixCompactionDisk::Compact(SqliteConnection& from, const QString& to) {
     FailIfStopped(to);
-    NewFile(to).Finish(ModeOf(from));  // the engine takes an empty one
+    NewFile(to).Finish(ModeOf(from));  // SQLite accepts an empty target file
     SqliteStatement& vacuum = from.Prepared("VACUUM INTO ?1");
     const auto atRest = qScopeGuard([&vacuum] { vacuum.Reset(); });
     vacuum.Bind(1, to);
@@ -150,7 +150,7 @@ void PosixCompactionDisk::FailIfStopped(const QString& path) const {
 }
 
 void PosixCompactionDisk::Rename(const QString& from, const QString& to) {
-    SyncFolderOf(to);  // a journal of either file that was removed does not come back
+    SyncFolderOf(to);  // so that a removed journal of either file cannot reappear
     if (rename(Native(from).constData(), Native(to).constData()) != 0) {
         Fail(to, errno);
     }

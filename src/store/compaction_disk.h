@@ -8,7 +8,7 @@
 
 namespace tickwell {
 
-/// What a compaction does to the folder, one step each, so that a test can let any one of them fail. Errors
+/// The file operations of a compaction, one function each, so that a test can make any of them fail. Errors
 /// are thrown as RunTimeError.
 class CompactionDisk {
 public:
@@ -17,25 +17,26 @@ public:
     CompactionDisk& operator=(const CompactionDisk&) = delete;
     virtual ~CompactionDisk() = default;
 
-    /// The size of a file in bytes. OverflowError for 2 GiB and more.
+    /// The size of a file in bytes. Throws OverflowError for 2 GiB and more.
     virtual qint32 Size(const QString& path) = 0;
 
-    /// Copies the open file, byte for byte and with its permissions, into the new file `to`, on the disk. One
-    /// that could not be finished is removed again.
+    /// Copies the open file, byte for byte and with its permissions, to the new file `to` and syncs it to the
+    /// disk. An incomplete copy is removed.
     virtual void Copy(const SqliteConnection& from, const QString& to) = 0;
 
-    /// Writes the rows of the open file, and no empty space, into the new file `to`, with its permissions, on
-    /// the disk. Whether that file can be used is for the caller to check.
+    /// Writes the rows of the open file, without empty space, to the new file `to`, with the same
+    /// permissions, and syncs it to the disk. The caller must check whether the new file is usable.
     virtual void Compact(SqliteConnection& from, const QString& to) = 0;
 
-    /// Replaces `to` in one step, on the disk. After an error it is replaced or not.
+    /// Replaces `to` atomically and syncs the change to the disk. After an error `to` may or may not be
+    /// replaced.
     virtual void Rename(const QString& from, const QString& to) = 0;
 
-    /// Removes a file. That there is none is no error.
+    /// Removes a file. A missing file is not an error.
     virtual void Remove(const QString& path) = 0;
 };
 
-/// The real folder. Once `stop` is requested, copying and compacting fail soon.
+/// The real file system. Once `stop` is requested, copying and compacting soon fail.
 class PosixCompactionDisk : public CompactionDisk {
 public:
     explicit PosixCompactionDisk(std::stop_token stop = {}) : m_stop(std::move(stop)) {}

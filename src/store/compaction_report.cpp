@@ -21,7 +21,7 @@ QString Title() {
 QString CompactionRatio(qint32 before, qint32 after) {
     constexpr qint64 kWhole = 1000;
     constexpr qint64 kTenths = 10;
-    // In this order: a product taken first would round another way.
+    // In this order: multiplying first would round differently.
     const double share = static_cast<double>(after) / static_cast<double>(before);
     const qint64 tenths = kWhole - static_cast<qint64>(std::floor(share * static_cast<double>(kWhole)));
     QString text = QString::number(std::abs(tenths) / kTenths);

@@ -7,11 +7,11 @@
 
 namespace tickwell {
 
-/// By how much a file of `before` bytes became smaller, in per cent with one decimal at most; below 0 where
-/// it grew. What is not a whole tenth counts as gained. `before`: above 0.
+/// By how much a file of `before` bytes shrank, in per cent with at most one decimal, rounded up to a tenth;
+/// negative if it grew. `before`: above 0.
 QString CompactionRatio(qint32 before, qint32 after);
 
-/// The box that tells of a compaction. Sizes in bytes; `before` above 0.
+/// The message box that reports a compaction. Sizes in bytes; `before` above 0.
 Message CompactionDone(qint32 before, qint32 after);
 Message CompactionFailed();
 

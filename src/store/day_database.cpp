@@ -20,7 +20,7 @@ namespace {
 
 Q_LOGGING_CATEGORY(kLog, "tickwell.store", QtWarningMsg)
 
-// Of SQLite, some 10 ms: more mean that an index led to very many rows, which are then sorted.
+// SQLite instructions, about 10 ms. More means that an index matched very many rows, which are then sorted.
 constexpr int kFirstInstructions = 500'000;
 
 SqliteStatement& Bound(SqliteConnection& connection, const CompiledSql& compiled) {
@@ -57,13 +57,13 @@ CompiledSql Compiled(const QString& sql, bool isQuery) {
     return compiled;
 }
 
-/// Runs `job`; its errors bear the statement as the caller wrote it.
+/// Runs `job`; its errors carry the statement as the caller wrote it.
 template <typename Job>
 auto Run(const QString& sql, Job job) {
     try {
         return job();
     } catch (const SqlError& error) {
-        throw SqlError(error.Reason(), sql, error.EngineCode());
+        throw SqlError(error.Reason(), sql, error.SqliteCode());
     } catch (const RunTimeError& error) {
         throw SqlError(error.Reason(), sql);
     }
@@ -122,7 +122,7 @@ ResultSet DayDatabase::RunQueryForFirst(int most, const QString& sql) {
             const InstructionLimit limit(connection, kFirstInstructions);
             return ResultSet(Rows(connection, compiled, static_cast<std::size_t>(most)));
         } catch (const SqlError& error) {
-            if (error.EngineCode() != SQLITE_INTERRUPT) {
+            if (error.SqliteCode() != SQLITE_INTERRUPT) {
                 throw;
             }
         }
@@ -156,7 +156,7 @@ DayTransaction::~DayTransaction() {
     try {
         m_connection.Run("ROLLBACK");
     } catch (const RunTimeError&) {
-        // The file's journal is still there: whoever opens it next takes everything back.
+        // The journal file still exists: whoever opens the database next rolls back.
     }
 }
 

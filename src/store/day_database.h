@@ -12,8 +12,8 @@
 
 namespace tickwell {
 
-/// Compares unequal once a row may have been changed: by this program, by another one, or while the database
-/// was closed.
+/// Two marks compare unequal if a row may have been changed between them: by this program, by another one, or
+/// while the database was closed.
 struct ChangeMark {
     quint64 connection = 0;
     QString dataVersion;
@@ -22,50 +22,51 @@ struct ChangeMark {
     bool operator==(const ChangeMark&) const = default;
 };
 
-/// A column of the schema, and what is to be stored in it.
+/// A column of the schema and the value to store in it.
 struct ColumnValue {
     QStringView column;
     BoundValue value;
 };
 
-/// The one connection to the day database, kept for the whole run. It is spoken to in the language that
+/// The program's only connection to the day database, kept for its entire run. It accepts the language that
 /// store/sql_parser.h describes; no text of a caller ever reaches SQLite.
 ///
-/// It is open from its construction on, except one that ClosedDayDatabase made: that one opens with the first
-/// statement for which this is possible, without waiting for another program's lock.
+/// It is open from its construction on. Only one made by ClosedDayDatabase starts closed: each statement
+/// tries to open it until that succeeds, without waiting for another program's lock.
 class DayDatabase {
 public:
-    /// Opens `path`, shared and for reading and writing, and looks it over: a database of another kind, a
-    /// damaged one, or one without our tables is refused here and not met later. Throws RunTimeError.
+    /// Opens `path` for reading and writing with a shared lock, and checks it: a file of another kind, a
+    /// damaged one, or one without our tables is refused here rather than failing later. Throws RunTimeError.
     explicit DayDatabase(const QString& path);
 
-    /// Opens the file if it is not open yet; false if that failed. The reason is logged when it is a new one.
+    /// Opens the file if it is not open yet; false if that failed. The reason is logged unless it was the
+    /// last one logged.
     bool TryOpen();
 
     /// Runs a SELECT. Throws SqlError.
     ResultSet RunQuery(const QString& sql);
 
-    /// Runs a SELECT as far as its first `most` rows, which takes no longer if a million follow. Throws
+    /// Runs a SELECT and returns its first `most` rows, which takes no longer if a million more match. Throws
     /// SqlError.
     ResultSet RunQueryForFirst(int most, const QString& sql);
 
-    /// Runs an INSERT, UPDATE or DELETE, which is on the disk when this returns unless a DayTransaction is
-    /// open; how many rows it changed. Throws SqlError; then no row was changed.
+    /// Runs an INSERT, UPDATE or DELETE and returns the number of changed rows. The change is on the disk on
+    /// return unless a DayTransaction is open. Throws SqlError; then no row was changed.
     int Execute(const QString& sql);
 
-    /// A row of `table`, which a RowSearch found; nothing if it was changed or deleted since. Throws
+    /// Reads a row of `table` that a RowSearch found; nothing if it was changed or deleted since. Throws
     /// RunTimeError.
     std::optional<ResultRow> ReadRow(QStringView table, const FoundRow& row);
 
-    /// Change one row by its key, whatever stands in it: for rows of which the language cannot speak. Throws
-    /// SqlError.
+    /// Delete or change one row by its key, whatever its values: for rows that the query language cannot
+    /// select. Throw SqlError.
     void DeleteRow(QStringView table, qint64 key);
     void ChangeRow(QStringView table, qint64 key, const std::vector<ColumnValue>& values);
 
     /// Throws SqlError.
     ChangeMark Mark();
 
-    /// A DayTransaction is open.
+    /// Whether a DayTransaction is open.
     bool IsInTransaction() const { return m_connection && m_connection->IsInTransaction(); }
 
 private:
@@ -81,17 +82,17 @@ private:
 
     QString m_path;
     QString m_loggedReason;
-    std::optional<SqliteConnection> m_connection;  // empty while the file could not be opened
-    quint64 m_serial = 0;                          // another one for each opening
+    std::optional<SqliteConnection> m_connection;  // empty if the file could not be opened yet
+    quint64 m_serial = 0;                          // different for each opening
 };
 
-/// All statements executed while it lives are stored at once by Commit, or not at all.
+/// The statements executed during its lifetime are all stored by Commit, or none of them is.
 class DayTransaction {
 public:
-    /// Throws SqlError, for one inside another as well. `database` outlives the transaction.
+    /// Throws SqlError, also if a transaction is already open. `database` outlives the transaction.
     explicit DayTransaction(DayDatabase& database);
 
-    /// Takes everything back when Commit did not come or failed.
+    /// Rolls back unless Commit succeeded.
     ~DayTransaction();
     DayTransaction(const DayTransaction&) = delete;
     DayTransaction& operator=(const DayTransaction&) = delete;
@@ -107,10 +108,11 @@ private:
 /// Opens `path`; never creates it. Throws RunTimeError with the file's name in the reason.
 std::unique_ptr<DayDatabase> OpenDayDatabase(const QString& path);
 
-/// A database that opens itself when it is first needed: for a file that could not be opened just now.
+/// A database that is opened when it is first needed: for a file that cannot be opened at the moment.
 std::unique_ptr<DayDatabase> ClosedDayDatabase(const QString& path);
 
-/// The database of a handle that is null while a compaction replaces its file; throws RunTimeError then.
+/// Returns the database; throws RunTimeError if `handle` is null, as it is while a compaction replaces the
+/// file.
 DayDatabase& Opened(const std::unique_ptr<DayDatabase>& handle);
 
 }  // namespace tickwell

@@ -18,7 +18,7 @@ void CheckKind(SqliteConnection& connection) {
     if (connection.Bytes(0, static_cast<int>(kFirstBytes.size())) != kFirstBytes) {
         throw RunTimeError(u"データベースの形式が違います。"_s);
     }
-    // A copy made from a dump of ours has lost its mark, and is good nevertheless.
+    // A database restored from an SQL dump has lost its application id but is valid.
     const QString id = connection.FirstValue("PRAGMA application_id");
     if (id != QString::number(kApplicationId) && id != u"0") {
         throw RunTimeError(u"ほかのプログラムのデータベースです。"_s);
@@ -26,21 +26,21 @@ void CheckKind(SqliteConnection& connection) {
     if (connection.FirstValue("PRAGMA user_version").toInt() > kVersion) {
         throw RunTimeError(u"新しい版のプログラムで作られたデータベースです。"_s);
     }
-    if (connection.FirstValue("PRAGMA encoding") != "UTF-8"_L1) {  // another one would lose characters
+    if (connection.FirstValue("PRAGMA encoding") != "UTF-8"_L1) {  // other encodings would lose characters
         throw RunTimeError(u"データベースの文字コードが違います。"_s);
     }
 }
 
-QLatin1StringView EngineType(ColumnType type) {
+QLatin1StringView SqliteType(ColumnType type) {
     return type == ColumnType::Integer ? "INTEGER"_L1 : "TEXT"_L1;
 }
 
-/// What the engine tells of a table that is as it should be: kind, STRICT, and of each column name, type, NOT
-/// NULL, place in the key, hidden or not.
+/// What SQLite reports of a valid table: its kind, STRICT, and for each column name, type, NOT NULL, position
+/// in the key, and whether it is hidden.
 QString ExpectedForm(const SchemaTable& table) {
     QString form = u"table 1,id INTEGER 0 1 0"_s;
     for (const SchemaColumn& column : table.columns) {
-        form += u",%1 %2 1 0 0"_s.arg(column.name, EngineType(column.type));
+        form += u",%1 %2 1 0 0"_s.arg(column.name, SqliteType(column.type));
     }
     return form;
 }
@@ -60,8 +60,8 @@ void CheckTable(SqliteConnection& connection, const SchemaTable& table) {
     }
 }
 
-/// Another program can have stored such rows. The calendar works without them, so the file is not refused;
-/// the log says why they are not shown.
+/// Only another program can have stored such rows. The calendar works without them, so the file is not
+/// refused; the log says why they are not shown.
 void LogValuesThatAreNoDates(SqliteConnection& connection, const SchemaTable& table) {
     for (const SchemaColumn& column : table.columns) {
         if (column.type != ColumnType::Date) {

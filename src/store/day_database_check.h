@@ -5,8 +5,8 @@
 
 namespace tickwell {
 
-/// Whether the open file is a day database that this program can work with, whole and undamaged. The engine
-/// itself opens anything and fails at the first use. Throws RunTimeError.
+/// Checks that the open file is an undamaged day database that this program can use. SQLite itself opens any
+/// file and fails only at the first use. Throws RunTimeError.
 void CheckDayDatabase(SqliteConnection& connection);
 
 }  // namespace tickwell

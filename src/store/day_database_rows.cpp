@@ -14,10 +14,10 @@ QByteArray Identifier(QStringView name) {
     return '"' + name.toLatin1() + '"';
 }
 
-/// A text that is no UTF-8 reads as another one, with U+FFFD in it.
+/// False for a text that is not valid UTF-8: it was read with U+FFFD in place of the invalid bytes.
 bool IsExact(const ResultRow::Value& value, QByteArrayView bytes) {
     const auto* text = std::get_if<QString>(&value);
-    return text == nullptr || !text->contains(QChar::ReplacementCharacter) || ToEngineText(*text) == bytes;
+    return text == nullptr || !text->contains(QChar::ReplacementCharacter) || ToSqliteText(*text) == bytes;
 }
 
 }  // namespace

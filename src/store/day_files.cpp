@@ -10,7 +10,8 @@ DayFiles FindDayFiles() {
     if (live == kLiveFile) {
         return {live, kSafetyCopy, kCompactionTarget};
     }
-    // Another name is put in front: its folder may be that of another day database, with files of its own.
+    // The target's base name is the prefix, because its folder may contain another day database with such
+    // files.
     const QFileInfo file(live);
     const QString start =
         file.path() + u'/' + (file.fileName() == kLiveFile ? QString() : file.completeBaseName() + u'.');
@@ -18,7 +19,7 @@ DayFiles FindDayFiles() {
 }
 
 QString FollowLinks(const QString& path) {
-    constexpr int kMostLinks = 40;  // the kernel gives up after as many
+    constexpr int kMostLinks = 40;  // the same limit as in the kernel
     QFileInfo file(path);
     for (int i = 0; i < kMostLinks && file.isSymLink(); ++i) {
         file.setFile(file.symLinkTarget());

@@ -8,12 +8,12 @@ namespace tickwell {
 
 // The files of the day database, all in the program's folder, which is the current one.
 inline constexpr QLatin1StringView kLiveFile("DayDate.mdb");
-inline constexpr QLatin1StringView kSafetyCopy("CopyDate.mdb");      ///< what it held before a compaction
-inline constexpr QLatin1StringView kCompactionTarget("BUDate.mdb");  ///< what becomes of it
+inline constexpr QLatin1StringView kSafetyCopy("CopyDate.mdb");      ///< the live file before a compaction
+inline constexpr QLatin1StringView kCompactionTarget("BUDate.mdb");  ///< the compacted file
 
-/// Where a compaction reads and writes. If DayDate.mdb is a symbolic link, the three files are in the folder
-/// of the file that it leads to, with absolute paths: a rename over the link would leave that file behind,
-/// which may be the one that a sync tool carries.
+/// The files of a compaction. If DayDate.mdb is a symbolic link, all three are absolute paths in the folder
+/// of its target: a rename in place would replace the link and abandon its target, which may be the file that
+/// a sync tool synchronizes.
 struct DayFiles {
     QString live;
     QString copy;
@@ -23,8 +23,8 @@ struct DayFiles {
 /// The files of the current folder.
 DayFiles FindDayFiles();
 
-/// The absolute path of the file that a symbolic link leads to, through any number of links, whether or not
-/// that file exists; `path` itself if it is no link.
+/// The absolute path of the target of a symbolic link, through any number of links, whether or not the target
+/// exists; `path` itself if it is not a link.
 QString FollowLinks(const QString& path);
 
 }  // namespace tickwell

@@ -16,7 +16,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// The better one first.
+/// The preferred copy first.
 QStringList Copies() {
     const DayFiles files = FindDayFiles();
     return {files.copy, files.target};
@@ -24,7 +24,7 @@ QStringList Copies() {
 
 constexpr std::array kJournals{"-journal"_L1, "-wal"_L1, "-shm"_L1};
 
-/// A link that leads nowhere is there: where it leads to may come back.
+/// True for a dangling link too: its target may reappear.
 bool IsThere(const QString& path) {
     const QFileInfo file(path);
     return file.exists() || file.isSymLink();
@@ -61,7 +61,7 @@ bool IsSound(const QString& path) {
 }
 
 void RemoveCopies(CompactionDisk& disk) {
-    SqliteConnection live(kLiveFile);  // whoever compacts it now does not let us in
+    SqliteConnection live(kLiveFile);  // fails while someone else compacts it
     CheckDayDatabase(live);
     for (const QString& copy : Copies()) {
         RemoveWithJournals(disk, copy);
@@ -70,8 +70,8 @@ void RemoveCopies(CompactionDisk& disk) {
 
 void PutBack(CompactionDisk& disk) {
     SharedFileLock lock(kLiveFile);
-    lock.TakeWhole();
-    if (!IsThere(kLiveFile)) {  // another start may have been quicker
+    lock.TakeExclusive();
+    if (!IsThere(kLiveFile)) {  // another instance may have been faster
         PutBackLiveFile(disk);
     }
 }
@@ -93,7 +93,7 @@ void RecoverDayDatabase(CompactionDisk& disk) {
         }
         RemoveCopies(disk);
     } catch (const RunTimeError&) {
-        // Whether the database can be used nevertheless is seen when it is opened.
+        // Opening the database shows whether it is usable nevertheless.
     }
 }
 

@@ -7,24 +7,25 @@
 
 namespace tickwell {
 
-/// Tidies up in the current folder after a compaction that was ended from outside. Beside a sound DayDate.mdb
-/// its copies are removed; in place of a missing one comes a sound CopyDate.mdb, else a sound BUDate.mdb.
-/// Where it is there but unsound, or nothing is sound, nothing is touched, and opening it says what is wrong.
-/// To be called once, before the database is looked for.
+/// Cleans up the current folder after a compaction that was killed. If DayDate.mdb is undamaged, its copies
+/// are removed; if it is missing, an undamaged CopyDate.mdb replaces it, else an undamaged BUDate.mdb. If it
+/// is damaged, or no file is undamaged, nothing is changed; opening the database then reports the problem.
+/// Call it once, before the database is opened.
 void RecoverDayDatabase();
 
-/// The same on a given disk.
+/// The same with the given disk operations.
 void RecoverDayDatabase(CompactionDisk& disk);
 
-/// Puts a sound copy in place of the missing live file, for one who has the whole lock. Throws RunTimeError.
+/// Puts an undamaged copy in place of the missing live file. The caller holds the exclusive lock. Throws
+/// RunTimeError.
 void PutBackLiveFile(CompactionDisk& disk);
 
-/// Removes a file and what an engine may have left beside it: the journal of a file that is gone would be
-/// played into the next one of its name. Throws RunTimeError.
+/// Removes a file and its SQLite journals: SQLite would apply a leftover journal to the next file of that
+/// name. Throws RunTimeError.
 void RemoveWithJournals(CompactionDisk& disk, const QString& path);
 
-/// Names the copies that stand in the current folder, as a line to add to `reason`; `reason` alone where
-/// there are none.
+/// Adds to `reason` a line with the names of the copies in the current folder; `reason` alone if there are
+/// none.
 QString WithNamedCopies(const QString& reason);
 
 }  // namespace tickwell

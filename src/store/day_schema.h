@@ -14,7 +14,7 @@ struct SchemaColumn {
     ColumnType type = ColumnType::Text;
 };
 
-/// A table as it is spoken of: without the hidden id, which keeps its rows in the order in which they came.
+/// A table without its hidden column "id", which keeps the rows in the order of insertion.
 struct SchemaTable {
     QStringView name;
     std::span<const SchemaColumn> columns;
@@ -23,10 +23,10 @@ struct SchemaTable {
 /// The five tables of the day database.
 std::span<const SchemaTable> SchemaTables();
 
-/// The table of that name, whatever its case; null when there is none.
+/// The table of that name, ignoring case; null if there is none.
 const SchemaTable* FindTable(QStringView name);
 
-/// Where the column of that name, whatever its case, stands in `columns`.
+/// The index in `columns` of the column of that name, ignoring case.
 std::optional<std::size_t> FindColumn(std::span<const SchemaColumn> columns, QStringView name);
 
 }  // namespace tickwell

@@ -9,7 +9,7 @@ namespace tickwell {
 
 namespace {
 
-// Two independent hashes of 64 bits make one of 128.
+// Two independent 64-bit hashes form one of 128 bits.
 constexpr std::size_t kFirstSeed = 0x9E3779B97F4A7C15;
 constexpr std::size_t kSecondSeed = 0xC2B2AE3D27D4EB4F;
 
@@ -19,7 +19,7 @@ void RowDigester::Add(qint64 number) {
     m_bytes.append(reinterpret_cast<const char*>(&number), sizeof number);
 }
 
-/// With its length, so that no text runs into the value after it.
+/// Adds the length as well, so that a text cannot run into the next value.
 void RowDigester::Add(QByteArrayView text) {
     Add(qint64{text.size()});
     m_bytes.append(text);
@@ -39,7 +39,7 @@ RowDigest DigestOf(const std::vector<BoundValue>& values) {
         if (const auto* number = std::get_if<qint32>(&value)) {
             digester.Add(qint64{*number});
         } else {
-            digester.Add(ToEngineText(std::get<QString>(value)));
+            digester.Add(ToSqliteText(std::get<QString>(value)));
         }
     }
     return digester.Take();

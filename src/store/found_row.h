@@ -10,8 +10,8 @@
 
 namespace tickwell {
 
-/// 128 bits computed from all values of a row. Rows with equal values have equal digests; that two different
-/// rows share one is not to be expected within any number of rows a file can hold.
+/// 128 bits computed from all values of a row. Rows with equal values have equal digests; the chance that two
+/// different rows have the same one is negligible for any number of rows that fits in a file.
 struct RowDigest {
     quint64 first = 0;
     quint64 second = 0;
@@ -19,26 +19,26 @@ struct RowDigest {
     auto operator<=>(const RowDigest&) const = default;
 };
 
-/// Collects the values of one row after another; the buffer is reused.
+/// Computes the digest of one row after another; the buffer is reused.
 class RowDigester {
 public:
     void Add(qint64 number);
     void Add(QByteArrayView text);
 
-    /// The digest of what was added since the last call.
+    /// The digest of the values added since the last call.
     RowDigest Take();
 
 private:
     QByteArray m_bytes;
 };
 
-/// `values`: one for each column, in the order of the schema.
+/// `values`: one per column, in the order of the schema.
 RowDigest DigestOf(const std::vector<BoundValue>& values);
 
-/// A row that a search has found: 16 bytes, whatever the row holds.
+/// A row found by a search: 16 bytes, regardless of its values.
 struct FoundRow {
     qint64 key = 0;       ///< the hidden id
-    quint64 content = 0;  ///< first half of the digest: differs once the row was changed
+    quint64 content = 0;  ///< first half of the digest: differs if the row was changed
 
     bool operator==(const FoundRow&) const = default;
 };

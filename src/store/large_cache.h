@@ -8,11 +8,11 @@ namespace tickwell {
 class DayDatabase;
 class SqliteConnection;
 
-/// While it lives the connection may use 40 MB of memory for what it changes: without that each of many
+/// Lets the connection use 40 MB of memory for changed pages during its lifetime; without that, each of many
 /// changes waits for the disk.
 class LargeCache {
 public:
-    /// `database` outlives it.
+    /// `database` outlives this object.
     explicit LargeCache(DayDatabase& database);
     ~LargeCache();
     LargeCache(const LargeCache&) = delete;

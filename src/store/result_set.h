@@ -15,20 +15,20 @@ class SqliteStatement;
 
 using ResultColumns = std::vector<SchemaColumn>;
 
-/// One row of an answer. Its values are read by the name of their column, whatever its case; a column that
-/// was not asked for, or is of another type, throws RunTimeError.
+/// One row of a result. Its values are read by column name, ignoring case. Throws RunTimeError for a column
+/// that was not selected or is of another type.
 class ResultRow {
 public:
     using Value = std::variant<qint32, QString, QDate>;
 
-    /// `values`: one for each of `columns`.
+    /// `values`: one per element of `columns`.
     ResultRow(std::shared_ptr<const ResultColumns> columns, std::vector<Value> values, bool isExact = true);
 
     const QString& Text(QStringView column) const;
     qint32 Integer(QStringView column) const;
-    QDate Date(QStringView column) const;  ///< invalid if another program stored no date there
+    QDate Date(QStringView column) const;  ///< invalid if another program stored something else there
 
-    /// False if a text is not what is stored: bytes that are no UTF-8 have become U+FFFD.
+    /// False if a text differs from the stored one: bytes that are not UTF-8 have become U+FFFD.
     bool IsExact() const { return m_isExact; }
 
 private:
@@ -40,11 +40,11 @@ private:
     bool m_isExact;
 };
 
-/// The value in a column of the row that `statement` stands on. Throws RunTimeError for one that another
-/// program stored and that is none of `type`.
+/// The value in a column of the current row of `statement`. Throws RunTimeError for a value that does not fit
+/// `type`, which only another program can have stored.
 ResultRow::Value StoredValueAt(const SqliteStatement& statement, int column, ColumnType type);
 
-/// The answer to a query: all its rows as they were at that moment, in the order in which they were stored.
+/// The result of a query: a snapshot of all its rows, in the order of insertion.
 class ResultSet {
 public:
     explicit ResultSet(std::vector<ResultRow> rows) : m_rows(std::move(rows)) {}
@@ -54,7 +54,7 @@ public:
     /// `row`: 0 to Count() - 1.
     const ResultRow& Row(int row) const { return m_rows.at(static_cast<std::size_t>(row)); }
 
-    // For "for": the language asks for these names.
+    // For range-based "for", which needs these names.
     auto begin() const { return m_rows.begin(); }
     auto end() const { return m_rows.end(); }
 

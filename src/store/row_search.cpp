@@ -15,8 +15,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// An index often leads to all finds at once. If it does not within so many instructions of SQLite, some
-// 10 ms, the table is gone through slice by slice.
+// Often an index finds all rows at once. If that takes more than this number of SQLite instructions, about 10
+// ms, the table is searched slice by slice.
 constexpr int kWholeInstructions = 500'000;
 
 constexpr qint32 kSlice = 10'000;  // rows
@@ -65,7 +65,7 @@ bool RowSearch::Step(DayDatabase& database) {
     try {
         return m_next ? Slice(database.Connection()) : TryWhole(database.Connection());
     } catch (const SqlError& error) {
-        throw SqlError(error.Reason(), m_sql, error.EngineCode());
+        throw SqlError(error.Reason(), m_sql, error.SqliteCode());
     } catch (const RunTimeError& error) {
         throw SqlError(error.Reason(), m_sql);
     }
@@ -82,7 +82,7 @@ bool RowSearch::TryWhole(SqliteConnection& connection) {
         const InstructionLimit limit(connection, kWholeInstructions);
         Collect(Prepared(connection, Select(QByteArray()) + R"( ORDER BY "id")"));
     } catch (const SqlError& error) {
-        if (error.EngineCode() != SQLITE_INTERRUPT) {
+        if (error.SqliteCode() != SQLITE_INTERRUPT) {
             throw;
         }
         Forget();
@@ -98,7 +98,7 @@ void RowSearch::Forget() {
     m_count = 0;
 }
 
-/// Where the slices begin, and where they will end.
+/// Determines the keys at which the slices begin and end.
 void RowSearch::Enter(SqliteConnection& connection) {
     SqliteStatement& ends =
         connection.Prepared(R"(SELECT min("id"),max("id") FROM ")" + m_table->name.toLatin1() + '"');
@@ -146,7 +146,7 @@ QByteArray RowSearch::Select(const QByteArray& from) const {
            m_compiled.condition + ')';
 }
 
-/// With the values of the condition.
+/// Binds the values of the condition.
 SqliteStatement& RowSearch::Prepared(SqliteConnection& connection, const QByteArray& text) const {
     SqliteStatement& statement = connection.Prepared(text);
     int index = 0;

@@ -9,32 +9,32 @@
 
 namespace tickwell {
 
-/// Finds the rows of one table in slices, in stored order, without keeping what they hold: a million finds
-/// take 16 MB. Nothing is locked between two slices. If the rows may have changed meanwhile (ChangeMark), the
-/// caller begins again with a new search.
+/// Finds the rows of one table in slices, in the order of insertion, without keeping their values: a million
+/// results take 16 MB. Nothing is locked between two slices. If the rows may have changed meanwhile
+/// (ChangeMark), the caller starts a new search.
 class RowSearch {
 public:
     using Filter = std::function<bool(const RowDigest&)>;
 
-    /// The rows that `select` selects. Throws SqlError if it is not a SELECT.
+    /// Finds the rows that `select` selects. Throws SqlError if it is not a SELECT.
     explicit RowSearch(const QString& select);
 
-    /// All rows of `table`, a table of the schema, whose digest passes `filter`.
+    /// Finds all rows of `table`, a table of the schema, whose digest passes `filter`.
     RowSearch(QStringView table, Filter filter);
 
-    /// Counts and keeps nothing from now on.
+    /// From now on only counts the results.
     void CountOnly() { m_keeps = false; }
 
-    /// Looks at some thousand further rows, for a few milliseconds; true once it has seen all. Throws
+    /// Searches some thousand more rows, for a few milliseconds; true once all have been searched. Throws
     /// SqlError.
     bool Step(DayDatabase& database);
 
-    /// How far it is, 0 to 1.
+    /// Progress, 0 to 1.
     double Part() const { return m_part; }
 
     int Count() const { return m_count; }
 
-    /// The finds so far.
+    /// Returns the results so far.
     FoundRows Take();
 
 private:
@@ -54,14 +54,14 @@ private:
     FoundRows m_found;
     int m_count = 0;
     bool m_keeps = true;
-    std::optional<qint64> m_next;  // first key of the next slice; nothing before the first one
+    std::optional<qint64> m_next;  // first key of the next slice; empty before the first slice
     qint64 m_first = 0;            // smallest and largest key
     qint64 m_last = 0;
     double m_part = 0;
 };
 
-/// The digest of the row that `statement` stands on, whose columns from `column` on are those of `table`.
-/// Throws RunTimeError for a number beyond 32 bits, which only another program can have stored.
+/// The digest of the current row of `statement`, whose columns from `column` on are those of `table`. Throws
+/// RunTimeError for a number beyond 32 bits, which only another program can have stored.
 RowDigest DigestOf(const SqliteStatement& statement, int column, const SchemaTable& table,
                    RowDigester& digester);
 

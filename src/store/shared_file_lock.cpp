@@ -23,7 +23,7 @@ constexpr int kTries = 100;
 constexpr useconds_t kPause = 20'000;  // microseconds between two tries
 constexpr mode_t kMode = 0644;
 
-/// The lock file, open; -1 where the folder takes no file. A share needs no right to write.
+/// Opens the lock file; -1 if none can be created. A shared lock needs no write access.
 int Open(const QByteArray& path) {
     const int writable = open(path.constData(), O_RDWR | O_CREAT | O_CLOEXEC, kMode);
     if (writable >= 0) {
@@ -32,7 +32,7 @@ int Open(const QByteArray& path) {
     return open(path.constData(), O_RDONLY | O_CLOEXEC);
 }
 
-bool TakeShare(int file, const SharedFileLock::Wait& wait) {
+bool TakeShared(int file, const SharedFileLock::Wait& wait) {
     while (flock(file, LOCK_SH | LOCK_NB) != 0) {
         if ((errno != EWOULDBLOCK && errno != EINTR) || !wait()) {
             return false;
@@ -61,7 +61,7 @@ SharedFileLock::Wait SharedFileLock::Patiently() {
 
 SharedFileLock::SharedFileLock(const QString& databasePath, const Wait& wait)
     : m_file(Open(LockPath(databasePath))) {
-    if (m_file >= 0 && !TakeShare(m_file, wait)) {
+    if (m_file >= 0 && !TakeShared(m_file, wait)) {
         close(m_file);
         throw InUse();
     }
@@ -73,7 +73,7 @@ SharedFileLock::~SharedFileLock() {
     }
 }
 
-void SharedFileLock::TakeWhole() {
+void SharedFileLock::TakeExclusive() {
     if (m_file >= 0 && flock(m_file, LOCK_EX | LOCK_NB) != 0) {
         throw InUse();
     }

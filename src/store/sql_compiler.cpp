@@ -33,7 +33,7 @@ QByteArray Symbol(SqlOperator op) {
     Q_UNREACHABLE();
 }
 
-/// When two texts are the same: code point by code point. Nothing else in the program compares names.
+/// Texts are equal code point by code point. No other code in the program compares names.
 QByteArray TextEquality(const QByteArray& column, const QByteArray& parameter) {
     return column + " = " + parameter + " COLLATE BINARY";
 }
@@ -128,7 +128,7 @@ private:
         if (column.type != ColumnType::Text) {
             return name + Symbol(comparison.op) + parameter;
         }
-        // A second comparison of a name can only come out of a name with a double quote in it.
+        // A second comparison of a name can only come from a name that contains a double quote.
         if (comparison.op != SqlOperator::Equal || m_comparesText) {
             Refuse(u"SQL文の文字列の比較が正しくありません。"_s);
         }
@@ -150,7 +150,7 @@ private:
 
     QByteArray Text(const AnyOf& any) { return Joined(any.parts, " OR "); }
 
-    /// Each part that is itself joined stands in brackets.
+    /// Brackets each part that is itself a conjunction or disjunction.
     QByteArray Joined(const std::vector<Condition>& parts, const char* word) {
         QByteArrayList texts;
         for (const Condition& part : parts) {

@@ -11,11 +11,11 @@ namespace {
 
 constexpr int kPrimaryCode = 0xFF;  // the low byte of an extended result code
 
-QString Words(int engineCode) {
-    if (engineCode == SQLITE_READONLY_DBMOVED) {
+QString Words(int sqliteCode) {
+    if (sqliteCode == SQLITE_READONLY_DBMOVED) {
         return u"データベースのファイルが移動または削除されました。"_s;
     }
-    switch (engineCode & kPrimaryCode) {
+    switch (sqliteCode & kPrimaryCode) {
         case SQLITE_BUSY:
         case SQLITE_LOCKED:
             return u"データベースはほかのプログラムで使用中です。"_s;
@@ -45,13 +45,13 @@ QString Words(int engineCode) {
 
 }  // namespace
 
-SqlError::SqlError(const QString& reason, QString sql, int engineCode)
-    : RunTimeError(reason), m_sql(std::move(sql)), m_engineCode(engineCode) {}
+SqlError::SqlError(const QString& reason, QString sql, int sqliteCode)
+    : RunTimeError(reason), m_sql(std::move(sql)), m_sqliteCode(sqliteCode) {}
 
 ForeignValueError::ForeignValueError() : RunTimeError(u"データベースの値が正しくありません。"_s) {}
 
-QString EngineReason(int engineCode) {
-    return u"%1(%2)"_s.arg(Words(engineCode)).arg(engineCode);
+QString SqliteReason(int sqliteCode) {
+    return u"%1(%2)"_s.arg(Words(sqliteCode)).arg(sqliteCode);
 }
 
 }  // namespace tickwell

@@ -5,28 +5,28 @@
 
 namespace tickwell {
 
-/// A statement that the day database refused, or that its engine could not carry out.
+/// A statement that the day database refused or that SQLite failed to execute.
 class SqlError : public RunTimeError {
 public:
-    /// `sql`: the statement as it was given. `engineCode`: the extended result code of SQLite; 0 when the
-    /// statement never came as far as the engine.
-    SqlError(const QString& reason, QString sql, int engineCode = 0);
+    /// `sql`: the statement as passed by the caller. `sqliteCode`: the extended result code of SQLite; 0 if
+    /// the statement did not reach SQLite.
+    SqlError(const QString& reason, QString sql, int sqliteCode = 0);
 
     const QString& Sql() const { return m_sql; }
-    int EngineCode() const { return m_engineCode; }
+    int SqliteCode() const { return m_sqliteCode; }
 
 private:
     QString m_sql;
-    int m_engineCode;
+    int m_sqliteCode;
 };
 
-/// A value that can only stand in the file because another program put it there.
+/// A stored value that only another program can have written.
 class ForeignValueError : public RunTimeError {
 public:
     ForeignValueError();
 };
 
-/// What an extended result code of SQLite means to the user, with the code in brackets.
-QString EngineReason(int engineCode);
+/// The meaning of an extended SQLite result code for the user, followed by the code in brackets.
+QString SqliteReason(int sqliteCode);
 
 }  // namespace tickwell

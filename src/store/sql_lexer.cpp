@@ -15,7 +15,7 @@ namespace {
 
 constexpr int kFirstYear = 100;
 
-// ASCII alone: a full-width digit or letter is no part of the language.
+// ASCII only: full-width digits and letters are not part of the language.
 bool IsBlank(QChar c) {
     return c == u' ' || c == u'\t' || c == u'\r' || c == u'\n';
 }
@@ -26,12 +26,12 @@ bool IsLetter(QChar c) {
     return (c >= u'a' && c <= u'z') || (c >= u'A' && c <= u'Z');
 }
 
-/// What ends a text in quotes.
+/// Characters that end a quoted text.
 bool EndsText(QChar c) {
     return c == u'"' || c.isNull();
 }
 
-/// A part of a date: `least` to `most` digits; -1 when it is none.
+/// A part of a date with `least` to `most` digits; -1 if it is not one.
 int DatePart(QStringView digits, int least, int most) {
     const bool fits = digits.size() >= least && digits.size() <= most;
     return fits && std::all_of(digits.begin(), digits.end(), IsDigit) ? digits.toInt() : -1;
@@ -121,7 +121,7 @@ SqlToken SqlLexer::Text() {
 }
 
 SqlToken SqlLexer::Date() {
-    ++m_position;  // the opening mark
+    ++m_position;  // the opening #
     const auto parts = TakeWhile([](QChar c) { return IsDigit(c) || c == u'/'; }).split(u'/');
     QDate date;
     if (At(m_position) == u'#' && parts.size() == 3) {

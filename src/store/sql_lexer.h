@@ -12,18 +12,18 @@ enum class TokenKind { Word, Symbol, Literal, End };
 
 struct SqlToken {
     TokenKind kind = TokenKind::End;
-    QStringView text;  // a word or a symbol, as written
+    QStringView text;  // the word or symbol as written
     SqlLiteral value;  // of a literal
 };
 
-/// Cuts a statement into words, symbols and literals. A double quote ends a text wherever it stands: there is
-/// no way to write one inside.
+/// Splits a statement into words, symbols and literals. A double quote always ends a text: there is no way to
+/// escape one.
 class SqlLexer {
 public:
     /// `sql` outlives the lexer.
     explicit SqlLexer(QStringView sql) : m_sql(sql) {}
 
-    /// The next token; End from the end on. Throws SqlError at whatever is none.
+    /// The next token; End at the end of the statement. Throws SqlError at anything that is not a token.
     SqlToken Next();
 
 private:
@@ -40,7 +40,7 @@ private:
     qsizetype m_position = 0;
 };
 
-/// `text` as a 32-bit number when it is exactly an optional minus and ASCII digits.
+/// `text` as a 32-bit number if it consists of an optional minus and ASCII digits only.
 std::optional<qint32> ExactInteger(QStringView text);
 
 }  // namespace tickwell

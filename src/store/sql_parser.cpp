@@ -24,7 +24,7 @@ constexpr std::array kOperators{
     std::pair{QStringView(u">"), SqlOperator::Greater},
 };
 
-/// Recursive descent; `m_token` is the one not yet taken.
+/// Recursive descent; `m_token` is the next token, not consumed yet.
 class Parser {
 public:
     explicit Parser(const QString& sql) : m_sql(sql), m_lexer(sql), m_token(m_lexer.Next()) {}

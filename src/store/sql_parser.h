@@ -12,10 +12,10 @@ namespace tickwell {
 ///     INSERT INTO T[(c,c..)] VALUES (literal,literal..)
 ///     UPDATE T SET c = literal,c = literal.. WHERE condition
 ///
-/// A condition joins `c op literal` and `c BETWEEN literal AND literal` by AND, OR and brackets, at most 32
-/// deep. The left side is always a column, the right side always a literal, and nothing may follow: a name
-/// that breaks out of its quotes then never becomes another statement. Names and types are not looked at
-/// here. Throws SqlError.
+/// A condition combines `c op literal` and `c BETWEEN literal AND literal` with AND, OR and brackets, at most
+/// 32 deep. The left side is always a column, the right side always a literal, and nothing may follow the
+/// condition: a name that breaks out of its quotes can never become another statement. Names and types are
+/// not checked here. Throws SqlError.
 SqlStatement ParseSql(const QString& sql);
 
 }  // namespace tickwell

@@ -8,7 +8,7 @@
 
 namespace tickwell {
 
-/// A literal, as it was written.
+/// A literal as written.
 using SqlLiteral = std::variant<qint32, QString, QDate>;
 
 enum class SqlOperator { Equal, NotEqual, LessOrEqual, GreaterOrEqual, Less, Greater };
@@ -19,7 +19,7 @@ struct Comparison {
     SqlLiteral value;
 };
 
-/// Both ends belong to it; with the ends reversed it is empty.
+/// Both ends are included; with reversed ends the range is empty.
 struct Between {
     QString column;
     SqlLiteral first;
@@ -49,12 +49,12 @@ struct Assignment {
 };
 
 struct SelectStatement {
-    std::vector<QualifiedColumn> columns;  // none: all
+    std::vector<QualifiedColumn> columns;  // empty: all
     QString table;
     Condition where;
 };
 
-/// The columns say nothing: whole rows go.
+/// `columns` has no effect: entire rows are deleted.
 struct DeleteStatement {
     std::vector<QualifiedColumn> columns;
     QString table;
@@ -63,7 +63,7 @@ struct DeleteStatement {
 
 struct InsertStatement {
     QString table;
-    std::vector<QString> columns;  // none: all, in their order
+    std::vector<QString> columns;  // empty: all, in schema order
     std::vector<SqlLiteral> values;
 };
 

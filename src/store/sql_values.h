@@ -8,10 +8,11 @@
 
 namespace tickwell {
 
-/// `literal` to be compared with a column of that type; nothing when it is of another type.
+/// The bound value for comparing `literal` with a column of that type; nothing if its type differs.
 std::optional<BoundValue> ComparedValue(ColumnType type, const SqlLiteral& literal);
 
-/// `literal` to be stored in a column of that type; nothing when it cannot be. A number may come in quotes.
+/// The bound value for storing `literal` in a column of that type; nothing if that is impossible. A number
+/// may be quoted.
 std::optional<BoundValue> StoredValue(ColumnType type, const SqlLiteral& literal);
 
 }  // namespace tickwell

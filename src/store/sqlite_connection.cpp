@@ -16,10 +16,10 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kBusyTimeout = 2000;  // ms, until a lock held by another program is an error
+constexpr int kBusyTimeout = 2000;  // ms, the longest wait for a lock of another program
 constexpr int kMostPrepared = 64;
 
-constexpr int kStepsBetweenLooks = 1000;  // of SQLite's machine, a few microseconds
+constexpr int kStepsBetweenLooks = 1000;  // SQLite instructions, a few microseconds
 
 bool GiveUp() {
     return false;
@@ -29,7 +29,7 @@ int IsStopped(void* stop) {
     return static_cast<const std::stop_token*>(stop)->stop_requested() ? 1 : 0;
 }
 
-/// `path`, absolute: the engine reads "file:" and ":memory:" as something else than names.
+/// The absolute path: SQLite interprets "file:" and ":memory:" specially.
 QString OfAFile(const QString& path) {
     const QFileInfo file(path);
     if (!file.exists()) {
@@ -40,7 +40,7 @@ QString OfAFile(const QString& path) {
     }
     for (const QLatin1StringView suffix : {"-journal"_L1, "-wal"_L1}) {
         const QFileInfo journal(file.canonicalFilePath() + suffix);
-        if (journal.exists() && !journal.isFile()) {  // SQLite would open a pipe and wait for ever
+        if (journal.exists() && !journal.isFile()) {  // SQLite would open a pipe and block forever
             throw RunTimeError(journal.fileName() +
                                u" は通常のファイルではありません。移動または削除してください。");
         }
@@ -64,8 +64,8 @@ SqliteConnection::SqliteConnection(const QString& path, FileUse use, LockedOpeni
         WaitForLocks();
     }
     SetPragma("journal_mode", "DELETE", "delete"_L1);
-    SetPragma("synchronous", "EXTRA", "3"_L1);  // a commit removes the journal: its folder is synced as well
-    SetPragma("temp_store", "MEMORY", "2"_L1);  // no sorting fails for want of room in /tmp
+    SetPragma("synchronous", "EXTRA", "3"_L1);  // deleting the journal at a commit also syncs its folder
+    SetPragma("temp_store", "MEMORY", "2"_L1);  // so that sorting does not depend on space in /tmp
 }
 
 void SqliteConnection::Open(const QString& path, FileUse use) {
@@ -73,7 +73,7 @@ void SqliteConnection::Open(const QString& path, FileUse use) {
     const int access = use == FileUse::Work ? SQLITE_OPEN_READWRITE : SQLITE_OPEN_READONLY;
     const int result = sqlite3_open_v2(QFile::encodeName(OfAFile(path)).constData(), &handle,
                                        access | SQLITE_OPEN_EXRESCODE, nullptr);
-    m_handle.reset(handle);  // also a failed open gives a handle
+    m_handle.reset(handle);  // a failed open returns a handle too
     if (result != SQLITE_OK) {
         Fail(result, path);
     }
@@ -130,11 +130,11 @@ bool SqliteConnection::IsInTransaction() const {
     return sqlite3_get_autocommit(m_handle.get()) == 0;
 }
 
-void SqliteConnection::TakeWhole() {
+void SqliteConnection::TakeExclusive() {
     if (m_lock) {
-        m_lock->TakeWhole();
+        m_lock->TakeExclusive();
     }
-    // In this mode the engine keeps a lock that it has had once.
+    // In this mode SQLite never releases a lock that it has acquired.
     SetPragma("main.locking_mode", "EXCLUSIVE", "exclusive"_L1);
     Run("BEGIN EXCLUSIVE");
     Run("COMMIT");
@@ -152,7 +152,7 @@ sqlite3_file* SqliteConnection::File() const {
 QByteArray SqliteConnection::Bytes(qint64 at, int count) const {
     sqlite3_file* file = File();
     QByteArray bytes(count, '\0');
-    const int read = file->pMethods->xRead(file, bytes.data(), count, at);  // zeros where the file is shorter
+    const int read = file->pMethods->xRead(file, bytes.data(), count, at);  // zeros past the end of the file
     if (read != SQLITE_OK && read != SQLITE_IOERR_SHORT_READ) {
         Fail(read, QString());
     }
@@ -174,7 +174,7 @@ QByteArray SqliteConnection::NativeName() const {
 }
 
 void SqliteConnection::Fail(int result, const QString& sql) const {
-    throw SqlError(EngineReason(result), sql, result);
+    throw SqlError(SqliteReason(result), sql, result);
 }
 
 InstructionLimit::InstructionLimit(SqliteConnection& connection, int instructions)

@@ -16,63 +16,62 @@ namespace tickwell {
 
 /// How a file is opened.
 enum class FileUse {
-    Work,     ///< reading and writing, with a share in the lock file beside it
-    LookOver  ///< reading alone and without a lock file: for a file that is no one's, and stays as it is
+    Work,     ///< read and write, with a shared lock on the lock file beside it
+    LookOver  ///< read only and without a lock file: for a file that nobody uses and that must stay as it is
 };
 
-/// What opening does about a lock that another program holds. Afterwards every statement waits up to two
-/// seconds for one.
+/// What opening does about a lock held by another program. Once the connection is open and checked, every
+/// statement waits up to two seconds for a lock.
 enum class LockedOpening {
     Waits,       ///< up to two seconds for each lock
     FailsAtOnce  ///< for a caller that will try again
 };
 
-/// One open SQLite file, set so that what was written is on the disk when the call returns, also after a
-/// power cut. Never creates a file. Errors are thrown as SqlError, those of opening as RunTimeError.
+/// One open SQLite file. Writes are on the disk when the call returns, safe even against a power failure.
+/// Never creates a file. Errors are thrown as SqlError, those of opening as RunTimeError.
 class SqliteConnection {
 public:
     explicit SqliteConnection(const QString& path, FileUse use = FileUse::Work,
                               LockedOpening opening = LockedOpening::Waits);
 
-    /// Statements wait up to two seconds for a lock from now on. To be called when the file was looked over.
+    /// From now on statements wait up to two seconds for a lock. To be called after the file was checked.
     void WaitForLocks();
 
-    /// Once `stop` is requested, from whichever thread, running and later statements fail with
-    /// SQLITE_INTERRUPT.
+    /// Once `stop` is requested, from any thread, running and later statements fail with SQLITE_INTERRUPT.
     void StopWith(std::stop_token stop);
 
-    /// Keeps everyone else away from the file, also programs that know nothing of the lock file, until this
-    /// object goes. Nothing that would have to be taken back stands in the file then. Throws RunTimeError
-    /// where another one holds it.
-    void TakeWhole();
+    /// Locks everyone else out of the file, including programs that ignore the lock file, until this object
+    /// is destroyed. The file then contains no uncommitted change. Throws RunTimeError if another connection
+    /// has it open.
+    void TakeExclusive();
 
-    /// `sql` prepared, at rest, without values; kept for the next time. The reference holds until the next
+    /// `sql` as a prepared statement, reset and without values; cached. The reference is valid until the next
     /// call.
     SqliteStatement& Prepared(const QByteArray& sql);
 
-    /// Runs a statement that gives no rows.
+    /// Runs a statement that returns no rows.
     void Run(const QByteArray& sql);
 
-    /// The first column of the first row that `sql` gives, as text; empty when there is none.
+    /// The first column of the first row of `sql`, as text; empty if there is no row.
     QString FirstValue(const QByteArray& sql);
 
-    /// How many rows the last INSERT, UPDATE or DELETE changed.
+    /// The number of rows that the last INSERT, UPDATE or DELETE changed.
     int Changes() const;
 
-    /// Rows changed since the connection was opened.
+    /// The number of rows changed since the connection was opened.
     qint64 TotalChanges() const;
 
-    /// Also false after an error for which the engine itself took a transaction back.
+    /// Also false after an error that made SQLite roll the transaction back.
     bool IsInTransaction() const;
 
-    /// `count` bytes of the file from `at` on, zeros where it is shorter. Read through the engine's own
-    /// descriptor: closing another one on the same file would take the engine's locks away.
+    /// `count` bytes of the file from offset `at`, padded with zeros past its end. Uses SQLite's own file
+    /// descriptor: closing another one on the same file would release SQLite's locks.
     QByteArray Bytes(qint64 at, int count) const;
 
     /// In bytes.
     qint64 FileSize() const;
 
-    /// As the system knows the file, absolute.
+    /// The absolute path, in the encoding of the file system.
     QByteArray NativeName() const;
 
 private:
@@ -87,16 +86,16 @@ private:
     [[noreturn]] void Fail(int result, const QString& sql) const;
     sqlite3_file* File() const;
 
-    std::optional<SharedFileLock> m_lock;  // given back last
+    std::optional<SharedFileLock> m_lock;  // released last
     std::stop_token m_stop;
     std::unique_ptr<sqlite3, Closer> m_handle;
     QHash<QByteArray, std::shared_ptr<SqliteStatement>> m_prepared;  // finalized before the file is closed
 };
 
-/// While it lives, a statement ends with SQLITE_INTERRUPT after about so many instructions.
+/// During its lifetime a statement ends with SQLITE_INTERRUPT after about that many instructions.
 class InstructionLimit {
 public:
-    /// `connection` outlives it.
+    /// `connection` outlives this object.
     InstructionLimit(SqliteConnection& connection, int instructions);
     ~InstructionLimit();
     InstructionLimit(const InstructionLimit&) = delete;

@@ -12,8 +12,7 @@ namespace tickwell {
 
 namespace {
 
-// A million rows that are sorted take 76 MB, nothing else comes near that; a crafted file can ask for
-// gigabytes.
+// Sorting a million rows takes 76 MB and nothing else comes close; a crafted file can ask for gigabytes.
 constexpr sqlite3_int64 kMostMemory = sqlite3_int64{96} * 1024 * 1024;
 constexpr int kLongestValue = 1'000'000;  // bytes
 
@@ -25,7 +24,7 @@ constexpr std::array kSwitches{
 
 void Check(int result) {
     if (result != SQLITE_OK) {
-        throw SqlError(EngineReason(result), QString(), result);
+        throw SqlError(SqliteReason(result), QString(), result);
     }
 }
 

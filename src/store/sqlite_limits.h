@@ -5,9 +5,9 @@ struct sqlite3;
 
 namespace tickwell {
 
-/// Limits what the file of an open connection can make SQLite do: triggers, views and check constraints of
-/// its own do not run, no value is longer than 1 MB, and all connections of the process together get at most
-/// 96 MB of memory; what needs more fails with SQLITE_TOOBIG or SQLITE_NOMEM. To be called before anything is
+/// Limits what the file of an open connection can make SQLite do: its triggers, views and check constraints
+/// are disabled, no value may exceed 1 MB, and all connections of the process together may use 96 MB of
+/// memory; beyond that, statements fail with SQLITE_TOOBIG or SQLITE_NOMEM. To be called before anything is
 /// read from the file. Throws SqlError.
 void LimitSqlite(sqlite3* handle);
 

@@ -17,7 +17,7 @@ SqliteStatement::SqliteStatement(sqlite3* connection, const QByteArray& sql) : m
     const int result = sqlite3_prepare_v3(connection, sql.constData(), static_cast<int>(sql.size()),
                                           SQLITE_PREPARE_PERSISTENT, &prepared, nullptr);
     if (result != SQLITE_OK) {
-        throw SqlError(EngineReason(result), QString::fromUtf8(sql), result);
+        throw SqlError(SqliteReason(result), QString::fromUtf8(sql), result);
     }
     m_statement.reset(prepared);
 }
@@ -31,7 +31,7 @@ void SqliteStatement::Bind(int index, qint64 value) {
 }
 
 void SqliteStatement::Bind(int index, const QString& value) {
-    const QByteArray bytes = ToEngineText(value);
+    const QByteArray bytes = ToSqliteText(value);
     Check(sqlite3_bind_text64(m_statement.get(), index, bytes.constData(),
                               static_cast<sqlite3_uint64>(bytes.size()), SQLITE_TRANSIENT, SQLITE_UTF8));
 }
@@ -45,7 +45,7 @@ bool SqliteStatement::Step() {
 }
 
 void SqliteStatement::Reset() noexcept {
-    sqlite3_reset(m_statement.get());  // tells again what the last step told
+    sqlite3_reset(m_statement.get());  // returns the error of the last step again, so its result is ignored
 }
 
 qint64 SqliteStatement::Integer(int column) const {
@@ -53,7 +53,7 @@ qint64 SqliteStatement::Integer(int column) const {
 }
 
 QString SqliteStatement::Text(int column) const {
-    return FromEngineText(Bytes(column));
+    return FromSqliteText(Bytes(column));
 }
 
 QByteArrayView SqliteStatement::Bytes(int column) const {
@@ -67,7 +67,7 @@ bool SqliteStatement::IsNull(int column) const {
 
 void SqliteStatement::Check(int result) const {
     if (result != SQLITE_OK) {
-        throw SqlError(EngineReason(result), QString::fromUtf8(sqlite3_sql(m_statement.get())), result);
+        throw SqlError(SqliteReason(result), QString::fromUtf8(sqlite3_sql(m_statement.get())), result);
     }
 }
 

@@ -10,11 +10,11 @@ struct sqlite3_stmt;
 
 namespace tickwell {
 
-/// One prepared statement. After it was stepped through, or after an error, Reset puts it at rest again: a
-/// statement that is not at rest holds the file. Errors are thrown as SqlError.
+/// One prepared statement. After stepping, and after an error, it must be Reset: an active statement keeps
+/// the file locked. Errors are thrown as SqlError.
 class SqliteStatement {
 public:
-    /// `connection` outlives the statement. `sql` is ours, never a text from outside.
+    /// `connection` outlives the statement. `sql` is written by this program, never taken from outside.
     SqliteStatement(sqlite3* connection, const QByteArray& sql);
 
     /// `index`: 1 for ?1.
@@ -22,14 +22,14 @@ public:
     void Bind(int index, qint64 value);
     void Bind(int index, const QString& value);
 
-    /// Goes to the next row; false when there is none.
+    /// Moves to the next row; false if there is none.
     bool Step();
     void Reset() noexcept;
 
-    /// Values of the row it stands on; `column` is counted from 0.
+    /// Values of the current row; `column` is counted from 0.
     qint64 Integer(int column) const;
     QString Text(int column) const;
-    /// A text as it is stored; holds until the next step.
+    /// The text as stored; valid until the next step.
     QByteArrayView Bytes(int column) const;
     bool IsNull(int column) const;
 

@@ -5,7 +5,7 @@ namespace tickwell {
 
 namespace {
 
-/// The code point of the UTF-8 sequence at the start of `bytes`, halves of surrogate pairs included.
+/// The code point of the UTF-8 sequence at the start of `bytes`; surrogates are accepted.
 struct Decoded {
     char32_t code;
     qsizetype length;
@@ -36,7 +36,7 @@ Decoded Decode(QByteArrayView bytes) {
 
 }  // namespace
 
-QByteArray ToEngineText(QStringView text) {
+QByteArray ToSqliteText(QStringView text) {
     if (text.isValidUtf16()) {
         return text.toUtf8();
     }
@@ -60,7 +60,7 @@ QByteArray ToEngineText(QStringView text) {
     return bytes;
 }
 
-QString FromEngineText(QByteArrayView bytes) {
+QString FromSqliteText(QByteArrayView bytes) {
     QString text;
     text.reserve(bytes.size());
     while (!bytes.isEmpty()) {

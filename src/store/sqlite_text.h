@@ -6,12 +6,11 @@
 
 namespace tickwell {
 
-/// UTF-8 for the engine and back, with nothing lost on the way: half a surrogate pair, a byte order mark and
-/// the noncharacters are kept, each as the three bytes of its code. Two different names so never become the
-/// same.
-QByteArray ToEngineText(QStringView text);
+/// Lossless conversion to UTF-8 for SQLite and back: unpaired surrogates, byte order marks and noncharacters
+/// are kept, each as the three bytes of its code point. So two different names never become equal.
+QByteArray ToSqliteText(QStringView text);
 
-/// Bytes that are no such text give U+FFFD.
-QString FromEngineText(QByteArrayView bytes);
+/// Invalid bytes become U+FFFD.
+QString FromSqliteText(QByteArrayView bytes);
 
 }  // namespace tickwell

@@ -5,7 +5,8 @@
 
 namespace tickwell {
 
-/// Shows a window in front of the others and gives it the keys, also where it was minimized or covered.
+/// Shows a window, even if it was minimized or covered, in front of the others and gives it the keyboard
+/// focus.
 void BringForward(QWidget& window);
 
 }  // namespace tickwell

@@ -12,8 +12,8 @@ constexpr qint32 kInsteadOfZero = 15'000;  // ms
 }  // namespace
 
 qint32 Countdown::Remaining() const {
-    // What has passed first: taken off the duration piece by piece, a rest that fits could overflow on its
-    // way.
+    // The elapsed time first: in another order an intermediate result could overflow although the remaining
+    // time fits.
     return CheckedSub(m_state.CountdownDuration, CheckedSub(m_clock.Tick(), m_state.CountdownStart));
 }
 

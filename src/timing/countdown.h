@@ -5,19 +5,19 @@
 
 namespace tickwell {
 
-/// The countdown timer of the program; one instance. Times are milliseconds, of the tick counter or of a
-/// duration.
+/// The state of the program's countdown timer; one instance. Times are in milliseconds, either ticks or
+/// durations.
 struct CountdownState {
-    qint32 CountdownDuration = 0;  ///< the set time; 0 stands for 15000 until it is first used
-    qint32 CountdownStart = 0;     ///< tick at which the current cycle is taken to have begun
-    qint32 CountdownPausedAt = 0;  ///< tick of the last stop; 0 when it was not stopped
+    qint32 CountdownDuration = 0;  ///< the set time; 0 means 15000 until it is first used
+    qint32 CountdownStart = 0;     ///< tick at which the current cycle nominally began
+    qint32 CountdownPausedAt = 0;  ///< tick of the last stop; 0 if it was not stopped
     bool CountdownRunning = false;
     bool CountdownRepeat = false;   ///< starts again at zero
-    qint32 CountdownLoopCount = 0;  ///< repeated cycles since the program started, over all resets and runs
+    qint32 CountdownLoopCount = 0;  ///< repeated cycles since the program started, over all runs
     bool TimerShownOnMain = false;  ///< the main window shows the countdown
 };
 
-/// What the countdown does. A sum that overflows throws OverflowError and leaves the state as it was.
+/// The rules of the countdown. An overflow throws OverflowError and leaves the state unchanged.
 class Countdown {
 public:
     /// Both outlive this object.
@@ -25,27 +25,28 @@ public:
 
     const CountdownState& State() const { return m_state; }
 
-    /// Milliseconds to zero, below zero when the tick is late. For a running countdown.
+    /// Remaining milliseconds, negative if the tick is late. Only while the countdown is running.
     qint32 Remaining() const;
 
-    /// Milliseconds for which Remaining stays in order; an overflow may come with the next.
+    /// Milliseconds during which Remaining cannot overflow.
     qint64 UntilOverflow() const;
 
     void SetDuration(qint32 milliseconds) { m_state.CountdownDuration = milliseconds; }
     void SetRepeat(bool repeat) { m_state.CountdownRepeat = repeat; }
     void SetShownOnMain(bool shown) { m_state.TimerShownOnMain = shown; }
 
-    /// A duration of zero becomes fifteen seconds; true where it was zero.
+    /// Replaces a duration of zero by fifteen seconds; returns whether it was zero.
     bool ReplaceZero();
 
-    /// From idle a new run; from a stop the rest of it, the time of the pause not counted.
+    /// Starts a new run, or continues a stopped one with its remaining time.
     void Start();
     void Stop();
-    /// Back to the beginning of a run: a pause is forgotten. Neither duration nor loop count change.
+    /// Discards a pause, so that the next start begins a new run. Duration and loop count are unchanged.
     void Forget();
-    /// Zero, and no repeat.
+    /// Zero was reached without repeat.
     void End();
-    /// Zero, and repeat: the next cycle began where the last one ended, however late the tick came.
+    /// Zero was reached with repeat: the next cycle begins where the last one ended, however late the tick
+    /// is.
     void BeginNextCycle();
 
 private:

@@ -14,7 +14,7 @@ void CountdownLines::Show() {
     const CountdownState& state = m_countdown.State();
     if (!state.CountdownRunning) {
         m_windows.ShowTimerForm();
-        m_countdown.Forget();  // not of a running one, whose time would be over at once
+        m_countdown.Forget();  // not for a running one, whose time would be over at once
     }
     m_countdown.ReplaceZero();
     m_lines.lower.ShowText(ElapsedText(state.CountdownDuration));
@@ -42,7 +42,7 @@ void CountdownLines::BringUp() {
     if (!state.CountdownRunning || !state.TimerShownOnMain) {
         return;
     }
-    // In the millisecond in which a cycle begins, the zero of the last one stands.
+    // In the millisecond in which a cycle begins, the zero of the last one is kept.
     const qint32 remaining = m_countdown.Remaining();
     if (remaining < state.CountdownDuration) {
         m_lines.lower.SetText(ElapsedText(std::max(0, remaining)));
@@ -68,8 +68,7 @@ void CountdownLines::EndRun(Timer& timer) {
     if (state.TimerShownOnMain) {
         m_lines.lower.ShowText(ElapsedText(state.CountdownDuration));
     }
-    m_windows
-        .RefreshTimerForm();  // also unseen: an open window would go on offering to stop what does not run
+    m_windows.RefreshTimerForm();  // also while unseen: an open form would still offer to stop it
 }
 
 void CountdownLines::BeginNextCycle() {

@@ -8,29 +8,30 @@
 
 namespace tickwell {
 
-/// The countdown on the main window: its tick, and what the lines show of it.
+/// The countdown on the main window: handles its ticks and shows it on the lines.
 class CountdownLines {
 public:
     /// All outlive this object.
     CountdownLines(Countdown& countdown, TextLines lines, TimerWindows& windows)
         : m_countdown(countdown), m_lines(lines), m_windows(windows) {}
 
-    /// The function was chosen: the set time is wiped in. A countdown that does not run loses its pause, and
-    /// its window is shown; a running one goes on, and its next tick shows the remaining time.
+    /// Call when the function is chosen: the set time is wiped in. A countdown that is not running loses its
+    /// pause, and its window is shown; a running one continues, and its next tick shows the remaining time.
     void Show();
 
-    /// Another function was chosen: the countdown goes on unseen.
+    /// Call when another function is chosen: the countdown continues unseen.
     void Hide() { m_countdown.SetShownOnMain(false); }
 
-    /// TimerTimer, which is handed in to be stopped at zero. A tick that comes late crosses zero once; the
-    /// cycles it missed follow tick by tick.
+    /// The handler of TimerTimer, which is passed in to be stopped at zero. A late tick reaches zero only
+    /// once; each of the following ticks handles one more missed cycle.
     void Tick(Timer& timer);
 
-    /// Between two ticks: the rest of this moment, where it is shown. Zero waits for its tick.
+    /// Shows the current remaining time between two ticks, if the lines show the countdown. Reaching zero is
+    /// left to the tick.
     void BringUp();
 
-    /// Milliseconds until the next tick that shows something new, where the lines show a change after
-    /// `untilFrame` ms, or that comes to zero.
+    /// Milliseconds until the next tick that changes something: `untilFrame` ms, the time until the lines can
+    /// show a change, or less if zero is reached earlier.
     qint64 UntilDue(qint64 untilFrame) const;
 
 private:

@@ -6,8 +6,8 @@
 
 namespace tickwell {
 
-/// The stopwatch's report, line by line. `version`: the program's, as "2.0.0". `list`: laps and stops, parted
-/// by CR LF; an empty one is one empty line.
+/// The stopwatch's report, line by line. `version`: of the program, like "2.0.0". `list`: laps and stops,
+/// separated by CR LF; an empty one results in one empty line.
 QStringList LapReport(const QString& version, const QDateTime& now, const QString& list);
 
 /// "1998年11月15日 日曜日".

@@ -12,7 +12,7 @@ qint32 Stopwatch::Reading() const {
     if (!m_state.StopwatchRunning) {
         return m_state.StopwatchElapsed;
     }
-    // The difference first: added the other way round, a sum that fits could overflow on its way.
+    // The difference first: in another order an intermediate result could overflow although the sum fits.
     return CheckedAdd(CheckedSub(m_clock.Tick(), m_state.StopwatchStart), m_state.StopwatchElapsed);
 }
 

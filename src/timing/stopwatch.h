@@ -7,24 +7,24 @@
 
 namespace tickwell {
 
-/// The stopwatch of the program; one instance. Times are milliseconds, of the tick counter or of elapsed
+/// The state of the program's stopwatch; one instance. Times are in milliseconds, either ticks or elapsed
 /// time.
 struct StopwatchState {
     qint32 StopwatchStart = 0;    ///< tick of the last start
     qint32 StopwatchElapsed = 0;  ///< all completed intervals since the last reset
     bool StopwatchRunning = false;
     qint32 StopwatchLapCount = 0;  ///< laps since the last reset
-    QString StopwatchLapText;      ///< the list while its window is closed, lines parted by CR LF
+    QString StopwatchLapText;      ///< the list while its window is closed, lines separated by CR LF
 };
 
-/// What the stopwatch does. A sum that overflows throws OverflowError and leaves the state as it was, except
-/// that Stop ends the run.
+/// The rules of the stopwatch. An overflow throws OverflowError and leaves the state unchanged, except that
+/// Stop ends the run.
 class Stopwatch {
 public:
     /// Both outlive this object.
     Stopwatch(StopwatchState& state, const Clock& clock) : m_state(state), m_clock(clock) {}
 
-    /// A lap is counted from the start of the stopwatch, not from the lap before.
+    /// A lap is measured from the start of the stopwatch, not from the previous lap.
     struct Lap {
         qint32 number;
         qint32 reading;
@@ -32,23 +32,23 @@ public:
 
     bool IsRunning() const { return m_state.StopwatchRunning; }
 
-    /// Milliseconds at this moment; those of the last stop while it is stopped.
+    /// The current time in milliseconds; that of the last stop while it is stopped.
     qint32 Reading() const;
 
-    /// Milliseconds, while it runs, for which Reading stays in order; an overflow may come with the next.
+    /// Milliseconds during which Reading cannot overflow. Only while running.
     qint64 UntilOverflow() const;
 
-    /// While stopped: it goes on from its reading.
+    /// Only while stopped: continues from the current reading.
     void Start();
-    /// While running. Returns the reading it stopped at. If that overflows, the run is lost and the time
-    /// before it remains: a stopwatch that could not be stopped could not be reset either.
+    /// Only while running. Returns the reading at the stop. If that overflows, the run is lost and the time
+    /// before it is kept: a stopwatch that cannot be stopped could not be reset either.
     qint32 Stop();
-    /// While running.
+    /// Only while running.
     Lap TakeLap();
-    /// While stopped: all back to the beginning, the kept list too.
+    /// Only while stopped: resets everything, including the kept list.
     void Reset();
 
-    /// The list of laps and stops while nothing shows it.
+    /// The list of laps and stops while no window shows it.
     const QString& KeptList() const { return m_state.StopwatchLapText; }
     void KeepList(const QString& list) { m_state.StopwatchLapText = list; }
 

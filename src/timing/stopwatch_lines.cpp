@@ -21,7 +21,7 @@ void StopwatchLines::Tick() {
 
 qint64 StopwatchLines::UntilDue(qint64 untilFrame) const {
     if (!m_stopwatch.IsRunning()) {
-        return SleepingTimer::kLongestSleep;  // its start wakes the timer
+        return SleepingTimer::kLongestSleep;  // starting it wakes the timer
     }
     return std::min(untilFrame, m_stopwatch.UntilOverflow());
 }

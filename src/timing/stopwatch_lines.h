@@ -12,14 +12,15 @@ public:
     /// All outlive this object.
     StopwatchLines(const Stopwatch& stopwatch, TextLines lines) : m_stopwatch(stopwatch), m_lines(lines) {}
 
-    /// The function was chosen: the reading comes in with a wipe.
+    /// Call when the function is chosen: wipes the reading in.
     void Show();
 
-    /// Timer1: the reading is replaced in place. A stopwatch that stands still lets the wipe end.
+    /// The handler of Timer1: replaces the reading in place. While the stopwatch is stopped, a wipe can
+    /// finish.
     void Tick();
 
-    /// Milliseconds until the next tick that shows something new, where the lines show a change after
-    /// `untilFrame` ms.
+    /// Milliseconds until the next tick that changes something. `untilFrame`: ms until the lines can show a
+    /// change.
     qint64 UntilDue(qint64 untilFrame) const;
 
 private:

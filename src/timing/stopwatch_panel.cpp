@@ -40,7 +40,8 @@ StopwatchCaptions StopwatchPanel::Captions() const {
                                    : StopwatchCaptions{u"スタート", u"リセット"};
 }
 
-/// The main window comes to the stopwatch first: under another function two timers would fight for one line.
+/// Switches the main window to the stopwatch first: with another function, two timers would write to the same
+/// line.
 void StopwatchPanel::Start() {
     if (m_functions.GetFuncNumber() != kFunctionStopwatch) {
         m_functions.ChangeFunction(kFunctionStopwatch);
@@ -50,17 +51,16 @@ void StopwatchPanel::Start() {
 }
 
 void StopwatchPanel::Stop() {
-    m_Timer1.Stop();  // also before a reading that overflows: the run ends all the same
+    m_Timer1.Stop();  // before the reading, which may overflow: the run ends in any case
     const QString reading = ElapsedText(m_stopwatch.Stop());
     m_lines.lower.SetText(reading);
-    m_list +=
-        u"\r\n【Stop】 "_s + reading;  // also where the list was empty: it then begins with an empty line
+    m_list += u"\r\n【Stop】 "_s + reading;  // also for an empty list, which then begins with an empty line
 }
 
 void StopwatchPanel::TakeLap() {
     const Stopwatch::Lap lap = m_stopwatch.TakeLap();
     const QString line = u"Lapse"_s + QString::number(lap.number) + u"  " + ElapsedText(lap.reading);
-    if (lap.number < 2) {  // the first one since the reset: earlier stops leave the list
+    if (lap.number < 2) {  // the first one since the reset: replaces earlier stops in the list
         ReplaceList(line);
         m_lines.upper.ShowText(line);
     } else {

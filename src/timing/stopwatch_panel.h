@@ -8,35 +8,35 @@
 
 namespace tickwell {
 
-/// What the two changing buttons of the stopwatch's window say: always what they will do.
+/// The captions of the window's two changing buttons: what the next click does.
 struct StopwatchCaptions {
     QStringView command1;
     QStringView command2;
 };
 
-/// The stopwatch's window without the window: its list, and what its buttons do.
+/// The stopwatch window without the window: its list and the actions of its buttons.
 class StopwatchPanel {
 public:
-    /// All outlive this object. `timer1` refreshes the reading on the main window.
+    /// All outlive this object. `timer1` updates the reading on the main window.
     StopwatchPanel(Stopwatch& stopwatch, TextLines lines, DisplayFunctions& functions, Timer& timer1);
 
-    /// The window opens: the kept list comes back.
+    /// The window opens: the kept list is restored.
     void Load();
-    /// The window closes: the list is kept. The stopwatch and its display go on.
+    /// The window closes: the list is kept. The stopwatch and its display continue.
     void Unload();
 
-    /// Start while stopped, stop while running. Throws OverflowError if the reading of a stop overflows; the
-    /// stopwatch is stopped nevertheless, and list and lines stay as they were.
+    /// Starts while stopped, stops while running. Throws OverflowError if the reading at the stop overflows;
+    /// the stopwatch is stopped nevertheless, and list and lines are unchanged.
     void StartOrStop();
-    /// Lap while running, reset while stopped. Throws OverflowError; the lap then does not count.
+    /// Takes a lap while running, resets while stopped. Throws OverflowError; the lap then does not count.
     void LapOrReset();
 
     StopwatchCaptions Captions() const;
 
-    /// Laps and stops, a reading a line, parted by CR LF.
+    /// Laps and stops, one reading per line, separated by CR LF.
     const QString& List() const { return m_list; }
 
-    /// Changes whenever the list is replaced. While it stays, the list only grows at its end.
+    /// Changes whenever the list is replaced. While it is constant, text is only appended to the list.
     int ListNumber() const { return m_listNumber; }
 
 private:

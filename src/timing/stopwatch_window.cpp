@@ -15,7 +15,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kListColumns = 30;  // characters and lines that the list has room for from the start
+constexpr int kListColumns = 30;  // minimum size of the list in characters and lines
 constexpr int kListLines = 8;
 
 }  // namespace
@@ -56,7 +56,8 @@ void StopForm::LayOut() {
     auto* below = new QHBoxLayout;
     below->addStretch(1);
     for (QPushButton* button : {m_Command3, m_Command4}) {
-        // Kanji and kana can come from fonts of different heights: as high as the row all the same.
+        // Kanji and kana may come from fonts of different heights: expand all buttons to the height of the
+        // row.
         button->setSizePolicy(QSizePolicy::Minimum, QSizePolicy::Minimum);
         below->addWidget(button);
     }
@@ -99,7 +100,7 @@ void StopForm::done(int result) {
 }
 
 void StopForm::Command1_Click() {
-    const auto shown = qScopeGuard([this] { ShowState(); });  // a stop that fails changes the state as well
+    const auto shown = qScopeGuard([this] { ShowState(); });  // a failed stop changes the state too
     m_parts.panel.StartOrStop();
 }
 
@@ -108,10 +109,10 @@ void StopForm::Command2_Click() {
     ShowState();
 }
 
-/// One question, and then one print, at a time; both may end after the window was closed.
+/// Allows one question and then one print at a time; both may end after the window was closed.
 void StopForm::Command3_Click() {
     const bool hadFocus = focusWidget() == m_Command3;
-    m_Command3->setEnabled(false);  // which passes its focus on
+    m_Command3->setEnabled(false);  // which moves its focus
     m_focusInstead = hadFocus ? focusWidget() : nullptr;
     const QPointer<StopForm> self(this);
     m_parts.boxes.Ask(
@@ -126,7 +127,7 @@ void StopForm::Command3_Click() {
         });
 }
 
-/// Gives the button its focus back, unless the user has moved it meanwhile.
+/// Returns the focus to the button, unless the user has moved it meanwhile.
 void StopForm::EnablePrinting() {
     m_Command3->setEnabled(true);
     if (m_focusInstead != nullptr && focusWidget() == m_focusInstead) {
@@ -150,8 +151,8 @@ void StopForm::ShowState() {
     ShowList();
 }
 
-/// Only what is new is appended: building the whole text for each lap takes longer with every lap. The text
-/// box is never read, as it keeps no carriage returns.
+/// Appends only new text: setting the complete text for each lap would take longer with every lap. The text
+/// box is never read, because it does not preserve carriage returns.
 void StopForm::ShowList() {
     const QString& list = m_parts.panel.List();
     if (m_shownList != m_parts.panel.ListNumber()) {

@@ -13,7 +13,7 @@
 
 namespace tickwell {
 
-/// What the stopwatch's window works with; all outlive it.
+/// What the stopwatch window uses; all outlive it.
 struct StopwatchWindowParts {
     StopwatchPanel& panel;
     const Clock& clock;
@@ -23,21 +23,21 @@ struct StopwatchWindowParts {
     HelpViewer& help;
     std::function<void()>
         enterFolder;  ///< makes the program's folder the current one, or throws RunTimeError
-    QString version;  ///< the program's, as "2.0.0"
+    QString version;  ///< of the program, like "2.0.0"
 };
 
-/// The stopwatch's window: start and stop, laps, their list and its print. A view: the stopwatch goes on when
-/// it is closed.
+/// The stopwatch window: start and stop, laps, their list and its printing. Only a view: the stopwatch
+/// continues after it is closed.
 class StopForm : public QDialog {
     Q_OBJECT
 
 public:
     StopForm(StopwatchWindowParts parts, QWidget* parent);
 
-    /// Shows the window, or brings it forward where it is open.
+    /// Shows the window, or brings it to the front if it is open.
     void BringUp();
 
-    /// Whichever way the window is closed.
+    /// Called however the window is closed.
     void done(int result) override;
 
 private:
@@ -55,14 +55,14 @@ private:
 
     StopwatchWindowParts m_parts;
     ReportPrinting m_printing;
-    QWidget* m_focusInstead = nullptr;  // got the focus of the print button as that was disabled
+    QWidget* m_focusInstead = nullptr;  // received the focus when the print button was disabled
     QPushButton* m_Command1;            // the controls are owned by the window
     QPushButton* m_Command2;
     QPushButton* m_Command3;
     QPushButton* m_Command4;
     QPlainTextEdit* m_Text1;
-    int m_shownList = 0;          // the ListNumber of what stands in Text1
-    qsizetype m_shownLength = 0;  // and how much of that list
+    int m_shownList = 0;          // ListNumber of the contents of Text1
+    qsizetype m_shownLength = 0;  // how much of that list Text1 contains
 };
 
 }  // namespace tickwell

@@ -41,8 +41,8 @@ void TemporaryTexts::Write(Line& line, qint32 tool, TextOperation operation, con
         (line.line.*operation)(text);
         return;
     }
-    // The clock replaces both lines by its own timers: the lower one within a second, the upper one at its
-    // next turn.
+    // The clock updates both lines with its own timers: the lower one within a second, the upper one when its
+    // next text is due.
     if (shown != kFunctionClock) {
         const QString before = line.line.Text();
         if (!line.isTemporary || before != line.written) {

@@ -11,27 +11,27 @@
 namespace tickwell {
 
 /// The main window's lines for the windows of stopwatch and timer, which write to them whatever function is
-/// shown. A text written while another function than the window's own is shown is temporary: two seconds
-/// after the last one, the texts that were replaced come back, except on a line that has changed since. The
-/// clock's own timers replace what is written to its lines.
+/// shown. A text written while another function is shown is temporary: two seconds after the last one, the
+/// replaced texts are restored, except on a line that has changed since. While the clock is shown nothing is
+/// restored: its own timers update its lines.
 class TemporaryTexts {
 public:
     /// The references outlive this object. `onWritten` is called after each temporary text: the timer of the
-    /// function that is shown may sleep, and has to look at its lines again.
+    /// shown function may be sleeping and must check its lines again.
     TemporaryTexts(TextLines lines, const DisplayFunctions& functions, TimerSource& timers,
                    std::function<void()> onWritten);
     TemporaryTexts(const TemporaryTexts&) = delete;
     TemporaryTexts& operator=(const TemporaryTexts&) = delete;
 
-    /// The lines for the stopwatch's and for the timer's window; this object owns them.
+    /// The lines for the stopwatch window and the timer window; owned by this object.
     TextLines ForStopwatch() { return {m_stopwatchUpper, m_stopwatchLower}; }
     TextLines ForTimer() { return {m_timerUpper, m_timerLower}; }
 
-    /// Another function was chosen and wrote the lines: nothing comes back.
+    /// Another function was chosen and wrote the lines: nothing is restored.
     void Forget();
 
 private:
-    /// A line of the main window, and what a temporary text on it has replaced.
+    /// A line of the main window and the text that a temporary text on it has replaced.
     struct Line {
         TextLine& line;
         QString replaced;
@@ -39,7 +39,7 @@ private:
         bool isTemporary = false;
     };
 
-    /// A line of the main window as one tool writes it.
+    /// A line of the main window for one tool.
     class ToolLine : public TextLine {
     public:
         ToolLine(TemporaryTexts& texts, Line& line, qint32 tool)
@@ -67,7 +67,7 @@ private:
     ToolLine m_stopwatchLower{*this, m_lower, kFunctionStopwatch};
     ToolLine m_timerUpper{*this, m_upper, kFunctionTimer};
     ToolLine m_timerLower{*this, m_lower, kFunctionTimer};
-    std::unique_ptr<Timer> m_timer;  // runs while a temporary text stands
+    std::unique_ptr<Timer> m_timer;  // runs while a temporary text is shown
 };
 
 }  // namespace tickwell

@@ -49,8 +49,8 @@ void Form8::BringUp() {
         return;
     }
     BringForward(*this);
-    QApplication::alert(this);  // where the desktop does not hand the keys over, it marks the window
-    Form_Load();  // last: a box about its sound, opened earlier, would be held back until it is closed
+    QApplication::alert(this);  // marks the window in case the desktop does not give it the keyboard focus
+    Form_Load();                // last: an error box opened before this modal window would be blocked by it
 }
 
 void Form8::Form_Load() {

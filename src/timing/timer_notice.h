@@ -7,27 +7,27 @@
 
 namespace tickwell {
 
-/// What the notice works with; it outlives the notice.
+/// What the notice uses; it outlives the notice.
 struct TimerNoticeParts {
     Handlers& handlers;
     std::function<void()>
         enterFolder;  ///< makes the program's folder the current one, or throws RunTimeError
-    /// Sends one multimedia command and tells the user itself when it fails.
+    /// Sends one multimedia command and reports a failure to the user.
     std::function<void(const QString& command)> sendCommand;
 };
 
-/// The notice that the timer's time is over, with its sound. It comes to the front of all other windows and
-/// holds the program's own back until it is closed, but nothing waits for it.
+/// The notice, with sound, that the timer's time is over. It is shown in front of all other windows and is
+/// modal to the program's own, but no code blocks until it is closed.
 class Form8 : public QDialog {
     Q_OBJECT
 
 public:
     Form8(TimerNoticeParts parts, QWidget* parent);
 
-    /// Shows the notice and starts its sound. While it is open this does nothing.
+    /// Shows the notice and starts its sound. Does nothing while it is open.
     void BringUp();
 
-    /// Whichever way the window is closed.
+    /// Called however the window is closed.
     void done(int result) override;
 
 private:

@@ -7,7 +7,7 @@
 
 namespace tickwell {
 
-/// What stands in the timer's window.
+/// The contents of the timer window.
 struct TimerEntry {
     qint32 hours = 0;
     qint32 minutes = 0;
@@ -17,28 +17,28 @@ struct TimerEntry {
     bool operator==(const TimerEntry&) const = default;
 };
 
-/// The timer's window without the window: what its entry means and what its buttons do.
+/// The timer window without the window: the meaning of its entry and the actions of its buttons.
 class TimerPanel {
 public:
-    /// All outlive this object. `timerTimer` is the countdown's tick.
+    /// All outlive this object. `timerTimer` drives the countdown.
     TimerPanel(Countdown& countdown, TextLines lines, Timer& timerTimer)
         : m_countdown(countdown), m_lines(lines), m_TimerTimer(timerTimer) {}
 
     bool IsRunning() const { return m_countdown.State().CountdownRunning; }
 
-    /// Takes the entry over and shows its time on the lower line, whatever that shows. An entry of zero
-    /// becomes fifteen seconds. Returns the entry as it stands then. Throws OverflowError.
+    /// Applies the entry and shows its time on the lower line, whatever that shows. An entry of zero becomes
+    /// fifteen seconds. Returns the resulting entry. Throws OverflowError.
     TimerEntry ReadEntries(const TimerEntry& entry);
 
-    /// What the window shall show now. A duration of zero becomes fifteen seconds.
+    /// The entry for the window to show. A duration of zero becomes fifteen seconds.
     TimerEntry CurrentEntry();
 
     void SetRepeat(bool repeat) { m_countdown.SetRepeat(repeat); }
 
-    /// Start while it stands still, with this entry; stop while it runs. Throws OverflowError.
+    /// Starts with this entry while stopped; stops while running. Throws OverflowError.
     void StartOrStop(const TimerEntry& entry);
 
-    /// Back to the beginning, with this entry. Throws OverflowError.
+    /// Resets to the beginning, with this entry. Throws OverflowError.
     void Reset(const TimerEntry& entry);
 
 private:

@@ -18,14 +18,13 @@ constexpr int kMostHours = 23;
 constexpr int kMostMinutes = 59;
 constexpr int kMostSeconds = 59;
 
-/// The number box with the given name of its text field.
+/// A spin box with a given name for its text field.
 class EntryBox : public QSpinBox {
 public:
     EntryBox(const QString& name, const QString& textName, QWidget* parent) : QSpinBox(parent) {
         setObjectName(name);
         lineEdit()->setObjectName(textName);
-        setKeyboardTracking(
-            false);  // a number half typed is not an entry yet: its zero would turn into fifteen
+        setKeyboardTracking(false);  // an incomplete number is not an entry: its zero would become fifteen
     }
 };
 
@@ -113,7 +112,7 @@ void TimerForm::RefreshForm() {
     const bool running = m_parts.panel.IsRunning();
     const std::array<QWidget*, 9> entry{m_Frame1, m_UpDown1, m_UpDown2, m_UpDown3, m_Label1,
                                         m_Label2, m_Label3,  m_Check1,  m_Command2};
-    for (QWidget* control : entry) {  // all that sets the time rests while it runs
+    for (QWidget* control : entry) {  // controls that set the time are disabled while it runs
         control->setEnabled(!running);
     }
     m_Command1->setText(running ? u"ストップ"_s : u"スタート"_s);
@@ -137,8 +136,7 @@ void TimerForm::ReadEntries() {
     }
 }
 
-/// A number that is typed and not yet confirmed counts when a button is pressed by other means than the
-/// mouse.
+/// Reads a typed but unconfirmed number, for a button that is not pressed with the mouse.
 void TimerForm::TakeTyped() {
     for (QSpinBox* box : {m_UpDown1, m_UpDown2, m_UpDown3}) {
         box->interpretText();

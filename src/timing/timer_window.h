@@ -15,24 +15,24 @@
 
 namespace tickwell {
 
-/// What the timer's window works with; all outlive it.
+/// What the timer window uses; all outlive it.
 struct TimerWindowParts {
     TimerPanel& panel;
     Handlers& handlers;
     HelpViewer& help;
 };
 
-/// The timer's window: sets and starts the countdown. A view: the countdown goes on when it is closed.
+/// The timer window: sets and starts the countdown. Only a view: the countdown continues after it is closed.
 class TimerForm : public QDialog {
     Q_OBJECT
 
 public:
     TimerForm(const TimerWindowParts& parts, QWidget* parent);
 
-    /// Shows the window, or brings it forward where it is open.
+    /// Shows the window, or brings it to the front if it is open.
     void BringUp();
 
-    /// Follows the state: the entry, what can be changed, and what Command1 will do.
+    /// Updates the window to the state: the entry, the enabled controls, and the caption of Command1.
     void RefreshForm();
 
 private:
@@ -49,9 +49,9 @@ private:
     void Check1_Click();
 
     TimerWindowParts m_parts;
-    bool m_Updating = false;  // the form itself writes the entry: its changes are not read back
+    bool m_Updating = false;  // the form itself changes the entry: do not read it back
     QGroupBox* m_Frame1;      // the controls are owned by the window
-    QSpinBox* m_UpDown1;      // each with its text box, Text1 to Text3
+    QSpinBox* m_UpDown1;      // each with a text field, Text1 to Text3
     QSpinBox* m_UpDown2;
     QSpinBox* m_UpDown3;
     QLabel* m_Label1;

@@ -3,7 +3,7 @@
 
 namespace tickwell {
 
-/// The windows that the countdown brings up by itself. None of these waits for the user.
+/// The windows that the countdown opens automatically. None of these functions waits for the user.
 class TimerWindows {
 public:
     virtual ~TimerWindows() = default;
@@ -11,10 +11,10 @@ public:
     /// The window that sets and starts the countdown.
     virtual void ShowTimerForm() = 0;
 
-    /// Lets that window, where it is open, follow the state.
+    /// Updates that window to the state, if it is open.
     virtual void RefreshTimerForm() = 0;
 
-    /// The notice that the time is over. While it is open a further one does nothing.
+    /// Shows the notice that the time is over. Does nothing while it is open.
     virtual void ShowNotice() = 0;
 };
 

@@ -6,7 +6,7 @@ namespace tickwell {
 namespace {
 
 constexpr int kTick =
-    1;  // ms: a start and an end are met; in between, the lines say how often they can show a change
+    1;  // ms, so that start and end are exact; in between, the lines determine how often they are updated
 
 }  // namespace
 
@@ -33,7 +33,7 @@ TimingTools::TimingTools(const TimingParts& parts, const TimingView& view)
 
 void TimingTools::FunctionChanged() {
     m_temporaryTexts.Forget();
-    Wake();  // a running countdown is perhaps shown from now on
+    Wake();  // a running countdown may be shown from now on
 }
 
 void TimingTools::Wake() {
@@ -53,7 +53,7 @@ void TimingTools::BringUp() {
         }
         m_countdownLines.BringUp();
     } catch (const RunTimeError&) {
-        // The reading stays as it was.
+        // The reading is unchanged.
     }
 }
 
@@ -92,7 +92,7 @@ void TimingTools::ShowNotice() {
     m_form8->BringUp();
 }
 
-/// An open window stays where the user put it.
+/// An open window stays where the user moved it.
 void TimingTools::PlaceIfClosed(QWidget& window) const {
     if (!window.isVisible()) {
         m_parts.place(window);

@@ -17,7 +17,7 @@
 
 namespace tickwell {
 
-/// What stopwatch and countdown work with; all outlive them.
+/// What stopwatch and countdown use; all outlive them.
 struct TimingParts {
     StopwatchState& stopwatch;
     CountdownState& countdown;
@@ -29,25 +29,23 @@ struct TimingParts {
     HelpViewer& help;
     std::function<void()>
         enterFolder;  ///< makes the program's folder the current one, or throws RunTimeError
-    /// Sends one multimedia command and tells the user itself when it fails.
+    /// Sends one multimedia command and reports a failure to the user.
     std::function<void(const QString& command)> sendCommand;
-    std::function<void(QWidget& window)> place;  ///< puts a window that is about to be shown where it belongs
-    QString version;                             ///< the program's, as "2.0.0"
+    std::function<void(QWidget& window)> place;  ///< positions a window before it is shown
+    QString version;                             ///< of the program, like "2.0.0"
 };
 
-/// The main window, as stopwatch and countdown see it; it outlives them.
+/// The main window as seen by stopwatch and countdown; it outlives them.
 struct TimingView {
     TextLines lines;
     DisplayFunctions& functions;
-    std::function<qint64()> untilFrame = [] {
-        return 1;
-    };  ///< ms from one change of a line to the next that is seen
-    /// A tool's window wrote to the lines of another function, whose timer may sleep.
+    std::function<qint64()> untilFrame = [] { return 1; };  ///< ms until a line can show its next change
+    /// A tool's window wrote to the lines of another function, whose timer may be sleeping.
     std::function<void()> linesWritten = [] {};
 };
 
-/// Stopwatch and countdown put together: rules, lines, the main window's two timers, and the windows, which
-/// are made when they are first asked for.
+/// Stopwatch and countdown combined: rules, lines, the main window's two timers, and the windows, which are
+/// created on first use.
 class TimingTools : public TimerWindows {
 public:
     TimingTools(const TimingParts& parts, const TimingView& view);
@@ -56,16 +54,16 @@ public:
     StopwatchLines& Reading() { return m_stopwatchLines; }
     CountdownLines& Rest() { return m_countdownLines; }
 
-    /// The main window shows another function, or the same one anew.
+    /// The main window shows another function, or the same one again.
     void FunctionChanged();
 
-    /// Something has changed that may be due sooner than the timers know, for instance time itself.
+    /// Something may be due sooner than the timers expect, for instance because the time was changed.
     void Wake();
 
-    /// The lines came into sight.
+    /// The lines have become visible.
     void TickNow();
 
-    /// Brings a running reading up to date between two ticks. Never throws: what fails is told by its tick.
+    /// Updates a running reading between two ticks. Never throws: an error is reported by the tick.
     void BringUp();
 
     void ShowStopForm();
@@ -73,7 +71,7 @@ public:
     void RefreshTimerForm() override;
     void ShowNotice() override;
 
-    /// Closes the windows, the sound of the notice with them; the tools go on.
+    /// Closes the windows, which also stops the sound of the notice; the tools continue.
     void CloseWindows();
 
 private:
@@ -90,7 +88,7 @@ private:
     TemporaryTexts m_temporaryTexts;
     StopwatchPanel m_stopwatchPanel;
     TimerPanel m_timerPanel;
-    std::unique_ptr<StopForm> m_stopForm;  // null until they are first asked for
+    std::unique_ptr<StopForm> m_stopForm;  // null until first used
     std::unique_ptr<TimerForm> m_timerForm;
     std::unique_ptr<Form8> m_form8;
 };

@@ -37,7 +37,7 @@ const QString kThird = u"連絡先はヘルプに記載しています。"_s;
 
 }  // namespace
 
-/// The about box as a whole.
+/// The complete about box.
 class TstAboutBox : public QObject {
     Q_OBJECT
 

@@ -17,7 +17,7 @@ const QString kThird =
 
 }  // namespace
 
-/// What the about box says, without the box.
+/// The texts of the about box, without the box.
 class TstAboutText : public QObject {
     Q_OBJECT
 
@@ -73,7 +73,7 @@ void TstAboutText::TheVersionHasNoBlankAndNoZeros() {
 void TstAboutText::FactsArePlainLines() {
     SystemFacts facts;
     facts.programVersion = u"2.0.0"_s;
-    facts.toolkitVersion = u"6.4.2"_s;
+    facts.qtVersion = u"6.4.2"_s;
     facts.system = u"Debian GNU/Linux 12 (bookworm)"_s;
     facts.kernel = u"linux 6.1.0 x86_64"_s;
     facts.desktop = u"XFCE x11"_s;

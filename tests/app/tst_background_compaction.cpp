@@ -13,7 +13,7 @@ using namespace tickwell;
 
 namespace {
 
-/// Lets the copy begin, and go on, when the test says so.
+/// Lets the copy start and continue when the test allows it.
 struct Gate {
     QSemaphore reached;
     QSemaphore open;
@@ -52,7 +52,7 @@ struct Bench {
     FakeMessageBoxes boxes;
     Handlers handlers{boxes};
     Gate gate;
-    QObject window;  // that the box belongs to
+    QObject window;  // owner of the message box
     int done = 0;
     std::unique_ptr<BackgroundCompaction> compaction = std::make_unique<BackgroundCompaction>(
         BackgroundCompactionParts{database, store.Folder(), boxes, handlers},
@@ -69,7 +69,7 @@ struct Bench {
 
 }  // namespace
 
-/// A compaction beside the windows.
+/// Compaction while the windows stay responsive.
 class TstBackgroundCompaction : public QObject {
     Q_OBJECT
 
@@ -106,7 +106,7 @@ void TstBackgroundCompaction::OneThatRunsIsNotBegunAgain() {
     bench.StartAndReachTheCopy();
     bool isTold = false;
     bench.compaction->Start(&bench.window,
-                            [&isTold] { isTold = true; });  // of a dialog that was opened again
+                            [&isTold] { isTold = true; });  // as from a dialog that was opened again
     bench.gate.open.release();
     QTRY_VERIFY_WITH_TIMEOUT(isTold, 60'000);
     QCOMPARE(bench.done, 0);
@@ -142,7 +142,7 @@ void TstBackgroundCompaction::TheEndOfTheProgramStopsIt() {
     if (isReported) {
         bench.gate.open.release();
         bench.gate.measured.acquire(
-            2);  // before and after; what remains to be done is to open and to report it
+            2);  // before and after; all that remains to be done is to open and to report it
     }
     bench.compaction.reset();
     QCoreApplication::processEvents();

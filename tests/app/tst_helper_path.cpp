@@ -8,7 +8,7 @@
 using namespace tickwell;
 using namespace Qt::StringLiterals;
 
-/// Where the programs that read discs and print are looked for.
+/// Where the program looks for its helpers for discs and printing.
 class TstHelperPath : public QObject {
     Q_OBJECT
 

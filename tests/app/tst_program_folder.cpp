@@ -19,7 +19,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Masters in a folder of their own, and a place for a program folder.
+/// A folder with masters, and a path for the program folder.
 struct Bench {
     QTemporaryDir dir;
     QString masters = dir.filePath(u"masters"_s);
@@ -30,7 +30,7 @@ struct Bench {
         CopyFiles(QStringLiteral(TICKWELL_MASTERS), masters, RequiredFiles());
     }
 
-    /// A newer edition of a master, as an upgrade brings it.
+    /// Replaces a master by a newer version, like an upgrade.
     void Renew(const QString& name, const QByteArray& bytes) const { WriteAll(masters + u'/' + name, bytes); }
     QByteArray Here(const QString& name) const { return ReadAll(folder + u'/' + name); }
     QStringList Listing() const { return QDir(folder).entryList(QDir::Files); }
@@ -47,7 +47,7 @@ int Refused(const QString& folder, const QString& masters) {
 
 }  // namespace
 
-/// The folder in which the program lives.
+/// The program's folder.
 class TstProgramFolder : public QObject {
     Q_OBJECT
 
@@ -102,7 +102,7 @@ void TstProgramFolder::AnotherStartFindsTheSameFolder_data() {
     QTest::addColumn<QString>("argument");
     QTest::addColumn<QString>("environment");
     QTest::addColumn<bool>("isPortable");
-    QTest::addColumn<QString>("named");  // behind --folder; empty: nothing is
+    QTest::addColumn<QString>("named");  // value of --folder; empty: no such option
     QTest::newRow("the user's data folder") << QString() << QString() << false << QString();
     QTest::newRow("the binary's own folder") << QString() << QString() << true << QString();
     QTest::newRow("another one") << u"other"_s << QString() << false << u"other"_s;
@@ -215,7 +215,7 @@ void TstProgramFolder::AFullDiskLeavesNoHalfFilledFolder() {
 void TstProgramFolder::WhatKilledStartsLeftIsRemoved() {
     const Bench bench;
     const QString left = bench.dir.filePath(u"data/.tickwell.unfinished-abcdef"_s);
-    const QString backup = bench.dir.filePath(u"data/tickwell-backup"_s);  // as a user may call a copy
+    const QString backup = bench.dir.filePath(u"data/tickwell-backup"_s);  // as a user may name a copy
     QVERIFY(QDir().mkpath(left) && QDir().mkpath(backup));
     CopyFiles(bench.masters, left, RequiredFiles().first(3));
     CopyFiles(bench.masters, backup, RequiredFiles());

@@ -41,7 +41,7 @@ public:
     std::function<void()> onStop;
 };
 
-/// The whole program in a folder of its own, a quarter of a minute before nine in the evening.
+/// The complete program in its own folder, 15 seconds before nine in the evening.
 struct Bench {
     QTemporaryDir dir;
     VirtualTime time{QDateTime(QDate(1998, 11, 15), QTime(20, 59, 45)), 307'000};
@@ -76,7 +76,7 @@ struct Bench {
         time.Advance(kStartUp);
     }
 
-    /// What happens, and what is still open at that moment.
+    /// Records an event and what is still open at that moment.
     void Note(const QString& what) {
         journal.append(what + (sound.OpenDevices() > 0 ? u", sound"_s : QString()) +
                        (state.started.dayDatabase ? u", day database"_s : QString()));
@@ -96,7 +96,7 @@ struct Bench {
 
 }  // namespace
 
-/// What the program's parts do together, from the end of its start-up to its end.
+/// How the parts of the program work together, from the end of start-up until the program ends.
 class TstRunningProgram : public QObject {
     Q_OBJECT
 
@@ -118,12 +118,12 @@ void TstRunningProgram::ANoticeWithoutItsSoundTellsSo() {
     QCOMPARE(told.icon, MessageIcon::Critical);
     QCOMPARE(told.title, u"マルチメディアエラー"_s);
     QVERIFY(!told.text.isEmpty());
-    QCOMPARE(bench.program->Player().State().CdState, kCdNotReady);  // any failed command does that
+    QCOMPARE(bench.program->Player().State().CdState, kCdNotReady);  // like any failed command
 }
 
 void TstRunningProgram::SoundEndsBeforeTheDiscAndBothBeforeTheDayDatabase() {
     Bench bench(u"0"_s);
-    bench.time.Advance(5000);  // the hour is struck
+    bench.time.Advance(5000);  // the chime is playing
     QVERIFY(bench.sound.OpenDevices() > 0);
     bench.drive.onStop = [&bench] { bench.Note(u"disc stopped"_s); };
     QVERIFY(bench.Window("Form1").close());

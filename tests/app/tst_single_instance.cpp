@@ -32,7 +32,7 @@ sockaddr_un AddressOf(const QByteArray& path) {
     return address;
 }
 
-/// Connects and says a word; without the toolkit, which a child that is somebody else cannot use.
+/// Connects and sends a word; without Qt, which a child process of another user cannot use.
 bool Say(const QByteArray& path, const char* word) {
     const int descriptor = socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
     const sockaddr_un address = AddressOf(path);
@@ -43,7 +43,7 @@ bool Say(const QByteArray& path, const char* word) {
 
 }  // namespace
 
-/// One running program a folder.
+/// One running program per folder.
 class TstSingleInstance : public QObject {
     Q_OBJECT
 
@@ -65,7 +65,7 @@ private Q_SLOTS:
     void AKilledFirstLeavesNoTrace();
 
 private:
-    /// The one socket that is there.
+    /// The only existing socket.
     QString Socket() const {
         const QFileInfoList sockets = QDir(m_runtime.path()).entryInfoList(QDir::System);
         return sockets.size() == 1 ? sockets.constFirst().filePath() : QString();
@@ -82,7 +82,7 @@ void TstSingleInstance::TheFirstIsTheFirst() {
     const QTemporaryDir folder;
     SingleInstance first(folder.path());
     QVERIFY(first.Acquire());
-    // The lock knows processes: the second start is one of its own.
+    // The lock is held per process, so the second start is a child process.
     QCOMPARE(InChild([&] { return SingleInstance(folder.path()).Acquire() ? 1 : 0; }), 0);
 }
 
@@ -177,11 +177,11 @@ void TstSingleInstance::AnotherUsersWordIsNotHeard() {
     QVERIFY(first.Acquire());
     const QSignalSpy calls(&first, &SingleInstance::Called);
     const QByteArray path = QFile::encodeName(Socket());
-    // As if nothing but the look at who it is stood between.
+    // Grants access to everybody, so that only the check of the user id remains.
     QCOMPARE(chmod(path.constData(), 0777), 0);
     QCOMPARE(chmod(QFile::encodeName(m_runtime.path()).constData(), 0777), 0);
     QCOMPARE(InChild([&path] { return BecomeNobody() && Say(path, "menu\n") ? 0 : 1; }), 0);
-    QLocalSocket own;  // comes later: by its end the other one was looked at
+    QLocalSocket own;  // connects second: once it is answered, the first one was handled
     own.connectToServer(Socket());
     QVERIFY(own.waitForConnected());
     own.write("forward\n");
@@ -201,7 +201,7 @@ void TstSingleInstance::NothingIsToldToAnotherUser() {
         path = Socket();
     }
     QCOMPARE(chmod(QFile::encodeName(m_runtime.path()).constData(), 0777), 0);
-    // Another user lies in wait under the name that the first start would have.
+    // Another user listens under the socket name of the first start.
     const int listener = socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
     const auto closed = qScopeGuard([listener] { close(listener); });
     const uid_t self = geteuid();
@@ -215,7 +215,7 @@ void TstSingleInstance::NothingIsToldToAnotherUser() {
     const int heard = accept(listener, nullptr, nullptr);
     QVERIFY(heard >= 0);
     char byte = 0;
-    QCOMPARE(read(heard, &byte, 1), 0);  // it was looked at, and left without a word
+    QCOMPARE(read(heard, &byte, 1), 0);  // the listener was checked, and nothing was sent
     close(heard);
     unlink(QFile::encodeName(path).constData());
 }
@@ -288,7 +288,7 @@ void TstSingleInstance::AFolderThatTakesNoFileIsAnError() {
 
 void TstSingleInstance::AKilledFirstLeavesNoTrace() {
     const QTemporaryDir folder;
-    // Ends without a word, as a killed process does: lock file and socket stay behind.
+    // Exits without cleaning up, like a killed process: lock file and socket are left behind.
     QCOMPARE(InChild([&] {
                  auto* first = new SingleInstance(folder.path());
                  return first->Acquire() ? 0 : 1;

@@ -13,10 +13,10 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// A program folder with everything in it, and a store that can hold a bad value.
+/// A complete program folder, and a settings store that can contain an invalid value.
 struct Bench {
     QTemporaryDir dir;
-    int opened = 0;  // how often the settings were asked for
+    int opened = 0;  // number of times the settings were opened
     QString badFunction;
 
     Bench() { CopyFiles(QStringLiteral(TICKWELL_MASTERS), dir.path(), RequiredFiles()); }
@@ -32,7 +32,7 @@ struct Bench {
         });
     }
 
-    /// The reason why it did not start; empty when it did.
+    /// Why the start failed; empty on success.
     QString Reason() {
         try {
             Start();
@@ -46,7 +46,7 @@ struct Bench {
 
 }  // namespace
 
-/// The start-up, step by step.
+/// The steps of start-up.
 class TstStartup : public QObject {
     Q_OBJECT
 
@@ -137,7 +137,7 @@ void TstStartup::ADatabaseOfAnotherKindIsRefused() {
     QCOMPARE(bench.opened, 0);
 }
 
-// As a compaction that was ended from outside may leave them.
+// Files as left behind by a compaction that was killed.
 void TstStartup::ACopyTakesTheMissingDatabasesPlace() {
     for (const QString& name : {u"CopyDate.mdb"_s, u"BUDate.mdb"_s}) {
         Bench bench;

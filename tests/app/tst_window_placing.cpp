@@ -12,7 +12,7 @@
 
 using namespace tickwell;
 
-/// Where windows open beside the main one.
+/// Where windows open relative to the main window.
 class TstWindowPlacing : public QObject {
     Q_OBJECT
 
@@ -31,7 +31,7 @@ void TstWindowPlacing::ItStandsNear_data() {
     QTest::addColumn<QSize>("size");
     QTest::addColumn<QList<QRect>>("taken");
     QTest::addColumn<QPoint>("corner");
-    // A screen of 1000 x 800, and 8 pixels between two windows.
+    // A screen of 1000 x 800, and 8 pixels between windows.
     const QList<QRect> none;
     const QRect upperLeft(0, 0, 167, 40);
     QTest::newRow("upper left: below") << upperLeft << QSize(300, 200) << none << QPoint(0, 48);
@@ -99,7 +99,7 @@ void TstWindowPlacing::NoWindowCoversAnother() {
         windows.back()->resize(size);
         PlaceNear(*windows.back(), opener);
         windows.back()->show();
-        const QRect frame(windows.back()->pos(), size + QSize(12, 38));  // room for borders and a title bar
+        const QRect frame(windows.back()->pos(), size + QSize(12, 38));  // including borders and title bar
         QVERIFY(screen.contains(frame));
         QVERIFY(std::none_of(frames.begin(), frames.end(),
                              [&](const QRect& each) { return each.intersects(frame); }));
@@ -138,7 +138,7 @@ void TstWindowPlacing::ItStaysAboveOthers() {
 
 void TstWindowPlacing::WhatIsLetThroughBelongsToTheModalWindow() {
     QWidget window;
-    LetThroughModal(window);  // without a modal window it stands alone
+    LetThroughModal(window);  // without a modal window it has no parent
     QVERIFY(window.windowHandle() == nullptr || window.windowHandle()->transientParent() == nullptr);
     QDialog modal;
     modal.setWindowModality(Qt::ApplicationModal);

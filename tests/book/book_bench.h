@@ -15,7 +15,7 @@
 
 namespace tickwell {
 
-/// An anniversary book under an empty calendar, today 15 November 1998 and the third of October selected.
+/// An anniversary book above an empty calendar. Today is 15 November 1998, and 3 October is selected.
 struct BookBench {
     DayStore store;
     std::unique_ptr<DayDatabase> database = OpenDayDatabase(store.Path());
@@ -51,7 +51,7 @@ struct BookBench {
         book.OpenSearch(&calendar);
         Activate();
     }
-    /// 70 000 anniversaries "n1", "n2" .. of every year: too many for one slice.
+    /// Stores 70 000 anniversaries "n1", "n2" .. of every year: too many for one slice.
     void AddMany() const {
         store.Raw(
             "WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 70000)"
@@ -65,7 +65,7 @@ struct BookBench {
     }
     QString Count() const { return store.Raw("SELECT count(*) FROM Kinenbi").constFirst(); }
 
-    /// Keys go to a window that is active, and fields that get the focus are selected only there.
+    /// Only an active window receives keys and selects the text of a field that gets the focus.
     void Activate() const {
         if (QDialog* window = Window()) {
             window->activateWindow();
@@ -73,7 +73,7 @@ struct BookBench {
         }
     }
 
-    /// The window of the book that is open; null when none is.
+    /// The open window of the book; null if there is none.
     QDialog* Window() const {
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         return calendar.findChild<QDialog*>();
@@ -89,31 +89,31 @@ struct BookBench {
     QString Text(const QString& name) const { return The<QLineEdit>(name).text(); }
     bool IsEnabled(const QString& name) const { return The<QWidget>(name).isEnabled(); }
 
-    /// Puts a text into a field in place of what is there, key by key.
+    /// Replaces the text of a field, key by key.
     void Type(const QString& name, const QString& text) const {
         auto& field = The<QLineEdit>(name);
         field.selectAll();
         QTest::keyClick(&field, Qt::Key_Delete);
         QTest::keyClicks(&field, text);
     }
-    /// Presses a button, a box or an option with the mouse.
+    /// Clicks a button, a check box or an option with the mouse.
     void Click(const QString& name) const {
         auto& control = The<QWidget>(name);
         QTest::mouseClick(&control, Qt::LeftButton, {}, QPoint(control.height() / 2, control.height() / 2));
     }
-    /// A key, to whoever would get it.
+    /// Sends a key to the control that would receive it.
     void Press(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) const {
         QWidget* target = Window()->focusWidget();
         QTest::keyClick(target == nullptr ? Window() : target, key, modifiers);
     }
-    /// The object name of the control with the focus; of the field, where it is an up-down.
+    /// The object name of the control with the focus; for an UpDown, that of its field.
     QString Focus() const {
         const QWidget* focus = Window()->focusWidget();
         const auto* field = focus->findChild<QLineEdit*>();
         return field != nullptr && focus->inherits("QAbstractSpinBox") ? field->objectName()
                                                                        : focus->objectName();
     }
-    /// Where Tab leads, from the control with the focus until it is there again.
+    /// The controls in tab order, from the one with the focus until it has the focus again.
     QStringList TabOrder() const {
         QStringList order;
         for (QString focus = Focus(); !order.contains(focus); focus = Focus()) {

@@ -37,7 +37,8 @@ struct Bench {
     QStringList Rows() const { return store.Raw("SELECT Name,Year,Month,Day,Week FROM Kinenbi ORDER BY id"); }
 };
 
-/// A row out of few, so that many are equal, and many are another one's with its week's digits exchanged.
+/// A row from a small range, so that many are equal, and many equal another one with its week code's digits
+/// swapped.
 Anniversary RandomRow(QRandomGenerator& random) {
     Anniversary row{random.bounded(2) == 0 ? u"a"_s : u"b"_s, 0, 0, 0, 0};
     row.year = random.bounded(4) == 0 ? 1998 : 0;
@@ -52,7 +53,7 @@ Anniversary RandomRow(QRandomGenerator& random) {
 
 }  // namespace
 
-/// What the windows do to all rows that equal those of a list.
+/// The changes that the windows make to all rows equal to those of a list.
 class TstAnniversaryChange : public QObject {
     Q_OBJECT
 

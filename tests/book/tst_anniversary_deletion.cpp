@@ -32,7 +32,7 @@ struct Bench {
 
 }  // namespace
 
-/// Taking anniversaries away.
+/// The deletion of anniversaries.
 class TstAnniversaryDeletion : public QObject {
     Q_OBJECT
 

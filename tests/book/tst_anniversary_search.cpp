@@ -24,7 +24,7 @@ const QDate kFirstDay(100, 1, 1);
 const QDate kLastDay(9999, 12, 31);
 
 /// Days on both sides of every branch: ends of months and years, leap days, each month of a year, the same
-/// days a year and two years on, the first and the last days that there are.
+/// days one and two years later, the first and the last possible days.
 QList<QDate> DaysAroundEveryBranch() {
     QList<QDate> days{kFirstDay, QDate(100, 1, 2), QDate(100, 12, 31), QDate(101, 1, 1), QDate(1996, 2, 29)};
     for (int month = 1; month <= 12; ++month) {
@@ -41,13 +41,13 @@ QList<QDate> DaysAroundEveryBranch() {
     return days;
 }
 
-/// The same question for the assembly under test and for the one that the test has of its own.
+/// The same search for the code under test and for the test's own implementation.
 struct Question {
     SearchConditions conditions;
     Search search;
 };
 
-/// `bits`: three boxes, name, dates.
+/// `bits`: three check boxes, name, dates.
 Question Asked(unsigned bits, const QString& name, QDate start, QDate end) {
     const auto bit = [bits](unsigned place) { return ((bits >> place) & 1U) != 0; };
     Question question;
@@ -80,7 +80,7 @@ public:
     int From(int first, int last) { return m_generator.bounded(first, last + 1); }
     bool Once(int times) { return m_generator.bounded(times) == 0; }
 
-    /// Most from the few years that are asked for; some that no calendar has.
+    /// Mostly rows of the few years that are searched; some with values that no calendar has.
     Anniversary Row() {
         Anniversary row{u"n%1"_s.arg(From(0, 9)), Once(3) ? From(1995, 2002) : 0, Once(4) ? 0 : From(1, 12),
                         From(1, 31), 0};
@@ -139,7 +139,7 @@ QList<DayListRow> Listed(const Anniversaries& stored, const Search& search) {
     return rows;
 }
 
-/// The names that a search finds, with a blank between them.
+/// The names that a search finds, separated by spaces.
 QString Found(DayDatabase& database, const SearchConditions& conditions) {
     QStringList names;
     for (const DayListRow& row : AllOf(FindAnniversaries(database, conditions).rows)) {

@@ -22,7 +22,7 @@ Anniversaries AllOf(DayDatabase& database) {
 
 }  // namespace
 
-/// What the anniversary book writes.
+/// The statements that write to the anniversary book.
 class TstAnniversaryStatements : public QObject {
     Q_OBJECT
 

@@ -11,7 +11,7 @@ using namespace tickwell;
 
 namespace {
 
-/// Anniversaries of one letter each, all of the selected day and in its list.
+/// Stores anniversaries named by one letter each, on the selected day, and lists them.
 void Fill(BookBench& bench, const QString& letters) {
     for (const QChar letter : letters) {
         bench.Add({QString(letter), 0, 10, 3, 0});
@@ -33,7 +33,7 @@ void ClickRow(const BookBench& bench, int row) {
     QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, place.center());
 }
 
-/// The count, and whether deleting can be clicked.
+/// The count, with "*" if the deletion button is enabled.
 QString State(const BookBench& bench) {
     return bench.The<QLabel>(u"Label2"_s).text() + (bench.IsEnabled(u"Command1"_s) ? u" *" : u"");
 }
@@ -124,7 +124,7 @@ void TstDeletionWindow::DeletesWhatIsTicked() {
     QCOMPARE(bench.closed, 1);
     QCOMPARE(bench.changes.raised, 1);
     QVERIFY(bench.boxes.Shown().isEmpty());
-    QCOMPARE(bench.list.Rows().Kept().size(), 4);  // the calendar refreshes it
+    QCOMPARE(bench.list.Rows().Kept().size(), 4);  // the calendar updates it
 }
 
 void TstDeletionWindow::DeletesByKeyboardAlone() {

@@ -16,7 +16,7 @@ constexpr auto kOneDay = AnniversaryKind::OneDay;
 
 const QDate kThirdOfOctober(1998, 10, 3);  // the first Saturday
 
-/// The fields with a date of their own and a box that can be ticked.
+/// Fields with a date of their own and a selectable kind.
 EditorFields Filled(AnniversaryKind kind, bool byWeek) {
     return {u"例会"_s, kind, byWeek, u"1999"_s, u"5"_s, u"10"_s, u"第2"_s, u"月曜日"_s};
 }
@@ -52,7 +52,7 @@ void TstEditorFields::ReachesTheFieldsOfEachKind_data() {
     QTest::addColumn<AnniversaryKind>("kind");
     QTest::addColumn<bool>("byWeek");
     QTest::addColumn<EditorEnabling>("expected");
-    // year, month, box, day, week
+    // year, month, check box, day, week
     QTest::newRow("every year") << kEveryYear << false << EditorEnabling{false, true, true, true, false};
     QTest::newRow("every year, by week")
         << kEveryYear << true << EditorEnabling{false, true, true, false, true};

@@ -14,7 +14,7 @@ namespace {
 const Message kWriteError{MessageIcon::Exclamation, u"データベース書込みエラー"_s,
                           u"無効なデータが含まれているか、予期しないエラーが発生しました。"_s};
 
-/// What one sees of the fields: the text, in brackets where it is out of reach.
+/// The visible texts of the fields, in brackets if disabled.
 QString Seen(const BookBench& bench) {
     QStringList seen;
     for (const QString& name : {u"Text2"_s, u"Text3"_s, u"Text4"_s}) {
@@ -144,7 +144,7 @@ void TstEditorWindow::EditsTheChosenRow() {
     bench.Click(u"Command1"_s);
     QVERIFY(bench.Stored() == Anniversaries({{u"a"_s, 0, 10, 3, 0}, {u"c"_s, 2001, 10, 3, 0}}));
     QCOMPARE(bench.changes.raised, 1);
-    QCOMPARE(bench.list.Rows().Kept().size(), 2);  // the calendar refreshes it, not the editor
+    QCOMPARE(bench.list.Rows().Kept().size(), 2);  // updated by the calendar, not by the editor
     QCOMPARE(bench.list.Rows().Kept().at(1).name, u"b"_s);
 }
 
@@ -183,7 +183,7 @@ void TstEditorWindow::EditsARowThatNoStatementCanName() {
     QVERIFY(bench.boxes.Shown().isEmpty());
     QCOMPARE(bench.changes.raised, 1);
     const QStringList rows = bench.store.Raw("SELECT hex(Name),Year,Month,Day,Week FROM Kinenbi ORDER BY id");
-    QVERIFY2(rows.at(0).endsWith(u"|0|10|0|17"), qPrintable(rows.at(0)));  // equal, and another one
+    QVERIFY2(rows.at(0).endsWith(u"|0|10|0|17"), qPrintable(rows.at(0)));  // an equal row is unchanged
     QCOMPARE(rows.at(1), stored + u"|0|10|31|0");
 }
 
@@ -233,7 +233,7 @@ void TstEditorWindow::NoSecondBoxCoversTheFirst() {
     QCOMPARE(bench.boxes.Shown().size(), 2);
     bench.Press(Qt::Key_Escape);
     QVERIFY(bench.Window() == nullptr);
-    bench.boxes.Close();  // the box outlives the window that asked for it
+    bench.boxes.Close();  // the box outlives the window that opened it
 }
 
 void TstEditorWindow::EveryErrorHasTheSameMessage_data() {

@@ -14,7 +14,7 @@ namespace {
 const QDate kFirstDay(100, 1, 1);
 const QDate kLastDay(9999, 12, 31);
 
-/// The fields with a range of which both ends are in 1998.
+/// Fields with a date range whose ends are both in 1998.
 SearchFields Filled() {
     SearchFields fields;
     fields.start = {u"1998"_s, u"10"_s, u"3"_s};
@@ -181,7 +181,7 @@ void TstSearchFields::ARangeThatEndsBeforeItBeginsAsksNothing() {
     fields.end = fields.start;
     QVERIFY(ConditionsOf(fields));
     fields.end.day = u"2"_s;
-    QVERIFY(!ConditionsOf(fields));  // also where the date is no condition
+    QVERIFY(!ConditionsOf(fields));  // even if the search ignores the date
     fields.byDate = true;
     QVERIFY(!ConditionsOf(fields));
     fields.range = RangeKind::After;

@@ -271,7 +271,7 @@ void TstSearchWindow::WhatIsNoNumberIsReportedAndTheListStays() {
     bench.Click(u"Option3(1)"_s);
     bench.Click(u"Option3(0)"_s);
     bench.Type(u"Text5"_s, u"next year"_s);
-    bench.Click(u"Option3(1)"_s);  // the end does not count any more, but is still read
+    bench.Click(u"Option3(1)"_s);  // the end is ignored, but still parsed
     bench.Click(u"Command1"_s);
     QCOMPARE(bench.boxes.Shown().size(), 1);
     QCOMPARE(bench.boxes.Shown().constFirst().icon, MessageIcon::Critical);
@@ -294,7 +294,7 @@ void TstSearchWindow::AQuoteInTheNameIsReportedAndTheListStays() {
     QCOMPARE(bench.list.Heading(), u"検索結果 (検索対象 1件)"_s);
     QCOMPARE(bench.Text(u"Text1"_s), u"x\" OR \"1\"=\"1"_s);
     bench.boxes.Close();
-    bench.Click(u"Check3"_s);  // with no kind at all the name is not asked for
+    bench.Click(u"Check3"_s);  // without any kind the name is not searched for
     bench.Click(u"Command1"_s);
     QCOMPARE(Names(bench.list), QString());
     QVERIFY(bench.Window() == nullptr);

@@ -22,7 +22,7 @@ int Exchanged(int code) {
     return 10 * (code % 10) + code / 10;
 }
 
-/// A book of anniversaries of a week, each changed as the windows change it.
+/// A book of anniversaries defined by week, changed like the windows do.
 struct Book {
     DayStore store;
     DayDatabase database{store.Path()};
@@ -36,7 +36,7 @@ struct Book {
         database.Execute(InsertStatement(AnniversaryOf(fields)));
     }
 
-    /// Edits the only row of `code`'s day: another name, the rest as the editor proposes it.
+    /// Edits the only row of `code`'s day: changes its name, and keeps the editor's proposal for the rest.
     void Edit(int code, const QString& name) {
         list.ListDay(AccessTo(database), DayOf(code), true);
         const Anniversary old = AnniversaryOf(list.Rows().Kept().constFirst());
@@ -54,7 +54,7 @@ struct Book {
         return AnniversariesIn(database.RunQuery(u"SELECT * FROM Kinenbi WHERE Year <> 5"_s));
     }
 
-    /// A day that has this code; in the course of 2000 every code comes up.
+    /// A day with this code; in 2000 there is one for every code.
     static QDate DayOf(int code) {
         for (QDate day(2000, 1, 1); day.year() == 2000; day = day.addDays(1)) {
             if (WeekCode(day) == code) {
@@ -83,8 +83,8 @@ void AddCodes(bool swapped) {
 
 }  // namespace
 
-/// Anniversaries of the n-th weekday, from the editor to the list and back. What is listed is read back with
-/// the two digits of its code exchanged.
+/// Anniversaries of the n-th weekday, from the editor to the list and back. Parsing a list row swaps the two
+/// digits of its code.
 class TstWeekAnniversaries : public QObject {
     Q_OBJECT
 

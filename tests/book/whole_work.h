@@ -10,12 +10,12 @@
 
 namespace tickwell {
 
-/// The way to a database that stays open.
+/// Access to a database that stays open.
 inline DayDatabaseAccess AccessTo(DayDatabase& database) {
     return [&database]() -> DayDatabase& { return database; };
 }
 
-/// Does all slices of a work; how many they were.
+/// Runs all slices of a work; returns their number.
 inline int DoWhole(SlicedWork& work) {
     int slices = 1;
     while (!work.Step()) {
@@ -37,7 +37,7 @@ inline void DeleteTicked(DayDatabase& database, const ListedRows& rows, const st
     DoWhole(*DeletionOf(handle, rows, isTicked));
 }
 
-/// All rows, also those that are not kept.
+/// All rows, even if the list does not keep them.
 inline QList<DayListRow> AllOf(const ListedRows& rows) {
     QList<DayListRow> all;
     for (int row = 0; row < rows.Count(); ++row) {

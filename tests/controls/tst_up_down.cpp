@@ -8,7 +8,7 @@
 using namespace Qt::StringLiterals;
 using namespace tickwell;
 
-/// A typed number with two arrows.
+/// An editable number with two arrows.
 class TstUpDown : public QObject {
     Q_OBJECT
 

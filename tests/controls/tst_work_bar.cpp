@@ -15,7 +15,7 @@ using namespace tickwell;
 
 namespace {
 
-/// So many slices; a failing one ends with an error.
+/// Work of `count` slices; slice number `failing` throws an error.
 class Slices : public SlicedWork {
 public:
     Slices(int count, int failing, bool& isAlive) : m_count(count), m_failing(failing), m_isAlive(isAlive) {
@@ -41,7 +41,7 @@ private:
     bool& m_isAlive;
 };
 
-/// A dialog with a field, a button that is disabled anyway, and the bar.
+/// A dialog with a field, a button that is always disabled, and the bar.
 struct Bench {
     VirtualTime time{QDateTime(QDate(1998, 10, 3), QTime(9, 0))};
     FakeMessageBoxes boxes;
@@ -77,7 +77,7 @@ struct Bench {
 
 }  // namespace
 
-/// The bar that does the work of a dialog.
+/// The bar that runs the work of a dialog.
 class TstWorkBar : public QObject {
     Q_OBJECT
 

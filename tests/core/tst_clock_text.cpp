@@ -6,7 +6,7 @@
 using namespace tickwell;
 using namespace Qt::StringLiterals;
 
-/// Clock and date in all their styles.
+/// Clock and date texts in all styles.
 class TstClockText : public QObject {
     Q_OBJECT
 

@@ -63,7 +63,7 @@ void TstDurationText::UsageReads_data() {
     QTest::newRow("English") << twoHours << 1 << 0 << u"2:05:07"_s;
     QTest::newRow("another language falls through") << twoHours << 9 << 0 << u"2:05:07"_s;
     QTest::newRow("a day and more") << 100'000'000 << 0 << 0 << u"27時間46分40秒"_s;
-    // After 2147483647 ms the counter reads as negative, and the parts are shown so, on purpose.
+    // After 2147483647 ms the counter becomes negative, and so do the parts shown, on purpose.
     QTest::newRow("turned over, Japanese") << turnedOver << 0 << 0 << u"-31分-24秒"_s;
     QTest::newRow("turned over, simple") << turnedOver << 0 << 1 << u"-596:-31:-24"_s;
     QTest::newRow("turned over, English") << turnedOver << 1 << 0 << u"-596:-31:-24"_s;

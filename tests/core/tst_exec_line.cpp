@@ -6,7 +6,7 @@
 using namespace tickwell;
 using namespace Qt::StringLiterals;
 
-/// Commands as desktop entries have them.
+/// Command lines in the form of desktop entries.
 class TstExecLine : public QObject {
     Q_OBJECT
 

@@ -9,7 +9,7 @@
 using namespace tickwell;
 using namespace Qt::StringLiterals;
 
-/// What becomes of an error in a handler.
+/// Errors in handlers.
 class TstHandlers : public QObject {
     Q_OBJECT
 

@@ -7,7 +7,7 @@
 using namespace tickwell;
 using namespace Qt::StringLiterals;
 
-/// The settings file as bytes: what is not touched stays.
+/// The settings file as bytes: unchanged parts are preserved exactly.
 class TstIniDocument : public QObject {
     Q_OBJECT
 
@@ -117,7 +117,7 @@ void TstIniDocument::SettingChangesOneLineAlone() {
     QCOMPARE(document.Value(u"SetUp"_s, u"Key"_s), std::optional("new"_ba));
 }
 
-/// Found by the fuzzer: the carriage return became a part of the value.
+/// Found by the fuzzer: the carriage return became part of the value.
 void TstIniDocument::ALineEndThatWasCutOffIsMadeWhole() {
     IniDocument document("[SetUp]\r\nA=1\r");
     document.SetValue(u"SetUp"_s, u"B"_s, u"2"_s);

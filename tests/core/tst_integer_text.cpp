@@ -7,7 +7,7 @@
 using namespace tickwell;
 using namespace Qt::StringLiterals;
 
-/// Typed and stored texts, turned into numbers and flags.
+/// Converting typed and stored texts to numbers and flags.
 class TstIntegerText : public QObject {
     Q_OBJECT
 

@@ -15,7 +15,7 @@ constexpr qint32 kLowest = std::numeric_limits<qint32>::min();
 
 }  // namespace
 
-/// Checked sums, and the one rounding of the program.
+/// Checked arithmetic and the program's rounding.
 class TstIntegers : public QObject {
     Q_OBJECT
 
@@ -72,7 +72,7 @@ void TstIntegers::RoundsHalvesToEven() {
 
 void TstIntegers::RoundsLikeTheFloatingPointUnit() {
     for (qint64 numerator = -3000; numerator <= 3000; ++numerator) {
-        for (const qint64 denominator : {1, 2, 4, 8, 16}) {  // exact in binary, so that halves are halves
+        for (const qint64 denominator : {1, 2, 4, 8, 16}) {  // exact in binary, so that halves are exact
             const double exact = static_cast<double>(numerator) / static_cast<double>(denominator);
             QCOMPARE(RoundHalfEven(numerator, denominator), static_cast<qint64>(std::nearbyint(exact)));
         }

@@ -26,7 +26,7 @@ QByteArray Native(const QString& path) {
     return QFile::encodeName(path);
 }
 
-/// Makes something of this kind at `path`.
+/// Creates a file of this kind at `path`.
 bool Make(const QString& kind, const QString& path) {
     if (kind == u"folder") {
         return QDir().mkdir(path);
@@ -48,7 +48,7 @@ bool Make(const QString& kind, const QString& path) {
 
 }  // namespace
 
-/// Reading files that somebody else may have put there.
+/// Reading files that somebody else may have created.
 class TstRegularFile : public QObject {
     Q_OBJECT
 
@@ -129,7 +129,7 @@ void TstRegularFile::AFileIsTooLargeByOneByte() {
     QVERIFY(file.bytes.isEmpty());
 }
 
-/// As large as memory and more: it can only be refused by its size.
+/// Larger than memory: it must be refused by its size alone.
 void TstRegularFile::ASparseFileIsNotRead() {
     const QTemporaryDir dir;
     QFile sparse(dir.filePath(u"file"_s));

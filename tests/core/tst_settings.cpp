@@ -17,7 +17,7 @@ AppSettings Loaded(const SettingsStore& store) {
 
 }  // namespace
 
-/// The settings record, to and from the store.
+/// Loading and saving the settings record.
 class TstSettings : public QObject {
     Q_OBJECT
 
@@ -252,7 +252,7 @@ void TstSettings::BadGeometryIsNamed() {
     store.Put(section, key, u"wide"_s);
     AppSettings settings;
     WindowGeometry geometry;
-    Loaded(store);  // not the settings' concern
+    Loaded(store);  // loading the settings ignores these keys
     try {
         LoadWindowGeometry(store, settings, geometry);
         QFAIL("the value was taken");

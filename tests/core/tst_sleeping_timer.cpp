@@ -10,7 +10,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// A timer of 200 ms that writes down when it ticks.
+/// A timer of 200 ms that records its ticks.
 struct Bench {
     VirtualTime time{QDateTime(QDate(1998, 10, 3), QTime(12, 0))};
     FakeMessageBoxes boxes;

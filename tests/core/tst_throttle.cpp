@@ -18,7 +18,7 @@ struct Bench {
 
 }  // namespace
 
-/// At most once an interval.
+/// At most one run per interval.
 class TstThrottle : public QObject {
     Q_OBJECT
 
@@ -64,7 +64,7 @@ void TstThrottle::ManyRequestsRunOnceAnInterval() {
         bench.throttle.Request();
         bench.time.Advance(1);
     }
-    QCOMPARE(bench.ran.size(), 41);  // at 0, then every 250 ms up to and with 10000
+    QCOMPARE(bench.ran.size(), 41);  // at 0, then every 250 ms up to and including 10000
 }
 
 void TstThrottle::TheTurnOfTheTickCounterMakesNoDifference() {

@@ -8,7 +8,7 @@
 using namespace tickwell;
 using namespace Qt::StringLiterals;
 
-/// Numbers and places in the calendar, in words.
+/// Numbers and calendar terms in words.
 class TstWords : public QObject {
     Q_OBJECT
 
@@ -50,11 +50,10 @@ void TstWords::KanjiNumberReads_data() {
     row(1998, u"千九百九十八"_s);
     row(2005, u"二千五"_s);
     row(9999, u"九千九百九十九"_s);
-    // Ten thousands and above are dropped, on purpose.
+    // Ten thousands and above are dropped on purpose.
     row(10000, u"零"_s);
     row(12345, u"三百四十五"_s);
-    // Only the last digit of each step's text is looked at: the minus sign goes, and negative thousands with
-    // it.
+    // Only the last digit of each place is used, so the minus sign and negative thousands are dropped.
     row(-5, u"五"_s);
     row(-1234, u"二百三十四"_s);
     row(-1000, u"零"_s);

@@ -11,7 +11,7 @@
 
 namespace tickwell {
 
-/// Rows of the anniversary book, for working out in the test what the database should answer.
+/// Rows of the anniversary book, from which a test computes the expected results itself.
 using Anniversaries = std::vector<Anniversary>;
 
 inline Anniversaries AnniversariesIn(const ResultSet& rows) {

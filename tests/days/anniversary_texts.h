@@ -8,7 +8,7 @@
 
 namespace tickwell {
 
-/// The names of an answer's rows, with a blank between them.
+/// The names of a result's rows, separated by spaces.
 inline QString Names(const ResultSet& rows) {
     QStringList names;
     for (const ResultRow& row : rows) {

@@ -8,11 +8,11 @@
 
 namespace tickwell {
 
-/// A calendar with a day database of its own, on a day that the test chooses.
+/// A calendar with its own day database, on a day that the test chooses.
 struct CalendarBench {
     explicit CalendarBench(QDate today = QDate(1998, 10, 3)) : time(QDateTime(today, QTime(9, 0))) {}
 
-    /// Its marks, "Holiday 1998-10-05" and so on, in the order of the tables and of the rows.
+    /// The stored marks, "Holiday 1998-10-05" and so on, in the order of the tables and of the rows.
     QStringList Marks() const {
         return store.Raw(
             "SELECT 'Holiday ' || \"Date\" FROM Holiday UNION ALL SELECT 'Halfday ' || \"Date\" FROM Halfday "

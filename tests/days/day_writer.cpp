@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// day_writer FILE FIRST [calendar]: writes anniversaries number FIRST, FIRST + 1 .. into a day database, and
-// says each number when its row is stored. After every fourth it rewrites the marked days as a whole, to the
-// January of the year 1000 + number, and says that year with a minus before it. With "calendar" it marks
-// October 1998 in the calendar instead, as tests/days/marked_october.h has it for each number, and says the
-// number when the marks are stored.
+// day_writer FILE FIRST [calendar]: stores anniversaries number FIRST, FIRST + 1 .. in a day database, and
+// prints each number when its row is stored. After every fourth it replaces all marked days in one
+// transaction by the January of the year 1000 + number, and prints that year as a negative number. With
+// "calendar" it marks October 1998 in the calendar instead, as tests/days/marked_october.h defines it for
+// each number, and prints the number when the marks are stored.
 
 #include <unistd.h>
 

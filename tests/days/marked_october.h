@@ -9,9 +9,9 @@ namespace tickwell {
 
 inline const QDate kOctober(1998, 10, 1);
 
-/// What colour a day of October 1998 gets in the month of that number: weekdays a colour drawn by the number,
-/// so that no month is part of another one, Saturdays and Sundays by turns their own and black. Every day but
-/// those is then stored.
+/// The colour of a day of October 1998 in the version of the month with that number: a pseudo-random one for
+/// weekdays, so that no version is a part of another one; for Saturdays and Sundays alternately black and
+/// their own. All days are stored except those with their own colour.
 inline DayColor OctoberColor(int number, int day) {
     const int weekday = QDate(1998, 10, day).dayOfWeek();
     const bool isEven = number % 2 == 0;

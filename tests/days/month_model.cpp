@@ -10,7 +10,7 @@ namespace {
 constexpr int kRed = 255;
 constexpr int kBlue = 255 * 65536;
 
-/// The tip that comes last of all rows that speak of this day: by its own name, or as the day after a Sunday.
+/// The tip of the last row that applies to this day: as its own holiday, or as the day after a Sunday.
 QString TipOf(const QList<ModelHoliday>& holidays, int month, int day, int weekday) {
     QString tip;
     for (const ModelHoliday& holiday : holidays) {
@@ -50,7 +50,7 @@ int DaysInMonth(int year, int month) {
 }
 
 int WeekdayOf(const ModelDate& date) {
-    // Counted from 1 January 1900, a Monday.
+    // Counts from 1 January 1900, a Monday.
     int days = 1;
     for (int year = 1900; year < date.year; ++year) {
         days += DaysInMonth(year, 2) == 29 ? 366 : 365;
@@ -73,7 +73,7 @@ QString ModelHeading(int year, int month) {
 
 ModelCells ModelMonth(const ModelTables& tables, int year, int month) {
     ModelCells cells;
-    int day = 1 - WeekdayOf({year, month, 1});  // of the first cell, as if months had days before the first
+    int day = 1 - WeekdayOf({year, month, 1});  // of the first cell, as if the month had days before the 1st
     int weekday = 0;
     for (ModelCell& cell : cells) {
         bool isOff = false;

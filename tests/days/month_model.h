@@ -10,7 +10,7 @@
 
 namespace tickwell {
 
-/// A date as three numbers. The model counts days by itself, so that it does not share a mistake.
+/// A date as three numbers. The model computes with its own calendar, so that it does not share a bug.
 struct ModelDate {
     int year = 0;
     int month = 0;
@@ -33,7 +33,7 @@ struct ModelHoliday {
     int day = 0;
 };
 
-/// What is stored: national holidays in stored order, and the dates that the user marked.
+/// The stored data: national holidays in the order of insertion, and the dates that the user marked.
 struct ModelTables {
     QList<ModelHoliday> holidays;
     std::multiset<ModelDate> red;    // Holiday
@@ -49,18 +49,18 @@ struct ModelCell {
     bool isPressed = false;
 };
 
-/// The six rows of days as they ought to look after a month was built, cell 7 first.
+/// The expected six rows of days after a month was built, cell 7 first.
 using ModelCells = std::array<ModelCell, 42>;
 
 QString ModelHeading(int year, int month);
 
-/// Everything but the pressed cells, of which there is none.
+/// The expected cells of a month, none of them pressed.
 ModelCells ModelMonth(const ModelTables& tables, int year, int month);
 
-/// Stores the month's marks anew: each of its days is looked up in the cell where it would stand.
+/// Replaces the month's marks: each of its days is read from the cell at which it would be.
 void StoreMonth(ModelTables& tables, const ModelCells& cells, int year, int month);
 
-/// Takes away what lies between the two dates, both included.
+/// Deletes all marks between the two dates, both included.
 void EraseMarks(ModelTables& tables, const ModelDate& first, const ModelDate& last);
 
 }  // namespace tickwell

@@ -9,7 +9,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// An end of the range, in the numbers that the texts speak of.
+/// One end of the range as the numbers that the queries use.
 struct End {
     explicit End(QDate date)
         : year(date.year()), month(date.month()), day(date.day()), week(WeekCode(date)) {}
@@ -47,10 +47,10 @@ QString OneDayText(const End& s, const End& e) {
     return text;
 }
 
-/// Year is the start's and the end's at once: none of two years, and in one year the range of years is empty.
+/// Never true: the year would have to equal both ends, and within one year the range of years is empty.
 bool IsOneDayMeant(const Anniversary& row, const End& s, const End& e) {
     if (e.year - s.year < 1) {
-        return row.year >= s.year + 1 && row.year <= e.year - 1;  // never, since both ends are of one year
+        return row.year >= s.year + 1 && row.year <= e.year - 1;  // never, because both ends are in one year
     }
     return row.year == s.year && row.year == e.year;
 }

@@ -11,7 +11,7 @@
 
 namespace tickwell {
 
-/// What is asked of the anniversary book. Absent dates: no condition on them.
+/// The criteria of a search in the anniversary book. Without `hasDates` it has no date condition.
 struct Search {
     bool hasOneDay = true;
     bool hasEveryYear = true;
@@ -23,8 +23,8 @@ struct Search {
     QDate end;
 };
 
-/// A search for one kind of row: the text that asks for them, and, worked out apart from it, whether a row is
-/// meant.
+/// A search for one kind of row: the text of the query, and a separately implemented check whether a row
+/// matches.
 struct SearchQuery {
     QString text;
     std::function<bool(const Anniversary&)> isMeant;

@@ -11,8 +11,8 @@ using namespace tickwell;
 
 namespace {
 
-/// Which of its weekday a day of 2026 is in its month, 1 to 5, and the weekday, 1 Sunday to 7 Saturday: as
-/// the standard library's calendar has them.
+/// The week of a date in its month for its weekday, 1 to 5, and the weekday, 1 Sunday to 7 Saturday,
+/// according to the standard library's calendar.
 struct WeekdayOfMonth {
     int week;
     int weekday;
@@ -28,7 +28,7 @@ WeekdayOfMonth WeekdayOf(QDate date) {
 
 }  // namespace
 
-/// On which days the rows of the two tables fall.
+/// The days on which the rows of the two tables fall.
 class TstAnniversaryRule : public QObject {
     Q_OBJECT
 
@@ -96,7 +96,7 @@ void TstAnniversaryRule::EveryWeekCodeFallsOnItsDayAlone() {
     for (QDate date(2026, 1, 1); date.year() == 2026; date = date.addDays(1)) {
         const auto [week, weekday] = WeekdayOf(date);
         QCOMPARE(AnniversariesOf(database, date), u"w%1%2"_s.arg(week).arg(weekday));
-        // The daily check asks with the two digits exchanged: no code has a week above 5.
+        // The daily check queries with the two digits swapped: no code has a week above 5.
         QCOMPARE(AnnouncedNames(database, date).contains(u"w%1%2"_s.arg(weekday).arg(week)), weekday <= 5);
     }
 }

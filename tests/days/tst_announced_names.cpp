@@ -9,7 +9,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Week of the month and weekday (1 Sunday) of a day, counted on fingers.
+/// Week of the month and weekday (1 Sunday) of a day, counted day by day.
 std::pair<int, int> WeekAndWeekday(QDate day) {
     int week = 0;
     for (QDate each(day.year(), day.month(), 1); each <= day; each = each.addDays(1)) {
@@ -20,7 +20,7 @@ std::pair<int, int> WeekAndWeekday(QDate day) {
 
 }  // namespace
 
-/// What the main window announces on a day.
+/// The names that the main window announces on a day.
 class TstAnnouncedNames : public QObject {
     Q_OBJECT
 
@@ -80,14 +80,14 @@ void TstAnnouncedNames::AllThirtyFiveCodesOverAYear() {
     QSet<QString> announced;
     for (QDate day(2026, 1, 1); day.year() == 2026; day = day.addDays(1)) {
         const auto [week, weekday] = WeekAndWeekday(day);
-        // The code 10 * week + weekday is met on the day whose weekday is its week and whose week is its
-        // weekday.
+        // The code 10 * week + weekday is announced on the day whose weekday equals the code's week and whose
+        // week equals the code's weekday.
         const QStringList expected =
             weekday <= 5 ? QStringList{QString::number(10 * weekday + week)} : QStringList();
         QCOMPARE(AnnouncedNames(database, day), expected);
         announced.unite(QSet<QString>(expected.begin(), expected.end()));
     }
-    QCOMPARE(announced.size(), 25);  // those whose weekday is a Friday or a Saturday never are
+    QCOMPARE(announced.size(), 25);  // those on a Friday or a Saturday never are
 }
 
 void TstAnnouncedNames::NoMoreAreReadThanADayCanShow() {

@@ -16,14 +16,14 @@ constexpr int kSteps = 10'000;
 constexpr int kRed = 255;
 constexpr int kBlue = 255 * 65536;
 
-/// The calendar and its database as the test has them in mind.
+/// The expected state of the calendar and its database.
 class Model {
 public:
     ModelTables tables;
     ModelDate today;
     ModelDate selected;
     int mode = 0;
-    int told = 0;  // messages about the first and the last year
+    int told = 0;  // number of messages about the first and the last year
     QString heading;
     ModelCells cells;
 
@@ -62,7 +62,7 @@ public:
         }
     }
 
-    /// False when the day clicked is none of the month that the arrows have come to.
+    /// False if the clicked day does not exist in the month reached with the arrows.
     bool Click(int cell) {
         ModelCell& clicked = cells.at(static_cast<std::size_t>(cell - 7));
         if (mode != 0) {
@@ -145,7 +145,7 @@ public:
         CloseBoxes();
     }
 
-    /// What differs, in words; empty when nothing does.
+    /// A description of the first difference; empty if there is none.
     QString Difference() const {
         const MonthGrid& grid = m_bench.calendar.Grid();
         for (int cell = 7; cell < 49; ++cell) {
@@ -191,7 +191,7 @@ public:
 private:
     int From(int first, int last) { return m_random.bounded(first, last + 1); }
 
-    /// Mostly at one place, so that months are met again; sometimes near the ends.
+    /// Mostly the same year, so that months are revisited; sometimes near the limits.
     void Open() {
         const int year = From(0, 9) == 0 ? 2100 : From(0, 8) == 0 ? 1926 : 1998;
         const int month = year == 2100 ? From(11, 12) : year == 1926 ? From(1, 2) : From(1, 12);
@@ -207,7 +207,7 @@ private:
         m_model.GoToToday();
     }
 
-    /// One click on an arrow, or several.
+    /// Clicks an arrow once or several times.
     void Go() {
         const std::array steps{-1, 1, -12, 12};
         const int months = steps.at(static_cast<std::size_t>(From(0, 3)));
@@ -241,7 +241,7 @@ private:
         }
     }
 
-    /// From a marking mode mostly to Normal: there the marks are written.
+    /// Leaves a marking mode mostly for Normal, which stores the marks.
     void ChooseMode() {
         const int mode = m_model.mode != 0 && From(0, 1) == 0 ? 0 : From(0, 2);
         m_bench.calendar.ChooseMode(static_cast<CalendarMode>(mode));
@@ -268,7 +268,7 @@ private:
 
 }  // namespace
 
-/// Ten thousand steps over months, modes, marks and deletions, each followed in a model.
+/// Ten thousand steps over months, modes, marks and deletions, each compared with a model.
 class TstCalendarSession : public QObject {
     Q_OBJECT
 

@@ -11,7 +11,7 @@ using namespace tickwell;
 
 namespace {
 
-/// The window on 3 October 1998, a Saturday, and the windows of the book as far as the calendar knows them.
+/// The window on 3 October 1998, a Saturday, with fakes of the windows of the book.
 struct Bench : CalendarBench {
     explicit Bench(QDate today = QDate(1998, 10, 3)) : CalendarBench(today) {
         book.edit = [this](QDate date, QWidget* above, BookWindows::Closed whenClosed) {
@@ -96,7 +96,7 @@ QStringList Disabled(const Bench& bench) {
     return names;
 }
 
-/// Whether some pixel is clearly more of the one channel than of the other.
+/// Whether a pixel has clearly more of one channel than of the other.
 bool Shows(const QImage& image, int (*channel)(QRgb), int (*other)(QRgb)) {
     for (int y = 0; y < image.height(); ++y) {
         for (int x = 0; x < image.width(); ++x) {
@@ -234,7 +234,7 @@ void TstCalendarWindow::CellsOutsideTheMonthAreHidden() {
     }
     const QSize size = bench.form->size();
     bench.Click(u"Command2"_s);
-    QCOMPARE(bench.form->size(), size);  // five rows or six
+    QCOMPARE(bench.form->size(), size);  // whether the month has five rows or six
 }
 
 void TstCalendarWindow::ToolTipsAreNeverMarkup() {
@@ -306,7 +306,7 @@ void TstCalendarWindow::ClickingTodayKeepsItPressed() {
 
 void TstCalendarWindow::AnArrowGoesOnWhileItIsHeld_data() {
     QTest::addColumn<QString>("arrow");
-    QTest::addColumn<QString>("heading");  // two steps on
+    QTest::addColumn<QString>("heading");  // after two steps
     QTest::newRow("month back") << u"Command1"_s << u"1998年（平成10年）8月"_s;
     QTest::newRow("month on") << u"Command2"_s << u"1998年（平成10年）12月"_s;
     QTest::newRow("year back") << u"Command4"_s << u"1996年（平成8年）10月"_s;
@@ -369,7 +369,7 @@ void TstCalendarWindow::InAYearThatItDoesNotShowItOpensEmpty_data() {
     QTest::newRow("too early") << QDate(1925, 5, 31) << u"Command5"_s << u"1926年（昭和1年）5月"_s;
 }
 
-/// A clock may be wrong: the window says so, and the arrows lead to a month that it has.
+/// With a wrong clock the window reports the problem, and the arrows lead to a supported month.
 void TstCalendarWindow::InAYearThatItDoesNotShowItOpensEmpty() {
     QFETCH(QDate, today);
     QFETCH(QString, towards);
@@ -600,14 +600,14 @@ void TstCalendarWindow::ItsBoxesBelongToTheWindow() {
     bench.Click(u"Command7(2)"_s);
     QCOMPARE(bench.boxes.Owners().size(), 2);
     QVERIFY(bench.boxes.Owners().constLast() == bench.form.get());
-    bench.boxes.Pick(MessageAnswer::No);  // the month that the arrows have come to is not shown
+    bench.boxes.Pick(MessageAnswer::No);  // reports that the month reached with the arrows cannot be shown
     QCOMPARE(bench.boxes.Owners().size(), 3);
     QVERIFY(bench.boxes.Owners().constLast() == bench.form.get());
     bench.boxes.Close();
     bench.store.Raw("DROP TABLE Holiday");
     bench.Click(u"Command7(2)"_s);
     bench.boxes.Pick(MessageAnswer::Yes);
-    QCOMPARE(bench.boxes.Shown().constLast().title, u"Tickwell"_s);  // the report
+    QCOMPARE(bench.boxes.Shown().constLast().title, u"Tickwell"_s);  // the error report
     QVERIFY(bench.boxes.Owners().constLast() == bench.form.get());
 }
 
@@ -675,7 +675,7 @@ void TstCalendarWindow::ArrowKeys() {
         bench.Key(static_cast<Qt::Key>(key));
     }
     QCOMPARE(bench.Focused(), bench.Cell(day).objectName());
-    QCOMPARE(bench.PressedDays(), QList<int>{3});  // moving selects nothing
+    QCOMPARE(bench.PressedDays(), QList<int>{3});  // moving the focus selects nothing
 }
 
 void TstCalendarWindow::PageKeys_data() {
@@ -711,7 +711,7 @@ void TstCalendarWindow::EnterAndSpaceClick() {
     QCOMPARE(bench.Heading(), u"1998年（平成10年）11月"_s);
     bench.Click(u"Command6"_s);
     bench.Find<QTableView>(u"ListView1"_s).setFocus();
-    bench.Key(Qt::Key_Return);  // nothing else is clicked by it
+    bench.Key(Qt::Key_Return);  // clicks no other control
     QCOMPARE(bench.Heading(), u"1998年（平成10年）11月"_s);
     QVERIFY(bench.form->isVisible());
 }

@@ -15,7 +15,7 @@ namespace {
 
 const QDate kThirdOfOctober(1998, 10, 3);
 
-/// A day list over a database of its own, which counts its changes.
+/// A day list with its own database; counts the changes reported.
 struct Bench {
     DayStore store;
     std::unique_ptr<DayDatabase> database = OpenDayDatabase(store.Path());
@@ -145,7 +145,7 @@ void TstDayList::ADayOfManyRowsIsListedInSlices() {
     QCOMPARE(bench.list.Rows().Count(), 0);
     QCOMPARE(bench.list.Heading(), u"1998年10月3日の記念日"_s);
     QCOMPARE(bench.list.CountText(), u"読み込んでいます"_s);
-    bench.store.Raw("DELETE FROM Kinenbi WHERE id = 1");  // which begins anew
+    bench.store.Raw("DELETE FROM Kinenbi WHERE id = 1");  // which restarts the search
     bench.Finish();
     QCOMPARE(bench.list.CountText(), u"ﾃﾞｰﾀ件数 69999件"_s);
     QCOMPARE(bench.list.Rows().Read(0)->name, u"n2"_s);

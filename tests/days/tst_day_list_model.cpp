@@ -13,7 +13,7 @@ using namespace tickwell;
 
 namespace {
 
-/// 5000 anniversaries "n1", "n2" .., more than a list keeps.
+/// 5000 anniversaries "n1", "n2" .., more than a list keeps in memory.
 struct Bench {
     DayStore store;
     std::unique_ptr<DayDatabase> database = OpenDayDatabase(store.Path());
@@ -33,7 +33,7 @@ struct Bench {
 
 }  // namespace
 
-/// The day list as a view asks for it.
+/// The model of the day list, queried like a view does.
 class TstDayListModel : public QObject {
     Q_OBJECT
 
@@ -102,7 +102,7 @@ void TstDayListModel::ARowThatCannotBeReadSaysSo() {
     bench.store.Raw("DELETE FROM Kinenbi WHERE id IN (1, 2000)");
     QCOMPARE(model.index(0, 0).data().toString(), u"（読み込めません）"_s);
     QCOMPARE(model.index(0, 1).data().toString(), QString());
-    QCOMPARE(model.index(1999, 0).data().toString(), u"n2000"_s);  // it has been read
+    QCOMPARE(model.index(1999, 0).data().toString(), u"n2000"_s);  // from the cache
 }
 
 void TstDayListModel::FindsATypedNameAmongTheNextRows() {
@@ -115,7 +115,7 @@ void TstDayListModel::FindsATypedNameAmongTheNextRows() {
         return matches.isEmpty() ? -1 : matches.constFirst().row();
     };
     QCOMPARE(found(0, u"N1999"_s), 1998);
-    QCOMPARE(found(0, u"n2001"_s), -1);  // beyond what is looked at
+    QCOMPARE(found(0, u"n2001"_s), -1);  // beyond the rows that are checked
     QCOMPARE(found(1000, u"n2001"_s), 2000);
     QCOMPARE(found(4999, u"n1"_s), 0);
 }

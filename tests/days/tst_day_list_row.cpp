@@ -16,7 +16,7 @@ const QString kWeekdays = u"日月火水木金土"_s;
 
 }  // namespace
 
-/// Anniversaries as texts of the calendar's list, and back.
+/// The conversion of anniversaries to texts of the calendar's list and back.
 class TstDayListRow : public QObject {
     Q_OBJECT
 

@@ -16,10 +16,10 @@ namespace {
 
 constexpr quint32 kSeed = 0x10C7;
 constexpr int kLookups = 100'000;
-constexpr int kSearches = 4'000;  // three texts each
+constexpr int kSearches = 4'000;  // three queries each
 constexpr int kRows = 300;
 
-/// Years, months and days are drawn from a few, so that rows and questions meet.
+/// Draws years, months and days from a small range, so that many rows match.
 class Dice {
 public:
     explicit Dice(quint32 seed) : m_generator(seed) {}
@@ -79,7 +79,7 @@ Anniversaries Filled(DayDatabase& database, Dice& dice) {
 
 }  // namespace
 
-/// Random questions, against answers that the test works out for itself.
+/// Random queries, compared with results that the test computes itself.
 class TstDayLookups : public QObject {
     Q_OBJECT
 

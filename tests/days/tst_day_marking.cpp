@@ -116,7 +116,7 @@ void TstDayMarking::TheMonthIsDeletedFirstAndThenWrittenByDays() {
         u"INSERT INTO Holiday  VALUES (#10/2/1998#)"_s,
         u"INSERT INTO Usuallyday  VALUES (#10/4/1998#)"_s,
         u"INSERT INTO Halfday  VALUES (#10/5/1998#)"_s,
-        u"INSERT INTO Holiday  VALUES (#10/10/1998#)"_s,  // the national holidays go in with the others
+        u"INSERT INTO Holiday  VALUES (#10/10/1998#)"_s,  // national holidays are stored like the others
         u"INSERT INTO Holiday  VALUES (#10/12/1998#)"_s,  // and their substitutes
         u"INSERT INTO Usuallyday  VALUES (#10/13/1998#)"_s,
     };
@@ -130,9 +130,9 @@ void TstDayMarking::AMonthWithoutMarksIsDeletedAlone() {
     QCOMPARE(MonthStatements(grid, june), MonthDeletions(june));
 }
 
-/// When the arrows have left the years that can be shown, the old month's colours go to other days.
+/// Once the arrows have left the supported years, the old month's colours apply to other days.
 void TstDayMarking::AnotherMonthIsReadOffTheSameGrid() {
-    const MonthShape next = ShapeOf(QDate(1998, 11, 1));  // from a Sunday: cell 7 is the 1st
+    const MonthShape next = ShapeOf(QDate(1998, 11, 1));  // begins on a Sunday: cell 7 is the 1st
     const QStringList statements = MonthStatements(October(), next);
     const QStringList expected{
         u"INSERT INTO Holiday  VALUES (#11/6/1998#)"_s,      // cell 12, 2 October

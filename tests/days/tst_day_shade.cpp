@@ -8,7 +8,7 @@ using namespace tickwell;
 
 namespace {
 
-constexpr double kReadable = 3;  // the least contrast at which a coloured number is still read
+constexpr double kReadable = 3;  // the minimum contrast of a legible coloured number
 
 double Part(double value) {
     return value <= 0.04045 ? value / 12.92 : std::pow((value + 0.055) / 1.055, 2.4);

@@ -17,17 +17,18 @@ namespace {
 constexpr quint32 kSeed = 0xD1E;
 constexpr int kKills = 200;
 constexpr int kLongestLife = 25'000;   // microseconds
-constexpr int kKillsPerEarlyKill = 4;  // one of them does not wait for the first answer
+constexpr int kKillsPerEarlyKill = 4;  // one of them does not wait for the first output
 constexpr int kStartTimeout = 30'000;  // ms
 
-/// Numbers that a writer said before it died, and the year of the last month that it stored whole.
+/// The number of lines printed by a writer before it was killed, the last number, and the year of the last
+/// complete month.
 struct Told {
     int count = 0;
     int lastNumber = 0;
     int lastYear = 0;
 };
 
-/// Reads what was told, whole lines alone; a line cut off is not told.
+/// Parses the output, complete lines only.
 Told ToldIn(const QByteArray& output, Told told) {
     for (qsizetype at = 0, end = 0; (end = output.indexOf('\n', at)) >= 0; at = end + 1) {
         const int number = output.mid(at, end - at).toInt();
@@ -37,8 +38,8 @@ Told ToldIn(const QByteArray& output, Told told) {
     return told;
 }
 
-/// Starts a writer with these arguments, kills it `life` after its start or after its first answer, and gives
-/// back what it said.
+/// Starts a writer with these arguments, kills it `life` after its start or after its first output, and
+/// returns its output.
 QByteArray Killed(const QStringList& arguments, bool waits, std::chrono::microseconds life) {
     QProcess writer;
     writer.setProcessChannelMode(QProcess::ForwardedErrorChannel);
@@ -46,13 +47,13 @@ QByteArray Killed(const QStringList& arguments, bool waits, std::chrono::microse
     if (!writer.waitForStarted(kStartTimeout) || (waits && !writer.waitForReadyRead(kStartTimeout))) {
         qWarning("the writer said nothing");
     }
-    std::this_thread::sleep_for(life);  // what is tested is the moment itself
+    std::this_thread::sleep_for(life);  // the random moment is what is tested
     writer.kill();
     writer.waitForFinished(kStartTimeout);
     return writer.exitStatus() == QProcess::CrashExit ? writer.readAllStandardOutput() : QByteArray();
 }
 
-/// The marks that are stored when the calendar has shown the October of this number.
+/// The stored marks after the calendar has stored the October with this number.
 QStringList OctoberMarks(int number) {
     QStringList marks;
     for (int day = 1; day <= 31; ++day) {
@@ -75,8 +76,8 @@ QStringList StoredMarks(const DayStore& store) {
 
 }  // namespace
 
-/// A writer is killed at random moments, again and again, on one and the same file. What it said is stored is
-/// there.
+/// A writer is killed at random moments, repeatedly and on the same file. Everything that it reported as
+/// stored exists.
 class TstKilledWriter : public QObject {
     Q_OBJECT
 
@@ -97,11 +98,11 @@ void TstKilledWriter::CheckStore(const DayStore& store, const Told& told) {
         "FROM Holiday");
     QCOMPARE(found.size(), 3);
     QCOMPARE(found[0], u"ok"_s);
-    // Numbers 1 to the last one, each once: at most one of this life is there that was not said any more.
+    // Numbers 1 to the last one, each once; at most one more is stored than was reported.
     const int last = found[1].section(u'|', 1, 1).toInt();
     QVERIFY2(last == told.lastNumber || last == told.lastNumber + 1, qPrintable(found[1]));
     QCOMPARE(found[1], u"%1|%1|%1|%1"_s.arg(last));
-    // The marked days are always those of one month, whole: the one last said, or one after it.
+    // The marked days are always one complete month: the last one reported, or a later one.
     if (told.lastYear > 0) {
         const int year = found[2].section(u'|', 3, 3).toInt();
         QCOMPARE(found[2], u"31|31|1|%1"_s.arg(year));
@@ -115,7 +116,7 @@ void TstKilledWriter::WhatWasSaidIsThere() {
     QRandomGenerator random(kSeed);
     Told told;
     for (int i = 0; i < kKills; ++i) {
-        told.lastNumber = store.Raw("SELECT count(*) FROM Kinenbi")[0].toInt();  // one may be there unsaid
+        told.lastNumber = store.Raw("SELECT count(*) FROM Kinenbi")[0].toInt();  // one may be unreported
         const int next = told.lastNumber + 1;
         told = ToldIn(Killed({store.Path(), QString::number(next)}, i % kKillsPerEarlyKill != 0,
                              std::chrono::microseconds(random.bounded(kLongestLife))),
@@ -127,14 +128,14 @@ void TstKilledWriter::WhatWasSaidIsThere() {
         const DayDatabase opens(store.Path());
     }
     qInfo("%d rows and months were stored", told.count);
-    QVERIFY(told.count > kKills / 2);  // three of four waited for one
+    QVERIFY(told.count > kKills / 2);  // three of four waited for output
 }
 
 void TstKilledWriter::AMonthOfMarksIsWhollyOldOrWhollyNew() {
     qInfo("seed %u", kSeed);
     const DayStore store;
     QRandomGenerator random(kSeed);
-    int number = 0;  // of the month that is stored; none yet
+    int number = 0;  // of the month that is stored; 0: none yet
     int months = 0;
     int unsaid = 0;
     for (int i = 0; i < kKills; ++i) {

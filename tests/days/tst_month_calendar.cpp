@@ -21,14 +21,14 @@ QList<int> PressedDays(const CalendarBench& bench) {
     return days;
 }
 
-/// Changes whenever another connection has changed the file.
+/// Differs after another connection has changed the file.
 QStringList VersionOf(RawConnection& watcher) {
     return watcher.Run("PRAGMA data_version");
 }
 
 }  // namespace
 
-/// Navigation, limits, the selected day and the panel; the marks are in tst_month_marks.
+/// Navigation, limits, selected day and panel; tst_month_marks tests the marks.
 class TstMonthCalendar : public QObject {
     Q_OBJECT
 
@@ -299,7 +299,7 @@ void TstMonthCalendar::ThePanelOpensAndCloses() {
     bench.store.Raw("INSERT INTO Kinenbi(Name,Year,Month,Day,Week) VALUES ('誕生日',0,10,20,0)");
     bench.calendar.Load();
     bench.ClickDays({20});
-    QVERIFY(bench.list.Rows().Kept().isEmpty());  // nobody sees them
+    QVERIFY(bench.list.Rows().Kept().isEmpty());  // the panel is closed
     bench.calendar.TogglePanel();
     QVERIFY(bench.calendar.IsPanelOpen());
     QCOMPARE(PanelCaption(true), u"←閉"_s);

@@ -129,7 +129,7 @@ void TstMonthGrid::Place() {
 
 void TstMonthGrid::ColoursByColumn() {
     const MonthGrid grid = GridOf(QDate(1998, 10, 1));
-    for (int cell = 7; cell < 49; ++cell) {  // hidden ones too
+    for (int cell = 7; cell < 49; ++cell) {  // including hidden ones
         const int expected = cell % 7 == 0 ? 0xFF : cell % 7 == 6 ? 0xFF0000 : 0;
         QCOMPARE(static_cast<int>(grid.At(cell).color), expected);
     }
@@ -194,7 +194,7 @@ void TstMonthGrid::ASubstituteDoesNotLeaveTheMonth() {
     QCOMPARE(Day(june, 1).color, DayColor::Black);
     QCOMPARE(Day(june, 1).toolTip, QString());
     const MonthGrid august = GridOf(QDate(1998, 8, 1), Named({{30, u"日曜"_s}}));
-    QCOMPARE(august.At(43).color, DayColor::Red);  // the 31st stands in the very last row
+    QCOMPARE(august.At(43).color, DayColor::Red);  // the 31st is in the last row
     QCOMPARE(august.At(43).toolTip, u"振替休日"_s);
 }
 
@@ -225,7 +225,7 @@ void TstMonthGrid::DaysThatTheMonthLacksDoNotShow() {
 }
 
 void TstMonthGrid::Precedence_data() {
-    QTest::addColumn<QList<int>>("tables");  // those that hold the date
+    QTest::addColumn<QList<int>>("tables");  // those that contain the date
     QTest::addColumn<bool>("isHoliday");
     QTest::addColumn<int>("color");
     QTest::newRow("none") << QList<int>{} << false << 0;

@@ -33,7 +33,7 @@ void MarkAndCommit(CalendarBench& bench, CalendarMode mode, const QList<int>& da
     Choose(bench, CalendarMode::Normal);
 }
 
-/// An empty table with a rule of its own.
+/// Replaces the table by an empty one with an additional rule.
 void ReplaceUsuallyday(const CalendarBench& bench, const QByteArray& rule) {
     bench.store.Raw(
         "DROP TABLE Usuallyday; CREATE TABLE Usuallyday(id INTEGER PRIMARY KEY,Date TEXT NOT NULL " + rule +
@@ -42,7 +42,7 @@ void ReplaceUsuallyday(const CalendarBench& bench, const QByteArray& rule) {
 
 }  // namespace
 
-/// Marking days, storing the marks, and taking them away. October 1998 begins on a Thursday: the 4th is a
+/// Marking days, storing the marks, and deleting them. October 1998 begins on a Thursday: the 4th is a
 /// Sunday, the 10th a Saturday.
 class TstMonthMarks : public QObject {
     Q_OBJECT
@@ -104,7 +104,7 @@ void TstMonthMarks::Single_data() {
     QTest::addColumn<CalendarMode>("mode");
     QTest::addColumn<QList<int>>("clicks");
     QTest::addColumn<QStringList>("marks");
-    QTest::addColumn<int>("color");  // of the first day clicked, after it was built anew
+    QTest::addColumn<int>("color");  // of the first clicked day, after the month was built again
     const auto holidays = CalendarMode::Holidays;
     const auto halfdays = CalendarMode::Halfdays;
     QTest::newRow("Sunday") << holidays << QList<int>{4} << QStringList{u"Usuallyday 1998-10-04"_s} << 0;
@@ -149,9 +149,9 @@ void TstMonthMarks::EveryDayInBothModesAtOnce() {
     bench.ClickDays({1, 4, 10});
     Choose(bench, CalendarMode::Normal);
     const QStringList marks = bench.Marks();
-    QCOMPARE(marks.filter(u"Holiday "_s).size(), 25);  // weekdays and Saturdays, but for the 1st and the 10th
+    QCOMPARE(marks.filter(u"Holiday "_s).size(), 25);  // weekdays and Saturdays except the 1st and the 10th
     QCOMPARE(marks.filter(u"Halfday "_s),
-             (QStringList{u"Halfday 1998-10-01"_s, u"Halfday 1998-10-04"_s}));  // the 10th is a blue Saturday
+             (QStringList{u"Halfday 1998-10-01"_s, u"Halfday 1998-10-04"_s}));  // the 10th is blue anyway
     QCOMPARE(
         marks.filter(u"Usuallyday "_s),
         (QStringList{u"Usuallyday 1998-10-11"_s, u"Usuallyday 1998-10-18"_s, u"Usuallyday 1998-10-25"_s}));
@@ -177,8 +177,7 @@ void TstMonthMarks::AHolidayStaysWhenItIsAbolished() {
 }
 
 void TstMonthMarks::ASubstituteIsStoredToo() {
-    CalendarBench bench(
-        QDate(2026, 5, 20));  // the 3rd is a Sunday, the 4th and 5th are holidays of their own
+    CalendarBench bench(QDate(2026, 5, 20));  // the 3rd is a Sunday, the 4th and 5th are holidays themselves
     bench.store.Raw("DELETE FROM Syukuzitu WHERE Day > 3");
     bench.calendar.Load();
     MarkAndCommit(bench, CalendarMode::Holidays, {});
@@ -256,7 +255,7 @@ void TstMonthMarks::ClosingWhileMarkingStoresNothing() {
     bench.calendar.Load();
     Choose(bench, CalendarMode::Holidays);
     bench.ClickDays({5, 15});
-    bench.calendar.Load();  // as the window does when it is opened again
+    bench.calendar.Load();  // as the window does when it is reopened
     QCOMPARE(bench.Marks(), QStringList{u"Holiday 1998-10-15"_s});
     QCOMPARE(bench.Day(5).color, DayColor::Black);
     QCOMPARE(bench.Day(15).color, DayColor::Red);
@@ -270,12 +269,12 @@ void TstMonthMarks::ACommitThatFailsStoresNothing() {
     bench.calendar.Load();
     Choose(bench, CalendarMode::Holidays);
     bench.ClickDays({4, 5});
-    ReplaceUsuallyday(bench, ",Other TEXT NOT NULL");  // no statement of the program fills it
+    ReplaceUsuallyday(bench, ",Other TEXT NOT NULL");  // no statement of the program sets this column
     QVERIFY_THROWS_EXCEPTION(RunTimeError, Choose(bench, CalendarMode::Normal));
     QCOMPARE(bench.calendar.Mode(), CalendarMode::Normal);
     QCOMPARE(bench.Marks(), (QStringList{u"Holiday 1998-10-15"_s, u"Halfday 1998-10-16"_s}));
     ReplaceUsuallyday(bench, "");
-    Choose(bench, CalendarMode::Normal);  // the colours are still there
+    Choose(bench, CalendarMode::Normal);  // the colours were kept
     QCOMPARE(bench.Marks(), (QStringList{u"Holiday 1998-10-05"_s, u"Holiday 1998-10-15"_s,
                                          u"Halfday 1998-10-16"_s, u"Usuallyday 1998-10-04"_s}));
 }
@@ -284,7 +283,7 @@ void TstMonthMarks::BeyondTheLastMonthMarksGoToTheMonthBeyond() {
     CalendarBench bench(QDate(2100, 12, 5));
     bench.store.Raw("INSERT INTO Holiday(Date) VALUES ('2100-12-10'),('2101-01-01')");
     bench.calendar.Load();
-    bench.calendar.GoBy(1);  // from a Saturday; December began on a Wednesday
+    bench.calendar.GoBy(1);  // begins on a Saturday; December began on a Wednesday
     bench.boxes.Close();
     MarkAndCommit(bench, CalendarMode::Holidays, {8});  // cell 17: the 5th of January
     QCOMPARE(bench.Marks(),
@@ -331,7 +330,7 @@ void TstMonthMarks::Deleting() {
     QCOMPARE(answered, 1);
     QTEST(bench.Marks(), "left");
     QCOMPARE(bench.Day(1).color, answer == MessageAnswer::Cancel ? DayColor::Red : DayColor::Black);
-    QCOMPARE(Pressed(bench), QList<int>{3});  // built anew, after Cancel too: only today is pressed
+    QCOMPARE(Pressed(bench), QList<int>{3});  // built again, even after Cancel: only today is pressed
     QCOMPARE(bench.calendar.SelectedDate(), QDate(1998, 10, 20));
 }
 
@@ -360,7 +359,7 @@ void TstMonthMarks::AnAnswerThatComesTooLateDeletesNothing() {
     QCOMPARE(bench.Marks().size(), 1);
     bench.calendar.Load();
     bench.calendar.DeleteMarks();
-    bench.dayDatabase.reset();  // the program is ending
+    bench.dayDatabase.reset();  // as when the program is closing
     bench.boxes.Pick(MessageAnswer::Cancel);
     QVERIFY(bench.boxes.Shown().isEmpty());
 }

@@ -27,7 +27,7 @@ int Mismatch(const ModelCells& expected, const MonthGrid& grid) {
     return -1;
 }
 
-/// Holidays on any day there is, some twice, some on days that no month has, and marks in all years.
+/// Holidays on any possible day, some duplicated, some on days that no month has, and marks in all years.
 ModelTables RandomTables(QRandomGenerator& random) {
     ModelTables tables;
     const int holidays = random.bounded(1, 150);
@@ -62,7 +62,7 @@ void Store(DayDatabase& database, const ModelTables& tables) {
     transaction.Commit();
 }
 
-/// The program itself never writes a national holiday.
+/// Uses SQLite directly, because the program never writes national holidays.
 void StoreHolidays(const DayStore& store, const ModelTables& tables) {
     QString sql = u"BEGIN; DELETE FROM Syukuzitu;"_s;
     for (const ModelHoliday& holiday : tables.holidays) {
@@ -91,7 +91,7 @@ ModelTables Shipped() {
 
 }  // namespace
 
-/// Every month that the calendar can show, against one that the test works out for itself.
+/// Every month that the calendar can show, compared with one that the test computes itself.
 class TstMonthYears : public QObject {
     Q_OBJECT
 
@@ -108,7 +108,7 @@ private:
 
 void TstMonthYears::Compare(const DayStore& store, const ModelTables& tables) {
     DayDatabase database(store.Path());
-    MonthGrid grid;  // one for all, as in the window: what a month leaves behind must not show in the next
+    MonthGrid grid;  // a single one, as in the window: a month must not affect the next one
     int months = 0;
     for (int year = 1926; year <= 2100; ++year) {
         for (int month = 1; month <= 12; ++month, ++months) {
@@ -153,7 +153,7 @@ void TstMonthYears::RandomTables() {
     Compare(store, tables);
 }
 
-/// Some of them lie between the first and the last day of a month all the same, as texts.
+/// As texts, some of these are between the first and the last day of a month.
 void TstMonthYears::MarksThatAreNoDatesFallOnNoDay() {
     ModelTables tables = Shipped();
     tables.red.insert({1998, 2, 2});

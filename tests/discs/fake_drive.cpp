@@ -1,15 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // A library to be preloaded: makes one character device look like a CD drive to the program that opens it.
-// What lies in the drive stands in the environment, and in files that a test makes and removes while the
-// program runs:
+// The disc in the drive is described by environment variables and by files that a test creates and removes
+// while the program runs:
 //
 //   FAKE_DRIVE_NODE   path of the drive: a link to a character device such as /dev/zero
-//   FAKE_DRIVE_DISC   file that says what lies in the drive. Not there: nothing does. Its words:
+//   FAKE_DRIVE_DISC   file that describes the disc. If it is missing, the drive is empty. Its words:
 //                     the file of the sectors, then for each track a (audio) or d (data) and its first
-//                     sector, then L and the first sector behind the last one: "disc.bin a0 a321 a548 L931"
-//   FAKE_DRIVE_TRAY   where this file is there, the tray is open
-//   FAKE_DRIVE_BUSY   where this file is there, the drive is not ready
-//   FAKE_DRIVE_DELAY  milliseconds that each reading of sectors takes
+//                     sector, then L and the first sector after the last one: "disc.bin a0 a321 a548 L931"
+//   FAKE_DRIVE_TRAY   if this file exists, the tray is open
+//   FAKE_DRIVE_BUSY   if this file exists, the drive is not ready
+//   FAKE_DRIVE_DELAY  milliseconds that each read of sectors takes
 //   FAKE_DRIVE_BAD    a sector that cannot be read
 
 #include <dlfcn.h>
@@ -91,7 +91,7 @@ FakeDisc ReadDisc() {
     return disc;
 }
 
-/// Tells the program's descriptors of the drive from all others.
+/// The descriptors of the drive among those of the program.
 class Drives {
 public:
     void Add(int descriptor) {
@@ -141,7 +141,7 @@ int DiscStatus(const FakeDisc& disc) {
     return data == static_cast<std::ptrdiff_t>(disc.tracks.size()) ? CDS_DATA_1 : CDS_MIXED;
 }
 
-/// A number that changes with each disc that is put in: a new file in the place of the old one.
+/// A number that changes with each new disc, which is a new file in place of the old one.
 std::int64_t DiscNumber() {
     struct stat found {};
     const char* const path = getenv("FAKE_DRIVE_DISC");
@@ -151,7 +151,7 @@ std::int64_t DiscNumber() {
     return static_cast<std::int64_t>(found.st_ino) ^ found.st_ctim.tv_nsec ^ (found.st_ctim.tv_sec << 20);
 }
 
-/// Tells once of each change.
+/// Reports each change once.
 bool WasChanged() {
     static std::int64_t known = DiscNumber();
     const std::int64_t now = DiscNumber();

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // make_discs FOLDER: writes the discs that tests play, three_tones and mixed_mode, as images of each kind.
-// The starts and the end of each are printed, in sectors.
+// Prints the track starts and the end of each disc, in sectors.
 
 #include <QDir>
 #include <cstdio>

@@ -16,7 +16,7 @@ namespace {
 
 constexpr int kFramesInSector = 588;
 constexpr double kFramesInSecond = 44100;
-constexpr double kLowest = 5000;  // of the peaks, at a track's start
+constexpr double kLowest = 5000;  // peak amplitude at a track's start, kHighest at its end
 constexpr double kHighest = 9000;
 constexpr int kSectorsInSecond = 75;
 
@@ -37,7 +37,7 @@ char BinaryCodedDecimal(int number) {
     return static_cast<char>(number / 10 * 16 + number % 10);
 }
 
-/// A data sector of the first mode: it begins with the mark that no sound begins with.
+/// A mode 1 data sector: it begins with a mark with which no sound begins.
 QByteArray DataSector(int sector) {
     const int at = sector + kTestPregap;
     QByteArray bytes = QByteArray(1, '\0') + QByteArray(10, '\xff') + QByteArray(1, '\0');
@@ -68,7 +68,7 @@ QByteArray Swapped(QByteArray bytes) {
     return bytes;
 }
 
-/// Where the pause of a track begins, its start where it has none.
+/// Start of a track's pause, or of the track if it has none.
 int PauseOf(const TestDisc& disc, int track) {
     return disc.starts[track] - disc.tracks[track].pause;
 }

@@ -8,24 +8,24 @@
 namespace tickwell {
 
 inline constexpr int kTestSectorBytes = 2352;
-inline constexpr int kTestPregap = 150;  // sectors before the first one, which images of some kinds hold
+inline constexpr int kTestPregap = 150;  // sectors before the first one, included in images of some kinds
 
-/// A track to be made: a tone on the left and its fifth on the right, or data. A tone grows louder from its
-/// start to its end, so that no two moments of it are the same.
+/// A track to create: a tone in the left channel and its fifth in the right one, or data. The volume of a
+/// tone increases from start to end, so that no two moments are the same.
 struct TestTrack {
     double hertz = 0;  ///< 0 is data
-    int sectors = 0;   ///< without its pause
+    int sectors = 0;   ///< without the pause
     int pause = 0;     ///< silent sectors before its start
 };
 
-/// A disc in memory, as its sectors follow each other.
+/// A disc in memory, as its consecutive sectors.
 struct TestDisc {
     QByteArray bytes;
     QList<TestTrack> tracks;
     QList<int> starts;  ///< sector of each track
-    int end = 0;        ///< first sector behind the last track
+    int end = 0;        ///< first sector after the last track
 
-    /// The sectors `from` to `to` - 1, with data as silence: what a player shall play.
+    /// The sectors `from` to `to` - 1, with data as silence: the sound that a player must produce.
     QByteArray Sound(int from, int to) const;
 };
 
@@ -37,12 +37,12 @@ TestDisc ThreeTones();
 /// A data track of four seconds, then tones of 500 and 700 Hz.
 TestDisc MixedMode();
 
-/// Each writes NAME.bin and what belongs to it, and gives the path of what a player opens.
+/// Each writes NAME.bin and the files that belong to it, and returns the path that a player opens.
 QString WriteCueImage(const TestDisc& disc, const QString& folder, const QString& name);
 QString WriteTocImage(const TestDisc& disc, const QString& folder, const QString& name);
 QString WriteNrgImage(const TestDisc& disc, const QString& folder, const QString& name);
 
-/// What a cue sheet says of the disc, with the file named so.
+/// The cue sheet of the disc, for a sound file of this name.
 QByteArray CueSheet(const TestDisc& disc, const QString& binName);
 
 /// Minutes, seconds and sectors: "00:04:21".

@@ -8,7 +8,7 @@
 using namespace tickwell;
 using namespace Qt::StringLiterals;
 
-/// Stored numbers, as the toolkit draws them.
+/// Stored numbers, as Qt draws them.
 class TstLineLook : public QObject {
     Q_OBJECT
 

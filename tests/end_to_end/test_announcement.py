@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""Today's anniversaries and holidays, in turn with the date on the upper line."""
+"""Today's anniversaries and holidays, alternating with the date on the upper line."""
 
 import sqlite3
 import unittest
@@ -18,7 +18,7 @@ class Announcement(TickwellCase):
         self.folder = make_folder(self.session.directory / "days")
 
     def add(self, *anniversaries):
-        """Anniversaries (name, year, month, day, week), put in as another program would."""
+        """Inserts anniversaries (name, year, month, day, week), as another program would."""
         with sqlite3.connect(self.folder / "DayDate.mdb") as database:
             database.executemany('INSERT INTO "Kinenbi"("Name","Year","Month","Day","Week") VALUES (?,?,?,?,?)',
                                  anniversaries)
@@ -51,7 +51,7 @@ class Announcement(TickwellCase):
         self.start("2026-11-22T23:59:30")
         wait_lines(self.app, upper="平成38年11月22日(日曜日)")
         self.wait_turns("昨日")          # 23:59:51
-        self.wait_turns("今日")          # 0:00:01, the first turn of the new day is its first name
+        self.wait_turns("今日")          # 0:00:01, the new day starts with its first name
         wait_lines(self.app, lower="午前0時00分01秒")
         self.wait_turns("勤労感謝の日", "平成38年11月23日(月曜日)", "今日")
 

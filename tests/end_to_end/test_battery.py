@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""The battery, as UPower tells of it on a bus of the test's own, and as the kernel does."""
+"""The battery as reported by UPower on a private bus, and by the kernel."""
 
 import unittest
 
@@ -49,7 +49,7 @@ class Service(BatteryCase):
 
 @unittest.skipUnless(can_have_kernel_files(), "this machine lets no program have kernel files of its own")
 class ServiceAndKernel(BatteryCase):
-    """The kernel tells of a battery at 37 % with no time."""
+    """The kernel reports a battery at 37 % without a remaining time."""
 
     def setUp(self):
         super().setUp()
@@ -73,7 +73,7 @@ class ServiceAndKernel(BatteryCase):
         self.machine.kernel_tells()
         self.machine.set_device("Percentage", GLib.Variant("d", -7.0))
         self.wait_readings("AC電源を使用中です")
-        for percent in (78.0, 77.0):  # whose turn it is does not matter
+        for percent in (78.0, 77.0):  # either text of the rotation may be next
             self.machine.show_battery(percent, 2**63 - 1)
             self.wait_readings(f"{percent:.0f}％残っています")
         self.machine.service.stop()

@@ -16,7 +16,7 @@ ADDING = "記念日の追加"
 EDITING = "記念日の編集"
 SEARCH = "記念日の検索"
 DELETION = "記念日の削除"
-CONTROLS = 40  # more than a window has
+CONTROLS = 40  # more than any window has
 
 
 class Book(TickwellCase):
@@ -32,18 +32,18 @@ class Book(TickwellCase):
         self.hand = self.session.hand
 
     def window(self, title):
-        """The window of this title, once keys go to it."""
+        """Waits until the window of this title has the keyboard focus."""
         self.session.windows.wait(name=title, pid=self.app.program.pid)
         return self.app.wait(name=title, showing=True, which=lambda node: "active" in node.states)
 
     def gone(self, title):
-        """Waits until a window has closed, and the calendar is back."""
+        """Waits until a window is closed and the calendar is active again."""
         self.app.wait_gone(name=title, showing=True)
         return self.window(CALENDAR)
 
     def go_to(self, window, name):
-        """Goes from control to control until the one of this name has the focus; a list calls itself what its
-        button does, and its row says that it has the focus when it has not."""
+        """Presses Tab until the control of this name has the focus. A list has the same name as its button, and its row
+        reports the focus even without it, so tables are skipped."""
         for _ in range(CONTROLS):
             if window.find(name=name, which=lambda node: "focused" in node.states and node.role != "table"):
                 return
@@ -55,10 +55,10 @@ class Book(TickwellCase):
         self.hand.key("space")
 
     def open_calendar(self):
-        """The calendar with its panel; the menu as a key of the desktop opens it, by a second start."""
+        """Opens the calendar with its panel. The menu is opened by a second start, like with a desktop shortcut."""
         self.assertEqual(self.session.spawn(tickwell_command(self.session, arguments=("--menu",))).wait_end(), 0)
         self.app.wait(role="popup menu", name="メニュー")
-        self.hand.key("Return")  # the first item that can be chosen
+        self.hand.key("Return")  # the first enabled item
         calendar = self.window(CALENDAR)
         self.press(calendar, "記念日の一覧を開く")
         calendar.wait(role="label", name="2026年11月20日の記念日", showing=True)
@@ -71,7 +71,7 @@ class Book(TickwellCase):
         self.hand.key("Return")
 
     def wait_list(self, calendar, *rows):
-        """Waits until the list holds these rows: name, year, month, day, week."""
+        """Waits until the list contains these rows: name, year, month, day, week."""
         calendar.wait(role="label", name=f"ﾃﾞｰﾀ件数 {len(rows)}件")
         self.assertEqual(calendar.wait(role="table").table(), [list(row) for row in rows])
 
@@ -86,7 +86,7 @@ class Book(TickwellCase):
         self.add(calendar, "party")
         self.gone(ADDING)
         self.wait_list(calendar, ("party", "毎", "11", "20", ""))
-        self.time.advance(LOOK_UP)  # looked up, but it is not its turn yet
+        self.time.advance(LOOK_UP)  # queried, but not yet next in rotation
         wait_lines(self.app, upper=TODAY)
         self.time.advance(LOOK_UP)
         wait_lines(self.app, upper="party")

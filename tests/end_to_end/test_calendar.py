@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""The calendar: months, marks set by mouse, and what of them is there again later."""
+"""The calendar: months, marks set with the mouse, and which of them persist."""
 
 import sqlite3
 import unittest
@@ -12,7 +12,7 @@ from driver.waiting import wait_for
 
 CALENDAR = "カレンダー"
 TABLES = ("Holiday", "Halfday", "Usuallyday")
-STRONG = 60  # how much more of one channel than of another makes a colour
+STRONG = 60  # minimum difference between two channels that counts as a colour
 
 
 class Calendar(TickwellCase):
@@ -54,7 +54,7 @@ class Calendar(TickwellCase):
         self.window.wait(role="label", name=heading, showing=True)
 
     def colour(self, day):
-        """"red", "blue" or "black": what the number of this day is drawn in."""
+        """The colour of the day's number: "red", "blue" or "black"."""
         x, y, width, height = self.day(day).extents
         picture = pictures.grab(self.session.display, (x + 5, y + 4, width - 10, height - 8))
         pixels = list(picture.getdata())
@@ -63,7 +63,7 @@ class Calendar(TickwellCase):
         return "blue" if any(blue > red + STRONG for red, _, blue in pixels) else "black"
 
     def colours(self):
-        self.session.hand.move((1200, 1000))  # a button under the pointer is lit
+        self.session.hand.move((1200, 1000))  # a button under the pointer is highlighted
         return [self.colour(day) for day in range(1, 32)]
 
     def marks(self):
@@ -118,7 +118,7 @@ class Calendar(TickwellCase):
         self.assertEqual(self.marks(), [("Holiday", "1998-10-20")])
 
     def test_opening_and_closing_store_nothing(self):
-        self.start("1998-11-15T09:00:00")  # two national holidays on weekdays
+        self.start("1998-11-15T09:00:00")  # has two national holidays on weekdays
         self.open()
         self.choose("休日設定")
         self.close()
@@ -174,7 +174,7 @@ class Calendar(TickwellCase):
                 self.assertTrue(box.find(role="label", name="今月までのデーターも削除しますか？"), box.dump())
                 windows = self.session.windows
                 question, calendar = windows.wait(name="ﾃﾞｰﾀ削除"), windows.wait(name=CALENDAR)
-                windows.close_window(calendar)  # refused: the question is about what it shows
+                windows.close_window(calendar)  # refused while the question is open
                 windows.raise_window(calendar)
                 wait_for(lambda: windows.is_above(question, calendar), "the question above its window")
                 self.session.hand.key(*keys)

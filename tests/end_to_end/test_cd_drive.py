@@ -1,6 +1,6 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""The CD player with a drive, as the kernel shows one: a preloaded library plays the kernel's part in the real program
-and in the helper that it starts."""
+"""The CD player with a drive: a preloaded library simulates the kernel's drive in the real program and in the helper
+that it starts."""
 
 import os
 import unittest
@@ -31,7 +31,7 @@ class Drive(CdCase):
         return self.folder / f"drive.{name}"
 
     def put_in(self, words):
-        """Puts a disc in, in the place of what was there."""
+        """Inserts a disc in place of the current one."""
         new = self.file("new")
         new.write_text(f"{self.folder}/{words}\n", encoding="utf-8")
         new.replace(self.file("disc"))
@@ -65,7 +65,7 @@ class Drive(CdCase):
     def test_an_empty_drive_waits_for_a_disc(self):
         self.start_drive()
         self.wait_not_ready()
-        self.assertIsNone(self.app.find(role="alert message", showing=True))  # nobody has asked for anything
+        self.assertIsNone(self.app.find(role="alert message", showing=True))  # nothing was requested
         self.put_in(TONES)
         self.wait_ready(3, "0:12")
         self.press(NEXT)
@@ -93,7 +93,7 @@ class Drive(CdCase):
         self.start_drive()
         self.wait_ready(3, "0:12")
         self.put_in(TWO_TONES)
-        self.press(PLAY)  # the drive is not looked at before
+        self.press(PLAY)  # before, the drive is not polled
         self.wait_ready(2, "0:07")
         self.assertEqual(self.heard(self.disc), [])
         self.play()

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""The CD player worked from its window: images of discs, heard sample by sample on a real sound server."""
+"""The CD player operated in its window: disc images, recorded sample by sample on a real sound server."""
 
 import unittest
 from pathlib import Path
@@ -10,7 +10,7 @@ from driver.disc_sound import SECOND, Heard, hertz, sounding
 from driver.waiting import steady, wait_for
 
 TONES = (440, 660, 880)  # Hz, of the three tracks
-STEP = 3.0               # s of the disc that rewind and forward go at a time
+STEP = 3.0               # s of the disc per rewind or forward step
 
 
 class Images(CdCase):
@@ -19,7 +19,7 @@ class Images(CdCase):
         self.start(self.folder / "three_tones.cue")
         self.wait_total(3, "0:12")
         self.assertEqual(self.enabled(), STOPPED_BUTTONS)
-        self.choose_from(REPEATS, "全曲リピート")  # it is never repeated
+        self.choose_from(REPEATS, "全曲リピート")  # has no effect here
         self.play()
         self.wait_enabled(PLAYING_BUTTONS)
         for track in "123":
@@ -82,30 +82,31 @@ class Buttons(CdCase):
         self.wait_total(3, "0:12")
 
     def pause(self):
-        """Pauses, and lets sound what was under way; returns what was heard until then."""
+        """Pauses, waits until buffered sound has played; returns what was heard until then."""
         self.press(PAUSE)
         self.wait_caption("一時停止")
         self.wait_enabled({PAUSE})
         return steady(lambda: self.heard(self.disc), "the silence of a pause")
 
     def wait_piece_from(self, track, count, seconds):
-        """Waits until so many pieces were heard, the last of them from a track's start and for so long."""
+        """Waits until `count` pieces were heard, the last of them from the start of `track` and for at least
+        `seconds`."""
         self.assertEqual(self.wait_piece(self.disc, count, seconds)[-1].start, self.disc.track(track))
 
     def test_a_pause_keeps_every_sample(self):
         self.play()
         self.wait_piece_from(1, 1, 1)
         before = self.pause()
-        self.wait_lines(lower="")  # it blinks
+        self.wait_lines(lower="")  # the line blinks
         self.wait_lines(lower=lambda text: text.startswith("[ 1 ]    0:0"))
         self.assertEqual(self.heard(self.disc), before)
         self.press(PAUSE)
         self.wait_enabled(PLAYING_BUTTONS)
         self.wait_piece_from(1, 1, before[-1].seconds + 0.5)
         before = self.pause()
-        self.wait_silence()  # a long pause lets go of the disc and of the sound server
+        self.wait_silence()  # a long pause closes the disc and the sound stream
         wait_for(lambda: self.helpers() == 0, "the end of all reading")
-        self.session.hand.key("space")  # the one button that can be pressed has the keys
+        self.session.hand.key("space")  # the only enabled button has the keyboard focus
         self.wait_caption("再生")
         self.wait_piece_from(1, 1, before[-1].seconds + 0.5)
 
@@ -118,11 +119,11 @@ class Buttons(CdCase):
         self.wait_lines(lower="[ 2 ]    0:03")
         self.play()
         self.wait_piece_from(2, 1, 0.1)
-        self.press(PREVIOUS)  # within the first half second
+        self.press(PREVIOUS)  # within the first half second of the track
         self.wait_piece_from(1, 2, 0.1)
         self.press(NEXT)
         self.wait_piece_from(2, 3, 2)
-        self.press(PREVIOUS)  # later
+        self.press(PREVIOUS)  # after the first half second
         self.wait_piece_from(2, 4, 0.1)
         self.press(NEXT)
         self.wait_piece_from(3, 5, 0.1)
@@ -153,17 +154,17 @@ class Buttons(CdCase):
     def test_rewind_and_forward_while_they_are_held(self):
         self.play()
         self.wait_piece_from(1, 1, 0.5)
-        self.press(FORWARD)  # held for a moment: one step
+        self.press(FORWARD)  # a short press: one step
         first, second = self.wait_piece(self.disc, 2, 0.3)
         self.assertAlmostEqual((second.start - first.end) / SECOND, STEP, delta=0.1)
         self.hold(REWIND, lambda: self.wait_lines(lower="[ 1 ]    0:00"))
         self.wait_heard(self.disc, lambda pieces: pieces[-1].start == self.disc.track(1) and pieces[-1].seconds > 0.3,
                         "the disc from its start")
-        self.hold(FORWARD, lambda: self.wait_caption("停止"))  # at the disc's end
+        self.hold(FORWARD, lambda: self.wait_caption("停止"))  # at the end of the disc
         self.wait_total(3, "0:12")
 
     def hold(self, name, wait):
-        """Holds a button until what is waited for has come."""
+        """Holds a button down until `wait` returns."""
         place = self.window.wait(role="push button", name=name)
         self.session.hand.press(place)
         wait()

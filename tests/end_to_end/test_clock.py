@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""The clock on the desktop, its time turned by hand."""
+"""The clock on the desktop, with virtual time."""
 
 import re
 import unittest
@@ -41,7 +41,7 @@ class Clock(TickwellCase):
         wait_lines(self.app, upper="平成10年10月3日(土曜日)", lower="午後11時59分51秒")
         self.time.advance(9000)
         wait_lines(self.app, upper="平成10年10月3日(土曜日)", lower="午前0時00分00秒")
-        self.time.advance(1000)  # the next turn of the upper line
+        self.time.advance(1000)  # the next refresh of the upper line
         wait_lines(self.app, upper="平成10年10月4日(日曜日)", lower="午前0時00分01秒")
 
     def test_the_styles_of_the_settings_are_shown(self):

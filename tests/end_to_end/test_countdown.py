@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""The countdown: its window, what the main window shows of it, and its notice."""
+"""The countdown: its window, its reading in the main window, and its notice."""
 
 import re
 import time
@@ -19,7 +19,7 @@ OVER = "指定の時間が経過しました"
 OPERATION = "操作ｳｨﾝﾄﾞｳの表示"
 REPEAT = "指定時間が来たら繰り返す"
 READING = re.compile(r"0:00'00\"(\d\d\d)")
-LATE = 250  # ms that a tick may be late on a machine under load
+LATE = 250  # ms; the latest tick on a machine under load
 
 
 def now():
@@ -28,7 +28,7 @@ def now():
 
 
 def is_setting(window):
-    """Whether this is the window that sets the timer: its notice bears the same title."""
+    """Whether this is the window that sets the timer; the notice has the same title."""
     return window.find(role="spin box") is not None
 
 
@@ -51,7 +51,7 @@ class CountdownCase(TickwellCase):
         return self.app.wait(role="dialog", name=TITLE, showing=True, which=is_setting)
 
     def notices(self):
-        """The notices that show."""
+        """The visible notices."""
         return self.app.find_all(role="dialog", name=TITLE, showing=True, which=lambda node: not is_setting(node))
 
     def wait_notice(self):
@@ -228,7 +228,7 @@ class RealTime(CountdownCase):
             _, lower = lines(self.app)
             after = now()
             rest = int(READING.fullmatch(lower)[1])
-            # Whole seconds since the start, less the rest: what has passed, seen from the first start.
+            # A number of complete cycles minus the remaining time is the time since the first start.
             soonest, last = before - latest - LATE, after - earliest
             self.assertTrue(any(soonest <= cycle * 1000 - rest <= last for cycle in range(12, 120)),
                             (soonest, last, rest))

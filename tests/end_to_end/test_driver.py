@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""The tests' own tools: whether they see what is there, and leave nothing behind."""
+"""The test driver itself: it must report correctly and leave nothing behind."""
 
 import os
 import shutil
@@ -28,7 +28,7 @@ WALL, TICK = "1998-10-03T23:59:57", 5000
 
 
 class FolderCase(unittest.TestCase):
-    """A test with an empty folder of its own."""
+    """A test with an empty private folder."""
 
     def setUp(self):
         self.folder = Path(tempfile.mkdtemp(prefix="driver-"))
@@ -64,7 +64,7 @@ class VirtualTimeTest(FolderCase):
     def test_refused_command_is_an_error(self):
         with self.assertRaisesRegex(VirtualTimeError, "error advance -1"):
             self.time.advance(-1)
-        self.assertEqual(self.time.advance(1).tick, TICK + 1)  # the next answer is the next command's
+        self.assertEqual(self.time.advance(1).tick, TICK + 1)  # this answer belongs to this command
 
     def test_silence_ends(self):
         with self.assertRaises(TimedOut):
@@ -82,7 +82,7 @@ class VirtualTimeTest(FolderCase):
         self.assertEqual(set(os.listdir("/proc/self/fd")), before)
         self.time.close()
         self.time.close()
-        self.assertEqual(self.program.wait_end(), 0)  # it read the end of its commands
+        self.assertEqual(self.program.wait_end(), 0)  # it has read the end of the command pipe
 
 
 class SettingsFileTest(FolderCase):
@@ -108,26 +108,25 @@ class SettingsFileTest(FolderCase):
 
 
 class SessionTest(FolderCase):
-    """A session that has come to its end, whichever way."""
+    """Sessions after their end, whichever way they ended."""
 
     def assert_nothing_left(self, directory):
         self.assertEqual(processes.marked(directory), [])
         self.assertFalse(directory.exists())
 
     def test_nothing_is_left(self):
-        Session().close()  # the libraries keep some descriptors from their first use on
+        Session().close()  # the first session makes libraries keep some descriptors
         descriptors = len(os.listdir("/proc/self/fd"))
         with Session() as session:
             # Screen, two buses, registry, window manager.
             self.assertGreaterEqual(len(processes.marked(session.directory)), 5)
-            # One that does not mind being asked to end, and one that leaves it for a process group of its
-            # own.
+            # One process that ignores SIGTERM, and one that moves to its own process group.
             script = "trap : TERM; setsid sleep 1000 & echo up; wait; sleep 1000"
             stubborn = session.spawn(["sh", "-c", script])
             stubborn.wait_output("up")
             stubborn.stop(patience=0.1)
             self.assertEqual(stubborn.exit_code, -signal.SIGKILL)
-            self.assertGreaterEqual(len(processes.marked(session.directory)), 6)  # the sleeper lives on
+            self.assertGreaterEqual(len(processes.marked(session.directory)), 6)  # the sleeper is still running
         self.assert_nothing_left(session.directory)
         session.close()
         self.assertEqual(len(os.listdir("/proc/self/fd")), descriptors)
@@ -201,7 +200,7 @@ class WindowTest(TickwellCase):
         self.assertIn("closed", first.output())
         wait_for(lambda: windows.find(name="first") is None, "its window gone")
         self.assertIsNone(second.exit_code)
-        with self.assertRaisesRegex(TimedOut, "second"):  # tells what there is instead
+        with self.assertRaisesRegex(TimedOut, "second"):  # the error lists the existing windows
             windows.wait(name="first", timeout=0.1)
 
     def test_mouse_and_keyboard(self):
@@ -226,7 +225,7 @@ class WindowTest(TickwellCase):
     def test_how_long_a_window_does_not_answer(self):
         program, xid = self.show("asked", 300, 200, 120, 80)
         with keeps_answering(self.session, program, xid):
-            time.sleep(0.1)  # some pings
+            time.sleep(0.1)  # several pings
         for row, wakes_up in (("and answers again", True), ("and still does not", False)):
             with self.subTest(row):
                 with self.assertRaisesRegex(AssertionError, "did not answer"), \
@@ -250,7 +249,7 @@ class TickwellTest(TickwellCase):
     window_manager = None
 
     def setUp(self):
-        """Puts a stand-in for Tickwell in the place of the program under test, with masters beside it."""
+        """Replaces the program under test by a fake Tickwell with master files next to it."""
         super().setUp()
         build = self.session.directory / "build"
         build.mkdir()

@@ -74,9 +74,9 @@ class Ending(TickwellCase):
         panel = windows.geometry(windows.wait(name="xsm: Default"))
         button = (panel.x + panel.width * 5 // 7, panel.y + panel.height - 17)
         hand.press(button)
-        hand.release((button[0], button[1] + 22))  # its first item: shut down, and let all save
+        hand.release((button[0], button[1] + 22))  # its first item: save the session and shut down
         dialog = windows.geometry(windows.wait(name="Shutdown"))
-        hand.move((dialog.x + 150, dialog.y + 15))  # the keys go to the field under the pointer
+        hand.move((dialog.x + 150, dialog.y + 15))  # the keyboard focus follows the pointer
         hand.type("desk")
         hand.click((dialog.x + 50, dialog.y + dialog.height - 18))
         manager.wait_end()

@@ -1,6 +1,6 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""What a desktop lacks, loses or refuses: the program tells it once and clearly, or does without it in silence. It never
-hangs, and what it said to be stored is stored."""
+"""Missing, lost or refused parts of a desktop: the program reports each once and clearly, or silently works without it.
+It never hangs, and what it reported as stored is stored."""
 
 import os
 import resource
@@ -20,10 +20,10 @@ from driver.waiting import TimedOut, wait_for
 
 START_UP_DELAY = 11000  # ms
 HALF_HOUR = 30 * 60_000
-HANGS = 15.0  # s; what takes longer than this hangs
+HANGS = 15.0  # s; anything longer counts as a hang
 WALL = "1998-10-15T11:40:00"
 DAY = "1998年10月6日"
-# Root is refused nothing; without this it is refused what everyone is.
+# Root bypasses permissions; without these capabilities it does not.
 REFUSED = ["setpriv", "--bounding-set", "-dac_override,-dac_read_search"] if os.geteuid() == 0 else []
 
 
@@ -33,7 +33,7 @@ class FaultCase(TickwellCase):
         self.folder = make_folder(self.session.directory / "days")
 
     def start(self, wall=WALL, prefix=(), **options):
-        """Under turned time, from the folder of the test. `prefix`: a command that starts it."""
+        """Starts with virtual time and the test's folder. `prefix`: a command that starts the program."""
         self.time = VirtualTime(wall)
         self.addCleanup(self.time.close)
         if prefix:
@@ -56,7 +56,7 @@ class FaultCase(TickwellCase):
         self.assertEqual(self.app.program.wait_end(), 0)
 
     def install(self):
-        """The program as a package puts it; its user has not started it yet. Returns its path."""
+        """Installs the program like a package; its user has not started it yet. Returns its path."""
         prefix = self.session.directory / "usr"
         (prefix / "bin").mkdir(parents=True)
         for name in ("tickwell", "tickwell-cd", "tickwell-print"):
@@ -66,7 +66,7 @@ class FaultCase(TickwellCase):
         return prefix / "bin/tickwell"
 
     def spawn_unseen(self, environment):
-        """Started where no screen reader can ask it; once its window stands, and is at rest."""
+        """Starts the program without an accessibility bus; waits until its window is shown and steady."""
         write_settings(self.session, SILENT)
         time = VirtualTime(WALL)
         self.addCleanup(time.close)
@@ -124,7 +124,7 @@ class Missing(FaultCase):
         CalendarHand(self.session, self.app).close()
         self.close()
         told = [line for line in self.app.program.output().splitlines() if "Point size <= 0" not in line]
-        self.assertEqual(told, [])  # that much the toolkit says
+        self.assertEqual(told, [])  # Qt prints only that
 
     def test_without_its_help_file_it_says_so_until_it_is_back(self):
         self.start_clock()
@@ -133,7 +133,7 @@ class Missing(FaultCase):
         for _ in range(2):
             choose(self.session, self.app, "ﾍﾙﾌﾟ")
             close_box(self.app, RUN_TIME_ERROR + "Help.hlp を読み込めません。")
-        (self.folder / "Help.hlp").write_bytes(b"<table><tr><td>" * 60)  # which would take Qt for ever
+        (self.folder / "Help.hlp").write_bytes(b"<table><tr><td>" * 60)  # Qt would take extremely long to lay it out
         choose(self.session, self.app, "ﾍﾙﾌﾟ")
         close_box(self.app, RUN_TIME_ERROR + "Help.hlp は構造が複雑すぎるため、表示できません。\n元の Help.hlp に")
         (self.folder / "Help.hlp").write_bytes(text)
@@ -145,7 +145,7 @@ class Missing(FaultCase):
         calendar = CalendarHand(self.session, self.app)
         shutil.rmtree(self.folder)
         calendar.mark(DAY)
-        close_box(self.app, RUN_TIME_ERROR)  # not stored, and not said to be
+        close_box(self.app, RUN_TIME_ERROR)  # not stored, and reported as such
         calendar.open_list()
         editor = calendar.add("Feast")
         close_box(self.app, "無効なデータが含まれているか、予期しないエラーが発生しました。")
@@ -155,7 +155,7 @@ class Missing(FaultCase):
         calendar.close()
         choose(self.session, self.app, "ﾍﾙﾌﾟ")
         close_box(self.app, RUN_TIME_ERROR + "Help.hlp を読み込めません。")
-        self.time.advance(HALF_HOUR)  # with a chime, and no sound for it
+        self.time.advance(HALF_HOUR)  # includes a chime, without sound
         wait_lines(self.app, lower="午後0時10分11秒")
         self.close()
 
@@ -171,7 +171,7 @@ class Missing(FaultCase):
         shutil.rmtree(installed.parent.parent)
         self.time.advance(START_UP_DELAY)
         CalendarHand(self.session, self.app).mark(DAY)
-        choose(self.session, self.app, "CDﾌﾟﾚｰﾔｰ")  # whose helper is gone
+        choose(self.session, self.app, "CDﾌﾟﾚｰﾔｰ")  # its helper is missing
         choose(self.session, self.app, "ﾃﾞｼﾞﾀﾙ時計")
         wait_lines(self.app, lower="午前11時40分11秒")
         self.close()
@@ -198,7 +198,7 @@ class Sound(FaultCase):
         return server
 
     def turn(self, milliseconds):
-        """Time goes on without anything that hangs."""
+        """Advances time; fails if the program hangs."""
         self.time.advance(milliseconds, timeout=HANGS)
 
     def test_without_a_server_the_hour_passes_in_silence(self):
@@ -232,7 +232,7 @@ class Sound(FaultCase):
         server.go_on()
 
         def strikes():
-            self.turn(2000)  # over the half hour alone: the sound is shorter than a busy machine needs for a whole one
+            self.turn(2000)  # only across the half hour: on a busy machine the sound ends before a longer advance does
             try:
                 return wait_for(lambda: server.streams() == 1, "a chime", timeout=3)
             except TimedOut:
@@ -255,7 +255,7 @@ class Sound(FaultCase):
 
 
 class ReadOnly(FaultCase):
-    """Settings or folder of the user's that take nothing."""
+    """Settings or a program folder that cannot be written."""
 
     def refuse(self, folder):
         folder.mkdir(parents=True, exist_ok=True)
@@ -291,7 +291,7 @@ class ReadOnly(FaultCase):
 
 class Full(FaultCase):
     def limit(self, size):
-        """No file of the program grows beyond this from here on, as on a full disk."""
+        """From now on no file of the program can grow beyond `size` bytes, as on a full disk."""
         _, most = resource.prlimit(self.app.program.pid, resource.RLIMIT_FSIZE)
         resource.prlimit(self.app.program.pid, resource.RLIMIT_FSIZE, (size, most))
 
@@ -322,7 +322,7 @@ class Full(FaultCase):
 
 
 class Locked(FaultCase):
-    """Another program holds the database."""
+    """Another program has locked the database."""
 
     def lock(self):
         other = sqlite3.connect(self.folder / "DayDate.mdb", isolation_level=None)

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""Services that are stopped, so that they take what is sent and never answer: the window answers all the same."""
+"""Stopped services, which accept requests but never answer: the window must still respond."""
 
 import contextlib
 import os
@@ -19,17 +19,17 @@ from driver.waiting import SLOWNESS, wait_for
 
 START_UP_DELAY = 11000  # ms
 READING = 10000
-START = 15.0 * SLOWNESS  # s; Qt alone waits for a bus for 25
+START = 15.0 * SLOWNESS  # s; Qt alone waits up to 25 s for a bus
 MENU, STORE, QUIT = "メニュー", "ﾀｽｸﾊﾞｰ格納", "終了"
 CLOCK = {"SetUp": {"Win_Left": "1500", "Win_Top": "1500"}}  # twips
-INSIDE = (130, 130)  # pixels
+INSIDE = (130, 130)  # a point in the window, in pixels
 WATCHER = "org.kde.StatusNotifierWatcher"
 
 
 class HangingCase(TickwellCase):
     @contextlib.contextmanager
     def stopped(self, program):
-        """A program that does nothing within the block."""
+        """Stops a program's process within the block."""
         os.kill(program.pid, signal.SIGSTOP)
         try:
             yield
@@ -48,15 +48,15 @@ class HangingCase(TickwellCase):
         return self.session.windows.find(name="Tickwell", pid=self.app.program.pid) is not None
 
     def menu_item(self, name):
-        """Opens the menu anew."""
+        """Closes the menu, opens it again and returns the item."""
         self.session.hand.key("Escape")
         wait_for(lambda: self.app.find(role="popup menu", name=MENU, showing=True) is None, "no menu")
         self.session.hand.click(INSIDE)
         return self.app.wait(role="popup menu", name=MENU).wait(name=name)
 
     def wait_patience(self):
-        """Waits until the program has given up each call that it has made: two seconds of its own clock, twice
-        its patience. A call that is answered before that is not lost."""
+        """Waits until every call that the program has made timed out: two seconds of its clock, twice its time limit.
+        Calls that are answered earlier are not lost."""
         seen = set()
 
         def turned():
@@ -66,7 +66,7 @@ class HangingCase(TickwellCase):
         wait_for(turned, "two seconds on the clock")
 
     def wait_item(self, enabled):
-        """Waits until the window can be put away, or cannot, in the open menu."""
+        """Opens the menu and waits until hiding the window in the notification area is enabled, or disabled."""
         item = self.menu_item(STORE)
         wait_for(lambda: item.enabled == enabled, f"the item enabled: {enabled}")
         return item
@@ -97,7 +97,7 @@ class SessionBus(HangingCase):
         self.wait_item(enabled=True)
         with self.keeps_answering():
             with self.stopped(self.bus):
-                self.session.hand.click(self.menu_item(STORE))  # before it is known that the bus hangs
+                self.session.hand.click(self.menu_item(STORE))  # the program does not know yet that the bus hangs
                 self.wait_item(enabled=False)
                 self.wait_patience()
                 self.assertTrue(self.on_screen())
@@ -122,7 +122,7 @@ class SessionBus(HangingCase):
 
 class TrayHosts(HangingCase):
     def watcher(self):
-        """The process that programs register their icons with: a part of the panel."""
+        """The process that programs register their icons with: part of the panel."""
         connection = dbus_calls.connect(self.session.environment["DBUS_SESSION_BUS_ADDRESS"])
         self.addCleanup(dbus_calls.close, connection)
         return SimpleNamespace(pid=dbus_calls.process_of(connection, WATCHER))
@@ -178,7 +178,7 @@ class Sound(HangingCase):
 
 @unittest.skipUnless(can_have_kernel_files(), "this machine lets no program have kernel files of its own")
 class Battery(HangingCase):
-    """The kernel tells of a battery at 37 %, the power service of 80 %."""
+    """The kernel reports a battery at 37 %, the power service reports 80 %."""
 
     KERNEL, SERVICE = "37％残っています", "80％残っています"
 

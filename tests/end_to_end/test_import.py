@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""A day database of the Jet format that a user brings along."""
+"""Importing a user's day database in Jet format."""
 
 import shutil
 import sqlite3
@@ -17,7 +17,7 @@ TABLES = ("Kinenbi", "Syukuzitu", "Holiday", "Halfday", "Usuallyday")
 
 
 def expected_rows(sample):
-    """The rows of each table in their order, as texts."""
+    """The rows of each table in order, as texts."""
     rows = {table: [] for table in TABLES}
     for line in (SAMPLES / EXPECTED[sample]).read_text(encoding="utf-8").splitlines():
         table, *values = line.split("\t")

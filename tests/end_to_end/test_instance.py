@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""One running program a folder."""
+"""At most one running program per folder."""
 
 import signal
 import os
@@ -12,13 +12,13 @@ from driver.waiting import wait_for
 
 
 class WithoutWindowManager(TickwellCase):
-    window_manager = None  # some would pull a window that is wholly outside back by themselves
+    window_manager = None  # some move a window that is completely off screen back
 
     def test_a_second_start_brings_the_first_forward_and_ends(self):
         first = start_tickwell(self.session, settings={"SetUp": {"Win_Left": "90000", "Win_Top": "90000"}})
         wait_lines(first, upper="Tickwell Ver.2")
         x, y, _, _ = main_window(first).extents
-        self.assertTrue(x >= 1280 or y >= 1024, (x, y))  # wholly outside, as it was stored
+        self.assertTrue(x >= 1280 or y >= 1024, (x, y))  # completely off screen, as it was stored
         second = self.session.spawn(tickwell_command(self.session))
         self.assertEqual(second.wait_end(), 0)
         self.assertEqual(second.output(), "")
@@ -65,7 +65,7 @@ class Instance(TickwellCase):
         first.program.kill()
         socket.unlink()
         socket.mkdir()
-        first = start_tickwell(self.session)  # runs all the same
+        first = start_tickwell(self.session)  # runs nevertheless
         wait_lines(first, upper="Tickwell Ver.2")
         self.assertIn(str(socket), first.program.output())
         second = start_tickwell(self.session)

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""The window above the others under real window managers, without taking the focus."""
+"""The window is kept above others under real window managers, without taking the focus."""
 
 import unittest
 
@@ -31,7 +31,7 @@ class KeepTopCase(TickwellCase):
         return rival
 
     def check_back_above(self, rival):
-        """One tick later ours lies above again, where it was, and the rival still has the keyboard."""
+        """After one tick our window is above again at its place, and the rival still has the keyboard focus."""
         windows = self.session.windows
         wait_for(lambda: windows.is_above(rival, self.ours), "the rival above")
         self.time.advance(TICK)

@@ -1,8 +1,8 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""kill -9 at random moments of a session in which marks are set, anniversaries added, and settings changed and stored:
-what was said to be stored is there, nothing is there in part, and the next start works.
+"""kill -9 at random moments while marks are set, anniversaries added, and settings changed and stored: everything
+reported as stored is stored, nothing is stored in part, and the next start works.
 
-TICKWELL_KILLS lives end so; twenty where it is not set. TICKWELL_SEED repeats a run.
+TICKWELL_KILLS runs end that way; the default is 20. TICKWELL_SEED repeats a test run.
 """
 
 import os
@@ -25,27 +25,28 @@ KILLS = int(os.environ.get("TICKWELL_KILLS", "20"))
 SEED = int(os.environ.get("TICKWELL_SEED", random.randrange(2**32)))
 START_UP_DELAY = 11000  # ms
 SETTINGS = "環境設定"
-WORKING_DAYS = [day for day in range(1, 32) if date(1998, 10, day).isoweekday() < 6]  # a free day is marked otherwise
+WORKING_DAYS = [day for day in range(1, 32) if date(1998, 10, day).isoweekday() < 6]  # days off are marked differently
 LARGEST_SPEED = 34
-PATIENCE = 120.0  # s that a whole life has
-LATE = 1.2  # how much longer than a whole life a life may be meant to last: some end by themselves
+PATIENCE = 120.0  # s; limit of a complete run
+LATE = 1.2  # random limits go up to 1.2 times a complete run, so some runs end normally
 
-# What the end of the program asked looks like from here.
+# Errors that the end of the queried program causes here.
 ENDED = (AssertionError, AttributeError, GLib.Error, XError, RuntimeError)
 
 
 class Life:
-    """One run of the program from its start to its end, whichever that is, and what it has said to be stored."""
+    """One run of the program from its start to a normal end or a kill, and the data that it reported as stored."""
 
     def __init__(self, test, number, names, dates):
-        """`names` and `dates`: what is stored at its beginning, where it is known."""
+        """`names` and `dates`: the stored data at the start, if known."""
         self._session, self._test, self._number = test.session, test, number
         self.names, self.dates, self.speed = names, dates, None
         self._killed = threading.Event()
-        self.next_name = self.next_date = None  # what is about to be stored
+        self.next_name = self.next_date = None  # about to be stored
 
     def run(self, most):
-        """Lives `most` seconds; None for as long as it has something to do. Returns whether it ended by itself."""
+        """Runs the program and kills it after `most` seconds; None for a complete run. Returns whether it ended
+        normally."""
         virtual_time = VirtualTime("1998-10-15T09:00:00")
         program = self._session.spawn(tickwell_command(self._session, self._test.folder, virtual_time),
                                       pass_fds=virtual_time.pass_fds)
@@ -90,7 +91,7 @@ class Life:
         self.names, self.next_name = self.names + [name], None
 
     def _mark(self, calendar, day):
-        """The mark of a day is set, or taken away where it has one."""
+        """Toggles the mark of a day."""
         self.next_date = f"1998-10-{day:02}"
         calendar.mark(f"1998年10月{day}日")
         self.dates, self.next_date = self.dates_after(), None
@@ -108,7 +109,7 @@ class Life:
         self._check_alive()
 
     def _check_alive(self):
-        """A window of a killed program is gone as well, which says nothing about what is stored."""
+        """The windows of a killed program disappear as well, which says nothing about what is stored."""
         if self._killed.is_set():
             raise RuntimeError("killed")
 
@@ -120,7 +121,8 @@ class Kills(TickwellCase):
         write_settings(self.session, SILENT | {"SetUp": {"Op_Speed": "1"}})
 
     def check_stored(self, life):
-        """Called once a life has started: all that the one before it said, and at most what it was about to say."""
+        """Called when a run has started: everything that the previous run reported must be stored, and beyond that at
+        most the item that it was about to store."""
         if self.before is None:
             return
         before, self.before = self.before, None
@@ -135,12 +137,13 @@ class Kills(TickwellCase):
         life.names, life.dates = names, dates
 
     def check_settings(self, life, ended):
-        """The file is whole: as it was, or as the life's end left it, and so it is after an end of its own."""
+        """The settings file is complete: the old one or the one of the ended run; after a normal end always the
+        latter."""
         speed = read_settings(self.session)["SetUp"]["Op_Speed"]
         self.assertIn(speed, {self.speed} if life.speed is None else {life.speed} if ended else {self.speed, life.speed})
         self.speed = speed
         temporary = [name for name in os.listdir(settings_path(self.session).parent) if name != "TKW2.ini"]
-        self.assertLessEqual(len(temporary), 0 if ended else 1, temporary)  # each start removes what the one before left
+        self.assertLessEqual(len(temporary), 0 if ended else 1, temporary)  # each start removes the previous run's
 
     def test_what_was_said_to_be_stored_is_there(self):
         print(f"\nTICKWELL_SEED={SEED}", flush=True)
@@ -152,7 +155,7 @@ class Kills(TickwellCase):
         self.check_settings(life, True)
         whole = time.monotonic() - begun
         for number in range(1, KILLS + 1):
-            # One that was killed before it could be asked has stored nothing: what is known is from the one before.
+            # A run that was killed before it was queried has stored nothing, so the previous run still counts.
             self.before = self.before or life
             life = Life(self, number, life.names, life.dates)
             ended = life.run(chance.uniform(0, whole * LATE))

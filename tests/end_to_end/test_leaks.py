@@ -1,6 +1,6 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""A whole session under valgrind: each function, each window opened and closed, a chime, and the end. Nothing of ours may be
-lost in it, and nothing read or written where it should not be."""
+"""A complete session under valgrind: each function, each window opened and closed, a chime, and the end. Our code must
+not leak memory, nor read or write invalid memory."""
 
 import re
 import unittest
@@ -38,7 +38,7 @@ class Leaks(TickwellCase):
         wait_lines(self.app, lower="午前11時50分11秒")
 
     def close_window(self, title):
-        """As its frame's button does, once it is there."""
+        """Closes a window like the button of its frame, as soon as it is shown."""
         features = {"name": title, "showing": True, "which": lambda node: node.role != "label"}
         self.app.wait(**features)
         self.session.windows.close_window(wait_for_hand(self.session, self.app, title))
@@ -70,7 +70,7 @@ class Leaks(TickwellCase):
         self.start()
         self.use_every_window()
         self.use_every_function()
-        self.time.advance(15 * 60_000)  # with a chime
+        self.time.advance(15 * 60_000)  # includes a chime
         self.session.windows.close_window(self.xid)
         self.assertEqual(self.app.program.wait_end(), 0)
         told = re.sub(r"==\d+== ?", "", self.log.read_text(encoding="utf-8"))

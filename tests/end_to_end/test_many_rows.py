@@ -1,8 +1,8 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""A day database of a million anniversaries: the windows answer all the time, and the memory stays small.
+"""A day database with a million anniversaries: the windows keep responding, and memory use stays small.
 
-The test does not read a list of a million rows as a screen reader does: the driver would walk through all of
-it. Windows are waited for on the screen, and the rows are counted in the file."""
+The test does not read the list through accessibility, because the driver would walk all its rows. It waits for windows
+on the screen, and counts the rows in the file."""
 
 import re
 import sqlite3
@@ -27,8 +27,8 @@ LONG = 300  # s, for a busy machine
 
 
 def fill(today):
-    """Stores the rows: of all months but not of today or tomorrow, so that the list of the day is empty; every tenth by
-    its week, every eleventh of every month."""
+    """An SQL script that stores the rows, in all months but not for today or tomorrow, so that the list of the day is
+    empty. Every tenth is by week, every eleventh is for every month."""
     taken = [today, today + timedelta(days=1)]
     days = [day for day in range(1, 29) if day not in [date.day for date in taken]]
     weeks = [code for code in (11, 22, 33, 44, 55) if code not in [week_code(date) for date in taken]]
@@ -46,7 +46,7 @@ def week_code(date):
 
 
 class Memory:
-    """The most that a process has of the machine's memory while this runs."""
+    """The maximum memory use of a process between construction and `end`."""
 
     def __init__(self, pid):
         self._rollup = Path(f"/proc/{pid}/smaps_rollup")
@@ -92,7 +92,7 @@ class ManyRows(TickwellCase):
         wait_for(lambda: self.session.windows.find(title, self.app.program.pid) is None, f"the end of {title}", LONG)
 
     def answering(self):
-        # A processor whose caches and pipelines others use as well computes at half its speed.
+        # A CPU whose caches and pipelines are shared with other jobs computes at half speed.
         return keeps_answering(self.session, self.app.program, self.main, limit=2 * LONGEST, computing=True)
 
     def find_all(self):
@@ -114,7 +114,7 @@ class ManyRows(TickwellCase):
             table = calendar.wait(role="table", showing=True)
             self.places = {name: self.place(button(calendar, name)) for name in ("編集", "削除", "検索")}
             self.places["list"] = self.place(table)
-            self.hand.key("Page_Down", "Page_Down", "Page_Up", "Page_Up")  # months
+            self.hand.key("Page_Down", "Page_Down", "Page_Up", "Page_Up")  # turns months
         with self.answering():
             self.find_all()
             self.hand.click(self.places["list"])
@@ -130,8 +130,8 @@ class ManyRows(TickwellCase):
             self.find_all()
             self.hand.click(self.places["削除"])
             self.wait_open(DELETION)
-            self.hand.key("End", "Home", "Tab", "space")  # all ticked
-            self.hand.key("shift+Tab", "space", "Down", "space")  # but the first two
+            self.hand.key("End", "Home", "Tab", "space")  # ticks all
+            self.hand.key("shift+Tab", "space", "Down", "space")  # unticks the first two
             self.hand.key("Return")
             self.wait_closed(DELETION)
             self.assertEqual(self.count(), 2)

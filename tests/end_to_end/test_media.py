@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""The time signal and the CD player of the real program, heard on a real sound server."""
+"""The time signal and the CD player of the real program, recorded on a real sound server."""
 
 import os
 import re
@@ -15,7 +15,7 @@ from driver.waiting import wait_for
 START_UP_DELAY = 11000  # ms
 NOTICE = "マルチメディアエラー"
 SECONDS_OF_DISC = 2 * 44100 * 4  # bytes
-SESSION = 60.0  # s that twelve strikes have, on a busy machine
+SESSION = 60.0  # s; limit for twelve strikes on a busy machine
 DISCS_VARIABLE = "TICKWELL_MAKE_DISCS"
 
 

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""What the items of the menu open: help and about box."""
+"""The menu items that open the help and the about box."""
 
 import shutil
 import subprocess
@@ -38,13 +38,13 @@ class Menu(TickwellCase):
         return self.app.wait(role="dialog", name=ABOUT, showing=True)
 
     def wait_help_at(self, heading):
-        """The help, showing the topic of this heading first."""
+        """Waits until the help is shown with the topic of this heading selected."""
         window = self.app.wait(name=HELP, showing=True)
         window.wait(name=heading, which=lambda node: "selected" in node.states)
         return window
 
     def without_system_information(self):
-        """A path with nothing on it but what starts the program here."""
+        """An environment whose PATH contains only what is needed to start the program."""
         bare = self.session.directory / "bare"
         bare.mkdir()
         (bare / "setpriv").symlink_to(shutil.which("setpriv"))

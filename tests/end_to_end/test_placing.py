@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""Where the windows open: side by side near the clock, with their frames on the screen."""
+"""Window placement: side by side near the clock, with frames on the screen."""
 
 import itertools
 import unittest
@@ -14,7 +14,7 @@ from driver.waiting import steady
 START_UP_DELAY = 11000  # ms
 SCREEN = (1280, 1024)
 OPERATION = "操作ｳｨﾝﾄﾞｳの表示"
-# What is chosen from the menu in turn, and the title of the window that it opens.
+# Menu items in the order of use, and the title of the window that each opens.
 STEPS = (("ｽﾄｯﾌﾟｳｫｯﾁ", None), (OPERATION, "ストップウォッチ"), ("ﾀｲﾏｰ", "タイマー"), ("CDﾌﾟﾚｰﾔｰ", None),
          (OPERATION, "CDプレーヤー"), ("カレンダー", "カレンダー"), ("バージョン情報", "Tickwellのﾊﾞｰｼﾞｮﾝ情報"),
          ("環境設定", "環境設定"))

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""The window under the hand: dragging, widening, the menu, and its place above others."""
+"""Mouse operation of the main window: dragging, resizing, the menu, and its position above others."""
 
 import unittest
 
@@ -25,11 +25,11 @@ class Pointer(TickwellCase):
 
     def test_it_is_dragged_by_either_line_and_found_there_again(self):
         self.wait_extents(100, 100, 167, 40)
-        self.session.hand.drag((120, 110), (320, 310))  # by the upper line
+        self.session.hand.drag((120, 110), (320, 310))  # at the upper line
         self.wait_extents(300, 300, 167, 40)
-        self.session.hand.drag((320, 330), (220, 430))  # by the lower line
+        self.session.hand.drag((320, 330), (220, 430))  # at the lower line
         self.wait_extents(200, 400, 167, 40)
-        self.assertIsNone(self.app.find(role="popup menu"))  # a drag is no click
+        self.assertIsNone(self.app.find(role="popup menu"))  # a drag is not a click
         self.close()
         self.assertEqual(read_settings(self.session)["SetUp"]["Win_Left"], "3000")
         self.assertEqual(read_settings(self.session)["SetUp"]["Win_Top"], "6000")
@@ -53,7 +53,7 @@ class Pointer(TickwellCase):
                 self.app.wait_gone(role="popup menu")
 
     def test_the_keyboard_opens_the_menu_and_chooses(self):
-        self.session.hand.click((130, 130))  # gives it the focus too
+        self.session.hand.click((130, 130))  # also focuses the window
         self.app.wait(role="popup menu")
         self.session.hand.key("Escape")
         self.app.wait_gone(role="popup menu")
@@ -69,7 +69,7 @@ class Pointer(TickwellCase):
         ours = windows.wait(name="Tickwell")
         wait_for(lambda: windows.focus_owner() == rival, "the rival focused")
         self.assertTrue(windows.is_above(ours, rival))
-        self.session.hand.click((300, 300))  # raises the rival
+        self.session.hand.click((300, 300))  # would raise the rival
         self.assertTrue(windows.is_above(ours, rival))
         self.assertEqual(windows.focus_owner(), rival)
 

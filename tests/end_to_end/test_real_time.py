@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""One start in real time, with nothing turned by hand: what users see."""
+"""A start in real time, with nothing simulated."""
 
 import re
 import shutil
@@ -12,7 +12,7 @@ from driver.case import TickwellCase
 from driver.tickwell import lines, start_tickwell, tickwell_command, wait_lines, write_settings
 from driver.waiting import wait_for
 
-OWN_ZONE = ["unshare", "--user", "--map-current-user", "--keep-caps", "--mount"]  # a machine's zone for one program
+OWN_ZONE = ["unshare", "--user", "--map-current-user", "--keep-caps", "--mount"]  # a private /etc/localtime
 TOKYO = timezone(timedelta(hours=9))
 READING = re.compile(r"(\d+):(\d\d):(\d\d)")
 
@@ -23,7 +23,7 @@ def second_of_day(reading):
 
 
 def can_have_a_zone_of_its_own():
-    """Some containers let no process have mounts of its own."""
+    """Whether mount namespaces are available; some containers forbid them."""
     return subprocess.run([*OWN_ZONE, "true"], stderr=subprocess.DEVNULL, check=False).returncode == 0
 
 
@@ -34,7 +34,7 @@ class RealTime(TickwellCase):
         app = start_tickwell(self.session, settings={"Digital": styles})
         wait_lines(app, upper="Tickwell Ver.2", lower="")
         _, first = wait_lines(app, lower=READING.fullmatch, timeout=60)
-        # The start-up delay is part of the program; the toolkit's timers may come five hundredths too early.
+        # The start-up delay is part of the program; Qt's timers may fire 5 % early.
         self.assertGreaterEqual(time.monotonic() - before, 0.95 * 11)
         seen = {first}
         while len(seen) < 4:
@@ -44,7 +44,7 @@ class RealTime(TickwellCase):
             seen.add(lower)
             days = (earlier - timedelta(seconds=11), earlier, later)
             self.assertIn(upper.split("(")[0], {f"{day.year}/{day.month}/{day.day}" for day in days})
-            # Not ahead of the clock, and behind it by no more than a machine under load may be.
+            # Never ahead of the clock, and behind it only as far as on a machine under load.
             behind = (second_of_day(f"{later:%H:%M:%S}") - second_of_day(lower)) % 86400
             self.assertLessEqual(behind, 10 + (later - earlier).total_seconds())
         self.assertEqual(app.program.output(), "")
@@ -69,7 +69,7 @@ class RealTime(TickwellCase):
         wait_for(shows_day, "the date of the other zone")
 
     def behind(self, reading, zone):
-        """Seconds by which the lower line lies behind the clock of a zone."""
+        """Seconds by which the lower line is behind the clock of a zone."""
         return (second_of_day(f"{datetime.now(zone):%H:%M:%S}") - second_of_day(reading)) % 86400
 
 

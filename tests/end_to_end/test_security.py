@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""What the program does not do with what comes from outside."""
+"""Untrusted input, and what the program must not do with it."""
 
 import html
 import os
@@ -27,7 +27,7 @@ caller = socket.socket(socket.AF_UNIX)
 caller.connect(sys.argv[1])
 caller.sendall(b"menu\\n")
 """
-# A colour for every pixel: a file that can be shown.
+# Every pixel has a colour, so the picture is a valid file.
 PICTURE = b"P6 2 2 255 " + bytes(range(12))
 
 
@@ -47,7 +47,7 @@ class SecurityCase(TickwellCase):
 
 class Listening(SecurityCase):
     def open_all(self):
-        """Every window that the menu opens; the settings last, since they hold the others."""
+        """Opens every window that the menu can open; the settings last, because they block the others."""
         for function, title in (("ｽﾄｯﾌﾟｳｫｯﾁ", "ストップウォッチ"), ("ﾀｲﾏｰ", "タイマー"), ("CDﾌﾟﾚｰﾔｰ", "CDプレーヤー")):
             choose(self.session, self.app, function)
             self.choose("操作ｳｨﾝﾄﾞｳの表示", title)
@@ -84,7 +84,7 @@ class Listening(SecurityCase):
         self.start()
         path = self.socket_path()
         for folder in (self.session.directory, path.parent):
-            folder.chmod(0o755)  # the socket's own rights are to decide
+            folder.chmod(0o755)  # so that only the socket's own permissions decide
         call = [sys.executable, "-c", CALL, str(path)]
         stranger = subprocess.run(call, user=NOBODY, group=NOBODY, extra_groups=[], stderr=subprocess.PIPE, text=True)
         self.assertIn("PermissionError", stranger.stderr)
@@ -108,7 +108,7 @@ class Programs(SecurityCase):
 
 
 class OutsideText(SecurityCase):
-    """Names that are markup where they are taken for it: a picture would then be opened."""
+    """Names that contain markup; if they were rendered as markup, a picture file would be opened."""
 
     def setUp(self):
         super().setUp()
@@ -122,11 +122,11 @@ class OutsideText(SecurityCase):
     def tearDown(self):
         self.assertFalse(self.watch.was_opened())
         self.picture.read_bytes()
-        self.assertTrue(self.watch.was_opened())  # it would have been seen
+        self.assertTrue(self.watch.was_opened())  # the watch works
         super().tearDown()
 
     def wait_tip(self, node):
-        """Waits until a tool tip stands below the middle of a node."""
+        """Waits until a tool tip is shown below the centre of a node."""
         x, y, width, height = node.extents
         below = (x + width // 2 + 8, y + height // 2 + 24, 60, 12)
         before = self.session.grab(below).tobytes()

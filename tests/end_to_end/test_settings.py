@@ -1,5 +1,6 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""The settings dialog, by mouse: every page, what it does to the lines, and what is there after a restart."""
+"""The settings dialog operated with the mouse: every page, its effect on the lines, and what persists after a
+restart."""
 
 import contextlib
 import os
@@ -48,7 +49,7 @@ class SettingsCase(TickwellCase):
         self.session.hand.click(self.app.wait(role="popup menu", name="メニュー").wait(name=caption))
 
     def window(self, name):
-        """One of the program's dialogs, there for the mouse."""
+        """Waits until one of the program's dialogs can receive mouse input; returns it."""
         self.session.windows.wait(name=name, pid=self.app.program.pid)
         return self.app.wait(role="dialog", name=name, showing=True)
 
@@ -96,7 +97,7 @@ class EveryPage(SettingsCase):
         wait_lines(self.app, upper="11/15/1998 Sun.", lower="21:05:18")
         self.time.advance(2000)
         self.check_looks()
-        self.time.advance(1000)  # the roll's turn
+        self.time.advance(1000)  # the next refresh of the roll
         wait_lines(self.app, upper="Windows使用時間")
         self.quit()
         self.check_stored()
@@ -146,7 +147,7 @@ class EveryPage(SettingsCase):
         self.dialog.wait(role="combo box", name="人の掛け声", showing=True)
 
     def check_looks(self):
-        """The upper line is larger, the background another colour on both."""
+        """The upper line is larger, and both lines have another background colour."""
         area = tuple(main_window(self.app).extents)
         self.assertGreater(area[3], 40)
 
@@ -177,7 +178,7 @@ class EveryPage(SettingsCase):
         self.assertEqual(self.dialog.wait(role="spin box", name="交換速度").value, 3)
         self.page("時報")
         self.assertTrue(self.is_on(radio("利用しない")))
-        self.dialog.wait(role="combo box", name="人の掛け声", showing=True)  # a combo box is called by its choice
+        self.dialog.wait(role="combo box", name="人の掛け声", showing=True)  # its name is the current item
 
 
 class Dialog(SettingsCase):
@@ -228,7 +229,7 @@ class Dialog(SettingsCase):
         x, y, _, _ = self.dialog.extents
         self.assertFalse(left - 10 < x < left + width and top - 10 < y < top + height, (x, y))
         self.session.hand.click(main_window(self.app))
-        self.page("ロール")  # done after the click, so that the click has had its turn
+        self.page("ロール")  # done after the click, so the click has been processed
         self.dialog.wait(**radio("ロール機能を使用する"))
         self.assertIsNone(self.app.find(role="popup menu", name="メニュー", showing=True))
 
@@ -289,7 +290,7 @@ class Login(SettingsCase):
         wait_for(lambda: self.runs_in(self.folder), "the program started at the login in its folder")
 
     def runs_in(self, folder):
-        """Whether the program runs with this as its current folder."""
+        """Whether the program runs with this current folder."""
         expected = str(program_path().resolve()), str(folder)
         for pid in processes.marked(self.session.directory):
             try:
@@ -359,7 +360,7 @@ class Database(SettingsCase):
         folder = self.session.directory / "folder"
         self.assertFalse((folder / "CopyDate.mdb").exists() or (folder / "BUDate.mdb").exists())
         self.time.set_wall("1998-11-15T23:59:50")
-        self.time.advance(20000)  # today's names are looked up in it
+        self.time.advance(20000)  # today's names are queried from it
         wait_lines(self.app, lower=TIME_BEHIND_MIDNIGHT)
 
 

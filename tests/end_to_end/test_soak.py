@@ -1,8 +1,8 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""The program over days of turned time with every timer delivered: each chime is heard, date and clock are right at each
-half hour, and in the end it holds no more of the machine than after its first hour.
+"""The program over days of virtual time with every timer delivered: each chime is heard, date and clock are right every
+half hour, and at the end it holds no more resources than after the first hour.
 
-TICKWELL_SOAK_DAYS days are passed; one where it is not set. Seven come through all that may happen to a clock.
+TICKWELL_SOAK_DAYS is the number of days; the default is 1. Seven days cover every event of a clock.
 """
 
 import os
@@ -16,20 +16,20 @@ from driver.waiting import steady, wait_for
 DAYS = int(os.environ.get("TICKWELL_SOAK_DAYS", "1"))
 MOST_GROWN = 1.02
 HOUR = 3_600_000  # ms
-HALF_HOURS = 48  # of a day
+HALF_HOURS = 48  # per day
 BEGINNING = "2027-12-31T10:10:00"
-TURN_OF_THE_COUNTER = 2**31 - 12 * HOUR  # a counter that turns in the first day's night
+TURN_OF_THE_COUNTER = 2**31 - 12 * HOUR  # the counter wraps in the first night
 
 WINDOWS = (("カレンダー", "カレンダー"), ("環境設定", "環境設定"), ("ﾍﾙﾌﾟ", "Tickwell ヘルプ"),
-           ("バージョン情報", "Tickwellのﾊﾞｰｼﾞｮﾝ情報"))  # items of the menu, and the titles of what they open
+           ("バージョン情報", "Tickwellのﾊﾞｰｼﾞｮﾝ情報"))  # menu items, and the titles of the windows that they open
 OTHER_FUNCTIONS = ("Windows時計", "ﾒﾓﾘｰ監視", "ﾊﾞｯﾃﾘｰ監視")
 CLOCK = "ﾃﾞｼﾞﾀﾙ時計"
 
 
 class Soak(AlwaysOn):
     def use(self, times=1):
-        """What a user does in a day: each function, and each window. The windows last: the program gives memory back
-        once a window has gone."""
+        """What a user does in a day: each function and each window. The windows come last, because the program releases
+        memory after a window is closed."""
         for item in (*OTHER_FUNCTIONS, CLOCK):
             choose(self.session, self.app, item)
             self.machine.advance(11_000)
@@ -41,20 +41,20 @@ class Soak(AlwaysOn):
             self.app.wait_gone(name=title, showing=True)
 
     def at_rest(self):
-        """What it holds once the last sound is over, and windows that were closed are gone."""
+        """Its resources after the last sound has ended and closed windows are deleted."""
         wait_for(lambda: not self.is_sounding(), "the end of the chime")
         return footprint(self.app, self.session.display)
 
     def memory(self):
-        """What it holds once the windows that were closed have given theirs back, two seconds after the last."""
+        """Its memory after the memory of closed windows is released, two seconds after the last one."""
         return steady(lambda: anonymous_memory(self.app.program.pid), "the memory at rest", rest=3.0)
 
     def test_days_leave_nothing_behind(self):
         self.start(BEGINNING, TURN_OF_THE_COUNTER)
-        self.use(times=3)  # whatever is made once is made now
+        self.use(times=3)  # creates everything that is created once
         self.pass_half_hours(2)
         self.use(times=3)
-        memory, before = self.memory(), self.at_rest()  # the pictures of windows that were closed go with their memory
+        memory, before = self.memory(), self.at_rest()  # closed windows free their pictures with their memory
         for day in range(DAYS):
             with self.subTest(day=day + 1):
                 getattr(self, f"pass_day_{day % 7 + 1}")()
@@ -72,7 +72,7 @@ class Soak(AlwaysOn):
         print(f"\nday {day}: {self.strikes} strikes, {now >> 10} KiB, {100 * (now / memory - 1):+.2f} %", flush=True)
 
     def pass_day_1(self):
-        """The year ends, and the counter turns at 31 bits."""
+        """The end of the year, and the counter's wrap at 31 bits."""
         self.pass_half_hours(HALF_HOURS)
 
     def pass_day_2(self):
@@ -81,19 +81,19 @@ class Soak(AlwaysOn):
         self.pass_half_hours(HALF_HOURS)
 
     def pass_day_3(self):
-        """Out of it, at the end of a month."""
+        """Out of the leap day, at the end of a month."""
         self.machine.set_wall("2028-02-29T10:10:10.500")
         self.pass_half_hours(HALF_HOURS)
 
     def pass_day_4(self):
-        """A machine that sleeps at night."""
+        """Suspended at night."""
         self.pass_half_hours(25)
         self.machine.advance(10 * 60_000)
         self.machine.suspend(9 * HOUR)
         self.pass_half_hours(6)
 
     def pass_day_5(self):
-        """A clock that is set back and forth."""
+        """A clock that is set back and forward."""
         for back_or_forth in ("2028-03-03T11:50:00.500", "2028-03-03T08:10:00.500", "2028-03-04T20:10:00.500",
                               "2027-12-25T03:40:00.500"):
             self.pass_half_hours(HALF_HOURS // 4)
@@ -101,7 +101,7 @@ class Soak(AlwaysOn):
             self.machine.set_wall(back_or_forth)
 
     def pass_day_6(self):
-        """A journey into a zone where summer time begins, and back."""
+        """A move to a zone where summer time begins, and back."""
         self.machine.set_zone("America/New_York")
         self.machine.set_wall("2028-03-11T20:10:10.500")
         self.pass_half_hours(HALF_HOURS // 2)
@@ -111,7 +111,7 @@ class Soak(AlwaysOn):
         self.pass_half_hours(HALF_HOURS // 4)
 
     def pass_day_7(self):
-        """The counter turns at 32 bits, after a sleep of some weeks."""
+        """The counter's wrap at 32 bits, after several weeks of suspend."""
         self.machine.advance(10 * 60_000)
         self.machine.suspend(-self.machine.tick - 12 * HOUR)
         self.pass_half_hours(HALF_HOURS)

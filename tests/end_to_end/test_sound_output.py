@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""The sounds of the time signal, played by the program's own parts on a real sound server."""
+"""The sounds of the time signal, played by the program's own classes on a real sound server."""
 
 import os
 import unittest
@@ -12,7 +12,7 @@ from driver.waiting import wait_for
 
 PLAYER_VARIABLE = "TICKWELL_SOUND_PLAYER"
 SOUNDS = {"鳩時計の音": 1, "赤ちゃん": 2, "機械時計[高い音]": 3, "機械時計[低い音]": 4, "人の掛け声": 5}
-SESSION = 30.0  # s that a chime has
+SESSION = 30.0  # s; limit of a chime
 SECOND = 22050 * 2  # bytes
 
 
@@ -56,7 +56,7 @@ class SoundOutput(TickwellCase):
         expected = without_silence(self.wave("機械時計[高い音]"))
         server.wait_recording(lambda samples: without_silence(samples) == expected, "one strike", SESSION)
         wait_for(lambda: server.streams() == 0, "the end of the stream")
-        self.assertNotIn("closed", player.output())  # the session lives on without a device
+        self.assertNotIn("closed", player.output())  # the session goes on without a device
         player.stop()
         self.assertEqual(without_silence(server.recording()), expected)
 
@@ -71,7 +71,7 @@ class SoundOutput(TickwellCase):
         for environment in (nowhere, nowhere | {"SDL_AUDIODRIVER": "pulseaudio"}):
             player = self.play("赤ちゃん", 12, environment)
             self.assertEqual(player.wait_end(3 * SESSION), 0, player.output())
-            # A driver that takes its time to refuse is silence; one that refuses at once is an error.
+            # A driver that is slow to refuse results in silence, one that refuses at once in an error.
             self.assertRegex(player.output(), "error [01]\\b")
 
     def test_a_server_that_dies_is_silence(self):

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""The start-up: what it needs, where it finds it, and the one box where it does not."""
+"""The start: which files it needs, where it finds them, and the message box if one is missing."""
 
 import os
 import shutil
@@ -15,16 +15,16 @@ BODY = "実行に必要なファイルまたは情報が見つかりません。
 
 
 def peak_memory(pid):
-    """The most memory that a process has had, in bytes."""
+    """The peak memory of a process in bytes."""
     with open(f"/proc/{pid}/status", encoding="ascii") as status:
         return next(int(line.split()[1]) * 1024 for line in status if line.startswith("VmHWM:"))
 
 
 class StartUp(TickwellCase):
     def assert_refused(self, app, reason):
-        """The one box stands there with this reason, and its end is the program's."""
+        """Waits for the message box with this reason, closes it, and checks that the program ends."""
         box = app.wait(role="alert message", name=TITLE)
-        self.session.windows.wait(name=TITLE, pid=app.program.pid)  # so on the screen, and no word more
+        self.session.windows.wait(name=TITLE, pid=app.program.pid)  # really on the screen
         texts = [label.name for label in box.find_all(role="label")]
         self.assertTrue(any(text.startswith(BODY + reason) for text in texts), texts)
         self.assertEqual([window.name for window in app.children], [TITLE])
@@ -116,10 +116,10 @@ class StartUp(TickwellCase):
         make_folder(prefix / "share/tickwell")
         write_settings(self.session, SILENT)
         data = self.session.home / ".local/share/tickwell"
-        killed = data.parent / ".tickwell.unfinished-aBcDeF"  # as a start leaves it that is killed at its first file
+        killed = data.parent / ".tickwell.unfinished-aBcDeF"  # as a start leaves it if killed at its first file
         killed.mkdir(parents=True)
         shutil.copy(prefix / "share/tickwell/DayDate.mdb", killed)
-        # Folders of the desktop that are relative are no folders; all that is stored is the user's alone.
+        # Relative paths in the desktop's variables are ignored; all stored files are private to the user.
         relative = {name: "relative" for name in ("XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_RUNTIME_DIR")}
         program = self.session.spawn(["sh", "-c", 'umask 0; exec "$0"', prefix / "bin/tickwell"], environment=relative,
                                      cwd=self.session.directory)

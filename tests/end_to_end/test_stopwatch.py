@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""The stopwatch: its window, its readings on the main window, and its report on paper."""
+"""The stopwatch: its window, its readings in the main window, and its printed report."""
 
 import re
 import time
@@ -19,9 +19,9 @@ START_UP_DELAY = 11000  # ms
 TITLE = "ストップウォッチ"
 OPERATION = "操作ｳｨﾝﾄﾞｳの表示"
 READING = re.compile(r"(\d+):(\d\d)'(\d\d)\"(\d\d\d)")
-LATE = 250  # ms that a tick may be late on a machine under load
+LATE = 250  # ms; the latest tick on a machine under load
 ASKED = "ラップ情報などを印刷します。\n準備はよろしいですか？"
-MARGIN = 15 / 25.4 * 72  # points that the report leaves blank at each side
+MARGIN = 15 / 25.4 * 72  # points; blank margin of the report on each side
 ZERO = "0:00'00\"000"
 
 
@@ -52,7 +52,7 @@ class StopwatchCase(TickwellCase):
         self.window = wait_window(self.app, TITLE)
 
     def press(self, caption, then):
-        """Presses a button and waits for the caption that tells that it has done so."""
+        """Presses a button and waits for the caption that shows that it has worked."""
         press(self.window, caption)
         button(self.window, then)
 
@@ -266,7 +266,7 @@ class Report(StopwatchCase):
             self.wait_waiting()
         cups.go_on()
         self.app.wait_gone(role="alert message", name="印刷", showing=True)
-        document, = cups.wait_documents(1)  # the cancelled one does not come
+        document, = cups.wait_documents(1)  # the cancelled one is not printed
         self.assertIn("Lapse1 0:00'01\"000", cups.text(document))
         self.assertEqual(self.app.find_all(role="alert message", showing=True), [])
 
@@ -276,13 +276,13 @@ class Report(StopwatchCase):
         return box
 
     def helpers(self):
-        """The names of the living processes that the program has started."""
+        """The names of the running processes that the program has started."""
         children = Path(f"/proc/{self.app.program.pid}/task/{self.app.program.pid}/children").read_text("ascii")
         return [name for name in map(self.name_of, children.split()) if name]
 
     @staticmethod
     def name_of(pid):
-        """Empty if it has ended, also if nobody has asked for its exit code yet."""
+        """Empty if it has ended, even if its parent has not read its exit code yet."""
         try:
             stat = Path(f"/proc/{pid}/stat").read_text("utf-8")
         except OSError:
@@ -298,7 +298,7 @@ class Report(StopwatchCase):
         self.assertTrue(box.find(role="label", name=ASKED), box.dump())
         self.session.hand.key("Escape")
         self.app.wait_gone(role="alert message", name="印刷", showing=True)
-        self.print()  # what comes after a cancelled one is the first that comes out, also if the program ends meanwhile
+        self.print()  # the first document to be printed, even if the program ends meanwhile
         self.session.windows.close_window(wait_on_screen(self.session, self.app))
         self.assertEqual(self.app.program.wait_end(), 0)
         self.assertEqual(len(cups.wait_documents(1)), 1)

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""Companion tools beside the program."""
+"""Companion tools next to the program."""
 
 import unittest
 
@@ -11,7 +11,7 @@ from driver.waiting import wait_for
 TOOL = """#!/bin/sh
 printf '%s|' "$#" "$@" "$PWD" >told.part && mv told.part told
 """
-# What a program inherits besides its words.
+# Prints what a program inherits besides its arguments.
 HEIR = """#!/bin/sh
 { grep -E '^Sig(Blk|Ign):' /proc/self/status; umask; tr '\\0' '\\n' </proc/$$/environ; } >told.part && mv told.part told
 """
@@ -19,7 +19,7 @@ HEIR = """#!/bin/sh
 
 class Tools(TickwellCase):
     def start(self, tools):
-        """`tools`: {file: text}, each with its run bit."""
+        """`tools`: {file: text}; each is made executable."""
         self.folder = make_folder(self.session.directory / "a folder")
         for file, text in tools.items():
             (self.folder / file).write_text(text, encoding="ascii")
@@ -59,7 +59,7 @@ class Tools(TickwellCase):
         (folder / "KT04.exe").chmod(0o755)
         write_settings(self.session, SILENT)
         before = {name: str(value) for name, value in self.session.environment.items() if name != "QT_QPA_PLATFORM"}
-        # As from a shell script: it asks not to be interrupted, and has a mask of its own.
+        # As from a shell script: ignores some signals and has its own umask.
         script = 'trap "" HUP INT QUIT; umask 027; unset QT_QPA_PLATFORM; exec "$@"'
         program = self.session.spawn(["sh", "-c", script, "sh", *tickwell_command(self.session, folder)])
         self.app = self.session.wait_app(program)
@@ -71,7 +71,7 @@ class Tools(TickwellCase):
         lines = told.read_text(encoding="utf-8").splitlines()
         self.assertEqual(lines[:3], ["SigBlk:\t0000000000000000", "SigIgn:\t0000000000000000", "0027"])
         after = dict(line.split("=", 1) for line in lines[3:])
-        own = {"PWD", "OLDPWD", "SHLVL", "_"}  # the shells'
+        own = {"PWD", "OLDPWD", "SHLVL", "_"}  # set by the shells
         self.assertEqual({name: value for name, value in after.items() if name not in own},
                          {name: value for name, value in before.items() if name not in own})
 

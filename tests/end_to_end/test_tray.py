@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""The window in the notification area of real panels, and back."""
+"""Hiding the window in the notification area of real panels, and restoring it."""
 
 import unittest
 
@@ -45,7 +45,7 @@ class WithoutHost(TrayCase):
 
 
 class HostRoads:
-    """What holds whatever the panel."""
+    """Tests for every kind of panel."""
 
     def setUp(self):
         super().setUp()
@@ -89,7 +89,7 @@ class HostRoads:
 
 
 class WindowHost(HostRoads, TrayCase):
-    """The icon is a window of ours inside the panel, its menu is ours."""
+    """The icon is our own window inside the panel, and its menu is ours."""
 
     def start_host(self):
         return start_trayer(self.session)
@@ -101,7 +101,7 @@ class WindowHost(HostRoads, TrayCase):
 
 
 class BusHost(HostRoads, TrayCase):
-    """The panel paints the icon and its menu by what it is told over the bus."""
+    """The panel draws the icon and its menu from the data it receives over the bus."""
 
     def start_host(self):
         return start_xfce_panel(self.session)

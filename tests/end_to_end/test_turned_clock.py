@@ -1,6 +1,6 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""What may happen to a clock while a program stands on the desktop: sleep, a set clock, another zone, odd dates, the
-counter's turns. Date and time follow with their next turn, and each hour is struck once."""
+"""Everything that can happen to a clock while the program runs: suspend, a set clock, another zone, unusual dates, a
+wrapping counter. Date and time follow with their next refresh, and each hour is struck once."""
 
 import unittest
 
@@ -14,7 +14,7 @@ TIME_TURN, DATE_TURN = 1500, 10_500  # ms; half a second more, so that no second
 
 class TurnedClock(AlwaysOn):
     def follow(self):
-        """The time is right with the next second, the date within ten."""
+        """The time is correct within the next second, the date within ten."""
         self.machine.advance(TIME_TURN)
         wait_lines(self.app, lower=self.machine.clock)
         self.machine.advance(DATE_TURN - TIME_TURN)
@@ -24,7 +24,7 @@ class TurnedClock(AlwaysOn):
         self.start("2026-11-20T22:10:00")
         self.machine.suspend(9 * HOUR)
         self.follow()
-        self.check_silence()  # what was slept through is not struck
+        self.check_silence()  # missed strikes are not made up
         self.pass_half_hours(3)
 
     def test_waking_in_the_minute_of_a_chime(self):

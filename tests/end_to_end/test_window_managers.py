@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""The window that nothing loses: iconified, behind the bare desktop, on another workspace."""
+"""The window stays visible: iconified, behind "show desktop", on another workspace."""
 
 import os
 import signal
@@ -35,7 +35,7 @@ class ManagerCase(TickwellCase):
         self.time.advance(START_UP_DELAY)
 
     def start_rival(self, name="rival"):
-        """Another program's window that has the focus."""
+        """Starts another program whose window has the focus."""
         windows = self.session.windows
         self.session.spawn(["xmessage", "-name", name, "-geometry", "400x300+500+500", name])
         rival = windows.wait(name=name)
@@ -52,7 +52,7 @@ class ManagerCase(TickwellCase):
         wait_for(lambda: not self.window.is_viewable(), "the window iconified")
 
     def look(self):
-        """Lets the program look after its window, until it has heard of what became of it."""
+        """Advances time until the program has noticed what happened to its window and restored it."""
         wait_for(lambda: self.time.advance(TICK) and self.window.is_viewable(), "the window back")
 
     def wait_back(self):
@@ -120,10 +120,10 @@ class Xfwm4(ManagerTests, ManagerCase):
 
 
 class Stopped(ManagerCase):
-    """A window manager that hangs may keep new windows off the screen, and nothing else."""
+    """A hanging window manager can keep new windows off the screen, but nothing else."""
 
     def step(self, caption):
-        """Chooses an item of the menu, opened by a second start, and lets the program look after its window."""
+        """Chooses an item of the menu, which a second start opens, and lets the program check its window."""
         with keeps_answering(self.session, self.app.program, self.window.xid):
             self.second_start("--menu")
             self.session.hand.click(self.app.wait(role="popup menu", name=MENU).wait(name=caption))

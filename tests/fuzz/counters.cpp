@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Compiled without the fuzzer's instrumentation, which speaks of the same names in another way.
+// Compiled without the fuzzer's instrumentation, which declares the same names differently.
 #include "fuzz/counters.h"
 
-// The linker's names for the ends of a section.
+// Symbols that the linker defines for the start and the end of a section.
 extern "C" {
 extern char __start___sancov_cntrs[]
     __attribute__((visibility("hidden")));  // NOLINT(bugprone-reserved-identifier)

@@ -5,7 +5,7 @@
 
 namespace tickwell {
 
-/// The fuzzer's counters of this process: what was run how often since it last set them to nothing.
+/// The coverage counters of this process since the fuzzer last reset them.
 std::span<char> Counters();
 
 }  // namespace tickwell

@@ -10,7 +10,7 @@
 
 namespace tickwell {
 
-/// Ends the process where a promise was broken: that is how the fuzzer learns of it and keeps the input.
+/// Aborts the process if a promise is broken; the fuzzer then reports and keeps the input.
 inline void Require(bool holds, const char* promise) {
     if (!holds) {
         std::fprintf(stderr, "broken: %s\n", promise);
@@ -18,13 +18,13 @@ inline void Require(bool holds, const char* promise) {
     }
 }
 
-/// The input as bytes; it is copied nowhere.
+/// The input as bytes, without a copy; valid while `data` is.
 inline QByteArray InputBytes(const std::uint8_t* data, std::size_t size) {
     return QByteArray::fromRawData(reinterpret_cast<const char*>(data), static_cast<qsizetype>(size));
 }
 
-/// A folder for the files of one run: in memory where the machine has such a place, since thousands are
-/// written a second.
+/// A temporary folder for the files of a run, in memory if /dev/shm exists, because thousands of files are
+/// written per second.
 class QuickFolder {
 public:
     QuickFolder() : m_folder(Template()) { Require(m_folder.isValid(), "there is a folder to write to"); }
@@ -43,5 +43,5 @@ private:
 
 }  // namespace tickwell
 
-/// One for each target: takes any input, gives 0, and ends the process where a promise is broken.
+/// Defined by each target. Accepts any input and returns 0; aborts the process if a promise is broken.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);

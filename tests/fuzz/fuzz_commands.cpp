@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Multimedia commands, one a line; a line that begins with "!" is something that happens to drive and sound.
-// Every command is answered or refused, and means the same in other blanks and in capitals.
+// Multimedia commands, one per line; a line starting with "!" is an event of the drive or the sound output.
+// Each command is answered or refused, and has the same result with other whitespace and in other letter
+// case.
 
 #include <QStringList>
 #include <array>
@@ -22,9 +23,9 @@ using namespace tickwell;
 namespace {
 
 constexpr qsizetype kLongestReply = 512;
-constexpr qsizetype kMostLines = 100;  // the fakes remember everything
+constexpr qsizetype kMostLines = 100;  // the fakes keep a history
 
-/// Devices on a drive and a sound output in which lines of an input let things happen.
+/// Command devices on a fake drive and a fake sound output; lines of the input trigger their events.
 class Bench {
 public:
     Bench() {
@@ -35,7 +36,7 @@ public:
     CommandResult Send(const QString& command) { return m_devices.Send(command, kLongestReply); }
     std::optional<QString> ErrorText(qint32 error) const { return m_devices.ErrorText(error); }
 
-    /// `line`: "!" and what happens, with a digit behind it where that has a measure.
+    /// `line`: "!" and a letter for the event, then a digit if the event has a magnitude.
     void Happen(QStringView line) {
         const int measure = line.size() > 2 ? line[2].unicode() % 16 : 0;
         switch (line.size() > 1 ? line[1].unicode() : u'\0') {
@@ -78,7 +79,7 @@ private:
     CommandDevices m_devices{DeviceParts{m_drive, m_drive, m_sound, m_time, m_wait}};
 };
 
-/// The command in wider blanks; where no file is named by it, also with its letters the other way round.
+/// The command with more whitespace and, unless it can name a file, with upper and lower case exchanged.
 QString InOtherWords(const QString& command) {
     const bool namesFiles = command.contains(u"open", Qt::CaseInsensitive);
     QString other = u"\t "_s;
@@ -86,7 +87,7 @@ QString InOtherWords(const QString& command) {
     bool isWordStart = true;
     for (const QChar c : command) {
         const bool isBlank = c == u' ' || c == u'\t';
-        // A quote in the middle of a word is a letter as any other.
+        // A quote in the middle of a word is an ordinary character.
         isQuoted = c == u'"' ? !isQuoted && isWordStart : isQuoted;
         isWordStart = !isQuoted && (isBlank || c == u'"');
         if (isBlank && !isQuoted) {
@@ -109,7 +110,7 @@ void RequireSound(const CommandResult& result, const Bench& bench) {
     }
 }
 
-/// The input's lines, with the wave that lies ready for "WAVE".
+/// The lines of the input; "WAVE" is replaced by the path of a prepared sound file.
 QStringList LinesOf(const QByteArray& input) {
     static const QuickFolder folder;
     static const QString wave = [] {

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Images of discs: "C" and a cue sheet, "T" and a table of contents, or "N" and the chunks at the end of an
-// image of one file. The whole of the helper program reads them, in a child of its own: the library that it
-// reads with ends its process over a damaged image, and may fall over one. That is allowed; what is not is a
-// fault in code of ours, and an answer that the program would not take for what it is.
+// Disc images: "C" and a cue sheet, "T" and a TOC file, or "N" and the chunks at the end of a single-file
+// image. The complete helper program reads them in a child process: its library ends the process on a damaged
+// image and can crash on one. That is allowed. A fault in our own code is not, nor an answer that the program
+// would not accept.
 
 #include "discs/test_disc.h"
 #include "fuzz/fuzz_check.h"
@@ -17,7 +17,7 @@ namespace {
 
 constexpr int kMostRead = 40;  // sectors
 
-/// A folder with the sound that sheets speak of.
+/// A folder with the sound files that the sheets refer to.
 class Bench {
 public:
     Bench() : m_disc(MakeDisc({{440, 8}, {660, 5, 2}, {880, 9}})) {
@@ -27,7 +27,7 @@ public:
                       .first((kTestPregap + m_disc.end) * qsizetype{kTestSectorBytes});
     }
 
-    /// Where the image of an input lies now.
+    /// Writes the image of an input; returns its path.
     QString Put(const QByteArray& input) const {
         const QByteArray text = input.isEmpty() ? input : input.sliced(1);
         const char kind = input.isEmpty() ? 'C' : input.front();

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Files of the Jet format. An input is such a file, or a sound one with bytes put into it: the number of the
-// sound file, then for each byte its page, its place there (two bytes), and the byte. What is read is taken
-// whole, and is the same when it is read out of the day database that the import makes of it.
+// Files in Jet format. An input is such a file, or a patch list for a valid one: the number of the valid
+// file, then for each patch its page, the offset in the page (two bytes) and the byte. A file is read
+// completely or refused, and the day database that the import makes of it contains the same rows.
 
 #include <QFile>
 #include <array>
@@ -17,7 +17,7 @@ using namespace tickwell;
 
 namespace {
 
-constexpr qsizetype kPatch = 4;  // bytes
+constexpr qsizetype kPatch = 4;  // bytes per patch
 
 const QByteArray& SoundFile(std::size_t number) {
     static const QList<QByteArray> files = [] {

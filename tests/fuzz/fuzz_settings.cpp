@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The settings file as anybody may have left it: it keeps every byte that was not to be changed, and what
-// could be loaded is loaded again after it was saved.
+// Arbitrary settings files: every byte that is not changed explicitly is kept, and loaded settings are the
+// same after they are saved and loaded again.
 
 #include <algorithm>
 #include <array>
@@ -60,14 +60,14 @@ QByteArrayList Lines(const QByteArray& file) {
     return lines;
 }
 
-/// What stands before the "=", without what may stand around it.
+/// The text before the "=", without surrounding whitespace and byte order mark.
 QByteArray KeyOf(QByteArray line) {
     constexpr auto kByteOrderMark = "\xEF\xBB\xBF";
     line = line.startsWith(kByteOrderMark) ? line.sliced(3) : line;
     return line.contains('=') ? line.first(line.indexOf('=')).trimmed() : QByteArray();
 }
 
-/// Whether `line` is one that the program writes for a setting.
+/// Whether the program could have written `line` for a setting.
 bool IsOurs(const QByteArray& line) {
     return std::any_of(kKeys.begin(), kKeys.end(), [&line](QStringView name) {
         const QByteArray key = name.sliced(name.indexOf(u'/') + 1).toUtf8();
@@ -75,8 +75,8 @@ bool IsOurs(const QByteArray& line) {
     });
 }
 
-/// Every line of `before` stands in `after` in its place, or one of ours with its key; between them there are
-/// lines of ours and headings.
+/// Requires that every line of `before` is still in `after`, in the same order, either unchanged or as a line
+/// of the program with the same key. All other lines of `after` are the program's lines and section headings.
 void RequireKept(const QByteArray& before, const QByteArray& after) {
     const QByteArrayList lines = Lines(after);
     auto at = lines.begin();
@@ -113,7 +113,7 @@ void SettingAValueChangesItAlone(const QByteArray& file, std::size_t which) {
     Require(after.Bytes() == bytes, "what stands there already changes nothing");
 }
 
-/// Nothing where a value is refused, as it has to be by name.
+/// nullopt if a value is refused; the error must name section and key.
 std::optional<Loaded> LoadedFrom(const QString& path) {
     try {
         return Load(IniFileStore(path));

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Statements of the day database's language, parted by ";" and a line's end: each is refused, or does beside
-// the engine what it does to plain lists. Nothing that was written in them reaches the engine as SQL.
+// Statements in the day database's SQL dialect, separated by ";" and a line feed. Each is refused, or SQLite
+// does what the model does to plain lists. No text of a statement may reach SQLite as SQL.
 
 #include <QFile>
 
-#include "fuzz/engine_watch.h"
 #include "fuzz/fuzz_check.h"
 #include "fuzz/sql_model.h"
+#include "fuzz/sqlite_watch.h"
 #include "store/day_database.h"
 #include "store/jet/day_file_writer.h"
 #include "store/sql_compiler.h"
@@ -19,7 +19,7 @@ using namespace tickwell;
 
 namespace {
 
-/// A day database with a few rows of each kind, and the same rows as the model has them.
+/// A day database with a few rows of each kind, and a model with the same rows.
 class Bench {
 public:
     Bench() {
@@ -68,12 +68,12 @@ private:
     }
 
     QuickFolder m_folder;
-    EngineWatch m_watch;
+    SqliteWatch m_watch;
     SqlModel m_model;
     std::unique_ptr<DayDatabase> m_database;
 };
 
-/// What `job` gives; nothing where it is refused, with `sql` in the error.
+/// The result of `job`; nullopt if it is refused, and then the error must name `sql`.
 template <typename Job>
 auto Unless(const QString& sql, Job job) -> std::optional<decltype(job())> {
     try {
@@ -108,7 +108,7 @@ void RequireSame(const ResultSet& answer, const std::vector<SchemaColumn>& colum
     }
 }
 
-/// What a statement means does not depend on how it is written.
+/// The meaning of a statement does not depend on its spelling.
 void RequireSameMeaning(const CompiledSql& compiled, const SqlStatement& statement) {
     const QString printed = Printed(statement);
     const CompiledSql again = CompileSql(printed);
@@ -151,9 +151,10 @@ void RequireSameTables(DayDatabase& database, const SqlModel& model) {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     static Bench bench;
-    const QString text = FromEngineText(InputBytes(data, size));
+    const QString text = FromSqliteText(InputBytes(data, size));
     SqlModel model = bench.Model();
-    const DayTransaction transaction(bench.Database());  // never committed: each input finds the same rows
+    // Never committed: each input starts with the same rows.
+    const DayTransaction transaction(bench.Database());
     for (const QString& sql : text.split(u";\n"_s)) {
         RunOne(sql, bench.Database(), model);
     }

@@ -20,24 +20,24 @@
 #include "fuzz/counters.h"
 #include "fuzz/fuzz_check.h"
 
-// The helper's main, renamed where it is compiled for this.
+// The helper's main, renamed by a compile definition.
 int HelperMain(int argc, char** argv);
 
 namespace tickwell {
 
 namespace {
 
-constexpr int kEndFault = 77;        // a fault of ours in the child
-constexpr int kEndLibrary = 78;      // the library fell
-constexpr unsigned kPatience = 200;  // s; then it hangs
+constexpr int kEndFault = 77;        // our own code crashed in the child
+constexpr int kEndLibrary = 78;      // the library crashed
+constexpr unsigned kPatience = 200;  // s of real time; after it the child counts as hanging
 
-char* g_shared = nullptr;  // counters of the child, where the parent sees them
+char* g_shared = nullptr;  // the child's counters, in shared memory
 
 void HandOver() {
     std::memcpy(g_shared, Counters().data(), Counters().size());
 }
 
-/// Where it fell decides: in the library that images are read with it may.
+/// A crash inside the library that reads images is allowed; any other is a fault.
 void Fallen(int /*signal*/, siginfo_t* /*info*/, void* context) {
     HandOver();
     const auto place = static_cast<ucontext_t*>(context)->uc_mcontext.gregs[REG_RIP];
@@ -46,7 +46,7 @@ void Fallen(int /*signal*/, siginfo_t* /*info*/, void* context) {
     _exit(isKnown && std::strstr(found.dli_fname, "libcdio") != nullptr ? kEndLibrary : kEndFault);
 }
 
-/// The same for what the sanitizer finds in functions that are called from there.
+/// The same for errors that the sanitizer reports in functions called by the library.
 void Reported(const char* report) {
     std::string_view rest(report);
     for (std::size_t frame = rest.find("\n    #"); frame != std::string_view::npos;
@@ -72,7 +72,7 @@ void CatchFalls() {
     for (const int signal : {SIGSEGV, SIGBUS, SIGFPE, SIGILL}) {
         sigaction(signal, &action, nullptr);
     }
-    for (const int signal : {SIGABRT, SIGALRM}) {  // a broken promise, and an end that does not come
+    for (const int signal : {SIGABRT, SIGALRM}) {  // a broken promise or a hang
         std::signal(signal, SIG_DFL);
     }
 }
@@ -107,7 +107,7 @@ std::optional<QByteArray> HelperChild::Run(const QList<QByteArray>& words) {
     pid_t ended = 0;
     do {
         ended = waitpid(child, &status, 0);
-    } while (ended < 0 && errno == EINTR);  // by the fuzzer's own clock
+    } while (ended < 0 && errno == EINTR);  // interrupted by the fuzzer's timer
     Require(ended == child, "there is a child");
     std::memcpy(Counters().data(), g_shared, Counters().size());
     const int end = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
@@ -121,8 +121,8 @@ std::optional<QByteArray> HelperChild::Run(const QList<QByteArray>& words) {
 
 void HelperChild::BeChild(const QList<QByteArray>& words) const {
     CatchFalls();
-    __sanitizer_set_death_callback(HandOver);  // in place of the fuzzer's own, who would take it for its end
-    const rlimit quick{1, 2};                  // s of the processor, less than the helper allows itself
+    __sanitizer_set_death_callback(HandOver);  // instead of the fuzzer's, which reports a crash
+    const rlimit quick{1, 2};                  // s of CPU time, less than the helper's own limit
     setrlimit(RLIMIT_CPU, &quick);
     alarm(kPatience);
     dup2(m_output, STDOUT_FILENO);
@@ -140,13 +140,13 @@ void HelperChild::BeChild(const QList<QByteArray>& words) const {
 
 }  // namespace tickwell
 
-// The library asks for as much memory as an image says; it lives with not getting it.
+// The library allocates as much memory as an image claims, and survives a failed allocation.
 extern "C" const char*
 __asan_default_options() {  // NOLINT(bugprone-reserved-identifier): the sanitizer's name
     return "allocator_may_return_null=1:detect_leaks=0";
 }
 
-// The linker puts this in the place of _Exit.
+// The linker replaces _Exit with this function.
 extern "C" void __wrap__Exit(int code) {  // NOLINT(bugprone-reserved-identifier): the linker's name
     if (tickwell::g_shared != nullptr) {
         tickwell::HandOver();

@@ -7,8 +7,8 @@
 
 namespace tickwell {
 
-/// The helper program tickwell-cd as a function, run in a child of this process. What the fuzzer counts of it
-/// in the child is brought back, so that it learns as if the child were itself.
+/// Runs the helper program tickwell-cd as a function in a child process. The child's coverage counters are
+/// copied back, so the fuzzer learns from the child as from its own process.
 class HelperChild {
 public:
     HelperChild();
@@ -16,15 +16,15 @@ public:
     HelperChild(const HelperChild&) = delete;
     HelperChild& operator=(const HelperChild&) = delete;
 
-    /// What the helper writes when it is called with these words and says at its end that all went well;
-    /// nothing where it says otherwise, where the library it reads with ended it, or where that fell or went
-    /// round for ever. Ends this process where anything else ended the child.
+    /// Returns the helper's output for these arguments if it succeeds; nullopt if it reports a failure, if
+    /// its library ended the process or crashed, or if it exceeds its CPU time. Aborts this process if the
+    /// child ends in any other way.
     std::optional<QByteArray> Run(const QList<QByteArray>& words);
 
 private:
     [[noreturn]] void BeChild(const QList<QByteArray>& words) const;
 
-    int m_output;  // a file in memory
+    int m_output;  // memfd
 };
 
 }  // namespace tickwell

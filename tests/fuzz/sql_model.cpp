@@ -46,7 +46,7 @@ bool Compares(SqlOperator op, const SqlLiteral& left, const SqlLiteral& right) {
     return Compares(op, std::get<QString>(left), std::get<QString>(right));
 }
 
-/// Whether a row fulfils a condition.
+/// Whether a row satisfies a condition.
 struct Fulfils {
     const SchemaTable& table;
     const SqlModel::Row& row;
@@ -69,7 +69,7 @@ struct Fulfils {
     }
 };
 
-/// A number may come in quotes.
+/// The value as stored: a number can be given in quotes.
 SqlLiteral Stored(ColumnType type, const SqlLiteral& literal) {
     const auto* text = std::get_if<QString>(&literal);
     return type == ColumnType::Integer && text != nullptr ? SqlLiteral(text->toInt()) : literal;

@@ -10,21 +10,21 @@
 
 namespace tickwell {
 
-/// The five tables as plain lists, and what a statement that was let through does to them: worked out from
-/// the statement alone, with no engine.
+/// The five tables as plain lists, and the effect of accepted statements on them, computed from the statement
+/// without SQLite.
 class SqlModel {
 public:
-    /// A value for each column of the table, as an answer has it.
+    /// One value per column of the table, of the type that a query returns.
     using Row = std::vector<SqlLiteral>;
 
-    /// The rows of the table that stands at `index` among those of the schema.
+    /// The rows of the table at `index` in the schema.
     std::vector<Row>& Rows(std::size_t index) { return m_tables.at(index); }
 
-    /// What a SELECT gives.
+    /// The result of a SELECT.
     std::vector<Row> Answer(const SelectStatement& select) const;
 
-    /// How many rows another statement changes; nothing where it has to be refused, since it leaves a column
-    /// of a new row empty.
+    /// Executes a statement other than SELECT and returns the number of changed rows; nullopt if the
+    /// statement must be refused because it leaves a column of a new row empty.
     std::optional<int> Change(const SqlStatement& statement);
 
 private:
@@ -35,10 +35,10 @@ private:
     std::array<std::vector<Row>, 5> m_tables;
 };
 
-/// The table's place among those of the schema.
+/// The index of the table in the schema.
 std::size_t TableIndex(const QString& name);
 
-/// The statement once more, in words that mean the same.
+/// The statement as text, in another spelling with the same meaning.
 QString Printed(const SqlStatement& statement);
 
 }  // namespace tickwell

@@ -61,7 +61,7 @@ QString Text(const Condition& condition) {
         return Joined(all->parts, u" and "_s, true);
     }
     return Joined(std::get<AnyOf>(condition).parts, u" or "_s,
-                  false);  // AND binds closer: no brackets needed
+                  false);  // AND binds tighter, so no brackets are needed
 }
 
 QString Text(const std::vector<QualifiedColumn>& columns) {

@@ -8,7 +8,7 @@ using namespace Qt::StringLiterals;
 
 using Spans = QList<TextSpan>;
 
-/// How the help is searched: what makes a difference, and what does not.
+/// Text search in the help: differences that it ignores, and those that it does not.
 class TstFoldedText : public QObject {
     Q_OBJECT
 

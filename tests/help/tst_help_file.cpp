@@ -28,7 +28,7 @@ const QString kWrongForm = u"Help.hlp はヘルプの形式ではありません
 
 }  // namespace
 
-/// Reading the help file, or what lies there under its name.
+/// Reading the help file, or another file of that name.
 class TstHelpFile : public QObject {
     Q_OBJECT
 

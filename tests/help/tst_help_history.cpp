@@ -5,7 +5,7 @@
 
 using namespace tickwell;
 
-/// The way back, and forward again.
+/// Going back and forward.
 class TstHelpHistory : public QObject {
     Q_OBJECT
 

@@ -33,7 +33,7 @@ struct Page {
 
 }  // namespace
 
-/// Contents, index and places of a help file.
+/// Headings, index and anchors of a help file.
 class TstHelpPage : public QObject {
     Q_OBJECT
 

@@ -8,7 +8,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// Hits of "時" at 0, 3 and 6.
+// Contains "時" at 0, 3 and 6.
 const FoldedText& Text() {
     static const FoldedText text(u"時計と時報と時間");
     return text;
@@ -21,7 +21,7 @@ int Place(const HelpSearch& search) {
 
 }  // namespace
 
-/// Going from hit to hit.
+/// Moving between hits.
 class TstHelpSearch : public QObject {
     Q_OBJECT
 

@@ -14,7 +14,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// What the first group of an expression matches, everywhere in a text.
+/// The first captured group of every match in a text.
 QStringList AllMatches(const QString& text, const QString& expression) {
     QStringList found;
     const QRegularExpression pattern(expression);
@@ -24,7 +24,7 @@ QStringList AllMatches(const QString& text, const QString& expression) {
     return found;
 }
 
-/// Every caption of the menus, as users see it.
+/// Every caption of the menus as shown to the user.
 QStringList MenuCaptions() {
     QStringList captions;
     for (const auto& item : kMenuItems) {
@@ -36,13 +36,13 @@ QStringList MenuCaptions() {
     for (const Tool& tool : kTools) {
         captions.append(tool.caption.toString());
     }
-    captions.removeAll(QString());  // the separators
+    captions.removeAll(QString());  // separators
     return captions;
 }
 
 }  // namespace
 
-/// The help as it is delivered: what it promises to its window, and to the program that opens it.
+/// The help text that is delivered: it must satisfy the help window and the program that opens it.
 class TstHelpText : public QObject {
     Q_OBJECT
 
@@ -125,7 +125,7 @@ void TstHelpText::EveryTopicIsInTheIndex() {
     for (const HelpKeyword& keyword : m_page.index) {
         reached.insert(keyword.position);
     }
-    // The first and the questions are about everything.
+    // Topic 1 and the questions are general and need no keyword.
     const QSet<QString> general{u"topic1"_s, u"topic52"_s};
     for (auto anchor = m_page.anchors.begin(); anchor != m_page.anchors.end(); ++anchor) {
         if (anchor.key().startsWith(u"topic") && !general.contains(anchor.key())) {

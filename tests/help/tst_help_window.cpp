@@ -18,7 +18,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Ten topics of fifty lines each, the word "clock" in the even ones, and an index.
+/// Ten topics of fifty lines each, with the word "clock" in the even ones, and an index.
 QByteArray TenTopics() {
     QByteArray html = "<h1>Help</h1><h2><a name=\"all\"></a>All</h2>";
     for (int topic = 1; topic <= 10; ++topic) {
@@ -58,7 +58,7 @@ struct Bench {
     HelpBrowser& Text() const { return Find<HelpBrowser>(u"Text"_s); }
     QString Count() const { return Find<QLabel>(u"FindCount"_s).text(); }
 
-    /// The line at the upper edge of the text.
+    /// The line at the top of the view.
     QString TopLine() const {
         const QPoint edge(0, Text().fontMetrics().height());
         return Text().cursorForPosition(edge).block().text();
@@ -78,7 +78,7 @@ void DeleteWhatWaits() {
 
 }  // namespace
 
-/// The help window as a whole.
+/// The complete help window.
 class TstHelpWindow : public QObject {
     Q_OBJECT
 
@@ -211,7 +211,7 @@ void TstHelpWindow::TheContentsFollowTheReader() {
     QCOMPARE(bench.MarkedHeading(), u"Topic 2"_s);
     bar->setValue(0);
     QCOMPARE(bench.MarkedHeading(), QString());
-    // The last ones cannot come to the top, and are marked all the same.
+    // The last topics cannot be scrolled to the top, but are marked as well.
     bench.desk.ShowTopic(10);
     QCOMPARE(bench.MarkedHeading(), u"Topic 10"_s);
 }
@@ -403,8 +403,7 @@ void TstHelpWindow::APaletteLeavesTheReaderWhereTheyAre() {
     QCOMPARE(bench.MarkedHeading(), u"Topic 6"_s);
 }
 
-/// The scroll bar goes and comes while the text is laid out anew, and the reader's place is asked for
-/// meanwhile.
+/// During the new layout the scroll bar is hidden and shown again, and the reader's position is queried.
 void TstHelpWindow::APaletteIsTakenOnWithoutAWarning() {
     Bench bench;
     bench.Open(6);
@@ -429,7 +428,7 @@ void TstHelpWindow::ABarAcrossIsShownWhereItIsNeeded() {
     const int margins = qRound(2 * bench.Text().document()->documentMargin());
     const int width = bench.Text().viewport()->width() - margins + more;
     bench.desk.Window()->close();
-    // High enough for the other bar, which takes its width from both.
+    // High enough for a vertical scroll bar, which reduces the width of both.
     bench.Write(TenTopics() + "<table width=\"" + QByteArray::number(width) +
                 "\"><tr><td>a</td></tr></table>");
     bench.Open();
@@ -448,7 +447,7 @@ void TstHelpWindow::NothingElseIsLoaded() {
     }
 }
 
-/// The toolkit looks for pictures in more than one way, and paints the room that one would have.
+/// Qt loads pictures in several ways, and reserves space for them.
 void TstHelpWindow::NoPictureIsOpened() {
     Bench bench;
     const QString path = bench.dir.filePath(u"picture.png"_s);
@@ -478,7 +477,7 @@ void TstHelpWindow::TitlesInTheContentsAreNeverMarkup() {
     const auto& contents = bench.Find<QTreeWidget>(u"Contents"_s);
     const QTreeWidgetItem* item = contents.findItems(title, Qt::MatchExactly | Qt::MatchRecursive).value(0);
     QVERIFY(item != nullptr);
-    QTextDocument shown;  // as a tool tip is shown
+    QTextDocument shown;  // like a tool tip
     shown.setHtml(item->toolTip(0));
     QVERIFY(Qt::mightBeRichText(item->toolTip(0)));
     QCOMPARE(shown.toPlainText(), title);

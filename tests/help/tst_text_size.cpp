@@ -5,7 +5,7 @@
 
 using namespace tickwell;
 
-/// The steps of the help's text.
+/// The steps of the help text size.
 class TstTextSize : public QObject {
     Q_OBJECT
 

@@ -1,9 +1,9 @@
 #!/usr/bin/python3
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""Holds the C++ files against .clang-format and .clang-tidy.
+"""Checks the C++ files against .clang-format and .clang-tidy.
 
     clang_tools.py format               every file
-    clang_tools.py tidy BUILD_FOLDER    what changed lately: see LATELY
+    clang_tools.py tidy BUILD_FOLDER    recently changed files: see LATELY
     clang_tools.py tidy-all BUILD_FOLDER
 """
 
@@ -25,20 +25,20 @@ def check_format():
 
 
 def compiled_files(build):
-    """The sources that users run and that this build compiles; what it generates is not ours to mend."""
+    """The sources of programs and tools that this build compiles; generated sources are excluded."""
     commands = json.loads((Path(build) / "compile_commands.json").read_text("utf-8"))
     names = {Path(command["file"]) for command in commands}
     return sorted(path for path in cpp_files(("src", "tools", "bench")) if path in names)
 
 
 def git(*arguments):
-    """What git prints, by lines; none where it fails."""
+    """The lines that git prints; none if it fails."""
     run = subprocess.run(["git", *arguments], cwd=ROOT, text=True, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL)
     return run.stdout.splitlines() if run.returncode == 0 else []
 
 
 def lately_changed():
-    """The files that the last commits or nobody's commit yet changed; None where the history cannot tell."""
+    """The files changed by the last LATELY commits or not committed yet; None if the history is too short."""
     if not git("rev-parse", "--verify", f"HEAD~{LATELY}"):
         return None
     changed = git("diff", "--name-only", f"HEAD~{LATELY}") + git("ls-files", "--others", "--exclude-standard")
@@ -46,7 +46,7 @@ def lately_changed():
 
 
 def shows(sources, header):
-    """A source that lets the header be looked at: its own, else the first that includes it."""
+    """A source through which the header can be checked: its own, otherwise the first that includes it."""
     if header.with_suffix(".cpp") in sources:
         return header.with_suffix(".cpp")
     name = re.compile(rf'#include "([a-z_]+/)*{re.escape(header.parent.name)}/{re.escape(header.name)}"')
@@ -54,7 +54,7 @@ def shows(sources, header):
 
 
 def touched(sources):
-    """Those of the sources that changed lately, and one for each header that did."""
+    """The recently changed sources, and one source for each recently changed header."""
     changed = lately_changed()
     if changed is None:
         return sources

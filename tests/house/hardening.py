@@ -1,7 +1,7 @@
 #!/usr/bin/python3
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""hardening.py BUILD_FOLDER PROGRAM...: whether programs are hardened as the distribution hardens its own. Each source is
-looked at by its command, each program by the distribution's hardening-check."""
+"""hardening.py BUILD_FOLDER PROGRAM...: checks that programs are hardened like the distribution's own. Sources are
+checked by their compile commands, programs by the distribution's hardening-check."""
 
 import json
 import subprocess
@@ -13,14 +13,14 @@ from project_files import ROOT, shown
 FLAGS = ("-D_FORTIFY_SOURCE=2", "-fstack-protector-strong", "-fstack-clash-protection", "-fcf-protection",
          "-Werror=format-security")
 
-# The mark of cf-protection is lost by linking: the distribution's own start-up code does not have it. A program that
-# knows the sizes of all that it copies has no function to fortify, and the check cannot tell that from carelessness.
+# Linking removes the mark of cf-protection, because the distribution's start-up code lacks it. A program whose copies
+# all have a known size has no function to fortify; hardening-check cannot distinguish that from a missing flag.
 CHECK = ("hardening-check", "--verbose", "--nocfprotection")
 NOTHING_TO_FORTIFY = {"tickwell-cd", "tickwell-print"}
 
 
 def soft_sources(build):
-    """The sources for users that are compiled without one of the flags."""
+    """The program's sources that are compiled without one of the flags."""
     commands = json.loads((Path(build) / "compile_commands.json").read_text("utf-8"))
     return [f"{shown(Path(command['file']))} is compiled without {flag}"
             for command in commands if Path(command["file"]).is_relative_to(ROOT / "src")

@@ -1,13 +1,13 @@
 #!/usr/bin/python3
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""The house: who may include whom, how large a file may grow, and what stands at its head."""
+"""The house rules: allowed includes between folders, maximum file lengths, licence headers and others."""
 
 import re
 import unittest
 
 from project_files import ROOT, code_files, cpp_files, shown
 
-# A folder of src/ and the folders that it may include besides itself. Arrows point only downwards.
+# A folder of src/ and the folders that it may include besides itself. Dependencies point only downwards.
 ARROWS = {
     "core": set(),
     "cd_helper": set(),
@@ -25,13 +25,13 @@ ARROWS = {
     "app": {"core", "platform", "media", "store", "days", "book", "help", "timing", "display", "settings_ui"},
 }
 INCLUDE = re.compile(r'^\s*#\s*include\s*"([^"]+)"', re.MULTILINE)
-TOOLKIT_INCLUDE = re.compile(r"^\s*#\s*include\s*<(Q[A-Za-z0-9]+)>", re.MULTILINE)
+QT_INCLUDE = re.compile(r"^\s*#\s*include\s*<(Q[A-Za-z0-9]+)>", re.MULTILINE)
 
-# Days and settings are computed without a screen: what core may take of the toolkit is its core library.
+# Days and settings are computed without a screen, so core may only use Qt's core library.
 NOT_IN_CORE = {"QWidget", "QPainter", "QColor", "QFont", "QImage", "QPixmap", "QAction", "QGuiApplication",
                "QApplication", "QScreen", "QWindow", "QIcon", "QPalette"}
 
-# What starts programs: through these files alone, with a list of words, and never by way of a shell.
+# Only these files start programs, with a list of arguments and never through a shell.
 STARTS_PROGRAMS = {"src/platform/detached_process.cpp", "src/platform/child_process.cpp"}
 STARTING = re.compile(r"\bQProcess::|\bQProcess\s+\w+[;({]|\bnew QProcess|\bposix_spawnp?\s*\(|\bv?fork\s*\(|"
                       r"\bexecvp?e?\s*\(|\bexecl[pe]?\s*\(|\bQDesktopServices\b")
@@ -39,21 +39,21 @@ SHELL = re.compile(r"(?<!QLocale::)\bsystem\s*\(|\bpopen\s*\(|\bwordexp\s*\(|\bs
                    r"\bposix_spawnp\s*\(|\bexec[vl]p|startDetached\((?![^)]*,)|\bstart\(\s*u\"[^\"]* |"
                    r"\"(/bin/)?(ba|da)?sh\"")
 
-# Text from outside is never markup. What the help shows is markup of our own; it is loaded from nowhere else.
+# Untrusted text is never rendered as markup. The help shows our own markup, loaded from nowhere else.
 MARKUP = re.compile(r"\bsetHtml\(|\binsertHtml\(|\bappendHtml\(|\bsetMarkdown\(|\binsertMarkdown\(|Qt::RichText|"
                     r"Qt::AutoText|Qt::MarkdownText|\bQTextBrowser\b|\bQErrorMessage\b|\bQWhatsThis\b|setWhatsThis\(|"
                     r"\bQStaticText\b|\bQMessageBox::(information|question|warning|critical|about)\b|\bQToolTip\b")
 MAY_MARK_UP = {"src/help/help_browser.cpp", "src/help/help_browser.h", "src/help/help_window.cpp"}
-# A label made of a text that stands there shows that text; every other one is told to be plain.
+# A label created with a literal shows that text; every other label must be set to plain text.
 LABEL = re.compile(r"new QLabel\b(?!\(\s*u\")")
 PLAIN = "setTextFormat(Qt::PlainText)"
-# The one shows a picture, the other is told so in help_window_tools.cpp.
+# One shows a picture, the other is set to plain text in help_window_tools.cpp.
 PLAIN_ALL_THE_SAME = {"src/timing/timer_notice.cpp", "src/help/help_window.cpp"}
 TOOL_TIP = re.compile(r"setToolTip\((?!(\w+, )?(u\"|Qt::convertFromPlainText\(|ToolTipOf\())")
-# Their tips are names that stand in the program.
+# Their tool tips are fixed names from the source.
 NAMES_ITS_CONTROLS = {"src/media/cd_window.cpp", "src/help/help_window_tools.cpp", "src/platform/qt_tray.cpp"}
 
-# The moment of a kill is what this one tests.
+# This one tests kills at particular moments.
 MAY_WAIT = {"tests/days/tst_killed_writer.cpp"}
 
 LONGEST = {".cpp": 400, ".h": 120}
@@ -102,7 +102,7 @@ class HouseRules(unittest.TestCase):
 
     def test_core_takes_nothing_of_windows(self):
         wrong = [f"{shown(path)} includes {name}"
-                 for path in cpp_files(("src/core",)) for name in TOOLKIT_INCLUDE.findall(path.read_text("utf-8"))
+                 for path in cpp_files(("src/core",)) for name in QT_INCLUDE.findall(path.read_text("utf-8"))
                  if name in NOT_IN_CORE]
         self.assertEqual(wrong, [])
 

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""The files of the project, as far as its rules ask about them."""
+"""The project's files, as far as the house rules need them."""
 
 from pathlib import Path
 
@@ -8,7 +8,7 @@ CODE_FOLDERS = ("src", "tests", "tools", "bench")
 
 
 def code_files(*suffixes, folders=CODE_FOLDERS):
-    """All files below these folders whose names end so, in a steady order."""
+    """All files below these folders with one of these suffixes, sorted."""
     found = []
     for folder in folders:
         found += [path for path in (ROOT / folder).rglob("*") if path.suffix in suffixes]

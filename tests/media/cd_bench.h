@@ -13,7 +13,7 @@
 
 namespace tickwell {
 
-/// A main window of which only the number of its function is known.
+/// A main window that only stores the number of its function.
 class FakeFunctions : public DisplayFunctions {
 public:
     void ChangeFunction(qint32 number) override { m_number = number; }
@@ -23,7 +23,7 @@ private:
     qint32 m_number = kFunctionClock;
 };
 
-/// The CD player over a drive that a test holds in its hands.
+/// The CD player with a drive that the test controls.
 struct CdBench {
     FakeCdDrive drive;
     FakeSoundOutput sound;
@@ -38,7 +38,7 @@ struct CdBench {
     FakeTextLine lower;
     FakeFunctions functions;
 
-    /// Opens the drive as the start does, with this disc in it.
+    /// Opens the drive as at program start, with this disc in it.
     void Start(const CdContents& contents) {
         drive.PutIn(contents);
         media.OpenAtStart();
@@ -50,7 +50,7 @@ struct CdBench {
         TakeAll();
     }
 
-    /// Lets disc and clock run together.
+    /// Advances disc and clock together.
     void Pass(int ms) {
         for (int left = ms; left > 0; left -= 50) {
             const int step = std::min(left, 50);
@@ -59,7 +59,7 @@ struct CdBench {
         }
     }
 
-    /// What was done to the disc since.
+    /// The drive's commands since the last call.
     QStringList Done() { return drive.TakeRecord(); }
     void TakeAll() {
         drive.TakeRecord();
@@ -70,7 +70,7 @@ struct CdBench {
     qint32 Track() const { return player.State().CdTrack; }
 };
 
-/// The same with the main window showing function 6.
+/// With the main window showing function 6.
 struct CdLinesBench : CdBench {
     CdLines lines{player, {upper, lower}, functions};
 
@@ -86,7 +86,7 @@ struct CdLinesBench : CdBench {
     QString Both() const { return upper.Text() + QStringLiteral(" / ") + lower.Text(); }
 };
 
-/// A player with its window open and a disc of three tracks.
+/// A player with an open window and a disc of three tracks.
 struct ReadyBench : CdBench {
     explicit ReadyBench(const CdContents& contents = ThreeTracks()) {
         Start(contents);
@@ -95,7 +95,7 @@ struct ReadyBench : CdBench {
     }
     void Click(int index) { player.Command1_Click(index); }
 
-    /// Plays this track, from the stopped state.
+    /// Plays this track; the player must be stopped.
     void PlayTrack(int track) {
         for (int press = 0; press < track; ++press) {
             Click(kCdNext);
@@ -114,7 +114,7 @@ struct ReadyBench : CdBench {
     }
 };
 
-/// How the commands of the drive's record name a sector.
+/// The drive's record of a play command, given in seconds.
 inline QString PlayFrom(int second, int toSecond = 300) {
     return QStringLiteral("play %1 %2").arg(second * 44'100).arg(toSecond * 75);
 }

@@ -14,7 +14,7 @@
 
 namespace tickwell {
 
-/// Devices over ports that a test holds in its hands, and a folder with waves.
+/// Devices with ports that the test controls, and a folder for waves.
 struct DeviceBench {
     FakeCdDrive drive;
     FakeSoundOutput sound;
@@ -23,7 +23,7 @@ struct DeviceBench {
     QTemporaryDir folder;
     CommandDevices devices{DeviceParts{drive, drive, sound, time, wait}};
 
-    /// A wave of 1000 frames a second: a frame is a millisecond.
+    /// Writes a wave of 1000 frames per second, so that a frame is a millisecond.
     QString PutWave(int frames) const {
         QString path = folder.filePath(QStringLiteral("sound.wav"));
         WriteAll(path, WaveBytes({.rate = 1000, .data = Samples16(frames)}));
@@ -36,7 +36,7 @@ struct DeviceBench {
         return result.error == 0 ? result.reply : QStringLiteral("error %1").arg(result.error);
     }
 
-    /// A disc in the drive, and the drive open as the program opens it.
+    /// Puts a disc into the drive and opens it as the program does.
     void PutDisc(const CdContents& contents) {
         drive.PutIn(contents);
         Reply(QStringLiteral("open cdaudio alias CDP"));

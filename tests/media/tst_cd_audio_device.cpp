@@ -6,7 +6,7 @@
 using namespace tickwell;
 using namespace Qt::StringLiterals;
 
-/// The CD as a device of commands.
+/// The CD as a command device.
 class TstCdAudioDevice : public QObject {
     Q_OBJECT
 
@@ -122,7 +122,7 @@ void TstCdAudioDevice::AskingForADiscHasTheDriveLookedAt() {
     DeviceBench bench;
     bench.PutDisc(ThreeTracks());
     bench.Reply(u"status CDP length"_s);
-    QCOMPARE(bench.drive.looks, 0);  // it is known
+    QCOMPARE(bench.drive.looks, 0);  // already known
     bench.Reply(u"status CDP media present"_s);
     QCOMPARE(bench.drive.looks, 1);
     bench.drive.TakeOut();
@@ -228,7 +228,7 @@ void TstCdAudioDevice::WaitingLastsUntilTheEnd() {
     QCOMPARE(bench.Reply(u"play CDP from 100000 to 200000 wait"_s), u""_s);
     QCOMPARE(bench.wait.rounds, 10);
     QCOMPARE(bench.Reply(u"status CDP position"_s), u"200000"_s);
-    QCOMPARE(bench.Reply(u"stop CDP wait"_s), u""_s);  // that is done at once
+    QCOMPARE(bench.Reply(u"stop CDP wait"_s), u""_s);  // takes effect at once
     QCOMPARE(bench.wait.rounds, 10);
 }
 
@@ -238,7 +238,7 @@ void TstCdAudioDevice::WaitingEndsWhenTheDeviceIsClosed() {
     bench.wait.meanwhile = [&] {
         bench.Reply(u"close CDP"_s);
         bench.Reply(u"open cdaudio alias CDP"_s);
-        bench.Reply(u"play CDP"_s);  // another device, which is not waited for
+        bench.Reply(u"play CDP"_s);  // a different device, which is not waited for
     };
     QCOMPARE(bench.Reply(u"play CDP wait"_s), u""_s);
     QCOMPARE(bench.wait.rounds, 1);
@@ -270,7 +270,7 @@ void TstCdAudioDevice::ADiscThatCannotBeReadSaysSoUntilItIsPlayedAnew() {
     QCOMPARE(bench.Reply(u"status CDP position"_s), u"error 262"_s);
     QCOMPARE(bench.Reply(u"status CDP current track"_s), u"error 262"_s);
     QCOMPARE(bench.Reply(u"pause CDP"_s), u"error 262"_s);
-    QCOMPARE(bench.Reply(u"status CDP number of tracks"_s), u"3"_s);  // that is known all the same
+    QCOMPARE(bench.Reply(u"status CDP number of tracks"_s), u"3"_s);  // still known
     QCOMPARE(bench.Reply(u"play CDP"_s), u""_s);
     QCOMPARE(bench.Reply(u"status CDP current track"_s), u"1"_s);
     bench.wait.meanwhile = [&] { bench.drive.FailToRead(); };

@@ -10,7 +10,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// The device alone, over commands that a test answers.
+/// Only the device, with commands that the test answers.
 struct Bench {
     FakeCommandStrings devices;
     FakeMessageBoxes boxes;
@@ -28,7 +28,7 @@ struct Bench {
 
 }  // namespace
 
-/// The CD drive at the program's start and end.
+/// The CD drive at program start and end.
 class TstCdDevice : public QObject {
     Q_OBJECT
 
@@ -126,7 +126,7 @@ void TstCdDevice::ClosingStopsFirstAndIsSilent() {
 void TstCdDevice::WithoutADriveTheStartGoesOn() {
     CdBench bench;
     bench.drive.exists = false;
-    bench.media.OpenAtStart();  // there is no main window yet, nor any other
+    bench.media.OpenAtStart();  // no window exists yet
     QCOMPARE(bench.State(), kCdNotReady);
     QCOMPARE(bench.boxes.Shown().size(), 1);
     QCOMPARE(bench.player.Controls().buttons, CdButtons{});
@@ -140,7 +140,7 @@ void TstCdDevice::ClosingTouchesNoLine() {
     bench.StartShown(ThreeTracks());
     bench.player.Command1_Click(kCdPlay);
     bench.TakeAll();
-    bench.drive.TakeOut();  // so that both commands fail
+    bench.drive.TakeOut();  // makes both commands fail
     bench.media.Close();
     QVERIFY(bench.upper.TakeRecord().isEmpty());
     QVERIFY(bench.lower.TakeRecord().isEmpty());

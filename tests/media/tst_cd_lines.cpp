@@ -89,7 +89,7 @@ void TstCdLines::WhilePlayingEachTickShowsTheReading() {
     bench.drive.SetMilliseconds(105'000);
     bench.lines.Tick();
     QCOMPARE(bench.lower.TakeRecord(), (QStringList{u"set [ 1 ]    1:05"_s, u"set [ 2 ]    0:05"_s}));
-    QCOMPARE(bench.upper.Text(), u"全トラック数 3"_s);  // stays while it plays
+    QCOMPARE(bench.upper.Text(), u"全トラック数 3"_s);  // unchanged while the disc plays
 }
 
 void TstCdLines::EachFormatIsShown() {
@@ -194,7 +194,7 @@ void TstCdLines::UnderAnotherFunctionNoLineIsTouched() {
 void TstCdLines::BeforeTheFunctionIsShownNoLineIsTouched() {
     CdLinesBench bench;
     bench.functions.ChangeFunction(
-        kFunctionCd);  // the number that was stored, before the start-up delay is over
+        kFunctionCd);  // the stored number of the function, before the start-up delay is over
     bench.Start({});
     bench.player.CDSetDown();
     QVERIFY(bench.upper.TakeRecord().isEmpty());

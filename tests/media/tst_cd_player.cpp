@@ -12,7 +12,7 @@ constexpr std::array kAllButtons{kCdPrevious, kCdRewind, kCdPlay, kCdPause, kCdS
 
 }  // namespace
 
-/// The CD player's buttons and states.
+/// Buttons and states of the CD player.
 class TstCdPlayer : public QObject {
     Q_OBJECT
 
@@ -53,7 +53,7 @@ void TstCdPlayer::EachStateHasItsButtons() {
     bench.Click(kCdPause);
     QCOMPARE(bench.Enabled(), u"3"_s);
     QCOMPARE(bench.player.Controls().caption, u"一時停止"_s);
-    QCOMPARE(CdButtonsOf(kCdNotReady), nullptr);  // left as they are: it is CDSetDown that takes them all
+    QCOMPARE(CdButtonsOf(kCdNotReady), nullptr);  // leaves the buttons unchanged; CDSetDown disables them
     bench.player.CDSetDown();
     QCOMPARE(bench.Enabled(), u""_s);
     QVERIFY(!bench.player.Controls().menus);
@@ -172,7 +172,7 @@ void TstCdPlayer::StopReturnsToTheWholeDisc() {
     QCOMPARE(bench.Done(), QStringList{u"stop"_s});
     QVERIFY(bench.player.Controls().menus);
     QCOMPARE(bench.player.Controls().caption, u"停止"_s);
-    QCOMPARE(bench.time.UntilNext(), std::nullopt);  // nothing is followed any more
+    QCOMPARE(bench.time.UntilNext(), std::nullopt);  // the device is not followed any more
 }
 
 void TstCdPlayer::AnyButtonWhilePausedOnlyResumes() {
@@ -283,7 +283,7 @@ void TstCdPlayer::ADiscThatCannotBeReadIsNotReadyForAWhile() {
     QCOMPARE(bench.State(), kCdNotReady);
     QVERIFY(bench.boxes.Shown().isEmpty());
     bench.Pass(3000);
-    QCOMPARE(bench.State(), kCdStopped);  // the disc is still there
+    QCOMPARE(bench.State(), kCdStopped);  // the disc is still in the drive
     QCOMPARE(bench.Enabled(), u"026"_s);
 }
 
@@ -299,7 +299,7 @@ void TstCdPlayer::FormatsAreNumberedFromOne() {
 void TstCdPlayer::AMixedDiscPlaysFromItsFirstTrackOn() {
     ReadyBench bench(MixedDisc());
     bench.Click(kCdPlay);
-    QCOMPARE(bench.Done(), QStringList{u"play 0 2250"_s});  // the drive steps over the data
+    QCOMPARE(bench.Done(), QStringList{u"play 0 2250"_s});  // the drive skips the data
     bench.drive.SetMilliseconds(10'000);
     bench.Pass(500);
     QCOMPARE(bench.Track(), 2);

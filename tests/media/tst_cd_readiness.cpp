@@ -6,7 +6,7 @@
 using namespace tickwell;
 using namespace Qt::StringLiterals;
 
-/// How discs are found and lost.
+/// How the player detects that a disc is present or gone.
 class TstCdReadiness : public QObject {
     Q_OBJECT
 
@@ -69,7 +69,7 @@ void TstCdReadiness::TheFirstContentsArrive() {
     bench.drive.Tell();
     QCOMPARE(bench.State(), kCdStopped);
     QCOMPARE(bench.player.State().CdTrackCount, 3);
-    QCOMPARE(bench.time.UntilNext(), std::nullopt);  // no looking any more
+    QCOMPARE(bench.time.UntilNext(), std::nullopt);  // the player has stopped looking
 }
 
 void TstCdReadiness::ADiscPutInLaterIsFoundByALook() {
@@ -82,7 +82,7 @@ void TstCdReadiness::ADiscPutInLaterIsFoundByALook() {
     QCOMPARE(bench.drive.looks, looks);
     bench.time.Advance(1);
     QCOMPARE(bench.drive.looks, looks + 1);
-    bench.drive.PutIn(ThreeTracks());  // and the drive never tells
+    bench.drive.PutIn(ThreeTracks());  // without a notification from the drive
     bench.time.Advance(3000);
     QCOMPARE(bench.State(), kCdStopped);
 }
@@ -106,7 +106,7 @@ void TstCdReadiness::OpeningLooksOnce() {
     bench.player.ShowWindow(false);
     const int looks = bench.drive.looks;
     bench.player.ShowWindow(true);
-    QCOMPARE(bench.drive.looks, looks + 1);  // the disc may be another by now
+    QCOMPARE(bench.drive.looks, looks + 1);  // the disc may have been changed
     QCOMPARE(bench.State(), kCdStopped);
 }
 
@@ -121,7 +121,7 @@ void TstCdReadiness::ADriveThatAppearsLaterIsOpened() {
     bench.time.Advance(3000);
     QCOMPARE(bench.State(), kCdStopped);
     QCOMPARE(bench.player.State().CdLength, 300'000);  // in milliseconds
-    QCOMPARE(bench.boxes.Shown().size(), 1);           // the one of the start
+    QCOMPARE(bench.boxes.Shown().size(), 1);           // the one shown at the start
 }
 
 void TstCdReadiness::ADiscPulledWhilePlaying() {

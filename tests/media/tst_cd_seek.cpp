@@ -6,7 +6,7 @@
 using namespace tickwell;
 using namespace Qt::StringLiterals;
 
-/// Rewind and fast forward while they are held.
+/// Rewind and fast forward while the button is held.
 class TstCdSeek : public QObject {
     Q_OBJECT
 
@@ -22,7 +22,7 @@ private Q_SLOTS:
 void TstCdSeek::HoldingRewindOrForward_data() {
     QTest::addColumn<int>("button");
     QTest::addColumn<int>("position");  // ms
-    QTest::addColumn<int>("second");    // where it plays then
+    QTest::addColumn<int>("second");    // where it plays afterwards
     QTest::newRow("back") << kCdRewind << 50'000 << 47;
     QTest::newRow("on") << kCdForward << 50'000 << 53;
     QTest::newRow("back into the track before") << kCdRewind << 101'000 << 98;
@@ -50,7 +50,7 @@ void TstCdSeek::HoldingRepeatsFourTimesASecond() {
     ReadyBench bench;
     bench.PlayTrack(1);
     bench.player.Command1_Press(kCdForward);
-    bench.time.Advance(1000);  // the disc stands still meanwhile
+    bench.time.Advance(1000);  // only the clock advances, not the disc
     bench.player.Command1_Release();
     bench.time.Advance(1000);
     QCOMPARE(bench.Done(), (QStringList{PlayFrom(3), PlayFrom(6), PlayFrom(9), PlayFrom(12), PlayFrom(15)}));

@@ -10,7 +10,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// A disc of three tracks, 1:40, 2:00 and 1:20, known by its answers alone.
+/// A disc of three tracks, 1:40, 2:00 and 1:20, simulated by replies only.
 struct Bench {
     FakeCommandStrings devices;
     FakeMessageBoxes boxes;
@@ -39,7 +39,7 @@ struct Bench {
 
 }  // namespace
 
-/// What the lines say of the disc.
+/// The texts of the two lines.
 class TstCdTexts : public QObject {
     Q_OBJECT
 

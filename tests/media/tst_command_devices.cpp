@@ -106,7 +106,7 @@ void StatusRows() {
 
 }  // namespace
 
-/// Commands that are refused, and the texts of errors.
+/// Refused commands and error texts.
 class TstCommandDevices : public QObject {
     Q_OBJECT
 
@@ -218,7 +218,7 @@ void TstCommandDevices::AClosedAliasMayBeOpenedAgain() {
     QCOMPARE(bench.drive.TakeRecord(), QStringList{u"stop"_s});
     QCOMPARE(bench.Reply(u"status CDP mode"_s), u"error 263"_s);
     QCOMPARE(bench.Reply(u"open cdaudio alias CDP"_s), u""_s);
-    QCOMPARE(bench.Reply(u"status CDP length"_s), u"05:00:00"_s);  // the time format is forgotten
+    QCOMPARE(bench.Reply(u"status CDP length"_s), u"05:00:00"_s);  // the time format was reset
 }
 
 void TstCommandDevices::TwoWavesMayBeOpen() {

@@ -10,7 +10,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// The error that an action ends in; 0 for none.
+/// The number of the error that an action throws; 0 if none.
 template <typename Action>
 qint32 ErrorOf(Action action) {
     try {
@@ -144,7 +144,7 @@ void TstDiscMap::TheSumsOfThePlayerAreExact() {
         };
         const int length =
             disc.LengthText(disc.StartOf(track), disc.EndOf(track), TimeFormat::Milliseconds).toInt();
-        // A start and a length added up lead back to the sector where the next track begins.
+        // The start plus the length of a track is read back as the start of the next track.
         const QString end = QString::number(ms(disc.StartOf(track)) + length);
         QCOMPARE(disc.SectorOf(end, TimeFormat::Milliseconds), disc.EndOf(track));
     }

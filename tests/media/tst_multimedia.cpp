@@ -28,7 +28,7 @@ struct Bench {
 
 }  // namespace
 
-/// The functions that put commands together, and what is left of their outcome.
+/// The functions that send commands, and how they report results.
 class TstMultimedia : public QObject {
     Q_OBJECT
 

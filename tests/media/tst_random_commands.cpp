@@ -10,7 +10,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Makes up commands: most of them nearly right, some anything at all.
+/// Generates commands: most of them nearly valid, some completely random.
 class Babble {
 public:
     Babble(QRandomGenerator& random, const QString& wave)
@@ -97,7 +97,7 @@ private:
     std::pair<QString, QString> m_opens;
 };
 
-/// Something happens to the drive or the sound.
+/// Simulates a random event of the drive or the sound.
 void Happen(DeviceBench& bench, Babble& babble) {
     switch (babble.Number(12)) {
         case 0:
@@ -136,7 +136,7 @@ void Happen(DeviceBench& bench, Babble& babble) {
 
 }  // namespace
 
-/// Any text is a command that is answered or refused.
+/// Any text is a command that is either answered or refused.
 class TstRandomCommands : public QObject {
     Q_OBJECT
 
@@ -145,7 +145,7 @@ private Q_SLOTS:
 };
 
 void TstRandomCommands::EveryTextIsAnsweredOrRefused() {
-    constexpr int kRound = 5000;  // then all starts anew: the fakes remember everything
+    constexpr int kRound = 5000;  // then starts with a new bench, because the fakes record everything
     QRandomGenerator random(44100);
     QHash<qint32, int> outcomes;
     for (int left = RandomCount(20'000); left > 0; left -= kRound) {
@@ -165,7 +165,7 @@ void TstRandomCommands::EveryTextIsAnsweredOrRefused() {
             QVERIFY2(isKnown, qPrintable(text));
         }
     }
-    QVERIFY(outcomes.size() > 20);  // that many kinds of outcome: the words make sense often enough
+    QVERIFY(outcomes.size() > 20);  // the commands make sense often enough to reach that many results
     QVERIFY(outcomes[0] > 500);
 }
 

@@ -39,7 +39,7 @@ struct Bench {
     Bench(const Bench&) = delete;
     Bench& operator=(const Bench&) = delete;
 
-    /// All that sounds from now on.
+    /// All samples played from now on.
     std::vector<qint16> Sounded() {
         output.Sound(kMuch);
         return output.Devices().isEmpty() ? std::vector<qint16>() : output.Devices().last()->sounded;
@@ -159,7 +159,7 @@ void TstSoundPlayback::AnUnknownNameDoesNothingAtAll() {
     QCOMPARE(bench.sound.MixSession, 0);
     QCOMPARE(bench.media.MediaError, kUntouched);
     QCOMPARE(QDir::currentPath(), QDir::rootPath());
-    QVERIFY(!bench.time.UntilNext());  // Timer2 stays at rest
+    QVERIFY(!bench.time.UntilNext());  // Timer2 is not started
 }
 
 void TstSoundPlayback::TheFolderBecomesTheCurrentOne() {
@@ -185,13 +185,13 @@ void TstSoundPlayback::TheSessionIsClosedAfterThirtySeconds() {
     QCOMPARE(bench.output.OpenDevices(), 1);
     bench.time.Advance(1);
     QCOMPARE(bench.sound.MixSession, 0);
-    QCOMPARE(bench.output.OpenDevices(), 0);  // what is longer is cut off
+    QCOMPARE(bench.output.OpenDevices(), 0);  // cuts off what is longer
 }
 
 void TstSoundPlayback::EachChimeBeginsTheThirtySecondsAnew() {
     Bench bench;
     bench.playback.PlayChime(u"鳩時計の音"_s, 1);
-    bench.time.Advance(59'900);  // a tick is due in 0.1 s
+    bench.time.Advance(59'900);  // the next tick is due in 0.1 s
     bench.playback.PlayChime(u"鳩時計の音"_s, 12);
     bench.time.Advance(29'999);
     QVERIFY(bench.sound.MixSession != 0);
@@ -205,7 +205,7 @@ void TstSoundPlayback::LaterTicksFindNoSession() {
     bench.time.Advance(600'000);
     QCOMPARE(bench.sound.MixSession, 0);
     QCOMPARE(bench.output.Devices().size(), 1);
-    QVERIFY(bench.time.UntilNext());  // Timer2 goes on ticking on purpose
+    QVERIFY(bench.time.UntilNext());  // Timer2 continues on purpose
 }
 
 void TstSoundPlayback::ASecondChimeTakesThePlaceOfTheFirst() {
@@ -287,7 +287,7 @@ void TstSoundPlayback::LoadingReplacesTheWave() {
     bench.playback.AudioLoadWave(u"TKW01.wav"_s, 1);
     bench.playback.AudioPlay(1, 5);
     const qint32 first = bench.sound.MixWaves[1];
-    bench.playback.AudioLoadWave(u"TKW05.wav"_s, 1);  // what played is flushed
+    bench.playback.AudioLoadWave(u"TKW05.wav"_s, 1);  // flushes what was playing
     QVERIFY(bench.sound.MixWaves[1] != first);
     bench.playback.AudioPlay(1, 0);
     QVERIFY(bench.Sounded() == Samples(u"TKW05.wav"_s, 1));
@@ -322,13 +322,13 @@ void TstSoundPlayback::WithoutASessionNothingIsLoadedOrPlayed() {
 void TstSoundPlayback::ChannelsThatAreNotThereDoNothing() {
     Bench bench;
     bench.playback.AudioStart(false);
-    bench.playback.AudioPlay(1, 0);  // beyond the last index
+    bench.playback.AudioPlay(1, 0);  // no such channel
     bench.playback.AudioPlay(-1, 0);
     bench.playback.AudioLoadWave(u"TKW01.wav"_s, -1);
     QCOMPARE(bench.sound.MixWaves, QList<qint32>{0});
     bench.playback.AudioLoadWave(u"TKW01.wav"_s, 5);
     QCOMPARE(bench.sound.MixWaves.size(), 6);
-    bench.playback.AudioPlay(5, 0);  // there is a wave, but a session has two channels
+    bench.playback.AudioPlay(5, 0);  // the wave is loaded, but a session has only two channels
     QVERIFY(bench.Sounded().empty());
 }
 

@@ -8,13 +8,13 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// A wave of 1000 ms, open under the alias of the timer's notice.
+/// A wave of 1000 ms, opened under the alias of the timer's sound.
 struct WaveBench : DeviceBench {
     WaveBench() { Reply(u"open \"%1\" alias Timer"_s.arg(PutWave(1000))); }
 
     const FakeSoundOutput::Device& Device() const { return *sound.Devices().last(); }
 
-    /// Lets so many frames sound, and as much time pass.
+    /// Plays this many frames and advances the time accordingly.
     void Pass(int ms) {
         sound.Sound(ms);
         time.Advance(ms);
@@ -23,7 +23,7 @@ struct WaveBench : DeviceBench {
 
 }  // namespace
 
-/// A wave file as a device of commands.
+/// A wave file as a command device.
 class TstWaveDevice : public QObject {
     Q_OBJECT
 
@@ -97,10 +97,10 @@ void TstWaveDevice::ADeviceIsOpenOnlyWhileItSounds() {
     bench.time.Advance(1);
     QCOMPARE(bench.sound.OpenDevices(), 1);
     bench.time.Advance(199);
-    QCOMPARE(bench.sound.OpenDevices(), 1);  // the sound server may still hold what was taken last
+    QCOMPARE(bench.sound.OpenDevices(), 1);  // the sound server may still buffer the last frames
     bench.time.Advance(1);
     QCOMPARE(bench.sound.OpenDevices(), 0);
-    QCOMPARE(bench.time.UntilNext(), std::nullopt);  // nothing ticks on
+    QCOMPARE(bench.time.UntilNext(), std::nullopt);  // no timer is running
     QCOMPARE(bench.Reply(u"status Timer position"_s), u"1000"_s);
 }
 
@@ -125,7 +125,7 @@ void TstWaveDevice::PlayingOnAfterAPauseKeepsEveryFrame() {
     bench.Pass(300);
     bench.Reply(u"pause Timer"_s);
     QCOMPARE(bench.Reply(u"play Timer"_s), u""_s);
-    QCOMPARE(bench.Device().samples.size(), 500 + 700);  // the 200 that waited were dropped and queued anew
+    QCOMPARE(bench.Device().samples.size(), 500 + 700);  // the 200 waiting ones were dropped and queued again
     QCOMPARE(bench.Device().samples[500], 300);
     QCOMPARE(bench.Device().waiting, 700);
     QVERIFY(!bench.Device().held);

@@ -12,7 +12,7 @@ using namespace Qt::StringLiterals;
 
 using Values = std::vector<qint16>;
 
-/// Reading of wave files.
+/// Parsing of wave files.
 class TstWaveFile : public QObject {
     Q_OBJECT
 
@@ -69,7 +69,7 @@ void TstWaveFile::ChunksInBetweenAreSkipped() {
 
 void TstWaveFile::ACutFileGivesItsWholeFrames() {
     QByteArray bytes = WaveBytes({.channels = 2, .data = Samples16(8)});
-    bytes.chop(5);  // half of the last frame, and a byte of the one before it
+    bytes.chop(5);  // half of the last frame and one byte of the previous one
     const auto wave = WaveOf(bytes);
     QVERIFY(wave);
     QVERIFY(wave->samples == (Values{0, 1, 2, 3}));
@@ -148,7 +148,7 @@ void TstWaveFile::DamagedBytesNeverHarm() {
             QCOMPARE(wave->Frames() * wave->format.channels, static_cast<qint64>(wave->samples.size()));
         }
     }
-    QVERIFY(waves > 100);  // not all were refused at the door
+    QVERIFY(waves > 100);  // not all were refused at once
 }
 
 QTEST_GUILESS_MAIN(TstWaveFile)

@@ -16,7 +16,7 @@ namespace {
 constexpr int kFrames = 1000;
 constexpr qint32 kNoSession = 0;
 
-/// A file whose samples count upwards from a first one.
+/// A wave file whose samples count up from `first`.
 QByteArray Ramp(int first, quint32 rate = 22050) {
     QByteArray data;
     for (int i = 0; i < kFrames; ++i) {
@@ -60,7 +60,7 @@ struct Bench {
 
 }  // namespace
 
-/// Waves on channels.
+/// Playing waves on channels.
 class TstWaveMix : public QObject {
     Q_OBJECT
 
@@ -156,7 +156,7 @@ void TstWaveMix::OneDeviceAloneIsEnoughForAnotherFormat() {
     bench.Play(session, 1, u"fast"_s, 0);
     QCOMPARE(bench.output.Devices().size(), 2);
     QCOMPARE(bench.Device().format, (SoundFormat{44100, 1}));
-    bench.Play(session, 0, u"one"_s, 0);  // no device for this one: silence
+    bench.Play(session, 0, u"one"_s, 0);  // no device for this channel: silence
     QCOMPARE(bench.output.Devices().size(), 2);
     bench.output.Sound(1'000'000);
     QVERIFY(bench.Device().sounded == RampSamples(0, 1));
@@ -183,13 +183,13 @@ void TstWaveMix::DevicesAreClosedALittleAfterTheLastSound() {
     Bench bench;
     bench.Play(bench.Start(), 1, u"one"_s, 0);
     bench.time.Advance(5000);
-    QCOMPARE(bench.output.OpenDevices(), 1);  // it still sounds
+    QCOMPARE(bench.output.OpenDevices(), 1);  // still playing
     bench.output.Sound(1'000'000);
     bench.time.Advance(kSoundTail);
     QCOMPARE(bench.output.OpenDevices(), 1);
     bench.time.Advance(200);
     QCOMPARE(bench.output.OpenDevices(), 0);
-    QVERIFY(!bench.time.UntilNext());  // and nothing ticks any more
+    QVERIFY(!bench.time.UntilNext());  // no timer is running
 }
 
 void TstWaveMix::AnUnusedActivationLetsGoOfItsDevice() {
@@ -226,7 +226,7 @@ void TstWaveMix::FlushingEndsTheSound() {
     bench.Play(session, 1, u"one"_s, 5000);
     bench.output.Sound(10);
     bench.mix.WaveMixFlushChannel(session, 1);
-    bench.time.Advance(100);  // nothing is queued again
+    bench.time.Advance(100);  // no repetition is queued
     bench.output.Sound(1'000'000);
     QCOMPARE(bench.Device().sounded.size(), std::size_t{10});
 }
@@ -250,7 +250,7 @@ void TstWaveMix::ASecondSessionClosesTheFirst() {
     const qint32 second = bench.Start();
     QVERIFY(second != first);
     QCOMPARE(bench.output.OpenDevices(), 1);
-    bench.mix.WaveMixCloseSession(first);  // no longer known
+    bench.mix.WaveMixCloseSession(first);  // no longer valid
     QCOMPARE(bench.output.OpenDevices(), 1);
 }
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The windows of the anniversary book: which fields can be filled in.
+// The windows of the anniversary book: which fields are enabled.
 #include <QCheckBox>
 #include <QLabel>
 #include <QListView>
@@ -19,7 +19,7 @@ bool IsChecked(const QWidget& form, const QString& name) {
     return ControlOf<QAbstractButton>(form, name).isChecked();
 }
 
-/// The one of an array that is chosen; the array's length where that is none or several.
+/// The index of the checked option in a control array; at least `count` if none or several are checked.
 int ChosenOf(const QWidget& form, const QString& array, int count) {
     int chosen = count;
     for (int index = 0; index < count; ++index) {

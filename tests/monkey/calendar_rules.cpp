@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The calendar: what can be used in which mode, and that each day looks as the day database has it.
+// The calendar: which controls are enabled in each mode, and whether each day matches the day database.
 #include <QLabel>
 #include <QPushButton>
 #include <QRadioButton>
@@ -17,12 +17,12 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int kDays = 7;       // in a week
-constexpr int kFirstCell = 7;  // of the days
+constexpr int kFirstCell = 7;  // index of the first day cell
 constexpr int kCells = 49;
 constexpr int kFirstYear = 1926;
 constexpr int kLastYear = 2100;
 
-/// What one comes back to the normal mode for.
+/// Controls that are only enabled in normal mode.
 const QStringList& OffWhileMarking() {
     static const QStringList names{u"Command1"_s,  u"Command2"_s,  u"Command3"_s,   u"Command4"_s,
                                    u"Command5"_s,  u"Command6"_s,  u"Command9"_s,   u"Command10"_s,
@@ -49,7 +49,7 @@ std::multiset<ModelDate> DatesIn(const QStringList& rows) {
     return dates;
 }
 
-/// What is stored, read past the program.
+/// The stored tables, read without the program's own database code.
 ModelTables TablesOf(const QString& path) {
     RawConnection database(path);
     ModelTables tables;
@@ -63,7 +63,7 @@ ModelTables TablesOf(const QString& path) {
     return tables;
 }
 
-/// What is said of a day's colour where it is not its column's own.
+/// The word in a day's accessible name for a colour other than its column's default.
 QString MarkOf(const ModelCell& cell, int column) {
     const bool hasTip = !cell.tip.isEmpty();
     if (cell.color == 0 && (hasTip || column == 0 || column == kDays - 1)) {
@@ -84,8 +84,9 @@ QString SpokenOf(const ModelCell& cell, int year, int month, int column) {
     return parts.join(u'、');
 }
 
-/// While days are being marked they are not stored yet, and a month beyond the first and the last year is not
-/// the one that is shown.
+/// Compares the day cells with the database. Not called in a marking mode, because marks are not stored yet,
+/// and not in the first and the last year, where the current month can be out of range while the grid still
+/// shows the previous one.
 void CheckColors(const Scene& scene, const QWidget& form, int year, int month, Complaints& complaints) {
     const ModelCells cells = ModelMonth(TablesOf(scene.Of().DatabasePath()), year, month);
     for (int index = kFirstCell; index < kCells; ++index) {
@@ -151,7 +152,7 @@ void CheckCalendar(const Scene& scene, Complaints& complaints) {
     CheckPanel(*form, complaints);
     const QString heading = ControlOf<QLabel>(*form, u"Label1"_s).text();
     if (heading.isEmpty() && scene.Now().wasOddYear) {
-        return;  // opened on a day that it does not show
+        return;  // opened on a day outside of its range
     }
     static const QRegularExpression pattern(uR"(^(\d+)年（(?:昭和|平成)(?:\d+|元)年）(\d+)月$)"_s);
     const auto match = pattern.match(heading);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The CD player's window: which buttons and menus can be used in which state.
+// The CD player's window: which buttons and menus are enabled in which state.
 #include <QAction>
 #include <QLabel>
 #include <QMenu>
@@ -15,7 +15,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// previous, rewind, play, pause, stop, forward, next
+/// `buttons`: previous, rewind, play, pause, stop, forward, next.
 struct StateTable {
     qint32 state;
     QStringView caption;

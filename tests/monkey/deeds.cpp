@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What is done with mouse and keyboard.
+// Actions with mouse and keyboard.
 #include "monkey/deeds.h"
 
 #include <QAbstractButton>
@@ -40,7 +40,7 @@ QString At(QPoint place) {
     return u" at %1,%2"_s.arg(place.x()).arg(place.y());
 }
 
-/// On one line, and without halves of characters.
+/// The text on one line, with every unprintable UTF-16 unit escaped, cut after 40 units.
 QString Shown(const QString& text) {
     QString shown;
     for (const QChar letter : text.left(40)) {
@@ -94,7 +94,7 @@ void Deeds::DoOne() {
     }
 }
 
-/// Mostly the one that is worked in, or a menu that is open; now and then one that is blocked.
+/// Mostly the open popup or the active window; now and then a blocked one.
 QWidget* Deeds::SomeWindow() {
     const QWidgetList windows = Hands::Windows();
     if (windows.isEmpty()) {
@@ -163,7 +163,7 @@ void Deeds::DoubleClickSomewhere() {
     m_hands.DoubleClick(part, at);
 }
 
-/// A button that acts while it is held, seldom else.
+/// Presses without releasing, for buttons that repeat or act while held.
 void Deeds::HoldSomewhere() {
     QWidget* window = SomeWindow();
     if (window == nullptr) {
@@ -252,7 +252,7 @@ void Deeds::AnswerABox() {
     PressAButton();
 }
 
-/// Of the main window. Its end is chosen less often than the others.
+/// An item of the main window's menu. The exit item is chosen less often than the others.
 void Deeds::ChooseFromTheMenu() {
     QWidget* form = nullptr;
     for (QWidget* window : Hands::Windows()) {
@@ -280,7 +280,7 @@ void Deeds::ChooseFromTheMenu() {
     }
 }
 
-/// Clicks that hit: most of what a window can do is behind its buttons.
+/// Clicks an enabled button: most functions of a window are reached through its buttons.
 void Deeds::PressAButton() {
     QWidget* window = SomeWindow();
     QWidgetList buttons;
@@ -297,7 +297,8 @@ void Deeds::PressAButton() {
     m_hands.Click(button, QPoint(std::min(8, button.width() / 2), button.height() / 2), Qt::LeftButton, {});
 }
 
-/// Those that lead on to other windows and states, which blind clicks seldom find one after the other.
+/// Clicks one of the buttons that lead to other windows and states; random clicks seldom find several of them
+/// in sequence.
 void Deeds::PressOnPurpose() {
     static const QStringList leading{
         u"StopForm/Command1"_s, u"StopForm/Command2"_s,    u"StopForm/Command3"_s, u"TimerForm/Command1"_s,
@@ -339,7 +340,7 @@ void Deeds::ChooseATab() {
     m_hands.Click(*bar, bar->tabRect(tab).center(), Qt::LeftButton, {});
 }
 
-/// What only stands there to be read goes first.
+/// Prefers the help window and the about box, which have little else to test.
 void Deeds::CloseAWindow() {
     QWidget* window = SomeWindow();
     for (QWidget* each : Hands::Windows()) {

@@ -7,25 +7,26 @@
 
 namespace tickwell {
 
-/// What one does at a desk without thinking. Each deed is noted in the trail before it is done.
+/// Random actions of a user and random events of the machine. Each is recorded in the Trail before it is
+/// done.
 class Deeds {
 public:
-    /// World and random numbers outlive this object.
+    /// `world` and `random` outlive this object.
     Deeds(World& world, Random& random) : m_world(world), m_random(random) {}
 
-    /// One deed; what it opens may be waited for in loops of events of its own.
+    /// Performs one action. It may run a nested event loop, such as a menu or a drag, before it returns.
     void DoOne();
 
-    /// ms that are to pass before the next deed; asked for once.
+    /// Returns the milliseconds that must pass before the next action, and resets them to 0.
     qint64 TakeWait() { return std::exchange(m_wait, 0); }
 
-    /// Whether the last deed was to wait and do nothing.
+    /// Whether the last action only waited.
     bool WasIdle() const { return m_wasIdle; }
 
     Hands& TheHands() { return m_hands; }
 
 private:
-    // With mouse and keyboard.
+    // Mouse and keyboard.
     void ClickSomewhere();
     void DoubleClickSomewhere();
     void HoldSomewhere();
@@ -42,7 +43,7 @@ private:
     void CloseAWindow();
     void ShrinkAWindow();
 
-    // With the machine around.
+    // The machine.
     void Wait();
     void SetTheClock();
     void ChangeTheDisc();

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// About box and help.
+// The about box and the help window.
 #include <QLabel>
 #include <QToolButton>
 

@@ -22,10 +22,10 @@ QWindow* WindowOf(const QWidget& widget) {
 
 QPoint InWindow(const QWidget& widget, QPoint at) {
     const QPoint place = widget.mapTo(widget.window(), at);
-    return place.isNull() ? QPoint(1, 0) : place;  // the toolkit takes 0, 0 for the middle
+    return place.isNull() ? QPoint(1, 0) : place;  // QTest takes a null point for the centre
 }
 
-/// What a keyboard sends along with a key.
+/// The text that a keyboard sends with a key.
 QString TextOf(Qt::Key key, Qt::KeyboardModifiers modifiers) {
     switch (key) {
         case Qt::Key_Return:
@@ -59,7 +59,7 @@ Hands::~Hands() {
     qApp->removeEventFilter(this);
 }
 
-/// The toolkit tells each window when a modal one comes and goes.
+/// Tracks the events that Qt sends to each window when a modal window opens or closes.
 bool Hands::eventFilter(QObject* watched, QEvent* event) {
     if (watched->isWindowType() &&
         (event->type() == QEvent::WindowBlocked || event->type() == QEvent::WindowUnblocked)) {
@@ -71,7 +71,7 @@ bool Hands::eventFilter(QObject* watched, QEvent* event) {
 QWidgetList Hands::Windows() {
     const QWidgetList widgets = QApplication::topLevelWidgets();
     QWidgetList windows;
-    for (const QWindow* window : QGuiApplication::allWindows()) {  // the widgets' own order is none
+    for (const QWindow* window : QGuiApplication::allWindows()) {  // topLevelWidgets() is unordered
         for (QWidget* widget : widgets) {
             if (widget->windowHandle() == window && widget->isVisible()) {
                 windows.append(widget);
@@ -114,7 +114,7 @@ void Hands::Press(QWidget& widget, QPoint at, Qt::MouseButton button, Qt::Keyboa
         ReleaseAnywhere();
     }
     if (pressed == nullptr || WindowOf(*pressed) != window) {
-        return;  // gone with what was let go
+        return;  // the release has closed the window
     }
     m_pressed = button;
     m_pressedOn = &widget;
@@ -143,7 +143,7 @@ void Hands::ReleaseAnywhere() {
         return;
     }
     const Qt::MouseButton button = std::exchange(m_pressed, Qt::NoButton);
-    const QWindowList windows = QGuiApplication::allWindows();  // also where none is to be seen
+    const QWindowList windows = QGuiApplication::allWindows();  // including hidden windows
     if (!windows.isEmpty() && button != Qt::NoButton) {
         QTest::mouseRelease(windows.constLast(), button, {}, QPoint(1, 0));
     }
@@ -182,10 +182,10 @@ void Hands::Turn(QWidget& widget, QPoint at, QPoint angle, Qt::KeyboardModifiers
 }
 
 void Hands::Key(Qt::Key key, Qt::KeyboardModifiers modifiers) {
-    const QWidget* popup = QApplication::activePopupWidget();  // it has the keys of all windows
+    const QWidget* popup = QApplication::activePopupWidget();  // it receives the keys of all windows
     const QPointer<QWindow> window = popup != nullptr ? WindowOf(*popup) : QGuiApplication::focusWindow();
     for (const QTest::KeyAction action : {QTest::Press, QTest::Release}) {
-        if (window != nullptr) {  // the press may have closed a menu for good
+        if (window != nullptr) {  // the press may have destroyed the window
             QTest::sendKeyEvent(action, window, key, TextOf(key, modifiers), modifiers);
         }
     }

@@ -9,9 +9,8 @@
 
 namespace tickwell {
 
-/// A user's hands on mouse and keyboard, and the window manager that they reach through its frames. All goes
-/// in where the window system delivers it: what a modal window blocks is blocked, and an open menu takes the
-/// mouse.
+/// The user's mouse and keyboard, and the close button of window frames. Events enter where the window system
+/// delivers them, so modal windows block them and an open menu grabs the mouse.
 class Hands : public QObject {
     Q_OBJECT
 
@@ -20,39 +19,39 @@ public:
     ~Hands() override;
     Q_DISABLE_COPY_MOVE(Hands)
 
-    /// The windows on the screen, popups included, in the order in which they were made.
+    /// The visible windows, popups included, in order of creation.
     static QWidgetList Windows();
 
-    /// Whether a modal window keeps this one from being used.
+    /// Whether a modal window blocks this one.
     static bool IsBlocked(const QWidget& window);
 
-    /// All of `window` that can be seen, itself included.
+    /// `window` and all visible widgets in it.
     static QWidgetList PartsOf(QWidget& window);
 
-    /// Where something is, for reading: "Form5/Command1".
+    /// A readable name: "Form5/Command1".
     static QString PathOf(const QWidget& widget);
 
-    /// `at`: in the widget's coordinates. A press also makes its window the active one.
+    /// `at`: in the widget's coordinates. A press also activates the window.
     void Press(QWidget& widget, QPoint at, Qt::MouseButton button, Qt::KeyboardModifiers modifiers);
     static void Move(QWidget& widget, QPoint at);
     void Release(QWidget& widget, QPoint at);
     void Click(QWidget& widget, QPoint at, Qt::MouseButton button, Qt::KeyboardModifiers modifiers);
     void DoubleClick(QWidget& widget, QPoint at);
     bool IsPressed() const { return m_pressed != Qt::NoButton; }
-    /// Lets go over the window that was pressed, or over any other where that has gone.
+    /// Releases the button over the pressed window, or over any other if that one no longer exists.
     void ReleaseAnywhere();
 
-    /// `angle`: eighths of a degree, 120 a notch.
+    /// Mouse wheel. `angle`: eighths of a degree, 120 per notch.
     static void Turn(QWidget& widget, QPoint at, QPoint angle, Qt::KeyboardModifiers modifiers);
 
-    /// To the window that has the keys; nothing where none has.
+    /// Sends a key to the open popup or else to the focus window; does nothing if there is neither.
     static void Key(Qt::Key key, Qt::KeyboardModifiers modifiers);
 
-    /// As it comes from a keyboard, character by character, or at once from an input method.
+    /// Type sends text character by character like a keyboard, Commit all at once like an input method.
     static void Type(const QString& text);
     static void Commit(const QString& text);
 
-    /// The cross of the window's frame. A window that is blocked stays.
+    /// The close button of the window's frame. A blocked window stays open.
     static void Close(QWidget& window);
 
 protected:

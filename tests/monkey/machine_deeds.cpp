@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What happens to the machine around the program.
+// Events of the machine around the program.
 #include <QApplication>
 #include <QMenu>
 #include <array>
@@ -19,7 +19,7 @@ void Deeds::Wait() {
     Trail::Note(u"wait %1 ms"_s.arg(m_wait));
 }
 
-/// Forth and back, by seconds and by years, and to just before the hour.
+/// Forwards or backwards, by seconds or by years, or to just before the full or half hour.
 void Deeds::SetTheClock() {
     QDateTime now = m_world.Now().time.Now();
     switch (m_random.Number(4)) {
@@ -58,7 +58,7 @@ void Deeds::ChangeTheDisc() {
     drive.Tell();
 }
 
-/// The printer goes on with its job, or answers in another way from now on.
+/// Reports progress or failure of the running job; without a job, makes the printer refuse or accept jobs.
 void Deeds::UseThePrinter() {
     FakePrinter& printer = m_world.Now().printer;
     if (!printer.isPrinting) {
@@ -105,7 +105,7 @@ void Deeds::ChangeTheMachine() {
     }
 }
 
-/// The program is started once more and calls the one that runs; or the desktop's session asks it to save.
+/// A second start of the program notifies the running one, or the desktop session asks it to save.
 void Deeds::StartAgain() {
     const int kind = m_random.Number(3);
     Trail::Note(u"start again, %1"_s.arg(kind));

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The main window: its menu, its marks, and what its lines say.
+// The main window: its menu, its check marks, and the texts of its lines.
 #include <QAction>
 #include <QApplication>
 #include <QMenu>
@@ -20,9 +20,9 @@ namespace {
 
 constexpr qint64 kStartUp = 11'000;  // ms
 constexpr qint64 kSettled =
-    25'000;  // ms; by then every line was refreshed by its own timer, the slowest twice
+    25'000;  // ms; long enough for every line to be refreshed by its own timer, the slowest twice
 
-/// By the number of the function: its item, whether it has a window of its own, and the title that it keeps.
+/// Indexed by function number: its menu item, whether it has its own window, and its fixed title.
 struct FunctionTable {
     QStringView item;
     bool hasWindow = false;
@@ -38,7 +38,7 @@ constexpr std::array kFunctions{
     FunctionTable{u"Menu9", true, {}},
 };
 
-/// Also while it is put away.
+/// Also finds it while it is hidden.
 const QWidget& MainWindow() {
     const QWidgetList all = QApplication::topLevelWidgets();
     return **std::find_if(all.begin(), all.end(),
@@ -92,7 +92,7 @@ void CheckPlace(const QWidget& form, Complaints& complaints) {
                       u"a line is lower than its text"_s);
 }
 
-/// What the lower line says once the function's own timer has had its turn.
+/// Checks the lower line after the function's own timer has refreshed it.
 void CheckLowerLine(const Scene& scene, const QString& text, Complaints& complaints) {
     const Machine& now = scene.Now();
     const AppSettings& settings = now.state.started.settings;
@@ -101,7 +101,7 @@ void CheckLowerLine(const Scene& scene, const QString& text, Complaints& complai
                          settings.hourStyle);
     };
     const auto usageAt = [&](quint32 ago) {
-        // The counter turns over; its start is as long ago as its end.
+        // The counter wraps, so the subtraction is unsigned.
         const auto tick = static_cast<qint32>(static_cast<quint32>(now.time.Tick()) - ago);
         return UsageText(tick, settings.language, settings.displayMode, settings.hourStyle);
     };
@@ -118,7 +118,7 @@ void CheckLowerLine(const Scene& scene, const QString& text, Complaints& complai
                       IsLike(text, uR"(\d+％残っています|あと \d+時間\d\d分です)"_s);
             break;
         case kFunctionMemory:
-            isRight = IsLike(text, uR"(\d+％使用中)"_s) || !now.memory.Load();  // what stood there stays
+            isRight = IsLike(text, uR"(\d+％使用中)"_s) || !now.memory.Load();  // or the line is unchanged
             break;
         case kFunctionCd:
             isRight = text.isEmpty() || text == u"再生不可" ||
@@ -131,8 +131,8 @@ void CheckLowerLine(const Scene& scene, const QString& text, Complaints& complai
     complaints.Unless(isRight, u"function %1 says below: %2"_s.arg(settings.function).arg(text));
 }
 
-/// The same of the upper line. What falls on today can bear any name; and stopwatch and timer write there
-/// whatever the window shows, where it then stands until the function writes anew.
+/// The same for the upper line. The clock shows anniversaries there, which can be any text. Stopwatch and
+/// timer write there whichever function is shown; their text stays until the function writes again.
 void CheckUpperLine(const Scene& scene, const QString& text, Complaints& complaints) {
     const qint32 function = scene.Now().state.started.settings.function;
     const bool isOfTiming =
@@ -167,11 +167,11 @@ void CheckMainWindow(const Scene& scene, Complaints& complaints) {
 void CheckLines(const Scene& scene, Complaints& complaints) {
     const Machine& now = scene.Now();
     if (scene.Quiet() < kSettled || now.passed < kStartUp || scene.HasBox(u"Tickwell"_s)) {
-        return;  // a function whose handler was given up shows what it showed
+        return;  // a function whose handler failed keeps its last text
     }
     const QWidget& form = MainWindow();
     if (!form.isVisible()) {
-        return;  // what nobody sees is not brought up to date
+        return;  // a hidden window is not refreshed
     }
     CheckLowerLine(scene, ControlOf<MovingWord>(form, u"MovingWord2"_s).Text(), complaints);
     CheckUpperLine(scene, ControlOf<MovingWord>(form, u"MovingWord1"_s).Text(), complaints);

@@ -15,11 +15,11 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kTidyEvery = 400;      // deeds
-constexpr int kThoroughEvery = 12;   // looks
+constexpr int kTidyEvery = 400;      // actions
+constexpr int kThoroughEvery = 12;   // checks
 constexpr int kMostTidySteps = 300;  // far more than there can be windows
-constexpr qint64 kSlice = 20;        // ms that pass without a look at the events between
-constexpr int kSlices = 50;          // that a long wait is cut into
+constexpr qint64 kSlice = 20;        // time advances in steps of at least this, in ms
+constexpr int kSlices = 50;          // number of steps of a long wait
 
 QWidget* WindowNamed(const QWidgetList& windows, QStringView name) {
     for (QWidget* window : windows) {
@@ -30,7 +30,7 @@ QWidget* WindowNamed(const QWidgetList& windows, QStringView name) {
     return nullptr;
 }
 
-/// Windows that outlive their closing: they are made once, and menus belong to the main window.
+/// Windows that are only hidden on closing and reused; menus belong to the main window.
 bool MayStay(const QWidget& window) {
     static const QStringList names{u"Form1"_s, u"StopForm"_s, u"TimerForm"_s, u"Form8"_s};
     const bool isOurs = window.parentWidget() != nullptr && MayStay(*window.parentWidget()->window());
@@ -61,9 +61,10 @@ QStringList Monkey::Run(int deeds) {
     return m_complaints;
 }
 
-/// Nothing is left to be done but by us.
+/// The event loop has nothing left to do.
 void Monkey::Idle() {
-    // It would block all the same; and what we do takes a wish from before it away.
+    // Otherwise the dispatcher would block. At the end, because the actions below may consume an earlier
+    // wake-up.
     const auto goOn = qScopeGuard([] { QAbstractEventDispatcher::instance()->wakeUp(); });
     if (!m_complaints.isEmpty()) {
         QCoreApplication::quit();
@@ -71,7 +72,7 @@ void Monkey::Idle() {
     }
     const Machine& machine = m_world.Now();
     if (!machine.hasClosed && machine.state.started.dayDatabase == nullptr) {
-        return;  // a compaction is under way, and no time passes until it has ended
+        return;  // a compaction is running; no time passes until it ends
     }
     if (m_wait > 0) {
         const qint64 passing = std::min(m_wait, m_slice);
@@ -108,17 +109,17 @@ void Monkey::Look() {
         m_met[met.key()] += met.value();
     }
     for (const QString& warning : Trail::TakeWarnings()) {
-        complaints.Unless(false, u"the toolkit warns: " + warning);
+        complaints.Unless(false, u"Qt warns: " + warning);
     }
     Complain(complaints.All());
 }
 
-/// The windows are put away; then the menu must open and close as at the beginning, and nothing may be left
-/// over.
+/// Closes all windows but the main one; then the menu must open and close as at the start, and no other
+/// window may exist.
 void Monkey::Tidy() {
     m_quiet = 0;
     const QWidgetList windows = Hands::Windows();
-    if (m_world.Now().hasClosed) {  // only boxes are left
+    if (m_world.Now().hasClosed) {  // only message boxes are left
         m_tidying = Tidying::None;
         return windows.isEmpty() ? EndTidying() : PutAwayOne(windows);
     }
@@ -151,7 +152,8 @@ void Monkey::Tidy() {
     }
 }
 
-/// The mouse first, then menus, then the frames' crosses, then the icon in the notification area.
+/// Releases the mouse, or closes one window: menus first, then windows by their frames; last restores the
+/// main window from the notification area.
 void Monkey::PutAwayOne(const QWidgetList& windows) {
     if (++m_tidySteps > kMostTidySteps) {
         QStringList left;
@@ -184,7 +186,7 @@ void Monkey::PutAwayOne(const QWidgetList& windows) {
         m_world.Now().tray.Click();
         return;
     }
-    if (QThread::currentThread()->loopLevel() > 1) {  // a drag waits for its end
+    if (QThread::currentThread()->loopLevel() > 1) {  // a drag runs its own event loop
         Trail::Note(u"tidy: Esc"_s);
         Hands::Key(Qt::Key_Escape, {});
         return;
@@ -203,7 +205,7 @@ void Monkey::EndTidying() {
     Complain(complaints.All());
 }
 
-/// The program has ended by itself.
+/// The program has ended.
 void Monkey::LeaveProgram() {
     Complaints complaints;
     complaints.Unless(m_world.Now().hasClosed, u"the program has ended with its main window open"_s);

@@ -6,28 +6,28 @@
 
 namespace tickwell {
 
-/// Does one random deed after the other on the whole program, and looks after each of them whether all still
-/// holds. It acts whenever a loop of events has nothing left to do: so it also acts in menus and drags that
-/// wait in loops of their own, as a user does.
+/// Performs random actions on the complete program and checks after each one that all rules hold. It acts
+/// whenever an event loop is about to block, and therefore also inside the nested loops of menus and drags,
+/// as a user does.
 class Monkey : public QObject {
     Q_OBJECT
 
 public:
-    /// The same seed does the same.
+    /// The same seed repeats the same run.
     explicit Monkey(quint64 seed) : m_random(seed) {}
 
-    /// Runs the program again and again until so many deeds were done; what then did not hold, at the first
-    /// moment at which something did not.
+    /// Runs the program repeatedly until `deeds` actions are done. Returns the rules that were violated; it
+    /// stops at the first check that finds any.
     QStringList Run(int deeds);
 
     int Done() const { return m_done; }
     int Starts() const { return m_starts; }
 
-    /// After how many deeds each window was met in each of its states.
+    /// How many checks found each window in each of its states.
     const QMap<QString, int>& Met() const { return m_met; }
 
 private:
-    /// Putting away all but the main window, by the ways that a user has.
+    /// Steps of closing all but the main window in the ways that a user has.
     enum class Tidying { None, Windows, OpenMenu, CloseMenu };
 
     void Idle();
@@ -46,13 +46,13 @@ private:
     int m_wanted = 0;
     int m_done = 0;
     int m_starts = 0;
-    qint64 m_wait = 0;   // ms that are still to pass
-    qint64 m_slice = 0;  // of them at a time
+    qint64 m_wait = 0;   // ms that still have to pass
+    qint64 m_slice = 0;  // ms that pass at a time
     qint64 m_quiet = 0;
     int m_looks = 0;
     Tidying m_tidying = Tidying::None;
     int m_tidySteps = 0;
-    bool m_hasTidied = false;  // since the last deed
+    bool m_hasTidied = false;  // since the last action
 };
 
 }  // namespace tickwell

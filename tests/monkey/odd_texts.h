@@ -7,8 +7,8 @@
 
 namespace tickwell {
 
-/// Something that nobody thought of when the field was made: empty, endless, in other letters, markup, pieces
-/// of statements, numbers that are none, halves of characters.
+/// A text that a field was not made for: empty, very long, in other scripts, markup, fragments of SQL,
+/// malformed numbers, lone surrogates.
 QString OddText(Random& random);
 
 }  // namespace tickwell

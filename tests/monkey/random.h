@@ -6,8 +6,7 @@
 
 namespace tickwell {
 
-/// Numbers that follow no pattern and are the same for a seed on every machine, whatever the toolkit's
-/// version (SplitMix64).
+/// SplitMix64: pseudorandom numbers that depend only on the seed, on any machine and with any Qt version.
 class Random {
 public:
     explicit Random(quint64 seed) : m_state(seed) {}
@@ -20,15 +19,15 @@ public:
         return mixed ^ (mixed >> 31U);
     }
 
-    /// From 0 up to `below`, which is not reached and is above 0.
+    /// 0 to `below` - 1. `below` is above 0.
     int Number(int below) { return static_cast<int>(Next() % static_cast<quint64>(below)); }
 
-    /// Both may come.
+    /// `first` to `last`, both included.
     int Between(int first, int last) { return first + Number(last - first + 1); }
 
     bool OneIn(int count) { return Number(count) == 0; }
 
-    /// One of a list that is not empty.
+    /// A random element of a non-empty container.
     template <typename List>
     const auto& Pick(const List& list) {
         return *std::next(std::begin(list), Number(static_cast<int>(std::size(list))));

@@ -10,7 +10,7 @@
 
 namespace tickwell {
 
-/// What was found not to hold.
+/// Collects violated rules.
 class Complaints {
 public:
     void Unless(bool holds, const QString& complaint) {
@@ -20,7 +20,8 @@ public:
     }
     const QStringList& All() const { return m_all; }
 
-    /// A state was met: how often is told in the end, so that a run that meets none of some kind is seen.
+    /// Counts a state that was seen. The counts are printed at the end, which shows states that a run never
+    /// reached.
     void Met(const QString& state) { ++m_met[state]; }
     const QMap<QString, int>& AllMet() const { return m_met; }
 
@@ -29,11 +30,11 @@ private:
     QMap<QString, int> m_met;
 };
 
-/// The screen at a moment when nothing is left to be done but by the user or by time.
+/// The screen at a moment when the event loop is idle: only the user or time can change anything.
 class Scene {
 public:
-    /// `quiet`: ms that have passed since the user, the clock's setter or the machine last did anything.
-    /// `thorough`: what takes long is to be looked at as well.
+    /// `quiet`: ms since the last action of the user or event of the machine. `thorough`: run the slow checks
+    /// too.
     Scene(World& world, qint64 quiet, bool thorough);
 
     Machine& Now() const { return m_world.Now(); }
@@ -41,7 +42,7 @@ public:
     qint64 Quiet() const { return m_quiet; }
     bool IsThorough() const { return m_thorough; }
 
-    /// The window of this object name; null where it is not to be seen.
+    /// The visible window of this object name; null if there is none.
     QWidget* Window(const QString& name) const { return m_windows.value(name); }
     QWidgetList Windows(const QString& name) const { return m_windows.values(name); }
     const QWidgetList& All() const { return m_all; }
@@ -57,9 +58,8 @@ private:
     QMultiHash<QString, QWidget*> m_windows;
 };
 
-// What holds at every such moment, room by room. Each looks at its windows where they are open, and holds
-// what can be seen of them, and what can be done with them, against the table of the state that the program
-// is in.
+// The rules that hold at every such moment, one function per component. Each compares its open windows, what
+// they show and which controls are enabled, with a table of the program's states.
 void CheckWindows(const Scene& scene, Complaints& complaints);
 void CheckMainWindow(const Scene& scene, Complaints& complaints);
 void CheckLines(const Scene& scene, Complaints& complaints);
@@ -70,7 +70,7 @@ void CheckBook(const Scene& scene, Complaints& complaints);
 void CheckSettingsWindow(const Scene& scene, Complaints& complaints);
 void CheckFurtherWindows(const Scene& scene, Complaints& complaints);
 
-/// All of them; once the main window has closed, what may be left is a box or two.
+/// All of them. After the main window has closed only message boxes may be left.
 inline void CheckScene(const Scene& scene, Complaints& complaints) {
     CheckWindows(scene, complaints);
     if (scene.Now().hasClosed) {
@@ -82,13 +82,13 @@ inline void CheckScene(const Scene& scene, Complaints& complaints) {
     }
 }
 
-/// The day database and its folder, read past the program.
+/// The day database and its folder, read without the program's own code.
 void CheckDatabase(const World& world, Complaints& complaints);
 
-/// The settings file, after the program's end: it reads back as what the program kept.
+/// Checks after the program's end that the settings file reads back as the settings that the program had.
 void CheckSettingsFile(const World& world, Complaints& complaints);
 
-/// The control of this name in a window; ends the test where there is none.
+/// The control of this name in a window; ends the process if it is missing.
 template <typename Control>
 Control& ControlOf(const QWidget& window, const QString& name) {
     auto* control = window.findChild<Control*>(name);
@@ -98,7 +98,7 @@ Control& ControlOf(const QWidget& window, const QString& name) {
     return *control;
 }
 
-/// Holds which controls can be used against a list of those that should be.
+/// Checks that all these controls are enabled, or that all are disabled.
 inline void CheckEnabled(const QWidget& window, const QStringList& names, bool enabled,
                          Complaints& complaints) {
     for (const QString& name : names) {

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// monkey [--deeds N] [--seed N]: random deeds on the whole program without a screen. What the seed is can be
-// said by TICKWELL_MONKEY_SEED as well. It prints the seed that repeats the run, and in the end how it went;
-// when something does not hold, what that is and the deeds before it, and ends with 1.
+// monkey [--deeds N] [--seed N]: random user actions on the complete program, without a screen. The
+// environment variable TICKWELL_MONKEY_SEED sets the default seed. Prints the seed, which repeats the run,
+// and a summary; if a rule is violated, also the rule and the last actions, and exits with 1.
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QHashSeed>
@@ -20,7 +20,7 @@ using namespace Qt::StringLiterals;
 constexpr int kFailed = 1;
 constexpr int kMisused = 2;
 
-/// A run depends on nothing but its seed: not on this machine's language, its user's files, its desktop.
+/// Makes the run depend on the seed only, not on this machine's language, desktop or user files.
 void PrepareSurroundings(const QString& home) {
     QHashSeed::setDeterministicGlobalSeed();
     for (const char* folder :
@@ -28,12 +28,12 @@ void PrepareSurroundings(const QString& home) {
         qputenv(folder, home.toLocal8Bit());
     }
     qputenv("QT_QPA_PLATFORM", "offscreen");
-    qputenv("QT_NO_GLIB", "1");  // its loop of events tells when it has nothing to do
+    qputenv("QT_NO_GLIB", "1");  // Qt's own event dispatcher reports when it is about to block
     qputenv("TZ", "Asia/Tokyo");
     qputenv("LANG", "C.UTF-8");
 }
 
-/// Nothing where the text is no number.
+/// nullopt if the text is not a number.
 std::optional<quint64> NumberOf(const QString& text) {
     bool isNumber = false;
     const quint64 number = text.toULongLong(&isNumber, 0);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The screen as a whole: which windows there may be at a time, and that the user can get on.
+// The screen: which windows may be open together, and that at least one of them can be used.
 #include <QApplication>
 #include <QDir>
 #include <QMenu>
@@ -17,7 +17,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// The program's own windows; of each there is one at most.
+/// The program's own windows; at most one of each is open.
 constexpr std::array kWindows{
     QStringView(u"Form1"),       QStringView(u"StopForm"),     QStringView(u"TimerForm"),
     QStringView(u"Form8"),       QStringView(u"CDForm"),       QStringView(u"Form5"),
@@ -30,7 +30,7 @@ bool IsPopup(const QWidget& window) {
     return window.windowType() == Qt::Popup || window.windowType() == Qt::ToolTip;
 }
 
-/// A window that opens over another one, and that one.
+/// A window and the window that it requires to be open.
 constexpr std::array<std::pair<QStringView, QStringView>, 5> kOver{{
     {u"Form6", u"Form5"},
     {u"Form9", u"Form5"},
@@ -39,9 +39,9 @@ constexpr std::array<std::pair<QStringView, QStringView>, 5> kOver{{
     {u"ColourPicker", u"Form2"},
 }};
 
-constexpr qsizetype kMostBoxes = 8;  // more would bury the desktop
+constexpr qsizetype kMostBoxes = 8;  // more would cover the desktop
 
-/// Boxes of which there is one at most: a second one says nothing new, or its window waits for the first.
+/// Message boxes of which at most one is open: a second would add nothing, or its window waits for the first.
 QStringList OneAtATime() {
     return {u"マルチメディアエラー"_s,     u"印刷"_s,          u"実行時エラー"_s, u"ﾃﾞｰﾀ削除"_s, u"ｶﾚﾝﾀﾞｰ"_s,
             u"データベース書込みエラー"_s, u"検索開始エラー"_s};
@@ -84,7 +84,7 @@ void CheckKinds(const Scene& scene, Complaints& complaints) {
     complaints.Unless(ofBook <= 1, u"two windows of the book"_s);
 }
 
-/// Where there are windows, the user can use one of them, and the modal one first of all.
+/// If windows are open, at least one is usable, and the modal one is not blocked itself.
 void CheckModality(const Scene& scene, Complaints& complaints) {
     const QWidgetList& all = scene.All();
     complaints.Unless(all.isEmpty() || std::any_of(all.begin(), all.end(),

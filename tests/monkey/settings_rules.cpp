@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The settings dialog: what the pages offer by what is chosen on them.
+// The settings dialog: which controls each page enables for the chosen options.
 #include <QAbstractButton>
 #include <QComboBox>
 #include <QGroupBox>
@@ -39,7 +39,7 @@ int ChosenOf(const QWidget& page, QStringView name, int count, Complaints& compl
     return chosen.value(0);
 }
 
-/// Old Japanese knows no years, no hours and no styles.
+/// Old Japanese has no options for years, hours and styles.
 void CheckClockPage(const QWidget& page, int language, Complaints& complaints) {
     const bool isModern = language != 2;
     complaints.Met(u"Form2 language %1"_s.arg(language));
@@ -96,7 +96,7 @@ void CheckSettingsWindow(const Scene& scene, Complaints& complaints) {
     complaints.Met(u"Form2 tab %1"_s.arg(tab));
     const std::array pages{u"Picture1"_s, u"Picture2"_s, u"Picture3"_s, u"Picture4"_s, u"Picture5"_s};
     const std::array order{u"Picture1"_s, u"Picture3"_s, u"Picture2"_s, u"Picture4"_s,
-                           u"Picture5"_s};  // of the tabs
+                           u"Picture5"_s};  // in tab order
     for (const QString& each : pages) {
         complaints.Unless(page(each).isVisible() == (order.at(static_cast<std::size_t>(tab)) == each),
                           u"page " + each + u" under tab " + QString::number(tab));

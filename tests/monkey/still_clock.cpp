@@ -13,11 +13,11 @@ namespace tickwell {
 namespace {
 
 constexpr qint64 kSecond = 1000;                  // ms
-constexpr qint64 kNanoseconds = 1'000'000;        // of a millisecond
+constexpr qint64 kNanoseconds = 1'000'000;        // in a millisecond
 constexpr qint64 kWallAtStart = 911'131'507'000;  // ms, 15 November 1998
 
-// Ten minutes from the start: a clock at 0 is taken for one that was never set.
-std::atomic<qint64> g_passed{600 * kSecond};  // NOLINT: there is one clock in a process
+// Starts at ten minutes, because a clock at 0 would be taken for one that was never set.
+std::atomic<qint64> g_passed{600 * kSecond};  // NOLINT: one clock per process
 
 timespec SpecOf(qint64 milliseconds) {
     return {milliseconds / kSecond, milliseconds % kSecond * kNanoseconds};
@@ -31,8 +31,8 @@ void PassOnStillClock(qint64 milliseconds) {
 
 }  // namespace tickwell
 
-// In the place of the C library's: a program's own definition comes before those of the libraries that it
-// loads. The time that a process or a thread has used stays what it is.
+// Replaces the C library's function: a definition in the program takes precedence over those in shared
+// libraries. The CPU time clocks of processes and threads stay real.
 extern "C" int clock_gettime(clockid_t id, timespec* out) noexcept {
     switch (id) {
         case CLOCK_MONOTONIC:

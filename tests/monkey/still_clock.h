@@ -5,9 +5,9 @@
 
 namespace tickwell {
 
-/// The clocks of this process stand still but for what is let pass here, in milliseconds. What the toolkit
-/// does by time of its own (a button that goes on while it is held, a tool tip, a caret that blinks) then
-/// comes at the same moment in every run.
+/// Advances the clocks of this process, which are otherwise stopped, by this many milliseconds. Qt's own
+/// timing (auto-repeating buttons, tool tips, a blinking caret) then happens at the same moments in every
+/// run.
 void PassOnStillClock(qint64 milliseconds);
 
 }  // namespace tickwell

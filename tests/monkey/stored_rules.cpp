@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What lies on the disk.
+// The files on disk.
 #include <QDate>
 #include <QDir>
 
@@ -14,7 +14,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// All that may lie in the program's folder while nothing is being compacted.
+/// All files that may be in the program's folder unless a compaction is running.
 const QStringList& KnownFiles() {
     static const QStringList names{u".masters"_s,  u"DayDate.lock"_s, u"DayDate.mdb"_s, u"Help.hlp"_s,
                                    u"TKW00.wav"_s, u"TKW01.wav"_s,    u"TKW02.wav"_s,   u"TKW03.wav"_s,
@@ -22,7 +22,7 @@ const QStringList& KnownFiles() {
     return names;
 }
 
-/// The national holidays are delivered, and nothing in the program changes them.
+/// The national holidays are part of the delivered database; the program never changes them.
 constexpr QStringView kHolidays = u"SELECT count(*) FROM Syukuzitu";
 
 void CheckDates(RawConnection& database, const QByteArray& table, Complaints& complaints) {
@@ -45,7 +45,8 @@ void CheckDatabase(const World& world, Complaints& complaints) {
     for (const QByteArray& table : {QByteArray("Holiday"), QByteArray("Halfday"), QByteArray("Usuallyday")}) {
         CheckDates(database, table, complaints);
     }
-    // Each row is one that the book can write: its day by number or by week, its numbers within the range.
+    // Each row is one that the book can write: its day by number or by week, not both, and its numbers in
+    // range.
     const QStringList wrong = database.Run(
         "SELECT id FROM Kinenbi WHERE (Day <> 0 AND Week <> 0) OR (Year <> 0 AND Month = 0 AND Day = 0) OR "
         "max(abs(Year), abs(Month), abs(Day), abs(Week)) > 2147483648");

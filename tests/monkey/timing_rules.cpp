@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Stopwatch and timer: what their buttons say and whether they can be pressed, and the reading while it runs.
+// Stopwatch and timer: captions and enabled state of their buttons, and the reading while they run.
 #include <QCheckBox>
 #include <QLabel>
 #include <QPlainTextEdit>
@@ -19,7 +19,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr qint32 kFrame = 17;  // ms; a running reading is written once in it
+constexpr qint32 kFrame = 17;  // ms; a running reading is refreshed once per frame
 
 bool FitsTick(qint64 milliseconds) {
     return milliseconds >= std::numeric_limits<qint32>::min() &&
@@ -76,8 +76,8 @@ void CheckTimer(const Scene& scene, Complaints& complaints) {
                       u"the timer's repeat"_s);
 }
 
-/// What the running tool has to show now; nothing where none shows, or where the tick has left its range on
-/// the way and the reading was given up.
+/// The reading that the running tool must show now; nothing if no reading is shown, or if the tick count has
+/// left its range meanwhile, which stops the reading.
 std::optional<qint32> ReadingOf(const Machine& now) {
     const qint32 function = now.state.started.settings.function;
     const StopwatchState& watch = now.state.stopwatch;
@@ -96,7 +96,7 @@ std::optional<qint32> ReadingOf(const Machine& now) {
     return FitsTick(passed) && FitsTick(reading) ? std::optional(static_cast<qint32>(reading)) : std::nullopt;
 }
 
-/// Whether a text is the reading of some moment of the last frame; a countdown's is larger the older it is.
+/// Whether the text is the reading at any moment of the last frame. An older countdown reading is larger.
 bool IsReadingOfLastFrame(const QString& text, const Machine& now, qint32 reading) {
     const qint32 older = now.state.started.settings.function == kFunctionTimer ? 1 : -1;
     for (qint32 age = 0; age <= kFrame; ++age) {
@@ -107,7 +107,7 @@ bool IsReadingOfLastFrame(const QString& text, const Machine& now, qint32 readin
     return false;
 }
 
-/// The reading on the main window is that of this moment, as far as it is seen.
+/// The visible reading in the main window is the current one.
 void CheckReading(const Scene& scene, Complaints& complaints) {
     const QWidget* form = scene.Window(u"Form1"_s);
     const auto reading = ReadingOf(scene.Now());

@@ -9,7 +9,7 @@
 #include <cstring>
 #include <utility>
 
-// Only a sanitized program has it.
+// Defined only in sanitized builds.
 extern "C" __attribute__((weak)) void __sanitizer_set_death_callback(void (*callback)());  // NOLINT
 
 namespace tickwell {
@@ -17,8 +17,8 @@ namespace tickwell {
 namespace {
 
 constexpr std::size_t kLines = 60;
-constexpr std::size_t kLongest = 400;  // bytes of a line
-constexpr unsigned kPatience = 120;    // s of real time, for one action
+constexpr std::size_t kLongest = 400;  // bytes per line
+constexpr unsigned kPatience = 120;    // s of real time per action
 
 using Line = std::array<char, kLongest>;
 
@@ -42,10 +42,10 @@ void Keep(Line& line, const QByteArray& text) {
     line.at(length + 1) = '\0';
 }
 
-/// Nothing but write: the process may be in any state.
+/// Uses write() only, because the process may be in any state.
 void WriteOut(const char* text) {
     if (write(STDERR_FILENO, text, std::strlen(text)) < 0) {
-        return;  // there is nobody to tell it to
+        return;  // nowhere to report the failure
     }
 }
 
@@ -61,8 +61,8 @@ void TellAndDie(int number) {
     std::raise(number);
 }
 
-/// What a platform without a screen cannot do and does not need to, that a drag leaves its window, and that
-/// the machine's fonts do not have some letters.
+/// Expected warnings: about features missing in the offscreen platform plugin, about drags that leave their
+/// window, and about scripts that the installed fonts lack.
 bool IsOfTest(const QString& text) {
     return text.startsWith(QStringLiteral("This plugin does not support")) ||
            text.contains(QStringLiteral("occurs outside target window")) ||

@@ -6,25 +6,23 @@
 
 namespace tickwell {
 
-/// The last things that were done, kept in plain memory: they can be told also by a process that dies. One a
-/// process.
+/// The last actions, kept in static memory so that a dying process can still print them. One per process.
 class Trail {
 public:
-    /// From now on a signal or a sanitizer that ends the process tells the trail first, and so does an action
-    /// that takes more than two minutes of real time, which then ends the process. `heading` is told with it.
+    /// Prints the trail, with `heading` first, before a signal, a fatal Qt message or a sanitizer ends the
+    /// process. An action that takes more than two minutes of real time ends the process as well.
     static void Begin(const QString& heading);
 
-    /// What is about to be done.
+    /// Records the action that is about to start.
     static void Note(const QString& action);
 
-    /// All that was noted so far is told apart by this number: that of the last note, and a mix of all their
-    /// texts.
+    /// Identifies all notes so far: their number and a hash of their texts.
     static QString Fingerprint();
 
-    /// Writes heading and trail to the standard error output.
+    /// Writes heading and trail to standard error.
     static void Tell();
 
-    /// What the toolkit has warned of since the last call.
+    /// The warnings that Qt has issued since the last call.
     static QStringList TakeWarnings();
 };
 

@@ -20,7 +20,7 @@ constexpr qint64 kFramesPerMillisecond = 48;
 constexpr int kFirstCalendarYear = 1926;
 constexpr int kLastCalendarYear = 2100;
 
-/// Moments around which calendars and clocks turn over.
+/// Moments near the limits of calendars and clocks.
 const std::array<QDateTime, 10>& Moments() {
     static const std::array moments{
         QDateTime(QDate(1998, 11, 15), QTime(21, 5, 7)),  QDateTime(QDate(1999, 12, 31), QTime(23, 59, 40)),
@@ -32,7 +32,7 @@ const std::array<QDateTime, 10>& Moments() {
     return moments;
 }
 
-constexpr qint64 kNearTheEnd = 2'147'483'648 - 60'000;  // ms; of the tick's range
+constexpr qint64 kNearTheEnd = 2'147'483'648 - 60'000;  // ms; one minute before the tick count overflows
 
 }  // namespace
 
@@ -82,7 +82,7 @@ void World::Start(Random& random) {
     machine.program->Start();
 }
 
-/// A process that ends takes its boxes along; here they are taken away by hand, after what they would call.
+/// The boxes of a real process disappear when it ends; here they are deleted after their pending callbacks.
 void World::End() {
     m_machine->program.reset();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);

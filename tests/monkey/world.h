@@ -21,9 +21,9 @@
 
 namespace tickwell {
 
-/// A machine on which the whole program runs once, from its start to its end: its windows, message boxes, day
-/// database and settings file are the real ones; what would leave the process (tray, sound, drive, printer,
-/// other programs) a test holds in its hands. Time passes only when it is told to.
+/// A machine that runs the complete program once, from start to end. Windows, message boxes, day database and
+/// settings file are real; tray, sound, drive, printer and other programs are fakes. Time passes only in
+/// Pass().
 struct Machine {
     Machine(const QDateTime& now, qint64 tick) : time(now, tick) {}
 
@@ -41,31 +41,31 @@ struct Machine {
     FakeEventWait wait;
     FakeCdDrive drive;
     ProgramState state;
-    bool hasClosed = false;   ///< the main window; a box may still keep the program from its end
+    bool hasClosed = false;   ///< the main window has closed; a message box may still delay the program's end
     qint64 passed = 0;        ///< ms since the start
-    bool wasOddYear = false;  ///< at some time since the start it was a year that the calendar does not show
-    AppSettings stored;       ///< what the settings were when the main window closed
+    bool wasOddYear = false;  ///< the year was outside of the calendar's range at some time since the start
+    AppSettings stored;       ///< the settings when the main window closed
     FurtherSettings storedFurther;
     std::unique_ptr<RunningProgram> program;
 
-    /// Time, disc and sound go on together, and the toolkit's clock with them.
+    /// Advances time, disc and sound together, and Qt's clock with them.
     void Pass(qint64 milliseconds);
     void SetClock(const QDateTime& now);
 };
 
-/// The user's folders, which outlive the machine, and the machine that runs at present.
+/// The user's folders, which outlive the machine, and the current machine.
 class World {
 public:
     World();
 
-    /// Starts the program in the user's folder, on a machine that was turned on at some moment. Throws
+    /// Starts the program in the user's folder, on a machine with a random date and tick count. Throws
     /// RunTimeError.
     void Start(Random& random);
 
-    /// After the program has ended: takes the machine away with all that still stands on its screen.
+    /// After the program has ended: destroys the machine and every window that is left.
     void End();
 
-    /// Between Start and End.
+    /// Only between Start and End.
     Machine& Now() { return *m_machine; }
     const Machine& Now() const { return *m_machine; }
     bool IsRunning() const { return m_machine != nullptr; }

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""The package of the build that is tested."""
+"""The package of the tested build."""
 
 import os
 import subprocess
@@ -9,7 +9,7 @@ BUILD_VARIABLE = "TICKWELL_BUILD"
 
 
 def run(*command, **options):
-    """What a command printed on both outputs; its failure is the test's, with all of that."""
+    """Runs a command; returns its standard output and error. Its failure raises AssertionError with both."""
     words = [str(word) for word in command]
     result = subprocess.run(words, stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True, check=False, **options)
     if result.returncode != 0:
@@ -18,7 +18,7 @@ def run(*command, **options):
 
 
 def make_package(folder):
-    """Packs the build as it stands into a folder; returns the package's path."""
+    """Packages the current build into a folder; returns the package's path."""
     build = os.environ[BUILD_VARIABLE]
     run("cpack", "--config", f"{build}/CPackConfig.cmake", "-G", "DEB", "-B", folder, cwd=build)
     packages = list(Path(folder).glob("*.deb"))
@@ -27,7 +27,7 @@ def make_package(folder):
 
 
 def unpack(package, root):
-    """Puts the package's files below a folder, as an installation would put them below /."""
+    """Unpacks the package's files below a folder, as an installation would below /."""
     run("dpkg-deb", "--extract", package, root)
     return Path(root)
 

@@ -1,6 +1,6 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""The package in a Debian of its own, made for it: installed with all that it depends on, started by a new user,
-removed and purged. Minutes, hundreds of megabytes and a mirror are what it takes."""
+"""The package in a new, minimal Debian system: installed with all its dependencies, started by a new user, removed and
+purged. Needs several minutes, several hundred megabytes and a package mirror."""
 
 import os
 import shutil
@@ -15,9 +15,9 @@ from driver.waiting import steady, wait_for
 
 RELEASE = "bookworm"
 USER = "newcomer"
-# An image of a mirror may be older than mirrors say that they are good for.
+# A snapshot of a mirror may be past its expiry date.
 ANY_AGE = 'Acquire::Check-Valid-Until "false";'
-# Its own /proc and /dev, which go with the command.
+# Private mounts of /proc and /dev, which end with the command.
 WITHIN = """mount -t proc proc "$1/proc" && mount --rbind /dev "$1/dev" && root=$1 && shift && exec chroot "$root" "$@" """
 
 
@@ -45,7 +45,7 @@ class FreshSystem(TickwellCase):
         run("mmdebstrap", "--mode=root", "--variant=apt", f"--aptopt={ANY_AGE}", RELEASE, self.root)
         shutil.copy("/etc/resolv.conf", self.root / "etc/resolv.conf")
         shutil.copy(make_package(work / "made"), self.root / "tmp/tickwell.deb")
-        policy = self.root / "usr/sbin/policy-rc.d"  # services stay where they are: outside there are others
+        policy = self.root / "usr/sbin/policy-rc.d"  # no services may start: they would conflict with those outside
         policy.write_text("#!/bin/sh\nexit 101\n", encoding="ascii")
         policy.chmod(0o755)
         self.inside("apt-get", "update")
@@ -68,7 +68,8 @@ class FreshSystem(TickwellCase):
         return {path: path.read_bytes() for path in files}
 
     def start_as_a_new_user(self):
-        """Through its notice that there is no CD drive, up to the clock, and to its end."""
+        """Starts the program, closes its message about the missing CD drive, waits for the clock and ends the
+        program."""
         program = self.session.spawn(self.within(
             "setpriv", f"--reuid={USER}", f"--regid={USER}", "--init-groups", "env", "-i", f"HOME=/home/{USER}",
             "PATH=/usr/bin:/bin", f"DISPLAY={self.session.display}", "LANG=C.UTF-8", "TZ=Asia/Tokyo", "tickwell"))

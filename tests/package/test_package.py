@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""The package: what is in it, and what a new user meets who starts the program out of it."""
+"""The package: its contents, and the first start by a new user from it."""
 
 import gzip
 import os
@@ -59,7 +59,7 @@ class Contents(unittest.TestCase):
 
     def test_it_brings_what_it_does_not_name_in_its_binaries(self):
         depends = field(package, "Depends")
-        self.assertRegex(depends, r"\blibsdl2-2\.0-0\b")  # loaded with the first sound
+        self.assertRegex(depends, r"\blibsdl2-2\.0-0\b")  # loaded at the first sound
         self.assertRegex(depends, r"\bfonts-monapo\b")
 
     def test_the_manual_pages_are_set_without_a_warning(self):
@@ -87,14 +87,14 @@ class Contents(unittest.TestCase):
         self.assertEqual(sizes, {"scalable", *(f"{size}x{size}" for size in (16, 22, 24, 32, 48, 64, 128, 256))})
 
     def test_nothing_runs_when_it_comes_or_goes(self):
-        """So that no removal can reach what is the user's."""
+        """Without scripts no removal can touch user data."""
         control = Path(work.name, "control")
         run("dpkg-deb", "--control", package, control)
         self.assertEqual(sorted(os.listdir(control)), ["control", "md5sums"])
 
 
 class FirstStart(TickwellCase):
-    """As a user who has never seen the program, with a CD in the drive."""
+    """A user's first start of the program, with a CD in the drive."""
 
     def setUp(self):
         super().setUp()
@@ -119,7 +119,7 @@ class FirstStart(TickwellCase):
         self.assertEqual(self.app.program.output(), "")
 
     def kept(self):
-        """The user's files with what is in them."""
+        """The user's files with their contents."""
         files = [path for path in self.session.home.rglob("*") if path.is_file() and {"tickwell", "TKW2"} & set(path.parts)]
         return {path: path.read_bytes() for path in files}
 
@@ -130,7 +130,7 @@ class FirstStart(TickwellCase):
         self.assertLessEqual(set(MASTERS), set(os.listdir(self.data)))
         for name in set(MASTERS) - {"DayDate.mdb"}:
             self.assertEqual((self.data / name).read_bytes(), (self.root / "usr/share/tickwell" / name).read_bytes())
-        self.choose("CDﾌﾟﾚｰﾔｰ")  # what reads discs is installed elsewhere than the program
+        self.choose("CDﾌﾟﾚｰﾔｰ")  # the helper that reads discs is in another folder than the program
         wait_lines(self.app, upper="全トラック数 3")
         self.end()
 

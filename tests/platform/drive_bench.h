@@ -9,14 +9,14 @@
 
 namespace tickwell {
 
-inline constexpr int kDrivePatience = 60'000;  // ms; a test that passes never waits it out
-inline constexpr int kQuick = 10;              // times faster than real
+inline constexpr int kDrivePatience = 60'000;  // ms; only a failing test waits this long
+inline constexpr int kQuick = 10;              // times faster than real time
 
 inline QString HelperPath() {
     return QStringLiteral(TICKWELL_CD_HELPER);
 }
 
-/// Real time that passes faster.
+/// Real time, sped up.
 class QuickTimers : public TimerSource {
 public:
     explicit QuickTimers(int speed) : m_speed(speed) {}
@@ -32,14 +32,14 @@ private:
     QtTimers m_timers;
 };
 
-/// A drive as the program has it, with the real helper. Sound is what the output has taken.
+/// The program's drive with the real helper. `sound` is what the output has played.
 struct DriveBench {
     explicit DriveBench(const QString& source, const QString& helper = HelperPath(), int speed = 1)
         : timers(speed), drive(timers, output, helper, source) {
         drive.WhenChanged([this] { ++changes; });
     }
 
-    /// What a look shows; Failed where none ends in time.
+    /// The result of a look; Failed if it does not end in time.
     CdSeen Look() {
         drive.Look();
         const bool isSeen = QTest::qWaitFor([&] { return !drive.IsLooking(); }, kDrivePatience);
@@ -49,13 +49,13 @@ struct DriveBench {
     CdSeen Seen() const { return {drive.Picture().status, drive.Picture().contents}; }
     CdMode Mode() const { return drive.Picture().mode; }
 
-    /// Plays the sectors `from` to `to` - 1 as fast as they come; all that sounded meanwhile.
+    /// Plays the sectors `from` to `to` - 1 as fast as they arrive and returns all that was played.
     QByteArray PlayAll(int from, int to) {
         sound.clear();
         return drive.Play(from * kFramesPerSector, to) ? PlayRest() : QByteArray();
     }
 
-    /// Lets all sound until it stops by itself.
+    /// Plays until playback ends and returns all that was played.
     QByteArray PlayRest() {
         constexpr qint64 kMuch = 1'000'000;  // frames
         const bool ended = QTest::qWaitFor(
@@ -67,7 +67,7 @@ struct DriveBench {
         return ended ? sound : QByteArray("it did not end");
     }
 
-    /// Lets so many frames sound, as far as they wait.
+    /// Plays this many frames, or as many as are waiting.
     void Sound(qint64 frames) {
         for (const auto& device : output.Devices()) {
             device->sounded.clear();
@@ -79,7 +79,7 @@ struct DriveBench {
         }
     }
 
-    /// Waits until a stretch has begun to sound.
+    /// Waits until the first sound of a range was played.
     bool WaitForSound() {
         return QTest::qWaitFor([&] { return Mode() == CdMode::Playing; }, kDrivePatience);
     }
@@ -88,7 +88,7 @@ struct DriveBench {
     FakeSoundOutput output;
     CdHelperDrive drive;
     int changes = 0;
-    QByteArray sound;  // that has sounded since it was cleared
+    QByteArray sound;  // played since it was last cleared
 };
 
 }  // namespace tickwell

@@ -18,7 +18,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// A user's folder that does not exist yet, and two of the system's.
+/// A user folder that does not exist yet, and two system folders.
 struct Bench {
     QTemporaryDir dir;
     QString user = dir.filePath(u"home/.config/autostart"_s);
@@ -41,7 +41,7 @@ struct Bench {
     }
 };
 
-/// 0 when it was refused with the name of the file, as it should.
+/// 0 if it is refused with the name of the file, as expected.
 int Refused(const Bench& bench, bool on) {
     try {
         bench.File().Set(on);
@@ -53,7 +53,7 @@ int Refused(const Bench& bench, bool on) {
 
 }  // namespace
 
-/// The entry that a desktop starts at the login.
+/// The entry that a desktop starts at login.
 class TstAutostartFile : public QObject {
     Q_OBJECT
 
@@ -254,7 +254,7 @@ void TstAutostartFile::AnEntryHiddenByADeviceIsReplacedAndNotTheDevice() {
     const Bench bench;
     QVERIFY(QDir().mkpath(bench.user));
     const QByteArray device = QFile::encodeName(bench.dir.filePath(u"device"_s));
-    QCOMPARE(mkfifo(device.constData(), 0600), 0);  // stands for /dev/null, which root could replace
+    QCOMPARE(mkfifo(device.constData(), 0600), 0);  // in place of /dev/null, which root could replace
     QVERIFY(QFile::link(bench.dir.filePath(u"device"_s), bench.user + u"/tickwell.desktop"));
     WriteAll(bench.user + u"/.tickwell.desktop.unfinished-abcdef", "[Desk");
     bench.File().Set(true);

@@ -16,7 +16,7 @@ CdSeen Disc(const CdContents& contents) {
 
 }  // namespace
 
-/// What is made of the helper's words.
+/// Parsing of the helper's output.
 class TstCdAnswer : public QObject {
     Q_OBJECT
 

@@ -15,8 +15,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// AddressSanitizer reserves terabytes of address space; it has a limit of its own, set where the helper
-// starts.
+// AddressSanitizer reserves terabytes of address space; its own memory limit is set where the helper is
+// started.
 #ifdef __SANITIZE_ADDRESS__
 const QString kMemoryLimit = u"--data=unlimited"_s;
 #else
@@ -24,18 +24,18 @@ const QString kMemoryLimit = u"--data=100000000"_s;
 #endif
 
 constexpr quint32 kSeed = 0xD15C;
-constexpr int kDamages = 120;    // of each kind of image
+constexpr int kDamages = 120;    // per kind of image
 constexpr int kMostPlayed = 60;  // sectors
 constexpr int kMostSectors = 100 * 60 * 75;
 constexpr int kPatience =
-    250'000;  // ms; the helper takes three seconds of the processor, however it has to share it
+    250'000;  // ms; the helper may use three seconds of CPU time, however slowly it gets them
 constexpr auto kEndlessChunks =
     "RVRO///////////////////////////////////////////////////////////////////////j4+Pj4+Pj4+Pj4+P/////"
     "////////////////////////////////////////////////////////////////////////////////////////////////"
     "/////0YAAAAUTU9UT1JPTEEAAPrBX///AAAAAOwARU5EIUAAAAAATkVSTwAGPqA=";
 
-/// What a disk, a copy or a hand does to a file; in its last bytes, where images keep their contents, more
-/// often.
+/// Simulates damage by a disk, a copy or a user; more often in the last bytes, where images store their
+/// contents.
 QByteArray Damaged(QByteArray bytes, QRandomGenerator& random) {
     const auto size = static_cast<quint32>(bytes.size());
     const auto place = [&] {
@@ -71,7 +71,7 @@ bool IsTrustworthy(const CdContents& contents) {
 
 }  // namespace
 
-/// Damaged images: the helper may die of them, the program does not.
+/// Damaged images may crash the helper, but not the program.
 class TstCdDamage : public QObject {
     Q_OBJECT
 
@@ -86,8 +86,7 @@ private Q_SLOTS:
     void WhatIsNoImageFileIsNotRead();
 };
 
-/// Where the helper is built with sanitizers its deaths are told at length, and what the library forgets to
-/// free is one of them.
+/// A helper built with sanitizers reports its crashes at length, and also memory that libcdio does not free.
 void TstCdDamage::initTestCase() {
     qputenv("ASAN_OPTIONS", qgetenv("ASAN_OPTIONS") + ":detect_leaks=0:log_path=/dev/null");
 }
@@ -126,7 +125,7 @@ void TstCdDamage::DamagedImagesArePlayedOrRefused() {
     QVERIFY(discs > 0 && discs < kDamages);
 }
 
-/// Found by the fuzzer: chunks whose lengths lead the library that reads images back to where it came from.
+/// Found by the fuzzer: chunk lengths that make libcdio read the same chunks in a loop.
 void TstCdDamage::AnImageWithoutEndEndsTheHelper() {
     const QTemporaryDir folder;
     const QByteArray front((150 + 24) * 2352, '\0');
@@ -156,7 +155,7 @@ void TstCdDamage::NoiseIsRefused() {
         for (char& byte : noise) {
             byte = static_cast<char>(random.bounded(256));
         }
-        if (extension == u"nrg") {  // the mark of such a file, and nonsense before it
+        if (extension == u"nrg") {  // the signature of such a file, after random bytes
             noise += "NER5" + QByteArray(6, '\0') + static_cast<char>(random.bounded(16)) + '\7';
         }
         const QString path = folder.filePath(u"noise."_s + extension);
@@ -168,7 +167,7 @@ void TstCdDamage::NoiseIsRefused() {
 
 void TstCdDamage::WhatIsNoImageFileIsNotRead_data() {
     QTest::addColumn<QString>("opened");
-    QTest::addColumn<QString>("odd");     // the file that is none
+    QTest::addColumn<QString>("odd");     // the file that is not regular
     QTest::addColumn<QString>("target");  // of a link; empty for a pipe
     for (const char* opened : {"cue.cue", "cue.bin", "toc.toc", "nrg.nrg"}) {
         const QString name = QString::fromLatin1(opened);
@@ -181,7 +180,7 @@ void TstCdDamage::WhatIsNoImageFileIsNotRead_data() {
     QTest::newRow("a table of a gigabyte") << u"toc.toc"_s << u"toc.toc"_s << u"large"_s;
 }
 
-/// Of a pipe the helper would wait for ever, of the others it would take all memory that there is.
+/// With a pipe the helper would block forever; with the others it would use up all memory.
 void TstCdDamage::WhatIsNoImageFileIsNotRead() {
     QFETCH(QString, opened);
     QFETCH(QString, odd);

@@ -22,7 +22,7 @@ constexpr int kBadSector = 400;
 
 }  // namespace
 
-/// A real drive, as the kernel shows it: the helper runs with a library that plays the kernel's part.
+/// A real drive as seen by the helper, which runs with a library that simulates the kernel.
 class TstCdFakeDrive : public QObject {
     Q_OBJECT
 
@@ -84,7 +84,7 @@ void TstCdFakeDrive::PutIn(const TestDisc& disc) {
         words += disc.tracks[i].hertz > 0 ? " a" : " d";
         words += QByteArray::number(disc.starts[i]);
     }
-    // A new file in the place of the old one, as a disc takes the place of another.
+    // Replaces the file by a new one, as a disc is replaced by another.
     WriteAll(InFolder(u"next"_s), words + " L" + QByteArray::number(disc.end) + '\n');
     QCOMPARE(std::rename(qPrintable(InFolder(u"next"_s)), qPrintable(InFolder(u"disc"_s))), 0);
 }
@@ -122,7 +122,7 @@ void TstCdFakeDrive::ADiscPutInLaterIsFound() {
     PutIn(m_tones);
     QVERIFY(bench.Look() == kTonesSeen);
     TakeOut();
-    QVERIFY(bench.Seen() == kTonesSeen);  // nobody has looked
+    QVERIFY(bench.Seen() == kTonesSeen);  // no look was started
     QCOMPARE(bench.Look().status, CdStatus::NoDisc);
     QCOMPARE(bench.changes, 3);
 }
@@ -178,7 +178,7 @@ void TstCdFakeDrive::OneBadSectorIsSilentAlone() {
     QVERIFY(!bench.drive.Picture().readError);
 }
 
-/// The drive needs 100 ms a reading: a disc must come faster than it is played, bad sector and all.
+/// The drive needs 100 ms per read: a disc must be read faster than it is played, even with a bad sector.
 void TstCdFakeDrive::ASlowDriveKeepsUp() {
     constexpr qint64 kPlayingTime = 931 * 1000 / 75;  // ms
     PutIn(m_tones);

@@ -20,7 +20,7 @@ const CdSeen kFailed{CdStatus::Failed, {}};
 
 const QByteArray kTrackLine = "  TRACK 01 AUDIO\n    INDEX 01 00:00:00\n";
 
-/// What stands in a folder, and what of it is opened.
+/// A file to create and open.
 struct Sheet {
     QString name;
     QByteArray text;
@@ -28,7 +28,7 @@ struct Sheet {
 
 }  // namespace
 
-/// Images of discs, through the helper.
+/// Disc images, read by the helper.
 class TstCdImages : public QObject {
     Q_OBJECT
 
@@ -84,7 +84,7 @@ void TstCdImages::EachKindOfImageIsReadToTheSample() {
     QFETCH(QString, name);
     DriveBench bench(InFolder(name));
     QVERIFY(bench.drive.Exists());
-    QVERIFY(bench.Seen() == kNotReady);  // nobody has looked yet
+    QVERIFY(bench.Seen() == kNotReady);  // no look was started
     QVERIFY(bench.Look() == kTonesSeen);
     QVERIFY(bench.PlayAll(0, 931) == m_tones.bytes);
     QVERIFY(bench.Seen() == kTonesSeen);
@@ -114,7 +114,7 @@ void TstCdImages::DataMakesNoSound() {
     DriveBench bench(InFolder(u"mixed.cue"_s));
     QVERIFY(bench.Look() == kMixedSeen);
     QVERIFY(m_mixed.bytes.contains("DATA0"));
-    QVERIFY(bench.PlayAll(0, 900) == m_mixed.Sound(450, 900));  // jumped over
+    QVERIFY(bench.PlayAll(0, 900) == m_mixed.Sound(450, 900));  // the data track is skipped
     QVERIFY(bench.PlayAll(445, 700) == m_mixed.Sound(450, 700));
     QVERIFY(bench.PlayAll(0, 450).isEmpty());
     QCOMPARE(bench.drive.Picture().position, 450 * kFramesPerSector);
@@ -235,7 +235,7 @@ void TstCdImages::AnImageThatEndsTooEarlyIsFilledWithSilence() {
     WriteCueImage(m_tones, Folder(), u"short"_s);
     DriveBench bench(InFolder(u"short.cue"_s));
     QVERIFY(bench.Look() == kTonesSeen);
-    // The file is cut while the helper reads it: it waits with a full pipe until there is room in the queue.
+    // Truncates the file while the helper reads it: it blocks on a full pipe until the queue has room.
     QVERIFY(bench.drive.Play(0, 931));
     QVERIFY(bench.WaitForSound());
     QVERIFY(QFile::resize(InFolder(u"short.bin"_s), kThere * kTestSectorBytes));
@@ -265,7 +265,7 @@ void TstCdImages::WithoutAHelperTheDriveHasFailed() {
     QVERIFY(bench.Look() == kFailed);
 }
 
-/// Root may read everything, so the helper runs as somebody else there.
+/// Root may read everything, so the helper runs as another user then.
 void TstCdImages::AnImageThatMayNotBeReadHasFailed() {
     const QString helper = InFolder(u"somebody"_s);
     const QByteArray somebody =
@@ -288,9 +288,9 @@ void TstCdImages::AHelperThatSaysNothingIsADiscThatIsNotReady() {
     QVERIFY(DriveBench(InFolder(u"tones.cue"_s), u"/bin/true"_s).Look() == kNotReady);
 }
 
-/// It would be found ready again at once, and die again as soon as it is played.
+/// Otherwise it would be found ready at once, and crash the helper again as soon as it is played.
 void TstCdImages::ADiscThatTheHelperDiesOfStaysNotReady() {
-    const QString helper = InFolder(u"mortal"_s);  // looks well, and dies of reading
+    const QString helper = InFolder(u"mortal"_s);  // answers "look", and crashes on "read"
     WriteAll(helper, "#!/bin/sh\n[ \"$1\" = look ] && exec " TICKWELL_CD_HELPER " \"$@\"\nkill -SEGV $$\n");
     QVERIFY(QFile::setPermissions(helper, QFile::ReadOwner | QFile::ExeOwner));
     WriteCueImage(m_tones, Folder(), u"deadly"_s);

@@ -21,7 +21,7 @@ QByteArray Frames(const TestDisc& disc, qint64 from, qint64 count) {
 
 }  // namespace
 
-/// How a disc is played: from the image of three tones, with an output that a test lets sound by hand.
+/// Playing a disc: an image of three tones, with an output that the test controls.
 class TstCdPlaying : public QObject {
     Q_OBJECT
 
@@ -55,7 +55,7 @@ private:
     bool WaitForWaiting(qint64 frames) {
         return WaitFor([&] { return Device().waiting >= frames; });
     }
-    /// Plays from a frame to the end of the disc, until it sounds.
+    /// Plays from a frame to the end of the disc, and waits until sound is played.
     void Play(qint64 from = 0) {
         QVERIFY(m_bench->drive.Play(from, m_disc.end));
         QVERIFY(m_bench->WaitForSound());
@@ -88,7 +88,7 @@ void TstCdPlaying::SoundBeginsWhenThereIsEnoughOfIt() {
     QVERIFY(m_bench->WaitForSound());
     QVERIFY(!Device().held);
     QVERIFY(Device().waiting >= kSecond * 2 / 5);
-    // Where all that waits has sounded before more is read it waits for enough again.
+    // After the queue has run empty, playback waits until enough is queued again.
     QVERIFY(m_bench->drive.Play(0, 10));  // less than that: all of it is enough
     QVERIFY(m_bench->WaitForSound());
     QCOMPARE(Device().waiting, 10 * kFramesPerSector);
@@ -131,7 +131,7 @@ void TstCdPlaying::APauseKeepsEveryFrame() {
         m_bench->drive.Pause();
         QCOMPARE(Picture().mode, CdMode::Paused);
         const qint64 position = Picture().position;
-        m_bench->Sound(9999);  // held: nothing of it sounds
+        m_bench->Sound(9999);  // held, so nothing is played
         QCOMPARE(Picture().position, position);
         QVERIFY(m_bench->drive.GoOn(m_disc.end));
         QCOMPARE(Picture().mode, CdMode::Playing);
@@ -221,7 +221,7 @@ void TstCdPlaying::PausingWhatDoesNotPlayDoesNothing() {
     QVERIFY(m_bench->drive.Play(0, m_disc.end));
     m_bench->drive.Pause();  // before the first sound
     QCOMPARE(Picture().mode, CdMode::Paused);
-    QVERIFY(WaitForWaiting(3 * kSecond));  // it reads on meanwhile
+    QVERIFY(WaitForWaiting(3 * kSecond));  // reading continues meanwhile
     QVERIFY(Device().held);
     QVERIFY(m_bench->drive.GoOn(m_disc.end));
     QCOMPARE(Picture().mode, CdMode::Playing);
@@ -229,7 +229,7 @@ void TstCdPlaying::PausingWhatDoesNotPlayDoesNothing() {
 
 void TstCdPlaying::TheDeviceIsClosedALittleAfterTheEnd() {
     QVERIFY(m_bench->PlayAll(900, 931) == m_disc.Sound(900, 931));
-    QCOMPARE(m_bench->output.OpenDevices(), 1);  // the server still sounds
+    QCOMPARE(m_bench->output.OpenDevices(), 1);  // the sound server still plays its buffer
     QElapsedTimer clock;
     clock.start();
     QVERIFY(WaitFor([&] { return m_bench->output.OpenDevices() == 0; }));

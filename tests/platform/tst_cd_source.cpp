@@ -8,7 +8,7 @@
 using namespace tickwell;
 using namespace Qt::StringLiterals;
 
-/// Where discs are read.
+/// Where discs are read from.
 class TstCdSource : public QObject {
     Q_OBJECT
 

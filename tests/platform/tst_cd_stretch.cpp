@@ -19,7 +19,7 @@ constexpr qint64 Frames(qint64 sectors) {
 
 }  // namespace
 
-/// What sounds of a disc, and where it is when so much of it has sounded.
+/// The audio of a range of a disc, and positions while it is played.
 class TstCdStretch : public QObject {
     Q_OBJECT
 

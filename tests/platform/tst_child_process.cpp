@@ -19,14 +19,14 @@ namespace {
 
 struct Ended {
     QByteArray output;
-    int code = -2;  ///< as ChildProcess::ExitCode gives it; -2 where it did not end
+    int code = -2;  ///< as returned by ChildProcess::ExitCode; -2 if it did not exit
 };
 
 QStringList Script(const QString& text) {
     return {u"-c"_s, text};
 }
 
-/// Takes a child's output and its end.
+/// Reads a child's output and exit code.
 Ended WaitFor(ChildProcess& child) {
     Ended ended;
     const bool hasEnded = QTest::qWaitFor(
@@ -46,7 +46,7 @@ bool HasChildren() {
 
 }  // namespace
 
-/// Programs that we start and read without waiting.
+/// Programs that are started and read without blocking.
 class TstChildProcess : public QObject {
     Q_OBJECT
 
@@ -70,7 +70,7 @@ private Q_SLOTS:
 };
 
 void TstChildProcess::cleanup() {
-    QVERIFY(!HasChildren());  // whatever a test does, no zombie is left
+    QVERIFY(!HasChildren());  // no test may leave a zombie
 }
 
 void TstChildProcess::ProgramsEnd_data() {
@@ -130,7 +130,7 @@ void TstChildProcess::NoMoreIsReadThanAskedFor() {
         return first.size() == 4;
     }));
     QCOMPARE(first, QByteArray("1234"));
-    QVERIFY(!child.ExitCode());  // there is more to be read
+    QVERIFY(!child.ExitCode());  // more output is to be read
     QCOMPARE(WaitFor(child).output, QByteArray("56789"));
 }
 
@@ -221,7 +221,7 @@ void TstChildProcess::ASecondStartEndsTheFirstChild() {
 }
 
 void TstChildProcess::ChildrenGetNoFilesOfOurs() {
-    const int ours = dup(STDERR_FILENO);  // not closed by an exec
+    const int ours = dup(STDERR_FILENO);  // not closed by exec
     QVERIFY(ours > STDERR_FILENO);
     ChildReaper reaper;
     ChildProcess child(reaper);

@@ -28,7 +28,7 @@ DesktopPrograms Programs() {
     return DesktopPrograms({022, kEnvironment});
 }
 
-/// Writes down what it has from who started it, and says that it is done by a rename.
+/// Writes down what it inherited, and signals completion by a rename.
 const QByteArray kLegacy =
     "#!/bin/sh\n"
     "{ grep -E '^(SigBlk|SigIgn|PPid|NSsid):' /proc/self/status; umask; "
@@ -36,7 +36,7 @@ const QByteArray kLegacy =
     "\"$0.unfinished\"\n"
     "mv \"$0.unfinished\" \"$0.seen\"\n";
 
-/// Writes down its folder and each of its arguments, and says that it is done by a rename.
+/// Writes down its folder and its arguments, and signals completion by a rename.
 const QByteArray kScript =
     "#!/bin/sh\n"
     "{ pwd; for each in \"$@\"; do printf '%s\\n' \"<$each>\"; done; } > \"$0.unfinished\"\n"
@@ -52,7 +52,7 @@ void WriteScript(const QString& path, QFile::Permissions permissions = kRunnable
 
 }  // namespace
 
-/// Other programs, started for real.
+/// Programs that are really started.
 class TstDesktopPrograms : public QObject {
     Q_OBJECT
 
@@ -95,7 +95,7 @@ void TstDesktopPrograms::AProgramSeesItsArgumentsAndItsFolder() {
     QCOMPARE(QString::fromUtf8(ReadAll(tool + u".seen")), expected);
 }
 
-/// Everything that could be handed down is set otherwise than a program expects it.
+/// Everything that can be inherited is set to unusual values.
 void TstDesktopPrograms::AProgramInheritsWhatItShallAlone() {
     const QTemporaryDir dir;
     const QString tool = dir.filePath(u"KT01.exe"_s);
@@ -150,7 +150,7 @@ void TstDesktopPrograms::AProgramIsNoChild() {
     QVERIFY(Programs().Start(tool, {}, dir.path()));
     QTRY_VERIFY(QFileInfo::exists(tool + u".seen"));
     QVERIFY(ReadAll(tool + u".seen").trimmed() != QByteArray::number(getpid()));
-    QCOMPARE(waitpid(-1, nullptr, WNOHANG), -1);  // no child is left, dead or alive
+    QCOMPARE(waitpid(-1, nullptr, WNOHANG), -1);  // no child is left, running or zombie
     QCOMPARE(errno, ECHILD);
 }
 

@@ -15,14 +15,14 @@ Q_DECLARE_METATYPE(tickwell::FileLock::Outcome)
 
 namespace {
 
-/// What another process meets that tries to take it.
+/// The outcome when another process tries to take the lock.
 FileLock::Outcome TakenElsewhere(const QString& path) {
     return static_cast<FileLock::Outcome>(InChild([&] { return static_cast<int>(FileLock(path).Take()); }));
 }
 
 }  // namespace
 
-/// One holder at a time, whatever becomes of it.
+/// Only one process holds the lock, however it ends.
 class TstFileLock : public QObject {
     Q_OBJECT
 
@@ -77,7 +77,7 @@ void TstFileLock::WhoDoesNotHoldItLeavesTheFile() {
 
 void TstFileLock::ADeadHolderHoldsNothing() {
     QCOMPARE(InChild([&] {
-                 auto* lock = new FileLock(Path());  // never destroyed, as in a process that is killed
+                 auto* lock = new FileLock(Path());  // never destroyed, as in a killed process
                  return static_cast<int>(lock->Take());
              }),
              static_cast<int>(FileLock::Outcome::Taken));

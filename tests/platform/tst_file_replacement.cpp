@@ -30,7 +30,7 @@ QStringList Listing(const QString& folder) {
 
 }  // namespace
 
-/// Files that are replaced as a whole, and what a kill leaves of that.
+/// Files that are replaced completely, and what is left if that is killed.
 class TstFileReplacement : public QObject {
     Q_OBJECT
 
@@ -152,7 +152,7 @@ void TstFileReplacement::ALeftoverIsRemoved() {
     RemoveUnfinished(Path());
     QCOMPARE(Listing(m_dir->path()), QStringList{u"TKW2.ini"_s});
     QCOMPARE(ReadAll(Path()), "mine"_ba);
-    // The name that the test has just used is the one that is really given.
+    // The name used by this test matches the names that are really used.
     QTemporaryFile real(UnfinishedTemplate(Path()));
     QVERIFY(real.open());
     QVERIFY(QFile::exists(real.fileName()));

@@ -12,7 +12,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// What the window system has of a window; nothing where the window keeps no picture.
+/// The picture that the platform plugin keeps of a window; null if it keeps none.
 QImage PictureOf(const QWidget& window) {
     QBackingStore* store = window.backingStore();
     const auto* picture = store != nullptr ? dynamic_cast<const QImage*>(store->paintDevice()) : nullptr;
@@ -21,7 +21,7 @@ QImage PictureOf(const QWidget& window) {
 
 }  // namespace
 
-/// What windows leave behind.
+/// Memory that windows leave behind.
 class TstFreedMemory : public QObject {
     Q_OBJECT
 
@@ -34,7 +34,7 @@ private Q_SLOTS:
 
 private:
     std::unique_ptr<QLabel> m_window;
-    QImage m_picture;  // of the window when it was shown
+    QImage m_picture;  // of the window as first shown
 };
 
 void TstFreedMemory::init() {

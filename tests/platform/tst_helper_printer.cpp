@@ -12,11 +12,11 @@ using namespace Qt::StringLiterals;
 namespace {
 
 const QString kDied = u"印刷プログラムが途中で終了したため、印刷できませんでした。"_s;
-constexpr int kLimit = 60'000;  // ms of real time for what another process does
+constexpr int kLimit = 60'000;  // ms of real time for another process
 
 const PrintJob kJob{u"ストップウォッチ"_s, {u"一行目"_s, QString(), u"三行目"_s}};
 
-/// A printer whose helper is a script. Time stands still unless the test turns it.
+/// A printer whose helper is a script. Time advances only when the test says so.
 struct Bench {
     explicit Bench(const QByteArray& script) {
         WriteAll(Path(), "#!/bin/sh\ncd '" + dir.path().toUtf8() + "'\n" + script + '\n');
@@ -25,7 +25,7 @@ struct Bench {
 
     ~Bench() {
         if (printer) {
-            printer->Cancel();  // a helper that sleeps would outlive a test that fails
+            printer->Cancel();  // a sleeping helper would outlive a failed test
         }
     }
     Bench(const Bench&) = delete;
@@ -38,7 +38,7 @@ struct Bench {
         printer->Print(kJob, [this](const PrintNews& told) { news.append(told); });
     }
 
-    /// Lets the printer look at its helpers until it has reported so often, Delayed not counted.
+    /// Lets the printer poll its helpers until it has sent this many reports, not counting Delayed.
     bool WaitForNews(qsizetype count) {
         return QTest::qWaitFor(
             [&] {
@@ -49,7 +49,7 @@ struct Bench {
             kLimit);
     }
 
-    /// The same until it has no helper any more.
+    /// Lets the printer poll until it has no helper left.
     bool WaitForRest() {
         return QTest::qWaitFor(
             [&] {
@@ -68,7 +68,7 @@ struct Bench {
 
 }  // namespace
 
-/// Printing by way of a helper program.
+/// Printing through a helper program.
 class TstHelperPrinter : public QObject {
     Q_OBJECT
 

@@ -18,7 +18,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// 0 when saving gave an error, as it should where the disk or the rights refuse it.
+/// 0 if saving failed, as expected if the disk or the permissions refuse it.
 int SaveFails(const QString& path) {
     try {
         IniFileStore store(path);
@@ -31,7 +31,7 @@ int SaveFails(const QString& path) {
     }
 }
 
-/// Settings as a user's file holds them, with much that the program does not know.
+/// A user's settings file with many entries that the program does not know.
 QByteArray UsersFile() {
     return "# my file\n[SetUp]\nOp_Speed=30\nA_Font=ＭＳ Ｐゴシック\nFuture=1\n\n[Wape]\nTime=12\n[Notes]\nx=y\nno key\n"_ba;
 }
@@ -131,7 +131,7 @@ void TstIniFileStore::AFileCutAtEveryByteLoadsOrIsRefused() {
             LoadWindowGeometry(store, settings, geometry);
             ++loaded;
         } catch (const SettingsError&) {
-            // for instance "Op_Speed=" with its number cut off
+            // For instance "Op_Speed=" with its number cut off.
         }
         QCOMPARE(ReadAll(path), bytes.first(size));
     }
@@ -178,7 +178,7 @@ void TstIniFileStore::AFullDiskKeepsTheOldFile() {
     const QString path = dir.filePath(u"TKW2.ini"_s);
     WriteAll(path, UsersFile());
     QCOMPARE(InChild([&] {
-                 std::signal(SIGXFSZ, SIG_IGN);  // the write then fails as on a full disk
+                 std::signal(SIGXFSZ, SIG_IGN);  // makes the write fail as on a full disk
                  const rlimit limit{40, 40};
                  return setrlimit(RLIMIT_FSIZE, &limit) == 0 ? SaveFails(path) : 2;
              }),
@@ -196,7 +196,7 @@ void TstIniFileStore::AReadOnlyFolderKeepsTheOldFile() {
                                   QFile::ReadOwner | QFile::ExeOwner | QFile::ReadOther | QFile::ExeOther));
     const int result = InChild([&] {
         if (geteuid() == 0 && (setgroups(0, nullptr) != 0 || setgid(65534) != 0 ||
-                               setuid(65534) != 0)) {  // root is refused nothing
+                               setuid(65534) != 0)) {  // root may write everything
             return 2;
         }
         return SaveFails(path);
@@ -246,7 +246,7 @@ void TstIniFileStore::ALinkedFileStaysALink() {
 
 void TstIniFileStore::WhatIsNoSettingsFileIsNamedAndStays_data() {
     QTest::addColumn<QString>("target");  // of a link; empty for a pipe
-    QTest::addColumn<qint64>("size");     // of that target, if it is made
+    QTest::addColumn<qint64>("size");     // of the target, if it is created
     QTest::addColumn<QString>("reason");
     const QString other = u"通常のファイルではありません。"_s;
     const QString large = u"ファイルが大きすぎます（1024 KiBまで）。"_s;

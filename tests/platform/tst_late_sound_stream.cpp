@@ -10,7 +10,7 @@ namespace {
 
 constexpr SoundFormat kFormat{44100, 2};
 
-/// A stream whose device comes when the test says so, or does not come.
+/// A stream whose device opens or fails when the test says so.
 struct Bench {
     enum class State { Opening, There, Failed };
 

@@ -10,7 +10,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// The kernel's files: name of a supply to its files and what stands in them.
+/// The kernel's files: name of a supply to its file names and their contents.
 using Supply = QMap<QString, QByteArray>;
 using Supplies = QMap<QString, Supply>;
 
@@ -18,7 +18,7 @@ Supply MainsSupply(const QByteArray& online) {
     return {{u"type"_s, "Mains\n"_ba}, {u"online"_s, online}};
 }
 
-/// A battery of 50 Wh that holds so many and gives off 20 W.
+/// A 50 Wh battery with this charge, discharged at 20 W.
 Supply BatterySupply(const QByteArray& wattHours) {
     return {{u"type"_s, "Battery\n"_ba},
             {u"present"_s, "1\n"_ba},
@@ -37,7 +37,7 @@ const PowerReading kUnknown{};
 
 }  // namespace
 
-/// The battery, from the kernel's files.
+/// The battery state from the kernel's files.
 class TstPowerSupplies : public QObject {
     Q_OBJECT
 
@@ -62,7 +62,7 @@ void TstPowerSupplies::SuppliesAreRead_data() {
     row("a machine on mains without a battery", {{u"AC"_s, MainsSupply("1\n")}}, kOnMains);
     row("a battery that is being charged", {{u"AC"_s, MainsSupply("1\n")}, {u"BAT0"_s, BatterySupply("40")}},
         kOnMains);
-    // 40 of 50 Wh; 40 Wh at 20 W last two hours.
+    // 40 of 50 Wh; at 20 W they last two hours.
     row("on battery", {{u"AC"_s, MainsSupply("0\n")}, {u"BAT0"_s, BatterySupply("40")}},
         {Mains::Off, 80, 7200});
     row("a battery alone", {{u"BAT0"_s, BatterySupply("40")}}, {Mains::Off, 80, 7200});

@@ -6,7 +6,7 @@
 using namespace tickwell;
 using namespace Qt::StringLiterals;
 
-/// What tickwell-print writes, as the user reads it.
+/// The output of tickwell-print as shown to the user.
 class TstPrintAnswer : public QObject {
     Q_OBJECT
 

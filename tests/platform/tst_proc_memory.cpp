@@ -8,7 +8,7 @@
 using namespace tickwell;
 using namespace Qt::StringLiterals;
 
-/// The memory load, from what the kernel says.
+/// The memory load, from the kernel's figures.
 class TstProcMemory : public QObject {
     Q_OBJECT
 
@@ -21,7 +21,7 @@ private Q_SLOTS:
 
 void TstProcMemory::LoadsAreRead_data() {
     QTest::addColumn<QByteArray>("text");
-    QTest::addColumn<int>("load");  // -1: not known
+    QTest::addColumn<int>("load");  // -1: unknown
     QTest::newRow("45 percent")
         << "MemTotal:       1000 kB\nMemFree:         100 kB\nMemAvailable:    550 kB\n"_ba << 45;
     QTest::newRow("truncated, not rounded") << "MemTotal: 1000 kB\nMemAvailable: 541 kB\n"_ba << 45;

@@ -46,7 +46,7 @@ void TstQtEventWait::AWaitMayLieInAnother() {
 void TstQtEventWait::TheEndOfTheProgramEndsIt() {
     QTimer::singleShot(0, [] { QCoreApplication::quit(); });
     bool isOver = false;
-    // Inside the program's own loop, as always outside of tests.
+    // Inside the program's event loop, as it always is outside of tests.
     QTimer::singleShot(0, [&] {
         QtEventWait().Until([] { return false; });
         isOver = true;

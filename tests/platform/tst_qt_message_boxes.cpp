@@ -20,7 +20,7 @@ namespace {
 
 const Message kQuestion{MessageIcon::Question, u"印刷"_s, u"<b>一</b>\r\n二"_s};
 
-/// The open box with this title, or null; without a title, any.
+/// The open box with this title, or null; any open box if the title is empty.
 QMessageBox* BoxOnScreen(const QString& title = {}) {
     for (QWidget* widget : QApplication::topLevelWidgets()) {
         auto* box = qobject_cast<QMessageBox*>(widget);
@@ -31,7 +31,7 @@ QMessageBox* BoxOnScreen(const QString& title = {}) {
     return nullptr;
 }
 
-/// A click as the desktop sends it: to the window, which may be blocked.
+/// A click as the desktop delivers it: to the window, which may be blocked.
 void Click(QWidget& control) {
     QTest::mouseClick(control.window()->windowHandle(), Qt::LeftButton, {},
                       control.mapTo(control.window(), control.rect().center()));
@@ -61,7 +61,7 @@ private:
 
 }  // namespace
 
-/// Boxes on the desktop.
+/// Message boxes on the desktop.
 class TstQtMessageBoxes : public QObject {
     Q_OBJECT
 
@@ -103,7 +103,7 @@ void TstQtMessageBoxes::ASecondPressIsTooLate() {
     const QPointer<QMessageBox> box = BoxOnScreen();
     QAbstractButton* ok = box->button(QMessageBox::Ok);
     ok->click();
-    QVERIFY(box != nullptr);  // until the event loop goes on
+    QVERIFY(box != nullptr);  // until the event loop continues
     ok->click();
     QCOMPARE(closed, 1);
 }
@@ -188,7 +188,7 @@ void TstQtMessageBoxes::AWaitCanBeCancelled() {
     int cancelled = 0;
     std::unique_ptr<OpenBox> wait = boxes.ShowWaiting(nullptr, kQuestion, [&] {
         ++cancelled;
-        wait.reset();  // from within the box's own signal
+        wait.reset();  // while the box emits its signal
     });
     const QPointer<QMessageBox> box = BoxOnScreen();
     QVERIFY(box != nullptr);
@@ -220,7 +220,7 @@ void TstQtMessageBoxes::AWaitEndsWithItsBoxWithoutACall() {
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     QVERIFY(box == nullptr);
     QCOMPARE(cancelled, 0);
-    QVERIFY(QAccessible::accessibleInterface(spoken) == nullptr);  // else another box would be taken for it
+    QVERIFY(QAccessible::accessibleInterface(spoken) == nullptr);  // else another box could be taken for it
 }
 
 void TstQtMessageBoxes::AWaitBelongsToItsWindowAndDoesNotBlockIt() {

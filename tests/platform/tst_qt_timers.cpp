@@ -6,7 +6,7 @@
 
 using namespace tickwell;
 
-/// Timers of the event loop. Nothing here is measured by the clock; only order and rest are.
+/// Timers of the event loop. Only order and idleness are tested, no durations.
 class TstQtTimers : public QObject {
     Q_OBJECT
 
@@ -39,7 +39,7 @@ void TstQtTimers::AnIntervalOfZeroIsNotABusyLoop() {
     int ticks = 0;
     const auto timer = timers.Create(0, [&] { ++ticks; });
     timer->Start();
-    // A timer of 0 ms would tick in every turn of the loop.
+    // A timer of 0 ms would tick in every iteration of the loop.
     int turns = 0;
     while (ticks < 3) {
         QCoreApplication::processEvents();

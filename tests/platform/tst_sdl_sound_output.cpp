@@ -24,12 +24,12 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kPatience = 30'000;  // ms; a test that passes never waits it out
+constexpr int kPatience = 30'000;  // ms; only a failing test waits this long
 
-constexpr int kMostWaited = 10'000;  // ms; a device that hangs is given up after one second
+constexpr int kMostWaited = 10'000;  // ms; a hanging device is given up after one second
 constexpr int kPageOfPipe = 4096;
 
-/// None of them is 0, so that they are told from silence.
+/// No sample is 0, so that they differ from silence.
 std::vector<qint16> Ramp(int first, int samples) {
     std::vector<qint16> ramp(static_cast<std::size_t>(samples));
     std::iota(ramp.begin(), ramp.end(), static_cast<qint16>(first));
@@ -46,13 +46,13 @@ std::vector<qint16> WithoutSilence(std::vector<qint16> samples) {
     return samples;
 }
 
-/// That no device comes, neither at once nor later.
+/// Whether no device opens, neither at once nor later.
 bool IsRefused(SdlSoundOutput& output, const SoundFormat& format) {
     const auto stream = output.Open(format);
     return stream == nullptr || QTest::qWaitFor([&] { return stream->IsLost(); }, kPatience);
 }
 
-/// Leaves a stream whose device has come; `meanwhile` is done before each look.
+/// Waits for a stream with an open device; calls `meanwhile` before each check.
 bool WaitUntilOpened(SdlSoundOutput& output, std::unique_ptr<SoundStream>& stream,
                      const std::function<void()>& meanwhile) {
     return QTest::qWaitFor(
@@ -70,7 +70,7 @@ bool WaitUntilTaken(const SoundStream& stream) {
     return QTest::qWaitFor([&] { return stream.FramesWaiting() == 0; }, kPatience);
 }
 
-/// The other end of a pipe that stands for a sound card.
+/// The reading end of a pipe that is used in place of a sound card.
 class Listener {
 public:
     explicit Listener(const QByteArray& path)
@@ -79,7 +79,7 @@ public:
     Listener(const Listener&) = delete;
     Listener& operator=(const Listener&) = delete;
 
-    /// Whether the next buffer would wait.
+    /// Whether writing the next buffer would block.
     bool IsFull() const {
         int waiting = 0;
         return ioctl(m_file, FIONREAD, &waiting) == 0 && waiting > fcntl(m_file, F_GETPIPE_SZ) - kPageOfPipe;
@@ -101,7 +101,7 @@ bool IsHandledByNobody(int signal) {
 
 }  // namespace
 
-/// Sound through SDL, written to a file in the place of a sound card, at its real pace.
+/// Sound through SDL, written to a file in place of a sound card, in real time.
 class TstSdlSoundOutput : public QObject {
     Q_OBJECT
 
@@ -150,19 +150,19 @@ std::vector<qint16> TstSdlSoundOutput::Written() const {
     return samples;
 }
 
-/// Silence aside. The end is written when the device is closed, a moment after its stream.
+/// Ignores silence. The end is written when the device is closed, shortly after its stream.
 bool TstSdlSoundOutput::WaitUntilWritten(const std::vector<qint16>& samples) const {
     return QTest::qWaitFor([&] { return WithoutSilence(Written()) == samples; }, kPatience);
 }
 
-/// In the place of the sound card: it hangs while nobody reads what is written to it. Returns its path.
+/// In place of the sound card: it blocks while nobody reads from it. Returns its path.
 QByteArray TstSdlSoundOutput::MakePipe() const {
     const QByteArray path = m_folder->filePath(u"pipe"_s).toUtf8();
     qputenv("SDL_DISKAUDIOFILE", path);
     return mkfifo(path.constData(), 0600) == 0 ? path : QByteArray();
 }
 
-/// The first test of all: once loaded, it stays.
+/// Must be the first test: once loaded, the library stays loaded.
 void TstSdlSoundOutput::ItsLibraryIsLoadedWithTheFirstSound() {
     const auto isLoaded = [] { return ReadAll(u"/proc/self/maps"_s).contains("libSDL2"); };
     SdlSoundOutput output;
@@ -258,7 +258,7 @@ void TstSdlSoundOutput::ClosingDropsWhatWaitsAndIsQuick() {
         clock.start();
         stream.reset();
         QVERIFY2(clock.elapsed() < 2000, qPrintable(QString::number(clock.elapsed())));
-    }  // which has waited until the device was closed
+    }  // the destructor of the output waits until the device is closed
     QVERIFY(WithoutSilence(Written()).size() < 110'000U);
 }
 
@@ -287,7 +287,7 @@ void TstSdlSoundOutput::ADriverThatComesLaterIsFound() {
     qputenv("SDL_AUDIODRIVER", "no-such-driver");
     QVERIFY(IsRefused(output, {22050, 1}));
     qputenv("SDL_DISKAUDIOFILE", m_folder->filePath(u"nowhere/sound"_s).toUtf8());
-    qputenv("SDL_AUDIODRIVER", "disk");  // it is there, but its device cannot be opened
+    qputenv("SDL_AUDIODRIVER", "disk");  // exists, but its device cannot be opened
     QVERIFY(IsRefused(output, {22050, 1}));
     qputenv("SDL_DISKAUDIOFILE", m_folder->filePath(u"sound"_s).toUtf8());
     QVERIFY(output.Open({22050, 1}) != nullptr);
@@ -307,17 +307,17 @@ void TstSdlSoundOutput::ADriverOfOneDeviceOpensOne() {
 
 void TstSdlSoundOutput::ADriverThatHangsHoldsNothingUp() {
     const QByteArray path = MakePipe();
-    std::optional<Listener> listener;  // stays longer than who writes to it
+    std::optional<Listener> listener;  // closed after the output that writes to it
     SdlSoundOutput output;
     std::unique_ptr<SoundStream> stream = output.Open({22050, 1});
-    QVERIFY(stream != nullptr);  // it may come yet
+    QVERIFY(stream != nullptr);  // the device may still open
     QVERIFY(stream->Queue(Ramp(1, 100)));
     QCOMPARE(stream->FramesWaiting(), 100);
     QVERIFY(QTest::qWaitFor([&] { return stream->IsLost(); }, kPatience));
-    QVERIFY(output.Open({22050, 1}) == nullptr);  // at once: the one before still hangs
+    QVERIFY(output.Open({22050, 1}) == nullptr);  // at once, because the previous one still hangs
     QCOMPARE(output.OpenDevices(), 0);
     listener.emplace(path);
-    QVERIFY(WaitUntilOpened(output, stream, [] {}));  // the one that came too late is closed again
+    QVERIFY(WaitUntilOpened(output, stream, [] {}));  // the late device is closed again
     QVERIFY(stream->Queue(Ramp(1, 1000)));
     QVERIFY(WaitUntilTaken(*stream));
 }

@@ -17,9 +17,9 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr auto kAddress = "DBUS_SESSION_BUS_ADDRESS";
-constexpr int kPatience = 30'000;  // ms; a test that passes never waits it out
+constexpr int kPatience = 30'000;  // ms; only a failing test waits this long
 
-/// A socket that lets everyone in and says nothing, as that of a stopped bus does.
+/// A socket that accepts connections and never answers, like that of a stopped bus.
 class SilentBus {
 public:
     explicit SilentBus(const QByteArray& path) : m_socket(socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0)) {
@@ -41,7 +41,7 @@ private:
 
 }  // namespace
 
-/// Whether Qt may turn to the session bus.
+/// Whether Qt may use the session bus.
 class TstSessionBusLook : public QObject {
     Q_OBJECT
 
@@ -87,7 +87,7 @@ void TstSessionBusLook::QtIsKeptFromABusThatHangs() {
     SessionBusLook look;
     QCOMPARE(qgetenv(kAddress), "disabled:");
     look.Finish();
-    QCOMPARE(qgetenv(kAddress), "unix:path=" + path);  // for the programs that are started
+    QCOMPARE(qgetenv(kAddress), "unix:path=" + path);  // for programs that are started
     QVERIFY(!QDBusConnection::sessionBus().isConnected());
 }
 

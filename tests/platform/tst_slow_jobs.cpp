@@ -11,13 +11,13 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr std::chrono::seconds kLong{30};        // never waited out by a test that passes
-constexpr std::chrono::milliseconds kShort{50};  // always waited out
-constexpr int kMostWaited = 10'000;              // ms; a tenth of a second on a quiet machine
+constexpr std::chrono::seconds kLong{30};        // only a failing test waits this long
+constexpr std::chrono::milliseconds kShort{50};  // always waited for in full
+constexpr int kMostWaited = 10'000;              // ms; a tenth of a second on an idle machine
 
 }  // namespace
 
-/// Jobs that nobody hangs on.
+/// Jobs that may hang without blocking anything.
 class TstSlowJobs : public QObject {
     Q_OBJECT
 
@@ -46,7 +46,7 @@ void TstSlowJobs::JobsAreDoneInTheirOrder() {
     }
     QVERIFY(jobs.Wait(kLong));
     QCOMPARE(order, u"abcdefgh"_s);
-    jobs.Do([&] { order += u'!'; });  // after a rest
+    jobs.Do([&] { order += u'!'; });  // after an idle phase
     QVERIFY(jobs.Wait(kLong));
     QCOMPARE(order, u"abcdefgh!"_s);
 }

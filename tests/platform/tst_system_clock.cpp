@@ -7,7 +7,7 @@
 
 using namespace tickwell;
 
-/// The machine's clocks, held against what the system says elsewhere.
+/// The machine's clocks, compared with other sources of the system.
 class TstSystemClock : public QObject {
     Q_OBJECT
 

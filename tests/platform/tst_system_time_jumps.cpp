@@ -19,7 +19,7 @@ struct Bench {
     int told = 0;
 };
 
-/// Lets the event loop take all that has happened until now.
+/// Lets the event loop process all pending events.
 void Settle() {
     for (int turn = 0; turn < 10; ++turn) {
         QCoreApplication::processEvents();
@@ -28,7 +28,7 @@ void Settle() {
 
 }  // namespace
 
-/// Another zone, told. The clock of the machine is not set by a test.
+/// Notification of a zone change. Tests do not set the machine's clock.
 class TstSystemTimeJumps : public QObject {
     Q_OBJECT
 
@@ -76,7 +76,7 @@ void TstSystemTimeJumps::AnotherZoneIsTold() {
 
 void TstSystemTimeJumps::TheNextChangeIsToldAsWell() {
     Bench bench;
-    SystemTimeJumps jumps(bench.zone);  // there is none yet
+    SystemTimeJumps jumps(bench.zone);  // no zone file exists yet
     jumps.Listen([&] { ++bench.told; });
     WriteAll(bench.zone, "Asia/Tokyo");
     QTRY_VERIFY(bench.told > 0);
@@ -95,7 +95,7 @@ void TstSystemTimeJumps::OtherFilesOfTheFolderAreNotTold() {
     }
     Settle();
     QCOMPARE(bench.told, 0);
-    WriteAll(bench.zone, "");  // and the watch goes on
+    WriteAll(bench.zone, "");  // the watch continues
     QTRY_VERIFY(bench.told > 0);
 }
 

@@ -12,12 +12,12 @@ namespace {
 
 const PowerReading kOnMains{Mains::On, std::nullopt, std::nullopt};
 
-/// What UPower says of a machine on battery.
+/// UPower's properties for a machine on battery.
 QVariantMap Service() {
     return {{u"OnBattery"_s, true}, {u"DaemonVersion"_s, u"0.99.20"_s}};
 }
 
-/// What its display device says: four fifths, for an hour and a half.
+/// Properties of its display device: 80 %, for an hour and a half.
 QVariantMap Device() {
     return {
         {u"Type"_s, 2U}, {u"IsPresent"_s, true}, {u"Percentage"_s, 80.0}, {u"TimeToEmpty"_s, qint64{5400}}};
@@ -30,7 +30,7 @@ QVariantMap With(QVariantMap properties, const QString& name, const QVariant& va
 
 }  // namespace
 
-/// The battery, from UPower's properties.
+/// The battery state from UPower's properties.
 class TstUpower : public QObject {
     Q_OBJECT
 

@@ -14,7 +14,7 @@ QDateTime Start() {
 
 }  // namespace
 
-/// Time turned by hand.
+/// Manually controlled time.
 class TstVirtualTime : public QObject {
     Q_OBJECT
 
@@ -183,7 +183,7 @@ void TstVirtualTime::AnotherZoneShowsTheSameMoment() {
 void TstVirtualTime::JumpsAreTold() {
     VirtualTime time(Start());
     int told = 0;
-    time.SetNow(Start());  // nobody listens
+    time.SetNow(Start());  // no listener yet
     time.Listen([&] { ++told; });
     time.Advance(10'000);
     QCOMPARE(told, 0);

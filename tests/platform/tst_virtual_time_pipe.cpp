@@ -9,7 +9,7 @@
 using namespace tickwell;
 using namespace Qt::StringLiterals;
 
-/// Time turned by another process.
+/// Time controlled by another process.
 class TstVirtualTimePipe : public QObject {
     Q_OBJECT
 
@@ -42,7 +42,7 @@ void TstVirtualTimePipe::cleanup() {
     }
 }
 
-/// Sends the lines and gives what was answered once so many lines have come.
+/// Sends the lines and returns the answer once it has this many lines.
 QByteArray TstVirtualTimePipe::Ask(const QByteArray& lines, qsizetype answers) {
     if (write(m_to[1], lines.constData(), static_cast<std::size_t>(lines.size())) != lines.size()) {
         return QByteArray();
@@ -136,7 +136,7 @@ void TstVirtualTimePipe::AClosedPipeStopsTime() {
     QCoreApplication::processEvents();
     QCoreApplication::processEvents();
     QCOMPARE(time.Tick(), 0);
-    m_to[1] = dup(m_to[0]);  // so that cleanup has something to close
+    m_to[1] = dup(m_to[0]);  // for cleanup to close
 }
 
 QTEST_GUILESS_MAIN(TstVirtualTimePipe)

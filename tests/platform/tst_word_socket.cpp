@@ -28,9 +28,9 @@ using namespace std::chrono_literals;
 
 namespace {
 
-constexpr auto kPatience = 30s;  // a test that passes never waits it out
+constexpr auto kPatience = 30s;  // only a failing test waits this long
 
-/// How many descriptors this process would hand to one that it starts.
+/// The number of descriptors that a started program would inherit.
 int InheritedDescriptors() {
     int count = 0;
     for (const QString& name :
@@ -43,7 +43,7 @@ int InheritedDescriptors() {
 
 }  // namespace
 
-/// One short word from another process.
+/// A short word from another process.
 class TstWordSocket : public QObject {
     Q_OBJECT
 
@@ -79,7 +79,7 @@ void TstWordSocket::init() {
     m_socket = std::make_unique<WordSocket>([this](const QByteArray& word) { m_heard.push_back(word); });
 }
 
-/// As another process would, while this one listens.
+/// Sends a word like another process, while this one listens.
 void TstWordSocket::Say(const QByteArray& word) {
     auto said = std::async(std::launch::async, [this, word] { return SayWord(Path(), word, kPatience); });
     QTRY_COMPARE(said.wait_for(0s), std::future_status::ready);
@@ -182,7 +182,7 @@ void TstWordSocket::NobodyThereIsNoAnswer() {
 
 void TstWordSocket::WhoListensAndDoesNotAnswerIsNotWaitedForLong() {
     QVERIFY(m_socket->Listen(Path()));
-    QVERIFY(!SayWord(Path(), "menu\n", 1ms));  // no event loop runs meanwhile
+    QVERIFY(!SayWord(Path(), "menu\n", 1ms));  // no event loop is running
 }
 
 void TstWordSocket::ProgramsThatAreStartedDoNotGetTheSocket() {

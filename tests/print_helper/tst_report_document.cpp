@@ -25,7 +25,7 @@ QStringList Numbered(int count) {
     return lines;
 }
 
-/// What a tool of poppler-utils says of a document.
+/// The output of a poppler-utils tool for a document.
 QString Said(const QByteArray& document, const QString& tool, const QStringList& options = {}) {
     const QTemporaryDir dir;
     const QString path = dir.filePath(u"report.pdf"_s);
@@ -41,7 +41,7 @@ QString TextOf(const QByteArray& document) {
     return Said(document, u"pdftotext"_s, {u"-layout"_s});
 }
 
-/// Takes everything that is painted; begin and end succeed or fail as the test wants it.
+/// Accepts all painting; begin and end succeed or fail as configured.
 class Engine : public QPaintEngine {
 public:
     Engine(bool begins, bool ends) : QPaintEngine(AllFeatures), m_begins(begins), m_ends(ends) {}
@@ -58,7 +58,7 @@ private:
     bool m_ends;
 };
 
-/// Pages of which one step fails.
+/// Pages with one failing step.
 class Pages : public QPdfWriter {
 public:
     Pages(QBuffer& buffer, bool begins, bool turns, bool ends)
@@ -75,7 +75,7 @@ private:
 
 }  // namespace
 
-/// The report on pages.
+/// The report as a document of pages.
 class TstReportDocument : public QObject {
     Q_OBJECT
 
@@ -139,7 +139,7 @@ void TstReportDocument::TheMarginsAre15MillimetresAtLeast() {
     QFETCH(QMarginsF, report);
     const Paper paper{QSizeF(210, 297), printer};
     QCOMPARE(ReportMargins(paper), report);
-    // Where the words lie on the page, in points.
+    // The positions of the words on the page, in points.
     const QString boxes = Said(ReportDocument(paper, kTitle, Numbered(1000)), u"pdftotext"_s, {u"-bbox"_s});
     double left = 1e9;
     double top = 1e9;
@@ -152,7 +152,7 @@ void TstReportDocument::TheMarginsAre15MillimetresAtLeast() {
         bottom = std::max(bottom, match.captured(3).toDouble());
     }
     constexpr double kPoint = 25.4 / 72;  // mm
-    constexpr double kLine = 6;           // mm, more than one line is high
+    constexpr double kLine = 6;           // mm, more than the height of a line
     QVERIFY(left * kPoint > report.left() - 0.2 && left * kPoint < report.left() + 1);
     QVERIFY(top * kPoint > report.top() - 0.2 && top * kPoint < report.top() + kLine);
     QVERIFY(bottom * kPoint < 297 - report.bottom() + 0.2 &&

@@ -33,7 +33,7 @@ QRect Inked(const QImage& sheet) {
 
 }  // namespace
 
-/// Lines on a sheet.
+/// Painting lines on a sheet.
 class TstReportPainter : public QObject {
     Q_OBJECT
 

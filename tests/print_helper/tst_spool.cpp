@@ -8,7 +8,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// A queue that notes what it is asked, and fails at one step.
+/// A queue that records its calls and fails at one step.
 class FakeSpool : public Spool {
 public:
     explicit FakeSpool(QString failing) : m_failing(std::move(failing)) {}
@@ -36,7 +36,7 @@ private:
 
 }  // namespace
 
-/// A document on its way into the queue.
+/// Submitting a document to the queue.
 class TstSpool : public QObject {
     Q_OBJECT
 

@@ -10,7 +10,7 @@
 
 namespace tickwell {
 
-/// The settings dialog over a real main window; it notes what was asked of the program.
+/// The settings dialog with a real main window; records the operations it calls.
 struct SettingsBench {
     MainWindowBench main;
     FakeHelpViewer help;
@@ -34,10 +34,10 @@ struct SettingsBench {
             asked.append(QStringLiteral("compact"));
             compacted = std::move(done);
         }};
-    std::function<void()> compacted;  ///< what the dialog wants to be called when the compaction has ended
+    std::function<void()> compacted;  ///< the dialog's callback for the end of a compaction
     std::unique_ptr<Form2> form;
 
-    /// Starts the main window, lets its start-up delay pass, and opens the dialog.
+    /// Starts the main window, waits for its start-up delay, and opens the dialog.
     void Open() {
         if (main.form == nullptr) {
             main.Start();
@@ -55,7 +55,7 @@ struct SettingsBench {
     QAbstractButton& Button(const QString& name) const { return Child<QAbstractButton>(name); }
     void Click(const QString& name) const { Button(name).click(); }
 
-    /// Which of the option buttons is on, by its index; -1: none, -2: more than one.
+    /// Index of the checked option button; -1: none, -2: more than one.
     qint32 Selected(const QString& array) const {
         qint32 selected = -1;
         for (qint32 index = 0; index < 4; ++index) {

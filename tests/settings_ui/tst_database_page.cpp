@@ -45,7 +45,7 @@ void TstDatabasePage::WhileTheDatabaseIsCompactedThePageSaysSo() {
     QVERIFY(!progress->isVisible());
     bench.Click(u"Command4"_s);
     bench.form.reset();
-    bench.compacted();  // nobody is left to be told
+    bench.compacted();  // the page no longer exists
 }
 
 void TstDatabasePage::ACompactionThatCannotBeginLeavesTheButton() {

@@ -39,7 +39,7 @@ QStringList Captions(const Rows& rows) {
 
 }  // namespace
 
-/// What each caption stands for: not its place on the screen, but what the texts make of its index.
+/// The meaning of each caption: the index in the stored settings, not the position on the screen.
 class TstOptionTables : public QObject {
     Q_OBJECT
 
@@ -146,7 +146,7 @@ void TstOptionTables::TheWipeIsWhatItSays() {
 }
 
 void TstOptionTables::TheChimeIsWhatItSays() {
-    QCOMPARE(IndexOf(kChimeOptions, u"30分おき"), 0);  // on the hour and once on the half hour
+    QCOMPARE(IndexOf(kChimeOptions, u"30分おき"), 0);  // on the hour, and once on the half hour
     QCOMPARE(IndexOf(kChimeOptions, u"1時間おき"), 1);
     QCOMPARE(IndexOf(kChimeOptions, u"利用しない"), 2);
 }
@@ -161,7 +161,7 @@ void TstOptionTables::OldJapanAndUnknownLanguagesHaveNoStyles_data() {
 void TstOptionTables::OldJapanAndUnknownLanguagesHaveNoStyles() {
     QFETCH(qint32, language);
     QVERIFY(!YearWordsOf(language).enabled);
-    QVERIFY(YearWordsOf(language).frame.isEmpty());  // the words of before stay
+    QVERIFY(YearWordsOf(language).frame.isEmpty());  // the captions stay unchanged
 }
 
 QTEST_GUILESS_MAIN(TstOptionTables)

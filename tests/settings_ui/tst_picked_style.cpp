@@ -14,7 +14,7 @@ const LineStyle kStored{u"No Such Font"_s, 10, 65280, false, true, false, true};
 
 }  // namespace
 
-/// What is taken over of a style that was looked at in a picker.
+/// Which values a picker changes in a stored style.
 class TstPickedStyle : public QObject {
     Q_OBJECT
 

@@ -5,7 +5,7 @@
 
 using namespace tickwell;
 
-/// The working copy of the settings, without a window.
+/// The settings draft, without a window.
 class TstSettingsDraft : public QObject {
     Q_OBJECT
 
@@ -34,7 +34,7 @@ void TstSettingsDraft::AllIsCopiedBackButTheFunction() {
     draft.settings.upper = {QStringLiteral("Font"), 20, 1, true, true, true, true};
     draft.settings.lower = {QStringLiteral("Other"), 8, 2, true, false, true, false};
     draft.further = {{true, {0}, 99}, false};
-    settings.function = 1;  // the roll went on meanwhile
+    settings.function = 1;  // changed by the roll meanwhile
     draft.ApplyTo(settings, further);
     QCOMPARE(settings.function, 1);
     settings.function = draft.settings.function;

@@ -14,7 +14,7 @@ namespace {
 
 constexpr int kFrame = 17;  // ms
 
-/// Counts what is painted of a widget.
+/// Counts the paint events of a widget.
 class PaintCounter : public QObject {
 public:
     explicit PaintCounter(QWidget& widget) { widget.installEventFilter(this); }
@@ -27,7 +27,7 @@ protected:
     }
 };
 
-/// How many pixels of a line are painted in a colour other than its background.
+/// The number of pixels of a line whose colour is not its background.
 int Inked(MovingWord& line) {
     const QImage picture = line.grab().toImage();
     const QRgb background = ColorOf(line.BackColor()).rgb();
@@ -46,7 +46,7 @@ QDialog* StylePickerOf(const SettingsBench& bench) {
 
 }  // namespace
 
-/// What the pages of the settings do while they are looked at.
+/// The pages of the settings while the user works with them.
 class TstSettingsPages : public QObject {
     Q_OBJECT
 
@@ -109,7 +109,7 @@ void TstSettingsPages::TheSampleComesInAgainEveryThreeSeconds() {
     QVERIFY(bench.Sample(2).IsWiping());
 }
 
-/// A text that wiped in over itself could not be seen to move.
+/// A text wiping over itself would show no motion.
 void TstSettingsPages::TheSampleComesInOverABlankLine() {
     SettingsBench bench;
     bench.main.store.Put(u"SetUp"_s, u"Op_Waip"_s, u"0"_s);
@@ -147,7 +147,7 @@ void TstSettingsPages::ASlowWipeIsLetComeToItsEnd() {
     bench.main.store.Put(u"SetUp"_s, u"Op_Waip"_s, u"0"_s);
     bench.main.store.Put(u"SetUp"_s, u"Op_Speed"_s, u"1"_s);
     bench.Open();
-    const int steps = bench.Sample(1).width();  // a pixel each
+    const int steps = bench.Sample(1).width();  // one pixel each
     QVERIFY(steps * 68 > 6'000);
     bench.main.time.Advance(qint64{steps - 2} * 68);
     QVERIFY(bench.Sample(1).IsWiping());
@@ -214,7 +214,7 @@ void TstSettingsPages::AWipeThatRunsTakesTheNewSpeed() {
     bench.Open();
     bench.main.time.Advance(1'000);
     const int steps = bench.Sample(1).width() / 4 + 1;
-    bench.Child<QSlider>(u"Slider1"_s).setValue(34);  // 2 ms a frame of 4 pixels
+    bench.Child<QSlider>(u"Slider1"_s).setValue(34);  // 2 ms per frame of 4 pixels
     QVERIFY(bench.Sample(1).IsWiping());
     bench.main.time.Advance(qint64{steps} * 2);
     QVERIFY(!bench.Sample(1).IsWiping());
@@ -287,7 +287,7 @@ void TstSettingsPages::ALargeFontIsShownInItsRealSize() {
     QCOMPARE(bench.Sample(1).font().pointSize(), 48);
     QCOMPARE(bench.Sample(1).height(), bench.Sample(1).TextHeight());
     QVERIFY(bench.Sample(1).height() > bench.Child<QWidget>(u"Pic"_s).height());
-    QCOMPARE(bench.Sample(1).y(), 0);  // what is cut off is its foot
+    QCOMPARE(bench.Sample(1).y(), 0);  // cut off at the bottom
 }
 
 void TstSettingsPages::TheRollIsOffAtFirst() {
@@ -318,7 +318,7 @@ void TstSettingsPages::TheRollsControlsFillTheCopy() {
     bench.Click(u"Option1(0)"_s);
     bench.Click(u"Check1"_s);
     bench.Click(u"Command3"_s);
-    QCOMPARE(bench.main.further.roll, (RollSettings{false, {1, 4}, 11}));  // a disabled box is not clicked
+    QCOMPARE(bench.main.further.roll, (RollSettings{false, {1, 4}, 11}));  // a disabled box ignores clicks
     QCOMPARE(bench.main.settings.rollInterval, 10);
 }
 
@@ -388,7 +388,7 @@ void TstSettingsPages::TheLoginsBoxShowsWhatHoldsNow() {
     bench.Open();
     QVERIFY(!bench.Button(u"Autostart"_s).isChecked());
     bench.form.reset();
-    bench.autostart.isOn = true;  // by the desktop's own settings
+    bench.autostart.isOn = true;  // set in the desktop's own settings
     bench.Open();
     QVERIFY(bench.Button(u"Autostart"_s).isChecked());
     QVERIFY(bench.autostart.set.isEmpty());

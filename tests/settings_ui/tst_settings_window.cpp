@@ -10,7 +10,7 @@
 using namespace tickwell;
 using namespace Qt::StringLiterals;
 
-/// The settings dialog over the main window.
+/// The settings dialog with the main window.
 class TstSettingsWindow : public QObject {
     Q_OBJECT
 
@@ -224,7 +224,7 @@ void TstSettingsWindow::WhatNoControlShowsSurvives() {
         put(u"SetUp"_s, u"Op_Speed"_s, speed);
         put(u"SetUp"_s, u"Op_Waip"_s, u"9"_s);
         put(u"SetUp"_s, u"Clock_Int"_s, u"-3"_s);
-        put(u"SetUp"_s, u"Clock_File"_s, u"機械時計［高い音］"_s);  // other brackets
+        put(u"SetUp"_s, u"Clock_File"_s, u"機械時計［高い音］"_s);  // different brackets
         put(u"SetUp"_s, u"Function"_s, u"1"_s);
         put(u"SetUp"_s, u"A_Font"_s, u"No Such Font"_s);
         put(u"SetUp"_s, u"BackColor"_s, u"-2147483633"_s);
@@ -408,7 +408,7 @@ void TstSettingsWindow::ApplyDoesNotEndARunningCountdown() {
     QCOMPARE(bench.main.countdown.CountdownStart, start);
     QCOMPARE(bench.main.Lower().Text(), u"0:01'00\"000"_s);
     bench.main.time.Advance(1'000);
-    QVERIFY(bench.main.Lower().Text().startsWith(u"0:00'58\"0"));  // it is written once a frame
+    QVERIFY(bench.main.Lower().Text().startsWith(u"0:00'58\"0"));  // updated once per frame
     QCOMPARE(bench.main.settings.function, 3);
 }
 

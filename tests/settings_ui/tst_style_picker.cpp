@@ -24,7 +24,7 @@ struct Bench {
 
 }  // namespace
 
-/// The picker of a line's font and colour.
+/// The picker for a line's font and colour.
 class TstStylePicker : public QObject {
     Q_OBJECT
 

@@ -8,20 +8,20 @@
 
 namespace tickwell {
 
-/// The program's handle on a loose store, and the boxes that it shows.
+/// The program's database handle on a loose store, and the message boxes shown.
 struct CompactionCase {
     LooseStore store;
     std::unique_ptr<DayDatabase> handle;
     FakeMessageBoxes boxes;
 
-    /// With the database open, or not yet.
+    /// Opens the database if `isOpen`.
     explicit CompactionCase(bool isOpen = true) {
         if (isOpen) {
             handle = OpenDayDatabase(QStringLiteral("DayDate.mdb"));
         }
     }
 
-    /// The reason of the run-time error; empty when there was none.
+    /// The reason of the RunTimeError; empty if there was none.
     QString Fault(CompactionDisk& disk) {
         try {
             CompactDayDatabase(handle, store.Folder(), boxes, disk);

@@ -8,7 +8,7 @@ struct sqlite3;
 
 namespace tickwell {
 
-/// A connection that goes past the program, straight to the engine. Throws std::runtime_error.
+/// A connection that bypasses the program and uses SQLite directly. Throws std::runtime_error.
 class RawConnection {
 public:
     explicit RawConnection(const QString& path);
@@ -16,14 +16,14 @@ public:
     RawConnection(const RawConnection&) = delete;
     RawConnection& operator=(const RawConnection&) = delete;
 
-    /// Runs the statements; the rows that come back, each with its values joined by "|".
+    /// Runs the statements; returns their rows, each with its values joined by "|".
     QStringList Run(const QByteArray& sql);
 
 private:
     sqlite3* m_handle = nullptr;
 };
 
-/// A day database in a folder of its own, with the national holidays that are delivered and nothing else.
+/// A day database in its own folder that contains only the national holidays of the shipped one.
 class DayStore {
 public:
     DayStore();

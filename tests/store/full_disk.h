@@ -8,7 +8,7 @@
 
 namespace tickwell {
 
-/// Lets no file of this process grow beyond `size`, as a full disk does; for as long as it lives.
+/// Simulates a full disk: during its lifetime no file of this process can grow beyond `size`.
 class FullDisk {
 public:
     explicit FullDisk(rlim_t size) {

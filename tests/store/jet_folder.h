@@ -14,7 +14,7 @@ namespace tickwell {
 /// The files of a folder, by name.
 using Contents = QMap<QString, QByteArray>;
 
-/// A program folder with one file in it.
+/// A program folder that contains one file.
 class JetFolder {
 public:
     explicit JetFolder(const QByteArray& dayDate) { Put(QStringLiteral("DayDate.mdb"), dayDate); }
@@ -25,24 +25,24 @@ public:
 
     Contents All() const;
 
-    /// Gives the folder other permission bits.
+    /// Sets the permission bits of the folder.
     void SetMode(mode_t mode) const;
 
 private:
     QTemporaryDir m_folder;
 };
 
-/// The file of the full Jet 4 sample, whose rows are those of expected.tsv.
+/// The complete Jet 4 sample, whose rows are those of expected.tsv.
 QByteArray FullJet4();
 
-/// The reason of the error that the import gives; empty when it gives none.
+/// The reason of the error that the import throws; empty if it throws none.
 QString ImportError(const QString& path);
 QString ImportError(const QString& path, ImportDisk& disk);
 
-/// The rows of a database of ours, as the expected*.tsv have them. Throws std::runtime_error.
+/// The rows of a database in our format, formatted like the expected*.tsv files. Throws std::runtime_error.
 QByteArray StoredTsv(const QString& path);
 
-/// Whether `path` opens as a database of ours and holds what the full Jet 4 sample does.
+/// Whether `path` opens as a database in our format with the contents of the full Jet 4 sample.
 bool IsWholeDatabase(const QString& path);
 
 }  // namespace tickwell

@@ -8,16 +8,16 @@
 
 namespace tickwell {
 
-/// The file `name` of tests/data/jet. Ends the test run where it is missing.
+/// The file `name` of tests/data/jet. Ends the test run if it is missing.
 QByteArray JetSample(const QString& name);
 
-/// The rows as the expected*.tsv have them: the table and its values, \n and \\ escaped.
+/// The rows formatted like the expected*.tsv files: the table and its values, \n and \\ escaped.
 QByteArray AsTsv(const DayRows& rows);
 
-/// What ReadDayRows reads of a whole file.
+/// The result of ReadDayRows for a complete file.
 DayRows RowsOf(const QByteArray& file);
 
-/// The reason for which reading `file` is refused; empty when it is not.
+/// The reason for which reading `file` fails; empty if it succeeds.
 QString Refusal(const QByteArray& file);
 
 }  // namespace tickwell

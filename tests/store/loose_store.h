@@ -7,21 +7,21 @@
 
 namespace tickwell {
 
-/// A day database with much empty space in it, in a folder that is the current one.
+/// A day database with much empty space, in a folder that is the current one.
 class LooseStore : public DayStore {
 public:
     explicit LooseStore(int rows = 3000);
 
-    /// Every row of every table with its id.
+    /// All rows of all tables with their ids.
     QStringList Rows() const;
 
-    /// The names of all files and folders that lie there, in order.
+    /// The names of all files and folders in the folder, sorted.
     QStringList Names() const;
 
     QString PathOf(const QString& name) const { return Folder() + u'/' + name; }
 };
 
-/// What lies in the folder when nothing is left over.
+/// The names in the folder if nothing is left over.
 QStringList NamesAtRest();
 
 }  // namespace tickwell

@@ -45,7 +45,7 @@ void Write(int file, const QByteArray& bytes) {
     Require(write(file, bytes.constData(), static_cast<std::size_t>(bytes.size())) == bytes.size(), "write");
 }
 
-/// Waits for an order before each deed; the end of the orders is the end.
+/// Waits for an order before each action; returns at the end of the orders.
 void Obey(int orders, int answers, const std::array<std::function<void()>, 2>& deeds) {
     char order = 0;
     for (const auto& deed : deeds) {
@@ -58,7 +58,7 @@ void Obey(int orders, int answers, const std::array<std::function<void()>, 2>& d
     Require(read(orders, &order, 1) == 0, "read");
 }
 
-/// What a child runs; it never comes back into the test.
+/// Runs `deed` in a child process, which never returns to the test.
 template <typename Deed>
 [[noreturn]] void InChild(Deed deed) {
     try {

@@ -9,12 +9,12 @@
 
 namespace tickwell {
 
-/// Runs `story` in a process of its own, and gives back what it returned. As "nobody" where the test runs as
-/// root, whom no permission stops.
+/// Runs `story` in a separate process and returns its result. If the test runs as root, which ignores file
+/// permissions, the process runs as "nobody".
 QString ToldByNobody(const std::function<QString()>& story);
 
-/// Another process that does two things when it is told to. It is to be made before this process opens the
-/// database: the engine's locks are kept per process and do not survive a fork.
+/// Another process that performs two actions on request. Create it before this process opens the database:
+/// SQLite's locks belong to a process and do not survive a fork.
 class Neighbour {
 public:
     Neighbour(std::function<void()> first, std::function<void()> second);
@@ -22,7 +22,7 @@ public:
     Neighbour(const Neighbour&) = delete;
     Neighbour& operator=(const Neighbour&) = delete;
 
-    /// Each waits until it is done. Throws std::runtime_error where the process is gone.
+    /// Each waits until its action is done. Throws std::runtime_error if the process has ended.
     void DoFirst() { DoNext(); }
     void DoSecond() { DoNext(); }
 

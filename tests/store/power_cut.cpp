@@ -9,9 +9,9 @@ namespace tickwell {
 namespace {
 
 constexpr quint32 kSeed = 0x0FF;
-constexpr qsizetype kSector = 512;  // bytes that a disk writes at once
+constexpr qsizetype kSector = 512;  // bytes that a disk writes atomically
 
-/// How much of a step reached the disk.
+/// How much of a step has reached the disk.
 enum class Share { None, Half, Whole };
 
 void Write(QByteArray& file, qint64 at, const QByteArray& bytes) {
@@ -21,7 +21,8 @@ void Write(QByteArray& file, qint64 at, const QByteArray& bytes) {
     file.replace(at, bytes.size(), bytes);
 }
 
-/// Which steps a step that returned has brought to the disk for good: those of its file, names in its folder.
+/// Whether `sync` makes `step` durable: a file's contents if it syncs that file, names if it syncs the
+/// folder.
 bool Secures(const DiskStep& sync, const DiskStep& step) {
     const bool isName = step.kind == DiskStep::Kind::Create || step.kind == DiskStep::Kind::Remove;
     if (isName) {
@@ -30,12 +31,12 @@ bool Secures(const DiskStep& sync, const DiskStep& step) {
     return sync.kind == DiskStep::Kind::Sync && sync.path == step.path;
 }
 
-/// The disk in the course of the steps. A file that was removed and made again is another one.
+/// The disk during the steps. A file that was removed and created again is a different file.
 class Disk {
 public:
     explicit Disk(const DiskState& before) : m_files(before) {}
 
-    /// `making`: how many times a file of this path had been made, this step included.
+    /// `making`: how many times a file of this path has been created, including this step.
     void Do(const DiskStep& step, int making, Share share) {
         auto file = m_files.find(step.path);
         if (file != m_files.end() && m_makings.value(step.path) != making) {
@@ -70,14 +71,14 @@ public:
     const DiskState& State() const { return m_files; }
 
 private:
-    /// In whole sectors; a single one is written as a whole.
+    /// Complete sectors only; a single sector is written completely.
     static QByteArray FirstHalf(const QByteArray& bytes) {
         const qsizetype half = bytes.size() / 2 / kSector * kSector;
         return half > 0 ? bytes.first(half) : bytes;
     }
 
     DiskState m_files;
-    QMap<QString, int> m_makings;  // which making of its path each file comes from; 0 at the beginning
+    QMap<QString, int> m_makings;  // which creation of its path each file comes from; 0 at the beginning
 };
 
 class PowerCuts {
@@ -125,7 +126,7 @@ private:
         return step.kind == DiskStep::Kind::Sync || (step.kind == DiskStep::Kind::Remove && step.isFolder);
     }
 
-    /// The steps before `cut` that need not be on the disk yet, ascending.
+    /// The steps before `cut` that may not be on the disk yet, ascending.
     std::vector<std::size_t> OpenSteps(std::size_t cut) const {
         std::vector<std::size_t> open;
         for (std::size_t step = 0; step < cut; ++step) {

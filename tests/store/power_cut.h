@@ -12,15 +12,15 @@ namespace tickwell {
 /// The files of a folder by path.
 using DiskState = QMap<QString, QByteArray>;
 
-/// What a disk may hold after a power cut.
+/// What a disk may contain after a power failure.
 enum class DiskOrder {
-    Kept,   ///< the steps up to any one since the last sync
-    Loose,  ///< what was synced, and any of the later steps, each write whole or half of it
+    Kept,   ///< the steps in order, up to any of those since the last sync
+    Loose,  ///< everything synced, and any of the later steps, with each write complete or half done
 };
 
-/// Calls `see` with each state that the disk may hold when the power goes after so many of the steps, and
-/// with the last mark that was set by then. `before`: what it held at the beginning. Of the many states of a
-/// loose disk: nothing more than was synced, all, each step alone, each missing, each write half done, and
+/// Calls `see` with each possible state of the disk if the power fails after any number of steps, and with
+/// the last mark before that. `before`: the initial state. Of the many states of a loose disk it uses:
+/// nothing beyond the synced steps, all steps, each step alone, each missing, each write half done, and
 /// `random` random choices.
 void ForEachPowerCut(const DiskState& before, const std::vector<DiskStep>& steps, DiskOrder order, int random,
                      const std::function<void(const DiskState& state, int mark)>& see);

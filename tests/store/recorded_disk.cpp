@@ -14,11 +14,11 @@ std::vector<DiskStep> g_steps;
 sqlite3_vfs* g_real = nullptr;
 sqlite3_vfs g_recorded{};
 
-/// SQLite allocates it with room for the real file behind it.
+/// Allocated by SQLite, followed by the real file.
 struct RecordedFile {
     sqlite3_file base{};
     QString path;
-    bool isNew = false;  // its first sync is one of its folder as well
+    bool isNew = false;  // its first sync also syncs its folder
 
     sqlite3_file* Real() { return reinterpret_cast<sqlite3_file*>(this + 1); }
 };
@@ -62,7 +62,7 @@ int Sync(sqlite3_file* file, int flags) {
 const sqlite3_io_methods& Methods() {
     static const sqlite3_io_methods methods = [] {
         sqlite3_io_methods all{};
-        all.iVersion = 1;  // neither shared memory nor mapped files, which would write unseen
+        all.iVersion = 1;  // neither shared memory nor mapped files, whose writes would not be recorded
         all.xClose = Close;
         all.xRead = [](sqlite3_file* file, void* bytes, int count, sqlite3_int64 at) {
             return Real(file)->pMethods->xRead(Real(file), bytes, count, at);

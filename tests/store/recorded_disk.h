@@ -7,7 +7,7 @@
 
 namespace tickwell {
 
-/// One thing that SQLite did to the disk, or `Mark`, a note of the test's.
+/// One disk operation of SQLite, or `Mark`, which the test sets.
 struct DiskStep {
     enum class Kind { Create, Write, Truncate, Sync, Remove, Mark };
 
@@ -15,11 +15,11 @@ struct DiskStep {
     QString path;
     qint64 at = 0;          ///< of Write: offset; of Truncate: the new size; of Mark: its number
     QByteArray bytes;       ///< of Write
-    bool isFolder = false;  ///< Sync, Remove: the folder's names are on the disk as well when it returns
+    bool isFolder = false;  ///< of Sync, Remove: whether the folder's names are also on the disk on return
 };
 
-/// A VFS between SQLite and the real one, which writes down every step; while it lives, SQLite opens its
-/// files through it. Databases are opened after it was made and closed before it goes.
+/// A VFS between SQLite and the real one that records every step; during its lifetime SQLite opens its files
+/// through it. Databases must be opened and closed during its lifetime.
 class RecordedDisk {
 public:
     RecordedDisk();

@@ -7,16 +7,16 @@
 
 namespace tickwell {
 
-/// Why opening was refused; empty when it was not.
+/// The reason for which opening fails; empty if it succeeds.
 QString OpeningFault(const QString& path);
 
-/// What start-up is told then: the file's name, and why.
+/// The resulting start-up message: the file's name and the reason.
 QString Told(const QString& path, const QString& reason);
 
 QByteArray BytesOf(const QString& path);
 void SetBytes(const QString& path, const QByteArray& bytes);
 
-/// Stores that many anniversaries, so that the file has pages of every kind.
+/// Stores that many anniversaries, so that the file contains pages of every kind.
 void Fill(const DayStore& store, int rows);
 
 }  // namespace tickwell

@@ -24,7 +24,7 @@ void Require(bool holds, const char* what) {
     }
 }
 
-/// A stranger who knows nothing of the lock file neither reads nor writes.
+/// Requires that a program that ignores the lock file can neither read nor write.
 void RequireShutOut(const QString& path, const char* sql) {
     bool isIn = true;
     try {
@@ -130,7 +130,7 @@ void TstCompaction::AStaleTargetIsNoHindrance() {
     QFETCH(QStringList, names);
     CompactionCase bench;
     const QStringList rows = bench.store.Rows();
-    // A real journal, of another state of a file: played into the new one, it would destroy it.
+    // A real journal of another state of the file: rolling it back would destroy the new file.
     QByteArray journal;
     {
         RawConnection stranger(bench.store.Path());
@@ -193,14 +193,14 @@ void TstCompaction::CanBeStopped() {
     QCOMPARE(bench.Fault(disk).section(u'\r', 0, 0), u"CopyDate.mdb"_s);
     QCOMPARE(BytesOf(bench.store.Path()), before);
     QCOMPARE(bench.store.Names(), NamesAtRest());
-    // Also in the middle of a statement, from whichever thread.
+    // Also in the middle of a statement, from any thread.
     SqliteConnection connection(bench.store.Path());
     connection.StopWith(stop.get_token());
     try {
         connection.Run("SELECT count(*) FROM Kinenbi a, Kinenbi b, Kinenbi c");
         QFAIL("not stopped");
     } catch (const SqlError& error) {
-        QCOMPARE(error.EngineCode(), SQLITE_INTERRUPT);
+        QCOMPARE(error.SqliteCode(), SQLITE_INTERRUPT);
     }
 }
 

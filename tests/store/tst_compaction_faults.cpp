@@ -23,15 +23,15 @@ namespace {
 
 const QString kNoRoom = u"ディスクの空き容量が足りません。"_s;
 
-/// What a failing step leads to.
+/// The outcome of a failing step.
 enum class Outcome {
-    Success,        // it does not matter
-    ReportedError,  // it could not begin: the report box of every handler
-    Restored,       // the failure message, and the file as it was
+    Success,        // the failure has no effect
+    ReportedError,  // it could not begin: reported like any handler's error
+    Restored,       // the failure message, and the file is unchanged
     KeptSmaller     // the failure message, and the compacted file, which is the only one
 };
 
-/// The disk becomes full while the file is compacted.
+/// Simulates a disk that becomes full while the file is compacted.
 class FullWhileCompacting : public PosixCompactionDisk {
 public:
     explicit FullWhileCompacting(rlim_t room) : m_room(room) {}
@@ -47,7 +47,7 @@ private:
 
 }  // namespace
 
-/// A compaction on a disk that fails, of a file that is not as it should be.
+/// Compaction with a failing disk or a damaged file.
 class TstCompactionFaults : public QObject {
     Q_OBJECT
 
@@ -119,11 +119,11 @@ void TstCompactionFaults::NoStepThatFailsCostsARow() {
     const bool isAsItWas = outcome == Outcome::ReportedError || outcome == Outcome::Restored;
     QCOMPARE(BytesOf(bench.store.Path()) == before, isAsItWas);
     QCOMPARE(bench.store.Rows(), rows);
-    if (step == 10 && isDone) {  // a copy that was finished is left to the next start
+    if (step == 10 && isDone) {  // a finished copy is left to the next start
         QVERIFY(QFile::remove(u"CopyDate.mdb"_s));
     }
     QCOMPARE(bench.store.Names(), NamesAtRest());
-    QCOMPARE(bench.Fault(), QString());  // there is room again
+    QCOMPARE(bench.Fault(), QString());  // there is space again
     QCOMPARE(bench.boxes.Shown().constLast().icon, MessageIcon::Information);
 }
 
@@ -205,7 +205,7 @@ void TstCompactionFaults::ADamagedFileFailsUntouched() {
     QFETCH(QByteArray, bytes);
     CompactionCase bench(false);
     SetBytes(u"DayDate.mdb"_s, bytes);
-    QVERIFY(!bench.Fault().isEmpty());  // it cannot be opened again
+    QVERIFY(!bench.Fault().isEmpty());  // it cannot be reopened
     QCOMPARE(bench.boxes.Shown(), QList<Message>{CompactionFailed()});
     QVERIFY(!bench.handle->TryOpen());
     QCOMPARE(BytesOf(u"DayDate.mdb"_s), bytes);
@@ -270,7 +270,7 @@ void TstCompactionFaults::AReadOnlyFolderIsNoLoss() {
     QCOMPARE(chmod(qPrintable(bench.store.Folder()), 0755), 0);
     QCOMPARE(told, u"CopyDate.mdb open"_s);
     QCOMPARE(BytesOf(bench.store.Path()), before);
-    QCOMPARE(bench.store.Names(), QStringList(u"DayDate.mdb"_s));  // no lock file either
+    QCOMPARE(bench.store.Names(), QStringList(u"DayDate.mdb"_s));  // and no lock file
 }
 
 void TstCompactionFaults::AFileBeyondTheRangeIsAnOverflow() {
@@ -280,7 +280,7 @@ void TstCompactionFaults::AFileBeyondTheRangeIsAnOverflow() {
     QVERIFY(huge.open(QIODevice::WriteOnly) && huge.resize(qint64{1} << 31));
     QCOMPARE(bench.Fault(), OverflowError().Reason());
     QVERIFY(bench.boxes.Shown().isEmpty());
-    QVERIFY(!bench.handle->TryOpen());  // it has none of the tables
+    QVERIFY(!bench.handle->TryOpen());  // it lacks all tables
     QCOMPARE(huge.size(), qint64{1} << 31);
 }
 
@@ -324,7 +324,7 @@ void TstCompactionFaults::AFileThatIsLockedAtTheReopenIsOpenedLater() {
     bench.handle = OpenDayDatabase(u"DayDate.mdb"_s);
     const QStringList rows = bench.store.Rows();
     WatchedDisk disk([&](int step, bool isDone) {
-        if (step == 14 && isDone) {  // the new file is in its place
+        if (step == 14 && isDone) {  // the new file has replaced the old one
             neighbour.DoFirst();
         }
     });
@@ -335,7 +335,7 @@ void TstCompactionFaults::AFileThatIsLockedAtTheReopenIsOpenedLater() {
     QCOMPARE(bench.boxes.Shown().constLast().icon, MessageIcon::Information);
     QTest::ignoreMessage(QtWarningMsg, QRegularExpression(u"still closed: DayDate.mdb.*使用中"_s));
     QVERIFY(!bench.handle->TryOpen());
-    QTest::failOnWarning(QRegularExpression(u"still closed"_s));  // it is logged once
+    QTest::failOnWarning(QRegularExpression(u"still closed"_s));  // it is logged only once
     QVERIFY(!bench.handle->TryOpen());
     QVERIFY_THROWS_EXCEPTION(SqlError, bench.handle->RunQuery(u"SELECT Holiday.Date FROM Holiday"_s));
     neighbour.DoSecond();

@@ -14,7 +14,7 @@ constexpr qint32 kLargest = std::numeric_limits<qint32>::max();
 
 }  // namespace
 
-/// What a compaction tells.
+/// The report of a compaction.
 class TstCompactionReport : public QObject {
     Q_OBJECT
 

@@ -12,7 +12,7 @@ namespace {
 
 const QString kEverything = u"SELECT * FROM Kinenbi WHERE Year <> 5"_s;
 
-/// "a 0 10 3 0; b .." for the rows of an answer.
+/// "a 0 10 3 0; b .." for the rows of a result.
 QString Shown(const ResultSet& rows) {
     QStringList shown;
     for (const ResultRow& row : rows) {
@@ -35,7 +35,7 @@ QString Dates(const ResultSet& rows) {
 
 }  // namespace
 
-/// The day database in its own language.
+/// The day database and its query language.
 class TstDayDatabase : public QObject {
     Q_OBJECT
 
@@ -74,7 +74,7 @@ void TstDayDatabase::KeepsTheOrderOfStoring() {
                  "Name=\"x\" AND Year=0 AND Month=10 AND Day=3 AND Week=0"_s),
              1);
     QCOMPARE(AnniversariesOf(database, day), u"z y a w v"_s);
-    // One that goes and comes again stands last.
+    // A row that is deleted and added again is last.
     QCOMPARE(database.Execute(
                  u"DELETE * FROM Kinenbi  WHERE Name=\"z\" AND Year=0 AND Month=0 AND Day=3 AND Week=0"_s),
              1);
@@ -94,7 +94,7 @@ void TstDayDatabase::ComparesDatesAsDates() {
         return Dates(database.RunQuery(MarkedDatesQuery(DayMark::Holiday, first, last)));
     };
     QCOMPARE(marked(QDate(1998, 10, 1), QDate(1998, 10, 31)), u"1998-10-31 1998-10-01"_s);
-    QCOMPARE(marked(QDate(1998, 10, 31), QDate(1998, 10, 1)), QString());  // ends reversed
+    QCOMPARE(marked(QDate(1998, 10, 31), QDate(1998, 10, 1)), QString());  // reversed ends
     QCOMPARE(marked(QDate(1998, 10, 1), QDate(1998, 10, 1)), u"1998-10-01"_s);
     QCOMPARE(Dates(database.RunQuery(u"SELECT Holiday.Date FROM Holiday WHERE Date <> #10/1/1998#"_s)),
              u"1998-10-31 1998-02-01 1998-09-30 1998-11-01 0100-01-01 9999-12-31"_s);
@@ -188,7 +188,7 @@ void TstDayDatabase::AnAnswerIsASnapshot() {
     database.Execute(u"DELETE * FROM Kinenbi WHERE Name=\"a\""_s);
     QCOMPARE(Names(before), u"a"_s);
     QCOMPARE(Names(database.RunQuery(kEverything)), u"b"_s);
-    // Nothing is held on to: another program can have the file for itself.
+    // Nothing stays locked: another program can lock the file exclusively.
     RawConnection(store.Path()).Run("BEGIN EXCLUSIVE; COMMIT; VACUUM");
 }
 
@@ -292,7 +292,7 @@ void TstDayDatabase::SetsTheEngine() {
     QCOMPARE(connection.FirstValue("PRAGMA busy_timeout"), u"2000"_s);
     QVERIFY_THROWS_EXCEPTION(SqlError, connection.Run("DELETE FROM Syukuzitu WHERE \"Nam\" = \"Nam\""));
     QVERIFY_THROWS_EXCEPTION(SqlError, connection.Run("DELETE FROM sqlite_schema"));
-    // What another program put into the file does not run.
+    // Triggers that another program put into the file do not run.
     store.Raw("CREATE TRIGGER t AFTER INSERT ON Kinenbi BEGIN DELETE FROM Syukuzitu; END");
     DayDatabase database(store.Path());
     database.Execute(Insert(u"a"_s, 0, 1, 2, 0));

@@ -15,8 +15,8 @@ using namespace tickwell;
 
 namespace {
 
-/// A day database in a folder of its own, as a sync tool has it, and a link to it in the program's folder,
-/// which is the current one.
+/// A day database in its own folder, like one of a sync tool, and a link to it in the program's folder, which
+/// is the current one.
 struct LinkedCase {
     CompactionCase bench{false};
     QTemporaryDir folder;
@@ -109,7 +109,7 @@ void TstDayLinks::TheNextStartTidiesUpBehindTheLink() {
         SetBytes(linked.folder.filePath(name), BytesOf(linked.real));
     }
     QVERIFY(QFile::rename(linked.real, linked.folder.filePath(u"away"_s)));
-    RecoverDayDatabase();  // a file that is away may come back, with newer rows than its copies
+    RecoverDayDatabase();  // a file that was moved away may return, with newer rows than its copies
     QCOMPARE(linked.Names(), QStringList({u"BUDate.mdb"_s, u"CopyDate.mdb"_s, u"away"_s}));
     QVERIFY(QFile::rename(linked.folder.filePath(u"away"_s), linked.real));
     RecoverDayDatabase();

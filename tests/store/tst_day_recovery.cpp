@@ -14,7 +14,7 @@ using namespace tickwell;
 
 namespace {
 
-/// What stands under a name.
+/// The kind of file that has a name.
 enum class Kind { None, Sound, Cut, Empty };
 
 const QString kLive = u"DayDate.mdb"_s;
@@ -22,7 +22,7 @@ const QString kCopy = u"CopyDate.mdb"_s;
 const QString kTarget = u"BUDate.mdb"_s;
 const QByteArray kJournalMark = "\xd9\xd5\x05\xf9";
 
-/// A sound database that says in a row under which name it stood.
+/// An undamaged database with a row that contains the original file name.
 QByteArray SoundBytes(const QString& name) {
     const DayStore store;
     Fill(store, 500);
@@ -37,7 +37,7 @@ QByteArray BytesFor(const QString& name, Kind kind) {
 
 }  // namespace
 
-/// What a start makes of the files that a compaction left behind.
+/// How a start handles the files that a compaction left behind.
 class TstDayRecovery : public QObject {
     Q_OBJECT
 
@@ -56,7 +56,7 @@ private Q_SLOTS:
 private:
     QMap<QString, QByteArray> Contents() const;
 
-    std::unique_ptr<LooseStore> m_store;  // its folder, the current one, at first without a database
+    std::unique_ptr<LooseStore> m_store;  // its folder is the current one, initially without a database
 };
 
 void TstDayRecovery::init() {
@@ -64,7 +64,7 @@ void TstDayRecovery::init() {
     QVERIFY(QFile::remove(kLive));
 }
 
-/// The files in the folder but the lock file.
+/// The files in the folder except the lock file.
 QMap<QString, QByteArray> TstDayRecovery::Contents() const {
     QMap<QString, QByteArray> contents;
     for (const QString& name : m_store->Names()) {
@@ -77,7 +77,7 @@ QMap<QString, QByteArray> TstDayRecovery::Contents() const {
 
 void TstDayRecovery::PutsTheBestSoundFileInPlace_data() {
     QTest::addColumn<QList<int>>("kinds");
-    QTest::addColumn<QString>("winner");  // none: everything stays as it is
+    QTest::addColumn<QString>("winner");  // empty: nothing changes
     const auto row = [](const char* name, Kind live, Kind copy, Kind target, const QString& winner) {
         QTest::newRow(name) << QList<int>{static_cast<int>(live), static_cast<int>(copy),
                                           static_cast<int>(target)}
@@ -151,7 +151,7 @@ void TstDayRecovery::AStaleJournalDoesNotGetIntoTheCopy() {
         journal = BytesOf(u"DayDate.mdb-journal"_s);
     }
     QVERIFY(QFile::remove(kLive));
-    QVERIFY(journal.startsWith(kJournalMark));  // one that would be played
+    QVERIFY(journal.startsWith(kJournalMark));  // a journal that SQLite would roll back
     SetBytes(u"DayDate.mdb-journal"_s, journal);
     const QByteArray sound = SoundBytes(kCopy);
     SetBytes(kCopy, sound);
@@ -178,14 +178,14 @@ void TstDayRecovery::ACopyWithAJournalIsNotSound() {
     QCOMPARE(m_store->Raw("SELECT DISTINCT \"Name\" FROM Kinenbi"), QStringList(kTarget));
 }
 
-// A program that compacts has the whole lock; one that runs has a share.
+// A compacting program holds the exclusive lock, any other a shared one.
 void TstDayRecovery::LeavesWhatAnotherProgramIsAtWorkOn() {
     SetBytes(kLive, SoundBytes(kLive));
     std::unique_ptr<SqliteConnection> other;
     Neighbour neighbour(
         [&] {
             other = std::make_unique<SqliteConnection>(kLive);
-            other->TakeWhole();
+            other->TakeExclusive();
         },
         [&] { other.reset(); });
     SetBytes(kCopy, SoundBytes(kCopy));

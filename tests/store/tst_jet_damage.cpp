@@ -16,7 +16,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int kVariants = 4000;
-constexpr qint64 kLongest = 20000;  // ms; a sound file of the size takes a few, under sanitizers as well
+constexpr qint64 kLongest = 20000;  // ms; an undamaged file of this size takes a few, even under sanitizers
 
 using Random = QRandomGenerator;
 
@@ -44,7 +44,8 @@ QByteArray WithFlippedBits(QByteArray file, Random& random) {
     return file;
 }
 
-/// Definitions, maps and rows begin and end at the edges of a page, where a flip is seldom without effect.
+/// Definitions, maps and rows begin and end at the edges of a page, where changed bytes are most likely to
+/// matter.
 QByteArray WithFlippedEdges(QByteArray file, Random& random) {
     for (int i = random.bounded(1, 17); i > 0; --i) {
         const int within = random.bounded(160);
@@ -71,7 +72,7 @@ QByteArray WithRandomPages(QByteArray file, Random& random) {
     for (int i = random.bounded(1, 5); i > 0; --i) {
         const qsizetype at = AnyPage(file, random);
         const qsizetype kept =
-            random.bounded(2) == 0 ? 0 : 8;  // with the type of page and its owner, or without
+            random.bounded(2) == 0 ? 0 : 8;  // keeping the type of page and its owner, or not
         file.replace(at + kept, PageSize(file) - kept, RandomBytes(PageSize(file) - kept, random));
     }
     return file;
@@ -104,7 +105,7 @@ QByteArray Damaged(const QByteArray& file, Random& random) {
 
 }  // namespace
 
-/// Files that were sound once. Whatever became of them, the import takes them whole or not at all.
+/// Damaged files: the import either reads them completely or refuses them.
 class TstJetDamage : public QObject {
     Q_OBJECT
 
@@ -164,7 +165,7 @@ void TstJetDamage::AFileCutAnywhereIsRefused() {
     for (qsizetype length = 0; length < file.size(); length += length < 128 ? 1 : 509) {
         QVERIFY2(!Refusal(file.first(length)).isEmpty(), qPrintable(QString::number(length)));
     }
-    // Whole pages as well: the last ones are rows of the last table.
+    // Also truncated at page ends: the last pages are rows of the last table.
     for (qsizetype length = 0; length < file.size(); length += PageSize(file)) {
         QVERIFY2(!Refusal(file.first(length)).isEmpty(), qPrintable(QString::number(length)));
     }

@@ -122,7 +122,7 @@ void TstJetImport::AnOriginalKeptBeforeIsNotOverwritten() {
     QCOMPARE(ImportJetFile(folder.DayDate())->keptAs, u"DayDate.jet.3.mdb"_s);
     QCOMPARE(ReadAll(folder.Path(u"DayDate.jet.3.mdb"_s)), FullJet4());
 
-    folder.Put(u"DayDate.mdb"_s, FullJet4());  // the very same file comes again
+    folder.Put(u"DayDate.mdb"_s, FullJet4());  // the same file again
     QCOMPARE(ImportJetFile(folder.DayDate())->keptAs, u"DayDate.jet.3.mdb"_s);
     for (const QString& name : others.keys()) {
         QCOMPARE(ReadAll(folder.Path(name)), others.value(name));

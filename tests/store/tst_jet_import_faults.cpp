@@ -17,7 +17,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// The real disk, but the n-th step of all does not reach it.
+/// The real disk, except that step number `step` fails.
 class TroubledDisk : public PosixImportDisk {
 public:
     TroubledDisk(int step, std::function<int()> trouble) : m_left(step), m_trouble(std::move(trouble)) {}
@@ -45,7 +45,7 @@ private:
     std::function<int()> m_trouble;
 };
 
-/// A file system that knows no links, with or without room for a copy.
+/// A file system without hard links, with or without space for a copy.
 class DiskWithoutLinks : public PosixImportDisk {
 public:
     explicit DiskWithoutLinks(bool hasRoom) : m_hasRoom(hasRoom) {}
@@ -61,7 +61,7 @@ private:
 
 }  // namespace
 
-/// What the import makes of a disk that fails, a program that ends, rights that are missing.
+/// The import with a failing disk, an interrupted program, or missing permissions.
 class TstJetImportFaults : public QObject {
     Q_OBJECT
 
@@ -155,7 +155,7 @@ void TstJetImportFaults::WithoutLinksTheOriginalIsCopied() {
     QVERIFY(IsWholeDatabase(folder.DayDate()));
 }
 
-// As it comes from a CD. To another user it cannot even be linked.
+// A file from a CD. Other users cannot even create a hard link to it.
 void TstJetImportFaults::AReadOnlyOriginalBecomesAWritableDatabase() {
     const JetFolder folder(FullJet4());
     QVERIFY(QFile::setPermissions(folder.DayDate(), QFile::ReadOwner | QFile::ReadGroup | QFile::ReadOther));

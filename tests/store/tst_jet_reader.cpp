@@ -17,7 +17,7 @@ constexpr qsizetype kPage4 = 4096;
 
 QByteArrayList Lines(const QByteArray& tsv) {
     QByteArrayList lines = tsv.split('\n');
-    lines.removeLast();  // behind the last line end
+    lines.removeLast();  // the empty one after the last line end
     return lines;
 }
 
@@ -25,7 +25,7 @@ QByteArray Joined(const QByteArrayList& lines) {
     return lines.join('\n') + '\n';
 }
 
-/// `tsv` with more lines behind the last one of `table`.
+/// `tsv` with more lines after the last one of `table`.
 QByteArray WithRows(const QByteArray& tsv, const QByteArray& table, const QByteArrayList& more) {
     QByteArrayList lines = Lines(tsv);
     const QByteArray start = table + '\t';
@@ -39,7 +39,7 @@ QByteArray WithRows(const QByteArray& tsv, const QByteArray& table, const QByteA
     return Joined(lines);
 }
 
-/// What make_jet3.py calls many(count).
+/// The result of many(count) in make_jet3.py.
 QByteArray ManyAnniversaries(int count) {
     QByteArray tsv;
     for (int i = 0; i < count; ++i) {
@@ -56,7 +56,7 @@ QByteArray ManyAnniversaries(int count) {
     return tsv;
 }
 
-/// Of every three anniversaries the first is deleted and the second has a name that no longer fits in its
+/// Of every three anniversaries, the first is deleted and the second gets a name that no longer fits in its
 /// place.
 QByteArray AfterDeletions(const QByteArray& tsv) {
     QByteArrayList lines;
@@ -75,7 +75,7 @@ QByteArray AfterDeletions(const QByteArray& tsv) {
     return Joined(lines);
 }
 
-/// RC4, written once more: the reader's own is what is on trial.
+/// A second implementation of RC4, to test that of the reader.
 QByteArray Rc4(const QByteArray& key, QByteArray data) {
     QList<int> state(256);
     std::iota(state.begin(), state.end(), 0);
@@ -94,8 +94,7 @@ QByteArray Rc4(const QByteArray& key, QByteArray data) {
     return data;
 }
 
-/// `file` with the pages encrypted. Its header is masked by exclusive or, so a zero in it becomes the key by
-/// the same.
+/// `file` with encrypted pages. The header is masked with XOR, so that XOR turns a zero in it into the key.
 QByteArray Encrypted(QByteArray file, quint32 key, qsizetype pageSize) {
     const auto littleEndian = [](quint32 value) {
         const quint32 swapped = qToLittleEndian(value);
@@ -116,7 +115,7 @@ QByteArray Patched(QByteArray file, qsizetype at, char byte) {
     return file;
 }
 
-/// Where in a file that is not encrypted a number of the catalogue stands: `column` of the row of `table`.
+/// The offset in an unencrypted file of a number in the catalogue: `column` of the row of `table`.
 qsizetype PlaceInCatalogue(const QByteArray& file, QStringView table, QStringView column) {
     const JetPages pages(file);
     const JetTable catalogue(pages, 2);
@@ -132,7 +131,7 @@ qsizetype PlaceInCatalogue(const QByteArray& file, QStringView table, QStringVie
     return place;
 }
 
-/// The pages with rows of the table whose definition begins on page `table`.
+/// The offsets of the pages with rows of the table whose definition begins on page `table`.
 QList<qsizetype> DataPages(const QByteArray& file, qsizetype pageSize, quint32 table) {
     QList<qsizetype> places;
     for (qsizetype at = pageSize; at < file.size(); at += pageSize) {
@@ -145,7 +144,7 @@ QList<qsizetype> DataPages(const QByteArray& file, qsizetype pageSize, quint32 t
 
 }  // namespace
 
-/// Whole Jet files: what is read of them and which ones are refused.
+/// Complete Jet files: the rows that are read, and the files that are refused.
 class TstJetReader : public QObject {
     Q_OBJECT
 
@@ -232,8 +231,8 @@ void TstJetReader::RowsWithoutADateAreCounted() {
     }
 }
 
-// Two texts, the first of 255 bytes and the second of 0 to 255: the rows are 273 to 533 bytes long, and all
-// the ways in which a jump table can end are among them.
+// Two texts, the first of 255 bytes and the second of 0 to 255: the rows are 273 to 533 bytes long and
+// include all possible ends of a jump table.
 void TstJetReader::EveryLengthOfRowIsRead() {
     const DayRows rows = RowsOf(JetSample(u"jet3_lengths.mdb"_s));
     QCOMPARE(rows.at(0).rows.size(), 256);
@@ -243,8 +242,8 @@ void TstJetReader::EveryLengthOfRowIsRead() {
     }
 }
 
-// Rows of one text each: the number of columns, the text, the offsets of its end and its start, the jump
-// table, the number of variable fields, the null mask. 0xFF is a jump that is never made.
+// Rows with one text each: the number of columns, the text, the offsets of its end and its start, the jump
+// table, the number of variable fields, the null mask. 0xFF is an unused jump.
 void TstJetReader::AJumpTableIsReadWhetherOrNotItCountsItself_data() {
     QTest::addColumn<int>("length");
     QTest::addColumn<QByteArray>("jumps");
@@ -282,7 +281,7 @@ void TstJetReader::AFileThatCannotBeTakenIsRefusedWithItsReason_data() {
     QTest::newRow("no table, Jet 3") << sample("jet3_notable") << u"表「Usuallyday」がありません。"_s;
     QTest::newRow("no table, Jet 4") << sample("jet4_notable") << u"表「Usuallyday」がありません。"_s;
     QTest::newRow("no column") << sample("jet4_missingcol") << u"表「Kinenbi」に列「Week」がありません。"_s;
-    // The first definition behind the catalogue's is that of Kinenbi, and its first column is Name.
+    // The first definition after that of the catalogue is that of Kinenbi, and its first column is Name.
     QTest::newRow("a name that is no text")
         << Patched(jet3, 3 * kPage3 + 43, 12) << u"表「Kinenbi」の列「Name」の型は読み込めません。"_s;
     QTest::newRow("a year that is a text")
@@ -315,7 +314,7 @@ void TstJetReader::AFileThatCannotBeTakenIsRefusedWithItsReason_data() {
         << Patched(jet3, 3 * kPage3 + 4, 3) << damage(u"表の定義");
     QTest::newRow("more columns than the format has")
         << Patched(jet3, 3 * kPage3 + 26, 1) << damage(u"表の列数");
-    // Page 28 holds pointers to rows that moved. The first byte of the second one, for row 4, is patched.
+    // Page 28 contains pointers to moved rows. The first byte of the second one, for row 4, is patched.
     const QByteArray moved = sample("jet4_deleted");
     const qsizetype pointer = 28 * kPage4 + 0xF51;
     QTest::newRow("two pointers to one row") << Patched(moved, pointer, 0x2A) << damage(u"移動した行");
@@ -361,11 +360,11 @@ void TstJetReader::ATableOfTheSystemOrAHiddenOneIsNotTaken() {
         const qsizetype flags = PlaceInCatalogue(file, u"Holiday", u"Flags");
         QVERIFY(flags > 0);
         QCOMPARE(Refusal(Patched(file, flags + byte, flag)), u"表「Holiday」がありません。"_s);
-        QCOMPARE(Refusal(Patched(file, flags, '\x08')), QString());  // another flag says nothing of that
+        QCOMPARE(Refusal(Patched(file, flags, '\x08')), QString());  // other flags have no effect
     }
 }
 
-// The map of a table also names pages with its long texts, whose owner is none of the tables.
+// The map of a table also contains pages with long texts, which are not owned by any table.
 void TstJetReader::APageOfAnotherOwnerInTheMapIsLeftOut() {
     const QByteArray file = JetSample(u"jet3_full.mdb"_s);
     const QList<qsizetype> pages = DataPages(file, kPage3, 3);

@@ -19,7 +19,7 @@ QByteArray BytesOf(Number value) {
     return QByteArray(reinterpret_cast<const char*>(&swapped), sizeof(swapped));
 }
 
-/// The reason of the JetError that `body` throws; empty when it does not.
+/// The reason of the JetError that `body` throws; empty if it throws none.
 template <typename Body>
 QString ReasonOf(Body body) {
     try {
@@ -32,7 +32,7 @@ QString ReasonOf(Body body) {
 
 }  // namespace
 
-/// The single values of a Jet file: texts, numbers, dates.
+/// Single values of a Jet file: texts, numbers, dates.
 class TstJetText : public QObject {
     Q_OBJECT
 
@@ -56,7 +56,7 @@ private Q_SLOTS:
     void AReachOutOfTheBytesIsDamage();
 };
 
-// The digest is that of the lines "8140 3000\n" to "FC4B 9ED1\n" for all pairs that give one character, made
+// The digest of the lines "8140 3000\n" to "FC4B 9ED1\n" for all pairs that decode to one character, computed
 // with another implementation of Microsoft's table, the cp932 codec of Python.
 void TstJetText::EveryPairOfBytesOfShiftJisIsMicrosofts() {
     const CodePage shiftJis(932);

@@ -24,7 +24,7 @@ namespace {
 
 constexpr quint32 kSeed = 0xC0FF;
 constexpr int kSteps = 14;
-constexpr int kKillsWhileWriting = 30;  // of the copy, and as many of the target
+constexpr int kKillsWhileWriting = 30;  // of the copy, and the same number of the target
 constexpr int kKillsAtAnyMoment = 60;
 constexpr int kLongestLife = 120'000;  // microseconds
 
@@ -32,7 +32,7 @@ void Die() {
     kill(getpid(), SIGKILL);
 }
 
-/// Runs `life` in a process of its own, which ends by kill -9 or says that it outlived it.
+/// Runs `life` in a separate process; true if that was killed with SIGKILL.
 bool IsKilledIn(const std::function<void()>& life) {
     const pid_t child = fork();
     if (child == 0) {
@@ -43,7 +43,7 @@ bool IsKilledIn(const std::function<void()>& life) {
     return waitpid(child, &status, 0) == child && WIFSIGNALED(status) && WTERMSIG(status) == SIGKILL;
 }
 
-/// From here on kill -9 meets this process where a file of its would grow beyond `size`.
+/// From now on the process is killed when one of its files would grow beyond `size`.
 void DieWhereAFileGrowsBeyond(rlim_t size) {
     const rlimit limit{size, size};
     if (std::signal(SIGXFSZ, [](int) { Die(); }) == SIG_ERR || setrlimit(RLIMIT_FSIZE, &limit) != 0) {
@@ -51,7 +51,7 @@ void DieWhereAFileGrowsBeyond(rlim_t size) {
     }
 }
 
-/// kill -9 by the kernel so many microseconds from now.
+/// Has the kernel kill the process after that many microseconds.
 void DieIn(int microseconds) {
     constexpr int kNanoseconds = 1000;
     sigevent event{};
@@ -64,7 +64,7 @@ void DieIn(int microseconds) {
     }
 }
 
-/// Lets the process die in the middle of writing the copy, or the target.
+/// Kills the process while it is writing the copy or the target.
 class DeadlyDisk : public PosixCompactionDisk {
 public:
     enum class While { Copying, Compacting };
@@ -89,15 +89,15 @@ private:
     rlim_t m_size;
 };
 
-/// As the program does it, in a process of its own.
+/// Opens and compacts like the program; run in a child process.
 void OpenAndCompact(const LooseStore& store, CompactionDisk& disk) {
     auto handle = OpenDayDatabase(u"DayDate.mdb"_s);
     FakeMessageBoxes boxes;
     CompactDayDatabase(handle, store.Folder(), boxes, disk);
 }
 
-/// Anniversaries number `first`, `first` + 1 .. and a compaction after each, for ever; each number is said
-/// when its row is stored.
+/// Stores anniversaries number `first`, `first` + 1 .. with a compaction after each, forever; reports each
+/// number when its row is stored.
 void WriteAndCompact(const LooseStore& store, int first, int output) {
     auto handle = OpenDayDatabase(u"DayDate.mdb"_s);
     FakeMessageBoxes boxes;
@@ -111,7 +111,7 @@ void WriteAndCompact(const LooseStore& store, int first, int output) {
     }
 }
 
-/// The rows of a store, and after its anniversaries those number 1 to `last`.
+/// The rows of a store with the anniversaries number 1 to `last` added after its own.
 QStringList With(QStringList rows, int last) {
     const auto isAnniversary = [](const QString& row) { return row.startsWith(u"Kinenbi|"); };
     auto end = std::find_if_not(rows.begin(), rows.end(), isAnniversary);
@@ -122,7 +122,7 @@ QStringList With(QStringList rows, int last) {
     return rows;
 }
 
-/// The last number that was said; what has been said before where there is none.
+/// The last number that was reported; `before` if there is none.
 int LastSaid(int input, int before) {
     int number = before;
     int said = 0;
@@ -134,7 +134,7 @@ int LastSaid(int input, int before) {
 
 }  // namespace
 
-/// kill -9 meets a compaction. After the next start every row is there.
+/// A compaction that is killed. After the next start every row exists.
 class TstKilledCompaction : public QObject {
     Q_OBJECT
 
@@ -146,16 +146,16 @@ private Q_SLOTS:
     void AtAnyMoment();
 
 private:
-    /// Starts as the program does, and looks.
+    /// Starts like the program, and checks the result.
     static void StartAgain(const LooseStore& store, const QStringList& rows);
 };
 
 void TstKilledCompaction::StartAgain(const LooseStore& store, const QStringList& rows) {
-    QVERIFY(QFile::exists(u"DayDate.mdb"_s));  // there is no moment without it
+    QVERIFY(QFile::exists(u"DayDate.mdb"_s));  // it exists at every moment
     RecoverDayDatabase();
     QCOMPARE(OpeningFault(u"DayDate.mdb"_s), QString());
     QStringList names = store.Names();
-    names.removeOne(u"DayDate.mdb-journal"_s);  // of an insert that had not begun to write into the file
+    names.removeOne(u"DayDate.mdb-journal"_s);  // of an insert that had not written to the file yet
     QCOMPARE(names, NamesAtRest());
     QCOMPARE(store.Raw("PRAGMA integrity_check"), QStringList(u"ok"_s));
     QCOMPARE(store.Rows(), rows);

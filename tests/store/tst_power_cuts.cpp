@@ -23,7 +23,7 @@ QStringList RowsOf(const QString& path) {
         "Holiday");
 }
 
-/// What the program stores, one statement or transaction each.
+/// The changes that the program stores, each a statement or a transaction.
 QList<QStringList> Changes() {
     const QString longName(5000, u'長');  // more than a page
     return {{u"INSERT INTO Kinenbi VALUES (\"一つ目\",0,10,3,0)"_s},
@@ -48,7 +48,7 @@ void Store(DayDatabase& database, const QStringList& statements) {
     transaction.Commit();
 }
 
-/// What the program did to the disk, and the rows that it had stored at each mark.
+/// The program's disk operations, and the rows stored at each mark.
 struct Record {
     DiskState before;
     std::vector<DiskStep> steps;
@@ -83,9 +83,9 @@ QByteArray Fingerprint(const DiskState& state, int mark) {
     return hash.result() + QByteArray::number(mark);
 }
 
-/// The rows that the program finds after its next start.
+/// The rows after the program's next start.
 QStringList RowsAfterRestart(const DiskState& state) {
-    // In memory if there is such a folder: thousands of restarts sync their files.
+    // In memory if possible: thousands of restarts sync their files.
     const QString memory = u"/dev/shm"_s;
     const QTemporaryDir folder((QFileInfo(memory).isWritable() ? memory : QDir::tempPath()) +
                                u"/tickwell-XXXXXX");
@@ -101,7 +101,7 @@ QStringList RowsAfterRestart(const DiskState& state) {
 
 }  // namespace
 
-/// After a power cut all that was said to be stored is there, and of the rest all or nothing.
+/// After a power failure all reported changes are stored, and any other completely or not at all.
 class TstPowerCuts : public QObject {
     Q_OBJECT
 
@@ -142,7 +142,7 @@ void TstPowerCuts::WhatWasStoredStays() {
     QCOMPARE(lost, 0);
 }
 
-// The other way round: with the syncs taken out of the record, rows are lost and files are broken.
+// The control experiment: without the syncs in the record, rows are lost and files are damaged.
 void TstPowerCuts::TheModelLosesWhatIsNotSynced() {
     Record record = Recorded();
     std::erase_if(record.steps, [](const DiskStep& step) { return step.kind == DiskStep::Kind::Sync; });

@@ -14,7 +14,8 @@ namespace {
 constexpr QStringView kAll = u"SELECT * FROM Kinenbi WHERE Year <> 5";
 constexpr int kMany = 150'000;
 
-/// So many rows, "n0", "n1" .., each tenth of the year 5, between the smallest and the largest key there is.
+/// Stores kMany rows, "n0", "n1" .., every tenth of the year 5, with keys from the smallest to the largest
+/// possible one.
 void StoreMany(const DayStore& store) {
     store.Raw(
         "WITH RECURSIVE n(i) AS (SELECT 0 UNION ALL SELECT i + 1 FROM n WHERE i < 149999)"
@@ -42,7 +43,7 @@ struct Bench {
         }
         return search.Take();
     }
-    /// The first row's name; empty if it was changed or deleted.
+    /// The row's name; empty if it was changed or deleted.
     QString NameOf(const FoundRow& found) {
         const auto row = database.ReadRow(u"Kinenbi", found);
         return row ? row->Text(u"Name") : QString();
@@ -51,7 +52,7 @@ struct Bench {
 
 }  // namespace
 
-/// Rows that are found without being read.
+/// Searches that find rows and keep only their keys.
 class TstRowSearch : public QObject {
     Q_OBJECT
 
@@ -83,7 +84,7 @@ void TstRowSearch::FindsInStoredOrderInOneSlice() {
     QCOMPARE(search.Count(), 3);
     QCOMPARE(search.Part(), 1.0);
     QCOMPARE(Keys(search.Take()), expected);
-    // The index of days would find them as 2, 9, -4.
+    // In the order of the index of days they would be 2, 9, -4.
     QCOMPARE(Keys(bench.Done(RowSearch(u"SELECT * FROM Kinenbi WHERE Day BETWEEN 1 AND 31 AND Year=0"_s))),
              expected);
 }

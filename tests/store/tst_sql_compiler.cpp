@@ -9,7 +9,7 @@ using namespace tickwell;
 
 namespace {
 
-/// The values as one text: numbers bare, texts in quotes, joined by blanks.
+/// The values as one text: plain numbers and quoted texts, separated by spaces.
 QString Shown(const std::vector<BoundValue>& values) {
     QStringList shown;
     for (const BoundValue& value : values) {
@@ -232,7 +232,7 @@ void AddFreedoms() {
 
 }  // namespace
 
-/// Text in, statement and bound values out.
+/// The compiler: text in, statement and bound values out.
 class TstSqlCompiler : public QObject {
     Q_OBJECT
 

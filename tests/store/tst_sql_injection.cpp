@@ -20,7 +20,7 @@ constexpr int kMutationsPerName = 5;  // one mutated statement for every five na
 constexpr std::size_t kMostRows = 12;
 const QString kEverything = u"SELECT * FROM Kinenbi WHERE Year <> 5 OR Year = 5"_s;
 
-/// What a hostile name is put together from.
+/// The pieces of a hostile name.
 const QStringList kPieces{u"\""_s,
                           u"\""_s,
                           u"\"\""_s,
@@ -105,8 +105,8 @@ public:
                 Below(2) * 22};
     }
 
-    /// `text` with a few of its characters gone, doubled, exchanged, or joined by pieces; now and then only
-    /// with other numbers and blanks.
+    /// `text` with a few of its characters removed, doubled, swapped or replaced by pieces; sometimes only
+    /// with other numbers and spaces.
     QString Mutated(QString text) {
         if (Below(5) == 0) {
             return text.replace(u' ', u"\r\n "_s)
@@ -141,7 +141,7 @@ bool IsHostile(const QString& name) {
     return name.contains(u'"') || name.contains(QChar(u'\0'));
 }
 
-/// How many rows `Execute` changed; nothing when it refused.
+/// The number of rows that `Execute` changed; nothing if it refused.
 std::optional<int> Executed(DayDatabase& database, const QString& sql) {
     try {
         return database.Execute(sql);
@@ -150,7 +150,7 @@ std::optional<int> Executed(DayDatabase& database, const QString& sql) {
     }
 }
 
-/// Whether the database takes `sql` as a question.
+/// Whether the database accepts `sql` as a query.
 bool IsAnswered(DayDatabase& database, const QString& sql) {
     try {
         database.RunQuery(sql);
@@ -160,7 +160,7 @@ bool IsAnswered(DayDatabase& database, const QString& sql) {
     }
 }
 
-/// The whole database, table by table.
+/// All rows of the database, table by table.
 struct Contents {
     Anniversaries kinenbi;
     QStringList others[4];
@@ -186,7 +186,7 @@ Contents ContentsOf(DayDatabase& database) {
     return contents;
 }
 
-/// By how many tables they differ.
+/// The number of tables in which they differ.
 int Differences(const Contents& a, const Contents& b) {
     int differences = a.kinenbi == b.kinenbi ? 0 : 1;
     for (int i = 0; i < 4; ++i) {
@@ -203,7 +203,7 @@ qsizetype RowsOf(const Contents& contents) {
     return rows;
 }
 
-/// The statement that every mutation begins with.
+/// A valid statement, to be mutated.
 QString Valid(Dice& dice) {
     const Anniversary row{u"n%1"_s.arg(dice.Below(4)), 0, dice.Below(2), 2, 0};
     switch (dice.Below(8)) {
@@ -228,8 +228,8 @@ QString Valid(Dice& dice) {
 
 }  // namespace
 
-/// Names and whole statements that try to become another statement. Everything runs in one transaction that
-/// is never committed: it is about what is changed, not about the disk.
+/// Names and statements that try to become another statement. Everything runs in one transaction that is
+/// never committed: the test is about the changed rows, not the disk.
 class TstSqlInjection : public QObject {
     Q_OBJECT
 
@@ -241,11 +241,11 @@ private:
     void TryName(DayDatabase& database, Dice& dice);
     void TryMutation(DayDatabase& database, Dice& dice);
 
-    Anniversaries m_rows;  // what the table should hold
+    Anniversaries m_rows;  // expected rows of the table
     int m_refused = 0;
 };
 
-/// Stores, changes, seeks and erases rows of random names, each beside the same on a list.
+/// Inserts, updates, searches and deletes rows with random names, and does the same to a list.
 void TstSqlInjection::TryName(DayDatabase& database, Dice& dice) {
     const Anniversary added = dice.Row();
     const bool isRefused = IsHostile(added.name);
@@ -311,7 +311,7 @@ void TstSqlInjection::TryMutation(DayDatabase& database, Dice& dice) {
     const Contents after = ContentsOf(database);
     QVERIFY2(!(isAnswered && changed), qPrintable(sql));
     m_refused += isAnswered || changed ? 0 : 1;
-    // One statement on one table: rows came, or went, or were changed, exactly as many as were told.
+    // One statement on one table: rows were added, deleted or changed, exactly as many as reported.
     const int differences = Differences(before, after);
     const qsizetype grown = RowsOf(after) - RowsOf(before);
     const QString word = sql.simplified().left(6).toUpper();

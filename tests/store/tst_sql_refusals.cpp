@@ -165,7 +165,7 @@ void AddStoredValues() {
 
 }  // namespace
 
-/// Everything that is no statement of the day database's language.
+/// Everything that is not a statement of the day database's language.
 class TstSqlRefusals : public QObject {
     Q_OBJECT
 
@@ -196,7 +196,7 @@ void TstSqlRefusals::KeepsTheTextInTheError() {
         QFAIL("the statement was taken");
     } catch (const SqlError& error) {
         QCOMPARE(error.Sql(), sql);
-        QCOMPARE(error.EngineCode(), 0);
+        QCOMPARE(error.SqliteCode(), 0);
         QCOMPARE(error.Reason(), u"SQL文の書き方が正しくありません。"_s);
     }
 }

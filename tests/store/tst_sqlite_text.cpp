@@ -6,7 +6,7 @@
 using namespace Qt::StringLiterals;
 using namespace tickwell;
 
-/// Texts on their way to the engine and back.
+/// The conversion of texts for SQLite and back.
 class TstSqliteText : public QObject {
     Q_OBJECT
 
@@ -44,15 +44,15 @@ void TstSqliteText::KeepsEveryCharacter_data() {
 void TstSqliteText::KeepsEveryCharacter() {
     QFETCH(QString, text);
     QFETCH(QByteArray, bytes);
-    QCOMPARE(ToEngineText(text), bytes);
-    QCOMPARE(FromEngineText(bytes), text);
+    QCOMPARE(ToSqliteText(text), bytes);
+    QCOMPARE(FromSqliteText(bytes), text);
 }
 
 void TstSqliteText::KeepsEveryCodePoint() {
     for (char32_t code = 1; code <= QChar::LastValidCodePoint; ++code) {
         const QString text =
             code < 0x10000 ? QString(QChar(static_cast<char16_t>(code))) : QString::fromUcs4(&code, 1);
-        if (FromEngineText(ToEngineText(text)) != text) {
+        if (FromSqliteText(ToSqliteText(text)) != text) {
             QFAIL(qPrintable(u"U+%1 was lost"_s.arg(static_cast<quint32>(code), 4, 16)));
         }
     }
@@ -73,7 +73,7 @@ void TstSqliteText::ReplacesWhatIsNoText_data() {
 
 void TstSqliteText::ReplacesWhatIsNoText() {
     QFETCH(QByteArray, bytes);
-    QTEST(FromEngineText(bytes), "text");
+    QTEST(FromSqliteText(bytes), "text");
 }
 
 QTEST_GUILESS_MAIN(TstSqliteText)

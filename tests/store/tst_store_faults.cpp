@@ -25,13 +25,13 @@ namespace {
 const QString kEverything = u"SELECT * FROM Kinenbi WHERE Year <> 5"_s;
 const QString kInUse = u"データベースはほかのプログラムで使用中です。"_s;
 
-/// The engine's code with which a deed failed; 0 when it went through.
+/// SQLite's code if `deed` fails; 0 if it succeeds.
 template <typename Deed>
 int Fault(Deed deed) {
     try {
         deed();
     } catch (const SqlError& error) {
-        return error.EngineCode();
+        return error.SqliteCode();
     }
     return 0;
 }
@@ -40,8 +40,8 @@ int InsertFault(DayDatabase& database, const QString& name = u"新しい記念�
     return Fault([&] { database.Execute(u"INSERT INTO Kinenbi VALUES (\"%1\",0,10,3,0)"_s.arg(name)); });
 }
 
-/// Whether the whole of the lock file can be had.
-bool CanHaveTheWholeLock(const DayStore& store) {
+/// Whether the lock file can be locked exclusively.
+bool CanLockExclusively(const DayStore& store) {
     const int file = open(qPrintable(store.Folder() + u"/DayDate.lock"), O_RDWR | O_CREAT | O_CLOEXEC, 0644);
     const bool can = flock(file, LOCK_EX | LOCK_NB) == 0;
     close(file);
@@ -54,7 +54,7 @@ void SetMode(const QString& path, mode_t mode) {
     }
 }
 
-/// "10 holidays, insert 8, 0 rows": what can be done with a store.
+/// "10 holidays, insert 8, 0 rows": the operations that a store allows.
 QString WhatCanBeDone(const QString& path) {
     try {
         const auto database = OpenDayDatabase(path);
@@ -69,7 +69,7 @@ QString WhatCanBeDone(const QString& path) {
 
 }  // namespace
 
-/// What happens to the file from outside: a clear error each time, and no row lost.
+/// External changes to the file: each causes a clear error, and no row is lost.
 class TstStoreFaults : public QObject {
     Q_OBJECT
 
@@ -113,7 +113,7 @@ void TstStoreFaults::RefusesAnUnreadableFile() {
 void TstStoreFaults::LosesNothingOnAFullDisk() {
     const DayStore store;
     DayDatabase database(store.Path());
-    const QString longName(1000, u'x');  // so that it is soon full
+    const QString longName(1000, u'x');  // long, so that the disk is full soon
     int stored = 0;
     for (const rlim_t room : {0U, 100U, 600U, 4096U, 40'960U, 163'840U}) {
         int fault = 0;
@@ -126,7 +126,7 @@ void TstStoreFaults::LosesNothingOnAFullDisk() {
         }
         QVERIFY2(fault == SQLITE_FULL || fault == SQLITE_IOERR_WRITE, qPrintable(QString::number(fault)));
         QCOMPARE(database.RunQuery(kEverything).Count(), stored);
-        QCOMPARE(InsertFault(database), 0);  // there is room again: it goes on
+        QCOMPARE(InsertFault(database), 0);  // there is space again
         ++stored;
         QCOMPARE(store.Raw("PRAGMA quick_check; SELECT count(*) FROM Kinenbi"),
                  QStringList({u"ok"_s, QString::number(stored)}));
@@ -208,18 +208,18 @@ void TstStoreFaults::HoldsAShareOfTheLock() {
     {
         const DayDatabase first(store.Path());
         const DayDatabase second(store.Path());
-        QVERIFY(!CanHaveTheWholeLock(store));
+        QVERIFY(!CanLockExclusively(store));
     }
-    QVERIFY(CanHaveTheWholeLock(store));
+    QVERIFY(CanLockExclusively(store));
     const int file = open(qPrintable(store.Folder() + u"/DayDate.lock"), O_RDWR | O_CLOEXEC);
     QCOMPARE(flock(file, LOCK_EX | LOCK_NB), 0);
     QCOMPARE(OpeningFault(store.Path()), Told(store.Path(), kInUse));
     close(file);
     QCOMPARE(OpeningFault(store.Path()), QString());
-    // An opening that failed holds nothing.
+    // A failed opening keeps nothing locked.
     SetBytes(store.Path(), "x");
     QVERIFY(!OpeningFault(store.Path()).isEmpty());
-    QVERIFY(CanHaveTheWholeLock(store));
+    QVERIFY(CanLockExclusively(store));
 }
 
 QTEST_GUILESS_MAIN(TstStoreFaults)

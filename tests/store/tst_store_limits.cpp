@@ -12,10 +12,10 @@ using namespace tickwell;
 
 namespace {
 
-constexpr qint64 kMostMemory = qint64{97} * 1024 * 1024;      // with a little that the limit does not count
+constexpr qint64 kMostMemory = qint64{97} * 1024 * 1024;  // including a little that the limit does not count
 const QByteArray kLong = "length(hex(zeroblob(400000000)))";  // 800 MB
 
-/// `count` texts of nearly a megabyte each, which are all needed at once.
+/// `count` texts of nearly a megabyte each, all needed at the same time.
 QByteArray ManyTexts(int count) {
     QByteArrayList texts;
     for (int i = 0; i < count; ++i) {
@@ -30,7 +30,7 @@ QByteArray WithSchema(const QByteArray& change) {
 
 }  // namespace
 
-/// A file from elsewhere that makes SQLite ask for gigabytes does not get them.
+/// A crafted file cannot make SQLite allocate gigabytes.
 class TstStoreLimits : public QObject {
     Q_OBJECT
 

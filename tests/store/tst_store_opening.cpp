@@ -49,7 +49,7 @@ Spoil InEncoding(const QByteArray& encoding) {
 
 }  // namespace
 
-/// Whatever is wrong with the file is told when it is opened, and the file is left as it is.
+/// Any problem of the file is reported when it is opened, and the file is unchanged.
 class TstStoreOpening : public QObject {
     Q_OBJECT
 
@@ -166,12 +166,12 @@ void TstStoreOpening::RefusesAFolder() {
 
 void TstStoreOpening::WaitsForOneWhoIsAboutToGo() {
     const DayStore store;
-    auto whole = std::make_unique<SharedFileLock>(store.Path());
-    whole->TakeWhole();
+    auto exclusive = std::make_unique<SharedFileLock>(store.Path());
+    exclusive->TakeExclusive();
     int tries = 0;
-    const SharedFileLock share(store.Path(), [&] {
+    const SharedFileLock shared(store.Path(), [&] {
         if (++tries == 3) {
-            whole.reset();
+            exclusive.reset();
         }
         return true;
     });

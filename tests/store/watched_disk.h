@@ -8,7 +8,7 @@
 
 namespace tickwell {
 
-/// The real folder, with somebody who looks on before and after each step, and who may throw.
+/// The real disk with an observer before and after each step, which may throw.
 class WatchedDisk : public PosixCompactionDisk {
 public:
     /// `step`: its number, from 1.
@@ -16,7 +16,7 @@ public:
 
     explicit WatchedDisk(Watch watch) : m_watch(std::move(watch)) {}
 
-    /// The steps so far, each as "what file".
+    /// The steps so far, each as "operation file".
     const QStringList& Steps() const { return m_steps; }
 
     qint32 Size(const QString& path) override {

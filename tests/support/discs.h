@@ -5,17 +5,17 @@
 
 namespace tickwell {
 
-/// Three tracks of sound: 1:40, 2:00 and 1:20; five minutes in all.
+/// Three audio tracks: 1:40, 2:00 and 1:20; five minutes in total.
 inline CdContents ThreeTracks() {
     return {{{0}, {100 * 75}, {220 * 75}}, 300 * 75};
 }
 
-/// Sectors that are no whole milliseconds, and a first track that does not begin at sector 0.
+/// Starts that are not whole milliseconds, and a first track that does not start at sector 0.
 inline CdContents OddTracks() {
     return {{{32}, {10'001}, {20'012}}, 30'001};
 }
 
-/// Data, then two tracks of sound.
+/// A data track, then two audio tracks.
 inline CdContents MixedDisc() {
     return {{{0, false}, {750}, {1500}}, 2250};
 }

@@ -8,7 +8,7 @@
 
 namespace tickwell {
 
-/// A login that starts the program or not, as the test and the program say.
+/// An autostart entry in memory, changed by the test and the program.
 class FakeAutostart : public Autostart {
 public:
     bool IsOn() const override { return isOn; }
@@ -23,7 +23,7 @@ public:
 
     bool isOn = false;
     bool refuses = false;
-    QList<bool> set;  ///< what was set, in order
+    QList<bool> set;  ///< all calls of Set, in order
 };
 
 }  // namespace tickwell

@@ -9,7 +9,7 @@
 
 namespace tickwell {
 
-/// A drive whose disc a test puts in, plays on and takes out. It tells of nothing by itself: Tell() does.
+/// A drive whose disc the test inserts, plays and removes. It notifies only when Tell() is called.
 class FakeCdDrive : public CdDrive, public CdPlayback {
 public:
     bool Exists() const override { return exists; }
@@ -38,7 +38,7 @@ public:
         m_picture.readError = false;
     }
 
-    /// A disc that has been read, in place of whatever was there.
+    /// Inserts a disc whose contents are known, replacing the previous one.
     void PutIn(const CdContents& contents) {
         Replace(CdStatus::Ready);
         m_picture.contents = contents;
@@ -46,10 +46,10 @@ public:
     void TakeOut(CdStatus status = CdStatus::NoDisc) { Replace(status); }
     void SetMode(CdMode mode) { m_picture.mode = mode; }
 
-    /// The smallest position that reads as this many milliseconds from the start of sector 0.
+    /// Sets the smallest position that reads as this many milliseconds from the start of sector 0.
     void SetMilliseconds(qint64 ms) { m_picture.position = (ms * 441 + 9) / 10; }
 
-    /// Lets the disc play for so long, to the end of the stretch at most.
+    /// Lets the disc play for this time, at most to the end of the range.
     void Pass(qint64 ms) {
         if (m_picture.mode != CdMode::Playing) {
             return;
@@ -69,7 +69,7 @@ public:
         }
     }
 
-    /// What was done to the disc since the last call.
+    /// The commands to the disc since the last call.
     QStringList TakeRecord() { return std::exchange(m_record, {}); }
 
     bool exists = true;

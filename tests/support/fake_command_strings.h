@@ -8,8 +8,7 @@
 
 namespace tickwell {
 
-/// Answers each command as a test says, and remembers it. What a test says nothing about succeeds with an
-/// empty reply.
+/// Records each command and answers it as configured by the test; other commands succeed with an empty reply.
 class FakeCommandStrings : public CommandStrings {
 public:
     CommandResult Send(const QString& command, qsizetype longest) override {

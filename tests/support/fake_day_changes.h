@@ -5,7 +5,7 @@
 
 namespace tickwell {
 
-/// Counts how often a change of the days was told.
+/// Counts the notifications.
 class FakeDayChanges : public DayChanges {
 public:
     void RaiseRefresh() override { ++raised; }

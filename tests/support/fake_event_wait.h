@@ -5,7 +5,7 @@
 
 namespace tickwell {
 
-/// Between two questions it does what a test says; gives up after a thousand, as if the program had ended.
+/// Runs `meanwhile` between two calls of `done`; gives up after a thousand, as if the program had ended.
 class FakeEventWait : public EventWait {
 public:
     void Until(const std::function<bool()>& done) override {

@@ -7,7 +7,7 @@
 
 namespace tickwell {
 
-/// Remembers the topics that were asked for.
+/// Records the requested topics.
 class FakeHelpViewer : public HelpViewer {
 public:
     void ShowTopic(int topic) override { topics.append(topic); }

@@ -5,7 +5,7 @@
 
 namespace tickwell {
 
-/// A memory that is as full as a test says.
+/// A memory whose load the test sets.
 class FakeMemory : public Memory {
 public:
     std::optional<int> Load() const override { return m_load; }

@@ -10,8 +10,8 @@
 
 namespace tickwell {
 
-/// Keeps the boxes that would have been shown, and whose they are; a test closes the one that stands open,
-/// and answers the one that asks.
+/// Records the boxes that would have been shown, with their owners. The test closes the open box and answers
+/// the one that asks.
 class FakeMessageBoxes : public MessageBoxes {
 public:
     void Show(const QObject* owner, const Message& message, std::function<void()> onClosed) override {
@@ -49,14 +49,14 @@ public:
         return std::make_unique<FakeOpenBox>(m_onCancel);
     }
 
-    /// The owner of each box, of whatever kind, in the order in which they were shown.
+    /// The owner of each box of any kind, in the order shown.
     const QList<const QObject*>& Owners() const { return m_owners; }
 
     const QList<Message>& Shown() const { return m_shown; }
     bool IsOpen() const { return m_onClosed != nullptr; }
     void Close(bool isTicked = false) { std::exchange(m_onClosed, nullptr)(isTicked); }
 
-    /// The check boxes that boxes came with.
+    /// The texts of check boxes in the boxes.
     const QStringList& Offered() const { return m_offered; }
 
     const QList<Message>& Asked() const { return m_asked; }
@@ -67,7 +67,7 @@ public:
     bool IsChoosing() const { return m_onChoice != nullptr; }
     void Pick(MessageAnswer answer) { std::exchange(m_onChoice, nullptr)(answer); }
 
-    /// The boxes that showed that the program waits.
+    /// The boxes that showed a wait.
     const QList<Message>& Waits() const { return m_waits; }
     bool IsWaiting() const { return m_onCancel != nullptr && *m_onCancel != nullptr; }
     void CancelWait() { std::exchange(*m_onCancel, nullptr)(); }
@@ -88,7 +88,7 @@ private:
     QList<const QObject*> m_owners;
     QList<Message> m_shown;
     QList<Message> m_waits;
-    std::shared_ptr<std::function<void()>> m_onCancel;  // null inside while no box waits
+    std::shared_ptr<std::function<void()>> m_onCancel;  // contains null while no box is waiting
     QList<Message> m_asked;
     QList<Message> m_choices;
     QStringList m_offered;

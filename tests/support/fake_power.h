@@ -7,7 +7,7 @@
 
 namespace tickwell {
 
-/// A machine that runs on what a test says.
+/// A machine whose power state the test sets.
 class FakePower : public Power {
 public:
     PowerQuestion Ask(std::function<void(const PowerReading&)> onReading) const override {
@@ -22,7 +22,7 @@ public:
     }
     void SetReading(const PowerReading& reading) { m_reading = reading; }
 
-    /// Answers the last question of a slow machine, unless it was withdrawn; whether it could.
+    /// Answers the last question of a slow machine; returns false if it was withdrawn.
     bool Answer() {
         const auto question = std::exchange(m_question, {}).lock();
         if (question) {

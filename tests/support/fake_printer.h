@@ -8,8 +8,8 @@
 
 namespace tickwell {
 
-/// A printer that keeps its jobs. What becomes of the last one is up to the test; it is accepted at once
-/// unless `accepts` is cleared.
+/// A printer that records its jobs. The test reports on the last one; it is accepted at once unless `accepts`
+/// is cleared.
 class FakePrinter : public Printer {
 public:
     void Print(const PrintJob& job, std::function<void(const PrintNews&)> onNews) override {
@@ -27,7 +27,7 @@ public:
         isPrinting = false;
     }
 
-    /// Has the printer report on the last job.
+    /// Reports news on the last job.
     void Tell(const PrintNews& news) {
         isPrinting = isPrinting && news.stage == PrintStage::Delayed;
         isDelayed = isPrinting;
@@ -36,7 +36,7 @@ public:
 
     bool accepts = true;
     bool isPrinting = false;  ///< the last job is neither accepted, failed nor cancelled
-    bool isDelayed = false;   ///< and was reported to be delayed
+    bool isDelayed = false;   ///< and was reported as delayed
     int cancelled = 0;
     QList<PrintJob> jobs;
 

@@ -8,7 +8,7 @@
 
 namespace tickwell {
 
-/// Finds what the test put there, and remembers what was started.
+/// Finds the programs that the test has set, and records those started.
 class FakeProgramStarter : public ProgramStarter {
 public:
     struct Started {

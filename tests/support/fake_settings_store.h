@@ -10,7 +10,7 @@
 
 namespace tickwell {
 
-/// A store in memory. It counts what was written, and can refuse to write.
+/// A store in memory that counts its writes and can refuse them.
 class FakeSettingsStore : public SettingsStore {
 public:
     using Address = std::pair<QString, QString>;

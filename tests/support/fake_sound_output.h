@@ -9,14 +9,14 @@
 
 namespace tickwell {
 
-/// Remembers what was queued, and plays it only as far as a test says.
+/// Records what is queued, and plays only as many frames as the test says.
 class FakeSoundOutput : public SoundOutput {
 public:
-    /// One device that was opened; stays known after it was closed.
+    /// A device that was opened; kept after it is closed.
     struct Device {
         SoundFormat format;
-        std::vector<qint16> samples;  // all that were ever queued
-        std::vector<qint16> sounded;  // those of them that were taken, and not dropped
+        std::vector<qint16> samples;  // all ever queued
+        std::vector<qint16> sounded;  // those taken and not dropped
         qint64 waiting = 0;           // frames
         bool held = false;
         bool lost = false;
@@ -33,7 +33,7 @@ public:
         return std::make_unique<Stream>(device);
     }
 
-    /// Lets every device that is open and not held take this many frames.
+    /// Lets every open device that is not held take this many frames.
     void Sound(qint64 frames) {
         for (const auto& device : m_devices) {
             if (device->open && !device->held) {
@@ -45,14 +45,14 @@ public:
         }
     }
 
-    /// The devices opened so far, closed ones included.
+    /// The devices opened so far, including closed ones.
     const QList<std::shared_ptr<Device>>& Devices() const { return m_devices; }
     qsizetype OpenDevices() const {
         return std::count_if(m_devices.begin(), m_devices.end(), [](const auto& each) { return each->open; });
     }
 
     bool works = true;
-    qsizetype most = 100;  ///< devices that can be open at a time
+    qsizetype most = 100;  ///< devices that can be open at the same time
 
 private:
     class Stream : public SoundStream {

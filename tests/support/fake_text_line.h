@@ -7,7 +7,7 @@
 
 namespace tickwell {
 
-/// A line without a window. Its record tells wiped texts ("show …") from those set at once ("set …").
+/// A line without a window. Records wiped texts as "show …" and texts set at once as "set …".
 class FakeTextLine : public TextLine {
 public:
     void ShowText(const QString& text) override {
@@ -20,7 +20,7 @@ public:
     }
     QString Text() const override { return m_text; }
 
-    /// What happened since the last call.
+    /// The record since the last call.
     QStringList TakeRecord() { return std::exchange(m_record, {}); }
 
 private:

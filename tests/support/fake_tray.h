@@ -7,7 +7,7 @@
 
 namespace tickwell {
 
-/// A notification area that comes and goes as the test says.
+/// A notification area whose presence the test sets.
 class FakeTray : public Tray {
 public:
     bool IsThere() override { return m_isThere; }
@@ -34,7 +34,7 @@ public:
         }
     }
 
-    /// Ends a Show of a slow area, unless it was withdrawn; whether it could.
+    /// Answers the pending Show of a slow area; returns false if it was withdrawn.
     bool Answer(bool isShown) {
         const auto answer = std::exchange(m_answer, nullptr);
         if (answer) {
@@ -54,7 +54,7 @@ public:
     const QString& Tip() const { return m_tip; }
     QMenu* Menu() const { return m_menu; }
     void Click() {
-        const auto onClick = m_onClick;  // the icon may go with it
+        const auto onClick = m_onClick;  // a copy: the call may remove the icon
         onClick();
     }
 

@@ -7,7 +7,7 @@
 
 namespace tickwell {
 
-/// Remembers what was asked for which window.
+/// Records the requests for each window.
 class FakeWindowStack : public WindowStack {
 public:
     void Declare(quintptr window) override { declared.append(window); }

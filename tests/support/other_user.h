@@ -9,8 +9,8 @@
 
 namespace tickwell {
 
-/// Runs `body` in a child process and gives its exit code, -1 where it did not end by itself. What it does to
-/// its own limits and rights ends with it.
+/// Runs `body` in a child process and returns its exit code, or -1 if it did not exit normally. Limits and
+/// user ids that it changes are not changed in this process.
 inline int InChild(const std::function<int()>& body) {
     const pid_t child = fork();
     if (child == 0) {
@@ -20,7 +20,7 @@ inline int InChild(const std::function<int()>& body) {
     return waitpid(child, &status, 0) == child && WIFEXITED(status) ? WEXITSTATUS(status) : -1;
 }
 
-/// Turns this process into one that rights are refused to; root is refused nothing. For use inside InChild.
+/// Gives up root's permissions, so that access can be refused. Call it inside InChild.
 inline bool BecomeNobody() {
     constexpr uid_t kNobody = 65534;
     return geteuid() != 0 || (setgroups(0, nullptr) == 0 && setgid(kNobody) == 0 && setuid(kNobody) == 0);

@@ -5,9 +5,9 @@
 
 namespace tickwell {
 
-/// How many random texts a test tries: TICKWELL_RANDOM_TEXTS where a longer run is wanted, else `usual`. Ten
-/// million take some ten minutes; Qt Test gives a function five minutes unless QTEST_FUNCTION_TIMEOUT
-/// (ms) says more.
+/// The number of random texts that a test tries: TICKWELL_RANDOM_TEXTS if set, else `usual`. Ten million take
+/// about ten minutes; Qt Test limits a function to five minutes unless QTEST_FUNCTION_TIMEOUT (ms) is set
+/// higher.
 inline int RandomCount(int usual) {
     bool isNumber = false;
     const int wanted = qEnvironmentVariableIntValue("TICKWELL_RANDOM_TEXTS", &isNumber);

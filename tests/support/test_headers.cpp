@@ -1,2 +1,2 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// A target needs a source for its headers to be compiled.
+// A target needs a source file for its precompiled header to be compiled.

@@ -7,14 +7,14 @@
 
 namespace tickwell {
 
-/// What a wave file is made of; by default one that can be played.
+/// The parts of a wave file; the defaults make a playable one.
 struct WaveRecipe {
     quint16 tag = 1;
     quint16 channels = 1;
     quint32 rate = 22050;
     quint16 bits = 16;
     QByteArray data = {};
-    QByteArray before = {};  ///< whole chunks between format and data
+    QByteArray before = {};  ///< complete chunks between format and data
 };
 
 template <typename T>

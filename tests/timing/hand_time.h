@@ -9,8 +9,8 @@
 
 namespace tickwell {
 
-/// Time whose tick stands where a test puts it, and whose timers tick when a test says so: late, in bursts,
-/// or not at all.
+/// Time under the test's control: the test sets the tick counter, and timers tick only when the test fires
+/// them: late, in bursts, or not at all.
 class HandTime : public Clock, public TimerSource {
 public:
     QDateTime Now() const override { return now; }
@@ -34,7 +34,7 @@ public:
         void Stop() override { m_running = false; }
         bool IsRunning() const override { return m_running; }
 
-        /// Delivers a tick, if it runs.
+        /// Delivers a tick if the timer is running.
         void Fire() {
             if (m_running) {
                 m_onTick();
@@ -49,8 +49,8 @@ public:
     };
 
     QDateTime now{QDate(1998, 11, 15), QTime(21, 5, 7)};
-    qint64 since = 0;                ///< milliseconds since the machine started, which the tick is cut from
-    std::vector<HandTimer*> timers;  ///< in the order in which they were made; not owned
+    qint64 since = 0;  ///< milliseconds since the machine started, from which the tick is derived
+    std::vector<HandTimer*> timers;  ///< in the order of creation; not owned
 };
 
 }  // namespace tickwell

@@ -9,7 +9,8 @@
 
 namespace tickwell {
 
-/// What happened to lines and windows, in one order: "upper show …", "lower set …", "form", "notice" ….
+/// What happened to lines and windows, in chronological order: "upper show …", "lower set …", "form",
+/// "notice" ….
 using Journal = QStringList;
 
 class JournalLine : public TextLine {
@@ -43,7 +44,7 @@ private:
     Journal& m_journal;
 };
 
-/// A main window that writes down what it is switched to.
+/// A main window that records which function it is switched to.
 class JournalFunctions : public DisplayFunctions {
 public:
     explicit JournalFunctions(Journal& journal) : m_journal(journal) {}

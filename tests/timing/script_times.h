@@ -13,8 +13,8 @@ inline qint64 PauseOf(QRandomGenerator& random) {
     return static_cast<qint64>(random.generate64() >> (64 - random.bounded(1, kMostBits + 1)));
 }
 
-/// Milliseconds since the machine started at which a script begins: shortly or long before the counter
-/// changes its sign or turns, or just after the start.
+/// The start of a script in milliseconds since the machine started: shortly or long before the tick counter
+/// changes its sign or wraps around, or just after the start.
 inline qint64 BeginningOf(QRandomGenerator& random) {
     const qint64 signChange = qint64{1} << 31;
     return std::max<qint64>(0, random.bounded(5) * signChange - PauseOf(random));

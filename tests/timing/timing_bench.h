@@ -13,7 +13,7 @@
 
 namespace tickwell {
 
-/// What the main window is to stopwatch and countdown, and everything around them, in a test's hands.
+/// The main window as seen by stopwatch and countdown, and all their other dependencies, faked for tests.
 struct TimingBench : public DisplayFunctions {
     VirtualTime time{QDateTime(QDate(1998, 11, 15), QTime(21, 5, 7)), 307'000};
     FakeMessageBoxes boxes;
@@ -49,7 +49,7 @@ struct TimingBench : public DisplayFunctions {
     }
     qint32 GetFuncNumber() const override { return function; }
 
-    /// A window of this class that was opened once; null where none was.
+    /// An existing window of this class; null if there is none.
     template <typename Window>
     static Window* Find() {
         for (QWidget* widget : QApplication::topLevelWidgets()) {

@@ -132,7 +132,7 @@ void TstCountdown::TenCyclesDoNotDrift() {
     const qint32 start = bench.state.CountdownStart;
     for (int cycle = 0; cycle < 10; ++cycle) {
         bench.time.since +=
-            1000 + cycle * 7 % 5;  // the tick is late by a little, each time by another little
+            1000 + cycle * 7 % 5;  // the tick is a little late, by a different amount each time
         QVERIFY(bench.countdown.Remaining() <= 0);
         bench.countdown.BeginNextCycle();
     }
@@ -164,7 +164,7 @@ void TstCountdown::ItRunsOnAcrossTheTurnOfTheCounter() {
     QCOMPARE(bench.state.CountdownStart, 500);
 }
 
-/// Duration minus tick alone would leave the range, for a whole day after the sign change.
+/// The duration minus the tick alone would overflow, for a day after the sign change.
 void TstCountdown::ARestThatFitsIsFoundAfterTheSignChange() {
     Bench bench(kSignChange, 86'399'000);
     bench.countdown.Start();
@@ -208,7 +208,7 @@ void TstCountdown::AFullLoopCountBeginsNoCycle() {
     QCOMPARE(bench.state.CountdownStart, 307'000);
 }
 
-/// A tick of zero stands for "not stopped": once in fifty days, for one millisecond.
+/// A tick of zero means "not stopped": once in fifty days, for one millisecond.
 void TstCountdown::AStopAtTickZeroIsNoPause() {
     Bench bench(kTurn - 5000);
     bench.countdown.Start();

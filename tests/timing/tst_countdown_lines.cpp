@@ -164,7 +164,7 @@ void TstCountdownLines::UnseenTheNoticeComesAlone() {
     Bench bench(1000, false, false);
     bench.Start();
     QVERIFY(bench.TickAfter(500).isEmpty());
-    // An open window follows; it is not brought up, and no line changes.
+    // An open window is updated but not brought to the front, and no line changes.
     QCOMPARE(bench.TickAfter(500), (Journal{u"refresh"_s, u"notice"_s}));
     QVERIFY(!bench.state.CountdownRunning);
 }
@@ -190,7 +190,7 @@ void TstCountdownLines::TheLoopCountIsTheTotalOverAllRuns() {
 void TstCountdownLines::ALateTickCatchesUpOneCycleATick() {
     Bench bench(1000, true);
     bench.Start();
-    bench.TickAfter(5500);  // the machine slept
+    bench.TickAfter(5500);  // as if the machine was suspended
     QCOMPARE(bench.state.CountdownLoopCount, 1);
     for (qint32 count = 2; count <= 5; ++count) {
         QVERIFY(bench.TickAfter(0).contains(u"notice"_s));
@@ -219,7 +219,7 @@ void TstCountdownLines::ZeroIsDueAndWhereItIsShownEachFrame() {
     bench.countdown.SetDuration(86'399'000);
     QCOMPARE(bench.lines.UntilDue(17), qint64{86'398'010});
     bench.time.since += 86'399'000;
-    QVERIFY(bench.lines.UntilDue(17) <= 0);  // late: each interval
+    QVERIFY(bench.lines.UntilDue(17) <= 0);  // late: due at once
 }
 
 void TstCountdownLines::TheRestIsBroughtUpOnlyWhereItIsShownAndRuns() {
@@ -232,7 +232,7 @@ void TstCountdownLines::TheRestIsBroughtUpOnlyWhereItIsShownAndRuns() {
     QCOMPARE(bench.journal, Journal{u"lower set 0:00'00\"995"_s});
     bench.time.since += 2000;
     bench.lines.BringUp();
-    QCOMPARE(bench.journal.last(), u"lower set 0:00'00\"000"_s);  // its end waits for the tick
+    QCOMPARE(bench.journal.last(), u"lower set 0:00'00\"000"_s);  // the end is left to the tick
     QVERIFY(bench.state.CountdownRunning);
     bench.lines.Hide();
     bench.journal.clear();

@@ -22,7 +22,7 @@ constexpr int kSteps = 24;
 
 enum class Step { Command1, Reset, Entry, Repeat, Ticks, Wait, OtherFunction, ThisFunction };
 
-/// Everything that can be seen of a countdown.
+/// All observable state of a countdown.
 struct Seen {
     bool running = false;
     bool timerRunning = false;
@@ -33,7 +33,7 @@ struct Seen {
     qint64 pausedAt = 0;
     qint64 loops = 0;
     qint64 reports = 0;
-    Journal journal;  // since the step before
+    Journal journal;  // since the previous step
 
     bool operator==(const Seen&) const = default;
 
@@ -52,7 +52,7 @@ struct Seen {
     }
 };
 
-/// The program's own countdown, with a window whose entry is kept as the real one keeps it.
+/// The program's countdown, with a window that keeps its entry like the real one.
 class Real {
 public:
     explicit Real(qint64 since) { m_time.since = since; }
@@ -126,7 +126,7 @@ private:
     TimerEntry m_entry = m_panel.CurrentEntry();
 };
 
-/// The same once more, written down from what the countdown promises.
+/// A model: a second implementation of the same rules.
 class Model {
 public:
     explicit Model(qint64 since) : m_since(since) { m_seen.duration = 15'000; }
@@ -170,7 +170,7 @@ public:
     }
 
 private:
-    /// Since the cycle began, or nothing where the counter's sign lies between.
+    /// Time since the cycle began; nothing if the counter has changed its sign since.
     std::optional<qint64> Passed() const { return Fitting(TickAt(m_since) - m_seen.start); }
 
     void Start() {
@@ -261,7 +261,7 @@ private:
     Seen m_seen;
 };
 
-/// What the step needs: how long, how often, how much.
+/// The step's parameter: a duration or a number of repetitions.
 qint64 AmountOf(Step step, QRandomGenerator& random) {
     switch (step) {
         case Step::Wait:
@@ -273,14 +273,14 @@ qint64 AmountOf(Step step, QRandomGenerator& random) {
     }
 }
 
-/// While it runs, all that sets the time is disabled.
+/// Controls that set the time are disabled while it runs.
 bool CanBeDone(Step step, bool running) {
     return !running || (step != Step::Reset && step != Step::Entry && step != Step::Repeat);
 }
 
 }  // namespace
 
-/// Whatever is pressed, and however late the ticks come.
+/// Any sequence of user actions, with ticks as late as possible.
 class TstCountdownScripts : public QObject {
     Q_OBJECT
 
@@ -317,7 +317,7 @@ void TstCountdownScripts::EveryScriptGoesAsTheModelSays() {
         reports += model.See().reports;
         loops += model.See().loops;
     }
-    QVERIFY(reports > kScripts / 20);  // the edges of the counter were met
+    QVERIFY(reports > kScripts / 20);  // overflows occurred
     QVERIFY(loops > kScripts / 20);
 }
 

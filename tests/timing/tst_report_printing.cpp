@@ -35,7 +35,7 @@ struct Bench {
 
 }  // namespace
 
-/// A print, from its start to what the user hears of it.
+/// A print, from its start to what the user is told about it.
 class TstReportPrinting : public QObject {
     Q_OBJECT
 
@@ -99,7 +99,7 @@ void TstReportPrinting::CancelEndsThePrint() {
     QCOMPARE(bench.free, 1);
     QVERIFY(!bench.boxes.IsWaiting());
     QVERIFY(bench.boxes.Shown().isEmpty());
-    bench.Print();  // the next one begins without a box
+    bench.Print();  // the next print begins without a box
     QCOMPARE(bench.printer.jobs.size(), 2);
     QCOMPARE(bench.boxes.Waits().size(), 1);
 }

@@ -140,7 +140,7 @@ void TstStopwatch::TheSignChangeOverflows() {
     QCOMPARE(bench.stopwatch.Reading(), 0);
 }
 
-/// Elapsed plus tick would leave the range, though the reading is small.
+/// Elapsed plus tick would overflow, although the reading is small.
 void TstStopwatch::TheDifferenceComesFirst() {
     Bench bench(kSignChange - 5000);
     bench.state.StopwatchElapsed = 100'000;
@@ -162,7 +162,7 @@ void TstStopwatch::AStopThatOverflowsEndsTheRun() {
     QCOMPARE(bench.stopwatch.Reading(), 2'147'483'000);
 }
 
-/// For another 24.8 days, as long as the counter's sign lies between its start and now.
+/// Stop overflows for 24.8 days, while the counter's sign change lies between start and now.
 void TstStopwatch::AStopwatchThatOverflowedIsReset() {
     Bench bench(kSignChange - 300);
     bench.stopwatch.Start();

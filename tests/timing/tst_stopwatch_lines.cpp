@@ -96,7 +96,7 @@ void TstStopwatchLines::TheUpperLineIsNotTouched() {
 
 void TstStopwatchLines::TheNextFrameIsDueWhileItRuns() {
     Bench bench;
-    QVERIFY(bench.lines.UntilDue(17) >= 60'000);  // it stands
+    QVERIFY(bench.lines.UntilDue(17) >= 60'000);  // it is stopped
     bench.stopwatch.Start();
     QCOMPARE(bench.lines.UntilDue(17), qint64{17});
     QCOMPARE(bench.lines.UntilDue(60'000), qint64{60'000});

@@ -27,7 +27,7 @@ struct Bench {
         functions.shown = kFunctionStopwatch;
         panel.Load();
     }
-    /// 1 and 2 press the buttons, a dot lets 1000 ms pass.
+    /// 1 and 2 press the buttons, a dot advances time by 1000 ms.
     void Play(QStringView script) {
         for (const QChar step : script) {
             if (step == u'1') {
@@ -44,7 +44,7 @@ struct Bench {
 
 }  // namespace
 
-/// What the stopwatch's window does, without the window.
+/// The actions of the stopwatch window, without the window.
 class TstStopwatchPanel : public QObject {
     Q_OBJECT
 
@@ -78,7 +78,7 @@ void TstStopwatchPanel::TheCaptionsSayWhatTheButtonsWillDo() {
 void TstStopwatchPanel::TheListAndTheLines_data() {
     QTest::addColumn<QString>("script");
     QTest::addColumn<QString>("list");
-    QTest::addColumn<QStringList>("lines");  // what the last step did to them
+    QTest::addColumn<QStringList>("lines");  // written by the last step
     QTest::newRow("a start writes nothing") << u"1"_s << u""_s << QStringList();
     QTest::newRow("a list that starts with a stop begins with an empty line, on purpose")
         << u"1.1"_s << u"\r\n【Stop】 0:00'01\"000"_s << QStringList{u"lower set 0:00'01\"000"_s};

@@ -22,7 +22,7 @@ constexpr int kSteps = 24;
 
 enum class Step { Command1, Command2, Ticks, Wait, OtherFunction, ThisFunction, CloseAndOpen };
 
-/// Everything that can be seen of a stopwatch.
+/// All observable state of a stopwatch.
 struct Seen {
     bool running = false;
     bool timerRunning = false;
@@ -33,7 +33,7 @@ struct Seen {
     QString kept;
     qint64 function = kFunctionStopwatch;
     qint64 reports = 0;
-    Journal journal;  // since the step before
+    Journal journal;  // since the previous step
 
     bool operator==(const Seen&) const = default;
 
@@ -51,7 +51,7 @@ struct Seen {
     }
 };
 
-/// The program's own stopwatch, with a main window that does what matters to it.
+/// The program's stopwatch, with a main window reduced to what it needs.
 class Real : public DisplayFunctions {
 public:
     explicit Real(qint64 since) {
@@ -125,7 +125,7 @@ private:
     StopwatchPanel m_panel{m_stopwatch, {m_upper, m_lower}, *this, *m_Timer1};
 };
 
-/// The same once more, written down from what the stopwatch promises.
+/// A model: a second implementation of the same rules.
 class Model {
 public:
     explicit Model(qint64 since) : m_since(since) {}
@@ -254,7 +254,7 @@ private:
 
 }  // namespace
 
-/// Whatever is pressed, and however late the ticks come.
+/// Any sequence of user actions, with ticks as late as possible.
 class TstStopwatchScripts : public QObject {
     Q_OBJECT
 
@@ -286,7 +286,7 @@ void TstStopwatchScripts::EveryScriptGoesAsTheModelSays() {
         }
         reports += model.See().reports;
     }
-    QVERIFY(reports > kScripts / 10);  // the edges of the counter were met
+    QVERIFY(reports > kScripts / 10);  // overflows occurred
 }
 
 QTEST_GUILESS_MAIN(TstStopwatchScripts)

@@ -19,7 +19,7 @@ struct Bench : public TimingBench {
         return The<StopForm, QPushButton>("Command1").text() + u'/' +
                The<StopForm, QPushButton>("Command2").text();
     }
-    /// 1 to 4 press the buttons, a dot lets 1000 ms pass.
+    /// 1 to 4 press the buttons, a dot advances time by 1000 ms.
     void Play(QStringView script) {
         for (const QChar step : script) {
             if (step == u'.') {
@@ -33,7 +33,7 @@ struct Bench : public TimingBench {
 
 }  // namespace
 
-/// The stopwatch's window.
+/// The stopwatch window.
 class TstStopwatchWindow : public QObject {
     Q_OBJECT
 
@@ -95,7 +95,7 @@ void TstStopwatchWindow::TheListIsShown() {
     QCOMPARE(bench.List().toPlainText(), QString());
 }
 
-/// Whatever stands there, a lap changes the document by its own line alone.
+/// Whatever the document contains, a lap only adds its own line to it.
 void TstStopwatchWindow::ALapIsAppendedToTheList() {
     Bench bench;
     bench.Play(u"1.2");
@@ -274,7 +274,7 @@ void TstStopwatchWindow::AStopThatOverflowsIsReportedAndCanBeReset() {
     Bench bench;
     bench.stopwatch.StopwatchElapsed = 2'147'483'647;
     bench.Play(u"1");
-    bench.time.Advance(1);  // the tick overflows, and rests
+    bench.time.Advance(1);  // the tick overflows and stops its timer
     QCOMPARE(bench.boxes.Shown().size(), 1);
     QVERIFY(!bench.tools.Timer1().IsRunning());
     bench.boxes.Close();

@@ -27,7 +27,7 @@ struct Bench {
 
 }  // namespace
 
-/// What the timer's window does, without the window.
+/// The actions of the timer window, without the window.
 class TstTimerPanel : public QObject {
     Q_OBJECT
 
@@ -140,7 +140,7 @@ void TstTimerPanel::AnEntryChangedInThePauseTakesEffectAndKeepsWhatHasPassed() {
     bench.panel.StartOrStop({0, 1, 0, false});
     bench.panel.ReadEntries({0, 0, 3, false});
     bench.panel.StartOrStop({0, 0, 3, false});
-    QCOMPARE(bench.countdown.Remaining(), -2000);  // over at once, on purpose
+    QCOMPARE(bench.countdown.Remaining(), -2000);  // over at once; intentional
 }
 
 void TstTimerPanel::StopLeavesTheLines() {

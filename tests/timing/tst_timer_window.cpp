@@ -28,7 +28,7 @@ struct Bench : public TimingBench {
     QList<int> Shown() const {
         return {Spin("UpDown1").value(), Spin("UpDown2").value(), Spin("UpDown3").value()};
     }
-    /// The names of what can be used.
+    /// The names of the enabled controls.
     QStringList Enabled() const {
         QStringList names;
         for (const char* name :
@@ -48,7 +48,7 @@ const QStringList kAll{u"Frame1"_s, u"UpDown1"_s,  u"UpDown2"_s,  u"UpDown3"_s, 
 
 }  // namespace
 
-/// The timer's window.
+/// The timer window.
 class TstTimerWindow : public QObject {
     Q_OBJECT
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The six waves in data/sounds: fit to be played, and what make_sounds makes.
+// The six waves in data/sounds: they are playable and equal to what make_sounds generates.
 
 #include <QDir>
 #include <QFile>
@@ -56,13 +56,13 @@ int Loudest(Samples::const_iterator first, Samples::const_iterator last) {
     return loudest;
 }
 
-/// The third of the sound that lies in its middle.
+/// The middle third of the sound.
 Samples Middle(const Samples& samples) {
     const auto third = static_cast<std::ptrdiff_t>(samples.size() / 3);
     return {samples.begin() + third, samples.end() - third};
 }
 
-/// How often the wave goes up through zero in a second.
+/// How often the wave crosses zero upwards per second.
 double CyclesPerSecond(const Samples& samples) {
     int cycles = 0;
     for (std::size_t i = 1; i < samples.size(); ++i) {
@@ -180,7 +180,7 @@ void TstSounds::SoundsInItsMiddle() {
         power += static_cast<double>(sample) * sample;
     }
     const double level = std::sqrt(power / static_cast<double>(middle.size()));
-    QVERIFY2(level > kFullScale / 50.0, qPrintable(QString::number(level)));  // -34 dB: still well heard
+    QVERIFY2(level > kFullScale / 50.0, qPrintable(QString::number(level)));  // -34 dB: still clearly audible
 }
 
 void TstSounds::IsMadeAgain() {
@@ -192,15 +192,15 @@ void TstSounds::IsMadeAgain() {
     const Samples committed = SamplesOf(CommittedBytes(name));
     QCOMPARE(made.size(), committed.size());
     for (std::size_t i = 0; i < made.size(); ++i) {
-        // The mathematics libraries of two machines may differ in the last digit, and a sample then by one.
+        // The mathematics libraries of two machines may differ in the last digit, and a sample thus by one.
         QVERIFY2(std::abs(made[i] - committed[i]) <= 1,
                  qPrintable(u"sample %1: made %2, committed %3"_s.arg(i).arg(made[i]).arg(committed[i])));
     }
 }
 
 void TstSounds::HighStrikeLiesAboveLowStrike() {
-    // When the hammer has died away the deepest tone is left: E6 (1318.5 Hz) and G3 (196 Hz). Overtones that
-    // still ring may add a crossing here and there.
+    // After the hammer has died away, the lowest tone remains: E6 (1318.5 Hz) and G3 (196 Hz). Remaining
+    // overtones may add a few crossings.
     const double high = CyclesPerSecond(Middle(SamplesOf(CommittedBytes(u"TKW03.wav"_s))));
     const double low = CyclesPerSecond(Middle(SamplesOf(CommittedBytes(u"TKW04.wav"_s))));
     QVERIFY2(std::fabs(high - 1318.5) < 50, qPrintable(QString::number(high)));

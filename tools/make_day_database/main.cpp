@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// make_day_database FILE SCRIPT.sql...: writes a new day database from the statements in the scripts, one
-// after the other. An existing FILE is replaced only when all of them went through.
+// make_day_database FILE SCRIPT.sql...: makes a new day database by running the scripts in order. An existing
+// FILE is only replaced if all statements succeed.
 
 #include <sqlite3.h>
 
@@ -17,7 +17,7 @@ struct Closer {
     void operator()(sqlite3* handle) const { sqlite3_close(handle); }
 };
 
-/// Adds the contents of a file that is not empty.
+/// Appends the contents of a file, which must not be empty.
 bool Append(const char* path, std::string& text) {
     std::ifstream file(path, std::ios::binary);
     const auto before = text.size();
@@ -25,7 +25,7 @@ bool Append(const char* path, std::string& text) {
     return file.good() || (file.eof() && text.size() > before);
 }
 
-/// Runs the script on a new file; true when every statement went through.
+/// Runs the script on a new file; returns whether every statement succeeded.
 bool Create(const std::string& path, const std::string& script) {
     sqlite3* handle = nullptr;
     const int opened =
@@ -63,7 +63,7 @@ int main(int argc, char** argv) {
         std::fprintf(stderr, "make_day_database: %s: %s\n", argv[1], error.message().c_str());
     }
     if (!isCreated || error) {
-        std::error_code ignored;  // what failed was told already
+        std::error_code ignored;  // the original error was already reported
         std::filesystem::remove(unfinished, ignored);
         return 1;
     }

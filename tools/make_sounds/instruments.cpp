@@ -11,7 +11,7 @@ namespace {
 using std::numbers::pi;
 
 void AddPartial(Signal& signal, double pitch, const Partial& partial, double phase) {
-    constexpr double kContactSeconds = 0.0015;  // metal gives way to the hammer before it swings
+    constexpr double kContactSeconds = 0.0015;  // metal yields to the hammer before it vibrates
     for (std::size_t i = 0; i < signal.size(); ++i) {
         const double t = SecondsAt(i);
         signal[i] += partial.level * std::exp(-t / partial.decaySeconds) * Sine(pitch * t + phase) *
@@ -20,7 +20,7 @@ void AddPartial(Signal& signal, double pitch, const Partial& partial, double pha
 }
 
 void AddHammer(Signal& signal, const Gong& gong, Noise& noise) {
-    constexpr double kSeconds = 0.05;  // nothing can be heard of it after that
+    constexpr double kSeconds = 0.05;  // inaudible after that
     Resonator head(gong.hammerPitch, 900);
     for (std::size_t i = 0; i < signal.size() && SecondsAt(i) < kSeconds; ++i) {
         const double t = SecondsAt(i);
@@ -28,8 +28,8 @@ void AddHammer(Signal& signal, const Gong& gong, Noise& noise) {
     }
 }
 
-/// The air that the vocal folds let through in the course of one cycle (Rosenberg's pulse): they open slowly,
-/// snap shut, which gives a voice its overtones, and stay shut for the rest.
+/// The air flow through the vocal folds during one cycle (Rosenberg's pulse): they open slowly, snap shut,
+/// which creates the overtones of a voice, and stay shut until the next cycle.
 double FoldsOpening(double phase) {
     constexpr double kShut = 0.6;
     constexpr double kWidest = kShut * 0.66;
@@ -39,7 +39,7 @@ double FoldsOpening(double phase) {
     return phase < kShut ? std::cos(pi / 2 * (phase - kWidest) / (kShut - kWidest)) : 0;
 }
 
-/// The vocal folds: what goes into the throat, before it becomes a vowel.
+/// The vocal folds: the source signal that the throat shapes to a vowel.
 class Folds {
 public:
     Folds(double breath, std::uint32_t seed) : m_breath(breath), m_noise(seed) {}
@@ -48,10 +48,10 @@ public:
         m_phase += pitch * m_unsteadiness / kSampleRate;
         if (m_phase >= 1) {
             m_phase -= 1;
-            m_unsteadiness = 1 + 0.012 * m_noise.Next();  // with every cycle alike it would be an organ
+            m_unsteadiness = 1 + 0.012 * m_noise.Next();  // identical cycles would sound like an organ
         }
         const double opening = FoldsOpening(m_phase);
-        // The lips pass on the change of the flow, not the flow.
+        // The lips transmit the change of the flow, not the flow itself.
         const double change = opening - m_lastOpening;
         m_lastOpening = opening;
         return change * 2.5 + m_breath * m_noise.Next() * (0.3 + opening);
@@ -65,13 +65,13 @@ private:
     double m_lastOpening = 0;
 };
 
-/// Throat and mouth: the formants side by side.
+/// Throat and mouth: parallel formants.
 class Throat {
 public:
     void Shape(const Formants& vowel) {
         for (std::size_t k = 0; k < vowel.size(); ++k) {
             m_hollows[k].Tune(vowel[k].centre, vowel[k].bandwidth);
-            // Neighbours have opposite signs, else they would cancel each other halfway between their
+            // Neighbours have opposite signs; otherwise they would cancel each other halfway between their
             // pitches.
             m_levels[k] = k % 2 == 0 ? vowel[k].level : -vowel[k].level;
         }
@@ -110,12 +110,12 @@ Signal StoppedPipe(double pitch, double seconds, Noise& air) {
     double cycles = 0;
     for (std::size_t i = 0; i < tone.size(); ++i) {
         const double t = SecondsAt(i);
-        // A pipe comes up to its pitch from below and trembles with the bellows.
+        // A pipe starts below its pitch and vibrates with the bellows.
         cycles += pitch * (1 - 0.02 * std::exp(-t / 0.02) + 0.003 * Sine(5.5 * t)) / kSampleRate;
         const double pipe =
             Sine(cycles) + 0.12 * Sine(3 * cycles) + 0.03 * Sine(5 * cycles) + 0.03 * Sine(2 * cycles);
         const double wind = air.Next();
-        // The air spits while the tone is not there yet.
+        // The noise is stronger while the tone builds up.
         const double spit = 0.15 + 0.5 * std::exp(-t / 0.03);
         tone[i] =
             Swell(t, seconds, 0.03, 0.07) * (pipe + 0.3 * hiss.Next(wind) + 0.5 * chiff.Next(wind) * spit);

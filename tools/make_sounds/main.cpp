@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// make_sounds DIR: writes the six sounds of the program into DIR, over older ones. They lie ready in
-// data/sounds; this is run when a sound has been changed.
+// make_sounds DIR: writes the program's six sounds into DIR, replacing existing ones. Finished files are in
+// data/sounds; this is only needed after a sound was changed.
 
 #include <cstdio>
 #include <exception>

@@ -12,14 +12,14 @@ namespace {
 
 using std::numbers::pi;
 
-// In samples, 30 to 65 ms. Primes, so that their echoes seldom fall together.
+// In samples, 30 to 65 ms. Primes, so that their echoes rarely coincide.
 constexpr std::array<std::size_t, 4> kEchoes = {661, 877, 1103, 1423};
 
 std::size_t SamplesIn(double seconds) {
     return static_cast<std::size_t>(seconds * kSampleRate);
 }
 
-/// Adds what one pair of walls throws back again and again.
+/// Adds the repeated echoes of one pair of walls.
 void AddEchoes(Signal& echoes, const Signal& signal, std::size_t delay, double fadeSeconds) {
     const double kept = std::pow(10, -3 * SecondsAt(delay) / fadeSeconds);
     Signal ringing = signal;
@@ -69,7 +69,7 @@ double Swell(double t, double length, double attack, double release) {
 }
 
 double Noise::Next() {
-    // Marsaglia's xorshift with 32 bits: passes every number but 0 before it comes round.
+    // Marsaglia's 32-bit xorshift: its period covers every number except 0.
     m_state ^= m_state << 13;
     m_state ^= m_state >> 17;
     m_state ^= m_state << 5;
@@ -81,7 +81,7 @@ void Resonator::Tune(double centre, double bandwidth) {
     const double angle = 2 * pi * centre / kSampleRate;
     m_feedback1 = 2 * radius * std::cos(angle);
     m_feedback2 = -radius * radius;
-    // Makes up for the height of the resonance, so that the centre passes unchanged.
+    // Compensates the gain of the resonance, so that the centre frequency passes unchanged.
     m_gain = (1 - radius) * std::sqrt(1 - 2 * radius * std::cos(2 * angle) + radius * radius);
 }
 

@@ -7,39 +7,38 @@
 
 namespace tickwell {
 
-/// Samples per second of everything made here.
+/// Samples per second of all signals.
 inline constexpr int kSampleRate = 22050;
 
-/// One channel of sound. Its scale is free: the loudest sample gets its height when the file is made.
+/// One channel of sound, in any scale: the level is set when the file is made.
 using Signal = std::vector<double>;
 
-/// A signal of zeros; the part of a sample that `seconds` may end with is dropped.
+/// A signal of zeros; a fraction of a sample at the end of `seconds` is dropped.
 Signal Silence(double seconds);
 
-/// When a sample sounds, in seconds from the first.
+/// The time of a sample in seconds from the first.
 double SecondsAt(std::size_t sample);
 
-/// Adds `part`, `gain` times as loud, from `atSeconds` on. What would sound past the end is cut off.
+/// Adds `part`, multiplied by `gain`, starting at `atSeconds`. Anything beyond the end is cut off.
 void Mix(Signal& signal, const Signal& part, double atSeconds, double gain = 1);
 
-/// Lets the signal ring in a small room. `level`: the room against the straight sound; `fadeSeconds`: until
-/// the ringing is down by 60 dB. The length stays.
+/// Adds the reverberation of a small room. `level`: relative to the direct sound; `fadeSeconds`: until it has
+/// decayed by 60 dB. The length is unchanged.
 void AddRoom(Signal& signal, double level, double fadeSeconds);
 
-/// A sine wave after so many cycles.
+/// A sine wave after `cycles` cycles.
 double Sine(double cycles);
 
-/// 0 up to x = 0, 1 from x = 1 on, half a cosine between: switches without a click.
+/// 0 up to x = 0, 1 from x = 1 on, half a cosine in between: fades without a click.
 double Rise(double x);
 
-/// The loudness at `t` of something that swells in, stays and dies away within `length`. All in seconds.
+/// An envelope at `t`: rises, stays at 1 and falls within `length`. All in seconds.
 double Swell(double t, double length, double attack, double release);
 
-/// White noise from -1 to 1. The same seed gives the same noise on every machine, so a sound can be made
-/// again.
+/// White noise from -1 to 1. The same seed gives the same noise on every machine, so sounds are reproducible.
 class Noise {
 public:
-    /// `seed`: any number but 0.
+    /// `seed`: not 0.
     explicit Noise(std::uint32_t seed) : m_state(seed) {}
 
     double Next();
@@ -48,19 +47,18 @@ private:
     std::uint32_t m_state;
 };
 
-/// A filter that lets one pitch through at its own loudness and damps the others (two poles). Silent until
-/// tuned.
+/// A two-pole filter that passes one frequency unchanged and attenuates others. Silent until tuned.
 class Resonator {
 public:
     Resonator() = default;
 
-    /// In Hz, as Tune().
+    /// In Hz, like Tune().
     Resonator(double centre, double bandwidth) { Tune(centre, bandwidth); }
 
-    /// Moves the pitch; what rings goes on ringing. `centre` lies below half the sample rate.
+    /// Changes the frequency without interrupting the resonance. `centre` is below half the sample rate.
     void Tune(double centre, double bandwidth);
 
-    /// Takes one sample in and gives one out.
+    /// Filters one sample.
     double Next(double input);
 
 private:

@@ -14,7 +14,7 @@ namespace {
 
 constexpr std::uint32_t kAirSeed = 2463534242U;
 
-/// One cry that lasts `seconds`; its pitch rises from about `low` to `high` and falls again (Hz).
+/// One cry of `seconds`; its pitch rises from about `low` to `high` and falls again (Hz).
 Signal Cry(double seconds, double low, double high, std::uint32_t seed) {
     Voice baby;
     baby.pitch = [=](double t) {
@@ -35,7 +35,7 @@ Signal Cry(double seconds, double low, double high, std::uint32_t seed) {
     return Uttered(baby, seconds);
 }
 
-/// Air drawn in between two cries.
+/// An audible breath between two cries.
 Signal Gasp() {
     constexpr double kSeconds = 0.22;
     Signal gasp = Silence(kSeconds);
@@ -63,7 +63,7 @@ Signal TimerNotice() {
 
 Signal CuckooClock() {
     constexpr double kE5 = 659.3;
-    constexpr double kC5 = 523.3;  // a third below, as the bird itself calls
+    constexpr double kC5 = 523.3;  // a third below, like a real cuckoo
     Signal clock = Silence(1.7);
     Noise air(kAirSeed);
     Mix(clock, StoppedPipe(kE5, 0.30, air), 0.10);
@@ -84,8 +84,7 @@ Signal BabyCry() {
     return cries;
 }
 
-// The ratios 2.76, 5.40, 8.93 and 13.34 are those of a free bar; two partials close together make the metal
-// beat.
+// The ratios 2.76, 5.40, 8.93 and 13.34 are those of a free bar; two partials close together cause beating.
 
 Signal HighStrike() {
     Gong bell;
@@ -132,7 +131,7 @@ Signal Shout() {
     };
     man.breath = 0.05;
     man.noise = 5;
-    Signal shout = Silence(1.5);  // the rest is the room
+    Signal shout = Silence(1.5);  // the remaining time is reverberation
     Mix(shout, Uttered(man, kSeconds), 0.03);
     AddRoom(shout, 0.22, 0.55);
     return shout;

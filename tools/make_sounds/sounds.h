@@ -14,27 +14,27 @@ Signal TimerNotice();
 /// Door, two calls, door.
 Signal CuckooClock();
 
-/// Two cries with a breath between them.
+/// Two cries with a breath in between.
 Signal BabyCry();
 
-/// A small bell, as of a mantel clock.
+/// A small bell, like that of a mantel clock.
 Signal HighStrike();
 
-/// A long coil of wire, as of a wall clock.
+/// A long coiled wire, like that of a wall clock.
 Signal LowStrike();
 
-/// A man who shouts "yo!".
+/// A man shouting "yo!".
 Signal Shout();
 
-/// One wave file that the program plays.
+/// A wave file that the program plays.
 struct Sound {
     std::string_view fileName;
     Signal (*make)();
-    double peak;  ///< height of the loudest sample, of full scale
+    double peak;  ///< level of the loudest sample, relative to full scale
 };
 
-/// Noon plays one of TKW01 to TKW05 twelve times in a row, and a chime is cut off after 30 s: none of these
-/// lasts longer than 2.3 s.
+/// Noon plays one of TKW01 to TKW05 twelve times, and a chime is cut off after 30 s, so none of these is
+/// longer than 2.3 s.
 inline constexpr std::array<Sound, 6> kSounds = {{
     {"TKW00.wav", TimerNotice, 0.6},
     {"TKW01.wav", CuckooClock, 0.75},

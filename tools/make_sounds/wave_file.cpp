@@ -12,14 +12,14 @@ namespace tickwell {
 
 namespace {
 
-/// A number as RIFF has it, lowest byte first, whatever the machine does.
+/// Appends a number in little-endian order, as RIFF requires, on any machine.
 void Append(std::string& bytes, std::uint32_t number, int width) {
     for (int i = 0; i < width; ++i) {
         bytes.push_back(static_cast<char>(number >> (8 * i) & 0xFFU));
     }
 }
 
-/// Takes the mean out and returns the height of the loudest sample then.
+/// Removes the mean and returns the level of the loudest sample after that.
 double Centre(Signal& signal) {
     const double mean =
         std::accumulate(signal.begin(), signal.end(), 0.0) / static_cast<double>(signal.size());
@@ -31,8 +31,7 @@ double Centre(Signal& signal) {
     return loudest;
 }
 
-/// A wave that does not begin and end at zero clicks. The beginning is short, so that a stroke keeps its
-/// edge.
+/// A wave that does not start and end at zero clicks. The fade-in is short, so that a strike stays sharp.
 void FadeEnds(Signal& signal) {
     constexpr std::size_t kFadeIn = 32;                 // 1.5 ms
     constexpr std::size_t kFadeOut = kSampleRate / 25;  // 40 ms
@@ -67,9 +66,9 @@ std::string WaveBytes(const std::vector<std::int16_t>& samples) {
     constexpr std::uint32_t kBytesPerSample = 2;
     const auto dataSize = static_cast<std::uint32_t>(samples.size() * kBytesPerSample);
     std::string bytes = "RIFF";
-    Append(bytes, kHeader - 8 + dataSize, 4);  // all that follows this number
+    Append(bytes, kHeader - 8 + dataSize, 4);  // size of everything after this number
     bytes += "WAVEfmt ";
-    Append(bytes, 16, 4);  // size of the format
+    Append(bytes, 16, 4);  // size of the format chunk
     Append(bytes, 1, 2);   // PCM
     Append(bytes, 1, 2);   // channels
     Append(bytes, kSampleRate, 4);
@@ -91,10 +90,10 @@ void WriteFile(const std::string& path, const std::string& bytes) {
     }
     if (std::fwrite(bytes.data(), 1, bytes.size(), file) != bytes.size()) {
         const std::system_error error = WriteError(path);
-        std::fclose(file);  // the first error is the one to tell
+        std::fclose(file);  // the first error is reported
         throw error;
     }
-    // What the buffer still holds is written now, so a full disk may show only here.
+    // Writes the buffer, so a full disk may only be reported here.
     if (std::fclose(file) != 0) {
         throw WriteError(path);
     }

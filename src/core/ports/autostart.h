@@ -8,10 +8,10 @@ class Autostart {
 public:
     virtual ~Autostart() = default;
 
-    /// What would happen at the next login, as the desktop sees it now; what cannot be read does not start.
+    /// Whether the desktop would start it at the next login; false if the entry cannot be read.
     virtual bool IsOn() const = 0;
 
-    /// Takes effect with the next login. Throws RunTimeError; what was before then still stands.
+    /// Takes effect at the next login. Throws RunTimeError and then changes nothing.
     virtual void Set(bool on) = 0;
 };
 

@@ -5,16 +5,16 @@
 
 namespace tickwell {
 
-/// What time it is, on the wall and on the machine's counter.
+/// Wall-clock time and the machine's tick counter.
 class Clock {
 public:
     virtual ~Clock() = default;
 
-    /// Local time in the zone that holds at this moment.
+    /// Local time in the current time zone.
     virtual QDateTime Now() const = 0;
 
-    /// Milliseconds since the machine started, suspend included, cut to signed 32 bits: negative after 24.8
-    /// days, positive again after 49.7.
+    /// Milliseconds since boot, including suspend, truncated to signed 32 bits: negative after 24.8 days,
+    /// positive again after 49.7.
     virtual qint32 Tick() const = 0;
 };
 

@@ -16,8 +16,8 @@ class HelpViewer {
 public:
     virtual ~HelpViewer() = default;
 
-    /// Brings the help forward at this topic; a number that the file does not have shows its beginning.
-    /// Throws RunTimeError when the file cannot be read.
+    /// Brings the help to the front at this topic; a number that is not in the file shows its beginning.
+    /// Throws RunTimeError if the file cannot be read.
     virtual void ShowTopic(int topic) = 0;
 };
 

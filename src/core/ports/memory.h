@@ -5,13 +5,13 @@
 
 namespace tickwell {
 
-/// How full the machine's memory is.
+/// The machine's memory usage.
 class Memory {
 public:
     virtual ~Memory() = default;
 
-    /// What is in use and cannot be freed for others, in percent of all, 0..100, truncated; nothing where the
-    /// system does not say.
+    /// Memory that is in use and not reclaimable, in percent of all memory, 0..100, truncated; nothing if the
+    /// system does not report it.
     virtual std::optional<int> Load() const = 0;
 };
 

@@ -10,7 +10,7 @@ namespace tickwell {
 
 enum class MessageIcon { None, Information, Question, Exclamation, Critical };
 
-/// What a box shows. Plain texts: nothing in them is ever read as markup.
+/// The contents of a box. The texts are plain text, never markup.
 struct Message {
     MessageIcon icon = MessageIcon::None;
     QString title;
@@ -21,14 +21,14 @@ struct Message {
 
 enum class MessageAnswer { Yes, No, Cancel };
 
-/// A box on the screen. Its destruction closes it, if the user has not done so.
+/// An open box. Its destructor closes it unless the user has done so.
 class OpenBox {
 public:
     virtual ~OpenBox() = default;
 };
 
-/// Message boxes. Each function opens a box and returns at once: none runs a nested event loop, so that a
-/// timer's tick that opens a box goes on.
+/// Message boxes. Each function opens a box and returns at once, without a nested event loop, so that a timer
+/// whose tick opens a box keeps running.
 ///
 /// `owner` is the window that asks, or an object in it. The box is modal to that window, centred on it, and
 /// destroyed with it. Without an owner, or if its window is hidden, the box stands alone and blocks nothing.
@@ -43,16 +43,16 @@ public:
     /// A box with one OK button.
     virtual void Show(const QObject* owner, const Message& message, std::function<void()> onClosed) = 0;
 
-    /// A box with OK and Cancel; `onAnswer` is told whether it was OK. A box that goes without an answer was
-    /// cancelled.
+    /// A box with OK and Cancel; `onAnswer` receives whether it was OK. A box that is closed without an
+    /// answer counts as cancelled.
     virtual void Ask(const QObject* owner, const Message& message, std::function<void(bool)> onAnswer) = 0;
 
-    /// A box with Yes, No and Cancel. Cancel is the default, and the answer if the box goes without one.
+    /// A box with Yes, No and Cancel. Cancel is the default, and the answer if the box is closed without one.
     virtual void Choose(const QObject* owner, const Message& message,
                         std::function<void(MessageAnswer)> onAnswer) = 0;
 
-    /// Show's box with a check box below the text, not ticked at first; `onClosed` is told whether it is
-    /// ticked in the end. It is not if the window was destroyed.
+    /// Show's box with a check box below the text, initially unticked; `onClosed` receives its final state,
+    /// which is unticked if the window was destroyed.
     virtual void ShowWithChoice(const QObject* owner, const Message& message, const QString& choice,
                                 std::function<void(bool)> onClosed) = 0;
 

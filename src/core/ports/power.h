@@ -10,27 +10,27 @@ namespace tickwell {
 
 enum class Mains { On, Off, Unknown };
 
-/// What the machine runs on. The other two are known only where there is a battery.
+/// The power source. Charge and remaining time are known only if there is a battery.
 struct PowerReading {
     Mains mains = Mains::Unknown;
-    std::optional<int> percent;  ///< charge that is left, 0..100
+    std::optional<int> percent;  ///< remaining charge, 0..100
     std::optional<qint64>
-        secondsLeft;  ///< until the battery is empty, 1..kLongestTimeLeft; nothing if it is not known
+        secondsLeft;  ///< until the battery is empty, 1..kLongestTimeLeft; nothing if unknown
 
     bool operator==(const PowerReading&) const = default;
 };
 
-inline constexpr qint64 kLongestTimeLeft = 864'000;  ///< s, ten days; what claims more is not known
+inline constexpr qint64 kLongestTimeLeft = 864'000;  ///< s, ten days; a longer time counts as unknown
 
-/// A question for the power that is under way. Destroying it withdraws the question: there is no answer then.
+/// A pending request for a reading. Destroying it cancels the request, which is then not answered.
 using PowerQuestion = std::shared_ptr<void>;
 
 class Power {
 public:
     virtual ~Power() = default;
 
-    /// Asks for the present reading. `onReading` is called once, at once or from the event loop within about
-    /// a second; never an error: what cannot be read is unknown.
+    /// Requests the current reading. `onReading` is called once, immediately or from the event loop within
+    /// about a second. There are no errors: whatever cannot be read is unknown.
     [[nodiscard]] virtual PowerQuestion Ask(
         std::function<void(const PowerReading& reading)> onReading) const = 0;
 };

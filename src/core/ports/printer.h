@@ -9,17 +9,17 @@ namespace tickwell {
 
 /// A document for the printer.
 struct PrintJob {
-    QString title;      ///< what the print queue calls it
+    QString title;      ///< the job name in the print queue
     QStringList lines;  ///< plain text, without line breaks
 
     bool operator==(const PrintJob&) const = default;
 };
 
-/// How far a print has come.
+/// The progress of a print job.
 enum class PrintStage {
     Delayed,   ///< the print service has not answered for a second; reported at most once
     Accepted,  ///< the print queue holds the whole document
-    Failed,    ///< nothing is printed; also after Accepted, if the queue gives the job up within two minutes
+    Failed,    ///< nothing is printed; can follow Accepted if the queue aborts the job within two minutes
 };
 
 struct PrintNews {
@@ -34,11 +34,11 @@ class Printer {
 public:
     virtual ~Printer() = default;
 
-    /// Prints a document apart from this thread and returns at once. `onNews` is called later, from the event
-    /// loop. One document at a time: the next one after Accepted, Failed or Cancel.
+    /// Prints a document asynchronously. `onNews` is called later, from the event loop. One document at a
+    /// time: the next one after Accepted, Failed or Cancel.
     virtual void Print(const PrintJob& job, std::function<void(const PrintNews&)> onNews) = 0;
 
-    /// Ends a print that is neither Accepted nor Failed; its `onNews` is not called any more.
+    /// Cancels a print that is neither Accepted nor Failed; its `onNews` is no longer called.
     virtual void Cancel() = 0;
 };
 

@@ -6,16 +6,15 @@
 
 namespace tickwell {
 
-/// Starts other programs, which then live on by themselves.
+/// Starts other programs, detached from this one.
 class ProgramStarter {
 public:
     virtual ~ProgramStarter() = default;
 
-    /// The full path of a program that the user could start by this bare name, or an empty text.
+    /// The full path of the executable of this name in the search path, or an empty text.
     virtual QString Find(const QString& name) const = 0;
 
-    /// Starts a program file with these arguments, in this folder; false when it did not start. No shell has
-    /// a hand in it.
+    /// Starts an executable with these arguments in this folder, without a shell; false if that failed.
     virtual bool Start(const QString& file, const QStringList& arguments, const QString& folder) = 0;
 };
 

@@ -11,15 +11,14 @@ class SettingsStore {
 public:
     virtual ~SettingsStore() = default;
 
-    /// The stored text, or nothing where the key is absent. Throws SettingsError when the stored bytes are no
-    /// text.
+    /// The stored text, or nothing if the key is absent. Throws SettingsError if the stored bytes are not
+    /// valid text.
     virtual std::optional<QString> Get(const QString& section, const QString& key) const = 0;
 
-    /// Remembers a text; it reaches the disk with the next Commit.
+    /// Sets a text, which the next Commit writes.
     virtual void Set(const QString& section, const QString& key, const QString& value) = 0;
 
-    /// Writes all that was set, whole or not at all. Throws RunTimeError; what was stored before then still
-    /// stands.
+    /// Writes all that was set, atomically. Throws RunTimeError and then changes nothing.
     virtual void Commit() = 0;
 };
 

@@ -5,15 +5,14 @@
 
 namespace tickwell {
 
-/// Tells when time went another way than timers count it: the wall clock was set, the machine woke from
-/// suspend, or another zone holds. Whoever sleeps until a moment of the wall clock or of the tick looks again
-/// then.
+/// Reports time discontinuities: clock set, resume from suspend, zone change. Timers that sleep until a wall
+/// clock time or a tick count have to be checked again then.
 class TimeJumps {
 public:
     virtual ~TimeJumps() = default;
 
-    /// `onJump` is called soon after each jump, also where it turns out that nothing changed. There is one
-    /// listener; an empty function ends its listening.
+    /// `onJump` is called soon after each jump, and sometimes without one. There is one listener; an empty
+    /// function removes it.
     virtual void Listen(std::function<void()> onJump) = 0;
 };
 

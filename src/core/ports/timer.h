@@ -6,29 +6,28 @@
 
 namespace tickwell {
 
-/// Ticks again and again while it runs. Never delivered again from inside its own tick. Ends with its
-/// destruction.
+/// A periodic timer. Its tick is never called recursively. The destructor stops it.
 class Timer {
 public:
     virtual ~Timer() = default;
 
-    /// Milliseconds from one tick to the next; below 1 counts as 1. A running timer starts its interval anew.
+    /// Milliseconds between ticks; values below 1 count as 1. Restarts the interval of a running timer.
     virtual void SetInterval(int milliseconds) = 0;
     virtual void Start() = 0;
     virtual void Stop() = 0;
     virtual bool IsRunning() const = 0;
 };
 
-/// Where all timers of the program come from, so that time can be turned by hand.
+/// Creates all timers of the program, so that tests can control time.
 class TimerSource {
 public:
     virtual ~TimerSource() = default;
 
-    /// A timer at rest. The source outlives it. Its ticks may be off by a twentieth of the interval, so that
-    /// the system can wake up for several at once.
+    /// Creates a stopped timer. The source outlives it. Ticks may be off by 5 % of the interval, so that the
+    /// system can serve several timers in one wake-up.
     virtual std::unique_ptr<Timer> Create(int milliseconds, std::function<void()> onTick) = 0;
 
-    /// The same for ticks that meet a moment: never early, and late by a millisecond or two.
+    /// The same with exact ticks: never early, and late by a millisecond or two.
     virtual std::unique_ptr<Timer> CreateExact(int milliseconds, std::function<void()> onTick) = 0;
 };
 

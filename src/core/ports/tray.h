@@ -8,27 +8,26 @@ class QMenu;
 
 namespace tickwell {
 
-/// The desktop's notification area. Nothing here waits for it.
+/// The desktop's notification area. All calls are asynchronous.
 class Tray {
 public:
     virtual ~Tray() = default;
 
-    /// Whether an icon would be seen, as far as is known. The desktop is asked anew with each call; if its
-    /// answer is another one, WhenChanged tells so within about a second.
+    /// Whether an icon would be visible, as far as is known. Each call asks the desktop again; if the answer
+    /// differs, WhenChanged's listener is notified within about a second.
     virtual bool IsThere() = 0;
 
-    /// `changed` is called from the event loop each time that IsThere may have changed. One receiver; an
-    /// empty function takes the old one away.
+    /// `changed` is called from the event loop whenever IsThere may have changed. There is one listener; an
+    /// empty function removes it.
     virtual void WhenChanged(std::function<void()> changed) = 0;
 
-    /// Puts the program's icon there. `menu` opens by its right button and is its caller's, who keeps it
-    /// until Hide(); `onClick` is called for the left button. `onShown` is called once, at once or within
-    /// about a second, unless Hide() comes first: true when the icon is there, false if the desktop takes
-    /// none.
+    /// Shows the program's icon. The right button opens `menu`, which the caller owns and keeps until Hide();
+    /// the left button calls `onClick`. `onShown` is called once, immediately or within about a second,
+    /// unless Hide() comes first: true if the icon is shown, false if the desktop does not accept one.
     virtual void Show(const QString& tip, QMenu& menu, std::function<void()> onClick,
                       std::function<void(bool isShown)> onShown) = 0;
 
-    /// Takes the icon away, also one that is still to come; without one it does nothing.
+    /// Removes the icon, even if it is not shown yet; without one it does nothing.
     virtual void Hide() = 0;
 };
 

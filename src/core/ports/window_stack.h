@@ -17,14 +17,14 @@ public:
     /// it is shown.
     virtual void Declare(quintptr window) = 0;
 
-    /// Asks the window manager for the same once the window has been shown, in case it overlooked what was
-    /// declared.
+    /// Requests the same from the window manager once the window has been shown, in case it ignored the
+    /// declaration.
     virtual void AskForDeclared(quintptr window) = 0;
 
-    /// Puts a window above all others, and asks again for what was declared and is missing.
+    /// Raises a window above all others, and requests again whatever declared state is missing.
     virtual void PutAbove(quintptr window) = 0;
 
-    /// Brings a window to the workspace that the user sees, and ends a display of the bare desktop.
+    /// Moves a window to the current workspace, and ends "show desktop".
     virtual void BringToUser(quintptr window) = 0;
 
     /// Whether a window that should be shown is iconified, or has no window manager taking care of it

@@ -7,93 +7,93 @@
 
 namespace tickwell {
 
-/// A second of a disc has 75 sectors; a sector of sound has 588 frames of two samples, 44100 a second.
+/// One second of a disc is 75 sectors; an audio sector has 588 frames of two samples, so 44100 frames a
+/// second.
 inline constexpr qint64 kFramesPerSector = 588;
 
 enum class CdStatus {
     NoDisc,
     TrayOpen,
-    NotReady,  ///< nothing is known yet, or contents are being read
-    Ready,     ///< contents are known and hold good
-    Failed,    ///< the drive cannot be worked at all: no right to it, or no program to read it
+    NotReady,  ///< nothing known yet, or the contents are being read
+    Ready,     ///< the contents are known and valid
+    Failed,    ///< the drive cannot be used: no permission, or no program to read it
 };
 
 enum class CdMode {
     Stopped,
-    Seeking,
+    Seeking,  ///< started, but no sound yet
     Playing,
     Paused
-};  // Seeking: started, but the first sound is still to come
+};
 
 struct CdTrackEntry {
-    qint32 start = 0;  ///< first sector; sector 0 is where the disc's program area begins
+    qint32 start = 0;  ///< first sector; sector 0 is the start of the disc's program area
     bool isAudio = true;
 
     bool operator==(const CdTrackEntry&) const = default;
 };
 
-/// What is on a disc. A disc whose starts do not rise, or whose lead-out is not last, is none and never gets
-/// here.
+/// The contents of a disc. The starts are always ascending and the lead-out is last; a disc for which this
+/// does not hold counts as no disc.
 struct CdContents {
     QList<CdTrackEntry> tracks;  ///< track 1 first; at most 99
-    qint32 leadOut = 0;          ///< the sector behind the last track
+    qint32 leadOut = 0;          ///< the sector after the last track
 
     bool operator==(const CdContents&) const = default;
 };
 
-/// What was last heard of the drive. All but `status` and `number` is of meaning only while status is Ready.
+/// The last known state of the drive. All but `status` and `number` are valid only if status is Ready.
 struct CdPicture {
     CdStatus status = CdStatus::NotReady;
-    quint32 number = 0;  ///< another one each time that contents arrive or go
+    quint32 number = 0;  ///< changes each time contents appear or disappear
     CdContents contents;
     CdMode mode = CdMode::Stopped;
-    qint64 position = 0;     ///< frames from the start of sector 0 to the one that sounds now
-    bool readError = false;  ///< the last stretch ended early since it could not be read on; until the next
-                             ///< Play or Stop. Single bad sectors are silence and no error.
+    qint64 position = 0;     ///< frames from the start of sector 0 to the one being heard
+    bool readError = false;  ///< playback ended early because the disc could not be read any further; cleared
+                             ///< by the next Play or Stop. Single bad sectors play as silence, without error.
 };
 
-/// The drive, or the image that stands for one, seen from the window. Whatever touches a disc happens in
-/// another process: nothing here ever waits, everything answers from the last known picture.
+/// The drive, or an image used in its place. A separate process accesses the disc: nothing here blocks, every
+/// function answers from the last known state.
 class CdDrive {
 public:
     virtual ~CdDrive() = default;
 
-    /// There is a drive's node or an image's file at this moment. Its disc is not looked at.
+    /// Whether the drive's device node or the image file exists now. Does not access the disc.
     virtual bool Exists() const = 0;
 
-    /// The last known picture. Position and mode are those of this moment.
+    /// The last known state, with the current position and mode.
     virtual CdPicture Picture() const = 0;
 
-    /// Asks for a look at status and, where they changed or are not known, contents. While one is under way a
-    /// further wish for it is dropped. A disc that stands as Ready stays so until the look has found
-    /// otherwise.
+    /// Starts a look at the drive: status and, if it changed or is unknown, contents. Does nothing while a
+    /// look is running. A Ready disc stays Ready until the look finds otherwise.
     virtual void Look() = 0;
 
-    /// `changed` is called each time that status or number have changed: from the event loop, never from
-    /// inside a call into this port. One receiver; an empty function takes the old one away.
+    /// `changed` is called each time status or number have changed: from the event loop, never during a call
+    /// of this port. One listener; an empty function removes it.
     virtual void WhenChanged(std::function<void()> changed) = 0;
 };
 
-/// Plays stretches of the disc. Sectors of data tracks make no sound: the position jumps behind them. At the
-/// stretch's end the mode is Stopped and the position is that end. A disc that is gone or changed ends it at
-/// once.
+/// Plays ranges of the disc. Sectors of data tracks are skipped: the position jumps past them. At the end of
+/// the range the mode is Stopped and the position is that end. If the disc is removed or changed, playback
+/// ends at once.
 class CdPlayback {
 public:
     virtual ~CdPlayback() = default;
 
-    /// Plays from a frame, counted from the start of sector 0, up to `toSector`, which is no longer played.
-    /// Whatever played or was paused before ends. Both lie within the contents. False when no sound output
-    /// could be opened; nothing plays then.
+    /// Plays from a frame, counted from the start of sector 0, up to `toSector`, exclusive. Ends any earlier
+    /// playback. Both are inside the contents. Returns false, and nothing plays, if no sound output could be
+    /// opened.
     virtual bool Play(qint64 fromFrame, qint32 toSector) = 0;
 
-    /// Goes on with the very next frame, with a new end: a paused disc plays again, one that plays just does
-    /// not stop where it was to. From Stopped it is Play from the position. False as with Play.
+    /// Continues with the next frame and a new end: a paused disc plays again, a playing one only gets the
+    /// new end. If stopped, plays from the position. Returns false like Play.
     virtual bool GoOn(qint32 toSector) = 0;
 
-    /// Holds the sound and the position, every frame kept. Nothing unless it seeks or plays.
+    /// Pauses sound and position without losing a frame. Does nothing unless seeking or playing.
     virtual void Pause() = 0;
 
-    /// Ends playing; the position is 0.
+    /// Ends playback and sets the position to 0.
     virtual void Stop() = 0;
 };
 

@@ -5,13 +5,13 @@
 
 namespace tickwell {
 
-/// Waiting that does not stop the windows.
+/// Waits without blocking the windows.
 class EventWait {
 public:
     virtual ~EventWait() = default;
 
-    /// Lets the program's events run until `done` says so, or the program ends. `done` is asked a few times a
-    /// second, first of all at once.
+    /// Processes the program's events until `done` returns true or the program ends. `done` is called at once
+    /// and then a few times a second.
     virtual void Until(const std::function<bool()>& done) = 0;
 };
 

@@ -6,9 +6,8 @@
 
 namespace tickwell {
 
-/// A run of bytes that belongs to someone else, read as little-endian numbers. Every access is checked: a
-/// reach past the end throws JetDamageError, so nothing that a file claims about itself leads out of the
-/// file.
+/// A non-owning view of bytes, read as little-endian numbers. Every access is checked: reading past the end
+/// throws JetDamageError, so that no offset or size stored in a file leads outside it.
 class ByteView {
 public:
     ByteView() = default;

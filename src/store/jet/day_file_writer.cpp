@@ -34,7 +34,7 @@ Handle Open(const QString& path) {
     sqlite3* opened = nullptr;
     const int result = sqlite3_open_v2(QFile::encodeName(path).constData(), &opened,
                                        SQLITE_OPEN_READWRITE | SQLITE_OPEN_EXRESCODE, nullptr);
-    Handle handle(opened);  // also a failed open gives a handle, with the reason in it
+    Handle handle(opened);  // a failed open returns a handle too, which contains the reason
     if (result != SQLITE_OK) {
         Fail(opened);
     }
@@ -104,7 +104,7 @@ void WriteDayFile(const QString& path, const DayRows& rows) {
     const auto tables = SchemaTables();
     {
         const Handle handle = Open(path);
-        // A file that failed is thrown away, so nothing is needed to roll it back after a power cut.
+        // A file that failed is discarded, so it need not survive a power failure.
         Run(handle.get(), "PRAGMA journal_mode=MEMORY; PRAGMA synchronous=OFF");
         Run(handle.get(), SchemaScript());
         Run(handle.get(), "BEGIN");

@@ -7,9 +7,9 @@
 
 namespace tickwell {
 
-/// Makes a day database out of the empty file `path`, fills it with `rows`, and reads the file again to count
-/// them. No other file is made beside it. Not synced: the caller does that once. Throws RunTimeError; what
-/// the file then holds is of no use.
+/// Turns the empty file `path` into a day database with `rows`, then rereads it to check the number of rows.
+/// Creates no other file beside it. Not synced: the caller does that once. Throws RunTimeError; the file is
+/// then unusable.
 void WriteDayFile(const QString& path, const DayRows& rows);
 
 }  // namespace tickwell

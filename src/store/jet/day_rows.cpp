@@ -44,7 +44,7 @@ public:
     ColumnReader(const JetPages& pages, const JetColumn* stored, ColumnType type)
         : m_type(type), m_column(stored), m_text(pages, stored->codePage) {}
 
-    /// Nothing where a date is NULL.
+    /// Nothing if a date is NULL.
     std::optional<DayValue> Read(const JetRow& row) const {
         const auto field = row.Field(*m_column);
         switch (m_type) {
@@ -64,7 +64,7 @@ private:
     JetText m_text;
 };
 
-/// Takes one row over.
+/// Appends one row, or counts it if it has no date.
 void AppendRow(const std::vector<ColumnReader>& readers, const JetRow& row, DayTableRows& result) {
     QList<DayValue> values;
     bool unreadable = false;

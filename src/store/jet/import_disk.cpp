@@ -44,7 +44,7 @@ int PosixImportDisk::Create(const QString& path, unsigned mode, const QByteArray
     const int closed = ErrnoOf(close(file));
     error = error != 0 ? error : closed;
     if (error != 0) {
-        unlink(Native(path).constData());  // the first error is the one to be told
+        unlink(Native(path).constData());  // the first error is the one to report
     }
     return error;
 }

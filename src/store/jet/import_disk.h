@@ -6,8 +6,8 @@
 
 namespace tickwell {
 
-/// What the import does to the folder, one step each. Every step gives 0 or the errno of its failure, so that
-/// a test can let any one of them fail.
+/// The file operations of an import, one function each, so that a test can make any of them fail. Each
+/// returns 0 or the errno of its failure.
 class ImportDisk {
 public:
     ImportDisk() = default;
@@ -15,24 +15,24 @@ public:
     ImportDisk& operator=(const ImportDisk&) = delete;
     virtual ~ImportDisk() = default;
 
-    /// Makes the file `path` with the permissions `mode`, writes and syncs `bytes`. EEXIST where there is
-    /// one; a file that could not be finished is removed again.
+    /// Creates the file `path` with the permissions `mode`, writes `bytes` and syncs them. EEXIST if the file
+    /// exists; an incomplete file is removed.
     virtual int Create(const QString& path, unsigned mode, const QByteArray& bytes) = 0;
 
-    /// A second name for the file `from`. EEXIST where `to` is taken.
+    /// Creates a hard link to the file `from`. EEXIST if `to` exists.
     virtual int Link(const QString& from, const QString& to) = 0;
 
-    /// Replaces `to` in one step.
+    /// Replaces `to` atomically.
     virtual int Rename(const QString& from, const QString& to) = 0;
 
-    /// Waits until a file, or the names in a folder, are on the disk.
+    /// Syncs a file, or the entries of a folder, to the disk.
     virtual int Sync(const QString& path) = 0;
 
-    /// Removes a file that the import made.
+    /// Removes a file that the import created.
     virtual int Remove(const QString& path) = 0;
 };
 
-/// The real folder.
+/// The real file system.
 class PosixImportDisk : public ImportDisk {
 public:
     int Create(const QString& path, unsigned mode, const QByteArray& bytes) override;

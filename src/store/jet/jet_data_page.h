@@ -5,25 +5,25 @@
 
 namespace tickwell {
 
-/// One data page: rows that are packed from its end towards its beginning.
+/// One data page: its rows are stored from its end towards its beginning.
 class JetDataPage {
 public:
-    /// Throws JetDamageError where `number` is no data page.
+    /// Throws JetDamageError if page `number` is not a data page.
     JetDataPage(const JetPages& pages, quint32 number);
 
-    /// Definition page of the table that the rows belong to.
+    /// The definition page of the table that the rows belong to.
     quint32 Table() const { return m_page.U32(4); }
 
-    /// At most what a page has room for.
+    /// Never more than a page has room for.
     int RowCount() const { return m_rowCount; }
 
-    /// Not to be met when the table is gone through: deleted, or the far end of a pointer.
+    /// Not part of a table scan: deleted, or the target of a pointer.
     bool IsSkipped(int row) const { return (Word(row) & 0x8000) != 0; }
 
-    /// The row moved to another page, and Row() is its four-byte address.
+    /// The row was moved to another page; Row() is then its four-byte address.
     bool IsPointer(int row) const { return (Word(row) & 0x4000) != 0; }
 
-    /// The bytes of row 0..RowCount()-1. Never empty.
+    /// The bytes of a row, 0 to RowCount() - 1. Never empty.
     ByteView Row(int row) const;
 
 private:

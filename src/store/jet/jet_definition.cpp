@@ -13,12 +13,12 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr qsizetype kNextPage = 4;
-constexpr qsizetype kPageHeader = 8;      // of every page after the first
+constexpr qsizetype kPageHeader = 8;      // of every page except the first
 constexpr qsizetype kJet3CodePage = 11;   // in a column's entry
-constexpr quint16 kMaximumColumns = 255;  // of the format
+constexpr quint16 kMaximumColumns = 255;  // limit of the format
 constexpr quint8 kFixed = 1;
 
-/// The definition in one piece: it goes on over as many pages as it needs.
+/// Joins the pages of a definition, which can have any number of them.
 QByteArray Joined(const JetPages& pages, quint32 first) {
     QByteArray joined;
     QSet<quint32> seen;

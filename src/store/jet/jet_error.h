@@ -5,16 +5,16 @@
 
 namespace tickwell {
 
-/// A Jet file that cannot be imported: of a kind we do not read, or without something that we need.
+/// A Jet file cannot be imported: its kind is not supported, or it lacks something required.
 class JetError : public RunTimeError {
 public:
     using RunTimeError::RunTimeError;
 };
 
-/// A Jet file that contradicts itself. Whatever has been read of it so far is not to be trusted.
+/// A Jet file is inconsistent. Nothing read from it so far can be trusted.
 class JetDamageError : public JetError {
 public:
-    /// `where`: the part of the file that does not add up, a short Japanese noun.
+    /// `where`: the damaged part of the file, a short Japanese noun.
     explicit JetDamageError(const QString& where);
 };
 

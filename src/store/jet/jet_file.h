@@ -9,10 +9,10 @@
 
 namespace tickwell {
 
-/// A Jet 3 or Jet 4 database in memory. Tables that it hands out live as long as it does.
+/// A Jet 3 or Jet 4 database in memory. It outlives the tables that it returns.
 class JetFile {
 public:
-    /// `file`: the whole file, at most JetPages::kMaximumSize. Throws JetError.
+    /// `file`: the complete file, at most JetPages::kMaximumSize. Throws JetError.
     explicit JetFile(QByteArray file);
 
     JetFile(const JetFile&) = delete;
@@ -20,8 +20,8 @@ public:
 
     const JetPages& Pages() const { return m_pages; }
 
-    /// The table of that name in any case of letters; never one of the system's. Throws JetError with the
-    /// name where there is none.
+    /// The table of that name, ignoring case; never a system table. Throws JetError with the name if there is
+    /// none.
     JetTable Table(QStringView name) const;
 
 private:

@@ -25,13 +25,13 @@ void Check(int error) {
     }
 }
 
-/// A file that the import made and removes again unless all went well.
+/// A file that the import created; removed unless it is kept.
 class NewFile {
 public:
     NewFile(ImportDisk& disk, QString path) : m_disk(&disk), m_path(std::move(path)) {}
     ~NewFile() {
         if (!m_keep) {
-            m_disk->Remove(m_path);  // on the way out of an error that is the one to be told
+            m_disk->Remove(m_path);  // an error is already being reported
         }
     }
     NewFile(const NewFile&) = delete;
@@ -53,7 +53,7 @@ bool HasContents(const QString& path, const QByteArray& bytes) {
 /// Keeps the original under a second name.
 class KeptOriginal {
 public:
-    /// `bytes`: what the original holds.
+    /// `bytes`: the contents of the original.
     KeptOriginal(ImportDisk& disk, const QString& path, unsigned mode, const QByteArray& bytes) {
         const QFileInfo info(path);
         for (int i = 1; i <= kMostKeptFiles; ++i) {
@@ -61,7 +61,7 @@ public:
             m_name = info.completeBaseName() + u".jet" + number + u".mdb";
             const QString kept = info.path() + u'/' + m_name;
             int error = disk.Link(path, kept);
-            if (error != 0 && error != EEXIST) {  // not every file system has links
+            if (error != 0 && error != EEXIST) {  // not every file system supports hard links
                 error = disk.Create(kept, mode, bytes);
             }
             if (error == 0) {
@@ -72,7 +72,7 @@ public:
                 Check(error);
             }
             if (HasContents(kept, bytes)) {
-                return;  // an import before this one came as far as here
+                return;  // an earlier import got this far
             }
         }
         throw RunTimeError(u"元のファイルの控えを作成できません。"_s);
@@ -95,8 +95,7 @@ QString Replace(const QString& path, unsigned mode, const QByteArray& original, 
                 ImportDisk& disk) {
     const QString folder = QFileInfo(path).path();
     const QString unfinished = path + u".import";
-    // One that a power cut left behind is nobody's: the lock on the original keeps others from being at work
-    // on it.
+    // A file left by a power failure: the lock on the original guarantees that nobody else is using it.
     if (const int error = disk.Remove(unfinished); error != ENOENT) {
         Check(error);
     }
@@ -109,7 +108,8 @@ QString Replace(const QString& path, unsigned mode, const QByteArray& original, 
     Check(disk.Rename(unfinished, path));
     newFile.Keep();
     kept.Keep();
-    // The import stands. Should this fail and the power go, the original is back and is imported again.
+    // The import is complete. If this fails before a power failure, the original reappears and is imported
+    // again.
     disk.Sync(folder);
     return kept.Name();
 }
@@ -131,9 +131,9 @@ std::optional<JetImportSummary> Import(const QString& path, ImportDisk& disk) {
         throw RunTimeError(u"ほかのプログラムがデータベースを変換しています。"_s);
     }
     if (!file.IsAt(path)) {
-        return std::nullopt;  // another one has been quicker
+        return std::nullopt;  // another instance was faster
     }
-    constexpr unsigned kWritableByOwner = 0600;  // also where the original came from a read-only medium
+    constexpr unsigned kWritableByOwner = 0600;  // even if the original was read-only
     const QByteArray original = file.Read(JetPages::kMaximumSize + 1);
     const DayRows rows = ReadDayRows(JetFile(original));
     JetImportSummary summary;

@@ -10,28 +10,28 @@
 
 namespace tickwell {
 
-/// What an import brought over.
+/// The result of an import.
 struct JetImportSummary {
-    QList<qsizetype> rows;    // how many, in the order of SchemaTables()
+    QList<qsizetype> rows;    // number of rows, in the order of SchemaTables()
     int withoutDate = 0;      // rows left out because their date was NULL
     int unreadableNames = 0;  // names in which a character was replaced by U+FFFD
-    QString keptAs;           // name of the original, which stays in the folder; behind a link, its path
+    QString keptAs;  // file name of the original, which stays in the folder; its path if a link was followed
 };
 
-/// Turns the day database `path` into ours where it is a Jet 3 or Jet 4 file: to be called once, before the
-/// database is opened. The original stays beside it as DayDate.jet.mdb, or under another name where that one
-/// is taken by a different file. A symbolic link stays one: all this happens in the folder of the file that
-/// it leads to. Gives nothing where there was nothing to do: our own format, any other file, no file; opening
-/// the database says what is wrong with those.
+/// Converts the day database `path` to this program's format if it is a Jet 3 or Jet 4 file. Call it once,
+/// before the database is opened. The original stays beside it as DayDate.jet.mdb, or under another name if
+/// that one belongs to a different file. A symbolic link is kept: everything happens in the folder of its
+/// target. Returns nothing if there is nothing to convert: our own format, any other file, or no file;
+/// opening the database reports what is wrong with those.
 ///
-/// At every moment there is a whole file `path`, the original or the new one. Throws RunTimeError with the
-/// path in the reason, and then the folder is as it was.
+/// A complete file `path`, the original or the new one, exists at every moment. Throws RunTimeError with the
+/// path in the reason; the folder is then unchanged.
 std::optional<JetImportSummary> ImportJetFile(const QString& path);
 
-/// The same on a given disk.
+/// The same with the given file operations.
 std::optional<JetImportSummary> ImportJetFile(const QString& path, ImportDisk& disk);
 
-/// The text of the box that tells the user what was imported.
+/// The text of the message box that reports the import.
 QString JetImportText(const JetImportSummary& summary);
 
 }  // namespace tickwell

@@ -7,27 +7,27 @@ namespace tickwell {
 
 enum class JetVersion { Jet3, Jet4 };
 
-/// Where the two versions of the format keep the same things. Offsets and sizes in bytes.
+/// The offsets and sizes in which the two versions of the format differ, in bytes.
 struct JetLayout {
     JetVersion version;
     qsizetype pageSize;
     qsizetype maskedHeader;  // length of the masked part of page 0
     qsizetype numberWidth;   // of the counts and offsets inside a row, and of the length of a name
 
-    // A data page.
+    // Data page.
     qsizetype rowCount;    // u16
     qsizetype rowOffsets;  // u16 each
 
-    // A table's definition, from its first byte on.
+    // Table definition, from its first byte.
     qsizetype tableRows;    // u32
     qsizetype columnCount;  // u16
     qsizetype indexCount;   // u32
-    qsizetype usedPages;    // u8 row, u24 page of the usage map
-    qsizetype firstIndex;   // the indexes, and the columns behind them
+    qsizetype usedPages;    // u8 row and u24 page of the usage map
+    qsizetype firstIndex;   // start of the indexes, which the columns follow
     qsizetype indexSize;
     qsizetype columnSize;
 
-    // A column's entry.
+    // Entry of a column.
     qsizetype columnNumber;         // u16
     qsizetype columnVariableIndex;  // u16
     qsizetype columnFlags;          // u8

@@ -18,9 +18,9 @@ constexpr qsizetype kVersionOffset = 0x14;
 constexpr qsizetype kMaskedOffset = 0x18;
 constexpr qsizetype kCodePageOffset = 0x3C;
 constexpr qsizetype kKeyOffset = 0x3E;
-constexpr quint32 kHeaderKey = 0x6B39DAC7;  // C7 DA 39 6B in the order of the bytes
+constexpr quint32 kHeaderKey = 0x6B39DAC7;  // stored as the bytes C7 DA 39 6B
 
-/// RC4 with a key of four bytes, in place.
+/// RC4 with a four-byte key, in place.
 void Rc4(quint32 key, char* data, qsizetype length) {
     std::array<quint8, 256> state{};
     std::iota(state.begin(), state.end(), quint8{0});

@@ -33,9 +33,9 @@ qsizetype SizeOf(JetType type) {
     throw JetError(u"固定長の文字列は読み込めません。"_s);
 }
 
-/// The offsets of a row's variable fields. They stand backwards before their count, and one more gives the
-/// end of the last field. An offset of Jet 3 is one byte; the jump table between offsets and count tells from
-/// which field on another 256 is to be added.
+/// The offsets of a row's variable fields, stored in reverse order before their count; one more offset is the
+/// end of the last field. In Jet 3 an offset is one byte, and a jump table between offsets and count stores
+/// from which field on another 256 is added.
 class VariableOffsets {
 public:
     VariableOffsets(const ByteView& row, qsizetype maskAt, const JetLayout& layout)
@@ -48,10 +48,10 @@ public:
 
     int Count() const { return m_count; }
 
-    /// Where the fields have ended and the offsets begin.
+    /// The end of the fields and the start of the offsets.
     qsizetype TableStart() const { return m_countAt - m_jumps - (m_count + 1) * m_width; }
 
-    /// Where field 0..Count() begins; the last one is the end of all.
+    /// The start of field 0 to Count(); the last value is the end of all fields.
     qsizetype Offset(int index) const {
         qsizetype offset = m_row.Number(m_countAt - m_jumps - (index + 1) * m_width, m_width);
         for (qsizetype i = 0; i < m_jumps; ++i) {
@@ -66,8 +66,8 @@ public:
 private:
     static constexpr quint8 kUnusedJump = 0xFF;
 
-    /// The jump table has an entry for every 256 bytes, but nothing says whether its own bytes count in a row
-    /// that is just about that long. The right size is the one that makes the fields end where the offsets
+    /// The jump table has one entry per 256 bytes, but whether its own bytes count is not stored, which
+    /// matters for a row of about such a length. With the correct size the fields end where the offsets
     /// begin.
     qsizetype Jumps() {
         const qsizetype likely = (m_row.Size() - 1) / 256;
@@ -113,7 +113,7 @@ ByteView JetRow::FixedField(const JetColumn& column, qsizetype maskAt) const {
 ByteView JetRow::VariableField(const JetColumn& column, qsizetype maskAt) const {
     const VariableOffsets offsets(m_row, maskAt, *m_layout);
     if (column.variableIndex >= offsets.Count()) {
-        FailInRow();  // the mask says that there is a value
+        FailInRow();  // although the mask says that there is a value
     }
     const qsizetype start = offsets.Offset(column.variableIndex);
     const qsizetype end = offsets.Offset(column.variableIndex + 1);

@@ -7,14 +7,14 @@
 
 namespace tickwell {
 
-/// One row of a table: the number of columns, the fixed fields, the variable fields, their offsets backwards,
-/// and a bit for each column that has a value.
+/// One row of a table: the number of columns, the fixed fields, the variable fields, the offsets of the
+/// latter in reverse order, and a bit for each column that has a value.
 class JetRow {
 public:
     JetRow(const ByteView& row, const JetLayout& layout) : m_row(row), m_layout(&layout) {}
 
-    /// The bytes of a column's field; nothing where it is NULL or younger than the row. A fixed field has the
-    /// size of its type. Throws JetDamageError.
+    /// The bytes of a column's field; nothing if it is NULL or the column was added after the row was
+    /// written. A fixed field has the size of its type. Throws JetDamageError.
     std::optional<ByteView> Field(const JetColumn& column) const;
 
 private:

@@ -14,7 +14,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Goes from rows that moved to where they are now.
+/// Finds the current places of moved rows.
 class MovedRows {
 public:
     MovedRows(const JetPages& pages, quint32 table) : m_pages(&pages), m_table(table) {}
@@ -23,7 +23,7 @@ public:
         JetRowAddress address = JetRowAddress::At(pointer, 0);
         while (true) {
             const quint64 key = quint64{address.page} << 8 | address.row;
-            if (m_reached.contains(key)) {  // a circle, or two pointers to one row
+            if (m_reached.contains(key)) {  // a cycle, or two pointers to one row
                 throw JetDamageError(u"移動した行"_s);
             }
             m_reached.insert(key);
@@ -61,7 +61,7 @@ void JetTable::ForEachRow(const std::function<void(const JetRow&)>& use) const {
     MovedRows moved(*m_pages, m_definition.page);
     for (const quint32 number : PagesInUse(*m_pages, m_definition.usedPages)) {
         if (!IsDataPage(m_pages->Page(number))) {
-            continue;  // the map also names the table's indexes
+            continue;  // the map also contains the table's indexes
         }
         const JetDataPage page(*m_pages, number);
         if (page.Table() != m_definition.page) {

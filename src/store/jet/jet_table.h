@@ -7,20 +7,20 @@
 
 namespace tickwell {
 
-/// One table of a Jet file, which must outlive it.
+/// One table of a Jet file. `pages` outlives it.
 class JetTable {
 public:
     /// `page`: the first page of its definition. Throws JetDamageError.
     JetTable(const JetPages& pages, quint32 page)
         : m_pages(&pages), m_definition(ReadDefinition(pages, page)) {}
 
-    /// How many rows the definition says that there are.
+    /// The number of rows according to the definition.
     quint32 RowCount() const { return m_definition.rowCount; }
 
-    /// The column of that name in any case of letters, or null.
+    /// The column of that name, ignoring case; null if there is none.
     const JetColumn* Find(QStringView name) const;
 
-    /// Hands out the rows in the order in which the file keeps them. Throws JetDamageError.
+    /// Calls `use` with each row, in the order of the file. Throws JetDamageError.
     void ForEachRow(const std::function<void(const JetRow&)>& use) const;
 
 private:

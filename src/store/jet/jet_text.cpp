@@ -16,7 +16,7 @@ namespace {
 
 constexpr quint16 kShiftJis = 932;
 
-// POSIX has a failed iconv_open give this, not a null pointer.
+// According to POSIX, a failed iconv_open returns (iconv_t)-1, not a null pointer.
 bool IsOpen(iconv_t descriptor) {
     return reinterpret_cast<qintptr>(descriptor) != -1;
 }
@@ -38,7 +38,7 @@ QString Utf16(const ByteView& bytes) {
     return text;
 }
 
-/// One byte a character; a zero byte changes over to two bytes a character, and the next one back.
+/// One byte per character; a zero byte switches to two bytes per character, the next zero byte back.
 QString Decompressed(const ByteView& bytes) {
     QString text;
     bool wide = false;
@@ -57,7 +57,7 @@ QString Decompressed(const ByteView& bytes) {
     return text;
 }
 
-/// A surrogate without its other half is no character and has no place in a database of Unicode texts.
+/// Replaces unpaired surrogates, which are not characters and not valid in a database of Unicode texts.
 QString WithoutHalfPairs(QString text) {
     for (qsizetype i = 0; i < text.size(); ++i) {
         if (text.at(i).isHighSurrogate() && i + 1 < text.size() && text.at(i + 1).isLowSurrogate()) {
@@ -89,7 +89,7 @@ bool CodePage::IsKnown(quint16 number) {
 }
 
 QString CodePage::Decode(QByteArrayView bytes) const {
-    QString text(bytes.size() * 2 + 1, Qt::Uninitialized);  // more than any code page makes of them
+    QString text(bytes.size() * 2 + 1, Qt::Uninitialized);  // longer than the result for any code page
     QByteArray copy = bytes.toByteArray();                  // iconv's input is not const
     char* in = copy.data();
     auto inLeft = static_cast<size_t>(copy.size());
@@ -114,7 +114,7 @@ QString CodePage::Decode(QByteArrayView bytes) const {
     return text;
 }
 
-/// What Windows makes of a byte that iconv knows nothing of.
+/// The character that Windows assigns to a byte that iconv does not know.
 QChar CodePage::Undefined(char byte) const {
     const quint16 value = static_cast<quint8>(byte);
     if (m_number == kShiftJis) {

@@ -8,16 +8,16 @@
 
 namespace tickwell {
 
-/// Texts of one Windows code page, by the C library's iconv: its CP932 is Microsoft's table for every pair of
-/// bytes; the few single bytes that it leaves out are added here.
+/// Decodes the texts of one Windows code page with the C library's iconv. Its CP932 equals Microsoft's table
+/// for every pair of bytes; the few single bytes that it lacks are added here.
 class CodePage {
 public:
-    /// Throws JetError for a code page that is not known.
+    /// Throws JetError for an unknown code page.
     explicit CodePage(quint16 number);
 
     static bool IsKnown(quint16 number);
 
-    /// A byte that means nothing in the code page gives U+FFFD.
+    /// A byte that is undefined in the code page becomes U+FFFD.
     QString Decode(QByteArrayView bytes) const;
 
 private:
@@ -31,18 +31,17 @@ private:
     std::unique_ptr<void, Closer> m_descriptor;  // an iconv_t
 };
 
-/// Texts of one column of a Jet file. In Jet 3 they are in a code page, in Jet 4 in UTF-16 and perhaps
+/// Decodes the texts of one column of a Jet file. Jet 3 uses a code page, Jet 4 uses UTF-16, possibly
 /// compressed.
 class JetText {
 public:
-    /// `codePage`: what the column says of itself; where that is nothing we know, the database's own is
-    /// meant.
+    /// `codePage`: the one in the column's definition; if it is 0 or unknown, that of the database is used.
     explicit JetText(const JetPages& pages, quint16 codePage = 0);
 
-    /// The text of a field. Half a surrogate pair gives U+FFFD. Throws JetDamageError.
+    /// The text of a field. An unpaired surrogate becomes U+FFFD. Throws JetDamageError.
     QString Decode(const ByteView& field) const;
 
-    /// The name of a column, which is never compressed.
+    /// The name of a column, which is never compressed. Throws JetDamageError.
     QString DecodeName(const ByteView& name) const;
 
 private:

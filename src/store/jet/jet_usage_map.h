@@ -7,8 +7,8 @@
 
 namespace tickwell {
 
-/// The pages that the usage map in the row `map` names, ascending, none twice. Throws JetDamageError, also
-/// for a page that the file does not have.
+/// The page numbers in the usage map in the row `map`, ascending and unique. Throws JetDamageError, also for
+/// a page beyond the end of the file.
 QList<quint32> PagesInUse(const JetPages& pages, const JetRowAddress& map);
 
 }  // namespace tickwell

@@ -12,7 +12,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// The days that the type is made for, counted from 1899-12-30.
+// The range of the type, in days since 1899-12-30.
 constexpr double kFirstDay = -657434;  // 0100-01-01
 constexpr double kLastDay = 2958465;   // 9999-12-31
 
@@ -61,8 +61,8 @@ qint32 JetInteger(JetType type, const ByteView& field) {
 }
 
 QDate JetDate(const ByteView& field) {
-    // The whole part is the day also before 1899-12-30: -1.25 is six o'clock of the 29th, so the time is cut
-    // off towards zero.
+    // The integer part is the day even before 1899-12-30: -1.25 means 06:00 on the 29th. So the time is
+    // removed by truncating towards zero.
     const double days = std::trunc(field.F64(0));
     if (!(days >= kFirstDay && days <= kLastDay)) {
         throw JetDamageError(u"日付"_s);

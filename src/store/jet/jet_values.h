@@ -7,15 +7,14 @@
 
 namespace tickwell {
 
-/// Whether JetInteger reads the type.
+/// Whether JetInteger accepts the type.
 bool IsNumber(JetType type);
 
-/// The number in a field of one of the number types. Throws JetError where it is not whole or not within 32
-/// bits.
+/// The number in a field of a number type. Throws JetError if it is not an integer or exceeds 32 bits.
 qint32 JetInteger(JetType type, const ByteView& field);
 
-/// The date in a field of type Date, without its time of day: 0100-01-01 to 9999-12-31. Throws
-/// JetDamageError.
+/// The date in a field of type Date, without the time of day: 0100-01-01 to 9999-12-31. Throws JetDamageError
+/// for others.
 QDate JetDate(const ByteView& field);
 
 }  // namespace tickwell

@@ -7,10 +7,10 @@
 
 namespace tickwell {
 
-/// A file open for reading, which can be locked against others who want to lock it.
+/// A file open for reading, which can be locked exclusively.
 class LockedFile {
 public:
-    /// A file that is not there or must not be read is no error: IsOpen() tells.
+    /// A missing or unreadable file is not an error: IsOpen() is then false.
     explicit LockedFile(const QString& path);
     ~LockedFile();
 
@@ -19,13 +19,13 @@ public:
 
     bool IsOpen() const { return m_file >= 0; }
 
-    /// At most so many bytes from the beginning. Throws RunTimeError.
+    /// Reads at most that many bytes from the beginning. Throws RunTimeError.
     QByteArray Read(qsizetype atMost) const;
 
-    /// False where another one has the lock. A file system without locks grants it.
+    /// Acquires the lock; false if somebody else holds it. A file system without locks always succeeds.
     bool Lock() const;
 
-    /// Whether `path` still leads to this very file.
+    /// Whether `path` still refers to this file.
     bool IsAt(const QString& path) const;
 
     /// The permission bits of the file. Throws RunTimeError.

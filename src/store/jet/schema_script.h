@@ -3,8 +3,7 @@
 
 namespace tickwell {
 
-/// The statements that make an empty day database: data/DayDate.schema.sql as it was when the program was
-/// built.
+/// The statements that create an empty day database: data/DayDate.schema.sql at the time of the build.
 const char* SchemaScript();
 
 }  // namespace tickwell

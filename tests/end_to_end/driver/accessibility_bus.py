@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""The bus on which programs and screen readers meet."""
+"""The accessibility bus, which connects programs and screen readers."""
 
 from driver import dbus_calls
 from driver.accessible import Node
@@ -12,10 +12,10 @@ ROOT = "/org/a11y/atspi/accessible/root"
 
 
 class AccessibilityBus:
-    """Our end of the session's accessibility bus, and the list of the programs on it."""
+    """A connection to the session's accessibility bus, with the list of programs on it."""
 
     def __init__(self, session_bus):
-        # The session bus starts the accessibility bus when it is first asked for, and that one its registry.
+        # The first GetAddress call starts the accessibility bus; the registry is started on that bus.
         address = dbus_calls.call(session_bus, STARTER, "GetAddress", timeout=PATIENCE)[0]
         self._connection = dbus_calls.connect(address)
         dbus_calls.call(self._connection, dbus_calls.BUS, "StartServiceByName", "(su)", REGISTRY, 0,
@@ -24,7 +24,7 @@ class AccessibilityBus:
         self._registry = Node(self._connection, REGISTRY, ROOT)
 
     def application(self, pid):
-        """The topmost node of the program with this process id, or None while it has not come."""
+        """The root node of the program with this process id; None until it has connected."""
         for node in self._registry.children:
             if dbus_calls.process_of(self._connection, node.owner) == pid:
                 return node

@@ -1,9 +1,9 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""What a program tells a screen reader: its windows, labels, buttons and texts.
+"""What a program reports to a screen reader: its windows, labels, buttons and texts.
 
-AT-SPI is spoken as plain D-Bus. The usual client library keeps a cache and wants a main loop, and a test
-would read what was true a moment ago; here each question goes to the program itself. Qt 6.4 does not tell a
-widget's object name this way: things are known by role, name and place.
+AT-SPI is used as plain D-Bus. The usual client library has a cache and needs a main loop, so a test could read outdated
+values; here each query goes to the program itself. Qt 6.4 does not report a widget's object name, so widgets are
+identified by role, name and position.
 """
 
 from gi.repository import Gio, GLib
@@ -21,9 +21,9 @@ TEXT = "org.a11y.atspi.Text"
 VALUE = "org.a11y.atspi.Value"
 PROPERTIES = "org.freedesktop.DBus.Properties"
 
-NOTHING = "/org/a11y/atspi/null"  # path that stands for "no object"
+NOTHING = "/org/a11y/atspi/null"  # path that means "no object"
 
-# In the order of their bits.
+# In bit order.
 STATES = """
     invalid active armed busy checked collapsed defunct editable enabled expandable expanded focusable
     focused has-tooltip horizontal iconified modal multi-line multiselectable opaque pressed resizable
@@ -34,11 +34,11 @@ STATES = """
 
 
 class Gone(AssertionError):
-    """The program asked has left the bus: it ended or crashed."""
+    """The queried program has left the bus: it ended or crashed."""
 
 
 class Node(Searchable):
-    """One thing on the screen, asked afresh each time. Two nodes are equal when they are the same thing."""
+    """An accessible object, queried again on each access. Two nodes are equal if they refer to the same object."""
 
     def __init__(self, connection, owner, path):
         self.connection, self.owner, self.path = connection, owner, path
@@ -50,13 +50,13 @@ class Node(Searchable):
         return hash((self.owner, self.path))
 
     def call(self, interface, method, signature="()", *arguments):
-        """Asks the program. Raises GLib.Error where this thing cannot answer, Gone where the program is no
-        more."""
+        """Calls a method of the object. Raises GLib.Error if the object cannot answer, Gone if the program has
+        ended."""
         try:
             place = (self.owner, self.path, interface)
             return dbus_calls.call(self.connection, place, method, signature, *arguments)
         except GLib.Error as error:
-            # A connection's own name is never given out again, so there is nothing to wait for.
+            # A unique bus name is never reused, so waiting is pointless.
             if error.matches(Gio.dbus_error_quark(), Gio.DBusError.SERVICE_UNKNOWN):
                 raise Gone("the program has left the accessibility bus") from error
             raise
@@ -65,10 +65,10 @@ class Node(Searchable):
         return self.call(PROPERTIES, "Get", "(ss)", interface, name)[0]
 
     def at(self, place):
-        """The node at an (owner, path) pair as AT-SPI hands them out, or None."""
+        """The node at an (owner, path) pair as AT-SPI returns it, or None."""
         return None if place[1] == NOTHING else Node(self.connection, *place)
 
-    # What it is
+    # Identity and state
 
     @property
     def name(self):
@@ -80,8 +80,8 @@ class Node(Searchable):
 
     @property
     def role(self):
-        """In AT-SPI's words: "label", "push button", "check box", "dialog", "alert message" …; a plain Qt
-        window is a "filler"."""
+        """The AT-SPI role name: "label", "push button", "check box", "dialog", "alert message" …; a plain Qt window is
+        a "filler"."""
         return self.call(ACCESSIBLE, "GetRoleName")[0]
 
     @property
@@ -92,7 +92,7 @@ class Node(Searchable):
 
     @property
     def showing(self):
-        """Whether it is on the screen. A closed window stays in the tree, and does not show."""
+        """Whether it is visible on the screen. A closed window stays in the tree without this state."""
         return "showing" in self.states
 
     @property
@@ -113,31 +113,30 @@ class Node(Searchable):
 
     @property
     def extents(self):
-        """(x, y, width, height) in pixels of the screen."""
+        """(x, y, width, height) in screen pixels."""
         return self.call(COMPONENT, "GetExtents", "(u)", 0)[0]
 
-    # What it holds
+    # Contents
 
     @property
     def text(self):
-        """What a text field or a document shows."""
+        """The text of a text field or a document."""
         return self.call(TEXT, "GetText", "(ii)", 0, -1)[0]
 
     def set_text(self, text):
-        """Replaces the text at once, in any language; typing it key by key knows the keyboard's letters
-        only."""
+        """Replaces the text at once, in any language; typed text is limited to characters on the keyboard."""
         return self.call(EDITABLE_TEXT, "SetTextContents", "(s)", text)[0]
 
     @property
     def value(self):
-        """Where a slider, a spin box or a progress bar stands."""
+        """The current value of a slider, spin box or progress bar."""
         return self.get_property(VALUE, "CurrentValue")
 
     def set_value(self, value):
         self.call(PROPERTIES, "Set", "(ssv)", VALUE, "CurrentValue", GLib.Variant("d", value))
 
     def table(self):
-        """Names of a table's cells, row by row."""
+        """The names of a table's cells, row by row."""
         rows, columns = (self.get_property(TABLE, name) for name in ("NRows", "NColumns"))
         return [[self.cell(row, column).name for column in range(columns)] for row in range(rows)]
 
@@ -147,20 +146,20 @@ class Node(Searchable):
     def select_child(self, index):
         return self.call(SELECTION, "SelectChild", "(i)", index)[0]
 
-    # What it does
+    # Actions
 
     @property
     def actions(self):
         return [action[0] for action in self.call(ACTION, "GetActions")[0]]
 
     def press(self, action=0):
-        """Does what the thing does when it is used: a button is pressed, a menu entry chosen. A check box or
-        radio button changes without being "clicked", as the program sees it: those are for the hand."""
+        """Performs the object's action: presses a button, chooses a menu item. For a check box or radio button the
+        program does not see a "click"; use the hand for those."""
         return self.call(ACTION, "DoAction", "(i)", action)[0]
 
     def press_and_go(self, action=0):
-        """The same without an answer, for a menu entry that answers only once the dialog it opens is closed
-        again."""
+        """The same without waiting for the reply, for a menu item that replies only after the dialog that it opens is
+        closed."""
         self.connection.call(self.owner, self.path, ACTION, "DoAction", GLib.Variant("(i)", (action,)), None,
                              Gio.DBusCallFlags.NO_AUTO_START, -1, None, None)
         self.connection.flush_sync()

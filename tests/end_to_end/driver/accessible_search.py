@@ -1,29 +1,29 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""Finding things in the tree that a program shows to a screen reader."""
+"""Searching the tree of accessible objects of a program."""
 
 from gi.repository import GLib
 
 from driver.waiting import PATIENCE, TimedOut, wait_for
 
-DEEPEST = 30  # levels; a tree that is deeper goes round in a circle
+DEEPEST = 30  # levels; a deeper tree contains a cycle
 
-# Nearly everything on the screen has these. A list of states that leaves them out can be read.
+# States that nearly every object has; leaving them out keeps a list of states readable.
 COMMON_STATES = {"enabled", "sensitive", "focusable", "visible", "showing"}
 
 
 class Searchable:
-    """The searching half of a node."""
+    """The search functions of a node."""
 
     def walk(self, depth=DEEPEST):
-        """This node and everything below it, parents first. What vanishes meanwhile is passed over."""
+        """This node and its descendants, parents first. Objects that disappear meanwhile are skipped."""
         yield self
         if depth:
             for child in _or_else(lambda: self.children, []):
                 yield from child.walk(depth - 1)
 
     def matching(self, role=None, name=None, showing=None, which=None):
-        """Goes through everything here and below that has all the features given. `name` is a text or a test
-        of one; `which` is a further test of the node."""
+        """Yields this node and its descendants that have all the given features. `name` is a text or a predicate of
+        one; `which` is an additional predicate of the node."""
         features = {"role": role, "name": name, "showing": showing}
         wanted = {feature: value for feature, value in features.items() if value is not None}
         for node in self.walk():
@@ -31,26 +31,26 @@ class Searchable:
                 yield node
 
     def find_all(self, **features):
-        """All such nodes, in a list."""
+        """All matching nodes as a list."""
         return list(self.matching(**features))
 
     def find(self, **features):
-        """The first such node, or None."""
+        """The first matching node, or None."""
         return next(self.matching(**features), None)
 
     def wait(self, timeout=PATIENCE, **features):
-        """The first such node, waited for. Where none comes the error lists what there is instead."""
+        """Waits for the first matching node. If none appears, the error contains the tree."""
         try:
             return wait_for(lambda: self.find(**features), str(features), timeout)
         except TimedOut as error:
             raise TimedOut(f"{error}; there is:\n{self.dump()}") from None
 
     def wait_gone(self, timeout=PATIENCE, **features):
-        """Waits until there is no such node any more."""
+        """Waits until no node matches."""
         wait_for(lambda: not self.find(**features), f"the end of {features}", timeout)
 
     def dump(self, indent=0):
-        """The tree below this node to read, a node a line."""
+        """The tree below this node as readable text, one node per line."""
         lines = ["  " * indent + self._line()]
         lines += [child.dump(indent + 1) for child in _or_else(lambda: self.children, [])]
         return "\n".join(lines)
@@ -68,7 +68,7 @@ class Searchable:
 
 
 def agrees(wanted, found):
-    """Whether something found is as wanted: a value, or a test of one."""
+    """Whether `found` matches `wanted`, which is a value or a predicate."""
     return wanted(found) if callable(wanted) else wanted == found
 
 
@@ -83,7 +83,7 @@ def _fits(node, wanted, which):
 
 
 def _or_else(ask, otherwise):
-    """What a node answers; `otherwise` where it has no such thing or is just vanishing."""
+    """The result of `ask`; `otherwise` if the node has no such property or is disappearing."""
     try:
         return ask()
     except GLib.Error:

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""The program as it stands on a desktop for days: its clock, its date and its time signal, looked at each half hour."""
+"""Running the program for days: its clock, date and time signal are checked every half hour."""
 
 from driver.case import TickwellCase
 from driver.sound_pipe import SoundPipe, sound_of
@@ -8,13 +8,13 @@ from driver.turned_machine import STYLES, TurnedMachine
 from driver.virtual_time import VirtualTime
 
 START_UP_DELAY = 11000  # ms
-DISK_DRIVER = ("You are using the SDL disk i/o audio driver!", " Writing to file [")  # said at each sound
+DISK_DRIVER = ("You are using the SDL disk i/o audio driver!", " Writing to file [")  # printed for each sound
 
 
 class AlwaysOn(TickwellCase):
     def start(self, wall, tick=0, settings=None, at_pace=False):
-        """The clock, striking hours and half hours, once its start-up delay is over. `at_pace`: the sound card
-        takes the time that a real one takes."""
+        """Starts the clock with strikes on hours and half hours, and waits for the start-up delay. `at_pace`: the fake
+        sound card takes as long as a real one."""
         self.sound = SoundPipe(self.session, at_pace)
         self.addCleanup(self.sound.close)
         time = VirtualTime(wall, tick)
@@ -32,7 +32,7 @@ class AlwaysOn(TickwellCase):
         wait_lines(self.app, upper=lambda text: text in self.machine.days, lower=self.machine.clock)
 
     def check_chime(self):
-        """All that sounded since the last time is what the clock strikes now."""
+        """Checks that the sound since the last check is exactly the strikes of the current time."""
         count = self.machine.strikes
         told = f"{count} strikes at {self.machine.now}"
         self.assertTrue(self.sound.take(self.strike * count, told), told)
@@ -45,13 +45,13 @@ class AlwaysOn(TickwellCase):
             self.check_lines()
 
     def check_silence(self):
-        """Nothing has sounded since the last time."""
+        """Checks that there was no sound since the last check."""
         self.assertEqual(self.sound.heard(), b"")
 
     def is_sounding(self):
         return self.sound.is_open(self.app.program.pid)
 
     def output(self):
-        """What the program wrote, but for what its stand-in for a sound card says."""
+        """The program's output without the messages of the disk audio driver."""
         lines = self.app.program.output().splitlines()
         return [line for line in lines if not any(said in line for said in DISK_DRIVER)]

@@ -1,11 +1,11 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""How long a program leaves its window without an answer.
+"""Measures how long a program's window does not respond.
 
-The window is asked with _NET_WM_PING, which Qt answers from its event loop: over the X server alone, so that message
-buses, services and the window manager may be stopped meanwhile. A process of its own asks, one ping at a time. Time for
-which the program, the X server or that process were ready to run and had no processor (/proc/PID/schedstat) does not
-count: a busy machine is not a program that hangs. Nor does the time for which the program computes, unless a test asks for
-it: opening a window takes several times as long on a machine that does other things as well.
+The window receives _NET_WM_PING, which Qt answers from its event loop. Only the X server is involved, so message buses,
+services and the window manager may be stopped. A separate process sends one ping at a time. Time in which the program,
+the X server or that process were runnable without a CPU (/proc/PID/schedstat) is not counted: a busy machine does not
+mean a hanging program. Time in which the program computes is only counted on request, because opening a window takes
+several times as long on a busy machine.
 """
 
 import contextlib
@@ -17,15 +17,15 @@ from pathlib import Path
 
 from driver.waiting import PATIENCE, SLOWNESS
 
-LONGEST = 0.2 * SLOWNESS  # s that no step may keep the window from answering
+LONGEST = 0.2 * SLOWNESS  # s; no step may keep the window from answering for longer
 INTERVAL = 0.02  # s between an answer and the next ping
 FOLDER = Path(__file__).resolve().parent.parent
 
 
 class Answering:
-    """Measures from its construction until `longest` is asked for. `program`: as the session has started it; `window`:
-    the X id of one of its windows, which may be hidden but has to last; `computing`: whether to count the time for which
-    the program computes."""
+    """Measures from its construction until `longest` is called. `program`: as returned by the session; `window`: the X
+    id of one of its windows, which may be hidden but must not be destroyed; `computing`: whether to count the time in
+    which the program computes."""
 
     def __init__(self, session, program, window=None, computing=False):
         xid = window if window is not None else session.windows.wait(pid=program.pid)
@@ -35,7 +35,7 @@ class Answering:
         self._probe.wait_output("asking")
 
     def longest(self):
-        """Ends the measurement; seconds of the longest time without an answer."""
+        """Ends the measurement; returns the longest time without an answer in seconds."""
         if self._longest is None:
             self._probe.check_running()
             self._probe.stop(PATIENCE)
@@ -45,7 +45,7 @@ class Answering:
 
 @contextlib.contextmanager
 def keeps_answering(session, program, window=None, limit=LONGEST, computing=False):
-    """Fails if the window was without an answer for longer than `limit` seconds within the block."""
+    """Fails if the window did not answer for longer than `limit` seconds within the block."""
     measured = Answering(session, program, window, computing)
     yield
     longest = measured.longest()
@@ -55,9 +55,9 @@ def keeps_answering(session, program, window=None, limit=LONGEST, computing=Fals
 
 
 class _Starvation:
-    """Seconds for which the program's threads were ready to run and had no processor, for one may hold what another waits
-    for; of the X server and of ourselves, and unless `computing` counts of its main thread, the time that they worked as
-    well."""
+    """Seconds that do not count as not answering. For all threads of the program: time in which they were runnable
+    without a CPU, because one can hold what another waits for. For the program's main thread, unless `computing`, and
+    for the X server and this process: CPU time as well."""
 
     def __init__(self, program, computing, others):
         self._program = Path(f"/proc/{program}/task")
@@ -65,7 +65,7 @@ class _Starvation:
         self._others = [Path(f"/proc/{pid}/schedstat") for pid in others] + [Path("/proc/self/schedstat")]
 
     def read(self):
-        """What `since` compares: nanoseconds up to now, by thread or process."""
+        """Nanoseconds up to now by thread or process, for `since`."""
         counts = {}
         for task in self._program.iterdir():
             worked, waited = self._times(task / "schedstat")
@@ -73,12 +73,12 @@ class _Starvation:
         return counts | {path: sum(self._times(path)) for path in self._others}
 
     def since(self, before):
-        now = self.read()  # a thread that has ended in between is no longer in it
+        now = self.read()  # threads that ended meanwhile are missing here
         return sum(max(0, count - before.get(name, 0)) for name, count in now.items()) / 1e9
 
     @staticmethod
     def _times(path):
-        """Nanoseconds of work, and of waiting for a processor."""
+        """Nanoseconds of CPU time, and of waiting for a CPU."""
         try:
             return [int(word) for word in path.read_text().split()[:2]]
         except OSError:
@@ -87,7 +87,7 @@ class _Starvation:
 
 class _Probe:
     def __init__(self, display_name, xid, starvation):
-        from Xlib import X, display  # pylint: disable=import-outside-toplevel; needed by the probe's process alone
+        from Xlib import X, display  # pylint: disable=import-outside-toplevel; needed only in the probe's process
         from Xlib.protocol.event import ClientMessage
         self._display = display.Display(display_name)
         self._root = self._display.screen().root
@@ -112,7 +112,7 @@ class _Probe:
         self.note()
 
     def note(self):
-        """Takes the present ping into account, answered or not."""
+        """Includes the current ping in the maximum, whether it was answered or not."""
         if self._begun:
             began, before = self._begun
             self.longest = max(self.longest, time.monotonic() - began - self._starvation.since(before))
@@ -139,7 +139,7 @@ def main(display_name, xid, pid, computing, *others):
     probe = _Probe(display_name, int(xid), _Starvation(pid, computing == "1", others))
     try:
         probe.ask()
-        probe.longest = 0.0  # of our own start
+        probe.longest = 0.0  # the first ping includes the probe's own start
         print("asking", flush=True)
         while True:
             time.sleep(INTERVAL)

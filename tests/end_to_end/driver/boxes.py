@@ -1,12 +1,12 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""The boxes in which the program tells of an error."""
+"""The message boxes in which the program reports errors."""
 
 RUN_TIME_ERROR = "実行時エラー\n"
 START_ERROR = "実行に必要なファイルまたは情報が見つかりません。\n"
 
 
 def wait_box(app, text):
-    """The one box that stands open, once its text begins so."""
+    """Waits for a message box that starts with `text`, and checks that it is the only one."""
     box = app.wait(role="alert message", showing=True, which=lambda node: _says(node, text))
     boxes = app.find_all(role="alert message", showing=True)
     assert len(boxes) == 1, "\n".join(each.dump() for each in boxes)
@@ -14,7 +14,7 @@ def wait_box(app, text):
 
 
 def close_box(app, text):
-    """The same, and closes it."""
+    """Waits for that box and closes it."""
     wait_box(app, text).find(role="push button").press_and_go()
     app.wait_gone(role="alert message", showing=True)
 

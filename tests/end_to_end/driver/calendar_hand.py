@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""The calendar as a hand works it: marks on the days of a month, and anniversaries of the day chosen."""
+"""Operating the calendar with the mouse: marking days of a month, adding anniversaries to the selected day."""
 
 import sqlite3
 
@@ -12,7 +12,7 @@ NORMAL, HOLIDAYS = "通常表示", "休日設定"
 
 
 class CalendarHand:
-    """Opens it. The month shown is that of the program's wall clock."""
+    """Opens the calendar, which shows the month of the program's wall clock."""
 
     def __init__(self, session, app):
         self._session, self._app = session, app
@@ -25,18 +25,18 @@ class CalendarHand:
         self._app.wait_gone(role="dialog", name=CALENDAR, showing=True)
 
     def choose(self, mode):
-        """One of the three modes; the answer that it is chosen comes once what it does is done."""
+        """Chooses one of the three modes and waits until it is checked, which is after its action is done."""
         option = self.window.wait(role="radio button", name=mode)
         x, y, _, height = option.extents
         self._session.hand.click((x + 8, y + height // 2))
         wait_for(lambda: "checked" in option.states, f"mode {mode}")
 
     def click(self, date):
-        """`date` as "1998年10月6日"."""
+        """`date`: like "1998年10月6日"."""
         self._session.hand.click(self.window.wait(name=lambda name: name.startswith(f"{date} "), showing=True))
 
     def mark(self, *dates):
-        """Marks days as holidays, or takes their marks away; they are stored when it returns, or an error shows."""
+        """Toggles the holiday marks of days. On return they are stored, or an error is shown."""
         self.choose(HOLIDAYS)
         for date in dates:
             self.click(date)
@@ -46,7 +46,7 @@ class CalendarHand:
         button(self.window, "記念日の一覧を開く").press()
 
     def add(self, name):
-        """Adds an anniversary of the day chosen; it is stored once the window has closed, or an error shows."""
+        """Adds an anniversary to the selected day. It is stored when the window has closed, or an error is shown."""
         press(self.window, "追加")
         editor = self._app.wait(role="dialog", name=ADDING, showing=True)
         editor.wait(role="text", name="記念日の名前").set_text(name)
@@ -58,8 +58,8 @@ class CalendarHand:
 
 
 def stored(folder):
-    """(names of anniversaries, dates of holidays) in a program folder's database, both in their order. It is looked
-    through as a whole on the way."""
+    """(names of anniversaries, dates of holidays) in a program folder's database, both in order. Also checks the
+    integrity of the database."""
     database = sqlite3.connect(f"file:{folder}/DayDate.mdb?mode=ro", uri=True)
     try:
         assert database.execute("PRAGMA integrity_check").fetchall() == [("ok",)]

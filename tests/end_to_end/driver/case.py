@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""What every end-to-end test begins from."""
+"""The base class of all end-to-end tests."""
 
 import os
 import unittest
@@ -11,11 +11,10 @@ ARTIFACTS_VARIABLE = "TICKWELL_ARTIFACTS"
 
 
 class TickwellCase(unittest.TestCase):
-    """Gives each test a desktop of its own as `self.session`, ended with the test whatever becomes of it. A
-    test that fails leaves a picture of the screen and its programs' outputs in the folder that
-    TICKWELL_ARTIFACTS names."""
+    """Gives each test a private desktop as `self.session`, which is closed with the test in any case. A failing test
+    saves a screenshot and the outputs of its programs in the folder that TICKWELL_ARTIFACTS names."""
 
-    window_manager = ("openbox",)  # its command; None for a test that wants a bare X server
+    window_manager = ("openbox",)  # its command; None for a bare X server
 
     def run(self, result=None):
         self._result = result if result is not None else self.defaultTestResult()
@@ -26,10 +25,10 @@ class TickwellCase(unittest.TestCase):
         self._kept = False
         self.session = Session(self.window_manager)
         self.addCleanup(self.session.close)
-        self.addCleanup(self._keep_artifacts)  # for a set-up that fails, after which there is no tear-down
+        self.addCleanup(self._keep_artifacts)  # if set-up fails, there is no tear-down
 
     def tearDown(self):
-        self._keep_artifacts()  # before the test's own cleanups close what the picture shall show
+        self._keep_artifacts()  # before the test's own cleanups close what the screenshot should show
 
     def _troubles(self):
         return len(self._result.failures) + len(self._result.errors)

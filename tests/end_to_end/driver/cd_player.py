@@ -1,6 +1,6 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""The CD player of the real program: its window is worked by hand, its sound is listened to. Time is real, as sound
-is."""
+"""The CD player of the real program: its window is operated with the mouse, its sound is recorded. Time is real,
+because sound is."""
 
 from pathlib import Path
 
@@ -23,7 +23,7 @@ PATIENCE = 60.0  # s
 
 
 class CdCase(TickwellCase):
-    """Brings a sound server, discs, and the player with its window open."""
+    """Provides a sound server, discs, and the player with its window open."""
 
     def setUp(self):
         super().setUp()
@@ -33,7 +33,7 @@ class CdCase(TickwellCase):
         self.discs = make_discs(self.folder)
 
     def start(self, source, environment=None, cwd=None):
-        """Starts the program on this drive or image, with the player and its window."""
+        """Starts the program with this drive or image, and opens the player's window."""
         self.app = start_tickwell(self.session, settings={"SetUp": {"Function": "6", "Clock_Int": "2"}},
                                   arguments=("--disc", source),
                                   environment=self.server.environment | (environment or {}), cwd=cwd)
@@ -48,16 +48,16 @@ class CdCase(TickwellCase):
         self.window_xid = self.session.windows.wait(name=TITLE, pid=self.app.program.pid)
 
     def quit(self):
-        """Closes the main window, and waits until the program has ended well and its sound with it."""
+        """Closes the main window; waits until the program has ended with 0 and its sound is closed."""
         self.session.windows.close_window(self.session.windows.wait(name="Tickwell", pid=self.app.program.pid))
         self.assertEqual(self.app.program.wait_end(), 0)
         self.wait_silence()
 
     def helpers(self):
-        """How many processes read discs for it."""
+        """The number of helper processes that read discs for it."""
         return sum(_is_helper(pid) for pid in processes.marked(self.session.directory))
 
-    # What the player is told
+    # Controlling the player
 
     def press(self, name):
         self.session.hand.click(button(self.window, name))
@@ -70,13 +70,13 @@ class CdCase(TickwellCase):
         self.session.hand.click(self.window.wait(role="menu item", name=menu, showing=True))
         self.session.hand.click(self.window.wait(role="menu item", name=item, showing=True))
 
-    # What the player says
+    # What the player shows
 
     def wait_caption(self, caption):
         self.window.wait(role="label", name=caption, showing=True)
 
     def enabled(self):
-        """The names of the buttons that can be pressed."""
+        """The names of the enabled buttons."""
         return {name for name in BUTTONS if button(self.window, name).enabled}
 
     def wait_enabled(self, names):
@@ -94,7 +94,7 @@ class CdCase(TickwellCase):
         return heard(self.server.recording(), disc)
 
     def wait_heard(self, disc, check, what):
-        """Waits until `check` is true of the pieces of the disc that were heard so far; returns them."""
+        """Waits until `check` is true for the pieces of the disc heard so far; returns them."""
         pieces = []
 
         def fits():
@@ -107,12 +107,12 @@ class CdCase(TickwellCase):
         return pieces
 
     def wait_piece(self, disc, count, seconds):
-        """Waits until so many pieces were heard, the last of them for so long; returns them."""
+        """Waits until `count` pieces were heard, the last of them for at least `seconds`; returns them."""
         return self.wait_heard(disc, lambda pieces: len(pieces) == count and pieces[-1].seconds >= seconds,
                                f"{seconds} s of piece {count}")
 
     def wait_silence(self):
-        """Waits until no sound is open any more."""
+        """Waits until no sound stream is open."""
         wait_for(lambda: self.server.streams() == 0, "the end of all sound")
 
 

@@ -1,8 +1,8 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""A print service of a test's own, with one printer that keeps what it is sent.
+"""A private print service, with one printer that keeps the documents it receives.
 
-It listens on a socket in a folder of its own and on no address, and never speaks with the machine's print service.
-The printer is a raw queue: each document lies in the spool as the program made it.
+It listens on a socket in a private folder and on no network address, and never contacts the machine's print service.
+The printer is a raw queue: each document is in the spool as the program made it.
 """
 
 import os
@@ -55,7 +55,7 @@ PageLog {folder}/log/pages
 FileDevice Yes
 """
 
-# As root it gives its rights up for jobs, as any print service does.
+# When started as root, the service runs jobs as an unprivileged user, as usual.
 RIGHTS = """\
 SystemGroup root
 User lp
@@ -63,7 +63,7 @@ Group lp
 """
 
 
-# A device that takes no document.
+# A device that refuses every document.
 FAILING_DEVICE = """\
 #!/bin/sh
 [ $# -eq 0 ] || { echo "ERROR: the paper is gone" >&2; exit 1; }
@@ -71,17 +71,17 @@ FAILING_DEVICE = """\
 
 
 class Cups:
-    """Runs in a session from its construction until the session ends. `close` removes its files."""
+    """Runs in a session from its construction until the session ends. `close` also removes its files."""
 
     def __init__(self, session):
-        # Not in the session's folder, which is closed to the user that the service runs its jobs as.
+        # Not in the session's folder, which the user that runs the jobs cannot enter.
         self._folder = Path(tempfile.mkdtemp(prefix="tickwell-cups-"))
         self._folder.chmod(0o755)
         for name in ("etc/ppd", "cache", "state", "spool", "log"):
             (self._folder / name).mkdir(parents=True)
             (self._folder / name).chmod(0o777)
         self._make_programs()
-        self.environment = {"CUPS_SERVER": str(self._folder / "socket")}  # for the programs that shall print
+        self.environment = {"CUPS_SERVER": str(self._folder / "socket")}  # for programs that print
         self._client_environment = session.environment | self.environment
         service, places = self._folder / "cupsd.conf", self._folder / "cups-files.conf"
         service.write_text(SERVICE.format(folder=self._folder), encoding="utf-8")
@@ -99,18 +99,18 @@ class Cups:
         shutil.rmtree(self._folder)
 
     def documents(self):
-        """The documents that have come so far, the oldest first."""
+        """The documents received so far, oldest first."""
         return sorted((self._folder / "spool").glob("d*-001"))
 
     def wait_documents(self, count, timeout=PATIENCE):
-        """The documents, once there are so many and all of them are through."""
+        """Waits until there are at least `count` documents and no job is left; returns the documents."""
         def through():
             return len(self.documents()) >= count and not self._run("lpstat", "-o").strip()
         wait_for(through, f"{count} printed documents", timeout)
         return self.documents()
 
     def text(self, document):
-        """What can be read on a document; pages end with a form feed, and two blanks may have become one."""
+        """The text of a document; pages end with a form feed, and consecutive spaces may be merged."""
         return self._run("pdftotext", "-layout", document, "-")
 
     def fonts(self, document):
@@ -119,33 +119,33 @@ class Cups:
         return [(row.split()[0], row.split()[-5] == "yes") for row in rows]
 
     def page_boxes(self, document):
-        """[(left, top, right, bottom)] of the words of a document, in points from the upper left corner of a page."""
+        """[(left, top, right, bottom)] of the words of a document, in points from the top left corner of a page."""
         boxes = re.findall(r'<word xMin="([\d.]+)" yMin="([\d.]+)" xMax="([\d.]+)" yMax="([\d.]+)"',
                            self._run("pdftotext", "-bbox", document, "-"))
         return [tuple(map(float, box)) for box in boxes]
 
     def reject(self, reason):
-        """The printer's queue takes no more jobs."""
+        """Makes the printer's queue reject jobs."""
         self._run("cupsreject", "-r", reason, PRINTER)
 
     def accept(self):
-        """It takes them again."""
+        """Makes the queue accept jobs again."""
         self._run("cupsaccept", PRINTER)
 
     def fail_jobs(self):
-        """The printer's queue takes jobs, and gives each of them up."""
+        """Makes the queue accept jobs and abort each of them."""
         self._run("lpadmin", "-p", PRINTER, "-v", "failing:/", "-o", "printer-error-policy=abort-job")
 
     def stand_still(self):
-        """The service is there and does not answer."""
+        """Stops the service's process: it exists but does not answer."""
         os.kill(self._daemon.pid, signal.SIGSTOP)
 
     def go_on(self):
-        """It answers again, if it stood still."""
+        """Continues the process."""
         os.kill(self._daemon.pid, signal.SIGCONT)
 
     def _make_programs(self):
-        """The programs of the machine's print service, and a device of our own."""
+        """Links the machine's print service programs, and adds our own device."""
         (self._folder / "bin/backend").mkdir(parents=True)
         for name in ("daemon", "filter", "notifier"):
             (self._folder / "bin" / name).symlink_to(PROGRAMS / name)

@@ -1,11 +1,11 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""Calls over a message bus of the session's own, never over the one of the desktop that the tests run on."""
+"""Calls on a session's private message bus, never on the bus of the desktop that runs the tests."""
 
 from gi.repository import Gio, GLib
 
 from driver.waiting import SLOWNESS
 
-CALL_TIMEOUT = 10.0 * SLOWNESS  # s; a program that does not answer for so long hangs
+CALL_TIMEOUT = 10.0 * SLOWNESS  # s; a program that does not answer within it hangs
 BUS = ("org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus")
 
 
@@ -16,14 +16,13 @@ def connect(address):
 
 
 def close(connection):
-    """Closes a connection, also one whose bus has gone."""
+    """Closes a connection, even if its bus has ended."""
     if not connection.is_closed():
         connection.close_sync(None)
 
 
 def call(connection, place, method, signature="()", *arguments, timeout=CALL_TIMEOUT):
-    """Calls a method at a place (owner, path, interface) and returns the tuple that it answers. Raises
-    GLib.Error."""
+    """Calls a method at a place (owner, path, interface) and returns its reply as a tuple. Raises GLib.Error."""
     owner, path, interface = place
     answer = connection.call_sync(owner, path, interface, method, GLib.Variant(signature, arguments), None,
                                   Gio.DBusCallFlags.NONE, int(timeout * 1000), None)
@@ -31,7 +30,7 @@ def call(connection, place, method, signature="()", *arguments, timeout=CALL_TIM
 
 
 def process_of(connection, owner):
-    """Process id behind a name on the bus, or None where nobody has that name any more."""
+    """The process id of a bus name's owner, or None if the name has no owner any more."""
     try:
         return call(connection, BUS, "GetConnectionUnixProcessID", "(s)", owner)[0]
     except GLib.Error as error:

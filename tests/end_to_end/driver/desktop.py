@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""A desktop of a test's own: screen, message buses, window manager, home."""
+"""A private desktop for a test: screen, message buses, window manager, home."""
 
 import os
 import shutil
@@ -14,21 +14,20 @@ from driver.program import App, Program, ProgramEnded
 from driver.waiting import LineReader, wait_for
 from driver.x_windows import XWindows
 
-# All that a session takes over from the environment that the tests run in.
+# The only variables that a session inherits from the environment of the tests.
 INHERITED = ("PATH", "LD_LIBRARY_PATH", "ASAN_OPTIONS", "LSAN_OPTIONS", "UBSAN_OPTIONS")
 
 
 class Session:
-    """Runs from its construction until `close`, which ends every process in it and removes its files. Nothing
-    is shared with the desktop outside or with another session, so several may run at once."""
+    """Runs from its construction until `close`, which ends all its processes and removes its files. It shares nothing
+    with the outer desktop or other sessions, so several may run at once."""
 
     def __init__(self, window_manager=("openbox",), screen="1280x1024x24", dpi=96, environment=None):
-        """`window_manager`: its command, or None to do without. `environment`: further variables for all
-        programs."""
-        self.programs = []  # those that the test started, in order
-        self.services = {}  # the screen "Xvfb" and the bus "dbus-daemon": for tests that end them
+        """`window_manager`: its command, or None for none. `environment`: additional variables for all programs."""
+        self.programs = []  # the ones that the test started, in order
+        self.services = {}  # the screen "Xvfb" and the bus "dbus-daemon", for tests that end them
         self._logs = 0
-        with ExitStack() as closing:  # what was begun is ended also where the rest fails
+        with ExitStack() as closing:  # also cleans up if a later step fails
             self.directory = Path(tempfile.mkdtemp(prefix="tickwell-"))
             closing.callback(shutil.rmtree, self.directory)
             closing.callback(processes.end_marked, self.directory)
@@ -44,24 +43,24 @@ class Session:
         self.close()
 
     def close(self):
-        """Ends the session. Closing it again does nothing."""
+        """Ends the session. Can be called repeatedly."""
         self._closing.close()
 
     # Programs
 
     def spawn(self, command, environment=None, cwd=None, pass_fds=()):
-        """Starts a program and returns at once. It is ended with the session at the latest."""
+        """Starts a program and returns immediately. The program is ended with the session at the latest."""
         program = self._program(command, environment, cwd, pass_fds)
         self._closing.callback(program.stop)
         self.programs.append(program)
         return program
 
     def start(self, command, **options):
-        """Starts a program and waits until it is there for screen readers; returns its topmost node."""
+        """Starts a program, waits until it is on the accessibility bus, and returns its root node."""
         return self.wait_app(self.spawn(command, **options))
 
     def wait_app(self, program):
-        """The topmost node of a program that was spawned, waited for."""
+        """Waits for the root node of a program that was spawned."""
         def node():
             program.check_running()
             return self._accessibility.application(program.pid)
@@ -75,10 +74,10 @@ class Session:
         return pictures.grab(self.display, area)
 
     def screenshot(self, path, area=None):
-        """Saves that picture."""
+        """Saves such a picture."""
         self.grab(area).save(path)
 
-    # How a session comes about
+    # Set-up
 
     def _make_environment(self):
         run, temporary = self.directory / "run", self.directory / "tmp"
@@ -90,8 +89,8 @@ class Session:
             "XDG_DATA_HOME": self.home / ".local/share", "XDG_STATE_HOME": self.home / ".local/state",
             "XDG_RUNTIME_DIR": run, "TMPDIR": temporary, processes.MARK: self.directory,
             "LANG": "C.UTF-8", "TZ": "Asia/Tokyo", "XDG_SESSION_TYPE": "x11", "QT_QPA_PLATFORM": "xcb",
-            "SDL_AUDIODRIVER": "dummy",  # a sound output that is silent; a test that listens brings a server
-            "QT_LINUX_ACCESSIBILITY_ALWAYS_ON": "1",  # else a program speaks only once a screen reader runs
+            "SDL_AUDIODRIVER": "dummy",  # silent sound output; a test that listens starts a sound server
+            "QT_LINUX_ACCESSIBILITY_ALWAYS_ON": "1",  # otherwise only with a running screen reader
         }
         inherited = {name: os.environ[name] for name in INHERITED if name in os.environ}
         return inherited | {name: str(value) for name, value in own.items()}
@@ -107,7 +106,7 @@ class Session:
         self.environment["DBUS_SESSION_BUS_ADDRESS"] = address
         self.windows = XWindows(self.display)
         closing.callback(self.windows.close)
-        if window_manager:  # comes up while the buses do
+        if window_manager:  # starts in parallel with the buses
             manager = self._program(window_manager)
             closing.callback(manager.stop)
         session_bus = dbus_calls.connect(address)
@@ -122,7 +121,7 @@ class Session:
         self.hand = Hand(self.environment)
 
     def _announced(self, closing, command):
-        """Starts a service that says through a pipe how it is reached once it is; returns what it says."""
+        """Starts a service that writes its address to a pipe when it is ready; returns what it writes."""
         read_end, write_end = os.pipe()
         with os.fdopen(read_end, "rb") as pipe:
             try:

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""Discs made for tests, and what of them was heard on a sound server."""
+"""Discs made for tests, and which parts of them were heard on a sound server."""
 
 import os
 import subprocess
@@ -8,30 +8,30 @@ from pathlib import Path
 from typing import NamedTuple
 
 DISCS_VARIABLE = "TICKWELL_MAKE_DISCS"
-FRAME = 4  # bytes: 16 bits on each side
+FRAME = 4  # bytes: 16-bit stereo
 SECTOR = 588 * FRAME
 SECOND = 44100 * FRAME
-KEYS = (64 * FRAME, 8 * FRAME, FRAME)  # what a place on a disc is known by; less only where no more was heard
+KEYS = (64 * FRAME, 8 * FRAME, FRAME)  # bytes that locate a sound on a disc; fewer only if no more was heard
 
 
 class Disc(NamedTuple):
-    """A disc as its sectors follow each other. Places in it are bytes of its sound."""
+    """The sound of a disc's sectors in order. Positions are byte offsets into it."""
     sound: bytes
-    starts: tuple  # of the tracks
+    starts: tuple  # positions of the tracks
 
     def track(self, number):
-        """Where a track, the first being 1, is heard from: its very first frame may be silent."""
+        """The position of the first audible frame of a track; the first track is 1."""
         start = self.starts[number - 1]
         return start + _silence(self.sound, start)
 
     @property
     def last(self):
-        """Up to where it is heard."""
+        """The end of the last audible frame."""
         return _whole_frames(len(self.sound.rstrip(b"\0")) + FRAME - 1)
 
 
 class Heard(NamedTuple):
-    """A piece of a disc, from one place in its sound to another."""
+    """A piece of a disc, from one position to another."""
     start: int
     end: int
 
@@ -41,7 +41,7 @@ class Heard(NamedTuple):
 
 
 def make_discs(folder):
-    """Writes the images into a folder; returns {name: Disc}."""
+    """Writes the disc images into a folder; returns {name: Disc}."""
     command = [os.environ[DISCS_VARIABLE], folder]
     answer = subprocess.run(command, check=True, stdout=subprocess.PIPE, text=True, timeout=60).stdout
     return {name: _disc(Path(folder, f"{name}.bin"), [int(word) for word in words])
@@ -49,8 +49,8 @@ def make_discs(folder):
 
 
 def heard(recording, disc):
-    """All that was heard of a disc, in the order of hearing. Silence is passed over: pieces that follow on each other
-    are one. A sound that the disc does not have is an AssertionError."""
+    """The pieces of a disc in a recording, in order. Silence is skipped, and adjacent pieces are merged. Raises
+    AssertionError for a sound that is not on the disc."""
     pieces, at = [], _silence(recording, 0)
     end = _whole_frames(len(recording))
     while at < end:
@@ -64,12 +64,12 @@ def heard(recording, disc):
 
 
 def sounding(sound):
-    """A sound without the frames that are silent: a busy machine may have put any number of them in between."""
+    """A sound without its silent frames, because a busy machine can insert any number of them."""
     return array("I", filter(None, array("I", sound[:_whole_frames(len(sound))]))).tobytes()
 
 
 def hertz(sound):
-    """The tone on the left of a piece of sound: how often a second it rises through 0."""
+    """The frequency of the left channel: rising zero crossings per second."""
     samples = array("h", sound)[::2]
     rises = sum(before < 0 <= after for before, after in zip(samples, samples[1:]))
     return rises * 44100 / len(samples)
@@ -87,13 +87,13 @@ def _whole_frames(size):
 
 
 def _silence(sound, at):
-    """How much silence lies there, in whole frames."""
+    """The length of the silence at `at`, in bytes of complete frames."""
     rest = sound[at:]
     return _whole_frames(len(rest) - len(rest.lstrip(b"\0")))
 
 
 def _piece(sound, recorded):
-    """The longest piece of a disc that a recording begins with."""
+    """The longest piece of a disc that the recording starts with."""
     for key in (recorded[:size] for size in KEYS):
         places = [place for place in _places(sound, key) if place % FRAME == 0]
         if places:
@@ -110,7 +110,7 @@ def _places(sound, key):
 
 
 def _same(one, other):
-    """How many bytes, in whole frames, two sounds have in common at their starts."""
+    """The number of bytes, in complete frames, that two sounds have in common at the start."""
     low, high = 0, min(len(one), len(other))
     while low < high:
         middle = (low + high + 1) // 2

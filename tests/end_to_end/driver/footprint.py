@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""What a program holds of the machine: to be the same after a long time as after a short one."""
+"""The resources that a program holds; they must be the same after a long time as after a short one."""
 
 import re
 from collections import Counter
@@ -12,16 +12,16 @@ from driver.sound_pipe import open_files
 
 
 class Footprint(NamedTuple):
-    """All but the memory, which never is the same to the byte."""
-    files: Counter        # what descriptors lead to, numbers of sockets and pipes left out
+    """Everything except memory, which is never the same to the byte."""
+    files: Counter        # targets of the descriptors, without the numbers of sockets and pipes
     children: int         # processes
     threads: int
-    x_resources: Counter  # windows, pixmaps, cursors … on the X server, by their type
-    widgets: int          # things that a screen reader is told of, hidden windows included
+    x_resources: Counter  # windows, pixmaps, cursors … on the X server, by type
+    widgets: int          # accessible objects, hidden windows included
 
 
 def footprint(app, display):
-    """`app`: the program's topmost accessible node; `display`: of its screen."""
+    """`app`: the program's root node; `display`: the name of its screen."""
     pid = app.program.pid
     tasks = list(Path(f"/proc/{pid}/task").iterdir())
     files = Counter(re.sub(r":\[\d+\]", "", name) for name in open_files(pid))
@@ -30,7 +30,7 @@ def footprint(app, display):
 
 
 def anonymous_memory(pid):
-    """Bytes that are the program's own, and in memory."""
+    """The program's resident anonymous memory in bytes."""
     rollup = Path(f"/proc/{pid}/smaps_rollup").read_text(encoding="ascii")
     return int(re.search(r"^Anonymous:\s+(\d+) kB", rollup, re.MULTILINE)[1]) * 1024
 

@@ -1,19 +1,18 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""Mouse and keyboard, as the X server gets them from real ones."""
+"""Mouse and keyboard input, entered at the X server like input from real devices."""
 
 import subprocess
 
 from driver.waiting import PATIENCE
 
-DRAG_STEPS = 8  # a drag in one leap is not told from a click at another place
-DRAG_PACE = 0.02  # s a step, a quick hand's; the window manager may take a move over in the middle of it
+DRAG_STEPS = 8  # a drag in one jump cannot be told from a click elsewhere
+DRAG_PACE = 0.02  # s per step, like a quick user; the window manager may take over the move meanwhile
 DOUBLE_CLICK_PACE = 60  # ms
 LEFT, MIDDLE, RIGHT, WHEEL_UP, WHEEL_DOWN = 1, 2, 3, 4, 5
 
 
 class Hand:
-    """The one pointer and keyboard of a session. A target is a node, whose middle is meant, or a point (x,
-    y)."""
+    """The session's pointer and keyboard. A target is a node, which means its centre, or a point (x, y)."""
 
     def __init__(self, environment):
         self._environment = environment
@@ -31,7 +30,7 @@ class Hand:
         self._do(*_move(point_of(target)), "mouseup", button)
 
     def wheel(self, target, notches):
-        """Turns the wheel over the target; a positive number of notches is down."""
+        """Turns the wheel over the target; positive is down."""
         self.click(target, WHEEL_DOWN if notches > 0 else WHEEL_UP, abs(notches))
 
     def drag(self, start, end, button=LEFT):
@@ -42,18 +41,18 @@ class Hand:
         self._do(*_move((x0, y0)), "mousedown", button, *moves, "mouseup", button)
 
     def key(self, *keys):
-        """Strikes keys or chords by their X names: "Return", "alt+F4", "ctrl+a"."""
+        """Presses keys or key combinations by X name: "Return", "alt+F4", "ctrl+a"."""
         self._do("key", "--clearmodifiers", *keys)
 
     def type(self, text):
-        """Types a text key by key into whatever has the focus."""
+        """Types a text key by key into the focused widget."""
         self._do("type", "--clearmodifiers", "--", text)
 
     def _do(self, *words):
         command = ["xdotool", *map(str, words)]
         result = subprocess.run(command, env=self._environment, capture_output=True, text=True,
                                 timeout=PATIENCE, check=False)
-        if result.returncode or result.stderr:  # it says some of its failures, and ends with 0
+        if result.returncode or result.stderr:  # it reports some failures but exits with 0
             raise RuntimeError(f"{' '.join(command)}: {result.returncode} {result.stderr}")
 
 
@@ -65,4 +64,4 @@ def point_of(target):
 
 
 def _move(point):
-    return "mousemove", *point  # xdotool's --sync would wait in vain where the pointer is there already
+    return "mousemove", *point  # xdotool's --sync would block if the pointer is already there

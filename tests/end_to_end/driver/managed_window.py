@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""One window as its window manager keeps it, and what a taskbar or pager asks the manager to do with it."""
+"""One window as its window manager handles it, and the requests that a taskbar or pager sends to the manager."""
 
 import subprocess
 
@@ -28,7 +28,7 @@ class ManagedWindow:
         return self._window.get_attributes().map_state == X.IsViewable
 
     def frame(self):
-        """(left, top, right, bottom) in pixels of the screen with the manager's frame, right and bottom excluded."""
+        """(left, top, right, bottom) of the window with its frame in screen pixels, right and bottom exclusive."""
         outermost = self._window
         while (above := outermost.query_tree().parent) and above.id != self._root.id:
             outermost = above

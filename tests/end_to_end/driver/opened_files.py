@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""Whether anybody opens a file."""
+"""Detects whether any process opens a file."""
 
 import ctypes
 import os
@@ -20,7 +20,7 @@ class OpenedFile:
         os.close(self._watch)
 
     def was_opened(self):
-        """Whether it was since the last call."""
+        """Whether it was opened since the last call."""
         try:
             return bool(os.read(self._watch, 4096))
         except BlockingIOError:

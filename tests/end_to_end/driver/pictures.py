@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""What the screen shows, as pixels."""
+"""Screenshots and their colours."""
 
 from PIL import ImageGrab
 
@@ -14,5 +14,5 @@ def grab(display, area=None):
 
 
 def colours(picture, most=6):
-    """The most frequent colours as (count, (red, green, blue)), the commonest first."""
+    """The most frequent colours as (count, (red, green, blue)), most frequent first."""
     return sorted(picture.getcolors(picture.width * picture.height), reverse=True)[:most]

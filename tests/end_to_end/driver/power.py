@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""What a machine runs on: UPower's stand-in on a system bus of the test's own, and the kernel's files."""
+"""The machine's power supply: a fake UPower on a private system bus, and the kernel's files."""
 
 import shutil
 import subprocess
@@ -17,12 +17,12 @@ OWN_MOUNTS = ["unshare", "--user", "--map-current-user", "--keep-caps", "--mount
 
 
 def can_have_kernel_files():
-    """Some containers let no process have mounts of its own."""
+    """Whether mount namespaces are available; some containers forbid them."""
     return subprocess.run([*OWN_MOUNTS, "true"], stderr=subprocess.DEVNULL, check=False).returncode == 0
 
 
 class Machine:
-    """`environment` leads programs to its system bus; without `start_service` no power service is there."""
+    """`environment` directs programs to the private system bus; before `start_service` it has no power service."""
 
     def __init__(self, session):
         self._session = session
@@ -37,7 +37,7 @@ class Machine:
         dbus_calls.close(self._connection)
 
     def kernel_tells(self, **files):
-        """The files of one battery; none of them takes it away."""
+        """Writes the files of one battery; without arguments, removes the battery."""
         battery = self._supplies / "BAT0"
         shutil.rmtree(battery, ignore_errors=True)
         if files:
@@ -46,12 +46,12 @@ class Machine:
                 (battery / name).write_text(f"{text}\n")
 
     def with_kernel_files(self, command):
-        """The words that start a program which finds these files in the kernel's place."""
+        """The command with these files mounted in place of the kernel's."""
         return [*OWN_MOUNTS, "sh", "-c", 'mount --bind "$0" /sys/class/power_supply && exec "$@"', self._supplies,
                 *command]
 
     def start_service(self, on_battery):
-        """The stand-in, with one battery of 80 % for an hour and a half; returns its program."""
+        """Starts the fake service, with a battery at 80 % and 90 minutes of remaining time; returns its program."""
         self.service = self._session.spawn(
             ["/usr/bin/python3", "-m", "dbusmock", "--system", "--template", "upower",
              "--parameters", f'{{"OnBattery": {str(on_battery).lower()}}}'], environment=self.environment)
@@ -60,12 +60,12 @@ class Machine:
         return self.service
 
     def show_battery(self, percent, seconds):
-        """What the display device says: its type, state, charge and time."""
+        """Sets the display device's charge and remaining time; its type is battery, its state discharging."""
         values = (BATTERY_TYPE, DISCHARGING, percent, percent, 100.0, 10.0, seconds, 0, True, "battery", 1)
         self._call(ROOT, "org.freedesktop.DBus.Mock", "SetupDisplayDevice", GLib.Variant("(iiddddxxbsu)", values))
 
     def set_device(self, name, value):
-        """One property of the display device, a GLib.Variant of any type."""
+        """Sets one property of the display device to a GLib.Variant of any type."""
         self._call(DEVICE, "org.freedesktop.DBus.Mock", "UpdateProperties",
                    GLib.Variant("(sa{sv})", (f"{SERVICE}.Device", {name: value})))
 

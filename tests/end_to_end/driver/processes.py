@@ -1,8 +1,8 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""Knowing and ending every process of a session, also those that it did not start itself.
+"""Finding and ending all processes of a session, including those that it did not start itself.
 
-A program under test starts helpers, some of them detached; a message bus starts services. They all inherit
-the session's environment, so a mark in it tells them from the rest of the machine.
+A program under test starts helpers, some of them detached; a message bus starts services. They all inherit the
+session's environment, so a marker variable in it identifies them.
 """
 
 import os
@@ -15,13 +15,13 @@ MARK = "TICKWELL_TEST_SESSION"
 
 
 def marked(value):
-    """Ids of the living processes that carry this mark."""
+    """Ids of the running processes that carry this marker."""
     numbered = (entry for entry in Path("/proc").iterdir() if entry.name.isdigit())
     return [int(entry.name) for entry in numbered if _carries(entry, value)]
 
 
 def process_of(session, name):
-    """Id of the session's one process with this name, as `ps` gives it."""
+    """Id of the session's only process with this name, as `ps` shows it."""
     found = [pid for pid in marked(session.directory) if Path(f"/proc/{pid}/comm").read_text().strip() == name]
     if len(found) != 1:
         raise RuntimeError(f"{len(found)} processes are {name}")
@@ -29,7 +29,7 @@ def process_of(session, name):
 
 
 def end_marked(value, patience=5.0):
-    """Asks each of them to end, and ends those that do not within `patience` seconds."""
+    """Asks all of them to end, and kills those that are left after `patience` seconds."""
     _send(value, signal.SIGTERM)
     try:
         wait_for(lambda: not marked(value), "the session's processes to end", patience)
@@ -41,7 +41,7 @@ def end_marked(value, patience=5.0):
 def _carries(entry, value):
     try:
         return f"{MARK}={value}".encode() in (entry / "environ").read_bytes().split(b"\0")
-    except OSError:  # ended meanwhile, or another user's
+    except OSError:  # ended meanwhile, or owned by another user
         return False
 
 

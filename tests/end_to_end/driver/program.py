@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""A program that was started, and what it shows."""
+"""A program that was started, and its accessible root node."""
 
 import signal
 import subprocess
@@ -9,15 +9,14 @@ from driver.waiting import PATIENCE, wait_for
 
 
 class ProgramEnded(AssertionError):
-    """A program ended before it did what a test waits for."""
+    """A program ended while a test was waiting for it."""
 
 
 class Program:
-    """A process of its own with its output in a file. Its death is its owner's: should this process be
-    killed, so is the program."""
+    """A separate process with its output in a file. It is ended if this process dies."""
 
     def __init__(self, command, environment, log, cwd=None, pass_fds=()):
-        """`log`: the path of the file that takes both outputs."""
+        """`log`: the path of the file for standard output and standard error."""
         self.command, self.log = [str(word) for word in command], log
         with open(log, "wb") as output:
             self._process = subprocess.Popen(["setpriv", "--pdeathsig", "TERM", "--", *self.command],
@@ -31,11 +30,11 @@ class Program:
 
     @property
     def exit_code(self):
-        """None while it runs; negative where a signal ended it."""
+        """None while it runs; negative if a signal ended it."""
         return self._process.poll()
 
     def output(self):
-        """All that it has written so far."""
+        """Its output so far."""
         return self.log.read_text(errors="replace")
 
     def check_running(self):
@@ -45,24 +44,24 @@ class Program:
     def wait_output(self, text, timeout=PATIENCE):
         """Waits until it has written this text."""
         def written():
-            ended = self.exit_code is not None  # looked at first: it may write its last just before
+            ended = self.exit_code is not None  # read first, because the last output may be written just before the end
             if text not in self.output() and ended:
                 self.check_running()
             return text in self.output()
         wait_for(written, f"{text!r} from {self.command[0]}", timeout)
 
     def wait_end(self, timeout=PATIENCE):
-        """Waits until it ends by itself; returns its exit code."""
+        """Waits until it ends; returns its exit code."""
         wait_for(lambda: self.exit_code is not None, f"the end of {self.command[0]}", timeout)
         return self.exit_code
 
     def kill(self):
-        """Ends it as a crash would, with no time to tidy up."""
+        """Kills it without a chance to clean up, like a crash."""
         self._process.kill()
         self._process.wait()
 
     def stop(self, patience=5.0):
-        """Asks it to end, kills it where it does not within `patience` seconds; returns its exit code."""
+        """Asks it to end, and kills it after `patience` seconds; returns its exit code."""
         if self.exit_code is None:
             self._process.send_signal(signal.SIGTERM)
             try:
@@ -73,8 +72,7 @@ class Program:
 
 
 class App(Node):
-    """The topmost accessible node of a program. Its children are the program's windows, and behind them the
-    menus that are open."""
+    """The root node of a program. Its children are the program's windows, followed by its open menus."""
 
     def __init__(self, node, program, popups):
         super().__init__(node.connection, node.owner, node.path)
@@ -82,7 +80,7 @@ class App(Node):
 
     @property
     def menus(self):
-        """The menus that are open."""
+        """The open menus."""
         return self._popups.menus(self)
 
     @property

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""The program's settings file as {section: {key: value}}, all three texts."""
+"""The program's settings file as {section: {key: value}} of strings."""
 
 import re
 
@@ -8,7 +8,7 @@ LETTERS = {character: letter for letter, character in ESCAPES.items()}
 
 
 def write_settings(path, settings):
-    """Writes a whole file, with the folders above it."""
+    """Writes a complete file; creates missing folders."""
     lines = []
     for section, values in settings.items():
         lines.append(f"[{section}]")
@@ -18,7 +18,7 @@ def write_settings(path, settings):
 
 
 def read_settings(path):
-    """Reads a file. A section may stand in several pieces; where a key stands twice, the first one counts."""
+    """Reads a file. A section may occur several times; if a key occurs twice, the first occurrence counts."""
     settings, section = {}, None
     for line in path.read_bytes().decode("utf-8-sig").split("\n"):
         line = line.removesuffix("\r").strip(" \t")
@@ -31,7 +31,7 @@ def read_settings(path):
 
 
 def _escaped(value):
-    """Backslashes and line breaks always, blanks only at the ends, where a reader would drop them."""
+    """Escapes backslashes and line breaks everywhere, blanks only at the ends, where a reader would drop them."""
     return re.sub(r"\A[ \t]|[ \t]\Z|[\\\n\r\0]", lambda found: "\\" + LETTERS[found[0]], value)
 
 

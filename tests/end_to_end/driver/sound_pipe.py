@@ -1,8 +1,8 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""A pipe in the place of a program's sound card.
+"""A pipe in place of a program's sound card.
 
-It takes sound as quickly as the program can write it: who turns a program's time need not wait for the strikes of
-midnight. Silence is not told from a pause, and left out of both what was heard and what it is compared with.
+It accepts sound as fast as the program writes it, so a test with virtual time need not wait for the strikes of
+midnight. Silence cannot be told from a pause, so it is removed from the recorded and from the expected sound.
 """
 
 import os
@@ -15,17 +15,17 @@ from driver.waiting import wait_for
 
 
 class SoundPipe:
-    """Listens from its construction until `close`. `environment` leads programs to it."""
+    """Records from its construction until `close`. `environment` directs programs to it."""
 
     def __init__(self, session, at_pace=False):
-        """`at_pace`: as slowly as a sound card plays."""
+        """`at_pace`: accept sound only as fast as a sound card plays it."""
         self._fifo = Path(session.directory, "sound-card")
         self._fifo.unlink(missing_ok=True)
         os.mkfifo(self._fifo)
         self.environment = {"SDL_AUDIODRIVER": "disk", "SDL_DISKAUDIOFILE": str(self._fifo)}
         if not at_pace:
             self.environment["SDL_DISKAUDIODELAY"] = "0"
-        self._descriptor = os.open(self._fifo, os.O_RDWR | os.O_NONBLOCK)  # both ends: programs come and go
+        self._descriptor = os.open(self._fifo, os.O_RDWR | os.O_NONBLOCK)  # both ends: programs open and close it
         self._heard = bytearray()
         self._taking = threading.Lock()
         self._ending = threading.Event()
@@ -33,7 +33,7 @@ class SoundPipe:
         self._listener.start()
 
     def close(self):
-        """Closing it again does nothing."""
+        """Can be called repeatedly."""
         if self._descriptor is not None:
             self._ending.set()
             self._listener.join()
@@ -41,11 +41,12 @@ class SoundPipe:
             self._descriptor = None
 
     def heard(self):
-        """All that sounded since it was last taken, without its silence."""
+        """The sound since the last `take`, without silence."""
         return bytes(self._heard)
 
     def take(self, sound, what):
-        """Waits until as much sounded as `sound` has, and returns whether it was just that."""
+        """Waits until at least as many bytes as `sound` are recorded; removes them all and returns whether they equal
+        `sound`."""
         wait_for(lambda: len(self._heard) >= len(sound), what)
         with self._taking:
             heard, self._heard = self._heard, bytearray()
@@ -64,12 +65,12 @@ class SoundPipe:
 
 
 def sound_of(path):
-    """What is heard of a wave file, without its silence."""
+    """The samples of a wave file without silence."""
     return wave_samples(path).replace(b"\0", b"")
 
 
 def open_files(pid):
-    """What a program's descriptors lead to."""
+    """The targets of a program's file descriptors."""
     folder = Path(f"/proc/{pid}/fd")
     found = []
     for descriptor in folder.iterdir():

@@ -1,7 +1,7 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""A sound server of a test's own, and all that is played on it.
+"""A private sound server that records what is played on it.
 
-The server is PulseAudio with a sink that writes to a pipe. A stream in the sink's own format arrives there sample by
+The server is PulseAudio with a sink that writes to a pipe. A stream in the sink's own format is written there sample by
 sample; before, between and after streams the sink writes silence.
 """
 
@@ -17,12 +17,12 @@ from pathlib import Path
 from driver.waiting import wait_for
 
 SINK = "test"
-AHEAD = 150  # ms that programs hand on ahead: a busy machine is late now and then
-PIPE = 1 << 20  # bytes; the usual pipe is full in a moment
+AHEAD = 150  # ms of sound that programs write ahead, because a busy machine is sometimes late
+PIPE = 1 << 20  # bytes; a pipe of default size fills up quickly
 
 
 class SoundServer:
-    """Runs from its construction until `close`. `environment` leads programs to it."""
+    """Runs from its construction until `close`. `environment` directs programs to it."""
 
     def __init__(self, session, rate=22050, channels=1):
         self.rate, self.channels = rate, channels
@@ -32,7 +32,7 @@ class SoundServer:
                             "PULSE_COOKIE": str(self._folder / "cookie"), "SDL_AUDIODRIVER": "pulseaudio",
                             "PULSE_LATENCY_MSEC": str(AHEAD)}
         self._environment = self.environment | {"XDG_RUNTIME_DIR": str(self._folder), "HOME": str(self._folder),
-                                                "DBUS_SESSION_BUS_ADDRESS": "disabled:"}  # several on one bus quarrel
+                                                "DBUS_SESSION_BUS_ADDRESS": "disabled:"}  # several on one bus conflict
         self._session = session
         self._start()
 
@@ -45,20 +45,20 @@ class SoundServer:
         self._recorder.start()
 
     def close(self):
-        """Ends the server and the recording. Closing it again does nothing."""
+        """Ends the server and the recording. Can be called repeatedly."""
         self._ending.set()
         self._recorder.join()
         self.go_on()
         self._server.stop()
 
     def restart(self):
-        """The same server once more, after its end, with a new recording."""
+        """Starts the same server again after its end, with a new recording."""
         self.close()
         self._fifo.unlink(missing_ok=True)
         self._start()
 
     def hang(self):
-        """Takes connections from here on, and answers nothing."""
+        """Stops the server's process: it still accepts connections but answers nothing."""
         os.kill(self._server.pid, signal.SIGSTOP)
 
     def go_on(self):
@@ -66,19 +66,19 @@ class SoundServer:
             os.kill(self._server.pid, signal.SIGCONT)
 
     def kill(self):
-        """Ends the server alone, as a crash would."""
+        """Ends only the server, like a crash."""
         self._server.kill()
 
     def recording(self):
-        """All that was written so far, bytes of 16-bit samples."""
+        """The recording so far, 16-bit samples as bytes."""
         return bytes(self._recorded)
 
     def wait_recording(self, check, what, timeout):
-        """Waits until `check` is true of the recording, and returns that."""
+        """Waits until `check` is true for the recording; returns the result of `check`."""
         return wait_for(lambda: check(self.recording()), what, timeout)
 
     def streams(self):
-        """How many streams are open at this moment."""
+        """The number of open streams."""
         return self._ask("list", "short", "sink-inputs").count("\n")
 
     def _command(self):
@@ -97,7 +97,7 @@ class SoundServer:
         return answer.stdout
 
     def _record(self):
-        """The pipe has to be emptied all the time: what the sink cannot write is lost."""
+        """Empties the pipe continuously, because the sink drops what it cannot write."""
         descriptor = os.open(self._fifo, os.O_RDONLY | os.O_NONBLOCK)
         fcntl.fcntl(descriptor, fcntl.F_SETPIPE_SZ, PIPE)
         try:
@@ -112,11 +112,11 @@ class SoundServer:
 
 
 def wave_samples(path):
-    """The samples of a wave file of ours, as bytes."""
+    """The samples of a wave file of the program, as bytes."""
     return Path(path).read_bytes()[44:]
 
 
 def without_silence(samples):
-    """The samples from the first one that is not 0 to the last one."""
+    """The samples from the first to the last non-zero one."""
     left = len(samples) - len(samples.lstrip(b"\0"))
     return samples[left - left % 2:].rstrip(b"\0")

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""A window manager with two workspaces and no window on both of them: it hears neither _NET_WM_STATE_STICKY nor a
+"""A window manager with two workspaces that never shows a window on both: it ignores _NET_WM_STATE_STICKY and the
 number that means all workspaces. Like a compositing one, it keeps the windows of the hidden workspace mapped."""
 
 import sys

@@ -17,7 +17,7 @@ MASTERS = ("DayDate.mdb", "Help.hlp", *(f"TKW{number:02}.wav" for number in rang
 
 
 def program_path():
-    """The program under test."""
+    """The path of the program under test."""
     path = Path(os.environ.get(PROGRAM_VARIABLE, ""))
     if not path.is_file():
         raise FileNotFoundError(f"environment variable {PROGRAM_VARIABLE} has to name the program to test")
@@ -25,12 +25,11 @@ def program_path():
 
 
 def make_folder(path, without=()):
-    """Makes a program folder out of the masters beside the program, some of them left out; returns its
-    path."""
+    """Makes a program folder from the master files next to the program, except those in `without`; returns its path."""
     folder = Path(path)
     folder.mkdir(parents=True)
     for master in set(MASTERS).difference(without):
-        # Contents alone: the copy can be written, whatever the master's rights.
+        # Copies contents only, so the copy is writable whatever the master's permissions.
         shutil.copyfile(program_path().parent / master, folder / master)
     return folder
 
@@ -40,18 +39,18 @@ def settings_path(session):
 
 
 def write_settings(session, settings):
-    """Settings {section: {key: value}} for the program to find at its next start."""
+    """Writes settings {section: {key: value}} for the program's next start."""
     settings_file.write_settings(settings_path(session), settings)
 
 
 def read_settings(session):
-    """The settings as the program left them."""
+    """The settings that the program stored."""
     return settings_file.read_settings(settings_path(session))
 
 
 def tickwell_command(session, folder=None, virtual_time=None, arguments=()):
-    """The words that start the program. Without a folder it gets the session's own, made when it is first
-    needed; never its own one, where it would write into the build."""
+    """The program's command line. Without `folder` it uses the session's folder, created on first use; never the
+    program's own one, which would write into the build."""
     if folder is None:
         folder = session.directory / "folder"
         if not folder.exists():
@@ -62,9 +61,9 @@ def tickwell_command(session, folder=None, virtual_time=None, arguments=()):
 
 def start_tickwell(session, folder=None, settings=None, virtual_time=None, arguments=(), environment=None,
                    cwd=None, wrap=lambda command: command):
-    """Starts the program and waits until it can be asked; returns its topmost node. Its window may come
-    later. That the machine has no CD drive is told only where the settings ask for it. `wrap` makes the
-    command that starts the program out of the program's own."""
+    """Starts the program, waits until it is on the accessibility bus, and returns its root node. Its window may appear
+    later. The message about a missing CD drive is off unless the settings enable it. `wrap` transforms the program's
+    command line."""
     if settings is not None or not settings_path(session).exists():
         write_settings(session, SILENT | (settings or {}))
     command = wrap(tickwell_command(session, folder, virtual_time, arguments))
@@ -76,20 +75,19 @@ def start_tickwell(session, folder=None, settings=None, virtual_time=None, argum
 
 
 def main_window(app):
-    """The main window, or None while it is not there. Message boxes bear the same name and are passed
-    over."""
+    """The main window, or None if it does not exist yet. Message boxes have the same name and are skipped."""
     windows = (window for window in app.children if window.name == WINDOW and window.role not in BOXES)
     return next(windows, None)
 
 
 def wait_on_screen(session, app):
-    """Waits until the main window is really there for mouse and keyboard: screen readers know of it a moment before.
+    """Waits until the main window can receive mouse and keyboard input, which is slightly after it is accessible.
     Returns its X id."""
     return session.windows.wait(name=WINDOW, pid=app.program.pid)
 
 
 def lines(app, timeout=PATIENCE):
-    """The two lines of the main window, (upper, lower), once they are there."""
+    """Waits for the two lines of the main window; returns (upper, lower)."""
     def both():
         window = main_window(app)
         labels = window.find_all(role="label") if window else []
@@ -99,7 +97,7 @@ def lines(app, timeout=PATIENCE):
 
 
 def wait_lines(app, upper=None, lower=None, timeout=PATIENCE):
-    """Waits until the lines read so, each a text or a test of one; returns them."""
+    """Waits until the lines match, each a text or a predicate of one; returns them."""
     seen = None
 
     def fits():

@@ -8,21 +8,21 @@ MENU = "メニュー"
 
 
 def choose(session, app, caption):
-    """Chooses an item of the main window's menu with the mouse. A menu from which something was chosen just now may lie
-    over the middle of the window still, and would take the click."""
+    """Chooses an item of the main window's menu with the mouse. Waits first until the previous menu is closed, because
+    it can still cover the centre of the window and receive the click."""
     wait_for(lambda: not app.menus, "the end of the menu before")
     session.hand.click(main_window(app))
     session.hand.click(app.wait(role="popup menu", name=MENU).wait(name=caption))
 
 
 def wait_window(app, title):
-    """A window of the program by its title, once it shows."""
+    """Waits until a window of the program with this title is shown."""
     return app.wait(role="dialog", name=title, showing=True)
 
 
 def wait_for_hand(session, app, title):
-    """The X id of a window of the program, once mouse and keyboard reach it. A program that ends meanwhile is told
-    at once."""
+    """Waits until mouse and keyboard reach a window of the program; returns its X id. Fails immediately if the program
+    ends."""
     def found():
         app.program.check_running()
         return session.windows.find(title, app.program.pid)
@@ -30,10 +30,10 @@ def wait_for_hand(session, app, title):
 
 
 def button(window, caption):
-    """A button by what it says at the moment, waited for."""
+    """Waits for the button with this caption."""
     return window.wait(role="push button", name=caption)
 
 
 def press(window, caption):
-    """Presses it without waiting for what it does."""
+    """Presses it without waiting for the effect."""
     button(window, caption).press_and_go()

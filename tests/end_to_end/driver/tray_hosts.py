@@ -23,13 +23,13 @@ PANEL_SETTINGS = """<?xml version="1.0" encoding="UTF-8"?>
 
 
 def start_trayer(session):
-    """A host that takes icons in as windows of X11; returns its program once its panel stands."""
+    """A host that embeds icons as X11 windows; returns its program when its panel is shown."""
     return _stands(session, session.spawn(["trayer", "--edge", "bottom", "--align", "right", "--widthtype", "pixel",
                                            "--width", "200", "--height", "32"]))
 
 
 def start_xfce_panel(session):
-    """A host that is told of icons over the session bus; returns its program once its panel stands."""
+    """A host that icons register with over the session bus; returns its program when its panel is shown."""
     folder = session.home / ".config/xfce4/xfconf/xfce-perchannel-xml"
     folder.mkdir(parents=True, exist_ok=True)
     (folder / "xfce4-panel.xml").write_text(PANEL_SETTINGS, encoding="utf-8")
@@ -37,17 +37,17 @@ def start_xfce_panel(session):
 
 
 class TrayIcon:
-    """What an icon changes in the lower part of the screen, where the hosts have their panels."""
+    """The difference that an icon makes in the lower part of the screen, where the hosts have their panels."""
 
     PANEL = (0, 980, 1280, 44)  # x, y, width, height
 
     def __init__(self, session):
-        """To be made while the panel stands without the icon."""
+        """Create it while the panel is shown without the icon."""
         self._session = session
         self._without = session.grab(self.PANEL)
 
     def place(self):
-        """The middle of the icon on the screen, or None while there is none."""
+        """The centre of the icon on the screen, or None if there is none."""
         box = ImageChops.difference(self._without, self._session.grab(self.PANEL)).getbbox()
         if box is None:
             return None
@@ -55,7 +55,7 @@ class TrayIcon:
         return self.PANEL[0] + (left + right) // 2, self.PANEL[1] + (top + bottom) // 2
 
     def wait(self):
-        """Its middle, once it has come and stays where it is."""
+        """Waits until the icon is shown and stays in place; returns its centre."""
         return steady(self.place, "the icon in the panel")
 
     def wait_gone(self):

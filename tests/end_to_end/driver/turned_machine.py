@@ -1,7 +1,7 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""A machine whose time is turned, and what its clock and its time signal have to be meanwhile.
+"""A machine with controlled time, and the clock and time signal that are expected at each moment.
 
-Reckoned apart from the program, with Python's own zones: an instant, a zone, the machine's counter.
+Computed independently of the program with Python's own time zones, from an instant, a zone and the tick counter.
 """
 
 from datetime import datetime, timedelta, timezone
@@ -9,13 +9,13 @@ from zoneinfo import ZoneInfo
 
 WEEKDAYS = "月火水木金土日"
 HOLIDAYS = {(1, 1): "元日", (2, 11): "建国記念の日", (2, 23): "天皇誕生日", (11, 23): "勤労感謝の日"}
-STYLES = {"DisMode": "1", "TypeHour": "1", "TypeYear": "1"}  # as `date` and `clock` are written
+STYLES = {"DisMode": "1", "TypeHour": "1", "TypeYear": "1"}  # the styles of `days` and `clock`
 HALF_HOUR = 30 * 60_000  # ms
 SECOND = 1000
 
 
 class TurnedMachine:
-    """Turns a program's time, and goes along with it."""
+    """Controls a program's time and computes the expected results."""
 
     def __init__(self, virtual_time, wall, tick=0, zone="Asia/Tokyo"):
         """`virtual_time`: the pipes to a program that was started with the same wall clock, tick and zone."""
@@ -24,7 +24,7 @@ class TurnedMachine:
 
     @property
     def tick(self):
-        """The machine's counter, a signed 32-bit number of milliseconds."""
+        """The machine's tick counter, in milliseconds as a signed 32-bit number."""
         return self._tick
 
     @property
@@ -34,20 +34,20 @@ class TurnedMachine:
 
     @property
     def clock(self):
-        """What the lower line has to read."""
+        """The expected lower line."""
         return f"{self.now.hour}:{self.now:%M:%S}"
 
     @property
     def days(self):
-        """What the upper line may read: the date, the holiday on it, and in the first ten seconds of a day
-        still what was there before."""
+        """The allowed upper lines: the date, the holiday on that date, and in the first ten seconds of a day also those
+        of the previous day."""
         days = {self.now.date(), (self.now - timedelta(seconds=10)).date()}
         dates = {f"{day.year}/{day.month}/{day.day}({WEEKDAYS[day.weekday()]})" for day in days}
         return dates | {HOLIDAYS[day.month, day.day] for day in days if (day.month, day.day) in HOLIDAYS}
 
     @property
     def strikes(self):
-        """How often the clock strikes, were it asked at this moment."""
+        """How many strikes are due at this moment."""
         if self.now.minute == 0:
             return self.now.hour % 12 or 12
         return int(self.now.minute == 30)
@@ -57,7 +57,7 @@ class TurnedMachine:
         self._reached(self._time.advance(milliseconds), milliseconds)
 
     def to_half_hour(self):
-        """To the next full or half hour, and so far behind it that the time signal has had its turn."""
+        """Advances to 1.5 s after the next full or half hour, so that the time signal has run."""
         behind = (self.now - datetime.min) % timedelta(milliseconds=HALF_HOUR)
         self.advance(HALF_HOUR - behind // timedelta(milliseconds=1) + 3 * SECOND // 2)
 
@@ -77,6 +77,6 @@ class TurnedMachine:
         self._instant = datetime.fromisoformat(wall).replace(tzinfo=self._zone).astimezone(timezone.utc)
 
     def _reached(self, moment, milliseconds):
-        """The program's own time has to be ours: else it is our reckoning that is wrong."""
+        """Checks that the program's time equals the computed one; otherwise the computation here is wrong."""
         self._tick = (self._tick + milliseconds + 2**31) % 2**32 - 2**31
         assert moment == (self.now, self._tick), f"{moment} instead of {self.now}, {self._tick}"

@@ -1,6 +1,5 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""Turning a program's time from outside, so that a test of a day's length takes a moment and is the same each
-time."""
+"""Controls a program's time from outside, so that a test that spans a day takes a moment and is reproducible."""
 
 import os
 import re
@@ -9,25 +8,25 @@ from typing import NamedTuple
 
 from driver.waiting import SLOWNESS, LineReader
 
-ANSWER_PATIENCE = 60.0 * SLOWNESS  # s; a day is many ticks of a short timer
+ANSWER_PATIENCE = 60.0 * SLOWNESS  # s; a day has many ticks of a short timer
 
 
 class Moment(NamedTuple):
-    """Where a program's time stands."""
+    """A point in the program's time."""
     wall: datetime  # local time
     tick: int       # milliseconds since the machine started, as a signed 32-bit number
 
 
 class VirtualTimeError(AssertionError):
-    """The program refused a command, or answered with something that is no answer."""
+    """The program refused a command or sent an invalid answer."""
 
 
 class VirtualTime:
-    """The pipes through which one program's time is turned. Hand it `argument` and `pass_fds` when starting
-    it, and call `started` afterwards."""
+    """The pipes that control one program's time. Pass `argument` and `pass_fds` when starting it, and call `started`
+    afterwards."""
 
     def __init__(self, wall, tick=0):
-        """`wall`: local time as "1998-10-03T23:59:57"; `tick`: milliseconds since the machine started."""
+        """`wall`: local time like "1998-10-03T23:59:57"; `tick`: milliseconds since the machine started."""
         self._start = f"{wall},{tick}"
         commands, self._commands = os.pipe()
         self._answers, answers = os.pipe()
@@ -47,36 +46,36 @@ class VirtualTime:
 
     @property
     def pass_fds(self):
-        """The descriptors that the program has to inherit."""
+        """The descriptors that the program must inherit."""
         return tuple(self._theirs)
 
     def started(self):
-        """Lets go of the program's ends: only then its death is seen from this side."""
+        """Closes the program's ends of the pipes; otherwise its end could not be detected here."""
         while self._theirs:
             os.close(self._theirs.pop())
 
     def advance(self, milliseconds, timeout=ANSWER_PATIENCE):
-        """Lets time pass, with every timer due in it. Returns the Moment reached, as do the others."""
+        """Lets time pass and runs all timers that become due. Returns the new Moment, like the functions below."""
         return self._ask(f"advance {milliseconds}", timeout)
 
     def next(self, timeout=ANSWER_PATIENCE):
-        """Jumps to the next timer due. There has to be one."""
+        """Jumps to the next due timer. There must be one."""
         return self._ask("next", timeout)
 
     def set_wall(self, text, timeout=ANSWER_PATIENCE):
-        """Sets the wall clock alone, as a user does: "1998-10-03T23:59:57"."""
+        """Sets only the wall clock, as a user does: "1998-10-03T23:59:57"."""
         return self._ask(f"wall {text}", timeout)
 
     def suspend(self, milliseconds, timeout=ANSWER_PATIENCE):
-        """Lets the machine sleep: wall clock and tick go on, and no timer is due in it."""
+        """Suspends the machine: wall clock and tick advance, but no timer becomes due."""
         return self._ask(f"suspend {milliseconds}", timeout)
 
     def set_zone(self, name, timeout=ANSWER_PATIENCE):
-        """Takes the machine to another time zone: "America/New_York"."""
+        """Moves the machine to another time zone: "America/New_York"."""
         return self._ask(f"zone {name}", timeout)
 
     def close(self):
-        """The program's time stands still from here on. Closing it again does nothing."""
+        """Closes the pipes; the program's time is stopped from then on. Can be called repeatedly."""
         self.started()
         for descriptor in (self._commands, self._answers):
             if descriptor is not None:

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""Waiting for something to come true in another process, with an end to it."""
+"""Waiting with a time limit until something is true in another process."""
 
 import os
 import select
@@ -8,26 +8,26 @@ import time
 from gi.repository import GLib
 from Xlib.error import XError
 
-# Whoever knows that a machine, or a program on it, is many times slower than usual says how many times.
+# How many times slower than usual this machine, or a program on it, is.
 SLOWNESS = float(os.environ.get("TICKWELL_SLOWNESS", "1"))
 
-# Long enough for a busy machine. A test that passes never waits it out.
+# Long enough for a busy machine. A passing test never waits that long.
 PATIENCE = 30.0 * SLOWNESS  # s
-# s between two looks. It grows, for looking costs time of the program looked at.
+# s between two checks. It grows, because each check costs the checked program time.
 FIRST_INTERVAL, LAST_INTERVAL = 0.01, 0.2
 
-REST = 0.4  # s for which something on the screen stays the same once it has come to rest
+REST = 0.4  # s without a change after which something on the screen counts as steady
 
-# What asking raises while the thing asked for comes or goes; it counts as "not yet".
+# Raised by queries while the queried object appears or disappears; they count as "not yet".
 VANISHING = (GLib.Error, XError)
 
 
 class TimedOut(AssertionError):
-    """What a test waited for did not come."""
+    """What a test waited for did not happen."""
 
 
 def wait_for(check, what, timeout=PATIENCE):
-    """Calls `check` until it returns something true, and returns that. `what` names it in the error."""
+    """Calls `check` until it returns a true value, and returns that. `what` names it in the error."""
     end = time.monotonic() + timeout
     interval = FIRST_INTERVAL
     while True:
@@ -45,7 +45,7 @@ def wait_for(check, what, timeout=PATIENCE):
 
 
 def steady(look, what, rest=REST):
-    """What is seen, once it is something and has been the same for `rest` seconds."""
+    """Calls `look` until it has returned the same value, other than None, for `rest` seconds; returns that value."""
     seen, since = None, 0.0
 
     def at_rest():
@@ -59,16 +59,15 @@ def steady(look, what, rest=REST):
 
 
 class LineReader:
-    """Takes whole lines off a pipe, none of them waited for without end. The descriptor stays the
-    caller's."""
+    """Reads complete lines from a pipe, with a time limit. The caller keeps the descriptor."""
 
     def __init__(self, descriptor):
         self._descriptor = descriptor
         self._received = b""
 
     def read_line(self, what, timeout=PATIENCE):
-        """The next line without its end. Raises EOFError when the other side is gone, TimedOut when it is
-        silent."""
+        """The next line without its line feed. Raises EOFError if the other side has closed the pipe, TimedOut if it
+        sends nothing."""
         end = time.monotonic() + timeout
         while b"\n" not in self._received:
             left = end - time.monotonic()

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""The windows as the X server and the window manager have them: place, order, focus, closing."""
+"""The windows as seen by the X server and the window manager: position, order, focus, closing."""
 
 from typing import NamedTuple
 
@@ -9,11 +9,11 @@ from Xlib.protocol.event import ClientMessage
 
 from driver.waiting import PATIENCE, TimedOut, wait_for
 
-FROM_PAGER = 2  # window managers hear some requests from panels and pagers alone
+FROM_PAGER = 2  # source indication: window managers accept some requests only from panels and pagers
 
 
 class Geometry(NamedTuple):
-    """In pixels of the screen, without the window manager's frame."""
+    """In screen pixels, without the window manager's frame."""
     x: int
     y: int
     width: int
@@ -28,7 +28,7 @@ class TopLevel(NamedTuple):
 
 
 class XWindows:
-    """Asks an X server about its windows. A window that goes while it is asked about raises Xlib's XError."""
+    """Queries an X server about its windows. A window that is destroyed meanwhile raises Xlib's XError."""
 
     def __init__(self, display):
         self._display = Display(display)
@@ -38,11 +38,11 @@ class XWindows:
         try:
             self._display.close()
         except error.ConnectionClosedError:
-            pass  # the screen has gone before
+            pass  # the screen has already ended
 
     def window_manager_answers(self):
-        """Whether a window that is mapped now is taken in. A manager says that it is there a moment before, and a
-        window that comes in between is lost."""
+        """Whether the manager handles a newly mapped window. A manager announces itself slightly earlier, and a window
+        that is mapped in between is lost."""
         if self._property(self._root, "_NET_SUPPORTING_WM_CHECK") is None:
             return False
         probe = self._root.create_window(0, 0, 1, 1, 0, X.CopyFromParent)
@@ -56,14 +56,13 @@ class XWindows:
             self._display.sync()
 
     def stacking(self):
-        """The windows that are on the screen, from the lowest to the topmost. Menus and tool tips are among
-        them."""
+        """The visible windows from the lowest to the topmost, including menus and tool tips."""
         windows = (self._described(frame) for frame in self._root.query_tree().children)
         return [window for window in windows if window is not None]
 
     def name_at(self, x, y):
-        """Name of the topmost window at a point of the screen; empty for a frame whose window has gone, which takes
-        clicks until its manager removes it."""
+        """The name of the topmost window at a point of the screen; empty for a frame whose window no longer exists,
+        which receives clicks until its manager removes it."""
         for frame in reversed(self._root.query_tree().children):
             try:
                 area = frame.get_geometry()
@@ -76,14 +75,14 @@ class XWindows:
         return ""
 
     def find(self, name=None, pid=None):
-        """Id of the topmost window with this name, this process or both; None where there is none."""
+        """The id of the topmost window with this name, this process or both; None if there is none."""
         for window in reversed(self.stacking()):
             if name in (None, window.name) and pid in (None, window.pid):
                 return window.xid
         return None
 
     def wait(self, name=None, pid=None, timeout=PATIENCE):
-        """The same, waited for. Where none comes the error lists what there is instead."""
+        """Waits for such a window. If none appears, the error lists the existing windows."""
         try:
             return wait_for(lambda: self.find(name, pid), f"window name={name!r} pid={pid}", timeout)
         except TimedOut as timed_out:
@@ -95,37 +94,37 @@ class XWindows:
         return Geometry(corner.x, corner.y, size.width, size.height)
 
     def is_above(self, upper, lower):
-        """Whether one window lies above another in the stack, also where they do not touch."""
+        """Whether one window is above another in the stacking order, even if they do not overlap."""
         order = [window.xid for window in self.stacking()]
         return order.index(upper) > order.index(lower)
 
     def focus_owner(self):
-        """Id of the outermost window that gets the keys, or None."""
+        """The id of the outermost window that has the keyboard focus, or None."""
         focus = self._display.get_input_focus().focus
-        if isinstance(focus, int):  # none, or wherever the pointer is
+        if isinstance(focus, int):  # none, or the one under the pointer
             return None
         shown = {window.xid for window in self.stacking()}
         while focus.id not in shown:
             focus = focus.query_tree().parent
-            if not focus:  # above the root
+            if not focus:  # reached the root
                 return None
         return focus.id
 
     def states(self, xid):
-        """Names of the window's states, as its manager keeps them."""
+        """The names of the window's states, as its manager keeps them."""
         found = self._property(self._window(xid), "_NET_WM_STATE")
         return {self._display.get_atom_name(atom) for atom in (found if found is not None else ())}
 
     def set_state(self, xid, state, wanted=True):
-        """Asks the window manager for a state of any window, as a panel does."""
+        """Asks the window manager to set a state of any window, like a panel."""
         self._ask_manager(xid, "_NET_WM_STATE", int(wanted), self._display.intern_atom(state), 0, FROM_PAGER, 0)
 
     def raise_window(self, xid):
-        """Asks the window manager to put any window above those of its kind, as a pager does."""
+        """Asks the window manager to raise any window above others of its kind, like a pager."""
         self._ask_manager(xid, "_NET_RESTACK_WINDOW", FROM_PAGER, 0, X.Above, 0, 0)
 
     def close_window(self, xid):
-        """Asks a window to close, as its frame's close button does."""
+        """Asks a window to close, like the close button of its frame."""
         window = self._window(xid)
         closing = self._display.intern_atom("WM_DELETE_WINDOW")
         if closing not in (window.get_wm_protocols() or ()):
@@ -152,7 +151,7 @@ class XWindows:
         return None if found is None else found.value
 
     def _described(self, frame):
-        """The program's window inside a child of the root; None where nothing is shown, or no longer."""
+        """The program's window inside a child of the root; None if it is not visible or no longer exists."""
         try:
             if frame.get_attributes().map_state != X.IsViewable:
                 return None
@@ -164,7 +163,7 @@ class XWindows:
             return None
 
     def _managed(self, window):
-        """The window at or below this one that the window manager marked as a program's own."""
+        """This window or the descendant that the window manager marked as a program's own."""
         if self._property(window, "WM_STATE") is not None:
             return window
         below = map(self._managed, window.query_tree().children)

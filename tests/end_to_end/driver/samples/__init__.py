@@ -1,2 +1,2 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""Small programs that the driver is tried out on, so that its tests need no Tickwell."""
+"""Small programs for testing the driver without Tickwell."""

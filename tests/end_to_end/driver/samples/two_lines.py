@@ -1,8 +1,8 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""A stand-in for Tickwell on the accessibility bus, without a window on the screen.
+"""A fake Tickwell on the accessibility bus, without a window on the screen.
 
-It shows wall clock and tick as two labels in a window "Tickwell", beside a message box of the same name and
-an open menu, and takes `--virtual-time` among its options. It writes its options down.
+It shows wall clock and tick as two labels in a window "Tickwell", next to a message box of the same name and an open
+menu, and accepts `--virtual-time` among its options. It prints its options.
 """
 
 import sys
@@ -31,8 +31,8 @@ INTERFACES = """
 FOLDER = ROOT.rpartition("/")[0]
 SHOWING = 1 << 25
 
-# path: role, name, children, extents. The lower line comes first: only its place tells that it is the lower
-# one. The menu is nobody's child, as Qt has it.
+# path: role, name, children, extents. The lower line is listed first: only its position identifies it. The menu is not
+# a child of any node, like in Qt.
 TREE = {
     ROOT: ("application", lambda clock: "two_lines", ("box", "window"), (0, 0, 0, 0)),
     f"{FOLDER}/menu": ("popup menu", lambda clock: "メニュー", (), (0, 0, 50, 50)),
@@ -46,7 +46,7 @@ TREE = {
 
 
 class Tree:
-    """Answers what a screen reader asks."""
+    """Answers the queries of a screen reader."""
 
     def __init__(self, connection, clock):
         self._connection, self._clock = connection, clock
@@ -77,7 +77,7 @@ def main():
                           lambda *_: clock.serve())
     session_bus = Gio.bus_get_sync(Gio.BusType.SESSION, None)
     connection = dbus_calls.connect(dbus_calls.call(session_bus, STARTER, "GetAddress")[0])
-    tree = Tree(connection, clock)  # lives as long as the loop
+    tree = Tree(connection, clock)  # must live as long as the loop
     dbus_calls.call(connection, (REGISTRY, ROOT, "org.a11y.atspi.Socket"), "Embed", "((so))",
                     (connection.get_unique_name(), ROOT))
     connection.emit_signal(None, f"{FOLDER}/menu", "org.a11y.atspi.Event.Object", "StateChanged",

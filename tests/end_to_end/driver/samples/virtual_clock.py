@@ -1,8 +1,7 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""A program with nothing but a time that is turned from outside: virtual_clock.py
---virtual-time=IN,OUT,WALL,TICK
+"""A program that has only a virtual clock, controlled from outside: virtual_clock.py --virtual-time=IN,OUT,WALL,TICK
 
-It has one timer of 1000 ms. Told to advance by 13 ms it falls silent, by 666 ms it ends.
+It has one timer of 1000 ms. It does not answer an advance by 13 ms, and exits at an advance by 666 ms.
 """
 
 import os
@@ -14,16 +13,16 @@ SILENT, DEADLY = 13, 666  # ms
 
 
 class VirtualClock:
-    """The time, and the answers to the commands that turn it."""
+    """The time, and the answers to the commands that change it."""
 
     def __init__(self, option):
         self.read_end, self.write_end, wall, tick = option.partition("=")[2].split(",")
         self.read_end, self.write_end, self.tick = int(self.read_end), int(self.write_end), int(tick)
         self.wall = datetime.fromisoformat(wall)
-        self._due = PERIOD  # ms until the timer
+        self._due = PERIOD  # ms until the timer is due
 
     def serve(self):
-        """Answers what has come. False when nobody is there any more."""
+        """Answers pending commands. Returns False if the other side has closed the pipe."""
         commands = os.read(self.read_end, 4096).decode().splitlines()
         for command in commands:
             answer = self._answer(*command.split(" "))

@@ -1,7 +1,7 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""A plain X window that writes down what is done to it and answers pings: window.py NAME X Y WIDTH HEIGHT RRGGBB
+"""A plain X window that prints its input events and answers pings: window.py NAME X Y WIDTH HEIGHT RRGGBB
 
-At SIGUSR1 it computes for COMPUTED seconds of processor time."""
+On SIGUSR1 it computes for COMPUTED seconds of CPU time."""
 
 import os
 import signal

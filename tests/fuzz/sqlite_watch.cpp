@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "fuzz/engine_watch.h"
+#include "fuzz/sqlite_watch.h"
 
 #include <sqlite3.h>
 
@@ -46,7 +46,8 @@ bool IsDigit(char c) {
     return c >= '0' && c <= '9';
 }
 
-/// How many bytes at the start of `text` are one of ours; 0 where none are.
+/// The length of the program's own word, quoted name, parameter or sign at the start of `text`; 0 if there is
+/// none.
 qsizetype OwnLength(const QByteArray& text) {
     qsizetype length = 1;
     if (text.front() == '"') {
@@ -72,7 +73,7 @@ int SeeStatement(unsigned /*kind*/, void* /*context*/, void* /*statement*/, void
     QByteArray text(static_cast<const char*>(sql));
     while (!text.isEmpty()) {
         const qsizetype own = OwnLength(text);
-        Require(own > 0, "the engine is given our own words alone");
+        Require(own > 0, "SQLite is given our own words alone");
         text = text.sliced(own);
     }
     return 0;
@@ -90,11 +91,11 @@ int Allow(void* /*context*/, int action, const char* first, const char* /*second
 
 }  // namespace
 
-EngineWatch::EngineWatch() {
+SqliteWatch::SqliteWatch() {
     sqlite3_auto_extension(reinterpret_cast<void (*)()>(Remember));
 }
 
-void EngineWatch::Begin() {
+void SqliteWatch::Begin() {
     Require(g_opened != nullptr, "the database was opened");
     sqlite3_trace_v2(g_opened, SQLITE_TRACE_STMT, SeeStatement, nullptr);
     sqlite3_set_authorizer(g_opened, Allow, nullptr);
