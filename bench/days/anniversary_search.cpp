@@ -102,7 +102,7 @@ void Fill(const QString& path, int rows) {
 
 /// The book, and a list like the calendar's.
 struct Bench {
-    std::unique_ptr<DayDatabase> database;
+    DayDatabase database;
     DayList list;
     NoChanges changes;
     SystemClock clock;
@@ -113,7 +113,7 @@ struct Bench {
     DayListModel model{QVariant(), DayListModel::Columns::All, nullptr};
     RowTable view;
 
-    explicit Bench(const QString& path) : database(OpenDayDatabase(path)) {
+    explicit Bench(const QString& path) : database(path) {
         view.setModel(&model);
         view.resize(400, 400);
         view.show();
@@ -129,7 +129,7 @@ void MeasureSearch(Bench& bench) {
     Measure(
         "its work alone",
         [&] {
-            AnniversarySearch search(bench.parts.Database(), {});
+            AnniversarySearch search(bench.database, {});
             while (!search.Step()) {
             }
         },
@@ -157,7 +157,7 @@ void MeasureList(Bench& bench) {
         "typing a name in the list", [&] { bench.view.keyboardSearch(u"no such name"_s); },
         [] { return true; });
     Measure(
-        "the list of a day", [&] { bench.list.ListDay(bench.parts.Database(), QDate(2026, 11, 20), true); },
+        "the list of a day", [&] { bench.list.ListDay(bench.database, QDate(2026, 11, 20), true); },
         [&] {
             if (bench.list.IsListing()) {
                 bench.list.GoOn();
@@ -165,7 +165,7 @@ void MeasureList(Bench& bench) {
             return !bench.list.IsListing();
         });
     Measure(
-        "the names of a day", [&] { AnnouncedNames(*bench.database, QDate(2026, 11, 20)); },
+        "the names of a day", [&] { AnnouncedNames(bench.database, QDate(2026, 11, 20)); },
         [] { return true; });
 }
 

@@ -81,7 +81,7 @@ void Measure(int rows, int ofTwentyKept) {
     for (int i = 0; i < kTimes; ++i) {
         MakeFile(rows, ofTwentyKept);
         before = QFileInfo(kLiveFile).size();
-        auto handle = OpenDayDatabase(kLiveFile);
+        DayDatabase handle(kLiveFile);
         FakeMessageBoxes boxes;
         TimedDisk disk;
         whole.push_back(

@@ -15,6 +15,7 @@
 #include "core/errors.h"
 #include "days/day_rule.h"
 #include "store/day_database.h"
+#include "store/day_transaction.h"
 
 using namespace Qt::StringLiterals;
 using namespace tickwell;

@@ -20,6 +20,7 @@
 #include "platform/qt_message_boxes.h"
 #include "platform/qt_timers.h"
 #include "platform/virtual_time.h"
+#include "store/day_transaction.h"
 #include "store/sqlite_connection.h"
 
 using namespace Qt::StringLiterals;
@@ -90,7 +91,7 @@ struct Figures {
 };
 
 Figures MeasureCalendar(const QString& path) {
-    std::unique_ptr<DayDatabase> database = OpenDayDatabase(path);
+    DayDatabase database{path};
     DayList list;
     const VirtualTime time(QDateTime(QDate(2026, 11, 20), QTime(9, 0)));
     QtMessageBoxes boxes;
@@ -107,7 +108,7 @@ Figures MeasureCalendar(const QString& path) {
     MonthGrid grid;
     const Taken ask = Measure([&] {
         month = month.addMonths(1);
-        rows = ReadMonth(*database, ShapeOf(month));
+        rows = ReadMonth(database, ShapeOf(month));
     });
     const Taken fill = Measure([&] { FillGrid(grid, ShapeOf(month), rows, month); });
     auto* next = window.findChild<QPushButton*>(u"Command2"_s);
@@ -141,7 +142,9 @@ int main(int argc, char** argv) {
         const QTemporaryDir files(folder.filePath(u"month_show-XXXXXX"_s));
         const QString full = Copied(files, u"full.mdb"_s);
         FillHolidays(full);
-        FillMarks(*OpenDayDatabase(full));
+        DayDatabase database(full);
+        FillMarks(database);
+        database.Close();
         const Figures filled = MeasureCalendar(full);
         const Figures empty = MeasureCalendar(Copied(files, u"empty.mdb"_s));
         Print("asking the database", filled.ask, empty.ask);

@@ -35,7 +35,7 @@ std::unique_ptr<CompactionDisk> BackgroundCompaction::RealDisk(std::stop_token s
 
 void BackgroundCompaction::Start(const QObject* owner, std::function<void()> done) {
     if (m_listener == nullptr) {
-        if (m_parts.dayDatabase == nullptr) {  // in use, for instance by a deletion
+        if (!m_parts.dayDatabase.IsOpen()) {  // in use, for instance by a deletion
             throw RunTimeError(u"データベースは使用中です。終わってからもう一度実行してください。"_s);
         }
         BeginCompaction(m_parts.dayDatabase, m_parts.folder);

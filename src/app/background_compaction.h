@@ -17,8 +17,8 @@ namespace tickwell {
 
 /// What a compaction works with; all but `folder` outlive it.
 struct BackgroundCompactionParts {
-    std::unique_ptr<DayDatabase>& dayDatabase;  ///< null while a compaction runs
-    QString folder;                             ///< the program's folder, absolute
+    DayDatabase& dayDatabase;  ///< closed while a compaction runs
+    QString folder;            ///< the program's folder, absolute
     MessageBoxes& boxes;
     Handlers& handlers;
 };

@@ -110,9 +110,23 @@ ProgramPorts Program::Ports() {
     const Clock& clock = m_virtualTime ? static_cast<const Clock&>(*m_virtualTime) : m_systemClock;
     TimerSource& timers = m_virtualTime ? static_cast<TimerSource&>(*m_virtualTime) : m_qtTimers;
     TimeJumps& jumps = m_virtualTime ? static_cast<TimeJumps&>(*m_virtualTime) : m_systemJumps;
-    return {clock,     timers,   jumps,  m_qtTimers, m_boxes,   m_handlers,
-            m_power,   m_memory, m_tray, m_stack,    m_starter, *m_autostart,
-            m_printer, m_sound,  m_wait, m_drive,    m_drive,   [this] { m_tidyTimer->Start(); }};
+    return {.clock = clock,
+            .timers = timers,
+            .jumps = jumps,
+            .realTimers = m_qtTimers,
+            .boxes = m_boxes,
+            .handlers = m_handlers,
+            .tray = m_tray,
+            .stack = m_stack,
+            .starter = m_starter,
+            .autostart = *m_autostart,
+            .printer = m_printer,
+            .sound = m_sound,
+            .wait = m_wait,
+            .drive = m_drive,
+            .playback = m_drive,
+            .display = DisplayPortsOfThisMachine(),
+            .windowGone = [this] { m_tidyTimer->Start(); }};
 }
 
 /// One box, and the end; nothing is saved.

@@ -12,7 +12,6 @@
 #include "platform/cd_helper_drive.h"
 #include "platform/desktop_programs.h"
 #include "platform/helper_printer.h"
-#include "platform/proc_memory.h"
 #include "platform/qt_event_wait.h"
 #include "platform/qt_message_boxes.h"
 #include "platform/qt_timers.h"
@@ -20,7 +19,6 @@
 #include "platform/sdl_sound_output.h"
 #include "platform/system_clock.h"
 #include "platform/system_time_jumps.h"
-#include "platform/upower.h"
 #include "platform/virtual_time_pipe.h"
 #include "platform/x11_stack.h"
 
@@ -53,8 +51,6 @@ private:
     SystemTimeJumps m_systemJumps;
     std::unique_ptr<Timer> m_iconTimer;
     std::unique_ptr<Timer> m_tidyTimer;
-    ProcMemory m_memory;
-    UPower m_power;
     QtTray m_tray{[] { return ProgramIcon(); }};
     X11Stack m_stack;
     DesktopPrograms m_starter;

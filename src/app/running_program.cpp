@@ -9,8 +9,16 @@ RunningProgram::RunningProgram(const ProgramPorts& ports, ProgramState& state, s
     : m_ports(ports),
       m_state(state),
       m_closed(std::move(closed)),
-      m_media({ports.realTimers, ports.timers, ports.sound, ports.wait, ports.boxes, ports.handlers,
-               ports.drive, ports.playback, state.started.further.tellsNoCdDrive, QDir::currentPath()}) {}
+      m_media({.realTimers = ports.realTimers,
+               .timers = ports.timers,
+               .sound = ports.sound,
+               .wait = ports.wait,
+               .boxes = ports.boxes,
+               .handlers = ports.handlers,
+               .drive = ports.drive,
+               .playback = ports.playback,
+               .tellsNoCdDrive = state.started.further.tellsNoCdDrive,
+               .folder = QDir::currentPath()}) {}
 
 void RunningProgram::Start() {
     m_media.System().OpenAtStart();
@@ -28,42 +36,51 @@ void RunningProgram::Start() {
 
 WindowsParts RunningProgram::PartsOfWindows() {
     SoundPlayback& sounds = m_media.Sounds();
-    return {m_state.started.dayDatabase,
-            m_ports.clock,
-            m_ports.timers,
-            m_ports.handlers,
-            m_ports.boxes,
-            m_ports.starter,
-            m_ports.autostart,
-            m_state.started.settings,
-            m_state.started.further,
-            QDir::currentPath(),
-            m_media.System().Player(),
-            [&sounds](const QString& name) { sounds.PlayChime(name, 1); },
-            m_ports.windowGone};
+    return {.dayDatabase = m_state.started.dayDatabase,
+            .clock = m_ports.clock,
+            .timers = m_ports.timers,
+            .handlers = m_ports.handlers,
+            .boxes = m_ports.boxes,
+            .programs = m_ports.starter,
+            .autostart = m_ports.autostart,
+            .settings = m_state.started.settings,
+            .further = m_state.started.further,
+            .folder = QDir::currentPath(),
+            .cdPlayer = m_media.System().Player(),
+            .listen = [&sounds](const QString& name) { sounds.PlayChime(name, 1); },
+            .gone = m_ports.windowGone};
 }
 
 MainWindowParts RunningProgram::PartsOfMainWindow() {
     SoundPlayback& sounds = m_media.Sounds();
-    const auto playChime = [&sounds](const QString& name, qint32 count) { sounds.PlayChime(name, count); };
-    return {m_state.started.settings,
-            m_state.started.further,
-            *m_state.started.store,
-            m_state.started.dayDatabase,
-            m_ports.clock,
-            m_ports.timers,
-            m_ports.jumps,
-            m_ports.power,
-            m_ports.memory,
-            m_ports.tray,
-            m_ports.stack,
-            m_ports.starter,
-            QDir::currentPath(),
-            m_ports.handlers,
-            m_windows->Openers(),
-            Timing(),
-            {m_media.System().Player(), playChime},
-            [this] { MainWindowClosed(); }};
+    return {.settings = m_state.started.settings,
+            .further = m_state.started.further,
+            .store = *m_state.started.store,
+            .clock = m_ports.clock,
+            .timers = m_ports.timers,
+            .jumps = m_ports.jumps,
+            .power = *m_ports.display.power,
+            .tray = m_ports.tray,
+            .stack = m_ports.stack,
+            .starter = m_ports.starter,
+            .folder = QDir::currentPath(),
+            .handlers = m_ports.handlers,
+            .windows = m_windows->Openers(),
+            .makeDisplays = [this](const DisplayView& view) { return MakeDisplays(PartsOfDisplays(), view); },
+            .playChime = [&sounds](const QString& name, qint32 count) { sounds.PlayChime(name, count); },
+            .closed = [this] { MainWindowClosed(); }};
+}
+
+DisplaysParts RunningProgram::PartsOfDisplays() {
+    return {.ports = m_ports.display,
+            .settings = m_state.started.settings,
+            .dayDatabase = m_state.started.dayDatabase,
+            .clock = m_ports.clock,
+            .timers = m_ports.timers,
+            .handlers = m_ports.handlers,
+            .timing = Timing(),
+            .cdPlayer = m_media.System().Player(),
+            .openCdPlayer = [this] { m_windows->OpenCdPlayer(); }};
 }
 
 TimingParts RunningProgram::Timing() {
@@ -75,16 +92,24 @@ TimingParts RunningProgram::Timing() {
     };
     Multimedia& media = m_media.System().Commands();
     const auto sendCommand = [&media](const QString& command) { media.MciSend(command, true); };
-    const auto place = [this](QWidget& window) { m_windows->Place(window); };
-    return {m_state.stopwatch, m_state.countdown, m_ports.clock,   m_ports.timers,
-            m_ports.handlers,  m_ports.boxes,     m_ports.printer, m_windows->Help(),
-            enterFolder,       sendCommand,       place,           QStringLiteral(TICKWELL_VERSION)};
+    return {.stopwatch = m_state.stopwatch,
+            .countdown = m_state.countdown,
+            .clock = m_ports.clock,
+            .timers = m_ports.timers,
+            .handlers = m_ports.handlers,
+            .boxes = m_ports.boxes,
+            .printer = m_ports.printer,
+            .help = m_windows->Help(),
+            .enterFolder = enterFolder,
+            .sendCommand = sendCommand,
+            .place = [this](QWidget& window) { m_windows->Place(window); },
+            .version = QStringLiteral(TICKWELL_VERSION)};
 }
 
 void RunningProgram::MainWindowClosed() {
     m_media.Close();
     m_windows.reset();
-    m_state.started.dayDatabase.reset();
+    m_state.started.dayDatabase.Close();
     m_closed();
 }
 

@@ -4,6 +4,7 @@
 #include <functional>
 #include <memory>
 
+#include "app/displays.h"
 #include "app/media.h"
 #include "app/startup.h"
 #include "app/windows.h"
@@ -19,8 +20,6 @@ struct ProgramPorts {
     TimerSource& realTimers;  ///< sound and drives know no other time
     MessageBoxes& boxes;
     Handlers& handlers;
-    const Power& power;
-    const Memory& memory;
     Tray& tray;
     WindowStack& stack;
     ProgramStarter& starter;
@@ -30,6 +29,7 @@ struct ProgramPorts {
     EventWait& wait;
     CdDrive& drive;
     CdPlayback& playback;
+    DisplayPorts display;
     std::function<void()> windowGone = [] {};  ///< told of each window and menu that goes
 };
 
@@ -66,6 +66,7 @@ public:
 private:
     WindowsParts PartsOfWindows();
     MainWindowParts PartsOfMainWindow();
+    DisplaysParts PartsOfDisplays();
     TimingParts Timing();
     void MainWindowClosed();
 

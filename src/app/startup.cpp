@@ -28,7 +28,7 @@ void RequireFiles() {
 void OpenTheDays(Started& started) {
     try {
         started.imported = ImportJetFile(kLiveFile);
-        started.dayDatabase = OpenDayDatabase(kLiveFile);
+        started.dayDatabase = DayDatabase(kLiveFile);
     } catch (const RunTimeError& error) {
         throw RunTimeError(WithNamedCopies(error.Reason()));
     }

@@ -16,7 +16,7 @@ namespace tickwell {
 /// The results of start-up, kept while the program runs.
 struct Started {
     std::unique_ptr<SettingsStore> store;
-    std::unique_ptr<DayDatabase> dayDatabase;
+    DayDatabase dayDatabase;
     AppSettings settings;
     FurtherSettings further;
     std::optional<JetImportSummary> imported;  ///< set if a day database in the older format was imported

@@ -35,10 +35,6 @@ OtherWindows Windows::Openers() {
         });
     };
     openers.settings = [this] { Open(m_settings, [this] { return MakeSettings(); }); };
-    openers.cdPlayer = [this] {
-        Open(m_cdPlayer,
-             [this] { return std::make_unique<CDForm>(m_parts.cdPlayer, m_parts.handlers, nullptr); });
-    };
     openers.help = [this] { m_help.ShowTopic(kHelpContents); };
     openers.about = [this] {
         Open(m_about, [this] {
@@ -47,6 +43,11 @@ OtherWindows Windows::Openers() {
         });
     };
     return openers;
+}
+
+void Windows::OpenCdPlayer() {
+    Open(m_cdPlayer,
+         [this] { return std::make_unique<CDForm>(m_parts.cdPlayer, m_parts.handlers, nullptr); });
 }
 
 /// Opened again while it is open, a window comes forward.
@@ -89,9 +90,15 @@ std::unique_ptr<Form2> Windows::MakeSettings() {
         m_compaction.Start(m_settings, std::move(done));
     };
     operations.holdKeepTop = [this](bool held) { m_mainWindow->HoldKeepTop(held); };
-    return std::make_unique<Form2>(SettingsParts{m_parts.settings, m_parts.further, m_parts.clock,
-                                                 m_parts.timers, m_parts.handlers, m_settingsHelp,
-                                                 m_parts.autostart, operations});
+    return std::make_unique<Form2>(SettingsParts{.displays = m_mainWindow->AllDisplays(),
+                                                 .settings = m_parts.settings,
+                                                 .further = m_parts.further,
+                                                 .clock = m_parts.clock,
+                                                 .timers = m_parts.timers,
+                                                 .handlers = m_parts.handlers,
+                                                 .help = m_settingsHelp,
+                                                 .autostart = m_parts.autostart,
+                                                 .operations = operations});
 }
 
 void Windows::SetMainWindow(Form1& mainWindow) {

@@ -18,7 +18,7 @@ namespace tickwell {
 
 /// What the windows work with; all outlive them.
 struct WindowsParts {
-    std::unique_ptr<DayDatabase>& dayDatabase;  ///< null while it is closed
+    DayDatabase& dayDatabase;
     const Clock& clock;
     TimerSource& timers;
     Handlers& handlers;
@@ -67,6 +67,8 @@ public:
     /// The ways to open them, for the main window's menu. Not to be used before SetMainWindow or after this
     /// object's end.
     OtherWindows Openers();
+
+    void OpenCdPlayer();
 
     HelpViewer& Help() { return m_help; }
 

@@ -7,6 +7,7 @@
 
 #include "book/anniversary_statements.h"
 #include "core/errors.h"
+#include "store/day_transaction.h"
 #include "store/large_cache.h"
 #include "store/sql_compiler.h"
 
@@ -35,8 +36,8 @@ RunTimeError ChangedElsewhere() {
 
 }  // namespace
 
-AnniversaryChange::AnniversaryChange(std::unique_ptr<DayDatabase>& database, ListedRows rows,
-                                     std::vector<bool> isMeant, Change change)
+AnniversaryChange::AnniversaryChange(DayDatabase& database, ListedRows rows, std::vector<bool> isMeant,
+                                     Change change)
     : m_database(database),
       m_rows(std::move(rows)),
       m_isMeant(std::move(isMeant)),
@@ -71,7 +72,7 @@ bool AnniversaryChange::Step() {
     if (IsGivenUp()) {
         return true;
     }
-    const ChangeMark mark = Opened(m_database).Mark();
+    const ChangeMark mark = m_database.Mark();
     if (std::exchange(m_mark, mark) != mark) {
         Begin();
     }
@@ -120,7 +121,7 @@ void AnniversaryChange::ReadRow(int row) {
     const std::optional<DayListRow> read = m_rows.Read(row);
     if (read && !read->itself) {
         AddTarget(*read);
-    } else if (read && m_database->ReadRow(kTable, *read->itself)) {
+    } else if (read && m_database.ReadRow(kTable, *read->itself)) {
         m_keys.push_back(read->itself->key);
     } else {
         m_error = std::make_exception_ptr(ChangedElsewhere());
@@ -148,7 +149,7 @@ void AnniversaryChange::BeginSearch() {
 }
 
 bool AnniversaryChange::Search() {
-    if (!m_targets.IsEmpty() && !m_search->Step(*m_database)) {
+    if (!m_targets.IsEmpty() && !m_search->Step(m_database)) {
         return false;
     }
     const FoundRows found = m_search->Take();
@@ -168,12 +169,12 @@ bool AnniversaryChange::Search() {
 bool AnniversaryChange::Write() {
     m_phase = Phase::Writing;
     if (m_keys.size() <= kWrittenAtOnce) {
-        return End(m_keys.empty() ? Outcome::Stored : WriteAll(*m_database));
+        return End(m_keys.empty() ? Outcome::Stored : WriteAll(m_database));
     }
     m_lent = std::move(m_database);
     m_writing = std::async(std::launch::async, [this] {
-        const LargeCache cache(*m_lent);
-        return WriteAll(*m_lent);
+        const LargeCache cache(m_lent);
+        return WriteAll(m_lent);
     });
     return false;
 }

@@ -25,15 +25,14 @@ namespace tickwell {
 /// changed meanwhile are left unchanged, and the last slice throws a RunTimeError that says so.
 ///
 /// The stored rows are searched in slices. More than a few are then written in a separate thread, because
-/// each write may wait for the disk; the database handle is null until that is done.
+/// each write may wait for the disk; the database is closed until that is done.
 class AnniversaryChange : public SlicedWork {
 public:
     /// Changes the row of Kinenbi with that key; called in any thread.
     using Change = std::function<void(DayDatabase& database, qint64 key)>;
 
     /// `isMeant`: whether each of `rows` is selected. `database` outlives the work.
-    AnniversaryChange(std::unique_ptr<DayDatabase>& database, ListedRows rows, std::vector<bool> isMeant,
-                      Change change);
+    AnniversaryChange(DayDatabase& database, ListedRows rows, std::vector<bool> isMeant, Change change);
 
     /// Rolls back what is not stored yet, and waits for that.
     ~AnniversaryChange() override;
@@ -56,7 +55,7 @@ private:
     bool EndWriting();
     bool End(Outcome outcome);
 
-    std::unique_ptr<DayDatabase>& m_database;
+    DayDatabase& m_database;
     ListedRows m_rows;
     std::vector<bool> m_isMeant;
     Change m_change;
@@ -69,7 +68,7 @@ private:
     std::vector<qint64> m_keys;  // of the stored rows to change
     std::optional<RowSearch> m_search;
     std::atomic<std::size_t> m_written = 0;
-    std::unique_ptr<DayDatabase> m_lent;  // the database, while the thread writes
+    DayDatabase m_lent;  // open while the thread writes
     std::future<Outcome> m_writing;
     std::exception_ptr m_error;  // thrown after the other rows are stored
 };

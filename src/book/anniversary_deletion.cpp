@@ -9,7 +9,7 @@ QString TickedText(qsizetype ticked) {
     return u"現在 "_s + QString::number(ticked) + u"項目";
 }
 
-std::unique_ptr<AnniversaryChange> DeletionOf(std::unique_ptr<DayDatabase>& database, ListedRows rows,
+std::unique_ptr<AnniversaryChange> DeletionOf(DayDatabase& database, ListedRows rows,
                                               std::vector<bool> isTicked) {
     return std::make_unique<AnniversaryChange>(
         database, std::move(rows), std::move(isTicked),

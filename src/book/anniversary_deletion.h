@@ -13,7 +13,7 @@ namespace tickwell {
 QString TickedText(qsizetype ticked);
 
 /// Deletes the ticked rows of the list. `isTicked`: one per element of `rows`.
-std::unique_ptr<AnniversaryChange> DeletionOf(std::unique_ptr<DayDatabase>& database, ListedRows rows,
+std::unique_ptr<AnniversaryChange> DeletionOf(DayDatabase& database, ListedRows rows,
                                               std::vector<bool> isTicked);
 
 }  // namespace tickwell

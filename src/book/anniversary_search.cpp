@@ -98,8 +98,8 @@ std::array<QString, 3> SearchTexts(const SearchConditions& conditions) {
     return texts;
 }
 
-AnniversarySearch::AnniversarySearch(DayDatabaseAccess database, const SearchConditions& conditions)
-    : m_database(std::move(database)), m_texts(SearchTexts(conditions)) {
+AnniversarySearch::AnniversarySearch(DayDatabase& database, const SearchConditions& conditions)
+    : m_database(database), m_texts(SearchTexts(conditions)) {
     Begin();
 }
 
@@ -117,12 +117,11 @@ bool AnniversarySearch::Step() {
     if (IsGivenUp()) {
         return true;
     }
-    DayDatabase& database = m_database();
-    const ChangeMark mark = database.Mark();
+    const ChangeMark mark = m_database.Mark();
     if (std::exchange(m_mark, mark) != mark) {
         Begin();  // all four results must belong to the same state
     }
-    while (m_current < m_searches.size() && m_searches[m_current].Step(database)) {
+    while (m_current < m_searches.size() && m_searches[m_current].Step(m_database)) {
         ++m_current;
     }
     return m_current == m_searches.size();

@@ -45,8 +45,9 @@ std::array<QString, 3> SearchTexts(const SearchConditions& conditions);
 /// returned in the order of the queries, and twice if two queries found them.
 class AnniversarySearch : public SlicedWork {
 public:
-    /// Throws SqlError if the conditions do not form a valid statement.
-    AnniversarySearch(DayDatabaseAccess database, const SearchConditions& conditions);
+    /// `database` outlives the search and the rows that it finds. Throws SqlError if the conditions do not
+    /// form a valid statement.
+    AnniversarySearch(DayDatabase& database, const SearchConditions& conditions);
 
     bool Step() override;
     double Part() const override;
@@ -57,7 +58,7 @@ public:
 private:
     void Begin();
 
-    DayDatabaseAccess m_database;
+    DayDatabase& m_database;
     std::array<QString, 3> m_texts;
     std::vector<RowSearch> m_searches;  // the three queries and the count
     std::size_t m_current = 0;

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <memory>
-
 #include "core/day_changes.h"
 #include "core/handlers.h"
 #include "core/ports/clock.h"
@@ -13,18 +11,13 @@ namespace tickwell {
 
 /// What the windows of the anniversary book use; all outlive them.
 struct BookParts {
-    std::unique_ptr<DayDatabase>& dayDatabase;  ///< null while it is closed
-    DayList& list;                              ///< that of the calendar
+    DayDatabase& dayDatabase;
+    DayList& list;  ///< that of the calendar
     DayChanges& changes;
     const Clock& clock;
     MessageBoxes& boxes;
     Handlers& handlers;
     TimerSource& timers;
-
-    /// The returned function throws RunTimeError while the database is closed.
-    DayDatabaseAccess Database() const {
-        return [&database = dayDatabase]() -> DayDatabase& { return Opened(database); };
-    }
 };
 
 }  // namespace tickwell

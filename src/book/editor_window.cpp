@@ -112,7 +112,7 @@ void Form6::Command1_Click() {
 }
 
 void Form6::Add(const Anniversary& entered) {
-    Opened(m_parts.dayDatabase).Execute(InsertStatement(entered));
+    m_parts.dayDatabase.Execute(InsertStatement(entered));
     Finish();
 }
 

@@ -178,7 +178,7 @@ void Form9::Command1_Click() {
             });
         return;
     }
-    auto work = std::make_unique<AnniversarySearch>(m_parts.Database(), *conditions);
+    auto work = std::make_unique<AnniversarySearch>(m_parts.dayDatabase, *conditions);
     AnniversarySearch& search = *work;
     m_work->Start(std::move(work), [this, &search](const WorkEnd& end) {
         if (end.error) {

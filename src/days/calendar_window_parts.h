@@ -31,8 +31,8 @@ struct BookWindows {
 
 /// What the calendar window uses; all outlive it.
 struct CalendarWindowParts {
-    const std::unique_ptr<DayDatabase>& dayDatabase;  ///< null while a compaction replaces its file
-    DayList& list;                                    ///< only this window shows it
+    DayDatabase& dayDatabase;
+    DayList& list;  ///< only this window shows it
     const Clock& clock;
     MessageBoxes& boxes;
     Handlers& handlers;

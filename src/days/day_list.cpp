@@ -24,11 +24,11 @@ QString CountOf(int rows) {
 
 }  // namespace
 
-void DayList::ListDay(DayDatabaseAccess database, QDate date, bool isPanelOpen) {
+void DayList::ListDay(DayDatabase& database, QDate date, bool isPanelOpen) {
     Show({});
-    Listing listing{std::move(database), date, RowSearch(DayQuery(date)), {}};
-    listing.mark = listing.database().Mark();
-    const bool isDone = listing.search.Step(listing.database());  // also reports errors if closed
+    Listing listing{&database, date, RowSearch(DayQuery(date)), {}};
+    listing.mark = database.Mark();
+    const bool isDone = listing.search.Step(database);  // also reports errors if closed
     if (!isPanelOpen) {
         return;
     }
@@ -45,7 +45,7 @@ void DayList::ListDay(DayDatabaseAccess database, QDate date, bool isPanelOpen) 
 void DayList::GoOn() {
     Listing listing = std::move(*m_listing);
     m_listing.reset();
-    DayDatabase& database = listing.database();
+    DayDatabase& database = *listing.database;
     const ChangeMark mark = database.Mark();
     if (mark != listing.mark) {
         listing.search = RowSearch(DayQuery(listing.date));
@@ -59,7 +59,7 @@ void DayList::GoOn() {
 }
 
 void DayList::ShowDay(Listing& listing) {
-    ListedRows rows(listing.database, {{listing.search.Take(), RowForm::OfDay}});
+    ListedRows rows(*listing.database, {{listing.search.Take(), RowForm::OfDay}});
     m_heading = HeadingOf(listing.date);
     m_countText = CountOf(rows.Count());
     Show(std::move(rows));

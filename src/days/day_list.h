@@ -29,9 +29,9 @@ public:
     void WhenChanged(std::function<void()> changed) { m_changed = std::move(changed); }
 
     /// Lists the anniversaries that fall on `date`. If the panel is closed, the rows are removed and the
-    /// captions are kept. With a large database the list may still be empty on return: see IsListing. Throws
-    /// RunTimeError; the rows are then removed as well.
-    void ListDay(DayDatabaseAccess database, QDate date, bool isPanelOpen);
+    /// captions are kept. With a large database the list may still be empty on return: see IsListing.
+    /// `database` outlives the list. Throws RunTimeError; the rows are then removed as well.
+    void ListDay(DayDatabase& database, QDate date, bool isPanelOpen);
 
     /// The rows of the day are still being searched: GoOn must be called until this is false. Listing
     /// anything else cancels the search.
@@ -62,7 +62,7 @@ public:
 private:
     /// The search for a day's rows that takes more than one slice.
     struct Listing {
-        DayDatabaseAccess database;
+        DayDatabase* database = nullptr;
         QDate date;
         RowSearch search;
         ChangeMark mark;

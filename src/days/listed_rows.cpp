@@ -21,8 +21,8 @@ std::optional<DayListRow> ReadAs(RowForm form, const FoundRow& found, DayDatabas
 
 }  // namespace
 
-ListedRows::ListedRows(DayDatabaseAccess database, QList<ListedPart> parts)
-    : m_database(std::move(database)), m_parts(std::move(parts)) {
+ListedRows::ListedRows(DayDatabase& database, QList<ListedPart> parts)
+    : m_database(&database), m_parts(std::move(parts)) {
     for (const ListedPart& part : m_parts) {
         m_count += static_cast<int>(part.rows.size());
     }
@@ -45,7 +45,7 @@ std::optional<DayListRow> ListedRows::Read(int row) const {
     qsizetype index = row;
     for (const ListedPart& part : m_parts) {
         if (index < part.rows.size()) {
-            return ReadAs(part.form, part.rows.at(index), m_database());
+            return ReadAs(part.form, part.rows.at(index), *m_database);
         }
         index -= part.rows.size();
     }

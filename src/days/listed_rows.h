@@ -2,16 +2,12 @@
 #pragma once
 
 #include <QList>
-#include <functional>
 #include <optional>
 
 #include "days/day_list_row.h"
 #include "store/day_database.h"
 
 namespace tickwell {
-
-/// Returns the open day database. Throws RunTimeError while it is closed.
-using DayDatabaseAccess = std::function<DayDatabase&()>;
 
 /// Rows of Kinenbi that are displayed in the same form.
 struct ListedPart {
@@ -27,8 +23,8 @@ public:
     // Not explicit: a list of rows converts to ListedRows.
     ListedRows(QList<DayListRow> rows) : m_count(static_cast<int>(rows.size())), m_kept(std::move(rows)) {}
 
-    /// The parts in order. Reads the rows if they are few. Throws RunTimeError.
-    ListedRows(DayDatabaseAccess database, QList<ListedPart> parts);
+    /// The parts in order. Reads the rows if they are few. `database` outlives the rows. Throws RunTimeError.
+    ListedRows(DayDatabase& database, QList<ListedPart> parts);
 
     int Count() const { return m_count; }
 
@@ -42,8 +38,8 @@ public:
 private:
     int m_count = 0;
     QList<DayListRow> m_kept;
-    DayDatabaseAccess m_database;
-    QList<ListedPart> m_parts;  // empty if the rows are kept
+    DayDatabase* m_database = nullptr;  // null if all rows were given
+    QList<ListedPart> m_parts;          // empty if the rows are kept
 };
 
 }  // namespace tickwell

@@ -6,6 +6,7 @@
 
 #include "core/errors.h"
 #include "core/integer_text.h"
+#include "store/day_transaction.h"
 
 namespace tickwell {
 
@@ -58,7 +59,7 @@ void MonthCalendar::BuildMonth(int year, int month) {
     const MonthShape shape = ShapeOf(QDate(year, month, 1));
     // Read first: if the database fails, the grid is unchanged and still matches the month that its marks are
     // stored for.
-    const MonthRows rows = ReadMonth(Opened(m_parts.dayDatabase), shape);
+    const MonthRows rows = ReadMonth(m_parts.dayDatabase, shape);
     m_isReady = false;
     FillGrid(m_grid, shape, rows, m_parts.clock.Now().date());
     m_isReady = true;
@@ -125,10 +126,9 @@ void MonthCalendar::PressMarkedCells() {
 }
 
 void MonthCalendar::Execute(const QStringList& statements) {
-    DayDatabase& database = Opened(m_parts.dayDatabase);
-    DayTransaction transaction(database);
+    DayTransaction transaction(m_parts.dayDatabase);
     for (const QString& sql : statements) {
-        database.Execute(sql);
+        m_parts.dayDatabase.Execute(sql);
     }
     transaction.Commit();
 }
@@ -142,7 +142,7 @@ void MonthCalendar::DeleteMarks() {
             return;
         }
         *stillThere = false;
-        if (answer == MessageAnswer::Cancel && !m_parts.dayDatabase) {
+        if (answer == MessageAnswer::Cancel && !m_parts.dayDatabase.IsOpen()) {
             return;  // nothing to delete; the program may be closing, which cancels open boxes
         }
         m_parts.handlers.Run([this, answer, month] { DeleteAnswered(answer, month); }, m_parts.window);
@@ -170,8 +170,7 @@ void MonthCalendar::TogglePanel() {
 }
 
 void MonthCalendar::ListAnniversariesOfDay() {
-    m_parts.list.ListDay([&database = m_parts.dayDatabase]() -> DayDatabase& { return Opened(database); },
-                         m_selected, m_isPanelOpen);
+    m_parts.list.ListDay(m_parts.dayDatabase, m_selected, m_isPanelOpen);
 }
 
 void MonthCalendar::Tell(const QString& text) {

@@ -16,7 +16,7 @@ inline constexpr int kMonthsInYear = 12;
 
 /// What the calendar uses; all outlive it.
 struct MonthCalendarParts {
-    const std::unique_ptr<DayDatabase>& dayDatabase;  ///< null while a compaction replaces its file
+    DayDatabase& dayDatabase;
     DayList& list;
     const Clock& clock;
     MessageBoxes& boxes;

@@ -31,8 +31,8 @@ int WholeSteps(QTime time, int step) {
 
 }  // namespace
 
-ClockLines::ClockLines(const AppSettings& settings, const Clock& clock,
-                       const std::unique_ptr<DayDatabase>& dayDatabase, TextLines lines)
+ClockLines::ClockLines(const AppSettings& settings, const Clock& clock, DayDatabase& dayDatabase,
+                       TextLines lines)
     : m_settings(settings), m_clock(clock), m_dayDatabase(dayDatabase), m_lines(lines) {}
 
 void ClockLines::Show() {
@@ -60,9 +60,9 @@ void ClockLines::LookUp() {
 
 void ClockLines::AskForNames(QDate today) {
     m_tried = m_clock.Tick();
-    if (m_dayDatabase != nullptr && m_dayDatabase->TryOpen()) {
+    if (m_dayDatabase.TryOpen()) {
         m_areNamesDue = false;  // also if the query fails
-        m_names = AnnouncedNames(*m_dayDatabase, today);
+        m_names = AnnouncedNames(m_dayDatabase, today);
     }
 }
 

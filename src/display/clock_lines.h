@@ -17,9 +17,8 @@ namespace tickwell {
 /// what falls on today, in turn.
 class ClockLines {
 public:
-    /// All outlive this object. `dayDatabase` is null while a compaction replaces its file.
-    ClockLines(const AppSettings& settings, const Clock& clock,
-               const std::unique_ptr<DayDatabase>& dayDatabase, TextLines lines);
+    /// All outlive this object.
+    ClockLines(const AppSettings& settings, const Clock& clock, DayDatabase& dayDatabase, TextLines lines);
 
     /// The function was chosen: date and time come in with a wipe. The names' turn stays where it was.
     void Show();
@@ -50,7 +49,7 @@ private:
 
     const AppSettings& m_settings;
     const Clock& m_clock;
-    const std::unique_ptr<DayDatabase>& m_dayDatabase;
+    DayDatabase& m_dayDatabase;
     TextLines m_lines;
     QString m_rememberedDate;  // empty at start: the first tick always looks up
     QTime m_rememberedTime;    // invalid at start

@@ -1,71 +1,27 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "display/function_switch.h"
 
-#include "display/function_rows.h"
-
 namespace tickwell {
 
 FunctionSwitch::FunctionSwitch(AppSettings& settings, TextLines lines, FunctionMarks& marks,
-                               const FunctionTimers& timers, const FunctionLines& functionLines)
-    : m_settings(settings),
-      m_lines(lines),
-      m_marks(marks),
-      m_timers(timers),
-      m_functionLines(functionLines) {}
+                               const Displays& displays)
+    : m_settings(settings), m_lines(lines), m_marks(marks), m_displays(displays) {}
 
 void FunctionSwitch::ChangeFunction(qint32 number) {
-    m_settings.function = number;  // first: also a number that names no function is kept
-    for (Timer* timer : {&m_timers.Dz_Timer1, &m_timers.Dz_Timer2, &m_timers.Win_Timer, &m_timers.Timer1,
-                         &m_timers.BatTimer, &m_timers.MemoryTimer, &m_timers.CDTimer2}) {
-        timer->Stop();
+    m_settings.function = number;  // first: also a number that names no display is kept
+    for (const auto& display : m_displays) {
+        display->Hide();
     }
-    m_functionLines.countdown.Hide();
-    m_functionLines.battery.Hide();
-    const FunctionRow* row = FunctionRowOf(number);
+    Display* const shown = Shown();
     m_marks.CheckFunction(number);
-    m_marks.EnableOperation(row == nullptr || row->hasOperationItem);
-    if (row == nullptr) {
+    m_marks.EnableOperation(shown == nullptr || shown->Traits().hasOperationItem);
+    if (shown == nullptr) {
         return;
     }
-    if (!row->title.isEmpty()) {
-        m_lines.upper.ShowText(row->title.toString());
+    if (!shown->Traits().title.isEmpty()) {
+        m_lines.upper.ShowText(shown->Traits().title.toString());
     }
-    ShowFirstTexts(number);
-}
-
-void FunctionSwitch::ShowFirstTexts(qint32 number) {
-    switch (number) {
-        case kFunctionClock:
-            m_functionLines.clock.Show();
-            m_timers.Dz_Timer1.Start();
-            m_timers.Dz_Timer2.Start();
-            break;
-        case kFunctionUsage:
-            m_functionLines.usage.Show();
-            m_timers.Win_Timer.Start();
-            break;
-        case kFunctionStopwatch:
-            m_functionLines.stopwatch.Show();
-            m_timers.Timer1.Start();
-            break;
-        case kFunctionTimer:
-            m_functionLines.countdown.Show();
-            break;
-        case kFunctionBattery:
-            m_functionLines.battery.Refresh();  // at once: the next reading is ten seconds away
-            m_timers.BatTimer.Start();
-            break;
-        case kFunctionMemory:
-            m_functionLines.memory.Show();
-            m_timers.MemoryTimer.Start();
-            break;
-        case kFunctionCd:
-            m_functionLines.cd.Show();
-            m_timers.CDTimer2.Start();
-            break;
-        default:
-            break;
-    }
+    shown->Show();
 }
 
 }  // namespace tickwell

@@ -19,7 +19,7 @@ class ItemMenu : public QMenu {
     Q_OBJECT
 
 public:
-    /// `handlers` outlives the menu; `items` last as long as the program.
+    /// `handlers` outlives the menu.
     ItemMenu(QStringView name, std::span<const MenuItem> items, Handlers& handlers, MenuChosen chosen,
              QWidget* parent);
 

@@ -19,29 +19,43 @@ public:
     }
 };
 
+/// The menu with the items of these displays.
+std::vector<MenuItem> ItemsWith(const Displays& displays) {
+    std::vector<MenuItem> items;
+    for (const MenuItem& item : kMenuItems) {
+        if (item.command != MenuCommand::ChangeFunction) {
+            items.push_back(item);
+            continue;
+        }
+        for (const auto& display : displays) {
+            const DisplayTraits& traits = display->Traits();
+            items.push_back({traits.menuItem, traits.caption, MenuCommand::ChangeFunction, traits.number});
+        }
+    }
+    return items;
+}
+
 }  // namespace
 
-MainMenu::MainMenu(Handlers& handlers, const MenuChosen& chosen, QWidget* parent)
-    : ItemMenu(u"Menu", kMenuItems, handlers, chosen, parent),
+MainMenu::MainMenu(const Displays& displays, Handlers& handlers, const MenuChosen& chosen, QWidget* parent)
+    : ItemMenu(u"Menu", ItemsWith(displays), handlers, chosen, parent),
       m_tools(new ToolsMenu(handlers, chosen, this)) {
     setAccessibleName(u"メニュー"_s);
     m_tools->setAccessibleName(Item(MenuCommand::Tools)->text());
     Item(MenuCommand::Tools)->setMenu(m_tools);
-    MakeFunctionsExclusive();
+    MakeFunctionsExclusive(displays);
     ShowTools({});
 }
 
 /// One function at a time, or none; the mark is a bullet and not a tick.
-void MainMenu::MakeFunctionsExclusive() {
+void MainMenu::MakeFunctionsExclusive(const Displays& displays) {
     auto* functions = new QActionGroup(this);
     functions->setExclusionPolicy(QActionGroup::ExclusionPolicy::ExclusiveOptional);
-    for (const MenuItem& item : kMenuItems) {
-        if (item.command == MenuCommand::ChangeFunction) {
-            auto* action = findChild<QAction*>(item.name.toString());
-            action->setCheckable(true);
-            functions->addAction(action);
-            m_functionItems.insert(item.number, action);
-        }
+    for (const auto& display : displays) {
+        auto* action = findChild<QAction*>(display->Traits().menuItem.toString());
+        action->setCheckable(true);
+        functions->addAction(action);
+        m_functionItems.insert(display->Traits().number, action);
     }
 }
 

@@ -4,18 +4,20 @@
 #include <QActionGroup>
 #include <QHash>
 
+#include "core/display.h"
 #include "display/function_marks.h"
 #include "display/item_menu.h"
 
 namespace tickwell {
 
-/// The menu of the main window, with the marks of its functions and the submenu of the tools.
+/// The menu of the main window, with an item for each display, and the submenu of the tools.
 class MainMenu : public ItemMenu, public FunctionMarks {
     Q_OBJECT
 
 public:
-    /// `handlers` outlives the menu. A chosen tool comes as StartTool with its index.
-    MainMenu(Handlers& handlers, const MenuChosen& chosen, QWidget* parent);
+    /// `handlers` outlives the menu. A chosen display comes as ChangeFunction with its number, a chosen tool
+    /// as StartTool with its index.
+    MainMenu(const Displays& displays, Handlers& handlers, const MenuChosen& chosen, QWidget* parent);
 
     void CheckFunction(qint32 number) override;
     void EnableOperation(bool enabled) override;
@@ -24,7 +26,7 @@ public:
     void ShowTools(const QList<int>& indexes);
 
 private:
-    void MakeFunctionsExclusive();
+    void MakeFunctionsExclusive(const Displays& displays);
 
     QHash<qint32, QAction*> m_functionItems;  // owned by the menu, as all of them
     ItemMenu* m_tools;

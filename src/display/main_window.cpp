@@ -16,14 +16,8 @@ namespace {
 // ms
 constexpr int kFitDelay = 3000;
 constexpr int kStartDelay = 8000;
-constexpr int kTimeTick = 200;
-constexpr int kDateTick = 10000;
-constexpr int kUsageTick = 250;
-constexpr int kBatteryTick = 10000;
-constexpr int kMemoryTick = 2000;
 constexpr int kKeepTopTick = 2000;
 constexpr int kSecond = 1000;
-constexpr int kCdTick = 500;
 constexpr int kChimeTick = 1000;
 
 }  // namespace
@@ -34,48 +28,23 @@ Form1::Form1(const MainWindowParts& parts)
       m_pacer(parts.clock, parts.timers),
       m_MovingWord1(std::make_unique<MovingWord>(LineTime{parts.clock, parts.timers, m_pacer}, this)),
       m_MovingWord2(std::make_unique<MovingWord>(LineTime{parts.clock, parts.timers, m_pacer}, this)),
+      m_displays(parts.makeDisplays(ViewForDisplays())),
       m_menu(new MainMenu(
-          parts.handlers, [this](MenuCommand command, qint32 number) { Menu_Click(command, number); }, this)),
+          m_displays, parts.handlers,
+          [this](MenuCommand command, qint32 number) { Menu_Click(command, number); }, this)),
       m_trayMenu(new ItemMenu(
           u"Menu90", kTrayMenuItems, parts.handlers,
           [this](MenuCommand command, qint32 number) { Menu_Click(command, number); }, this)),
-      m_clockLines(parts.settings, parts.clock, parts.dayDatabase, {*m_MovingWord1, *m_MovingWord2}),
-      m_usageLines(parts.settings, parts.clock, {*m_MovingWord1, *m_MovingWord2}),
-      m_batteryLines(parts.power, {*m_MovingWord1, *m_MovingWord2}),
-      m_memoryLines(parts.memory, {*m_MovingWord1, *m_MovingWord2}),
-      m_cdLines(parts.media.player, {*m_MovingWord1, *m_MovingWord2}, *this),
-      m_chime(parts.clock, parts.settings, parts.media.playChime),
+      m_chime(parts.clock, parts.settings, parts.playChime),
       m_setuptimer(parts.handlers.MakeTimer(parts.timers, kFitDelay, [this] { setuptimer_Timer(); })),
-      m_Dz_Timer1(
-          parts.handlers, parts.timers, kTimeTick, [this] { Dz_Timer1_Timer(); },
-          [this] { return m_clockLines.UntilDue(m_pacer.IsSeen()); }),
-      m_Dz_Timer2(parts.handlers.MakeTimer(parts.timers, kDateTick, [this] { m_clockLines.RotateTick(); })),
-      m_Win_Timer(
-          parts.handlers, parts.timers, kUsageTick, [this] { m_usageLines.Tick(); },
-          [this] { return WhileSeen(m_usageLines.UntilDue()); }),
-      m_BatTimer(parts.handlers.MakeTimer(parts.timers, kBatteryTick, [this] { m_batteryLines.Refresh(); })),
-      m_MemoryTimer(
-          parts.handlers, parts.timers, kMemoryTick, [this] { m_memoryLines.Tick(); },
-          [this] { return WhileSeen(kMemoryTick); }),
       m_KeepTop(
           parts.handlers, parts.timers, kKeepTopTick, [this] { KeepTop_Timer(); },
           [this] { return UntilKeepTop(); }),
-      m_CDTimer2(
-          parts.handlers, parts.timers, kCdTick, [this] { m_cdLines.Tick(); },
-          [this] { return WhileSeen(kCdTick); }),
       m_Timer3(
           parts.handlers, parts.timers, kChimeTick, [this] { m_chime.Timer3_Timer(); },
           [this] { return m_chime.UntilDue(); }),
-      m_timing(parts.timing, {{*m_MovingWord1, *m_MovingWord2},
-                              *this,
-                              [this] { return m_pacer.UntilFrame(); },
-                              [this] { m_Dz_Timer1.Wake(); }}),
-      m_switch(
-          parts.settings, {*m_MovingWord1, *m_MovingWord2}, *m_menu,
-          {m_Dz_Timer1, *m_Dz_Timer2, m_Win_Timer, m_timing.Timer1(), *m_BatTimer, m_MemoryTimer, m_CDTimer2},
-          {m_clockLines, m_usageLines, m_batteryLines, m_memoryLines, m_timing.Reading(), m_timing.Rest(),
-           m_cdLines}),
-      m_roll(parts.further.roll, parts.power, parts.handlers, parts.timers,
+      m_switch(parts.settings, {*m_MovingWord1, *m_MovingWord2}, *m_menu, m_displays),
+      m_roll(m_displays, parts.further.roll, parts.power, parts.handlers, parts.timers,
              [this](qint32 number) { ChangeFunction(number); }),
       m_gesture(QGuiApplication::styleHints()->startDragDistance()),
       m_tools(parts.folder, parts.starter),
@@ -95,9 +64,17 @@ Form1::Form1(const MainWindowParts& parts)
     m_trayMenu->Item(MenuCommand::ShowHelp)->setEnabled(parts.windows.help != nullptr);
     m_menu->Item(MenuCommand::ShowAbout)->setEnabled(parts.windows.about != nullptr);
     connect(m_menu, &QMenu::aboutToShow, this, &Form1::Menu_AboutToShow);
-    m_MovingWord2->BringUpForReaders([this] { m_timing.BringUp(); });
+    m_MovingWord2->BringUpForReaders([this] { BringUpShown(); });
     m_parts.jumps.Listen([this] { WakeTimers(); });
     m_parts.tray.WhenChanged([this] { Menu_AboutToShow(); });  // an open menu follows
+}
+
+DisplayView Form1::ViewForDisplays() {
+    return {.lines = {*m_MovingWord1, *m_MovingWord2},
+            .functions = *this,
+            .isSeen = [this] { return m_pacer.IsSeen(); },
+            .untilFrame = [this] { return m_pacer.UntilFrame(); },
+            .linesWritten = [this] { WakeShown(); }};
 }
 
 Form1::~Form1() {
@@ -156,43 +133,47 @@ void Form1::setuptimer_Timer() {
     ChangeFunction(m_parts.settings.function);
 }
 
-/// A look-up that fails is reported on its own: the time goes on.
-void Form1::Dz_Timer1_Timer() {
-    m_parts.handlers.Run([this] { m_clockLines.LookUp(); });
-    m_clockLines.TimeTick();
-}
-
 void Form1::ChangeFunction(qint32 number) {
     m_switch.ChangeFunction(number);
     m_roll.FunctionChanged(number);
-    m_timing.FunctionChanged();
 }
 
 void Form1::RaiseRefresh() {
-    m_clockLines.RaiseRefresh();
-    m_Dz_Timer1.Wake();
+    for (const auto& display : m_displays) {
+        display->Refresh();
+    }
 }
 
-/// Time went another way than they counted it.
+/// The time jumped: what was due then may be due now.
 void Form1::WakeTimers() {
-    m_Dz_Timer1.Wake();
-    m_Win_Timer.Wake();
     m_Timer3.Wake();
-    m_timing.Wake();
+    for (const auto& display : m_displays) {
+        display->Wake();
+    }
 }
 
-/// What nobody sees is not brought up to date; the first frame that is seen shows what holds then.
+void Form1::WakeShown() const {
+    if (Display* const shown = m_switch.Shown()) {
+        shown->Wake();
+    }
+}
+
+void Form1::BringUpShown() const {
+    if (Display* const shown = m_switch.Shown()) {
+        shown->BringUp();
+    }
+}
+
+/// Lines that nobody sees are not updated; the first frame that is seen shows what holds then.
 void Form1::SetSeen(bool isSeen) {
     if (isSeen == m_pacer.IsSeen()) {
         return;
     }
     m_pacer.SetSeen(isSeen);
     if (isSeen) {
-        m_Dz_Timer1.TickNow();
-        m_Win_Timer.TickNow();
-        m_MemoryTimer.TickNow();
-        m_CDTimer2.TickNow();
-        m_timing.TickNow();
+        for (const auto& display : m_displays) {
+            display->Tick();
+        }
     }
 }
 
@@ -225,14 +206,9 @@ void Form1::Menu_Click(MenuCommand command, qint32 number) {
     }
 }
 
-/// The window of the function that is shown; some have none.
-void Form1::ShowOperation() {
-    if (GetFuncNumber() == kFunctionStopwatch) {
-        m_timing.ShowStopForm();
-    } else if (GetFuncNumber() == kFunctionTimer) {
-        m_timing.ShowTimerForm();
-    } else if (GetFuncNumber() == kFunctionCd) {
-        m_parts.windows.cdPlayer();
+void Form1::ShowOperation() const {
+    if (Display* const shown = m_switch.Shown()) {
+        shown->OpenWindow();
     }
 }
 
@@ -241,20 +217,11 @@ void Form1::Menu_AboutToShow() {
     m_menu->Item(MenuCommand::StoreInTray)->setEnabled(m_storage.CanStore());
 }
 
-/// Nothing is due to a line that nobody sees: it is brought up to date when it comes into sight.
-qint64 Form1::WhileSeen(qint64 untilDue) const {
-    return m_pacer.IsSeen() ? untilDue : SleepingTimer::kLongestSleep;
-}
-
 /// With the second tick of the line from now, so that both wake the machine up once; never later than its
 /// interval.
 qint64 Form1::UntilKeepTop() const {
-    qint64 untilLine = 0;
-    if (GetFuncNumber() == kFunctionClock) {
-        untilLine = m_clockLines.UntilDue(true);
-    } else if (GetFuncNumber() == kFunctionUsage) {
-        untilLine = m_usageLines.UntilDue();
-    }
+    const Display* const shown = m_switch.Shown();
+    const qint64 untilLine = shown != nullptr && shown->Traits().turnsWithSeconds ? shown->UntilDue(true) : 0;
     const bool isTicking = untilLine > 1 && untilLine <= kSecond;  // 1 where it ticks at this very moment
     return isTicking ? kKeepTopTick - kSecond + untilLine : kKeepTopTick;
 }

@@ -5,7 +5,7 @@
 #include <memory>
 
 #include "core/day_changes.h"
-#include "core/display_function.h"
+#include "core/display.h"
 #include "core/sleeping_timer.h"
 #include "display/function_switch.h"
 #include "display/main_menu.h"
@@ -33,6 +33,8 @@ public:
     void Form_Load();
     void ChangeFunction(qint32 number) override;
     qint32 GetFuncNumber() const override { return m_parts.settings.function; }
+
+    const Displays& AllDisplays() const { return m_displays; }
 
     /// The settings have changed: looks, function, date and roll follow at once.
     void ApplySettings();
@@ -66,19 +68,20 @@ protected:
 private:
     void Form_Resize();
     void setuptimer_Timer();
-    void Dz_Timer1_Timer();
     void KeepTop_Timer();
     void Menu_Click(MenuCommand command, qint32 number);
     void Menu_AboutToShow();
-    void ShowOperation();
+    void ShowOperation() const;
     void ApplyStyles();
     void PopUpMenu(QPoint at);
     void OpenMenuByKey();
     void SetStored(bool stored);
     void SetSeen(bool isSeen);
     void WakeTimers();
+    void WakeShown() const;
+    void BringUpShown() const;
+    DisplayView ViewForDisplays();
     qint64 UntilKeepTop() const;
-    qint64 WhileSeen(qint64 untilDue) const;
     void UpdateKeepTop();
     bool IsCovered() const;
     bool IsLost() const;
@@ -88,24 +91,13 @@ private:
     FramePacer m_pacer;
     std::unique_ptr<MovingWord> m_MovingWord1;  // they leave before their pacer does
     std::unique_ptr<MovingWord> m_MovingWord2;
+    Displays m_displays;
     MainMenu* m_menu;      // owned by the window, as its child
     ItemMenu* m_trayMenu;  // likewise
-    ClockLines m_clockLines;
-    UsageLines m_usageLines;
-    BatteryLines m_batteryLines;
-    MemoryLines m_memoryLines;
-    CdLines m_cdLines;
     Chime m_chime;
     std::unique_ptr<Timer> m_setuptimer;
-    SleepingTimer m_Dz_Timer1;
-    std::unique_ptr<Timer> m_Dz_Timer2;
-    SleepingTimer m_Win_Timer;
-    std::unique_ptr<Timer> m_BatTimer;
-    SleepingTimer m_MemoryTimer;
     SleepingTimer m_KeepTop;
-    SleepingTimer m_CDTimer2;
     SleepingTimer m_Timer3;
-    TimingTools m_timing;
     FunctionSwitch m_switch;
     Roll m_roll;
     GeometryKeeper m_geometry;

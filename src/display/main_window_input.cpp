@@ -101,7 +101,9 @@ bool Form1::eventFilter(QObject* watched, QEvent* event) {
 void Form1::closeEvent(QCloseEvent* event) {
     m_parts.handlers.Run([this] { SaveAll(); });
     m_storage.Remove();
-    m_timing.CloseWindows();
+    for (const auto& display : m_displays) {
+        display->CloseWindows();
+    }
     event->accept();
     m_parts.closed();
 }

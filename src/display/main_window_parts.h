@@ -5,9 +5,9 @@
 #include <functional>
 #include <memory>
 
+#include "core/display.h"
 #include "core/handlers.h"
 #include "core/ports/clock.h"
-#include "core/ports/memory.h"
 #include "core/ports/power.h"
 #include "core/ports/program_starter.h"
 #include "core/ports/settings_store.h"
@@ -17,9 +17,6 @@
 #include "core/ports/window_stack.h"
 #include "core/settings.h"
 #include "display/chime.h"
-#include "media/cd_player.h"
-#include "store/day_database.h"
-#include "timing/timing_tools.h"
 
 namespace tickwell {
 
@@ -29,34 +26,28 @@ struct OtherWindows {
     std::function<void()> settings;
     std::function<void()> help;
     std::function<void()> about;
-    std::function<void()> cdPlayer;
 };
 
-/// Sound and discs, as the main window uses them.
-struct MainWindowMedia {
-    CdPlayer& player;
-    Chime::Player playChime;
-};
+/// Makes all displays, in the order of the menu.
+using DisplaysMaker = std::function<Displays(const DisplayView& view)>;
 
 /// What the main window works with; all outlive it.
 struct MainWindowParts {
     AppSettings& settings;
     FurtherSettings& further;
     SettingsStore& store;
-    const std::unique_ptr<DayDatabase>& dayDatabase;  ///< null while it is closed
     const Clock& clock;
     TimerSource& timers;
     TimeJumps& jumps;
     const Power& power;
-    const Memory& memory;
     Tray& tray;
     WindowStack& stack;
     ProgramStarter& starter;
     QString folder;  ///< the program's, absolute
     Handlers& handlers;
     OtherWindows windows;
-    TimingParts timing;
-    MainWindowMedia media;
+    DisplaysMaker makeDisplays;
+    Chime::Player playChime;
     std::function<void()>
         closed;  ///< called with the end of the window; settings and tray icon are done by then
 };

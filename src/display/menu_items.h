@@ -4,8 +4,6 @@
 #include <QStringView>
 #include <array>
 
-#include "core/display_function.h"
-
 namespace tickwell {
 
 /// What choosing an item does.
@@ -29,7 +27,7 @@ struct MenuItem {
     QStringView name;
     QStringView caption;
     MenuCommand command = MenuCommand::Separator;
-    qint32 number = -1;  ///< function of ChangeFunction, index of StartTool, else unused
+    qint32 number = -1;  ///< display of ChangeFunction, index of StartTool, else unused
 };
 
 /// The menu of the main window, top to bottom.
@@ -37,13 +35,7 @@ inline constexpr std::array kMenuItems{
     MenuItem{u"Menu0", u"操作ｳｨﾝﾄﾞｳの表示", MenuCommand::ShowOperation},
     MenuItem{u"Menu1", u"カレンダー", MenuCommand::ShowCalendar},
     MenuItem{u"Menu61", u"", MenuCommand::Separator},
-    MenuItem{u"Menu3", u"ﾃﾞｼﾞﾀﾙ時計", MenuCommand::ChangeFunction, kFunctionClock},
-    MenuItem{u"Menu4", u"Windows時計", MenuCommand::ChangeFunction, kFunctionUsage},
-    MenuItem{u"Menu5", u"ｽﾄｯﾌﾟｳｫｯﾁ", MenuCommand::ChangeFunction, kFunctionStopwatch},
-    MenuItem{u"Menu6", u"ﾀｲﾏｰ", MenuCommand::ChangeFunction, kFunctionTimer},
-    MenuItem{u"Menu7", u"ﾊﾞｯﾃﾘｰ監視", MenuCommand::ChangeFunction, kFunctionBattery},
-    MenuItem{u"Menu8", u"ﾒﾓﾘｰ監視", MenuCommand::ChangeFunction, kFunctionMemory},
-    MenuItem{u"Menu9", u"CDﾌﾟﾚｰﾔｰ", MenuCommand::ChangeFunction, kFunctionCd},
+    MenuItem{u"", u"", MenuCommand::ChangeFunction},  // stands for the items of all displays
     MenuItem{u"Menu66", u"", MenuCommand::Separator},
     MenuItem{u"Menu10", u"ツール", MenuCommand::Tools},
     MenuItem{u"Menu17", u"環境設定", MenuCommand::ShowSettings},

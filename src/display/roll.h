@@ -5,6 +5,7 @@
 #include <memory>
 #include <optional>
 
+#include "core/display.h"
 #include "core/handlers.h"
 #include "core/ports/power.h"
 #include "core/ports/timer.h"
@@ -12,10 +13,11 @@
 
 namespace tickwell {
 
-/// The display that the roll shows after `current`: the next chosen one of clock, usage time, battery and
-/// memory, round and round, without the battery while the machine runs on mains. Nothing where the roll is
-/// off, where `current` is not chosen, and where no other one is there to be shown.
-std::optional<qint32> NextInRoll(const RollSettings& roll, qint32 current, Mains mains);
+/// The display that the roll shows after `current`: the next chosen one of those that take part, in their
+/// order, round and round, without those that are skipped on mains while the machine runs on mains. Nothing
+/// if the roll is off, if `current` is not chosen, or if there is no other one to show.
+std::optional<qint32> NextInRoll(const Displays& displays, const RollSettings& roll, qint32 current,
+                                 Mains mains);
 
 /// Milliseconds that each display is shown: the stored seconds, held within 1 to 3600.
 int RollIntervalOf(const RollSettings& roll);
@@ -25,8 +27,8 @@ int RollIntervalOf(const RollSettings& roll);
 class Roll {
 public:
     /// `change` switches the display, and tells this object of it through FunctionChanged. All outlive it.
-    Roll(const RollSettings& settings, const Power& power, Handlers& handlers, TimerSource& timers,
-         std::function<void(qint32 number)> change);
+    Roll(const Displays& displays, const RollSettings& settings, const Power& power, Handlers& handlers,
+         TimerSource& timers, std::function<void(qint32 number)> change);
 
     /// The display or the settings have changed: its time begins anew, or the roll rests.
     void FunctionChanged(qint32 number);
@@ -35,6 +37,7 @@ private:
     void Tick();
     void ShowNext(Mains mains);
 
+    const Displays& m_displays;
     const RollSettings& m_settings;
     const Power& m_power;
     Handlers& m_handlers;

@@ -5,8 +5,6 @@
 #include <array>
 #include <span>
 
-#include "core/display_function.h"
-
 namespace tickwell {
 
 /// One of several option buttons. Its index is the stored number, not its position on the screen.
@@ -46,20 +44,6 @@ inline constexpr std::array kChimeOptions{
     OptionRow{2, u"利用しない"},
     OptionRow{1, u"1時間おき"},
     OptionRow{0, u"30分おき"},
-};
-
-/// A display that can be selected for the roll.
-struct RollCheck {
-    QStringView name;
-    QStringView caption;
-    qint32 function = 0;
-};
-
-inline constexpr std::array kRollChecks{
-    RollCheck{u"Check4", u"メモリー監視", kFunctionMemory},
-    RollCheck{u"Check3", u"バッテリー監視（AC電源時は無効）", kFunctionBattery},
-    RollCheck{u"Check2", u"Windows時計", kFunctionUsage},
-    RollCheck{u"Check1", u"デジタル時計", kFunctionClock},
 };
 
 /// How the language affects the other frames of the clock page.

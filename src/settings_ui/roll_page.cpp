@@ -39,21 +39,23 @@ RollPage::RollPage(const SettingsParts& parts, SettingsDraft& draft, QWidget* pa
     for (QAbstractButton* option : m_Option1.Buttons()) {
         rows->addWidget(option);
     }
-    rows->addWidget(MakeFrame());
+    rows->addWidget(MakeFrame(parts.displays));
     rows->addStretch();
 }
 
-QWidget* RollPage::MakeFrame() {
+/// Check1, which is the first display that takes part in the roll, stands at the bottom.
+QWidget* RollPage::MakeFrame(const Displays& displays) {
     auto* rows = new QVBoxLayout(m_frame);
     rows->addWidget(
         Named(new QLabel(u"通常時に表示するものを、複数指定することができます。"_s, this), u"Label3"_s));
-    for (std::size_t i = 0; i < kRollChecks.size(); ++i) {
-        const RollCheck& row = kRollChecks.at(i);
-        QCheckBox* box = Named(new QCheckBox(row.caption.toString(), this), row.name.toString());
-        m_handlers.Connect(box, &QCheckBox::clicked, this, [this, box, function = row.function] {
-            m_draft.ChooseForRoll(function, box->isChecked());
+    const auto inRoll = DisplaysInRoll(displays);
+    for (qsizetype place = inRoll.size(); place > 0; --place) {
+        const DisplayTraits& traits = *inRoll.at(place - 1);
+        QCheckBox* box = Named(new QCheckBox(traits.roll->caption.toString(), this), u"Check%1"_s.arg(place));
+        m_handlers.Connect(box, &QCheckBox::clicked, this, [this, box, number = traits.number] {
+            m_draft.ChooseForRoll(number, box->isChecked());
         });
-        m_checks.at(i) = box;
+        m_checks.emplace(traits.number, box);
         rows->addWidget(box);
     }
     MakeInterval();
@@ -78,8 +80,8 @@ void RollPage::MakeInterval() {
 void RollPage::Form_Load() {
     const RollSettings& roll = m_draft.further.roll;
     m_Option1.Select(roll.use ? 1 : 0);
-    for (std::size_t i = 0; i < kRollChecks.size(); ++i) {
-        m_checks.at(i)->setChecked(roll.kinds.contains(kRollChecks.at(i).function));
+    for (const auto& [number, box] : m_checks) {
+        box->setChecked(roll.kinds.contains(number));
     }
     const QSignalBlocker quiet(m_UpDown1);  // an interval out of range stays in the draft
     m_UpDown1->setValue(roll.interval);

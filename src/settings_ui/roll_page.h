@@ -5,7 +5,7 @@
 #include <QGroupBox>
 #include <QSpinBox>
 #include <QWidget>
-#include <array>
+#include <map>
 
 #include "settings_ui/option_array.h"
 #include "settings_ui/settings_draft.h"
@@ -24,7 +24,7 @@ public:
     void Form_Load();
 
 private:
-    QWidget* MakeFrame();
+    QWidget* MakeFrame(const Displays& displays);
     void MakeInterval();
     void Option1_Click(qint32 index);
     void ShowUse();
@@ -32,9 +32,9 @@ private:
     Handlers& m_handlers;
     SettingsDraft& m_draft;
     OptionArray m_Option1;
-    QGroupBox* m_frame;  // these are owned by the page
-    std::array<QCheckBox*, kRollChecks.size()> m_checks{};
-    QSpinBox* m_UpDown1 = nullptr;  // contains the line edit Text1
+    QGroupBox* m_frame;                     // these are owned by the page
+    std::map<qint32, QCheckBox*> m_checks;  // by the number of the display
+    QSpinBox* m_UpDown1 = nullptr;          // contains the line edit Text1
 };
 
 }  // namespace tickwell

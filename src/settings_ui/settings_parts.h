@@ -4,6 +4,7 @@
 #include <QString>
 #include <functional>
 
+#include "core/display.h"
 #include "core/handlers.h"
 #include "core/ports/autostart.h"
 #include "core/ports/clock.h"
@@ -32,6 +33,7 @@ struct SettingsOperations {
 
 /// References that the settings dialog works with; all outlive it.
 struct SettingsParts {
+    const Displays& displays;
     AppSettings& settings;
     FurtherSettings& further;
     const Clock& clock;

@@ -85,9 +85,9 @@ Message Compact(CompactionDisk& disk, const DayFiles& files) {
 /// Reopens the database. A failure becomes the fault of `end` unless it already has one.
 void Reopen(CompactionEnd& end) {
     try {
-        end.dayDatabase = OpenDayDatabase(kLiveFile);
+        end.dayDatabase = DayDatabase(kLiveFile);
     } catch (const RunTimeError& error) {
-        end.dayDatabase = ClosedDayDatabase(kLiveFile);
+        end.dayDatabase = DayDatabase::OpenLater(kLiveFile);
         if (end.fault.isEmpty()) {
             end.fault = error.Reason() + u"\r\n使えるようになりしだい、開き直します。"_s;
         }
@@ -96,11 +96,11 @@ void Reopen(CompactionEnd& end) {
 
 }  // namespace
 
-void BeginCompaction(std::unique_ptr<DayDatabase>& dayDatabase, const QString& folder) {
+void BeginCompaction(DayDatabase& dayDatabase, const QString& folder) {
     if (!QDir::setCurrent(folder)) {
         throw RunTimeError(folder);
     }
-    dayDatabase.reset();
+    dayDatabase.Close();
 }
 
 CompactionEnd CompactDayFile(CompactionDisk& disk) {
@@ -114,8 +114,7 @@ CompactionEnd CompactDayFile(CompactionDisk& disk) {
     return end;
 }
 
-void EndCompaction(std::unique_ptr<DayDatabase>& dayDatabase, CompactionEnd end, MessageBoxes& boxes,
-                   const QObject* owner) {
+void EndCompaction(DayDatabase& dayDatabase, CompactionEnd end, MessageBoxes& boxes, const QObject* owner) {
     dayDatabase = std::move(end.dayDatabase);
     if (end.report) {
         boxes.Show(owner, *end.report, [] {});
@@ -125,7 +124,7 @@ void EndCompaction(std::unique_ptr<DayDatabase>& dayDatabase, CompactionEnd end,
     }
 }
 
-void CompactDayDatabase(std::unique_ptr<DayDatabase>& dayDatabase, const QString& folder, MessageBoxes& boxes,
+void CompactDayDatabase(DayDatabase& dayDatabase, const QString& folder, MessageBoxes& boxes,
                         CompactionDisk& disk, const QObject* owner) {
     BeginCompaction(dayDatabase, folder);
     EndCompaction(dayDatabase, CompactDayFile(disk), boxes, owner);

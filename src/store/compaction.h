@@ -2,7 +2,6 @@
 #pragma once
 
 #include <QString>
-#include <memory>
 #include <optional>
 
 #include "core/ports/message_boxes.h"
@@ -19,13 +18,13 @@ namespace tickwell {
 /// The result of a compaction.
 struct CompactionEnd {
     std::optional<Message> report;  ///< the box that reports success or failure
-    QString fault;  ///< why it could not begin, or why the file could not be reopened; may be empty
-    std::unique_ptr<DayDatabase> dayDatabase;  ///< never null; a closed one if the file could not be opened
+    QString fault;            ///< why it could not begin, or why the file could not be reopened; may be empty
+    DayDatabase dayDatabase;  ///< opens later if the file could not be opened now
 };
 
-/// First step: closes `dayDatabase`, which is null from then on, and makes `folder` the current folder.
-/// Throws RunTimeError if that folder cannot be entered; `dayDatabase` is then unchanged.
-void BeginCompaction(std::unique_ptr<DayDatabase>& dayDatabase, const QString& folder);
+/// First step: closes `dayDatabase` and makes `folder` the current folder. Throws RunTimeError if that folder
+/// cannot be entered; `dayDatabase` is then unchanged.
+void BeginCompaction(DayDatabase& dayDatabase, const QString& folder);
 
 /// Second step: compacts the day database of the current folder and opens it. Nothing else may use the
 /// database or change the current folder meanwhile.
@@ -33,11 +32,10 @@ CompactionEnd CompactDayFile(CompactionDisk& disk);
 
 /// Last step: hands over the database and shows the report in a box of `owner`, which is a window or null.
 /// Throws RunTimeError with the fault.
-void EndCompaction(std::unique_ptr<DayDatabase>& dayDatabase, CompactionEnd end, MessageBoxes& boxes,
-                   const QObject* owner);
+void EndCompaction(DayDatabase& dayDatabase, CompactionEnd end, MessageBoxes& boxes, const QObject* owner);
 
 /// All three steps, for a caller that may block.
-void CompactDayDatabase(std::unique_ptr<DayDatabase>& dayDatabase, const QString& folder, MessageBoxes& boxes,
+void CompactDayDatabase(DayDatabase& dayDatabase, const QString& folder, MessageBoxes& boxes,
                         CompactionDisk& disk, const QObject* owner = nullptr);
 
 }  // namespace tickwell

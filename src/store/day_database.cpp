@@ -7,8 +7,10 @@
 #include <QRandomGenerator>
 #include <QScopeGuard>
 #include <limits>
+#include <utility>
 
 #include "store/day_database_check.h"
+#include "store/day_transaction.h"
 #include "store/sql_compiler.h"
 #include "store/sql_error.h"
 
@@ -71,14 +73,31 @@ auto Run(const QString& sql, Job job) {
 
 }  // namespace
 
-DayDatabase::DayDatabase(const QString& path) : DayDatabase() {
-    m_path = path;
+DayDatabase::DayDatabase(const QString& path) : m_path(path) {
     Open(LockedOpening::Waits);
+}
+
+DayDatabase DayDatabase::OpenLater(const QString& path) {
+    DayDatabase database;
+    database.m_path = path;
+    return database;
+}
+
+DayDatabase& DayDatabase::operator=(DayDatabase&& other) noexcept {
+    m_path = std::exchange(other.m_path, {});
+    m_loggedReason = std::exchange(other.m_loggedReason, {});
+    m_connection = std::move(other.m_connection);
+    m_serial = std::exchange(other.m_serial, 0);
+    return *this;
+}
+
+void DayDatabase::Close() {
+    *this = DayDatabase();
 }
 
 void DayDatabase::Open(LockedOpening opening) {
     try {
-        m_connection.emplace(m_path, FileUse::Work, opening);
+        m_connection = std::make_unique<SqliteConnection>(m_path, FileUse::Work, opening);
         CheckDayDatabase(*m_connection);
         m_connection->WaitForLocks();
         m_serial = QRandomGenerator::global()->generate64();
@@ -89,6 +108,9 @@ void DayDatabase::Open(LockedOpening opening) {
 }
 
 SqliteConnection& DayDatabase::Connection() {
+    if (!IsOpen()) {
+        throw RunTimeError(u"データベースの最適化中です。終わるまでお待ちください。"_s);
+    }
     if (!m_connection) {
         Open(LockedOpening::FailsAtOnce);
     }
@@ -96,6 +118,9 @@ SqliteConnection& DayDatabase::Connection() {
 }
 
 bool DayDatabase::TryOpen() {
+    if (!IsOpen()) {
+        return false;
+    }
     try {
         Connection();
         return true;
@@ -163,23 +188,6 @@ DayTransaction::~DayTransaction() {
 void DayTransaction::Commit() {
     m_connection.Run("COMMIT");
     m_isOpen = false;
-}
-
-std::unique_ptr<DayDatabase> OpenDayDatabase(const QString& path) {
-    return std::make_unique<DayDatabase>(path);
-}
-
-std::unique_ptr<DayDatabase> ClosedDayDatabase(const QString& path) {
-    std::unique_ptr<DayDatabase> database(new DayDatabase);
-    database->m_path = path;
-    return database;
-}
-
-DayDatabase& Opened(const std::unique_ptr<DayDatabase>& handle) {
-    if (!handle) {
-        throw RunTimeError(u"データベースの最適化中です。終わるまでお待ちください。"_s);
-    }
-    return *handle;
 }
 
 }  // namespace tickwell

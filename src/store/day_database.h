@@ -31,16 +31,32 @@ struct ColumnValue {
 /// The program's only connection to the day database, kept for its entire run. It accepts the language that
 /// store/sql_parser.h describes; no text of a caller ever reaches SQLite.
 ///
-/// It is open from its construction on. Only one made by ClosedDayDatabase starts closed: each statement
-/// tries to open it until that succeeds, without waiting for another program's lock.
+/// While it is closed, for instance because a compaction replaces its file, each statement throws
+/// RunTimeError. Moving it hands it to another thread and leaves a closed one behind.
 class DayDatabase {
 public:
+    /// Closed.
+    DayDatabase() = default;
+
     /// Opens `path` for reading and writing with a shared lock, and checks it: a file of another kind, a
     /// damaged one, or one without our tables is refused here rather than failing later. Throws RunTimeError.
     explicit DayDatabase(const QString& path);
 
-    /// Opens the file if it is not open yet; false if that failed. The reason is logged unless it was the
-    /// last one logged.
+    /// For a file that cannot be opened at the moment: each statement tries to open it until that succeeds,
+    /// without waiting for another program's lock. It counts as open.
+    static DayDatabase OpenLater(const QString& path);
+
+    DayDatabase(DayDatabase&& other) noexcept { *this = std::move(other); }
+    DayDatabase& operator=(DayDatabase&& other) noexcept;
+    ~DayDatabase() = default;
+
+    bool IsOpen() const { return !m_path.isEmpty(); }
+
+    /// No transaction may be open.
+    void Close();
+
+    /// Opens the file if OpenLater left that to do; false if it failed or if this is closed. The reason is
+    /// logged unless it was the last one logged.
     bool TryOpen();
 
     /// Runs a SELECT. Throws SqlError.
@@ -73,46 +89,15 @@ private:
     friend class DayTransaction;
     friend class LargeCache;
     friend class RowSearch;
-    friend std::unique_ptr<DayDatabase> ClosedDayDatabase(const QString& path);
 
-    DayDatabase() = default;
     void Open(LockedOpening opening);
     SqliteConnection& Connection();
     void RunOnRow(const QByteArray& sql, qint64 key, const std::vector<ColumnValue>& values);
 
-    QString m_path;
+    QString m_path;  // empty: closed
     QString m_loggedReason;
-    std::optional<SqliteConnection> m_connection;  // empty if the file could not be opened yet
-    quint64 m_serial = 0;                          // different for each opening
+    std::unique_ptr<SqliteConnection> m_connection;  // null if the file could not be opened yet
+    quint64 m_serial = 0;                            // different for each opening
 };
-
-/// The statements executed during its lifetime are all stored by Commit, or none of them is.
-class DayTransaction {
-public:
-    /// Throws SqlError, also if a transaction is already open. `database` outlives the transaction.
-    explicit DayTransaction(DayDatabase& database);
-
-    /// Rolls back unless Commit succeeded.
-    ~DayTransaction();
-    DayTransaction(const DayTransaction&) = delete;
-    DayTransaction& operator=(const DayTransaction&) = delete;
-
-    /// Throws SqlError.
-    void Commit();
-
-private:
-    SqliteConnection& m_connection;
-    bool m_isOpen = true;
-};
-
-/// Opens `path`; never creates it. Throws RunTimeError with the file's name in the reason.
-std::unique_ptr<DayDatabase> OpenDayDatabase(const QString& path);
-
-/// A database that is opened when it is first needed: for a file that cannot be opened at the moment.
-std::unique_ptr<DayDatabase> ClosedDayDatabase(const QString& path);
-
-/// Returns the database; throws RunTimeError if `handle` is null, as it is while a compaction replaces the
-/// file.
-DayDatabase& Opened(const std::unique_ptr<DayDatabase>& handle);
 
 }  // namespace tickwell

@@ -10,7 +10,7 @@ constexpr int kTick =
 
 }  // namespace
 
-TimingTools::TimingTools(const TimingParts& parts, const TimingView& view)
+TimingTools::TimingTools(const TimingParts& parts, const DisplayView& view)
     : m_parts(parts),
       m_view(view),
       m_stopwatch(parts.stopwatch, parts.clock),
@@ -19,10 +19,10 @@ TimingTools::TimingTools(const TimingParts& parts, const TimingView& view)
       m_countdownLines(m_countdown, view.lines, *this),
       m_Timer1(
           parts.handlers, parts.timers, kTick, [this] { m_stopwatchLines.Tick(); },
-          [this] { return m_stopwatchLines.UntilDue(m_view.untilFrame()); }),
+          [this] { return UntilReadingDue(); }),
       m_TimerTimer(
           parts.handlers, parts.timers, kTick, [this] { m_countdownLines.Tick(m_TimerTimer); },
-          [this] { return m_countdownLines.UntilDue(m_view.untilFrame()); }),
+          [this] { return UntilCountdownDue(); }),
       m_temporaryTexts(view.lines, view.functions, parts.timers,
                        [this] {
                            m_Timer1.Wake();
@@ -30,21 +30,6 @@ TimingTools::TimingTools(const TimingParts& parts, const TimingView& view)
                        }),
       m_stopwatchPanel(m_stopwatch, m_temporaryTexts.ForStopwatch(), view.functions, m_Timer1),
       m_timerPanel(m_countdown, m_temporaryTexts.ForTimer(), m_TimerTimer) {}
-
-void TimingTools::FunctionChanged() {
-    m_temporaryTexts.Forget();
-    Wake();  // a running countdown may be shown from now on
-}
-
-void TimingTools::Wake() {
-    m_Timer1.Wake();
-    m_TimerTimer.Wake();
-}
-
-void TimingTools::TickNow() {
-    m_Timer1.TickNow();
-    m_TimerTimer.TickNow();
-}
 
 void TimingTools::BringUp() {
     try {

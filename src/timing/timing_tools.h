@@ -3,6 +3,7 @@
 
 #include <memory>
 
+#include "core/display.h"
 #include "core/handlers.h"
 #include "core/ports/clock.h"
 #include "core/ports/help_viewer.h"
@@ -35,33 +36,23 @@ struct TimingParts {
     QString version;                             ///< of the program, like "2.0.0"
 };
 
-/// The main window as seen by stopwatch and countdown; it outlives them.
-struct TimingView {
-    TextLines lines;
-    DisplayFunctions& functions;
-    std::function<qint64()> untilFrame = [] { return 1; };  ///< ms until a line can show its next change
-    /// A tool's window wrote to the lines of another function, whose timer may be sleeping.
-    std::function<void()> linesWritten = [] {};
-};
-
 /// Stopwatch and countdown combined: rules, lines, the main window's two timers, and the windows, which are
 /// created on first use.
 class TimingTools : public TimerWindows {
 public:
-    TimingTools(const TimingParts& parts, const TimingView& view);
+    TimingTools(const TimingParts& parts, const DisplayView& view);
 
-    Timer& Timer1() { return m_Timer1; }
+    SleepingTimer& Timer1() { return m_Timer1; }
+    SleepingTimer& TimerTimer() { return m_TimerTimer; }
     StopwatchLines& Reading() { return m_stopwatchLines; }
     CountdownLines& Rest() { return m_countdownLines; }
 
-    /// The main window shows another function, or the same one again.
-    void FunctionChanged();
+    /// Milliseconds until the tick of the timer that shows something new.
+    qint64 UntilReadingDue() const { return m_stopwatchLines.UntilDue(m_view.untilFrame()); }
+    qint64 UntilCountdownDue() const { return m_countdownLines.UntilDue(m_view.untilFrame()); }
 
-    /// Something may be due sooner than the timers expect, for instance because the time was changed.
-    void Wake();
-
-    /// The lines have become visible.
-    void TickNow();
+    /// Another display is about to write the lines: texts that a window wrote temporarily are not restored.
+    void ForgetTemporaryTexts() { m_temporaryTexts.Forget(); }
 
     /// Updates a running reading between two ticks. Never throws: an error is reported by the tick.
     void BringUp();
@@ -78,7 +69,7 @@ private:
     void PlaceIfClosed(QWidget& window) const;
 
     TimingParts m_parts;
-    TimingView m_view;
+    DisplayView m_view;
     Stopwatch m_stopwatch;
     Countdown m_countdown;
     StopwatchLines m_stopwatchLines;

@@ -48,7 +48,7 @@ private:
 
 struct Bench {
     LooseStore store;
-    std::unique_ptr<DayDatabase> database = OpenDayDatabase(u"DayDate.mdb"_s);
+    DayDatabase database{u"DayDate.mdb"_s};
     FakeMessageBoxes boxes;
     Handlers handlers{boxes};
     Gate gate;
@@ -87,7 +87,7 @@ void TstBackgroundCompaction::TheCallerGoesOnMeanwhile() {
     const QStringList rows = bench.store.Rows();
     const auto before = static_cast<qint32>(BytesOf(bench.store.Path()).size());
     bench.StartAndReachTheCopy();
-    QVERIFY(bench.database == nullptr);
+    QVERIFY(!bench.database.IsOpen());
     QCoreApplication::processEvents();
     QVERIFY(bench.boxes.Shown().isEmpty());
     QCOMPARE(bench.done, 0);
@@ -97,7 +97,7 @@ void TstBackgroundCompaction::TheCallerGoesOnMeanwhile() {
     QVERIFY(after < before);
     QCOMPARE(bench.boxes.Shown(), QList<Message>{CompactionDone(before, after)});
     QCOMPARE(bench.store.Names(), NamesAtRest());
-    bench.database->Execute(u"INSERT INTO Kinenbi VALUES (\"a\",0,10,3,0)"_s);
+    bench.database.Execute(u"INSERT INTO Kinenbi VALUES (\"a\",0,10,3,0)"_s);
     QCOMPARE(bench.store.Rows().size(), rows.size() + 1);
 }
 
@@ -121,10 +121,10 @@ void TstBackgroundCompaction::OneThatRunsIsNotBegunAgain() {
 void TstBackgroundCompaction::ADatabaseInUseIsNotCompacted() {
     Bench bench;
     const QByteArray before = BytesOf(bench.store.Path());
-    const std::unique_ptr<DayDatabase> lent = std::move(bench.database);
+    const DayDatabase lent = std::move(bench.database);
     QVERIFY_THROWS_EXCEPTION(RunTimeError, bench.Start());
     QCOMPARE(BytesOf(bench.store.Path()), before);
-    QVERIFY(bench.database == nullptr);
+    QVERIFY(!bench.database.IsOpen());
 }
 
 void TstBackgroundCompaction::TheEndOfTheProgramStopsIt_data() {
@@ -148,7 +148,7 @@ void TstBackgroundCompaction::TheEndOfTheProgramStopsIt() {
     QCoreApplication::processEvents();
     QCOMPARE(bench.done, 0);
     QVERIFY(bench.boxes.Shown().isEmpty());
-    QVERIFY(bench.database == nullptr);
+    QVERIFY(!bench.database.IsOpen());
     QCOMPARE(bench.store.Names(), NamesAtRest());
     QCOMPARE(bench.store.Rows(), rows);
     QCOMPARE(BytesOf(bench.store.Path()) == before, !isReported);
@@ -163,7 +163,7 @@ void TstBackgroundCompaction::AFaultIsToldInTheReportBox() {
     QCOMPARE(bench.boxes.Shown().size(), 1);
     QCOMPARE(bench.boxes.Shown().constFirst().icon, MessageIcon::Critical);
     QVERIFY(bench.boxes.Shown().constFirst().text.contains(u"DayDate.mdb"));
-    QVERIFY(bench.database != nullptr);
+    QVERIFY(bench.database.IsOpen());
 }
 
 QTEST_GUILESS_MAIN(TstBackgroundCompaction)

@@ -7,6 +7,7 @@
 #include "app/program_folder.h"
 #include "app/running_program.h"
 #include "platform/virtual_time.h"
+#include "support/borrowed.h"
 #include "support/discs.h"
 #include "support/fake_autostart.h"
 #include "support/fake_cd_drive.h"
@@ -69,8 +70,23 @@ struct Bench {
             store->Put(u"SetUp"_s, u"Function"_s, function);
             return store;
         });
-        const ProgramPorts ports{time,  time,    time,      time,    boxes, handlers, power, memory, tray,
-                                 stack, starter, autostart, printer, sound, wait,     drive, drive};
+        const ProgramPorts ports{
+            .clock = time,
+            .timers = time,
+            .jumps = time,
+            .realTimers = time,
+            .boxes = boxes,
+            .handlers = handlers,
+            .tray = tray,
+            .stack = stack,
+            .starter = starter,
+            .autostart = autostart,
+            .printer = printer,
+            .sound = sound,
+            .wait = wait,
+            .drive = drive,
+            .playback = drive,
+            .display = {.power = Borrowed<const Power>(power), .memory = Borrowed<const Memory>(memory)}};
         program = std::make_unique<RunningProgram>(ports, state, [this] { Note(u"closed"_s); });
         program->Start();
         time.Advance(kStartUp);
@@ -79,7 +95,7 @@ struct Bench {
     /// Records an event and what is still open at that moment.
     void Note(const QString& what) {
         journal.append(what + (sound.OpenDevices() > 0 ? u", sound"_s : QString()) +
-                       (state.started.dayDatabase ? u", day database"_s : QString()));
+                       (state.started.dayDatabase.IsOpen() ? u", day database"_s : QString()));
     }
     static QWidget& Window(const char* name) {
         for (QWidget* each : QApplication::topLevelWidgets()) {

@@ -78,7 +78,7 @@ void TstStartup::init() {
 void TstStartup::EverythingThereStarts() {
     Bench bench;
     const Started started = bench.Start();
-    QVERIFY(started.dayDatabase != nullptr);
+    QVERIFY(started.dayDatabase.IsOpen());
     QVERIFY(started.store != nullptr);
     QCOMPARE(started.settings.wipeSpeed, 25);
 }

@@ -18,7 +18,7 @@ namespace tickwell {
 /// An anniversary book above an empty calendar. Today is 15 November 1998, and 3 October is selected.
 struct BookBench {
     DayStore store;
-    std::unique_ptr<DayDatabase> database = OpenDayDatabase(store.Path());
+    DayDatabase database{store.Path()};
     DayList list;
     FakeDayChanges changes;
     VirtualTime time{QDateTime(QDate(1998, 11, 15), QTime(21, 5, 7))};
@@ -31,13 +31,11 @@ struct BookBench {
 
     BookBench() { calendar.show(); }
 
-    void Add(const Anniversary& row) const { database->Execute(InsertText(row)); }
-    Anniversaries Stored() const {
-        return AnniversariesIn(database->RunQuery(QStringLiteral("SELECT * FROM Kinenbi WHERE Year <> 5")));
+    void Add(const Anniversary& row) { database.Execute(InsertText(row)); }
+    Anniversaries Stored() {
+        return AnniversariesIn(database.RunQuery(QStringLiteral("SELECT * FROM Kinenbi WHERE Year <> 5")));
     }
-    void ListSelectedDay() {
-        list.ListDay([this]() -> DayDatabase& { return *database; }, selected, true);
-    }
+    void ListSelectedDay() { list.ListDay(database, selected, true); }
 
     void OpenEditor() {
         book.OpenEditor(selected, &calendar, [this] { ++closed; });

@@ -125,7 +125,7 @@ void TstAnniversaryBook::ALongSearchThatFailsIsReportedOnce() {
     bench.AddMany();
     bench.OpenSearch();
     bench.Click(u"Command1"_s);
-    bench.database.reset();
+    bench.database.Close();
     bench.time.Advance(10'000);
     QCOMPARE(bench.boxes.Shown().size(), 1);
     QVERIFY(bench.Window()->isVisible());

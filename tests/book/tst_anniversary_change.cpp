@@ -21,14 +21,14 @@ constexpr int kMany = 70'000;
 
 struct Bench {
     DayStore store;
-    std::unique_ptr<DayDatabase> database = OpenDayDatabase(store.Path());
+    DayDatabase database{store.Path()};
 
     void StoreMany() const {
         store.Raw(
             "WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 70000)"
             "INSERT INTO Kinenbi(Name,Year,Month,Day,Week) SELECT 'n' || i,0,1 + i % 12,1 + i % 28,0 FROM n");
     }
-    ListedRows Listed() { return FindAnniversaries(*database, {}).rows; }
+    ListedRows Listed() { return FindAnniversaries(database, {}).rows; }
     std::unique_ptr<AnniversaryChange> Deletion() {
         ListedRows rows = Listed();
         return DeletionOf(database, rows, std::vector<bool>(static_cast<std::size_t>(rows.Count()), true));
@@ -78,8 +78,8 @@ void TstAnniversaryChange::DeletesWhatTheStatementsWouldDelete() {
         Bench model;
         for (int i = 0; i < 40; ++i) {
             const QString insert = InsertText(RandomRow(random));
-            bench.database->Execute(insert);
-            model.database->Execute(insert);
+            bench.database.Execute(insert);
+            model.database.Execute(insert);
         }
         const ListedRows rows = bench.Listed();
         std::vector<bool> isTicked;
@@ -90,7 +90,7 @@ void TstAnniversaryChange::DeletesWhatTheStatementsWouldDelete() {
         DoWhole(*ticked);
         for (int row = rows.Count() - 1; row >= 0; --row) {
             if (isTicked[static_cast<std::size_t>(row)]) {
-                model.database->Execute(DeleteText(AnniversaryOf(*rows.Read(row))));
+                model.database.Execute(DeleteText(AnniversaryOf(*rows.Read(row))));
             }
         }
         QCOMPARE(bench.Rows(), model.Rows());
@@ -110,7 +110,7 @@ void TstAnniversaryChange::ALargeDeletionIsStoredAtOnceInTheEnd() {
     const auto deletion = bench.Deletion();
     int slices = 0;
     double part = 0;
-    while (bench.database) {
+    while (bench.database.IsOpen()) {
         QVERIFY(!deletion->Step());
         ++slices;
         QVERIFY2(deletion->Part() >= part && deletion->Part() <= 1,
@@ -119,8 +119,8 @@ void TstAnniversaryChange::ALargeDeletionIsStoredAtOnceInTheEnd() {
     }
     QVERIFY2(slices > kMany / 2000, qPrintable(QString::number(slices)));
     DoWhole(*deletion);
-    QVERIFY(bench.database);
-    QVERIFY(!bench.database->IsInTransaction());
+    QVERIFY(bench.database.IsOpen());
+    QVERIFY(!bench.database.IsInTransaction());
     QVERIFY(!deletion->IsGivenUp());
     QCOMPARE(bench.Count(), 0);
 }
@@ -162,8 +162,8 @@ void TstAnniversaryChange::GivenUpItChangesNothing() {
         QVERIFY(work->IsGivenUp());
     }
     work.reset();
-    QVERIFY(bench.database);
-    QVERIFY(!bench.database->IsInTransaction());
+    QVERIFY(bench.database.IsOpen());
+    QVERIFY(!bench.database.IsInTransaction());
     QCOMPARE(bench.Count(), kMany);
 }
 
@@ -181,7 +181,7 @@ void TstAnniversaryChange::ARowThatNoStatementCanNameGoesItself() {
     bench.store.Raw("INSERT INTO Kinenbi(id,Name,Year,Month,Day,Week) VALUES (1,'a',0,1,1,0),(2," + name +
                     ",0,1,0,13),(3,'b',0,1,1,0),(4," + name + ",0,1,0,31)");
     const ListedRows rows = bench.Listed();
-    DeleteTicked(*bench.database, rows, {true, true, false, false});
+    DeleteTicked(bench.database, rows, {true, true, false, false});
     QCOMPARE(bench.store.Raw("SELECT id FROM Kinenbi"), QStringList({u"3"_s, u"4"_s}));
 }
 

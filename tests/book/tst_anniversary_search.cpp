@@ -10,6 +10,7 @@
 #include "core/errors.h"
 #include "days/search_texts.h"
 #include "store/day_store.h"
+#include "store/day_transaction.h"
 
 using namespace Qt::StringLiterals;
 using namespace tickwell;

@@ -263,10 +263,10 @@ void TstEditorWindow::EveryErrorHasTheSameMessage() {
 void TstEditorWindow::ATornDatabaseIsToldTheSameWay() {
     BookBench bench;
     bench.OpenEditor();
-    bench.database.reset();
+    bench.database.Close();
     bench.Click(u"Command1"_s);
     QCOMPARE(bench.boxes.Shown(), QList<Message>{kWriteError});
-    bench.database = OpenDayDatabase(bench.store.Path());
+    bench.database = DayDatabase(bench.store.Path());
     bench.store.Raw("DROP TABLE Kinenbi");
     bench.boxes.Close();
     bench.Click(u"Command1"_s);

@@ -22,7 +22,7 @@ QString Names(const DayList& list) {
 }
 
 /// Four anniversaries, one of each kind and a second one of every year.
-void Fill(const BookBench& bench) {
+void Fill(BookBench& bench) {
     bench.Add({u"month"_s, 0, 0, 15, 0});
     bench.Add({u"year"_s, 0, 6, 15, 0});
     bench.Add({u"day"_s, 1998, 6, 15, 0});
@@ -304,7 +304,7 @@ void TstSearchWindow::AFailingDatabaseLeavesTheList() {
     BookBench bench;
     bench.list.ListFound(QList<DayListRow>{{u"before"_s, {}, {}, {}, {}}}, 1);
     bench.OpenSearch();
-    bench.database.reset();
+    bench.database.Close();
     bench.Click(u"Command1"_s);
     QCOMPARE(bench.boxes.Shown().size(), 1);
     QCOMPARE(Names(bench.list), u"before"_s);

@@ -38,7 +38,7 @@ struct Book {
 
     /// Edits the only row of `code`'s day: changes its name, and keeps the editor's proposal for the rest.
     void Edit(int code, const QString& name) {
-        list.ListDay(AccessTo(database), DayOf(code), true);
+        list.ListDay(database, DayOf(code), true);
         const Anniversary old = AnniversaryOf(list.Rows().Kept().constFirst());
         EditorFields fields = FieldsToEdit(old, DayOf(code));
         fields.name = name;
@@ -46,7 +46,7 @@ struct Book {
     }
 
     void Delete(int code) {
-        list.ListDay(AccessTo(database), DayOf(code), true);
+        list.ListDay(database, DayOf(code), true);
         DeleteTicked(database, list.Rows().Kept(), {true});
     }
 
@@ -106,7 +106,7 @@ void TstWeekAnniversaries::EachIsStoredAndListedOnItsDay() {
     Book book;
     book.Add(u"例会"_s, code);
     QVERIFY(book.All() == Anniversaries({Meeting(u"例会"_s, code)}));
-    book.list.ListDay(AccessTo(book.database), Book::DayOf(code), true);
+    book.list.ListDay(book.database, Book::DayOf(code), true);
     const QString weekday = u"日月火水木金土"_s.mid(code % 10 - 1, 1);
     const QList<DayListRow> expected{
         {u"例会"_s, u"毎"_s, u"毎"_s, QString(), u"第%1週%2"_s.arg(code / 10).arg(weekday)}};

@@ -1,19 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <QScopeGuard>
 #include <thread>
-#include <tuple>
 
 #include "book/anniversary_deletion.h"
 #include "book/anniversary_search.h"
 
 namespace tickwell {
-
-/// Access to a database that stays open.
-inline DayDatabaseAccess AccessTo(DayDatabase& database) {
-    return [&database]() -> DayDatabase& { return database; };
-}
 
 /// Runs all slices of a work; returns their number.
 inline int DoWhole(SlicedWork& work) {
@@ -26,15 +19,13 @@ inline int DoWhole(SlicedWork& work) {
 }
 
 inline SearchFinds FindAnniversaries(DayDatabase& database, const SearchConditions& conditions) {
-    AnniversarySearch search(AccessTo(database), conditions);
+    AnniversarySearch search(database, conditions);
     DoWhole(search);
     return search.TakeFinds();
 }
 
 inline void DeleteTicked(DayDatabase& database, const ListedRows& rows, const std::vector<bool>& isTicked) {
-    std::unique_ptr<DayDatabase> handle(&database);
-    const auto keep = qScopeGuard([&handle] { std::ignore = handle.release(); });
-    DoWhole(*DeletionOf(handle, rows, isTicked));
+    DoWhole(*DeletionOf(database, rows, isTicked));
 }
 
 /// All rows, even if the list does not keep them.

@@ -30,7 +30,7 @@ struct CalendarBench {
     }
 
     DayStore store;
-    std::unique_ptr<DayDatabase> dayDatabase = OpenDayDatabase(store.Path());
+    DayDatabase dayDatabase{store.Path()};
     DayList list;
     VirtualTime time;
     FakeMessageBoxes boxes;

@@ -17,6 +17,7 @@
 #include "days/month_calendar.h"
 #include "platform/virtual_time.h"
 #include "store/day_database.h"
+#include "store/day_transaction.h"
 #include "support/fake_message_boxes.h"
 
 using namespace Qt::StringLiterals;
@@ -72,7 +73,7 @@ void MarkOctober(MonthCalendar& calendar, int number) {
     calendar.ChooseMode(CalendarMode::Normal);
 }
 
-[[noreturn]] void WriteMonths(std::unique_ptr<DayDatabase> database, int first) {
+[[noreturn]] void WriteMonths(DayDatabase database, int first) {
     DayList list;
     const VirtualTime time(QDateTime(kOctober, QTime(0, 0)));
     FakeMessageBoxes boxes;
@@ -94,12 +95,12 @@ int main(int argc, char** argv) {
         return 2;
     }
     try {
-        auto database = OpenDayDatabase(QString::fromLocal8Bit(argv[1]));
+        DayDatabase database(QString::fromLocal8Bit(argv[1]));
         const int first = QByteArray(argv[2]).toInt();
         if (isCalendar) {
             WriteMonths(std::move(database), first);
         }
-        Write(*database, first);
+        Write(database, first);
     } catch (const RunTimeError& error) {
         std::fprintf(stderr, "day_writer: %s\n", error.what());
         return 1;

@@ -5,6 +5,7 @@
 #include "days/anniversary_texts.h"
 #include "days/announced_names.h"
 #include "store/day_store.h"
+#include "store/day_transaction.h"
 
 using namespace Qt::StringLiterals;
 using namespace tickwell;

@@ -472,7 +472,7 @@ void TstCalendarWindow::AFailedClickShowsWhatIsSo() {
     QCOMPARE(bench.boxes.Shown().constLast().title, u"Tickwell"_s);
     QCOMPARE(bench.PressedDays(), QList<int>{30});
     bench.boxes.Close();
-    bench.dayDatabase.reset();
+    bench.dayDatabase.Close();
     bench.Click(u"Command1"_s);
     QVERIFY(bench.boxes.IsOpen());
     QCOMPARE(bench.Heading(), u"2100年（平成112年）12月"_s);

@@ -18,16 +18,14 @@ const QDate kThirdOfOctober(1998, 10, 3);
 /// A day list with its own database; counts the changes reported.
 struct Bench {
     DayStore store;
-    std::unique_ptr<DayDatabase> database = OpenDayDatabase(store.Path());
+    DayDatabase database{store.Path()};
     DayList list;
     int changes = 0;
 
     Bench() {
         list.WhenChanged([this] { ++changes; });
     }
-    void ListDay(QDate date) {
-        list.ListDay([this]() -> DayDatabase& { return Opened(database); }, date, true);
-    }
+    void ListDay(QDate date) { list.ListDay(database, date, true); }
     /// 70 000 anniversaries of the third of October.
     void AddMany() const {
         store.Raw(
@@ -85,10 +83,10 @@ void TstDayList::BeginsEmpty() {
 
 void TstDayList::ListsTheAnniversariesOfADay() {
     Bench bench;
-    bench.database->Execute(Insert(u"二"_s, 1998, 10, 3, 0));
-    bench.database->Execute(Insert(u"別の日"_s, 0, 10, 4, 0));
-    bench.database->Execute(Insert(u"一"_s, 0, 0, 0, 17));
-    bench.database->Execute(Insert(u"三"_s, 0, 10, 3, 0));
+    bench.database.Execute(Insert(u"二"_s, 1998, 10, 3, 0));
+    bench.database.Execute(Insert(u"別の日"_s, 0, 10, 4, 0));
+    bench.database.Execute(Insert(u"一"_s, 0, 0, 0, 17));
+    bench.database.Execute(Insert(u"三"_s, 0, 10, 3, 0));
     bench.ListDay(kThirdOfOctober);
     const QList<DayListRow> expected{{u"二"_s, u"1998"_s, u"10"_s, u"3"_s, QString()},
                                      {u"一"_s, u"毎"_s, u"毎"_s, QString(), u"第1週土"_s},
@@ -119,10 +117,10 @@ void TstDayList::WritesItsCaptionsInEveryLocale() {
 
 void TstDayList::WithThePanelClosedOnlyTheRowsGo() {
     Bench bench;
-    bench.database->Execute(Insert(u"a"_s, 0, 10, 0, 0));
-    bench.database->Execute(Insert(u"b"_s, 0, 10, 3, 0));
+    bench.database.Execute(Insert(u"a"_s, 0, 10, 0, 0));
+    bench.database.Execute(Insert(u"b"_s, 0, 10, 3, 0));
     bench.ListDay(kThirdOfOctober);
-    bench.list.ListDay([&]() -> DayDatabase& { return *bench.database; }, QDate(1998, 11, 3), false);
+    bench.list.ListDay(bench.database, QDate(1998, 11, 3), false);
     QVERIFY(bench.list.Rows().Kept().isEmpty());
     QCOMPARE(bench.list.Heading(), u"1998年10月3日の記念日"_s);
     QCOMPARE(bench.list.CountText(), u"ﾃﾞｰﾀ件数 1件"_s);
@@ -130,7 +128,7 @@ void TstDayList::WithThePanelClosedOnlyTheRowsGo() {
 
 void TstDayList::ADatabaseThatFailsLeavesNoRows() {
     Bench bench;
-    bench.database->Execute(Insert(u"b"_s, 0, 10, 3, 0));
+    bench.database.Execute(Insert(u"b"_s, 0, 10, 3, 0));
     bench.ListDay(kThirdOfOctober);
     bench.store.Raw("DROP TABLE Kinenbi");
     QVERIFY_THROWS_EXCEPTION(RunTimeError, bench.ListDay(kThirdOfOctober));
@@ -159,7 +157,7 @@ void TstDayList::WhatIsListedMeanwhileEndsASlowListing() {
     QVERIFY(!bench.list.IsListing());
     QCOMPARE(bench.list.CountText(), u"ﾃﾞｰﾀ件数 0件"_s);
     bench.ListDay(kThirdOfOctober);
-    bench.database.reset();
+    bench.database.Close();
     QVERIFY_THROWS_EXCEPTION(RunTimeError, bench.list.GoOn());
     QVERIFY(!bench.list.IsListing());
 }
@@ -177,7 +175,7 @@ void TstDayList::ALargeListReadsTheRowsThatAreAskedFor() {
     QVERIFY(!rows.Read(69'999));
     bench.list.ChooseRow(69'999);
     QVERIFY_THROWS_EXCEPTION(RunTimeError, bench.list.ChosenRow());
-    bench.database.reset();
+    bench.database.Close();
     QVERIFY_THROWS_EXCEPTION(RunTimeError, rows.Read(0));
 }
 
@@ -202,7 +200,7 @@ void TstDayList::TheNextDayTakesTheFindsAway() {
 
 void TstDayList::ListsTheThirdMondayOnItself() {
     Bench bench;
-    bench.database->Execute(Insert(u"例会"_s, 0, 0, 0, 32));
+    bench.database.Execute(Insert(u"例会"_s, 0, 0, 0, 32));
     bench.ListDay(QDate(1998, 10, 19));
     QCOMPARE(bench.Names(), QStringList{u"例会"_s});
     bench.ListDay(QDate(1998, 10, 13));

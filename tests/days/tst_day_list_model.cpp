@@ -16,18 +16,18 @@ namespace {
 /// 5000 anniversaries "n1", "n2" .., more than a list keeps in memory.
 struct Bench {
     DayStore store;
-    std::unique_ptr<DayDatabase> database = OpenDayDatabase(store.Path());
+    DayDatabase database{store.Path()};
 
     Bench() {
         store.Raw(
             "WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 5000)"
             "INSERT INTO Kinenbi(Name,Year,Month,Day,Week) SELECT 'n' || i,0,10,3,0 FROM n");
     }
-    ListedRows Rows() const {
+    ListedRows Rows() {
         RowSearch search(u"SELECT * FROM Kinenbi WHERE Day = 3"_s);
-        while (!search.Step(*database)) {
+        while (!search.Step(database)) {
         }
-        return {[this]() -> DayDatabase& { return *database; }, {{search.Take(), RowForm::OfDay}}};
+        return {database, {{search.Take(), RowForm::OfDay}}};
     }
 };
 
@@ -95,7 +95,7 @@ void TstDayListModel::HasTheNameAloneIfThatIsAskedFor() {
 }
 
 void TstDayListModel::ARowThatCannotBeReadSaysSo() {
-    const Bench bench;
+    Bench bench;
     DayListModel model(QVariant(), DayListModel::Columns::All, nullptr);
     model.SetRows(bench.Rows());
     QCOMPARE(model.index(1999, 0).data().toString(), u"n2000"_s);
@@ -106,7 +106,7 @@ void TstDayListModel::ARowThatCannotBeReadSaysSo() {
 }
 
 void TstDayListModel::FindsATypedNameAmongTheNextRows() {
-    const Bench bench;
+    Bench bench;
     DayListModel model(QVariant(), DayListModel::Columns::All, nullptr);
     model.SetRows(bench.Rows());
     const auto found = [&](int from, const QString& typed) {

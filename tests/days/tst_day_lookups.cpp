@@ -7,6 +7,7 @@
 #include "days/search_texts.h"
 #include "store/day_database.h"
 #include "store/day_store.h"
+#include "store/day_transaction.h"
 #include "store/sql_error.h"
 
 using namespace Qt::StringLiterals;

@@ -339,7 +339,7 @@ void TstMonthCalendar::ABrokenDatabaseLeavesTheMonth() {
 void TstMonthCalendar::AClosedDatabaseIsAnError() {
     CalendarBench bench;
     bench.calendar.Load();
-    bench.dayDatabase.reset();
+    bench.dayDatabase.Close();
     QVERIFY_THROWS_EXCEPTION(RunTimeError, bench.calendar.GoBy(1));
     QVERIFY_THROWS_EXCEPTION(RunTimeError, bench.ClickDays({20}));
     QVERIFY_THROWS_EXCEPTION(RunTimeError, bench.calendar.ChooseMode(CalendarMode::Normal));

@@ -359,7 +359,7 @@ void TstMonthMarks::AnAnswerThatComesTooLateDeletesNothing() {
     QCOMPARE(bench.Marks().size(), 1);
     bench.calendar.Load();
     bench.calendar.DeleteMarks();
-    bench.dayDatabase.reset();  // as when the program is closing
+    bench.dayDatabase.Close();  // as when the program is closing
     bench.boxes.Pick(MessageAnswer::Cancel);
     QVERIFY(bench.boxes.Shown().isEmpty());
 }
@@ -368,7 +368,7 @@ void TstMonthMarks::ADeletionDuringACompactionSaysSo() {
     CalendarBench bench;
     bench.calendar.Load();
     bench.calendar.DeleteMarks();
-    bench.dayDatabase.reset();
+    bench.dayDatabase.Close();
     bench.boxes.Pick(MessageAnswer::Yes);
     QVERIFY(!bench.calendar.IsWaiting());
     QCOMPARE(bench.boxes.Shown().size(), 1);

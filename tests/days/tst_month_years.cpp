@@ -5,6 +5,7 @@
 #include "days/month_grid.h"
 #include "days/month_model.h"
 #include "store/day_store.h"
+#include "store/day_transaction.h"
 
 using namespace Qt::StringLiterals;
 using namespace tickwell;

@@ -20,7 +20,7 @@ struct Bench {
     AppSettings settings;
     VirtualTime time{QDateTime(QDate(1998, 10, 3), QTime(23, 59, 58))};
     DayStore store;
-    std::unique_ptr<DayDatabase> database = OpenDayDatabase(store.Path());
+    DayDatabase database{store.Path()};
     FakeTextLine upper;
     FakeTextLine lower;
     ClockLines lines{settings, time, database, {upper, lower}};
@@ -249,14 +249,14 @@ void TstClockLines::TheDateDoesNotWaitForTheDatabase() {
     bench.Add("('昨日',0,10,3,0),('今日',0,10,4,0)");
     bench.Tick();
     const QString elsewhere = bench.store.Path() + u".elsewhere";
-    bench.database = isCompacted ? nullptr : ClosedDayDatabase(bench.store.Path());
+    bench.database = isCompacted ? DayDatabase() : DayDatabase::OpenLater(bench.store.Path());
     QVERIFY(QFile::rename(bench.store.Path(), elsewhere));
     bench.time.Advance(2000);  // midnight
     bench.Tick();
     QCOMPARE(bench.Turns(2), (QStringList{Set(kSunday), Set(kSunday)}));
     QVERIFY(QFile::rename(elsewhere, bench.store.Path()));
     if (isCompacted) {
-        bench.database = OpenDayDatabase(bench.store.Path());
+        bench.database = DayDatabase(bench.store.Path());
     }
     bench.time.Advance(4999);
     bench.Tick();
@@ -308,7 +308,7 @@ void TstClockLines::NamesThatWaitForTheDatabaseAreDueAfterFiveSeconds() {
     bench.settings.language = 2;  // without seconds
     bench.time.SetNow(QDateTime(QDate(1998, 10, 3), QTime(21, 5, 7)));
     bench.Tick();
-    bench.database.reset();
+    bench.database.Close();
     bench.lines.RaiseRefresh();
     QCOMPARE(bench.lines.UntilDue(true), qint64{0});
     bench.Tick();

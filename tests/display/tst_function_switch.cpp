@@ -1,17 +1,17 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include <QApplication>
 #include <QTest>
+#include <QWidget>
+#include <algorithm>
 
+#include "display/battery_display.h"
+#include "display/clock_display.h"
+#include "display/displays_bench.h"
 #include "display/function_switch.h"
-#include "media/media_system.h"
-#include "platform/virtual_time.h"
-#include "support/fake_cd_drive.h"
-#include "support/fake_event_wait.h"
-#include "support/fake_memory.h"
-#include "support/fake_message_boxes.h"
-#include "support/fake_power.h"
-#include "support/fake_sound_output.h"
-#include "support/fake_text_line.h"
-#include "timing/journal.h"
+#include "display/memory_display.h"
+#include "display/usage_display.h"
+#include "media/cd_player_display.h"
+#include "timing/timing_displays.h"
 
 using namespace tickwell;
 using namespace Qt::StringLiterals;
@@ -27,69 +27,24 @@ public:
     bool operation = false;
 };
 
-/// The function that the settings name.
-class FunctionOf : public DisplayFunctions {
-public:
-    explicit FunctionOf(const AppSettings& settings) : m_settings(settings) {}
-    void ChangeFunction(qint32 /*number*/) override {}
-    qint32 GetFuncNumber() const override { return m_settings.function; }
-
-private:
-    const AppSettings& m_settings;
-};
-
-struct Bench {
-    AppSettings settings;
-    VirtualTime time{QDateTime(QDate(1998, 11, 15), QTime(21, 5, 7)), 307'000};
-    FakeTextLine upper;
-    FakeTextLine lower;
+struct Bench : LinesBench {
     FakeMarks marks;
-    std::unique_ptr<DayDatabase> closedDatabase;
-    ClockLines clockLines{settings, time, closedDatabase, {upper, lower}};
-    FakeMemory memory;
-    MemoryLines memoryLines{memory, {upper, lower}};
-    UsageLines usageLines{settings, time, {upper, lower}};
-    std::unique_ptr<Timer> dz1 = time.Create(200, [] {});
-    std::unique_ptr<Timer> dz2 = time.Create(10000, [] {});
-    std::unique_ptr<Timer> win = time.Create(250, [] {});
-    FakePower power;
-    BatteryLines batteryLines{power, {upper, lower}};
-    std::unique_ptr<Timer> batTimer = time.Create(10000, [] {});
-    std::unique_ptr<Timer> memoryTimer = time.Create(2000, [] {});
-    Journal journal;
-    JournalWindows windows{journal};
-    StopwatchState stopwatchState;
-    Stopwatch stopwatch{stopwatchState, time};
-    StopwatchLines stopwatchLines{stopwatch, {upper, lower}};
-    CountdownState countdownState;
-    Countdown countdown{countdownState, time};
-    CountdownLines countdownLines{countdown, {upper, lower}, windows};
-    std::unique_ptr<Timer> timer1 = time.Create(1, [] {});
-    FakeMessageBoxes boxes;
-    Handlers handlers{boxes};
-    FakeCdDrive drive;
-    FakeSoundOutput sound;
-    FakeEventWait wait;
-    bool tellsNoCdDrive = true;
-    MediaSystem media{{{drive, drive, sound, time, wait}, boxes, handlers, time, tellsNoCdDrive}};
-    FunctionOf function{settings};
-    CdLines cdLines{media.Player(), {upper, lower}, function};
-    std::unique_ptr<Timer> cdTimer2 = time.Create(500, [] {});
-    FunctionSwitch functions{
-        settings,
-        {upper, lower},
-        marks,
-        {*dz1, *dz2, *win, *timer1, *batTimer, *memoryTimer, *cdTimer2},
-        {clockLines, usageLines, batteryLines, memoryLines, stopwatchLines, countdownLines, cdLines}};
+    FunctionSwitch functions{settings, {upper, lower}, marks, displays};
 
     QString Running() const {
-        return QString(dz1->IsRunning() ? u"Dz_Timer1 "_s : QString()) +
-               (dz2->IsRunning() ? u"Dz_Timer2 "_s : QString()) +
-               (win->IsRunning() ? u"Win_Timer"_s : QString()) +
-               (timer1->IsRunning() ? u"Timer1"_s : QString()) +
-               (batTimer->IsRunning() ? u"BatTimer"_s : QString()) +
-               (memoryTimer->IsRunning() ? u"MemoryTimer"_s : QString()) +
-               (cdTimer2->IsRunning() ? u"CDTimer2"_s : QString());
+        return QString(The<ClockDisplay>().Dz_Timer1().IsRunning() ? u"Dz_Timer1 "_s : QString()) +
+               (The<ClockDisplay>().Dz_Timer2().IsRunning() ? u"Dz_Timer2 "_s : QString()) +
+               (The<UsageDisplay>().Win_Timer().IsRunning() ? u"Win_Timer"_s : QString()) +
+               (The<StopwatchDisplay>().Timer1().IsRunning() ? u"Timer1"_s : QString()) +
+               (The<BatteryDisplay>().BatTimer().IsRunning() ? u"BatTimer"_s : QString()) +
+               (The<MemoryDisplay>().MemoryTimer().IsRunning() ? u"MemoryTimer"_s : QString()) +
+               (The<CdPlayerDisplay>().CDTimer2().IsRunning() ? u"CDTimer2"_s : QString());
+    }
+    static bool IsTimerFormShown() {
+        const QWidgetList windows = QApplication::topLevelWidgets();
+        return std::any_of(windows.begin(), windows.end(), [](const QWidget* each) {
+            return each->objectName() == u"TimerForm" && each->isVisible();
+        });
     }
 };
 
@@ -169,8 +124,8 @@ void TstFunctionSwitch::TheStopwatchShowsItsReadingAtOnce() {
 void TstFunctionSwitch::TheCountdownIsShownWithItsWindow() {
     Bench bench;
     bench.functions.ChangeFunction(3);
-    QVERIFY(bench.countdownState.TimerShownOnMain);
-    QCOMPARE(bench.journal, Journal{u"form"_s});
+    QVERIFY(bench.countdown.TimerShownOnMain);
+    QVERIFY(Bench::IsTimerFormShown());
     QCOMPARE(bench.lower.TakeRecord(), QStringList{u"show 0:00'15\"000"_s});
 }
 
@@ -179,7 +134,7 @@ void TstFunctionSwitch::AnotherFunctionHidesTheCountdown() {
     for (const qint32 other : {0, 1, 2, 4, 5, 6, 99}) {
         bench.functions.ChangeFunction(3);
         bench.functions.ChangeFunction(other);
-        QVERIFY(!bench.countdownState.TimerShownOnMain);
+        QVERIFY(!bench.countdown.TimerShownOnMain);
     }
 }
 
@@ -223,5 +178,5 @@ void TstFunctionSwitch::ANumberThatNamesNoFunctionStopsEverythingAndLeavesTheLin
     QVERIFY(bench.marks.operation);
 }
 
-QTEST_GUILESS_MAIN(TstFunctionSwitch)
+QTEST_MAIN(TstFunctionSwitch)
 #include "tst_function_switch.moc"

@@ -1,19 +1,17 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <QTest>
 
+#include "display/displays_bench.h"
 #include "display/main_menu.h"
-#include "support/fake_message_boxes.h"
 
 using namespace tickwell;
 using namespace Qt::StringLiterals;
 
 namespace {
 
-struct Bench {
-    FakeMessageBoxes boxes;
-    Handlers handlers{boxes};
+struct Bench : LinesBench {
     QList<std::pair<MenuCommand, qint32>> chosen;
-    MainMenu menu{handlers,
+    MainMenu menu{displays, handlers,
                   [this](MenuCommand command, qint32 number) {
                       chosen.append({command, number});
                   },
@@ -137,11 +135,10 @@ void TstMainMenu::ChoosingAnItemTellsItsCommand() {
 }
 
 void TstMainMenu::ChoosingTheMarkedItemAgainStillTellsIt() {
-    FakeMessageBoxes boxes;
-    Handlers handlers(boxes);
+    LinesBench bench;
     int chosen = 0;
     MainMenu menu(
-        handlers,
+        bench.displays, bench.handlers,
         [&](MenuCommand, qint32 function) {
             ++chosen;
             menu.CheckFunction(function);
@@ -155,12 +152,12 @@ void TstMainMenu::ChoosingTheMarkedItemAgainStillTellsIt() {
 }
 
 void TstMainMenu::AnErrorOfAnItemIsReported() {
-    FakeMessageBoxes boxes;
-    Handlers handlers(boxes);
+    LinesBench bench;
     MainMenu menu(
-        handlers, [](MenuCommand, qint32) { throw RunTimeError(u"だめです。"_s); }, nullptr);
+        bench.displays, bench.handlers, [](MenuCommand, qint32) { throw RunTimeError(u"だめです。"_s); },
+        nullptr);
     menu.findChild<QAction*>(u"Menu20"_s)->trigger();
-    QCOMPARE(boxes.Shown().size(), 1);
+    QCOMPARE(bench.boxes.Shown().size(), 1);
 }
 
 QTEST_MAIN(TstMainMenu)

@@ -102,7 +102,7 @@ void TstMainWindow::ARaisedRefreshFlagIsSeen() {
     bench.time.Advance(21'000);
     QCOMPARE(bench.Upper().Text(), u"平成10年11月15日(日曜日)"_s);
     QCOMPARE(
-        bench.dayDatabase->Execute(
+        bench.dayDatabase.Execute(
             u"INSERT INTO Kinenbi(Name,Year,Month,Day,Week) VALUES (\"新しい\",\"0\",\"11\",\"15\",\"0\")"_s),
         1);
     bench.form->RaiseRefresh();

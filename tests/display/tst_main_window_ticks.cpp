@@ -224,10 +224,10 @@ void TstMainWindowTicks::ARaisedFlagIsNoticedThoughTheClockSleeps() {
 void TstMainWindowTicks::ADatabaseThatComesBackIsNoticedThoughTheClockSleeps() {
     Bench bench(0, 307'000, 2);
     bench.dayStore.Raw("INSERT INTO Kinenbi(Name,Year,Month,Day,Week) VALUES ('新しい',0,11,15,0)");
-    bench.dayDatabase.reset();
+    bench.dayDatabase.Close();
     bench.form->RaiseRefresh();
     bench.time.Advance(3000);
-    bench.dayDatabase = OpenDayDatabase(bench.dayStore.Path());
+    bench.dayDatabase = DayDatabase(bench.dayStore.Path());
     bench.time.Advance(7000);
     QCOMPARE(bench.Upper().Text(), u"新しい"_s);
 }

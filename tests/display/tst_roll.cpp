@@ -13,14 +13,10 @@ namespace {
 constexpr qint32 kNone = -1;
 
 /// A roll over a display that only remembers its number.
-struct Bench {
+struct Bench : LinesBench {
     RollSettings settings{true, {0, 1, 4, 5}, 10};
-    VirtualTime time{QDateTime(QDate(1998, 11, 15), QTime(21, 5, 7))};
-    FakeMessageBoxes boxes;
-    Handlers handlers{boxes};
-    FakePower power;
     QList<qint32> shown;
-    Roll roll{settings, power, handlers, time, [this](qint32 number) { Show(number); }};
+    Roll roll{displays, settings, power, handlers, time, [this](qint32 number) { Show(number); }};
 
     void Show(qint32 number) {
         shown.append(number);
@@ -91,7 +87,8 @@ void TstRoll::EachDisplayHasItsNext() {
     QFETCH(qint32, current);
     QFETCH(Mains, mains);
     QFETCH(qint32, next);
-    QCOMPARE(NextInRoll({use, kinds, 10}, current, mains).value_or(kNone), next);
+    const LinesBench bench;
+    QCOMPARE(NextInRoll(bench.displays, {use, kinds, 10}, current, mains).value_or(kNone), next);
 }
 
 void TstRoll::TheIntervalIsHeldWithinItsRange_data() {

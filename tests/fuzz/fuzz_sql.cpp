@@ -8,6 +8,7 @@
 #include "fuzz/sql_model.h"
 #include "fuzz/sqlite_watch.h"
 #include "store/day_database.h"
+#include "store/day_transaction.h"
 #include "store/jet/day_file_writer.h"
 #include "store/sql_compiler.h"
 #include "store/sql_error.h"
@@ -35,11 +36,11 @@ public:
         Require(file.open(QIODevice::WriteOnly), "a file can be made");
         file.close();
         WriteDayFile(path, StoredRows());
-        m_database = OpenDayDatabase(path);
+        m_database = DayDatabase(path);
         m_watch.Begin();
     }
 
-    DayDatabase& Database() { return *m_database; }
+    DayDatabase& Database() { return m_database; }
     const SqlModel& Model() const { return m_model; }
 
 private:
@@ -70,7 +71,7 @@ private:
     QuickFolder m_folder;
     SqliteWatch m_watch;
     SqlModel m_model;
-    std::unique_ptr<DayDatabase> m_database;
+    DayDatabase m_database;
 };
 
 /// The result of `job`; nullopt if it is refused, and then the error must name `sql`.

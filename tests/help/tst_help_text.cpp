@@ -4,6 +4,7 @@
 #include <QTest>
 #include <QTextDocument>
 
+#include "display/displays_bench.h"
 #include "display/menu_items.h"
 #include "help/help_file.h"
 #include "help/help_page.h"
@@ -29,6 +30,10 @@ QStringList MenuCaptions() {
     QStringList captions;
     for (const auto& item : kMenuItems) {
         captions.append(item.caption.toString());
+    }
+    const LinesBench bench;
+    for (const auto& display : bench.displays) {
+        captions.append(display->Traits().caption.toString());
     }
     for (const auto& item : kTrayMenuItems) {
         captions.append(item.caption.toString());

@@ -71,7 +71,7 @@ void Monkey::Idle() {
         return;
     }
     const Machine& machine = m_world.Now();
-    if (!machine.hasClosed && machine.state.started.dayDatabase == nullptr) {
+    if (!machine.hasClosed && !machine.state.started.dayDatabase.IsOpen()) {
         return;  // a compaction is running; no time passes until it ends
     }
     if (m_wait > 0) {

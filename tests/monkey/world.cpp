@@ -8,6 +8,7 @@
 #include "app/program_folder.h"
 #include "monkey/still_clock.h"
 #include "platform/ini_file_store.h"
+#include "support/borrowed.h"
 #include "support/discs.h"
 
 namespace tickwell {
@@ -69,10 +70,23 @@ void World::Start(Random& random) {
     PrepareFolder(Folder(), QStringLiteral(TICKWELL_MASTERS));
     machine.state.started =
         StartUp(Folder(), [this] { return std::make_unique<IniFileStore>(SettingsPath()); });
-    const ProgramPorts ports{
-        machine.time,    machine.time,   machine.time, machine.time,  machine.boxes,   machine.handlers,
-        machine.power,   machine.memory, machine.tray, machine.stack, machine.starter, machine.autostart,
-        machine.printer, machine.sound,  machine.wait, machine.drive, machine.drive};
+    const ProgramPorts ports{.clock = machine.time,
+                             .timers = machine.time,
+                             .jumps = machine.time,
+                             .realTimers = machine.time,
+                             .boxes = machine.boxes,
+                             .handlers = machine.handlers,
+                             .tray = machine.tray,
+                             .stack = machine.stack,
+                             .starter = machine.starter,
+                             .autostart = machine.autostart,
+                             .printer = machine.printer,
+                             .sound = machine.sound,
+                             .wait = machine.wait,
+                             .drive = machine.drive,
+                             .playback = machine.drive,
+                             .display = {.power = Borrowed<const Power>(machine.power),
+                                         .memory = Borrowed<const Memory>(machine.memory)}};
     machine.program = std::make_unique<RunningProgram>(ports, machine.state, [&machine] {
         machine.hasClosed = true;
         machine.stored = machine.state.started.settings;

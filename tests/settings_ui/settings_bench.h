@@ -43,8 +43,15 @@ struct SettingsBench {
             main.Start();
             main.time.Advance(11'000);
         }
-        form = std::make_unique<Form2>(SettingsParts{main.settings, main.further, main.time, main.time,
-                                                     main.handlers, help, autostart, operations});
+        form = std::make_unique<Form2>(SettingsParts{.displays = main.form->AllDisplays(),
+                                                     .settings = main.settings,
+                                                     .further = main.further,
+                                                     .clock = main.time,
+                                                     .timers = main.time,
+                                                     .handlers = main.handlers,
+                                                     .help = help,
+                                                     .autostart = autostart,
+                                                     .operations = operations});
         form->show();
     }
 

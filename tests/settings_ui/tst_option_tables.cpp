@@ -67,8 +67,6 @@ void TstOptionTables::TheListsStandInTheirOrder() {
     QCOMPARE(Captions(kStyleOptions), (QStringList{u"簡略表示"_s, u"標準表示"_s}));
     QCOMPARE(Captions(kLanguageOptions), (QStringList{u"古代日本"_s, u"英語"_s, u"日本語"_s}));
     QCOMPARE(Captions(kRollOptions), (QStringList{u"ロール機能を使用しない"_s, u"ロール機能を使用する"_s}));
-    QCOMPARE(Captions(kRollChecks), (QStringList{u"メモリー監視"_s, u"バッテリー監視（AC電源時は無効）"_s,
-                                                 u"Windows時計"_s, u"デジタル時計"_s}));
 }
 
 void TstOptionTables::TheHourStyleIsWhatItSays_data() {

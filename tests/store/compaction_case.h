@@ -11,13 +11,13 @@ namespace tickwell {
 /// The program's database handle on a loose store, and the message boxes shown.
 struct CompactionCase {
     LooseStore store;
-    std::unique_ptr<DayDatabase> handle;
+    DayDatabase handle;
     FakeMessageBoxes boxes;
 
     /// Opens the database if `isOpen`.
     explicit CompactionCase(bool isOpen = true) {
         if (isOpen) {
-            handle = OpenDayDatabase(QStringLiteral("DayDate.mdb"));
+            handle = DayDatabase(QStringLiteral("DayDate.mdb"));
         }
     }
 

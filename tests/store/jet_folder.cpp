@@ -68,7 +68,7 @@ QByteArray StoredTsv(const QString& path) {
 
 bool IsWholeDatabase(const QString& path) {
     try {
-        return OpenDayDatabase(path) != nullptr && StoredTsv(path) == JetSample(u"expected.tsv"_s);
+        return DayDatabase(path).IsOpen() && StoredTsv(path) == JetSample(u"expected.tsv"_s);
     } catch (const std::exception&) {
         return false;
     }

@@ -12,7 +12,7 @@ using namespace Qt::StringLiterals;
 
 QString OpeningFault(const QString& path) {
     try {
-        OpenDayDatabase(path);
+        const DayDatabase opened(path);
     } catch (const RunTimeError& error) {
         return error.Reason();
     }

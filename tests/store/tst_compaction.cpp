@@ -77,7 +77,7 @@ void TstCompaction::MakesTheFileSmallerAndKeepsEveryRow() {
     QCOMPARE(bench.store.Names(), NamesAtRest());
     QCOMPARE(bench.store.Rows(), rows);
     QCOMPARE(Structure(bench.store), structure);
-    bench.handle->Execute(u"INSERT INTO Kinenbi VALUES (\"a\",0,10,3,0)"_s);
+    bench.handle.Execute(u"INSERT INTO Kinenbi VALUES (\"a\",0,10,3,0)"_s);
     QCOMPARE(bench.store.Rows().size(), rows.size() + 1);
 }
 
@@ -113,7 +113,7 @@ void TstCompaction::GoesIntoTheFolderFirst() {
     } catch (const RunTimeError& error) {
         QCOMPARE(error.Reason(), u"/no/such/folder"_s);
     }
-    QVERIFY(bench.handle != nullptr);
+    QVERIFY(bench.handle.IsOpen());
 }
 
 void TstCompaction::AStaleTargetIsNoHindrance_data() {
@@ -180,7 +180,7 @@ void TstCompaction::KeepsThePermissions() {
 void TstCompaction::OpensWhatWasClosed() {
     CompactionCase bench(false);
     QCOMPARE(bench.Fault(), QString());
-    QVERIFY(bench.handle != nullptr);
+    QVERIFY(bench.handle.IsOpen());
     QCOMPARE(bench.boxes.Shown().size(), 1);
 }
 
@@ -262,22 +262,22 @@ void TstCompaction::FailsUntouchedWhileAnotherProcessHoldsTheFile_data() {
 void TstCompaction::FailsUntouchedWhileAnotherProcessHoldsTheFile() {
     QFETCH(QByteArray, sql);
     CompactionCase bench(false);
-    std::unique_ptr<DayDatabase> other;
+    DayDatabase other;
     std::unique_ptr<RawConnection> stranger;
     Neighbour neighbour(
         [&] {
             if (sql.isEmpty()) {
-                other = OpenDayDatabase(bench.store.Path());
+                other = DayDatabase(bench.store.Path());
             } else {
                 stranger = std::make_unique<RawConnection>(bench.store.Path());
                 stranger->Run(sql);
             }
         },
         [&] {
-            other.reset();
+            other.Close();
             stranger.reset();
         });
-    bench.handle = OpenDayDatabase(u"DayDate.mdb"_s);
+    bench.handle = DayDatabase(u"DayDate.mdb"_s);
     neighbour.DoFirst();
     WatchedDisk disk([](int, bool) {});
     const QByteArray before = BytesOf(u"DayDate.mdb"_s);
@@ -286,7 +286,7 @@ void TstCompaction::FailsUntouchedWhileAnotherProcessHoldsTheFile() {
     QCOMPARE(disk.Steps(), QStringList(u"size DayDate.mdb"_s));
     QCOMPARE(BytesOf(u"DayDate.mdb"_s), before);
     QCOMPARE(bench.store.Names(), NamesAtRest());
-    QVERIFY(bench.handle != nullptr);
+    QVERIFY(bench.handle.IsOpen());
     neighbour.DoSecond();
     QCOMPARE(bench.Fault(), QString());
     QCOMPARE(bench.boxes.Shown().constLast().icon, MessageIcon::Information);

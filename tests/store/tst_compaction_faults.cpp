@@ -115,7 +115,7 @@ void TstCompactionFaults::NoStepThatFailsCostsARow() {
     } else {
         QCOMPARE(shown, QList<Message>{CompactionFailed()});
     }
-    QVERIFY(bench.handle != nullptr);
+    QVERIFY(bench.handle.IsOpen());
     const bool isAsItWas = outcome == Outcome::ReportedError || outcome == Outcome::Restored;
     QCOMPARE(BytesOf(bench.store.Path()) == before, isAsItWas);
     QCOMPARE(bench.store.Rows(), rows);
@@ -139,7 +139,7 @@ void TstCompactionFaults::WhereNothingCanBeRenamedTheNextStartTidiesUp() {
     QCOMPARE(bench.boxes.Shown(), QList<Message>{CompactionFailed()});
     QCOMPARE(bench.store.Rows(), rows);
     QVERIFY(QFile::exists(u"CopyDate.mdb"_s));
-    bench.handle.reset();
+    bench.handle.Close();
     RecoverDayDatabase();
     QCOMPARE(bench.store.Names(), NamesAtRest());
     QCOMPARE(bench.store.Rows(), rows);
@@ -156,7 +156,7 @@ void TstCompactionFaults::AFullDiskWhileCopying() {
             fault = bench.Fault();
         }
         QVERIFY2(fault.startsWith(u"CopyDate.mdb\r\n"), qPrintable(fault));
-        QVERIFY(bench.handle != nullptr);
+        QVERIFY(bench.handle.IsOpen());
         QCOMPARE(BytesOf(bench.store.Path()), before);
         QCOMPARE(bench.store.Names(), NamesAtRest());
     }
@@ -173,7 +173,7 @@ void TstCompactionFaults::AFullDiskWhileCompacting() {
         FullWhileCompacting disk(room);
         QCOMPARE(bench.Fault(disk), QString());
         QCOMPARE(bench.boxes.Shown().constLast(), CompactionFailed());
-        QVERIFY(bench.handle != nullptr);
+        QVERIFY(bench.handle.IsOpen());
         QCOMPARE(BytesOf(bench.store.Path()), before);
         QCOMPARE(bench.store.Names(), NamesAtRest());
     }
@@ -187,7 +187,7 @@ void TstCompactionFaults::AMissingFileIsReported() {
     const QString fault = bench.Fault();
     QVERIFY2(fault.startsWith(u"DayDate.mdb\r\n"), qPrintable(fault));
     QVERIFY(bench.boxes.Shown().isEmpty());
-    QVERIFY(!bench.handle->TryOpen());
+    QVERIFY(!bench.handle.TryOpen());
     QCOMPARE(bench.store.Names(), QStringList(u"DayDate.lock"_s));
 }
 
@@ -207,7 +207,7 @@ void TstCompactionFaults::ADamagedFileFailsUntouched() {
     SetBytes(u"DayDate.mdb"_s, bytes);
     QVERIFY(!bench.Fault().isEmpty());  // it cannot be reopened
     QCOMPARE(bench.boxes.Shown(), QList<Message>{CompactionFailed()});
-    QVERIFY(!bench.handle->TryOpen());
+    QVERIFY(!bench.handle.TryOpen());
     QCOMPARE(BytesOf(u"DayDate.mdb"_s), bytes);
     QCOMPARE(bench.store.Names(), NamesAtRest());
 }
@@ -233,7 +233,7 @@ void TstCompactionFaults::ALiveFileThatVanishedIsPutBack() {
     QCOMPARE(bench.Fault(withTarget), QString());
     QCOMPARE(bench.store.Rows(), rows);
     QCOMPARE(bench.boxes.Shown(), QList<Message>({CompactionFailed(), CompactionFailed()}));
-    QVERIFY(bench.handle != nullptr);
+    QVERIFY(bench.handle.IsOpen());
     QCOMPARE(bench.store.Names(), NamesAtRest());
 }
 
@@ -252,7 +252,7 @@ void TstCompactionFaults::AnythingInTheWayIsNoLoss() {
     QVERIFY(QDir().mkpath(name + u"/inside"));
     QCOMPARE(!bench.Fault().isEmpty(), isReported);
     QCOMPARE(bench.boxes.Shown(), isReported ? QList<Message>{} : QList<Message>{CompactionFailed()});
-    QVERIFY(bench.handle != nullptr);
+    QVERIFY(bench.handle.IsOpen());
     QCOMPARE(BytesOf(bench.store.Path()), before);
     QVERIFY(QDir(name).removeRecursively());
     QCOMPARE(bench.store.Names(), NamesAtRest());
@@ -265,7 +265,8 @@ void TstCompactionFaults::AReadOnlyFolderIsNoLoss() {
     QCOMPARE(chmod(qPrintable(bench.store.Folder()), 0555), 0);
     const QString told = ToldByNobody([&bench] {
         const QString fault = bench.Fault();
-        return QStringList({fault.section(u'\r', 0, 0), bench.handle ? u"open"_s : u"closed"_s}).join(u' ');
+        return QStringList({fault.section(u'\r', 0, 0), bench.handle.IsOpen() ? u"open"_s : u"closed"_s})
+            .join(u' ');
     });
     QCOMPARE(chmod(qPrintable(bench.store.Folder()), 0755), 0);
     QCOMPARE(told, u"CopyDate.mdb open"_s);
@@ -280,7 +281,7 @@ void TstCompactionFaults::AFileBeyondTheRangeIsAnOverflow() {
     QVERIFY(huge.open(QIODevice::WriteOnly) && huge.resize(qint64{1} << 31));
     QCOMPARE(bench.Fault(), OverflowError().Reason());
     QVERIFY(bench.boxes.Shown().isEmpty());
-    QVERIFY(!bench.handle->TryOpen());  // it lacks all tables
+    QVERIFY(!bench.handle.TryOpen());  // it lacks all tables
     QCOMPARE(huge.size(), qint64{1} << 31);
 }
 
@@ -309,7 +310,7 @@ void TstCompactionFaults::ACompactedFileThatIsDamagedIsNotTaken() {
     QCOMPARE(bench.boxes.Shown(), QList<Message>{CompactionFailed()});
     QCOMPARE(BytesOf(bench.store.Path()), before);
     QCOMPARE(bench.store.Names(), NamesAtRest());
-    QVERIFY(bench.handle->TryOpen());
+    QVERIFY(bench.handle.TryOpen());
 }
 
 void TstCompactionFaults::AFileThatIsLockedAtTheReopenIsOpenedLater() {
@@ -321,7 +322,7 @@ void TstCompactionFaults::AFileThatIsLockedAtTheReopenIsOpenedLater() {
             stranger->Run("BEGIN EXCLUSIVE");
         },
         [&] { stranger.reset(); });
-    bench.handle = OpenDayDatabase(u"DayDate.mdb"_s);
+    bench.handle = DayDatabase(u"DayDate.mdb"_s);
     const QStringList rows = bench.store.Rows();
     WatchedDisk disk([&](int step, bool isDone) {
         if (step == 14 && isDone) {  // the new file has replaced the old one
@@ -334,14 +335,14 @@ void TstCompactionFaults::AFileThatIsLockedAtTheReopenIsOpenedLater() {
     QVERIFY2(fault.endsWith(u"開き直します。"), qPrintable(fault));
     QCOMPARE(bench.boxes.Shown().constLast().icon, MessageIcon::Information);
     QTest::ignoreMessage(QtWarningMsg, QRegularExpression(u"still closed: DayDate.mdb.*使用中"_s));
-    QVERIFY(!bench.handle->TryOpen());
+    QVERIFY(!bench.handle.TryOpen());
     QTest::failOnWarning(QRegularExpression(u"still closed"_s));  // it is logged only once
-    QVERIFY(!bench.handle->TryOpen());
-    QVERIFY_THROWS_EXCEPTION(SqlError, bench.handle->RunQuery(u"SELECT Holiday.Date FROM Holiday"_s));
+    QVERIFY(!bench.handle.TryOpen());
+    QVERIFY_THROWS_EXCEPTION(SqlError, bench.handle.RunQuery(u"SELECT Holiday.Date FROM Holiday"_s));
     neighbour.DoSecond();
-    QCOMPARE(bench.handle->RunQuery(u"SELECT * FROM Kinenbi WHERE Year <> 5"_s).Count(), 150);
+    QCOMPARE(bench.handle.RunQuery(u"SELECT * FROM Kinenbi WHERE Year <> 5"_s).Count(), 150);
     QCOMPARE(bench.store.Rows(), rows);
-    bench.handle->Execute(u"INSERT INTO Kinenbi VALUES (\"a\",0,10,3,0)"_s);
+    bench.handle.Execute(u"INSERT INTO Kinenbi VALUES (\"a\",0,10,3,0)"_s);
     QCOMPARE(bench.store.Rows().size(), rows.size() + 1);
 }
 

@@ -3,6 +3,7 @@
 
 #include "days/anniversary_texts.h"
 #include "store/day_store.h"
+#include "store/day_transaction.h"
 #include "store/sql_error.h"
 
 using namespace Qt::StringLiterals;
@@ -256,9 +257,9 @@ void TstDayDatabase::WorksInARelativeFolder() {
     const DayStore store;
     const QString before = QDir::currentPath();
     QVERIFY(QDir::setCurrent(store.Folder()));
-    const auto database = OpenDayDatabase(u"DayDate.mdb"_s);
+    DayDatabase database(u"DayDate.mdb"_s);
     QVERIFY(QDir::setCurrent(before));
-    database->Execute(Insert(u"a"_s, 0, 1, 2, 0));
+    database.Execute(Insert(u"a"_s, 0, 1, 2, 0));
     QCOMPARE(store.Raw("SELECT \"Name\" FROM Kinenbi"), QStringList(u"a"_s));
     QVERIFY(QFile::exists(store.Folder() + u"/DayDate.lock"_s));
 }

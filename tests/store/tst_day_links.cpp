@@ -55,7 +55,7 @@ void TstDayLinks::TheFileBehindTheLinkIsCompacted() {
     LinkedCase linked;
     const QStringList rows = linked.bench.store.Rows();
     const qint64 before = QFileInfo(linked.real).size();
-    linked.bench.handle = OpenDayDatabase(u"DayDate.mdb"_s);
+    linked.bench.handle = DayDatabase(u"DayDate.mdb"_s);
     QCOMPARE(linked.bench.Fault(), QString());
     const qint64 after = QFileInfo(linked.real).size();
     QVERIFY(after < before / 2);

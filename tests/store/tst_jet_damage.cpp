@@ -135,7 +135,7 @@ void TstJetDamage::ADamagedFileIsTakenWholeOrNotAtAll() {
         timer.start();
         try {
             if (const auto summary = ImportJetFile(path)) {
-                QVERIFY(OpenDayDatabase(path) != nullptr);
+                QVERIFY(DayDatabase(path).IsOpen());
                 QCOMPARE(ReadAll(folder.filePath(summary->keptAs)), file);
             } else {
                 QVERIFY2(KindOfFile(file) == JetFileKind::Other, qPrintable(QString::number(i)));

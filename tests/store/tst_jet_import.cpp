@@ -51,7 +51,7 @@ void TstJetImport::AJetFileBecomesADayDatabase() {
     QCOMPARE(folder.All().keys(), QStringList({u"DayDate.jet.mdb"_s, u"DayDate.mdb"_s}));
     QCOMPARE(ReadAll(folder.Path(summary->keptAs)), original);
     QCOMPARE(QFile::permissions(folder.DayDate()), permissions);
-    QVERIFY(OpenDayDatabase(folder.DayDate()) != nullptr);
+    QVERIFY(DayDatabase(folder.DayDate()).IsOpen());
     QCOMPARE(StoredTsv(folder.DayDate()), JetSample(expected));
     QVERIFY(!ImportJetFile(folder.DayDate()).has_value());
 }

@@ -91,7 +91,7 @@ private:
 
 /// Opens and compacts like the program; run in a child process.
 void OpenAndCompact(const LooseStore& store, CompactionDisk& disk) {
-    auto handle = OpenDayDatabase(u"DayDate.mdb"_s);
+    DayDatabase handle(u"DayDate.mdb"_s);
     FakeMessageBoxes boxes;
     CompactDayDatabase(handle, store.Folder(), boxes, disk);
 }
@@ -99,11 +99,11 @@ void OpenAndCompact(const LooseStore& store, CompactionDisk& disk) {
 /// Stores anniversaries number `first`, `first` + 1 .. with a compaction after each, forever; reports each
 /// number when its row is stored.
 void WriteAndCompact(const LooseStore& store, int first, int output) {
-    auto handle = OpenDayDatabase(u"DayDate.mdb"_s);
+    DayDatabase handle(u"DayDate.mdb"_s);
     FakeMessageBoxes boxes;
     PosixCompactionDisk disk;
     for (int number = first;; ++number) {
-        handle->Execute(u"INSERT INTO Kinenbi VALUES (\"新しい記念日\",%1,1,2,0)"_s.arg(number));
+        handle.Execute(u"INSERT INTO Kinenbi VALUES (\"新しい記念日\",%1,1,2,0)"_s.arg(number));
         if (write(output, &number, sizeof number) != sizeof number) {
             _exit(1);
         }

@@ -7,6 +7,7 @@
 
 #include "core/errors.h"
 #include "store/day_database.h"
+#include "store/day_transaction.h"
 #include "store/power_cut.h"
 #include "store/store_faults.h"
 

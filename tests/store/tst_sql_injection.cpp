@@ -6,6 +6,7 @@
 #include "days/day_rule.h"
 #include "store/day_database.h"
 #include "store/day_store.h"
+#include "store/day_transaction.h"
 #include "store/sql_error.h"
 #include "support/random_count.h"
 

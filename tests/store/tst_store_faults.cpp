@@ -12,6 +12,7 @@
 #include "days/day_rule.h"
 #include "store/day_database.h"
 #include "store/day_store.h"
+#include "store/day_transaction.h"
 #include "store/full_disk.h"
 #include "store/neighbour.h"
 #include "store/sql_error.h"
@@ -57,11 +58,11 @@ void SetMode(const QString& path, mode_t mode) {
 /// "10 holidays, insert 8, 0 rows": the operations that a store allows.
 QString WhatCanBeDone(const QString& path) {
     try {
-        const auto database = OpenDayDatabase(path);
-        const int holidays = database->RunQuery(u"SELECT * FROM Syukuzitu WHERE Month > 0"_s).Count();
-        const int fault = InsertFault(*database);
+        DayDatabase database(path);
+        const int holidays = database.RunQuery(u"SELECT * FROM Syukuzitu WHERE Month > 0"_s).Count();
+        const int fault = InsertFault(database);
         return u"%1 holidays, insert %2, %3 rows"_s.arg(holidays).arg(fault).arg(
-            database->RunQuery(kEverything).Count());
+            database.RunQuery(kEverything).Count());
     } catch (const RunTimeError& error) {
         return error.Reason();
     }

@@ -92,11 +92,11 @@ void TstStoreLimits::AChangeOfManyRowsHasRoom() {
     constexpr int kRows = 50'000;
     CompactionCase bench(false);
     Fill(bench.store, kRows);
-    bench.handle = OpenDayDatabase(u"DayDate.mdb"_s);
+    bench.handle = DayDatabase(u"DayDate.mdb"_s);
     sqlite3_memory_highwater(1);
-    QVERIFY(bench.handle->Execute(u"UPDATE Kinenbi SET Year=1998 WHERE Week=0"_s) > kRows);
+    QVERIFY(bench.handle.Execute(u"UPDATE Kinenbi SET Year=1998 WHERE Week=0"_s) > kRows);
     QCOMPARE(bench.Fault(), QString());
-    QVERIFY(bench.handle->Execute(u"DELETE * FROM Kinenbi WHERE Year=1998"_s) > kRows);
+    QVERIFY(bench.handle.Execute(u"DELETE * FROM Kinenbi WHERE Year=1998"_s) > kRows);
     QVERIFY2(sqlite3_memory_highwater(0) < kMostMemory / 8,
              qPrintable(QString::number(sqlite3_memory_highwater(0))));
 }

@@ -208,14 +208,14 @@ void TstStoreOpening::LogsAMarkThatIsNoDate() {
     store.Raw("INSERT INTO " + table + "(id,Date) VALUES (7,'1998-02-28'), (8,'" + value + "')");
     const QByteArray told = "Day database: row 8 of table " + table + " holds no date and falls on no day.";
     QTest::ignoreMessage(QtWarningMsg, told.constData());
-    OpenDayDatabase(store.Path());
+    const DayDatabase opened(store.Path());
 }
 
 void TstStoreOpening::LogsNothingOfDates() {
     const DayStore store;
     store.Raw("INSERT INTO Holiday(Date) VALUES ('1926-01-01'), ('2000-02-29'), ('2100-12-31')");
     QTest::failOnWarning(QRegularExpression(u"Day database"_s));
-    OpenDayDatabase(store.Path());
+    const DayDatabase opened(store.Path());
 }
 
 void TstStoreOpening::RefusesEveryTruncation() {
@@ -256,11 +256,11 @@ void TstStoreOpening::NeverFallsOverDamage() {
         SetBytes(store.Path(), spoilt);
         QFile::remove(store.Path() + u"-journal");
         try {
-            const auto database = OpenDayDatabase(store.Path());
+            DayDatabase database(store.Path());
             ++opened;
-            database->RunQuery(u"SELECT * FROM Kinenbi WHERE Year <> 5"_s);
-            database->RunQuery(AnniversaryQuery(1998, 10, 3, 17));
-            database->Execute(u"INSERT INTO Kinenbi VALUES (\"a\",0,10,3,0)"_s);
+            database.RunQuery(u"SELECT * FROM Kinenbi WHERE Year <> 5"_s);
+            database.RunQuery(AnniversaryQuery(1998, 10, 3, 17));
+            database.Execute(u"INSERT INTO Kinenbi VALUES (\"a\",0,10,3,0)"_s);
         } catch (const RunTimeError& error) {
             QVERIFY(!error.Reason().isEmpty());
         }

@@ -5,11 +5,12 @@
 #include <QPushButton>
 
 #include "platform/virtual_time.h"
+#include "support/borrowed.h"
 #include "support/fake_help_viewer.h"
 #include "support/fake_message_boxes.h"
 #include "support/fake_printer.h"
 #include "timing/journal.h"
-#include "timing/timing_tools.h"
+#include "timing/timing_displays.h"
 
 namespace tickwell {
 
@@ -29,23 +30,31 @@ struct TimingBench : public DisplayFunctions {
     std::function<void()> enterFolder = [this] { commands.append(QStringLiteral("folder")); };
     int placed = 0;
     qint32 function = kFunctionStopwatch;
-    TimingTools tools{
-        {stopwatch, countdown, time, time, handlers, boxes, printer, help, [this] { enterFolder(); },
-         [this](const QString& command) { commands.append(command); }, [this](QWidget&) { ++placed; },
-         QStringLiteral("2.0.0")},
-        {{upper, lower}, *this}};
+    TimingTools tools{{.stopwatch = stopwatch,
+                       .countdown = countdown,
+                       .clock = time,
+                       .timers = time,
+                       .handlers = handlers,
+                       .boxes = boxes,
+                       .printer = printer,
+                       .help = help,
+                       .enterFolder = [this] { enterFolder(); },
+                       .sendCommand = [this](const QString& command) { commands.append(command); },
+                       .place = [this](QWidget&) { ++placed; },
+                       .version = QStringLiteral("2.0.0")},
+                      {.lines = {upper, lower}, .functions = *this}};
+    StopwatchDisplay stopwatchDisplay{Borrowed(tools)};
+    CountdownDisplay countdownDisplay{Borrowed(tools)};
 
     void ChangeFunction(qint32 number) override {
         function = number;
-        tools.Timer1().Stop();
-        tools.Rest().Hide();
+        stopwatchDisplay.Hide();
+        countdownDisplay.Hide();
         if (number == kFunctionStopwatch) {
-            tools.Reading().Show();
-            tools.Timer1().Start();
+            stopwatchDisplay.Show();
         } else if (number == kFunctionTimer) {
-            tools.Rest().Show();
+            countdownDisplay.Show();
         }
-        tools.FunctionChanged();
     }
     qint32 GetFuncNumber() const override { return function; }
 

@@ -1,0 +1,41 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <memory>
+
+#include "core/display.h"
+#include "core/ports/memory.h"
+#include "core/ports/power.h"
+#include "core/settings.h"
+#include "media/cd_player.h"
+#include "store/day_database.h"
+#include "timing/timing_tools.h"
+
+namespace tickwell {
+
+/// What the displays read from the machine, and nobody but them and the roll. None is null.
+struct DisplayPorts {
+    std::shared_ptr<const Power> power;
+    std::shared_ptr<const Memory> memory;
+};
+
+/// Those of the machine that the program runs on.
+DisplayPorts DisplayPortsOfThisMachine();
+
+/// What the displays work with; all outlive them.
+struct DisplaysParts {
+    DisplayPorts ports;
+    const AppSettings& settings;
+    DayDatabase& dayDatabase;
+    const Clock& clock;
+    TimerSource& timers;
+    Handlers& handlers;
+    TimingParts timing;
+    CdPlayer& cdPlayer;
+    std::function<void()> openCdPlayer;  ///< opens the player's window
+};
+
+/// The displays of the program, in the order of the menu and of the roll. A new display is added here.
+Displays MakeDisplays(const DisplaysParts& parts, const DisplayView& view);
+
+}  // namespace tickwell
