@@ -14,7 +14,7 @@ from unittest import mock
 
 from driver import pictures, processes, settings_file, tickwell
 from driver.accessible import Gone
-from driver.answering import Answering, keeps_answering
+from driver.answering import Answering, is_reading, keeps_answering
 from driver.case import ARTIFACTS_VARIABLE, TickwellCase
 from driver.desktop import Session
 from driver.program import Program, ProgramEnded
@@ -235,6 +235,17 @@ class WindowTest(TickwellCase):
                     if wakes_up:
                         os.kill(program.pid, signal.SIGCONT)
                 os.kill(program.pid, signal.SIGCONT)
+
+    def test_waiting_for_the_disk_to_read_is_told_from_other_waits(self):
+        reading, fault, writing = "17 0xe 0x56", "-1 0x7ffd 0x7f28", "75 0xe 0x0"
+        for row, stat, syscall, expected in (("a read", "1 (a) D 1 1", reading, True),
+                                             ("a page fault", "1 (a b) D 1 1", fault, True),
+                                             ("a write to the disk", "1 (a) D 1 1", writing, False),
+                                             ("a read from a pipe", "1 (a) S 1 1", "0 0x3 0x56", False),
+                                             ("at work", "1 (D) R 1 1", "running", False),
+                                             ("ended", "", "", False)):
+            with self.subTest(row):
+                self.assertEqual(bool(is_reading(stat, syscall)), expected)
 
     def test_computing_counts_if_asked_for(self):
         program, xid = self.show("asked", 300, 200, 120, 80)

@@ -2,13 +2,17 @@
 """Measures how long a program's window does not respond.
 
 The window receives _NET_WM_PING, which Qt answers from its event loop. Only the X server is involved, so message buses,
-services and the window manager may be stopped. A separate process sends one ping at a time. Time in which the program,
-the X server or that process were runnable without a CPU (/proc/PID/schedstat) is not counted: a busy machine does not
-mean a hanging program. Time in which the program computes is only counted on request, because opening a window takes
-several times as long on a busy machine.
+services and the window manager may be stopped. A separate process sends one ping at a time.
+
+A busy machine does not mean a hanging program. So some time does not count: in which the program, the X server or
+that process were runnable without a CPU (/proc/PID/schedstat); and in which the program's main thread waited for the
+disk to read a page, of a file or of its own code, because other jobs push such pages out of memory and keep the disk
+busy. Waiting for a write counts. Time in which the program computes is only counted on request, because opening a
+window takes several times as long on a busy machine.
 """
 
 import contextlib
+import platform
 import select
 import signal
 import sys
@@ -19,6 +23,10 @@ from driver.waiting import PATIENCE, SLOWNESS
 
 LONGEST = 0.2 * SLOWNESS  # s; no step may keep the window from answering for longer
 INTERVAL = 0.02  # s between an answer and the next ping
+LOOK = 0.02  # s between two looks at what the program waits for, while there is no answer
+SILENCE = 0.1  # s without an answer after which, again and again, all its threads are noted
+# System calls that read a file, and none at all: a page fault. Here a thread waits for the disk uninterruptibly.
+READING = {"x86_64": {"0", "17", "-1"}, "aarch64": {"63", "67", "-1"}}.get(platform.machine(), {"-1"})
 FOLDER = Path(__file__).resolve().parent.parent
 
 
@@ -30,6 +38,7 @@ class Answering:
     def __init__(self, session, program, window=None, computing=False):
         xid = window if window is not None else session.windows.wait(pid=program.pid)
         self._longest = None
+        self.waiting = ""  # what its threads waited for during the longest time, once that is known
         self._probe = session.spawn([sys.executable, "-m", "driver.answering", session.display, xid, program.pid,
                                      int(computing), session.services["Xvfb"].pid], cwd=FOLDER)
         self._probe.wait_output("asking")
@@ -39,7 +48,9 @@ class Answering:
         if self._longest is None:
             self._probe.check_running()
             self._probe.stop(PATIENCE)
-            self._longest = float(self._probe.output().split("longest")[1])
+            found = self._probe.output().split("longest ")[1]
+            seconds, _, self.waiting = found.partition("\n")
+            self._longest = float(seconds)
         return self._longest
 
 
@@ -51,7 +62,7 @@ def keeps_answering(session, program, window=None, limit=LONGEST, computing=Fals
     longest = measured.longest()
     print(f"without an answer for {longest:.2f} s at most", flush=True)
     if longest > limit:
-        raise AssertionError(f"the window did not answer for {longest:.2f} s")
+        raise AssertionError(f"the window did not answer for {longest:.2f} s:\n{measured.waiting}")
 
 
 class _Starvation:
@@ -85,8 +96,28 @@ class _Starvation:
             return [0, 0]
 
 
+def is_reading(stat, syscall):
+    """Whether a thread waits for the disk to read a page, by its files in /proc."""
+    return stat.rpartition(")")[2].split()[:1] == ["D"] and syscall.split()[:1] and syscall.split()[0] in READING
+
+
+def _read(task, name):
+    try:
+        return (task / name).read_text().strip()
+    except OSError:
+        return ""
+
+
+def _threads_of(program):
+    """What each thread of the program does: its state, the kernel's function that it waits in, its system call."""
+    def stack(task):
+        return " < ".join(line.split()[1].split("+")[0] for line in _read(task, "stack").splitlines() if " " in line)
+    return [f"{task.name} {_read(task, 'stat').rpartition(')')[2].split()[:1]} wchan {_read(task, 'wchan')} "
+            f"syscall {_read(task, 'syscall')} stack {stack(task)}" for task in Path(f"/proc/{program}/task").iterdir()]
+
+
 class _Probe:
-    def __init__(self, display_name, xid, starvation):
+    def __init__(self, display_name, xid, program, starvation):
         from Xlib import X, display  # pylint: disable=import-outside-toplevel; needed only in the probe's process
         from Xlib.protocol.event import ClientMessage
         self._display = display.Display(display_name)
@@ -95,10 +126,15 @@ class _Probe:
         self._window = self._display.create_resource_object("window", xid)
         self._protocols, self._ping = map(self._display.intern_atom, ("WM_PROTOCOLS", "_NET_WM_PING"))
         self._message = ClientMessage
+        self._program = program
+        self._main = Path(f"/proc/{program}/task/{program}")
+        self._reading = 0.0  # s that the main thread waited for the disk since the ping
         self._starvation = starvation
         self._number = 0
         self._begun = None
+        self._waiting = []
         self.longest = 0.0
+        self.waited_for = []  # during the longest time
 
     def ask(self):
         self._number += 1
@@ -107,15 +143,27 @@ class _Probe:
                                 data=(32, [self._ping, self._number, self._window.id, 0, 0]))
         self._window.send_event(message)
         self._display.flush()
+        self._waiting, self._reading = [], 0.0
+        looked = noted = self._begun[0]
         while not self._answered():
-            select.select([self._display], [], [])
+            if select.select([self._display], [], [], LOOK)[0]:
+                continue
+            before, looked = looked, time.monotonic()
+            if is_reading(_read(self._main, "stat"), _read(self._main, "syscall")):
+                self._reading += looked - before
+            if looked - noted > SILENCE:
+                noted = looked
+                self._waiting += [f"after {looked - self._begun[0]:.2f} s: {thread}"
+                                  for thread in _threads_of(self._program)]
         self.note()
 
     def note(self):
         """Includes the current ping in the maximum, whether it was answered or not."""
         if self._begun:
             began, before = self._begun
-            self.longest = max(self.longest, time.monotonic() - began - self._starvation.since(before))
+            silent = time.monotonic() - began - self._starvation.since(before) - self._reading
+            if silent > self.longest:
+                self.longest, self.waited_for = silent, self._waiting
 
     def _answered(self):
         while self._display.pending_events():
@@ -136,7 +184,7 @@ def _end(*_):
 
 def main(display_name, xid, pid, computing, *others):
     signal.signal(signal.SIGTERM, _end)
-    probe = _Probe(display_name, int(xid), _Starvation(pid, computing == "1", others))
+    probe = _Probe(display_name, int(xid), pid, _Starvation(pid, computing == "1", others))
     try:
         probe.ask()
         probe.longest = 0.0  # the first ping includes the probe's own start
@@ -147,7 +195,7 @@ def main(display_name, xid, pid, computing, *others):
     except _Ended:
         signal.signal(signal.SIGTERM, signal.SIG_IGN)
         probe.note()
-        print("longest", probe.longest, flush=True)
+        print("longest", "\n".join([str(probe.longest), *probe.waited_for]), flush=True)
 
 
 if __name__ == "__main__":
