@@ -18,16 +18,16 @@
 #include <cstdio>
 
 #include "discs/test_disc.h"
-#include "display/line_look.h"
-#include "display/moving_word.h"
+#include "lines/line_look.h"
+#include "lines/moving_word.h"
 #include "media/cd_lines.h"
 #include "media/cd_window.h"
 #include "media/media_system.h"
-#include "platform/cd_helper_drive.h"
-#include "platform/qt_event_wait.h"
-#include "platform/qt_timers.h"
-#include "platform/sdl_sound_output.h"
-#include "platform/system_clock.h"
+#include "platform/disc/cd_helper_drive.h"
+#include "platform/disc/qt_event_wait.h"
+#include "platform/sound/sdl_sound_output.h"
+#include "platform/time/qt_timers.h"
+#include "platform/time/system_clock.h"
 #include "support/fake_message_boxes.h"
 #include "support/files.h"
 

@@ -12,8 +12,8 @@
 #include <functional>
 #include <vector>
 
-#include "display/line_look.h"
-#include "platform/virtual_time.h"
+#include "lines/line_look.h"
+#include "platform/time/virtual_time.h"
 #include "settings_ui/sample_frame.h"
 #include "support/fake_message_boxes.h"
 

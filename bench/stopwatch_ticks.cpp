@@ -9,11 +9,11 @@
 #include <ctime>
 
 #include "core/sleeping_timer.h"
-#include "display/line_look.h"
-#include "display/moving_word.h"
-#include "platform/qt_message_boxes.h"
-#include "platform/qt_timers.h"
-#include "platform/system_clock.h"
+#include "lines/line_look.h"
+#include "lines/moving_word.h"
+#include "platform/desktop/qt_message_boxes.h"
+#include "platform/time/qt_timers.h"
+#include "platform/time/system_clock.h"
 #include "timing/stopwatch_lines.h"
 
 namespace {

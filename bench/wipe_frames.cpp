@@ -11,9 +11,9 @@
 #include <utility>
 #include <vector>
 
-#include "display/line_look.h"
-#include "display/moving_word.h"
-#include "platform/virtual_time.h"
+#include "lines/line_look.h"
+#include "lines/moving_word.h"
+#include "platform/time/virtual_time.h"
 
 namespace {
 

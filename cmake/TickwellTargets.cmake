@@ -20,12 +20,6 @@ function(tickwell_compile_rules target)
     endif()
 endfunction()
 
-# tickwell_stand_apart(core a.cpp): excludes sources from unity builds, because names in their unnamed namespaces also
-# occur in other sources of the folder.
-function(tickwell_stand_apart name)
-    set_source_files_properties(${ARGN} TARGET_DIRECTORY tickwell_${name} PROPERTIES SKIP_UNITY_BUILD_INCLUSION ON)
-endfunction()
-
 # tickwell_library(core SOURCES a.cpp b.cpp LINKS Qt6::Core): the static library of a folder of src/, named
 # tickwell_core, with the alias Tickwell::core.
 function(tickwell_library name)
@@ -35,6 +29,15 @@ function(tickwell_library name)
     target_link_libraries(tickwell_${name} PUBLIC ${arg_LINKS})
     tickwell_compile_rules(tickwell_${name})
     set_target_properties(tickwell_${name} PROPERTIES UNITY_BUILD "${TICKWELL_UNITY}" UNITY_BUILD_BATCH_SIZE 0)
+    # For the house test: "component|its folder|its sources|what it links".
+    cmake_path(RELATIVE_PATH CMAKE_CURRENT_SOURCE_DIR BASE_DIRECTORY "${PROJECT_SOURCE_DIR}" OUTPUT_VARIABLE folder)
+    set_property(GLOBAL APPEND_STRING PROPERTY TICKWELL_COMPONENTS "${name}|${folder}|${arg_SOURCES}|${arg_LINKS}\n")
+endfunction()
+
+# Writes the components and their links to components.txt in the build folder.
+function(tickwell_write_components)
+    get_property(components GLOBAL PROPERTY TICKWELL_COMPONENTS)
+    file(WRITE "${PROJECT_BINARY_DIR}/components.txt" "${components}")
 endfunction()
 
 # Precompiles the headers that nearly every test includes. Off for clang-tidy and clangd, which cannot read GCC's files.

@@ -24,9 +24,9 @@
 #include "days/announced_names.h"
 #include "days/day_list_model.h"
 #include "days/row_table.h"
-#include "platform/qt_message_boxes.h"
-#include "platform/qt_timers.h"
-#include "platform/system_clock.h"
+#include "platform/desktop/qt_message_boxes.h"
+#include "platform/time/qt_timers.h"
+#include "platform/time/system_clock.h"
 
 using namespace Qt::StringLiterals;
 using namespace tickwell;

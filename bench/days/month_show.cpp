@@ -17,9 +17,9 @@
 
 #include "core/errors.h"
 #include "days/calendar_window.h"
-#include "platform/qt_message_boxes.h"
-#include "platform/qt_timers.h"
-#include "platform/virtual_time.h"
+#include "platform/desktop/qt_message_boxes.h"
+#include "platform/time/qt_timers.h"
+#include "platform/time/virtual_time.h"
 #include "store/day_transaction.h"
 #include "store/sqlite_connection.h"
 

@@ -10,7 +10,7 @@
 
 #include "core/handlers.h"
 #include "core/ports/message_boxes.h"
-#include "platform/slow_jobs.h"
+#include "platform/processes/slow_jobs.h"
 #include "store/compaction.h"
 
 namespace tickwell {

@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/displays.h"
 
-#include "display/battery_display.h"
-#include "display/clock_display.h"
-#include "display/memory_display.h"
-#include "display/usage_display.h"
+#include "displays/battery_display.h"
+#include "displays/clock_display.h"
+#include "displays/memory_display.h"
+#include "displays/usage_display.h"
 #include "media/cd_player_display.h"
-#include "platform/proc_memory.h"
-#include "platform/upower.h"
+#include "platform/power/proc_memory.h"
+#include "platform/power/upower.h"
 #include "timing/timing_displays.h"
 
 namespace tickwell {

@@ -9,11 +9,11 @@
 #include <vector>
 
 #include "app/program.h"
-#include "display/line_look.h"
-#include "display/main_window_accessible.h"
-#include "platform/base_directories.h"
-#include "platform/freed_memory.h"
-#include "platform/session_bus_look.h"
+#include "lines/line_look.h"
+#include "platform/bus/session_bus_look.h"
+#include "platform/desktop/freed_memory.h"
+#include "platform/files/base_directories.h"
+#include "shell/main_window_accessible.h"
 
 namespace {
 

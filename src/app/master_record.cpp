@@ -7,7 +7,7 @@
 
 #include "core/errors.h"
 #include "core/regular_file.h"
-#include "platform/file_replacement.h"
+#include "platform/files/file_replacement.h"
 
 namespace tickwell {
 

@@ -6,10 +6,10 @@
 #include <QProcessEnvironment>
 
 #include "app/program_folder.h"
-#include "platform/autostart_file.h"
-#include "platform/base_directories.h"
-#include "platform/freed_memory.h"
-#include "platform/ini_file_store.h"
+#include "platform/desktop/autostart_file.h"
+#include "platform/desktop/freed_memory.h"
+#include "platform/files/base_directories.h"
+#include "platform/files/ini_file_store.h"
 
 namespace tickwell {
 

@@ -8,8 +8,8 @@
 #include "app/master_record.h"
 #include "core/errors.h"
 #include "core/regular_file.h"
-#include "platform/file_replacement.h"
-#include "platform/unfinished_files.h"
+#include "platform/files/file_replacement.h"
+#include "platform/files/unfinished_files.h"
 
 namespace tickwell {
 

@@ -8,7 +8,7 @@
 #include "app/media.h"
 #include "app/startup.h"
 #include "app/windows.h"
-#include "display/main_window.h"
+#include "shell/main_window.h"
 
 namespace tickwell {
 

@@ -7,7 +7,7 @@
 #include <QFileInfo>
 
 #include "core/errors.h"
-#include "platform/base_directories.h"
+#include "platform/files/base_directories.h"
 
 namespace tickwell {
 

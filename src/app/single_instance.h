@@ -3,8 +3,8 @@
 
 #include <QObject>
 
-#include "platform/file_lock.h"
-#include "platform/word_socket.h"
+#include "platform/files/file_lock.h"
+#include "platform/processes/word_socket.h"
 
 namespace tickwell {
 

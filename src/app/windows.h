@@ -9,10 +9,10 @@
 #include "core/handlers.h"
 #include "core/ports/autostart.h"
 #include "days/calendar_window.h"
-#include "display/main_window.h"
 #include "help/help_desk.h"
 #include "media/cd_window.h"
 #include "settings_ui/settings_window.h"
+#include "shell/main_window.h"
 
 namespace tickwell {
 

@@ -9,7 +9,7 @@
 #include "core/errors.h"
 #include "store/day_transaction.h"
 #include "store/large_cache.h"
-#include "store/sql_compiler.h"
+#include "store/sql_quoting.h"
 
 namespace tickwell {
 

@@ -12,7 +12,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr std::array<QStringView, 3> kKindCaptions{
+constexpr std::array<QStringView, 3> kRepetitions{
     u"毎年の記念日として指定する", u"毎月の記念日として指定する", u"この日だけの記念日として指定する"};
 
 // The range of the arrows: the years of the calendar.
@@ -50,7 +50,7 @@ void Form6::MakeControls() {
     rows->addWidget(frame1);
     for (std::size_t kind = 0; kind < m_Option2.size(); ++kind) {
         m_Option2.at(kind) =
-            Named(new QRadioButton(kKindCaptions.at(kind).toString(), this), u"Option2(%1)"_s.arg(kind));
+            Named(new QRadioButton(kRepetitions.at(kind).toString(), this), u"Option2(%1)"_s.arg(kind));
         rows->addWidget(m_Option2.at(kind));
     }
     rows->addLayout(WeekRow());

@@ -11,8 +11,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kFirstYear = 100;
-constexpr int kLastYear = 9999;
+constexpr int kFirstSearched = 100;
+constexpr int kLastSearched = 9999;
 
 QDate DateOf(const DateFields& fields) {
     return RolledDate(IntegerOf(fields.year), IntegerOf(fields.month), IntegerOf(fields.day));
@@ -25,7 +25,7 @@ SearchEnabling EnablingOf(bool byName, bool byDate, RangeKind range) {
 }
 
 QDate RolledDate(qint32 year, qint32 month, qint32 day) {
-    const auto isInside = [](int number) { return number >= kFirstYear && number <= kLastYear; };
+    const auto isInside = [](int number) { return number >= kFirstSearched && number <= kLastSearched; };
     QDate date;
     if (isInside(year)) {
         date = QDate(year, 1, 1).addMonths(CheckedSub(month, 1)).addDays(qint64{day} - 1);
@@ -37,8 +37,8 @@ QDate RolledDate(qint32 year, qint32 month, qint32 day) {
 }
 
 SearchRange RangeOf(RangeKind kind, QDate start, QDate end) {
-    return {kind == RangeKind::Before ? QDate(kFirstYear, 1, 1) : start,
-            kind == RangeKind::After ? QDate(kLastYear, 12, 31) : end};
+    return {kind == RangeKind::Before ? QDate(kFirstSearched, 1, 1) : start,
+            kind == RangeKind::After ? QDate(kLastSearched, 12, 31) : end};
 }
 
 std::optional<SearchConditions> ConditionsOf(const SearchFields& fields) {

@@ -5,12 +5,9 @@
 #include <QString>
 #include <QTime>
 
-namespace tickwell {
+#include "core/language.h"
 
-/// Language of clock and date, as it is stored. Any other number shows no clock and no date.
-inline constexpr qint32 kLanguageJapanese = 0;
-inline constexpr qint32 kLanguageEnglish = 1;
-inline constexpr qint32 kLanguageOldJapanese = 2;
+namespace tickwell {
 
 /// The time `now`. `displayMode`: 0 with unit words, else with colons. `hourStyle`: 0 the twelve-hour clock
 /// with a morning or afternoon word (noon and midnight are hour 0), else the 24-hour clock.

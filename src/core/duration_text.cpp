@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "core/duration_text.h"
 
-#include "core/clock_text.h"
 #include "core/integers.h"
+#include "core/language.h"
 #include "core/words.h"
 
 namespace tickwell {

@@ -4,7 +4,7 @@
 #include "core/integer_text.h"
 #include "core/words.h"
 #include "days/day_rule.h"
-#include "store/sql_compiler.h"
+#include "store/sql_quoting.h"
 
 namespace tickwell {
 

@@ -22,18 +22,6 @@ QStringList Deletions(const QString& condition) {
 
 }  // namespace
 
-DayColor ColorOf(DayMark mark) {
-    switch (mark) {
-        case DayMark::Holiday:
-            return DayColor::Red;
-        case DayMark::Halfday:
-            return DayColor::Blue;
-        case DayMark::Usuallyday:
-            return DayColor::Black;
-    }
-    Q_UNREACHABLE();
-}
-
 DayColor ColorOf(CalendarMode mode) {
     return mode == CalendarMode::Halfdays ? DayColor::Blue : DayColor::Red;
 }
@@ -68,6 +56,22 @@ QString SpokenMark(DayMark mark) {
             return u"平日"_s;
     }
     Q_UNREACHABLE();
+}
+
+QString SpokenName(const MonthGrid& grid, int cell) {
+    const MonthCell& button = grid.At(cell);
+    if (!button.isVisible || !IsDayCell(cell)) {
+        return button.caption;
+    }
+    QStringList parts{QString::number(grid.first.year()) + u"年" + QString::number(grid.first.month()) +
+                      u"月" + button.caption + u"日 " + grid.At(cell % kGridColumns).caption + u"曜日"};
+    if (!button.toolTip.isEmpty()) {
+        parts.append(button.toolTip);
+    }
+    if (const auto mark = MarkOf(button, cell)) {
+        parts.append(SpokenMark(*mark));
+    }
+    return parts.join(u'、');
 }
 
 QStringList MonthDeletions(const MonthShape& month) {

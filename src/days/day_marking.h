@@ -11,9 +11,6 @@ namespace tickwell {
 /// What a click on a day does; the value is the index of the option button.
 enum class CalendarMode { Normal, Holidays, Halfdays };
 
-/// The colour of a day with that mark.
-DayColor ColorOf(DayMark mark);
-
 /// The colour that a marking mode sets and removes; `mode` is not Normal.
 DayColor ColorOf(CalendarMode mode);
 
@@ -27,6 +24,10 @@ std::optional<DayMark> MarkOf(const MonthCell& cell, int index);
 
 /// "休日", "半日", "平日".
 QString SpokenMark(DayMark mark);
+
+/// What a screen reader says for a day's cell: date, weekday, national holiday, and the mark that its colour
+/// means.
+QString SpokenName(const MonthGrid& grid, int cell);
 
 /// The statements that delete all marks of the month, one per table.
 QStringList MonthDeletions(const MonthShape& month);

@@ -2,7 +2,6 @@
 #include "days/month_grid.h"
 
 #include "core/words.h"
-#include "days/day_marking.h"
 
 namespace tickwell {
 
@@ -69,6 +68,18 @@ void ShowDays(MonthGrid& grid, const MonthShape& month) {
 
 }  // namespace
 
+DayColor ColorOf(DayMark mark) {
+    switch (mark) {
+        case DayMark::Holiday:
+            return DayColor::Red;
+        case DayMark::Halfday:
+            return DayColor::Blue;
+        case DayMark::Usuallyday:
+            return DayColor::Black;
+    }
+    Q_UNREACHABLE();
+}
+
 MonthGrid::MonthGrid() {
     for (int column = 0; column < kGridColumns; ++column) {
         At(column) = {WeekdayLetter(column, 0), ColorOfColumn(column), QString(), true, false};
@@ -94,22 +105,6 @@ void FillGrid(MonthGrid& grid, const MonthShape& month, const MonthRows& rows, Q
     if (today >= month.first && today <= month.last) {
         grid.At(month.CellOf(today.day())).isPressed = true;
     }
-}
-
-QString SpokenName(const MonthGrid& grid, int cell) {
-    const MonthCell& button = grid.At(cell);
-    if (!button.isVisible || !IsDayCell(cell)) {
-        return button.caption;
-    }
-    QStringList parts{QString::number(grid.first.year()) + u"年" + QString::number(grid.first.month()) +
-                      u"月" + button.caption + u"日 " + grid.At(cell % kGridColumns).caption + u"曜日"};
-    if (!button.toolTip.isEmpty()) {
-        parts.append(button.toolTip);
-    }
-    if (const auto mark = MarkOf(button, cell)) {
-        parts.append(SpokenMark(*mark));
-    }
-    return parts.join(u'、');
 }
 
 }  // namespace tickwell

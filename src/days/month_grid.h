@@ -13,6 +13,9 @@ namespace tickwell {
 /// half-day and a Saturday differ only in their columns.
 enum class DayColor : qint32 { Black = 0, Red = 0xFF, Blue = 0xFF0000 };
 
+/// The colour of a day with that mark.
+DayColor ColorOf(DayMark mark);
+
 inline constexpr int kGridColumns = 7;   // Sunday to Saturday
 inline constexpr int kFirstDayCell = 7;  // row 0 holds the names of the weekdays
 inline constexpr int kGridCells = 49;
@@ -60,9 +63,5 @@ QString MonthHeading(int year, int month);
 /// then the user's marks. The day after a national holiday on a Sunday is its substitute, whatever that day
 /// is; marks have no substitute. Only today's cell is pressed.
 void FillGrid(MonthGrid& grid, const MonthShape& month, const MonthRows& rows, QDate today);
-
-/// What a screen reader says for a day's cell: date, weekday, national holiday, and the mark that its colour
-/// means.
-QString SpokenName(const MonthGrid& grid, int cell);
 
 }  // namespace tickwell

@@ -7,6 +7,7 @@
 #include <algorithm>
 
 #include "controls/control_making.h"
+#include "days/day_marking.h"
 #include "days/day_shade.h"
 
 namespace tickwell {

@@ -4,7 +4,7 @@
 #include <QColorDialog>
 #include <utility>
 
-#include "display/line_look.h"
+#include "lines/line_look.h"
 
 namespace tickwell {
 

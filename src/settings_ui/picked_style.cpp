@@ -4,7 +4,7 @@
 #include <QFontInfo>
 #include <algorithm>
 
-#include "display/line_look.h"
+#include "lines/line_look.h"
 
 namespace tickwell {
 

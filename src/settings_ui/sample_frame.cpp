@@ -7,8 +7,8 @@
 #include <algorithm>
 
 #include "controls/control_making.h"
-#include "display/line_look.h"
-#include "display/line_styles.h"
+#include "lines/line_look.h"
+#include "lines/line_styles.h"
 
 namespace tickwell {
 

@@ -8,8 +8,8 @@
 #include "core/handlers.h"
 #include "core/ports/clock.h"
 #include "core/settings.h"
-#include "display/frame_pacer.h"
-#include "display/moving_word.h"
+#include "lines/frame_pacer.h"
+#include "lines/moving_word.h"
 
 namespace tickwell {
 

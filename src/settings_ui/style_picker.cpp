@@ -9,7 +9,7 @@
 #include <QVBoxLayout>
 
 #include "controls/control_making.h"
-#include "display/line_look.h"
+#include "lines/line_look.h"
 #include "settings_ui/colour_picking.h"
 #include "settings_ui/picked_style.h"
 

@@ -10,7 +10,6 @@
 #include <utility>
 
 #include "store/day_database_check.h"
-#include "store/day_transaction.h"
 #include "store/sql_compiler.h"
 #include "store/sql_error.h"
 
@@ -168,26 +167,6 @@ int DayDatabase::Execute(const QString& sql) {
 ChangeMark DayDatabase::Mark() {
     SqliteConnection& connection = Connection();
     return {m_serial, connection.FirstValue("PRAGMA data_version"), connection.TotalChanges()};
-}
-
-DayTransaction::DayTransaction(DayDatabase& database) : m_connection(database.Connection()) {
-    m_connection.Run("BEGIN IMMEDIATE");
-}
-
-DayTransaction::~DayTransaction() {
-    if (!m_isOpen || !m_connection.IsInTransaction()) {
-        return;
-    }
-    try {
-        m_connection.Run("ROLLBACK");
-    } catch (const RunTimeError&) {
-        // The journal file still exists: whoever opens the database next rolls back.
-    }
-}
-
-void DayTransaction::Commit() {
-    m_connection.Run("COMMIT");
-    m_isOpen = false;
 }
 
 }  // namespace tickwell

@@ -6,7 +6,7 @@
 #include <compare>
 #include <vector>
 
-#include "store/sql_compiler.h"
+#include "store/bound_value.h"
 
 namespace tickwell {
 

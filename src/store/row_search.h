@@ -6,6 +6,7 @@
 
 #include "store/day_database.h"
 #include "store/found_row.h"
+#include "store/sql_compiler.h"
 
 namespace tickwell {
 

@@ -6,12 +6,10 @@
 #include <variant>
 #include <vector>
 
+#include "store/bound_value.h"
 #include "store/day_schema.h"
 
 namespace tickwell {
-
-/// A value as SQLite stores it: dates as ISO text, so that comparing the texts compares the dates.
-using BoundValue = std::variant<qint32, QString>;
 
 /// A statement for SQLite that contains only our own text; whatever the caller wrote is in the values.
 struct CompiledSql {
@@ -23,9 +21,6 @@ struct CompiledSql {
     QByteArray condition;  // what follows WHERE; its values are the last ones
     bool isQuery = false;
 };
-
-/// Whether `text` can be written between double quotes in a statement.
-bool IsQuotable(QStringView text);
 
 /// Translates a statement of the day database's language (store/sql_parser.h). Tables and columns are those
 /// of the schema; a column is compared with literals of its own type, texts only by =; a condition compares a

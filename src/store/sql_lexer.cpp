@@ -4,8 +4,8 @@
 #include <algorithm>
 #include <limits>
 
-#include "store/sql_compiler.h"
 #include "store/sql_error.h"
+#include "store/sql_quoting.h"
 
 namespace tickwell {
 
@@ -26,11 +26,6 @@ bool IsLetter(QChar c) {
     return (c >= u'a' && c <= u'z') || (c >= u'A' && c <= u'Z');
 }
 
-/// Characters that end a quoted text.
-bool EndsText(QChar c) {
-    return c == u'"' || c.isNull();
-}
-
 /// A part of a date with `least` to `most` digits; -1 if it is not one.
 int DatePart(QStringView digits, int least, int most) {
     const bool fits = digits.size() >= least && digits.size() <= most;
@@ -38,10 +33,6 @@ int DatePart(QStringView digits, int least, int most) {
 }
 
 }  // namespace
-
-bool IsQuotable(QStringView text) {
-    return std::none_of(text.begin(), text.end(), EndsText);
-}
 
 std::optional<qint32> ExactInteger(QStringView text) {
     const bool negative = text.startsWith(u'-');

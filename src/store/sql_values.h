@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <QString>
 #include <optional>
 
-#include "store/sql_compiler.h"
+#include "store/bound_value.h"
+#include "store/day_schema.h"
 #include "store/sql_tree.h"
 
 namespace tickwell {

@@ -8,7 +8,7 @@
 
 #include "app/about_box.h"
 #include "app/program_icon.h"
-#include "platform/virtual_time.h"
+#include "platform/time/virtual_time.h"
 #include "support/fake_help_viewer.h"
 #include "support/fake_message_boxes.h"
 #include "support/fake_program_starter.h"

@@ -10,7 +10,7 @@
 
 #include "app/program_folder.h"
 #include "core/errors.h"
-#include "platform/unfinished_files.h"
+#include "platform/files/unfinished_files.h"
 #include "support/files.h"
 #include "support/other_user.h"
 

@@ -6,7 +6,7 @@
 
 #include "app/program_folder.h"
 #include "app/running_program.h"
-#include "platform/virtual_time.h"
+#include "platform/time/virtual_time.h"
 #include "support/borrowed.h"
 #include "support/discs.h"
 #include "support/fake_autostart.h"

@@ -8,7 +8,7 @@
 
 #include "book/anniversary_book.h"
 #include "days/anniversary_model.h"
-#include "platform/virtual_time.h"
+#include "platform/time/virtual_time.h"
 #include "store/day_store.h"
 #include "support/fake_day_changes.h"
 #include "support/fake_message_boxes.h"

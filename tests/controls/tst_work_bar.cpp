@@ -7,7 +7,7 @@
 #include <QTest>
 #include <QVBoxLayout>
 
-#include "platform/virtual_time.h"
+#include "platform/time/virtual_time.h"
 #include "support/fake_message_boxes.h"
 
 using namespace Qt::StringLiterals;

@@ -3,7 +3,7 @@
 
 #include "core/handlers.h"
 #include "core/integers.h"
-#include "platform/virtual_time.h"
+#include "platform/time/virtual_time.h"
 #include "support/fake_message_boxes.h"
 
 using namespace tickwell;

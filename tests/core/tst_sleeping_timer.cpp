@@ -2,7 +2,7 @@
 #include <QTest>
 
 #include "core/sleeping_timer.h"
-#include "platform/virtual_time.h"
+#include "platform/time/virtual_time.h"
 #include "support/fake_message_boxes.h"
 
 using namespace tickwell;

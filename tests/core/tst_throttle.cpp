@@ -2,7 +2,7 @@
 #include <QTest>
 
 #include "core/throttle.h"
-#include "platform/virtual_time.h"
+#include "platform/time/virtual_time.h"
 
 using namespace tickwell;
 

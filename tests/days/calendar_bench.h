@@ -2,7 +2,7 @@
 #pragma once
 
 #include "days/month_calendar.h"
-#include "platform/virtual_time.h"
+#include "platform/time/virtual_time.h"
 #include "store/day_store.h"
 #include "support/fake_message_boxes.h"
 

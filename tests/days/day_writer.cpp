@@ -15,7 +15,7 @@
 #include "days/day_rule.h"
 #include "days/marked_october.h"
 #include "days/month_calendar.h"
-#include "platform/virtual_time.h"
+#include "platform/time/virtual_time.h"
 #include "store/day_database.h"
 #include "store/day_transaction.h"
 #include "support/fake_message_boxes.h"

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <QTest>
 
+#include "days/day_marking.h"
 #include "days/month_grid.h"
 
 using namespace Qt::StringLiterals;

@@ -6,8 +6,8 @@
 #include <cstdio>
 
 #include "media/sound_playback.h"
-#include "platform/qt_timers.h"
-#include "platform/sdl_sound_output.h"
+#include "platform/sound/sdl_sound_output.h"
+#include "platform/time/qt_timers.h"
 #include "support/fake_message_boxes.h"
 
 using namespace tickwell;

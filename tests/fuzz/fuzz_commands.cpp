@@ -9,7 +9,7 @@
 #include "fuzz/fuzz_check.h"
 #include "media/command_devices.h"
 #include "media/command_error.h"
-#include "platform/virtual_time.h"
+#include "platform/time/virtual_time.h"
 #include "support/discs.h"
 #include "support/fake_cd_drive.h"
 #include "support/fake_event_wait.h"

@@ -7,7 +7,7 @@
 #include "discs/test_disc.h"
 #include "fuzz/fuzz_check.h"
 #include "fuzz/helper_child.h"
-#include "platform/cd_answer.h"
+#include "platform/disc/cd_answer.h"
 #include "support/files.h"
 
 using namespace Qt::StringLiterals;

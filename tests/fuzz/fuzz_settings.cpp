@@ -7,7 +7,7 @@
 
 #include "core/settings_io.h"
 #include "fuzz/fuzz_check.h"
-#include "platform/ini_file_store.h"
+#include "platform/files/ini_file_store.h"
 #include "support/files.h"
 
 using namespace Qt::StringLiterals;

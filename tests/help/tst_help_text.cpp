@@ -4,10 +4,10 @@
 #include <QTest>
 #include <QTextDocument>
 
-#include "display/displays_bench.h"
-#include "display/menu_items.h"
+#include "displays/displays_bench.h"
 #include "help/help_file.h"
 #include "help/help_page.h"
+#include "shell/menu_items.h"
 #include "support/files.h"
 
 using namespace tickwell;

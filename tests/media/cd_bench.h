@@ -3,7 +3,7 @@
 
 #include "media/cd_lines.h"
 #include "media/media_system.h"
-#include "platform/virtual_time.h"
+#include "platform/time/virtual_time.h"
 #include "support/discs.h"
 #include "support/fake_cd_drive.h"
 #include "support/fake_event_wait.h"

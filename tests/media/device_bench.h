@@ -4,7 +4,7 @@
 #include <QTemporaryDir>
 
 #include "media/command_devices.h"
-#include "platform/virtual_time.h"
+#include "platform/time/virtual_time.h"
 #include "support/discs.h"
 #include "support/fake_cd_drive.h"
 #include "support/fake_event_wait.h"

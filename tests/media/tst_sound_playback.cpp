@@ -6,7 +6,7 @@
 
 #include "core/errors.h"
 #include "media/sound_playback.h"
-#include "platform/virtual_time.h"
+#include "platform/time/virtual_time.h"
 #include "support/fake_message_boxes.h"
 #include "support/fake_sound_output.h"
 #include "support/files.h"

@@ -3,7 +3,7 @@
 #include <QTest>
 
 #include "media/wave_mix.h"
-#include "platform/virtual_time.h"
+#include "platform/time/virtual_time.h"
 #include "support/fake_sound_output.h"
 #include "support/files.h"
 #include "support/wave_bytes.h"

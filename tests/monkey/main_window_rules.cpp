@@ -9,7 +9,7 @@
 
 #include "core/clock_text.h"
 #include "core/duration_text.h"
-#include "display/moving_word.h"
+#include "lines/moving_word.h"
 #include "monkey/rules.h"
 
 namespace tickwell {

@@ -8,10 +8,10 @@
 #include <QTemporaryDir>
 #include <ctime>
 
-#include "display/line_look.h"
-#include "display/main_window_accessible.h"
+#include "lines/line_look.h"
 #include "monkey/monkey.h"
 #include "monkey/trail.h"
+#include "shell/main_window_accessible.h"
 
 namespace {
 

@@ -5,7 +5,7 @@
 
 #include "core/settings_io.h"
 #include "monkey/rules.h"
-#include "platform/ini_file_store.h"
+#include "platform/files/ini_file_store.h"
 #include "store/day_store.h"
 
 namespace tickwell {

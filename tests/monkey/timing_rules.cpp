@@ -10,7 +10,7 @@
 #include <optional>
 
 #include "core/duration_text.h"
-#include "display/moving_word.h"
+#include "lines/moving_word.h"
 #include "monkey/rules.h"
 
 namespace tickwell {

@@ -7,7 +7,7 @@
 
 #include "app/program_folder.h"
 #include "monkey/still_clock.h"
-#include "platform/ini_file_store.h"
+#include "platform/files/ini_file_store.h"
 #include "support/borrowed.h"
 #include "support/discs.h"
 

@@ -6,8 +6,8 @@
 
 #include "app/running_program.h"
 #include "monkey/random.h"
-#include "platform/qt_message_boxes.h"
-#include "platform/virtual_time.h"
+#include "platform/desktop/qt_message_boxes.h"
+#include "platform/time/virtual_time.h"
 #include "support/fake_autostart.h"
 #include "support/fake_cd_drive.h"
 #include "support/fake_event_wait.h"

@@ -3,8 +3,8 @@
 
 #include <QTest>
 
-#include "platform/cd_helper_drive.h"
-#include "platform/qt_timers.h"
+#include "platform/disc/cd_helper_drive.h"
+#include "platform/time/qt_timers.h"
 #include "support/fake_sound_output.h"
 
 namespace tickwell {

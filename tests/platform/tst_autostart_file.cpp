@@ -8,8 +8,8 @@
 #include <csignal>
 
 #include "core/errors.h"
-#include "platform/autostart_file.h"
-#include "platform/base_directories.h"
+#include "platform/desktop/autostart_file.h"
+#include "platform/files/base_directories.h"
 #include "support/files.h"
 #include "support/other_user.h"
 

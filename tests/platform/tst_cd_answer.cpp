@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <QTest>
 
-#include "platform/cd_answer.h"
+#include "platform/disc/cd_answer.h"
 
 using namespace tickwell;
 using namespace Qt::StringLiterals;

@@ -2,7 +2,7 @@
 #include <QTemporaryDir>
 #include <QTest>
 
-#include "platform/cd_source.h"
+#include "platform/disc/cd_source.h"
 #include "support/files.h"
 
 using namespace tickwell;

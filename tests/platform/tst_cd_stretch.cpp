@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <QTest>
 
-#include "platform/cd_stretch.h"
+#include "platform/disc/cd_stretch.h"
 
 using namespace tickwell;
 

@@ -9,7 +9,7 @@
 #include <cerrno>
 #include <csignal>
 
-#include "platform/child_process.h"
+#include "platform/processes/child_process.h"
 #include "support/files.h"
 
 using namespace tickwell;

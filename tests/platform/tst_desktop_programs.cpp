@@ -12,7 +12,7 @@
 #include <cerrno>
 #include <csignal>
 
-#include "platform/desktop_programs.h"
+#include "platform/processes/desktop_programs.h"
 #include "support/files.h"
 
 using namespace tickwell;

@@ -4,7 +4,7 @@
 #include <QTemporaryDir>
 #include <QTest>
 
-#include "platform/file_lock.h"
+#include "platform/files/file_lock.h"
 #include "support/files.h"
 #include "support/other_user.h"
 

@@ -9,8 +9,8 @@
 #include <QTest>
 #include <csignal>
 
-#include "platform/file_replacement.h"
-#include "platform/unfinished_files.h"
+#include "platform/files/file_replacement.h"
+#include "platform/files/unfinished_files.h"
 #include "support/files.h"
 #include "support/other_user.h"
 

@@ -5,7 +5,7 @@
 #include <QTest>
 #include <memory>
 
-#include "platform/freed_memory.h"
+#include "platform/desktop/freed_memory.h"
 
 using namespace tickwell;
 using namespace Qt::StringLiterals;

@@ -2,8 +2,8 @@
 #include <QTemporaryDir>
 #include <QTest>
 
-#include "platform/helper_printer.h"
-#include "platform/virtual_time.h"
+#include "platform/print/helper_printer.h"
+#include "platform/time/virtual_time.h"
 #include "support/files.h"
 
 using namespace tickwell;

@@ -9,7 +9,7 @@
 #include <csignal>
 
 #include "core/settings_io.h"
-#include "platform/ini_file_store.h"
+#include "platform/files/ini_file_store.h"
 #include "support/files.h"
 #include "support/other_user.h"
 

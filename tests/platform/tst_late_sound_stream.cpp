@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <QTest>
 
-#include "platform/late_sound_stream.h"
+#include "platform/sound/late_sound_stream.h"
 #include "support/fake_sound_output.h"
 
 using namespace tickwell;

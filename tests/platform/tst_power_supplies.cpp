@@ -2,7 +2,7 @@
 #include <QTemporaryDir>
 #include <QTest>
 
-#include "platform/power_supplies.h"
+#include "platform/power/power_supplies.h"
 #include "support/files.h"
 
 using namespace tickwell;

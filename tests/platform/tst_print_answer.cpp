@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <QTest>
 
-#include "platform/print_answer.h"
+#include "platform/print/print_answer.h"
 
 using namespace tickwell;
 using namespace Qt::StringLiterals;

@@ -2,7 +2,7 @@
 #include <QTemporaryDir>
 #include <QTest>
 
-#include "platform/proc_memory.h"
+#include "platform/power/proc_memory.h"
 #include "support/files.h"
 
 using namespace tickwell;

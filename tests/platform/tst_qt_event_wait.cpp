@@ -2,7 +2,7 @@
 #include <QTest>
 #include <QTimer>
 
-#include "platform/qt_event_wait.h"
+#include "platform/disc/qt_event_wait.h"
 
 using namespace tickwell;
 

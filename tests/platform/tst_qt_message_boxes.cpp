@@ -11,7 +11,7 @@
 #include <QTest>
 #include <QWindow>
 
-#include "platform/qt_message_boxes.h"
+#include "platform/desktop/qt_message_boxes.h"
 
 using namespace tickwell;
 using namespace Qt::StringLiterals;

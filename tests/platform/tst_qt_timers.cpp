@@ -2,7 +2,7 @@
 #include <QSignalSpy>
 #include <QTest>
 
-#include "platform/qt_timers.h"
+#include "platform/time/qt_timers.h"
 
 using namespace tickwell;
 

@@ -16,7 +16,7 @@
 #include <optional>
 #include <vector>
 
-#include "platform/sdl_sound_output.h"
+#include "platform/sound/sdl_sound_output.h"
 #include "support/files.h"
 
 using namespace tickwell;

@@ -9,7 +9,7 @@
 #include <QTest>
 #include <cstring>
 
-#include "platform/session_bus_look.h"
+#include "platform/bus/session_bus_look.h"
 
 using namespace tickwell;
 using namespace Qt::StringLiterals;

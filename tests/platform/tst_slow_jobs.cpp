@@ -4,7 +4,7 @@
 #include <semaphore>
 #include <thread>
 
-#include "platform/slow_jobs.h"
+#include "platform/processes/slow_jobs.h"
 
 using namespace tickwell;
 using namespace Qt::StringLiterals;

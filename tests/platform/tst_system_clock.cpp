@@ -3,7 +3,7 @@
 #include <QTest>
 
 #include "core/integers.h"
-#include "platform/system_clock.h"
+#include "platform/time/system_clock.h"
 
 using namespace tickwell;
 

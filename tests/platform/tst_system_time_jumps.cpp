@@ -5,7 +5,7 @@
 #include <QTest>
 #include <cstdio>
 
-#include "platform/system_time_jumps.h"
+#include "platform/time/system_time_jumps.h"
 #include "support/files.h"
 
 using namespace tickwell;

@@ -3,7 +3,7 @@
 #include <cmath>
 #include <limits>
 
-#include "platform/upower.h"
+#include "platform/power/upower.h"
 
 using namespace tickwell;
 using namespace Qt::StringLiterals;

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <QTest>
 
-#include "platform/virtual_time.h"
+#include "platform/time/virtual_time.h"
 
 using namespace tickwell;
 using namespace Qt::StringLiterals;

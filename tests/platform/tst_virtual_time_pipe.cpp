@@ -4,7 +4,7 @@
 #include <QTest>
 #include <array>
 
-#include "platform/virtual_time_pipe.h"
+#include "platform/time/virtual_time_pipe.h"
 
 using namespace tickwell;
 using namespace Qt::StringLiterals;

@@ -19,7 +19,7 @@
 #include <future>
 #include <vector>
 
-#include "platform/word_socket.h"
+#include "platform/processes/word_socket.h"
 #include "support/files.h"
 
 using namespace tickwell;

@@ -3,8 +3,8 @@
 
 #include <QAbstractButton>
 
-#include "display/main_window_bench.h"
 #include "settings_ui/settings_window.h"
+#include "shell/main_window_bench.h"
 #include "support/fake_autostart.h"
 #include "support/fake_help_viewer.h"
 

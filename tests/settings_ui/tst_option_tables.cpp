@@ -4,7 +4,7 @@
 #include <optional>
 
 #include "core/clock_text.h"
-#include "display/wipe.h"
+#include "lines/wipe.h"
 #include "settings_ui/option_tables.h"
 
 using namespace tickwell;

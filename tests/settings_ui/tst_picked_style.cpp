@@ -2,7 +2,7 @@
 #include <QFontInfo>
 #include <QTest>
 
-#include "display/line_look.h"
+#include "lines/line_look.h"
 #include "settings_ui/picked_style.h"
 
 using namespace tickwell;

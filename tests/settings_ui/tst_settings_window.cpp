@@ -3,9 +3,9 @@
 #include <QLineEdit>
 #include <QTest>
 
-#include "display/line_look.h"
-#include "display/main_window_accessible.h"
+#include "lines/line_look.h"
 #include "settings_ui/settings_bench.h"
+#include "shell/main_window_accessible.h"
 
 using namespace tickwell;
 using namespace Qt::StringLiterals;

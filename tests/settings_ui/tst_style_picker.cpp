@@ -2,7 +2,7 @@
 #include <QColorDialog>
 #include <QTest>
 
-#include "display/line_look.h"
+#include "lines/line_look.h"
 #include "settings_ui/style_picker.h"
 #include "support/fake_message_boxes.h"
 

@@ -4,7 +4,7 @@
 #include <QApplication>
 #include <QPushButton>
 
-#include "platform/virtual_time.h"
+#include "platform/time/virtual_time.h"
 #include "support/borrowed.h"
 #include "support/fake_help_viewer.h"
 #include "support/fake_message_boxes.h"

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <QTest>
 
-#include "platform/virtual_time.h"
+#include "platform/time/virtual_time.h"
 #include "support/fake_text_line.h"
 #include "timing/stopwatch_lines.h"
 

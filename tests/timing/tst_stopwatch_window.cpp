@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <QTest>
 
-#include "display/line_look.h"
+#include "lines/line_look.h"
 #include "timing/reading_model.h"
 #include "timing/timing_bench.h"
 

@@ -1,0 +1,30 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "core/display.h"
+#include "core/handlers.h"
+#include "displays/battery_lines.h"
+
+namespace tickwell {
+
+/// What the machine runs on.
+class BatteryDisplay : public Display {
+public:
+    /// All outlive this object.
+    BatteryDisplay(const Power& power, Handlers& handlers, TimerSource& timers, const DisplayView& view);
+
+    const DisplayTraits& Traits() const override;
+    void Show() override;
+    void Hide() override;
+    /// It is read at the same times whether it is seen or not.
+    void Tick() override {}
+    qint64 UntilDue(bool isSeen) const override;
+
+    const Timer& BatTimer() const { return *m_BatTimer; }
+
+private:
+    BatteryLines m_lines;
+    std::unique_ptr<Timer> m_BatTimer;
+};
+
+}  // namespace tickwell

@@ -1,0 +1,55 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "displays/clock_display.h"
+
+namespace tickwell {
+
+namespace {
+
+// ms
+constexpr int kTimeTick = 200;
+constexpr int kDateTick = 10000;
+
+constexpr DisplayTraits kClockTraits{.number = kFunctionClock,
+                                     .menuItem = u"Menu3",
+                                     .caption = u"ﾃﾞｼﾞﾀﾙ時計",
+                                     .turnsWithSeconds = true,
+                                     .roll = RollTraits{.caption = u"デジタル時計"}};
+
+}  // namespace
+
+ClockDisplay::ClockDisplay(const AppSettings& settings, const Clock& clock, DayDatabase& dayDatabase,
+                           Handlers& handlers, TimerSource& timers, const DisplayView& view)
+    : m_handlers(handlers),
+      m_lines(settings, clock, dayDatabase, view.lines),
+      m_Dz_Timer1(
+          handlers, timers, kTimeTick, [this] { Dz_Timer1_Timer(); },
+          [this, isSeen = view.isSeen] { return m_lines.UntilDue(isSeen()); }),
+      m_Dz_Timer2(handlers.MakeTimer(timers, kDateTick, [this] { m_lines.RotateTick(); })) {}
+
+const DisplayTraits& ClockDisplay::Traits() const {
+    return kClockTraits;
+}
+
+void ClockDisplay::Show() {
+    m_lines.Show();
+    m_Dz_Timer1.Start();
+    m_Dz_Timer2->Start();
+}
+
+void ClockDisplay::Hide() {
+    m_Dz_Timer1.Stop();
+    m_Dz_Timer2->Stop();
+}
+
+void ClockDisplay::Refresh() {
+    m_lines.RaiseRefresh();
+    m_Dz_Timer1.Wake();
+}
+
+/// A look-up that fails is reported on its own: the time goes on.
+void ClockDisplay::Dz_Timer1_Timer() {
+    m_handlers.Run([this] { m_lines.LookUp(); });
+    m_lines.TimeTick();
+}
+
+}  // namespace tickwell

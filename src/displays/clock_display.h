@@ -1,0 +1,38 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "core/display.h"
+#include "core/handlers.h"
+#include "core/sleeping_timer.h"
+#include "displays/clock_lines.h"
+
+namespace tickwell {
+
+/// Date and time, and what falls on today.
+class ClockDisplay : public Display {
+public:
+    /// All outlive this object, as for ClockLines.
+    ClockDisplay(const AppSettings& settings, const Clock& clock, DayDatabase& dayDatabase,
+                 Handlers& handlers, TimerSource& timers, const DisplayView& view);
+
+    const DisplayTraits& Traits() const override;
+    void Show() override;
+    void Hide() override;
+    void Tick() override { m_Dz_Timer1.TickNow(); }
+    qint64 UntilDue(bool isSeen) const override { return m_lines.UntilDue(isSeen); }
+    void Wake() override { m_Dz_Timer1.Wake(); }
+    void Refresh() override;
+
+    const Timer& Dz_Timer1() const { return m_Dz_Timer1; }
+    const Timer& Dz_Timer2() const { return *m_Dz_Timer2; }
+
+private:
+    void Dz_Timer1_Timer();
+
+    Handlers& m_handlers;
+    ClockLines m_lines;
+    SleepingTimer m_Dz_Timer1;           // the time
+    std::unique_ptr<Timer> m_Dz_Timer2;  // the upper line
+};
+
+}  // namespace tickwell

@@ -1,0 +1,113 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "displays/clock_lines.h"
+
+#include <algorithm>
+
+#include "core/clock_text.h"
+#include "core/integers.h"
+#include "days/announced_names.h"
+
+namespace tickwell {
+
+namespace {
+
+QString DateLine(const AppSettings& settings, QDate today) {
+    return DateText(today, settings.language, settings.yearStyle, settings.displayMode);
+}
+
+QString TimeLine(const AppSettings& settings, QTime now) {
+    return ClockText(now, settings.language, settings.displayMode, settings.hourStyle);
+}
+
+// ms
+constexpr int kClockSecond = 1000;
+constexpr int kClockMinute = 60'000;
+constexpr quint32 kRetryInterval = 5000;  // between two tries to ask a closed database
+
+/// So many whole steps since midnight; -1 for a time that is not there.
+int WholeSteps(QTime time, int step) {
+    return time.isValid() ? time.msecsSinceStartOfDay() / step : -1;
+}
+
+}  // namespace
+
+ClockLines::ClockLines(const AppSettings& settings, const Clock& clock, DayDatabase& dayDatabase,
+                       TextLines lines)
+    : m_settings(settings), m_clock(clock), m_dayDatabase(dayDatabase), m_lines(lines) {}
+
+void ClockLines::Show() {
+    const QDateTime now = m_clock.Now();
+    m_lines.upper.ShowText(DateLine(m_settings, now.date()));
+    m_lines.lower.ShowText(TimeLine(m_settings, now.time()));
+}
+
+void ClockLines::LookUp() {
+    const QDate today = m_clock.Now().date();
+    const QString date = today.toString(Qt::ISODate);
+    if (IsLookUpDue(date)) {
+        m_dateLine = DateLine(m_settings, today);
+        m_rememberedDate = date;
+        m_turn = 0;
+        m_refresh = false;
+        m_names.clear();
+        m_areNamesDue = true;
+        m_tried.reset();
+    }
+    if (m_areNamesDue && UntilNextTry() == 0) {
+        AskForNames(today);
+    }
+}
+
+void ClockLines::AskForNames(QDate today) {
+    m_tried = m_clock.Tick();
+    if (m_dayDatabase.TryOpen()) {
+        m_areNamesDue = false;  // also if the query fails
+        m_names = AnnouncedNames(m_dayDatabase, today);
+    }
+}
+
+qint64 ClockLines::UntilNextTry() const {
+    const quint32 passed = m_tried ? TicksSince(*m_tried, m_clock.Tick()) : kRetryInterval;
+    return passed < kRetryInterval ? kRetryInterval - passed : 0;
+}
+
+void ClockLines::TimeTick() {
+    const QTime now = m_clock.Now().time();
+    if (WholeSteps(now, kClockSecond) != WholeSteps(m_rememberedTime, kClockSecond)) {
+        m_rememberedTime = now;
+        m_lines.lower.SetText(TimeLine(m_settings, now));
+    }
+}
+
+qint64 ClockLines::UntilDue(bool isSeen) const {
+    const QDateTime now = m_clock.Now();
+    if (IsLookUpDue(now.date().toString(Qt::ISODate))) {
+        return 0;
+    }
+    const qint64 untilTime = UntilTimeDue(now.time(), isSeen);
+    return m_areNamesDue ? std::min(untilTime, UntilNextTry()) : untilTime;
+}
+
+qint64 ClockLines::UntilTimeDue(QTime now, bool isSeen) const {
+    const bool hasSeconds =
+        m_settings.language == kLanguageJapanese || m_settings.language == kLanguageEnglish;
+    // The window of another function may have written to the line, which shows the time again within a
+    // second.
+    const bool turnsBySecond = hasSeconds || m_lines.lower.Text() != TimeLine(m_settings, now);
+    const int step = isSeen && turnsBySecond ? kClockSecond : kClockMinute;
+    if (WholeSteps(now, step) != WholeSteps(m_rememberedTime, step)) {
+        return 1;  // it turned between the tick and this question
+    }
+    return step - now.msecsSinceStartOfDay() % step;
+}
+
+void ClockLines::RotateTick() {
+    if (m_names.isEmpty()) {
+        m_lines.upper.SetText(m_dateLine);
+        return;
+    }
+    m_turn = m_turn < m_names.size() ? m_turn + 1 : 0;
+    m_lines.upper.ShowText(m_turn == 0 ? m_dateLine : m_names[m_turn - 1]);
+}
+
+}  // namespace tickwell

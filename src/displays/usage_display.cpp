@@ -1,0 +1,39 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "displays/usage_display.h"
+
+namespace tickwell {
+
+namespace {
+
+constexpr int kUsageTick = 250;  // ms
+
+constexpr DisplayTraits kUsageTraits{.number = kFunctionUsage,
+                                     .menuItem = u"Menu4",
+                                     .caption = u"Windows時計",
+                                     .title = u"Windows使用時間",
+                                     .turnsWithSeconds = true,
+                                     .roll = RollTraits{.caption = u"Windows時計"}};
+
+}  // namespace
+
+UsageDisplay::UsageDisplay(const AppSettings& settings, const Clock& clock, Handlers& handlers,
+                           TimerSource& timers, const DisplayView& view)
+    : m_lines(settings, clock, view.lines),
+      m_Win_Timer(
+          handlers, timers, kUsageTick, [this] { m_lines.Tick(); },
+          [this, isSeen = view.isSeen] { return UntilDue(isSeen()); }) {}
+
+const DisplayTraits& UsageDisplay::Traits() const {
+    return kUsageTraits;
+}
+
+void UsageDisplay::Show() {
+    m_lines.Show();
+    m_Win_Timer.Start();
+}
+
+qint64 UsageDisplay::UntilDue(bool isSeen) const {
+    return isSeen ? m_lines.UntilDue() : SleepingTimer::kLongestSleep;
+}
+
+}  // namespace tickwell

@@ -1,0 +1,163 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "lines/moving_word.h"
+
+#include <QAccessible>
+#include <QAccessibleWidget>
+#include <QPaintEvent>
+#include <QPainter>
+
+#include "lines/line_look.h"
+
+namespace tickwell {
+
+namespace {
+
+constexpr int kIndent = 4;          // pixels before the text
+constexpr int kTellInterval = 250;  // ms: a reader hears of a change at most four times a second
+
+class MovingWordAccessible : public QAccessibleWidget {
+public:
+    explicit MovingWordAccessible(MovingWord* word)
+        : QAccessibleWidget(word, QAccessible::StaticText), m_word(word) {}
+
+    QString text(QAccessible::Text which) const override {
+        return which == QAccessible::Name ? m_word->ToldText() : QAccessibleWidget::text(which);
+    }
+
+private:
+    MovingWord* m_word;
+};
+
+QAccessibleInterface* MakeAccessible(const QString& /*className*/, QObject* object) {
+    auto* word = qobject_cast<MovingWord*>(object);
+    return word == nullptr ? nullptr : new MovingWordAccessible(word);
+}
+
+}  // namespace
+
+void InstallMovingWordAccessibility() {
+    QAccessible::installFactory(&MakeAccessible);
+}
+
+MovingWord::MovingWord(const LineTime& time, QWidget* parent)
+    : QWidget(parent),
+      m_time(time),
+      m_wipeTimer(time.timers.Create(m_frameInterval, [this] { WipeTick(); })),
+      m_teller(time.clock, time.timers, kTellInterval, [this] { TellText(); }) {
+    setAttribute(Qt::WA_OpaquePaintEvent);
+}
+
+MovingWord::~MovingWord() {
+    m_time.pacer.Forget(*this);
+}
+
+void MovingWord::ShowText(const QString& text) {
+    const QString covered = m_text;
+    const bool restarts = IsWiping();
+    const Wipe wipe{m_wipeKind, 0};
+    if (m_frameInterval <= 0 || wipe.Length(size()) <= 0 || !m_time.pacer.IsSeen()) {
+        SetText(text);
+        return;
+    }
+    EndWipe();
+    TakeText(text);
+    if (restarts) {
+        m_time.pacer.Request(*this);
+    }
+    m_wipe = wipe;
+    m_oldText = covered;
+    m_wipeTimer->SetInterval(m_frameInterval);
+    m_wipeTimer->Start();
+}
+
+void MovingWord::SetText(const QString& text) {
+    const bool wiping = IsWiping();
+    EndWipe();
+    if (text == m_text && !wiping) {
+        return;
+    }
+    TakeText(text);
+    m_time.pacer.Request(*this);
+}
+
+void MovingWord::TakeText(const QString& text) {
+    const bool isNew = text != m_text;
+    m_text = text;
+    if (isNew && QAccessible::isActive()) {
+        m_teller.Request();
+    }
+}
+
+QString MovingWord::ToldText() {
+    if (m_bringUp) {
+        m_bringUp();
+    }
+    return m_text;
+}
+
+void MovingWord::SetFrameInterval(qint32 milliseconds) {
+    if (IsWiping() && milliseconds != m_frameInterval) {
+        m_wipeTimer->SetInterval(milliseconds);
+    }
+    m_frameInterval = milliseconds;
+}
+
+/// A frame paints what the edge has passed; all else stands on the screen already.
+void MovingWord::WipeTick() {
+    const QRegion before = m_wipe.NewPart(size());
+    const bool goesOn = m_wipe.Advance(m_stepSize, size()) && m_time.pacer.IsSeen();
+    const QRegion passed = QRegion(goesOn ? m_wipe.NewPart(size()) : rect()) - before;
+    if (!goesOn) {
+        EndWipe();
+    }
+    m_time.pacer.Request(*this, passed.boundingRect());
+}
+
+void MovingWord::EndWipe() {
+    m_wipeTimer->Stop();
+    m_oldText.clear();
+}
+
+/// Tells screen readers of the present text.
+void MovingWord::TellText() {
+    QAccessibleEvent event(this, QAccessible::NameChanged);
+    QAccessible::updateAccessibility(&event);
+}
+
+void MovingWord::SetBackColor(qint32 color) {
+    m_backColor = color;
+    m_time.pacer.Request(*this);
+}
+
+void MovingWord::SetForeColor(qint32 color) {
+    m_foreColor = color;
+    m_time.pacer.Request(*this);
+}
+
+int MovingWord::TextHeight() const {
+    return fontMetrics().height();
+}
+
+void MovingWord::paintEvent(QPaintEvent* event) {
+    const QRect open = event->rect();
+    QPainter painter(this);
+    painter.fillRect(open, ColorOf(m_backColor));
+    painter.setPen(ColorOf(m_foreColor));
+    if (!IsWiping()) {
+        DrawPart(painter, open, m_text);
+        return;
+    }
+    DrawPart(painter, m_wipe.OldPart(size()) & open, m_oldText);
+    DrawPart(painter, m_wipe.NewPart(size()) & open, m_text);
+}
+
+void MovingWord::DrawPart(QPainter& painter, const QRect& part, const QString& text) const {
+    if (part.isEmpty() || text.isEmpty()) {
+        return;
+    }
+    painter.setClipRect(part);
+    painter.drawText(rect().adjusted(kIndent, 0, 0, 0), Qt::AlignVCenter | Qt::AlignLeft | Qt::TextSingleLine,
+                     text);
+}
+
+}  // namespace tickwell

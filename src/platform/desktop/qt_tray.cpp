@@ -1,0 +1,200 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/desktop/qt_tray.h"
+
+#include <xcb/xcb.h>
+
+#include <QDBusConnection>
+#include <QGuiApplication>
+#include <QMenu>
+#include <cstdlib>
+#include <cstring>
+#include <memory>
+#include <utility>
+
+namespace tickwell {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kRetry = 2000;  // ms, after which a bus that hung is asked again
+
+constexpr auto kWatcher = "org.kde.StatusNotifierWatcher";
+
+/// Whether a host of the session bus shows icons.
+MessageBus::Method HostQuestion() {
+    return {kWatcher,
+            "/StatusNotifierWatcher",
+            "org.freedesktop.DBus.Properties",
+            "Get",
+            {kWatcher, "IsStatusNotifierHostRegistered"}};
+}
+
+/// What only the bus itself has to answer.
+MessageBus::Method BusQuestion() {
+    return {"org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus", "GetId", {}};
+}
+
+/// Whether a window of the X11 screen takes icons in.
+bool ScreenHostIsThere() {
+    auto* x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
+    if (x11 == nullptr) {
+        return false;
+    }
+    constexpr auto kSelection = "_NET_SYSTEM_TRAY_S0";
+    xcb_connection_t* server = x11->connection();
+    const auto name = xcb_intern_atom(server, 1, static_cast<quint16>(std::strlen(kSelection)), kSelection);
+    const std::unique_ptr<xcb_intern_atom_reply_t, decltype(&std::free)> atom(
+        xcb_intern_atom_reply(server, name, nullptr), &std::free);
+    if (!atom || atom->atom == XCB_ATOM_NONE) {
+        return false;
+    }
+    const auto question = xcb_get_selection_owner(server, atom->atom);
+    const std::unique_ptr<xcb_get_selection_owner_reply_t, decltype(&std::free)> owner(
+        xcb_get_selection_owner_reply(server, question, nullptr), &std::free);
+    return owner && owner->owner != XCB_WINDOW_NONE;
+}
+
+}  // namespace
+
+void QtTray::Later::operator()(QSystemTrayIcon* tray) const {
+    tray->hide();
+    tray->deleteLater();
+}
+
+QtTray::QtTray(std::function<QIcon()> icon) : m_icon(std::move(icon)) {
+    const QByteArray watcherComesOrGoes =
+        "type='signal',sender='org.freedesktop.DBus',interface='org.freedesktop.DBus',"
+        "member='NameOwnerChanged',arg0='" +
+        QByteArray(kWatcher) + "'";
+    const QByteArray hostComesOrGoes =
+        "type='signal',path='/StatusNotifierWatcher',interface='" + QByteArray(kWatcher) + "'";
+    m_bus.Listen({watcherComesOrGoes, hostComesOrGoes}, [this] { Look(); });
+    m_retry.setSingleShot(true);
+    QObject::connect(&m_retry, &QTimer::timeout, &m_retry, [this] { RemoveLeaving(); });
+    QTimer::singleShot(0, &m_retry, [this] { Look(); });
+}
+
+/// No event loop will come to remove an icon. One of the bus goes with our connection: Qt would wait for a
+/// bus that hangs.
+QtTray::~QtTray() {
+    m_leaving.push_back(std::move(m_tray));
+    for (Icon& icon : m_leaving) {
+        QSystemTrayIcon* const left = icon.release();
+        if (m_kind == HostKind::Screen) {
+            delete left;
+        }
+    }
+}
+
+bool QtTray::IsThere() {
+    Look();
+    return IsKnownThere();
+}
+
+bool QtTray::IsKnownThere() const {
+    switch (m_kind) {
+        case HostKind::Undecided:  // Qt would ask the bus first
+            return !m_busHangs && (m_hasBusHost || ScreenHostIsThere());
+        case HostKind::Bus:
+            return m_hasBusHost;
+        case HostKind::Screen:
+            return ScreenHostIsThere();
+    }
+    return false;
+}
+
+void QtTray::Look() {
+    if (m_isLooking || m_kind == HostKind::Screen) {
+        return;
+    }
+    m_isLooking = true;
+    m_bus.Call(HostQuestion(), [this](const MessageBus::Reply& reply) {
+        m_isLooking = false;
+        TakeBusHost(reply);
+    });
+}
+
+/// A host is of use only if Qt is on the bus as well. Qt does not come back to a bus that was lost, but once
+/// it speaks to hosts of the bus it connects anew for each icon.
+void QtTray::TakeBusHost(const MessageBus::Reply& reply) {
+    const bool hasHost =
+        reply.value == QVariant(true) &&
+        (m_kind == HostKind::Bus || QDBusConnection::sessionBus().isConnected());  // it answers: no waiting
+    const bool isOther = hasHost != m_hasBusHost || reply.hangs != m_busHangs;
+    m_hasBusHost = hasHost;
+    m_busHangs = reply.hangs;
+    if (isOther && m_changed) {
+        m_changed();
+    }
+}
+
+void QtTray::Show(const QString& tip, QMenu& menu, std::function<void()> onClick,
+                  std::function<void(bool isShown)> onShown) {
+    m_wanted = Wanted{tip, &menu, std::move(onClick), std::move(onShown)};
+    if (m_kind == HostKind::Screen) {
+        ShowWanted();
+        return;
+    }
+    m_bus.Call(HostQuestion(), [this](const MessageBus::Reply& reply) {
+        TakeBusHost(reply);
+        if (reply.hangs && m_wanted) {
+            std::exchange(m_wanted, std::nullopt)->onShown(false);
+        }
+        ShowWanted();
+    });
+}
+
+void QtTray::ShowWanted() {
+    if (!m_wanted) {
+        return;
+    }
+    const Wanted wanted = *std::exchange(m_wanted, std::nullopt);
+    const bool isThere = IsKnownThere();
+    if (isThere) {
+        PutUp(wanted);
+    }
+    wanted.onShown(isThere);
+}
+
+void QtTray::PutUp(const Wanted& wanted) {
+    if (m_kind == HostKind::Undecided) {
+        m_kind = m_hasBusHost ? HostKind::Bus : HostKind::Screen;
+    }
+    m_tray.reset(new QSystemTrayIcon(m_icon()));
+    m_tray->setToolTip(wanted.tip);
+    m_tray->setContextMenu(wanted.menu);
+    QObject::connect(m_tray.get(), &QSystemTrayIcon::activated, m_tray.get(),
+                     [onClick = wanted.onClick](QSystemTrayIcon::ActivationReason reason) {
+                         if (reason == QSystemTrayIcon::Trigger) {
+                             onClick();
+                         }
+                     });
+    m_tray->show();
+}
+
+void QtTray::Hide() {
+    m_wanted.reset();
+    if (m_tray == nullptr) {
+        return;
+    }
+    if (m_kind == HostKind::Screen) {
+        m_tray.reset();
+        return;
+    }
+    QObject::disconnect(m_tray.get(), &QSystemTrayIcon::activated, nullptr, nullptr);
+    m_leaving.push_back(std::move(m_tray));
+    RemoveLeaving();
+}
+
+void QtTray::RemoveLeaving() {
+    m_bus.Call(BusQuestion(), [this](const MessageBus::Reply& reply) {
+        if (reply.hangs) {
+            m_retry.start(kRetry);
+        } else {
+            m_leaving.clear();
+        }
+    });
+}
+
+}  // namespace tickwell

@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/desktop/x11_requests.h"
+
+#include <QGuiApplication>
+#include <algorithm>
+#include <cstring>
+
+namespace tickwell {
+
+namespace {
+
+constexpr quint32 kMostItems = 4096;
+
+}  // namespace
+
+xcb_connection_t* X11Connection() {
+    auto* x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
+    return x11 == nullptr ? nullptr : x11->connection();
+}
+
+xcb_window_t RootOf(xcb_connection_t* server) {
+    return xcb_setup_roots_iterator(xcb_get_setup(server)).data->root;
+}
+
+xcb_get_property_cookie_t RequestItems(xcb_connection_t* server, xcb_window_t window, xcb_atom_t property) {
+    return xcb_get_property(server, 0, window, property, XCB_GET_PROPERTY_TYPE_ANY, 0, kMostItems);
+}
+
+QList<quint32> ItemsOf(xcb_connection_t* server, xcb_get_property_cookie_t request) {
+    const XcbReply<xcb_get_property_reply_t> reply(xcb_get_property_reply(server, request, nullptr));
+    if (!reply || reply->format != 32) {
+        return {};
+    }
+    QList<quint32> items(reply->value_len);
+    std::memcpy(items.data(), xcb_get_property_value(reply.get()), static_cast<size_t>(items.size()) * 4);
+    return items;
+}
+
+void SendToManager(xcb_connection_t* server, xcb_window_t window, xcb_atom_t message,
+                   const std::array<quint32, 5>& words) {
+    xcb_client_message_event_t event{};
+    event.response_type = XCB_CLIENT_MESSAGE;
+    event.format = 32;
+    event.window = window;
+    event.type = message;
+    std::copy(words.begin(), words.end(), std::begin(event.data.data32));
+    xcb_send_event(server, 0, RootOf(server),
+                   XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY | XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT,
+                   reinterpret_cast<const char*>(&event));
+}
+
+}  // namespace tickwell

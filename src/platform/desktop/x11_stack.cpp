@@ -1,0 +1,184 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/desktop/x11_stack.h"
+
+#include <algorithm>
+#include <string_view>
+
+#include "platform/desktop/x11_requests.h"
+
+namespace tickwell {
+
+namespace {
+
+constexpr quint32 kAddState = 1;
+constexpr quint32 kFromApplication = 1;
+constexpr quint32 kFromPager =
+    2;  // window managers obey some requests only if they come from a panel or pager
+constexpr quint32 kAllDesktops = 0xFFFFFFFF;
+constexpr quint32 kNormalState = 1;  // in WM_STATE
+
+bool IsSet(const QList<quint32>& flag) {
+    return !flag.isEmpty() && flag.constFirst() != 0;
+}
+
+bool IsViewable(xcb_connection_t* server, xcb_window_t window) {
+    const XcbReply<xcb_get_window_attributes_reply_t> attributes(
+        xcb_get_window_attributes_reply(server, xcb_get_window_attributes(server, window), nullptr));
+    return attributes && attributes->map_state == XCB_MAP_STATE_VIEWABLE;
+}
+
+}  // namespace
+
+xcb_connection_t* X11Stack::Server() {
+    xcb_connection_t* server = X11Connection();
+    if (server != nullptr && Atom(State) == 0) {
+        InternAtoms(server);
+    }
+    return server;
+}
+
+void X11Stack::InternAtoms(xcb_connection_t* server) {
+    constexpr std::array<std::string_view, AtomCount> kNames{"_NET_SUPPORTING_WM_CHECK",
+                                                             "_NET_WM_STATE",
+                                                             "_NET_WM_STATE_ABOVE",
+                                                             "_NET_WM_STATE_STICKY",
+                                                             "_NET_WM_STATE_SKIP_TASKBAR",
+                                                             "_NET_WM_STATE_SKIP_PAGER",
+                                                             "_NET_WM_DESKTOP",
+                                                             "_NET_CURRENT_DESKTOP",
+                                                             "_NET_SHOWING_DESKTOP",
+                                                             "_NET_CLIENT_LIST_STACKING",
+                                                             "_NET_RESTACK_WINDOW",
+                                                             "_NET_WM_USER_TIME",
+                                                             "WM_STATE"};
+    std::array<xcb_intern_atom_cookie_t, AtomCount> requests{};
+    std::transform(kNames.begin(), kNames.end(), requests.begin(), [server](std::string_view name) {
+        return xcb_intern_atom(server, 0, static_cast<quint16>(name.size()), name.data());
+    });
+    std::transform(
+        requests.begin(), requests.end(), m_atoms.begin(), [server](xcb_intern_atom_cookie_t request) {
+            const XcbReply<xcb_intern_atom_reply_t> reply(xcb_intern_atom_reply(server, request, nullptr));
+            return reply ? reply->atom : 0;
+        });
+}
+
+void X11Stack::Declare(quintptr window) {
+    xcb_connection_t* server = Server();
+    if (server == nullptr) {
+        return;
+    }
+    const auto ours = static_cast<xcb_window_t>(window);
+    const std::array<quint32, 4> states{Atom(Above), Atom(Sticky), Atom(SkipTaskbar), Atom(SkipPager)};
+    // Replaces what the window manager left there, such as "hidden"; Qt adds its own states when it maps.
+    xcb_change_property(server, XCB_PROP_MODE_REPLACE, ours, Atom(State), XCB_ATOM_ATOM, 32, states.size(),
+                        states.data());
+    xcb_change_property(server, XCB_PROP_MODE_REPLACE, ours, Atom(Desktop), XCB_ATOM_CARDINAL, 32, 1,
+                        &kAllDesktops);
+    const quint32 never = 0;
+    xcb_change_property(server, XCB_PROP_MODE_REPLACE, ours, Atom(UserTime), XCB_ATOM_CARDINAL, 32, 1,
+                        &never);
+    m_refused = {};
+}
+
+void X11Stack::AskForDeclared(quintptr window) {
+    if (xcb_connection_t* server = Server()) {
+        SendDeclared(server, static_cast<xcb_window_t>(window));
+        xcb_flush(server);
+    }
+}
+
+void X11Stack::SendDeclared(xcb_connection_t* server, quint32 window) const {
+    SendToManager(server, window, Atom(State),
+                  {kAddState, Atom(SkipTaskbar), Atom(SkipPager), kFromApplication, 0});
+    SendToManager(server, window, Atom(State), {kAddState, Atom(Above), Atom(Sticky), kFromApplication, 0});
+    // Not every window manager takes the state for the workspaces: openbox knows their number alone.
+    SendToManager(server, window, Atom(Desktop), {kAllDesktops, kFromApplication, 0, 0, 0});
+}
+
+bool X11Stack::HasDeclared(const Kept& kept) const {
+    const bool isEverywhere =
+        kept.states.contains(Atom(Sticky)) || kept.desktop == QList<quint32>{kAllDesktops};
+    return isEverywhere && kept.states.contains(Atom(SkipTaskbar)) && kept.states.contains(Atom(SkipPager));
+}
+
+/// A window manager that has refused once is not asked again until it changes what it keeps.
+void X11Stack::AskAgain(xcb_connection_t* server, quint32 window, const Kept& kept) {
+    if (HasDeclared(kept)) {
+        m_refused = {};
+    } else if (kept != m_refused) {
+        m_refused = kept;
+        SendDeclared(server, window);
+    }
+}
+
+void X11Stack::PutAbove(quintptr window) {
+    xcb_connection_t* server = Server();
+    if (server == nullptr) {
+        return;
+    }
+    const auto ours = static_cast<xcb_window_t>(window);
+    // All requested before the first answer is read: each answer waited for on its own is one more wake-up.
+    const auto checkWindow = RequestItems(server, RootOf(server), Atom(CheckWindow));
+    const auto stacking = RequestItems(server, RootOf(server), Atom(Stacking));
+    const auto states = RequestItems(server, ours, Atom(State));
+    const auto desktop = RequestItems(server, ours, Atom(Desktop));
+    const bool hasManager = !ItemsOf(server, checkWindow).isEmpty();
+    const QList<quint32> stack = ItemsOf(server, stacking);
+    const Kept kept{ItemsOf(server, states), ItemsOf(server, desktop)};
+    if (!hasManager) {
+        const quint32 above = XCB_STACK_MODE_ABOVE;
+        xcb_configure_window(server, ours, XCB_CONFIG_WINDOW_STACK_MODE, &above);
+    } else {
+        // A manager that has nothing to do is left alone.
+        const bool isTop = !stack.isEmpty() && stack.constLast() == ours;
+        if (!isTop || !kept.states.contains(Atom(Above))) {
+            SendToManager(server, ours, Atom(State), {kAddState, Atom(Above), 0, kFromApplication, 0});
+            SendToManager(server, ours, Atom(Restack), {kFromPager, 0, XCB_STACK_MODE_ABOVE, 0, 0});
+        }
+        AskAgain(server, ours, kept);
+    }
+    xcb_flush(server);
+}
+
+void X11Stack::BringToUser(quintptr window) {
+    xcb_connection_t* server = Server();
+    if (server == nullptr) {
+        return;
+    }
+    const auto ours = static_cast<xcb_window_t>(window);
+    const auto showing = RequestItems(server, RootOf(server), Atom(ShowingDesktop));
+    const auto current = RequestItems(server, RootOf(server), Atom(CurrentDesktop));
+    const auto desktop = RequestItems(server, ours, Atom(Desktop));
+    if (IsSet(ItemsOf(server, showing))) {
+        SendToManager(server, RootOf(server), Atom(ShowingDesktop), {0, 0, 0, 0, 0});
+    }
+    const QList<quint32> here = ItemsOf(server, current);
+    const QList<quint32> kept = ItemsOf(server, desktop);
+    const bool isElsewhere = !kept.isEmpty() && kept.constFirst() != kAllDesktops && kept != here;
+    if (isElsewhere && !here.isEmpty()) {
+        // First here, then everywhere: a manager that refuses the second has still done the first.
+        SendToManager(server, ours, Atom(Desktop), {here.constFirst(), kFromPager, 0, 0, 0});
+        SendDeclared(server, ours);
+    }
+    xcb_flush(server);
+}
+
+bool X11Stack::IsLost(quintptr window) {
+    xcb_connection_t* server = Server();
+    if (server == nullptr) {
+        return false;
+    }
+    const auto ours = static_cast<xcb_window_t>(window);
+    const auto checkWindow = RequestItems(server, RootOf(server), Atom(CheckWindow));
+    const auto showing = RequestItems(server, RootOf(server), Atom(ShowingDesktop));
+    const auto state = RequestItems(server, ours, Atom(WmState));
+    const bool hasManager = !ItemsOf(server, checkWindow).isEmpty();
+    const bool showsDesktop = IsSet(ItemsOf(server, showing));
+    const QList<quint32> kept = ItemsOf(server, state);
+    if (!hasManager) {
+        return !IsViewable(server, ours);
+    }
+    return !showsDesktop && (kept.isEmpty() || kept.constFirst() != kNormalState);
+}
+
+}  // namespace tickwell

@@ -1,0 +1,55 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QString>
+#include <functional>
+#include <memory>
+#include <optional>
+
+#include "core/ports/timer.h"
+#include "media/ports/cd_drive.h"
+#include "platform/disc/cd_look.h"
+#include "platform/disc/cd_stream.h"
+
+namespace tickwell {
+
+/// Accesses the drive through tickwell-cd; this process never touches it. If the helper dies, the disc counts
+/// as not ready until a different one is seen.
+class CdHelperDrive : public CdDrive, public CdPlayback {
+public:
+    /// `helper`: the path of tickwell-cd. `source`: a drive or an image; empty for the machine's own drive,
+    /// which may come and go. Timers and output outlive this object and run in real time, as drives and sound
+    /// do.
+    CdHelperDrive(TimerSource& timers, SoundOutput& output, const QString& helper, QString source);
+
+    bool Exists() const override;
+    CdPicture Picture() const override;
+    void Look() override;
+    void WhenChanged(std::function<void()> changed) override { m_changed = std::move(changed); }
+
+    bool IsLooking() const { return m_look.IsUnderWay(); }
+
+    bool Play(qint64 fromFrame, qint32 toSector) override;
+    bool GoOn(qint32 toSector) override;
+    void Pause() override { m_stream.Pause(); }
+    void Stop() override;
+
+private:
+    void Tick();
+    void Take(const CdSeen& seen);
+    void TakeTrouble(CdStream::Trouble trouble);
+    CdPlace Place() const;
+
+    QString m_source;
+    ChildReaper m_reaper;  // outlives look and stream
+    CdLook m_look;
+    CdStream m_stream;
+    CdSeen m_seen;
+    quint32 m_number = 0;
+    bool m_readError = false;
+    std::optional<CdContents> m_distrusted;  // of a disc that crashed the helper
+    std::function<void()> m_changed;
+    std::unique_ptr<Timer> m_timer;  // runs while a look, a stream or a dying child process needs it
+};
+
+}  // namespace tickwell

@@ -1,0 +1,37 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <optional>
+
+#include "platform/disc/cd_answer.h"
+#include "platform/processes/child_process.h"
+
+namespace tickwell {
+
+/// Determines the state of the drive through tickwell-cd.
+class CdLook {
+public:
+    /// `helper`: the path of tickwell-cd. `reaper` outlives this object.
+    CdLook(ChildReaper& reaper, QString helper) : m_helper(std::move(helper)), m_child(reaper) {}
+
+    /// Starts a look; does nothing while one is running. An empty source means that there is no drive.
+    void Start(const QString& source);
+    bool IsUnderWay() const { return m_isUnderWay; }
+
+    /// To be called every `milliseconds`: the result, once the look has ended. If the helper dies, writes
+    /// invalid output or takes longer than a drive needs to spin up, the drive is not ready.
+    std::optional<CdSeen> Tick(int milliseconds);
+
+private:
+    CdSeen End(CdStatus status);
+
+    QString m_helper;
+    ChildProcess m_child;
+    QByteArray m_answer;  // as far as received
+    int m_passed = 0;     // ms
+    bool m_isUnderWay = false;
+    bool m_isStarted = false;  // the helper is running
+    bool m_hasSource = false;
+};
+
+}  // namespace tickwell

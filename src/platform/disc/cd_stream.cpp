@@ -1,0 +1,198 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/disc/cd_stream.h"
+
+#include <QtEndian>
+#include <utility>
+#include <vector>
+
+#include "cd_helper/protocol.h"
+#include "platform/disc/cd_answer.h"
+
+namespace tickwell {
+
+namespace {
+
+constexpr SoundFormat kDiscFormat{44100, 2};
+constexpr qsizetype kFrameBytes = 4;
+constexpr qint64 kAhead = 3 * qint64{44100};  // frames that are queued at most: a bad sector takes its time
+constexpr qint64 kToBegin = 2 * qint64{44100} / 5;  // frames, 0.4 s
+constexpr int kLongPause = 10'000;                  // ms, after which device and helper are let go
+
+}  // namespace
+
+CdStream::CdStream(SoundOutput& output, ChildReaper& reaper, QString helper)
+    : m_output(output), m_helper(std::move(helper)), m_child(reaper) {}
+
+bool CdStream::Play(const CdPlace& place, qint64 fromFrame, qint32 toSector) {
+    Halt(fromFrame);
+    if (m_stream == nullptr || m_stream->IsLost()) {
+        m_stream.reset();
+        m_stream = m_output.Open(kDiscFormat);
+    }
+    if (m_stream == nullptr) {
+        return false;
+    }
+    m_place = place;
+    m_stretch = CdStretch(place.contents, fromFrame, toSector);
+    m_run = 0;
+    m_queued = 0;
+    m_stream->Hold(true);
+    m_mode = CdMode::Seeking;
+    StartRun();
+    return true;
+}
+
+/// A new end is a new stretch: what was read beyond it, or up to the old one, is of no use.
+bool CdStream::GoOn(const CdPlace& place, qint32 toSector) {
+    const bool isSame = m_stream != nullptr && toSector * kFramesPerSector == m_stretch.End();
+    if (m_mode == CdMode::Stopped || !isSame) {
+        return Play(place, Position(), toSector);
+    }
+    if (m_mode == CdMode::Paused) {
+        m_mode = m_pausedMode;
+        if (m_mode == CdMode::Playing) {
+            m_stream->Hold(false);
+        } else {
+            Sound();
+        }
+    }
+    return true;
+}
+
+void CdStream::Pause() {
+    if (m_mode == CdMode::Seeking || m_mode == CdMode::Playing) {
+        m_stream->Hold(true);
+        m_pausedMode = std::exchange(m_mode, CdMode::Paused);
+        m_rested = 0;
+    }
+}
+
+void CdStream::Stop() {
+    Halt(0);
+}
+
+qint64 CdStream::Position() const {
+    const bool isPlayed = m_mode != CdMode::Stopped && m_stream != nullptr;
+    return isPlayed ? m_stretch.PositionAfter(m_queued - m_stream->FramesWaiting()) : m_position;
+}
+
+CdStream::Trouble CdStream::Tick(int milliseconds) {
+    if (m_mode == CdMode::Stopped || m_stream == nullptr) {
+        TickAtRest(milliseconds);
+        return Trouble::None;
+    }
+    if (const Trouble trouble = ReadAhead(); trouble != Trouble::None) {
+        Halt(Position());
+        return trouble;
+    }
+    if (m_mode == CdMode::Paused) {
+        m_rested += milliseconds;
+        if (m_rested >= kLongPause) {
+            Release();
+        }
+    } else {
+        Sound();
+    }
+    return Trouble::None;
+}
+
+/// Queues what the helper has read, and lets it read the next run when one has ended.
+CdStream::Trouble CdStream::ReadAhead() {
+    if (IsAllRead()) {
+        return Trouble::None;
+    }
+    if (!m_child.IsRunning()) {  // it could not be started
+        return Trouble::HelperDied;
+    }
+    const qint64 wanted = kAhead - m_stream->FramesWaiting();
+    if (wanted <= 0) {
+        return Trouble::None;
+    }
+    if (!QueueSound(m_child.Read(wanted * kFrameBytes))) {
+        return Trouble::OutputGone;
+    }
+    const std::optional<int> code = m_child.ExitCode();
+    if (!code) {
+        return Trouble::None;
+    }
+    if (*code != kEndDone) {
+        return *code == kEndGone ? Trouble::DiscGone : Trouble::HelperDied;
+    }
+    ++m_run;
+    StartRun();
+    return Trouble::None;
+}
+
+void CdStream::StartRun() {
+    m_half.clear();
+    if (IsAllRead()) {
+        return;
+    }
+    const CdRun& run = m_stretch.Runs()[m_run];
+    m_skip = static_cast<qsizetype>(run.from % kFramesPerSector) * kFrameBytes;
+    m_child.Start(m_helper,
+                  {QLatin1String(kReadWord), m_place.source, QString::number(run.from / kFramesPerSector),
+                   QString::number(run.to / kFramesPerSector), ContentsText(m_place.contents)});
+}
+
+/// False where the output takes nothing any more.
+bool CdStream::QueueSound(QByteArray bytes) {
+    const qsizetype skipped = std::min(m_skip, bytes.size());
+    m_skip -= skipped;
+    bytes = std::exchange(m_half, QByteArray()) + bytes.mid(skipped);
+    const qsizetype frames = bytes.size() / kFrameBytes;
+    m_half = bytes.mid(frames * kFrameBytes);
+    if (frames == 0) {
+        return true;
+    }
+    std::vector<qint16> samples(static_cast<std::size_t>(frames) * 2);
+    qFromLittleEndian<qint16>(bytes.constData(), frames * 2, samples.data());
+    if (!m_stream->Queue(samples)) {
+        return false;
+    }
+    m_queued += frames;
+    return true;
+}
+
+/// Lets sound what there is enough of, and ends where all of it has sounded. Where reading is too slow the
+/// sound is held until there is enough again: a short silence rather than a stutter.
+void CdStream::Sound() {
+    const qint64 waiting = m_stream->FramesWaiting();
+    if (IsAllRead() && waiting == 0) {
+        Halt(m_stretch.End());
+    } else if (m_mode == CdMode::Seeking && (IsAllRead() || waiting >= kToBegin)) {
+        m_stream->Hold(false);
+        m_mode = CdMode::Playing;
+    } else if (m_mode == CdMode::Playing && waiting == 0) {
+        m_stream->Hold(true);
+        m_mode = CdMode::Seeking;
+    }
+}
+
+/// Ends playing. The device is kept a little: what it took still sounds.
+void CdStream::Halt(qint64 position) {
+    m_child.End();
+    if (m_stream != nullptr) {
+        m_stream->Clear();
+        m_stream->Hold(false);
+    }
+    m_mode = CdMode::Stopped;
+    m_position = position;
+    m_rested = 0;
+}
+
+/// Lets go of device and helper in a pause; going on then reads from the very next frame.
+void CdStream::Release() {
+    m_position = Position();
+    m_child.End();
+    m_stream.reset();
+}
+
+void CdStream::TickAtRest(int milliseconds) {
+    m_rested += milliseconds;
+    if (m_rested > kSoundTail) {
+        m_stream.reset();
+    }
+}
+
+}  // namespace tickwell

@@ -1,0 +1,38 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/disc/cd_stretch.h"
+
+#include <algorithm>
+
+namespace tickwell {
+
+CdStretch::CdStretch(const CdContents& contents, qint64 fromFrame, qint32 toSector)
+    : m_end(toSector * kFramesPerSector) {
+    for (qsizetype i = 0; i < contents.tracks.size(); ++i) {
+        const bool isLast = i + 1 == contents.tracks.size();
+        const qint32 start =
+            i == 0 ? 0 : contents.tracks[i].start;  // what lies before the first belongs to it
+        const qint32 end = isLast ? contents.leadOut : contents.tracks[i + 1].start;
+        const CdRun run{std::max(fromFrame, start * kFramesPerSector),
+                        std::min(m_end, end * kFramesPerSector)};
+        if (!contents.tracks[i].isAudio || run.from >= run.to) {
+            continue;
+        }
+        if (!m_runs.isEmpty() && m_runs.last().to == run.from) {
+            m_runs.last().to = run.to;
+        } else {
+            m_runs.append(run);
+        }
+    }
+}
+
+qint64 CdStretch::PositionAfter(qint64 frames) const {
+    for (const CdRun& run : m_runs) {
+        if (frames < run.to - run.from) {
+            return run.from + frames;
+        }
+        frames -= run.to - run.from;
+    }
+    return m_end;
+}
+
+}  // namespace tickwell

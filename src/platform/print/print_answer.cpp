@@ -1,0 +1,72 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/print/print_answer.h"
+
+#include <QList>
+#include <QtGlobal>
+#include <algorithm>
+#include <array>
+
+#include "print_helper/protocol.h"
+
+namespace tickwell {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr qsizetype kFields = 3;         // word, queue, reason
+constexpr qsizetype kLongestText = 300;  // characters, so that a box stays on the screen
+
+struct Sentence {
+    const char* word = nullptr;
+    QStringView text;  // %1 is the name of the queue
+};
+
+constexpr std::array<Sentence, 7> kSentences{{
+    {kNoService,
+     u"印刷サービス（CUPS）に接続できません。\r\nサービスが動いているか確かめてから、もう一度印刷してください"
+     u"。"},
+    {kNoPrinter, u"通常使うプリンターが設定されていません。"},
+    {kNotPainted, u"印刷するページを作れませんでした。"},
+    {kRejecting, u"プリンター「%1」は印刷を受け付けていません。"},
+    {kForbidden, u"プリンター「%1」の使用が許可されていません。"},
+    {kRefused, u"プリンター「%1」に印刷できませんでした。"},
+    {kAborted, u"プリンター「%1」が印刷を中止しました。"},
+}};
+
+PrintNews FailedBecause(const QString& reason) {
+    return {PrintStage::Failed, reason};
+}
+
+}  // namespace
+
+PrintNews NewsFrom(const QByteArray& line) {
+    const QList<QByteArray> fields = line.split(kAnswerJoint);
+    if (fields.size() == kFields && fields[0] == kAccepted) {
+        return {PrintStage::Accepted, {}};
+    }
+    const auto sentence = std::find_if(
+        kSentences.begin(), kSentences.end(),
+        [&fields](const Sentence& known) { return fields.size() == kFields && fields[0] == known.word; });
+    if (sentence == kSentences.end()) {
+        qWarning("tickwell-print wrote an unknown answer: %s", line.left(kLongestText).constData());
+        return NewsOfDeadHelper();
+    }
+    const QString queue = QString::fromUtf8(fields[1]).left(kLongestText);
+    const QString said = QString::fromUtf8(fields[2]).left(kLongestText).trimmed();
+    QString reason = sentence->text.toString().replace(u"%1"_s, queue);
+    if (!said.isEmpty() && fields[0] != kNoPrinter) {
+        reason += u"\r\n理由："_s + said;
+    }
+    return FailedBecause(reason);
+}
+
+PrintNews NewsOfMissingHelper(const QString& path) {
+    return FailedBecause(u"印刷プログラムを起動できませんでした。\r\n"_s + path);
+}
+
+PrintNews NewsOfDeadHelper() {
+    return FailedBecause(u"印刷プログラムが途中で終了したため、印刷できませんでした。"_s);
+}
+
+}  // namespace tickwell

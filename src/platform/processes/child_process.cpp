@@ -1,0 +1,221 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/processes/child_process.h"
+
+#include <fcntl.h>
+#include <poll.h>
+#include <spawn.h>
+#include <sys/mman.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+extern "C" {
+#include <sys/pidfd.h>  // made for C alone
+}
+
+#include <QFile>
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <csignal>
+
+namespace tickwell {
+
+namespace {
+
+constexpr int kLastPatience = 200;  // ms for children that are still dying when the program ends
+constexpr int kMostAtOnce = 65536;  // bytes, what a pipe holds
+
+/// A file in memory that holds `bytes`, to be read from its beginning; below 0 if there cannot be one. Unlike
+/// a pipe it takes all of them at once, whether or not the child reads.
+int FileOf(const QByteArray& bytes) {
+    const int file = memfd_create("input", MFD_CLOEXEC);
+    qsizetype written = 0;
+    while (file >= 0 && written < bytes.size()) {
+        const ssize_t count =
+            write(file, bytes.constData() + written, static_cast<std::size_t>(bytes.size() - written));
+        if (count < 0 && errno == EINTR) {
+            continue;
+        }
+        if (count <= 0) {
+            break;
+        }
+        written += count;
+    }
+    if (file >= 0 && (written < bytes.size() || lseek(file, 0, SEEK_SET) != 0)) {
+        close(file);
+        return -1;
+    }
+    return file;
+}
+
+/// What a child starts with: the file to read, the pipe to write to, and none of this program's other files.
+class Actions {
+public:
+    Actions(int input, int output) {
+        m_isGood = posix_spawn_file_actions_init(&m_actions) == 0;
+        m_isGood = m_isGood && posix_spawn_file_actions_adddup2(&m_actions, input, STDIN_FILENO) == 0 &&
+                   posix_spawn_file_actions_adddup2(&m_actions, output, STDOUT_FILENO) == 0 &&
+                   posix_spawn_file_actions_addclosefrom_np(&m_actions, STDERR_FILENO + 1) == 0;
+    }
+    ~Actions() { posix_spawn_file_actions_destroy(&m_actions); }
+    Actions(const Actions&) = delete;
+    Actions& operator=(const Actions&) = delete;
+
+    bool IsGood() const { return m_isGood; }
+    const posix_spawn_file_actions_t* Get() const { return &m_actions; }
+
+private:
+    posix_spawn_file_actions_t m_actions{};
+    bool m_isGood = false;
+};
+
+/// Signals as every program expects them, whatever we or our libraries made of them.
+class Attributes {
+public:
+    Attributes() {
+        sigset_t none;
+        sigset_t all;
+        sigemptyset(&none);
+        sigfillset(&all);
+        m_isGood =
+            posix_spawnattr_init(&m_attributes) == 0 &&
+            posix_spawnattr_setsigmask(&m_attributes, &none) == 0 &&
+            posix_spawnattr_setsigdefault(&m_attributes, &all) == 0 &&
+            posix_spawnattr_setflags(&m_attributes, POSIX_SPAWN_SETSIGMASK | POSIX_SPAWN_SETSIGDEF) == 0;
+    }
+    ~Attributes() { posix_spawnattr_destroy(&m_attributes); }
+    Attributes(const Attributes&) = delete;
+    Attributes& operator=(const Attributes&) = delete;
+
+    bool IsGood() const { return m_isGood; }
+    const posix_spawnattr_t* Get() const { return &m_attributes; }
+
+private:
+    posix_spawnattr_t m_attributes{};
+    bool m_isGood = false;
+};
+
+/// The id of the child; 0 where it could not be started.
+pid_t Spawn(const QList<QByteArray>& words, int input, int output) {
+    const Actions actions(input, output);
+    const Attributes attributes;
+    std::vector<char*> pointers;
+    for (const QByteArray& word : words) {
+        pointers.push_back(
+            const_cast<char*>(word.constData()));  // the call takes them so and leaves them alone
+    }
+    pointers.push_back(nullptr);
+    pid_t child = 0;
+    const bool started =
+        actions.IsGood() && attributes.IsGood() &&
+        posix_spawn(&child, pointers.front(), actions.Get(), attributes.Get(), pointers.data(), environ) == 0;
+    return started ? child : 0;
+}
+
+}  // namespace
+
+ChildReaper::~ChildReaper() {
+    for (const pid_t child : m_ended) {
+        if (const int descriptor = pidfd_open(child, 0); descriptor >= 0) {
+            pollfd ended{descriptor, POLLIN, 0};
+            poll(&ended, 1, kLastPatience);
+            close(descriptor);
+        }
+    }
+    Reap();
+}
+
+void ChildReaper::End(pid_t child) {
+    kill(child, SIGKILL);
+    m_ended.push_back(child);
+    Reap();
+}
+
+void ChildReaper::Reap() {
+    const auto isGone = [](pid_t child) { return waitpid(child, nullptr, WNOHANG) != 0; };
+    m_ended.erase(std::remove_if(m_ended.begin(), m_ended.end(), isGone), m_ended.end());
+}
+
+bool ChildProcess::Start(const QString& program, const QStringList& arguments, const QByteArray& input) {
+    End();
+    const int file = FileOf(input);
+    if (file < 0) {
+        return false;
+    }
+    std::array<int, 2> ends{};
+    if (pipe2(ends.data(), O_CLOEXEC) != 0) {
+        close(file);
+        return false;
+    }
+    QList<QByteArray> words{QFile::encodeName(program)};
+    for (const QString& argument : arguments) {
+        words.append(QFile::encodeName(argument));
+    }
+    m_child = Spawn(words, file, ends[1]);
+    close(file);
+    close(ends[1]);
+    m_pipe = ends[0];
+    if (m_child == 0 || fcntl(m_pipe, F_SETFL, O_NONBLOCK) != 0) {
+        End();
+        return false;
+    }
+    return true;
+}
+
+QByteArray ChildProcess::Read(qsizetype most) {
+    QByteArray bytes;
+    while (m_pipe >= 0 && bytes.size() < most) {
+        const qsizetype before = bytes.size();
+        const qsizetype wanted = std::min<qsizetype>(kMostAtOnce, most - before);
+        bytes.resize(before + wanted);
+        const ssize_t count = read(m_pipe, bytes.data() + before, static_cast<std::size_t>(wanted));
+        const int error = errno;
+        bytes.resize(before + std::max<ssize_t>(0, count));
+        if (count < 0 && error == EINTR) {
+            continue;
+        }
+        if (count < 0 && error == EAGAIN) {
+            break;
+        }
+        if (count <= 0) {
+            ClosePipe();
+        }
+    }
+    return bytes;
+}
+
+std::optional<int> ChildProcess::ExitCode() {
+    if (m_child == 0 || m_pipe >= 0) {
+        return std::nullopt;
+    }
+    int status = 0;
+    const pid_t ended = waitpid(m_child, &status, WNOHANG);
+    if (ended == 0) {
+        return std::nullopt;
+    }
+    const bool hasCode = ended == m_child && WIFEXITED(status);
+    m_child = 0;
+    return hasCode ? WEXITSTATUS(status) : -1;
+}
+
+void ChildProcess::End() {
+    ClosePipe();
+    if (m_child > 0) {
+        m_reaper.End(m_child);
+        m_child = 0;
+    }
+}
+
+void ChildProcess::LetGo() {
+    ClosePipe();
+    m_child = 0;
+}
+
+void ChildProcess::ClosePipe() {
+    if (m_pipe >= 0) {
+        close(m_pipe);
+        m_pipe = -1;
+    }
+}
+
+}  // namespace tickwell

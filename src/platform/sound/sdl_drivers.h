@@ -1,0 +1,37 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QString>
+
+#include "media/ports/sound_output.h"
+#include "platform/sound/sdl_library.h"
+
+namespace tickwell {
+
+/// All SDL calls that may block on a sound server. Used by one thread at a time.
+class SdlDrivers {
+public:
+    explicit SdlDrivers(const QString& library) : m_library(library) {}
+
+    /// 0 if there is none.
+    SDL_AudioDeviceID Open(const SoundFormat& format);
+
+    void Close(SDL_AudioDeviceID device);
+
+    /// SDL keeps its last error per thread and is not notified when a thread of this program ends.
+    void ForgetThread();
+
+    /// After a device was opened.
+    const SdlFunctions& Functions() const { return *m_sdl; }
+
+private:
+    bool Prepare();
+    void Leave();
+
+    SdlLibrary m_library;
+    const SdlFunctions* m_sdl = nullptr;  // once it is loaded
+    int m_devices = 0;
+    bool m_isPrepared = false;
+};
+
+}  // namespace tickwell

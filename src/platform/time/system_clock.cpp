@@ -1,0 +1,19 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/time/system_clock.h"
+
+#include <ctime>
+
+namespace tickwell {
+
+QDateTime SystemClock::Now() const {
+    return QDateTime::currentDateTime();
+}
+
+qint32 SystemClock::Tick() const {
+    timespec time{};
+    clock_gettime(CLOCK_BOOTTIME, &time);  // cannot fail: the clock exists since Linux 2.6.39
+    const qint64 milliseconds = qint64{time.tv_sec} * 1000 + time.tv_nsec / 1'000'000;
+    return static_cast<qint32>(static_cast<quint32>(milliseconds));
+}
+
+}  // namespace tickwell

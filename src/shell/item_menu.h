@@ -1,0 +1,38 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QAction>
+#include <QMenu>
+#include <functional>
+#include <span>
+
+#include "core/handlers.h"
+#include "shell/menu_items.h"
+
+namespace tickwell {
+
+/// What was chosen: a command and its number, as a MenuItem has them.
+using MenuChosen = std::function<void(MenuCommand command, qint32 number)>;
+
+/// A menu made from a list of items. It knows its items; what choosing one does is its owner's.
+class ItemMenu : public QMenu {
+    Q_OBJECT
+
+public:
+    /// `handlers` outlives the menu.
+    ItemMenu(QStringView name, std::span<const MenuItem> items, Handlers& handlers, MenuChosen chosen,
+             QWidget* parent);
+
+    /// The first item of this command, owned by the menu; the command is one of the list's.
+    QAction* Item(MenuCommand command) const;
+
+protected:
+    /// Adds an item at the end.
+    QAction* Add(const MenuItem& item);
+
+private:
+    Handlers& m_handlers;
+    MenuChosen m_chosen;
+};
+
+}  // namespace tickwell

@@ -1,0 +1,35 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QActionGroup>
+#include <QHash>
+
+#include "core/display.h"
+#include "displays/function_marks.h"
+#include "shell/item_menu.h"
+
+namespace tickwell {
+
+/// The menu of the main window, with an item for each display, and the submenu of the tools.
+class MainMenu : public ItemMenu, public FunctionMarks {
+    Q_OBJECT
+
+public:
+    /// `handlers` outlives the menu. A chosen display comes as ChangeFunction with its number, a chosen tool
+    /// as StartTool with its index.
+    MainMenu(const Displays& displays, Handlers& handlers, const MenuChosen& chosen, QWidget* parent);
+
+    void CheckFunction(qint32 number) override;
+    void EnableOperation(bool enabled) override;
+
+    /// Shows the items of these tools and of no others; without any the submenu is hidden as well.
+    void ShowTools(const QList<int>& indexes);
+
+private:
+    void MakeFunctionsExclusive(const Displays& displays);
+
+    QHash<qint32, QAction*> m_functionItems;  // owned by the menu, as all of them
+    ItemMenu* m_tools;
+};
+
+}  // namespace tickwell

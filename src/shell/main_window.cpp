@@ -1,0 +1,240 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "shell/main_window.h"
+
+#include <QGuiApplication>
+#include <QStyleHints>
+
+#include "core/settings_io.h"
+#include "lines/line_styles.h"
+
+namespace tickwell {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// ms
+constexpr int kFitDelay = 3000;
+constexpr int kStartDelay = 8000;
+constexpr int kKeepTopTick = 2000;
+constexpr int kSecond = 1000;
+constexpr int kChimeTick = 1000;
+
+}  // namespace
+
+Form1::Form1(const MainWindowParts& parts)
+    : QWidget(nullptr, Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint),
+      m_parts(parts),
+      m_pacer(parts.clock, parts.timers),
+      m_MovingWord1(std::make_unique<MovingWord>(LineTime{parts.clock, parts.timers, m_pacer}, this)),
+      m_MovingWord2(std::make_unique<MovingWord>(LineTime{parts.clock, parts.timers, m_pacer}, this)),
+      m_displays(parts.makeDisplays(ViewForDisplays())),
+      m_menu(new MainMenu(
+          m_displays, parts.handlers,
+          [this](MenuCommand command, qint32 number) { Menu_Click(command, number); }, this)),
+      m_trayMenu(new ItemMenu(
+          u"Menu90", kTrayMenuItems, parts.handlers,
+          [this](MenuCommand command, qint32 number) { Menu_Click(command, number); }, this)),
+      m_chime(parts.clock, parts.settings, parts.playChime),
+      m_setuptimer(parts.handlers.MakeTimer(parts.timers, kFitDelay, [this] { setuptimer_Timer(); })),
+      m_KeepTop(
+          parts.handlers, parts.timers, kKeepTopTick, [this] { KeepTop_Timer(); },
+          [this] { return UntilKeepTop(); }),
+      m_Timer3(
+          parts.handlers, parts.timers, kChimeTick, [this] { m_chime.Timer3_Timer(); },
+          [this] { return m_chime.UntilDue(); }),
+      m_switch(parts.settings, {*m_MovingWord1, *m_MovingWord2}, *m_menu, m_displays),
+      m_roll(m_displays, parts.further.roll, parts.power, parts.handlers, parts.timers,
+             [this](qint32 number) { ChangeFunction(number); }),
+      m_gesture(QGuiApplication::styleHints()->startDragDistance()),
+      m_tools(parts.folder, parts.starter),
+      m_storage(parts.tray, *m_trayMenu, parts.handlers, parts.timers,
+                [this](bool stored) { SetStored(stored); }) {
+    setObjectName(u"Form1"_s);
+    setWindowTitle(u"Tickwell"_s);
+    m_MovingWord1->setObjectName(u"MovingWord1"_s);
+    m_MovingWord2->setObjectName(u"MovingWord2"_s);
+    setAttribute(Qt::WA_ShowWithoutActivating);
+    setMouseTracking(true);
+    m_MovingWord1->setMouseTracking(true);
+    m_MovingWord2->setMouseTracking(true);
+    m_menu->Item(MenuCommand::ShowCalendar)->setEnabled(parts.windows.calendar != nullptr);
+    m_menu->Item(MenuCommand::ShowSettings)->setEnabled(parts.windows.settings != nullptr);
+    m_menu->Item(MenuCommand::ShowHelp)->setEnabled(parts.windows.help != nullptr);
+    m_trayMenu->Item(MenuCommand::ShowHelp)->setEnabled(parts.windows.help != nullptr);
+    m_menu->Item(MenuCommand::ShowAbout)->setEnabled(parts.windows.about != nullptr);
+    connect(m_menu, &QMenu::aboutToShow, this, &Form1::Menu_AboutToShow);
+    m_MovingWord2->BringUpForReaders([this] { BringUpShown(); });
+    m_parts.jumps.Listen([this] { WakeTimers(); });
+    m_parts.tray.WhenChanged([this] { Menu_AboutToShow(); });  // an open menu follows
+}
+
+DisplayView Form1::ViewForDisplays() {
+    return {.lines = {*m_MovingWord1, *m_MovingWord2},
+            .functions = *this,
+            .isSeen = [this] { return m_pacer.IsSeen(); },
+            .untilFrame = [this] { return m_pacer.UntilFrame(); },
+            .linesWritten = [this] { WakeShown(); }};
+}
+
+Form1::~Form1() {
+    m_parts.tray.WhenChanged(nullptr);
+    m_parts.jumps.Listen(nullptr);
+}
+
+void Form1::Form_Load() {
+    WindowGeometry geometry;
+    m_menu->ShowTools(m_tools.Present());
+    LoadWindowGeometry(m_parts.store, m_parts.settings, geometry);
+    m_geometry.Set(geometry);
+    ApplyStyles();
+    resize(m_geometry.Width(), height());
+    move(m_geometry.Position());
+    m_MovingWord1->SetText(u"Tickwell Ver.2"_s);
+    m_MovingWord2->SetText(QString());
+    m_setuptimer->Start();
+    m_Timer3.Start();
+}
+
+void Form1::ApplyStyles() {
+    ApplyLineStyles(*m_MovingWord1, *m_MovingWord2, m_parts.settings);
+    Form_Resize();
+}
+
+void Form1::ApplySettings() {
+    ApplyStyles();
+    ChangeFunction(GetFuncNumber());
+    RaiseRefresh();
+}
+
+void Form1::Form_Resize() {
+    const LineLayout layout = LayoutOf(width(), m_MovingWord1->TextHeight(), m_MovingWord2->TextHeight());
+    setFixedHeight(layout.height);
+    m_MovingWord1->setGeometry(layout.upper);
+    m_MovingWord2->setGeometry(layout.lower);
+}
+
+/// The start-up delay in two halves: the lines are fitted once the desktop has settled, then the function
+/// starts.
+void Form1::setuptimer_Timer() {
+    if (!m_fitted) {
+        m_fitted = true;
+        m_geometry.Settle();
+        if (isVisible() && IsLost()) {
+            ShowAgain();  // it was mapped while the window manager was still starting up
+        }
+        Form_Resize();
+        m_setuptimer->SetInterval(kStartDelay);
+        return;
+    }
+    m_setuptimer->Stop();
+    m_started = true;
+    UpdateKeepTop();
+    ChangeFunction(m_parts.settings.function);
+}
+
+void Form1::ChangeFunction(qint32 number) {
+    m_switch.ChangeFunction(number);
+    m_roll.FunctionChanged(number);
+}
+
+void Form1::RaiseRefresh() {
+    for (const auto& display : m_displays) {
+        display->Refresh();
+    }
+}
+
+/// The time jumped: what was due then may be due now.
+void Form1::WakeTimers() {
+    m_Timer3.Wake();
+    for (const auto& display : m_displays) {
+        display->Wake();
+    }
+}
+
+void Form1::WakeShown() const {
+    if (Display* const shown = m_switch.Shown()) {
+        shown->Wake();
+    }
+}
+
+void Form1::BringUpShown() const {
+    if (Display* const shown = m_switch.Shown()) {
+        shown->BringUp();
+    }
+}
+
+/// Lines that nobody sees are not updated; the first frame that is seen shows what holds then.
+void Form1::SetSeen(bool isSeen) {
+    if (isSeen == m_pacer.IsSeen()) {
+        return;
+    }
+    m_pacer.SetSeen(isSeen);
+    if (isSeen) {
+        for (const auto& display : m_displays) {
+            display->Tick();
+        }
+    }
+}
+
+void Form1::Menu_Click(MenuCommand command, qint32 number) {
+    switch (command) {
+        case MenuCommand::ChangeFunction:
+            return ChangeFunction(number);
+        case MenuCommand::ShowCalendar:
+            return m_parts.windows.calendar();
+        case MenuCommand::StartTool:
+            return m_tools.Start(number);
+        case MenuCommand::ShowSettings:
+            return m_parts.windows.settings();
+        case MenuCommand::StoreInTray:
+            return m_storage.Store();
+        case MenuCommand::TakeFromTray:
+            return m_storage.TakeBack();
+        case MenuCommand::ShowHelp:
+            return m_parts.windows.help();
+        case MenuCommand::ShowAbout:
+            return m_parts.windows.about();
+        case MenuCommand::Quit:
+            close();
+            return;
+        case MenuCommand::ShowOperation:
+            return ShowOperation();
+        case MenuCommand::Separator:
+        case MenuCommand::Tools:
+            return;
+    }
+}
+
+void Form1::ShowOperation() const {
+    if (Display* const shown = m_switch.Shown()) {
+        shown->OpenWindow();
+    }
+}
+
+/// Where nothing shows an icon, putting the window away would lose it.
+void Form1::Menu_AboutToShow() {
+    m_menu->Item(MenuCommand::StoreInTray)->setEnabled(m_storage.CanStore());
+}
+
+/// With the second tick of the line from now, so that both wake the machine up once; never later than its
+/// interval.
+qint64 Form1::UntilKeepTop() const {
+    const Display* const shown = m_switch.Shown();
+    const qint64 untilLine = shown != nullptr && shown->Traits().turnsWithSeconds ? shown->UntilDue(true) : 0;
+    const bool isTicking = untilLine > 1 && untilLine <= kSecond;  // 1 where it ticks at this very moment
+    return isTicking ? kKeepTopTick - kSecond + untilLine : kKeepTopTick;
+}
+
+void Form1::SaveAll() {
+    SaveSettings(m_parts.store, m_parts.settings, m_parts.further, m_geometry.Geometry());
+}
+
+QList<QMenu*> Form1::VisibleMenus() const {
+    QList<QMenu*> menus{m_menu};
+    menus.append(m_menu->findChildren<QMenu*>());
+    menus.removeIf([](const QMenu* menu) { return !menu->isVisible(); });
+    return menus;
+}
+
+}  // namespace tickwell

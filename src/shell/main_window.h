@@ -1,0 +1,112 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QWidget>
+#include <memory>
+
+#include "core/day_changes.h"
+#include "core/display.h"
+#include "core/sleeping_timer.h"
+#include "displays/function_switch.h"
+#include "displays/roll.h"
+#include "lines/moving_word.h"
+#include "shell/main_menu.h"
+#include "shell/main_window_parts.h"
+#include "shell/pointer_gesture.h"
+#include "shell/tool_launcher.h"
+#include "shell/tray_storage.h"
+#include "shell/window_geometry.h"
+
+namespace tickwell {
+
+/// The display window: two lines, small, without a frame, above all others. It ties lines, timers and menu to
+/// what computes them. Built at rest: Form_Load reads its place and starts it.
+class Form1 : public QWidget, public DisplayFunctions, public DayChanges {
+    Q_OBJECT
+
+public:
+    explicit Form1(const MainWindowParts& parts);
+    ~Form1() override;
+
+    /// Reads the stored place and width, gives the lines their look and starts the start-up delay. Throws
+    /// RunTimeError; the window must then not be shown.
+    void Form_Load();
+    void ChangeFunction(qint32 number) override;
+    qint32 GetFuncNumber() const override { return m_parts.settings.function; }
+
+    const Displays& AllDisplays() const { return m_displays; }
+
+    /// The settings have changed: looks, function, date and roll follow at once.
+    void ApplySettings();
+    void RaiseRefresh() override;
+
+    /// Shows the window above the others, whatever hid it: the notification area, the window manager, another
+    /// workspace, or a place outside all screens.
+    void ComeForward();
+    /// The same, and opens the menu for the keyboard.
+    void ComeForwardWithMenu();
+
+    /// While the settings stand open, the window does not put itself above them.
+    void HoldKeepTop(bool held);
+    /// Writes the settings with the window's present place. Throws RunTimeError.
+    void SaveAll();
+    /// The menus that stand open.
+    QList<QMenu*> VisibleMenus() const;
+
+protected:
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void moveEvent(QMoveEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+    bool event(QEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    void Form_Resize();
+    void setuptimer_Timer();
+    void KeepTop_Timer();
+    void Menu_Click(MenuCommand command, qint32 number);
+    void Menu_AboutToShow();
+    void ShowOperation() const;
+    void ApplyStyles();
+    void PopUpMenu(QPoint at);
+    void OpenMenuByKey();
+    void SetStored(bool stored);
+    void SetSeen(bool isSeen);
+    void WakeTimers();
+    void WakeShown() const;
+    void BringUpShown() const;
+    DisplayView ViewForDisplays();
+    qint64 UntilKeepTop() const;
+    void UpdateKeepTop();
+    bool IsCovered() const;
+    bool IsLost() const;
+    void ShowAgain();
+
+    MainWindowParts m_parts;
+    FramePacer m_pacer;
+    std::unique_ptr<MovingWord> m_MovingWord1;  // they leave before their pacer does
+    std::unique_ptr<MovingWord> m_MovingWord2;
+    Displays m_displays;
+    MainMenu* m_menu;      // owned by the window, as its child
+    ItemMenu* m_trayMenu;  // likewise
+    Chime m_chime;
+    std::unique_ptr<Timer> m_setuptimer;
+    SleepingTimer m_KeepTop;
+    SleepingTimer m_Timer3;
+    FunctionSwitch m_switch;
+    Roll m_roll;
+    GeometryKeeper m_geometry;
+    PointerGesture m_gesture;
+    ToolLauncher m_tools;
+    TrayStorage m_storage;
+    bool m_fitted = false;   // the first half of the start-up delay is over
+    bool m_started = false;  // all of it
+    bool m_keepTopHeld = false;
+};
+
+}  // namespace tickwell

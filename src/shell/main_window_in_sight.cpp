@@ -1,0 +1,114 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// What keeps the main window in sight: above the others, on the screen, out of the notification area.
+#include <QApplication>
+#include <QScreen>
+#include <QWindow>
+#include <algorithm>
+
+#include "shell/main_window.h"
+
+namespace tickwell {
+
+namespace {
+
+bool IsExposed(const QWidget& window) {
+    return window.windowHandle() != nullptr && window.windowHandle()->isExposed();
+}
+
+QList<QRect> Screens() {
+    QList<QRect> screens;
+    for (const QScreen* each : QGuiApplication::screens()) {
+        screens.append(each->geometry());
+    }
+    return screens;
+}
+
+}  // namespace
+
+void Form1::SetStored(bool stored) {
+    if (!stored) {
+        m_geometry.Unsettle();
+        move(m_geometry.Position());
+    }
+    setVisible(!stored);
+    UpdateKeepTop();
+}
+
+void Form1::HoldKeepTop(bool held) {
+    m_keepTopHeld = held;
+    UpdateKeepTop();
+}
+
+void Form1::UpdateKeepTop() {
+    if (m_started && !m_keepTopHeld && !m_storage.IsStored()) {
+        m_KeepTop.Start();
+    } else {
+        m_KeepTop.Stop();
+    }
+}
+
+/// Another window may have been put above this one, and the window manager may have iconified it.
+void Form1::KeepTop_Timer() {
+    m_geometry.Settle();
+    if (QApplication::activePopupWidget() == nullptr && IsLost()) {
+        ShowAgain();
+    }
+    if (!IsCovered()) {
+        m_parts.stack.PutAbove(winId());
+    }
+}
+
+/// Whether one of our own menus or windows, which the user is working with, covers this one.
+bool Form1::IsCovered() const {
+    const QWidgetList windows = QApplication::topLevelWidgets();
+    return QApplication::activePopupWidget() != nullptr ||
+           std::any_of(windows.begin(), windows.end(), [this](const QWidget* each) {
+               return each != this && each->isVisible() && !each->isMinimized() &&
+                      each->frameGeometry().intersects(frameGeometry());
+           });
+}
+
+/// Qt counts an iconified window as visible. The window system is only asked if Qt saw the window disappear.
+bool Form1::IsLost() const {
+    return isMinimized() || (!IsExposed(*this) && m_parts.stack.IsLost(winId()));
+}
+
+/// Withdraws the window and shows it anew. Deiconifying it instead would give it the focus under some window
+/// managers.
+void Form1::ShowAgain() {
+    hide();
+    m_geometry.Unsettle();
+    m_parts.stack.Declare(winId());  // Qt already maps the window when its state changes
+    setWindowState(windowState() & ~Qt::WindowMinimized);
+    move(m_geometry.Position());
+    show();
+}
+
+/// A window that is out of sight once it has settled was iconified or lost, or it is on another workspace of
+/// a window manager that knows no windows on all of them. The window system is asked as well, because Qt may
+/// not have heard of it yet.
+void Form1::ComeForward() {
+    if (m_storage.IsStored()) {
+        m_storage.TakeBack();
+    } else if (isMinimized() || (m_fitted && (!IsExposed(*this) || m_parts.stack.IsLost(winId())))) {
+        ShowAgain();
+    } else {
+        show();
+    }
+    const QRect primary = QGuiApplication::primaryScreen()->availableGeometry();
+    const QPoint place = BroughtBack(geometry(), Screens(), primary).topLeft();
+    if (place != pos()) {
+        m_geometry.Settle();  // this place is meant, and not the stored one
+        move(place);
+    }
+    m_parts.stack.BringToUser(winId());
+    m_parts.stack.PutAbove(winId());
+}
+
+void Form1::ComeForwardWithMenu() {
+    ComeForward();
+    activateWindow();  // the only time that the window asks for the focus
+    OpenMenuByKey();
+}
+
+}  // namespace tickwell

@@ -1,0 +1,55 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QString>
+#include <functional>
+#include <memory>
+
+#include "core/display.h"
+#include "core/handlers.h"
+#include "core/ports/clock.h"
+#include "core/ports/power.h"
+#include "core/ports/program_starter.h"
+#include "core/ports/settings_store.h"
+#include "core/ports/time_jumps.h"
+#include "core/ports/timer.h"
+#include "core/ports/tray.h"
+#include "core/ports/window_stack.h"
+#include "core/settings.h"
+#include "displays/chime.h"
+
+namespace tickwell {
+
+/// How the main window opens the others; one that is empty has its items disabled.
+struct OtherWindows {
+    std::function<void()> calendar;
+    std::function<void()> settings;
+    std::function<void()> help;
+    std::function<void()> about;
+};
+
+/// Makes all displays, in the order of the menu.
+using DisplaysMaker = std::function<Displays(const DisplayView& view)>;
+
+/// What the main window works with; all outlive it.
+struct MainWindowParts {
+    AppSettings& settings;
+    FurtherSettings& further;
+    SettingsStore& store;
+    const Clock& clock;
+    TimerSource& timers;
+    TimeJumps& jumps;
+    const Power& power;
+    Tray& tray;
+    WindowStack& stack;
+    ProgramStarter& starter;
+    QString folder;  ///< the program's, absolute
+    Handlers& handlers;
+    OtherWindows windows;
+    DisplaysMaker makeDisplays;
+    Chime::Player playChime;
+    std::function<void()>
+        closed;  ///< called with the end of the window; settings and tray icon are done by then
+};
+
+}  // namespace tickwell

@@ -1,0 +1,101 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "app/displays.h"
+#include "media/media_system.h"
+#include "platform/time/virtual_time.h"
+#include "support/borrowed.h"
+#include "support/fake_cd_drive.h"
+#include "support/fake_event_wait.h"
+#include "support/fake_help_viewer.h"
+#include "support/fake_memory.h"
+#include "support/fake_message_boxes.h"
+#include "support/fake_power.h"
+#include "support/fake_printer.h"
+#include "support/fake_sound_output.h"
+#include "support/fake_text_line.h"
+
+namespace tickwell {
+
+/// What the displays of the program work with, in the test's hands.
+struct DisplaysBench {
+    AppSettings settings;
+    FurtherSettings further;
+    VirtualTime time{QDateTime(QDate(1998, 11, 15), QTime(21, 5, 7)), 307'000};
+    FakeMessageBoxes boxes;
+    Handlers handlers{boxes};
+    DayDatabase dayDatabase;
+    FakePower power;
+    FakeMemory memory;
+    StopwatchState stopwatch;
+    CountdownState countdown;
+    FakePrinter printer;
+    FakeHelpViewer help;
+    FakeCdDrive drive;
+    FakeSoundOutput sound;
+    FakeEventWait wait;
+    std::unique_ptr<MediaSystem> media;
+    std::function<void()> openCdPlayer = [] {};
+
+    void StartMedia() {
+        media = std::make_unique<MediaSystem>(MediaSystemParts{
+            .devices = {drive, drive, sound, time, wait},
+            .boxes = boxes,
+            .handlers = handlers,
+            .timers = time,
+            .tellsNoCdDrive = further.tellsNoCdDrive,
+        });
+    }
+    DisplaysParts Parts() {
+        return {.ports = {.power = Borrowed<const Power>(power), .memory = Borrowed<const Memory>(memory)},
+                .settings = settings,
+                .dayDatabase = dayDatabase,
+                .clock = time,
+                .timers = time,
+                .handlers = handlers,
+                .timing = Timing(),
+                .cdPlayer = media->Player(),
+                .openCdPlayer = [this] { openCdPlayer(); }};
+    }
+    TimingParts Timing() {
+        return {.stopwatch = stopwatch,
+                .countdown = countdown,
+                .clock = time,
+                .timers = time,
+                .handlers = handlers,
+                .boxes = boxes,
+                .printer = printer,
+                .help = help,
+                .enterFolder = [] {},
+                .sendCommand = [](const QString&) {},
+                .place = [](QWidget&) {},
+                .version = QStringLiteral("2.0.0")};
+    }
+};
+
+/// All displays of the program over two lines that only keep a record.
+struct LinesBench : DisplaysBench, DisplayFunctions {
+    FakeTextLine upper;
+    FakeTextLine lower;
+    Displays displays;
+
+    LinesBench() {
+        StartMedia();
+        displays = MakeDisplays(Parts(), {.lines = {upper, lower}, .functions = *this});
+    }
+    void ChangeFunction(qint32 number) override { settings.function = number; }
+    qint32 GetFuncNumber() const override { return settings.function; }
+
+    /// The display of this class.
+    template <typename Kind>
+    const Kind& The() const {
+        for (const auto& display : displays) {
+            if (const auto* found = dynamic_cast<const Kind*>(display.get())) {
+                return *found;
+            }
+        }
+        qFatal("no such display");
+    }
+};
+
+}  // namespace tickwell

@@ -1,0 +1,237 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include <QTest>
+
+#include "displays/roll.h"
+#include "lines/line_look.h"
+#include "shell/main_window_bench.h"
+
+using namespace tickwell;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr qint32 kNone = -1;
+
+/// A roll over a display that only remembers its number.
+struct Bench : LinesBench {
+    RollSettings settings{true, {0, 1, 4, 5}, 10};
+    QList<qint32> shown;
+    Roll roll{displays, settings, power, handlers, time, [this](qint32 number) { Show(number); }};
+
+    void Show(qint32 number) {
+        shown.append(number);
+        roll.FunctionChanged(number);
+    }
+};
+
+}  // namespace
+
+/// The displays that take turns.
+class TstRoll : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase() { InstallFontSubstitutes(); }
+    void EachDisplayHasItsNext_data();
+    void EachDisplayHasItsNext();
+    void TheIntervalIsHeldWithinItsRange_data();
+    void TheIntervalIsHeldWithinItsRange();
+    void EveryIntervalShowsTheNext();
+    void OnMainsTheBatteryIsSkipped();
+    void TheMainsAreAskedAtEachTick();
+    void MainsThatAreToldLateRollThen();
+    void AnUnchosenDisplayIsNotLeftAndNobodyIsWoken();
+    void ItGoesOnWhenTheUserReturns();
+    void ADisplayChosenByHandHasItsWholeTime();
+    void SwitchedOffItRests();
+    void TheMainWindowRolls();
+    void TheMainWindowRollsOnlyWhenItIsOn();
+    void ASettingThatIsAppliedIsFollowedAtOnce();
+};
+
+void TstRoll::EachDisplayHasItsNext_data() {
+    QTest::addColumn<bool>("use");
+    QTest::addColumn<QList<qint32>>("kinds");
+    QTest::addColumn<qint32>("current");
+    QTest::addColumn<Mains>("mains");
+    QTest::addColumn<qint32>("next");
+    const QList<qint32> all{0, 1, 4, 5};
+    QTest::newRow("clock") << true << all << 0 << Mains::Off << 1;
+    QTest::newRow("usage") << true << all << 1 << Mains::Off << 4;
+    QTest::newRow("battery") << true << all << 4 << Mains::Off << 5;
+    QTest::newRow("round") << true << all << 5 << Mains::Off << 0;
+    QTest::newRow("battery skipped on mains") << true << all << 1 << Mains::On << 5;
+    QTest::newRow("battery left on mains") << true << all << 4 << Mains::On << 5;
+    QTest::newRow("battery where the mains are unknown") << true << all << 1 << Mains::Unknown << 4;
+    QTest::newRow("over those that are not chosen") << true << QList<qint32>{0, 5} << 0 << Mains::Off << 5;
+    QTest::newRow("in any order") << true << QList<qint32>{5, 1, 0} << 0 << Mains::Off << 1;
+    QTest::newRow("named twice") << true << QList<qint32>{0, 0, 1, 1} << 1 << Mains::Off << 0;
+    QTest::newRow("off") << false << all << 0 << Mains::Off << kNone;
+    QTest::newRow("none chosen") << true << QList<qint32>() << 0 << Mains::Off << kNone;
+    QTest::newRow("it alone") << true << QList<qint32>{1} << 1 << Mains::Off << kNone;
+    QTest::newRow("not chosen itself") << true << QList<qint32>{0, 5} << 1 << Mains::Off << kNone;
+    QTest::newRow("only the battery besides, on mains")
+        << true << QList<qint32>{0, 4} << 0 << Mains::On << kNone;
+    QTest::newRow("stopwatch") << true << all << 2 << Mains::Off << kNone;
+    QTest::newRow("timer") << true << all << 3 << Mains::Off << kNone;
+    QTest::newRow("CD") << true << all << 6 << Mains::Off << kNone;
+    QTest::newRow("a stopwatch written among them")
+        << true << QList<qint32>{0, 2} << 2 << Mains::Off << kNone;
+    QTest::newRow("nor does it lead to one") << true << QList<qint32>{0, 2, 3} << 0 << Mains::Off << kNone;
+    QTest::newRow("no function") << true << QList<qint32>{0, 99} << 99 << Mains::Off << kNone;
+}
+
+void TstRoll::EachDisplayHasItsNext() {
+    QFETCH(bool, use);
+    QFETCH(QList<qint32>, kinds);
+    QFETCH(qint32, current);
+    QFETCH(Mains, mains);
+    QFETCH(qint32, next);
+    const LinesBench bench;
+    QCOMPARE(NextInRoll(bench.displays, {use, kinds, 10}, current, mains).value_or(kNone), next);
+}
+
+void TstRoll::TheIntervalIsHeldWithinItsRange_data() {
+    QTest::addColumn<qint32>("stored");
+    QTest::addColumn<int>("milliseconds");
+    QTest::newRow("shortest") << 1 << 1000;
+    QTest::newRow("first") << 10 << 10'000;
+    QTest::newRow("longest") << 3600 << 3'600'000;
+    QTest::newRow("below") << 0 << 1000;
+    QTest::newRow("far below") << std::numeric_limits<qint32>::min() << 1000;
+    QTest::newRow("above") << std::numeric_limits<qint32>::max() << 3'600'000;
+}
+
+void TstRoll::TheIntervalIsHeldWithinItsRange() {
+    QFETCH(qint32, stored);
+    QFETCH(int, milliseconds);
+    QCOMPARE(RollIntervalOf({true, {}, stored}), milliseconds);
+}
+
+void TstRoll::EveryIntervalShowsTheNext() {
+    Bench bench;
+    bench.Show(0);
+    bench.time.Advance(9'999);
+    QCOMPARE(bench.shown, QList<qint32>{0});
+    bench.time.Advance(1);
+    QCOMPARE(bench.shown, (QList<qint32>{0, 1}));
+    bench.time.Advance(40'000);
+    QCOMPARE(bench.shown, (QList<qint32>{0, 1, 4, 5, 0, 1}));
+}
+
+void TstRoll::OnMainsTheBatteryIsSkipped() {
+    Bench bench;
+    bench.power.SetReading({Mains::On, std::nullopt, std::nullopt});
+    bench.Show(0);
+    bench.time.Advance(40'000);
+    QCOMPARE(bench.shown, (QList<qint32>{0, 1, 5, 0, 1}));
+}
+
+void TstRoll::TheMainsAreAskedAtEachTick() {
+    Bench bench;
+    bench.settings.kinds = {0, 4};
+    bench.power.SetReading({Mains::On, std::nullopt, std::nullopt});
+    bench.Show(0);
+    bench.time.Advance(30'000);
+    QCOMPARE(bench.shown, QList<qint32>{0});
+    bench.power.SetReading({Mains::Off, 80, std::nullopt});
+    bench.time.Advance(10'000);
+    QCOMPARE(bench.shown, (QList<qint32>{0, 4}));
+}
+
+void TstRoll::MainsThatAreToldLateRollThen() {
+    Bench bench;
+    bench.power.isSlow = true;
+    bench.Show(0);
+    bench.time.Advance(10'000);
+    QCOMPARE(bench.shown, QList<qint32>{0});
+    QVERIFY(bench.power.Answer());
+    QCOMPARE(bench.shown, (QList<qint32>{0, 1}));
+    bench.time.Advance(10'000);
+    bench.Show(5);  // by hand, before the answer
+    QVERIFY(!bench.power.Answer());
+    QCOMPARE(bench.shown, (QList<qint32>{0, 1, 5}));
+}
+
+void TstRoll::AnUnchosenDisplayIsNotLeftAndNobodyIsWoken() {
+    for (const qint32 number : {2, 3, 6, 99}) {
+        Bench bench;
+        bench.Show(number);
+        QVERIFY(!bench.time.UntilNext());
+        bench.time.Advance(100'000);
+        QCOMPARE(bench.shown, QList<qint32>{number});
+    }
+}
+
+void TstRoll::ItGoesOnWhenTheUserReturns() {
+    Bench bench;
+    bench.Show(0);
+    bench.time.Advance(10'000);
+    bench.Show(2);
+    bench.time.Advance(60'000);
+    bench.Show(5);
+    bench.time.Advance(10'000);
+    QCOMPARE(bench.shown, (QList<qint32>{0, 1, 2, 5, 0}));
+}
+
+void TstRoll::ADisplayChosenByHandHasItsWholeTime() {
+    Bench bench;
+    bench.Show(0);
+    bench.time.Advance(9'000);
+    bench.Show(4);
+    bench.time.Advance(9'999);
+    QCOMPARE(bench.shown, (QList<qint32>{0, 4}));
+    bench.time.Advance(1);
+    QCOMPARE(bench.shown, (QList<qint32>{0, 4, 5}));
+}
+
+void TstRoll::SwitchedOffItRests() {
+    Bench bench;
+    bench.Show(0);
+    bench.settings.use = false;
+    bench.roll.FunctionChanged(0);
+    bench.time.Advance(100'000);
+    QCOMPARE(bench.shown, QList<qint32>{0});
+}
+
+void TstRoll::TheMainWindowRolls() {
+    MainWindowBench bench;
+    bench.store.Put(u"Roll"_s, u"Use"_s, u"True"_s);
+    bench.store.Put(u"Roll"_s, u"Kinds"_s, u"0,1,5"_s);
+    bench.store.Put(u"Roll"_s, u"Interval"_s, u"3"_s);
+    bench.Start();
+    bench.time.Advance(11'000);
+    QCOMPARE(bench.Upper().Text(), u"平成10年11月15日(日曜日)"_s);
+    bench.time.Advance(3'000);
+    QCOMPARE(bench.Upper().Text(), u"Windows使用時間"_s);
+    QVERIFY(bench.Item("Menu4").isChecked());
+    bench.time.Advance(3'000);
+    QCOMPARE(bench.Upper().Text(), u"メモリー使用率"_s);
+    bench.time.Advance(3'000);
+    QCOMPARE(bench.Lower().Text(), u"午後9時05分27秒"_s);
+    QCOMPARE(bench.settings.function, 0);
+}
+
+void TstRoll::TheMainWindowRollsOnlyWhenItIsOn() {
+    MainWindowBench bench;
+    bench.Start();
+    bench.time.Advance(300'000);
+    QCOMPARE(bench.settings.function, 0);
+}
+
+void TstRoll::ASettingThatIsAppliedIsFollowedAtOnce() {
+    MainWindowBench bench;
+    bench.Start();
+    bench.time.Advance(11'000);
+    bench.further.roll = {true, {0, 5}, 1};
+    bench.form->ApplySettings();
+    bench.time.Advance(1'000);
+    QCOMPARE(bench.settings.function, 5);
+    bench.further.roll.use = false;
+    bench.form->ApplySettings();
+    bench.time.Advance(100'000);
+    QCOMPARE(bench.settings.function, 5);
+}
+
+QTEST_MAIN(TstRoll)
+#include "tst_roll.moc"

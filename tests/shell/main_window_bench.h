@@ -1,0 +1,61 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "core/settings_io.h"
+#include "displays/displays_bench.h"
+#include "lines/moving_word.h"
+#include "shell/main_window.h"
+#include "store/day_store.h"
+#include "support/fake_program_starter.h"
+#include "support/fake_settings_store.h"
+#include "support/fake_tray.h"
+#include "support/fake_window_stack.h"
+
+namespace tickwell {
+
+/// The main window, with a real day database, and with all else in the test's hands.
+struct MainWindowBench : DisplaysBench {
+    FakeSettingsStore store;
+    DayStore dayStore;
+    FakeTray tray;
+    FakeWindowStack stack;
+    FakeProgramStarter starter;
+    QString folder;
+    OtherWindows windows;
+    QList<std::pair<QString, qint32>> chimes;
+    int closed = 0;
+    std::unique_ptr<Form1> form;
+
+    MainWindowBench() { dayDatabase = DayDatabase(dayStore.Path()); }
+
+    void Start() {
+        LoadSettings(store, settings);
+        LoadFurtherSettings(store, further);
+        StartMedia();
+        const auto makeDisplays = [this](const DisplayView& view) { return MakeDisplays(Parts(), view); };
+        const auto playChime = [this](const QString& name, qint32 count) { chimes.append({name, count}); };
+        form = std::make_unique<Form1>(MainWindowParts{.settings = settings,
+                                                       .further = further,
+                                                       .store = store,
+                                                       .clock = time,
+                                                       .timers = time,
+                                                       .jumps = time,
+                                                       .power = power,
+                                                       .tray = tray,
+                                                       .stack = stack,
+                                                       .starter = starter,
+                                                       .folder = folder,
+                                                       .handlers = handlers,
+                                                       .windows = windows,
+                                                       .makeDisplays = makeDisplays,
+                                                       .playChime = playChime,
+                                                       .closed = [this] { ++closed; }});
+        form->Form_Load();
+        form->show();
+    }
+    MovingWord& Upper() const { return *form->findChild<MovingWord*>(QStringLiteral("MovingWord1")); }
+    MovingWord& Lower() const { return *form->findChild<MovingWord*>(QStringLiteral("MovingWord2")); }
+    QAction& Item(const char* name) const { return *form->findChild<QAction*>(QLatin1StringView(name)); }
+};
+
+}  // namespace tickwell

@@ -1,0 +1,172 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include <QMenu>
+#include <QTest>
+
+#include "platform/time/virtual_time.h"
+#include "shell/tray_storage.h"
+#include "support/fake_message_boxes.h"
+#include "support/fake_tray.h"
+
+using namespace tickwell;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+struct Bench {
+    FakeTray tray;
+    QMenu menu;
+    FakeMessageBoxes boxes;
+    Handlers handlers{boxes};
+    VirtualTime time{QDateTime(QDate(1998, 11, 15), QTime(21, 5, 7)), 0};
+    QList<bool> told;
+    TrayStorage storage{tray, menu, handlers, time, [this](bool stored) { told.append(stored); }};
+};
+
+}  // namespace
+
+/// The main window in the notification area, and back.
+class TstTrayStorage : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void WithoutAnAreaTheWindowStays();
+    void TheIconHasTipAndMenu();
+    void AClickTakesTheWindowBack();
+    void StoringTwiceIsStoringOnce();
+    void AnAreaThatIsGoneGivesTheWindowBack();
+    void AnAreaThatStartsAgainKeepsIt();
+    void TheEndRemovesTheIconAlone();
+    void NothingTicksOutsideTheArea();
+    void TheWindowGoesWhenTheIconHasCome();
+    void WithoutAnIconTheWindowStays();
+    void AStoreThatIsUnderWayIsWithdrawn();
+};
+
+void TstTrayStorage::WithoutAnAreaTheWindowStays() {
+    Bench bench;
+    QVERIFY(!bench.storage.CanStore());
+    bench.storage.Store();
+    QVERIFY(!bench.storage.IsStored());
+    QVERIFY(!bench.tray.HasIcon());
+    QCOMPARE(bench.told, QList<bool>());
+}
+
+void TstTrayStorage::TheIconHasTipAndMenu() {
+    Bench bench;
+    bench.tray.SetThere(true);
+    QVERIFY(bench.storage.CanStore());
+    bench.storage.Store();
+    QVERIFY(bench.storage.IsStored());
+    QCOMPARE(bench.tray.Tip(), u"Tickwell Ver.2"_s);
+    QCOMPARE(bench.tray.Menu(), &bench.menu);
+    QCOMPARE(bench.told, QList<bool>{true});
+}
+
+void TstTrayStorage::AClickTakesTheWindowBack() {
+    Bench bench;
+    bench.tray.SetThere(true);
+    bench.storage.Store();
+    bench.tray.Click();
+    QVERIFY(!bench.storage.IsStored());
+    QVERIFY(!bench.tray.HasIcon());
+    QCOMPARE(bench.told, (QList<bool>{true, false}));
+    bench.storage.TakeBack();
+    QCOMPARE(bench.told.size(), 2);
+}
+
+void TstTrayStorage::StoringTwiceIsStoringOnce() {
+    Bench bench;
+    bench.tray.SetThere(true);
+    bench.storage.Store();
+    bench.storage.Store();
+    QCOMPARE(bench.told, QList<bool>{true});
+}
+
+void TstTrayStorage::AnAreaThatIsGoneGivesTheWindowBack() {
+    Bench bench;
+    bench.tray.SetThere(true);
+    bench.storage.Store();
+    bench.time.Advance(60'000);
+    QVERIFY(bench.storage.IsStored());
+    bench.tray.SetThere(false);
+    bench.time.Advance(2000);
+    QVERIFY(bench.storage.IsStored());  // one look may fall between two panels
+    bench.time.Advance(2000);
+    QVERIFY(!bench.storage.IsStored());
+    QCOMPARE(bench.told, (QList<bool>{true, false}));
+}
+
+void TstTrayStorage::AnAreaThatStartsAgainKeepsIt() {
+    Bench bench;
+    bench.tray.SetThere(true);
+    bench.storage.Store();
+    for (int restart = 0; restart < 3; ++restart) {
+        bench.tray.SetThere(false);
+        bench.time.Advance(2000);
+        bench.tray.SetThere(true);
+        bench.time.Advance(2000);
+    }
+    QVERIFY(bench.storage.IsStored());
+}
+
+void TstTrayStorage::TheEndRemovesTheIconAlone() {
+    Bench bench;
+    bench.tray.SetThere(true);
+    bench.storage.Store();
+    bench.storage.Remove();
+    QVERIFY(!bench.tray.HasIcon());
+    QCOMPARE(bench.told, QList<bool>{true});
+}
+
+void TstTrayStorage::NothingTicksOutsideTheArea() {
+    Bench bench;
+    bench.tray.SetThere(true);
+    QCOMPARE(bench.time.UntilNext(), std::nullopt);
+    bench.storage.Store();
+    QVERIFY(bench.time.UntilNext().has_value());
+    bench.storage.TakeBack();
+    QCOMPARE(bench.time.UntilNext(), std::nullopt);
+}
+
+void TstTrayStorage::TheWindowGoesWhenTheIconHasCome() {
+    Bench bench;
+    bench.tray.SetThere(true);
+    bench.tray.isSlow = true;
+    bench.storage.Store();
+    bench.storage.Store();
+    QVERIFY(!bench.storage.IsStored());
+    QCOMPARE(bench.told, QList<bool>());
+    QVERIFY(bench.tray.Answer(true));
+    QVERIFY(bench.storage.IsStored());
+    QCOMPARE(bench.told, QList<bool>{true});
+}
+
+void TstTrayStorage::WithoutAnIconTheWindowStays() {
+    Bench bench;
+    bench.tray.SetThere(true);
+    bench.tray.isSlow = true;
+    bench.storage.Store();
+    QVERIFY(bench.tray.Answer(false));
+    QVERIFY(!bench.storage.IsStored());
+    QCOMPARE(bench.told, QList<bool>());
+    QCOMPARE(bench.time.UntilNext(), std::nullopt);
+    bench.tray.isSlow = false;
+    bench.storage.Store();  // the next time it may work
+    QCOMPARE(bench.told, QList<bool>{true});
+}
+
+void TstTrayStorage::AStoreThatIsUnderWayIsWithdrawn() {
+    Bench bench;
+    bench.tray.SetThere(true);
+    bench.tray.isSlow = true;
+    bench.storage.Store();
+    bench.storage.TakeBack();
+    QVERIFY(!bench.tray.Answer(true));
+    bench.storage.Store();
+    bench.storage.Remove();
+    QVERIFY(!bench.tray.Answer(true));
+    QCOMPARE(bench.told, QList<bool>());
+}
+
+QTEST_MAIN(TstTrayStorage)
+#include "tst_tray_storage.moc"

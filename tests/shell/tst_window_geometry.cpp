@@ -1,0 +1,137 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include <QTest>
+
+#include "shell/window_geometry.h"
+
+using namespace tickwell;
+
+/// Twips and pixels, and where the lines lie.
+class TstWindowGeometry : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void TwipsBecomePixels_data();
+    void TwipsBecomePixels();
+    void AWindowLeftAloneKeepsItsTwips();
+    void AMovedWindowIsMeasuredAnew();
+    void APlaceInBetweenIsPutBackAndNotKept();
+    void AManagerThatKnowsBetterWinsInTheEnd();
+    void AnOffscreenPlaceStaysOffscreen();
+    void NumbersTheWindowSystemCannotHoldAreGuardedAndKept();
+    void LinesShareTheWindow_data();
+    void LinesShareTheWindow();
+    void AWindowOnNoScreenIsBroughtBack();
+};
+
+void TstWindowGeometry::TwipsBecomePixels_data() {
+    QTest::addColumn<qint32>("twips");
+    QTest::addColumn<int>("pixels");
+    QTest::newRow("the first window") << 2505 << 167;
+    QTest::newRow("2506 too") << 2506 << 167;
+    QTest::newRow("0") << 0 << 0;
+    QTest::newRow("negative") << -150 << -10;
+    QTest::newRow("the highest") << 2147483647 << 143165576;
+}
+
+void TstWindowGeometry::TwipsBecomePixels() {
+    QFETCH(qint32, twips);
+    QFETCH(int, pixels);
+    QCOMPARE(PixelsOf(twips), pixels);
+}
+
+void TstWindowGeometry::AWindowLeftAloneKeepsItsTwips() {
+    GeometryKeeper keeper;
+    keeper.Set({2506, 7, -8});
+    keeper.Resized(keeper.Width());
+    keeper.Moved(keeper.Position());
+    QCOMPARE(keeper.Geometry(), (WindowGeometry{2506, 7, -8}));
+}
+
+void TstWindowGeometry::AMovedWindowIsMeasuredAnew() {
+    GeometryKeeper keeper;
+    keeper.Set({2506, 7, 8});
+    keeper.Settle();
+    QVERIFY(!keeper.Moved({20, keeper.Position().y()}));
+    QCOMPARE(keeper.Geometry(), (WindowGeometry{2506, 7, 300}));
+    keeper.Resized(200);
+    QCOMPARE(keeper.Geometry(), (WindowGeometry{3000, 7, 300}));
+}
+
+void TstWindowGeometry::APlaceInBetweenIsPutBackAndNotKept() {
+    GeometryKeeper keeper;
+    keeper.Set({2505, 1500, 1500});
+    QVERIFY(!keeper.Moved({100, 100}));
+    QVERIFY(keeper.Moved({0, 0}));
+    QVERIFY(!keeper.Moved({100, 100}));
+    QCOMPARE(keeper.Geometry(), (WindowGeometry{2505, 1500, 1500}));
+}
+
+void TstWindowGeometry::AManagerThatKnowsBetterWinsInTheEnd() {
+    GeometryKeeper keeper;
+    keeper.Set({2505, 0, 0});
+    int putBack = 0;
+    while (keeper.Moved({0, 25})) {  // below a panel
+        ++putBack;
+    }
+    QCOMPARE(putBack, 5);
+    QCOMPARE(keeper.Geometry(), (WindowGeometry{2505, 375, 0}));
+}
+
+void TstWindowGeometry::AnOffscreenPlaceStaysOffscreen() {
+    GeometryKeeper keeper;
+    keeper.Set({2505, -75000, 60000});
+    QCOMPARE(keeper.Position(), QPoint(4000, -5000));
+}
+
+void TstWindowGeometry::NumbersTheWindowSystemCannotHoldAreGuardedAndKept() {
+    GeometryKeeper keeper;
+    const WindowGeometry wild{-30, 2147483647, -2147483647};
+    keeper.Set(wild);
+    QCOMPARE(keeper.Width(), 1);
+    QCOMPARE(keeper.Position(), QPoint(-32000, 32000));
+    keeper.Resized(1);
+    keeper.Moved({-32000, 32000});
+    QCOMPARE(keeper.Geometry(), wild);
+    keeper.Set({0, 0, 0});
+    QCOMPARE(keeper.Width(), 1);
+}
+
+void TstWindowGeometry::LinesShareTheWindow_data() {
+    QTest::addColumn<int>("upperText");
+    QTest::addColumn<int>("lowerText");
+    QTest::addColumn<QRect>("upper");
+    QTest::addColumn<QRect>("lower");
+    QTest::addColumn<int>("height");
+    QTest::newRow("ten points: never below 600 twips")
+        << 14 << 14 << QRect(0, 0, 167, 20) << QRect(0, 20, 167, 20) << 40;
+    QTest::newRow("large texts make it higher")
+        << 40 << 20 << QRect(0, 0, 167, 44) << QRect(0, 44, 167, 24) << 68;
+    QTest::newRow("small texts share what is spare")
+        << 6 << 10 << QRect(0, 0, 167, 18) << QRect(0, 18, 167, 22) << 40;
+    QTest::newRow("texts beyond all screens are cut")
+        << 60000 << 60000 << QRect(0, 0, 167, 32000) << QRect(0, 32000, 167, 0) << 32000;
+}
+
+void TstWindowGeometry::LinesShareTheWindow() {
+    QFETCH(int, upperText);
+    QFETCH(int, lowerText);
+    QFETCH(QRect, upper);
+    QFETCH(QRect, lower);
+    QFETCH(int, height);
+    const LineLayout layout = LayoutOf(167, upperText, lowerText);
+    QCOMPARE(layout.upper, upper);
+    QCOMPARE(layout.lower, lower);
+    QCOMPARE(layout.height, height);
+}
+
+void TstWindowGeometry::AWindowOnNoScreenIsBroughtBack() {
+    const QRect left(0, 0, 1920, 1080);
+    const QRect right(1920, 0, 1920, 1080);
+    const QRect seen(3800, 1000, 167, 40);
+    QCOMPARE(BroughtBack(seen, {left, right}, left), seen);  // a corner is enough
+    QCOMPARE(BroughtBack(seen, {left}, left), QRect(0, 0, 167, 40));
+    QCOMPARE(BroughtBack({-500, 3, 167, 40}, {left, right}, right), QRect(1920, 0, 167, 40));
+}
+
+QTEST_GUILESS_MAIN(TstWindowGeometry)
+#include "tst_window_geometry.moc"
