@@ -77,7 +77,12 @@ struct Player {
     FakeMessageBoxes boxes;
     Handlers handlers{boxes};
     bool tellsNoCdDrive = false;
-    MediaSystem media{{{drive, drive, output, timers, wait}, boxes, handlers, timers, tellsNoCdDrive}};
+    MediaSystem media{
+        {.devices = {.drive = drive, .playback = drive, .sound = output, .timers = timers, .wait = wait},
+         .boxes = boxes,
+         .handlers = handlers,
+         .timers = timers,
+         .tellsNoCdDrive = tellsNoCdDrive}};
     FramePacer pacer{clock, timers};
     QWidget window;
     MovingWord upper{{clock, timers, pacer}, &window};

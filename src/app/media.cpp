@@ -4,13 +4,22 @@
 namespace tickwell {
 
 Media::Media(const MediaParts& parts)
-    : m_system({{parts.drive, parts.playback, parts.sound, parts.realTimers, parts.wait},
-                parts.boxes,
-                parts.handlers,
-                parts.timers,
-                parts.tellsNoCdDrive}),
+    : m_system({.devices = {.drive = parts.drive,
+                            .playback = parts.playback,
+                            .sound = parts.sound,
+                            .timers = parts.realTimers,
+                            .wait = parts.wait},
+                .boxes = parts.boxes,
+                .handlers = parts.handlers,
+                .timers = parts.timers,
+                .tellsNoCdDrive = parts.tellsNoCdDrive}),
       m_mix(parts.realTimers, parts.sound),
-      m_playback({m_mix, m_soundState, m_system.State(), parts.boxes, parts.timers}, parts.folder) {}
+      m_playback({.mix = m_mix,
+                  .sound = m_soundState,
+                  .media = m_system.State(),
+                  .boxes = parts.boxes,
+                  .timers = parts.timers},
+                 parts.folder) {}
 
 void Media::Close() {
     m_playback.AudioStop();

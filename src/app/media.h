@@ -8,8 +8,8 @@ namespace tickwell {
 
 /// What the sound and disc classes work with; all outlive them.
 struct MediaParts {
-    TimerSource& realTimers;  ///< real time, for sound and drives
-    TimerSource& timers;      ///< the program's time
+    RealTimerSource& realTimers;
+    TimerSource& timers;  ///< the program's time
     SoundOutput& sound;
     EventWait& wait;
     MessageBoxes& boxes;

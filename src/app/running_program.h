@@ -17,7 +17,7 @@ struct ProgramPorts {
     const Clock& clock;
     TimerSource& timers;
     TimeJumps& jumps;
-    TimerSource& realTimers;  ///< sound and drives know no other time
+    RealTimerSource& realTimers;
     MessageBoxes& boxes;
     Handlers& handlers;
     Tray& tray;

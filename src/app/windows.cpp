@@ -13,7 +13,10 @@ using namespace Qt::StringLiterals;
 Windows::Windows(const WindowsParts& parts)
     : m_parts(parts),
       m_help(u"Help.hlp"_s, parts.handlers, [this](QWidget& window) { Place(window); }),
-      m_compaction({parts.dayDatabase, parts.folder, parts.boxes, parts.handlers}) {}
+      m_compaction({.dayDatabase = parts.dayDatabase,
+                    .folder = parts.folder,
+                    .boxes = parts.boxes,
+                    .handlers = parts.handlers}) {}
 
 Windows::~Windows() {
     delete m_calendar;
@@ -26,10 +29,15 @@ OtherWindows Windows::Openers() {
     OtherWindows openers;
     openers.calendar = [this] {
         Open(m_calendar, [this] {
-            auto calendar = std::make_unique<Form5>(
-                CalendarWindowParts{m_parts.dayDatabase, m_dayList, m_parts.clock, m_parts.boxes,
-                                    m_parts.handlers, m_help, Book(), m_parts.timers},
-                nullptr);
+            auto calendar = std::make_unique<Form5>(CalendarWindowParts{.dayDatabase = m_parts.dayDatabase,
+                                                                        .list = m_dayList,
+                                                                        .clock = m_parts.clock,
+                                                                        .boxes = m_parts.boxes,
+                                                                        .handlers = m_parts.handlers,
+                                                                        .help = m_help,
+                                                                        .book = Book(),
+                                                                        .timers = m_parts.timers},
+                                                    nullptr);
             calendar->Form_Load();
             return calendar;
         });
@@ -38,8 +46,11 @@ OtherWindows Windows::Openers() {
     openers.help = [this] { m_help.ShowTopic(kHelpContents); };
     openers.about = [this] {
         Open(m_about, [this] {
-            return std::make_unique<frmAbout>(
-                AboutBoxParts{m_parts.timers, m_parts.handlers, m_parts.boxes, m_help, m_parts.programs});
+            return std::make_unique<frmAbout>(AboutBoxParts{.timers = m_parts.timers,
+                                                            .handlers = m_parts.handlers,
+                                                            .boxes = m_parts.boxes,
+                                                            .help = m_help,
+                                                            .programs = m_parts.programs});
         });
     };
     return openers;
@@ -66,8 +77,13 @@ void Windows::Open(QPointer<Window>& window, Make make) {
 }
 
 BookWindows Windows::Book() {
-    const AnniversaryBook book({m_parts.dayDatabase, m_dayList, *m_mainWindow, m_parts.clock, m_parts.boxes,
-                                m_parts.handlers, m_parts.timers});
+    const AnniversaryBook book({.dayDatabase = m_parts.dayDatabase,
+                                .list = m_dayList,
+                                .changes = *m_mainWindow,
+                                .clock = m_parts.clock,
+                                .boxes = m_parts.boxes,
+                                .handlers = m_parts.handlers,
+                                .timers = m_parts.timers});
     return {[book](QDate date, QWidget* calendar, BookWindows::Closed closed) {
                 book.OpenEditor(date, calendar, std::move(closed));
             },

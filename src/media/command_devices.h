@@ -19,7 +19,7 @@ struct DeviceParts {
     CdDrive& drive;
     CdPlayback& playback;
     SoundOutput& sound;
-    TimerSource& timers;
+    RealTimerSource& timers;
     EventWait& wait;
 };
 

@@ -8,7 +8,11 @@ MediaSystem::MediaSystem(const MediaSystemParts& parts)
       m_devices(parts.devices),
       m_media(m_devices, parts.boxes, m_state),
       m_device(m_media, parts.tellsNoCdDrive),
-      m_player({m_cdState, m_media, m_device, parts.handlers, parts.timers}) {
+      m_player({.state = m_cdState,
+                .media = m_media,
+                .device = m_device,
+                .handlers = parts.handlers,
+                .timers = parts.timers}) {
     m_media.SetNotReady([this] { m_player.CDSetDown(); });
     m_drive.WhenChanged(
         [this, &handlers = parts.handlers] { handlers.Run([this] { m_player.DeviceChanged(); }); });

@@ -8,7 +8,7 @@ namespace tickwell {
 
 /// What the sound and disc classes work with; all outlive them.
 struct MediaSystemParts {
-    DeviceParts devices;  ///< with real-time timers, because sound runs in real time
+    DeviceParts devices;
     MessageBoxes& boxes;
     Handlers& handlers;
     TimerSource& timers;   ///< the program's time, which tests may control

@@ -14,7 +14,7 @@ constexpr qint64 kAhead = 60;  // s of sound: repetitions are queued while less 
 
 }  // namespace
 
-WaveMix::WaveMix(TimerSource& timers, SoundOutput& output)
+WaveMix::WaveMix(RealTimerSource& timers, SoundOutput& output)
     : m_output(output), m_timer(timers.Create(kTick, [this] { Tick(); })) {}
 
 qint32 WaveMix::WaveMixConfigureInit(qint32 channels) {

@@ -19,7 +19,7 @@ namespace tickwell {
 class WaveMix {
 public:
     /// Both outlive this object. `timers`: real time, because sound runs in real time.
-    WaveMix(TimerSource& timers, SoundOutput& output);
+    WaveMix(RealTimerSource& timers, SoundOutput& output);
 
     /// Opens a session with this number of channels, closing an open one first. Returns its number.
     qint32 WaveMixConfigureInit(qint32 channels);

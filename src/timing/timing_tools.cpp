@@ -44,10 +44,15 @@ void TimingTools::BringUp() {
 
 void TimingTools::ShowStopForm() {
     if (!m_stopForm) {
-        m_stopForm = std::make_unique<StopForm>(
-            StopwatchWindowParts{m_stopwatchPanel, m_parts.clock, m_parts.handlers, m_parts.boxes,
-                                 m_parts.printer, m_parts.help, m_parts.enterFolder, m_parts.version},
-            nullptr);
+        m_stopForm = std::make_unique<StopForm>(StopwatchWindowParts{.panel = m_stopwatchPanel,
+                                                                     .clock = m_parts.clock,
+                                                                     .handlers = m_parts.handlers,
+                                                                     .boxes = m_parts.boxes,
+                                                                     .printer = m_parts.printer,
+                                                                     .help = m_parts.help,
+                                                                     .enterFolder = m_parts.enterFolder,
+                                                                     .version = m_parts.version},
+                                                nullptr);
     }
     PlaceIfClosed(*m_stopForm);
     m_stopForm->BringUp();
@@ -56,7 +61,8 @@ void TimingTools::ShowStopForm() {
 void TimingTools::ShowTimerForm() {
     if (!m_timerForm) {
         m_timerForm = std::make_unique<TimerForm>(
-            TimerWindowParts{m_timerPanel, m_parts.handlers, m_parts.help}, nullptr);
+            TimerWindowParts{.panel = m_timerPanel, .handlers = m_parts.handlers, .help = m_parts.help},
+            nullptr);
     }
     PlaceIfClosed(*m_timerForm);
     m_timerForm->BringUp();
@@ -70,8 +76,10 @@ void TimingTools::RefreshTimerForm() {
 
 void TimingTools::ShowNotice() {
     if (!m_form8) {
-        m_form8 = std::make_unique<Form8>(
-            TimerNoticeParts{m_parts.handlers, m_parts.enterFolder, m_parts.sendCommand}, nullptr);
+        m_form8 = std::make_unique<Form8>(TimerNoticeParts{.handlers = m_parts.handlers,
+                                                           .enterFolder = m_parts.enterFolder,
+                                                           .sendCommand = m_parts.sendCommand},
+                                          nullptr);
     }
     PlaceIfClosed(*m_form8);
     m_form8->BringUp();

@@ -22,6 +22,7 @@
 #include "support/fake_tray.h"
 #include "support/fake_window_stack.h"
 #include "support/files.h"
+#include "support/virtual_real_time.h"
 
 using namespace tickwell;
 using namespace Qt::StringLiterals;
@@ -46,6 +47,7 @@ public:
 struct Bench {
     QTemporaryDir dir;
     VirtualTime time{QDateTime(QDate(1998, 11, 15), QTime(20, 59, 45)), 307'000};
+    VirtualRealTime realTime{time};
     FakeMessageBoxes boxes;
     Handlers handlers{boxes};
     FakePower power;
@@ -74,7 +76,7 @@ struct Bench {
             .clock = time,
             .timers = time,
             .jumps = time,
-            .realTimers = time,
+            .realTimers = realTime,
             .boxes = boxes,
             .handlers = handlers,
             .tray = tray,

@@ -14,6 +14,7 @@
 #include "support/fake_printer.h"
 #include "support/fake_sound_output.h"
 #include "support/fake_text_line.h"
+#include "support/virtual_real_time.h"
 
 namespace tickwell {
 
@@ -34,12 +35,13 @@ struct DisplaysBench {
     FakeCdDrive drive;
     FakeSoundOutput sound;
     FakeEventWait wait;
+    VirtualRealTime realTime{time};
     std::unique_ptr<MediaSystem> media;
     std::function<void()> openCdPlayer = [] {};
 
     void StartMedia() {
         media = std::make_unique<MediaSystem>(MediaSystemParts{
-            .devices = {drive, drive, sound, time, wait},
+            .devices = {.drive = drive, .playback = drive, .sound = sound, .timers = realTime, .wait = wait},
             .boxes = boxes,
             .handlers = handlers,
             .timers = time,

@@ -15,6 +15,7 @@
 #include "support/fake_event_wait.h"
 #include "support/fake_sound_output.h"
 #include "support/files.h"
+#include "support/virtual_real_time.h"
 #include "support/wave_bytes.h"
 
 using namespace Qt::StringLiterals;
@@ -76,7 +77,9 @@ private:
     FakeSoundOutput m_sound;
     FakeEventWait m_wait;
     VirtualTime m_time{QDateTime(QDate(1998, 10, 3), QTime(12, 0))};
-    CommandDevices m_devices{DeviceParts{m_drive, m_drive, m_sound, m_time, m_wait}};
+    VirtualRealTime m_realTime{m_time};
+    CommandDevices m_devices{
+        {.drive = m_drive, .playback = m_drive, .sound = m_sound, .timers = m_realTime, .wait = m_wait}};
 };
 
 /// The command with more whitespace and, unless it can name a file, with upper and lower case exchanged.

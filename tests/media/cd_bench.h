@@ -10,6 +10,7 @@
 #include "support/fake_message_boxes.h"
 #include "support/fake_sound_output.h"
 #include "support/fake_text_line.h"
+#include "support/virtual_real_time.h"
 
 namespace tickwell {
 
@@ -32,7 +33,13 @@ struct CdBench {
     FakeMessageBoxes boxes;
     Handlers handlers{boxes};
     bool tellsNoCdDrive = true;
-    MediaSystem media{{{drive, drive, sound, time, wait}, boxes, handlers, time, tellsNoCdDrive}};
+    VirtualRealTime realTime{time};
+    MediaSystem media{
+        {.devices = {.drive = drive, .playback = drive, .sound = sound, .timers = realTime, .wait = wait},
+         .boxes = boxes,
+         .handlers = handlers,
+         .timers = time,
+         .tellsNoCdDrive = tellsNoCdDrive}};
     CdPlayer& player = media.Player();
     FakeTextLine upper;
     FakeTextLine lower;

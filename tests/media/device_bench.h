@@ -10,6 +10,7 @@
 #include "support/fake_event_wait.h"
 #include "support/fake_sound_output.h"
 #include "support/files.h"
+#include "support/virtual_real_time.h"
 #include "support/wave_bytes.h"
 
 namespace tickwell {
@@ -21,7 +22,9 @@ struct DeviceBench {
     FakeEventWait wait;
     VirtualTime time{QDateTime(QDate(1998, 10, 3), QTime(12, 0))};
     QTemporaryDir folder;
-    CommandDevices devices{DeviceParts{drive, drive, sound, time, wait}};
+    VirtualRealTime realTime{time};
+    CommandDevices devices{
+        {.drive = drive, .playback = drive, .sound = sound, .timers = realTime, .wait = wait}};
 
     /// Writes a wave of 1000 frames per second, so that a frame is a millisecond.
     QString PutWave(int frames) const {

@@ -10,6 +10,7 @@
 #include "support/fake_message_boxes.h"
 #include "support/fake_sound_output.h"
 #include "support/files.h"
+#include "support/virtual_real_time.h"
 
 using namespace tickwell;
 using namespace Qt::StringLiterals;
@@ -47,7 +48,8 @@ struct Bench {
 
     VirtualTime time{QDateTime(QDate(2026, 11, 20), QTime(12, 0))};
     FakeSoundOutput output;
-    WaveMix mix{time, output};
+    VirtualRealTime realTime{time};
+    WaveMix mix{realTime, output};
     SoundState sound;
     MediaState media;
     FakeMessageBoxes boxes;

@@ -6,6 +6,7 @@
 #include "platform/time/virtual_time.h"
 #include "support/fake_sound_output.h"
 #include "support/files.h"
+#include "support/virtual_real_time.h"
 #include "support/wave_bytes.h"
 
 using namespace tickwell;
@@ -55,7 +56,8 @@ struct Bench {
     QTemporaryDir folder;
     VirtualTime time{QDateTime(QDate(2026, 11, 20), QTime(12, 0))};
     FakeSoundOutput output;
-    WaveMix mix{time, output};
+    VirtualRealTime realTime{time};
+    WaveMix mix{realTime, output};
 };
 
 }  // namespace

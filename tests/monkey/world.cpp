@@ -73,7 +73,7 @@ void World::Start(Random& random) {
     const ProgramPorts ports{.clock = machine.time,
                              .timers = machine.time,
                              .jumps = machine.time,
-                             .realTimers = machine.time,
+                             .realTimers = machine.realTime,
                              .boxes = machine.boxes,
                              .handlers = machine.handlers,
                              .tray = machine.tray,

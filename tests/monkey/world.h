@@ -18,6 +18,7 @@
 #include "support/fake_sound_output.h"
 #include "support/fake_tray.h"
 #include "support/fake_window_stack.h"
+#include "support/virtual_real_time.h"
 
 namespace tickwell {
 
@@ -28,6 +29,7 @@ struct Machine {
     Machine(const QDateTime& now, qint64 tick) : time(now, tick) {}
 
     VirtualTime time;
+    VirtualRealTime realTime{time};
     QtMessageBoxes boxes;
     Handlers handlers{boxes};
     FakePower power;

@@ -31,4 +31,8 @@ public:
     virtual std::unique_ptr<Timer> CreateExact(int milliseconds, std::function<void()> onTick) = 0;
 };
 
+/// Timers of real time, whatever the program's clock says: what plays sound and reads drives needs these. A
+/// type of its own, so that the two kinds cannot be exchanged.
+class RealTimerSource : public TimerSource {};
+
 }  // namespace tickwell

@@ -6,7 +6,7 @@
 namespace tickwell {
 
 /// Timers of the event loop.
-class QtTimers : public TimerSource {
+class QtTimers : public RealTimerSource {
 public:
     std::unique_ptr<Timer> Create(int milliseconds, std::function<void()> onTick) override;
     std::unique_ptr<Timer> CreateExact(int milliseconds, std::function<void()> onTick) override;
