@@ -5,6 +5,7 @@
 #include <QDateTime>
 #include <QFileInfo>
 
+#include "app/log.h"
 #include "core/errors.h"
 #include "core/regular_file.h"
 #include "platform/files/file_replacement.h"
@@ -43,7 +44,8 @@ MasterRecord MasterRecord::Read(const QString& folder) {
     MasterRecord record;
     const FileContents file = ReadRegularFile(RecordPath(folder), kLargestRecord);
     if (file.problem != FileProblem::None && file.problem != FileProblem::Absent) {
-        qWarning("cannot read %s: %s", qUtf8Printable(RecordPath(folder)), qUtf8Printable(file.reason));
+        qCWarning(AppLog, "cannot read %s: %s", qUtf8Printable(RecordPath(folder)),
+                  qUtf8Printable(file.reason));
     }
     for (const QByteArray& line : file.bytes.split('\n')) {
         const QList<QByteArray> fields = line.split('\t');

@@ -3,6 +3,8 @@
 
 #include <QDir>
 
+#include "app/log.h"
+
 namespace tickwell {
 
 RunningProgram::RunningProgram(const ProgramPorts& ports, ProgramState& state, std::function<void()> closed)
@@ -129,8 +131,10 @@ void RunningProgram::SaveForSessionEnd() {
         if (m_form) {
             m_form->SaveAll();
         }
-    } catch (const RunTimeError&) {
-        // The old settings stand; there is no one left to tell.
+    } catch (const RunTimeError& error) {
+        // The old settings are kept; nobody is left to read a box.
+        qCWarning(AppLog).noquote() << "the settings were not stored at the end of the session:"
+                                    << error.Detail();
     }
 }
 

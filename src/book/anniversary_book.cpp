@@ -3,6 +3,7 @@
 
 #include "book/deletion_window.h"
 #include "book/editor_window.h"
+#include "book/log.h"
 #include "book/search_window.h"
 #include "core/errors.h"
 
@@ -12,7 +13,8 @@ void AnniversaryBook::OpenEditor(QDate date, QWidget* calendar, Closed closed) c
     std::unique_ptr<Form6> editor;
     try {
         editor = std::make_unique<Form6>(m_parts, date, calendar);
-    } catch (const RunTimeError&) {
+    } catch (const RunTimeError& error) {
+        qCDebug(BookLog).noquote() << "no editor for the chosen row:" << error.Detail();
         closed();
         return;
     }

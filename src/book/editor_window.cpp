@@ -4,6 +4,7 @@
 #include <QPointer>
 
 #include "book/anniversary_statements.h"
+#include "book/log.h"
 #include "store/sql_compiler.h"
 
 namespace tickwell {
@@ -106,7 +107,8 @@ void Form6::Command1_Click() {
     try {
         const Anniversary entered = AnniversaryOf(Fields());
         m_chosen ? Change(entered) : Add(entered);
-    } catch (const RunTimeError&) {
+    } catch (const RunTimeError& error) {
+        qCWarning(BookLog).noquote() << "the anniversary was not stored:" << error.Detail();
         Tell();
     }
 }

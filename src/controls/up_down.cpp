@@ -4,6 +4,7 @@
 #include <QLineEdit>
 #include <algorithm>
 
+#include "controls/log.h"
 #include "core/errors.h"
 #include "core/integer_text.h"
 
@@ -33,8 +34,9 @@ void UpDown::SetText(const QString& text) {
 void UpDown::Follow(const QString& text) {
     try {
         m_position = std::clamp(static_cast<int>(IntegerOf(text)), m_first, m_last);
-    } catch (const RunTimeError&) {
+    } catch (const RunTimeError& error) {
         // Incomplete or invalid: the position of the arrows is kept.
+        qCDebug(ControlsLog).noquote() << objectName() << "cannot follow:" << error.Detail();
     }
 }
 

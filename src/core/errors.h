@@ -14,6 +14,10 @@ public:
     explicit RunTimeError(QString reason);
 
     const QString& Reason() const { return m_reason; }
+
+    /// The reason in one line with everything that helps to find the cause; for the log.
+    virtual QString Detail() const { return m_reason.simplified(); }
+
     const char* what() const noexcept override { return m_utf8.constData(); }
 
 private:

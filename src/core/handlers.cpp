@@ -3,6 +3,8 @@
 
 #include <utility>
 
+#include "core/log.h"
+
 namespace tickwell {
 
 using namespace Qt::StringLiterals;
@@ -12,7 +14,7 @@ bool Handlers::Run(const std::function<void()>& handler, const QObject* owner) {
         handler();
         return true;
     } catch (const RunTimeError& error) {
-        Report(owner, error.Reason());
+        Report(owner, error);
         return false;
     }
 }
@@ -31,14 +33,20 @@ void Handlers::RunTick(Timer& timer, const std::function<void()>& handler) {
         handler();
     } catch (const RunTimeError& error) {
         timer.Stop();
-        Report(nullptr, error.Reason());
+        Report(nullptr, error);
     }
 }
 
-void Handlers::Report(const QObject* owner, const QString& reason) {
+void Handlers::Report(const QObject* owner, const RunTimeError& error) {
     if (m_reporting) {
+        qCWarning(CoreLog).noquote() << "not shown, because another error is:" << error.Detail();
         return;
     }
+    qCDebug(CoreLog).noquote() << "shown to the user:" << error.Detail();
+    ShowReport(owner, error.Reason());
+}
+
+void Handlers::ShowReport(const QObject* owner, const QString& reason) {
     m_reporting = true;
     m_boxes.Show(owner, {MessageIcon::Critical, u"Tickwell"_s, u"実行時エラー\r\n"_s + reason},
                  [this] { BoxClosed(); });
@@ -48,7 +56,7 @@ void Handlers::BoxClosed() {
     m_reporting = false;
     if (!m_untold.isEmpty()) {
         const Untold next = m_untold.takeFirst();
-        Report(next.owner, next.reason);
+        ShowReport(next.owner, next.reason);
     } else if (const auto action = std::exchange(m_whenQuiet, nullptr)) {
         action();
     }
@@ -58,7 +66,7 @@ void Handlers::Tell(const QString& reason, const QObject* owner) {
     if (m_reporting) {
         m_untold.append({reason, owner});
     } else {
-        Report(owner, reason);
+        ShowReport(owner, reason);
     }
 }
 

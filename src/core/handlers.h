@@ -52,7 +52,8 @@ private:
         QPointer<const QObject> owner;
     };
 
-    void Report(const QObject* owner, const QString& reason);
+    void Report(const QObject* owner, const RunTimeError& error);
+    void ShowReport(const QObject* owner, const QString& reason);
     void BoxClosed();
 
     MessageBoxes& m_boxes;

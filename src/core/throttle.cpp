@@ -9,7 +9,9 @@ Throttle::Throttle(const Clock& clock, TimerSource& timers, int interval, std::f
     : m_clock(clock),
       m_interval(interval),
       m_action(std::move(action)),
-      m_timer(timers.Create(interval, [this] { Run(); })) {}
+      m_timer(timers.Create(interval, [this] { Run(); })) {
+    Q_ASSERT(interval > 0);
+}
 
 void Throttle::Request() {
     if (m_timer->IsRunning()) {

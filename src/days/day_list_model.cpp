@@ -1,19 +1,17 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "days/day_list_model.h"
 
-#include <QLoggingCategory>
 #include <array>
 #include <utility>
 
 #include "core/errors.h"
+#include "days/log.h"
 
 namespace tickwell {
 
 using namespace Qt::StringLiterals;
 
 namespace {
-
-Q_LOGGING_CATEGORY(days, "tickwell.days", QtWarningMsg)
 
 struct Column {
     QStringView caption;
@@ -83,7 +81,7 @@ const DayListRow& DayListModel::RowAt(int row) const {
         }
     } catch (const RunTimeError& error) {
         if (!std::exchange(m_hasWarned, true)) {
-            qCWarning(days, "a row of the list cannot be read: %s", error.what());
+            qCWarning(DaysLog).noquote() << "a row of the list cannot be read:" << error.Detail();
         }
     }
     return kUnreadable;

@@ -23,6 +23,7 @@ QStringList Deletions(const QString& condition) {
 }  // namespace
 
 DayColor ColorOf(CalendarMode mode) {
+    Q_ASSERT(mode != CalendarMode::Normal);
     return mode == CalendarMode::Halfdays ? DayColor::Blue : DayColor::Red;
 }
 

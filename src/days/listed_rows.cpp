@@ -39,6 +39,7 @@ ListedRows::ListedRows(DayDatabase& database, QList<ListedPart> parts)
 }
 
 std::optional<DayListRow> ListedRows::Read(int row) const {
+    Q_ASSERT(row >= 0 && row < m_count);
     if (m_parts.isEmpty()) {
         return m_kept.at(row);
     }

@@ -4,6 +4,7 @@
 #include "core/errors.h"
 #include "core/integer_text.h"
 #include "core/integers.h"
+#include "media/log.h"
 
 namespace tickwell {
 
@@ -26,7 +27,8 @@ QString Cut(const QString& text, qsizetype longest) {
 qint32 NumberInReply(const QString& reply) {
     try {
         return IntegerOf(reply);
-    } catch (const RunTimeError&) {
+    } catch (const RunTimeError& error) {
+        qCDebug(MediaLog).noquote() << "a reply that is no number:" << reply << error.Detail();
         return 0;
     }
 }

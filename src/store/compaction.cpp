@@ -9,6 +9,7 @@
 #include "store/day_database_check.h"
 #include "store/day_files.h"
 #include "store/day_recovery.h"
+#include "store/log.h"
 
 namespace tickwell {
 
@@ -23,7 +24,9 @@ std::unique_ptr<SqliteConnection> WholeLiveFile(const QString& path) {
         CheckDayDatabase(*live);  // first: SQLite would turn an empty file into a database when it locks it
         live->TakeExclusive();
         return live;
-    } catch (const RunTimeError&) {
+    } catch (const RunTimeError& error) {
+        qCWarning(StoreLog).noquote()
+            << "no compaction, the file is not usable or not ours alone:" << error.Detail();
         return nullptr;
     }
 }
@@ -32,8 +35,8 @@ std::unique_ptr<SqliteConnection> WholeLiveFile(const QString& path) {
 void RemoveTarget(CompactionDisk& disk, const DayFiles& files) {
     try {
         RemoveWithJournals(disk, files.target);
-    } catch (const RunTimeError&) {
-        return;
+    } catch (const RunTimeError& error) {
+        qCWarning(StoreLog).noquote() << "a compacted file is left over:" << error.Detail();
     }
 }
 
@@ -46,8 +49,8 @@ void Restore(CompactionDisk& disk, const DayFiles& files) {
         } else if (!QFileInfo::exists(files.live)) {
             PutBackLiveFile(disk);
         }
-    } catch (const RunTimeError&) {
-        // RecoverDayDatabase handles the rest at the next start.
+    } catch (const RunTimeError& error) {
+        qCWarning(StoreLog).noquote() << "the next start recovers the day database:" << error.Detail();
     }
     if (QFileInfo::exists(files.live)) {
         RemoveTarget(disk, files);
@@ -76,7 +79,8 @@ Message Compact(CompactionDisk& disk, const DayFiles& files) {
         disk.Rename(files.target, files.live);
         disk.Remove(files.copy);
         return CompactionDone(before, disk.Size(files.live));
-    } catch (const RunTimeError&) {
+    } catch (const RunTimeError& error) {
+        qCWarning(StoreLog).noquote() << "the compaction failed:" << error.Detail();
         Restore(disk, files);
         return CompactionFailed();
     }

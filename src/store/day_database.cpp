@@ -3,13 +3,13 @@
 
 #include <sqlite3.h>
 
-#include <QLoggingCategory>
 #include <QRandomGenerator>
 #include <QScopeGuard>
 #include <limits>
 #include <utility>
 
 #include "store/day_database_check.h"
+#include "store/log.h"
 #include "store/sql_compiler.h"
 #include "store/sql_error.h"
 
@@ -18,8 +18,6 @@ namespace tickwell {
 using namespace Qt::StringLiterals;
 
 namespace {
-
-Q_LOGGING_CATEGORY(kLog, "tickwell.store", QtWarningMsg)
 
 // SQLite instructions, about 10 ms. More means that an index matched very many rows, which are then sorted.
 constexpr int kFirstInstructions = 500'000;
@@ -91,6 +89,7 @@ DayDatabase& DayDatabase::operator=(DayDatabase&& other) noexcept {
 }
 
 void DayDatabase::Close() {
+    Q_ASSERT(!IsInTransaction());
     *this = DayDatabase();
 }
 
@@ -126,7 +125,7 @@ bool DayDatabase::TryOpen() {
     } catch (const RunTimeError& error) {
         if (error.Reason() != m_loggedReason) {
             m_loggedReason = error.Reason();
-            qCWarning(kLog).noquote() << "the day database is still closed:" << error.Reason().simplified();
+            qCWarning(StoreLog).noquote() << "the day database is still closed:" << error.Detail();
         }
         return false;
     }

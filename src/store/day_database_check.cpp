@@ -3,6 +3,7 @@
 
 #include "core/errors.h"
 #include "store/day_schema.h"
+#include "store/log.h"
 
 namespace tickwell {
 
@@ -72,8 +73,8 @@ void LogValuesThatAreNoDates(SqliteConnection& connection, const SchemaTable& ta
             connection.FirstValue("SELECT id FROM \"" + table.name.toLatin1() + "\" WHERE date(" + name +
                                   ", '+0 days') IS NOT " + name + " LIMIT 1");
         if (!row.isEmpty()) {
-            qWarning("Day database: row %s of table %s holds no date and falls on no day.", qPrintable(row),
-                     qPrintable(table.name.toString()));
+            qCWarning(StoreLog, "Day database: row %s of table %s holds no date and falls on no day.",
+                      qPrintable(row), qPrintable(table.name.toString()));
         }
     }
 }

@@ -23,6 +23,7 @@ bool IsExact(const ResultRow::Value& value, QByteArrayView bytes) {
 }  // namespace
 
 std::optional<ResultRow> DayDatabase::ReadRow(QStringView tableName, const FoundRow& row) {
+    Q_ASSERT(FindTable(tableName) != nullptr);
     const SchemaTable& table = *FindTable(tableName);
     const auto columns = std::make_shared<const ResultColumns>(table.columns.begin(), table.columns.end());
     QByteArrayList names;
@@ -48,6 +49,7 @@ std::optional<ResultRow> DayDatabase::ReadRow(QStringView tableName, const Found
 }
 
 void DayDatabase::DeleteRow(QStringView table, qint64 key) {
+    Q_ASSERT(FindTable(table) != nullptr);
     RunOnRow("DELETE FROM " + Identifier(FindTable(table)->name) + " WHERE \"id\" = ?1", key, {});
 }
 

@@ -8,6 +8,7 @@
 #include "core/errors.h"
 #include "store/day_database_check.h"
 #include "store/day_files.h"
+#include "store/log.h"
 #include "store/shared_file_lock.h"
 
 namespace tickwell {
@@ -55,7 +56,8 @@ bool IsSound(const QString& path) {
         SqliteConnection copy(path, FileUse::LookOver);
         CheckDayDatabase(copy);
         return true;
-    } catch (const RunTimeError&) {
+    } catch (const RunTimeError& error) {
+        qCWarning(StoreLog).noquote() << path << "cannot be used:" << error.Detail();
         return false;
     }
 }
@@ -92,8 +94,9 @@ void RecoverDayDatabase(CompactionDisk& disk) {
             PutBack(disk);
         }
         RemoveCopies(disk);
-    } catch (const RunTimeError&) {
+    } catch (const RunTimeError& error) {
         // Opening the database shows whether it is usable nevertheless.
+        qCWarning(StoreLog).noquote() << "the recovery of the day database is incomplete:" << error.Detail();
     }
 }
 

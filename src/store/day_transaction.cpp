@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "store/day_transaction.h"
 
+#include "store/log.h"
 #include "store/sql_error.h"
 
 namespace tickwell {
@@ -15,8 +16,9 @@ DayTransaction::~DayTransaction() {
     }
     try {
         m_connection.Run("ROLLBACK");
-    } catch (const RunTimeError&) {
+    } catch (const RunTimeError& error) {
         // The journal file still exists: whoever opens the database next rolls back.
+        qCWarning(StoreLog).noquote() << "no rollback:" << error.Detail();
     }
 }
 

@@ -3,6 +3,7 @@
 
 #include "core/errors.h"
 #include "store/day_database.h"
+#include "store/log.h"
 
 namespace tickwell {
 
@@ -16,7 +17,7 @@ LargeCache::~LargeCache() {
         m_connection.Run("PRAGMA cache_size=" + m_before.toLatin1());
         m_connection.Run("PRAGMA shrink_memory");
     } catch (const RunTimeError& error) {
-        qWarning("the day database keeps a large cache: %s", error.what());
+        qCWarning(StoreLog).noquote() << "the day database keeps a large cache:" << error.Detail();
     }
 }
 

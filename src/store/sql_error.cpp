@@ -48,6 +48,10 @@ QString Words(int sqliteCode) {
 SqlError::SqlError(const QString& reason, QString sql, int sqliteCode)
     : RunTimeError(reason), m_sql(std::move(sql)), m_sqliteCode(sqliteCode) {}
 
+QString SqlError::Detail() const {
+    return u"%1 (SQLite code %2, statement: %3)"_s.arg(RunTimeError::Detail()).arg(m_sqliteCode).arg(m_sql);
+}
+
 ForeignValueError::ForeignValueError() : RunTimeError(u"データベースの値が正しくありません。"_s) {}
 
 QString SqliteReason(int sqliteCode) {

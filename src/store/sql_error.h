@@ -12,6 +12,7 @@ public:
     /// the statement did not reach SQLite.
     SqlError(const QString& reason, QString sql, int sqliteCode = 0);
 
+    QString Detail() const override;
     const QString& Sql() const { return m_sql; }
     int SqliteCode() const { return m_sqliteCode; }
 

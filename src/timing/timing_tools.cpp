@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "timing/timing_tools.h"
 
+#include "timing/log.h"
+
 namespace tickwell {
 
 namespace {
@@ -37,8 +39,9 @@ void TimingTools::BringUp() {
             m_stopwatchLines.Tick();
         }
         m_countdownLines.BringUp();
-    } catch (const RunTimeError&) {
+    } catch (const RunTimeError& error) {
         // The reading is unchanged.
+        qCWarning(TimingLog).noquote() << "no reading for a screen reader:" << error.Detail();
     }
 }
 

@@ -7,6 +7,8 @@
 #include <QDeadlineTimer>
 #include <QDebug>
 
+#include "platform/log.h"
+
 namespace tickwell {
 
 namespace {
@@ -40,7 +42,8 @@ SessionBusLook::SessionBusLook() {
     m_hangs = Hangs(bus);
     sd_bus_close_unref(bus);
     if (m_hangs) {
-        qWarning("The session bus does not answer: no screen reader and no tray icon over it in this run");
+        qCWarning(PlatformLog,
+                  "The session bus does not answer: no screen reader and no tray icon over it in this run");
         if (qEnvironmentVariableIsSet(kAddress)) {
             m_address = qgetenv(kAddress);
         }

@@ -14,6 +14,7 @@
 #include "platform/files/base_directories.h"
 #include "platform/files/file_replacement.h"
 #include "platform/files/unfinished_files.h"
+#include "platform/log.h"
 
 namespace tickwell {
 
@@ -36,7 +37,7 @@ QByteArray Contents(const QString& path) {
     constexpr qint64 kLargest = qint64{64} << 10;
     FileContents contents = ReadRegularFile(path, kLargest);
     if (contents.problem != FileProblem::None) {
-        qWarning("cannot read %s: %s", qUtf8Printable(path), qUtf8Printable(contents.reason));
+        qCWarning(PlatformLog, "cannot read %s: %s", qUtf8Printable(path), qUtf8Printable(contents.reason));
     }
     return contents.bytes;
 }

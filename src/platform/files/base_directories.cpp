@@ -4,6 +4,8 @@
 #include <QDir>
 #include <QFile>
 
+#include "platform/log.h"
+
 namespace tickwell {
 
 using namespace Qt::StringLiterals;
@@ -27,7 +29,8 @@ void DropRelativeFolders() {
          {"XDG_CACHE_HOME", "XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_RUNTIME_DIR", "XDG_STATE_HOME"}) {
         const QString folder = FromEnvironment(variable);
         if (!folder.isEmpty() && !QDir::isAbsolutePath(folder)) {
-            qWarning("%s is ignored: \"%s\" is no absolute path", variable, qUtf8Printable(folder));
+            qCWarning(PlatformLog, "%s is ignored: \"%s\" is no absolute path", variable,
+                      qUtf8Printable(folder));
             qunsetenv(variable);
         }
     }

@@ -12,6 +12,8 @@
 #include <algorithm>
 #include <cerrno>
 
+#include "platform/log.h"
+
 namespace tickwell {
 
 using namespace Qt::StringLiterals;
@@ -37,7 +39,8 @@ bool IsUnfinished(const QString& entry, const QString& name) {
 void RemoveFile(const QString& path) {
     QFile file(path);
     if (!file.remove()) {
-        qWarning("cannot remove %s: %s", qUtf8Printable(path), qUtf8Printable(file.errorString()));
+        qCWarning(PlatformLog, "cannot remove %s: %s", qUtf8Printable(path),
+                  qUtf8Printable(file.errorString()));
     }
 }
 
@@ -57,7 +60,7 @@ void RemoveFolder(const QString& path, const QStringList& files) {
         RemoveFile(folder.filePath(entry));
     }
     if (!QDir().rmdir(path)) {
-        qWarning("cannot remove the folder %s", qUtf8Printable(path));
+        qCWarning(PlatformLog, "cannot remove the folder %s", qUtf8Printable(path));
     }
 }
 

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "platform/log.h"
 #include "platform/print/print_answer.h"
 
 namespace tickwell {
@@ -48,7 +49,7 @@ QList<PrintNews> HelperPrinter::Document::Tick(int milliseconds) {
         } else if (!isAccepted) {
             news.append(NewsOfDeadHelper());
         } else if (code != 0) {
-            qWarning("tickwell-print died while it followed a job");
+            qCWarning(PlatformLog, "tickwell-print died while it followed a job");
         }
     }
     passed += milliseconds;

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <array>
 
+#include "platform/log.h"
 #include "print_helper/protocol.h"
 
 namespace tickwell {
@@ -49,7 +50,8 @@ PrintNews NewsFrom(const QByteArray& line) {
         kSentences.begin(), kSentences.end(),
         [&fields](const Sentence& known) { return fields.size() == kFields && fields[0] == known.word; });
     if (sentence == kSentences.end()) {
-        qWarning("tickwell-print wrote an unknown answer: %s", line.left(kLongestText).constData());
+        qCWarning(PlatformLog, "tickwell-print wrote an unknown answer: %s",
+                  line.left(kLongestText).constData());
         return NewsOfDeadHelper();
     }
     const QString queue = QString::fromUtf8(fields[1]).left(kLongestText);

@@ -5,6 +5,8 @@
 #include <QFileInfo>
 #include <QStandardPaths>
 
+#include "platform/log.h"
+
 namespace tickwell {
 
 QString DesktopPrograms::Find(const QString& name) const {
@@ -22,7 +24,8 @@ bool DesktopPrograms::Start(const QString& file, const QStringList& arguments, c
     }
     const int error = StartDetached(words, QFile::encodeName(folder), m_inheritance);
     if (error != 0) {
-        qWarning("cannot start %s: %s", qUtf8Printable(file), qUtf8Printable(qt_error_string(error)));
+        qCWarning(PlatformLog, "cannot start %s: %s", qUtf8Printable(file),
+                  qUtf8Printable(qt_error_string(error)));
     }
     return error == 0;
 }

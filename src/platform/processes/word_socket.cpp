@@ -14,6 +14,8 @@
 #include <system_error>
 #include <utility>
 
+#include "platform/log.h"
+
 namespace tickwell {
 
 namespace {
@@ -193,7 +195,7 @@ bool WordSocket::Listen(const QString& path) {
     try {
         m_listener = std::make_unique<Listener>(path, m_onWord);
     } catch (const std::system_error& error) {
-        qWarning("cannot listen at %s: %s", qUtf8Printable(path), error.what());
+        qCWarning(PlatformLog, "cannot listen at %s: %s", qUtf8Printable(path), error.what());
         return false;
     }
     return true;
