@@ -2,6 +2,7 @@
 #include <QApplication>
 #include <QPushButton>
 #include <QTemporaryDir>
+#include <QRegularExpression>
 #include <QTest>
 
 #include "app/program_folder.h"
@@ -121,6 +122,7 @@ class TstRunningProgram : public QObject {
 private Q_SLOTS:
     void ANoticeWithoutItsSoundTellsSo();
     void SoundEndsBeforeTheDiscAndBothBeforeTheDayDatabase();
+    void SettingsThatCannotBeStoredAtTheEndOfTheSessionAreLogged();
 };
 
 void TstRunningProgram::ANoticeWithoutItsSoundTellsSo() {
@@ -148,6 +150,18 @@ void TstRunningProgram::SoundEndsBeforeTheDiscAndBothBeforeTheDayDatabase() {
     QVERIFY(bench.journal.size() >= 2);
     QCOMPARE(bench.journal.constFirst(), u"disc stopped, day database"_s);
     QCOMPARE(bench.journal.constLast(), u"closed"_s);
+}
+
+void TstRunningProgram::SettingsThatCannotBeStoredAtTheEndOfTheSessionAreLogged() {
+    Bench bench(u"0"_s);
+    auto& store = dynamic_cast<FakeSettingsStore&>(*bench.state.started.store);
+    store.SetFull(true);
+    QTest::ignoreMessage(QtWarningMsg, QRegularExpression(u"not stored .*空き容量がありません。"_s));
+    bench.program->SaveForSessionEnd();
+    QVERIFY(bench.boxes.Shown().isEmpty());  // nobody is left to read it
+    store.SetFull(false);
+    bench.program->SaveForSessionEnd();
+    QCOMPARE(store.Commits(), 1);
 }
 
 QTEST_MAIN(TstRunningProgram)

@@ -198,6 +198,8 @@ void TstSqlRefusals::KeepsTheTextInTheError() {
         QCOMPARE(error.Sql(), sql);
         QCOMPARE(error.SqliteCode(), 0);
         QCOMPARE(error.Reason(), u"SQL文の書き方が正しくありません。"_s);
+        QCOMPARE(error.Detail(),
+                 u"SQL文の書き方が正しくありません。 (SQLite code 0, statement: "_s + sql + u')');
     }
 }
 
