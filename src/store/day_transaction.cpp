@@ -17,7 +17,7 @@ DayTransaction::~DayTransaction() {
     try {
         m_connection.Run("ROLLBACK");
     } catch (const RunTimeError& error) {
-        // The journal file still exists: whoever opens the database next rolls back.
+        // The journal file still exists: the next connection rolls back.
         qCWarning(StoreLog).noquote() << "no rollback:" << error.Detail();
     }
 }

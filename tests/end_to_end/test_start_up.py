@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""The start: which files it needs, where it finds them, and the message box if one is missing."""
+"""The start: the files that it needs, their locations, and the message box for a missing one."""
 
 import os
 import shutil

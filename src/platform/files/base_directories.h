@@ -6,7 +6,7 @@
 
 namespace tickwell {
 
-/// The user's folders according to the XDG Base Directory Specification: all absolute, from the environment
+/// The user's folders by the freedesktop.org base directory rules: all absolute, from the environment
 /// or a default. A relative path in the environment is invalid and is ignored; QStandardPaths would take it.
 
 /// Removes those that are relative from the environment of this process, so that no library uses them
