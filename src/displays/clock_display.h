@@ -23,8 +23,8 @@ public:
     void Wake() override { m_Dz_Timer1.Wake(); }
     void Refresh() override;
 
-    const Timer& Dz_Timer1() const { return m_Dz_Timer1; }
-    const Timer& Dz_Timer2() const { return *m_Dz_Timer2; }
+    const Timer& TimeTimer() const { return m_Dz_Timer1; }
+    const Timer& DateTimer() const { return *m_Dz_Timer2; }
 
 private:
     void Dz_Timer1_Timer();

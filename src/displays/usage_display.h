@@ -21,7 +21,7 @@ public:
     qint64 UntilDue(bool isSeen) const override;
     void Wake() override { m_Win_Timer.Wake(); }
 
-    const Timer& Win_Timer() const { return m_Win_Timer; }
+    const Timer& UsageTimer() const { return m_Win_Timer; }
 
 private:
     UsageLines m_lines;

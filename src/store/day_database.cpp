@@ -70,7 +70,7 @@ auto Run(const QString& sql, Job job) {
 
 }  // namespace
 
-DayDatabase::DayDatabase(const QString& path) : m_path(path) {
+DayDatabase::DayDatabase(QString path) : m_path(std::move(path)) {
     Open(LockedOpening::Waits);
 }
 

@@ -40,7 +40,7 @@ public:
 
     /// Opens `path` for reading and writing with a shared lock, and checks it: a file of another kind, a
     /// damaged one, or one without our tables is refused here rather than failing later. Throws RunTimeError.
-    explicit DayDatabase(const QString& path);
+    explicit DayDatabase(QString path);
 
     /// For a file that cannot be opened at the moment: each statement tries to open it until that succeeds,
     /// without waiting for another program's lock. It counts as open.

@@ -32,9 +32,9 @@ struct Bench : LinesBench {
     FunctionSwitch functions{settings, {upper, lower}, marks, displays};
 
     QString Running() const {
-        return QString(The<ClockDisplay>().Dz_Timer1().IsRunning() ? u"Dz_Timer1 "_s : QString()) +
-               (The<ClockDisplay>().Dz_Timer2().IsRunning() ? u"Dz_Timer2 "_s : QString()) +
-               (The<UsageDisplay>().Win_Timer().IsRunning() ? u"Win_Timer"_s : QString()) +
+        return QString(The<ClockDisplay>().TimeTimer().IsRunning() ? u"Dz_Timer1 "_s : QString()) +
+               (The<ClockDisplay>().DateTimer().IsRunning() ? u"Dz_Timer2 "_s : QString()) +
+               (The<UsageDisplay>().UsageTimer().IsRunning() ? u"Win_Timer"_s : QString()) +
                (The<StopwatchDisplay>().Timer1().IsRunning() ? u"Timer1"_s : QString()) +
                (The<BatteryDisplay>().BatTimer().IsRunning() ? u"BatTimer"_s : QString()) +
                (The<MemoryDisplay>().MemoryTimer().IsRunning() ? u"MemoryTimer"_s : QString()) +
