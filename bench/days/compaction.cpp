@@ -84,8 +84,8 @@ void Measure(int rows, int ofTwentyKept) {
         DayDatabase handle(kLiveFile);
         FakeMessageBoxes boxes;
         TimedDisk disk;
-        whole.push_back(
-            TimedDisk::Timed([&] { CompactDayDatabase(handle, QDir::currentPath(), boxes, disk); }));
+        whole.push_back(TimedDisk::Timed(
+            [&] { CompactDayDatabase(handle, ProgramFolder(QDir::currentPath()), boxes, disk); }));
         if (boxes.Shown().constFirst().icon != MessageIcon::Information) {
             throw RunTimeError(boxes.Shown().constFirst().text);
         }

@@ -2,7 +2,6 @@
 #include "app/about_box.h"
 
 #include <QClipboard>
-#include <QDir>
 #include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QShowEvent>
@@ -138,7 +137,7 @@ void frmAbout::Timer1_Timer() {
 }
 
 void frmAbout::cmdSysInfo_Click() {
-    if (!StartSystemInformation(m_parts.programs, QDir::currentPath())) {
+    if (!StartSystemInformation(m_parts.programs, m_parts.folder.Path())) {
         m_parts.boxes.Show(this, {MessageIcon::None, ProgramTitle(), u"現時点ではｼｽﾃﾑ情報を使用できません"_s},
                            [] {});
     }

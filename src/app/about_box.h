@@ -11,6 +11,7 @@
 #include "core/ports/message_boxes.h"
 #include "core/ports/program_starter.h"
 #include "core/ports/timer.h"
+#include "core/program_folder.h"
 
 namespace tickwell {
 
@@ -21,6 +22,7 @@ struct AboutBoxParts {
     MessageBoxes& boxes;
     HelpViewer& help;
     ProgramStarter& programs;
+    ProgramFolder folder;
 };
 
 /// The about box: name and version, rotating messages of thanks, system information, contact. Opened with

@@ -41,8 +41,8 @@ void BackgroundCompaction::Start(const QObject* owner, std::function<void()> don
         BeginCompaction(m_parts.dayDatabase, m_parts.folder);
         m_listener = std::make_shared<Listener>(Listener{*this});
         const std::shared_ptr<CompactionDisk> disk = m_makeDisk(m_stop.get_token());
-        m_jobs.Do([disk, listener = std::weak_ptr(m_listener)] {
-            const auto end = std::make_shared<CompactionEnd>(CompactDayFile(*disk));
+        m_jobs.Do([disk, folder = m_parts.folder, listener = std::weak_ptr(m_listener)] {
+            const auto end = std::make_shared<CompactionEnd>(CompactDayFile(folder, *disk));
             QMetaObject::invokeMethod(
                 QCoreApplication::instance(),
                 [listener, end] {

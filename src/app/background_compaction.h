@@ -10,6 +10,7 @@
 
 #include "core/handlers.h"
 #include "core/ports/message_boxes.h"
+#include "core/program_folder.h"
 #include "platform/processes/slow_jobs.h"
 #include "store/compaction.h"
 
@@ -18,7 +19,7 @@ namespace tickwell {
 /// What a compaction works with; all but `folder` outlive it.
 struct BackgroundCompactionParts {
     DayDatabase& dayDatabase;  ///< closed while a compaction runs
-    QString folder;            ///< the program's folder, absolute
+    ProgramFolder folder;
     MessageBoxes& boxes;
     Handlers& handlers;
 };

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "core/program_folder.h"
 #include "media/media_system.h"
 #include "media/sound_playback.h"
 
@@ -17,7 +18,7 @@ struct MediaParts {
     CdDrive& drive;
     CdPlayback& playback;
     bool& tellsNoCdDrive;  ///< the stored setting
-    QString folder;        ///< the program's folder, absolute
+    ProgramFolder folder;
 };
 
 /// Owns and connects the sound and disc classes of the program.

@@ -5,7 +5,7 @@
 #include <QDir>
 #include <QProcessEnvironment>
 
-#include "app/program_folder.h"
+#include "app/folder_setup.h"
 #include "platform/desktop/autostart_file.h"
 #include "platform/desktop/freed_memory.h"
 #include "platform/files/base_directories.h"

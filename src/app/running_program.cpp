@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/running_program.h"
 
-#include <QDir>
-
 #include "app/log.h"
 
 namespace tickwell {
@@ -20,7 +18,7 @@ RunningProgram::RunningProgram(const ProgramPorts& ports, ProgramState& state, s
                .drive = ports.drive,
                .playback = ports.playback,
                .tellsNoCdDrive = state.started.further.tellsNoCdDrive,
-               .folder = QDir::currentPath()}) {}
+               .folder = state.started.folder}) {}
 
 void RunningProgram::Start() {
     m_media.System().OpenAtStart();
@@ -47,7 +45,7 @@ WindowsParts RunningProgram::PartsOfWindows() {
             .autostart = m_ports.autostart,
             .settings = m_state.started.settings,
             .further = m_state.started.further,
-            .folder = QDir::currentPath(),
+            .folder = m_state.started.folder,
             .cdPlayer = m_media.System().Player(),
             .listen = [&sounds](const QString& name) { sounds.PlayChime(name, 1); },
             .gone = m_ports.windowGone};
@@ -65,7 +63,7 @@ MainWindowParts RunningProgram::PartsOfMainWindow() {
             .tray = m_ports.tray,
             .stack = m_ports.stack,
             .starter = m_ports.starter,
-            .folder = QDir::currentPath(),
+            .folder = m_state.started.folder,
             .handlers = m_ports.handlers,
             .windows = m_windows->Openers(),
             .makeDisplays = [this](const DisplayView& view) { return MakeDisplays(PartsOfDisplays(), view); },
@@ -86,12 +84,6 @@ DisplaysParts RunningProgram::PartsOfDisplays() {
 }
 
 TimingParts RunningProgram::Timing() {
-    const QString folder = QDir::currentPath();
-    const auto enterFolder = [folder] {
-        if (!QDir::setCurrent(folder)) {
-            throw RunTimeError(folder);
-        }
-    };
     Multimedia& media = m_media.System().Commands();
     const auto sendCommand = [&media](const QString& command) { media.MciSend(command, true); };
     return {.stopwatch = m_state.stopwatch,
@@ -102,7 +94,7 @@ TimingParts RunningProgram::Timing() {
             .boxes = m_ports.boxes,
             .printer = m_ports.printer,
             .help = m_windows->Help(),
-            .enterFolder = enterFolder,
+            .enterFolder = [folder = m_state.started.folder] { folder.Enter(); },
             .sendCommand = sendCommand,
             .place = [this](QWidget& window) { m_windows->Place(window); },
             .version = QStringLiteral(TICKWELL_VERSION)};

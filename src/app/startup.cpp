@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/startup.h"
 
-#include <QDir>
 #include <QFileInfo>
 
-#include "app/program_folder.h"
+#include "app/folder_setup.h"
 #include "core/errors.h"
 #include "core/settings_io.h"
 #include "store/day_files.h"
@@ -17,32 +16,31 @@ using namespace Qt::StringLiterals;
 namespace {
 
 /// Only checks existence. A dangling link counts as missing.
-void RequireFiles() {
+void RequireFiles(const ProgramFolder& folder) {
     for (const QString& name : RequiredFiles()) {
-        if (!QFileInfo::exists(name)) {
-            throw RunTimeError(name == kLiveFile ? WithNamedCopies(name) : name);
+        if (!QFileInfo::exists(folder.PathOf(name))) {
+            throw RunTimeError(name == kLiveFile ? WithNamedCopies(folder, name) : name);
         }
     }
 }
 
 void OpenTheDays(Started& started) {
+    const QString path = started.folder.PathOf(kLiveFile);
     try {
-        started.imported = ImportJetFile(kLiveFile);
-        started.dayDatabase = DayDatabase(kLiveFile);
+        started.imported = ImportJetFile(path);
+        started.dayDatabase = DayDatabase(path);
     } catch (const RunTimeError& error) {
-        throw RunTimeError(WithNamedCopies(error.Reason()));
+        throw RunTimeError(WithNamedCopies(started.folder, started.folder.Shortened(error.Reason())));
     }
 }
 
 }  // namespace
 
 Started StartUp(const QString& folder, const std::function<std::unique_ptr<SettingsStore>()>& openStore) {
-    if (!QDir::setCurrent(folder)) {  // bare file names are relative to it
-        throw RunTimeError(folder);
-    }
-    RecoverDayDatabase();
-    RequireFiles();
     Started started;
+    started.folder = ProgramFolder::Entered(folder);
+    RecoverDayDatabase(started.folder);
+    RequireFiles(started.folder);
     OpenTheDays(started);
     started.store = openStore();
     LoadSettings(*started.store, started.settings);

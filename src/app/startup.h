@@ -7,6 +7,7 @@
 #include <optional>
 
 #include "core/ports/settings_store.h"
+#include "core/program_folder.h"
 #include "core/settings.h"
 #include "store/day_database.h"
 #include "store/jet/jet_import.h"
@@ -15,6 +16,7 @@ namespace tickwell {
 
 /// The results of start-up, kept while the program runs.
 struct Started {
+    ProgramFolder folder;
     std::unique_ptr<SettingsStore> store;
     DayDatabase dayDatabase;
     AppSettings settings;

@@ -12,7 +12,7 @@ using namespace Qt::StringLiterals;
 
 Windows::Windows(const WindowsParts& parts)
     : m_parts(parts),
-      m_help(u"Help.hlp"_s, parts.handlers, [this](QWidget& window) { Place(window); }),
+      m_help(parts.folder.PathOf(u"Help.hlp"_s), parts.handlers, [this](QWidget& window) { Place(window); }),
       m_compaction({.dayDatabase = parts.dayDatabase,
                     .folder = parts.folder,
                     .boxes = parts.boxes,
@@ -50,7 +50,8 @@ OtherWindows Windows::Openers() {
                                                             .handlers = m_parts.handlers,
                                                             .boxes = m_parts.boxes,
                                                             .help = m_help,
-                                                            .programs = m_parts.programs});
+                                                            .programs = m_parts.programs,
+                                                            .folder = m_parts.folder});
         });
     };
     return openers;

@@ -8,6 +8,7 @@
 #include "book/anniversary_book.h"
 #include "core/handlers.h"
 #include "core/ports/autostart.h"
+#include "core/program_folder.h"
 #include "days/calendar_window.h"
 #include "help/help_desk.h"
 #include "media/cd_window.h"
@@ -27,7 +28,7 @@ struct WindowsParts {
     Autostart& autostart;
     AppSettings& settings;
     FurtherSettings& further;
-    QString folder;  ///< the program's, absolute
+    ProgramFolder folder;
     CdPlayer& cdPlayer;
     std::function<void(const QString& soundName)> listen;  ///< plays a sound once
     std::function<void()> gone;                            ///< told of each window and menu that goes

@@ -18,8 +18,7 @@ public:
     /// Called with each new window before it is shown, so that the owner can place it.
     using Opening = std::function<void(QWidget& window)>;
 
-    /// `file`: a bare name is searched in the current folder, which is the program's. `handlers` outlives
-    /// this object.
+    /// `file`: its path. `handlers` outlives this object.
     HelpDesk(QString file, Handlers& handlers, Opening opening);
     ~HelpDesk() override;
     HelpDesk(const HelpDesk&) = delete;

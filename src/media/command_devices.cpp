@@ -90,7 +90,7 @@ std::unique_ptr<MediaDevice> CommandDevices::MakeDevice(const QString& name, boo
     if (!IsSame(extension, u"wav")) {
         throw CommandError(kErrorUnknownExtension);
     }
-    WaveFile file = ReadWaveFile(name);
+    WaveFile file = ReadWaveFile(m_parts.folder.PathOf(name));
     if (file.problem != WaveProblem::None) {
         throw CommandError(file.problem == WaveProblem::Missing ? kErrorFileMissing : kErrorNoWave);
     }

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "core/ports/timer.h"
+#include "core/program_folder.h"
 #include "media/media_device.h"
 #include "media/ports/cd_drive.h"
 #include "media/ports/command_strings.h"
@@ -14,13 +15,14 @@
 
 namespace tickwell {
 
-/// References that the devices work with; all outlive them.
+/// What the devices work with; the references outlive them.
 struct DeviceParts {
     CdDrive& drive;
     CdPlayback& playback;
     SoundOutput& sound;
     RealTimerSource& timers;
     EventWait& wait;
+    ProgramFolder folder;  ///< where a sound given by its name alone is searched
 };
 
 /// Two kinds of devices, controlled by text commands: "cdaudio", which can be open once, and any number of

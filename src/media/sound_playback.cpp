@@ -1,11 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "media/sound_playback.h"
 
-#include <QDir>
 #include <algorithm>
 #include <array>
 
+#include "core/errors.h"
 #include "core/integers.h"
+#include "media/log.h"
 
 namespace tickwell {
 
@@ -44,7 +45,7 @@ std::optional<QString> SoundFile(const QString& soundName) {
     return found == kSounds.end() ? std::nullopt : std::optional(found->file.toString());
 }
 
-SoundPlayback::SoundPlayback(const Parts& parts, QString folder)
+SoundPlayback::SoundPlayback(const Parts& parts, ProgramFolder folder)
     : m_parts(parts),
       m_folder(std::move(folder)),
       Timer2(parts.timers.Create(kSessionTime, [this] { AudioStop(); })) {}
@@ -93,7 +94,7 @@ void SoundPlayback::AudioLoadWave(const QString& fileName, qint32 channel) {
         m_parts.mix.WaveMixFreeWave(sound.MixSession, sound.MixWaves[channel]);
         sound.MixWaves[channel] = 0;
     }
-    sound.MixWaves[channel] = m_parts.mix.WaveMixOpenWave(sound.MixSession, fileName);
+    sound.MixWaves[channel] = m_parts.mix.WaveMixOpenWave(sound.MixSession, m_folder.PathOf(fileName));
     m_parts.mix.WaveMixOpenChannel(sound.MixSession, channel);
 }
 
@@ -126,10 +127,13 @@ void SoundPlayback::AudioStop() {
     sound.MixSession = 0;
 }
 
-/// The sounds are opened by file name only. If the folder is missing they are not found, and the program
-/// stays silent.
+/// If the folder is gone the sounds are not found either, and the program stays silent.
 void SoundPlayback::MakeFolderCurrent() const {
-    QDir::setCurrent(m_folder);
+    try {
+        m_folder.Enter();
+    } catch (const RunTimeError& error) {
+        qCWarning(MediaLog).noquote() << "the folder of the sounds cannot be entered:" << error.Detail();
+    }
 }
 
 }  // namespace tickwell

@@ -9,6 +9,7 @@
 
 #include "core/ports/message_boxes.h"
 #include "core/ports/timer.h"
+#include "core/program_folder.h"
 #include "media/media_state.h"
 #include "media/wave_mix.h"
 
@@ -32,8 +33,8 @@ public:
         TimerSource& timers;
     };
 
-    /// `folder`: the program's folder, which contains the sounds.
-    SoundPlayback(const Parts& parts, QString folder);
+    /// `folder`: contains the sounds.
+    SoundPlayback(const Parts& parts, ProgramFolder folder);
 
     /// Plays the named sound `count` times in a row. Does nothing for an unknown name, and is silent if the
     /// sound cannot be played. Throws OverflowError if `count` is the smallest qint32.
@@ -57,7 +58,7 @@ private:
     void MakeFolderCurrent() const;
 
     Parts m_parts;
-    QString m_folder;
+    ProgramFolder m_folder;
     std::unique_ptr<Timer>
         Timer2;  ///< calls AudioStop 30 s after the start of the last chime and every 30 s from then on
 };

@@ -15,6 +15,7 @@
 #include "core/ports/timer.h"
 #include "core/ports/tray.h"
 #include "core/ports/window_stack.h"
+#include "core/program_folder.h"
 #include "core/settings.h"
 #include "displays/chime.h"
 
@@ -43,7 +44,7 @@ struct MainWindowParts {
     Tray& tray;
     WindowStack& stack;
     ProgramStarter& starter;
-    QString folder;  ///< the program's, absolute
+    ProgramFolder folder;
     Handlers& handlers;
     OtherWindows windows;
     DisplaysMaker makeDisplays;

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "shell/tool_launcher.h"
 
-#include <QDir>
 #include <QFileInfo>
 
 #include "core/errors.h"
@@ -17,11 +16,11 @@ QString ToolFileName(int index) {
                : QString();
 }
 
-ToolLauncher::ToolLauncher(QString folder, ProgramStarter& starter)
+ToolLauncher::ToolLauncher(ProgramFolder folder, ProgramStarter& starter)
     : m_folder(std::move(folder)), m_starter(starter) {}
 
 QString ToolLauncher::PathOf(int index) const {
-    return QDir(m_folder).filePath(ToolFileName(index));
+    return m_folder.PathOf(ToolFileName(index));
 }
 
 QList<int> ToolLauncher::Present() const {
@@ -36,7 +35,7 @@ QList<int> ToolLauncher::Present() const {
 
 void ToolLauncher::Start(int index) const {
     const QString file = PathOf(index);
-    if (!m_starter.Start(file, {u"VeskOnly"_s}, m_folder)) {
+    if (!m_starter.Start(file, {u"VeskOnly"_s}, m_folder.Path())) {
         throw RunTimeError(u"ツールを起動できません。\r\n"_s + file);
     }
 }

@@ -5,6 +5,7 @@
 #include <QString>
 
 #include "core/ports/program_starter.h"
+#include "core/program_folder.h"
 
 namespace tickwell {
 
@@ -14,8 +15,8 @@ QString ToolFileName(int index);
 /// The companion tools that lie in the program's folder.
 class ToolLauncher {
 public:
-    /// `folder`: the program's, absolute. The starter outlives this object.
-    ToolLauncher(QString folder, ProgramStarter& starter);
+    /// The starter outlives this object.
+    ToolLauncher(ProgramFolder folder, ProgramStarter& starter);
 
     /// The indexes of the tools whose files are there now, rising.
     QList<int> Present() const;
@@ -27,7 +28,7 @@ public:
 private:
     QString PathOf(int index) const;
 
-    QString m_folder;
+    ProgramFolder m_folder;
     ProgramStarter& m_starter;
 };
 

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "store/compaction.h"
 
-#include <QDir>
 #include <QFileInfo>
 
 #include "core/errors.h"
@@ -47,7 +46,7 @@ void Restore(CompactionDisk& disk, const DayFiles& files) {
         if (QFileInfo::exists(files.copy)) {
             disk.Rename(files.copy, files.live);
         } else if (!QFileInfo::exists(files.live)) {
-            PutBackLiveFile(disk);
+            PutBackLiveFile(disk, files);
         }
     } catch (const RunTimeError& error) {
         qCWarning(StoreLog).noquote() << "the next start recovers the day database:" << error.Detail();
@@ -87,34 +86,33 @@ Message Compact(CompactionDisk& disk, const DayFiles& files) {
 }
 
 /// Reopens the database. A failure becomes the fault of `end` unless it already has one.
-void Reopen(CompactionEnd& end) {
+void Reopen(const ProgramFolder& folder, CompactionEnd& end) {
+    const QString path = folder.PathOf(kLiveFile);
     try {
-        end.dayDatabase = DayDatabase(kLiveFile);
+        end.dayDatabase = DayDatabase(path);
     } catch (const RunTimeError& error) {
-        end.dayDatabase = DayDatabase::OpenLater(kLiveFile);
+        end.dayDatabase = DayDatabase::OpenLater(path);
         if (end.fault.isEmpty()) {
-            end.fault = error.Reason() + u"\r\n使えるようになりしだい、開き直します。"_s;
+            end.fault = folder.Shortened(error.Reason()) + u"\r\n使えるようになりしだい、開き直します。"_s;
         }
     }
 }
 
 }  // namespace
 
-void BeginCompaction(DayDatabase& dayDatabase, const QString& folder) {
-    if (!QDir::setCurrent(folder)) {
-        throw RunTimeError(folder);
-    }
+void BeginCompaction(DayDatabase& dayDatabase, const ProgramFolder& folder) {
+    folder.Enter();
     dayDatabase.Close();
 }
 
-CompactionEnd CompactDayFile(CompactionDisk& disk) {
+CompactionEnd CompactDayFile(const ProgramFolder& folder, CompactionDisk& disk) {
     CompactionEnd end;
     try {
-        end.report = Compact(disk, FindDayFiles());
+        end.report = Compact(disk, FindDayFiles(folder));
     } catch (const RunTimeError& error) {
-        end.fault = error.Reason();
+        end.fault = folder.Shortened(error.Reason());
     }
-    Reopen(end);
+    Reopen(folder, end);
     return end;
 }
 
@@ -128,10 +126,10 @@ void EndCompaction(DayDatabase& dayDatabase, CompactionEnd end, MessageBoxes& bo
     }
 }
 
-void CompactDayDatabase(DayDatabase& dayDatabase, const QString& folder, MessageBoxes& boxes,
+void CompactDayDatabase(DayDatabase& dayDatabase, const ProgramFolder& folder, MessageBoxes& boxes,
                         CompactionDisk& disk, const QObject* owner) {
     BeginCompaction(dayDatabase, folder);
-    EndCompaction(dayDatabase, CompactDayFile(disk), boxes, owner);
+    EndCompaction(dayDatabase, CompactDayFile(folder, disk), boxes, owner);
 }
 
 }  // namespace tickwell

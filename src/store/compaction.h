@@ -5,6 +5,7 @@
 #include <optional>
 
 #include "core/ports/message_boxes.h"
+#include "core/program_folder.h"
 #include "store/compaction_disk.h"
 #include "store/day_database.h"
 
@@ -24,18 +25,18 @@ struct CompactionEnd {
 
 /// First step: closes `dayDatabase` and makes `folder` the current folder. Throws RunTimeError if that folder
 /// cannot be entered; `dayDatabase` is then unchanged.
-void BeginCompaction(DayDatabase& dayDatabase, const QString& folder);
+void BeginCompaction(DayDatabase& dayDatabase, const ProgramFolder& folder);
 
-/// Second step: compacts the day database of the current folder and opens it. Nothing else may use the
-/// database or change the current folder meanwhile.
-CompactionEnd CompactDayFile(CompactionDisk& disk);
+/// Second step: compacts the day database of `folder` and opens it. Nothing else may use the database
+/// meanwhile.
+CompactionEnd CompactDayFile(const ProgramFolder& folder, CompactionDisk& disk);
 
 /// Last step: hands over the database and shows the report in a box of `owner`, which is a window or null.
 /// Throws RunTimeError with the fault.
 void EndCompaction(DayDatabase& dayDatabase, CompactionEnd end, MessageBoxes& boxes, const QObject* owner);
 
 /// All three steps, for a caller that may block.
-void CompactDayDatabase(DayDatabase& dayDatabase, const QString& folder, MessageBoxes& boxes,
+void CompactDayDatabase(DayDatabase& dayDatabase, const ProgramFolder& folder, MessageBoxes& boxes,
                         CompactionDisk& disk, const QObject* owner = nullptr);
 
 }  // namespace tickwell

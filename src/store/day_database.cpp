@@ -3,6 +3,7 @@
 
 #include <sqlite3.h>
 
+#include <QFileInfo>
 #include <QRandomGenerator>
 #include <QScopeGuard>
 #include <limits>
@@ -101,7 +102,7 @@ void DayDatabase::Open(LockedOpening opening) {
         m_serial = QRandomGenerator::global()->generate64();
     } catch (const RunTimeError& error) {
         m_connection.reset();
-        throw RunTimeError(m_path + u"\r\n" + error.Reason());
+        throw RunTimeError(QFileInfo(m_path).fileName() + u"\r\n" + error.Reason());
     }
 }
 

@@ -5,11 +5,8 @@
 
 namespace tickwell {
 
-DayFiles FindDayFiles() {
-    const QString live = FollowLinks(kLiveFile);
-    if (live == kLiveFile) {
-        return {live, kSafetyCopy, kCompactionTarget};
-    }
+DayFiles FindDayFiles(const ProgramFolder& folder) {
+    const QString live = FollowLinks(folder.PathOf(kLiveFile));
     // The target's base name is the prefix, because its folder may contain another day database with such
     // files.
     const QFileInfo file(live);

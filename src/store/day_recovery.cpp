@@ -7,7 +7,6 @@
 
 #include "core/errors.h"
 #include "store/day_database_check.h"
-#include "store/day_files.h"
 #include "store/log.h"
 #include "store/shared_file_lock.h"
 
@@ -18,8 +17,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 /// The preferred copy first.
-QStringList Copies() {
-    const DayFiles files = FindDayFiles();
+QStringList Copies(const DayFiles& files) {
     return {files.copy, files.target};
 }
 
@@ -31,8 +29,8 @@ bool IsThere(const QString& path) {
     return file.exists() || file.isSymLink();
 }
 
-bool AnythingIsLeft() {
-    for (const QString& copy : Copies()) {
+bool AnythingIsLeft(const DayFiles& files) {
+    for (const QString& copy : Copies(files)) {
         if (IsThere(copy)) {
             return true;
         }
@@ -62,50 +60,50 @@ bool IsSound(const QString& path) {
     }
 }
 
-void RemoveCopies(CompactionDisk& disk) {
-    SqliteConnection live(kLiveFile);  // fails while someone else compacts it
+void RemoveCopies(CompactionDisk& disk, const DayFiles& files) {
+    SqliteConnection live(files.live);  // fails while someone else compacts it
     CheckDayDatabase(live);
-    for (const QString& copy : Copies()) {
+    for (const QString& copy : Copies(files)) {
         RemoveWithJournals(disk, copy);
     }
 }
 
-void PutBack(CompactionDisk& disk) {
-    SharedFileLock lock(kLiveFile);
+void PutBack(CompactionDisk& disk, const DayFiles& files) {
+    SharedFileLock lock(files.live);
     lock.TakeExclusive();
-    if (!IsThere(kLiveFile)) {  // another instance may have been faster
-        PutBackLiveFile(disk);
+    if (!IsThere(files.live)) {  // another instance may have been faster
+        PutBackLiveFile(disk, files);
     }
 }
 
 }  // namespace
 
-void RecoverDayDatabase() {
+void RecoverDayDatabase(const ProgramFolder& folder) {
     PosixCompactionDisk disk;
-    RecoverDayDatabase(disk);
+    RecoverDayDatabase(folder, disk);
 }
 
-void RecoverDayDatabase(CompactionDisk& disk) {
-    if (!AnythingIsLeft()) {
+void RecoverDayDatabase(const ProgramFolder& folder, CompactionDisk& disk) {
+    const DayFiles files = FindDayFiles(folder);
+    if (!AnythingIsLeft(files)) {
         return;
     }
     try {
-        if (!IsThere(kLiveFile)) {
-            PutBack(disk);
+        if (!IsThere(folder.PathOf(kLiveFile))) {
+            PutBack(disk, files);
         }
-        RemoveCopies(disk);
+        RemoveCopies(disk, files);
     } catch (const RunTimeError& error) {
         // Opening the database shows whether it is usable nevertheless.
         qCWarning(StoreLog).noquote() << "the recovery of the day database is incomplete:" << error.Detail();
     }
 }
 
-void PutBackLiveFile(CompactionDisk& disk) {
-    const QString live = FindDayFiles().live;
-    for (const QString& copy : Copies()) {
+void PutBackLiveFile(CompactionDisk& disk, const DayFiles& files) {
+    for (const QString& copy : Copies(files)) {
         if (IsSound(copy)) {
-            RemoveJournals(disk, live);
-            disk.Rename(copy, live);
+            RemoveJournals(disk, files.live);
+            disk.Rename(copy, files.live);
             return;
         }
     }
@@ -116,11 +114,11 @@ void RemoveWithJournals(CompactionDisk& disk, const QString& path) {
     RemoveJournals(disk, path);
 }
 
-QString WithNamedCopies(const QString& reason) {
+QString WithNamedCopies(const ProgramFolder& folder, const QString& reason) {
     QStringList names;
-    for (const QString& copy : Copies()) {
+    for (const QString& copy : Copies(FindDayFiles(folder))) {
         if (IsThere(copy)) {
-            names.append(copy);
+            names.append(folder.Shortened(copy));
         }
     }
     return names.isEmpty() ? reason

@@ -4,28 +4,29 @@
 #include <QString>
 
 #include "store/compaction_disk.h"
+#include "store/day_files.h"
 
 namespace tickwell {
 
-/// Cleans up the current folder after a compaction that was killed. If DayDate.mdb is undamaged, its copies
+/// Cleans up `folder` after a compaction that was killed. If DayDate.mdb is undamaged, its copies
 /// are removed; if it is missing, an undamaged CopyDate.mdb replaces it, else an undamaged BUDate.mdb. If it
 /// is damaged, or no file is undamaged, nothing is changed; opening the database then reports the problem.
 /// Call it once, before the database is opened.
-void RecoverDayDatabase();
+void RecoverDayDatabase(const ProgramFolder& folder);
 
 /// The same with the given disk operations.
-void RecoverDayDatabase(CompactionDisk& disk);
+void RecoverDayDatabase(const ProgramFolder& folder, CompactionDisk& disk);
 
 /// Puts an undamaged copy in place of the missing live file. The caller holds the exclusive lock. Throws
 /// RunTimeError.
-void PutBackLiveFile(CompactionDisk& disk);
+void PutBackLiveFile(CompactionDisk& disk, const DayFiles& files);
 
 /// Removes a file and its SQLite journals: SQLite would apply a leftover journal to the next file of that
 /// name. Throws RunTimeError.
 void RemoveWithJournals(CompactionDisk& disk, const QString& path);
 
-/// Adds to `reason` a line with the names of the copies in the current folder; `reason` alone if there are
+/// Adds to `reason` a line with the names of the copies in `folder`; `reason` alone if there are
 /// none.
-QString WithNamedCopies(const QString& reason);
+QString WithNamedCopies(const ProgramFolder& folder, const QString& reason);
 
 }  // namespace tickwell

@@ -2,7 +2,7 @@
 #include <QTemporaryDir>
 #include <QTest>
 
-#include "app/program_folder.h"
+#include "app/folder_setup.h"
 #include "support/files.h"
 
 using namespace tickwell;

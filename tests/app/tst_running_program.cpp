@@ -5,7 +5,7 @@
 #include <QTemporaryDir>
 #include <QTest>
 
-#include "app/program_folder.h"
+#include "app/folder_setup.h"
 #include "app/running_program.h"
 #include "platform/time/virtual_time.h"
 #include "support/borrowed.h"

@@ -2,7 +2,7 @@
 #include <QTemporaryDir>
 #include <QTest>
 
-#include "app/program_folder.h"
+#include "app/folder_setup.h"
 #include "app/startup.h"
 #include "core/errors.h"
 #include "support/fake_settings_store.h"

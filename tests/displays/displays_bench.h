@@ -41,7 +41,12 @@ struct DisplaysBench {
 
     void StartMedia() {
         media = std::make_unique<MediaSystem>(MediaSystemParts{
-            .devices = {.drive = drive, .playback = drive, .sound = sound, .timers = realTime, .wait = wait},
+            .devices = {.drive = drive,
+                        .playback = drive,
+                        .sound = sound,
+                        .timers = realTime,
+                        .wait = wait,
+                        .folder = {}},
             .boxes = boxes,
             .handlers = handlers,
             .timers = time,

@@ -26,7 +26,7 @@ int main(int argc, char** argv) {
     SoundState sound;
     MediaState media;
     FakeMessageBoxes boxes;
-    SoundPlayback playback({mix, sound, media, boxes, timers}, words[1]);
+    SoundPlayback playback({mix, sound, media, boxes, timers}, ProgramFolder(words[1]));
     playback.PlayChime(words[2], words[3].toInt());
     std::printf("error %d\n", media.MediaError);
     std::fflush(stdout);

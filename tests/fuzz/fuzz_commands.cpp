@@ -26,6 +26,12 @@ namespace {
 constexpr qsizetype kLongestReply = 512;
 constexpr qsizetype kMostLines = 100;  // the fakes keep a history
 
+/// Where the commands find their sounds.
+const QuickFolder& Sounds() {
+    static const QuickFolder folder;
+    return folder;
+}
+
 /// Command devices on a fake drive and a fake sound output; lines of the input trigger their events.
 class Bench {
 public:
@@ -78,8 +84,12 @@ private:
     FakeEventWait m_wait;
     VirtualTime m_time{QDateTime(QDate(1998, 10, 3), QTime(12, 0))};
     VirtualRealTime m_realTime{m_time};
-    CommandDevices m_devices{
-        {.drive = m_drive, .playback = m_drive, .sound = m_sound, .timers = m_realTime, .wait = m_wait}};
+    CommandDevices m_devices{{.drive = m_drive,
+                              .playback = m_drive,
+                              .sound = m_sound,
+                              .timers = m_realTime,
+                              .wait = m_wait,
+                              .folder = ProgramFolder(Sounds().Path())}};
 };
 
 /// The command with more whitespace and, unless it can name a file, with upper and lower case exchanged.
@@ -115,12 +125,10 @@ void RequireSound(const CommandResult& result, const Bench& bench) {
 
 /// The lines of the input; "WAVE" is replaced by the path of a prepared sound file.
 QStringList LinesOf(const QByteArray& input) {
-    static const QuickFolder folder;
     static const QString wave = [] {
-        QString path = folder.File("sound.wav");
+        QString path = Sounds().File("sound.wav");
         WriteAll(path, WaveBytes({.rate = 1000, .data = Samples16(100)}));
-        WriteAll(folder.File("none.wav"), "RIFF");
-        QDir::setCurrent(folder.Path());
+        WriteAll(Sounds().File("none.wav"), "RIFF");
         return path;
     }();
     return QString::fromUtf8(input).replace(u"WAVE"_s, wave).split(u'\n').mid(0, kMostLines);

@@ -23,8 +23,12 @@ struct DeviceBench {
     VirtualTime time{QDateTime(QDate(1998, 10, 3), QTime(12, 0))};
     QTemporaryDir folder;
     VirtualRealTime realTime{time};
-    CommandDevices devices{
-        {.drive = drive, .playback = drive, .sound = sound, .timers = realTime, .wait = wait}};
+    CommandDevices devices{{.drive = drive,
+                            .playback = drive,
+                            .sound = sound,
+                            .timers = realTime,
+                            .wait = wait,
+                            .folder = ProgramFolder(folder.path())}};
 
     /// Writes a wave of 1000 frames per second, so that a frame is a millisecond.
     QString PutWave(int frames) const {

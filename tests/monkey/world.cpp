@@ -5,7 +5,7 @@
 #include <QDir>
 #include <array>
 
-#include "app/program_folder.h"
+#include "app/folder_setup.h"
 #include "monkey/still_clock.h"
 #include "platform/files/ini_file_store.h"
 #include "support/borrowed.h"

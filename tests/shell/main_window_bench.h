@@ -44,7 +44,7 @@ struct MainWindowBench : DisplaysBench {
                                                        .tray = tray,
                                                        .stack = stack,
                                                        .starter = starter,
-                                                       .folder = folder,
+                                                       .folder = ProgramFolder(folder),
                                                        .handlers = handlers,
                                                        .windows = windows,
                                                        .makeDisplays = makeDisplays,

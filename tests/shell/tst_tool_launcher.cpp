@@ -42,7 +42,7 @@ void TstToolLauncher::EveryToolHasItsFile() {
 void TstToolLauncher::ThoseThatLieThereArePresent() {
     const QTemporaryDir folder;
     FakeProgramStarter starter;
-    const ToolLauncher tools(folder.path(), starter);
+    const ToolLauncher tools(ProgramFolder(folder.path()), starter);
     QCOMPARE(tools.Present(), QList<int>());
     WriteAll(folder.filePath(u"KT13.exe"_s), "");
     WriteAll(folder.filePath(u"KT02.exe"_s), "");
@@ -53,7 +53,7 @@ void TstToolLauncher::ThoseThatLieThereArePresent() {
 
 void TstToolLauncher::AToolStartsInTheFolderWithItsWord() {
     FakeProgramStarter starter;
-    ToolLauncher(u"/a b"_s, starter).Start(9);
+    ToolLauncher(ProgramFolder(u"/a b"_s), starter).Start(9);
     QCOMPARE(starter.started,
              (QList<FakeProgramStarter::Started>{{u"/a b/KT09.exe"_s, {u"VeskOnly"_s}, u"/a b"_s}}));
 }
@@ -61,7 +61,7 @@ void TstToolLauncher::AToolStartsInTheFolderWithItsWord() {
 void TstToolLauncher::AToolThatDoesNotStartIsAnError() {
     FakeProgramStarter starter;
     starter.starts = false;
-    QVERIFY_THROWS_EXCEPTION(RunTimeError, ToolLauncher(u"/a"_s, starter).Start(1));
+    QVERIFY_THROWS_EXCEPTION(RunTimeError, ToolLauncher(ProgramFolder(u"/a"_s), starter).Start(1));
 }
 
 QTEST_GUILESS_MAIN(TstToolLauncher)

@@ -24,7 +24,7 @@ struct CompactionCase {
     /// The reason of the RunTimeError; empty if there was none.
     QString Fault(CompactionDisk& disk) {
         try {
-            CompactDayDatabase(handle, store.Folder(), boxes, disk);
+            CompactDayDatabase(handle, ProgramFolder(store.Folder()), boxes, disk);
         } catch (const RunTimeError& error) {
             return error.Reason();
         }

@@ -33,6 +33,10 @@ QStringList LooseStore::Names() const {
     return QDir(Folder()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot, QDir::Name);
 }
 
+ProgramFolder Here() {
+    return ProgramFolder(QDir::currentPath());
+}
+
 QStringList NamesAtRest() {
     return {u"DayDate.lock"_s, u"DayDate.mdb"_s};
 }

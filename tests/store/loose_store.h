@@ -3,6 +3,7 @@
 
 #include <QStringList>
 
+#include "core/program_folder.h"
 #include "store/day_store.h"
 
 namespace tickwell {
@@ -20,6 +21,9 @@ public:
 
     QString PathOf(const QString& name) const { return Folder() + u'/' + name; }
 };
+
+/// The current folder, as the program's.
+ProgramFolder Here();
 
 /// The names in the folder if nothing is left over.
 QStringList NamesAtRest();

@@ -109,7 +109,7 @@ void TstCompaction::GoesIntoTheFolderFirst() {
     QCOMPARE(bench.boxes.Shown().constLast().icon, MessageIcon::Information);
     QCOMPARE(QDir::current().canonicalPath(), QDir(bench.store.Folder()).canonicalPath());
     try {
-        BeginCompaction(bench.handle, u"/no/such/folder"_s);
+        BeginCompaction(bench.handle, ProgramFolder(u"/no/such/folder"_s));
         QFAIL("compacted nowhere");
     } catch (const RunTimeError& error) {
         QCOMPARE(error.Reason(), u"/no/such/folder"_s);

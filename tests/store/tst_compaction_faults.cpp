@@ -140,7 +140,7 @@ void TstCompactionFaults::WhereNothingCanBeRenamedTheNextStartTidiesUp() {
     QCOMPARE(bench.store.Rows(), rows);
     QVERIFY(QFile::exists(u"CopyDate.mdb"_s));
     bench.handle.Close();
-    RecoverDayDatabase();
+    RecoverDayDatabase(Here());
     QCOMPARE(bench.store.Names(), NamesAtRest());
     QCOMPARE(bench.store.Rows(), rows);
 }

@@ -98,7 +98,7 @@ void TstDayLinks::ALinkInACircleLeadsNowhere() {
     QVERIFY(QFile::remove(linked.real));
     QVERIFY(QFile::link(linked.bench.store.Path(), linked.real));
     QVERIFY(!OpeningFault(u"DayDate.mdb"_s).isEmpty());
-    RecoverDayDatabase();
+    RecoverDayDatabase(Here());
     QVERIFY(linked.IsLink());
 }
 
@@ -109,10 +109,10 @@ void TstDayLinks::TheNextStartTidiesUpBehindTheLink() {
         SetBytes(linked.folder.filePath(name), BytesOf(linked.real));
     }
     QVERIFY(QFile::rename(linked.real, linked.folder.filePath(u"away"_s)));
-    RecoverDayDatabase();  // a file that was moved away may return, with newer rows than its copies
+    RecoverDayDatabase(Here());  // a file that was moved away may return, with newer rows than its copies
     QCOMPARE(linked.Names(), QStringList({u"BUDate.mdb"_s, u"CopyDate.mdb"_s, u"away"_s}));
     QVERIFY(QFile::rename(linked.folder.filePath(u"away"_s), linked.real));
-    RecoverDayDatabase();
+    RecoverDayDatabase(Here());
     QCOMPARE(linked.Names(), NamesAtRest());
     QVERIFY(linked.IsLink());
     QCOMPARE(linked.bench.store.Rows(), rows);

@@ -113,7 +113,7 @@ void TstDayRecovery::PutsTheBestSoundFileInPlace() {
         }
     }
     const auto before = Contents();
-    RecoverDayDatabase();
+    RecoverDayDatabase(Here());
     if (winner.isEmpty()) {
         QCOMPARE(Contents(), before);
         QVERIFY(!OpeningFault(kLive).isEmpty());
@@ -127,7 +127,7 @@ void TstDayRecovery::PutsTheBestSoundFileInPlace() {
 void TstDayRecovery::ALinkToNowhereMayComeBack() {
     QVERIFY(QFile::link(u"/no/such/file"_s, kLive));
     SetBytes(kCopy, SoundBytes(kCopy));
-    RecoverDayDatabase();
+    RecoverDayDatabase(Here());
     QVERIFY(QFile::symLinkTarget(kLive) == "/no/such/file"_L1);
     QVERIFY(QFile::exists(kCopy));
 }
@@ -137,7 +137,7 @@ void TstDayRecovery::RemovesJournalsToo() {
                                 u"CopyDate.mdb-journal"_s, u"CopyDate.mdb-wal"_s, u"CopyDate.mdb-shm"_s}) {
         SetBytes(kLive, SoundBytes(kLive));
         SetBytes(name, "x");
-        RecoverDayDatabase();
+        RecoverDayDatabase(Here());
         QCOMPARE(m_store->Names(), NamesAtRest());
     }
 }
@@ -155,7 +155,7 @@ void TstDayRecovery::AStaleJournalDoesNotGetIntoTheCopy() {
     SetBytes(u"DayDate.mdb-journal"_s, journal);
     const QByteArray sound = SoundBytes(kCopy);
     SetBytes(kCopy, sound);
-    RecoverDayDatabase();
+    RecoverDayDatabase(Here());
     QCOMPARE(Contents(), (QMap<QString, QByteArray>{{kLive, sound}}));
 }
 
@@ -171,10 +171,10 @@ void TstDayRecovery::ACopyWithAJournalIsNotSound() {
     }
     QVERIFY(QFile::remove(kLive));
     const auto before = Contents();
-    RecoverDayDatabase();
+    RecoverDayDatabase(Here());
     QCOMPARE(Contents(), before);
     SetBytes(kTarget, SoundBytes(kTarget));
-    RecoverDayDatabase();
+    RecoverDayDatabase(Here());
     QCOMPARE(m_store->Raw("SELECT DISTINCT \"Name\" FROM Kinenbi"), QStringList(kTarget));
 }
 
@@ -190,30 +190,30 @@ void TstDayRecovery::LeavesWhatAnotherProgramIsAtWorkOn() {
         [&] { other.reset(); });
     SetBytes(kCopy, SoundBytes(kCopy));
     neighbour.DoFirst();
-    RecoverDayDatabase();
+    RecoverDayDatabase(Here());
     QVERIFY(QFile::exists(kCopy));
     QVERIFY(QFile::rename(kLive, u"away"_s));
-    RecoverDayDatabase();
+    RecoverDayDatabase(Here());
     QVERIFY(QFile::exists(kCopy));
     QVERIFY(!QFile::exists(kLive));
     neighbour.DoSecond();
-    RecoverDayDatabase();
+    RecoverDayDatabase(Here());
     QCOMPARE(m_store->Raw("SELECT DISTINCT \"Name\" FROM Kinenbi"), QStringList(kCopy));
 }
 
 void TstDayRecovery::DoesNothingWhereNothingIsLeft() {
     SetBytes(kLive, "this is no database");
-    RecoverDayDatabase();
+    RecoverDayDatabase(Here());
     QCOMPARE(Contents(), (QMap<QString, QByteArray>{{kLive, "this is no database"}}));
 }
 
 void TstDayRecovery::NamesTheCopies() {
-    QCOMPARE(WithNamedCopies(u"DayDate.mdb"_s), u"DayDate.mdb"_s);
+    QCOMPARE(WithNamedCopies(Here(), u"DayDate.mdb"_s), u"DayDate.mdb"_s);
     SetBytes(kTarget, "x");
-    QCOMPARE(WithNamedCopies(u"DayDate.mdb"_s),
+    QCOMPARE(WithNamedCopies(Here(), u"DayDate.mdb"_s),
              u"DayDate.mdb\r\nデータベースの控えが残っています：BUDate.mdb"_s);
     SetBytes(kCopy, "x");
-    QCOMPARE(WithNamedCopies(u"DayDate.mdb"_s),
+    QCOMPARE(WithNamedCopies(Here(), u"DayDate.mdb"_s),
              u"DayDate.mdb\r\nデータベースの控えが残っています：CopyDate.mdb、BUDate.mdb"_s);
 }
 

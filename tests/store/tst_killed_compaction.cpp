@@ -93,7 +93,7 @@ private:
 void OpenAndCompact(const LooseStore& store, CompactionDisk& disk) {
     DayDatabase handle(u"DayDate.mdb"_s);
     FakeMessageBoxes boxes;
-    CompactDayDatabase(handle, store.Folder(), boxes, disk);
+    CompactDayDatabase(handle, ProgramFolder(store.Folder()), boxes, disk);
 }
 
 /// Stores anniversaries number `first`, `first` + 1 .. with a compaction after each, forever; reports each
@@ -107,7 +107,7 @@ void WriteAndCompact(const LooseStore& store, int first, int output) {
         if (write(output, &number, sizeof number) != sizeof number) {
             _exit(1);
         }
-        CompactDayDatabase(handle, store.Folder(), boxes, disk);
+        CompactDayDatabase(handle, ProgramFolder(store.Folder()), boxes, disk);
     }
 }
 
@@ -152,7 +152,7 @@ private:
 
 void TstKilledCompaction::StartAgain(const LooseStore& store, const QStringList& rows) {
     QVERIFY(QFile::exists(u"DayDate.mdb"_s));  // it exists at every moment
-    RecoverDayDatabase();
+    RecoverDayDatabase(Here());
     QCOMPARE(OpeningFault(u"DayDate.mdb"_s), QString());
     QStringList names = store.Names();
     names.removeOne(u"DayDate.mdb-journal"_s);  // of an insert that had not written to the file yet
@@ -239,7 +239,7 @@ void TstKilledCompaction::AtAnyMoment() {
         const int said = LastSaid(ends[0], stored);
         close(ends[0]);
         left += QFile::exists(u"CopyDate.mdb"_s) ? 1 : 0;
-        RecoverDayDatabase();
+        RecoverDayDatabase(Here());
         const QString found = store.Raw("SELECT count(*) FROM Kinenbi WHERE \"Year\" > 0")[0];
         stored = found.toInt();
         QVERIFY2(stored == said || stored == said + 1, qPrintable(found));

@@ -8,7 +8,7 @@
 #include <QTest>
 #include <csignal>
 
-#include "app/program_folder.h"
+#include "app/folder_setup.h"
 #include "core/errors.h"
 #include "platform/files/unfinished_files.h"
 #include "support/files.h"
@@ -48,7 +48,7 @@ int Refused(const QString& folder, const QString& masters) {
 }  // namespace
 
 /// The program's folder.
-class TstProgramFolder : public QObject {
+class TstFolderSetup : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
@@ -73,7 +73,7 @@ private Q_SLOTS:
     void AMissingMasterIsNamedAndNothingIsMade();
 };
 
-void TstProgramFolder::TheFolderIsChosenInOrder() {
+void TstFolderSetup::TheFolderIsChosenInOrder() {
     const Bench bench;
     const QString portable = bench.masters;
     QCOMPARE(ChooseFolder({u"/named"_s, u"/environment"_s, portable, u"/data"_s}), u"/named"_s);
@@ -83,7 +83,7 @@ void TstProgramFolder::TheFolderIsChosenInOrder() {
     QCOMPARE(ChooseFolder({u"named"_s, QString(), QString(), QString()}), QDir::currentPath() + u"/named"_s);
 }
 
-void TstProgramFolder::APortableFolderMustBeWritable() {
+void TstFolderSetup::APortableFolderMustBeWritable() {
     const Bench bench;
     QVERIFY(QFile::setPermissions(bench.dir.path(), QFile::ReadOther | QFile::ExeOther | QFile::ReadOwner |
                                                         QFile::WriteOwner | QFile::ExeOwner));
@@ -98,7 +98,7 @@ void TstProgramFolder::APortableFolderMustBeWritable() {
              0);
 }
 
-void TstProgramFolder::AnotherStartFindsTheSameFolder_data() {
+void TstFolderSetup::AnotherStartFindsTheSameFolder_data() {
     QTest::addColumn<QString>("argument");
     QTest::addColumn<QString>("environment");
     QTest::addColumn<bool>("isPortable");
@@ -115,7 +115,7 @@ void TstProgramFolder::AnotherStartFindsTheSameFolder_data() {
         << u"other/../data/tickwell"_s << QString() << false << QString();
 }
 
-void TstProgramFolder::AnotherStartFindsTheSameFolder() {
+void TstFolderSetup::AnotherStartFindsTheSameFolder() {
     QFETCH(QString, argument);
     QFETCH(QString, environment);
     QFETCH(bool, isPortable);
@@ -132,7 +132,7 @@ void TstProgramFolder::AnotherStartFindsTheSameFolder() {
     QCOMPARE(StartingCommand(u"/usr/bin/tickwell"_s, choices), expected);
 }
 
-void TstProgramFolder::MastersLieBesideTheBinaryOrInShare() {
+void TstFolderSetup::MastersLieBesideTheBinaryOrInShare() {
     const Bench bench;
     QCOMPARE(MastersFolder(bench.masters), bench.masters);
     const QString shared = bench.dir.filePath(u"usr/share/tickwell"_s);
@@ -142,7 +142,7 @@ void TstProgramFolder::MastersLieBesideTheBinaryOrInShare() {
     QCOMPARE(MastersFolder(bench.dir.filePath(u"usr/bin"_s)), shared);
 }
 
-void TstProgramFolder::ANewFolderIsFilled() {
+void TstFolderSetup::ANewFolderIsFilled() {
     const Bench bench;
     PrepareFolder(bench.folder, bench.masters);
     QCOMPARE(bench.Listing(), RequiredFiles());
@@ -154,7 +154,7 @@ void TstProgramFolder::ANewFolderIsFilled() {
              QStringList{u"tickwell"_s});
 }
 
-void TstProgramFolder::HelpAndSoundsFollowNewerMasters() {
+void TstFolderSetup::HelpAndSoundsFollowNewerMasters() {
     const Bench bench;
     PrepareFolder(bench.folder, bench.masters);
     bench.Renew(u"Help.hlp"_s, "new help"_ba);
@@ -167,7 +167,7 @@ void TstProgramFolder::HelpAndSoundsFollowNewerMasters() {
     QCOMPARE(bench.Here(u"Help.hlp"_s), "newer help still"_ba);
 }
 
-void TstProgramFolder::WhatTheUserChangedStays() {
+void TstFolderSetup::WhatTheUserChangedStays() {
     const Bench bench;
     PrepareFolder(bench.folder, bench.masters);
     WriteAll(bench.folder + u"/TKW01.wav"_s, "my own cuckoo"_ba);
@@ -176,7 +176,7 @@ void TstProgramFolder::WhatTheUserChangedStays() {
     QCOMPARE(bench.Here(u"TKW01.wav"_s), "my own cuckoo"_ba);
 }
 
-void TstProgramFolder::TheDayDatabaseIsNeverRefreshed() {
+void TstFolderSetup::TheDayDatabaseIsNeverRefreshed() {
     const Bench bench;
     PrepareFolder(bench.folder, bench.masters);
     const QByteArray before = bench.Here(u"DayDate.mdb"_s);
@@ -185,7 +185,7 @@ void TstProgramFolder::TheDayDatabaseIsNeverRefreshed() {
     QCOMPARE(bench.Here(u"DayDate.mdb"_s), before);
 }
 
-void TstProgramFolder::AFileTheUserRemovedIsNotBroughtBack() {
+void TstFolderSetup::AFileTheUserRemovedIsNotBroughtBack() {
     const Bench bench;
     PrepareFolder(bench.folder, bench.masters);
     QVERIFY(QFile::remove(bench.folder + u"/TKW05.wav"_s));
@@ -194,13 +194,13 @@ void TstProgramFolder::AFileTheUserRemovedIsNotBroughtBack() {
     QVERIFY(!QFile::exists(bench.folder + u"/TKW05.wav"_s));
 }
 
-void TstProgramFolder::TheMastersOwnFolderIsLeftAlone() {
+void TstFolderSetup::TheMastersOwnFolderIsLeftAlone() {
     const Bench bench;
     PrepareFolder(bench.masters, bench.masters);
     QCOMPARE(QDir(bench.masters).entryList(QDir::Files | QDir::Hidden), RequiredFiles());
 }
 
-void TstProgramFolder::AFullDiskLeavesNoHalfFilledFolder() {
+void TstFolderSetup::AFullDiskLeavesNoHalfFilledFolder() {
     const Bench bench;
     QCOMPARE(InChild([&] {
                  std::signal(SIGXFSZ, SIG_IGN);
@@ -212,7 +212,7 @@ void TstProgramFolder::AFullDiskLeavesNoHalfFilledFolder() {
     QVERIFY(QDir(bench.dir.filePath(u"data"_s)).isEmpty());
 }
 
-void TstProgramFolder::WhatKilledStartsLeftIsRemoved() {
+void TstFolderSetup::WhatKilledStartsLeftIsRemoved() {
     const Bench bench;
     const QString left = bench.dir.filePath(u"data/.tickwell.unfinished-abcdef"_s);
     const QString backup = bench.dir.filePath(u"data/tickwell-backup"_s);  // as a user may name a copy
@@ -230,7 +230,7 @@ void TstProgramFolder::WhatKilledStartsLeftIsRemoved() {
              QStringList{u".masters"_s} + RequiredFiles());
 }
 
-void TstProgramFolder::AFillingThatIsUnderWayIsLeftAlone() {
+void TstFolderSetup::AFillingThatIsUnderWayIsLeftAlone() {
     const Bench bench;
     const QString unfinished = bench.dir.filePath(u"data/.tickwell.unfinished-abcdef"_s);
     QVERIFY(QDir().mkpath(unfinished));
@@ -239,7 +239,7 @@ void TstProgramFolder::AFillingThatIsUnderWayIsLeftAlone() {
     QVERIFY(QFile::exists(unfinished));
 }
 
-void TstProgramFolder::AllOfItIsTheUsersAlone() {
+void TstFolderSetup::AllOfItIsTheUsersAlone() {
     const Bench bench;
     const mode_t before = umask(0);
     PrepareFolder(bench.folder, bench.masters);
@@ -251,13 +251,13 @@ void TstProgramFolder::AllOfItIsTheUsersAlone() {
     }
 }
 
-void TstProgramFolder::WhatIsNoCopyAnyMoreIsNeitherReadNorReplaced_data() {
+void TstFolderSetup::WhatIsNoCopyAnyMoreIsNeitherReadNorReplaced_data() {
     QTest::addColumn<QString>("target");  // of a link; empty for a pipe
     QTest::newRow("a pipe") << QString();
     QTest::newRow("a link to a device that never ends") << u"/dev/zero"_s;
 }
 
-void TstProgramFolder::WhatIsNoCopyAnyMoreIsNeitherReadNorReplaced() {
+void TstFolderSetup::WhatIsNoCopyAnyMoreIsNeitherReadNorReplaced() {
     QFETCH(QString, target);
     for (const QString& name : {u"TKW01.wav"_s, u".masters"_s}) {
         const Bench bench;
@@ -275,13 +275,13 @@ void TstProgramFolder::WhatIsNoCopyAnyMoreIsNeitherReadNorReplaced() {
     }
 }
 
-void TstProgramFolder::APlaceThatTakesNoFolderIsAnError() {
+void TstFolderSetup::APlaceThatTakesNoFolderIsAnError() {
     const Bench bench;
     WriteAll(bench.dir.filePath(u"data"_s), "a file where a folder should be"_ba);
     QVERIFY_THROWS_EXCEPTION(RunTimeError, PrepareFolder(bench.folder, bench.masters));
 }
 
-void TstProgramFolder::AMissingMasterIsNamedAndNothingIsMade() {
+void TstFolderSetup::AMissingMasterIsNamedAndNothingIsMade() {
     const Bench bench;
     QVERIFY(QFile::remove(bench.masters + u"/TKW05.wav"_s));
     try {
@@ -295,5 +295,5 @@ void TstProgramFolder::AMissingMasterIsNamedAndNothingIsMade() {
     QVERIFY(!QFile::exists(bench.folder));
 }
 
-QTEST_GUILESS_MAIN(TstProgramFolder)
-#include "tst_program_folder.moc"
+QTEST_GUILESS_MAIN(TstFolderSetup)
+#include "tst_folder_setup.moc"

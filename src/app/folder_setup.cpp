@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "app/program_folder.h"
+#include "app/folder_setup.h"
 
 #include <QDir>
 #include <QFileInfo>
