@@ -77,12 +77,16 @@ struct Player {
     FakeMessageBoxes boxes;
     Handlers handlers{boxes};
     bool tellsNoCdDrive = false;
-    MediaSystem media{
-        {.devices = {.drive = drive, .playback = drive, .sound = output, .timers = timers, .wait = wait},
-         .boxes = boxes,
-         .handlers = handlers,
-         .timers = timers,
-         .tellsNoCdDrive = tellsNoCdDrive}};
+    MediaSystem media{{.devices = {.drive = drive,
+                                   .playback = drive,
+                                   .sound = output,
+                                   .timers = timers,
+                                   .wait = wait,
+                                   .folder = {}},
+                       .boxes = boxes,
+                       .handlers = handlers,
+                       .timers = timers,
+                       .tellsNoCdDrive = tellsNoCdDrive}};
     FramePacer pacer{clock, timers};
     QWidget window;
     MovingWord upper{{clock, timers, pacer}, &window};

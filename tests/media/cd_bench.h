@@ -34,12 +34,16 @@ struct CdBench {
     Handlers handlers{boxes};
     bool tellsNoCdDrive = true;
     VirtualRealTime realTime{time};
-    MediaSystem media{
-        {.devices = {.drive = drive, .playback = drive, .sound = sound, .timers = realTime, .wait = wait},
-         .boxes = boxes,
-         .handlers = handlers,
-         .timers = time,
-         .tellsNoCdDrive = tellsNoCdDrive}};
+    MediaSystem media{{.devices = {.drive = drive,
+                                   .playback = drive,
+                                   .sound = sound,
+                                   .timers = realTime,
+                                   .wait = wait,
+                                   .folder = {}},
+                       .boxes = boxes,
+                       .handlers = handlers,
+                       .timers = time,
+                       .tellsNoCdDrive = tellsNoCdDrive}};
     CdPlayer& player = media.Player();
     FakeTextLine upper;
     FakeTextLine lower;
