@@ -28,7 +28,7 @@ void OpenTheDays(Started& started) {
     const QString path = started.folder.PathOf(kLiveFile);
     try {
         started.imported = ImportJetFile(path);
-        started.dayDatabase = DayDatabase(path);
+        started.dayDatabase = DayDatabase(path, kLiveFile);
     } catch (const RunTimeError& error) {
         throw RunTimeError(WithNamedCopies(started.folder, started.folder.Shortened(error.Reason())));
     }

@@ -89,11 +89,11 @@ Message Compact(CompactionDisk& disk, const DayFiles& files) {
 void Reopen(const ProgramFolder& folder, CompactionEnd& end) {
     const QString path = folder.PathOf(kLiveFile);
     try {
-        end.dayDatabase = DayDatabase(path);
+        end.dayDatabase = DayDatabase(path, kLiveFile);
     } catch (const RunTimeError& error) {
-        end.dayDatabase = DayDatabase::OpenLater(path);
+        end.dayDatabase = DayDatabase::OpenLater(path, kLiveFile);
         if (end.fault.isEmpty()) {
-            end.fault = folder.Shortened(error.Reason()) + u"\r\n使えるようになりしだい、開き直します。"_s;
+            end.fault = error.Reason() + u"\r\n使えるようになりしだい、開き直します。"_s;
         }
     }
 }

@@ -3,7 +3,6 @@
 
 #include <sqlite3.h>
 
-#include <QFileInfo>
 #include <QRandomGenerator>
 #include <QScopeGuard>
 #include <limits>
@@ -71,18 +70,21 @@ auto Run(const QString& sql, Job job) {
 
 }  // namespace
 
-DayDatabase::DayDatabase(QString path) : m_path(std::move(path)) {
+DayDatabase::DayDatabase(QString path, QString shownAs)
+    : m_path(std::move(path)), m_shownAs(std::move(shownAs)) {
     Open(LockedOpening::Waits);
 }
 
-DayDatabase DayDatabase::OpenLater(const QString& path) {
+DayDatabase DayDatabase::OpenLater(const QString& path, const QString& shownAs) {
     DayDatabase database;
     database.m_path = path;
+    database.m_shownAs = shownAs;
     return database;
 }
 
 DayDatabase& DayDatabase::operator=(DayDatabase&& other) noexcept {
     m_path = std::exchange(other.m_path, {});
+    m_shownAs = std::exchange(other.m_shownAs, {});
     m_loggedReason = std::exchange(other.m_loggedReason, {});
     m_connection = std::move(other.m_connection);
     m_serial = std::exchange(other.m_serial, 0);
@@ -102,7 +104,7 @@ void DayDatabase::Open(LockedOpening opening) {
         m_serial = QRandomGenerator::global()->generate64();
     } catch (const RunTimeError& error) {
         m_connection.reset();
-        throw RunTimeError(QFileInfo(m_path).fileName() + u"\r\n" + error.Reason());
+        throw RunTimeError((m_shownAs.isEmpty() ? m_path : m_shownAs) + u"\r\n" + error.Reason());
     }
 }
 

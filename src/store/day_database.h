@@ -40,11 +40,12 @@ public:
 
     /// Opens `path` for reading and writing with a shared lock, and checks it: a file of another kind, a
     /// damaged one, or one without our tables is refused here rather than failing later. Throws RunTimeError.
-    explicit DayDatabase(QString path);
+    /// `shownAs`: what errors call it; empty for its path.
+    explicit DayDatabase(QString path, QString shownAs = {});
 
     /// For a file that cannot be opened at the moment: each statement tries to open it until that succeeds,
     /// without waiting for another program's lock. It counts as open.
-    static DayDatabase OpenLater(const QString& path);
+    static DayDatabase OpenLater(const QString& path, const QString& shownAs = {});
 
     DayDatabase(DayDatabase&& other) noexcept { *this = std::move(other); }
     DayDatabase& operator=(DayDatabase&& other) noexcept;
@@ -95,6 +96,7 @@ private:
     void RunOnRow(const QByteArray& sql, qint64 key, const std::vector<ColumnValue>& values);
 
     QString m_path;  // empty: closed
+    QString m_shownAs;
     QString m_loggedReason;
     std::unique_ptr<SqliteConnection> m_connection;  // null if the file could not be opened yet
     quint64 m_serial = 0;                            // different for each opening

@@ -34,6 +34,10 @@ NAMES_ITS_CONTROLS = {"src/media/cd_window.cpp", "src/help/help_window_tools.cpp
 # This one tests kills at particular moments.
 MAY_WAIT = {"tests/days/tst_killed_writer.cpp"}
 
+# The program enters its folder at the start and hands it down; the other two do so in processes of their own.
+MAY_CHANGE_FOLDERS = {"src/core/program_folder.cpp", "src/cd_helper/disc.cpp",
+                      "src/platform/processes/detached_process.cpp"}
+
 LONGEST = {".cpp": 400, ".h": 120}
 
 
@@ -59,6 +63,12 @@ class HouseRules(unittest.TestCase):
         clock = re.compile(r"currentDateTime|QDate::currentDate|QTime::currentTime|clock_gettime|QElapsedTimer|QTimer\b")
         wrong = [shown(path) for path in cpp_files(("src",))
                  if not shown(path).startswith("src/platform/") and clock.search(path.read_text("utf-8"))]
+        self.assertEqual(wrong, [])
+
+    def test_nobody_asks_for_the_current_folder(self):
+        current = re.compile(r"QDir::current|QDir::setCurrent|\bgetcwd\b|\bchdir\b|std::filesystem::current_path")
+        wrong = [shown(path) for path in cpp_files(("src",))
+                 if shown(path) not in MAY_CHANGE_FOLDERS and current.search(path.read_text("utf-8"))]
         self.assertEqual(wrong, [])
 
     def test_every_file_names_its_licence(self):

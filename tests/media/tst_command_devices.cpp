@@ -1,4 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include <QDir>
+#include <QFileInfo>
 #include <QTest>
 
 #include "media/command_error.h"
@@ -122,6 +124,7 @@ private Q_SLOTS:
     void ACommandEndsAtItsNul();
     void WithoutAliasTheNameIsTheAlias();
     void AClosedAliasMayBeOpenedAgain();
+    void ANameAloneIsInTheProgramsFolder();
     void TwoWavesMayBeOpen();
     void AReplyMayBeAsLongAsItsPlace();
 };
@@ -219,6 +222,14 @@ void TstCommandDevices::AClosedAliasMayBeOpenedAgain() {
     QCOMPARE(bench.Reply(u"status CDP mode"_s), u"error 263"_s);
     QCOMPARE(bench.Reply(u"open cdaudio alias CDP"_s), u""_s);
     QCOMPARE(bench.Reply(u"status CDP length"_s), u"05:00:00"_s);  // the time format was reset
+}
+
+void TstCommandDevices::ANameAloneIsInTheProgramsFolder() {
+    DeviceBench bench;
+    const QString path = bench.PutWave(100);
+    QVERIFY(QFileInfo(path).path() != QDir::currentPath());
+    QCOMPARE(bench.Reply(u"open sound.wav alias A"_s), u""_s);
+    QCOMPARE(bench.Reply(u"open none.wav alias B"_s), u"error 275"_s);
 }
 
 void TstCommandDevices::TwoWavesMayBeOpen() {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <QFileInfo>
 #include <QStringList>
 #include <functional>
 
@@ -21,25 +22,25 @@ public:
 
     qint32 Size(const QString& path) override {
         qint32 size = 0;
-        Step(u"size " + path, [&] { size = PosixCompactionDisk::Size(path); });
+        Step(u"size ", path, [&] { size = PosixCompactionDisk::Size(path); });
         return size;
     }
     void Copy(const SqliteConnection& from, const QString& to) override {
-        Step(u"copy " + to, [&] { PosixCompactionDisk::Copy(from, to); });
+        Step(u"copy ", to, [&] { PosixCompactionDisk::Copy(from, to); });
     }
     void Compact(SqliteConnection& from, const QString& to) override {
-        Step(u"compact " + to, [&] { PosixCompactionDisk::Compact(from, to); });
+        Step(u"compact ", to, [&] { PosixCompactionDisk::Compact(from, to); });
     }
     void Rename(const QString& from, const QString& to) override {
-        Step(u"rename " + from, [&] { PosixCompactionDisk::Rename(from, to); });
+        Step(u"rename ", from, [&] { PosixCompactionDisk::Rename(from, to); });
     }
     void Remove(const QString& path) override {
-        Step(u"remove " + path, [&] { PosixCompactionDisk::Remove(path); });
+        Step(u"remove ", path, [&] { PosixCompactionDisk::Remove(path); });
     }
 
 private:
-    void Step(const QString& name, const std::function<void()>& real) {
-        m_steps.append(name);
+    void Step(QStringView operation, const QString& path, const std::function<void()>& real) {
+        m_steps.append(operation + QFileInfo(path).fileName());
         const auto step = static_cast<int>(m_steps.size());
         m_watch(step, false);
         real();
