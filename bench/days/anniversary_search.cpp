@@ -27,6 +27,7 @@
 #include "platform/desktop/qt_message_boxes.h"
 #include "platform/time/qt_timers.h"
 #include "platform/time/system_clock.h"
+#include "store/sqlite_handle.h"
 
 using namespace Qt::StringLiterals;
 using namespace tickwell;
@@ -92,12 +93,13 @@ void Fill(const QString& path, int rows) {
         "CASE i % 3 WHEN 0 THEN 1926 + i % 175 ELSE 0 END,CASE i % 3 WHEN 1 THEN 0 ELSE 1 + i % 12 END,"
         "CASE i % 7 % 3 WHEN 0 THEN 0 ELSE 1 + i % 31 END,"
         "CASE i % 7 % 3 WHEN 0 THEN 10 * (1 + i % 5) + 1 + i % 7 ELSE 0 END FROM n";
-    sqlite3* handle = nullptr;
-    if (sqlite3_open(QFile::encodeName(path).constData(), &handle) != SQLITE_OK ||
-        sqlite3_exec(handle, sql.constData(), nullptr, nullptr, nullptr) != SQLITE_OK) {
-        throw RunTimeError(QString::fromUtf8(sqlite3_errmsg(handle)));
+    sqlite3* opened = nullptr;
+    const int result = sqlite3_open(QFile::encodeName(path).constData(), &opened);
+    const SqliteHandle handle(opened);
+    if (result != SQLITE_OK ||
+        sqlite3_exec(opened, sql.constData(), nullptr, nullptr, nullptr) != SQLITE_OK) {
+        throw RunTimeError(QString::fromUtf8(sqlite3_errmsg(opened)));
     }
-    sqlite3_close(handle);
 }
 
 /// The book, and a list like the calendar's.

@@ -26,13 +26,13 @@ constexpr int kTimes = 7;
 constexpr double kMilliseconds = 1e6;  // nanoseconds per millisecond
 
 /// Records how long the two large steps take.
-class TimedDisk : public PosixCompactionDisk {
+class TimedDisk : public PosixStoreDisk {
 public:
     void Copy(const SqliteConnection& from, const QString& to) override {
-        m_copied = Timed([&] { PosixCompactionDisk::Copy(from, to); });
+        m_copied = Timed([&] { PosixStoreDisk::Copy(from, to); });
     }
     void Compact(SqliteConnection& from, const QString& to) override {
-        m_compacted = Timed([&] { PosixCompactionDisk::Compact(from, to); });
+        m_compacted = Timed([&] { PosixStoreDisk::Compact(from, to); });
     }
 
     double Copied() const { return m_copied; }

@@ -29,8 +29,8 @@ BackgroundCompaction::~BackgroundCompaction() {
     m_stop.request_stop();
 }
 
-std::unique_ptr<CompactionDisk> BackgroundCompaction::RealDisk(std::stop_token stop) {
-    return std::make_unique<PosixCompactionDisk>(std::move(stop));
+std::unique_ptr<StoreDisk> BackgroundCompaction::RealDisk(std::stop_token stop) {
+    return std::make_unique<PosixStoreDisk>(std::move(stop));
 }
 
 void BackgroundCompaction::Start(const QObject* owner, std::function<void()> done) {
@@ -40,7 +40,7 @@ void BackgroundCompaction::Start(const QObject* owner, std::function<void()> don
         }
         BeginCompaction(m_parts.dayDatabase, m_parts.folder);
         m_listener = std::make_shared<Listener>(Listener{*this});
-        const std::shared_ptr<CompactionDisk> disk = m_makeDisk(m_stop.get_token());
+        const std::shared_ptr<StoreDisk> disk = m_makeDisk(m_stop.get_token());
         m_jobs.Do([disk, folder = m_parts.folder, listener = std::weak_ptr(m_listener)] {
             const auto end = std::make_shared<CompactionEnd>(CompactDayFile(folder, *disk));
             QMetaObject::invokeMethod(

@@ -28,7 +28,7 @@ struct BackgroundCompactionParts {
 /// windows stay responsive.
 class BackgroundCompaction {
 public:
-    using MakeDisk = std::function<std::unique_ptr<CompactionDisk>(std::stop_token stop)>;
+    using MakeDisk = std::function<std::unique_ptr<StoreDisk>(std::stop_token stop)>;
 
     /// `makeDisk`: called on the thread that calls Start; the disk is used on the worker thread.
     explicit BackgroundCompaction(BackgroundCompactionParts parts, MakeDisk makeDisk = RealDisk);
@@ -48,7 +48,7 @@ public:
 private:
     struct Listener;
 
-    static std::unique_ptr<CompactionDisk> RealDisk(std::stop_token stop);
+    static std::unique_ptr<StoreDisk> RealDisk(std::stop_token stop);
     void Finish(CompactionEnd end);
 
     BackgroundCompactionParts m_parts;

@@ -130,7 +130,7 @@ void AnniversaryChange::ReadRow(int row) {
 
 void AnniversaryChange::AddTarget(const DayListRow& row) {
     const Anniversary target = AnniversaryOf(row);
-    const QString select = SelectStatement(target);
+    const QString select = SelectSql(target);
     if (!IsQuotable(target.name)) {
         CompileSql(select);  // throws the reason
     }

@@ -18,7 +18,7 @@ QString WeekdayText(int weekday) {
 }
 
 /// 1 for "日曜日" to 7 for "土曜日"; 0 for every other text.
-qint32 WeekdayOf(const QString& text) {
+qint32 WeekdayNamed(const QString& text) {
     for (int weekday = 1; weekday <= kDaysInWeek; ++weekday) {
         if (WeekdayText(weekday) == text) {
             return weekday;
@@ -92,7 +92,7 @@ Anniversary AnniversaryOf(const EditorFields& fields) {
         row.month = IntegerOf(fields.month);
     }
     if (fields.byWeek) {
-        row.week = 10 * IntegerOf(fields.ordinal.mid(1, 1)) + WeekdayOf(fields.weekday);
+        row.week = 10 * IntegerOf(fields.ordinal.mid(1, 1)) + WeekdayNamed(fields.weekday);
     } else {
         row.day = IntegerOf(fields.day);
     }

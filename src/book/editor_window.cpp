@@ -114,7 +114,7 @@ void Form6::Command1_Click() {
 }
 
 void Form6::Add(const Anniversary& entered) {
-    m_parts.dayDatabase.Execute(InsertStatement(entered));
+    m_parts.dayDatabase.Execute(InsertSql(entered));
     Finish();
 }
 
@@ -123,8 +123,8 @@ void Form6::Change(const Anniversary& entered) {
         {u"Year", entered.year}, {u"Month", entered.month}, {u"Day", entered.day}, {u"Week", entered.week}};
     // A name that no statement can contain may be kept.
     if (!m_chosen->itself || entered.name != m_shownName) {
-        CompileSql(m_chosen->itself ? InsertStatement(entered)
-                                    : UpdateStatement(AnniversaryOf(*m_chosen), entered));  // may throw
+        CompileSql(m_chosen->itself ? InsertSql(entered)
+                                    : UpdateSql(AnniversaryOf(*m_chosen), entered));  // may throw
         values.push_back({u"Name", entered.name});
     }
     auto work = std::make_unique<AnniversaryChange>(

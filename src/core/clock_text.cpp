@@ -2,6 +2,7 @@
 #include "core/clock_text.h"
 
 #include "core/duration_text.h"
+#include "core/weekday.h"
 #include "core/words.h"
 
 namespace tickwell {
@@ -42,11 +43,6 @@ QString EnglishClock(QTime now, qint32 hourStyle) {
     return ColonText(
         hourStyle == kTwelveHours ? TwelveHourText(now.hour(), {u"AM", u"PM"}) : QString::number(now.hour()),
         now);
-}
-
-/// 1 (Sunday) .. 7.
-int WeekdayOf(QDate day) {
-    return day.dayOfWeek() % 7 + 1;
 }
 
 QString JapaneseDate(QDate day, qint32 yearStyle, qint32 displayMode) {

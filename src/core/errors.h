@@ -25,6 +25,9 @@ private:
     QByteArray m_utf8;
 };
 
+/// For a file: what went wrong, the path, and why, each in a line of its own.
+RunTimeError FileError(const QString& what, const QString& path, const QString& why);
+
 /// A result is outside the range of a signed 32-bit (or 16-bit) integer.
 class OverflowError : public RunTimeError {
 public:

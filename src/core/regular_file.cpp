@@ -6,6 +6,7 @@
 #include <unistd.h>
 
 #include <QFile>
+#include <QFileInfo>
 #include <algorithm>
 #include <cerrno>
 #include <optional>
@@ -62,6 +63,11 @@ FileContents ReadAtMost(int file, qint64 claimed, qint64 most) {
 }
 
 }  // namespace
+
+bool EntryExists(const QString& path) {
+    const QFileInfo file(path);
+    return file.exists() || file.isSymLink();
+}
 
 FileContents ReadRegularFile(const QString& path, qint64 most) {
     const QByteArray name = QFile::encodeName(path);

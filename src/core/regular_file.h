@@ -21,6 +21,9 @@ struct FileContents {
     QString reason;    ///< the problem in one sentence for the user; empty if there is none
 };
 
+/// Whether a folder has this entry; true for a dangling link too.
+bool EntryExists(const QString& path);
+
 /// Reads a whole regular file of at most `most` bytes; follows symbolic links. It never opens a pipe
 /// or a device, which could block, have side effects or never end, and never reads more than `most` + 1
 /// bytes.

@@ -1,17 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "days/day_rule.h"
 
+#include "core/weekday.h"
+
 namespace tickwell {
 
 using namespace Qt::StringLiterals;
-
-namespace {
-
-QString Number(int number) {
-    return QString::number(number);
-}
-
-}  // namespace
 
 QStringView TableOf(DayMark mark) {
     switch (mark) {
@@ -26,30 +20,29 @@ QStringView TableOf(DayMark mark) {
 }
 
 QString DateLiteral(QDate date) {
-    return u'#' + Number(date.month()) + u'/' + Number(date.day()) + u'/' +
-           Number(date.year()).rightJustified(4, u'0') + u'#';
+    return u'#' + QString::number(date.month()) + u'/' + QString::number(date.day()) + u'/' +
+           QString::number(date.year()).rightJustified(4, u'0') + u'#';
 }
 
 int WeekCode(QDate date) {
-    const int week = (date.day() - 1) / kDaysInWeek + 1;     // 1..5
-    const int weekday = date.dayOfWeek() % kDaysInWeek + 1;  // Qt: 1 Monday .. 7 Sunday
-    return 10 * week + weekday;
+    const int week = (date.day() - 1) / kDaysInWeek + 1;  // 1..5
+    return 10 * week + WeekdayOf(date);
 }
 
 QString AnniversaryQuery(qint32 year, qint32 month, qint32 day, qint32 weekCode) {
     return u"SELECT Kinenbi.Name,Kinenbi.Year,Kinenbi.Month,Kinenbi.Day,Kinenbi.Week FROM Kinenbi WHERE "_s +
-           u"(Day=" + Number(day) + u" OR Week=" + Number(weekCode) + u") AND " +  //
-           u"(Month=0 OR Month=" + Number(month) + u") AND " +                     //
-           u"(Year=0 OR Year=" + Number(year) + u')';
+           u"(Day=" + QString::number(day) + u" OR Week=" + QString::number(weekCode) + u") AND " +  //
+           u"(Month=0 OR Month=" + QString::number(month) + u") AND " +                              //
+           u"(Year=0 OR Year=" + QString::number(year) + u')';
 }
 
 QString HolidayQuery(qint32 month, qint32 day) {
-    return MonthHolidayQuery(month) + u" AND Day=" + Number(day);
+    return MonthHolidayQuery(month) + u" AND Day=" + QString::number(day);
 }
 
 QString MonthHolidayQuery(qint32 month) {
     return u"SELECT Syukuzitu.Name,Syukuzitu.Month,Syukuzitu.Day FROM Syukuzitu WHERE Month= "_s +
-           Number(month);
+           QString::number(month);
 }
 
 QString MarkedDatesQuery(DayMark mark, QDate first, QDate last) {

@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "days/month_rows.h"
 
+#include "core/weekday.h"
+
 namespace tickwell {
 
 MonthShape ShapeOf(QDate date) {
     const QDate first(date.year(), date.month(), 1);
-    return {first, first.addMonths(1).addDays(-1), first.dayOfWeek() % kDaysInWeek + 1};
+    return {first, first.addMonths(1).addDays(-1), WeekdayOf(first)};
 }
 
 MonthRows ReadMonth(DayDatabase& database, const MonthShape& month) {

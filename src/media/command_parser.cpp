@@ -5,6 +5,7 @@
 #include <array>
 #include <limits>
 
+#include "core/ascii.h"
 #include "media/command_error.h"
 
 namespace tickwell {
@@ -15,10 +16,6 @@ namespace {
 
 bool IsBlank(QChar c) {
     return c == u' ' || c == u'\t';
-}
-
-bool IsDigit(QChar c) {
-    return c >= u'0' && c <= u'9';
 }
 
 QList<CommandWord> WordsOf(QStringView text) {
@@ -89,8 +86,8 @@ public:
     /// Consumes a number: digits only, or digits and colons if `colons` is set.
     QString TakeNumber(bool colons) {
         QString text = TakeName(kErrorNumber);
-        const bool isNumber = std::all_of(text.begin(), text.end(),
-                                          [colons](QChar c) { return IsDigit(c) || (colons && c == u':'); });
+        const bool isNumber = std::all_of(
+            text.begin(), text.end(), [colons](QChar c) { return IsAsciiDigit(c) || (colons && c == u':'); });
         if (!isNumber) {
             throw CommandError(kErrorNumber);
         }

@@ -31,7 +31,7 @@ std::unique_ptr<SqliteConnection> WholeLiveFile(const QString& path) {
 }
 
 /// A file that cannot be removed makes the next step fail, or is left to the next start.
-void RemoveTarget(CompactionDisk& disk, const DayFiles& files) {
+void RemoveTarget(StoreDisk& disk, const DayFiles& files) {
     try {
         RemoveWithJournals(disk, files.target);
     } catch (const RunTimeError& error) {
@@ -41,10 +41,10 @@ void RemoveTarget(CompactionDisk& disk, const DayFiles& files) {
 
 /// Renames the safety copy back to the live file. Once that copy has been removed, the compacted file is the
 /// only one and is kept.
-void Restore(CompactionDisk& disk, const DayFiles& files) {
+void Restore(StoreDisk& disk, const DayFiles& files) {
     try {
         if (QFileInfo::exists(files.copy)) {
-            disk.Rename(files.copy, files.live);
+            RenameSafely(disk, files.copy, files.live);
         } else if (!QFileInfo::exists(files.live)) {
             PutBackLiveFile(disk, files);
         }
@@ -62,7 +62,7 @@ void CheckCompacted(const QString& path) {
     CheckDayDatabase(compacted);
 }
 
-Message Compact(CompactionDisk& disk, const DayFiles& files) {
+Message Compact(StoreDisk& disk, const DayFiles& files) {
     const qint32 before = disk.Size(files.live);
     const auto live =
         WholeLiveFile(files.live);  // held during the replacement, so that nobody writes to the old file
@@ -75,7 +75,7 @@ Message Compact(CompactionDisk& disk, const DayFiles& files) {
     try {
         disk.Compact(*live, files.target);
         CheckCompacted(files.target);
-        disk.Rename(files.target, files.live);
+        RenameSafely(disk, files.target, files.live);
         disk.Remove(files.copy);
         return CompactionDone(before, disk.Size(files.live));
     } catch (const RunTimeError& error) {
@@ -105,7 +105,7 @@ void BeginCompaction(DayDatabase& dayDatabase, const ProgramFolder& folder) {
     dayDatabase.Close();
 }
 
-CompactionEnd CompactDayFile(const ProgramFolder& folder, CompactionDisk& disk) {
+CompactionEnd CompactDayFile(const ProgramFolder& folder, StoreDisk& disk) {
     CompactionEnd end;
     try {
         end.report = Compact(disk, FindDayFiles(folder));
@@ -127,7 +127,7 @@ void EndCompaction(DayDatabase& dayDatabase, CompactionEnd end, MessageBoxes& bo
 }
 
 void CompactDayDatabase(DayDatabase& dayDatabase, const ProgramFolder& folder, MessageBoxes& boxes,
-                        CompactionDisk& disk, const QObject* owner) {
+                        StoreDisk& disk, const QObject* owner) {
     BeginCompaction(dayDatabase, folder);
     EndCompaction(dayDatabase, CompactDayFile(folder, disk), boxes, owner);
 }

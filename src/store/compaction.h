@@ -6,8 +6,8 @@
 
 #include "core/ports/message_boxes.h"
 #include "core/program_folder.h"
-#include "store/compaction_disk.h"
 #include "store/day_database.h"
+#include "store/store_disk.h"
 
 namespace tickwell {
 
@@ -29,7 +29,7 @@ void BeginCompaction(DayDatabase& dayDatabase, const ProgramFolder& folder);
 
 /// Second step: compacts the day database of `folder` and opens it. Nothing else may use the database
 /// meanwhile.
-CompactionEnd CompactDayFile(const ProgramFolder& folder, CompactionDisk& disk);
+CompactionEnd CompactDayFile(const ProgramFolder& folder, StoreDisk& disk);
 
 /// Last step: hands over the database and shows the report in a box of `owner`, which is a window or null.
 /// Throws RunTimeError with the fault.
@@ -37,6 +37,6 @@ void EndCompaction(DayDatabase& dayDatabase, CompactionEnd end, MessageBoxes& bo
 
 /// All three steps, for a caller that may block.
 void CompactDayDatabase(DayDatabase& dayDatabase, const ProgramFolder& folder, MessageBoxes& boxes,
-                        CompactionDisk& disk, const QObject* owner = nullptr);
+                        StoreDisk& disk, const QObject* owner = nullptr);
 
 }  // namespace tickwell

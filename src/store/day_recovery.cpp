@@ -6,6 +6,7 @@
 #include <array>
 
 #include "core/errors.h"
+#include "core/regular_file.h"
 #include "store/day_database_check.h"
 #include "store/log.h"
 #include "store/shared_file_lock.h"
@@ -23,19 +24,13 @@ QStringList Copies(const DayFiles& files) {
 
 constexpr std::array kJournals{"-journal"_L1, "-wal"_L1, "-shm"_L1};
 
-/// True for a dangling link too: its target may reappear.
-bool IsThere(const QString& path) {
-    const QFileInfo file(path);
-    return file.exists() || file.isSymLink();
-}
-
 bool AnythingIsLeft(const DayFiles& files) {
     for (const QString& copy : Copies(files)) {
-        if (IsThere(copy)) {
+        if (EntryExists(copy)) {
             return true;
         }
         for (const QLatin1StringView journal : kJournals) {
-            if (IsThere(copy + journal)) {
+            if (EntryExists(copy + journal)) {
                 return true;
             }
         }
@@ -43,7 +38,7 @@ bool AnythingIsLeft(const DayFiles& files) {
     return false;
 }
 
-void RemoveJournals(CompactionDisk& disk, const QString& path) {
+void RemoveJournals(StoreDisk& disk, const QString& path) {
     for (const QLatin1StringView journal : kJournals) {
         disk.Remove(path + journal);
     }
@@ -60,7 +55,7 @@ bool IsSound(const QString& path) {
     }
 }
 
-void RemoveCopies(CompactionDisk& disk, const DayFiles& files) {
+void RemoveCopies(StoreDisk& disk, const DayFiles& files) {
     SqliteConnection live(files.live);  // fails while someone else compacts it
     CheckDayDatabase(live);
     for (const QString& copy : Copies(files)) {
@@ -68,10 +63,10 @@ void RemoveCopies(CompactionDisk& disk, const DayFiles& files) {
     }
 }
 
-void PutBack(CompactionDisk& disk, const DayFiles& files) {
+void PutBack(StoreDisk& disk, const DayFiles& files) {
     SharedFileLock lock(files.live);
     lock.TakeExclusive();
-    if (!IsThere(files.live)) {  // another instance may have been faster
+    if (!EntryExists(files.live)) {  // another instance may have been faster
         PutBackLiveFile(disk, files);
     }
 }
@@ -79,17 +74,17 @@ void PutBack(CompactionDisk& disk, const DayFiles& files) {
 }  // namespace
 
 void RecoverDayDatabase(const ProgramFolder& folder) {
-    PosixCompactionDisk disk;
+    PosixStoreDisk disk;
     RecoverDayDatabase(folder, disk);
 }
 
-void RecoverDayDatabase(const ProgramFolder& folder, CompactionDisk& disk) {
+void RecoverDayDatabase(const ProgramFolder& folder, StoreDisk& disk) {
     const DayFiles files = FindDayFiles(folder);
     if (!AnythingIsLeft(files)) {
         return;
     }
     try {
-        if (!IsThere(folder.PathOf(kLiveFile))) {
+        if (!EntryExists(folder.PathOf(kLiveFile))) {
             PutBack(disk, files);
         }
         RemoveCopies(disk, files);
@@ -99,17 +94,17 @@ void RecoverDayDatabase(const ProgramFolder& folder, CompactionDisk& disk) {
     }
 }
 
-void PutBackLiveFile(CompactionDisk& disk, const DayFiles& files) {
+void PutBackLiveFile(StoreDisk& disk, const DayFiles& files) {
     for (const QString& copy : Copies(files)) {
         if (IsSound(copy)) {
             RemoveJournals(disk, files.live);
-            disk.Rename(copy, files.live);
+            RenameSafely(disk, copy, files.live);
             return;
         }
     }
 }
 
-void RemoveWithJournals(CompactionDisk& disk, const QString& path) {
+void RemoveWithJournals(StoreDisk& disk, const QString& path) {
     disk.Remove(path);
     RemoveJournals(disk, path);
 }
@@ -117,7 +112,7 @@ void RemoveWithJournals(CompactionDisk& disk, const QString& path) {
 QString WithNamedCopies(const ProgramFolder& folder, const QString& reason) {
     QStringList names;
     for (const QString& copy : Copies(FindDayFiles(folder))) {
-        if (IsThere(copy)) {
+        if (EntryExists(copy)) {
             names.append(folder.Shortened(copy));
         }
     }

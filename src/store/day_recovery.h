@@ -3,8 +3,8 @@
 
 #include <QString>
 
-#include "store/compaction_disk.h"
 #include "store/day_files.h"
+#include "store/store_disk.h"
 
 namespace tickwell {
 
@@ -15,15 +15,15 @@ namespace tickwell {
 void RecoverDayDatabase(const ProgramFolder& folder);
 
 /// The same with the given disk operations.
-void RecoverDayDatabase(const ProgramFolder& folder, CompactionDisk& disk);
+void RecoverDayDatabase(const ProgramFolder& folder, StoreDisk& disk);
 
 /// Puts an undamaged copy in place of the missing live file. The caller holds the exclusive lock. Throws
 /// RunTimeError.
-void PutBackLiveFile(CompactionDisk& disk, const DayFiles& files);
+void PutBackLiveFile(StoreDisk& disk, const DayFiles& files);
 
 /// Removes a file and its SQLite journals: SQLite would apply a leftover journal to the next file of that
 /// name. Throws RunTimeError.
-void RemoveWithJournals(CompactionDisk& disk, const QString& path);
+void RemoveWithJournals(StoreDisk& disk, const QString& path);
 
 /// Adds to `reason` a line with the names of the copies in `folder`; `reason` alone if there are
 /// none.

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <limits>
 
+#include "core/ascii.h"
 #include "store/sql_error.h"
 #include "store/sql_quoting.h"
 
@@ -19,9 +20,6 @@ constexpr int kFirstYear = 100;
 bool IsBlank(QChar c) {
     return c == u' ' || c == u'\t' || c == u'\r' || c == u'\n';
 }
-bool IsDigit(QChar c) {
-    return c >= u'0' && c <= u'9';
-}
 bool IsLetter(QChar c) {
     return (c >= u'a' && c <= u'z') || (c >= u'A' && c <= u'Z');
 }
@@ -29,7 +27,7 @@ bool IsLetter(QChar c) {
 /// A part of a date with `least` to `most` digits; -1 if it is not one.
 int DatePart(QStringView digits, int least, int most) {
     const bool fits = digits.size() >= least && digits.size() <= most;
-    return fits && std::all_of(digits.begin(), digits.end(), IsDigit) ? digits.toInt() : -1;
+    return fits && std::all_of(digits.begin(), digits.end(), IsAsciiDigit) ? digits.toInt() : -1;
 }
 
 }  // namespace
@@ -43,7 +41,7 @@ std::optional<qint32> ExactInteger(QStringView text) {
     constexpr qint64 kLimit = qint64{std::numeric_limits<qint32>::max()} + 1;
     qint64 value = 0;
     for (const QChar digit : digits) {
-        if (!IsDigit(digit)) {
+        if (!IsAsciiDigit(digit)) {
             return std::nullopt;
         }
         value = value * 10 + (digit.unicode() - u'0');  // never above 10 * kLimit + 9
@@ -66,7 +64,7 @@ SqlToken SqlLexer::Next() {
     if (IsLetter(first)) {
         return {TokenKind::Word, TakeWhile(IsLetter), {}};
     }
-    if (IsDigit(first) || first == u'-') {
+    if (IsAsciiDigit(first) || first == u'-') {
         return Integer();
     }
     if (first == u'"') {
@@ -93,7 +91,7 @@ SqlToken SqlLexer::Integer() {
     if (At(m_position) == u'-') {
         ++m_position;
     }
-    TakeWhile(IsDigit);
+    TakeWhile(IsAsciiDigit);
     const auto value = ExactInteger(m_sql.sliced(start, m_position - start));
     if (!value) {
         Refuse(u"SQL文の数値が正しくありません。"_s);
@@ -113,7 +111,7 @@ SqlToken SqlLexer::Text() {
 
 SqlToken SqlLexer::Date() {
     ++m_position;  // the opening #
-    const auto parts = TakeWhile([](QChar c) { return IsDigit(c) || c == u'/'; }).split(u'/');
+    const auto parts = TakeWhile([](QChar c) { return IsAsciiDigit(c) || c == u'/'; }).split(u'/');
     QDate date;
     if (At(m_position) == u'#' && parts.size() == 3) {
         const int year = DatePart(parts[2], 4, 4);

@@ -50,10 +50,6 @@ QString OfAFile(const QString& path) {
 
 }  // namespace
 
-void SqliteConnection::Closer::operator()(sqlite3* handle) const {
-    sqlite3_close(handle);
-}
-
 SqliteConnection::SqliteConnection(const QString& path, FileUse use, LockedOpening opening) {
     if (use == FileUse::Work) {
         m_lock.emplace(OfAFile(path), opening == LockedOpening::Waits ? SharedFileLock::Patiently() : GiveUp);

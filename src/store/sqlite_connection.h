@@ -10,8 +10,6 @@
 #include "store/shared_file_lock.h"
 #include "store/sqlite_statement.h"
 
-struct sqlite3_file;
-
 namespace tickwell {
 
 /// How a file is opened.
@@ -77,10 +75,6 @@ public:
 private:
     friend class InstructionLimit;
 
-    struct Closer {
-        void operator()(sqlite3* handle) const;
-    };
-
     void Open(const QString& path, FileUse use);
     void SetPragma(const QByteArray& name, const QByteArray& value, QLatin1StringView answer);
     [[noreturn]] void Fail(int result, const QString& sql) const;
@@ -88,7 +82,7 @@ private:
 
     std::optional<SharedFileLock> m_lock;  // released last
     std::stop_token m_stop;
-    std::unique_ptr<sqlite3, Closer> m_handle;
+    SqliteHandle m_handle;
     QHash<QByteArray, std::shared_ptr<SqliteStatement>> m_prepared;  // finalized before the file is closed
 };
 

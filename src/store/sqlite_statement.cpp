@@ -8,10 +8,6 @@
 
 namespace tickwell {
 
-void SqliteStatement::Finalizer::operator()(sqlite3_stmt* statement) const {
-    sqlite3_finalize(statement);
-}
-
 SqliteStatement::SqliteStatement(sqlite3* connection, const QByteArray& sql) : m_connection(connection) {
     sqlite3_stmt* prepared = nullptr;
     const int result = sqlite3_prepare_v3(connection, sql.constData(), static_cast<int>(sql.size()),

@@ -3,10 +3,8 @@
 
 #include <QByteArray>
 #include <QString>
-#include <memory>
 
-struct sqlite3;
-struct sqlite3_stmt;
+#include "store/sqlite_handle.h"
 
 namespace tickwell {
 
@@ -34,14 +32,10 @@ public:
     bool IsNull(int column) const;
 
 private:
-    struct Finalizer {
-        void operator()(sqlite3_stmt* statement) const;
-    };
-
     void Check(int result) const;
 
     sqlite3* m_connection;
-    std::unique_ptr<sqlite3_stmt, Finalizer> m_statement;
+    SqliteStatementHandle m_statement;
 };
 
 }  // namespace tickwell

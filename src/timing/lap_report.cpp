@@ -2,6 +2,7 @@
 #include "timing/lap_report.h"
 
 #include "core/duration_text.h"
+#include "core/weekday.h"
 #include "core/words.h"
 
 namespace tickwell {
@@ -24,7 +25,7 @@ QStringList LapReport(const QString& version, const QDateTime& now, const QStrin
 }
 
 QString LongDateText(QDate date) {
-    const int weekday = date.dayOfWeek() % 7 + 1;  // 1 is Sunday
+    const int weekday = WeekdayOf(date);
     return QString::number(date.year()) + u"年" + QString::number(date.month()) + u"月" +
            QString::number(date.day()) + u"日 " + WeekdayLetter(weekday, 1) + u"曜日";
 }

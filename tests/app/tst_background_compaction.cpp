@@ -20,18 +20,18 @@ struct Gate {
     QSemaphore measured;
 };
 
-class GatedDisk : public PosixCompactionDisk {
+class GatedDisk : public PosixStoreDisk {
 public:
     GatedDisk(const std::stop_token& stop, Gate& gate)
-        : PosixCompactionDisk(stop), m_gate(gate), m_atStop(stop, Opener{gate}) {}
+        : PosixStoreDisk(stop), m_gate(gate), m_atStop(stop, Opener{gate}) {}
 
     qint32 Size(const QString& path) override {
-        const qint32 size = PosixCompactionDisk::Size(path);
+        const qint32 size = PosixStoreDisk::Size(path);
         m_gate.measured.release();
         return size;
     }
     void Copy(const SqliteConnection& from, const QString& to) override {
-        PosixCompactionDisk::Copy(from, to);
+        PosixStoreDisk::Copy(from, to);
         m_gate.reached.release();
         m_gate.open.acquire();
     }

@@ -255,7 +255,7 @@ void TstAnniversarySearch::FindsWhatIsMeantAndShowsIt() {
         DayTransaction transaction(database);
         for (int i = 0; i < kRows; ++i) {
             stored.push_back(dice.Row());
-            database.Execute(InsertStatement(stored.back()));
+            database.Execute(InsertSql(stored.back()));
         }
         transaction.Commit();
     }
@@ -276,7 +276,7 @@ void TstAnniversarySearch::FindsWhatIsMeantAndShowsIt() {
 void TstAnniversarySearch::NoneOfOneYearIsFoundByDate() {
     const DayStore store;
     DayDatabase database(store.Path());
-    database.Execute(InsertStatement({u"a"_s, 1998, 10, 3, 0}));
+    database.Execute(InsertSql({u"a"_s, 1998, 10, 3, 0}));
     QCOMPARE(Found(database, {}), u"a"_s);
     for (const QDate end : {QDate(1998, 10, 3), QDate(1998, 12, 31), QDate(1999, 10, 3), QDate(2005, 1, 1)}) {
         QCOMPARE(Found(database, Within(QDate(1998, 1, 1), end)), QString());
@@ -287,7 +287,7 @@ void TstAnniversarySearch::OnlyMonthsBetweenAreFound() {
     const DayStore store;
     DayDatabase database(store.Path());
     for (int month = 1; month <= 12; ++month) {
-        database.Execute(InsertStatement({u"%1"_s.arg(month), 0, month, 15, 0}));
+        database.Execute(InsertSql({u"%1"_s.arg(month), 0, month, 15, 0}));
     }
     QCOMPARE(Found(database, Within(QDate(1998, 3, 1), QDate(1998, 6, 30))), u"4 5"_s);
     QCOMPARE(Found(database, Within(QDate(1998, 6, 1), QDate(1998, 6, 30))), u"6"_s);
@@ -300,7 +300,7 @@ void TstAnniversarySearch::FromDecemberOnMonthlyOnesAreFilteredByDay() {
     for (const Anniversary& row :
          {Anniversary{u"9"_s, 0, 0, 9, 0}, Anniversary{u"10"_s, 0, 0, 10, 0},
           Anniversary{u"fifth"_s, 0, 0, 0, 57}, Anniversary{u"fourth"_s, 0, 0, 0, 47}}) {
-        database.Execute(InsertStatement(row));
+        database.Execute(InsertSql(row));
     }
     const auto after = [](QDate start) {
         SearchConditions conditions;
@@ -316,7 +316,7 @@ void TstAnniversarySearch::UntilJanuaryMonthlyOnesAreFilteredByDay() {
     DayDatabase database(store.Path());
     for (const Anniversary& row : {Anniversary{u"9"_s, 0, 0, 9, 0}, Anniversary{u"10"_s, 0, 0, 10, 0},
                                    Anniversary{u"15"_s, 0, 0, 0, 15}, Anniversary{u"16"_s, 0, 0, 0, 16}}) {
-        database.Execute(InsertStatement(row));
+        database.Execute(InsertSql(row));
     }
     const auto before = [](QDate end) {
         SearchConditions conditions;
@@ -330,8 +330,8 @@ void TstAnniversarySearch::UntilJanuaryMonthlyOnesAreFilteredByDay() {
 void TstAnniversarySearch::TheYearFiveIsFoundByEveryBoxThatIsNotTicked() {
     const DayStore store;
     DayDatabase database(store.Path());
-    database.Execute(InsertStatement({u"five"_s, 5, 1, 1, 0}));
-    database.Execute(InsertStatement({u"other"_s, 0, 1, 1, 0}));
+    database.Execute(InsertSql({u"five"_s, 5, 1, 1, 0}));
+    database.Execute(InsertSql({u"other"_s, 0, 1, 1, 0}));
     const SearchFinds finds = FindAnniversaries(database, {false, false, false, {}, {}});
     const QList<DayListRow> expected{{u"five"_s, u"5"_s, u"1"_s, u"1"_s, QString()},
                                      {u"five"_s, u"毎"_s, u"1"_s, u"1"_s, QString()},
@@ -343,7 +343,7 @@ void TstAnniversarySearch::TheYearFiveIsFoundByEveryBoxThatIsNotTicked() {
 void TstAnniversarySearch::ARowOfOneYearAndEveryMonthIsFoundTwice() {
     const DayStore store;
     DayDatabase database(store.Path());
-    database.Execute(InsertStatement({u"a"_s, 1998, 0, 1, 0}));
+    database.Execute(InsertSql({u"a"_s, 1998, 0, 1, 0}));
     const SearchFinds finds = FindAnniversaries(database, {});
     const QList<DayListRow> expected{{u"a"_s, u"1998"_s, u"0"_s, u"1"_s, QString()},
                                      {u"a"_s, u"毎"_s, u"毎"_s, u"1"_s, QString()}};

@@ -40,38 +40,38 @@ private Q_SLOTS:
 };
 
 void TstAnniversaryStatements::AddsWithTheNameAloneInQuotes() {
-    QCOMPARE(InsertStatement(kBirthday),
+    QCOMPARE(InsertSql(kBirthday),
              uR"(INSERT INTO Kinenbi(Name,Year,Month,Day,Week) VALUES ("誕生日",0,10,3,0))"_s);
-    QCOMPARE(InsertStatement({}), uR"(INSERT INTO Kinenbi(Name,Year,Month,Day,Week) VALUES ("",0,0,0,0))"_s);
+    QCOMPARE(InsertSql({}), uR"(INSERT INTO Kinenbi(Name,Year,Month,Day,Week) VALUES ("",0,0,0,0))"_s);
 }
 
 void TstAnniversaryStatements::ChangesWithAllNewValuesInQuotes() {
-    QCOMPARE(UpdateStatement(kBirthday, {u"x 'y' "_s, 1998, 12, 31, 0}),
+    QCOMPARE(UpdateSql(kBirthday, {u"x 'y' "_s, 1998, 12, 31, 0}),
              uR"(UPDATE Kinenbi SET Name="x 'y' ", Year="1998", Month="12", Day="31", Week="0" )"
              uR"(WHERE Name="誕生日" AND Year=0 AND Month=10 AND Day=3 AND Week=0)"_s);
 }
 
 void TstAnniversaryStatements::TakesAwayWithTwoBlanksBeforeWhere() {
-    QCOMPARE(DeleteStatement(kMeeting),
+    QCOMPARE(DeleteSql(kMeeting),
              uR"(DELETE * FROM Kinenbi  WHERE Name="例会" AND Year=0 AND Month=0 AND Day=0 AND Week=22)"_s);
 }
 
 void TstAnniversaryStatements::WritesNumbersPlainly() {
     const Anniversary row{u"a"_s, -1, 1000000, 99, 57};
-    QVERIFY(InsertStatement(row).endsWith(uR"(("a",-1,1000000,99,57))"));
-    QVERIFY(DeleteStatement(row).endsWith(u"Year=-1 AND Month=1000000 AND Day=99 AND Week=57"));
+    QVERIFY(InsertSql(row).endsWith(uR"(("a",-1,1000000,99,57))"));
+    QVERIFY(DeleteSql(row).endsWith(u"Year=-1 AND Month=1000000 AND Day=99 AND Week=57"));
 }
 
 void TstAnniversaryStatements::StoresWhatItSays() {
     const DayStore store;
     DayDatabase database(store.Path());
     const Anniversary odd{u" 毎 ' % ;-- "_s, -1, 13, 99, 75};
-    QCOMPARE(database.Execute(InsertStatement(kBirthday)), 1);
-    QCOMPARE(database.Execute(InsertStatement(odd)), 1);
+    QCOMPARE(database.Execute(InsertSql(kBirthday)), 1);
+    QCOMPARE(database.Execute(InsertSql(odd)), 1);
     QVERIFY(AllOf(database) == Anniversaries({kBirthday, odd}));
-    QCOMPARE(database.Execute(UpdateStatement(odd, kMeeting)), 1);
+    QCOMPARE(database.Execute(UpdateSql(odd, kMeeting)), 1);
     QVERIFY(AllOf(database) == Anniversaries({kBirthday, kMeeting}));
-    QCOMPARE(database.Execute(DeleteStatement(kBirthday)), 1);
+    QCOMPARE(database.Execute(DeleteSql(kBirthday)), 1);
     QVERIFY(AllOf(database) == Anniversaries({kMeeting}));
 }
 
@@ -79,9 +79,9 @@ void TstAnniversaryStatements::ChangesAllEqualRowsTogether() {
     const DayStore store;
     DayDatabase database(store.Path());
     for (const Anniversary& row : {kBirthday, kMeeting, kBirthday}) {
-        database.Execute(InsertStatement(row));
+        database.Execute(InsertSql(row));
     }
-    QCOMPARE(database.Execute(UpdateStatement(kBirthday, kMeeting)), 2);
+    QCOMPARE(database.Execute(UpdateSql(kBirthday, kMeeting)), 2);
     QVERIFY(AllOf(database) == Anniversaries({kMeeting, kMeeting, kMeeting}));
 }
 
@@ -89,20 +89,20 @@ void TstAnniversaryStatements::DeletesAllEqualRowsTogether() {
     const DayStore store;
     DayDatabase database(store.Path());
     for (const Anniversary& row : {kBirthday, kMeeting, kBirthday}) {
-        database.Execute(InsertStatement(row));
+        database.Execute(InsertSql(row));
     }
-    QCOMPARE(database.Execute(DeleteStatement(kBirthday)), 2);
+    QCOMPARE(database.Execute(DeleteSql(kBirthday)), 2);
     QVERIFY(AllOf(database) == Anniversaries({kMeeting}));
 }
 
 void TstAnniversaryStatements::ChangesNothingWhereNoRowIsEqual() {
     const DayStore store;
     DayDatabase database(store.Path());
-    database.Execute(InsertStatement(kBirthday));
+    database.Execute(InsertSql(kBirthday));
     Anniversary other = kBirthday;
     other.day = 4;
-    QCOMPARE(database.Execute(UpdateStatement(other, kMeeting)), 0);
-    QCOMPARE(database.Execute(DeleteStatement(other)), 0);
+    QCOMPARE(database.Execute(UpdateSql(other, kMeeting)), 0);
+    QCOMPARE(database.Execute(DeleteSql(other)), 0);
     QVERIFY(AllOf(database) == Anniversaries({kBirthday}));
 }
 
@@ -120,10 +120,10 @@ void TstAnniversaryStatements::AQuoteInTheNameIsRefused() {
     QFETCH(QString, name);
     const DayStore store;
     DayDatabase database(store.Path());
-    database.Execute(InsertStatement(kBirthday));
+    database.Execute(InsertSql(kBirthday));
     const Anniversary row{name, 0, 10, 3, 0};
-    for (const QString& sql : {InsertStatement(row), UpdateStatement(kBirthday, row),
-                               UpdateStatement(row, kBirthday), DeleteStatement(row)}) {
+    for (const QString& sql :
+         {InsertSql(row), UpdateSql(kBirthday, row), UpdateSql(row, kBirthday), DeleteSql(row)}) {
         QVERIFY_THROWS_EXCEPTION(SqlError, database.Execute(sql));
     }
     QVERIFY(AllOf(database) == Anniversaries({kBirthday}));

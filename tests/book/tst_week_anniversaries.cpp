@@ -33,7 +33,7 @@ struct Book {
         fields.name = name;
         ChooseKind(fields, AnniversaryKind::EveryMonth);
         fields.byWeek = true;
-        database.Execute(InsertStatement(AnniversaryOf(fields)));
+        database.Execute(InsertSql(AnniversaryOf(fields)));
     }
 
     /// Edits the only row of `code`'s day: changes its name, and keeps the editor's proposal for the rest.
@@ -42,7 +42,7 @@ struct Book {
         const Anniversary old = AnniversaryOf(list.Rows().Kept().constFirst());
         EditorFields fields = FieldsToEdit(old, DayOf(code));
         fields.name = name;
-        database.Execute(UpdateStatement(old, AnniversaryOf(fields)));
+        database.Execute(UpdateSql(old, AnniversaryOf(fields)));
     }
 
     void Delete(int code) {

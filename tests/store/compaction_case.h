@@ -22,7 +22,7 @@ struct CompactionCase {
     }
 
     /// The reason of the RunTimeError; empty if there was none.
-    QString Fault(CompactionDisk& disk) {
+    QString Fault(StoreDisk& disk) {
         try {
             CompactDayDatabase(handle, ProgramFolder(store.Folder()), boxes, disk);
         } catch (const RunTimeError& error) {
@@ -31,7 +31,7 @@ struct CompactionCase {
         return QString();
     }
     QString Fault() {
-        PosixCompactionDisk disk;
+        PosixStoreDisk disk;
         return Fault(disk);
     }
 };

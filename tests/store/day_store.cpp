@@ -22,21 +22,19 @@ int Collect(void* rows, int count, char** values, char** /*names*/) {
 }  // namespace
 
 RawConnection::RawConnection(const QString& path) {
-    if (sqlite3_open_v2(QFile::encodeName(path).constData(), &m_handle, SQLITE_OPEN_READWRITE, nullptr) !=
-        SQLITE_OK) {
-        sqlite3_close(m_handle);
+    sqlite3* handle = nullptr;
+    const int result =
+        sqlite3_open_v2(QFile::encodeName(path).constData(), &handle, SQLITE_OPEN_READWRITE, nullptr);
+    m_handle.reset(handle);  // a failed open returns a handle too
+    if (result != SQLITE_OK) {
         throw std::runtime_error("cannot open the database");
     }
 }
 
-RawConnection::~RawConnection() {
-    sqlite3_close(m_handle);
-}
-
 QStringList RawConnection::Run(const QByteArray& sql) {
     QStringList rows;
-    if (sqlite3_exec(m_handle, sql.constData(), Collect, &rows, nullptr) != SQLITE_OK) {
-        throw std::runtime_error(sqlite3_errmsg(m_handle));
+    if (sqlite3_exec(m_handle.get(), sql.constData(), Collect, &rows, nullptr) != SQLITE_OK) {
+        throw std::runtime_error(sqlite3_errmsg(m_handle.get()));
     }
     return rows;
 }

@@ -4,7 +4,7 @@
 #include <QStringList>
 #include <QTemporaryDir>
 
-struct sqlite3;
+#include "store/sqlite_handle.h"
 
 namespace tickwell {
 
@@ -12,15 +12,12 @@ namespace tickwell {
 class RawConnection {
 public:
     explicit RawConnection(const QString& path);
-    ~RawConnection();
-    RawConnection(const RawConnection&) = delete;
-    RawConnection& operator=(const RawConnection&) = delete;
 
     /// Runs the statements; returns their rows, each with its values joined by "|".
     QStringList Run(const QByteArray& sql);
 
 private:
-    sqlite3* m_handle = nullptr;
+    SqliteHandle m_handle;
 };
 
 /// A day database in its own folder that contains only the national holidays of the shipped one.

@@ -35,7 +35,7 @@ QByteArray FullJet4() {
     return JetSample(u"jet4_full.mdb"_s);
 }
 
-QString ImportError(const QString& path, ImportDisk& disk) {
+QString ImportError(const QString& path, StoreDisk& disk) {
     try {
         ImportJetFile(path, disk);
         return QString();
@@ -45,7 +45,7 @@ QString ImportError(const QString& path, ImportDisk& disk) {
 }
 
 QString ImportError(const QString& path) {
-    PosixImportDisk disk;
+    PosixStoreDisk disk;
     return ImportError(path, disk);
 }
 

@@ -37,7 +37,7 @@ QByteArray FullJet4();
 
 /// The reason of the error that the import throws; empty if it throws none.
 QString ImportError(const QString& path);
-QString ImportError(const QString& path, ImportDisk& disk);
+QString ImportError(const QString& path, StoreDisk& disk);
 
 /// The rows of a database in our format, formatted like the expected*.tsv files. Throws std::runtime_error.
 QByteArray StoredTsv(const QString& path);

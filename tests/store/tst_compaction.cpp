@@ -190,7 +190,7 @@ void TstCompaction::CanBeStopped() {
     const QByteArray before = BytesOf(bench.store.Path());
     std::stop_source stop;
     stop.request_stop();
-    PosixCompactionDisk disk(stop.get_token());
+    PosixStoreDisk disk(stop.get_token());
     QCOMPARE(bench.Fault(disk).section(u'\r', 0, 0), u"CopyDate.mdb"_s);
     QCOMPARE(BytesOf(bench.store.Path()), before);
     QCOMPARE(bench.store.Names(), NamesAtRest());

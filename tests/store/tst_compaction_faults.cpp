@@ -32,13 +32,13 @@ enum class Outcome {
 };
 
 /// Simulates a disk that becomes full while the file is compacted.
-class FullWhileCompacting : public PosixCompactionDisk {
+class FullWhileCompacting : public PosixStoreDisk {
 public:
     explicit FullWhileCompacting(rlim_t room) : m_room(room) {}
 
     void Compact(SqliteConnection& from, const QString& to) override {
         const FullDisk disk(m_room);
-        PosixCompactionDisk::Compact(from, to);
+        PosixStoreDisk::Compact(from, to);
     }
 
 private:

@@ -18,42 +18,50 @@ using namespace Qt::StringLiterals;
 namespace {
 
 /// The real disk, except that step number `step` fails.
-class TroubledDisk : public PosixImportDisk {
+class TroubledDisk : public PosixStoreDisk {
 public:
     TroubledDisk(int step, std::function<int()> trouble) : m_left(step), m_trouble(std::move(trouble)) {}
 
-    int Create(const QString& path, unsigned mode, const QByteArray& bytes) override {
-        return Step([&] { return PosixImportDisk::Create(path, mode, bytes); });
+    void Create(const QString& path, unsigned mode, const QByteArray& bytes) override {
+        Step(path, [&] { PosixStoreDisk::Create(path, mode, bytes); });
     }
-    int Link(const QString& from, const QString& to) override {
-        return Step([&] { return PosixImportDisk::Link(from, to); });
+    void Link(const QString& from, const QString& to) override {
+        Step(to, [&] { PosixStoreDisk::Link(from, to); });
     }
-    int Rename(const QString& from, const QString& to) override {
-        return Step([&] { return PosixImportDisk::Rename(from, to); });
+    void Rename(const QString& from, const QString& to) override {
+        Step(to, [&] { PosixStoreDisk::Rename(from, to); });
     }
-    int Sync(const QString& path) override {
-        return Step([&] { return PosixImportDisk::Sync(path); });
+    void Sync(const QString& path) override {
+        Step(path, [&] { PosixStoreDisk::Sync(path); });
     }
-    int Remove(const QString& path) override {
-        return Step([&] { return PosixImportDisk::Remove(path); });
+    void Remove(const QString& path) override {
+        Step(path, [&] { PosixStoreDisk::Remove(path); });
     }
 
 private:
-    int Step(const std::function<int()>& real) { return --m_left == 0 ? m_trouble() : real(); }
+    void Step(const QString& path, const std::function<void()>& real) {
+        if (--m_left == 0) {
+            throw DiskError(path, m_trouble());
+        }
+        real();
+    }
 
     int m_left;
-    std::function<int()> m_trouble;
+    std::function<int()> m_trouble;  // returns an errno
 };
 
 /// A file system without hard links, with or without space for a copy.
-class DiskWithoutLinks : public PosixImportDisk {
+class DiskWithoutLinks : public PosixStoreDisk {
 public:
     explicit DiskWithoutLinks(bool hasRoom) : m_hasRoom(hasRoom) {}
 
-    int Create(const QString& path, unsigned mode, const QByteArray& bytes) override {
-        return bytes.isEmpty() || m_hasRoom ? PosixImportDisk::Create(path, mode, bytes) : ENOSPC;
+    void Create(const QString& path, unsigned mode, const QByteArray& bytes) override {
+        if (!bytes.isEmpty() && !m_hasRoom) {
+            throw DiskError(path, ENOSPC);
+        }
+        PosixStoreDisk::Create(path, mode, bytes);
     }
-    int Link(const QString& /*from*/, const QString& /*to*/) override { return EPERM; }
+    void Link(const QString& /*from*/, const QString& to) override { throw DiskError(to, EPERM); }
 
 private:
     bool m_hasRoom;

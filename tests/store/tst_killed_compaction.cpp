@@ -65,7 +65,7 @@ void DieIn(int microseconds) {
 }
 
 /// Kills the process while it is writing the copy or the target.
-class DeadlyDisk : public PosixCompactionDisk {
+class DeadlyDisk : public PosixStoreDisk {
 public:
     enum class While { Copying, Compacting };
 
@@ -75,13 +75,13 @@ public:
         if (m_when == While::Copying) {
             DieWhereAFileGrowsBeyond(m_size);
         }
-        PosixCompactionDisk::Copy(from, to);
+        PosixStoreDisk::Copy(from, to);
     }
     void Compact(SqliteConnection& from, const QString& to) override {
         if (m_when == While::Compacting) {
             DieWhereAFileGrowsBeyond(m_size);
         }
-        PosixCompactionDisk::Compact(from, to);
+        PosixStoreDisk::Compact(from, to);
     }
 
 private:
@@ -90,7 +90,7 @@ private:
 };
 
 /// Opens and compacts like the program; run in a child process.
-void OpenAndCompact(const LooseStore& store, CompactionDisk& disk) {
+void OpenAndCompact(const LooseStore& store, StoreDisk& disk) {
     DayDatabase handle(u"DayDate.mdb"_s);
     FakeMessageBoxes boxes;
     CompactDayDatabase(handle, ProgramFolder(store.Folder()), boxes, disk);
@@ -101,7 +101,7 @@ void OpenAndCompact(const LooseStore& store, CompactionDisk& disk) {
 void WriteAndCompact(const LooseStore& store, int first, int output) {
     DayDatabase handle(u"DayDate.mdb"_s);
     FakeMessageBoxes boxes;
-    PosixCompactionDisk disk;
+    PosixStoreDisk disk;
     for (int number = first;; ++number) {
         handle.Execute(u"INSERT INTO Kinenbi VALUES (\"新しい記念日\",%1,1,2,0)"_s.arg(number));
         if (write(output, &number, sizeof number) != sizeof number) {

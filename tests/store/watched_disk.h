@@ -5,12 +5,12 @@
 #include <QStringList>
 #include <functional>
 
-#include "store/compaction_disk.h"
+#include "store/store_disk.h"
 
 namespace tickwell {
 
 /// The real disk with an observer before and after each step, which may throw.
-class WatchedDisk : public PosixCompactionDisk {
+class WatchedDisk : public PosixStoreDisk {
 public:
     /// `step`: its number, from 1.
     using Watch = std::function<void(int step, bool isDone)>;
@@ -22,20 +22,20 @@ public:
 
     qint32 Size(const QString& path) override {
         qint32 size = 0;
-        Step(u"size ", path, [&] { size = PosixCompactionDisk::Size(path); });
+        Step(u"size ", path, [&] { size = PosixStoreDisk::Size(path); });
         return size;
     }
     void Copy(const SqliteConnection& from, const QString& to) override {
-        Step(u"copy ", to, [&] { PosixCompactionDisk::Copy(from, to); });
+        Step(u"copy ", to, [&] { PosixStoreDisk::Copy(from, to); });
     }
     void Compact(SqliteConnection& from, const QString& to) override {
-        Step(u"compact ", to, [&] { PosixCompactionDisk::Compact(from, to); });
+        Step(u"compact ", to, [&] { PosixStoreDisk::Compact(from, to); });
     }
     void Rename(const QString& from, const QString& to) override {
-        Step(u"rename ", from, [&] { PosixCompactionDisk::Rename(from, to); });
+        Step(u"rename ", from, [&] { PosixStoreDisk::Rename(from, to); });
     }
     void Remove(const QString& path) override {
-        Step(u"remove ", path, [&] { PosixCompactionDisk::Remove(path); });
+        Step(u"remove ", path, [&] { PosixStoreDisk::Remove(path); });
     }
 
 private:

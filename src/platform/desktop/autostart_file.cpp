@@ -27,11 +27,6 @@ const QString& Section() {
     return section;
 }
 
-/// A file behind a dead link counts: it is what a desktop stumbles on first.
-bool IsThere(const QString& path) {
-    return QFileInfo(path).isSymLink() || QFileInfo::exists(path);
-}
-
 /// Nothing if the file cannot be read: a desktop starts nothing then either.
 QByteArray Contents(const QString& path) {
     constexpr qint64 kLargest = qint64{64} << 10;
@@ -77,10 +72,6 @@ QByteArray HidingEntry() {
     return entry.Bytes();
 }
 
-RunTimeError FileError(const QString& what, const QString& path, const QString& why) {
-    return RunTimeError(u"%1\r\n%2\r\n%3"_s.arg(what, path, why));
-}
-
 }  // namespace
 
 AutostartFile::AutostartFile(const QStringList& folders, QStringList command)
@@ -99,7 +90,7 @@ QStringList AutostartFile::Folders() {
 }
 
 bool AutostartFile::IsOn() const {
-    const auto file = std::find_if(m_files.begin(), m_files.end(), IsThere);
+    const auto file = std::find_if(m_files.begin(), m_files.end(), EntryExists);
     return file != m_files.end() && Starts(Contents(*file));
 }
 
@@ -114,7 +105,7 @@ void AutostartFile::Set(bool on) {
 }
 
 bool AutostartFile::IsForEverybody() const {
-    return std::any_of(m_files.begin() + 1, m_files.end(), IsThere);
+    return std::any_of(m_files.begin() + 1, m_files.end(), EntryExists);
 }
 
 void AutostartFile::Write(const QByteArray& entry) const {
@@ -135,7 +126,7 @@ void AutostartFile::Write(const QByteArray& entry) const {
 
 void AutostartFile::Remove() const {
     QFile file(m_files.constFirst());
-    if (IsThere(file.fileName()) && !file.remove()) {
+    if (EntryExists(file.fileName()) && !file.remove()) {
         throw FileError(u"ログイン時の起動についてのファイルを削除できません。"_s, file.fileName(),
                         file.errorString());
     }

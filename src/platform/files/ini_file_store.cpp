@@ -5,6 +5,7 @@
 #include <QFileInfo>
 #include <QStringDecoder>
 
+#include "core/errors.h"
 #include "core/regular_file.h"
 #include "core/settings_io.h"
 #include "platform/files/base_directories.h"
@@ -19,10 +20,6 @@ namespace {
 
 // What the program writes has a thousandth of it. Reading takes a multiple of the file's size in memory.
 constexpr qint64 kLargest = qint64{1} << 20;
-
-RunTimeError FileError(const QString& what, const QString& path, const QString& why) {
-    return RunTimeError(u"%1\r\n%2\r\n%3"_s.arg(what, path, why));
-}
 
 }  // namespace
 

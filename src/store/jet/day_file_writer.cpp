@@ -4,11 +4,11 @@
 #include <sqlite3.h>
 #include <QFile>
 #include <QStringList>
-#include <memory>
 
 #include "core/errors.h"
 #include "store/day_schema.h"
 #include "store/jet/schema_script.h"
+#include "store/sqlite_handle.h"
 
 namespace tickwell {
 
@@ -16,25 +16,16 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-struct HandleCloser {
-    void operator()(sqlite3* handle) const { sqlite3_close(handle); }
-};
-struct StatementCloser {
-    void operator()(sqlite3_stmt* statement) const { sqlite3_finalize(statement); }
-};
-using Handle = std::unique_ptr<sqlite3, HandleCloser>;
-using Statement = std::unique_ptr<sqlite3_stmt, StatementCloser>;
-
 [[noreturn]] void Fail(sqlite3* handle) {
     throw RunTimeError(u"データベースエラー %1: %2"_s.arg(sqlite3_extended_errcode(handle))
                            .arg(QString::fromUtf8(sqlite3_errmsg(handle))));
 }
 
-Handle Open(const QString& path) {
+SqliteHandle Open(const QString& path) {
     sqlite3* opened = nullptr;
     const int result = sqlite3_open_v2(QFile::encodeName(path).constData(), &opened,
                                        SQLITE_OPEN_READWRITE | SQLITE_OPEN_EXRESCODE, nullptr);
-    Handle handle(opened);  // a failed open returns a handle too, which contains the reason
+    SqliteHandle handle(opened);  // a failed open returns a handle too, which contains the reason
     if (result != SQLITE_OK) {
         Fail(opened);
     }
@@ -47,12 +38,12 @@ void Run(sqlite3* handle, const char* script) {
     }
 }
 
-Statement Prepare(sqlite3* handle, const QString& sql) {
+SqliteStatementHandle Prepare(sqlite3* handle, const QString& sql) {
     sqlite3_stmt* prepared = nullptr;
     if (sqlite3_prepare_v2(handle, sql.toUtf8().constData(), -1, &prepared, nullptr) != SQLITE_OK) {
         Fail(handle);
     }
-    return Statement(prepared);
+    return SqliteStatementHandle(prepared);
 }
 
 int Bind(sqlite3_stmt* statement, int place, const DayValue& value) {
@@ -75,7 +66,7 @@ QString InsertInto(const SchemaTable& table) {
 }
 
 void WriteTable(sqlite3* handle, const SchemaTable& table, const DayTableRows& rows) {
-    const Statement insert = Prepare(handle, InsertInto(table));
+    const SqliteStatementHandle insert = Prepare(handle, InsertInto(table));
     for (const QList<DayValue>& row : rows.rows) {
         for (int i = 0; i < row.size(); ++i) {
             if (Bind(insert.get(), i + 1, row.at(i)) != SQLITE_OK) {
@@ -89,7 +80,7 @@ void WriteTable(sqlite3* handle, const SchemaTable& table, const DayTableRows& r
 }
 
 void CheckCount(sqlite3* handle, const SchemaTable& table, const DayTableRows& rows) {
-    const Statement count = Prepare(handle, u"SELECT count(*) FROM \"%1\""_s.arg(table.name));
+    const SqliteStatementHandle count = Prepare(handle, u"SELECT count(*) FROM \"%1\""_s.arg(table.name));
     if (sqlite3_step(count.get()) != SQLITE_ROW) {
         Fail(handle);
     }
@@ -103,7 +94,7 @@ void CheckCount(sqlite3* handle, const SchemaTable& table, const DayTableRows& r
 void WriteDayFile(const QString& path, const DayRows& rows) {
     const auto tables = SchemaTables();
     {
-        const Handle handle = Open(path);
+        const SqliteHandle handle = Open(path);
         // A file that failed is discarded, so it need not survive a power failure.
         Run(handle.get(), "PRAGMA journal_mode=MEMORY; PRAGMA synchronous=OFF");
         Run(handle.get(), SchemaScript());
@@ -113,7 +104,7 @@ void WriteDayFile(const QString& path, const DayRows& rows) {
         }
         Run(handle.get(), "COMMIT");
     }
-    const Handle handle = Open(path);
+    const SqliteHandle handle = Open(path);
     for (qsizetype i = 0; i < rows.size(); ++i) {
         CheckCount(handle.get(), tables[static_cast<size_t>(i)], rows.at(i));
     }

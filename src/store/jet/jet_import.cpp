@@ -9,6 +9,7 @@
 #include "store/day_files.h"
 #include "store/jet/day_file_writer.h"
 #include "store/jet/locked_file.h"
+#include "store/log.h"
 
 namespace tickwell {
 
@@ -19,28 +20,31 @@ namespace {
 constexpr qsizetype kFirstBytes = 32;
 constexpr int kMostKeptFiles = 1000;
 
-void Check(int error) {
-    if (error != 0) {
-        throw RunTimeError(qt_error_string(error));
-    }
-}
-
 /// A file that the import created; removed unless it is kept.
-class NewFile {
+class UnfinishedFile {
 public:
-    NewFile(ImportDisk& disk, QString path) : m_disk(&disk), m_path(std::move(path)) {}
-    ~NewFile() {
+    UnfinishedFile(StoreDisk& disk, QString path) : m_disk(&disk), m_path(std::move(path)) {}
+    ~UnfinishedFile() {
         if (!m_keep) {
-            m_disk->Remove(m_path);  // an error is already being reported
+            Remove();
         }
     }
-    NewFile(const NewFile&) = delete;
-    NewFile& operator=(const NewFile&) = delete;
+    UnfinishedFile(const UnfinishedFile&) = delete;
+    UnfinishedFile& operator=(const UnfinishedFile&) = delete;
 
     void Keep() { m_keep = true; }
 
 private:
-    ImportDisk* m_disk;
+    /// Another error is already being reported to the user.
+    void Remove() noexcept {
+        try {
+            m_disk->Remove(m_path);
+        } catch (const DiskError& error) {
+            qCWarning(StoreLog).noquote() << "an unfinished import is left over:" << error.Detail();
+        }
+    }
+
+    StoreDisk* m_disk;
     QString m_path;
     bool m_keep = false;
 };
@@ -54,22 +58,15 @@ bool HasContents(const QString& path, const QByteArray& bytes) {
 class KeptOriginal {
 public:
     /// `bytes`: the contents of the original.
-    KeptOriginal(ImportDisk& disk, const QString& path, unsigned mode, const QByteArray& bytes) {
+    KeptOriginal(StoreDisk& disk, const QString& path, unsigned mode, const QByteArray& bytes) {
         const QFileInfo info(path);
         for (int i = 1; i <= kMostKeptFiles; ++i) {
             const QString number = i == 1 ? QString() : u".%1"_s.arg(i);
             m_name = info.completeBaseName() + u".jet" + number + u".mdb";
             const QString kept = info.path() + u'/' + m_name;
-            int error = disk.Link(path, kept);
-            if (error != 0 && error != EEXIST) {  // not every file system supports hard links
-                error = disk.Create(kept, mode, bytes);
-            }
-            if (error == 0) {
+            if (Keep(disk, path, kept, mode, bytes)) {
                 m_file.emplace(disk, kept);
                 return;
-            }
-            if (error != EEXIST) {
-                Check(error);
             }
             if (HasContents(kept, bytes)) {
                 return;  // an earlier import got this far
@@ -87,34 +84,66 @@ public:
     }
 
 private:
+    /// False if a file `kept` exists.
+    static bool Keep(StoreDisk& disk, const QString& path, const QString& kept, unsigned mode,
+                     const QByteArray& bytes) {
+        try {
+            LinkOrCopy(disk, path, kept, mode, bytes);
+            return true;
+        } catch (const DiskError& error) {
+            if (error.Code() != EEXIST) {
+                throw;
+            }
+            return false;
+        }
+    }
+
+    static void LinkOrCopy(StoreDisk& disk, const QString& path, const QString& kept, unsigned mode,
+                           const QByteArray& bytes) {
+        try {
+            disk.Link(path, kept);
+        } catch (const DiskError& error) {
+            if (error.Code() == EEXIST) {
+                throw;
+            }
+            disk.Create(kept, mode, bytes);  // not every file system supports hard links
+        }
+    }
+
     QString m_name;
-    std::optional<NewFile> m_file;
+    std::optional<UnfinishedFile> m_file;
 };
 
+/// The import is complete. If this fails before a power failure, the original reappears and is imported
+/// again.
+void SyncTheResult(StoreDisk& disk, const QString& folder) {
+    try {
+        disk.Sync(folder);
+    } catch (const DiskError& error) {
+        qCWarning(StoreLog).noquote() << "the import may have to be repeated:" << error.Detail();
+    }
+}
+
 QString Replace(const QString& path, unsigned mode, const QByteArray& original, const DayRows& rows,
-                ImportDisk& disk) {
+                StoreDisk& disk) {
     const QString folder = QFileInfo(path).path();
     const QString unfinished = path + u".import";
     // A file left by a power failure: the lock on the original guarantees that nobody else is using it.
-    if (const int error = disk.Remove(unfinished); error != ENOENT) {
-        Check(error);
-    }
-    Check(disk.Create(unfinished, mode, QByteArray()));
-    NewFile newFile(disk, unfinished);
+    disk.Remove(unfinished);
+    disk.Create(unfinished, mode, QByteArray());
+    UnfinishedFile newFile(disk, unfinished);
     WriteDayFile(unfinished, rows);
-    Check(disk.Sync(unfinished));
+    disk.Sync(unfinished);
     KeptOriginal kept(disk, path, mode, original);
-    Check(disk.Sync(folder));
-    Check(disk.Rename(unfinished, path));
+    disk.Sync(folder);
+    disk.Rename(unfinished, path);
     newFile.Keep();
     kept.Keep();
-    // The import is complete. If this fails before a power failure, the original reappears and is imported
-    // again.
-    disk.Sync(folder);
+    SyncTheResult(disk, folder);
     return kept.Name();
 }
 
-std::optional<JetImportSummary> Import(const QString& path, ImportDisk& disk) {
+std::optional<JetImportSummary> Import(const QString& path, StoreDisk& disk) {
     const LockedFile file(path);
     if (!file.IsOpen()) {
         return std::nullopt;
@@ -149,11 +178,11 @@ std::optional<JetImportSummary> Import(const QString& path, ImportDisk& disk) {
 }  // namespace
 
 std::optional<JetImportSummary> ImportJetFile(const QString& path) {
-    PosixImportDisk disk;
+    PosixStoreDisk disk;
     return ImportJetFile(path, disk);
 }
 
-std::optional<JetImportSummary> ImportJetFile(const QString& path, ImportDisk& disk) {
+std::optional<JetImportSummary> ImportJetFile(const QString& path, StoreDisk& disk) {
     const QString file = FollowLinks(path);
     try {
         auto summary = Import(file, disk);
@@ -161,6 +190,8 @@ std::optional<JetImportSummary> ImportJetFile(const QString& path, ImportDisk& d
             summary->keptAs.prepend(QFileInfo(file).path() + u'/');
         }
         return summary;
+    } catch (const DiskError& error) {
+        throw RunTimeError(path + u"\r\n" + qt_error_string(error.Code()));
     } catch (const RunTimeError& error) {
         throw RunTimeError(path + u"\r\n" + error.Reason());
     }

@@ -6,7 +6,7 @@
 #include <optional>
 
 #include "store/jet/day_rows.h"
-#include "store/jet/import_disk.h"
+#include "store/store_disk.h"
 
 namespace tickwell {
 
@@ -29,7 +29,7 @@ struct JetImportSummary {
 std::optional<JetImportSummary> ImportJetFile(const QString& path);
 
 /// The same with the given file operations.
-std::optional<JetImportSummary> ImportJetFile(const QString& path, ImportDisk& disk);
+std::optional<JetImportSummary> ImportJetFile(const QString& path, StoreDisk& disk);
 
 /// The text of the message box that reports the import.
 QString JetImportText(const JetImportSummary& summary);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "store/compaction_disk.h"
+#include "store/store_disk.h"
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -14,8 +14,6 @@
 #include <limits>
 #include <utility>
 
-#include "core/errors.h"
-
 namespace tickwell {
 
 using namespace Qt::StringLiterals;
@@ -29,17 +27,16 @@ QByteArray Native(const QString& path) {
     return QFile::encodeName(path);
 }
 
-[[noreturn]] void Fail(const QString& path, int error) {
-    const QString reason =
-        error == ENOSPC || error == EDQUOT ? u"ディスクの空き容量が足りません。"_s : qt_error_string(error);
-    throw RunTimeError(path + u"\r\n" + reason);
+/// `result`: of a system call on `path`.
+void Check(int result, const QString& path) {
+    if (result != 0) {
+        throw DiskError(path, errno);
+    }
 }
 
 mode_t ModeOf(const SqliteConnection& file) {
     struct stat state {};
-    if (stat(file.NativeName().constData(), &state) != 0) {
-        Fail(QFile::decodeName(file.NativeName()), errno);
-    }
+    Check(stat(file.NativeName().constData(), &state), QFile::decodeName(file.NativeName()));
     return state.st_mode & kPermissions;
 }
 
@@ -50,7 +47,7 @@ public:
         : m_path(path),
           m_file(open(Native(path).constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, S_IRUSR | S_IWUSR)) {
         if (m_file < 0) {
-            Fail(path, errno);
+            throw DiskError(path, errno);
         }
     }
     ~NewFile() {
@@ -71,58 +68,54 @@ public:
             if (written < 0 && errno == EINTR) {
                 continue;
             }
-            Check(written < 0 ? -1 : 0);
+            Check(written < 0 ? -1 : 0, m_path);
             at += written;
         }
     }
 
     void Finish(mode_t mode) {
-        Check(fchmod(m_file, mode));
-        Check(fsync(m_file));
+        Check(fchmod(m_file, mode), m_path);
+        Check(fsync(m_file), m_path);
         const int file = std::exchange(m_file, -1);
-        Check(close(file));
+        Check(close(file), m_path);
         m_isFinished = true;
     }
 
 private:
-    void Check(int result) const {
-        if (result != 0) {
-            Fail(m_path, errno);
-        }
-    }
-
     QString m_path;
     int m_file;
     bool m_isFinished = false;
 };
 
-void SyncFolderOf(const QString& path) {
-    const QString folder = QFileInfo(path).path();
-    const int file = open(Native(folder).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    if (file < 0) {
-        Fail(folder, errno);
-    }
-    const int error = fsync(file) == 0 ? 0 : errno;
-    close(file);  // nothing was written through this descriptor
-    if (error != 0) {
-        Fail(folder, error);
-    }
+QString ReasonOf(int code) {
+    return code == ENOSPC || code == EDQUOT ? u"ディスクの空き容量が足りません。"_s : qt_error_string(code);
+}
+
+QString FolderOf(const QString& path) {
+    return QFileInfo(path).path();
 }
 
 }  // namespace
 
-qint32 PosixCompactionDisk::Size(const QString& path) {
+DiskError::DiskError(const QString& path, int code)
+    : RunTimeError(path + u"\r\n" + ReasonOf(code)), m_code(code) {}
+
+qint32 PosixStoreDisk::Size(const QString& path) {
     struct stat state {};
-    if (stat(Native(path).constData(), &state) != 0) {
-        Fail(path, errno);
-    }
+    Check(stat(Native(path).constData(), &state), path);
     if (state.st_size > std::numeric_limits<qint32>::max()) {
         throw OverflowError();
     }
     return static_cast<qint32>(state.st_size);
 }
 
-void PosixCompactionDisk::Copy(const SqliteConnection& from, const QString& to) {
+void PosixStoreDisk::Create(const QString& path, unsigned mode, const QByteArray& bytes) {
+    NewFile file(path);
+    file.Write(bytes);
+    file.Finish(mode);
+}
+
+void PosixStoreDisk::Copy(const SqliteConnection& from, const QString& to) {
     NewFile copy(to);
     const qint64 size = from.FileSize();
     for (qint64 at = 0; at < size; at += kPiece) {
@@ -130,10 +123,10 @@ void PosixCompactionDisk::Copy(const SqliteConnection& from, const QString& to) 
         copy.Write(from.Bytes(at, static_cast<int>(std::min<qint64>(kPiece, size - at))));
     }
     copy.Finish(ModeOf(from));
-    SyncFolderOf(to);
+    PosixStoreDisk::Sync(FolderOf(to));
 }
 
-void PosixCompactionDisk::Compact(SqliteConnection& from, const QString& to) {
+void PosixStoreDisk::Compact(SqliteConnection& from, const QString& to) {
     FailIfStopped(to);
     NewFile(to).Finish(ModeOf(from));  // SQLite accepts an empty target file
     SqliteStatement& vacuum = from.Prepared("VACUUM INTO ?1");
@@ -143,24 +136,42 @@ void PosixCompactionDisk::Compact(SqliteConnection& from, const QString& to) {
     vacuum.Step();
 }
 
-void PosixCompactionDisk::FailIfStopped(const QString& path) const {
+void PosixStoreDisk::FailIfStopped(const QString& path) const {
     if (m_stop.stop_requested()) {
-        Fail(path, ECANCELED);
+        throw DiskError(path, ECANCELED);
     }
 }
 
-void PosixCompactionDisk::Rename(const QString& from, const QString& to) {
-    SyncFolderOf(to);  // so that a removed journal of either file cannot reappear
-    if (rename(Native(from).constData(), Native(to).constData()) != 0) {
-        Fail(to, errno);
-    }
-    SyncFolderOf(to);
+void PosixStoreDisk::Link(const QString& from, const QString& to) {
+    Check(link(Native(from).constData(), Native(to).constData()), to);
 }
 
-void PosixCompactionDisk::Remove(const QString& path) {
+void PosixStoreDisk::Rename(const QString& from, const QString& to) {
+    Check(rename(Native(from).constData(), Native(to).constData()), to);
+}
+
+void PosixStoreDisk::Sync(const QString& path) {
+    const int file = open(Native(path).constData(), O_RDONLY | O_CLOEXEC);
+    if (file < 0) {
+        throw DiskError(path, errno);
+    }
+    const int error = fsync(file) == 0 ? 0 : errno;
+    close(file);  // nothing was written through this descriptor
+    if (error != 0) {
+        throw DiskError(path, error);
+    }
+}
+
+void PosixStoreDisk::Remove(const QString& path) {
     if (unlink(Native(path).constData()) != 0 && errno != ENOENT) {
-        Fail(path, errno);
+        throw DiskError(path, errno);
     }
+}
+
+void RenameSafely(StoreDisk& disk, const QString& from, const QString& to) {
+    disk.Sync(FolderOf(to));  // so that a removed journal of either file cannot reappear
+    disk.Rename(from, to);
+    disk.Sync(FolderOf(to));
 }
 
 }  // namespace tickwell
