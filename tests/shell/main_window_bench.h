@@ -6,6 +6,7 @@
 #include "lines/moving_word.h"
 #include "shell/main_window.h"
 #include "store/day_store.h"
+#include "support/child.h"
 #include "support/fake_program_starter.h"
 #include "support/fake_settings_store.h"
 #include "support/fake_tray.h"
@@ -53,9 +54,9 @@ struct MainWindowBench : DisplaysBench {
         form->Form_Load();
         form->show();
     }
-    MovingWord& Upper() const { return *form->findChild<MovingWord*>(QStringLiteral("MovingWord1")); }
-    MovingWord& Lower() const { return *form->findChild<MovingWord*>(QStringLiteral("MovingWord2")); }
-    QAction& Item(const char* name) const { return *form->findChild<QAction*>(QLatin1StringView(name)); }
+    MovingWord& Upper() const { return ChildOf<MovingWord>(*form, QStringLiteral("MovingWord1")); }
+    MovingWord& Lower() const { return ChildOf<MovingWord>(*form, QStringLiteral("MovingWord2")); }
+    QAction& Item(const char* name) const { return ChildOf<QAction>(*form, QLatin1StringView(name)); }
 };
 
 }  // namespace tickwell
