@@ -43,7 +43,7 @@ struct SettingsBench {
     void Open() {
         if (main.form == nullptr) {
             main.Start();
-            main.time.Advance(11'000);
+            main.time.Advance(kStartUp);
         }
         form = std::make_unique<Form2>(SettingsParts{.displays = main.form->AllDisplays(),
                                                      .settings = main.settings,

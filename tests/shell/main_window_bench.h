@@ -14,6 +14,8 @@
 
 namespace tickwell {
 
+inline constexpr int kStartUp = 11'000;  // ms until the main window starts the stored function
+
 /// The main window, with a real day database, and with all else in the test's hands.
 struct MainWindowBench : DisplaysBench {
     FakeSettingsStore store;
