@@ -2,6 +2,7 @@
 #include <QTest>
 
 #include "lines/line_look.h"
+#include "support/child.h"
 #include "timing/reading_model.h"
 #include "timing/timing_bench.h"
 
@@ -258,7 +259,7 @@ void TstStopwatchWindow::TheQuestionMayOutliveTheWindow() {
         StopwatchWindowParts{panel, bench.time, handlers, boxes, printer, bench.help, [] {}, u"2.0.0"_s},
         nullptr);
     form->BringUp();
-    form->findChild<QPushButton*>(u"Command3"_s)->click();
+    ChildOf<QPushButton>(*form, u"Command3"_s).click();
     form.reset();
     boxes.Answer(true);
     QVERIFY(printer.jobs.isEmpty());
