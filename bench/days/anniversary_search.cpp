@@ -27,6 +27,7 @@
 #include "platform/desktop/qt_message_boxes.h"
 #include "platform/time/qt_timers.h"
 #include "platform/time/system_clock.h"
+#include "support/child.h"
 
 using namespace Qt::StringLiterals;
 using namespace tickwell;
@@ -120,9 +121,7 @@ struct Bench {
         list.WhenChanged([this] { model.SetRows(list.Rows()); });
     }
 
-    void Click(QDialog& window, const QString& button) const {
-        window.findChild<QPushButton*>(button)->click();
-    }
+    void Click(QDialog& window, const QString& button) const { ChildOf<QPushButton>(window, button).click(); }
 };
 
 void MeasureSearch(Bench& bench) {

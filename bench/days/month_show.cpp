@@ -22,6 +22,7 @@
 #include "platform/time/virtual_time.h"
 #include "store/day_transaction.h"
 #include "store/sqlite_connection.h"
+#include "support/child.h"
 
 using namespace Qt::StringLiterals;
 using namespace tickwell;
@@ -111,9 +112,9 @@ Figures MeasureCalendar(const QString& path) {
         rows = ReadMonth(database, ShapeOf(month));
     });
     const Taken fill = Measure([&] { FillGrid(grid, ShapeOf(month), rows, month); });
-    auto* next = window.findChild<QPushButton*>(u"Command2"_s);
+    auto& next = ChildOf<QPushButton>(window, u"Command2"_s);
     const Taken show = Measure([&] {
-        next->click();
+        next.click();
         QCoreApplication::sendPostedEvents();
         window.render(&picture);
     });

@@ -147,6 +147,14 @@ class HouseRules(unittest.TestCase):
                  for found in network.finditer(path.read_text("utf-8"))]
         self.assertEqual(wrong, [])
 
+    def test_no_test_uses_a_child_that_may_be_missing(self):
+        unchecked = re.compile(r"\bfindChild<[^;]*?>\([^;()]*(?:\([^;()]*\)[^;()]*)*\)->|\*[\w.>-]+findChild<")
+        wrong = [f"{shown(path)}: {found[0]}" for path in cpp_files(("tests", "bench"))
+                 for found in unchecked.finditer(path.read_text("utf-8"))]
+        self.assertEqual(wrong, [])
+        self.assertTrue(unchecked.search('form->findChild<QAction*>(u"a(%1)"_s.arg(i))->trigger();'))
+        self.assertTrue(unchecked.search('return *form.findChild<Control*>(name);'))
+
     def test_no_test_waits_for_the_clock(self):
         sleeping = re.compile(r"qSleep|qWait\(|sleep_for|usleep\(")
         wrong = [shown(path) for path in cpp_files(("tests",))
