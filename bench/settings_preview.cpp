@@ -46,8 +46,8 @@ AppSettings FirstSettings() {
     AppSettings settings;
     settings.wipeKind = 2;
     settings.wipeSpeed = 25;
-    settings.upper = {u"ＭＳ Ｐゴシック"_s, 10, 0xFFFFFF};
-    settings.lower = {u"ＭＳ Ｐゴシック"_s, 10, 0x00FF00};
+    settings.upper = {.fontName = u"ＭＳ Ｐゴシック"_s, .fontSize = 10, .color = 0xFFFFFF};
+    settings.lower = {.fontName = u"ＭＳ Ｐゴシック"_s, .fontSize = 10, .color = 0x00FF00};
     return settings;
 }
 

@@ -110,7 +110,13 @@ struct Bench {
     QtTimers timers;
     QtMessageBoxes boxes;
     Handlers handlers{boxes};
-    BookParts parts{database, list, changes, clock, boxes, handlers, timers};
+    BookParts parts{.dayDatabase = database,
+                    .list = list,
+                    .changes = changes,
+                    .clock = clock,
+                    .boxes = boxes,
+                    .handlers = handlers,
+                    .timers = timers};
     DayListModel model{QVariant(), DayListModel::Columns::All, nullptr};
     RowTable view;
 

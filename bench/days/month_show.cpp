@@ -99,7 +99,15 @@ Figures MeasureCalendar(const QString& path) {
     Handlers handlers(boxes);
     NoHelp help;
     QtTimers timers;
-    Form5 window({database, list, time, boxes, handlers, help, {}, timers}, nullptr);
+    Form5 window({.dayDatabase = database,
+                  .list = list,
+                  .clock = time,
+                  .boxes = boxes,
+                  .handlers = handlers,
+                  .help = help,
+                  .book = {},
+                  .timers = timers},
+                 nullptr);
     window.Form_Load();
     window.show();
     QImage picture(window.size(), QImage::Format_RGB32);

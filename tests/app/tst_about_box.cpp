@@ -25,7 +25,7 @@ struct Bench {
     Handlers handlers{boxes};
     FakeHelpViewer help;
     FakeProgramStarter programs;
-    frmAbout box{{time, handlers, boxes, help, programs}};
+    frmAbout box{{.timers = time, .handlers = handlers, .boxes = boxes, .help = help, .programs = programs}};
 
     QString Text(const QString& label) const { return ChildOf<QLabel>(box, label).text(); }
     QPushButton& Button(const QString& name) const { return ChildOf<QPushButton>(box, name); }

@@ -55,7 +55,8 @@ struct Bench {
     QObject window;  // owner of the message box
     int done = 0;
     std::unique_ptr<BackgroundCompaction> compaction = std::make_unique<BackgroundCompaction>(
-        BackgroundCompactionParts{database, store.Folder(), boxes, handlers},
+        BackgroundCompactionParts{
+            .dayDatabase = database, .folder = store.Folder(), .boxes = boxes, .handlers = handlers},
         [this](const std::stop_token& stop) { return std::make_unique<GatedDisk>(stop, gate); });
 
     void Start() {

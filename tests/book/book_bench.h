@@ -20,7 +20,13 @@ struct BookBench : DialogBench {
     VirtualTime time{QDateTime(QDate(1998, 11, 15), QTime(21, 5, 7))};
     FakeMessageBoxes boxes;
     Handlers handlers{boxes};
-    AnniversaryBook book{{database, list, changes, time, boxes, handlers, time}};
+    AnniversaryBook book{{.dayDatabase = database,
+                          .list = list,
+                          .changes = changes,
+                          .clock = time,
+                          .boxes = boxes,
+                          .handlers = handlers,
+                          .timers = time}};
     QDate selected{1998, 10, 3};
     QWidget calendar;  // declared last, because it deletes the dialogs, which use the others
     int closed = 0;

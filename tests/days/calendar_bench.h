@@ -47,7 +47,8 @@ struct CalendarBench {
     VirtualTime time;
     FakeMessageBoxes boxes;
     Handlers handlers{boxes};
-    MonthCalendar calendar{{dayDatabase, list, time, boxes, handlers}};
+    MonthCalendar calendar{
+        {.dayDatabase = dayDatabase, .list = list, .clock = time, .boxes = boxes, .handlers = handlers}};
 };
 
 }  // namespace tickwell

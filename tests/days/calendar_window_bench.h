@@ -35,8 +35,15 @@ struct CalendarWindowBench : CalendarBench {
     }
 
     void Open() {
-        form = std::make_unique<Form5>(
-            CalendarWindowParts{dayDatabase, list, time, boxes, handlers, help, book, time}, nullptr);
+        form = std::make_unique<Form5>(CalendarWindowParts{.dayDatabase = dayDatabase,
+                                                           .list = list,
+                                                           .clock = time,
+                                                           .boxes = boxes,
+                                                           .handlers = handlers,
+                                                           .help = help,
+                                                           .book = book,
+                                                           .timers = time},
+                                       nullptr);
         Load();
     }
     void Load() const {

@@ -80,7 +80,11 @@ void TstMarkDeletion::AnAnswerThatComesTooLateDeletesNothing() {
     CalendarBench bench;
     bench.store.Raw("INSERT INTO Holiday(Date) VALUES ('1998-10-15')");
     {
-        MonthCalendar gone({bench.dayDatabase, bench.list, bench.time, bench.boxes, bench.handlers});
+        MonthCalendar gone({.dayDatabase = bench.dayDatabase,
+                            .list = bench.list,
+                            .clock = bench.time,
+                            .boxes = bench.boxes,
+                            .handlers = bench.handlers});
         gone.Load();
         gone.DeleteMarks();
     }

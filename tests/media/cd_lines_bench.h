@@ -22,7 +22,7 @@ struct CdLinesBench : CdBench {
     FakeTextLine upper;
     FakeTextLine lower;
     FakeFunctions functions;
-    CdLines lines{player, {upper, lower}, functions};
+    CdLines lines{player, {.upper = upper, .lower = lower}, functions};
 
     void ChooseFunction() {
         functions.ChangeFunction(kFunctionCd);

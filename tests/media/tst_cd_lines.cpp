@@ -254,7 +254,7 @@ void TstCdLines::AfterTheLinesAreGoneThePlayerLivesOn() {
     FakeFunctions functions;
     bench.Start(ThreeTracks());
     {
-        CdLines lines(bench.player, {upper, lower}, functions);
+        CdLines lines(bench.player, {.upper = upper, .lower = lower}, functions);
         functions.ChangeFunction(kFunctionCd);
         lines.Show();
     }

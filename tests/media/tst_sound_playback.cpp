@@ -32,7 +32,8 @@ std::vector<qint16> Samples(const QString& file, int times) {
 }
 
 struct Bench {
-    explicit Bench(const QString& folder = kSounds) : playback({mix, sound, media, boxes, time}, folder) {
+    explicit Bench(const QString& folder = kSounds)
+        : playback({.mix = mix, .sound = sound, .media = media, .boxes = boxes, .timers = time}, folder) {
         QDir::setCurrent(QDir::rootPath());
         media.MediaError = kUntouched;
     }

@@ -147,7 +147,10 @@ void TstSettingsApplying::ApplyDoesNotEndARunningCountdown() {
 
 void TstSettingsApplying::ApplyDoesNotLoseALapList() {
     SettingsBench bench;
-    bench.main.stopwatch = {300'000, 0, true, 2, u"Lapse1 0:00'01\"000\r\nLapse2 0:00'02\"000"_s};
+    bench.main.stopwatch = {.StopwatchStart = 300'000,
+                            .StopwatchRunning = true,
+                            .StopwatchLapCount = 2,
+                            .StopwatchLapText = u"Lapse1 0:00'01\"000\r\nLapse2 0:00'02\"000"_s};
     bench.main.store.Put(u"SetUp"_s, u"Function"_s, u"2"_s);
     bench.Open();
     bench.main.time.Advance(1'000);

@@ -178,7 +178,8 @@ void TstSettingsOptions::EverySettingSurvivesOkCloseAndRestart() {
     }
     again.Open();
     QCOMPARE(again.main.settings, bench.main.settings);
-    QCOMPARE(again.main.further, (FurtherSettings{{true, {0, 1, 5}, 3600}, true}));
+    QCOMPARE(again.main.further, (FurtherSettings{.roll = {.use = true, .kinds = {0, 1, 5}, .interval = 3600},
+                                                  .tellsNoCdDrive = true}));
     QVERIFY(again.main.settings.upper.bold && !again.main.settings.lower.bold);
     QCOMPARE(again.main.settings.upper.fontName, u"ＭＳ Ｐゴシック"_s);
     QCOMPARE(again.main.settings.backColor, 8388608);

@@ -75,11 +75,12 @@ void TstSettingsPages::TheRollsControlsFillTheCopy() {
     bench.Click(u"Check4"_s);  // memory
     bench.Child<QSpinBox>(u"UpDown1"_s).stepUp();
     bench.Click(u"Command3"_s);
-    QCOMPARE(bench.main.further.roll, (RollSettings{true, {1, 4}, 11}));
+    QCOMPARE(bench.main.further.roll, (RollSettings{.use = true, .kinds = {1, 4}, .interval = 11}));
     bench.Click(u"Option1(0)"_s);
     bench.Click(u"Check1"_s);
     bench.Click(u"Command3"_s);
-    QCOMPARE(bench.main.further.roll, (RollSettings{false, {1, 4}, 11}));  // a disabled box ignores clicks
+    QCOMPARE(bench.main.further.roll,
+             (RollSettings{.use = false, .kinds = {1, 4}, .interval = 11}));  // a disabled box ignores clicks
     QCOMPARE(bench.main.settings.rollInterval, 10);
 }
 

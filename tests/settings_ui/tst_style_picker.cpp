@@ -15,7 +15,8 @@ namespace {
 struct Bench {
     FakeMessageBoxes boxes;
     Handlers handlers{boxes};
-    LineStyle stored{u"ＭＳ Ｐゴシック"_s, 10, 65280, false, true, false, true};
+    LineStyle stored{
+        .fontName = u"ＭＳ Ｐゴシック"_s, .fontSize = 10, .color = 65280, .italic = true, .underline = true};
 
     template <typename Control>
     static Control& Child(const StylePicker& picker, const char* name) {

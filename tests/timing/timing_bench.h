@@ -43,7 +43,7 @@ struct TimingBench : public DisplayFunctions {
                        .sendCommand = [this](const QString& command) { commands.append(command); },
                        .place = [this](QWidget&) { ++placed; },
                        .version = QStringLiteral("2.0.0")},
-                      {.lines = {upper, lower}, .functions = *this}};
+                      {.lines = {.upper = upper, .lower = lower}, .functions = *this}};
     StopwatchDisplay stopwatchDisplay{Borrowed(tools)};
     CountdownDisplay countdownDisplay{Borrowed(tools)};
 
