@@ -89,10 +89,10 @@ struct Player {
                        .tellsNoCdDrive = tellsNoCdDrive}};
     FramePacer pacer{clock, timers};
     QWidget window;
-    MovingWord upper{{clock, timers, pacer}, &window};
-    MovingWord lower{{clock, timers, pacer}, &window};
+    MovingWord upper{{.clock = clock, .timers = timers, .pacer = pacer}, &window};
+    MovingWord lower{{.clock = clock, .timers = timers, .pacer = pacer}, &window};
     CdFunction function;
-    CdLines lines{media.Player(), {upper, lower}, function};
+    CdLines lines{media.Player(), {.upper = upper, .lower = lower}, function};
     CDForm form{media.Player(), handlers, nullptr};
     std::unique_ptr<Timer> refresh = timers.Create(kRefresh, [this] { lines.Tick(); });
 };

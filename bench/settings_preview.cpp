@@ -15,6 +15,7 @@
 #include "lines/line_look.h"
 #include "platform/time/virtual_time.h"
 #include "settings_ui/sample_frame.h"
+#include "support/child.h"
 #include "support/fake_message_boxes.h"
 
 namespace {
@@ -45,8 +46,8 @@ AppSettings FirstSettings() {
     AppSettings settings;
     settings.wipeKind = 2;
     settings.wipeSpeed = 25;
-    settings.upper = {u"ＭＳ Ｐゴシック"_s, 10, 0xFFFFFF};
-    settings.lower = {u"ＭＳ Ｐゴシック"_s, 10, 0x00FF00};
+    settings.upper = {.fontName = u"ＭＳ Ｐゴシック"_s, .fontSize = 10, .color = 0xFFFFFF};
+    settings.lower = {.fontName = u"ＭＳ Ｐゴシック"_s, .fontSize = 10, .color = 0x00FF00};
     return settings;
 }
 
@@ -61,8 +62,8 @@ int main(int argc, char** argv) {
     SampleFrame sample(time, time, handlers, nullptr);
     sample.show();
     sample.Refresh(FirstSettings());
-    auto* line = sample.findChild<MovingWord*>(u"MovingWord1"_s);
-    QImage picture(line->size(), QImage::Format_RGB32);
+    auto& line = ChildOf<MovingWord>(sample, u"MovingWord1"_s);
+    QImage picture(line.size(), QImage::Format_RGB32);
     std::vector<double> slider;
     std::vector<double> styles;
     std::vector<double> paints;
@@ -78,7 +79,7 @@ int main(int argc, char** argv) {
             sample.Refresh(settings);
         }));
         time.Advance(2000);  // the wipe has ended
-        paints.push_back(TimeOf([&](int /*i*/) { line->render(&picture); }));
+        paints.push_back(TimeOf([&](int /*i*/) { line.render(&picture); }));
     }
     const auto print = [&](const char* name, double microseconds) {
         std::printf("%-22s %8.2f us   ratio %6.2f   %.3f %% of a frame\n", name, microseconds,

@@ -60,7 +60,7 @@ int main(int argc, char** argv) {
 
     StopwatchState state;
     Stopwatch stopwatch(state, clock);
-    StopwatchLines lines(stopwatch, {upper, lower});
+    StopwatchLines lines(stopwatch, {.upper = upper, .lower = lower});
     int ticks = 0;
     QtMessageBoxes boxes;
     Handlers handlers(boxes);

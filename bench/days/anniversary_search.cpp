@@ -28,6 +28,7 @@
 #include "platform/time/qt_timers.h"
 #include "platform/time/system_clock.h"
 #include "store/sqlite_handle.h"
+#include "support/child.h"
 
 using namespace Qt::StringLiterals;
 using namespace tickwell;
@@ -111,7 +112,13 @@ struct Bench {
     QtTimers timers;
     QtMessageBoxes boxes;
     Handlers handlers{boxes};
-    BookParts parts{database, list, changes, clock, boxes, handlers, timers};
+    BookParts parts{.dayDatabase = database,
+                    .list = list,
+                    .changes = changes,
+                    .clock = clock,
+                    .boxes = boxes,
+                    .handlers = handlers,
+                    .timers = timers};
     DayListModel model{QVariant(), DayListModel::Columns::All, nullptr};
     RowTable view;
 
@@ -122,9 +129,7 @@ struct Bench {
         list.WhenChanged([this] { model.SetRows(list.Rows()); });
     }
 
-    void Click(QDialog& window, const QString& button) const {
-        window.findChild<QPushButton*>(button)->click();
-    }
+    void Click(QDialog& window, const QString& button) const { ChildOf<QPushButton>(window, button).click(); }
 };
 
 void MeasureSearch(Bench& bench) {

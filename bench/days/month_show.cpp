@@ -22,6 +22,7 @@
 #include "platform/time/virtual_time.h"
 #include "store/day_transaction.h"
 #include "store/sqlite_connection.h"
+#include "support/child.h"
 
 using namespace Qt::StringLiterals;
 using namespace tickwell;
@@ -98,7 +99,15 @@ Figures MeasureCalendar(const QString& path) {
     Handlers handlers(boxes);
     NoHelp help;
     QtTimers timers;
-    Form5 window({database, list, time, boxes, handlers, help, {}, timers}, nullptr);
+    Form5 window({.dayDatabase = database,
+                  .list = list,
+                  .clock = time,
+                  .boxes = boxes,
+                  .handlers = handlers,
+                  .help = help,
+                  .book = {},
+                  .timers = timers},
+                 nullptr);
     window.Form_Load();
     window.show();
     QImage picture(window.size(), QImage::Format_RGB32);
@@ -111,9 +120,9 @@ Figures MeasureCalendar(const QString& path) {
         rows = ReadMonth(database, ShapeOf(month));
     });
     const Taken fill = Measure([&] { FillGrid(grid, ShapeOf(month), rows, month); });
-    auto* next = window.findChild<QPushButton*>(u"Command2"_s);
+    auto& next = ChildOf<QPushButton>(window, u"Command2"_s);
     const Taken show = Measure([&] {
-        next->click();
+        next.click();
         QCoreApplication::sendPostedEvents();
         window.render(&picture);
     });

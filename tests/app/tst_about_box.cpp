@@ -8,6 +8,7 @@
 #include "app/about_box.h"
 #include "app/program_icon.h"
 #include "platform/time/virtual_time.h"
+#include "support/child.h"
 #include "support/fake_help_viewer.h"
 #include "support/fake_message_boxes.h"
 #include "support/fake_program_starter.h"
@@ -30,8 +31,8 @@ struct Bench {
                   .programs = programs,
                   .folder = ProgramFolder(u"/a folder"_s)}};
 
-    QString Text(const QString& label) const { return box.findChild<QLabel*>(label)->text(); }
-    QPushButton* Button(const QString& name) const { return box.findChild<QPushButton*>(name); }
+    QString Text(const QString& label) const { return ChildOf<QLabel>(box, label).text(); }
+    QPushButton& Button(const QString& name) const { return ChildOf<QPushButton>(box, name); }
     QString FirstLine() const { return Text(u"Label3"_s).section(u'\n', 0, 0); }
 };
 
@@ -70,10 +71,10 @@ void TstAboutBox::ItSaysWhatItIs() {
     QCOMPARE(bench.Text(u"lblTitle"_s), u"Tickwell"_s);
     QCOMPARE(bench.Text(u"lblVersion"_s), u"Ver.2.0.0"_s);
     QCOMPARE(bench.Text(u"Label3"_s), u"ダウンロードしていただきまして、\nありがとうございます。"_s);
-    QCOMPARE(bench.Button(u"cmdSysInfo"_s)->text(), u"ｼｽﾃﾑ情報(&S)..."_s);
-    QCOMPARE(bench.Button(u"Command2"_s)->text(), u"連絡先"_s);
-    QCOMPARE(bench.Button(u"cmdOK"_s)->text(), u"OK"_s);
-    QVERIFY(bench.box.findChild<QWidget*>(u"Gradation1"_s)->isVisible());
+    QCOMPARE(bench.Button(u"cmdSysInfo"_s).text(), u"ｼｽﾃﾑ情報(&S)..."_s);
+    QCOMPARE(bench.Button(u"Command2"_s).text(), u"連絡先"_s);
+    QCOMPARE(bench.Button(u"cmdOK"_s).text(), u"OK"_s);
+    QVERIFY(ChildOf<QWidget>(bench.box, u"Gradation1"_s).isVisible());
     QVERIFY(!bench.box.isModal());
 }
 
@@ -118,7 +119,7 @@ void TstAboutBox::SystemInformationIsStartedInTheFolder() {
     Bench bench;
     bench.programs.found.insert(u"hardinfo"_s, u"/usr/bin/hardinfo"_s);
     bench.box.show();
-    bench.Button(u"cmdSysInfo"_s)->click();
+    bench.Button(u"cmdSysInfo"_s).click();
     QCOMPARE(bench.programs.started.size(), 1);
     QCOMPARE(bench.programs.started[0].file, u"/usr/bin/hardinfo"_s);
     QCOMPARE(bench.programs.started[0].folder, u"/a folder"_s);
@@ -129,7 +130,7 @@ void TstAboutBox::SystemInformationIsStartedInTheFolder() {
 void TstAboutBox::WithoutAProgramOneBoxSaysSo() {
     Bench bench;
     bench.box.show();
-    bench.Button(u"cmdSysInfo"_s)->click();
+    bench.Button(u"cmdSysInfo"_s).click();
     QCOMPARE(bench.boxes.Shown().size(), 1);
     QVERIFY(bench.boxes.Shown()[0] ==
             (Message{MessageIcon::None, u"Tickwell"_s, u"現時点ではｼｽﾃﾑ情報を使用できません"_s}));
@@ -138,20 +139,20 @@ void TstAboutBox::WithoutAProgramOneBoxSaysSo() {
 void TstAboutBox::TheContactIsTopicSix() {
     Bench bench;
     bench.box.show();
-    bench.Button(u"Command2"_s)->click();
+    bench.Button(u"Command2"_s).click();
     QCOMPARE(bench.help.topics, QList<int>{6});
 }
 
 void TstAboutBox::TheFactsAreCopiedAsText() {
     Bench bench;
     bench.box.show();
-    bench.Button(u"cmdCopy"_s)->click();
+    bench.Button(u"cmdCopy"_s).click();
     const QString text = QGuiApplication::clipboard()->text();
     QVERIFY(text.startsWith(u"Tickwell: 2.0.0\nQt: "_s + QString::fromLatin1(qVersion()) + u'\n'));
     QVERIFY(text.contains(u"\nプラットフォーム: offscreen\n"));
     QVERIFY(text.contains(u"\n画面1: "));
     QVERIFY(!text.contains(QDir::homePath()));
-    QCOMPARE(bench.Button(u"cmdCopy"_s)->text(), u"コピーしました(&C)"_s);
+    QCOMPARE(bench.Button(u"cmdCopy"_s).text(), u"コピーしました(&C)"_s);
 }
 
 void TstAboutBox::KeysCloseIt_data() {
@@ -176,8 +177,8 @@ void TstAboutBox::TheFocusIsOnOk() {
     Bench bench;
     bench.box.show();
     QVERIFY(QTest::qWaitForWindowActive(&bench.box));
-    QCOMPARE(bench.box.focusWidget(), bench.Button(u"cmdOK"_s));
-    QVERIFY(bench.Button(u"cmdOK"_s)->isDefault());
+    QCOMPARE(bench.box.focusWidget(), &bench.Button(u"cmdOK"_s));
+    QVERIFY(bench.Button(u"cmdOK"_s).isDefault());
 }
 
 void TstAboutBox::EveryButtonCanBeReachedByTab() {

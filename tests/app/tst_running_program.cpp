@@ -24,6 +24,7 @@
 #include "support/fake_window_stack.h"
 #include "support/files.h"
 #include "support/virtual_real_time.h"
+#include "support/window.h"
 
 using namespace tickwell;
 using namespace Qt::StringLiterals;
@@ -100,16 +101,9 @@ struct Bench {
         journal.append(what + (sound.OpenDevices() > 0 ? u", sound"_s : QString()) +
                        (state.started.dayDatabase.IsOpen() ? u", day database"_s : QString()));
     }
-    static QWidget& Window(const char* name) {
-        for (QWidget* each : QApplication::topLevelWidgets()) {
-            if (each->objectName() == QLatin1StringView(name)) {
-                return *each;
-            }
-        }
-        qFatal("no window %s", name);
-    }
+    static QWidget& Window(const char* name) { return WindowNamed(QLatin1StringView(name)); }
     static void Press(const char* window, const char* button) {
-        Window(window).findChild<QPushButton*>(QLatin1StringView(button))->click();
+        ChildOf<QPushButton>(Window(window), QLatin1StringView(button)).click();
     }
 };
 

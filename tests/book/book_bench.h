@@ -1,12 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <QApplication>
-#include <QDialog>
-#include <QLineEdit>
-#include <QTest>
-
 #include "book/anniversary_book.h"
+#include "book/dialog_bench.h"
 #include "days/anniversary_model.h"
 #include "platform/time/virtual_time.h"
 #include "store/day_store.h"
@@ -16,7 +12,7 @@
 namespace tickwell {
 
 /// An anniversary book above an empty calendar. Today is 15 November 1998, and 3 October is selected.
-struct BookBench {
+struct BookBench : DialogBench {
     DayStore store;
     DayDatabase database{store.Path()};
     DayList list;
@@ -24,12 +20,18 @@ struct BookBench {
     VirtualTime time{QDateTime(QDate(1998, 11, 15), QTime(21, 5, 7))};
     FakeMessageBoxes boxes;
     Handlers handlers{boxes};
-    AnniversaryBook book{{database, list, changes, time, boxes, handlers, time}};
+    AnniversaryBook book{{.dayDatabase = database,
+                          .list = list,
+                          .changes = changes,
+                          .clock = time,
+                          .boxes = boxes,
+                          .handlers = handlers,
+                          .timers = time}};
     QDate selected{1998, 10, 3};
-    QWidget calendar;
+    QWidget calendar;  // declared last, because it deletes the dialogs, which use the others
     int closed = 0;
 
-    BookBench() { calendar.show(); }
+    BookBench() : DialogBench(calendar) { calendar.show(); }
 
     void Add(const Anniversary& row) { database.Execute(InsertText(row)); }
     Anniversaries Stored() {
@@ -62,64 +64,6 @@ struct BookBench {
         time.Advance(10'000);
     }
     QString Count() const { return store.Raw("SELECT count(*) FROM Kinenbi").constFirst(); }
-
-    /// Only an active window receives keys and selects the text of a field that gets the focus.
-    void Activate() const {
-        if (QDialog* window = Window()) {
-            window->activateWindow();
-            QVERIFY(QTest::qWaitForWindowActive(window));
-        }
-    }
-
-    /// The open window of the book; null if there is none.
-    QDialog* Window() const {
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        return calendar.findChild<QDialog*>();
-    }
-    template <typename Control>
-    Control& The(const QString& name) const {
-        auto* control = Window()->findChild<Control*>(name);
-        if (control == nullptr) {
-            qFatal("no control %s", qPrintable(name));
-        }
-        return *control;
-    }
-    QString Text(const QString& name) const { return The<QLineEdit>(name).text(); }
-    bool IsEnabled(const QString& name) const { return The<QWidget>(name).isEnabled(); }
-
-    /// Replaces the text of a field, key by key.
-    void Type(const QString& name, const QString& text) const {
-        auto& field = The<QLineEdit>(name);
-        field.selectAll();
-        QTest::keyClick(&field, Qt::Key_Delete);
-        QTest::keyClicks(&field, text);
-    }
-    /// Clicks a button, a check box or an option with the mouse.
-    void Click(const QString& name) const {
-        auto& control = The<QWidget>(name);
-        QTest::mouseClick(&control, Qt::LeftButton, {}, QPoint(control.height() / 2, control.height() / 2));
-    }
-    /// Sends a key to the control that would receive it.
-    void Press(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) const {
-        QWidget* target = Window()->focusWidget();
-        QTest::keyClick(target == nullptr ? Window() : target, key, modifiers);
-    }
-    /// The object name of the control with the focus; for an UpDown, that of its field.
-    QString Focus() const {
-        const QWidget* focus = Window()->focusWidget();
-        const auto* field = focus->findChild<QLineEdit*>();
-        return field != nullptr && focus->inherits("QAbstractSpinBox") ? field->objectName()
-                                                                       : focus->objectName();
-    }
-    /// The controls in tab order, from the one with the focus until it has the focus again.
-    QStringList TabOrder() const {
-        QStringList order;
-        for (QString focus = Focus(); !order.contains(focus); focus = Focus()) {
-            order.append(focus);
-            Press(Qt::Key_Tab);
-        }
-        return order;
-    }
 };
 
 }  // namespace tickwell

@@ -60,7 +60,7 @@ void TstAnniversaryBook::ACalendarThatIsGoneIsNotTold() {
     BookBench bench;
     auto calendar = std::make_unique<QWidget>();
     bench.book.OpenEditor(bench.selected, calendar.get(), [&bench] { ++bench.closed; });
-    QVERIFY(calendar->findChild<QDialog*>() != nullptr);
+    ChildOf<QDialog>(*calendar);  // must be there
     calendar.reset();
     QCOMPARE(bench.closed, 0);
 }

@@ -354,7 +354,7 @@ void TstSearchWindow::TheArrowsBelongToTheirFields() {
                                        {u"UpDown5"_s, u"Text5"_s},
                                        {u"UpDown4"_s, u"Text6"_s},
                                        {u"UpDown6"_s, u"Text7"_s}}) {
-        QVERIFY(bench.The<QWidget>(upDown).findChild<QLineEdit*>(text) != nullptr);
+        ChildOf<QLineEdit>(bench.The<QWidget>(upDown), text);  // must be there
     }
 }
 

@@ -5,6 +5,8 @@
 #include <QStyleOptionSpinBox>
 #include <QTest>
 
+#include "support/child.h"
+
 using namespace Qt::StringLiterals;
 using namespace tickwell;
 
@@ -31,7 +33,7 @@ void TstUpDown::ArrowsWriteTheText() {
     QTest::keyClick(&month, Qt::Key_Down);
     QTest::keyClick(&month, Qt::Key_Down);
     QCOMPARE(month.text(), u"9"_s);
-    QCOMPARE(month.findChild<QLineEdit*>(u"Text3"_s)->text(), u"9"_s);
+    QCOMPARE(ChildOf<QLineEdit>(month, u"Text3"_s).text(), u"9"_s);
 }
 
 void TstUpDown::ArrowsGoOnFromWhatIsTyped_data() {
@@ -50,10 +52,10 @@ void TstUpDown::ArrowsGoOnFromWhatIsTyped_data() {
 void TstUpDown::ArrowsGoOnFromWhatIsTyped() {
     QFETCH(QString, typed);
     UpDown month(u"Text3"_s, 1, 12, nullptr);
-    auto* field = month.findChild<QLineEdit*>();
+    auto& field = ChildOf<QLineEdit>(month);
     for (const auto& [key, expected] : {std::pair{Qt::Key_Up, "up"}, {Qt::Key_Down, "down"}}) {
         month.SetText(u"10"_s);
-        field->setText(typed);
+        field.setText(typed);
         QTest::keyClick(&month, key);
         QTEST(month.text(), expected);
     }
@@ -103,10 +105,10 @@ void TstUpDown::WhatIsTypedStaysAsItIs() {
     auto* other = new QLineEdit(&window);
     window.show();
     month->SetText(u"10"_s);
-    auto* field = month->findChild<QLineEdit*>();
-    field->selectAll();
-    QTest::keyClick(field, Qt::Key_Delete);
-    QTest::keyClicks(field, text);
+    auto& field = ChildOf<QLineEdit>(*month);
+    field.selectAll();
+    QTest::keyClick(&field, Qt::Key_Delete);
+    QTest::keyClicks(&field, text);
     QTest::keyClick(month, Qt::Key_Return);
     other->setFocus();
     QCOMPARE(month->text(), text);

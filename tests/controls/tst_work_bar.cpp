@@ -8,6 +8,7 @@
 #include <QVBoxLayout>
 
 #include "platform/time/virtual_time.h"
+#include "support/child.h"
 #include "support/fake_message_boxes.h"
 
 using namespace Qt::StringLiterals;
@@ -71,8 +72,8 @@ struct Bench {
             }
         });
     }
-    QProgressBar& Progress() const { return *bar->findChild<QProgressBar*>(u"WorkProgress"_s); }
-    QPushButton& StopButton() const { return *bar->findChild<QPushButton*>(u"WorkStop"_s); }
+    QProgressBar& Progress() const { return ChildOf<QProgressBar>(*bar, u"WorkProgress"_s); }
+    QPushButton& StopButton() const { return ChildOf<QPushButton>(*bar, u"WorkStop"_s); }
 };
 
 }  // namespace

@@ -73,8 +73,8 @@ void TstSettings::AFirstStartHasTheDefaults() {
     WindowGeometry geometry;
     LoadWindowGeometry(store, settings, geometry);
     QCOMPARE(geometry, (WindowGeometry{2505, 0, 0}));
-    const LineStyle upper{u"ＭＳ Ｐゴシック"_s, 10, 16777215, false, false, false, false};
-    const LineStyle lower{u"ＭＳ Ｐゴシック"_s, 10, 65280, false, false, false, false};
+    const LineStyle upper{.fontName = u"ＭＳ Ｐゴシック"_s, .fontSize = 10, .color = 16777215};
+    const LineStyle lower{.fontName = u"ＭＳ Ｐゴシック"_s, .fontSize = 10, .color = 65280};
     QCOMPARE(settings.upper, upper);
     QCOMPARE(settings.lower, lower);
     QCOMPARE(settings.backColor, 0);
@@ -172,8 +172,13 @@ void TstSettings::ValuesComeBackAsTheyWereSaved() {
     settings.wipeSpeed = -400;
     settings.wipeKind = 9;
     settings.backColor = -2147483633;
-    settings.upper = {u"Gothic, Bold; \"x\""_s, -3, 255, true, false, true, false};
-    settings.lower = {u""_s, 32767, 16711680, false, true, false, true};
+    settings.upper = {.fontName = u"Gothic, Bold; \"x\""_s,
+                      .fontSize = -3,
+                      .color = 255,
+                      .bold = true,
+                      .strikethrough = true};
+    settings.lower = {
+        .fontName = u""_s, .fontSize = 32767, .color = 16711680, .italic = true, .underline = true};
     settings.language = 7;
     settings.yearStyle = 1;
     settings.displayMode = 2;
@@ -345,7 +350,8 @@ void TstSettings::FurtherSettingsComeBackAsTheyWereSaved() {
     QFETCH(QList<qint32>, kinds);
     QFETCH(qint32, interval);
     QFETCH(bool, tells);
-    const FurtherSettings saved{{use, kinds, interval}, tells};
+    const FurtherSettings saved{.roll = {.use = use, .kinds = kinds, .interval = interval},
+                                .tellsNoCdDrive = tells};
     FakeSettingsStore store;
     SaveSettings(store, Loaded(store), saved, {});
     QCOMPARE(LoadedFurther(store), saved);

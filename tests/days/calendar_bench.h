@@ -22,6 +22,18 @@ struct CalendarBench {
 
     /// The cell of a day of the month shown in the grid.
     int CellOf(int day) const { return ShapeOf(calendar.Grid().first).CellOf(day); }
+    /// The visible days whose cells are pressed, in their order. While marking, hidden cells can be pressed
+    /// too.
+    QList<int> PressedInGrid() const {
+        QList<int> days;
+        for (int cell = 7; cell < kGridCells; ++cell) {
+            const MonthCell& each = calendar.Grid().At(cell);
+            if (each.isVisible && each.isPressed) {
+                days.append(each.caption.toInt());
+            }
+        }
+        return days;
+    }
     const MonthCell& Day(int day) const { return calendar.Grid().At(CellOf(day)); }
     void ClickDays(const QList<int>& days) {
         for (const int day : days) {
@@ -35,7 +47,8 @@ struct CalendarBench {
     VirtualTime time;
     FakeMessageBoxes boxes;
     Handlers handlers{boxes};
-    MonthCalendar calendar{{dayDatabase, list, time, boxes, handlers}};
+    MonthCalendar calendar{
+        {.dayDatabase = dayDatabase, .list = list, .clock = time, .boxes = boxes, .handlers = handlers}};
 };
 
 }  // namespace tickwell

@@ -78,7 +78,8 @@ void MarkOctober(MonthCalendar& calendar, int number) {
     const VirtualTime time(QDateTime(kOctober, QTime(0, 0)));
     FakeMessageBoxes boxes;
     Handlers handlers(boxes);
-    MonthCalendar calendar({database, list, time, boxes, handlers});
+    MonthCalendar calendar(
+        {.dayDatabase = database, .list = list, .clock = time, .boxes = boxes, .handlers = handlers});
     calendar.Load();
     for (int number = first;; ++number) {
         MarkOctober(calendar, number);

@@ -28,7 +28,7 @@ QStringList VersionOf(RawConnection& watcher) {
 
 }  // namespace
 
-/// Navigation, limits, selected day and panel; tst_month_marks tests the marks.
+/// Navigation, limits, selected day and panel; tst_month_marks and tst_mark_deletion test the marks.
 class TstMonthCalendar : public QObject {
     Q_OBJECT
 

@@ -8,21 +8,6 @@ using namespace tickwell;
 
 namespace {
 
-QList<int> DaysOf(const CalendarBench& bench, bool (*isMeant)(const MonthCell& cell)) {
-    QList<int> days;
-    for (int cell = 7; cell < kGridCells; ++cell) {
-        const MonthCell& each = bench.calendar.Grid().At(cell);
-        if (each.isVisible && isMeant(each)) {
-            days.append(each.caption.toInt());
-        }
-    }
-    return days;
-}
-
-QList<int> Pressed(const CalendarBench& bench) {
-    return DaysOf(bench, [](const MonthCell& cell) { return cell.isPressed; });
-}
-
 void Choose(CalendarBench& bench, CalendarMode mode) {
     bench.calendar.ChooseMode(mode);
 }
@@ -42,7 +27,7 @@ void ReplaceUsuallyday(const CalendarBench& bench, const QByteArray& rule) {
 
 }  // namespace
 
-/// Marking days, storing the marks, and deleting them. October 1998 begins on a Thursday: the 4th is a
+/// Marking days and storing the marks. October 1998 begins on a Thursday: the 4th is a
 /// Sunday, the 10th a Saturday.
 class TstMonthMarks : public QObject {
     Q_OBJECT
@@ -65,12 +50,6 @@ private Q_SLOTS:
     void ClosingWhileMarkingStoresNothing();
     void ACommitThatFailsStoresNothing();
     void BeyondTheLastMonthMarksGoToTheMonthBeyond();
-    void Deleting_data();
-    void Deleting();
-    void DeletingBeyondTheLastMonthSaysSoAfterwards();
-    void AnAnswerThatComesTooLateDeletesNothing();
-    void ADeletionDuringACompactionSaysSo();
-    void AFailingDeletionIsReportedAndKeepsAll();
     void ElevenControlsAreOffWhileMarking();
 };
 
@@ -81,9 +60,9 @@ void TstMonthMarks::MarkingPressesTheDaysOfItsColour() {
         "INSERT INTO Usuallyday(Date) VALUES ('1998-11-08')");
     bench.calendar.Load();
     Choose(bench, CalendarMode::Holidays);
-    QCOMPARE(Pressed(bench), (QList<int>{1, 3, 15, 22, 23, 29}));
+    QCOMPARE(bench.PressedInGrid(), (QList<int>{1, 3, 15, 22, 23, 29}));
     Choose(bench, CalendarMode::Halfdays);
-    QCOMPARE(Pressed(bench), (QList<int>{5, 7, 14, 21, 28}));
+    QCOMPARE(bench.PressedInGrid(), (QList<int>{5, 7, 14, 21, 28}));
     QCOMPARE(bench.Marks().size(), 2);
 }
 
@@ -236,7 +215,7 @@ void TstMonthMarks::AfterwardsNoDayIsPressedAndNothingIsRebuilt() {
     bench.ClickDays({5});
     bench.store.Raw("INSERT INTO Syukuzitu(Name,Month,Day) VALUES ('後から', 10, 20)");
     Choose(bench, CalendarMode::Normal);
-    QCOMPARE(Pressed(bench), QList<int>());  // not even today
+    QCOMPARE(bench.PressedInGrid(), QList<int>());  // not even today
     QCOMPARE(bench.Day(20).toolTip, QString());
     QCOMPARE(bench.Day(5).color, DayColor::Red);
     QVERIFY(bench.boxes.Shown().isEmpty() && bench.boxes.Choices().isEmpty());
@@ -288,106 +267,6 @@ void TstMonthMarks::BeyondTheLastMonthMarksGoToTheMonthBeyond() {
     MarkAndCommit(bench, CalendarMode::Holidays, {8});  // cell 17: the 5th of January
     QCOMPARE(bench.Marks(),
              (QStringList{u"Holiday 2100-12-10"_s, u"Holiday 2101-01-05"_s, u"Holiday 2101-01-07"_s}));
-}
-
-void TstMonthMarks::Deleting_data() {
-    QTest::addColumn<MessageAnswer>("answer");
-    QTest::addColumn<QStringList>("left");
-    const QString september = u"Holiday 1998-09-30"_s;
-    const QString october1 = u"Holiday 1998-10-01"_s;
-    const QString november = u"Holiday 1998-11-01"_s;
-    const QString october31 = u"Halfday 1998-10-31"_s;
-    const QString longAgo = u"Halfday 1926-01-01"_s;
-    const QString later = u"Usuallyday 1999-10-04"_s;
-    const QString yearBefore = u"Usuallyday 1997-12-31"_s;
-    QTest::newRow("all up to the month's end") << MessageAnswer::Yes << QStringList{november, later};
-    QTest::newRow("the month alone") << MessageAnswer::No
-                                     << QStringList{september, november, longAgo, later, yearBefore};
-    QTest::newRow("nothing") << MessageAnswer::Cancel
-                             << QStringList{september, october1, november,  october31,
-                                            longAgo,   later,    yearBefore};
-}
-
-void TstMonthMarks::Deleting() {
-    QFETCH(MessageAnswer, answer);
-    CalendarBench bench;
-    bench.store.Raw(
-        "INSERT INTO Holiday(Date) VALUES ('1998-09-30'),('1998-10-01'),('1998-11-01');"
-        "INSERT INTO Halfday(Date) VALUES ('1998-10-31'),('1926-01-01');"
-        "INSERT INTO Usuallyday(Date) VALUES ('1999-10-04'),('1997-12-31')");
-    bench.calendar.Load();
-    bench.ClickDays({20});
-    int answered = 0;
-    bench.calendar.WhenAnswered([&] { ++answered; });
-    bench.calendar.DeleteMarks();
-    QCOMPARE(
-        bench.boxes.Choices(),
-        (QList<Message>{{MessageIcon::Exclamation, u"ﾃﾞｰﾀ削除"_s, u"今月までのデーターも削除しますか？"_s}}));
-    QVERIFY(bench.calendar.IsWaiting());
-    QCOMPARE(bench.Marks().size(), 7);
-    bench.boxes.Pick(answer);
-    QVERIFY(!bench.calendar.IsWaiting());
-    QCOMPARE(answered, 1);
-    QTEST(bench.Marks(), "left");
-    QCOMPARE(bench.Day(1).color, answer == MessageAnswer::Cancel ? DayColor::Red : DayColor::Black);
-    QCOMPARE(Pressed(bench), QList<int>{3});  // built again, even after Cancel: only today is pressed
-    QCOMPARE(bench.calendar.SelectedDate(), QDate(1998, 10, 20));
-}
-
-void TstMonthMarks::DeletingBeyondTheLastMonthSaysSoAfterwards() {
-    CalendarBench bench(QDate(2100, 12, 5));
-    bench.store.Raw("INSERT INTO Holiday(Date) VALUES ('2100-12-10'),('2101-01-10')");
-    bench.calendar.Load();
-    bench.calendar.GoBy(1);
-    bench.boxes.Close();
-    bench.calendar.DeleteMarks();
-    bench.boxes.Pick(MessageAnswer::No);
-    QCOMPARE(bench.Marks(), QStringList{u"Holiday 2100-12-10"_s});
-    QCOMPARE(bench.boxes.Shown().size(), 2);
-    QCOMPARE(bench.boxes.Shown().constLast().text, u"これ以後の年は表示できません。"_s);
-}
-
-void TstMonthMarks::AnAnswerThatComesTooLateDeletesNothing() {
-    CalendarBench bench;
-    bench.store.Raw("INSERT INTO Holiday(Date) VALUES ('1998-10-15')");
-    {
-        MonthCalendar gone({bench.dayDatabase, bench.list, bench.time, bench.boxes, bench.handlers});
-        gone.Load();
-        gone.DeleteMarks();
-    }
-    bench.boxes.Pick(MessageAnswer::Yes);
-    QCOMPARE(bench.Marks().size(), 1);
-    bench.calendar.Load();
-    bench.calendar.DeleteMarks();
-    bench.dayDatabase.Close();  // as when the program is closing
-    bench.boxes.Pick(MessageAnswer::Cancel);
-    QVERIFY(bench.boxes.Shown().isEmpty());
-}
-
-void TstMonthMarks::ADeletionDuringACompactionSaysSo() {
-    CalendarBench bench;
-    bench.calendar.Load();
-    bench.calendar.DeleteMarks();
-    bench.dayDatabase.Close();
-    bench.boxes.Pick(MessageAnswer::Yes);
-    QVERIFY(!bench.calendar.IsWaiting());
-    QCOMPARE(bench.boxes.Shown().size(), 1);
-    QVERIFY(bench.boxes.Shown().constFirst().text.contains(u"データベースの最適化中です。"_s));
-}
-
-void TstMonthMarks::AFailingDeletionIsReportedAndKeepsAll() {
-    CalendarBench bench;
-    bench.store.Raw(
-        "INSERT INTO Holiday(Date) VALUES ('1998-10-15'); INSERT INTO Usuallyday(Date) VALUES "
-        "('1998-10-04')");
-    bench.calendar.Load();
-    bench.store.Raw("ALTER TABLE Usuallyday RENAME TO Gone");
-    bench.calendar.DeleteMarks();
-    bench.boxes.Pick(MessageAnswer::Yes);
-    QCOMPARE(bench.boxes.Shown().size(), 1);
-    QCOMPARE(bench.boxes.Shown().constFirst().title, u"Tickwell"_s);
-    bench.store.Raw("ALTER TABLE Gone RENAME TO Usuallyday");
-    QCOMPARE(bench.Marks(), (QStringList{u"Holiday 1998-10-15"_s, u"Usuallyday 1998-10-04"_s}));
 }
 
 void TstMonthMarks::ElevenControlsAreOffWhileMarking() {

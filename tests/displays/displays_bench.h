@@ -88,7 +88,7 @@ struct LinesBench : DisplaysBench, DisplayFunctions {
 
     LinesBench() {
         StartMedia();
-        displays = MakeDisplays(Parts(), {.lines = {upper, lower}, .functions = *this});
+        displays = MakeDisplays(Parts(), {.lines = {.upper = upper, .lower = lower}, .functions = *this});
     }
     void ChangeFunction(qint32 number) override { settings.function = number; }
     qint32 GetFuncNumber() const override { return settings.function; }

@@ -21,7 +21,7 @@ struct Bench {
     FakePower power;
     FakeTextLine upper;
     FakeTextLine lower;
-    BatteryLines lines{power, {upper, lower}};
+    BatteryLines lines{power, {.upper = upper, .lower = lower}};
 
     /// What the lower line did in a reading.
     QStringList After(const PowerReading& reading) {

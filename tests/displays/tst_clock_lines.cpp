@@ -23,7 +23,7 @@ struct Bench {
     DayDatabase database{store.Path()};
     FakeTextLine upper;
     FakeTextLine lower;
-    ClockLines lines{settings, time, database, {upper, lower}};
+    ClockLines lines{settings, time, database, {.upper = upper, .lower = lower}};
 
     Bench() { LoadSettings(FakeSettingsStore(), settings); }
 

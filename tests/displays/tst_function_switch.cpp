@@ -29,7 +29,7 @@ public:
 
 struct Bench : LinesBench {
     FakeMarks marks;
-    FunctionSwitch functions{settings, {upper, lower}, marks, displays};
+    FunctionSwitch functions{settings, {.upper = upper, .lower = lower}, marks, displays};
 
     QString Running() const {
         return QString(The<ClockDisplay>().TimeTimer().IsRunning() ? u"Dz_Timer1 "_s : QString()) +

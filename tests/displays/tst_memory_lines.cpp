@@ -14,7 +14,7 @@ struct Bench {
     FakeMemory memory;
     FakeTextLine upper;
     FakeTextLine lower;
-    MemoryLines lines{memory, {upper, lower}};
+    MemoryLines lines{memory, {.upper = upper, .lower = lower}};
 };
 
 }  // namespace

@@ -14,7 +14,7 @@ constexpr qint32 kNone = -1;
 
 /// A roll over a display that only remembers its number.
 struct Bench : LinesBench {
-    RollSettings settings{true, {0, 1, 4, 5}, 10};
+    RollSettings settings{.use = true, .kinds = {0, 1, 4, 5}, .interval = 10};
     QList<qint32> shown;
     Roll roll{displays, settings, power, handlers, time, [this](qint32 number) { Show(number); }};
 

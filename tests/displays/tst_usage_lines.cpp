@@ -15,7 +15,7 @@ struct Bench {
     VirtualTime time;
     FakeTextLine upper;
     FakeTextLine lower;
-    UsageLines lines{settings, time, {upper, lower}};
+    UsageLines lines{settings, time, {.upper = upper, .lower = lower}};
 
     explicit Bench(qint64 tick) : time(QDateTime(QDate(1998, 10, 3), QTime(12, 0)), tick) {}
 };

@@ -1,10 +1,11 @@
 #!/usr/bin/python3
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""The house rules: maximum file lengths, licence headers, who may start programs or show markup, and others."""
+"""The house rules: maximum file and function lengths, licence headers, who may start programs or show markup, and others."""
 
 import re
 import unittest
 
+from cpp_functions import functions
 from project_files import ROOT, code_files, cpp_files, shown
 
 INCLUDE = re.compile(r'^\s*#\s*include\s*"([^"]+)"', re.MULTILINE)
@@ -39,6 +40,11 @@ MAY_CHANGE_FOLDERS = {"src/core/program_folder.cpp", "src/cd_helper/disc.cpp",
                       "src/platform/processes/detached_process.cpp"}
 
 LONGEST = {".cpp": 400, ".h": 120}
+LONGEST_FUNCTION = 60  # with its constructor's initialisers
+
+
+def lines_of(path):
+    return len(path.read_text("utf-8").splitlines())
 
 
 class HouseRules(unittest.TestCase):
@@ -83,12 +89,27 @@ class HouseRules(unittest.TestCase):
         self.assertEqual(wrong, [])
 
     def test_no_file_grows_past_its_end(self):
-        wrong = []
-        for path in cpp_files(("src", "tools", "bench")):
-            lines = len(path.read_text("utf-8").splitlines())
-            if lines > LONGEST[path.suffix]:
-                wrong.append(f"{shown(path)}: {lines} lines")
+        wrong = [f"{shown(path)}: {lines_of(path)} lines"
+                 for path in cpp_files() if lines_of(path) > LONGEST[path.suffix]]
         self.assertEqual(wrong, [])
+
+    def test_no_function_grows_past_its_end(self):
+        wrong = [f"{shown(path)}:{line}: {lines} lines" for path in cpp_files()
+                 for line, lines in functions(path.read_text("utf-8")) if lines > LONGEST_FUNCTION]
+        self.assertEqual(wrong, [])
+
+    def test_the_length_of_a_function_is_seen(self):
+        body = "    f(u\"}\", '{', 1'000, [&] { g(); });  // }\n" * 58 + "}\n"
+        for begins, line in (("void F() {\n", 1), ("void TstF::F_data() {\n", 1), ("auto F() const -> int {\n", 1),
+                             ("F::F(int a)\n    : m_a{a},\n      m_b(a) {\n", 1),
+                             ("struct A {\nprivate:\n    static int F(G g = {}) {\n", 3),
+                             ("namespace {\n\ntemplate <typename A>\nA F() {\n", 3)):
+            with self.subTest(begins):
+                text = begins + body
+                self.assertEqual(functions(text), [(line, text.count("\n") - line + 1)])
+        for other in ("struct A {\n", "namespace a {\n", "enum class A {\n", "const std::array kAll{\n"):
+            with self.subTest(other):
+                self.assertEqual(functions(other + "    a,\n" * 70 + "};\n"), [])
 
     def test_q_object_stands_on_a_line_of_its_own(self):
         wrong = [shown(path) for path in cpp_files()
@@ -135,6 +156,14 @@ class HouseRules(unittest.TestCase):
         wrong = [f"{shown(path)}: {found[0]}" for path in cpp_files(("src", "tools"))
                  for found in network.finditer(path.read_text("utf-8"))]
         self.assertEqual(wrong, [])
+
+    def test_no_test_uses_a_child_that_may_be_missing(self):
+        unchecked = re.compile(r"\bfindChild<[^;]*?>\([^;()]*(?:\([^;()]*\)[^;()]*)*\)->|\*[\w.>-]+findChild<")
+        wrong = [f"{shown(path)}: {found[0]}" for path in cpp_files(("tests", "bench"))
+                 for found in unchecked.finditer(path.read_text("utf-8"))]
+        self.assertEqual(wrong, [])
+        self.assertTrue(unchecked.search('form->findChild<QAction*>(u"a(%1)"_s.arg(i))->trigger();'))
+        self.assertTrue(unchecked.search('return *form.findChild<Control*>(name);'))
 
     def test_no_test_waits_for_the_clock(self):
         sleeping = re.compile(r"qSleep|qWait\(|sleep_for|usleep\(")

@@ -86,7 +86,12 @@ void TstLineLook::SumsThatDoNotFitOverflow() {
 
 void TstLineLook::TheStyleKeepsItsFontName() {
     InstallFontSubstitutes();
-    const LineStyle style{u"ＭＳ Ｐゴシック"_s, 10, 0, true, true, true, true};
+    const LineStyle style{.fontName = u"ＭＳ Ｐゴシック"_s,
+                          .fontSize = 10,
+                          .bold = true,
+                          .italic = true,
+                          .strikethrough = true,
+                          .underline = true};
     const QFont font = FontOf(style);
     QCOMPARE(font.family(), u"ＭＳ Ｐゴシック"_s);
     QCOMPARE(style.fontName, u"ＭＳ Ｐゴシック"_s);

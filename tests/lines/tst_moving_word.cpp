@@ -18,7 +18,7 @@ constexpr QRgb kBlack = qRgb(0, 0, 0);
 struct Bench {
     VirtualTime time{QDateTime(QDate(1998, 10, 3), QTime(12, 0))};
     FramePacer pacer{time, time};
-    MovingWord word{{time, time, pacer}, nullptr};
+    MovingWord word{{.clock = time, .timers = time, .pacer = pacer}, nullptr};
 
     Bench() {
         word.setFixedSize(100, 20);

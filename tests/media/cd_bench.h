@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "media/cd_lines.h"
 #include "media/media_system.h"
 #include "platform/time/virtual_time.h"
 #include "support/discs.h"
@@ -9,20 +8,9 @@
 #include "support/fake_event_wait.h"
 #include "support/fake_message_boxes.h"
 #include "support/fake_sound_output.h"
-#include "support/fake_text_line.h"
 #include "support/virtual_real_time.h"
 
 namespace tickwell {
-
-/// A main window that only stores the number of its function.
-class FakeFunctions : public DisplayFunctions {
-public:
-    void ChangeFunction(qint32 number) override { m_number = number; }
-    qint32 GetFuncNumber() const override { return m_number; }
-
-private:
-    qint32 m_number = kFunctionClock;
-};
 
 /// The CD player with a drive that the test controls.
 struct CdBench {
@@ -45,9 +33,6 @@ struct CdBench {
                        .timers = time,
                        .tellsNoCdDrive = tellsNoCdDrive}};
     CdPlayer& player = media.Player();
-    FakeTextLine upper;
-    FakeTextLine lower;
-    FakeFunctions functions;
 
     /// Opens the drive as at program start, with this disc in it.
     void Start(const CdContents& contents) {
@@ -72,29 +57,9 @@ struct CdBench {
 
     /// The drive's commands since the last call.
     QStringList Done() { return drive.TakeRecord(); }
-    void TakeAll() {
-        drive.TakeRecord();
-        upper.TakeRecord();
-        lower.TakeRecord();
-    }
+    void TakeAll() { drive.TakeRecord(); }
     qint32 State() const { return player.State().CdState; }
     qint32 Track() const { return player.State().CdTrack; }
-};
-
-/// With the main window showing function 6.
-struct CdLinesBench : CdBench {
-    CdLines lines{player, {upper, lower}, functions};
-
-    void ChooseFunction() {
-        functions.ChangeFunction(kFunctionCd);
-        lines.Show();
-    }
-    void StartShown(const CdContents& contents) {
-        Start(contents);
-        ChooseFunction();
-        TakeAll();
-    }
-    QString Both() const { return upper.Text() + QStringLiteral(" / ") + lower.Text(); }
 };
 
 /// A player with an open window and a disc of three tracks.

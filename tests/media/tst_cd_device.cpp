@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <QTest>
 
-#include "media/cd_bench.h"
 #include "media/cd_device.h"
+#include "media/cd_lines_bench.h"
 #include "support/fake_command_strings.h"
 
 using namespace tickwell;

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <QTest>
 
-#include "media/cd_bench.h"
+#include "media/cd_lines_bench.h"
 
 using namespace tickwell;
 using namespace Qt::StringLiterals;
@@ -249,15 +249,18 @@ void TstCdLines::LeavingTheFunctionEndsTheLooking() {
 
 void TstCdLines::AfterTheLinesAreGoneThePlayerLivesOn() {
     CdBench bench;
+    FakeTextLine upper;
+    FakeTextLine lower;
+    FakeFunctions functions;
     bench.Start(ThreeTracks());
     {
-        CdLines lines(bench.player, {bench.upper, bench.lower}, bench.functions);
-        bench.functions.ChangeFunction(kFunctionCd);
+        CdLines lines(bench.player, {.upper = upper, .lower = lower}, functions);
+        functions.ChangeFunction(kFunctionCd);
         lines.Show();
     }
-    bench.TakeAll();
+    lower.TakeRecord();
     bench.player.CDSetDown();
-    QVERIFY(bench.lower.TakeRecord().isEmpty());
+    QVERIFY(lower.TakeRecord().isEmpty());
 }
 
 QTEST_GUILESS_MAIN(TstCdLines)

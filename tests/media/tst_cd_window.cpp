@@ -5,6 +5,7 @@
 #include "media/cd_bench.h"
 #include "media/cd_window.h"
 #include "media/transport_icons.h"
+#include "support/child.h"
 
 using namespace tickwell;
 using namespace Qt::StringLiterals;
@@ -24,10 +25,11 @@ struct WindowBench : CdBench {
         window->show();
     }
     QPushButton& Button(int index) const {
-        return *window->findChild<QPushButton*>(u"Command1(%1)"_s.arg(index));
+        return ChildOf<QPushButton>(*window, u"Command1(%1)"_s.arg(index));
     }
-    QAction& Item(const QString& name) const { return *window->findChild<QAction*>(name); }
-    QString Caption() const { return window->findChild<QLabel*>(u"Label1"_s)->text(); }
+    QAction& Item(const QString& name) const { return ChildOf<QAction>(*window, name); }
+    QMenu& Menu(const QString& name) const { return ChildOf<QMenu>(*window, name); }
+    QString Caption() const { return ChildOf<QLabel>(*window, u"Label1"_s).text(); }
     QString Enabled() const {
         QString enabled;
         for (int index = 0; index < 7; ++index) {
@@ -37,7 +39,7 @@ struct WindowBench : CdBench {
     }
     QString CheckedFormat() const {
         QStringList checked;
-        for (const QAction* action : window->findChild<QMenu*>(u"cdtm"_s)->actions()) {
+        for (const QAction* action : Menu(u"cdtm"_s).actions()) {
             if (action->isChecked()) {
                 checked.append(action->text());
             }
@@ -82,8 +84,8 @@ void TstCdWindow::ItSaysWhatItIs() {
 void TstCdWindow::MenusHoldTheirItems() {
     const WindowBench bench;
     const auto items = [&](const QString& menu) {
-        QStringList all{bench.window->findChild<QMenu*>(menu)->title()};
-        for (const QAction* action : bench.window->findChild<QMenu*>(menu)->actions()) {
+        QStringList all{bench.Menu(menu).title()};
+        for (const QAction* action : bench.Menu(menu).actions()) {
             all.append(action->objectName() + u' ' + action->text());
         }
         return all;
@@ -109,7 +111,7 @@ void TstCdWindow::OpeningItFindsTheDisc() {
     const WindowBench bench;
     QCOMPARE(bench.player.State().CdTrackCount, 3);
     QCOMPARE(bench.Enabled(), u"026"_s);
-    QVERIFY(bench.window->findChild<QMenu*>(u"cdtm"_s)->isEnabled());
+    QVERIFY(bench.Menu(u"cdtm"_s).isEnabled());
 }
 
 void TstCdWindow::TheStateIsShown() {
@@ -133,8 +135,8 @@ void TstCdWindow::WithoutADiscNothingCanBePressed() {
     bench.drive.Tell();
     QCOMPARE(bench.Enabled(), u""_s);
     QCOMPARE(bench.Caption(), u"再生不可"_s);
-    QVERIFY(!bench.window->findChild<QMenu*>(u"cdtm"_s)->isEnabled());
-    QVERIFY(!bench.window->findChild<QMenu*>(u"cdtm1"_s)->isEnabled());
+    QVERIFY(!bench.Menu(u"cdtm"_s).isEnabled());
+    QVERIFY(!bench.Menu(u"cdtm1"_s).isEnabled());
 }
 
 void TstCdWindow::OneFormatIsCheckedAtATime() {

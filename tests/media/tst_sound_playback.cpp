@@ -33,7 +33,8 @@ std::vector<qint16> Samples(const QString& file, int times) {
 
 struct Bench {
     explicit Bench(const QString& folder = kSounds)
-        : playback({mix, sound, media, boxes, time}, ProgramFolder(folder)) {
+        : playback({.mix = mix, .sound = sound, .media = media, .boxes = boxes, .timers = time},
+                   ProgramFolder(folder)) {
         QDir::setCurrent(QDir::rootPath());
         media.MediaError = kUntouched;
     }

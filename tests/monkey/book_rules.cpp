@@ -16,7 +16,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 bool IsChecked(const QWidget& form, const QString& name) {
-    return ControlOf<QAbstractButton>(form, name).isChecked();
+    return ChildOf<QAbstractButton>(form, name).isChecked();
 }
 
 /// The index of the checked option in a control array; at least `count` if none or several are checked.
@@ -52,7 +52,7 @@ void CheckEditor(const QWidget& form, Complaints& complaints) {
     CheckEnabled(form, {u"UpDown3"_s, u"Label5"_s}, !byWeek, complaints);
     CheckEnabled(form, {u"Combo1"_s, u"Combo2"_s}, byWeek, complaints);
     CheckEnabled(form, {u"Text1"_s, u"Command1"_s, u"Command2"_s}, true, complaints);
-    const QString caption = ControlOf<QPushButton>(form, u"Command1"_s).text();
+    const QString caption = ChildOf<QPushButton>(form, u"Command1"_s).text();
     complaints.Unless(caption == (form.windowTitle() == u"記念日の編集" ? u"更新>>" : u"追加>>"),
                       u"the editor's button says " + caption);
 }
@@ -77,8 +77,8 @@ void CheckSearch(const QWidget& form, Complaints& complaints) {
 }
 
 void CheckDeletion(const QWidget& form, Complaints& complaints) {
-    const auto ticked = ControlOf<QListView>(form, u"List1"_s).selectionModel()->selectedRows().size();
-    const QString count = ControlOf<QLabel>(form, u"Label2"_s).text();
+    const auto ticked = ChildOf<QListView>(form, u"List1"_s).selectionModel()->selectedRows().size();
+    const QString count = ChildOf<QLabel>(form, u"Label2"_s).text();
     complaints.Met(ticked > 0 ? u"Form10 ticked"_s : u"Form10"_s);
     complaints.Unless(count == u"現在 %1項目"_s.arg(ticked),
                       u"%1 are ticked, it says %2"_s.arg(ticked).arg(count));

@@ -33,7 +33,7 @@ const QStringList& OffWhileMarking() {
 int ModeOf(const QWidget& form) {
     int mode = -1;
     for (int index = 0; index < 3; ++index) {
-        if (ControlOf<QRadioButton>(form, u"Option1(%1)"_s.arg(index)).isChecked()) {
+        if (ChildOf<QRadioButton>(form, u"Option1(%1)"_s.arg(index)).isChecked()) {
             mode = mode == -1 ? index : 3;
         }
     }
@@ -91,7 +91,7 @@ void CheckColors(const Scene& scene, const QWidget& form, int year, int month, C
     const ModelCells cells = ModelMonth(TablesOf(scene.Of().DatabasePath()), year, month);
     for (int index = kFirstCell; index < kCells; ++index) {
         const ModelCell& expected = cells.at(static_cast<std::size_t>(index - kFirstCell));
-        const auto& cell = ControlOf<QPushButton>(form, u"Check1(%1)"_s.arg(index));
+        const auto& cell = ChildOf<QPushButton>(form, u"Check1(%1)"_s.arg(index));
         if (expected.isVisible) {
             const QString spoken = SpokenOf(expected, year, month, index % kDays);
             complaints.Unless(cell.accessibleName() == spoken,
@@ -101,12 +101,12 @@ void CheckColors(const Scene& scene, const QWidget& form, int year, int month, C
 }
 
 void CheckGrid(const QWidget& form, int year, int month, Complaints& complaints) {
-    complaints.Unless(ControlOf<QLabel>(form, u"Label1"_s).text() == ModelHeading(year, month),
+    complaints.Unless(ChildOf<QLabel>(form, u"Label1"_s).text() == ModelHeading(year, month),
                       u"the calendar's heading"_s);
     const ModelCells cells = ModelMonth({}, year, month);
     for (int index = kFirstCell; index < kCells; ++index) {
         const ModelCell& expected = cells.at(static_cast<std::size_t>(index - kFirstCell));
-        const auto& cell = ControlOf<QPushButton>(form, u"Check1(%1)"_s.arg(index));
+        const auto& cell = ChildOf<QPushButton>(form, u"Check1(%1)"_s.arg(index));
         complaints.Unless(
             cell.isVisible() == expected.isVisible && cell.text() == expected.caption,
             u"cell %1 says %2 and should say %3"_s.arg(index).arg(cell.text(), expected.caption));
@@ -117,19 +117,19 @@ void CheckGrid(const QWidget& form, int year, int month, Complaints& complaints)
 void CheckPressed(const QWidget& form, int mode, Complaints& complaints) {
     int pressed = 0;
     for (int index = kFirstCell; index < kCells; ++index) {
-        const auto& cell = ControlOf<QPushButton>(form, u"Check1(%1)"_s.arg(index));
+        const auto& cell = ChildOf<QPushButton>(form, u"Check1(%1)"_s.arg(index));
         pressed += cell.isVisible() && cell.isChecked() ? 1 : 0;
     }
     complaints.Unless(mode != 0 || pressed <= 1, u"%1 days are selected"_s.arg(pressed));
 }
 
 void CheckPanel(const QWidget& form, Complaints& complaints) {
-    const bool isOpen = ControlOf<QTableView>(form, u"ListView1"_s).isVisible();
-    complaints.Unless(ControlOf<QPushButton>(form, u"Command6"_s).text() == (isOpen ? u"←閉" : u"開→"),
+    const bool isOpen = ChildOf<QTableView>(form, u"ListView1"_s).isVisible();
+    complaints.Unless(ChildOf<QPushButton>(form, u"Command6"_s).text() == (isOpen ? u"←閉" : u"開→"),
                       u"the panel's button"_s);
     if (isOpen) {
-        const int rows = ControlOf<QTableView>(form, u"ListView1"_s).model()->rowCount();
-        const QString count = ControlOf<QLabel>(form, u"Label3"_s).text();
+        const int rows = ChildOf<QTableView>(form, u"ListView1"_s).model()->rowCount();
+        const QString count = ChildOf<QLabel>(form, u"Label3"_s).text();
         complaints.Unless(rows == 0 || count == u"ﾃﾞｰﾀ件数 %1件"_s.arg(rows),
                           u"%1 rows, and the caption says %2"_s.arg(rows).arg(count));
     }
@@ -150,7 +150,7 @@ void CheckCalendar(const Scene& scene, Complaints& complaints) {
                  complaints);
     CheckPressed(*form, mode, complaints);
     CheckPanel(*form, complaints);
-    const QString heading = ControlOf<QLabel>(*form, u"Label1"_s).text();
+    const QString heading = ChildOf<QLabel>(*form, u"Label1"_s).text();
     if (heading.isEmpty() && scene.Now().wasOddYear) {
         return;  // opened on a day outside of its range
     }

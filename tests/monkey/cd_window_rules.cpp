@@ -47,11 +47,11 @@ void CheckCdWindow(const Scene& scene, Complaints& complaints) {
         CheckEnabled(*form, {u"Command1(%1)"_s.arg(index)}, row->buttons.at(index), complaints);
     }
     CheckEnabled(*form, {u"cdtm"_s, u"cdtm1"_s}, row->menus, complaints);
-    complaints.Unless(ControlOf<QLabel>(*form, u"Label1"_s).text() == row->caption,
+    complaints.Unless(ChildOf<QLabel>(*form, u"Label1"_s).text() == row->caption,
                       u"the CD player's caption"_s);
     for (int index = 1; index <= 3; ++index) {
-        const auto* format = form->findChild<QAction*>(u"cdm(%1)"_s.arg(index));
-        complaints.Unless(format->isChecked() == (index == state.CdDisplayFormat + 1),
+        const auto& format = ChildOf<QAction>(*form, u"cdm(%1)"_s.arg(index));
+        complaints.Unless(format.isChecked() == (index == state.CdDisplayFormat + 1),
                           u"format %1 of the CD player"_s.arg(index));
     }
 }

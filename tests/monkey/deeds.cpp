@@ -12,6 +12,7 @@
 
 #include "monkey/odd_texts.h"
 #include "monkey/trail.h"
+#include "support/child.h"
 
 namespace tickwell {
 
@@ -263,7 +264,7 @@ void Deeds::ChooseFromTheMenu() {
     }
     const auto button = m_random.OneIn(2) ? Qt::LeftButton : Qt::RightButton;
     QStringList names;
-    for (const QAction* item : form->findChild<QMenu*>(u"Menu"_s)->actions()) {
+    for (const QAction* item : ChildOf<QMenu>(*form, u"Menu"_s).actions()) {
         if (item->isEnabled() && item->isVisible() && !item->isSeparator()) {
             names.append(item->objectName());
         }

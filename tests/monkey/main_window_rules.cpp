@@ -56,7 +56,7 @@ void CheckMarks(const Scene& scene, const QWidget& form, Complaints& complaints)
     const qint32 function = scene.Now().state.started.settings.function;
     QStringList checked;
     for (const FunctionTable& each : kFunctions) {
-        if (ControlOf<QMenu>(form, u"Menu"_s).findChild<QAction*>(each.item.toString())->isChecked()) {
+        if (ChildOf<QAction>(ChildOf<QMenu>(form, u"Menu"_s), each.item.toString()).isChecked()) {
             checked.append(each.item.toString());
         }
     }
@@ -69,22 +69,22 @@ void CheckMarks(const Scene& scene, const QWidget& form, Complaints& complaints)
     const FunctionTable& row = kFunctions.at(static_cast<std::size_t>(function));
     complaints.Unless(checked == QStringList{row.item.toString()},
                       u"function %1 is marked by %2"_s.arg(function).arg(checked.join(u' ')));
-    complaints.Unless(form.findChild<QAction*>(u"Menu0"_s)->isEnabled() == row.hasWindow,
+    complaints.Unless(ChildOf<QAction>(form, u"Menu0"_s).isEnabled() == row.hasWindow,
                       u"Menu0 of function %1"_s.arg(function));
 }
 
 void CheckMenu(const QWidget& form, Complaints& complaints) {
     for (const QString& name : {u"Menu1"_s, u"Menu17"_s, u"Menu20"_s, u"Menu21"_s, u"menu22"_s}) {
-        const auto* item = form.findChild<QAction*>(name);
-        complaints.Unless(item->isEnabled() && item->isVisible(), name + u" cannot be chosen");
+        const auto& item = ChildOf<QAction>(form, name);
+        complaints.Unless(item.isEnabled() && item.isVisible(), name + u" cannot be chosen");
     }
-    const auto* tools = form.findChild<QAction*>(u"Menu10"_s);
-    complaints.Unless(!tools->isVisible(), u"tools are offered and none is there"_s);
+    const auto& tools = ChildOf<QAction>(form, u"Menu10"_s);
+    complaints.Unless(!tools.isVisible(), u"tools are offered and none is there"_s);
 }
 
 void CheckPlace(const QWidget& form, Complaints& complaints) {
-    const auto& upper = ControlOf<MovingWord>(form, u"MovingWord1"_s);
-    const auto& lower = ControlOf<MovingWord>(form, u"MovingWord2"_s);
+    const auto& upper = ChildOf<MovingWord>(form, u"MovingWord1"_s);
+    const auto& lower = ChildOf<MovingWord>(form, u"MovingWord2"_s);
     complaints.Unless(form.rect().contains(upper.geometry()) && form.rect().contains(lower.geometry()),
                       u"a line sticks out of the window"_s);
     complaints.Unless(!upper.geometry().intersects(lower.geometry()), u"the lines lie above each other"_s);
@@ -173,8 +173,8 @@ void CheckLines(const Scene& scene, Complaints& complaints) {
     if (!form.isVisible()) {
         return;  // a hidden window is not refreshed
     }
-    CheckLowerLine(scene, ControlOf<MovingWord>(form, u"MovingWord2"_s).Text(), complaints);
-    CheckUpperLine(scene, ControlOf<MovingWord>(form, u"MovingWord1"_s).Text(), complaints);
+    CheckLowerLine(scene, ChildOf<MovingWord>(form, u"MovingWord2"_s).Text(), complaints);
+    CheckUpperLine(scene, ChildOf<MovingWord>(form, u"MovingWord1"_s).Text(), complaints);
 }
 
 }  // namespace tickwell

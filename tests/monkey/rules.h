@@ -7,6 +7,7 @@
 #include <QWidget>
 
 #include "monkey/world.h"
+#include "support/child.h"
 
 namespace tickwell {
 
@@ -88,21 +89,11 @@ void CheckDatabase(const World& world, Complaints& complaints);
 /// Checks after the program's end that the settings file reads back as the settings that the program had.
 void CheckSettingsFile(const World& world, Complaints& complaints);
 
-/// The control of this name in a window; ends the process if it is missing.
-template <typename Control>
-Control& ControlOf(const QWidget& window, const QString& name) {
-    auto* control = window.findChild<Control*>(name);
-    if (control == nullptr) {
-        qFatal("%s has no %s", qPrintable(window.objectName()), qPrintable(name));
-    }
-    return *control;
-}
-
 /// Checks that all these controls are enabled, or that all are disabled.
 inline void CheckEnabled(const QWidget& window, const QStringList& names, bool enabled,
                          Complaints& complaints) {
     for (const QString& name : names) {
-        complaints.Unless(ControlOf<QWidget>(window, name).isEnabled() == enabled,
+        complaints.Unless(ChildOf<QWidget>(window, name).isEnabled() == enabled,
                           window.objectName() + u'/' + name + (enabled ? u" is off" : u" is on"));
     }
 }

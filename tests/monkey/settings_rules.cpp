@@ -31,7 +31,7 @@ constexpr std::array kArrays{
 int ChosenOf(const QWidget& page, QStringView name, int count, Complaints& complaints) {
     QList<int> chosen;
     for (int index = 0; index < count; ++index) {
-        if (ControlOf<QAbstractButton>(page, u"%1(%2)"_s.arg(name).arg(index)).isChecked()) {
+        if (ChildOf<QAbstractButton>(page, u"%1(%2)"_s.arg(name).arg(index)).isChecked()) {
             chosen.append(index);
         }
     }
@@ -48,7 +48,7 @@ void CheckClockPage(const QWidget& page, int language, Complaints& complaints) {
                   u"Option5(1)"_s, u"Option6(0)"_s, u"Option6(1)"_s},
                  isModern, complaints);
     CheckEnabled(page, {u"Frame5"_s, u"Option3(0)"_s, u"Option3(1)"_s, u"Option3(2)"_s}, true, complaints);
-    const QString frame = ControlOf<QGroupBox>(page, u"Frame6"_s).title();
+    const QString frame = ChildOf<QGroupBox>(page, u"Frame6"_s).title();
     complaints.Unless(!isModern || frame == (language == 0 ? u"年号" : u"月名"),
                       u"the years' frame says " + frame);
 }
@@ -57,14 +57,14 @@ void CheckRollPage(const QWidget& page, bool isUsed, Complaints& complaints) {
     CheckEnabled(page,
                  {u"Frame4"_s, u"Check1"_s, u"Check2"_s, u"Check3"_s, u"Check4"_s, u"UpDown1"_s, u"Text1"_s},
                  isUsed, complaints);
-    const int seconds = ControlOf<QSpinBox>(page, u"UpDown1"_s).value();
+    const int seconds = ChildOf<QSpinBox>(page, u"UpDown1"_s).value();
     complaints.Unless(seconds >= 1 && seconds <= 3600, u"the roll's interval"_s);
 }
 
 void CheckChimePage(const QWidget& page, Complaints& complaints) {
     const QStringList sounds{u"鳩時計の音"_s, u"赤ちゃん"_s, u"機械時計[高い音]"_s, u"機械時計[低い音]"_s,
                              u"人の掛け声"_s};
-    const QString sound = ControlOf<QComboBox>(page, u"Combo1"_s).currentText();
+    const QString sound = ChildOf<QComboBox>(page, u"Combo1"_s).currentText();
     complaints.Unless(sounds.contains(sound), u"the chime is " + sound);
     CheckEnabled(page, {u"Listen"_s, u"Combo1"_s}, true, complaints);
 }
@@ -79,20 +79,20 @@ void CheckSettingsWindow(const Scene& scene, Complaints& complaints) {
     QList<int> chosen;
     for (const ArrayTable& array : kArrays) {
         chosen.append(
-            ChosenOf(ControlOf<QWidget>(*form, array.page.toString()), array.name, array.count, complaints));
+            ChosenOf(ChildOf<QWidget>(*form, array.page.toString()), array.name, array.count, complaints));
     }
-    const auto page = [form](const QString& name) -> QWidget& { return ControlOf<QWidget>(*form, name); };
+    const auto page = [form](const QString& name) -> QWidget& { return ChildOf<QWidget>(*form, name); };
     CheckRollPage(page(u"Picture2"_s), chosen.at(1) == 1, complaints);
     CheckClockPage(page(u"Picture3"_s), chosen.at(2), complaints);
     CheckChimePage(page(u"Picture4"_s), complaints);
     CheckEnabled(page(u"Picture5"_s), {u"Command4"_s}, true, complaints);
-    const int speed = ControlOf<QSlider>(*form, u"Slider1"_s).value();
+    const int speed = ChildOf<QSlider>(*form, u"Slider1"_s).value();
     complaints.Unless(speed >= 1 && speed <= 34, u"the speed"_s);
     CheckEnabled(*form,
                  {u"Command1"_s, u"Command2"_s, u"Command3"_s, u"Command8"_s, u"Command5"_s, u"Command6"_s,
                   u"Command7"_s},
                  true, complaints);
-    const int tab = ControlOf<QTabWidget>(*form, u"TabStrip1"_s).currentIndex();
+    const int tab = ChildOf<QTabWidget>(*form, u"TabStrip1"_s).currentIndex();
     complaints.Met(u"Form2 tab %1"_s.arg(tab));
     const std::array pages{u"Picture1"_s, u"Picture2"_s, u"Picture3"_s, u"Picture4"_s, u"Picture5"_s};
     const std::array order{u"Picture1"_s, u"Picture3"_s, u"Picture2"_s, u"Picture4"_s,

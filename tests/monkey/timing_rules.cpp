@@ -34,8 +34,8 @@ void CheckStopwatch(const Scene& scene, Complaints& complaints) {
     const StopwatchState& state = scene.Now().state.stopwatch;
     const bool running = state.StopwatchRunning;
     complaints.Met(running ? u"StopForm running"_s : u"StopForm stopped"_s);
-    const QString upper = ControlOf<QPushButton>(*form, u"Command1"_s).text();
-    const QString lower = ControlOf<QPushButton>(*form, u"Command2"_s).text();
+    const QString upper = ChildOf<QPushButton>(*form, u"Command1"_s).text();
+    const QString lower = ChildOf<QPushButton>(*form, u"Command2"_s).text();
     complaints.Unless(upper == (running ? u"ストップ" : u"スタート"),
                       u"the stopwatch's Command1 says " + upper);
     complaints.Unless(lower == (running ? u"ラップ" : u"リセット"),
@@ -43,7 +43,7 @@ void CheckStopwatch(const Scene& scene, Complaints& complaints) {
     CheckEnabled(*form, {u"Command1"_s, u"Command2"_s, u"Command4"_s, u"Text1"_s}, true, complaints);
     const bool isPrinting = scene.HasBox(u"印刷"_s) || scene.Now().printer.isPrinting;
     CheckEnabled(*form, {u"Command3"_s}, !isPrinting, complaints);
-    const auto& list = ControlOf<QPlainTextEdit>(*form, u"Text1"_s);
+    const auto& list = ChildOf<QPlainTextEdit>(*form, u"Text1"_s);
     const auto laps = list.toPlainText().count(u"Lapse"_s);
     complaints.Unless(laps == state.StopwatchLapCount,
                       u"%1 laps stand there, %2 were taken"_s.arg(laps).arg(state.StopwatchLapCount));
@@ -58,7 +58,7 @@ void CheckTimer(const Scene& scene, Complaints& complaints) {
     const CountdownState& state = scene.Now().state.countdown;
     const bool running = state.CountdownRunning;
     complaints.Met(running ? u"TimerForm running"_s : u"TimerForm stopped"_s);
-    const QString caption = ControlOf<QPushButton>(*form, u"Command1"_s).text();
+    const QString caption = ChildOf<QPushButton>(*form, u"Command1"_s).text();
     complaints.Unless(caption == (running ? u"ストップ" : u"スタート"),
                       u"the timer's Command1 says " + caption);
     CheckEnabled(*form, {u"Command1"_s, u"Command3"_s}, true, complaints);
@@ -66,13 +66,13 @@ void CheckTimer(const Scene& scene, Complaints& complaints) {
                  {u"Frame1"_s, u"UpDown1"_s, u"UpDown2"_s, u"UpDown3"_s, u"Label1"_s, u"Label2"_s,
                   u"Label3"_s, u"Check1"_s, u"Command2"_s, u"Text1"_s, u"Text2"_s, u"Text3"_s},
                  !running, complaints);
-    const auto number = [form](const QString& name) { return ControlOf<QSpinBox>(*form, name).value(); };
+    const auto number = [form](const QString& name) { return ChildOf<QSpinBox>(*form, name).value(); };
     const qint32 entry =
         (number(u"UpDown1"_s) * 3600 + number(u"UpDown2"_s) * 60 + number(u"UpDown3"_s)) * 1000;
     complaints.Unless(entry == state.CountdownDuration,
                       u"the timer shows %1 ms and is set to %2"_s.arg(entry).arg(state.CountdownDuration));
     complaints.Unless(entry > 0, u"the timer is set to nothing"_s);
-    complaints.Unless(ControlOf<QCheckBox>(*form, u"Check1"_s).isChecked() == state.CountdownRepeat,
+    complaints.Unless(ChildOf<QCheckBox>(*form, u"Check1"_s).isChecked() == state.CountdownRepeat,
                       u"the timer's repeat"_s);
 }
 
@@ -112,7 +112,7 @@ void CheckReading(const Scene& scene, Complaints& complaints) {
     const QWidget* form = scene.Window(u"Form1"_s);
     const auto reading = ReadingOf(scene.Now());
     if (form != nullptr && form->isVisible() && reading && scene.Quiet() >= 2 * kFrame) {
-        const QString text = ControlOf<MovingWord>(*form, u"MovingWord2"_s).Text();
+        const QString text = ChildOf<MovingWord>(*form, u"MovingWord2"_s).Text();
         complaints.Unless(IsReadingOfLastFrame(text, scene.Now(), *reading),
                           u"the reading is %1 and should be %2"_s.arg(text, ElapsedText(*reading)));
     }
@@ -121,7 +121,7 @@ void CheckReading(const Scene& scene, Complaints& complaints) {
 void CheckNotice(const Scene& scene, Complaints& complaints) {
     if (const QWidget* form = scene.Window(u"Form8"_s)) {
         complaints.Met(u"Form8"_s);
-        complaints.Unless(ControlOf<QLabel>(*form, u"Label1"_s).text() == u"指定の時間が経過しました",
+        complaints.Unless(ChildOf<QLabel>(*form, u"Label1"_s).text() == u"指定の時間が経過しました",
                           u"the notice's text"_s);
         CheckEnabled(*form, {u"Command1"_s}, true, complaints);
     }

@@ -12,6 +12,7 @@
 #include <QWindow>
 
 #include "platform/desktop/qt_message_boxes.h"
+#include "support/child.h"
 
 using namespace tickwell;
 using namespace Qt::StringLiterals;
@@ -291,7 +292,7 @@ void TstQtMessageBoxes::ABoxThatGoesWithItsWindowWasCancelled() {
     boxes.ShowWithChoice(window.get(), kQuestion, u"一"_s, [&answers](bool isTicked) {
         answers.append(isTicked ? u"ticked"_s : u"not ticked"_s);
     });
-    BoxOnScreen()->parentWidget()->findChild<QCheckBox*>()->setChecked(true);
+    ChildOf<QCheckBox>(*BoxOnScreen()->parentWidget()).setChecked(true);
     window.reset();
     QVERIFY(BoxOnScreen() == nullptr);
     QVERIFY(answers.isEmpty());  // the window is being destroyed

@@ -2,9 +2,11 @@
 #pragma once
 
 #include <QAbstractButton>
+#include <QColorDialog>
 
 #include "settings_ui/settings_window.h"
 #include "shell/main_window_bench.h"
+#include "support/child.h"
 #include "support/fake_autostart.h"
 #include "support/fake_help_viewer.h"
 
@@ -41,7 +43,7 @@ struct SettingsBench {
     void Open() {
         if (main.form == nullptr) {
             main.Start();
-            main.time.Advance(11'000);
+            main.time.Advance(kStartUp);
         }
         form = std::make_unique<Form2>(SettingsParts{.displays = main.form->AllDisplays(),
                                                      .settings = main.settings,
@@ -57,7 +59,7 @@ struct SettingsBench {
 
     template <typename Control>
     Control& Child(const QString& name) const {
-        return *form->findChild<Control*>(name);
+        return ChildOf<Control>(*form, name);
     }
     QAbstractButton& Button(const QString& name) const { return Child<QAbstractButton>(name); }
     void Click(const QString& name) const { Button(name).click(); }
@@ -74,6 +76,9 @@ struct SettingsBench {
         }
         return selected;
     }
+    /// The open picker for a line's font, and for a colour.
+    QDialog& StylePicker() const { return Child<QDialog>(QStringLiteral("StylePicker")); }
+    QColorDialog& ColourPicker() const { return ChildOf<QColorDialog>(*form); }
     MovingWord& Sample(int line) const { return Child<MovingWord>(QStringLiteral("MovingWord%1").arg(line)); }
 };
 

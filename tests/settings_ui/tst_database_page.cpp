@@ -30,19 +30,19 @@ void TstDatabasePage::WhileTheDatabaseIsCompactedThePageSaysSo() {
     SettingsBench bench;
     bench.Open();
     QVERIFY(QTest::qWaitForWindowActive(bench.form.get()));
-    bench.form->findChild<QTabWidget*>(u"TabStrip1"_s)->setCurrentIndex(4);
+    bench.Child<QTabWidget>(u"TabStrip1"_s).setCurrentIndex(4);
     QAbstractButton& button = bench.Button(u"Command4"_s);
-    const auto* progress = bench.form->findChild<QLabel*>(u"Progress"_s);
-    QVERIFY(!progress->isVisible());
+    const auto& progress = bench.Child<QLabel>(u"Progress"_s);
+    QVERIFY(!progress.isVisible());
     button.setFocus();
     bench.Click(u"Command4"_s);
     QVERIFY(!button.isEnabled());
-    QVERIFY(progress->isVisible());
-    QCOMPARE(progress->text(), u"最適化しています…"_s);
+    QVERIFY(progress.isVisible());
+    QCOMPARE(progress.text(), u"最適化しています…"_s);
     bench.compacted();
     QVERIFY(button.isEnabled());
     QVERIFY(button.hasFocus());
-    QVERIFY(!progress->isVisible());
+    QVERIFY(!progress.isVisible());
     bench.Click(u"Command4"_s);
     bench.form.reset();
     bench.compacted();  // the page no longer exists

@@ -10,7 +10,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const LineStyle kStored{u"No Such Font"_s, 10, 65280, false, true, false, true};
+const LineStyle kStored{
+    .fontName = u"No Such Font"_s, .fontSize = 10, .color = 65280, .italic = true, .underline = true};
 
 }  // namespace
 
@@ -65,8 +66,10 @@ void TstPickedStyle::ANewFamilyIsTaken() {
 
 void TstPickedStyle::AllElseThatWasChangedIsTaken() {
     const LineStyle offered = OfferedStyle(kStored);
-    const LineStyle picked{offered.fontName, 11, 255, true, false, true, false};
-    const LineStyle expected{u"No Such Font"_s, 11, 255, true, false, true, false};
+    const LineStyle picked{
+        .fontName = offered.fontName, .fontSize = 11, .color = 255, .bold = true, .strikethrough = true};
+    const LineStyle expected{
+        .fontName = u"No Such Font"_s, .fontSize = 11, .color = 255, .bold = true, .strikethrough = true};
     QCOMPARE(PickedStyle(kStored, offered, picked), expected);
 }
 

@@ -31,9 +31,16 @@ void TstSettingsDraft::AllIsCopiedBackButTheFunction() {
     FurtherSettings further;
     SettingsDraft draft{settings, further};
     draft.settings = {2, QStringLiteral("x"), 4, 33, 1, 255, {}, {}, 2, 1, 1, 1, 9};
-    draft.settings.upper = {QStringLiteral("Font"), 20, 1, true, true, true, true};
-    draft.settings.lower = {QStringLiteral("Other"), 8, 2, true, false, true, false};
-    draft.further = {{true, {0}, 99}, false};
+    draft.settings.upper = {.fontName = QStringLiteral("Font"),
+                            .fontSize = 20,
+                            .color = 1,
+                            .bold = true,
+                            .italic = true,
+                            .strikethrough = true,
+                            .underline = true};
+    draft.settings.lower = {
+        .fontName = QStringLiteral("Other"), .fontSize = 8, .color = 2, .bold = true, .strikethrough = true};
+    draft.further = {.roll = {.use = true, .kinds = {0}, .interval = 99}, .tellsNoCdDrive = false};
     settings.function = 1;  // changed by the roll meanwhile
     draft.ApplyTo(settings, further);
     QCOMPARE(settings.function, 1);

@@ -4,6 +4,7 @@
 
 #include "lines/line_look.h"
 #include "settings_ui/style_picker.h"
+#include "support/child.h"
 #include "support/fake_message_boxes.h"
 
 using namespace tickwell;
@@ -14,11 +15,12 @@ namespace {
 struct Bench {
     FakeMessageBoxes boxes;
     Handlers handlers{boxes};
-    LineStyle stored{u"ＭＳ Ｐゴシック"_s, 10, 65280, false, true, false, true};
+    LineStyle stored{
+        .fontName = u"ＭＳ Ｐゴシック"_s, .fontSize = 10, .color = 65280, .italic = true, .underline = true};
 
     template <typename Control>
     static Control& Child(const StylePicker& picker, const char* name) {
-        return *picker.findChild<Control*>(QLatin1StringView(name));
+        return ChildOf<Control>(picker, QLatin1StringView(name));
     }
 };
 
@@ -90,10 +92,10 @@ void TstStylePicker::TheColourIsPickedInThePlatformsOrder() {
     Bench bench;
     const StylePicker picker(bench.handlers, u"x"_s, bench.stored, 0, nullptr);
     Bench::Child<QPushButton>(picker, "Color").click();
-    auto* colours = picker.findChild<QColorDialog*>();
-    QCOMPARE(colours->currentColor(), QColor(0, 255, 0));
-    colours->setCurrentColor(QColor(1, 2, 3));
-    colours->accept();
+    auto& colours = ChildOf<QColorDialog>(picker);
+    QCOMPARE(colours.currentColor(), QColor(0, 255, 0));
+    colours.setCurrentColor(QColor(1, 2, 3));
+    colours.accept();
     QCOMPARE(picker.Picked().color, 1 + 2 * 256 + 3 * 65536);
     QCOMPARE(Bench::Child<QPushButton>(picker, "Color").text(), u"#010203"_s);
 }
@@ -102,9 +104,9 @@ void TstStylePicker::ACancelledColourIsNotTaken() {
     Bench bench;
     const StylePicker picker(bench.handlers, u"x"_s, bench.stored, 0, nullptr);
     Bench::Child<QPushButton>(picker, "Color").click();
-    auto* colours = picker.findChild<QColorDialog*>();
-    colours->setCurrentColor(QColor(1, 2, 3));
-    colours->reject();
+    auto& colours = ChildOf<QColorDialog>(picker);
+    colours.setCurrentColor(QColor(1, 2, 3));
+    colours.reject();
     QCOMPARE(picker.Picked(), bench.stored);
 }
 

@@ -6,12 +6,15 @@
 #include "lines/moving_word.h"
 #include "shell/main_window.h"
 #include "store/day_store.h"
+#include "support/child.h"
 #include "support/fake_program_starter.h"
 #include "support/fake_settings_store.h"
 #include "support/fake_tray.h"
 #include "support/fake_window_stack.h"
 
 namespace tickwell {
+
+inline constexpr int kStartUp = 11'000;  // ms until the main window starts the stored function
 
 /// The main window, with a real day database, and with all else in the test's hands.
 struct MainWindowBench : DisplaysBench {
@@ -53,9 +56,9 @@ struct MainWindowBench : DisplaysBench {
         form->Form_Load();
         form->show();
     }
-    MovingWord& Upper() const { return *form->findChild<MovingWord*>(QStringLiteral("MovingWord1")); }
-    MovingWord& Lower() const { return *form->findChild<MovingWord*>(QStringLiteral("MovingWord2")); }
-    QAction& Item(const char* name) const { return *form->findChild<QAction*>(QLatin1StringView(name)); }
+    MovingWord& Upper() const { return ChildOf<MovingWord>(*form, QStringLiteral("MovingWord1")); }
+    MovingWord& Lower() const { return ChildOf<MovingWord>(*form, QStringLiteral("MovingWord2")); }
+    QAction& Item(const char* name) const { return ChildOf<QAction>(*form, QLatin1StringView(name)); }
 };
 
 }  // namespace tickwell

@@ -3,6 +3,7 @@
 
 #include "displays/displays_bench.h"
 #include "shell/main_menu.h"
+#include "support/child.h"
 
 using namespace tickwell;
 using namespace Qt::StringLiterals;
@@ -126,9 +127,9 @@ void TstMainMenu::OneFunctionIsMarkedAtATime() {
 
 void TstMainMenu::ChoosingAnItemTellsItsCommand() {
     Bench bench;
-    bench.menu.findChild<QAction*>(u"Menu4"_s)->trigger();
-    bench.menu.findChild<QAction*>(u"MenuTool(6)"_s)->trigger();
-    bench.menu.findChild<QAction*>(u"Menu20"_s)->trigger();
+    ChildOf<QAction>(bench.menu, u"Menu4"_s).trigger();
+    ChildOf<QAction>(bench.menu, u"MenuTool(6)"_s).trigger();
+    ChildOf<QAction>(bench.menu, u"Menu20"_s).trigger();
     QCOMPARE(bench.chosen,
              (QList<std::pair<MenuCommand, qint32>>{
                  {MenuCommand::ChangeFunction, 1}, {MenuCommand::StartTool, 6}, {MenuCommand::Quit, -1}}));
@@ -144,11 +145,11 @@ void TstMainMenu::ChoosingTheMarkedItemAgainStillTellsIt() {
             menu.CheckFunction(function);
         },
         nullptr);
-    auto* clock = menu.findChild<QAction*>(u"Menu3"_s);
-    clock->trigger();
-    clock->trigger();
+    auto& clock = ChildOf<QAction>(menu, u"Menu3"_s);
+    clock.trigger();
+    clock.trigger();
     QCOMPARE(chosen, 2);
-    QVERIFY(clock->isChecked());
+    QVERIFY(clock.isChecked());
 }
 
 void TstMainMenu::AnErrorOfAnItemIsReported() {
@@ -156,7 +157,7 @@ void TstMainMenu::AnErrorOfAnItemIsReported() {
     MainMenu menu(
         bench.displays, bench.handlers, [](MenuCommand, qint32) { throw RunTimeError(u"だめです。"_s); },
         nullptr);
-    menu.findChild<QAction*>(u"Menu20"_s)->trigger();
+    ChildOf<QAction>(menu, u"Menu20"_s).trigger();
     QCOMPARE(bench.boxes.Shown().size(), 1);
 }
 

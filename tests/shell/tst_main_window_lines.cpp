@@ -8,13 +8,12 @@
 #include "shell/main_window_accessible.h"
 #include "shell/main_window_bench.h"
 #include "support/discs.h"
+#include "support/window.h"
 
 using namespace tickwell;
 using namespace Qt::StringLiterals;
 
 namespace {
-
-constexpr int kStartUp = 11'000;  // ms until the stored function starts
 
 /// The main window with this function, which has just started, and with the windows of stopwatch and timer
 /// open.
@@ -34,12 +33,7 @@ struct Bench : public MainWindowBench {
 
     template <typename Control>
     static Control& The(const char* window, const char* name) {
-        for (QWidget* each : QApplication::topLevelWidgets()) {
-            if (each->objectName() == QLatin1StringView(window)) {
-                return *each->findChild<Control*>(QLatin1StringView(name));
-            }
-        }
-        qFatal("no window %s", window);
+        return ChildOf<Control>(WindowNamed(QLatin1StringView(window)), QLatin1StringView(name));
     }
     static void Press(const char* window, const char* button) { The<QPushButton>(window, button).click(); }
     static void SetSeconds(int seconds) { The<QSpinBox>("TimerForm", "UpDown3").setValue(seconds); }

@@ -10,12 +10,6 @@
 using namespace tickwell;
 using namespace Qt::StringLiterals;
 
-namespace {
-
-constexpr int kStartUp = 11'000;  // ms until the stored function starts
-
-}  // namespace
-
 /// The main window among the other windows of the desktop: its menu, the notification area, keeping on top.
 class TstMainWindowShell : public QObject {
     Q_OBJECT
@@ -295,7 +289,7 @@ void TstMainWindowShell::TheAreasMenuHasItsCommands() {
     bench.Start();
     bench.Item("Menu19").trigger();
     QCOMPARE(bench.tray.Menu()->objectName(), u"Menu90"_s);
-    bench.tray.Menu()->findChild<QAction*>(u"Menu94"_s)->trigger();
+    ChildOf<QAction>(*bench.tray.Menu(), u"Menu94"_s).trigger();
     QCOMPARE(bench.closed, 1);
 }
 
@@ -339,7 +333,7 @@ void TstMainWindowShell::ItClosesFromTheNotificationArea() {
     bench.tray.SetThere(true);
     bench.Start();
     bench.Item("Menu19").trigger();
-    bench.tray.Menu()->findChild<QAction*>(u"Menu94"_s)->trigger();
+    ChildOf<QAction>(*bench.tray.Menu(), u"Menu94"_s).trigger();
     QCOMPARE(bench.store.Written().size(), 27);
     QVERIFY(!bench.tray.HasIcon());
     QVERIFY(!bench.form->isVisible());

@@ -47,6 +47,68 @@ Spoil InEncoding(const QByteArray& encoding) {
     };
 }
 
+void AddRow(const char* name, const Spoil& spoil, const QString& reason) {
+    QTest::newRow(name) << spoil << reason;
+}
+
+/// Files that are no SQLite database at all.
+void AddOtherFiles() {
+    const QString otherForm = u"データベースの形式が違います。"_s;
+    AddRow("empty", Bytes(QByteArray()), otherForm);
+    AddRow("one byte", Bytes("S"), otherForm);
+    AddRow("first bytes alone", Bytes(QByteArray("SQLite format 3\0", 16)), otherForm);
+    AddRow("a text", Bytes(QByteArray("This is a text. ").repeated(1000)), otherForm);
+    AddRow("another kind of database",
+           Bytes(QByteArray("\0\1\0\0Standard Jet DB\0", 20) + QByteArray(20'000, '\0')), otherForm);
+    AddRow("zeros", Bytes(QByteArray(40'000, '\0')), otherForm);
+}
+
+QString MissingTable(const char* table) {
+    return u"データベースに表 %1 がありません。"_s.arg(QLatin1StringView(table));
+}
+
+QString OtherTableForm(const char* table) {
+    return u"データベースの表 %1 の形が違います。"_s.arg(QLatin1StringView(table));
+}
+
+/// Databases with other tables or columns.
+void AddOtherTables() {
+    AddRow("without a table", Sql("DROP TABLE Kinenbi"), MissingTable("Kinenbi"));
+    AddRow("without the last table", Sql("DROP TABLE Usuallyday"), MissingTable("Usuallyday"));
+    AddRow("table of another name", Sql("ALTER TABLE Halfday RENAME TO Half"), MissingTable("Halfday"));
+    AddRow("without a column", Sql("ALTER TABLE Syukuzitu DROP COLUMN \"Day\""), OtherTableForm("Syukuzitu"));
+    AddRow("one column too many", Sql("ALTER TABLE Holiday ADD COLUMN \"Note\" TEXT"),
+           OtherTableForm("Holiday"));
+    AddRow("column of another name", Sql("ALTER TABLE Kinenbi RENAME COLUMN \"Week\" TO \"Wk\""),
+           OtherTableForm("Kinenbi"));
+    AddRow(
+        "columns in another order",
+        Sql("DROP TABLE Syukuzitu; CREATE TABLE Syukuzitu(\"id\" INTEGER PRIMARY KEY, \"Month\" INTEGER NOT "
+            "NULL, "
+            "\"Name\" TEXT NOT NULL, \"Day\" INTEGER NOT NULL) STRICT"),
+        OtherTableForm("Syukuzitu"));
+    AddRow(
+        "column of another type",
+        Sql("DROP TABLE Holiday; CREATE TABLE Holiday(\"id\" INTEGER PRIMARY KEY, \"Date\" INTEGER NOT NULL) "
+            "STRICT"),
+        OtherTableForm("Holiday"));
+    AddRow("column that may be NULL",
+           Sql("DROP TABLE Holiday; CREATE TABLE Holiday(\"id\" INTEGER PRIMARY KEY, \"Date\" TEXT) STRICT"),
+           OtherTableForm("Holiday"));
+    AddRow("without an id", Sql("DROP TABLE Holiday; CREATE TABLE Holiday(\"Date\" TEXT NOT NULL) STRICT"),
+           OtherTableForm("Holiday"));
+    AddRow("id that is no key",
+           Sql("DROP TABLE Holiday; CREATE TABLE Holiday(\"id\" INTEGER, \"Date\" TEXT NOT NULL) STRICT"),
+           OtherTableForm("Holiday"));
+    AddRow(
+        "not strict",
+        Sql("DROP TABLE Holiday; CREATE TABLE Holiday(\"id\" INTEGER PRIMARY KEY, \"Date\" TEXT NOT NULL)"),
+        OtherTableForm("Holiday"));
+    AddRow("view in place of a table",
+           Sql("DROP TABLE Holiday; CREATE VIEW Holiday AS SELECT id, \"Date\" FROM Halfday"),
+           OtherTableForm("Holiday"));
+}
+
 }  // namespace
 
 /// Any problem of the file is reported when it is opened, and the file is unchanged.
@@ -71,65 +133,20 @@ private Q_SLOTS:
 void TstStoreOpening::RefusesAtOpening_data() {
     QTest::addColumn<Spoil>("spoil");
     QTest::addColumn<QString>("reason");
-    const QString otherForm = u"データベースの形式が違います。"_s;
-    const QString damaged = u"データベースが壊れています。"_s;
-    const auto row = [](const char* name, const Spoil& spoil, const QString& reason) {
-        QTest::newRow(name) << spoil << reason;
-    };
-    row("empty", Bytes(QByteArray()), otherForm);
-    row("one byte", Bytes("S"), otherForm);
-    row("first bytes alone", Bytes(QByteArray("SQLite format 3\0", 16)), otherForm);
-    row("a text", Bytes(QByteArray("This is a text. ").repeated(1000)), otherForm);
-    row("another kind of database",
-        Bytes(QByteArray("\0\1\0\0Standard Jet DB\0", 20) + QByteArray(20'000, '\0')), otherForm);
-    row("zeros", Bytes(QByteArray(40'000, '\0')), otherForm);
-    const auto tables = [](const char* table) {
-        return u"データベースに表 %1 がありません。"_s.arg(QLatin1StringView(table));
-    };
-    const auto form = [](const char* table) {
-        return u"データベースの表 %1 の形が違います。"_s.arg(QLatin1StringView(table));
-    };
-    row("without a table", Sql("DROP TABLE Kinenbi"), tables("Kinenbi"));
-    row("without the last table", Sql("DROP TABLE Usuallyday"), tables("Usuallyday"));
-    row("table of another name", Sql("ALTER TABLE Halfday RENAME TO Half"), tables("Halfday"));
-    row("without a column", Sql("ALTER TABLE Syukuzitu DROP COLUMN \"Day\""), form("Syukuzitu"));
-    row("one column too many", Sql("ALTER TABLE Holiday ADD COLUMN \"Note\" TEXT"), form("Holiday"));
-    row("column of another name", Sql("ALTER TABLE Kinenbi RENAME COLUMN \"Week\" TO \"Wk\""),
-        form("Kinenbi"));
-    row("columns in another order",
-        Sql("DROP TABLE Syukuzitu; CREATE TABLE Syukuzitu(\"id\" INTEGER PRIMARY KEY, \"Month\" INTEGER NOT "
-            "NULL, "
-            "\"Name\" TEXT NOT NULL, \"Day\" INTEGER NOT NULL) STRICT"),
-        form("Syukuzitu"));
-    row("column of another type",
-        Sql("DROP TABLE Holiday; CREATE TABLE Holiday(\"id\" INTEGER PRIMARY KEY, \"Date\" INTEGER NOT NULL) "
-            "STRICT"),
-        form("Holiday"));
-    row("column that may be NULL",
-        Sql("DROP TABLE Holiday; CREATE TABLE Holiday(\"id\" INTEGER PRIMARY KEY, \"Date\" TEXT) STRICT"),
-        form("Holiday"));
-    row("without an id", Sql("DROP TABLE Holiday; CREATE TABLE Holiday(\"Date\" TEXT NOT NULL) STRICT"),
-        form("Holiday"));
-    row("id that is no key",
-        Sql("DROP TABLE Holiday; CREATE TABLE Holiday(\"id\" INTEGER, \"Date\" TEXT NOT NULL) STRICT"),
-        form("Holiday"));
-    row("not strict",
-        Sql("DROP TABLE Holiday; CREATE TABLE Holiday(\"id\" INTEGER PRIMARY KEY, \"Date\" TEXT NOT NULL)"),
-        form("Holiday"));
-    row("view in place of a table",
-        Sql("DROP TABLE Holiday; CREATE VIEW Holiday AS SELECT id, \"Date\" FROM Halfday"), form("Holiday"));
-    row("newer", Sql("PRAGMA user_version = 2"), u"新しい版のプログラムで作られたデータベースです。"_s);
-    row("of another program", Sql("PRAGMA application_id = 1"), u"ほかのプログラムのデータベースです。"_s);
+    AddOtherFiles();
+    AddOtherTables();
+    AddRow("newer", Sql("PRAGMA user_version = 2"), u"新しい版のプログラムで作られたデータベースです。"_s);
+    AddRow("of another program", Sql("PRAGMA application_id = 1"), u"ほかのプログラムのデータベースです。"_s);
     for (const char* encoding : {"UTF-16le", "UTF-16be"}) {
-        row(encoding, InEncoding(encoding), u"データベースの文字コードが違います。"_s);
+        AddRow(encoding, InEncoding(encoding), u"データベースの文字コードが違います。"_s);
     }
-    row("wrong type of value",
-        Sql("PRAGMA writable_schema = 1;"
-            "UPDATE sqlite_schema SET sql = replace(sql, ' STRICT', '') WHERE name = 'Holiday';"
-            "PRAGMA writable_schema = RESET; INSERT INTO Holiday(\"Date\") VALUES (x'00');"
-            "PRAGMA writable_schema = 1;"
-            "UPDATE sqlite_schema SET sql = sql || ' STRICT' WHERE name = 'Holiday'"),
-        damaged);
+    AddRow("wrong type of value",
+           Sql("PRAGMA writable_schema = 1;"
+               "UPDATE sqlite_schema SET sql = replace(sql, ' STRICT', '') WHERE name = 'Holiday';"
+               "PRAGMA writable_schema = RESET; INSERT INTO Holiday(\"Date\") VALUES (x'00');"
+               "PRAGMA writable_schema = 1;"
+               "UPDATE sqlite_schema SET sql = sql || ' STRICT' WHERE name = 'Holiday'"),
+           u"データベースが壊れています。"_s);
 }
 
 void TstStoreOpening::RefusesAtOpening() {

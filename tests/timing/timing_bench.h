@@ -9,6 +9,7 @@
 #include "support/fake_help_viewer.h"
 #include "support/fake_message_boxes.h"
 #include "support/fake_printer.h"
+#include "support/window.h"
 #include "timing/journal.h"
 #include "timing/timing_displays.h"
 
@@ -42,7 +43,7 @@ struct TimingBench : public DisplayFunctions {
                        .sendCommand = [this](const QString& command) { commands.append(command); },
                        .place = [this](QWidget&) { ++placed; },
                        .version = QStringLiteral("2.0.0")},
-                      {.lines = {upper, lower}, .functions = *this}};
+                      {.lines = {.upper = upper, .lower = lower}, .functions = *this}};
     StopwatchDisplay stopwatchDisplay{Borrowed(tools)};
     CountdownDisplay countdownDisplay{Borrowed(tools)};
 
@@ -61,20 +62,15 @@ struct TimingBench : public DisplayFunctions {
     /// An existing window of this class; null if there is none.
     template <typename Window>
     static Window* Find() {
-        for (QWidget* widget : QApplication::topLevelWidgets()) {
-            if (auto* window = qobject_cast<Window*>(widget)) {
-                return window;
-            }
-        }
-        return nullptr;
+        return FindWindow<Window>();
     }
     template <typename Window>
     Window& The() const {
-        return *Find<Window>();
+        return WindowOf<Window>();
     }
     template <typename Window, typename Control>
     Control& The(const char* name) const {
-        return *The<Window>().template findChild<Control*>(QString::fromLatin1(name));
+        return ChildOf<Control>(The<Window>(), QString::fromLatin1(name));
     }
     template <typename Window>
     void Press(const char* button) const {

@@ -19,7 +19,7 @@ struct Bench {
     JournalWindows windows{journal};
     CountdownState state;
     Countdown countdown{state, time};
-    CountdownLines lines{countdown, {upper, lower}, windows};
+    CountdownLines lines{countdown, {.upper = upper, .lower = lower}, windows};
     std::unique_ptr<Timer> TimerTimer = time.Create(1, [this] { lines.Tick(*TimerTimer); });
 
     explicit Bench(qint32 duration = 1000, bool repeat = false, bool shown = true) {

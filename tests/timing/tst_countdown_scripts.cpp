@@ -119,10 +119,10 @@ private:
     JournalWindows m_windows{m_journal};
     CountdownState m_state;
     Countdown m_countdown{m_state, m_time};
-    CountdownLines m_lines{m_countdown, {m_upper, m_lower}, m_windows};
+    CountdownLines m_lines{m_countdown, {.upper = m_upper, .lower = m_lower}, m_windows};
     std::unique_ptr<Timer> m_TimerTimer =
         m_handlers.MakeTimer(m_time, 1, [this] { m_lines.Tick(*m_TimerTimer); });
-    TimerPanel m_panel{m_countdown, {m_upper, m_lower}, *m_TimerTimer};
+    TimerPanel m_panel{m_countdown, {.upper = m_upper, .lower = m_lower}, *m_TimerTimer};
     TimerEntry m_entry = m_panel.CurrentEntry();
 };
 

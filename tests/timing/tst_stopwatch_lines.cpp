@@ -16,7 +16,7 @@ struct Bench {
     Stopwatch stopwatch{state, time};
     FakeTextLine upper;
     FakeTextLine lower;
-    StopwatchLines lines{stopwatch, {upper, lower}};
+    StopwatchLines lines{stopwatch, {.upper = upper, .lower = lower}};
 };
 
 }  // namespace

@@ -20,7 +20,7 @@ struct Bench {
     std::unique_ptr<Timer> Timer1 = time.Create(1, [] {});
     StopwatchState state;
     Stopwatch stopwatch{state, time};
-    StopwatchPanel panel{stopwatch, {upper, lower}, functions, *Timer1};
+    StopwatchPanel panel{stopwatch, {.upper = upper, .lower = lower}, functions, *Timer1};
 
     Bench() {
         time.since = 307'000;

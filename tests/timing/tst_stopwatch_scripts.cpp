@@ -120,9 +120,9 @@ private:
     qint32 m_function = kFunctionStopwatch;
     StopwatchState m_state;
     Stopwatch m_stopwatch{m_state, m_time};
-    StopwatchLines m_lines{m_stopwatch, {m_upper, m_lower}};
+    StopwatchLines m_lines{m_stopwatch, {.upper = m_upper, .lower = m_lower}};
     std::unique_ptr<Timer> m_Timer1 = m_handlers.MakeTimer(m_time, 1, [this] { m_lines.Tick(); });
-    StopwatchPanel m_panel{m_stopwatch, {m_upper, m_lower}, *this, *m_Timer1};
+    StopwatchPanel m_panel{m_stopwatch, {.upper = m_upper, .lower = m_lower}, *this, *m_Timer1};
 };
 
 /// A model: a second implementation of the same rules.

@@ -2,6 +2,7 @@
 #include <QTest>
 
 #include "lines/line_look.h"
+#include "support/child.h"
 #include "timing/reading_model.h"
 #include "timing/timing_bench.h"
 
@@ -253,12 +254,19 @@ void TstStopwatchWindow::TheQuestionMayOutliveTheWindow() {
     FakePrinter printer;
     TimingBench bench;
     Stopwatch stopwatch(bench.stopwatch, bench.time);
-    StopwatchPanel panel(stopwatch, {bench.upper, bench.lower}, bench, bench.tools.Timer1());
-    auto form = std::make_unique<StopForm>(
-        StopwatchWindowParts{panel, bench.time, handlers, boxes, printer, bench.help, [] {}, u"2.0.0"_s},
-        nullptr);
+    StopwatchPanel panel(stopwatch, {.upper = bench.upper, .lower = bench.lower}, bench,
+                         bench.tools.Timer1());
+    auto form = std::make_unique<StopForm>(StopwatchWindowParts{.panel = panel,
+                                                                .clock = bench.time,
+                                                                .handlers = handlers,
+                                                                .boxes = boxes,
+                                                                .printer = printer,
+                                                                .help = bench.help,
+                                                                .enterFolder = [] {},
+                                                                .version = u"2.0.0"_s},
+                                           nullptr);
     form->BringUp();
-    form->findChild<QPushButton*>(u"Command3"_s)->click();
+    ChildOf<QPushButton>(*form, u"Command3"_s).click();
     form.reset();
     boxes.Answer(true);
     QVERIFY(printer.jobs.isEmpty());

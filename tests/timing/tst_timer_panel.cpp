@@ -19,7 +19,7 @@ struct Bench {
     CountdownState state;
     Countdown countdown{state, time};
     std::unique_ptr<Timer> TimerTimer = time.Create(1, [] {});
-    TimerPanel panel{countdown, {upper, lower}, *TimerTimer};
+    TimerPanel panel{countdown, {.upper = upper, .lower = lower}, *TimerTimer};
 
     Bench() { time.since = 307'000; }
     Journal Take() { return std::exchange(journal, {}); }

@@ -1,0 +1,120 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include <QFontInfo>
+#include <QRegularExpression>
+#include <QScrollBar>
+#include <QTextDocument>
+
+#include "help/help_bench.h"
+
+using namespace tickwell;
+using namespace Qt::StringLiterals;
+
+/// The help's text in other sizes, colours and widths.
+class TstHelpLayout : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void TextGrowsAndShrinks();
+    void TheSizeLeavesTheReaderWhereTheyAre();
+    void KeysChangeTheSize_data();
+    void KeysChangeTheSize();
+    void APaletteLeavesTheReaderWhereTheyAre();
+    void APaletteIsTakenOnWithoutAWarning();
+    void ABarAcrossIsShownWhereItIsNeeded_data();
+    void ABarAcrossIsShownWhereItIsNeeded();
+};
+
+void TstHelpLayout::TextGrowsAndShrinks() {
+    HelpBench bench;
+    bench.Open();
+    const qreal plain = QFontInfo(bench.Text().font()).pointSizeF();
+    const auto points = [&] { return QFontInfo(bench.Text().font()).pointSizeF(); };
+    while (bench.Find<QAction>(u"Larger"_s).isEnabled()) {
+        bench.Find<QAction>(u"Larger"_s).trigger();
+    }
+    QVERIFY(qAbs(points() - plain * 3) < 0.5);
+    while (bench.Find<QAction>(u"Smaller"_s).isEnabled()) {
+        bench.Find<QAction>(u"Smaller"_s).trigger();
+    }
+    QVERIFY(qAbs(points() - plain / 2) < 0.5);
+    bench.Find<QAction>(u"Normal"_s).trigger();
+    QCOMPARE(points(), plain);
+}
+
+void TstHelpLayout::TheSizeLeavesTheReaderWhereTheyAre() {
+    HelpBench bench;
+    bench.Open(5);
+    for (int i = 0; i < 4; ++i) {
+        bench.Find<QAction>(u"Larger"_s).trigger();
+        QCOMPARE(bench.TopLine(), u"Topic 5"_s);
+    }
+    bench.desk.Window()->resize(400, 300);
+    QCoreApplication::processEvents();
+    QCOMPARE(bench.TopLine(), u"Topic 5"_s);
+}
+
+void TstHelpLayout::KeysChangeTheSize_data() {
+    QTest::addColumn<Qt::Key>("key");
+    QTest::addColumn<int>("direction");
+    QTest::newRow("plus") << Qt::Key_Plus << 1;
+    QTest::newRow("equal") << Qt::Key_Equal << 1;
+    QTest::newRow("semicolon, a plus on Japanese keyboards") << Qt::Key_Semicolon << 1;
+    QTest::newRow("minus") << Qt::Key_Minus << -1;
+}
+
+void TstHelpLayout::KeysChangeTheSize() {
+    QFETCH(Qt::Key, key);
+    QFETCH(int, direction);
+    HelpBench bench;
+    bench.Open();
+    const qreal plain = bench.Text().font().pointSizeF();
+    bench.Press(key, Qt::ControlModifier);
+    QVERIFY((bench.Text().font().pointSizeF() - plain) * direction > 0);
+    bench.Press(Qt::Key_0, Qt::ControlModifier);
+    QCOMPARE(bench.Text().font().pointSizeF(), plain);
+}
+
+void TstHelpLayout::APaletteLeavesTheReaderWhereTheyAre() {
+    HelpBench bench;
+    bench.Open(6);
+    QPalette dark(Qt::white, Qt::black);
+    bench.Text().setPalette(dark);
+    QCOMPARE(bench.TopLine(), u"Topic 6"_s);
+    QCOMPARE(bench.MarkedHeading(), u"Topic 6"_s);
+}
+
+/// During the new layout the scroll bar is hidden and shown again, and the reader's position is queried.
+void TstHelpLayout::APaletteIsTakenOnWithoutAWarning() {
+    HelpBench bench;
+    bench.Open(6);
+    QTest::failOnWarning(QRegularExpression(u"setPosition"_s));
+    bench.Text().setPalette(QPalette(Qt::white, Qt::black));
+    QCOMPARE(bench.TopLine(), u"Topic 6"_s);
+}
+
+void TstHelpLayout::ABarAcrossIsShownWhereItIsNeeded_data() {
+    QTest::addColumn<int>("more");
+    QTest::addColumn<bool>("shown");
+    QTest::newRow("fits") << 0 << false;
+    QTest::newRow("a pixel of rounding") << 1 << false;
+    QTest::newRow("really too wide") << 40 << true;
+}
+
+void TstHelpLayout::ABarAcrossIsShownWhereItIsNeeded() {
+    QFETCH(int, more);
+    QFETCH(bool, shown);
+    HelpBench bench;
+    bench.Open();
+    const int margins = qRound(2 * bench.Text().document()->documentMargin());
+    const int width = bench.Text().viewport()->width() - margins + more;
+    bench.desk.Window()->close();
+    // High enough for a vertical scroll bar, which reduces the width of both.
+    bench.Write(TenTopics() + "<table width=\"" + QByteArray::number(width) +
+                "\"><tr><td>a</td></tr></table>");
+    bench.Open();
+    QCOMPARE(bench.Text().horizontalScrollBar()->maximum(), more);
+    QCOMPARE(bench.Text().horizontalScrollBar()->isVisible(), shown);
+}
+
+QTEST_MAIN(TstHelpLayout)
+#include "tst_help_layout.moc"
