@@ -72,7 +72,7 @@ void TstSettings::AFirstStartHasTheDefaults() {
     AppSettings settings = Loaded(store);
     WindowGeometry geometry;
     LoadWindowGeometry(store, settings, geometry);
-    QCOMPARE(geometry, (WindowGeometry{2505, 0, 0}));
+    QCOMPARE(geometry, (WindowGeometry{.width = 2505, .top = 0, .left = 0}));
     const LineStyle upper{.fontName = u"ＭＳ Ｐゴシック"_s, .fontSize = 10, .color = 16777215};
     const LineStyle lower{.fontName = u"ＭＳ Ｐゴシック"_s, .fontSize = 10, .color = 65280};
     QCOMPARE(settings.upper, upper);
@@ -190,7 +190,7 @@ void TstSettings::ValuesComeBackAsTheyWereSaved() {
     LoadWindowGeometry(store, again, geometry);
     again.rollInterval = 0;
     QCOMPARE(again, settings);
-    QCOMPARE(geometry, (WindowGeometry{-15, 2147483647, -2147483647}));
+    QCOMPARE(geometry, (WindowGeometry{.width = -15, .top = 2147483647, .left = -2147483647}));
 }
 
 void TstSettings::AFontTheMachineDoesNotHaveIsWrittenBack() {

@@ -62,7 +62,7 @@ void TstWaveDevice::PlayingQueuesItInItsOwnFormat() {
     WaveBench bench;
     QVERIFY(bench.sound.Devices().isEmpty());
     QCOMPARE(bench.Reply(u"play Timer"_s), u""_s);
-    QCOMPARE(bench.Device().format, (SoundFormat{1000, 1}));
+    QCOMPARE(bench.Device().format, (SoundFormat{.rate = 1000, .channels = 1}));
     QCOMPARE(bench.Device().samples.size(), 1000);
     QCOMPARE(bench.Device().samples[999], 999);
 }

@@ -34,7 +34,7 @@ private Q_SLOTS:
 void TstWaveFile::SixteenBitsAreTakenAsTheyAre() {
     const auto wave = WaveOf(WaveBytes({.data = QByteArray::fromHex("00000100ffffff7f0080")}));
     QVERIFY(wave);
-    QCOMPARE(wave->format, (SoundFormat{22050, 1}));
+    QCOMPARE(wave->format, (SoundFormat{.rate = 22050, .channels = 1}));
     QVERIFY(wave->samples == (Values{0, 1, -1, 32767, -32768}));
     QCOMPARE(wave->Frames(), 5);
 }
@@ -48,7 +48,7 @@ void TstWaveFile::EightBitsAreCentred() {
 void TstWaveFile::TwoChannelsMakeOneFrame() {
     const auto wave = WaveOf(WaveBytes({.channels = 2, .rate = 44100, .data = Samples16(8)}));
     QVERIFY(wave);
-    QCOMPARE(wave->format, (SoundFormat{44100, 2}));
+    QCOMPARE(wave->format, (SoundFormat{.rate = 44100, .channels = 2}));
     QCOMPARE(wave->Frames(), 4);
 }
 

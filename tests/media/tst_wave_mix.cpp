@@ -157,7 +157,7 @@ void TstWaveMix::OneDeviceAloneIsEnoughForAnotherFormat() {
     const qint32 session = bench.Start();
     bench.Play(session, 1, u"fast"_s, 0);
     QCOMPARE(bench.output.Devices().size(), 2);
-    QCOMPARE(bench.Device().format, (SoundFormat{44100, 1}));
+    QCOMPARE(bench.Device().format, (SoundFormat{.rate = 44100, .channels = 1}));
     bench.Play(session, 0, u"one"_s, 0);  // no device for this channel: silence
     QCOMPARE(bench.output.Devices().size(), 2);
     bench.output.Sound(1'000'000);
@@ -168,9 +168,9 @@ void TstWaveMix::TheDeviceIsInTheFormatOfTheWave() {
     Bench bench;
     const qint32 session = bench.Start();
     bench.Play(session, 1, u"one"_s, 0);
-    QCOMPARE(bench.Device().format, (SoundFormat{22050, 1}));
+    QCOMPARE(bench.Device().format, (SoundFormat{.rate = 22050, .channels = 1}));
     bench.Play(session, 1, u"fast"_s, 0);
-    QCOMPARE(bench.Device().format, (SoundFormat{44100, 1}));
+    QCOMPARE(bench.Device().format, (SoundFormat{.rate = 44100, .channels = 1}));
     QCOMPARE(bench.output.OpenDevices(), 1);
 }
 

@@ -84,7 +84,7 @@ void TstCdPlaying::SoundBeginsWhenThereIsEnoughOfIt() {
     QCOMPARE(Picture().mode, CdMode::Seeking);
     QCOMPARE(Picture().position, 0);
     QVERIFY(Device().held);
-    QCOMPARE(Device().format, (SoundFormat{44100, 2}));
+    QCOMPARE(Device().format, (SoundFormat{.rate = 44100, .channels = 2}));
     QVERIFY(m_bench->WaitForSound());
     QVERIFY(!Device().held);
     QVERIFY(Device().waiting >= kSecond * 2 / 5);

@@ -8,7 +8,7 @@ using namespace tickwell;
 
 namespace {
 
-constexpr SoundFormat kFormat{44100, 2};
+constexpr SoundFormat kFormat{.rate = 44100, .channels = 2};
 
 /// A stream whose device opens or fails when the test says so.
 struct Bench {

@@ -59,7 +59,7 @@ bool WaitUntilOpened(SdlSoundOutput& output, std::unique_ptr<SoundStream>& strea
         [&] {
             meanwhile();
             if (stream == nullptr || stream->IsLost()) {
-                stream = output.Open({22050, 1});
+                stream = output.Open({.rate = 22050, .channels = 1});
             }
             return output.OpenDevices() == 1;
         },
@@ -167,7 +167,7 @@ void TstSdlSoundOutput::ItsLibraryIsLoadedWithTheFirstSound() {
     const auto isLoaded = [] { return ReadAll(u"/proc/self/maps"_s).contains("libSDL2"); };
     SdlSoundOutput output;
     QVERIFY(!isLoaded());
-    QVERIFY(output.Open({22050, 1}) != nullptr);
+    QVERIFY(output.Open({.rate = 22050, .channels = 1}) != nullptr);
     QVERIFY(isLoaded());
 }
 
@@ -213,7 +213,7 @@ void TstSdlSoundOutput::HoldingKeepsEveryFrame() {
     const std::vector<qint16> ramp = Ramp(1, 20'000);
     SdlSoundOutput output;
     {
-        const auto stream = output.Open({44100, 1});
+        const auto stream = output.Open({.rate = 44100, .channels = 1});
         QVERIFY(stream != nullptr);
         stream->Hold(true);
         QVERIFY(stream->Queue(ramp));
@@ -235,7 +235,7 @@ void TstSdlSoundOutput::ClearingDropsWhatWaits() {
     const std::vector<qint16> second = Ramp(20'000, 3000);
     SdlSoundOutput output;
     {
-        const auto stream = output.Open({44100, 1});
+        const auto stream = output.Open({.rate = 44100, .channels = 1});
         QVERIFY(stream != nullptr);
         stream->Hold(true);
         QVERIFY(stream->Queue(Ramp(1, 10'000)));
@@ -251,7 +251,7 @@ void TstSdlSoundOutput::ClearingDropsWhatWaits() {
 void TstSdlSoundOutput::ClosingDropsWhatWaitsAndIsQuick() {
     {
         SdlSoundOutput output;
-        auto stream = output.Open({22050, 1});
+        auto stream = output.Open({.rate = 22050, .channels = 1});
         QVERIFY(stream != nullptr);
         QVERIFY(stream->Queue(std::vector<qint16>(441'000, 1)));
         QElapsedTimer clock;
@@ -266,7 +266,7 @@ void TstSdlSoundOutput::SignalsAreLeftAlone() {
     const auto interrupt = std::signal(SIGINT, SIG_DFL);  // the test's own
     const auto terminate = std::signal(SIGTERM, SIG_DFL);
     SdlSoundOutput output;
-    const auto stream = output.Open({22050, 1});
+    const auto stream = output.Open({.rate = 22050, .channels = 1});
     QVERIFY(stream != nullptr);
     const bool areLeftAlone = IsHandledByNobody(SIGINT) && IsHandledByNobody(SIGTERM);
     std::signal(SIGINT, interrupt);
@@ -290,31 +290,32 @@ void TstSdlSoundOutput::ADriverThatComesLaterIsFound() {
     qputenv("SDL_AUDIODRIVER", "disk");  // exists, but its device cannot be opened
     QVERIFY(IsRefused(output, {22050, 1}));
     qputenv("SDL_DISKAUDIOFILE", m_folder->filePath(u"sound"_s).toUtf8());
-    QVERIFY(output.Open({22050, 1}) != nullptr);
+    QVERIFY(output.Open({.rate = 22050, .channels = 1}) != nullptr);
     QCOMPARE(output.OpenDevices(), 0);
 }
 
 void TstSdlSoundOutput::ADriverOfOneDeviceOpensOne() {
     qputenv("SDL_AUDIODRIVER", "dummy");
     SdlSoundOutput output;
-    auto first = output.Open({22050, 1});
+    auto first = output.Open({.rate = 22050, .channels = 1});
     QVERIFY(first != nullptr);
     QVERIFY(IsRefused(output, {22050, 1}));
     QCOMPARE(output.OpenDevices(), 1);
     first.reset();
-    QVERIFY(output.Open({44100, 2}) != nullptr);
+    QVERIFY(output.Open({.rate = 44100, .channels = 2}) != nullptr);
 }
 
 void TstSdlSoundOutput::ADriverThatHangsHoldsNothingUp() {
     const QByteArray path = MakePipe();
     std::optional<Listener> listener;  // closed after the output that writes to it
     SdlSoundOutput output;
-    std::unique_ptr<SoundStream> stream = output.Open({22050, 1});
+    std::unique_ptr<SoundStream> stream = output.Open({.rate = 22050, .channels = 1});
     QVERIFY(stream != nullptr);  // the device may still open
     QVERIFY(stream->Queue(Ramp(1, 100)));
     QCOMPARE(stream->FramesWaiting(), 100);
     QVERIFY(QTest::qWaitFor([&] { return stream->IsLost(); }, kPatience));
-    QVERIFY(output.Open({22050, 1}) == nullptr);  // at once, because the previous one still hangs
+    // At once, because the previous one still hangs.
+    QVERIFY(output.Open({.rate = 22050, .channels = 1}) == nullptr);
     QCOMPARE(output.OpenDevices(), 0);
     listener.emplace(path);
     QVERIFY(WaitUntilOpened(output, stream, [] {}));  // the late device is closed again
@@ -325,7 +326,7 @@ void TstSdlSoundOutput::ADriverThatHangsHoldsNothingUp() {
 void TstSdlSoundOutput::ADeviceThatHangsIsLeftAtOnce() {
     const Listener listener(MakePipe());
     SdlSoundOutput output;
-    auto stream = output.Open({44100, 2});
+    auto stream = output.Open({.rate = 44100, .channels = 2});
     QVERIFY(stream != nullptr);
     QVERIFY(QTest::qWaitFor([&] { return listener.IsFull(); }, kPatience));
     QElapsedTimer clock;

@@ -41,58 +41,58 @@ void TstWindowGeometry::TwipsBecomePixels() {
 
 void TstWindowGeometry::AWindowLeftAloneKeepsItsTwips() {
     GeometryKeeper keeper;
-    keeper.Set({2506, 7, -8});
+    keeper.Set({.width = 2506, .top = 7, .left = -8});
     keeper.Resized(keeper.Width());
     keeper.Moved(keeper.Position());
-    QCOMPARE(keeper.Geometry(), (WindowGeometry{2506, 7, -8}));
+    QCOMPARE(keeper.Geometry(), (WindowGeometry{.width = 2506, .top = 7, .left = -8}));
 }
 
 void TstWindowGeometry::AMovedWindowIsMeasuredAnew() {
     GeometryKeeper keeper;
-    keeper.Set({2506, 7, 8});
+    keeper.Set({.width = 2506, .top = 7, .left = 8});
     keeper.Settle();
     QVERIFY(!keeper.Moved({20, keeper.Position().y()}));
-    QCOMPARE(keeper.Geometry(), (WindowGeometry{2506, 7, 300}));
+    QCOMPARE(keeper.Geometry(), (WindowGeometry{.width = 2506, .top = 7, .left = 300}));
     keeper.Resized(200);
-    QCOMPARE(keeper.Geometry(), (WindowGeometry{3000, 7, 300}));
+    QCOMPARE(keeper.Geometry(), (WindowGeometry{.width = 3000, .top = 7, .left = 300}));
 }
 
 void TstWindowGeometry::APlaceInBetweenIsPutBackAndNotKept() {
     GeometryKeeper keeper;
-    keeper.Set({2505, 1500, 1500});
+    keeper.Set({.width = 2505, .top = 1500, .left = 1500});
     QVERIFY(!keeper.Moved({100, 100}));
     QVERIFY(keeper.Moved({0, 0}));
     QVERIFY(!keeper.Moved({100, 100}));
-    QCOMPARE(keeper.Geometry(), (WindowGeometry{2505, 1500, 1500}));
+    QCOMPARE(keeper.Geometry(), (WindowGeometry{.width = 2505, .top = 1500, .left = 1500}));
 }
 
 void TstWindowGeometry::AManagerThatKnowsBetterWinsInTheEnd() {
     GeometryKeeper keeper;
-    keeper.Set({2505, 0, 0});
+    keeper.Set({.width = 2505, .top = 0, .left = 0});
     int putBack = 0;
     while (keeper.Moved({0, 25})) {  // below a panel
         ++putBack;
     }
     QCOMPARE(putBack, 5);
-    QCOMPARE(keeper.Geometry(), (WindowGeometry{2505, 375, 0}));
+    QCOMPARE(keeper.Geometry(), (WindowGeometry{.width = 2505, .top = 375, .left = 0}));
 }
 
 void TstWindowGeometry::AnOffscreenPlaceStaysOffscreen() {
     GeometryKeeper keeper;
-    keeper.Set({2505, -75000, 60000});
+    keeper.Set({.width = 2505, .top = -75000, .left = 60000});
     QCOMPARE(keeper.Position(), QPoint(4000, -5000));
 }
 
 void TstWindowGeometry::NumbersTheWindowSystemCannotHoldAreGuardedAndKept() {
     GeometryKeeper keeper;
-    const WindowGeometry wild{-30, 2147483647, -2147483647};
+    const WindowGeometry wild{.width = -30, .top = 2147483647, .left = -2147483647};
     keeper.Set(wild);
     QCOMPARE(keeper.Width(), 1);
     QCOMPARE(keeper.Position(), QPoint(-32000, 32000));
     keeper.Resized(1);
     keeper.Moved({-32000, 32000});
     QCOMPARE(keeper.Geometry(), wild);
-    keeper.Set({0, 0, 0});
+    keeper.Set({.width = 0, .top = 0, .left = 0});
     QCOMPARE(keeper.Width(), 1);
 }
 

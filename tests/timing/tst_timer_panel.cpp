@@ -70,8 +70,10 @@ void TstTimerPanel::TheEntryIsRead() {
     QFETCH(qint32, secondsShown);
     QFETCH(QString, line);
     Bench bench;
-    const TimerEntry taken = bench.panel.ReadEntries({hours, minutes, seconds, true});
-    QCOMPARE(taken, (TimerEntry{hours, minutes, secondsShown, true}));
+    const TimerEntry taken =
+        bench.panel.ReadEntries({.hours = hours, .minutes = minutes, .seconds = seconds, .repeat = true});
+    QCOMPARE(taken,
+             (TimerEntry{.hours = hours, .minutes = minutes, .seconds = secondsShown, .repeat = true}));
     QTEST(bench.state.CountdownDuration, "duration");
     QVERIFY(bench.state.CountdownRepeat);
     QCOMPARE(bench.Take(), Journal{u"lower set "_s + line});
@@ -97,7 +99,8 @@ void TstTimerPanel::TheStateIsShown() {
     Bench bench;
     bench.state.CountdownDuration = duration;
     bench.state.CountdownRepeat = true;
-    QCOMPARE(bench.panel.CurrentEntry(), (TimerEntry{hours, minutes, seconds, true}));
+    QCOMPARE(bench.panel.CurrentEntry(),
+             (TimerEntry{.hours = hours, .minutes = minutes, .seconds = seconds, .repeat = true}));
     QCOMPARE(bench.state.CountdownDuration, duration == 0 ? 15'000 : duration);
     QVERIFY(bench.Take().isEmpty());
 }
@@ -105,7 +108,7 @@ void TstTimerPanel::TheStateIsShown() {
 void TstTimerPanel::ReadingWritesTheLineWhateverItShows() {
     Bench bench;
     bench.state.TimerShownOnMain = false;
-    bench.panel.ReadEntries({0, 0, 20, false});
+    bench.panel.ReadEntries({.hours = 0, .minutes = 0, .seconds = 20, .repeat = false});
     QCOMPARE(bench.Take(), Journal{u"lower set 0:00'20\"000"_s});
 }
 
@@ -122,7 +125,7 @@ void TstTimerPanel::StartReadsTheEntryAndRunsTheTick() {
 
 void TstTimerPanel::ResumingFlashesTheFullTime() {
     Bench bench;
-    const TimerEntry entry{0, 1, 0, false};
+    const TimerEntry entry{.hours = 0, .minutes = 1, .seconds = 0, .repeat = false};
     bench.panel.StartOrStop(entry);
     bench.time.since += 5000;
     bench.panel.StartOrStop(entry);
@@ -138,7 +141,7 @@ void TstTimerPanel::AnEntryChangedInThePauseTakesEffectAndKeepsWhatHasPassed() {
     bench.panel.StartOrStop({0, 1, 0, false});
     bench.time.since += 5000;
     bench.panel.StartOrStop({0, 1, 0, false});
-    bench.panel.ReadEntries({0, 0, 3, false});
+    bench.panel.ReadEntries({.hours = 0, .minutes = 0, .seconds = 3, .repeat = false});
     bench.panel.StartOrStop({0, 0, 3, false});
     QCOMPARE(bench.countdown.Remaining(), -2000);  // over at once; intentional
 }
@@ -179,7 +182,8 @@ void TstTimerPanel::ResetKeepsTheLoopCount() {
 
 void TstTimerPanel::AnEntryTooLargeThrows() {
     Bench bench;
-    QVERIFY_THROWS_EXCEPTION(OverflowError, bench.panel.ReadEntries({600, 0, 0, false}));
+    QVERIFY_THROWS_EXCEPTION(
+        OverflowError, bench.panel.ReadEntries({.hours = 600, .minutes = 0, .seconds = 0, .repeat = false}));
     QCOMPARE(bench.state.CountdownDuration, 0);
 }
 
