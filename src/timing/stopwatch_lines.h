@@ -15,7 +15,7 @@ public:
     /// Call when the function is chosen: wipes the reading in.
     void Show();
 
-    /// The handler of Timer1: replaces the reading in place. While the stopwatch is stopped, a wipe can
+    /// Called by the display's timer: replaces the reading in place. While the stopwatch is stopped, a wipe can
     /// finish.
     void Tick();
 

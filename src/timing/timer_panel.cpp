@@ -39,13 +39,13 @@ TimerEntry TimerPanel::CurrentEntry() {
 
 void TimerPanel::StartOrStop(const TimerEntry& entry) {
     if (IsRunning()) {
-        m_TimerTimer.Stop();
+        m_countdownTimer.Stop();
         m_countdown.Stop();
         return;
     }
     ReadEntries(entry);
     m_countdown.Start();
-    m_TimerTimer.Start();
+    m_countdownTimer.Start();
 }
 
 void TimerPanel::Reset(const TimerEntry& entry) {
