@@ -73,24 +73,24 @@ private:
     QList<QWidget*> m_offWhileMarking;  // the enabled ones of kOffWhileMarking; all controls are children
     QWidget* m_month = nullptr;
     QWidget* m_panel = nullptr;  // beside the month
-    QLabel* m_Label1 = nullptr;
-    QLabel* m_Label2 = nullptr;
-    QLabel* m_Label3 = nullptr;
-    MonthView* m_Check1 = nullptr;
-    std::array<QRadioButton*, 3> m_Option1{};
-    QPushButton* m_Command1 = nullptr;
-    QPushButton* m_Command2 = nullptr;
-    QPushButton* m_Command3 = nullptr;
-    QPushButton* m_Command4 = nullptr;
-    QPushButton* m_Command5 = nullptr;
-    QPushButton* m_Command6 = nullptr;
-    QPushButton* m_Command7 = nullptr;
-    QPushButton* m_Command9 = nullptr;
-    QPushButton* m_Command10 = nullptr;
-    QPushButton* m_Command11 = nullptr;
-    QPushButton* m_Command12 = nullptr;
-    QPushButton* m_Command16 = nullptr;
-    RowTable* m_ListView1 = nullptr;
+    QLabel* m_monthHeading = nullptr;
+    QLabel* m_listHeading = nullptr;
+    QLabel* m_listCount = nullptr;
+    MonthView* m_monthView = nullptr;
+    std::array<QRadioButton*, 3> m_modeOptions{};
+    QPushButton* m_previousMonth = nullptr;
+    QPushButton* m_nextMonth = nullptr;
+    QPushButton* m_today = nullptr;
+    QPushButton* m_previousYear = nullptr;
+    QPushButton* m_nextYear = nullptr;
+    QPushButton* m_togglePanel = nullptr;
+    QPushButton* m_deleteMarks = nullptr;
+    QPushButton* m_editAnniversary = nullptr;
+    QPushButton* m_deleteAnniversaries = nullptr;
+    QPushButton* m_addAnniversary = nullptr;
+    QPushButton* m_search = nullptr;
+    QPushButton* m_help = nullptr;
+    RowTable* m_list = nullptr;
     DayListModel* m_rows = nullptr;
 };
 
