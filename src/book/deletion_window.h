@@ -37,12 +37,12 @@ private:
     ListedRows m_rows;             // the rows of the list when the window opened
     std::vector<bool> m_isTicked;  // one per row
     // All owned by the window as children.
-    TickList* m_List1 = nullptr;
-    QLabel* m_Label2 = nullptr;
-    QPushButton* m_Command1 = nullptr;
-    QPushButton* m_Command2 = nullptr;
-    QPushButton* m_Command3 = nullptr;
-    QPushButton* m_Command4 = nullptr;
+    TickList* m_anniversaries = nullptr;
+    QLabel* m_tickedCount = nullptr;
+    QPushButton* m_deleteButton = nullptr;
+    QPushButton* m_cancelButton = nullptr;
+    QPushButton* m_tickAllButton = nullptr;
+    QPushButton* m_untickAllButton = nullptr;
     WorkBar* m_work = nullptr;
 };
 

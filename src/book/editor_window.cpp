@@ -29,40 +29,40 @@ Form6::Form6(const BookParts& parts, QDate date, QWidget* parent) : QDialog(pare
 
 void Form6::Connect() {
     Handlers& handlers = m_parts.handlers;
-    for (std::size_t kind = 0; kind < m_Option2.size(); ++kind) {
-        handlers.Connect(m_Option2.at(kind), &QRadioButton::clicked, this,
+    for (std::size_t kind = 0; kind < m_kindOptions.size(); ++kind) {
+        handlers.Connect(m_kindOptions.at(kind), &QRadioButton::clicked, this,
                          [this, kind] { Option2_Click(static_cast<AnniversaryKind>(kind)); });
     }
-    handlers.Connect(m_Check2, &QCheckBox::clicked, this, [this] { Check2_Click(); });
-    handlers.Connect(m_Command1, &QPushButton::clicked, this, [this] { Command1_Click(); });
-    handlers.Connect(m_Command2, &QPushButton::clicked, this, [this] { reject(); });
+    handlers.Connect(m_byWeek, &QCheckBox::clicked, this, [this] { Check2_Click(); });
+    handlers.Connect(m_storeButton, &QPushButton::clicked, this, [this] { Command1_Click(); });
+    handlers.Connect(m_cancelButton, &QPushButton::clicked, this, [this] { reject(); });
 }
 
 void Form6::Form_Load(QDate date) {
     m_chosen = m_parts.list.ChosenRow();
     setWindowTitle(m_chosen ? u"記念日の編集"_s : u"記念日の追加"_s);
-    m_Command1->setText(m_chosen ? u"更新>>"_s : u"追加>>"_s);
+    m_storeButton->setText(m_chosen ? u"更新>>"_s : u"追加>>"_s);
     ShowFields(m_chosen ? FieldsToEdit(AnniversaryOf(*m_chosen), date) : FieldsToAdd(date));
-    m_shownName = m_Text1->text();
-    m_Text1->setFocus();
-    m_Text1->selectAll();
+    m_shownName = m_name->text();
+    m_name->setFocus();
+    m_name->selectAll();
 }
 
 void Form6::ShowFields(const EditorFields& fields) {
-    m_Text1->setText(fields.name);
-    m_Option2.at(static_cast<std::size_t>(fields.kind))->setChecked(true);
-    m_Check2->setChecked(fields.byWeek);
-    m_UpDown1->SetText(fields.year);
-    m_UpDown2->SetText(fields.month);
-    m_UpDown3->SetText(fields.day);
-    ShowText(m_Combo2, fields.ordinal);
-    ShowText(m_Combo1, fields.weekday);
+    m_name->setText(fields.name);
+    m_kindOptions.at(static_cast<std::size_t>(fields.kind))->setChecked(true);
+    m_byWeek->setChecked(fields.byWeek);
+    m_year->SetText(fields.year);
+    m_month->SetText(fields.month);
+    m_day->SetText(fields.day);
+    ShowText(m_ordinal, fields.ordinal);
+    ShowText(m_weekday, fields.weekday);
     Enable();
 }
 
 AnniversaryKind Form6::Kind() const {
-    for (std::size_t kind = 0; kind < m_Option2.size(); ++kind) {
-        if (m_Option2.at(kind)->isChecked()) {
+    for (std::size_t kind = 0; kind < m_kindOptions.size(); ++kind) {
+        if (m_kindOptions.at(kind)->isChecked()) {
             return static_cast<AnniversaryKind>(kind);
         }
     }
@@ -70,29 +70,27 @@ AnniversaryKind Form6::Kind() const {
 }
 
 EditorFields Form6::Fields() const {
-    return {m_Text1->text(),         Kind(),
-            m_Check2->isChecked(),   m_UpDown1->text(),
-            m_UpDown2->text(),       m_UpDown3->text(),
-            m_Combo2->currentText(), m_Combo1->currentText()};
+    return {m_name->text(),  Kind(),        m_byWeek->isChecked(),    m_year->text(),
+            m_month->text(), m_day->text(), m_ordinal->currentText(), m_weekday->currentText()};
 }
 
 void Form6::Enable() {
-    const EditorEnabling can = EnablingOf(Kind(), m_Check2->isChecked());
-    m_UpDown1->setEnabled(can.year);
-    m_Label3->setEnabled(can.year);
-    m_UpDown2->setEnabled(can.month);
-    m_Label4->setEnabled(can.month);
-    m_UpDown3->setEnabled(can.day);
-    m_Label5->setEnabled(can.day);
-    m_Check2->setEnabled(can.weekBox);
-    m_Combo1->setEnabled(can.week);
-    m_Combo2->setEnabled(can.week);
+    const EditorEnabling can = EnablingOf(Kind(), m_byWeek->isChecked());
+    m_year->setEnabled(can.year);
+    m_yearLabel->setEnabled(can.year);
+    m_month->setEnabled(can.month);
+    m_monthLabel->setEnabled(can.month);
+    m_day->setEnabled(can.day);
+    m_dayLabel->setEnabled(can.day);
+    m_byWeek->setEnabled(can.weekBox);
+    m_weekday->setEnabled(can.week);
+    m_ordinal->setEnabled(can.week);
 }
 
 void Form6::Option2_Click(AnniversaryKind kind) {
     EditorFields fields = Fields();
     ChooseKind(fields, kind);
-    m_Check2->setChecked(fields.byWeek);
+    m_byWeek->setChecked(fields.byWeek);
     Enable();
 }
 

@@ -55,19 +55,19 @@ private:
     std::optional<DayListRow> m_chosen;  // the row to change; empty: a row is added
     QString m_shownName;                 // the row's name as initially shown in the field
     // All owned by the window as children.
-    QLineEdit* m_Text1 = nullptr;
-    UpDown* m_UpDown1 = nullptr;  // year
-    UpDown* m_UpDown2 = nullptr;  // month
-    UpDown* m_UpDown3 = nullptr;  // day
-    QLabel* m_Label3 = nullptr;
-    QLabel* m_Label4 = nullptr;
-    QLabel* m_Label5 = nullptr;
-    std::array<QRadioButton*, 3> m_Option2{};
-    QCheckBox* m_Check2 = nullptr;
-    QComboBox* m_Combo1 = nullptr;  // weekday
-    QComboBox* m_Combo2 = nullptr;  // ordinal
-    QPushButton* m_Command1 = nullptr;
-    QPushButton* m_Command2 = nullptr;
+    QLineEdit* m_name = nullptr;
+    UpDown* m_year = nullptr;
+    UpDown* m_month = nullptr;
+    UpDown* m_day = nullptr;
+    QLabel* m_yearLabel = nullptr;
+    QLabel* m_monthLabel = nullptr;
+    QLabel* m_dayLabel = nullptr;
+    std::array<QRadioButton*, 3> m_kindOptions{};
+    QCheckBox* m_byWeek = nullptr;
+    QComboBox* m_weekday = nullptr;
+    QComboBox* m_ordinal = nullptr;  // of the week in the month
+    QPushButton* m_storeButton = nullptr;
+    QPushButton* m_cancelButton = nullptr;
     WorkBar* m_work = nullptr;
 };
 

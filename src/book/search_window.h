@@ -43,17 +43,17 @@ private:
     BookParts m_parts;
     bool m_isTelling = false;  // the message box is open; another one would only cover it
     // All owned by the window as children.
-    std::array<QCheckBox*, 3> m_Check{};  // Check1 to Check3: one year, every year, every month
-    std::array<QRadioButton*, 2> m_Option1{};
-    QLabel* m_Label1 = nullptr;
-    QLineEdit* m_Text1 = nullptr;
-    std::array<QRadioButton*, 2> m_Option2{};
-    QGroupBox* m_Frame5 = nullptr;
-    std::array<QRadioButton*, 3> m_Option3{};
-    DateFrame* m_Frame3 = nullptr;  // start
-    DateFrame* m_Frame4 = nullptr;  // end
-    QPushButton* m_Command1 = nullptr;
-    QPushButton* m_Command2 = nullptr;
+    std::array<QCheckBox*, 3> m_kinds{};  // one year, every year, every month
+    std::array<QRadioButton*, 2> m_nameOptions{};
+    QLabel* m_nameLabel = nullptr;
+    QLineEdit* m_name = nullptr;
+    std::array<QRadioButton*, 2> m_dateOptions{};
+    QGroupBox* m_rangeFrame = nullptr;
+    std::array<QRadioButton*, 3> m_rangeOptions{};
+    DateFrame* m_start = nullptr;
+    DateFrame* m_end = nullptr;
+    QPushButton* m_searchButton = nullptr;
+    QPushButton* m_cancelButton = nullptr;
     WorkBar* m_work = nullptr;
 };
 
