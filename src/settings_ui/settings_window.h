@@ -37,7 +37,7 @@ private:
 
     SettingsParts m_parts;
     SettingsDraft m_draft;
-    QTabWidget* m_TabStrip1;  // owned by the dialog, with its pages
+    QTabWidget* m_pages;  // owned by the dialog, with its pages
     TextPage* m_textPage;
     ClockPage* m_clockPage;
     RollPage* m_rollPage;

@@ -28,9 +28,9 @@ TextPage::TextPage(const SettingsParts& parts, SettingsDraft& draft, QWidget* pa
     : QWidget(parent),
       m_parts(parts),
       m_draft(draft),
-      m_Option2(u"Option2"_s, kWipeOptions, this, parts.handlers,
-                [this](qint32 index) { Option2_Click(index); }),
-      m_Slider1(Named(new QSlider(Qt::Horizontal, this), u"Slider1"_s, u"ｽｸﾛｰﾙ速度"_s)),
+      m_wipeOptions(u"Option2"_s, kWipeOptions, this, parts.handlers,
+                    [this](qint32 index) { Option2_Click(index); }),
+      m_speed(Named(new QSlider(Qt::Horizontal, this), u"Slider1"_s, u"ｽｸﾛｰﾙ速度"_s)),
       m_sample(Named(new SampleFrame(parts.clock, parts.timers, parts.handlers, this), u"Frame2"_s)) {
     setObjectName(u"Picture1"_s);
     auto* buttons = new QHBoxLayout;
@@ -58,7 +58,7 @@ QCheckBox* TextPage::MakeAutostart() {
 QWidget* TextPage::MakeWipeFrame() {
     auto* frame = Named(new QGroupBox(u"ワイプ形式"_s, this), u"Frame1"_s);
     auto* rows = new QVBoxLayout(frame);
-    for (QAbstractButton* option : m_Option2.Buttons()) {
+    for (QAbstractButton* option : m_wipeOptions.Buttons()) {
         rows->addWidget(option);
     }
     rows->addStretch();
@@ -67,12 +67,12 @@ QWidget* TextPage::MakeWipeFrame() {
 
 QWidget* TextPage::MakeSpeedFrame() {
     auto* frame = Named(new QGroupBox(u"ｽｸﾛｰﾙ速度"_s, this), u"Frame3"_s);
-    m_Slider1->setRange(kSlowest, kFastest);
-    m_Slider1->setPageStep(kSpeedPage);
-    m_parts.handlers.Connect(m_Slider1, &QSlider::valueChanged, this, [this] { Slider1_Change(); });
+    m_speed->setRange(kSlowest, kFastest);
+    m_speed->setPageStep(kSpeedPage);
+    m_parts.handlers.Connect(m_speed, &QSlider::valueChanged, this, [this] { Slider1_Change(); });
     auto* row = new QHBoxLayout(frame);
     row->addWidget(new QLabel(u"遅い"_s, this));
-    row->addWidget(m_Slider1);
+    row->addWidget(m_speed);
     row->addWidget(new QLabel(u"速い"_s, this));
     return frame;
 }
@@ -85,9 +85,9 @@ QPushButton* TextPage::MakeButton(const QString& name, const QString& caption, v
 }
 
 void TextPage::Form_Load() {
-    const QSignalBlocker quiet(m_Slider1);  // a speed out of range stays in the draft
-    m_Slider1->setValue(m_draft.settings.wipeSpeed);
-    m_Option2.Select(m_draft.settings.wipeKind);
+    const QSignalBlocker quiet(m_speed);  // a speed out of range stays in the draft
+    m_speed->setValue(m_draft.settings.wipeSpeed);
+    m_wipeOptions.Select(m_draft.settings.wipeKind);
     m_autostart->setChecked(m_parts.autostart.IsOn());
     RefreshSample();
 }
@@ -98,7 +98,7 @@ void TextPage::Option2_Click(qint32 index) {
 }
 
 void TextPage::Slider1_Change() {
-    m_draft.settings.wipeSpeed = m_Slider1->value();
+    m_draft.settings.wipeSpeed = m_speed->value();
     RefreshSample();
 }
 

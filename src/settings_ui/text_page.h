@@ -40,8 +40,8 @@ private:
 
     SettingsParts m_parts;
     SettingsDraft& m_draft;
-    OptionArray m_Option2;
-    QSlider* m_Slider1;  // these are owned by the page
+    OptionArray m_wipeOptions;
+    QSlider* m_speed;  // these are owned by the page
     SampleFrame* m_sample;
     QCheckBox* m_autostart = nullptr;
 };
