@@ -89,15 +89,15 @@ private:
 
     MainWindowParts m_parts;
     FramePacer m_pacer;
-    std::unique_ptr<MovingWord> m_MovingWord1;  // they leave before their pacer does
-    std::unique_ptr<MovingWord> m_MovingWord2;
+    std::unique_ptr<MovingWord> m_upperLine;  // they leave before their pacer does
+    std::unique_ptr<MovingWord> m_lowerLine;
     Displays m_displays;
     MainMenu* m_menu;      // owned by the window, as its child
     ItemMenu* m_trayMenu;  // likewise
     Chime m_chime;
-    std::unique_ptr<Timer> m_setuptimer;
-    SleepingTimer m_KeepTop;
-    SleepingTimer m_Timer3;
+    std::unique_ptr<Timer> m_startUpTimer;
+    SleepingTimer m_keepTopTimer;
+    SleepingTimer m_chimeTimer;
     FunctionSwitch m_switch;
     Roll m_roll;
     GeometryKeeper m_geometry;
