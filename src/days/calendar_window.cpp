@@ -19,19 +19,17 @@ constexpr int kPause = 1;  // ms between two slices of a listing, to process eve
 Form5::Form5(const CalendarWindowParts& parts, QWidget* parent)
     : QDialog(parent),
       m_parts(parts),
-      m_calendar({parts.dayDatabase, parts.list, parts.clock, parts.boxes, parts.handlers, this}),
+      m_calendar({.dayDatabase = parts.dayDatabase,
+                  .list = parts.list,
+                  .clock = parts.clock,
+                  .boxes = parts.boxes,
+                  .handlers = parts.handlers,
+                  .window = this}),
       m_listing(parts.handlers.MakeTimer(parts.timers, kPause, [this] { GoOnListing(); })) {
     setObjectName(u"Form5"_s);
     setWindowTitle(u"カレンダー"_s);
     LayOut();
     Connect();
-    ConnectBook();
-    for (const QStringView name : kOffWhileMarking) {
-        auto* button = findChild<QPushButton*>(name.toString());
-        if (button->isEnabled()) {
-            m_offWhileMarking.append(button);
-        }
-    }
     m_calendar.WhenAnswered([this] { ShowAll(); });
     m_parts.list.WhenChanged([this] { ShowList(); });
 }
@@ -57,25 +55,6 @@ void Form5::Connect() {
     for (int index = 0; index < static_cast<int>(m_modeOptions.size()); ++index) {
         Tie(m_modeOptions.at(static_cast<std::size_t>(index)), [this, index] { Option1_Click(index); });
     }
-    Tie(m_previousMonth, [this] { Command1_Click(); });
-    Tie(m_nextMonth, [this] { Command2_Click(); });
-    Tie(m_today, [this] { Command3_Click(); });
-    Tie(m_previousYear, [this] { Command4_Click(); });
-    Tie(m_nextYear, [this] { Command5_Click(); });
-    Tie(m_togglePanel, [this] { Command6_Click(); });
-    Tie(m_deleteMarks, [this] { Command7_Click(); });
-    Tie(m_help, [this] { Command16_Click(); });
-}
-
-void Form5::ConnectBook() {
-    Tie(m_editAnniversary, [this] { Command9_Click(); });
-    Tie(m_deleteAnniversaries, [this] { Command10_Click(); });
-    Tie(m_addAnniversary, [this] { Command11_Click(); });
-    Tie(m_search, [this] { Command12_Click(); });
-    m_editAnniversary->setEnabled(m_parts.book.edit != nullptr);
-    m_deleteAnniversaries->setEnabled(m_parts.book.remove != nullptr);
-    m_addAnniversary->setEnabled(m_parts.book.edit != nullptr);
-    m_search->setEnabled(m_parts.book.search != nullptr);
 }
 
 void Form5::Form_Load() {
@@ -115,12 +94,11 @@ void Form5::ShowAll() {
     m_monthHeading->setText(m_calendar.Grid().heading);
     m_monthView->Show(m_calendar.Grid());
     m_modeOptions.at(static_cast<std::size_t>(m_calendar.Mode()))->setChecked(true);
-    for (QWidget* control : m_offWhileMarking) {
-        control->setEnabled(m_calendar.Mode() == CalendarMode::Normal);
-    }
+    EnableButtons();
     const bool isOpen = m_calendar.IsPanelOpen();
-    m_togglePanel->setText(PanelCaption(isOpen));
-    m_togglePanel->setAccessibleName(isOpen ? u"記念日の一覧を閉じる"_s : u"記念日の一覧を開く"_s);
+    QPushButton* toggle = Button(CalendarAction::TogglePanel);
+    toggle->setText(PanelCaption(isOpen));
+    toggle->setAccessibleName(isOpen ? u"記念日の一覧を閉じる"_s : u"記念日の一覧を開く"_s);
     m_panel->setVisible(isOpen);
 }
 
@@ -157,9 +135,9 @@ void Form5::keyPressEvent(QKeyEvent* event) {
     const bool byYear = event->modifiers().testFlag(Qt::ShiftModifier);
     switch (event->key()) {
         case Qt::Key_PageUp:
-            return (byYear ? m_previousYear : m_previousMonth)->click();
+            return Button(byYear ? CalendarAction::PreviousYear : CalendarAction::PreviousMonth)->click();
         case Qt::Key_PageDown:
-            return (byYear ? m_nextYear : m_nextMonth)->click();
+            return Button(byYear ? CalendarAction::NextYear : CalendarAction::NextMonth)->click();
         case Qt::Key_Return:
         case Qt::Key_Enter:
             if (auto* button = qobject_cast<QAbstractButton*>(focusWidget())) {

@@ -5,6 +5,7 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QRadioButton>
+#include <array>
 
 #include "days/calendar_window_parts.h"
 #include "days/day_list_model.h"
@@ -34,6 +35,9 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
 
 private:
+    struct ActionButton;
+    static const std::array<ActionButton, kCalendarActions> kActionButtons;
+
     void LayOut();
     void MakeMonth();
     QLayout* MakeModes();
@@ -43,8 +47,11 @@ private:
     void Fit();
     void FitHeights();
     void FitColumns();
+    QPushButton* Button(CalendarAction action) const;
+    QList<QPushButton*> Buttons(CalendarAction first, CalendarAction last) const;
+    void MakeButtons();
     void Connect();
-    void ConnectBook();
+    bool HasWindowFor(CalendarAction action) const;
     void Tie(QAbstractButton* button, std::function<void()> handler);
 
     void Check1_Click(int index) { m_calendar.ClickCell(index); }
@@ -64,13 +71,14 @@ private:
 
     void OpenEditor();
     void ShowAll();
+    void EnableButtons();
     void ShowList();
     void GoOnListing();
 
     CalendarWindowParts m_parts;
     MonthCalendar m_calendar;
-    std::unique_ptr<Timer> m_listing;   // runs while the list of a day is incomplete
-    QList<QWidget*> m_offWhileMarking;  // the enabled ones of kOffWhileMarking; all controls are children
+    std::unique_ptr<Timer> m_listing;  // runs while the list of a day is incomplete
+    // All controls are owned by the window as children.
     QWidget* m_month = nullptr;
     QWidget* m_panel = nullptr;  // beside the month
     QLabel* m_monthHeading = nullptr;
@@ -78,18 +86,7 @@ private:
     QLabel* m_listCount = nullptr;
     MonthView* m_monthView = nullptr;
     std::array<QRadioButton*, 3> m_modeOptions{};
-    QPushButton* m_previousMonth = nullptr;
-    QPushButton* m_nextMonth = nullptr;
-    QPushButton* m_today = nullptr;
-    QPushButton* m_previousYear = nullptr;
-    QPushButton* m_nextYear = nullptr;
-    QPushButton* m_togglePanel = nullptr;
-    QPushButton* m_deleteMarks = nullptr;
-    QPushButton* m_editAnniversary = nullptr;
-    QPushButton* m_deleteAnniversaries = nullptr;
-    QPushButton* m_addAnniversary = nullptr;
-    QPushButton* m_search = nullptr;
-    QPushButton* m_help = nullptr;
+    std::array<QPushButton*, kCalendarActions> m_buttons{};  // by CalendarAction
     RowTable* m_list = nullptr;
     DayListModel* m_rows = nullptr;
 };

@@ -18,32 +18,10 @@ namespace {
 constexpr std::array<QStringView, 3> kModeCaptions{u"通常表示", u"休日設定", u"半日設定"};
 constexpr std::array<QStringView, 4> kColumnSamples{u"2100", u"12", u"31", u"第5週日"};
 
-/// Makes a button narrow enough for its caption that Enter in other controls does not press.
-QPushButton* MakeButton(const QString& caption, const QString& name, const QString& spoken = {}) {
-    auto* button = Named(new QPushButton(caption), name, spoken);
-    button->setAutoDefault(false);
-    button->setMinimumWidth(button->fontMetrics().horizontalAdvance(caption) +
-                            button->fontMetrics().height());
-    button->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
-    return button;
-}
-
-/// Makes a button that repeats while it is held down.
-QPushButton* MakeArrow(const QString& caption, const QString& name, const QString& spoken) {
-    QPushButton* arrow = MakeButton(caption, name, spoken);
-    arrow->setAutoRepeat(true);
-    return arrow;
-}
-
-QLabel* MakeLabel(const QString& name) {
-    auto* label = Named(new QLabel, name);
-    label->setTextFormat(Qt::PlainText);
-    return label;
-}
-
 }  // namespace
 
 void Form5::LayOut() {
+    MakeButtons();
     MakeMonth();
     MakePanel();
     auto* columns = new QHBoxLayout(this);
@@ -58,13 +36,20 @@ void Form5::LayOut() {
 
 /// From top to bottom, the month before the list.
 void Form5::OrderTabs() {
-    QList<QWidget*> order{m_previousYear, m_previousMonth, m_today, m_nextMonth, m_nextYear};
+    QList<QWidget*> order;
+    const auto append = [&order](const auto& controls) {
+        for (QWidget* control : controls) {
+            order.append(control);
+        }
+    };
+    append(Buttons(CalendarAction::PreviousYear, CalendarAction::NextYear));
     for (int cell = kFirstDayCell; cell < kGridCells; ++cell) {
         order.append(&m_monthView->Cell(cell));
     }
-    order.append(
-        {m_modeOptions[0], m_modeOptions[1], m_modeOptions[2], m_deleteMarks, m_help, m_togglePanel});
-    order.append({m_list, m_addAnniversary, m_editAnniversary, m_deleteAnniversaries, m_search});
+    append(m_modeOptions);
+    append(Buttons(CalendarAction::DeleteMarks, CalendarAction::TogglePanel));
+    order.append(m_list);
+    append(Buttons(CalendarAction::AddAnniversary, CalendarAction::Search));
     for (qsizetype i = 1; i < order.size(); ++i) {
         setTabOrder(order.at(i - 1), order.at(i));
     }
@@ -74,15 +59,10 @@ void Form5::MakeMonth() {
     m_month = new QWidget(this);
     m_monthHeading = MakeLabel(u"Label1"_s);
     m_monthHeading->setAlignment(Qt::AlignCenter);
-    m_previousYear = MakeArrow(u"<<"_s, u"Command4"_s, u"前の年"_s);
-    m_previousMonth = MakeArrow(u"<"_s, u"Command1"_s, u"前の月"_s);
-    m_today = MakeButton(u"今日"_s, u"Command3"_s);
-    m_nextMonth = MakeArrow(u">"_s, u"Command2"_s, u"次の月"_s);
-    m_nextYear = MakeArrow(u">>"_s, u"Command5"_s, u"次の年"_s);
     auto* ways = new QHBoxLayout;
     ways->setSpacing(1);
-    for (QPushButton* way : {m_previousYear, m_previousMonth, m_today, m_nextMonth, m_nextYear}) {
-        ways->addWidget(way, way == m_today ? 3 : 2);
+    for (QPushButton* way : Buttons(CalendarAction::PreviousYear, CalendarAction::NextYear)) {
+        ways->addWidget(way, way == Button(CalendarAction::Today) ? 3 : 2);
     }
     m_monthView = new MonthView(m_month);
     auto* rows = new QVBoxLayout(m_month);
@@ -97,15 +77,13 @@ QLayout* Form5::MakeModes() {
     for (int index = 0; index < static_cast<int>(kModeCaptions.size()); ++index) {
         const auto at = static_cast<std::size_t>(index);
         m_modeOptions.at(at) =
-            Named(new QRadioButton(kModeCaptions.at(at).toString()), u"Option1(%1)"_s.arg(index));
+            Named(new QRadioButton(kModeCaptions.at(at).toString()), Indexed(u"Option1"_s, index));
         modes->addWidget(m_modeOptions.at(at), index, 0);
     }
-    m_deleteMarks = MakeButton(u"休/半日削除"_s, u"Command7(2)"_s);
-    m_help = MakeButton(u"ヘルプ"_s, u"Command16"_s);
-    m_togglePanel = MakeButton(PanelCaption(false), u"Command6"_s);
-    modes->addWidget(m_deleteMarks, 0, 1);
-    modes->addWidget(m_help, 1, 1);
-    modes->addWidget(m_togglePanel, 2, 1);
+    int row = 0;
+    for (QPushButton* button : Buttons(CalendarAction::DeleteMarks, CalendarAction::TogglePanel)) {
+        modes->addWidget(button, row++, 1);
+    }
     modes->setColumnStretch(1, 1);
     return modes;
 }
@@ -114,15 +92,11 @@ void Form5::MakePanel() {
     m_panel = new QWidget(this);
     m_listHeading = MakeLabel(u"Label2"_s);
     m_listCount = MakeLabel(u"Label3"_s);
-    m_addAnniversary = MakeButton(u"追加"_s, u"Command11"_s);
-    m_editAnniversary = MakeButton(u"編集"_s, u"Command9"_s);
-    m_deleteAnniversaries = MakeButton(u"削除"_s, u"Command10"_s);
-    m_search = MakeButton(u"検索"_s, u"Command12"_s);
     auto* captions = new QHBoxLayout;
     captions->addWidget(m_listHeading, 1);
     captions->addWidget(m_listCount);
     auto* buttons = new QHBoxLayout;
-    for (QPushButton* button : {m_addAnniversary, m_editAnniversary, m_deleteAnniversaries, m_search}) {
+    for (QPushButton* button : Buttons(CalendarAction::AddAnniversary, CalendarAction::Search)) {
         buttons->addWidget(button, 1);
     }
     auto* rows = new QVBoxLayout(m_panel);
@@ -145,14 +119,11 @@ QWidget* Form5::MakeList() {
 
 /// Gives all buttons the same height: styles derive it from the characters in each caption.
 void Form5::FitHeights() {
-    QList<QPushButton*> buttons = findChildren<QPushButton*>();
-    buttons.removeIf(
-        [](const QPushButton* button) { return qobject_cast<const DayCell*>(button) != nullptr; });
     int height = 0;
-    for (const QPushButton* button : buttons) {
+    for (const QPushButton* button : m_buttons) {
         height = std::max(height, button->sizeHint().height());
     }
-    for (QPushButton* button : buttons) {
+    for (QPushButton* button : m_buttons) {
         button->setFixedHeight(height);
     }
 }

@@ -6,6 +6,7 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
+#include "controls/control_making.h"
 #include "media/transport_icons.h"
 
 namespace tickwell {
@@ -19,10 +20,6 @@ constexpr std::array<QStringView, 7> kButtonNames{u"前の曲に戻る", u"巻�
 constexpr std::array<QStringView, 3> kFormats{u"標準", u"一曲分の残り時間", u"全曲の残り時間"};
 constexpr std::array<QStringView, 3> kRepeats{u"しない", u"一曲リピート", u"全曲リピート"};
 
-QString Indexed(const QString& name, int index) {
-    return u"%1(%2)"_s.arg(name).arg(index);
-}
-
 }  // namespace
 
 CDForm::CDForm(CdPlayer& player, Handlers& handlers, QWidget* parent)
@@ -33,16 +30,14 @@ CDForm::CDForm(CdPlayer& player, Handlers& handlers, QWidget* parent)
       m_formatMenu(m_menuBar->addMenu(u"表示形式"_s)),
       m_repeatMenu(m_menuBar->addMenu(u"リピート"_s)),
       m_formats(new QActionGroup(this)),
-      m_caption(new QLabel(this)) {
+      m_caption(MakeLabel(u"Label1"_s, QString(), this)) {
     setObjectName(u"CDForm"_s);
     setWindowTitle(u"CDプレーヤー"_s);
-    m_caption->setObjectName(u"Label1"_s);
-    m_caption->setTextFormat(Qt::PlainText);
     m_caption->setAlignment(Qt::AlignCenter);
     m_caption->setFrameStyle(QFrame::StyledPanel | QFrame::Sunken);
     MakeMenus();
     for (int index = kCdPrevious; index <= kCdNext; ++index) {
-        m_buttons[static_cast<std::size_t>(index)] = MakeButton(index);
+        m_buttons[static_cast<std::size_t>(index)] = MakePlayerButton(index);
     }
     LayOut();
     m_player.SetWindow([this] { ShowPlayer(); });
@@ -72,15 +67,13 @@ void CDForm::MakeMenus() {
     }
 }
 
-QPushButton* CDForm::MakeButton(int index) {
+QPushButton* CDForm::MakePlayerButton(int index) {
     const QString name = kButtonNames[static_cast<std::size_t>(index)].toString();
-    auto* button = new QPushButton(this);
-    button->setObjectName(Indexed(u"Command1"_s, index));
+    auto* button = MakeButton(Indexed(u"Command1"_s, index), QString(), this, m_handlers,
+                              [this, index] { m_player.Command1_Click(index); });
     button->setIcon(TransportIcon(index));
     button->setToolTip(name);
     button->setAccessibleName(name);
-    m_handlers.Connect(button, &QPushButton::clicked, this,
-                       [this, index] { m_player.Command1_Click(index); });
     m_handlers.Connect(button, &QPushButton::pressed, this,
                        [this, index] { m_player.Command1_Press(index); });
     m_handlers.Connect(button, &QPushButton::released, this, [this] { m_player.Command1_Release(); });

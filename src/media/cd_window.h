@@ -30,7 +30,7 @@ protected:
 
 private:
     void MakeMenus();
-    QPushButton* MakeButton(int index);
+    QPushButton* MakePlayerButton(int index);
     void LayOut();
     void ShowPlayer();
     void EnableButtons(const CdButtons& enabled);

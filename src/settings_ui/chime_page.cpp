@@ -19,7 +19,8 @@ ChimePage::ChimePage(const SettingsParts& parts, SettingsDraft& draft, QWidget* 
       m_modeOptions(u"Option7"_s, kChimeOptions, this, parts.handlers,
                     [this](qint32 index) { m_draft.settings.chimeMode = index; }),
       m_sounds(Named(new QComboBox(this), u"Combo1"_s, u"時報音"_s)),
-      m_listen(Named(new QPushButton(u"試聴"_s, this), u"Listen"_s, u"時報音を試聴する"_s)),
+      m_listen(MakeButton(u"Listen"_s, u"試聴"_s, this, parts.handlers,
+                          [this] { m_parts.operations.listen(m_draft.settings.chimeSound); })),
       m_tellsNoCdDrive(
           Named(new QCheckBox(u"CDドライブがないことを起動のときに知らせる"_s, this), u"NoCdDrive"_s)) {
     setObjectName(u"Picture4"_s);
@@ -31,6 +32,7 @@ ChimePage::ChimePage(const SettingsParts& parts, SettingsDraft& draft, QWidget* 
 
 QWidget* ChimePage::MakeSoundFrame() {
     auto* frame = Named(new QGroupBox(u"時報音"_s, this), u"Frame9"_s);
+    m_listen->setAccessibleName(u"時報音を試聴する"_s);
     m_listen->setAutoDefault(false);
     auto* sound = new QHBoxLayout;
     sound->addWidget(m_sounds, 1);
@@ -41,8 +43,6 @@ QWidget* ChimePage::MakeSoundFrame() {
         rows->addWidget(option);
     }
     m_parts.handlers.Connect(m_sounds, &QComboBox::activated, this, [this] { Combo1_Click(); });
-    m_parts.handlers.Connect(m_listen, &QPushButton::clicked, this,
-                             [this] { m_parts.operations.listen(m_draft.settings.chimeSound); });
     return frame;
 }
 

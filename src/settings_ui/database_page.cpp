@@ -16,14 +16,14 @@ using namespace Qt::StringLiterals;
 DatabasePage::DatabasePage(const SettingsParts& parts, QWidget* parent)
     : QWidget(parent),
       m_parts(parts),
-      m_compactButton(Named(new QPushButton(u"データベースの最適化＞＞"_s, this), u"Command4"_s)),
+      m_compactButton(MakeButton(u"Command4"_s, u"データベースの最適化＞＞"_s, this, parts.handlers,
+                                 [this] { Command4_Click(); })),
       m_progress(Named(new QLabel(u"最適化しています…"_s, this), u"Progress"_s)) {
     setObjectName(u"Picture5"_s);
     auto* frame = Named(new QGroupBox(u"記念日/スケジュール データベースの最適化"_s, this), u"Frame11"_s);
     m_compactButton->setAutoDefault(false);
     m_progress->hide();
     m_compactButton->setEnabled(parts.operations.compact != nullptr);
-    parts.handlers.Connect(m_compactButton, &QPushButton::clicked, this, [this] { Command4_Click(); });
     auto* explanation = Named(
         new QLabel(
             u"実行すると、データベースの容量を減らし、読み込み速度を向上することができます。大量に記念日やスケジュールの内容を変更したときは実行するようにしてください。"_s,

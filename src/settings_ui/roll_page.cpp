@@ -3,11 +3,11 @@
 
 #include <QHBoxLayout>
 #include <QLabel>
-#include <QLineEdit>
 #include <QSignalBlocker>
 #include <QVBoxLayout>
 
 #include "controls/control_making.h"
+#include "controls/number_box.h"
 
 namespace tickwell {
 
@@ -18,12 +18,6 @@ namespace {
 // s
 constexpr int kShortest = 1;
 constexpr int kLongest = 3600;
-
-/// Gives access to the line edit of a spin box, which is protected in Qt.
-class IntervalBox : public QSpinBox {
-public:
-    explicit IntervalBox(QWidget* parent) : QSpinBox(parent) { lineEdit()->setObjectName(u"Text1"_s); }
-};
 
 }  // namespace
 
@@ -70,7 +64,8 @@ QWidget* RollPage::MakeFrame(const Displays& displays) {
 }
 
 void RollPage::MakeInterval() {
-    m_interval = Named(new IntervalBox(this), u"UpDown1"_s, u"交換速度"_s);
+    m_interval = new NumberBox(u"UpDown1"_s, u"Text1"_s, this);
+    m_interval->setAccessibleName(u"交換速度"_s);
     m_interval->setRange(kShortest, kLongest);
     m_interval->setSuffix(u" 秒"_s);
     m_handlers.Connect(m_interval, &QSpinBox::valueChanged, this,

@@ -38,8 +38,10 @@ SampleFrame::SampleFrame(const Clock& clock, TimerSource& timers, Handlers& hand
       m_pacer(clock, timers),
       m_upperPicture(Named(new QFrame(this), u"Pic"_s)),
       m_lowerPicture(Named(new QFrame(this), u"Pic2"_s)),
-      m_upperLine(Named(new MovingWord({clock, timers, m_pacer}, m_upperPicture), u"MovingWord1"_s)),
-      m_lowerLine(Named(new MovingWord({clock, timers, m_pacer}, m_lowerPicture), u"MovingWord2"_s)),
+      m_upperLine(Named(new MovingWord({.clock = clock, .timers = timers, .pacer = m_pacer}, m_upperPicture),
+                        u"MovingWord1"_s)),
+      m_lowerLine(Named(new MovingWord({.clock = clock, .timers = timers, .pacer = m_pacer}, m_lowerPicture),
+                        u"MovingWord2"_s)),
       m_wipeTimer(handlers.MakeTimer(timers, kSampleTick, [this] { Timer1_Timer(); })) {
     auto* rows = new QVBoxLayout(this);
     for (QFrame* picture : {m_upperPicture, m_lowerPicture}) {

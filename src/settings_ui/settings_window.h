@@ -33,7 +33,7 @@ private:
     void Command3_Click();
     void Command8_Click();
     void ApplyAutostart();
-    QPushButton* MakeButton(const QString& name, const QString& caption, void (Form2::*clicked)());
+    QLayout* MakeButtons();
 
     SettingsParts m_parts;
     SettingsDraft m_draft;

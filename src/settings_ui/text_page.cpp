@@ -33,10 +33,7 @@ TextPage::TextPage(const SettingsParts& parts, SettingsDraft& draft, QWidget* pa
       m_speed(Named(new QSlider(Qt::Horizontal, this), u"Slider1"_s, u"ｽｸﾛｰﾙ速度"_s)),
       m_sample(Named(new SampleFrame(parts.clock, parts.timers, parts.handlers, this), u"Frame2"_s)) {
     setObjectName(u"Picture1"_s);
-    auto* buttons = new QHBoxLayout;
-    buttons->addWidget(MakeButton(u"Command6"_s, u"上段文字＞＞"_s, &TextPage::Command6_Click));
-    buttons->addWidget(MakeButton(u"Command7"_s, u"下段文字＞＞"_s, &TextPage::Command7_Click));
-    buttons->addWidget(MakeButton(u"Command5"_s, u"背景色＞＞"_s, &TextPage::Command5_Click));
+    QLayout* buttons = MakeButtons();
     auto* grid = new QGridLayout(this);
     grid->addWidget(MakeWipeFrame(), 0, 0);
     grid->addWidget(m_sample, 0, 1);
@@ -77,11 +74,17 @@ QWidget* TextPage::MakeSpeedFrame() {
     return frame;
 }
 
-QPushButton* TextPage::MakeButton(const QString& name, const QString& caption, void (TextPage::*clicked)()) {
-    auto* button = Named(new QPushButton(caption, this), name);
-    button->setAutoDefault(false);
-    m_parts.handlers.Connect(button, &QPushButton::clicked, this, [this, clicked] { (this->*clicked)(); });
-    return button;
+QLayout* TextPage::MakeButtons() {
+    Handlers& handlers = m_parts.handlers;
+    auto* buttons = new QHBoxLayout;
+    for (QPushButton* button :
+         {MakeButton(u"Command6"_s, u"上段文字＞＞"_s, this, handlers, [this] { Command6_Click(); }),
+          MakeButton(u"Command7"_s, u"下段文字＞＞"_s, this, handlers, [this] { Command7_Click(); }),
+          MakeButton(u"Command5"_s, u"背景色＞＞"_s, this, handlers, [this] { Command5_Click(); })}) {
+        button->setAutoDefault(false);
+        buttons->addWidget(button);
+    }
+    return buttons;
 }
 
 void TextPage::Form_Load() {

@@ -29,7 +29,7 @@ private:
     QWidget* MakeWipeFrame();
     QWidget* MakeSpeedFrame();
     QCheckBox* MakeAutostart();
-    QPushButton* MakeButton(const QString& name, const QString& caption, void (TextPage::*clicked)());
+    QLayout* MakeButtons();
     void Option2_Click(qint32 index);
     void Slider1_Change();
     void Command5_Click();

@@ -36,8 +36,8 @@ void StopwatchPanel::LapOrReset() {
 }
 
 StopwatchCaptions StopwatchPanel::Captions() const {
-    return m_stopwatch.IsRunning() ? StopwatchCaptions{u"ストップ", u"ラップ"}
-                                   : StopwatchCaptions{u"スタート", u"リセット"};
+    return m_stopwatch.IsRunning() ? StopwatchCaptions{.startOrStop = u"ストップ", .lapOrReset = u"ラップ"}
+                                   : StopwatchCaptions{.startOrStop = u"スタート", .lapOrReset = u"リセット"};
 }
 
 /// Switches the main window to the stopwatch first: with another function, two timers would write to the same

@@ -6,7 +6,8 @@
 #include <QVBoxLayout>
 #include <utility>
 
-#include "timing/bring_forward.h"
+#include "controls/bring_forward.h"
+#include "controls/control_making.h"
 #include "timing/lap_report.h"
 
 namespace tickwell {
@@ -24,29 +25,21 @@ StopForm::StopForm(StopwatchWindowParts parts, QWidget* parent)
     : QDialog(parent),
       m_parts(std::move(parts)),
       m_printing(m_parts.printer, m_parts.boxes, m_parts.handlers, this),
-      m_startButton(new QPushButton(this)),
-      m_lapButton(new QPushButton(this)),
-      m_printButton(new QPushButton(u"印刷"_s, this)),
-      m_helpButton(new QPushButton(u"ヘルプ"_s, this)),
-      m_lapList(new QPlainTextEdit(this)) {
+      m_startButton(
+          MakeButton(u"Command1"_s, QString(), this, m_parts.handlers, [this] { Command1_Click(); })),
+      m_lapButton(MakeButton(u"Command2"_s, QString(), this, m_parts.handlers, [this] { Command2_Click(); })),
+      m_printButton(
+          MakeButton(u"Command3"_s, u"印刷"_s, this, m_parts.handlers, [this] { Command3_Click(); })),
+      m_helpButton(
+          MakeButton(u"Command4"_s, u"ヘルプ"_s, this, m_parts.handlers, [this] { Command4_Click(); })),
+      m_lapList(Named(new QPlainTextEdit(this), u"Text1"_s, u"ラップ/経歴一覧表"_s)) {
     setObjectName(u"StopForm"_s);
     setWindowTitle(u"ストップウォッチ"_s);
-    m_startButton->setObjectName(u"Command1"_s);
-    m_lapButton->setObjectName(u"Command2"_s);
-    m_printButton->setObjectName(u"Command3"_s);
-    m_helpButton->setObjectName(u"Command4"_s);
-    m_lapList->setObjectName(u"Text1"_s);
-    m_lapList->setAccessibleName(u"ラップ/経歴一覧表"_s);
     m_lapList->setReadOnly(true);
     m_lapList->setUndoRedoEnabled(false);
     m_lapList->setTabChangesFocus(true);
     m_lapList->setLineWrapMode(QPlainTextEdit::NoWrap);
     LayOut();
-    Handlers& handlers = m_parts.handlers;
-    handlers.Connect(m_startButton, &QPushButton::clicked, this, [this] { Command1_Click(); });
-    handlers.Connect(m_lapButton, &QPushButton::clicked, this, [this] { Command2_Click(); });
-    handlers.Connect(m_printButton, &QPushButton::clicked, this, [this] { Command3_Click(); });
-    handlers.Connect(m_helpButton, &QPushButton::clicked, this, [this] { Command4_Click(); });
 }
 
 void StopForm::LayOut() {
@@ -136,7 +129,8 @@ void StopForm::EnablePrinting() {
 }
 
 void StopForm::Print() {
-    m_printing.Print({windowTitle(), LapReport(m_parts.version, m_parts.clock.Now(), m_parts.panel.List())},
+    m_printing.Print({.title = windowTitle(),
+                      .lines = LapReport(m_parts.version, m_parts.clock.Now(), m_parts.panel.List())},
                      [this] { EnablePrinting(); });
 }
 

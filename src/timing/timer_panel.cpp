@@ -33,8 +33,10 @@ TimerEntry TimerPanel::CurrentEntry() {
     m_countdown.ReplaceZero();
     const CountdownState& state = m_countdown.State();
     const qint32 duration = state.CountdownDuration;
-    return {duration / kHour, duration % kHour / kMinute, WholeSeconds(duration % kMinute),
-            state.CountdownRepeat};
+    return {.hours = duration / kHour,
+            .minutes = duration % kHour / kMinute,
+            .seconds = WholeSeconds(duration % kMinute),
+            .repeat = state.CountdownRepeat};
 }
 
 void TimerPanel::StartOrStop(const TimerEntry& entry) {

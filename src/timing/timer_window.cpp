@@ -1,12 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "timing/timer_window.h"
 
-#include <QLineEdit>
 #include <QScopedValueRollback>
 #include <QVBoxLayout>
 #include <array>
 
-#include "timing/bring_forward.h"
+#include "controls/bring_forward.h"
+#include "controls/control_making.h"
+#include "controls/number_box.h"
 
 namespace tickwell {
 
@@ -18,55 +19,32 @@ constexpr int kMostHours = 23;
 constexpr int kMostMinutes = 59;
 constexpr int kMostSeconds = 59;
 
-/// A spin box with a given name for its text field.
-class EntryBox : public QSpinBox {
-public:
-    EntryBox(const QString& name, const QString& textName, QWidget* parent) : QSpinBox(parent) {
-        setObjectName(name);
-        lineEdit()->setObjectName(textName);
-        setKeyboardTracking(false);  // an incomplete number is not an entry: its zero would become fifteen
-    }
-};
-
 }  // namespace
 
 TimerForm::TimerForm(const TimerWindowParts& parts, QWidget* parent)
     : QDialog(parent),
       m_parts(parts),
-      m_durationFrame(new QGroupBox(u"タイマーの指定"_s, this)),
-      m_hours(new EntryBox(u"UpDown1"_s, u"Text1"_s, m_durationFrame)),
-      m_minutes(new EntryBox(u"UpDown2"_s, u"Text2"_s, m_durationFrame)),
-      m_seconds(new EntryBox(u"UpDown3"_s, u"Text3"_s, m_durationFrame)),
-      m_hoursLabel(new QLabel(u"時間"_s, m_durationFrame)),
-      m_minutesLabel(new QLabel(u"分"_s, m_durationFrame)),
-      m_secondsLabel(new QLabel(u"秒後"_s, m_durationFrame)),
-      m_repeat(new QCheckBox(u"指定時間が来たら繰り返す"_s, this)),
-      m_startButton(new QPushButton(u"スタート"_s, this)),
-      m_resetButton(new QPushButton(u"リセット"_s, this)),
-      m_helpButton(new QPushButton(u"ヘルプ"_s, this)) {
-    setWindowTitle(u"タイマー"_s);
-    Name();
-    LayOut();
-    Handlers& handlers = m_parts.handlers;
-    for (const QSpinBox* box : {m_hours, m_minutes, m_seconds}) {
-        handlers.Connect(box, &QSpinBox::valueChanged, this, [this] { ReadEntries(); });
-    }
-    handlers.Connect(m_repeat, &QCheckBox::clicked, this, [this] { Check1_Click(); });
-    handlers.Connect(m_startButton, &QPushButton::clicked, this, [this] { Command1_Click(); });
-    handlers.Connect(m_resetButton, &QPushButton::clicked, this, [this] { Command2_Click(); });
-    handlers.Connect(m_helpButton, &QPushButton::clicked, this, [this] { Command3_Click(); });
-}
-
-void TimerForm::Name() {
+      m_durationFrame(Named(new QGroupBox(u"タイマーの指定"_s, this), u"Frame1"_s)),
+      m_hours(new NumberBox(u"UpDown1"_s, u"Text1"_s, m_durationFrame)),
+      m_minutes(new NumberBox(u"UpDown2"_s, u"Text2"_s, m_durationFrame)),
+      m_seconds(new NumberBox(u"UpDown3"_s, u"Text3"_s, m_durationFrame)),
+      m_hoursLabel(MakeLabel(u"Label1"_s, u"時間"_s, m_durationFrame)),
+      m_minutesLabel(MakeLabel(u"Label2"_s, u"分"_s, m_durationFrame)),
+      m_secondsLabel(MakeLabel(u"Label3"_s, u"秒後"_s, m_durationFrame)),
+      m_repeat(Named(new QCheckBox(u"指定時間が来たら繰り返す"_s, this), u"Check1"_s)),
+      m_startButton(
+          MakeButton(u"Command1"_s, u"スタート"_s, this, m_parts.handlers, [this] { Command1_Click(); })),
+      m_resetButton(
+          MakeButton(u"Command2"_s, u"リセット"_s, this, m_parts.handlers, [this] { Command2_Click(); })),
+      m_helpButton(
+          MakeButton(u"Command3"_s, u"ヘルプ"_s, this, m_parts.handlers, [this] { Command3_Click(); })) {
     setObjectName(u"TimerForm"_s);
-    m_durationFrame->setObjectName(u"Frame1"_s);
-    m_hoursLabel->setObjectName(u"Label1"_s);
-    m_minutesLabel->setObjectName(u"Label2"_s);
-    m_secondsLabel->setObjectName(u"Label3"_s);
-    m_repeat->setObjectName(u"Check1"_s);
-    m_startButton->setObjectName(u"Command1"_s);
-    m_resetButton->setObjectName(u"Command2"_s);
-    m_helpButton->setObjectName(u"Command3"_s);
+    setWindowTitle(u"タイマー"_s);
+    LayOut();
+    for (const QSpinBox* box : {m_hours, m_minutes, m_seconds}) {
+        m_parts.handlers.Connect(box, &QSpinBox::valueChanged, this, [this] { ReadEntries(); });
+    }
+    m_parts.handlers.Connect(m_repeat, &QCheckBox::clicked, this, [this] { Check1_Click(); });
 }
 
 void TimerForm::LayOut() {
@@ -93,6 +71,7 @@ void TimerForm::LayOut() {
 
 void TimerForm::AddEntry(QHBoxLayout& row, QSpinBox& box, int largest, QLabel& label) {
     box.setRange(0, largest);
+    box.setKeyboardTracking(false);  // an incomplete number is not an entry: its zero would become fifteen
     box.setAccessibleName(label.text());
     row.addWidget(&box, 1);
     row.addWidget(&label);
@@ -128,7 +107,10 @@ void TimerForm::Show(const TimerEntry& entry) {
 }
 
 TimerEntry TimerForm::Entry() const {
-    return {m_hours->value(), m_minutes->value(), m_seconds->value(), m_repeat->isChecked()};
+    return {.hours = m_hours->value(),
+            .minutes = m_minutes->value(),
+            .seconds = m_seconds->value(),
+            .repeat = m_repeat->isChecked()};
 }
 
 void TimerForm::ReadEntries() {

@@ -36,7 +36,6 @@ public:
     void RefreshForm();
 
 private:
-    void Name();
     void LayOut();
     void AddEntry(QHBoxLayout& row, QSpinBox& box, int largest, QLabel& label);
     void ReadEntries();

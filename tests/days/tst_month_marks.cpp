@@ -71,7 +71,6 @@ private Q_SLOTS:
     void AnAnswerThatComesTooLateDeletesNothing();
     void ADeletionDuringACompactionSaysSo();
     void AFailingDeletionIsReportedAndKeepsAll();
-    void ElevenControlsAreOffWhileMarking();
 };
 
 void TstMonthMarks::MarkingPressesTheDaysOfItsColour() {
@@ -388,16 +387,6 @@ void TstMonthMarks::AFailingDeletionIsReportedAndKeepsAll() {
     QCOMPARE(bench.boxes.Shown().constFirst().title, u"Tickwell"_s);
     bench.store.Raw("ALTER TABLE Gone RENAME TO Usuallyday");
     QCOMPARE(bench.Marks(), (QStringList{u"Holiday 1998-10-15"_s, u"Usuallyday 1998-10-04"_s}));
-}
-
-void TstMonthMarks::ElevenControlsAreOffWhileMarking() {
-    const QStringList expected{u"Command1"_s,  u"Command2"_s,  u"Command3"_s,   u"Command4"_s,
-                               u"Command5"_s,  u"Command6"_s,  u"Command9"_s,   u"Command10"_s,
-                               u"Command11"_s, u"Command12"_s, u"Command7(2)"_s};
-    QCOMPARE(kOffWhileMarking.size(), std::size_t(11));
-    for (const QString& name : expected) {
-        QVERIFY(std::find(kOffWhileMarking.begin(), kOffWhileMarking.end(), name) != kOffWhileMarking.end());
-    }
 }
 
 QTEST_GUILESS_MAIN(TstMonthMarks)
