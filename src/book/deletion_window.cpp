@@ -22,7 +22,7 @@ constexpr int kLetters = 24;  // its minimum width
 }  // namespace
 
 Form10::Form10(const BookParts& parts, QWidget* parent)
-    : QDialog(parent), m_parts(parts), m_rows(parts.list.Rows()) {
+    : BookWindow(parts, parent), m_rows(parts.list.Rows()) {
     setObjectName(u"Form10"_s);
     setWindowTitle(u"記念日の削除"_s);
     MakeControls();
@@ -36,11 +36,7 @@ void Form10::MakeControls() {
     m_anniversaries->setMinimumSize(kLetters * fontMetrics().horizontalAdvance(u'記'),
                                     kLines * fontMetrics().height());
     listLabel->setBuddy(m_anniversaries);
-    m_tickedCount = Named(new QLabel, u"Label2"_s);
-    m_tickedCount->setTextFormat(Qt::PlainText);
-    m_deleteButton = Named(new QPushButton(u"削除"_s), u"Command1"_s);
-    m_deleteButton->setDefault(true);
-    m_cancelButton = Named(new QPushButton(u"ｷｬﾝｾﾙ"_s), u"Command2"_s);
+    m_tickedCount = MakeLabel(u"Label2"_s);
     m_tickAllButton = Named(new QPushButton(u"全選"_s), u"Command3"_s, u"全選択"_s);
     m_untickAllButton = Named(new QPushButton(u"全解"_s), u"Command4"_s, u"全解除"_s);
 
@@ -49,18 +45,12 @@ void Form10::MakeControls() {
     ticking->addWidget(m_untickAllButton);
     ticking->addStretch();
     ticking->addWidget(m_tickedCount);
-    auto* buttons = new QHBoxLayout;
-    buttons->addStretch();
-    buttons->addWidget(m_deleteButton);
-    buttons->addWidget(m_cancelButton);
     auto* rows = new QVBoxLayout(this);
     rows->addWidget(listLabel);
     rows->addWidget(m_anniversaries);
     rows->addLayout(ticking);
     rows->addSpacing(fontMetrics().height() / 2);
-    rows->addLayout(buttons);
-    m_work = new WorkBar(m_parts.timers, m_parts.handlers, u"削除しています"_s, this);
-    rows->addWidget(m_work);
+    AddButtons(*rows, u"削除"_s, u"削除しています"_s, [this] { Command1_Click(); });
 }
 
 void Form10::Form_Load() {
@@ -73,11 +63,9 @@ void Form10::Form_Load() {
 }
 
 void Form10::Connect() {
-    Handlers& handlers = m_parts.handlers;
+    Handlers& handlers = Parts().handlers;
     handlers.Connect(m_anniversaries->selectionModel(), &QItemSelectionModel::selectionChanged, this,
                      [this] { List1_Click(); });
-    handlers.Connect(m_deleteButton, &QPushButton::clicked, this, [this] { Command1_Click(); });
-    handlers.Connect(m_cancelButton, &QPushButton::clicked, this, [this] { reject(); });
     handlers.Connect(m_tickAllButton, &QPushButton::clicked, this, [this] { Command3_Click(); });
     handlers.Connect(m_untickAllButton, &QPushButton::clicked, this, [this] { Command4_Click(); });
 }
@@ -102,12 +90,12 @@ void Form10::Command4_Click() {
 void Form10::ShowCount() {
     const auto ticked = std::count(m_isTicked.begin(), m_isTicked.end(), true);
     m_tickedCount->setText(TickedText(ticked));
-    m_deleteButton->setEnabled(ticked > 0);
+    StartButton().setEnabled(ticked > 0);
 }
 
 void Form10::Command1_Click() {
-    m_work->Start(DeletionOf(m_parts.dayDatabase, m_rows, m_isTicked), [this](const WorkEnd& end) {
-        m_parts.changes.RaiseRefresh();  // some may be deleted even after an error
+    Work().Start(DeletionOf(Parts().dayDatabase, m_rows, m_isTicked), [this](const WorkEnd& end) {
+        Parts().changes.RaiseRefresh();  // some may be deleted even after an error
         if (end.error) {
             std::rethrow_exception(end.error);
         }
@@ -115,14 +103,6 @@ void Form10::Command1_Click() {
             accept();
         }
     });
-}
-
-void Form10::reject() {
-    if (m_work->IsWorking()) {
-        m_work->Stop();
-    } else {
-        QDialog::reject();
-    }
 }
 
 }  // namespace tickwell

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "book/editor_window.h"
 
-#include <QPointer>
-
 #include "book/anniversary_statements.h"
 #include "book/log.h"
 #include "store/sql_compiler.h"
@@ -20,7 +18,7 @@ void ShowText(QComboBox* combo, const QString& text) {
 
 }  // namespace
 
-Form6::Form6(const BookParts& parts, QDate date, QWidget* parent) : QDialog(parent), m_parts(parts) {
+Form6::Form6(const BookParts& parts, QDate date, QWidget* parent) : BookWindow(parts, parent) {
     setObjectName(u"Form6"_s);
     MakeControls();
     Form_Load(date);
@@ -28,20 +26,18 @@ Form6::Form6(const BookParts& parts, QDate date, QWidget* parent) : QDialog(pare
 }
 
 void Form6::Connect() {
-    Handlers& handlers = m_parts.handlers;
+    Handlers& handlers = Parts().handlers;
     for (std::size_t kind = 0; kind < m_kindOptions.size(); ++kind) {
         handlers.Connect(m_kindOptions.at(kind), &QRadioButton::clicked, this,
                          [this, kind] { Option2_Click(static_cast<AnniversaryKind>(kind)); });
     }
     handlers.Connect(m_byWeek, &QCheckBox::clicked, this, [this] { Check2_Click(); });
-    handlers.Connect(m_storeButton, &QPushButton::clicked, this, [this] { Command1_Click(); });
-    handlers.Connect(m_cancelButton, &QPushButton::clicked, this, [this] { reject(); });
 }
 
 void Form6::Form_Load(QDate date) {
-    m_chosen = m_parts.list.ChosenRow();
+    m_chosen = Parts().list.ChosenRow();
     setWindowTitle(m_chosen ? u"記念日の編集"_s : u"記念日の追加"_s);
-    m_storeButton->setText(m_chosen ? u"更新>>"_s : u"追加>>"_s);
+    StartButton().setText(m_chosen ? u"更新>>"_s : u"追加>>"_s);
     ShowFields(m_chosen ? FieldsToEdit(AnniversaryOf(*m_chosen), date) : FieldsToAdd(date));
     m_shownName = m_name->text();
     m_name->setFocus();
@@ -70,8 +66,14 @@ AnniversaryKind Form6::Kind() const {
 }
 
 EditorFields Form6::Fields() const {
-    return {m_name->text(),  Kind(),        m_byWeek->isChecked(),    m_year->text(),
-            m_month->text(), m_day->text(), m_ordinal->currentText(), m_weekday->currentText()};
+    return {.name = m_name->text(),
+            .kind = Kind(),
+            .byWeek = m_byWeek->isChecked(),
+            .year = m_year->text(),
+            .month = m_month->text(),
+            .day = m_day->text(),
+            .ordinal = m_ordinal->currentText(),
+            .weekday = m_weekday->currentText()};
 }
 
 void Form6::Enable() {
@@ -99,7 +101,7 @@ void Form6::Check2_Click() {
 }
 
 void Form6::Command1_Click() {
-    if (m_isTelling) {
+    if (IsTelling()) {
         return;
     }
     try {
@@ -107,12 +109,12 @@ void Form6::Command1_Click() {
         m_chosen ? Change(entered) : Add(entered);
     } catch (const RunTimeError& error) {
         qCWarning(BookLog).noquote() << "the anniversary was not stored:" << error.Detail();
-        Tell();
+        TellFailed();
     }
 }
 
 void Form6::Add(const Anniversary& entered) {
-    m_parts.dayDatabase.Execute(InsertStatement(entered));
+    Parts().dayDatabase.Execute(InsertStatement(entered));
     Finish();
 }
 
@@ -126,40 +128,24 @@ void Form6::Change(const Anniversary& entered) {
         values.push_back({u"Name", entered.name});
     }
     auto work = std::make_unique<AnniversaryChange>(
-        m_parts.dayDatabase, QList<DayListRow>{*m_chosen}, std::vector<bool>{true},
+        Parts().dayDatabase, QList<DayListRow>{*m_chosen}, std::vector<bool>{true},
         [values](DayDatabase& database, qint64 key) { database.ChangeRow(u"Kinenbi", key, values); });
-    m_work->Start(std::move(work), [this](const WorkEnd& end) {
+    Work().Start(std::move(work), [this](const WorkEnd& end) {
         if (end.error) {
-            Tell();
+            TellFailed();
         } else if (!end.isStopped) {
             Finish();
         }
     });
 }
 
-void Form6::Tell() {
-    m_isTelling = true;
-    m_parts.boxes.Show(this,
-                       {MessageIcon::Exclamation, u"データベース書込みエラー"_s,
-                        u"無効なデータが含まれているか、予期しないエラーが発生しました。"_s},
-                       [self = QPointer(this)] {
-                           if (self) {
-                               self->m_isTelling = false;
-                           }
-                       });
+void Form6::TellFailed() {
+    Tell(u"データベース書込みエラー"_s, u"無効なデータが含まれているか、予期しないエラーが発生しました。"_s);
 }
 
 void Form6::Finish() {
-    m_parts.changes.RaiseRefresh();
+    Parts().changes.RaiseRefresh();
     accept();
-}
-
-void Form6::reject() {
-    if (m_work->IsWorking()) {
-        m_work->Stop();
-    } else {
-        QDialog::reject();
-    }
 }
 
 }  // namespace tickwell

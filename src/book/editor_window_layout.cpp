@@ -5,6 +5,7 @@
 
 #include "book/editor_window.h"
 #include "controls/control_making.h"
+#include "days/day_rule.h"
 
 namespace tickwell {
 
@@ -49,22 +50,13 @@ void Form6::MakeControls() {
     rows->addWidget(m_name);
     rows->addWidget(dateFrame);
     for (std::size_t kind = 0; kind < m_kindOptions.size(); ++kind) {
-        m_kindOptions.at(kind) =
-            Named(new QRadioButton(kRepetitions.at(kind).toString(), this), u"Option2(%1)"_s.arg(kind));
+        m_kindOptions.at(kind) = Named(new QRadioButton(kRepetitions.at(kind).toString(), this),
+                                       Indexed(u"Option2"_s, static_cast<int>(kind)));
         rows->addWidget(m_kindOptions.at(kind));
     }
     rows->addLayout(WeekRow());
     rows->addSpacing(fontMetrics().height() / 2);
-    m_storeButton = Named(new QPushButton(u"追加/変更>>"_s), u"Command1"_s);
-    m_storeButton->setDefault(true);
-    m_cancelButton = Named(new QPushButton(u"ｷｬﾝｾﾙ"_s), u"Command2"_s);
-    auto* buttons = new QHBoxLayout;
-    buttons->addStretch();
-    buttons->addWidget(m_storeButton);
-    buttons->addWidget(m_cancelButton);
-    rows->addLayout(buttons);
-    m_work = new WorkBar(m_parts.timers, m_parts.handlers, u"更新しています"_s, this);
-    rows->addWidget(m_work);
+    AddButtons(*rows, u"追加/変更>>"_s, u"更新しています"_s, [this] { Command1_Click(); });
 }
 
 QLayout* Form6::DateRow() {
@@ -90,10 +82,11 @@ QLayout* Form6::WeekRow() {
     m_byWeek = Named(new QCheckBox(u"第?週の?曜日という形で指定する"_s, this), u"Check2"_s);
     m_ordinal =
         Named(MakeCombo({u"第1"_s, u"第2"_s, u"第3"_s, u"第4"_s, u"第5"_s}, 1, this), u"Combo2"_s, u"週"_s);
-    m_weekday = Named(
-        MakeCombo({u"日曜日"_s, u"月曜日"_s, u"火曜日"_s, u"水曜日"_s, u"木曜日"_s, u"金曜日"_s, u"土曜日"_s},
-                  0, this),
-        u"Combo1"_s, u"曜日"_s);
+    QStringList weekdays;
+    for (int weekday = 1; weekday <= kDaysInWeek; ++weekday) {
+        weekdays.append(WeekdayText(weekday));
+    }
+    m_weekday = Named(MakeCombo(weekdays, 0, this), u"Combo1"_s, u"曜日"_s);
     auto* combos = new QHBoxLayout;
     combos->addSpacing(2 * fontMetrics().height());
     combos->addWidget(m_ordinal);

@@ -3,7 +3,6 @@
 
 #include <QButtonGroup>
 #include <QHBoxLayout>
-#include <QPointer>
 #include <QVBoxLayout>
 #include <utility>
 
@@ -19,10 +18,12 @@ constexpr std::array<QStringView, 3> kKindCaptions{u"指定の日だけの記念
 constexpr std::array<QStringView, 2> kConditionCaptions{u"条件に入れる", u"条件からはずす"};
 constexpr std::array<QStringView, 3> kRangeCaptions{u"範囲指定", u"以後", u"以前"};
 
-constexpr DateNames kStartNames{
-    {u"Text2", u"Text3", u"Text4"}, {u"UpDown1", u"UpDown2", u"UpDown3"}, {u"Label2", u"Label3", u"Label4"}};
-constexpr DateNames kEndNames{
-    {u"Text5", u"Text6", u"Text7"}, {u"UpDown5", u"UpDown4", u"UpDown6"}, {u"Label5", u"Label6", u"Label7"}};
+constexpr DateNames kStartNames{.texts = {u"Text2", u"Text3", u"Text4"},
+                                .upDowns = {u"UpDown1", u"UpDown2", u"UpDown3"},
+                                .labels = {u"Label2", u"Label3", u"Label4"}};
+constexpr DateNames kEndNames{.texts = {u"Text5", u"Text6", u"Text7"},
+                              .upDowns = {u"UpDown5", u"UpDown4", u"UpDown6"},
+                              .labels = {u"Label5", u"Label6", u"Label7"}};
 
 /// Makes a row of option buttons that exclude one another; the group separates them from all other options.
 /// Like all controls they are children of the window from the start: the tab order is the order in which
@@ -35,7 +36,7 @@ QHBoxLayout* MakeOptions(std::array<QRadioButton*, count>& options,
     auto* group = new QButtonGroup(parent);
     for (std::size_t i = 0; i < count; ++i) {
         options.at(i) =
-            Named(new QRadioButton(captions.at(i).toString(), parent), u"%1(%2)"_s.arg(name).arg(i));
+            Named(new QRadioButton(captions.at(i).toString(), parent), Indexed(name, static_cast<int>(i)));
         group->addButton(options.at(i));
         row->addWidget(options.at(i));
     }
@@ -45,7 +46,7 @@ QHBoxLayout* MakeOptions(std::array<QRadioButton*, count>& options,
 
 }  // namespace
 
-Form9::Form9(const BookParts& parts, QWidget* parent) : QDialog(parent), m_parts(parts) {
+Form9::Form9(const BookParts& parts, QWidget* parent) : BookWindow(parts, parent) {
     setObjectName(u"Form9"_s);
     setWindowTitle(u"記念日の検索"_s);
     MakeControls();
@@ -63,16 +64,7 @@ void Form9::MakeControls() {
     }
     rows->addWidget(NameFrame());
     rows->addWidget(DateConditionFrame());
-    m_searchButton = Named(new QPushButton(u"検索開始"_s), u"Command1"_s);
-    m_searchButton->setDefault(true);
-    m_cancelButton = Named(new QPushButton(u"ｷｬﾝｾﾙ"_s), u"Command2"_s);
-    auto* buttons = new QHBoxLayout;
-    buttons->addStretch();
-    buttons->addWidget(m_searchButton);
-    buttons->addWidget(m_cancelButton);
-    rows->addLayout(buttons);
-    m_work = new WorkBar(m_parts.timers, m_parts.handlers, u"検索しています"_s, this);
-    rows->addWidget(m_work);
+    AddButtons(*rows, u"検索開始"_s, u"検索しています"_s, [this] { Command1_Click(); });
 }
 
 QGroupBox* Form9::NameFrame() {
@@ -104,7 +96,7 @@ QGroupBox* Form9::DateConditionFrame() {
 }
 
 void Form9::Connect() {
-    Handlers& handlers = m_parts.handlers;
+    Handlers& handlers = Parts().handlers;
     const auto connectAll = [&](const auto& options) {
         for (const QRadioButton* option : options) {
             handlers.Connect(option, &QRadioButton::clicked, this, [this] { Enable(); });
@@ -113,8 +105,6 @@ void Form9::Connect() {
     connectAll(m_nameOptions);
     connectAll(m_dateOptions);
     connectAll(m_rangeOptions);
-    handlers.Connect(m_searchButton, &QPushButton::clicked, this, [this] { Command1_Click(); });
-    handlers.Connect(m_cancelButton, &QPushButton::clicked, this, [this] { reject(); });
 }
 
 /// All kinds and no condition: an immediate search lists everything. Both dates are today.
@@ -125,7 +115,7 @@ void Form9::Form_Load() {
     m_nameOptions[1]->setChecked(true);
     m_dateOptions[1]->setChecked(true);
     m_rangeOptions[0]->setChecked(true);
-    const QDate today = m_parts.clock.Now().date();
+    const QDate today = Parts().clock.Now().date();
     m_start->ShowDate(today);
     m_end->ShowDate(today);
     Enable();
@@ -164,24 +154,17 @@ void Form9::Enable() {
 }
 
 void Form9::Command1_Click() {
-    if (m_isTelling) {
+    if (IsTelling()) {
         return;
     }
     const std::optional<SearchConditions> conditions = ConditionsOf(Fields());
     if (!conditions) {
-        m_isTelling = true;
-        m_parts.boxes.Show(
-            this, {MessageIcon::Exclamation, u"検索開始エラー"_s, u"無効なデータが条件になっています。"_s},
-            [self = QPointer(this)] {
-                if (self) {
-                    self->m_isTelling = false;
-                }
-            });
+        Tell(u"検索開始エラー"_s, u"無効なデータが条件になっています。"_s);
         return;
     }
-    auto work = std::make_unique<AnniversarySearch>(m_parts.dayDatabase, *conditions);
+    auto work = std::make_unique<AnniversarySearch>(Parts().dayDatabase, *conditions);
     AnniversarySearch& search = *work;
-    m_work->Start(std::move(work), [this, &search](const WorkEnd& end) {
+    Work().Start(std::move(work), [this, &search](const WorkEnd& end) {
         if (end.error) {
             std::rethrow_exception(end.error);
         }
@@ -193,16 +176,8 @@ void Form9::Command1_Click() {
 
 void Form9::ShowFinds(AnniversarySearch& search) {
     SearchFinds finds = search.TakeFinds();
-    m_parts.list.ListFound(std::move(finds.rows), finds.searched);
+    Parts().list.ListFound(std::move(finds.rows), finds.searched);
     accept();
-}
-
-void Form9::reject() {
-    if (m_work->IsWorking()) {
-        m_work->Stop();
-    } else {
-        QDialog::reject();
-    }
 }
 
 }  // namespace tickwell

@@ -2,7 +2,6 @@
 #pragma once
 
 #include <QCheckBox>
-#include <QDialog>
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
@@ -10,23 +9,19 @@
 #include <QRadioButton>
 #include <array>
 
-#include "book/book_parts.h"
+#include "book/book_window.h"
 #include "book/date_frame.h"
 #include "book/search_fields.h"
-#include "controls/work_bar.h"
 
 namespace tickwell {
 
 /// The search of the anniversary book by kind, name and date. Puts its results into the calendar's list and
 /// closes; after an error it stays open and the list is unchanged.
-class Form9 : public QDialog {
+class Form9 : public BookWindow {
     Q_OBJECT
 
 public:
     Form9(const BookParts& parts, QWidget* parent);
-
-    /// Closes the window; a running search is cancelled instead, and the window stays open.
-    void reject() override;
 
 private:
     void MakeControls();
@@ -40,8 +35,6 @@ private:
     RangeKind Range() const;
     void Enable();
 
-    BookParts m_parts;
-    bool m_isTelling = false;  // the message box is open; another one would only cover it
     // All owned by the window as children.
     std::array<QCheckBox*, 3> m_kinds{};  // one year, every year, every month
     std::array<QRadioButton*, 2> m_nameOptions{};
@@ -52,9 +45,6 @@ private:
     std::array<QRadioButton*, 3> m_rangeOptions{};
     DateFrame* m_start = nullptr;
     DateFrame* m_end = nullptr;
-    QPushButton* m_searchButton = nullptr;
-    QPushButton* m_cancelButton = nullptr;
-    WorkBar* m_work = nullptr;
 };
 
 }  // namespace tickwell

@@ -14,16 +14,6 @@ namespace {
 
 constexpr int kWeekTextLength = 4;
 
-/// 1 for "日" to 7 for "土"; 0 for anything else.
-qint32 WeekdayOf(QChar letter) {
-    for (int weekday = 1; weekday <= kDaysInWeek; ++weekday) {
-        if (WeekdayLetter(weekday, 1) == letter) {
-            return weekday;
-        }
-    }
-    return 0;
-}
-
 bool IsNone(const QString& text) {
     return text.isEmpty() || text == EveryText();
 }
@@ -74,7 +64,7 @@ qint32 WeekOfListText(const QString& text) {
         return 0;
     }
     if (text.size() == kWeekTextLength) {
-        return 10 * WeekdayOf(text.back()) + IntegerOf(text.sliced(1, 1));
+        return 10 * WeekdayOfLetter(text.back()) + IntegerOf(text.sliced(1, 1));
     }
     return IntegerOf(text);
 }

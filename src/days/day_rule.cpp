@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "days/day_rule.h"
 
+#include "core/words.h"
+
 namespace tickwell {
 
 using namespace Qt::StringLiterals;
@@ -30,10 +32,26 @@ QString DateLiteral(QDate date) {
            Number(date.year()).rightJustified(4, u'0') + u'#';
 }
 
+int WeekdayNumber(QDate date) {
+    return date.dayOfWeek() % kDaysInWeek + 1;  // Qt: 1 Monday .. 7 Sunday
+}
+
+int WeekdayOfLetter(QChar letter) {
+    for (int weekday = 1; weekday <= kDaysInWeek; ++weekday) {
+        if (WeekdayLetter(weekday, 1) == letter) {
+            return weekday;
+        }
+    }
+    return 0;
+}
+
+QString WeekdayText(int weekday) {
+    return WeekdayLetter(weekday, 1) + u"曜日";
+}
+
 int WeekCode(QDate date) {
-    const int week = (date.day() - 1) / kDaysInWeek + 1;     // 1..5
-    const int weekday = date.dayOfWeek() % kDaysInWeek + 1;  // Qt: 1 Monday .. 7 Sunday
-    return 10 * week + weekday;
+    const int week = (date.day() - 1) / kDaysInWeek + 1;  // 1..5
+    return 10 * week + WeekdayNumber(date);
 }
 
 QString AnniversaryQuery(qint32 year, qint32 month, qint32 day, qint32 weekCode) {

@@ -5,7 +5,7 @@ namespace tickwell {
 
 MonthShape ShapeOf(QDate date) {
     const QDate first(date.year(), date.month(), 1);
-    return {first, first.addMonths(1).addDays(-1), first.dayOfWeek() % kDaysInWeek + 1};
+    return {.first = first, .last = first.addMonths(1).addDays(-1), .firstWeekday = WeekdayNumber(first)};
 }
 
 MonthRows ReadMonth(DayDatabase& database, const MonthShape& month) {
