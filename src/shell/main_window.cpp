@@ -26,15 +26,11 @@ Form1::Form1(const MainWindowParts& parts)
     : QWidget(nullptr, Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint),
       m_parts(parts),
       m_pacer(parts.clock, parts.timers),
-      m_upperLine(std::make_unique<MovingWord>(LineTime{parts.clock, parts.timers, m_pacer}, this)),
-      m_lowerLine(std::make_unique<MovingWord>(LineTime{parts.clock, parts.timers, m_pacer}, this)),
+      m_upperLine(MakeLine(u"MovingWord1"_s)),
+      m_lowerLine(MakeLine(u"MovingWord2"_s)),
       m_displays(parts.makeDisplays(ViewForDisplays())),
-      m_menu(new MainMenu(
-          m_displays, parts.handlers,
-          [this](MenuCommand command, qint32 number) { Menu_Click(command, number); }, this)),
-      m_trayMenu(new ItemMenu(
-          u"Menu90", kTrayMenuItems, parts.handlers,
-          [this](MenuCommand command, qint32 number) { Menu_Click(command, number); }, this)),
+      m_menu(new MainMenu(m_displays, parts.handlers, WhenChosen(), this)),
+      m_trayMenu(new ItemMenu(u"Menu90", kTrayMenuItems, parts.handlers, WhenChosen(), this)),
       m_chime(parts.clock, parts.settings, parts.playChime),
       m_startUpTimer(parts.handlers.MakeTimer(parts.timers, kFitDelay, [this] { setuptimer_Timer(); })),
       m_keepTopTimer(
@@ -43,7 +39,7 @@ Form1::Form1(const MainWindowParts& parts)
       m_chimeTimer(
           parts.handlers, parts.timers, kChimeTick, [this] { m_chime.Timer3_Timer(); },
           [this] { return m_chime.UntilDue(); }),
-      m_switch(parts.settings, {*m_upperLine, *m_lowerLine}, *m_menu, m_displays),
+      m_switch(parts.settings, {.upper = *m_upperLine, .lower = *m_lowerLine}, *m_menu, m_displays),
       m_roll(m_displays, parts.further.roll, parts.power, parts.handlers, parts.timers,
              [this](qint32 number) { ChangeFunction(number); }),
       m_gesture(QGuiApplication::styleHints()->startDragDistance()),
@@ -52,25 +48,25 @@ Form1::Form1(const MainWindowParts& parts)
                 [this](bool stored) { SetStored(stored); }) {
     setObjectName(u"Form1"_s);
     setWindowTitle(u"Tickwell"_s);
-    m_upperLine->setObjectName(u"MovingWord1"_s);
-    m_lowerLine->setObjectName(u"MovingWord2"_s);
     setAttribute(Qt::WA_ShowWithoutActivating);
     setMouseTracking(true);
-    m_upperLine->setMouseTracking(true);
-    m_lowerLine->setMouseTracking(true);
-    m_menu->Item(MenuCommand::ShowCalendar)->setEnabled(parts.windows.calendar != nullptr);
-    m_menu->Item(MenuCommand::ShowSettings)->setEnabled(parts.windows.settings != nullptr);
-    m_menu->Item(MenuCommand::ShowHelp)->setEnabled(parts.windows.help != nullptr);
-    m_trayMenu->Item(MenuCommand::ShowHelp)->setEnabled(parts.windows.help != nullptr);
-    m_menu->Item(MenuCommand::ShowAbout)->setEnabled(parts.windows.about != nullptr);
+    EnableItems();
     connect(m_menu, &QMenu::aboutToShow, this, &Form1::Menu_AboutToShow);
     m_lowerLine->BringUpForReaders([this] { BringUpShown(); });
     m_parts.jumps.Listen([this] { WakeTimers(); });
     m_parts.tray.WhenChanged([this] { Menu_AboutToShow(); });  // an open menu follows
 }
 
+std::unique_ptr<MovingWord> Form1::MakeLine(const QString& name) {
+    const LineTime time{.clock = m_parts.clock, .timers = m_parts.timers, .pacer = m_pacer};
+    auto line = std::make_unique<MovingWord>(time, this);
+    line->setObjectName(name);
+    line->setMouseTracking(true);
+    return line;
+}
+
 DisplayView Form1::ViewForDisplays() {
-    return {.lines = {*m_upperLine, *m_lowerLine},
+    return {.lines = {.upper = *m_upperLine, .lower = *m_lowerLine},
             .functions = *this,
             .isSeen = [this] { return m_pacer.IsSeen(); },
             .untilFrame = [this] { return m_pacer.UntilFrame(); },
@@ -177,64 +173,17 @@ void Form1::SetSeen(bool isSeen) {
     }
 }
 
-void Form1::Menu_Click(MenuCommand command, qint32 number) {
-    switch (command) {
-        case MenuCommand::ChangeFunction:
-            return ChangeFunction(number);
-        case MenuCommand::ShowCalendar:
-            return m_parts.windows.calendar();
-        case MenuCommand::StartTool:
-            return m_tools.Start(number);
-        case MenuCommand::ShowSettings:
-            return m_parts.windows.settings();
-        case MenuCommand::StoreInTray:
-            return m_storage.Store();
-        case MenuCommand::TakeFromTray:
-            return m_storage.TakeBack();
-        case MenuCommand::ShowHelp:
-            return m_parts.windows.help();
-        case MenuCommand::ShowAbout:
-            return m_parts.windows.about();
-        case MenuCommand::Quit:
-            close();
-            return;
-        case MenuCommand::ShowOperation:
-            return ShowOperation();
-        case MenuCommand::Separator:
-        case MenuCommand::Tools:
-            return;
-    }
-}
-
-void Form1::ShowOperation() const {
-    if (Display* const shown = m_switch.Shown()) {
-        shown->OpenWindow();
-    }
-}
-
-/// Where nothing shows an icon, putting the window away would lose it.
-void Form1::Menu_AboutToShow() {
-    m_menu->Item(MenuCommand::StoreInTray)->setEnabled(m_storage.CanStore());
-}
-
 /// With the second tick of the line from now, so that both wake the machine up once; never later than its
 /// interval.
 qint64 Form1::UntilKeepTop() const {
     const Display* const shown = m_switch.Shown();
     const qint64 untilLine = shown != nullptr && shown->Traits().turnsWithSeconds ? shown->UntilDue(true) : 0;
-    const bool isTicking = untilLine > 1 && untilLine <= kSecond;  // 1 where it ticks at this very moment
+    const bool isTicking = untilLine > 1 && untilLine <= kSecond;  // 1 if it ticks at this very moment
     return isTicking ? kKeepTopTick - kSecond + untilLine : kKeepTopTick;
 }
 
 void Form1::SaveAll() {
     SaveSettings(m_parts.store, m_parts.settings, m_parts.further, m_geometry.Geometry());
-}
-
-QList<QMenu*> Form1::VisibleMenus() const {
-    QList<QMenu*> menus{m_menu};
-    menus.append(m_menu->findChildren<QMenu*>());
-    menus.removeIf([](const QMenu* menu) { return !menu->isVisible(); });
-    return menus;
 }
 
 }  // namespace tickwell

@@ -66,6 +66,9 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    std::unique_ptr<MovingWord> MakeLine(const QString& name);
+    MenuChosen WhenChosen();
+    void EnableItems();
     void Form_Resize();
     void setuptimer_Timer();
     void KeepTop_Timer();
