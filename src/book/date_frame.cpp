@@ -2,7 +2,6 @@
 #include "book/date_frame.h"
 
 #include <QHBoxLayout>
-#include <QLabel>
 
 #include "controls/control_making.h"
 
@@ -29,9 +28,7 @@ DateFrame::DateFrame(const QString& caption, const DateNames& names, QWidget* pa
         m_parts.at(i) = Named(new UpDown(names.texts.at(i).toString(), part.first, part.last, this),
                               names.upDowns.at(i).toString(), caption + partCaption);
         row->addWidget(m_parts.at(i));
-        auto* label = Named(new QLabel(partCaption), names.labels.at(i).toString());
-        label->setTextFormat(Qt::PlainText);
-        row->addWidget(label);
+        row->addWidget(MakeLabel(names.labels.at(i).toString(), partCaption));
     }
     row->addStretch();
 }
@@ -44,7 +41,7 @@ void DateFrame::ShowDate(QDate date) {
 }
 
 DateFields DateFrame::Fields() const {
-    return {m_parts[0]->text(), m_parts[1]->text(), m_parts[2]->text()};
+    return {.year = m_parts[0]->text(), .month = m_parts[1]->text(), .day = m_parts[2]->text()};
 }
 
 }  // namespace tickwell

@@ -22,7 +22,7 @@ constexpr int kLetters = 24;  // its minimum width
 }  // namespace
 
 Form10::Form10(const BookParts& parts, QWidget* parent)
-    : QDialog(parent), m_parts(parts), m_rows(parts.list.Rows()) {
+    : BookWindow(parts, parent), m_rows(parts.list.Rows()) {
     setObjectName(u"Form10"_s);
     setWindowTitle(u"記念日の削除"_s);
     MakeControls();
@@ -31,83 +31,71 @@ Form10::Form10(const BookParts& parts, QWidget* parent)
 }
 
 void Form10::MakeControls() {
-    auto* label1 = Named(new QLabel(u"記念日を削除します"_s), u"Label1"_s);
-    m_List1 = Named(new TickList, u"List1"_s, label1->text());
-    m_List1->setMinimumSize(kLetters * fontMetrics().horizontalAdvance(u'記'),
-                            kLines * fontMetrics().height());
-    label1->setBuddy(m_List1);
-    m_Label2 = Named(new QLabel, u"Label2"_s);
-    m_Label2->setTextFormat(Qt::PlainText);
-    m_Command1 = Named(new QPushButton(u"削除"_s), u"Command1"_s);
-    m_Command1->setDefault(true);
-    m_Command2 = Named(new QPushButton(u"ｷｬﾝｾﾙ"_s), u"Command2"_s);
-    m_Command3 = Named(new QPushButton(u"全選"_s), u"Command3"_s, u"全選択"_s);
-    m_Command4 = Named(new QPushButton(u"全解"_s), u"Command4"_s, u"全解除"_s);
+    auto* listLabel = Named(new QLabel(u"記念日を削除します"_s), u"Label1"_s);
+    m_anniversaries = Named(new TickList, u"List1"_s, listLabel->text());
+    m_anniversaries->setMinimumSize(kLetters * fontMetrics().horizontalAdvance(u'記'),
+                                    kLines * fontMetrics().height());
+    listLabel->setBuddy(m_anniversaries);
+    m_tickedCount = MakeLabel(u"Label2"_s);
+    m_tickAllButton = Named(new QPushButton(u"全選"_s), u"Command3"_s, u"全選択"_s);
+    m_untickAllButton = Named(new QPushButton(u"全解"_s), u"Command4"_s, u"全解除"_s);
 
     auto* ticking = new QHBoxLayout;
-    ticking->addWidget(m_Command3);
-    ticking->addWidget(m_Command4);
+    ticking->addWidget(m_tickAllButton);
+    ticking->addWidget(m_untickAllButton);
     ticking->addStretch();
-    ticking->addWidget(m_Label2);
-    auto* buttons = new QHBoxLayout;
-    buttons->addStretch();
-    buttons->addWidget(m_Command1);
-    buttons->addWidget(m_Command2);
+    ticking->addWidget(m_tickedCount);
     auto* rows = new QVBoxLayout(this);
-    rows->addWidget(label1);
-    rows->addWidget(m_List1);
+    rows->addWidget(listLabel);
+    rows->addWidget(m_anniversaries);
     rows->addLayout(ticking);
     rows->addSpacing(fontMetrics().height() / 2);
-    rows->addLayout(buttons);
-    m_work = new WorkBar(m_parts.timers, m_parts.handlers, u"削除しています"_s, this);
-    rows->addWidget(m_work);
+    AddButtons(*rows, u"削除"_s, u"削除しています"_s, [this] { Command1_Click(); });
 }
 
 void Form10::Form_Load() {
-    auto* model = new DayListModel(QVariant(), DayListModel::Columns::Name, m_List1);
+    auto* model = new DayListModel(QVariant(), DayListModel::Columns::Name, m_anniversaries);
     model->SetRows(m_rows);
-    m_List1->setModel(model);
+    m_anniversaries->setModel(model);
     m_isTicked.assign(static_cast<std::size_t>(m_rows.Count()), false);
     ShowCount();
-    m_List1->setFocus();
+    m_anniversaries->setFocus();
 }
 
 void Form10::Connect() {
-    Handlers& handlers = m_parts.handlers;
-    handlers.Connect(m_List1->selectionModel(), &QItemSelectionModel::selectionChanged, this,
+    Handlers& handlers = Parts().handlers;
+    handlers.Connect(m_anniversaries->selectionModel(), &QItemSelectionModel::selectionChanged, this,
                      [this] { List1_Click(); });
-    handlers.Connect(m_Command1, &QPushButton::clicked, this, [this] { Command1_Click(); });
-    handlers.Connect(m_Command2, &QPushButton::clicked, this, [this] { reject(); });
-    handlers.Connect(m_Command3, &QPushButton::clicked, this, [this] { Command3_Click(); });
-    handlers.Connect(m_Command4, &QPushButton::clicked, this, [this] { Command4_Click(); });
+    handlers.Connect(m_tickAllButton, &QPushButton::clicked, this, [this] { Command3_Click(); });
+    handlers.Connect(m_untickAllButton, &QPushButton::clicked, this, [this] { Command4_Click(); });
 }
 
 /// Handles selection by mouse and keyboard: copies the selection to the ticks and updates the count.
 void Form10::List1_Click() {
     std::fill(m_isTicked.begin(), m_isTicked.end(), false);
-    for (const QItemSelectionRange& range : m_List1->selectionModel()->selection()) {
+    for (const QItemSelectionRange& range : m_anniversaries->selectionModel()->selection()) {
         std::fill(m_isTicked.begin() + range.top(), m_isTicked.begin() + range.bottom() + 1, true);
     }
     ShowCount();
 }
 
 void Form10::Command3_Click() {
-    m_List1->selectAll();
+    m_anniversaries->selectAll();
 }
 
 void Form10::Command4_Click() {
-    m_List1->clearSelection();
+    m_anniversaries->clearSelection();
 }
 
 void Form10::ShowCount() {
     const auto ticked = std::count(m_isTicked.begin(), m_isTicked.end(), true);
-    m_Label2->setText(TickedText(ticked));
-    m_Command1->setEnabled(ticked > 0);
+    m_tickedCount->setText(TickedText(ticked));
+    StartButton().setEnabled(ticked > 0);
 }
 
 void Form10::Command1_Click() {
-    m_work->Start(DeletionOf(m_parts.dayDatabase, m_rows, m_isTicked), [this](const WorkEnd& end) {
-        m_parts.changes.RaiseRefresh();  // some may be deleted even after an error
+    Work().Start(DeletionOf(Parts().dayDatabase, m_rows, m_isTicked), [this](const WorkEnd& end) {
+        Parts().changes.RaiseRefresh();  // some may be deleted even after an error
         if (end.error) {
             std::rethrow_exception(end.error);
         }
@@ -115,14 +103,6 @@ void Form10::Command1_Click() {
             accept();
         }
     });
-}
-
-void Form10::reject() {
-    if (m_work->IsWorking()) {
-        m_work->Stop();
-    } else {
-        QDialog::reject();
-    }
 }
 
 }  // namespace tickwell

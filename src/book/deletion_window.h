@@ -1,27 +1,22 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <QDialog>
 #include <QLabel>
 #include <QPushButton>
 #include <vector>
 
-#include "book/book_parts.h"
+#include "book/book_window.h"
 #include "book/tick_list.h"
-#include "controls/work_bar.h"
 
 namespace tickwell {
 
 /// The deletion of anniversaries: lists those of the calendar's list, to be ticked one by one or all at once.
 /// Deletes the ticked ones without further confirmation and closes; after an error it stays open unchanged.
-class Form10 : public QDialog {
+class Form10 : public BookWindow {
     Q_OBJECT
 
 public:
     Form10(const BookParts& parts, QWidget* parent);
-
-    /// Closes the window; a running deletion is cancelled and rolled back instead, and the window stays open.
-    void reject() override;
 
 private:
     void MakeControls();
@@ -33,17 +28,13 @@ private:
     void Command4_Click();
     void ShowCount();
 
-    BookParts m_parts;
     ListedRows m_rows;             // the rows of the list when the window opened
     std::vector<bool> m_isTicked;  // one per row
     // All owned by the window as children.
-    TickList* m_List1 = nullptr;
-    QLabel* m_Label2 = nullptr;
-    QPushButton* m_Command1 = nullptr;
-    QPushButton* m_Command2 = nullptr;
-    QPushButton* m_Command3 = nullptr;
-    QPushButton* m_Command4 = nullptr;
-    WorkBar* m_work = nullptr;
+    TickList* m_anniversaries = nullptr;
+    QLabel* m_tickedCount = nullptr;
+    QPushButton* m_tickAllButton = nullptr;
+    QPushButton* m_untickAllButton = nullptr;
 };
 
 }  // namespace tickwell

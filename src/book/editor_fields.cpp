@@ -4,7 +4,6 @@
 #include <array>
 
 #include "core/integer_text.h"
-#include "core/words.h"
 #include "days/day_rule.h"
 
 namespace tickwell {
@@ -13,18 +12,10 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QString WeekdayText(int weekday) {
-    return WeekdayLetter(weekday, 1) + u"曜日";
-}
-
 /// 1 for "日曜日" to 7 for "土曜日"; 0 for every other text.
-qint32 WeekdayNamed(const QString& text) {
-    for (int weekday = 1; weekday <= kDaysInWeek; ++weekday) {
-        if (WeekdayText(weekday) == text) {
-            return weekday;
-        }
-    }
-    return 0;
+int WeekdayOfText(const QString& text) {
+    const int weekday = text.isEmpty() ? 0 : WeekdayOfLetter(text.front());
+    return weekday != 0 && text == WeekdayText(weekday) ? weekday : 0;
 }
 
 AnniversaryKind KindOf(const Anniversary& row) {
@@ -92,7 +83,7 @@ Anniversary AnniversaryOf(const EditorFields& fields) {
         row.month = IntegerOf(fields.month);
     }
     if (fields.byWeek) {
-        row.week = 10 * IntegerOf(fields.ordinal.mid(1, 1)) + WeekdayNamed(fields.weekday);
+        row.week = 10 * IntegerOf(fields.ordinal.mid(1, 1)) + WeekdayOfText(fields.weekday);
     } else {
         row.day = IntegerOf(fields.day);
     }

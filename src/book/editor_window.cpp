@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "book/editor_window.h"
 
-#include <QPointer>
-
 #include "book/anniversary_statements.h"
 #include "book/log.h"
 #include "store/sql_compiler.h"
@@ -20,7 +18,7 @@ void ShowText(QComboBox* combo, const QString& text) {
 
 }  // namespace
 
-Form6::Form6(const BookParts& parts, QDate date, QWidget* parent) : QDialog(parent), m_parts(parts) {
+Form6::Form6(const BookParts& parts, QDate date, QWidget* parent) : BookWindow(parts, parent) {
     setObjectName(u"Form6"_s);
     MakeControls();
     Form_Load(date);
@@ -28,41 +26,39 @@ Form6::Form6(const BookParts& parts, QDate date, QWidget* parent) : QDialog(pare
 }
 
 void Form6::Connect() {
-    Handlers& handlers = m_parts.handlers;
-    for (std::size_t kind = 0; kind < m_Option2.size(); ++kind) {
-        handlers.Connect(m_Option2.at(kind), &QRadioButton::clicked, this,
+    Handlers& handlers = Parts().handlers;
+    for (std::size_t kind = 0; kind < m_kindOptions.size(); ++kind) {
+        handlers.Connect(m_kindOptions.at(kind), &QRadioButton::clicked, this,
                          [this, kind] { Option2_Click(static_cast<AnniversaryKind>(kind)); });
     }
-    handlers.Connect(m_Check2, &QCheckBox::clicked, this, [this] { Check2_Click(); });
-    handlers.Connect(m_Command1, &QPushButton::clicked, this, [this] { Command1_Click(); });
-    handlers.Connect(m_Command2, &QPushButton::clicked, this, [this] { reject(); });
+    handlers.Connect(m_byWeek, &QCheckBox::clicked, this, [this] { Check2_Click(); });
 }
 
 void Form6::Form_Load(QDate date) {
-    m_chosen = m_parts.list.ChosenRow();
+    m_chosen = Parts().list.ChosenRow();
     setWindowTitle(m_chosen ? u"記念日の編集"_s : u"記念日の追加"_s);
-    m_Command1->setText(m_chosen ? u"更新>>"_s : u"追加>>"_s);
+    StartButton().setText(m_chosen ? u"更新>>"_s : u"追加>>"_s);
     ShowFields(m_chosen ? FieldsToEdit(AnniversaryOf(*m_chosen), date) : FieldsToAdd(date));
-    m_shownName = m_Text1->text();
-    m_Text1->setFocus();
-    m_Text1->selectAll();
+    m_shownName = m_name->text();
+    m_name->setFocus();
+    m_name->selectAll();
 }
 
 void Form6::ShowFields(const EditorFields& fields) {
-    m_Text1->setText(fields.name);
-    m_Option2.at(static_cast<std::size_t>(fields.kind))->setChecked(true);
-    m_Check2->setChecked(fields.byWeek);
-    m_UpDown1->SetText(fields.year);
-    m_UpDown2->SetText(fields.month);
-    m_UpDown3->SetText(fields.day);
-    ShowText(m_Combo2, fields.ordinal);
-    ShowText(m_Combo1, fields.weekday);
+    m_name->setText(fields.name);
+    m_kindOptions.at(static_cast<std::size_t>(fields.kind))->setChecked(true);
+    m_byWeek->setChecked(fields.byWeek);
+    m_year->SetText(fields.year);
+    m_month->SetText(fields.month);
+    m_day->SetText(fields.day);
+    ShowText(m_ordinal, fields.ordinal);
+    ShowText(m_weekday, fields.weekday);
     Enable();
 }
 
 AnniversaryKind Form6::Kind() const {
-    for (std::size_t kind = 0; kind < m_Option2.size(); ++kind) {
-        if (m_Option2.at(kind)->isChecked()) {
+    for (std::size_t kind = 0; kind < m_kindOptions.size(); ++kind) {
+        if (m_kindOptions.at(kind)->isChecked()) {
             return static_cast<AnniversaryKind>(kind);
         }
     }
@@ -70,29 +66,33 @@ AnniversaryKind Form6::Kind() const {
 }
 
 EditorFields Form6::Fields() const {
-    return {m_Text1->text(),         Kind(),
-            m_Check2->isChecked(),   m_UpDown1->text(),
-            m_UpDown2->text(),       m_UpDown3->text(),
-            m_Combo2->currentText(), m_Combo1->currentText()};
+    return {.name = m_name->text(),
+            .kind = Kind(),
+            .byWeek = m_byWeek->isChecked(),
+            .year = m_year->text(),
+            .month = m_month->text(),
+            .day = m_day->text(),
+            .ordinal = m_ordinal->currentText(),
+            .weekday = m_weekday->currentText()};
 }
 
 void Form6::Enable() {
-    const EditorEnabling can = EnablingOf(Kind(), m_Check2->isChecked());
-    m_UpDown1->setEnabled(can.year);
-    m_Label3->setEnabled(can.year);
-    m_UpDown2->setEnabled(can.month);
-    m_Label4->setEnabled(can.month);
-    m_UpDown3->setEnabled(can.day);
-    m_Label5->setEnabled(can.day);
-    m_Check2->setEnabled(can.weekBox);
-    m_Combo1->setEnabled(can.week);
-    m_Combo2->setEnabled(can.week);
+    const EditorEnabling can = EnablingOf(Kind(), m_byWeek->isChecked());
+    m_year->setEnabled(can.year);
+    m_yearLabel->setEnabled(can.year);
+    m_month->setEnabled(can.month);
+    m_monthLabel->setEnabled(can.month);
+    m_day->setEnabled(can.day);
+    m_dayLabel->setEnabled(can.day);
+    m_byWeek->setEnabled(can.weekBox);
+    m_weekday->setEnabled(can.week);
+    m_ordinal->setEnabled(can.week);
 }
 
 void Form6::Option2_Click(AnniversaryKind kind) {
     EditorFields fields = Fields();
     ChooseKind(fields, kind);
-    m_Check2->setChecked(fields.byWeek);
+    m_byWeek->setChecked(fields.byWeek);
     Enable();
 }
 
@@ -101,7 +101,7 @@ void Form6::Check2_Click() {
 }
 
 void Form6::Command1_Click() {
-    if (m_isTelling) {
+    if (IsTelling()) {
         return;
     }
     try {
@@ -109,12 +109,12 @@ void Form6::Command1_Click() {
         m_chosen ? Change(entered) : Add(entered);
     } catch (const RunTimeError& error) {
         qCWarning(BookLog).noquote() << "the anniversary was not stored:" << error.Detail();
-        Tell();
+        TellFailed();
     }
 }
 
 void Form6::Add(const Anniversary& entered) {
-    m_parts.dayDatabase.Execute(InsertSql(entered));
+    Parts().dayDatabase.Execute(InsertSql(entered));
     Finish();
 }
 
@@ -128,40 +128,24 @@ void Form6::Change(const Anniversary& entered) {
         values.push_back({u"Name", entered.name});
     }
     auto work = std::make_unique<AnniversaryChange>(
-        m_parts.dayDatabase, QList<DayListRow>{*m_chosen}, std::vector<bool>{true},
+        Parts().dayDatabase, QList<DayListRow>{*m_chosen}, std::vector<bool>{true},
         [values](DayDatabase& database, qint64 key) { database.ChangeRow(u"Kinenbi", key, values); });
-    m_work->Start(std::move(work), [this](const WorkEnd& end) {
+    Work().Start(std::move(work), [this](const WorkEnd& end) {
         if (end.error) {
-            Tell();
+            TellFailed();
         } else if (!end.isStopped) {
             Finish();
         }
     });
 }
 
-void Form6::Tell() {
-    m_isTelling = true;
-    m_parts.boxes.Show(this,
-                       {MessageIcon::Exclamation, u"データベース書込みエラー"_s,
-                        u"無効なデータが含まれているか、予期しないエラーが発生しました。"_s},
-                       [self = QPointer(this)] {
-                           if (self) {
-                               self->m_isTelling = false;
-                           }
-                       });
+void Form6::TellFailed() {
+    Tell(u"データベース書込みエラー"_s, u"無効なデータが含まれているか、予期しないエラーが発生しました。"_s);
 }
 
 void Form6::Finish() {
-    m_parts.changes.RaiseRefresh();
+    Parts().changes.RaiseRefresh();
     accept();
-}
-
-void Form6::reject() {
-    if (m_work->IsWorking()) {
-        m_work->Stop();
-    } else {
-        QDialog::reject();
-    }
 }
 
 }  // namespace tickwell

@@ -3,7 +3,6 @@
 
 #include <QCheckBox>
 #include <QComboBox>
-#include <QDialog>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -12,25 +11,21 @@
 #include <optional>
 
 #include "book/anniversary_change.h"
-#include "book/book_parts.h"
+#include "book/book_window.h"
 #include "book/editor_fields.h"
 #include "controls/up_down.h"
-#include "controls/work_bar.h"
 
 namespace tickwell {
 
 /// The editor of an anniversary: adds one, or changes the one chosen in the calendar's list. It writes to the
 /// database and closes; an error is reported in a message box, and the fields stay as typed.
-class Form6 : public QDialog {
+class Form6 : public BookWindow {
     Q_OBJECT
 
 public:
     /// `date`: the calendar's selected date. Throws RunTimeError if the chosen row is no longer in the list
     /// or cannot be read; there is then nothing to show.
     Form6(const BookParts& parts, QDate date, QWidget* parent);
-
-    /// Closes the window; a running change is cancelled and rolled back instead, and the window stays open.
-    void reject() override;
 
 private:
     void MakeControls();
@@ -41,7 +36,7 @@ private:
     void Command1_Click();
     void Add(const Anniversary& entered);
     void Change(const Anniversary& entered);
-    void Tell();
+    void TellFailed();
     void Finish();
     void ShowFields(const EditorFields& fields);
     EditorFields Fields() const;
@@ -50,25 +45,20 @@ private:
     QLayout* DateRow();
     QLayout* WeekRow();
 
-    BookParts m_parts;
-    bool m_isTelling = false;            // the message box is open; another one would only cover it
     std::optional<DayListRow> m_chosen;  // the row to change; empty: a row is added
     QString m_shownName;                 // the row's name as initially shown in the field
     // All owned by the window as children.
-    QLineEdit* m_Text1 = nullptr;
-    UpDown* m_UpDown1 = nullptr;  // year
-    UpDown* m_UpDown2 = nullptr;  // month
-    UpDown* m_UpDown3 = nullptr;  // day
-    QLabel* m_Label3 = nullptr;
-    QLabel* m_Label4 = nullptr;
-    QLabel* m_Label5 = nullptr;
-    std::array<QRadioButton*, 3> m_Option2{};
-    QCheckBox* m_Check2 = nullptr;
-    QComboBox* m_Combo1 = nullptr;  // weekday
-    QComboBox* m_Combo2 = nullptr;  // ordinal
-    QPushButton* m_Command1 = nullptr;
-    QPushButton* m_Command2 = nullptr;
-    WorkBar* m_work = nullptr;
+    QLineEdit* m_name = nullptr;
+    UpDown* m_year = nullptr;
+    UpDown* m_month = nullptr;
+    UpDown* m_day = nullptr;
+    QLabel* m_yearLabel = nullptr;
+    QLabel* m_monthLabel = nullptr;
+    QLabel* m_dayLabel = nullptr;
+    std::array<QRadioButton*, 3> m_kindOptions{};
+    QCheckBox* m_byWeek = nullptr;
+    QComboBox* m_weekday = nullptr;
+    QComboBox* m_ordinal = nullptr;  // of the week in the month
 };
 
 }  // namespace tickwell

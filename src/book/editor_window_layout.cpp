@@ -5,6 +5,7 @@
 
 #include "book/editor_window.h"
 #include "controls/control_making.h"
+#include "days/day_rule.h"
 
 namespace tickwell {
 
@@ -36,71 +37,63 @@ QComboBox* MakeCombo(const QStringList& items, int firstData, QWidget* parent) {
 }  // namespace
 
 void Form6::MakeControls() {
-    auto* label1 = Named(new QLabel(u"記念日の名前"_s), u"Label1"_s);
-    m_Text1 = Named(new QLineEdit(this), u"Text1"_s, label1->text());
-    label1->setBuddy(m_Text1);
+    auto* nameLabel = Named(new QLabel(u"記念日の名前"_s), u"Label1"_s);
+    m_name = Named(new QLineEdit(this), u"Text1"_s, nameLabel->text());
+    nameLabel->setBuddy(m_name);
 
-    auto* frame1 = Named(new QGroupBox(u"日付"_s), u"Frame1"_s);
-    frame1->setLayout(DateRow());
+    auto* dateFrame = Named(new QGroupBox(u"日付"_s), u"Frame1"_s);
+    dateFrame->setLayout(DateRow());
 
     auto* rows = new QVBoxLayout(this);
     rows->setSizeConstraint(QLayout::SetFixedSize);
-    rows->addWidget(label1);
-    rows->addWidget(m_Text1);
-    rows->addWidget(frame1);
-    for (std::size_t kind = 0; kind < m_Option2.size(); ++kind) {
-        m_Option2.at(kind) =
-            Named(new QRadioButton(kRepetitions.at(kind).toString(), this), u"Option2(%1)"_s.arg(kind));
-        rows->addWidget(m_Option2.at(kind));
+    rows->addWidget(nameLabel);
+    rows->addWidget(m_name);
+    rows->addWidget(dateFrame);
+    for (std::size_t kind = 0; kind < m_kindOptions.size(); ++kind) {
+        m_kindOptions.at(kind) = Named(new QRadioButton(kRepetitions.at(kind).toString(), this),
+                                       Indexed(u"Option2"_s, static_cast<int>(kind)));
+        rows->addWidget(m_kindOptions.at(kind));
     }
     rows->addLayout(WeekRow());
     rows->addSpacing(fontMetrics().height() / 2);
-    m_Command1 = Named(new QPushButton(u"追加/変更>>"_s), u"Command1"_s);
-    m_Command1->setDefault(true);
-    m_Command2 = Named(new QPushButton(u"ｷｬﾝｾﾙ"_s), u"Command2"_s);
-    auto* buttons = new QHBoxLayout;
-    buttons->addStretch();
-    buttons->addWidget(m_Command1);
-    buttons->addWidget(m_Command2);
-    rows->addLayout(buttons);
-    m_work = new WorkBar(m_parts.timers, m_parts.handlers, u"更新しています"_s, this);
-    rows->addWidget(m_work);
+    AddButtons(*rows, u"追加/変更>>"_s, u"更新しています"_s, [this] { Command1_Click(); });
 }
 
 QLayout* Form6::DateRow() {
-    m_UpDown1 = Named(new UpDown(u"Text2"_s, kFirstYear, kLastYear, this), u"UpDown1"_s, u"年"_s);
-    m_UpDown2 = Named(new UpDown(u"Text3"_s, 1, kLastMonth, this), u"UpDown2"_s, u"月"_s);
-    m_UpDown3 = Named(new UpDown(u"Text4"_s, 1, kLastDay, this), u"UpDown3"_s, u"日"_s);
-    m_Label3 = Named(new QLabel(u"年"_s), u"Label3"_s);
-    m_Label4 = Named(new QLabel(u"月"_s), u"Label4"_s);
-    m_Label5 = Named(new QLabel(u"日"_s), u"Label5"_s);
+    m_year = Named(new UpDown(u"Text2"_s, kFirstYear, kLastYear, this), u"UpDown1"_s, u"年"_s);
+    m_month = Named(new UpDown(u"Text3"_s, 1, kLastMonth, this), u"UpDown2"_s, u"月"_s);
+    m_day = Named(new UpDown(u"Text4"_s, 1, kLastDay, this), u"UpDown3"_s, u"日"_s);
+    m_yearLabel = Named(new QLabel(u"年"_s), u"Label3"_s);
+    m_monthLabel = Named(new QLabel(u"月"_s), u"Label4"_s);
+    m_dayLabel = Named(new QLabel(u"日"_s), u"Label5"_s);
     auto* row = new QHBoxLayout;
-    row->addWidget(m_UpDown1);
-    row->addWidget(m_Label3);
-    row->addWidget(m_UpDown2);
-    row->addWidget(m_Label4);
-    row->addWidget(m_UpDown3);
-    row->addWidget(m_Label5);
+    row->addWidget(m_year);
+    row->addWidget(m_yearLabel);
+    row->addWidget(m_month);
+    row->addWidget(m_monthLabel);
+    row->addWidget(m_day);
+    row->addWidget(m_dayLabel);
     row->addStretch();
     return row;
 }
 
 /// The check box, and below it, indented, the week and the weekday.
 QLayout* Form6::WeekRow() {
-    m_Check2 = Named(new QCheckBox(u"第?週の?曜日という形で指定する"_s, this), u"Check2"_s);
-    m_Combo2 =
+    m_byWeek = Named(new QCheckBox(u"第?週の?曜日という形で指定する"_s, this), u"Check2"_s);
+    m_ordinal =
         Named(MakeCombo({u"第1"_s, u"第2"_s, u"第3"_s, u"第4"_s, u"第5"_s}, 1, this), u"Combo2"_s, u"週"_s);
-    m_Combo1 = Named(
-        MakeCombo({u"日曜日"_s, u"月曜日"_s, u"火曜日"_s, u"水曜日"_s, u"木曜日"_s, u"金曜日"_s, u"土曜日"_s},
-                  0, this),
-        u"Combo1"_s, u"曜日"_s);
+    QStringList weekdays;
+    for (int weekday = 1; weekday <= kDaysInWeek; ++weekday) {
+        weekdays.append(WeekdayText(weekday));
+    }
+    m_weekday = Named(MakeCombo(weekdays, 0, this), u"Combo1"_s, u"曜日"_s);
     auto* combos = new QHBoxLayout;
     combos->addSpacing(2 * fontMetrics().height());
-    combos->addWidget(m_Combo2);
-    combos->addWidget(m_Combo1);
+    combos->addWidget(m_ordinal);
+    combos->addWidget(m_weekday);
     combos->addStretch();
     auto* rows = new QVBoxLayout;
-    rows->addWidget(m_Check2);
+    rows->addWidget(m_byWeek);
     rows->addLayout(combos);
     return rows;
 }

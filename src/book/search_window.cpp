@@ -3,7 +3,6 @@
 
 #include <QButtonGroup>
 #include <QHBoxLayout>
-#include <QPointer>
 #include <QVBoxLayout>
 #include <utility>
 
@@ -19,10 +18,12 @@ constexpr std::array<QStringView, 3> kKindCaptions{u"指定の日だけの記念
 constexpr std::array<QStringView, 2> kConditionCaptions{u"条件に入れる", u"条件からはずす"};
 constexpr std::array<QStringView, 3> kRangeCaptions{u"範囲指定", u"以後", u"以前"};
 
-constexpr DateNames kStartNames{
-    {u"Text2", u"Text3", u"Text4"}, {u"UpDown1", u"UpDown2", u"UpDown3"}, {u"Label2", u"Label3", u"Label4"}};
-constexpr DateNames kEndNames{
-    {u"Text5", u"Text6", u"Text7"}, {u"UpDown5", u"UpDown4", u"UpDown6"}, {u"Label5", u"Label6", u"Label7"}};
+constexpr DateNames kStartNames{.texts = {u"Text2", u"Text3", u"Text4"},
+                                .upDowns = {u"UpDown1", u"UpDown2", u"UpDown3"},
+                                .labels = {u"Label2", u"Label3", u"Label4"}};
+constexpr DateNames kEndNames{.texts = {u"Text5", u"Text6", u"Text7"},
+                              .upDowns = {u"UpDown5", u"UpDown4", u"UpDown6"},
+                              .labels = {u"Label5", u"Label6", u"Label7"}};
 
 /// Makes a row of option buttons that exclude one another; the group separates them from all other options.
 /// Like all controls they are children of the window from the start: the tab order is the order in which
@@ -35,7 +36,7 @@ QHBoxLayout* MakeOptions(std::array<QRadioButton*, count>& options,
     auto* group = new QButtonGroup(parent);
     for (std::size_t i = 0; i < count; ++i) {
         options.at(i) =
-            Named(new QRadioButton(captions.at(i).toString(), parent), u"%1(%2)"_s.arg(name).arg(i));
+            Named(new QRadioButton(captions.at(i).toString(), parent), Indexed(name, static_cast<int>(i)));
         group->addButton(options.at(i));
         row->addWidget(options.at(i));
     }
@@ -45,7 +46,7 @@ QHBoxLayout* MakeOptions(std::array<QRadioButton*, count>& options,
 
 }  // namespace
 
-Form9::Form9(const BookParts& parts, QWidget* parent) : QDialog(parent), m_parts(parts) {
+Form9::Form9(const BookParts& parts, QWidget* parent) : BookWindow(parts, parent) {
     setObjectName(u"Form9"_s);
     setWindowTitle(u"記念日の検索"_s);
     MakeControls();
@@ -56,35 +57,26 @@ Form9::Form9(const BookParts& parts, QWidget* parent) : QDialog(parent), m_parts
 void Form9::MakeControls() {
     auto* rows = new QVBoxLayout(this);
     rows->setSizeConstraint(QLayout::SetFixedSize);
-    for (std::size_t kind = 0; kind < m_Check.size(); ++kind) {
-        m_Check.at(kind) =
+    for (std::size_t kind = 0; kind < m_kinds.size(); ++kind) {
+        m_kinds.at(kind) =
             Named(new QCheckBox(kKindCaptions.at(kind).toString(), this), u"Check%1"_s.arg(kind + 1));
-        rows->addWidget(m_Check.at(kind));
+        rows->addWidget(m_kinds.at(kind));
     }
     rows->addWidget(NameFrame());
     rows->addWidget(DateConditionFrame());
-    m_Command1 = Named(new QPushButton(u"検索開始"_s), u"Command1"_s);
-    m_Command1->setDefault(true);
-    m_Command2 = Named(new QPushButton(u"ｷｬﾝｾﾙ"_s), u"Command2"_s);
-    auto* buttons = new QHBoxLayout;
-    buttons->addStretch();
-    buttons->addWidget(m_Command1);
-    buttons->addWidget(m_Command2);
-    rows->addLayout(buttons);
-    m_work = new WorkBar(m_parts.timers, m_parts.handlers, u"検索しています"_s, this);
-    rows->addWidget(m_work);
+    AddButtons(*rows, u"検索開始"_s, u"検索しています"_s, [this] { Command1_Click(); });
 }
 
 QGroupBox* Form9::NameFrame() {
     auto* frame = Named(new QGroupBox(u"記念日名"_s, this), u"Frame1"_s);
     auto* rows = new QVBoxLayout(frame);
-    rows->addLayout(MakeOptions(m_Option1, kConditionCaptions, u"Option1"_s, this));
-    m_Label1 = Named(new QLabel(u"記念日名"_s), u"Label1"_s);
-    m_Text1 = Named(new QLineEdit(this), u"Text1"_s, m_Label1->text());
-    m_Label1->setBuddy(m_Text1);
+    rows->addLayout(MakeOptions(m_nameOptions, kConditionCaptions, u"Option1"_s, this));
+    m_nameLabel = Named(new QLabel(u"記念日名"_s), u"Label1"_s);
+    m_name = Named(new QLineEdit(this), u"Text1"_s, m_nameLabel->text());
+    m_nameLabel->setBuddy(m_name);
     auto* row = new QHBoxLayout;
-    row->addWidget(m_Label1);
-    row->addWidget(m_Text1);
+    row->addWidget(m_nameLabel);
+    row->addWidget(m_name);
     rows->addLayout(row);
     return frame;
 }
@@ -92,95 +84,87 @@ QGroupBox* Form9::NameFrame() {
 QGroupBox* Form9::DateConditionFrame() {
     auto* frame = Named(new QGroupBox(u"日付"_s, this), u"Frame2"_s);
     auto* rows = new QVBoxLayout(frame);
-    rows->addLayout(MakeOptions(m_Option2, kConditionCaptions, u"Option2"_s, this));
-    m_Frame5 = Named(new QGroupBox(u"範囲"_s, this), u"Frame5"_s);
-    m_Frame5->setLayout(MakeOptions(m_Option3, kRangeCaptions, u"Option3"_s, this));
-    m_Frame3 = Named(new DateFrame(u"開始"_s, kStartNames, this), u"Frame3"_s);
-    m_Frame4 = Named(new DateFrame(u"終了"_s, kEndNames, this), u"Frame4"_s);
-    rows->addWidget(m_Frame5);
-    rows->addWidget(m_Frame3);
-    rows->addWidget(m_Frame4);
+    rows->addLayout(MakeOptions(m_dateOptions, kConditionCaptions, u"Option2"_s, this));
+    m_rangeFrame = Named(new QGroupBox(u"範囲"_s, this), u"Frame5"_s);
+    m_rangeFrame->setLayout(MakeOptions(m_rangeOptions, kRangeCaptions, u"Option3"_s, this));
+    m_start = Named(new DateFrame(u"開始"_s, kStartNames, this), u"Frame3"_s);
+    m_end = Named(new DateFrame(u"終了"_s, kEndNames, this), u"Frame4"_s);
+    rows->addWidget(m_rangeFrame);
+    rows->addWidget(m_start);
+    rows->addWidget(m_end);
     return frame;
 }
 
 void Form9::Connect() {
-    Handlers& handlers = m_parts.handlers;
+    Handlers& handlers = Parts().handlers;
     const auto connectAll = [&](const auto& options) {
         for (const QRadioButton* option : options) {
             handlers.Connect(option, &QRadioButton::clicked, this, [this] { Enable(); });
         }
     };
-    connectAll(m_Option1);
-    connectAll(m_Option2);
-    connectAll(m_Option3);
-    handlers.Connect(m_Command1, &QPushButton::clicked, this, [this] { Command1_Click(); });
-    handlers.Connect(m_Command2, &QPushButton::clicked, this, [this] { reject(); });
+    connectAll(m_nameOptions);
+    connectAll(m_dateOptions);
+    connectAll(m_rangeOptions);
 }
 
 /// All kinds and no condition: an immediate search lists everything. Both dates are today.
 void Form9::Form_Load() {
-    for (QCheckBox* box : m_Check) {
+    for (QCheckBox* box : m_kinds) {
         box->setChecked(true);
     }
-    m_Option1[1]->setChecked(true);
-    m_Option2[1]->setChecked(true);
-    m_Option3[0]->setChecked(true);
-    const QDate today = m_parts.clock.Now().date();
-    m_Frame3->ShowDate(today);
-    m_Frame4->ShowDate(today);
+    m_nameOptions[1]->setChecked(true);
+    m_dateOptions[1]->setChecked(true);
+    m_rangeOptions[0]->setChecked(true);
+    const QDate today = Parts().clock.Now().date();
+    m_start->ShowDate(today);
+    m_end->ShowDate(today);
     Enable();
-    m_Check[0]->setFocus();
+    m_kinds[0]->setFocus();
 }
 
 SearchFields Form9::Fields() const {
     SearchFields fields;
-    fields.oneDay = m_Check[0]->isChecked();
-    fields.everyYear = m_Check[1]->isChecked();
-    fields.everyMonth = m_Check[2]->isChecked();
-    fields.byName = m_Option1[0]->isChecked();
-    fields.name = m_Text1->text();
-    fields.byDate = m_Option2[0]->isChecked();
+    fields.oneDay = m_kinds[0]->isChecked();
+    fields.everyYear = m_kinds[1]->isChecked();
+    fields.everyMonth = m_kinds[2]->isChecked();
+    fields.byName = m_nameOptions[0]->isChecked();
+    fields.name = m_name->text();
+    fields.byDate = m_dateOptions[0]->isChecked();
     fields.range = Range();
-    fields.start = m_Frame3->Fields();
-    fields.end = m_Frame4->Fields();
+    fields.start = m_start->Fields();
+    fields.end = m_end->Fields();
     return fields;
 }
 
 RangeKind Form9::Range() const {
-    if (m_Option3[1]->isChecked()) {
+    if (m_rangeOptions[1]->isChecked()) {
         return RangeKind::After;
     }
-    return m_Option3[2]->isChecked() ? RangeKind::Before : RangeKind::FromTo;
+    return m_rangeOptions[2]->isChecked() ? RangeKind::Before : RangeKind::FromTo;
 }
 
 void Form9::Enable() {
-    const SearchEnabling can = EnablingOf(m_Option1[0]->isChecked(), m_Option2[0]->isChecked(), Range());
-    m_Label1->setEnabled(can.name);
-    m_Text1->setEnabled(can.name);
-    m_Frame5->setEnabled(can.range);
-    m_Frame3->setEnabled(can.start);
-    m_Frame4->setEnabled(can.end);
+    const SearchEnabling can =
+        EnablingOf(m_nameOptions[0]->isChecked(), m_dateOptions[0]->isChecked(), Range());
+    m_nameLabel->setEnabled(can.name);
+    m_name->setEnabled(can.name);
+    m_rangeFrame->setEnabled(can.range);
+    m_start->setEnabled(can.start);
+    m_end->setEnabled(can.end);
 }
 
 void Form9::Command1_Click() {
-    if (m_isTelling) {
+    if (IsTelling()) {
         return;
     }
     const std::optional<SearchConditions> conditions = ConditionsOf(Fields());
     if (!conditions) {
-        m_isTelling = true;
-        m_parts.boxes.Show(
-            this, {MessageIcon::Exclamation, u"検索開始エラー"_s, u"無効なデータが条件になっています。"_s},
-            [self = QPointer(this)] {
-                if (self) {
-                    self->m_isTelling = false;
-                }
-            });
+        Tell(u"検索開始エラー"_s, u"無効なデータが条件になっています。"_s);
         return;
     }
-    auto work = std::make_unique<AnniversarySearch>(m_parts.dayDatabase, *conditions);
+    auto work = std::make_unique<AnniversarySearch>(Parts().dayDatabase, *conditions);
     AnniversarySearch& search = *work;
-    m_work->Start(std::move(work), [this, &search](const WorkEnd& end) {
+    Work().Start(std::move(work), [this, &search](const WorkEnd& end) {
         if (end.error) {
             std::rethrow_exception(end.error);
         }
@@ -192,16 +176,8 @@ void Form9::Command1_Click() {
 
 void Form9::ShowFinds(AnniversarySearch& search) {
     SearchFinds finds = search.TakeFinds();
-    m_parts.list.ListFound(std::move(finds.rows), finds.searched);
+    Parts().list.ListFound(std::move(finds.rows), finds.searched);
     accept();
-}
-
-void Form9::reject() {
-    if (m_work->IsWorking()) {
-        m_work->Stop();
-    } else {
-        QDialog::reject();
-    }
 }
 
 }  // namespace tickwell

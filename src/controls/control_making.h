@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <QString>
-#include <QWidget>
+#include <QLabel>
+#include <QPushButton>
+#include <functional>
+
+#include "core/handlers.h"
 
 namespace tickwell {
 
@@ -15,5 +18,16 @@ Control* Named(Control* control, const QString& name, const QString& spoken = {}
     }
     return control;
 }
+
+/// The name of a control in an array of controls: "Option1(2)".
+QString Indexed(const QString& name, int index);
+
+/// Makes a label that shows its text as it is, never as rich text. The caller or a layout gives it an owner.
+QLabel* MakeLabel(const QString& name, const QString& text = {}, QWidget* parent = nullptr);
+
+/// Makes a push button that `window` owns. A click runs `clicked` under `handlers`, which outlive the button;
+/// the report box of an error belongs to `window`.
+QPushButton* MakeButton(const QString& name, const QString& caption, QWidget* window, Handlers& handlers,
+                        std::function<void()> clicked);
 
 }  // namespace tickwell

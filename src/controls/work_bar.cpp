@@ -2,7 +2,6 @@
 #include "controls/work_bar.h"
 
 #include <QHBoxLayout>
-#include <QPushButton>
 #include <utility>
 
 #include "controls/control_making.h"
@@ -28,13 +27,12 @@ WorkBar::WorkBar(TimerSource& timers, Handlers& handlers, const QString& caption
     m_progress = Named(new QProgressBar, u"WorkProgress"_s, caption);
     m_progress->setRange(0, kWhole);
     m_progress->setFormat(caption + u" %p%");
-    auto* stop = Named(new QPushButton(u"中止"_s), u"WorkStop"_s);
-    stop->setAutoDefault(false);
-    m_stop = stop;
-    handlers.Connect(stop, &QPushButton::clicked, this, [this] { Stop(); });
     auto* row = new QHBoxLayout(this);
     row->setContentsMargins(0, 0, 0, 0);
     row->addWidget(m_progress, 1);
+    auto* stop = MakeButton(u"WorkStop"_s, u"中止"_s, this, handlers, [this] { Stop(); });
+    stop->setAutoDefault(false);
+    m_stop = stop;
     row->addWidget(stop);
     hide();
 }

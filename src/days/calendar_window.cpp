@@ -19,19 +19,17 @@ constexpr int kPause = 1;  // ms between two slices of a listing, to process eve
 Form5::Form5(const CalendarWindowParts& parts, QWidget* parent)
     : QDialog(parent),
       m_parts(parts),
-      m_calendar({parts.dayDatabase, parts.list, parts.clock, parts.boxes, parts.handlers, this}),
+      m_calendar({.dayDatabase = parts.dayDatabase,
+                  .list = parts.list,
+                  .clock = parts.clock,
+                  .boxes = parts.boxes,
+                  .handlers = parts.handlers,
+                  .window = this}),
       m_listing(parts.handlers.MakeTimer(parts.timers, kPause, [this] { GoOnListing(); })) {
     setObjectName(u"Form5"_s);
     setWindowTitle(u"カレンダー"_s);
     LayOut();
     Connect();
-    ConnectBook();
-    for (const QStringView name : kOffWhileMarking) {
-        auto* button = findChild<QPushButton*>(name.toString());
-        if (button->isEnabled()) {
-            m_offWhileMarking.append(button);
-        }
-    }
     m_calendar.WhenAnswered([this] { ShowAll(); });
     m_parts.list.WhenChanged([this] { ShowList(); });
 }
@@ -52,36 +50,17 @@ void Form5::Tie(QAbstractButton* button, std::function<void()> handler) {
 
 void Form5::Connect() {
     for (int cell = kFirstDayCell; cell < kGridCells; ++cell) {
-        Tie(&m_Check1->Cell(cell), [this, cell] { Check1_Click(cell); });
+        Tie(&m_monthView->Cell(cell), [this, cell] { Check1_Click(cell); });
     }
-    for (int index = 0; index < static_cast<int>(m_Option1.size()); ++index) {
-        Tie(m_Option1.at(static_cast<std::size_t>(index)), [this, index] { Option1_Click(index); });
+    for (int index = 0; index < static_cast<int>(m_modeOptions.size()); ++index) {
+        Tie(m_modeOptions.at(static_cast<std::size_t>(index)), [this, index] { Option1_Click(index); });
     }
-    Tie(m_Command1, [this] { Command1_Click(); });
-    Tie(m_Command2, [this] { Command2_Click(); });
-    Tie(m_Command3, [this] { Command3_Click(); });
-    Tie(m_Command4, [this] { Command4_Click(); });
-    Tie(m_Command5, [this] { Command5_Click(); });
-    Tie(m_Command6, [this] { Command6_Click(); });
-    Tie(m_Command7, [this] { Command7_Click(); });
-    Tie(m_Command16, [this] { Command16_Click(); });
-}
-
-void Form5::ConnectBook() {
-    Tie(m_Command9, [this] { Command9_Click(); });
-    Tie(m_Command10, [this] { Command10_Click(); });
-    Tie(m_Command11, [this] { Command11_Click(); });
-    Tie(m_Command12, [this] { Command12_Click(); });
-    m_Command9->setEnabled(m_parts.book.edit != nullptr);
-    m_Command10->setEnabled(m_parts.book.remove != nullptr);
-    m_Command11->setEnabled(m_parts.book.edit != nullptr);
-    m_Command12->setEnabled(m_parts.book.search != nullptr);
 }
 
 void Form5::Form_Load() {
     m_calendar.Load();
     ShowAll();
-    m_Check1->FocusDay(m_calendar.SelectedDate().day());
+    m_monthView->FocusDay(m_calendar.SelectedDate().day());
 }
 
 /// The marks are stored when the mode is left, but not again if its button is clicked once more.
@@ -93,7 +72,7 @@ void Form5::Option1_Click(int index) {
 }
 
 void Form5::Command9_Click() {
-    const QModelIndexList selected = m_ListView1->selectionModel()->selectedRows();
+    const QModelIndexList selected = m_list->selectionModel()->selectedRows();
     m_parts.list.ChooseRow(selected.isEmpty() ? std::nullopt : std::optional(selected.constFirst().row()));
     OpenEditor();
 }
@@ -112,22 +91,21 @@ void Form5::Command10_Click() {
 }
 
 void Form5::ShowAll() {
-    m_Label1->setText(m_calendar.Grid().heading);
-    m_Check1->Show(m_calendar.Grid());
-    m_Option1.at(static_cast<std::size_t>(m_calendar.Mode()))->setChecked(true);
-    for (QWidget* control : m_offWhileMarking) {
-        control->setEnabled(m_calendar.Mode() == CalendarMode::Normal);
-    }
+    m_monthHeading->setText(m_calendar.Grid().heading);
+    m_monthView->Show(m_calendar.Grid());
+    m_modeOptions.at(static_cast<std::size_t>(m_calendar.Mode()))->setChecked(true);
+    EnableButtons();
     const bool isOpen = m_calendar.IsPanelOpen();
-    m_Command6->setText(PanelCaption(isOpen));
-    m_Command6->setAccessibleName(isOpen ? u"記念日の一覧を閉じる"_s : u"記念日の一覧を開く"_s);
+    QPushButton* toggle = Button(CalendarAction::TogglePanel);
+    toggle->setText(PanelCaption(isOpen));
+    toggle->setAccessibleName(isOpen ? u"記念日の一覧を閉じる"_s : u"記念日の一覧を開く"_s);
     m_panel->setVisible(isOpen);
 }
 
 void Form5::ShowList() {
     m_rows->SetRows(m_parts.list.Rows());
-    m_Label2->setText(m_parts.list.Heading());
-    m_Label3->setText(m_parts.list.CountText());
+    m_listHeading->setText(m_parts.list.Heading());
+    m_listCount->setText(m_parts.list.CountText());
     if (m_parts.list.IsListing()) {
         m_listing->Start();
     }
@@ -157,9 +135,9 @@ void Form5::keyPressEvent(QKeyEvent* event) {
     const bool byYear = event->modifiers().testFlag(Qt::ShiftModifier);
     switch (event->key()) {
         case Qt::Key_PageUp:
-            return (byYear ? m_Command4 : m_Command1)->click();
+            return Button(byYear ? CalendarAction::PreviousYear : CalendarAction::PreviousMonth)->click();
         case Qt::Key_PageDown:
-            return (byYear ? m_Command5 : m_Command2)->click();
+            return Button(byYear ? CalendarAction::NextYear : CalendarAction::NextMonth)->click();
         case Qt::Key_Return:
         case Qt::Key_Enter:
             if (auto* button = qobject_cast<QAbstractButton*>(focusWidget())) {

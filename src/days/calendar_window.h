@@ -5,6 +5,7 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QRadioButton>
+#include <array>
 
 #include "days/calendar_window_parts.h"
 #include "days/day_list_model.h"
@@ -34,6 +35,9 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
 
 private:
+    struct ActionButton;
+    static const std::array<ActionButton, kCalendarActions> kActionButtons;
+
     void LayOut();
     void MakeMonth();
     QLayout* MakeModes();
@@ -43,8 +47,11 @@ private:
     void Fit();
     void FitHeights();
     void FitColumns();
+    QPushButton* Button(CalendarAction action) const;
+    QList<QPushButton*> Buttons(CalendarAction first, CalendarAction last) const;
+    void MakeButtons();
     void Connect();
-    void ConnectBook();
+    bool HasWindowFor(CalendarAction action) const;
     void Tie(QAbstractButton* button, std::function<void()> handler);
 
     void Check1_Click(int index) { m_calendar.ClickCell(index); }
@@ -64,33 +71,23 @@ private:
 
     void OpenEditor();
     void ShowAll();
+    void EnableButtons();
     void ShowList();
     void GoOnListing();
 
     CalendarWindowParts m_parts;
     MonthCalendar m_calendar;
-    std::unique_ptr<Timer> m_listing;   // runs while the list of a day is incomplete
-    QList<QWidget*> m_offWhileMarking;  // the enabled ones of kOffWhileMarking; all controls are children
+    std::unique_ptr<Timer> m_listing;  // runs while the list of a day is incomplete
+    // All controls are owned by the window as children.
     QWidget* m_month = nullptr;
     QWidget* m_panel = nullptr;  // beside the month
-    QLabel* m_Label1 = nullptr;
-    QLabel* m_Label2 = nullptr;
-    QLabel* m_Label3 = nullptr;
-    MonthView* m_Check1 = nullptr;
-    std::array<QRadioButton*, 3> m_Option1{};
-    QPushButton* m_Command1 = nullptr;
-    QPushButton* m_Command2 = nullptr;
-    QPushButton* m_Command3 = nullptr;
-    QPushButton* m_Command4 = nullptr;
-    QPushButton* m_Command5 = nullptr;
-    QPushButton* m_Command6 = nullptr;
-    QPushButton* m_Command7 = nullptr;
-    QPushButton* m_Command9 = nullptr;
-    QPushButton* m_Command10 = nullptr;
-    QPushButton* m_Command11 = nullptr;
-    QPushButton* m_Command12 = nullptr;
-    QPushButton* m_Command16 = nullptr;
-    RowTable* m_ListView1 = nullptr;
+    QLabel* m_monthHeading = nullptr;
+    QLabel* m_listHeading = nullptr;
+    QLabel* m_listCount = nullptr;
+    MonthView* m_monthView = nullptr;
+    std::array<QRadioButton*, 3> m_modeOptions{};
+    std::array<QPushButton*, kCalendarActions> m_buttons{};  // by CalendarAction
+    RowTable* m_list = nullptr;
     DayListModel* m_rows = nullptr;
 };
 

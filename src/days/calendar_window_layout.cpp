@@ -18,32 +18,10 @@ namespace {
 constexpr std::array<QStringView, 3> kModeCaptions{u"通常表示", u"休日設定", u"半日設定"};
 constexpr std::array<QStringView, 4> kColumnSamples{u"2100", u"12", u"31", u"第5週日"};
 
-/// Makes a button narrow enough for its caption that Enter in other controls does not press.
-QPushButton* MakeButton(const QString& caption, const QString& name, const QString& spoken = {}) {
-    auto* button = Named(new QPushButton(caption), name, spoken);
-    button->setAutoDefault(false);
-    button->setMinimumWidth(button->fontMetrics().horizontalAdvance(caption) +
-                            button->fontMetrics().height());
-    button->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
-    return button;
-}
-
-/// Makes a button that repeats while it is held down.
-QPushButton* MakeArrow(const QString& caption, const QString& name, const QString& spoken) {
-    QPushButton* arrow = MakeButton(caption, name, spoken);
-    arrow->setAutoRepeat(true);
-    return arrow;
-}
-
-QLabel* MakeLabel(const QString& name) {
-    auto* label = Named(new QLabel, name);
-    label->setTextFormat(Qt::PlainText);
-    return label;
-}
-
 }  // namespace
 
 void Form5::LayOut() {
+    MakeButtons();
     MakeMonth();
     MakePanel();
     auto* columns = new QHBoxLayout(this);
@@ -58,12 +36,20 @@ void Form5::LayOut() {
 
 /// From top to bottom, the month before the list.
 void Form5::OrderTabs() {
-    QList<QWidget*> order{m_Command4, m_Command1, m_Command3, m_Command2, m_Command5};
+    QList<QWidget*> order;
+    const auto append = [&order](const auto& controls) {
+        for (QWidget* control : controls) {
+            order.append(control);
+        }
+    };
+    append(Buttons(CalendarAction::PreviousYear, CalendarAction::NextYear));
     for (int cell = kFirstDayCell; cell < kGridCells; ++cell) {
-        order.append(&m_Check1->Cell(cell));
+        order.append(&m_monthView->Cell(cell));
     }
-    order.append({m_Option1[0], m_Option1[1], m_Option1[2], m_Command7, m_Command16, m_Command6});
-    order.append({m_ListView1, m_Command11, m_Command9, m_Command10, m_Command12});
+    append(m_modeOptions);
+    append(Buttons(CalendarAction::DeleteMarks, CalendarAction::TogglePanel));
+    order.append(m_list);
+    append(Buttons(CalendarAction::AddAnniversary, CalendarAction::Search));
     for (qsizetype i = 1; i < order.size(); ++i) {
         setTabOrder(order.at(i - 1), order.at(i));
     }
@@ -71,23 +57,18 @@ void Form5::OrderTabs() {
 
 void Form5::MakeMonth() {
     m_month = new QWidget(this);
-    m_Label1 = MakeLabel(u"Label1"_s);
-    m_Label1->setAlignment(Qt::AlignCenter);
-    m_Command4 = MakeArrow(u"<<"_s, u"Command4"_s, u"前の年"_s);
-    m_Command1 = MakeArrow(u"<"_s, u"Command1"_s, u"前の月"_s);
-    m_Command3 = MakeButton(u"今日"_s, u"Command3"_s);
-    m_Command2 = MakeArrow(u">"_s, u"Command2"_s, u"次の月"_s);
-    m_Command5 = MakeArrow(u">>"_s, u"Command5"_s, u"次の年"_s);
+    m_monthHeading = MakeLabel(u"Label1"_s);
+    m_monthHeading->setAlignment(Qt::AlignCenter);
     auto* ways = new QHBoxLayout;
     ways->setSpacing(1);
-    for (QPushButton* way : {m_Command4, m_Command1, m_Command3, m_Command2, m_Command5}) {
-        ways->addWidget(way, way == m_Command3 ? 3 : 2);
+    for (QPushButton* way : Buttons(CalendarAction::PreviousYear, CalendarAction::NextYear)) {
+        ways->addWidget(way, way == Button(CalendarAction::Today) ? 3 : 2);
     }
-    m_Check1 = new MonthView(m_month);
+    m_monthView = new MonthView(m_month);
     auto* rows = new QVBoxLayout(m_month);
-    rows->addWidget(m_Label1);
+    rows->addWidget(m_monthHeading);
     rows->addLayout(ways);
-    rows->addWidget(m_Check1);
+    rows->addWidget(m_monthView);
     rows->addLayout(MakeModes());
 }
 
@@ -95,33 +76,27 @@ QLayout* Form5::MakeModes() {
     auto* modes = new QGridLayout;
     for (int index = 0; index < static_cast<int>(kModeCaptions.size()); ++index) {
         const auto at = static_cast<std::size_t>(index);
-        m_Option1.at(at) =
-            Named(new QRadioButton(kModeCaptions.at(at).toString()), u"Option1(%1)"_s.arg(index));
-        modes->addWidget(m_Option1.at(at), index, 0);
+        m_modeOptions.at(at) =
+            Named(new QRadioButton(kModeCaptions.at(at).toString()), Indexed(u"Option1"_s, index));
+        modes->addWidget(m_modeOptions.at(at), index, 0);
     }
-    m_Command7 = MakeButton(u"休/半日削除"_s, u"Command7(2)"_s);
-    m_Command16 = MakeButton(u"ヘルプ"_s, u"Command16"_s);
-    m_Command6 = MakeButton(PanelCaption(false), u"Command6"_s);
-    modes->addWidget(m_Command7, 0, 1);
-    modes->addWidget(m_Command16, 1, 1);
-    modes->addWidget(m_Command6, 2, 1);
+    int row = 0;
+    for (QPushButton* button : Buttons(CalendarAction::DeleteMarks, CalendarAction::TogglePanel)) {
+        modes->addWidget(button, row++, 1);
+    }
     modes->setColumnStretch(1, 1);
     return modes;
 }
 
 void Form5::MakePanel() {
     m_panel = new QWidget(this);
-    m_Label2 = MakeLabel(u"Label2"_s);
-    m_Label3 = MakeLabel(u"Label3"_s);
-    m_Command11 = MakeButton(u"追加"_s, u"Command11"_s);
-    m_Command9 = MakeButton(u"編集"_s, u"Command9"_s);
-    m_Command10 = MakeButton(u"削除"_s, u"Command10"_s);
-    m_Command12 = MakeButton(u"検索"_s, u"Command12"_s);
+    m_listHeading = MakeLabel(u"Label2"_s);
+    m_listCount = MakeLabel(u"Label3"_s);
     auto* captions = new QHBoxLayout;
-    captions->addWidget(m_Label2, 1);
-    captions->addWidget(m_Label3);
+    captions->addWidget(m_listHeading, 1);
+    captions->addWidget(m_listCount);
     auto* buttons = new QHBoxLayout;
-    for (QPushButton* button : {m_Command11, m_Command9, m_Command10, m_Command12}) {
+    for (QPushButton* button : Buttons(CalendarAction::AddAnniversary, CalendarAction::Search)) {
         buttons->addWidget(button, 1);
     }
     auto* rows = new QVBoxLayout(m_panel);
@@ -131,39 +106,36 @@ void Form5::MakePanel() {
 }
 
 QWidget* Form5::MakeList() {
-    m_ListView1 = Named(new RowTable, u"ListView1"_s, u"記念日の一覧"_s);
-    m_rows = new DayListModel(AnniversaryIcon(), DayListModel::Columns::All, m_ListView1);
-    m_ListView1->setModel(m_rows);
-    m_ListView1->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Ignored);  // takes the height of the month
-    QHeaderView* header = m_ListView1->horizontalHeader();
+    m_list = Named(new RowTable, u"ListView1"_s, u"記念日の一覧"_s);
+    m_rows = new DayListModel(AnniversaryIcon(), DayListModel::Columns::All, m_list);
+    m_list->setModel(m_rows);
+    m_list->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Ignored);  // takes the height of the month
+    QHeaderView* header = m_list->horizontalHeader();
     header->setStretchLastSection(false);
     header->setSectionsMovable(false);
     header->setSectionResizeMode(0, QHeaderView::Stretch);
-    return m_ListView1;
+    return m_list;
 }
 
 /// Gives all buttons the same height: styles derive it from the characters in each caption.
 void Form5::FitHeights() {
-    QList<QPushButton*> buttons = findChildren<QPushButton*>();
-    buttons.removeIf(
-        [](const QPushButton* button) { return qobject_cast<const DayCell*>(button) != nullptr; });
     int height = 0;
-    for (const QPushButton* button : buttons) {
+    for (const QPushButton* button : m_buttons) {
         height = std::max(height, button->sizeHint().height());
     }
-    for (QPushButton* button : buttons) {
+    for (QPushButton* button : m_buttons) {
         button->setFixedHeight(height);
     }
 }
 
 /// Sizes the columns other than the name for their typical contents.
 void Form5::FitColumns() {
-    m_ListView1->FitRows();
-    const QFontMetrics metrics = m_ListView1->fontMetrics();
+    m_list->FitRows();
+    const QFontMetrics metrics = m_list->fontMetrics();
     const int margin = 2 * metrics.averageCharWidth();
     for (std::size_t column = 0; column < kColumnSamples.size(); ++column) {
         const int width = metrics.horizontalAdvance(kColumnSamples.at(column).toString()) + margin;
-        m_ListView1->horizontalHeader()->resizeSection(static_cast<int>(column) + 1, width);
+        m_list->horizontalHeader()->resizeSection(static_cast<int>(column) + 1, width);
     }
 }
 
@@ -171,7 +143,7 @@ void Form5::FitColumns() {
 void Form5::Fit() {
     FitHeights();
     FitColumns();
-    m_Label1->setMinimumWidth(m_Label1->fontMetrics().horizontalAdvance(MonthHeading(2100, 12)));
+    m_monthHeading->setMinimumWidth(m_monthHeading->fontMetrics().horizontalAdvance(MonthHeading(2100, 12)));
     const int closed = m_month->layout()->minimumSize().width();
     const int panel = m_panel->layout()->minimumSize().width();
     const CalendarWidths widths = CalendarWidthsFor(closed, closed + panel, logicalDpiX());

@@ -18,10 +18,10 @@ class DayList {
 public:
     const ListedRows& Rows() const { return m_rows; }
 
-    /// Caption Label2: what is listed.
+    /// What is listed, for the caption above the list.
     const QString& Heading() const { return m_heading; }
 
-    /// Caption Label3: the number of rows.
+    /// The number of rows, for the caption beside it.
     const QString& CountText() const { return m_countText; }
 
     /// Called after each change of rows or captions; there is one listener. The selection in a window is then

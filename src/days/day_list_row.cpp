@@ -14,16 +14,6 @@ namespace {
 
 constexpr int kWeekTextLength = 4;
 
-/// 1 for "日" to 7 for "土"; 0 for anything else.
-qint32 WeekdayOfLetter(QChar letter) {
-    for (int weekday = 1; weekday <= kDaysInWeek; ++weekday) {
-        if (WeekdayLetter(weekday, 1) == letter) {
-            return weekday;
-        }
-    }
-    return 0;
-}
-
 bool IsNone(const QString& text) {
     return text.isEmpty() || text == EveryText();
 }

@@ -2,6 +2,7 @@
 #include "days/day_rule.h"
 
 #include "core/weekday.h"
+#include "core/words.h"
 
 namespace tickwell {
 
@@ -22,6 +23,19 @@ QStringView TableOf(DayMark mark) {
 QString DateLiteral(QDate date) {
     return u'#' + QString::number(date.month()) + u'/' + QString::number(date.day()) + u'/' +
            QString::number(date.year()).rightJustified(4, u'0') + u'#';
+}
+
+int WeekdayOfLetter(QChar letter) {
+    for (int weekday = 1; weekday <= kDaysInWeek; ++weekday) {
+        if (WeekdayLetter(weekday, 1) == letter) {
+            return weekday;
+        }
+    }
+    return 0;
+}
+
+QString WeekdayText(int weekday) {
+    return WeekdayLetter(weekday, 1) + u"曜日";
 }
 
 int WeekCode(QDate date) {

@@ -12,6 +12,12 @@ inline constexpr int kDaysInWeek = 7;
 /// "#10/3/1998#": month, day, year, in every locale. `date` is valid.
 QString DateLiteral(QDate date);
 
+/// 1 for "日" to 7 for "土"; 0 for anything else.
+int WeekdayOfLetter(QChar letter);
+
+/// "日曜日" for 1 to "土曜日" for 7.
+QString WeekdayText(int weekday);
+
 /// 10 * (week of the month for its weekday, 1 to 5) + weekday, 1 Sunday to 7 Saturday: the second Monday is
 /// 22.
 int WeekCode(QDate date);

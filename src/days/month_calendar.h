@@ -14,6 +14,23 @@ namespace tickwell {
 
 inline constexpr int kMonthsInYear = 12;
 
+/// What the buttons of the calendar do, in Tab order.
+enum class CalendarAction {
+    PreviousYear,
+    PreviousMonth,
+    Today,
+    NextMonth,
+    NextYear,
+    DeleteMarks,
+    ShowHelp,
+    TogglePanel,
+    AddAnniversary,
+    EditAnniversary,
+    DeleteAnniversaries,
+    Search,
+};
+inline constexpr int kCalendarActions = 12;
+
 /// What the calendar uses; all outlive it.
 struct MonthCalendarParts {
     DayDatabase& dayDatabase;
@@ -45,6 +62,11 @@ public:
     QDate ShownMonth() const { return m_shown; }
 
     bool IsPanelOpen() const { return m_isPanelOpen; }
+
+    /// While days are marked, until the mode is Normal again, nothing but the help can be used.
+    bool CanUse(CalendarAction action) const {
+        return m_mode == CalendarMode::Normal || action == CalendarAction::ShowHelp;
+    }
 
     /// Whether clicks on days are handled: not before the first month, nor while a click is being handled.
     bool IsReady() const { return m_isReady; }
@@ -93,13 +115,5 @@ private:
 
 /// The caption of the panel's button: what the next click does.
 QString PanelCaption(bool isPanelOpen);
-
-/// The controls that are disabled while days are marked, until the mode is Normal again.
-inline constexpr std::array kOffWhileMarking{
-    QStringView(u"Command1"),  QStringView(u"Command2"),    QStringView(u"Command3"),
-    QStringView(u"Command4"),  QStringView(u"Command5"),    QStringView(u"Command6"),
-    QStringView(u"Command9"),  QStringView(u"Command10"),   QStringView(u"Command11"),
-    QStringView(u"Command12"), QStringView(u"Command7(2)"),
-};
 
 }  // namespace tickwell

@@ -7,7 +7,7 @@ namespace tickwell {
 
 MonthShape ShapeOf(QDate date) {
     const QDate first(date.year(), date.month(), 1);
-    return {first, first.addMonths(1).addDays(-1), WeekdayOf(first)};
+    return {.first = first, .last = first.addMonths(1).addDays(-1), .firstWeekday = WeekdayOf(first)};
 }
 
 MonthRows ReadMonth(DayDatabase& database, const MonthShape& month) {

@@ -19,7 +19,7 @@ constexpr DisplayTraits kBatteryTraits{
 BatteryDisplay::BatteryDisplay(const Power& power, Handlers& handlers, TimerSource& timers,
                                const DisplayView& view)
     : m_lines(power, view.lines),
-      m_BatTimer(handlers.MakeTimer(timers, kBatteryTick, [this] { m_lines.Refresh(); })) {}
+      m_timer(handlers.MakeTimer(timers, kBatteryTick, [this] { m_lines.Refresh(); })) {}
 
 const DisplayTraits& BatteryDisplay::Traits() const {
     return kBatteryTraits;
@@ -27,11 +27,11 @@ const DisplayTraits& BatteryDisplay::Traits() const {
 
 void BatteryDisplay::Show() {
     m_lines.Refresh();  // at once: the next reading is ten seconds away
-    m_BatTimer->Start();
+    m_timer->Start();
 }
 
 void BatteryDisplay::Hide() {
-    m_BatTimer->Stop();
+    m_timer->Stop();
     m_lines.Hide();
 }
 

@@ -20,11 +20,11 @@ public:
     void Tick() override {}
     qint64 UntilDue(bool isSeen) const override;
 
-    const Timer& BatTimer() const { return *m_BatTimer; }
+    const Timer& BatTimer() const { return *m_timer; }
 
 private:
     BatteryLines m_lines;
-    std::unique_ptr<Timer> m_BatTimer;
+    std::unique_ptr<Timer> m_timer;
 };
 
 }  // namespace tickwell

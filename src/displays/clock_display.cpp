@@ -21,10 +21,10 @@ ClockDisplay::ClockDisplay(const AppSettings& settings, const Clock& clock, DayD
                            Handlers& handlers, TimerSource& timers, const DisplayView& view)
     : m_handlers(handlers),
       m_lines(settings, clock, dayDatabase, view.lines),
-      m_Dz_Timer1(
+      m_timeTimer(
           handlers, timers, kTimeTick, [this] { Dz_Timer1_Timer(); },
           [this, isSeen = view.isSeen] { return m_lines.UntilDue(isSeen()); }),
-      m_Dz_Timer2(handlers.MakeTimer(timers, kDateTick, [this] { m_lines.RotateTick(); })) {}
+      m_dateTimer(handlers.MakeTimer(timers, kDateTick, [this] { m_lines.RotateTick(); })) {}
 
 const DisplayTraits& ClockDisplay::Traits() const {
     return kClockTraits;
@@ -32,18 +32,18 @@ const DisplayTraits& ClockDisplay::Traits() const {
 
 void ClockDisplay::Show() {
     m_lines.Show();
-    m_Dz_Timer1.Start();
-    m_Dz_Timer2->Start();
+    m_timeTimer.Start();
+    m_dateTimer->Start();
 }
 
 void ClockDisplay::Hide() {
-    m_Dz_Timer1.Stop();
-    m_Dz_Timer2->Stop();
+    m_timeTimer.Stop();
+    m_dateTimer->Stop();
 }
 
 void ClockDisplay::Refresh() {
     m_lines.RaiseRefresh();
-    m_Dz_Timer1.Wake();
+    m_timeTimer.Wake();
 }
 
 /// A look-up that fails is reported on its own: the time goes on.

@@ -18,21 +18,21 @@ public:
     const DisplayTraits& Traits() const override;
     void Show() override;
     void Hide() override;
-    void Tick() override { m_Dz_Timer1.TickNow(); }
+    void Tick() override { m_timeTimer.TickNow(); }
     qint64 UntilDue(bool isSeen) const override { return m_lines.UntilDue(isSeen); }
-    void Wake() override { m_Dz_Timer1.Wake(); }
+    void Wake() override { m_timeTimer.Wake(); }
     void Refresh() override;
 
-    const Timer& TimeTimer() const { return m_Dz_Timer1; }
-    const Timer& DateTimer() const { return *m_Dz_Timer2; }
+    const Timer& TimeTimer() const { return m_timeTimer; }
+    const Timer& DateTimer() const { return *m_dateTimer; }
 
 private:
     void Dz_Timer1_Timer();
 
     Handlers& m_handlers;
     ClockLines m_lines;
-    SleepingTimer m_Dz_Timer1;           // the time
-    std::unique_ptr<Timer> m_Dz_Timer2;  // the upper line
+    SleepingTimer m_timeTimer;           // the time
+    std::unique_ptr<Timer> m_dateTimer;  // the upper line
 };
 
 }  // namespace tickwell

@@ -19,7 +19,7 @@ constexpr DisplayTraits kMemoryTraits{.number = kFunctionMemory,
 MemoryDisplay::MemoryDisplay(const Memory& memory, Handlers& handlers, TimerSource& timers,
                              const DisplayView& view)
     : m_lines(memory, view.lines),
-      m_MemoryTimer(
+      m_timer(
           handlers, timers, kMemoryTick, [this] { m_lines.Tick(); },
           [this, isSeen = view.isSeen] { return UntilDue(isSeen()); }) {}
 
@@ -29,7 +29,7 @@ const DisplayTraits& MemoryDisplay::Traits() const {
 
 void MemoryDisplay::Show() {
     m_lines.Show();
-    m_MemoryTimer.Start();
+    m_timer.Start();
 }
 
 qint64 MemoryDisplay::UntilDue(bool isSeen) const {

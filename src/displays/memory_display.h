@@ -15,15 +15,15 @@ public:
 
     const DisplayTraits& Traits() const override;
     void Show() override;
-    void Hide() override { m_MemoryTimer.Stop(); }
-    void Tick() override { m_MemoryTimer.TickNow(); }
+    void Hide() override { m_timer.Stop(); }
+    void Tick() override { m_timer.TickNow(); }
     qint64 UntilDue(bool isSeen) const override;
 
-    const Timer& MemoryTimer() const { return m_MemoryTimer; }
+    const Timer& MemoryTimer() const { return m_timer; }
 
 private:
     MemoryLines m_lines;
-    SleepingTimer m_MemoryTimer;
+    SleepingTimer m_timer;
 };
 
 }  // namespace tickwell

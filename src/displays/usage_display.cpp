@@ -19,7 +19,7 @@ constexpr DisplayTraits kUsageTraits{.number = kFunctionUsage,
 UsageDisplay::UsageDisplay(const AppSettings& settings, const Clock& clock, Handlers& handlers,
                            TimerSource& timers, const DisplayView& view)
     : m_lines(settings, clock, view.lines),
-      m_Win_Timer(
+      m_timer(
           handlers, timers, kUsageTick, [this] { m_lines.Tick(); },
           [this, isSeen = view.isSeen] { return UntilDue(isSeen()); }) {}
 
@@ -29,7 +29,7 @@ const DisplayTraits& UsageDisplay::Traits() const {
 
 void UsageDisplay::Show() {
     m_lines.Show();
-    m_Win_Timer.Start();
+    m_timer.Start();
 }
 
 qint64 UsageDisplay::UntilDue(bool isSeen) const {

@@ -16,16 +16,16 @@ public:
 
     const DisplayTraits& Traits() const override;
     void Show() override;
-    void Hide() override { m_Win_Timer.Stop(); }
-    void Tick() override { m_Win_Timer.TickNow(); }
+    void Hide() override { m_timer.Stop(); }
+    void Tick() override { m_timer.TickNow(); }
     qint64 UntilDue(bool isSeen) const override;
-    void Wake() override { m_Win_Timer.Wake(); }
+    void Wake() override { m_timer.Wake(); }
 
-    const Timer& UsageTimer() const { return m_Win_Timer; }
+    const Timer& UsageTimer() const { return m_timer; }
 
 private:
     UsageLines m_lines;
-    SleepingTimer m_Win_Timer;
+    SleepingTimer m_timer;
 };
 
 }  // namespace tickwell

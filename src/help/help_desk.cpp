@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "help/help_desk.h"
 
+#include "controls/bring_forward.h"
 #include "help/help_file.h"
 
 namespace tickwell {
@@ -21,10 +22,7 @@ void HelpDesk::ShowTopic(int topic) {
         m_opening(*m_window);
     }
     m_window->ShowTopic(topic);
-    m_window->show();
-    m_window->setWindowState(m_window->windowState() & ~Qt::WindowMinimized);
-    m_window->raise();
-    m_window->activateWindow();
+    BringForward(*m_window);
 }
 
 }  // namespace tickwell

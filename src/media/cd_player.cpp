@@ -18,7 +18,7 @@ CdPlayer::CdPlayer(const CdPlayerParts& parts)
       m_device(parts.device),
       m_texts(parts.state, parts.media),
       m_seek(parts.state, parts.media, parts.handlers, parts.timers),
-      m_CDTimer1(parts.handlers.MakeTimer(parts.timers, kFollowInterval, [this] { CDTimer1_Timer(); })),
+      m_followTimer(parts.handlers.MakeTimer(parts.timers, kFollowInterval, [this] { CDTimer1_Timer(); })),
       m_lookTimer(parts.handlers.MakeTimer(parts.timers, kLookInterval, [this] { LookTick(); })) {
     EnterState(kCdStopped, u"停止"_s);
 }
@@ -71,7 +71,7 @@ void CdPlayer::CDSetUp() {
     if (!m_texts.SelectionText()) {  // needed even if no line shows it: reads the length
         return;
     }
-    m_CDTimer1->Stop();
+    m_followTimer->Stop();
     m_lookTimer->Stop();
     m_controls.menus = true;
     EnterState(kCdStopped, u"停止"_s);
@@ -79,7 +79,7 @@ void CdPlayer::CDSetUp() {
 }
 
 void CdPlayer::CDSetDown() {
-    m_CDTimer1->Stop();
+    m_followTimer->Stop();
     m_seek.Release();
     m_controls.buttons.fill(false);
     m_controls.menus = false;
@@ -110,7 +110,7 @@ void CdPlayer::Stop(bool showError) {
     }
     m_controls.menus = true;
     m_state.CdTrack = 0;
-    m_CDTimer1->Stop();
+    m_followTimer->Stop();
     TellWindow();
     ShowLines();
 }
@@ -133,7 +133,7 @@ void CdPlayer::Recover() {
     }
     const bool isPaused = mode == u"paused";
     EnterState(isPaused ? kCdPaused : kCdPlaying, isPaused ? u"一時停止"_s : u"再生"_s);
-    m_CDTimer1->Start();
+    m_followTimer->Start();
     ShowLines();
 }
 
@@ -184,7 +184,7 @@ void CdPlayer::Close() {
     m_display = nullptr;
     m_changed = nullptr;
     m_isWindowShown = false;
-    m_CDTimer1->Stop();
+    m_followTimer->Stop();
     m_lookTimer->Stop();
     m_seek.Release();
     m_device.Close();

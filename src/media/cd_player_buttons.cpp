@@ -95,7 +95,7 @@ void CdPlayer::Play() {
     EnterState(kCdPlaying, u"再生"_s);
     m_media.MciPlayTrack(u"CDP"_s, m_state.CdTrack, false, true);
     if (m_state.CdState == kCdPlaying) {
-        m_CDTimer1->Start();
+        m_followTimer->Start();
     }
 }
 

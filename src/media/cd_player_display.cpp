@@ -17,7 +17,7 @@ constexpr DisplayTraits kCdPlayerTraits{
 CdPlayerDisplay::CdPlayerDisplay(CdPlayer& player, Handlers& handlers, TimerSource& timers,
                                  const DisplayView& view, std::function<void()> openWindow)
     : m_lines(player, view.lines, view.functions),
-      m_CDTimer2(
+      m_timer(
           handlers, timers, kCdTick, [this] { m_lines.Tick(); },
           [this, isSeen = view.isSeen] { return UntilDue(isSeen()); }),
       m_openWindow(std::move(openWindow)) {}
@@ -28,7 +28,7 @@ const DisplayTraits& CdPlayerDisplay::Traits() const {
 
 void CdPlayerDisplay::Show() {
     m_lines.Show();
-    m_CDTimer2.Start();
+    m_timer.Start();
 }
 
 qint64 CdPlayerDisplay::UntilDue(bool isSeen) const {

@@ -16,16 +16,16 @@ public:
 
     const DisplayTraits& Traits() const override;
     void Show() override;
-    void Hide() override { m_CDTimer2.Stop(); }
-    void Tick() override { m_CDTimer2.TickNow(); }
+    void Hide() override { m_timer.Stop(); }
+    void Tick() override { m_timer.TickNow(); }
     qint64 UntilDue(bool isSeen) const override;
     void OpenWindow() override { m_openWindow(); }
 
-    const Timer& CDTimer2() const { return m_CDTimer2; }
+    const Timer& CDTimer2() const { return m_timer; }
 
 private:
     CdLines m_lines;
-    SleepingTimer m_CDTimer2;
+    SleepingTimer m_timer;
     std::function<void()> m_openWindow;
 };
 

@@ -6,6 +6,7 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
+#include "controls/control_making.h"
 #include "media/transport_icons.h"
 
 namespace tickwell {
@@ -19,10 +20,6 @@ constexpr std::array<QStringView, 7> kButtonNames{u"前の曲に戻る", u"巻�
 constexpr std::array<QStringView, 3> kFormats{u"標準", u"一曲分の残り時間", u"全曲の残り時間"};
 constexpr std::array<QStringView, 3> kRepeats{u"しない", u"一曲リピート", u"全曲リピート"};
 
-QString Indexed(const QString& name, int index) {
-    return u"%1(%2)"_s.arg(name).arg(index);
-}
-
 }  // namespace
 
 CDForm::CDForm(CdPlayer& player, Handlers& handlers, QWidget* parent)
@@ -30,19 +27,17 @@ CDForm::CDForm(CdPlayer& player, Handlers& handlers, QWidget* parent)
       m_player(player),
       m_handlers(handlers),
       m_menuBar(new QMenuBar(this)),
-      m_cdtm(m_menuBar->addMenu(u"表示形式"_s)),
-      m_cdtm1(m_menuBar->addMenu(u"リピート"_s)),
-      m_cdm(new QActionGroup(this)),
-      m_Label1(new QLabel(this)) {
+      m_formatMenu(m_menuBar->addMenu(u"表示形式"_s)),
+      m_repeatMenu(m_menuBar->addMenu(u"リピート"_s)),
+      m_formats(new QActionGroup(this)),
+      m_caption(MakeLabel(u"Label1"_s, QString(), this)) {
     setObjectName(u"CDForm"_s);
     setWindowTitle(u"CDプレーヤー"_s);
-    m_Label1->setObjectName(u"Label1"_s);
-    m_Label1->setTextFormat(Qt::PlainText);
-    m_Label1->setAlignment(Qt::AlignCenter);
-    m_Label1->setFrameStyle(QFrame::StyledPanel | QFrame::Sunken);
+    m_caption->setAlignment(Qt::AlignCenter);
+    m_caption->setFrameStyle(QFrame::StyledPanel | QFrame::Sunken);
     MakeMenus();
     for (int index = kCdPrevious; index <= kCdNext; ++index) {
-        m_Command1[static_cast<std::size_t>(index)] = MakeButton(index);
+        m_buttons[static_cast<std::size_t>(index)] = MakePlayerButton(index);
     }
     LayOut();
     m_player.SetWindow([this] { ShowPlayer(); });
@@ -57,30 +52,28 @@ CDForm::~CDForm() {
 
 void CDForm::MakeMenus() {
     m_menuBar->setNativeMenuBar(false);  // a global menu bar would leave the window without its menu
-    m_cdtm->setObjectName(u"cdtm"_s);
-    m_cdtm1->setObjectName(u"cdtm1"_s);
-    m_cdm->setExclusive(true);
+    m_formatMenu->setObjectName(u"cdtm"_s);
+    m_repeatMenu->setObjectName(u"cdtm1"_s);
+    m_formats->setExclusive(true);
     for (int index = 1; index <= 3; ++index) {  // their indexes start at 1
         const auto row = static_cast<std::size_t>(index - 1);
-        QAction* format = m_cdtm->addAction(kFormats[row].toString());
+        QAction* format = m_formatMenu->addAction(kFormats[row].toString());
         format->setObjectName(Indexed(u"cdm"_s, index));
         format->setCheckable(true);
-        m_cdm->addAction(format);
+        m_formats->addAction(format);
         m_handlers.Connect(format, &QAction::triggered, this, [this, index] { m_player.cdm_Click(index); });
-        QAction* repeat = m_cdtm1->addAction(kRepeats[row].toString());
+        QAction* repeat = m_repeatMenu->addAction(kRepeats[row].toString());
         repeat->setObjectName(Indexed(u"cdr"_s, index));  // has no effect: nothing is ever repeated
     }
 }
 
-QPushButton* CDForm::MakeButton(int index) {
+QPushButton* CDForm::MakePlayerButton(int index) {
     const QString name = kButtonNames[static_cast<std::size_t>(index)].toString();
-    auto* button = new QPushButton(this);
-    button->setObjectName(Indexed(u"Command1"_s, index));
+    auto* button = MakeButton(Indexed(u"Command1"_s, index), QString(), this, m_handlers,
+                              [this, index] { m_player.Command1_Click(index); });
     button->setIcon(TransportIcon(index));
     button->setToolTip(name);
     button->setAccessibleName(name);
-    m_handlers.Connect(button, &QPushButton::clicked, this,
-                       [this, index] { m_player.Command1_Click(index); });
     m_handlers.Connect(button, &QPushButton::pressed, this,
                        [this, index] { m_player.Command1_Press(index); });
     m_handlers.Connect(button, &QPushButton::released, this, [this] { m_player.Command1_Release(); });
@@ -88,31 +81,31 @@ QPushButton* CDForm::MakeButton(int index) {
 }
 
 void CDForm::LayOut() {
-    QFont large = m_Label1->font();
+    QFont large = m_caption->font();
     large.setPointSizeF(large.pointSizeF() * 1.5);
-    m_Label1->setFont(large);
-    m_Label1->setMargin(fontMetrics().height() / 2);
+    m_caption->setFont(large);
+    m_caption->setMargin(fontMetrics().height() / 2);
     const int side = fontMetrics().height() * 3 / 2;
     auto* buttons = new QHBoxLayout;
-    for (QPushButton* button : m_Command1) {
+    for (QPushButton* button : m_buttons) {
         button->setIconSize({side, side});
         buttons->addWidget(button);
     }
     auto* whole = new QVBoxLayout(this);
     whole->setMenuBar(m_menuBar);
-    whole->addWidget(m_Label1);
+    whole->addWidget(m_caption);
     whole->addLayout(buttons);
     whole->setSizeConstraint(QLayout::SetFixedSize);
-    m_Command1[kCdPlay]->setFocus();
+    m_buttons[kCdPlay]->setFocus();
 }
 
 void CDForm::ShowPlayer() {
     const CdControls& controls = m_player.Controls();
     EnableButtons(controls.buttons);
-    m_cdtm->setEnabled(controls.menus);
-    m_cdtm1->setEnabled(controls.menus);
-    m_Label1->setText(controls.caption);
-    m_cdm->actions().at(m_player.State().CdDisplayFormat)->setChecked(true);
+    m_formatMenu->setEnabled(controls.menus);
+    m_repeatMenu->setEnabled(controls.menus);
+    m_caption->setText(controls.caption);
+    m_formats->actions().at(m_player.State().CdDisplayFormat)->setChecked(true);
 }
 
 /// A focused button that becomes disabled would lose the keyboard focus: the focus moves to the button that
@@ -120,16 +113,16 @@ void CDForm::ShowPlayer() {
 void CDForm::EnableButtons(const CdButtons& enabled) {
     for (std::size_t index = 0; index < enabled.size(); ++index) {
         if (enabled[index]) {
-            m_Command1[index]->setEnabled(true);
+            m_buttons[index]->setEnabled(true);
         }
     }
-    const auto* focused = std::find(m_Command1.begin(), m_Command1.end(), focusWidget());
+    const auto* focused = std::find(m_buttons.begin(), m_buttons.end(), focusWidget());
     if (focusWidget() == nullptr ||
-        (focused != m_Command1.end() && !enabled[static_cast<std::size_t>(focused - m_Command1.begin())])) {
-        m_Command1[enabled[kCdPlay] ? kCdPlay : kCdPause]->setFocus();
+        (focused != m_buttons.end() && !enabled[static_cast<std::size_t>(focused - m_buttons.begin())])) {
+        m_buttons[enabled[kCdPlay] ? kCdPlay : kCdPause]->setFocus();
     }
     for (std::size_t index = 0; index < enabled.size(); ++index) {
-        m_Command1[index]->setEnabled(enabled[index]);
+        m_buttons[index]->setEnabled(enabled[index]);
     }
 }
 

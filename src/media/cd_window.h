@@ -30,7 +30,7 @@ protected:
 
 private:
     void MakeMenus();
-    QPushButton* MakeButton(int index);
+    QPushButton* MakePlayerButton(int index);
     void LayOut();
     void ShowPlayer();
     void EnableButtons(const CdButtons& enabled);
@@ -38,11 +38,11 @@ private:
     CdPlayer& m_player;
     Handlers& m_handlers;
     QMenuBar* m_menuBar;
-    QMenu* m_cdtm;
-    QMenu* m_cdtm1;
-    QActionGroup* m_cdm;
-    QLabel* m_Label1;
-    std::array<QPushButton*, 7> m_Command1{};
+    QMenu* m_formatMenu;
+    QMenu* m_repeatMenu;
+    QActionGroup* m_formats;
+    QLabel* m_caption;
+    std::array<QPushButton*, 7> m_buttons{};
 };
 
 }  // namespace tickwell

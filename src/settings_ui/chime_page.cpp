@@ -16,10 +16,11 @@ ChimePage::ChimePage(const SettingsParts& parts, SettingsDraft& draft, QWidget* 
     : QWidget(parent),
       m_parts(parts),
       m_draft(draft),
-      m_Option7(u"Option7"_s, kChimeOptions, this, parts.handlers,
-                [this](qint32 index) { m_draft.settings.chimeMode = index; }),
-      m_Combo1(Named(new QComboBox(this), u"Combo1"_s, u"時報音"_s)),
-      m_listen(Named(new QPushButton(u"試聴"_s, this), u"Listen"_s, u"時報音を試聴する"_s)),
+      m_modeOptions(u"Option7"_s, kChimeOptions, this, parts.handlers,
+                    [this](qint32 index) { m_draft.settings.chimeMode = index; }),
+      m_sounds(Named(new QComboBox(this), u"Combo1"_s, u"時報音"_s)),
+      m_listen(MakeButton(u"Listen"_s, u"試聴"_s, this, parts.handlers,
+                          [this] { m_parts.operations.listen(m_draft.settings.chimeSound); })),
       m_tellsNoCdDrive(
           Named(new QCheckBox(u"CDドライブがないことを起動のときに知らせる"_s, this), u"NoCdDrive"_s)) {
     setObjectName(u"Picture4"_s);
@@ -31,18 +32,17 @@ ChimePage::ChimePage(const SettingsParts& parts, SettingsDraft& draft, QWidget* 
 
 QWidget* ChimePage::MakeSoundFrame() {
     auto* frame = Named(new QGroupBox(u"時報音"_s, this), u"Frame9"_s);
+    m_listen->setAccessibleName(u"時報音を試聴する"_s);
     m_listen->setAutoDefault(false);
     auto* sound = new QHBoxLayout;
-    sound->addWidget(m_Combo1, 1);
+    sound->addWidget(m_sounds, 1);
     sound->addWidget(m_listen);
     auto* rows = new QVBoxLayout(frame);
     rows->addLayout(sound);
-    for (QAbstractButton* option : m_Option7.Buttons()) {
+    for (QAbstractButton* option : m_modeOptions.Buttons()) {
         rows->addWidget(option);
     }
-    m_parts.handlers.Connect(m_Combo1, &QComboBox::activated, this, [this] { Combo1_Click(); });
-    m_parts.handlers.Connect(m_listen, &QPushButton::clicked, this,
-                             [this] { m_parts.operations.listen(m_draft.settings.chimeSound); });
+    m_parts.handlers.Connect(m_sounds, &QComboBox::activated, this, [this] { Combo1_Click(); });
     return frame;
 }
 
@@ -58,18 +58,18 @@ QWidget* ChimePage::MakeNoticeFrame() {
 }
 
 void ChimePage::Form_Load() {
-    m_Option7.Select(m_draft.settings.chimeMode);
-    m_Combo1->addItems(SoundNames());
+    m_modeOptions.Select(m_draft.settings.chimeMode);
+    m_sounds->addItems(SoundNames());
     const QString& stored = m_draft.settings.chimeSound;
-    if (m_Combo1->findText(stored, Qt::MatchExactly | Qt::MatchCaseSensitive) < 0) {
-        m_Combo1->addItem(stored);  // an unknown name plays nothing and is kept
+    if (m_sounds->findText(stored, Qt::MatchExactly | Qt::MatchCaseSensitive) < 0) {
+        m_sounds->addItem(stored);  // an unknown name plays nothing and is kept
     }
-    m_Combo1->setCurrentIndex(m_Combo1->findText(stored, Qt::MatchExactly | Qt::MatchCaseSensitive));
+    m_sounds->setCurrentIndex(m_sounds->findText(stored, Qt::MatchExactly | Qt::MatchCaseSensitive));
     EnableListen();
 }
 
 void ChimePage::Combo1_Click() {
-    m_draft.settings.chimeSound = m_Combo1->currentText();
+    m_draft.settings.chimeSound = m_sounds->currentText();
     EnableListen();
 }
 

@@ -30,8 +30,8 @@ private:
 
     SettingsParts m_parts;
     SettingsDraft& m_draft;
-    OptionArray m_Option7;
-    QComboBox* m_Combo1;  // these are owned by the page
+    OptionArray m_modeOptions;
+    QComboBox* m_sounds;  // these are owned by the page
     QPushButton* m_listen;
     QCheckBox* m_tellsNoCdDrive;
 };

@@ -14,24 +14,24 @@ using namespace Qt::StringLiterals;
 ClockPage::ClockPage(const SettingsParts& parts, SettingsDraft& draft, QWidget* parent)
     : QWidget(parent),
       m_draft(draft),
-      m_Option3(u"Option3"_s, kLanguageOptions, this, parts.handlers,
-                [this](qint32 index) { Option3_Click(index); }),
-      m_Option4(u"Option4"_s, kYearOptions, this, parts.handlers,
-                [this](qint32 index) { m_draft.settings.yearStyle = index; }),
-      m_Option5(u"Option5"_s, kStyleOptions, this, parts.handlers,
-                [this](qint32 index) { m_draft.settings.displayMode = index; }),
-      m_Option6(u"Option6"_s, kHourOptions, this, parts.handlers,
-                [this](qint32 index) { m_draft.settings.hourStyle = index; }),
-      m_Frame5(MakeFrame(u"Frame5"_s, u"表示言語"_s, m_Option3)),
-      m_Frame6(MakeFrame(u"Frame6"_s, u"年号"_s, m_Option4)),
-      m_Frame7(MakeFrame(u"Frame7"_s, u"時刻形式"_s, m_Option6)),
-      m_Frame8(MakeFrame(u"Frame8"_s, u"ｽﾀｲﾙ"_s, m_Option5)) {
+      m_languageOptions(u"Option3"_s, kLanguageOptions, this, parts.handlers,
+                        [this](qint32 index) { Option3_Click(index); }),
+      m_yearOptions(u"Option4"_s, kYearOptions, this, parts.handlers,
+                    [this](qint32 index) { m_draft.settings.yearStyle = index; }),
+      m_styleOptions(u"Option5"_s, kStyleOptions, this, parts.handlers,
+                     [this](qint32 index) { m_draft.settings.displayMode = index; }),
+      m_hourOptions(u"Option6"_s, kHourOptions, this, parts.handlers,
+                    [this](qint32 index) { m_draft.settings.hourStyle = index; }),
+      m_languageFrame(MakeFrame(u"Frame5"_s, u"表示言語"_s, m_languageOptions)),
+      m_yearFrame(MakeFrame(u"Frame6"_s, u"年号"_s, m_yearOptions)),
+      m_hourFrame(MakeFrame(u"Frame7"_s, u"時刻形式"_s, m_hourOptions)),
+      m_styleFrame(MakeFrame(u"Frame8"_s, u"ｽﾀｲﾙ"_s, m_styleOptions)) {
     setObjectName(u"Picture3"_s);
     auto* grid = new QGridLayout(this);
-    grid->addWidget(m_Frame5, 0, 0, 1, 2);
-    grid->addWidget(m_Frame7, 1, 0);
-    grid->addWidget(m_Frame8, 1, 1);
-    grid->addWidget(m_Frame6, 2, 0);
+    grid->addWidget(m_languageFrame, 0, 0, 1, 2);
+    grid->addWidget(m_hourFrame, 1, 0);
+    grid->addWidget(m_styleFrame, 1, 1);
+    grid->addWidget(m_yearFrame, 2, 0);
     grid->setColumnStretch(0, 1);
     grid->setColumnStretch(1, 1);
     grid->setRowStretch(3, 1);
@@ -57,10 +57,10 @@ QGroupBox* ClockPage::MakeFrame(const QString& name, const QString& caption, con
 
 void ClockPage::Form_Load() {
     const AppSettings& settings = m_draft.settings;
-    m_Option3.Select(settings.language);
-    m_Option4.Select(settings.yearStyle);
-    m_Option5.Select(settings.displayMode);
-    m_Option6.Select(settings.hourStyle);
+    m_languageOptions.Select(settings.language);
+    m_yearOptions.Select(settings.yearStyle);
+    m_styleOptions.Select(settings.displayMode);
+    m_hourOptions.Select(settings.hourStyle);
     ShowLanguage();
 }
 
@@ -71,16 +71,16 @@ void ClockPage::Option3_Click(qint32 index) {
 
 void ClockPage::ShowLanguage() {
     const YearWords words = YearWordsOf(m_draft.settings.language);
-    for (QGroupBox* frame : {m_Frame6, m_Frame7, m_Frame8}) {
+    for (QGroupBox* frame : {m_yearFrame, m_hourFrame, m_styleFrame}) {
         frame->setEnabled(words.enabled);
     }
-    for (OptionArray* options : {&m_Option4, &m_Option5, &m_Option6}) {
+    for (OptionArray* options : {&m_yearOptions, &m_styleOptions, &m_hourOptions}) {
         options->SetEnabled(words.enabled);
     }
     if (!words.frame.isEmpty()) {
-        m_Frame6->setTitle(words.frame.toString());
-        m_Option4.SetCaption(0, words.captions[0].toString());
-        m_Option4.SetCaption(1, words.captions[1].toString());
+        m_yearFrame->setTitle(words.frame.toString());
+        m_yearOptions.SetCaption(0, words.captions[0].toString());
+        m_yearOptions.SetCaption(1, words.captions[1].toString());
     }
 }
 

@@ -26,14 +26,14 @@ private:
     void ShowLanguage();
 
     SettingsDraft& m_draft;
-    OptionArray m_Option3;
-    OptionArray m_Option4;
-    OptionArray m_Option5;
-    OptionArray m_Option6;
-    QGroupBox* m_Frame5;  // the frames are owned by the page
-    QGroupBox* m_Frame6;
-    QGroupBox* m_Frame7;
-    QGroupBox* m_Frame8;
+    OptionArray m_languageOptions;
+    OptionArray m_yearOptions;
+    OptionArray m_styleOptions;
+    OptionArray m_hourOptions;
+    QGroupBox* m_languageFrame;  // the frames are owned by the page
+    QGroupBox* m_yearFrame;
+    QGroupBox* m_hourFrame;
+    QGroupBox* m_styleFrame;
 };
 
 }  // namespace tickwell

@@ -16,14 +16,14 @@ using namespace Qt::StringLiterals;
 DatabasePage::DatabasePage(const SettingsParts& parts, QWidget* parent)
     : QWidget(parent),
       m_parts(parts),
-      m_Command4(Named(new QPushButton(u"データベースの最適化＞＞"_s, this), u"Command4"_s)),
+      m_compactButton(MakeButton(u"Command4"_s, u"データベースの最適化＞＞"_s, this, parts.handlers,
+                                 [this] { Command4_Click(); })),
       m_progress(Named(new QLabel(u"最適化しています…"_s, this), u"Progress"_s)) {
     setObjectName(u"Picture5"_s);
     auto* frame = Named(new QGroupBox(u"記念日/スケジュール データベースの最適化"_s, this), u"Frame11"_s);
-    m_Command4->setAutoDefault(false);
+    m_compactButton->setAutoDefault(false);
     m_progress->hide();
-    m_Command4->setEnabled(parts.operations.compact != nullptr);
-    parts.handlers.Connect(m_Command4, &QPushButton::clicked, this, [this] { Command4_Click(); });
+    m_compactButton->setEnabled(parts.operations.compact != nullptr);
     auto* explanation = Named(
         new QLabel(
             u"実行すると、データベースの容量を減らし、読み込み速度を向上することができます。大量に記念日やスケジュールの内容を変更したときは実行するようにしてください。"_s,
@@ -31,7 +31,7 @@ DatabasePage::DatabasePage(const SettingsParts& parts, QWidget* parent)
         u"Label5"_s);
     explanation->setWordWrap(true);
     auto* row = new QHBoxLayout;
-    row->addWidget(m_Command4);
+    row->addWidget(m_compactButton);
     row->addWidget(m_progress);
     row->addStretch();
     auto* inner = new QVBoxLayout(frame);
@@ -58,12 +58,12 @@ void DatabasePage::Command4_Click() {
 
 void DatabasePage::SetRunning(bool isRunning) {
     m_progress->setVisible(isRunning);
-    const bool hadFocus = m_Command4->hasFocus();
-    m_Command4->setEnabled(!isRunning);
+    const bool hadFocus = m_compactButton->hasFocus();
+    m_compactButton->setEnabled(!isRunning);
     if (isRunning && hadFocus) {
         m_takesFocusBack = true;
     } else if (!isRunning && std::exchange(m_takesFocusBack, false)) {
-        m_Command4->setFocus();
+        m_compactButton->setFocus();
     }
 }
 

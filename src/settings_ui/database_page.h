@@ -23,7 +23,7 @@ private:
     void SetRunning(bool isRunning);
 
     const SettingsParts& m_parts;
-    QPushButton* m_Command4;
+    QPushButton* m_compactButton;
     QLabel* m_progress;
     bool m_takesFocusBack = false;  // the button had the keyboard focus when it was disabled
 };

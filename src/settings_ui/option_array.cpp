@@ -29,8 +29,7 @@ OptionArray::OptionArray(const QString& name, std::span<const OptionRow> rows, Q
                          Handlers& handlers, const std::function<void(qint32 index)>& onClick)
     : m_group(new QButtonGroup(parent)) {
     for (const OptionRow& row : rows) {
-        auto* button = Named(new QRadioButton(row.caption.toString(), parent),
-                             u"%1(%2)"_s.arg(name, QString::number(row.index)));
+        auto* button = Named(new QRadioButton(row.caption.toString(), parent), Indexed(name, row.index));
         m_group->addButton(button, row.index);
         m_buttons.append(button);
         handlers.Connect(button, &QRadioButton::clicked, parent,

@@ -3,11 +3,11 @@
 
 #include <QHBoxLayout>
 #include <QLabel>
-#include <QLineEdit>
 #include <QSignalBlocker>
 #include <QVBoxLayout>
 
 #include "controls/control_making.h"
+#include "controls/number_box.h"
 
 namespace tickwell {
 
@@ -19,24 +19,18 @@ namespace {
 constexpr int kShortest = 1;
 constexpr int kLongest = 3600;
 
-/// Gives access to the line edit of a spin box, which is protected in Qt.
-class IntervalBox : public QSpinBox {
-public:
-    explicit IntervalBox(QWidget* parent) : QSpinBox(parent) { lineEdit()->setObjectName(u"Text1"_s); }
-};
-
 }  // namespace
 
 RollPage::RollPage(const SettingsParts& parts, SettingsDraft& draft, QWidget* parent)
     : QWidget(parent),
       m_handlers(parts.handlers),
       m_draft(draft),
-      m_Option1(u"Option1"_s, kRollOptions, this, parts.handlers,
-                [this](qint32 index) { Option1_Click(index); }),
+      m_useOptions(u"Option1"_s, kRollOptions, this, parts.handlers,
+                   [this](qint32 index) { Option1_Click(index); }),
       m_frame(Named(new QGroupBox(u"ロール機能"_s, this), u"Frame4"_s)) {
     setObjectName(u"Picture2"_s);
     auto* rows = new QVBoxLayout(this);
-    for (QAbstractButton* option : m_Option1.Buttons()) {
+    for (QAbstractButton* option : m_useOptions.Buttons()) {
         rows->addWidget(option);
     }
     rows->addWidget(MakeFrame(parts.displays));
@@ -60,31 +54,32 @@ QWidget* RollPage::MakeFrame(const Displays& displays) {
     }
     MakeInterval();
     auto* label = Named(new QLabel(u"交換速度"_s, this), u"Label4"_s);
-    label->setBuddy(m_UpDown1);
+    label->setBuddy(m_interval);
     auto* interval = new QHBoxLayout;
     interval->addWidget(label);
-    interval->addWidget(m_UpDown1);
+    interval->addWidget(m_interval);
     interval->addStretch();
     rows->addLayout(interval);
     return m_frame;
 }
 
 void RollPage::MakeInterval() {
-    m_UpDown1 = Named(new IntervalBox(this), u"UpDown1"_s, u"交換速度"_s);
-    m_UpDown1->setRange(kShortest, kLongest);
-    m_UpDown1->setSuffix(u" 秒"_s);
-    m_handlers.Connect(m_UpDown1, &QSpinBox::valueChanged, this,
-                       [this] { m_draft.further.roll.interval = m_UpDown1->value(); });
+    m_interval = new NumberBox(u"UpDown1"_s, u"Text1"_s, this);
+    m_interval->setAccessibleName(u"交換速度"_s);
+    m_interval->setRange(kShortest, kLongest);
+    m_interval->setSuffix(u" 秒"_s);
+    m_handlers.Connect(m_interval, &QSpinBox::valueChanged, this,
+                       [this] { m_draft.further.roll.interval = m_interval->value(); });
 }
 
 void RollPage::Form_Load() {
     const RollSettings& roll = m_draft.further.roll;
-    m_Option1.Select(roll.use ? 1 : 0);
+    m_useOptions.Select(roll.use ? 1 : 0);
     for (const auto& [number, box] : m_checks) {
         box->setChecked(roll.kinds.contains(number));
     }
-    const QSignalBlocker quiet(m_UpDown1);  // an interval out of range stays in the draft
-    m_UpDown1->setValue(roll.interval);
+    const QSignalBlocker quiet(m_interval);  // an interval out of range stays in the draft
+    m_interval->setValue(roll.interval);
     ShowUse();
 }
 

@@ -31,10 +31,10 @@ private:
 
     Handlers& m_handlers;
     SettingsDraft& m_draft;
-    OptionArray m_Option1;
+    OptionArray m_useOptions;
     QGroupBox* m_frame;                     // these are owned by the page
     std::map<qint32, QCheckBox*> m_checks;  // by the number of the display
-    QSpinBox* m_UpDown1 = nullptr;          // contains the line edit Text1
+    QSpinBox* m_interval = nullptr;
 };
 
 }  // namespace tickwell

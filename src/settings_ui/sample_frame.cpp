@@ -36,13 +36,15 @@ void WipeIn(MovingWord& word, const QString& text) {
 SampleFrame::SampleFrame(const Clock& clock, TimerSource& timers, Handlers& handlers, QWidget* parent)
     : QGroupBox(u"サンプル"_s, parent),
       m_pacer(clock, timers),
-      m_Pic(Named(new QFrame(this), u"Pic"_s)),
-      m_Pic2(Named(new QFrame(this), u"Pic2"_s)),
-      m_MovingWord1(Named(new MovingWord({clock, timers, m_pacer}, m_Pic), u"MovingWord1"_s)),
-      m_MovingWord2(Named(new MovingWord({clock, timers, m_pacer}, m_Pic2), u"MovingWord2"_s)),
-      m_Timer1(handlers.MakeTimer(timers, kSampleTick, [this] { Timer1_Timer(); })) {
+      m_upperPicture(Named(new QFrame(this), u"Pic"_s)),
+      m_lowerPicture(Named(new QFrame(this), u"Pic2"_s)),
+      m_upperLine(Named(new MovingWord({.clock = clock, .timers = timers, .pacer = m_pacer}, m_upperPicture),
+                        u"MovingWord1"_s)),
+      m_lowerLine(Named(new MovingWord({.clock = clock, .timers = timers, .pacer = m_pacer}, m_lowerPicture),
+                        u"MovingWord2"_s)),
+      m_wipeTimer(handlers.MakeTimer(timers, kSampleTick, [this] { Timer1_Timer(); })) {
     auto* rows = new QVBoxLayout(this);
-    for (QFrame* picture : {m_Pic, m_Pic2}) {
+    for (QFrame* picture : {m_upperPicture, m_lowerPicture}) {
         picture->setAutoFillBackground(true);
         picture->setMinimumHeight(fontMetrics().height() * kRoom);
         picture->installEventFilter(this);
@@ -53,35 +55,35 @@ SampleFrame::SampleFrame(const Clock& clock, TimerSource& timers, Handlers& hand
 }
 
 SampleFrame::~SampleFrame() {
-    delete m_MovingWord1;  // before m_pacer, which they use
-    delete m_MovingWord2;
+    delete m_upperLine;  // before m_pacer, which they use
+    delete m_lowerLine;
 }
 
 void SampleFrame::Refresh(const AppSettings& settings) {
-    ApplyLineStyles(*m_MovingWord1, *m_MovingWord2, settings);
-    SetBackground(*m_Pic, settings.backColor);
-    SetBackground(*m_Pic2, settings.backColor);
+    ApplyLineStyles(*m_upperLine, *m_lowerLine, settings);
+    SetBackground(*m_upperPicture, settings.backColor);
+    SetBackground(*m_lowerPicture, settings.backColor);
     PlaceLines();
-    if (!m_MovingWord1->IsWiping() && !m_MovingWord2->IsWiping()) {
-        m_Timer1->Start();
+    if (!m_upperLine->IsWiping() && !m_lowerLine->IsWiping()) {
+        m_wipeTimer->Start();
         Timer1_Timer();
     }
 }
 
 /// A wipe that is still running is not restarted.
 void SampleFrame::Timer1_Timer() {
-    if (!m_MovingWord1->IsWiping()) {
-        WipeIn(*m_MovingWord1, u"上段の文字サンプル"_s);
+    if (!m_upperLine->IsWiping()) {
+        WipeIn(*m_upperLine, u"上段の文字サンプル"_s);
     }
-    if (!m_MovingWord2->IsWiping()) {
-        WipeIn(*m_MovingWord2, u"下段の文字サンプル"_s);
+    if (!m_lowerLine->IsWiping()) {
+        WipeIn(*m_lowerLine, u"下段の文字サンプル"_s);
     }
 }
 
 /// Centres each line in its picture. A line that is higher is aligned at the top and cut off at the bottom,
 /// unlike in the main window.
 void SampleFrame::PlaceLines() {
-    for (MovingWord* word : {m_MovingWord1, m_MovingWord2}) {
+    for (MovingWord* word : {m_upperLine, m_lowerLine}) {
         const QSize room = word->parentWidget()->size();
         const int height = word->TextHeight();
         word->setGeometry(0, std::max(0, (room.height() - height) / 2), room.width(), height);

@@ -34,11 +34,11 @@ private:
     void PlaceLines();
 
     FramePacer m_pacer;
-    QFrame* m_Pic;  // owned by the frame, with its line
-    QFrame* m_Pic2;
-    MovingWord* m_MovingWord1;
-    MovingWord* m_MovingWord2;
-    std::unique_ptr<Timer> m_Timer1;
+    QFrame* m_upperPicture;  // owned by the frame, with its line
+    QFrame* m_lowerPicture;
+    MovingWord* m_upperLine;
+    MovingWord* m_lowerLine;
+    std::unique_ptr<Timer> m_wipeTimer;
 };
 
 }  // namespace tickwell

@@ -17,7 +17,7 @@ Form2::Form2(const SettingsParts& parts, QWidget* parent)
     : QDialog(parent),
       m_parts(parts),
       m_draft{parts.settings, parts.further},
-      m_TabStrip1(Named(new QTabWidget(this), u"TabStrip1"_s)),
+      m_pages(Named(new QTabWidget(this), u"TabStrip1"_s)),
       m_textPage(new TextPage(m_parts, m_draft, this)),
       m_clockPage(new ClockPage(m_parts, m_draft, this)),
       m_rollPage(new RollPage(m_parts, m_draft, this)),
@@ -25,30 +25,29 @@ Form2::Form2(const SettingsParts& parts, QWidget* parent)
     setObjectName(u"Form2"_s);
     setWindowTitle(u"環境設定"_s);
     setWindowModality(Qt::ApplicationModal);
-    m_TabStrip1->addTab(m_textPage, u"文字表示"_s);
-    m_TabStrip1->addTab(m_clockPage, u"時計"_s);
-    m_TabStrip1->addTab(m_rollPage, u"ロール"_s);
-    m_TabStrip1->addTab(m_chimePage, u"時報"_s);
-    m_TabStrip1->addTab(new DatabasePage(m_parts, this), u"データベース"_s);
+    m_pages->addTab(m_textPage, u"文字表示"_s);
+    m_pages->addTab(m_clockPage, u"時計"_s);
+    m_pages->addTab(m_rollPage, u"ロール"_s);
+    m_pages->addTab(m_chimePage, u"時報"_s);
+    m_pages->addTab(new DatabasePage(m_parts, this), u"データベース"_s);
 
-    auto* buttons = new QHBoxLayout;
-    QPushButton* ok = MakeButton(u"Command1"_s, u"OK"_s, &Form2::Command1_Click);
-    ok->setDefault(true);
-    buttons->addStretch();
-    buttons->addWidget(ok);
-    buttons->addWidget(MakeButton(u"Command2"_s, u"キャンセル"_s, &Form2::reject));
-    buttons->addWidget(MakeButton(u"Command3"_s, u"適用"_s, &Form2::Command3_Click));
-    buttons->addWidget(MakeButton(u"Command8"_s, u"ヘルプ"_s, &Form2::Command8_Click));
     auto* rows = new QVBoxLayout(this);
-    rows->addWidget(m_TabStrip1);
-    rows->addLayout(buttons);
+    rows->addWidget(m_pages);
+    rows->addLayout(MakeButtons());
     Form_Load();
 }
 
-QPushButton* Form2::MakeButton(const QString& name, const QString& caption, void (Form2::*clicked)()) {
-    auto* button = Named(new QPushButton(caption, this), name);
-    m_parts.handlers.Connect(button, &QPushButton::clicked, this, [this, clicked] { (this->*clicked)(); });
-    return button;
+QLayout* Form2::MakeButtons() {
+    Handlers& handlers = m_parts.handlers;
+    auto* buttons = new QHBoxLayout;
+    auto* ok = MakeButton(u"Command1"_s, u"OK"_s, this, handlers, [this] { Command1_Click(); });
+    ok->setDefault(true);
+    buttons->addStretch();
+    buttons->addWidget(ok);
+    buttons->addWidget(MakeButton(u"Command2"_s, u"キャンセル"_s, this, handlers, [this] { reject(); }));
+    buttons->addWidget(MakeButton(u"Command3"_s, u"適用"_s, this, handlers, [this] { Command3_Click(); }));
+    buttons->addWidget(MakeButton(u"Command8"_s, u"ヘルプ"_s, this, handlers, [this] { Command8_Click(); }));
+    return buttons;
 }
 
 void Form2::Form_Load() {
@@ -56,7 +55,7 @@ void Form2::Form_Load() {
     m_clockPage->Form_Load();
     m_rollPage->Form_Load();
     m_chimePage->Form_Load();
-    m_TabStrip1->tabBar()->setFocus();
+    m_pages->tabBar()->setFocus();
 }
 
 void Form2::Command1_Click() {

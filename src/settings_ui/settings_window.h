@@ -33,11 +33,11 @@ private:
     void Command3_Click();
     void Command8_Click();
     void ApplyAutostart();
-    QPushButton* MakeButton(const QString& name, const QString& caption, void (Form2::*clicked)());
+    QLayout* MakeButtons();
 
     SettingsParts m_parts;
     SettingsDraft m_draft;
-    QTabWidget* m_TabStrip1;  // owned by the dialog, with its pages
+    QTabWidget* m_pages;  // owned by the dialog, with its pages
     TextPage* m_textPage;
     ClockPage* m_clockPage;
     RollPage* m_rollPage;

@@ -46,7 +46,7 @@ StylePicker::StylePicker(Handlers& handlers, const QString& title, const LineSty
       m_italic(Named(new QCheckBox(u"斜体"_s, this), u"Italic"_s)),
       m_strikethrough(Named(new QCheckBox(u"取り消し線"_s, this), u"Strikethru"_s)),
       m_underline(Named(new QCheckBox(u"下線"_s, this), u"UnderLine"_s)),
-      m_colorButton(MakeButton(u"Color"_s, u"色"_s)),
+      m_colorButton(MakeButton(u"Color"_s, u"色"_s, this, handlers, [this] { Color_Click(); })),
       m_sample(Named(new QLabel(u"文字サンプル Aa123"_s, this), u"Sample"_s)) {
     setObjectName(u"StylePicker"_s);
     setWindowTitle(title);
@@ -55,10 +55,6 @@ StylePicker::StylePicker(Handlers& handlers, const QString& title, const LineSty
     Connect();
     ShowSample();
     m_family->setFocus();
-}
-
-QPushButton* StylePicker::MakeButton(const QString& name, const QString& caption) {
-    return Named(new QPushButton(caption, this), name);
 }
 
 QWidget* StylePicker::MakeEffects() {
@@ -81,26 +77,28 @@ void StylePicker::MakeControls() {
     m_sample->setAutoFillBackground(true);
     m_sample->setFixedHeight(fontMetrics().height() * kSampleRoom);
     m_sample->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);  // a large font keeps the dialog small
-    QPushButton* ok = MakeButton(u"Command1"_s, u"OK"_s);
-    QPushButton* cancel = MakeButton(u"Command2"_s, u"キャンセル"_s);
-    ok->setDefault(true);
-    connect(ok, &QPushButton::clicked, this, &QDialog::accept);
-    connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
-
+    QLayout* buttons = MakeButtons();
     auto* fields = new QFormLayout;
     fields->addRow(u"フォント"_s, m_family);
     fields->addRow(u"大きさ"_s, m_size);
     fields->addRow(u"文字の色"_s, m_colorButton);
-    auto* buttons = new QHBoxLayout;
-    buttons->addStretch();
-    buttons->addWidget(ok);
-    buttons->addWidget(cancel);
     auto* rows = new QVBoxLayout(this);
     rows->addLayout(fields);
     rows->addWidget(MakeEffects());
     rows->addWidget(m_sample);
     rows->addLayout(buttons);
     rows->setSizeConstraint(QLayout::SetFixedSize);
+}
+
+QLayout* StylePicker::MakeButtons() {
+    auto* ok = MakeButton(u"Command1"_s, u"OK"_s, this, m_handlers, [this] { accept(); });
+    auto* cancel = MakeButton(u"Command2"_s, u"キャンセル"_s, this, m_handlers, [this] { reject(); });
+    ok->setDefault(true);
+    auto* buttons = new QHBoxLayout;
+    buttons->addStretch();
+    buttons->addWidget(ok);
+    buttons->addWidget(cancel);
+    return buttons;
 }
 
 void StylePicker::LoadControls() {
@@ -120,7 +118,6 @@ void StylePicker::Connect() {
     for (const QCheckBox* box : {m_bold, m_italic, m_strikethrough, m_underline}) {
         m_handlers.Connect(box, &QCheckBox::clicked, this, show);
     }
-    m_handlers.Connect(m_colorButton, &QPushButton::clicked, this, [this] { Color_Click(); });
 }
 
 LineStyle StylePicker::Shown() const {

@@ -32,7 +32,7 @@ private:
     void LoadControls();
     void Connect();
     QWidget* MakeEffects();
-    QPushButton* MakeButton(const QString& name, const QString& caption);
+    QLayout* MakeButtons();
     LineStyle Shown() const;
     void Color_Click();
     void ShowSample();

@@ -28,15 +28,12 @@ TextPage::TextPage(const SettingsParts& parts, SettingsDraft& draft, QWidget* pa
     : QWidget(parent),
       m_parts(parts),
       m_draft(draft),
-      m_Option2(u"Option2"_s, kWipeOptions, this, parts.handlers,
-                [this](qint32 index) { Option2_Click(index); }),
-      m_Slider1(Named(new QSlider(Qt::Horizontal, this), u"Slider1"_s, u"ｽｸﾛｰﾙ速度"_s)),
+      m_wipeOptions(u"Option2"_s, kWipeOptions, this, parts.handlers,
+                    [this](qint32 index) { Option2_Click(index); }),
+      m_speed(Named(new QSlider(Qt::Horizontal, this), u"Slider1"_s, u"ｽｸﾛｰﾙ速度"_s)),
       m_sample(Named(new SampleFrame(parts.clock, parts.timers, parts.handlers, this), u"Frame2"_s)) {
     setObjectName(u"Picture1"_s);
-    auto* buttons = new QHBoxLayout;
-    buttons->addWidget(MakeButton(u"Command6"_s, u"上段文字＞＞"_s, &TextPage::Command6_Click));
-    buttons->addWidget(MakeButton(u"Command7"_s, u"下段文字＞＞"_s, &TextPage::Command7_Click));
-    buttons->addWidget(MakeButton(u"Command5"_s, u"背景色＞＞"_s, &TextPage::Command5_Click));
+    QLayout* buttons = MakeButtons();
     auto* grid = new QGridLayout(this);
     grid->addWidget(MakeWipeFrame(), 0, 0);
     grid->addWidget(m_sample, 0, 1);
@@ -58,7 +55,7 @@ QCheckBox* TextPage::MakeAutostart() {
 QWidget* TextPage::MakeWipeFrame() {
     auto* frame = Named(new QGroupBox(u"ワイプ形式"_s, this), u"Frame1"_s);
     auto* rows = new QVBoxLayout(frame);
-    for (QAbstractButton* option : m_Option2.Buttons()) {
+    for (QAbstractButton* option : m_wipeOptions.Buttons()) {
         rows->addWidget(option);
     }
     rows->addStretch();
@@ -67,27 +64,33 @@ QWidget* TextPage::MakeWipeFrame() {
 
 QWidget* TextPage::MakeSpeedFrame() {
     auto* frame = Named(new QGroupBox(u"ｽｸﾛｰﾙ速度"_s, this), u"Frame3"_s);
-    m_Slider1->setRange(kSlowest, kFastest);
-    m_Slider1->setPageStep(kSpeedPage);
-    m_parts.handlers.Connect(m_Slider1, &QSlider::valueChanged, this, [this] { Slider1_Change(); });
+    m_speed->setRange(kSlowest, kFastest);
+    m_speed->setPageStep(kSpeedPage);
+    m_parts.handlers.Connect(m_speed, &QSlider::valueChanged, this, [this] { Slider1_Change(); });
     auto* row = new QHBoxLayout(frame);
     row->addWidget(new QLabel(u"遅い"_s, this));
-    row->addWidget(m_Slider1);
+    row->addWidget(m_speed);
     row->addWidget(new QLabel(u"速い"_s, this));
     return frame;
 }
 
-QPushButton* TextPage::MakeButton(const QString& name, const QString& caption, void (TextPage::*clicked)()) {
-    auto* button = Named(new QPushButton(caption, this), name);
-    button->setAutoDefault(false);
-    m_parts.handlers.Connect(button, &QPushButton::clicked, this, [this, clicked] { (this->*clicked)(); });
-    return button;
+QLayout* TextPage::MakeButtons() {
+    Handlers& handlers = m_parts.handlers;
+    auto* buttons = new QHBoxLayout;
+    for (QPushButton* button :
+         {MakeButton(u"Command6"_s, u"上段文字＞＞"_s, this, handlers, [this] { Command6_Click(); }),
+          MakeButton(u"Command7"_s, u"下段文字＞＞"_s, this, handlers, [this] { Command7_Click(); }),
+          MakeButton(u"Command5"_s, u"背景色＞＞"_s, this, handlers, [this] { Command5_Click(); })}) {
+        button->setAutoDefault(false);
+        buttons->addWidget(button);
+    }
+    return buttons;
 }
 
 void TextPage::Form_Load() {
-    const QSignalBlocker quiet(m_Slider1);  // a speed out of range stays in the draft
-    m_Slider1->setValue(m_draft.settings.wipeSpeed);
-    m_Option2.Select(m_draft.settings.wipeKind);
+    const QSignalBlocker quiet(m_speed);  // a speed out of range stays in the draft
+    m_speed->setValue(m_draft.settings.wipeSpeed);
+    m_wipeOptions.Select(m_draft.settings.wipeKind);
     m_autostart->setChecked(m_parts.autostart.IsOn());
     RefreshSample();
 }
@@ -98,7 +101,7 @@ void TextPage::Option2_Click(qint32 index) {
 }
 
 void TextPage::Slider1_Change() {
-    m_draft.settings.wipeSpeed = m_Slider1->value();
+    m_draft.settings.wipeSpeed = m_speed->value();
     RefreshSample();
 }
 

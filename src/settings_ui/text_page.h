@@ -29,7 +29,7 @@ private:
     QWidget* MakeWipeFrame();
     QWidget* MakeSpeedFrame();
     QCheckBox* MakeAutostart();
-    QPushButton* MakeButton(const QString& name, const QString& caption, void (TextPage::*clicked)());
+    QLayout* MakeButtons();
     void Option2_Click(qint32 index);
     void Slider1_Change();
     void Command5_Click();
@@ -40,8 +40,8 @@ private:
 
     SettingsParts m_parts;
     SettingsDraft& m_draft;
-    OptionArray m_Option2;
-    QSlider* m_Slider1;  // these are owned by the page
+    OptionArray m_wipeOptions;
+    QSlider* m_speed;  // these are owned by the page
     SampleFrame* m_sample;
     QCheckBox* m_autostart = nullptr;
 };

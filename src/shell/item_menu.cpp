@@ -1,15 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "shell/item_menu.h"
 
-#include <QVariant>
+#include <algorithm>
 
 namespace tickwell {
-
-namespace {
-
-constexpr auto kCommand = "command";
-
-}  // namespace
 
 ItemMenu::ItemMenu(QStringView name, std::span<const MenuItem> items, Handlers& handlers, MenuChosen chosen,
                    QWidget* parent)
@@ -24,19 +18,23 @@ QAction* ItemMenu::Add(const MenuItem& item) {
     QAction* action = addAction(item.caption.toString());
     action->setObjectName(item.name);
     action->setSeparator(item.command == MenuCommand::Separator);
-    action->setProperty(kCommand, static_cast<int>(item.command));
+    m_entries.push_back({.command = item.command, .number = item.number, .action = action});
     m_handlers.Connect(action, &QAction::triggered, this,
                        [this, command = item.command, number = item.number] { m_chosen(command, number); });
     return action;
 }
 
 QAction* ItemMenu::Item(MenuCommand command) const {
-    for (QAction* action : actions()) {
-        if (action->property(kCommand).toInt() == static_cast<int>(command)) {
-            return action;
-        }
-    }
-    return nullptr;
+    const auto entry = std::find_if(m_entries.begin(), m_entries.end(),
+                                    [command](const Entry& each) { return each.command == command; });
+    return entry == m_entries.end() ? nullptr : entry->action;
+}
+
+QAction* ItemMenu::Item(MenuCommand command, qint32 number) const {
+    const auto entry = std::find_if(m_entries.begin(), m_entries.end(), [=](const Entry& each) {
+        return each.command == command && each.number == number;
+    });
+    return entry == m_entries.end() ? nullptr : entry->action;
 }
 
 }  // namespace tickwell

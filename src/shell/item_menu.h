@@ -5,6 +5,7 @@
 #include <QMenu>
 #include <functional>
 #include <span>
+#include <vector>
 
 #include "core/handlers.h"
 #include "shell/menu_items.h"
@@ -26,13 +27,23 @@ public:
     /// The first item of this command, owned by the menu; the command is one of the list's.
     QAction* Item(MenuCommand command) const;
 
+    /// The item of this command with this number; null if there is none.
+    QAction* Item(MenuCommand command, qint32 number) const;
+
 protected:
     /// Adds an item at the end.
     QAction* Add(const MenuItem& item);
 
 private:
+    struct Entry {
+        MenuCommand command;
+        qint32 number;
+        QAction* action;  // owned by the menu
+    };
+
     Handlers& m_handlers;
     MenuChosen m_chosen;
+    std::vector<Entry> m_entries;  // in the order of the menu
 };
 
 }  // namespace tickwell

@@ -14,7 +14,10 @@ public:
         : ItemMenu(u"MenuTool", {}, handlers, chosen, parent) {
         for (int index = 1; index <= static_cast<int>(kTools.size()); ++index) {
             const QString name = u"MenuTool(%1)"_s.arg(index);
-            Add({name, kTools[static_cast<std::size_t>(index - 1)].caption, MenuCommand::StartTool, index});
+            Add({.name = name,
+                 .caption = kTools[static_cast<std::size_t>(index - 1)].caption,
+                 .command = MenuCommand::StartTool,
+                 .number = index});
         }
     }
 };
@@ -29,7 +32,10 @@ std::vector<MenuItem> ItemsWith(const Displays& displays) {
         }
         for (const auto& display : displays) {
             const DisplayTraits& traits = display->Traits();
-            items.push_back({traits.menuItem, traits.caption, MenuCommand::ChangeFunction, traits.number});
+            items.push_back({.name = traits.menuItem,
+                             .caption = traits.caption,
+                             .command = MenuCommand::ChangeFunction,
+                             .number = traits.number});
         }
     }
     return items;
@@ -52,7 +58,7 @@ void MainMenu::MakeFunctionsExclusive(const Displays& displays) {
     auto* functions = new QActionGroup(this);
     functions->setExclusionPolicy(QActionGroup::ExclusionPolicy::ExclusiveOptional);
     for (const auto& display : displays) {
-        auto* action = findChild<QAction*>(display->Traits().menuItem.toString());
+        QAction* action = Item(MenuCommand::ChangeFunction, display->Traits().number);
         action->setCheckable(true);
         functions->addAction(action);
         m_functionItems.insert(display->Traits().number, action);

@@ -26,24 +26,20 @@ Form1::Form1(const MainWindowParts& parts)
     : QWidget(nullptr, Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint),
       m_parts(parts),
       m_pacer(parts.clock, parts.timers),
-      m_MovingWord1(std::make_unique<MovingWord>(LineTime{parts.clock, parts.timers, m_pacer}, this)),
-      m_MovingWord2(std::make_unique<MovingWord>(LineTime{parts.clock, parts.timers, m_pacer}, this)),
+      m_upperLine(MakeLine(u"MovingWord1"_s)),
+      m_lowerLine(MakeLine(u"MovingWord2"_s)),
       m_displays(parts.makeDisplays(ViewForDisplays())),
-      m_menu(new MainMenu(
-          m_displays, parts.handlers,
-          [this](MenuCommand command, qint32 number) { Menu_Click(command, number); }, this)),
-      m_trayMenu(new ItemMenu(
-          u"Menu90", kTrayMenuItems, parts.handlers,
-          [this](MenuCommand command, qint32 number) { Menu_Click(command, number); }, this)),
+      m_menu(new MainMenu(m_displays, parts.handlers, WhenChosen(), this)),
+      m_trayMenu(new ItemMenu(u"Menu90", kTrayMenuItems, parts.handlers, WhenChosen(), this)),
       m_chime(parts.clock, parts.settings, parts.playChime),
-      m_setuptimer(parts.handlers.MakeTimer(parts.timers, kFitDelay, [this] { setuptimer_Timer(); })),
-      m_KeepTop(
+      m_startUpTimer(parts.handlers.MakeTimer(parts.timers, kFitDelay, [this] { setuptimer_Timer(); })),
+      m_keepTopTimer(
           parts.handlers, parts.timers, kKeepTopTick, [this] { KeepTop_Timer(); },
           [this] { return UntilKeepTop(); }),
-      m_Timer3(
+      m_chimeTimer(
           parts.handlers, parts.timers, kChimeTick, [this] { m_chime.Timer3_Timer(); },
           [this] { return m_chime.UntilDue(); }),
-      m_switch(parts.settings, {*m_MovingWord1, *m_MovingWord2}, *m_menu, m_displays),
+      m_switch(parts.settings, {.upper = *m_upperLine, .lower = *m_lowerLine}, *m_menu, m_displays),
       m_roll(m_displays, parts.further.roll, parts.power, parts.handlers, parts.timers,
              [this](qint32 number) { ChangeFunction(number); }),
       m_gesture(QGuiApplication::styleHints()->startDragDistance()),
@@ -52,25 +48,25 @@ Form1::Form1(const MainWindowParts& parts)
                 [this](bool stored) { SetStored(stored); }) {
     setObjectName(u"Form1"_s);
     setWindowTitle(u"Tickwell"_s);
-    m_MovingWord1->setObjectName(u"MovingWord1"_s);
-    m_MovingWord2->setObjectName(u"MovingWord2"_s);
     setAttribute(Qt::WA_ShowWithoutActivating);
     setMouseTracking(true);
-    m_MovingWord1->setMouseTracking(true);
-    m_MovingWord2->setMouseTracking(true);
-    m_menu->Item(MenuCommand::ShowCalendar)->setEnabled(parts.windows.calendar != nullptr);
-    m_menu->Item(MenuCommand::ShowSettings)->setEnabled(parts.windows.settings != nullptr);
-    m_menu->Item(MenuCommand::ShowHelp)->setEnabled(parts.windows.help != nullptr);
-    m_trayMenu->Item(MenuCommand::ShowHelp)->setEnabled(parts.windows.help != nullptr);
-    m_menu->Item(MenuCommand::ShowAbout)->setEnabled(parts.windows.about != nullptr);
+    EnableItems();
     connect(m_menu, &QMenu::aboutToShow, this, &Form1::Menu_AboutToShow);
-    m_MovingWord2->BringUpForReaders([this] { BringUpShown(); });
+    m_lowerLine->BringUpForReaders([this] { BringUpShown(); });
     m_parts.jumps.Listen([this] { WakeTimers(); });
     m_parts.tray.WhenChanged([this] { Menu_AboutToShow(); });  // an open menu follows
 }
 
+std::unique_ptr<MovingWord> Form1::MakeLine(const QString& name) {
+    const LineTime time{.clock = m_parts.clock, .timers = m_parts.timers, .pacer = m_pacer};
+    auto line = std::make_unique<MovingWord>(time, this);
+    line->setObjectName(name);
+    line->setMouseTracking(true);
+    return line;
+}
+
 DisplayView Form1::ViewForDisplays() {
-    return {.lines = {*m_MovingWord1, *m_MovingWord2},
+    return {.lines = {.upper = *m_upperLine, .lower = *m_lowerLine},
             .functions = *this,
             .isSeen = [this] { return m_pacer.IsSeen(); },
             .untilFrame = [this] { return m_pacer.UntilFrame(); },
@@ -90,14 +86,14 @@ void Form1::Form_Load() {
     ApplyStyles();
     resize(m_geometry.Width(), height());
     move(m_geometry.Position());
-    m_MovingWord1->SetText(u"Tickwell Ver.2"_s);
-    m_MovingWord2->SetText(QString());
-    m_setuptimer->Start();
-    m_Timer3.Start();
+    m_upperLine->SetText(u"Tickwell Ver.2"_s);
+    m_lowerLine->SetText(QString());
+    m_startUpTimer->Start();
+    m_chimeTimer.Start();
 }
 
 void Form1::ApplyStyles() {
-    ApplyLineStyles(*m_MovingWord1, *m_MovingWord2, m_parts.settings);
+    ApplyLineStyles(*m_upperLine, *m_lowerLine, m_parts.settings);
     Form_Resize();
 }
 
@@ -108,10 +104,10 @@ void Form1::ApplySettings() {
 }
 
 void Form1::Form_Resize() {
-    const LineLayout layout = LayoutOf(width(), m_MovingWord1->TextHeight(), m_MovingWord2->TextHeight());
+    const LineLayout layout = LayoutOf(width(), m_upperLine->TextHeight(), m_lowerLine->TextHeight());
     setFixedHeight(layout.height);
-    m_MovingWord1->setGeometry(layout.upper);
-    m_MovingWord2->setGeometry(layout.lower);
+    m_upperLine->setGeometry(layout.upper);
+    m_lowerLine->setGeometry(layout.lower);
 }
 
 /// The start-up delay in two halves: the lines are fitted once the desktop has settled, then the function
@@ -124,10 +120,10 @@ void Form1::setuptimer_Timer() {
             ShowAgain();  // it was mapped while the window manager was still starting up
         }
         Form_Resize();
-        m_setuptimer->SetInterval(kStartDelay);
+        m_startUpTimer->SetInterval(kStartDelay);
         return;
     }
-    m_setuptimer->Stop();
+    m_startUpTimer->Stop();
     m_started = true;
     UpdateKeepTop();
     ChangeFunction(m_parts.settings.function);
@@ -146,7 +142,7 @@ void Form1::RaiseRefresh() {
 
 /// The time jumped: what was due then may be due now.
 void Form1::WakeTimers() {
-    m_Timer3.Wake();
+    m_chimeTimer.Wake();
     for (const auto& display : m_displays) {
         display->Wake();
     }
@@ -177,64 +173,17 @@ void Form1::SetSeen(bool isSeen) {
     }
 }
 
-void Form1::Menu_Click(MenuCommand command, qint32 number) {
-    switch (command) {
-        case MenuCommand::ChangeFunction:
-            return ChangeFunction(number);
-        case MenuCommand::ShowCalendar:
-            return m_parts.windows.calendar();
-        case MenuCommand::StartTool:
-            return m_tools.Start(number);
-        case MenuCommand::ShowSettings:
-            return m_parts.windows.settings();
-        case MenuCommand::StoreInTray:
-            return m_storage.Store();
-        case MenuCommand::TakeFromTray:
-            return m_storage.TakeBack();
-        case MenuCommand::ShowHelp:
-            return m_parts.windows.help();
-        case MenuCommand::ShowAbout:
-            return m_parts.windows.about();
-        case MenuCommand::Quit:
-            close();
-            return;
-        case MenuCommand::ShowOperation:
-            return ShowOperation();
-        case MenuCommand::Separator:
-        case MenuCommand::Tools:
-            return;
-    }
-}
-
-void Form1::ShowOperation() const {
-    if (Display* const shown = m_switch.Shown()) {
-        shown->OpenWindow();
-    }
-}
-
-/// Where nothing shows an icon, putting the window away would lose it.
-void Form1::Menu_AboutToShow() {
-    m_menu->Item(MenuCommand::StoreInTray)->setEnabled(m_storage.CanStore());
-}
-
 /// With the second tick of the line from now, so that both wake the machine up once; never later than its
 /// interval.
 qint64 Form1::UntilKeepTop() const {
     const Display* const shown = m_switch.Shown();
     const qint64 untilLine = shown != nullptr && shown->Traits().turnsWithSeconds ? shown->UntilDue(true) : 0;
-    const bool isTicking = untilLine > 1 && untilLine <= kSecond;  // 1 where it ticks at this very moment
+    const bool isTicking = untilLine > 1 && untilLine <= kSecond;  // 1 if it ticks at this very moment
     return isTicking ? kKeepTopTick - kSecond + untilLine : kKeepTopTick;
 }
 
 void Form1::SaveAll() {
     SaveSettings(m_parts.store, m_parts.settings, m_parts.further, m_geometry.Geometry());
-}
-
-QList<QMenu*> Form1::VisibleMenus() const {
-    QList<QMenu*> menus{m_menu};
-    menus.append(m_menu->findChildren<QMenu*>());
-    menus.removeIf([](const QMenu* menu) { return !menu->isVisible(); });
-    return menus;
 }
 
 }  // namespace tickwell

@@ -66,6 +66,9 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    std::unique_ptr<MovingWord> MakeLine(const QString& name);
+    MenuChosen WhenChosen();
+    void EnableItems();
     void Form_Resize();
     void setuptimer_Timer();
     void KeepTop_Timer();
@@ -89,15 +92,15 @@ private:
 
     MainWindowParts m_parts;
     FramePacer m_pacer;
-    std::unique_ptr<MovingWord> m_MovingWord1;  // they leave before their pacer does
-    std::unique_ptr<MovingWord> m_MovingWord2;
+    std::unique_ptr<MovingWord> m_upperLine;  // they leave before their pacer does
+    std::unique_ptr<MovingWord> m_lowerLine;
     Displays m_displays;
     MainMenu* m_menu;      // owned by the window, as its child
     ItemMenu* m_trayMenu;  // likewise
     Chime m_chime;
-    std::unique_ptr<Timer> m_setuptimer;
-    SleepingTimer m_KeepTop;
-    SleepingTimer m_Timer3;
+    std::unique_ptr<Timer> m_startUpTimer;
+    SleepingTimer m_keepTopTimer;
+    SleepingTimer m_chimeTimer;
     FunctionSwitch m_switch;
     Roll m_roll;
     GeometryKeeper m_geometry;

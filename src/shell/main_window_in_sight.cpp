@@ -41,9 +41,9 @@ void Form1::HoldKeepTop(bool held) {
 
 void Form1::UpdateKeepTop() {
     if (m_started && !m_keepTopHeld && !m_storage.IsStored()) {
-        m_KeepTop.Start();
+        m_keepTopTimer.Start();
     } else {
-        m_KeepTop.Stop();
+        m_keepTopTimer.Stop();
     }
 }
 

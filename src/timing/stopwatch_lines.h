@@ -15,8 +15,8 @@ public:
     /// Call when the function is chosen: wipes the reading in.
     void Show();
 
-    /// The handler of Timer1: replaces the reading in place. While the stopwatch is stopped, a wipe can
-    /// finish.
+    /// Called by the display's timer: replaces the reading in place. While the stopwatch is stopped, a wipe
+    /// can finish.
     void Tick();
 
     /// Milliseconds until the next tick that changes something. `untilFrame`: ms until the lines can show a

@@ -8,8 +8,8 @@ namespace tickwell {
 using namespace Qt::StringLiterals;
 
 StopwatchPanel::StopwatchPanel(Stopwatch& stopwatch, TextLines lines, DisplayFunctions& functions,
-                               Timer& timer1)
-    : m_stopwatch(stopwatch), m_lines(lines), m_functions(functions), m_Timer1(timer1) {}
+                               Timer& readingTimer)
+    : m_stopwatch(stopwatch), m_lines(lines), m_functions(functions), m_readingTimer(readingTimer) {}
 
 void StopwatchPanel::Load() {
     ReplaceList(m_stopwatch.KeptList());
@@ -36,8 +36,8 @@ void StopwatchPanel::LapOrReset() {
 }
 
 StopwatchCaptions StopwatchPanel::Captions() const {
-    return m_stopwatch.IsRunning() ? StopwatchCaptions{u"ストップ", u"ラップ"}
-                                   : StopwatchCaptions{u"スタート", u"リセット"};
+    return m_stopwatch.IsRunning() ? StopwatchCaptions{.startOrStop = u"ストップ", .lapOrReset = u"ラップ"}
+                                   : StopwatchCaptions{.startOrStop = u"スタート", .lapOrReset = u"リセット"};
 }
 
 /// Switches the main window to the stopwatch first: with another function, two timers would write to the same
@@ -47,11 +47,11 @@ void StopwatchPanel::Start() {
         m_functions.ChangeFunction(kFunctionStopwatch);
     }
     m_stopwatch.Start();
-    m_Timer1.Start();
+    m_readingTimer.Start();
 }
 
 void StopwatchPanel::Stop() {
-    m_Timer1.Stop();  // before the reading, which may overflow: the run ends in any case
+    m_readingTimer.Stop();  // before the reading, which may overflow: the run ends in any case
     const QString reading = ElapsedText(m_stopwatch.Stop());
     m_lines.lower.SetText(reading);
     m_list += u"\r\n【Stop】 "_s + reading;  // also for an empty list, which then begins with an empty line

@@ -10,15 +10,15 @@ namespace tickwell {
 
 /// The captions of the window's two changing buttons: what the next click does.
 struct StopwatchCaptions {
-    QStringView command1;
-    QStringView command2;
+    QStringView startOrStop;
+    QStringView lapOrReset;
 };
 
 /// The stopwatch window without the window: its list and the actions of its buttons.
 class StopwatchPanel {
 public:
-    /// All outlive this object. `timer1` updates the reading on the main window.
-    StopwatchPanel(Stopwatch& stopwatch, TextLines lines, DisplayFunctions& functions, Timer& timer1);
+    /// All outlive this object. `readingTimer` updates the reading on the main window.
+    StopwatchPanel(Stopwatch& stopwatch, TextLines lines, DisplayFunctions& functions, Timer& readingTimer);
 
     /// The window opens: the kept list is restored.
     void Load();
@@ -49,7 +49,7 @@ private:
     Stopwatch& m_stopwatch;
     TextLines m_lines;
     DisplayFunctions& m_functions;
-    Timer& m_Timer1;
+    Timer& m_readingTimer;
     QString m_list;
     int m_listNumber = 0;
 };

@@ -6,7 +6,8 @@
 #include <QVBoxLayout>
 #include <utility>
 
-#include "timing/bring_forward.h"
+#include "controls/bring_forward.h"
+#include "controls/control_making.h"
 #include "timing/lap_report.h"
 
 namespace tickwell {
@@ -24,38 +25,30 @@ StopForm::StopForm(StopwatchWindowParts parts, QWidget* parent)
     : QDialog(parent),
       m_parts(std::move(parts)),
       m_printing(m_parts.printer, m_parts.boxes, m_parts.handlers, this),
-      m_Command1(new QPushButton(this)),
-      m_Command2(new QPushButton(this)),
-      m_Command3(new QPushButton(u"印刷"_s, this)),
-      m_Command4(new QPushButton(u"ヘルプ"_s, this)),
-      m_Text1(new QPlainTextEdit(this)) {
+      m_startButton(
+          MakeButton(u"Command1"_s, QString(), this, m_parts.handlers, [this] { Command1_Click(); })),
+      m_lapButton(MakeButton(u"Command2"_s, QString(), this, m_parts.handlers, [this] { Command2_Click(); })),
+      m_printButton(
+          MakeButton(u"Command3"_s, u"印刷"_s, this, m_parts.handlers, [this] { Command3_Click(); })),
+      m_helpButton(
+          MakeButton(u"Command4"_s, u"ヘルプ"_s, this, m_parts.handlers, [this] { Command4_Click(); })),
+      m_lapList(Named(new QPlainTextEdit(this), u"Text1"_s, u"ラップ/経歴一覧表"_s)) {
     setObjectName(u"StopForm"_s);
     setWindowTitle(u"ストップウォッチ"_s);
-    m_Command1->setObjectName(u"Command1"_s);
-    m_Command2->setObjectName(u"Command2"_s);
-    m_Command3->setObjectName(u"Command3"_s);
-    m_Command4->setObjectName(u"Command4"_s);
-    m_Text1->setObjectName(u"Text1"_s);
-    m_Text1->setAccessibleName(u"ラップ/経歴一覧表"_s);
-    m_Text1->setReadOnly(true);
-    m_Text1->setUndoRedoEnabled(false);
-    m_Text1->setTabChangesFocus(true);
-    m_Text1->setLineWrapMode(QPlainTextEdit::NoWrap);
+    m_lapList->setReadOnly(true);
+    m_lapList->setUndoRedoEnabled(false);
+    m_lapList->setTabChangesFocus(true);
+    m_lapList->setLineWrapMode(QPlainTextEdit::NoWrap);
     LayOut();
-    Handlers& handlers = m_parts.handlers;
-    handlers.Connect(m_Command1, &QPushButton::clicked, this, [this] { Command1_Click(); });
-    handlers.Connect(m_Command2, &QPushButton::clicked, this, [this] { Command2_Click(); });
-    handlers.Connect(m_Command3, &QPushButton::clicked, this, [this] { Command3_Click(); });
-    handlers.Connect(m_Command4, &QPushButton::clicked, this, [this] { Command4_Click(); });
 }
 
 void StopForm::LayOut() {
     auto* above = new QHBoxLayout;
-    above->addWidget(m_Command1, 1);
-    above->addWidget(m_Command2, 1);
+    above->addWidget(m_startButton, 1);
+    above->addWidget(m_lapButton, 1);
     auto* below = new QHBoxLayout;
     below->addStretch(1);
-    for (QPushButton* button : {m_Command3, m_Command4}) {
+    for (QPushButton* button : {m_printButton, m_helpButton}) {
         // Kanji and kana may come from fonts of different heights: expand all buttons to the height of the
         // row.
         button->setSizePolicy(QSizePolicy::Minimum, QSizePolicy::Minimum);
@@ -63,15 +56,15 @@ void StopForm::LayOut() {
     }
     auto* all = new QVBoxLayout(this);
     all->addLayout(above);
-    all->addWidget(m_Text1, 1);
+    all->addWidget(m_lapList, 1);
     all->addLayout(below);
-    const QFontMetrics metrics = m_Text1->fontMetrics();
-    m_Text1->setMinimumSize(kListColumns * metrics.averageCharWidth(), kListLines * metrics.lineSpacing());
-    setTabOrder(m_Command1, m_Command2);
-    setTabOrder(m_Command2, m_Text1);
-    setTabOrder(m_Text1, m_Command3);
-    setTabOrder(m_Command3, m_Command4);
-    m_Command1->setDefault(true);
+    const QFontMetrics metrics = m_lapList->fontMetrics();
+    m_lapList->setMinimumSize(kListColumns * metrics.averageCharWidth(), kListLines * metrics.lineSpacing());
+    setTabOrder(m_startButton, m_lapButton);
+    setTabOrder(m_lapButton, m_lapList);
+    setTabOrder(m_lapList, m_printButton);
+    setTabOrder(m_printButton, m_helpButton);
+    m_startButton->setDefault(true);
 }
 
 void StopForm::BringUp() {
@@ -85,7 +78,7 @@ void StopForm::Form_Load() {
     m_parts.handlers.Run(m_parts.enterFolder);
     m_parts.panel.Load();
     ShowState();
-    m_Command1->setFocus();
+    m_startButton->setFocus();
 }
 
 void StopForm::Form_Unload() {
@@ -111,8 +104,8 @@ void StopForm::Command2_Click() {
 
 /// Allows one question and then one print at a time; both may end after the window was closed.
 void StopForm::Command3_Click() {
-    const bool hadFocus = focusWidget() == m_Command3;
-    m_Command3->setEnabled(false);  // which moves its focus
+    const bool hadFocus = focusWidget() == m_printButton;
+    m_printButton->setEnabled(false);  // which moves its focus
     m_focusInstead = hadFocus ? focusWidget() : nullptr;
     const QPointer<StopForm> self(this);
     m_parts.boxes.Ask(
@@ -129,14 +122,15 @@ void StopForm::Command3_Click() {
 
 /// Returns the focus to the button, unless the user has moved it meanwhile.
 void StopForm::EnablePrinting() {
-    m_Command3->setEnabled(true);
+    m_printButton->setEnabled(true);
     if (m_focusInstead != nullptr && focusWidget() == m_focusInstead) {
-        m_Command3->setFocus();
+        m_printButton->setFocus();
     }
 }
 
 void StopForm::Print() {
-    m_printing.Print({windowTitle(), LapReport(m_parts.version, m_parts.clock.Now(), m_parts.panel.List())},
+    m_printing.Print({.title = windowTitle(),
+                      .lines = LapReport(m_parts.version, m_parts.clock.Now(), m_parts.panel.List())},
                      [this] { EnablePrinting(); });
 }
 
@@ -146,8 +140,8 @@ void StopForm::Command4_Click() {
 
 void StopForm::ShowState() {
     const StopwatchCaptions captions = m_parts.panel.Captions();
-    m_Command1->setText(captions.command1.toString());
-    m_Command2->setText(captions.command2.toString());
+    m_startButton->setText(captions.startOrStop.toString());
+    m_lapButton->setText(captions.lapOrReset.toString());
     ShowList();
 }
 
@@ -157,14 +151,14 @@ void StopForm::ShowList() {
     const QString& list = m_parts.panel.List();
     if (m_shownList != m_parts.panel.ListNumber()) {
         m_shownList = m_parts.panel.ListNumber();
-        m_Text1->setPlainText(list);
+        m_lapList->setPlainText(list);
     } else {
-        QTextCursor end(m_Text1->document());
+        QTextCursor end(m_lapList->document());
         end.movePosition(QTextCursor::End);
         end.insertText(list.mid(m_shownLength));
     }
     m_shownLength = list.size();
-    m_Text1->moveCursor(QTextCursor::End);
+    m_lapList->moveCursor(QTextCursor::End);
 }
 
 }  // namespace tickwell

@@ -56,13 +56,13 @@ private:
     StopwatchWindowParts m_parts;
     ReportPrinting m_printing;
     QWidget* m_focusInstead = nullptr;  // received the focus when the print button was disabled
-    QPushButton* m_Command1;            // the controls are owned by the window
-    QPushButton* m_Command2;
-    QPushButton* m_Command3;
-    QPushButton* m_Command4;
-    QPlainTextEdit* m_Text1;
-    int m_shownList = 0;          // ListNumber of the contents of Text1
-    qsizetype m_shownLength = 0;  // how much of that list Text1 contains
+    QPushButton* m_startButton;         // the controls are owned by the window
+    QPushButton* m_lapButton;
+    QPushButton* m_printButton;
+    QPushButton* m_helpButton;
+    QPlainTextEdit* m_lapList;
+    int m_shownList = 0;          // ListNumber of the contents of m_lapList
+    qsizetype m_shownLength = 0;  // how much of that list m_lapList contains
 };
 
 }  // namespace tickwell

@@ -9,7 +9,8 @@
 #include <QVBoxLayout>
 #include <utility>
 
-#include "timing/bring_forward.h"
+#include "controls/bring_forward.h"
+#include "controls/control_making.h"
 
 namespace tickwell {
 
@@ -25,15 +26,11 @@ Form8::Form8(TimerNoticeParts parts, QWidget* parent) : QDialog(parent), m_parts
 
 void Form8::LayOut() {
     const int size = style()->pixelMetric(QStyle::PM_MessageBoxIconSize, nullptr, this);
-    auto* icon = new QLabel(this);
-    icon->setObjectName(u"Image1"_s);
+    auto* icon = Named(new QLabel(this), u"Image1"_s);
     icon->setPixmap(style()->standardIcon(QStyle::SP_MessageBoxInformation, nullptr, this).pixmap(size));
-    auto* label = new QLabel(u"指定の時間が経過しました"_s, this);
-    label->setObjectName(u"Label1"_s);
-    auto* confirm = new QPushButton(u"確認"_s, this);
-    confirm->setObjectName(u"Command1"_s);
+    auto* label = MakeLabel(u"Label1"_s, u"指定の時間が経過しました"_s, this);
+    auto* confirm = MakeButton(u"Command1"_s, u"確認"_s, this, m_parts.handlers, [this] { close(); });
     confirm->setDefault(true);
-    m_parts.handlers.Connect(confirm, &QPushButton::clicked, this, [this] { close(); });
 
     auto* said = new QHBoxLayout;
     said->addWidget(icon);

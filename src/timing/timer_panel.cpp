@@ -33,19 +33,21 @@ TimerEntry TimerPanel::CurrentEntry() {
     m_countdown.ReplaceZero();
     const CountdownState& state = m_countdown.State();
     const qint32 duration = state.CountdownDuration;
-    return {duration / kHour, duration % kHour / kMinute, WholeSeconds(duration % kMinute),
-            state.CountdownRepeat};
+    return {.hours = duration / kHour,
+            .minutes = duration % kHour / kMinute,
+            .seconds = WholeSeconds(duration % kMinute),
+            .repeat = state.CountdownRepeat};
 }
 
 void TimerPanel::StartOrStop(const TimerEntry& entry) {
     if (IsRunning()) {
-        m_TimerTimer.Stop();
+        m_countdownTimer.Stop();
         m_countdown.Stop();
         return;
     }
     ReadEntries(entry);
     m_countdown.Start();
-    m_TimerTimer.Start();
+    m_countdownTimer.Start();
 }
 
 void TimerPanel::Reset(const TimerEntry& entry) {

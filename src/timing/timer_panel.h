@@ -20,9 +20,9 @@ struct TimerEntry {
 /// The timer window without the window: the meaning of its entry and the actions of its buttons.
 class TimerPanel {
 public:
-    /// All outlive this object. `timerTimer` drives the countdown.
-    TimerPanel(Countdown& countdown, TextLines lines, Timer& timerTimer)
-        : m_countdown(countdown), m_lines(lines), m_TimerTimer(timerTimer) {}
+    /// All outlive this object. `countdownTimer` drives the countdown.
+    TimerPanel(Countdown& countdown, TextLines lines, Timer& countdownTimer)
+        : m_countdown(countdown), m_lines(lines), m_countdownTimer(countdownTimer) {}
 
     bool IsRunning() const { return m_countdown.State().CountdownRunning; }
 
@@ -44,7 +44,7 @@ public:
 private:
     Countdown& m_countdown;
     TextLines m_lines;
-    Timer& m_TimerTimer;
+    Timer& m_countdownTimer;
 };
 
 }  // namespace tickwell

@@ -1,12 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "timing/timer_window.h"
 
-#include <QLineEdit>
 #include <QScopedValueRollback>
 #include <QVBoxLayout>
 #include <array>
 
-#include "timing/bring_forward.h"
+#include "controls/bring_forward.h"
+#include "controls/control_making.h"
+#include "controls/number_box.h"
 
 namespace tickwell {
 
@@ -18,81 +19,59 @@ constexpr int kMostHours = 23;
 constexpr int kMostMinutes = 59;
 constexpr int kMostSeconds = 59;
 
-/// A spin box with a given name for its text field.
-class EntryBox : public QSpinBox {
-public:
-    EntryBox(const QString& name, const QString& textName, QWidget* parent) : QSpinBox(parent) {
-        setObjectName(name);
-        lineEdit()->setObjectName(textName);
-        setKeyboardTracking(false);  // an incomplete number is not an entry: its zero would become fifteen
-    }
-};
-
 }  // namespace
 
 TimerForm::TimerForm(const TimerWindowParts& parts, QWidget* parent)
     : QDialog(parent),
       m_parts(parts),
-      m_Frame1(new QGroupBox(u"タイマーの指定"_s, this)),
-      m_UpDown1(new EntryBox(u"UpDown1"_s, u"Text1"_s, m_Frame1)),
-      m_UpDown2(new EntryBox(u"UpDown2"_s, u"Text2"_s, m_Frame1)),
-      m_UpDown3(new EntryBox(u"UpDown3"_s, u"Text3"_s, m_Frame1)),
-      m_Label1(new QLabel(u"時間"_s, m_Frame1)),
-      m_Label2(new QLabel(u"分"_s, m_Frame1)),
-      m_Label3(new QLabel(u"秒後"_s, m_Frame1)),
-      m_Check1(new QCheckBox(u"指定時間が来たら繰り返す"_s, this)),
-      m_Command1(new QPushButton(u"スタート"_s, this)),
-      m_Command2(new QPushButton(u"リセット"_s, this)),
-      m_Command3(new QPushButton(u"ヘルプ"_s, this)) {
-    setWindowTitle(u"タイマー"_s);
-    Name();
-    LayOut();
-    Handlers& handlers = m_parts.handlers;
-    for (const QSpinBox* box : {m_UpDown1, m_UpDown2, m_UpDown3}) {
-        handlers.Connect(box, &QSpinBox::valueChanged, this, [this] { ReadEntries(); });
-    }
-    handlers.Connect(m_Check1, &QCheckBox::clicked, this, [this] { Check1_Click(); });
-    handlers.Connect(m_Command1, &QPushButton::clicked, this, [this] { Command1_Click(); });
-    handlers.Connect(m_Command2, &QPushButton::clicked, this, [this] { Command2_Click(); });
-    handlers.Connect(m_Command3, &QPushButton::clicked, this, [this] { Command3_Click(); });
-}
-
-void TimerForm::Name() {
+      m_durationFrame(Named(new QGroupBox(u"タイマーの指定"_s, this), u"Frame1"_s)),
+      m_hours(new NumberBox(u"UpDown1"_s, u"Text1"_s, m_durationFrame)),
+      m_minutes(new NumberBox(u"UpDown2"_s, u"Text2"_s, m_durationFrame)),
+      m_seconds(new NumberBox(u"UpDown3"_s, u"Text3"_s, m_durationFrame)),
+      m_hoursLabel(MakeLabel(u"Label1"_s, u"時間"_s, m_durationFrame)),
+      m_minutesLabel(MakeLabel(u"Label2"_s, u"分"_s, m_durationFrame)),
+      m_secondsLabel(MakeLabel(u"Label3"_s, u"秒後"_s, m_durationFrame)),
+      m_repeat(Named(new QCheckBox(u"指定時間が来たら繰り返す"_s, this), u"Check1"_s)),
+      m_startButton(
+          MakeButton(u"Command1"_s, u"スタート"_s, this, m_parts.handlers, [this] { Command1_Click(); })),
+      m_resetButton(
+          MakeButton(u"Command2"_s, u"リセット"_s, this, m_parts.handlers, [this] { Command2_Click(); })),
+      m_helpButton(
+          MakeButton(u"Command3"_s, u"ヘルプ"_s, this, m_parts.handlers, [this] { Command3_Click(); })) {
     setObjectName(u"TimerForm"_s);
-    m_Frame1->setObjectName(u"Frame1"_s);
-    m_Label1->setObjectName(u"Label1"_s);
-    m_Label2->setObjectName(u"Label2"_s);
-    m_Label3->setObjectName(u"Label3"_s);
-    m_Check1->setObjectName(u"Check1"_s);
-    m_Command1->setObjectName(u"Command1"_s);
-    m_Command2->setObjectName(u"Command2"_s);
-    m_Command3->setObjectName(u"Command3"_s);
+    setWindowTitle(u"タイマー"_s);
+    LayOut();
+    for (const QSpinBox* box : {m_hours, m_minutes, m_seconds}) {
+        m_parts.handlers.Connect(box, &QSpinBox::valueChanged, this, [this] { ReadEntries(); });
+    }
+    m_parts.handlers.Connect(m_repeat, &QCheckBox::clicked, this, [this] { Check1_Click(); });
 }
 
 void TimerForm::LayOut() {
-    auto* row = new QHBoxLayout(m_Frame1);
-    AddEntry(*row, *m_UpDown1, kMostHours, *m_Label1);
-    AddEntry(*row, *m_UpDown2, kMostMinutes, *m_Label2);
-    AddEntry(*row, *m_UpDown3, kMostSeconds, *m_Label3);
+    auto* row = new QHBoxLayout(m_durationFrame);
+    AddEntry(*row, *m_hours, kMostHours, *m_hoursLabel);
+    AddEntry(*row, *m_minutes, kMostMinutes, *m_minutesLabel);
+    AddEntry(*row, *m_seconds, kMostSeconds, *m_secondsLabel);
     auto* buttons = new QHBoxLayout;
-    buttons->addWidget(m_Command1);
-    buttons->addWidget(m_Command2);
+    buttons->addWidget(m_startButton);
+    buttons->addWidget(m_resetButton);
     buttons->addStretch(1);
-    buttons->addWidget(m_Command3);
+    buttons->addWidget(m_helpButton);
     auto* all = new QVBoxLayout(this);
-    all->addWidget(m_Frame1);
-    all->addWidget(m_Check1);
+    all->addWidget(m_durationFrame);
+    all->addWidget(m_repeat);
     all->addStretch(1);
     all->addLayout(buttons);
-    setTabOrder(m_UpDown3, m_Check1);
-    setTabOrder(m_Check1, m_Command1);
-    setTabOrder(m_Command1, m_Command2);
-    setTabOrder(m_Command2, m_Command3);
-    m_Command1->setDefault(true);
+    setTabOrder(m_seconds, m_repeat);
+    setTabOrder(m_repeat, m_startButton);
+    setTabOrder(m_startButton, m_resetButton);
+    setTabOrder(m_resetButton, m_helpButton);
+    m_startButton->setDefault(true);
 }
 
 void TimerForm::AddEntry(QHBoxLayout& row, QSpinBox& box, int largest, QLabel& label) {
     box.setRange(0, largest);
+    box.setKeyboardTracking(false);  // an incomplete number is not an entry: its zero would become fifteen
     box.setAccessibleName(label.text());
     row.addWidget(&box, 1);
     row.addWidget(&label);
@@ -102,7 +81,7 @@ void TimerForm::BringUp() {
     if (!isVisible()) {
         RefreshForm();
         const bool running = m_parts.panel.IsRunning();
-        (running ? static_cast<QWidget*>(m_Command1) : m_UpDown1)->setFocus();
+        (running ? static_cast<QWidget*>(m_startButton) : m_hours)->setFocus();
     }
     BringForward(*this);
 }
@@ -110,35 +89,39 @@ void TimerForm::BringUp() {
 void TimerForm::RefreshForm() {
     Show(m_parts.panel.CurrentEntry());
     const bool running = m_parts.panel.IsRunning();
-    const std::array<QWidget*, 9> entry{m_Frame1, m_UpDown1, m_UpDown2, m_UpDown3, m_Label1,
-                                        m_Label2, m_Label3,  m_Check1,  m_Command2};
+    const std::array<QWidget*, 9> entry{m_durationFrame, m_hours,      m_minutes,
+                                        m_seconds,       m_hoursLabel, m_minutesLabel,
+                                        m_secondsLabel,  m_repeat,     m_resetButton};
     for (QWidget* control : entry) {  // controls that set the time are disabled while it runs
         control->setEnabled(!running);
     }
-    m_Command1->setText(running ? u"ストップ"_s : u"スタート"_s);
+    m_startButton->setText(running ? u"ストップ"_s : u"スタート"_s);
 }
 
 void TimerForm::Show(const TimerEntry& entry) {
-    const QScopedValueRollback<bool> updating(m_Updating, true);
-    m_UpDown1->setValue(entry.hours);
-    m_UpDown2->setValue(entry.minutes);
-    m_UpDown3->setValue(entry.seconds);
-    m_Check1->setChecked(entry.repeat);
+    const QScopedValueRollback<bool> updating(m_isUpdating, true);
+    m_hours->setValue(entry.hours);
+    m_minutes->setValue(entry.minutes);
+    m_seconds->setValue(entry.seconds);
+    m_repeat->setChecked(entry.repeat);
 }
 
 TimerEntry TimerForm::Entry() const {
-    return {m_UpDown1->value(), m_UpDown2->value(), m_UpDown3->value(), m_Check1->isChecked()};
+    return {.hours = m_hours->value(),
+            .minutes = m_minutes->value(),
+            .seconds = m_seconds->value(),
+            .repeat = m_repeat->isChecked()};
 }
 
 void TimerForm::ReadEntries() {
-    if (!m_Updating) {
+    if (!m_isUpdating) {
         Show(m_parts.panel.ReadEntries(Entry()));
     }
 }
 
 /// Reads a typed but unconfirmed number, for a button that is not pressed with the mouse.
 void TimerForm::TakeTyped() {
-    for (QSpinBox* box : {m_UpDown1, m_UpDown2, m_UpDown3}) {
+    for (QSpinBox* box : {m_hours, m_minutes, m_seconds}) {
         box->interpretText();
     }
 }
@@ -160,7 +143,7 @@ void TimerForm::Command3_Click() {
 }
 
 void TimerForm::Check1_Click() {
-    m_parts.panel.SetRepeat(m_Check1->isChecked());
+    m_parts.panel.SetRepeat(m_repeat->isChecked());
 }
 
 }  // namespace tickwell

@@ -32,11 +32,10 @@ public:
     /// Shows the window, or brings it to the front if it is open.
     void BringUp();
 
-    /// Updates the window to the state: the entry, the enabled controls, and the caption of Command1.
+    /// Updates the window to the state: the entry, the enabled controls, and the caption of the start button.
     void RefreshForm();
 
 private:
-    void Name();
     void LayOut();
     void AddEntry(QHBoxLayout& row, QSpinBox& box, int largest, QLabel& label);
     void ReadEntries();
@@ -49,18 +48,18 @@ private:
     void Check1_Click();
 
     TimerWindowParts m_parts;
-    bool m_Updating = false;  // the form itself changes the entry: do not read it back
-    QGroupBox* m_Frame1;      // the controls are owned by the window
-    QSpinBox* m_UpDown1;      // each with a text field, Text1 to Text3
-    QSpinBox* m_UpDown2;
-    QSpinBox* m_UpDown3;
-    QLabel* m_Label1;
-    QLabel* m_Label2;
-    QLabel* m_Label3;
-    QCheckBox* m_Check1;
-    QPushButton* m_Command1;
-    QPushButton* m_Command2;
-    QPushButton* m_Command3;
+    bool m_isUpdating = false;   // the form itself changes the entry: do not read it back
+    QGroupBox* m_durationFrame;  // the controls are owned by the window
+    QSpinBox* m_hours;
+    QSpinBox* m_minutes;
+    QSpinBox* m_seconds;
+    QLabel* m_hoursLabel;
+    QLabel* m_minutesLabel;
+    QLabel* m_secondsLabel;
+    QCheckBox* m_repeat;
+    QPushButton* m_startButton;
+    QPushButton* m_resetButton;
+    QPushButton* m_helpButton;
 };
 
 }  // namespace tickwell

@@ -19,23 +19,23 @@ TimingTools::TimingTools(const TimingParts& parts, const DisplayView& view)
       m_countdown(parts.countdown, parts.clock),
       m_stopwatchLines(m_stopwatch, view.lines),
       m_countdownLines(m_countdown, view.lines, *this),
-      m_Timer1(
+      m_stopwatchTimer(
           parts.handlers, parts.timers, kTick, [this] { m_stopwatchLines.Tick(); },
           [this] { return UntilReadingDue(); }),
-      m_TimerTimer(
-          parts.handlers, parts.timers, kTick, [this] { m_countdownLines.Tick(m_TimerTimer); },
+      m_countdownTimer(
+          parts.handlers, parts.timers, kTick, [this] { m_countdownLines.Tick(m_countdownTimer); },
           [this] { return UntilCountdownDue(); }),
       m_temporaryTexts(view.lines, view.functions, parts.timers,
                        [this] {
-                           m_Timer1.Wake();
+                           m_stopwatchTimer.Wake();
                            m_view.linesWritten();
                        }),
-      m_stopwatchPanel(m_stopwatch, m_temporaryTexts.ForStopwatch(), view.functions, m_Timer1),
-      m_timerPanel(m_countdown, m_temporaryTexts.ForTimer(), m_TimerTimer) {}
+      m_stopwatchPanel(m_stopwatch, m_temporaryTexts.ForStopwatch(), view.functions, m_stopwatchTimer),
+      m_timerPanel(m_countdown, m_temporaryTexts.ForTimer(), m_countdownTimer) {}
 
 void TimingTools::BringUp() {
     try {
-        if (m_Timer1.IsRunning()) {
+        if (m_stopwatchTimer.IsRunning()) {
             m_stopwatchLines.Tick();
         }
         m_countdownLines.BringUp();
@@ -78,14 +78,14 @@ void TimingTools::RefreshTimerForm() {
 }
 
 void TimingTools::ShowNotice() {
-    if (!m_form8) {
-        m_form8 = std::make_unique<Form8>(TimerNoticeParts{.handlers = m_parts.handlers,
-                                                           .enterFolder = m_parts.enterFolder,
-                                                           .sendCommand = m_parts.sendCommand},
-                                          nullptr);
+    if (!m_notice) {
+        m_notice = std::make_unique<Form8>(TimerNoticeParts{.handlers = m_parts.handlers,
+                                                            .enterFolder = m_parts.enterFolder,
+                                                            .sendCommand = m_parts.sendCommand},
+                                           nullptr);
     }
-    PlaceIfClosed(*m_form8);
-    m_form8->BringUp();
+    PlaceIfClosed(*m_notice);
+    m_notice->BringUp();
 }
 
 /// An open window stays where the user moved it.
@@ -97,7 +97,7 @@ void TimingTools::PlaceIfClosed(QWidget& window) const {
 
 void TimingTools::CloseWindows() {
     for (QWidget* window : {static_cast<QWidget*>(m_stopForm.get()), static_cast<QWidget*>(m_timerForm.get()),
-                            static_cast<QWidget*>(m_form8.get())}) {
+                            static_cast<QWidget*>(m_notice.get())}) {
         if (window != nullptr) {
             window->close();
         }

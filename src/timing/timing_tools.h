@@ -42,8 +42,8 @@ class TimingTools : public TimerWindows {
 public:
     TimingTools(const TimingParts& parts, const DisplayView& view);
 
-    SleepingTimer& Timer1() { return m_Timer1; }
-    SleepingTimer& TimerTimer() { return m_TimerTimer; }
+    SleepingTimer& Timer1() { return m_stopwatchTimer; }
+    SleepingTimer& TimerTimer() { return m_countdownTimer; }
     StopwatchLines& Reading() { return m_stopwatchLines; }
     CountdownLines& Rest() { return m_countdownLines; }
 
@@ -74,14 +74,14 @@ private:
     Countdown m_countdown;
     StopwatchLines m_stopwatchLines;
     CountdownLines m_countdownLines;
-    SleepingTimer m_Timer1;
-    SleepingTimer m_TimerTimer;
+    SleepingTimer m_stopwatchTimer;
+    SleepingTimer m_countdownTimer;
     TemporaryTexts m_temporaryTexts;
     StopwatchPanel m_stopwatchPanel;
     TimerPanel m_timerPanel;
     std::unique_ptr<StopForm> m_stopForm;  // null until first used
     std::unique_ptr<TimerForm> m_timerForm;
-    std::unique_ptr<Form8> m_form8;
+    std::unique_ptr<Form8> m_notice;
 };
 
 }  // namespace tickwell

@@ -58,6 +58,7 @@ private Q_SLOTS:
     void ABrokenDatabaseLeavesTheMonth();
     void AClosedDatabaseIsAnError();
     void OddNamesAreShownAsTheyStand();
+    void ElevenActionsAreOffWhileMarking();
 };
 
 void TstMonthCalendar::Loading() {
@@ -353,6 +354,20 @@ void TstMonthCalendar::OddNamesAreShownAsTheyStand() {
     QCOMPARE(bench.Day(20).toolTip, u"<b>&amp;\"日"_s);
     QCOMPARE(bench.Day(21).color, DayColor::Red);
     QCOMPARE(bench.Day(21).toolTip, QString());
+}
+
+void TstMonthCalendar::ElevenActionsAreOffWhileMarking() {
+    CalendarBench bench;
+    bench.calendar.Load();
+    for (int index = 0; index < kCalendarActions; ++index) {
+        const auto action = static_cast<CalendarAction>(index);
+        bench.calendar.ChooseMode(CalendarMode::Normal);
+        QVERIFY(bench.calendar.CanUse(action));
+        for (const CalendarMode mode : {CalendarMode::Holidays, CalendarMode::Halfdays}) {
+            bench.calendar.ChooseMode(mode);
+            QCOMPARE(bench.calendar.CanUse(action), action == CalendarAction::ShowHelp);
+        }
+    }
 }
 
 QTEST_GUILESS_MAIN(TstMonthCalendar)

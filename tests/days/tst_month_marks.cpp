@@ -50,7 +50,6 @@ private Q_SLOTS:
     void ClosingWhileMarkingStoresNothing();
     void ACommitThatFailsStoresNothing();
     void BeyondTheLastMonthMarksGoToTheMonthBeyond();
-    void ElevenControlsAreOffWhileMarking();
 };
 
 void TstMonthMarks::MarkingPressesTheDaysOfItsColour() {
@@ -267,16 +266,6 @@ void TstMonthMarks::BeyondTheLastMonthMarksGoToTheMonthBeyond() {
     MarkAndCommit(bench, CalendarMode::Holidays, {8});  // cell 17: the 5th of January
     QCOMPARE(bench.Marks(),
              (QStringList{u"Holiday 2100-12-10"_s, u"Holiday 2101-01-05"_s, u"Holiday 2101-01-07"_s}));
-}
-
-void TstMonthMarks::ElevenControlsAreOffWhileMarking() {
-    const QStringList expected{u"Command1"_s,  u"Command2"_s,  u"Command3"_s,   u"Command4"_s,
-                               u"Command5"_s,  u"Command6"_s,  u"Command9"_s,   u"Command10"_s,
-                               u"Command11"_s, u"Command12"_s, u"Command7(2)"_s};
-    QCOMPARE(kOffWhileMarking.size(), std::size_t(11));
-    for (const QString& name : expected) {
-        QVERIFY(std::find(kOffWhileMarking.begin(), kOffWhileMarking.end(), name) != kOffWhileMarking.end());
-    }
 }
 
 QTEST_GUILESS_MAIN(TstMonthMarks)

@@ -65,14 +65,14 @@ private Q_SLOTS:
 
 void TstStopwatchPanel::TheCaptionsSayWhatTheButtonsWillDo() {
     Bench bench;
-    QCOMPARE(bench.panel.Captions().command1, u"スタート");
-    QCOMPARE(bench.panel.Captions().command2, u"リセット");
+    QCOMPARE(bench.panel.Captions().startOrStop, u"スタート");
+    QCOMPARE(bench.panel.Captions().lapOrReset, u"リセット");
     bench.Play(u"1");
-    QCOMPARE(bench.panel.Captions().command1, u"ストップ");
-    QCOMPARE(bench.panel.Captions().command2, u"ラップ");
+    QCOMPARE(bench.panel.Captions().startOrStop, u"ストップ");
+    QCOMPARE(bench.panel.Captions().lapOrReset, u"ラップ");
     bench.Play(u"1");
-    QCOMPARE(bench.panel.Captions().command1, u"スタート");
-    QCOMPARE(bench.panel.Captions().command2, u"リセット");
+    QCOMPARE(bench.panel.Captions().startOrStop, u"スタート");
+    QCOMPARE(bench.panel.Captions().lapOrReset, u"リセット");
 }
 
 void TstStopwatchPanel::TheListAndTheLines_data() {
@@ -150,8 +150,8 @@ void TstStopwatchPanel::TheListOutlivesTheClosedWindow() {
     bench.time.since += 60'000;
     bench.panel.Load();
     QCOMPARE(bench.panel.List(), u"Lapse1  0:00'01\"000\r\nLapse2  0:00'02\"000"_s);
-    QCOMPARE(bench.panel.Captions().command1, u"ストップ");
-    QCOMPARE(bench.panel.Captions().command2, u"ラップ");
+    QCOMPARE(bench.panel.Captions().startOrStop, u"ストップ");
+    QCOMPARE(bench.panel.Captions().lapOrReset, u"ラップ");
     bench.Play(u"2");
     QCOMPARE(bench.panel.List(), u"Lapse1  0:00'01\"000\r\nLapse2  0:00'02\"000\r\nLapse3  0:01'02\"000"_s);
 }
@@ -200,7 +200,7 @@ void TstStopwatchPanel::AStopThatOverflowsLetsItBeReset() {
     bench.time.since += 5000;
     QVERIFY_THROWS_EXCEPTION(OverflowError, bench.panel.StartOrStop());
     QVERIFY(!bench.Timer1->IsRunning());
-    QCOMPARE(bench.panel.Captions().command2, u"リセット");
+    QCOMPARE(bench.panel.Captions().lapOrReset, u"リセット");
     QCOMPARE(bench.panel.List(), list);
     QVERIFY(bench.Take().isEmpty());
     bench.Play(u"2");

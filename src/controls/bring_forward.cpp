@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "timing/bring_forward.h"
+#include "controls/bring_forward.h"
 
 namespace tickwell {
 

@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "controls/control_making.h"
+
+#include <utility>
+
+namespace tickwell {
+
+using namespace Qt::StringLiterals;
+
+QString Indexed(const QString& name, int index) {
+    return u"%1(%2)"_s.arg(name).arg(index);
+}
+
+QLabel* MakeLabel(const QString& name, const QString& text, QWidget* parent) {
+    auto* label = Named(new QLabel(parent), name);
+    label->setTextFormat(Qt::PlainText);
+    label->setText(text);
+    return label;
+}
+
+QPushButton* MakeButton(const QString& name, const QString& caption, QWidget* window, Handlers& handlers,
+                        std::function<void()> clicked) {
+    auto* button = Named(new QPushButton(caption, window), name);
+    handlers.Connect(button, &QPushButton::clicked, window, std::move(clicked));
+    return button;
+}
+
+}  // namespace tickwell

@@ -1,0 +1,65 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "shell/main_window.h"
+
+namespace tickwell {
+
+MenuChosen Form1::WhenChosen() {
+    return [this](MenuCommand command, qint32 number) { Menu_Click(command, number); };
+}
+
+void Form1::EnableItems() {
+    m_menu->Item(MenuCommand::ShowCalendar)->setEnabled(m_parts.windows.calendar != nullptr);
+    m_menu->Item(MenuCommand::ShowSettings)->setEnabled(m_parts.windows.settings != nullptr);
+    m_menu->Item(MenuCommand::ShowHelp)->setEnabled(m_parts.windows.help != nullptr);
+    m_trayMenu->Item(MenuCommand::ShowHelp)->setEnabled(m_parts.windows.help != nullptr);
+    m_menu->Item(MenuCommand::ShowAbout)->setEnabled(m_parts.windows.about != nullptr);
+}
+
+void Form1::Menu_Click(MenuCommand command, qint32 number) {
+    switch (command) {
+        case MenuCommand::ChangeFunction:
+            return ChangeFunction(number);
+        case MenuCommand::ShowCalendar:
+            return m_parts.windows.calendar();
+        case MenuCommand::StartTool:
+            return m_tools.Start(number);
+        case MenuCommand::ShowSettings:
+            return m_parts.windows.settings();
+        case MenuCommand::StoreInTray:
+            return m_storage.Store();
+        case MenuCommand::TakeFromTray:
+            return m_storage.TakeBack();
+        case MenuCommand::ShowHelp:
+            return m_parts.windows.help();
+        case MenuCommand::ShowAbout:
+            return m_parts.windows.about();
+        case MenuCommand::Quit:
+            close();
+            return;
+        case MenuCommand::ShowOperation:
+            return ShowOperation();
+        case MenuCommand::Separator:
+        case MenuCommand::Tools:
+            return;
+    }
+}
+
+void Form1::ShowOperation() const {
+    if (Display* const shown = m_switch.Shown()) {
+        shown->OpenWindow();
+    }
+}
+
+/// If nothing shows an icon, putting the window away would lose it.
+void Form1::Menu_AboutToShow() {
+    m_menu->Item(MenuCommand::StoreInTray)->setEnabled(m_storage.CanStore());
+}
+
+QList<QMenu*> Form1::VisibleMenus() const {
+    QList<QMenu*> menus{m_menu};
+    menus.append(m_menu->findChildren<QMenu*>());
+    menus.removeIf([](const QMenu* menu) { return !menu->isVisible(); });
+    return menus;
+}
+
+}  // namespace tickwell
