@@ -18,7 +18,7 @@ constexpr int kLargestPoints = 1638;
 
 }  // namespace
 
-QColor ColorOf(qint32 color) {
+QColor ColorFromNumber(qint32 color) {
     const auto bits = static_cast<quint32>(color);
     return QColor(static_cast<int>(bits & 0xFF), static_cast<int>(bits >> 8 & 0xFF),
                   static_cast<int>(bits >> 16 & 0xFF));

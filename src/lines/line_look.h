@@ -9,7 +9,7 @@
 namespace tickwell {
 
 /// A stored colour, red + green * 256 + blue * 65536, as Qt has it. Here alone the order turns.
-QColor ColorOf(qint32 color);
+QColor ColorFromNumber(qint32 color);
 
 /// The same the other way: what is stored of a colour of Qt.
 qint32 ColorNumberOf(const QColor& color);

@@ -141,8 +141,8 @@ int MovingWord::TextHeight() const {
 void MovingWord::paintEvent(QPaintEvent* event) {
     const QRect open = event->rect();
     QPainter painter(this);
-    painter.fillRect(open, ColorOf(m_backColor));
-    painter.setPen(ColorOf(m_foreColor));
+    painter.fillRect(open, ColorFromNumber(m_backColor));
+    painter.setPen(ColorFromNumber(m_foreColor));
     if (!IsWiping()) {
         DrawPart(painter, open, m_text);
         return;

@@ -10,7 +10,7 @@ namespace tickwell {
 
 void OpenColourPicker(Handlers& handlers, const QString& title, qint32 color, QWidget* parent,
                       std::function<void(qint32 color)> onPicked) {
-    auto* dialog = new QColorDialog(ColorOf(color), parent);
+    auto* dialog = new QColorDialog(ColorFromNumber(color), parent);
     dialog->setObjectName(QStringLiteral("ColourPicker"));
     dialog->setWindowTitle(title);
     dialog->setAttribute(Qt::WA_DeleteOnClose);
@@ -18,7 +18,7 @@ void OpenColourPicker(Handlers& handlers, const QString& title, qint32 color, QW
         QColorDialog::DontUseNativeDialog);  // the desktop's own dialog could be below the main window
     handlers.Connect(dialog, &QDialog::accepted, parent, [dialog, color, onPicked = std::move(onPicked)] {
         const QColor picked = dialog->selectedColor();
-        onPicked(picked.rgb() == ColorOf(color).rgb() ? color : ColorNumberOf(picked));
+        onPicked(picked.rgb() == ColorFromNumber(color).rgb() ? color : ColorNumberOf(picked));
     });
     dialog->open();
 }

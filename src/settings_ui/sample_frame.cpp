@@ -21,7 +21,7 @@ constexpr int kRoom = 2;           // minimum height of each sample, in text lin
 
 void SetBackground(QWidget& widget, qint32 color) {
     QPalette palette = widget.palette();
-    palette.setColor(QPalette::Window, ColorOf(color));
+    palette.setColor(QPalette::Window, ColorFromNumber(color));
     widget.setPalette(palette);
 }
 

@@ -23,7 +23,7 @@ constexpr int kSampleRoom = 3;  // height in text lines of the dialog
 
 QIcon ColorIcon(qint32 color, QSize size) {
     QPixmap picture(size);
-    picture.fill(ColorOf(color));
+    picture.fill(ColorFromNumber(color));
     QPainter painter(&picture);
     painter.setPen(Qt::gray);
     painter.drawRect(picture.rect().adjusted(0, 0, -1, -1));
@@ -144,14 +144,14 @@ void StylePicker::Color_Click() {
 }
 
 void StylePicker::ShowSample() {
-    const QColor color = ColorOf(m_color);
+    const QColor color = ColorFromNumber(m_color);
     m_colorButton->setIcon(ColorIcon(m_color, m_colorButton->iconSize()));
     m_colorButton->setText(color.name().toUpper());
     m_colorButton->setAccessibleName(u"文字の色 "_s + color.name().toUpper());
     m_sample->setFont(FontOf(Picked()));
     QPalette palette = m_sample->palette();
     palette.setColor(QPalette::WindowText, color);
-    palette.setColor(QPalette::Window, ColorOf(m_backColor));
+    palette.setColor(QPalette::Window, ColorFromNumber(m_backColor));
     m_sample->setPalette(palette);
 }
 

@@ -39,7 +39,7 @@ void TstLineLook::ColoursAreRedFirst_data() {
 void TstLineLook::ColoursAreRedFirst() {
     QFETCH(qint32, stored);
     QFETCH(QColor, color);
-    QCOMPARE(ColorOf(stored), color);
+    QCOMPARE(ColorFromNumber(stored), color);
 }
 
 void TstLineLook::FrameIntervals_data() {

@@ -28,7 +28,7 @@ protected:
 /// The number of pixels of a line whose colour is not its background.
 int Inked(MovingWord& line) {
     const QImage picture = line.grab().toImage();
-    const QRgb background = ColorOf(line.BackColor()).rgb();
+    const QRgb background = ColorFromNumber(line.BackColor()).rgb();
     int inked = 0;
     for (int y = 0; y < picture.height(); ++y) {
         for (int x = 0; x < picture.width(); ++x) {
