@@ -54,9 +54,9 @@ public:
 struct Player {
     Player(const QString& helper, const QString& source) : drive(timers, output, helper, source) {
         auto* const layout = new QVBoxLayout(&window);
-        for (MovingWord* line : {&upper, &lower}) {
+        for (lines::MovingWord* line : {&upper, &lower}) {
             line->setFixedSize(kLine);
-            line->setFont(FontOf({u"ＭＳ Ｐゴシック"_s, 10}));
+            line->setFont(lines::FontOf({u"ＭＳ Ｐゴシック"_s, 10}));
             layout->addWidget(line);
         }
         media.OpenAtStart();
@@ -69,31 +69,31 @@ struct Player {
         }
     }
 
-    SystemClock clock;
-    QtTimers timers;
-    SdlSoundOutput output;
-    CdHelperDrive drive;
-    QtEventWait wait;
+    platform::SystemClock clock;
+    platform::QtTimers timers;
+    platform::SdlSoundOutput output;
+    platform::CdHelperDrive drive;
+    platform::QtEventWait wait;
     FakeMessageBoxes boxes;
     Handlers handlers{boxes};
     bool tellsNoCdDrive = false;
-    MediaSystem media{{.devices = {.drive = drive,
-                                   .playback = drive,
-                                   .sound = output,
-                                   .timers = timers,
-                                   .wait = wait,
-                                   .folder = {}},
-                       .boxes = boxes,
-                       .handlers = handlers,
-                       .timers = timers,
-                       .tellsNoCdDrive = tellsNoCdDrive}};
-    FramePacer pacer{clock, timers};
+    media::MediaSystem media{{.devices = {.drive = drive,
+                                          .playback = drive,
+                                          .sound = output,
+                                          .timers = timers,
+                                          .wait = wait,
+                                          .folder = {}},
+                              .boxes = boxes,
+                              .handlers = handlers,
+                              .timers = timers,
+                              .tellsNoCdDrive = tellsNoCdDrive}};
+    lines::FramePacer pacer{clock, timers};
     QWidget window;
-    MovingWord upper{{.clock = clock, .timers = timers, .pacer = pacer}, &window};
-    MovingWord lower{{.clock = clock, .timers = timers, .pacer = pacer}, &window};
+    lines::MovingWord upper{{.clock = clock, .timers = timers, .pacer = pacer}, &window};
+    lines::MovingWord lower{{.clock = clock, .timers = timers, .pacer = pacer}, &window};
     CdFunction function;
-    CdLines lines{media.Player(), {.upper = upper, .lower = lower}, function};
-    CDForm form{media.Player(), handlers, nullptr};
+    media::CdLines lines{media.Player(), {.upper = upper, .lower = lower}, function};
+    media::CDForm form{media.Player(), handlers, nullptr};
     std::unique_ptr<Timer> refresh = timers.Create(kRefresh, [this] { lines.Tick(); });
 };
 
@@ -165,10 +165,10 @@ void Print(const QString& name, const Costs& costs, double helpers) {
 
 void MeasureDisc(const QString& name, const QString& source, const QString& helper, int seconds) {
     Player player(helper, source);
-    Print(name + u", before it plays", Measure(player, kCdStop, seconds), 0);
+    Print(name + u", before it plays", Measure(player, media::kCdStop, seconds), 0);
     const double before = ProcessorTime(RUSAGE_CHILDREN);
-    const Costs playing = Measure(player, kCdPlay, seconds);
-    const Costs stopped = Measure(player, kCdStop, seconds);
+    const Costs playing = Measure(player, media::kCdPlay, seconds);
+    const Costs stopped = Measure(player, media::kCdStop, seconds);
     const double helpers = ProcessorTime(RUSAGE_CHILDREN) - before;  // only counts helpers that have ended
     Print(name + u", playing", playing, helpers * 60'000 / (kUntilClosed + 2 * seconds * 1000));
     Print(name + u", stopped again", stopped, 0);
@@ -178,7 +178,7 @@ void MeasureDisc(const QString& name, const QString& source, const QString& help
 
 int main(int argc, char** argv) {
     const QApplication application(argc, argv);
-    InstallFontSubstitutes();
+    lines::InstallFontSubstitutes();
     const QStringList words = QCoreApplication::arguments();
     if (words.size() < 3) {
         std::fputs("usage: disc_playing HELPER FAKE_DRIVE [SECONDS]\n", stderr);

@@ -55,14 +55,14 @@ AppSettings FirstSettings() {
 
 int main(int argc, char** argv) {
     const QApplication application(argc, argv);
-    InstallFontSubstitutes();
-    VirtualTime time(QDateTime(QDate(1998, 10, 3), QTime(12, 0)));
+    lines::InstallFontSubstitutes();
+    platform::VirtualTime time(QDateTime(QDate(1998, 10, 3), QTime(12, 0)));
     FakeMessageBoxes boxes;
     Handlers handlers(boxes);
-    SampleFrame sample(time, time, handlers, nullptr);
+    settings_ui::SampleFrame sample(time, time, handlers, nullptr);
     sample.show();
     sample.Refresh(FirstSettings());
-    auto& line = ChildOf<MovingWord>(sample, u"MovingWord1"_s);
+    auto& line = ChildOf<lines::MovingWord>(sample, u"MovingWord1"_s);
     QImage picture(line.size(), QImage::Format_RGB32);
     std::vector<double> slider;
     std::vector<double> styles;

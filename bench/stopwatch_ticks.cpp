@@ -25,15 +25,15 @@ constexpr QSize kLine(167, 20);
 constexpr int kSeconds = 10;
 
 /// A line that counts its paints.
-class CountedWord : public MovingWord {
+class CountedWord : public lines::MovingWord {
 public:
-    using MovingWord::MovingWord;
+    using lines::MovingWord::MovingWord;
     int paints = 0;
 
 protected:
     void paintEvent(QPaintEvent* event) override {
         ++paints;
-        MovingWord::paintEvent(event);
+        lines::MovingWord::paintEvent(event);
     }
 };
 
@@ -48,21 +48,21 @@ double ProcessorTime() {
 
 int main(int argc, char** argv) {
     const QApplication application(argc, argv);
-    InstallFontSubstitutes();
-    const SystemClock clock;
-    QtTimers timers;
-    FramePacer pacer(clock, timers);
+    lines::InstallFontSubstitutes();
+    const platform::SystemClock clock;
+    platform::QtTimers timers;
+    lines::FramePacer pacer(clock, timers);
     CountedWord upper({clock, timers, pacer}, nullptr);
     CountedWord lower({clock, timers, pacer}, nullptr);
     lower.setFixedSize(kLine);
-    lower.setFont(FontOf({u"ＭＳ Ｐゴシック"_s, 10}));
+    lower.setFont(lines::FontOf({u"ＭＳ Ｐゴシック"_s, 10}));
     lower.show();
 
-    StopwatchState state;
-    Stopwatch stopwatch(state, clock);
-    StopwatchLines lines(stopwatch, {.upper = upper, .lower = lower});
+    timing::StopwatchState state;
+    timing::Stopwatch stopwatch(state, clock);
+    timing::StopwatchLines lines(stopwatch, {.upper = upper, .lower = lower});
     int ticks = 0;
-    QtMessageBoxes boxes;
+    platform::QtMessageBoxes boxes;
     Handlers handlers(boxes);
     SleepingTimer timer(
         handlers, timers, 1,

@@ -26,16 +26,16 @@ constexpr int kStep = 4;            // pixels per frame
 constexpr int kRounds = 200;
 
 /// A line that records the microseconds of each of its paints.
-class TimedWord : public MovingWord {
+class TimedWord : public lines::MovingWord {
 public:
-    using MovingWord::MovingWord;
+    using lines::MovingWord::MovingWord;
     std::vector<double> paints;
 
 protected:
     void paintEvent(QPaintEvent* event) override {
         QElapsedTimer clock;
         clock.start();
-        MovingWord::paintEvent(event);
+        lines::MovingWord::paintEvent(event);
         paints.push_back(static_cast<double>(clock.nsecsElapsed()) / 1000.0);
     }
 };
@@ -47,11 +47,11 @@ double Quantile(std::vector<double> values, double share) {
 }
 
 void Measure(const char* name, qint32 kind) {
-    VirtualTime time(QDateTime(QDate(1998, 10, 3), QTime(12, 0)));
-    FramePacer pacer(time, time);
+    platform::VirtualTime time(QDateTime(QDate(1998, 10, 3), QTime(12, 0)));
+    lines::FramePacer pacer(time, time);
     TimedWord word({time, time, pacer}, nullptr);
     word.setFixedSize(kLine);
-    word.setFont(FontOf({u"ＭＳ Ｐゴシック"_s, 10}));
+    word.setFont(lines::FontOf({u"ＭＳ Ｐゴシック"_s, 10}));
     word.SetWipeKind(kind);
     word.SetFrameInterval(kFrameInterval);
     word.SetStepSize(kStep);
@@ -90,11 +90,11 @@ void Measure(const char* name, qint32 kind) {
 int main(int argc, char** argv) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     const QApplication application(argc, argv);
-    InstallFontSubstitutes();
-    const std::array<std::pair<const char*, qint32>, 4> kinds{{{"left to right", kWipeLeftToRight},
-                                                               {"right to left", kWipeRightToLeft},
-                                                               {"top to bottom", kWipeTopToBottom},
-                                                               {"bottom to top", kWipeBottomToTop}}};
+    lines::InstallFontSubstitutes();
+    const std::array<std::pair<const char*, qint32>, 4> kinds{{{"left to right", lines::kWipeLeftToRight},
+                                                               {"right to left", lines::kWipeRightToLeft},
+                                                               {"top to bottom", lines::kWipeTopToBottom},
+                                                               {"bottom to top", lines::kWipeBottomToTop}}};
     for (const auto& [name, kind] : kinds) {
         Measure(name, kind);
     }

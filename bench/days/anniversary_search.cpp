@@ -96,7 +96,7 @@ void Fill(const QString& path, int rows) {
         "CASE i % 7 % 3 WHEN 0 THEN 10 * (1 + i % 5) + 1 + i % 7 ELSE 0 END FROM n";
     sqlite3* opened = nullptr;
     const int result = sqlite3_open(QFile::encodeName(path).constData(), &opened);
-    const SqliteHandle handle(opened);
+    const store::SqliteHandle handle(opened);
     if (result != SQLITE_OK ||
         sqlite3_exec(opened, sql.constData(), nullptr, nullptr, nullptr) != SQLITE_OK) {
         throw RunTimeError(QString::fromUtf8(sqlite3_errmsg(opened)));
@@ -105,22 +105,22 @@ void Fill(const QString& path, int rows) {
 
 /// The book, and a list like the calendar's.
 struct Bench {
-    DayDatabase database;
-    DayList list;
+    store::DayDatabase database;
+    days::DayList list;
     NoChanges changes;
-    SystemClock clock;
-    QtTimers timers;
-    QtMessageBoxes boxes;
+    platform::SystemClock clock;
+    platform::QtTimers timers;
+    platform::QtMessageBoxes boxes;
     Handlers handlers{boxes};
-    BookParts parts{.dayDatabase = database,
-                    .list = list,
-                    .changes = changes,
-                    .clock = clock,
-                    .boxes = boxes,
-                    .handlers = handlers,
-                    .timers = timers};
-    DayListModel model{QVariant(), DayListModel::Columns::All, nullptr};
-    RowTable view;
+    book::BookParts parts{.dayDatabase = database,
+                          .list = list,
+                          .changes = changes,
+                          .clock = clock,
+                          .boxes = boxes,
+                          .handlers = handlers,
+                          .timers = timers};
+    days::DayListModel model{QVariant(), days::DayListModel::Columns::All, nullptr};
+    days::RowTable view;
 
     explicit Bench(const QString& path) : database(path) {
         view.setModel(&model);
@@ -136,12 +136,12 @@ void MeasureSearch(Bench& bench) {
     Measure(
         "its work alone",
         [&] {
-            AnniversarySearch search(bench.database, {});
+            book::AnniversarySearch search(bench.database, {});
             while (!search.Step()) {
             }
         },
         [] { return true; });
-    Form9 window(bench.parts, nullptr);
+    book::Form9 window(bench.parts, nullptr);
     window.show();
     QCoreApplication::processEvents();  // the first paint
     Measure(
@@ -172,16 +172,16 @@ void MeasureList(Bench& bench) {
             return !bench.list.IsListing();
         });
     Measure(
-        "the names of a day", [&] { AnnouncedNames(bench.database, QDate(2026, 11, 20)); },
+        "the names of a day", [&] { days::AnnouncedNames(bench.database, QDate(2026, 11, 20)); },
         [] { return true; });
 }
 
 void MeasureDeletion(Bench& bench) {
-    std::unique_ptr<Form10> window;
+    std::unique_ptr<book::Form10> window;
     Measure(
         "opening the deletion window",
         [&] {
-            window = std::make_unique<Form10>(bench.parts, nullptr);
+            window = std::make_unique<book::Form10>(bench.parts, nullptr);
             window->show();
         },
         [] { return true; });

@@ -26,13 +26,13 @@ constexpr int kTimes = 7;
 constexpr double kMilliseconds = 1e6;  // nanoseconds per millisecond
 
 /// Records how long the two large steps take.
-class TimedDisk : public PosixStoreDisk {
+class TimedDisk : public store::PosixStoreDisk {
 public:
-    void Copy(const SqliteConnection& from, const QString& to) override {
-        m_copied = Timed([&] { PosixStoreDisk::Copy(from, to); });
+    void Copy(const store::SqliteConnection& from, const QString& to) override {
+        m_copied = Timed([&] { store::PosixStoreDisk::Copy(from, to); });
     }
-    void Compact(SqliteConnection& from, const QString& to) override {
-        m_compacted = Timed([&] { PosixStoreDisk::Compact(from, to); });
+    void Compact(store::SqliteConnection& from, const QString& to) override {
+        m_compacted = Timed([&] { store::PosixStoreDisk::Compact(from, to); });
     }
 
     double Copied() const { return m_copied; }
@@ -59,11 +59,11 @@ double Median(std::vector<double> values) {
 }
 
 void MakeFile(int rows, int ofTwentyKept) {
-    QFile::remove(kLiveFile);
-    if (!QFile::copy(QStringLiteral(TICKWELL_PRISTINE_DATABASE), kLiveFile)) {
-        throw RunTimeError(kLiveFile);
+    QFile::remove(store::kLiveFile);
+    if (!QFile::copy(QStringLiteral(TICKWELL_PRISTINE_DATABASE), store::kLiveFile)) {
+        throw RunTimeError(store::kLiveFile);
     }
-    SqliteConnection file(kLiveFile);
+    store::SqliteConnection file(store::kLiveFile);
     file.Run("BEGIN");
     file.Run("WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < " +
              QByteArray::number(rows) +
@@ -80,12 +80,12 @@ void Measure(int rows, int ofTwentyKept) {
     qint64 before = 0;
     for (int i = 0; i < kTimes; ++i) {
         MakeFile(rows, ofTwentyKept);
-        before = QFileInfo(kLiveFile).size();
-        DayDatabase handle(kLiveFile);
+        before = QFileInfo(store::kLiveFile).size();
+        store::DayDatabase handle(store::kLiveFile);
         FakeMessageBoxes boxes;
         TimedDisk disk;
         whole.push_back(TimedDisk::Timed(
-            [&] { CompactDayDatabase(handle, ProgramFolder(QDir::currentPath()), boxes, disk); }));
+            [&] { store::CompactDayDatabase(handle, ProgramFolder(QDir::currentPath()), boxes, disk); }));
         if (boxes.Shown().constFirst().icon != MessageIcon::Information) {
             throw RunTimeError(boxes.Shown().constFirst().text);
         }
@@ -96,7 +96,7 @@ void Measure(int rows, int ofTwentyKept) {
         "%6d rows, %3d %% kept, %5lld to %5lld KB: %7.1f ms, of which the copy %6.1f and the compacting "
         "%6.1f, "
         "ratio to the copy %5.1f\n",
-        rows, ofTwentyKept * 5, before / 1024, QFileInfo(kLiveFile).size() / 1024, Median(whole),
+        rows, ofTwentyKept * 5, before / 1024, QFileInfo(store::kLiveFile).size() / 1024, Median(whole),
         Median(copied), Median(compacted), Median(whole) / Median(copied));
 }
 

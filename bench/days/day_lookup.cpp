@@ -54,9 +54,9 @@ QString RandomInsert(QRandomGenerator& random) {
         .arg(week);
 }
 
-void Fill(DayDatabase& database, int rows) {
+void Fill(store::DayDatabase& database, int rows) {
     QRandomGenerator random(kSeed);
-    DayTransaction transaction(database);
+    store::DayTransaction transaction(database);
     for (int i = 0; i < rows; ++i) {
         database.Execute(RandomInsert(random));
     }
@@ -68,30 +68,32 @@ struct LookUp {
     double rows;  // average per query
 };
 
-LookUp MeasureLookUp(DayDatabase& database, int times) {
+LookUp MeasureLookUp(store::DayDatabase& database, int times) {
     QRandomGenerator random(kSeed + 1);
     int found = 0;
     const double median = Median(times, [&] {
         const QDate date = QDate(2026, 1, 1).addDays(random.bounded(365));
-        found += database.RunQuery(AnniversaryQuery(date.year(), date.month(), date.day(), WeekCode(date)))
-                     .Count();
+        found +=
+            database
+                .RunQuery(days::AnniversaryQuery(date.year(), date.month(), date.day(), days::WeekCode(date)))
+                .Count();
     });
     return {median, static_cast<double>(found) / times};
 }
 
 void CompareIndexes(const QString& path, int rows) {
-    DayDatabase database(path);
+    store::DayDatabase database(path);
     Fill(database, rows);
     const LookUp indexed = MeasureLookUp(database, 100);
-    SqliteConnection(path).Run("DROP INDEX KinenbiByDay");
-    SqliteConnection(path).Run("DROP INDEX KinenbiByWeek");
+    store::SqliteConnection(path).Run("DROP INDEX KinenbiByDay");
+    store::SqliteConnection(path).Run("DROP INDEX KinenbiByWeek");
     const LookUp scanned = MeasureLookUp(database, rows > 100'000 ? 10 : 100);
     std::printf("look-up, %7d rows, %6.1f found: %9.1f us with the indexes, %9.1f us without, ratio %6.1f\n",
                 rows, indexed.rows, indexed.microseconds, scanned.microseconds,
                 scanned.microseconds / indexed.microseconds);
 }
 
-void StoreMonth(DayDatabase& database) {
+void StoreMonth(store::DayDatabase& database) {
     const QDate first(2026, 10, 1);
     const QDate last(2026, 10, 31);
     for (const QString& table : {u"Holiday"_s, u"Halfday"_s, u"Usuallyday"_s}) {
@@ -104,13 +106,13 @@ void StoreMonth(DayDatabase& database) {
 }
 
 void MeasureWriting(const QString& path) {
-    DayDatabase database(path);
+    store::DayDatabase database(path);
     Fill(database, 1000);
     QRandomGenerator random(kSeed + 2);
     const double insert = Median(200, [&] { database.Execute(RandomInsert(random)); });
     const double apart = Median(20, [&] { StoreMonth(database); });
     const double together = Median(20, [&] {
-        DayTransaction transaction(database);
+        store::DayTransaction transaction(database);
         StoreMonth(database);
         transaction.Commit();
     });

@@ -60,21 +60,21 @@ public:
 };
 
 /// Two thirds within the measured years, the others before and after.
-void FillMarks(DayDatabase& database) {
+void FillMarks(store::DayDatabase& database) {
     QRandomGenerator random(kSeed);
-    DayTransaction transaction(database);
+    store::DayTransaction transaction(database);
     for (int i = 0; i < kMarks; ++i) {
         const QDate date = QDate(2026, 1, 1).addDays(random.bounded(-10'000, 10'000));
         const QStringView table =
-            TableOf(kDayMarks.at(random.bounded(static_cast<quint32>(kDayMarks.size()))));
-        database.Execute(u"INSERT INTO "_s + table + u"  VALUES (" + DateLiteral(date) + u')');
+            days::TableOf(days::kDayMarks.at(random.bounded(static_cast<quint32>(days::kDayMarks.size()))));
+        database.Execute(u"INSERT INTO "_s + table + u"  VALUES (" + days::DateLiteral(date) + u')');
     }
     transaction.Commit();
 }
 
 void FillHolidays(const QString& path) {
     QRandomGenerator random(kSeed + 1);
-    SqliteConnection connection(path);
+    store::SqliteConnection connection(path);
     connection.Run("BEGIN");
     for (int i = 0; i < kHolidays; ++i) {
         connection.Run(u"INSERT INTO Syukuzitu(Name,Month,Day) VALUES ('祝日%1',%2,%3)"_s.arg(i)
@@ -92,34 +92,34 @@ struct Figures {
 };
 
 Figures MeasureCalendar(const QString& path) {
-    DayDatabase database{path};
-    DayList list;
-    const VirtualTime time(QDateTime(QDate(2026, 11, 20), QTime(9, 0)));
-    QtMessageBoxes boxes;
+    store::DayDatabase database{path};
+    days::DayList list;
+    const platform::VirtualTime time(QDateTime(QDate(2026, 11, 20), QTime(9, 0)));
+    platform::QtMessageBoxes boxes;
     Handlers handlers(boxes);
     NoHelp help;
-    QtTimers timers;
-    Form5 window({.dayDatabase = database,
-                  .list = list,
-                  .clock = time,
-                  .boxes = boxes,
-                  .handlers = handlers,
-                  .help = help,
-                  .book = {},
-                  .timers = timers},
-                 nullptr);
+    platform::QtTimers timers;
+    days::Form5 window({.dayDatabase = database,
+                        .list = list,
+                        .clock = time,
+                        .boxes = boxes,
+                        .handlers = handlers,
+                        .help = help,
+                        .book = {},
+                        .timers = timers},
+                       nullptr);
     window.Form_Load();
     window.show();
     QImage picture(window.size(), QImage::Format_RGB32);
 
     QDate month(2026, 11, 1);
-    MonthRows rows;
-    MonthGrid grid;
+    days::MonthRows rows;
+    days::MonthGrid grid;
     const Taken ask = Measure([&] {
         month = month.addMonths(1);
-        rows = ReadMonth(database, ShapeOf(month));
+        rows = days::ReadMonth(database, days::ShapeOf(month));
     });
-    const Taken fill = Measure([&] { FillGrid(grid, ShapeOf(month), rows, month); });
+    const Taken fill = Measure([&] { days::FillGrid(grid, days::ShapeOf(month), rows, month); });
     auto& next = ChildOf<QPushButton>(window, u"Command2"_s);
     const Taken show = Measure([&] {
         next.click();
@@ -151,7 +151,7 @@ int main(int argc, char** argv) {
         const QTemporaryDir files(folder.filePath(u"month_show-XXXXXX"_s));
         const QString full = Copied(files, u"full.mdb"_s);
         FillHolidays(full);
-        DayDatabase database(full);
+        store::DayDatabase database(full);
         FillMarks(database);
         database.Close();
         const Figures filled = MeasureCalendar(full);

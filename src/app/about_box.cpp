@@ -13,7 +13,7 @@
 #include "app/gradation.h"
 #include "app/system_facts.h"
 
-namespace tickwell {
+namespace tickwell::app {
 
 using namespace Qt::StringLiterals;
 
@@ -56,9 +56,9 @@ frmAbout::frmAbout(const AboutBoxParts& parts, QWidget* parent)
       m_Label3(MakeLabel(u"Label3"_s, this)),
       m_Timer1(parts.handlers.MakeTimer(parts.timers, kThanksInterval, [this] { Timer1_Timer(); })) {
     setObjectName(u"frmAbout"_s);
-    auto* sysInfo = MakeButton(u"cmdSysInfo"_s, u"ｼｽﾃﾑ情報(&S)..."_s, &frmAbout::cmdSysInfo_Click);
-    auto* contact = MakeButton(u"Command2"_s, u"連絡先"_s, &frmAbout::Command2_Click);
-    m_cmdCopy = MakeButton(u"cmdCopy"_s, u"情報をコピー(&C)"_s, &frmAbout::cmdCopy_Click);
+    auto* sysInfo = controls::MakeButton(u"cmdSysInfo"_s, u"ｼｽﾃﾑ情報(&S)..."_s, &frmAbout::cmdSysInfo_Click);
+    auto* contact = controls::MakeButton(u"Command2"_s, u"連絡先"_s, &frmAbout::Command2_Click);
+    m_cmdCopy = controls::MakeButton(u"cmdCopy"_s, u"情報をコピー(&C)"_s, &frmAbout::cmdCopy_Click);
     auto* ok = new QPushButton(u"OK"_s, this);
     ok->setObjectName(u"cmdOK"_s);
     ok->setDefault(true);
@@ -168,4 +168,4 @@ void frmAbout::hideEvent(QHideEvent* event) {
     QDialog::hideEvent(event);
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::app

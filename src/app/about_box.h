@@ -13,7 +13,7 @@
 #include "core/ports/timer.h"
 #include "core/program_folder.h"
 
-namespace tickwell {
+namespace tickwell::app {
 
 /// References that the about box works with; all outlive it.
 struct AboutBoxParts {
@@ -57,4 +57,4 @@ private:
     std::unique_ptr<Timer> m_Timer1;
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::app

@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <array>
 
-namespace tickwell {
+namespace tickwell::app {
 
 using namespace Qt::StringLiterals;
 
@@ -82,4 +82,4 @@ bool StartSystemInformation(ProgramStarter& programs, const QString& folder) {
     });
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::app

@@ -7,7 +7,7 @@
 
 #include "core/ports/program_starter.h"
 
-namespace tickwell {
+namespace tickwell::app {
 
 /// The first message of thanks: like all of them, two texts joined by a carriage return.
 QString FirstThanks();
@@ -51,4 +51,4 @@ const QList<SystemInformation>& SystemInformationPrograms();
 /// working folder.
 bool StartSystemInformation(ProgramStarter& programs, const QString& folder);
 
-}  // namespace tickwell
+}  // namespace tickwell::app

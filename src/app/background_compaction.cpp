@@ -6,7 +6,7 @@
 
 #include "core/errors.h"
 
-namespace tickwell {
+namespace tickwell::app {
 
 using namespace Qt::StringLiterals;
 
@@ -29,8 +29,8 @@ BackgroundCompaction::~BackgroundCompaction() {
     m_stop.request_stop();
 }
 
-std::unique_ptr<StoreDisk> BackgroundCompaction::RealDisk(std::stop_token stop) {
-    return std::make_unique<PosixStoreDisk>(std::move(stop));
+std::unique_ptr<store::StoreDisk> BackgroundCompaction::RealDisk(std::stop_token stop) {
+    return std::make_unique<store::PosixStoreDisk>(std::move(stop));
 }
 
 void BackgroundCompaction::Start(const QObject* owner, std::function<void()> done) {
@@ -38,11 +38,11 @@ void BackgroundCompaction::Start(const QObject* owner, std::function<void()> don
         if (!m_parts.dayDatabase.IsOpen()) {  // in use, for instance by a deletion
             throw RunTimeError(u"データベースは使用中です。終わってからもう一度実行してください。"_s);
         }
-        BeginCompaction(m_parts.dayDatabase, m_parts.folder);
+        store::BeginCompaction(m_parts.dayDatabase, m_parts.folder);
         m_listener = std::make_shared<Listener>(Listener{*this});
-        const std::shared_ptr<StoreDisk> disk = m_makeDisk(m_stop.get_token());
+        const std::shared_ptr<store::StoreDisk> disk = m_makeDisk(m_stop.get_token());
         m_jobs.Do([disk, folder = m_parts.folder, listener = std::weak_ptr(m_listener)] {
-            const auto end = std::make_shared<CompactionEnd>(CompactDayFile(folder, *disk));
+            const auto end = std::make_shared<store::CompactionEnd>(store::CompactDayFile(folder, *disk));
             QMetaObject::invokeMethod(
                 QCoreApplication::instance(),
                 [listener, end] {
@@ -57,13 +57,13 @@ void BackgroundCompaction::Start(const QObject* owner, std::function<void()> don
     m_done = std::move(done);
 }
 
-void BackgroundCompaction::Finish(CompactionEnd end) {
+void BackgroundCompaction::Finish(store::CompactionEnd end) {
     m_listener.reset();
-    m_parts.handlers.Run([&] { EndCompaction(m_parts.dayDatabase, std::move(end), m_parts.boxes, m_owner); },
-                         m_owner);
+    m_parts.handlers.Run(
+        [&] { store::EndCompaction(m_parts.dayDatabase, std::move(end), m_parts.boxes, m_owner); }, m_owner);
     if (const auto done = std::exchange(m_done, nullptr)) {
         done();
     }
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::app

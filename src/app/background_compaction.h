@@ -14,11 +14,11 @@
 #include "platform/processes/slow_jobs.h"
 #include "store/compaction.h"
 
-namespace tickwell {
+namespace tickwell::app {
 
 /// What a compaction works with; all but `folder` outlive it.
 struct BackgroundCompactionParts {
-    DayDatabase& dayDatabase;  ///< closed while a compaction runs
+    store::DayDatabase& dayDatabase;  ///< closed while a compaction runs
     ProgramFolder folder;
     MessageBoxes& boxes;
     Handlers& handlers;
@@ -28,7 +28,7 @@ struct BackgroundCompactionParts {
 /// windows stay responsive.
 class BackgroundCompaction {
 public:
-    using MakeDisk = std::function<std::unique_ptr<StoreDisk>(std::stop_token stop)>;
+    using MakeDisk = std::function<std::unique_ptr<store::StoreDisk>(std::stop_token stop)>;
 
     /// `makeDisk`: called on the thread that calls Start; the disk is used on the worker thread.
     explicit BackgroundCompaction(BackgroundCompactionParts parts, MakeDisk makeDisk = RealDisk);
@@ -48,8 +48,8 @@ public:
 private:
     struct Listener;
 
-    static std::unique_ptr<StoreDisk> RealDisk(std::stop_token stop);
-    void Finish(CompactionEnd end);
+    static std::unique_ptr<store::StoreDisk> RealDisk(std::stop_token stop);
+    void Finish(store::CompactionEnd end);
 
     BackgroundCompactionParts m_parts;
     MakeDisk m_makeDisk;
@@ -57,7 +57,8 @@ private:
     QPointer<const QObject> m_owner;       // of the message box
     std::shared_ptr<Listener> m_listener;  // exists while a compaction runs
     std::stop_source m_stop;
-    SlowJobs m_jobs;  // last, because its thread uses the other members while the destructor waits for it
+    platform::SlowJobs
+        m_jobs;  // last, because its thread uses the other members while the destructor waits for it
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::app

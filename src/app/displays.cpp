@@ -10,27 +10,31 @@
 #include "platform/power/upower.h"
 #include "timing/timing_displays.h"
 
-namespace tickwell {
+namespace tickwell::app {
 
 DisplayPorts DisplayPortsOfThisMachine() {
-    return {.power = std::make_shared<UPower>(), .memory = std::make_shared<ProcMemory>()};
+    return {.power = std::make_shared<platform::UPower>(),
+            .memory = std::make_shared<platform::ProcMemory>()};
 }
 
 Displays MakeDisplays(const DisplaysParts& parts, const DisplayView& view) {
     Handlers& handlers = parts.handlers;
     TimerSource& timers = parts.timers;
-    const auto tools = std::make_shared<TimingTools>(parts.timing, view);
+    const auto tools = std::make_shared<timing::TimingTools>(parts.timing, view);
     Displays displays;
-    displays.push_back(std::make_unique<ClockDisplay>(parts.settings, parts.clock, parts.dayDatabase,
-                                                      handlers, timers, view));
-    displays.push_back(std::make_unique<UsageDisplay>(parts.settings, parts.clock, handlers, timers, view));
-    displays.push_back(std::make_unique<StopwatchDisplay>(tools));
-    displays.push_back(std::make_unique<CountdownDisplay>(tools));
-    displays.push_back(std::make_unique<BatteryDisplay>(*parts.ports.power, handlers, timers, view));
-    displays.push_back(std::make_unique<MemoryDisplay>(*parts.ports.memory, handlers, timers, view));
+    displays.push_back(std::make_unique<displays::ClockDisplay>(parts.settings, parts.clock,
+                                                                parts.dayDatabase, handlers, timers, view));
     displays.push_back(
-        std::make_unique<CdPlayerDisplay>(parts.cdPlayer, handlers, timers, view, parts.openCdPlayer));
+        std::make_unique<displays::UsageDisplay>(parts.settings, parts.clock, handlers, timers, view));
+    displays.push_back(std::make_unique<timing::StopwatchDisplay>(tools));
+    displays.push_back(std::make_unique<timing::CountdownDisplay>(tools));
+    displays.push_back(
+        std::make_unique<displays::BatteryDisplay>(*parts.ports.power, handlers, timers, view));
+    displays.push_back(
+        std::make_unique<displays::MemoryDisplay>(*parts.ports.memory, handlers, timers, view));
+    displays.push_back(
+        std::make_unique<media::CdPlayerDisplay>(parts.cdPlayer, handlers, timers, view, parts.openCdPlayer));
     return displays;
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::app

@@ -11,7 +11,7 @@
 #include "store/day_database.h"
 #include "timing/timing_tools.h"
 
-namespace tickwell {
+namespace tickwell::app {
 
 /// What the displays read from the machine, and nobody but them and the roll. None is null.
 struct DisplayPorts {
@@ -26,16 +26,16 @@ DisplayPorts DisplayPortsOfThisMachine();
 struct DisplaysParts {
     DisplayPorts ports;
     const AppSettings& settings;
-    DayDatabase& dayDatabase;
+    store::DayDatabase& dayDatabase;
     const Clock& clock;
     TimerSource& timers;
     Handlers& handlers;
-    TimingParts timing;
-    CdPlayer& cdPlayer;
+    timing::TimingParts timing;
+    media::CdPlayer& cdPlayer;
     std::function<void()> openCdPlayer;  ///< opens the player's window
 };
 
 /// The displays of the program, in the order of the menu and of the roll. A new display is added here.
 Displays MakeDisplays(const DisplaysParts& parts, const DisplayView& view);
 
-}  // namespace tickwell
+}  // namespace tickwell::app

@@ -11,7 +11,7 @@
 #include "platform/files/file_replacement.h"
 #include "platform/files/unfinished_files.h"
 
-namespace tickwell {
+namespace tickwell::app {
 
 using namespace Qt::StringLiterals;
 
@@ -34,7 +34,7 @@ void Copy(const QString& from, const QString& to) {
     if (master.problem != FileProblem::None) {
         throw RunTimeError(from + u"\r\n" + master.reason);
     }
-    if (const QString reason = ReplaceFile(to, master.bytes); !reason.isEmpty()) {
+    if (const QString reason = platform::ReplaceFile(to, master.bytes); !reason.isEmpty()) {
         throw RunTimeError(to + u"\r\n" + reason);
     }
 }
@@ -46,8 +46,8 @@ void FillNew(const QString& folder, const QString& masters) {
     if (!QDir().mkpath(parent)) {
         throw RunTimeError(parent + u"\r\nフォルダーを作成できません。");
     }
-    const UnfinishedFilesInUse inUse(parent);
-    QTemporaryDir unfinished(UnfinishedTemplate(folder));
+    const platform::UnfinishedFilesInUse inUse(parent);
+    QTemporaryDir unfinished(platform::UnfinishedTemplate(folder));
     if (!unfinished.isValid()) {
         throw RunTimeError(folder + u"\r\n" + unfinished.errorString());
     }
@@ -71,9 +71,9 @@ void FillNew(const QString& folder, const QString& masters) {
 /// Removes unfinished files of starts that were killed.
 void RemoveLitter(const QString& folder) {
     const QStringList names = RequiredFiles() + QStringList{MasterRecord::FileName()};
-    RemoveUnfinished(folder, names);
+    platform::RemoveUnfinished(folder, names);
     for (const QString& name : names) {
-        RemoveUnfinished(folder + u'/' + name);
+        platform::RemoveUnfinished(folder + u'/' + name);
     }
 }
 
@@ -156,4 +156,4 @@ void PrepareFolder(const QString& folder, const QString& masters) {
     }
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::app

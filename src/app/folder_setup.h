@@ -4,7 +4,7 @@
 #include <QString>
 #include <QStringList>
 
-namespace tickwell {
+namespace tickwell::app {
 
 /// Inputs for choosing the program's folder.
 struct FolderChoices {
@@ -41,4 +41,4 @@ QString HelperPath(const QString& executableFolder, const QString& name);
 /// RunTimeError.
 void PrepareFolder(const QString& folder, const QString& masters);
 
-}  // namespace tickwell
+}  // namespace tickwell::app

@@ -4,7 +4,7 @@
 #include <QLinearGradient>
 #include <QPainter>
 
-namespace tickwell {
+namespace tickwell::app {
 
 namespace {
 
@@ -26,4 +26,4 @@ void Gradation::paintEvent(QPaintEvent* /*event*/) {
     QPainter(this).fillRect(rect(), gradient);
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::app

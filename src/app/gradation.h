@@ -3,7 +3,7 @@
 
 #include <QWidget>
 
-namespace tickwell {
+namespace tickwell::app {
 
 /// A background gradient from the palette's window colour to a slight tint of its highlight colour. It stays
 /// dark in dark palettes, so the palette's text colour is readable on it.
@@ -17,4 +17,4 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::app

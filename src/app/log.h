@@ -3,9 +3,9 @@
 
 #include <QLoggingCategory>
 
-namespace tickwell {
+namespace tickwell::app {
 
 /// Warnings by default; QT_LOGGING_RULES="tickwell.app.debug=true" shows all.
 inline Q_LOGGING_CATEGORY(AppLog, "tickwell.app", QtWarningMsg)
 
-}  // namespace tickwell
+}  // namespace tickwell::app

@@ -45,17 +45,17 @@ bool Answered(int argc, char** argv) {
 }  // namespace
 
 int main(int argc, char** argv) {
-    tickwell::KeepHeapSmall();
+    tickwell::platform::KeepHeapSmall();
     if (Answered(argc, argv)) {
         return 0;
     }
     std::signal(SIGXFSZ, SIG_IGN);  // an exceeded file size limit fails the write instead of killing us
-    const tickwell::Inheritance users = tickwell::Inheritance::OfThisProcess();
-    tickwell::DropRelativeFolders();
+    const tickwell::platform::Inheritance users = tickwell::platform::Inheritance::OfThisProcess();
+    tickwell::platform::DropRelativeFolders();
     umask(S_IRWXG | S_IRWXO);  // files are readable by the user only
     std::vector<char*> arguments = ArgumentsForQt(argc, argv);
     int count = static_cast<int>(arguments.size()) - 1;
-    tickwell::SessionBusLook sessionBus;
+    tickwell::platform::SessionBusLook sessionBus;
     const QApplication application(count, arguments.data());
     sessionBus.Finish();
     QCoreApplication::setApplicationName(QStringLiteral("tickwell"));
@@ -71,8 +71,8 @@ int main(int argc, char** argv) {
     if (translator.load(QStringLiteral("qtbase_ja"), QLibraryInfo::path(QLibraryInfo::TranslationsPath))) {
         QCoreApplication::installTranslator(&translator);
     }
-    tickwell::InstallFontSubstitutes();
-    tickwell::InstallMainWindowAccessibility();
+    tickwell::lines::InstallFontSubstitutes();
+    tickwell::shell::InstallMainWindowAccessibility();
     tickwell::Program program(options, users);
     return program.Run();
 }

@@ -10,7 +10,7 @@
 #include "core/regular_file.h"
 #include "platform/files/file_replacement.h"
 
-namespace tickwell {
+namespace tickwell::app {
 
 using namespace Qt::StringLiterals;
 
@@ -63,7 +63,7 @@ void MasterRecord::Write(const QString& folder) const {
         bytes += entry.key().toUtf8() + '\t' + QByteArray::number(entry->size) + '\t' +
                  QByteArray::number(entry->modified) + '\t' + entry->sha256 + '\n';
     }
-    if (const QString reason = ReplaceFile(RecordPath(folder), bytes); !reason.isEmpty()) {
+    if (const QString reason = platform::ReplaceFile(RecordPath(folder), bytes); !reason.isEmpty()) {
         throw RunTimeError(RecordPath(folder) + u"\r\n" + reason);
     }
 }
@@ -87,4 +87,4 @@ void MasterRecord::Set(const QString& name, const QString& masterPath) {
     m_entries.insert(name, {QFileInfo(masterPath).size(), Modified(masterPath), hash});
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::app

@@ -5,7 +5,7 @@
 #include <QMap>
 #include <QString>
 
-namespace tickwell {
+namespace tickwell::app {
 
 /// Size limit of a master, in bytes.
 inline constexpr qint64 kLargestMaster = qint64{64} << 20;
@@ -40,4 +40,4 @@ private:
     QMap<QString, Entry> m_entries;
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::app

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/media.h"
 
-namespace tickwell {
+namespace tickwell::app {
 
 Media::Media(const MediaParts& parts)
     : m_system({.devices = {.drive = parts.drive,
@@ -27,4 +27,4 @@ void Media::Close() {
     m_system.Close();
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::app

@@ -5,18 +5,18 @@
 #include "media/media_system.h"
 #include "media/sound_playback.h"
 
-namespace tickwell {
+namespace tickwell::app {
 
 /// What the sound and disc classes work with; all outlive them.
 struct MediaParts {
     RealTimerSource& realTimers;
     TimerSource& timers;  ///< the program's time
-    SoundOutput& sound;
-    EventWait& wait;
+    media::SoundOutput& sound;
+    media::EventWait& wait;
     MessageBoxes& boxes;
     Handlers& handlers;
-    CdDrive& drive;
-    CdPlayback& playback;
+    media::CdDrive& drive;
+    media::CdPlayback& playback;
     bool& tellsNoCdDrive;  ///< the stored setting
     ProgramFolder folder;
 };
@@ -29,14 +29,14 @@ public:
     /// Stops all sound, then stops and closes the CD drive.
     void Close();
 
-    MediaSystem& System() { return m_system; }
-    SoundPlayback& Sounds() { return m_playback; }
+    media::MediaSystem& System() { return m_system; }
+    media::SoundPlayback& Sounds() { return m_playback; }
 
 private:
-    MediaSystem m_system;
-    WaveMix m_mix;
-    SoundState m_soundState;
-    SoundPlayback m_playback;
+    media::MediaSystem m_system;
+    media::WaveMix m_mix;
+    media::SoundState m_soundState;
+    media::SoundPlayback m_playback;
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::app

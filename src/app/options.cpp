@@ -4,7 +4,7 @@
 #include <QCommandLineParser>
 #include <QFileInfo>
 
-namespace tickwell {
+namespace tickwell::app {
 
 using namespace Qt::StringLiterals;
 
@@ -69,4 +69,4 @@ Options OptionsOf(const QStringList& arguments) {
     return options;
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::app

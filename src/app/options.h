@@ -6,7 +6,7 @@
 #include <QStringList>
 #include <optional>
 
-namespace tickwell {
+namespace tickwell::app {
 
 /// Time controlled by another process; for developers and the program's own tests.
 struct VirtualTimeOption {
@@ -29,4 +29,4 @@ struct Options {
 /// environment variable TICKWELL_CD also names a disc.
 Options OptionsOf(const QStringList& arguments);
 
-}  // namespace tickwell
+}  // namespace tickwell::app

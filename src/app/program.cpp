@@ -11,7 +11,7 @@
 #include "platform/files/base_directories.h"
 #include "platform/files/ini_file_store.h"
 
-namespace tickwell {
+namespace tickwell::app {
 
 using namespace Qt::StringLiterals;
 
@@ -26,12 +26,12 @@ constexpr int kTidyDelay = 2000;  // ms after a window has gone, so that the nex
 
 FolderChoices ChoicesFor(const Options& options) {
     return {options.folder, qEnvironmentVariable("TICKWELL_FOLDER"), QCoreApplication::applicationDirPath(),
-            DataHome()};
+            platform::DataHome()};
 }
 
 }  // namespace
 
-Program::Program(const Options& options, Inheritance users)
+Program::Program(const Options& options, platform::Inheritance users)
     : m_options(options),
       m_handlers(m_boxes),
       m_iconTimer(m_qtTimers.Create(kIconDelay, [this] { ShowIcon(); })),
@@ -42,9 +42,10 @@ Program::Program(const Options& options, Inheritance users)
               options.disc) {
     m_iconTimer->Start();
     if (options.virtualTime) {
-        m_virtualTime = std::make_unique<VirtualTime>(options.virtualTime->wall, options.virtualTime->tick);
-        m_virtualTimePipe = std::make_unique<VirtualTimePipe>(*m_virtualTime, options.virtualTime->readFrom,
-                                                              options.virtualTime->writeTo);
+        m_virtualTime =
+            std::make_unique<platform::VirtualTime>(options.virtualTime->wall, options.virtualTime->tick);
+        m_virtualTimePipe = std::make_unique<platform::VirtualTimePipe>(
+            *m_virtualTime, options.virtualTime->readFrom, options.virtualTime->writeTo);
     }
     const auto save = [this] {
         if (m_running) {
@@ -61,7 +62,7 @@ void Program::ShowIcon() {
 
 void Program::Tidy() {
     m_tidyTimer->Stop();
-    ReturnFreedMemory();
+    platform::ReturnFreedMemory();
 }
 
 int Program::Run() {
@@ -76,10 +77,12 @@ int Program::Run() {
             }
             throw RunTimeError(m_instance->WhyNoAnswer());
         }
-        m_autostart = std::make_unique<AutostartFile>(
-            AutostartFile::Folders(), StartingCommand(QCoreApplication::applicationFilePath(), choices));
-        m_state.started =
-            StartUp(folder, [] { return std::make_unique<IniFileStore>(IniFileStore::UserPath()); });
+        m_autostart = std::make_unique<platform::AutostartFile>(
+            platform::AutostartFile::Folders(),
+            StartingCommand(QCoreApplication::applicationFilePath(), choices));
+        m_state.started = StartUp(folder, [] {
+            return std::make_unique<platform::IniFileStore>(platform::IniFileStore::UserPath());
+        });
         Start();
     } catch (const RunTimeError& error) {
         Fail(error.Reason());
@@ -100,9 +103,10 @@ void Program::Start() {
         m_running->ComeForward(true);
     }
     if (m_state.started.imported) {
-        m_boxes.Show(m_running->MainWindow(),
-                     {MessageIcon::Information, u"Tickwell"_s, JetImportText(*m_state.started.imported)},
-                     [] {});
+        m_boxes.Show(
+            m_running->MainWindow(),
+            {MessageIcon::Information, u"Tickwell"_s, store::JetImportText(*m_state.started.imported)},
+            [] {});
     }
 }
 
@@ -135,4 +139,4 @@ void Program::Fail(const QString& reason) {
                  [] { QCoreApplication::exit(1); });
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::app

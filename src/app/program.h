@@ -22,7 +22,7 @@
 #include "platform/time/system_time_jumps.h"
 #include "platform/time/virtual_time_pipe.h"
 
-namespace tickwell {
+namespace tickwell::app {
 
 /// The whole program on a real machine: it builds ports and state, starts up, and hands both to what then
 /// runs. One instance, made by main.
@@ -31,7 +31,7 @@ class Program : public QObject {
 
 public:
     /// `users`: what the user's desktop started this process with, and tools are started with.
-    Program(const Options& options, Inheritance users);
+    Program(const Options& options, platform::Inheritance users);
 
     /// Runs until the main window closes; the exit code of the process.
     int Run();
@@ -44,26 +44,26 @@ private:
     void Fail(const QString& reason);
 
     Options m_options;
-    QtMessageBoxes m_boxes;
+    platform::QtMessageBoxes m_boxes;
     Handlers m_handlers;
-    SystemClock m_systemClock;
-    QtTimers m_qtTimers;
-    SystemTimeJumps m_systemJumps;
+    platform::SystemClock m_systemClock;
+    platform::QtTimers m_qtTimers;
+    platform::SystemTimeJumps m_systemJumps;
     std::unique_ptr<Timer> m_iconTimer;
     std::unique_ptr<Timer> m_tidyTimer;
-    QtTray m_tray{[] { return ProgramIcon(); }};
-    X11Stack m_stack;
-    DesktopPrograms m_starter;
-    HelperPrinter m_printer;
-    SdlSoundOutput m_sound;
-    QtEventWait m_wait;
-    std::unique_ptr<VirtualTime> m_virtualTime;
-    std::unique_ptr<VirtualTimePipe> m_virtualTimePipe;
+    platform::QtTray m_tray{[] { return ProgramIcon(); }};
+    platform::X11Stack m_stack;
+    platform::DesktopPrograms m_starter;
+    platform::HelperPrinter m_printer;
+    platform::SdlSoundOutput m_sound;
+    platform::QtEventWait m_wait;
+    std::unique_ptr<platform::VirtualTime> m_virtualTime;
+    std::unique_ptr<platform::VirtualTimePipe> m_virtualTimePipe;
     std::unique_ptr<SingleInstance> m_instance;
     std::unique_ptr<Autostart> m_autostart;
-    CdHelperDrive m_drive;
+    platform::CdHelperDrive m_drive;
     ProgramState m_state;
     std::unique_ptr<RunningProgram> m_running;
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::app

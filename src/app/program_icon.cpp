@@ -4,7 +4,7 @@
 #include <QImageReader>
 #include <QPixmap>
 
-namespace tickwell {
+namespace tickwell::app {
 
 QIcon ProgramIcon(int largest) {
     QIcon icon;
@@ -19,4 +19,4 @@ QIcon ProgramIcon(int largest) {
     return icon;
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::app

@@ -3,9 +3,9 @@
 
 #include <QIcon>
 
-namespace tickwell {
+namespace tickwell::app {
 
 /// The program's icon in its drawn sizes from 16 to 256 pixels, up to `largest`.
 QIcon ProgramIcon(int largest = 256);
 
-}  // namespace tickwell
+}  // namespace tickwell::app

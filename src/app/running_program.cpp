@@ -3,7 +3,7 @@
 
 #include "app/log.h"
 
-namespace tickwell {
+namespace tickwell::app {
 
 RunningProgram::RunningProgram(const ProgramPorts& ports, ProgramState& state, std::function<void()> closed)
     : m_ports(ports),
@@ -23,7 +23,7 @@ RunningProgram::RunningProgram(const ProgramPorts& ports, ProgramState& state, s
 void RunningProgram::Start() {
     m_media.System().OpenAtStart();
     m_windows = std::make_unique<Windows>(PartsOfWindows());
-    m_form = std::make_unique<Form1>(PartsOfMainWindow());
+    m_form = std::make_unique<shell::Form1>(PartsOfMainWindow());
     m_windows->SetMainWindow(*m_form);
     try {
         m_form->Form_Load();
@@ -35,7 +35,7 @@ void RunningProgram::Start() {
 }
 
 WindowsParts RunningProgram::PartsOfWindows() {
-    SoundPlayback& sounds = m_media.Sounds();
+    media::SoundPlayback& sounds = m_media.Sounds();
     return {.dayDatabase = m_state.started.dayDatabase,
             .clock = m_ports.clock,
             .timers = m_ports.timers,
@@ -51,8 +51,8 @@ WindowsParts RunningProgram::PartsOfWindows() {
             .gone = m_ports.windowGone};
 }
 
-MainWindowParts RunningProgram::PartsOfMainWindow() {
-    SoundPlayback& sounds = m_media.Sounds();
+shell::MainWindowParts RunningProgram::PartsOfMainWindow() {
+    media::SoundPlayback& sounds = m_media.Sounds();
     return {.settings = m_state.started.settings,
             .further = m_state.started.further,
             .store = *m_state.started.store,
@@ -83,8 +83,8 @@ DisplaysParts RunningProgram::PartsOfDisplays() {
             .openCdPlayer = [this] { m_windows->OpenCdPlayer(); }};
 }
 
-TimingParts RunningProgram::Timing() {
-    Multimedia& media = m_media.System().Commands();
+timing::TimingParts RunningProgram::Timing() {
+    media::Multimedia& media = m_media.System().Commands();
     const auto sendCommand = [&media](const QString& command) { media.MciSend(command, true); };
     return {.stopwatch = m_state.stopwatch,
             .countdown = m_state.countdown,
@@ -130,4 +130,4 @@ void RunningProgram::SaveForSessionEnd() {
     }
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::app

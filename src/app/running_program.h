@@ -10,7 +10,7 @@
 #include "app/windows.h"
 #include "shell/main_window.h"
 
-namespace tickwell {
+namespace tickwell::app {
 
 /// The machine and its desktop, as the program meets them; all outlive it.
 struct ProgramPorts {
@@ -25,10 +25,10 @@ struct ProgramPorts {
     ProgramStarter& starter;
     Autostart& autostart;
     Printer& printer;
-    SoundOutput& sound;
-    EventWait& wait;
-    CdDrive& drive;
-    CdPlayback& playback;
+    media::SoundOutput& sound;
+    media::EventWait& wait;
+    media::CdDrive& drive;
+    media::CdPlayback& playback;
     DisplayPorts display;
     std::function<void()> windowGone = [] {};  ///< told of each window and menu that goes
 };
@@ -36,8 +36,8 @@ struct ProgramPorts {
 /// What the program keeps while it runs; outlives it as well.
 struct ProgramState {
     Started started;
-    StopwatchState stopwatch;
-    CountdownState countdown;
+    timing::StopwatchState stopwatch;
+    timing::CountdownState countdown;
 };
 
 /// The program from the end of its start-up to the close of its main window: sound and discs, the main window
@@ -61,13 +61,13 @@ public:
     /// Null before Start.
     const QObject* MainWindow() const { return m_form.get(); }
 
-    const CdPlayer& Player() { return m_media.System().Player(); }
+    const media::CdPlayer& Player() { return m_media.System().Player(); }
 
 private:
     WindowsParts PartsOfWindows();
-    MainWindowParts PartsOfMainWindow();
+    shell::MainWindowParts PartsOfMainWindow();
     DisplaysParts PartsOfDisplays();
-    TimingParts Timing();
+    timing::TimingParts Timing();
     void MainWindowClosed();
 
     ProgramPorts m_ports;
@@ -75,7 +75,7 @@ private:
     std::function<void()> m_closed;
     Media m_media;
     std::unique_ptr<Windows> m_windows;
-    std::unique_ptr<Form1> m_form;
+    std::unique_ptr<shell::Form1> m_form;
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::app

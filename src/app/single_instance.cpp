@@ -9,7 +9,7 @@
 #include "core/errors.h"
 #include "platform/files/base_directories.h"
 
-namespace tickwell {
+namespace tickwell::app {
 
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
@@ -25,7 +25,7 @@ constexpr auto kMenu = "menu\n";
 QString SocketPath(const QString& folder) {
     const QByteArray path = QFileInfo(folder).canonicalFilePath().toUtf8();
     const QByteArray hash = QCryptographicHash::hash(path, QCryptographicHash::Sha256).toHex().first(16);
-    return u"%1/tickwell-%2-%3"_s.arg(RuntimeFolder()).arg(getuid()).arg(QLatin1StringView(hash));
+    return u"%1/tickwell-%2-%3"_s.arg(platform::RuntimeFolder()).arg(getuid()).arg(QLatin1StringView(hash));
 }
 
 }  // namespace
@@ -38,11 +38,11 @@ SingleInstance::SingleInstance(const QString& folder)
 
 bool SingleInstance::Acquire() {
     switch (m_lock.Take()) {
-        case FileLock::Outcome::Taken:
+        case platform::FileLock::Outcome::Taken:
             break;
-        case FileLock::Outcome::HeldElsewhere:
+        case platform::FileLock::Outcome::HeldElsewhere:
             return false;
-        case FileLock::Outcome::Impossible:
+        case platform::FileLock::Outcome::Impossible:
             throw RunTimeError(u"プログラムのフォルダーに書き込めません。\r\n"_s + m_lockFile);
     }
     // An existing socket is left over from a killed process, because we hold the lock. Without a socket the
@@ -52,21 +52,21 @@ bool SingleInstance::Acquire() {
 }
 
 bool SingleInstance::CallFirst(bool withMenu) const {
-    return SayWord(m_socketFile, withMenu ? kMenu : kForward, kPatience);
+    return platform::SayWord(m_socketFile, withMenu ? kMenu : kForward, kPatience);
 }
 
 QString SingleInstance::WhyNoAnswer() const {
     const QString beginning = u"すでに起動していますが、応答がありません。\r\n"_s + m_socketFile + u"\r\n";
-    switch (SocketPlaceOf(m_socketFile)) {
-        case SocketPlace::Taken:
+    switch (platform::SocketPlaceOf(m_socketFile)) {
+        case platform::SocketPlace::Taken:
             return beginning +
                    u"連絡用のソケットの場所に別のものがあります。それを移動または削除し、"
                    u"起動中の Tickwell を終了してから、もう一度起動してください。";
-        case SocketPlace::Free:
+        case platform::SocketPlace::Free:
             return beginning +
                    u"連絡用のソケットがありません。起動中の Tickwell を終了してから、"
                    u"もう一度起動してください。";
-        case SocketPlace::OwnSocket:
+        case platform::SocketPlace::OwnSocket:
             break;
     }
     return beginning +
@@ -80,4 +80,4 @@ void SingleInstance::Hear(const QByteArray& word) {
     }
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::app

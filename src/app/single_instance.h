@@ -6,7 +6,7 @@
 #include "platform/files/file_lock.h"
 #include "platform/processes/word_socket.h"
 
-namespace tickwell {
+namespace tickwell::app {
 
 /// One running program per folder. A lock file in the folder decides which process is the first. Through a
 /// local socket a second start asks it to come to the foreground or to open its menu as well. Connections of
@@ -38,8 +38,8 @@ private:
 
     QString m_socketFile;
     QString m_lockFile;
-    FileLock m_lock;
-    WordSocket m_socket;
+    platform::FileLock m_lock;
+    platform::WordSocket m_socket;
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::app

@@ -9,7 +9,7 @@
 #include "store/day_files.h"
 #include "store/day_recovery.h"
 
-namespace tickwell {
+namespace tickwell::app {
 
 using namespace Qt::StringLiterals;
 
@@ -19,18 +19,18 @@ namespace {
 void RequireFiles(const ProgramFolder& folder) {
     for (const QString& name : RequiredFiles()) {
         if (!QFileInfo::exists(folder.PathOf(name))) {
-            throw RunTimeError(name == kLiveFile ? WithNamedCopies(folder, name) : name);
+            throw RunTimeError(name == store::kLiveFile ? store::WithNamedCopies(folder, name) : name);
         }
     }
 }
 
 void OpenTheDays(Started& started) {
-    const QString path = started.folder.PathOf(kLiveFile);
+    const QString path = started.folder.PathOf(store::kLiveFile);
     try {
-        started.imported = ImportJetFile(path);
-        started.dayDatabase = DayDatabase(path, kLiveFile);
+        started.imported = store::ImportJetFile(path);
+        started.dayDatabase = store::DayDatabase(path, store::kLiveFile);
     } catch (const RunTimeError& error) {
-        throw RunTimeError(WithNamedCopies(started.folder, started.folder.Shortened(error.Reason())));
+        throw RunTimeError(store::WithNamedCopies(started.folder, started.folder.Shortened(error.Reason())));
     }
 }
 
@@ -39,7 +39,7 @@ void OpenTheDays(Started& started) {
 Started StartUp(const QString& folder, const std::function<std::unique_ptr<SettingsStore>()>& openStore) {
     Started started;
     started.folder = ProgramFolder::Entered(folder);
-    RecoverDayDatabase(started.folder);
+    store::RecoverDayDatabase(started.folder);
     RequireFiles(started.folder);
     OpenTheDays(started);
     started.store = openStore();
@@ -52,4 +52,4 @@ QString StartUpFailureText(const QString& reason) {
     return u"実行に必要なファイルまたは情報が見つかりません。\r\n"_s + reason;
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::app

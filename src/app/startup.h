@@ -12,16 +12,17 @@
 #include "store/day_database.h"
 #include "store/jet/jet_import.h"
 
-namespace tickwell {
+namespace tickwell::app {
 
 /// The results of start-up, kept while the program runs.
 struct Started {
     ProgramFolder folder;
     std::unique_ptr<SettingsStore> store;
-    DayDatabase dayDatabase;
+    store::DayDatabase dayDatabase;
     AppSettings settings;
     FurtherSettings further;
-    std::optional<JetImportSummary> imported;  ///< set if a day database in the older format was imported
+    std::optional<store::JetImportSummary>
+        imported;  ///< set if a day database in the older format was imported
 };
 
 /// Start-up until the first window, strictly in this order: changes to the program's folder, recovers from an
@@ -32,4 +33,4 @@ Started StartUp(const QString& folder, const std::function<std::unique_ptr<Setti
 /// The text of the message box after a failed start-up.
 QString StartUpFailureText(const QString& reason);
 
-}  // namespace tickwell
+}  // namespace tickwell::app

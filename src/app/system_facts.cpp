@@ -8,7 +8,7 @@
 #include <QStyle>
 #include <QSysInfo>
 
-namespace tickwell {
+namespace tickwell::app {
 
 using namespace Qt::StringLiterals;
 
@@ -47,4 +47,4 @@ SystemFacts FactsOfThisMachine() {
     return facts;
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::app

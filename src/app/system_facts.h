@@ -3,10 +3,10 @@
 
 #include "app/about_text.h"
 
-namespace tickwell {
+namespace tickwell::app {
 
 /// The facts of this machine and session. Needs a QApplication. Contains no name of the user, the machine or
 /// a folder.
 SystemFacts FactsOfThisMachine();
 
-}  // namespace tickwell
+}  // namespace tickwell::app

@@ -5,7 +5,7 @@
 #include <QRect>
 #include <QWidget>
 
-namespace tickwell {
+namespace tickwell::app {
 
 /// The position for a rectangle of this size on `screen` that covers neither `opener` nor any of `taken` and
 /// is as near to `opener` as possible; at equal distance preferably below it, else above, to the right or to
@@ -20,4 +20,4 @@ void PlaceNear(QWidget& window, const QWidget& opener);
 /// If an application-modal window is open, keeps this window usable in spite of it; otherwise does nothing.
 void LetThroughModal(QWidget& window);
 
-}  // namespace tickwell
+}  // namespace tickwell::app

@@ -6,7 +6,7 @@
 
 #include "app/window_placing.h"
 
-namespace tickwell {
+namespace tickwell::app {
 
 using namespace Qt::StringLiterals;
 
@@ -25,11 +25,12 @@ Windows::~Windows() {
     delete m_cdPlayer;
 }
 
-OtherWindows Windows::Openers() {
-    OtherWindows openers;
+shell::OtherWindows Windows::Openers() {
+    shell::OtherWindows openers;
     openers.calendar = [this] {
         Open(m_calendar, [this] {
-            auto calendar = std::make_unique<Form5>(CalendarWindowParts{.dayDatabase = m_parts.dayDatabase,
+            auto calendar =
+                std::make_unique<days::Form5>(days::CalendarWindowParts{.dayDatabase = m_parts.dayDatabase,
                                                                         .list = m_dayList,
                                                                         .clock = m_parts.clock,
                                                                         .boxes = m_parts.boxes,
@@ -37,7 +38,7 @@ OtherWindows Windows::Openers() {
                                                                         .help = m_help,
                                                                         .book = Book(),
                                                                         .timers = m_parts.timers},
-                                                    nullptr);
+                                              nullptr);
             calendar->Form_Load();
             return calendar;
         });
@@ -59,7 +60,7 @@ OtherWindows Windows::Openers() {
 
 void Windows::OpenCdPlayer() {
     Open(m_cdPlayer,
-         [this] { return std::make_unique<CDForm>(m_parts.cdPlayer, m_parts.handlers, nullptr); });
+         [this] { return std::make_unique<media::CDForm>(m_parts.cdPlayer, m_parts.handlers, nullptr); });
 }
 
 /// Opened again while it is open, a window comes forward.
@@ -77,25 +78,25 @@ void Windows::Open(QPointer<Window>& window, Make make) {
     window->activateWindow();
 }
 
-BookWindows Windows::Book() {
-    const AnniversaryBook book({.dayDatabase = m_parts.dayDatabase,
-                                .list = m_dayList,
-                                .changes = *m_mainWindow,
-                                .clock = m_parts.clock,
-                                .boxes = m_parts.boxes,
-                                .handlers = m_parts.handlers,
-                                .timers = m_parts.timers});
-    return {[book](QDate date, QWidget* calendar, BookWindows::Closed closed) {
+days::BookWindows Windows::Book() {
+    const book::AnniversaryBook book({.dayDatabase = m_parts.dayDatabase,
+                                      .list = m_dayList,
+                                      .changes = *m_mainWindow,
+                                      .clock = m_parts.clock,
+                                      .boxes = m_parts.boxes,
+                                      .handlers = m_parts.handlers,
+                                      .timers = m_parts.timers});
+    return {[book](QDate date, QWidget* calendar, days::BookWindows::Closed closed) {
                 book.OpenEditor(date, calendar, std::move(closed));
             },
-            [book](QWidget* calendar, BookWindows::Closed closed) {
+            [book](QWidget* calendar, days::BookWindows::Closed closed) {
                 book.OpenDeletion(calendar, std::move(closed));
             },
             [book](QWidget* calendar) { book.OpenSearch(calendar); }};
 }
 
-std::unique_ptr<Form2> Windows::MakeSettings() {
-    SettingsOperations operations;
+std::unique_ptr<settings_ui::Form2> Windows::MakeSettings() {
+    settings_ui::SettingsOperations operations;
     operations.apply = [this] { m_mainWindow->ApplySettings(); };
     operations.refresh = [this](bool flag) {
         if (flag) {
@@ -107,18 +108,19 @@ std::unique_ptr<Form2> Windows::MakeSettings() {
         m_compaction.Start(m_settings, std::move(done));
     };
     operations.holdKeepTop = [this](bool held) { m_mainWindow->HoldKeepTop(held); };
-    return std::make_unique<Form2>(SettingsParts{.displays = m_mainWindow->AllDisplays(),
-                                                 .settings = m_parts.settings,
-                                                 .further = m_parts.further,
-                                                 .clock = m_parts.clock,
-                                                 .timers = m_parts.timers,
-                                                 .handlers = m_parts.handlers,
-                                                 .help = m_settingsHelp,
-                                                 .autostart = m_parts.autostart,
-                                                 .operations = operations});
+    return std::make_unique<settings_ui::Form2>(
+        settings_ui::SettingsParts{.displays = m_mainWindow->AllDisplays(),
+                                   .settings = m_parts.settings,
+                                   .further = m_parts.further,
+                                   .clock = m_parts.clock,
+                                   .timers = m_parts.timers,
+                                   .handlers = m_parts.handlers,
+                                   .help = m_settingsHelp,
+                                   .autostart = m_parts.autostart,
+                                   .operations = operations});
 }
 
-void Windows::SetMainWindow(Form1& mainWindow) {
+void Windows::SetMainWindow(shell::Form1& mainWindow) {
     m_mainWindow = &mainWindow;
     mainWindow.installEventFilter(&m_hideWatch);
     for (QMenu* menu : mainWindow.findChildren<QMenu*>()) {
@@ -144,4 +146,4 @@ void UnblockedHelp::ShowTopic(int topic) {
     LetThroughModal(*m_desk.Window());
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::app

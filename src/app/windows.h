@@ -15,11 +15,11 @@
 #include "settings_ui/settings_window.h"
 #include "shell/main_window.h"
 
-namespace tickwell {
+namespace tickwell::app {
 
 /// What the windows work with; all outlive them.
 struct WindowsParts {
-    DayDatabase& dayDatabase;
+    store::DayDatabase& dayDatabase;
     const Clock& clock;
     TimerSource& timers;
     Handlers& handlers;
@@ -29,7 +29,7 @@ struct WindowsParts {
     AppSettings& settings;
     FurtherSettings& further;
     ProgramFolder folder;
-    CdPlayer& cdPlayer;
+    media::CdPlayer& cdPlayer;
     std::function<void(const QString& soundName)> listen;  ///< plays a sound once
     std::function<void()> gone;                            ///< told of each window and menu that goes
 };
@@ -38,11 +38,11 @@ struct WindowsParts {
 class UnblockedHelp : public HelpViewer {
 public:
     /// `desk` outlives this object.
-    explicit UnblockedHelp(HelpDesk& desk) : m_desk(desk) {}
+    explicit UnblockedHelp(help::HelpDesk& desk) : m_desk(desk) {}
     void ShowTopic(int topic) override;
 
 private:
-    HelpDesk& m_desk;
+    help::HelpDesk& m_desk;
 };
 
 /// Tells when one of the windows it watches is no longer shown.
@@ -67,7 +67,7 @@ public:
 
     /// The ways to open them, for the main window's menu. Not to be used before SetMainWindow or after this
     /// object's end.
-    OtherWindows Openers();
+    shell::OtherWindows Openers();
 
     void OpenCdPlayer();
 
@@ -77,25 +77,25 @@ public:
     void Place(QWidget& window);
 
     /// The window beside which the others open; it outlives them.
-    void SetMainWindow(Form1& mainWindow);
+    void SetMainWindow(shell::Form1& mainWindow);
 
 private:
     template <typename Window, typename Make>
     void Open(QPointer<Window>& window, Make make);
-    BookWindows Book();
-    std::unique_ptr<Form2> MakeSettings();
+    days::BookWindows Book();
+    std::unique_ptr<settings_ui::Form2> MakeSettings();
 
     WindowsParts m_parts;
     HideWatch m_hideWatch{m_parts.gone};
-    Form1* m_mainWindow = nullptr;
-    HelpDesk m_help;
+    shell::Form1* m_mainWindow = nullptr;
+    help::HelpDesk m_help;
     UnblockedHelp m_settingsHelp{m_help};
     QPointer<frmAbout> m_about;
-    DayList m_dayList;
-    QPointer<Form5> m_calendar;
-    QPointer<Form2> m_settings;
-    QPointer<CDForm> m_cdPlayer;
+    days::DayList m_dayList;
+    QPointer<days::Form5> m_calendar;
+    QPointer<settings_ui::Form2> m_settings;
+    QPointer<media::CDForm> m_cdPlayer;
     BackgroundCompaction m_compaction;
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::app

@@ -7,7 +7,7 @@
 #include "book/search_window.h"
 #include "core/errors.h"
 
-namespace tickwell {
+namespace tickwell::book {
 
 void AnniversaryBook::OpenEditor(QDate date, QWidget* calendar, Closed closed) const {
     std::unique_ptr<Form6> editor;
@@ -35,4 +35,4 @@ void AnniversaryBook::Open(QDialog* window, QWidget* calendar, Closed closed) co
     window->open();  // modal to the calendar only: the main window stays usable
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::book

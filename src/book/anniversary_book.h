@@ -6,7 +6,7 @@
 
 #include "book/book_parts.h"
 
-namespace tickwell {
+namespace tickwell::book {
 
 /// Opens the windows of the anniversary book, each modal to the calendar.
 class AnniversaryBook {
@@ -30,4 +30,4 @@ private:
     BookParts m_parts;
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::book

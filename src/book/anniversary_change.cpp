@@ -11,7 +11,7 @@
 #include "store/large_cache.h"
 #include "store/sql_quoting.h"
 
-namespace tickwell {
+namespace tickwell::book {
 
 using namespace Qt::StringLiterals;
 
@@ -25,8 +25,8 @@ constexpr double kPhases = 3;
 
 constexpr QStringView kTable = u"Kinenbi";
 
-RowDigest DigestOfRow(const Anniversary& row) {
-    return DigestOf({row.name, row.year, row.month, row.day, row.week});
+store::RowDigest DigestOfRow(const days::Anniversary& row) {
+    return store::DigestOf({row.name, row.year, row.month, row.day, row.week});
 }
 
 RunTimeError ChangedElsewhere() {
@@ -36,8 +36,8 @@ RunTimeError ChangedElsewhere() {
 
 }  // namespace
 
-AnniversaryChange::AnniversaryChange(DayDatabase& database, ListedRows rows, std::vector<bool> isMeant,
-                                     Change change)
+AnniversaryChange::AnniversaryChange(store::DayDatabase& database, days::ListedRows rows,
+                                     std::vector<bool> isMeant, Change change)
     : m_database(database),
       m_rows(std::move(rows)),
       m_isMeant(std::move(isMeant)),
@@ -72,7 +72,7 @@ bool AnniversaryChange::Step() {
     if (IsGivenUp()) {
         return true;
     }
-    const ChangeMark mark = m_database.Mark();
+    const store::ChangeMark mark = m_database.Mark();
     if (std::exchange(m_mark, mark) != mark) {
         Begin();
     }
@@ -82,7 +82,7 @@ bool AnniversaryChange::Step() {
     if (m_phase == Phase::Sorting && m_targets.Sort()) {
         BeginSearch();
     }
-    return m_phase == Phase::Searching && Search() && Write();
+    return m_phase == Phase::Searching && days::Search() && Write();
 }
 
 double AnniversaryChange::Part() const {
@@ -118,7 +118,7 @@ bool AnniversaryChange::Read() {
 }
 
 void AnniversaryChange::ReadRow(int row) {
-    const std::optional<DayListRow> read = m_rows.Read(row);
+    const std::optional<days::DayListRow> read = m_rows.Read(row);
     if (read && !read->itself) {
         AddTarget(*read);
     } else if (read && m_database.ReadRow(kTable, *read->itself)) {
@@ -128,11 +128,11 @@ void AnniversaryChange::ReadRow(int row) {
     }
 }
 
-void AnniversaryChange::AddTarget(const DayListRow& row) {
-    const Anniversary target = AnniversaryOf(row);
+void AnniversaryChange::AddTarget(const days::DayListRow& row) {
+    const days::Anniversary target = AnniversaryOf(row);
     const QString select = SelectSql(target);
-    if (!IsQuotable(target.name)) {
-        CompileSql(select);  // throws the reason
+    if (!store::IsQuotable(target.name)) {
+        store::CompileSql(select);  // throws the reason
     }
     m_target = m_targetCount == 0 ? select : QString();
     ++m_targetCount;
@@ -145,17 +145,17 @@ void AnniversaryChange::BeginSearch() {
         m_search.emplace(m_target);
         return;
     }
-    m_search.emplace(kTable, [this](const RowDigest& digest) { return m_targets.Contains(digest); });
+    m_search.emplace(kTable, [this](const store::RowDigest& digest) { return m_targets.Contains(digest); });
 }
 
 bool AnniversaryChange::Search() {
     if (!m_targets.IsEmpty() && !m_search->Step(m_database)) {
         return false;
     }
-    const FoundRows found = m_search->Take();
+    const store::FoundRows found = m_search->Take();
     const bool isSorted = m_keys.empty();  // the results are sorted
     m_keys.reserve(m_keys.size() + static_cast<std::size_t>(found.size()));
-    for (const FoundRow& row : found) {
+    for (const store::FoundRow& row : found) {
         m_keys.push_back(row.key);
     }
     if (!isSorted) {
@@ -173,15 +173,15 @@ bool AnniversaryChange::Write() {
     }
     m_lent = std::move(m_database);
     m_writing = std::async(std::launch::async, [this] {
-        const LargeCache cache(m_lent);
+        const store::LargeCache cache(m_lent);
         return WriteAll(m_lent);
     });
     return false;
 }
 
 /// Nothing has been locked so far: another program may have written since the last check.
-AnniversaryChange::Outcome AnniversaryChange::WriteAll(DayDatabase& database) {
-    DayTransaction transaction(database);
+AnniversaryChange::Outcome AnniversaryChange::WriteAll(store::DayDatabase& database) {
+    store::DayTransaction transaction(database);
     if (database.Mark() != m_mark) {
         return Outcome::Outdated;
     }
@@ -218,4 +218,4 @@ bool AnniversaryChange::End(Outcome outcome) {
     return true;
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::book

@@ -14,7 +14,7 @@
 #include "days/listed_rows.h"
 #include "store/row_search.h"
 
-namespace tickwell {
+namespace tickwell::book {
 
 /// Changes or deletes anniversaries: for each selected row of the day list, all stored rows equal to the
 /// parsed list row, which may be none or other ones (WeekOfListText). A row that no statement can select is
@@ -29,10 +29,11 @@ namespace tickwell {
 class AnniversaryChange : public SlicedWork {
 public:
     /// Changes the row of Kinenbi with that key; called in any thread.
-    using Change = std::function<void(DayDatabase& database, qint64 key)>;
+    using Change = std::function<void(store::DayDatabase& database, qint64 key)>;
 
     /// `isMeant`: whether each of `rows` is selected. `database` outlives the work.
-    AnniversaryChange(DayDatabase& database, ListedRows rows, std::vector<bool> isMeant, Change change);
+    AnniversaryChange(store::DayDatabase& database, days::ListedRows rows, std::vector<bool> isMeant,
+                      Change change);
 
     /// Rolls back what is not stored yet, and waits for that.
     ~AnniversaryChange() override;
@@ -47,30 +48,30 @@ private:
     void Begin();
     bool Read();
     void ReadRow(int row);
-    void AddTarget(const DayListRow& row);
+    void AddTarget(const days::DayListRow& row);
     void BeginSearch();
-    bool Search();
+    bool days::Search();
     bool Write();
-    Outcome WriteAll(DayDatabase& database);
+    Outcome WriteAll(store::DayDatabase& database);
     bool EndWriting();
     bool End(Outcome outcome);
 
-    DayDatabase& m_database;
-    ListedRows m_rows;
+    store::DayDatabase& m_database;
+    days::ListedRows m_rows;
     std::vector<bool> m_isMeant;
     Change m_change;
     Phase m_phase = Phase::Reading;
-    std::optional<ChangeMark> m_mark;
+    std::optional<store::ChangeMark> m_mark;
     int m_unread = 0;     // rows of the list not read yet
     DigestSet m_targets;  // digests of the stored rows to change
     int m_targetCount = 0;
     QString m_target;            // the statement that selects them, if there is only one target
     std::vector<qint64> m_keys;  // of the stored rows to change
-    std::optional<RowSearch> m_search;
+    std::optional<store::RowSearch> m_search;
     std::atomic<std::size_t> m_written = 0;
-    DayDatabase m_lent;  // open while the thread writes
+    store::DayDatabase m_lent;  // open while the thread writes
     std::future<Outcome> m_writing;
     std::exception_ptr m_error;  // thrown after the other rows are stored
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::book

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "book/anniversary_deletion.h"
 
-namespace tickwell {
+namespace tickwell::book {
 
 using namespace Qt::StringLiterals;
 
@@ -9,11 +9,11 @@ QString TickedText(qsizetype ticked) {
     return u"現在 "_s + QString::number(ticked) + u"項目";
 }
 
-std::unique_ptr<AnniversaryChange> DeletionOf(DayDatabase& database, ListedRows rows,
+std::unique_ptr<AnniversaryChange> DeletionOf(store::DayDatabase& database, days::ListedRows rows,
                                               std::vector<bool> isTicked) {
     return std::make_unique<AnniversaryChange>(
         database, std::move(rows), std::move(isTicked),
-        [](DayDatabase& opened, qint64 key) { opened.DeleteRow(u"Kinenbi", key); });
+        [](store::DayDatabase& opened, qint64 key) { opened.DeleteRow(u"Kinenbi", key); });
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::book

@@ -7,13 +7,13 @@
 
 #include "book/anniversary_change.h"
 
-namespace tickwell {
+namespace tickwell::book {
 
 /// The number of ticked entries: "現在 2項目".
 QString TickedText(qsizetype ticked);
 
 /// Deletes the ticked rows of the list. `isTicked`: one per element of `rows`.
-std::unique_ptr<AnniversaryChange> DeletionOf(DayDatabase& database, ListedRows rows,
+std::unique_ptr<AnniversaryChange> DeletionOf(store::DayDatabase& database, days::ListedRows rows,
                                               std::vector<bool> isTicked);
 
-}  // namespace tickwell
+}  // namespace tickwell::book

@@ -5,7 +5,7 @@
 
 #include "days/day_rule.h"
 
-namespace tickwell {
+namespace tickwell::book {
 
 using namespace Qt::StringLiterals;
 
@@ -20,7 +20,7 @@ struct End {
           year(QString::number(yearNumber)),
           month(QString::number(monthNumber)),
           day(QString::number(dayNumber)),
-          week(QString::number(WeekCode(date))) {}
+          week(QString::number(days::WeekCode(date))) {}
 
     int yearNumber;
     int monthNumber;
@@ -98,7 +98,7 @@ std::array<QString, 3> SearchTexts(const SearchConditions& conditions) {
     return texts;
 }
 
-AnniversarySearch::AnniversarySearch(DayDatabase& database, const SearchConditions& conditions)
+AnniversarySearch::AnniversarySearch(store::DayDatabase& database, const SearchConditions& conditions)
     : m_database(database), m_texts(SearchTexts(conditions)) {
     Begin();
 }
@@ -117,7 +117,7 @@ bool AnniversarySearch::Step() {
     if (IsGivenUp()) {
         return true;
     }
-    const ChangeMark mark = m_database.Mark();
+    const store::ChangeMark mark = m_database.Mark();
     if (std::exchange(m_mark, mark) != mark) {
         Begin();  // all four results must belong to the same state
     }
@@ -129,17 +129,17 @@ bool AnniversarySearch::Step() {
 
 double AnniversarySearch::Part() const {
     double done = 0;
-    for (const RowSearch& search : m_searches) {
+    for (const store::RowSearch& search : m_searches) {
         done += search.Part();
     }
     return done / static_cast<double>(m_searches.size());
 }
 
 SearchFinds AnniversarySearch::TakeFinds() {
-    const QList<ListedPart> parts{{m_searches[0].Take(), RowForm::OneDay},
-                                  {m_searches[1].Take(), RowForm::EveryYear},
-                                  {m_searches[2].Take(), RowForm::EveryMonth}};
-    return {ListedRows(m_database, parts), m_searches[3].Count()};
+    const QList<days::ListedPart> parts{{m_searches[0].Take(), days::RowForm::OneDay},
+                                        {m_searches[1].Take(), days::RowForm::EveryYear},
+                                        {m_searches[2].Take(), days::RowForm::EveryMonth}};
+    return {days::ListedRows(m_database, parts), m_searches[3].Count()};
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::book

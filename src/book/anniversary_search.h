@@ -11,7 +11,7 @@
 #include "days/listed_rows.h"
 #include "store/row_search.h"
 
-namespace tickwell {
+namespace tickwell::book {
 
 /// The first and last day of the search.
 struct SearchRange {
@@ -30,7 +30,7 @@ struct SearchConditions {
 
 /// The result of a search: rows for the list, and the number of anniversaries searched.
 struct SearchFinds {
-    ListedRows rows;
+    days::ListedRows rows;
     int searched = 0;
 };
 
@@ -47,7 +47,7 @@ class AnniversarySearch : public SlicedWork {
 public:
     /// `database` outlives the search and the rows that it finds. Throws SqlError if the conditions do not
     /// form a valid statement.
-    AnniversarySearch(DayDatabase& database, const SearchConditions& conditions);
+    AnniversarySearch(store::DayDatabase& database, const SearchConditions& conditions);
 
     bool Step() override;
     double Part() const override;
@@ -58,11 +58,11 @@ public:
 private:
     void Begin();
 
-    DayDatabase& m_database;
+    store::DayDatabase& m_database;
     std::array<QString, 3> m_texts;
-    std::vector<RowSearch> m_searches;  // the three queries and the count
+    std::vector<store::RowSearch> m_searches;  // the three queries and the count
     std::size_t m_current = 0;
-    std::optional<ChangeMark> m_mark;
+    std::optional<store::ChangeMark> m_mark;
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::book

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "book/anniversary_statements.h"
 
-namespace tickwell {
+namespace tickwell::book {
 
 using namespace Qt::StringLiterals;
 
@@ -11,7 +11,7 @@ QString Quoted(const QString& text) {
     return u'"' + text + u'"';
 }
 
-QString WhereEqual(const Anniversary& row) {
+QString WhereEqual(const days::Anniversary& row) {
     return u"WHERE Name="_s + Quoted(row.name) + u" AND Year=" + QString::number(row.year) + u" AND Month=" +
            QString::number(row.month) + u" AND Day=" + QString::number(row.day) + u" AND Week=" +
            QString::number(row.week);
@@ -19,13 +19,13 @@ QString WhereEqual(const Anniversary& row) {
 
 }  // namespace
 
-QString InsertSql(const Anniversary& anniversary) {
+QString InsertSql(const days::Anniversary& anniversary) {
     return u"INSERT INTO Kinenbi(Name,Year,Month,Day,Week) VALUES ("_s + Quoted(anniversary.name) + u',' +
            QString::number(anniversary.year) + u',' + QString::number(anniversary.month) + u',' +
            QString::number(anniversary.day) + u',' + QString::number(anniversary.week) + u')';
 }
 
-QString UpdateSql(const Anniversary& from, const Anniversary& to) {
+QString UpdateSql(const days::Anniversary& from, const days::Anniversary& to) {
     return u"UPDATE Kinenbi SET Name="_s + Quoted(to.name) +  //
            u", Year=" + Quoted(QString::number(to.year)) +    //
            u", Month=" + Quoted(QString::number(to.month)) +  //
@@ -34,12 +34,12 @@ QString UpdateSql(const Anniversary& from, const Anniversary& to) {
            u' ' + WhereEqual(from);
 }
 
-QString SelectSql(const Anniversary& anniversary) {
+QString SelectSql(const days::Anniversary& anniversary) {
     return u"SELECT * FROM Kinenbi "_s + WhereEqual(anniversary);
 }
 
-QString DeleteSql(const Anniversary& anniversary) {
+QString DeleteSql(const days::Anniversary& anniversary) {
     return u"DELETE * FROM Kinenbi  "_s + WhereEqual(anniversary);
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::book

@@ -3,20 +3,20 @@
 
 #include "days/anniversary.h"
 
-namespace tickwell {
+namespace tickwell::book {
 
 /// Statements that write to the anniversary book, for DayDatabase::Execute. A name is put in double quotes
 /// unchanged: the database refuses the statement of a name that contains a double quote.
-QString InsertSql(const Anniversary& anniversary);
+QString InsertSql(const days::Anniversary& anniversary);
 
 /// Changes every row equal to `from`, if there is any. The new numbers are quoted like the new name; the
 /// database converts them to integers.
-QString UpdateSql(const Anniversary& from, const Anniversary& to);
+QString UpdateSql(const days::Anniversary& from, const days::Anniversary& to);
 
 /// Selects every equal row: those that the two other statements change.
-QString SelectSql(const Anniversary& anniversary);
+QString SelectSql(const days::Anniversary& anniversary);
 
 /// Deletes every equal row.
-QString DeleteSql(const Anniversary& anniversary);
+QString DeleteSql(const days::Anniversary& anniversary);
 
-}  // namespace tickwell
+}  // namespace tickwell::book

@@ -7,12 +7,12 @@
 #include "core/ports/message_boxes.h"
 #include "days/day_list.h"
 
-namespace tickwell {
+namespace tickwell::book {
 
 /// What the windows of the anniversary book use; all outlive them.
 struct BookParts {
-    DayDatabase& dayDatabase;
-    DayList& list;  ///< that of the calendar
+    store::DayDatabase& dayDatabase;
+    days::DayList& list;  ///< that of the calendar
     DayChanges& changes;
     const Clock& clock;
     MessageBoxes& boxes;
@@ -20,4 +20,4 @@ struct BookParts {
     TimerSource& timers;
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::book

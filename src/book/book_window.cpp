@@ -7,7 +7,7 @@
 
 #include "controls/control_making.h"
 
-namespace tickwell {
+namespace tickwell::book {
 
 using namespace Qt::StringLiterals;
 
@@ -15,9 +15,9 @@ BookWindow::BookWindow(const BookParts& parts, QWidget* parent) : QDialog(parent
 
 void BookWindow::AddButtons(QVBoxLayout& rows, const QString& start, const QString& work,
                             std::function<void()> started) {
-    m_startButton = Named(new QPushButton(start), u"Command1"_s);
+    m_startButton = controls::Named(new QPushButton(start), u"Command1"_s);
     m_startButton->setDefault(true);
-    auto* cancel = Named(new QPushButton(u"ｷｬﾝｾﾙ"_s), u"Command2"_s);
+    auto* cancel = controls::Named(new QPushButton(u"ｷｬﾝｾﾙ"_s), u"Command2"_s);
     m_parts.handlers.Connect(m_startButton, &QPushButton::clicked, this, std::move(started));
     m_parts.handlers.Connect(cancel, &QPushButton::clicked, this, [this] { reject(); });
     auto* buttons = new QHBoxLayout;
@@ -25,7 +25,7 @@ void BookWindow::AddButtons(QVBoxLayout& rows, const QString& start, const QStri
     buttons->addWidget(m_startButton);
     buttons->addWidget(cancel);
     rows.addLayout(buttons);
-    m_work = new WorkBar(m_parts.timers, m_parts.handlers, work, this);
+    m_work = new controls::WorkBar(m_parts.timers, m_parts.handlers, work, this);
     rows.addWidget(m_work);
 }
 
@@ -46,4 +46,4 @@ void BookWindow::reject() {
     }
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::book

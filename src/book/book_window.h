@@ -9,7 +9,7 @@
 #include "book/book_parts.h"
 #include "controls/work_bar.h"
 
-namespace tickwell {
+namespace tickwell::book {
 
 /// What the windows of the anniversary book share: the button that starts the work, ｷｬﾝｾﾙ, and below them the
 /// bar of the running work.
@@ -37,13 +37,13 @@ protected:
 
     const BookParts& Parts() const { return m_parts; }
     QPushButton& StartButton() { return *m_startButton; }
-    WorkBar& Work() { return *m_work; }
+    controls::WorkBar& Work() { return *m_work; }
 
 private:
     BookParts m_parts;
     bool m_isTelling = false;
     QPushButton* m_startButton = nullptr;  // owned by the window as children
-    WorkBar* m_work = nullptr;
+    controls::WorkBar* m_work = nullptr;
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::book

@@ -5,7 +5,7 @@
 
 #include "controls/control_making.h"
 
-namespace tickwell {
+namespace tickwell::book {
 
 namespace {
 
@@ -25,10 +25,11 @@ DateFrame::DateFrame(const QString& caption, const DateNames& names, QWidget* pa
     for (std::size_t i = 0; i < kParts.size(); ++i) {
         const Part& part = kParts.at(i);
         const QString partCaption = part.caption.toString();
-        m_parts.at(i) = Named(new UpDown(names.texts.at(i).toString(), part.first, part.last, this),
-                              names.upDowns.at(i).toString(), caption + partCaption);
+        m_parts.at(i) =
+            controls::Named(new controls::UpDown(names.texts.at(i).toString(), part.first, part.last, this),
+                            names.upDowns.at(i).toString(), caption + partCaption);
         row->addWidget(m_parts.at(i));
-        row->addWidget(MakeLabel(names.labels.at(i).toString(), partCaption));
+        row->addWidget(controls::MakeLabel(names.labels.at(i).toString(), partCaption));
     }
     row->addStretch();
 }
@@ -44,4 +45,4 @@ DateFields DateFrame::Fields() const {
     return {.year = m_parts[0]->text(), .month = m_parts[1]->text(), .day = m_parts[2]->text()};
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::book

@@ -7,7 +7,7 @@
 #include "book/search_fields.h"
 #include "controls/up_down.h"
 
-namespace tickwell {
+namespace tickwell::book {
 
 /// Object names of a date's three parts: year, month, day.
 struct DateNames {
@@ -27,7 +27,7 @@ public:
     DateFields Fields() const;
 
 private:
-    std::array<UpDown*, 3> m_parts{};  // owned by the frame as children
+    std::array<controls::UpDown*, 3> m_parts{};  // owned by the frame as children
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::book

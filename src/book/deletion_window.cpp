@@ -10,7 +10,7 @@
 #include "controls/control_making.h"
 #include "days/day_list_model.h"
 
-namespace tickwell {
+namespace tickwell::book {
 
 using namespace Qt::StringLiterals;
 
@@ -31,14 +31,14 @@ Form10::Form10(const BookParts& parts, QWidget* parent)
 }
 
 void Form10::MakeControls() {
-    auto* listLabel = Named(new QLabel(u"記念日を削除します"_s), u"Label1"_s);
-    m_anniversaries = Named(new TickList, u"List1"_s, listLabel->text());
+    auto* listLabel = controls::Named(new QLabel(u"記念日を削除します"_s), u"Label1"_s);
+    m_anniversaries = controls::Named(new TickList, u"List1"_s, listLabel->text());
     m_anniversaries->setMinimumSize(kLetters * fontMetrics().horizontalAdvance(u'記'),
                                     kLines * fontMetrics().height());
     listLabel->setBuddy(m_anniversaries);
-    m_tickedCount = MakeLabel(u"Label2"_s);
-    m_tickAllButton = Named(new QPushButton(u"全選"_s), u"Command3"_s, u"全選択"_s);
-    m_untickAllButton = Named(new QPushButton(u"全解"_s), u"Command4"_s, u"全解除"_s);
+    m_tickedCount = controls::MakeLabel(u"Label2"_s);
+    m_tickAllButton = controls::Named(new QPushButton(u"全選"_s), u"Command3"_s, u"全選択"_s);
+    m_untickAllButton = controls::Named(new QPushButton(u"全解"_s), u"Command4"_s, u"全解除"_s);
 
     auto* ticking = new QHBoxLayout;
     ticking->addWidget(m_tickAllButton);
@@ -54,7 +54,7 @@ void Form10::MakeControls() {
 }
 
 void Form10::Form_Load() {
-    auto* model = new DayListModel(QVariant(), DayListModel::Columns::Name, m_anniversaries);
+    auto* model = new days::DayListModel(QVariant(), days::DayListModel::Columns::Name, m_anniversaries);
     model->SetRows(m_rows);
     m_anniversaries->setModel(model);
     m_isTicked.assign(static_cast<std::size_t>(m_rows.Count()), false);
@@ -94,7 +94,7 @@ void Form10::ShowCount() {
 }
 
 void Form10::Command1_Click() {
-    Work().Start(DeletionOf(Parts().dayDatabase, m_rows, m_isTicked), [this](const WorkEnd& end) {
+    Work().Start(DeletionOf(Parts().dayDatabase, m_rows, m_isTicked), [this](const controls::WorkEnd& end) {
         Parts().changes.RaiseRefresh();  // some may be deleted even after an error
         if (end.error) {
             std::rethrow_exception(end.error);
@@ -105,4 +105,4 @@ void Form10::Command1_Click() {
     });
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::book

@@ -8,7 +8,7 @@
 #include "book/book_window.h"
 #include "book/tick_list.h"
 
-namespace tickwell {
+namespace tickwell::book {
 
 /// The deletion of anniversaries: lists those of the calendar's list, to be ticked one by one or all at once.
 /// Deletes the ticked ones without further confirmation and closes; after an error it stays open unchanged.
@@ -28,7 +28,7 @@ private:
     void Command4_Click();
     void ShowCount();
 
-    ListedRows m_rows;             // the rows of the list when the window opened
+    days::ListedRows m_rows;       // the rows of the list when the window opened
     std::vector<bool> m_isTicked;  // one per row
     // All owned by the window as children.
     TickList* m_anniversaries = nullptr;
@@ -37,4 +37,4 @@ private:
     QPushButton* m_untickAllButton = nullptr;
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::book

@@ -3,7 +3,7 @@
 
 #include <algorithm>
 
-namespace tickwell {
+namespace tickwell::book {
 
 namespace {
 
@@ -11,7 +11,7 @@ constexpr std::size_t kSortedAtOnce = 50'000;  // digests: about 5 ms
 
 }  // namespace
 
-void DigestSet::Add(const RowDigest& digest) {
+void DigestSet::Add(const store::RowDigest& digest) {
     m_buckets.at(BucketOf(digest)).push_back(digest);
     m_isEmpty = false;
 }
@@ -19,16 +19,16 @@ void DigestSet::Add(const RowDigest& digest) {
 bool DigestSet::Sort() {
     std::size_t digests = 0;
     for (; m_sorted < m_buckets.size() && digests < kSortedAtOnce; ++m_sorted) {
-        std::vector<RowDigest>& bucket = m_buckets.at(m_sorted);
+        std::vector<store::RowDigest>& bucket = m_buckets.at(m_sorted);
         std::sort(bucket.begin(), bucket.end());
         digests += bucket.size();
     }
     return m_sorted == m_buckets.size();
 }
 
-bool DigestSet::Contains(const RowDigest& digest) const {
-    const std::vector<RowDigest>& bucket = m_buckets.at(BucketOf(digest));
+bool DigestSet::Contains(const store::RowDigest& digest) const {
+    const std::vector<store::RowDigest>& bucket = m_buckets.at(BucketOf(digest));
     return std::binary_search(bucket.begin(), bucket.end(), digest);
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::book

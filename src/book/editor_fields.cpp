@@ -6,7 +6,7 @@
 #include "core/integer_text.h"
 #include "days/day_rule.h"
 
-namespace tickwell {
+namespace tickwell::book {
 
 using namespace Qt::StringLiterals;
 
@@ -14,11 +14,11 @@ namespace {
 
 /// 1 for "日曜日" to 7 for "土曜日"; 0 for every other text.
 int WeekdayOfText(const QString& text) {
-    const int weekday = text.isEmpty() ? 0 : WeekdayOfLetter(text.front());
-    return weekday != 0 && text == WeekdayText(weekday) ? weekday : 0;
+    const int weekday = text.isEmpty() ? 0 : days::WeekdayOfLetter(text.front());
+    return weekday != 0 && text == days::WeekdayText(weekday) ? weekday : 0;
 }
 
-AnniversaryKind KindOf(const Anniversary& row) {
+AnniversaryKind KindOf(const days::Anniversary& row) {
     if (row.month == 0) {
         return AnniversaryKind::EveryMonth;
     }
@@ -26,12 +26,12 @@ AnniversaryKind KindOf(const Anniversary& row) {
 }
 
 void FillDate(EditorFields& fields, QDate date) {
-    const int code = WeekCode(date);
+    const int code = days::WeekCode(date);
     fields.year = QString::number(date.year());
     fields.month = QString::number(date.month());
     fields.day = QString::number(date.day());
     fields.ordinal = u"第"_s + QString::number(code / 10);
-    fields.weekday = WeekdayText(code % 10);
+    fields.weekday = days::WeekdayText(code % 10);
 }
 
 }  // namespace
@@ -58,7 +58,7 @@ EditorFields FieldsToAdd(QDate date) {
     return fields;
 }
 
-EditorFields FieldsToEdit(const Anniversary& row, QDate date) {
+EditorFields FieldsToEdit(const days::Anniversary& row, QDate date) {
     EditorFields fields;
     fields.name = row.name;
     ChooseKind(fields, KindOf(row));
@@ -74,8 +74,8 @@ void ChooseKind(EditorFields& fields, AnniversaryKind kind) {
     }
 }
 
-Anniversary AnniversaryOf(const EditorFields& fields) {
-    Anniversary row{fields.name, 0, 0, 0, 0};
+days::Anniversary AnniversaryOf(const EditorFields& fields) {
+    days::Anniversary row{fields.name, 0, 0, 0, 0};
     if (fields.kind == AnniversaryKind::OneDay) {
         row.year = IntegerOf(fields.year);
     }
@@ -90,4 +90,4 @@ Anniversary AnniversaryOf(const EditorFields& fields) {
     return row;
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::book

@@ -6,7 +6,7 @@
 
 #include "days/anniversary.h"
 
-namespace tickwell {
+namespace tickwell::book {
 
 /// How often an anniversary recurs; the values are the indexes of the editor's option buttons.
 enum class AnniversaryKind { EveryYear = 0, EveryMonth = 1, OneDay = 2 };
@@ -44,13 +44,13 @@ EditorFields FieldsToAdd(QDate date);
 
 /// The fields to change an anniversary. Name, kind and week box come from the row, the date from the
 /// calendar: editing a search result moves it to the selected date unless the user enters another one.
-EditorFields FieldsToEdit(const Anniversary& row, QDate date);
+EditorFields FieldsToEdit(const days::Anniversary& row, QDate date);
 
 /// Changes the kind and what depends on it: an anniversary of one day is never defined by its week.
 void ChooseKind(EditorFields& fields, AnniversaryKind kind);
 
 /// The row that the fields describe. Only the fields that the kind needs are read, and numbers are not
 /// validated: a 13th month is stored. An unknown weekday counts as 0. Throws RunTimeError.
-Anniversary AnniversaryOf(const EditorFields& fields);
+days::Anniversary AnniversaryOf(const EditorFields& fields);
 
-}  // namespace tickwell
+}  // namespace tickwell::book

@@ -5,7 +5,7 @@
 #include "book/log.h"
 #include "store/sql_compiler.h"
 
-namespace tickwell {
+namespace tickwell::book {
 
 using namespace Qt::StringLiterals;
 
@@ -105,7 +105,7 @@ void Form6::Command1_Click() {
         return;
     }
     try {
-        const Anniversary entered = AnniversaryOf(Fields());
+        const days::Anniversary entered = AnniversaryOf(Fields());
         m_chosen ? Change(entered) : Add(entered);
     } catch (const RunTimeError& error) {
         qCWarning(BookLog).noquote() << "the anniversary was not stored:" << error.Detail();
@@ -113,24 +113,24 @@ void Form6::Command1_Click() {
     }
 }
 
-void Form6::Add(const Anniversary& entered) {
+void Form6::Add(const days::Anniversary& entered) {
     Parts().dayDatabase.Execute(InsertSql(entered));
     Finish();
 }
 
-void Form6::Change(const Anniversary& entered) {
-    std::vector<ColumnValue> values{
+void Form6::Change(const days::Anniversary& entered) {
+    std::vector<store::ColumnValue> values{
         {u"Year", entered.year}, {u"Month", entered.month}, {u"Day", entered.day}, {u"Week", entered.week}};
     // A name that no statement can contain may be kept.
     if (!m_chosen->itself || entered.name != m_shownName) {
-        CompileSql(m_chosen->itself ? InsertSql(entered)
-                                    : UpdateSql(AnniversaryOf(*m_chosen), entered));  // may throw
+        store::CompileSql(m_chosen->itself ? InsertSql(entered)
+                                           : UpdateSql(AnniversaryOf(*m_chosen), entered));  // may throw
         values.push_back({u"Name", entered.name});
     }
     auto work = std::make_unique<AnniversaryChange>(
-        Parts().dayDatabase, QList<DayListRow>{*m_chosen}, std::vector<bool>{true},
-        [values](DayDatabase& database, qint64 key) { database.ChangeRow(u"Kinenbi", key, values); });
-    Work().Start(std::move(work), [this](const WorkEnd& end) {
+        Parts().dayDatabase, QList<days::DayListRow>{*m_chosen}, std::vector<bool>{true},
+        [values](store::DayDatabase& database, qint64 key) { database.ChangeRow(u"Kinenbi", key, values); });
+    Work().Start(std::move(work), [this](const controls::WorkEnd& end) {
         if (end.error) {
             TellFailed();
         } else if (!end.isStopped) {
@@ -148,4 +148,4 @@ void Form6::Finish() {
     accept();
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::book

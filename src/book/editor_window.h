@@ -15,7 +15,7 @@
 #include "book/editor_fields.h"
 #include "controls/up_down.h"
 
-namespace tickwell {
+namespace tickwell::book {
 
 /// The editor of an anniversary: adds one, or changes the one chosen in the calendar's list. It writes to the
 /// database and closes; an error is reported in a message box, and the fields stay as typed.
@@ -34,8 +34,8 @@ private:
     void Option2_Click(AnniversaryKind kind);
     void Check2_Click();
     void Command1_Click();
-    void Add(const Anniversary& entered);
-    void Change(const Anniversary& entered);
+    void Add(const days::Anniversary& entered);
+    void Change(const days::Anniversary& entered);
     void TellFailed();
     void Finish();
     void ShowFields(const EditorFields& fields);
@@ -45,13 +45,13 @@ private:
     QLayout* DateRow();
     QLayout* WeekRow();
 
-    std::optional<DayListRow> m_chosen;  // the row to change; empty: a row is added
-    QString m_shownName;                 // the row's name as initially shown in the field
+    std::optional<days::DayListRow> m_chosen;  // the row to change; empty: a row is added
+    QString m_shownName;                       // the row's name as initially shown in the field
     // All owned by the window as children.
     QLineEdit* m_name = nullptr;
-    UpDown* m_year = nullptr;
-    UpDown* m_month = nullptr;
-    UpDown* m_day = nullptr;
+    controls::UpDown* m_year = nullptr;
+    controls::UpDown* m_month = nullptr;
+    controls::UpDown* m_day = nullptr;
     QLabel* m_yearLabel = nullptr;
     QLabel* m_monthLabel = nullptr;
     QLabel* m_dayLabel = nullptr;
@@ -61,4 +61,4 @@ private:
     QComboBox* m_ordinal = nullptr;  // of the week in the month
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::book

@@ -7,7 +7,7 @@
 #include "controls/control_making.h"
 #include "days/day_rule.h"
 
-namespace tickwell {
+namespace tickwell::book {
 
 using namespace Qt::StringLiterals;
 
@@ -37,11 +37,11 @@ QComboBox* MakeCombo(const QStringList& items, int firstData, QWidget* parent) {
 }  // namespace
 
 void Form6::MakeControls() {
-    auto* nameLabel = Named(new QLabel(u"記念日の名前"_s), u"Label1"_s);
-    m_name = Named(new QLineEdit(this), u"Text1"_s, nameLabel->text());
+    auto* nameLabel = controls::Named(new QLabel(u"記念日の名前"_s), u"Label1"_s);
+    m_name = controls::Named(new QLineEdit(this), u"Text1"_s, nameLabel->text());
     nameLabel->setBuddy(m_name);
 
-    auto* dateFrame = Named(new QGroupBox(u"日付"_s), u"Frame1"_s);
+    auto* dateFrame = controls::Named(new QGroupBox(u"日付"_s), u"Frame1"_s);
     dateFrame->setLayout(DateRow());
 
     auto* rows = new QVBoxLayout(this);
@@ -50,8 +50,8 @@ void Form6::MakeControls() {
     rows->addWidget(m_name);
     rows->addWidget(dateFrame);
     for (std::size_t kind = 0; kind < m_kindOptions.size(); ++kind) {
-        m_kindOptions.at(kind) = Named(new QRadioButton(kRepetitions.at(kind).toString(), this),
-                                       Indexed(u"Option2"_s, static_cast<int>(kind)));
+        m_kindOptions.at(kind) = controls::Named(new QRadioButton(kRepetitions.at(kind).toString(), this),
+                                                 controls::Indexed(u"Option2"_s, static_cast<int>(kind)));
         rows->addWidget(m_kindOptions.at(kind));
     }
     rows->addLayout(WeekRow());
@@ -60,12 +60,13 @@ void Form6::MakeControls() {
 }
 
 QLayout* Form6::DateRow() {
-    m_year = Named(new UpDown(u"Text2"_s, kFirstYear, kLastYear, this), u"UpDown1"_s, u"年"_s);
-    m_month = Named(new UpDown(u"Text3"_s, 1, kLastMonth, this), u"UpDown2"_s, u"月"_s);
-    m_day = Named(new UpDown(u"Text4"_s, 1, kLastDay, this), u"UpDown3"_s, u"日"_s);
-    m_yearLabel = Named(new QLabel(u"年"_s), u"Label3"_s);
-    m_monthLabel = Named(new QLabel(u"月"_s), u"Label4"_s);
-    m_dayLabel = Named(new QLabel(u"日"_s), u"Label5"_s);
+    m_year =
+        controls::Named(new controls::UpDown(u"Text2"_s, kFirstYear, kLastYear, this), u"UpDown1"_s, u"年"_s);
+    m_month = controls::Named(new controls::UpDown(u"Text3"_s, 1, kLastMonth, this), u"UpDown2"_s, u"月"_s);
+    m_day = controls::Named(new controls::UpDown(u"Text4"_s, 1, kLastDay, this), u"UpDown3"_s, u"日"_s);
+    m_yearLabel = controls::Named(new QLabel(u"年"_s), u"Label3"_s);
+    m_monthLabel = controls::Named(new QLabel(u"月"_s), u"Label4"_s);
+    m_dayLabel = controls::Named(new QLabel(u"日"_s), u"Label5"_s);
     auto* row = new QHBoxLayout;
     row->addWidget(m_year);
     row->addWidget(m_yearLabel);
@@ -79,14 +80,14 @@ QLayout* Form6::DateRow() {
 
 /// The check box, and below it, indented, the week and the weekday.
 QLayout* Form6::WeekRow() {
-    m_byWeek = Named(new QCheckBox(u"第?週の?曜日という形で指定する"_s, this), u"Check2"_s);
-    m_ordinal =
-        Named(MakeCombo({u"第1"_s, u"第2"_s, u"第3"_s, u"第4"_s, u"第5"_s}, 1, this), u"Combo2"_s, u"週"_s);
+    m_byWeek = controls::Named(new QCheckBox(u"第?週の?曜日という形で指定する"_s, this), u"Check2"_s);
+    m_ordinal = controls::Named(MakeCombo({u"第1"_s, u"第2"_s, u"第3"_s, u"第4"_s, u"第5"_s}, 1, this),
+                                u"Combo2"_s, u"週"_s);
     QStringList weekdays;
-    for (int weekday = 1; weekday <= kDaysInWeek; ++weekday) {
-        weekdays.append(WeekdayText(weekday));
+    for (int weekday = 1; weekday <= days::kDaysInWeek; ++weekday) {
+        weekdays.append(days::WeekdayText(weekday));
     }
-    m_weekday = Named(MakeCombo(weekdays, 0, this), u"Combo1"_s, u"曜日"_s);
+    m_weekday = controls::Named(MakeCombo(weekdays, 0, this), u"Combo1"_s, u"曜日"_s);
     auto* combos = new QHBoxLayout;
     combos->addSpacing(2 * fontMetrics().height());
     combos->addWidget(m_ordinal);
@@ -98,4 +99,4 @@ QLayout* Form6::WeekRow() {
     return rows;
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::book

@@ -3,9 +3,9 @@
 
 #include <QLoggingCategory>
 
-namespace tickwell {
+namespace tickwell::book {
 
 /// Warnings by default; QT_LOGGING_RULES="tickwell.book.debug=true" shows all.
 inline Q_LOGGING_CATEGORY(BookLog, "tickwell.book", QtWarningMsg)
 
-}  // namespace tickwell
+}  // namespace tickwell::book

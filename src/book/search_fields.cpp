@@ -5,7 +5,7 @@
 #include "core/integer_text.h"
 #include "core/integers.h"
 
-namespace tickwell {
+namespace tickwell::book {
 
 using namespace Qt::StringLiterals;
 
@@ -56,4 +56,4 @@ std::optional<SearchConditions> ConditionsOf(const SearchFields& fields) {
     return conditions;
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::book

@@ -6,7 +6,7 @@
 
 #include "book/anniversary_search.h"
 
-namespace tickwell {
+namespace tickwell::book {
 
 /// The kind of date range; the values are the indexes of the search window's option buttons.
 enum class RangeKind { FromTo = 0, After = 1, Before = 2 };
@@ -55,4 +55,4 @@ SearchRange RangeOf(RangeKind kind, QDate start, QDate end);
 /// compared even if the search ignores one or both of them. Throws RunTimeError.
 std::optional<SearchConditions> ConditionsOf(const SearchFields& fields);
 
-}  // namespace tickwell
+}  // namespace tickwell::book

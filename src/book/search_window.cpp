@@ -8,7 +8,7 @@
 
 #include "controls/control_making.h"
 
-namespace tickwell {
+namespace tickwell::book {
 
 using namespace Qt::StringLiterals;
 
@@ -35,8 +35,8 @@ QHBoxLayout* MakeOptions(std::array<QRadioButton*, count>& options,
     auto* row = new QHBoxLayout;
     auto* group = new QButtonGroup(parent);
     for (std::size_t i = 0; i < count; ++i) {
-        options.at(i) =
-            Named(new QRadioButton(captions.at(i).toString(), parent), Indexed(name, static_cast<int>(i)));
+        options.at(i) = controls::Named(new QRadioButton(captions.at(i).toString(), parent),
+                                        controls::Indexed(name, static_cast<int>(i)));
         group->addButton(options.at(i));
         row->addWidget(options.at(i));
     }
@@ -58,8 +58,8 @@ void Form9::MakeControls() {
     auto* rows = new QVBoxLayout(this);
     rows->setSizeConstraint(QLayout::SetFixedSize);
     for (std::size_t kind = 0; kind < m_kinds.size(); ++kind) {
-        m_kinds.at(kind) =
-            Named(new QCheckBox(kKindCaptions.at(kind).toString(), this), u"Check%1"_s.arg(kind + 1));
+        m_kinds.at(kind) = controls::Named(new QCheckBox(kKindCaptions.at(kind).toString(), this),
+                                           u"Check%1"_s.arg(kind + 1));
         rows->addWidget(m_kinds.at(kind));
     }
     rows->addWidget(NameFrame());
@@ -68,11 +68,11 @@ void Form9::MakeControls() {
 }
 
 QGroupBox* Form9::NameFrame() {
-    auto* frame = Named(new QGroupBox(u"記念日名"_s, this), u"Frame1"_s);
+    auto* frame = controls::Named(new QGroupBox(u"記念日名"_s, this), u"Frame1"_s);
     auto* rows = new QVBoxLayout(frame);
     rows->addLayout(MakeOptions(m_nameOptions, kConditionCaptions, u"Option1"_s, this));
-    m_nameLabel = Named(new QLabel(u"記念日名"_s), u"Label1"_s);
-    m_name = Named(new QLineEdit(this), u"Text1"_s, m_nameLabel->text());
+    m_nameLabel = controls::Named(new QLabel(u"記念日名"_s), u"Label1"_s);
+    m_name = controls::Named(new QLineEdit(this), u"Text1"_s, m_nameLabel->text());
     m_nameLabel->setBuddy(m_name);
     auto* row = new QHBoxLayout;
     row->addWidget(m_nameLabel);
@@ -82,13 +82,13 @@ QGroupBox* Form9::NameFrame() {
 }
 
 QGroupBox* Form9::DateConditionFrame() {
-    auto* frame = Named(new QGroupBox(u"日付"_s, this), u"Frame2"_s);
+    auto* frame = controls::Named(new QGroupBox(u"日付"_s, this), u"Frame2"_s);
     auto* rows = new QVBoxLayout(frame);
     rows->addLayout(MakeOptions(m_dateOptions, kConditionCaptions, u"Option2"_s, this));
-    m_rangeFrame = Named(new QGroupBox(u"範囲"_s, this), u"Frame5"_s);
+    m_rangeFrame = controls::Named(new QGroupBox(u"範囲"_s, this), u"Frame5"_s);
     m_rangeFrame->setLayout(MakeOptions(m_rangeOptions, kRangeCaptions, u"Option3"_s, this));
-    m_start = Named(new DateFrame(u"開始"_s, kStartNames, this), u"Frame3"_s);
-    m_end = Named(new DateFrame(u"終了"_s, kEndNames, this), u"Frame4"_s);
+    m_start = controls::Named(new DateFrame(u"開始"_s, kStartNames, this), u"Frame3"_s);
+    m_end = controls::Named(new DateFrame(u"終了"_s, kEndNames, this), u"Frame4"_s);
     rows->addWidget(m_rangeFrame);
     rows->addWidget(m_start);
     rows->addWidget(m_end);
@@ -164,7 +164,7 @@ void Form9::Command1_Click() {
     }
     auto work = std::make_unique<AnniversarySearch>(Parts().dayDatabase, *conditions);
     AnniversarySearch& search = *work;
-    Work().Start(std::move(work), [this, &search](const WorkEnd& end) {
+    Work().Start(std::move(work), [this, &search](const controls::WorkEnd& end) {
         if (end.error) {
             std::rethrow_exception(end.error);
         }
@@ -180,4 +180,4 @@ void Form9::ShowFinds(AnniversarySearch& search) {
     accept();
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::book

@@ -13,7 +13,7 @@
 #include "book/date_frame.h"
 #include "book/search_fields.h"
 
-namespace tickwell {
+namespace tickwell::book {
 
 /// The search of the anniversary book by kind, name and date. Puts its results into the calendar's list and
 /// closes; after an error it stays open and the list is unchanged.
@@ -47,4 +47,4 @@ private:
     DateFrame* m_end = nullptr;
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::book

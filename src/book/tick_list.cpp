@@ -3,7 +3,7 @@
 
 #include <algorithm>
 
-namespace tickwell {
+namespace tickwell::book {
 
 namespace {
 
@@ -30,4 +30,4 @@ void TickList::selectionChanged(const QItemSelection& selected, const QItemSelec
     }
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::book

@@ -3,7 +3,7 @@
 
 #include <QListView>
 
-namespace tickwell {
+namespace tickwell::book {
 
 /// A list in which any number of entries can be ticked.
 class TickList : public QListView {
@@ -18,4 +18,4 @@ protected:
     void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::book

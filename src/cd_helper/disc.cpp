@@ -13,7 +13,7 @@
 #include "cd_helper/drive.h"
 #include "cd_helper/protocol.h"
 
-namespace tickwell {
+namespace tickwell::cd_helper {
 
 namespace {
 
@@ -145,4 +145,4 @@ bool Disc::Read(std::int32_t from, std::int32_t count, char* bytes) {
     return true;
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::cd_helper

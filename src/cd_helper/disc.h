@@ -11,7 +11,7 @@
 
 #include "cd_helper/image_sheet.h"
 
-namespace tickwell {
+namespace tickwell::cd_helper {
 
 struct DiscTrack {
     std::int32_t start = 0;  ///< sector
@@ -31,7 +31,7 @@ public:
     /// ascending, an end that is not after them, or a sheet that libcdio misreads.
     static std::optional<Disc> Open(const std::string& path);
 
-    const DiscContents& Contents() const { return m_contents; }
+    const DiscContents& store::Contents() const { return m_contents; }
 
     /// Whether the disc was changed since the last call.
     bool WasChanged();
@@ -50,4 +50,4 @@ private:
     DiscContents m_contents;
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::cd_helper

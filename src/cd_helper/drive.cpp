@@ -9,7 +9,7 @@
 
 #include <climits>
 
-namespace tickwell {
+namespace tickwell::cd_helper {
 
 bool Drive::IsNode(const std::string& path) {
     struct stat found {};
@@ -41,4 +41,4 @@ DriveState Drive::State() const {
     }
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::cd_helper

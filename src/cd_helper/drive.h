@@ -3,7 +3,7 @@
 
 #include <string>
 
-namespace tickwell {
+namespace tickwell::cd_helper {
 
 enum class DriveState { Disc, NoDisc, TrayOpen, NotReady };
 
@@ -25,4 +25,4 @@ private:
     int m_descriptor;
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::cd_helper

@@ -11,7 +11,7 @@
 #include <string_view>
 #include <vector>
 
-namespace tickwell {
+namespace tickwell::cd_helper {
 
 namespace {
 
@@ -132,4 +132,4 @@ ImageSheet ReadTocSheet(const std::string& path) {
     return sheet;
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::cd_helper

@@ -3,7 +3,7 @@
 
 #include <string>
 
-namespace tickwell {
+namespace tickwell::cd_helper {
 
 enum class ByteOrder { Little, Big };
 
@@ -22,4 +22,4 @@ ImageSheet ReadCueSheet(const std::string& path);
 /// disc and no gaps without data, so other sheets are not playable.
 ImageSheet ReadTocSheet(const std::string& path);
 
-}  // namespace tickwell
+}  // namespace tickwell::cd_helper

@@ -24,6 +24,7 @@
 namespace {
 
 using namespace tickwell;
+using namespace tickwell::cd_helper;
 
 constexpr rlim_t kMostToOpen = 3;  // seconds of CPU time; an intact image takes milliseconds
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-namespace tickwell {
+namespace tickwell::cd_helper {
 
 /// Protocol between the program and its helper tickwell-cd. SOURCE is a drive's device node or an image: .cue
 /// or .bin, .toc, .nrg.
@@ -41,4 +41,4 @@ inline constexpr int kEndDone = 0;
 inline constexpr int kEndUsage = 1;
 inline constexpr int kEndGone = 2;  // no disc, a different disc, or an untrusted image
 
-}  // namespace tickwell
+}  // namespace tickwell::cd_helper

@@ -9,7 +9,7 @@
 
 #include "cd_helper/protocol.h"
 
-namespace tickwell {
+namespace tickwell::cd_helper {
 
 namespace {
 
@@ -96,4 +96,4 @@ bool SoundWriter::ReadRunning(std::int32_t from, std::int32_t count, char* bytes
            ReadRunning(from + half, count - half, bytes + static_cast<std::ptrdiff_t>(half) * kSectorBytes);
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::cd_helper

@@ -7,7 +7,7 @@
 #include "cd_helper/disc.h"
 #include "cd_helper/drive.h"
 
-namespace tickwell {
+namespace tickwell::cd_helper {
 
 /// Writes a range of a disc as sound. Blocks while its reader is slow, and at a bad sector no longer than the
 /// drive's own timeout.
@@ -31,4 +31,4 @@ private:
     std::vector<char> m_bytes;
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::cd_helper

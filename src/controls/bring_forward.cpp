@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "controls/bring_forward.h"
 
-namespace tickwell {
+namespace tickwell::controls {
 
 void BringForward(QWidget& window) {
     window.setWindowState(window.windowState() & ~Qt::WindowMinimized);
@@ -10,4 +10,4 @@ void BringForward(QWidget& window) {
     window.activateWindow();
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::controls

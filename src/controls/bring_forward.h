@@ -3,10 +3,10 @@
 
 #include <QWidget>
 
-namespace tickwell {
+namespace tickwell::controls {
 
 /// Shows a window, even if it was minimized or covered, in front of the others and gives it the keyboard
 /// focus.
 void BringForward(QWidget& window);
 
-}  // namespace tickwell
+}  // namespace tickwell::controls

@@ -3,7 +3,7 @@
 
 #include <utility>
 
-namespace tickwell {
+namespace tickwell::controls {
 
 using namespace Qt::StringLiterals;
 
@@ -25,4 +25,4 @@ QPushButton* MakeButton(const QString& name, const QString& caption, QWidget* wi
     return button;
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::controls

@@ -7,7 +7,7 @@
 
 #include "core/handlers.h"
 
-namespace tickwell {
+namespace tickwell::controls {
 
 /// Sets a control's name, and the name that a screen reader says if the control shows no text.
 template <typename Control>
@@ -30,4 +30,4 @@ QLabel* MakeLabel(const QString& name, const QString& text = {}, QWidget* parent
 QPushButton* MakeButton(const QString& name, const QString& caption, QWidget* window, Handlers& handlers,
                         std::function<void()> clicked);
 
-}  // namespace tickwell
+}  // namespace tickwell::controls

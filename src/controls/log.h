@@ -3,9 +3,9 @@
 
 #include <QLoggingCategory>
 
-namespace tickwell {
+namespace tickwell::controls {
 
 /// Warnings by default; QT_LOGGING_RULES="tickwell.controls.debug=true" shows all.
 inline Q_LOGGING_CATEGORY(ControlsLog, "tickwell.controls", QtWarningMsg)
 
-}  // namespace tickwell
+}  // namespace tickwell::controls

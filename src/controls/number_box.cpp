@@ -3,11 +3,11 @@
 
 #include <QLineEdit>
 
-namespace tickwell {
+namespace tickwell::controls {
 
 NumberBox::NumberBox(const QString& name, const QString& textName, QWidget* parent) : QSpinBox(parent) {
     setObjectName(name);
     lineEdit()->setObjectName(textName);
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::controls

@@ -3,7 +3,7 @@
 
 #include <QSpinBox>
 
-namespace tickwell {
+namespace tickwell::controls {
 
 /// A spin box whose text field has a name of its own; Qt gives only subclasses access to that field.
 class NumberBox : public QSpinBox {
@@ -14,4 +14,4 @@ public:
     NumberBox(const QString& name, const QString& textName, QWidget* parent);
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::controls

@@ -8,7 +8,7 @@
 #include "core/errors.h"
 #include "core/integer_text.h"
 
-namespace tickwell {
+namespace tickwell::controls {
 
 namespace {
 
@@ -60,4 +60,4 @@ QSize UpDown::minimumSizeHint() const {
     return Widened(QAbstractSpinBox::minimumSizeHint(), fontMetrics());
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::controls

@@ -3,7 +3,7 @@
 
 #include <QAbstractSpinBox>
 
-namespace tickwell {
+namespace tickwell::controls {
 
 /// An editable number with two arrows. The text is the value: any text can be typed and none is corrected;
 /// only the arrows keep within a range. They continue from a valid number that was typed.
@@ -32,4 +32,4 @@ private:
     int m_position;
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::controls

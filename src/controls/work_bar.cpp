@@ -6,7 +6,7 @@
 
 #include "controls/control_making.h"
 
-namespace tickwell {
+namespace tickwell::controls {
 
 using namespace Qt::StringLiterals;
 
@@ -108,4 +108,4 @@ void WorkBar::Appear() {
     m_stop->setFocus();
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::controls

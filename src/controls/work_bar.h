@@ -11,7 +11,7 @@
 #include "core/handlers.h"
 #include "core/sliced_work.h"
 
-namespace tickwell {
+namespace tickwell::controls {
 
 /// How the work ended.
 struct WorkEnd {
@@ -57,4 +57,4 @@ private:
     QWidget* m_stop = nullptr;            // owned as a child
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::controls

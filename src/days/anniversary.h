@@ -3,7 +3,7 @@
 
 #include <QString>
 
-namespace tickwell {
+namespace tickwell::days {
 
 /// A row of the table Kinenbi.
 struct Anniversary {
@@ -16,4 +16,4 @@ struct Anniversary {
     bool operator==(const Anniversary&) const = default;
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::days

@@ -7,7 +7,7 @@
 #include <cmath>
 #include <numbers>
 
-namespace tickwell {
+namespace tickwell::days {
 
 namespace {
 
@@ -46,4 +46,4 @@ QIcon AnniversaryIcon() {
     return icon;
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::days

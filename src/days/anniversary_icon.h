@@ -3,9 +3,9 @@
 
 #include <QIcon>
 
-namespace tickwell {
+namespace tickwell::days {
 
 /// The icon of each anniversary in the calendar's list, "Kinen": a star.
 QIcon AnniversaryIcon();
 
-}  // namespace tickwell
+}  // namespace tickwell::days

@@ -3,7 +3,7 @@
 
 #include "days/day_rule.h"
 
-namespace tickwell {
+namespace tickwell::days {
 
 using namespace Qt::StringLiterals;
 
@@ -12,15 +12,15 @@ int AnnouncedWeekCode(QDate day) {
     return 10 * (code % 10) + code / 10;
 }
 
-QStringList AnnouncedNames(DayDatabase& database, QDate day) {
+QStringList AnnouncedNames(store::DayDatabase& database, QDate day) {
     QStringList names;
     for (const QString& query : {AnniversaryQuery(day.year(), day.month(), day.day(), AnnouncedWeekCode(day)),
                                  HolidayQuery(day.month(), day.day())}) {
-        for (const ResultRow& row : database.RunQueryForFirst(kMostAnnounced, query)) {
+        for (const store::ResultRow& row : database.RunQueryForFirst(kMostAnnounced, query)) {
             names.append(row.Text(u"Name"));
         }
     }
     return names;
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::days

@@ -6,7 +6,7 @@
 
 #include "store/day_database.h"
 
-namespace tickwell {
+namespace tickwell::days {
 
 /// The week code that the main window's daily check uses: 10 * weekday + week of the month, that is, WeekCode
 /// with its digits swapped. So an anniversary of the third Monday, code 32, is announced on the second
@@ -19,6 +19,6 @@ inline constexpr int kMostAnnounced = 10'000;
 
 /// The names that the main window announces on `day`: those of its anniversaries, then those of its national
 /// holidays, each in the order of insertion and each limited to kMostAnnounced. Throws SqlError.
-QStringList AnnouncedNames(DayDatabase& database, QDate day);
+QStringList AnnouncedNames(store::DayDatabase& database, QDate day);
 
-}  // namespace tickwell
+}  // namespace tickwell::days

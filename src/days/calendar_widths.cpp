@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <cmath>
 
-namespace tickwell {
+namespace tickwell::days {
 
 namespace {
 
@@ -21,4 +21,4 @@ CalendarWidths CalendarWidthsFor(int closedNeed, int openNeed, int dpi) {
     return {static_cast<int>(std::lround(closed * factor)), static_cast<int>(std::lround(open * factor))};
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::days

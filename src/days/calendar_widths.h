@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-namespace tickwell {
+namespace tickwell::days {
 
 /// The width of the calendar window without and with the list beside the month, in pixels.
 struct CalendarWidths {
@@ -15,4 +15,4 @@ struct CalendarWidths {
 /// both widths are scaled by the same factor.
 CalendarWidths CalendarWidthsFor(int closedNeed, int openNeed, int dpi);
 
-}  // namespace tickwell
+}  // namespace tickwell::days

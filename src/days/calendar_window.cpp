@@ -6,7 +6,7 @@
 #include <QScreen>
 #include <algorithm>
 
-namespace tickwell {
+namespace tickwell::days {
 
 using namespace Qt::StringLiterals;
 
@@ -156,4 +156,4 @@ void Form5::changeEvent(QEvent* event) {
     }
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::days

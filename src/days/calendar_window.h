@@ -13,7 +13,7 @@
 #include "days/month_view.h"
 #include "days/row_table.h"
 
-namespace tickwell {
+namespace tickwell::days {
 
 /// The calendar window: the month, the buttons for other months, the marking modes, and beside it the list of
 /// the selected day's anniversaries.
@@ -91,4 +91,4 @@ private:
     DayListModel* m_rows = nullptr;
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::days

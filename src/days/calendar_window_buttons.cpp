@@ -2,7 +2,7 @@
 #include "controls/control_making.h"
 #include "days/calendar_window.h"
 
-namespace tickwell {
+namespace tickwell::days {
 
 using namespace Qt::StringLiterals;
 
@@ -35,7 +35,8 @@ constexpr std::array<Form5::ActionButton, kCalendarActions> Form5::kActionButton
 void Form5::MakeButtons() {
     for (const ActionButton& look : kActionButtons) {
         const QString caption = look.caption.toString();
-        auto* button = Named(new QPushButton(caption), look.name.toString(), look.spoken.toString());
+        auto* button =
+            controls::Named(new QPushButton(caption), look.name.toString(), look.spoken.toString());
         const QFontMetrics metrics = button->fontMetrics();
         button->setAutoDefault(false);
         button->setAutoRepeat(look.isRepeated);
@@ -75,4 +76,4 @@ bool Form5::HasWindowFor(CalendarAction action) const {
     }
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::days

@@ -9,7 +9,7 @@
 #include "days/calendar_widths.h"
 #include "days/calendar_window.h"
 
-namespace tickwell {
+namespace tickwell::days {
 
 using namespace Qt::StringLiterals;
 
@@ -57,7 +57,7 @@ void Form5::OrderTabs() {
 
 void Form5::MakeMonth() {
     m_month = new QWidget(this);
-    m_monthHeading = MakeLabel(u"Label1"_s);
+    m_monthHeading = controls::MakeLabel(u"Label1"_s);
     m_monthHeading->setAlignment(Qt::AlignCenter);
     auto* ways = new QHBoxLayout;
     ways->setSpacing(1);
@@ -76,8 +76,8 @@ QLayout* Form5::MakeModes() {
     auto* modes = new QGridLayout;
     for (int index = 0; index < static_cast<int>(kModeCaptions.size()); ++index) {
         const auto at = static_cast<std::size_t>(index);
-        m_modeOptions.at(at) =
-            Named(new QRadioButton(kModeCaptions.at(at).toString()), Indexed(u"Option1"_s, index));
+        m_modeOptions.at(at) = controls::Named(new QRadioButton(kModeCaptions.at(at).toString()),
+                                               controls::Indexed(u"Option1"_s, index));
         modes->addWidget(m_modeOptions.at(at), index, 0);
     }
     int row = 0;
@@ -90,8 +90,8 @@ QLayout* Form5::MakeModes() {
 
 void Form5::MakePanel() {
     m_panel = new QWidget(this);
-    m_listHeading = MakeLabel(u"Label2"_s);
-    m_listCount = MakeLabel(u"Label3"_s);
+    m_listHeading = controls::MakeLabel(u"Label2"_s);
+    m_listCount = controls::MakeLabel(u"Label3"_s);
     auto* captions = new QHBoxLayout;
     captions->addWidget(m_listHeading, 1);
     captions->addWidget(m_listCount);
@@ -106,7 +106,7 @@ void Form5::MakePanel() {
 }
 
 QWidget* Form5::MakeList() {
-    m_list = Named(new RowTable, u"ListView1"_s, u"記念日の一覧"_s);
+    m_list = controls::Named(new RowTable, u"ListView1"_s, u"記念日の一覧"_s);
     m_rows = new DayListModel(AnniversaryIcon(), DayListModel::Columns::All, m_list);
     m_list->setModel(m_rows);
     m_list->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Ignored);  // takes the height of the month
@@ -151,4 +151,4 @@ void Form5::Fit() {
     m_panel->setFixedWidth(widths.open - widths.closed);
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::days

@@ -12,7 +12,7 @@
 #include "core/ports/message_boxes.h"
 #include "days/day_list.h"
 
-namespace tickwell {
+namespace tickwell::days {
 
 /// How the calendar opens the windows of the anniversary book, above itself; it is blocked until they are
 /// closed. The buttons of an empty function are disabled.
@@ -31,7 +31,7 @@ struct BookWindows {
 
 /// What the calendar window uses; all outlive it.
 struct CalendarWindowParts {
-    DayDatabase& dayDatabase;
+    store::DayDatabase& dayDatabase;
     DayList& list;  ///< only this window shows it
     const Clock& clock;
     MessageBoxes& boxes;
@@ -41,4 +41,4 @@ struct CalendarWindowParts {
     TimerSource& timers;
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::days

@@ -9,7 +9,7 @@
 
 #include "days/day_shade.h"
 
-namespace tickwell {
+namespace tickwell::days {
 
 using namespace Qt::StringLiterals;
 
@@ -84,4 +84,4 @@ void DayCell::keyPressEvent(QKeyEvent* event) {
     }
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::days

@@ -5,7 +5,7 @@
 
 #include "days/month_grid.h"
 
-namespace tickwell {
+namespace tickwell::days {
 
 /// A day of the calendar: a button that can stay pressed. It shows its MonthCell; a click changes nothing
 /// until the next Show.
@@ -29,4 +29,4 @@ private:
     DayColor m_color = DayColor::Black;
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::days

@@ -4,7 +4,7 @@
 #include "core/errors.h"
 #include "days/day_rule.h"
 
-namespace tickwell {
+namespace tickwell::days {
 
 using namespace Qt::StringLiterals;
 
@@ -24,9 +24,9 @@ QString CountOf(int rows) {
 
 }  // namespace
 
-void DayList::ListDay(DayDatabase& database, QDate date, bool isPanelOpen) {
+void DayList::ListDay(store::DayDatabase& database, QDate date, bool isPanelOpen) {
     Show({});
-    Listing listing{&database, date, RowSearch(DayQuery(date)), {}};
+    Listing listing{&database, date, store::RowSearch(DayQuery(date)), {}};
     listing.mark = database.Mark();
     const bool isDone = listing.search.Step(database);  // also reports errors if closed
     if (!isPanelOpen) {
@@ -45,10 +45,10 @@ void DayList::ListDay(DayDatabase& database, QDate date, bool isPanelOpen) {
 void DayList::GoOn() {
     Listing listing = std::move(*m_listing);
     m_listing.reset();
-    DayDatabase& database = *listing.database;
-    const ChangeMark mark = database.Mark();
+    store::DayDatabase& database = *listing.database;
+    const store::ChangeMark mark = database.Mark();
     if (mark != listing.mark) {
-        listing.search = RowSearch(DayQuery(listing.date));
+        listing.search = store::RowSearch(DayQuery(listing.date));
         listing.mark = mark;
     }
     if (listing.search.Step(database)) {
@@ -103,4 +103,4 @@ void DayList::Changed() const {
     }
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::days

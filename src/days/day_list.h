@@ -9,7 +9,7 @@
 #include "days/listed_rows.h"
 #include "store/row_search.h"
 
-namespace tickwell {
+namespace tickwell::days {
 
 /// The list in the calendar's side panel, without a window: its rows, the two captions above it, and the row
 /// that the editor works on. The calendar owns it and lists the selected day in it; the search puts its
@@ -31,7 +31,7 @@ public:
     /// Lists the anniversaries that fall on `date`. If the panel is closed, the rows are removed and the
     /// captions are kept. With a large database the list may still be empty on return: see IsListing.
     /// `database` outlives the list. Throws RunTimeError; the rows are then removed as well.
-    void ListDay(DayDatabase& database, QDate date, bool isPanelOpen);
+    void ListDay(store::DayDatabase& database, QDate date, bool isPanelOpen);
 
     /// The rows of the day are still being searched: GoOn must be called until this is false. Listing
     /// anything else cancels the search.
@@ -62,10 +62,10 @@ public:
 private:
     /// The search for a day's rows that takes more than one slice.
     struct Listing {
-        DayDatabase* database = nullptr;
+        store::DayDatabase* database = nullptr;
         QDate date;
-        RowSearch search;
-        ChangeMark mark;
+        store::RowSearch search;
+        store::ChangeMark mark;
     };
 
     void ShowDay(Listing& listing);
@@ -80,4 +80,4 @@ private:
     std::function<void()> m_changed;
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::days

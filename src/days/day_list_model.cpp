@@ -7,7 +7,7 @@
 #include "core/errors.h"
 #include "days/log.h"
 
-namespace tickwell {
+namespace tickwell::days {
 
 using namespace Qt::StringLiterals;
 
@@ -109,4 +109,4 @@ QVariant DayListModel::headerData(int section, Qt::Orientation orientation, int 
     return {};
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::days

@@ -7,7 +7,7 @@
 
 #include "days/listed_rows.h"
 
-namespace tickwell {
+namespace tickwell::days {
 
 /// The model of the day list. Reads only the rows that the view requests, and caches the last ones.
 class DayListModel : public QAbstractTableModel {
@@ -41,4 +41,4 @@ private:
     mutable bool m_hasWarned = false;
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::days

@@ -6,7 +6,7 @@
 #include "days/day_rule.h"
 #include "store/sql_quoting.h"
 
-namespace tickwell {
+namespace tickwell::days {
 
 using namespace Qt::StringLiterals;
 
@@ -40,7 +40,7 @@ QString ListWeekText(qint32 code) {
     return u"第"_s + digits.front() + u'週' + WeekdayLetter(digits.back().digitValue(), 1);
 }
 
-DayListRow DayListRowOf(const ResultRow& row, RowForm form) {
+DayListRow DayListRowOf(const store::ResultRow& row, RowForm form) {
     QString year = YearOrMonthText(row.Integer(u"Year"));
     QString month = YearOrMonthText(row.Integer(u"Month"));
     if (form != RowForm::OfDay) {
@@ -51,8 +51,8 @@ DayListRow DayListRowOf(const ResultRow& row, RowForm form) {
             ListWeekText(row.Integer(u"Week"))};
 }
 
-bool IsNameable(const ResultRow& row) {
-    return row.IsExact() && IsQuotable(row.Text(u"Name"));
+bool IsNameable(const store::ResultRow& row) {
+    return row.IsExact() && store::IsQuotable(row.Text(u"Name"));
 }
 
 qint32 NumberOfListText(const QString& text) {
@@ -74,4 +74,4 @@ Anniversary AnniversaryOf(const DayListRow& row) {
             WeekOfListText(row.week)};
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::days

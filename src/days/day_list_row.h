@@ -8,7 +8,7 @@
 #include "store/found_row.h"
 #include "store/result_set.h"
 
-namespace tickwell {
+namespace tickwell::days {
 
 /// An anniversary as displayed in the calendar's list. Editor and deletion know nothing but these texts: they
 /// parse them instead of querying the day database.
@@ -21,7 +21,7 @@ struct DayListRow {
 
     /// The stored row, if no statement can select it (IsNameable): such a row is edited and deleted by its
     /// key.
-    std::optional<FoundRow> itself = std::nullopt;
+    std::optional<store::FoundRow> itself = std::nullopt;
 
     bool operator==(const DayListRow&) const = default;
 };
@@ -44,11 +44,11 @@ QString ListWeekText(qint32 code);
 enum class RowForm { OfDay, OneDay, EveryYear, EveryMonth };
 
 /// A row of Kinenbi, with all five columns. Throws RunTimeError.
-DayListRow DayListRowOf(const ResultRow& row, RowForm form = RowForm::OfDay);
+DayListRow DayListRowOf(const store::ResultRow& row, RowForm form = RowForm::OfDay);
 
 /// Whether a statement can compare with the row's name. Other programs can store names for which that is
 /// impossible: names with a double quote or a NUL, or bytes that are not UTF-8.
-bool IsNameable(const ResultRow& row);
+bool IsNameable(const store::ResultRow& row);
 
 /// Parses a text of the year, month or day column: 0 for "毎" and for the empty text. Throws RunTimeError.
 qint32 NumberOfListText(const QString& text);
@@ -61,4 +61,4 @@ qint32 WeekOfListText(const QString& text);
 /// Parses a row of the list. Throws RunTimeError.
 Anniversary AnniversaryOf(const DayListRow& row);
 
-}  // namespace tickwell
+}  // namespace tickwell::days

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "days/day_marking.h"
 
-namespace tickwell {
+namespace tickwell::days {
 
 using namespace Qt::StringLiterals;
 
@@ -95,4 +95,4 @@ QStringList MonthStatements(const MonthGrid& grid, const MonthShape& month) {
     return statements;
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::days

@@ -6,7 +6,7 @@
 
 #include "days/month_grid.h"
 
-namespace tickwell {
+namespace tickwell::days {
 
 /// What a click on a day does; the value is the index of the option button.
 enum class CalendarMode { Normal, Holidays, Halfdays };
@@ -39,4 +39,4 @@ QStringList DeletionsUpTo(QDate last);
 /// that month's days, even if the grid shows another month.
 QStringList MonthStatements(const MonthGrid& grid, const MonthShape& month);
 
-}  // namespace tickwell
+}  // namespace tickwell::days

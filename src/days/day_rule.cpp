@@ -4,7 +4,7 @@
 #include "core/weekday.h"
 #include "core/words.h"
 
-namespace tickwell {
+namespace tickwell::days {
 
 using namespace Qt::StringLiterals;
 
@@ -65,4 +65,4 @@ QString MarkedDatesQuery(DayMark mark, QDate first, QDate last) {
            u" AND " + DateLiteral(last);
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::days

@@ -5,7 +5,7 @@
 #include <QString>
 #include <array>
 
-namespace tickwell {
+namespace tickwell::days {
 
 inline constexpr int kDaysInWeek = 7;
 
@@ -39,4 +39,4 @@ QStringView TableOf(DayMark mark);
 /// The dates with that mark from `first` to `last`, both included.
 QString MarkedDatesQuery(DayMark mark, QDate first, QDate last);
 
-}  // namespace tickwell
+}  // namespace tickwell::days

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "days/day_shade.h"
 
-namespace tickwell {
+namespace tickwell::days {
 
 namespace {
 
@@ -22,4 +22,4 @@ QColor ShadeOf(DayColor color, const QPalette& palette) {
     return palette.color(QPalette::ButtonText);
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::days

@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "days/listed_rows.h"
 
-namespace tickwell {
+namespace tickwell::days {
 
 namespace {
 
 constexpr int kMostKept = 1000;
 
-std::optional<DayListRow> ReadAs(RowForm form, const FoundRow& found, DayDatabase& database) {
-    const std::optional<ResultRow> row = database.ReadRow(u"Kinenbi", found);
+std::optional<DayListRow> ReadAs(RowForm form, const store::FoundRow& found, store::DayDatabase& database) {
+    const std::optional<store::ResultRow> row = database.ReadRow(u"Kinenbi", found);
     if (!row) {
         return std::nullopt;
     }
@@ -21,7 +21,7 @@ std::optional<DayListRow> ReadAs(RowForm form, const FoundRow& found, DayDatabas
 
 }  // namespace
 
-ListedRows::ListedRows(DayDatabase& database, QList<ListedPart> parts)
+ListedRows::ListedRows(store::DayDatabase& database, QList<ListedPart> parts)
     : m_database(&database), m_parts(std::move(parts)) {
     for (const ListedPart& part : m_parts) {
         m_count += static_cast<int>(part.rows.size());
@@ -53,4 +53,4 @@ std::optional<DayListRow> ListedRows::Read(int row) const {
     Q_UNREACHABLE();
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::days

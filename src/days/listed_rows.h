@@ -7,11 +7,11 @@
 #include "days/day_list_row.h"
 #include "store/day_database.h"
 
-namespace tickwell {
+namespace tickwell::days {
 
 /// Rows of Kinenbi that are displayed in the same form.
 struct ListedPart {
-    FoundRows rows;
+    store::FoundRows rows;
     RowForm form = RowForm::OfDay;
 };
 
@@ -24,7 +24,7 @@ public:
     ListedRows(QList<DayListRow> rows) : m_count(static_cast<int>(rows.size())), m_kept(std::move(rows)) {}
 
     /// The parts in order. Reads the rows if they are few. `database` outlives the rows. Throws RunTimeError.
-    ListedRows(DayDatabase& database, QList<ListedPart> parts);
+    ListedRows(store::DayDatabase& database, QList<ListedPart> parts);
 
     int Count() const { return m_count; }
 
@@ -38,8 +38,8 @@ public:
 private:
     int m_count = 0;
     QList<DayListRow> m_kept;
-    DayDatabase* m_database = nullptr;  // null if all rows were given
-    QList<ListedPart> m_parts;          // empty if the rows are kept
+    store::DayDatabase* m_database = nullptr;  // null if all rows were given
+    QList<ListedPart> m_parts;                 // empty if the rows are kept
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::days

@@ -3,9 +3,9 @@
 
 #include <QLoggingCategory>
 
-namespace tickwell {
+namespace tickwell::days {
 
 /// Warnings by default; QT_LOGGING_RULES="tickwell.days.debug=true" shows all.
 inline Q_LOGGING_CATEGORY(DaysLog, "tickwell.days", QtWarningMsg)
 
-}  // namespace tickwell
+}  // namespace tickwell::days

@@ -8,7 +8,7 @@
 #include "core/integer_text.h"
 #include "store/day_transaction.h"
 
-namespace tickwell {
+namespace tickwell::days {
 
 using namespace Qt::StringLiterals;
 
@@ -126,7 +126,7 @@ void MonthCalendar::PressMarkedCells() {
 }
 
 void MonthCalendar::Execute(const QStringList& statements) {
-    DayTransaction transaction(m_parts.dayDatabase);
+    store::DayTransaction transaction(m_parts.dayDatabase);
     for (const QString& sql : statements) {
         m_parts.dayDatabase.Execute(sql);
     }
@@ -183,4 +183,4 @@ void MonthCalendar::Tell(const QString& text) {
                        });
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::days

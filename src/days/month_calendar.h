@@ -10,7 +10,7 @@
 #include "days/day_marking.h"
 #include "days/month_grid.h"
 
-namespace tickwell {
+namespace tickwell::days {
 
 inline constexpr int kMonthsInYear = 12;
 
@@ -33,7 +33,7 @@ inline constexpr int kCalendarActions = 12;
 
 /// What the calendar uses; all outlive it.
 struct MonthCalendarParts {
-    DayDatabase& dayDatabase;
+    store::DayDatabase& dayDatabase;
     DayList& list;
     const Clock& clock;
     MessageBoxes& boxes;
@@ -116,4 +116,4 @@ private:
 /// The caption of the panel's button: what the next click does.
 QString PanelCaption(bool isPanelOpen);
 
-}  // namespace tickwell
+}  // namespace tickwell::days

@@ -3,7 +3,7 @@
 
 #include "core/words.h"
 
-namespace tickwell {
+namespace tickwell::days {
 
 using namespace Qt::StringLiterals;
 
@@ -107,4 +107,4 @@ void FillGrid(MonthGrid& grid, const MonthShape& month, const MonthRows& rows, Q
     }
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::days

@@ -7,7 +7,7 @@
 
 #include "days/month_rows.h"
 
-namespace tickwell {
+namespace tickwell::days {
 
 /// Colour of a day's number, red + green * 256 + blue * 65536. Marks exist in the grid only as colours: a
 /// half-day and a Saturday differ only in their columns.
@@ -64,4 +64,4 @@ QString MonthHeading(int year, int month);
 /// is; marks have no substitute. Only today's cell is pressed.
 void FillGrid(MonthGrid& grid, const MonthShape& month, const MonthRows& rows, QDate today);
 
-}  // namespace tickwell
+}  // namespace tickwell::days

@@ -3,21 +3,22 @@
 
 #include "core/weekday.h"
 
-namespace tickwell {
+namespace tickwell::days {
 
 MonthShape ShapeOf(QDate date) {
     const QDate first(date.year(), date.month(), 1);
     return {.first = first, .last = first.addMonths(1).addDays(-1), .firstWeekday = WeekdayOf(first)};
 }
 
-MonthRows ReadMonth(DayDatabase& database, const MonthShape& month) {
+MonthRows ReadMonth(store::DayDatabase& database, const MonthShape& month) {
     MonthRows rows;
-    for (const ResultRow& row : database.RunQuery(MonthHolidayQuery(month.first.month()))) {
+    for (const store::ResultRow& row : database.RunQuery(MonthHolidayQuery(month.first.month()))) {
         rows.holidays.append({row.Integer(u"Day"), row.Text(u"Name")});
     }
     for (const DayMark mark : kDayMarks) {
         QList<int>& days = rows.marks.at(static_cast<std::size_t>(mark));
-        for (const ResultRow& row : database.RunQuery(MarkedDatesQuery(mark, month.first, month.last))) {
+        for (const store::ResultRow& row :
+             database.RunQuery(MarkedDatesQuery(mark, month.first, month.last))) {
             if (const QDate date = row.Date(u"Date"); date.isValid()) {
                 days.append(date.day());
             }
@@ -26,4 +27,4 @@ MonthRows ReadMonth(DayDatabase& database, const MonthShape& month) {
     return rows;
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::days

@@ -9,7 +9,7 @@
 #include "days/day_rule.h"
 #include "store/day_database.h"
 
-namespace tickwell {
+namespace tickwell::days {
 
 /// The position of a month's days in the calendar's grid.
 struct MonthShape {
@@ -39,6 +39,6 @@ struct MonthRows {
 };
 
 /// Skips marks that are not dates, such as February 30. Throws SqlError.
-MonthRows ReadMonth(DayDatabase& database, const MonthShape& month);
+MonthRows ReadMonth(store::DayDatabase& database, const MonthShape& month);
 
-}  // namespace tickwell
+}  // namespace tickwell::days

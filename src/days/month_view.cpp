@@ -10,7 +10,7 @@
 #include "days/day_marking.h"
 #include "days/day_shade.h"
 
-namespace tickwell {
+namespace tickwell::days {
 
 using namespace Qt::StringLiterals;
 
@@ -44,15 +44,15 @@ MonthView::MonthView(QWidget* parent) : QWidget(parent) {
     layout->setSpacing(1);
     const MonthGrid empty;
     for (int column = 0; column < kGridColumns; ++column) {
-        auto* label = Named(new QLabel(empty.At(column).caption, this), NameOf(column),
-                            empty.At(column).caption + u"曜日");
+        auto* label = controls::Named(new QLabel(empty.At(column).caption, this), NameOf(column),
+                                      empty.At(column).caption + u"曜日");
         label->setTextFormat(Qt::PlainText);
         label->setAlignment(Qt::AlignCenter);
         layout->addWidget(label, 0, column);
         m_weekdays.at(static_cast<std::size_t>(column)) = label;
     }
     for (int cell = kFirstDayCell; cell < kGridCells; ++cell) {
-        auto* button = Named(new DayCell(this), NameOf(cell));
+        auto* button = controls::Named(new DayCell(this), NameOf(cell));
         button->installEventFilter(this);
         layout->addWidget(button, cell / kGridColumns, cell % kGridColumns);
         m_cells.at(static_cast<std::size_t>(cell - kFirstDayCell)) = button;
@@ -134,4 +134,4 @@ void MonthView::ColorWeekdays() {
     }
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::days

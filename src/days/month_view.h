@@ -6,7 +6,7 @@
 
 #include "days/day_cell.h"
 
-namespace tickwell {
+namespace tickwell::days {
 
 /// The grid on the screen: a row of weekdays and six rows of days. Only one day is in the tab order; the
 /// arrow keys move to the others, which can also be clicked.
@@ -43,4 +43,4 @@ private:
     int m_day = 1;  // the day in the tab order
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::days

@@ -4,7 +4,7 @@
 #include <QHeaderView>
 #include <algorithm>
 
-namespace tickwell {
+namespace tickwell::days {
 
 namespace {
 
@@ -50,4 +50,4 @@ QModelIndex RowTable::moveCursor(CursorAction action, Qt::KeyboardModifiers modi
     }
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::days

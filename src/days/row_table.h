@@ -3,7 +3,7 @@
 
 #include <QTableView>
 
-namespace tickwell {
+namespace tickwell::days {
 
 /// A list with columns and single selection. A QTreeView needs 40 bytes and some time per row of its model;
 /// this class needs 8 bytes and shows a million rows instantly.
@@ -21,4 +21,4 @@ protected:
     QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::days

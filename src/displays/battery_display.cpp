@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "displays/battery_display.h"
 
-namespace tickwell {
+namespace tickwell::displays {
 
 namespace {
 
@@ -39,4 +39,4 @@ qint64 BatteryDisplay::UntilDue(bool /*isSeen*/) const {
     return kBatteryTick;
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::displays

@@ -5,7 +5,7 @@
 #include "core/handlers.h"
 #include "displays/battery_lines.h"
 
-namespace tickwell {
+namespace tickwell::displays {
 
 /// What the machine runs on.
 class BatteryDisplay : public Display {
@@ -27,4 +27,4 @@ private:
     std::unique_ptr<Timer> m_timer;
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::displays

@@ -3,7 +3,7 @@
 
 #include "core/duration_text.h"
 
-namespace tickwell {
+namespace tickwell::displays {
 
 using namespace Qt::StringLiterals;
 
@@ -43,4 +43,4 @@ QString TimeLeftText(qint64 seconds) {
            TwoDigits(static_cast<qint32>(seconds % 3600 / 60)) + u"分です";
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::displays

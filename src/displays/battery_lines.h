@@ -6,7 +6,7 @@
 #include "core/ports/power.h"
 #include "core/text_line.h"
 
-namespace tickwell {
+namespace tickwell::displays {
 
 /// What the machine runs on, on the lower line. On battery the charge and the time that is left take turns,
 /// reading by reading; whose turn it is survives that other functions are shown meanwhile.
@@ -39,4 +39,4 @@ QString ChargeText(int percent);
 /// dropped.
 QString TimeLeftText(qint64 seconds);
 
-}  // namespace tickwell
+}  // namespace tickwell::displays

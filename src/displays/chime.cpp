@@ -3,7 +3,7 @@
 
 #include <utility>
 
-namespace tickwell {
+namespace tickwell::displays {
 
 namespace {
 
@@ -51,4 +51,4 @@ qint32 StrikesOf(qint32 hour) {
     return strikes == 0 ? kDial : strikes;
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::displays

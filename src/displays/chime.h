@@ -7,7 +7,7 @@
 #include "core/ports/clock.h"
 #include "core/settings.h"
 
-namespace tickwell {
+namespace tickwell::displays {
 
 /// The time signal: the hour on a dial of twelve, and once on the half hour.
 class Chime {
@@ -35,4 +35,4 @@ private:
 /// How often the hour 0 to 23 is struck: 12 at noon and at midnight.
 qint32 StrikesOf(qint32 hour);
 
-}  // namespace tickwell
+}  // namespace tickwell::displays

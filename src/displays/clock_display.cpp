@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "displays/clock_display.h"
 
-namespace tickwell {
+namespace tickwell::displays {
 
 namespace {
 
@@ -17,7 +17,7 @@ constexpr DisplayTraits kClockTraits{.number = kFunctionClock,
 
 }  // namespace
 
-ClockDisplay::ClockDisplay(const AppSettings& settings, const Clock& clock, DayDatabase& dayDatabase,
+ClockDisplay::ClockDisplay(const AppSettings& settings, const Clock& clock, store::DayDatabase& dayDatabase,
                            Handlers& handlers, TimerSource& timers, const DisplayView& view)
     : m_handlers(handlers),
       m_lines(settings, clock, dayDatabase, view.lines),
@@ -52,4 +52,4 @@ void ClockDisplay::Dz_Timer1_Timer() {
     m_lines.TimeTick();
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::displays

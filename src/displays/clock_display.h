@@ -6,13 +6,13 @@
 #include "core/sleeping_timer.h"
 #include "displays/clock_lines.h"
 
-namespace tickwell {
+namespace tickwell::displays {
 
 /// Date and time, and what falls on today.
 class ClockDisplay : public Display {
 public:
     /// All outlive this object, as for ClockLines.
-    ClockDisplay(const AppSettings& settings, const Clock& clock, DayDatabase& dayDatabase,
+    ClockDisplay(const AppSettings& settings, const Clock& clock, store::DayDatabase& dayDatabase,
                  Handlers& handlers, TimerSource& timers, const DisplayView& view);
 
     const DisplayTraits& Traits() const override;
@@ -35,4 +35,4 @@ private:
     std::unique_ptr<Timer> m_dateTimer;  // the upper line
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::displays

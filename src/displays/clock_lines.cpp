@@ -7,7 +7,7 @@
 #include "core/integers.h"
 #include "days/announced_names.h"
 
-namespace tickwell {
+namespace tickwell::displays {
 
 namespace {
 
@@ -31,7 +31,7 @@ int WholeSteps(QTime time, int step) {
 
 }  // namespace
 
-ClockLines::ClockLines(const AppSettings& settings, const Clock& clock, DayDatabase& dayDatabase,
+ClockLines::ClockLines(const AppSettings& settings, const Clock& clock, store::DayDatabase& dayDatabase,
                        TextLines lines)
     : m_settings(settings), m_clock(clock), m_dayDatabase(dayDatabase), m_lines(lines) {}
 
@@ -62,7 +62,7 @@ void ClockLines::AskForNames(QDate today) {
     m_tried = m_clock.Tick();
     if (m_dayDatabase.TryOpen()) {
         m_areNamesDue = false;  // also if the query fails
-        m_names = AnnouncedNames(m_dayDatabase, today);
+        m_names = days::AnnouncedNames(m_dayDatabase, today);
     }
 }
 
@@ -110,4 +110,4 @@ void ClockLines::RotateTick() {
     m_lines.upper.ShowText(m_turn == 0 ? m_dateLine : m_names[m_turn - 1]);
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::displays

@@ -11,14 +11,15 @@
 #include "core/text_line.h"
 #include "store/day_database.h"
 
-namespace tickwell {
+namespace tickwell::displays {
 
 /// What both lines show while the clock is the function: the time below; above, the date and the names of
 /// what falls on today, in turn.
 class ClockLines {
 public:
     /// All outlive this object.
-    ClockLines(const AppSettings& settings, const Clock& clock, DayDatabase& dayDatabase, TextLines lines);
+    ClockLines(const AppSettings& settings, const Clock& clock, store::DayDatabase& dayDatabase,
+               TextLines lines);
 
     /// The function was chosen: date and time come in with a wipe. The names' turn stays where it was.
     void Show();
@@ -49,7 +50,7 @@ private:
 
     const AppSettings& m_settings;
     const Clock& m_clock;
-    DayDatabase& m_dayDatabase;
+    store::DayDatabase& m_dayDatabase;
     TextLines m_lines;
     QString m_rememberedDate;  // empty at start: the first tick always looks up
     QTime m_rememberedTime;    // invalid at start
@@ -61,4 +62,4 @@ private:
     std::optional<qint32> m_tried;  // tick of the last try; none: the next look-up tries at once
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::displays

@@ -3,7 +3,7 @@
 
 #include <QtGlobal>
 
-namespace tickwell {
+namespace tickwell::displays {
 
 /// What the menu shows of the current function.
 class FunctionMarks {
@@ -17,4 +17,4 @@ public:
     virtual void EnableOperation(bool enabled) = 0;
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::displays

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "displays/function_switch.h"
 
-namespace tickwell {
+namespace tickwell::displays {
 
 FunctionSwitch::FunctionSwitch(AppSettings& settings, TextLines lines, FunctionMarks& marks,
                                const Displays& displays)
@@ -24,4 +24,4 @@ void FunctionSwitch::ChangeFunction(qint32 number) {
     shown->Show();
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::displays

@@ -5,7 +5,7 @@
 #include "core/settings.h"
 #include "displays/function_marks.h"
 
-namespace tickwell {
+namespace tickwell::displays {
 
 /// Which function the main window shows, and what changes when it is another one.
 class FunctionSwitch {
@@ -27,4 +27,4 @@ private:
     const Displays& m_displays;
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::displays

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "displays/memory_display.h"
 
-namespace tickwell {
+namespace tickwell::displays {
 
 namespace {
 
@@ -36,4 +36,4 @@ qint64 MemoryDisplay::UntilDue(bool isSeen) const {
     return isSeen ? kMemoryTick : SleepingTimer::kLongestSleep;
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::displays

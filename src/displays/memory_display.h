@@ -5,7 +5,7 @@
 #include "core/sleeping_timer.h"
 #include "displays/memory_lines.h"
 
-namespace tickwell {
+namespace tickwell::displays {
 
 /// The memory load.
 class MemoryDisplay : public Display {
@@ -26,4 +26,4 @@ private:
     SleepingTimer m_timer;
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::displays

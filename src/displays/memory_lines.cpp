@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "displays/memory_lines.h"
 
-namespace tickwell {
+namespace tickwell::displays {
 
 void MemoryLines::Show() {
     if (const auto load = m_memory.Load()) {
@@ -19,4 +19,4 @@ QString MemoryText(int load) {
     return QString::number(load) + u"％使用中";
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::displays

@@ -6,7 +6,7 @@
 #include "core/ports/memory.h"
 #include "core/text_line.h"
 
-namespace tickwell {
+namespace tickwell::displays {
 
 /// The memory load, on the lower line.
 class MemoryLines {
@@ -28,4 +28,4 @@ private:
 /// "45％使用中".
 QString MemoryText(int load);
 
-}  // namespace tickwell
+}  // namespace tickwell::displays

@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <utility>
 
-namespace tickwell {
+namespace tickwell::displays {
 
 namespace {
 
@@ -65,4 +65,4 @@ void Roll::ShowNext(Mains mains) {
     }
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::displays

@@ -11,7 +11,7 @@
 #include "core/ports/timer.h"
 #include "core/settings.h"
 
-namespace tickwell {
+namespace tickwell::displays {
 
 /// The display that the roll shows after `current`: the next chosen one of those that take part, in their
 /// order, round and round, without those that are skipped on mains while the machine runs on mains. Nothing
@@ -47,4 +47,4 @@ private:
     PowerQuestion m_question;  // at most until the display changes
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::displays

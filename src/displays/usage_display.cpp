@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "displays/usage_display.h"
 
-namespace tickwell {
+namespace tickwell::displays {
 
 namespace {
 
@@ -36,4 +36,4 @@ qint64 UsageDisplay::UntilDue(bool isSeen) const {
     return isSeen ? m_lines.UntilDue() : SleepingTimer::kLongestSleep;
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::displays

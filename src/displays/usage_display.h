@@ -5,7 +5,7 @@
 #include "core/sleeping_timer.h"
 #include "displays/usage_lines.h"
 
-namespace tickwell {
+namespace tickwell::displays {
 
 /// The time since the system started.
 class UsageDisplay : public Display {
@@ -28,4 +28,4 @@ private:
     SleepingTimer m_timer;
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::displays

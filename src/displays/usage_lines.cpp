@@ -4,7 +4,7 @@
 #include "core/duration_text.h"
 #include "core/integers.h"
 
-namespace tickwell {
+namespace tickwell::displays {
 
 namespace {
 
@@ -54,4 +54,4 @@ QString UsageLines::Reading(qint32 tick) const {
     return UsageText(tick, m_settings.language, m_settings.displayMode, m_settings.hourStyle);
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::displays

@@ -7,7 +7,7 @@
 #include "core/settings.h"
 #include "core/text_line.h"
 
-namespace tickwell {
+namespace tickwell::displays {
 
 /// The time since the system started, on the lower line.
 class UsageLines {
@@ -33,4 +33,4 @@ private:
     std::optional<qint32> m_shownSecond;
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::displays

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "help/folded_text.h"
 
-namespace tickwell {
+namespace tickwell::help {
 
 namespace {
 
@@ -63,4 +63,4 @@ QList<TextSpan> FoldedText::Find(const QString& term) const {
     return spans;
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::help

@@ -4,7 +4,7 @@
 #include <QList>
 #include <QString>
 
-namespace tickwell {
+namespace tickwell::help {
 
 /// Part of a text: its start and its length in UTF-16 units.
 struct TextSpan {
@@ -29,4 +29,4 @@ private:
     QList<int> m_origins;  // the original position of each folded character, then the original length
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::help

@@ -10,7 +10,7 @@
 #include <QWheelEvent>
 #include <algorithm>
 
-namespace tickwell {
+namespace tickwell::help {
 
 using namespace Qt::StringLiterals;
 
@@ -170,4 +170,4 @@ void HelpBrowser::changeEvent(QEvent* event) {
     }
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::help

@@ -5,7 +5,7 @@
 
 #include "help/folded_text.h"
 
-namespace tickwell {
+namespace tickwell::help {
 
 /// The text of the help. Keeps the reading position when the window or the text changes its size. Loads
 /// nothing but the text that it is given: no pictures, style sheets or other pages.
@@ -52,4 +52,4 @@ private:
     bool m_placing = false;  // the current scrolling is not the reader's
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::help

@@ -4,7 +4,7 @@
 #include <QStringList>
 #include <algorithm>
 
-namespace tickwell {
+namespace tickwell::help {
 
 using namespace Qt::StringLiterals;
 
@@ -156,4 +156,4 @@ bool IsEasyToShow(QStringView html) {
     return Measure(html).IsWithinLimits();
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::help

@@ -3,7 +3,7 @@
 
 #include <QStringView>
 
-namespace tickwell {
+namespace tickwell::help {
 
 /// Whether Qt can lay out a help text within about a second. The layout time doubles with each level of
 /// nested tables and is quadratic in the depth of other elements, the number of table cells and the length of
@@ -11,4 +11,4 @@ namespace tickwell {
 /// needs.
 bool IsEasyToShow(QStringView html);
 
-}  // namespace tickwell
+}  // namespace tickwell::help

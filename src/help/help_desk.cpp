@@ -4,7 +4,7 @@
 #include "controls/bring_forward.h"
 #include "help/help_file.h"
 
-namespace tickwell {
+namespace tickwell::help {
 
 HelpDesk::HelpDesk(QString file, Handlers& handlers, Opening opening)
     : m_file(std::move(file)), m_handlers(handlers), m_opening(std::move(opening)) {}
@@ -22,7 +22,7 @@ void HelpDesk::ShowTopic(int topic) {
         m_opening(*m_window);
     }
     m_window->ShowTopic(topic);
-    BringForward(*m_window);
+    controls::BringForward(*m_window);
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::help

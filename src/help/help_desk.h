@@ -9,7 +9,7 @@
 #include "core/ports/help_viewer.h"
 #include "help/help_window.h"
 
-namespace tickwell {
+namespace tickwell::help {
 
 /// Opens the help file in a window, one at a time. The file is read each time the window is opened; once the
 /// window is closed, only its geometry and text size are kept.
@@ -37,4 +37,4 @@ private:
     QPointer<HelpWindow> m_window;
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::help

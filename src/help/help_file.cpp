@@ -8,7 +8,7 @@
 #include "core/regular_file.h"
 #include "help/help_complexity.h"
 
-namespace tickwell {
+namespace tickwell::help {
 
 namespace {
 
@@ -38,4 +38,4 @@ QString ReadHelpFile(const QString& path) {
     return text;
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::help

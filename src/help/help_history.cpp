@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "help/help_history.h"
 
-namespace tickwell {
+namespace tickwell::help {
 
 void HelpHistory::Jump(int from, int to) {
     if (from == to) {
@@ -19,4 +19,4 @@ int HelpHistory::Step(QList<int>& there, QList<int>& behind, int from) {
     return there.takeLast();
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::help

@@ -3,7 +3,7 @@
 
 #include <QList>
 
-namespace tickwell {
+namespace tickwell::help {
 
 /// The positions that the reader jumped from. Every step is passed the current position, so that going back
 /// returns to where the reader had scrolled to, not to where a jump had ended.
@@ -26,4 +26,4 @@ private:
     QList<int> m_forward;
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::help

@@ -5,7 +5,7 @@
 #include <QTextDocument>
 #include <algorithm>
 
-namespace tickwell {
+namespace tickwell::help {
 
 using namespace Qt::StringLiterals;
 
@@ -77,4 +77,4 @@ HelpPage HelpPageOf(const QTextDocument& document) {
     return page;
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::help

@@ -10,7 +10,7 @@
 
 class QTextDocument;
 
-namespace tickwell {
+namespace tickwell::help {
 
 /// A heading below the title. Positions are characters from the start of the document.
 struct HelpHeading {
@@ -50,4 +50,4 @@ struct HelpPage {
 /// Reads a document created from a help file.
 HelpPage HelpPageOf(const QTextDocument& document);
 
-}  // namespace tickwell
+}  // namespace tickwell::help

@@ -3,7 +3,7 @@
 
 #include <algorithm>
 
-namespace tickwell {
+namespace tickwell::help {
 
 using namespace Qt::StringLiterals;
 
@@ -41,4 +41,4 @@ QString HelpSearch::CountText() const {
     return QString::number(m_current + 1) + u" / " + QString::number(m_hits.size()) + u" 件";
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::help

@@ -7,7 +7,7 @@
 
 #include "help/folded_text.h"
 
-namespace tickwell {
+namespace tickwell::help {
 
 /// A search in the complete help text: its hits and the current one.
 class HelpSearch {
@@ -31,4 +31,4 @@ private:
     bool m_searching = false;
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::help

@@ -4,7 +4,7 @@
 #include <QTextDocument>
 #include <QVBoxLayout>
 
-namespace tickwell {
+namespace tickwell::help {
 
 using namespace Qt::StringLiterals;
 
@@ -107,4 +107,4 @@ void HelpSide::TakeFocus() {
     (currentIndex() == 0 ? static_cast<QWidget*>(m_contents) : m_filter)->setFocus(Qt::ShortcutFocusReason);
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::help

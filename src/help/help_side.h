@@ -9,7 +9,7 @@
 #include "core/handlers.h"
 #include "help/help_page.h"
 
-namespace tickwell {
+namespace tickwell::help {
 
 /// Contents and index beside the text. Emits the target position when an entry is clicked or Enter is
 /// pressed.
@@ -41,4 +41,4 @@ private:
     QListWidget* m_index;
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::help

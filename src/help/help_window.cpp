@@ -6,7 +6,7 @@
 #include <QSplitter>
 #include <QVBoxLayout>
 
-namespace tickwell {
+namespace tickwell::help {
 
 using namespace Qt::StringLiterals;
 
@@ -147,4 +147,4 @@ void HelpWindow::hideEvent(QHideEvent* event) {
     QDialog::hideEvent(event);
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::help

@@ -16,7 +16,7 @@
 #include "help/help_side.h"
 #include "help/text_size.h"
 
-namespace tickwell {
+namespace tickwell::help {
 
 /// Kept from one opening of the help window to the next.
 struct HelpLook {
@@ -78,4 +78,4 @@ private:
     QAction* m_next = nullptr;
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::help

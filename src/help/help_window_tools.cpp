@@ -3,7 +3,7 @@
 
 #include "help/help_window.h"
 
-namespace tickwell {
+namespace tickwell::help {
 
 using namespace Qt::StringLiterals;
 
@@ -100,4 +100,4 @@ void HelpWindow::AddFindKeys() {
     add({Qt::SHIFT | Qt::Key_Return, Qt::SHIFT | Qt::Key_Enter}, &HelpSearch::Previous);
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::help

@@ -3,7 +3,7 @@
 
 #include <QList>
 
-namespace tickwell {
+namespace tickwell::help {
 
 namespace {
 
@@ -38,4 +38,4 @@ int TextSize::Percent() const {
     return Steps()[m_step];
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::help

@@ -3,7 +3,7 @@
 
 #include <QtGlobal>
 
-namespace tickwell {
+namespace tickwell::help {
 
 /// The size of the help text, in steps around the desktop's size.
 class TextSize {
@@ -23,4 +23,4 @@ private:
     qsizetype m_step = 4;
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::help

@@ -3,7 +3,7 @@
 
 #include <algorithm>
 
-namespace tickwell {
+namespace tickwell::lines {
 
 namespace {
 
@@ -53,4 +53,4 @@ void FramePacer::Paint() {
     m_waiting.clear();
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::lines

@@ -7,7 +7,7 @@
 
 #include "core/throttle.h"
 
-namespace tickwell {
+namespace tickwell::lines {
 
 /// Lets widgets repaint at most 60 times a second, however often they change, and all in the same frame.
 /// There are no frames while nobody sees the widgets; what has changed meanwhile is painted when they come
@@ -45,4 +45,4 @@ private:
     Throttle m_throttle;
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::lines

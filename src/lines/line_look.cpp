@@ -6,7 +6,7 @@
 #include "core/font_names.h"
 #include "core/integers.h"
 
-namespace tickwell {
+namespace tickwell::lines {
 
 using namespace Qt::StringLiterals;
 
@@ -50,4 +50,4 @@ void InstallFontSubstitutes() {
     QFont::insertSubstitutions(kGothicFont, GothicSubstitutes());
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::lines

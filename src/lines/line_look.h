@@ -6,7 +6,7 @@
 
 #include "core/settings.h"
 
-namespace tickwell {
+namespace tickwell::lines {
 
 /// A stored colour, red + green * 256 + blue * 65536, as Qt has it. Here alone the order turns.
 QColor ColorFromNumber(qint32 color);
@@ -28,4 +28,4 @@ qint32 StepSizeOf(qint16 fontSize, qint32 wipeSpeed);
 /// Once a process, before the first line is drawn.
 void InstallFontSubstitutes();
 
-}  // namespace tickwell
+}  // namespace tickwell::lines

@@ -3,7 +3,7 @@
 
 #include "lines/line_look.h"
 
-namespace tickwell {
+namespace tickwell::lines {
 
 namespace {
 
@@ -26,4 +26,4 @@ void ApplyLineStyles(MovingWord& upper, MovingWord& lower, const AppSettings& se
     lower.SetStepSize(StepSizeOf(settings.lower.fontSize, settings.wipeSpeed));
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::lines

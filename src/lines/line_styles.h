@@ -4,10 +4,10 @@
 #include "core/settings.h"
 #include "lines/moving_word.h"
 
-namespace tickwell {
+namespace tickwell::lines {
 
 /// Gives both lines their fonts, colours and wipes, in the main window and in the sample of the settings. A
 /// wipe that runs goes on. Throws OverflowError.
 void ApplyLineStyles(MovingWord& upper, MovingWord& lower, const AppSettings& settings);
 
-}  // namespace tickwell
+}  // namespace tickwell::lines

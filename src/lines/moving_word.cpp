@@ -8,7 +8,7 @@
 
 #include "lines/line_look.h"
 
-namespace tickwell {
+namespace tickwell::lines {
 
 namespace {
 
@@ -160,4 +160,4 @@ void MovingWord::DrawPart(QPainter& painter, const QRect& part, const QString& t
                      text);
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::lines

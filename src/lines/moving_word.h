@@ -12,7 +12,7 @@
 #include "lines/frame_pacer.h"
 #include "lines/wipe.h"
 
-namespace tickwell {
+namespace tickwell::lines {
 
 /// What a line needs to know of time; all outlive it.
 struct LineTime {
@@ -89,4 +89,4 @@ private:
 /// Makes lines known to screen readers. Once a process, before the first window.
 void InstallMovingWordAccessibility();
 
-}  // namespace tickwell
+}  // namespace tickwell::lines

@@ -3,7 +3,7 @@
 
 #include <algorithm>
 
-namespace tickwell {
+namespace tickwell::lines {
 
 int Wipe::Length(QSize line) const {
     switch (kind) {
@@ -61,4 +61,4 @@ QRect Wipe::OldPart(QSize line) const {
     }
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::lines

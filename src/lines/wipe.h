@@ -4,7 +4,7 @@
 #include <QRect>
 #include <QSize>
 
-namespace tickwell {
+namespace tickwell::lines {
 
 /// Ways in which new text comes in, as they are stored. Any other number: at once.
 inline constexpr qint32 kWipeLeftToRight = 0;
@@ -30,4 +30,4 @@ struct Wipe {
     QRect OldPart(QSize line) const;
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::lines

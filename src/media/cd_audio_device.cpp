@@ -3,7 +3,7 @@
 
 #include "media/command_error.h"
 
-namespace tickwell {
+namespace tickwell::media {
 
 using namespace Qt::StringLiterals;
 
@@ -143,4 +143,4 @@ bool CdAudioDevice::IsPlaying() {
            (picture.mode == CdMode::Playing || picture.mode == CdMode::Seeking);
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::media

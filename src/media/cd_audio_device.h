@@ -5,7 +5,7 @@
 #include "media/media_device.h"
 #include "media/ports/cd_drive.h"
 
-namespace tickwell {
+namespace tickwell::media {
 
 /// The device "cdaudio". A disc without audio tracks counts as no disc. A command that needs a disc while
 /// there is none, and every query for "media present", start a new look at the drive.
@@ -35,4 +35,4 @@ private:
     TimeFormat m_timeFormat = TimeFormat::Msf;
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::media

@@ -3,7 +3,7 @@
 
 #include "media/cd_state.h"
 
-namespace tickwell {
+namespace tickwell::media {
 
 namespace {
 
@@ -30,4 +30,4 @@ const CdButtons* CdButtonsOf(qint32 state) {
     return nullptr;
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::media

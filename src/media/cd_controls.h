@@ -4,7 +4,7 @@
 #include <QString>
 #include <array>
 
-namespace tickwell {
+namespace tickwell::media {
 
 /// Indexes of the player's buttons.
 inline constexpr int kCdPrevious = 0;
@@ -29,4 +29,4 @@ struct CdControls {
 /// The buttons that are enabled in a state; null if the state leaves them unchanged.
 const CdButtons* CdButtonsOf(qint32 state);
 
-}  // namespace tickwell
+}  // namespace tickwell::media

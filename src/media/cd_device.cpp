@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "media/cd_device.h"
 
-namespace tickwell {
+namespace tickwell::media {
 
 using namespace Qt::StringLiterals;
 
@@ -43,4 +43,4 @@ void CdDevice::Close() {
     m_media.MciClose(u"CDP"_s, false);
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::media

@@ -3,7 +3,7 @@
 
 #include "media/multimedia.h"
 
-namespace tickwell {
+namespace tickwell::media {
 
 /// The CD drive, under the alias "CDP" and with times in milliseconds.
 class CdDevice {
@@ -32,4 +32,4 @@ private:
     bool m_isOpen = false;
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::media

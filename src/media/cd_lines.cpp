@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "media/cd_lines.h"
 
-namespace tickwell {
+namespace tickwell::media {
 
 namespace {
 
@@ -51,4 +51,4 @@ void CdLines::ShowLower(const QString& text) {
     Bring(m_lines.lower, text);
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::media

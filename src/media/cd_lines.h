@@ -5,7 +5,7 @@
 #include "core/text_line.h"
 #include "media/cd_player.h"
 
-namespace tickwell {
+namespace tickwell::media {
 
 /// Shows the CD player on the main window's lines, while function 6 is shown.
 class CdLines : public CdDisplay {
@@ -35,4 +35,4 @@ private:
     bool m_isBlank = false;     // the blank phase of the blinking
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::media

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "media/cd_player.h"
 
-namespace tickwell {
+namespace tickwell::media {
 
 using namespace Qt::StringLiterals;
 
@@ -200,4 +200,4 @@ bool CdPlayer::IsShowing() const {
     return m_isWindowShown || (m_display != nullptr && m_display->IsShown());
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::media

@@ -9,7 +9,7 @@
 #include "media/cd_seek.h"
 #include "media/cd_texts.h"
 
-namespace tickwell {
+namespace tickwell::media {
 
 /// The main window's lines, while they show the CD player.
 class CdDisplay {
@@ -113,4 +113,4 @@ private:
 qint32 TrackBefore(qint32 track, qint32 count);
 qint32 TrackBehind(qint32 track, qint32 count);
 
-}  // namespace tickwell
+}  // namespace tickwell::media

@@ -3,7 +3,7 @@
 #include "core/integers.h"
 #include "media/cd_player.h"
 
-namespace tickwell {
+namespace tickwell::media {
 
 using namespace Qt::StringLiterals;
 
@@ -131,4 +131,4 @@ void CdPlayer::Pause() {
     m_media.MciPause(u"CDP"_s, true);
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::media

@@ -3,7 +3,7 @@
 
 #include <utility>
 
-namespace tickwell {
+namespace tickwell::media {
 
 namespace {
 
@@ -35,4 +35,4 @@ qint64 CdPlayerDisplay::UntilDue(bool isSeen) const {
     return isSeen ? kCdTick : SleepingTimer::kLongestSleep;
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::media

@@ -5,7 +5,7 @@
 #include "core/sleeping_timer.h"
 #include "media/cd_lines.h"
 
-namespace tickwell {
+namespace tickwell::media {
 
 /// The audio CD that plays.
 class CdPlayerDisplay : public Display {
@@ -29,4 +29,4 @@ private:
     std::function<void()> m_openWindow;
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::media

@@ -7,7 +7,7 @@
 #include "media/cd_controls.h"
 #include "media/cd_texts.h"
 
-namespace tickwell {
+namespace tickwell::media {
 
 using namespace Qt::StringLiterals;
 
@@ -47,4 +47,4 @@ void CdSeek::Step() {
     m_media.MciPlay(u"CDP"_s, false, QString::number(target), {}, true);
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::media

@@ -7,7 +7,7 @@
 #include "media/cd_state.h"
 #include "media/multimedia.h"
 
-namespace tickwell {
+namespace tickwell::media {
 
 /// Rewind and fast forward: while one of the two buttons is held, moves the position by three seconds,
 /// immediately and then four times a second, within the limits of the disc, and plays on from there.
@@ -30,4 +30,4 @@ private:
     qint32 m_step = 0;  // ms
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::media

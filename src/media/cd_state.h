@@ -3,7 +3,7 @@
 
 #include <QtGlobal>
 
-namespace tickwell {
+namespace tickwell::media {
 
 /// Values of CdState.
 inline constexpr qint32 kCdStopped = 0;
@@ -25,4 +25,4 @@ struct CdPlayerState {
     qint32 CdDisplayFormat = kCdTimeIntoTrack;
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::media

@@ -4,7 +4,7 @@
 #include "core/duration_text.h"
 #include "core/integers.h"
 
-namespace tickwell {
+namespace tickwell::media {
 
 using namespace Qt::StringLiterals;
 
@@ -86,4 +86,4 @@ std::optional<qint32> CdTexts::StartOf(qint32 track) {
     return AskCd(m_media, u"status CDP position track "_s + QString::number(track), false);
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::media

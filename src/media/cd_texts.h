@@ -7,7 +7,7 @@
 #include "media/cd_state.h"
 #include "media/multimedia.h"
 
-namespace tickwell {
+namespace tickwell::media {
 
 /// The texts of the two lines. Each one queries the device; if a query fails, there is no text and the player
 /// is already not ready. Such a failure never shows a message box, because these texts are requested twice a
@@ -40,4 +40,4 @@ private:
 /// Sends the CD a query whose reply is a number; nothing if it failed.
 std::optional<qint32> AskCd(Multimedia& media, const QString& command, bool showError);
 
-}  // namespace tickwell
+}  // namespace tickwell::media

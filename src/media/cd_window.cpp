@@ -9,7 +9,7 @@
 #include "controls/control_making.h"
 #include "media/transport_icons.h"
 
-namespace tickwell {
+namespace tickwell::media {
 
 using namespace Qt::StringLiterals;
 
@@ -30,7 +30,7 @@ CDForm::CDForm(CdPlayer& player, Handlers& handlers, QWidget* parent)
       m_formatMenu(m_menuBar->addMenu(u"表示形式"_s)),
       m_repeatMenu(m_menuBar->addMenu(u"リピート"_s)),
       m_formats(new QActionGroup(this)),
-      m_caption(MakeLabel(u"Label1"_s, QString(), this)) {
+      m_caption(controls::MakeLabel(u"Label1"_s, QString(), this)) {
     setObjectName(u"CDForm"_s);
     setWindowTitle(u"CDプレーヤー"_s);
     m_caption->setAlignment(Qt::AlignCenter);
@@ -58,19 +58,19 @@ void CDForm::MakeMenus() {
     for (int index = 1; index <= 3; ++index) {  // their indexes start at 1
         const auto row = static_cast<std::size_t>(index - 1);
         QAction* format = m_formatMenu->addAction(kFormats[row].toString());
-        format->setObjectName(Indexed(u"cdm"_s, index));
+        format->setObjectName(controls::Indexed(u"cdm"_s, index));
         format->setCheckable(true);
         m_formats->addAction(format);
         m_handlers.Connect(format, &QAction::triggered, this, [this, index] { m_player.cdm_Click(index); });
         QAction* repeat = m_repeatMenu->addAction(kRepeats[row].toString());
-        repeat->setObjectName(Indexed(u"cdr"_s, index));  // has no effect: nothing is ever repeated
+        repeat->setObjectName(controls::Indexed(u"cdr"_s, index));  // has no effect: nothing is ever repeated
     }
 }
 
 QPushButton* CDForm::MakePlayerButton(int index) {
     const QString name = kButtonNames[static_cast<std::size_t>(index)].toString();
-    auto* button = MakeButton(Indexed(u"Command1"_s, index), QString(), this, m_handlers,
-                              [this, index] { m_player.Command1_Click(index); });
+    auto* button = controls::MakeButton(controls::Indexed(u"Command1"_s, index), QString(), this, m_handlers,
+                                        [this, index] { m_player.Command1_Click(index); });
     button->setIcon(TransportIcon(index));
     button->setToolTip(name);
     button->setAccessibleName(name);
@@ -141,4 +141,4 @@ void CDForm::hideEvent(QHideEvent* event) {
     }
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::media

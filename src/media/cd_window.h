@@ -12,7 +12,7 @@
 #include "core/handlers.h"
 #include "media/cd_player.h"
 
-namespace tickwell {
+namespace tickwell::media {
 
 /// The window of the CD player. Shows the player's state and forwards the user's actions; playback continues
 /// when the window is closed. At most one exists at a time.
@@ -45,4 +45,4 @@ private:
     std::array<QPushButton*, 7> m_buttons{};
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::media

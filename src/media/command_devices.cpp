@@ -8,7 +8,7 @@
 #include "media/command_error.h"
 #include "media/wave_device.h"
 
-namespace tickwell {
+namespace tickwell::media {
 
 using namespace Qt::StringLiterals;
 
@@ -60,7 +60,7 @@ QString CommandDevices::CarryOut(const Command& command) {
         Play(*open, command);
         return {};
     }
-    return Drive(*open->device, command);
+    return cd_helper::Drive(*open->device, command);
 }
 
 void CommandDevices::Open(const Command& command) {
@@ -152,4 +152,4 @@ CommandDevices::Devices::iterator CommandDevices::Find(const QString& alias) {
                         [&alias](const OpenDevice& each) { return IsSame(each.alias, alias); });
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::media

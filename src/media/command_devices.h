@@ -13,7 +13,7 @@
 #include "media/ports/event_wait.h"
 #include "media/ports/sound_output.h"
 
-namespace tickwell {
+namespace tickwell::media {
 
 /// What the devices work with; the references outlive them.
 struct DeviceParts {
@@ -47,7 +47,7 @@ private:
     void Open(const Command& command);
     std::unique_ptr<MediaDevice> MakeDevice(const QString& name, bool isCd);
     void Play(const OpenDevice& open, const Command& command);
-    QString Drive(MediaDevice& device, const Command& command);
+    QString cd_helper::Drive(MediaDevice& device, const Command& command);
     Devices::iterator Find(const QString& alias);
 
     DeviceParts m_parts;
@@ -55,4 +55,4 @@ private:
     quint64 m_lastNumber = 0;
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::media

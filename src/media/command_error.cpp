@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <array>
 
-namespace tickwell {
+namespace tickwell::media {
 
 namespace {
 
@@ -49,4 +49,4 @@ std::optional<QString> CommandErrorText(qint32 number) {
     return row == kTexts.end() ? std::nullopt : std::optional(row->text.toString());
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::media

@@ -5,7 +5,7 @@
 
 #include "core/errors.h"
 
-namespace tickwell {
+namespace tickwell::media {
 
 /// Error numbers of multimedia commands.
 inline constexpr qint32 kErrorUnknownOption = 259;   ///< an unknown word after the name, or a missing one
@@ -49,4 +49,4 @@ private:
     qint32 m_number;
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::media

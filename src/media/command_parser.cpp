@@ -8,7 +8,7 @@
 #include "core/ascii.h"
 #include "media/command_error.h"
 
-namespace tickwell {
+namespace tickwell::media {
 
 using namespace Qt::StringLiterals;
 
@@ -241,4 +241,4 @@ void RequireNoOptions(const Command& command) {
     }
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::media

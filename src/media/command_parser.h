@@ -5,7 +5,7 @@
 #include <QString>
 #include <optional>
 
-namespace tickwell {
+namespace tickwell::media {
 
 /// One word of a command. In double quotes it may contain blanks and is always a name, never a keyword.
 struct CommandWord {
@@ -55,4 +55,4 @@ QString TimeFormatOf(const Command& command);
 /// For verbs that accept no word but "wait".
 void RequireNoOptions(const Command& command);
 
-}  // namespace tickwell
+}  // namespace tickwell::media

@@ -6,7 +6,7 @@
 
 #include "media/command_error.h"
 
-namespace tickwell {
+namespace tickwell::media {
 
 using namespace Qt::StringLiterals;
 
@@ -126,4 +126,4 @@ qint32 DiscMap::SectorOf(const QString& text, TimeFormat format) const {
     return static_cast<qint32>(sector);
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::media

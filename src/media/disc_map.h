@@ -5,7 +5,7 @@
 
 #include "media/ports/cd_drive.h"
 
-namespace tickwell {
+namespace tickwell::media {
 
 /// How commands and replies write a time on a disc: milliseconds; minutes, seconds and sectors (03:05:74); or
 /// the track number followed by the same, counted from the start of that track (02:01:10:00).
@@ -42,4 +42,4 @@ private:
     CdContents m_contents;
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::media

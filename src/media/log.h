@@ -3,9 +3,9 @@
 
 #include <QLoggingCategory>
 
-namespace tickwell {
+namespace tickwell::media {
 
 /// Warnings by default; QT_LOGGING_RULES="tickwell.media.debug=true" shows all.
 inline Q_LOGGING_CATEGORY(MediaLog, "tickwell.media", QtWarningMsg)
 
-}  // namespace tickwell
+}  // namespace tickwell::media

@@ -5,7 +5,7 @@
 
 #include "media/command_parser.h"
 
-namespace tickwell {
+namespace tickwell::media {
 
 /// A device that is open under an alias. All functions throw CommandError on failure. The destructor stops
 /// the sound.
@@ -29,4 +29,4 @@ public:
     virtual bool IsPlaying() = 0;
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::media

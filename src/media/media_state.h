@@ -3,7 +3,7 @@
 
 #include <QString>
 
-namespace tickwell {
+namespace tickwell::media {
 
 /// The result of the last use of a device; one for the program.
 struct MediaState {
@@ -13,4 +13,4 @@ struct MediaState {
     qint32 MciEndPosition = 0;  ///< ms: the end that the last MciPlayTrack has set
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::media

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "media/media_system.h"
 
-namespace tickwell {
+namespace tickwell::media {
 
 MediaSystem::MediaSystem(const MediaSystemParts& parts)
     : m_drive(parts.devices.drive),
@@ -22,4 +22,4 @@ MediaSystem::~MediaSystem() {
     m_drive.WhenChanged({});
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::media

@@ -4,7 +4,7 @@
 #include "media/cd_player.h"
 #include "media/command_devices.h"
 
-namespace tickwell {
+namespace tickwell::media {
 
 /// What the sound and disc classes work with; all outlive them.
 struct MediaSystemParts {
@@ -44,4 +44,4 @@ private:
     CdPlayer m_player;
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::media

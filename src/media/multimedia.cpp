@@ -6,7 +6,7 @@
 #include "core/integers.h"
 #include "media/log.h"
 
-namespace tickwell {
+namespace tickwell::media {
 
 using namespace Qt::StringLiterals;
 
@@ -148,4 +148,4 @@ void Multimedia::ShowBox() {
                  [this] { m_isBoxOpen = false; });
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::media

@@ -7,7 +7,7 @@
 #include "media/media_state.h"
 #include "media/ports/command_strings.h"
 
-namespace tickwell {
+namespace tickwell::media {
 
 /// For a failure whose message box the user may turn off for the future.
 struct FailureChoice {
@@ -70,4 +70,4 @@ private:
 /// The integer in a reply; 0 if the reply is not one.
 qint32 NumberInReply(const QString& reply);
 
-}  // namespace tickwell
+}  // namespace tickwell::media

@@ -8,7 +8,7 @@
 #include "core/integers.h"
 #include "media/log.h"
 
-namespace tickwell {
+namespace tickwell::media {
 
 using namespace Qt::StringLiterals;
 
@@ -136,4 +136,4 @@ void SoundPlayback::MakeFolderCurrent() const {
     }
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::media

@@ -13,7 +13,7 @@
 #include "media/media_state.h"
 #include "media/wave_mix.h"
 
-namespace tickwell {
+namespace tickwell::media {
 
 /// The sounds currently loaded; one for the program.
 struct SoundState {
@@ -69,4 +69,4 @@ QStringList SoundNames();
 /// The file of a sound by its exact name; nothing for an unknown name.
 std::optional<QString> SoundFile(const QString& soundName);
 
-}  // namespace tickwell
+}  // namespace tickwell::media

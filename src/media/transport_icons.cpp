@@ -8,7 +8,7 @@
 #include <QPalette>
 #include <array>
 
-namespace tickwell {
+namespace tickwell::media {
 
 namespace {
 
@@ -86,4 +86,4 @@ QIcon TransportIcon(int index) {
     return QIcon(new TransportEngine(index));  // the icon owns it
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::media

@@ -3,10 +3,10 @@
 
 #include <QIcon>
 
-namespace tickwell {
+namespace tickwell::media {
 
 /// The symbol on one of the player's buttons, by its index (see cd_controls.h). Drawn in the palette's colour
 /// for button text and sharp at every size.
 QIcon TransportIcon(int index);
 
-}  // namespace tickwell
+}  // namespace tickwell::media

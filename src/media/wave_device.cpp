@@ -5,7 +5,7 @@
 
 #include "media/command_error.h"
 
-namespace tickwell {
+namespace tickwell::media {
 
 using namespace Qt::StringLiterals;
 
@@ -137,4 +137,4 @@ void WaveDevice::Tick() {
     m_hasDrained = true;
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::media

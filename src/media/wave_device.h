@@ -7,7 +7,7 @@
 #include "media/media_device.h"
 #include "media/wave_file.h"
 
-namespace tickwell {
+namespace tickwell::media {
 
 /// A wave file as a device. Its times are milliseconds and it has a single track. A sound device is open only
 /// from the first play until shortly after the end.
@@ -41,4 +41,4 @@ private:
     bool m_hasDrained = false;  // the last tick found no frames waiting
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::media

@@ -5,7 +5,7 @@
 
 #include "core/regular_file.h"
 
-namespace tickwell {
+namespace tickwell::media {
 
 namespace {
 
@@ -105,4 +105,4 @@ WaveFile ReadWaveFile(const QString& path) {
     return wave ? WaveFile{WaveProblem::None, std::move(*wave)} : WaveFile{WaveProblem::NotPlayable, {}};
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::media

@@ -8,7 +8,7 @@
 
 #include "media/ports/sound_output.h"
 
-namespace tickwell {
+namespace tickwell::media {
 
 /// The sound of a wave file, converted to the samples that a SoundStream queues.
 struct Wave {
@@ -33,4 +33,4 @@ struct WaveFile {
 /// regular file or cannot be opened.
 WaveFile ReadWaveFile(const QString& path);
 
-}  // namespace tickwell
+}  // namespace tickwell::media

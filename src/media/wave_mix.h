@@ -10,7 +10,7 @@
 #include "media/ports/sound_output.h"
 #include "media/wave_file.h"
 
-namespace tickwell {
+namespace tickwell::media {
 
 /// Plays waves simultaneously, each on its channel. Sessions and waves have numbers above 0; an unknown
 /// number does nothing. Devices are open only while something plays: each channel opens its own in the format
@@ -67,4 +67,4 @@ private:
     std::unique_ptr<Timer> m_timer;  // runs while a device is open
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::media

@@ -3,9 +3,9 @@
 
 #include <QLoggingCategory>
 
-namespace tickwell {
+namespace tickwell::platform {
 
 /// Warnings by default; QT_LOGGING_RULES="tickwell.platform.debug=true" shows all.
 inline Q_LOGGING_CATEGORY(PlatformLog, "tickwell.platform", QtWarningMsg)
 
-}  // namespace tickwell
+}  // namespace tickwell::platform

@@ -9,7 +9,7 @@
 
 #include "print_helper/protocol.h"
 
-namespace tickwell {
+namespace tickwell::print_helper {
 
 namespace {
 
@@ -188,4 +188,4 @@ Failure CupsQueue::FollowJob() {
     return failure;
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::print_helper

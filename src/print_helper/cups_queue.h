@@ -8,7 +8,7 @@
 #include "print_helper/report_document.h"
 #include "print_helper/spool.h"
 
-namespace tickwell {
+namespace tickwell::print_helper {
 
 /// The user's default printer. Every call waits for the print service, up to kPatienceSeconds.
 class CupsQueue : public Spool {
@@ -53,4 +53,4 @@ private:
     int m_job = 0;
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::print_helper

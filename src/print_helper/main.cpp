@@ -14,6 +14,7 @@
 namespace {
 
 using namespace tickwell;
+using namespace tickwell::print_helper;
 
 /// Ignores write errors: the job is printed even if the program has ended.
 void Tell(const Answer& answer) {

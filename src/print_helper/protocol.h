@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-namespace tickwell {
+namespace tickwell::print_helper {
 
 /// Protocol between the program and its helper tickwell-print.
 ///
@@ -34,4 +34,4 @@ inline constexpr int kPrintDone = 0;
 inline constexpr int kPrintUsage = 1;
 inline constexpr int kPrintFailed = 2;
 
-}  // namespace tickwell
+}  // namespace tickwell::print_helper

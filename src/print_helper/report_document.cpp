@@ -8,7 +8,7 @@
 
 #include "print_helper/report_painter.h"
 
-namespace tickwell {
+namespace tickwell::print_helper {
 
 using namespace Qt::StringLiterals;
 
@@ -56,4 +56,4 @@ QByteArray ReportDocument(const Paper& paper, const QString& title, const QStrin
     return isPainted ? document : QByteArray();
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::print_helper

@@ -8,7 +8,7 @@
 #include <QString>
 #include <QStringList>
 
-namespace tickwell {
+namespace tickwell::print_helper {
 
 /// A paper size and the printable area on it.
 struct Paper {
@@ -28,4 +28,4 @@ bool PaintReport(QPagedPaintDevice& pages, const QStringList& lines);
 /// The report as a PDF document; empty if it could not be painted. Needs a QGuiApplication for fonts.
 QByteArray ReportDocument(const Paper& paper, const QString& title, const QStringList& lines);
 
-}  // namespace tickwell
+}  // namespace tickwell::print_helper

@@ -6,7 +6,7 @@
 
 #include "core/font_names.h"
 
-namespace tickwell {
+namespace tickwell::print_helper {
 
 namespace {
 
@@ -34,4 +34,4 @@ bool ReportPainter::Paint(QPainter& painter, const QRectF& area, int number) con
     return end < m_lines.size();
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::print_helper

@@ -5,7 +5,7 @@
 #include <QPainter>
 #include <QStringList>
 
-namespace tickwell {
+namespace tickwell::print_helper {
 
 /// Paints plain text lines on as many pages as needed.
 class ReportPainter {
@@ -21,4 +21,4 @@ private:
     QFont m_font;
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::print_helper

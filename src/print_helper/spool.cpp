@@ -5,7 +5,7 @@
 
 #include "print_helper/protocol.h"
 
-namespace tickwell {
+namespace tickwell::print_helper {
 
 namespace {
 
@@ -41,4 +41,4 @@ Failure Submit(Spool& spool, const std::string& title, std::string_view document
     return failure;
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::print_helper

@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-namespace tickwell {
+namespace tickwell::print_helper {
 
 /// One line of output of the helper; see protocol.h.
 struct Answer {
@@ -39,4 +39,4 @@ public:
 /// Sends a PDF document to a queue. If a step fails, removes the job.
 Failure Submit(Spool& spool, const std::string& title, std::string_view document);
 
-}  // namespace tickwell
+}  // namespace tickwell::print_helper

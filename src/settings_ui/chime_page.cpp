@@ -8,7 +8,7 @@
 #include "controls/control_making.h"
 #include "media/sound_playback.h"
 
-namespace tickwell {
+namespace tickwell::settings_ui {
 
 using namespace Qt::StringLiterals;
 
@@ -18,11 +18,11 @@ ChimePage::ChimePage(const SettingsParts& parts, SettingsDraft& draft, QWidget* 
       m_draft(draft),
       m_modeOptions(u"Option7"_s, kChimeOptions, this, parts.handlers,
                     [this](qint32 index) { m_draft.settings.chimeMode = index; }),
-      m_sounds(Named(new QComboBox(this), u"Combo1"_s, u"時報音"_s)),
-      m_listen(MakeButton(u"Listen"_s, u"試聴"_s, this, parts.handlers,
-                          [this] { m_parts.operations.listen(m_draft.settings.chimeSound); })),
-      m_tellsNoCdDrive(
-          Named(new QCheckBox(u"CDドライブがないことを起動のときに知らせる"_s, this), u"NoCdDrive"_s)) {
+      m_sounds(controls::Named(new QComboBox(this), u"Combo1"_s, u"時報音"_s)),
+      m_listen(controls::MakeButton(u"Listen"_s, u"試聴"_s, this, parts.handlers,
+                                    [this] { m_parts.operations.listen(m_draft.settings.chimeSound); })),
+      m_tellsNoCdDrive(controls::Named(new QCheckBox(u"CDドライブがないことを起動のときに知らせる"_s, this),
+                                       u"NoCdDrive"_s)) {
     setObjectName(u"Picture4"_s);
     auto* rows = new QVBoxLayout(this);
     rows->addWidget(MakeSoundFrame());
@@ -31,7 +31,7 @@ ChimePage::ChimePage(const SettingsParts& parts, SettingsDraft& draft, QWidget* 
 }
 
 QWidget* ChimePage::MakeSoundFrame() {
-    auto* frame = Named(new QGroupBox(u"時報音"_s, this), u"Frame9"_s);
+    auto* frame = controls::Named(new QGroupBox(u"時報音"_s, this), u"Frame9"_s);
     m_listen->setAccessibleName(u"時報音を試聴する"_s);
     m_listen->setAutoDefault(false);
     auto* sound = new QHBoxLayout;
@@ -48,7 +48,7 @@ QWidget* ChimePage::MakeSoundFrame() {
 
 /// Shown only if the user has turned the message off and can turn it on again here.
 QWidget* ChimePage::MakeNoticeFrame() {
-    auto* frame = Named(new QGroupBox(u"メッセージ"_s, this), u"Frame10"_s);
+    auto* frame = controls::Named(new QGroupBox(u"メッセージ"_s, this), u"Frame10"_s);
     frame->setVisible(!m_draft.further.tellsNoCdDrive);
     auto* rows = new QVBoxLayout(frame);
     rows->addWidget(m_tellsNoCdDrive);
@@ -59,7 +59,7 @@ QWidget* ChimePage::MakeNoticeFrame() {
 
 void ChimePage::Form_Load() {
     m_modeOptions.Select(m_draft.settings.chimeMode);
-    m_sounds->addItems(SoundNames());
+    m_sounds->addItems(media::SoundNames());
     const QString& stored = m_draft.settings.chimeSound;
     if (m_sounds->findText(stored, Qt::MatchExactly | Qt::MatchCaseSensitive) < 0) {
         m_sounds->addItem(stored);  // an unknown name plays nothing and is kept
@@ -74,8 +74,8 @@ void ChimePage::Combo1_Click() {
 }
 
 void ChimePage::EnableListen() {
-    m_listen->setEnabled(SoundFile(m_draft.settings.chimeSound).has_value() &&
+    m_listen->setEnabled(media::SoundFile(m_draft.settings.chimeSound).has_value() &&
                          m_parts.operations.listen != nullptr);
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::settings_ui

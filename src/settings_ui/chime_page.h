@@ -10,7 +10,7 @@
 #include "settings_ui/settings_draft.h"
 #include "settings_ui/settings_parts.h"
 
-namespace tickwell {
+namespace tickwell::settings_ui {
 
 /// Page "時報" of the settings: the chime, and the message that the user has turned off.
 class ChimePage : public QWidget {
@@ -36,4 +36,4 @@ private:
     QCheckBox* m_tellsNoCdDrive;
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::settings_ui

@@ -7,7 +7,7 @@
 
 #include "controls/control_making.h"
 
-namespace tickwell {
+namespace tickwell::settings_ui {
 
 using namespace Qt::StringLiterals;
 
@@ -39,7 +39,7 @@ ClockPage::ClockPage(const SettingsParts& parts, SettingsDraft& draft, QWidget* 
 
 /// A frame with the options side by side.
 QGroupBox* ClockPage::MakeFrame(const QString& name, const QString& caption, const OptionArray& options) {
-    auto* frame = Named(new QGroupBox(caption, this), name);
+    auto* frame = controls::Named(new QGroupBox(caption, this), name);
     auto* row = new QHBoxLayout;
     for (QAbstractButton* option : options.Buttons()) {
         row->addWidget(option);
@@ -47,9 +47,9 @@ QGroupBox* ClockPage::MakeFrame(const QString& name, const QString& caption, con
     row->addStretch();
     auto* rows = new QVBoxLayout(frame);
     if (name == u"Frame5") {
-        rows->addWidget(
-            Named(new QLabel(u"ﾃﾞｼﾞﾀﾙ時計,Windows時計においての、表示言語（方法）を指定します。"_s, this),
-                  u"Label2"_s));
+        rows->addWidget(controls::Named(
+            new QLabel(u"ﾃﾞｼﾞﾀﾙ時計,Windows時計においての、表示言語（方法）を指定します。"_s, this),
+            u"Label2"_s));
     }
     rows->addLayout(row);
     return frame;
@@ -84,4 +84,4 @@ void ClockPage::ShowLanguage() {
     }
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::settings_ui

@@ -8,7 +8,7 @@
 #include "settings_ui/settings_draft.h"
 #include "settings_ui/settings_parts.h"
 
-namespace tickwell {
+namespace tickwell::settings_ui {
 
 /// Page "時計" of the settings: language and styles of date and time.
 class ClockPage : public QWidget {
@@ -36,4 +36,4 @@ private:
     QGroupBox* m_styleFrame;
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::settings_ui

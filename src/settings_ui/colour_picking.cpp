@@ -6,11 +6,11 @@
 
 #include "lines/line_look.h"
 
-namespace tickwell {
+namespace tickwell::settings_ui {
 
 void OpenColourPicker(Handlers& handlers, const QString& title, qint32 color, QWidget* parent,
                       std::function<void(qint32 color)> onPicked) {
-    auto* dialog = new QColorDialog(ColorFromNumber(color), parent);
+    auto* dialog = new QColorDialog(lines::ColorFromNumber(color), parent);
     dialog->setObjectName(QStringLiteral("ColourPicker"));
     dialog->setWindowTitle(title);
     dialog->setAttribute(Qt::WA_DeleteOnClose);
@@ -18,9 +18,9 @@ void OpenColourPicker(Handlers& handlers, const QString& title, qint32 color, QW
         QColorDialog::DontUseNativeDialog);  // the desktop's own dialog could be below the main window
     handlers.Connect(dialog, &QDialog::accepted, parent, [dialog, color, onPicked = std::move(onPicked)] {
         const QColor picked = dialog->selectedColor();
-        onPicked(picked.rgb() == ColorFromNumber(color).rgb() ? color : ColorNumberOf(picked));
+        onPicked(picked.rgb() == lines::ColorFromNumber(color).rgb() ? color : lines::ColorNumberOf(picked));
     });
     dialog->open();
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::settings_ui

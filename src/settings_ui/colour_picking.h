@@ -7,11 +7,11 @@
 
 #include "core/handlers.h"
 
-namespace tickwell {
+namespace tickwell::settings_ui {
 
 /// Opens a colour picker over `parent`, starting with a stored colour, and returns at once. Calls `onPicked`
 /// with the chosen colour in stored form, or not at all if the picker is cancelled.
 void OpenColourPicker(Handlers& handlers, const QString& title, qint32 color, QWidget* parent,
                       std::function<void(qint32 color)> onPicked);
 
-}  // namespace tickwell
+}  // namespace tickwell::settings_ui

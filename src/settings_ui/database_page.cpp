@@ -9,22 +9,23 @@
 
 #include "controls/control_making.h"
 
-namespace tickwell {
+namespace tickwell::settings_ui {
 
 using namespace Qt::StringLiterals;
 
 DatabasePage::DatabasePage(const SettingsParts& parts, QWidget* parent)
     : QWidget(parent),
       m_parts(parts),
-      m_compactButton(MakeButton(u"Command4"_s, u"データベースの最適化＞＞"_s, this, parts.handlers,
-                                 [this] { Command4_Click(); })),
-      m_progress(Named(new QLabel(u"最適化しています…"_s, this), u"Progress"_s)) {
+      m_compactButton(controls::MakeButton(u"Command4"_s, u"データベースの最適化＞＞"_s, this, parts.handlers,
+                                           [this] { Command4_Click(); })),
+      m_progress(controls::Named(new QLabel(u"最適化しています…"_s, this), u"Progress"_s)) {
     setObjectName(u"Picture5"_s);
-    auto* frame = Named(new QGroupBox(u"記念日/スケジュール データベースの最適化"_s, this), u"Frame11"_s);
+    auto* frame =
+        controls::Named(new QGroupBox(u"記念日/スケジュール データベースの最適化"_s, this), u"Frame11"_s);
     m_compactButton->setAutoDefault(false);
     m_progress->hide();
     m_compactButton->setEnabled(parts.operations.compact != nullptr);
-    auto* explanation = Named(
+    auto* explanation = controls::Named(
         new QLabel(
             u"実行すると、データベースの容量を減らし、読み込み速度を向上することができます。大量に記念日やスケジュールの内容を変更したときは実行するようにしてください。"_s,
             this),
@@ -67,4 +68,4 @@ void DatabasePage::SetRunning(bool isRunning) {
     }
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::settings_ui

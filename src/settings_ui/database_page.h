@@ -7,7 +7,7 @@
 
 #include "settings_ui/settings_parts.h"
 
-namespace tickwell {
+namespace tickwell::settings_ui {
 
 /// Page "データベース" of the settings: compacts the day database immediately; cancelling the dialog does not
 /// undo it. Meanwhile the button is disabled and a text beside it says so.
@@ -28,4 +28,4 @@ private:
     bool m_takesFocusBack = false;  // the button had the keyboard focus when it was disabled
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::settings_ui

@@ -5,7 +5,7 @@
 
 #include "controls/control_making.h"
 
-namespace tickwell {
+namespace tickwell::settings_ui {
 
 using namespace Qt::StringLiterals;
 
@@ -29,7 +29,8 @@ OptionArray::OptionArray(const QString& name, std::span<const OptionRow> rows, Q
                          Handlers& handlers, const std::function<void(qint32 index)>& onClick)
     : m_group(new QButtonGroup(parent)) {
     for (const OptionRow& row : rows) {
-        auto* button = Named(new QRadioButton(row.caption.toString(), parent), Indexed(name, row.index));
+        auto* button = controls::Named(new QRadioButton(row.caption.toString(), parent),
+                                       controls::Indexed(name, row.index));
         m_group->addButton(button, row.index);
         m_buttons.append(button);
         handlers.Connect(button, &QRadioButton::clicked, parent,
@@ -52,4 +53,4 @@ void OptionArray::SetEnabled(bool enabled) {
     }
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::settings_ui

@@ -9,7 +9,7 @@
 #include "core/handlers.h"
 #include "settings_ui/option_tables.h"
 
-namespace tickwell {
+namespace tickwell::settings_ui {
 
 /// Option buttons of which at most one is checked. Tab reaches that one, and the arrow keys choose. The
 /// object name of each contains its index: "Option3(2)".
@@ -33,4 +33,4 @@ private:
     QList<QAbstractButton*> m_buttons;
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::settings_ui

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "settings_ui/option_tables.h"
 
-namespace tickwell {
+namespace tickwell::settings_ui {
 
 YearWords YearWordsOf(qint32 language) {
     switch (language) {
@@ -14,4 +14,4 @@ YearWords YearWordsOf(qint32 language) {
     }
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::settings_ui

@@ -5,7 +5,7 @@
 #include <array>
 #include <span>
 
-namespace tickwell {
+namespace tickwell::settings_ui {
 
 /// One of several option buttons. Its index is the stored number, not its position on the screen.
 struct OptionRow {
@@ -56,4 +56,4 @@ struct YearWords {
 /// For an unknown language, nothing is enabled.
 YearWords YearWordsOf(qint32 language);
 
-}  // namespace tickwell
+}  // namespace tickwell::settings_ui

@@ -6,11 +6,11 @@
 
 #include "lines/line_look.h"
 
-namespace tickwell {
+namespace tickwell::settings_ui {
 
 LineStyle OfferedStyle(const LineStyle& stored) {
     LineStyle offered = stored;
-    offered.fontName = QFontInfo(FontOf(stored)).family();
+    offered.fontName = QFontInfo(lines::FontOf(stored)).family();
     offered.fontSize = std::clamp(stored.fontSize, kSmallestSize, kLargestSize);
     return offered;
 }
@@ -26,4 +26,4 @@ LineStyle PickedStyle(const LineStyle& stored, const LineStyle& offered, const L
     return style;
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::settings_ui

@@ -3,7 +3,7 @@
 
 #include "core/settings.h"
 
-namespace tickwell {
+namespace tickwell::settings_ui {
 
 /// The stored style in a form that a picker can show: with an installed font and a size within its range.
 LineStyle OfferedStyle(const LineStyle& stored);
@@ -17,4 +17,4 @@ LineStyle PickedStyle(const LineStyle& stored, const LineStyle& offered, const L
 inline constexpr qint16 kSmallestSize = 1;
 inline constexpr qint16 kLargestSize = 999;
 
-}  // namespace tickwell
+}  // namespace tickwell::settings_ui

@@ -9,7 +9,7 @@
 #include "controls/control_making.h"
 #include "controls/number_box.h"
 
-namespace tickwell {
+namespace tickwell::settings_ui {
 
 using namespace Qt::StringLiterals;
 
@@ -27,7 +27,7 @@ RollPage::RollPage(const SettingsParts& parts, SettingsDraft& draft, QWidget* pa
       m_draft(draft),
       m_useOptions(u"Option1"_s, kRollOptions, this, parts.handlers,
                    [this](qint32 index) { Option1_Click(index); }),
-      m_frame(Named(new QGroupBox(u"ロール機能"_s, this), u"Frame4"_s)) {
+      m_frame(controls::Named(new QGroupBox(u"ロール機能"_s, this), u"Frame4"_s)) {
     setObjectName(u"Picture2"_s);
     auto* rows = new QVBoxLayout(this);
     for (QAbstractButton* option : m_useOptions.Buttons()) {
@@ -40,12 +40,13 @@ RollPage::RollPage(const SettingsParts& parts, SettingsDraft& draft, QWidget* pa
 /// Check1, which is the first display that takes part in the roll, stands at the bottom.
 QWidget* RollPage::MakeFrame(const Displays& displays) {
     auto* rows = new QVBoxLayout(m_frame);
-    rows->addWidget(
-        Named(new QLabel(u"通常時に表示するものを、複数指定することができます。"_s, this), u"Label3"_s));
+    rows->addWidget(controls::Named(
+        new QLabel(u"通常時に表示するものを、複数指定することができます。"_s, this), u"Label3"_s));
     const auto inRoll = DisplaysInRoll(displays);
     for (qsizetype place = inRoll.size(); place > 0; --place) {
         const DisplayTraits& traits = *inRoll.at(place - 1);
-        QCheckBox* box = Named(new QCheckBox(traits.roll->caption.toString(), this), u"Check%1"_s.arg(place));
+        QCheckBox* box =
+            controls::Named(new QCheckBox(traits.roll->caption.toString(), this), u"Check%1"_s.arg(place));
         m_handlers.Connect(box, &QCheckBox::clicked, this, [this, box, number = traits.number] {
             m_draft.ChooseForRoll(number, box->isChecked());
         });
@@ -53,7 +54,7 @@ QWidget* RollPage::MakeFrame(const Displays& displays) {
         rows->addWidget(box);
     }
     MakeInterval();
-    auto* label = Named(new QLabel(u"交換速度"_s, this), u"Label4"_s);
+    auto* label = controls::Named(new QLabel(u"交換速度"_s, this), u"Label4"_s);
     label->setBuddy(m_interval);
     auto* interval = new QHBoxLayout;
     interval->addWidget(label);
@@ -64,7 +65,7 @@ QWidget* RollPage::MakeFrame(const Displays& displays) {
 }
 
 void RollPage::MakeInterval() {
-    m_interval = new NumberBox(u"UpDown1"_s, u"Text1"_s, this);
+    m_interval = new controls::NumberBox(u"UpDown1"_s, u"Text1"_s, this);
     m_interval->setAccessibleName(u"交換速度"_s);
     m_interval->setRange(kShortest, kLongest);
     m_interval->setSuffix(u" 秒"_s);
@@ -92,4 +93,4 @@ void RollPage::ShowUse() {
     m_frame->setEnabled(m_draft.further.roll.use);
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::settings_ui

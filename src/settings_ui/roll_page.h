@@ -11,7 +11,7 @@
 #include "settings_ui/settings_draft.h"
 #include "settings_ui/settings_parts.h"
 
-namespace tickwell {
+namespace tickwell::settings_ui {
 
 /// Page "ロール" of the settings: which displays rotate, and how fast.
 class RollPage : public QWidget {
@@ -37,4 +37,4 @@ private:
     QSpinBox* m_interval = nullptr;
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::settings_ui

@@ -10,7 +10,7 @@
 #include "lines/line_look.h"
 #include "lines/line_styles.h"
 
-namespace tickwell {
+namespace tickwell::settings_ui {
 
 using namespace Qt::StringLiterals;
 
@@ -21,12 +21,12 @@ constexpr int kRoom = 2;           // minimum height of each sample, in text lin
 
 void SetBackground(QWidget& widget, qint32 color) {
     QPalette palette = widget.palette();
-    palette.setColor(QPalette::Window, ColorFromNumber(color));
+    palette.setColor(QPalette::Window, lines::ColorFromNumber(color));
     widget.setPalette(palette);
 }
 
 /// Clears the line first: a text wiping over itself would show no motion.
-void WipeIn(MovingWord& word, const QString& text) {
+void WipeIn(lines::MovingWord& word, const QString& text) {
     word.SetText(QString());
     word.ShowText(text);
 }
@@ -36,12 +36,14 @@ void WipeIn(MovingWord& word, const QString& text) {
 SampleFrame::SampleFrame(const Clock& clock, TimerSource& timers, Handlers& handlers, QWidget* parent)
     : QGroupBox(u"サンプル"_s, parent),
       m_pacer(clock, timers),
-      m_upperPicture(Named(new QFrame(this), u"Pic"_s)),
-      m_lowerPicture(Named(new QFrame(this), u"Pic2"_s)),
-      m_upperLine(Named(new MovingWord({.clock = clock, .timers = timers, .pacer = m_pacer}, m_upperPicture),
-                        u"MovingWord1"_s)),
-      m_lowerLine(Named(new MovingWord({.clock = clock, .timers = timers, .pacer = m_pacer}, m_lowerPicture),
-                        u"MovingWord2"_s)),
+      m_upperPicture(controls::Named(new QFrame(this), u"Pic"_s)),
+      m_lowerPicture(controls::Named(new QFrame(this), u"Pic2"_s)),
+      m_upperLine(controls::Named(
+          new lines::MovingWord({.clock = clock, .timers = timers, .pacer = m_pacer}, m_upperPicture),
+          u"MovingWord1"_s)),
+      m_lowerLine(controls::Named(
+          new lines::MovingWord({.clock = clock, .timers = timers, .pacer = m_pacer}, m_lowerPicture),
+          u"MovingWord2"_s)),
       m_wipeTimer(handlers.MakeTimer(timers, kSampleTick, [this] { Timer1_Timer(); })) {
     auto* rows = new QVBoxLayout(this);
     for (QFrame* picture : {m_upperPicture, m_lowerPicture}) {
@@ -51,7 +53,7 @@ SampleFrame::SampleFrame(const Clock& clock, TimerSource& timers, Handlers& hand
         rows->addWidget(picture, 1);
     }
     rows->addWidget(
-        Named(new QLabel(u"画面の都合上一部だけの表示となることがあります"_s, this), u"Label1"_s));
+        controls::Named(new QLabel(u"画面の都合上一部だけの表示となることがあります"_s, this), u"Label1"_s));
 }
 
 SampleFrame::~SampleFrame() {
@@ -60,7 +62,7 @@ SampleFrame::~SampleFrame() {
 }
 
 void SampleFrame::Refresh(const AppSettings& settings) {
-    ApplyLineStyles(*m_upperLine, *m_lowerLine, settings);
+    lines::ApplyLineStyles(*m_upperLine, *m_lowerLine, settings);
     SetBackground(*m_upperPicture, settings.backColor);
     SetBackground(*m_lowerPicture, settings.backColor);
     PlaceLines();
@@ -83,7 +85,7 @@ void SampleFrame::Timer1_Timer() {
 /// Centres each line in its picture. A line that is higher is aligned at the top and cut off at the bottom,
 /// unlike in the main window.
 void SampleFrame::PlaceLines() {
-    for (MovingWord* word : {m_upperLine, m_lowerLine}) {
+    for (lines::MovingWord* word : {m_upperLine, m_lowerLine}) {
         const QSize room = word->parentWidget()->size();
         const int height = word->TextHeight();
         word->setGeometry(0, std::max(0, (room.height() - height) / 2), room.width(), height);
@@ -97,4 +99,4 @@ bool SampleFrame::eventFilter(QObject* watched, QEvent* event) {
     return QGroupBox::eventFilter(watched, event);
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::settings_ui

@@ -11,7 +11,7 @@
 #include "lines/frame_pacer.h"
 #include "lines/moving_word.h"
 
-namespace tickwell {
+namespace tickwell::settings_ui {
 
 /// The live sample: two lines like those of the main window, which wipe in their texts repeatedly.
 class SampleFrame : public QGroupBox {
@@ -33,12 +33,12 @@ private:
     void Timer1_Timer();
     void PlaceLines();
 
-    FramePacer m_pacer;
+    lines::FramePacer m_pacer;
     QFrame* m_upperPicture;  // owned by the frame, with its line
     QFrame* m_lowerPicture;
-    MovingWord* m_upperLine;
-    MovingWord* m_lowerLine;
+    lines::MovingWord* m_upperLine;
+    lines::MovingWord* m_lowerLine;
     std::unique_ptr<Timer> m_wipeTimer;
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::settings_ui

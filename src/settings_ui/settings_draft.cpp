@@ -3,7 +3,7 @@
 
 #include <algorithm>
 
-namespace tickwell {
+namespace tickwell::settings_ui {
 
 void SettingsDraft::ApplyTo(AppSettings& appSettings, FurtherSettings& furtherSettings) const {
     const qint32 shown = appSettings.function;
@@ -20,4 +20,4 @@ void SettingsDraft::ChooseForRoll(qint32 function, bool chosen) {
     }
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::settings_ui

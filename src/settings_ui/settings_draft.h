@@ -5,7 +5,7 @@
 
 #include "core/settings.h"
 
-namespace tickwell {
+namespace tickwell::settings_ui {
 
 /// The copies that the settings dialog edits. They are copied to the program's settings when applied, or
 /// dropped with the dialog. A value whose control was not used stays as stored, even if no control could show
@@ -24,4 +24,4 @@ struct SettingsDraft {
     void ChooseForRoll(qint32 function, bool chosen);
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::settings_ui

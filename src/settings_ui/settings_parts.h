@@ -12,7 +12,7 @@
 #include "core/ports/timer.h"
 #include "core/settings.h"
 
-namespace tickwell {
+namespace tickwell::settings_ui {
 
 /// Functions of the program that the settings dialog calls.
 struct SettingsOperations {
@@ -44,4 +44,4 @@ struct SettingsParts {
     SettingsOperations operations;
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::settings_ui

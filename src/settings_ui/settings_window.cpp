@@ -9,7 +9,7 @@
 #include "controls/control_making.h"
 #include "settings_ui/database_page.h"
 
-namespace tickwell {
+namespace tickwell::settings_ui {
 
 using namespace Qt::StringLiterals;
 
@@ -17,7 +17,7 @@ Form2::Form2(const SettingsParts& parts, QWidget* parent)
     : QDialog(parent),
       m_parts(parts),
       m_draft{parts.settings, parts.further},
-      m_pages(Named(new QTabWidget(this), u"TabStrip1"_s)),
+      m_pages(controls::Named(new QTabWidget(this), u"TabStrip1"_s)),
       m_textPage(new TextPage(m_parts, m_draft, this)),
       m_clockPage(new ClockPage(m_parts, m_draft, this)),
       m_rollPage(new RollPage(m_parts, m_draft, this)),
@@ -40,13 +40,16 @@ Form2::Form2(const SettingsParts& parts, QWidget* parent)
 QLayout* Form2::MakeButtons() {
     Handlers& handlers = m_parts.handlers;
     auto* buttons = new QHBoxLayout;
-    auto* ok = MakeButton(u"Command1"_s, u"OK"_s, this, handlers, [this] { Command1_Click(); });
+    auto* ok = controls::MakeButton(u"Command1"_s, u"OK"_s, this, handlers, [this] { Command1_Click(); });
     ok->setDefault(true);
     buttons->addStretch();
     buttons->addWidget(ok);
-    buttons->addWidget(MakeButton(u"Command2"_s, u"キャンセル"_s, this, handlers, [this] { reject(); }));
-    buttons->addWidget(MakeButton(u"Command3"_s, u"適用"_s, this, handlers, [this] { Command3_Click(); }));
-    buttons->addWidget(MakeButton(u"Command8"_s, u"ヘルプ"_s, this, handlers, [this] { Command8_Click(); }));
+    buttons->addWidget(
+        controls::MakeButton(u"Command2"_s, u"キャンセル"_s, this, handlers, [this] { reject(); }));
+    buttons->addWidget(
+        controls::MakeButton(u"Command3"_s, u"適用"_s, this, handlers, [this] { Command3_Click(); }));
+    buttons->addWidget(
+        controls::MakeButton(u"Command8"_s, u"ヘルプ"_s, this, handlers, [this] { Command8_Click(); }));
     return buttons;
 }
 
@@ -96,4 +99,4 @@ void Form2::hideEvent(QHideEvent* event) {
     QDialog::hideEvent(event);
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::settings_ui

@@ -12,7 +12,7 @@
 #include "settings_ui/settings_parts.h"
 #include "settings_ui/text_page.h"
 
-namespace tickwell {
+namespace tickwell::settings_ui {
 
 /// The settings dialog. It edits a draft, which OK and 適用 copy to the program; only the choice to start at
 /// login is written to disk. Application-modal and opened with show(): the display function must not be
@@ -44,4 +44,4 @@ private:
     ChimePage* m_chimePage;
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::settings_ui

@@ -13,7 +13,7 @@
 #include "settings_ui/colour_picking.h"
 #include "settings_ui/picked_style.h"
 
-namespace tickwell {
+namespace tickwell::settings_ui {
 
 using namespace Qt::StringLiterals;
 
@@ -23,7 +23,7 @@ constexpr int kSampleRoom = 3;  // height in text lines of the dialog
 
 QIcon ColorIcon(qint32 color, QSize size) {
     QPixmap picture(size);
-    picture.fill(ColorFromNumber(color));
+    picture.fill(lines::ColorFromNumber(color));
     QPainter painter(&picture);
     painter.setPen(Qt::gray);
     painter.drawRect(picture.rect().adjusted(0, 0, -1, -1));
@@ -40,14 +40,14 @@ StylePicker::StylePicker(Handlers& handlers, const QString& title, const LineSty
       m_offered(OfferedStyle(stored)),
       m_backColor(backColor),
       m_color(stored.color),
-      m_family(Named(new QFontComboBox(this), u"Family"_s, u"フォント"_s)),
-      m_size(Named(new QSpinBox(this), u"Size"_s, u"大きさ"_s)),
-      m_bold(Named(new QCheckBox(u"太字"_s, this), u"Bold"_s)),
-      m_italic(Named(new QCheckBox(u"斜体"_s, this), u"Italic"_s)),
-      m_strikethrough(Named(new QCheckBox(u"取り消し線"_s, this), u"Strikethru"_s)),
-      m_underline(Named(new QCheckBox(u"下線"_s, this), u"UnderLine"_s)),
-      m_colorButton(MakeButton(u"Color"_s, u"色"_s, this, handlers, [this] { Color_Click(); })),
-      m_sample(Named(new QLabel(u"文字サンプル Aa123"_s, this), u"Sample"_s)) {
+      m_family(controls::Named(new QFontComboBox(this), u"Family"_s, u"フォント"_s)),
+      m_size(controls::Named(new QSpinBox(this), u"Size"_s, u"大きさ"_s)),
+      m_bold(controls::Named(new QCheckBox(u"太字"_s, this), u"Bold"_s)),
+      m_italic(controls::Named(new QCheckBox(u"斜体"_s, this), u"Italic"_s)),
+      m_strikethrough(controls::Named(new QCheckBox(u"取り消し線"_s, this), u"Strikethru"_s)),
+      m_underline(controls::Named(new QCheckBox(u"下線"_s, this), u"UnderLine"_s)),
+      m_colorButton(controls::MakeButton(u"Color"_s, u"色"_s, this, handlers, [this] { Color_Click(); })),
+      m_sample(controls::Named(new QLabel(u"文字サンプル Aa123"_s, this), u"Sample"_s)) {
     setObjectName(u"StylePicker"_s);
     setWindowTitle(title);
     MakeControls();
@@ -58,7 +58,7 @@ StylePicker::StylePicker(Handlers& handlers, const QString& title, const LineSty
 }
 
 QWidget* StylePicker::MakeEffects() {
-    auto* frame = Named(new QGroupBox(u"飾り"_s, this), u"Effects"_s);
+    auto* frame = controls::Named(new QGroupBox(u"飾り"_s, this), u"Effects"_s);
     auto* grid = new QGridLayout(frame);
     grid->addWidget(m_bold, 0, 0);
     grid->addWidget(m_italic, 0, 1);
@@ -91,8 +91,9 @@ void StylePicker::MakeControls() {
 }
 
 QLayout* StylePicker::MakeButtons() {
-    auto* ok = MakeButton(u"Command1"_s, u"OK"_s, this, m_handlers, [this] { accept(); });
-    auto* cancel = MakeButton(u"Command2"_s, u"キャンセル"_s, this, m_handlers, [this] { reject(); });
+    auto* ok = controls::MakeButton(u"Command1"_s, u"OK"_s, this, m_handlers, [this] { accept(); });
+    auto* cancel =
+        controls::MakeButton(u"Command2"_s, u"キャンセル"_s, this, m_handlers, [this] { reject(); });
     ok->setDefault(true);
     auto* buttons = new QHBoxLayout;
     buttons->addStretch();
@@ -144,15 +145,15 @@ void StylePicker::Color_Click() {
 }
 
 void StylePicker::ShowSample() {
-    const QColor color = ColorFromNumber(m_color);
+    const QColor color = lines::ColorFromNumber(m_color);
     m_colorButton->setIcon(ColorIcon(m_color, m_colorButton->iconSize()));
     m_colorButton->setText(color.name().toUpper());
     m_colorButton->setAccessibleName(u"文字の色 "_s + color.name().toUpper());
-    m_sample->setFont(FontOf(Picked()));
+    m_sample->setFont(lines::FontOf(Picked()));
     QPalette palette = m_sample->palette();
     palette.setColor(QPalette::WindowText, color);
-    palette.setColor(QPalette::Window, ColorFromNumber(m_backColor));
+    palette.setColor(QPalette::Window, lines::ColorFromNumber(m_backColor));
     m_sample->setPalette(palette);
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::settings_ui

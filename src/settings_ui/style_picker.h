@@ -11,7 +11,7 @@
 #include "core/handlers.h"
 #include "core/settings.h"
 
-namespace tickwell {
+namespace tickwell::settings_ui {
 
 /// Picks font, size, bold, italic, colour, underline and strikethrough of a text line; opened with open().
 /// Qt's font dialog has no colour, and offers bold only for fonts that have a bold face, although others can
@@ -52,4 +52,4 @@ private:
     QLabel* m_sample;
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::settings_ui

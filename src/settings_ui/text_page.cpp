@@ -11,7 +11,7 @@
 #include "settings_ui/colour_picking.h"
 #include "settings_ui/style_picker.h"
 
-namespace tickwell {
+namespace tickwell::settings_ui {
 
 using namespace Qt::StringLiterals;
 
@@ -30,8 +30,9 @@ TextPage::TextPage(const SettingsParts& parts, SettingsDraft& draft, QWidget* pa
       m_draft(draft),
       m_wipeOptions(u"Option2"_s, kWipeOptions, this, parts.handlers,
                     [this](qint32 index) { Option2_Click(index); }),
-      m_speed(Named(new QSlider(Qt::Horizontal, this), u"Slider1"_s, u"ｽｸﾛｰﾙ速度"_s)),
-      m_sample(Named(new SampleFrame(parts.clock, parts.timers, parts.handlers, this), u"Frame2"_s)) {
+      m_speed(controls::Named(new QSlider(Qt::Horizontal, this), u"Slider1"_s, u"ｽｸﾛｰﾙ速度"_s)),
+      m_sample(
+          controls::Named(new SampleFrame(parts.clock, parts.timers, parts.handlers, this), u"Frame2"_s)) {
     setObjectName(u"Picture1"_s);
     QLayout* buttons = MakeButtons();
     auto* grid = new QGridLayout(this);
@@ -46,14 +47,14 @@ TextPage::TextPage(const SettingsParts& parts, SettingsDraft& draft, QWidget* pa
 }
 
 QCheckBox* TextPage::MakeAutostart() {
-    auto* box = Named(new QCheckBox(u"ログイン時に起動する"_s, this), u"Autostart"_s);
+    auto* box = controls::Named(new QCheckBox(u"ログイン時に起動する"_s, this), u"Autostart"_s);
     m_parts.handlers.Connect(box, &QCheckBox::clicked, this,
                              [this, box] { m_draft.startsAtLogin = box->isChecked(); });
     return box;
 }
 
 QWidget* TextPage::MakeWipeFrame() {
-    auto* frame = Named(new QGroupBox(u"ワイプ形式"_s, this), u"Frame1"_s);
+    auto* frame = controls::Named(new QGroupBox(u"ワイプ形式"_s, this), u"Frame1"_s);
     auto* rows = new QVBoxLayout(frame);
     for (QAbstractButton* option : m_wipeOptions.Buttons()) {
         rows->addWidget(option);
@@ -63,7 +64,7 @@ QWidget* TextPage::MakeWipeFrame() {
 }
 
 QWidget* TextPage::MakeSpeedFrame() {
-    auto* frame = Named(new QGroupBox(u"ｽｸﾛｰﾙ速度"_s, this), u"Frame3"_s);
+    auto* frame = controls::Named(new QGroupBox(u"ｽｸﾛｰﾙ速度"_s, this), u"Frame3"_s);
     m_speed->setRange(kSlowest, kFastest);
     m_speed->setPageStep(kSpeedPage);
     m_parts.handlers.Connect(m_speed, &QSlider::valueChanged, this, [this] { Slider1_Change(); });
@@ -77,10 +78,12 @@ QWidget* TextPage::MakeSpeedFrame() {
 QLayout* TextPage::MakeButtons() {
     Handlers& handlers = m_parts.handlers;
     auto* buttons = new QHBoxLayout;
-    for (QPushButton* button :
-         {MakeButton(u"Command6"_s, u"上段文字＞＞"_s, this, handlers, [this] { Command6_Click(); }),
-          MakeButton(u"Command7"_s, u"下段文字＞＞"_s, this, handlers, [this] { Command7_Click(); }),
-          MakeButton(u"Command5"_s, u"背景色＞＞"_s, this, handlers, [this] { Command5_Click(); })}) {
+    for (QPushButton* button : {controls::MakeButton(u"Command6"_s, u"上段文字＞＞"_s, this, handlers,
+                                                     [this] { Command6_Click(); }),
+                                controls::MakeButton(u"Command7"_s, u"下段文字＞＞"_s, this, handlers,
+                                                     [this] { Command7_Click(); }),
+                                controls::MakeButton(u"Command5"_s, u"背景色＞＞"_s, this, handlers,
+                                                     [this] { Command5_Click(); })}) {
         button->setAutoDefault(false);
         buttons->addWidget(button);
     }
@@ -130,4 +133,4 @@ void TextPage::PickStyle(const QString& title, LineStyle& style) {
     picker->open();
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::settings_ui

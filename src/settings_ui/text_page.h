@@ -11,7 +11,7 @@
 #include "settings_ui/settings_draft.h"
 #include "settings_ui/settings_parts.h"
 
-namespace tickwell {
+namespace tickwell::settings_ui {
 
 /// Page "文字表示" of the settings: wipe, speed, fonts and colours of the lines with a live sample, and
 /// whether the program starts at login.
@@ -46,4 +46,4 @@ private:
     QCheckBox* m_autostart = nullptr;
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::settings_ui

@@ -3,7 +3,7 @@
 
 #include <algorithm>
 
-namespace tickwell {
+namespace tickwell::shell {
 
 ItemMenu::ItemMenu(QStringView name, std::span<const MenuItem> items, Handlers& handlers, MenuChosen chosen,
                    QWidget* parent)
@@ -37,4 +37,4 @@ QAction* ItemMenu::Item(MenuCommand command, qint32 number) const {
     return entry == m_entries.end() ? nullptr : entry->action;
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::shell

@@ -10,7 +10,7 @@
 #include "core/handlers.h"
 #include "shell/menu_items.h"
 
-namespace tickwell {
+namespace tickwell::shell {
 
 /// What was chosen: a command and its number, as a MenuItem has them.
 using MenuChosen = std::function<void(MenuCommand command, qint32 number)>;
@@ -46,4 +46,4 @@ private:
     std::vector<Entry> m_entries;  // in the order of the menu
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::shell

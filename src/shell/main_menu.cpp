@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "shell/main_menu.h"
 
-namespace tickwell {
+namespace tickwell::shell {
 
 using namespace Qt::StringLiterals;
 
@@ -83,4 +83,4 @@ void MainMenu::ShowTools(const QList<int>& indexes) {
     Item(MenuCommand::Tools)->setVisible(!indexes.isEmpty());
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::shell

@@ -8,10 +8,10 @@
 #include "displays/function_marks.h"
 #include "shell/item_menu.h"
 
-namespace tickwell {
+namespace tickwell::shell {
 
 /// The menu of the main window, with an item for each display, and the submenu of the tools.
-class MainMenu : public ItemMenu, public FunctionMarks {
+class MainMenu : public ItemMenu, public displays::FunctionMarks {
     Q_OBJECT
 
 public:
@@ -32,4 +32,4 @@ private:
     ItemMenu* m_tools;
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::shell

@@ -7,7 +7,7 @@
 #include "core/settings_io.h"
 #include "lines/line_styles.h"
 
-namespace tickwell {
+namespace tickwell::shell {
 
 using namespace Qt::StringLiterals;
 
@@ -57,9 +57,9 @@ Form1::Form1(const MainWindowParts& parts)
     m_parts.tray.WhenChanged([this] { Menu_AboutToShow(); });  // an open menu follows
 }
 
-std::unique_ptr<MovingWord> Form1::MakeLine(const QString& name) {
-    const LineTime time{.clock = m_parts.clock, .timers = m_parts.timers, .pacer = m_pacer};
-    auto line = std::make_unique<MovingWord>(time, this);
+std::unique_ptr<lines::MovingWord> Form1::MakeLine(const QString& name) {
+    const lines::LineTime time{.clock = m_parts.clock, .timers = m_parts.timers, .pacer = m_pacer};
+    auto line = std::make_unique<lines::MovingWord>(time, this);
     line->setObjectName(name);
     line->setMouseTracking(true);
     return line;
@@ -93,7 +93,7 @@ void Form1::Form_Load() {
 }
 
 void Form1::ApplyStyles() {
-    ApplyLineStyles(*m_upperLine, *m_lowerLine, m_parts.settings);
+    lines::ApplyLineStyles(*m_upperLine, *m_lowerLine, m_parts.settings);
     Form_Resize();
 }
 
@@ -186,4 +186,4 @@ void Form1::SaveAll() {
     SaveSettings(m_parts.store, m_parts.settings, m_parts.further, m_geometry.Geometry());
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::shell

@@ -17,7 +17,7 @@
 #include "shell/tray_storage.h"
 #include "shell/window_geometry.h"
 
-namespace tickwell {
+namespace tickwell::shell {
 
 /// The display window: two lines, small, without a frame, above all others. It ties lines, timers and menu to
 /// what computes them. Built at rest: Form_Load reads its place and starts it.
@@ -66,7 +66,7 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    std::unique_ptr<MovingWord> MakeLine(const QString& name);
+    std::unique_ptr<lines::MovingWord> MakeLine(const QString& name);
     MenuChosen WhenChosen();
     void EnableItems();
     void Form_Resize();
@@ -91,18 +91,18 @@ private:
     void ShowAgain();
 
     MainWindowParts m_parts;
-    FramePacer m_pacer;
-    std::unique_ptr<MovingWord> m_upperLine;  // they leave before their pacer does
-    std::unique_ptr<MovingWord> m_lowerLine;
+    lines::FramePacer m_pacer;
+    std::unique_ptr<lines::MovingWord> m_upperLine;  // they leave before their pacer does
+    std::unique_ptr<lines::MovingWord> m_lowerLine;
     Displays m_displays;
     MainMenu* m_menu;      // owned by the window, as its child
     ItemMenu* m_trayMenu;  // likewise
-    Chime m_chime;
+    displays::Chime m_chime;
     std::unique_ptr<Timer> m_startUpTimer;
     SleepingTimer m_keepTopTimer;
     SleepingTimer m_chimeTimer;
-    FunctionSwitch m_switch;
-    Roll m_roll;
+    displays::FunctionSwitch m_switch;
+    displays::Roll m_roll;
     GeometryKeeper m_geometry;
     PointerGesture m_gesture;
     ToolLauncher m_tools;
@@ -112,4 +112,4 @@ private:
     bool m_keepTopHeld = false;
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::shell

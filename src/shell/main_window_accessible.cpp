@@ -6,7 +6,7 @@
 
 #include "shell/main_window.h"
 
-namespace tickwell {
+namespace tickwell::shell {
 
 namespace {
 
@@ -47,8 +47,8 @@ QAccessibleInterface* MakeAccessible(const QString& /*className*/, QObject* obje
 }  // namespace
 
 void InstallMainWindowAccessibility() {
-    InstallMovingWordAccessibility();
+    lines::InstallMovingWordAccessibility();
     QAccessible::installFactory(&MakeAccessible);
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::shell

@@ -7,7 +7,7 @@
 
 #include "shell/main_window.h"
 
-namespace tickwell {
+namespace tickwell::shell {
 
 namespace {
 
@@ -111,4 +111,4 @@ void Form1::ComeForwardWithMenu() {
     OpenMenuByKey();
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::shell

@@ -8,7 +8,7 @@
 
 #include "shell/main_window.h"
 
-namespace tickwell {
+namespace tickwell::shell {
 
 void Form1::PopUpMenu(QPoint at) {
     m_menu->popup(at);
@@ -108,4 +108,4 @@ void Form1::closeEvent(QCloseEvent* event) {
     m_parts.closed();
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::shell

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "shell/main_window.h"
 
-namespace tickwell {
+namespace tickwell::shell {
 
 MenuChosen Form1::WhenChosen() {
     return [this](MenuCommand command, qint32 number) { Menu_Click(command, number); };
@@ -62,4 +62,4 @@ QList<QMenu*> Form1::VisibleMenus() const {
     return menus;
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::shell

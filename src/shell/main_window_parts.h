@@ -19,7 +19,7 @@
 #include "core/settings.h"
 #include "displays/chime.h"
 
-namespace tickwell {
+namespace tickwell::shell {
 
 /// How the main window opens the others; one that is empty has its items disabled.
 struct OtherWindows {
@@ -48,9 +48,9 @@ struct MainWindowParts {
     Handlers& handlers;
     OtherWindows windows;
     DisplaysMaker makeDisplays;
-    Chime::Player playChime;
+    displays::Chime::Player playChime;
     std::function<void()>
         closed;  ///< called with the end of the window; settings and tray icon are done by then
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::shell

@@ -4,7 +4,7 @@
 #include <QStringView>
 #include <array>
 
-namespace tickwell {
+namespace tickwell::shell {
 
 /// What choosing an item does.
 enum class MenuCommand {
@@ -71,4 +71,4 @@ inline constexpr std::array kTools{
     Tool{u"ミニゲーム4", u"KT13.exe"},
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::shell

@@ -3,7 +3,7 @@
 
 #include <algorithm>
 
-namespace tickwell {
+namespace tickwell::shell {
 
 namespace {
 
@@ -47,4 +47,4 @@ bool PointerGesture::Release() {
     return click;
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::shell

@@ -5,7 +5,7 @@
 #include <QRect>
 #include <optional>
 
-namespace tickwell {
+namespace tickwell::shell {
 
 /// What the left button does to the main window: moved far enough it drags the window along, or its right
 /// edge; let go where it was pressed it is a click.
@@ -35,4 +35,4 @@ private:
     QRect m_window;
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::shell

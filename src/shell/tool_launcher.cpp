@@ -6,7 +6,7 @@
 #include "core/errors.h"
 #include "shell/menu_items.h"
 
-namespace tickwell {
+namespace tickwell::shell {
 
 using namespace Qt::StringLiterals;
 
@@ -40,4 +40,4 @@ void ToolLauncher::Start(int index) const {
     }
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::shell

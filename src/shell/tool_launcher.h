@@ -7,7 +7,7 @@
 #include "core/ports/program_starter.h"
 #include "core/program_folder.h"
 
-namespace tickwell {
+namespace tickwell::shell {
 
 /// The file of a tool, by its index 1..13; empty outside.
 QString ToolFileName(int index);
@@ -32,4 +32,4 @@ private:
     ProgramStarter& m_starter;
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::shell

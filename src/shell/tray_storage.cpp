@@ -3,7 +3,7 @@
 
 #include <utility>
 
-namespace tickwell {
+namespace tickwell::shell {
 
 using namespace Qt::StringLiterals;
 
@@ -64,4 +64,4 @@ void TrayStorage::Watch_Timer() {
     }
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::shell

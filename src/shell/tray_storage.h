@@ -8,7 +8,7 @@
 #include "core/ports/timer.h"
 #include "core/ports/tray.h"
 
-namespace tickwell {
+namespace tickwell::shell {
 
 /// Whether the main window is put away into the notification area. Nothing may lose the window: it goes only
 /// where its icon is seen, and comes back by itself when the area itself is gone.
@@ -45,4 +45,4 @@ private:
     bool m_missed = false;  // the area was gone when it was last looked at
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::shell

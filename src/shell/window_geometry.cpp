@@ -5,7 +5,7 @@
 
 #include "core/integers.h"
 
-namespace tickwell {
+namespace tickwell::shell {
 
 namespace {
 
@@ -67,4 +67,4 @@ QRect BroughtBack(const QRect& window, const QList<QRect>& screens, const QRect&
     return seen ? window : QRect(screen.topLeft(), window.size());
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::shell

@@ -7,7 +7,7 @@
 
 #include "core/settings.h"
 
-namespace tickwell {
+namespace tickwell::shell {
 
 /// Twips to logical pixels, 15 to 1, to the nearest.
 int PixelsOf(qint32 twips);
@@ -55,4 +55,4 @@ LineLayout LayoutOf(int width, int upperTextHeight, int lowerTextHeight);
 /// `window` brought onto `screen` when it lies on none of `screens`, else as it is.
 QRect BroughtBack(const QRect& window, const QList<QRect>& screens, const QRect& screen);
 
-}  // namespace tickwell
+}  // namespace tickwell::shell

@@ -4,9 +4,9 @@
 #include <QString>
 #include <variant>
 
-namespace tickwell {
+namespace tickwell::store {
 
 /// A value as SQLite stores it: dates as ISO text, so that comparing the texts compares the dates.
 using BoundValue = std::variant<qint32, QString>;
 
-}  // namespace tickwell
+}  // namespace tickwell::store

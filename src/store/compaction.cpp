@@ -10,7 +10,7 @@
 #include "store/day_recovery.h"
 #include "store/log.h"
 
-namespace tickwell {
+namespace tickwell::store {
 
 using namespace Qt::StringLiterals;
 
@@ -132,4 +132,4 @@ void CompactDayDatabase(DayDatabase& dayDatabase, const ProgramFolder& folder, M
     EndCompaction(dayDatabase, CompactDayFile(folder, disk), boxes, owner);
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::store

@@ -9,7 +9,7 @@
 #include "store/day_database.h"
 #include "store/store_disk.h"
 
-namespace tickwell {
+namespace tickwell::store {
 
 // Compaction makes the file of the day database as small as its rows allow. A complete DayDate.mdb, old or
 // new, exists at every moment, so no failure and no killed program loses a row; RecoverDayDatabase cleans up
@@ -39,4 +39,4 @@ void EndCompaction(DayDatabase& dayDatabase, CompactionEnd end, MessageBoxes& bo
 void CompactDayDatabase(DayDatabase& dayDatabase, const ProgramFolder& folder, MessageBoxes& boxes,
                         StoreDisk& disk, const QObject* owner = nullptr);
 
-}  // namespace tickwell
+}  // namespace tickwell::store

@@ -4,7 +4,7 @@
 #include <cmath>
 #include <cstdlib>
 
-namespace tickwell {
+namespace tickwell::store {
 
 using namespace Qt::StringLiterals;
 
@@ -44,4 +44,4 @@ Message CompactionFailed() {
     return {MessageIcon::Exclamation, Title(), u"データベースの最適化に失敗しました。"_s};
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::store

@@ -5,7 +5,7 @@
 
 #include "core/ports/message_boxes.h"
 
-namespace tickwell {
+namespace tickwell::store {
 
 /// By how much a file of `before` bytes shrank, in per cent with at most one decimal, rounded up to a tenth;
 /// negative if it grew. `before`: above 0.
@@ -15,4 +15,4 @@ QString CompactionRatio(qint32 before, qint32 after);
 Message CompactionDone(qint32 before, qint32 after);
 Message CompactionFailed();
 
-}  // namespace tickwell
+}  // namespace tickwell::store

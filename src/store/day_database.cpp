@@ -13,7 +13,7 @@
 #include "store/sql_compiler.h"
 #include "store/sql_error.h"
 
-namespace tickwell {
+namespace tickwell::store {
 
 using namespace Qt::StringLiterals;
 
@@ -171,4 +171,4 @@ ChangeMark DayDatabase::Mark() {
     return {m_serial, connection.FirstValue("PRAGMA data_version"), connection.TotalChanges()};
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::store

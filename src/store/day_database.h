@@ -10,7 +10,7 @@
 #include "store/result_set.h"
 #include "store/sqlite_connection.h"
 
-namespace tickwell {
+namespace tickwell::store {
 
 /// Two marks compare unequal if a row may have been changed between them: by this program, by another one, or
 /// while the database was closed.
@@ -102,4 +102,4 @@ private:
     quint64 m_serial = 0;                            // different for each opening
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::store

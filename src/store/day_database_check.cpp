@@ -5,7 +5,7 @@
 #include "store/day_schema.h"
 #include "store/log.h"
 
-namespace tickwell {
+namespace tickwell::store {
 
 using namespace Qt::StringLiterals;
 
@@ -92,4 +92,4 @@ void CheckDayDatabase(SqliteConnection& connection) {
     }
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::store

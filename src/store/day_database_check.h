@@ -3,10 +3,10 @@
 
 #include "store/sqlite_connection.h"
 
-namespace tickwell {
+namespace tickwell::store {
 
 /// Checks that the open file is an undamaged day database that this program can use. SQLite itself opens any
 /// file and fails only at the first use. Throws RunTimeError.
 void CheckDayDatabase(SqliteConnection& connection);
 
-}  // namespace tickwell
+}  // namespace tickwell::store

@@ -6,7 +6,7 @@
 #include "store/sql_error.h"
 #include "store/sqlite_text.h"
 
-namespace tickwell {
+namespace tickwell::store {
 
 namespace {
 
@@ -75,4 +75,4 @@ void DayDatabase::RunOnRow(const QByteArray& sql, qint64 key, const std::vector<
     statement.Step();
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::store

@@ -3,7 +3,7 @@
 
 #include <QFileInfo>
 
-namespace tickwell {
+namespace tickwell::store {
 
 DayFiles FindDayFiles(const ProgramFolder& folder) {
     const QString live = FollowLinks(folder.PathOf(kLiveFile));
@@ -24,4 +24,4 @@ QString FollowLinks(const QString& path) {
     return file.filePath();
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::store

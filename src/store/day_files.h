@@ -6,7 +6,7 @@
 
 #include "core/program_folder.h"
 
-namespace tickwell {
+namespace tickwell::store {
 
 // The files of the day database, all in the program's folder.
 inline constexpr QLatin1StringView kLiveFile("DayDate.mdb");
@@ -28,4 +28,4 @@ DayFiles FindDayFiles(const ProgramFolder& folder);
 /// exists; `path` itself if it is not a link.
 QString FollowLinks(const QString& path);
 
-}  // namespace tickwell
+}  // namespace tickwell::store

@@ -11,7 +11,7 @@
 #include "store/log.h"
 #include "store/shared_file_lock.h"
 
-namespace tickwell {
+namespace tickwell::store {
 
 using namespace Qt::StringLiterals;
 
@@ -120,4 +120,4 @@ QString WithNamedCopies(const ProgramFolder& folder, const QString& reason) {
                            : reason + u"\r\nデータベースの控えが残っています：%1"_s.arg(names.join(u"、"_s));
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::store

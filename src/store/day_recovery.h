@@ -6,7 +6,7 @@
 #include "store/day_files.h"
 #include "store/store_disk.h"
 
-namespace tickwell {
+namespace tickwell::store {
 
 /// Cleans up `folder` after a compaction that was killed. If DayDate.mdb is undamaged, its copies
 /// are removed; if it is missing, an undamaged CopyDate.mdb replaces it, else an undamaged BUDate.mdb. If it
@@ -29,4 +29,4 @@ void RemoveWithJournals(StoreDisk& disk, const QString& path);
 /// none.
 QString WithNamedCopies(const ProgramFolder& folder, const QString& reason);
 
-}  // namespace tickwell
+}  // namespace tickwell::store

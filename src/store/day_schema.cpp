@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <array>
 
-namespace tickwell {
+namespace tickwell::store {
 
 namespace {
 
@@ -52,4 +52,4 @@ std::optional<std::size_t> FindColumn(std::span<const SchemaColumn> columns, QSt
     return static_cast<std::size_t>(found - columns.data());
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::store

@@ -5,7 +5,7 @@
 #include <optional>
 #include <span>
 
-namespace tickwell {
+namespace tickwell::store {
 
 enum class ColumnType { Text, Integer, Date };
 
@@ -29,4 +29,4 @@ const SchemaTable* FindTable(QStringView name);
 /// The index in `columns` of the column of that name, ignoring case.
 std::optional<std::size_t> FindColumn(std::span<const SchemaColumn> columns, QStringView name);
 
-}  // namespace tickwell
+}  // namespace tickwell::store

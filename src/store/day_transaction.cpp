@@ -4,7 +4,7 @@
 #include "store/log.h"
 #include "store/sql_error.h"
 
-namespace tickwell {
+namespace tickwell::store {
 
 DayTransaction::DayTransaction(DayDatabase& database) : m_connection(database.Connection()) {
     m_connection.Run("BEGIN IMMEDIATE");
@@ -27,4 +27,4 @@ void DayTransaction::Commit() {
     m_isOpen = false;
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::store

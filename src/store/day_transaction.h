@@ -3,7 +3,7 @@
 
 #include "store/day_database.h"
 
-namespace tickwell {
+namespace tickwell::store {
 
 /// The statements executed during its lifetime are all stored by Commit, or none of them is.
 class DayTransaction {
@@ -24,4 +24,4 @@ private:
     bool m_isOpen = true;
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::store

@@ -5,7 +5,7 @@
 
 #include "store/sqlite_text.h"
 
-namespace tickwell {
+namespace tickwell::store {
 
 namespace {
 
@@ -45,4 +45,4 @@ RowDigest DigestOf(const std::vector<BoundValue>& values) {
     return digester.Take();
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::store

@@ -8,7 +8,7 @@
 
 #include "store/bound_value.h"
 
-namespace tickwell {
+namespace tickwell::store {
 
 /// 128 bits computed from all values of a row. Rows with equal values have equal digests; the chance that two
 /// different rows have the same one is negligible for any number of rows that fits in a file.
@@ -45,6 +45,6 @@ struct FoundRow {
 
 using FoundRows = QList<FoundRow>;
 
-}  // namespace tickwell
+}  // namespace tickwell::store
 
 Q_DECLARE_TYPEINFO(tickwell::FoundRow, Q_PRIMITIVE_TYPE);

@@ -5,7 +5,7 @@
 #include "store/day_database.h"
 #include "store/log.h"
 
-namespace tickwell {
+namespace tickwell::store {
 
 LargeCache::LargeCache(DayDatabase& database)
     : m_connection(database.Connection()), m_before(m_connection.FirstValue("PRAGMA cache_size")) {
@@ -21,4 +21,4 @@ LargeCache::~LargeCache() {
     }
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::store

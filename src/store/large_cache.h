@@ -3,7 +3,7 @@
 
 #include <QString>
 
-namespace tickwell {
+namespace tickwell::store {
 
 class DayDatabase;
 class SqliteConnection;
@@ -23,4 +23,4 @@ private:
     QString m_before;
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::store

@@ -3,9 +3,9 @@
 
 #include <QLoggingCategory>
 
-namespace tickwell {
+namespace tickwell::store {
 
 /// Warnings by default; QT_LOGGING_RULES="tickwell.store.debug=true" shows all.
 inline Q_LOGGING_CATEGORY(StoreLog, "tickwell.store", QtWarningMsg)
 
-}  // namespace tickwell
+}  // namespace tickwell::store

@@ -5,7 +5,7 @@
 #include "store/sql_error.h"
 #include "store/sqlite_statement.h"
 
-namespace tickwell {
+namespace tickwell::store {
 
 using namespace Qt::StringLiterals;
 
@@ -55,4 +55,4 @@ ResultRow::Value StoredValueAt(const SqliteStatement& statement, int column, Col
     return text.size() == kDateLength ? QDate::fromString(text, Qt::ISODate) : QDate();
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::store

@@ -9,7 +9,7 @@
 
 #include "store/day_schema.h"
 
-namespace tickwell {
+namespace tickwell::store {
 
 class SqliteStatement;
 
@@ -62,4 +62,4 @@ private:
     std::vector<ResultRow> m_rows;
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::store

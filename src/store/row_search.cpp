@@ -9,7 +9,7 @@
 
 #include "store/sql_error.h"
 
-namespace tickwell {
+namespace tickwell::store {
 
 using namespace Qt::StringLiterals;
 
@@ -171,4 +171,4 @@ void RowSearch::Collect(SqliteStatement& statement) {
     }
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::store

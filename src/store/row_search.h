@@ -8,7 +8,7 @@
 #include "store/found_row.h"
 #include "store/sql_compiler.h"
 
-namespace tickwell {
+namespace tickwell::store {
 
 /// Finds the rows of one table in slices, in the order of insertion, without keeping their values: a million
 /// results take 16 MB. Nothing is locked between two slices. If the rows may have changed meanwhile
@@ -66,4 +66,4 @@ private:
 RowDigest DigestOf(const SqliteStatement& statement, int column, const SchemaTable& table,
                    RowDigester& digester);
 
-}  // namespace tickwell
+}  // namespace tickwell::store

@@ -13,7 +13,7 @@
 #include "core/errors.h"
 #include "store/day_files.h"
 
-namespace tickwell {
+namespace tickwell::store {
 
 using namespace Qt::StringLiterals;
 
@@ -79,4 +79,4 @@ void SharedFileLock::TakeExclusive() {
     }
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::store

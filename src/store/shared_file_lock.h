@@ -4,7 +4,7 @@
 #include <QString>
 #include <functional>
 
-namespace tickwell {
+namespace tickwell::store {
 
 /// A shared lock on the lock file beside a database ("DayDate.lock" beside "DayDate.mdb"), released by the
 /// destructor. Replacing the database file needs the exclusive lock, which fails while others hold a shared
@@ -34,4 +34,4 @@ private:
     int m_file;  // a descriptor; -1 for none
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::store

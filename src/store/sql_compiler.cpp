@@ -5,7 +5,7 @@
 #include "store/sql_parser.h"
 #include "store/sql_values.h"
 
-namespace tickwell {
+namespace tickwell::store {
 
 using namespace Qt::StringLiterals;
 
@@ -213,4 +213,4 @@ CompiledSql CompileSql(const QString& sql) {
     return Compiler(sql).Compile();
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::store

@@ -9,7 +9,7 @@
 #include "store/bound_value.h"
 #include "store/day_schema.h"
 
-namespace tickwell {
+namespace tickwell::store {
 
 /// A statement for SQLite that contains only our own text; whatever the caller wrote is in the values.
 struct CompiledSql {
@@ -27,4 +27,4 @@ struct CompiledSql {
 /// text column at most once. Throws SqlError.
 CompiledSql CompileSql(const QString& sql);
 
-}  // namespace tickwell
+}  // namespace tickwell::store

@@ -3,7 +3,7 @@
 
 #include <sqlite3.h>
 
-namespace tickwell {
+namespace tickwell::store {
 
 using namespace Qt::StringLiterals;
 
@@ -58,4 +58,4 @@ QString SqliteReason(int sqliteCode) {
     return u"%1(%2)"_s.arg(Words(sqliteCode)).arg(sqliteCode);
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::store

@@ -3,7 +3,7 @@
 
 #include "core/errors.h"
 
-namespace tickwell {
+namespace tickwell::store {
 
 /// A statement that the day database refused or that SQLite failed to execute.
 class SqlError : public RunTimeError {
@@ -30,4 +30,4 @@ public:
 /// The meaning of an extended SQLite result code for the user, followed by the code in brackets.
 QString SqliteReason(int sqliteCode);
 
-}  // namespace tickwell
+}  // namespace tickwell::store

@@ -8,7 +8,7 @@
 #include "store/sql_error.h"
 #include "store/sql_quoting.h"
 
-namespace tickwell {
+namespace tickwell::store {
 
 using namespace Qt::StringLiterals;
 
@@ -141,4 +141,4 @@ void SqlLexer::Refuse(const QString& reason) const {
     throw SqlError(reason, m_sql.toString());
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::store

@@ -6,7 +6,7 @@
 
 #include "store/sql_tree.h"
 
-namespace tickwell {
+namespace tickwell::store {
 
 enum class TokenKind { Word, Symbol, Literal, End };
 
@@ -43,4 +43,4 @@ private:
 /// `text` as a 32-bit number if it consists of an optional minus and ASCII digits only.
 std::optional<qint32> ExactInteger(QStringView text);
 
-}  // namespace tickwell
+}  // namespace tickwell::store

@@ -7,7 +7,7 @@
 #include "store/sql_error.h"
 #include "store/sql_lexer.h"
 
-namespace tickwell {
+namespace tickwell::store {
 
 using namespace Qt::StringLiterals;
 
@@ -208,4 +208,4 @@ SqlStatement ParseSql(const QString& sql) {
     return Parser(sql).Statement();
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::store

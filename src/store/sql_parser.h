@@ -3,7 +3,7 @@
 
 #include "store/sql_tree.h"
 
-namespace tickwell {
+namespace tickwell::store {
 
 /// Reads one statement of the day database's language:
 ///
@@ -18,4 +18,4 @@ namespace tickwell {
 /// not checked here. Throws SqlError.
 SqlStatement ParseSql(const QString& sql);
 
-}  // namespace tickwell
+}  // namespace tickwell::store

@@ -4,7 +4,7 @@
 #include <QStringView>
 #include <algorithm>
 
-namespace tickwell {
+namespace tickwell::store {
 
 /// Whether a character ends a text between double quotes: there is no way to escape it.
 constexpr bool EndsText(QChar character) {
@@ -16,4 +16,4 @@ inline bool IsQuotable(QStringView text) {
     return std::none_of(text.begin(), text.end(), EndsText);
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::store

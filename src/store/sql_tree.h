@@ -6,7 +6,7 @@
 #include <variant>
 #include <vector>
 
-namespace tickwell {
+namespace tickwell::store {
 
 /// A literal as written.
 using SqlLiteral = std::variant<qint32, QString, QDate>;
@@ -75,4 +75,4 @@ struct UpdateStatement {
 
 using SqlStatement = std::variant<SelectStatement, DeleteStatement, InsertStatement, UpdateStatement>;
 
-}  // namespace tickwell
+}  // namespace tickwell::store

@@ -3,7 +3,7 @@
 
 #include "store/sql_lexer.h"
 
-namespace tickwell {
+namespace tickwell::store {
 
 std::optional<BoundValue> ComparedValue(ColumnType type, const SqlLiteral& literal) {
     if (const auto* number = std::get_if<qint32>(&literal);
@@ -27,4 +27,4 @@ std::optional<BoundValue> StoredValue(ColumnType type, const SqlLiteral& literal
     return ComparedValue(type, literal);
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::store

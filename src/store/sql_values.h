@@ -8,7 +8,7 @@
 #include "store/day_schema.h"
 #include "store/sql_tree.h"
 
-namespace tickwell {
+namespace tickwell::store {
 
 /// The bound value for comparing `literal` with a column of that type; nothing if its type differs.
 std::optional<BoundValue> ComparedValue(ColumnType type, const SqlLiteral& literal);
@@ -17,4 +17,4 @@ std::optional<BoundValue> ComparedValue(ColumnType type, const SqlLiteral& liter
 /// may be quoted.
 std::optional<BoundValue> StoredValue(ColumnType type, const SqlLiteral& literal);
 
-}  // namespace tickwell
+}  // namespace tickwell::store

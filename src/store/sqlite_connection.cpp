@@ -10,7 +10,7 @@
 #include "store/sql_error.h"
 #include "store/sqlite_limits.h"
 
-namespace tickwell {
+namespace tickwell::store {
 
 using namespace Qt::StringLiterals;
 
@@ -183,4 +183,4 @@ InstructionLimit::~InstructionLimit() {
     sqlite3_progress_handler(m_connection.m_handle.get(), 0, nullptr, nullptr);
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::store

@@ -10,7 +10,7 @@
 #include "store/shared_file_lock.h"
 #include "store/sqlite_statement.h"
 
-namespace tickwell {
+namespace tickwell::store {
 
 /// How a file is opened.
 enum class FileUse {
@@ -99,4 +99,4 @@ private:
     SqliteConnection& m_connection;
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::store

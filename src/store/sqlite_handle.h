@@ -5,7 +5,7 @@
 
 #include <memory>
 
-namespace tickwell {
+namespace tickwell::store {
 
 struct SqliteCloser {
     void operator()(sqlite3* handle) const { sqlite3_close(handle); }
@@ -21,4 +21,4 @@ struct SqliteFinalizer {
 /// A prepared statement.
 using SqliteStatementHandle = std::unique_ptr<sqlite3_stmt, SqliteFinalizer>;
 
-}  // namespace tickwell
+}  // namespace tickwell::store

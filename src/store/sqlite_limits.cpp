@@ -8,7 +8,7 @@
 
 #include "store/sql_error.h"
 
-namespace tickwell {
+namespace tickwell::store {
 
 namespace {
 
@@ -43,4 +43,4 @@ void LimitSqlite(sqlite3* handle) {
     Check(sqlite3_exec(handle, "PRAGMA ignore_check_constraints = ON", nullptr, nullptr, nullptr));
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::store

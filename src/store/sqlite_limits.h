@@ -3,7 +3,7 @@
 
 struct sqlite3;
 
-namespace tickwell {
+namespace tickwell::store {
 
 /// Limits what the file of an open connection can make SQLite do: its triggers, views and check constraints
 /// are disabled, no value may exceed 1 MB, and all connections of the process together may use 96 MB of
@@ -11,4 +11,4 @@ namespace tickwell {
 /// read from the file. Throws SqlError.
 void LimitSqlite(sqlite3* handle);
 
-}  // namespace tickwell
+}  // namespace tickwell::store

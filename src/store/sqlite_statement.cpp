@@ -6,7 +6,7 @@
 #include "store/sql_error.h"
 #include "store/sqlite_text.h"
 
-namespace tickwell {
+namespace tickwell::store {
 
 SqliteStatement::SqliteStatement(sqlite3* connection, const QByteArray& sql) : m_connection(connection) {
     sqlite3_stmt* prepared = nullptr;
@@ -67,4 +67,4 @@ void SqliteStatement::Check(int result) const {
     }
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::store

@@ -6,7 +6,7 @@
 
 #include "store/sqlite_handle.h"
 
-namespace tickwell {
+namespace tickwell::store {
 
 /// One prepared statement. After stepping, and after an error, it must be Reset: an active statement keeps
 /// the file locked. Errors are thrown as SqlError.
@@ -38,4 +38,4 @@ private:
     SqliteStatementHandle m_statement;
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::store

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "store/sqlite_text.h"
 
-namespace tickwell {
+namespace tickwell::store {
 
 namespace {
 
@@ -71,4 +71,4 @@ QString FromSqliteText(QByteArrayView bytes) {
     return text;
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::store

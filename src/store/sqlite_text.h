@@ -4,7 +4,7 @@
 #include <QByteArray>
 #include <QString>
 
-namespace tickwell {
+namespace tickwell::store {
 
 /// Lossless conversion to UTF-8 for SQLite and back: unpaired surrogates, byte order marks and noncharacters
 /// are kept, each as the three bytes of its code point. So two different names never become equal.
@@ -13,4 +13,4 @@ QByteArray ToSqliteText(QStringView text);
 /// Invalid bytes become U+FFFD.
 QString FromSqliteText(QByteArrayView bytes);
 
-}  // namespace tickwell
+}  // namespace tickwell::store

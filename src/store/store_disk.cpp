@@ -14,7 +14,7 @@
 #include <limits>
 #include <utility>
 
-namespace tickwell {
+namespace tickwell::store {
 
 using namespace Qt::StringLiterals;
 
@@ -174,4 +174,4 @@ void RenameSafely(StoreDisk& disk, const QString& from, const QString& to) {
     disk.Sync(FolderOf(to));
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::store

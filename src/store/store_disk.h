@@ -7,7 +7,7 @@
 #include "core/errors.h"
 #include "store/sqlite_connection.h"
 
-namespace tickwell {
+namespace tickwell::store {
 
 /// A file operation that failed, with the path that it failed on.
 class DiskError : public RunTimeError {
@@ -82,4 +82,4 @@ private:
 /// Replaces `to` atomically and syncs the change to the disk. After an error `to` may or may not be replaced.
 void RenameSafely(StoreDisk& disk, const QString& from, const QString& to);
 
-}  // namespace tickwell
+}  // namespace tickwell::store

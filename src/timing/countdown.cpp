@@ -3,7 +3,7 @@
 
 #include "core/integers.h"
 
-namespace tickwell {
+namespace tickwell::timing {
 
 namespace {
 
@@ -58,4 +58,4 @@ void Countdown::BeginNextCycle() {
     m_state.CountdownStart = start;
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::timing

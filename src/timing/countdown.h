@@ -3,7 +3,7 @@
 
 #include "core/ports/clock.h"
 
-namespace tickwell {
+namespace tickwell::timing {
 
 /// The state of the program's countdown timer; one instance. Times are in milliseconds, either ticks or
 /// durations.
@@ -54,4 +54,4 @@ private:
     const Clock& m_clock;
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::timing

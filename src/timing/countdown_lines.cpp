@@ -5,7 +5,7 @@
 
 #include "core/duration_text.h"
 
-namespace tickwell {
+namespace tickwell::timing {
 
 using namespace Qt::StringLiterals;
 
@@ -79,4 +79,4 @@ void CountdownLines::BeginNextCycle() {
     }
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::timing

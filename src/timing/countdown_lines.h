@@ -6,7 +6,7 @@
 #include "timing/countdown.h"
 #include "timing/timer_windows.h"
 
-namespace tickwell {
+namespace tickwell::timing {
 
 /// The countdown on the main window: handles its ticks and shows it on the lines.
 class CountdownLines {
@@ -43,4 +43,4 @@ private:
     TimerWindows& m_windows;
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::timing

@@ -5,7 +5,7 @@
 #include "core/weekday.h"
 #include "core/words.h"
 
-namespace tickwell {
+namespace tickwell::timing {
 
 using namespace Qt::StringLiterals;
 
@@ -34,4 +34,4 @@ QString LongTimeText(QTime time) {
     return QString::number(time.hour()) + u':' + TwoDigits(time.minute()) + u':' + TwoDigits(time.second());
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::timing

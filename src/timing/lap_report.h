@@ -4,7 +4,7 @@
 #include <QDateTime>
 #include <QStringList>
 
-namespace tickwell {
+namespace tickwell::timing {
 
 /// The stopwatch's report, line by line. `version`: of the program, like "2.0.0". `list`: laps and stops,
 /// separated by CR LF; an empty one results in one empty line.
@@ -16,4 +16,4 @@ QString LongDateText(QDate date);
 /// "21:05:07", "9:05:07".
 QString LongTimeText(QTime time);
 
-}  // namespace tickwell
+}  // namespace tickwell::timing

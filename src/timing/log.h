@@ -3,9 +3,9 @@
 
 #include <QLoggingCategory>
 
-namespace tickwell {
+namespace tickwell::timing {
 
 /// Warnings by default; QT_LOGGING_RULES="tickwell.timing.debug=true" shows all.
 inline Q_LOGGING_CATEGORY(TimingLog, "tickwell.timing", QtWarningMsg)
 
-}  // namespace tickwell
+}  // namespace tickwell::timing

@@ -3,7 +3,7 @@
 
 #include <utility>
 
-namespace tickwell {
+namespace tickwell::timing {
 
 using namespace Qt::StringLiterals;
 
@@ -55,4 +55,4 @@ void ReportPrinting::Free() {
     }
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::timing

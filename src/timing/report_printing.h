@@ -8,7 +8,7 @@
 #include "core/ports/message_boxes.h"
 #include "core/ports/printer.h"
 
-namespace tickwell {
+namespace tickwell::timing {
 
 /// Prints the lap report and informs the user: with a box with 「中止」 while the print service does not
 /// respond, and with a box with the reason if printing fails.
@@ -41,4 +41,4 @@ private:
     std::shared_ptr<bool> m_isAlive = std::make_shared<bool>(true);  // news can arrive after destruction
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::timing

@@ -6,7 +6,7 @@
 
 #include "core/integers.h"
 
-namespace tickwell {
+namespace tickwell::timing {
 
 qint32 Stopwatch::Reading() const {
     if (!m_state.StopwatchRunning) {
@@ -41,4 +41,4 @@ void Stopwatch::Reset() {
     m_state = StopwatchState();
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::timing

@@ -5,7 +5,7 @@
 
 #include "core/ports/clock.h"
 
-namespace tickwell {
+namespace tickwell::timing {
 
 /// The state of the program's stopwatch; one instance. Times are in milliseconds, either ticks or elapsed
 /// time.
@@ -57,4 +57,4 @@ private:
     const Clock& m_clock;
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::timing

@@ -6,7 +6,7 @@
 #include "core/duration_text.h"
 #include "core/sleeping_timer.h"
 
-namespace tickwell {
+namespace tickwell::timing {
 
 void StopwatchLines::Show() {
     m_lines.lower.ShowText(ElapsedText(m_stopwatch.Reading()));
@@ -26,4 +26,4 @@ qint64 StopwatchLines::UntilDue(qint64 untilFrame) const {
     return std::min(untilFrame, m_stopwatch.UntilOverflow());
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::timing

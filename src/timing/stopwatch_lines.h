@@ -4,7 +4,7 @@
 #include "core/text_line.h"
 #include "timing/stopwatch.h"
 
-namespace tickwell {
+namespace tickwell::timing {
 
 /// The stopwatch's reading on the lower line.
 class StopwatchLines {
@@ -28,4 +28,4 @@ private:
     TextLines m_lines;
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::timing

@@ -3,7 +3,7 @@
 
 #include "core/duration_text.h"
 
-namespace tickwell {
+namespace tickwell::timing {
 
 using namespace Qt::StringLiterals;
 
@@ -81,4 +81,4 @@ void StopwatchPanel::ReplaceList(const QString& list) {
     ++m_listNumber;
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::timing

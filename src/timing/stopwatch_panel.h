@@ -6,7 +6,7 @@
 #include "core/text_line.h"
 #include "timing/stopwatch.h"
 
-namespace tickwell {
+namespace tickwell::timing {
 
 /// The captions of the window's two changing buttons: what the next click does.
 struct StopwatchCaptions {
@@ -54,4 +54,4 @@ private:
     int m_listNumber = 0;
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::timing

@@ -10,7 +10,7 @@
 #include "controls/control_making.h"
 #include "timing/lap_report.h"
 
-namespace tickwell {
+namespace tickwell::timing {
 
 using namespace Qt::StringLiterals;
 
@@ -25,14 +25,15 @@ StopForm::StopForm(StopwatchWindowParts parts, QWidget* parent)
     : QDialog(parent),
       m_parts(std::move(parts)),
       m_printing(m_parts.printer, m_parts.boxes, m_parts.handlers, this),
-      m_startButton(
-          MakeButton(u"Command1"_s, QString(), this, m_parts.handlers, [this] { Command1_Click(); })),
-      m_lapButton(MakeButton(u"Command2"_s, QString(), this, m_parts.handlers, [this] { Command2_Click(); })),
-      m_printButton(
-          MakeButton(u"Command3"_s, u"印刷"_s, this, m_parts.handlers, [this] { Command3_Click(); })),
-      m_helpButton(
-          MakeButton(u"Command4"_s, u"ヘルプ"_s, this, m_parts.handlers, [this] { Command4_Click(); })),
-      m_lapList(Named(new QPlainTextEdit(this), u"Text1"_s, u"ラップ/経歴一覧表"_s)) {
+      m_startButton(controls::MakeButton(u"Command1"_s, QString(), this, m_parts.handlers,
+                                         [this] { Command1_Click(); })),
+      m_lapButton(controls::MakeButton(u"Command2"_s, QString(), this, m_parts.handlers,
+                                       [this] { Command2_Click(); })),
+      m_printButton(controls::MakeButton(u"Command3"_s, u"印刷"_s, this, m_parts.handlers,
+                                         [this] { Command3_Click(); })),
+      m_helpButton(controls::MakeButton(u"Command4"_s, u"ヘルプ"_s, this, m_parts.handlers,
+                                        [this] { Command4_Click(); })),
+      m_lapList(controls::Named(new QPlainTextEdit(this), u"Text1"_s, u"ラップ/経歴一覧表"_s)) {
     setObjectName(u"StopForm"_s);
     setWindowTitle(u"ストップウォッチ"_s);
     m_lapList->setReadOnly(true);
@@ -71,7 +72,7 @@ void StopForm::BringUp() {
     if (!isVisible()) {
         Form_Load();
     }
-    BringForward(*this);
+    controls::BringForward(*this);
 }
 
 void StopForm::Form_Load() {
@@ -161,4 +162,4 @@ void StopForm::ShowList() {
     m_lapList->moveCursor(QTextCursor::End);
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::timing

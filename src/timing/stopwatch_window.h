@@ -11,7 +11,7 @@
 #include "timing/report_printing.h"
 #include "timing/stopwatch_panel.h"
 
-namespace tickwell {
+namespace tickwell::timing {
 
 /// What the stopwatch window uses; all outlive it.
 struct StopwatchWindowParts {
@@ -65,4 +65,4 @@ private:
     qsizetype m_shownLength = 0;  // how much of that list m_lapList contains
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::timing

@@ -3,7 +3,7 @@
 
 #include <utility>
 
-namespace tickwell {
+namespace tickwell::timing {
 
 namespace {
 
@@ -65,4 +65,4 @@ void TemporaryTexts::ToolLine::SetText(const QString& text) {
     m_texts.Write(m_line, m_tool, &TextLine::SetText, text);
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::timing

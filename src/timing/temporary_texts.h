@@ -8,7 +8,7 @@
 #include "core/ports/timer.h"
 #include "core/text_line.h"
 
-namespace tickwell {
+namespace tickwell::timing {
 
 /// The main window's lines for the windows of stopwatch and timer, which write to them whatever function is
 /// shown. A text written while another function is shown is temporary: two seconds after the last one, the
@@ -70,4 +70,4 @@ private:
     std::unique_ptr<Timer> m_timer;  // runs while a temporary text is shown
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::timing

@@ -12,7 +12,7 @@
 #include "controls/bring_forward.h"
 #include "controls/control_making.h"
 
-namespace tickwell {
+namespace tickwell::timing {
 
 using namespace Qt::StringLiterals;
 
@@ -26,10 +26,11 @@ Form8::Form8(TimerNoticeParts parts, QWidget* parent) : QDialog(parent), m_parts
 
 void Form8::LayOut() {
     const int size = style()->pixelMetric(QStyle::PM_MessageBoxIconSize, nullptr, this);
-    auto* icon = Named(new QLabel(this), u"Image1"_s);
+    auto* icon = controls::Named(new QLabel(this), u"Image1"_s);
     icon->setPixmap(style()->standardIcon(QStyle::SP_MessageBoxInformation, nullptr, this).pixmap(size));
-    auto* label = MakeLabel(u"Label1"_s, u"指定の時間が経過しました"_s, this);
-    auto* confirm = MakeButton(u"Command1"_s, u"確認"_s, this, m_parts.handlers, [this] { close(); });
+    auto* label = controls::MakeLabel(u"Label1"_s, u"指定の時間が経過しました"_s, this);
+    auto* confirm =
+        controls::MakeButton(u"Command1"_s, u"確認"_s, this, m_parts.handlers, [this] { close(); });
     confirm->setDefault(true);
 
     auto* said = new QHBoxLayout;
@@ -45,7 +46,7 @@ void Form8::BringUp() {
     if (isVisible()) {
         return;
     }
-    BringForward(*this);
+    controls::BringForward(*this);
     QApplication::alert(this);  // marks the window in case the desktop does not give it the keyboard focus
     Form_Load();                // last: an error box opened before this modal window would be blocked by it
 }
@@ -69,4 +70,4 @@ void Form8::done(int result) {
     QDialog::done(result);
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::timing

@@ -5,7 +5,7 @@
 
 #include "core/handlers.h"
 
-namespace tickwell {
+namespace tickwell::timing {
 
 /// What the notice uses; it outlives the notice.
 struct TimerNoticeParts {
@@ -38,4 +38,4 @@ private:
     TimerNoticeParts m_parts;
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::timing

@@ -5,7 +5,7 @@
 #include "core/text_line.h"
 #include "timing/countdown.h"
 
-namespace tickwell {
+namespace tickwell::timing {
 
 /// The contents of the timer window.
 struct TimerEntry {
@@ -47,4 +47,4 @@ private:
     Timer& m_countdownTimer;
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::timing

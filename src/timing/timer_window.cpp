@@ -9,7 +9,7 @@
 #include "controls/control_making.h"
 #include "controls/number_box.h"
 
-namespace tickwell {
+namespace tickwell::timing {
 
 using namespace Qt::StringLiterals;
 
@@ -24,20 +24,20 @@ constexpr int kMostSeconds = 59;
 TimerForm::TimerForm(const TimerWindowParts& parts, QWidget* parent)
     : QDialog(parent),
       m_parts(parts),
-      m_durationFrame(Named(new QGroupBox(u"タイマーの指定"_s, this), u"Frame1"_s)),
-      m_hours(new NumberBox(u"UpDown1"_s, u"Text1"_s, m_durationFrame)),
-      m_minutes(new NumberBox(u"UpDown2"_s, u"Text2"_s, m_durationFrame)),
-      m_seconds(new NumberBox(u"UpDown3"_s, u"Text3"_s, m_durationFrame)),
-      m_hoursLabel(MakeLabel(u"Label1"_s, u"時間"_s, m_durationFrame)),
-      m_minutesLabel(MakeLabel(u"Label2"_s, u"分"_s, m_durationFrame)),
-      m_secondsLabel(MakeLabel(u"Label3"_s, u"秒後"_s, m_durationFrame)),
-      m_repeat(Named(new QCheckBox(u"指定時間が来たら繰り返す"_s, this), u"Check1"_s)),
-      m_startButton(
-          MakeButton(u"Command1"_s, u"スタート"_s, this, m_parts.handlers, [this] { Command1_Click(); })),
-      m_resetButton(
-          MakeButton(u"Command2"_s, u"リセット"_s, this, m_parts.handlers, [this] { Command2_Click(); })),
-      m_helpButton(
-          MakeButton(u"Command3"_s, u"ヘルプ"_s, this, m_parts.handlers, [this] { Command3_Click(); })) {
+      m_durationFrame(controls::Named(new QGroupBox(u"タイマーの指定"_s, this), u"Frame1"_s)),
+      m_hours(new controls::NumberBox(u"UpDown1"_s, u"Text1"_s, m_durationFrame)),
+      m_minutes(new controls::NumberBox(u"UpDown2"_s, u"Text2"_s, m_durationFrame)),
+      m_seconds(new controls::NumberBox(u"UpDown3"_s, u"Text3"_s, m_durationFrame)),
+      m_hoursLabel(controls::MakeLabel(u"Label1"_s, u"時間"_s, m_durationFrame)),
+      m_minutesLabel(controls::MakeLabel(u"Label2"_s, u"分"_s, m_durationFrame)),
+      m_secondsLabel(controls::MakeLabel(u"Label3"_s, u"秒後"_s, m_durationFrame)),
+      m_repeat(controls::Named(new QCheckBox(u"指定時間が来たら繰り返す"_s, this), u"Check1"_s)),
+      m_startButton(controls::MakeButton(u"Command1"_s, u"スタート"_s, this, m_parts.handlers,
+                                         [this] { Command1_Click(); })),
+      m_resetButton(controls::MakeButton(u"Command2"_s, u"リセット"_s, this, m_parts.handlers,
+                                         [this] { Command2_Click(); })),
+      m_helpButton(controls::MakeButton(u"Command3"_s, u"ヘルプ"_s, this, m_parts.handlers,
+                                        [this] { Command3_Click(); })) {
     setObjectName(u"TimerForm"_s);
     setWindowTitle(u"タイマー"_s);
     LayOut();
@@ -83,7 +83,7 @@ void TimerForm::BringUp() {
         const bool running = m_parts.panel.IsRunning();
         (running ? static_cast<QWidget*>(m_startButton) : m_hours)->setFocus();
     }
-    BringForward(*this);
+    controls::BringForward(*this);
 }
 
 void TimerForm::RefreshForm() {
@@ -146,4 +146,4 @@ void TimerForm::Check1_Click() {
     m_parts.panel.SetRepeat(m_repeat->isChecked());
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::timing

@@ -13,7 +13,7 @@
 #include "core/ports/help_viewer.h"
 #include "timing/timer_panel.h"
 
-namespace tickwell {
+namespace tickwell::timing {
 
 /// What the timer window uses; all outlive it.
 struct TimerWindowParts {
@@ -62,4 +62,4 @@ private:
     QPushButton* m_helpButton;
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::timing

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-namespace tickwell {
+namespace tickwell::timing {
 
 /// The windows that the countdown opens automatically. None of these functions waits for the user.
 class TimerWindows {
@@ -18,4 +18,4 @@ public:
     virtual void ShowNotice() = 0;
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::timing

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "timing/timing_displays.h"
 
-namespace tickwell {
+namespace tickwell::timing {
 
 namespace {
 
@@ -55,4 +55,4 @@ qint64 CountdownDisplay::UntilDue(bool /*isSeen*/) const {
     return m_tools->UntilCountdownDue();
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::timing

@@ -6,7 +6,7 @@
 #include "core/display.h"
 #include "timing/timing_tools.h"
 
-namespace tickwell {
+namespace tickwell::timing {
 
 /// The stopwatch, which goes on while another display is shown.
 class StopwatchDisplay : public Display {
@@ -48,4 +48,4 @@ private:
     std::shared_ptr<TimingTools> m_tools;
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::timing

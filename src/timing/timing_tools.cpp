@@ -3,7 +3,7 @@
 
 #include "timing/log.h"
 
-namespace tickwell {
+namespace tickwell::timing {
 
 namespace {
 
@@ -104,4 +104,4 @@ void TimingTools::CloseWindows() {
     }
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::timing

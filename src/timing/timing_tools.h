@@ -16,7 +16,7 @@
 #include "timing/timer_notice.h"
 #include "timing/timer_window.h"
 
-namespace tickwell {
+namespace tickwell::timing {
 
 /// What stopwatch and countdown use; all outlive them.
 struct TimingParts {
@@ -84,4 +84,4 @@ private:
     std::unique_ptr<Form8> m_notice;
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::timing

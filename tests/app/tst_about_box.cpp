@@ -14,12 +14,13 @@
 #include "support/fake_program_starter.h"
 
 using namespace tickwell;
+using namespace tickwell::app;
 using namespace Qt::StringLiterals;
 
 namespace {
 
 struct Bench {
-    VirtualTime time{QDateTime(QDate(1998, 11, 15), QTime(21, 5, 7))};
+    platform::VirtualTime time{QDateTime(QDate(1998, 11, 15), QTime(21, 5, 7))};
     FakeMessageBoxes boxes;
     Handlers handlers{boxes};
     FakeHelpViewer help;

@@ -5,6 +5,7 @@
 #include "support/fake_program_starter.h"
 
 using namespace tickwell;
+using namespace tickwell::app;
 using namespace Qt::StringLiterals;
 
 namespace {

@@ -10,6 +10,7 @@
 
 using namespace Qt::StringLiterals;
 using namespace tickwell;
+using namespace tickwell::app;
 
 namespace {
 
@@ -20,18 +21,18 @@ struct Gate {
     QSemaphore measured;
 };
 
-class GatedDisk : public PosixStoreDisk {
+class GatedDisk : public store::PosixStoreDisk {
 public:
     GatedDisk(const std::stop_token& stop, Gate& gate)
-        : PosixStoreDisk(stop), m_gate(gate), m_atStop(stop, Opener{gate}) {}
+        : store::PosixStoreDisk(stop), m_gate(gate), m_atStop(stop, Opener{gate}) {}
 
     qint32 Size(const QString& path) override {
-        const qint32 size = PosixStoreDisk::Size(path);
+        const qint32 size = store::PosixStoreDisk::Size(path);
         m_gate.measured.release();
         return size;
     }
-    void Copy(const SqliteConnection& from, const QString& to) override {
-        PosixStoreDisk::Copy(from, to);
+    void Copy(const store::SqliteConnection& from, const QString& to) override {
+        store::PosixStoreDisk::Copy(from, to);
         m_gate.reached.release();
         m_gate.open.acquire();
     }
@@ -47,8 +48,8 @@ private:
 };
 
 struct Bench {
-    LooseStore store;
-    DayDatabase database{u"DayDate.mdb"_s};
+    store::LooseStore store;
+    store::DayDatabase database{u"DayDate.mdb"_s};
     FakeMessageBoxes boxes;
     Handlers handlers{boxes};
     Gate gate;
@@ -88,7 +89,7 @@ private Q_SLOTS:
 void TstBackgroundCompaction::TheCallerGoesOnMeanwhile() {
     Bench bench;
     const QStringList rows = bench.store.Rows();
-    const auto before = static_cast<qint32>(BytesOf(bench.store.Path()).size());
+    const auto before = static_cast<qint32>(store::BytesOf(bench.store.Path()).size());
     bench.StartAndReachTheCopy();
     QVERIFY(!bench.database.IsOpen());
     QCoreApplication::processEvents();
@@ -96,10 +97,10 @@ void TstBackgroundCompaction::TheCallerGoesOnMeanwhile() {
     QCOMPARE(bench.done, 0);
     bench.gate.open.release();
     QTRY_COMPARE_WITH_TIMEOUT(bench.done, 1, 60'000);
-    const auto after = static_cast<qint32>(BytesOf(bench.store.Path()).size());
+    const auto after = static_cast<qint32>(store::BytesOf(bench.store.Path()).size());
     QVERIFY(after < before);
-    QCOMPARE(bench.boxes.Shown(), QList<Message>{CompactionDone(before, after)});
-    QCOMPARE(bench.store.Names(), NamesAtRest());
+    QCOMPARE(bench.boxes.Shown(), QList<Message>{store::CompactionDone(before, after)});
+    QCOMPARE(bench.store.Names(), store::NamesAtRest());
     bench.database.Execute(u"INSERT INTO Kinenbi VALUES (\"a\",0,10,3,0)"_s);
     QCOMPARE(bench.store.Rows().size(), rows.size() + 1);
 }
@@ -123,10 +124,10 @@ void TstBackgroundCompaction::OneThatRunsIsNotBegunAgain() {
 
 void TstBackgroundCompaction::ADatabaseInUseIsNotCompacted() {
     Bench bench;
-    const QByteArray before = BytesOf(bench.store.Path());
-    const DayDatabase lent = std::move(bench.database);
+    const QByteArray before = store::BytesOf(bench.store.Path());
+    const store::DayDatabase lent = std::move(bench.database);
     QVERIFY_THROWS_EXCEPTION(RunTimeError, bench.Start());
-    QCOMPARE(BytesOf(bench.store.Path()), before);
+    QCOMPARE(store::BytesOf(bench.store.Path()), before);
     QVERIFY(!bench.database.IsOpen());
 }
 
@@ -140,7 +141,7 @@ void TstBackgroundCompaction::TheEndOfTheProgramStopsIt() {
     QFETCH(bool, isReported);
     Bench bench;
     const QStringList rows = bench.store.Rows();
-    const QByteArray before = BytesOf(bench.store.Path());
+    const QByteArray before = store::BytesOf(bench.store.Path());
     bench.StartAndReachTheCopy();
     if (isReported) {
         bench.gate.open.release();
@@ -152,9 +153,9 @@ void TstBackgroundCompaction::TheEndOfTheProgramStopsIt() {
     QCOMPARE(bench.done, 0);
     QVERIFY(bench.boxes.Shown().isEmpty());
     QVERIFY(!bench.database.IsOpen());
-    QCOMPARE(bench.store.Names(), NamesAtRest());
+    QCOMPARE(bench.store.Names(), store::NamesAtRest());
     QCOMPARE(bench.store.Rows(), rows);
-    QCOMPARE(BytesOf(bench.store.Path()) == before, !isReported);
+    QCOMPARE(store::BytesOf(bench.store.Path()) == before, !isReported);
 }
 
 void TstBackgroundCompaction::AFaultIsToldInTheReportBox() {

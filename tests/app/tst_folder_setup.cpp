@@ -15,6 +15,7 @@
 #include "support/other_user.h"
 
 using namespace tickwell;
+using namespace tickwell::app;
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -234,7 +235,7 @@ void TstFolderSetup::AFillingThatIsUnderWayIsLeftAlone() {
     const Bench bench;
     const QString unfinished = bench.dir.filePath(u"data/.tickwell.unfinished-abcdef"_s);
     QVERIFY(QDir().mkpath(unfinished));
-    const UnfinishedFilesInUse inUse(bench.dir.filePath(u"data"_s));
+    const platform::UnfinishedFilesInUse inUse(bench.dir.filePath(u"data"_s));
     PrepareFolder(bench.folder, bench.masters);
     QVERIFY(QFile::exists(unfinished));
 }

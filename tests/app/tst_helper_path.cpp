@@ -6,6 +6,7 @@
 #include "support/files.h"
 
 using namespace tickwell;
+using namespace tickwell::app;
 using namespace Qt::StringLiterals;
 
 /// Where the program looks for its helpers for discs and printing.

@@ -5,6 +5,7 @@
 #include "app/options.h"
 
 using namespace tickwell;
+using namespace tickwell::app;
 using namespace Qt::StringLiterals;
 
 /// The command line.

@@ -27,11 +27,12 @@
 #include "support/window.h"
 
 using namespace tickwell;
+using namespace tickwell::app;
 using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kStartUp = 11'000;  // ms until the stored function starts
+constexpr int shell::kStartUp = 11'000;  // ms until the stored function starts
 
 class WatchedDrive : public FakeCdDrive {
 public:
@@ -48,7 +49,7 @@ public:
 /// The complete program in its own folder, 15 seconds before nine in the evening.
 struct Bench {
     QTemporaryDir dir;
-    VirtualTime time{QDateTime(QDate(1998, 11, 15), QTime(20, 59, 45)), 307'000};
+    platform::VirtualTime time{QDateTime(QDate(1998, 11, 15), QTime(20, 59, 45)), 307'000};
     VirtualRealTime realTime{time};
     FakeMessageBoxes boxes;
     Handlers handlers{boxes};
@@ -93,7 +94,7 @@ struct Bench {
             .display = {.power = Borrowed<const Power>(power), .memory = Borrowed<const Memory>(memory)}};
         program = std::make_unique<RunningProgram>(ports, state, [this] { Note(u"closed"_s); });
         program->Start();
-        time.Advance(kStartUp);
+        time.Advance(shell::kStartUp);
     }
 
     /// Records an event and what is still open at that moment.
@@ -132,7 +133,7 @@ void TstRunningProgram::ANoticeWithoutItsSoundTellsSo() {
     QCOMPARE(told.icon, MessageIcon::Critical);
     QCOMPARE(told.title, u"マルチメディアエラー"_s);
     QVERIFY(!told.text.isEmpty());
-    QCOMPARE(bench.program->Player().State().CdState, kCdNotReady);  // like any failed command
+    QCOMPARE(bench.program->Player().State().CdState, media::kCdNotReady);  // like any failed command
 }
 
 void TstRunningProgram::SoundEndsBeforeTheDiscAndBothBeforeTheDayDatabase() {

@@ -20,6 +20,7 @@
 #include "support/other_user.h"
 
 using namespace tickwell;
+using namespace tickwell::app;
 using namespace Qt::StringLiterals;
 
 namespace {

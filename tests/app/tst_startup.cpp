@@ -9,6 +9,7 @@
 #include "support/files.h"
 
 using namespace tickwell;
+using namespace tickwell::app;
 using namespace Qt::StringLiterals;
 
 namespace {

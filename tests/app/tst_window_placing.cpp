@@ -11,6 +11,7 @@
 #include "app/window_placing.h"
 
 using namespace tickwell;
+using namespace tickwell::app;
 
 /// Where windows open relative to the main window.
 class TstWindowPlacing : public QObject {

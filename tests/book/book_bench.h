@@ -9,15 +9,15 @@
 #include "support/fake_day_changes.h"
 #include "support/fake_message_boxes.h"
 
-namespace tickwell {
+namespace tickwell::book {
 
 /// An anniversary book above an empty calendar. Today is 15 November 1998, and 3 October is selected.
 struct BookBench : DialogBench {
-    DayStore store;
-    DayDatabase database{store.Path()};
-    DayList list;
+    store::DayStore store;
+    store::DayDatabase database{store.Path()};
+    days::DayList list;
     FakeDayChanges changes;
-    VirtualTime time{QDateTime(QDate(1998, 11, 15), QTime(21, 5, 7))};
+    platform::VirtualTime time{QDateTime(QDate(1998, 11, 15), QTime(21, 5, 7))};
     FakeMessageBoxes boxes;
     Handlers handlers{boxes};
     AnniversaryBook book{{.dayDatabase = database,
@@ -33,9 +33,10 @@ struct BookBench : DialogBench {
 
     BookBench() : DialogBench(calendar) { calendar.show(); }
 
-    void Add(const Anniversary& row) { database.Execute(InsertText(row)); }
-    Anniversaries Stored() {
-        return AnniversariesIn(database.RunQuery(QStringLiteral("SELECT * FROM Kinenbi WHERE Year <> 5")));
+    void Add(const days::Anniversary& row) { database.Execute(days::InsertText(row)); }
+    days::Anniversaries Stored() {
+        return days::AnniversariesIn(
+            database.RunQuery(QStringLiteral("SELECT * FROM Kinenbi WHERE Year <> 5")));
     }
     void ListSelectedDay() { list.ListDay(database, selected, true); }
 
@@ -66,4 +67,4 @@ struct BookBench : DialogBench {
     QString Count() const { return store.Raw("SELECT count(*) FROM Kinenbi").constFirst(); }
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::book

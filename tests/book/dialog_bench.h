@@ -8,7 +8,7 @@
 
 #include "support/child.h"
 
-namespace tickwell {
+namespace tickwell::book {
 
 /// Operates the open dialog above a window with keyboard and mouse.
 class DialogBench {
@@ -77,4 +77,4 @@ private:
     const QWidget& m_below;
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::book

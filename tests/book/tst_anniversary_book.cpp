@@ -9,6 +9,7 @@
 
 using namespace Qt::StringLiterals;
 using namespace tickwell;
+using namespace tickwell::book;
 
 /// Opening the windows of the anniversary book.
 class TstAnniversaryBook : public QObject {
@@ -28,7 +29,7 @@ private Q_SLOTS:
 
 void TstAnniversaryBook::ARowThatIsGoneOpensNothingAndIsNotTold() {
     BookBench bench;
-    bench.list.ListFound(QList<DayListRow>{{u"a"_s, {}, {}, {}, {}}, {u"b"_s, {}, {}, {}, {}}}, 2);
+    bench.list.ListFound(QList<days::DayListRow>{{u"a"_s, {}, {}, {}, {}}, {u"b"_s, {}, {}, {}, {}}}, 2);
     bench.list.ChooseRow(1);
     bench.ListSelectedDay();
     bench.OpenEditor();
@@ -71,8 +72,8 @@ void TstAnniversaryBook::ADayIsAddedListedEditedFoundAndDeleted() {
     bench.Type(u"Text1"_s, u"party"_s);
     bench.Press(Qt::Key_Return);
     bench.ListSelectedDay();
-    QVERIFY(
-        (bench.list.Rows().Kept() == QList<DayListRow>{{u"party"_s, u"毎"_s, u"10"_s, u"3"_s, QString()}}));
+    QVERIFY((bench.list.Rows().Kept() ==
+             QList<days::DayListRow>{{u"party"_s, u"毎"_s, u"10"_s, u"3"_s, QString()}}));
 
     bench.OpenSearch();
     bench.Press(Qt::Key_Return);
@@ -137,7 +138,7 @@ void TstAnniversaryBook::EditsAllEqualRowsOfALargeTable() {
     BookBench bench;
     bench.AddMany();
     bench.store.Raw("UPDATE Kinenbi SET Name = 'a', Month = 10, Day = 3 WHERE id > 1000");
-    bench.list.ListFound(QList<DayListRow>{{u"a"_s, u"毎"_s, u"10"_s, u"3"_s, QString()}}, 1);
+    bench.list.ListFound(QList<days::DayListRow>{{u"a"_s, u"毎"_s, u"10"_s, u"3"_s, QString()}}, 1);
     bench.list.ChooseRow(0);
     bench.OpenEditor();
     bench.Type(u"Text1"_s, u"b"_s);

@@ -13,6 +13,7 @@
 
 using namespace Qt::StringLiterals;
 using namespace tickwell;
+using namespace tickwell::book;
 
 namespace {
 
@@ -20,17 +21,17 @@ constexpr quint32 kSeed = 0xB00C;
 constexpr int kMany = 70'000;
 
 struct Bench {
-    DayStore store;
-    DayDatabase database{store.Path()};
+    store::DayStore store;
+    store::DayDatabase database{store.Path()};
 
     void StoreMany() const {
         store.Raw(
             "WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 70000)"
             "INSERT INTO Kinenbi(Name,Year,Month,Day,Week) SELECT 'n' || i,0,1 + i % 12,1 + i % 28,0 FROM n");
     }
-    ListedRows Listed() { return FindAnniversaries(database, {}).rows; }
+    days::ListedRows Listed() { return FindAnniversaries(database, {}).rows; }
     std::unique_ptr<AnniversaryChange> Deletion() {
-        ListedRows rows = Listed();
+        days::ListedRows rows = Listed();
         return DeletionOf(database, rows, std::vector<bool>(static_cast<std::size_t>(rows.Count()), true));
     }
     int Count() const { return store.Raw("SELECT count(*) FROM Kinenbi").constFirst().toInt(); }
@@ -39,8 +40,8 @@ struct Bench {
 
 /// A row from a small range, so that many are equal, and many equal another one with its week code's digits
 /// swapped.
-Anniversary RandomRow(QRandomGenerator& random) {
-    Anniversary row{random.bounded(2) == 0 ? u"a"_s : u"b"_s, 0, 0, 0, 0};
+days::Anniversary RandomRow(QRandomGenerator& random) {
+    days::Anniversary row{random.bounded(2) == 0 ? u"a"_s : u"b"_s, 0, 0, 0, 0};
     row.year = random.bounded(4) == 0 ? 1998 : 0;
     row.month = random.bounded(3) == 0 ? 10 : 0;
     if (random.bounded(3) == 0) {
@@ -77,11 +78,11 @@ void TstAnniversaryChange::DeletesWhatTheStatementsWouldDelete() {
         Bench bench;
         Bench model;
         for (int i = 0; i < 40; ++i) {
-            const QString insert = InsertText(RandomRow(random));
+            const QString insert = days::InsertText(RandomRow(random));
             bench.database.Execute(insert);
             model.database.Execute(insert);
         }
-        const ListedRows rows = bench.Listed();
+        const days::ListedRows rows = bench.Listed();
         std::vector<bool> isTicked;
         for (int row = 0; row < rows.Count(); ++row) {
             isTicked.push_back(random.bounded(4) == 0);
@@ -90,7 +91,7 @@ void TstAnniversaryChange::DeletesWhatTheStatementsWouldDelete() {
         DoWhole(*ticked);
         for (int row = rows.Count() - 1; row >= 0; --row) {
             if (isTicked[static_cast<std::size_t>(row)]) {
-                model.database.Execute(DeleteText(AnniversaryOf(*rows.Read(row))));
+                model.database.Execute(days::DeleteText(AnniversaryOf(*rows.Read(row))));
             }
         }
         QCOMPARE(bench.Rows(), model.Rows());
@@ -142,9 +143,9 @@ void TstAnniversaryChange::GivenUpItChangesNothing() {
     bench.StoreMany();
     std::atomic<bool> isHeld = true;
     std::atomic<int> changed = 0;
-    ListedRows rows = bench.Listed();
+    days::ListedRows rows = bench.Listed();
     auto work = std::make_unique<AnniversaryChange>(bench.database, rows, std::vector<bool>(kMany, true),
-                                                    [&](DayDatabase& database, qint64 key) {
+                                                    [&](store::DayDatabase& database, qint64 key) {
                                                         database.DeleteRow(u"Kinenbi", key);
                                                         ++changed;
                                                         while (changed == 5 && isHeld) {
@@ -180,7 +181,7 @@ void TstAnniversaryChange::ARowThatNoStatementCanNameGoesItself() {
     Bench bench;
     bench.store.Raw("INSERT INTO Kinenbi(id,Name,Year,Month,Day,Week) VALUES (1,'a',0,1,1,0),(2," + name +
                     ",0,1,0,13),(3,'b',0,1,1,0),(4," + name + ",0,1,0,31)");
-    const ListedRows rows = bench.Listed();
+    const days::ListedRows rows = bench.Listed();
     DeleteTicked(bench.database, rows, {true, true, false, false});
     QCOMPARE(bench.store.Raw("SELECT id FROM Kinenbi"), QStringList({u"3"_s, u"4"_s}));
 }
@@ -219,7 +220,7 @@ void TstAnniversaryChange::AFileThatIsLockedKeepsItsRows() {
     Bench bench;
     bench.store.Raw("INSERT INTO Kinenbi(Name,Year,Month,Day,Week) VALUES ('a',0,1,1,0)");
     const auto deletion = bench.Deletion();
-    RawConnection other(bench.store.Path());
+    store::RawConnection other(bench.store.Path());
     other.Run("BEGIN IMMEDIATE");
     QVERIFY_THROWS_EXCEPTION(RunTimeError, DoWhole(*deletion));
     other.Run("COMMIT");

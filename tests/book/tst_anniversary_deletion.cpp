@@ -11,20 +11,21 @@
 
 using namespace Qt::StringLiterals;
 using namespace tickwell;
+using namespace tickwell::book;
 
 namespace {
 
 struct Bench {
-    DayStore store;
-    DayDatabase database{store.Path()};
+    store::DayStore store;
+    store::DayDatabase database{store.Path()};
 
     QString Names() {
         return ::tickwell::Names(database.RunQuery(u"SELECT * FROM Kinenbi WHERE Year <> 5"_s));
     }
-    QList<DayListRow> Rows() {
-        QList<DayListRow> rows;
-        for (const ResultRow& row : database.RunQuery(u"SELECT * FROM Kinenbi WHERE Year <> 5"_s)) {
-            rows.append(DayListRowOf(row));
+    QList<days::DayListRow> Rows() {
+        QList<days::DayListRow> rows;
+        for (const store::ResultRow& row : database.RunQuery(u"SELECT * FROM Kinenbi WHERE Year <> 5"_s)) {
+            rows.append(days::DayListRowOf(row));
         }
         return rows;
     }
@@ -54,7 +55,7 @@ void TstAnniversaryDeletion::CountsWhatIsTicked() {
 void TstAnniversaryDeletion::DeletesWhatIsTicked() {
     Bench bench;
     for (const QString& name : {u"a"_s, u"b"_s, u"c"_s, u"d"_s}) {
-        bench.database.Execute(Insert(name, 0, 10, 3, 0));
+        bench.database.Execute(days::Insert(name, 0, 10, 3, 0));
     }
     DeleteTicked(bench.database, bench.Rows(), {true, false, false, true});
     QCOMPARE(bench.Names(), u"b c"_s);
@@ -62,12 +63,12 @@ void TstAnniversaryDeletion::DeletesWhatIsTicked() {
 
 void TstAnniversaryDeletion::DeletesEveryKind() {
     Bench bench;
-    bench.database.Execute(Insert(u"a"_s, 1998, 10, 3, 0));
-    bench.database.Execute(Insert(u"b"_s, 0, 10, 3, 0));
-    bench.database.Execute(Insert(u"c"_s, 0, 0, 3, 0));
-    bench.database.Execute(Insert(u"d"_s, 0, 0, 0, 22));
-    bench.database.Execute(Insert(u"e"_s, 0, 0, 0, 0));
-    bench.database.Execute(Insert(QString(), -1, 13, 40, 0));
+    bench.database.Execute(days::Insert(u"a"_s, 1998, 10, 3, 0));
+    bench.database.Execute(days::Insert(u"b"_s, 0, 10, 3, 0));
+    bench.database.Execute(days::Insert(u"c"_s, 0, 0, 3, 0));
+    bench.database.Execute(days::Insert(u"d"_s, 0, 0, 0, 22));
+    bench.database.Execute(days::Insert(u"e"_s, 0, 0, 0, 0));
+    bench.database.Execute(days::Insert(QString(), -1, 13, 40, 0));
     DeleteTicked(bench.database, bench.Rows(), std::vector<bool>(6, true));
     QCOMPARE(bench.Names(), QString());
 }
@@ -75,7 +76,7 @@ void TstAnniversaryDeletion::DeletesEveryKind() {
 void TstAnniversaryDeletion::TwoEqualEntriesGoTogether() {
     Bench bench;
     for (int i = 0; i < 3; ++i) {
-        bench.database.Execute(Insert(u"a"_s, 0, 10, 3, 0));
+        bench.database.Execute(days::Insert(u"a"_s, 0, 10, 3, 0));
     }
     DeleteTicked(bench.database, bench.Rows(), {false, true, false});
     QCOMPARE(bench.Names(), QString());
@@ -83,8 +84,8 @@ void TstAnniversaryDeletion::TwoEqualEntriesGoTogether() {
 
 void TstAnniversaryDeletion::TickingBothOfTwoEqualEntriesIsNoError() {
     Bench bench;
-    bench.database.Execute(Insert(u"a"_s, 0, 10, 3, 0));
-    bench.database.Execute(Insert(u"a"_s, 0, 10, 3, 0));
+    bench.database.Execute(days::Insert(u"a"_s, 0, 10, 3, 0));
+    bench.database.Execute(days::Insert(u"a"_s, 0, 10, 3, 0));
     DeleteTicked(bench.database, bench.Rows(), {true, true});
     QCOMPARE(bench.Names(), QString());
 }
@@ -92,9 +93,9 @@ void TstAnniversaryDeletion::TickingBothOfTwoEqualEntriesIsNoError() {
 void TstAnniversaryDeletion::ANameThatFailsKeepsThoseBeforeIt() {
     Bench bench;
     for (const QString& name : {u"a"_s, u"b"_s, u"c"_s, u"d"_s}) {
-        bench.database.Execute(Insert(name, 0, 10, 3, 0));
+        bench.database.Execute(days::Insert(name, 0, 10, 3, 0));
     }
-    QList<DayListRow> rows = bench.Rows();
+    QList<days::DayListRow> rows = bench.Rows();
     rows[1].name = u"x\"y"_s;
     QVERIFY_THROWS_EXCEPTION(RunTimeError, DeleteTicked(bench.database, rows, std::vector<bool>(4, true)));
     QCOMPARE(bench.Names(), u"a b"_s);
@@ -104,9 +105,9 @@ void TstAnniversaryDeletion::ANameThatFailsKeepsThoseBeforeIt() {
 void TstAnniversaryDeletion::ATextThatIsNoNumberKeepsThoseBeforeIt() {
     Bench bench;
     for (const QString& name : {u"a"_s, u"b"_s, u"c"_s}) {
-        bench.database.Execute(Insert(name, 0, 10, 3, 0));
+        bench.database.Execute(days::Insert(name, 0, 10, 3, 0));
     }
-    QList<DayListRow> rows = bench.Rows();
+    QList<days::DayListRow> rows = bench.Rows();
     rows[0].day = u"x"_s;
     QVERIFY_THROWS_EXCEPTION(RunTimeError, DeleteTicked(bench.database, rows, {true, false, true}));
     QCOMPARE(bench.store.Raw("SELECT Name FROM Kinenbi"), QStringList({u"a"_s, u"b"_s}));

@@ -14,6 +14,7 @@
 
 using namespace Qt::StringLiterals;
 using namespace tickwell;
+using namespace tickwell::book;
 
 namespace {
 
@@ -45,7 +46,7 @@ QList<QDate> DaysAroundEveryBranch() {
 /// The same search for the code under test and for the test's own implementation.
 struct Question {
     SearchConditions conditions;
-    Search search;
+    days::Search search;
 };
 
 /// `bits`: three check boxes, name, dates.
@@ -69,7 +70,7 @@ void CompareTexts(const QString& name, QDate start, QDate end) {
     for (unsigned bits = 0; bits < kAllBits; ++bits) {
         const Question question = Asked(bits, name, start, end);
         const auto texts = SearchTexts(question.conditions);
-        const auto expected = SearchQueries(question.search);
+        const auto expected = days::SearchQueries(question.search);
         for (std::size_t kind = 0; kind < texts.size(); ++kind) {
             QCOMPARE(texts[kind], expected[kind].text);
         }
@@ -82,9 +83,9 @@ public:
     bool Once(int times) { return m_generator.bounded(times) == 0; }
 
     /// Mostly rows of the few years that are searched; some with values that no calendar has.
-    Anniversary Row() {
-        Anniversary row{u"n%1"_s.arg(From(0, 9)), Once(3) ? From(1995, 2002) : 0, Once(4) ? 0 : From(1, 12),
-                        From(1, 31), 0};
+    days::Anniversary Row() {
+        days::Anniversary row{u"n%1"_s.arg(From(0, 9)), Once(3) ? From(1995, 2002) : 0,
+                              Once(4) ? 0 : From(1, 12), From(1, 31), 0};
         if (Once(3)) {
             row.week = 10 * From(1, 5) + From(1, 7);
             row.day = Once(10) ? row.day : 0;
@@ -111,11 +112,11 @@ private:
     QRandomGenerator m_generator{kSeed};
 };
 
-QString YearText(std::size_t kind, const Anniversary& row) {
+QString YearText(std::size_t kind, const days::Anniversary& row) {
     return kind == 0 ? QString::number(row.year) : u"毎"_s;
 }
 
-QString MonthText(std::size_t kind, const Anniversary& row) {
+QString MonthText(std::size_t kind, const days::Anniversary& row) {
     return kind == 2 ? u"毎"_s : QString::number(row.month);
 }
 
@@ -128,11 +129,11 @@ QString WeekText(int week) {
     return u"第"_s + digits.left(1) + u"週" + u"土日月火水木金土日月"_s.at(last);
 }
 
-QList<DayListRow> Listed(const Anniversaries& stored, const Search& search) {
-    QList<DayListRow> rows;
-    const auto queries = SearchQueries(search);
+QList<days::DayListRow> Listed(const days::Anniversaries& stored, const days::Search& search) {
+    QList<days::DayListRow> rows;
+    const auto queries = days::SearchQueries(search);
     for (std::size_t kind = 0; kind < queries.size(); ++kind) {
-        for (const Anniversary& row : Those(stored, queries[kind].isMeant)) {
+        for (const days::Anniversary& row : days::Those(stored, queries[kind].isMeant)) {
             rows.append({row.name, YearText(kind, row), MonthText(kind, row),
                          row.day == 0 ? QString() : QString::number(row.day), WeekText(row.week)});
         }
@@ -141,9 +142,9 @@ QList<DayListRow> Listed(const Anniversaries& stored, const Search& search) {
 }
 
 /// The names that a search finds, separated by spaces.
-QString Found(DayDatabase& database, const SearchConditions& conditions) {
+QString Found(store::DayDatabase& database, const SearchConditions& conditions) {
     QStringList names;
-    for (const DayListRow& row : AllOf(FindAnniversaries(database, conditions).rows)) {
+    for (const days::DayListRow& row : AllOf(FindAnniversaries(database, conditions).rows)) {
         names.append(row.name);
     }
     return names.join(u' ');
@@ -247,19 +248,20 @@ void TstAnniversarySearch::WritesTheTextsOfEveryCombination() {
 
 void TstAnniversarySearch::FindsWhatIsMeantAndShowsIt() {
     qInfo("seed %u", kSeed);
-    const DayStore store;
-    DayDatabase database(store.Path());
+    const store::DayStore store;
+    store::DayDatabase database(store.Path());
     Dice dice;
-    Anniversaries stored;
+    days::Anniversaries stored;
     {
-        DayTransaction transaction(database);
+        store::DayTransaction transaction(database);
         for (int i = 0; i < kRows; ++i) {
             stored.push_back(dice.Row());
             database.Execute(InsertSql(stored.back()));
         }
         transaction.Commit();
     }
-    const auto searched = Those(stored, [](const Anniversary& row) { return row.year != 5; }).size();
+    const auto searched =
+        days::Those(stored, [](const days::Anniversary& row) { return row.year != 5; }).size();
     QVERIFY(searched < stored.size());
     qsizetype found = 0;
     for (int i = 0; i < kSearches; ++i) {
@@ -274,8 +276,8 @@ void TstAnniversarySearch::FindsWhatIsMeantAndShowsIt() {
 }
 
 void TstAnniversarySearch::NoneOfOneYearIsFoundByDate() {
-    const DayStore store;
-    DayDatabase database(store.Path());
+    const store::DayStore store;
+    store::DayDatabase database(store.Path());
     database.Execute(InsertSql({u"a"_s, 1998, 10, 3, 0}));
     QCOMPARE(Found(database, {}), u"a"_s);
     for (const QDate end : {QDate(1998, 10, 3), QDate(1998, 12, 31), QDate(1999, 10, 3), QDate(2005, 1, 1)}) {
@@ -284,8 +286,8 @@ void TstAnniversarySearch::NoneOfOneYearIsFoundByDate() {
 }
 
 void TstAnniversarySearch::OnlyMonthsBetweenAreFound() {
-    const DayStore store;
-    DayDatabase database(store.Path());
+    const store::DayStore store;
+    store::DayDatabase database(store.Path());
     for (int month = 1; month <= 12; ++month) {
         database.Execute(InsertSql({u"%1"_s.arg(month), 0, month, 15, 0}));
     }
@@ -295,11 +297,11 @@ void TstAnniversarySearch::OnlyMonthsBetweenAreFound() {
 }
 
 void TstAnniversarySearch::FromDecemberOnMonthlyOnesAreFilteredByDay() {
-    const DayStore store;
-    DayDatabase database(store.Path());
-    for (const Anniversary& row :
-         {Anniversary{u"9"_s, 0, 0, 9, 0}, Anniversary{u"10"_s, 0, 0, 10, 0},
-          Anniversary{u"fifth"_s, 0, 0, 0, 57}, Anniversary{u"fourth"_s, 0, 0, 0, 47}}) {
+    const store::DayStore store;
+    store::DayDatabase database(store.Path());
+    for (const days::Anniversary& row :
+         {days::Anniversary{u"9"_s, 0, 0, 9, 0}, days::Anniversary{u"10"_s, 0, 0, 10, 0},
+          days::Anniversary{u"fifth"_s, 0, 0, 0, 57}, days::Anniversary{u"fourth"_s, 0, 0, 0, 47}}) {
         database.Execute(InsertSql(row));
     }
     const auto after = [](QDate start) {
@@ -312,10 +314,11 @@ void TstAnniversarySearch::FromDecemberOnMonthlyOnesAreFilteredByDay() {
 }
 
 void TstAnniversarySearch::UntilJanuaryMonthlyOnesAreFilteredByDay() {
-    const DayStore store;
-    DayDatabase database(store.Path());
-    for (const Anniversary& row : {Anniversary{u"9"_s, 0, 0, 9, 0}, Anniversary{u"10"_s, 0, 0, 10, 0},
-                                   Anniversary{u"15"_s, 0, 0, 0, 15}, Anniversary{u"16"_s, 0, 0, 0, 16}}) {
+    const store::DayStore store;
+    store::DayDatabase database(store.Path());
+    for (const days::Anniversary& row :
+         {days::Anniversary{u"9"_s, 0, 0, 9, 0}, days::Anniversary{u"10"_s, 0, 0, 10, 0},
+          days::Anniversary{u"15"_s, 0, 0, 0, 15}, days::Anniversary{u"16"_s, 0, 0, 0, 16}}) {
         database.Execute(InsertSql(row));
     }
     const auto before = [](QDate end) {
@@ -328,40 +331,40 @@ void TstAnniversarySearch::UntilJanuaryMonthlyOnesAreFilteredByDay() {
 }
 
 void TstAnniversarySearch::TheYearFiveIsFoundByEveryBoxThatIsNotTicked() {
-    const DayStore store;
-    DayDatabase database(store.Path());
+    const store::DayStore store;
+    store::DayDatabase database(store.Path());
     database.Execute(InsertSql({u"five"_s, 5, 1, 1, 0}));
     database.Execute(InsertSql({u"other"_s, 0, 1, 1, 0}));
     const SearchFinds finds = FindAnniversaries(database, {false, false, false, {}, {}});
-    const QList<DayListRow> expected{{u"five"_s, u"5"_s, u"1"_s, u"1"_s, QString()},
-                                     {u"five"_s, u"毎"_s, u"1"_s, u"1"_s, QString()},
-                                     {u"five"_s, u"毎"_s, u"毎"_s, u"1"_s, QString()}};
+    const QList<days::DayListRow> expected{{u"five"_s, u"5"_s, u"1"_s, u"1"_s, QString()},
+                                           {u"five"_s, u"毎"_s, u"1"_s, u"1"_s, QString()},
+                                           {u"five"_s, u"毎"_s, u"毎"_s, u"1"_s, QString()}};
     QVERIFY(AllOf(finds.rows) == expected);
     QCOMPARE(finds.searched, 1);
 }
 
 void TstAnniversarySearch::ARowOfOneYearAndEveryMonthIsFoundTwice() {
-    const DayStore store;
-    DayDatabase database(store.Path());
+    const store::DayStore store;
+    store::DayDatabase database(store.Path());
     database.Execute(InsertSql({u"a"_s, 1998, 0, 1, 0}));
     const SearchFinds finds = FindAnniversaries(database, {});
-    const QList<DayListRow> expected{{u"a"_s, u"1998"_s, u"0"_s, u"1"_s, QString()},
-                                     {u"a"_s, u"毎"_s, u"毎"_s, u"1"_s, QString()}};
+    const QList<days::DayListRow> expected{{u"a"_s, u"1998"_s, u"0"_s, u"1"_s, QString()},
+                                           {u"a"_s, u"毎"_s, u"毎"_s, u"1"_s, QString()}};
     QVERIFY(AllOf(finds.rows) == expected);
     QCOMPARE(finds.searched, 1);
 }
 
 void TstAnniversarySearch::AQuoteInTheNameIsRefused() {
-    const DayStore store;
-    DayDatabase database(store.Path());
+    const store::DayStore store;
+    store::DayDatabase database(store.Path());
     for (const QString& name : {u"x\"y"_s, u"x\" OR \"1\"=\"1"_s}) {
         QVERIFY_THROWS_EXCEPTION(RunTimeError, FindAnniversaries(database, {false, false, true, name, {}}));
     }
 }
 
 void TstAnniversarySearch::AQuoteInTheNameOfNoQuestionIsNoMatter() {
-    const DayStore store;
-    DayDatabase database(store.Path());
+    const store::DayStore store;
+    store::DayDatabase database(store.Path());
     QVERIFY(FindAnniversaries(database, {false, false, false, u"x\"y"_s, {}}).rows.Kept().isEmpty());
 }
 

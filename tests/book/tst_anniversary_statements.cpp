@@ -10,14 +10,15 @@
 
 using namespace Qt::StringLiterals;
 using namespace tickwell;
+using namespace tickwell::book;
 
 namespace {
 
-const Anniversary kBirthday{u"誕生日"_s, 0, 10, 3, 0};
-const Anniversary kMeeting{u"例会"_s, 0, 0, 0, 22};
+const days::Anniversary kBirthday{u"誕生日"_s, 0, 10, 3, 0};
+const days::Anniversary kMeeting{u"例会"_s, 0, 0, 0, 22};
 
-Anniversaries AllOf(DayDatabase& database) {
-    return AnniversariesIn(database.RunQuery(u"SELECT * FROM Kinenbi WHERE Year <> 5"_s));
+days::Anniversaries AllOf(store::DayDatabase& database) {
+    return days::AnniversariesIn(database.RunQuery(u"SELECT * FROM Kinenbi WHERE Year <> 5"_s));
 }
 
 }  // namespace
@@ -57,53 +58,53 @@ void TstAnniversaryStatements::TakesAwayWithTwoBlanksBeforeWhere() {
 }
 
 void TstAnniversaryStatements::WritesNumbersPlainly() {
-    const Anniversary row{u"a"_s, -1, 1000000, 99, 57};
+    const days::Anniversary row{u"a"_s, -1, 1000000, 99, 57};
     QVERIFY(InsertSql(row).endsWith(uR"(("a",-1,1000000,99,57))"));
     QVERIFY(DeleteSql(row).endsWith(u"Year=-1 AND Month=1000000 AND Day=99 AND Week=57"));
 }
 
 void TstAnniversaryStatements::StoresWhatItSays() {
-    const DayStore store;
-    DayDatabase database(store.Path());
-    const Anniversary odd{u" 毎 ' % ;-- "_s, -1, 13, 99, 75};
+    const store::DayStore store;
+    store::DayDatabase database(store.Path());
+    const days::Anniversary odd{u" 毎 ' % ;-- "_s, -1, 13, 99, 75};
     QCOMPARE(database.Execute(InsertSql(kBirthday)), 1);
     QCOMPARE(database.Execute(InsertSql(odd)), 1);
-    QVERIFY(AllOf(database) == Anniversaries({kBirthday, odd}));
+    QVERIFY(AllOf(database) == days::Anniversaries({kBirthday, odd}));
     QCOMPARE(database.Execute(UpdateSql(odd, kMeeting)), 1);
-    QVERIFY(AllOf(database) == Anniversaries({kBirthday, kMeeting}));
+    QVERIFY(AllOf(database) == days::Anniversaries({kBirthday, kMeeting}));
     QCOMPARE(database.Execute(DeleteSql(kBirthday)), 1);
-    QVERIFY(AllOf(database) == Anniversaries({kMeeting}));
+    QVERIFY(AllOf(database) == days::Anniversaries({kMeeting}));
 }
 
 void TstAnniversaryStatements::ChangesAllEqualRowsTogether() {
-    const DayStore store;
-    DayDatabase database(store.Path());
-    for (const Anniversary& row : {kBirthday, kMeeting, kBirthday}) {
+    const store::DayStore store;
+    store::DayDatabase database(store.Path());
+    for (const days::Anniversary& row : {kBirthday, kMeeting, kBirthday}) {
         database.Execute(InsertSql(row));
     }
     QCOMPARE(database.Execute(UpdateSql(kBirthday, kMeeting)), 2);
-    QVERIFY(AllOf(database) == Anniversaries({kMeeting, kMeeting, kMeeting}));
+    QVERIFY(AllOf(database) == days::Anniversaries({kMeeting, kMeeting, kMeeting}));
 }
 
 void TstAnniversaryStatements::DeletesAllEqualRowsTogether() {
-    const DayStore store;
-    DayDatabase database(store.Path());
-    for (const Anniversary& row : {kBirthday, kMeeting, kBirthday}) {
+    const store::DayStore store;
+    store::DayDatabase database(store.Path());
+    for (const days::Anniversary& row : {kBirthday, kMeeting, kBirthday}) {
         database.Execute(InsertSql(row));
     }
     QCOMPARE(database.Execute(DeleteSql(kBirthday)), 2);
-    QVERIFY(AllOf(database) == Anniversaries({kMeeting}));
+    QVERIFY(AllOf(database) == days::Anniversaries({kMeeting}));
 }
 
 void TstAnniversaryStatements::ChangesNothingWhereNoRowIsEqual() {
-    const DayStore store;
-    DayDatabase database(store.Path());
+    const store::DayStore store;
+    store::DayDatabase database(store.Path());
     database.Execute(InsertSql(kBirthday));
-    Anniversary other = kBirthday;
+    days::Anniversary other = kBirthday;
     other.day = 4;
     QCOMPARE(database.Execute(UpdateSql(other, kMeeting)), 0);
     QCOMPARE(database.Execute(DeleteSql(other)), 0);
-    QVERIFY(AllOf(database) == Anniversaries({kBirthday}));
+    QVERIFY(AllOf(database) == days::Anniversaries({kBirthday}));
 }
 
 void TstAnniversaryStatements::AQuoteInTheNameIsRefused_data() {
@@ -118,15 +119,15 @@ void TstAnniversaryStatements::AQuoteInTheNameIsRefused_data() {
 
 void TstAnniversaryStatements::AQuoteInTheNameIsRefused() {
     QFETCH(QString, name);
-    const DayStore store;
-    DayDatabase database(store.Path());
+    const store::DayStore store;
+    store::DayDatabase database(store.Path());
     database.Execute(InsertSql(kBirthday));
-    const Anniversary row{name, 0, 10, 3, 0};
+    const days::Anniversary row{name, 0, 10, 3, 0};
     for (const QString& sql :
          {InsertSql(row), UpdateSql(kBirthday, row), UpdateSql(row, kBirthday), DeleteSql(row)}) {
-        QVERIFY_THROWS_EXCEPTION(SqlError, database.Execute(sql));
+        QVERIFY_THROWS_EXCEPTION(store::SqlError, database.Execute(sql));
     }
-    QVERIFY(AllOf(database) == Anniversaries({kBirthday}));
+    QVERIFY(AllOf(database) == days::Anniversaries({kBirthday}));
 }
 
 QTEST_GUILESS_MAIN(TstAnniversaryStatements)

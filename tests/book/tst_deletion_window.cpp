@@ -8,6 +8,7 @@
 
 using namespace Qt::StringLiterals;
 using namespace tickwell;
+using namespace tickwell::book;
 
 namespace {
 
@@ -21,7 +22,7 @@ void Fill(BookBench& bench, const QString& letters) {
 
 QString Stored(BookBench& bench) {
     QString letters;
-    for (const Anniversary& row : bench.Stored()) {
+    for (const days::Anniversary& row : bench.Stored()) {
         letters += row.name;
     }
     return letters;
@@ -143,7 +144,7 @@ void TstDeletionWindow::WorksOnWhatASearchFound() {
     BookBench bench;
     Fill(bench, u"a"_s);
     bench.Add({u"June"_s, 0, 6, 15, 0});
-    bench.list.ListFound(QList<DayListRow>{{u"June"_s, u"毎"_s, u"6"_s, u"15"_s, QString()}}, 2);
+    bench.list.ListFound(QList<days::DayListRow>{{u"June"_s, u"毎"_s, u"6"_s, u"15"_s, QString()}}, 2);
     bench.OpenDeletion();
     bench.Click(u"Command3"_s);
     bench.Click(u"Command1"_s);
@@ -174,7 +175,7 @@ void TstDeletionWindow::AWeekOfTwoDifferentDigitsStaysWithoutAWord() {
 void TstDeletionWindow::AFailureIsReportedAndWhatCameBeforeStaysDeleted() {
     BookBench bench;
     Fill(bench, u"abc"_s);
-    QList<DayListRow> rows = bench.list.Rows().Kept();
+    QList<days::DayListRow> rows = bench.list.Rows().Kept();
     rows[1].name = u"x\"y"_s;
     bench.list.ListFound(rows, 3);
     bench.OpenDeletion();
@@ -266,7 +267,7 @@ void TstDeletionWindow::GoesFromTopToBottomWithTab() {
 
 void TstDeletionWindow::TickingAllCountsOnce() {
     BookBench bench;
-    QList<DayListRow> rows;
+    QList<days::DayListRow> rows;
     for (int i = 0; i < 1000; ++i) {
         rows.append({u"n%1"_s.arg(i), u"毎"_s, u"6"_s, u"15"_s, QString()});
     }

@@ -7,6 +7,7 @@
 
 using namespace Qt::StringLiterals;
 using namespace tickwell;
+using namespace tickwell::book;
 
 namespace {
 
@@ -78,21 +79,22 @@ void TstEditorFields::BeginsANewOneOnTheSelectedDay() {
 }
 
 void TstEditorFields::ChoosesTheKindOfARow_data() {
-    QTest::addColumn<Anniversary>("row");
+    QTest::addColumn<days::Anniversary>("row");
     QTest::addColumn<AnniversaryKind>("kind");
     QTest::addColumn<bool>("byWeek");
 
-    QTest::newRow("every year") << Anniversary{u"a"_s, 0, 6, 15, 0} << kEveryYear << false;
-    QTest::newRow("every month") << Anniversary{u"a"_s, 0, 0, 15, 0} << kEveryMonth << false;
-    QTest::newRow("one day") << Anniversary{u"a"_s, 1998, 6, 15, 0} << kOneDay << false;
-    QTest::newRow("every year, by week") << Anniversary{u"a"_s, 0, 6, 0, 31} << kEveryYear << true;
-    QTest::newRow("every month, by week") << Anniversary{u"a"_s, 0, 0, 0, 31} << kEveryMonth << true;
-    QTest::newRow("one day, by week") << Anniversary{u"a"_s, 1998, 6, 0, 31} << kOneDay << true;
-    QTest::newRow("a year, but every month") << Anniversary{u"a"_s, 1998, 0, 15, 0} << kEveryMonth << false;
+    QTest::newRow("every year") << days::Anniversary{u"a"_s, 0, 6, 15, 0} << kEveryYear << false;
+    QTest::newRow("every month") << days::Anniversary{u"a"_s, 0, 0, 15, 0} << kEveryMonth << false;
+    QTest::newRow("one day") << days::Anniversary{u"a"_s, 1998, 6, 15, 0} << kOneDay << false;
+    QTest::newRow("every year, by week") << days::Anniversary{u"a"_s, 0, 6, 0, 31} << kEveryYear << true;
+    QTest::newRow("every month, by week") << days::Anniversary{u"a"_s, 0, 0, 0, 31} << kEveryMonth << true;
+    QTest::newRow("one day, by week") << days::Anniversary{u"a"_s, 1998, 6, 0, 31} << kOneDay << true;
+    QTest::newRow("a year, but every month")
+        << days::Anniversary{u"a"_s, 1998, 0, 15, 0} << kEveryMonth << false;
 }
 
 void TstEditorFields::ChoosesTheKindOfARow() {
-    QFETCH(Anniversary, row);
+    QFETCH(days::Anniversary, row);
     const EditorFields fields = FieldsToEdit(row, kThirdOfOctober);
     QTEST(fields.kind, "kind");
     QTEST(fields.byWeek, "byWeek");
@@ -132,43 +134,47 @@ void TstEditorFields::OneDayTakesTheWeekBoxAwayForGood() {
 
 void TstEditorFields::MakesARow_data() {
     QTest::addColumn<EditorFields>("fields");
-    QTest::addColumn<Anniversary>("row");
+    QTest::addColumn<days::Anniversary>("row");
 
-    QTest::newRow("every year") << Filled(kEveryYear, false) << Anniversary{u"例会"_s, 0, 5, 10, 0};
-    QTest::newRow("every month") << Filled(kEveryMonth, false) << Anniversary{u"例会"_s, 0, 0, 10, 0};
-    QTest::newRow("one day") << Filled(kOneDay, false) << Anniversary{u"例会"_s, 1999, 5, 10, 0};
-    QTest::newRow("every year, by week") << Filled(kEveryYear, true) << Anniversary{u"例会"_s, 0, 5, 0, 22};
-    QTest::newRow("every month, by week") << Filled(kEveryMonth, true) << Anniversary{u"例会"_s, 0, 0, 0, 22};
-    QTest::newRow("one day, by week") << Filled(kOneDay, true) << Anniversary{u"例会"_s, 1999, 5, 0, 22};
+    QTest::newRow("every year") << Filled(kEveryYear, false) << days::Anniversary{u"例会"_s, 0, 5, 10, 0};
+    QTest::newRow("every month") << Filled(kEveryMonth, false) << days::Anniversary{u"例会"_s, 0, 0, 10, 0};
+    QTest::newRow("one day") << Filled(kOneDay, false) << days::Anniversary{u"例会"_s, 1999, 5, 10, 0};
+    QTest::newRow("every year, by week")
+        << Filled(kEveryYear, true) << days::Anniversary{u"例会"_s, 0, 5, 0, 22};
+    QTest::newRow("every month, by week")
+        << Filled(kEveryMonth, true) << days::Anniversary{u"例会"_s, 0, 0, 0, 22};
+    QTest::newRow("one day, by week")
+        << Filled(kOneDay, true) << days::Anniversary{u"例会"_s, 1999, 5, 0, 22};
 
     EditorFields fields = Filled(kOneDay, false);
     fields.year = u"0"_s;
-    QTest::newRow("a year 0 makes it every year's") << fields << Anniversary{u"例会"_s, 0, 5, 10, 0};
+    QTest::newRow("a year 0 makes it every year's") << fields << days::Anniversary{u"例会"_s, 0, 5, 10, 0};
     fields = Filled(kOneDay, false);
     fields.month = u"13"_s;
     fields.day = u"-99"_s;
-    QTest::newRow("numbers of no calendar are stored") << fields << Anniversary{u"例会"_s, 1999, 13, -99, 0};
+    QTest::newRow("numbers of no calendar are stored")
+        << fields << days::Anniversary{u"例会"_s, 1999, 13, -99, 0};
     fields.month = u" ５ "_s;
     fields.day = u"2.5"_s;
-    QTest::newRow("numbers as they are typed") << fields << Anniversary{u"例会"_s, 1999, 5, 2, 0};
+    QTest::newRow("numbers as they are typed") << fields << days::Anniversary{u"例会"_s, 1999, 5, 2, 0};
     fields.name = u"  "_s;
-    QTest::newRow("a name is not trimmed") << fields << Anniversary{u"  "_s, 1999, 5, 2, 0};
+    QTest::newRow("a name is not trimmed") << fields << days::Anniversary{u"  "_s, 1999, 5, 2, 0};
     fields.name.clear();
-    QTest::newRow("a name may be empty") << fields << Anniversary{QString(), 1999, 5, 2, 0};
+    QTest::newRow("a name may be empty") << fields << days::Anniversary{QString(), 1999, 5, 2, 0};
 
     fields = Filled(kEveryMonth, true);
     fields.weekday = u"月"_s;
-    QTest::newRow("an unknown weekday is 0") << fields << Anniversary{u"例会"_s, 0, 0, 0, 20};
+    QTest::newRow("an unknown weekday is 0") << fields << days::Anniversary{u"例会"_s, 0, 0, 0, 20};
     fields = Filled(kEveryMonth, true);
     fields.ordinal = u"第35週"_s;
-    QTest::newRow("one digit of the week counts") << fields << Anniversary{u"例会"_s, 0, 0, 0, 32};
+    QTest::newRow("one digit of the week counts") << fields << days::Anniversary{u"例会"_s, 0, 0, 0, 32};
     fields.ordinal = u"x9"_s;
-    QTest::newRow("a week of no calendar is stored") << fields << Anniversary{u"例会"_s, 0, 0, 0, 92};
+    QTest::newRow("a week of no calendar is stored") << fields << days::Anniversary{u"例会"_s, 0, 0, 0, 92};
 }
 
 void TstEditorFields::MakesARow() {
     QFETCH(EditorFields, fields);
-    QFETCH(Anniversary, row);
+    QFETCH(days::Anniversary, row);
     QVERIFY(AnniversaryOf(fields) == row);
 }
 
@@ -242,17 +248,17 @@ void TstEditorFields::EveryWeekCodeCanBeMade() {
 void TstEditorFields::ARowWithYearAndWeekKeepsItsTickedBox() {
     const EditorFields fields = FieldsToEdit({u"a"_s, 1998, 10, 0, 22}, kThirdOfOctober);
     QVERIFY(!EnablingOf(fields.kind, fields.byWeek).weekBox);
-    QVERIFY((AnniversaryOf(fields) == Anniversary{u"a"_s, 1998, 10, 0, 17}));
+    QVERIFY((AnniversaryOf(fields) == days::Anniversary{u"a"_s, 1998, 10, 0, 17}));
 }
 
 void TstEditorFields::ARowOfEveryMonthLosesItsYear() {
     const EditorFields fields = FieldsToEdit({u"a"_s, 1998, 0, 15, 0}, kThirdOfOctober);
-    QVERIFY((AnniversaryOf(fields) == Anniversary{u"a"_s, 0, 0, 3, 0}));
+    QVERIFY((AnniversaryOf(fields) == days::Anniversary{u"a"_s, 0, 0, 3, 0}));
 }
 
 void TstEditorFields::ARowWithDayAndWeekLosesItsDay() {
     const EditorFields fields = FieldsToEdit({u"a"_s, 0, 10, 3, 17}, kThirdOfOctober);
-    QVERIFY((AnniversaryOf(fields) == Anniversary{u"a"_s, 0, 10, 0, 17}));
+    QVERIFY((AnniversaryOf(fields) == days::Anniversary{u"a"_s, 0, 10, 0, 17}));
 }
 
 QTEST_GUILESS_MAIN(TstEditorFields)

@@ -8,6 +8,7 @@
 
 using namespace Qt::StringLiterals;
 using namespace tickwell;
+using namespace tickwell::book;
 
 namespace {
 
@@ -75,7 +76,7 @@ void TstEditorWindow::OpensToAdd() {
 
 void TstEditorWindow::OpensToEdit() {
     BookBench bench;
-    bench.list.ListFound(QList<DayListRow>{{u"例会"_s, u"毎"_s, u"毎"_s, QString(), u"第2週月"_s}}, 1);
+    bench.list.ListFound(QList<days::DayListRow>{{u"例会"_s, u"毎"_s, u"毎"_s, QString(), u"第2週月"_s}}, 1);
     bench.list.ChooseRow(0);
     bench.OpenEditor();
     QCOMPARE(bench.Window()->windowTitle(), u"記念日の編集"_s);
@@ -97,7 +98,7 @@ void TstEditorWindow::AddsByKeyboardAlone() {
     QTest::keyClicks(bench.Window()->focusWidget(), u"25"_s);
     bench.Press(Qt::Key_Return);
     QVERIFY(bench.Window() == nullptr);
-    QVERIFY(bench.Stored() == Anniversaries({{u"party"_s, 0, 11, 25, 0}}));
+    QVERIFY(bench.Stored() == days::Anniversaries({{u"party"_s, 0, 11, 25, 0}}));
     QCOMPARE(bench.closed, 1);
     QCOMPARE(bench.changes.raised, 1);
     QVERIFY(bench.boxes.Shown().isEmpty());
@@ -110,7 +111,7 @@ void TstEditorWindow::AddsANameOfAnInputMethod() {
     typed.setCommitString(u"誕生日 'ﾊﾞｰｽﾃﾞｰ' % \\"_s);
     QCoreApplication::sendEvent(&bench.The<QLineEdit>(u"Text1"_s), &typed);
     bench.Click(u"Command1"_s);
-    QVERIFY(bench.Stored() == Anniversaries({{u"誕生日 'ﾊﾞｰｽﾃﾞｰ' % \\"_s, 0, 10, 3, 0}}));
+    QVERIFY(bench.Stored() == days::Anniversaries({{u"誕生日 'ﾊﾞｰｽﾃﾞｰ' % \\"_s, 0, 10, 3, 0}}));
 }
 
 void TstEditorWindow::EnterWritesFromEveryField_data() {
@@ -142,7 +143,7 @@ void TstEditorWindow::EditsTheChosenRow() {
     bench.Type(u"Text1"_s, u"c"_s);
     bench.Type(u"Text2"_s, u"2001"_s);
     bench.Click(u"Command1"_s);
-    QVERIFY(bench.Stored() == Anniversaries({{u"a"_s, 0, 10, 3, 0}, {u"c"_s, 2001, 10, 3, 0}}));
+    QVERIFY(bench.Stored() == days::Anniversaries({{u"a"_s, 0, 10, 3, 0}, {u"c"_s, 2001, 10, 3, 0}}));
     QCOMPARE(bench.changes.raised, 1);
     QCOMPARE(bench.list.Rows().Kept().size(), 2);  // updated by the calendar, not by the editor
     QCOMPARE(bench.list.Rows().Kept().at(1).name, u"b"_s);
@@ -218,7 +219,7 @@ void TstEditorWindow::AQuoteInTheNameIsToldAndAllStays() {
     QCOMPARE(bench.closed, 0);
     bench.Type(u"Text1"_s, u"the day"_s);
     bench.Click(u"Command1"_s);
-    QVERIFY(bench.Stored() == Anniversaries({{u"the day"_s, 2001, 10, 31, 0}}));
+    QVERIFY(bench.Stored() == days::Anniversaries({{u"the day"_s, 2001, 10, 31, 0}}));
 }
 
 void TstEditorWindow::NoSecondBoxCoversTheFirst() {
@@ -266,7 +267,7 @@ void TstEditorWindow::ATornDatabaseIsToldTheSameWay() {
     bench.database.Close();
     bench.Click(u"Command1"_s);
     QCOMPARE(bench.boxes.Shown(), QList<Message>{kWriteError});
-    bench.database = DayDatabase(bench.store.Path());
+    bench.database = store::DayDatabase(bench.store.Path());
     bench.store.Raw("DROP TABLE Kinenbi");
     bench.boxes.Close();
     bench.Click(u"Command1"_s);
@@ -334,14 +335,14 @@ void TstEditorWindow::OneDayTakesTheWeekAwayForGood() {
 void TstEditorWindow::ALoadedOneDayRowKeepsItsTickedBox() {
     BookBench bench;
     bench.Add({u"a"_s, 1998, 10, 0, 11});
-    bench.list.ListFound(QList<DayListRow>{{u"a"_s, u"1998"_s, u"10"_s, QString(), u"第1週日"_s}}, 1);
+    bench.list.ListFound(QList<days::DayListRow>{{u"a"_s, u"1998"_s, u"10"_s, QString(), u"第1週日"_s}}, 1);
     bench.list.ChooseRow(0);
     bench.OpenEditor();
     QVERIFY(bench.The<QCheckBox>(u"Check2"_s).isChecked());
     QVERIFY(!bench.IsEnabled(u"Check2"_s));
     QCOMPARE(Seen(bench), u"1998 10 (3) 第1 土曜日"_s);
     bench.Click(u"Command1"_s);
-    QVERIFY(bench.Stored() == Anniversaries({{u"a"_s, 1998, 10, 0, 17}}));
+    QVERIFY(bench.Stored() == days::Anniversaries({{u"a"_s, 1998, 10, 0, 17}}));
 }
 
 void TstEditorWindow::TheWeekdayCanBeTypedAndIsNotCompleted() {
@@ -355,7 +356,7 @@ void TstEditorWindow::TheWeekdayCanBeTypedAndIsNotCompleted() {
     QCoreApplication::sendEvent(field, &typed);
     QCOMPARE(field->text(), u"月"_s);
     QTest::keyClick(field, Qt::Key_Return);
-    QVERIFY(bench.Stored() == Anniversaries({{u"新しい記念日"_s, 0, 10, 0, 10}}));
+    QVERIFY(bench.Stored() == days::Anniversaries({{u"新しい記念日"_s, 0, 10, 0, 10}}));
 }
 
 void TstEditorWindow::DatesOutsideTheArrowsAreShownAsTheyAre() {
@@ -365,7 +366,7 @@ void TstEditorWindow::DatesOutsideTheArrowsAreShownAsTheyAre() {
     bench.Click(u"Option2(2)"_s);
     QCOMPARE(Seen(bench), u"2101 11 20 (第3) (日曜日)"_s);
     bench.Click(u"Command1"_s);
-    QVERIFY(bench.Stored() == Anniversaries({{u"新しい記念日"_s, 2101, 11, 20, 0}}));
+    QVERIFY(bench.Stored() == days::Anniversaries({{u"新しい記念日"_s, 2101, 11, 20, 0}}));
 }
 
 void TstEditorWindow::GoesFromTopToBottomWithTab() {

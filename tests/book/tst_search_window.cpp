@@ -7,15 +7,16 @@
 
 using namespace Qt::StringLiterals;
 using namespace tickwell;
+using namespace tickwell::book;
 
 namespace {
 
 const Message kStartError{MessageIcon::Exclamation, u"検索開始エラー"_s,
                           u"無効なデータが条件になっています。"_s};
 
-QString Names(const DayList& list) {
+QString Names(const days::DayList& list) {
     QStringList names;
-    for (const DayListRow& row : list.Rows().Kept()) {
+    for (const days::DayListRow& row : list.Rows().Kept()) {
         names.append(row.name);
     }
     return names.join(u' ');
@@ -85,8 +86,8 @@ void TstSearchWindow::SearchingAtOnceListsAll() {
     QCOMPARE(Names(bench.list), u"day year week month"_s);
     QCOMPARE(bench.list.Heading(), u"検索結果 (検索対象 4件)"_s);
     QCOMPARE(bench.list.CountText(), u"ﾃﾞｰﾀ件数 4件"_s);
-    QVERIFY(
-        (bench.list.Rows().Kept().at(2) == DayListRow{u"week"_s, u"毎"_s, u"10"_s, QString(), u"第2週月"_s}));
+    QVERIFY((bench.list.Rows().Kept().at(2) ==
+             days::DayListRow{u"week"_s, u"毎"_s, u"10"_s, QString(), u"第2週月"_s}));
     QCOMPARE(bench.changes.raised, 0);
 }
 
@@ -265,7 +266,7 @@ void TstSearchWindow::ALongSearchLeavesTheWindowsTheirTime() {
 void TstSearchWindow::WhatIsNoNumberIsReportedAndTheListStays() {
     BookBench bench;
     Fill(bench);
-    bench.list.ListFound(QList<DayListRow>{{u"before"_s, {}, {}, {}, {}}}, 1);
+    bench.list.ListFound(QList<days::DayListRow>{{u"before"_s, {}, {}, {}, {}}}, 1);
     bench.OpenSearch();
     bench.Click(u"Option2(0)"_s);
     bench.Click(u"Option3(1)"_s);
@@ -281,7 +282,7 @@ void TstSearchWindow::WhatIsNoNumberIsReportedAndTheListStays() {
 
 void TstSearchWindow::AQuoteInTheNameIsReportedAndTheListStays() {
     BookBench bench;
-    bench.list.ListFound(QList<DayListRow>{{u"before"_s, {}, {}, {}, {}}}, 1);
+    bench.list.ListFound(QList<days::DayListRow>{{u"before"_s, {}, {}, {}, {}}}, 1);
     bench.OpenSearch();
     bench.Click(u"Check1"_s);
     bench.Click(u"Check2"_s);
@@ -302,7 +303,7 @@ void TstSearchWindow::AQuoteInTheNameIsReportedAndTheListStays() {
 
 void TstSearchWindow::AFailingDatabaseLeavesTheList() {
     BookBench bench;
-    bench.list.ListFound(QList<DayListRow>{{u"before"_s, {}, {}, {}, {}}}, 1);
+    bench.list.ListFound(QList<days::DayListRow>{{u"before"_s, {}, {}, {}, {}}}, 1);
     bench.OpenSearch();
     bench.database.Close();
     bench.Click(u"Command1"_s);
@@ -326,7 +327,7 @@ void TstSearchWindow::SearchesByKeyboardAlone() {
 
 void TstSearchWindow::EscChangesNothing() {
     BookBench bench;
-    bench.list.ListFound(QList<DayListRow>{{u"before"_s, {}, {}, {}, {}}}, 1);
+    bench.list.ListFound(QList<days::DayListRow>{{u"before"_s, {}, {}, {}, {}}}, 1);
     bench.OpenSearch();
     bench.Press(Qt::Key_Escape);
     QVERIFY(bench.Window() == nullptr);

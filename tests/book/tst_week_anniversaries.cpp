@@ -12,6 +12,7 @@
 
 using namespace Qt::StringLiterals;
 using namespace tickwell;
+using namespace tickwell::book;
 
 namespace {
 
@@ -24,9 +25,9 @@ int Exchanged(int code) {
 
 /// A book of anniversaries defined by week, changed like the windows do.
 struct Book {
-    DayStore store;
-    DayDatabase database{store.Path()};
-    DayList list;
+    store::DayStore store;
+    store::DayDatabase database{store.Path()};
+    days::DayList list;
 
     void Add(const QString& name, int code) {
         EditorFields fields = FieldsToAdd(DayOf(code));
@@ -39,7 +40,7 @@ struct Book {
     /// Edits the only row of `code`'s day: changes its name, and keeps the editor's proposal for the rest.
     void Edit(int code, const QString& name) {
         list.ListDay(database, DayOf(code), true);
-        const Anniversary old = AnniversaryOf(list.Rows().Kept().constFirst());
+        const days::Anniversary old = AnniversaryOf(list.Rows().Kept().constFirst());
         EditorFields fields = FieldsToEdit(old, DayOf(code));
         fields.name = name;
         database.Execute(UpdateSql(old, AnniversaryOf(fields)));
@@ -50,14 +51,14 @@ struct Book {
         DeleteTicked(database, list.Rows().Kept(), {true});
     }
 
-    Anniversaries All() {
-        return AnniversariesIn(database.RunQuery(u"SELECT * FROM Kinenbi WHERE Year <> 5"_s));
+    days::Anniversaries All() {
+        return days::AnniversariesIn(database.RunQuery(u"SELECT * FROM Kinenbi WHERE Year <> 5"_s));
     }
 
     /// A day with this code; in 2000 there is one for every code.
     static QDate DayOf(int code) {
         for (QDate day(2000, 1, 1); day.year() == 2000; day = day.addDays(1)) {
-            if (WeekCode(day) == code) {
+            if (days::WeekCode(day) == code) {
                 return day;
             }
         }
@@ -65,7 +66,7 @@ struct Book {
     }
 };
 
-Anniversary Meeting(const QString& name, int code) {
+days::Anniversary Meeting(const QString& name, int code) {
     return {name, 0, 0, 0, code};
 }
 
@@ -105,10 +106,10 @@ void TstWeekAnniversaries::EachIsStoredAndListedOnItsDay() {
     QFETCH(int, code);
     Book book;
     book.Add(u"例会"_s, code);
-    QVERIFY(book.All() == Anniversaries({Meeting(u"例会"_s, code)}));
+    QVERIFY(book.All() == days::Anniversaries({Meeting(u"例会"_s, code)}));
     book.list.ListDay(book.database, Book::DayOf(code), true);
     const QString weekday = u"日月火水木金土"_s.mid(code % 10 - 1, 1);
-    const QList<DayListRow> expected{
+    const QList<days::DayListRow> expected{
         {u"例会"_s, u"毎"_s, u"毎"_s, QString(), u"第%1週%2"_s.arg(code / 10).arg(weekday)}};
     QVERIFY(book.list.Rows().Kept() == expected);
 }
@@ -119,7 +120,7 @@ void TstWeekAnniversaries::OnlyThoseOfEqualDigitsAreChanged() {
     book.Add(u"例会"_s, code);
     book.Edit(code, u"総会"_s);
     const QString name = code / 10 == code % 10 ? u"総会"_s : u"例会"_s;
-    QVERIFY(book.All() == Anniversaries({Meeting(name, code)}));
+    QVERIFY(book.All() == days::Anniversaries({Meeting(name, code)}));
 }
 
 void TstWeekAnniversaries::OnlyThoseOfEqualDigitsAreDeleted() {
@@ -136,7 +137,7 @@ void TstWeekAnniversaries::TheExchangedOneOfThatNameIsChangedInstead() {
     book.Add(u"例会"_s, code);
     book.Add(u"例会"_s, Exchanged(code));
     book.Edit(code, u"総会"_s);
-    QVERIFY(book.All() == Anniversaries({Meeting(u"例会"_s, code), Meeting(u"総会"_s, code)}));
+    QVERIFY(book.All() == days::Anniversaries({Meeting(u"例会"_s, code), Meeting(u"総会"_s, code)}));
 }
 
 void TstWeekAnniversaries::TheExchangedOneOfThatNameIsDeletedInstead() {
@@ -145,7 +146,7 @@ void TstWeekAnniversaries::TheExchangedOneOfThatNameIsDeletedInstead() {
     book.Add(u"例会"_s, code);
     book.Add(u"例会"_s, Exchanged(code));
     book.Delete(code);
-    QVERIFY(book.All() == Anniversaries({Meeting(u"例会"_s, code)}));
+    QVERIFY(book.All() == days::Anniversaries({Meeting(u"例会"_s, code)}));
 }
 
 QTEST_GUILESS_MAIN(TstWeekAnniversaries)

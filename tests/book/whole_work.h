@@ -6,7 +6,7 @@
 #include "book/anniversary_deletion.h"
 #include "book/anniversary_search.h"
 
-namespace tickwell {
+namespace tickwell::book {
 
 /// Runs all slices of a work; returns their number.
 inline int DoWhole(SlicedWork& work) {
@@ -18,23 +18,24 @@ inline int DoWhole(SlicedWork& work) {
     return slices;
 }
 
-inline SearchFinds FindAnniversaries(DayDatabase& database, const SearchConditions& conditions) {
+inline SearchFinds FindAnniversaries(store::DayDatabase& database, const SearchConditions& conditions) {
     AnniversarySearch search(database, conditions);
     DoWhole(search);
     return search.TakeFinds();
 }
 
-inline void DeleteTicked(DayDatabase& database, const ListedRows& rows, const std::vector<bool>& isTicked) {
+inline void DeleteTicked(store::DayDatabase& database, const days::ListedRows& rows,
+                         const std::vector<bool>& isTicked) {
     DoWhole(*DeletionOf(database, rows, isTicked));
 }
 
 /// All rows, even if the list does not keep them.
-inline QList<DayListRow> AllOf(const ListedRows& rows) {
-    QList<DayListRow> all;
+inline QList<days::DayListRow> AllOf(const days::ListedRows& rows) {
+    QList<days::DayListRow> all;
     for (int row = 0; row < rows.Count(); ++row) {
         all.append(*rows.Read(row));
     }
     return all;
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::book

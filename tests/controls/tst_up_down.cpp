@@ -9,6 +9,7 @@
 
 using namespace Qt::StringLiterals;
 using namespace tickwell;
+using namespace tickwell::controls;
 
 /// An editable number with two arrows.
 class TstUpDown : public QObject {

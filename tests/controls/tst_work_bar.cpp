@@ -13,6 +13,7 @@
 
 using namespace Qt::StringLiterals;
 using namespace tickwell;
+using namespace tickwell::controls;
 
 namespace {
 
@@ -44,7 +45,7 @@ private:
 
 /// A dialog with a field, a button that is always disabled, and the bar.
 struct Bench {
-    VirtualTime time{QDateTime(QDate(1998, 10, 3), QTime(9, 0))};
+    platform::VirtualTime time{QDateTime(QDate(1998, 10, 3), QTime(9, 0))};
     FakeMessageBoxes boxes;
     Handlers handlers{boxes};
     QDialog dialog;

@@ -55,7 +55,7 @@ void TstHandlers::ASecondErrorWhileTheBoxIsOpenIsDropped() {
 }
 
 void TstHandlers::AFailingTimerIsSwitchedOffBeforeItsReport() {
-    VirtualTime time(QDateTime(QDate(1998, 10, 3), QTime(0, 0)));
+    platform::VirtualTime time(QDateTime(QDate(1998, 10, 3), QTime(0, 0)));
     FakeMessageBoxes boxes;
     Handlers handlers(boxes);
     int ticks = 0;
@@ -71,7 +71,7 @@ void TstHandlers::AFailingTimerIsSwitchedOffBeforeItsReport() {
 }
 
 void TstHandlers::AHealthyTimerGoesOn() {
-    VirtualTime time(QDateTime(QDate(1998, 10, 3), QTime(0, 0)));
+    platform::VirtualTime time(QDateTime(QDate(1998, 10, 3), QTime(0, 0)));
     FakeMessageBoxes boxes;
     Handlers handlers(boxes);
     int ticks = 0;
@@ -93,7 +93,7 @@ void TstHandlers::ASignalIsConnectedUnderTheRule() {
 }
 
 void TstHandlers::TheReportBelongsToTheWindowOfTheHandler() {
-    VirtualTime time(QDateTime(QDate(1998, 10, 3), QTime(0, 0)));
+    platform::VirtualTime time(QDateTime(QDate(1998, 10, 3), QTime(0, 0)));
     FakeMessageBoxes boxes;
     Handlers handlers(boxes);
     const auto fail = [] { throw RunTimeError(u"だめです。"_s); };

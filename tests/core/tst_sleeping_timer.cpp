@@ -12,7 +12,7 @@ namespace {
 
 /// A timer of 200 ms that records its ticks.
 struct Bench {
-    VirtualTime time{QDateTime(QDate(1998, 10, 3), QTime(12, 0))};
+    platform::VirtualTime time{QDateTime(QDate(1998, 10, 3), QTime(12, 0))};
     FakeMessageBoxes boxes;
     Handlers handlers{boxes};
     QList<qint32> ticks;
@@ -155,7 +155,7 @@ void TstSleepingTimer::AFailingTickSwitchesItOff() {
 }
 
 void TstSleepingTimer::AFailingQuestionSwitchesItOff() {
-    VirtualTime time(QDateTime(QDate(1998, 10, 3), QTime(12, 0)));
+    platform::VirtualTime time(QDateTime(QDate(1998, 10, 3), QTime(12, 0)));
     FakeMessageBoxes boxes;
     Handlers handlers(boxes);
     SleepingTimer timer(

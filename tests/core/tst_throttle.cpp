@@ -9,7 +9,7 @@ using namespace tickwell;
 namespace {
 
 struct Bench {
-    VirtualTime time;
+    platform::VirtualTime time;
     QList<qint32> ran;
     Throttle throttle{time, time, 250, [this] { ran.append(time.Tick()); }};
 

@@ -9,14 +9,14 @@
 #include "days/anniversary.h"
 #include "store/result_set.h"
 
-namespace tickwell {
+namespace tickwell::days {
 
 /// Rows of the anniversary book, from which a test computes the expected results itself.
 using Anniversaries = std::vector<Anniversary>;
 
-inline Anniversaries AnniversariesIn(const ResultSet& rows) {
+inline Anniversaries AnniversariesIn(const store::ResultSet& rows) {
     Anniversaries all;
-    for (const ResultRow& row : rows) {
+    for (const store::ResultRow& row : rows) {
         all.push_back({row.Text(u"Name"), row.Integer(u"Year"), row.Integer(u"Month"), row.Integer(u"Day"),
                        row.Integer(u"Week")});
     }
@@ -54,4 +54,4 @@ inline QString UpdateText(const Anniversary& from, const Anniversary& to) {
            QString::number(to.week) + QStringLiteral("\" ") + EqualText(from);
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::days

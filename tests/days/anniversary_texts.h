@@ -6,12 +6,12 @@
 #include "days/day_rule.h"
 #include "store/day_database.h"
 
-namespace tickwell {
+namespace tickwell::days {
 
 /// The names of a result's rows, separated by spaces.
-inline QString Names(const ResultSet& rows) {
+inline QString Names(const store::ResultSet& rows) {
     QStringList names;
-    for (const ResultRow& row : rows) {
+    for (const store::ResultRow& row : rows) {
         names.append(row.Text(u"Name"));
     }
     return names.join(u' ');
@@ -28,8 +28,8 @@ inline QString Insert(const QString& name, int year, int month, int day, int wee
 }
 
 /// The names of the anniversaries that fall on a day.
-inline QString AnniversariesOf(DayDatabase& database, QDate date) {
+inline QString AnniversariesOf(store::DayDatabase& database, QDate date) {
     return Names(database.RunQuery(AnniversaryQuery(date.year(), date.month(), date.day(), WeekCode(date))));
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::days

@@ -6,7 +6,7 @@
 #include "store/day_store.h"
 #include "support/fake_message_boxes.h"
 
-namespace tickwell {
+namespace tickwell::days {
 
 /// A calendar with its own day database, on a day that the test chooses.
 struct CalendarBench {
@@ -41,14 +41,14 @@ struct CalendarBench {
         }
     }
 
-    DayStore store;
-    DayDatabase dayDatabase{store.Path()};
+    store::DayStore store;
+    store::DayDatabase dayDatabase{store.Path()};
     DayList list;
-    VirtualTime time;
+    platform::VirtualTime time;
     FakeMessageBoxes boxes;
     Handlers handlers{boxes};
     MonthCalendar calendar{
         {.dayDatabase = dayDatabase, .list = list, .clock = time, .boxes = boxes, .handlers = handlers}};
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::days

@@ -8,7 +8,7 @@
 #include "support/child.h"
 #include "support/fake_help_viewer.h"
 
-namespace tickwell {
+namespace tickwell::days {
 
 /// The object names of the window's push buttons.
 inline const QStringList kCalendarButtons{
@@ -106,4 +106,4 @@ struct CalendarWindowBench : CalendarBench {
     std::unique_ptr<Form5> form;
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::days

@@ -22,6 +22,7 @@
 
 using namespace Qt::StringLiterals;
 using namespace tickwell;
+using namespace tickwell::days;
 
 namespace {
 
@@ -35,8 +36,8 @@ void Say(int number) {
     }
 }
 
-void RewriteMonth(DayDatabase& database, int year) {
-    DayTransaction transaction(database);
+void RewriteMonth(store::DayDatabase& database, int year) {
+    store::DayTransaction transaction(database);
     database.Execute(u"DELETE Holiday.Date FROM Holiday WHERE Date <= #12/31/9999#"_s);
     for (int day = 1; day <= kDays; ++day) {
         database.Execute(u"INSERT INTO Holiday  VALUES ("_s + DateLiteral(QDate(year, 1, day)) + u')');
@@ -44,7 +45,7 @@ void RewriteMonth(DayDatabase& database, int year) {
     transaction.Commit();
 }
 
-[[noreturn]] void Write(DayDatabase& database, int first) {
+[[noreturn]] void Write(store::DayDatabase& database, int first) {
     for (int number = first;; ++number) {
         database.Execute(
             u"INSERT INTO Kinenbi(Name,Year,Month,Day,Week) VALUES (\"記念日%1\",%1,1,2,0)"_s.arg(number));
@@ -73,9 +74,9 @@ void MarkOctober(MonthCalendar& calendar, int number) {
     calendar.ChooseMode(CalendarMode::Normal);
 }
 
-[[noreturn]] void WriteMonths(DayDatabase database, int first) {
+[[noreturn]] void WriteMonths(store::DayDatabase database, int first) {
     DayList list;
-    const VirtualTime time(QDateTime(kOctober, QTime(0, 0)));
+    const platform::VirtualTime time(QDateTime(kOctober, QTime(0, 0)));
     FakeMessageBoxes boxes;
     Handlers handlers(boxes);
     MonthCalendar calendar(
@@ -96,7 +97,7 @@ int main(int argc, char** argv) {
         return 2;
     }
     try {
-        DayDatabase database(QString::fromLocal8Bit(argv[1]));
+        store::DayDatabase database(QString::fromLocal8Bit(argv[1]));
         const int first = QByteArray(argv[2]).toInt();
         if (isCalendar) {
             WriteMonths(std::move(database), first);

@@ -5,7 +5,7 @@
 
 #include "days/day_marking.h"
 
-namespace tickwell {
+namespace tickwell::days {
 
 inline const QDate kOctober(1998, 10, 1);
 
@@ -25,4 +25,4 @@ inline DayColor OctoberColor(int number, int day) {
     return (drawn >> (day % 32) & 1U) != 0 ? DayColor::Red : DayColor::Blue;
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::days

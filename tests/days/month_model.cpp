@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "days/month_model.h"
 
-namespace tickwell {
+namespace tickwell::days {
 
 using namespace Qt::StringLiterals;
 
@@ -120,4 +120,4 @@ void EraseMarks(ModelTables& tables, const ModelDate& first, const ModelDate& la
     }
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::days

@@ -8,7 +8,7 @@
 #include <set>
 #include <tuple>
 
-namespace tickwell {
+namespace tickwell::days {
 
 /// A date as three numbers. The model computes with its own calendar, so that it does not share a bug.
 struct ModelDate {
@@ -63,4 +63,4 @@ void StoreMonth(ModelTables& tables, const ModelCells& cells, int year, int mont
 /// Deletes all marks between the two dates, both included.
 void EraseMarks(ModelTables& tables, const ModelDate& first, const ModelDate& last);
 
-}  // namespace tickwell
+}  // namespace tickwell::days

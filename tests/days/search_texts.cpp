@@ -3,7 +3,7 @@
 
 #include "days/day_rule.h"
 
-namespace tickwell {
+namespace tickwell::days {
 
 using namespace Qt::StringLiterals;
 
@@ -130,4 +130,4 @@ std::array<SearchQuery, 3> SearchQueries(const Search& search) {
     return queries;
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::days

@@ -9,7 +9,7 @@
 
 #include "days/anniversary_model.h"
 
-namespace tickwell {
+namespace tickwell::days {
 
 /// The criteria of a search in the anniversary book. Without `hasDates` it has no date condition.
 struct Search {
@@ -33,4 +33,4 @@ struct SearchQuery {
 /// One-day, every-year and every-month rows.
 std::array<SearchQuery, 3> SearchQueries(const Search& search);
 
-}  // namespace tickwell
+}  // namespace tickwell::days

@@ -9,6 +9,7 @@
 
 using namespace Qt::StringLiterals;
 using namespace tickwell;
+using namespace tickwell::days;
 
 namespace {
 
@@ -77,17 +78,17 @@ void TstAnniversaryRule::AnAnniversaryFalls() {
     QFETCH(QString, row);
     QFETCH(QDate, date);
     QFETCH(bool, falls);
-    const DayStore store;
-    DayDatabase database(store.Path());
+    const store::DayStore store;
+    store::DayDatabase database(store.Path());
     QCOMPARE(database.Execute(row), 1);
     QCOMPARE(AnniversariesOf(database, date), falls ? u"a"_s : QString());
 }
 
 void TstAnniversaryRule::EveryWeekCodeFallsOnItsDayAlone() {
-    const DayStore store;
-    DayDatabase database(store.Path());
+    const store::DayStore store;
+    store::DayDatabase database(store.Path());
     database.Execute(Insert(u"never"_s, 0, 0, 0, 0));
-    DayTransaction transaction(database);
+    store::DayTransaction transaction(database);
     for (int week = 1; week <= 5; ++week) {
         for (int weekday = 1; weekday <= 7; ++weekday) {
             database.Execute(Insert(u"w%1%2"_s.arg(week).arg(weekday), 0, 0, 0, 10 * week + weekday));
@@ -103,12 +104,12 @@ void TstAnniversaryRule::EveryWeekCodeFallsOnItsDayAlone() {
 }
 
 void TstAnniversaryRule::HasNationalHolidays() {
-    const DayStore store;
-    DayDatabase database(store.Path());
+    const store::DayStore store;
+    store::DayDatabase database(store.Path());
     QCOMPARE(Names(database.RunQuery(HolidayQuery(1, 1))), u"元日"_s);
     QCOMPARE(Names(database.RunQuery(HolidayQuery(1, 2))), QString());
     QCOMPARE(Names(database.RunQuery(MonthHolidayQuery(5))), u"憲法記念日 みどりの日 こどもの日"_s);
-    const ResultSet november = database.RunQuery(MonthHolidayQuery(11));
+    const store::ResultSet november = database.RunQuery(MonthHolidayQuery(11));
     QCOMPARE(november.Count(), 2);
     QCOMPARE(november.Row(1).Integer(u"Day"), 23);
     QCOMPARE(database.Execute(u"INSERT INTO Syukuzitu VALUES (\"never\",2,30)"_s), 1);
@@ -116,9 +117,9 @@ void TstAnniversaryRule::HasNationalHolidays() {
 }
 
 void TstAnniversaryRule::NoNationalHolidaysAreNoError() {
-    const DayStore store;
+    const store::DayStore store;
     store.Raw("DELETE FROM Syukuzitu");
-    DayDatabase database(store.Path());
+    store::DayDatabase database(store.Path());
     for (int month = 1; month <= 12; ++month) {
         QCOMPARE(database.RunQuery(MonthHolidayQuery(month)).Count(), 0);
     }

@@ -5,6 +5,7 @@
 #include "store/day_store.h"
 
 using namespace tickwell;
+using namespace tickwell::days;
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -40,26 +41,26 @@ void TstAnnouncedNames::TheDigitsOfTheWeekCodeAreExchangedOnPurpose() {
 }
 
 void TstAnnouncedNames::AnniversariesComeBeforeHolidaysEachInStoredOrder() {
-    const DayStore store;
+    const store::DayStore store;
     store.Raw(
         "INSERT INTO Kinenbi(Name,Year,Month,Day,Week) VALUES "
         "('後',0,11,23,0),('先',2026,0,23,0),('他',0,11,24,0)");
     store.Raw("INSERT INTO Syukuzitu(Name,Month,Day) VALUES ('もう一つの祝日',11,23)");
-    DayDatabase database(store.Path());
+    store::DayDatabase database(store.Path());
     QCOMPARE(AnnouncedNames(database, QDate(2026, 11, 23)),
              (QStringList{u"後"_s, u"先"_s, u"勤労感謝の日"_s, u"もう一つの祝日"_s}));
 }
 
 void TstAnnouncedNames::ADayWithNothingHasNoNames() {
-    const DayStore store;
-    DayDatabase database(store.Path());
+    const store::DayStore store;
+    store::DayDatabase database(store.Path());
     QCOMPARE(AnnouncedNames(database, QDate(2026, 11, 20)), QStringList());
 }
 
 void TstAnnouncedNames::TheThirdMondayIsAnnouncedOnTheSecondTuesdayAndNeverOnItself() {
-    const DayStore store;
+    const store::DayStore store;
     store.Raw("INSERT INTO Kinenbi(Name,Year,Month,Day,Week) VALUES ('第三月曜',0,0,0,32)");
-    DayDatabase database(store.Path());
+    store::DayDatabase database(store.Path());
     for (QDate day(2026, 1, 1); day.year() == 2026; day = day.addDays(1)) {
         const bool secondTuesday = WeekAndWeekday(day) == std::pair(2, 3);
         QCOMPARE(AnnouncedNames(database, day).contains(u"第三月曜"_s), secondTuesday);
@@ -67,7 +68,7 @@ void TstAnnouncedNames::TheThirdMondayIsAnnouncedOnTheSecondTuesdayAndNeverOnIts
 }
 
 void TstAnnouncedNames::AllThirtyFiveCodesOverAYear() {
-    const DayStore store;
+    const store::DayStore store;
     store.Raw("DELETE FROM Syukuzitu");
     for (int week = 1; week <= 5; ++week) {
         for (int weekday = 1; weekday <= 7; ++weekday) {
@@ -76,7 +77,7 @@ void TstAnnouncedNames::AllThirtyFiveCodesOverAYear() {
                       ")");
         }
     }
-    DayDatabase database(store.Path());
+    store::DayDatabase database(store.Path());
     QSet<QString> announced;
     for (QDate day(2026, 1, 1); day.year() == 2026; day = day.addDays(1)) {
         const auto [week, weekday] = WeekAndWeekday(day);
@@ -91,11 +92,11 @@ void TstAnnouncedNames::AllThirtyFiveCodesOverAYear() {
 }
 
 void TstAnnouncedNames::NoMoreAreReadThanADayCanShow() {
-    const DayStore store;
+    const store::DayStore store;
     store.Raw(
         "WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 60001)"
         "INSERT INTO Kinenbi(Name,Year,Month,Day,Week) SELECT i,0,11,3,0 FROM n");
-    DayDatabase database(store.Path());
+    store::DayDatabase database(store.Path());
     const QStringList names = AnnouncedNames(database, QDate(2026, 11, 3));
     QCOMPARE(names.mid(9998), (QStringList{u"9999"_s, u"10000"_s, u"文化の日"_s}));
 }

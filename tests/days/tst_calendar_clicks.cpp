@@ -3,6 +3,7 @@
 
 using namespace Qt::StringLiterals;
 using namespace tickwell;
+using namespace tickwell::days;
 
 /// Days, months and marks in the calendar window, chosen with the mouse.
 class TstCalendarClicks : public QObject {

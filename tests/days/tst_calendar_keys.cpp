@@ -3,6 +3,7 @@
 
 using namespace Qt::StringLiterals;
 using namespace tickwell;
+using namespace tickwell::days;
 
 /// The calendar window, operated with the keyboard.
 class TstCalendarKeys : public QObject {

@@ -5,6 +5,7 @@
 
 using namespace Qt::StringLiterals;
 using namespace tickwell;
+using namespace tickwell::days;
 
 /// The list of anniversaries beside the month, and the windows of the book that it opens.
 class TstCalendarPanel : public QObject {

@@ -4,6 +4,7 @@
 #include "days/calendar_widths.h"
 
 using namespace tickwell;
+using namespace tickwell::days;
 
 class TstCalendarWidths : public QObject {
     Q_OBJECT

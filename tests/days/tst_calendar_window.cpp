@@ -3,6 +3,7 @@
 
 using namespace Qt::StringLiterals;
 using namespace tickwell;
+using namespace tickwell::days;
 
 namespace {
 
@@ -146,7 +147,7 @@ void TstCalendarWindow::OpeningAfterClosingBeginsAnew() {
 void TstCalendarWindow::OpeningAndClosingWriteNothing() {
     CalendarWindowBench bench(
         QDate(1998, 11, 15));  // leaving a marking mode would store two national holidays
-    RawConnection watcher(bench.store.Path());
+    store::RawConnection watcher(bench.store.Path());
     const QStringList before = watcher.Run("PRAGMA data_version");
     for (int mode = 0; mode < 3; ++mode) {
         bench.Open();

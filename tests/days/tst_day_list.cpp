@@ -10,6 +10,7 @@
 
 using namespace Qt::StringLiterals;
 using namespace tickwell;
+using namespace tickwell::days;
 
 namespace {
 
@@ -17,8 +18,8 @@ const QDate kThirdOfOctober(1998, 10, 3);
 
 /// A day list with its own database; counts the changes reported.
 struct Bench {
-    DayStore store;
-    DayDatabase database{store.Path()};
+    store::DayStore store;
+    store::DayDatabase database{store.Path()};
     DayList list;
     int changes = 0;
 

@@ -10,13 +10,14 @@
 
 using namespace Qt::StringLiterals;
 using namespace tickwell;
+using namespace tickwell::days;
 
 namespace {
 
 /// 5000 anniversaries "n1", "n2" .., more than a list keeps in memory.
 struct Bench {
-    DayStore store;
-    DayDatabase database{store.Path()};
+    store::DayStore store;
+    store::DayDatabase database{store.Path()};
 
     Bench() {
         store.Raw(
@@ -24,7 +25,7 @@ struct Bench {
             "INSERT INTO Kinenbi(Name,Year,Month,Day,Week) SELECT 'n' || i,0,10,3,0 FROM n");
     }
     ListedRows Rows() {
-        RowSearch search(u"SELECT * FROM Kinenbi WHERE Day = 3"_s);
+        store::RowSearch search(u"SELECT * FROM Kinenbi WHERE Day = 3"_s);
         while (!search.Step(database)) {
         }
         return {database, {{search.Take(), RowForm::OfDay}}};

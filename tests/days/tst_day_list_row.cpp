@@ -9,6 +9,7 @@
 
 using namespace Qt::StringLiterals;
 using namespace tickwell;
+using namespace tickwell::days;
 
 namespace {
 
@@ -67,10 +68,10 @@ void TstDayListRow::ShowsARow_data() {
 void TstDayListRow::ShowsARow() {
     QFETCH(Anniversary, stored);
     QFETCH(DayListRow, shown);
-    const DayStore store;
-    DayDatabase database(store.Path());
+    const store::DayStore store;
+    store::DayDatabase database(store.Path());
     database.Execute(Insert(stored.name, stored.year, stored.month, stored.day, stored.week));
-    const ResultSet all = database.RunQuery(u"SELECT * FROM Kinenbi WHERE Year <> 5"_s);
+    const store::ResultSet all = database.RunQuery(u"SELECT * FROM Kinenbi WHERE Year <> 5"_s);
     QCOMPARE(all.Count(), 1);
     QVERIFY(DayListRowOf(all.Row(0)) == shown);
 }

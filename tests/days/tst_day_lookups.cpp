@@ -12,6 +12,7 @@
 
 using namespace Qt::StringLiterals;
 using namespace tickwell;
+using namespace tickwell::days;
 
 namespace {
 
@@ -67,9 +68,9 @@ private:
     QRandomGenerator m_generator;
 };
 
-Anniversaries Filled(DayDatabase& database, Dice& dice) {
+Anniversaries Filled(store::DayDatabase& database, Dice& dice) {
     Anniversaries rows;
-    DayTransaction transaction(database);
+    store::DayTransaction transaction(database);
     for (int i = 0; i < kRows; ++i) {
         rows.push_back(dice.Row());
         database.Execute(InsertText(rows.back()));
@@ -91,8 +92,8 @@ private Q_SLOTS:
 
 void TstDayLookups::FindsADaysAnniversaries() {
     qInfo("seed %u", kSeed);
-    const DayStore store;
-    DayDatabase database(store.Path());
+    const store::DayStore store;
+    store::DayDatabase database(store.Path());
     Dice dice(kSeed);
     const Anniversaries rows = Filled(database, dice);
     std::size_t found = 0;
@@ -114,8 +115,8 @@ void TstDayLookups::FindsADaysAnniversaries() {
 
 void TstDayLookups::FindsWhatIsSearched() {
     qInfo("seed %u", kSeed + 1);
-    const DayStore store;
-    DayDatabase database(store.Path());
+    const store::DayStore store;
+    store::DayDatabase database(store.Path());
     Dice dice(kSeed + 1);
     const Anniversaries rows = Filled(database, dice);
     std::array<std::size_t, 3> found{};

@@ -7,6 +7,7 @@
 
 using namespace Qt::StringLiterals;
 using namespace tickwell;
+using namespace tickwell::days;
 
 /// Date literals, week codes, and the texts of the queries, byte for byte.
 class TstDayRule : public QObject {

@@ -5,6 +5,7 @@
 #include "days/day_shade.h"
 
 using namespace tickwell;
+using namespace tickwell::days;
 
 namespace {
 

@@ -11,6 +11,7 @@
 
 using namespace Qt::StringLiterals;
 using namespace tickwell;
+using namespace tickwell::days;
 
 namespace {
 
@@ -68,7 +69,7 @@ QStringList OctoberMarks(int number) {
     return marks;
 }
 
-QStringList StoredMarks(const DayStore& store) {
+QStringList StoredMarks(const store::DayStore& store) {
     return store.Raw(
         "SELECT \"Date\" || ' 255' FROM Holiday UNION ALL SELECT \"Date\" || ' 16711680' FROM Halfday "
         "UNION ALL SELECT \"Date\" || ' 0' FROM Usuallyday ORDER BY 1");
@@ -86,10 +87,10 @@ private Q_SLOTS:
     void AMonthOfMarksIsWhollyOldOrWhollyNew();
 
 private:
-    void CheckStore(const DayStore& store, const Told& told);
+    void CheckStore(const store::DayStore& store, const Told& told);
 };
 
-void TstKilledWriter::CheckStore(const DayStore& store, const Told& told) {
+void TstKilledWriter::CheckStore(const store::DayStore& store, const Told& told) {
     const QStringList found = store.Raw(
         "PRAGMA quick_check; SELECT count(*), coalesce(max(\"Year\"), 0), count(DISTINCT \"Year\"), "
         "count(*) FILTER (WHERE \"Year\" > 0 AND \"Name\" = '記念日' || \"Year\") FROM Kinenbi;"
@@ -112,7 +113,7 @@ void TstKilledWriter::CheckStore(const DayStore& store, const Told& told) {
 
 void TstKilledWriter::WhatWasSaidIsThere() {
     qInfo("seed %u", kSeed);
-    const DayStore store;
+    const store::DayStore store;
     QRandomGenerator random(kSeed);
     Told told;
     for (int i = 0; i < kKills; ++i) {
@@ -125,7 +126,7 @@ void TstKilledWriter::WhatWasSaidIsThere() {
         if (QTest::currentTestFailed()) {
             QFAIL(qPrintable(u"at kill %1"_s.arg(i)));
         }
-        const DayDatabase opens(store.Path());
+        const store::DayDatabase opens(store.Path());
     }
     qInfo("%d rows and months were stored", told.count);
     QVERIFY(told.count > kKills / 2);  // three of four waited for output
@@ -133,7 +134,7 @@ void TstKilledWriter::WhatWasSaidIsThere() {
 
 void TstKilledWriter::AMonthOfMarksIsWhollyOldOrWhollyNew() {
     qInfo("seed %u", kSeed);
-    const DayStore store;
+    const store::DayStore store;
     QRandomGenerator random(kSeed);
     int number = 0;  // of the month that is stored; 0: none yet
     int months = 0;

@@ -5,6 +5,7 @@
 
 using namespace Qt::StringLiterals;
 using namespace tickwell;
+using namespace tickwell::days;
 
 /// Deleting the marks of a month, or all up to its end.
 class TstMarkDeletion : public QObject {

@@ -5,6 +5,7 @@
 
 using namespace Qt::StringLiterals;
 using namespace tickwell;
+using namespace tickwell::days;
 
 namespace {
 
@@ -22,7 +23,7 @@ QList<int> PressedDays(const CalendarBench& bench) {
 }
 
 /// Differs after another connection has changed the file.
-QStringList VersionOf(RawConnection& watcher) {
+QStringList VersionOf(store::RawConnection& watcher) {
     return watcher.Run("PRAGMA data_version");
 }
 
@@ -80,7 +81,7 @@ void TstMonthCalendar::Loading() {
 void TstMonthCalendar::LoadingWritesNothing() {
     CalendarBench bench(QDate(1998, 11, 15));  // a commit would store two national holidays
     bench.store.Raw("INSERT INTO Usuallyday(Date) VALUES ('1998-11-15')");
-    RawConnection watcher(bench.store.Path());
+    store::RawConnection watcher(bench.store.Path());
     const QStringList before = VersionOf(watcher);
     bench.calendar.Load();
     bench.calendar.GoBy(1);

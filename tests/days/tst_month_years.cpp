@@ -9,6 +9,7 @@
 
 using namespace Qt::StringLiterals;
 using namespace tickwell;
+using namespace tickwell::days;
 
 namespace {
 
@@ -51,8 +52,8 @@ QString MarkText(const QString& table, const ModelDate& date) {
     return u"INSERT INTO %1  VALUES (#%2/%3/%4#)"_s.arg(table).arg(date.month).arg(date.day).arg(date.year);
 }
 
-void Store(DayDatabase& database, const ModelTables& tables) {
-    DayTransaction transaction(database);
+void Store(store::DayDatabase& database, const ModelTables& tables) {
+    store::DayTransaction transaction(database);
     const std::array marks{std::pair(u"Holiday"_s, &tables.red), std::pair(u"Halfday"_s, &tables.blue),
                            std::pair(u"Usuallyday"_s, &tables.black)};
     for (const auto& [table, dates] : marks) {
@@ -64,7 +65,7 @@ void Store(DayDatabase& database, const ModelTables& tables) {
 }
 
 /// Uses SQLite directly, because the program never writes national holidays.
-void StoreHolidays(const DayStore& store, const ModelTables& tables) {
+void StoreHolidays(const store::DayStore& store, const ModelTables& tables) {
     QString sql = u"BEGIN; DELETE FROM Syukuzitu;"_s;
     for (const ModelHoliday& holiday : tables.holidays) {
         sql += u"INSERT INTO Syukuzitu(Name,Month,Day) VALUES ('%1',%2,%3);"_s.arg(holiday.name)
@@ -104,11 +105,11 @@ private Q_SLOTS:
     void MarksThatAreNoDatesFallOnNoDay();
 
 private:
-    void Compare(const DayStore& store, const ModelTables& tables);
+    void Compare(const store::DayStore& store, const ModelTables& tables);
 };
 
-void TstMonthYears::Compare(const DayStore& store, const ModelTables& tables) {
-    DayDatabase database(store.Path());
+void TstMonthYears::Compare(const store::DayStore& store, const ModelTables& tables) {
+    store::DayDatabase database(store.Path());
     MonthGrid grid;  // a single one, as in the window: a month must not affect the next one
     int months = 0;
     for (int year = 1926; year <= 2100; ++year) {
@@ -124,12 +125,12 @@ void TstMonthYears::Compare(const DayStore& store, const ModelTables& tables) {
 }
 
 void TstMonthYears::TheShippedHolidays() {
-    const DayStore store;
+    const store::DayStore store;
     Compare(store, Shipped());
 }
 
 void TstMonthYears::NoHolidays() {
-    const DayStore store;
+    const store::DayStore store;
     store.Raw("DELETE FROM Syukuzitu");
     Compare(store, {});
 }
@@ -145,10 +146,10 @@ void TstMonthYears::RandomTables() {
     QFETCH(quint32, seed);
     QRandomGenerator random(seed);
     const ModelTables tables = ::RandomTables(random);
-    const DayStore store;
+    const store::DayStore store;
     StoreHolidays(store, tables);
     {
-        DayDatabase database(store.Path());
+        store::DayDatabase database(store.Path());
         Store(database, tables);
     }
     Compare(store, tables);
@@ -160,9 +161,9 @@ void TstMonthYears::MarksThatAreNoDatesFallOnNoDay() {
     tables.red.insert({1998, 2, 2});
     tables.blue.insert({1998, 2, 3});
     tables.black.insert({1998, 2, 8});
-    const DayStore store;
+    const store::DayStore store;
     {
-        DayDatabase database(store.Path());
+        store::DayDatabase database(store.Path());
         Store(database, tables);
     }
     for (const QByteArray& table : {"Holiday"_ba, "Halfday"_ba, "Usuallyday"_ba}) {

@@ -16,31 +16,31 @@
 #include "support/fake_text_line.h"
 #include "support/virtual_real_time.h"
 
-namespace tickwell {
+namespace tickwell::displays {
 
 /// What the displays of the program work with, in the test's hands.
 struct DisplaysBench {
     AppSettings settings;
     FurtherSettings further;
-    VirtualTime time{QDateTime(QDate(1998, 11, 15), QTime(21, 5, 7)), 307'000};
+    platform::VirtualTime time{QDateTime(QDate(1998, 11, 15), QTime(21, 5, 7)), 307'000};
     FakeMessageBoxes boxes;
     Handlers handlers{boxes};
-    DayDatabase dayDatabase;
+    store::DayDatabase dayDatabase;
     FakePower power;
     FakeMemory memory;
-    StopwatchState stopwatch;
-    CountdownState countdown;
+    timing::StopwatchState stopwatch;
+    timing::CountdownState countdown;
     FakePrinter printer;
     FakeHelpViewer help;
     FakeCdDrive drive;
     FakeSoundOutput sound;
     FakeEventWait wait;
     VirtualRealTime realTime{time};
-    std::unique_ptr<MediaSystem> media;
+    std::unique_ptr<media::MediaSystem> media;
     std::function<void()> openCdPlayer = [] {};
 
     void StartMedia() {
-        media = std::make_unique<MediaSystem>(MediaSystemParts{
+        media = std::make_unique<media::MediaSystem>(media::MediaSystemParts{
             .devices = {.drive = drive,
                         .playback = drive,
                         .sound = sound,
@@ -53,7 +53,7 @@ struct DisplaysBench {
             .tellsNoCdDrive = further.tellsNoCdDrive,
         });
     }
-    DisplaysParts Parts() {
+    app::DisplaysParts Parts() {
         return {.ports = {.power = Borrowed<const Power>(power), .memory = Borrowed<const Memory>(memory)},
                 .settings = settings,
                 .dayDatabase = dayDatabase,
@@ -64,7 +64,7 @@ struct DisplaysBench {
                 .cdPlayer = media->Player(),
                 .openCdPlayer = [this] { openCdPlayer(); }};
     }
-    TimingParts Timing() {
+    timing::TimingParts Timing() {
         return {.stopwatch = stopwatch,
                 .countdown = countdown,
                 .clock = time,
@@ -88,7 +88,8 @@ struct LinesBench : DisplaysBench, DisplayFunctions {
 
     LinesBench() {
         StartMedia();
-        displays = MakeDisplays(Parts(), {.lines = {.upper = upper, .lower = lower}, .functions = *this});
+        displays =
+            app::MakeDisplays(Parts(), {.lines = {.upper = upper, .lower = lower}, .functions = *this});
     }
     void ChangeFunction(qint32 number) override { settings.function = number; }
     qint32 GetFuncNumber() const override { return settings.function; }
@@ -105,4 +106,4 @@ struct LinesBench : DisplaysBench, DisplayFunctions {
     }
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::displays

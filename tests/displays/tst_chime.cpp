@@ -5,13 +5,14 @@
 #include "platform/time/virtual_time.h"
 
 using namespace tickwell;
+using namespace tickwell::displays;
 using namespace Qt::StringLiterals;
 
 namespace {
 
 constexpr qint64 kSecond = 1000;  // ms
 constexpr qint64 kMinute = 60 * kSecond;
-constexpr qint64 kHour = 60 * kMinute;
+constexpr qint64 shell::kHour = 60 * kMinute;
 
 QDateTime At(const QString& time) {
     return QDateTime(QDate(2026, 11, 20), QTime::fromString(time, u"HH:mm:ss"_s));
@@ -25,7 +26,7 @@ struct Bench {
         timer->Start();
     }
 
-    VirtualTime time;
+    platform::VirtualTime time;
     AppSettings settings;
     QStringList played;  ///< "name xcount at time"
     Chime chime{time, settings, [this](const QString& name, qint32 count) {
@@ -95,7 +96,7 @@ void TstChime::ModesSoundWhenTheySay() {
     QFETCH(qint32, mode);
     QFETCH(QStringList, played);
     Bench bench(u"14:15:00"_s, mode);
-    bench.time.Advance(kHour);
+    bench.time.Advance(shell::kHour);
     QCOMPARE(bench.played, played);
 }
 
@@ -107,7 +108,7 @@ void TstChime::AMinuteFullOfTicksSoundsOnce() {
 
 void TstChime::EachHourOfADaySounds() {
     Bench bench(u"00:10:00"_s, 1);
-    bench.time.Advance(24 * kHour);
+    bench.time.Advance(24 * shell::kHour);
     QStringList expected;
     for (int hour = 1; hour <= 24; ++hour) {
         expected.append(

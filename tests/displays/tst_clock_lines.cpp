@@ -11,6 +11,7 @@
 #include "support/fake_text_line.h"
 
 using namespace tickwell;
+using namespace tickwell::displays;
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -18,9 +19,9 @@ namespace {
 /// The clock on 3 October 1998, a Saturday, two seconds before midnight, with a day database of its own.
 struct Bench {
     AppSettings settings;
-    VirtualTime time{QDateTime(QDate(1998, 10, 3), QTime(23, 59, 58))};
-    DayStore store;
-    DayDatabase database{store.Path()};
+    platform::VirtualTime time{QDateTime(QDate(1998, 10, 3), QTime(23, 59, 58))};
+    store::DayStore store;
+    store::DayDatabase database{store.Path()};
     FakeTextLine upper;
     FakeTextLine lower;
     ClockLines lines{settings, time, database, {.upper = upper, .lower = lower}};
@@ -222,7 +223,7 @@ void TstClockLines::TheRefreshFlagIsForOneLookUp() {
 void TstClockLines::AFailingLookUpIsNotRepeated() {
     Bench bench;
     bench.store.Raw("ALTER TABLE Kinenbi RENAME TO Gone");
-    QVERIFY_THROWS_EXCEPTION(SqlError, bench.lines.LookUp());
+    QVERIFY_THROWS_EXCEPTION(store::SqlError, bench.lines.LookUp());
     bench.lines.LookUp();  // the day counts as looked up
     QCOMPARE(bench.Turns(1), QStringList{Set(kSaturday)});
 }
@@ -233,7 +234,7 @@ void TstClockLines::AFailingLookUpDoesNotAnnounceYesterday() {
     bench.Tick();
     bench.store.Raw("ALTER TABLE Kinenbi RENAME TO Gone");
     bench.time.Advance(2000);
-    QVERIFY_THROWS_EXCEPTION(SqlError, bench.lines.LookUp());
+    QVERIFY_THROWS_EXCEPTION(store::SqlError, bench.lines.LookUp());
     QCOMPARE(bench.Turns(1), QStringList{Set(kSunday)});
 }
 
@@ -249,14 +250,14 @@ void TstClockLines::TheDateDoesNotWaitForTheDatabase() {
     bench.Add("('昨日',0,10,3,0),('今日',0,10,4,0)");
     bench.Tick();
     const QString elsewhere = bench.store.Path() + u".elsewhere";
-    bench.database = isCompacted ? DayDatabase() : DayDatabase::OpenLater(bench.store.Path());
+    bench.database = isCompacted ? store::DayDatabase() : store::DayDatabase::OpenLater(bench.store.Path());
     QVERIFY(QFile::rename(bench.store.Path(), elsewhere));
     bench.time.Advance(2000);  // midnight
     bench.Tick();
     QCOMPARE(bench.Turns(2), (QStringList{Set(kSunday), Set(kSunday)}));
     QVERIFY(QFile::rename(elsewhere, bench.store.Path()));
     if (isCompacted) {
-        bench.database = DayDatabase(bench.store.Path());
+        bench.database = store::DayDatabase(bench.store.Path());
     }
     bench.time.Advance(4999);
     bench.Tick();

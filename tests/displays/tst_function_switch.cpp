@@ -14,6 +14,7 @@
 #include "timing/timing_displays.h"
 
 using namespace tickwell;
+using namespace tickwell::displays;
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -35,10 +36,10 @@ struct Bench : LinesBench {
         return QString(The<ClockDisplay>().TimeTimer().IsRunning() ? u"Dz_Timer1 "_s : QString()) +
                (The<ClockDisplay>().DateTimer().IsRunning() ? u"Dz_Timer2 "_s : QString()) +
                (The<UsageDisplay>().UsageTimer().IsRunning() ? u"Win_Timer"_s : QString()) +
-               (The<StopwatchDisplay>().Timer1().IsRunning() ? u"Timer1"_s : QString()) +
+               (The<timing::StopwatchDisplay>().Timer1().IsRunning() ? u"Timer1"_s : QString()) +
                (The<BatteryDisplay>().BatTimer().IsRunning() ? u"BatTimer"_s : QString()) +
                (The<MemoryDisplay>().MemoryTimer().IsRunning() ? u"MemoryTimer"_s : QString()) +
-               (The<CdPlayerDisplay>().CDTimer2().IsRunning() ? u"CDTimer2"_s : QString());
+               (The<media::CdPlayerDisplay>().CDTimer2().IsRunning() ? u"CDTimer2"_s : QString());
     }
     static bool IsTimerFormShown() {
         const QWidgetList windows = QApplication::topLevelWidgets();

@@ -6,6 +6,7 @@
 #include "support/fake_text_line.h"
 
 using namespace tickwell;
+using namespace tickwell::displays;
 using namespace Qt::StringLiterals;
 
 namespace {

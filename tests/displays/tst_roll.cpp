@@ -6,6 +6,7 @@
 #include "shell/main_window_bench.h"
 
 using namespace tickwell;
+using namespace tickwell::displays;
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -31,7 +32,7 @@ class TstRoll : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase() { InstallFontSubstitutes(); }
+    void initTestCase() { lines::InstallFontSubstitutes(); }
     void EachDisplayHasItsNext_data();
     void EachDisplayHasItsNext();
     void TheIntervalIsHeldWithinItsRange_data();
@@ -195,7 +196,7 @@ void TstRoll::SwitchedOffItRests() {
 }
 
 void TstRoll::TheMainWindowRolls() {
-    MainWindowBench bench;
+    shell::MainWindowBench bench;
     bench.store.Put(u"Roll"_s, u"Use"_s, u"True"_s);
     bench.store.Put(u"Roll"_s, u"Kinds"_s, u"0,1,5"_s);
     bench.store.Put(u"Roll"_s, u"Interval"_s, u"3"_s);
@@ -213,14 +214,14 @@ void TstRoll::TheMainWindowRolls() {
 }
 
 void TstRoll::TheMainWindowRollsOnlyWhenItIsOn() {
-    MainWindowBench bench;
+    shell::MainWindowBench bench;
     bench.Start();
     bench.time.Advance(300'000);
     QCOMPARE(bench.settings.function, 0);
 }
 
 void TstRoll::ASettingThatIsAppliedIsFollowedAtOnce() {
-    MainWindowBench bench;
+    shell::MainWindowBench bench;
     bench.Start();
     bench.time.Advance(11'000);
     bench.further.roll = {true, {0, 5}, 1};

@@ -6,13 +6,14 @@
 #include "support/fake_text_line.h"
 
 using namespace tickwell;
+using namespace tickwell::displays;
 using namespace Qt::StringLiterals;
 
 namespace {
 
 struct Bench {
     AppSettings settings;
-    VirtualTime time;
+    platform::VirtualTime time;
     FakeTextLine upper;
     FakeTextLine lower;
     UsageLines lines{settings, time, {.upper = upper, .lower = lower}};

@@ -20,13 +20,13 @@ int main(int argc, char** argv) {
         std::fputs("usage: sound_player FOLDER NAME COUNT\n", stderr);
         return 1;
     }
-    QtTimers timers;
-    SdlSoundOutput output;
-    WaveMix mix(timers, output);
-    SoundState sound;
-    MediaState media;
+    platform::QtTimers timers;
+    platform::SdlSoundOutput output;
+    media::WaveMix mix(timers, output);
+    media::SoundState sound;
+    media::MediaState media;
     FakeMessageBoxes boxes;
-    SoundPlayback playback({mix, sound, media, boxes, timers}, ProgramFolder(words[1]));
+    media::SoundPlayback playback({mix, sound, media, boxes, timers}, ProgramFolder(words[1]));
     playback.PlayChime(words[2], words[3].toInt());
     std::printf("error %d\n", media.MediaError);
     std::fflush(stdout);

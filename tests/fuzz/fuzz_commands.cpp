@@ -40,7 +40,7 @@ public:
         m_wait.meanwhile = [this] { Happen(u"!p9"); };
     }
 
-    CommandResult Send(const QString& command) { return m_devices.Send(command, kLongestReply); }
+    media::CommandResult Send(const QString& command) { return m_devices.Send(command, kLongestReply); }
     std::optional<QString> ErrorText(qint32 error) const { return m_devices.ErrorText(error); }
 
     /// `line`: "!" and a letter for the event, then a digit if the event has a magnitude.
@@ -52,7 +52,7 @@ public:
                     static_cast<std::size_t>(measure % 4)));
                 break;
             case u't':
-                m_drive.TakeOut(static_cast<CdStatus>(measure % 5));
+                m_drive.TakeOut(static_cast<media::CdStatus>(measure % 5));
                 break;
             case u'r':
                 m_drive.FailToRead();
@@ -82,14 +82,14 @@ private:
     FakeCdDrive m_drive;
     FakeSoundOutput m_sound;
     FakeEventWait m_wait;
-    VirtualTime m_time{QDateTime(QDate(1998, 10, 3), QTime(12, 0))};
+    platform::VirtualTime m_time{QDateTime(QDate(1998, 10, 3), QTime(12, 0))};
     VirtualRealTime m_realTime{m_time};
-    CommandDevices m_devices{{.drive = m_drive,
-                              .playback = m_drive,
-                              .sound = m_sound,
-                              .timers = m_realTime,
-                              .wait = m_wait,
-                              .folder = ProgramFolder(Sounds().Path())}};
+    media::CommandDevices m_devices{{.drive = m_drive,
+                                     .playback = m_drive,
+                                     .sound = m_sound,
+                                     .timers = m_realTime,
+                                     .wait = m_wait,
+                                     .folder = ProgramFolder(Sounds().Path())}};
 };
 
 /// The command with more whitespace and, unless it can name a file, with upper and lower case exchanged.
@@ -114,11 +114,11 @@ QString InOtherWords(const QString& command) {
     return other;
 }
 
-void RequireSound(const CommandResult& result, const Bench& bench) {
+void RequireSound(const media::CommandResult& result, const Bench& bench) {
     Require(result.reply.size() <= kLongestReply, "a reply is as long as was asked for at most");
     if (result.error != 0) {
         Require(result.reply.isEmpty(), "an error has no reply");
-        Require(result.error == kErrorDriver || bench.ErrorText(result.error).has_value(),
+        Require(result.error == media::kErrorDriver || bench.ErrorText(result.error).has_value(),
                 "an error has a text");
     }
 }
@@ -145,9 +145,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
             other.Happen(line);
             continue;
         }
-        const CommandResult result = bench.Send(line);
+        const media::CommandResult result = bench.Send(line);
         RequireSound(result, bench);
-        const CommandResult same = other.Send(InOtherWords(line));
+        const media::CommandResult same = other.Send(InOtherWords(line));
         Require(same.error == result.error && same.reply == result.reply,
                 "a command means the same in other blanks and in capitals");
     }

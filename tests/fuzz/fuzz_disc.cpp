@@ -42,10 +42,10 @@ private:
     QByteArray m_front;
 };
 
-void ReadSound(HelperChild& helper, const QString& path, const CdContents& contents) {
+void ReadSound(HelperChild& helper, const QString& path, const media::CdContents& contents) {
     const int end = std::min(contents.leadOut, kMostRead);
-    const auto sound =
-        helper.Run({"read", path.toUtf8(), "0", QByteArray::number(end), ContentsText(contents).toUtf8()});
+    const auto sound = helper.Run(
+        {"read", path.toUtf8(), "0", QByteArray::number(end), platform::ContentsText(contents).toUtf8()});
     Require(!sound || sound->size() == end * qsizetype{kTestSectorBytes},
             "every sector has its place in what is read");
 }
@@ -60,10 +60,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     if (!answer) {
         return 0;
     }
-    const CdSeen seen = SeenFrom(*answer);
-    Require(*answer == "not-ready\n" || seen.status == CdStatus::Ready,
+    const platform::CdSeen seen = platform::SeenFrom(*answer);
+    Require(*answer == "not-ready\n" || seen.status == media::CdStatus::Ready,
             "an answer is one that the program takes");
-    if (seen.status == CdStatus::Ready) {
+    if (seen.status == media::CdStatus::Ready) {
         ReadSound(helper, path, seen.contents);
     }
     return 0;

@@ -35,7 +35,7 @@ const QByteArray& SoundFile(std::size_t number) {
 }
 
 QByteArray FileOf(const QByteArray& input) {
-    if (input.isEmpty() || KindOfFile(input) != JetFileKind::Other) {
+    if (input.isEmpty() || store::KindOfFile(input) != store::JetFileKind::Other) {
         return QByteArray(input.constData(), input.size());
     }
     QByteArray file = SoundFile(static_cast<quint8>(input.front()));
@@ -49,43 +49,43 @@ QByteArray FileOf(const QByteArray& input) {
     return file;
 }
 
-std::optional<DayRows> RowsOf(const QByteArray& file) {
+std::optional<store::DayRows> RowsOf(const QByteArray& file) {
     try {
-        return ReadDayRows(JetFile(file));
-    } catch (const JetError& error) {
+        return store::ReadDayRows(store::JetFile(file));
+    } catch (const store::JetError& error) {
         Require(!error.Reason().isEmpty(), "a refusal has a reason");
         return std::nullopt;
     }
 }
 
-void RequireFits(const DayValue& value, ColumnType type) {
+void RequireFits(const store::DayValue& value, store::ColumnType type) {
     const auto* text = std::get_if<QString>(&value);
-    Require((text == nullptr) == (type == ColumnType::Integer), "a value is of its column's type");
-    if (type == ColumnType::Date) {
+    Require((text == nullptr) == (type == store::ColumnType::Integer), "a value is of its column's type");
+    if (type == store::ColumnType::Date) {
         Require(text->size() == 10 && QDate::fromString(*text, Qt::ISODate).isValid(), "a date is a date");
     }
 }
 
-DayValue ValueAt(const ResultRow& row, const SchemaColumn& column) {
+store::DayValue ValueAt(const store::ResultRow& row, const store::SchemaColumn& column) {
     switch (column.type) {
-        case ColumnType::Integer:
+        case store::ColumnType::Integer:
             return row.Integer(column.name);
-        case ColumnType::Date:
+        case store::ColumnType::Date:
             return row.Date(column.name).toString(Qt::ISODate);
-        case ColumnType::Text:
+        case store::ColumnType::Text:
             break;
     }
     return row.Text(column.name);
 }
 
-QList<QList<DayValue>> RowsIn(DayDatabase& database, const SchemaTable& table) {
-    const bool hasMonth = FindColumn(table.columns, u"Month").has_value();
+QList<QList<store::DayValue>> RowsIn(store::DayDatabase& database, const store::SchemaTable& table) {
+    const bool hasMonth = store::FindColumn(table.columns, u"Month").has_value();
     const QString condition = hasMonth ? u"Month<0 OR Month>=0"_s : u"Date>=#1/1/0100#"_s;
-    QList<QList<DayValue>> rows;
-    for (const ResultRow& row :
+    QList<QList<store::DayValue>> rows;
+    for (const store::ResultRow& row :
          database.RunQuery(u"SELECT * FROM "_s + table.name + u" WHERE " + condition)) {
-        QList<DayValue> values;
-        for (const SchemaColumn& column : table.columns) {
+        QList<store::DayValue> values;
+        for (const store::SchemaColumn& column : table.columns) {
             values.append(ValueAt(row, column));
         }
         rows.append(values);
@@ -93,14 +93,14 @@ QList<QList<DayValue>> RowsIn(DayDatabase& database, const SchemaTable& table) {
     return rows;
 }
 
-void RequireStored(const DayRows& rows) {
+void RequireStored(const store::DayRows& rows) {
     static const QuickFolder folder;
     const QString path = folder.File("DayDate.mdb");
     WriteAll(path, QByteArray());
-    WriteDayFile(path, rows);
-    DayDatabase database(path);
-    for (std::size_t i = 0; i < SchemaTables().size(); ++i) {
-        Require(RowsIn(database, SchemaTables()[i]) == rows.at(static_cast<qsizetype>(i)).rows,
+    store::WriteDayFile(path, rows);
+    store::DayDatabase database(path);
+    for (std::size_t i = 0; i < store::SchemaTables().size(); ++i) {
+        Require(RowsIn(database, store::SchemaTables()[i]) == rows.at(static_cast<qsizetype>(i)).rows,
                 "what was read is what is stored");
     }
 }
@@ -112,10 +112,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     if (!rows) {
         return 0;
     }
-    const auto tables = SchemaTables();
+    const auto tables = store::SchemaTables();
     Require(static_cast<std::size_t>(rows->size()) == tables.size(), "all tables or none");
     for (std::size_t i = 0; i < tables.size(); ++i) {
-        for (const QList<DayValue>& row : rows->at(static_cast<qsizetype>(i)).rows) {
+        for (const QList<store::DayValue>& row : rows->at(static_cast<qsizetype>(i)).rows) {
             Require(static_cast<std::size_t>(row.size()) == tables[i].columns.size(),
                     "a value for each column");
             for (std::size_t column = 0; column < tables[i].columns.size(); ++column) {

@@ -116,7 +116,7 @@ void SettingAValueChangesItAlone(const QByteArray& file, std::size_t which) {
 /// nullopt if a value is refused; the error must name section and key.
 std::optional<Loaded> LoadedFrom(const QString& path) {
     try {
-        return Load(IniFileStore(path));
+        return Load(platform::IniFileStore(path));
     } catch (const SettingsError& error) {
         Require(error.Reason().startsWith(u'['), "a refusal names section and key");
         return std::nullopt;
@@ -132,7 +132,7 @@ void WhatIsLoadedIsSavedAndLoadedAgain(const QByteArray& file) {
         return;
     }
     const auto save = [&] {
-        IniFileStore store(path);
+        platform::IniFileStore store(path);
         SaveSettings(store, loaded->settings, loaded->further, loaded->geometry);
         return ReadAll(path);
     };

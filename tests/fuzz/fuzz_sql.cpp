@@ -35,22 +35,22 @@ public:
         QFile file(path);
         Require(file.open(QIODevice::WriteOnly), "a file can be made");
         file.close();
-        WriteDayFile(path, StoredRows());
-        m_database = DayDatabase(path);
+        store::WriteDayFile(path, StoredRows());
+        m_database = store::DayDatabase(path);
         m_watch.Begin();
     }
 
-    DayDatabase& Database() { return m_database; }
+    store::DayDatabase& Database() { return m_database; }
     const SqlModel& Model() const { return m_model; }
 
 private:
-    DayRows StoredRows() {
-        DayRows tables;
-        for (std::size_t table = 0; table < SchemaTables().size(); ++table) {
-            DayTableRows stored;
+    store::DayRows StoredRows() {
+        store::DayRows tables;
+        for (std::size_t table = 0; table < store::SchemaTables().size(); ++table) {
+            store::DayTableRows stored;
             for (const SqlModel::Row& row : m_model.Rows(table)) {
-                QList<DayValue> values;
-                for (const SqlLiteral& value : row) {
+                QList<store::DayValue> values;
+                for (const store::SqlLiteral& value : row) {
                     values.append(Stored(value));
                 }
                 stored.rows.append(values);
@@ -60,7 +60,7 @@ private:
         return tables;
     }
 
-    static DayValue Stored(const SqlLiteral& value) {
+    static store::DayValue Stored(const store::SqlLiteral& value) {
         if (const auto* number = std::get_if<qint32>(&value)) {
             return *number;
         }
@@ -71,7 +71,7 @@ private:
     QuickFolder m_folder;
     SqliteWatch m_watch;
     SqlModel m_model;
-    DayDatabase m_database;
+    store::DayDatabase m_database;
 };
 
 /// The result of `job`; nullopt if it is refused, and then the error must name `sql`.
@@ -79,26 +79,26 @@ template <typename Job>
 auto Unless(const QString& sql, Job job) -> std::optional<decltype(job())> {
     try {
         return job();
-    } catch (const SqlError& error) {
+    } catch (const store::SqlError& error) {
         Require(error.Sql() == sql, "an error names its statement");
         Require(!error.Reason().isEmpty(), "an error has a reason");
         return std::nullopt;
     }
 }
 
-SqlLiteral ValueAt(const ResultRow& row, const SchemaColumn& column) {
+store::SqlLiteral ValueAt(const store::ResultRow& row, const store::SchemaColumn& column) {
     switch (column.type) {
-        case ColumnType::Integer:
+        case store::ColumnType::Integer:
             return row.Integer(column.name);
-        case ColumnType::Date:
+        case store::ColumnType::Date:
             return row.Date(column.name);
-        case ColumnType::Text:
+        case store::ColumnType::Text:
             break;
     }
     return row.Text(column.name);
 }
 
-void RequireSame(const ResultSet& answer, const std::vector<SchemaColumn>& columns,
+void RequireSame(const store::ResultSet& answer, const std::vector<store::SchemaColumn>& columns,
                  const std::vector<SqlModel::Row>& expected) {
     Require(static_cast<std::size_t>(answer.Count()) == expected.size(), "as many rows as the model has");
     for (std::size_t i = 0; i < expected.size(); ++i) {
@@ -110,24 +110,24 @@ void RequireSame(const ResultSet& answer, const std::vector<SchemaColumn>& colum
 }
 
 /// The meaning of a statement does not depend on its spelling.
-void RequireSameMeaning(const CompiledSql& compiled, const SqlStatement& statement) {
+void RequireSameMeaning(const store::CompiledSql& compiled, const store::SqlStatement& statement) {
     const QString printed = Printed(statement);
-    const CompiledSql again = CompileSql(printed);
+    const store::CompiledSql again = store::CompileSql(printed);
     Require(again.text == compiled.text && again.values == compiled.values, "printed, it means the same");
-    Require(Printed(ParseSql(printed)) == printed, "printed twice, it is the same");
+    Require(Printed(store::ParseSql(printed)) == printed, "printed twice, it is the same");
 }
 
-void RunOne(const QString& sql, DayDatabase& database, SqlModel& model) {
-    const auto compiled = Unless(sql, [&] { return CompileSql(sql); });
+void RunOne(const QString& sql, store::DayDatabase& database, SqlModel& model) {
+    const auto compiled = Unless(sql, [&] { return store::CompileSql(sql); });
     const auto answer = Unless(sql, [&] { return database.RunQuery(sql); });
     const auto changed = Unless(sql, [&] { return database.Execute(sql); });
     if (!compiled) {
         Require(!answer && !changed, "what is no statement is not run");
         return;
     }
-    const SqlStatement statement = ParseSql(sql);
+    const store::SqlStatement statement = store::ParseSql(sql);
     RequireSameMeaning(*compiled, statement);
-    const auto* select = std::get_if<SelectStatement>(&statement);
+    const auto* select = std::get_if<store::SelectStatement>(&statement);
     Require(compiled->isQuery == (select != nullptr), "a query is a SELECT");
     if (select != nullptr) {
         Require(answer && !changed, "a query is answered and changes nothing");
@@ -138,13 +138,13 @@ void RunOne(const QString& sql, DayDatabase& database, SqlModel& model) {
     }
 }
 
-void RequireSameTables(DayDatabase& database, const SqlModel& model) {
-    for (const SchemaTable& table : SchemaTables()) {
-        const bool hasMonth = FindColumn(table.columns, u"Month").has_value();
+void RequireSameTables(store::DayDatabase& database, const SqlModel& model) {
+    for (const store::SchemaTable& table : store::SchemaTables()) {
+        const bool hasMonth = store::FindColumn(table.columns, u"Month").has_value();
         const QString everything = u"SELECT * FROM "_s + table.name + u" WHERE " +
                                    (hasMonth ? u"Month<0 OR Month>=0"_s : u"Date>=#1/1/0100#"_s);
         RequireSame(database.RunQuery(everything), {table.columns.begin(), table.columns.end()},
-                    model.Answer(std::get<SelectStatement>(ParseSql(everything))));
+                    model.Answer(std::get<store::SelectStatement>(store::ParseSql(everything))));
     }
 }
 
@@ -152,10 +152,10 @@ void RequireSameTables(DayDatabase& database, const SqlModel& model) {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     static Bench bench;
-    const QString text = FromSqliteText(InputBytes(data, size));
+    const QString text = store::FromSqliteText(InputBytes(data, size));
     SqlModel model = bench.Model();
     // Never committed: each input starts with the same rows.
-    const DayTransaction transaction(bench.Database());
+    const store::DayTransaction transaction(bench.Database());
     for (const QString& sql : text.split(u";\n"_s)) {
         RunOne(sql, bench.Database(), model);
     }

@@ -77,7 +77,7 @@ void CatchFalls() {
     }
 }
 
-QByteArray Contents(int file) {
+QByteArray store::Contents(int file) {
     QByteArray bytes(static_cast<qsizetype>(lseek(file, 0, SEEK_END)), '\0');
     Require(pread(file, bytes.data(), static_cast<std::size_t>(bytes.size()), 0) == bytes.size(),
             "memory can be read");
@@ -112,11 +112,11 @@ std::optional<QByteArray> HelperChild::Run(const QList<QByteArray>& words) {
     std::memcpy(Counters().data(), g_shared, Counters().size());
     const int end = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
     const bool isOutOfTime = WIFSIGNALED(status) && WTERMSIG(status) == SIGXCPU;
-    if (end == kEndGone || end == kEndLibrary || isOutOfTime) {
+    if (end == cd_helper::kEndGone || end == kEndLibrary || isOutOfTime) {
         return std::nullopt;
     }
-    Require(end == kEndDone, "the helper ends by itself, and without a fault of ours");
-    return Contents(m_output);
+    Require(end == cd_helper::kEndDone, "the helper ends by itself, and without a fault of ours");
+    return store::Contents(m_output);
 }
 
 void HelperChild::BeChild(const QList<QByteArray>& words) const {

@@ -9,34 +9,34 @@ namespace tickwell {
 
 namespace {
 
-const SchemaTable& TableNamed(const QString& name) {
-    return SchemaTables()[TableIndex(name)];
+const store::SchemaTable& TableNamed(const QString& name) {
+    return store::SchemaTables()[TableIndex(name)];
 }
 
-std::size_t ColumnIndex(const SchemaTable& table, const QString& name) {
-    return FindColumn(table.columns, name).value();
+std::size_t ColumnIndex(const store::SchemaTable& table, const QString& name) {
+    return store::FindColumn(table.columns, name).value();
 }
 
 template <typename Value>
-bool Compares(SqlOperator op, const Value& left, const Value& right) {
+bool Compares(store::SqlOperator op, const Value& left, const Value& right) {
     switch (op) {
-        case SqlOperator::Equal:
+        case store::SqlOperator::Equal:
             return left == right;
-        case SqlOperator::NotEqual:
+        case store::SqlOperator::NotEqual:
             return left != right;
-        case SqlOperator::LessOrEqual:
+        case store::SqlOperator::LessOrEqual:
             return left <= right;
-        case SqlOperator::GreaterOrEqual:
+        case store::SqlOperator::GreaterOrEqual:
             return left >= right;
-        case SqlOperator::Less:
+        case store::SqlOperator::Less:
             return left < right;
-        case SqlOperator::Greater:
+        case store::SqlOperator::Greater:
             return left > right;
     }
     return false;
 }
 
-bool Compares(SqlOperator op, const SqlLiteral& left, const SqlLiteral& right) {
+bool Compares(store::SqlOperator op, const store::SqlLiteral& left, const store::SqlLiteral& right) {
     if (const auto* number = std::get_if<qint32>(&left)) {
         return Compares(op, *number, std::get<qint32>(right));
     }
@@ -48,48 +48,48 @@ bool Compares(SqlOperator op, const SqlLiteral& left, const SqlLiteral& right) {
 
 /// Whether a row satisfies a condition.
 struct Fulfils {
-    const SchemaTable& table;
+    const store::SchemaTable& table;
     const SqlModel::Row& row;
 
-    bool operator()(const Comparison& comparison) const {
+    bool operator()(const store::Comparison& comparison) const {
         return Compares(comparison.op, row.at(ColumnIndex(table, comparison.column)), comparison.value);
     }
-    bool operator()(const Between& between) const {
-        const SqlLiteral& value = row.at(ColumnIndex(table, between.column));
-        return Compares(SqlOperator::GreaterOrEqual, value, between.first) &&
-               Compares(SqlOperator::LessOrEqual, value, between.last);
+    bool operator()(const store::Between& between) const {
+        const store::SqlLiteral& value = row.at(ColumnIndex(table, between.column));
+        return Compares(store::SqlOperator::GreaterOrEqual, value, between.first) &&
+               Compares(store::SqlOperator::LessOrEqual, value, between.last);
     }
     bool operator()(const AllOf& all) const {
         return std::all_of(all.parts.begin(), all.parts.end(),
-                           [this](const Condition& part) { return std::visit(*this, part); });
+                           [this](const store::Condition& part) { return std::visit(*this, part); });
     }
-    bool operator()(const AnyOf& any) const {
+    bool operator()(const store::AnyOf& any) const {
         return std::any_of(any.parts.begin(), any.parts.end(),
-                           [this](const Condition& part) { return std::visit(*this, part); });
+                           [this](const store::Condition& part) { return std::visit(*this, part); });
     }
 };
 
 /// The value as stored: a number can be given in quotes.
-SqlLiteral Stored(ColumnType type, const SqlLiteral& literal) {
+store::SqlLiteral Stored(store::ColumnType type, const store::SqlLiteral& literal) {
     const auto* text = std::get_if<QString>(&literal);
-    return type == ColumnType::Integer && text != nullptr ? SqlLiteral(text->toInt()) : literal;
+    return type == store::ColumnType::Integer && text != nullptr ? store::SqlLiteral(text->toInt()) : literal;
 }
 
 }  // namespace
 
 std::size_t TableIndex(const QString& name) {
-    return static_cast<std::size_t>(FindTable(name) - SchemaTables().data());
+    return static_cast<std::size_t>(store::FindTable(name) - store::SchemaTables().data());
 }
 
-std::vector<SqlModel::Row> SqlModel::Answer(const SelectStatement& select) const {
-    const SchemaTable& table = TableNamed(select.table);
+std::vector<SqlModel::Row> SqlModel::Answer(const store::SelectStatement& select) const {
+    const store::SchemaTable& table = TableNamed(select.table);
     std::vector<Row> answer;
     for (const Row& row : m_tables.at(TableIndex(select.table))) {
         if (!std::visit(Fulfils{table, row}, select.where)) {
             continue;
         }
         Row asked = select.columns.empty() ? row : Row();
-        for (const QualifiedColumn& name : select.columns) {
+        for (const store::QualifiedColumn& name : select.columns) {
             asked.push_back(row.at(ColumnIndex(table, name.column)));
         }
         answer.push_back(std::move(asked));
@@ -97,18 +97,18 @@ std::vector<SqlModel::Row> SqlModel::Answer(const SelectStatement& select) const
     return answer;
 }
 
-std::optional<int> SqlModel::Change(const SqlStatement& statement) {
-    if (const auto* insert = std::get_if<InsertStatement>(&statement)) {
+std::optional<int> SqlModel::Change(const store::SqlStatement& statement) {
+    if (const auto* insert = std::get_if<store::InsertStatement>(&statement)) {
         return Change(*insert);
     }
-    if (const auto* update = std::get_if<UpdateStatement>(&statement)) {
+    if (const auto* update = std::get_if<store::UpdateStatement>(&statement)) {
         return Change(*update);
     }
-    return Change(std::get<DeleteStatement>(statement));
+    return Change(std::get<store::DeleteStatement>(statement));
 }
 
-std::optional<int> SqlModel::Change(const InsertStatement& insert) {
-    const SchemaTable& table = TableNamed(insert.table);
+std::optional<int> SqlModel::Change(const store::InsertStatement& insert) {
+    const store::SchemaTable& table = TableNamed(insert.table);
     if (insert.values.size() < table.columns.size()) {
         return std::nullopt;
     }
@@ -121,15 +121,15 @@ std::optional<int> SqlModel::Change(const InsertStatement& insert) {
     return 1;
 }
 
-int SqlModel::Change(const UpdateStatement& update) {
-    const SchemaTable& table = TableNamed(update.table);
+int SqlModel::Change(const store::UpdateStatement& update) {
+    const store::SchemaTable& table = TableNamed(update.table);
     int changed = 0;
     for (Row& row : Rows(TableIndex(update.table))) {
         if (!std::visit(Fulfils{table, row}, update.where)) {
             continue;
         }
         ++changed;
-        for (const Assignment& assignment : update.assignments) {
+        for (const store::Assignment& assignment : update.assignments) {
             const std::size_t at = ColumnIndex(table, assignment.column);
             row.at(at) = Stored(table.columns[at].type, assignment.value);
         }
@@ -137,8 +137,8 @@ int SqlModel::Change(const UpdateStatement& update) {
     return changed;
 }
 
-int SqlModel::Change(const DeleteStatement& erase) {
-    const SchemaTable& table = TableNamed(erase.table);
+int SqlModel::Change(const store::DeleteStatement& erase) {
+    const store::SchemaTable& table = TableNamed(erase.table);
     return static_cast<int>(std::erase_if(Rows(TableIndex(erase.table)), [&](const Row& row) {
         return std::visit(Fulfils{table, row}, erase.where);
     }));

@@ -9,7 +9,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QString Text(const SqlLiteral& literal) {
+QString Text(const store::SqlLiteral& literal) {
     if (const auto* number = std::get_if<qint32>(&literal)) {
         return QString::number(*number);
     }
@@ -20,78 +20,79 @@ QString Text(const SqlLiteral& literal) {
     return u"#%1/%2/%3#"_s.arg(date.month()).arg(date.day()).arg(date.year(), 4, 10, QChar(u'0'));
 }
 
-QString Text(SqlOperator op) {
+QString Text(store::SqlOperator op) {
     switch (op) {
-        case SqlOperator::Equal:
+        case store::SqlOperator::Equal:
             return u"="_s;
-        case SqlOperator::NotEqual:
+        case store::SqlOperator::NotEqual:
             return u"<>"_s;
-        case SqlOperator::LessOrEqual:
+        case store::SqlOperator::LessOrEqual:
             return u"<="_s;
-        case SqlOperator::GreaterOrEqual:
+        case store::SqlOperator::GreaterOrEqual:
             return u">="_s;
-        case SqlOperator::Less:
+        case store::SqlOperator::Less:
             return u"<"_s;
-        case SqlOperator::Greater:
+        case store::SqlOperator::Greater:
             return u">"_s;
     }
     return {};
 }
 
-QString Text(const Condition& condition);
+QString Text(const store::Condition& condition);
 
-QString Joined(const std::vector<Condition>& parts, const QString& word, bool brackets) {
+QString Joined(const std::vector<store::Condition>& parts, const QString& word, bool brackets) {
     QStringList texts;
-    for (const Condition& part : parts) {
-        const bool isJoined = std::holds_alternative<AnyOf>(part) || std::holds_alternative<AllOf>(part);
-        const bool isBracketed = isJoined && (brackets || std::holds_alternative<AnyOf>(part));
+    for (const store::Condition& part : parts) {
+        const bool isJoined =
+            std::holds_alternative<store::AnyOf>(part) || std::holds_alternative<AllOf>(part);
+        const bool isBracketed = isJoined && (brackets || std::holds_alternative<store::AnyOf>(part));
         texts.append(isBracketed ? u'(' + Text(part) + u')' : Text(part));
     }
     return texts.join(word);
 }
 
-QString Text(const Condition& condition) {
-    if (const auto* comparison = std::get_if<Comparison>(&condition)) {
+QString Text(const store::Condition& condition) {
+    if (const auto* comparison = std::get_if<store::Comparison>(&condition)) {
         return comparison->column + Text(comparison->op) + Text(comparison->value);
     }
-    if (const auto* between = std::get_if<Between>(&condition)) {
+    if (const auto* between = std::get_if<store::Between>(&condition)) {
         return between->column + u" between " + Text(between->first) + u" and " + Text(between->last);
     }
     if (const auto* all = std::get_if<AllOf>(&condition)) {
         return Joined(all->parts, u" and "_s, true);
     }
-    return Joined(std::get<AnyOf>(condition).parts, u" or "_s,
+    return Joined(std::get<store::AnyOf>(condition).parts, u" or "_s,
                   false);  // AND binds tighter, so no brackets are needed
 }
 
-QString Text(const std::vector<QualifiedColumn>& columns) {
+QString Text(const std::vector<store::QualifiedColumn>& columns) {
     QStringList names;
-    for (const QualifiedColumn& column : columns) {
+    for (const store::QualifiedColumn& column : columns) {
         names.append(column.table + u'.' + column.column);
     }
     return names.isEmpty() ? u"*"_s : names.join(u',');
 }
 
 struct Printer {
-    QString operator()(const SelectStatement& select) const {
+    QString operator()(const store::SelectStatement& select) const {
         return u"select "_s + Text(select.columns) + u" from " + select.table + u" where " +
                Text(select.where);
     }
-    QString operator()(const DeleteStatement& erase) const {
+    QString operator()(const store::DeleteStatement& erase) const {
         return u"delete "_s + Text(erase.columns) + u" from " + erase.table + u" where " + Text(erase.where);
     }
-    QString operator()(const InsertStatement& insert) const {
+    QString operator()(const store::InsertStatement& insert) const {
         const QStringList columns(insert.columns.begin(), insert.columns.end());
         QStringList values;
-        for (const SqlLiteral& value : insert.values) {
+        for (const store::SqlLiteral& value : insert.values) {
             values.append(Text(value));
         }
         const QString named = columns.isEmpty() ? QString() : u'(' + columns.join(u',') + u')';
         return u"insert into "_s + insert.table + named + u" values(" + values.join(u',') + u')';
     }
-    QString operator()(const UpdateStatement& update) const {
+    QString operator()(const store::UpdateStatement& update) const {
         QStringList assignments;
-        for (const Assignment& assignment : update.assignments) {
+        for (const store::Assignment& assignment : update.assignments) {
             assignments.append(assignment.column + u'=' + Text(assignment.value));
         }
         return u"update "_s + update.table + u" set " + assignments.join(u',') + u" where " +
@@ -101,7 +102,7 @@ struct Printer {
 
 }  // namespace
 
-QString Printed(const SqlStatement& statement) {
+QString Printed(const store::SqlStatement& statement) {
     return std::visit(Printer{}, statement);
 }
 

@@ -22,8 +22,8 @@ int Remember(sqlite3* handle, char** /*error*/, const void* /*routines*/) {
 
 bool IsOwnName(const QByteArray& name) {
     const QString text = QString::fromLatin1(name);
-    for (const SchemaTable& table : SchemaTables()) {
-        if (table.name == text || FindColumn(table.columns, text)) {
+    for (const store::SchemaTable& table : store::SchemaTables()) {
+        if (table.name == text || store::FindColumn(table.columns, text)) {
             return true;
         }
     }
@@ -83,7 +83,7 @@ int Allow(void* /*context*/, int action, const char* first, const char* /*second
           const char* trigger) {
     const bool isRows = action == SQLITE_READ || action == SQLITE_INSERT || action == SQLITE_UPDATE ||
                         action == SQLITE_DELETE;
-    const bool isOurs = isRows && FindTable(QString::fromUtf8(first)) != nullptr;
+    const bool isOurs = isRows && store::FindTable(QString::fromUtf8(first)) != nullptr;
     Require(trigger == nullptr && (isOurs || action == SQLITE_SELECT || action == SQLITE_TRANSACTION),
             "a statement touches rows of our tables alone");
     return SQLITE_OK;

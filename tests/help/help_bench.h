@@ -11,7 +11,7 @@
 #include "support/fake_message_boxes.h"
 #include "support/files.h"
 
-namespace tickwell {
+namespace tickwell::help {
 
 /// Ten topics of fifty lines each, with the word "clock" in the even ones, and an index.
 inline QByteArray TenTopics() {
@@ -75,4 +75,4 @@ struct HelpBench {
     }
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::help

@@ -4,6 +4,7 @@
 #include "help/folded_text.h"
 
 using namespace tickwell;
+using namespace tickwell::help;
 using namespace Qt::StringLiterals;
 
 using Spans = QList<TextSpan>;

@@ -10,6 +10,7 @@
 #include "support/other_user.h"
 
 using namespace tickwell;
+using namespace tickwell::help;
 using namespace Qt::StringLiterals;
 
 namespace {

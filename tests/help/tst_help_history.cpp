@@ -4,6 +4,7 @@
 #include "help/help_history.h"
 
 using namespace tickwell;
+using namespace tickwell::help;
 
 /// Going back and forward.
 class TstHelpHistory : public QObject {

@@ -7,6 +7,7 @@
 #include "help/help_bench.h"
 
 using namespace tickwell;
+using namespace tickwell::help;
 using namespace Qt::StringLiterals;
 
 /// The help's text in other sizes, colours and widths.

@@ -6,6 +6,7 @@
 #include "help/help_bench.h"
 
 using namespace tickwell;
+using namespace tickwell::help;
 using namespace Qt::StringLiterals;
 
 /// Ways through the help: contents, index, history, links, and finding a word.

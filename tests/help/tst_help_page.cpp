@@ -6,6 +6,7 @@
 #include "help/help_page.h"
 
 using namespace tickwell;
+using namespace tickwell::help;
 using namespace Qt::StringLiterals;
 
 namespace {

@@ -4,6 +4,7 @@
 #include "help/help_search.h"
 
 using namespace tickwell;
+using namespace tickwell::help;
 using namespace Qt::StringLiterals;
 
 namespace {

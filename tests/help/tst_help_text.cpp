@@ -11,6 +11,7 @@
 #include "support/files.h"
 
 using namespace tickwell;
+using namespace tickwell::help;
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -28,17 +29,17 @@ QStringList AllMatches(const QString& text, const QString& expression) {
 /// Every caption of the menus as shown to the user.
 QStringList MenuCaptions() {
     QStringList captions;
-    for (const auto& item : kMenuItems) {
+    for (const auto& item : shell::kMenuItems) {
         captions.append(item.caption.toString());
     }
-    const LinesBench bench;
+    const displays::LinesBench bench;
     for (const auto& display : bench.displays) {
         captions.append(display->Traits().caption.toString());
     }
-    for (const auto& item : kTrayMenuItems) {
+    for (const auto& item : shell::kTrayMenuItems) {
         captions.append(item.caption.toString());
     }
-    for (const Tool& tool : kTools) {
+    for (const shell::Tool& tool : shell::kTools) {
         captions.append(tool.caption.toString());
     }
     captions.removeAll(QString());  // separators

@@ -7,6 +7,7 @@
 #include "help/help_bench.h"
 
 using namespace tickwell;
+using namespace tickwell::help;
 using namespace Qt::StringLiterals;
 
 /// The help window: opening and closing it, what it reads, and its controls.

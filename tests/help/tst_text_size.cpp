@@ -4,6 +4,7 @@
 #include "help/text_size.h"
 
 using namespace tickwell;
+using namespace tickwell::help;
 
 /// The steps of the help text size.
 class TstTextSize : public QObject {

@@ -5,6 +5,7 @@
 #include "platform/time/virtual_time.h"
 
 using namespace tickwell;
+using namespace tickwell::lines;
 
 namespace {
 
@@ -28,7 +29,7 @@ private:
 
 /// A widget on the screen, painted for the first time, and a pacer that has rested for a second.
 struct Bench {
-    VirtualTime time{QDateTime(QDate(1998, 10, 3), QTime(12, 0))};
+    platform::VirtualTime time{QDateTime(QDate(1998, 10, 3), QTime(12, 0))};
     FramePacer pacer{time, time};
     PaintCounter widget;
     int atStart = 0;
@@ -96,7 +97,7 @@ void TstFramePacer::AThousandChangesASecondArePaintedAtMostSixtyTimes() {
 }
 
 void TstFramePacer::AForgottenWidgetIsLeftAlone() {
-    VirtualTime time(QDateTime(QDate(1998, 10, 3), QTime(12, 0)));
+    platform::VirtualTime time(QDateTime(QDate(1998, 10, 3), QTime(12, 0)));
     FramePacer pacer(time, time);
     auto widget = std::make_unique<PaintCounter>();
     pacer.Request(*widget);

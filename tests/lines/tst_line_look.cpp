@@ -6,6 +6,7 @@
 #include "lines/line_look.h"
 
 using namespace tickwell;
+using namespace tickwell::lines;
 using namespace Qt::StringLiterals;
 
 /// Stored numbers, as Qt draws them.

@@ -8,6 +8,7 @@
 #include "platform/time/virtual_time.h"
 
 using namespace tickwell;
+using namespace tickwell::lines;
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -16,7 +17,7 @@ constexpr QRgb kBlack = qRgb(0, 0, 0);
 
 /// A line of 100 x 20 at rest, white on black, with a frame every 20 ms and 4 pixels a frame.
 struct Bench {
-    VirtualTime time{QDateTime(QDate(1998, 10, 3), QTime(12, 0))};
+    platform::VirtualTime time{QDateTime(QDate(1998, 10, 3), QTime(12, 0))};
     FramePacer pacer{time, time};
     MovingWord word{{.clock = time, .timers = time, .pacer = pacer}, nullptr};
 

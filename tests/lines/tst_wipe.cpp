@@ -5,6 +5,7 @@
 #include "lines/wipe.h"
 
 using namespace tickwell;
+using namespace tickwell::lines;
 
 /// Where the edge of a wipe stands, frame by frame.
 class TstWipe : public QObject {

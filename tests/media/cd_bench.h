@@ -10,14 +10,14 @@
 #include "support/fake_sound_output.h"
 #include "support/virtual_real_time.h"
 
-namespace tickwell {
+namespace tickwell::media {
 
 /// The CD player with a drive that the test controls.
 struct CdBench {
     FakeCdDrive drive;
     FakeSoundOutput sound;
     FakeEventWait wait;
-    VirtualTime time{QDateTime(QDate(1998, 10, 3), QTime(12, 0))};
+    platform::VirtualTime time{QDateTime(QDate(1998, 10, 3), QTime(12, 0))};
     FakeMessageBoxes boxes;
     Handlers handlers{boxes};
     bool tellsNoCdDrive = true;
@@ -95,4 +95,4 @@ inline QString PlayFrom(int second, int toSecond = 300) {
     return QStringLiteral("play %1 %2").arg(second * 44'100).arg(toSecond * 75);
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::media

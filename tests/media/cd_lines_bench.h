@@ -5,7 +5,7 @@
 #include "media/cd_lines.h"
 #include "support/fake_text_line.h"
 
-namespace tickwell {
+namespace tickwell::media {
 
 /// A main window that only stores the number of its function.
 class FakeFunctions : public DisplayFunctions {
@@ -42,4 +42,4 @@ struct CdLinesBench : CdBench {
     QString Both() const { return upper.Text() + QStringLiteral(" / ") + lower.Text(); }
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::media

@@ -13,14 +13,14 @@
 #include "support/virtual_real_time.h"
 #include "support/wave_bytes.h"
 
-namespace tickwell {
+namespace tickwell::media {
 
 /// Devices with ports that the test controls, and a folder for waves.
 struct DeviceBench {
     FakeCdDrive drive;
     FakeSoundOutput sound;
     FakeEventWait wait;
-    VirtualTime time{QDateTime(QDate(1998, 10, 3), QTime(12, 0))};
+    platform::VirtualTime time{QDateTime(QDate(1998, 10, 3), QTime(12, 0))};
     QTemporaryDir folder;
     VirtualRealTime realTime{time};
     CommandDevices devices{{.drive = drive,
@@ -52,4 +52,4 @@ struct DeviceBench {
     }
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::media

@@ -4,6 +4,7 @@
 #include "media/device_bench.h"
 
 using namespace tickwell;
+using namespace tickwell::media;
 using namespace Qt::StringLiterals;
 
 /// The CD as a command device.

@@ -6,6 +6,7 @@
 #include "support/fake_command_strings.h"
 
 using namespace tickwell;
+using namespace tickwell::media;
 using namespace Qt::StringLiterals;
 
 namespace {

@@ -4,6 +4,7 @@
 #include "media/cd_bench.h"
 
 using namespace tickwell;
+using namespace tickwell::media;
 using namespace Qt::StringLiterals;
 
 namespace {

@@ -4,6 +4,7 @@
 #include "media/cd_bench.h"
 
 using namespace tickwell;
+using namespace tickwell::media;
 using namespace Qt::StringLiterals;
 
 /// Rewind and fast forward while the button is held.

@@ -8,6 +8,7 @@
 #include "support/child.h"
 
 using namespace tickwell;
+using namespace tickwell::media;
 using namespace Qt::StringLiterals;
 
 namespace {

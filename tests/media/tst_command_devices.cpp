@@ -7,6 +7,7 @@
 #include "media/device_bench.h"
 
 using namespace tickwell;
+using namespace tickwell::media;
 using namespace Qt::StringLiterals;
 
 namespace {

@@ -7,6 +7,7 @@
 #include "support/fake_message_boxes.h"
 
 using namespace tickwell;
+using namespace tickwell::media;
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -23,7 +24,9 @@ struct Bench {
         devices.texts.insert(276, u"ディスクなし"_s);
     }
     void Fail(const QString& command, qint32 error = 276) { devices.results.insert(command, {error, {}}); }
-    void Answer(const QString& command, const QString& reply) { devices.results.insert(command, {0, reply}); }
+    void print_helper::Answer(const QString& command, const QString& reply) {
+        devices.results.insert(command, {0, reply});
+    }
 };
 
 }  // namespace

@@ -13,6 +13,7 @@
 #include "support/virtual_real_time.h"
 
 using namespace tickwell;
+using namespace tickwell::media;
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -48,7 +49,7 @@ struct Bench {
         return output.Devices().isEmpty() ? std::vector<qint16>() : output.Devices().last()->sounded;
     }
 
-    VirtualTime time{QDateTime(QDate(2026, 11, 20), QTime(12, 0))};
+    platform::VirtualTime time{QDateTime(QDate(2026, 11, 20), QTime(12, 0))};
     FakeSoundOutput output;
     VirtualRealTime realTime{time};
     WaveMix mix{realTime, output};

@@ -8,6 +8,7 @@
 #include "support/wave_bytes.h"
 
 using namespace tickwell;
+using namespace tickwell::media;
 using namespace Qt::StringLiterals;
 
 using Values = std::vector<qint16>;

@@ -10,6 +10,7 @@
 #include "support/wave_bytes.h"
 
 using namespace tickwell;
+using namespace tickwell::media;
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -54,7 +55,7 @@ struct Bench {
     FakeSoundOutput::Device& Device() { return *output.Devices().last(); }
 
     QTemporaryDir folder;
-    VirtualTime time{QDateTime(QDate(2026, 11, 20), QTime(12, 0))};
+    platform::VirtualTime time{QDateTime(QDate(2026, 11, 20), QTime(12, 0))};
     FakeSoundOutput output;
     VirtualRealTime realTime{time};
     WaveMix mix{realTime, output};

@@ -40,8 +40,8 @@ int ModeOf(const QWidget& form) {
     return mode;
 }
 
-std::multiset<ModelDate> DatesIn(const QStringList& rows) {
-    std::multiset<ModelDate> dates;
+std::multiset<days::ModelDate> DatesIn(const QStringList& rows) {
+    std::multiset<days::ModelDate> dates;
     for (const QString& row : rows) {
         const QDate date = QDate::fromString(row, Qt::ISODate);
         dates.insert({date.year(), date.month(), date.day()});
@@ -50,9 +50,9 @@ std::multiset<ModelDate> DatesIn(const QStringList& rows) {
 }
 
 /// The stored tables, read without the program's own database code.
-ModelTables TablesOf(const QString& path) {
-    RawConnection database(path);
-    ModelTables tables;
+days::ModelTables TablesOf(const QString& path) {
+    store::RawConnection database(path);
+    days::ModelTables tables;
     for (const QString& row : database.Run("SELECT Month, Day, Name FROM Syukuzitu ORDER BY id")) {
         tables.holidays.append(
             {row.section(u'|', 2), row.section(u'|', 0, 0).toInt(), row.section(u'|', 1, 1).toInt()});
@@ -64,7 +64,7 @@ ModelTables TablesOf(const QString& path) {
 }
 
 /// The word in a day's accessible name for a colour other than its column's default.
-QString MarkOf(const ModelCell& cell, int column) {
+QString MarkOf(const days::ModelCell& cell, int column) {
     const bool hasTip = !cell.tip.isEmpty();
     if (cell.color == 0 && (hasTip || column == 0 || column == kDays - 1)) {
         return u"平日"_s;
@@ -75,7 +75,7 @@ QString MarkOf(const ModelCell& cell, int column) {
     return cell.color == 0xFF0000 && (hasTip || column != kDays - 1) ? u"半日"_s : QString();
 }
 
-QString SpokenOf(const ModelCell& cell, int year, int month, int column) {
+QString SpokenOf(const days::ModelCell& cell, int year, int month, int column) {
     QStringList parts{u"%1年%2月%3日 %4曜日"_s.arg(QString::number(year), QString::number(month),
                                                    cell.caption, u"日月火水木金土"_s.mid(column, 1))};
     parts.append(cell.tip);
@@ -88,9 +88,9 @@ QString SpokenOf(const ModelCell& cell, int year, int month, int column) {
 /// and not in the first and the last year, where the current month can be out of range while the grid still
 /// shows the previous one.
 void CheckColors(const Scene& scene, const QWidget& form, int year, int month, Complaints& complaints) {
-    const ModelCells cells = ModelMonth(TablesOf(scene.Of().DatabasePath()), year, month);
+    const days::ModelCells cells = days::ModelMonth(TablesOf(scene.Of().DatabasePath()), year, month);
     for (int index = kFirstCell; index < kCells; ++index) {
-        const ModelCell& expected = cells.at(static_cast<std::size_t>(index - kFirstCell));
+        const days::ModelCell& expected = cells.at(static_cast<std::size_t>(index - kFirstCell));
         const auto& cell = ChildOf<QPushButton>(form, u"Check1(%1)"_s.arg(index));
         if (expected.isVisible) {
             const QString spoken = SpokenOf(expected, year, month, index % kDays);
@@ -101,11 +101,11 @@ void CheckColors(const Scene& scene, const QWidget& form, int year, int month, C
 }
 
 void CheckGrid(const QWidget& form, int year, int month, Complaints& complaints) {
-    complaints.Unless(ChildOf<QLabel>(form, u"Label1"_s).text() == ModelHeading(year, month),
+    complaints.Unless(ChildOf<QLabel>(form, u"Label1"_s).text() == days::ModelHeading(year, month),
                       u"the calendar's heading"_s);
-    const ModelCells cells = ModelMonth({}, year, month);
+    const days::ModelCells cells = days::ModelMonth({}, year, month);
     for (int index = kFirstCell; index < kCells; ++index) {
-        const ModelCell& expected = cells.at(static_cast<std::size_t>(index - kFirstCell));
+        const days::ModelCell& expected = cells.at(static_cast<std::size_t>(index - kFirstCell));
         const auto& cell = ChildOf<QPushButton>(form, u"Check1(%1)"_s.arg(index));
         complaints.Unless(
             cell.isVisible() == expected.isVisible && cell.text() == expected.caption,

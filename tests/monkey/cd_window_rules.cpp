@@ -32,7 +32,7 @@ constexpr std::array kStates{
 }  // namespace
 
 void CheckCdWindow(const Scene& scene, Complaints& complaints) {
-    const CdPlayerState& state = scene.Now().program->Player().State();
+    const media::CdPlayerState& state = scene.Now().program->Player().State();
     const auto* row = std::find_if(kStates.begin(), kStates.end(),
                                    [&](const StateTable& each) { return each.state == state.CdState; });
     complaints.Unless(row != kStates.end(), u"CD state %1"_s.arg(state.CdState));

@@ -43,7 +43,8 @@ void Deeds::SetTheClock() {
 void Deeds::ChangeTheDisc() {
     FakeCdDrive& drive = m_world.Now().drive;
     const std::array discs{ThreeTracks(), OddTracks(), MixedDisc(), DataDisc()};
-    constexpr std::array kGone{CdStatus::NoDisc, CdStatus::TrayOpen, CdStatus::NotReady, CdStatus::Failed};
+    constexpr std::array kGone{media::CdStatus::NoDisc, media::CdStatus::TrayOpen, media::CdStatus::NotReady,
+                               media::CdStatus::Failed};
     const int kind = m_random.Number(8);
     Trail::Note(u"change the disc, %1"_s.arg(kind));
     if (kind < 4) {

@@ -18,7 +18,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr qint64 kStartUp = 11'000;  // ms
+constexpr qint64 shell::kStartUp = 11'000;  // ms
 constexpr qint64 kSettled =
     25'000;  // ms; long enough for every line to be refreshed by its own timer, the slowest twice
 
@@ -62,7 +62,7 @@ void CheckMarks(const Scene& scene, const QWidget& form, Complaints& complaints)
     }
     complaints.Unless(function >= 0 && function < static_cast<qint32>(kFunctions.size()),
                       u"function " + QString::number(function));
-    const bool hasStarted = scene.Now().passed >= kStartUp || !checked.isEmpty();
+    const bool hasStarted = scene.Now().passed >= shell::kStartUp || !checked.isEmpty();
     if (!hasStarted) {
         return;
     }
@@ -83,8 +83,8 @@ void CheckMenu(const QWidget& form, Complaints& complaints) {
 }
 
 void CheckPlace(const QWidget& form, Complaints& complaints) {
-    const auto& upper = ChildOf<MovingWord>(form, u"MovingWord1"_s);
-    const auto& lower = ChildOf<MovingWord>(form, u"MovingWord2"_s);
+    const auto& upper = ChildOf<lines::MovingWord>(form, u"MovingWord1"_s);
+    const auto& lower = ChildOf<lines::MovingWord>(form, u"MovingWord2"_s);
     complaints.Unless(form.rect().contains(upper.geometry()) && form.rect().contains(lower.geometry()),
                       u"a line sticks out of the window"_s);
     complaints.Unless(!upper.geometry().intersects(lower.geometry()), u"the lines lie above each other"_s);
@@ -143,7 +143,7 @@ void CheckUpperLine(const Scene& scene, const QString& text, Complaints& complai
     }
     bool isRight = text == kFunctions.at(static_cast<std::size_t>(function)).title;
     if (function == kFunctionCd) {
-        const bool isReady = scene.Now().program->Player().State().CdState != kCdNotReady;
+        const bool isReady = scene.Now().program->Player().State().CdState != media::kCdNotReady;
         isRight =
             isReady ? IsLike(text, uR"(全トラック数 \d+)"_s) : text == u"オーディオCDの準備ができていません";
     }
@@ -166,15 +166,15 @@ void CheckMainWindow(const Scene& scene, Complaints& complaints) {
 
 void CheckLines(const Scene& scene, Complaints& complaints) {
     const Machine& now = scene.Now();
-    if (scene.Quiet() < kSettled || now.passed < kStartUp || scene.HasBox(u"Tickwell"_s)) {
+    if (scene.Quiet() < kSettled || now.passed < shell::kStartUp || scene.HasBox(u"Tickwell"_s)) {
         return;  // a function whose handler failed keeps its last text
     }
     const QWidget& form = MainWindow();
     if (!form.isVisible()) {
         return;  // a hidden window is not refreshed
     }
-    CheckLowerLine(scene, ChildOf<MovingWord>(form, u"MovingWord2"_s).Text(), complaints);
-    CheckUpperLine(scene, ChildOf<MovingWord>(form, u"MovingWord1"_s).Text(), complaints);
+    CheckLowerLine(scene, ChildOf<lines::MovingWord>(form, u"MovingWord2"_s).Text(), complaints);
+    CheckUpperLine(scene, ChildOf<lines::MovingWord>(form, u"MovingWord1"_s).Text(), complaints);
 }
 
 }  // namespace tickwell

@@ -81,7 +81,7 @@ int main(int argc, char** argv) {
         std::fprintf(stderr, "monkey: no number\n");
         return kMisused;
     }
-    tickwell::InstallFontSubstitutes();
-    tickwell::InstallMainWindowAccessibility();
+    tickwell::lines::InstallFontSubstitutes();
+    tickwell::shell::InstallMainWindowAccessibility();
     return Run(*seed, static_cast<int>(*deeds));
 }

@@ -25,7 +25,7 @@ const QStringList& KnownFiles() {
 /// The national holidays are part of the delivered database; the program never changes them.
 constexpr QStringView kHolidays = u"SELECT count(*) FROM Syukuzitu";
 
-void CheckDates(RawConnection& database, const QByteArray& table, Complaints& complaints) {
+void CheckDates(store::RawConnection& database, const QByteArray& table, Complaints& complaints) {
     for (const QString& text : database.Run("SELECT Date FROM " + table)) {
         const QDate date = QDate::fromString(text, Qt::ISODate);
         complaints.Unless(date.isValid() && date.toString(Qt::ISODate) == text,
@@ -40,7 +40,7 @@ void CheckDates(RawConnection& database, const QByteArray& table, Complaints& co
 }  // namespace
 
 void CheckDatabase(const World& world, Complaints& complaints) {
-    RawConnection database(world.DatabasePath());
+    store::RawConnection database(world.DatabasePath());
     complaints.Unless(database.Run("PRAGMA quick_check") == QStringList{u"ok"_s}, u"quick_check"_s);
     for (const QByteArray& table : {QByteArray("Holiday"), QByteArray("Halfday"), QByteArray("Usuallyday")}) {
         CheckDates(database, table, complaints);
@@ -53,7 +53,7 @@ void CheckDatabase(const World& world, Complaints& complaints) {
     complaints.Unless(wrong.isEmpty(), u"anniversaries of no kind: " + wrong.join(u' '));
     complaints.Unless(
         database.Run(kHolidays.toLatin1()) ==
-            RawConnection(QStringLiteral(TICKWELL_MASTERS "/DayDate.mdb")).Run(kHolidays.toLatin1()),
+            store::RawConnection(QStringLiteral(TICKWELL_MASTERS "/DayDate.mdb")).Run(kHolidays.toLatin1()),
         u"the national holidays are not what was delivered"_s);
     const QStringList files =
         QDir(world.Folder()).entryList(QDir::Files | QDir::Hidden, QDir::Name | QDir::IgnoreCase);
@@ -65,7 +65,7 @@ void CheckDatabase(const World& world, Complaints& complaints) {
 
 void CheckSettingsFile(const World& world, Complaints& complaints) {
     try {
-        const IniFileStore store(world.SettingsPath());
+        const platform::IniFileStore store(world.SettingsPath());
         AppSettings settings;
         FurtherSettings further;
         WindowGeometry geometry;

@@ -31,7 +31,7 @@ void CheckStopwatch(const Scene& scene, Complaints& complaints) {
     if (form == nullptr) {
         return;
     }
-    const StopwatchState& state = scene.Now().state.stopwatch;
+    const timing::StopwatchState& state = scene.Now().state.stopwatch;
     const bool running = state.StopwatchRunning;
     complaints.Met(running ? u"StopForm running"_s : u"StopForm stopped"_s);
     const QString upper = ChildOf<QPushButton>(*form, u"Command1"_s).text();
@@ -55,7 +55,7 @@ void CheckTimer(const Scene& scene, Complaints& complaints) {
     if (form == nullptr) {
         return;
     }
-    const CountdownState& state = scene.Now().state.countdown;
+    const timing::CountdownState& state = scene.Now().state.countdown;
     const bool running = state.CountdownRunning;
     complaints.Met(running ? u"TimerForm running"_s : u"TimerForm stopped"_s);
     const QString caption = ChildOf<QPushButton>(*form, u"Command1"_s).text();
@@ -80,8 +80,8 @@ void CheckTimer(const Scene& scene, Complaints& complaints) {
 /// left its range meanwhile, which stops the reading.
 std::optional<qint32> ReadingOf(const Machine& now) {
     const qint32 function = now.state.started.settings.function;
-    const StopwatchState& watch = now.state.stopwatch;
-    const CountdownState& countdown = now.state.countdown;
+    const timing::StopwatchState& watch = now.state.stopwatch;
+    const timing::CountdownState& countdown = now.state.countdown;
     qint64 passed = 0;
     qint64 reading = 0;
     if (function == kFunctionStopwatch && watch.StopwatchRunning) {
@@ -112,7 +112,7 @@ void CheckReading(const Scene& scene, Complaints& complaints) {
     const QWidget* form = scene.Window(u"Form1"_s);
     const auto reading = ReadingOf(scene.Now());
     if (form != nullptr && form->isVisible() && reading && scene.Quiet() >= 2 * kFrame) {
-        const QString text = ChildOf<MovingWord>(*form, u"MovingWord2"_s).Text();
+        const QString text = ChildOf<lines::MovingWord>(*form, u"MovingWord2"_s).Text();
         complaints.Unless(IsReadingOfLastFrame(text, scene.Now(), *reading),
                           u"the reading is %1 and should be %2"_s.arg(text, ElapsedText(*reading)));
     }

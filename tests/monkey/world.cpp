@@ -67,27 +67,27 @@ void World::Start(Random& random) {
     if (random.OneIn(2)) {
         machine.drive.PutIn(ThreeTracks());
     }
-    PrepareFolder(Folder(), QStringLiteral(TICKWELL_MASTERS));
+    app::PrepareFolder(Folder(), QStringLiteral(TICKWELL_MASTERS));
     machine.state.started =
-        StartUp(Folder(), [this] { return std::make_unique<IniFileStore>(SettingsPath()); });
-    const ProgramPorts ports{.clock = machine.time,
-                             .timers = machine.time,
-                             .jumps = machine.time,
-                             .realTimers = machine.realTime,
-                             .boxes = machine.boxes,
-                             .handlers = machine.handlers,
-                             .tray = machine.tray,
-                             .stack = machine.stack,
-                             .starter = machine.starter,
-                             .autostart = machine.autostart,
-                             .printer = machine.printer,
-                             .sound = machine.sound,
-                             .wait = machine.wait,
-                             .drive = machine.drive,
-                             .playback = machine.drive,
-                             .display = {.power = Borrowed<const Power>(machine.power),
-                                         .memory = Borrowed<const Memory>(machine.memory)}};
-    machine.program = std::make_unique<RunningProgram>(ports, machine.state, [&machine] {
+        app::StartUp(Folder(), [this] { return std::make_unique<platform::IniFileStore>(SettingsPath()); });
+    const app::ProgramPorts ports{.clock = machine.time,
+                                  .timers = machine.time,
+                                  .jumps = machine.time,
+                                  .realTimers = machine.realTime,
+                                  .boxes = machine.boxes,
+                                  .handlers = machine.handlers,
+                                  .tray = machine.tray,
+                                  .stack = machine.stack,
+                                  .starter = machine.starter,
+                                  .autostart = machine.autostart,
+                                  .printer = machine.printer,
+                                  .sound = machine.sound,
+                                  .wait = machine.wait,
+                                  .drive = machine.drive,
+                                  .playback = machine.drive,
+                                  .display = {.power = Borrowed<const Power>(machine.power),
+                                              .memory = Borrowed<const Memory>(machine.memory)}};
+    machine.program = std::make_unique<app::RunningProgram>(ports, machine.state, [&machine] {
         machine.hasClosed = true;
         machine.stored = machine.state.started.settings;
         machine.storedFurther = machine.state.started.further;

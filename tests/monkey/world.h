@@ -28,9 +28,9 @@ namespace tickwell {
 struct Machine {
     Machine(const QDateTime& now, qint64 tick) : time(now, tick) {}
 
-    VirtualTime time;
+    platform::VirtualTime time;
     VirtualRealTime realTime{time};
-    QtMessageBoxes boxes;
+    platform::QtMessageBoxes boxes;
     Handlers handlers{boxes};
     FakePower power;
     FakeMemory memory;
@@ -42,13 +42,13 @@ struct Machine {
     FakeSoundOutput sound;
     FakeEventWait wait;
     FakeCdDrive drive;
-    ProgramState state;
+    app::ProgramState state;
     bool hasClosed = false;   ///< the main window has closed; a message box may still delay the program's end
     qint64 passed = 0;        ///< ms since the start
     bool wasOddYear = false;  ///< the year was outside of the calendar's range at some time since the start
     AppSettings stored;       ///< the settings when the main window closed
     FurtherSettings storedFurther;
-    std::unique_ptr<RunningProgram> program;
+    std::unique_ptr<app::RunningProgram> program;
 
     /// Advances time, disc and sound together, and Qt's clock with them.
     void Pass(qint64 milliseconds);

@@ -7,7 +7,7 @@
 #include "platform/time/qt_timers.h"
 #include "support/fake_sound_output.h"
 
-namespace tickwell {
+namespace tickwell::platform {
 
 inline constexpr int kDrivePatience = 60'000;  // ms; only a failing test waits this long
 inline constexpr int kQuick = 10;              // times faster than real time
@@ -43,16 +43,16 @@ struct DriveBench {
     CdSeen Look() {
         drive.Look();
         const bool isSeen = QTest::qWaitFor([&] { return !drive.IsLooking(); }, kDrivePatience);
-        return isSeen ? Seen() : CdSeen{CdStatus::Failed, {}};
+        return isSeen ? Seen() : CdSeen{media::CdStatus::Failed, {}};
     }
 
     CdSeen Seen() const { return {drive.Picture().status, drive.Picture().contents}; }
-    CdMode Mode() const { return drive.Picture().mode; }
+    media::CdMode Mode() const { return drive.Picture().mode; }
 
     /// Plays the sectors `from` to `to` - 1 as fast as they arrive and returns all that was played.
     QByteArray PlayAll(int from, int to) {
         sound.clear();
-        return drive.Play(from * kFramesPerSector, to) ? PlayRest() : QByteArray();
+        return drive.Play(from * media::kFramesPerSector, to) ? PlayRest() : QByteArray();
     }
 
     /// Plays until playback ends and returns all that was played.
@@ -61,7 +61,7 @@ struct DriveBench {
         const bool ended = QTest::qWaitFor(
             [&] {
                 Sound(kMuch);
-                return Mode() == CdMode::Stopped;
+                return Mode() == media::CdMode::Stopped;
             },
             kDrivePatience);
         return ended ? sound : QByteArray("it did not end");
@@ -81,7 +81,7 @@ struct DriveBench {
 
     /// Waits until the first sound of a range was played.
     bool WaitForSound() {
-        return QTest::qWaitFor([&] { return Mode() == CdMode::Playing; }, kDrivePatience);
+        return QTest::qWaitFor([&] { return Mode() == media::CdMode::Playing; }, kDrivePatience);
     }
 
     QuickTimers timers;
@@ -91,4 +91,4 @@ struct DriveBench {
     QByteArray sound;  // played since it was last cleared
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::platform

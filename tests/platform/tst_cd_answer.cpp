@@ -4,14 +4,15 @@
 #include "platform/disc/cd_answer.h"
 
 using namespace tickwell;
+using namespace tickwell::platform;
 using namespace Qt::StringLiterals;
 
 namespace {
 
-const CdContents kMixed{{{0, false}, {450, true}, {650, true}}, 900};
+const media::CdContents kMixed{{{0, false}, {450, true}, {650, true}}, 900};
 
-CdSeen Disc(const CdContents& contents) {
-    return {CdStatus::Ready, contents};
+CdSeen cd_helper::Disc(const media::CdContents& contents) {
+    return {media::CdStatus::Ready, contents};
 }
 
 }  // namespace
@@ -34,13 +35,13 @@ void TstCdAnswer::AnswersAreRead_data() {
     const auto row = [](const char* name, const QByteArray& answer, const CdSeen& seen) {
         QTest::newRow(name) << answer << seen;
     };
-    row("no disc", "no-disc\n", {CdStatus::NoDisc, {}});
-    row("tray open", "tray-open\n", {CdStatus::TrayOpen, {}});
+    row("no disc", "no-disc\n", {media::CdStatus::NoDisc, {}});
+    row("tray open", "tray-open\n", {media::CdStatus::TrayOpen, {}});
     row("not ready", "not-ready\n", notReady);
-    row("no right to read it", "no-right\n", {CdStatus::Failed, {}});
-    row("a disc", "disc\ndata 0\naudio 450\naudio 650\nend 900\n", Disc(kMixed));
-    row("one track", "disc\naudio 0\nend 1\n", Disc({{{0, true}}, 1}));
-    row("sound before the first track", "disc\naudio 33\nend 90\n", Disc({{{33, true}}, 90}));
+    row("no right to read it", "no-right\n", {media::CdStatus::Failed, {}});
+    row("a disc", "disc\ndata 0\naudio 450\naudio 650\nend 900\n", cd_helper::Disc(kMixed));
+    row("one track", "disc\naudio 0\nend 1\n", cd_helper::Disc({{{0, true}}, 1}));
+    row("sound before the first track", "disc\naudio 33\nend 90\n", cd_helper::Disc({{{33, true}}, 90}));
     row("nothing", "", notReady);
     row("cut off inside a line", "disc\naudio 0\nend 9", notReady);
     row("cut off behind a line", "disc\naudio 0\n", notReady);

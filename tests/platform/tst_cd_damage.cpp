@@ -11,6 +11,7 @@
 #include "support/files.h"
 
 using namespace tickwell;
+using namespace tickwell::platform;
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -26,7 +27,7 @@ const QString kMemoryLimit = u"--data=100000000"_s;
 constexpr quint32 kSeed = 0xD15C;
 constexpr int kDamages = 120;    // per kind of image
 constexpr int kMostPlayed = 60;  // sectors
-constexpr int kMostSectors = 100 * 60 * 75;
+constexpr int cd_helper::kMostSectors = 100 * 60 * 75;
 constexpr int kPatience =
     250'000;  // ms; the helper may use three seconds of CPU time, however slowly it gets them
 constexpr auto kEndlessChunks =
@@ -58,15 +59,16 @@ QByteArray Damaged(QByteArray bytes, QRandomGenerator& random) {
     }
 }
 
-bool IsTrustworthy(const CdContents& contents) {
+bool IsTrustworthy(const media::CdContents& contents) {
     int last = -1;
-    for (const CdTrackEntry& track : contents.tracks) {
+    for (const media::CdTrackEntry& track : contents.tracks) {
         if (track.start <= last) {
             return false;
         }
         last = track.start;
     }
-    return !contents.tracks.isEmpty() && contents.leadOut > last && contents.leadOut <= kMostSectors;
+    return !contents.tracks.isEmpty() && contents.leadOut > last &&
+           contents.leadOut <= cd_helper::kMostSectors;
 }
 
 }  // namespace
@@ -112,13 +114,13 @@ void TstCdDamage::DamagedImagesArePlayedOrRefused() {
         WriteAll(folder.filePath(file), Damaged(whole, random));
         DriveBench bench(folder.filePath(file), HelperPath(), kQuick);
         const CdSeen seen = bench.Look();
-        if (seen.status == CdStatus::Ready) {
+        if (seen.status == media::CdStatus::Ready) {
             ++discs;
             QVERIFY(IsTrustworthy(seen.contents));
             QVERIFY(bench.PlayAll(0, std::min(seen.contents.leadOut, kMostPlayed)) != "it did not end");
-            QCOMPARE(bench.Mode(), CdMode::Stopped);
+            QCOMPARE(bench.Mode(), media::CdMode::Stopped);
         } else {
-            QCOMPARE(seen.status, CdStatus::NotReady);
+            QCOMPARE(seen.status, media::CdStatus::NotReady);
         }
     }
     qInfo("%d of %d were still discs", discs, kDamages);

@@ -12,12 +12,13 @@
 #include "support/files.h"
 
 using namespace tickwell;
+using namespace tickwell::platform;
 using namespace Qt::StringLiterals;
 
 namespace {
 
-const CdSeen kTonesSeen{CdStatus::Ready, {{{0, true}, {321, true}, {548, true}}, 931}};
-const CdSeen kMixedSeen{CdStatus::Ready, {{{0, false}, {450, true}, {650, true}}, 900}};
+const CdSeen kTonesSeen{media::CdStatus::Ready, {{{0, true}, {321, true}, {548, true}}, 931}};
+const CdSeen kMixedSeen{media::CdStatus::Ready, {{{0, false}, {450, true}, {650, true}}, 900}};
 constexpr int kBadSector = 400;
 
 }  // namespace
@@ -98,15 +99,15 @@ void TstCdFakeDrive::ADiscIsReadToTheSample() {
 
 void TstCdFakeDrive::StatesAreTold_data() {
     QTest::addColumn<QString>("file");
-    QTest::addColumn<CdStatus>("status");
-    QTest::newRow("empty") << QString() << CdStatus::NoDisc;
-    QTest::newRow("tray open") << u"tray"_s << CdStatus::TrayOpen;
-    QTest::newRow("not ready") << u"busy"_s << CdStatus::NotReady;
+    QTest::addColumn<media::CdStatus>("status");
+    QTest::newRow("empty") << QString() << media::CdStatus::NoDisc;
+    QTest::newRow("tray open") << u"tray"_s << media::CdStatus::TrayOpen;
+    QTest::newRow("not ready") << u"busy"_s << media::CdStatus::NotReady;
 }
 
 void TstCdFakeDrive::StatesAreTold() {
     QFETCH(QString, file);
-    QFETCH(CdStatus, status);
+    QFETCH(media::CdStatus, status);
     if (!file.isEmpty()) {
         PutIn(m_tones);
         WriteAll(InFolder(file), "");
@@ -118,12 +119,12 @@ void TstCdFakeDrive::StatesAreTold() {
 
 void TstCdFakeDrive::ADiscPutInLaterIsFound() {
     DriveBench bench(InFolder(u"drive"_s));
-    QCOMPARE(bench.Look().status, CdStatus::NoDisc);
+    QCOMPARE(bench.Look().status, media::CdStatus::NoDisc);
     PutIn(m_tones);
     QVERIFY(bench.Look() == kTonesSeen);
     TakeOut();
     QVERIFY(bench.Seen() == kTonesSeen);  // no look was started
-    QCOMPARE(bench.Look().status, CdStatus::NoDisc);
+    QCOMPARE(bench.Look().status, media::CdStatus::NoDisc);
     QCOMPARE(bench.changes, 3);
 }
 
@@ -133,21 +134,21 @@ void TstCdFakeDrive::ASwappedDiscIsNotPlayedAndThenFound() {
     QVERIFY(bench.Look() == kTonesSeen);
     PutIn(m_mixed);
     QVERIFY(bench.PlayAll(321, 548).isEmpty());
-    QCOMPARE(bench.Seen().status, CdStatus::NotReady);
+    QCOMPARE(bench.Seen().status, media::CdStatus::NotReady);
     QVERIFY(bench.Look() == kMixedSeen);
     QVERIFY(bench.PlayAll(450, 900) == m_mixed.Sound(450, 900));
 }
 
 void TstCdFakeDrive::WhatIsTakenAwayWhilePlayingEndsIt_data() {
     QTest::addColumn<bool>("isSwapped");
-    QTest::addColumn<CdStatus>("status");
-    QTest::newRow("the disc is pulled") << false << CdStatus::TrayOpen;
-    QTest::newRow("the disc is swapped") << true << CdStatus::Ready;
+    QTest::addColumn<media::CdStatus>("status");
+    QTest::newRow("the disc is pulled") << false << media::CdStatus::TrayOpen;
+    QTest::newRow("the disc is swapped") << true << media::CdStatus::Ready;
 }
 
 void TstCdFakeDrive::WhatIsTakenAwayWhilePlayingEndsIt() {
     QFETCH(bool, isSwapped);
-    QFETCH(CdStatus, status);
+    QFETCH(media::CdStatus, status);
     PutIn(m_tones);
     DriveBench bench(InFolder(u"drive"_s));
     QVERIFY(bench.Look() == kTonesSeen);
@@ -161,7 +162,7 @@ void TstCdFakeDrive::WhatIsTakenAwayWhilePlayingEndsIt() {
     const QByteArray sound = bench.PlayRest();
     QVERIFY(sound.size() < m_tones.bytes.size());
     QVERIFY(m_tones.bytes.startsWith(sound));
-    QCOMPARE(bench.Seen().status, CdStatus::NotReady);
+    QCOMPARE(bench.Seen().status, media::CdStatus::NotReady);
     QCOMPARE(bench.changes, 2);
     QCOMPARE(bench.Look().status, status);
 }
@@ -218,7 +219,7 @@ void TstCdFakeDrive::NoCallWaitsForASlowDrive() {
         timed([] { QCoreApplication::processEvents(); });
         timed([&] { bench.drive.Picture(); });
     }
-    timed([&] { bench.drive.Play(321 * kFramesPerSector, 931); });
+    timed([&] { bench.drive.Play(321 * media::kFramesPerSector, 931); });
     timed([&] { bench.drive.Stop(); });
     QVERIFY2(longest < kLongestCall, qPrintable(QString::number(longest)));
 }
@@ -229,9 +230,9 @@ void TstCdFakeDrive::AReadingIsGivenUpWhileTheDriveIsBusy() {
     QVERIFY(bench.Look() == kTonesSeen);
     Set("FAKE_DRIVE_DELAY", "100000");
     QVERIFY(bench.drive.Play(0, 931));
-    QCOMPARE(bench.Mode(), CdMode::Seeking);
+    QCOMPARE(bench.Mode(), media::CdMode::Seeking);
     bench.drive.Stop();
-    QCOMPARE(bench.Mode(), CdMode::Stopped);
+    QCOMPARE(bench.Mode(), media::CdMode::Stopped);
     qputenv("FAKE_DRIVE_DELAY", "0");
     QVERIFY(bench.PlayAll(548, 560) == m_tones.Sound(548, 560));
     QVERIFY(bench.Seen() == kTonesSeen);

@@ -9,14 +9,15 @@
 #include "support/files.h"
 
 using namespace tickwell;
+using namespace tickwell::platform;
 using namespace Qt::StringLiterals;
 
 namespace {
 
-const CdSeen kTonesSeen{CdStatus::Ready, {{{0, true}, {321, true}, {548, true}}, 931}};
-const CdSeen kMixedSeen{CdStatus::Ready, {{{0, false}, {450, true}, {650, true}}, 900}};
-const CdSeen kNotReady{CdStatus::NotReady, {}};
-const CdSeen kFailed{CdStatus::Failed, {}};
+const CdSeen kTonesSeen{media::CdStatus::Ready, {{{0, true}, {321, true}, {548, true}}, 931}};
+const CdSeen kMixedSeen{media::CdStatus::Ready, {{{0, false}, {450, true}, {650, true}}, 900}};
+const CdSeen cd_helper::kNotReady{media::CdStatus::NotReady, {}};
+const CdSeen kFailed{media::CdStatus::Failed, {}};
 
 const QByteArray kTrackLine = "  TRACK 01 AUDIO\n    INDEX 01 00:00:00\n";
 
@@ -84,7 +85,7 @@ void TstCdImages::EachKindOfImageIsReadToTheSample() {
     QFETCH(QString, name);
     DriveBench bench(InFolder(name));
     QVERIFY(bench.drive.Exists());
-    QVERIFY(bench.Seen() == kNotReady);  // no look was started
+    QVERIFY(bench.Seen() == cd_helper::kNotReady);  // no look was started
     QVERIFY(bench.Look() == kTonesSeen);
     QVERIFY(bench.PlayAll(0, 931) == m_tones.bytes);
     QVERIFY(bench.Seen() == kTonesSeen);
@@ -107,7 +108,7 @@ void TstCdImages::StretchesAreReadToTheSample() {
     DriveBench bench(InFolder(u"tones.cue"_s));
     QVERIFY(bench.Look() == kTonesSeen);
     QVERIFY(bench.PlayAll(from, to) == m_tones.Sound(from, std::max(from, to)));
-    QCOMPARE(bench.drive.Picture().position, to * kFramesPerSector);
+    QCOMPARE(bench.drive.Picture().position, to * media::kFramesPerSector);
 }
 
 void TstCdImages::DataMakesNoSound() {
@@ -117,7 +118,7 @@ void TstCdImages::DataMakesNoSound() {
     QVERIFY(bench.PlayAll(0, 900) == m_mixed.Sound(450, 900));  // the data track is skipped
     QVERIFY(bench.PlayAll(445, 700) == m_mixed.Sound(450, 700));
     QVERIFY(bench.PlayAll(0, 450).isEmpty());
-    QCOMPARE(bench.drive.Picture().position, 450 * kFramesPerSector);
+    QCOMPARE(bench.drive.Picture().position, 450 * media::kFramesPerSector);
 }
 
 void TstCdImages::SheetsThatWouldBeMisreadAreRefused_data() {
@@ -155,7 +156,7 @@ void TstCdImages::SheetsThatWouldBeMisreadAreRefused() {
     WriteAll(folder.filePath(u"tones.wav"_s), m_tones.bytes);
     WriteAll(folder.filePath(sheet.name), sheet.text);
     DriveBench bench(folder.filePath(sheet.name));
-    QVERIFY(bench.Look() == kNotReady);
+    QVERIFY(bench.Look() == cd_helper::kNotReady);
 }
 
 void TstCdImages::SheetsThatAreReadRightAreTaken_data() {
@@ -194,7 +195,7 @@ void TstCdImages::SheetsThatAreReadRightAreTaken() {
 void TstCdImages::WhatIsNotThereIsNoDrive() {
     DriveBench bench(InFolder(u"nowhere.cue"_s));
     QVERIFY(!bench.drive.Exists());
-    QVERIFY(bench.Look() == kNotReady);
+    QVERIFY(bench.Look() == cd_helper::kNotReady);
 }
 
 void TstCdImages::WhatIsNoImageIsNotReady_data() {
@@ -213,7 +214,7 @@ void TstCdImages::WhatIsNoImageIsNotReady() {
     WriteAll(InFolder(u"alone.bin"_s), m_tones.bytes);
     QDir(Folder()).mkdir(u"folder"_s);
     QDir(Folder()).mkdir(u"folder.nrg"_s);
-    QVERIFY(LookAt(InFolder(name)) == kNotReady);
+    QVERIFY(LookAt(InFolder(name)) == cd_helper::kNotReady);
 }
 
 void TstCdImages::AnotherImageInItsPlaceIsNotPlayed() {
@@ -223,7 +224,7 @@ void TstCdImages::AnotherImageInItsPlaceIsNotPlayed() {
     const quint32 number = bench.drive.Picture().number;
     WriteCueImage(m_mixed, Folder(), u"swapped"_s);
     QVERIFY(bench.PlayAll(321, 548).isEmpty());
-    QVERIFY(bench.Seen() == kNotReady);
+    QVERIFY(bench.Seen() == cd_helper::kNotReady);
     QCOMPARE(bench.changes, 2);
     QVERIFY(bench.drive.Picture().number != number);
     QVERIFY(bench.Look() == kMixedSeen);
@@ -256,7 +257,7 @@ void TstCdImages::ALookThatShowsTheSameTellsNothing() {
     QVERIFY(bench.Look() == kTonesSeen);
     QCOMPARE(bench.changes, 1);
     QCOMPARE(bench.drive.Picture().number, number);
-    QCOMPARE(bench.Mode(), CdMode::Playing);
+    QCOMPARE(bench.Mode(), media::CdMode::Playing);
 }
 
 void TstCdImages::WithoutAHelperTheDriveHasFailed() {
@@ -284,8 +285,8 @@ void TstCdImages::AnImageThatMayNotBeReadHasFailed() {
 }
 
 void TstCdImages::AHelperThatSaysNothingIsADiscThatIsNotReady() {
-    QVERIFY(DriveBench(InFolder(u"tones.cue"_s), u"/bin/false"_s).Look() == kNotReady);
-    QVERIFY(DriveBench(InFolder(u"tones.cue"_s), u"/bin/true"_s).Look() == kNotReady);
+    QVERIFY(DriveBench(InFolder(u"tones.cue"_s), u"/bin/false"_s).Look() == cd_helper::kNotReady);
+    QVERIFY(DriveBench(InFolder(u"tones.cue"_s), u"/bin/true"_s).Look() == cd_helper::kNotReady);
 }
 
 /// Otherwise it would be found ready at once, and crash the helper again as soon as it is played.
@@ -297,8 +298,8 @@ void TstCdImages::ADiscThatTheHelperDiesOfStaysNotReady() {
     DriveBench bench(InFolder(u"deadly.cue"_s), helper);
     QVERIFY(bench.Look() == kTonesSeen);
     QVERIFY(bench.PlayAll(0, 931).isEmpty());
-    QVERIFY(bench.Seen() == kNotReady);
-    QVERIFY(bench.Look() == kNotReady);
+    QVERIFY(bench.Seen() == cd_helper::kNotReady);
+    QVERIFY(bench.Look() == cd_helper::kNotReady);
     WriteCueImage(m_mixed, Folder(), u"deadly"_s);
     QVERIFY(bench.Look() == kMixedSeen);
 }

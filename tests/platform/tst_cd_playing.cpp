@@ -8,6 +8,7 @@
 #include "support/files.h"
 
 using namespace tickwell;
+using namespace tickwell::platform;
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -50,7 +51,7 @@ private Q_SLOTS:
 
 private:
     FakeSoundOutput::Device& Device() { return *m_bench->output.Devices().last(); }
-    CdPicture Picture() const { return m_bench->drive.Picture(); }
+    media::CdPicture Picture() const { return m_bench->drive.Picture(); }
     bool WaitFor(const std::function<bool()>& check) { return QTest::qWaitFor(check, kDrivePatience); }
     bool WaitForWaiting(qint64 frames) {
         return WaitFor([&] { return Device().waiting >= frames; });
@@ -72,7 +73,7 @@ void TstCdPlaying::initTestCase() {
 
 void TstCdPlaying::init() {
     m_bench = std::make_unique<DriveBench>(m_folder.filePath(u"tones.cue"_s));
-    QCOMPARE(m_bench->Look().status, CdStatus::Ready);
+    QCOMPARE(m_bench->Look().status, media::CdStatus::Ready);
 }
 
 void TstCdPlaying::cleanup() {
@@ -81,17 +82,17 @@ void TstCdPlaying::cleanup() {
 
 void TstCdPlaying::SoundBeginsWhenThereIsEnoughOfIt() {
     QVERIFY(m_bench->drive.Play(0, m_disc.end));
-    QCOMPARE(Picture().mode, CdMode::Seeking);
+    QCOMPARE(Picture().mode, media::CdMode::Seeking);
     QCOMPARE(Picture().position, 0);
     QVERIFY(Device().held);
-    QCOMPARE(Device().format, (SoundFormat{.rate = 44100, .channels = 2}));
+    QCOMPARE(Device().format, (media::SoundFormat{.rate = 44100, .channels = 2}));
     QVERIFY(m_bench->WaitForSound());
     QVERIFY(!Device().held);
     QVERIFY(Device().waiting >= kSecond * 2 / 5);
     // After the queue has run empty, playback waits until enough is queued again.
     QVERIFY(m_bench->drive.Play(0, 10));  // less than that: all of it is enough
     QVERIFY(m_bench->WaitForSound());
-    QCOMPARE(Device().waiting, 10 * kFramesPerSector);
+    QCOMPARE(Device().waiting, 10 * media::kFramesPerSector);
 }
 
 void TstCdPlaying::NoMoreThanThreeSecondsAreReadAhead() {
@@ -112,12 +113,12 @@ void TstCdPlaying::ThePositionIsWhatHasSounded() {
     m_bench->Sound(7);
     QCOMPARE(Picture().position, 1007);
     QCOMPARE(m_bench->PlayRest(), Frames(m_disc, 0, m_disc.bytes.size()));
-    QCOMPARE(Picture().position, m_disc.end * kFramesPerSector);
-    QCOMPARE(Picture().mode, CdMode::Stopped);
+    QCOMPARE(Picture().position, m_disc.end * media::kFramesPerSector);
+    QCOMPARE(Picture().mode, media::CdMode::Stopped);
 }
 
 void TstCdPlaying::AStretchMayBeginInsideASector() {
-    const qint64 from = 321 * kFramesPerSector + 587;
+    const qint64 from = 321 * media::kFramesPerSector + 587;
     Play(from);
     QCOMPARE(Picture().position, from);
     m_bench->Sound(1000);
@@ -129,12 +130,12 @@ void TstCdPlaying::APauseKeepsEveryFrame() {
     for (int i = 0; i < 3; ++i) {
         m_bench->Sound(5001);
         m_bench->drive.Pause();
-        QCOMPARE(Picture().mode, CdMode::Paused);
+        QCOMPARE(Picture().mode, media::CdMode::Paused);
         const qint64 position = Picture().position;
         m_bench->Sound(9999);  // held, so nothing is played
         QCOMPARE(Picture().position, position);
         QVERIFY(m_bench->drive.GoOn(m_disc.end));
-        QCOMPARE(Picture().mode, CdMode::Playing);
+        QCOMPARE(Picture().mode, media::CdMode::Playing);
     }
     QCOMPARE(m_bench->output.Devices().size(), 1);
     QVERIFY(m_bench->PlayRest() == m_disc.bytes);
@@ -142,12 +143,12 @@ void TstCdPlaying::APauseKeepsEveryFrame() {
 
 void TstCdPlaying::ALongPauseLetsGoOfDeviceAndHelper() {
     m_bench = std::make_unique<DriveBench>(m_folder.filePath(u"tones.cue"_s), HelperPath(), kQuick);
-    QCOMPARE(m_bench->Look().status, CdStatus::Ready);
+    QCOMPARE(m_bench->Look().status, media::CdStatus::Ready);
     Play();
     m_bench->Sound(12345);
     m_bench->drive.Pause();
     QVERIFY(WaitFor([&] { return m_bench->output.OpenDevices() == 0; }));
-    QCOMPARE(Picture().mode, CdMode::Paused);
+    QCOMPARE(Picture().mode, media::CdMode::Paused);
     QCOMPARE(Picture().position, 12345);
     QVERIFY(m_bench->drive.GoOn(m_disc.end));
     QVERIFY(m_bench->PlayRest() == m_disc.bytes);
@@ -176,20 +177,20 @@ void TstCdPlaying::GoingOnWithAnotherEndGoesOnWithTheNextFrame() {
     }
     QVERIFY(m_bench->drive.GoOn(then));
     QVERIFY(m_bench->PlayRest() == m_disc.Sound(0, then));
-    QCOMPARE(Picture().position, then * kFramesPerSector);
+    QCOMPARE(Picture().position, then * media::kFramesPerSector);
 }
 
 void TstCdPlaying::GoingOnWhilePlayingChangesNothing() {
     Play();
     m_bench->Sound(3333);
     QVERIFY(m_bench->drive.GoOn(m_disc.end));
-    QCOMPARE(Picture().mode, CdMode::Playing);
+    QCOMPARE(Picture().mode, media::CdMode::Playing);
     QVERIFY(m_bench->PlayRest() == m_disc.bytes);
 }
 
 void TstCdPlaying::GoingOnFromStoppedPlaysFromThePosition() {
     QVERIFY(m_bench->PlayAll(0, 100) == m_disc.Sound(0, 100));
-    QCOMPARE(Picture().position, 100 * kFramesPerSector);
+    QCOMPARE(Picture().position, 100 * media::kFramesPerSector);
     QVERIFY(m_bench->drive.GoOn(200));
     QVERIFY(m_bench->PlayRest() == m_disc.Sound(0, 200));
 }
@@ -197,9 +198,9 @@ void TstCdPlaying::GoingOnFromStoppedPlaysFromThePosition() {
 void TstCdPlaying::ASecondPlayForgetsTheFirst() {
     Play();
     m_bench->Sound(2000);
-    const qint64 from = 548 * kFramesPerSector;
+    const qint64 from = 548 * media::kFramesPerSector;
     QVERIFY(m_bench->drive.Play(from, 560));
-    QCOMPARE(Picture().mode, CdMode::Seeking);
+    QCOMPARE(Picture().mode, media::CdMode::Seeking);
     QCOMPARE(Picture().position, from);
     QVERIFY(m_bench->PlayRest() == Frames(m_disc, 0, 2000) + m_disc.Sound(548, 560));
 }
@@ -208,7 +209,7 @@ void TstCdPlaying::StopSetsThePositionToZero() {
     Play();
     m_bench->Sound(2000);
     m_bench->drive.Stop();
-    QCOMPARE(Picture().mode, CdMode::Stopped);
+    QCOMPARE(Picture().mode, media::CdMode::Stopped);
     QCOMPARE(Picture().position, 0);
     m_bench->Sound(kSecond);
     QVERIFY(m_bench->sound == Frames(m_disc, 0, 2000));
@@ -217,14 +218,14 @@ void TstCdPlaying::StopSetsThePositionToZero() {
 
 void TstCdPlaying::PausingWhatDoesNotPlayDoesNothing() {
     m_bench->drive.Pause();
-    QCOMPARE(Picture().mode, CdMode::Stopped);
+    QCOMPARE(Picture().mode, media::CdMode::Stopped);
     QVERIFY(m_bench->drive.Play(0, m_disc.end));
     m_bench->drive.Pause();  // before the first sound
-    QCOMPARE(Picture().mode, CdMode::Paused);
+    QCOMPARE(Picture().mode, media::CdMode::Paused);
     QVERIFY(WaitForWaiting(3 * kSecond));  // reading continues meanwhile
     QVERIFY(Device().held);
     QVERIFY(m_bench->drive.GoOn(m_disc.end));
-    QCOMPARE(Picture().mode, CdMode::Playing);
+    QCOMPARE(Picture().mode, media::CdMode::Playing);
 }
 
 void TstCdPlaying::TheDeviceIsClosedALittleAfterTheEnd() {
@@ -233,7 +234,7 @@ void TstCdPlaying::TheDeviceIsClosedALittleAfterTheEnd() {
     QElapsedTimer clock;
     clock.start();
     QVERIFY(WaitFor([&] { return m_bench->output.OpenDevices() == 0; }));
-    QVERIFY2(clock.elapsed() >= kSoundTail - 50, qPrintable(QString::number(clock.elapsed())));
+    QVERIFY2(clock.elapsed() >= media::kSoundTail - 50, qPrintable(QString::number(clock.elapsed())));
 }
 
 void TstCdPlaying::TheDeviceIsKeptForWhatFollowsAtOnce() {
@@ -245,9 +246,9 @@ void TstCdPlaying::TheDeviceIsKeptForWhatFollowsAtOnce() {
 void TstCdPlaying::WithoutSoundNothingPlays() {
     m_bench->output.works = false;
     QVERIFY(!m_bench->drive.Play(0, m_disc.end));
-    QCOMPARE(Picture().mode, CdMode::Stopped);
+    QCOMPARE(Picture().mode, media::CdMode::Stopped);
     QVERIFY(!m_bench->drive.GoOn(m_disc.end));
-    QCOMPARE(Picture().mode, CdMode::Stopped);
+    QCOMPARE(Picture().mode, media::CdMode::Stopped);
 }
 
 void TstCdPlaying::ALostServerIsSilenceAndTheNextPlayTriesAgain() {
@@ -263,10 +264,10 @@ void TstCdPlaying::AnOutputThatTakesNothingEndsThePlaying() {
     Play();
     Device().lost = true;
     m_bench->Sound(2000);
-    QVERIFY(WaitFor([&] { return Picture().mode == CdMode::Stopped; }));
+    QVERIFY(WaitFor([&] { return Picture().mode == media::CdMode::Stopped; }));
     QCOMPARE(Picture().position, 2000);
     QVERIFY(Picture().readError);
-    QCOMPARE(Picture().status, CdStatus::Ready);
+    QCOMPARE(Picture().status, media::CdStatus::Ready);
     m_bench->drive.Stop();
     QVERIFY(!Picture().readError);
 }

@@ -4,17 +4,18 @@
 #include "platform/disc/cd_stretch.h"
 
 using namespace tickwell;
+using namespace tickwell::platform;
 
 namespace {
 
-const CdContents kTones{{{0, true}, {321, true}, {548, true}}, 931};
-const CdContents kDataFirst{{{0, false}, {450, true}, {650, true}}, 900};
-const CdContents kDataBetween{{{0, true}, {100, false}, {200, true}}, 300};
-const CdContents kDataLast{{{0, true}, {100, false}}, 200};
-const CdContents kLateStart{{{33, true}}, 90};
+const media::CdContents kTones{{{0, true}, {321, true}, {548, true}}, 931};
+const media::CdContents kDataFirst{{{0, false}, {450, true}, {650, true}}, 900};
+const media::CdContents kDataBetween{{{0, true}, {100, false}, {200, true}}, 300};
+const media::CdContents kDataLast{{{0, true}, {100, false}}, 200};
+const media::CdContents kLateStart{{{33, true}}, 90};
 
 constexpr qint64 Frames(qint64 sectors) {
-    return sectors * kFramesPerSector;
+    return sectors * media::kFramesPerSector;
 }
 
 }  // namespace
@@ -31,11 +32,11 @@ private Q_SLOTS:
 };
 
 void TstCdStretch::StretchesHaveTheirRuns_data() {
-    QTest::addColumn<CdContents>("contents");
+    QTest::addColumn<media::CdContents>("contents");
     QTest::addColumn<qint64>("from");
     QTest::addColumn<int>("to");
     QTest::addColumn<QList<CdRun>>("runs");
-    const auto row = [](const char* name, const CdContents& contents, qint64 from, int to,
+    const auto row = [](const char* name, const media::CdContents& contents, qint64 from, int to,
                         const QList<CdRun>& runs) { QTest::newRow(name) << contents << from << to << runs; };
     row("tracks side by side are one", kTones, 0, 931, {{0, Frames(931)}});
     row("from inside a sector", kTones, Frames(321) + 7, 548, {{Frames(321) + 7, Frames(548)}});
@@ -50,7 +51,7 @@ void TstCdStretch::StretchesHaveTheirRuns_data() {
 }
 
 void TstCdStretch::StretchesHaveTheirRuns() {
-    QFETCH(CdContents, contents);
+    QFETCH(media::CdContents, contents);
     QFETCH(qint64, from);
     QFETCH(int, to);
     QFETCH(QList<CdRun>, runs);

@@ -9,6 +9,7 @@
 #include "support/other_user.h"
 
 using namespace tickwell;
+using namespace tickwell::platform;
 using namespace Qt::StringLiterals;
 
 Q_DECLARE_METATYPE(tickwell::FileLock::Outcome)

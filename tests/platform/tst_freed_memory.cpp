@@ -8,6 +8,7 @@
 #include "platform/desktop/freed_memory.h"
 
 using namespace tickwell;
+using namespace tickwell::platform;
 using namespace Qt::StringLiterals;
 
 namespace {

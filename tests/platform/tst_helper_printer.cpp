@@ -7,6 +7,7 @@
 #include "support/files.h"
 
 using namespace tickwell;
+using namespace tickwell::platform;
 using namespace Qt::StringLiterals;
 
 namespace {

@@ -14,6 +14,7 @@
 #include "support/other_user.h"
 
 using namespace tickwell;
+using namespace tickwell::platform;
 using namespace Qt::StringLiterals;
 
 namespace {

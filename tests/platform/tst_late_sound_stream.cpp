@@ -5,10 +5,11 @@
 #include "support/fake_sound_output.h"
 
 using namespace tickwell;
+using namespace tickwell::platform;
 
 namespace {
 
-constexpr SoundFormat kFormat{.rate = 44100, .channels = 2};
+constexpr media::SoundFormat kFormat{.rate = 44100, .channels = 2};
 
 /// A stream whose device opens or fails when the test says so.
 struct Bench {
@@ -16,7 +17,7 @@ struct Bench {
 
     FakeSoundOutput output;
     State state = State::Opening;
-    LateSoundStream stream{kFormat, [this]() -> std::optional<std::unique_ptr<SoundStream>> {
+    LateSoundStream stream{kFormat, [this]() -> std::optional<std::unique_ptr<media::SoundStream>> {
                                if (state == State::Opening) {
                                    return std::nullopt;
                                }
@@ -110,7 +111,7 @@ void TstLateSoundStream::ADeviceThatTakesNothingIsLost() {
     FakeSoundOutput output;
     LateSoundStream stream(kFormat, [&output, asked = 0]() mutable {
         if (++asked == 1) {
-            return std::optional<std::unique_ptr<SoundStream>>();
+            return std::optional<std::unique_ptr<media::SoundStream>>();
         }
         auto opened = output.Open(kFormat);
         output.Devices().constFirst()->lost = true;

@@ -4,6 +4,7 @@
 #include "platform/print/print_answer.h"
 
 using namespace tickwell;
+using namespace tickwell::platform;
 using namespace Qt::StringLiterals;
 
 /// The output of tickwell-print as shown to the user.

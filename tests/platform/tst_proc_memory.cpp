@@ -6,6 +6,7 @@
 #include "support/files.h"
 
 using namespace tickwell;
+using namespace tickwell::platform;
 using namespace Qt::StringLiterals;
 
 /// The memory load, from the kernel's figures.

@@ -5,6 +5,7 @@
 #include "platform/disc/qt_event_wait.h"
 
 using namespace tickwell;
+using namespace tickwell::platform;
 
 /// Waiting in an event loop.
 class TstQtEventWait : public QObject {

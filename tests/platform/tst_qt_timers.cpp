@@ -5,6 +5,7 @@
 #include "platform/time/qt_timers.h"
 
 using namespace tickwell;
+using namespace tickwell::platform;
 
 /// Timers of the event loop. Only order and idleness are tested, no durations.
 class TstQtTimers : public QObject {

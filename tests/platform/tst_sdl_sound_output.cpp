@@ -20,6 +20,7 @@
 #include "support/files.h"
 
 using namespace tickwell;
+using namespace tickwell::platform;
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -47,13 +48,13 @@ std::vector<qint16> WithoutSilence(std::vector<qint16> samples) {
 }
 
 /// Whether no device opens, neither at once nor later.
-bool IsRefused(SdlSoundOutput& output, const SoundFormat& format) {
+bool IsRefused(SdlSoundOutput& output, const media::SoundFormat& format) {
     const auto stream = output.Open(format);
     return stream == nullptr || QTest::qWaitFor([&] { return stream->IsLost(); }, kPatience);
 }
 
 /// Waits for a stream with an open device; calls `meanwhile` before each check.
-bool WaitUntilOpened(SdlSoundOutput& output, std::unique_ptr<SoundStream>& stream,
+bool WaitUntilOpened(SdlSoundOutput& output, std::unique_ptr<media::SoundStream>& stream,
                      const std::function<void()>& meanwhile) {
     return QTest::qWaitFor(
         [&] {
@@ -66,7 +67,7 @@ bool WaitUntilOpened(SdlSoundOutput& output, std::unique_ptr<SoundStream>& strea
         kPatience);
 }
 
-bool WaitUntilTaken(const SoundStream& stream) {
+bool WaitUntilTaken(const media::SoundStream& stream) {
     return QTest::qWaitFor([&] { return stream.FramesWaiting() == 0; }, kPatience);
 }
 
@@ -309,7 +310,7 @@ void TstSdlSoundOutput::ADriverThatHangsHoldsNothingUp() {
     const QByteArray path = MakePipe();
     std::optional<Listener> listener;  // closed after the output that writes to it
     SdlSoundOutput output;
-    std::unique_ptr<SoundStream> stream = output.Open({.rate = 22050, .channels = 1});
+    std::unique_ptr<media::SoundStream> stream = output.Open({.rate = 22050, .channels = 1});
     QVERIFY(stream != nullptr);  // the device may still open
     QVERIFY(stream->Queue(Ramp(1, 100)));
     QCOMPARE(stream->FramesWaiting(), 100);

@@ -12,6 +12,7 @@
 #include "platform/bus/session_bus_look.h"
 
 using namespace tickwell;
+using namespace tickwell::platform;
 using namespace Qt::StringLiterals;
 
 namespace {

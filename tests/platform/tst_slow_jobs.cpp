@@ -7,6 +7,7 @@
 #include "platform/processes/slow_jobs.h"
 
 using namespace tickwell;
+using namespace tickwell::platform;
 using namespace Qt::StringLiterals;
 
 namespace {

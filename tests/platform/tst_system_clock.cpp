@@ -6,6 +6,7 @@
 #include "platform/time/system_clock.h"
 
 using namespace tickwell;
+using namespace tickwell::platform;
 
 /// The machine's clocks, compared with other sources of the system.
 class TstSystemClock : public QObject {

@@ -6,6 +6,7 @@
 #include "platform/power/upower.h"
 
 using namespace tickwell;
+using namespace tickwell::platform;
 using namespace Qt::StringLiterals;
 
 namespace {

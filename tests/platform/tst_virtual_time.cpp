@@ -4,6 +4,7 @@
 #include "platform/time/virtual_time.h"
 
 using namespace tickwell;
+using namespace tickwell::platform;
 using namespace Qt::StringLiterals;
 
 namespace {

@@ -7,6 +7,7 @@
 #include "platform/time/virtual_time_pipe.h"
 
 using namespace tickwell;
+using namespace tickwell::platform;
 using namespace Qt::StringLiterals;
 
 /// Time controlled by another process.

@@ -23,6 +23,7 @@
 #include "support/files.h"
 
 using namespace tickwell;
+using namespace tickwell::platform;
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 

@@ -11,6 +11,7 @@
 #include "support/files.h"
 
 using namespace tickwell;
+using namespace tickwell::print_helper;
 using namespace Qt::StringLiterals;
 
 namespace {

@@ -5,6 +5,7 @@
 #include "print_helper/report_painter.h"
 
 using namespace tickwell;
+using namespace tickwell::print_helper;
 using namespace Qt::StringLiterals;
 
 namespace {

@@ -4,6 +4,7 @@
 #include "print_helper/spool.h"
 
 using namespace tickwell;
+using namespace tickwell::print_helper;
 using namespace Qt::StringLiterals;
 
 namespace {

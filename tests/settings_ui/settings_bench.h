@@ -10,11 +10,11 @@
 #include "support/fake_autostart.h"
 #include "support/fake_help_viewer.h"
 
-namespace tickwell {
+namespace tickwell::settings_ui {
 
 /// The settings dialog with a real main window; records the operations it calls.
 struct SettingsBench {
-    MainWindowBench main;
+    shell::MainWindowBench main;
     FakeHelpViewer help;
     FakeAutostart autostart;
     QStringList asked;
@@ -43,7 +43,7 @@ struct SettingsBench {
     void Open() {
         if (main.form == nullptr) {
             main.Start();
-            main.time.Advance(kStartUp);
+            main.time.Advance(shell::kStartUp);
         }
         form = std::make_unique<Form2>(SettingsParts{.displays = main.form->AllDisplays(),
                                                      .settings = main.settings,
@@ -79,7 +79,9 @@ struct SettingsBench {
     /// The open picker for a line's font, and for a colour.
     QDialog& StylePicker() const { return Child<QDialog>(QStringLiteral("StylePicker")); }
     QColorDialog& ColourPicker() const { return ChildOf<QColorDialog>(*form); }
-    MovingWord& Sample(int line) const { return Child<MovingWord>(QStringLiteral("MovingWord%1").arg(line)); }
+    lines::MovingWord& Sample(int line) const {
+        return Child<lines::MovingWord>(QStringLiteral("MovingWord%1").arg(line));
+    }
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::settings_ui

@@ -6,6 +6,7 @@
 #include "settings_ui/settings_bench.h"
 
 using namespace tickwell;
+using namespace tickwell::settings_ui;
 using namespace Qt::StringLiterals;
 
 /// The page that compacts the day database.

@@ -8,6 +8,7 @@
 #include "settings_ui/option_tables.h"
 
 using namespace tickwell;
+using namespace tickwell::settings_ui;
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -137,10 +138,10 @@ void TstOptionTables::TheYearStyleIsWhatItSays() {
 }
 
 void TstOptionTables::TheWipeIsWhatItSays() {
-    QCOMPARE(IndexOf(kWipeOptions, u"左から右"), kWipeLeftToRight);
-    QCOMPARE(IndexOf(kWipeOptions, u"右から左"), kWipeRightToLeft);
-    QCOMPARE(IndexOf(kWipeOptions, u"上から下"), kWipeTopToBottom);
-    QCOMPARE(IndexOf(kWipeOptions, u"下から上"), kWipeBottomToTop);
+    QCOMPARE(IndexOf(kWipeOptions, u"左から右"), lines::kWipeLeftToRight);
+    QCOMPARE(IndexOf(kWipeOptions, u"右から左"), lines::kWipeRightToLeft);
+    QCOMPARE(IndexOf(kWipeOptions, u"上から下"), lines::kWipeTopToBottom);
+    QCOMPARE(IndexOf(kWipeOptions, u"下から上"), lines::kWipeBottomToTop);
 }
 
 void TstOptionTables::TheChimeIsWhatItSays() {

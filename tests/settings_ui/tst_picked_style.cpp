@@ -6,6 +6,7 @@
 #include "settings_ui/picked_style.h"
 
 using namespace tickwell;
+using namespace tickwell::settings_ui;
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -20,7 +21,7 @@ class TstPickedStyle : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase() { InstallFontSubstitutes(); }
+    void initTestCase() { lines::InstallFontSubstitutes(); }
     void TheMachinesFontIsOffered();
     void LookingChangesNothing_data();
     void LookingChangesNothing();

@@ -6,6 +6,7 @@
 #include "support/window.h"
 
 using namespace tickwell;
+using namespace tickwell::settings_ui;
 using namespace Qt::StringLiterals;
 
 /// What the main window has of the settings after Apply, OK and Cancel.
@@ -28,7 +29,7 @@ private Q_SLOTS:
 };
 
 void TstSettingsApplying::initTestCase() {
-    InstallFontSubstitutes();
+    lines::InstallFontSubstitutes();
 }
 
 void TstSettingsApplying::ApplyReachesTheMainWindowsLines() {

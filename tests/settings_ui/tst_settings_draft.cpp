@@ -4,6 +4,7 @@
 #include "settings_ui/settings_draft.h"
 
 using namespace tickwell;
+using namespace tickwell::settings_ui;
 
 /// The settings draft, without a window.
 class TstSettingsDraft : public QObject {

@@ -6,6 +6,7 @@
 #include "settings_ui/settings_bench.h"
 
 using namespace tickwell;
+using namespace tickwell::settings_ui;
 using namespace Qt::StringLiterals;
 
 /// What the controls show of the stored settings, and what the settings are after they were used.
@@ -24,7 +25,7 @@ private Q_SLOTS:
 };
 
 void TstSettingsOptions::initTestCase() {
-    InstallFontSubstitutes();
+    lines::InstallFontSubstitutes();
 }
 
 void TstSettingsOptions::OptionsShowWhatIsStored_data() {

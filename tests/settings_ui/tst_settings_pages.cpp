@@ -7,6 +7,7 @@
 #include "support/fake_message_boxes.h"
 
 using namespace tickwell;
+using namespace tickwell::settings_ui;
 using namespace Qt::StringLiterals;
 
 /// The pages of the settings while the user works with them; tst_settings_sample tests the live sample.
@@ -31,7 +32,7 @@ private Q_SLOTS:
 };
 
 void TstSettingsPages::initTestCase() {
-    InstallFontSubstitutes();
+    lines::InstallFontSubstitutes();
 }
 
 void TstSettingsPages::AChosenOptionTurnsTheOthersOff() {
@@ -41,7 +42,7 @@ void TstSettingsPages::AChosenOptionTurnsTheOthersOff() {
     QList<qint32> chosen;
     OptionArray options(u"Option"_s, kWipeOptions, &page, handlers,
                         [&](qint32 index) { chosen.append(index); });
-    options.Select(kWipeLeftToRight);
+    options.Select(lines::kWipeLeftToRight);
     for (QAbstractButton* button : options.Buttons()) {
         button->click();
         for (const QAbstractButton* each : options.Buttons()) {

@@ -6,6 +6,7 @@
 #include "settings_ui/settings_bench.h"
 
 using namespace tickwell;
+using namespace tickwell::settings_ui;
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -26,9 +27,9 @@ protected:
 };
 
 /// The number of pixels of a line whose colour is not its background.
-int Inked(MovingWord& line) {
+int Inked(lines::MovingWord& line) {
     const QImage picture = line.grab().toImage();
-    const QRgb background = ColorFromNumber(line.BackColor()).rgb();
+    const QRgb background = lines::ColorFromNumber(line.BackColor()).rgb();
     int inked = 0;
     for (int y = 0; y < picture.height(); ++y) {
         for (int x = 0; x < picture.width(); ++x) {
@@ -63,7 +64,7 @@ private Q_SLOTS:
 };
 
 void TstSettingsSample::initTestCase() {
-    InstallFontSubstitutes();
+    lines::InstallFontSubstitutes();
 }
 
 void TstSettingsSample::TheSampleShowsTheTwoTexts() {
@@ -144,7 +145,7 @@ void TstSettingsSample::TheSampleIsAsTheMainWindow() {
     bench.main.store.Put(u"SetUp"_s, u"BackColor"_s, u"8388608"_s);
     bench.Open();
     for (const auto& [sample, line] :
-         {std::pair<MovingWord*, MovingWord*>{&bench.Sample(1), &bench.main.Upper()},
+         {std::pair<lines::MovingWord*, lines::MovingWord*>{&bench.Sample(1), &bench.main.Upper()},
           {&bench.Sample(2), &bench.main.Lower()}}) {
         QCOMPARE(sample->font(), line->font());
         QCOMPARE(sample->ForeColor(), line->ForeColor());

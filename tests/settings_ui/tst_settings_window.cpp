@@ -7,6 +7,7 @@
 #include "shell/main_window_accessible.h"
 
 using namespace tickwell;
+using namespace tickwell::settings_ui;
 using namespace Qt::StringLiterals;
 
 /// The settings dialog as a window: its pages, the names of its controls, and its keys.
@@ -30,8 +31,8 @@ private Q_SLOTS:
 };
 
 void TstSettingsWindow::initTestCase() {
-    InstallFontSubstitutes();
-    InstallMainWindowAccessibility();
+    lines::InstallFontSubstitutes();
+    shell::InstallMainWindowAccessibility();
 }
 
 void TstSettingsWindow::ItHasFivePages() {

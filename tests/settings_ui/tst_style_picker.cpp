@@ -8,6 +8,7 @@
 #include "support/fake_message_boxes.h"
 
 using namespace tickwell;
+using namespace tickwell::settings_ui;
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -31,7 +32,7 @@ class TstStylePicker : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase() { InstallFontSubstitutes(); }
+    void initTestCase() { lines::InstallFontSubstitutes(); }
     void ItShowsWhatIsStored();
     void APlainOkChangesNothing();
     void EachControlChangesItsField();

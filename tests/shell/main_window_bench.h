@@ -12,14 +12,14 @@
 #include "support/fake_tray.h"
 #include "support/fake_window_stack.h"
 
-namespace tickwell {
+namespace tickwell::shell {
 
 inline constexpr int kStartUp = 11'000;  // ms until the main window starts the stored function
 
 /// The main window, with a real day database, and with all else in the test's hands.
-struct MainWindowBench : DisplaysBench {
+struct MainWindowBench : displays::DisplaysBench {
     FakeSettingsStore store;
-    DayStore dayStore;
+    store::DayStore dayStore;
     FakeTray tray;
     FakeWindowStack stack;
     FakeProgramStarter starter;
@@ -29,13 +29,15 @@ struct MainWindowBench : DisplaysBench {
     int closed = 0;
     std::unique_ptr<Form1> form;
 
-    MainWindowBench() { dayDatabase = DayDatabase(dayStore.Path()); }
+    MainWindowBench() { dayDatabase = store::DayDatabase(dayStore.Path()); }
 
     void Start() {
         LoadSettings(store, settings);
         LoadFurtherSettings(store, further);
         StartMedia();
-        const auto makeDisplays = [this](const DisplayView& view) { return MakeDisplays(Parts(), view); };
+        const auto makeDisplays = [this](const DisplayView& view) {
+            return app::MakeDisplays(Parts(), view);
+        };
         const auto playChime = [this](const QString& name, qint32 count) { chimes.append({name, count}); };
         form = std::make_unique<Form1>(MainWindowParts{.settings = settings,
                                                        .further = further,
@@ -56,9 +58,13 @@ struct MainWindowBench : DisplaysBench {
         form->Form_Load();
         form->show();
     }
-    MovingWord& Upper() const { return ChildOf<MovingWord>(*form, QStringLiteral("MovingWord1")); }
-    MovingWord& Lower() const { return ChildOf<MovingWord>(*form, QStringLiteral("MovingWord2")); }
+    lines::MovingWord& Upper() const {
+        return ChildOf<lines::MovingWord>(*form, QStringLiteral("MovingWord1"));
+    }
+    lines::MovingWord& Lower() const {
+        return ChildOf<lines::MovingWord>(*form, QStringLiteral("MovingWord2"));
+    }
     QAction& Item(const char* name) const { return ChildOf<QAction>(*form, QLatin1StringView(name)); }
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::shell

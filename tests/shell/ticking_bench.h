@@ -7,7 +7,7 @@
 #include "support/window.h"
 #include "timing/timer_notice.h"
 
-namespace tickwell {
+namespace tickwell::shell {
 
 inline constexpr int kHour = 3'600'000;               // ms
 inline constexpr qint64 kTickTurn = qint64{1} << 31;  // ms after which the tick counter changes its sign
@@ -77,9 +77,9 @@ struct TickingBench : MainWindowBench {
     static bool IsNoticeShown() {
         const QWidgetList windows = QApplication::topLevelWidgets();
         return std::any_of(windows.begin(), windows.end(), [](const QWidget* each) {
-            return qobject_cast<const Form8*>(each) != nullptr && each->isVisible();
+            return qobject_cast<const timing::Form8*>(each) != nullptr && each->isVisible();
         });
     }
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::shell

@@ -6,11 +6,12 @@
 #include "support/child.h"
 
 using namespace tickwell;
+using namespace tickwell::shell;
 using namespace Qt::StringLiterals;
 
 namespace {
 
-struct Bench : LinesBench {
+struct Bench : displays::LinesBench {
     QList<std::pair<MenuCommand, qint32>> chosen;
     MainMenu menu{displays, handlers,
                   [this](MenuCommand command, qint32 number) {
@@ -136,7 +137,7 @@ void TstMainMenu::ChoosingAnItemTellsItsCommand() {
 }
 
 void TstMainMenu::ChoosingTheMarkedItemAgainStillTellsIt() {
-    LinesBench bench;
+    displays::LinesBench bench;
     int chosen = 0;
     MainMenu menu(
         bench.displays, bench.handlers,
@@ -153,7 +154,7 @@ void TstMainMenu::ChoosingTheMarkedItemAgainStillTellsIt() {
 }
 
 void TstMainMenu::AnErrorOfAnItemIsReported() {
-    LinesBench bench;
+    displays::LinesBench bench;
     MainMenu menu(
         bench.displays, bench.handlers, [](MenuCommand, qint32) { throw RunTimeError(u"だめです。"_s); },
         nullptr);

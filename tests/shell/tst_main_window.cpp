@@ -7,6 +7,7 @@
 #include "shell/main_window_bench.h"
 
 using namespace tickwell;
+using namespace tickwell::shell;
 using namespace Qt::StringLiterals;
 
 /// The main window as a whole, without a window manager.
@@ -38,7 +39,7 @@ private Q_SLOTS:
 };
 
 void TstMainWindow::initTestCase() {
-    InstallFontSubstitutes();
+    lines::InstallFontSubstitutes();
     InstallMainWindowAccessibility();
 }
 

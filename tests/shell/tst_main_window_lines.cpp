@@ -11,6 +11,7 @@
 #include "support/window.h"
 
 using namespace tickwell;
+using namespace tickwell::shell;
 using namespace Qt::StringLiterals;
 
 namespace {

@@ -8,6 +8,7 @@
 #include "support/files.h"
 
 using namespace tickwell;
+using namespace tickwell::shell;
 using namespace Qt::StringLiterals;
 
 /// The main window among the other windows of the desktop: its menu, the notification area, keeping on top.

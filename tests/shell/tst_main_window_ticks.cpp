@@ -6,6 +6,7 @@
 #include "shell/ticking_bench.h"
 
 using namespace tickwell;
+using namespace tickwell::shell;
 using namespace Qt::StringLiterals;
 
 /// How soon the main window notices what changes, and how seldom it wakes up for that.
@@ -131,7 +132,7 @@ void TstMainWindowTicks::ADatabaseThatComesBackIsNoticedThoughTheClockSleeps() {
     bench.dayDatabase.Close();
     bench.form->RaiseRefresh();
     bench.time.Advance(3000);
-    bench.dayDatabase = DayDatabase(bench.dayStore.Path());
+    bench.dayDatabase = store::DayDatabase(bench.dayStore.Path());
     bench.time.Advance(7000);
     QCOMPARE(bench.Upper().Text(), u"新しい"_s);
 }

@@ -4,6 +4,7 @@
 #include "shell/ticking_bench.h"
 
 using namespace tickwell;
+using namespace tickwell::shell;
 using namespace Qt::StringLiterals;
 
 /// How seldom the main window wakes up while it is in the notification area, and what it shows when it is

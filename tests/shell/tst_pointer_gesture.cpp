@@ -4,6 +4,7 @@
 #include "shell/pointer_gesture.h"
 
 using namespace tickwell;
+using namespace tickwell::shell;
 
 namespace {
 

@@ -9,6 +9,7 @@
 #include "support/files.h"
 
 using namespace tickwell;
+using namespace tickwell::shell;
 using namespace Qt::StringLiterals;
 
 /// The companion tools of the program's folder.

@@ -8,6 +8,7 @@
 #include "support/fake_tray.h"
 
 using namespace tickwell;
+using namespace tickwell::shell;
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -17,7 +18,7 @@ struct Bench {
     QMenu menu;
     FakeMessageBoxes boxes;
     Handlers handlers{boxes};
-    VirtualTime time{QDateTime(QDate(1998, 11, 15), QTime(21, 5, 7)), 0};
+    platform::VirtualTime time{QDateTime(QDate(1998, 11, 15), QTime(21, 5, 7)), 0};
     QList<bool> told;
     TrayStorage storage{tray, menu, handlers, time, [this](bool stored) { told.append(stored); }};
 };

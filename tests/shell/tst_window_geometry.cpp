@@ -4,6 +4,7 @@
 #include "shell/window_geometry.h"
 
 using namespace tickwell;
+using namespace tickwell::shell;
 
 /// Twips and pixels, and where the lines lie.
 class TstWindowGeometry : public QObject {

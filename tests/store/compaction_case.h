@@ -6,7 +6,7 @@
 #include "store/loose_store.h"
 #include "support/fake_message_boxes.h"
 
-namespace tickwell {
+namespace tickwell::store {
 
 /// The program's database handle on a loose store, and the message boxes shown.
 struct CompactionCase {
@@ -36,4 +36,4 @@ struct CompactionCase {
     }
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::store

@@ -6,7 +6,7 @@
 #include <QFile>
 #include <stdexcept>
 
-namespace tickwell {
+namespace tickwell::store {
 
 namespace {
 
@@ -45,4 +45,4 @@ DayStore::DayStore() {
     }
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::store

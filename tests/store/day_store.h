@@ -6,7 +6,7 @@
 
 #include "store/sqlite_handle.h"
 
-namespace tickwell {
+namespace tickwell::store {
 
 /// A connection that bypasses the program and uses SQLite directly. Throws std::runtime_error.
 class RawConnection {
@@ -33,4 +33,4 @@ private:
     QTemporaryDir m_folder;
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::store

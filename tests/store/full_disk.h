@@ -6,7 +6,7 @@
 #include <QtGlobal>
 #include <csignal>
 
-namespace tickwell {
+namespace tickwell::store {
 
 /// Simulates a full disk: during its lifetime no file of this process can grow beyond `size`.
 class FullDisk {
@@ -30,4 +30,4 @@ private:
     rlimit m_before{};
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::store

@@ -9,7 +9,7 @@
 #include "store/day_store.h"
 #include "support/files.h"
 
-namespace tickwell {
+namespace tickwell::store {
 
 using namespace Qt::StringLiterals;
 
@@ -74,4 +74,4 @@ bool IsWholeDatabase(const QString& path) {
     }
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::store

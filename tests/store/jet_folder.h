@@ -9,7 +9,7 @@
 #include "store/jet/jet_import.h"
 #include "store/jet_samples.h"
 
-namespace tickwell {
+namespace tickwell::store {
 
 /// The files of a folder, by name.
 using Contents = QMap<QString, QByteArray>;
@@ -45,4 +45,4 @@ QByteArray StoredTsv(const QString& path);
 /// Whether `path` opens as a database in our format with the contents of the full Jet 4 sample.
 bool IsWholeDatabase(const QString& path);
 
-}  // namespace tickwell
+}  // namespace tickwell::store

@@ -6,7 +6,7 @@
 #include "core/errors.h"
 #include "store/day_schema.h"
 
-namespace tickwell {
+namespace tickwell::store {
 
 using namespace Qt::StringLiterals;
 
@@ -47,4 +47,4 @@ QString Refusal(const QByteArray& file) {
     }
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::store

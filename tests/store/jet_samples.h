@@ -6,7 +6,7 @@
 
 #include "store/jet/day_rows.h"
 
-namespace tickwell {
+namespace tickwell::store {
 
 /// The file `name` of tests/data/jet. Ends the test run if it is missing.
 QByteArray JetSample(const QString& name);
@@ -20,4 +20,4 @@ DayRows RowsOf(const QByteArray& file);
 /// The reason for which reading `file` fails; empty if it succeeds.
 QString Refusal(const QByteArray& file);
 
-}  // namespace tickwell
+}  // namespace tickwell::store

@@ -6,7 +6,7 @@
 #include "store/day_schema.h"
 #include "store/store_faults.h"
 
-namespace tickwell {
+namespace tickwell::store {
 
 using namespace Qt::StringLiterals;
 
@@ -41,4 +41,4 @@ QStringList NamesAtRest() {
     return {u"DayDate.lock"_s, u"DayDate.mdb"_s};
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::store

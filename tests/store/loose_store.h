@@ -6,7 +6,7 @@
 #include "core/program_folder.h"
 #include "store/day_store.h"
 
-namespace tickwell {
+namespace tickwell::store {
 
 /// A day database with much empty space, in a folder that is the current one.
 class LooseStore : public DayStore {
@@ -28,4 +28,4 @@ ProgramFolder Here();
 /// The names in the folder if nothing is left over.
 QStringList NamesAtRest();
 
-}  // namespace tickwell
+}  // namespace tickwell::store

@@ -7,7 +7,7 @@
 
 #include <stdexcept>
 
-namespace tickwell {
+namespace tickwell::store {
 
 namespace {
 
@@ -117,4 +117,4 @@ void Neighbour::DoNext() {
     Require(read(m_answers[0], &answer, 1) == 1 && answer == kDone, "the other process");
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::store

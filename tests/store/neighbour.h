@@ -7,7 +7,7 @@
 #include <array>
 #include <functional>
 
-namespace tickwell {
+namespace tickwell::store {
 
 /// Runs `story` in a separate process and returns its result. If the test runs as root, which ignores file
 /// permissions, the process runs as "nobody".
@@ -34,4 +34,4 @@ private:
     pid_t m_process = -1;
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::store

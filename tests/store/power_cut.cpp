@@ -4,7 +4,7 @@
 #include <QRandomGenerator>
 #include <algorithm>
 
-namespace tickwell {
+namespace tickwell::store {
 
 namespace {
 
@@ -174,4 +174,4 @@ void ForEachPowerCut(const DiskState& before, const std::vector<DiskStep>& steps
     }
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::store

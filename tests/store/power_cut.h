@@ -7,7 +7,7 @@
 
 #include "store/recorded_disk.h"
 
-namespace tickwell {
+namespace tickwell::store {
 
 /// The files of a folder by path.
 using DiskState = QMap<QString, QByteArray>;
@@ -25,4 +25,4 @@ enum class DiskOrder {
 void ForEachPowerCut(const DiskState& before, const std::vector<DiskStep>& steps, DiskOrder order, int random,
                      const std::function<void(const DiskState& state, int mark)>& see);
 
-}  // namespace tickwell
+}  // namespace tickwell::store

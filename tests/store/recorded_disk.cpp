@@ -6,7 +6,7 @@
 #include <QFile>
 #include <new>
 
-namespace tickwell {
+namespace tickwell::store {
 
 namespace {
 
@@ -147,4 +147,4 @@ const std::vector<DiskStep>& RecordedDisk::Steps() const {
     return g_steps;
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::store

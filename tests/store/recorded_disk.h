@@ -5,7 +5,7 @@
 #include <QString>
 #include <vector>
 
-namespace tickwell {
+namespace tickwell::store {
 
 /// One disk operation of SQLite, or `Mark`, which the test sets.
 struct DiskStep {
@@ -32,4 +32,4 @@ public:
     const std::vector<DiskStep>& Steps() const;
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::store

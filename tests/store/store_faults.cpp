@@ -6,7 +6,7 @@
 #include "core/errors.h"
 #include "store/day_database.h"
 
-namespace tickwell {
+namespace tickwell::store {
 
 using namespace Qt::StringLiterals;
 
@@ -42,4 +42,4 @@ void Fill(const DayStore& store, int rows) {
               "SELECT '記念日' || i, 0, i % 13, i % 31 + 1, 0 FROM n");
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::store

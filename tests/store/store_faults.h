@@ -5,7 +5,7 @@
 
 #include "store/day_store.h"
 
-namespace tickwell {
+namespace tickwell::store {
 
 /// The reason for which opening fails; empty if it succeeds.
 QString OpeningFault(const QString& path);
@@ -19,4 +19,4 @@ void SetBytes(const QString& path, const QByteArray& bytes);
 /// Stores that many anniversaries, so that the file contains pages of every kind.
 void Fill(const DayStore& store, int rows);
 
-}  // namespace tickwell
+}  // namespace tickwell::store

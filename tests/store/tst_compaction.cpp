@@ -16,6 +16,7 @@
 
 using namespace Qt::StringLiterals;
 using namespace tickwell;
+using namespace tickwell::store;
 
 namespace {
 

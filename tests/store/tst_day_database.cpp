@@ -8,6 +8,7 @@
 
 using namespace Qt::StringLiterals;
 using namespace tickwell;
+using namespace tickwell::store;
 
 namespace {
 
@@ -62,26 +63,26 @@ private Q_SLOTS:
 void TstDayDatabase::KeepsTheOrderOfStoring() {
     const DayStore store;
     DayDatabase database(store.Path());
-    database.Execute(Insert(u"z"_s, 0, 0, 3, 0));
-    database.Execute(Insert(u"y"_s, 0, 0, 0, 17));
-    database.Execute(Insert(u"x"_s, 0, 10, 3, 0));
-    database.Execute(Insert(u"w"_s, 1998, 10, 3, 0));
-    database.Execute(Insert(u"v"_s, 0, 0, 3, 17));
+    database.Execute(days::Insert(u"z"_s, 0, 0, 3, 0));
+    database.Execute(days::Insert(u"y"_s, 0, 0, 0, 17));
+    database.Execute(days::Insert(u"x"_s, 0, 10, 3, 0));
+    database.Execute(days::Insert(u"w"_s, 1998, 10, 3, 0));
+    database.Execute(days::Insert(u"v"_s, 0, 0, 3, 17));
     const QDate day(1998, 10, 3);
-    QCOMPARE(AnniversariesOf(database, day), u"z y x w v"_s);
+    QCOMPARE(days::AnniversariesOf(database, day), u"z y x w v"_s);
     // A changed row keeps its place.
     QCOMPARE(database.Execute(
                  u"UPDATE Kinenbi SET Name=\"a\", Year=\"0\", Month=\"0\", Day=\"0\", Week=\"17\" WHERE "
                  "Name=\"x\" AND Year=0 AND Month=10 AND Day=3 AND Week=0"_s),
              1);
-    QCOMPARE(AnniversariesOf(database, day), u"z y a w v"_s);
+    QCOMPARE(days::AnniversariesOf(database, day), u"z y a w v"_s);
     // A row that is deleted and added again is last.
     QCOMPARE(database.Execute(
                  u"DELETE * FROM Kinenbi  WHERE Name=\"z\" AND Year=0 AND Month=0 AND Day=3 AND Week=0"_s),
              1);
-    database.Execute(Insert(u"z"_s, 0, 0, 3, 0));
-    QCOMPARE(AnniversariesOf(database, day), u"y a w v z"_s);
-    QCOMPARE(Names(database.RunQuery(kEverything)), u"y a w v z"_s);
+    database.Execute(days::Insert(u"z"_s, 0, 0, 3, 0));
+    QCOMPARE(days::AnniversariesOf(database, day), u"y a w v z"_s);
+    QCOMPARE(days::Names(database.RunQuery(kEverything)), u"y a w v z"_s);
 }
 
 void TstDayDatabase::ComparesDatesAsDates() {
@@ -89,10 +90,10 @@ void TstDayDatabase::ComparesDatesAsDates() {
     DayDatabase database(store.Path());
     for (const QDate date : {QDate(1998, 10, 31), QDate(1998, 2, 1), QDate(1998, 9, 30), QDate(1998, 10, 1),
                              QDate(1998, 11, 1), QDate(100, 1, 1), QDate(9999, 12, 31)}) {
-        QCOMPARE(database.Execute(u"INSERT INTO Holiday  VALUES ("_s + DateLiteral(date) + u')'), 1);
+        QCOMPARE(database.Execute(u"INSERT INTO Holiday  VALUES ("_s + days::DateLiteral(date) + u')'), 1);
     }
     const auto marked = [&database](QDate first, QDate last) {
-        return Dates(database.RunQuery(MarkedDatesQuery(DayMark::Holiday, first, last)));
+        return Dates(database.RunQuery(days::MarkedDatesQuery(days::DayMark::Holiday, first, last)));
     };
     QCOMPARE(marked(QDate(1998, 10, 1), QDate(1998, 10, 31)), u"1998-10-31 1998-10-01"_s);
     QCOMPARE(marked(QDate(1998, 10, 31), QDate(1998, 10, 1)), QString());  // reversed ends
@@ -107,7 +108,7 @@ void TstDayDatabase::ComparesDatesAsDates() {
 void TstDayDatabase::StoresQuotedNumbersAsNumbers() {
     const DayStore store;
     DayDatabase database(store.Path());
-    database.Execute(Insert(u"a"_s, 0, 10, 3, 0));
+    database.Execute(days::Insert(u"a"_s, 0, 10, 3, 0));
     QCOMPARE(database.Execute(
                  u"UPDATE Kinenbi SET Name=\"b\", Year=\"1998\", Month=\"-5\", Day=\"007\", Week=\"0\" WHERE "
                  "Name=\"a\" AND Year=0 AND Month=10 AND Day=3 AND Week=0"_s),
@@ -122,15 +123,16 @@ void TstDayDatabase::TakesNamesThatAreColumns() {
     DayDatabase database(store.Path());
     for (const char* name :
          {"Name", "Year", "Month", "Day", "Week", "Date", "id", "NULL", "rowid", "", "a'b", "%", "?1"}) {
-        database.Execute(Insert(QString::fromLatin1(name), 0, 1, 2, 0));
+        database.Execute(days::Insert(QString::fromLatin1(name), 0, 1, 2, 0));
     }
-    QCOMPARE(Names(database.RunQuery(kEverything)),
+    QCOMPARE(days::Names(database.RunQuery(kEverything)),
              u"Name Year Month Day Week Date id NULL rowid  a'b % ?1"_s);
-    QCOMPARE(Names(database.RunQuery(u"SELECT * FROM Kinenbi WHERE Name=\"Name\""_s)), u"Name"_s);
+    QCOMPARE(days::Names(database.RunQuery(u"SELECT * FROM Kinenbi WHERE Name=\"Name\""_s)), u"Name"_s);
     QCOMPARE(database.RunQuery(u"SELECT * FROM Kinenbi WHERE Name=\"\""_s).Count(), 1);
     QCOMPARE(database.Execute(u"UPDATE Kinenbi SET Name=\"Week\" WHERE Name=\"Year\""_s), 1);
     QCOMPARE(database.Execute(u"DELETE * FROM Kinenbi  WHERE Name=\"Name\" AND Year=0"_s), 1);
-    QCOMPARE(Names(database.RunQuery(kEverything)), u"Week Month Day Week Date id NULL rowid  a'b % ?1"_s);
+    QCOMPARE(days::Names(database.RunQuery(kEverything)),
+             u"Week Month Day Week Date id NULL rowid  a'b % ?1"_s);
 }
 
 void TstDayDatabase::ComparesNamesCharacterByCharacter() {
@@ -154,7 +156,7 @@ void TstDayDatabase::ComparesNamesCharacterByCharacter() {
                             QString(QChar(0xFFFD)),
                             QString(QChar(0xFFFE))};
     for (const QString& name : names) {
-        database.Execute(Insert(name, 0, 1, 2, 0));
+        database.Execute(days::Insert(name, 0, 1, 2, 0));
     }
     for (const QString& name : names) {
         const ResultSet found = database.RunQuery(u"SELECT * FROM Kinenbi WHERE Name=\""_s + name + u'"');
@@ -167,7 +169,7 @@ void TstDayDatabase::ChangesEveryEqualRow() {
     const DayStore store;
     DayDatabase database(store.Path());
     for (const char* name : {"a", "b", "a", "a"}) {
-        database.Execute(Insert(QString::fromLatin1(name), 0, 1, 2, 0));
+        database.Execute(days::Insert(QString::fromLatin1(name), 0, 1, 2, 0));
     }
     QCOMPARE(database.Execute(u"UPDATE Kinenbi SET Day=\"3\" WHERE Name=\"a\" AND Day=2"_s), 3);
     QCOMPARE(Shown(database.RunQuery(kEverything)), u"a 0 1 3 0; b 0 1 2 0; a 0 1 3 0; a 0 1 3 0"_s);
@@ -183,12 +185,12 @@ void TstDayDatabase::ChangesEveryEqualRow() {
 void TstDayDatabase::AnAnswerIsASnapshot() {
     const DayStore store;
     DayDatabase database(store.Path());
-    database.Execute(Insert(u"a"_s, 0, 1, 2, 0));
+    database.Execute(days::Insert(u"a"_s, 0, 1, 2, 0));
     const ResultSet before = database.RunQuery(kEverything);
-    database.Execute(Insert(u"b"_s, 0, 1, 2, 0));
+    database.Execute(days::Insert(u"b"_s, 0, 1, 2, 0));
     database.Execute(u"DELETE * FROM Kinenbi WHERE Name=\"a\""_s);
-    QCOMPARE(Names(before), u"a"_s);
-    QCOMPARE(Names(database.RunQuery(kEverything)), u"b"_s);
+    QCOMPARE(days::Names(before), u"a"_s);
+    QCOMPARE(days::Names(database.RunQuery(kEverything)), u"b"_s);
     // Nothing stays locked: another program can lock the file exclusively.
     RawConnection(store.Path()).Run("BEGIN EXCLUSIVE; COMMIT; VACUUM");
 }
@@ -210,7 +212,7 @@ void TstDayDatabase::RefusesTheWrongKindOfStatement() {
     const DayStore store;
     DayDatabase database(store.Path());
     QVERIFY_THROWS_EXCEPTION(SqlError, database.Execute(kEverything));
-    QVERIFY_THROWS_EXCEPTION(SqlError, database.RunQuery(Insert(u"a"_s, 0, 1, 2, 0)));
+    QVERIFY_THROWS_EXCEPTION(SqlError, database.RunQuery(days::Insert(u"a"_s, 0, 1, 2, 0)));
     QVERIFY_THROWS_EXCEPTION(SqlError, database.RunQuery(u"DELETE * FROM Kinenbi WHERE Day=2"_s));
     QVERIFY_THROWS_EXCEPTION(SqlError,
                              database.Execute(u"INSERT INTO Kinenbi(Name,Year) VALUES (\"a\",0)"_s));
@@ -220,14 +222,14 @@ void TstDayDatabase::RefusesTheWrongKindOfStatement() {
 void TstDayDatabase::TakesATransactionBack() {
     const DayStore store;
     DayDatabase database(store.Path());
-    database.Execute(Insert(u"a"_s, 0, 1, 2, 0));
+    database.Execute(days::Insert(u"a"_s, 0, 1, 2, 0));
     {
         const DayTransaction transaction(database);
         database.Execute(u"DELETE * FROM Kinenbi WHERE Day=2"_s);
-        database.Execute(Insert(u"b"_s, 0, 1, 2, 0));
-        QCOMPARE(Names(database.RunQuery(kEverything)), u"b"_s);
+        database.Execute(days::Insert(u"b"_s, 0, 1, 2, 0));
+        QCOMPARE(days::Names(database.RunQuery(kEverything)), u"b"_s);
     }
-    QCOMPARE(Names(database.RunQuery(kEverything)), u"a"_s);
+    QCOMPARE(days::Names(database.RunQuery(kEverything)), u"a"_s);
     QCOMPARE(store.Raw("SELECT \"Name\" FROM Kinenbi"), QStringList(u"a"_s));
 }
 
@@ -236,7 +238,7 @@ void TstDayDatabase::StoresATransactionAtOnce() {
     DayDatabase database(store.Path());
     DayTransaction transaction(database);
     for (int day = 1; day <= 31; ++day) {
-        database.Execute(u"INSERT INTO Halfday  VALUES ("_s + DateLiteral(QDate(1998, 10, day)) + u')');
+        database.Execute(u"INSERT INTO Halfday  VALUES ("_s + days::DateLiteral(QDate(1998, 10, day)) + u')');
     }
     QCOMPARE(store.Raw("SELECT count(*) FROM Halfday"), QStringList(u"0"_s));
     transaction.Commit();
@@ -247,10 +249,10 @@ void TstDayDatabase::HasOneTransactionAtATime() {
     const DayStore store;
     DayDatabase database(store.Path());
     DayTransaction outer(database);
-    database.Execute(Insert(u"a"_s, 0, 1, 2, 0));
+    database.Execute(days::Insert(u"a"_s, 0, 1, 2, 0));
     QVERIFY_THROWS_EXCEPTION(SqlError, DayTransaction{database});
     outer.Commit();
-    QCOMPARE(Names(database.RunQuery(kEverything)), u"a"_s);
+    QCOMPARE(days::Names(database.RunQuery(kEverything)), u"a"_s);
 }
 
 void TstDayDatabase::WorksInARelativeFolder() {
@@ -259,7 +261,7 @@ void TstDayDatabase::WorksInARelativeFolder() {
     QVERIFY(QDir::setCurrent(store.Folder()));
     DayDatabase database(u"DayDate.mdb"_s);
     QVERIFY(QDir::setCurrent(before));
-    database.Execute(Insert(u"a"_s, 0, 1, 2, 0));
+    database.Execute(days::Insert(u"a"_s, 0, 1, 2, 0));
     QCOMPARE(store.Raw("SELECT \"Name\" FROM Kinenbi"), QStringList(u"a"_s));
     QVERIFY(QFile::exists(store.Folder() + u"/DayDate.lock"_s));
 }
@@ -280,7 +282,7 @@ void TstDayDatabase::RefusesValuesFromElsewhere() {
     const DayStore store;
     store.Raw("INSERT INTO Syukuzitu(\"Name\",\"Month\",\"Day\") VALUES ('a',6,4294967297)");
     DayDatabase database(store.Path());
-    QVERIFY_THROWS_EXCEPTION(SqlError, database.RunQuery(MonthHolidayQuery(6)));
+    QVERIFY_THROWS_EXCEPTION(SqlError, database.RunQuery(days::MonthHolidayQuery(6)));
     QCOMPARE(database.Execute(u"DELETE * FROM Syukuzitu WHERE Month=6"_s), 1);
 }
 
@@ -296,7 +298,7 @@ void TstDayDatabase::SetsTheEngine() {
     // Triggers that another program put into the file do not run.
     store.Raw("CREATE TRIGGER t AFTER INSERT ON Kinenbi BEGIN DELETE FROM Syukuzitu; END");
     DayDatabase database(store.Path());
-    database.Execute(Insert(u"a"_s, 0, 1, 2, 0));
+    database.Execute(days::Insert(u"a"_s, 0, 1, 2, 0));
     QCOMPARE(store.Raw("SELECT count(*) FROM Syukuzitu"), QStringList(u"10"_s));
 }
 

@@ -12,6 +12,7 @@
 
 using namespace Qt::StringLiterals;
 using namespace tickwell;
+using namespace tickwell::store;
 
 namespace {
 

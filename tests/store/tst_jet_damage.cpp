@@ -11,6 +11,7 @@
 #include "support/files.h"
 
 using namespace tickwell;
+using namespace tickwell::store;
 using namespace Qt::StringLiterals;
 
 namespace {

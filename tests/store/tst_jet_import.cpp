@@ -7,6 +7,7 @@
 #include "support/files.h"
 
 using namespace tickwell;
+using namespace tickwell::store;
 using namespace Qt::StringLiterals;
 
 /// The import of a Jet file into the program's folder.

@@ -13,6 +13,7 @@
 #include "support/other_user.h"
 
 using namespace tickwell;
+using namespace tickwell::store;
 using namespace Qt::StringLiterals;
 
 namespace {

@@ -8,6 +8,7 @@
 #include "store/jet_samples.h"
 
 using namespace tickwell;
+using namespace tickwell::store;
 using namespace Qt::StringLiterals;
 
 namespace {

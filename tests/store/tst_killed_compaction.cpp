@@ -19,6 +19,7 @@
 
 using namespace Qt::StringLiterals;
 using namespace tickwell;
+using namespace tickwell::store;
 
 namespace {
 

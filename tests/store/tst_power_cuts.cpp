@@ -13,6 +13,7 @@
 
 using namespace Qt::StringLiterals;
 using namespace tickwell;
+using namespace tickwell::store;
 
 namespace {
 

@@ -6,6 +6,7 @@
 
 using namespace Qt::StringLiterals;
 using namespace tickwell;
+using namespace tickwell::store;
 
 namespace {
 
@@ -37,17 +38,18 @@ void AddStatement(const char* name, const QString& sql, const QByteArray& text, 
 void AddDayQueries() {
     const QByteArray day = SelectKinenbi(
         R"(("Day" = ?1 OR "Week" = ?2) AND ("Month" = ?3 OR "Month" = ?4) AND ("Year" = ?5 OR "Year" = ?6))");
-    AddStatement("a day's anniversaries", AnniversaryQuery(1998, 10, 3, 17), day, u"3 17 0 10 0 1998"_s);
-    AddStatement("another day's, code the other way round", AnniversaryQuery(2026, 1, 31, 75), day,
+    AddStatement("a day's anniversaries", days::AnniversaryQuery(1998, 10, 3, 17), day,
+                 u"3 17 0 10 0 1998"_s);
+    AddStatement("another day's, code the other way round", days::AnniversaryQuery(2026, 1, 31, 75), day,
                  u"31 75 0 1 0 2026"_s);
     const QByteArray holiday =
         R"(SELECT "Name","Month","Day" FROM "Syukuzitu" WHERE "Month" = ?1 AND "Day" = ?2 ORDER BY "id")";
-    AddStatement("a day's holidays", HolidayQuery(1, 1), holiday, u"1 1"_s);
-    AddStatement("another day's holidays", HolidayQuery(11, 23), holiday, u"11 23"_s);
+    AddStatement("a day's holidays", days::HolidayQuery(1, 1), holiday, u"1 1"_s);
+    AddStatement("another day's holidays", days::HolidayQuery(11, 23), holiday, u"11 23"_s);
     const QByteArray month =
         R"(SELECT "Name","Month","Day" FROM "Syukuzitu" WHERE "Month" = ?1 ORDER BY "id")";
-    AddStatement("a month's holidays", MonthHolidayQuery(5), month, u"5"_s);
-    AddStatement("another month's holidays", MonthHolidayQuery(12), month, u"12"_s);
+    AddStatement("a month's holidays", days::MonthHolidayQuery(5), month, u"5"_s);
+    AddStatement("another month's holidays", days::MonthHolidayQuery(12), month, u"12"_s);
 }
 
 void AddMarkStatements() {
@@ -55,9 +57,9 @@ void AddMarkStatements() {
     const QDate last(1998, 10, 31);
     const QString october = u"'1998-10-01' '1998-10-31'"_s;
     const QString leap = u"'2000-02-01' '2000-02-29'"_s;
-    const std::array marks{std::pair{DayMark::Holiday, u"Holiday"_s},
-                           std::pair{DayMark::Halfday, u"Halfday"_s},
-                           std::pair{DayMark::Usuallyday, u"Usuallyday"_s}};
+    const std::array marks{std::pair{days::DayMark::Holiday, u"Holiday"_s},
+                           std::pair{days::DayMark::Halfday, u"Halfday"_s},
+                           std::pair{days::DayMark::Usuallyday, u"Usuallyday"_s}};
     for (const auto& [mark, table] : marks) {
         const QByteArray quoted = '"' + table.toLatin1() + '"';
         const auto row = [&table = table](const char* what, const QString& sql, const QByteArray& text,
@@ -65,9 +67,9 @@ void AddMarkStatements() {
             QTest::newRow(qPrintable(table + u' ' + QLatin1StringView(what))) << sql << text << values;
         };
         const QByteArray range = R"( WHERE "Date" BETWEEN ?1 AND ?2)";
-        row("marks of a month", MarkedDatesQuery(mark, first, last),
+        row("marks of a month", days::MarkedDatesQuery(mark, first, last),
             "SELECT \"Date\" FROM " + quoted + range + kById, october);
-        row("marks of a February", MarkedDatesQuery(mark, QDate(2000, 2, 1), QDate(2000, 2, 29)),
+        row("marks of a February", days::MarkedDatesQuery(mark, QDate(2000, 2, 1), QDate(2000, 2, 29)),
             "SELECT \"Date\" FROM " + quoted + range + kById, leap);
         const QString erase = u"DELETE "_s + table + u".Date FROM " + table + u" WHERE Date ";
         row("erase a month", erase + u"BETWEEN #10/1/1998# AND #10/31/1998#", "DELETE FROM " + quoted + range,

@@ -12,6 +12,7 @@
 
 using namespace Qt::StringLiterals;
 using namespace tickwell;
+using namespace tickwell::store;
 
 namespace {
 
@@ -101,7 +102,7 @@ public:
         return name;
     }
 
-    Anniversary Row() {
+    days::Anniversary Row() {
         return {Below(2) == 0 ? u"n%1"_s.arg(Below(4)) : Name(), Below(3) - 1, Below(2), Below(3),
                 Below(2) * 22};
     }
@@ -163,19 +164,19 @@ bool IsAnswered(DayDatabase& database, const QString& sql) {
 
 /// All rows of the database, table by table.
 struct Contents {
-    Anniversaries kinenbi;
+    days::Anniversaries kinenbi;
     QStringList others[4];
 
     bool operator==(const Contents&) const = default;
 };
 
 Contents ContentsOf(DayDatabase& database) {
-    Contents contents{AnniversariesIn(database.RunQuery(kEverything)), {}};
+    Contents contents{days::AnniversariesIn(database.RunQuery(kEverything)), {}};
     int table = 0;
     for (const QString& name : {u"Holiday"_s, u"Halfday"_s, u"Usuallyday"_s}) {
         for (const ResultRow& row :
              database.RunQuery(u"SELECT * FROM "_s + name + u" WHERE Date <= #12/31/9999#")) {
-            contents.others[table].append(DateLiteral(row.Date(u"Date")));
+            contents.others[table].append(days::DateLiteral(row.Date(u"Date")));
         }
         ++table;
     }
@@ -206,14 +207,14 @@ qsizetype RowsOf(const Contents& contents) {
 
 /// A valid statement, to be mutated.
 QString Valid(Dice& dice) {
-    const Anniversary row{u"n%1"_s.arg(dice.Below(4)), 0, dice.Below(2), 2, 0};
+    const days::Anniversary row{u"n%1"_s.arg(dice.Below(4)), 0, dice.Below(2), 2, 0};
     switch (dice.Below(8)) {
         case 0:
-            return InsertText(row);
+            return days::InsertText(row);
         case 1:
-            return UpdateText(row, {u"n5"_s, 1998, 1, 1, 0});
+            return days::UpdateText(row, {u"n5"_s, 1998, 1, 1, 0});
         case 2:
-            return DeleteText(row);
+            return days::DeleteText(row);
         case 3:
             return u"DELETE Holiday.Date FROM Holiday WHERE Date BETWEEN #10/1/1998# AND #10/31/1998#"_s;
         case 4:
@@ -221,7 +222,7 @@ QString Valid(Dice& dice) {
         case 5:
             return u"DELETE Usuallyday.Date FROM Usuallyday WHERE Date <= #10/31/1998#"_s;
         case 6:
-            return AnniversaryQuery(1998, 10, 3, 17);
+            return days::AnniversaryQuery(1998, 10, 3, 17);
         default:
             return u"SELECT * FROM Kinenbi WHERE Year <> 0 AND Name=\"n1\""_s;
     }
@@ -242,46 +243,49 @@ private:
     void TryName(DayDatabase& database, Dice& dice);
     void TryMutation(DayDatabase& database, Dice& dice);
 
-    Anniversaries m_rows;  // expected rows of the table
+    days::Anniversaries m_rows;  // expected rows of the table
     int m_refused = 0;
 };
 
 /// Inserts, updates, searches and deletes rows with random names, and does the same to a list.
 void TstSqlInjection::TryName(DayDatabase& database, Dice& dice) {
-    const Anniversary added = dice.Row();
+    const days::Anniversary added = dice.Row();
     const bool isRefused = IsHostile(added.name);
     m_refused += isRefused ? 1 : 0;
-    QCOMPARE(Executed(database, InsertText(added)), isRefused ? std::nullopt : std::optional(1));
+    QCOMPARE(Executed(database, days::InsertText(added)), isRefused ? std::nullopt : std::optional(1));
     if (!isRefused) {
         m_rows.push_back(added);
     }
-    const Anniversary from = dice.Below(2) == 0 && !m_rows.empty()
-                                 ? m_rows[std::size_t(dice.Below(qsizetype(m_rows.size())))]
-                                 : dice.Row();
-    const Anniversary to = dice.Row();
-    const auto equals = [&from](const Anniversary& row) { return row == from; };
+    const days::Anniversary from = dice.Below(2) == 0 && !m_rows.empty()
+                                       ? m_rows[std::size_t(dice.Below(qsizetype(m_rows.size())))]
+                                       : dice.Row();
+    const days::Anniversary to = dice.Row();
+    const auto equals = [&from](const days::Anniversary& row) { return row == from; };
     const int count = static_cast<int>(std::count_if(m_rows.begin(), m_rows.end(), equals));
     const auto expected = IsHostile(from.name) ? std::nullopt : std::optional(count);
-    QCOMPARE(Executed(database, UpdateText(from, to)), IsHostile(to.name) ? std::nullopt : expected);
+    QCOMPARE(Executed(database, days::UpdateText(from, to)), IsHostile(to.name) ? std::nullopt : expected);
     if (expected && !IsHostile(to.name)) {
         std::replace_if(m_rows.begin(), m_rows.end(), equals, to);
     }
-    const Anniversary sought = dice.Row();
+    const days::Anniversary sought = dice.Row();
     const QString search = u"SELECT * FROM Kinenbi WHERE Month = 0 AND Name=\""_s + sought.name + u'"';
     if (IsHostile(sought.name)) {
         QVERIFY_THROWS_EXCEPTION(SqlError, database.RunQuery(search));
     } else {
-        QCOMPARE(AnniversariesIn(database.RunQuery(search)), Those(m_rows, [&sought](const Anniversary& row) {
+        QCOMPARE(days::AnniversariesIn(database.RunQuery(search)),
+                 days::Those(m_rows, [&sought](const days::Anniversary& row) {
                      return row.month == 0 && row.name == sought.name;
                  }));
     }
     if (IsHostile(sought.name) || m_rows.size() > kMostRows) {
-        const Anniversary gone = m_rows.size() > kMostRows ? m_rows.front() : sought;
-        const auto erased = Executed(database, DeleteText(gone));
+        const days::Anniversary gone = m_rows.size() > kMostRows ? m_rows.front() : sought;
+        const auto erased = Executed(database, days::DeleteText(gone));
         QCOMPARE(erased.has_value(), !IsHostile(gone.name));
-        m_rows = erased ? Those(m_rows, [&gone](const Anniversary& row) { return !(row == gone); }) : m_rows;
+        m_rows = erased
+                     ? days::Those(m_rows, [&gone](const days::Anniversary& row) { return !(row == gone); })
+                     : m_rows;
     }
-    QCOMPARE(AnniversariesIn(database.RunQuery(kEverything)), m_rows);
+    QCOMPARE(days::AnniversariesIn(database.RunQuery(kEverything)), m_rows);
 }
 
 void TstSqlInjection::NamesStayNames() {

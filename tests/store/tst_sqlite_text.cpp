@@ -5,6 +5,7 @@
 
 using namespace Qt::StringLiterals;
 using namespace tickwell;
+using namespace tickwell::store;
 
 /// The conversion of texts for SQLite and back.
 class TstSqliteText : public QObject {

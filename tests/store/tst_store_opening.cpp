@@ -16,6 +16,7 @@
 
 using namespace Qt::StringLiterals;
 using namespace tickwell;
+using namespace tickwell::store;
 
 using Spoil = std::function<void(const DayStore&)>;
 
@@ -276,7 +277,7 @@ void TstStoreOpening::NeverFallsOverDamage() {
             DayDatabase database(store.Path());
             ++opened;
             database.RunQuery(u"SELECT * FROM Kinenbi WHERE Year <> 5"_s);
-            database.RunQuery(AnniversaryQuery(1998, 10, 3, 17));
+            database.RunQuery(days::AnniversaryQuery(1998, 10, 3, 17));
             database.Execute(u"INSERT INTO Kinenbi VALUES (\"a\",0,10,3,0)"_s);
         } catch (const RunTimeError& error) {
             QVERIFY(!error.Reason().isEmpty());

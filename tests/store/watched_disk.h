@@ -7,7 +7,7 @@
 
 #include "store/store_disk.h"
 
-namespace tickwell {
+namespace tickwell::store {
 
 /// The real disk with an observer before and after each step, which may throw.
 class WatchedDisk : public PosixStoreDisk {
@@ -51,4 +51,4 @@ private:
     QStringList m_steps;
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::store

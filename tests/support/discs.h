@@ -6,21 +6,21 @@
 namespace tickwell {
 
 /// Three audio tracks: 1:40, 2:00 and 1:20; five minutes in total.
-inline CdContents ThreeTracks() {
+inline media::CdContents ThreeTracks() {
     return {{{0}, {100 * 75}, {220 * 75}}, 300 * 75};
 }
 
 /// Starts that are not whole milliseconds, and a first track that does not start at sector 0.
-inline CdContents OddTracks() {
+inline media::CdContents OddTracks() {
     return {{{32}, {10'001}, {20'012}}, 30'001};
 }
 
 /// A data track, then two audio tracks.
-inline CdContents MixedDisc() {
+inline media::CdContents MixedDisc() {
     return {{{0, false}, {750}, {1500}}, 2250};
 }
 
-inline CdContents DataDisc() {
+inline media::CdContents DataDisc() {
     return {{{0, false}}, 750};
 }
 

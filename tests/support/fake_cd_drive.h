@@ -10,10 +10,10 @@
 namespace tickwell {
 
 /// A drive whose disc the test inserts, plays and removes. It notifies only when Tell() is called.
-class FakeCdDrive : public CdDrive, public CdPlayback {
+class FakeCdDrive : public media::CdDrive, public media::CdPlayback {
 public:
     bool Exists() const override { return exists; }
-    CdPicture Picture() const override { return m_picture; }
+    media::CdPicture Picture() const override { return m_picture; }
     void Look() override { ++looks; }
     void WhenChanged(std::function<void()> changed) override { m_changed = std::move(changed); }
 
@@ -27,40 +27,40 @@ public:
     }
     void Pause() override {
         Note(QStringLiteral("pause"));
-        if (m_picture.mode == CdMode::Playing || m_picture.mode == CdMode::Seeking) {
-            m_picture.mode = CdMode::Paused;
+        if (m_picture.mode == media::CdMode::Playing || m_picture.mode == media::CdMode::Seeking) {
+            m_picture.mode = media::CdMode::Paused;
         }
     }
     void Stop() override {
         Note(QStringLiteral("stop"));
-        m_picture.mode = CdMode::Stopped;
+        m_picture.mode = media::CdMode::Stopped;
         m_picture.position = 0;
         m_picture.readError = false;
     }
 
     /// Inserts a disc whose contents are known, replacing the previous one.
-    void PutIn(const CdContents& contents) {
-        Replace(CdStatus::Ready);
+    void PutIn(const media::CdContents& contents) {
+        Replace(media::CdStatus::Ready);
         m_picture.contents = contents;
     }
-    void TakeOut(CdStatus status = CdStatus::NoDisc) { Replace(status); }
-    void SetMode(CdMode mode) { m_picture.mode = mode; }
+    void TakeOut(media::CdStatus status = media::CdStatus::NoDisc) { Replace(status); }
+    void SetMode(media::CdMode mode) { m_picture.mode = mode; }
 
     /// Sets the smallest position that reads as this many milliseconds from the start of sector 0.
     void SetMilliseconds(qint64 ms) { m_picture.position = (ms * 441 + 9) / 10; }
 
     /// Lets the disc play for this time, at most to the end of the range.
     void Pass(qint64 ms) {
-        if (m_picture.mode != CdMode::Playing) {
+        if (m_picture.mode != media::CdMode::Playing) {
             return;
         }
         m_picture.position = std::min(m_picture.position + ms * 441 / 10, m_end);
         if (m_picture.position == m_end) {
-            m_picture.mode = CdMode::Stopped;
+            m_picture.mode = media::CdMode::Stopped;
         }
     }
     void FailToRead() {
-        m_picture.mode = CdMode::Stopped;
+        m_picture.mode = media::CdMode::Stopped;
         m_picture.readError = true;
     }
     void Tell() const {
@@ -78,23 +78,23 @@ public:
 
 private:
     void Note(const QString& what) { m_record.append(what); }
-    void Replace(CdStatus status) {
+    void Replace(media::CdStatus status) {
         const quint32 number = m_picture.number + 1;
-        m_picture = CdPicture();
+        m_picture = media::CdPicture();
         m_picture.status = status;
         m_picture.number = number;
     }
     bool Begin(qint64 fromFrame, qint32 toSector) {
         if (sounds) {
             m_picture.position = fromFrame;
-            m_picture.mode = CdMode::Playing;
+            m_picture.mode = media::CdMode::Playing;
             m_picture.readError = false;
-            m_end = toSector * kFramesPerSector;
+            m_end = toSector * media::kFramesPerSector;
         }
         return sounds;
     }
 
-    CdPicture m_picture;
+    media::CdPicture m_picture;
     qint64 m_end = 0;  // frames
     std::function<void()> m_changed;
     QStringList m_record;

@@ -9,9 +9,9 @@
 namespace tickwell {
 
 /// Records each command and answers it as configured by the test; other commands succeed with an empty reply.
-class FakeCommandStrings : public CommandStrings {
+class FakeCommandStrings : public media::CommandStrings {
 public:
-    CommandResult Send(const QString& command, qsizetype longest) override {
+    media::CommandResult Send(const QString& command, qsizetype longest) override {
         sent.append(command);
         longestReply = longest;
         return results.value(command);
@@ -21,7 +21,7 @@ public:
         return text == texts.end() ? std::nullopt : std::optional(*text);
     }
 
-    QHash<QString, CommandResult> results;
+    QHash<QString, media::CommandResult> results;
     QHash<qint32, QString> texts;
     QStringList sent;
     qsizetype longestReply = 0;

@@ -6,7 +6,7 @@
 namespace tickwell {
 
 /// Runs `meanwhile` between two calls of `done`; gives up after a thousand, as if the program had ended.
-class FakeEventWait : public EventWait {
+class FakeEventWait : public media::EventWait {
 public:
     void Until(const std::function<bool()>& done) override {
         for (int round = 0; round < 1000 && !done(); ++round) {

@@ -10,11 +10,11 @@
 namespace tickwell {
 
 /// Records what is queued, and plays only as many frames as the test says.
-class FakeSoundOutput : public SoundOutput {
+class FakeSoundOutput : public media::SoundOutput {
 public:
     /// A device that was opened; kept after it is closed.
     struct Device {
-        SoundFormat format;
+        media::SoundFormat format;
         std::vector<qint16> samples;  // all ever queued
         std::vector<qint16> sounded;  // those taken and not dropped
         qint64 waiting = 0;           // frames
@@ -23,7 +23,7 @@ public:
         bool open = true;
     };
 
-    std::unique_ptr<SoundStream> Open(const SoundFormat& format) override {
+    std::unique_ptr<media::SoundStream> Open(const media::SoundFormat& format) override {
         if (!works || OpenDevices() >= most) {
             return nullptr;
         }
@@ -55,7 +55,7 @@ public:
     qsizetype most = 100;  ///< devices that can be open at the same time
 
 private:
-    class Stream : public SoundStream {
+    class Stream : public media::SoundStream {
     public:
         explicit Stream(std::shared_ptr<Device> device) : m_device(std::move(device)) {}
         Stream(const Stream&) = delete;

@@ -7,7 +7,7 @@
 #include "core/ports/clock.h"
 #include "core/ports/timer.h"
 
-namespace tickwell {
+namespace tickwell::timing {
 
 /// Time under the test's control: the test sets the tick counter, and timers tick only when the test fires
 /// them: late, in bursts, or not at all.
@@ -53,4 +53,4 @@ public:
     std::vector<HandTimer*> timers;  ///< in the order of creation; not owned
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::timing

@@ -7,7 +7,7 @@
 #include "core/text_line.h"
 #include "timing/timer_windows.h"
 
-namespace tickwell {
+namespace tickwell::timing {
 
 /// What happened to lines and windows, in chronological order: "upper show …", "lower set …", "form",
 /// "notice" ….
@@ -61,4 +61,4 @@ private:
     Journal& m_journal;
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::timing

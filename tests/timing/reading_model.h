@@ -5,7 +5,7 @@
 #include <limits>
 #include <optional>
 
-namespace tickwell {
+namespace tickwell::timing {
 
 /// The text of a reading, implemented separately from the program: h:mm'ss"fff, a negative one a day later.
 inline QString ReadingOf(qint64 ms) {
@@ -32,4 +32,4 @@ inline qint64 TickAt(qint64 since) {
     return rest >= turn / 2 ? rest - turn : rest;
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::timing

@@ -5,7 +5,7 @@
 #include <QRandomGenerator>
 #include <algorithm>
 
-namespace tickwell {
+namespace tickwell::timing {
 
 /// A pause of any scale, from a millisecond to 24.8 days.
 inline qint64 PauseOf(QRandomGenerator& random) {
@@ -20,4 +20,4 @@ inline qint64 BeginningOf(QRandomGenerator& random) {
     return std::max<qint64>(0, random.bounded(5) * signChange - PauseOf(random));
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::timing

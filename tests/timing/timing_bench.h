@@ -13,11 +13,11 @@
 #include "timing/journal.h"
 #include "timing/timing_displays.h"
 
-namespace tickwell {
+namespace tickwell::timing {
 
 /// The main window as seen by stopwatch and countdown, and all their other dependencies, faked for tests.
 struct TimingBench : public DisplayFunctions {
-    VirtualTime time{QDateTime(QDate(1998, 11, 15), QTime(21, 5, 7)), 307'000};
+    platform::VirtualTime time{QDateTime(QDate(1998, 11, 15), QTime(21, 5, 7)), 307'000};
     FakeMessageBoxes boxes;
     Handlers handlers{boxes};
     FakePrinter printer;
@@ -78,4 +78,4 @@ struct TimingBench : public DisplayFunctions {
     }
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::timing

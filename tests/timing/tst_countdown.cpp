@@ -6,6 +6,7 @@
 #include "timing/hand_time.h"
 
 using namespace tickwell;
+using namespace tickwell::timing;
 using namespace Qt::StringLiterals;
 
 namespace {

@@ -4,6 +4,7 @@
 #include "timing/lap_report.h"
 
 using namespace tickwell;
+using namespace tickwell::timing;
 using namespace Qt::StringLiterals;
 
 namespace {

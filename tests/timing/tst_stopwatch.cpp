@@ -6,6 +6,7 @@
 #include "timing/stopwatch.h"
 
 using namespace tickwell;
+using namespace tickwell::timing;
 using namespace Qt::StringLiterals;
 
 namespace {

@@ -6,12 +6,13 @@
 #include "timing/stopwatch_lines.h"
 
 using namespace tickwell;
+using namespace tickwell::timing;
 using namespace Qt::StringLiterals;
 
 namespace {
 
 struct Bench {
-    VirtualTime time{QDateTime(QDate(1998, 11, 15), QTime(21, 5, 7)), 307'000};
+    platform::VirtualTime time{QDateTime(QDate(1998, 11, 15), QTime(21, 5, 7)), 307'000};
     StopwatchState state;
     Stopwatch stopwatch{state, time};
     FakeTextLine upper;

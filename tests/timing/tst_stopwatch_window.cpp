@@ -7,6 +7,7 @@
 #include "timing/timing_bench.h"
 
 using namespace tickwell;
+using namespace tickwell::timing;
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -65,7 +66,7 @@ private Q_SLOTS:
 };
 
 void TstStopwatchWindow::initTestCase() {
-    InstallFontSubstitutes();
+    lines::InstallFontSubstitutes();
 }
 
 void TstStopwatchWindow::ItOpensReset() {

@@ -7,6 +7,7 @@
 #include "timing/timer_panel.h"
 
 using namespace tickwell;
+using namespace tickwell::timing;
 using namespace Qt::StringLiterals;
 
 namespace {

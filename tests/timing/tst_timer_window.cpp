@@ -5,6 +5,7 @@
 #include "timing/timing_bench.h"
 
 using namespace tickwell;
+using namespace tickwell::timing;
 using namespace Qt::StringLiterals;
 
 namespace {

@@ -5,7 +5,7 @@
 #include <QtGlobal>
 #include <functional>
 
-namespace tickwell {
+namespace tickwell::media {
 
 /// One second of a disc is 75 sectors; an audio sector has 588 frames of two samples, so 44100 frames a
 /// second.
@@ -97,4 +97,4 @@ public:
     virtual void Stop() = 0;
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::media

@@ -4,7 +4,7 @@
 #include <QString>
 #include <optional>
 
-namespace tickwell {
+namespace tickwell::media {
 
 /// The result of a multimedia command.
 struct CommandResult {
@@ -28,4 +28,4 @@ public:
     virtual std::optional<QString> ErrorText(qint32 error) const = 0;
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::media

@@ -3,7 +3,7 @@
 
 #include <functional>
 
-namespace tickwell {
+namespace tickwell::media {
 
 /// Waits without blocking the windows.
 class EventWait {
@@ -15,4 +15,4 @@ public:
     virtual void Until(const std::function<bool()>& done) = 0;
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::media

@@ -5,7 +5,7 @@
 #include <memory>
 #include <span>
 
-namespace tickwell {
+namespace tickwell::media {
 
 /// The layout of sound: signed 16-bit samples in native byte order, channels interleaved. One sample of every
 /// channel is a frame.
@@ -55,4 +55,4 @@ public:
     virtual std::unique_ptr<SoundStream> Open(const SoundFormat& format) = 0;
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::media

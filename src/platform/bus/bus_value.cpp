@@ -4,7 +4,7 @@
 #include <QVariantMap>
 #include <cstring>
 
-namespace tickwell {
+namespace tickwell::platform {
 
 namespace {
 
@@ -86,4 +86,4 @@ QVariant TakeBusValue(sd_bus_message* message) {
     return {};
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::platform

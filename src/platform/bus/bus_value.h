@@ -5,7 +5,7 @@
 
 #include <QVariant>
 
-namespace tickwell {
+namespace tickwell::platform {
 
 /// Reads the next value of a message: bool, int, uint, qlonglong, qulonglong, double or QString as the
 /// message's own type says, the contents of a variant, and a dictionary of variants as a QVariantMap. Values
@@ -13,4 +13,4 @@ namespace tickwell {
 /// message.
 QVariant TakeBusValue(sd_bus_message* message);
 
-}  // namespace tickwell
+}  // namespace tickwell::platform

@@ -13,7 +13,7 @@
 #include <optional>
 #include <vector>
 
-namespace tickwell {
+namespace tickwell::platform {
 
 /// Asynchronous calls over the session bus or the system bus: connecting, authenticating and calling are
 /// driven by the event loop. Connects with the first call, and again with the next call after the connection
@@ -81,4 +81,4 @@ private:
     QTimer m_patience;
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::platform

@@ -9,7 +9,7 @@
 
 #include "platform/log.h"
 
-namespace tickwell {
+namespace tickwell::platform {
 
 namespace {
 
@@ -63,4 +63,4 @@ void SessionBusLook::Finish() {
     }
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::platform

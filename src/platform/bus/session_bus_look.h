@@ -4,7 +4,7 @@
 #include <QByteArray>
 #include <optional>
 
-namespace tickwell {
+namespace tickwell::platform {
 
 /// Checks the session bus before Qt connects to it: if the bus hangs, Qt would wait for half a minute before
 /// there is a window. The check takes a millisecond if the bus answers.
@@ -23,4 +23,4 @@ private:
     bool m_hangs = false;
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::platform

@@ -16,7 +16,7 @@
 #include "platform/files/unfinished_files.h"
 #include "platform/log.h"
 
-namespace tickwell {
+namespace tickwell::platform {
 
 using namespace Qt::StringLiterals;
 
@@ -28,7 +28,7 @@ const QString& Section() {
 }
 
 /// Nothing if the file cannot be read: a desktop starts nothing then either.
-QByteArray Contents(const QString& path) {
+QByteArray store::Contents(const QString& path) {
     constexpr qint64 kLargest = qint64{64} << 10;
     FileContents contents = ReadRegularFile(path, kLargest);
     if (contents.problem != FileProblem::None) {
@@ -91,7 +91,7 @@ QStringList AutostartFile::Folders() {
 
 bool AutostartFile::IsOn() const {
     const auto file = std::find_if(m_files.begin(), m_files.end(), EntryExists);
-    return file != m_files.end() && Starts(Contents(*file));
+    return file != m_files.end() && Starts(store::Contents(*file));
 }
 
 void AutostartFile::Set(bool on) {
@@ -132,4 +132,4 @@ void AutostartFile::Remove() const {
     }
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::platform

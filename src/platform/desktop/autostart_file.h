@@ -5,7 +5,7 @@
 
 #include "core/ports/autostart.h"
 
-namespace tickwell {
+namespace tickwell::platform {
 
 /// tickwell.desktop in the folders that desktops read at login. The user's file takes precedence over the
 /// system-wide one, which it can hide.
@@ -30,4 +30,4 @@ private:
     QStringList m_command;
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::platform

@@ -9,7 +9,7 @@
 #include <QWidget>
 #include <QWindow>
 
-namespace tickwell {
+namespace tickwell::platform {
 
 namespace {
 
@@ -51,4 +51,4 @@ void ReturnFreedMemory() {
     malloc_trim(0);
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::platform

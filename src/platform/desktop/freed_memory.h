@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-namespace tickwell {
+namespace tickwell::platform {
 
 /// Makes malloc return large blocks to the system as soon as they are freed, and use one arena for all
 /// threads. Called first of all.
@@ -11,4 +11,4 @@ void KeepHeapSmall();
 /// controls, and free heap pages. Takes some milliseconds; whatever was dropped is drawn again when needed.
 void ReturnFreedMemory();
 
-}  // namespace tickwell
+}  // namespace tickwell::platform

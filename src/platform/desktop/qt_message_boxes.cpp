@@ -9,7 +9,7 @@
 #include <memory>
 #include <utility>
 
-namespace tickwell {
+namespace tickwell::platform {
 
 using namespace Qt::StringLiterals;
 
@@ -180,4 +180,4 @@ std::unique_ptr<OpenBox> QtMessageBoxes::ShowWaiting(const QObject* owner, const
     return std::make_unique<QtOpenBox>(box, &m_open);
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::platform

@@ -6,7 +6,7 @@
 
 #include "core/ports/message_boxes.h"
 
-namespace tickwell {
+namespace tickwell::platform {
 
 /// The open boxes. An application-modal window that is opened later would block them, so they are then shown
 /// again, above it.
@@ -43,4 +43,4 @@ private:
     OpenBoxes m_open;
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::platform

@@ -11,7 +11,7 @@
 #include <memory>
 #include <utility>
 
-namespace tickwell {
+namespace tickwell::platform {
 
 using namespace Qt::StringLiterals;
 
@@ -197,4 +197,4 @@ void QtTray::RemoveLeaving() {
     });
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::platform

@@ -12,7 +12,7 @@
 #include "core/ports/tray.h"
 #include "platform/bus/message_bus.h"
 
-namespace tickwell {
+namespace tickwell::platform {
 
 /// The notification area through Qt, for hosts on the session bus and on X11. Qt blocks on the session bus
 /// when it shows or removes an icon, so it is only asked to right after the bus has answered.
@@ -65,4 +65,4 @@ private:
     QTimer m_retry;
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::platform

@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <cstring>
 
-namespace tickwell {
+namespace tickwell::platform {
 
 namespace {
 
@@ -49,4 +49,4 @@ void SendToManager(xcb_connection_t* server, xcb_window_t window, xcb_atom_t mes
                    reinterpret_cast<const char*>(&event));
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::platform

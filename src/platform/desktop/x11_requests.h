@@ -8,7 +8,7 @@
 #include <cstdlib>
 #include <memory>
 
-namespace tickwell {
+namespace tickwell::platform {
 
 /// Frees what xcb allocated with malloc.
 struct XcbFree {
@@ -34,4 +34,4 @@ QList<quint32> ItemsOf(xcb_connection_t* server, xcb_get_property_cookie_t reque
 void SendToManager(xcb_connection_t* server, xcb_window_t window, xcb_atom_t message,
                    const std::array<quint32, 5>& words);
 
-}  // namespace tickwell
+}  // namespace tickwell::platform

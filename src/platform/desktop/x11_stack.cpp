@@ -6,7 +6,7 @@
 
 #include "platform/desktop/x11_requests.h"
 
-namespace tickwell {
+namespace tickwell::platform {
 
 namespace {
 
@@ -181,4 +181,4 @@ bool X11Stack::IsLost(quintptr window) {
     return !showsDesktop && (kept.isEmpty() || kept.constFirst() != kNormalState);
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::platform

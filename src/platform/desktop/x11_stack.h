@@ -8,7 +8,7 @@
 
 struct xcb_connection_t;
 
-namespace tickwell {
+namespace tickwell::platform {
 
 /// The window stack of an X11 screen, through the hints and client messages of EWMH. Restacking is requested
 /// as a panel requests it, because Qt's own way of raising a window gives it the focus under some window
@@ -58,4 +58,4 @@ private:
     Kept m_refused;  // the kept states when a request for the declared ones last failed
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::platform

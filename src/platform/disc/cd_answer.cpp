@@ -6,17 +6,19 @@
 
 #include "cd_helper/protocol.h"
 
-namespace tickwell {
+namespace tickwell::platform {
 
 namespace {
 
 struct Word {
     const char* text;
-    CdStatus status;
+    media::CdStatus status;
 };
 
-constexpr std::array kWordsAlone{Word{kNoDisc, CdStatus::NoDisc}, Word{kTrayOpen, CdStatus::TrayOpen},
-                                 Word{kNotReady, CdStatus::NotReady}, Word{kNoRight, CdStatus::Failed}};
+constexpr std::array kWordsAlone{Word{cd_helper::kNoDisc, media::CdStatus::NoDisc},
+                                 Word{cd_helper::kTrayOpen, media::CdStatus::TrayOpen},
+                                 Word{cd_helper::kNotReady, media::CdStatus::NotReady},
+                                 Word{cd_helper::kNoRight, media::CdStatus::Failed}};
 
 /// A line "word 321" of the contents.
 struct ContentsLine {
@@ -28,28 +30,28 @@ ContentsLine LineOf(const QByteArray& text) {
     const QList<QByteArray> parts = text.split(' ');
     bool isNumber = false;
     const int sector = parts.size() == 2 ? parts[1].toInt(&isNumber) : -1;
-    const bool isSector = isNumber && sector >= 0 && sector <= kMostSectors;
+    const bool isSector = isNumber && sector >= 0 && sector <= cd_helper::kMostSectors;
     return isSector ? ContentsLine{parts[0], sector} : ContentsLine();
 }
 
 CdSeen DiscOf(const QList<QByteArray>& lines) {
-    CdSeen disc{CdStatus::Ready, {}};
+    CdSeen disc{media::CdStatus::Ready, {}};
     int last = -1;
     for (qsizetype i = 1; i < lines.size(); ++i) {
         const ContentsLine line = LineOf(lines[i]);
         const bool isLast = i + 1 == lines.size();
-        const bool isTrack = line.word == kAudioTrack || line.word == kDataTrack;
-        if (line.sector <= last || isTrack == isLast || (isLast && line.word != kLeadOut)) {
+        const bool isTrack = line.word == cd_helper::kAudioTrack || line.word == cd_helper::kDataTrack;
+        if (line.sector <= last || isTrack == isLast || (isLast && line.word != cd_helper::kLeadOut)) {
             return {};
         }
         if (isTrack) {
-            disc.contents.tracks.append({line.sector, line.word == kAudioTrack});
+            disc.contents.tracks.append({line.sector, line.word == cd_helper::kAudioTrack});
         }
         last = line.sector;
     }
     disc.contents.leadOut = last;
     const qsizetype tracks = disc.contents.tracks.size();
-    return tracks == 0 || tracks > kMostTracks ? CdSeen() : disc;
+    return tracks == 0 || tracks > cd_helper::kMostTracks ? CdSeen() : disc;
 }
 
 }  // namespace
@@ -59,7 +61,7 @@ CdSeen SeenFrom(const QByteArray& answer) {
         return {};
     }
     const QList<QByteArray> lines = answer.chopped(1).split('\n');
-    if (lines.constFirst() == kDisc) {
+    if (lines.constFirst() == cd_helper::kDisc) {
         return DiscOf(lines);
     }
     for (const Word& word : kWordsAlone) {
@@ -70,14 +72,14 @@ CdSeen SeenFrom(const QByteArray& answer) {
     return {};
 }
 
-QString ContentsText(const CdContents& contents) {
+QString ContentsText(const media::CdContents& contents) {
     QStringList lines;
-    for (const CdTrackEntry& track : contents.tracks) {
-        lines.append(QLatin1String(track.isAudio ? kAudioTrack : kDataTrack) + u' ' +
+    for (const media::CdTrackEntry& track : contents.tracks) {
+        lines.append(QLatin1String(track.isAudio ? cd_helper::kAudioTrack : cd_helper::kDataTrack) + u' ' +
                      QString::number(track.start));
     }
-    lines.append(QLatin1String(kLeadOut) + u' ' + QString::number(contents.leadOut));
-    return lines.join(QLatin1Char(kLineJoint));
+    lines.append(QLatin1String(cd_helper::kLeadOut) + u' ' + QString::number(contents.leadOut));
+    return lines.join(QLatin1Char(cd_helper::kLineJoint));
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::platform

@@ -6,12 +6,12 @@
 
 #include "media/ports/cd_drive.h"
 
-namespace tickwell {
+namespace tickwell::platform {
 
 /// The state of the drive. The contents are valid if the status is Ready.
 struct CdSeen {
-    CdStatus status = CdStatus::NotReady;
-    CdContents contents;
+    media::CdStatus status = media::CdStatus::NotReady;
+    media::CdContents contents;
 
     bool operator==(const CdSeen&) const = default;
 };
@@ -20,6 +20,6 @@ struct CdSeen {
 CdSeen SeenFrom(const QByteArray& answer);
 
 /// The contents of a disc as an argument of tickwell-cd.
-QString ContentsText(const CdContents& contents);
+QString ContentsText(const media::CdContents& contents);
 
-}  // namespace tickwell
+}  // namespace tickwell::platform

@@ -3,7 +3,7 @@
 
 #include "platform/disc/cd_source.h"
 
-namespace tickwell {
+namespace tickwell::platform {
 
 namespace {
 
@@ -11,7 +11,8 @@ constexpr int kTick = 50;  // ms
 
 }  // namespace
 
-CdHelperDrive::CdHelperDrive(TimerSource& timers, SoundOutput& output, const QString& helper, QString source)
+CdHelperDrive::CdHelperDrive(TimerSource& timers, media::SoundOutput& output, const QString& helper,
+                             QString source)
     : m_source(std::move(source)),
       m_look(m_reaper, helper),
       m_stream(output, m_reaper, helper),
@@ -21,8 +22,8 @@ bool CdHelperDrive::Exists() const {
     return !CdSource(m_source).isEmpty();
 }
 
-CdPicture CdHelperDrive::Picture() const {
-    CdPicture picture;
+media::CdPicture CdHelperDrive::Picture() const {
+    media::CdPicture picture;
     picture.status = m_seen.status;
     picture.number = m_number;
     picture.contents = m_seen.contents;
@@ -83,9 +84,9 @@ void CdHelperDrive::TakeTrouble(CdStream::Trouble trouble) {
 }
 
 void CdHelperDrive::Take(const CdSeen& seen) {
-    const bool isDistrusted = seen.status == CdStatus::Ready && m_distrusted == seen.contents;
+    const bool isDistrusted = seen.status == media::CdStatus::Ready && m_distrusted == seen.contents;
     const CdSeen taken = isDistrusted ? CdSeen() : seen;
-    if (taken.status == CdStatus::Ready) {
+    if (taken.status == media::CdStatus::Ready) {
         m_distrusted.reset();
     }
     if (taken == m_seen) {
@@ -99,4 +100,4 @@ void CdHelperDrive::Take(const CdSeen& seen) {
     }
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::platform

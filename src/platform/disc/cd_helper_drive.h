@@ -11,19 +11,19 @@
 #include "platform/disc/cd_look.h"
 #include "platform/disc/cd_stream.h"
 
-namespace tickwell {
+namespace tickwell::platform {
 
 /// Accesses the drive through tickwell-cd; this process never touches it. If the helper dies, the disc counts
 /// as not ready until a different one is seen.
-class CdHelperDrive : public CdDrive, public CdPlayback {
+class CdHelperDrive : public media::CdDrive, public media::CdPlayback {
 public:
     /// `helper`: the path of tickwell-cd. `source`: a drive or an image; empty for the machine's own drive,
     /// which may come and go. Timers and output outlive this object and run in real time, as drives and sound
     /// do.
-    CdHelperDrive(TimerSource& timers, SoundOutput& output, const QString& helper, QString source);
+    CdHelperDrive(TimerSource& timers, media::SoundOutput& output, const QString& helper, QString source);
 
     bool Exists() const override;
-    CdPicture Picture() const override;
+    media::CdPicture Picture() const override;
     void Look() override;
     void WhenChanged(std::function<void()> changed) override { m_changed = std::move(changed); }
 
@@ -47,9 +47,9 @@ private:
     CdSeen m_seen;
     quint32 m_number = 0;
     bool m_readError = false;
-    std::optional<CdContents> m_distrusted;  // of a disc that crashed the helper
+    std::optional<media::CdContents> m_distrusted;  // of a disc that crashed the helper
     std::function<void()> m_changed;
     std::unique_ptr<Timer> m_timer;  // runs while a look, a stream or a dying child process needs it
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::platform

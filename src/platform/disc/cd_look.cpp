@@ -3,7 +3,7 @@
 
 #include "cd_helper/protocol.h"
 
-namespace tickwell {
+namespace tickwell::platform {
 
 namespace {
 
@@ -20,7 +20,7 @@ void CdLook::Start(const QString& source) {
     m_answer.clear();
     m_passed = 0;
     m_hasSource = !source.isEmpty();
-    m_isStarted = m_hasSource && m_child.Start(m_helper, {QLatin1String(kLookWord), source});
+    m_isStarted = m_hasSource && m_child.Start(m_helper, {QLatin1String(cd_helper::kLookWord), source});
 }
 
 std::optional<CdSeen> CdLook::Tick(int milliseconds) {
@@ -28,24 +28,24 @@ std::optional<CdSeen> CdLook::Tick(int milliseconds) {
         return std::nullopt;
     }
     if (!m_isStarted) {
-        return End(m_hasSource ? CdStatus::Failed : CdStatus::NotReady);
+        return End(m_hasSource ? media::CdStatus::Failed : media::CdStatus::NotReady);
     }
     m_passed += milliseconds;
     m_answer += m_child.Read(kMostAnswer - m_answer.size());
     if (const std::optional<int> code = m_child.ExitCode()) {
         m_isUnderWay = false;
-        return code == kEndDone ? SeenFrom(m_answer) : CdSeen();
+        return code == cd_helper::kEndDone ? SeenFrom(m_answer) : CdSeen();
     }
     if (m_answer.size() >= kMostAnswer || m_passed >= kLongestLook) {
-        return End(CdStatus::NotReady);
+        return End(media::CdStatus::NotReady);
     }
     return std::nullopt;
 }
 
-CdSeen CdLook::End(CdStatus status) {
+CdSeen CdLook::End(media::CdStatus status) {
     m_isUnderWay = false;
     m_child.End();
     return {status, {}};
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::platform

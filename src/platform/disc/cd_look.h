@@ -6,7 +6,7 @@
 #include "platform/disc/cd_answer.h"
 #include "platform/processes/child_process.h"
 
-namespace tickwell {
+namespace tickwell::platform {
 
 /// Determines the state of the drive through tickwell-cd.
 class CdLook {
@@ -23,7 +23,7 @@ public:
     std::optional<CdSeen> Tick(int milliseconds);
 
 private:
-    CdSeen End(CdStatus status);
+    CdSeen End(media::CdStatus status);
 
     QString m_helper;
     ChildProcess m_child;
@@ -34,4 +34,4 @@ private:
     bool m_hasSource = false;
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::platform

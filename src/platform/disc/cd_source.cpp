@@ -10,7 +10,7 @@
 #include <array>
 #include <memory>
 
-namespace tickwell {
+namespace tickwell::platform {
 
 using namespace Qt::StringLiterals;
 
@@ -65,4 +65,4 @@ QString CdSource(const QString& named, const QString& deviceFolder) {
     return {};
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::platform

@@ -3,10 +3,10 @@
 
 #include <QString>
 
-namespace tickwell {
+namespace tickwell::platform {
 
 /// The drive or image that discs are read from: `named` if it is not empty, else the first drive of the
 /// machine, else empty. Only looks at file names and accesses no drive.
 QString CdSource(const QString& named, const QString& deviceFolder = QStringLiteral("/dev"));
 
-}  // namespace tickwell
+}  // namespace tickwell::platform

@@ -8,11 +8,11 @@
 #include "cd_helper/protocol.h"
 #include "platform/disc/cd_answer.h"
 
-namespace tickwell {
+namespace tickwell::platform {
 
 namespace {
 
-constexpr SoundFormat kDiscFormat{44100, 2};
+constexpr media::SoundFormat kDiscFormat{44100, 2};
 constexpr qsizetype kFrameBytes = 4;
 constexpr qint64 kAhead = 3 * qint64{44100};  // frames that are queued at most: a bad sector takes its time
 constexpr qint64 kToBegin = 2 * qint64{44100} / 5;  // frames, 0.4 s
@@ -20,7 +20,7 @@ constexpr int kLongPause = 10'000;                  // ms, after which device an
 
 }  // namespace
 
-CdStream::CdStream(SoundOutput& output, ChildReaper& reaper, QString helper)
+CdStream::CdStream(media::SoundOutput& output, ChildReaper& reaper, QString helper)
     : m_output(output), m_helper(std::move(helper)), m_child(reaper) {}
 
 bool CdStream::Play(const CdPlace& place, qint64 fromFrame, qint32 toSector) {
@@ -37,20 +37,20 @@ bool CdStream::Play(const CdPlace& place, qint64 fromFrame, qint32 toSector) {
     m_run = 0;
     m_queued = 0;
     m_stream->Hold(true);
-    m_mode = CdMode::Seeking;
+    m_mode = media::CdMode::Seeking;
     StartRun();
     return true;
 }
 
 /// A new end is a new stretch: what was read beyond it, or up to the old one, is of no use.
 bool CdStream::GoOn(const CdPlace& place, qint32 toSector) {
-    const bool isSame = m_stream != nullptr && toSector * kFramesPerSector == m_stretch.End();
-    if (m_mode == CdMode::Stopped || !isSame) {
+    const bool isSame = m_stream != nullptr && toSector * media::kFramesPerSector == m_stretch.End();
+    if (m_mode == media::CdMode::Stopped || !isSame) {
         return Play(place, Position(), toSector);
     }
-    if (m_mode == CdMode::Paused) {
+    if (m_mode == media::CdMode::Paused) {
         m_mode = m_pausedMode;
-        if (m_mode == CdMode::Playing) {
+        if (m_mode == media::CdMode::Playing) {
             m_stream->Hold(false);
         } else {
             Sound();
@@ -60,9 +60,9 @@ bool CdStream::GoOn(const CdPlace& place, qint32 toSector) {
 }
 
 void CdStream::Pause() {
-    if (m_mode == CdMode::Seeking || m_mode == CdMode::Playing) {
+    if (m_mode == media::CdMode::Seeking || m_mode == media::CdMode::Playing) {
         m_stream->Hold(true);
-        m_pausedMode = std::exchange(m_mode, CdMode::Paused);
+        m_pausedMode = std::exchange(m_mode, media::CdMode::Paused);
         m_rested = 0;
     }
 }
@@ -72,12 +72,12 @@ void CdStream::Stop() {
 }
 
 qint64 CdStream::Position() const {
-    const bool isPlayed = m_mode != CdMode::Stopped && m_stream != nullptr;
+    const bool isPlayed = m_mode != media::CdMode::Stopped && m_stream != nullptr;
     return isPlayed ? m_stretch.PositionAfter(m_queued - m_stream->FramesWaiting()) : m_position;
 }
 
 CdStream::Trouble CdStream::Tick(int milliseconds) {
-    if (m_mode == CdMode::Stopped || m_stream == nullptr) {
+    if (m_mode == media::CdMode::Stopped || m_stream == nullptr) {
         TickAtRest(milliseconds);
         return Trouble::None;
     }
@@ -85,7 +85,7 @@ CdStream::Trouble CdStream::Tick(int milliseconds) {
         Halt(Position());
         return trouble;
     }
-    if (m_mode == CdMode::Paused) {
+    if (m_mode == media::CdMode::Paused) {
         m_rested += milliseconds;
         if (m_rested >= kLongPause) {
             Release();
@@ -115,8 +115,8 @@ CdStream::Trouble CdStream::ReadAhead() {
     if (!code) {
         return Trouble::None;
     }
-    if (*code != kEndDone) {
-        return *code == kEndGone ? Trouble::DiscGone : Trouble::HelperDied;
+    if (*code != cd_helper::kEndDone) {
+        return *code == cd_helper::kEndGone ? Trouble::DiscGone : Trouble::HelperDied;
     }
     ++m_run;
     StartRun();
@@ -129,10 +129,11 @@ void CdStream::StartRun() {
         return;
     }
     const CdRun& run = m_stretch.Runs()[m_run];
-    m_skip = static_cast<qsizetype>(run.from % kFramesPerSector) * kFrameBytes;
+    m_skip = static_cast<qsizetype>(run.from % media::kFramesPerSector) * kFrameBytes;
     m_child.Start(m_helper,
-                  {QLatin1String(kReadWord), m_place.source, QString::number(run.from / kFramesPerSector),
-                   QString::number(run.to / kFramesPerSector), ContentsText(m_place.contents)});
+                  {QLatin1String(cd_helper::kReadWord), m_place.source,
+                   QString::number(run.from / media::kFramesPerSector),
+                   QString::number(run.to / media::kFramesPerSector), ContentsText(m_place.contents)});
 }
 
 /// False where the output takes nothing any more.
@@ -160,12 +161,12 @@ void CdStream::Sound() {
     const qint64 waiting = m_stream->FramesWaiting();
     if (IsAllRead() && waiting == 0) {
         Halt(m_stretch.End());
-    } else if (m_mode == CdMode::Seeking && (IsAllRead() || waiting >= kToBegin)) {
+    } else if (m_mode == media::CdMode::Seeking && (IsAllRead() || waiting >= kToBegin)) {
         m_stream->Hold(false);
-        m_mode = CdMode::Playing;
-    } else if (m_mode == CdMode::Playing && waiting == 0) {
+        m_mode = media::CdMode::Playing;
+    } else if (m_mode == media::CdMode::Playing && waiting == 0) {
         m_stream->Hold(true);
-        m_mode = CdMode::Seeking;
+        m_mode = media::CdMode::Seeking;
     }
 }
 
@@ -176,7 +177,7 @@ void CdStream::Halt(qint64 position) {
         m_stream->Clear();
         m_stream->Hold(false);
     }
-    m_mode = CdMode::Stopped;
+    m_mode = media::CdMode::Stopped;
     m_position = position;
     m_rested = 0;
 }
@@ -190,9 +191,9 @@ void CdStream::Release() {
 
 void CdStream::TickAtRest(int milliseconds) {
     m_rested += milliseconds;
-    if (m_rested > kSoundTail) {
+    if (m_rested > media::kSoundTail) {
         m_stream.reset();
     }
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::platform

@@ -10,12 +10,12 @@
 #include "platform/disc/cd_stretch.h"
 #include "platform/processes/child_process.h"
 
-namespace tickwell {
+namespace tickwell::platform {
 
 /// A disc or image that is present, with its contents.
 struct CdPlace {
     QString source;
-    CdContents contents;
+    media::CdContents contents;
 };
 
 /// Plays a range of a disc: reads ahead through tickwell-cd and queues the sound.
@@ -24,7 +24,7 @@ public:
     enum class Trouble { None, DiscGone, HelperDied, OutputGone };
 
     /// `helper`: the path of tickwell-cd. Output and reaper outlive this object.
-    CdStream(SoundOutput& output, ChildReaper& reaper, QString helper);
+    CdStream(media::SoundOutput& output, ChildReaper& reaper, QString helper);
 
     /// See CdPlayback.
     bool Play(const CdPlace& place, qint64 fromFrame, qint32 toSector);
@@ -32,7 +32,7 @@ public:
     void Pause();
     void Stop();
 
-    CdMode Mode() const { return m_mode; }
+    media::CdMode Mode() const { return m_mode; }
     qint64 Position() const;
 
     /// To be called every `milliseconds`. Returns what has stopped playback, if it was not the end of the
@@ -52,13 +52,13 @@ private:
     void Release();
     void TickAtRest(int milliseconds);
 
-    SoundOutput& m_output;
+    media::SoundOutput& m_output;
     QString m_helper;
     ChildProcess m_child;
-    std::unique_ptr<SoundStream> m_stream;
-    CdMode m_mode = CdMode::Stopped;
-    CdMode m_pausedMode = CdMode::Playing;  // while paused: the mode to resume
-    qint64 m_position = 0;                  // frame, while not playing
+    std::unique_ptr<media::SoundStream> m_stream;
+    media::CdMode m_mode = media::CdMode::Stopped;
+    media::CdMode m_pausedMode = media::CdMode::Playing;  // while paused: the mode to resume
+    qint64 m_position = 0;                                // frame, while not playing
     CdPlace m_place;
     CdStretch m_stretch;
     qsizetype m_run = 0;   // the run being read or to be read next
@@ -68,4 +68,4 @@ private:
     int m_rested = 0;      // ms since the device last took sound, or since the pause
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::platform

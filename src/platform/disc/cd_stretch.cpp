@@ -3,17 +3,17 @@
 
 #include <algorithm>
 
-namespace tickwell {
+namespace tickwell::platform {
 
-CdStretch::CdStretch(const CdContents& contents, qint64 fromFrame, qint32 toSector)
-    : m_end(toSector * kFramesPerSector) {
+CdStretch::CdStretch(const media::CdContents& contents, qint64 fromFrame, qint32 toSector)
+    : m_end(toSector * media::kFramesPerSector) {
     for (qsizetype i = 0; i < contents.tracks.size(); ++i) {
         const bool isLast = i + 1 == contents.tracks.size();
         const qint32 start =
             i == 0 ? 0 : contents.tracks[i].start;  // what lies before the first belongs to it
         const qint32 end = isLast ? contents.leadOut : contents.tracks[i + 1].start;
-        const CdRun run{std::max(fromFrame, start * kFramesPerSector),
-                        std::min(m_end, end * kFramesPerSector)};
+        const CdRun run{std::max(fromFrame, start * media::kFramesPerSector),
+                        std::min(m_end, end * media::kFramesPerSector)};
         if (!contents.tracks[i].isAudio || run.from >= run.to) {
             continue;
         }
@@ -35,4 +35,4 @@ qint64 CdStretch::PositionAfter(qint64 frames) const {
     return m_end;
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::platform

@@ -5,7 +5,7 @@
 
 #include "media/ports/cd_drive.h"
 
-namespace tickwell {
+namespace tickwell::platform {
 
 /// A range of consecutive audio frames, counted from the start of sector 0.
 struct CdRun {
@@ -19,7 +19,7 @@ struct CdRun {
 class CdStretch {
 public:
     CdStretch() = default;
-    CdStretch(const CdContents& contents, qint64 fromFrame, qint32 toSector);
+    CdStretch(const media::CdContents& contents, qint64 fromFrame, qint32 toSector);
 
     const QList<CdRun>& Runs() const { return m_runs; }
     qint64 End() const { return m_end; }
@@ -32,4 +32,4 @@ private:
     qint64 m_end = 0;
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::platform

@@ -4,7 +4,7 @@
 #include <QEventLoop>
 #include <QTimer>
 
-namespace tickwell {
+namespace tickwell::platform {
 
 namespace {
 
@@ -27,4 +27,4 @@ void QtEventWait::Until(const std::function<bool()>& done) {
     loop.exec();  // the end of the program ends it as well
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::platform

@@ -3,12 +3,12 @@
 
 #include "media/ports/event_wait.h"
 
-namespace tickwell {
+namespace tickwell::platform {
 
 /// Waits in a nested event loop.
-class QtEventWait : public EventWait {
+class QtEventWait : public media::EventWait {
 public:
     void Until(const std::function<bool()>& done) override;
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::platform

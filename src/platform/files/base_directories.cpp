@@ -6,7 +6,7 @@
 
 #include "platform/log.h"
 
-namespace tickwell {
+namespace tickwell::platform {
 
 using namespace Qt::StringLiterals;
 
@@ -62,4 +62,4 @@ QString RuntimeFolder() {
     return Folder("XDG_RUNTIME_DIR", QDir::tempPath());
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::platform

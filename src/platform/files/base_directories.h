@@ -4,7 +4,7 @@
 #include <QString>
 #include <QStringList>
 
-namespace tickwell {
+namespace tickwell::platform {
 
 /// The user's folders by the freedesktop.org base directory rules: all absolute, from the environment
 /// or a default. A relative path in the environment is invalid and is ignored; QStandardPaths would take it.
@@ -22,4 +22,4 @@ QStringList ConfigFolders();
 /// $XDG_RUNTIME_DIR, else the folder of temporary files.
 QString RuntimeFolder();
 
-}  // namespace tickwell
+}  // namespace tickwell::platform

@@ -9,7 +9,7 @@
 #include <QFile>
 #include <cerrno>
 
-namespace tickwell {
+namespace tickwell::platform {
 
 namespace {
 
@@ -63,4 +63,4 @@ bool FileLock::IsStillThere(int file) const {
            held.st_ino == named.st_ino;
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::platform

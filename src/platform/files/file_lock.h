@@ -4,7 +4,7 @@
 #include <QByteArray>
 #include <QString>
 
-namespace tickwell {
+namespace tickwell::platform {
 
 /// A lock file held by one process at a time. The kernel releases it when the process ends for any reason, so
 /// nothing has to be written into the file or synced: a start never waits for a disk.
@@ -32,4 +32,4 @@ private:
     int m_file = -1;
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::platform

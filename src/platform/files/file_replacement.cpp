@@ -11,7 +11,7 @@
 
 #include "platform/files/unfinished_files.h"
 
-namespace tickwell {
+namespace tickwell::platform {
 
 using namespace Qt::StringLiterals;
 
@@ -48,4 +48,4 @@ QString ReplaceFile(const QString& path, const QByteArray& bytes) {
     return QString();
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::platform

@@ -4,7 +4,7 @@
 #include <QByteArray>
 #include <QString>
 
-namespace tickwell {
+namespace tickwell::platform {
 
 /// Replaces the contents of the file `path` atomically: they are written beside it, synced and renamed over
 /// it. Only the owner can read the file. If it is a symbolic link, its target is replaced. Returns an empty
@@ -12,4 +12,4 @@ namespace tickwell {
 /// full.
 [[nodiscard]] QString ReplaceFile(const QString& path, const QByteArray& bytes);
 
-}  // namespace tickwell
+}  // namespace tickwell::platform

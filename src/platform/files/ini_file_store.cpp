@@ -12,7 +12,7 @@
 #include "platform/files/file_replacement.h"
 #include "platform/files/unfinished_files.h"
 
-namespace tickwell {
+namespace tickwell::platform {
 
 using namespace Qt::StringLiterals;
 
@@ -84,4 +84,4 @@ QString IniFileStore::UserPath() {
     return ConfigHome() + u"/TKW2/TKW2.ini";
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::platform

@@ -6,7 +6,7 @@
 #include "core/ini_document.h"
 #include "core/ports/settings_store.h"
 
-namespace tickwell {
+namespace tickwell::platform {
 
 /// Settings in a file of at most 1 MiB, readable by its owner alone and replaced atomically. Another instance
 /// may write the file while this one is running, so a commit reads it again and changes only the keys that
@@ -38,4 +38,4 @@ private:
     QList<Change> m_changes;  // in the order of the Set calls
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::platform

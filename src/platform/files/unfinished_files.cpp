@@ -14,7 +14,7 @@
 
 #include "platform/log.h"
 
-namespace tickwell {
+namespace tickwell::platform {
 
 using namespace Qt::StringLiterals;
 
@@ -110,4 +110,4 @@ void RemoveUnfinished(const QString& path, const QStringList& filesOfFolder) {
     close(parent);  // and with it goes the lock
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::platform

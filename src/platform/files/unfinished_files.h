@@ -4,7 +4,7 @@
 #include <QString>
 #include <QStringList>
 
-namespace tickwell {
+namespace tickwell::platform {
 
 /// Files and folders are completed under a temporary name and then renamed. If the process is killed in
 /// between, the temporary one is left behind and removed by a later start.
@@ -29,4 +29,4 @@ private:
 /// only removed if it contains nothing but files of these names, finished or not.
 void RemoveUnfinished(const QString& path, const QStringList& filesOfFolder = {});
 
-}  // namespace tickwell
+}  // namespace tickwell::platform

@@ -7,7 +7,7 @@
 #include <array>
 #include <utility>
 
-namespace tickwell {
+namespace tickwell::platform {
 
 using namespace Qt::StringLiterals;
 
@@ -90,4 +90,4 @@ PowerReading PowerSupplies::Read() const {
     return reading;
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::platform

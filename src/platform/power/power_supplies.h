@@ -5,7 +5,7 @@
 
 #include "core/ports/power.h"
 
-namespace tickwell {
+namespace tickwell::platform {
 
 /// Reads /sys/class/power_supply, for machines without a power service. Supplies of peripherals (scope
 /// "Device") are ignored. Several batteries count as one.
@@ -21,4 +21,4 @@ private:
     QString m_folder;
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::platform

@@ -3,7 +3,7 @@
 
 #include <QFile>
 
-namespace tickwell {
+namespace tickwell::platform {
 
 namespace {
 
@@ -37,4 +37,4 @@ std::optional<int> ProcMemory::Load() const {
     return static_cast<int>((*total - *available) * 100 / *total);
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::platform

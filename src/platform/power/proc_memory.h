@@ -5,7 +5,7 @@
 
 #include "core/ports/memory.h"
 
-namespace tickwell {
+namespace tickwell::platform {
 
 /// Reads MemTotal and MemAvailable of /proc/meminfo: memory that is available to new programs counts as free.
 class ProcMemory : public Memory {
@@ -18,4 +18,4 @@ private:
     QString m_path;
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::platform

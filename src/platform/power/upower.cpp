@@ -4,7 +4,7 @@
 #include <cmath>
 #include <utility>
 
-namespace tickwell {
+namespace tickwell::platform {
 
 using namespace Qt::StringLiterals;
 
@@ -95,4 +95,4 @@ PowerQuestion UPower::Ask(std::function<void(const PowerReading& reading)> onRea
     return question;
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::platform

@@ -8,7 +8,7 @@
 #include "platform/bus/message_bus.h"
 #include "platform/power/power_supplies.h"
 
-namespace tickwell {
+namespace tickwell::platform {
 
 /// The reading given by the properties of UPower and of its display device. Nothing if a required property is
 /// missing, of the wrong type or out of range; an invalid remaining time is merely unknown.
@@ -29,4 +29,4 @@ private:
     PowerSupplies m_supplies;
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::platform

@@ -7,7 +7,7 @@
 #include "platform/log.h"
 #include "platform/print/print_answer.h"
 
-namespace tickwell {
+namespace tickwell::platform {
 
 namespace {
 
@@ -124,4 +124,4 @@ void HelperPrinter::AdjustTimer() {
     }
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::platform

@@ -8,7 +8,7 @@
 #include "core/ports/timer.h"
 #include "platform/processes/child_process.h"
 
-namespace tickwell {
+namespace tickwell::platform {
 
 /// The default printer, used through tickwell-print: this process never talks to the print service.
 class HelperPrinter : public Printer {
@@ -38,4 +38,4 @@ private:
     std::unique_ptr<Timer> m_timer;                      // runs while there is a helper
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::platform

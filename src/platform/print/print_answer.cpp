@@ -9,7 +9,7 @@
 #include "platform/log.h"
 #include "print_helper/protocol.h"
 
-namespace tickwell {
+namespace tickwell::platform {
 
 using namespace Qt::StringLiterals;
 
@@ -24,15 +24,15 @@ struct Sentence {
 };
 
 constexpr std::array<Sentence, 7> kSentences{{
-    {kNoService,
+    {print_helper::kNoService,
      u"印刷サービス（CUPS）に接続できません。\r\nサービスが動いているか確かめてから、もう一度印刷してください"
      u"。"},
-    {kNoPrinter, u"通常使うプリンターが設定されていません。"},
-    {kNotPainted, u"印刷するページを作れませんでした。"},
-    {kRejecting, u"プリンター「%1」は印刷を受け付けていません。"},
-    {kForbidden, u"プリンター「%1」の使用が許可されていません。"},
-    {kRefused, u"プリンター「%1」に印刷できませんでした。"},
-    {kAborted, u"プリンター「%1」が印刷を中止しました。"},
+    {print_helper::kNoPrinter, u"通常使うプリンターが設定されていません。"},
+    {print_helper::kNotPainted, u"印刷するページを作れませんでした。"},
+    {print_helper::kRejecting, u"プリンター「%1」は印刷を受け付けていません。"},
+    {print_helper::kForbidden, u"プリンター「%1」の使用が許可されていません。"},
+    {print_helper::kRefused, u"プリンター「%1」に印刷できませんでした。"},
+    {print_helper::kAborted, u"プリンター「%1」が印刷を中止しました。"},
 }};
 
 PrintNews FailedBecause(const QString& reason) {
@@ -42,8 +42,8 @@ PrintNews FailedBecause(const QString& reason) {
 }  // namespace
 
 PrintNews NewsFrom(const QByteArray& line) {
-    const QList<QByteArray> fields = line.split(kAnswerJoint);
-    if (fields.size() == kFields && fields[0] == kAccepted) {
+    const QList<QByteArray> fields = line.split(print_helper::kAnswerJoint);
+    if (fields.size() == kFields && fields[0] == print_helper::kAccepted) {
         return {PrintStage::Accepted, {}};
     }
     const auto sentence = std::find_if(
@@ -57,7 +57,7 @@ PrintNews NewsFrom(const QByteArray& line) {
     const QString queue = QString::fromUtf8(fields[1]).left(kLongestText);
     const QString said = QString::fromUtf8(fields[2]).left(kLongestText).trimmed();
     QString reason = sentence->text.toString().replace(u"%1"_s, queue);
-    if (!said.isEmpty() && fields[0] != kNoPrinter) {
+    if (!said.isEmpty() && fields[0] != print_helper::kNoPrinter) {
         reason += u"\r\n理由："_s + said;
     }
     return FailedBecause(reason);
@@ -71,4 +71,4 @@ PrintNews NewsOfDeadHelper() {
     return FailedBecause(u"印刷プログラムが途中で終了したため、印刷できませんでした。"_s);
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::platform

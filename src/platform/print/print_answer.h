@@ -5,7 +5,7 @@
 
 #include "core/ports/printer.h"
 
-namespace tickwell {
+namespace tickwell::platform {
 
 /// Parses one line of tickwell-print's output, without its line feed. An invalid line means that the print
 /// has failed.
@@ -17,4 +17,4 @@ PrintNews NewsOfMissingHelper(const QString& path);
 /// The news if tickwell-print ended without an answer.
 PrintNews NewsOfDeadHelper();
 
-}  // namespace tickwell
+}  // namespace tickwell::platform

@@ -18,7 +18,7 @@ extern "C" {
 #include <cerrno>
 #include <csignal>
 
-namespace tickwell {
+namespace tickwell::platform {
 
 namespace {
 
@@ -218,4 +218,4 @@ void ChildProcess::ClosePipe() {
     }
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::platform

@@ -8,7 +8,7 @@
 #include <optional>
 #include <vector>
 
-namespace tickwell {
+namespace tickwell::platform {
 
 /// Killed child processes that have not exited yet: one that is blocked by a drive cannot exit at once, and
 /// nobody waits for it. The owner calls Reap from a timer.
@@ -63,4 +63,4 @@ private:
     int m_pipe = -1;
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::platform

@@ -7,7 +7,7 @@
 
 #include "platform/log.h"
 
-namespace tickwell {
+namespace tickwell::platform {
 
 QString DesktopPrograms::Find(const QString& name) const {
     // A path would be found as well, wherever it points to; only bare names are looked up.
@@ -30,4 +30,4 @@ bool DesktopPrograms::Start(const QString& file, const QStringList& arguments, c
     return error == 0;
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::platform

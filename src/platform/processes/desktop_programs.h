@@ -4,7 +4,7 @@
 #include "core/ports/program_starter.h"
 #include "platform/processes/detached_process.h"
 
-namespace tickwell {
+namespace tickwell::platform {
 
 /// Starts programs of this desktop, detached: they survive this process, which never waits for them.
 class DesktopPrograms : public ProgramStarter {
@@ -19,4 +19,4 @@ private:
     Inheritance m_inheritance;
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::platform

@@ -11,7 +11,7 @@
 #include <csignal>
 #include <vector>
 
-namespace tickwell {
+namespace tickwell::platform {
 
 namespace {
 
@@ -136,4 +136,4 @@ int StartDetached(const QByteArrayList& words, const QByteArray& folder, const I
     return error;
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::platform

@@ -6,7 +6,7 @@
 #include <QByteArray>
 #include <QByteArrayList>
 
-namespace tickwell {
+namespace tickwell::platform {
 
 /// What a process inherits from its parent and passes on to the programs that it starts.
 struct Inheritance {
@@ -21,4 +21,4 @@ struct Inheritance {
 /// then its arguments. `folder`: its working directory. Returns 0 or an errno value.
 int StartDetached(const QByteArrayList& words, const QByteArray& folder, const Inheritance& inheritance);
 
-}  // namespace tickwell
+}  // namespace tickwell::platform

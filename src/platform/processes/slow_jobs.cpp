@@ -7,7 +7,7 @@
 #include <thread>
 #include <utility>
 
-namespace tickwell {
+namespace tickwell::platform {
 
 struct SlowJobs::Shared {
     std::mutex mutex;
@@ -51,4 +51,4 @@ bool SlowJobs::Wait(std::chrono::milliseconds atMost) const {
     return m_shared->isAtRest.wait_for(lock, atMost, [this] { return !m_shared->isRunning; });
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::platform

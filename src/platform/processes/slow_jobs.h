@@ -5,7 +5,7 @@
 #include <functional>
 #include <memory>
 
-namespace tickwell {
+namespace tickwell::platform {
 
 /// Runs jobs that may block forever, one after the other on a thread of their own, so that the owner decides
 /// how long to wait. The thread exists while there are jobs. A job may outlive this object and should own
@@ -33,4 +33,4 @@ private:
     std::shared_ptr<Shared> m_shared;  // shared with the thread, which may outlive this object
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::platform

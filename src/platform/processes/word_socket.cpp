@@ -16,7 +16,7 @@
 
 #include "platform/log.h"
 
-namespace tickwell {
+namespace tickwell::platform {
 
 namespace {
 
@@ -120,7 +120,8 @@ public:
             throw std::system_error(std::make_error_code(std::errc::permission_denied));
         }
         m_acceptor.listen();
-        m_notifier = std::make_unique<Notifier>(m_acceptor.native_handle(), [this] { Answer(); });
+        m_notifier =
+            std::make_unique<Notifier>(m_acceptor.native_handle(), [this] { print_helper::Answer(); });
     }
     ~Listener() {
         if (SocketPlaceOf(m_path) == SocketPlace::OwnSocket) {
@@ -136,7 +137,7 @@ private:
         std::unique_ptr<Notifier> notifier;
     };
 
-    void Answer() {
+    void print_helper::Answer() {
         asio::error_code failure;
         for (Socket socket = m_acceptor.accept(failure); !failure; socket = m_acceptor.accept(failure)) {
             KeepFromChildren(socket.native_handle());
@@ -221,4 +222,4 @@ bool SayWord(const QString& path, const QByteArray& word, std::chrono::milliseco
     }
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::platform

@@ -7,7 +7,7 @@
 #include <functional>
 #include <memory>
 
-namespace tickwell {
+namespace tickwell::platform {
 
 /// A Unix domain socket on which other processes of the same user send one short word each. Connections of
 /// other users are closed unread.
@@ -47,4 +47,4 @@ SocketPlace SocketPlaceOf(const QString& path);
 /// it closes the connection. False if nobody listens or the connection is not closed within `patience`.
 bool SayWord(const QString& path, const QByteArray& word, std::chrono::milliseconds patience);
 
-}  // namespace tickwell
+}  // namespace tickwell::platform

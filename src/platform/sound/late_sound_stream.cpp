@@ -3,7 +3,7 @@
 
 #include <utility>
 
-namespace tickwell {
+namespace tickwell::platform {
 
 bool LateSoundStream::Queue(std::span<const qint16> samples) {
     if (!IsStillOpening()) {
@@ -59,4 +59,4 @@ bool LateSoundStream::IsStillOpening() const {
     return false;
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::platform

@@ -8,17 +8,18 @@
 
 #include "media/ports/sound_output.h"
 
-namespace tickwell {
+namespace tickwell::platform {
 
 /// A stream whose device is still being opened. It buffers queued sound until the device is open, and drops
 /// it if opening fails.
-class LateSoundStream : public SoundStream {
+class LateSoundStream : public media::SoundStream {
 public:
     /// Polls the opening: nothing yet, the stream of the device, or no stream. Called by every function until
     /// one of the latter two is returned, and then destroyed.
-    using Look = std::function<std::optional<std::unique_ptr<SoundStream>>()>;
+    using Look = std::function<std::optional<std::unique_ptr<media::SoundStream>>()>;
 
-    LateSoundStream(const SoundFormat& format, Look look) : m_format(format), m_look(std::move(look)) {}
+    LateSoundStream(const media::SoundFormat& format, Look look)
+        : m_format(format), m_look(std::move(look)) {}
 
     bool Queue(std::span<const qint16> samples) override;
     qint64 FramesWaiting() const override;
@@ -29,11 +30,11 @@ public:
 private:
     bool IsStillOpening() const;
 
-    SoundFormat m_format;
+    media::SoundFormat m_format;
     bool m_isHeld = false;
     mutable Look m_look;                    // until the device is open or has failed
     mutable std::vector<qint16> m_samples;  // until then
-    mutable std::unique_ptr<SoundStream> m_stream;
+    mutable std::unique_ptr<media::SoundStream> m_stream;
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::platform

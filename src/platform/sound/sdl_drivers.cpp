@@ -3,7 +3,7 @@
 
 #include <QLibrary>
 
-namespace tickwell {
+namespace tickwell::platform {
 
 using namespace Qt::StringLiterals;
 
@@ -32,7 +32,7 @@ void SilenceDrivers() {
 
 }  // namespace
 
-SDL_AudioDeviceID SdlDrivers::Open(const SoundFormat& format) {
+SDL_AudioDeviceID SdlDrivers::Open(const media::SoundFormat& format) {
     if (!Prepare()) {
         return 0;
     }
@@ -87,4 +87,4 @@ void SdlDrivers::Leave() {
     }
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::platform

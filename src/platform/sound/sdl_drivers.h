@@ -6,7 +6,7 @@
 #include "media/ports/sound_output.h"
 #include "platform/sound/sdl_library.h"
 
-namespace tickwell {
+namespace tickwell::platform {
 
 /// All SDL calls that may block on a sound server. Used by one thread at a time.
 class SdlDrivers {
@@ -14,7 +14,7 @@ public:
     explicit SdlDrivers(const QString& library) : m_library(library) {}
 
     /// 0 if there is none.
-    SDL_AudioDeviceID Open(const SoundFormat& format);
+    SDL_AudioDeviceID Open(const media::SoundFormat& format);
 
     void Close(SDL_AudioDeviceID device);
 
@@ -34,4 +34,4 @@ private:
     bool m_isPrepared = false;
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::platform

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/sound/sdl_library.h"
 
-namespace tickwell {
+namespace tickwell::platform {
 
 namespace {
 
@@ -37,4 +37,4 @@ bool SdlLibrary::ResolveAll() {
            Resolve(m_library, "SDL_TLSCleanup", m_functions.TLSCleanup);
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::platform

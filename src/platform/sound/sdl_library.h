@@ -8,7 +8,7 @@
 
 #include <QLibrary>
 
-namespace tickwell {
+namespace tickwell::platform {
 
 /// The SDL functions that are used, under SDL's own names.
 struct SdlFunctions {
@@ -45,4 +45,4 @@ private:
     bool m_isResolved = false;
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::platform

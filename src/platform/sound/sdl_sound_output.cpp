@@ -9,7 +9,7 @@
 #include "platform/sound/late_sound_stream.h"
 #include "platform/sound/sdl_drivers.h"
 
-namespace tickwell {
+namespace tickwell::platform {
 
 namespace {
 
@@ -18,7 +18,7 @@ constexpr std::chrono::milliseconds kMoment{150};     // so that most openings a
 
 }  // namespace
 
-class SdlSoundStream : public SoundStream {
+class SdlSoundStream : public media::SoundStream {
 public:
     SdlSoundStream(SdlSoundOutput& output, const SdlFunctions& sdl, SDL_AudioDeviceID device, int channels)
         : m_output(output),
@@ -59,7 +59,7 @@ struct SdlAttempt {
 /// Our end of an attempt. Its destruction closes a device that was not taken, however late it comes.
 class SdlOpening {
 public:
-    SdlOpening(SdlSoundOutput& output, const SoundFormat& format)
+    SdlOpening(SdlSoundOutput& output, const media::SoundFormat& format)
         : m_output(output), m_format(format), m_attempt(std::make_shared<SdlAttempt>()) {
         m_output.m_lastAttempt = m_attempt;
         m_output.m_jobs.Do([drivers = m_output.m_drivers, attempt = m_attempt, format] {
@@ -83,16 +83,17 @@ public:
     SdlOpening& operator=(const SdlOpening&) = delete;
 
     /// As LateSoundStream asks it.
-    std::optional<std::unique_ptr<SoundStream>> Look() {
+    std::optional<std::unique_ptr<media::SoundStream>> Look() {
         if (m_attempt->isDone) {
             m_isTaken = true;
             return Stream();
         }
-        return m_attempt->Hangs() ? std::optional<std::unique_ptr<SoundStream>>(nullptr) : std::nullopt;
+        return m_attempt->Hangs() ? std::optional<std::unique_ptr<media::SoundStream>>(nullptr)
+                                  : std::nullopt;
     }
 
 private:
-    std::unique_ptr<SoundStream> Stream() {
+    std::unique_ptr<media::SoundStream> Stream() {
         if (m_attempt->device == 0) {
             return nullptr;
         }
@@ -101,7 +102,7 @@ private:
     }
 
     SdlSoundOutput& m_output;
-    SoundFormat m_format;
+    media::SoundFormat m_format;
     std::shared_ptr<SdlAttempt> m_attempt;
     bool m_isTaken = false;
 };
@@ -109,7 +110,7 @@ private:
 SdlSoundOutput::SdlSoundOutput(const QString& library)
     : m_drivers(std::make_shared<SdlDrivers>(library)), m_jobs(kPatience) {}
 
-std::unique_ptr<SoundStream> SdlSoundOutput::Open(const SoundFormat& format) {
+std::unique_ptr<media::SoundStream> SdlSoundOutput::Open(const media::SoundFormat& format) {
     if (m_lastAttempt != nullptr && m_lastAttempt->Hangs()) {
         return nullptr;
     }
@@ -131,4 +132,4 @@ void SdlSoundOutput::Close(unsigned device) {
     });
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::platform

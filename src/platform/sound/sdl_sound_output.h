@@ -7,7 +7,7 @@
 #include "media/ports/sound_output.h"
 #include "platform/processes/slow_jobs.h"
 
-namespace tickwell {
+namespace tickwell::platform {
 
 struct SdlAttempt;
 class SdlDrivers;
@@ -15,14 +15,14 @@ class SdlDrivers;
 /// Sound through SDL's queues, without callbacks and locks of our own. While no stream is open only the
 /// library stays loaded, and not even that before the first stream. Devices are opened and closed by a thread
 /// of their own, so that a sound server that hangs blocks nothing.
-class SdlSoundOutput : public SoundOutput {
+class SdlSoundOutput : public media::SoundOutput {
 public:
     /// `library`: the part between "lib" and ".so.0". If it is missing, nothing can be opened.
     explicit SdlSoundOutput(const QString& library = QStringLiteral("SDL2-2.0"));
 
     /// If opening takes longer than a moment, the stream buffers queued sound, which is dropped if the device
     /// is not open after a second. While such an attempt hangs, no other is made.
-    std::unique_ptr<SoundStream> Open(const SoundFormat& format) override;
+    std::unique_ptr<media::SoundStream> Open(const media::SoundFormat& format) override;
 
     int OpenDevices() const { return m_devices; }
 
@@ -37,4 +37,4 @@ private:
     int m_devices = 0;
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::platform

@@ -4,7 +4,7 @@
 #include <QTimer>
 #include <algorithm>
 
-namespace tickwell {
+namespace tickwell::platform {
 
 namespace {
 
@@ -40,4 +40,4 @@ std::unique_ptr<Timer> QtTimers::CreateExact(int milliseconds, std::function<voi
     return std::make_unique<QtTimer>(milliseconds, Qt::PreciseTimer, std::move(onTick));
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::platform

@@ -3,7 +3,7 @@
 
 #include "core/ports/timer.h"
 
-namespace tickwell {
+namespace tickwell::platform {
 
 /// Timers of the event loop.
 class QtTimers : public RealTimerSource {
@@ -12,4 +12,4 @@ public:
     std::unique_ptr<Timer> CreateExact(int milliseconds, std::function<void()> onTick) override;
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::platform

@@ -3,7 +3,7 @@
 
 #include <ctime>
 
-namespace tickwell {
+namespace tickwell::platform {
 
 QDateTime SystemClock::Now() const {
     return QDateTime::currentDateTime();
@@ -16,4 +16,4 @@ qint32 SystemClock::Tick() const {
     return static_cast<qint32>(static_cast<quint32>(milliseconds));
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::platform

@@ -3,7 +3,7 @@
 
 #include "core/ports/clock.h"
 
-namespace tickwell {
+namespace tickwell::platform {
 
 /// The machine's clocks: local time, and CLOCK_BOOTTIME for the tick count, which includes suspend.
 class SystemClock : public Clock {
@@ -12,4 +12,4 @@ public:
     qint32 Tick() const override;
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::platform

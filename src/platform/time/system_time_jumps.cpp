@@ -14,7 +14,7 @@
 #include <limits>
 #include <utility>
 
-namespace tickwell {
+namespace tickwell::platform {
 
 namespace {
 
@@ -94,4 +94,4 @@ void SystemTimeJumps::Tell() const {
     }
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::platform

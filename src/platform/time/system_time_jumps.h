@@ -7,7 +7,7 @@
 
 #include "core/ports/time_jumps.h"
 
-namespace tickwell {
+namespace tickwell::platform {
 
 /// Owns a file descriptor; -1 for none.
 class Descriptor {
@@ -45,4 +45,4 @@ private:
     std::unique_ptr<QSocketNotifier> m_watchNotifier;
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::platform

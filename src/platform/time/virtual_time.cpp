@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <utility>
 
-namespace tickwell {
+namespace tickwell::platform {
 
 class VirtualTimer : public Timer {
 public:
@@ -112,4 +112,4 @@ void VirtualTime::Advance(qint64 milliseconds) {
     }
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::platform

@@ -8,7 +8,7 @@
 #include "core/ports/time_jumps.h"
 #include "core/ports/timer.h"
 
-namespace tickwell {
+namespace tickwell::platform {
 
 class VirtualTimer;
 
@@ -58,4 +58,4 @@ private:
     std::vector<VirtualTimer*> m_running;  // in the order in which they were started; owned by their users
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::platform

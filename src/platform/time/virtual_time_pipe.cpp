@@ -5,7 +5,7 @@
 
 #include <array>
 
-namespace tickwell {
+namespace tickwell::platform {
 
 VirtualTimePipe::VirtualTimePipe(VirtualTime& time, int readFrom, int writeTo)
     : m_time(time), m_readFrom(readFrom), m_writeTo(writeTo), m_notifier(readFrom, QSocketNotifier::Read) {
@@ -48,7 +48,7 @@ void VirtualTimePipe::Take(const QByteArray& line) {
         m_time.SetNow(wall);
         AnswerTime();
     } else {
-        Answer("error " + line);
+        print_helper::Answer("error " + line);
     }
 }
 
@@ -62,8 +62,8 @@ void VirtualTimePipe::Go() {
 }
 
 void VirtualTimePipe::AnswerTime() {
-    Answer("ok " + m_time.Now().toString(Qt::ISODateWithMs).toLatin1() + ' ' +
-           QByteArray::number(m_time.Tick()));
+    print_helper::Answer("ok " + m_time.Now().toString(Qt::ISODateWithMs).toLatin1() + ' ' +
+                         QByteArray::number(m_time.Tick()));
 }
 
 void VirtualTimePipe::Answer(const QByteArray& text) {
@@ -73,4 +73,4 @@ void VirtualTimePipe::Answer(const QByteArray& text) {
     }
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::platform

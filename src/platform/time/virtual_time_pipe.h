@@ -7,7 +7,7 @@
 
 #include "platform/time/virtual_time.h"
 
-namespace tickwell {
+namespace tickwell::platform {
 
 /// Lets another process control the program's time over a pair of pipes, one command per line:
 ///   advance MS        advances time and delivers every timer due
@@ -28,7 +28,7 @@ private:
     void Read();
     void Take(const QByteArray& line);
     void Go();
-    void Answer(const QByteArray& text);
+    void print_helper::Answer(const QByteArray& text);
     void AnswerTime();
 
     VirtualTime& m_time;
@@ -39,4 +39,4 @@ private:
     std::optional<qint64> m_left;  // ms of the current command
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::platform

@@ -3,7 +3,7 @@
 
 #include "store/jet/jet_error.h"
 
-namespace tickwell {
+namespace tickwell::store {
 
 using namespace Qt::StringLiterals;
 
@@ -11,4 +11,4 @@ void ByteView::FailOutside() {
     throw JetDamageError(u"範囲外の参照"_s);
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::store

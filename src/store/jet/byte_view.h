@@ -4,7 +4,7 @@
 #include <QByteArrayView>
 #include <QtEndian>
 
-namespace tickwell {
+namespace tickwell::store {
 
 /// A non-owning view of bytes, read as little-endian numbers. Every access is checked: reading past the end
 /// throws JetDamageError, so that no offset or size stored in a file leads outside it.
@@ -50,4 +50,4 @@ private:
     QByteArrayView m_bytes;
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::store

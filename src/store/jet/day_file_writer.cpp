@@ -10,7 +10,7 @@
 #include "store/jet/schema_script.h"
 #include "store/sqlite_handle.h"
 
-namespace tickwell {
+namespace tickwell::store {
 
 using namespace Qt::StringLiterals;
 
@@ -110,4 +110,4 @@ void WriteDayFile(const QString& path, const DayRows& rows) {
     }
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::store

@@ -9,7 +9,7 @@
 #include "store/jet/jet_text.h"
 #include "store/jet/jet_values.h"
 
-namespace tickwell {
+namespace tickwell::store {
 
 using namespace Qt::StringLiterals;
 
@@ -112,4 +112,4 @@ DayRows ReadDayRows(const JetFile& file) {
     return rows;
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::store

@@ -7,7 +7,7 @@
 
 #include "store/jet/jet_file.h"
 
-namespace tickwell {
+namespace tickwell::store {
 
 /// A text, a number, or a date as ISO text, depending on the type of the column.
 using DayValue = std::variant<QString, qint32>;
@@ -27,4 +27,4 @@ using DayRows = QList<DayTableRows>;
 /// the one in its definition.
 DayRows ReadDayRows(const JetFile& file);
 
-}  // namespace tickwell
+}  // namespace tickwell::store

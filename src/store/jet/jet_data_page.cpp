@@ -3,7 +3,7 @@
 
 #include "store/jet/jet_error.h"
 
-namespace tickwell {
+namespace tickwell::store {
 
 using namespace Qt::StringLiterals;
 
@@ -32,4 +32,4 @@ ByteView JetDataPage::Row(int row) const {
     return m_page.Slice(start, end - start);
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::store

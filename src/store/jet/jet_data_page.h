@@ -3,7 +3,7 @@
 
 #include "store/jet/jet_pages.h"
 
-namespace tickwell {
+namespace tickwell::store {
 
 /// One data page: its rows are stored from its end towards its beginning.
 class JetDataPage {
@@ -36,4 +36,4 @@ private:
     int m_rowCount;
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::store

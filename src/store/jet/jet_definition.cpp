@@ -6,7 +6,7 @@
 #include "store/jet/jet_error.h"
 #include "store/jet/jet_text.h"
 
-namespace tickwell {
+namespace tickwell::store {
 
 using namespace Qt::StringLiterals;
 
@@ -74,4 +74,4 @@ JetDefinition ReadDefinition(const JetPages& pages, quint32 page) {
     return definition;
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::store

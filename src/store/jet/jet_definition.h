@@ -6,7 +6,7 @@
 
 #include "store/jet/jet_pages.h"
 
-namespace tickwell {
+namespace tickwell::store {
 
 /// The column types that can be read; a table may have columns of other types.
 enum class JetType : quint8 { Byte = 2, Int16 = 3, Int32 = 4, Single = 6, Double = 7, Date = 8, Text = 10 };
@@ -32,4 +32,4 @@ struct JetDefinition {
 /// Throws JetDamageError.
 JetDefinition ReadDefinition(const JetPages& pages, quint32 page);
 
-}  // namespace tickwell
+}  // namespace tickwell::store

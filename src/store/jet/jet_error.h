@@ -3,7 +3,7 @@
 
 #include "core/errors.h"
 
-namespace tickwell {
+namespace tickwell::store {
 
 /// A Jet file cannot be imported: its kind is not supported, or it lacks something required.
 class JetError : public RunTimeError {
@@ -18,4 +18,4 @@ public:
     explicit JetDamageError(const QString& where);
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::store

@@ -7,7 +7,7 @@
 #include "store/jet/jet_text.h"
 #include "store/jet/jet_values.h"
 
-namespace tickwell {
+namespace tickwell::store {
 
 using namespace Qt::StringLiterals;
 
@@ -63,4 +63,4 @@ JetTable JetFile::Table(QStringView name) const {
     return JetTable(m_pages, found->page);
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::store

@@ -7,7 +7,7 @@
 
 #include "store/jet/jet_table.h"
 
-namespace tickwell {
+namespace tickwell::store {
 
 /// A Jet 3 or Jet 4 database in memory. It outlives the tables that it returns.
 class JetFile {
@@ -36,4 +36,4 @@ private:
     QList<Entry> m_tables;
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::store

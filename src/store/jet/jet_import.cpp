@@ -11,7 +11,7 @@
 #include "store/jet/locked_file.h"
 #include "store/log.h"
 
-namespace tickwell {
+namespace tickwell::store {
 
 using namespace Qt::StringLiterals;
 
@@ -214,4 +214,4 @@ QString JetImportText(const JetImportSummary& summary) {
     return text + u"元のファイルは %1 として残してあります。"_s.arg(summary.keptAs);
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::store

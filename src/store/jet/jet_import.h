@@ -8,7 +8,7 @@
 #include "store/jet/day_rows.h"
 #include "store/store_disk.h"
 
-namespace tickwell {
+namespace tickwell::store {
 
 /// The result of an import.
 struct JetImportSummary {
@@ -34,4 +34,4 @@ std::optional<JetImportSummary> ImportJetFile(const QString& path, StoreDisk& di
 /// The text of the message box that reports the import.
 QString JetImportText(const JetImportSummary& summary);
 
-}  // namespace tickwell
+}  // namespace tickwell::store

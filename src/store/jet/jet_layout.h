@@ -3,7 +3,7 @@
 
 #include <QtGlobal>
 
-namespace tickwell {
+namespace tickwell::store {
 
 enum class JetVersion { Jet3, Jet4 };
 
@@ -70,4 +70,4 @@ inline constexpr JetLayout kJet4Layout{.version = JetVersion::Jet4,
                                        .columnFlags = 15,
                                        .columnFixedOffset = 21};
 
-}  // namespace tickwell
+}  // namespace tickwell::store

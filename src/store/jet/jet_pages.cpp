@@ -7,7 +7,7 @@
 
 #include "store/jet/jet_error.h"
 
-namespace tickwell {
+namespace tickwell::store {
 
 using namespace Qt::StringLiterals;
 
@@ -113,4 +113,4 @@ ByteView JetPages::Page(quint32 number, Type type) const {
     return page;
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::store

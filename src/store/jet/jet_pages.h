@@ -6,7 +6,7 @@
 #include "store/jet/byte_view.h"
 #include "store/jet/jet_layout.h"
 
-namespace tickwell {
+namespace tickwell::store {
 
 enum class JetFileKind { Other, Jet, Ace };
 
@@ -55,4 +55,4 @@ private:
     quint16 m_codePage = 0;
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::store

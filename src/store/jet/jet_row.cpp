@@ -5,7 +5,7 @@
 
 #include "store/jet/jet_error.h"
 
-namespace tickwell {
+namespace tickwell::store {
 
 using namespace Qt::StringLiterals;
 
@@ -123,4 +123,4 @@ ByteView JetRow::VariableField(const JetColumn& column, qsizetype maskAt) const 
     return m_row.Slice(start, end - start);
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::store

@@ -5,7 +5,7 @@
 
 #include "store/jet/jet_definition.h"
 
-namespace tickwell {
+namespace tickwell::store {
 
 /// One row of a table: the number of columns, the fixed fields, the variable fields, the offsets of the
 /// latter in reverse order, and a bit for each column that has a value.
@@ -25,4 +25,4 @@ private:
     const JetLayout* m_layout;
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::store

@@ -8,7 +8,7 @@
 #include "store/jet/jet_error.h"
 #include "store/jet/jet_usage_map.h"
 
-namespace tickwell {
+namespace tickwell::store {
 
 using namespace Qt::StringLiterals;
 
@@ -76,4 +76,4 @@ void JetTable::ForEachRow(const std::function<void(const JetRow&)>& use) const {
     }
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::store

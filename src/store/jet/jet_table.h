@@ -5,7 +5,7 @@
 
 #include "store/jet/jet_row.h"
 
-namespace tickwell {
+namespace tickwell::store {
 
 /// One table of a Jet file. `pages` outlives it.
 class JetTable {
@@ -28,4 +28,4 @@ private:
     JetDefinition m_definition;
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::store

@@ -8,7 +8,7 @@
 
 #include "store/jet/jet_error.h"
 
-namespace tickwell {
+namespace tickwell::store {
 
 using namespace Qt::StringLiterals;
 
@@ -154,4 +154,4 @@ QString JetText::DecodeName(const ByteView& name) const {
     return m_codePage ? m_codePage->Decode(name.Bytes()) : Utf16(name);
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::store

@@ -6,7 +6,7 @@
 
 #include "store/jet/jet_pages.h"
 
-namespace tickwell {
+namespace tickwell::store {
 
 /// Decodes the texts of one Windows code page with the C library's iconv. Its CP932 equals Microsoft's table
 /// for every pair of bytes; the few single bytes that it lacks are added here.
@@ -48,4 +48,4 @@ private:
     std::unique_ptr<CodePage> m_codePage;  // Jet 3 only
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::store

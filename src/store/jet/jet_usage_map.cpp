@@ -4,7 +4,7 @@
 #include "store/jet/jet_data_page.h"
 #include "store/jet/jet_error.h"
 
-namespace tickwell {
+namespace tickwell::store {
 
 using namespace Qt::StringLiterals;
 
@@ -56,4 +56,4 @@ QList<quint32> PagesInUse(const JetPages& pages, const JetRowAddress& map) {
     return used;
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::store

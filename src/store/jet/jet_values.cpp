@@ -6,7 +6,7 @@
 
 #include "store/jet/jet_error.h"
 
-namespace tickwell {
+namespace tickwell::store {
 
 using namespace Qt::StringLiterals;
 
@@ -70,4 +70,4 @@ QDate JetDate(const ByteView& field) {
     return QDate(1899, 12, 30).addDays(static_cast<qint64>(days));
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::store

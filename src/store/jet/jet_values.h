@@ -5,7 +5,7 @@
 
 #include "store/jet/jet_definition.h"
 
-namespace tickwell {
+namespace tickwell::store {
 
 /// Whether JetInteger accepts the type.
 bool IsNumber(JetType type);
@@ -17,4 +17,4 @@ qint32 JetInteger(JetType type, const ByteView& field);
 /// for others.
 QDate JetDate(const ByteView& field);
 
-}  // namespace tickwell
+}  // namespace tickwell::store

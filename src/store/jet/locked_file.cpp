@@ -11,7 +11,7 @@
 
 #include "core/errors.h"
 
-namespace tickwell {
+namespace tickwell::store {
 
 namespace {
 
@@ -67,4 +67,4 @@ unsigned LockedFile::Mode() const {
     return StateOf(m_file).st_mode & 0777;
 }
 
-}  // namespace tickwell
+}  // namespace tickwell::store

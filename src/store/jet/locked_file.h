@@ -5,7 +5,7 @@
 #include <QString>
 #include <optional>
 
-namespace tickwell {
+namespace tickwell::store {
 
 /// A file open for reading, which can be locked exclusively.
 class LockedFile {
@@ -35,4 +35,4 @@ private:
     int m_file;
 };
 
-}  // namespace tickwell
+}  // namespace tickwell::store
