@@ -98,10 +98,10 @@ void StoreMonth(store::DayDatabase& database) {
     const QDate last(2026, 10, 31);
     for (const QString& table : {u"Holiday"_s, u"Halfday"_s, u"Usuallyday"_s}) {
         database.Execute(u"DELETE %1.Date FROM %1 WHERE Date BETWEEN %2 AND %3"_s.arg(
-            table, DateLiteral(first), DateLiteral(last)));
+            table, days::DateLiteral(first), days::DateLiteral(last)));
     }
     for (QDate date = first; date <= last; date = date.addDays(1)) {
-        database.Execute(u"INSERT INTO Holiday  VALUES ("_s + DateLiteral(date) + u')');
+        database.Execute(u"INSERT INTO Holiday  VALUES ("_s + days::DateLiteral(date) + u')');
     }
 }
 

@@ -12,6 +12,7 @@
 #include "app/about_text.h"
 #include "app/gradation.h"
 #include "app/system_facts.h"
+#include "controls/control_making.h"
 
 namespace tickwell::app {
 
@@ -24,13 +25,6 @@ constexpr int kThanksInterval = 3500;  // ms
 const QString& ProgramTitle() {
     static const QString title = u"Tickwell"_s;
     return title;
-}
-
-QLabel* MakeLabel(const QString& name, QWidget* parent) {
-    auto* label = new QLabel(parent);
-    label->setObjectName(name);
-    label->setTextFormat(Qt::PlainText);
-    return label;
 }
 
 /// Makes a label large enough for every message, so that the box keeps its size while they rotate.
@@ -51,14 +45,14 @@ void MakeRoomForThanks(QLabel& label) {
 frmAbout::frmAbout(const AboutBoxParts& parts, QWidget* parent)
     : QDialog(parent),
       m_parts(parts),
-      m_lblTitle(MakeLabel(u"lblTitle"_s, this)),
-      m_lblVersion(MakeLabel(u"lblVersion"_s, this)),
-      m_Label3(MakeLabel(u"Label3"_s, this)),
-      m_Timer1(parts.handlers.MakeTimer(parts.timers, kThanksInterval, [this] { Timer1_Timer(); })) {
+      m_title(controls::MakeLabel(u"lblTitle"_s, {}, this)),
+      m_version(controls::MakeLabel(u"lblVersion"_s, {}, this)),
+      m_thanks(controls::MakeLabel(u"Label3"_s, {}, this)),
+      m_thanksTimer(parts.handlers.MakeTimer(parts.timers, kThanksInterval, [this] { Timer1_Timer(); })) {
     setObjectName(u"frmAbout"_s);
-    auto* sysInfo = controls::MakeButton(u"cmdSysInfo"_s, u"ｼｽﾃﾑ情報(&S)..."_s, &frmAbout::cmdSysInfo_Click);
-    auto* contact = controls::MakeButton(u"Command2"_s, u"連絡先"_s, &frmAbout::Command2_Click);
-    m_cmdCopy = controls::MakeButton(u"cmdCopy"_s, u"情報をコピー(&C)"_s, &frmAbout::cmdCopy_Click);
+    auto* sysInfo = MakeButton(u"cmdSysInfo"_s, u"ｼｽﾃﾑ情報(&S)..."_s, &frmAbout::cmdSysInfo_Click);
+    auto* contact = MakeButton(u"Command2"_s, u"連絡先"_s, &frmAbout::Command2_Click);
+    m_copy = MakeButton(u"cmdCopy"_s, u"情報をコピー(&C)"_s, &frmAbout::cmdCopy_Click);
     auto* ok = new QPushButton(u"OK"_s, this);
     ok->setObjectName(u"cmdOK"_s);
     ok->setDefault(true);
@@ -67,7 +61,7 @@ frmAbout::frmAbout(const AboutBoxParts& parts, QWidget* parent)
     auto* buttons = new QHBoxLayout;
     buttons->addWidget(sysInfo);
     buttons->addWidget(contact);
-    buttons->addWidget(m_cmdCopy);
+    buttons->addWidget(m_copy);
     buttons->addStretch();
     buttons->addWidget(ok);
     buttons->setContentsMargins(style()->pixelMetric(QStyle::PM_LayoutLeftMargin), 0,
@@ -89,18 +83,18 @@ QWidget* frmAbout::MakeText() {
     QFont large = font();
     large.setPointSizeF(large.pointSizeF() * 2);
     large.setBold(true);
-    m_lblTitle->setFont(large);
-    auto* icon = MakeLabel(u"Image1"_s, this);
+    m_title->setFont(large);
+    auto* icon = controls::MakeLabel(u"Image1"_s, {}, this);
     // Uses the application's icon: another QIcon would keep its own scaled copy of the picture.
     icon->setPixmap(
         QGuiApplication::windowIcon().pixmap(fontMetrics().height() * 4));  // scales with the text
     icon->setAccessibleName(u"Tickwell のアイコン"_s);
 
     auto* texts = new QVBoxLayout;
-    texts->addWidget(m_lblTitle);
-    texts->addWidget(m_lblVersion);
+    texts->addWidget(m_title);
+    texts->addWidget(m_version);
     texts->addSpacing(fontMetrics().height());
-    texts->addWidget(m_Label3);
+    texts->addWidget(m_thanks);
     auto* all = new QHBoxLayout(background);
     const int margin = fontMetrics().height() * 3 / 2;
     all->setContentsMargins(margin, margin, margin, margin);
@@ -112,24 +106,21 @@ QWidget* frmAbout::MakeText() {
 }
 
 QPushButton* frmAbout::MakeButton(const QString& name, const QString& caption, void (frmAbout::*clicked)()) {
-    auto* button = new QPushButton(caption, this);
-    button->setObjectName(name);
-    m_parts.handlers.Connect(button, &QPushButton::clicked, this, [this, clicked] { (this->*clicked)(); });
-    return button;
+    return controls::MakeButton(name, caption, this, m_parts.handlers,
+                                [this, clicked] { (this->*clicked)(); });
 }
 
 void frmAbout::Form_Load() {
     setWindowTitle(ProgramTitle() + u"のﾊﾞｰｼﾞｮﾝ情報");
     const QVersionNumber version = QVersionNumber::fromString(QStringLiteral(TICKWELL_VERSION));
-    m_lblTitle->setText(ProgramTitle());
-    m_lblVersion->setText(
-        VersionText(version.majorVersion(), version.minorVersion(), version.microVersion()));
-    MakeRoomForThanks(*m_Label3);
+    m_title->setText(ProgramTitle());
+    m_version->setText(VersionText(version.majorVersion(), version.minorVersion(), version.microVersion()));
+    MakeRoomForThanks(*m_thanks);
 }
 
 void frmAbout::ShowThanks(const QString& message) {
     m_shown = message;
-    m_Label3->setText(ThanksLines(message));
+    m_thanks->setText(ThanksLines(message));
 }
 
 void frmAbout::Timer1_Timer() {
@@ -150,20 +141,20 @@ void frmAbout::Command2_Click() {
 /// The button confirms the copy, because nothing else shows it.
 void frmAbout::cmdCopy_Click() {
     QGuiApplication::clipboard()->setText(FactsText(FactsOfThisMachine()));
-    m_cmdCopy->setText(u"コピーしました(&C)"_s);
+    m_copy->setText(u"コピーしました(&C)"_s);
 }
 
 void frmAbout::showEvent(QShowEvent* event) {
     if (!event->spontaneous()) {
         ShowThanks(FirstThanks());
-        m_Timer1->Start();
+        m_thanksTimer->Start();
     }
     QDialog::showEvent(event);
 }
 
 void frmAbout::hideEvent(QHideEvent* event) {
     if (!event->spontaneous()) {
-        m_Timer1->Stop();
+        m_thanksTimer->Stop();
     }
     QDialog::hideEvent(event);
 }

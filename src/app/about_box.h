@@ -50,11 +50,11 @@ private:
 
     AboutBoxParts m_parts;
     QString m_shown;  // the current message, before ThanksLines
-    QLabel* m_lblTitle;
-    QLabel* m_lblVersion;
-    QLabel* m_Label3;
-    QPushButton* m_cmdCopy = nullptr;
-    std::unique_ptr<Timer> m_Timer1;
+    QLabel* m_title;
+    QLabel* m_version;
+    QLabel* m_thanks;
+    QPushButton* m_copy = nullptr;
+    std::unique_ptr<Timer> m_thanksTimer;
 };
 
 }  // namespace tickwell::app

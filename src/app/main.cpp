@@ -37,7 +37,7 @@ bool Answered(int argc, char** argv) {
     for (int i = 0; i < argc; ++i) {
         arguments.append(QString::fromLocal8Bit(argv[i]));
     }
-    const QString answer = tickwell::OptionsOf(arguments).answer;
+    const QString answer = tickwell::app::OptionsOf(arguments).answer;
     std::fputs(qUtf8Printable(answer), stdout);
     return !answer.isEmpty();
 }
@@ -61,7 +61,7 @@ int main(int argc, char** argv) {
     QCoreApplication::setApplicationName(QStringLiteral("tickwell"));
     QGuiApplication::setQuitOnLastWindowClosed(false);  // the main window is a tool window and does not count
 
-    const tickwell::Options options = tickwell::OptionsOf(QCoreApplication::arguments());
+    const tickwell::app::Options options = tickwell::app::OptionsOf(QCoreApplication::arguments());
     if (!options.error.isEmpty()) {
         std::fprintf(stderr, "tickwell: %s\n", qUtf8Printable(options.error));
         return 2;
@@ -73,6 +73,6 @@ int main(int argc, char** argv) {
     }
     tickwell::lines::InstallFontSubstitutes();
     tickwell::shell::InstallMainWindowAccessibility();
-    tickwell::Program program(options, users);
+    tickwell::app::Program program(options, users);
     return program.Run();
 }

@@ -28,7 +28,7 @@ qint64 AreaOf(const QRect& rect) {
 }
 
 /// Pixels between two ranges, 0 if they touch or overlap.
-int store::Between(int from, int to, int otherFrom, int otherTo) {
+int Between(int from, int to, int otherFrom, int otherTo) {
     return std::max({0, otherFrom - to - 1, from - otherTo - 1});
 }
 
@@ -50,8 +50,8 @@ Cost CostOf(const QRect& place, const QRect& opener, const QList<QRect>& taken) 
     for (const QRect& each : taken) {
         covered += AreaOf(place & each);
     }
-    const int distance = store::Between(place.left(), place.right(), opener.left(), opener.right()) +
-                         store::Between(place.top(), place.bottom(), opener.top(), opener.bottom());
+    const int distance = Between(place.left(), place.right(), opener.left(), opener.right()) +
+                         Between(place.top(), place.bottom(), opener.top(), opener.bottom());
     const int shift = (place.topLeft() - opener.topLeft()).manhattanLength();
     return {covered, std::max(distance, kGap), SideOf(place, opener), shift};
 }

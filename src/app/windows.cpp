@@ -5,6 +5,7 @@
 #include <QMenu>
 
 #include "app/window_placing.h"
+#include "controls/bring_forward.h"
 
 namespace tickwell::app {
 
@@ -72,10 +73,7 @@ void Windows::Open(QPointer<Window>& window, Make make) {
         window->setAttribute(Qt::WA_DeleteOnClose);
         Place(*window);
     }
-    window->setWindowState(window->windowState() & ~Qt::WindowMinimized);
-    window->show();
-    window->raise();
-    window->activateWindow();
+    controls::BringForward(*window);
 }
 
 days::BookWindows Windows::Book() {

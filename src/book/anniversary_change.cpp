@@ -82,7 +82,7 @@ bool AnniversaryChange::Step() {
     if (m_phase == Phase::Sorting && m_targets.Sort()) {
         BeginSearch();
     }
-    return m_phase == Phase::Searching && days::Search() && Write();
+    return m_phase == Phase::Searching && Search() && Write();
 }
 
 double AnniversaryChange::Part() const {

@@ -50,7 +50,7 @@ private:
     void ReadRow(int row);
     void AddTarget(const days::DayListRow& row);
     void BeginSearch();
-    bool days::Search();
+    bool Search();
     bool Write();
     Outcome WriteAll(store::DayDatabase& database);
     bool EndWriting();

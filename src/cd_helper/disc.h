@@ -31,7 +31,7 @@ public:
     /// ascending, an end that is not after them, or a sheet that libcdio misreads.
     static std::optional<Disc> Open(const std::string& path);
 
-    const DiscContents& store::Contents() const { return m_contents; }
+    const DiscContents& Contents() const { return m_contents; }
 
     /// Whether the disc was changed since the last call.
     bool WasChanged();

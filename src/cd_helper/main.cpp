@@ -23,7 +23,6 @@
 
 namespace {
 
-using namespace tickwell;
 using namespace tickwell::cd_helper;
 
 constexpr rlim_t kMostToOpen = 3;  // seconds of CPU time; an intact image takes milliseconds

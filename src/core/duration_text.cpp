@@ -11,10 +11,10 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr qint32 kDay = 86'400'000;         // ms
-constexpr qint32 shell::kHour = 3'600'000;  // ms
-constexpr qint32 kMinute = 60'000;          // ms
-constexpr qint32 kSecond = 1000;            // ms
+constexpr qint32 kDay = 86'400'000;  // ms
+constexpr qint32 kHour = 3'600'000;  // ms
+constexpr qint32 kMinute = 60'000;   // ms
+constexpr qint32 kSecond = 1000;     // ms
 
 /// The sign, then `width` digits or more.
 QString Padded(qint32 value, int width) {
@@ -46,7 +46,7 @@ QString UsageText(qint32 tick, qint32 language, qint32 displayMode, qint32 /*hou
 
 QString ElapsedText(qint32 milliseconds) {
     const qint32 ms = milliseconds < 0 ? milliseconds + kDay : milliseconds;
-    return QString::number(ms / shell::kHour) + u':' + TwoDigits(ms % shell::kHour / kMinute) + u'\'' +
+    return QString::number(ms / kHour) + u':' + TwoDigits(ms % kHour / kMinute) + u'\'' +
            TwoDigits(ms % kMinute / kSecond) + u'"' + Padded(ms % kSecond, 3);
 }
 

@@ -60,7 +60,7 @@ QString CommandDevices::CarryOut(const Command& command) {
         Play(*open, command);
         return {};
     }
-    return cd_helper::Drive(*open->device, command);
+    return Drive(*open->device, command);
 }
 
 void CommandDevices::Open(const Command& command) {

@@ -47,7 +47,7 @@ private:
     void Open(const Command& command);
     std::unique_ptr<MediaDevice> MakeDevice(const QString& name, bool isCd);
     void Play(const OpenDevice& open, const Command& command);
-    QString cd_helper::Drive(MediaDevice& device, const Command& command);
+    QString Drive(MediaDevice& device, const Command& command);
     Devices::iterator Find(const QString& alias);
 
     DeviceParts m_parts;

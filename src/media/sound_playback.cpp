@@ -48,7 +48,7 @@ std::optional<QString> SoundFile(const QString& soundName) {
 SoundPlayback::SoundPlayback(const Parts& parts, ProgramFolder folder)
     : m_parts(parts),
       m_folder(std::move(folder)),
-      Timer2(parts.timers.Create(kSessionTime, [this] { AudioStop(); })) {}
+      m_sessionTimer(parts.timers.Create(kSessionTime, [this] { AudioStop(); })) {}
 
 void SoundPlayback::PlayChime(const QString& soundName, qint32 count) {
     const std::optional<QString> file = SoundFile(soundName);
@@ -60,8 +60,8 @@ void SoundPlayback::PlayChime(const QString& soundName, qint32 count) {
     AudioLoadWave(*file, kChimeChannel);
     AudioPlay(kChimeChannel, CheckedSub(count, 1));
     // Restarts the timer: the tick left over from the previous chime would cut this one off.
-    Timer2->Stop();
-    Timer2->Start();
+    m_sessionTimer->Stop();
+    m_sessionTimer->Start();
 }
 
 void SoundPlayback::AudioStart(bool showError) {

@@ -59,8 +59,8 @@ private:
 
     Parts m_parts;
     ProgramFolder m_folder;
-    std::unique_ptr<Timer>
-        Timer2;  ///< calls AudioStop 30 s after the start of the last chime and every 30 s from then on
+    std::unique_ptr<Timer> m_sessionTimer;  ///< calls AudioStop 30 s after the start of the last chime and
+                                            ///< every 30 s from then on
 };
 
 /// The names of the sounds, in the order in which they are offered.

@@ -61,7 +61,7 @@ void WaveMix::WaveMixPlay(qint32 session, qint32 channel, qint32 wave, qint32 lo
     place->second.wave = wave;
     place->second.loopsLeft = loops;
     place->second.stream->Queue(sound->samples);
-    store::Fill(place->second);
+    Fill(place->second);
 }
 
 void WaveMix::WaveMixFlushChannel(qint32 session, qint32 channel) {
@@ -136,7 +136,7 @@ void WaveMix::Tick() {
         if (channel.stream == nullptr) {
             return;
         }
-        store::Fill(channel);
+        Fill(channel);
         channel.silentFor = channel.stream->FramesWaiting() == 0 ? channel.silentFor + kTick : 0;
         if (channel.silentFor > kSoundTail) {
             channel.stream.reset();

@@ -13,7 +13,6 @@
 
 namespace {
 
-using namespace tickwell;
 using namespace tickwell::print_helper;
 
 /// Ignores write errors: the job is printed even if the program has ended.

@@ -47,4 +47,4 @@ using FoundRows = QList<FoundRow>;
 
 }  // namespace tickwell::store
 
-Q_DECLARE_TYPEINFO(tickwell::FoundRow, Q_PRIMITIVE_TYPE);
+Q_DECLARE_TYPEINFO(tickwell::store::FoundRow, Q_PRIMITIVE_TYPE);

@@ -11,14 +11,14 @@ using namespace Qt::StringLiterals;
 namespace {
 
 // ms
-constexpr qint32 shell::kHour = 3'600'000;
+constexpr qint32 kHour = 3'600'000;
 constexpr qint32 kMinute = 60'000;
 constexpr qint32 kSecond = 1000;
 
 }  // namespace
 
 TimerEntry TimerPanel::ReadEntries(const TimerEntry& entry) {
-    m_countdown.SetDuration(Checked32(qint64{entry.hours} * shell::kHour + qint64{entry.minutes} * kMinute +
+    m_countdown.SetDuration(Checked32(qint64{entry.hours} * kHour + qint64{entry.minutes} * kMinute +
                                       qint64{entry.seconds} * kSecond));
     m_countdown.SetRepeat(entry.repeat);
     TimerEntry taken = entry;
@@ -33,8 +33,8 @@ TimerEntry TimerPanel::CurrentEntry() {
     m_countdown.ReplaceZero();
     const CountdownState& state = m_countdown.State();
     const qint32 duration = state.CountdownDuration;
-    return {.hours = duration / shell::kHour,
-            .minutes = duration % shell::kHour / kMinute,
+    return {.hours = duration / kHour,
+            .minutes = duration % kHour / kMinute,
             .seconds = WholeSeconds(duration % kMinute),
             .repeat = state.CountdownRepeat};
 }

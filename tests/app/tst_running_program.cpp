@@ -32,7 +32,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int shell::kStartUp = 11'000;  // ms until the stored function starts
+constexpr int kStartUp = 11'000;  // ms until the stored function starts
 
 class WatchedDrive : public FakeCdDrive {
 public:
@@ -94,7 +94,7 @@ struct Bench {
             .display = {.power = Borrowed<const Power>(power), .memory = Borrowed<const Memory>(memory)}};
         program = std::make_unique<RunningProgram>(ports, state, [this] { Note(u"closed"_s); });
         program->Start();
-        time.Advance(shell::kStartUp);
+        time.Advance(kStartUp);
     }
 
     /// Records an event and what is still open at that moment.

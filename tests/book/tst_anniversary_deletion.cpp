@@ -20,7 +20,7 @@ struct Bench {
     store::DayDatabase database{store.Path()};
 
     QString Names() {
-        return ::tickwell::Names(database.RunQuery(u"SELECT * FROM Kinenbi WHERE Year <> 5"_s));
+        return ::tickwell::days::Names(database.RunQuery(u"SELECT * FROM Kinenbi WHERE Year <> 5"_s));
     }
     QList<days::DayListRow> Rows() {
         QList<days::DayListRow> rows;

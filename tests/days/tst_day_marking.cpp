@@ -15,7 +15,7 @@ constexpr int kFriday = 19;
 constexpr int kSaturday = 20;
 
 std::optional<DayMark> MarkOf(DayColor color, const QString& tip, int cell) {
-    return tickwell::MarkOf(MonthCell{u"1"_s, color, tip, true, false}, cell);
+    return tickwell::days::MarkOf(MonthCell{u"1"_s, color, tip, true, false}, cell);
 }
 
 MonthGrid October() {

@@ -33,7 +33,7 @@
 
 namespace {
 
-constexpr int cd_helper::kSectorBytes = 2352;
+constexpr int kSectorBytes = 2352;
 constexpr int kLeadOutTrack = 0xAA;
 constexpr int kReadCd = 0xBE;
 constexpr int kDataControl = 4;
@@ -221,9 +221,9 @@ int Packet(const FakeDisc& disc, const cdrom_generic_command* command) {
         return Failed(EIO);
     }
     const int file = Real<OpenFunction>("open")(disc.sectors.c_str(), O_RDONLY | O_CLOEXEC);
-    const ssize_t size = ssize_t{count} * cd_helper::kSectorBytes;
+    const ssize_t size = ssize_t{count} * kSectorBytes;
     const ssize_t read =
-        pread(file, command->buffer, static_cast<std::size_t>(size), off_t{first} * cd_helper::kSectorBytes);
+        pread(file, command->buffer, static_cast<std::size_t>(size), off_t{first} * kSectorBytes);
     close(file);
     return read == size ? 0 : Failed(EIO);
 }

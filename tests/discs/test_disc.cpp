@@ -114,7 +114,7 @@ QByteArray NrgTrack(quint64 pause, quint64 start, quint64 end) {
 }
 
 QByteArray NrgChunks(const TestDisc& disc) {
-    constexpr int cd_helper::kLeadOut = 0xAA;
+    constexpr int kLeadOut = 0xAA;
     const auto count = static_cast<int>(disc.tracks.size());
     QByteArray index = NrgIndex(0, 0, -kTestPregap);
     QByteArray tracks;
@@ -123,7 +123,7 @@ QByteArray NrgChunks(const TestDisc& disc) {
         index += NrgIndex(i + 1, 0, pause) + NrgIndex(i + 1, 1, disc.starts[i]);
         tracks += NrgTrack(NrgOffset(pause), NrgOffset(disc.starts[i]), NrgOffset(EndOf(disc, i)));
     }
-    index += NrgIndex(cd_helper::kLeadOut, 1, disc.end);
+    index += NrgIndex(kLeadOut, 1, disc.end);
     const QByteArray head = QByteArray(4, '\0') + QByteArray(16, '\0') + '\1' + static_cast<char>(count);
     return Chunk("CUEX", index) + Chunk("DAOX", head + tracks) +
            Chunk("SINF", BigEndian(static_cast<quint32>(count))) + Chunk("MTYP", BigEndian(quint32{1})) +

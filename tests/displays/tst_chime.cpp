@@ -12,7 +12,7 @@ namespace {
 
 constexpr qint64 kSecond = 1000;  // ms
 constexpr qint64 kMinute = 60 * kSecond;
-constexpr qint64 shell::kHour = 60 * kMinute;
+constexpr qint64 kHour = 60 * kMinute;
 
 QDateTime At(const QString& time) {
     return QDateTime(QDate(2026, 11, 20), QTime::fromString(time, u"HH:mm:ss"_s));
@@ -96,7 +96,7 @@ void TstChime::ModesSoundWhenTheySay() {
     QFETCH(qint32, mode);
     QFETCH(QStringList, played);
     Bench bench(u"14:15:00"_s, mode);
-    bench.time.Advance(shell::kHour);
+    bench.time.Advance(kHour);
     QCOMPARE(bench.played, played);
 }
 
@@ -108,7 +108,7 @@ void TstChime::AMinuteFullOfTicksSoundsOnce() {
 
 void TstChime::EachHourOfADaySounds() {
     Bench bench(u"00:10:00"_s, 1);
-    bench.time.Advance(24 * shell::kHour);
+    bench.time.Advance(24 * kHour);
     QStringList expected;
     for (int hour = 1; hour <= 24; ++hour) {
         expected.append(

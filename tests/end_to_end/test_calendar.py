@@ -6,6 +6,7 @@ import unittest
 
 from driver import pictures
 from driver.case import TickwellCase
+from driver.hand import settled_extents
 from driver.tickwell import main_window, make_folder, start_tickwell, wait_lines, wait_on_screen
 from driver.virtual_time import VirtualTime
 from driver.waiting import wait_for
@@ -46,7 +47,7 @@ class Calendar(TickwellCase):
 
     def choose(self, mode):
         option = self.window.wait(role="radio button", name=mode)
-        x, y, _, height = option.extents
+        x, y, _, height = settled_extents(option)
         self.session.hand.click((x + 8, y + height // 2))
         wait_for(lambda: "checked" in option.states, f"mode {mode}")
 

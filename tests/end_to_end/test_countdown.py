@@ -8,8 +8,9 @@ from pathlib import Path
 
 from driver import samples
 from driver.case import TickwellCase
+from driver.hand import settled_extents
 from driver.tickwell import lines, start_tickwell, wait_lines, wait_on_screen
-from driver.tool_windows import button, choose, press, wait_window
+from driver.tool_windows import button, choose, press, wait_for_hand, wait_window
 from driver.virtual_time import VirtualTime
 from driver.waiting import wait_for
 
@@ -48,7 +49,9 @@ class CountdownCase(TickwellCase):
         self.window = self.wait_setting()
 
     def wait_setting(self):
-        return self.app.wait(role="dialog", name=TITLE, showing=True, which=is_setting)
+        window = self.app.wait(role="dialog", name=TITLE, showing=True, which=is_setting)
+        wait_for_hand(self.session, self.app, TITLE)
+        return window
 
     def notices(self):
         """The visible notices."""
@@ -70,7 +73,8 @@ class CountdownCase(TickwellCase):
 
     def repeat(self):
         box = self.window.wait(role="check box", name=REPEAT)
-        self.session.hand.click((box.extents[0] + 8, box.extents[1] + box.extents[3] // 2))
+        x, y, _, height = settled_extents(box)
+        self.session.hand.click((x + 8, y + height // 2))
         wait_for(lambda: "checked" in box.states, "the repeat")
 
 

@@ -77,7 +77,7 @@ void CatchFalls() {
     }
 }
 
-QByteArray store::Contents(int file) {
+QByteArray Contents(int file) {
     QByteArray bytes(static_cast<qsizetype>(lseek(file, 0, SEEK_END)), '\0');
     Require(pread(file, bytes.data(), static_cast<std::size_t>(bytes.size()), 0) == bytes.size(),
             "memory can be read");
@@ -116,7 +116,7 @@ std::optional<QByteArray> HelperChild::Run(const QList<QByteArray>& words) {
         return std::nullopt;
     }
     Require(end == cd_helper::kEndDone, "the helper ends by itself, and without a fault of ours");
-    return store::Contents(m_output);
+    return Contents(m_output);
 }
 
 void HelperChild::BeChild(const QList<QByteArray>& words) const {

@@ -21,7 +21,7 @@ public:
     std::vector<Row>& Rows(std::size_t index) { return m_tables.at(index); }
 
     /// The result of a SELECT.
-    std::vector<Row> print_helper::Answer(const store::SelectStatement& select) const;
+    std::vector<Row> Answer(const store::SelectStatement& select) const;
 
     /// Executes a statement other than SELECT and returns the number of changed rows; nullopt if the
     /// statement must be refused because it leaves a column of a new row empty.

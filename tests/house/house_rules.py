@@ -71,6 +71,19 @@ class HouseRules(unittest.TestCase):
                  if not shown(path).startswith("src/platform/") and clock.search(path.read_text("utf-8"))]
         self.assertEqual(wrong, [])
 
+    def test_each_folder_has_its_namespace(self):
+        wrong = []
+        for path in cpp_files(("src",)):
+            folder = shown(path).split("/")[1]
+            own = "tickwell" if folder == "core" else f"tickwell::{folder}"
+            # Before it, other folders' classes may be declared.
+            opened = re.findall(r"^namespace ([\w:]+) \{$", path.read_text("utf-8"), re.MULTILINE)
+            if opened and opened[-1] != own:
+                wrong.append(f"{shown(path)}: {opened[-1]}")
+            used = re.findall(r"^\s*using namespace (tickwell[\w:]*);", path.read_text("utf-8"), re.MULTILINE)
+            wrong += [f"{shown(path)}: {name}" for name in used if name not in ("tickwell", own)]
+        self.assertEqual(wrong, [])
+
     def test_nobody_asks_for_the_current_folder(self):
         current = re.compile(r"QDir::current|QDir::setCurrent|\bgetcwd\b|\bchdir\b|std::filesystem::current_path")
         wrong = [shown(path) for path in cpp_files(("src",))

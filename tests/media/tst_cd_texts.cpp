@@ -23,18 +23,18 @@ struct Bench {
 
     Bench() {
         media.SetNotReady([this] { ++notReady; });
-        print_helper::Answer(u"status CDP length"_s, 300'000);
-        print_helper::Answer(u"status CDP position track 1"_s, 0);
-        print_helper::Answer(u"status CDP position track 2"_s, 100'000);
-        print_helper::Answer(u"status CDP position track 3"_s, 220'000);
+        Answer(u"status CDP length"_s, 300'000);
+        Answer(u"status CDP position track 1"_s, 0);
+        Answer(u"status CDP position track 2"_s, 100'000);
+        Answer(u"status CDP position track 3"_s, 220'000);
     }
-    void print_helper::Answer(const QString& command, int number) {
+    void Answer(const QString& command, int number) {
         devices.results.insert(command, {0, QString::number(number)});
     }
     void Fail(const QString& command) { devices.results.insert(command, {276, {}}); }
     void PlayAt(int track, int position) {
-        print_helper::Answer(u"status CDP current track"_s, track);
-        print_helper::Answer(u"status CDP position"_s, position);
+        Answer(u"status CDP current track"_s, track);
+        Answer(u"status CDP position"_s, position);
     }
 };
 

@@ -24,9 +24,7 @@ struct Bench {
         devices.texts.insert(276, u"ディスクなし"_s);
     }
     void Fail(const QString& command, qint32 error = 276) { devices.results.insert(command, {error, {}}); }
-    void print_helper::Answer(const QString& command, const QString& reply) {
-        devices.results.insert(command, {0, reply});
-    }
+    void Answer(const QString& command, const QString& reply) { devices.results.insert(command, {0, reply}); }
 };
 
 }  // namespace

@@ -20,7 +20,7 @@ public:
     Q_DISABLE_COPY_MOVE(Hands)
 
     /// The visible windows, popups included, in order of creation.
-    static QWidgetList app::Windows();
+    static QWidgetList Windows();
 
     /// Whether a modal window blocks this one.
     static bool IsBlocked(const QWidget& window);

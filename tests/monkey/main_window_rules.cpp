@@ -18,7 +18,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr qint64 shell::kStartUp = 11'000;  // ms
+constexpr qint64 kStartUp = 11'000;  // ms
 constexpr qint64 kSettled =
     25'000;  // ms; long enough for every line to be refreshed by its own timer, the slowest twice
 
@@ -62,7 +62,7 @@ void CheckMarks(const Scene& scene, const QWidget& form, Complaints& complaints)
     }
     complaints.Unless(function >= 0 && function < static_cast<qint32>(kFunctions.size()),
                       u"function " + QString::number(function));
-    const bool hasStarted = scene.Now().passed >= shell::kStartUp || !checked.isEmpty();
+    const bool hasStarted = scene.Now().passed >= kStartUp || !checked.isEmpty();
     if (!hasStarted) {
         return;
     }
@@ -166,7 +166,7 @@ void CheckMainWindow(const Scene& scene, Complaints& complaints) {
 
 void CheckLines(const Scene& scene, Complaints& complaints) {
     const Machine& now = scene.Now();
-    if (scene.Quiet() < kSettled || now.passed < shell::kStartUp || scene.HasBox(u"Tickwell"_s)) {
+    if (scene.Quiet() < kSettled || now.passed < kStartUp || scene.HasBox(u"Tickwell"_s)) {
         return;  // a function whose handler failed keeps its last text
     }
     const QWidget& form = MainWindow();

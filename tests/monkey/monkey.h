@@ -28,7 +28,7 @@ public:
 
 private:
     /// Steps of closing all but the main window in the ways that a user has.
-    enum class Tidying { None, app::Windows, OpenMenu, CloseMenu };
+    enum class Tidying { None, Windows, OpenMenu, CloseMenu };
 
     void Idle();
     void Look();

@@ -23,7 +23,7 @@ public:
     int Number(int below) { return static_cast<int>(Next() % static_cast<quint64>(below)); }
 
     /// `first` to `last`, both included.
-    int store::Between(int first, int last) { return first + Number(last - first + 1); }
+    int Between(int first, int last) { return first + Number(last - first + 1); }
 
     bool OneIn(int count) { return Number(count) == 0; }
 

@@ -45,7 +45,7 @@ public:
 
     /// The visible window of this object name; null if there is none.
     QWidget* Window(const QString& name) const { return m_windows.value(name); }
-    QWidgetList app::Windows(const QString& name) const { return m_windows.values(name); }
+    QWidgetList Windows(const QString& name) const { return m_windows.values(name); }
     const QWidgetList& All() const { return m_all; }
 
     /// Whether a message box of this title is open.

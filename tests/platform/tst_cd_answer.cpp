@@ -11,7 +11,7 @@ namespace {
 
 const media::CdContents kMixed{{{0, false}, {450, true}, {650, true}}, 900};
 
-CdSeen cd_helper::Disc(const media::CdContents& contents) {
+CdSeen Disc(const media::CdContents& contents) {
     return {media::CdStatus::Ready, contents};
 }
 
@@ -39,9 +39,9 @@ void TstCdAnswer::AnswersAreRead_data() {
     row("tray open", "tray-open\n", {media::CdStatus::TrayOpen, {}});
     row("not ready", "not-ready\n", notReady);
     row("no right to read it", "no-right\n", {media::CdStatus::Failed, {}});
-    row("a disc", "disc\ndata 0\naudio 450\naudio 650\nend 900\n", cd_helper::Disc(kMixed));
-    row("one track", "disc\naudio 0\nend 1\n", cd_helper::Disc({{{0, true}}, 1}));
-    row("sound before the first track", "disc\naudio 33\nend 90\n", cd_helper::Disc({{{33, true}}, 90}));
+    row("a disc", "disc\ndata 0\naudio 450\naudio 650\nend 900\n", Disc(kMixed));
+    row("one track", "disc\naudio 0\nend 1\n", Disc({{{0, true}}, 1}));
+    row("sound before the first track", "disc\naudio 33\nend 90\n", Disc({{{33, true}}, 90}));
     row("nothing", "", notReady);
     row("cut off inside a line", "disc\naudio 0\nend 9", notReady);
     row("cut off behind a line", "disc\naudio 0\n", notReady);

@@ -27,7 +27,7 @@ const QString kMemoryLimit = u"--data=100000000"_s;
 constexpr quint32 kSeed = 0xD15C;
 constexpr int kDamages = 120;    // per kind of image
 constexpr int kMostPlayed = 60;  // sectors
-constexpr int cd_helper::kMostSectors = 100 * 60 * 75;
+constexpr int kMostSectors = 100 * 60 * 75;
 constexpr int kPatience =
     250'000;  // ms; the helper may use three seconds of CPU time, however slowly it gets them
 constexpr auto kEndlessChunks =
@@ -67,8 +67,7 @@ bool IsTrustworthy(const media::CdContents& contents) {
         }
         last = track.start;
     }
-    return !contents.tracks.isEmpty() && contents.leadOut > last &&
-           contents.leadOut <= cd_helper::kMostSectors;
+    return !contents.tracks.isEmpty() && contents.leadOut > last && contents.leadOut <= kMostSectors;
 }
 
 }  // namespace

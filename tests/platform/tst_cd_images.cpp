@@ -16,7 +16,7 @@ namespace {
 
 const CdSeen kTonesSeen{media::CdStatus::Ready, {{{0, true}, {321, true}, {548, true}}, 931}};
 const CdSeen kMixedSeen{media::CdStatus::Ready, {{{0, false}, {450, true}, {650, true}}, 900}};
-const CdSeen cd_helper::kNotReady{media::CdStatus::NotReady, {}};
+const CdSeen kNotReady{media::CdStatus::NotReady, {}};
 const CdSeen kFailed{media::CdStatus::Failed, {}};
 
 const QByteArray kTrackLine = "  TRACK 01 AUDIO\n    INDEX 01 00:00:00\n";
@@ -85,7 +85,7 @@ void TstCdImages::EachKindOfImageIsReadToTheSample() {
     QFETCH(QString, name);
     DriveBench bench(InFolder(name));
     QVERIFY(bench.drive.Exists());
-    QVERIFY(bench.Seen() == cd_helper::kNotReady);  // no look was started
+    QVERIFY(bench.Seen() == kNotReady);  // no look was started
     QVERIFY(bench.Look() == kTonesSeen);
     QVERIFY(bench.PlayAll(0, 931) == m_tones.bytes);
     QVERIFY(bench.Seen() == kTonesSeen);
@@ -156,7 +156,7 @@ void TstCdImages::SheetsThatWouldBeMisreadAreRefused() {
     WriteAll(folder.filePath(u"tones.wav"_s), m_tones.bytes);
     WriteAll(folder.filePath(sheet.name), sheet.text);
     DriveBench bench(folder.filePath(sheet.name));
-    QVERIFY(bench.Look() == cd_helper::kNotReady);
+    QVERIFY(bench.Look() == kNotReady);
 }
 
 void TstCdImages::SheetsThatAreReadRightAreTaken_data() {
@@ -195,7 +195,7 @@ void TstCdImages::SheetsThatAreReadRightAreTaken() {
 void TstCdImages::WhatIsNotThereIsNoDrive() {
     DriveBench bench(InFolder(u"nowhere.cue"_s));
     QVERIFY(!bench.drive.Exists());
-    QVERIFY(bench.Look() == cd_helper::kNotReady);
+    QVERIFY(bench.Look() == kNotReady);
 }
 
 void TstCdImages::WhatIsNoImageIsNotReady_data() {
@@ -214,7 +214,7 @@ void TstCdImages::WhatIsNoImageIsNotReady() {
     WriteAll(InFolder(u"alone.bin"_s), m_tones.bytes);
     QDir(Folder()).mkdir(u"folder"_s);
     QDir(Folder()).mkdir(u"folder.nrg"_s);
-    QVERIFY(LookAt(InFolder(name)) == cd_helper::kNotReady);
+    QVERIFY(LookAt(InFolder(name)) == kNotReady);
 }
 
 void TstCdImages::AnotherImageInItsPlaceIsNotPlayed() {
@@ -224,7 +224,7 @@ void TstCdImages::AnotherImageInItsPlaceIsNotPlayed() {
     const quint32 number = bench.drive.Picture().number;
     WriteCueImage(m_mixed, Folder(), u"swapped"_s);
     QVERIFY(bench.PlayAll(321, 548).isEmpty());
-    QVERIFY(bench.Seen() == cd_helper::kNotReady);
+    QVERIFY(bench.Seen() == kNotReady);
     QCOMPARE(bench.changes, 2);
     QVERIFY(bench.drive.Picture().number != number);
     QVERIFY(bench.Look() == kMixedSeen);
@@ -285,8 +285,8 @@ void TstCdImages::AnImageThatMayNotBeReadHasFailed() {
 }
 
 void TstCdImages::AHelperThatSaysNothingIsADiscThatIsNotReady() {
-    QVERIFY(DriveBench(InFolder(u"tones.cue"_s), u"/bin/false"_s).Look() == cd_helper::kNotReady);
-    QVERIFY(DriveBench(InFolder(u"tones.cue"_s), u"/bin/true"_s).Look() == cd_helper::kNotReady);
+    QVERIFY(DriveBench(InFolder(u"tones.cue"_s), u"/bin/false"_s).Look() == kNotReady);
+    QVERIFY(DriveBench(InFolder(u"tones.cue"_s), u"/bin/true"_s).Look() == kNotReady);
 }
 
 /// Otherwise it would be found ready at once, and crash the helper again as soon as it is played.
@@ -298,8 +298,8 @@ void TstCdImages::ADiscThatTheHelperDiesOfStaysNotReady() {
     DriveBench bench(InFolder(u"deadly.cue"_s), helper);
     QVERIFY(bench.Look() == kTonesSeen);
     QVERIFY(bench.PlayAll(0, 931).isEmpty());
-    QVERIFY(bench.Seen() == cd_helper::kNotReady);
-    QVERIFY(bench.Look() == cd_helper::kNotReady);
+    QVERIFY(bench.Seen() == kNotReady);
+    QVERIFY(bench.Look() == kNotReady);
     WriteCueImage(m_mixed, Folder(), u"deadly"_s);
     QVERIFY(bench.Look() == kMixedSeen);
 }

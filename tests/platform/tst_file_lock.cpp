@@ -12,7 +12,7 @@ using namespace tickwell;
 using namespace tickwell::platform;
 using namespace Qt::StringLiterals;
 
-Q_DECLARE_METATYPE(tickwell::FileLock::Outcome)
+Q_DECLARE_METATYPE(tickwell::platform::FileLock::Outcome)
 
 namespace {
 

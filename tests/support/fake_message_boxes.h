@@ -61,7 +61,7 @@ public:
 
     const QList<Message>& Asked() const { return m_asked; }
     bool IsAsking() const { return m_onAnswer != nullptr; }
-    void print_helper::Answer(bool ok) { std::exchange(m_onAnswer, nullptr)(ok); }
+    void Answer(bool ok) { std::exchange(m_onAnswer, nullptr)(ok); }
 
     const QList<Message>& Choices() const { return m_choices; }
     bool IsChoosing() const { return m_onChoice != nullptr; }

@@ -23,7 +23,7 @@ public:
     void SetReading(const PowerReading& reading) { m_reading = reading; }
 
     /// Answers the last question of a slow machine; returns false if it was withdrawn.
-    bool print_helper::Answer() {
+    bool Answer() {
         const auto question = std::exchange(m_question, {}).lock();
         if (question) {
             (*question)();

@@ -30,12 +30,12 @@ public:
             onShown(isShown);
         };
         if (!isSlow) {
-            print_helper::Answer(true);
+            Answer(true);
         }
     }
 
     /// Answers the pending Show of a slow area; returns false if it was withdrawn.
-    bool print_helper::Answer(bool isShown) {
+    bool Answer(bool isShown) {
         const auto answer = std::exchange(m_answer, nullptr);
         if (answer) {
             answer(isShown);

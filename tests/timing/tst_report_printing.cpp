@@ -12,7 +12,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 const PrintNews kDelayed{PrintStage::Delayed, {}};
-const PrintNews print_helper::kAccepted{PrintStage::Accepted, {}};
+const PrintNews kAccepted{PrintStage::Accepted, {}};
 
 PrintNews Failed(const QString& reason) {
     return {PrintStage::Failed, reason};
@@ -56,7 +56,7 @@ void TstReportPrinting::AnAcceptedPrintShowsNothing() {
     bench.Print();
     QCOMPARE(bench.printer.jobs, (QList<PrintJob>{{u"題"_s, {u"行"_s}}}));
     QCOMPARE(bench.free, 0);
-    bench.printer.Tell(print_helper::kAccepted);
+    bench.printer.Tell(kAccepted);
     QCOMPARE(bench.free, 1);
     QVERIFY(bench.boxes.Shown().isEmpty());
     QVERIFY(bench.boxes.Waits().isEmpty());
@@ -65,7 +65,7 @@ void TstReportPrinting::AnAcceptedPrintShowsNothing() {
 void TstReportPrinting::ADelayShowsABoxUntilTheAnswer_data() {
     QTest::addColumn<PrintNews>("answer");
     QTest::addColumn<QList<Message>>("shown");
-    QTest::newRow("accepted") << print_helper::kAccepted << QList<Message>();
+    QTest::newRow("accepted") << kAccepted << QList<Message>();
     QTest::newRow("failed") << Failed(u"紙切れ"_s)
                             << QList<Message>{
                                    {MessageIcon::Critical, u"Tickwell"_s, u"実行時エラー\r\n紙切れ"_s}};
@@ -108,7 +108,7 @@ void TstReportPrinting::CancelEndsThePrint() {
 void TstReportPrinting::AFailureAfterAcceptanceIsTold() {
     Bench bench;
     bench.Print();
-    bench.printer.Tell(print_helper::kAccepted);
+    bench.printer.Tell(kAccepted);
     bench.printer.Tell(Failed(u"紙切れ"_s));
     QCOMPARE(bench.boxes.Shown().size(), 1);
     QCOMPARE(bench.free, 1);

@@ -23,7 +23,7 @@ struct MessageBus::Unref {
 };
 
 struct MessageBus::Waiting {
-    print_helper::Answer onAnswer;
+    Answer onAnswer;
     QDeadlineTimer deadline{kPatience};
     std::unique_ptr<sd_bus_slot, Unref> slot;  // a late reply is not heard once this is gone
     bool isDone = false;
@@ -45,7 +45,7 @@ MessageBus::~MessageBus() {
     Close();
 }
 
-void MessageBus::Call(const Method& method, print_helper::Answer onAnswer) {
+void MessageBus::Call(const Method& method, Answer onAnswer) {
     auto waiting = std::make_unique<Waiting>();
     waiting->onAnswer = std::move(onAnswer);
     if ((m_bus == nullptr && !Open()) || !Send(method, *waiting)) {

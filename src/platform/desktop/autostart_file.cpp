@@ -28,7 +28,7 @@ const QString& Section() {
 }
 
 /// Nothing if the file cannot be read: a desktop starts nothing then either.
-QByteArray store::Contents(const QString& path) {
+QByteArray Contents(const QString& path) {
     constexpr qint64 kLargest = qint64{64} << 10;
     FileContents contents = ReadRegularFile(path, kLargest);
     if (contents.problem != FileProblem::None) {
@@ -91,7 +91,7 @@ QStringList AutostartFile::Folders() {
 
 bool AutostartFile::IsOn() const {
     const auto file = std::find_if(m_files.begin(), m_files.end(), EntryExists);
-    return file != m_files.end() && Starts(store::Contents(*file));
+    return file != m_files.end() && Starts(Contents(*file));
 }
 
 void AutostartFile::Set(bool on) {

@@ -120,8 +120,7 @@ public:
             throw std::system_error(std::make_error_code(std::errc::permission_denied));
         }
         m_acceptor.listen();
-        m_notifier =
-            std::make_unique<Notifier>(m_acceptor.native_handle(), [this] { print_helper::Answer(); });
+        m_notifier = std::make_unique<Notifier>(m_acceptor.native_handle(), [this] { Answer(); });
     }
     ~Listener() {
         if (SocketPlaceOf(m_path) == SocketPlace::OwnSocket) {
@@ -137,7 +136,7 @@ private:
         std::unique_ptr<Notifier> notifier;
     };
 
-    void print_helper::Answer() {
+    void Answer() {
         asio::error_code failure;
         for (Socket socket = m_acceptor.accept(failure); !failure; socket = m_acceptor.accept(failure)) {
             KeepFromChildren(socket.native_handle());

@@ -48,7 +48,7 @@ void VirtualTimePipe::Take(const QByteArray& line) {
         m_time.SetNow(wall);
         AnswerTime();
     } else {
-        print_helper::Answer("error " + line);
+        Answer("error " + line);
     }
 }
 
@@ -62,8 +62,8 @@ void VirtualTimePipe::Go() {
 }
 
 void VirtualTimePipe::AnswerTime() {
-    print_helper::Answer("ok " + m_time.Now().toString(Qt::ISODateWithMs).toLatin1() + ' ' +
-                         QByteArray::number(m_time.Tick()));
+    Answer("ok " + m_time.Now().toString(Qt::ISODateWithMs).toLatin1() + ' ' +
+           QByteArray::number(m_time.Tick()));
 }
 
 void VirtualTimePipe::Answer(const QByteArray& text) {

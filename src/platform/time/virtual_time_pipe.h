@@ -28,7 +28,7 @@ private:
     void Read();
     void Take(const QByteArray& line);
     void Go();
-    void print_helper::Answer(const QByteArray& text);
+    void Answer(const QByteArray& text);
     void AnswerTime();
 
     VirtualTime& m_time;

@@ -2,12 +2,14 @@
 """Mouse and keyboard input, entered at the X server like input from real devices."""
 
 import subprocess
+import time
 
 from driver.waiting import PATIENCE
 
 DRAG_STEPS = 8  # a drag in one jump cannot be told from a click elsewhere
 DRAG_PACE = 0.02  # s per step, like a quick user; the window manager may take over the move meanwhile
 DOUBLE_CLICK_PACE = 60  # ms
+SETTLING = 0.05  # s
 LEFT, MIDDLE, RIGHT, WHEEL_UP, WHEEL_DOWN = 1, 2, 3, 4, 5
 
 
@@ -59,8 +61,22 @@ class Hand:
 def point_of(target):
     if isinstance(target, tuple):
         return target
-    x, y, width, height = target.extents
+    x, y, width, height = settled_extents(target)
     return x + width // 2, y + height // 2
+
+
+def settled_extents(node):
+    """The extents of a node once they have stopped changing: a new window is shown first and decorated and moved by the
+    window manager a little later, and a click at its first place would miss."""
+    deadline = time.monotonic() + PATIENCE
+    extents = node.extents
+    while time.monotonic() < deadline:
+        time.sleep(SETTLING)
+        now = node.extents
+        if now == extents:
+            return extents
+        extents = now
+    raise RuntimeError(f"{node} moves all the time")
 
 
 def _move(point):
