@@ -35,11 +35,11 @@ class Menu(TickwellCase):
 
     def open_about(self):
         self.choose("バージョン情報")
-        return self.app.wait(role="dialog", name=ABOUT, showing=True)
+        return self.app.wait(role="dialog", name=ABOUT, showing=True, which=lambda node: "active" in node.states)
 
     def wait_help_at(self, heading):
         """Waits until the help is shown with the topic of this heading selected."""
-        window = self.app.wait(name=HELP, showing=True)
+        window = self.app.wait(name=HELP, showing=True, which=lambda node: "active" in node.states)
         window.wait(name=heading, which=lambda node: "selected" in node.states)
         return window
 

@@ -239,7 +239,7 @@ class Dialog(SettingsCase):
         self.click(button("ヘルプ"))
         name = "Tickwell ヘルプ"
         self.session.windows.wait(name=name, pid=self.app.program.pid)
-        help_window = self.app.wait(name=name, showing=True)
+        help_window = self.app.wait(name=name, showing=True, which=lambda node: "active" in node.states)
         help_window.wait(name="環境設定", which=lambda node: "selected" in node.states)
         self.session.hand.key("ctrl+f")
         help_window.wait(role="text", which=lambda node: "focused" in node.states and "editable" in node.states)
