@@ -28,7 +28,7 @@ void OpenTheDays(Started& started) {
     const QString path = started.folder.PathOf(store::kLiveFile);
     try {
         started.imported = store::ImportJetFile(path);
-        started.dayDatabase = store::DayDatabase(path, store::kLiveFile);
+        started.dayDatabase = store::DayDatabase(path);
     } catch (const RunTimeError& error) {
         throw RunTimeError(store::WithNamedCopies(started.folder, started.folder.Shortened(error.Reason())));
     }

@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include <QAction>
 #include <QApplication>
+#include <QDir>
 #include <QPushButton>
 #include <QRegularExpression>
 #include <QTemporaryDir>
@@ -116,6 +118,8 @@ class TstRunningProgram : public QObject {
 
 private Q_SLOTS:
     void ANoticeWithoutItsSoundTellsSo();
+    void TheNoticeEntersTheFolder();
+    void TheCdPlayerOpensFromItsDisplay();
     void SoundEndsBeforeTheDiscAndBothBeforeTheDayDatabase();
     void SettingsThatCannotBeStoredAtTheEndOfTheSessionAreLogged();
 };
@@ -134,6 +138,22 @@ void TstRunningProgram::ANoticeWithoutItsSoundTellsSo() {
     QCOMPARE(told.title, u"マルチメディアエラー"_s);
     QVERIFY(!told.text.isEmpty());
     QCOMPARE(bench.program->Player().State().CdState, media::kCdNotReady);  // like any failed command
+}
+
+void TstRunningProgram::TheNoticeEntersTheFolder() {
+    Bench bench(u"3"_s);
+    bench.time.Advance(10'000);  // the chime at nine enters it as well
+    bench.Press("TimerForm", "Command1");
+    QVERIFY(QDir::setCurrent(QDir::rootPath()));
+    bench.time.Advance(15'000);
+    QVERIFY(bench.Window("Form8").isVisible());
+    QCOMPARE(QDir::currentPath(), QDir(bench.dir.path()).canonicalPath());
+}
+
+void TstRunningProgram::TheCdPlayerOpensFromItsDisplay() {
+    Bench bench(u"6"_s);
+    ChildOf<QAction>(bench.Window("Form1"), u"Menu0"_s).trigger();
+    QVERIFY(bench.Window("CDForm").isVisible());
 }
 
 void TstRunningProgram::SoundEndsBeforeTheDiscAndBothBeforeTheDayDatabase() {

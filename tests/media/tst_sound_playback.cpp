@@ -75,6 +75,7 @@ private Q_SLOTS:
     void AnUnknownNameDoesNothingAtAll_data();
     void AnUnknownNameDoesNothingAtAll();
     void TheFolderBecomesTheCurrentOne();
+    void ASoundIsLoadedFromTheFolder();
     void TheWaveLiesOnTheSecondChannel();
     void TheSessionIsClosedAfterThirtySeconds();
     void EachChimeBeginsTheThirtySecondsAnew();
@@ -171,6 +172,14 @@ void TstSoundPlayback::TheFolderBecomesTheCurrentOne() {
     Bench bench;
     bench.playback.PlayChime(u"鳩時計の音"_s, 1);
     QCOMPARE(QDir::currentPath(), QDir(kSounds).canonicalPath());
+}
+
+void TstSoundPlayback::ASoundIsLoadedFromTheFolder() {
+    Bench bench;
+    bench.playback.AudioStart(false);
+    QVERIFY(QDir::setCurrent(QDir::rootPath()));
+    bench.playback.AudioLoadWave(u"TKW02.wav"_s, 1);
+    QVERIFY(bench.sound.MixWaves.at(1) != 0);
 }
 
 void TstSoundPlayback::TheWaveLiesOnTheSecondChannel() {

@@ -53,6 +53,7 @@ private Q_SLOTS:
     void MakesTheFileSmallerAndKeepsEveryRow();
     void ReportsNoGainTheSecondTime();
     void GoesInThisOrder();
+    void ARenamingIsSyncedBeforeAndAfter();
     void GoesIntoTheFolderFirst();
     void AStaleTargetIsNoHindrance_data();
     void AStaleTargetIsNoHindrance();
@@ -101,6 +102,21 @@ void TstCompaction::GoesInThisOrder() {
                           u"remove CopyDate.mdb-journal"_s, u"remove CopyDate.mdb-wal"_s,
                           u"remove CopyDate.mdb-shm"_s, u"copy CopyDate.mdb"_s, u"compact BUDate.mdb"_s,
                           u"rename BUDate.mdb"_s, u"remove CopyDate.mdb"_s, u"size DayDate.mdb"_s}));
+}
+
+void TstCompaction::ARenamingIsSyncedBeforeAndAfter() {
+    class SyncedDisk : public PosixStoreDisk {
+    public:
+        void Rename(const QString& from, const QString& to) override {
+            steps.append(u"rename "_s + from + u" to " + to);
+        }
+        void Sync(const QString& path) override { steps.append(u"sync "_s + path); }
+
+        QStringList steps;
+    };
+    SyncedDisk disk;
+    RenameSafely(disk, u"/a/new"_s, u"/a/live"_s);
+    QCOMPARE(disk.steps, (QStringList{u"sync /a"_s, u"rename /a/new to /a/live"_s, u"sync /a"_s}));
 }
 
 void TstCompaction::GoesIntoTheFolderFirst() {
