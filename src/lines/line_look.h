@@ -8,10 +8,10 @@
 
 namespace tickwell::lines {
 
-/// A stored colour, red + green * 256 + blue * 65536, as Qt has it. Here alone the order turns.
+/// The colour stored as red + green * 256 + blue * 65536. Only this function and the next know that order.
 QColor ColorFromNumber(qint32 color);
 
-/// The same the other way: what is stored of a colour of Qt.
+/// The number that is stored for a colour.
 qint32 ColorNumberOf(const QColor& color);
 
 /// The font to draw with. The style keeps its own name: what the machine puts in its place is never written

@@ -115,7 +115,7 @@ std::optional<QByteArray> HelperChild::Run(const QList<QByteArray>& words) {
     if (end == cd_helper::kEndGone || end == kEndLibrary || isOutOfTime) {
         return std::nullopt;
     }
-    Require(end == cd_helper::kEndDone, "the helper ends by itself, and without a fault of ours");
+    Require(end == cd_helper::kEndDone, "the helper exits by itself, without a sanitizer report");
     return Contents(m_output);
 }
 

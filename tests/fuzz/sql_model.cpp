@@ -59,7 +59,7 @@ struct Fulfils {
         return Compares(store::SqlOperator::GreaterOrEqual, value, between.first) &&
                Compares(store::SqlOperator::LessOrEqual, value, between.last);
     }
-    bool operator()(const AllOf& all) const {
+    bool operator()(const store::AllOf& all) const {
         return std::all_of(all.parts.begin(), all.parts.end(),
                            [this](const store::Condition& part) { return std::visit(*this, part); });
     }

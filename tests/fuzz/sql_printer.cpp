@@ -44,7 +44,7 @@ QString Joined(const std::vector<store::Condition>& parts, const QString& word, 
     QStringList texts;
     for (const store::Condition& part : parts) {
         const bool isJoined =
-            std::holds_alternative<store::AnyOf>(part) || std::holds_alternative<AllOf>(part);
+            std::holds_alternative<store::AnyOf>(part) || std::holds_alternative<store::AllOf>(part);
         const bool isBracketed = isJoined && (brackets || std::holds_alternative<store::AnyOf>(part));
         texts.append(isBracketed ? u'(' + Text(part) + u')' : Text(part));
     }
@@ -58,7 +58,7 @@ QString Text(const store::Condition& condition) {
     if (const auto* between = std::get_if<store::Between>(&condition)) {
         return between->column + u" between " + Text(between->first) + u" and " + Text(between->last);
     }
-    if (const auto* all = std::get_if<AllOf>(&condition)) {
+    if (const auto* all = std::get_if<store::AllOf>(&condition)) {
         return Joined(all->parts, u" and "_s, true);
     }
     return Joined(std::get<store::AnyOf>(condition).parts, u" or "_s,
