@@ -8,10 +8,10 @@ using namespace Qt::StringLiterals;
 
 /// What a button looks like, and what its click does.
 struct Form5::ActionButton {
-    CalendarAction action;
+    CalendarAction action = CalendarAction::PreviousYear;
     QStringView name;
     QStringView caption;
-    void (Form5::*click)();
+    void (Form5::*click)() = nullptr;
     QStringView spoken = {};  // by a screen reader, if the caption does not say it
     bool isRepeated = false;  // while it is held down
 };
