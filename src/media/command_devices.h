@@ -3,6 +3,7 @@
 
 #include <functional>
 #include <memory>
+#include <utility>
 #include <vector>
 
 #include "core/ports/timer.h"
@@ -29,7 +30,7 @@ struct DeviceParts {
 /// wave files.
 class CommandDevices : public CommandStrings {
 public:
-    explicit CommandDevices(const DeviceParts& parts) : m_parts(parts) {}
+    explicit CommandDevices(DeviceParts parts) : m_parts(std::move(parts)) {}
 
     CommandResult Send(const QString& command, qsizetype longest) override;
     std::optional<QString> ErrorText(qint32 error) const override;
