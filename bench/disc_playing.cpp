@@ -52,7 +52,7 @@ public:
 
 /// The player with its window and lines, connected like in the program.
 struct Player {
-    Player(const QString& helper, const QString& source) : drive(timers, output, helper, source) {
+    Player(const QString& helper, const QString& source) : drive(realTimers, output, helper, source) {
         auto* const layout = new QVBoxLayout(&window);
         for (lines::MovingWord* line : {&upper, &lower}) {
             line->setFixedSize(kLine);
@@ -71,6 +71,7 @@ struct Player {
 
     platform::SystemClock clock;
     platform::QtTimers timers;
+    RealTimerSource realTimers{timers};
     platform::SdlSoundOutput output;
     platform::CdHelperDrive drive;
     platform::QtEventWait wait;
@@ -80,7 +81,7 @@ struct Player {
     media::MediaSystem media{{.devices = {.drive = drive,
                                           .playback = drive,
                                           .sound = output,
-                                          .timers = timers,
+                                          .timers = realTimers,
                                           .wait = wait,
                                           .folder = {}},
                               .boxes = boxes,

@@ -37,8 +37,8 @@ Program::Program(const Options& options, platform::Inheritance users)
       m_iconTimer(m_qtTimers.Create(kIconDelay, [this] { ShowIcon(); })),
       m_tidyTimer(m_qtTimers.Create(kTidyDelay, [this] { Tidy(); })),
       m_starter(std::move(users)),
-      m_printer(m_qtTimers, HelperPath(QCoreApplication::applicationDirPath(), u"tickwell-print"_s)),
-      m_drive(m_qtTimers, m_sound, HelperPath(QCoreApplication::applicationDirPath(), u"tickwell-cd"_s),
+      m_printer(m_realTimers, HelperPath(QCoreApplication::applicationDirPath(), u"tickwell-print"_s)),
+      m_drive(m_realTimers, m_sound, HelperPath(QCoreApplication::applicationDirPath(), u"tickwell-cd"_s),
               options.disc) {
     m_iconTimer->Start();
     if (options.virtualTime) {
@@ -117,7 +117,7 @@ ProgramPorts Program::Ports() {
     return {.clock = clock,
             .timers = timers,
             .jumps = jumps,
-            .realTimers = m_qtTimers,
+            .realTimers = m_realTimers,
             .boxes = m_boxes,
             .handlers = m_handlers,
             .tray = m_tray,

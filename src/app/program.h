@@ -48,6 +48,7 @@ private:
     Handlers m_handlers;
     platform::SystemClock m_systemClock;
     platform::QtTimers m_qtTimers;
+    RealTimerSource m_realTimers{m_qtTimers};
     platform::SystemTimeJumps m_systemJumps;
     std::unique_ptr<Timer> m_iconTimer;
     std::unique_ptr<Timer> m_tidyTimer;

@@ -9,7 +9,7 @@ namespace tickwell::media {
 
 using namespace Qt::StringLiterals;
 
-WaveDevice::WaveDevice(Wave wave, SoundOutput& output, TimerSource& timers)
+WaveDevice::WaveDevice(Wave wave, SoundOutput& output, RealTimerSource& timers)
     : m_wave(std::move(wave)), m_output(output), m_timer(timers.Create(kSoundTail, [this] { Tick(); })) {}
 
 void WaveDevice::Play(const PlayOptions& options) {

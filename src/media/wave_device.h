@@ -14,7 +14,7 @@ namespace tickwell::media {
 class WaveDevice : public MediaDevice {
 public:
     /// Output and timers outlive this object.
-    WaveDevice(Wave wave, SoundOutput& output, TimerSource& timers);
+    WaveDevice(Wave wave, SoundOutput& output, RealTimerSource& timers);
 
     void Play(const PlayOptions& options) override;
     void Stop() override;

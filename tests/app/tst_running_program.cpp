@@ -25,7 +25,6 @@
 #include "support/fake_tray.h"
 #include "support/fake_window_stack.h"
 #include "support/files.h"
-#include "support/virtual_real_time.h"
 #include "support/window.h"
 
 using namespace tickwell;
@@ -52,7 +51,7 @@ public:
 struct Bench {
     QTemporaryDir dir;
     platform::VirtualTime time{QDateTime(QDate(1998, 11, 15), QTime(20, 59, 45)), 307'000};
-    VirtualRealTime realTime{time};
+    RealTimerSource realTime{time};
     FakeMessageBoxes boxes;
     Handlers handlers{boxes};
     FakePower power;

@@ -14,7 +14,6 @@
 #include "support/fake_printer.h"
 #include "support/fake_sound_output.h"
 #include "support/fake_text_line.h"
-#include "support/virtual_real_time.h"
 
 namespace tickwell::displays {
 
@@ -35,7 +34,7 @@ struct DisplaysBench {
     FakeCdDrive drive;
     FakeSoundOutput sound;
     FakeEventWait wait;
-    VirtualRealTime realTime{time};
+    RealTimerSource realTime{time};
     std::unique_ptr<media::MediaSystem> media;
     std::function<void()> openCdPlayer = [] {};
 

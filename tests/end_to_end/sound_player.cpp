@@ -21,8 +21,9 @@ int main(int argc, char** argv) {
         return 1;
     }
     platform::QtTimers timers;
+    RealTimerSource realTimers(timers);
     platform::SdlSoundOutput output;
-    media::WaveMix mix(timers, output);
+    media::WaveMix mix(realTimers, output);
     media::SoundState sound;
     media::MediaState media;
     FakeMessageBoxes boxes;

@@ -15,7 +15,6 @@
 #include "support/fake_event_wait.h"
 #include "support/fake_sound_output.h"
 #include "support/files.h"
-#include "support/virtual_real_time.h"
 #include "support/wave_bytes.h"
 
 using namespace Qt::StringLiterals;
@@ -83,7 +82,7 @@ private:
     FakeSoundOutput m_sound;
     FakeEventWait m_wait;
     platform::VirtualTime m_time{QDateTime(QDate(1998, 10, 3), QTime(12, 0))};
-    VirtualRealTime m_realTime{m_time};
+    RealTimerSource m_realTime{m_time};
     media::CommandDevices m_devices{{.drive = m_drive,
                                      .playback = m_drive,
                                      .sound = m_sound,

@@ -8,7 +8,6 @@
 #include "support/fake_event_wait.h"
 #include "support/fake_message_boxes.h"
 #include "support/fake_sound_output.h"
-#include "support/virtual_real_time.h"
 
 namespace tickwell::media {
 
@@ -21,7 +20,7 @@ struct CdBench {
     FakeMessageBoxes boxes;
     Handlers handlers{boxes};
     bool tellsNoCdDrive = true;
-    VirtualRealTime realTime{time};
+    RealTimerSource realTime{time};
     MediaSystem media{{.devices = {.drive = drive,
                                    .playback = drive,
                                    .sound = sound,

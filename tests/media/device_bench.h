@@ -10,7 +10,6 @@
 #include "support/fake_event_wait.h"
 #include "support/fake_sound_output.h"
 #include "support/files.h"
-#include "support/virtual_real_time.h"
 #include "support/wave_bytes.h"
 
 namespace tickwell::media {
@@ -22,7 +21,7 @@ struct DeviceBench {
     FakeEventWait wait;
     platform::VirtualTime time{QDateTime(QDate(1998, 10, 3), QTime(12, 0))};
     QTemporaryDir folder;
-    VirtualRealTime realTime{time};
+    RealTimerSource realTime{time};
     CommandDevices devices{{.drive = drive,
                             .playback = drive,
                             .sound = sound,

@@ -10,7 +10,6 @@
 #include "support/fake_message_boxes.h"
 #include "support/fake_sound_output.h"
 #include "support/files.h"
-#include "support/virtual_real_time.h"
 
 using namespace tickwell;
 using namespace tickwell::media;
@@ -51,7 +50,7 @@ struct Bench {
 
     platform::VirtualTime time{QDateTime(QDate(2026, 11, 20), QTime(12, 0))};
     FakeSoundOutput output;
-    VirtualRealTime realTime{time};
+    RealTimerSource realTime{time};
     WaveMix mix{realTime, output};
     SoundState sound;
     MediaState media;

@@ -6,7 +6,6 @@
 #include "platform/time/virtual_time.h"
 #include "support/fake_sound_output.h"
 #include "support/files.h"
-#include "support/virtual_real_time.h"
 #include "support/wave_bytes.h"
 
 using namespace tickwell;
@@ -57,7 +56,7 @@ struct Bench {
     QTemporaryDir folder;
     platform::VirtualTime time{QDateTime(QDate(2026, 11, 20), QTime(12, 0))};
     FakeSoundOutput output;
-    VirtualRealTime realTime{time};
+    RealTimerSource realTime{time};
     WaveMix mix{realTime, output};
 };
 

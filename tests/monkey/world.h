@@ -18,7 +18,6 @@
 #include "support/fake_sound_output.h"
 #include "support/fake_tray.h"
 #include "support/fake_window_stack.h"
-#include "support/virtual_real_time.h"
 
 namespace tickwell {
 
@@ -29,7 +28,7 @@ struct Machine {
     Machine(const QDateTime& now, qint64 tick) : time(now, tick) {}
 
     platform::VirtualTime time;
-    VirtualRealTime realTime{time};
+    RealTimerSource realTime{time};
     platform::QtMessageBoxes boxes;
     Handlers handlers{boxes};
     FakePower power;

@@ -35,7 +35,7 @@ private:
 /// The program's drive with the real helper. `sound` is what the output has played.
 struct DriveBench {
     explicit DriveBench(const QString& source, const QString& helper = HelperPath(), int speed = 1)
-        : timers(speed), drive(timers, output, helper, source) {
+        : timers(speed), drive(realTimers, output, helper, source) {
         drive.WhenChanged([this] { ++changes; });
     }
 
@@ -85,6 +85,7 @@ struct DriveBench {
     }
 
     QuickTimers timers;
+    RealTimerSource realTimers{timers};
     FakeSoundOutput output;
     CdHelperDrive drive;
     int changes = 0;

@@ -63,7 +63,8 @@ struct Bench {
 
     QTemporaryDir dir;
     VirtualTime time{QDateTime(QDate(1998, 11, 15), QTime(21, 5, 7)), 0};
-    std::unique_ptr<HelperPrinter> printer = std::make_unique<HelperPrinter>(time, Path());
+    RealTimerSource realTime{time};
+    std::unique_ptr<HelperPrinter> printer = std::make_unique<HelperPrinter>(realTime, Path());
     QList<PrintNews> news;
 };
 

@@ -3,6 +3,7 @@
 
 #include <functional>
 #include <memory>
+#include <utility>
 
 namespace tickwell {
 
@@ -31,8 +32,20 @@ public:
     virtual std::unique_ptr<Timer> CreateExact(int milliseconds, std::function<void()> onTick) = 0;
 };
 
-/// Timers of real time, whatever the program's clock says: what plays sound and reads drives needs these. A
-/// type of its own, so that the two kinds cannot be exchanged.
-class RealTimerSource : public TimerSource {};
+/// Creates timers of real time, whatever the program's clock says: sound, drives and helper processes need
+/// these. It converts neither to nor from a TimerSource, so that exchanging the two does not compile.
+class RealTimerSource {
+public:
+    /// `source` runs in real time and outlives this object and its copies.
+    explicit RealTimerSource(TimerSource& source) : m_source(source) {}
+
+    /// As TimerSource::Create.
+    std::unique_ptr<Timer> Create(int milliseconds, std::function<void()> onTick) {
+        return m_source.Create(milliseconds, std::move(onTick));
+    }
+
+private:
+    TimerSource& m_source;
+};
 
 }  // namespace tickwell

@@ -11,7 +11,7 @@ constexpr int kTick = 50;  // ms
 
 }  // namespace
 
-CdHelperDrive::CdHelperDrive(TimerSource& timers, media::SoundOutput& output, const QString& helper,
+CdHelperDrive::CdHelperDrive(RealTimerSource& timers, media::SoundOutput& output, const QString& helper,
                              QString source)
     : m_source(std::move(source)),
       m_look(m_reaper, helper),

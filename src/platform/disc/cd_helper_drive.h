@@ -20,7 +20,7 @@ public:
     /// `helper`: the path of tickwell-cd. `source`: a drive or an image; empty for the machine's own drive,
     /// which may come and go. Timers and output outlive this object and run in real time, as drives and sound
     /// do.
-    CdHelperDrive(TimerSource& timers, media::SoundOutput& output, const QString& helper, QString source);
+    CdHelperDrive(RealTimerSource& timers, media::SoundOutput& output, const QString& helper, QString source);
 
     bool Exists() const override;
     media::CdPicture Picture() const override;

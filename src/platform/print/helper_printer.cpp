@@ -71,7 +71,7 @@ QList<PrintNews> HelperPrinter::Document::TakeAnswers() {
     return news;
 }
 
-HelperPrinter::HelperPrinter(TimerSource& timers, QString helper)
+HelperPrinter::HelperPrinter(RealTimerSource& timers, QString helper)
     : m_helper(std::move(helper)),
       m_interval(kAnswerInterval),
       m_timer(timers.Create(kAnswerInterval, [this] { Tick(); })) {}

@@ -15,7 +15,7 @@ class HelperPrinter : public Printer {
 public:
     /// `helper`: the path of tickwell-print. `timers` outlive this object and run in real time, as print
     /// services do.
-    HelperPrinter(TimerSource& timers, QString helper);
+    HelperPrinter(RealTimerSource& timers, QString helper);
 
     /// Documents that were not cancelled are still printed.
     ~HelperPrinter() override;

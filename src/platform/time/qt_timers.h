@@ -6,7 +6,7 @@
 namespace tickwell::platform {
 
 /// Timers of the event loop.
-class QtTimers : public RealTimerSource {
+class QtTimers : public TimerSource {
 public:
     std::unique_ptr<Timer> Create(int milliseconds, std::function<void()> onTick) override;
     std::unique_ptr<Timer> CreateExact(int milliseconds, std::function<void()> onTick) override;
