@@ -12,8 +12,8 @@ The table has a line per day off, in order of date: YYYY-MM-DD, name and kind, s
     substitute   the day off in place of a holiday that falls on a Sunday
     between      the day off between two holidays
 
-Names are spelled as in the list of the Cabinet Office, except that substitutes and days between, which the list calls
-only 休日, are told apart. The list gives no other name to the two days of 2019 than 休日（祝日扱い）.
+Names are spelled as in the list of the Cabinet Office, but without its notes in brackets; days that the list calls
+only 休日 (substitutes, days between and the two ceremonies of 2019) have their own names.
 
 The model is the Act on National Holidays (Act No. 178 of 1948) written as rows of data: a holiday that was moved or
 renamed has one row for each period. It shares neither code nor data with the program.
@@ -62,8 +62,7 @@ HOLIDAYS = (
     ("敬老の日", "2003-01-01", ALWAYS, "09-mon3"),
     ("秋分の日", ENACTED, ALWAYS, "09-equinox"),
     ("体育の日", "1966-06-25", "1999-12-31", "10-10"),
-    ("体育の日", "2000-01-01", "2018-12-31", "10-mon2"),
-    ("体育の日（スポーツの日）", "2019-01-01", "2019-12-31", "10-mon2"),  # the list names the last one twice
+    ("体育の日", "2000-01-01", "2019-12-31", "10-mon2"),
     ("スポーツの日", "2020-01-01", "2020-12-31", "07-24"),
     ("スポーツの日", "2021-01-01", "2021-12-31", "07-23"),
     ("スポーツの日", "2022-01-01", ALWAYS, "10-mon2"),
@@ -77,8 +76,8 @@ ONE_DAY_ACTS = (
     ("大喪の礼", "1989-02-24", False),
     ("即位礼正殿の儀", "1990-11-12", False),
     ("結婚の儀", "1993-06-09", False),
-    ("休日（祝日扱い）", "2019-05-01", True),
-    ("休日（祝日扱い）", "2019-10-22", True),
+    ("天皇の即位の日", "2019-05-01", True),
+    ("即位礼正殿の儀の行われる日", "2019-10-22", True),
 )
 
 SUBSTITUTES_SINCE = date(1973, 4, 12)
