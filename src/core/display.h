@@ -77,7 +77,7 @@ struct DisplayView {
     TextLines lines;
     DisplayFunctions& functions;
     std::function<bool()> isSeen = [] { return true; };
-    /// ms from one change of a line to the next that is painted
+    /// ms after a change until the lines can show another one
     std::function<qint64()> untilFrame = [] { return 1; };
     /// A window of a display wrote to the lines while another display is shown, whose timer may sleep.
     std::function<void()> linesWritten = [] {};
