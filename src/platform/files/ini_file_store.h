@@ -13,8 +13,8 @@ namespace tickwell::platform {
 /// were set.
 class IniFileStore : public SettingsStore {
 public:
-    /// Reads the file and removes leftovers of a killed writer; an absent file is empty. Throws
-    /// RunTimeError if it is there and cannot be read, is no regular file or is too large.
+    /// Reads the file and removes leftovers of a killed writer; an absent file is empty. Throws RunTimeError
+    /// if it exists but cannot be read, is not a regular file or is too large.
     explicit IniFileStore(QString path);
 
     std::optional<QString> Get(const QString& section, const QString& key) const override;
