@@ -19,7 +19,7 @@ public:
     void Finish();
 
 private:
-    std::optional<QByteArray> m_address;  // the original value, while Qt is kept from the bus
+    std::optional<QByteArray> m_address;  // the original value, while it is replaced
     bool m_hangs = false;
 };
 

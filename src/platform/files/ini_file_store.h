@@ -8,7 +8,7 @@
 
 namespace tickwell::platform {
 
-/// Settings in a file of at most 1 MiB, readable by its owner alone and replaced atomically. Another instance
+/// Settings in a file of at most 1 MiB, readable by its owner only and replaced atomically. Another instance
 /// may write the file while this one is running, so a commit reads it again and changes only the keys that
 /// were set.
 class IniFileStore : public SettingsStore {
