@@ -13,13 +13,13 @@
 
 namespace tickwell::app {
 
-/// What the displays read from the machine, and nobody but them and the roll. None is null.
+/// The machine's state as read by the displays and the roll. Neither pointer is null.
 struct DisplayPorts {
     std::shared_ptr<const Power> power;
     std::shared_ptr<const Memory> memory;
 };
 
-/// Those of the machine that the program runs on.
+/// The ports of the machine that the program runs on.
 DisplayPorts DisplayPortsOfThisMachine();
 
 /// What the displays work with; all outlive them.

@@ -17,12 +17,12 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// ms. To read the icon in all its sizes and hand it to the window manager takes longer than to paint the
-// first frame, which comes well before this.
+// ms, well after the first frame: reading the icon in all its sizes and passing it to the window manager
+// takes longer than painting that frame.
 constexpr int kIconDelay = 1000;
 
-constexpr int kLargestWindowIcon = 128;  // pixels; every window keeps a copy with the window manager
-constexpr int kTidyDelay = 2000;  // ms after a window has gone, so that the next one finds what it left
+constexpr int kLargestWindowIcon = 128;  // pixels; each window has a copy as a property
+constexpr int kTidyDelay = 2000;         // ms after a window was hidden: one shown sooner reuses its caches
 
 FolderChoices ChoicesFor(const Options& options) {
     return {options.folder, qEnvironmentVariable("TICKWELL_FOLDER"), QCoreApplication::applicationDirPath(),
@@ -133,7 +133,7 @@ ProgramPorts Program::Ports() {
             .windowGone = [this] { m_tidyTimer->Start(); }};
 }
 
-/// One box, and the end; nothing is saved.
+/// Shows one message box and then exits; nothing is saved.
 void Program::Fail(const QString& reason) {
     m_boxes.Show(nullptr, {MessageIcon::Critical, u"Tickwell スタートエラー"_s, StartUpFailureText(reason)},
                  [] { QCoreApplication::exit(1); });

@@ -24,16 +24,16 @@
 
 namespace tickwell::app {
 
-/// The whole program on a real machine: it builds ports and state, starts up, and hands both to what then
-/// runs. One instance, made by main.
+/// The whole program on a real machine: creates the ports and the state, starts up, and passes both to
+/// RunningProgram. One instance, created by main.
 class Program : public QObject {
     Q_OBJECT
 
 public:
-    /// `users`: what the user's desktop started this process with, and tools are started with.
+    /// `users`: what this process inherited from the user's desktop; tools are started with the same.
     Program(const Options& options, platform::Inheritance users);
 
-    /// Runs until the main window closes; the exit code of the process.
+    /// Runs until the main window is closed; returns the exit code of the process.
     int Run();
 
 private:

@@ -124,7 +124,7 @@ void RunningProgram::SaveForSessionEnd() {
             m_form->SaveAll();
         }
     } catch (const RunTimeError& error) {
-        // The old settings are kept; nobody is left to read a box.
+        // The old settings are kept. No message box: it would delay the end of the session.
         qCWarning(AppLog).noquote() << "the settings were not stored at the end of the session:"
                                     << error.Detail();
     }

@@ -12,7 +12,7 @@
 
 namespace tickwell::app {
 
-/// The machine and its desktop, as the program meets them; all outlive it.
+/// The ports through which the program uses the machine and its desktop; all outlive it.
 struct ProgramPorts {
     const Clock& clock;
     TimerSource& timers;
@@ -30,32 +30,32 @@ struct ProgramPorts {
     media::CdDrive& drive;
     media::CdPlayback& playback;
     DisplayPorts display;
-    std::function<void()> windowGone = [] {};  ///< told of each window and menu that goes
+    std::function<void()> windowGone = [] {};  ///< called whenever a window or menu was hidden
 };
 
-/// What the program keeps while it runs; outlives it as well.
+/// The state of the running program; outlives it as well.
 struct ProgramState {
     Started started;
     timing::StopwatchState stopwatch;
     timing::CountdownState countdown;
 };
 
-/// The program from the end of its start-up to the close of its main window: sound and discs, the main window
-/// and the others, tied together over the ports.
+/// The program from the end of start-up until its main window is closed. Connects sound and discs, the main
+/// window and the other windows through the ports.
 class RunningProgram {
 public:
-    /// `state` is started. `closed` is called with the end of the main window; sound, the other windows and
-    /// the day database are gone by then.
+    /// `state`: after start-up. `closed` is called when the main window has closed; sound, the other windows
+    /// and the day database are closed by then.
     RunningProgram(const ProgramPorts& ports, ProgramState& state, std::function<void()> closed);
 
     /// Opens the CD drive, and shows the main window. Throws RunTimeError; there is then no main window.
     void Start();
 
-    /// As Form1 has it; nothing happens where there is no main window.
+    /// See Form1::ComeForward and ComeForwardWithMenu. Does nothing if there is no main window.
     void ComeForward(bool withMenu);
 
-    /// The desktop session ends and waits for us: saving now counts as closing the window, and no box may
-    /// hold it up.
+    /// Saves the settings as closing the main window does, for the end of the desktop session. The session
+    /// waits for this process, so no message box is shown.
     void SaveForSessionEnd();
 
     /// Null before Start.

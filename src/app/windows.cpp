@@ -64,7 +64,7 @@ void Windows::OpenCdPlayer() {
          [this] { return std::make_unique<media::CDForm>(m_parts.cdPlayer, m_parts.handlers, nullptr); });
 }
 
-/// Opened again while it is open, a window comes forward.
+/// Opens a window, or brings it to the front if it is already open.
 template <typename Window, typename Make>
 void Windows::Open(QPointer<Window>& window, Make make) {
     if (window == nullptr || window->isHidden()) {

@@ -31,10 +31,10 @@ struct WindowsParts {
     ProgramFolder folder;
     media::CdPlayer& cdPlayer;
     std::function<void(const QString& soundName)> listen;  ///< plays a sound once
-    std::function<void()> gone;                            ///< told of each window and menu that goes
+    std::function<void()> gone;                            ///< called whenever a window or menu was hidden
 };
 
-/// The help, for a window that blocks the others: it can be read meanwhile.
+/// The help for a modal window: it stays usable while that window is open.
 class UnblockedHelp : public HelpViewer {
 public:
     /// `desk` outlives this object.
@@ -45,7 +45,7 @@ private:
     help::HelpDesk& m_desk;
 };
 
-/// Tells when one of the windows it watches is no longer shown.
+/// Event filter that calls `hidden` when a watched window was hidden.
 class HideWatch : public QObject {
 public:
     explicit HideWatch(std::function<void()> hidden) : m_hidden(std::move(hidden)) {}
@@ -56,8 +56,8 @@ private:
     std::function<void()> m_hidden;
 };
 
-/// The windows beside the main one: made when they are asked for, one of each, near the main window and above
-/// other programs' windows, and gone when they are closed.
+/// The windows other than the main one: created on demand, at most one of each, near the main window and
+/// above other programs' windows, and destroyed when they are closed.
 class Windows {
 public:
     explicit Windows(const WindowsParts& parts);
@@ -65,15 +65,15 @@ public:
     Windows(const Windows&) = delete;
     Windows& operator=(const Windows&) = delete;
 
-    /// The ways to open them, for the main window's menu. Not to be used before SetMainWindow or after this
-    /// object's end.
+    /// Functions that open them, for the main window's menu. Not to be called before SetMainWindow or after
+    /// this object is destroyed.
     shell::OtherWindows Openers();
 
     void OpenCdPlayer();
 
     HelpViewer& Help() { return m_help; }
 
-    /// Puts a window that is about to be shown near the main one.
+    /// Moves a window that is about to be shown near the main one.
     void Place(QWidget& window);
 
     /// The window beside which the others open; it outlives them.

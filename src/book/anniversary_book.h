@@ -15,9 +15,9 @@ public:
 
     explicit AnniversaryBook(const BookParts& parts) : m_parts(parts) {}
 
-    /// Opens the editor for the row that the list has chosen, or for a new one on `date`. If the chosen row
-    /// no longer exists, opens nothing and reports nothing. `closed` is called once the window is closed, or
-    /// at once if none was opened; it runs as a handler, and not after `calendar` was destroyed.
+    /// Opens the editor for the row chosen in the list, or for a new one on `date`. If the chosen row no
+    /// longer exists, opens nothing and reports nothing. `closed` is called through Handlers when the window
+    /// closes, or immediately if none was opened; never after `calendar` is destroyed.
     void OpenEditor(QDate date, QWidget* calendar, Closed closed) const;
     void OpenDeletion(QWidget* calendar, Closed closed) const;
 

@@ -61,7 +61,7 @@ QString EveryYearCondition(const End& start, const End& end) {
            u" ) ) ) )";
 }
 
-/// Empty for ranges of about a month or more, judged by the month numbers only.
+/// Empty for ranges of about a month or more, judged by month and day without the year.
 QString EveryMonthCondition(const End& start, const End& end) {
     const int months = end.monthNumber - start.monthNumber;
     if (months >= 2 || !(start.dayNumber > end.dayNumber + 1 || months != 1)) {

@@ -21,7 +21,7 @@ struct DayNames {
     QStringView afternoon;
 };
 
-/// "午後9" of 21 o'clock: the word first and no blank, and never 12.
+/// "午後9" for 21:00: the word first, without a blank; hours 0 to 11.
 QString TwelveHourText(int hour, const DayNames& names) {
     return hour < 12 ? names.morning + QString::number(hour) : names.afternoon + QString::number(hour - 12);
 }

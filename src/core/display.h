@@ -47,10 +47,10 @@ public:
     /// or not.
     virtual void Hide() = 0;
 
-    /// The lines came into sight: brings them up to date if this display is shown.
+    /// The lines have become visible: brings them up to date if this display is shown.
     virtual void Tick() = 0;
 
-    /// Milliseconds until its lines show something new; may be longer while nobody sees them.
+    /// Milliseconds until its lines show something new; may be longer while they are not visible.
     virtual qint64 UntilDue(bool isSeen) const = 0;
 
     /// The time jumped, or another part of the program wrote to the lines: something may be due sooner than
@@ -77,7 +77,7 @@ struct DisplayView {
     TextLines lines;
     DisplayFunctions& functions;
     std::function<bool()> isSeen = [] { return true; };
-    /// ms from one change of a line to the next that is painted
+    /// ms after a change until the lines can show another one
     std::function<qint64()> untilFrame = [] { return 1; };
     /// A window of a display wrote to the lines while another display is shown, whose timer may sleep.
     std::function<void()> linesWritten = [] {};

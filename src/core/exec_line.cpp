@@ -10,8 +10,8 @@ using namespace Qt::StringLiterals;
 namespace {
 
 QString ExecWord(const QString& word) {
-    // The characters that desktop entries (freedesktop.org) reserve, and those of them that keep a meaning
-    // within quotes.
+    // The characters that desktop entries (freedesktop.org) reserve, and those of them that must be escaped
+    // even within quotes.
     constexpr QStringView kReserved = u" \t\n\"'\\><~|&;$*?#()`";
     constexpr QStringView kEscaped = u"\"`$\\";
     const bool isPlain = !word.isEmpty() && std::none_of(word.begin(), word.end(), [&](QChar character) {

@@ -22,8 +22,8 @@ public:
     /// `boxes` outlives this object.
     explicit Handlers(MessageBoxes& boxes) : m_boxes(boxes) {}
 
-    /// Runs `handler` immediately under that rule; false if it failed. `owner`: the window that the report
-    /// box belongs to, or an object in it; null for none.
+    /// Runs `handler` immediately, with its errors reported as described above; false if it failed. `owner`:
+    /// the window that the report box belongs to, or an object in it; null for none.
     bool Run(const std::function<void()>& handler, const QObject* owner = nullptr);
 
     /// Connects a signal of a control. `sender` and `context` are owned by the caller; the report box belongs
@@ -36,7 +36,7 @@ public:
     /// A stopped timer, which is stopped again if its handler fails.
     std::unique_ptr<Timer> MakeTimer(TimerSource& source, int milliseconds, std::function<void()> handler);
 
-    /// Runs the handler of `timer` under that rule.
+    /// Runs the handler of `timer`; if it fails, reports the error like Run and stops the timer.
     void RunTick(Timer& timer, const std::function<void()>& handler);
 
     /// Reports an error that no handler has thrown, such as a failed print. If the report box is open, the
@@ -58,7 +58,7 @@ private:
 
     MessageBoxes& m_boxes;
     bool m_reporting = false;
-    QList<Untold> m_untold;  // to be reported after the present one
+    QList<Untold> m_untold;  // to be reported after the current one
     std::function<void()> m_whenQuiet;
 };
 

@@ -28,7 +28,7 @@ QByteArrayView WithoutBlanks(QByteArrayView text) {
     return text;
 }
 
-/// A line without its end, and without the mark that some editors put before the first one.
+/// A line without its line ending and without the byte order mark that some editors write.
 QByteArrayView Content(QByteArrayView line) {
     QByteArrayView text = line.startsWith(kByteOrderMark) ? line.sliced(kByteOrderMark.size()) : line;
     if (text.endsWith('\n')) {
@@ -73,14 +73,14 @@ IniDocument::IniDocument(const QByteArray& bytes) {
     IndexLines();
 }
 
-/// Index of the line behind the section's heading, or -1.
+/// Index of the line after the section's heading, or -1.
 qsizetype IniDocument::SectionBegin(const QByteArray& section) const {
     const auto heading = std::find_if(m_lines.begin(), m_lines.end(),
                                       [&](const QByteArray& line) { return SectionName(line) == section; });
     return heading == m_lines.end() ? -1 : heading - m_lines.begin() + 1;
 }
 
-/// A section may stand in several pieces.
+/// A section may occur several times in the file.
 void IniDocument::IndexLines() {
     std::optional<QByteArray> section;
     for (qsizetype i = 0; i < m_lines.size(); ++i) {
@@ -121,7 +121,7 @@ void IniDocument::SetValue(const QString& section, const QString& key, const QSt
         InsertLine(m_lines.size(), '[' + section.toUtf8() + ']');
         at = m_lines.size();
     }
-    // Behind the section's last key, before the blank lines that part it from the next.
+    // After the section's last key, before the blank lines that separate it from the next section.
     qsizetype end = at;
     for (qsizetype i = at; i < m_lines.size() && !SectionName(m_lines[i]); ++i) {
         if (!Content(m_lines[i]).isEmpty()) {
@@ -134,7 +134,7 @@ void IniDocument::SetValue(const QString& section, const QString& key, const QSt
 
 void IniDocument::InsertLine(qsizetype at, const QByteArray& text) {
     if (at > 0 && !m_lines[at - 1].endsWith('\n')) {
-        // A file that was cut off in the middle of a line's end has half of it already.
+        // A file truncated in the middle of a CR LF already has the CR.
         m_lines[at - 1] += m_lines[at - 1].endsWith('\r') ? "\n" : m_lineEnd;
     }
     m_lines.insert(at, text + m_lineEnd);

@@ -20,7 +20,7 @@ struct Decimal {
     bool negative = false;
     qint64 whole = 0;    // 0 .. 10 * kBeyondAll + 9, never more
     int firstPlace = 0;  // the first digit after the point
-    bool tail = false;   // a digit other than 0 stands behind that one
+    bool tail = false;   // a digit other than 0 follows that one
 };
 
 QStringView WithoutBlanks(QStringView text) {
@@ -34,7 +34,7 @@ QStringView WithoutBlanks(QStringView text) {
     return text;
 }
 
-/// 0..9, or -1. Only ASCII and full-width digits: QChar::digitValue would let in those of every script.
+/// 0..9, or -1. Only ASCII and full-width digits: QChar::digitValue would accept those of every script.
 int DigitOf(QChar c) {
     if (c >= u'0' && c <= u'9') {
         return c.unicode() - u'0';
@@ -42,7 +42,8 @@ int DigitOf(QChar c) {
     return c >= u'０' && c <= u'９' ? c.unicode() - u'０' : -1;
 }
 
-/// Takes the digits at the front off `text`, handing each to `use`; throws when there is none.
+/// Removes the leading digits from `text` and passes each to `use`. Throws TypeMismatchError if there are
+/// none.
 template <typename Use>
 void TakeDigits(QStringView& text, Use use) {
     if (text.isEmpty() || DigitOf(text.front()) < 0) {

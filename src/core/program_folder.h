@@ -5,11 +5,11 @@
 
 namespace tickwell {
 
-/// The folder of the database, help, sounds and tools. The process enters it at the start; from then on it is
-/// handed down as this value, and files are opened by absolute path.
+/// The folder of the database, help, sounds and tools. The process changes to it at the start; from then on
+/// it is passed as this value, and files are opened by absolute path.
 class ProgramFolder {
 public:
-    /// None; for a place that is filled in later.
+    /// No folder; for a variable that is assigned later.
     ProgramFolder() = default;
 
     /// `path`: absolute.
@@ -18,7 +18,7 @@ public:
     /// Makes `path` the process's current folder and returns it by its canonical path. Throws RunTimeError.
     static ProgramFolder Entered(const QString& path);
 
-    /// Makes it the current folder again. Throws RunTimeError if it is gone.
+    /// Makes it the current folder again. Throws RunTimeError if it no longer exists.
     void Enter() const;
 
     /// Absolute, without a slash at its end.
@@ -27,7 +27,7 @@ public:
     /// The absolute path of a file; an absolute `name` stays as it is.
     QString PathOf(const QString& name) const;
 
-    /// `text` for the user: files of this folder by their name alone.
+    /// `text` for the user, with the paths of files in this folder shortened to their names.
     QString Shortened(QString text) const;
 
 private:

@@ -57,8 +57,8 @@ struct FurtherSettings {
     bool operator==(const FurtherSettings&) const = default;
 };
 
-/// Place and width of the main window in twips, 15 of them to a logical pixel. The height follows from the
-/// fonts. Kept in twips so that a stored 2506 stays 2506 although the screen shows 167 pixels.
+/// Position and width of the main window in twips, 15 per logical pixel. The height follows from the fonts.
+/// Kept in twips so that a stored 2506 stays 2506 although the screen shows 167 pixels.
 struct WindowGeometry {
     qint32 width = 0;
     qint32 top = 0;

@@ -13,7 +13,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// All that is stored, side by side.
+/// Everything that is stored, in one struct.
 struct Stored {
     AppSettings settings;
     WindowGeometry geometry;
@@ -31,8 +31,8 @@ struct SettingKey {
 
 constexpr QStringView kFontDefault = u"ＭＳ Ｐゴシック";
 
-// One row a key, in the order in which they are read: the settings, and from kGeometryBegin on what the main
-// window reads when it loads.
+// One row per key, in reading order: first the settings; from kGeometryBegin on, the keys that are read when
+// the main window loads.
 constexpr std::array kKeys{
     SettingKey{u"SetUp", u"Clock_Int", u"0", [](Stored& s) -> Field { return &s.settings.chimeMode; }},
     SettingKey{u"SetUp", u"Clock_File", u"鳩時計の音",
@@ -72,7 +72,8 @@ constexpr std::array kKeys{
 };
 constexpr std::size_t kGeometryBegin = 24;
 
-// What is written only where it has something to say. The defaults are those of FurtherSettings.
+// Written only if they differ from the defaults, which are those of FurtherSettings, or are in the store
+// already.
 constexpr std::array kFurtherKeys{
     SettingKey{u"Roll", u"Use", u"False", [](Stored& s) -> Field { return &s.further.roll.use; }},
     SettingKey{u"Roll", u"Kinds", u"0,1,4,5", [](Stored& s) -> Field { return &s.further.roll.kinds; }},
@@ -81,7 +82,7 @@ constexpr std::array kFurtherKeys{
                [](Stored& s) -> Field { return &s.further.tellsNoCdDrive; }},
 };
 
-// The order in which they are written; Wape/Time never is.
+// The order of writing. Wape/Time is never written.
 constexpr std::array<QStringView, 27> kWriteOrder{
     u"Op_Speed",     u"Op_Waip",     u"BackColor",   u"A_Font",    u"B_Font",   u"A_Color",  u"B_Color",
     u"A_Size",       u"B_Size",      u"A_Bold",      u"B_Bold",    u"A_Italic", u"B_Italic", u"A_Strikethru",

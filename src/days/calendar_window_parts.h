@@ -14,14 +14,13 @@
 
 namespace tickwell::days {
 
-/// How the calendar opens the windows of the anniversary book, above itself; it is blocked until they are
-/// closed. The buttons of an empty function are disabled.
+/// Functions that open the windows of the anniversary book above the calendar, which is blocked until they
+/// are closed. If a function is empty, its buttons are disabled.
 struct BookWindows {
     using Closed = std::function<void()>;
 
-    /// Edits the row that the list has chosen, or adds one on `date`. `closed` is called when the window has
-    /// been closed, or at once if none was opened; it runs under Handlers, and not after `calendar` was
-    /// destroyed.
+    /// Edits the row chosen in the list, or adds one on `date`. `closed` is called through Handlers when the
+    /// window closes, or immediately if none was opened; never after `calendar` is destroyed.
     std::function<void(QDate date, QWidget* calendar, Closed closed)> edit;
     std::function<void(QWidget* calendar, Closed closed)> remove;
 

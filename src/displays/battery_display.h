@@ -7,7 +7,7 @@
 
 namespace tickwell::displays {
 
-/// What the machine runs on.
+/// The display of the power source.
 class BatteryDisplay : public Display {
 public:
     /// All outlive this object.
@@ -16,7 +16,7 @@ public:
     const DisplayTraits& Traits() const override;
     void Show() override;
     void Hide() override;
-    /// It is read at the same times whether it is seen or not.
+    /// The battery is read at the same times whether or not the lines are visible.
     void Tick() override {}
     qint64 UntilDue(bool isSeen) const override;
 

@@ -24,7 +24,7 @@ void BatteryLines::Show(const PowerReading& reading) {
     }
 }
 
-/// The charge, or in its turn the time. A time that is not known leaves its turn to the charge.
+/// The charge or the remaining time, in turn; the charge if the remaining time is unknown.
 QString BatteryLines::BatteryText(const PowerReading& reading) {
     const bool isTimesTurn = m_isTimesTurn;
     m_isTimesTurn = !m_isTimesTurn;

@@ -8,18 +8,18 @@
 
 namespace tickwell::displays {
 
-/// What the machine runs on, on the lower line. On battery the charge and the time that is left take turns,
-/// reading by reading; whose turn it is survives that other functions are shown meanwhile.
+/// The power source on the lower line. On battery, readings alternate between charge and remaining time, even
+/// if other functions are shown in between.
 class BatteryLines {
 public:
     /// All outlive this object.
     BatteryLines(const Power& power, TextLines lines) : m_power(power), m_lines(lines) {}
 
-    /// BatTimer, and once when the function was chosen: asks for a reading, and shows it when it comes. Each
-    /// text comes in with a wipe; that of mains power only where it does not stand there already.
+    /// Called by BatTimer, and once when the function was chosen: requests a reading and shows it when it
+    /// arrives. Each text is wiped in; that for mains power only if it is not shown already.
     void Refresh();
 
-    /// Another function is shown from now on: a reading that is still to come is dropped.
+    /// Another function is shown from now on: cancels a pending reading.
     void Hide() { m_question.reset(); }
 
 private:

@@ -7,13 +7,13 @@ namespace tickwell::displays {
 
 namespace {
 
-constexpr qint32 kHourAndHalfHour = 0;  // the modes, as the settings have them
+constexpr qint32 kHourAndHalfHour = 0;  // the modes as stored in the settings
 constexpr qint32 kSilent = 2;
 constexpr int kHalfHour = 30;  // minute
 constexpr qint32 kDial = 12;
 constexpr int kMinute = 60'000;  // ms
 
-/// In these minutes there may be something to strike.
+/// Whether the chime can strike in this minute.
 bool HasTurn(QTime time) {
     return time.minute() == 0 || time.minute() == kHalfHour;
 }
@@ -21,13 +21,12 @@ bool HasTurn(QTime time) {
 }  // namespace
 
 void Chime::Timer3_Timer() {
-    const QTime now = m_clock.Now().time();  // one look: the hour and its minute belong together
+    const QTime now = m_clock.Now().time();  // read once, so that hour and minute match
     if (!HasTurn(now)) {
         ChimeDone = false;
         return;
     }
-    // Said first, and whatever the mode: the minute has had its turn, even where the player fails or is
-    // silent.
+    // Set first, in every mode: the minute is done even if the player fails or plays nothing.
     const bool isFirst = !std::exchange(ChimeDone, true);
     if (isFirst && now.minute() == 0 && m_settings.chimeMode != kSilent) {
         m_playChime(m_settings.chimeSound, StrikesOf(now.hour()));
@@ -36,11 +35,11 @@ void Chime::Timer3_Timer() {
     }
 }
 
-/// A minute that has had its turn is forgotten with the next minute, any other waits for the half hour.
+/// If ChimeDone is set, the next minute resets it; otherwise the next hour or half hour strikes.
 qint64 Chime::UntilDue() const {
     const QTime now = m_clock.Now().time();
     if (HasTurn(now) != ChimeDone) {
-        return 1;  // the minute turned between the tick and this question
+        return 1;  // the minute changed between the tick and this call
     }
     const int step = ChimeDone ? kMinute : kHalfHour * kMinute;
     return step - now.msecsSinceStartOfDay() % step;

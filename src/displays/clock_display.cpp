@@ -46,7 +46,7 @@ void ClockDisplay::Refresh() {
     m_timeTimer.Wake();
 }
 
-/// A look-up that fails is reported on its own: the time goes on.
+/// A failed look-up is reported separately, so that the time is still updated.
 void ClockDisplay::Dz_Timer1_Timer() {
     m_handlers.Run([this] { m_lines.LookUp(); });
     m_lines.TimeTick();

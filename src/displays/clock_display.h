@@ -8,10 +8,10 @@
 
 namespace tickwell::displays {
 
-/// Date and time, and what falls on today.
+/// The display of date and time, and of today's anniversaries and holidays.
 class ClockDisplay : public Display {
 public:
-    /// All outlive this object, as for ClockLines.
+    /// All outlive this object.
     ClockDisplay(const AppSettings& settings, const Clock& clock, store::DayDatabase& dayDatabase,
                  Handlers& handlers, TimerSource& timers, const DisplayView& view);
 

@@ -22,9 +22,9 @@ QString TimeLine(const AppSettings& settings, QTime now) {
 // ms
 constexpr int kClockSecond = 1000;
 constexpr int kClockMinute = 60'000;
-constexpr quint32 kRetryInterval = 5000;  // between two tries to ask a closed database
+constexpr quint32 kRetryInterval = 5000;  // between two attempts to query a closed database
 
-/// So many whole steps since midnight; -1 for a time that is not there.
+/// The number of whole steps since midnight; -1 for an invalid time.
 int WholeSteps(QTime time, int step) {
     return time.isValid() ? time.msecsSinceStartOfDay() / step : -1;
 }
@@ -61,7 +61,7 @@ void ClockLines::LookUp() {
 void ClockLines::AskForNames(QDate today) {
     m_tried = m_clock.Tick();
     if (m_dayDatabase.TryOpen()) {
-        m_areNamesDue = false;  // also if the query fails
+        m_areNamesDue = false;  // even if the query fails
         m_names = days::AnnouncedNames(m_dayDatabase, today);
     }
 }
@@ -96,7 +96,7 @@ qint64 ClockLines::UntilTimeDue(QTime now, bool isSeen) const {
     const bool turnsBySecond = hasSeconds || m_lines.lower.Text() != TimeLine(m_settings, now);
     const int step = isSeen && turnsBySecond ? kClockSecond : kClockMinute;
     if (WholeSteps(now, step) != WholeSteps(m_rememberedTime, step)) {
-        return 1;  // it turned between the tick and this question
+        return 1;  // it changed between the tick and this call
     }
     return step - now.msecsSinceStartOfDay() % step;
 }

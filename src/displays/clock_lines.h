@@ -13,33 +13,35 @@
 
 namespace tickwell::displays {
 
-/// What both lines show while the clock is the function: the time below; above, the date and the names of
-/// what falls on today, in turn.
+/// Both lines while the clock is shown. Lower line: the time. Upper line: the date and the names of today's
+/// anniversaries and holidays, in turn.
 class ClockLines {
 public:
     /// All outlive this object.
     ClockLines(const AppSettings& settings, const Clock& clock, store::DayDatabase& dayDatabase,
                TextLines lines);
 
-    /// The function was chosen: date and time come in with a wipe. The names' turn stays where it was.
+    /// The function was chosen: wipes in date and time. The rotation of the names continues where it was.
     void Show();
 
-    /// Dz_Timer1, first half: a new day, or a raised refresh flag, gives a new date text and new names. The
-    /// upper line is left alone. If the database cannot be asked now, there are no names at first, and it is
-    /// tried again every five seconds; the code that left the database closed has told the user. Throws
-    /// SqlError; the day is then taken for looked up, so that the error does not come five times a second.
+    /// Dz_Timer1, first half: on a new day, or if the refresh flag is set, updates the date text and queries
+    /// the names. Does not write to the upper line. If the database cannot be queried now, there are no names
+    /// at first, and the query is repeated every five seconds; the code that left the database closed has
+    /// told the user. Throws SqlError; the day then counts as looked up, so that the error is not reported
+    /// five times a second.
     void LookUp();
 
-    /// Dz_Timer1, second half: the time, when its text changed.
+    /// Dz_Timer1, second half: updates the time if the second has changed.
     void TimeTick();
 
-    /// Dz_Timer2: the date without a wipe where nothing falls on today, else the next in turn with one.
+    /// Dz_Timer2: without names, sets the date without a wipe; otherwise wipes in the next text of the
+    /// rotation.
     void RotateTick();
 
     void RaiseRefresh() { m_refresh = true; }
 
-    /// Milliseconds until the next tick of Dz_Timer1 that finds something new. To lines that nobody sees each
-    /// minute is early enough.
+    /// Milliseconds until the next tick of Dz_Timer1 that changes something. While the lines are not visible,
+    /// once a minute is enough.
     qint64 UntilDue(bool isSeen) const;
 
 private:
@@ -56,10 +58,10 @@ private:
     QTime m_rememberedTime;    // invalid at start
     QString m_dateLine;
     QStringList m_names;
-    qsizetype m_turn = 0;  // 0 the date, i the name i
+    qsizetype m_turn = 0;  // 0: the date; i: name number i, from 1
     bool m_refresh = false;
-    bool m_areNamesDue = false;     // the database could not be asked yet
-    std::optional<qint32> m_tried;  // tick of the last try; none: the next look-up tries at once
+    bool m_areNamesDue = false;     // they could not be queried yet
+    std::optional<qint32> m_tried;  // tick of the last attempt; none: the next look-up queries at once
 };
 
 }  // namespace tickwell::displays

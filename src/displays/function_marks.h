@@ -5,12 +5,12 @@
 
 namespace tickwell::displays {
 
-/// What the menu shows of the current function.
+/// The menu items that depend on the current function.
 class FunctionMarks {
 public:
     virtual ~FunctionMarks() = default;
 
-    /// Marks the item of this function and no other; a number that names none leaves all unmarked.
+    /// Checks the item of this function only; none if the number names no function.
     virtual void CheckFunction(qint32 number) = 0;
 
     /// Whether Menu0, the item that shows the function's own window, can be chosen.

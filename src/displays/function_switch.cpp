@@ -8,7 +8,7 @@ FunctionSwitch::FunctionSwitch(AppSettings& settings, TextLines lines, FunctionM
     : m_settings(settings), m_lines(lines), m_marks(marks), m_displays(displays) {}
 
 void FunctionSwitch::ChangeFunction(qint32 number) {
-    m_settings.function = number;  // first: also a number that names no display is kept
+    m_settings.function = number;  // first: even a number that names no display is stored
     for (const auto& display : m_displays) {
         display->Hide();
     }

@@ -7,13 +7,13 @@
 
 namespace tickwell::displays {
 
-/// Which function the main window shows, and what changes when it is another one.
+/// Switches the function that the main window shows.
 class FunctionSwitch {
 public:
     /// All outlive this object.
     FunctionSwitch(AppSettings& settings, TextLines lines, FunctionMarks& marks, const Displays& displays);
 
-    /// Any number is stored. One that names no display stops all timers and leaves the lines as they are.
+    /// Any number is stored. One that names no display stops all timers and leaves the lines unchanged.
     /// Throws RunTimeError if the first texts cannot be shown.
     void ChangeFunction(qint32 number);
 

@@ -14,10 +14,10 @@ public:
     /// All outlive this object.
     MemoryLines(const Memory& memory, TextLines lines) : m_memory(memory), m_lines(lines) {}
 
-    /// The function was chosen: the load comes in with a wipe.
+    /// The function was chosen: wipes in the load.
     void Show();
 
-    /// MemoryTimer: the load is set at once. A load that is not known leaves the line as it is.
+    /// MemoryTimer: sets the load without a wipe. If the load is unknown, the line stays unchanged.
     void Tick();
 
 private:

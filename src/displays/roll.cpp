@@ -46,7 +46,7 @@ void Roll::FunctionChanged(qint32 number) {
     m_current = number;
     m_question.reset();
     m_timer->Stop();
-    // The mains may come and go meanwhile: whether the battery has its turn is asked at each tick.
+    // Mains power may come and go meanwhile, so each tick checks whether the battery display is skipped.
     if (NextInRoll(m_displays, m_settings, number, Mains::Unknown)) {
         m_timer->SetInterval(RollIntervalOf(m_settings));
         m_timer->Start();

@@ -13,24 +13,24 @@
 
 namespace tickwell::displays {
 
-/// The display that the roll shows after `current`: the next chosen one of those that take part, in their
-/// order, round and round, without those that are skipped on mains while the machine runs on mains. Nothing
-/// if the roll is off, if `current` is not chosen, or if there is no other one to show.
+/// The display that the roll shows after `current`: cyclically the next chosen one of those that take part,
+/// without those that are skipped on mains power if the machine runs on it. Nothing if the roll is off, if
+/// `current` is not chosen, or if there is no other display to show.
 std::optional<qint32> NextInRoll(const Displays& displays, const RollSettings& roll, qint32 current,
                                  Mains mains);
 
-/// Milliseconds that each display is shown: the stored seconds, held within 1 to 3600.
+/// Milliseconds that each display is shown: the stored seconds, clamped to 1..3600.
 int RollIntervalOf(const RollSettings& roll);
 
-/// Shows the chosen displays in turn. It has a timer only while there is something to roll, so that a roll
-/// that is off, or that waits behind the stopwatch, wakes nobody.
+/// Shows the chosen displays in turn. The timer runs only while there is another display to show: a roll that
+/// is off, or interrupted by a display that is not chosen, causes no wake-ups.
 class Roll {
 public:
-    /// `change` switches the display, and tells this object of it through FunctionChanged. All outlive it.
+    /// `change` switches the display and then calls FunctionChanged. All outlive this object.
     Roll(const Displays& displays, const RollSettings& settings, const Power& power, Handlers& handlers,
          TimerSource& timers, std::function<void(qint32 number)> change);
 
-    /// The display or the settings have changed: its time begins anew, or the roll rests.
+    /// The display or the settings have changed: restarts the interval, or stops the timer.
     void FunctionChanged(qint32 number);
 
 private:
@@ -44,7 +44,7 @@ private:
     std::function<void(qint32)> m_change;
     qint32 m_current = -1;
     std::unique_ptr<Timer> m_timer;
-    PowerQuestion m_question;  // at most until the display changes
+    PowerQuestion m_question;  // pending at most until the display changes
 };
 
 }  // namespace tickwell::displays

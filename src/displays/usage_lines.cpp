@@ -33,9 +33,9 @@ void UsageLines::Tick() {
 qint64 UsageLines::UntilDue() const {
     const qint32 tick = m_clock.Tick();
     if (WholeSeconds(tick) != m_shownSecond) {
-        return 1;  // it turned between the tick and this question
+        return 1;  // it changed between the tick and this call
     }
-    // In the middle of a second; whether with its half or just after, the even neighbour decides.
+    // The text changes at the half second or 1 ms after it, because halves are rounded to even.
     const qint64 untilHalf = FloorMod(kUsageSecond / 2 - tick, kUsageSecond);
     const qint64 untilTurn = UntilTickTurns(tick);
     for (const qint64 due :

@@ -15,10 +15,10 @@ public:
     /// All outlive this object.
     UsageLines(const AppSettings& settings, const Clock& clock, TextLines lines);
 
-    /// The function was chosen: the reading comes in with a wipe.
+    /// The function was chosen: wipes in the reading.
     void Show();
 
-    /// Win_Timer: a new reading only when the whole second, rounded as the text rounds it, is another.
+    /// Win_Timer: updates the reading only if its rounded number of seconds has changed.
     void Tick();
 
     /// Milliseconds until the next tick that shows something new.

@@ -8,7 +8,7 @@ namespace tickwell::lines {
 namespace {
 
 // ms
-constexpr int kFrame = 17;  // not above 60 a second
+constexpr int kFrame = 17;  // at most 60 a second
 constexpr int kUnseen = 60'000;
 
 }  // namespace

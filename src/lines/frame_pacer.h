@@ -10,25 +10,24 @@
 namespace tickwell::lines {
 
 /// Lets widgets repaint at most 60 times a second, however often they change, and all in the same frame.
-/// There are no frames while nobody sees the widgets; what has changed meanwhile is painted when they come
-/// into sight.
+/// Nothing is painted while the widgets are not visible; changes are painted when they become visible.
 class FramePacer {
 public:
     /// Both outlive the pacer.
     FramePacer(const Clock& clock, TimerSource& timers);
 
-    /// Asks for a repaint of `widget`, or of this part of it, now or with the next frame. It must outlive the
-    /// pacer or Forget itself.
+    /// Requests a repaint of `widget`, or of part of it, now or with the next frame. `widget` must outlive
+    /// the pacer or be removed with Forget.
     void Request(QWidget& widget) { Request(widget, widget.rect()); }
     void Request(QWidget& widget, const QRect& part);
     void Forget(const QWidget& widget);
 
-    /// Whether the widgets are in sight; they are at first.
+    /// Whether the widgets are visible; initially true.
     void SetSeen(bool isSeen);
     bool IsSeen() const { return m_isSeen; }
 
-    /// Milliseconds from a change that was just painted until another one can be; a minute while nobody sees
-    /// it.
+    /// Milliseconds from a painted change until the next one can be painted; a minute while the widgets are
+    /// not visible.
     int UntilFrame() const;
 
 private:

@@ -12,7 +12,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// What Qt can draw; the stored size is not touched by it.
+// The sizes that Qt can draw. The stored size is not changed.
 constexpr int kSmallestPoints = 1;
 constexpr int kLargestPoints = 1638;
 

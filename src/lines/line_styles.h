@@ -6,8 +6,8 @@
 
 namespace tickwell::lines {
 
-/// Gives both lines their fonts, colours and wipes, in the main window and in the sample of the settings. A
-/// wipe that runs goes on. Throws OverflowError.
+/// Sets the fonts, colours and wipes of both lines, in the main window and in the sample of the settings. A
+/// running wipe continues. Throws OverflowError.
 void ApplyLineStyles(MovingWord& upper, MovingWord& lower, const AppSettings& settings);
 
 }  // namespace tickwell::lines

@@ -13,7 +13,7 @@ namespace tickwell::lines {
 namespace {
 
 constexpr int kIndent = 4;          // pixels before the text
-constexpr int kTellInterval = 250;  // ms: a reader hears of a change at most four times a second
+constexpr int kTellInterval = 250;  // ms: screen readers are notified at most four times a second
 
 class MovingWordAccessible : public QAccessibleWidget {
 public:
@@ -102,7 +102,7 @@ void MovingWord::SetFrameInterval(qint32 milliseconds) {
     m_frameInterval = milliseconds;
 }
 
-/// A frame paints what the edge has passed; all else stands on the screen already.
+/// Repaints only what the edge has passed since the last frame; the rest is on the screen already.
 void MovingWord::WipeTick() {
     const QRegion before = m_wipe.NewPart(size());
     const bool goesOn = m_wipe.Advance(m_stepSize, size()) && m_time.pacer.IsSeen();
@@ -118,7 +118,7 @@ void MovingWord::EndWipe() {
     m_oldText.clear();
 }
 
-/// Tells screen readers of the present text.
+/// Notifies screen readers of the current text.
 void MovingWord::TellText() {
     QAccessibleEvent event(this, QAccessible::NameChanged);
     QAccessible::updateAccessibility(&event);

@@ -14,16 +14,16 @@
 
 namespace tickwell::lines {
 
-/// What a line needs to know of time; all outlive it.
+/// Clock, timers and pacer of a line; all outlive it.
 struct LineTime {
     const Clock& clock;
     TimerSource& timers;
     FramePacer& pacer;
 };
 
-/// One line of text on its own background. New text comes in with a wipe (ShowText) or at once (SetText).
-/// Mouse events go on to the window that it lies on. A screen reader sees it as a label whose name is the
-/// text. Nothing wipes where nobody sees it.
+/// One line of text on its own background. New text is wiped in (ShowText) or replaces the old one at once
+/// (SetText). Mouse events are passed to the window. Screen readers see the line as a label whose name is the
+/// text. Nothing is wiped while the line is not visible.
 class MovingWord : public QWidget, public TextLine {
     Q_OBJECT
 
@@ -35,11 +35,11 @@ public:
     void SetText(const QString& text) override;
     QString Text() const override { return m_text; }
 
-    /// A wipe that runs keeps the kind it began with.
+    /// A running wipe keeps its kind.
     void SetWipeKind(qint32 kind) { m_wipeKind = kind; }
-    /// Milliseconds from frame to frame, from the next frame on; at 0 and below a wipe is over at once.
+    /// Milliseconds between frames; applies from the next frame. At 0 or less, ShowText does not wipe.
     void SetFrameInterval(qint32 milliseconds);
-    /// Pixels a frame; below 1 counts as 1.
+    /// Pixels per frame; values below 1 count as 1.
     void SetStepSize(qint32 pixels) { m_stepSize = pixels; }
     /// Colours as they are stored.
     void SetBackColor(qint32 color);
@@ -52,14 +52,14 @@ public:
     qint32 ForeColor() const { return m_foreColor; }
     bool IsWiping() const { return m_wipeTimer->IsRunning(); }
 
-    /// `bringUp` is called before a screen reader is told the text: what runs faster than the screen shows
-    /// would be told late otherwise. It may set the text, and must not throw.
+    /// `bringUp` is called before a screen reader gets the text: a running reading changes more often than
+    /// the line is updated. It may set the text and must not throw.
     void BringUpForReaders(std::function<void()> bringUp) { m_bringUp = std::move(bringUp); }
 
-    /// The text of this moment, for a screen reader.
+    /// The current text, for a screen reader.
     QString ToldText();
 
-    /// Height that its font asks for, without any margin.
+    /// The height of its font, without margins.
     int TextHeight() const;
 
 protected:
@@ -74,7 +74,7 @@ private:
 
     LineTime m_time;
     QString m_text;
-    QString m_oldText;  // what the wipe covers; empty while none runs
+    QString m_oldText;  // the text that the wipe covers; empty if none is running
     Wipe m_wipe;
     qint32 m_wipeKind = kWipeTopToBottom;
     qint32 m_frameInterval = 20;
@@ -86,7 +86,7 @@ private:
     std::function<void()> m_bringUp;
 };
 
-/// Makes lines known to screen readers. Once a process, before the first window.
+/// Makes lines accessible to screen readers. Called once per process, before the first window is created.
 void InstallMovingWordAccessibility();
 
 }  // namespace tickwell::lines

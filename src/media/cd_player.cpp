@@ -120,8 +120,8 @@ void CdPlayer::cdm_Click(int index) {
     TellWindow();
 }
 
-/// Leaves the state "not ready". A failed command to another device also makes the player not ready, while
-/// the disc plays on: then the playback is followed again.
+/// Leaves the state "not ready". A failed command to another device sets it too, although the disc keeps
+/// playing; the player then resumes tracking the playback.
 void CdPlayer::Recover() {
     CDSetUp();
     if (m_state.CdState != kCdStopped || m_media.MciSend(u"status CDP mode"_s, false) != 0) {

@@ -23,7 +23,7 @@ struct DeviceParts {
     SoundOutput& sound;
     RealTimerSource& timers;
     EventWait& wait;
-    ProgramFolder folder;  ///< where a sound given by its name alone is searched
+    ProgramFolder folder;  ///< where a sound given only by its name is looked up
 };
 
 /// Two kinds of devices, controlled by text commands: "cdaudio", which can be open once, and any number of

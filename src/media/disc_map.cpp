@@ -41,7 +41,7 @@ qint64 NumberOf(QStringView digits) {
     return number;
 }
 
-/// The parts between colons, at most `most`; missing trailing parts are 0.
+/// The parts between colons; missing trailing parts are 0. Throws CommandError if there are more than `most`.
 QList<qint64> PartsOf(const QString& text, qsizetype most) {
     QList<qint64> parts;
     for (const QStringView part : QStringView(text).split(u':')) {

@@ -37,7 +37,7 @@ RollPage::RollPage(const SettingsParts& parts, SettingsDraft& draft, QWidget* pa
     rows->addStretch();
 }
 
-/// Check1, which is the first display that takes part in the roll, stands at the bottom.
+/// Check1, the first display that takes part in the roll, is at the bottom.
 QWidget* RollPage::MakeFrame(const Displays& displays) {
     auto* rows = new QVBoxLayout(m_frame);
     rows->addWidget(controls::Named(

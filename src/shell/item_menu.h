@@ -12,10 +12,10 @@
 
 namespace tickwell::shell {
 
-/// What was chosen: a command and its number, as a MenuItem has them.
+/// Called with the command and the number of the chosen MenuItem.
 using MenuChosen = std::function<void(MenuCommand command, qint32 number)>;
 
-/// A menu made from a list of items. It knows its items; what choosing one does is its owner's.
+/// A menu made from a list of items. Choosing an item only calls a function of its owner.
 class ItemMenu : public QMenu {
     Q_OBJECT
 
@@ -24,7 +24,7 @@ public:
     ItemMenu(QStringView name, std::span<const MenuItem> items, Handlers& handlers, MenuChosen chosen,
              QWidget* parent);
 
-    /// The first item of this command, owned by the menu; the command is one of the list's.
+    /// The first item with this command, owned by the menu. The command must be in the list.
     QAction* Item(MenuCommand command) const;
 
     /// The item of this command with this number; null if there is none.

@@ -53,7 +53,7 @@ MainMenu::MainMenu(const Displays& displays, Handlers& handlers, const MenuChose
     ShowTools({});
 }
 
-/// One function at a time, or none; the mark is a bullet and not a tick.
+/// At most one function is checked. The mark is a bullet, not a tick.
 void MainMenu::MakeFunctionsExclusive(const Displays& displays) {
     auto* functions = new QActionGroup(this);
     functions->setExclusionPolicy(QActionGroup::ExclusionPolicy::ExclusiveOptional);

@@ -15,20 +15,20 @@ class MainMenu : public ItemMenu, public displays::FunctionMarks {
     Q_OBJECT
 
 public:
-    /// `handlers` outlives the menu. A chosen display comes as ChangeFunction with its number, a chosen tool
-    /// as StartTool with its index.
+    /// `handlers` outlives the menu. `chosen` is called with ChangeFunction and the number of a display, or
+    /// with StartTool and the index of a tool.
     MainMenu(const Displays& displays, Handlers& handlers, const MenuChosen& chosen, QWidget* parent);
 
     void CheckFunction(qint32 number) override;
     void EnableOperation(bool enabled) override;
 
-    /// Shows the items of these tools and of no others; without any the submenu is hidden as well.
+    /// Shows only the items of these tools; without any, hides the submenu as well.
     void ShowTools(const QList<int>& indexes);
 
 private:
     void MakeFunctionsExclusive(const Displays& displays);
 
-    QHash<qint32, QAction*> m_functionItems;  // owned by the menu, as all of them
+    QHash<qint32, QAction*> m_functionItems;  // owned by the menu, like all items
     ItemMenu* m_tools;
 };
 

@@ -54,7 +54,7 @@ Form1::Form1(const MainWindowParts& parts)
     connect(m_menu, &QMenu::aboutToShow, this, &Form1::Menu_AboutToShow);
     m_lowerLine->BringUpForReaders([this] { BringUpShown(); });
     m_parts.jumps.Listen([this] { WakeTimers(); });
-    m_parts.tray.WhenChanged([this] { Menu_AboutToShow(); });  // an open menu follows
+    m_parts.tray.WhenChanged([this] { Menu_AboutToShow(); });  // updates an open menu
 }
 
 std::unique_ptr<lines::MovingWord> Form1::MakeLine(const QString& name) {
@@ -140,7 +140,7 @@ void Form1::RaiseRefresh() {
     }
 }
 
-/// The time jumped: what was due then may be due now.
+/// After a time jump something may be due earlier than the timers expect.
 void Form1::WakeTimers() {
     m_chimeTimer.Wake();
     for (const auto& display : m_displays) {
@@ -160,7 +160,7 @@ void Form1::BringUpShown() const {
     }
 }
 
-/// Lines that nobody sees are not updated; the first frame that is seen shows what holds then.
+/// Lines that are not visible are not updated; they are brought up to date when they become visible.
 void Form1::SetSeen(bool isSeen) {
     if (isSeen == m_pacer.IsSeen()) {
         return;
@@ -173,12 +173,11 @@ void Form1::SetSeen(bool isSeen) {
     }
 }
 
-/// With the second tick of the line from now, so that both wake the machine up once; never later than its
-/// interval.
+/// At the line's second tick from now, so that both need only one wake-up; never later than kKeepTopTick.
 qint64 Form1::UntilKeepTop() const {
     const Display* const shown = m_switch.Shown();
     const qint64 untilLine = shown != nullptr && shown->Traits().turnsWithSeconds ? shown->UntilDue(true) : 0;
-    const bool isTicking = untilLine > 1 && untilLine <= kSecond;  // 1 if it ticks at this very moment
+    const bool isTicking = untilLine > 1 && untilLine <= kSecond;  // 1 if it is ticking right now
     return isTicking ? kKeepTopTick - kSecond + untilLine : kKeepTopTick;
 }
 

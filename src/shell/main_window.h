@@ -19,8 +19,8 @@
 
 namespace tickwell::shell {
 
-/// The display window: two lines, small, without a frame, above all others. It ties lines, timers and menu to
-/// what computes them. Built at rest: Form_Load reads its place and starts it.
+/// The main window: two lines, small, frameless, above all other windows. Connects lines, timers and menu
+/// with the classes that determine their contents. Idle until Form_Load.
 class Form1 : public QWidget, public DisplayFunctions, public DayChanges {
     Q_OBJECT
 
@@ -28,29 +28,29 @@ public:
     explicit Form1(const MainWindowParts& parts);
     ~Form1() override;
 
-    /// Reads the stored place and width, gives the lines their look and starts the start-up delay. Throws
-    /// RunTimeError; the window must then not be shown.
+    /// Reads the stored position and width, applies the styles to the lines and starts the start-up delay.
+    /// Throws RunTimeError; the window must then not be shown.
     void Form_Load();
     void ChangeFunction(qint32 number) override;
     qint32 GetFuncNumber() const override { return m_parts.settings.function; }
 
     const Displays& AllDisplays() const { return m_displays; }
 
-    /// The settings have changed: looks, function, date and roll follow at once.
+    /// The settings have changed: applies styles, function, date and roll at once.
     void ApplySettings();
     void RaiseRefresh() override;
 
     /// Shows the window above the others, whatever hid it: the notification area, the window manager, another
-    /// workspace, or a place outside all screens.
+    /// workspace, or a position outside all screens.
     void ComeForward();
     /// The same, and opens the menu for the keyboard.
     void ComeForwardWithMenu();
 
-    /// While the settings stand open, the window does not put itself above them.
+    /// While the settings are open, the window does not raise itself above them.
     void HoldKeepTop(bool held);
-    /// Writes the settings with the window's present place. Throws RunTimeError.
+    /// Writes the settings and the window's current geometry. Throws RunTimeError.
     void SaveAll();
-    /// The menus that stand open.
+    /// The open menus.
     QList<QMenu*> VisibleMenus() const;
 
 protected:
@@ -92,7 +92,7 @@ private:
 
     MainWindowParts m_parts;
     lines::FramePacer m_pacer;
-    std::unique_ptr<lines::MovingWord> m_upperLine;  // they leave before their pacer does
+    std::unique_ptr<lines::MovingWord> m_upperLine;  // destroyed before the pacer, which they use
     std::unique_ptr<lines::MovingWord> m_lowerLine;
     Displays m_displays;
     MainMenu* m_menu;      // owned by the window, as its child

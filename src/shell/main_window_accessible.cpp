@@ -10,8 +10,8 @@ namespace tickwell::shell {
 
 namespace {
 
-/// The window with its lines, and with the menus that stand open: Qt gives a popup no parent that a
-/// screen reader could reach it by.
+/// The window with its lines and its open menus: Qt gives a popup no parent through which a screen reader
+/// could reach it.
 class MainWindowAccessible : public QAccessibleWidget {
 public:
     explicit MainWindowAccessible(Form1* form) : QAccessibleWidget(form, QAccessible::Window), m_form(form) {}

@@ -3,7 +3,8 @@
 
 namespace tickwell::shell {
 
-/// Makes the main window and its lines known to screen readers. Once a process, before the window.
+/// Makes the main window and its lines accessible to screen readers. Called once per process, before the
+/// window is created.
 void InstallMainWindowAccessibility();
 
 }  // namespace tickwell::shell

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What keeps the main window in sight: above the others, on the screen, out of the notification area.
+// Keeps the main window visible: above the others, on the screen, out of the notification area.
 #include <QApplication>
 #include <QScreen>
 #include <QWindow>
@@ -47,7 +47,7 @@ void Form1::UpdateKeepTop() {
     }
 }
 
-/// Another window may have been put above this one, and the window manager may have iconified it.
+/// Another window may have been raised above this one, and the window manager may have iconified it.
 void Form1::KeepTop_Timer() {
     m_geometry.Settle();
     if (QApplication::activePopupWidget() == nullptr && IsLost()) {
@@ -73,7 +73,7 @@ bool Form1::IsLost() const {
     return isMinimized() || (!IsExposed(*this) && m_parts.stack.IsLost(winId()));
 }
 
-/// Withdraws the window and shows it anew. Deiconifying it instead would give it the focus under some window
+/// Hides the window and shows it again. Deiconifying it instead would give it the focus under some window
 /// managers.
 void Form1::ShowAgain() {
     hide();
@@ -84,9 +84,9 @@ void Form1::ShowAgain() {
     show();
 }
 
-/// A window that is out of sight once it has settled was iconified or lost, or it is on another workspace of
-/// a window manager that knows no windows on all of them. The window system is asked as well, because Qt may
-/// not have heard of it yet.
+/// Once m_fitted is set, a window that is not exposed was iconified or lost, or it is on another workspace
+/// because the window manager does not support windows on all of them. The window system is queried as well,
+/// because Qt may not have been notified yet.
 void Form1::ComeForward() {
     if (m_storage.IsStored()) {
         m_storage.TakeBack();
@@ -98,7 +98,7 @@ void Form1::ComeForward() {
     const QRect primary = QGuiApplication::primaryScreen()->availableGeometry();
     const QPoint place = BroughtBack(geometry(), Screens(), primary).topLeft();
     if (place != pos()) {
-        m_geometry.Settle();  // this place is meant, and not the stored one
+        m_geometry.Settle();  // this position is intended, not the stored one
         move(place);
     }
     m_parts.stack.BringToUser(winId());

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What mouse, keyboard and window system tell the main window.
+// The main window's events from mouse, keyboard and window system.
 #include <QCloseEvent>
 #include <QContextMenuEvent>
 #include <QKeyEvent>
@@ -14,7 +14,7 @@ void Form1::PopUpMenu(QPoint at) {
     m_menu->popup(at);
 }
 
-/// Below the window, with its first item chosen, as whoever came by keyboard goes on by keyboard.
+/// Opens the menu below the window and selects its first item, for further use of the keyboard.
 void Form1::OpenMenuByKey() {
     PopUpMenu(mapToGlobal(rect().bottomLeft()));
     for (QAction* item : m_menu->actions()) {
@@ -40,7 +40,7 @@ void Form1::mouseMoveEvent(QMouseEvent* event) {
     }
 }
 
-/// Either button opens the menu with its release: by then it is known whether the left one was a drag.
+/// Either button opens the menu when it is released: only then is it known whether the left one has dragged.
 void Form1::mouseReleaseEvent(QMouseEvent* event) {
     const bool click = event->button() == Qt::LeftButton && m_gesture.Release();
     if (click || event->button() == Qt::RightButton) {
@@ -81,7 +81,7 @@ bool Form1::event(QEvent* event) {
             QMetaObject::invokeMethod(
                 this, [this] { m_parts.stack.AskForDeclared(winId()); }, Qt::QueuedConnection);
         }
-        windowHandle()->installEventFilter(this);  // once, however often
+        windowHandle()->installEventFilter(this);  // repeated calls have no effect
         SetSeen(true);
     } else if (event->type() == QEvent::Hide) {
         SetSeen(false);
@@ -89,7 +89,7 @@ bool Form1::event(QEvent* event) {
     return QWidget::event(event);
 }
 
-/// A window manager takes a window off the screen without a word to the widget, for instance with its
+/// A window manager can hide a window without an event for the widget, for instance when it switches the
 /// desktop.
 bool Form1::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::Expose && watched == windowHandle()) {

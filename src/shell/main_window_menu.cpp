@@ -50,7 +50,7 @@ void Form1::ShowOperation() const {
     }
 }
 
-/// If nothing shows an icon, putting the window away would lose it.
+/// A stored window could not be restored if nothing shows its icon.
 void Form1::Menu_AboutToShow() {
     m_menu->Item(MenuCommand::StoreInTray)->setEnabled(m_storage.CanStore());
 }

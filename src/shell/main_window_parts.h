@@ -21,7 +21,7 @@
 
 namespace tickwell::shell {
 
-/// How the main window opens the others; one that is empty has its items disabled.
+/// Functions that open the other windows. If one is empty, its menu items are disabled.
 struct OtherWindows {
     std::function<void()> calendar;
     std::function<void()> settings;
@@ -50,7 +50,7 @@ struct MainWindowParts {
     DisplaysMaker makeDisplays;
     displays::Chime::Player playChime;
     std::function<void()>
-        closed;  ///< called with the end of the window; settings and tray icon are done by then
+        closed;  ///< called when the window has closed; settings were saved and the tray icon was removed
 };
 
 }  // namespace tickwell::shell

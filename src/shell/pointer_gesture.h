@@ -7,23 +7,23 @@
 
 namespace tickwell::shell {
 
-/// What the left button does to the main window: moved far enough it drags the window along, or its right
-/// edge; let go where it was pressed it is a click.
+/// The left button on the main window: moving the pointer far enough drags the window or its right edge; a
+/// release without that is a click.
 class PointerGesture {
 public:
-    /// `slack`: pixels that a hand may tremble before a press becomes a drag.
+    /// `slack`: pixels that the pointer must move until a press becomes a drag.
     explicit PointerGesture(int slack) : m_slack(slack) {}
 
-    /// Whether this place of the window, in its own coordinates, is the edge that changes the width.
+    /// Whether this point, in the window's coordinates, is on the edge that changes the width.
     static bool IsAtEdge(QPoint local, QSize window);
 
-    /// `pointer` and `window` on the screen.
+    /// `pointer` and `window` in screen coordinates.
     void Press(QPoint pointer, const QRect& window);
 
-    /// Where the window should be now, or nothing when it should stay.
+    /// The new geometry of the window; nothing if it stays unchanged.
     std::optional<QRect> Move(QPoint pointer);
 
-    /// True when the press was a click.
+    /// Whether the press was a click.
     bool Release();
 
 private:

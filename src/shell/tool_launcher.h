@@ -12,17 +12,17 @@ namespace tickwell::shell {
 /// The file of a tool, by its index 1..13; empty outside.
 QString ToolFileName(int index);
 
-/// The companion tools that lie in the program's folder.
+/// The companion tools in the program's folder.
 class ToolLauncher {
 public:
     /// The starter outlives this object.
     ToolLauncher(ProgramFolder folder, ProgramStarter& starter);
 
-    /// The indexes of the tools whose files are there now, rising.
+    /// The indexes of the tools whose files exist, ascending.
     QList<int> Present() const;
 
-    /// Starts a tool in the program's folder, with the word that tells it who started it. Throws RunTimeError
-    /// when it does not start.
+    /// Starts a tool in the program's folder, with the argument that identifies the caller. Throws
+    /// RunTimeError if it cannot be started.
     void Start(int index) const;
 
 private:

@@ -9,7 +9,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kWatchTick = 2000;  // ms; a panel that restarts is back before the second look
+constexpr int kWatchTick = 2000;  // ms; a panel that restarts is back before the second check
 
 }  // namespace
 
@@ -29,7 +29,7 @@ void TrayStorage::Store() {
         u"Tickwell Ver.2"_s, m_menu, [this] { TakeBack(); }, [this](bool isShown) { IconShown(isShown); });
 }
 
-/// The window goes only now, so that a desktop which does not answer cannot lose it.
+/// Hides the window only now, so that a desktop that does not answer cannot make it unreachable.
 void TrayStorage::IconShown(bool isShown) {
     m_storing = false;
     if (!isShown) {

@@ -10,12 +10,12 @@
 
 namespace tickwell::shell {
 
-/// Whether the main window is put away into the notification area. Nothing may lose the window: it goes only
-/// where its icon is seen, and comes back by itself when the area itself is gone.
+/// Stores the main window in the notification area. The window always stays reachable: it is hidden only once
+/// its icon is shown, and it reappears if the notification area disappears.
 class TrayStorage {
 public:
-    /// `menu` of the icon and `onStored`, told with true after the window has to be hidden and with false
-    /// when it has to be shown again. All outlive this object.
+    /// `menu`: of the icon. `onStored`: called with true when the window must be hidden, with false when it
+    /// must be shown again. All outlive this object.
     TrayStorage(Tray& tray, QMenu& menu, Handlers& handlers, TimerSource& timers,
                 std::function<void(bool)> onStored);
 
@@ -26,10 +26,10 @@ public:
     /// happens.
     void Store();
 
-    /// Shows the window and removes the icon, or withdraws a Store that is under way. Else it does nothing.
+    /// Shows the window and removes the icon, or cancels a pending Store; otherwise does nothing.
     void TakeBack();
 
-    /// Removes the icon alone, for the end of the program.
+    /// Only removes the icon, for the end of the program.
     void Remove();
 
 private:
@@ -40,9 +40,9 @@ private:
     QMenu& m_menu;
     std::function<void(bool)> m_onStored;
     std::unique_ptr<Timer> m_watch;
-    bool m_storing = false;  // the icon is still to come
+    bool m_storing = false;  // the icon is not shown yet
     bool m_stored = false;
-    bool m_missed = false;  // the area was gone when it was last looked at
+    bool m_missed = false;  // the last check found no notification area
 };
 
 }  // namespace tickwell::shell

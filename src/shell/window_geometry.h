@@ -9,37 +9,38 @@
 
 namespace tickwell::shell {
 
-/// Twips to logical pixels, 15 to 1, to the nearest.
+/// Twips to logical pixels: divided by 15, halves to even.
 int PixelsOf(qint32 twips);
 
-/// The main window's place and width. It holds what was stored as long as the window is where that puts it;
-/// only what the user moves or drags wider is turned into twips anew.
+/// The main window's position and width. Keeps the stored values while the window is where they place it;
+/// only a position or width that the user changes is converted to twips.
 class GeometryKeeper {
 public:
     const WindowGeometry& Geometry() const { return m_geometry; }
     void Set(const WindowGeometry& geometry) { m_geometry = geometry; }
 
-    /// Where to put the window. No check against the screen; only numbers that the window system cannot hold
-    /// are cut.
+    /// The position for the window. Not limited to the screen, only to the range of the window system.
     QPoint Position() const;
-    /// How wide, at least 1 pixel.
+    /// The width for the window, at least 1 pixel.
     int Width() const;
 
-    /// The window was found at this place. While a window manager takes it in, places in between are reported
-    /// that may even stay wrong: true then asks for the window to be put again where it belongs.
+    /// The window was moved to this position. While the window manager places it, intermediate positions are
+    /// reported, and even the last one can be wrong: returns true if the window should be moved back to
+    /// Position().
     bool Moved(QPoint position);
     void Resized(int width);
 
-    /// From now on every place is meant: the user has hold of the window, or its manager has had time enough.
+    /// From now on every position is intended: the user drags the window, or the window manager has had time
+    /// to place it.
     void Settle() { m_placings = 0; }
-    /// The window is about to be taken in anew.
+    /// The window manager is about to place the window again.
     void Unsettle() { m_placings = kPlacings; }
 
 private:
-    static constexpr int kPlacings = 5;  // a manager that knows better must win in the end
+    static constexpr int kPlacings = 5;  // a window manager that insists on another position wins in the end
 
     WindowGeometry m_geometry;
-    int m_placings = kPlacings;  // how often it is still put back
+    int m_placings = kPlacings;  // how often the window is still moved back
 };
 
 /// How the two lines share the window.
@@ -49,10 +50,11 @@ struct LineLayout {
     int height = 0;  ///< of the window, pixels
 };
 
-/// Two lines as high as their texts and a small margin; spare height of a low window goes to both.
+/// Each line has the height of its text and a small margin. If that is below the minimum height, both lines
+/// share the rest.
 LineLayout LayoutOf(int width, int upperTextHeight, int lowerTextHeight);
 
-/// `window` brought onto `screen` when it lies on none of `screens`, else as it is.
+/// `window` moved to the corner of `screen` if it intersects none of `screens`; otherwise unchanged.
 QRect BroughtBack(const QRect& window, const QList<QRect>& screens, const QRect& screen);
 
 }  // namespace tickwell::shell

@@ -28,11 +28,11 @@ struct ColumnValue {
     BoundValue value;
 };
 
-/// The program's only connection to the day database, kept for its entire run. It accepts the language that
+/// The program's only connection to the day database, kept for its entire run. It accepts the SQL subset that
 /// store/sql_parser.h describes; no text of a caller ever reaches SQLite.
 ///
 /// While it is closed, for instance because a compaction replaces its file, each statement throws
-/// RunTimeError. Moving it hands it to another thread and leaves a closed one behind.
+/// RunTimeError. Moving it transfers it to another thread and leaves a closed one behind.
 class DayDatabase {
 public:
     /// Closed.

@@ -8,7 +8,7 @@ namespace tickwell::store {
 /// The statements executed during its lifetime are all stored by Commit, or none of them is.
 class DayTransaction {
 public:
-    /// Throws SqlError, also if a transaction is already open. `database` outlives the transaction.
+    /// Throws SqlError, for example if a transaction is already open. `database` outlives the transaction.
     explicit DayTransaction(DayDatabase& database);
 
     /// Rolls back unless Commit succeeded.

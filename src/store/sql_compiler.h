@@ -22,7 +22,7 @@ struct CompiledSql {
     bool isQuery = false;
 };
 
-/// Translates a statement of the day database's language (store/sql_parser.h). Tables and columns are those
+/// Translates a statement of the day database's SQL subset (store/sql_parser.h). Tables and columns are those
 /// of the schema; a column is compared with literals of its own type, texts only by =; a condition compares a
 /// text column at most once. Throws SqlError.
 CompiledSql CompileSql(const QString& sql);

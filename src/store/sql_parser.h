@@ -5,7 +5,7 @@
 
 namespace tickwell::store {
 
-/// Reads one statement of the day database's language:
+/// Reads one statement of the day database's SQL subset:
 ///
 ///     SELECT * | T.c,T.c..  FROM T WHERE condition
 ///     DELETE [* | T.c,T.c..] FROM T WHERE condition

@@ -156,7 +156,7 @@ void PosixStoreDisk::Sync(const QString& path) {
         throw DiskError(path, errno);
     }
     const int error = fsync(file) == 0 ? 0 : errno;
-    close(file);  // nothing was written through this descriptor
+    close(file);  // errors do not matter: nothing was written
     if (error != 0) {
         throw DiskError(path, error);
     }

@@ -119,7 +119,8 @@ void TimerForm::ReadEntries() {
     }
 }
 
-/// Reads a typed but unconfirmed number, for a button that is not pressed with the mouse.
+/// Commits a number that is still being edited: a button can be pressed without moving the focus out of the
+/// field.
 void TimerForm::TakeTyped() {
     for (QSpinBox* box : {m_hours, m_minutes, m_seconds}) {
         box->interpretText();

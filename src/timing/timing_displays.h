@@ -8,7 +8,7 @@
 
 namespace tickwell::timing {
 
-/// The stopwatch, which goes on while another display is shown.
+/// The stopwatch, which continues while another display is shown.
 class StopwatchDisplay : public Display {
 public:
     explicit StopwatchDisplay(std::shared_ptr<TimingTools> tools) : m_tools(std::move(tools)) {}

@@ -172,7 +172,7 @@ void TstRunningProgram::SettingsThatCannotBeStoredAtTheEndOfTheSessionAreLogged(
     store.SetFull(true);
     QTest::ignoreMessage(QtWarningMsg, QRegularExpression(u"not stored .*空き容量がありません。"_s));
     bench.program->SaveForSessionEnd();
-    QVERIFY(bench.boxes.Shown().isEmpty());  // nobody is left to read it
+    QVERIFY(bench.boxes.Shown().isEmpty());  // no message box at the end of the session
     store.SetFull(false);
     bench.program->SaveForSessionEnd();
     QCOMPARE(store.Commits(), 1);

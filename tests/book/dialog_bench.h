@@ -13,7 +13,7 @@ namespace tickwell::book {
 /// Operates the open dialog above a window with keyboard and mouse.
 class DialogBench {
 public:
-    /// `below`: the window whose child the dialog is; outlives this object or is not used once it is gone.
+    /// `below`: the dialog's parent. This object must not be used after it is destroyed.
     explicit DialogBench(const QWidget& below) : m_below(below) {}
 
     /// Only an active window receives keys and selects the text of a field that gets the focus.

@@ -30,7 +30,7 @@ WeekdayOfMonth WeekdayOf(QDate date) {
 
 }  // namespace
 
-/// The days on which the rows of the two tables fall.
+/// The days to which the rules for anniversaries and national holidays apply.
 class TstAnniversaryRule : public QObject {
     Q_OBJECT
 

@@ -242,7 +242,7 @@ private:
         }
     }
 
-    /// Leaves a marking mode mostly for Normal, which stores the marks.
+    /// Chooses a random mode; from a marking mode usually Normal, which stores the marks.
     void ChooseMode() {
         const int mode = m_model.mode != 0 && From(0, 1) == 0 ? 0 : From(0, 2);
         m_bench.calendar.ChooseMode(static_cast<CalendarMode>(mode));

@@ -17,7 +17,7 @@
 
 namespace tickwell::displays {
 
-/// What the displays of the program work with, in the test's hands.
+/// Everything that the program's displays use, controlled by the test.
 struct DisplaysBench {
     AppSettings settings;
     FurtherSettings further;
@@ -79,7 +79,7 @@ struct DisplaysBench {
     }
 };
 
-/// All displays of the program over two lines that only keep a record.
+/// All displays of the program, with two lines that only record their texts.
 struct LinesBench : DisplaysBench, DisplayFunctions {
     FakeTextLine upper;
     FakeTextLine lower;

@@ -24,7 +24,7 @@ struct Bench {
     FakeTextLine lower;
     BatteryLines lines{power, {.upper = upper, .lower = lower}};
 
-    /// What the lower line did in a reading.
+    /// The changes of the lower line after a reading.
     QStringList After(const PowerReading& reading) {
         power.SetReading(reading);
         lines.Refresh();
@@ -99,7 +99,7 @@ void TstBatteryLines::AReadingThatTakesItsTimeIsShownWhenItComes() {
     Bench bench;
     QCOMPARE(bench.After(OnBattery(80, 5400)), QStringList{u"show 80％残っています"_s});
     bench.power.isSlow = true;
-    QCOMPARE(bench.After(OnBattery(79, 5400)), QStringList());  // what is known stands meanwhile
+    QCOMPARE(bench.After(OnBattery(79, 5400)), QStringList());  // the last text stays meanwhile
     QVERIFY(bench.power.Answer());
     QCOMPARE(bench.lower.TakeRecord(), QStringList{u"show あと 1時間30分です"_s});
 }

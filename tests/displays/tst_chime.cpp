@@ -160,7 +160,7 @@ void TstChime::AClockSetBackIntoItsMinuteStaysSilent() {
 void TstChime::AJumpFromHalfHourToHourWithoutATickBetweenIsSilentOnPurpose() {
     Bench bench(u"10:29:58"_s);
     bench.time.Advance(10 * kSecond);
-    bench.time.SetNow(At(u"11:00:00"_s));  // the machine slept
+    bench.time.SetNow(At(u"11:00:00"_s));  // the machine was suspended
     bench.time.Advance(20 * kSecond);
     QCOMPARE(bench.played, QStringList{u"鳩時計の音 x1 at 10:30:00"_s});
 }
@@ -198,7 +198,7 @@ void TstChime::ATurnThatWasMissedIsDueAtOnce() {
     QCOMPARE(bench.chime.UntilDue(), qint64{1});
     bench.chime.Timer3_Timer();
     bench.time.SetNow(At(u"10:31:00"_s));
-    QCOMPARE(bench.chime.UntilDue(), qint64{1});  // to forget that it had its turn
+    QCOMPARE(bench.chime.UntilDue(), qint64{1});  // to reset ChimeDone
 }
 
 QTEST_GUILESS_MAIN(TstChime)

@@ -36,7 +36,7 @@ struct Bench {
         lines.LookUp();
         lines.TimeTick();
     }
-    /// What the upper line did in so many turns.
+    /// The changes of the upper line in this many rotations.
     QStringList Turns(int count) {
         upper.TakeRecord();
         for (int turn = 0; turn < count; ++turn) {
@@ -217,7 +217,7 @@ void TstClockLines::TheRefreshFlagIsForOneLookUp() {
     QCOMPARE(bench.lines.UntilDue(true), 1000);
     QCOMPARE(bench.Turns(1), QStringList{Shown(u"一つ目")});
     bench.Tick();
-    QCOMPARE(bench.Turns(1), QStringList{Shown(u"二つ目")});  // a look-up would have begun the turns again
+    QCOMPARE(bench.Turns(1), QStringList{Shown(u"二つ目")});  // a look-up would have restarted the rotation
 }
 
 void TstClockLines::AFailingLookUpIsNotRepeated() {

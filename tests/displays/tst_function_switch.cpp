@@ -171,7 +171,7 @@ void TstFunctionSwitch::ANumberThatNamesNoFunctionStopsEverythingAndLeavesTheLin
     bench.upper.TakeRecord();
     bench.lower.TakeRecord();
     bench.functions.ChangeFunction(number);
-    QCOMPARE(bench.settings.function, number);  // stored all the same
+    QCOMPARE(bench.settings.function, number);  // stored nevertheless
     QVERIFY(bench.upper.TakeRecord().isEmpty());
     QVERIFY(bench.lower.TakeRecord().isEmpty());
     QCOMPARE(bench.Running(), QString());

@@ -149,7 +149,7 @@ void TstRoll::MainsThatAreToldLateRollThen() {
     QVERIFY(bench.power.Answer());
     QCOMPARE(bench.shown, (QList<qint32>{0, 1}));
     bench.time.Advance(10'000);
-    bench.Show(5);  // by hand, before the answer
+    bench.Show(5);  // by the user, before the reply
     QVERIFY(!bench.power.Answer());
     QCOMPARE(bench.shown, (QList<qint32>{0, 1, 5}));
 }

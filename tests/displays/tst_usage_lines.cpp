@@ -42,7 +42,7 @@ void TstUsageLines::ChoosingItWipesTheReadingIn() {
     bench.lines.Show();
     QCOMPARE(bench.lower.TakeRecord(), QStringList{u"show 05分07秒"_s});
     bench.lines.Tick();
-    QVERIFY(bench.lower.TakeRecord().isEmpty());  // the wipe goes on
+    QVERIFY(bench.lower.TakeRecord().isEmpty());  // the wipe continues
 }
 
 void TstUsageLines::TheLineChangesOnceASecondThoughTheTimerRunsFourTimes() {

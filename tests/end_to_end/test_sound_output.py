@@ -56,7 +56,7 @@ class SoundOutput(TickwellCase):
         expected = without_silence(self.wave("機械時計[高い音]"))
         server.wait_recording(lambda samples: without_silence(samples) == expected, "one strike", SESSION)
         wait_for(lambda: server.streams() == 0, "the end of the stream")
-        self.assertNotIn("closed", player.output())  # the session goes on without a device
+        self.assertNotIn("closed", player.output())  # the session continues without a device
         player.stop()
         self.assertEqual(without_silence(server.recording()), expected)
 

@@ -40,7 +40,7 @@ def functions(text):
     closing brace."""
     code = NOT_CODE.sub(blanked, text)
     found, braces = [], []
-    head, parentheses = 0, 0  # where the present statement starts, and its open parentheses
+    head, parentheses = 0, 0  # where the current statement starts, and its open parentheses
     for sign in re.finditer(r"[(){};]", code):
         at = sign.start()
         if sign[0] in "()":

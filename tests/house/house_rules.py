@@ -35,7 +35,8 @@ NAMES_ITS_CONTROLS = {"src/media/cd_window.cpp", "src/help/help_window_tools.cpp
 # This one tests kills at particular moments.
 MAY_WAIT = {"tests/days/tst_killed_writer.cpp"}
 
-# The program enters its folder at the start and hands it down; the other two do so in processes of their own.
+# The program changes to its folder at the start and passes its path on. The other two change the folder of processes of
+# their own.
 MAY_CHANGE_FOLDERS = {"src/core/program_folder.cpp", "src/cd_helper/disc.cpp",
                       "src/platform/processes/detached_process.cpp"}
 

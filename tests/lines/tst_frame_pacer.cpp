@@ -27,7 +27,7 @@ private:
     int m_painted = 0;
 };
 
-/// A widget on the screen, painted for the first time, and a pacer that has rested for a second.
+/// A widget on the screen, painted for the first time, and a pacer that has been idle for a second.
 struct Bench {
     platform::VirtualTime time{QDateTime(QDate(1998, 10, 3), QTime(12, 0))};
     FramePacer pacer{time, time};
@@ -48,7 +48,7 @@ struct Bench {
 
 }  // namespace
 
-/// Paints, at most sixty a second.
+/// Limits repaints to sixty a second.
 class TstFramePacer : public QObject {
     Q_OBJECT
 
@@ -104,7 +104,7 @@ void TstFramePacer::AForgottenWidgetIsLeftAlone() {
     pacer.Request(*widget);  // waits for its frame
     pacer.Forget(*widget);
     widget.reset();
-    time.Advance(100);  // would touch freed memory
+    time.Advance(100);  // a request that was kept would access the deleted widget
     QCOMPARE(time.UntilNext(), std::nullopt);
 }
 

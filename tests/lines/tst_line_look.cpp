@@ -9,7 +9,7 @@ using namespace tickwell;
 using namespace tickwell::lines;
 using namespace Qt::StringLiterals;
 
-/// Stored numbers, as Qt draws them.
+/// Stored styles, converted for drawing with Qt.
 class TstLineLook : public QObject {
     Q_OBJECT
 

@@ -15,7 +15,7 @@ namespace {
 
 constexpr QRgb kBlack = qRgb(0, 0, 0);
 
-/// A line of 100 x 20 at rest, white on black, with a frame every 20 ms and 4 pixels a frame.
+/// An idle line of 100 x 20 pixels, white on black, with a frame every 20 ms and 4 pixels per frame.
 struct Bench {
     platform::VirtualTime time{QDateTime(QDate(1998, 10, 3), QTime(12, 0))};
     FramePacer pacer{time, time};
@@ -31,7 +31,7 @@ struct Bench {
 
     QImage Picture() { return word.grab().toImage(); }
 
-    /// The columns and rows in which something other than background stands.
+    /// The bounding rectangle of all pixels that are not background.
     QRect Inked() {
         const QImage image = Picture();
         QRect inked;
@@ -48,7 +48,7 @@ struct Bench {
 
 }  // namespace
 
-/// The text line: texts at once and by wipe, its pictures, and what it tells.
+/// The text line: set and wiped texts, painting, and accessibility.
 class TstMovingWord : public QObject {
     Q_OBJECT
 
@@ -147,7 +147,7 @@ void TstMovingWord::AnIntervalOfZeroOrBelowIsOverAtOnce() {
         bench.word.ShowText(u"text"_s);
         QVERIFY(!bench.word.IsWiping());
         QCOMPARE(bench.word.Text(), u"text"_s);
-        QCOMPARE(bench.word.FrameInterval(), interval);  // kept as it was given
+        QCOMPARE(bench.word.FrameInterval(), interval);  // kept unchanged
     }
 }
 
@@ -163,7 +163,7 @@ void TstMovingWord::TheNewTextComesFromTheSideItsKindSays_data() {
     QTest::addColumn<qint32>("kind");
     QTest::addColumn<int>("milliseconds");
     QTest::addColumn<QRect>("shown");
-    // After half the way.
+    // About halfway.
     QTest::newRow("left to right") << kWipeLeftToRight << 240 << QRect(0, 0, 48, 20);
     QTest::newRow("right to left") << kWipeRightToLeft << 240 << QRect(52, 0, 48, 20);
     QTest::newRow("top to bottom") << kWipeTopToBottom << 40 << QRect(0, 0, 100, 8);
@@ -282,7 +282,7 @@ void TstMovingWord::AFrameOfAWipePaintsWhatTheEdgeHasPassed() {
     PaintWatch watch(bench.word);
     bench.word.ShowText(u"■■■■■■■"_s);
     QCoreApplication::processEvents();
-    QCOMPARE(watch.frames, 0);  // the old text stands there already
+    QCOMPARE(watch.frames, 0);  // the old text is on the screen already
     bench.time.Advance(20);
     QTRY_COMPARE(watch.frames, 1);
     QCOMPARE(watch.painted, QRegion(first));

@@ -7,7 +7,7 @@
 using namespace tickwell;
 using namespace tickwell::lines;
 
-/// Where the edge of a wipe stands, frame by frame.
+/// The position of a wipe's edge, frame by frame.
 class TstWipe : public QObject {
     Q_OBJECT
 
@@ -27,7 +27,7 @@ void TstWipe::ThePartsAreWhereTheyShouldBe_data() {
     QTest::addColumn<qint32>("kind");
     QTest::addColumn<QRect>("newPart");
     QTest::addColumn<QRect>("oldPart");
-    // A line of 100 x 20 with the edge 12 pixels on its way.
+    // A line of 100 x 20 with the edge advanced by 12 pixels.
     QTest::newRow("left to right") << 0 << QRect(0, 0, 12, 20) << QRect(12, 0, 88, 20);
     QTest::newRow("right to left") << 1 << QRect(88, 0, 12, 20) << QRect(0, 0, 88, 20);
     QTest::newRow("top to bottom") << 2 << QRect(0, 0, 100, 12) << QRect(0, 12, 100, 8);

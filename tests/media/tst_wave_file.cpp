@@ -70,7 +70,7 @@ void TstWaveFile::ChunksInBetweenAreSkipped() {
 
 void TstWaveFile::ACutFileGivesItsWholeFrames() {
     QByteArray bytes = WaveBytes({.channels = 2, .data = Samples16(8)});
-    bytes.chop(5);  // half of the last frame and one byte of the previous one
+    bytes.chop(5);  // the last frame and one byte of the previous one
     const auto wave = WaveOf(bytes);
     QVERIFY(wave);
     QVERIFY(wave->samples == (Values{0, 1, 2, 3}));

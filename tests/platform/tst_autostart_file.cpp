@@ -42,7 +42,7 @@ struct Bench {
     }
 };
 
-/// 0 if it is refused with the name of the file, as expected.
+/// 0 if Set throws an error that names the file, as expected.
 int Refused(const Bench& bench, bool on) {
     try {
         bench.File().Set(on);

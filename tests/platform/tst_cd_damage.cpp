@@ -87,7 +87,7 @@ private Q_SLOTS:
     void WhatIsNoImageFileIsNotRead();
 };
 
-/// A helper built with sanitizers reports its crashes at length, and also memory that libcdio does not free.
+/// Silences the sanitizers in the helper: crashes are expected here, and libcdio leaks memory.
 void TstCdDamage::initTestCase() {
     qputenv("ASAN_OPTIONS", qgetenv("ASAN_OPTIONS") + ":detect_leaks=0:log_path=/dev/null");
 }

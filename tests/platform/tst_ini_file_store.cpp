@@ -19,7 +19,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// 0 if saving failed, as expected if the disk or the permissions refuse it.
+/// 0 if saving throws RunTimeError, as expected.
 int SaveFails(const QString& path) {
     try {
         IniFileStore store(path);

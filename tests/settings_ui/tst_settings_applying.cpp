@@ -9,7 +9,7 @@ using namespace tickwell;
 using namespace tickwell::settings_ui;
 using namespace Qt::StringLiterals;
 
-/// What the main window has of the settings after Apply, OK and Cancel.
+/// The settings that the main window uses after Apply, OK and Cancel.
 class TstSettingsApplying : public QObject {
     Q_OBJECT
 

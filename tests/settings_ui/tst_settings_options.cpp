@@ -9,7 +9,7 @@ using namespace tickwell;
 using namespace tickwell::settings_ui;
 using namespace Qt::StringLiterals;
 
-/// What the controls show of the stored settings, and what the settings are after they were used.
+/// How the controls show the stored settings, and which settings result from using them.
 class TstSettingsOptions : public QObject {
     Q_OBJECT
 

@@ -16,7 +16,7 @@ namespace tickwell::shell {
 
 inline constexpr int kStartUp = 11'000;  // ms until the main window starts the stored function
 
-/// The main window, with a real day database, and with all else in the test's hands.
+/// The main window with a real day database; everything else is controlled by the test.
 struct MainWindowBench : displays::DisplaysBench {
     FakeSettingsStore store;
     store::DayStore dayStore;

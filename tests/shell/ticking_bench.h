@@ -12,8 +12,8 @@ namespace tickwell::shell {
 inline constexpr int kHour = 3'600'000;               // ms
 inline constexpr qint64 kTickTurn = qint64{1} << 31;  // ms after which the tick counter changes its sign
 
-/// The main window with this function and language, which has just started; the wall clock stands within a
-/// second. `tick`: the tick counter before the start, in ms.
+/// The main window with this function and language, just started; the wall clock is between two full seconds.
+/// `tick`: the tick counter before the start, in ms.
 struct TickingBench : MainWindowBench {
     explicit TickingBench(int function = 0, qint64 tick = 307'000, int language = 0) {
         store.Put(QStringLiteral("SetUp"), QStringLiteral("Function"), QString::number(function));
@@ -26,7 +26,7 @@ struct TickingBench : MainWindowBench {
         time.Advance(kStartUp);
     }
 
-    /// How often some timer ticks; ticks less than three milliseconds after one that counted do not count.
+    /// The number of wake-ups by timers. Ticks within three milliseconds of a wake-up belong to it.
     int WakeUps(qint64 milliseconds) {
         constexpr int kApart = 3;
         int wakeUps = 0;
@@ -41,7 +41,7 @@ struct TickingBench : MainWindowBench {
         return wakeUps;
     }
 
-    /// The longest time, in ms, for which the lower line was seen to show anything but what `expected` says.
+    /// The longest time in ms during which the lower line showed anything but `expected`.
     template <typename Expected>
     qint64 MostLate(qint64 milliseconds, Expected expected) {
         constexpr int kLook = 10;

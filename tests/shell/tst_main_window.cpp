@@ -137,7 +137,7 @@ void TstMainWindow::AFunctionOutsideLeavesTheLinesAlone() {
     bench.time.Advance(60'000);
     QCOMPARE(bench.Upper().Text(), u"Tickwell Ver.2"_s);
     QCOMPARE(bench.Lower().Text(), QString());
-    QCOMPARE(bench.time.UntilNext(), 1000);  // it still puts itself above the others
+    QCOMPARE(bench.time.UntilNext(), 1000);  // the timer that keeps the window on top
     bench.form->close();
     QCOMPARE(bench.store.Values().value({u"SetUp"_s, u"Function"_s}), u"99"_s);
 }
@@ -159,7 +159,7 @@ void TstMainWindow::TheLinesTakeTheirStyles() {
     QCOMPARE(bench.Lower().WipeKind(), 1);
     QCOMPARE(bench.Upper().FrameInterval(), 20);
     QCOMPARE(bench.Upper().StepSize(), 6);  // 20 * 25 / 100 + 1
-    QCOMPARE(bench.Lower().StepSize(), 4);  // 3.5 to even
+    QCOMPARE(bench.Lower().StepSize(), 4);  // 3.5, rounded half to even
 }
 
 void TstMainWindow::AFastWipeIsPassedOnUnchecked() {

@@ -44,8 +44,8 @@ struct Bench : public MainWindowBench {
 
 }  // namespace
 
-/// What stands on the main window's lines when the windows of other functions write to them, and when the
-/// player's reading changes.
+/// What the main window's lines show when the windows of other functions write to them, and when the player's
+/// reading changes.
 class TstMainWindowLines : public QObject {
     Q_OBJECT
 
@@ -78,10 +78,10 @@ void TstMainWindowLines::AStandingStopwatchShowsItsReadingAtTheNextTick() {
     bench.SetSeconds(34);
     const QAccessibleInterface* line = QAccessible::queryAccessibleInterface(&bench.Lower());
     QCOMPARE(line->text(QAccessible::Name), u"0:00'00\"000"_s);
-    QCOMPARE(bench.Lower().Text(), u"0:00'00\"000"_s);  // a screen reader is told what is shown
+    QCOMPARE(bench.Lower().Text(), u"0:00'00\"000"_s);  // a screen reader gets what is shown
 }
 
-/// A stop switches the stopwatch's tick off.
+/// Stopping the stopwatch stops its timer.
 void TstMainWindowLines::AStoppedStopwatchShowsItsReadingAgain() {
     Bench bench(2);
     bench.Press("StopForm", "Command1");

@@ -185,7 +185,7 @@ void TstMainWindowShell::AnIconifiedWindowIsBackWithTheNextLook() {
     QVERIFY(bench.stack.declared.size() > declared);
     QCOMPARE(bench.stack.raised, QList<quintptr>{bench.form->winId()});
     QCOMPARE(bench.form->geometry(), before);
-    QVERIFY(bench.stack.brought.isEmpty());  // where the user looks is his own affair
+    QVERIFY(bench.stack.brought.isEmpty());  // it does not follow the user to another workspace
 }
 
 void TstMainWindowShell::ItStaysIconifiedWhileItsMenuIsOpen() {
@@ -220,7 +220,7 @@ void TstMainWindowShell::AWindowThatWasNotTakenInIsShownAgainOnce() {
 void TstMainWindowShell::AWindowThatIsOnTheScreenIsNotHiddenWhileItSettles() {
     MainWindowBench bench;
     bench.Start();
-    QVERIFY(!bench.form->windowHandle()->isExposed());  // Qt has not heard of it yet; a click would be lost
+    QVERIFY(!bench.form->windowHandle()->isExposed());  // Qt was not notified; hiding it could lose a click
     bench.time.Advance(kStartUp);
     QCOMPARE(bench.stack.declared.size(), 1);
 }
@@ -229,7 +229,7 @@ void TstMainWindowShell::ASecondStartBringsAnIconifiedWindowBack() {
     MainWindowBench bench;
     bench.Start();
     bench.form->setWindowState(Qt::WindowMinimized);
-    bench.form->ComeForward();  // during the start-up delay already
+    bench.form->ComeForward();  // already during the start-up delay
     QVERIFY(!bench.form->isMinimized());
     QVERIFY(bench.form->isVisible());
     QCOMPARE(bench.stack.raised, QList<quintptr>{bench.form->winId()});

@@ -9,7 +9,7 @@ using namespace tickwell;
 using namespace tickwell::shell;
 using namespace Qt::StringLiterals;
 
-/// How soon the main window notices what changes, and how seldom it wakes up for that.
+/// How soon the main window notices changes, and how rarely it wakes up for that.
 class TstMainWindowTicks : public QObject {
     Q_OBJECT
 
@@ -48,7 +48,7 @@ void TstMainWindowTicks::TheTimeIsShownWithin200Milliseconds() {
 
 void TstMainWindowTicks::TheShownClockWakesAboutOnceASecond() {
     TickingBench bench;
-    // The seconds, and the upper line's turns. To keep above, it wakes with a second.
+    // Each second, and each rotation of the upper line. The keep-top timer ticks together with a second.
     const int wakeUps = bench.WakeUps(kHour);
     QVERIFY2(wakeUps >= 3600 && wakeUps <= 3600 + 360 + 60, qPrintable(QString::number(wakeUps)));
     QVERIFY(bench.stack.raised.size() >= 1800);
@@ -119,7 +119,7 @@ void TstMainWindowTicks::TheTimeSignalComesWithinASecondOfAClockThatIsSet() {
 
 void TstMainWindowTicks::ARaisedFlagIsNoticedThoughTheClockSleeps() {
     TickingBench bench(0, 307'000, 2);
-    bench.time.Advance(9700);  // the upper line has its turn in 300 ms
+    bench.time.Advance(9700);  // the upper line rotates in 300 ms
     bench.dayStore.Raw("INSERT INTO Kinenbi(Name,Year,Month,Day,Week) VALUES ('新しい',0,11,15,0)");
     bench.form->RaiseRefresh();
     bench.time.Advance(300);
@@ -177,13 +177,13 @@ void TstMainWindowTicks::TheRunningStopwatchIsPacedToTheScreen() {
         lastDigits.insert(bench.Lower().Text().back());
     }
     QVERIFY2(shown.size() >= 500 && shown.size() <= 600, qPrintable(QString::number(shown.size())));
-    QCOMPARE(lastDigits.size(), 10);  // all of its digits run
+    QCOMPARE(lastDigits.size(), 10);  // the last digit takes every value
 }
 
 void TstMainWindowTicks::AStandingStopwatchWakesNobody() {
     TickingBench bench(2);
     const int wakeUps = bench.WakeUps(kHour);
-    QVERIFY2(wakeUps <= 1800 + 130, qPrintable(QString::number(wakeUps)));  // to keep above
+    QVERIFY2(wakeUps <= 1800 + 130, qPrintable(QString::number(wakeUps)));  // ticks of the keep-top timer
 }
 
 void TstMainWindowTicks::AReaderIsToldTheReadingOfTheMoment() {

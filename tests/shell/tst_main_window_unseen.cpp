@@ -7,8 +7,7 @@ using namespace tickwell;
 using namespace tickwell::shell;
 using namespace Qt::StringLiterals;
 
-/// How seldom the main window wakes up while it is in the notification area, and what it shows when it is
-/// back.
+/// How rarely the main window wakes up while it is in the notification area, and what it shows afterwards.
 class TstMainWindowUnseen : public QObject {
     Q_OBJECT
 
@@ -105,7 +104,7 @@ void TstMainWindowUnseen::BackInSightTheReadingIsRightAtOnce() {
     bench.TakeBack();
     QCOMPARE(bench.Lower().Text(), bench.ElapsedNow());
     bench.time.Advance(1000);
-    QVERIFY(bench.Lower().Text() >= u"0:20'35\"550"_s);  // a frame behind at most
+    QVERIFY(bench.Lower().Text() >= u"0:20'35\"550"_s);  // at most one frame late
 }
 
 void TstMainWindowUnseen::UnseenCyclesComeInTime() {

@@ -91,7 +91,7 @@ void TstTrayStorage::AnAreaThatIsGoneGivesTheWindowBack() {
     QVERIFY(bench.storage.IsStored());
     bench.tray.SetThere(false);
     bench.time.Advance(2000);
-    QVERIFY(bench.storage.IsStored());  // one look may fall between two panels
+    QVERIFY(bench.storage.IsStored());  // a single check may fall into a panel's restart
     bench.time.Advance(2000);
     QVERIFY(!bench.storage.IsStored());
     QCOMPARE(bench.told, (QList<bool>{true, false}));
@@ -152,7 +152,7 @@ void TstTrayStorage::WithoutAnIconTheWindowStays() {
     QCOMPARE(bench.told, QList<bool>());
     QCOMPARE(bench.time.UntilNext(), std::nullopt);
     bench.tray.isSlow = false;
-    bench.storage.Store();  // the next time it may work
+    bench.storage.Store();  // a later attempt can succeed
     QCOMPARE(bench.told, QList<bool>{true});
 }
 

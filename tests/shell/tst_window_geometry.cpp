@@ -6,7 +6,7 @@
 using namespace tickwell;
 using namespace tickwell::shell;
 
-/// Twips and pixels, and where the lines lie.
+/// The conversion of twips, and the layout of the lines.
 class TstWindowGeometry : public QObject {
     Q_OBJECT
 
@@ -71,7 +71,7 @@ void TstWindowGeometry::AManagerThatKnowsBetterWinsInTheEnd() {
     GeometryKeeper keeper;
     keeper.Set({.width = 2505, .top = 0, .left = 0});
     int putBack = 0;
-    while (keeper.Moved({0, 25})) {  // below a panel
+    while (keeper.Moved({0, 25})) {  // the window manager moves it below a panel
         ++putBack;
     }
     QCOMPARE(putBack, 5);

@@ -116,7 +116,7 @@ void TstJetText::AnUnknownCodePageIsRefused() {
 }
 
 void TstJetText::AColumnsOwnCodePageCounts() {
-    const JetPages pages(JetSample(u"jet3_empty.mdb"_s));  // 932
+    const JetPages pages(JetSample(u"jet3_empty.mdb"_s));  // code page 932
     const ByteView bytes(QByteArrayView("\xC8"));
     QCOMPARE(JetText(pages).Decode(bytes), u"ﾈ"_s);
     QCOMPARE(JetText(pages, 1252).Decode(bytes), u"È"_s);

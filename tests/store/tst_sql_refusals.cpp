@@ -166,7 +166,7 @@ void AddStoredValues() {
 
 }  // namespace
 
-/// Everything that is not a statement of the day database's language.
+/// Statements outside the day database's SQL subset.
 class TstSqlRefusals : public QObject {
     Q_OBJECT
 

@@ -10,7 +10,7 @@ using namespace tickwell;
 
 namespace {
 
-/// Set in the process that is to end for want of a child or window.
+/// Set in the child process that must abort because a child or window is missing.
 constexpr const char* kLooksInVain = "TICKWELL_LOOKS_IN_VAIN";
 
 /// A parent with a named child, which has a named and an unnamed one.

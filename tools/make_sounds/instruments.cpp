@@ -71,8 +71,8 @@ public:
     void Shape(const Formants& vowel) {
         for (std::size_t k = 0; k < vowel.size(); ++k) {
             m_hollows[k].Tune(vowel[k].centre, vowel[k].bandwidth);
-            // Neighbours have opposite signs; otherwise they would cancel each other halfway between their
-            // pitches.
+            // Adjacent formants have opposite signs; otherwise they would cancel each other between their
+            // frequencies.
             m_levels[k] = k % 2 == 0 ? vowel[k].level : -vowel[k].level;
         }
     }

@@ -5,9 +5,9 @@
 
 namespace tickwell {
 
-/// Where the window manager keeps a window of this program: above the others, on all workspaces, out of
-/// taskbar and pager. Windows are named by their number in the window system. No function moves, sizes or
-/// shows a window or gives it the focus, and none waits for the window manager.
+/// How the window manager treats a window of this program: above the others, on all workspaces, in neither
+/// taskbar nor pager. Windows are identified by their window system ids. No function moves, resizes or shows
+/// a window or gives it the focus, and none waits for the window manager.
 class WindowStack {
 public:
     virtual ~WindowStack() = default;
@@ -27,9 +27,9 @@ public:
     /// Moves a window to the current workspace, and ends "show desktop".
     virtual void BringToUser(quintptr window) = 0;
 
-    /// Whether a window that should be shown is iconified, or has no window manager taking care of it
-    /// although there is one. It then has to be hidden and shown again. False while the window manager shows
-    /// the bare desktop: it gives the window back by itself.
+    /// Whether a window that should be shown is iconified, or unmanaged although a window manager is running.
+    /// It then has to be hidden and shown again. False while the window manager shows the desktop: it
+    /// restores the window itself.
     virtual bool IsLost(quintptr window) = 0;
 };
 

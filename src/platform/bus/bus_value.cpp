@@ -8,7 +8,7 @@ namespace tickwell::platform {
 
 namespace {
 
-/// `Wire`: how sd-bus hands the type out; `Value`: what stands for it.
+/// `Wire`: the C type that sd-bus returns; `Value`: the type in the QVariant.
 template <typename Wire, typename Value>
 QVariant TakeNumber(sd_bus_message* message, char type) {
     Wire number{};

@@ -7,10 +7,10 @@
 
 namespace tickwell::platform {
 
-/// Reads the next value of a message: bool, int, uint, qlonglong, qulonglong, double or QString as the
-/// message's own type says, the contents of a variant, and a dictionary of variants as a QVariantMap. Values
-/// of other types are skipped and returned as invalid, as is the value after the last or in a damaged
-/// message.
+/// Reads the next value of a message. The result contains a bool, int, uint, qlonglong, qulonglong, double or
+/// QString, according to the type in the message; the contents of a variant; or a dictionary of variants as a
+/// QVariantMap. A value of another type is skipped. In that case, at the end of the message and if it is
+/// damaged, the result is invalid.
 QVariant TakeBusValue(sd_bus_message* message);
 
 }  // namespace tickwell::platform

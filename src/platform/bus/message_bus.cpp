@@ -13,7 +13,7 @@ namespace tickwell::platform {
 
 namespace {
 
-constexpr quint64 kNoTimeout = std::numeric_limits<quint64>::max();  // the deadlines are kept here
+constexpr quint64 kNoTimeout = std::numeric_limits<quint64>::max();  // this class has deadlines of its own
 
 }  // namespace
 
@@ -25,7 +25,7 @@ struct MessageBus::Unref {
 struct MessageBus::Waiting {
     Answer onAnswer;
     QDeadlineTimer deadline{kPatience};
-    std::unique_ptr<sd_bus_slot, Unref> slot;  // a late reply is not heard once this is gone
+    std::unique_ptr<sd_bus_slot, Unref> slot;  // destroying it discards a late reply
     bool isDone = false;
     Reply reply;
 };
@@ -64,7 +64,7 @@ void MessageBus::Listen(QByteArrayList rules, std::function<void()> onSignal) {
     m_onSignal = std::move(onSignal);
 }
 
-/// Begins to connect; false if that fails at once.
+/// Starts to connect; false if that fails at once.
 bool MessageBus::Open() {
     const int error = m_kind == Kind::Session ? sd_bus_open_user_with_description(&m_bus, "tickwell")
                                               : sd_bus_open_system_with_description(&m_bus, "tickwell");
@@ -77,7 +77,7 @@ bool MessageBus::Open() {
     });
 }
 
-/// Those that still wait get no reply.
+/// Pending calls get no reply.
 void MessageBus::Close() {
     m_readable.reset();
     m_writable.reset();
@@ -126,7 +126,7 @@ int MessageBus::TakeSignal(sd_bus_message* /*signal*/, void* bus, sd_bus_error* 
     return 0;
 }
 
-/// Lets sd-bus do what it can do now. Answers and signals are told afterwards, outside of its callbacks.
+/// Lets sd-bus process pending events. Replies and signals are delivered later, outside of its callbacks.
 void MessageBus::Process() {
     const bool wasReady = sd_bus_is_ready(m_bus) > 0;
     int progress = 0;
@@ -140,7 +140,7 @@ void MessageBus::Process() {
     Watch();
 }
 
-/// Waits for what sd-bus waits for. Its descriptor may be another one after each step of connecting.
+/// Waits for the events that sd-bus needs. Its descriptor may change with each step of connecting.
 void MessageBus::Watch() {
     if (m_bus == nullptr) {
         return;
@@ -164,7 +164,7 @@ void MessageBus::Watch() {
     watch(m_writable, QSocketNotifier::Write, POLLOUT);
 }
 
-/// Ends the calls whose time is over. A bus that has not even let us in by then is left.
+/// Ends the calls whose deadline has passed, and closes a connection that is not established by then.
 void MessageBus::GiveUp() {
     for (const auto& waiting : m_waiting) {
         if (waiting->deadline.hasExpired()) {
@@ -179,7 +179,7 @@ void MessageBus::GiveUp() {
     Deliver();
 }
 
-/// Answers all calls that are done; they may call again.
+/// Delivers the replies of completed calls; the callbacks may make new calls.
 void MessageBus::Deliver() {
     const auto isDone = [](const std::unique_ptr<Waiting>& waiting) { return waiting->isDone; };
     for (auto done = m_waiting.begin();

@@ -16,7 +16,7 @@ namespace {
 constexpr auto kAddress = "DBUS_SESSION_BUS_ADDRESS";
 constexpr int kPatience = 1000;  // ms
 
-/// False if there is none, too: Qt finds that out at once.
+/// Whether the bus does not answer in time. False if there is none: Qt detects that at once.
 bool Hangs(sd_bus* bus) {
     const QDeadlineTimer deadline(kPatience);
     while (sd_bus_is_ready(bus) == 0) {
@@ -55,7 +55,7 @@ void SessionBusLook::Finish() {
     if (!m_hangs) {
         return;
     }
-    QDBusConnection::sessionBus();  // fails at once, and is not tried again
+    QDBusConnection::sessionBus();  // fails at once, and Qt does not try again
     if (m_address) {
         qputenv(kAddress, *m_address);
     } else {

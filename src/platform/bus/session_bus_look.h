@@ -14,12 +14,12 @@ public:
     /// Qt is made to find none.
     SessionBusLook();
 
-    /// To be called right after the QApplication was constructed: makes Qt settle on the bus for the whole
-    /// run, and restores the environment for programs that are started later.
+    /// To be called right after the QApplication was constructed: makes Qt give up a bus that hangs for the
+    /// whole run, and restores the environment for programs that are started later.
     void Finish();
 
 private:
-    std::optional<QByteArray> m_address;  // the original value, while Qt is kept from the bus
+    std::optional<QByteArray> m_address;  // the original value, while it is replaced
     bool m_hangs = false;
 };
 

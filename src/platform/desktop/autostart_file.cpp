@@ -27,7 +27,7 @@ const QString& Section() {
     return section;
 }
 
-/// Nothing if the file cannot be read: a desktop starts nothing then either.
+/// Empty if the file cannot be read: the desktop starts nothing in that case either.
 QByteArray Contents(const QString& path) {
     constexpr qint64 kLargest = qint64{64} << 10;
     FileContents contents = ReadRegularFile(path, kLargest);
@@ -37,13 +37,13 @@ QByteArray Contents(const QString& path) {
     return contents.bytes;
 }
 
-/// Whether a desktop starts what this entry names.
+/// Whether a desktop starts the program of this entry.
 bool Starts(const QByteArray& entry) {
     const IniDocument document(entry);
     const auto value = [&document](const QString& key) { return document.Value(Section(), key); };
     const auto program = value(u"TryExec"_s);
     return value(u"Exec"_s) && value(u"Hidden"_s) != "true" &&
-           value(u"X-GNOME-Autostart-enabled"_s) != "false" &&  // what several desktops' settings write
+           value(u"X-GNOME-Autostart-enabled"_s) != "false" &&  // written by the settings of several desktops
            (!program || !QStandardPaths::findExecutable(QString::fromUtf8(*program)).isEmpty());
 }
 
@@ -54,7 +54,7 @@ IniDocument NamedEntry() {
     return entry;
 }
 
-/// A program that was removed since is passed over at the login without a word.
+/// Contains TryExec: if the program was removed, the desktop silently ignores the entry.
 QByteArray StartingEntry(const QStringList& command) {
     IniDocument entry = NamedEntry();
     entry.SetValue(Section(), u"Comment"_s, u"A clock that stays on the desktop"_s);
@@ -117,7 +117,7 @@ void AutostartFile::Write(const QByteArray& entry) const {
     RemoveUnfinished(path);
     const QFileInfo old(path);
     if (old.isSymLink() && !old.isFile()) {
-        Remove();  // a link to /dev/null is how some users hide an entry: it is replaced, and not the device
+        Remove();  // some users hide an entry with a link to /dev/null: replaces the link, not the device
     }
     if (const QString reason = ReplaceFile(path, entry); !reason.isEmpty()) {
         throw FileError(what, path, reason);

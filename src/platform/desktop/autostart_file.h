@@ -18,7 +18,7 @@ public:
     bool IsOn() const override;
     void Set(bool on) override;
 
-    /// autostart in $XDG_CONFIG_HOME, then in each of $XDG_CONFIG_DIRS, or in what stands for them.
+    /// autostart in $XDG_CONFIG_HOME, then in each of $XDG_CONFIG_DIRS, or in their defaults.
     static QStringList Folders();
 
 private:

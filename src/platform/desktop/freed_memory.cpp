@@ -13,14 +13,13 @@ namespace tickwell::platform {
 
 namespace {
 
-constexpr int kLargeBlock =
-    128 * 1024;  // bytes; the library's own start, which it raises as it meets larger ones
-constexpr int kKeptAtTop = 64 * 1024;  // bytes that stay ours at the end of the heap
+constexpr int kLargeBlock = 128 * 1024;  // bytes; the initial value of glibc, which otherwise raises it
+constexpr int kKeptAtTop = 64 * 1024;    // free bytes kept at the end of the heap
 
 constexpr QSize kNoPicture(1, 1);
 
-/// A window keeps its picture while it is hidden. When it is shown it sees that the size is another, and
-/// draws itself anew.
+/// A hidden window keeps its backing store. When it is shown again, it notices the other size and repaints
+/// completely.
 void DropHiddenPictures() {
     for (const QWidget* window : QApplication::topLevelWidgets()) {
         QBackingStore* picture = window->isVisible() ? nullptr : window->backingStore();
@@ -30,15 +29,14 @@ void DropHiddenPictures() {
         const bool isInSystem = window->windowHandle()->handle() != nullptr;
         picture->resize(kNoPicture);
         if (!isInSystem) {
-            window->windowHandle()
-                ->destroy();  // closed before; resizing brought it back into the window system
+            window->windowHandle()->destroy();  // it was closed: resizing has created its native window again
         }
     }
 }
 
 }  // namespace
 
-// What mallopt refuses stays as it was: more memory, and nothing else.
+// Errors of mallopt are ignored: they only cost memory.
 void KeepHeapSmall() {
     mallopt(M_ARENA_MAX, 1);
     mallopt(M_MMAP_THRESHOLD, kLargeBlock);

@@ -42,8 +42,8 @@ MessageAnswer AnswerOf(int button) {
     }
 }
 
-/// The window of `owner`, if it is on the screen. A menu is gone before its box is seen: the window below it
-/// counts.
+/// The window of `owner` if it is visible. For an object in a menu, which is closed before the box appears,
+/// the window below the menu.
 QWidget* WindowOf(const QObject* owner) {
     for (; owner != nullptr; owner = owner->parent()) {
         const auto* widget = qobject_cast<const QWidget*>(owner);
@@ -58,8 +58,8 @@ QMessageBox* MakeBox(const QObject* owner, const Message& message, QMessageBox::
     auto* box = new QMessageBox(WindowOf(owner));
     box->setAttribute(Qt::WA_DeleteOnClose);
     box->setWindowFlag(Qt::WindowStaysOnTopHint);
-    // QMessageBox's own function would take the window flags away. Without a window the box blocks nothing,
-    // and the windows that are modal by then do not block it.
+    // QMessageBox::setWindowModality would reset the window flags. Without a parent the box blocks nothing,
+    // and windows that are already modal do not block it.
     box->QDialog::setWindowModality(Qt::WindowModal);
     box->setIcon(IconOf(message.icon));
     box->setWindowTitle(message.title);
@@ -96,13 +96,13 @@ private:
 void OpenBoxes::Open(QMessageBox* box, std::function<void(int button)> onClosed) {
     const auto callback = std::make_shared<std::function<void(int)>>(std::move(onClosed));
     connect(box, &QDialog::finished, this, [callback](int button) {
-        // A second press can have been on its way when the first closed the box.
+        // A second press may have been queued when the first one closed the box.
         if (const auto closed = std::exchange(*callback, nullptr)) {
             closed(button);
         }
     });
     connect(box, &QObject::destroyed, this, [this, callback] {
-        if (*callback) {  // its window is being destroyed: what the callback works with may be half gone
+        if (*callback) {  // its window is being destroyed, and maybe objects that the callback uses
             QMetaObject::invokeMethod(
                 this, [callback] { (*callback)(QMessageBox::NoButton); }, Qt::QueuedConnection);
         }
@@ -113,7 +113,8 @@ void OpenBoxes::Open(QMessageBox* box, std::function<void(int button)> onClosed)
     box->show();
 }
 
-/// A box can be blocked by a later box of the same window as well; that one is to be answered first.
+/// Only an application-modal window matters: a later box of the same window also blocks a box, and must be
+/// answered first.
 bool OpenBoxes::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::WindowBlocked && !m_isShownAgain) {
         const QWindow* modal = QGuiApplication::modalWindow();  // the latest
@@ -125,8 +126,9 @@ bool OpenBoxes::eventFilter(QObject* watched, QEvent* event) {
     return QObject::eventFilter(watched, event);
 }
 
-/// Of two modal windows the one that was shown later blocks the other. Each box gets another X11 window: a
-/// window manager that has yet to see the old one go would take the states of the new one away with it.
+/// Of two modal windows, the one shown later blocks the other. Each box gets a new X11 window: a window
+/// manager that has not handled the unmapping of the old one yet would remove the states of the new one with
+/// it.
 void OpenBoxes::ShowAgain() {
     m_isShownAgain = false;
     const QList<QPointer<QMessageBox>> boxes = m_boxes;

@@ -17,11 +17,11 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kRetry = 2000;  // ms, after which a bus that hung is asked again
+constexpr int kRetry = 2000;  // ms until a bus that did not answer is asked again
 
 constexpr auto kWatcher = "org.kde.StatusNotifierWatcher";
 
-/// Whether a host of the session bus shows icons.
+/// The query whether a host on the session bus shows icons.
 MessageBus::Method HostQuestion() {
     return {kWatcher,
             "/StatusNotifierWatcher",
@@ -30,12 +30,12 @@ MessageBus::Method HostQuestion() {
             {kWatcher, "IsStatusNotifierHostRegistered"}};
 }
 
-/// What only the bus itself has to answer.
+/// A query that the bus itself answers.
 MessageBus::Method BusQuestion() {
     return {"org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus", "GetId", {}};
 }
 
-/// Whether a window of the X11 screen takes icons in.
+/// Whether the X11 screen has a system tray.
 bool ScreenHostIsThere() {
     auto* x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
     if (x11 == nullptr) {
@@ -75,8 +75,8 @@ QtTray::QtTray(std::function<QIcon()> icon) : m_icon(std::move(icon)) {
     QTimer::singleShot(0, &m_retry, [this] { Look(); });
 }
 
-/// No event loop will come to remove an icon. One of the bus goes with our connection: Qt would wait for a
-/// bus that hangs.
+/// No event loop runs any more that could remove an icon. An icon on the bus is leaked and disappears with
+/// our connection: deleting it would block if the bus hangs.
 QtTray::~QtTray() {
     m_leaving.push_back(std::move(m_tray));
     for (Icon& icon : m_leaving) {
@@ -115,12 +115,12 @@ void QtTray::Look() {
     });
 }
 
-/// A host is of use only if Qt is on the bus as well. Qt does not come back to a bus that was lost, but once
-/// it speaks to hosts of the bus it connects anew for each icon.
+/// A host is only usable if Qt is connected to the bus as well. Qt does not reconnect to a lost bus, but once
+/// it uses hosts on the bus it opens a new connection for each icon.
 void QtTray::TakeBusHost(const MessageBus::Reply& reply) {
     const bool hasHost =
         reply.value == QVariant(true) &&
-        (m_kind == HostKind::Bus || QDBusConnection::sessionBus().isConnected());  // it answers: no waiting
+        (m_kind == HostKind::Bus || QDBusConnection::sessionBus().isConnected());  // it answers: no blocking
     const bool isOther = hasHost != m_hasBusHost || reply.hangs != m_busHangs;
     m_hasBusHost = hasHost;
     m_busHangs = reply.hangs;

@@ -42,7 +42,7 @@ private:
         std::function<void(bool isShown)> onShown;
     };
 
-    /// The kind of hosts that Qt uses. It decides with the first icon, for the whole run.
+    /// The kind of hosts that Qt uses, decided by the first icon for the whole run.
     enum class HostKind { Undecided, Bus, Screen };
 
     bool IsKnownThere() const;

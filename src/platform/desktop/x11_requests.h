@@ -18,7 +18,7 @@ struct XcbFree {
 template <typename Reply>
 using XcbReply = std::unique_ptr<Reply, XcbFree>;
 
-/// The connection that Qt holds; null without X11. Qt keeps it.
+/// Qt's connection, owned by Qt; null without X11.
 xcb_connection_t* X11Connection();
 
 xcb_window_t RootOf(xcb_connection_t* server);
@@ -26,7 +26,7 @@ xcb_window_t RootOf(xcb_connection_t* server);
 /// Requests a property of 32-bit items, at most 4096 of them. The answer is read by ItemsOf.
 xcb_get_property_cookie_t RequestItems(xcb_connection_t* server, xcb_window_t window, xcb_atom_t property);
 
-/// The items of a requested property; empty if it is missing, of another shape, or its window is gone.
+/// The items of a requested property; empty if it is missing, has another format, or its window is gone.
 QList<quint32> ItemsOf(xcb_connection_t* server, xcb_get_property_cookie_t request);
 
 /// Sends a client message about `window` to the root window, where the window manager listens. It is not

@@ -91,7 +91,7 @@ void X11Stack::SendDeclared(xcb_connection_t* server, quint32 window) const {
     SendToManager(server, window, Atom(State),
                   {kAddState, Atom(SkipTaskbar), Atom(SkipPager), kFromApplication, 0});
     SendToManager(server, window, Atom(State), {kAddState, Atom(Above), Atom(Sticky), kFromApplication, 0});
-    // Not every window manager takes the state for the workspaces: openbox knows their number alone.
+    // Not every window manager supports the sticky state: openbox supports only the desktop number.
     SendToManager(server, window, Atom(Desktop), {kAllDesktops, kFromApplication, 0, 0, 0});
 }
 
@@ -101,7 +101,7 @@ bool X11Stack::HasDeclared(const Kept& kept) const {
     return isEverywhere && kept.states.contains(Atom(SkipTaskbar)) && kept.states.contains(Atom(SkipPager));
 }
 
-/// A window manager that has refused once is not asked again until it changes what it keeps.
+/// A window manager that has refused is not asked again until the states that it keeps change.
 void X11Stack::AskAgain(xcb_connection_t* server, quint32 window, const Kept& kept) {
     if (HasDeclared(kept)) {
         m_refused = {};
@@ -117,7 +117,7 @@ void X11Stack::PutAbove(quintptr window) {
         return;
     }
     const auto ours = static_cast<xcb_window_t>(window);
-    // All requested before the first answer is read: each answer waited for on its own is one more wake-up.
+    // All requests are sent before the first reply is read: each separate wait would be one more wake-up.
     const auto checkWindow = RequestItems(server, RootOf(server), Atom(CheckWindow));
     const auto stacking = RequestItems(server, RootOf(server), Atom(Stacking));
     const auto states = RequestItems(server, ours, Atom(State));
@@ -129,7 +129,7 @@ void X11Stack::PutAbove(quintptr window) {
         const quint32 above = XCB_STACK_MODE_ABOVE;
         xcb_configure_window(server, ours, XCB_CONFIG_WINDOW_STACK_MODE, &above);
     } else {
-        // A manager that has nothing to do is left alone.
+        // Requests nothing that is already so.
         const bool isTop = !stack.isEmpty() && stack.constLast() == ours;
         if (!isTop || !kept.states.contains(Atom(Above))) {
             SendToManager(server, ours, Atom(State), {kAddState, Atom(Above), 0, kFromApplication, 0});
@@ -156,7 +156,7 @@ void X11Stack::BringToUser(quintptr window) {
     const QList<quint32> kept = ItemsOf(server, desktop);
     const bool isElsewhere = !kept.isEmpty() && kept.constFirst() != kAllDesktops && kept != here;
     if (isElsewhere && !here.isEmpty()) {
-        // First here, then everywhere: a manager that refuses the second has still done the first.
+        // First the current desktop, then all: if the window manager refuses the latter, the former is done.
         SendToManager(server, ours, Atom(Desktop), {here.constFirst(), kFromPager, 0, 0, 0});
         SendDeclared(server, ours);
     }

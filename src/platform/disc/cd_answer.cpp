@@ -23,7 +23,7 @@ constexpr std::array kWordsAlone{Word{cd_helper::kNoDisc, media::CdStatus::NoDis
 /// A line "word 321" of the contents.
 struct ContentsLine {
     QByteArray word;
-    int sector = -1;  // -1 where the line is not one
+    int sector = -1;  // -1 if the line has another format
 };
 
 ContentsLine LineOf(const QByteArray& text) {

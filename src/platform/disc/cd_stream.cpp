@@ -14,9 +14,9 @@ namespace {
 
 constexpr media::SoundFormat kDiscFormat{44100, 2};
 constexpr qsizetype kFrameBytes = 4;
-constexpr qint64 kAhead = 3 * qint64{44100};  // frames that are queued at most: a bad sector takes its time
+constexpr qint64 kAhead = 3 * qint64{44100};        // frames queued at most: reading a bad sector takes long
 constexpr qint64 kToBegin = 2 * qint64{44100} / 5;  // frames, 0.4 s
-constexpr int kLongPause = 10'000;                  // ms, after which device and helper are let go
+constexpr int kLongPause = 10'000;                  // ms of pause until device and helper are released
 
 }  // namespace
 
@@ -42,7 +42,7 @@ bool CdStream::Play(const CdPlace& place, qint64 fromFrame, qint32 toSector) {
     return true;
 }
 
-/// A new end is a new stretch: what was read beyond it, or up to the old one, is of no use.
+/// A new end starts a new stretch: what was read beyond it, or only up to the old end, cannot be used.
 bool CdStream::GoOn(const CdPlace& place, qint32 toSector) {
     const bool isSame = m_stream != nullptr && toSector * media::kFramesPerSector == m_stretch.End();
     if (m_mode == media::CdMode::Stopped || !isSame) {
@@ -96,7 +96,7 @@ CdStream::Trouble CdStream::Tick(int milliseconds) {
     return Trouble::None;
 }
 
-/// Queues what the helper has read, and lets it read the next run when one has ended.
+/// Queues what the helper has read. When one run is complete, starts the next.
 CdStream::Trouble CdStream::ReadAhead() {
     if (IsAllRead()) {
         return Trouble::None;
@@ -136,7 +136,7 @@ void CdStream::StartRun() {
                    QString::number(run.to / media::kFramesPerSector), ContentsText(m_place.contents)});
 }
 
-/// False where the output takes nothing any more.
+/// False if the output accepts no more sound.
 bool CdStream::QueueSound(QByteArray bytes) {
     const qsizetype skipped = std::min(m_skip, bytes.size());
     m_skip -= skipped;
@@ -155,8 +155,8 @@ bool CdStream::QueueSound(QByteArray bytes) {
     return true;
 }
 
-/// Lets sound what there is enough of, and ends where all of it has sounded. Where reading is too slow the
-/// sound is held until there is enough again: a short silence rather than a stutter.
+/// Starts playback when enough is queued, and ends it when everything was played. If the helper reads too
+/// slowly, holds the stream until enough is queued again: a short silence rather than a stutter.
 void CdStream::Sound() {
     const qint64 waiting = m_stream->FramesWaiting();
     if (IsAllRead() && waiting == 0) {
@@ -170,7 +170,7 @@ void CdStream::Sound() {
     }
 }
 
-/// Ends playing. The device is kept a little: what it took still sounds.
+/// Ends playback. The device stays open for a moment, because it still plays what it has taken.
 void CdStream::Halt(qint64 position) {
     m_child.End();
     if (m_stream != nullptr) {
@@ -182,7 +182,7 @@ void CdStream::Halt(qint64 position) {
     m_rested = 0;
 }
 
-/// Lets go of device and helper in a pause; going on then reads from the very next frame.
+/// Releases device and helper during a long pause; resuming then reads from the next frame.
 void CdStream::Release() {
     m_position = Position();
     m_child.End();

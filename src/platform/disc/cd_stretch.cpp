@@ -10,7 +10,7 @@ CdStretch::CdStretch(const media::CdContents& contents, qint64 fromFrame, qint32
     for (qsizetype i = 0; i < contents.tracks.size(); ++i) {
         const bool isLast = i + 1 == contents.tracks.size();
         const qint32 start =
-            i == 0 ? 0 : contents.tracks[i].start;  // what lies before the first belongs to it
+            i == 0 ? 0 : contents.tracks[i].start;  // sectors before the first track belong to it
         const qint32 end = isLast ? contents.leadOut : contents.tracks[i + 1].start;
         const CdRun run{std::max(fromFrame, start * media::kFramesPerSector),
                         std::min(m_end, end * media::kFramesPerSector)};

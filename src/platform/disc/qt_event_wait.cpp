@@ -8,7 +8,7 @@ namespace tickwell::platform {
 
 namespace {
 
-constexpr int kPause = 50;  // ms between two questions
+constexpr int kPause = 50;  // ms between two calls of `done`
 
 }  // namespace
 
@@ -24,7 +24,7 @@ void QtEventWait::Until(const std::function<bool()>& done) {
         }
     });
     timer.start(kPause);
-    loop.exec();  // the end of the program ends it as well
+    loop.exec();  // also ends when the program quits
 }
 
 }  // namespace tickwell::platform

@@ -29,8 +29,8 @@ FileLock::FileLock(const QString& path) : m_path(QFile::encodeName(path)) {}
 
 FileLock::~FileLock() {
     if (m_file >= 0) {
-        unlink(m_path.constData());  // while it is held: whoever opened it before finds it gone, and opens
-                                     // the next
+        unlink(m_path.constData());  // before unlocking: a process that has already opened the file finds it
+                                     // removed and creates a new one
         close(m_file);
     }
 }
@@ -50,7 +50,7 @@ FileLock::Outcome FileLock::Take() {
         if (IsStillThere(file)) {
             m_file = file;
         } else {
-            close(file);  // its holder went, and took it along, between the opening and the locking
+            close(file);  // its holder removed it between open and flock
         }
     }
     return Outcome::Taken;

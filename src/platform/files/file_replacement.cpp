@@ -17,7 +17,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Where a link leads; one that leads nowhere is replaced itself.
+/// The target of a symbolic link; a dangling link is replaced itself.
 QString FinalPath(const QString& path) {
     const QFileInfo file(path);
     return file.isSymLink() && file.exists() ? file.canonicalFilePath() : path;
@@ -31,11 +31,11 @@ QString ReplaceFile(const QString& path, const QByteArray& bytes) {
     if (old.exists() && !old.isFile()) {
         return u"通常のファイルではありません。"_s;
     }
-    if (old.exists() && !old.isWritable()) {  // a rename would not ask
+    if (old.exists() && !old.isWritable()) {  // rename would not check this
         return qt_error_string(EACCES);
     }
     const UnfinishedFilesInUse inUse(old.path());
-    // Qt creates it without a name, if the file system can do that, and readable by the owner alone.
+    // Qt creates it readable by the owner only and, if the file system supports that, without a name.
     QTemporaryFile file(UnfinishedTemplate(final));
     if (!file.open() || file.write(bytes) != bytes.size() || !file.flush()) {
         return file.errorString();

@@ -18,7 +18,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// What the program writes has a thousandth of it. Reading takes a multiple of the file's size in memory.
+// The program itself writes about a thousandth of this. Reading needs several times the file's size in
+// memory.
 constexpr qint64 kLargest = qint64{1} << 20;
 
 }  // namespace
@@ -37,7 +38,7 @@ QByteArray IniFileStore::Read() const {
         case FileProblem::TooLarge:
             contents.reason += u"\r\n移動または削除すると、既定の設定で起動できます。";
             break;
-        case FileProblem::Unreadable:  // taken for absent, its settings would be overwritten
+        case FileProblem::Unreadable:  // if treated as absent, its settings would be overwritten
             break;
     }
     throw FileError(u"設定ファイルを読み込めません。"_s, m_path, contents.reason);

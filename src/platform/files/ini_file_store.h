@@ -8,13 +8,13 @@
 
 namespace tickwell::platform {
 
-/// Settings in a file of at most 1 MiB, readable by its owner alone and replaced atomically. Another instance
+/// Settings in a file of at most 1 MiB, readable by its owner only and replaced atomically. Another instance
 /// may write the file while this one is running, so a commit reads it again and changes only the keys that
 /// were set.
 class IniFileStore : public SettingsStore {
 public:
-    /// Reads the file and removes leftovers of a killed writer; an absent file is empty. Throws
-    /// RunTimeError if it is there and cannot be read, is no regular file or is too large.
+    /// Reads the file and removes leftovers of a killed writer; an absent file is empty. Throws RunTimeError
+    /// if it exists but cannot be read, is not a regular file or is too large.
     explicit IniFileStore(QString path);
 
     std::optional<QString> Get(const QString& section, const QString& key) const override;

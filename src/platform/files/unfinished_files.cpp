@@ -21,7 +21,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int kTries = 100;
-constexpr useconds_t kPauseBetweenTries = 10'000;  // microseconds between two tries; a clean-up takes less
+constexpr useconds_t kPauseBetweenTries = 10'000;  // microseconds; a clean-up takes less
 
 constexpr QLatin1StringView kMark(".unfinished-");
 constexpr QLatin1StringView kPlaceholder("XXXXXX");  // Qt replaces it by letters
@@ -44,7 +44,7 @@ void RemoveFile(const QString& path) {
     }
 }
 
-/// Never removes a whole tree: what the program has not made itself stays, and so does the folder.
+/// Removes nothing if the folder contains anything that the program did not create.
 void RemoveFolder(const QString& path, const QStringList& files) {
     const QDir folder(path);
     const QStringList entries =
@@ -72,7 +72,7 @@ QString UnfinishedTemplate(const QString& path) {
 }
 
 UnfinishedFilesInUse::UnfinishedFilesInUse(const QString& folder) : m_folder(OpenFolder(folder)) {
-    // Without the lock, for instance on a file system that has none, the folder is used all the same.
+    // Without the lock, for instance on a file system without locks, the folder is used nevertheless.
     for (int i = 0; m_folder >= 0 && i < kTries && flock(m_folder, LOCK_SH | LOCK_NB) != 0; ++i) {
         if (errno != EWOULDBLOCK && errno != EINTR) {
             break;
@@ -91,7 +91,7 @@ void RemoveUnfinished(const QString& path, const QStringList& filesOfFolder) {
     const QFileInfo made(path);
     const int parent = OpenFolder(made.path());
     if (parent < 0) {
-        return;  // nothing was ever made there
+        return;  // nothing was ever created there
     }
     if (flock(parent, LOCK_EX | LOCK_NB) == 0) {
         const QDir folder(made.path());
@@ -107,7 +107,7 @@ void RemoveUnfinished(const QString& path, const QStringList& filesOfFolder) {
             }
         }
     }
-    close(parent);  // and with it goes the lock
+    close(parent);  // releases the lock
 }
 
 }  // namespace tickwell::platform

@@ -18,7 +18,7 @@ QByteArray Text(const QString& supply, const QString& name) {
     return file.open(QIODevice::ReadOnly) ? file.readAll().trimmed() : QByteArray();
 }
 
-constexpr qint64 kLargest = 1'000'000'000'000;  // of any file; microwatt hours, so a megawatt hour
+constexpr qint64 kLargest = 1'000'000'000'000;  // of any value: a megawatt hour in microwatt hours
 constexpr qint64 kFull = 100;                   // %
 
 std::optional<qint64> Number(const QString& supply, const QString& name) {
@@ -47,7 +47,7 @@ struct Charge {
                 return;
             }
         }
-        // Some tell nothing else.
+        // Some batteries report nothing else.
         if (const auto percent = Number(battery, u"capacity"_s); percent && *percent <= kFull) {
             now += *percent;
             full += kFull;
@@ -80,7 +80,7 @@ PowerReading PowerSupplies::Read() const {
     if (!hasBattery || charge.full <= 0) {
         return {};
     }
-    // A battery that has aged may hold more than the kernel takes for full.
+    // The charge can exceed the full charge that the kernel reports.
     const qint64 percent = std::min(charge.now * kFull / charge.full, kFull);
     PowerReading reading{Mains::Off, static_cast<int>(percent), std::nullopt};
     const qint64 seconds = charge.rate > 0 ? charge.now * 3600 / charge.rate : 0;

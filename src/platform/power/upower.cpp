@@ -26,7 +26,7 @@ MessageBus::Method PropertiesOf(const QByteArray& path, const QByteArray& interf
 
 }  // namespace
 
-/// Both answers are waited for; the question is done with the second.
+/// A pending request; completed by the second of the two replies.
 struct UPower::Question {
     std::function<void(const PowerReading&)> onReading;
     std::optional<QVariant> service;
@@ -46,8 +46,7 @@ struct UPower::Question {
         if (!reading) {
             reading = supplies.Read();
             if (service && reading->mains == Mains::Unknown) {
-                reading->mains =
-                    Mains::On;  // a service that is there, and no battery that the kernel knows of
+                reading->mains = Mains::On;  // UPower is running, and the kernel reports no battery
             }
         }
         onReading(*reading);
@@ -69,7 +68,7 @@ std::optional<PowerReading> ReadingOf(const QVariantMap& service, const QVariant
         return onMains;
     }
     const auto percent = PropertyOf<double>(device, u"Percentage"_s);
-    if (!percent || !(*percent >= 0 && *percent <= 100)) {  // so that NaN is none
+    if (!percent || !(*percent >= 0 && *percent <= 100)) {  // in this form it also rejects NaN
         return std::nullopt;
     }
     PowerReading reading{Mains::Off, static_cast<int>(std::lrint(*percent)), std::nullopt};

@@ -9,7 +9,7 @@
 #include <unistd.h>
 
 extern "C" {
-#include <sys/pidfd.h>  // made for C alone
+#include <sys/pidfd.h>  // does not declare extern "C" itself
 }
 
 #include <QFile>
@@ -23,10 +23,10 @@ namespace tickwell::platform {
 namespace {
 
 constexpr int kLastPatience = 200;  // ms for children that are still dying when the program ends
-constexpr int kMostAtOnce = 65536;  // bytes, what a pipe holds
+constexpr int kMostAtOnce = 65536;  // bytes, the capacity of a pipe
 
-/// A file in memory that holds `bytes`, to be read from its beginning; below 0 if there cannot be one. Unlike
-/// a pipe it takes all of them at once, whether or not the child reads.
+/// A memfd that contains `bytes`, positioned at its start; negative on failure. Unlike a pipe, it accepts any
+/// number of bytes even if the child does not read.
 int FileOf(const QByteArray& bytes) {
     const int file = memfd_create("input", MFD_CLOEXEC);
     qsizetype written = 0;
@@ -48,7 +48,7 @@ int FileOf(const QByteArray& bytes) {
     return file;
 }
 
-/// What a child starts with: the file to read, the pipe to write to, and none of this program's other files.
+/// The descriptors of a child: `input` and `output` as its standard streams, standard error, and no others.
 class Actions {
 public:
     Actions(int input, int output) {
@@ -69,7 +69,7 @@ private:
     bool m_isGood = false;
 };
 
-/// Signals as every program expects them, whatever we or our libraries made of them.
+/// Default signal handling, whatever this program or its libraries have changed.
 class Attributes {
 public:
     Attributes() {
@@ -95,14 +95,13 @@ private:
     bool m_isGood = false;
 };
 
-/// The id of the child; 0 where it could not be started.
+/// The process id of the child; 0 if it could not be started.
 pid_t Spawn(const QList<QByteArray>& words, int input, int output) {
     const Actions actions(input, output);
     const Attributes attributes;
     std::vector<char*> pointers;
     for (const QByteArray& word : words) {
-        pointers.push_back(
-            const_cast<char*>(word.constData()));  // the call takes them so and leaves them alone
+        pointers.push_back(const_cast<char*>(word.constData()));  // posix_spawn does not modify them
     }
     pointers.push_back(nullptr);
     pid_t child = 0;

@@ -10,13 +10,13 @@
 namespace tickwell::platform {
 
 QString DesktopPrograms::Find(const QString& name) const {
-    // A path would be found as well, wherever it points to; only bare names are looked up.
+    // Only bare names are looked up: findExecutable would accept any path.
     return name.isEmpty() || name.contains(u'/') ? QString() : QStandardPaths::findExecutable(name);
 }
 
 bool DesktopPrograms::Start(const QString& file, const QStringList& arguments, const QString& folder) {
     if (!QFileInfo(file).isAbsolute()) {
-        return false;  // a bare name would be meant from `folder`
+        return false;  // a relative path would be resolved in `folder`
     }
     QByteArrayList words{QFile::encodeName(file)};
     for (const QString& argument : arguments) {

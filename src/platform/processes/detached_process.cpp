@@ -17,12 +17,12 @@ namespace {
 
 constexpr int kReport = STDERR_FILENO + 1;  // descriptor on which a new process reports why it did not start
 
-using Pointers = std::vector<char*>;  // as execve takes them, a null pointer at the end
+using Pointers = std::vector<char*>;  // in the form of execve: terminated by a null pointer
 
 Pointers PointersTo(const QByteArrayList& texts) {
     Pointers pointers;
     for (const QByteArray& text : texts) {
-        pointers.push_back(const_cast<char*>(text.constData()));  // execve leaves them alone
+        pointers.push_back(const_cast<char*>(text.constData()));  // execve does not modify them
     }
     pointers.push_back(nullptr);
     return pointers;
@@ -35,10 +35,11 @@ struct Program {
     mode_t mask = 0;
 };
 
-// What follows runs between fork and execve: in a program of several threads only calls that are safe in a
-// signal handler may be made there, and no memory may be allocated.
+// The following functions run between fork and execve. As the program has several threads, they may only make
+// async-signal-safe calls and must not allocate memory.
 
-/// Signals that this process, its parent or a library ignores or blocks would stay so in the program.
+/// Otherwise signals that this process, its parent or a library ignores or blocks would remain so in the
+/// program.
 void ResetSignals() {
     for (int number = 1; number < NSIG; ++number) {
         std::signal(number, SIG_DFL);  // fails for the few that cannot be changed
@@ -63,13 +64,13 @@ void ResetSignals() {
     Fail(errno);
 }
 
-/// The process in between: it ends at once, so that the program is nobody's child but init's.
+/// The intermediate process of a double fork. It exits at once, so that the program becomes a child of init.
 [[noreturn]] void Detach(const Program& program, int report) {
     if (report != kReport && dup2(report, kReport) < 0) {
         _exit(EXIT_FAILURE);
     }
     closefrom(kReport + 1);
-    fcntl(kReport, F_SETFD, FD_CLOEXEC);  // fails for what is no descriptor alone
+    fcntl(kReport, F_SETFD, FD_CLOEXEC);  // fails only for an invalid descriptor
     setsid();                             // cannot fail in a process just forked
     const pid_t child = fork();
     if (child == 0) {
@@ -81,9 +82,9 @@ void ResetSignals() {
     _exit(EXIT_SUCCESS);
 }
 
-// Here it ends.
+// End of the functions that run between fork and execve.
 
-/// What was reported until the last process with the other end of this pipe closed it; 0 if nothing was.
+/// The errno written to the pipe, or 0 if all its write ends were closed without one. Blocks until then.
 int ReportedError(int pipe) {
     int error = 0;
     ssize_t count = 0;

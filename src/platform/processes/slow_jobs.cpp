@@ -13,7 +13,7 @@ struct SlowJobs::Shared {
     std::mutex mutex;
     std::condition_variable isAtRest;
     std::deque<std::function<void()>> jobs;
-    bool isRunning = false;  // the thread lives
+    bool isRunning = false;  // the thread exists
 
     void RunAll() {
         std::unique_lock lock(mutex);
@@ -22,7 +22,7 @@ struct SlowJobs::Shared {
             jobs.pop_front();
             lock.unlock();
             job();
-            job = nullptr;  // what it owns goes before anyone is told
+            job = nullptr;  // destroys what it owns before the notification
             lock.lock();
         }
         isRunning = false;

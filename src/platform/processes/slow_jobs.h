@@ -23,7 +23,7 @@ public:
     /// Queues a job and returns at once.
     void Do(std::function<void()> job);
 
-    /// Waits until all jobs are done or the time is over; whether they are done.
+    /// Waits until all jobs are done, but no longer than `atMost`; returns whether they are done.
     bool Wait(std::chrono::milliseconds atMost) const;
 
 private:

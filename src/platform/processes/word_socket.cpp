@@ -23,8 +23,8 @@ namespace {
 using Protocol = asio::local::stream_protocol;
 using Socket = Protocol::socket;
 
-/// Whether the process at the other end is this user's. Among the temporary files anybody may make a socket,
-/// and who is refused nothing gets into every folder.
+/// Whether the peer belongs to this user. In the folder of temporary files anybody can create a socket, and
+/// root can do so in every folder.
 bool IsOwnUsers(Socket& socket) {
     ucred peer{};
     socklen_t size = sizeof(peer);
@@ -32,16 +32,16 @@ bool IsOwnUsers(Socket& socket) {
            peer.uid == getuid();
 }
 
-/// For programs that are started from here the socket is not there.
+/// Programs that are started must not inherit the socket.
 void KeepFromChildren(int descriptor) {
-    fcntl(descriptor, F_SETFD, FD_CLOEXEC);  // fails for what is no descriptor alone
+    fcntl(descriptor, F_SETFD, FD_CLOEXEC);  // fails only for an invalid descriptor
 }
 
 Protocol::endpoint AddressOf(const QString& path) {
     return {QFile::encodeName(path).toStdString()};
 }
 
-/// One word on its way, step by step, while its loop runs.
+/// Sends one word asynchronously, while `loop` runs.
 class Call {
 public:
     Call(asio::io_context& loop, QByteArray word) : m_socket(loop), m_word(std::move(word)) {}
@@ -83,7 +83,7 @@ private:
 
 }  // namespace
 
-/// The listening end. Throws std::system_error if it cannot listen.
+/// The listening socket. Throws std::system_error if it cannot listen.
 class WordSocket::Listener {
     /// Notified when there is something to read. May be destroyed inside its own signal.
     class Notifier {
@@ -115,7 +115,7 @@ public:
             QFile::remove(path);  // if that fails, so does binding
         }
         m_acceptor.bind(address);
-        // Nobody can connect before it listens, and then none but the user.
+        // Nobody can connect before listen(); after it, only this user can.
         if (!QFile::setPermissions(path, QFile::ReadOwner | QFile::WriteOwner)) {
             throw std::system_error(std::make_error_code(std::errc::permission_denied));
         }
@@ -217,7 +217,7 @@ bool SayWord(const QString& path, const QByteArray& word, std::chrono::milliseco
         loop.run_for(patience);
         return call.WasHeard();
     } catch (const std::system_error&) {
-        return false;  // no such name, or no more sockets
+        return false;  // the path is too long, or no socket can be created
     }
 }
 

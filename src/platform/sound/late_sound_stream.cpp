@@ -38,7 +38,7 @@ bool LateSoundStream::IsLost() const {
     return !IsStillOpening() && (m_stream == nullptr || m_stream->IsLost());
 }
 
-/// Hands on what was queued as soon as the device is there.
+/// Whether the device is still not open. Once it is, passes the buffered samples on.
 bool LateSoundStream::IsStillOpening() const {
     if (m_look == nullptr) {
         return false;

@@ -9,18 +9,17 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Frames of a device's buffer. To close a device takes the time of two; smaller ones wake the machine more
-/// often and make gaps sooner where it is busy.
+/// Frames of a device's buffer. Closing a device takes as long as two buffers play. Smaller buffers would
+/// wake the machine more often and run empty sooner if it is busy.
 Uint16 BufferFrames(int rate) {
     constexpr int kBuffersInSecond = 60;
     return static_cast<Uint16>(rate / kBuffersInSecond);
 }
 
 extern "C" void SayNothing(const char* /*file*/, int /*line*/, const char* /*function*/, int /*error*/,
-                           const char* /*format*/, ...) {}  // NOLINT(cert-dcl50-cpp): the library's own shape
+                           const char* /*format*/, ...) {}  // NOLINT(cert-dcl50-cpp): ALSA's signature
 
-/// A machine without sound is silent, also on the standard error: the drivers' library, which SDL has brought
-/// along, would speak there.
+/// On a machine without sound, ALSA, which SDL has loaded, would print errors to standard error.
 void SilenceDrivers() {
     QLibrary alsa(u"asound"_s, 2);
     alsa.setLoadHints(QLibrary::PreventUnloadHint);
@@ -69,7 +68,7 @@ bool SdlDrivers::Prepare() {
             return false;
         }
         m_sdl->SetMainReady();
-        // Its own handlers would swallow the signals that shall end this program.
+        // SDL's handlers would catch the signals that are to end this program.
         m_sdl->SetHint(SDL_HINT_NO_SIGNAL_HANDLERS, "1");
         m_sdl->SetHint(SDL_HINT_AUDIO_DEVICE_APP_NAME, "Tickwell");
         SilenceDrivers();
@@ -78,8 +77,8 @@ bool SdlDrivers::Prepare() {
     return m_isPrepared;
 }
 
-/// If no device is open the drivers are left too: their threads and connections end, and the next to
-/// open chooses afresh, for a sound server may have come or gone meanwhile.
+/// If no device is open, shuts the driver down: its threads and connections end, and the next Open selects a
+/// driver again, because a sound server may have started or ended meanwhile.
 void SdlDrivers::Leave() {
     if (m_devices == 0 && m_isPrepared) {
         m_sdl->QuitSubSystem(SDL_INIT_AUDIO);

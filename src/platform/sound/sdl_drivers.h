@@ -21,7 +21,7 @@ public:
     /// SDL keeps its last error per thread and is not notified when a thread of this program ends.
     void ForgetThread();
 
-    /// After a device was opened.
+    /// Only after a device was opened.
     const SdlFunctions& Functions() const { return *m_sdl; }
 
 private:
@@ -29,7 +29,7 @@ private:
     void Leave();
 
     SdlLibrary m_library;
-    const SdlFunctions* m_sdl = nullptr;  // once it is loaded
+    const SdlFunctions* m_sdl = nullptr;  // null until it is loaded
     int m_devices = 0;
     bool m_isPrepared = false;
 };

@@ -13,8 +13,8 @@ namespace tickwell::platform {
 
 namespace {
 
-constexpr std::chrono::milliseconds kPatience{1000};  // an opening takes 5 to 60
-constexpr std::chrono::milliseconds kMoment{150};     // so that most openings are known at once
+constexpr std::chrono::milliseconds kPatience{1000};  // opening takes 5 to 60 ms
+constexpr std::chrono::milliseconds kMoment{150};     // enough for most devices to open
 
 }  // namespace
 
@@ -47,7 +47,7 @@ private:
     qint64 m_frameBytes;
 };
 
-/// One opening, shared with the job that does it.
+/// One attempt to open a device, shared with the job that makes it.
 struct SdlAttempt {
     QDeadlineTimer deadline{kPatience};
     std::atomic<bool> isDone = false;
@@ -56,7 +56,7 @@ struct SdlAttempt {
     bool Hangs() const { return !isDone && deadline.hasExpired(); }
 };
 
-/// Our end of an attempt. Its destruction closes a device that was not taken, however late it comes.
+/// The owner's side of an attempt. The destructor closes a device that was not taken, even if it opens later.
 class SdlOpening {
 public:
     SdlOpening(SdlSoundOutput& output, const media::SoundFormat& format)
@@ -82,7 +82,7 @@ public:
     SdlOpening(const SdlOpening&) = delete;
     SdlOpening& operator=(const SdlOpening&) = delete;
 
-    /// As LateSoundStream asks it.
+    /// See LateSoundStream::Look.
     std::optional<std::unique_ptr<media::SoundStream>> Look() {
         if (m_attempt->isDone) {
             m_isTaken = true;
@@ -124,7 +124,7 @@ std::unique_ptr<media::SoundStream> SdlSoundOutput::Open(const media::SoundForma
 
 void SdlSoundOutput::Close(unsigned device) {
     --m_devices;
-    // What waits is dropped at once, and the device held: its closing is nothing that anyone hears.
+    // Silences the device at once; the job may close it later.
     m_drivers->Functions().ClearQueuedAudio(device);
     m_jobs.Do([drivers = m_drivers, device] {
         drivers->Close(device);

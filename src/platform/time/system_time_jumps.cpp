@@ -18,7 +18,7 @@ namespace tickwell::platform {
 
 namespace {
 
-// A zone file is replaced by rename, made anew, or written in place.
+// A zone file is replaced by rename, created again, or written in place.
 constexpr quint32 kReplaced = IN_CREATE | IN_MOVED_TO | IN_CLOSE_WRITE;
 
 }  // namespace
@@ -51,7 +51,7 @@ void SystemTimeJumps::Listen(std::function<void()> onJump) {
     m_onJump = std::move(onJump);
 }
 
-/// For a moment that never comes: it is there to be cancelled.
+/// Sets a time that is never reached: the timer is only used for its cancellation.
 void SystemTimeJumps::Arm() {
     itimerspec never{};
     never.it_value.tv_sec = std::numeric_limits<time_t>::max();
@@ -64,13 +64,13 @@ void SystemTimeJumps::Arm() {
 void SystemTimeJumps::ClockWasSet() {
     quint64 expired = 0;
     if (read(m_timer.Number(), &expired, sizeof expired) < 0 && errno == EAGAIN) {
-        return;  // nothing happened after all
+        return;  // a spurious notification
     }
     Arm();
     Tell();
 }
 
-/// The folder holds much else.
+/// Ignores the other files in the folder.
 void SystemTimeJumps::FolderChanged() {
     alignas(inotify_event) std::array<char, 4096> buffer{};
     bool isZone = false;

@@ -41,7 +41,7 @@ private:
     std::function<void()> m_onJump;
     Descriptor m_timer;
     Descriptor m_watch;
-    std::unique_ptr<QSocketNotifier> m_timerNotifier;  // before the descriptors
+    std::unique_ptr<QSocketNotifier> m_timerNotifier;  // destroyed before the descriptors
     std::unique_ptr<QSocketNotifier> m_watchNotifier;
 };
 

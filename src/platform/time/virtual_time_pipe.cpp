@@ -15,7 +15,7 @@ VirtualTimePipe::VirtualTimePipe(VirtualTime& time, int readFrom, int writeTo)
 void VirtualTimePipe::Read() {
     std::array<char, 4096> buffer{};
     const ssize_t count = read(m_readFrom, buffer.data(), buffer.size());
-    if (count <= 0) {  // the other side is gone: time stands still from here on
+    if (count <= 0) {  // the other side has closed the pipe: time no longer advances
         m_notifier.setEnabled(false);
         return;
     }

@@ -30,7 +30,7 @@ LockedFile::LockedFile(const QString& path)
 
 LockedFile::~LockedFile() {
     if (m_file >= 0) {
-        close(m_file);  // nothing was written through this descriptor
+        close(m_file);  // errors do not matter: nothing was written
     }
 }
 
