@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "core/clock_text.h"
 
+#include <optional>
+
 #include "core/duration_text.h"
 #include "core/weekday.h"
 #include "core/words.h"
@@ -45,16 +47,16 @@ QString EnglishClock(QTime now, qint32 hourStyle) {
         now);
 }
 
-QString JapaneseDate(QDate day, qint32 yearStyle, qint32 displayMode) {
-    const bool era = yearStyle == kEraOrName;
-    const QString year = QString::number(era ? HeiseiYear(day.year()) : day.year());
+QString JapaneseDate(QDate day, const std::optional<EraYear>& era, qint32 displayMode) {
     const QString month = QString::number(day.month());
     const QString number = QString::number(day.day());
     const QString letter = WeekdayLetter(WeekdayOf(day), 1);
     if (displayMode != kStandard) {
-        return (era ? u"平"_s : QString()) + year + u'/' + month + u'/' + number + u'(' + letter + u')';
+        const QString year = era ? era->letter + QString::number(era->year) : QString::number(day.year());
+        return year + u'/' + month + u'/' + number + u'(' + letter + u')';
     }
-    return (era ? u"平成"_s : QString()) + year + u"年" + month + u"月" + number + u"日(" + letter + u"曜日)";
+    const QString year = era ? era->name + era->YearText() : QString::number(day.year());
+    return year + u"年" + month + u"月" + number + u"日(" + letter + u"曜日)";
 }
 
 QString EnglishDate(QDate day, qint32 yearStyle, qint32 displayMode) {
@@ -89,10 +91,11 @@ QString ClockText(QTime now, qint32 language, qint32 displayMode, qint32 hourSty
     }
 }
 
-QString DateText(QDate today, qint32 language, qint32 yearStyle, qint32 displayMode) {
+QString DateText(QDate today, qint32 language, qint32 yearStyle, qint32 displayMode, const EraStyle& eras) {
     switch (language) {
         case kLanguageJapanese:
-            return JapaneseDate(today, yearStyle, displayMode);
+            return JapaneseDate(today, yearStyle == kEraOrName ? EraYearOf(today, eras) : std::nullopt,
+                                displayMode);
         case kLanguageEnglish:
             return EnglishDate(today, yearStyle, displayMode);
         case kLanguageOldJapanese:

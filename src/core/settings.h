@@ -4,6 +4,8 @@
 #include <QList>
 #include <QString>
 
+#include "core/era.h"
+
 namespace tickwell {
 
 /// The look of one of the two lines. The settings call the upper line A and the lower line B.
@@ -49,10 +51,42 @@ struct RollSettings {
     bool operator==(const RollSettings&) const = default;
 };
 
+/// What is written below the days of the calendar.
+enum class UnderDays : qint32 { Nothing = 0, SixDay = 1, OldDate = 2 };
+
+/// The calendar of today's Japan; by default all of it is off.
+struct CalendarSettings {
+    bool holidaysByLaw = false;     ///< the law and the official list replace the table of holidays
+    EraStyle eras{};                ///< `next` is set only in the settings file
+    bool announcesOldDate = false;  ///< the old calendar's date with the name of the six-day week
+    bool announcesSeasons = false;  ///< solar terms and seasonal days
+    bool usesOldDateInOldJapanese = false;
+    qint32 underDays = 0;  ///< an UnderDays; other numbers mean Nothing
+
+    bool operator==(const CalendarSettings&) const = default;
+};
+
+/// Corrections of behaviour that users may be accustomed to; by default all are off.
+struct Corrections {
+    bool weekdayAnniversaries = false;  ///< announced on their own day, and edited and deleted by their row
+    bool editorTakesDate = false;       ///< the editor starts with the date of the row
+    bool dateTurnsAtMidnight = false;   ///< the upper line shows a new date immediately
+    bool longUsage = false;             ///< usage beyond 24 days
+    bool searchAcrossMonths = false;    ///< finds anniversaries of each year in ranges across months
+    bool lapIntervals = false;          ///< laps with the time since the one before
+    bool showsToday = false;            ///< a frame around today, and dots at days with anniversaries
+    bool keepsMarksOnClose = false;     ///< closing the calendar while marking stores the marks
+    bool savesImmediately = false;      ///< OK and 適用 write the settings file
+
+    bool operator==(const Corrections&) const = default;
+};
+
 /// Settings that are stored only once they differ from these defaults.
 struct FurtherSettings {
     RollSettings roll;
     bool tellsNoCdDrive = true;  ///< whether a missing CD drive is reported at the start
+    CalendarSettings calendar{};
+    Corrections corrections{};
 
     bool operator==(const FurtherSettings&) const = default;
 };
