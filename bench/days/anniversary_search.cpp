@@ -24,6 +24,7 @@
 #include "days/announced_names.h"
 #include "days/day_list_model.h"
 #include "days/row_table.h"
+#include "days/table_holidays.h"
 #include "platform/desktop/qt_message_boxes.h"
 #include "platform/time/qt_timers.h"
 #include "platform/time/system_clock.h"
@@ -106,6 +107,8 @@ void Fill(const QString& path, int rows) {
 /// The book, and a list like the calendar's.
 struct Bench {
     store::DayDatabase database;
+    days::TableHolidays holidays{database};
+    FurtherSettings further;
     days::DayList list;
     NoChanges changes;
     platform::SystemClock clock;
@@ -172,7 +175,12 @@ void MeasureList(Bench& bench) {
             return !bench.list.IsListing();
         });
     Measure(
-        "the names of a day", [&] { days::AnnouncedNames(bench.database, QDate(2026, 11, 20)); },
+        "the names of a day",
+        [&] {
+            days::AnnouncedNames(
+                {.dayDatabase = bench.database, .holidays = bench.holidays, .further = bench.further},
+                QDate(2026, 11, 20));
+        },
         [] { return true; });
 }
 

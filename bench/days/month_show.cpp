@@ -17,6 +17,7 @@
 
 #include "core/errors.h"
 #include "days/calendar_window.h"
+#include "days/table_holidays.h"
 #include "platform/desktop/qt_message_boxes.h"
 #include "platform/time/qt_timers.h"
 #include "platform/time/virtual_time.h"
@@ -99,7 +100,11 @@ Figures MeasureCalendar(const QString& path) {
     Handlers handlers(boxes);
     NoHelp help;
     platform::QtTimers timers;
+    const days::TableHolidays holidays(database);
+    const CalendarSettings settings;
     days::Form5 window({.dayDatabase = database,
+                        .holidays = holidays,
+                        .settings = settings,
                         .list = list,
                         .clock = time,
                         .boxes = boxes,
@@ -117,7 +122,7 @@ Figures MeasureCalendar(const QString& path) {
     days::MonthGrid grid;
     const Taken ask = Measure([&] {
         month = month.addMonths(1);
-        rows = days::ReadMonth(database, days::ShapeOf(month));
+        rows = days::ReadMonth(database, holidays, days::ShapeOf(month));
     });
     const Taken fill = Measure([&] { days::FillGrid(grid, days::ShapeOf(month), rows, month); });
     auto& next = ChildOf<QPushButton>(window, u"Command2"_s);

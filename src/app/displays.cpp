@@ -22,8 +22,9 @@ Displays MakeDisplays(const DisplaysParts& parts, const DisplayView& view) {
     TimerSource& timers = parts.timers;
     const auto tools = std::make_shared<timing::TimingTools>(parts.timing, view);
     Displays displays;
-    displays.push_back(std::make_unique<displays::ClockDisplay>(parts.settings, parts.clock,
-                                                                parts.dayDatabase, handlers, timers, view));
+    const displays::ClockParts clock{
+        .settings = parts.settings, .clock = parts.clock, .announcements = parts.announcements};
+    displays.push_back(std::make_unique<displays::ClockDisplay>(clock, handlers, timers, view));
     displays.push_back(
         std::make_unique<displays::UsageDisplay>(parts.settings, parts.clock, handlers, timers, view));
     displays.push_back(std::make_unique<timing::StopwatchDisplay>(tools));

@@ -7,8 +7,8 @@
 #include "core/ports/memory.h"
 #include "core/ports/power.h"
 #include "core/settings.h"
+#include "days/announced_names.h"
 #include "media/cd_player.h"
-#include "store/day_database.h"
 #include "timing/timing_tools.h"
 
 namespace tickwell::app {
@@ -26,7 +26,7 @@ DisplayPorts DisplayPortsOfThisMachine();
 struct DisplaysParts {
     DisplayPorts ports;
     const AppSettings& settings;
-    store::DayDatabase& dayDatabase;
+    days::AnnouncementParts announcements;
     const Clock& clock;
     TimerSource& timers;
     Handlers& handlers;

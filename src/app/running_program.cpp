@@ -9,6 +9,7 @@ RunningProgram::RunningProgram(const ProgramPorts& ports, ProgramState& state, s
     : m_ports(ports),
       m_state(state),
       m_closed(std::move(closed)),
+      m_holidays(state.started.folder, state.started.dayDatabase, state.started.further.calendar),
       m_media({.realTimers = ports.realTimers,
                .timers = ports.timers,
                .sound = ports.sound,
@@ -37,6 +38,7 @@ void RunningProgram::Start() {
 WindowsParts RunningProgram::PartsOfWindows() {
     media::SoundPlayback& sounds = m_media.Sounds();
     return {.dayDatabase = m_state.started.dayDatabase,
+            .holidays = m_holidays,
             .clock = m_ports.clock,
             .timers = m_ports.timers,
             .handlers = m_ports.handlers,
@@ -74,7 +76,9 @@ shell::MainWindowParts RunningProgram::PartsOfMainWindow() {
 DisplaysParts RunningProgram::PartsOfDisplays() {
     return {.ports = m_ports.display,
             .settings = m_state.started.settings,
-            .dayDatabase = m_state.started.dayDatabase,
+            .announcements = {.dayDatabase = m_state.started.dayDatabase,
+                              .holidays = m_holidays,
+                              .further = m_state.started.further},
             .clock = m_ports.clock,
             .timers = m_ports.timers,
             .handlers = m_ports.handlers,

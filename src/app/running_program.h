@@ -4,6 +4,7 @@
 #include <functional>
 #include <memory>
 
+#include "app/chosen_holidays.h"
 #include "app/displays.h"
 #include "app/media.h"
 #include "app/startup.h"
@@ -73,6 +74,7 @@ private:
     ProgramPorts m_ports;
     ProgramState& m_state;
     std::function<void()> m_closed;
+    ChosenHolidays m_holidays;
     Media m_media;
     std::unique_ptr<Windows> m_windows;
     std::unique_ptr<shell::Form1> m_form;

@@ -32,6 +32,8 @@ shell::OtherWindows Windows::Openers() {
         Open(m_calendar, [this] {
             auto calendar =
                 std::make_unique<days::Form5>(days::CalendarWindowParts{.dayDatabase = m_parts.dayDatabase,
+                                                                        .holidays = m_parts.holidays,
+                                                                        .settings = m_parts.further.calendar,
                                                                         .list = m_dayList,
                                                                         .clock = m_parts.clock,
                                                                         .boxes = m_parts.boxes,

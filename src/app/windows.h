@@ -5,6 +5,7 @@
 
 #include "app/about_box.h"
 #include "app/background_compaction.h"
+#include "app/chosen_holidays.h"
 #include "book/anniversary_book.h"
 #include "core/handlers.h"
 #include "core/ports/autostart.h"
@@ -20,6 +21,7 @@ namespace tickwell::app {
 /// What the windows work with; all outlive them.
 struct WindowsParts {
     store::DayDatabase& dayDatabase;
+    ChosenHolidays& holidays;
     const Clock& clock;
     TimerSource& timers;
     Handlers& handlers;

@@ -12,15 +12,14 @@ int AnnouncedWeekCode(QDate day) {
     return 10 * (code % 10) + code / 10;
 }
 
-QStringList AnnouncedNames(store::DayDatabase& database, QDate day) {
+QStringList AnnouncedNames(const AnnouncementParts& parts, QDate day) {
+    const int code = parts.further.corrections.weekdayAnniversaries ? WeekCode(day) : AnnouncedWeekCode(day);
+    const QString query = AnniversaryQuery(day.year(), day.month(), day.day(), code);
     QStringList names;
-    for (const QString& query : {AnniversaryQuery(day.year(), day.month(), day.day(), AnnouncedWeekCode(day)),
-                                 HolidayQuery(day.month(), day.day())}) {
-        for (const store::ResultRow& row : database.RunQueryForFirst(kMostAnnounced, query)) {
-            names.append(row.Text(u"Name"));
-        }
+    for (const store::ResultRow& row : parts.dayDatabase.RunQueryForFirst(kMostAnnounced, query)) {
+        names.append(row.Text(u"Name"));
     }
-    return names;
+    return names + parts.holidays.NamesOn(day);
 }
 
 }  // namespace tickwell::days

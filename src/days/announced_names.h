@@ -4,6 +4,8 @@
 #include <QDate>
 #include <QStringList>
 
+#include "core/settings.h"
+#include "days/holiday_source.h"
 #include "store/day_database.h"
 
 namespace tickwell::days {
@@ -17,8 +19,15 @@ int AnnouncedWeekCode(QDate day);
 /// A day has time to show 8640 names, for ten seconds each; names beyond this number are not even read.
 inline constexpr int kMostAnnounced = 10'000;
 
-/// The names that the main window announces on `day`: those of its anniversaries, then those of its national
-/// holidays, each in the order of insertion and each limited to kMostAnnounced. Throws SqlError.
-QStringList AnnouncedNames(store::DayDatabase& database, QDate day);
+/// What the announced names depend on; all outlive it.
+struct AnnouncementParts {
+    store::DayDatabase& dayDatabase;
+    const HolidaySource& holidays;
+    const FurtherSettings& further;
+};
+
+/// The names that the main window announces on `day`: those of its anniversaries, in the order of insertion
+/// and at most kMostAnnounced, then those of the day off. Throws SqlError.
+QStringList AnnouncedNames(const AnnouncementParts& parts, QDate day);
 
 }  // namespace tickwell::days

@@ -20,6 +20,8 @@ Form5::Form5(const CalendarWindowParts& parts, QWidget* parent)
     : QDialog(parent),
       m_parts(parts),
       m_calendar({.dayDatabase = parts.dayDatabase,
+                  .holidays = parts.holidays,
+                  .settings = parts.settings,
                   .list = parts.list,
                   .clock = parts.clock,
                   .boxes = parts.boxes,

@@ -10,7 +10,9 @@
 #include "core/ports/clock.h"
 #include "core/ports/help_viewer.h"
 #include "core/ports/message_boxes.h"
+#include "core/settings.h"
 #include "days/day_list.h"
+#include "days/holiday_source.h"
 
 namespace tickwell::days {
 
@@ -31,6 +33,8 @@ struct BookWindows {
 /// What the calendar window uses; all outlive it.
 struct CalendarWindowParts {
     store::DayDatabase& dayDatabase;
+    const HolidaySource& holidays;
+    const CalendarSettings& settings;
     DayList& list;  ///< only this window shows it
     const Clock& clock;
     MessageBoxes& boxes;

@@ -47,6 +47,25 @@ std::optional<DayMark> MarkOf(const MonthCell& cell, int index) {
     return std::nullopt;
 }
 
+std::optional<DayMark> MarkOf(const MonthGrid& grid, int cell) {
+    const MonthCell& each = grid.At(cell);
+    if (grid.areHolidaysStored) {
+        return MarkOf(each, cell);
+    }
+    if (each.color == grid.ownColors.at(static_cast<std::size_t>(cell))) {
+        return std::nullopt;
+    }
+    switch (each.color) {
+        case DayColor::Black:
+            return DayMark::Usuallyday;
+        case DayColor::Red:
+            return DayMark::Holiday;
+        case DayColor::Blue:
+            return DayMark::Halfday;
+    }
+    Q_UNREACHABLE();
+}
+
 QString SpokenMark(DayMark mark) {
     switch (mark) {
         case DayMark::Holiday:
@@ -69,7 +88,7 @@ QString SpokenName(const MonthGrid& grid, int cell) {
     if (!button.toolTip.isEmpty()) {
         parts.append(button.toolTip);
     }
-    if (const auto mark = MarkOf(button, cell)) {
+    if (const auto mark = MarkOf(grid, cell)) {
         parts.append(SpokenMark(*mark));
     }
     return parts.join(u'、');
@@ -87,7 +106,7 @@ QStringList MonthStatements(const MonthGrid& grid, const MonthShape& month) {
     QStringList statements = MonthDeletions(month);
     for (int day = 1; day <= month.Days(); ++day) {
         const int cell = month.CellOf(day);
-        if (const auto mark = MarkOf(grid.At(cell), cell)) {
+        if (const auto mark = MarkOf(grid, cell)) {
             const QDate date(month.first.year(), month.first.month(), day);
             statements.append(u"INSERT INTO "_s + TableOf(*mark) + u"  VALUES (" + DateLiteral(date) + u')');
         }

@@ -18,9 +18,13 @@ DayColor ColorOf(CalendarMode mode);
 /// that was made red and back is an ordinary day.
 DayColor ToggledColor(CalendarMode mode, DayColor color);
 
-/// The mark to store for a cell; nothing if it has the colour of its column. A red weekday is stored even if
-/// it is a national holiday, so that it stays red if that holiday is abolished.
+/// The mark to store for a cell of a calendar whose holidays are stored; nothing if it has the colour of its
+/// column.
 std::optional<DayMark> MarkOf(const MonthCell& cell, int index);
+
+/// The mark to store for a cell of the grid: as above, or, if holidays are not stored, only if the user
+/// changed its colour.
+std::optional<DayMark> MarkOf(const MonthGrid& grid, int cell);
 
 /// "休日", "半日", "平日".
 QString SpokenMark(DayMark mark);

@@ -59,9 +59,9 @@ void MonthCalendar::BuildMonth(int year, int month) {
     const MonthShape shape = ShapeOf(QDate(year, month, 1));
     // Read first: if the database fails, the grid is unchanged and still matches the month that its marks are
     // stored for.
-    const MonthRows rows = ReadMonth(m_parts.dayDatabase, shape);
+    const MonthRows rows = ReadMonth(m_parts.dayDatabase, m_parts.holidays, shape);
     m_isReady = false;
-    FillGrid(m_grid, shape, rows, m_parts.clock.Now().date());
+    FillGrid(m_grid, shape, rows, m_parts.clock.Now().date(), m_parts.settings.eras);
     m_isReady = true;
 }
 

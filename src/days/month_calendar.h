@@ -6,6 +6,7 @@
 #include "core/handlers.h"
 #include "core/ports/clock.h"
 #include "core/ports/message_boxes.h"
+#include "core/settings.h"
 #include "days/day_list.h"
 #include "days/day_marking.h"
 #include "days/month_grid.h"
@@ -34,6 +35,8 @@ inline constexpr int kCalendarActions = 12;
 /// What the calendar uses; all outlive it.
 struct MonthCalendarParts {
     store::DayDatabase& dayDatabase;
+    const HolidaySource& holidays;
+    const CalendarSettings& settings;
     DayList& list;
     const Clock& clock;
     MessageBoxes& boxes;

@@ -29,23 +29,24 @@ DayColor ColorOfColumn(int cell) {
     return IsSaturdayCell(cell) ? DayColor::Blue : DayColor::Black;
 }
 
-/// Processes the rows in order: if a day is both a substitute and another holiday, the last row determines
-/// its name.
 void PutHolidays(MonthGrid& grid, const MonthShape& month, const QList<NamedDay>& holidays) {
     for (const NamedDay& holiday : holidays) {
-        const qint64 wanted = static_cast<qint64>(holiday.day) + month.CellOf(0);
-        if (wanted < kFirstDayCell || wanted >= kGridCells) {
-            continue;  // not a day of any month
-        }
-        const int cell = static_cast<int>(wanted);
-        if (IsSundayCell(cell)) {
-            grid.At(cell + 1).color = DayColor::Red;
-            grid.At(cell + 1).toolTip = u"振替休日"_s;
-        } else {
-            grid.At(cell).color = DayColor::Red;
-        }
+        const int cell = month.CellOf(holiday.day);
+        grid.At(cell).color = DayColor::Red;
         grid.At(cell).toolTip = holiday.name;
     }
+}
+
+/// "年（昭和64年／平成元年）" if the era changes within the month.
+QString EraPartByDate(QDate first, const EraStyle& eras) {
+    const auto begin = EraYearOf(first, eras);
+    const auto end = EraYearOf(first.addMonths(1).addDays(-1), eras);
+    if (!begin || !end) {
+        return u"年"_s;
+    }
+    const auto text = [](const EraYear& era) { return era.name + era.YearText() + u"年"; };
+    const bool changes = begin->name != end->name;
+    return u"年（"_s + text(*begin) + (changes ? u"／"_s + text(*end) : QString()) + u"）";
 }
 
 void PutMarks(MonthGrid& grid, const MonthShape& month, const MonthRows& rows) {
@@ -86,12 +87,14 @@ MonthGrid::MonthGrid() {
     }
 }
 
-QString MonthHeading(int year, int month) {
-    return QString::number(year) + EraPart(year) + QString::number(month) + u"月";
+QString MonthHeading(int year, int month, const EraStyle& eras) {
+    const QString era = eras.byDate ? EraPartByDate(QDate(year, month, 1), eras) : EraPart(year);
+    return QString::number(year) + era + QString::number(month) + u"月";
 }
 
-void FillGrid(MonthGrid& grid, const MonthShape& month, const MonthRows& rows, QDate today) {
-    grid.heading = MonthHeading(month.first.year(), month.first.month());
+void FillGrid(MonthGrid& grid, const MonthShape& month, const MonthRows& rows, QDate today,
+              const EraStyle& eras) {
+    grid.heading = MonthHeading(month.first.year(), month.first.month(), eras);
     grid.first = month.first;
     for (MonthCell& cell : grid.cells) {
         cell.toolTip.clear();
@@ -100,6 +103,10 @@ void FillGrid(MonthGrid& grid, const MonthShape& month, const MonthRows& rows, Q
         grid.At(cell).color = ColorOfColumn(cell);
     }
     PutHolidays(grid, month, rows.holidays);
+    for (int cell = 0; cell < kGridCells; ++cell) {
+        grid.ownColors.at(static_cast<std::size_t>(cell)) = grid.At(cell).color;
+    }
+    grid.areHolidaysStored = rows.areHolidaysStored;
     PutMarks(grid, month, rows);
     ShowDays(grid, month);
     if (today >= month.first && today <= month.last) {

@@ -5,6 +5,7 @@
 #include <QString>
 #include <array>
 
+#include "core/era.h"
 #include "days/month_rows.h"
 
 namespace tickwell::days {
@@ -44,6 +45,8 @@ struct MonthGrid {
     QString heading;
     QDate first;  ///< of the month in the grid; null before there is one
     std::array<MonthCell, kGridCells> cells;
+    std::array<DayColor, kGridCells> ownColors{};  ///< of the cells without the user's marks
+    bool areHolidaysStored = true;                 ///< as in MonthRows
 };
 
 constexpr bool IsDayCell(int cell) {
@@ -56,12 +59,13 @@ constexpr bool IsSaturdayCell(int cell) {
     return (cell + 1) % kGridColumns == 0;
 }
 
-/// "1998年（平成10年）10月". All of 1989 is 平成元年; 1926 is 昭和1年, and 平成 never ends.
-QString MonthHeading(int year, int month);
+/// "1998年（平成10年）10月". All of 1989 is 平成元年; 1926 is 昭和1年, and 平成 never ends. With eras by
+/// date, a month in which the era changes has both: "1989年（昭和64年／平成元年）1月".
+QString MonthHeading(int year, int month, const EraStyle& eras = {});
 
-/// Fills the grid with a month: the colours of the columns, the national holidays in the order of their rows,
-/// then the user's marks. The day after a national holiday on a Sunday is its substitute, whatever that day
-/// is; marks have no substitute. Only today's cell is pressed.
-void FillGrid(MonthGrid& grid, const MonthShape& month, const MonthRows& rows, QDate today);
+/// Fills the grid with a month: the colours of the columns, the holidays in their order, then the user's
+/// marks. Only today's cell is pressed.
+void FillGrid(MonthGrid& grid, const MonthShape& month, const MonthRows& rows, QDate today,
+              const EraStyle& eras = {});
 
 }  // namespace tickwell::days

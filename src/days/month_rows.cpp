@@ -10,11 +10,9 @@ MonthShape ShapeOf(QDate date) {
     return {.first = first, .last = first.addMonths(1).addDays(-1), .firstWeekday = WeekdayOf(first)};
 }
 
-MonthRows ReadMonth(store::DayDatabase& database, const MonthShape& month) {
-    MonthRows rows;
-    for (const store::ResultRow& row : database.RunQuery(MonthHolidayQuery(month.first.month()))) {
-        rows.holidays.append({row.Integer(u"Day"), row.Text(u"Name")});
-    }
+MonthRows ReadMonth(store::DayDatabase& database, const HolidaySource& holidays, const MonthShape& month) {
+    MonthRows rows{
+        .holidays = holidays.DaysOff(month), .marks = {}, .areHolidaysStored = holidays.IsStoredWithMarks()};
     for (const DayMark mark : kDayMarks) {
         QList<int>& days = rows.marks.at(static_cast<std::size_t>(mark));
         for (const store::ResultRow& row :

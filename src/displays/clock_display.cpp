@@ -17,10 +17,10 @@ constexpr DisplayTraits kClockTraits{.number = kFunctionClock,
 
 }  // namespace
 
-ClockDisplay::ClockDisplay(const AppSettings& settings, const Clock& clock, store::DayDatabase& dayDatabase,
-                           Handlers& handlers, TimerSource& timers, const DisplayView& view)
+ClockDisplay::ClockDisplay(const ClockParts& parts, Handlers& handlers, TimerSource& timers,
+                           const DisplayView& view)
     : m_handlers(handlers),
-      m_lines(settings, clock, dayDatabase, view.lines),
+      m_lines(parts, view.lines),
       m_timeTimer(
           handlers, timers, kTimeTick, [this] { Dz_Timer1_Timer(); },
           [this, isSeen = view.isSeen] { return m_lines.UntilDue(isSeen()); }),

@@ -12,8 +12,7 @@ namespace tickwell::displays {
 class ClockDisplay : public Display {
 public:
     /// All outlive this object.
-    ClockDisplay(const AppSettings& settings, const Clock& clock, store::DayDatabase& dayDatabase,
-                 Handlers& handlers, TimerSource& timers, const DisplayView& view);
+    ClockDisplay(const ClockParts& parts, Handlers& handlers, TimerSource& timers, const DisplayView& view);
 
     const DisplayTraits& Traits() const override;
     void Show() override;

@@ -5,14 +5,15 @@
 
 #include "core/clock_text.h"
 #include "core/integers.h"
-#include "days/announced_names.h"
 
 namespace tickwell::displays {
 
 namespace {
 
-QString DateLine(const AppSettings& settings, QDate today) {
-    return DateText(today, settings.language, settings.yearStyle, settings.displayMode);
+QString DateLine(const ClockParts& parts, QDate today) {
+    const AppSettings& settings = parts.settings;
+    return DateText(today, settings.language, settings.yearStyle, settings.displayMode,
+                    parts.announcements.further.calendar.eras);
 }
 
 QString TimeLine(const AppSettings& settings, QTime now) {
@@ -31,21 +32,19 @@ int WholeSteps(QTime time, int step) {
 
 }  // namespace
 
-ClockLines::ClockLines(const AppSettings& settings, const Clock& clock, store::DayDatabase& dayDatabase,
-                       TextLines lines)
-    : m_settings(settings), m_clock(clock), m_dayDatabase(dayDatabase), m_lines(lines) {}
+ClockLines::ClockLines(const ClockParts& parts, TextLines lines) : m_parts(parts), m_lines(lines) {}
 
 void ClockLines::Show() {
-    const QDateTime now = m_clock.Now();
-    m_lines.upper.ShowText(DateLine(m_settings, now.date()));
-    m_lines.lower.ShowText(TimeLine(m_settings, now.time()));
+    const QDateTime now = m_parts.clock.Now();
+    m_lines.upper.ShowText(DateLine(m_parts, now.date()));
+    m_lines.lower.ShowText(TimeLine(m_parts.settings, now.time()));
 }
 
 void ClockLines::LookUp() {
-    const QDate today = m_clock.Now().date();
+    const QDate today = m_parts.clock.Now().date();
     const QString date = today.toString(Qt::ISODate);
     if (IsLookUpDue(date)) {
-        m_dateLine = DateLine(m_settings, today);
+        m_dateLine = DateLine(m_parts, today);
         m_rememberedDate = date;
         m_turn = 0;
         m_refresh = false;
@@ -59,28 +58,28 @@ void ClockLines::LookUp() {
 }
 
 void ClockLines::AskForNames(QDate today) {
-    m_tried = m_clock.Tick();
-    if (m_dayDatabase.TryOpen()) {
+    m_tried = m_parts.clock.Tick();
+    if (m_parts.announcements.dayDatabase.TryOpen()) {
         m_areNamesDue = false;  // even if the query fails
-        m_names = days::AnnouncedNames(m_dayDatabase, today);
+        m_names = days::AnnouncedNames(m_parts.announcements, today);
     }
 }
 
 qint64 ClockLines::UntilNextTry() const {
-    const quint32 passed = m_tried ? TicksSince(*m_tried, m_clock.Tick()) : kRetryInterval;
+    const quint32 passed = m_tried ? TicksSince(*m_tried, m_parts.clock.Tick()) : kRetryInterval;
     return passed < kRetryInterval ? kRetryInterval - passed : 0;
 }
 
 void ClockLines::TimeTick() {
-    const QTime now = m_clock.Now().time();
+    const QTime now = m_parts.clock.Now().time();
     if (WholeSteps(now, kClockSecond) != WholeSteps(m_rememberedTime, kClockSecond)) {
         m_rememberedTime = now;
-        m_lines.lower.SetText(TimeLine(m_settings, now));
+        m_lines.lower.SetText(TimeLine(m_parts.settings, now));
     }
 }
 
 qint64 ClockLines::UntilDue(bool isSeen) const {
-    const QDateTime now = m_clock.Now();
+    const QDateTime now = m_parts.clock.Now();
     if (IsLookUpDue(now.date().toString(Qt::ISODate))) {
         return 0;
     }
@@ -90,10 +89,10 @@ qint64 ClockLines::UntilDue(bool isSeen) const {
 
 qint64 ClockLines::UntilTimeDue(QTime now, bool isSeen) const {
     const bool hasSeconds =
-        m_settings.language == kLanguageJapanese || m_settings.language == kLanguageEnglish;
+        m_parts.settings.language == kLanguageJapanese || m_parts.settings.language == kLanguageEnglish;
     // The window of another function may have written to the line, which shows the time again within a
     // second.
-    const bool turnsBySecond = hasSeconds || m_lines.lower.Text() != TimeLine(m_settings, now);
+    const bool turnsBySecond = hasSeconds || m_lines.lower.Text() != TimeLine(m_parts.settings, now);
     const int step = isSeen && turnsBySecond ? kClockSecond : kClockMinute;
     if (WholeSteps(now, step) != WholeSteps(m_rememberedTime, step)) {
         return 1;  // it changed between the tick and this call

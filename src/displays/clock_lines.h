@@ -9,17 +9,22 @@
 #include "core/ports/clock.h"
 #include "core/settings.h"
 #include "core/text_line.h"
-#include "store/day_database.h"
+#include "days/announced_names.h"
 
 namespace tickwell::displays {
+
+/// What the clock works with; all outlive it.
+struct ClockParts {
+    const AppSettings& settings;
+    const Clock& clock;
+    days::AnnouncementParts announcements;
+};
 
 /// Both lines while the clock is shown. Lower line: the time. Upper line: the date and the names of today's
 /// anniversaries and holidays, in turn.
 class ClockLines {
 public:
-    /// All outlive this object.
-    ClockLines(const AppSettings& settings, const Clock& clock, store::DayDatabase& dayDatabase,
-               TextLines lines);
+    ClockLines(const ClockParts& parts, TextLines lines);
 
     /// The function was chosen: wipes in date and time. The rotation of the names continues where it was.
     void Show();
@@ -50,9 +55,7 @@ private:
     qint64 UntilNextTry() const;
     void AskForNames(QDate today);
 
-    const AppSettings& m_settings;
-    const Clock& m_clock;
-    store::DayDatabase& m_dayDatabase;
+    ClockParts m_parts;
     TextLines m_lines;
     QString m_rememberedDate;  // empty at start: the first tick always looks up
     QTime m_rememberedTime;    // invalid at start

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "days/month_calendar.h"
+#include "days/table_holidays.h"
 #include "platform/time/virtual_time.h"
 #include "store/day_store.h"
 #include "support/fake_message_boxes.h"
@@ -43,12 +44,19 @@ struct CalendarBench {
 
     store::DayStore store;
     store::DayDatabase dayDatabase{store.Path()};
+    TableHolidays holidays{dayDatabase};
+    CalendarSettings settings;
     DayList list;
     platform::VirtualTime time;
     FakeMessageBoxes boxes;
     Handlers handlers{boxes};
-    MonthCalendar calendar{
-        {.dayDatabase = dayDatabase, .list = list, .clock = time, .boxes = boxes, .handlers = handlers}};
+    MonthCalendar calendar{{.dayDatabase = dayDatabase,
+                            .holidays = holidays,
+                            .settings = settings,
+                            .list = list,
+                            .clock = time,
+                            .boxes = boxes,
+                            .handlers = handlers}};
 };
 
 }  // namespace tickwell::days

@@ -36,6 +36,8 @@ struct CalendarWindowBench : CalendarBench {
 
     void Open() {
         form = std::make_unique<Form5>(CalendarWindowParts{.dayDatabase = dayDatabase,
+                                                           .holidays = holidays,
+                                                           .settings = settings,
                                                            .list = list,
                                                            .clock = time,
                                                            .boxes = boxes,

@@ -3,7 +3,7 @@
 #include <chrono>
 
 #include "days/anniversary_texts.h"
-#include "days/announced_names.h"
+#include "days/announced_bench.h"
 #include "store/day_store.h"
 #include "store/day_transaction.h"
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <QTest>
 
-#include "days/announced_names.h"
+#include "days/announced_bench.h"
 #include "store/day_store.h"
 
 using namespace tickwell;

@@ -2,6 +2,7 @@
 #include <QTest>
 
 #include "days/day_marking.h"
+#include "days/table_holidays.h"
 
 using namespace Qt::StringLiterals;
 using namespace tickwell;
@@ -20,10 +21,12 @@ std::optional<DayMark> MarkOf(DayColor color, const QString& tip, int cell) {
 
 MonthGrid October() {
     MonthRows rows;
-    rows.holidays = {{10, u"体育の日"_s}, {11, u"日曜の祝日"_s}, {13, u"平日にした祝日"_s}};
+    const MonthShape october = ShapeOf(QDate(1998, 10, 1));
+    rows.holidays =
+        WithSubstitutes(october, {{10, u"体育の日"_s}, {11, u"日曜の祝日"_s}, {13, u"平日にした祝日"_s}});
     rows.marks = {{{2}, {5}, {4, 13}}};
     MonthGrid grid;
-    FillGrid(grid, ShapeOf(QDate(1998, 10, 1)), rows, QDate(1998, 10, 3));
+    FillGrid(grid, october, rows, QDate(1998, 10, 3));
     return grid;
 }
 

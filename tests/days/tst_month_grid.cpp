@@ -3,6 +3,7 @@
 
 #include "days/day_marking.h"
 #include "days/month_grid.h"
+#include "days/table_holidays.h"
 
 using namespace Qt::StringLiterals;
 using namespace tickwell;
@@ -12,9 +13,15 @@ namespace {
 
 const QDate kElsewhere(2200, 1, 1);
 
+/// The rows of the table with their substitutes.
+MonthRows WithTableRule(QDate month, MonthRows rows) {
+    rows.holidays = WithSubstitutes(ShapeOf(month), rows.holidays);
+    return rows;
+}
+
 MonthGrid GridOf(QDate month, const MonthRows& rows = {}, QDate today = kElsewhere) {
     MonthGrid grid;
-    FillGrid(grid, ShapeOf(month), rows, today);
+    FillGrid(grid, ShapeOf(month), WithTableRule(month, rows), today);
     return grid;
 }
 

@@ -4,6 +4,7 @@
 
 #include "days/month_grid.h"
 #include "days/month_model.h"
+#include "days/table_holidays.h"
 #include "store/day_store.h"
 #include "store/day_transaction.h"
 
@@ -115,7 +116,7 @@ void TstMonthYears::Compare(const store::DayStore& store, const ModelTables& tab
     for (int year = 1926; year <= 2100; ++year) {
         for (int month = 1; month <= 12; ++month, ++months) {
             const MonthShape shape = ShapeOf(QDate(year, month, 17));
-            FillGrid(grid, shape, ReadMonth(database, shape), QDate(2200, 1, 1));
+            FillGrid(grid, shape, ReadMonth(database, TableHolidays(database), shape), QDate(2200, 1, 1));
             QCOMPARE(grid.heading, ModelHeading(year, month));
             const int cell = Mismatch(ModelMonth(tables, year, month), grid);
             QVERIFY2(cell < 0, qPrintable(u"%1 %2, cell %3"_s.arg(year).arg(month).arg(cell)));

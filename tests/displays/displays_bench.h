@@ -2,6 +2,7 @@
 #pragma once
 
 #include "app/displays.h"
+#include "days/table_holidays.h"
 #include "media/media_system.h"
 #include "platform/time/virtual_time.h"
 #include "support/borrowed.h"
@@ -25,6 +26,7 @@ struct DisplaysBench {
     FakeMessageBoxes boxes;
     Handlers handlers{boxes};
     store::DayDatabase dayDatabase;
+    days::TableHolidays holidays{dayDatabase};
     FakePower power;
     FakeMemory memory;
     timing::StopwatchState stopwatch;
@@ -55,7 +57,7 @@ struct DisplaysBench {
     app::DisplaysParts Parts() {
         return {.ports = {.power = Borrowed<const Power>(power), .memory = Borrowed<const Memory>(memory)},
                 .settings = settings,
-                .dayDatabase = dayDatabase,
+                .announcements = {.dayDatabase = dayDatabase, .holidays = holidays, .further = further},
                 .clock = time,
                 .timers = time,
                 .handlers = handlers,

@@ -3,6 +3,7 @@
 #include <QTest>
 
 #include "core/settings_io.h"
+#include "days/table_holidays.h"
 #include "displays/clock_lines.h"
 #include "platform/time/virtual_time.h"
 #include "store/day_store.h"
@@ -24,7 +25,12 @@ struct Bench {
     store::DayDatabase database{store.Path()};
     FakeTextLine upper;
     FakeTextLine lower;
-    ClockLines lines{settings, time, database, {.upper = upper, .lower = lower}};
+    days::TableHolidays holidays{database};
+    FurtherSettings further;
+    ClockLines lines{{.settings = settings,
+                      .clock = time,
+                      .announcements = {.dayDatabase = database, .holidays = holidays, .further = further}},
+                     {.upper = upper, .lower = lower}};
 
     Bench() { LoadSettings(FakeSettingsStore(), settings); }
 
