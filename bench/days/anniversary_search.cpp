@@ -86,7 +86,7 @@ void Measure(const char* name, const std::function<void()>& deed, const std::fun
         Memory("/proc/self/smaps_rollup", "Pss:"), Memory("/proc/self/status", "VmHWM:"));
 }
 
-/// The three kinds in equal parts, one of them by week.
+/// One third of the rows of each kind; three rows of seven by week.
 void Fill(const QString& path, int rows) {
     const QByteArray sql =
         "WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < " +

@@ -63,7 +63,7 @@ class RepaintWatch:
                                       stdout=subprocess.PIPE, text=True)
 
     def wait(self):
-        """Waits until the time is over; returns the repaints."""
+        """Waits until the time has passed; returns the repaints."""
         try:
             printed, _ = self._process.communicate(timeout=self._seconds + _SECONDS_BEYOND)
         except subprocess.TimeoutExpired as error:

@@ -20,7 +20,7 @@ constexpr auto kPatience = 3000ms;  // for the first process to answer; it may s
 constexpr auto kForward = "forward\n";
 constexpr auto kMenu = "menu\n";
 
-/// A socket in the user's runtime folder, or in the folder of temporary files if there is none. Its name
+/// A socket in the user's runtime folder, or in the temporary directory if there is none. Its name
 /// contains a hash of the program folder, because socket paths are too short for the path itself.
 QString SocketPath(const QString& folder) {
     const QByteArray path = QFileInfo(folder).canonicalFilePath().toUtf8();

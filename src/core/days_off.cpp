@@ -12,7 +12,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// The list's words for a day without a name of its own; the second stands at the ceremonies of 2019.
+/// The list's words for a day off without its own name; it uses the second for the ceremonies of 2019.
 bool IsOnlyDayOff(const QString& listed) {
     return listed == u"休日" || listed == u"休日（祝日扱い）";
 }

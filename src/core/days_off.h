@@ -9,12 +9,12 @@
 
 namespace tickwell {
 
-/// The days off of a year: those of the list if it covers the year, else those of the law. Days that the list
-/// calls 休日 have the law's name where the law has one. Empty if neither knows the year.
+/// The days off of a year: those of the list if it covers the year, else those of the law. A day that the
+/// list only calls 休日 gets the law's name if there is one. Empty if neither covers the year.
 QMap<QDate, QString> DaysOffOfYear(int year, const HolidayList* list);
 
-/// The days on which the list and the law differ in the years that both know, a line each: 「2020年7月24日：
-/// 法律では「スポーツの日」、データでは「海の日」」.
+/// The days on which list and law differ in the years that both cover, one line each: 「2020年7月24日：
+/// 法律では「スポーツの日」、データでは「海の日」です。」.
 QStringList DifferencesFromLaw(const HolidayList& list);
 
 }  // namespace tickwell

@@ -13,7 +13,7 @@ namespace {
 
 enum class Reckoning { Day, Monday, SpringEquinox, AutumnEquinox };
 
-/// A row of the law: a name, the years in which it stood with this day, and the day.
+/// A rule of the law: the name, the years for which it holds, and the day.
 struct LawRow {
     QStringView name;
     int firstYear = 0;
@@ -26,8 +26,8 @@ struct LawRow {
 
 constexpr int kOn = kLastLawYear;  // still in force
 
-// In 2020 and 2021 three days were moved for the Olympic games. The acts for the two ceremonies of 2019 make
-// their days count as holidays, so that there are days between.
+// In 2020 and 2021 three days were moved for the Olympic Games. The acts for the two ceremonies of 2019 make
+// their days holidays, so that a single day between them and another holiday is off too.
 constexpr std::array kLaw{
     LawRow{u"元日", 1949, kOn, 1, Reckoning::Day, 1},
     LawRow{u"成人の日", 1949, 1999, 1, Reckoning::Day, 15},
@@ -65,7 +65,7 @@ constexpr std::array kLaw{
     LawRow{u"勤労感謝の日", 1948, kOn, 11, Reckoning::Day, 23},
 };
 
-// The earlier acts for single days do not.
+// The earlier acts for single days did not make them holidays in this sense.
 constexpr std::array kOneDayActs{
     LawRow{u"結婚の儀", 1959, 1959, 4, Reckoning::Day, 10, HolidayKind::OneDay},
     LawRow{u"大喪の礼", 1989, 1989, 2, Reckoning::Day, 24, HolidayKind::OneDay},
@@ -77,10 +77,10 @@ const QDate kFirstSubstitute(1973, 4, 12);
 const QDate kFirstBetween(1985, 12, 27);
 const QDate kSubstituteBeyondMonday(2007, 1, 1);
 
-/// The day of the month on which the sun crosses the equator in Japan, by the formula of the almanac.
+/// The day of the month of the equinox, in Japan's time zone, by the almanac's formula.
 int EquinoxDay(int year, bool isSpring) {
     constexpr qint64 kMillion = 1'000'000;
-    constexpr qint64 kPerYear = 242'194;  // millionths of a day that a year has beyond 365
+    constexpr qint64 kPerYear = 242'194;  // millionths of a day by which a year exceeds 365 days
     qint64 base = isSpring ? 20'843'100 : 23'248'800;
     if (year < 1980) {
         base = isSpring ? 20'835'700 : 23'258'800;
@@ -163,7 +163,7 @@ QList<Holiday> HolidaysByLaw(int year) {
     Put(days, kLaw, year);
     Days substitutes = SubstitutesOf(days);
     Days between = DaysBetween(days);
-    days.merge(substitutes);  // a substitute is no day between
+    days.merge(substitutes);  // a substitute holiday takes precedence over a day between
     days.merge(between);
     Put(days, kOneDayActs, year);
     QList<Holiday> result;

@@ -23,15 +23,14 @@ struct Holiday {
     bool operator==(const Holiday&) const = default;
 };
 
-/// The years for which HolidaysByLaw knows the law. Of the first, only the days from the Act's coming into
-/// force on July 20.
+/// The years that HolidaysByLaw covers; the first one only from July 20, when the Act came into force.
 inline constexpr int kFirstLawYear = 1948;
 inline constexpr int kLastLawYear = 2100;
 
 /// The days off of a year by the Act on National Holidays (国民の祝日に関する法律, Act No. 178 of 1948) with
 /// its amendments and the acts for single days, in the order of their dates. Empty outside the years above.
-/// The equinoxes of coming years are those of the almanac's formula: their dates become law in February of
-/// the year before.
+/// The equinoxes of future years are those of the almanac's formula: their dates become official in February
+/// of the year before.
 QList<Holiday> HolidaysByLaw(int year);
 
 }  // namespace tickwell

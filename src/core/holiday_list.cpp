@@ -18,7 +18,7 @@ namespace {
 constexpr qsizetype kMostBytes = 1 << 20;
 constexpr qsizetype kMostLines = 10'000;
 constexpr qsizetype kLongestName = 40;
-constexpr int kFewestDays = 8;  // 1949, the first whole year of the law, had nine
+constexpr int kFewestDays = 8;  // one less than in 1949, the first full year under the law
 constexpr int kFirstWholeYear = 1949;
 const QDate kLawInForce(1948, 7, 20);
 const QDate kLastDate(2150, 12, 31);
@@ -27,7 +27,7 @@ HolidayListProblem Problem(qsizetype line, const QString& reason) {
     return {static_cast<int>(line), reason};
 }
 
-/// Invalid if the text is not a date. Digits of other scripts are none.
+/// Invalid if the text is not a date. Only ASCII digits count.
 QDate DateOf(const QString& text) {
     static const QRegularExpression form(u"^([0-9]{4})[/-]([0-9]{1,2})[/-]([0-9]{1,2})$"_s);
     const QRegularExpressionMatch match = form.match(text);
@@ -47,7 +47,7 @@ bool HasControlCharacter(const QString& name) {
                        [](QChar c) { return c.category() == QChar::Other_Control; });
 }
 
-/// What a list is made of while it is read: its days, and the line of each.
+/// The part of a list that was read so far: its days, and the line of each.
 struct Reading {
     HolidayList list;
     QMap<QDate, qsizetype> lines;

@@ -11,7 +11,7 @@ namespace tickwell {
 
 /// The Cabinet Office's list of days off (syukujitsu.csv), complete for each of its years.
 struct HolidayList {
-    QMap<QDate, QString> days;  ///< never empty; names as they stand in the list
+    QMap<QDate, QString> days;  ///< never empty; names as written in the list
 
     int FirstYear() const { return days.firstKey().year(); }
     int LastYear() const { return days.lastKey().year(); }
@@ -24,11 +24,11 @@ struct HolidayListProblem {
     QString reason;
 };
 
-/// Reads a list: one day a line, `2026/5/6,休日`, in any order, with or without a header; Shift_JIS or UTF-8
-/// with or without a byte order mark; line feeds or carriage returns with line feeds. A list that may have
-/// been damaged or cut off is refused: unreadable characters, dates before the law or after 2150, a name that
-/// is empty or longer than 40 characters, a date twice, a year that is missing or has fewer days off than the
-/// law ever had, a last year without November 23. At most 1 MiB and 10 000 lines.
+/// Reads a list: one day per line, `2026/5/6,休日`, in any order, with or without a header; Shift_JIS, or
+/// UTF-8 with or without a byte order mark; lines end with LF or CR LF. A list that may be damaged or
+/// truncated is refused: characters that cannot be decoded, dates before the law came into force or after
+/// 2150, a name that is empty or longer than 40 characters, a repeated date, a missing year, a year after
+/// 1948 with fewer than eight days off, a last year without November 23. At most 1 MiB and 10 000 lines.
 std::variant<HolidayList, HolidayListProblem> ReadHolidayList(QByteArrayView bytes);
 
 }  // namespace tickwell

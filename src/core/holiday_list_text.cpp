@@ -11,7 +11,7 @@ constexpr QByteArrayView kByteOrderMark("\xEF\xBB\xBF");
 
 struct Decoded {
     QString text;
-    bool isComplete = false;  // each byte belongs to a character
+    bool isComplete = false;  // every byte was decoded
 };
 
 Decoded Decode(QByteArrayView bytes, const char* encoding) {
@@ -25,7 +25,7 @@ struct Failures {
     int first = 0;  // the line, counted from 1
 };
 
-/// Decodes each line by itself; line feeds are bytes of their own in both encodings.
+/// Decodes each line separately: in both encodings the byte of a line feed occurs in no other character.
 Failures FailuresOf(QByteArrayView bytes, const char* encoding) {
     Failures failures;
     for (int line = 1; !bytes.isEmpty(); ++line) {

@@ -5,7 +5,7 @@
 
 namespace tickwell::days {
 
-/// The icon of each anniversary in the calendar's list, "Kinen": a star.
+/// The star that the calendar's list shows beside each anniversary.
 QIcon AnniversaryIcon();
 
 }  // namespace tickwell::days

@@ -9,7 +9,8 @@
 
 namespace tickwell::days {
 
-/// The model of the day list. Reads only the rows that the view requests, and caches the last ones.
+/// The model of the day list. Reads only the rows that the view requests, and caches those read
+/// most recently.
 class DayListModel : public QAbstractTableModel {
     Q_OBJECT
 

@@ -102,7 +102,7 @@ private:
     CdTexts m_texts;
     CdSeek m_seek;
     CdControls m_controls;
-    std::unique_ptr<Timer> m_followTimer;  // while playing: follows the device
+    std::unique_ptr<Timer> m_followTimer;  // while playing: polls the device
     std::unique_ptr<Timer> m_lookTimer;    // while shown and not ready: looks for a disc
     CdDisplay* m_display = nullptr;
     std::function<void()> m_changed;

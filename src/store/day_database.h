@@ -75,7 +75,7 @@ public:
     /// RunTimeError.
     std::optional<ResultRow> ReadRow(QStringView table, const FoundRow& row);
 
-    /// Delete or change one row by its key, whatever its values: for rows that the query language cannot
+    /// Delete or change one row by its key, whatever its values: for rows that the SQL dialect cannot
     /// select. Throw SqlError.
     void DeleteRow(QStringView table, qint64 key);
     void ChangeRow(QStringView table, qint64 key, const std::vector<ColumnValue>& values);

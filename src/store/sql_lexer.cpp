@@ -16,7 +16,7 @@ namespace {
 
 constexpr int kFirstYear = 100;
 
-// ASCII only: full-width digits and letters are not part of the language.
+// ASCII only: full-width digits and letters are not part of the dialect.
 bool IsBlank(QChar c) {
     return c == u' ' || c == u'\t' || c == u'\r' || c == u'\n';
 }

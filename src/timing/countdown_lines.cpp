@@ -14,7 +14,7 @@ void CountdownLines::Show() {
     const CountdownState& state = m_countdown.State();
     if (!state.CountdownRunning) {
         m_windows.ShowTimerForm();
-        m_countdown.Forget();  // not for a running one, whose time would be over at once
+        m_countdown.Forget();  // only while it is stopped: a running one would end at once
     }
     m_countdown.ReplaceZero();
     m_lines.lower.ShowText(ElapsedText(state.CountdownDuration));

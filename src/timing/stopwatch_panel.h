@@ -14,7 +14,7 @@ struct StopwatchCaptions {
     QStringView lapOrReset;
 };
 
-/// The stopwatch window without the window: its list and the actions of its buttons.
+/// The logic of the stopwatch window: its list and the actions of its buttons.
 class StopwatchPanel {
 public:
     /// All outlive this object. `readingTimer` updates the reading on the main window.

@@ -16,8 +16,8 @@ struct TimerNoticeParts {
     std::function<void(const QString& command)> sendCommand;
 };
 
-/// The notice, with sound, that the timer's time is over. It is shown in front of all other windows and is
-/// modal to the program's own, but no code blocks until it is closed.
+/// The notice, with sound, that the countdown has reached zero. It is shown in front of all other windows and
+/// is modal to the program's own, but no code blocks until it is closed.
 class Form8 : public QDialog {
     Q_OBJECT
 

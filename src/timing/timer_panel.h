@@ -17,7 +17,7 @@ struct TimerEntry {
     bool operator==(const TimerEntry&) const = default;
 };
 
-/// The timer window without the window: the meaning of its entry and the actions of its buttons.
+/// The logic of the timer window: the meaning of its entry and the actions of its buttons.
 class TimerPanel {
 public:
     /// All outlive this object. `countdownTimer` drives the countdown.

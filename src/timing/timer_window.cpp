@@ -71,7 +71,7 @@ void TimerForm::LayOut() {
 
 void TimerForm::AddEntry(QHBoxLayout& row, QSpinBox& box, int largest, QLabel& label) {
     box.setRange(0, largest);
-    box.setKeyboardTracking(false);  // an incomplete number is not an entry: its zero would become fifteen
+    box.setKeyboardTracking(false);  // a zero that is still being typed must not become fifteen
     box.setAccessibleName(label.text());
     row.addWidget(&box, 1);
     row.addWidget(&label);

@@ -14,7 +14,7 @@ public:
     /// Updates that window to the state, if it is open.
     virtual void RefreshTimerForm() = 0;
 
-    /// Shows the notice that the time is over. Does nothing while it is open.
+    /// Shows the notice that the countdown has reached zero. Does nothing while it is open.
     virtual void ShowNotice() = 0;
 };
 

@@ -11,7 +11,8 @@
 
 namespace tickwell::book {
 
-/// An anniversary book above an empty calendar. Today is 15 November 1998, and 3 October is selected.
+/// An anniversary book, with an empty widget in place of the calendar window. Today is 15 November 1998, and
+/// the selected day is 3 October 1998.
 struct BookBench : DialogBench {
     store::DayStore store;
     store::DayDatabase database{store.Path()};

@@ -25,7 +25,7 @@ QMap<QDate, QString> TableOf(int year) {
     return days;
 }
 
-/// Whether a damaged list was refused, or still has all days, or each of its differences is told.
+/// Whether a damaged list was refused, or still has all days, or each of its differences is reported.
 bool IsHarmless(const QByteArray& damaged, const HolidayList& original) {
     const auto list = Accepted(damaged);
     return !list || list->days == original.days || !DifferencesFromLaw(*list).isEmpty() ||

@@ -67,7 +67,7 @@ void TstHolidayLaw::DaysThatWereDecidedOtherwise_data() {
     const auto row = [](int year, int month, int day, const QString& name) {
         QTest::addRow("%d-%d-%d", year, month, day) << QDate(year, month, day) << name;
     };
-    row(1973, 2, 12, {});  // the substitutes came in April
+    row(1973, 2, 12, {});  // before the first substitute, in April
     row(1973, 4, 30, u"振替休日"_s);
     row(1986, 5, 4, {});  // a Sunday
     row(1987, 5, 4, u"振替休日"_s);

@@ -13,7 +13,7 @@ namespace {
 
 constexpr qint32 kNone = -1;
 
-/// A roll over a display that only remembers its number.
+/// A roll whose changes of display are only recorded.
 struct Bench : LinesBench {
     RollSettings settings{.use = true, .kinds = {0, 1, 4, 5}, .interval = 10};
     QList<qint32> shown;

@@ -173,7 +173,7 @@ void TstCdPlayer::StopReturnsToTheWholeDisc() {
     QCOMPARE(bench.Done(), QStringList{u"stop"_s});
     QVERIFY(bench.player.Controls().menus);
     QCOMPARE(bench.player.Controls().caption, u"停止"_s);
-    QCOMPARE(bench.time.UntilNext(), std::nullopt);  // the device is not followed any more
+    QCOMPARE(bench.time.UntilNext(), std::nullopt);  // the device is no longer polled
 }
 
 void TstCdPlayer::AnyButtonWhilePausedOnlyResumes() {

@@ -90,7 +90,7 @@ void TstCdPlaying::SoundBeginsWhenThereIsEnoughOfIt() {
     QVERIFY(!Device().held);
     QVERIFY(Device().waiting >= kSecond * 2 / 5);
     // After the queue has run empty, playback waits until enough is queued again.
-    QVERIFY(m_bench->drive.Play(0, 10));  // less than that: all of it is enough
+    QVERIFY(m_bench->drive.Play(0, 10));  // shorter than that: playback starts once all of it is queued
     QVERIFY(m_bench->WaitForSound());
     QCOMPARE(Device().waiting, 10 * media::kFramesPerSector);
 }

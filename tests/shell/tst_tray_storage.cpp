@@ -91,7 +91,7 @@ void TstTrayStorage::AnAreaThatIsGoneGivesTheWindowBack() {
     QVERIFY(bench.storage.IsStored());
     bench.tray.SetThere(false);
     bench.time.Advance(2000);
-    QVERIFY(bench.storage.IsStored());  // a single check may fall into a panel's restart
+    QVERIFY(bench.storage.IsStored());  // a single failed check may be the restart of a panel
     bench.time.Advance(2000);
     QVERIFY(!bench.storage.IsStored());
     QCOMPARE(bench.told, (QList<bool>{true, false}));

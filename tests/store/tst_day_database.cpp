@@ -37,7 +37,7 @@ QString Dates(const ResultSet& rows) {
 
 }  // namespace
 
-/// The day database and its query language.
+/// The day database and its SQL dialect.
 class TstDayDatabase : public QObject {
     Q_OBJECT
 

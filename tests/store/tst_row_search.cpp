@@ -15,7 +15,7 @@ namespace {
 constexpr QStringView kAll = u"SELECT * FROM Kinenbi WHERE Year <> 5";
 constexpr int kMany = 150'000;
 
-/// Stores kMany rows, "n0", "n1" .., every tenth of the year 5, with keys from the smallest to the largest
+/// Stores kMany rows "n0", "n1" .., every tenth one with year 5, under keys from the smallest to the largest
 /// possible one.
 void StoreMany(const DayStore& store) {
     store.Raw(

@@ -8,7 +8,8 @@
 
 namespace tickwell {
 
-/// The program's windows, shown or hidden, as a message names them, in alphabetical order.
+/// The names of all top-level windows, shown or hidden, in alphabetical order, for the message of a failed
+/// test.
 inline QString AllWindows() {
     QStringList names;
     for (const QWidget* window : QApplication::topLevelWidgets()) {

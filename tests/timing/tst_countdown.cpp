@@ -165,7 +165,8 @@ void TstCountdown::ItRunsOnAcrossTheTurnOfTheCounter() {
     QCOMPARE(bench.state.CountdownStart, 500);
 }
 
-/// The duration minus the tick alone would overflow, for a day after the sign change.
+/// After the tick's sign change `duration - tick` overflows for up to a day, although the remaining time
+/// fits.
 void TstCountdown::ARestThatFitsIsFoundAfterTheSignChange() {
     Bench bench(kSignChange, 86'399'000);
     bench.countdown.Start();

@@ -45,7 +45,7 @@ struct Bench {
 
 }  // namespace
 
-/// The actions of the stopwatch window, without the window.
+/// The list and the buttons of the stopwatch window.
 class TstStopwatchPanel : public QObject {
     Q_OBJECT
 

@@ -14,7 +14,7 @@ const QStringList kOpened{u"folder"_s, u"open TKW00.wav alias Timer"_s, u"play T
 
 }  // namespace
 
-/// The notice that the time is over.
+/// The notice that the countdown has reached zero.
 class TstTimerNotice : public QObject {
     Q_OBJECT
 

@@ -28,7 +28,7 @@ struct Bench {
 
 }  // namespace
 
-/// The actions of the timer window, without the window.
+/// The entry and the buttons of the timer window.
 class TstTimerPanel : public QObject {
     Q_OBJECT
 

@@ -19,7 +19,7 @@ QString ConfigHome();
 QString DataHome();
 /// ConfigHome, then each folder of $XDG_CONFIG_DIRS, else /etc/xdg; none twice.
 QStringList ConfigFolders();
-/// $XDG_RUNTIME_DIR, else the folder of temporary files.
+/// $XDG_RUNTIME_DIR, else the temporary directory.
 QString RuntimeFolder();
 
 }  // namespace tickwell::platform

@@ -24,7 +24,7 @@ constexpr int kTries = 100;
 constexpr useconds_t kPauseBetweenTries = 10'000;  // microseconds; a clean-up takes less
 
 constexpr QLatin1StringView kMark(".unfinished-");
-constexpr QLatin1StringView kPlaceholder("XXXXXX");  // Qt replaces it by letters
+constexpr QLatin1StringView kPlaceholder("XXXXXX");  // Qt replaces it with random letters
 
 int OpenFolder(const QString& folder) {
     return open(QFile::encodeName(folder).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);

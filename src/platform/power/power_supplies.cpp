@@ -27,12 +27,12 @@ std::optional<qint64> Number(const QString& supply, const QString& name) {
     return isNumber && value >= 0 && value <= kLargest ? std::optional(value) : std::nullopt;
 }
 
-/// Sums over all batteries, in the unit of their files: microwatt hours, or microampere hours with their
-/// current.
+/// Sums over all batteries, in the units of their files: microwatt hours and microwatts, or microampere hours
+/// and microamperes.
 struct Charge {
     qint64 now = 0;
     qint64 full = 0;
-    qint64 rate = 0;  // per hour
+    qint64 rate = 0;  // of discharge, per hour
 
     void Add(const QString& battery) {
         constexpr std::array kUnits{std::pair{u"energy", u"power_now"}, std::pair{u"charge", u"current_now"}};

@@ -23,7 +23,7 @@ namespace {
 using Protocol = asio::local::stream_protocol;
 using Socket = Protocol::socket;
 
-/// Whether the peer belongs to this user. In the folder of temporary files anybody can create a socket, and
+/// Whether the peer belongs to this user. In the temporary directory anybody can create a socket, and
 /// root can do so in every folder.
 bool IsOwnUsers(Socket& socket) {
     ucred peer{};

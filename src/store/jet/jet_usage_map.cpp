@@ -10,8 +10,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr quint8 kInline = 0;     // the row contains the bits, from a first page on
-constexpr quint8 kReference = 1;  // the row contains the numbers of pages full of bits
+constexpr quint8 kInline = 0;     // the row contains the first page number and the bitmap
+constexpr quint8 kReference = 1;  // the row contains the numbers of the pages that contain the bitmap
 constexpr qsizetype kBitmapHeader = 4;
 
 void AppendBits(const JetPages& pages, const ByteView& bits, quint64 firstPage, QList<quint32>& used) {
