@@ -71,11 +71,13 @@ class Ending(TickwellCase):
         windows.wait(name="Tickwell")
         self.assertEqual(read_settings(self.session), SILENT)
 
-        panel = windows.geometry(windows.wait(name="xsm: Default"))
+        panel = windows.settled_geometry(windows.wait(name="xsm: Default"))
+        shown = set(windows.stacking())
         button = (panel.x + panel.width * 5 // 7, panel.y + panel.height - 17)
         hand.press(button)
+        wait_for(lambda: set(windows.stacking()) - shown, "the menu of xsm")
         hand.release((button[0], button[1] + 22))  # its first item: save the session and shut down
-        dialog = windows.geometry(windows.wait(name="Shutdown"))
+        dialog = windows.settled_geometry(windows.wait(name="Shutdown"))
         hand.move((dialog.x + 150, dialog.y + 15))  # the keyboard focus follows the pointer
         hand.type("desk")
         hand.click((dialog.x + 50, dialog.y + dialog.height - 18))

@@ -2,9 +2,8 @@
 """Mouse and keyboard input, entered at the X server like input from real devices."""
 
 import subprocess
-import time
 
-from driver.waiting import PATIENCE
+from driver.waiting import PATIENCE, steady
 
 DRAG_STEPS = 8  # a drag in one jump cannot be told from a click elsewhere
 DRAG_PACE = 0.02  # s per step, like a quick user; the window manager may take over the move meanwhile
@@ -68,15 +67,7 @@ def point_of(target):
 def settled_extents(node):
     """The extents of a node once they have stopped changing: a new window is shown first and decorated and moved by the
     window manager a little later, and a click at its first place would miss."""
-    deadline = time.monotonic() + PATIENCE
-    extents = node.extents
-    while time.monotonic() < deadline:
-        time.sleep(SETTLING)
-        now = node.extents
-        if now == extents:
-            return extents
-        extents = now
-    raise RuntimeError(f"{node} moves all the time")
+    return steady(lambda: node.extents, f"the place of {node}", rest=SETTLING)
 
 
 def _move(point):

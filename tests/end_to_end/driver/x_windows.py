@@ -7,7 +7,7 @@ from Xlib import X, error
 from Xlib.display import Display
 from Xlib.protocol.event import ClientMessage
 
-from driver.waiting import PATIENCE, TimedOut, wait_for
+from driver.waiting import PATIENCE, TimedOut, steady, wait_for
 
 FROM_PAGER = 2  # source indication: window managers accept some requests only from panels and pagers
 
@@ -92,6 +92,10 @@ class XWindows:
         window = self._window(xid)
         size, corner = window.get_geometry(), self._root.translate_coords(window, 0, 0)
         return Geometry(corner.x, corner.y, size.width, size.height)
+
+    def settled_geometry(self, xid):
+        """The geometry once it has stopped changing: window managers decorate and move a window after it is shown."""
+        return steady(lambda: self.geometry(xid), f"the place of window {xid:#x}")
 
     def is_above(self, upper, lower):
         """Whether one window is above another in the stacking order, even if they do not overlap."""
