@@ -101,10 +101,10 @@ Figures MeasureCalendar(const QString& path) {
     NoHelp help;
     platform::QtTimers timers;
     const days::TableHolidays holidays(database);
-    const CalendarSettings settings;
+    const FurtherSettings further;
     days::Form5 window({.dayDatabase = database,
                         .holidays = holidays,
-                        .settings = settings,
+                        .further = further,
                         .list = list,
                         .clock = time,
                         .boxes = boxes,

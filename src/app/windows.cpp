@@ -3,6 +3,7 @@
 
 #include <QEvent>
 #include <QMenu>
+#include <utility>
 
 #include "app/window_placing.h"
 #include "controls/bring_forward.h"
@@ -33,7 +34,7 @@ shell::OtherWindows Windows::Openers() {
             auto calendar =
                 std::make_unique<days::Form5>(days::CalendarWindowParts{.dayDatabase = m_parts.dayDatabase,
                                                                         .holidays = m_parts.holidays,
-                                                                        .settings = m_parts.further.calendar,
+                                                                        .further = m_parts.further,
                                                                         .list = m_dayList,
                                                                         .clock = m_parts.clock,
                                                                         .boxes = m_parts.boxes,
@@ -97,7 +98,12 @@ days::BookWindows Windows::Book() {
 
 std::unique_ptr<settings_ui::Form2> Windows::MakeSettings() {
     settings_ui::SettingsOperations operations;
-    operations.apply = [this] { m_mainWindow->ApplySettings(); };
+    operations.apply = [this, before = m_parts.further]() mutable {
+        m_mainWindow->ApplySettings();
+        if (std::exchange(before, m_parts.further) != m_parts.further) {
+            RefreshCalendar();
+        }
+    };
     operations.refresh = [this](bool flag) {
         if (flag) {
             m_mainWindow->RaiseRefresh();
@@ -107,6 +113,7 @@ std::unique_ptr<settings_ui::Form2> Windows::MakeSettings() {
     operations.compact = [this](std::function<void()> done) {
         m_compaction.Start(m_settings, std::move(done));
     };
+    operations.holidayList = HolidayList();
     operations.holdKeepTop = [this](bool held) { m_mainWindow->HoldKeepTop(held); };
     return std::make_unique<settings_ui::Form2>(
         settings_ui::SettingsParts{.displays = m_mainWindow->AllDisplays(),
@@ -115,9 +122,41 @@ std::unique_ptr<settings_ui::Form2> Windows::MakeSettings() {
                                    .clock = m_parts.clock,
                                    .timers = m_parts.timers,
                                    .handlers = m_parts.handlers,
+                                   .boxes = m_parts.boxes,
                                    .help = m_settingsHelp,
                                    .autostart = m_parts.autostart,
                                    .operations = operations});
+}
+
+settings_ui::HolidayListOperations Windows::HolidayList() {
+    days::HolidayListFile& list = m_parts.holidays.List();
+    const auto changed = [this] {
+        if (m_parts.further.calendar.holidaysByLaw) {
+            m_mainWindow->RaiseRefresh();
+            RefreshCalendar();
+        }
+    };
+    return {.status = [&list] { return list.StatusText(); },
+            .isKept = [&list] { return list.IsKept(); },
+            .replace =
+                [&list, changed](const QString& path) {
+                    const QString report = list.Replace(path);
+                    changed();
+                    return report;
+                },
+            .remove =
+                [&list, changed] {
+                    list.Remove();
+                    changed();
+                }};
+}
+
+/// The calendar, if it is open, shows its month by the current settings, unless its database is being
+/// compacted.
+void Windows::RefreshCalendar() {
+    if (m_calendar != nullptr && m_parts.dayDatabase.TryOpen()) {
+        m_calendar->Refresh();
+    }
 }
 
 void Windows::SetMainWindow(shell::Form1& mainWindow) {

@@ -86,6 +86,8 @@ private:
     void Open(QPointer<Window>& window, Make make);
     days::BookWindows Book();
     std::unique_ptr<settings_ui::Form2> MakeSettings();
+    settings_ui::HolidayListOperations HolidayList();
+    void RefreshCalendar();
 
     WindowsParts m_parts;
     HideWatch m_hideWatch{m_parts.gone};

@@ -21,7 +21,7 @@ Form5::Form5(const CalendarWindowParts& parts, QWidget* parent)
       m_parts(parts),
       m_calendar({.dayDatabase = parts.dayDatabase,
                   .holidays = parts.holidays,
-                  .settings = parts.settings,
+                  .further = parts.further,
                   .list = parts.list,
                   .clock = parts.clock,
                   .boxes = parts.boxes,
@@ -63,6 +63,11 @@ void Form5::Form_Load() {
     m_calendar.Load();
     ShowAll();
     m_monthView->FocusDay(m_calendar.SelectedDate().day());
+}
+
+void Form5::Refresh() {
+    m_calendar.Refresh();
+    ShowAll();
 }
 
 /// The marks are stored when the mode is left, but not again if its button is clicked once more.

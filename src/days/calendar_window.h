@@ -29,6 +29,10 @@ public:
     /// database and writes nothing. Throws RunTimeError; the window must then not be shown.
     void Form_Load();
 
+    /// Shows the month again after the settings were changed; not while days are being marked. Throws
+    /// RunTimeError.
+    void Refresh();
+
 protected:
     void keyPressEvent(QKeyEvent* event) override;
     void changeEvent(QEvent* event) override;

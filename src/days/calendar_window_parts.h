@@ -34,7 +34,7 @@ struct BookWindows {
 struct CalendarWindowParts {
     store::DayDatabase& dayDatabase;
     const HolidaySource& holidays;
-    const CalendarSettings& settings;
+    const FurtherSettings& further;
     DayList& list;  ///< only this window shows it
     const Clock& clock;
     MessageBoxes& boxes;

@@ -3,6 +3,7 @@
 
 #include <QFile>
 #include <QSaveFile>
+#include <algorithm>
 
 #include "core/days_off.h"
 #include "core/errors.h"
@@ -24,6 +25,21 @@ QString ProblemText(const HolidayListProblem& problem) {
 
 QString YearsText(const HolidayList& list) {
     return u"%1年～%2年（%3日）"_s.arg(list.FirstYear()).arg(list.LastYear()).arg(list.days.size());
+}
+
+QString HolidayReport(const HolidayList& list) {
+    QStringList lines{YearsText(list) + u"の祝日データを読み込みました。"};
+    const QStringList differences = DifferencesFromLaw(list);
+    if (differences.isEmpty()) {
+        lines.append(u"法律に基づく計算との違いはありません。"_s);
+    } else {
+        lines.append(u"法律に基づく計算と%1か所違います。データの方を使います。"_s.arg(differences.size()));
+        lines.append(differences.first(std::min(differences.size(), kMostDifferences)));
+        if (differences.size() > kMostDifferences) {
+            lines.append(u"ほか%1か所"_s.arg(differences.size() - kMostDifferences));
+        }
+    }
+    return lines.join(u"\r\n"_s);
 }
 
 /// One byte more than a list may have, so that the line of its limit can be told.
@@ -70,7 +86,7 @@ QString HolidayListFile::StatusText() const {
     return label + (kept.list ? YearsText(*kept.list) : u"なし"_s);
 }
 
-void HolidayListFile::Replace(const QString& path) {
+QString HolidayListFile::Replace(const QString& path) {
     const FileContents file = ReadListFile(path);
     if (file.problem != FileProblem::None) {
         throw FileError(u"祝日データを読み込めません。"_s, path, file.reason);
@@ -84,6 +100,11 @@ void HolidayListFile::Replace(const QString& path) {
         throw FileError(u"祝日データを保存できません。"_s, Path(), copy.errorString());
     }
     m_kept = Kept{.list = std::get<HolidayList>(std::move(result)), .problem = {}};
+    return HolidayReport(*m_kept->list);
+}
+
+bool HolidayListFile::IsKept() const {
+    return EntryExists(Path());
 }
 
 void HolidayListFile::Remove() {
@@ -92,21 +113,6 @@ void HolidayListFile::Remove() {
         throw FileError(u"祝日データを取り除けません。"_s, Path(), file.errorString());
     }
     m_kept.emplace();
-}
-
-QString HolidayReport(const HolidayList& list) {
-    QStringList lines{YearsText(list) + u"の祝日データを読み込みました。"};
-    const QStringList differences = DifferencesFromLaw(list);
-    if (differences.isEmpty()) {
-        lines.append(u"法律に基づく計算との違いはありません。"_s);
-    } else {
-        lines.append(u"法律に基づく計算と%1か所違います。データの方を使います。"_s.arg(differences.size()));
-        lines.append(differences.first(std::min(differences.size(), kMostDifferences)));
-        if (differences.size() > kMostDifferences) {
-            lines.append(u"ほか%1か所"_s.arg(differences.size() - kMostDifferences));
-        }
-    }
-    return lines.join(u"\r\n"_s);
 }
 
 }  // namespace tickwell::days

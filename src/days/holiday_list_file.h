@@ -25,9 +25,13 @@ public:
     /// One line on what is kept: none, its years, or the line that is damaged.
     QString StatusText() const;
 
-    /// Reads a list and keeps a copy of its bytes. Throws RunTimeError with the line and the reason if it is
-    /// refused or cannot be read or stored; the list kept before then stays.
-    void Replace(const QString& path);
+    /// Reads a list, keeps a copy of its bytes, and returns what to tell the user: its days and years, and
+    /// how it differs from the law. Throws RunTimeError with the line and the reason if it is refused or
+    /// cannot be read or stored; the list kept before then stays.
+    QString Replace(const QString& path);
+
+    /// Whether there is a file to remove, readable or not.
+    bool IsKept() const;
 
     /// Deletes the kept list. Throws RunTimeError if that fails.
     void Remove();
@@ -44,8 +48,5 @@ private:
     ProgramFolder m_folder;
     mutable std::optional<Kept> m_kept;  // nothing until it was read
 };
-
-/// What to tell the user after a list was read: days, years, and how it differs from the law.
-QString HolidayReport(const HolidayList& list);
 
 }  // namespace tickwell::days

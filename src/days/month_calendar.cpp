@@ -61,8 +61,19 @@ void MonthCalendar::BuildMonth(int year, int month) {
     // stored for.
     const MonthRows rows = ReadMonth(m_parts.dayDatabase, m_parts.holidays, shape);
     m_isReady = false;
-    FillGrid(m_grid, shape, rows, m_parts.clock.Now().date(), m_parts.settings.eras);
+    FillGrid(m_grid, shape, rows, m_parts.clock.Now().date(), m_parts.further.calendar.eras);
     m_isReady = true;
+}
+
+void MonthCalendar::Refresh() {
+    if (m_mode != CalendarMode::Normal || !m_grid.first.isValid()) {
+        return;
+    }
+    const MonthGrid before = m_grid;
+    BuildMonth(m_grid.first.year(), m_grid.first.month());
+    for (int cell = kFirstDayCell; cell < kGridCells; ++cell) {
+        m_grid.At(cell).isPressed = before.At(cell).isPressed;
+    }
 }
 
 void MonthCalendar::Show(QDate month) {

@@ -36,7 +36,7 @@ inline constexpr int kCalendarActions = 12;
 struct MonthCalendarParts {
     store::DayDatabase& dayDatabase;
     const HolidaySource& holidays;
-    const CalendarSettings& settings;
+    const FurtherSettings& further;
     DayList& list;
     const Clock& clock;
     MessageBoxes& boxes;
@@ -79,6 +79,10 @@ public:
 
     /// Shows a month of the years 1926 to 2100; for other years reports the limit and keeps the grid.
     void BuildMonth(int year, int month);
+
+    /// Builds the grid's month again, with the same days pressed. Does nothing while days are marked, because
+    /// the colours are the only copy of the new marks, or before there is a month.
+    void Refresh();
 
     /// `cell`: 0 to 48; the names of the weekdays are ignored.
     void ClickCell(int cell);

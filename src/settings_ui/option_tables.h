@@ -46,6 +46,20 @@ inline constexpr std::array kChimeOptions{
     OptionRow{0, u"30分おき"},
 };
 
+inline constexpr std::array kHolidayOptions{
+    OptionRow{0, u"祝日の表を使う（従来どおり）"},
+    OptionRow{1, u"法律に基づいて計算する（1948年7月20日～2100年）"},
+};
+
+inline constexpr std::array kEraOptions{
+    OptionRow{0, u"平成のまま（従来どおり）"},
+    OptionRow{1, u"日付に応じた元号（令和・平成・昭和・大正・明治）"},
+};
+
+/// By UnderDays.
+inline constexpr std::array kUnderOptions{OptionRow{0, u"なし"}, OptionRow{1, u"六曜"},
+                                          OptionRow{2, u"旧暦"}};
+
 /// How the language affects the other frames of the clock page.
 struct YearWords {
     bool enabled = false;                 ///< this language has year, hour and display styles

@@ -14,6 +14,16 @@
 
 namespace tickwell::settings_ui {
 
+/// What the settings dialog does with the official list of days off, immediately.
+struct HolidayListOperations {
+    std::function<QString()> status;  ///< one line on what is kept
+    std::function<bool()> isKept;     ///< whether there is something to remove
+    /// Reads the list in a file and keeps it; returns a report for the user. Throws RunTimeError; the list
+    /// kept before then stays.
+    std::function<QString(const QString& path)> replace;
+    std::function<void()> remove;  ///< throws RunTimeError
+};
+
 /// Functions of the program that the settings dialog calls.
 struct SettingsOperations {
     /// Applies the changed settings to the main window. Throws RunTimeError.
@@ -29,6 +39,7 @@ struct SettingsOperations {
     /// If compacting is already running, only replaces `done`. Throws RunTimeError if it cannot start,
     /// without calling `done`. If empty, the button is disabled.
     std::function<void(std::function<void()> done)> compact;
+    HolidayListOperations holidayList;
 };
 
 /// References that the settings dialog works with; all outlive it.
@@ -39,6 +50,7 @@ struct SettingsParts {
     const Clock& clock;
     TimerSource& timers;
     Handlers& handlers;
+    MessageBoxes& boxes;
     HelpViewer& help;
     Autostart& autostart;
     SettingsOperations operations;

@@ -21,7 +21,10 @@ Form2::Form2(const SettingsParts& parts, QWidget* parent)
       m_textPage(new TextPage(m_parts, m_draft, this)),
       m_clockPage(new ClockPage(m_parts, m_draft, this)),
       m_rollPage(new RollPage(m_parts, m_draft, this)),
-      m_chimePage(new ChimePage(m_parts, m_draft, this)) {
+      m_chimePage(new ChimePage(m_parts, m_draft, this)),
+      m_correctionsPage(new CorrectionsPage(m_parts, m_draft, this)),
+      m_calendarPage(new CalendarPage(
+          m_parts, m_draft, [this] { ShowTodaysCalendar(); }, this)) {
     setObjectName(u"Form2"_s);
     setWindowTitle(u"環境設定"_s);
     setWindowModality(Qt::ApplicationModal);
@@ -30,6 +33,8 @@ Form2::Form2(const SettingsParts& parts, QWidget* parent)
     m_pages->addTab(m_rollPage, u"ロール"_s);
     m_pages->addTab(m_chimePage, u"時報"_s);
     m_pages->addTab(new DatabasePage(m_parts, this), u"データベース"_s);
+    m_pages->addTab(m_calendarPage, u"暦"_s);
+    m_pages->addTab(m_correctionsPage, u"動作"_s);
 
     auto* rows = new QVBoxLayout(this);
     rows->addWidget(m_pages);
@@ -58,7 +63,13 @@ void Form2::Form_Load() {
     m_clockPage->Form_Load();
     m_rollPage->Form_Load();
     m_chimePage->Form_Load();
+    ShowTodaysCalendar();
     m_pages->tabBar()->setFocus();
+}
+
+void Form2::ShowTodaysCalendar() {
+    m_calendarPage->Form_Load();
+    m_correctionsPage->Form_Load();
 }
 
 void Form2::Command1_Click() {

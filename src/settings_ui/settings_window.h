@@ -5,8 +5,10 @@
 #include <QPushButton>
 #include <QTabWidget>
 
+#include "settings_ui/calendar_page.h"
 #include "settings_ui/chime_page.h"
 #include "settings_ui/clock_page.h"
+#include "settings_ui/corrections_page.h"
 #include "settings_ui/roll_page.h"
 #include "settings_ui/settings_draft.h"
 #include "settings_ui/settings_parts.h"
@@ -29,6 +31,7 @@ protected:
 
 private:
     void Form_Load();
+    void ShowTodaysCalendar();
     void Command1_Click();
     void Command3_Click();
     void Command8_Click();
@@ -42,6 +45,8 @@ private:
     ClockPage* m_clockPage;
     RollPage* m_rollPage;
     ChimePage* m_chimePage;
+    CorrectionsPage* m_correctionsPage;
+    CalendarPage* m_calendarPage;
 };
 
 }  // namespace tickwell::settings_ui

@@ -45,14 +45,14 @@ struct CalendarBench {
     store::DayStore store;
     store::DayDatabase dayDatabase{store.Path()};
     TableHolidays holidays{dayDatabase};
-    CalendarSettings settings;
+    FurtherSettings further;
     DayList list;
     platform::VirtualTime time;
     FakeMessageBoxes boxes;
     Handlers handlers{boxes};
     MonthCalendar calendar{{.dayDatabase = dayDatabase,
                             .holidays = holidays,
-                            .settings = settings,
+                            .further = further,
                             .list = list,
                             .clock = time,
                             .boxes = boxes,

@@ -37,7 +37,7 @@ struct CalendarWindowBench : CalendarBench {
     void Open() {
         form = std::make_unique<Form5>(CalendarWindowParts{.dayDatabase = dayDatabase,
                                                            .holidays = holidays,
-                                                           .settings = settings,
+                                                           .further = further,
                                                            .list = list,
                                                            .clock = time,
                                                            .boxes = boxes,

@@ -15,6 +15,7 @@
 #include "days/day_rule.h"
 #include "days/marked_october.h"
 #include "days/month_calendar.h"
+#include "days/table_holidays.h"
 #include "platform/time/virtual_time.h"
 #include "store/day_database.h"
 #include "store/day_transaction.h"
@@ -79,8 +80,15 @@ void MarkOctober(MonthCalendar& calendar, int number) {
     const platform::VirtualTime time(QDateTime(kOctober, QTime(0, 0)));
     FakeMessageBoxes boxes;
     Handlers handlers(boxes);
-    MonthCalendar calendar(
-        {.dayDatabase = database, .list = list, .clock = time, .boxes = boxes, .handlers = handlers});
+    const TableHolidays holidays(database);
+    const FurtherSettings further;
+    MonthCalendar calendar({.dayDatabase = database,
+                            .holidays = holidays,
+                            .further = further,
+                            .list = list,
+                            .clock = time,
+                            .boxes = boxes,
+                            .handlers = handlers});
     calendar.Load();
     for (int number = first;; ++number) {
         MarkOctober(calendar, number);

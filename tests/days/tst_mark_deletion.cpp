@@ -82,6 +82,8 @@ void TstMarkDeletion::AnAnswerThatComesTooLateDeletesNothing() {
     bench.store.Raw("INSERT INTO Holiday(Date) VALUES ('1998-10-15')");
     {
         MonthCalendar gone({.dayDatabase = bench.dayDatabase,
+                            .holidays = bench.holidays,
+                            .further = bench.further,
                             .list = bench.list,
                             .clock = bench.time,
                             .boxes = bench.boxes,

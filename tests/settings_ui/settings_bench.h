@@ -35,7 +35,19 @@ struct SettingsBench {
         [this](std::function<void()> done) {
             asked.append(QStringLiteral("compact"));
             compacted = std::move(done);
-        }};
+        },
+        {.status = [this] { return list.isEmpty() ? QStringLiteral("none") : list; },
+         .isKept = [this] { return !list.isEmpty(); },
+         .replace =
+             [this](const QString& path) {
+                 if (path.endsWith(QStringLiteral("bad.csv"))) {
+                     throw RunTimeError(QStringLiteral("refused"));
+                 }
+                 list = path;
+                 return QStringLiteral("report");
+             },
+         .remove = [this] { list.clear(); }}};
+    QString list;                     ///< the path of the kept list of holidays
     std::function<void()> compacted;  ///< the dialog's callback for the end of a compaction
     std::unique_ptr<Form2> form;
 
@@ -51,6 +63,7 @@ struct SettingsBench {
                                                      .clock = main.time,
                                                      .timers = main.time,
                                                      .handlers = main.handlers,
+                                                     .boxes = main.boxes,
                                                      .help = help,
                                                      .autostart = autostart,
                                                      .operations = operations});
