@@ -21,6 +21,9 @@ Windows::Windows(const WindowsParts& parts)
                     .handlers = parts.handlers}) {}
 
 Windows::~Windows() {
+    if (m_calendar != nullptr) {
+        m_calendar->KeepMarks();
+    }
     delete m_calendar;
     delete m_about;
     delete m_settings;
@@ -100,8 +103,12 @@ std::unique_ptr<settings_ui::Form2> Windows::MakeSettings() {
     settings_ui::SettingsOperations operations;
     operations.apply = [this, before = m_parts.further]() mutable {
         m_mainWindow->ApplySettings();
-        if (std::exchange(before, m_parts.further) != m_parts.further) {
+        const FurtherSettings last = std::exchange(before, m_parts.further);
+        if (last != m_parts.further) {
             RefreshCalendar();
+        }
+        if (last.corrections.savesImmediately || m_parts.further.corrections.savesImmediately) {
+            m_mainWindow->SaveAll();
         }
     };
     operations.refresh = [this](bool flag) {

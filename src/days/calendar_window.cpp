@@ -5,6 +5,7 @@
 #include <QScopeGuard>
 #include <QScreen>
 #include <algorithm>
+#include <utility>
 
 namespace tickwell::days {
 
@@ -27,7 +28,8 @@ Form5::Form5(const CalendarWindowParts& parts, QWidget* parent)
                   .boxes = parts.boxes,
                   .handlers = parts.handlers,
                   .window = this}),
-      m_listing(parts.handlers.MakeTimer(parts.timers, kPause, [this] { GoOnListing(); })) {
+      m_listing(parts.handlers.MakeTimer(parts.timers, kPause, [this] { GoOnListing(); })),
+      m_daySearch(parts.handlers.MakeTimer(parts.timers, kPause, [this] { GoOnSearchingDays(); })) {
     setObjectName(u"Form5"_s);
     setWindowTitle(u"カレンダー"_s);
     LayOut();
@@ -90,14 +92,15 @@ void Form5::Command11_Click() {
 }
 
 void Form5::OpenEditor() {
-    m_parts.book.edit(m_calendar.SelectedDate(), this, [this] { m_calendar.ListAnniversariesOfDay(); });
+    m_parts.book.edit(m_calendar.SelectedDate(), this, [this] { AnniversariesChanged(); });
 }
 
 void Form5::Command10_Click() {
-    m_parts.book.remove(this, [this] { m_calendar.ListAnniversariesOfDay(); });
+    m_parts.book.remove(this, [this] { AnniversariesChanged(); });
 }
 
 void Form5::ShowAll() {
+    FitSettings();
     m_monthHeading->setText(m_calendar.Grid().heading);
     m_monthView->Show(m_calendar.Grid());
     m_modeOptions.at(static_cast<std::size_t>(m_calendar.Mode()))->setChecked(true);
@@ -107,6 +110,56 @@ void Form5::ShowAll() {
     toggle->setText(PanelCaption(isOpen));
     toggle->setAccessibleName(isOpen ? u"記念日の一覧を閉じる"_s : u"記念日の一覧を開く"_s);
     m_panel->setVisible(isOpen);
+    if (m_calendar.IsSearchingDays()) {
+        m_daySearch->Start();
+    }
+}
+
+/// Second lines and headings of two eras need more room.
+void Form5::FitSettings() {
+    const MonthGrid& grid = m_calendar.Grid();
+    if (std::exchange(m_fitted, {grid.under, m_parts.further.calendar.eras.byDate}) !=
+        std::pair(grid.under, m_parts.further.calendar.eras.byDate)) {
+        m_monthView->SetUnder(grid.under);
+        Fit();
+    }
+}
+
+void Form5::AnniversariesChanged() {
+    m_calendar.AnniversariesChanged();
+    if (m_parts.further.corrections.showsToday) {
+        ShowAll();
+    }
+}
+
+void Form5::GoOnSearchingDays() {
+    if (m_calendar.IsSearchingDays()) {
+        m_calendar.GoOnSearchingDays();
+    }
+    if (!m_calendar.IsSearchingDays()) {
+        m_daySearch->Stop();
+        m_monthView->Show(m_calendar.Grid());
+    }
+}
+
+bool Form5::KeepMarks() {
+    if (!m_parts.further.corrections.keepsMarksOnClose || m_calendar.Mode() == CalendarMode::Normal) {
+        return true;
+    }
+    const CalendarMode mode = m_calendar.Mode();
+    if (m_parts.handlers.Run([this] { m_calendar.ChooseMode(CalendarMode::Normal); }, this)) {
+        return true;
+    }
+    m_calendar.ChooseMode(mode);  // so that the next attempt to close stores them again
+    ShowAll();
+    return false;
+}
+
+/// Stays open if the marks cannot be stored: they exist nowhere else.
+void Form5::done(int result) {
+    if (KeepMarks()) {
+        QDialog::done(result);
+    }
 }
 
 void Form5::ShowList() {

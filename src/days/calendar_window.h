@@ -6,6 +6,7 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <array>
+#include <utility>
 
 #include "days/calendar_window_parts.h"
 #include "days/day_list_model.h"
@@ -32,6 +33,12 @@ public:
     /// Shows the month again after the settings were changed; not while days are being marked. Throws
     /// RunTimeError.
     void Refresh();
+
+    /// Stores the marks that are being made, if the settings say so. False if that failed, which was
+    /// reported.
+    bool KeepMarks();
+
+    void done(int result) override;
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
@@ -74,14 +81,19 @@ private:
     void Command16_Click() { m_parts.help.ShowTopic(kHelpContents); }
 
     void OpenEditor();
+    void AnniversariesChanged();
     void ShowAll();
+    void FitSettings();
     void EnableButtons();
     void ShowList();
     void GoOnListing();
+    void GoOnSearchingDays();
 
     CalendarWindowParts m_parts;
     MonthCalendar m_calendar;
-    std::unique_ptr<Timer> m_listing;  // runs while the list of a day is incomplete
+    std::unique_ptr<Timer> m_listing;       // runs while the list of a day is incomplete
+    std::unique_ptr<Timer> m_daySearch;     // runs while days with anniversaries are searched
+    std::pair<UnderDays, bool> m_fitted{};  // second lines, and whether headings can have two eras
     // All controls are owned by the window as children.
     QWidget* m_month = nullptr;
     QWidget* m_panel = nullptr;  // beside the month

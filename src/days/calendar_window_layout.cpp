@@ -143,7 +143,9 @@ void Form5::FitColumns() {
 void Form5::Fit() {
     FitHeights();
     FitColumns();
-    m_monthHeading->setMinimumWidth(m_monthHeading->fontMetrics().horizontalAdvance(MonthHeading(2100, 12)));
+    const EraStyle& eras = m_parts.further.calendar.eras;
+    const QString longest = eras.byDate ? MonthHeading(1926, 12, eras) : MonthHeading(2100, 12);
+    m_monthHeading->setMinimumWidth(m_monthHeading->fontMetrics().horizontalAdvance(longest));
     const int closed = m_month->layout()->minimumSize().width();
     const int panel = m_panel->layout()->minimumSize().width();
     const CalendarWidths widths = CalendarWidthsFor(closed, closed + panel, logicalDpiX());

@@ -5,6 +5,7 @@
 #include <QStyleOptionButton>
 #include <QStylePainter>
 #include <QTextDocument>
+#include <algorithm>
 #include <utility>
 
 #include "days/day_shade.h"
@@ -15,11 +16,15 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr double kRing = 1.5;  // pixels; width of the ring around a pressed day
+// pixels
+constexpr double kRing = 1.5;   // width of the ring around a pressed day
+constexpr double kFrame = 0.5;  // distance of the frame around today from the edge
 
 /// Qt would interpret a name that looks like markup as rich text.
-QString ToolTipOf(const QString& name) {
-    return Qt::mightBeRichText(name) ? Qt::convertFromPlainText(name) : name;
+QString ToolTipOf(const MonthCell& cell) {
+    const bool hasBoth = !cell.toolTip.isEmpty() && !cell.almanac.isEmpty();
+    const QString text = cell.toolTip + (hasBoth ? u"\n"_s : QString()) + cell.almanac;
+    return Qt::mightBeRichText(text) ? Qt::convertFromPlainText(text) : text;
 }
 
 }  // namespace
@@ -35,21 +40,43 @@ DayCell::DayCell(QWidget* parent) : QPushButton(parent) {
 
 void DayCell::Show(const MonthCell& cell, const QString& spokenName) {
     setText(cell.caption);
-    setToolTip(ToolTipOf(cell.toolTip));
+    setToolTip(ToolTipOf(cell));
     setAccessibleName(spokenName);
     setChecked(cell.isPressed);
     setVisible(cell.isVisible);
-    if (m_color != cell.color) {
-        m_color = cell.color;
+    if (m_cell != cell) {
+        m_cell = cell;
         update();
     }
+}
+
+void DayCell::SetUnder(UnderDays under) {
+    if (std::exchange(m_under, under) != under) {
+        updateGeometry();
+    }
+}
+
+QFont DayCell::SmallFont() const {
+    QFont small = font();
+    if (small.pixelSize() > 0) {
+        small.setPixelSize(std::max(1, small.pixelSize() / 2));
+    } else {
+        small.setPointSizeF(small.pointSizeF() / 2);
+    }
+    return small;
 }
 
 /// Narrower than the style's buttons, because seven of them are in a row.
 QSize DayCell::sizeHint() const {
     const QFontMetrics metrics = fontMetrics();
     const int margin = metrics.height() / 3;
-    return {metrics.horizontalAdvance(u"30"_s) + 2 * margin, metrics.height() + margin};
+    const QSize number(metrics.horizontalAdvance(u"30"_s) + 2 * margin, metrics.height() + margin);
+    if (m_under == UnderDays::Nothing) {
+        return number;
+    }
+    const QFontMetrics small(SmallFont());
+    const int below = small.horizontalAdvance(m_under == UnderDays::SixDay ? u"大安"_s : u"閏10/30"_s);
+    return {std::max(number.width(), below + margin), number.height() + small.height()};
 }
 
 /// Draws only the number with a palette of its own: styles cache an image of each button by its palette.
@@ -61,12 +88,39 @@ void DayCell::paintEvent(QPaintEvent* /*event*/) {
     painter.drawControl(QStyle::CE_PushButton, option);
     option.text = number;
     option.rect = style()->subElementRect(QStyle::SE_PushButtonContents, &option, this);
-    option.palette.setColor(QPalette::ButtonText, ShadeOf(m_color, palette()));
+    option.palette.setColor(QPalette::ButtonText, ShadeOf(m_cell.color, palette()));
+    if (m_under != UnderDays::Nothing) {
+        const QFont small = SmallFont();
+        QRect below = rect();
+        below.setTop(rect().bottom() - QFontMetrics(small).height() - fontMetrics().height() / 6);
+        option.rect.setBottom(below.top());
+        painter.setFont(small);
+        painter.setPen(option.palette.color(QPalette::ButtonText));
+        painter.drawText(below, Qt::AlignHCenter | Qt::AlignTop, m_cell.below);
+        painter.setFont(font());
+    }
     painter.drawControl(QStyle::CE_PushButtonLabel, option);
-    if (isChecked()) {  // some styles hardly show it, above all on dark palettes
-        painter.setRenderHint(QPainter::Antialiasing);
+    painter.setRenderHint(QPainter::Antialiasing);
+    PaintMarks(painter);
+}
+
+/// A ring if the day is pressed, because some styles hardly show it, above all on dark palettes; a frame if
+/// it is today; a dot if it has an anniversary.
+void DayCell::PaintMarks(QPainter& painter) {
+    if (m_cell.isToday) {
+        painter.setPen(QPen(palette().color(QPalette::ButtonText), 1));
+        painter.drawRect(QRectF(rect()).adjusted(kFrame, kFrame, -kFrame, -kFrame));
+    }
+    if (isChecked()) {
         painter.setPen(QPen(palette().color(QPalette::Highlight), kRing));
         painter.drawRoundedRect(QRectF(rect()).adjusted(kRing, kRing, -kRing, -kRing), kRing, kRing);
+    }
+    if (m_cell.hasAnniversary) {
+        const double radius = fontMetrics().height() / 8.0;
+        const double inset = kRing + 2 * radius;
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(palette().color(QPalette::ButtonText));
+        painter.drawEllipse(QPointF(width() - inset, inset), radius, radius);
     }
 }
 

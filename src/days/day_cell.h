@@ -18,6 +18,9 @@ public:
     /// `spokenName`: for screen readers.
     void Show(const MonthCell& cell, const QString& spokenName);
 
+    /// Makes room for a second line of this kind in every month, whatever the next MonthCell has there.
+    void SetUnder(UnderDays under);
+
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override { return sizeHint(); }
 
@@ -26,7 +29,11 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
-    DayColor m_color = DayColor::Black;
+    QFont SmallFont() const;
+    void PaintMarks(QPainter& painter);
+
+    MonthCell m_cell;
+    UnderDays m_under = UnderDays::Nothing;
 };
 
 }  // namespace tickwell::days

@@ -91,6 +91,15 @@ QString SpokenName(const MonthGrid& grid, int cell) {
     if (const auto mark = MarkOf(grid, cell)) {
         parts.append(SpokenMark(*mark));
     }
+    if (!button.almanac.isEmpty()) {
+        parts.append(button.almanac);
+    }
+    if (button.isToday) {
+        parts.append(u"今日"_s);
+    }
+    if (button.hasAnniversary) {
+        parts.append(u"記念日あり"_s);
+    }
     return parts.join(u'、');
 }
 

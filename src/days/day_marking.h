@@ -29,8 +29,8 @@ std::optional<DayMark> MarkOf(const MonthGrid& grid, int cell);
 /// "休日", "半日", "平日".
 QString SpokenMark(DayMark mark);
 
-/// What a screen reader says for a day's cell: date, weekday, national holiday, and the mark that its colour
-/// means.
+/// What a screen reader says for a day's cell: date, weekday, national holiday, the mark that its colour
+/// means, and what else the cell shows.
 QString SpokenName(const MonthGrid& grid, int cell);
 
 /// The statements that delete all marks of the month, one per table.

@@ -61,8 +61,28 @@ void MonthCalendar::BuildMonth(int year, int month) {
     // stored for.
     const MonthRows rows = ReadMonth(m_parts.dayDatabase, m_parts.holidays, shape);
     m_isReady = false;
-    FillGrid(m_grid, shape, rows, m_parts.clock.Now().date(), m_parts.further.calendar.eras);
+    FillGrid(m_grid, shape, rows, m_parts.clock.Now().date(), m_parts.further);
     m_isReady = true;
+    SearchAnniversaryDays();
+}
+
+/// Dots of the month before would be wrong; those of the same month stay until the search is complete.
+void MonthCalendar::SearchAnniversaryDays() {
+    m_daySearch.reset();
+    if (m_parts.further.corrections.showsToday && m_grid.first.isValid()) {
+        m_daySearch.emplace(m_parts.dayDatabase, ShapeOf(m_grid.first));
+        GoOnSearchingDays();
+    }
+}
+
+void MonthCalendar::GoOnSearchingDays() {
+    AnniversaryDays search = std::move(*m_daySearch);
+    m_daySearch.reset();
+    if (search.Step()) {
+        PutDots(m_grid, search.Days());
+    } else {
+        m_daySearch = std::move(search);
+    }
 }
 
 void MonthCalendar::Refresh() {
@@ -182,6 +202,11 @@ void MonthCalendar::TogglePanel() {
 
 void MonthCalendar::ListAnniversariesOfDay() {
     m_parts.list.ListDay(m_parts.dayDatabase, m_selected, m_isPanelOpen);
+}
+
+void MonthCalendar::AnniversariesChanged() {
+    ListAnniversariesOfDay();
+    SearchAnniversaryDays();
 }
 
 void MonthCalendar::Tell(const QString& text) {

@@ -2,11 +2,13 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 
 #include "core/handlers.h"
 #include "core/ports/clock.h"
 #include "core/ports/message_boxes.h"
 #include "core/settings.h"
+#include "days/anniversary_days.h"
 #include "days/day_list.h"
 #include "days/day_marking.h"
 #include "days/month_grid.h"
@@ -100,10 +102,21 @@ public:
     void TogglePanel();
     void ListAnniversariesOfDay();
 
+    /// After the book was changed: lists the day and searches the days with anniversaries again.
+    void AnniversariesChanged();
+
+    /// Whether days with anniversaries are still being searched, to mark them; GoOnSearchingDays must be
+    /// called until this is false.
+    bool IsSearchingDays() const { return m_daySearch.has_value(); }
+
+    /// Searches for some milliseconds. Throws SqlError, which ends the search.
+    void GoOnSearchingDays();
+
 private:
     void Show(QDate month);
     void Tell(const QString& text);
     void SelectCell(int cell);
+    void SearchAnniversaryDays();
     void PressMarkedCells();
     void Execute(const QStringList& statements);
     void DeleteAnswered(MessageAnswer answer, const MonthShape& month);
@@ -117,6 +130,7 @@ private:
     bool m_isReady = false;
     std::shared_ptr<bool> m_isWaiting =
         std::make_shared<bool>(false);  // boxes hold it weakly: they may outlive this object
+    std::optional<AnniversaryDays> m_daySearch;
     std::function<void()> m_whenAnswered = [] {};
 };
 

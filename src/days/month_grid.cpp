@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "days/month_grid.h"
 
+#include "core/old_calendar.h"
 #include "core/words.h"
 
 namespace tickwell::days {
@@ -44,7 +45,7 @@ QString EraPartByDate(QDate first, const EraStyle& eras) {
     if (!begin || !end) {
         return u"年"_s;
     }
-    const auto text = [](const EraYear& era) { return era.name + era.YearText() + u"年"; };
+    const auto text = [](const EraYear& era) -> QString { return era.name + era.YearText() + u"年"; };
     const bool changes = begin->name != end->name;
     return u"年（"_s + text(*begin) + (changes ? u"／"_s + text(*end) : QString()) + u"）";
 }
@@ -64,6 +65,30 @@ void ShowDays(MonthGrid& grid, const MonthShape& month) {
         button.isVisible = day >= 1 && day <= month.Days();
         button.caption = button.isVisible ? QString::number(day) : QString();
         button.isPressed = button.isPressed && !button.isVisible;
+    }
+}
+
+/// "大安", "10/14", or in a leap month "閏6/1".
+QString BelowText(const OldDate& date, UnderDays under) {
+    if (under == UnderDays::SixDay) {
+        return RokuyoName(date);
+    }
+    return (date.isLeap ? u"閏"_s : QString()) + QString::number(date.month) + u'/' +
+           QString::number(date.day);
+}
+
+void PutOldDates(MonthGrid& grid, const MonthShape& month, UnderDays under) {
+    const bool isKnown = under == UnderDays::SixDay || under == UnderDays::OldDate;
+    grid.under = isKnown ? under : UnderDays::Nothing;
+    for (int cell = kFirstDayCell; cell < kGridCells; ++cell) {
+        MonthCell& button = grid.At(cell);
+        button.below.clear();
+        button.almanac.clear();
+        const auto date = OldDateOf(month.first.addDays(cell - month.CellOf(1)));
+        if (isKnown && button.isVisible && date) {
+            button.below = BelowText(*date, under);
+            button.almanac = OldDateText(*date) + u' ' + RokuyoName(*date);
+        }
     }
 }
 
@@ -93,11 +118,14 @@ QString MonthHeading(int year, int month, const EraStyle& eras) {
 }
 
 void FillGrid(MonthGrid& grid, const MonthShape& month, const MonthRows& rows, QDate today,
-              const EraStyle& eras) {
-    grid.heading = MonthHeading(month.first.year(), month.first.month(), eras);
+              const FurtherSettings& further) {
+    grid.heading = MonthHeading(month.first.year(), month.first.month(), further.calendar.eras);
     grid.first = month.first;
+    grid.areHolidaysStored = rows.areHolidaysStored;
     for (MonthCell& cell : grid.cells) {
         cell.toolTip.clear();
+        cell.isToday = false;
+        cell.hasAnniversary = false;
     }
     for (int cell = kFirstDayCell; cell < kGridCells; ++cell) {
         grid.At(cell).color = ColorOfColumn(cell);
@@ -106,11 +134,19 @@ void FillGrid(MonthGrid& grid, const MonthShape& month, const MonthRows& rows, Q
     for (int cell = 0; cell < kGridCells; ++cell) {
         grid.ownColors.at(static_cast<std::size_t>(cell)) = grid.At(cell).color;
     }
-    grid.areHolidaysStored = rows.areHolidaysStored;
     PutMarks(grid, month, rows);
     ShowDays(grid, month);
+    PutOldDates(grid, month, static_cast<UnderDays>(further.calendar.underDays));
     if (today >= month.first && today <= month.last) {
         grid.At(month.CellOf(today.day())).isPressed = true;
+        grid.At(month.CellOf(today.day())).isToday = further.corrections.showsToday;
+    }
+}
+
+void PutDots(MonthGrid& grid, const QList<int>& days) {
+    const MonthShape month = ShapeOf(grid.first);
+    for (int cell = kFirstDayCell; cell < kGridCells; ++cell) {
+        grid.At(cell).hasAnniversary = days.contains(cell - month.CellOf(0));
     }
 }
 

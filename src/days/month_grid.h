@@ -5,7 +5,7 @@
 #include <QString>
 #include <array>
 
-#include "core/era.h"
+#include "core/settings.h"
 #include "days/month_rows.h"
 
 namespace tickwell::days {
@@ -28,6 +28,10 @@ struct MonthCell {
     QString toolTip;  ///< the name of a national holiday or of its substitute
     bool isVisible = true;
     bool isPressed = false;
+    bool isToday = false;         ///< to be framed
+    bool hasAnniversary = false;  ///< to be marked with a dot
+    QString below = {};           ///< a second line in half size: the six-day week or the old date
+    QString almanac = {};         ///< both of them: "旧暦10月14日 大安"
 
     bool operator==(const MonthCell&) const = default;
 };
@@ -47,6 +51,7 @@ struct MonthGrid {
     std::array<MonthCell, kGridCells> cells;
     std::array<DayColor, kGridCells> ownColors{};  ///< of the cells without the user's marks
     bool areHolidaysStored = true;                 ///< as in MonthRows
+    UnderDays under = UnderDays::Nothing;          ///< what the cells have as their second line
 };
 
 constexpr bool IsDayCell(int cell) {
@@ -64,8 +69,11 @@ constexpr bool IsSaturdayCell(int cell) {
 QString MonthHeading(int year, int month, const EraStyle& eras = {});
 
 /// Fills the grid with a month: the colours of the columns, the holidays in their order, then the user's
-/// marks. Only today's cell is pressed.
+/// marks. Only today's cell is pressed. No cell has a dot.
 void FillGrid(MonthGrid& grid, const MonthShape& month, const MonthRows& rows, QDate today,
-              const EraStyle& eras = {});
+              const FurtherSettings& further = {});
+
+/// Puts dots at these days of the grid's month, and removes all others.
+void PutDots(MonthGrid& grid, const QList<int>& days);
 
 }  // namespace tickwell::days

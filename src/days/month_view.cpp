@@ -73,6 +73,12 @@ void MonthView::Show(const MonthGrid& grid) {
     }
 }
 
+void MonthView::SetUnder(UnderDays under) {
+    for (DayCell* cell : m_cells) {
+        cell->SetUnder(under);
+    }
+}
+
 void MonthView::FocusDay(int day) {
     TakeTab(day);
     if (!HasMonth()) {

@@ -21,6 +21,9 @@ public:
 
     void Show(const MonthGrid& grid);
 
+    /// Makes room for the second lines of all cells alike.
+    void SetUnder(UnderDays under);
+
     /// Moves the keyboard focus to this day of the month, or to its last one if that is earlier; to none
     /// while no month is shown.
     void FocusDay(int day);

@@ -20,6 +20,17 @@ constexpr auto kNote =
     u"内閣府のホームページで配布されている syukujitsu.csv "
     u"を保存して、読み込んでください。このプログラムは通信をしません。";
 
+/// Closer than usual: the page is the tallest, and must fit on small screens at 200 %.
+QVBoxLayout* CloseRows(QWidget* frame) {
+    auto* rows = new QVBoxLayout(frame);
+    rows->setSpacing(rows->spacing() / 2);
+    QMargins margins = rows->contentsMargins();
+    margins.setTop(margins.top() / 2);
+    margins.setBottom(margins.bottom() / 2);
+    rows->setContentsMargins(margins);
+    return rows;
+}
+
 void AddAll(QLayout& layout, const OptionArray& options) {
     for (QAbstractButton* option : options.Buttons()) {
         layout.addWidget(option);
@@ -40,19 +51,19 @@ CalendarPage::CalendarPage(const SettingsParts& parts, SettingsDraft& draft, std
                    [this](qint32 index) { m_draft.further.calendar.eras.byDate = index == 1; }),
       m_underOptions(u"Option10"_s, kUnderOptions, this, parts.handlers,
                      [this](qint32 index) { m_draft.further.calendar.underDays = index; }),
-      m_listStatus(controls::MakeLabel(u"Label5"_s, {}, this)),
+      m_listStatus(controls::MakeLabel(u"Label6"_s, {}, this)),
       m_replaceList(controls::MakeButton(u"Command9"_s, u"読み込む..."_s, this, parts.handlers,
                                          [this] { Command9_Click(); })),
       m_removeList(controls::MakeButton(u"Command10"_s, u"取り除く"_s, this, parts.handlers,
                                         [this] { Command10_Click(); })) {
-    setObjectName(u"Picture5"_s);
+    setObjectName(u"Picture6"_s);
     auto* all = controls::MakeButton(u"Command11"_s, u"まとめて今の暦に合わせる"_s, this, parts.handlers,
                                      [this] { Command11_Click(); });
     all->setAutoDefault(false);
     auto* top = new QHBoxLayout;
     top->addWidget(all);
     top->addStretch();
-    auto* rows = new QVBoxLayout(this);
+    QVBoxLayout* rows = CloseRows(this);
     rows->addLayout(top);
     rows->addWidget(MakeHolidayFrame());
     rows->addWidget(MakeEraFrame());
@@ -61,8 +72,8 @@ CalendarPage::CalendarPage(const SettingsParts& parts, SettingsDraft& draft, std
 }
 
 QWidget* CalendarPage::MakeHolidayFrame() {
-    auto* frame = controls::Named(new QGroupBox(u"祝日"_s, this), u"Frame11"_s);
-    auto* note = controls::MakeLabel(u"Label6"_s, QString::fromUtf16(kNote), this);
+    auto* frame = controls::Named(new QGroupBox(u"祝日"_s, this), u"Frame12"_s);
+    auto* note = controls::MakeLabel(u"Label7"_s, QString::fromUtf16(kNote), this);
     note->setWordWrap(true);
     auto* list = new QHBoxLayout;
     list->addWidget(m_listStatus, 1);
@@ -72,7 +83,7 @@ QWidget* CalendarPage::MakeHolidayFrame() {
     }
     m_replaceList->setAccessibleName(u"祝日データを読み込む"_s);
     m_removeList->setAccessibleName(u"祝日データを取り除く"_s);
-    auto* rows = new QVBoxLayout(frame);
+    auto* rows = CloseRows(frame);
     AddAll(*rows, m_holidayOptions);
     rows->addLayout(list);
     rows->addWidget(note);
@@ -80,21 +91,21 @@ QWidget* CalendarPage::MakeHolidayFrame() {
 }
 
 QWidget* CalendarPage::MakeEraFrame() {
-    auto* frame = controls::Named(new QGroupBox(u"元号"_s, this), u"Frame12"_s);
-    auto* rows = new QVBoxLayout(frame);
+    auto* frame = controls::Named(new QGroupBox(u"元号"_s, this), u"Frame13"_s);
+    auto* rows = CloseRows(frame);
     AddAll(*rows, m_eraOptions);
     return frame;
 }
 
 QWidget* CalendarPage::MakeOldCalendarFrame() {
-    auto* frame = controls::Named(new QGroupBox(u"旧暦・六曜・二十四節気"_s, this), u"Frame13"_s);
-    auto* rows = new QVBoxLayout(frame);
+    auto* frame = controls::Named(new QGroupBox(u"旧暦・六曜・二十四節気"_s, this), u"Frame14"_s);
+    auto* rows = CloseRows(frame);
     m_checks = MakeFlagBoxes(OldCalendarFlags(), m_draft, m_parts.handlers, this);
     for (QCheckBox* check : m_checks) {
         rows->addWidget(check);
     }
     auto* under = new QHBoxLayout;
-    under->addWidget(controls::MakeLabel(u"Label7"_s, u"カレンダーの日の下に書くもの"_s, this));
+    under->addWidget(controls::MakeLabel(u"Label8"_s, u"カレンダーの日の下に書くもの"_s, this));
     AddAll(*under, m_underOptions);
     under->addStretch();
     rows->addLayout(under);

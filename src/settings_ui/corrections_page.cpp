@@ -15,8 +15,8 @@ CorrectionsPage::CorrectionsPage(const SettingsParts& parts, SettingsDraft& draf
     : QWidget(parent),
       m_draft(draft),
       m_checks(MakeFlagBoxes(CorrectionFlags(), draft, parts.handlers, this)) {
-    setObjectName(u"Picture6"_s);
-    auto* frame = controls::Named(new QGroupBox(u"次の動作を改める"_s, this), u"Frame14"_s);
+    setObjectName(u"Picture7"_s);
+    auto* frame = controls::Named(new QGroupBox(u"次の動作を改める"_s, this), u"Frame15"_s);
     auto* boxes = new QVBoxLayout(frame);
     for (QCheckBox* check : m_checks) {
         boxes->addWidget(check);

@@ -4,6 +4,7 @@
 #include <QApplication>
 #include <QInputMethodEvent>
 #include <QPointer>
+#include <QTabWidget>
 #include <QTest>
 #include <QWheelEvent>
 #include <utility>
@@ -15,6 +16,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr auto kBlocked = "blockedByModalWindow";
+constexpr int kKnownPages = 5;  // of the settings
 
 QWindow* WindowOf(const QWidget& widget) {
     return widget.window()->windowHandle();
@@ -59,8 +61,15 @@ Hands::~Hands() {
     qApp->removeEventFilter(this);
 }
 
-/// Tracks the events that Qt sends to each window when a modal window opens or closes.
+/// Tracks the events that Qt sends to each window when a modal window opens or closes. Closes the settings'
+/// pages whose choices the rules do not know: those rules describe the program as it is by default.
 bool Hands::eventFilter(QObject* watched, QEvent* event) {
+    auto* pages = qobject_cast<QTabWidget*>(watched);
+    if (pages != nullptr && event->type() == QEvent::Show) {
+        for (int page = kKnownPages; page < pages->count(); ++page) {
+            pages->setTabEnabled(page, false);
+        }
+    }
     if (watched->isWindowType() &&
         (event->type() == QEvent::WindowBlocked || event->type() == QEvent::WindowUnblocked)) {
         watched->setProperty(kBlocked, event->type() == QEvent::WindowBlocked);
