@@ -10,7 +10,7 @@ from driver import samples
 from driver.case import TickwellCase
 from driver.hand import settled_extents
 from driver.tickwell import lines, start_tickwell, wait_lines, wait_on_screen
-from driver.tool_windows import button, choose, press, wait_for_hand, wait_window
+from driver.tool_windows import button, choose, press, wait_for_hand
 from driver.virtual_time import VirtualTime
 from driver.waiting import wait_for
 
