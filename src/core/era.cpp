@@ -30,7 +30,7 @@ constexpr std::array kEras{
     KnownEra{u"明治", u"明", 1868, 1873, 1, 1},
 };
 
-constexpr qsizetype kLongestName = 8;
+constexpr qsizetype kLongestEraName = 8;
 
 QDate FirstDayOf(const KnownEra& era) {
     return {era.year, era.month, era.day};
@@ -58,7 +58,7 @@ Era ReadEra(const QString& text) {
     const QStringList parts = text.split(u',');
     const QDate first = QDate::fromString(parts.value(2).trimmed(), Qt::ISODate);
     const Era era{parts.value(0).trimmed(), parts.value(1).trimmed(), first};
-    const auto isName = [](const QString& name) { return !name.isEmpty() && name.size() <= kLongestName; };
+    const auto isName = [](const QString& name) { return !name.isEmpty() && name.size() <= kLongestEraName; };
     if (parts.size() != 3 || !isName(era.name) || !isName(era.letter) || !first.isValid()) {
         throw RunTimeError(u"「元号,略字,2040-05-01」の形ではありません。"_s);
     }

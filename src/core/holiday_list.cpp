@@ -28,7 +28,7 @@ HolidayListProblem Problem(qsizetype line, const QString& reason) {
 }
 
 /// Invalid if the text is not a date. Only ASCII digits count.
-QDate DateOf(const QString& text) {
+QDate ReadDate(const QString& text) {
     static const QRegularExpression form(u"^([0-9]{4})[/-]([0-9]{1,2})[/-]([0-9]{1,2})$"_s);
     const QRegularExpressionMatch match = form.match(text);
     return match.hasMatch()
@@ -61,7 +61,7 @@ QString AddLine(const QString& line, qsizetype number, Reading& reading) {
     }
     const QString dateText = line.first(comma).trimmed();
     const QString name = line.sliced(comma + 1).trimmed();
-    const QDate date = DateOf(dateText);
+    const QDate date = ReadDate(dateText);
     if (!date.isValid()) {
         return u"「%1」は日付ではありません。"_s.arg(dateText.left(kLongestName));
     }

@@ -3,11 +3,11 @@
 
 #include <QStringDecoder>
 
+#include "core/byte_order_mark.h"
+
 namespace tickwell {
 
 namespace {
-
-constexpr QByteArrayView kByteOrderMark("\xEF\xBB\xBF");
 
 struct Decoded {
     QString text;

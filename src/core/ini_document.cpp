@@ -5,11 +5,11 @@
 #include <array>
 #include <utility>
 
+#include "core/byte_order_mark.h"
+
 namespace tickwell {
 
 namespace {
-
-constexpr QByteArrayView kByteOrderMark = "\xEF\xBB\xBF";
 
 constexpr std::array<std::pair<char, char>, 6> kEscapes{
     {{'\\', '\\'}, {'\n', 'n'}, {'\r', 'r'}, {' ', 's'}, {'\t', 't'}, {'\0', '0'}}};

@@ -9,30 +9,12 @@
 #include "core/ports/message_boxes.h"
 #include "core/settings.h"
 #include "days/anniversary_days.h"
+#include "days/calendar_action.h"
 #include "days/day_list.h"
 #include "days/day_marking.h"
 #include "days/month_grid.h"
 
 namespace tickwell::days {
-
-inline constexpr int kMonthsInYear = 12;
-
-/// What the buttons of the calendar do, in Tab order.
-enum class CalendarAction {
-    PreviousYear,
-    PreviousMonth,
-    Today,
-    NextMonth,
-    NextYear,
-    DeleteMarks,
-    ShowHelp,
-    TogglePanel,
-    AddAnniversary,
-    EditAnniversary,
-    DeleteAnniversaries,
-    Search,
-};
-inline constexpr int kCalendarActions = 12;
 
 /// What the calendar uses; all outlive it.
 struct MonthCalendarParts {
@@ -133,8 +115,5 @@ private:
     std::optional<AnniversaryDays> m_daySearch;
     std::function<void()> m_whenAnswered = [] {};
 };
-
-/// The caption of the panel's button: what the next click does.
-QString PanelCaption(bool isPanelOpen);
 
 }  // namespace tickwell::days

@@ -9,8 +9,11 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// The days whose cells are marked, by a member of MonthCell.
-QList<int> DaysWith(const CalendarBench& bench, bool MonthCell::*mark) {
+/// The days whose cells are marked, by a member of MonthCell, once all days have been searched.
+QList<int> DaysWith(CalendarBench& bench, bool MonthCell::*mark) {
+    while (bench.calendar.IsSearchingDays()) {
+        bench.calendar.GoOnSearchingDays();
+    }
     QList<int> days;
     for (int cell = kFirstDayCell; cell < kGridCells; ++cell) {
         if (bench.calendar.Grid().At(cell).*mark) {

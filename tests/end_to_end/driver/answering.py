@@ -4,11 +4,12 @@
 The window receives _NET_WM_PING, which Qt answers from its event loop. Only the X server is involved, so message buses,
 services and the window manager may be stopped. A separate process sends one ping at a time.
 
-A busy machine does not mean a hanging program. So some time does not count: in which the program, the X server or
-that process were runnable without a CPU (/proc/PID/schedstat); and in which the program's main thread waited for the
-disk to read a page, of a file or of its own code, because other jobs push such pages out of memory and keep the disk
-busy. Waiting for a write counts. Time in which the program computes is only counted on request, because opening a
-window takes several times as long on a busy machine.
+A busy machine does not mean a hanging program. So some time does not count: in which the program or the X server were
+runnable without a CPU (/proc/PID/schedstat); in which that process slept longer than it asked for, because it can say
+nothing about the program then; and in which the program's main thread waited for the disk to read a page, of a file or
+of its own code, because other jobs push such pages out of memory and keep the disk busy. Waiting for a write counts.
+Time in which the program computes is only counted on request, because opening a window takes several times as long on
+a busy machine.
 """
 
 import contextlib
@@ -68,12 +69,12 @@ def keeps_answering(session, program, window=None, limit=LONGEST, computing=Fals
 class _Starvation:
     """Seconds that do not count as not answering. For all threads of the program: time in which they were runnable
     without a CPU, because one can hold what another waits for. For the program's main thread, unless `computing`, and
-    for the X server and this process: CPU time as well."""
+    for the X server: CPU time as well."""
 
     def __init__(self, program, computing, others):
         self._program = Path(f"/proc/{program}/task")
         self._main = None if computing else str(program)
-        self._others = [Path(f"/proc/{pid}/schedstat") for pid in others] + [Path("/proc/self/schedstat")]
+        self._others = [Path(f"/proc/{pid}/schedstat") for pid in others]
 
     def read(self):
         """Nanoseconds up to now by thread or process, for `since`."""
@@ -129,6 +130,7 @@ class _Probe:
         self._program = program
         self._main = Path(f"/proc/{program}/task/{program}")
         self._reading = 0.0  # s that the main thread waited for the disk since the ping
+        self._absent = 0.0  # s since the ping in which this process did not run although it wanted to look
         self._starvation = starvation
         self._number = 0
         self._begun = None
@@ -143,14 +145,17 @@ class _Probe:
                                 data=(32, [self._ping, self._number, self._window.id, 0, 0]))
         self._window.send_event(message)
         self._display.flush()
-        self._waiting, self._reading = [], 0.0
-        looked = noted = self._begun[0]
+        self._waiting, self._reading, self._absent = [], 0.0, 0.0
+        woke = looked = noted = self._begun[0]
         while not self._answered():
-            if select.select([self._display], [], [], LOOK)[0]:
-                continue
-            before, looked = looked, time.monotonic()
+            select.select([self._display], [], [], LOOK)
+            slept, woke = woke, time.monotonic()
+            self._absent += max(0.0, woke - slept - LOOK)
+            if woke - looked < LOOK:
+                continue  # woken by one of many events
+            before, looked = looked, woke
             if is_reading(_read(self._main, "stat"), _read(self._main, "syscall")):
-                self._reading += looked - before
+                self._reading += min(looked - before, LOOK)
             if looked - noted > SILENCE:
                 noted = looked
                 self._waiting += [f"after {looked - self._begun[0]:.2f} s: {thread}"
@@ -161,7 +166,7 @@ class _Probe:
         """Includes the current ping in the maximum, whether it was answered or not."""
         if self._begun:
             began, before = self._begun
-            silent = time.monotonic() - began - self._starvation.since(before) - self._reading
+            silent = time.monotonic() - began - self._starvation.since(before) - self._reading - self._absent
             if silent > self.longest:
                 self.longest, self.waited_for = silent, self._waiting
 
