@@ -76,6 +76,7 @@ shell::MainWindowParts RunningProgram::PartsOfMainWindow() {
 DisplaysParts RunningProgram::PartsOfDisplays() {
     return {.ports = m_ports.display,
             .settings = m_state.started.settings,
+            .further = m_state.started.further,
             .announcements = {.dayDatabase = m_state.started.dayDatabase,
                               .holidays = m_holidays,
                               .further = m_state.started.further},
