@@ -93,6 +93,7 @@ timing::TimingParts RunningProgram::Timing() {
     const auto sendCommand = [&media](const QString& command) { media.MciSend(command, true); };
     return {.stopwatch = m_state.stopwatch,
             .countdown = m_state.countdown,
+            .further = m_state.started.further,
             .clock = m_ports.clock,
             .timers = m_ports.timers,
             .handlers = m_ports.handlers,

@@ -16,6 +16,7 @@ namespace tickwell::timing {
 /// What the stopwatch window uses; all outlive it.
 struct StopwatchWindowParts {
     StopwatchPanel& panel;
+    const FurtherSettings& further;
     const Clock& clock;
     Handlers& handlers;
     MessageBoxes& boxes;

@@ -69,6 +69,7 @@ struct DisplaysBench {
     timing::TimingParts Timing() {
         return {.stopwatch = stopwatch,
                 .countdown = countdown,
+                .further = further,
                 .clock = time,
                 .timers = time,
                 .handlers = handlers,

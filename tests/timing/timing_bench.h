@@ -27,12 +27,14 @@ struct TimingBench : public DisplayFunctions {
     JournalLine lower{journal, QStringLiteral("lower")};
     StopwatchState stopwatch;
     CountdownState countdown;
+    FurtherSettings further;
     QStringList commands;
     std::function<void()> enterFolder = [this] { commands.append(QStringLiteral("folder")); };
     int placed = 0;
     qint32 function = kFunctionStopwatch;
     TimingTools tools{{.stopwatch = stopwatch,
                        .countdown = countdown,
+                       .further = further,
                        .clock = time,
                        .timers = time,
                        .handlers = handlers,
