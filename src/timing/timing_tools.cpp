@@ -62,6 +62,7 @@ void TimingTools::ShowStopForm() {
                                                                      .version = m_parts.version},
                                                 nullptr);
     }
+    m_stopForm->MakeRoom();
     PlaceIfClosed(*m_stopForm);
     m_stopForm->BringUp();
 }
