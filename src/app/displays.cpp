@@ -25,8 +25,9 @@ Displays MakeDisplays(const DisplaysParts& parts, const DisplayView& view) {
     const displays::ClockParts clock{
         .settings = parts.settings, .clock = parts.clock, .announcements = parts.announcements};
     displays.push_back(std::make_unique<displays::ClockDisplay>(clock, handlers, timers, view));
-    displays.push_back(
-        std::make_unique<displays::UsageDisplay>(parts.settings, parts.clock, handlers, timers, view));
+    const displays::UsageParts usage{
+        .settings = parts.settings, .further = parts.further, .clock = parts.clock};
+    displays.push_back(std::make_unique<displays::UsageDisplay>(usage, handlers, timers, view));
     displays.push_back(std::make_unique<timing::StopwatchDisplay>(tools));
     displays.push_back(std::make_unique<timing::CountdownDisplay>(tools));
     displays.push_back(

@@ -26,6 +26,7 @@ DisplayPorts DisplayPortsOfThisMachine();
 struct DisplaysParts {
     DisplayPorts ports;
     const AppSettings& settings;
+    const FurtherSettings& further;
     days::AnnouncementParts announcements;
     const Clock& clock;
     TimerSource& timers;

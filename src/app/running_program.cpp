@@ -76,6 +76,7 @@ shell::MainWindowParts RunningProgram::PartsOfMainWindow() {
 DisplaysParts RunningProgram::PartsOfDisplays() {
     return {.ports = m_ports.display,
             .settings = m_state.started.settings,
+            .further = m_state.started.further,
             .announcements = {.dayDatabase = m_state.started.dayDatabase,
                               .holidays = m_holidays,
                               .further = m_state.started.further},
@@ -92,6 +93,7 @@ timing::TimingParts RunningProgram::Timing() {
     const auto sendCommand = [&media](const QString& command) { media.MciSend(command, true); };
     return {.stopwatch = m_state.stopwatch,
             .countdown = m_state.countdown,
+            .further = m_state.started.further,
             .clock = m_ports.clock,
             .timers = m_ports.timers,
             .handlers = m_ports.handlers,

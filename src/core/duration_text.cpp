@@ -28,11 +28,11 @@ qint32 WholeSeconds(qint32 milliseconds) {
     return static_cast<qint32>(RoundHalfEven(milliseconds, kSecond));  // |result| <= 2147484
 }
 
-QString UsageText(qint32 tick, qint32 language, qint32 displayMode, qint32 /*hourStyle*/) {
-    const qint32 seconds = WholeSeconds(tick);
-    const qint32 h = seconds / 3600;
-    const qint32 m = seconds % 3600 / 60;
-    const qint32 s = seconds % 60;
+QString UsageText(qint64 milliseconds, qint32 language, qint32 displayMode, qint32 /*hourStyle*/) {
+    const qint64 seconds = RoundHalfEven(milliseconds, kSecond);
+    const auto h = static_cast<qint32>(seconds / 3600);  // fits for 245 000 years
+    const auto m = static_cast<qint32>(seconds % 3600 / 60);
+    const auto s = static_cast<qint32>(seconds % 60);
     if (language == kLanguageOldJapanese) {
         const QString hours = h > 0 ? KanjiNumber(h) + u"時間" : QString();
         return hours + KanjiNumber(m) + u"分" + KanjiNumber(s) + u"秒";

@@ -1,11 +1,29 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "days/announced_names.h"
 
+#include "core/old_calendar.h"
+#include "core/solar_terms.h"
 #include "days/day_rule.h"
 
 namespace tickwell::days {
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+/// What the old calendar says of the day, as far as it is chosen.
+QStringList OldCalendarTexts(const CalendarSettings& calendar, QDate day) {
+    QStringList texts;
+    if (const auto oldDate = calendar.announcesOldDate ? OldDateOf(day) : std::nullopt) {
+        texts.append(OldDateText(*oldDate) + u' ' + RokuyoName(*oldDate));
+    }
+    if (const QString season = SeasonName(day); calendar.announcesSeasons && !season.isEmpty()) {
+        texts.append(season);
+    }
+    return texts;
+}
+
+}  // namespace
 
 int AnnouncedWeekCode(QDate day) {
     const int code = WeekCode(day);
@@ -19,7 +37,7 @@ QStringList AnnouncedNames(const AnnouncementParts& parts, QDate day) {
     for (const store::ResultRow& row : parts.dayDatabase.RunQueryForFirst(kMostAnnounced, query)) {
         names.append(row.Text(u"Name"));
     }
-    return names + parts.holidays.NamesOn(day);
+    return names + parts.holidays.NamesOn(day) + OldCalendarTexts(parts.further.calendar, day);
 }
 
 }  // namespace tickwell::days

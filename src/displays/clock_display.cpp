@@ -20,7 +20,7 @@ constexpr DisplayTraits kClockTraits{.number = kFunctionClock,
 ClockDisplay::ClockDisplay(const ClockParts& parts, Handlers& handlers, TimerSource& timers,
                            const DisplayView& view)
     : m_handlers(handlers),
-      m_lines(parts, view.lines),
+      m_lines(parts, view.lines, [this] { m_dateTimer->Start(); }),
       m_timeTimer(
           handlers, timers, kTimeTick, [this] { Dz_Timer1_Timer(); },
           [this, isSeen = view.isSeen] { return m_lines.UntilDue(isSeen()); }),

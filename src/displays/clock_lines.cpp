@@ -2,9 +2,11 @@
 #include "displays/clock_lines.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "core/clock_text.h"
 #include "core/integers.h"
+#include "core/old_calendar.h"
 
 namespace tickwell::displays {
 
@@ -12,8 +14,13 @@ namespace {
 
 QString DateLine(const ClockParts& parts, QDate today) {
     const AppSettings& settings = parts.settings;
-    return DateText(today, settings.language, settings.yearStyle, settings.displayMode,
-                    parts.announcements.further.calendar.eras);
+    const CalendarSettings& calendar = parts.announcements.further.calendar;
+    if (calendar.usesOldDateInOldJapanese && settings.language == kLanguageOldJapanese) {
+        if (const auto oldDate = OldDateOf(today)) {
+            return OldJapaneseDateText(*oldDate);
+        }
+    }
+    return DateText(today, settings.language, settings.yearStyle, settings.displayMode, calendar.eras);
 }
 
 QString TimeLine(const AppSettings& settings, QTime now) {
@@ -32,10 +39,12 @@ int WholeSteps(QTime time, int step) {
 
 }  // namespace
 
-ClockLines::ClockLines(const ClockParts& parts, TextLines lines) : m_parts(parts), m_lines(lines) {}
+ClockLines::ClockLines(const ClockParts& parts, TextLines lines, std::function<void()> onDateShown)
+    : m_parts(parts), m_lines(lines), m_onDateShown(std::move(onDateShown)) {}
 
 void ClockLines::Show() {
     const QDateTime now = m_parts.clock.Now();
+    m_seenDate = now.date();
     m_lines.upper.ShowText(DateLine(m_parts, now.date()));
     m_lines.lower.ShowText(TimeLine(m_parts.settings, now.time()));
 }
@@ -51,9 +60,19 @@ void ClockLines::LookUp() {
         m_names.clear();
         m_areNamesDue = true;
         m_tried.reset();
+        ShowIfNew(today);
     }
     if (m_areNamesDue && UntilNextTry() == 0) {
         AskForNames(today);
+    }
+}
+
+/// Not on a refresh, and not after Show, which has just wiped in the date.
+void ClockLines::ShowIfNew(QDate today) {
+    const bool isNew = today != std::exchange(m_seenDate, today);
+    if (isNew && m_parts.announcements.further.corrections.dateTurnsAtMidnight) {
+        m_lines.upper.ShowText(m_dateLine);
+        m_onDateShown();
     }
 }
 

@@ -3,6 +3,7 @@
 
 #include <QStringList>
 #include <QTime>
+#include <functional>
 #include <memory>
 #include <optional>
 
@@ -24,16 +25,19 @@ struct ClockParts {
 /// anniversaries and holidays, in turn.
 class ClockLines {
 public:
-    ClockLines(const ClockParts& parts, TextLines lines);
+    /// `onDateShown`: called after LookUp wiped in a date, which stays as long as any text of the rotation.
+    ClockLines(
+        const ClockParts& parts, TextLines lines, std::function<void()> onDateShown = [] {});
 
     /// The function was chosen: wipes in date and time. The rotation of the names continues where it was.
     void Show();
 
     /// Dz_Timer1, first half: on a new day, or if the refresh flag is set, updates the date text and queries
-    /// the names. Does not write to the upper line. If the database cannot be queried now, there are no names
-    /// at first, and the query is repeated every five seconds; the code that left the database closed has
-    /// told the user. Throws SqlError; the day then counts as looked up, so that the error is not reported
-    /// five times a second.
+    /// the names. Writes to the upper line only if the settings ask for it at midnight, and only on a new
+    /// day that Show has not shown. If the database cannot be queried now, there are no names at first, and
+    /// the query is repeated every five seconds; the code that left the database closed has told the user.
+    /// Throws SqlError; the day then counts as looked up, so that the error is not reported five times a
+    /// second.
     void LookUp();
 
     /// Dz_Timer1, second half: updates the time if the second has changed.
@@ -53,10 +57,13 @@ private:
     bool IsLookUpDue(const QString& date) const { return date != m_rememberedDate || m_refresh; }
     qint64 UntilTimeDue(QTime now, bool isSeen) const;
     qint64 UntilNextTry() const;
+    void ShowIfNew(QDate today);
     void AskForNames(QDate today);
 
     ClockParts m_parts;
     TextLines m_lines;
+    std::function<void()> m_onDateShown;
+    QDate m_seenDate;          // of the last Show or look-up, whichever was later; invalid at start
     QString m_rememberedDate;  // empty at start: the first tick always looks up
     QTime m_rememberedTime;    // invalid at start
     QString m_dateLine;

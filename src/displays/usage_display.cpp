@@ -16,9 +16,9 @@ constexpr DisplayTraits kUsageTraits{.number = kFunctionUsage,
 
 }  // namespace
 
-UsageDisplay::UsageDisplay(const AppSettings& settings, const Clock& clock, Handlers& handlers,
-                           TimerSource& timers, const DisplayView& view)
-    : m_lines(settings, clock, view.lines),
+UsageDisplay::UsageDisplay(const UsageParts& parts, Handlers& handlers, TimerSource& timers,
+                           const DisplayView& view)
+    : m_lines(parts, view.lines),
       m_timer(
           handlers, timers, kUsageTick, [this] { m_lines.Tick(); },
           [this, isSeen = view.isSeen] { return UntilDue(isSeen()); }) {}

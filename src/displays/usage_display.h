@@ -11,8 +11,7 @@ namespace tickwell::displays {
 class UsageDisplay : public Display {
 public:
     /// All outlive this object.
-    UsageDisplay(const AppSettings& settings, const Clock& clock, Handlers& handlers, TimerSource& timers,
-                 const DisplayView& view);
+    UsageDisplay(const UsageParts& parts, Handlers& handlers, TimerSource& timers, const DisplayView& view);
 
     const DisplayTraits& Traits() const override;
     void Show() override;

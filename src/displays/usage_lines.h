@@ -9,11 +9,18 @@
 
 namespace tickwell::displays {
 
-/// The time since the system started, on the lower line.
+/// What the usage time works with; all outlive it.
+struct UsageParts {
+    const AppSettings& settings;
+    const FurtherSettings& further;
+    const Clock& clock;
+};
+
+/// The time since the system started, on the lower line. It is the 32-bit tick count, which becomes negative
+/// after 24.8 days, unless the settings ask for the complete count.
 class UsageLines {
 public:
-    /// All outlive this object.
-    UsageLines(const AppSettings& settings, const Clock& clock, TextLines lines);
+    UsageLines(const UsageParts& parts, TextLines lines) : m_parts(parts), m_lines(lines) {}
 
     /// The function was chosen: wipes in the reading.
     void Show();
@@ -25,12 +32,13 @@ public:
     qint64 UntilDue() const;
 
 private:
-    QString Reading(qint32 tick) const;
+    qint64 Count() const;
+    qint64 UntilTurn(qint64 count) const;
+    QString Reading(qint64 count) const;
 
-    const AppSettings& m_settings;
-    const Clock& m_clock;
+    UsageParts m_parts;
     TextLines m_lines;
-    std::optional<qint32> m_shownSecond;
+    std::optional<qint64> m_shownSecond;
 };
 
 }  // namespace tickwell::displays

@@ -6,8 +6,8 @@ namespace tickwell::print_helper {
 /// Protocol between the program and its helper tickwell-print.
 ///
 ///   tickwell-print TITLE
-/// reads the report from its standard input (UTF-8, lines separated by LF), prints it on the user's default
-/// printer, and writes answers to its standard output, one per line:
+/// reads the report from its standard input (UTF-8, lines separated by LF, a tab before a second column),
+/// prints it on the user's default printer, and writes answers to its standard output, one per line:
 ///   WORD TAB QUEUE TAB REASON
 /// The first answer is kAccepted, as soon as the print queue has the complete document, or one of the failure
 /// words, after which the helper exits. After kAccepted it follows the job for up to kFollowSeconds and

@@ -11,6 +11,18 @@ namespace tickwell::print_helper {
 namespace {
 
 constexpr int kPoints = 10;
+constexpr QChar kColumnMark = u'\t';
+
+/// How far right of the first column the second one begins.
+double SecondColumn(const QStringList& lines, const QFontMetricsF& metrics) {
+    double width = 0;
+    for (const QString& line : lines) {
+        if (line.contains(kColumnMark)) {
+            width = std::max(width, metrics.horizontalAdvance(line.section(kColumnMark, 0, 0)));
+        }
+    }
+    return width + metrics.horizontalAdvance(QStringLiteral("  "));
+}
 
 }  // namespace
 
@@ -26,10 +38,15 @@ bool ReportPainter::Paint(QPainter& painter, const QRectF& area, int number) con
     const auto linesPerPage = std::max<qsizetype>(1, static_cast<qsizetype>(area.height() / spacing));
     const qsizetype first = number * linesPerPage;
     const qsizetype end = std::min(first + linesPerPage, m_lines.size());
+    const double secondColumn = area.left() + SecondColumn(m_lines.mid(first, end - first), metrics);
     painter.setFont(m_font);
     for (qsizetype line = first; line < end; ++line) {
         const double baseline = area.top() + static_cast<double>(line - first) * spacing + metrics.ascent();
-        painter.drawText(QPointF(area.left(), baseline), m_lines[line]);
+        const qsizetype mark = m_lines[line].indexOf(kColumnMark);
+        painter.drawText(QPointF(area.left(), baseline), m_lines[line].left(mark));
+        if (mark >= 0) {
+            painter.drawText(QPointF(secondColumn, baseline), m_lines[line].sliced(mark + 1));
+        }
     }
     return end < m_lines.size();
 }

@@ -4,10 +4,21 @@
 #include "core/duration_text.h"
 #include "core/weekday.h"
 #include "core/words.h"
+#include "timing/lap_line.h"
 
 namespace tickwell::timing {
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+/// The line with its interval, if it has one, in the second column.
+QString InColumns(const QString& line) {
+    const qsizetype interval = FindInterval(line);
+    return interval < 0 ? line : line.first(interval) + u'\t' + line.sliced(interval).trimmed();
+}
+
+}  // namespace
 
 QStringList LapReport(const QString& version, const QDateTime& now, const QString& list) {
     QStringList lines{
@@ -19,7 +30,9 @@ QStringList LapReport(const QString& version, const QDateTime& now, const QStrin
         QString(),
         u"<<ラップ/経歴一覧表>>"_s,
     };
-    lines += list.split(u"\r\n"_s);
+    for (const QString& line : list.split(u"\r\n"_s)) {
+        lines.append(InColumns(line));
+    }
     lines += {QString(), u"<<終>>"_s};
     return lines;
 }

@@ -26,15 +26,22 @@ void Stopwatch::Start() {
 }
 
 qint32 Stopwatch::Stop() {
-    const auto end = qScopeGuard([this] { m_state.StopwatchRunning = false; });
+    const auto end = qScopeGuard([this] {
+        m_state.StopwatchRunning = false;
+        m_state.StopwatchLapReading = std::min(m_state.StopwatchLapReading, m_state.StopwatchElapsed);
+    });
     m_state.StopwatchElapsed = Reading();
     return m_state.StopwatchElapsed;
 }
 
 Stopwatch::Lap Stopwatch::TakeLap() {
-    const Lap lap{CheckedAdd(m_state.StopwatchLapCount, 1), Reading()};
-    m_state.StopwatchLapCount = lap.number;
-    return lap;
+    const qint32 number = CheckedAdd(m_state.StopwatchLapCount, 1);
+    const qint32 reading = Reading();
+    // Not checked: a lap with a valid reading counts, whatever the interval.
+    const auto interval = static_cast<qint32>(TicksSince(m_state.StopwatchLapReading, reading));
+    m_state.StopwatchLapCount = number;
+    m_state.StopwatchLapReading = reading;
+    return {number, reading, interval};
 }
 
 void Stopwatch::Reset() {

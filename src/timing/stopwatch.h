@@ -13,8 +13,9 @@ struct StopwatchState {
     qint32 StopwatchStart = 0;    ///< tick of the last start
     qint32 StopwatchElapsed = 0;  ///< all completed intervals since the last reset
     bool StopwatchRunning = false;
-    qint32 StopwatchLapCount = 0;  ///< laps since the last reset
-    QString StopwatchLapText;      ///< the list while its window is closed, lines separated by CR LF
+    qint32 StopwatchLapCount = 0;    ///< laps since the last reset
+    qint32 StopwatchLapReading = 0;  ///< reading of the last of them; the next interval begins there
+    QString StopwatchLapText;        ///< the list while its window is closed, lines separated by CR LF
 };
 
 /// The rules of the stopwatch. An overflow throws OverflowError and leaves the state unchanged, except that
@@ -24,10 +25,11 @@ public:
     /// Both outlive this object.
     Stopwatch(StopwatchState& state, const Clock& clock) : m_state(state), m_clock(clock) {}
 
-    /// A lap is measured from the start of the stopwatch, not from the previous lap.
     struct Lap {
         qint32 number;
-        qint32 reading;
+        qint32 reading;  ///< measured from the start of the stopwatch, not from the previous lap
+        qint32
+            interval;  ///< measured from the previous lap or from the reset, without the time while stopped
     };
 
     bool IsRunning() const { return m_state.StopwatchRunning; }
@@ -41,7 +43,8 @@ public:
     /// Only while stopped: continues from the current reading.
     void Start();
     /// Only while running. Returns the reading at the stop. If that overflows, the run is lost and the time
-    /// before it is kept: a stopwatch that cannot be stopped could not be reset either.
+    /// before it is kept: a stopwatch that cannot be stopped could not be reset either. The next interval
+    /// then begins at that time at the latest.
     qint32 Stop();
     /// Only while running.
     Lap TakeLap();

@@ -2,25 +2,22 @@
 #include "timing/stopwatch_panel.h"
 
 #include "core/duration_text.h"
+#include "timing/lap_line.h"
 
 namespace tickwell::timing {
 
 using namespace Qt::StringLiterals;
 
-StopwatchPanel::StopwatchPanel(Stopwatch& stopwatch, TextLines lines, DisplayFunctions& functions,
-                               Timer& readingTimer)
-    : m_stopwatch(stopwatch), m_lines(lines), m_functions(functions), m_readingTimer(readingTimer) {}
-
 void StopwatchPanel::Load() {
-    ReplaceList(m_stopwatch.KeptList());
+    ReplaceList(m_parts.stopwatch.KeptList());
 }
 
 void StopwatchPanel::Unload() {
-    m_stopwatch.KeepList(m_list);
+    m_parts.stopwatch.KeepList(m_list);
 }
 
 void StopwatchPanel::StartOrStop() {
-    if (m_stopwatch.IsRunning()) {
+    if (m_parts.stopwatch.IsRunning()) {
         Stop();
     } else {
         Start();
@@ -28,7 +25,7 @@ void StopwatchPanel::StartOrStop() {
 }
 
 void StopwatchPanel::LapOrReset() {
-    if (m_stopwatch.IsRunning()) {
+    if (m_parts.stopwatch.IsRunning()) {
         TakeLap();
     } else {
         Reset();
@@ -36,43 +33,45 @@ void StopwatchPanel::LapOrReset() {
 }
 
 StopwatchCaptions StopwatchPanel::Captions() const {
-    return m_stopwatch.IsRunning() ? StopwatchCaptions{.startOrStop = u"ストップ", .lapOrReset = u"ラップ"}
-                                   : StopwatchCaptions{.startOrStop = u"スタート", .lapOrReset = u"リセット"};
+    return m_parts.stopwatch.IsRunning()
+               ? StopwatchCaptions{.startOrStop = u"ストップ", .lapOrReset = u"ラップ"}
+               : StopwatchCaptions{.startOrStop = u"スタート", .lapOrReset = u"リセット"};
 }
 
 /// Switches the main window to the stopwatch first: with another function, two timers would write to the same
 /// line.
 void StopwatchPanel::Start() {
-    if (m_functions.GetFuncNumber() != kFunctionStopwatch) {
-        m_functions.ChangeFunction(kFunctionStopwatch);
+    if (m_parts.functions.GetFuncNumber() != kFunctionStopwatch) {
+        m_parts.functions.ChangeFunction(kFunctionStopwatch);
     }
-    m_stopwatch.Start();
-    m_readingTimer.Start();
+    m_parts.stopwatch.Start();
+    m_parts.readingTimer.Start();
 }
 
 void StopwatchPanel::Stop() {
-    m_readingTimer.Stop();  // before the reading, which may overflow: the run ends in any case
-    const QString reading = ElapsedText(m_stopwatch.Stop());
-    m_lines.lower.SetText(reading);
+    m_parts.readingTimer.Stop();  // before the reading, which may overflow: the run ends in any case
+    const QString reading = ElapsedText(m_parts.stopwatch.Stop());
+    m_parts.lines.lower.SetText(reading);
     m_list += u"\r\n【Stop】 "_s + reading;  // also for an empty list, which then begins with an empty line
 }
 
 void StopwatchPanel::TakeLap() {
-    const Stopwatch::Lap lap = m_stopwatch.TakeLap();
-    const QString line = u"Lapse"_s + QString::number(lap.number) + u"  " + ElapsedText(lap.reading);
+    const Stopwatch::Lap lap = m_parts.stopwatch.TakeLap();
+    const QString line = LapLine(lap);
+    const QString listed = m_parts.further.corrections.lapIntervals ? line + IntervalText(lap) : line;
     if (lap.number < 2) {  // the first one since the reset: replaces earlier stops in the list
-        ReplaceList(line);
-        m_lines.upper.ShowText(line);
+        ReplaceList(listed);
+        m_parts.lines.upper.ShowText(line);
     } else {
-        m_list += u"\r\n"_s + line;
-        m_lines.upper.SetText(line);
+        m_list += u"\r\n"_s + listed;
+        m_parts.lines.upper.SetText(line);
     }
 }
 
 void StopwatchPanel::Reset() {
-    m_stopwatch.Reset();
-    m_lines.upper.ShowText(u"ストップウォッチ"_s);
-    m_lines.lower.ShowText(ElapsedText(0));
+    m_parts.stopwatch.Reset();
+    m_parts.lines.upper.ShowText(u"ストップウォッチ"_s);
+    m_parts.lines.lower.ShowText(ElapsedText(0));
     ReplaceList(QString());
 }
 

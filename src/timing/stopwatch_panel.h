@@ -3,6 +3,7 @@
 
 #include "core/display_function.h"
 #include "core/ports/timer.h"
+#include "core/settings.h"
 #include "core/text_line.h"
 #include "timing/stopwatch.h"
 
@@ -14,11 +15,19 @@ struct StopwatchCaptions {
     QStringView lapOrReset;
 };
 
+/// What the logic of the stopwatch window works with; all outlive it.
+struct StopwatchPanelParts {
+    Stopwatch& stopwatch;
+    TextLines lines;
+    DisplayFunctions& functions;
+    Timer& readingTimer;  ///< updates the reading on the main window
+    const FurtherSettings& further;
+};
+
 /// The logic of the stopwatch window: its list and the actions of its buttons.
 class StopwatchPanel {
 public:
-    /// All outlive this object. `readingTimer` updates the reading on the main window.
-    StopwatchPanel(Stopwatch& stopwatch, TextLines lines, DisplayFunctions& functions, Timer& readingTimer);
+    explicit StopwatchPanel(const StopwatchPanelParts& parts) : m_parts(parts) {}
 
     /// The window opens: the kept list is restored.
     void Load();
@@ -33,7 +42,8 @@ public:
 
     StopwatchCaptions Captions() const;
 
-    /// Laps and stops, one reading per line, separated by CR LF.
+    /// Laps and stops, one reading per line, separated by CR LF. A lap has its interval behind the reading if
+    /// the settings asked for it when it was taken.
     const QString& List() const { return m_list; }
 
     /// Changes whenever the list is replaced. While it is constant, text is only appended to the list.
@@ -46,10 +56,7 @@ private:
     void Reset();
     void ReplaceList(const QString& list);
 
-    Stopwatch& m_stopwatch;
-    TextLines m_lines;
-    DisplayFunctions& m_functions;
-    Timer& m_readingTimer;
+    StopwatchPanelParts m_parts;
     QString m_list;
     int m_listNumber = 0;
 };

@@ -3,11 +3,17 @@
 
 #include <QPointer>
 #include <QScopeGuard>
+#include <QScreen>
+#include <QScrollBar>
+#include <QTextDocument>
 #include <QVBoxLayout>
+#include <algorithm>
+#include <cmath>
 #include <utility>
 
 #include "controls/bring_forward.h"
 #include "controls/control_making.h"
+#include "timing/lap_line.h"
 #include "timing/lap_report.h"
 
 namespace tickwell::timing {
@@ -18,6 +24,17 @@ namespace {
 
 constexpr int kListColumns = 30;  // minimum size of the list in characters and lines
 constexpr int kListLines = 8;
+constexpr QStringView kLongLap = u"Lapse8888  88:58'58\"888  (+88:58'58\"888)";  // longer ones are scrolled
+
+int PlainWidth(const QPlainTextEdit& list) {
+    return kListColumns * list.fontMetrics().averageCharWidth();
+}
+
+int WidthOfIntervals(const QPlainTextEdit& list) {
+    const double margins = 2 * (list.document()->documentMargin() + list.frameWidth());
+    return list.fontMetrics().horizontalAdvance(kLongLap.toString()) + static_cast<int>(std::ceil(margins)) +
+           list.verticalScrollBar()->sizeHint().width();
+}
 
 }  // namespace
 
@@ -59,13 +76,28 @@ void StopForm::LayOut() {
     all->addLayout(above);
     all->addWidget(m_lapList, 1);
     all->addLayout(below);
-    const QFontMetrics metrics = m_lapList->fontMetrics();
-    m_lapList->setMinimumSize(kListColumns * metrics.averageCharWidth(), kListLines * metrics.lineSpacing());
+    m_lapList->setMinimumSize(PlainWidth(*m_lapList), kListLines * m_lapList->fontMetrics().lineSpacing());
     setTabOrder(m_startButton, m_lapButton);
     setTabOrder(m_lapButton, m_lapList);
     setTabOrder(m_lapList, m_printButton);
     setTabOrder(m_printButton, m_helpButton);
     m_startButton->setDefault(true);
+}
+
+void StopForm::MakeRoom() {
+    const bool hasIntervals =
+        m_parts.further.corrections.lapIntervals || FindInterval(m_parts.panel.List()) >= 0;
+    const int width = hasIntervals ? WidthOfIntervals(*m_lapList) : PlainWidth(*m_lapList);
+    if (width == m_lapList->minimumWidth()) {
+        return;
+    }
+    m_lapList->setMinimumWidth(width);
+    layout()->activate();  // widens the window at once
+    const QRect room = screen()->availableGeometry();
+    const int beyond = frameGeometry().right() - room.right();
+    if (isVisible() && beyond > 0) {
+        move(std::max(room.left(), frameGeometry().left() - beyond), frameGeometry().top());
+    }
 }
 
 void StopForm::BringUp() {
@@ -149,6 +181,9 @@ void StopForm::ShowState() {
 /// Appends only new text: setting the complete text for each lap would take longer with every lap. The text
 /// box is never read, because it does not preserve carriage returns.
 void StopForm::ShowList() {
+    if (m_parts.further.corrections.lapIntervals) {
+        MakeRoom();
+    }
     const QString& list = m_parts.panel.List();
     if (m_shownList != m_parts.panel.ListNumber()) {
         m_shownList = m_parts.panel.ListNumber();

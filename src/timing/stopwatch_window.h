@@ -16,6 +16,7 @@ namespace tickwell::timing {
 /// What the stopwatch window uses; all outlive it.
 struct StopwatchWindowParts {
     StopwatchPanel& panel;
+    const FurtherSettings& further;
     const Clock& clock;
     Handlers& handlers;
     MessageBoxes& boxes;
@@ -33,6 +34,10 @@ class StopForm : public QDialog {
 
 public:
     StopForm(StopwatchWindowParts parts, QWidget* parent);
+
+    /// Makes the list wide enough for intervals if it has some or will have some. Call before the window is
+    /// placed.
+    void MakeRoom();
 
     /// Shows the window, or brings it to the front if it is open.
     void BringUp();

@@ -30,7 +30,11 @@ TimingTools::TimingTools(const TimingParts& parts, const DisplayView& view)
                            m_stopwatchTimer.Wake();
                            m_view.linesWritten();
                        }),
-      m_stopwatchPanel(m_stopwatch, m_temporaryTexts.ForStopwatch(), view.functions, m_stopwatchTimer),
+      m_stopwatchPanel({.stopwatch = m_stopwatch,
+                        .lines = m_temporaryTexts.ForStopwatch(),
+                        .functions = view.functions,
+                        .readingTimer = m_stopwatchTimer,
+                        .further = parts.further}),
       m_timerPanel(m_countdown, m_temporaryTexts.ForTimer(), m_countdownTimer) {}
 
 void TimingTools::BringUp() {
@@ -48,6 +52,7 @@ void TimingTools::BringUp() {
 void TimingTools::ShowStopForm() {
     if (!m_stopForm) {
         m_stopForm = std::make_unique<StopForm>(StopwatchWindowParts{.panel = m_stopwatchPanel,
+                                                                     .further = m_parts.further,
                                                                      .clock = m_parts.clock,
                                                                      .handlers = m_parts.handlers,
                                                                      .boxes = m_parts.boxes,
@@ -57,6 +62,7 @@ void TimingTools::ShowStopForm() {
                                                                      .version = m_parts.version},
                                                 nullptr);
     }
+    m_stopForm->MakeRoom();
     PlaceIfClosed(*m_stopForm);
     m_stopForm->BringUp();
 }

@@ -22,6 +22,7 @@ namespace tickwell::timing {
 struct TimingParts {
     StopwatchState& stopwatch;
     CountdownState& countdown;
+    const FurtherSettings& further;
     const Clock& clock;
     TimerSource& timers;
     Handlers& handlers;

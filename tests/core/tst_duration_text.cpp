@@ -16,6 +16,8 @@ private Q_SLOTS:
     void SecondsRoundHalvesToEven();
     void UsageReads_data();
     void UsageReads();
+    void UsageBeyondTheTickCountReads_data();
+    void UsageBeyondTheTickCountReads();
     void ElapsedReads_data();
     void ElapsedReads();
     void ElapsedCountsEveryMillisecondOfAnHour();
@@ -78,6 +80,37 @@ void TstDurationText::UsageReads() {
     QFETCH(QString, text);
     QCOMPARE(UsageText(tick, language, displayMode, 0), text);
     QCOMPARE(UsageText(tick, language, displayMode, 1), text);  // the hour style makes no difference
+}
+
+void TstDurationText::UsageBeyondTheTickCountReads_data() {
+    QTest::addColumn<qint64>("milliseconds");
+    QTest::addColumn<qint32>("language");
+    QTest::addColumn<qint32>("displayMode");
+    QTest::addColumn<QString>("text");
+    const qint64 signChange = qint64{1} << 31;  // 2147483.648 s
+    const qint64 turn = qint64{1} << 32;        // 4294967.296 s
+    const qint64 thousandHours = (1000 * 3600 + 5 * 60 + 7) * 1000LL;
+    QTest::newRow("the sign change") << signChange << 0 << 0 << u"596時間31分24秒"_s;
+    QTest::newRow("the sign change, simple") << signChange << 0 << 1 << u"596:31:24"_s;
+    QTest::newRow("the sign change, old Japanese")
+        << signChange << 2 << 0 << u"五百九十六時間三十一分二十四秒"_s;
+    QTest::newRow("the turn") << turn << 0 << 0 << u"1193時間02分47秒"_s;
+    QTest::newRow("the turn, English") << turn << 1 << 0 << u"1193:02:47"_s;
+    QTest::newRow("a thousand hours") << thousandHours << 0 << 0 << u"1000時間05分07秒"_s;
+    QTest::newRow("a thousand hours, old Japanese") << thousandHours << 2 << 0 << u"千時間五分七秒"_s;
+    QTest::newRow("ten years") << qint64{315'619'200'000} << 0 << 0 << u"87672時間00分00秒"_s;
+    // KanjiNumber drops ten thousands.
+    QTest::newRow("12345 hours, old Japanese")
+        << qint64{12'345 * 3'600'000LL} << 2 << 0 << u"三百四十五時間零分零秒"_s;
+    QTest::newRow("halves to even, down") << thousandHours + 1500 << 0 << 1 << u"1000:05:08"_s;
+    QTest::newRow("halves to even, up") << thousandHours + 2501 << 0 << 1 << u"1000:05:10"_s;
+}
+
+void TstDurationText::UsageBeyondTheTickCountReads() {
+    QFETCH(qint64, milliseconds);
+    QFETCH(qint32, language);
+    QFETCH(qint32, displayMode);
+    QTEST(UsageText(milliseconds, language, displayMode, 0), "text");
 }
 
 void TstDurationText::ElapsedReads_data() {

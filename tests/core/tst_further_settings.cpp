@@ -3,42 +3,12 @@
 
 #include "core/settings_io.h"
 #include "support/fake_settings_store.h"
+#include "support/further_flags.h"
 
 using namespace tickwell;
 using namespace Qt::StringLiterals;
 
 namespace {
-
-struct Flag {
-    const char* section;
-    const char* key;
-    bool& (*field)(FurtherSettings&);
-};
-
-constexpr std::array kFlags{
-    Flag{"Calendar", "HolidaysByLaw", [](FurtherSettings& s) -> bool& { return s.calendar.holidaysByLaw; }},
-    Flag{"Calendar", "ErasByDate", [](FurtherSettings& s) -> bool& { return s.calendar.eras.byDate; }},
-    Flag{"Calendar", "OldDate", [](FurtherSettings& s) -> bool& { return s.calendar.announcesOldDate; }},
-    Flag{"Calendar", "Seasons", [](FurtherSettings& s) -> bool& { return s.calendar.announcesSeasons; }},
-    Flag{"Calendar", "OldJapaneseOldDate",
-         [](FurtherSettings& s) -> bool& { return s.calendar.usesOldDateInOldJapanese; }},
-    Flag{"Corrections", "WeekdayAnniversaries",
-         [](FurtherSettings& s) -> bool& { return s.corrections.weekdayAnniversaries; }},
-    Flag{"Corrections", "EditorTakesDate",
-         [](FurtherSettings& s) -> bool& { return s.corrections.editorTakesDate; }},
-    Flag{"Corrections", "DateTurnsAtMidnight",
-         [](FurtherSettings& s) -> bool& { return s.corrections.dateTurnsAtMidnight; }},
-    Flag{"Corrections", "LongUsage", [](FurtherSettings& s) -> bool& { return s.corrections.longUsage; }},
-    Flag{"Corrections", "SearchAcrossMonths",
-         [](FurtherSettings& s) -> bool& { return s.corrections.searchAcrossMonths; }},
-    Flag{"Corrections", "LapIntervals",
-         [](FurtherSettings& s) -> bool& { return s.corrections.lapIntervals; }},
-    Flag{"Corrections", "ShowsToday", [](FurtherSettings& s) -> bool& { return s.corrections.showsToday; }},
-    Flag{"Corrections", "KeepsMarksOnClose",
-         [](FurtherSettings& s) -> bool& { return s.corrections.keepsMarksOnClose; }},
-    Flag{"Corrections", "SavesImmediately",
-         [](FurtherSettings& s) -> bool& { return s.corrections.savesImmediately; }},
-};
 
 FurtherSettings Loaded(const SettingsStore& store) {
     FurtherSettings further;
@@ -73,14 +43,14 @@ private Q_SLOTS:
 
 void TstFurtherSettings::EachFlagHasItsKey_data() {
     QTest::addColumn<int>("index");
-    for (std::size_t i = 0; i < kFlags.size(); ++i) {
-        QTest::newRow(kFlags.at(i).key) << static_cast<int>(i);
+    for (std::size_t i = 0; i < kFurtherFlags.size(); ++i) {
+        QTest::newRow(kFurtherFlags.at(i).key) << static_cast<int>(i);
     }
 }
 
 void TstFurtherSettings::EachFlagHasItsKey() {
     QFETCH(const int, index);
-    const Flag& flag = kFlags.at(static_cast<std::size_t>(index));
+    const FurtherFlag& flag = kFurtherFlags.at(static_cast<std::size_t>(index));
     FurtherSettings expected;
     QVERIFY(!flag.field(expected));
     flag.field(expected) = true;

@@ -3,12 +3,19 @@
 
 #include "days/announced_bench.h"
 #include "store/day_store.h"
+#include "support/further_flags.h"
 
 using namespace tickwell;
 using namespace tickwell::days;
 using namespace Qt::StringLiterals;
 
 namespace {
+
+QStringList NamesWith(const FurtherSettings& further, QDate day, const store::DayStore& store = {}) {
+    store::DayDatabase database(store.Path());
+    const TableHolidays holidays(database);
+    return AnnouncedNames({.dayDatabase = database, .holidays = holidays, .further = further}, day);
+}
 
 /// Week of the month and weekday (1 Sunday) of a day, counted day by day.
 std::pair<int, int> WeekAndWeekday(QDate day) {
@@ -32,6 +39,11 @@ private Q_SLOTS:
     void TheThirdMondayIsAnnouncedOnTheSecondTuesdayAndNeverOnItself();
     void AllThirtyFiveCodesOverAYear();
     void NoMoreAreReadThanADayCanShow();
+    void OnlyTheirSwitchesAddOldDateAndSeason_data();
+    void OnlyTheirSwitchesAddOldDateAndSeason();
+    void TheOldCalendarSays_data();
+    void TheOldCalendarSays();
+    void TheOldCalendarComesLast();
 };
 
 void TstAnnouncedNames::TheDigitsOfTheWeekCodeAreExchangedOnPurpose() {
@@ -99,6 +111,50 @@ void TstAnnouncedNames::NoMoreAreReadThanADayCanShow() {
     store::DayDatabase database(store.Path());
     const QStringList names = AnnouncedNames(database, QDate(2026, 11, 3));
     QCOMPARE(names.mid(9998), (QStringList{u"9999"_s, u"10000"_s, u"文化の日"_s}));
+}
+
+void TstAnnouncedNames::OnlyTheirSwitchesAddOldDateAndSeason_data() {
+    AddRowOfEachFlag();
+}
+
+void TstAnnouncedNames::OnlyTheirSwitchesAddOldDateAndSeason() {
+    QFETCH(FurtherSettings, further);
+    const QHash<QByteArray, QString> added{{"OldDate", u"旧暦10月14日 大安"_s}, {"Seasons", u"小雪"_s}};
+    const QByteArray key = QTest::currentDataTag();
+    QCOMPARE(NamesWith(further, QDate(2026, 11, 22)),
+             added.contains(key) ? QStringList{added[key]} : QStringList());
+}
+
+void TstAnnouncedNames::TheOldCalendarSays_data() {
+    QTest::addColumn<QDate>("day");
+    QTest::addColumn<QStringList>("texts");
+    QTest::newRow("old date and season")
+        << QDate(2026, 11, 22) << QStringList{u"旧暦10月14日 大安"_s, u"小雪"_s};
+    QTest::newRow("leap month") << QDate(2025, 7, 25) << QStringList{u"旧暦閏6月1日 赤口"_s};
+    QTest::newRow("a day between the terms")
+        << QDate(2026, 2, 3) << QStringList{u"旧暦12月16日 先負"_s, u"節分"_s};
+    QTest::newRow("the last known day") << QDate(2100, 12, 31) << QStringList{u"旧暦12月1日 赤口"_s};
+    QTest::newRow("behind it") << QDate(2101, 1, 5) << QStringList();
+    QTest::newRow("before the first one") << QDate(1899, 12, 22) << QStringList();
+}
+
+void TstAnnouncedNames::TheOldCalendarSays() {
+    QFETCH(const QDate, day);
+    FurtherSettings further;
+    further.calendar.announcesOldDate = true;
+    further.calendar.announcesSeasons = true;
+    QTEST(NamesWith(further, day), "texts");
+}
+
+void TstAnnouncedNames::TheOldCalendarComesLast() {
+    const store::DayStore store;
+    store.Raw("INSERT INTO Kinenbi(Name,Year,Month,Day,Week) VALUES ('記念日',0,2,11,0),('二つ目',0,2,4,0)");
+    FurtherSettings further;
+    further.calendar.announcesOldDate = true;
+    further.calendar.announcesSeasons = true;
+    store.Raw("INSERT INTO Syukuzitu(Name,Month,Day) VALUES ('休み',2,4)");
+    QCOMPARE(NamesWith(further, QDate(2026, 2, 4), store),
+             (QStringList{u"二つ目"_s, u"休み"_s, u"旧暦12月17日 仏滅"_s, u"立春"_s}));
 }
 
 QTEST_GUILESS_MAIN(TstAnnouncedNames)

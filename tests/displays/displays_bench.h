@@ -57,6 +57,7 @@ struct DisplaysBench {
     app::DisplaysParts Parts() {
         return {.ports = {.power = Borrowed<const Power>(power), .memory = Borrowed<const Memory>(memory)},
                 .settings = settings,
+                .further = further,
                 .announcements = {.dayDatabase = dayDatabase, .holidays = holidays, .further = further},
                 .clock = time,
                 .timers = time,
@@ -68,6 +69,7 @@ struct DisplaysBench {
     timing::TimingParts Timing() {
         return {.stopwatch = stopwatch,
                 .countdown = countdown,
+                .further = further,
                 .clock = time,
                 .timers = time,
                 .handlers = handlers,

@@ -4,6 +4,7 @@
 #include "displays/usage_lines.h"
 #include "platform/time/virtual_time.h"
 #include "support/fake_text_line.h"
+#include "support/further_flags.h"
 
 using namespace tickwell;
 using namespace tickwell::displays;
@@ -13,13 +14,26 @@ namespace {
 
 struct Bench {
     AppSettings settings;
+    FurtherSettings further;
     platform::VirtualTime time;
     FakeTextLine upper;
     FakeTextLine lower;
-    UsageLines lines{settings, time, {.upper = upper, .lower = lower}};
+    UsageLines lines{{.settings = settings, .further = further, .clock = time},
+                     {.upper = upper, .lower = lower}};
 
     explicit Bench(qint64 tick) : time(QDateTime(QDate(1998, 10, 3), QTime(12, 0)), tick) {}
 };
+
+constexpr qint64 kSignChange = qint64{1} << 31;
+constexpr qint64 kTurn = qint64{1} << 32;
+
+void AddMomentsOfTheCounter() {
+    QTest::addColumn<qint64>("from");
+    QTest::newRow("after the start") << qint64{0};
+    QTest::newRow("the counter changes its sign") << kSignChange - 2500;
+    QTest::newRow("the counter is negative") << kSignChange + 1'000'000;
+    QTest::newRow("the counter turns over") << kTurn - 2500;
+}
 
 }  // namespace
 
@@ -35,6 +49,15 @@ private Q_SLOTS:
     void TheNextChangeIsDueWhereTheTextTurns_data();
     void TheNextChangeIsDueWhereTheTextTurns();
     void AChangeThatWasMissedIsDueAtOnce();
+    void OnlyItsSwitchMakesTheReadingLong_data();
+    void OnlyItsSwitchMakesTheReadingLong();
+    void TheLongReadingGoesOn_data();
+    void TheLongReadingGoesOn();
+    void TheNextChangeOfTheLongReadingIsDueWhereTheTextTurns_data();
+    void TheNextChangeOfTheLongReadingIsDueWhereTheTextTurns();
+    void ASuspendCounts_data();
+    void ASuspendCounts();
+    void TheSwitchCountsAtTheNextTick();
 };
 
 void TstUsageLines::ChoosingItWipesTheReadingIn() {
@@ -76,11 +99,7 @@ void TstUsageLines::TheReadingTurnsNegativeAfterTwentyFourDays() {
 }
 
 void TstUsageLines::TheNextChangeIsDueWhereTheTextTurns_data() {
-    QTest::addColumn<qint64>("from");
-    QTest::newRow("after the start") << qint64{0};
-    QTest::newRow("the counter changes its sign") << (qint64{1} << 31) - 2500;
-    QTest::newRow("the counter is negative") << (qint64{1} << 31) + 1'000'000;
-    QTest::newRow("the counter turns over") << (qint64{1} << 32) - 2500;
+    AddMomentsOfTheCounter();
 }
 
 void TstUsageLines::TheNextChangeIsDueWhereTheTextTurns() {
@@ -104,6 +123,94 @@ void TstUsageLines::AChangeThatWasMissedIsDueAtOnce() {
     bench.lines.Tick();
     bench.time.Advance(700);
     QCOMPARE(bench.lines.UntilDue(), qint64{1});
+}
+
+void TstUsageLines::OnlyItsSwitchMakesTheReadingLong_data() {
+    AddRowOfEachFlag();
+}
+
+void TstUsageLines::OnlyItsSwitchMakesTheReadingLong() {
+    QFETCH(FurtherSettings, further);
+    Bench bench(kSignChange);
+    bench.further = further;
+    bench.lines.Show();
+    const bool isLong = QTest::currentDataTag() == QByteArray("LongUsage");
+    QCOMPARE(bench.lower.Text(), isLong ? u"596時間31分24秒"_s : u"-31分-24秒"_s);
+}
+
+void TstUsageLines::TheLongReadingGoesOn_data() {
+    QTest::addColumn<qint64>("from");
+    QTest::addColumn<QStringList>("texts");
+    QTest::newRow("the sign change") << kSignChange - 648
+                                     << QStringList{u"set 596時間31分23秒"_s, u"set 596時間31分24秒"_s,
+                                                    u"set 596時間31分25秒"_s};
+    QTest::newRow("the turn") << kTurn - 1296
+                              << QStringList{u"set 1193時間02分46秒"_s, u"set 1193時間02分47秒"_s,
+                                             u"set 1193時間02分48秒"_s};
+}
+
+void TstUsageLines::TheLongReadingGoesOn() {
+    QFETCH(qint64, from);
+    Bench bench(from);
+    bench.further.corrections.longUsage = true;
+    for (int tick = 0; tick < 10; ++tick) {
+        bench.lines.Tick();
+        bench.time.Advance(250);
+    }
+    QTEST(bench.lower.TakeRecord(), "texts");
+}
+
+void TstUsageLines::TheNextChangeOfTheLongReadingIsDueWhereTheTextTurns_data() {
+    AddMomentsOfTheCounter();
+}
+
+/// Seconds turn at the half second, rounded to even.
+void TstUsageLines::TheNextChangeOfTheLongReadingIsDueWhereTheTextTurns() {
+    QFETCH(qint64, from);
+    Bench bench(from);
+    bench.further.corrections.longUsage = true;
+    const auto secondAt = [](qint64 ms) {
+        const qint64 rest = ms % 1000;
+        const bool isUp = rest > 500 || (rest == 500 && ms / 1000 % 2 == 1);
+        return ms / 1000 + (isUp ? 1 : 0);
+    };
+    for (qint64 now = from; now < from + 5000; ++now) {
+        bench.lines.Tick();
+        const qint64 due = bench.lines.UntilDue();
+        QCOMPARE(secondAt(now + due - 1), secondAt(now));
+        QVERIFY(secondAt(now + due) != secondAt(now));
+        bench.time.Advance(1);
+    }
+}
+
+void TstUsageLines::ASuspendCounts_data() {
+    QTest::addColumn<bool>("isLong");
+    QTest::addColumn<QString>("text");
+    QTest::newRow("by default") << false << u"-02分-47秒"_s;
+    QTest::newRow("long") << true << u"623時間00分00秒"_s;
+}
+
+/// 23 hours of work, then 25 days of sleep: the 32-bit count includes them as well.
+void TstUsageLines::ASuspendCounts() {
+    QFETCH(bool, isLong);
+    Bench bench(23 * 3'600'000LL);
+    bench.further.corrections.longUsage = isLong;
+    bench.lines.Tick();
+    bench.time.Suspend(25 * 86'400'000LL);
+    bench.lines.Tick();
+    QTEST(bench.lower.Text(), "text");
+}
+
+void TstUsageLines::TheSwitchCountsAtTheNextTick() {
+    Bench bench(kTurn);
+    bench.lines.Tick();
+    QCOMPARE(bench.lower.Text(), u"00分00秒"_s);
+    bench.further.corrections.longUsage = true;
+    bench.lines.Tick();
+    QCOMPARE(bench.lower.Text(), u"1193時間02分47秒"_s);
+    bench.further.corrections.longUsage = false;
+    bench.lines.Tick();
+    QCOMPARE(bench.lower.Text(), u"00分00秒"_s);
 }
 
 QTEST_GUILESS_MAIN(TstUsageLines)

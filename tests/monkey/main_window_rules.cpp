@@ -100,10 +100,11 @@ void CheckLowerLine(const Scene& scene, const QString& text, Complaints& complai
         return ClockText(now.time.Now().addMSecs(-ago).time(), settings.language, settings.displayMode,
                          settings.hourStyle);
     };
+    const bool isLong = now.state.started.further.corrections.longUsage;
     const auto usageAt = [&](quint32 ago) {
-        // The counter wraps, so the subtraction is unsigned.
-        const auto tick = static_cast<qint32>(static_cast<quint32>(now.time.Tick()) - ago);
-        return UsageText(tick, settings.language, settings.displayMode, settings.hourStyle);
+        const qint64 count = now.time.SinceBoot() - ago;
+        const auto tick = static_cast<qint32>(static_cast<quint32>(count));
+        return UsageText(isLong ? count : tick, settings.language, settings.displayMode, settings.hourStyle);
     };
     bool isRight = true;
     switch (settings.function) {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <QFile>
 #include <QTest>
+#include <ctime>
 
 #include "core/integers.h"
 #include "platform/time/system_clock.h"
@@ -16,6 +17,7 @@ private Q_SLOTS:
     void NowIsLocalTime();
     void TickCountsFromTheStartOfTheMachine();
     void TickNeverGoesBack();
+    void TheTimeSinceBootIncludesSuspend();
 };
 
 void TstSystemClock::NowIsLocalTime() {
@@ -49,6 +51,21 @@ void TstSystemClock::TickNeverGoesBack() {
         QVERIFY(TicksSince(last, tick) < 60'000U);
         last = tick;
     }
+}
+
+void TstSystemClock::TheTimeSinceBootIncludesSuspend() {
+    const auto bootTime = [] {
+        timespec time{};
+        return clock_gettime(CLOCK_BOOTTIME, &time) == 0
+                   ? time.tv_sec * qint64{1000} + time.tv_nsec / 1'000'000
+                   : -1;
+    };
+    const SystemClock clock;
+    const qint64 before = bootTime();
+    const qint64 now = clock.SinceBoot();
+    const qint64 after = bootTime();
+    QVERIFY(before > 0);
+    QVERIFY(before <= now && now <= after);
 }
 
 QTEST_GUILESS_MAIN(TstSystemClock)

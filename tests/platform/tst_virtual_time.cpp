@@ -31,6 +31,7 @@ private Q_SLOTS:
     void StepJumpsToTheNextDue();
     void TheWallAloneCanBeSet();
     void TheTickTurnsOverAt31Bits();
+    void TheTimeSinceBootTurnsOverNowhere();
     void TimersWaitOutASuspend();
     void AnotherZoneShowsTheSameMoment();
     void JumpsAreTold();
@@ -157,6 +158,16 @@ void TstVirtualTime::TheTickTurnsOverAt31Bits() {
     QCOMPARE(time.Tick(), std::numeric_limits<qint32>::min());
     time.Advance(2147483648);
     QCOMPARE(time.Tick(), 0);
+}
+
+void TstVirtualTime::TheTimeSinceBootTurnsOverNowhere() {
+    VirtualTime time(Start(), 2147483647);
+    time.Advance(1);
+    QCOMPARE(time.SinceBoot(), qint64{2147483648});
+    time.Suspend(2147483648);
+    QCOMPARE(time.SinceBoot(), qint64{4294967296});
+    time.SetNow(Start());
+    QCOMPARE(time.SinceBoot(), qint64{4294967296});
 }
 
 void TstVirtualTime::TimersWaitOutASuspend() {

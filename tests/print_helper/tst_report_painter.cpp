@@ -20,6 +20,14 @@ QImage Sheet() {
     return sheet;
 }
 
+QFont TheFont() {
+    QFont font;
+    font.setFamilies({u"ＭＳ Ｐゴシック"_s, u"Monapo"_s, u"Ume P Gothic"_s, u"IPAPGothic"_s, u"IPAexGothic"_s,
+                      u"TakaoPGothic"_s, u"VL PGothic"_s, u"Noto Sans CJK JP"_s});
+    font.setPointSize(10);
+    return font;
+}
+
 QRect Inked(const QImage& sheet) {
     QRect inked;
     for (int y = 0; y < sheet.height(); ++y) {
@@ -42,13 +50,12 @@ private Q_SLOTS:
     void ItPaintsInTheGothicFontOfTenPoints();
     void APageWithoutRoomTakesOneLine();
     void AllLinesLieInsideTheArea();
+    void TheSecondColumnIsBehindTheLongestText();
+    void EachPageHasItsOwnSecondColumn();
 };
 
 void TstReportPainter::ItPaintsInTheGothicFontOfTenPoints() {
-    QFont font;
-    font.setFamilies({u"ＭＳ Ｐゴシック"_s, u"Monapo"_s, u"Ume P Gothic"_s, u"IPAPGothic"_s, u"IPAexGothic"_s,
-                      u"TakaoPGothic"_s, u"VL PGothic"_s, u"Noto Sans CJK JP"_s});
-    font.setPointSize(10);
+    const QFont font = TheFont();
     QImage expected = Sheet();
     {
         QPainter painter(&expected);
@@ -86,6 +93,47 @@ void TstReportPainter::AllLinesLieInsideTheArea() {
     const QRect inked = Inked(sheet);
     QVERIFY(area.contains(inked));
     QVERIFY(inked.height() > area.height() / 2);
+}
+
+void TstReportPainter::TheSecondColumnIsBehindTheLongestText() {
+    const QString shorter = u"Lapse9  0:03'10\"500"_s;
+    const QString longer = u"Lapse10  10:03'10\"500"_s;
+    const QString interval = u"(+0:00'01\"000)"_s;
+    const QRectF area(30, 40, 500, 500);
+    QImage expected = Sheet();
+    {
+        QPainter painter(&expected);
+        painter.setFont(TheFont());
+        const QFontMetricsF metrics(TheFont(), &expected);
+        const double second = 30 + metrics.horizontalAdvance(longer) + metrics.horizontalAdvance(u"  "_s);
+        double baseline = 40 + metrics.ascent();
+        for (const QString& first : {shorter, longer}) {
+            painter.drawText(QPointF(30, baseline), first);
+            painter.drawText(QPointF(second, baseline), interval);
+            baseline += metrics.lineSpacing();
+        }
+        painter.drawText(QPointF(30, baseline), u"a longer line without a second column"_s);
+    }
+    QImage sheet = Sheet();
+    {
+        QPainter painter(&sheet);
+        const ReportPainter report({shorter + u'\t' + interval, longer + u'\t' + interval,
+                                    u"a longer line without a second column"_s});
+        QVERIFY(!report.Paint(painter, area, 0));
+    }
+    QCOMPARE(sheet, expected);
+}
+
+void TstReportPainter::EachPageHasItsOwnSecondColumn() {
+    const QRectF onePerPage(30, 40, 500, 4);
+    const ReportPainter report({u"1\t2"_s, u"a longer line\t2"_s, u"1\t2"_s});
+    QList<QImage> pages(3, Sheet());
+    for (int number = 0; number < 3; ++number) {
+        QPainter painter(&pages[number]);
+        report.Paint(painter, onePerPage, number);
+    }
+    QCOMPARE(pages[2], pages[0]);
+    QVERIFY(Inked(pages[1]).right() > Inked(pages[0]).right());
 }
 
 QTEST_MAIN(TstReportPainter)

@@ -58,7 +58,9 @@ struct TickingBench : MainWindowBench {
         return ClockText(time.Now().time(), settings.language, settings.displayMode, settings.hourStyle);
     }
     QString UsageNow() const {
-        return UsageText(time.Tick(), settings.language, settings.displayMode, settings.hourStyle);
+        const bool isLong = further.corrections.longUsage;
+        return UsageText(isLong ? time.SinceBoot() : time.Tick(), settings.language, settings.displayMode,
+                         settings.hourStyle);
     }
     QString ElapsedNow() const { return ElapsedText(time.Tick() - stopwatch.StopwatchStart); }
 

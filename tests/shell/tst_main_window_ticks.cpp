@@ -29,6 +29,8 @@ private Q_SLOTS:
     void TheUsageTimeIsShownWithin250Milliseconds();
     void AResumeIsNoticedByTheUsageTime();
     void TheUsageTimeWakesAboutOnceASecond();
+    void TheLongUsageTimeIsShownInTimeToo_data();
+    void TheLongUsageTimeIsShownInTimeToo();
     void TheRunningStopwatchIsPacedToTheScreen();
     void AStandingStopwatchWakesNobody();
     void AReaderIsToldTheReadingOfTheMoment();
@@ -164,6 +166,19 @@ void TstMainWindowTicks::TheUsageTimeWakesAboutOnceASecond() {
     const int wakeUps = bench.WakeUps(kHour);
     QVERIFY2(wakeUps >= 3600 && wakeUps <= 3600 + 130, qPrintable(QString::number(wakeUps)));
     QVERIFY(bench.stack.raised.size() >= 1800);
+}
+
+void TstMainWindowTicks::TheLongUsageTimeIsShownInTimeToo_data() {
+    TheUsageTimeIsShownWithin250Milliseconds_data();
+}
+
+void TstMainWindowTicks::TheLongUsageTimeIsShownInTimeToo() {
+    QFETCH(qint64, tick);
+    TickingBench bench(1, tick);
+    bench.further.corrections.longUsage = true;
+    QVERIFY(bench.MostLate(40'000, [&] { return bench.UsageNow(); }) <= 250);
+    const int wakeUps = bench.WakeUps(kHour);
+    QVERIFY2(wakeUps >= 3600 && wakeUps <= 3600 + 130, qPrintable(QString::number(wakeUps)));
 }
 
 void TstMainWindowTicks::TheRunningStopwatchIsPacedToTheScreen() {

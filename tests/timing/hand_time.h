@@ -14,7 +14,7 @@ namespace tickwell::timing {
 class HandTime : public Clock, public TimerSource {
 public:
     QDateTime Now() const override { return now; }
-    qint32 Tick() const override { return static_cast<qint32>(static_cast<quint32>(since)); }
+    qint64 SinceBoot() const override { return since; }
 
     std::unique_ptr<Timer> Create(int milliseconds, std::function<void()> onTick) override {
         auto timer = std::make_unique<HandTimer>(milliseconds, std::move(onTick));
@@ -49,7 +49,7 @@ public:
     };
 
     QDateTime now{QDate(1998, 11, 15), QTime(21, 5, 7)};
-    qint64 since = 0;  ///< milliseconds since the machine started, from which the tick is derived
+    qint64 since = 0;                ///< milliseconds since boot
     std::vector<HandTimer*> timers;  ///< in the order of creation; not owned
 };
 

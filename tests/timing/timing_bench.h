@@ -27,12 +27,15 @@ struct TimingBench : public DisplayFunctions {
     JournalLine lower{journal, QStringLiteral("lower")};
     StopwatchState stopwatch;
     CountdownState countdown;
+    FurtherSettings further;
     QStringList commands;
     std::function<void()> enterFolder = [this] { commands.append(QStringLiteral("folder")); };
     int placed = 0;
+    int placedWidth = 0;  ///< of the window that was placed last
     qint32 function = kFunctionStopwatch;
     TimingTools tools{{.stopwatch = stopwatch,
                        .countdown = countdown,
+                       .further = further,
                        .clock = time,
                        .timers = time,
                        .handlers = handlers,
@@ -41,7 +44,7 @@ struct TimingBench : public DisplayFunctions {
                        .help = help,
                        .enterFolder = [this] { enterFolder(); },
                        .sendCommand = [this](const QString& command) { commands.append(command); },
-                       .place = [this](QWidget&) { ++placed; },
+                       .place = [this](QWidget& window) { Place(window); },
                        .version = QStringLiteral("2.0.0")},
                       {.lines = {.upper = upper, .lower = lower}, .functions = *this}};
     StopwatchDisplay stopwatchDisplay{Borrowed(tools)};
@@ -58,6 +61,15 @@ struct TimingBench : public DisplayFunctions {
         }
     }
     qint32 GetFuncNumber() const override { return function; }
+
+    /// Like the program, which adjusts the size of a window that was never shown.
+    void Place(QWidget& window) {
+        ++placed;
+        if (!window.testAttribute(Qt::WA_Resized)) {
+            window.adjustSize();
+        }
+        placedWidth = window.width();
+    }
 
     /// An existing window of this class; null if there is none.
     template <typename Window>

@@ -21,6 +21,7 @@ private Q_SLOTS:
     void AllLinesInOrder();
     void AnEmptyListLeavesTwoEmptyLinesBeforeTheEnd();
     void AListThatBeginsWithAStopKeepsItsEmptyLine();
+    void IntervalsAreTheSecondColumn();
     void DatesInLongForm_data();
     void DatesInLongForm();
     void TimesInLongForm_data();
@@ -44,6 +45,16 @@ void TstLapReport::AListThatBeginsWithAStopKeepsItsEmptyLine() {
     QCOMPARE(
         LapReport(u"2.0.0"_s, kNow, u"\r\n【Stop】 0:00'01\"000"_s).mid(6),
         (QStringList{u"<<ラップ/経歴一覧表>>"_s, u""_s, u"【Stop】 0:00'01\"000"_s, u""_s, u"<<終>>"_s}));
+}
+
+void TstLapReport::IntervalsAreTheSecondColumn() {
+    const QString list =
+        u"Lapse9  0:03'10\"500  (+0:01'05\"200)\r\n【Stop】 0:03'11\"000\r\nLapse10  0:04'00\"000\r\n"
+        "Lapse11  1:04'00\"000  (+1:00'00\"000)"_s;
+    QCOMPARE(LapReport(u"2.0.0"_s, kNow, list).mid(6),
+             (QStringList{u"<<ラップ/経歴一覧表>>"_s, u"Lapse9  0:03'10\"500\t(+0:01'05\"200)"_s,
+                          u"【Stop】 0:03'11\"000"_s, u"Lapse10  0:04'00\"000"_s,
+                          u"Lapse11  1:04'00\"000\t(+1:00'00\"000)"_s, u""_s, u"<<終>>"_s}));
 }
 
 void TstLapReport::DatesInLongForm_data() {

@@ -39,6 +39,12 @@ private Q_SLOTS:
     void AStopThatOverflowsEndsTheRun();
     void AStopwatchThatOverflowedIsReset();
     void AFullLapCountDoesNotCount();
+    void AnIntervalIsStopwatchTimeSinceTheLapBefore_data();
+    void AnIntervalIsStopwatchTimeSinceTheLapBefore();
+    void AnIntervalAcrossTheTurnOfTheCounter();
+    void AfterALostRunTheIntervalBeginsAtTheKeptTime_data();
+    void AfterALostRunTheIntervalBeginsAtTheKeptTime();
+    void ALapCountsThoughItsIntervalDoesNotFit();
 };
 
 void TstStopwatch::EachTransition_data() {
@@ -184,6 +190,95 @@ void TstStopwatch::AFullLapCountDoesNotCount() {
     QCOMPARE(bench.stopwatch.TakeLap().number, 2'147'483'647);
     QVERIFY_THROWS_EXCEPTION(OverflowError, bench.stopwatch.TakeLap());
     QCOMPARE(bench.state.StopwatchLapCount, 2'147'483'647);
+}
+
+void TstStopwatch::AnIntervalIsStopwatchTimeSinceTheLapBefore_data() {
+    QTest::addColumn<QString>("script");  // S start, P stop, L lap, R reset, a dot 100 ms
+    QTest::addColumn<QList<qint32>>("intervals");
+    QTest::newRow("the first, since the start") << u"S..L"_s << QList<qint32>{200};
+    QTest::newRow("each since the one before") << u"S.L...L..L"_s << QList<qint32>{100, 300, 200};
+    QTest::newRow("two at once") << u"S.LL"_s << QList<qint32>{100, 0};
+    QTest::newRow("a pause does not count") << u"S.L..P.....S.L"_s << QList<qint32>{100, 300};
+    QTest::newRow("a pause before the first lap") << u"S..P.....S.L"_s << QList<qint32>{300};
+    QTest::newRow("two pauses") << u"S.L.P..S.P..S.L"_s << QList<qint32>{100, 300};
+    QTest::newRow("after a reset, since the start")
+        << u"S.L...L.PR....S..L"_s << QList<qint32>{100, 300, 200};
+}
+
+void TstStopwatch::AnIntervalIsStopwatchTimeSinceTheLapBefore() {
+    QFETCH(const QString, script);
+    Bench bench;
+    QList<qint32> intervals;
+    for (const QChar step : script) {
+        switch (step.unicode()) {
+            case u'S':
+                bench.stopwatch.Start();
+                break;
+            case u'P':
+                bench.stopwatch.Stop();
+                break;
+            case u'L':
+                intervals.append(bench.stopwatch.TakeLap().interval);
+                break;
+            case u'R':
+                bench.stopwatch.Reset();
+                break;
+            default:
+                bench.time.since += 100;
+                break;
+        }
+    }
+    QTEST(intervals, "intervals");
+}
+
+void TstStopwatch::AnIntervalAcrossTheTurnOfTheCounter() {
+    Bench bench(kTurn - 300);
+    bench.stopwatch.Start();
+    bench.time.since += 100;
+    QCOMPARE(bench.stopwatch.TakeLap().interval, 100);
+    bench.time.since += 700;
+    QCOMPARE(bench.stopwatch.TakeLap().interval, 700);
+}
+
+void TstStopwatch::AfterALostRunTheIntervalBeginsAtTheKeptTime_data() {
+    QTest::addColumn<bool>("lapInLostRun");
+    QTest::addColumn<qint32>("interval");
+    QTest::newRow("the lap before was in the kept time") << false << 100 + 300;
+    QTest::newRow("the lap before was in the lost run") << true << 300;
+}
+
+/// 400 ms with a lap after 300 are kept; then a run of 200 ms with or without a lap overflows.
+void TstStopwatch::AfterALostRunTheIntervalBeginsAtTheKeptTime() {
+    QFETCH(const bool, lapInLostRun);
+    Bench bench(kSignChange - 600);
+    bench.stopwatch.Start();
+    bench.time.since += 300;
+    bench.stopwatch.TakeLap();
+    bench.time.since += 100;
+    bench.stopwatch.Stop();
+    bench.stopwatch.Start();
+    bench.time.since += 100;
+    if (lapInLostRun) {
+        QCOMPARE(bench.stopwatch.TakeLap().interval, 200);
+    }
+    bench.time.since += 100;
+    QVERIFY_THROWS_EXCEPTION(OverflowError, bench.stopwatch.Stop());
+    bench.stopwatch.Start();
+    bench.time.since += 300;
+    const Stopwatch::Lap lap = bench.stopwatch.TakeLap();
+    QCOMPARE(lap.reading, 700);
+    QTEST(lap.interval, "interval");
+}
+
+/// A stopwatch that ran for 49 days has a negative reading again.
+void TstStopwatch::ALapCountsThoughItsIntervalDoesNotFit() {
+    Bench bench(kSignChange - 1000);
+    bench.stopwatch.Start();
+    bench.time.since += 900;
+    QCOMPARE(bench.stopwatch.TakeLap().reading, 900);
+    bench.time.since += kSignChange - 899;
+    QCOMPARE(bench.stopwatch.TakeLap().reading, 1 - kSignChange);
+    QCOMPARE(bench.state.StopwatchLapCount, 2);
 }
 
 QTEST_GUILESS_MAIN(TstStopwatch)

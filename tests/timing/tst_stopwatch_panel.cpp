@@ -2,6 +2,7 @@
 #include <QTest>
 
 #include "core/errors.h"
+#include "support/further_flags.h"
 #include "timing/hand_time.h"
 #include "timing/journal.h"
 #include "timing/stopwatch_panel.h"
@@ -21,7 +22,12 @@ struct Bench {
     std::unique_ptr<Timer> Timer1 = time.Create(1, [] {});
     StopwatchState state;
     Stopwatch stopwatch{state, time};
-    StopwatchPanel panel{stopwatch, {.upper = upper, .lower = lower}, functions, *Timer1};
+    FurtherSettings further;
+    StopwatchPanel panel{{.stopwatch = stopwatch,
+                          .lines = {.upper = upper, .lower = lower},
+                          .functions = functions,
+                          .readingTimer = *Timer1,
+                          .further = further}};
 
     Bench() {
         time.since = 307'000;
@@ -62,6 +68,12 @@ private Q_SLOTS:
     void ALapThatOverflowsDoesNotCount();
     void AStopThatOverflowsLetsItBeReset();
     void OnlyAReplacedListHasAnotherNumber();
+    void OnlyItsSwitchWritesIntervals_data();
+    void OnlyItsSwitchWritesIntervals();
+    void AListWithIntervals_data();
+    void AListWithIntervals();
+    void TheSwitchCountsAtTheMomentOfTheLap();
+    void IntervalsOutliveTheClosedWindow();
 };
 
 void TstStopwatchPanel::TheCaptionsSayWhatTheButtonsWillDo() {
@@ -225,6 +237,70 @@ void TstStopwatchPanel::OnlyAReplacedListHasAnotherNumber() {
     QVERIFY(numbers[6] != numbers[5]);
     bench.panel.Load();
     QVERIFY(bench.panel.ListNumber() != numbers[6]);
+}
+
+void TstStopwatchPanel::OnlyItsSwitchWritesIntervals_data() {
+    AddRowOfEachFlag();
+}
+
+void TstStopwatchPanel::OnlyItsSwitchWritesIntervals() {
+    QFETCH(FurtherSettings, further);
+    Bench bench;
+    bench.further = further;
+    bench.Play(u"1.2..2.1");
+    const bool writes = QTest::currentDataTag() == QByteArray("LapIntervals");
+    QCOMPARE(bench.panel.List(),
+             writes ? u"Lapse1  0:00'01\"000  (+0:00'01\"000)\r\nLapse2  0:00'03\"000  (+0:00'02\"000)\r\n"
+                      "【Stop】 0:00'04\"000"_s
+                    : u"Lapse1  0:00'01\"000\r\nLapse2  0:00'03\"000\r\n【Stop】 0:00'04\"000"_s);
+    QCOMPARE(bench.Take().mid(0, 2),  // the line has no interval
+             (Journal{u"upper show Lapse1  0:00'01\"000"_s, u"upper set Lapse2  0:00'03\"000"_s}));
+}
+
+void TstStopwatchPanel::AListWithIntervals_data() {
+    QTest::addColumn<QString>("script");
+    QTest::addColumn<QString>("list");
+    QTest::newRow("the first lap replaces a stop, and counts its time")
+        << u"1.1...1.2"_s << u"Lapse1  0:00'02\"000  (+0:00'02\"000)"_s;
+    QTest::newRow("a pause does not count")
+        << u"1.2.1....1.2"_s
+        << u"Lapse1  0:00'01\"000  (+0:00'01\"000)\r\n【Stop】 0:00'02\"000\r\n"
+           "Lapse2  0:00'03\"000  (+0:00'02\"000)"_s;
+    QTest::newRow("a cleared list begins anew")
+        << u"1.2.12.1..2"_s << u"Lapse1  0:00'02\"000  (+0:00'02\"000)"_s;
+}
+
+void TstStopwatchPanel::AListWithIntervals() {
+    QFETCH(const QString, script);
+    Bench bench;
+    bench.further.corrections.lapIntervals = true;
+    bench.Play(script);
+    QTEST(bench.panel.List(), "list");
+}
+
+void TstStopwatchPanel::TheSwitchCountsAtTheMomentOfTheLap() {
+    Bench bench;
+    bench.Play(u"1.2");
+    bench.further.corrections.lapIntervals = true;
+    bench.Play(u"...2");
+    bench.further.corrections.lapIntervals = false;
+    bench.Play(u".2");
+    QCOMPARE(bench.panel.List(),
+             u"Lapse1  0:00'01\"000\r\nLapse2  0:00'04\"000  (+0:00'03\"000)\r\nLapse3  0:00'05\"000"_s);
+}
+
+void TstStopwatchPanel::IntervalsOutliveTheClosedWindow() {
+    Bench bench;
+    bench.further.corrections.lapIntervals = true;
+    bench.Play(u"1.2");
+    bench.panel.Unload();
+    bench.further.corrections.lapIntervals = false;
+    bench.time.since += 65'200;
+    bench.panel.Load();
+    bench.further.corrections.lapIntervals = true;
+    bench.Play(u"2");
+    QCOMPARE(bench.panel.List(),
+             u"Lapse1  0:00'01\"000  (+0:00'01\"000)\r\nLapse2  0:01'06\"200  (+0:01'05\"200)"_s);
 }
 
 QTEST_GUILESS_MAIN(TstStopwatchPanel)

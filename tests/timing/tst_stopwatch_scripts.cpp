@@ -21,7 +21,7 @@ constexpr quint32 kSeed = 0x57A7;
 constexpr int kScripts = 100'000;
 constexpr int kSteps = 24;
 
-enum class Step { Command1, Command2, Ticks, Wait, OtherFunction, ThisFunction, CloseAndOpen };
+enum class Step { Command1, Command2, Ticks, Wait, OtherFunction, ThisFunction, CloseAndOpen, Switch };
 
 /// All observable state of a stopwatch.
 struct Seen {
@@ -87,6 +87,9 @@ public:
                 m_panel.Unload();
                 m_panel.Load();
                 break;
+            case Step::Switch:
+                m_further.corrections.lapIntervals = !m_further.corrections.lapIntervals;
+                break;
         }
         if (m_boxes.IsOpen()) {
             m_boxes.Close();
@@ -123,7 +126,12 @@ private:
     Stopwatch m_stopwatch{m_state, m_time};
     StopwatchLines m_lines{m_stopwatch, {.upper = m_upper, .lower = m_lower}};
     std::unique_ptr<Timer> m_Timer1 = m_handlers.MakeTimer(m_time, 1, [this] { m_lines.Tick(); });
-    StopwatchPanel m_panel{m_stopwatch, {.upper = m_upper, .lower = m_lower}, *this, *m_Timer1};
+    FurtherSettings m_further;
+    StopwatchPanel m_panel{{.stopwatch = m_stopwatch,
+                            .lines = {.upper = m_upper, .lower = m_lower},
+                            .functions = *this,
+                            .readingTimer = *m_Timer1,
+                            .further = m_further}};
 };
 
 /// A model: a second implementation of the same rules.
@@ -157,6 +165,9 @@ public:
                 break;
             case Step::CloseAndOpen:
                 m_seen.kept = m_seen.list;
+                break;
+            case Step::Switch:
+                m_hasIntervals = !m_hasIntervals;
                 break;
         }
     }
@@ -198,6 +209,7 @@ private:
         const auto reading = Reading();
         m_seen.running = false;
         m_seen.timerRunning = false;
+        m_before = std::min(m_before, reading.value_or(m_seen.elapsed));
         if (!reading) {
             ++m_seen.reports;
             return;
@@ -216,7 +228,11 @@ private:
         ++m_seen.laps;
         const QString line = u"Lapse%1  %2"_s.arg(m_seen.laps).arg(ReadingOf(*reading));
         const bool first = m_seen.laps == 1;
-        m_seen.list = first ? line : u"%1\r\n%2"_s.arg(m_seen.list, line);
+        // As if the counter had 32 bits: it does not matter on which side of a turn the laps are.
+        const QString interval = u"  (+%1)"_s.arg(ReadingOf(TickAt(*reading - m_before + (qint64{1} << 32))));
+        const QString listed = m_hasIntervals ? line + interval : line;
+        m_before = *reading;
+        m_seen.list = first ? listed : u"%1\r\n%2"_s.arg(m_seen.list, listed);
         m_seen.journal.append(u"upper %1 %2"_s.arg(first ? u"show"_s : u"set"_s, line));
     }
 
@@ -224,6 +240,7 @@ private:
         m_seen.start = 0;
         m_seen.elapsed = 0;
         m_seen.laps = 0;
+        m_before = 0;
         m_seen.journal.append(u"upper show ストップウォッチ"_s);
         Lower(u"show", 0);
         m_seen.list.clear();
@@ -249,6 +266,8 @@ private:
     }
 
     qint64 m_since;
+    qint64 m_before = 0;  // the reading at which the next interval begins
+    bool m_hasIntervals = false;
     QString m_lower;
     Seen m_seen;
 };
@@ -260,10 +279,18 @@ class TstStopwatchScripts : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
+    void EveryScriptGoesAsTheModelSays_data();
     void EveryScriptGoesAsTheModelSays();
 };
 
+void TstStopwatchScripts::EveryScriptGoesAsTheModelSays_data() {
+    QTest::addColumn<int>("kinds");
+    QTest::newRow("by default") << static_cast<int>(Step::Switch);
+    QTest::newRow("with intervals switched on and off") << static_cast<int>(Step::Switch) + 1;
+}
+
 void TstStopwatchScripts::EveryScriptGoesAsTheModelSays() {
+    QFETCH(const int, kinds);
     QRandomGenerator random(kSeed);
     qint64 reports = 0;
     for (int script = 0; script < kScripts; ++script) {
@@ -271,7 +298,7 @@ void TstStopwatchScripts::EveryScriptGoesAsTheModelSays() {
         Real real(beginning);
         Model model(beginning);
         for (int number = 0; number < kSteps; ++number) {
-            const auto step = static_cast<Step>(random.bounded(7));
+            const auto step = static_cast<Step>(random.bounded(kinds));
             const qint64 amount = step == Step::Wait ? PauseOf(random) : random.bounded(4);
             real.Do(step, amount);
             model.Do(step, amount);

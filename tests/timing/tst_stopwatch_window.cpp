@@ -255,9 +255,13 @@ void TstStopwatchWindow::TheQuestionMayOutliveTheWindow() {
     FakePrinter printer;
     TimingBench bench;
     Stopwatch stopwatch(bench.stopwatch, bench.time);
-    StopwatchPanel panel(stopwatch, {.upper = bench.upper, .lower = bench.lower}, bench,
-                         bench.tools.Timer1());
+    StopwatchPanel panel({.stopwatch = stopwatch,
+                          .lines = {.upper = bench.upper, .lower = bench.lower},
+                          .functions = bench,
+                          .readingTimer = bench.tools.Timer1(),
+                          .further = bench.further});
     auto form = std::make_unique<StopForm>(StopwatchWindowParts{.panel = panel,
+                                                                .further = bench.further,
                                                                 .clock = bench.time,
                                                                 .handlers = handlers,
                                                                 .boxes = boxes,

@@ -10,7 +10,7 @@ namespace tickwell {
 /// A document for the printer.
 struct PrintJob {
     QString title;      ///< the job name in the print queue
-    QStringList lines;  ///< plain text, without line breaks
+    QStringList lines;  ///< plain text, without line breaks; a tab begins the second column
 
     bool operator==(const PrintJob&) const = default;
 };

@@ -9,11 +9,10 @@ QDateTime SystemClock::Now() const {
     return QDateTime::currentDateTime();
 }
 
-qint32 SystemClock::Tick() const {
+qint64 SystemClock::SinceBoot() const {
     timespec time{};
     clock_gettime(CLOCK_BOOTTIME, &time);  // cannot fail: the clock exists since Linux 2.6.39
-    const qint64 milliseconds = qint64{time.tv_sec} * 1000 + time.tv_nsec / 1'000'000;
-    return static_cast<qint32>(static_cast<quint32>(milliseconds));
+    return qint64{time.tv_sec} * 1000 + time.tv_nsec / 1'000'000;
 }
 
 }  // namespace tickwell::platform

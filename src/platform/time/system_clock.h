@@ -5,11 +5,11 @@
 
 namespace tickwell::platform {
 
-/// The machine's clocks: local time, and CLOCK_BOOTTIME for the tick count, which includes suspend.
+/// The machine's clocks: local time, and CLOCK_BOOTTIME, which includes suspend.
 class SystemClock : public Clock {
 public:
     QDateTime Now() const override;
-    qint32 Tick() const override;
+    qint64 SinceBoot() const override;
 };
 
 }  // namespace tickwell::platform

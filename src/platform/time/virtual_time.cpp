@@ -43,7 +43,8 @@ private:
     qint64 m_due = 0;
 };
 
-VirtualTime::VirtualTime(const QDateTime& now, qint64 tick) : m_now(now.toMSecsSinceEpoch()), m_tick(tick) {}
+VirtualTime::VirtualTime(const QDateTime& now, qint64 sinceBoot)
+    : m_now(now.toMSecsSinceEpoch()), m_sinceBoot(sinceBoot) {}
 
 std::unique_ptr<Timer> VirtualTime::Create(int milliseconds, std::function<void()> onTick) {
     return std::make_unique<VirtualTimer>(*this, milliseconds, std::move(onTick));
@@ -84,13 +85,13 @@ std::optional<qint64> VirtualTime::UntilNext() const {
 
 void VirtualTime::Suspend(qint64 milliseconds) {
     m_now += milliseconds;
-    m_tick += milliseconds;
+    m_sinceBoot += milliseconds;
     TellOfJump();
 }
 
 void VirtualTime::Pass(qint64 milliseconds) {
     m_now += milliseconds;
-    m_tick += milliseconds;
+    m_sinceBoot += milliseconds;
     m_elapsed += milliseconds;
 }
 

@@ -16,11 +16,11 @@ class VirtualTimer;
 /// that control the whole program through VirtualTimePipe.
 class VirtualTime : public Clock, public TimerSource, public TimeJumps {
 public:
-    /// `tick`: simulated milliseconds since boot.
-    explicit VirtualTime(const QDateTime& now, qint64 tick = 0);
+    /// `sinceBoot`: simulated milliseconds.
+    explicit VirtualTime(const QDateTime& now, qint64 sinceBoot = 0);
 
     QDateTime Now() const override { return QDateTime::fromMSecsSinceEpoch(m_now); }
-    qint32 Tick() const override { return static_cast<qint32>(static_cast<quint32>(m_tick)); }
+    qint64 SinceBoot() const override { return m_sinceBoot; }
     std::unique_ptr<Timer> Create(int milliseconds, std::function<void()> onTick) override;
     std::unique_ptr<Timer> CreateExact(int milliseconds, std::function<void()> onTick) override;
     void Listen(std::function<void()> onJump) override { m_onJump = std::move(onJump); }
@@ -52,7 +52,7 @@ private:
     void TellOfJump() const;
 
     qint64 m_now;  // ms since 1970 in UTC: the zone may change meanwhile
-    qint64 m_tick;
+    qint64 m_sinceBoot;
     std::function<void()> m_onJump;
     qint64 m_elapsed = 0;                  // ms since construction, the scale of the timers
     std::vector<VirtualTimer*> m_running;  // in the order in which they were started; owned by their users

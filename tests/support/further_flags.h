@@ -1,0 +1,60 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QTest>
+#include <array>
+
+#include "core/settings.h"
+
+Q_DECLARE_METATYPE(tickwell::FurtherSettings)
+
+namespace tickwell {
+
+/// A switch of the settings that is off by default, with its place in the settings file.
+struct FurtherFlag {
+    const char* section;
+    const char* key;
+    bool& (*field)(FurtherSettings&);
+};
+
+inline constexpr std::array kFurtherFlags{
+    FurtherFlag{"Calendar", "HolidaysByLaw",
+                [](FurtherSettings& s) -> bool& { return s.calendar.holidaysByLaw; }},
+    FurtherFlag{"Calendar", "ErasByDate", [](FurtherSettings& s) -> bool& { return s.calendar.eras.byDate; }},
+    FurtherFlag{"Calendar", "OldDate",
+                [](FurtherSettings& s) -> bool& { return s.calendar.announcesOldDate; }},
+    FurtherFlag{"Calendar", "Seasons",
+                [](FurtherSettings& s) -> bool& { return s.calendar.announcesSeasons; }},
+    FurtherFlag{"Calendar", "OldJapaneseOldDate",
+                [](FurtherSettings& s) -> bool& { return s.calendar.usesOldDateInOldJapanese; }},
+    FurtherFlag{"Corrections", "WeekdayAnniversaries",
+                [](FurtherSettings& s) -> bool& { return s.corrections.weekdayAnniversaries; }},
+    FurtherFlag{"Corrections", "EditorTakesDate",
+                [](FurtherSettings& s) -> bool& { return s.corrections.editorTakesDate; }},
+    FurtherFlag{"Corrections", "DateTurnsAtMidnight",
+                [](FurtherSettings& s) -> bool& { return s.corrections.dateTurnsAtMidnight; }},
+    FurtherFlag{"Corrections", "LongUsage",
+                [](FurtherSettings& s) -> bool& { return s.corrections.longUsage; }},
+    FurtherFlag{"Corrections", "SearchAcrossMonths",
+                [](FurtherSettings& s) -> bool& { return s.corrections.searchAcrossMonths; }},
+    FurtherFlag{"Corrections", "LapIntervals",
+                [](FurtherSettings& s) -> bool& { return s.corrections.lapIntervals; }},
+    FurtherFlag{"Corrections", "ShowsToday",
+                [](FurtherSettings& s) -> bool& { return s.corrections.showsToday; }},
+    FurtherFlag{"Corrections", "KeepsMarksOnClose",
+                [](FurtherSettings& s) -> bool& { return s.corrections.keepsMarksOnClose; }},
+    FurtherFlag{"Corrections", "SavesImmediately",
+                [](FurtherSettings& s) -> bool& { return s.corrections.savesImmediately; }},
+};
+
+/// A row for each switch, named after its key, with the settings in which it alone is on.
+inline void AddRowOfEachFlag() {
+    QTest::addColumn<FurtherSettings>("further");
+    for (const FurtherFlag& flag : kFurtherFlags) {
+        FurtherSettings further;
+        flag.field(further) = true;
+        QTest::newRow(flag.key) << further;
+    }
+}
+
+}  // namespace tickwell
