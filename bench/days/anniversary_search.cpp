@@ -116,6 +116,7 @@ struct Bench {
     platform::QtMessageBoxes boxes;
     Handlers handlers{boxes};
     book::BookParts parts{.dayDatabase = database,
+                          .further = further,
                           .list = list,
                           .changes = changes,
                           .clock = clock,

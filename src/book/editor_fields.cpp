@@ -67,6 +67,10 @@ EditorFields FieldsToEdit(const days::Anniversary& row, QDate date) {
     return fields;
 }
 
+EditorFields FieldsToEdit(const days::DayListRow& row, QDate date, const Corrections& corrections) {
+    return FieldsToEdit(TargetOf(row, corrections), date);
+}
+
 void ChooseKind(EditorFields& fields, AnniversaryKind kind) {
     fields.kind = kind;
     if (kind == AnniversaryKind::OneDay) {
