@@ -2,7 +2,7 @@
 // anniversary_search [ROWS]: the cost of the anniversary book's windows with ROWS anniversaries (default one
 // million). For each action: its total time, the longest time that the event loop was blocked (in CPU time,
 // so a busy machine does not count), and the memory afterwards. The search is compared with the same work
-// without a window. Runs without a screen.
+// without a window; the searches in a range are those with searchAcrossMonths. Runs without a screen.
 
 #include <sqlite3.h>
 
@@ -10,6 +10,7 @@
 #include <QElapsedTimer>
 #include <QFile>
 #include <QHeaderView>
+#include <QLineEdit>
 #include <QPushButton>
 #include <QScrollBar>
 #include <QTemporaryDir>
@@ -116,6 +117,7 @@ struct Bench {
     platform::QtMessageBoxes boxes;
     Handlers handlers{boxes};
     book::BookParts parts{.dayDatabase = database,
+                          .further = further,
                           .list = list,
                           .changes = changes,
                           .clock = clock,
@@ -132,7 +134,9 @@ struct Bench {
         list.WhenChanged([this] { model.SetRows(list.Rows()); });
     }
 
-    void Click(QDialog& window, const QString& button) const { ChildOf<QPushButton>(window, button).click(); }
+    void Click(QDialog& window, const QString& button) const {
+        ChildOf<QAbstractButton>(window, button).click();
+    }
 };
 
 void MeasureSearch(Bench& bench) {
@@ -150,6 +154,27 @@ void MeasureSearch(Bench& bench) {
     Measure(
         "search for all", [&] { bench.Click(window, u"Command1"_s); }, [&] { return !window.isVisible(); });
     std::printf("%d rows found\n", bench.list.Rows().Count());
+}
+
+/// The anniversaries of every year that fall on the days from `first` to `last`.
+void MeasureRange(Bench& bench, const char* name, QDate first, QDate last) {
+    bench.further.corrections.searchAcrossMonths = true;
+    book::Form9 window(bench.parts, nullptr);
+    window.show();
+    for (const QString& button : {u"Check1"_s, u"Check3"_s, u"Option2(0)"_s}) {  // every year, by date
+        bench.Click(window, button);
+    }
+    int text = 2;  // Text2 to Text4 are the start, Text5 to Text7 the end
+    for (const QDate date : {first, last}) {
+        for (const int part : {date.year(), date.month(), date.day()}) {
+            ChildOf<QLineEdit>(window, u"Text%1"_s.arg(text++)).setText(QString::number(part));
+        }
+    }
+    QCoreApplication::processEvents();  // the first paint
+    Measure(
+        name, [&] { bench.Click(window, u"Command1"_s); }, [&] { return !window.isVisible(); });
+    std::printf("%d rows found\n", bench.list.Rows().Count());
+    bench.further.corrections.searchAcrossMonths = false;
 }
 
 void MeasureList(Bench& bench) {
@@ -214,6 +239,9 @@ int main(int argc, char** argv) {
         Bench bench(path);
         MeasureSearch(bench);
         MeasureList(bench);
+        MeasureRange(bench, "search in a day", QDate(2026, 12, 20), QDate(2026, 12, 20));
+        MeasureRange(bench, "search across months", QDate(2026, 11, 20), QDate(2027, 2, 10));
+        MeasureRange(bench, "search from a day on", QDate(2026, 11, 20), QDate(9999, 12, 31));
         MeasureSearch(bench);
         MeasureDeletion(bench);
     } catch (const RunTimeError& error) {

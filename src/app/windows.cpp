@@ -84,6 +84,7 @@ void Windows::Open(QPointer<Window>& window, Make make) {
 
 days::BookWindows Windows::Book() {
     const book::AnniversaryBook book({.dayDatabase = m_parts.dayDatabase,
+                                      .further = m_parts.further,
                                       .list = m_dayList,
                                       .changes = *m_mainWindow,
                                       .clock = m_parts.clock,

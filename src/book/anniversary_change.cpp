@@ -37,11 +37,12 @@ RunTimeError ChangedElsewhere() {
 }  // namespace
 
 AnniversaryChange::AnniversaryChange(store::DayDatabase& database, days::ListedRows rows,
-                                     std::vector<bool> isMeant, Change change)
+                                     std::vector<bool> isMeant, Change change, const Corrections& corrections)
     : m_database(database),
       m_rows(std::move(rows)),
       m_isMeant(std::move(isMeant)),
-      m_change(std::move(change)) {
+      m_change(std::move(change)),
+      m_corrections(corrections) {
     Begin();
 }
 
@@ -129,7 +130,7 @@ void AnniversaryChange::ReadRow(int row) {
 }
 
 void AnniversaryChange::AddTarget(const days::DayListRow& row) {
-    const days::Anniversary target = AnniversaryOf(row);
+    const days::Anniversary target = TargetOf(row, m_corrections);
     const QString select = SelectSql(target);
     if (!store::IsQuotable(target.name)) {
         store::CompileSql(select);  // throws the reason

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "book/digest_set.h"
+#include "core/settings.h"
 #include "core/sliced_work.h"
 #include "days/listed_rows.h"
 #include "store/row_search.h"
@@ -17,8 +18,9 @@
 namespace tickwell::book {
 
 /// Changes or deletes anniversaries: for each selected row of the day list, all stored rows equal to the
-/// parsed list row, which may be none or other ones (WeekOfListText). A row that no statement can select is
-/// changed by its key. All changes are stored in one transaction at the end.
+/// parsed list row, which may be none or other ones (WeekOfListText), or with a correction to the chosen row
+/// (TargetOf). A row that no statement can select is changed by its key. All changes are stored in one
+/// transaction at the end.
 ///
 /// The rows are processed from last to first. A row that cannot be parsed ends that: the rows after it are
 /// changed, those before it are not, and its RunTimeError is thrown at the end. Rows that another program has
@@ -33,7 +35,7 @@ public:
 
     /// `isMeant`: whether each of `rows` is selected. `database` outlives the work.
     AnniversaryChange(store::DayDatabase& database, days::ListedRows rows, std::vector<bool> isMeant,
-                      Change change);
+                      Change change, const Corrections& corrections);
 
     /// Rolls back what is not stored yet, and waits for that.
     ~AnniversaryChange() override;
@@ -60,6 +62,7 @@ private:
     days::ListedRows m_rows;
     std::vector<bool> m_isMeant;
     Change m_change;
+    Corrections m_corrections;
     Phase m_phase = Phase::Reading;
     std::optional<store::ChangeMark> m_mark;
     int m_unread = 0;     // rows of the list not read yet

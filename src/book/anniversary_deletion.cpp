@@ -10,10 +10,10 @@ QString TickedText(qsizetype ticked) {
 }
 
 std::unique_ptr<AnniversaryChange> DeletionOf(store::DayDatabase& database, days::ListedRows rows,
-                                              std::vector<bool> isTicked) {
+                                              std::vector<bool> isTicked, const Corrections& corrections) {
     return std::make_unique<AnniversaryChange>(
         database, std::move(rows), std::move(isTicked),
-        [](store::DayDatabase& opened, qint64 key) { opened.DeleteRow(u"Kinenbi", key); });
+        [](store::DayDatabase& opened, qint64 key) { opened.DeleteRow(u"Kinenbi", key); }, corrections);
 }
 
 }  // namespace tickwell::book

@@ -14,6 +14,6 @@ QString TickedText(qsizetype ticked);
 
 /// Deletes the ticked rows of the list. `isTicked`: one per element of `rows`.
 std::unique_ptr<AnniversaryChange> DeletionOf(store::DayDatabase& database, days::ListedRows rows,
-                                              std::vector<bool> isTicked);
+                                              std::vector<bool> isTicked, const Corrections& corrections);
 
 }  // namespace tickwell::book

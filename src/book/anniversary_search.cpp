@@ -3,6 +3,7 @@
 
 #include <utility>
 
+#include "book/yearly_condition.h"
 #include "days/day_rule.h"
 
 namespace tickwell::book {
@@ -83,7 +84,10 @@ std::array<QString, 3> SearchTexts(const SearchConditions& conditions) {
     if (conditions.dates) {
         const End start(conditions.dates->start);
         const End end(conditions.dates->end);
-        dateConditions = {OneDayCondition(start, end), EveryYearCondition(start, end),
+        dateConditions = {OneDayCondition(start, end),
+                          conditions.acrossMonths
+                              ? YearlyCondition(conditions.dates->start, conditions.dates->end)
+                              : EveryYearCondition(start, end),
                           EveryMonthCondition(start, end)};
     }
     for (std::size_t kind = 0; kind < texts.size(); ++kind) {

@@ -5,6 +5,7 @@
 #include "core/handlers.h"
 #include "core/ports/clock.h"
 #include "core/ports/message_boxes.h"
+#include "core/settings.h"
 #include "days/day_list.h"
 
 namespace tickwell::book {
@@ -12,6 +13,7 @@ namespace tickwell::book {
 /// What the windows of the anniversary book use; all outlive them.
 struct BookParts {
     store::DayDatabase& dayDatabase;
+    const FurtherSettings& further;
     days::DayList& list;  ///< that of the calendar
     DayChanges& changes;
     const Clock& clock;

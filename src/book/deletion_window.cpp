@@ -94,7 +94,8 @@ void Form10::ShowCount() {
 }
 
 void Form10::Command1_Click() {
-    Work().Start(DeletionOf(Parts().dayDatabase, m_rows, m_isTicked), [this](const controls::WorkEnd& end) {
+    auto deletion = DeletionOf(Parts().dayDatabase, m_rows, m_isTicked, Parts().further.corrections);
+    Work().Start(std::move(deletion), [this](const controls::WorkEnd& end) {
         Parts().changes.RaiseRefresh();  // some may be deleted even after an error
         if (end.error) {
             std::rethrow_exception(end.error);

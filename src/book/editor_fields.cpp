@@ -12,6 +12,11 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+constexpr int kLastYear = 9999;
+constexpr int kLastMonth = 12;
+constexpr int kLastDay = 31;
+constexpr int kLastWeek = 5;
+
 /// 1 for "日曜日" to 7 for "土曜日"; 0 for every other text.
 int WeekdayOfText(const QString& text) {
     const int weekday = text.isEmpty() ? 0 : days::WeekdayOfLetter(text.front());
@@ -25,13 +30,41 @@ AnniversaryKind KindOf(const days::Anniversary& row) {
     return row.year != 0 ? AnniversaryKind::OneDay : AnniversaryKind::EveryYear;
 }
 
+QString OrdinalText(int week) {
+    return u"第"_s + QString::number(week);
+}
+
 void FillDate(EditorFields& fields, QDate date) {
     const int code = days::WeekCode(date);
     fields.year = QString::number(date.year());
     fields.month = QString::number(date.month());
     fields.day = QString::number(date.day());
-    fields.ordinal = u"第"_s + QString::number(code / 10);
+    fields.ordinal = OrdinalText(code / 10);
     fields.weekday = days::WeekdayText(code % 10);
+}
+
+bool IsWithin(int last, int number) {
+    return number >= 1 && number <= last;
+}
+
+/// Replaces the parts of the date that the row has and the fields offer. A week code keeps its sign in both
+/// parts, so neither part of a negative one is offered.
+void TakeDate(EditorFields& fields, const days::Anniversary& row) {
+    if (IsWithin(kLastYear, row.year)) {
+        fields.year = QString::number(row.year);
+    }
+    if (IsWithin(kLastMonth, row.month)) {
+        fields.month = QString::number(row.month);
+    }
+    if (IsWithin(kLastDay, row.day)) {
+        fields.day = QString::number(row.day);
+    }
+    if (IsWithin(kLastWeek, row.week / 10)) {
+        fields.ordinal = OrdinalText(row.week / 10);
+    }
+    if (IsWithin(days::kDaysInWeek, row.week % 10)) {
+        fields.weekday = days::WeekdayText(row.week % 10);
+    }
 }
 
 }  // namespace
@@ -64,6 +97,14 @@ EditorFields FieldsToEdit(const days::Anniversary& row, QDate date) {
     ChooseKind(fields, KindOf(row));
     fields.byWeek = row.week != 0;  // after ChooseKind, which may reset it
     FillDate(fields, date);
+    return fields;
+}
+
+EditorFields FieldsToEdit(const days::DayListRow& row, QDate date, const Corrections& corrections) {
+    EditorFields fields = FieldsToEdit(TargetOf(row, corrections), date);
+    if (corrections.editorTakesDate) {
+        TakeDate(fields, row.stored);
+    }
     return fields;
 }
 

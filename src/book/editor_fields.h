@@ -4,7 +4,8 @@
 #include <QDate>
 #include <QString>
 
-#include "days/anniversary.h"
+#include "core/settings.h"
+#include "days/day_list_row.h"
 
 namespace tickwell::book {
 
@@ -45,6 +46,11 @@ EditorFields FieldsToAdd(QDate date);
 /// The fields to change an anniversary. Name, kind and week box come from the row, the date from the
 /// calendar: editing a search result moves it to the selected date unless the user enters another one.
 EditorFields FieldsToEdit(const days::Anniversary& row, QDate date);
+
+/// The fields to change a row of the list. With editorTakesDate the date is that of the stored row; what is 0
+/// in it, or what its field does not offer (a 13th month, a sixth week), comes from the calendar. Throws
+/// RunTimeError if the row cannot be parsed (TargetOf).
+EditorFields FieldsToEdit(const days::DayListRow& row, QDate date, const Corrections& corrections);
 
 /// Changes the kind and what depends on it: an anniversary of one day is never defined by its week.
 void ChooseKind(EditorFields& fields, AnniversaryKind kind);

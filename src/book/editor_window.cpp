@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "book/editor_window.h"
 
+#include "book/anniversary_edit.h"
 #include "book/anniversary_statements.h"
 #include "book/log.h"
-#include "store/sql_compiler.h"
 
 namespace tickwell::book {
 
@@ -38,7 +38,7 @@ void Form6::Form_Load(QDate date) {
     m_chosen = Parts().list.ChosenRow();
     setWindowTitle(m_chosen ? u"記念日の編集"_s : u"記念日の追加"_s);
     StartButton().setText(m_chosen ? u"更新>>"_s : u"追加>>"_s);
-    ShowFields(m_chosen ? FieldsToEdit(AnniversaryOf(*m_chosen), date) : FieldsToAdd(date));
+    ShowFields(m_chosen ? FieldsToEdit(*m_chosen, date, Parts().further.corrections) : FieldsToAdd(date));
     m_shownName = m_name->text();
     m_name->setFocus();
     m_name->selectAll();
@@ -119,18 +119,10 @@ void Form6::Add(const days::Anniversary& entered) {
 }
 
 void Form6::Change(const days::Anniversary& entered) {
-    std::vector<store::ColumnValue> values{
-        {u"Year", entered.year}, {u"Month", entered.month}, {u"Day", entered.day}, {u"Week", entered.week}};
-    // A name that no statement can contain may be kept.
-    if (!m_chosen->itself || entered.name != m_shownName) {
-        store::CompileSql(m_chosen->itself ? InsertSql(entered)
-                                           : UpdateSql(AnniversaryOf(*m_chosen), entered));  // may throw
-        values.push_back({u"Name", entered.name});
-    }
-    auto work = std::make_unique<AnniversaryChange>(
-        Parts().dayDatabase, QList<days::DayListRow>{*m_chosen}, std::vector<bool>{true},
-        [values](store::DayDatabase& database, qint64 key) { database.ChangeRow(u"Kinenbi", key, values); });
-    Work().Start(std::move(work), [this](const controls::WorkEnd& end) {
+    auto edit =
+        EditOf(Parts().dayDatabase, *m_chosen, {.entered = entered, .isRenamed = entered.name != m_shownName},
+               Parts().further.corrections);
+    Work().Start(std::move(edit), [this](const controls::WorkEnd& end) {
         if (end.error) {
             TellFailed();
         } else if (!end.isStopped) {

@@ -157,11 +157,12 @@ void Form9::Command1_Click() {
     if (IsTelling()) {
         return;
     }
-    const std::optional<SearchConditions> conditions = ConditionsOf(Fields());
+    std::optional<SearchConditions> conditions = ConditionsOf(Fields());
     if (!conditions) {
         Tell(u"検索開始エラー"_s, u"無効なデータが条件になっています。"_s);
         return;
     }
+    conditions->acrossMonths = Parts().further.corrections.searchAcrossMonths;
     auto work = std::make_unique<AnniversarySearch>(Parts().dayDatabase, *conditions);
     AnniversarySearch& search = *work;
     Work().Start(std::move(work), [this, &search](const controls::WorkEnd& end) {

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "days/day_list_row.h"
 
+#include <tuple>
+
 #include "core/integer_text.h"
 #include "core/words.h"
 #include "days/day_rule.h"
@@ -18,7 +20,15 @@ bool IsNone(const QString& text) {
     return text.isEmpty() || text == EveryText();
 }
 
+auto Shown(const DayListRow& row) {
+    return std::tie(row.name, row.year, row.month, row.day, row.week, row.itself);
+}
+
 }  // namespace
+
+bool DayListRow::operator==(const DayListRow& other) const {
+    return Shown(*this) == Shown(other);
+}
 
 QString EveryText() {
     return u"毎"_s;
@@ -41,14 +51,20 @@ QString ListWeekText(qint32 code) {
 }
 
 DayListRow DayListRowOf(const store::ResultRow& row, RowForm form) {
-    QString year = YearOrMonthText(row.Integer(u"Year"));
-    QString month = YearOrMonthText(row.Integer(u"Month"));
+    const Anniversary stored{row.Text(u"Name"), row.Integer(u"Year"), row.Integer(u"Month"),
+                             row.Integer(u"Day"), row.Integer(u"Week")};
+    QString year = YearOrMonthText(stored.year);
+    QString month = YearOrMonthText(stored.month);
     if (form != RowForm::OfDay) {
-        year = form == RowForm::OneDay ? QString::number(row.Integer(u"Year")) : EveryText();
-        month = form == RowForm::EveryMonth ? EveryText() : QString::number(row.Integer(u"Month"));
+        year = form == RowForm::OneDay ? QString::number(stored.year) : EveryText();
+        month = form == RowForm::EveryMonth ? EveryText() : QString::number(stored.month);
     }
-    return {row.Text(u"Name"), year, month, ListDayText(row.Integer(u"Day")),
-            ListWeekText(row.Integer(u"Week"))};
+    return {.name = stored.name,
+            .year = year,
+            .month = month,
+            .day = ListDayText(stored.day),
+            .week = ListWeekText(stored.week),
+            .stored = stored};
 }
 
 bool IsNameable(const store::ResultRow& row) {
@@ -72,6 +88,10 @@ qint32 WeekOfListText(const QString& text) {
 Anniversary AnniversaryOf(const DayListRow& row) {
     return {row.name, NumberOfListText(row.year), NumberOfListText(row.month), NumberOfListText(row.day),
             WeekOfListText(row.week)};
+}
+
+Anniversary TargetOf(const DayListRow& row, const Corrections& corrections) {
+    return corrections.weekdayAnniversaries ? row.stored : AnniversaryOf(row);
 }
 
 }  // namespace tickwell::days

@@ -4,14 +4,15 @@
 #include <QString>
 #include <optional>
 
+#include "core/settings.h"
 #include "days/anniversary.h"
 #include "store/found_row.h"
 #include "store/result_set.h"
 
 namespace tickwell::days {
 
-/// An anniversary as displayed in the calendar's list. Editor and deletion know nothing but these texts: they
-/// parse them instead of querying the day database.
+/// An anniversary as displayed in the calendar's list. Editor and deletion parse these texts instead of
+/// querying the day database; with a correction they take the stored values (TargetOf).
 struct DayListRow {
     QString name;
     QString year;   ///< "毎" for every year
@@ -23,7 +24,11 @@ struct DayListRow {
     /// key.
     std::optional<store::FoundRow> itself = std::nullopt;
 
-    bool operator==(const DayListRow&) const = default;
+    Anniversary stored{};  ///< the values behind the texts
+
+    /// Whether both rows look the same and are the same one if they have a key. The stored values are not
+    /// compared.
+    bool operator==(const DayListRow& other) const;
 };
 
 /// The text for "every" in the year and month columns.
@@ -60,5 +65,9 @@ qint32 WeekOfListText(const QString& text);
 
 /// Parses a row of the list. Throws RunTimeError.
 Anniversary AnniversaryOf(const DayListRow& row);
+
+/// The anniversary that an edit or a deletion of `row` changes, together with all equal ones: what its texts
+/// say, or with weekdayAnniversaries the stored one. Throws RunTimeError if the texts cannot be parsed.
+Anniversary TargetOf(const DayListRow& row, const Corrections& corrections);
 
 }  // namespace tickwell::days

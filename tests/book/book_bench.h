@@ -16,12 +16,14 @@ namespace tickwell::book {
 struct BookBench : DialogBench {
     store::DayStore store;
     store::DayDatabase database{store.Path()};
+    FurtherSettings further;
     days::DayList list;
     FakeDayChanges changes;
     platform::VirtualTime time{QDateTime(QDate(1998, 11, 15), QTime(21, 5, 7))};
     FakeMessageBoxes boxes;
     Handlers handlers{boxes};
     AnniversaryBook book{{.dayDatabase = database,
+                          .further = further,
                           .list = list,
                           .changes = changes,
                           .clock = time,

@@ -32,7 +32,8 @@ struct Bench {
     days::ListedRows Listed() { return FindAnniversaries(database, {}).rows; }
     std::unique_ptr<AnniversaryChange> Deletion() {
         days::ListedRows rows = Listed();
-        return DeletionOf(database, rows, std::vector<bool>(static_cast<std::size_t>(rows.Count()), true));
+        return DeletionOf(database, rows, std::vector<bool>(static_cast<std::size_t>(rows.Count()), true),
+                          {});
     }
     int Count() const { return store.Raw("SELECT count(*) FROM Kinenbi").constFirst().toInt(); }
     QStringList Rows() const { return store.Raw("SELECT Name,Year,Month,Day,Week FROM Kinenbi ORDER BY id"); }
@@ -87,7 +88,7 @@ void TstAnniversaryChange::DeletesWhatTheStatementsWouldDelete() {
         for (int row = 0; row < rows.Count(); ++row) {
             isTicked.push_back(random.bounded(4) == 0);
         }
-        const auto ticked = DeletionOf(bench.database, rows, isTicked);
+        const auto ticked = DeletionOf(bench.database, rows, isTicked, {});
         DoWhole(*ticked);
         for (int row = rows.Count() - 1; row >= 0; --row) {
             if (isTicked[static_cast<std::size_t>(row)]) {
@@ -144,14 +145,16 @@ void TstAnniversaryChange::GivenUpItChangesNothing() {
     std::atomic<bool> isHeld = true;
     std::atomic<int> changed = 0;
     days::ListedRows rows = bench.Listed();
-    auto work = std::make_unique<AnniversaryChange>(bench.database, rows, std::vector<bool>(kMany, true),
-                                                    [&](store::DayDatabase& database, qint64 key) {
-                                                        database.DeleteRow(u"Kinenbi", key);
-                                                        ++changed;
-                                                        while (changed == 5 && isHeld) {
-                                                            std::this_thread::yield();
-                                                        }
-                                                    });
+    auto work = std::make_unique<AnniversaryChange>(
+        bench.database, rows, std::vector<bool>(kMany, true),
+        [&](store::DayDatabase& database, qint64 key) {
+            database.DeleteRow(u"Kinenbi", key);
+            ++changed;
+            while (changed == 5 && isHeld) {
+                std::this_thread::yield();
+            }
+        },
+        Corrections{});
     QVERIFY(!work->Step());
     while (isWriting && changed < 5) {
         work->Step();

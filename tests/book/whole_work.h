@@ -25,8 +25,8 @@ inline SearchFinds FindAnniversaries(store::DayDatabase& database, const SearchC
 }
 
 inline void DeleteTicked(store::DayDatabase& database, const days::ListedRows& rows,
-                         const std::vector<bool>& isTicked) {
-    DoWhole(*DeletionOf(database, rows, isTicked));
+                         const std::vector<bool>& isTicked, const Corrections& corrections = {}) {
+    DoWhole(*DeletionOf(database, rows, isTicked, corrections));
 }
 
 /// All rows, even if the list does not keep them.

@@ -6,10 +6,12 @@
 
 namespace tickwell::days {
 
-/// The names announced on a day with the default settings.
-inline QStringList AnnouncedNames(store::DayDatabase& database, QDate day) {
+/// The names announced on a day, by default with the default settings.
+inline QStringList AnnouncedNames(store::DayDatabase& database, QDate day,
+                                  const Corrections& corrections = {}) {
     const TableHolidays holidays(database);
-    const FurtherSettings further;
+    FurtherSettings further;
+    further.corrections = corrections;
     return AnnouncedNames({.dayDatabase = database, .holidays = holidays, .further = further}, day);
 }
 

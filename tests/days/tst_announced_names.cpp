@@ -26,6 +26,18 @@ std::pair<int, int> WeekAndWeekday(QDate day) {
     return {week, day.dayOfWeek() == Qt::Sunday ? 1 : day.dayOfWeek() + 1};
 }
 
+/// The number of different months and weekdays with a fifth one in 2024, 2025 or 2026.
+int FifthWeekdays() {
+    QSet<std::pair<int, int>> all;
+    for (QDate day(2024, 1, 1); day.year() <= 2026; day = day.addDays(1)) {
+        const auto [week, weekday] = WeekAndWeekday(day);
+        if (week == 5) {
+            all.insert({day.month(), weekday});
+        }
+    }
+    return static_cast<int>(all.size());
+}
+
 }  // namespace
 
 /// The names that the main window announces on a day.
@@ -38,6 +50,8 @@ private Q_SLOTS:
     void ADayWithNothingHasNoNames();
     void TheThirdMondayIsAnnouncedOnTheSecondTuesdayAndNeverOnItself();
     void AllThirtyFiveCodesOverAYear();
+    void CorrectedEachCodeOfEachMonthIsAnnouncedOnItsOwnDay();
+    void NoOtherCorrectionChangesTheDay();
     void NoMoreAreReadThanADayCanShow();
     void OnlyTheirSwitchesAddOldDateAndSeason_data();
     void OnlyTheirSwitchesAddOldDateAndSeason();
@@ -101,6 +115,50 @@ void TstAnnouncedNames::AllThirtyFiveCodesOverAYear() {
         announced.unite(QSet<QString>(expected.begin(), expected.end()));
     }
     QCOMPARE(announced.size(), 25);  // those on a Friday or a Saturday never are
+}
+
+void TstAnnouncedNames::CorrectedEachCodeOfEachMonthIsAnnouncedOnItsOwnDay() {
+    const store::DayStore store;
+    store.Raw("DELETE FROM Syukuzitu");
+    for (int month = 0; month <= 12; ++month) {
+        QByteArrayList rows;
+        for (int code = 11; code <= 57; ++code) {
+            if (code % 10 >= 1 && code % 10 <= 7) {
+                const QByteArray numbers = QByteArray::number(month) + ",0," + QByteArray::number(code);
+                rows.append("('" + numbers + "',0," + numbers + ")");
+            }
+        }
+        QCOMPARE(rows.size(), 35);
+        store.Raw("INSERT INTO Kinenbi(Name,Year,Month,Day,Week) VALUES " + rows.join(','));
+    }
+    store::DayDatabase database(store.Path());
+    QSet<QString> announced;
+    for (QDate day(2024, 1, 1); day.year() <= 2026; day = day.addDays(1)) {
+        const auto [week, weekday] = WeekAndWeekday(day);
+        const QStringList expected{u"0,0,%1%2"_s.arg(week).arg(weekday),
+                                   u"%1,0,%2%3"_s.arg(day.month()).arg(week).arg(weekday)};
+        const QStringList names = AnnouncedNames(database, day, {.weekdayAnniversaries = true});
+        QCOMPARE(names, expected);
+        announced.unite(QSet<QString>(names.begin(), names.end()));
+    }
+    // Those of every month; of each month the first four of each weekday, and the fifth ones that it has.
+    QCOMPARE(announced.size(), 35 + 12 * 28 + FifthWeekdays());
+}
+
+void TstAnnouncedNames::NoOtherCorrectionChangesTheDay() {
+    const store::DayStore store;
+    store.Raw("INSERT INTO Kinenbi(Name,Year,Month,Day,Week) VALUES ('第三月曜',0,0,0,32)");
+    store::DayDatabase database(store.Path());
+    const Corrections others{.editorTakesDate = true,
+                             .dateTurnsAtMidnight = true,
+                             .longUsage = true,
+                             .searchAcrossMonths = true,
+                             .lapIntervals = true,
+                             .showsToday = true,
+                             .keepsMarksOnClose = true,
+                             .savesImmediately = true};
+    QCOMPARE(AnnouncedNames(database, QDate(2026, 11, 10), others), QStringList{u"第三月曜"_s});
+    QCOMPARE(AnnouncedNames(database, QDate(2026, 11, 16), others), QStringList());
 }
 
 void TstAnnouncedNames::NoMoreAreReadThanADayCanShow() {

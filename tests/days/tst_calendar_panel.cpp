@@ -16,6 +16,7 @@ private Q_SLOTS:
     void ThePanelMovesAWindowAtTheEdgeBackOntoTheScreen();
     void TheListFollows();
     void EditingTheSelectedRow();
+    void CorrectedTheSelectedRowIsTheStoredOne();
     void EditingWithoutASelectionTakesTheRowBefore();
     void ARowChosenInOneWindowIsNotChosenInTheNext();
     void WithoutTheBookItsButtonsAreOff();
@@ -88,6 +89,25 @@ void TstCalendarPanel::EditingTheSelectedRow() {
     bench.closed();
     QCOMPARE(view.model()->rowCount(), 1);
     QVERIFY(!view.selectionModel()->hasSelection());
+}
+
+void TstCalendarPanel::CorrectedTheSelectedRowIsTheStoredOne() {
+    CalendarWindowBench bench(QDate(1998, 10, 19));  // the third Monday
+    bench.further.corrections.weekdayAnniversaries = true;
+    bench.store.Raw(
+        "INSERT INTO Kinenbi(Name,Year,Month,Day,Week) VALUES "
+        "('例会',0,0,0,23),('例会',0,0,0,32),('二',0,10,19,-5)");
+    bench.Open();
+    bench.Click(u"Command6"_s);
+    auto& view = bench.Find<QTableView>(u"ListView1"_s);
+    QCOMPARE(view.model()->rowCount(), 2);
+    for (const auto& [row, stored] :
+         {std::pair{0, Anniversary{u"例会"_s, 0, 0, 0, 32}}, {1, Anniversary{u"二"_s, 0, 10, 19, -5}}}) {
+        view.setCurrentIndex(view.model()->index(row, 0));
+        bench.Click(u"Command9"_s);
+        QCOMPARE(bench.asked.constLast(), u"edit 1998-10-19 row %1"_s.arg(row + 1));
+        QVERIFY(TargetOf(*bench.list.ChosenRow(), bench.further.corrections) == stored);
+    }
 }
 
 void TstCalendarPanel::EditingWithoutASelectionTakesTheRowBefore() {

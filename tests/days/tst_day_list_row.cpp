@@ -32,6 +32,8 @@ private Q_SLOTS:
     void RefusesWhatIsNoNumber_data();
     void RefusesWhatIsNoNumber();
     void ReadsAWholeRowBack();
+    void KeepsTheStoredValues_data();
+    void KeepsTheStoredValues();
 };
 
 void TstDayListRow::ShowsARow_data() {
@@ -145,6 +147,49 @@ void TstDayListRow::RefusesWhatIsNoNumber() {
 void TstDayListRow::ReadsAWholeRowBack() {
     const Anniversary read = AnniversaryOf({u"例会"_s, u"毎"_s, u"10"_s, QString(), u"第1週火"_s});
     QVERIFY((read == Anniversary{u"例会"_s, 0, 10, 0, 31}));
+}
+
+void TstDayListRow::KeepsTheStoredValues_data() {
+    QTest::addColumn<Anniversary>("stored");
+    QTest::addColumn<qint32>("parsed");  // the week that the text says; -1: it cannot be parsed
+
+    const auto row = [](const char* label, const Anniversary& stored, qint32 parsed) {
+        QTest::newRow(label) << stored << parsed;
+    };
+    row("no week", {u"a"_s, 1998, 10, 3, 0}, 0);
+    row("third Monday", {u"a"_s, 0, 0, 0, 32}, 23);
+    row("second Monday", {u"a"_s, 0, 1, 0, 22}, 22);
+    row("day and week", {u"a"_s, 0, 10, 3, 17}, 71);
+    row("one digit", {u"a"_s, 0, 0, 0, 5}, 55);
+    row("ten", {u"a"_s, 0, 0, 0, 10}, 71);
+    row("no weekday", {u"a"_s, 0, 0, 0, 20}, 72);
+    row("units 8", {u"a"_s, 0, 0, 0, 18}, 11);
+    row("units 9", {u"a"_s, 0, 0, 0, 59}, 25);
+    row("sixth week", {u"a"_s, 0, 0, 0, 61}, 16);
+    row("three digits", {u"a"_s, 0, 0, 0, 132}, 21);
+    row("largest", {u"a"_s, 0, 0, 0, 2147483647}, 72);
+    row("negative", {u"a"_s, 0, 0, 0, -17}, -1);
+    row("numbers of no calendar", {QString(), -99999, 13, -40, 77}, 77);
+}
+
+void TstDayListRow::KeepsTheStoredValues() {
+    QFETCH(Anniversary, stored);
+    QFETCH(qint32, parsed);
+    const store::DayStore store;
+    store::DayDatabase database(store.Path());
+    database.Execute(Insert(stored.name, stored.year, stored.month, stored.day, stored.week));
+    const store::ResultSet all = database.RunQuery(u"SELECT * FROM Kinenbi WHERE Year <> 5"_s);
+    for (const RowForm form : {RowForm::OfDay, RowForm::OneDay, RowForm::EveryYear, RowForm::EveryMonth}) {
+        const DayListRow row = DayListRowOf(all.Row(0), form);
+        QVERIFY(row.stored == stored);
+        QVERIFY(TargetOf(row, {.weekdayAnniversaries = true}) == stored);
+        if (parsed == -1) {
+            QVERIFY_THROWS_EXCEPTION(TypeMismatchError, TargetOf(row, {}));
+        } else {
+            QCOMPARE(TargetOf(row, {}).week, parsed);
+            QVERIFY(TargetOf(row, {}) == AnniversaryOf(row));
+        }
+    }
 }
 
 QTEST_GUILESS_MAIN(TstDayListRow)

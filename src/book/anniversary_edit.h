@@ -1,0 +1,22 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <memory>
+
+#include "book/anniversary_change.h"
+
+namespace tickwell::book {
+
+/// What the editor changes a row to.
+struct Edit {
+    days::Anniversary entered;
+    bool isRenamed = false;  ///< the name was changed in the editor; if not, one that no statement can
+                             ///< contain is kept as it is stored
+};
+
+/// Changes the chosen row of the list. `database` outlives the work. Throws RunTimeError if the list row
+/// cannot be parsed or a statement cannot contain the entered values.
+std::unique_ptr<AnniversaryChange> EditOf(store::DayDatabase& database, const days::DayListRow& chosen,
+                                          const Edit& edit, const Corrections& corrections);
+
+}  // namespace tickwell::book
