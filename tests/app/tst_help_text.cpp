@@ -12,6 +12,14 @@ namespace {
 
 constexpr int kTerminalWidth = 80;
 
+/// The variables that choose the language of messages.
+struct Locale {
+    QByteArray language{};
+    QByteArray all{};
+    QByteArray messages{};
+    QByteArray lang{};
+};
+
 /// Columns of a terminal: kana, kanji and full-width signs take two.
 int WidthOf(const QString& line) {
     int width = 0;
@@ -79,77 +87,32 @@ void TstHelpText::ItFitsATerminal() {
 }
 
 void TstHelpText::ItsLanguageIsTheUsers_data() {
-    QTest::addColumn<QByteArray>("language");
-    QTest::addColumn<QByteArray>("all");
-    QTest::addColumn<QByteArray>("messages");
-    QTest::addColumn<QByteArray>("lang");
+    QTest::addColumn<Locale>("locale");
     QTest::addColumn<bool>("isJapanese");
-    QTest::newRow("nothing") << ""_ba
-                             << ""_ba
-                             << ""_ba
-                             << ""_ba << false;
-    QTest::newRow("Japanese") << ""_ba
-                              << ""_ba
-                              << ""_ba
-                              << "ja_JP.UTF-8"_ba << true;
-    QTest::newRow("in another encoding") << ""_ba
-                                         << ""_ba
-                                         << ""_ba
-                                         << "ja_JP.eucJP"_ba << true;
-    QTest::newRow("without a country") << ""_ba
-                                       << ""_ba
-                                       << ""_ba
-                                       << "ja"_ba << true;
-    QTest::newRow("English") << ""_ba
-                             << ""_ba
-                             << ""_ba
-                             << "en_US.UTF-8"_ba << false;
-    QTest::newRow("a language that begins alike") << ""_ba
-                                                  << ""_ba
-                                                  << ""_ba
-                                                  << "jam_JM"_ba << false;
-    QTest::newRow("messages alone") << ""_ba
-                                    << ""_ba
-                                    << "ja_JP.UTF-8"_ba
-                                    << "de_DE.UTF-8"_ba << true;
-    QTest::newRow("all but messages") << ""_ba
-                                      << ""_ba
-                                      << "en_US.UTF-8"_ba
-                                      << "ja_JP.UTF-8"_ba << false;
-    QTest::newRow("everything") << ""_ba
-                                << "ja_JP.UTF-8"_ba
-                                << "en_US.UTF-8"_ba
-                                << "C"_ba << true;
-    QTest::newRow("nothing at all") << ""_ba
-                                    << "C"_ba
-                                    << "ja_JP.UTF-8"_ba
-                                    << "ja_JP.UTF-8"_ba << false;
-    QTest::newRow("the preferred one") << "ja:en"_ba
-                                       << ""_ba
-                                       << ""_ba
-                                       << "en_US.UTF-8"_ba << true;
-    QTest::newRow("the second choice") << "en:ja"_ba
-                                       << ""_ba
-                                       << ""_ba
-                                       << "ja_JP.UTF-8"_ba << false;
-    QTest::newRow("none to prefer") << "ja"_ba
-                                    << "C"_ba
-                                    << ""_ba
-                                    << "ja_JP.UTF-8"_ba << false;
-    QTest::newRow("none, by its other name") << "ja"_ba
-                                             << ""_ba
-                                             << ""_ba
-                                             << "POSIX"_ba << false;
+    const auto row = [](const char* name, const Locale& locale, bool isJapanese) {
+        QTest::newRow(name) << locale << isJapanese;
+    };
+    row("nothing", {}, false);
+    row("Japanese", {.lang = "ja_JP.UTF-8"}, true);
+    row("in another encoding", {.lang = "ja_JP.eucJP"}, true);
+    row("without a country", {.lang = "ja"}, true);
+    row("English", {.lang = "en_US.UTF-8"}, false);
+    row("a language that begins alike", {.lang = "jam_JM"}, false);
+    row("messages alone", {.messages = "ja_JP.UTF-8", .lang = "de_DE.UTF-8"}, true);
+    row("all but messages", {.messages = "en_US.UTF-8", .lang = "ja_JP.UTF-8"}, false);
+    row("everything", {.all = "ja_JP.UTF-8", .messages = "en_US.UTF-8", .lang = "C"}, true);
+    row("nothing at all", {.all = "C", .messages = "ja_JP.UTF-8", .lang = "ja_JP.UTF-8"}, false);
+    row("the preferred one", {.language = "ja:en", .lang = "en_US.UTF-8"}, true);
+    row("the second choice", {.language = "en:ja", .lang = "ja_JP.UTF-8"}, false);
+    row("none to prefer", {.language = "ja", .all = "C", .lang = "ja_JP.UTF-8"}, false);
+    row("none, by its other name", {.language = "ja", .lang = "POSIX"}, false);
 }
 
 void TstHelpText::ItsLanguageIsTheUsers() {
-    QFETCH(QByteArray, language);
-    QFETCH(QByteArray, all);
-    QFETCH(QByteArray, messages);
-    QFETCH(QByteArray, lang);
+    QFETCH(Locale, locale);
     QFETCH(bool, isJapanese);
-    QVERIFY(qputenv("LANGUAGE", language) && qputenv("LC_ALL", all));
-    QVERIFY(qputenv("LC_MESSAGES", messages) && qputenv("LANG", lang));
+    QVERIFY(qputenv("LANGUAGE", locale.language) && qputenv("LC_ALL", locale.all));
+    QVERIFY(qputenv("LC_MESSAGES", locale.messages) && qputenv("LANG", locale.lang));
     QCOMPARE(WantsJapanese(), isJapanese);
     QCOMPARE(OptionsOf({u"tickwell"_s, u"--help"_s}).answer, HelpText(isJapanese));
 }
