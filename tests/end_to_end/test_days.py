@@ -164,7 +164,8 @@ class Days(TickwellCase):
     def test_what_is_missing_is_named_and_not_made(self):
         missing = self.session.directory / "missing"
         for arguments in (ONE_DAY, ("--today",)):
-            self.assert_fails(self.run_days(*arguments, "--folder", missing), 1, missing)
+            printed = self.run_days(*arguments, "--folder", missing)
+            self.assert_fails(printed, 1, f"tickwell: {missing}: フォルダーがありません。")
             self.assertFalse(missing.exists())
         self.database.unlink()
         with self.unchanged():
@@ -183,7 +184,8 @@ class Days(TickwellCase):
 
     def test_settings_that_cannot_be_read_are_named(self):
         settings_path(self.session).mkdir(parents=True)
-        self.assert_fails(self.run_days("--today"), 1, settings_path(self.session))
+        self.assert_fails(self.run_days("--today"), 1,
+                          f"tickwell: 設定ファイルを読み込めません。 {settings_path(self.session)}: ")
         self.assertEqual(self.run_days(*ONE_DAY), (0, ITS_LINE, ""))
         settings_path(self.session).rmdir()
         write_settings(self.session, {"Calendar": {"HolidaysByLaw": "?"}})

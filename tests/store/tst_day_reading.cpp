@@ -57,6 +57,7 @@ private Q_SLOTS:
     void NeitherTheFileNorItsFolderIsChanged();
     void AReadOnlyFileInAReadOnlyFolderIsRead();
     void NothingCanBeStored();
+    void WhatReplacesAReaderCanStore();
     void AWriterIsNotInTheWay();
     void AnExclusiveLockIsToldAndNotOutwaited();
     void AChangeThatWasNotCompletedIsTold();
@@ -90,6 +91,13 @@ void TstDayReading::NothingCanBeStored() {
     DayDatabase moved = std::move(database);
     QVERIFY_THROWS_EXCEPTION(RunTimeError, moved.Execute(kInsert));
     QCOMPARE(moved.RunQuery(kEverything).Count(), 0);
+}
+
+void TstDayReading::WhatReplacesAReaderCanStore() {
+    const DayStore store;
+    DayDatabase database = DayDatabase::OpenToRead(store.Path());
+    database = DayDatabase::OpenLater(store.Path());
+    QCOMPARE(database.Execute(kInsert), 1);
 }
 
 void TstDayReading::AWriterIsNotInTheWay() {
