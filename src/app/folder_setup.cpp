@@ -8,6 +8,7 @@
 #include "app/master_record.h"
 #include "core/errors.h"
 #include "core/regular_file.h"
+#include "platform/files/base_directories.h"
 #include "platform/files/file_replacement.h"
 #include "platform/files/unfinished_files.h"
 
@@ -100,6 +101,10 @@ bool SameFolder(const QString& a, const QString& b) {
 }
 
 }  // namespace
+
+FolderChoices ChoicesOfProcess(const QString& argument, const QString& executableFolder) {
+    return {argument, qEnvironmentVariable("TICKWELL_FOLDER"), executableFolder, platform::DataHome()};
+}
 
 const QStringList& RequiredFiles() {
     static const QStringList files{DayDatabaseFile(), u"Help.hlp"_s,  u"TKW00.wav"_s, u"TKW01.wav"_s,

@@ -14,6 +14,9 @@ struct FolderChoices {
     QString dataHome;          ///< $XDG_DATA_HOME or its default
 };
 
+/// The choices of this process. `argument`: the value of --folder.
+FolderChoices ChoicesOfProcess(const QString& argument, const QString& executableFolder);
+
 /// The eight files that the program requires, in the order in which they are checked.
 const QStringList& RequiredFiles();
 

@@ -8,6 +8,7 @@
 #include <cstdio>
 #include <vector>
 
+#include "app/day_commands.h"
 #include "app/program.h"
 #include "lines/line_look.h"
 #include "platform/bus/session_bus_look.h"
@@ -30,28 +31,30 @@ std::vector<char*> ArgumentsForQt(int argc, char** argv) {
     return arguments;
 }
 
-/// Prints the answer to options that need no screen, such as --version; returns true if there is nothing else
-/// to do.
-bool Answered(int argc, char** argv) {
+/// The options before Qt has taken out its own, which are errors here: for all that needs no screen.
+tickwell::app::Options EarlyOptions(int argc, char** argv) {
     QStringList arguments;
     for (int i = 0; i < argc; ++i) {
         arguments.append(QString::fromLocal8Bit(argv[i]));
     }
-    const QString answer = tickwell::app::OptionsOf(arguments).answer;
-    std::fputs(qUtf8Printable(answer), stdout);
-    return !answer.isEmpty();
+    return tickwell::app::OptionsOf(arguments);
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
     tickwell::platform::KeepHeapSmall();
-    if (Answered(argc, argv)) {
+    const tickwell::app::Options early = EarlyOptions(argc, argv);
+    if (!early.answer.isEmpty()) {
+        std::fputs(qUtf8Printable(early.answer), stdout);
         return 0;
     }
     std::signal(SIGXFSZ, SIG_IGN);  // an exceeded file size limit fails the write instead of killing us
     const tickwell::platform::Inheritance users = tickwell::platform::Inheritance::OfThisProcess();
     tickwell::platform::DropRelativeFolders();
+    if (early.needsNoWindow) {
+        return tickwell::app::RunDayCommand(early);
+    }
     umask(S_IRWXG | S_IRWXO);  // files are readable by the user only
     std::vector<char*> arguments = ArgumentsForQt(argc, argv);
     int count = static_cast<int>(arguments.size()) - 1;

@@ -3,6 +3,9 @@
 
 #include <QCommandLineParser>
 #include <QFileInfo>
+#include <array>
+
+#include "app/option_table.h"
 
 namespace tickwell::app {
 
@@ -32,40 +35,117 @@ QString AbsoluteOf(const QString& path) {
     return path.isEmpty() ? QString() : QFileInfo(path).absoluteFilePath();
 }
 
+/// What the program can be asked for instead of its window or in it, one at a time.
+constexpr std::array kCommands{u"menu", u"today", u"days"};
+
+void AddOptions(QCommandLineParser& parser) {
+    for (const OptionRow& row : OptionRows()) {
+        QStringList names{row.name.toString()};
+        if (!row.letter.isEmpty()) {
+            names.append(row.letter.toString());
+        }
+        parser.addOption(
+            QCommandLineOption(names, QString(), row.takesValue ? row.values.toString() : QString()));
+    }
+    parser.addOption(QCommandLineOption(u"virtual-time"_s, QString(), u"in,out,wall,tick"_s));
+}
+
+void TakeOneCommand(const QCommandLineParser& parser, Options& options) {
+    QStringList asked;
+    for (const QStringView command : kCommands) {
+        if (parser.isSet(command.toString())) {
+            asked.append(u"--" + command);
+        }
+    }
+    if (asked.size() > 1) {
+        options.error = u"%1 cannot be combined with %2"_s.arg(asked.at(0), asked.at(1));
+    }
+}
+
+/// An ISO date; QDate would also accept other separators and what follows a date.
+QDate DateOf(const QString& text) {
+    const QDate date = QDate::fromString(text, Qt::ISODate);
+    return date.isValid() && date.toString(Qt::ISODate) == text ? date : QDate();
+}
+
+/// What is wrong with a date; empty if nothing is.
+QString DateError(const QString& text) {
+    const days::DayRange allowed = days::LinedDays();
+    const QDate date = DateOf(text);
+    if (!date.isValid()) {
+        return u"--days: \"%1\" is not a date such as 2026-05-06"_s.arg(text);
+    }
+    return allowed.Contains(date)
+               ? QString()
+               : u"--days: \"%1\" is not within %2 to %3"_s.arg(text, allowed.first.toString(Qt::ISODate),
+                                                                allowed.last.toString(Qt::ISODate));
+}
+
+void TakeDays(const QStringList& words, Options& options) {
+    if (words.size() < 2) {
+        options.error = u"--days takes two dates, <from> and <to>"_s;
+        return;
+    }
+    for (const QString& word : words.first(2)) {
+        if (options.error = DateError(word); !options.error.isEmpty()) {
+            return;
+        }
+    }
+    const days::DayRange days{DateOf(words.at(0)), DateOf(words.at(1))};
+    if (words.size() > 2) {
+        options.error = u"unexpected argument: "_s + words.at(2);
+    } else if (days.last < days.first) {
+        options.error = u"--days: \"%1\" is after \"%2\""_s.arg(words.at(0), words.at(1));
+    } else {
+        options.printsDays = days;
+    }
+}
+
+void TakeVirtualTime(const QString& text, Options& options) {
+    options.virtualTime = VirtualTimeOf(text);
+    if (!options.virtualTime) {
+        options.error = u"--virtual-time takes IN,OUT,WALL,TICK"_s;
+    }
+}
+
+/// For arguments that were parsed without an error.
+void TakeParsed(const QCommandLineParser& parser, Options& options) {
+    const QStringList words = parser.positionalArguments();
+    const bool asksForDays = parser.isSet(u"days"_s);
+    if (!asksForDays && !words.isEmpty()) {
+        options.error = u"unexpected argument: "_s + words.constFirst();
+    } else if (parser.isSet(u"help"_s)) {
+        options.answer = HelpText(WantsJapanese());
+    } else if (parser.isSet(u"version"_s)) {
+        options.answer = u"Tickwell " TICKWELL_VERSION "\n"_s;
+    } else {
+        TakeOneCommand(parser, options);
+        if (asksForDays && options.error.isEmpty()) {
+            TakeDays(words, options);
+        }
+        if (parser.isSet(u"virtual-time"_s) && options.error.isEmpty()) {
+            TakeVirtualTime(parser.value(u"virtual-time"_s), options);
+        }
+    }
+}
+
 }  // namespace
 
 Options OptionsOf(const QStringList& arguments) {
     QCommandLineParser parser;
-    const QCommandLineOption folder(u"folder"_s, u"Keep database, help, sounds and tools in <dir>."_s,
-                                    u"dir"_s);
-    const QCommandLineOption disc(u"disc"_s, u"Play CDs from <file>, a drive or an image of a disc."_s,
-                                  u"file"_s);
-    const QCommandLineOption help({u"h"_s, u"help"_s}, u"Show this help."_s);
-    const QCommandLineOption menu(u"menu"_s, u"Open the menu, in the clock that runs or in a new one."_s);
-    const QCommandLineOption version({u"v"_s, u"version"_s}, u"Show the version."_s);
-    QCommandLineOption virtualTime(u"virtual-time"_s, QString(), u"in,out,wall,tick"_s);
-    virtualTime.setFlags(QCommandLineOption::HiddenFromHelp);
-    parser.addOptions({folder, disc, menu, help, version, virtualTime});
-    parser.setApplicationDescription(u"A clock that stays on the desktop."_s);
-
+    AddOptions(parser);
     Options options;
-    if (!parser.parse(arguments)) {
+    if (parser.parse(arguments)) {
+        TakeParsed(parser, options);
+    } else {
         options.error = parser.errorText();
-    } else if (!parser.positionalArguments().isEmpty()) {
-        options.error = u"unexpected argument: "_s + parser.positionalArguments().constFirst();
-    } else if (parser.isSet(help)) {
-        options.answer = parser.helpText();
-    } else if (parser.isSet(version)) {
-        options.answer = u"Tickwell " TICKWELL_VERSION "\n"_s;
-    } else if (parser.isSet(virtualTime)) {
-        options.virtualTime = VirtualTimeOf(parser.value(virtualTime));
-        if (!options.virtualTime) {
-            options.error = u"--virtual-time takes IN,OUT,WALL,TICK"_s;
-        }
     }
-    options.folder = parser.value(folder);
-    options.disc = AbsoluteOf(parser.isSet(disc) ? parser.value(disc) : qEnvironmentVariable("TICKWELL_CD"));
-    options.opensMenu = parser.isSet(menu);
+    options.folder = parser.value(u"folder"_s);
+    options.disc =
+        AbsoluteOf(parser.isSet(u"disc"_s) ? parser.value(u"disc"_s) : qEnvironmentVariable("TICKWELL_CD"));
+    options.opensMenu = parser.isSet(u"menu"_s);
+    options.printsToday = parser.isSet(u"today"_s);
+    options.needsNoWindow = options.printsToday || parser.isSet(u"days"_s);
     return options;
 }
 

@@ -6,6 +6,8 @@
 #include <QStringList>
 #include <optional>
 
+#include "days/day_lines.h"
+
 namespace tickwell::app {
 
 /// Time controlled by another process; for developers and the program's own tests.
@@ -20,6 +22,9 @@ struct Options {
     QString folder;  ///< empty if not given
     QString disc;    ///< a drive or an image, absolute; empty if neither argument nor environment names one
     bool opensMenu = false;
+    bool printsToday = false;                  ///< to be done instead of starting
+    std::optional<days::DayRange> printsDays;  ///< likewise; inside days::LinedDays
+    bool needsNoWindow = false;  ///< one of these two was asked for, even if `error` says that it was wrong
     std::optional<VirtualTimeOption> virtualTime;
     QString answer;  ///< to be printed instead of starting; else empty
     QString error;   ///< what is wrong with the arguments; empty if nothing

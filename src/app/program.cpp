@@ -8,7 +8,6 @@
 #include "app/folder_setup.h"
 #include "platform/desktop/autostart_file.h"
 #include "platform/desktop/freed_memory.h"
-#include "platform/files/base_directories.h"
 #include "platform/files/ini_file_store.h"
 
 namespace tickwell::app {
@@ -23,11 +22,6 @@ constexpr int kIconDelay = 1000;
 
 constexpr int kLargestWindowIcon = 128;  // pixels; each window has a copy as a property
 constexpr int kTidyDelay = 2000;         // ms after a window was hidden: one shown sooner reuses its caches
-
-FolderChoices ChoicesFor(const Options& options) {
-    return {options.folder, qEnvironmentVariable("TICKWELL_FOLDER"), QCoreApplication::applicationDirPath(),
-            platform::DataHome()};
-}
 
 }  // namespace
 
@@ -67,7 +61,8 @@ void Program::Tidy() {
 
 int Program::Run() {
     try {
-        const FolderChoices choices = ChoicesFor(m_options);
+        const FolderChoices choices =
+            ChoicesOfProcess(m_options.folder, QCoreApplication::applicationDirPath());
         const QString folder = ChooseFolder(choices);
         PrepareFolder(folder, MastersFolder(QCoreApplication::applicationDirPath()));
         m_instance = std::make_unique<SingleInstance>(folder);

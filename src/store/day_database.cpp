@@ -32,19 +32,26 @@ SqliteStatement& Bound(SqliteConnection& connection, const CompiledSql& compiled
     return statement;
 }
 
-std::vector<ResultRow> Rows(SqliteConnection& connection, CompiledSql compiled, std::size_t most) {
+/// Passes the first `most` rows to `take`.
+template <typename Take>
+void ReadRows(SqliteConnection& connection, CompiledSql compiled, std::size_t most, Take take) {
     SqliteStatement& statement = Bound(connection, compiled);
     const auto atRest = qScopeGuard([&statement] { statement.Reset(); });
     const auto columns = std::make_shared<const ResultColumns>(std::move(compiled.columns));
-    std::vector<ResultRow> rows;
-    while (rows.size() < most && statement.Step()) {
+    for (std::size_t row = 0; row < most && statement.Step(); ++row) {
         std::vector<ResultRow::Value> values;
         values.reserve(columns->size());
         for (std::size_t i = 0; i < columns->size(); ++i) {
             values.push_back(StoredValueAt(statement, static_cast<int>(i), (*columns)[i].type));
         }
-        rows.emplace_back(columns, std::move(values));
+        take(ResultRow(columns, std::move(values)));
     }
+}
+
+std::vector<ResultRow> Rows(SqliteConnection& connection, CompiledSql compiled, std::size_t most) {
+    std::vector<ResultRow> rows;
+    ReadRows(connection, std::move(compiled), most,
+             [&rows](ResultRow row) { rows.push_back(std::move(row)); });
     return rows;
 }
 
@@ -82,9 +89,18 @@ DayDatabase DayDatabase::OpenLater(const QString& path, const QString& shownAs) 
     return database;
 }
 
+DayDatabase DayDatabase::OpenToRead(const QString& path) {
+    DayDatabase database;
+    database.m_path = path;
+    database.m_use = FileUse::LookOver;
+    database.Open(LockedOpening::Waits);
+    return database;
+}
+
 DayDatabase& DayDatabase::operator=(DayDatabase&& other) noexcept {
     m_path = std::exchange(other.m_path, {});
     m_shownAs = std::exchange(other.m_shownAs, {});
+    m_use = std::exchange(other.m_use, FileUse::Work);
     m_loggedReason = std::exchange(other.m_loggedReason, {});
     m_connection = std::move(other.m_connection);
     m_serial = std::exchange(other.m_serial, 0);
@@ -98,7 +114,7 @@ void DayDatabase::Close() {
 
 void DayDatabase::Open(LockedOpening opening) {
     try {
-        m_connection = std::make_unique<SqliteConnection>(m_path, FileUse::Work, opening);
+        m_connection = std::make_unique<SqliteConnection>(m_path, m_use, opening);
         CheckDayDatabase(*m_connection);
         m_connection->WaitForLocks();
         m_serial = QRandomGenerator::global()->generate64();
@@ -154,6 +170,14 @@ ResultSet DayDatabase::RunQueryForFirst(int most, const QString& sql) {
         }
         compiled.text = compiled.fromTheStart;
         return ResultSet(Rows(connection, std::move(compiled), static_cast<std::size_t>(most)));
+    });
+}
+
+void DayDatabase::ForEachRow(const QString& sql, const std::function<void(const ResultRow&)>& take) {
+    Run(sql, [&] {
+        CompiledSql compiled = Compiled(sql, true);
+        compiled.text = compiled.fromTheStart;  // through an index the rows would have to be sorted
+        ReadRows(Connection(), std::move(compiled), std::numeric_limits<std::size_t>::max(), take);
     });
 }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QString>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <vector>
@@ -47,6 +48,10 @@ public:
     /// without waiting for another program's lock. It counts as open.
     static DayDatabase OpenLater(const QString& path, const QString& shownAs = {});
 
+    /// Opens `path` for reading only, while others may use it, and checks it. Neither the file nor its folder
+    /// is changed, and no statement waits longer than half a second for a lock. Throws RunTimeError.
+    static DayDatabase OpenToRead(const QString& path);
+
     DayDatabase(DayDatabase&& other) noexcept { *this = std::move(other); }
     DayDatabase& operator=(DayDatabase&& other) noexcept;
     ~DayDatabase() = default;
@@ -66,6 +71,10 @@ public:
     /// Runs a SELECT and returns its first `most` rows, which takes no longer if a million more match. Throws
     /// SqlError.
     ResultSet RunQueryForFirst(int most, const QString& sql);
+
+    /// Runs a SELECT and passes each of its rows to `take`, in the order of insertion: for very many rows, of
+    /// which the caller keeps less than a ResultSet would. Reads the entire table. Throws SqlError.
+    void ForEachRow(const QString& sql, const std::function<void(const ResultRow&)>& take);
 
     /// Runs an INSERT, UPDATE or DELETE and returns the number of changed rows. The change is on the disk on
     /// return unless a DayTransaction is open. Throws SqlError; then no row was changed.
@@ -97,6 +106,7 @@ private:
 
     QString m_path;  // empty: closed
     QString m_shownAs;
+    FileUse m_use = FileUse::Work;
     QString m_loggedReason;
     std::unique_ptr<SqliteConnection> m_connection;  // null if the file could not be opened yet
     quint64 m_serial = 0;                            // different for each opening

@@ -15,6 +15,9 @@ QString Words(int sqliteCode) {
     if (sqliteCode == SQLITE_READONLY_DBMOVED) {
         return u"データベースのファイルが移動または削除されました。"_s;
     }
+    if (sqliteCode == SQLITE_READONLY_ROLLBACK) {  // read only, after a writer was killed
+        return u"データベースへの書き込みが途中で終わっています。Tickwell を起動すると元に戻ります。"_s;
+    }
     switch (sqliteCode & kPrimaryCode) {
         case SQLITE_BUSY:
         case SQLITE_LOCKED:

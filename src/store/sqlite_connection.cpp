@@ -16,7 +16,15 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kBusyTimeout = 2000;  // ms, the longest wait for a lock of another program
+// ms, the longest wait for a lock of another program. A reader that must not keep its caller waiting only
+// outwaits a commit, not a compaction.
+constexpr int kBusyTimeout = 2000;
+constexpr int kReadersTimeout = 500;
+
+// In the header of the file: the version that a program must support to read it.
+constexpr int kReadVersionAt = 19;
+constexpr char kWriteAheadLog = 2;
+
 constexpr int kMostPrepared = 64;
 
 constexpr int kStepsBetweenLooks = 1000;  // SQLite instructions, a few microseconds
@@ -50,11 +58,15 @@ QString OfAFile(const QString& path) {
 
 }  // namespace
 
-SqliteConnection::SqliteConnection(const QString& path, FileUse use, LockedOpening opening) {
+SqliteConnection::SqliteConnection(const QString& path, FileUse use, LockedOpening opening)
+    : m_busyTimeout(use == FileUse::Work ? kBusyTimeout : kReadersTimeout) {
     if (use == FileUse::Work) {
         m_lock.emplace(OfAFile(path), opening == LockedOpening::Waits ? SharedFileLock::Patiently() : GiveUp);
     }
     Open(path, use);
+    if (use == FileUse::LookOver) {
+        RefuseWriteAheadLog();
+    }
     LimitSqlite(m_handle.get());
     if (opening == LockedOpening::Waits) {
         WaitForLocks();
@@ -75,8 +87,16 @@ void SqliteConnection::Open(const QString& path, FileUse use) {
     }
 }
 
+/// SQLite would create two files beside it, even to read it.
+void SqliteConnection::RefuseWriteAheadLog() const {
+    if (Bytes(kReadVersionAt, 1).front() == kWriteAheadLog) {
+        throw RunTimeError(
+            u"データベースの書き込み方式 (WAL) が変えられています。Tickwell を起動すると元に戻ります。"_s);
+    }
+}
+
 void SqliteConnection::WaitForLocks() {
-    const int result = sqlite3_busy_timeout(m_handle.get(), kBusyTimeout);
+    const int result = sqlite3_busy_timeout(m_handle.get(), m_busyTimeout);
     if (result != SQLITE_OK) {
         Fail(result, QString());
     }

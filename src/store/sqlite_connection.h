@@ -15,13 +15,13 @@ namespace tickwell::store {
 /// How a file is opened.
 enum class FileUse {
     Work,     ///< read and write, with a shared lock on the lock file beside it
-    LookOver  ///< read only and without a lock file: for a file that nobody uses and that must stay as it is
+    LookOver  ///< read only and without a lock file: neither the file nor its folder is changed
 };
 
 /// What opening does about a lock held by another program. Once the connection is open and checked, every
-/// statement waits up to two seconds for a lock.
+/// statement waits for a lock: up to two seconds, or half a second if it is read only.
 enum class LockedOpening {
-    Waits,       ///< up to two seconds for each lock
+    Waits,       ///< as long as a statement for each lock
     FailsAtOnce  ///< for a caller that will try again
 };
 
@@ -32,7 +32,7 @@ public:
     explicit SqliteConnection(const QString& path, FileUse use = FileUse::Work,
                               LockedOpening opening = LockedOpening::Waits);
 
-    /// From now on statements wait up to two seconds for a lock. To be called after the file was checked.
+    /// From now on statements wait for a lock. To be called after the file was checked.
     void WaitForLocks();
 
     /// Once `stop` is requested, from any thread, running and later statements fail with SQLITE_INTERRUPT.
@@ -76,11 +76,13 @@ private:
     friend class InstructionLimit;
 
     void Open(const QString& path, FileUse use);
+    void RefuseWriteAheadLog() const;
     void SetPragma(const QByteArray& name, const QByteArray& value, QLatin1StringView answer);
     [[noreturn]] void Fail(int result, const QString& sql) const;
     sqlite3_file* File() const;
 
     std::optional<SharedFileLock> m_lock;  // released last
+    int m_busyTimeout;                     // ms
     std::stop_token m_stop;
     SqliteHandle m_handle;
     QHash<QByteArray, std::shared_ptr<SqliteStatement>> m_prepared;  // finalized before the file is closed

@@ -319,6 +319,9 @@ void TstIniFileStore::WhatAKilledSaveLeftIsRemovedAtTheNextStart() {
     const QString path = dir.filePath(u"TKW2.ini"_s);
     WriteAll(path, UsersFile());
     WriteAll(dir.filePath(u".TKW2.ini.unfinished-abcDEF"_s), "[Set");
+    const IniFileStore reader(path, Leftovers::Keep);
+    QCOMPARE(reader.Get(u"SetUp"_s, u"Op_Speed"_s), u"30"_s);
+    QCOMPARE(QDir(dir.path()).entryList(QDir::Files | QDir::Hidden).size(), 2);
     const IniFileStore store(path);
     QCOMPARE(QDir(dir.path()).entryList(QDir::Files | QDir::Hidden), QStringList{u"TKW2.ini"_s});
     QCOMPARE(ReadAll(path), UsersFile());

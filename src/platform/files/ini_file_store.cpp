@@ -24,8 +24,10 @@ constexpr qint64 kLargest = qint64{1} << 20;
 
 }  // namespace
 
-IniFileStore::IniFileStore(QString path) : m_path(std::move(path)), m_document(Read()) {
-    RemoveUnfinished(m_path);
+IniFileStore::IniFileStore(QString path, Leftovers leftovers) : m_path(std::move(path)), m_document(Read()) {
+    if (leftovers == Leftovers::Remove) {
+        RemoveUnfinished(m_path);
+    }
 }
 
 QByteArray IniFileStore::Read() const {

@@ -8,14 +8,20 @@
 
 namespace tickwell::platform {
 
+/// What reading the settings does about files that a killed writer left beside them.
+enum class Leftovers {
+    Remove,
+    Keep  ///< for a reader that must not change the folder
+};
+
 /// Settings in a file of at most 1 MiB, readable by its owner only and replaced atomically. Another instance
 /// may write the file while this one is running, so a commit reads it again and changes only the keys that
 /// were set.
 class IniFileStore : public SettingsStore {
 public:
-    /// Reads the file and removes leftovers of a killed writer; an absent file is empty. Throws RunTimeError
-    /// if it exists but cannot be read, is not a regular file or is too large.
-    explicit IniFileStore(QString path);
+    /// Reads the file; an absent one is empty. Throws RunTimeError if it exists but cannot be read, is not a
+    /// regular file or is too large.
+    explicit IniFileStore(QString path, Leftovers leftovers = Leftovers::Remove);
 
     std::optional<QString> Get(const QString& section, const QString& key) const override;
     void Set(const QString& section, const QString& key, const QString& value) override;

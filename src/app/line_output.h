@@ -1,0 +1,26 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+
+namespace tickwell::app {
+
+/// Writes lines in UTF-8, whatever the locale, to a file descriptor such as that of standard output.
+class LineOutput {
+public:
+    /// `descriptor` stays open, and stays the caller's.
+    explicit LineOutput(int descriptor) : m_descriptor(descriptor) {}
+
+    /// Both return false once the reader of a pipe has gone (SIGPIPE must be ignored); there is then no point
+    /// in writing more. They throw RunTimeError if the lines cannot be written.
+    bool Add(const QString& line);  ///< without its end
+    bool Flush();                   ///< to be called after the last line
+
+private:
+    int m_descriptor;
+    QByteArray m_bytes;  // not yet written
+    bool m_isRead = true;
+};
+
+}  // namespace tickwell::app

@@ -1,0 +1,29 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QString>
+#include <span>
+
+namespace tickwell::app {
+
+/// An option of the command line as users know it.
+struct OptionRow {
+    QStringView letter;  ///< its short form; empty if it has none
+    QStringView name;
+    QStringView values;       ///< what follows it in the help, such as "<dir>"; empty if nothing does
+    bool takesValue = false;  ///< whether the next word is its value; otherwise `values` are further words
+    QStringView english;      ///< its description, broken into lines
+    QStringView japanese;
+};
+
+/// All options but those for developers, in the order of the help.
+std::span<const OptionRow> OptionRows();
+
+/// What --help prints.
+QString HelpText(bool inJapanese);
+
+/// Whether the environment asks for messages in Japanese: LANGUAGE, or else the first of LC_ALL, LC_MESSAGES
+/// and LANG that is not empty.
+bool WantsJapanese();
+
+}  // namespace tickwell::app
