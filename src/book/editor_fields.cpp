@@ -12,9 +12,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kLastYear = 9999;
-constexpr int kLastMonth = 12;
-constexpr int kLastDay = 31;
+constexpr int kLargestYear = 9999;
+constexpr int kLargestMonth = 12;
+constexpr int kLargestDay = 31;
 constexpr int kLastWeek = 5;
 
 /// 1 for "日曜日" to 7 for "土曜日"; 0 for every other text.
@@ -50,13 +50,13 @@ bool IsWithin(int last, int number) {
 /// Replaces the parts of the date that the row has and the fields offer. A week code keeps its sign in both
 /// parts, so neither part of a negative one is offered.
 void TakeDate(EditorFields& fields, const days::Anniversary& row) {
-    if (IsWithin(kLastYear, row.year)) {
+    if (IsWithin(kLargestYear, row.year)) {
         fields.year = QString::number(row.year);
     }
-    if (IsWithin(kLastMonth, row.month)) {
+    if (IsWithin(kLargestMonth, row.month)) {
         fields.month = QString::number(row.month);
     }
-    if (IsWithin(kLastDay, row.day)) {
+    if (IsWithin(kLargestDay, row.day)) {
         fields.day = QString::number(row.day);
     }
     if (IsWithin(kLastWeek, row.week / 10)) {
