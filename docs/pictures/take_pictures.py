@@ -16,13 +16,17 @@ from driver.tool_windows import button, choose, wait_window  # noqa: E402
 from driver.virtual_time import VirtualTime  # noqa: E402
 from driver.waiting import steady  # noqa: E402
 
-# Picture, menu item, title of the window that it opens.
+TODAYS_JAPAN = {"Calendar": {"HolidaysByLaw": "True", "ErasByDate": "True", "UnderDays": "1"},
+                "Corrections": {"ShowsToday": "True"}}
+
+# Picture, menu item, title of the window that it opens, settings.
 WINDOWS = [
-    ("help.png", "ﾍﾙﾌﾟ", "Tickwell ヘルプ"),
-    ("about.png", "バージョン情報", "Tickwellのﾊﾞｰｼﾞｮﾝ情報"),
-    ("calendar.png", "カレンダー", "カレンダー"),
-    ("timer.png", "ﾀｲﾏｰ", "タイマー"),
-    ("settings.png", "環境設定", "環境設定"),
+    ("help.png", "ﾍﾙﾌﾟ", "Tickwell ヘルプ", None),
+    ("about.png", "バージョン情報", "Tickwellのﾊﾞｰｼﾞｮﾝ情報", None),
+    ("calendar.png", "カレンダー", "カレンダー", None),
+    ("today.png", "カレンダー", "カレンダー", TODAYS_JAPAN),
+    ("timer.png", "ﾀｲﾏｰ", "タイマー", None),
+    ("settings.png", "環境設定", "環境設定", None),
 ]
 
 TWICE = {"QT_SCALE_FACTOR": "2"}  # sharp on screens of any resolution
@@ -44,15 +48,15 @@ def main():
         session.screenshot(HERE / "menu.png", (clock.x, clock.y, max(clock.width, menu.x + menu.width - clock.x),
                                                menu.y + menu.height - clock.y))
         session.hand.key("Escape")
-    for picture, item, title in WINDOWS:
-        take_window(picture, item, title)
+    for picture, item, title, settings in WINDOWS:
+        take_window(picture, item, title, settings)
     take_cd_player()
 
 
-def take_window(picture, item, title):
+def take_window(picture, item, title, settings):
     """Takes a picture of the window that a menu item opens, without its frame."""
     with Session() as session, VirtualTime("2026-11-20T21:04:55") as time:
-        app = start_tickwell(session, virtual_time=time)
+        app = start_tickwell(session, virtual_time=time, settings=settings)
         time.advance(11000)
         wait_on_screen(session, app)
         choose(session, app, item)
