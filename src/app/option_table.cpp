@@ -63,7 +63,7 @@ bool IsJapanese(const QString& locale) {
 /// The locale for messages by the rules of POSIX.
 QString MessageLocale() {
     for (const char* variable : {"LC_ALL", "LC_MESSAGES", "LANG"}) {
-        if (const QString locale = qEnvironmentVariable(variable); !locale.isEmpty()) {
+        if (QString locale = qEnvironmentVariable(variable); !locale.isEmpty()) {
             return locale;
         }
     }

@@ -3,7 +3,8 @@
 
 #include <QDate>
 #include <QStringList>
-#include <compare>
+#include <array>
+#include <tuple>
 #include <vector>
 
 #include "days/anniversary.h"
@@ -23,20 +24,16 @@ public:
     QStringList NamesOn(QDate day) const;
 
 private:
-    /// The days of a row: `day` or `week` is 0.
-    struct Rule {
-        qint32 year;
-        qint32 month;
-        qint32 day;
-        qint32 week;
+    /// Year, month, day and week of a row; day or week is 0.
+    using Rule = std::array<qint32, 4>;
 
-        auto operator<=>(const Rule&) const = default;
-    };
     struct Entry {
         Rule rule;
-        qint32 row;
+        qint32 row;  // its number
 
-        auto operator<=>(const Entry&) const = default;
+        bool operator<(const Entry& other) const {
+            return std::tie(rule, row) < std::tie(other.rule, other.row);
+        }
     };
 
     std::vector<Anniversary> m_rows;
