@@ -17,10 +17,10 @@ namespace {
 struct KnownEra {
     QStringView name;
     QStringView letter;
-    int yearOne;  // the Gregorian year of its year 1
-    int year;     // its first day
-    int month;
-    int day;
+    int yearOne = 0;  // the Gregorian year of its year 1
+    int year = 0;     // its first day
+    int month = 0;
+    int day = 0;
 };
 
 // Latest first. 明治 began in 1868, but the first day that had a Gregorian date is 1873-01-01, of its year 6.
@@ -57,7 +57,7 @@ std::optional<EraYear> EraYearOf(QDate date, const EraStyle& style) {
 Era ReadEra(const QString& text) {
     const QStringList parts = text.split(u',');
     const QDate first = QDate::fromString(parts.value(2).trimmed(), Qt::ISODate);
-    const Era era{parts.value(0).trimmed(), parts.value(1).trimmed(), first};
+    Era era{parts.value(0).trimmed(), parts.value(1).trimmed(), first};
     const auto isName = [](const QString& name) { return !name.isEmpty() && name.size() <= kLongestEraName; };
     if (parts.size() != 3 || !isName(era.name) || !isName(era.letter) || !first.isValid()) {
         throw RunTimeError(u"「元号,略字,2040-05-01」の形ではありません。"_s);
