@@ -47,7 +47,7 @@ QString DifferenceOf(QDate date, const QString& byLaw, const QString& listed) {
 }  // namespace
 
 QMap<QDate, QString> DaysOffOfYear(int year, const HolidayList* list) {
-    const QMap<QDate, QString> byLaw = NamesByLaw(year);
+    QMap<QDate, QString> byLaw = NamesByLaw(year);
     if (list == nullptr || !list->Covers(year)) {
         return byLaw;
     }
