@@ -148,7 +148,7 @@ settings_ui::HolidayListOperations Windows::HolidayList() {
             .isKept = [&list] { return list.IsKept(); },
             .replace =
                 [&list, changed](const QString& path) {
-                    const QString report = list.Replace(path);
+                    QString report = list.Replace(path);
                     changed();
                     return report;
                 },
