@@ -7,6 +7,7 @@
 #include <QVBoxLayout>
 
 #include "controls/control_making.h"
+#include "controls/wrapped_label.h"
 #include "settings_ui/flag_boxes.h"
 #include "settings_ui/flag_rows.h"
 
@@ -73,8 +74,7 @@ CalendarPage::CalendarPage(const SettingsParts& parts, SettingsDraft& draft, std
 
 QWidget* CalendarPage::MakeHolidayFrame() {
     auto* frame = controls::Named(new QGroupBox(u"祝日"_s, this), u"Frame12"_s);
-    auto* note = controls::MakeLabel(u"Label7"_s, QString::fromUtf16(kNote), this);
-    note->setWordWrap(true);
+    auto* note = new controls::WrappedLabel(u"Label7"_s, QString::fromUtf16(kNote), this);
     auto* list = new QHBoxLayout;
     list->addWidget(m_listStatus, 1);
     for (QPushButton* button : {m_replaceList, m_removeList}) {

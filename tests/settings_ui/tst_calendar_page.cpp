@@ -42,6 +42,7 @@ class TstCalendarPage : public QObject {
 private Q_SLOTS:
     void initTestCase();
     void ThePagesComeLast();
+    void TheNoteIsNeverCutOff();
     void AtFirstAllIsAsBefore();
     void EachBoxIsItsOwnSetting_data();
     void EachBoxIsItsOwnSetting();
@@ -66,6 +67,17 @@ void TstCalendarPage::ThePagesComeLast() {
     }
     QCOMPARE(names, (QStringList{u"文字表示"_s, u"時計"_s, u"ロール"_s, u"時報"_s, u"データベース"_s, u"暦"_s,
                                  u"動作"_s}));
+}
+
+void TstCalendarPage::TheNoteIsNeverCutOff() {
+    SettingsBench bench;
+    bench.Open();
+    bench.Child<QTabWidget>(u"TabStrip1"_s).setCurrentWidget(&bench.Child<QWidget>(u"Picture6"_s));
+    bench.form->resize(bench.form->minimumSizeHint());
+    QCoreApplication::processEvents();
+    const auto& note = bench.Child<QLabel>(u"Label7"_s);
+    QVERIFY(note.heightForWidth(note.width()) > note.fontMetrics().height());  // so it has several rows
+    QVERIFY(note.height() >= note.heightForWidth(note.width()));
 }
 
 void TstCalendarPage::AtFirstAllIsAsBefore() {
