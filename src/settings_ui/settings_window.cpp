@@ -7,6 +7,7 @@
 #include <QVBoxLayout>
 
 #include "controls/control_making.h"
+#include "controls/tab_order.h"
 #include "settings_ui/database_page.h"
 
 namespace tickwell::settings_ui {
@@ -36,6 +37,9 @@ Form2::Form2(const SettingsParts& parts, QWidget* parent)
     m_pages->addTab(m_calendarPage, u"暦"_s);
     m_pages->addTab(m_correctionsPage, u"動作"_s);
 
+    for (int page = 0; page < m_pages->count(); ++page) {
+        controls::TabInLayoutOrder(*m_pages->widget(page));
+    }
     auto* rows = new QVBoxLayout(this);
     rows->addWidget(m_pages);
     rows->addLayout(MakeButtons());

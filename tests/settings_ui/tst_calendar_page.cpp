@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <QFileDialog>
+#include <QTabBar>
 #include <QTest>
 
 #include "lines/line_look.h"
@@ -43,6 +44,8 @@ private Q_SLOTS:
     void initTestCase();
     void ThePagesComeLast();
     void TheNoteIsNeverCutOff();
+    void TabFollowsTheEyeOnEachPage_data();
+    void TabFollowsTheEyeOnEachPage();
     void AtFirstAllIsAsBefore();
     void EachBoxIsItsOwnSetting_data();
     void EachBoxIsItsOwnSetting();
@@ -78,6 +81,41 @@ void TstCalendarPage::TheNoteIsNeverCutOff() {
     const auto& note = bench.Child<QLabel>(u"Label7"_s);
     QVERIFY(note.heightForWidth(note.width()) > note.fontMetrics().height());  // so it has several rows
     QVERIFY(note.height() >= note.heightForWidth(note.width()));
+}
+
+void TstCalendarPage::TabFollowsTheEyeOnEachPage_data() {
+    QTest::addColumn<int>("page");
+    for (int page = 0; page < 7; ++page) {
+        QTest::addRow("page %d", page) << page;
+    }
+}
+
+/// Each control that Tab reaches is in a lower row than the one before, or in the same row to the right of
+/// it.
+void TstCalendarPage::TabFollowsTheEyeOnEachPage() {
+    QFETCH(const int, page);
+    SettingsBench bench;
+    bench.Open();
+    auto& tabs = bench.Child<QTabWidget>(u"TabStrip1"_s);
+    tabs.setCurrentIndex(page);
+    const QWidget& shown = *tabs.currentWidget();
+    const auto isReached = [&shown](const QWidget& control) {
+        return shown.isAncestorOf(&control) && control.isVisible() && control.focusProxy() == nullptr &&
+               (control.focusPolicy() & Qt::TabFocus) != 0;
+    };
+    QPoint before;
+    int reached = 0;
+    for (const QWidget* next = tabs.tabBar()->nextInFocusChain(); next != tabs.tabBar();
+         next = next->nextInFocusChain()) {
+        if (isReached(*next)) {
+            const QPoint place = next->mapTo(&shown, next->rect().center());
+            const bool isLower = place.y() > before.y() + next->height() / 2;
+            QVERIFY2(isLower || place.x() > before.x(), qPrintable(next->objectName()));
+            before = place;
+            ++reached;
+        }
+    }
+    QVERIFY(reached > 0);
 }
 
 void TstCalendarPage::AtFirstAllIsAsBefore() {
