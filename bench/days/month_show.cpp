@@ -1,12 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // month_show [FOLDER]: the time to show another month, with 10 000 marks and 1 000 national holidays and with
-// none: the database queries, the grid, and the complete click including painting. Without a display set
+// none, and with days off by law instead of by the database's table, each alternately with the other: the
+// database queries, the grid, and the complete click including painting. Without a display set
 // QT_QPA_PLATFORM=offscreen. FOLDER is the folder for the files; default is the temporary folder.
 
 #include <QApplication>
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
+#include <QFileInfo>
 #include <QImage>
 #include <QRandomGenerator>
 #include <QTemporaryDir>
@@ -17,6 +19,7 @@
 
 #include "core/errors.h"
 #include "days/calendar_window.h"
+#include "days/law_holidays.h"
 #include "days/table_holidays.h"
 #include "platform/desktop/qt_message_boxes.h"
 #include "platform/time/qt_timers.h"
@@ -42,17 +45,23 @@ struct Taken {
     double worst;  // the 99th percentile
 };
 
+/// Nanoseconds of each of the repetitions.
+using Times = std::vector<qint64>;
+
 template <typename Deed>
-Taken Measure(Deed deed) {
-    std::vector<double> taken;
-    for (int i = 0; i < kTimes; ++i) {
-        QElapsedTimer timer;
-        timer.start();
-        deed();
-        taken.push_back(static_cast<double>(timer.nsecsElapsed()) / kMilliseconds);
-    }
-    std::sort(taken.begin(), taken.end());
-    return {taken[kTimes / 2], taken[kTimes - 1 - kTimes / 100]};
+void Measure(Times& times, Deed deed) {
+    QElapsedTimer timer;
+    timer.start();
+    deed();
+    times.push_back(timer.nsecsElapsed());
+}
+
+Taken Summary(Times times) {
+    std::sort(times.begin(), times.end());
+    const auto milliseconds = [&](std::size_t place) {
+        return static_cast<double>(times.at(place)) / kMilliseconds;
+    };
+    return {milliseconds(times.size() / 2), milliseconds(times.size() - 1 - times.size() / 100)};
 }
 
 class NoHelp : public HelpViewer {
@@ -86,53 +95,67 @@ void FillHolidays(const QString& path) {
     connection.Run("COMMIT");
 }
 
-struct Figures {
-    Taken ask;
-    Taken fill;
-    Taken show;
+/// A calendar on its own database, and the times of what it did.
+class Calendar {
+public:
+    enum class Source { Table, Law };
+
+    Calendar(const QString& path, Source source)
+        : m_database(path),
+          m_list(ProgramFolder(QFileInfo(path).path())),
+          m_holidays(source == Source::Law ? static_cast<const days::HolidaySource&>(m_law) : m_table),
+          m_window({.dayDatabase = m_database,
+                    .holidays = m_holidays,
+                    .further = m_further,
+                    .list = m_dayList,
+                    .clock = m_time,
+                    .boxes = m_boxes,
+                    .handlers = m_handlers,
+                    .help = m_help,
+                    .book = {},
+                    .timers = m_timers},
+                   nullptr) {
+        m_window.Form_Load();
+        m_window.show();
+        m_picture = QImage(m_window.size(), QImage::Format_RGB32);
+    }
+
+    void ShowNextMonth() {
+        m_month = m_month.addMonths(1);
+        const days::MonthShape shape = days::ShapeOf(m_month);
+        days::MonthRows rows;
+        Measure(ask, [&] { rows = days::ReadMonth(m_database, m_holidays, shape); });
+        Measure(fill, [&] { days::FillGrid(m_grid, shape, rows, m_month); });
+        Measure(show, [&] {
+            m_next.click();
+            QCoreApplication::sendPostedEvents();
+            m_window.render(&m_picture);
+        });
+    }
+
+    Times ask;
+    Times fill;
+    Times show;
+
+private:
+    store::DayDatabase m_database;
+    days::HolidayListFile m_list;
+    days::TableHolidays m_table{m_database};
+    days::LawHolidays m_law{m_list};
+    const days::HolidaySource& m_holidays;
+    days::DayList m_dayList;
+    platform::VirtualTime m_time{QDateTime(QDate(2026, 11, 20), QTime(9, 0))};
+    platform::QtMessageBoxes m_boxes;
+    Handlers m_handlers{m_boxes};
+    NoHelp m_help;
+    platform::QtTimers m_timers;
+    FurtherSettings m_further;
+    days::Form5 m_window;
+    QPushButton& m_next{ChildOf<QPushButton>(m_window, u"Command2"_s)};
+    QImage m_picture;
+    QDate m_month{2026, 11, 1};
+    days::MonthGrid m_grid;
 };
-
-Figures MeasureCalendar(const QString& path) {
-    store::DayDatabase database{path};
-    days::DayList list;
-    const platform::VirtualTime time(QDateTime(QDate(2026, 11, 20), QTime(9, 0)));
-    platform::QtMessageBoxes boxes;
-    Handlers handlers(boxes);
-    NoHelp help;
-    platform::QtTimers timers;
-    const days::TableHolidays holidays(database);
-    const FurtherSettings further;
-    days::Form5 window({.dayDatabase = database,
-                        .holidays = holidays,
-                        .further = further,
-                        .list = list,
-                        .clock = time,
-                        .boxes = boxes,
-                        .handlers = handlers,
-                        .help = help,
-                        .book = {},
-                        .timers = timers},
-                       nullptr);
-    window.Form_Load();
-    window.show();
-    QImage picture(window.size(), QImage::Format_RGB32);
-
-    QDate month(2026, 11, 1);
-    days::MonthRows rows;
-    days::MonthGrid grid;
-    const Taken ask = Measure([&] {
-        month = month.addMonths(1);
-        rows = days::ReadMonth(database, holidays, days::ShapeOf(month));
-    });
-    const Taken fill = Measure([&] { days::FillGrid(grid, days::ShapeOf(month), rows, month); });
-    auto& next = ChildOf<QPushButton>(window, u"Command2"_s);
-    const Taken show = Measure([&] {
-        next.click();
-        QCoreApplication::sendPostedEvents();
-        window.render(&picture);
-    });
-    return {ask, fill, show};
-}
 
 QString Copied(const QTemporaryDir& folder, const QString& name) {
     QString path = folder.filePath(name);
@@ -142,9 +165,44 @@ QString Copied(const QTemporaryDir& folder, const QString& name) {
     return path;
 }
 
-void Print(const char* what, const Taken& full, const Taken& empty) {
-    std::printf("%-24s %7.3f ms, slowest of 100 %7.3f ms; nothing stored %7.3f ms, ratio %5.2f\n", what,
-                full.median, full.worst, empty.median, full.median / empty.median);
+void Print(const char* what, const Times& one, const Times& other) {
+    const Taken taken = Summary(one);
+    const Taken base = Summary(other);
+    std::printf("%-24s %7.3f ms, slowest of 100 %7.3f ms; the other %7.3f ms, ratio %5.2f\n", what,
+                taken.median, taken.worst, base.median, taken.median / base.median);
+}
+
+/// The months are shown by turns, so that what else the machine does slows both.
+void Compare(const char* what, Calendar& one, Calendar& other) {
+    for (int i = 0; i < kTimes; ++i) {
+        one.ShowNextMonth();
+        other.ShowNextMonth();
+    }
+    std::printf("%s\n", what);
+    Print("  queries", one.ask, other.ask);
+    Print("  filling the grid", one.fill, other.fill);
+    Print("  the click and its paint", one.show, other.show);
+    std::printf("  of a frame of a screen   %7.2f\n", Summary(one.show).median / kFrame);
+}
+
+void CompareRows(const QTemporaryDir& files) {
+    const QString path = Copied(files, u"full.mdb"_s);
+    FillHolidays(path);
+    store::DayDatabase database(path);
+    FillMarks(database);
+    database.Close();
+    Calendar full(path, Calendar::Source::Table);
+    Calendar empty(Copied(files, u"empty.mdb"_s), Calendar::Source::Table);
+    Compare("10 000 marks and 1 000 holidays; the other: nothing stored", full, empty);
+}
+
+void CompareSources(const QTemporaryDir& files) {
+    if (!QFile::copy(QStringLiteral(TICKWELL_HOLIDAY_LIST), files.filePath(u"Syukujitsu.csv"_s))) {
+        throw RunTimeError(files.path());
+    }
+    Calendar law(Copied(files, u"law.mdb"_s), Calendar::Source::Law);
+    Calendar table(Copied(files, u"table.mdb"_s), Calendar::Source::Table);
+    Compare("days off by law and official list; the other: by the database's table", law, table);
 }
 
 }  // namespace
@@ -154,17 +212,8 @@ int main(int argc, char** argv) {
     try {
         const QDir folder(argc > 1 ? QString::fromLocal8Bit(argv[1]) : QDir::tempPath());
         const QTemporaryDir files(folder.filePath(u"month_show-XXXXXX"_s));
-        const QString full = Copied(files, u"full.mdb"_s);
-        FillHolidays(full);
-        store::DayDatabase database(full);
-        FillMarks(database);
-        database.Close();
-        const Figures filled = MeasureCalendar(full);
-        const Figures empty = MeasureCalendar(Copied(files, u"empty.mdb"_s));
-        Print("asking the database", filled.ask, empty.ask);
-        Print("filling the grid", filled.fill, empty.fill);
-        Print("the click and its paint", filled.show, empty.show);
-        std::printf("of a frame of a screen:  %7.2f\n", filled.show.median / kFrame);
+        CompareRows(files);
+        CompareSources(files);
     } catch (const RunTimeError& error) {
         std::fprintf(stderr, "month_show: %s\n", error.what());
         return 1;
