@@ -8,6 +8,7 @@
 #include "app/folder_setup.h"
 #include "platform/desktop/autostart_file.h"
 #include "platform/desktop/freed_memory.h"
+#include "platform/desktop/x11_requests.h"
 #include "platform/files/ini_file_store.h"
 
 namespace tickwell::app {
@@ -125,6 +126,7 @@ ProgramPorts Program::Ports() {
             .drive = m_drive,
             .playback = m_drive,
             .display = DisplayPortsOfThisMachine(),
+            .isComposited = [] { return platform::IsComposited(); },
             .windowGone = [this] { m_tidyTimer->Start(); }};
 }
 

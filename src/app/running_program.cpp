@@ -50,6 +50,7 @@ WindowsParts RunningProgram::PartsOfWindows() {
             .folder = m_state.started.folder,
             .cdPlayer = m_media.System().Player(),
             .listen = [&sounds](const QString& name) { sounds.PlayChime(name, 1); },
+            .isComposited = m_ports.isComposited,
             .gone = m_ports.windowGone};
 }
 

@@ -31,6 +31,9 @@ struct ProgramPorts {
     media::CdDrive& drive;
     media::CdPlayback& playback;
     DisplayPorts display;
+    std::function<bool()> isComposited = [] {
+        return true;
+    };                                         ///< whether translucent windows can be seen through
     std::function<void()> windowGone = [] {};  ///< called whenever a window or menu was hidden
 };
 

@@ -122,6 +122,7 @@ std::unique_ptr<settings_ui::Form2> Windows::MakeSettings() {
         m_compaction.Start(m_settings, std::move(done));
     };
     operations.holidayList = HolidayList();
+    operations.isComposited = m_parts.isComposited;
     operations.holdKeepTop = [this](bool held) { m_mainWindow->HoldKeepTop(held); };
     return std::make_unique<settings_ui::Form2>(
         settings_ui::SettingsParts{.displays = m_mainWindow->AllDisplays(),

@@ -33,7 +33,8 @@ struct WindowsParts {
     ProgramFolder folder;
     media::CdPlayer& cdPlayer;
     std::function<void(const QString& soundName)> listen;  ///< plays a sound once
-    std::function<void()> gone;                            ///< called whenever a window or menu was hidden
+    std::function<bool()> isComposited;  ///< whether translucent windows can be seen through
+    std::function<void()> gone;          ///< called whenever a window or menu was hidden
 };
 
 /// The help for a modal window: it stays usable while that window is open.

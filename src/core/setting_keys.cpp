@@ -105,6 +105,17 @@ constexpr std::array kFurtherKeys{
                [](StoredSettings& s) -> Field { return &s.further.corrections.keepsMarksOnClose; }},
     SettingKey{u"Corrections", u"SavesImmediately", u"False",
                [](StoredSettings& s) -> Field { return &s.further.corrections.savesImmediately; }},
+    SettingKey{u"Face", u"Opacity", u"100",
+               [](StoredSettings& s) -> Field { return &s.further.face.opacity; }},
+    SettingKey{u"Face", u"LongText", u"0",
+               [](StoredSettings& s) -> Field { return &s.further.face.longText; }},
+    SettingKey{u"Face", u"StaysOnScreen", u"False",
+               [](StoredSettings& s) -> Field { return &s.further.face.staysOnScreen; }},
+    SettingKey{u"Face", u"Screen", u"", [](StoredSettings& s) -> Field { return &s.further.face.screen; }},
+    SettingKey{u"Face", u"ScreenLeft", u"0",
+               [](StoredSettings& s) -> Field { return &s.further.face.screenLeft; }},
+    SettingKey{u"Face", u"ScreenTop", u"0",
+               [](StoredSettings& s) -> Field { return &s.further.face.screenTop; }},
 };
 
 constexpr std::array<QStringView, 27> kWriteOrder{

@@ -81,12 +81,28 @@ struct Corrections {
     bool operator==(const Corrections&) const = default;
 };
 
+/// How a line shows a text that is wider than itself.
+enum class LongText : qint32 { CutOff = 0, Ellipsis = 1, ScrollOnce = 2 };
+
+/// The look and the place of the main window; by default nothing of this changes it.
+struct FaceSettings {
+    qint32 opacity = 100;        ///< percent; clamped to 20..100 when used
+    qint32 longText = 0;         ///< a LongText; other numbers mean CutOff
+    bool staysOnScreen = false;  ///< brought back if it is outside the screens
+    QString screen;         ///< name of the screen that it was on last; empty if it need not be brought back
+    qint32 screenLeft = 0;  ///< position on that screen, logical pixels
+    qint32 screenTop = 0;
+
+    bool operator==(const FaceSettings&) const = default;
+};
+
 /// Settings that are stored only once they differ from these defaults.
 struct FurtherSettings {
     RollSettings roll;
     bool tellsNoCdDrive = true;  ///< whether a missing CD drive is reported at the start
     CalendarSettings calendar{};
     Corrections corrections{};
+    FaceSettings face{};
 
     bool operator==(const FurtherSettings&) const = default;
 };

@@ -4,10 +4,10 @@
 #include <QKeyEvent>
 #include <QStyleOptionButton>
 #include <QStylePainter>
-#include <QTextDocument>
 #include <algorithm>
 #include <utility>
 
+#include "controls/plain_tool_tip.h"
 #include "days/day_shade.h"
 
 namespace tickwell::days {
@@ -20,11 +20,9 @@ namespace {
 constexpr double kRing = 1.5;   // width of the ring around a pressed day
 constexpr double kFrame = 0.5;  // distance of the frame around today from the edge
 
-/// Qt would interpret a name that looks like markup as rich text.
 QString ToolTipOf(const MonthCell& cell) {
     const bool hasBoth = !cell.toolTip.isEmpty() && !cell.almanac.isEmpty();
-    const QString text = cell.toolTip + (hasBoth ? u"\n"_s : QString()) + cell.almanac;
-    return Qt::mightBeRichText(text) ? Qt::convertFromPlainText(text) : text;
+    return controls::PlainToolTip(cell.toolTip + (hasBoth ? u"\n"_s : QString()) + cell.almanac);
 }
 
 }  // namespace

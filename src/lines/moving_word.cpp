@@ -3,9 +3,12 @@
 
 #include <QAccessible>
 #include <QAccessibleWidget>
+#include <QHelpEvent>
 #include <QPaintEvent>
 #include <QPainter>
+#include <QToolTip>
 
+#include "controls/plain_tool_tip.h"
 #include "lines/line_look.h"
 
 namespace tickwell::lines {
@@ -43,6 +46,7 @@ MovingWord::MovingWord(const LineTime& time, QWidget* parent)
     : QWidget(parent),
       m_time(time),
       m_wipeTimer(time.timers.Create(m_frameInterval, [this] { WipeTick(); })),
+      m_scroll(time.timers, [this] { m_time.pacer.Request(*this); }),
       m_teller(time.clock, time.timers, kTellInterval, [this] { TellText(); }) {
     setAttribute(Qt::WA_OpaquePaintEvent);
 }
@@ -55,8 +59,10 @@ void MovingWord::ShowText(const QString& text) {
     const QString covered = m_text;
     const bool restarts = IsWiping();
     const Wipe wipe{m_wipeKind, 0};
+    m_scroll.Stop();
     if (m_frameInterval <= 0 || wipe.Length(size()) <= 0 || !m_time.pacer.IsSeen()) {
         SetText(text);
+        StartScroll();
         return;
     }
     EndWipe();
@@ -77,6 +83,9 @@ void MovingWord::SetText(const QString& text) {
         return;
     }
     TakeText(text);
+    if (m_scroll.IsRunning() && Excess(text) <= 0) {
+        m_scroll.Stop();
+    }
     m_time.pacer.Request(*this);
 }
 
@@ -109,6 +118,7 @@ void MovingWord::WipeTick() {
     const QRegion passed = QRegion(goesOn ? m_wipe.NewPart(size()) : rect()) - before;
     if (!goesOn) {
         EndWipe();
+        StartScroll();
     }
     m_time.pacer.Request(*this, passed.boundingRect());
 }
@@ -134,6 +144,35 @@ void MovingWord::SetForeColor(qint32 color) {
     m_time.pacer.Request(*this);
 }
 
+void MovingWord::SetLongText(LongText kind) {
+    if (kind != m_longText) {
+        m_longText = kind;
+        m_scroll.Stop();
+        StartScroll();
+        m_time.pacer.Request(*this);
+    }
+}
+
+/// Pixels by which a text is wider than the line; only asked if that matters.
+int MovingWord::Excess(const QString& text) const {
+    return fontMetrics().horizontalAdvance(text) - (width() - kIndent);
+}
+
+void MovingWord::StartScroll() {
+    if (m_longText == LongText::ScrollOnce && m_time.pacer.IsSeen()) {
+        m_scroll.Start(Excess(m_text));
+    }
+}
+
+bool MovingWord::event(QEvent* event) {
+    if (event->type() != QEvent::ToolTip || m_longText == LongText::CutOff) {
+        return QWidget::event(event);
+    }
+    const QPoint place = static_cast<QHelpEvent*>(event)->globalPos();
+    QToolTip::showText(place, Excess(m_text) > 0 ? controls::PlainToolTip(m_text) : QString(), this);
+    return true;
+}
+
 int MovingWord::TextHeight() const {
     return fontMetrics().height();
 }
@@ -144,20 +183,24 @@ void MovingWord::paintEvent(QPaintEvent* event) {
     painter.fillRect(open, ColorFromNumber(m_backColor));
     painter.setPen(ColorFromNumber(m_foreColor));
     if (!IsWiping()) {
-        DrawPart(painter, open, m_text);
+        DrawPart(painter, open, m_text, m_scroll.Offset());
         return;
     }
-    DrawPart(painter, m_wipe.OldPart(size()) & open, m_oldText);
-    DrawPart(painter, m_wipe.NewPart(size()) & open, m_text);
+    DrawPart(painter, m_wipe.OldPart(size()) & open, m_oldText, 0);
+    DrawPart(painter, m_wipe.NewPart(size()) & open, m_text, 0);
 }
 
-void MovingWord::DrawPart(QPainter& painter, const QRect& part, const QString& text) const {
+/// `offset`: pixels by which the text is moved to the left. At 0 the line shows its beginning, with an
+/// ellipsis if that is chosen.
+void MovingWord::DrawPart(QPainter& painter, const QRect& part, const QString& text, int offset) const {
     if (part.isEmpty() || text.isEmpty()) {
         return;
     }
+    const bool isElided = offset == 0 && m_longText != LongText::CutOff;
     painter.setClipRect(part);
-    painter.drawText(rect().adjusted(kIndent, 0, 0, 0), Qt::AlignVCenter | Qt::AlignLeft | Qt::TextSingleLine,
-                     text);
+    painter.drawText(rect().adjusted(kIndent - offset, 0, 0, 0),
+                     Qt::AlignVCenter | Qt::AlignLeft | Qt::TextSingleLine,
+                     isElided ? fontMetrics().elidedText(text, Qt::ElideRight, width() - kIndent) : text);
 }
 
 }  // namespace tickwell::lines

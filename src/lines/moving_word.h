@@ -7,9 +7,11 @@
 
 #include "core/ports/clock.h"
 #include "core/ports/timer.h"
+#include "core/settings.h"
 #include "core/text_line.h"
 #include "core/throttle.h"
 #include "lines/frame_pacer.h"
+#include "lines/long_text_scroll.h"
 #include "lines/wipe.h"
 
 namespace tickwell::lines {
@@ -22,8 +24,9 @@ struct LineTime {
 };
 
 /// One line of text on its own background. New text is wiped in (ShowText) or replaces the old one at once
-/// (SetText). Mouse events are passed to the window. Screen readers see the line as a label whose name is the
-/// text. Nothing is wiped while the line is not visible.
+/// (SetText). A text that is wider than the line is cut off unless SetLongText chooses something else; then
+/// the complete text is its tool tip. Mouse events are passed to the window. Screen readers see the line as a
+/// label whose name is the text. Nothing is wiped while the line is not visible.
 class MovingWord : public QWidget, public TextLine {
     Q_OBJECT
 
@@ -44,6 +47,8 @@ public:
     /// Colours as they are stored.
     void SetBackColor(qint32 color);
     void SetForeColor(qint32 color);
+    /// Only texts of ShowText scroll: a reading that changes every second would never reach its end.
+    void SetLongText(LongText kind);
 
     qint32 WipeKind() const { return m_wipeKind; }
     qint32 FrameInterval() const { return m_frameInterval; }
@@ -64,13 +69,16 @@ public:
 
 protected:
     void paintEvent(QPaintEvent* event) override;
+    bool event(QEvent* event) override;
 
 private:
     void TakeText(const QString& text);
     void WipeTick();
     void EndWipe();
     void TellText();
-    void DrawPart(QPainter& painter, const QRect& part, const QString& text) const;
+    int Excess(const QString& text) const;
+    void StartScroll();
+    void DrawPart(QPainter& painter, const QRect& part, const QString& text, int offset) const;
 
     LineTime m_time;
     QString m_text;
@@ -81,7 +89,9 @@ private:
     qint32 m_stepSize = 1;
     qint32 m_backColor = 0;
     qint32 m_foreColor = 0xFFFFFF;
+    LongText m_longText = LongText::CutOff;
     std::unique_ptr<Timer> m_wipeTimer;
+    LongTextScroll m_scroll;
     Throttle m_teller;
     std::function<void()> m_bringUp;
 };

@@ -41,6 +41,11 @@ constexpr std::array kCorrections{
             [](FurtherSettings& s) -> bool& { return s.corrections.savesImmediately; }},
 };
 
+constexpr std::array kPlace{
+    FlagRow{u"Check18", u"画面の外に出たら、画面の中に戻す",
+            [](FurtherSettings& s) -> bool& { return s.face.staysOnScreen; }},
+};
+
 constexpr std::array<std::size_t, 3> kTodaysCorrections{0, 2, 6};  // rows of kCorrections
 
 }  // namespace
@@ -51,6 +56,10 @@ std::span<const FlagRow> OldCalendarFlags() {
 
 std::span<const FlagRow> CorrectionFlags() {
     return kCorrections;
+}
+
+std::span<const FlagRow> PlaceFlags() {
+    return kPlace;
 }
 
 void ChooseTodaysJapan(FurtherSettings& further) {

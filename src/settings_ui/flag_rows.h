@@ -22,6 +22,9 @@ std::span<const FlagRow> OldCalendarFlags();
 /// The corrections, from top to bottom.
 std::span<const FlagRow> CorrectionFlags();
 
+/// The place of the main window.
+std::span<const FlagRow> PlaceFlags();
+
 /// Chooses the law's holidays, the eras of the dates, and the corrections without which a Japan of today is
 /// announced wrongly: anniversaries of a weekday, the new date at midnight, and today's frame.
 void ChooseTodaysJapan(FurtherSettings& further);

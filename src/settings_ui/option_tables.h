@@ -60,6 +60,10 @@ inline constexpr std::array kEraOptions{
 inline constexpr std::array kUnderOptions{OptionRow{0, u"なし"}, OptionRow{1, u"六曜"},
                                           OptionRow{2, u"旧暦"}};
 
+/// What becomes of a text that is wider than its line, by LongText.
+inline constexpr std::array kLongTextOptions{OptionRow{1, u"省略記号を付ける"},
+                                             OptionRow{2, u"一度だけ流して見せる"}};
+
 /// How the language affects the other frames of the clock page.
 struct YearWords {
     bool enabled = false;                 ///< this language has year, hour and display styles

@@ -40,6 +40,8 @@ struct SettingsOperations {
     /// without calling `done`. If empty, the button is disabled.
     std::function<void(std::function<void()> done)> compact;
     HolidayListOperations holidayList;
+    /// Whether translucent windows can be seen through on this desktop.
+    std::function<bool()> isComposited;
 };
 
 /// References that the settings dialog works with; all outlive it.

@@ -25,7 +25,8 @@ Form2::Form2(const SettingsParts& parts, QWidget* parent)
       m_chimePage(new ChimePage(m_parts, m_draft, this)),
       m_correctionsPage(new CorrectionsPage(m_parts, m_draft, this)),
       m_calendarPage(new CalendarPage(
-          m_parts, m_draft, [this] { ShowTodaysCalendar(); }, this)) {
+          m_parts, m_draft, [this] { ShowTodaysCalendar(); }, this)),
+      m_facePage(new FacePage(m_parts, m_draft, this)) {
     setObjectName(u"Form2"_s);
     setWindowTitle(u"環境設定"_s);
     setWindowModality(Qt::ApplicationModal);
@@ -36,6 +37,8 @@ Form2::Form2(const SettingsParts& parts, QWidget* parent)
     m_pages->addTab(new DatabasePage(m_parts, this), u"データベース"_s);
     m_pages->addTab(m_calendarPage, u"暦"_s);
     m_pages->addTab(m_correctionsPage, u"動作"_s);
+    m_pages->addTab(m_facePage, u"窓"_s);
+    m_pages->setUsesScrollButtons(false);  // rather a wider dialog than pages out of sight
 
     for (int page = 0; page < m_pages->count(); ++page) {
         controls::TabInLayoutOrder(*m_pages->widget(page));
@@ -68,6 +71,7 @@ void Form2::Form_Load() {
     m_rollPage->Form_Load();
     m_chimePage->Form_Load();
     ShowTodaysCalendar();
+    m_facePage->Form_Load();
     m_pages->tabBar()->setFocus();
 }
 

@@ -9,6 +9,7 @@
 #include "settings_ui/chime_page.h"
 #include "settings_ui/clock_page.h"
 #include "settings_ui/corrections_page.h"
+#include "settings_ui/face_page.h"
 #include "settings_ui/roll_page.h"
 #include "settings_ui/settings_draft.h"
 #include "settings_ui/settings_parts.h"
@@ -47,6 +48,7 @@ private:
     ChimePage* m_chimePage;
     CorrectionsPage* m_correctionsPage;
     CalendarPage* m_calendarPage;
+    FacePage* m_facePage;
 };
 
 }  // namespace tickwell::settings_ui

@@ -42,6 +42,7 @@ Form1::Form1(const MainWindowParts& parts)
       m_switch(parts.settings, {.upper = *m_upperLine, .lower = *m_lowerLine}, *m_menu, m_displays),
       m_roll(m_displays, parts.further.roll, parts.power, parts.handlers, parts.timers,
              [this](qint32 number) { ChangeFunction(number); }),
+      m_screens(parts.handlers, parts.timers, [this] { ReturnToScreen(); }),
       m_gesture(QGuiApplication::styleHints()->startDragDistance()),
       m_tools(parts.folder, parts.starter),
       m_storage(parts.tray, *m_trayMenu, parts.handlers, parts.timers,
@@ -84,7 +85,11 @@ void Form1::Form_Load() {
     LoadWindowGeometry(m_parts.store, m_parts.settings, geometry);
     m_geometry.Set(geometry);
     ApplyStyles();
+    ApplyFace();
+    const FaceSettings& face = m_parts.further.face;
+    m_screens.Set({face.screen, {face.screenLeft, face.screenTop}});
     resize(m_geometry.Width(), height());
+    ReturnToScreen();
     move(m_geometry.Position());
     m_upperLine->SetText(u"Tickwell Ver.2"_s);
     m_lowerLine->SetText(QString());
@@ -99,6 +104,8 @@ void Form1::ApplyStyles() {
 
 void Form1::ApplySettings() {
     ApplyStyles();
+    ApplyFace();
+    ReturnToScreen();
     ChangeFunction(GetFuncNumber());
     RaiseRefresh();
 }
@@ -182,6 +189,10 @@ qint64 Form1::UntilKeepTop() const {
 }
 
 void Form1::SaveAll() {
+    const ScreenPlace place = m_parts.further.face.staysOnScreen ? m_screens.Place() : ScreenPlace();
+    m_parts.further.face.screen = place.screen;
+    m_parts.further.face.screenLeft = place.offset.x();
+    m_parts.further.face.screenTop = place.offset.y();
     SaveSettings(m_parts.store, m_parts.settings, m_parts.further, m_geometry.Geometry());
 }
 

@@ -13,6 +13,7 @@
 #include "shell/main_menu.h"
 #include "shell/main_window_parts.h"
 #include "shell/pointer_gesture.h"
+#include "shell/screen_keeper.h"
 #include "shell/tool_launcher.h"
 #include "shell/tray_storage.h"
 #include "shell/window_geometry.h"
@@ -89,6 +90,8 @@ private:
     bool IsCovered() const;
     bool IsLost() const;
     void ShowAgain();
+    void ApplyFace();
+    void ReturnToScreen();
 
     MainWindowParts m_parts;
     lines::FramePacer m_pacer;
@@ -104,6 +107,7 @@ private:
     displays::FunctionSwitch m_switch;
     displays::Roll m_roll;
     GeometryKeeper m_geometry;
+    ScreenKeeper m_screens;
     PointerGesture m_gesture;
     ToolLauncher m_tools;
     TrayStorage m_storage;

@@ -66,6 +66,8 @@ void Form1::moveEvent(QMoveEvent* /*event*/) {
     if (m_geometry.Moved(pos())) {
         QMetaObject::invokeMethod(
             this, [this] { move(m_geometry.Position()); }, Qt::QueuedConnection);
+    } else if (m_parts.further.face.staysOnScreen) {
+        m_screens.Moved(geometry());
     }
 }
 

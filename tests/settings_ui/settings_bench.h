@@ -46,7 +46,8 @@ struct SettingsBench {
                  list = path;
                  return QStringLiteral("report");
              },
-         .remove = [this] { list.clear(); }}};
+         .remove = [this] { list.clear(); }},
+        [] { return true; }};
     QString list;                     ///< the path of the kept list of holidays
     std::function<void()> compacted;  ///< the dialog's callback for the end of a compaction
     std::unique_ptr<Form2> form;

@@ -69,7 +69,7 @@ void TstCalendarPage::ThePagesComeLast() {
         names.append(tabs.tabText(page));
     }
     QCOMPARE(names, (QStringList{u"文字表示"_s, u"時計"_s, u"ロール"_s, u"時報"_s, u"データベース"_s, u"暦"_s,
-                                 u"動作"_s}));
+                                 u"動作"_s, u"窓"_s}));
 }
 
 void TstCalendarPage::TheNoteIsNeverCutOff() {
@@ -85,7 +85,7 @@ void TstCalendarPage::TheNoteIsNeverCutOff() {
 
 void TstCalendarPage::TabFollowsTheEyeOnEachPage_data() {
     QTest::addColumn<int>("page");
-    for (int page = 0; page < 7; ++page) {
+    for (int page = 0; page < 8; ++page) {
         QTest::addRow("page %d", page) << page;
     }
 }

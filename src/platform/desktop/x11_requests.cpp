@@ -4,18 +4,35 @@
 #include <QGuiApplication>
 #include <algorithm>
 #include <cstring>
+#include <string_view>
 
 namespace tickwell::platform {
 
 namespace {
 
 constexpr quint32 kMostItems = 4096;
+constexpr std::string_view kCompositor = "_NET_WM_CM_S0";  // the selection that it owns (EWMH)
 
 }  // namespace
 
 xcb_connection_t* X11Connection() {
     auto* x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
     return x11 == nullptr ? nullptr : x11->connection();
+}
+
+bool IsComposited() {
+    xcb_connection_t* server = X11Connection();
+    if (server == nullptr) {
+        return false;
+    }
+    const XcbReply<xcb_intern_atom_reply_t> atom(xcb_intern_atom_reply(
+        server, xcb_intern_atom(server, 0, kCompositor.size(), kCompositor.data()), nullptr));
+    if (!atom) {
+        return false;
+    }
+    const XcbReply<xcb_get_selection_owner_reply_t> owner(
+        xcb_get_selection_owner_reply(server, xcb_get_selection_owner(server, atom->atom), nullptr));
+    return owner && owner->owner != XCB_NONE;
 }
 
 xcb_window_t RootOf(xcb_connection_t* server) {

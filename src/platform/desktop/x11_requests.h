@@ -21,6 +21,9 @@ using XcbReply = std::unique_ptr<Reply, XcbFree>;
 /// Qt's connection, owned by Qt; null without X11.
 xcb_connection_t* X11Connection();
 
+/// Whether a compositing manager runs, so that translucent windows can be seen through. False without X11.
+bool IsComposited();
+
 xcb_window_t RootOf(xcb_connection_t* server);
 
 /// Requests a property of 32-bit items, at most 4096 of them. The answer is read by ItemsOf.

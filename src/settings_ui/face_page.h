@@ -1,0 +1,46 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QCheckBox>
+#include <QLabel>
+#include <QSlider>
+#include <vector>
+
+#include "controls/number_box.h"
+#include "settings_ui/option_array.h"
+#include "settings_ui/settings_draft.h"
+#include "settings_ui/settings_parts.h"
+
+namespace tickwell::settings_ui {
+
+/// Page 窓: the look and the place of the main window.
+class FacePage : public QWidget {
+    Q_OBJECT
+
+public:
+    /// The references in the parts and the draft outlive the page.
+    FacePage(const SettingsParts& parts, SettingsDraft& draft, QWidget* parent);
+
+    /// Shows the draft.
+    void Form_Load();
+
+private:
+    QWidget* MakeLookFrame();
+    QWidget* MakePlaceFrame();
+    void MakeOpacity();
+    void Slider2_Change(int percent);
+    void UpDown2_Change(int percent);
+    void Check17_Click();
+    void Option11_Click(qint32 index);
+
+    SettingsParts m_parts;
+    SettingsDraft& m_draft;
+    QSlider* m_opacity;
+    controls::NumberBox* m_percent;
+    QCheckBox* m_marksLongText;
+    OptionArray m_longTextOptions;
+    std::vector<QCheckBox*> m_placeChecks;
+    qint32 m_chosenLongText = 1;  // the option that is checked, also while the box is not
+};
+
+}  // namespace tickwell::settings_ui
