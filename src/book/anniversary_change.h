@@ -24,8 +24,8 @@ namespace tickwell::book {
 ///
 /// The rows are processed from last to first. A row that cannot be parsed ends the processing: the rows after
 /// it in the list are changed, those before it are not, and its RunTimeError is thrown at the end. Rows that
-/// another program has changed meanwhile are left unchanged, and the last slice throws a RunTimeError that
-/// says so.
+/// another program has changed meanwhile are left unchanged, which the last slice reports with a
+/// RunTimeError.
 ///
 /// The stored rows are searched in slices. More than a few are then written in a separate thread, because
 /// each write may wait for the disk; the database is closed until that is done.

@@ -102,7 +102,7 @@ bool X11Stack::HasDeclared(const Kept& kept) const {
     return isEverywhere && kept.states.contains(Atom(SkipTaskbar)) && kept.states.contains(Atom(SkipPager));
 }
 
-/// A window manager that has refused is not asked again until the states that it keeps change.
+/// Repeats a request that the window manager has refused only after the states that it keeps have changed.
 void X11Stack::AskAgain(xcb_connection_t* server, quint32 window, const Kept& kept) {
     if (HasDeclared(kept)) {
         m_refused = {};

@@ -6,8 +6,8 @@
 
 namespace tickwell::platform {
 
-/// The user's folders by the freedesktop.org base directory rules: all absolute, from the environment or a
-/// default. A relative path in the environment is invalid and is ignored; QStandardPaths would accept it.
+// The user's folders by the freedesktop.org base directory rules: all absolute, from the environment or a
+// default. A relative path in the environment is invalid and is ignored; QStandardPaths would accept it.
 
 /// Removes the variables with relative paths from the environment of this process, so that no library uses
 /// them either, and logs a warning for each. To be called before any thread is started.
