@@ -12,7 +12,8 @@ namespace tickwell::app {
 /// The first message of thanks: like all of them, two texts joined by a carriage return.
 QString FirstThanks();
 
-/// The message after the one shown: the second after the first, the third after the second, else the first.
+/// The message after the one shown: the second after the first, the third after the second, otherwise the
+/// first.
 QString NextThanks(const QString& shown);
 
 /// The message with line feeds, for display.

@@ -7,7 +7,7 @@
 
 namespace tickwell::app {
 
-/// The days off from the source that the settings choose at the time of each question.
+/// Delegates each call to the source of the days off that the settings select at that moment.
 class ChosenHolidays : public days::HolidaySource {
 public:
     /// Database and settings outlive this object. `folder` holds the official list.

@@ -49,7 +49,7 @@ FurtherSettings ReadSettings(const QString& path) {
     return settings;
 }
 
-/// Closes the database before the first line is printed: a pager may stop the printing for hours.
+/// Closes the database before the first line is printed: a pager may block the output for hours.
 days::AnniversaryIndex ReadIndex(const ProgramFolder& folder, const days::DayRange& days) {
     store::DayDatabase database = OpenDays(folder);
     return days::AnniversaryIndex(days::ReadAnniversaries(database, days.first.year(), days.last.year()));
@@ -64,7 +64,7 @@ QStringList NamesOf(const DaySources& sources, QDate today) {
 }
 
 DaySources SourcesOf(const Options& options) {
-    // Qt tells this folder only to a QCoreApplication.
+    // QCoreApplication::applicationDirPath needs an application object, and there is none here.
     const QString executableFolder = QFileInfo(QFileInfo(u"/proc/self/exe"_s).canonicalFilePath()).path();
     return {.folder = ChooseFolder(ChoicesOfProcess(options.folder, executableFolder)),
             .settings = platform::IniFileStore::UserPath()};
@@ -74,7 +74,7 @@ QDate Today(const Options& options) {
     return options.virtualTime ? options.virtualTime->wall.date() : platform::SystemClock().Now().date();
 }
 
-/// A place and its reason are lines of an error.
+/// Prints the error, in which line breaks separate path and reason, on one line.
 int Fail(int exitCode, QString error) {
     error.replace(u"。\r\n"_s, u"。 "_s).replace(u"\r\n"_s, u": "_s);
     std::fprintf(stderr, "tickwell: %s\n", qUtf8Printable(OnOneLine(error)));
@@ -103,7 +103,7 @@ int RunDayCommand(const Options& options) {
     if (!options.error.isEmpty()) {
         return Fail(kWrongOptions, options.error);
     }
-    std::signal(SIGPIPE, SIG_IGN);  // a reader that has enough, such as head, is no failure
+    std::signal(SIGPIPE, SIG_IGN);  // a reader that closes the pipe early, such as head, is not an error
     try {
         LineOutput output(STDOUT_FILENO);
         if (options.printsDays) {

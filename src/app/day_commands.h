@@ -6,11 +6,11 @@
 
 namespace tickwell::app {
 
-// The commands that print days and end. They need no window, may run while the program does, and change no
-// file: they take no part in the locks of folder and database, and a lock held by another process is an error
-// within half a second.
+// The commands that print days and exit. They need no window, can run while the program does, and change no
+// file: they do not lock the folder, take no lock on DayDate.lock, and fail after half a second if another
+// process keeps the database locked.
 
-/// Where they read.
+/// The folder and file that they read from.
 struct DaySources {
     QString folder;    ///< the program's folder, absolute
     QString settings;  ///< the settings file; an absent one means the defaults
@@ -23,9 +23,9 @@ void PrintToday(const DaySources& sources, QDate today, LineOutput& output);
 /// Throws RunTimeError.
 void PrintDays(const DaySources& sources, const days::DayRange& days, LineOutput& output);
 
-/// Runs the command of `options`, with their error if they have one. Returns the exit code of the process: 0,
-/// 1 if a file could not be read or standard output not be written, 2 if the options are wrong; these two
-/// with one line on standard error. Ignores SIGPIPE from then on.
+/// Runs the command in `options`, or reports their error. Returns the exit code of the process: 0 on success,
+/// 1 if a file could not be read or standard output could not be written, 2 if the options are wrong. In the
+/// last two cases one line is printed to standard error. Ignores SIGPIPE from then on.
 int RunDayCommand(const Options& options);
 
 }  // namespace tickwell::app

@@ -21,13 +21,13 @@ FolderChoices ChoicesOfProcess(const QString& argument, const QString& executabl
 const QStringList& RequiredFiles();
 
 /// The absolute path of the folder for database, help, sounds and tools: the one given by argument or
-/// environment; else the binary's own folder if it is writable and contains DayDate.mdb (portable); else a
-/// folder in the user's data home.
+/// environment; otherwise the binary's own folder if it is writable and contains DayDate.mdb (portable);
+/// otherwise a folder in the user's data home.
 QString ChooseFolder(const FolderChoices& choices);
 
 /// The command that starts `program` again with the folder of these choices, which exists. Contains --folder
-/// unless the program chooses that folder anyway, both with and without the environment of these choices.
-/// `program`: an absolute path.
+/// unless the program would choose that folder without it, whether or not TICKWELL_FOLDER is set as in these
+/// choices. `program`: an absolute path.
 QStringList StartingCommand(const QString& program, const FolderChoices& choices);
 
 /// The folder of the master files that are installed with the program: beside the binary, or the installed
@@ -35,7 +35,7 @@ QStringList StartingCommand(const QString& program, const FolderChoices& choices
 QString MastersFolder(const QString& executableFolder);
 
 /// The path of a helper program, "tickwell-cd" or "tickwell-print": beside the executable if it exists there,
-/// else in the folder of installed helpers.
+/// otherwise in the folder of installed helpers.
 QString HelperPath(const QString& executableFolder, const QString& name);
 
 /// Prepares `folder`. A missing one is filled beside its final path and then renamed, so that it never exists

@@ -9,12 +9,12 @@ namespace tickwell::app {
 /// Writes lines in UTF-8, whatever the locale, to a file descriptor such as that of standard output.
 class LineOutput {
 public:
-    /// `descriptor` stays open, and stays the caller's.
+    /// `descriptor` remains open and owned by the caller.
     explicit LineOutput(int descriptor) : m_descriptor(descriptor) {}
 
-    /// Both return false once the reader of a pipe has gone (SIGPIPE must be ignored); there is then no point
-    /// in writing more. They throw RunTimeError if the lines cannot be written.
-    bool Add(const QString& line);  ///< without its end
+    /// Both return false once the reader has closed the pipe (SIGPIPE must be ignored); writing more is then
+    /// pointless. They throw RunTimeError if the lines cannot be written.
+    bool Add(const QString& line);  ///< `line`: without a line feed
     bool Flush();                   ///< to be called after the last line
 
 private:

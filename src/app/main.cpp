@@ -31,7 +31,8 @@ std::vector<char*> ArgumentsForQt(int argc, char** argv) {
     return arguments;
 }
 
-/// The options before Qt has taken out its own, which are errors here: for all that needs no screen.
+/// The options, parsed before Qt removes its own from the arguments; those count as errors here. Sufficient
+/// for commands that need no display.
 tickwell::app::Options EarlyOptions(int argc, char** argv) {
     QStringList arguments;
     for (int i = 0; i < argc; ++i) {

@@ -6,12 +6,12 @@
 
 namespace tickwell::app {
 
-/// An option of the command line as users know it.
+/// A command-line option as --help describes it.
 struct OptionRow {
     QStringView letter;  ///< its short form; empty if it has none
     QStringView name;
     QStringView values;       ///< what follows it in the help, such as "<dir>"; empty if nothing does
-    bool takesValue = false;  ///< whether the next word is its value; otherwise `values` are further words
+    bool takesValue = false;  ///< the next argument is its value; otherwise `values` are positional
     QStringView english;      ///< its description, broken into lines
     QStringView japanese;
 };
@@ -22,8 +22,8 @@ std::span<const OptionRow> OptionRows();
 /// What --help prints.
 QString HelpText(bool inJapanese);
 
-/// Whether the environment asks for messages in Japanese: LANGUAGE, or else the first of LC_ALL, LC_MESSAGES
-/// and LANG that is not empty.
+/// Whether the environment selects messages in Japanese: LANGUAGE, or if it is empty the first of LC_ALL,
+/// LC_MESSAGES and LANG that is not.
 bool WantsJapanese();
 
 }  // namespace tickwell::app

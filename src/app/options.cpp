@@ -35,7 +35,7 @@ QString AbsoluteOf(const QString& path) {
     return path.isEmpty() ? QString() : QFileInfo(path).absoluteFilePath();
 }
 
-/// What the program can be asked for instead of its window or in it, one at a time.
+/// The options that select what to do; only one of them can be given.
 constexpr std::array kCommands{u"menu", u"today", u"days"};
 
 void AddOptions(QCommandLineParser& parser) {
@@ -62,7 +62,8 @@ void TakeOneCommand(const QCommandLineParser& parser, Options& options) {
     }
 }
 
-/// An ISO date; QDate would also accept other separators and what follows a date.
+/// A date in exactly the form YYYY-MM-DD: QDate alone would also accept other separators and text after the
+/// date.
 QDate DateOf(const QString& text) {
     const QDate date = QDate::fromString(text, Qt::ISODate);
     return date.isValid() && date.toString(Qt::ISODate) == text ? date : QDate();

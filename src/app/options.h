@@ -22,11 +22,11 @@ struct Options {
     QString folder;  ///< empty if not given
     QString disc;    ///< a drive or an image, absolute; empty if neither argument nor environment names one
     bool opensMenu = false;
-    bool printsToday = false;                  ///< to be done instead of starting
-    std::optional<days::DayRange> printsDays;  ///< likewise; inside days::LinedDays
-    bool needsNoWindow = false;  ///< one of these two was asked for, even if `error` says that it was wrong
+    bool printsToday = false;                  ///< print today's names instead of starting
+    std::optional<days::DayRange> printsDays;  ///< print these days instead; inside days::LinedDays
+    bool needsNoWindow = false;                ///< one of these two was requested, even if `error` is set
     std::optional<VirtualTimeOption> virtualTime;
-    QString answer;  ///< to be printed instead of starting; else empty
+    QString answer;  ///< to be printed instead of starting; empty if there is none
     QString error;   ///< what is wrong with the arguments; empty if nothing
 };
 

@@ -13,7 +13,7 @@ QIcon ProgramIcon(int largest) {
             break;
         }
         QImageReader reader(QStringLiteral(":/icons/tickwell-%1.png").arg(size), "png");
-        reader.setAutoDetectImageFormat(false);  // else all image format plugins are loaded and tried
+        reader.setAutoDetectImageFormat(false);  // otherwise all image format plugins are loaded and tried
         icon.addPixmap(QPixmap::fromImageReader(&reader));
     }
     return icon;

@@ -85,8 +85,9 @@ QList<QRect> TakenBeside(const QWidget& window) {
     return taken;
 }
 
-/// The active modal window if it or one of its parents is application-modal, else a visible application-modal
-/// window; null if there is none. The active one may be a message box that is modal to a different window.
+/// The active modal window if it or one of its parents is application-modal, otherwise a visible
+/// application-modal window; null if there is none. The active one may be a message box that is modal to a
+/// different window.
 QWidget* BlockingWindow() {
     QWidget* active = QApplication::activeModalWidget();
     for (QWidget* modal = active; modal != nullptr; modal = modal->parentWidget()) {

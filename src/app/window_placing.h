@@ -8,7 +8,7 @@
 namespace tickwell::app {
 
 /// The position for a rectangle of this size on `screen` that covers neither `opener` nor any of `taken` and
-/// is as near to `opener` as possible; at equal distance preferably below it, else above, to the right or to
+/// is as near to `opener` as possible; at equal distance preferably below it, then above, to the right or to
 /// the left. If no position is free, the one that covers the least area. A rectangle larger than the screen
 /// is placed at the screen's top left corner.
 QPoint PlaceNear(QSize size, const QRect& opener, const QRect& screen, const QList<QRect>& taken);

@@ -160,7 +160,7 @@ settings_ui::HolidayListOperations Windows::HolidayList() {
                 }};
 }
 
-/// The calendar, if it is open, shows its month by the current settings, unless its database is being
+/// If the calendar is open, shows its month again with the current settings, unless the database is being
 /// compacted.
 void Windows::RefreshCalendar() {
     if (m_calendar != nullptr && m_parts.dayDatabase.TryOpen()) {

@@ -18,13 +18,14 @@
 namespace tickwell::book {
 
 /// Changes or deletes anniversaries: for each selected row of the day list, all stored rows equal to the
-/// parsed list row, which may be none or other ones (WeekOfListText), or with a correction to the chosen row
-/// (TargetOf). A row that no statement can select is changed by its key. All changes are stored in one
-/// transaction at the end.
+/// parsed list row, which may be none, or rows other than the one shown (see WeekOfListText); with the
+/// correction weekdayAnniversaries, all rows equal to the one shown (see TargetOf). A row that no statement
+/// can select is changed by its key. All changes are stored in one transaction at the end.
 ///
-/// The rows are processed from last to first. A row that cannot be parsed ends that: the rows after it are
-/// changed, those before it are not, and its RunTimeError is thrown at the end. Rows that another program has
-/// changed meanwhile are left unchanged, and the last slice throws a RunTimeError that says so.
+/// The rows are processed from last to first. A row that cannot be parsed ends the processing: the rows after
+/// it in the list are changed, those before it are not, and its RunTimeError is thrown at the end. Rows that
+/// another program has changed meanwhile are left unchanged, which the last slice reports with a
+/// RunTimeError.
 ///
 /// The stored rows are searched in slices. More than a few are then written in a separate thread, because
 /// each write may wait for the disk; the database is closed until that is done.

@@ -7,11 +7,11 @@
 
 namespace tickwell::book {
 
-/// What the editor changes a row to.
+/// The result of editing a row.
 struct Edit {
     days::Anniversary entered;
-    bool isRenamed = false;  ///< the name was changed in the editor; if not, one that no statement can
-                             ///< contain is kept as it is stored
+    bool isRenamed = false;  ///< the user changed the name; if not, a name that no statement can
+                             ///< contain keeps its stored value
 };
 
 /// Changes the chosen row of the list. `database` outlives the work. Throws RunTimeError if the list row

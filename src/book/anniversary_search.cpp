@@ -123,7 +123,7 @@ bool AnniversarySearch::Step() {
     }
     const store::ChangeMark mark = m_database.Mark();
     if (std::exchange(m_mark, mark) != mark) {
-        Begin();  // all four results must belong to the same state
+        Begin();  // all four results must come from the same state of the database
     }
     while (m_current < m_searches.size() && m_searches[m_current].Step(m_database)) {
         ++m_current;

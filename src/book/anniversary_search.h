@@ -26,7 +26,7 @@ struct SearchConditions {
     bool everyMonth = true;            ///< include those of every month
     std::optional<QString> name;       ///< the complete name; empty: any
     std::optional<SearchRange> dates;  ///< empty: any; start is not after end
-    bool acrossMonths = false;         ///< a date range finds all of every year that fall into it
+    bool acrossMonths = false;         ///< a date range finds all yearly anniversaries that fall within it
 };
 
 /// The result of a search: rows for the list, and the number of anniversaries searched.
@@ -35,12 +35,12 @@ struct SearchFinds {
     int searched = 0;
 };
 
-/// The three queries: for anniversaries of one year, of every year, and of every month. For a box that is not
-/// ticked the query asks for the year 5, in which no anniversary is expected. The date conditions
-/// intentionally keep the behaviour that users know: they find no anniversary of one year; in a range over
-/// several months, only the yearly ones of the months strictly in between; and in a range into the next
-/// month, the days are compared as if both were in one month. With `acrossMonths` the yearly ones are those
-/// that fall on a day of the range (YearlyCondition).
+/// The three queries: for anniversaries of one year, of every year, and of every month. The query of an
+/// unticked box selects the year 5, in which no anniversary is expected. The date conditions intentionally
+/// keep the behaviour that users know: they find no anniversary of one year; in a range over several months,
+/// only the yearly ones of the months strictly in between; and in a range into the next month, the days are
+/// compared as if both were in one month. With `acrossMonths` the yearly ones are those that fall on a day of
+/// the range (YearlyCondition).
 std::array<QString, 3> SearchTexts(const SearchConditions& conditions);
 
 /// Runs the three queries and counts all anniversaries except those of the year 5, in slices. Rows are

@@ -6,7 +6,7 @@
 namespace tickwell::book {
 
 /// Statements that write to the anniversary book, for DayDatabase::Execute. A name is put in double quotes
-/// unchanged: the database refuses the statement of a name that contains a double quote.
+/// unchanged: if it contains a double quote, the database refuses the statement.
 QString InsertSql(const days::Anniversary& anniversary);
 
 /// Changes every row equal to `from`, if there is any. The new numbers are quoted like the new name; the

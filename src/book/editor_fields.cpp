@@ -47,8 +47,8 @@ bool IsWithin(int last, int number) {
     return number >= 1 && number <= last;
 }
 
-/// Replaces the parts of the date that the row has and the fields offer. A week code keeps its sign in both
-/// parts, so neither part of a negative one is offered.
+/// Replaces the parts of the date that the row has and the fields offer. Both digits of a negative week code
+/// are negative, so the fields offer neither.
 void TakeDate(EditorFields& fields, const days::Anniversary& row) {
     if (IsWithin(kLargestYear, row.year)) {
         fields.year = QString::number(row.year);

@@ -47,9 +47,9 @@ EditorFields FieldsToAdd(QDate date);
 /// calendar: editing a search result moves it to the selected date unless the user enters another one.
 EditorFields FieldsToEdit(const days::Anniversary& row, QDate date);
 
-/// The fields to change a row of the list. With editorTakesDate the date is that of the stored row; what is 0
-/// in it, or what its field does not offer (a 13th month, a sixth week), comes from the calendar. Throws
-/// RunTimeError if the row cannot be parsed (TargetOf).
+/// The fields to change a row of the list. With editorTakesDate the date is that of the stored row, but parts
+/// that are 0, or that their field does not offer (a 13th month, a sixth week), come from the calendar.
+/// Throws RunTimeError if the row cannot be parsed (TargetOf).
 EditorFields FieldsToEdit(const days::DayListRow& row, QDate date, const Corrections& corrections);
 
 /// Changes the kind and what depends on it: an anniversary of one day is never defined by its week.

@@ -43,9 +43,9 @@ struct SearchEnabling {
 
 SearchEnabling EnablingOf(bool byName, bool byDate, RangeKind range);
 
-/// The date that the numbers result in, with months and days out of range carried over: 31 February is in
-/// March, day 0 is the last day of the previous month. `year` and the year of the result are 100 to 9999.
-/// Throws RunTimeError.
+/// The date with this year, month and day; numbers out of range are carried over: 31 February is in March,
+/// day 0 is the last day of the previous month. `year` and the year of the result are 100 to 9999. Throws
+/// RunTimeError.
 QDate RolledDate(qint32 year, qint32 month, qint32 day);
 
 /// With After the range ends on 31 December 9999; with Before it begins on 1 January 100.

@@ -6,10 +6,10 @@
 
 namespace tickwell::book {
 
-/// The condition on month, day and week, for the end of a statement, of the anniversaries of every year that
-/// fall on a day from `first` to `last`, in whatever year. It selects neither 29 February if no leap day is
-/// among these days, nor a fifth weekday that none of these months has, nor what falls in no year. `first` is
-/// not after `last`; both are valid.
+/// The SQL condition, to be appended to a statement, that selects the yearly anniversaries that fall on a day
+/// from `first` to `last`. It tests only month, day and week. It leaves out 29 February if the range has no
+/// leap day, a fifth weekday that no month of the range has, and rows that fall on no day of any year.
+/// `first` is not after `last`; both are valid.
 QString YearlyCondition(QDate first, QDate last);
 
 }  // namespace tickwell::book

@@ -7,7 +7,7 @@ namespace tickwell::cd_helper {
 
 enum class ByteOrder { Little, Big };
 
-/// Checks the sheet of an image for what libcdio does not check.
+/// What is known about an image from its sheet, including what libcdio does not check.
 struct ImageSheet {
     bool isPlayable = false;
     ByteOrder order = ByteOrder::Little;  ///< of the sound in the image

@@ -52,7 +52,7 @@ private:
     std::unique_ptr<Timer> m_slices;
     std::unique_ptr<Timer> m_appearance;
     QList<QPointer<QWidget>> m_disabled;  // the dialog's controls that were enabled
-    QPointer<QWidget> m_focus;            // that had the keyboard focus
+    QPointer<QWidget> m_focus;            // the control that had the keyboard focus
     QProgressBar* m_progress = nullptr;   // owned as a child
     QWidget* m_stop = nullptr;            // owned as a child
 };

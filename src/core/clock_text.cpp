@@ -23,7 +23,7 @@ struct DayNames {
     QStringView afternoon;
 };
 
-/// "午後9" for 21:00: the word first, without a blank; hours 0 to 11.
+/// "午後9" for 21:00: the word, then the hour 0 to 11, without a space.
 QString TwelveHourText(int hour, const DayNames& names) {
     return hour < 12 ? names.morning + QString::number(hour) : names.afternoon + QString::number(hour - 12);
 }

@@ -8,7 +8,7 @@ class DayChanges {
 public:
     virtual ~DayChanges() = default;
 
-    /// Has today's names and the date text looked up again at the clock's next tick.
+    /// Makes the clock look up today's names and the date text again at its next tick.
     virtual void RaiseRefresh() = 0;
 };
 

@@ -12,7 +12,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// The list's words for a day off without its own name; it uses the second for the ceremonies of 2019.
+/// What the list calls a day off that has no name of its own; the second form occurs only with the ceremonies
+/// of 2019.
 bool IsOnlyDayOff(const QString& listed) {
     return listed == u"休日" || listed == u"休日（祝日扱い）";
 }

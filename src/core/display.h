@@ -20,7 +20,7 @@ struct RollTraits {
     bool isSkippedOnMains = false;  ///< the roll passes over it while the machine runs on mains
 };
 
-/// What the menu, the roll and the settings know of a display. All texts are literals.
+/// What the menu, the roll and the settings know about a display. All texts are literals.
 struct DisplayTraits {
     qint32 number = 0;              ///< as the settings store it; no two displays have the same
     QStringView menuItem;           ///< object name of its menu item
@@ -28,45 +28,46 @@ struct DisplayTraits {
     QStringView title = {};         ///< upper line; empty if the display writes that line itself
     bool hasOperationItem = false;  ///< Menu0, which opens its window, stays enabled
     bool turnsWithSeconds = false;  ///< its line changes about once a second
-    std::optional<RollTraits> roll = std::nullopt;  ///< none: the roll never shows it
+    std::optional<RollTraits> roll = std::nullopt;  ///< nullopt if the roll never shows it
 };
 
-/// One of the things that the main window can show on its two lines. It owns its timers, which run only while
-/// it is shown unless it says otherwise.
+/// Something that the main window can show on its two lines. It owns its timers; they run only while it is
+/// shown, unless the class documents otherwise.
 class Display {
 public:
     virtual ~Display() = default;
 
     virtual const DisplayTraits& Traits() const = 0;
 
-    /// It was chosen: writes its first texts, which come in with a wipe, and starts its timers. Throws
+    /// Called when it is chosen: shows its first texts with a wipe and starts its timers. Throws
     /// RunTimeError; its timers are then stopped.
     virtual void Show() = 0;
 
-    /// A display is about to be chosen, perhaps this one again: stops its timers. Called whether it is shown
-    /// or not.
+    /// Stops its timers. Called for every display, shown or not, before one of them is chosen, even if that
+    /// is this one again.
     virtual void Hide() = 0;
 
-    /// The lines have become visible: brings them up to date if this display is shown.
+    /// Called when the lines have become visible: updates them if this display is shown.
     virtual void Tick() = 0;
 
     /// Milliseconds until its lines show something new; may be longer while they are not visible.
     virtual qint64 UntilDue(bool isSeen) const = 0;
 
-    /// The time jumped, or another part of the program wrote to the lines: something may be due sooner than
-    /// UntilDue said.
+    /// Called after a time jump, or when another part of the program wrote to the lines: something may be due
+    /// sooner than UntilDue returned.
     virtual void Wake() {}
 
-    /// A screen reader asks for the text: updates a running reading between two ticks. Never throws.
+    /// Called when a screen reader requests the text: updates a running reading between two ticks. Never
+    /// throws.
     virtual void BringUp() {}
 
-    /// The settings, or what falls on today, have changed: they are looked up again at the next tick.
+    /// Called when the settings or today's names have changed: looks them up again at the next tick.
     virtual void Refresh() {}
 
     /// Opens the window that controls it; does nothing if it has none. Throws RunTimeError.
     virtual void OpenWindow() {}
 
-    /// The program ends: closes its windows.
+    /// Called at the end of the program: closes its windows.
     virtual void CloseWindows() {}
 };
 
@@ -79,7 +80,8 @@ struct DisplayView {
     std::function<bool()> isSeen = [] { return true; };
     /// ms after a change until the lines can show another one
     std::function<qint64()> untilFrame = [] { return 1; };
-    /// A window of a display wrote to the lines while another display is shown, whose timer may sleep.
+    /// To be called after a display's window wrote to the lines while another display is shown: wakes the
+    /// timer of the shown one.
     std::function<void()> linesWritten = [] {};
 };
 

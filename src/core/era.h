@@ -16,7 +16,7 @@ struct Era {
     bool operator==(const Era&) const = default;
 };
 
-/// How Japanese years are written. By default in years of 平成, whatever the date is.
+/// How Japanese years are written; by default as years of 平成, whatever the date.
 struct EraStyle {
     bool byDate = false;        ///< in the era of the date, from 明治 on
     std::optional<Era> next{};  ///< an era to come, later than 令和; without effect unless `byDate`
@@ -24,7 +24,8 @@ struct EraStyle {
     bool operator==(const EraStyle&) const = default;
 };
 
-/// A year of an era. 1988 and before are the years 0 and below of 平成 if the style does not go by date.
+/// A year of an era. If the style does not go by date, 1988 is year 0 of 平成, and earlier years are
+/// negative.
 struct EraYear {
     QString name;
     QString letter;
@@ -45,7 +46,7 @@ std::optional<EraYear> EraYearOf(QDate date, const EraStyle& style);
 /// the day is not after the first of 令和.
 Era ReadEra(const QString& text);
 
-/// What ReadEra reads.
+/// The inverse of ReadEra.
 QString EraText(const Era& era);
 
 }  // namespace tickwell

@@ -7,7 +7,7 @@
 namespace tickwell {
 
 /// An error that a handler cannot recover from: an overflow, a text that is not a number, a database error.
-/// It ends the handler and the user is told the reason; the program continues.
+/// It ends the handler, its reason is shown to the user, and the program continues.
 class RunTimeError : public std::exception {
 public:
     /// `reason`: one short Japanese sentence for the user, plain text.
@@ -25,7 +25,7 @@ private:
     QByteArray m_utf8;
 };
 
-/// For a file: what went wrong, the path, and why, each in a line of its own.
+/// An error of a file. Its reason has three lines: what went wrong, the path, and why.
 RunTimeError FileError(const QString& what, const QString& path, const QString& why);
 
 /// A result is outside the range of a signed 32-bit (or 16-bit) integer.

@@ -43,7 +43,7 @@ public:
     /// error is queued and reported next. `owner` as for Run; it may be destroyed meanwhile.
     void Tell(const QString& reason, const QObject* owner = nullptr);
 
-    /// Calls `action` now, or once the report box is closed.
+    /// Calls `action` now, or once the report box is closed; until then a further call replaces it.
     void WhenQuiet(std::function<void()> action);
 
 private:

@@ -65,7 +65,8 @@ constexpr std::array kLaw{
     LawRow{u"勤労感謝の日", 1948, kOn, 11, Reckoning::Day, 23},
 };
 
-// The earlier acts for single days did not make them holidays in this sense.
+// The earlier acts for single days did not make them holidays, so no day between one of them and a holiday is
+// off.
 constexpr std::array kOneDayActs{
     LawRow{u"結婚の儀", 1959, 1959, 4, Reckoning::Day, 10, HolidayKind::OneDay},
     LawRow{u"大喪の礼", 1989, 1989, 2, Reckoning::Day, 24, HolidayKind::OneDay},

@@ -88,7 +88,7 @@ QString AddLine(const QString& line, qsizetype number, Reading& reading) {
     return {};
 }
 
-/// Refuses a list that has lost days. `lastLine`: of the file.
+/// Refuses a list with missing days. `lastLine`: the number of the file's last line.
 std::optional<HolidayListProblem> MissingDays(const Reading& reading, qsizetype lastLine) {
     const QMap<QDate, QString>& days = reading.list.days;
     if (days.isEmpty()) {

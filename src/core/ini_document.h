@@ -36,11 +36,11 @@ private:
     QByteArray m_lineEnd = "\n";
 };
 
-/// The form of a value after the "=": backslashes, line breaks and leading and trailing spaces are escaped,
-/// so that the file can be aligned by hand without changing values.
+/// The form in which a value is stored after the "=": backslashes, line breaks and leading and trailing
+/// spaces are escaped, so that the file can be aligned by hand without changing values.
 QByteArray EscapedValue(const QString& value);
 
-/// The reverse. A backslash before any other character stands for itself, for paths written by hand.
+/// The inverse of EscapedValue. A backslash before any other character is kept, for paths written by hand.
 QByteArray UnescapedValue(const QByteArray& stored);
 
 }  // namespace tickwell

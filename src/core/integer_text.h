@@ -11,8 +11,8 @@ namespace tickwell {
 qint32 IntegerOf(QStringView text);
 qint16 ShortIntegerOf(QStringView text);
 
-/// "True" and "False" in any case, else a number as above, true if it is not zero. Throws
-/// TypeMismatchError.
+/// Accepts "True" and "False" in any case; any other text must be a number as above, and means true unless it
+/// is zero. Throws TypeMismatchError.
 bool FlagOf(QStringView text);
 
 /// The stored form of a flag.

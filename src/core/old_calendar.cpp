@@ -29,7 +29,7 @@ int LengthOfMonth(quint32 bits, int index) {
     return (bits >> (9 + index) & 1) != 0 ? 30 : 29;
 }
 
-/// `mark` in a leap month, else empty.
+/// `mark` in a leap month, otherwise empty.
 QString InLeapMonth(const OldDate& date, const QString& mark) {
     return date.isLeap ? mark : QString();
 }

@@ -20,7 +20,8 @@ struct OldDate {
 /// Nothing outside 1900-01-01 to 2100-12-31.
 std::optional<OldDate> OldDateOf(QDate day);
 
-/// "大安": the day in the cycle of six that starts anew with each month; a leap month counts as its number.
+/// "大安": the day in the six-day cycle, which restarts with each month. A leap month starts it like the
+/// month of the same number.
 QString RokuyoName(const OldDate& date);
 
 /// "旧暦10月14日"; in a leap month "旧暦閏6月1日".

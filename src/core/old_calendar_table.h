@@ -4,7 +4,7 @@
 #include <QDate>
 #include <array>
 
-// What moon and sun do in the years 1900 to 2100, as days in Japan (UTC + 9 h). Computed by
+// The new moons and solar longitudes of the years 1900 to 2100, as dates in Japan (UTC + 9 h). Computed by
 // tools/make_old_calendar; only old_calendar and solar_terms read it.
 
 namespace tickwell {
@@ -24,21 +24,21 @@ inline bool IsInTable(QDate day) {
 ///     bits 9..21  for each of its months in order, the leap month included: 1 if it has 30 days, 0 if 29
 extern const std::array<quint32, kTableYears + 1> kOldYears;
 
-/// A day of any year; `day` is that of the month.
+/// A month, and a day of it, without a year.
 struct DayOfYear {
     qint8 month;
     qint8 day;
 };
 
-/// The longitudes of the sun whose days are known: the 24 terms from 小寒 (285°, in January) on at 15° each,
-/// then 297°, 27°, 80°, 100°, 117° and 207°.
+/// The solar longitudes in the table: the 24 terms from 小寒 (285°, in January) on at 15° each, then 297°,
+/// 27°, 80°, 100°, 117° and 207°.
 inline constexpr int kSolarLongitudes = 30;
 
 /// The earliest day on which the sun reaches each longitude in any of these years.
 extern const std::array<DayOfYear, kSolarLongitudes> kEarliestSolarDays;
 
-/// For year 1900 + index: bits 2n and 2n + 1 are how many days after its earliest day the sun reaches
-/// longitude n.
+/// For year 1900 + index: bits 2n and 2n + 1 count the days from the earliest day of longitude n to the day
+/// on which the sun reaches it.
 extern const std::array<quint64, kTableYears> kSolarDays;
 
 }  // namespace tickwell

@@ -5,7 +5,7 @@
 
 namespace tickwell {
 
-/// `text` with a blank in place of each character that ends a line, separates columns or controls a terminal.
+/// `text` with a space in place of each character that ends a line, separates columns or controls a terminal.
 inline QString OnOneLine(QString text) {
     for (QChar& each : text) {
         const QChar::Category category = each.category();

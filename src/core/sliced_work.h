@@ -27,7 +27,7 @@ public:
     bool IsGivenUp() const { return m_isGivenUp; }
 
 protected:
-    /// The cancellation came too late.
+    /// To be called if the work was complete before the cancellation took effect.
     void IsDoneAllTheSame() { m_isGivenUp = false; }
 
 private:

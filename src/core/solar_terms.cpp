@@ -10,7 +10,7 @@ namespace {
 /// Up to five characters and a 0. A table of such names has no pointers that need relocation at start-up.
 using Name = char16_t[6];
 
-// In the order of the table.
+// In the order of the solar longitudes in old_calendar_table.h.
 constexpr Name kSolarNames[kSolarLongitudes]{
     u"小寒",       u"大寒",       u"立春", u"雨水",   u"啓蟄",       u"春分",      u"清明", u"穀雨",
     u"立夏",       u"小満",       u"芒種", u"夏至",   u"小暑",       u"大暑",      u"立秋", u"処暑",

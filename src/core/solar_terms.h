@@ -6,8 +6,9 @@
 
 namespace tickwell {
 
-/// "立春": the name of a day of the sun's year in Japan, one of the 24 solar terms (二十四節気) or of the
-/// days between them (雑節); no two fall on the same day. Empty on other days and outside 1900 to 2100.
+/// "立春": the name of a day in the solar calendar of Japan, one of the 24 solar terms (二十四節気) or of the
+/// seasonal days between them (雑節); no two fall on the same day. Empty on other days and outside 1900 to
+/// 2100.
 QString SeasonName(QDate day);
 
 }  // namespace tickwell

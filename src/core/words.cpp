@@ -24,7 +24,7 @@ constexpr Words<12> kBranches{u"子", u"丑", u"寅", u"卯", u"辰", u"巳",
                               u"午", u"未", u"申", u"酉", u"戌", u"亥"};
 constexpr Words<4> kQuarters{u"一刻", u"二刻", u"三刻", u"四刻"};
 
-// Indexed by the plain year modulo 12: a year divisible by 12 is a year of the monkey.
+// Indexed by the western year modulo 12: a year divisible by 12 is a year of the monkey.
 constexpr Words<12> kAnimals{u"申年", u"酉年", u"戌年", u"亥年", u"子年", u"丑年",
                              u"寅年", u"卯年", u"辰年", u"巳年", u"午年", u"未年"};
 

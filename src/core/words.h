@@ -5,12 +5,12 @@
 
 namespace tickwell {
 
-/// Kanji numeral of `n`, meant for 0 to 9999. Each place is read off the decimal text: ten thousands and
-/// above are dropped, and so is a minus sign (12345 is "三百四十五", -5 is "五").
+/// Kanji numeral of `n`, meant for 0 to 9999. Outside that range only hundreds, tens and units are written,
+/// without a sign (12345 is "三百四十五", -5 is "五").
 QString KanjiNumber(qint32 n);
 
-/// Time in the twelve branches, four quarters of thirty minutes each: "子の三刻". `hour` 0..23, `minute`
-/// 0..59.
+/// The time in the twelve earthly branches of two hours, each divided into four quarters of thirty minutes:
+/// "子の三刻". `hour` 0..23, `minute` 0..59.
 QString BranchHour(int hour, int minute);
 
 /// "寅年" for 1998: the animal of a western year.
@@ -28,8 +28,7 @@ QString KanjiDay(int day);
 /// is passed as (weekday, 1).
 QString WeekdayLetter(qint32 a, qint32 b);
 
-/// Western year to the year of 平成, the only era the clock knows. 1988 and before give 0 and below,
-/// unchecked.
+/// The year of 平成 for a western year: 0 for 1988, negative before. Not checked.
 constexpr int HeiseiYear(int year) {
     return year - 1988;
 }

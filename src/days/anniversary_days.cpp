@@ -7,7 +7,7 @@ namespace tickwell::days {
 
 namespace {
 
-// Each takes some milliseconds in a database of a million rows, and next to nothing in a usual one.
+// Searching a day takes some milliseconds in a database of a million rows, and almost no time in a usual one.
 constexpr int kDaysAtOnce = 4;
 
 }  // namespace

@@ -16,8 +16,8 @@ public:
     /// `database` outlives this object.
     AnniversaryDays(store::DayDatabase& database, const MonthShape& month);
 
-    /// Searches on; true once all days have been searched. Rows that change between two slices may be missed.
-    /// Throws SqlError.
+    /// Searches the next days; true once all days have been searched. Rows that change between two slices may
+    /// be missed. Throws SqlError.
     bool Step();
 
     /// The days found so far, 1 to 31, ascending.

@@ -37,7 +37,7 @@ QStringList AnniversaryIndex::NamesOn(QDate day) const {
         }
     }
     std::sort(found.begin(), found.end());
-    found.erase(std::unique(found.begin(), found.end()), found.end());  // a row can have a day and a week
+    found.erase(std::unique(found.begin(), found.end()), found.end());  // a row can match by day and week
     QStringList names;
     for (const qint32 row : found) {
         names.append(m_rows[static_cast<std::size_t>(row)].name);
@@ -46,7 +46,7 @@ QStringList AnniversaryIndex::NamesOn(QDate day) const {
 }
 
 std::vector<Anniversary> ReadAnniversaries(store::DayDatabase& database, int firstYear, int lastYear) {
-    // Other rows fall on no day, so that whatever they hold is no error.
+    // Rows that fall on no day are not read, so invalid values in them cause no error.
     const QString query =
         u"SELECT * FROM Kinenbi WHERE (Year=0 OR Year BETWEEN %1 AND %2) AND Month BETWEEN 0 AND 12 AND "
         "(Day BETWEEN 1 AND 31 OR Week BETWEEN 11 AND 57)"_s.arg(firstYear)

@@ -20,7 +20,7 @@ public:
     explicit AnniversaryIndex(std::vector<Anniversary> rows);
 
     /// The names of the rows that fall on `day`, each once and in the order of insertion. A row with a week
-    /// falls on its own weekday (WeekCode). `day` is valid.
+    /// falls on its own weekday: the days are those of WeekCode, not of AnnouncedWeekCode. `day` is valid.
     QStringList NamesOn(QDate day) const;
 
 private:

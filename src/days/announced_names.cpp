@@ -11,7 +11,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// What the old calendar says of the day, as far as it is chosen.
+/// The day's date in the old calendar and its season name, each if the settings select it.
 QStringList OldCalendarTexts(const CalendarSettings& calendar, QDate day) {
     QStringList texts;
     if (const auto oldDate = calendar.announcesOldDate ? OldDateOf(day) : std::nullopt) {

@@ -27,8 +27,8 @@ struct AnnouncementParts {
 };
 
 /// The names that the main window announces on `day`: those of its anniversaries, in the order of insertion
-/// and at most kMostAnnounced, then those of the day off, then, if the settings ask for it, the old
-/// calendar's date (「旧暦10月14日 大安」) and the day's name in the sun's year (「小雪」). Throws SqlError.
+/// and at most kMostAnnounced, then those of the day off, then, if the settings select them, the date in the
+/// old calendar (「旧暦10月14日 大安」) and the solar term or seasonal day (「小雪」). Throws SqlError.
 QStringList AnnouncedNames(const AnnouncementParts& parts, QDate day);
 
 }  // namespace tickwell::days

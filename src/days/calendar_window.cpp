@@ -115,7 +115,8 @@ void Form5::ShowAll() {
     }
 }
 
-/// Second lines and headings of two eras need more room.
+/// Resizes the window if the settings have changed what it shows: second lines, and headings with two eras,
+/// need more room.
 void Form5::FitSettings() {
     const MonthGrid& grid = m_calendar.Grid();
     if (std::exchange(m_fitted, {grid.under, m_parts.further.calendar.eras.byDate}) !=

@@ -34,8 +34,8 @@ public:
     /// RunTimeError.
     void Refresh();
 
-    /// Stores the marks that are being made, if the settings say so. False if that failed, which was
-    /// reported.
+    /// Stores the marks of a marking mode that is still active, if the settings select that. False if that
+    /// failed; the failure has then been reported.
     bool KeepMarks();
 
     void done(int result) override;

@@ -18,7 +18,7 @@ public:
     /// `spokenName`: for screen readers.
     void Show(const MonthCell& cell, const QString& spokenName);
 
-    /// Makes room for a second line of this kind in every month, whatever the next MonthCell has there.
+    /// Reserves room for a second line of this kind, whether or not the MonthCell has one.
     void SetUnder(UnderDays under);
 
     QSize sizeHint() const override;

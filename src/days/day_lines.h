@@ -20,11 +20,11 @@ struct DayRange {
     bool operator==(const DayRange&) const = default;
 };
 
-/// The days of which everything is known that a line tells: 1900-01-01 to 2100-12-31.
+/// The days for which every column of a line is known: 1900-01-01 to 2100-12-31.
 DayRange LinedDays();
 
-/// Days as lines for other programs: seven columns separated by tabs, each without tabs and line ends and
-/// possibly empty.
+/// Days as lines for other programs: seven columns separated by tabs. A column contains no tab and no line
+/// break, and may be empty.
 ///
 ///     2026-05-06   the date
 ///     水           the weekday
@@ -39,8 +39,8 @@ public:
     DayLines(AnniversaryIndex anniversaries, const HolidayList* list)
         : m_anniversaries(std::move(anniversaries)), m_list(list) {}
 
-    /// The line of a day of LinedDays, without an end. Days of the same year are best asked for one after the
-    /// other: its days off are computed once.
+    /// The line of a day in LinedDays, without a line feed. Days of the same year should be requested one
+    /// after the other: the days off of only one year are kept.
     QString LineOf(QDate day);
 
 private:

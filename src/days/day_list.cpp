@@ -28,7 +28,7 @@ void DayList::ListDay(store::DayDatabase& database, QDate date, bool isPanelOpen
     Show({});
     Listing listing{&database, date, store::RowSearch(DayQuery(date)), {}};
     listing.mark = database.Mark();
-    const bool isDone = listing.search.Step(database);  // also reports errors if closed
+    const bool isDone = listing.search.Step(database);  // even if the panel is closed, to report errors
     if (!isPanelOpen) {
         return;
     }

@@ -45,7 +45,7 @@ QString ListDayText(qint32 day);
 QString ListWeekText(qint32 code);
 
 /// How a row's year and month are shown. A search shows them according to its criteria: "毎" if it searched
-/// for every year or month, else the stored number, even if that is 0.
+/// for every year or month, otherwise the stored number, even if that is 0.
 enum class RowForm { OfDay, OneDay, EveryYear, EveryMonth };
 
 /// A row of Kinenbi, with all five columns. Throws RunTimeError.

@@ -14,8 +14,8 @@ enum class CalendarMode { Normal, Holidays, Halfdays };
 /// The colour that a marking mode sets and removes; `mode` is not Normal.
 DayColor ColorOf(CalendarMode mode);
 
-/// The colour after a click: black if the day has the mode's colour, else the mode's colour. So a Saturday
-/// that was made red and back is an ordinary day.
+/// The colour after a click: black if the day has the mode's colour, otherwise the mode's colour. So a
+/// Saturday that is toggled twice becomes an ordinary day.
 DayColor ToggledColor(CalendarMode mode, DayColor color);
 
 /// The mark to store for a cell of a calendar whose holidays are stored; nothing if it has the colour of its

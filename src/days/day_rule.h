@@ -22,8 +22,8 @@ QString WeekdayText(int weekday);
 /// 22.
 int WeekCode(QDate date);
 
-/// The anniversaries of a day. One with both a day and a week falls on either; one with neither never falls.
-/// `weekCode` is a parameter because the daily check swaps its two digits.
+/// The anniversaries of a day. One with both a day and a week falls on either; one with neither falls on no
+/// day. `weekCode` is a parameter because the daily check swaps its two digits.
 QString AnniversaryQuery(qint32 year, qint32 month, qint32 day, qint32 weekCode);
 
 /// The national holidays of a day, or of a month.

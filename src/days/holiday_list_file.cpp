@@ -42,7 +42,8 @@ QString HolidayReport(const HolidayList& list) {
     return lines.join(u"\r\n"_s);
 }
 
-/// One byte more than a list may have, so that the line of its limit can be told.
+/// Reads one byte more than the size limit, so that ReadHolidayList can report the line at which a list
+/// exceeds it.
 FileContents ReadListFile(const QString& path) {
     return ReadRegularFile(path, kMostBytes + 1);
 }

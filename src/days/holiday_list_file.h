@@ -22,10 +22,10 @@ public:
     /// until the list is replaced or removed.
     const HolidayList* List() const;
 
-    /// One line on what is kept: none, its years, or the line that is damaged.
+    /// One line about the kept list: that there is none, its years, or which of its lines is damaged.
     QString StatusText() const;
 
-    /// Reads a list, keeps a copy of its bytes, and returns what to tell the user: its days and years, and
+    /// Reads a list, keeps a copy of its bytes, and returns a message for the user: its days and years, and
     /// how it differs from the law. Throws RunTimeError with the line and the reason if it is refused or
     /// cannot be read or stored; the list kept before then stays.
     QString Replace(const QString& path);
@@ -37,7 +37,7 @@ public:
     void Remove();
 
 private:
-    /// What the kept file turned out to be.
+    /// The result of reading the kept file.
     struct Kept {
         std::optional<HolidayList> list;
         QString problem;  ///< why it cannot be read, empty if it can or if there is none

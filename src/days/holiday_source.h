@@ -9,7 +9,7 @@
 
 namespace tickwell::days {
 
-/// Where the national days off come from.
+/// A source of the days off: national holidays and their substitutes.
 class HolidaySource {
 public:
     virtual ~HolidaySource() = default;

@@ -15,7 +15,7 @@ public:
     QList<NamedDay> DaysOff(const MonthShape& month) const override;
     QStringList NamesOn(QDate day) const override;
 
-    /// Otherwise a later change of the law would leave days red for ever.
+    /// If they were stored, days would stay red for ever after a change of the law.
     bool IsStoredWithMarks() const override { return false; }
 
 private:

@@ -32,7 +32,7 @@ public:
     /// RunTimeError.
     std::optional<DayListRow> Read(int row) const;
 
-    /// All rows if they are few, else none.
+    /// All rows if they are few, otherwise none.
     const QList<DayListRow>& Kept() const { return m_kept; }
 
 private:

@@ -21,7 +21,8 @@ constexpr int kLastYear = 2100;
 constexpr int kFirstTextYear = 100;
 constexpr int kLastTextYear = 9999;
 
-/// Beyond the last month the arrows still change the month but not the days, so the two may not form a date.
+/// Outside the supported years the arrows still change the month, but the grid keeps its days, so that a day
+/// may not exist in the month.
 QDate DateOf(QDate month, const QString& caption) {
     const QDate date(month.year(), month.month(), IntegerOf(caption));
     if (!date.isValid() || date.year() < kFirstTextYear || date.year() > kLastTextYear) {
@@ -66,7 +67,8 @@ void MonthCalendar::BuildMonth(int year, int month) {
     SearchAnniversaryDays();
 }
 
-/// Dots of the month before would be wrong; those of the same month stay until the search is complete.
+/// Restarts the search. Dots in the grid stay until it is complete; FillGrid has removed those of another
+/// month.
 void MonthCalendar::SearchAnniversaryDays() {
     m_daySearch.reset();
     if (m_parts.further.corrections.showsToday && m_grid.first.isValid()) {

@@ -28,13 +28,14 @@ struct MonthCalendarParts {
     const QObject* window = nullptr;  ///< the owner of its message boxes
 };
 
-/// The calendar without its window: the month shown, the selected day, the effect of clicks, and what is
-/// stored. Its functions throw RunTimeError; then no mark was stored or lost.
+/// The calendar without its window: the month shown, the selected day, and the effect of clicks on both and
+/// on the database. Its functions throw RunTimeError; then no mark was stored or lost.
 class MonthCalendar {
 public:
     explicit MonthCalendar(const MonthCalendarParts& parts) : m_parts(parts) {}
 
-    /// Called after an answer has been handled, which arrives outside of any handler; there is one listener.
+    /// Called after the answer to a question has been handled, which happens outside of the window's own
+    /// handlers; there is one listener.
     void WhenAnswered(std::function<void()> answered) { m_whenAnswered = std::move(answered); }
 
     /// Sets the initial state: this month, today selected, panel closed, mode Normal, no row of the list

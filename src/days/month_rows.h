@@ -11,7 +11,7 @@
 
 namespace tickwell::days {
 
-/// What makes the days of a month differ from other weeks.
+/// The holidays and the user's marks of a month.
 struct MonthRows {
     QList<NamedDay> holidays;                        ///< as HolidaySource::DaysOff
     std::array<QList<int>, kDayMarks.size()> marks;  ///< days of the month, by DayMark

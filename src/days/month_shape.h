@@ -21,7 +21,7 @@ struct MonthShape {
 /// The month that contains `date`.
 MonthShape ShapeOf(QDate date);
 
-/// A day off of a month. The day may not exist in the month if a table of the database says so.
+/// A day off of a month. If it comes from the database, the day may not exist in the month.
 struct NamedDay {
     qint32 day = 0;
     QString name;

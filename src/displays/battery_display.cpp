@@ -26,7 +26,7 @@ const DisplayTraits& BatteryDisplay::Traits() const {
 }
 
 void BatteryDisplay::Show() {
-    m_lines.Refresh();  // at once: the next reading is ten seconds away
+    m_lines.Refresh();  // at once: the first tick comes only after ten seconds
     m_timer->Start();
 }
 

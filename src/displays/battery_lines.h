@@ -15,11 +15,11 @@ public:
     /// All outlive this object.
     BatteryLines(const Power& power, TextLines lines) : m_power(power), m_lines(lines) {}
 
-    /// Called by BatTimer, and once when the function was chosen: requests a reading and shows it when it
+    /// Called by BatTimer, and once when the function is chosen: requests a reading and shows it when it
     /// arrives. Each text is wiped in; that for mains power only if it is not shown already.
     void Refresh();
 
-    /// Another function is shown from now on: cancels a pending reading.
+    /// Called when another function is chosen: cancels a pending reading.
     void Hide() { m_question.reset(); }
 
 private:

@@ -67,7 +67,7 @@ void ClockLines::LookUp() {
     }
 }
 
-/// Not on a refresh, and not after Show, which has just wiped in the date.
+/// Wipes in the date on a new day, but not on a refresh, and not after Show, which has just done so.
 void ClockLines::ShowIfNew(QDate today) {
     const bool isNew = today != std::exchange(m_seenDate, today);
     if (isNew && m_parts.announcements.further.corrections.dateTurnsAtMidnight) {
@@ -109,8 +109,7 @@ qint64 ClockLines::UntilDue(bool isSeen) const {
 qint64 ClockLines::UntilTimeDue(QTime now, bool isSeen) const {
     const bool hasSeconds =
         m_parts.settings.language == kLanguageJapanese || m_parts.settings.language == kLanguageEnglish;
-    // The window of another function may have written to the line, which shows the time again within a
-    // second.
+    // The window of another function may have written to the line; the time must return within a second.
     const bool turnsBySecond = hasSeconds || m_lines.lower.Text() != TimeLine(m_parts.settings, now);
     const int step = isSeen && turnsBySecond ? kClockSecond : kClockMinute;
     if (WholeSteps(now, step) != WholeSteps(m_rememberedTime, step)) {

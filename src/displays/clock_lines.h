@@ -25,19 +25,21 @@ struct ClockParts {
 /// anniversaries and holidays, in turn.
 class ClockLines {
 public:
-    /// `onDateShown`: called after LookUp wiped in a date, which stays as long as any text of the rotation.
+    /// `onDateShown`: called after LookUp wiped in a date, so that the date stays as long as every other text
+    /// of the rotation.
     ClockLines(
         const ClockParts& parts, TextLines lines, std::function<void()> onDateShown = [] {});
 
-    /// The function was chosen: wipes in date and time. The rotation of the names continues where it was.
+    /// Called when the function is chosen: wipes in date and time. The rotation of the names continues where
+    /// it was.
     void Show();
 
     /// Dz_Timer1, first half: on a new day, or if the refresh flag is set, updates the date text and queries
-    /// the names. Writes to the upper line only if the settings ask for it at midnight, and only on a new
-    /// day that Show has not shown. If the database cannot be queried now, there are no names at first, and
-    /// the query is repeated every five seconds; the code that left the database closed has told the user.
-    /// Throws SqlError; the day then counts as looked up, so that the error is not reported five times a
-    /// second.
+    /// the names. Writes to the upper line only if the settings want the date to change at midnight, and only
+    /// on a new day that Show has not shown yet. If the database cannot be queried now, there are no names at
+    /// first, and the query is repeated every five seconds; the code that left the database closed has
+    /// already informed the user. Throws SqlError; the day then counts as looked up, so that the error is not
+    /// reported five times a second.
     void LookUp();
 
     /// Dz_Timer1, second half: updates the time if the second has changed.

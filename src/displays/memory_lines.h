@@ -14,7 +14,7 @@ public:
     /// All outlive this object.
     MemoryLines(const Memory& memory, TextLines lines) : m_memory(memory), m_lines(lines) {}
 
-    /// The function was chosen: wipes in the load.
+    /// Called when the function is chosen: wipes in the load.
     void Show();
 
     /// MemoryTimer: sets the load without a wipe. If the load is unknown, the line stays unchanged.

@@ -17,12 +17,12 @@ struct UsageParts {
 };
 
 /// The time since the system started, on the lower line. It is the 32-bit tick count, which becomes negative
-/// after 24.8 days, unless the settings ask for the complete count.
+/// after 24.8 days, unless the settings select the complete count.
 class UsageLines {
 public:
     UsageLines(const UsageParts& parts, TextLines lines) : m_parts(parts), m_lines(lines) {}
 
-    /// The function was chosen: wipes in the reading.
+    /// Called when the function is chosen: wipes in the reading.
     void Show();
 
     /// Win_Timer: updates the reading only if its rounded number of seconds has changed.

@@ -27,7 +27,7 @@ QString ReadHelpFile(const QString& path) {
         throw RunTimeError(name + u" を読み込めません。");
     }
     // Compiled help files of other systems have the same name and contain NUL characters.
-    QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);  // else it waits for more
+    QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);  // rejects a cut-off end
     QString text = decoder(file.bytes);
     if (decoder.hasError() || text.contains(QChar::Null)) {
         throw RunTimeError(name + u" はヘルプの形式ではありません。");

@@ -12,7 +12,8 @@ namespace tickwell::help {
 /// A search in the complete help text: its hits and the current one.
 class HelpSearch {
 public:
-    /// Searches for the term; the current hit is the first one at or after `from`, else the first of all.
+    /// Searches for the term; the current hit is the first one at or after `from`, otherwise the first of
+    /// all.
     void Start(const FoldedText& text, const QString& term, int from);
 
     /// Go to the next or previous hit, cyclically. Do nothing if there are no hits.

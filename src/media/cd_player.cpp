@@ -52,7 +52,7 @@ void CdPlayer::ShowLines() {
         return;
     }
     const auto lower = m_state.CdState == kCdStopped ? m_texts.SelectionText() : m_texts.StatusText();
-    if (lower) {  // else the queries failed and the lines already say "not ready"
+    if (lower) {  // otherwise the queries failed and the lines already say "not ready"
         m_display->ShowUpper(m_texts.TrackCountText());
         m_display->ShowLower(*lower);
     }

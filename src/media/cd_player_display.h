@@ -7,7 +7,7 @@
 
 namespace tickwell::media {
 
-/// The audio CD that plays.
+/// The display of the CD player.
 class CdPlayerDisplay : public Display {
 public:
     /// `openWindow` opens the player's window. All outlive this object.

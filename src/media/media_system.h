@@ -24,7 +24,7 @@ public:
     MediaSystem& operator=(const MediaSystem&) = delete;
     ~MediaSystem();
 
-    /// Opens the CD drive, before any window exists. A failure does not keep the program from starting.
+    /// Opens the CD drive, before any window exists. The program starts even if that fails.
     void OpenAtStart() { m_device.OpenAtStart(); }
 
     /// Stops and closes the CD drive.

@@ -13,7 +13,7 @@ namespace {
 constexpr int kPoints = 10;
 constexpr QChar kColumnMark = u'\t';
 
-/// How far right of the first column the second one begins.
+/// The distance from the start of the first column to the start of the second.
 double SecondColumn(const QStringList& lines, const QFontMetricsF& metrics) {
     double width = 0;
     for (const QString& line : lines) {

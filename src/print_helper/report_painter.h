@@ -8,7 +8,7 @@
 namespace tickwell::print_helper {
 
 /// Paints plain text lines on as many pages as needed. What follows a tab in a line is painted in a second
-/// column, which begins two blanks behind the longest text that precedes one on the page.
+/// column, which begins two spaces after the longest text before a tab on that page.
 class ReportPainter {
 public:
     explicit ReportPainter(QStringList lines);

@@ -16,7 +16,7 @@ struct Answer {
     bool operator==(const Answer&) const = default;
 };
 
-/// The line with its line feed. Control characters in queue and reason are replaced by blanks.
+/// The line with its line feed. Control characters in queue and reason are replaced by spaces.
 std::string AnswerLine(const Answer& answer);
 
 /// The reason why a step failed; nothing on success.

@@ -167,7 +167,7 @@ void Form1::BringUpShown() const {
     }
 }
 
-/// Lines that are not visible are not updated; they are brought up to date when they become visible.
+/// Lines are not updated while they are not visible, but at once when they become visible again.
 void Form1::SetSeen(bool isSeen) {
     if (isSeen == m_pacer.IsSeen()) {
         return;
@@ -180,7 +180,8 @@ void Form1::SetSeen(bool isSeen) {
     }
 }
 
-/// At the line's second tick from now, so that both need only one wake-up; never later than kKeepTopTick.
+/// Milliseconds until the window is kept on top again, at most kKeepTopTick. If the lines change every
+/// second, this is the line's tick after the next one, so that both share one wake-up.
 qint64 Form1::UntilKeepTop() const {
     const Display* const shown = m_switch.Shown();
     const qint64 untilLine = shown != nullptr && shown->Traits().turnsWithSeconds ? shown->UntilDue(true) : 0;

@@ -68,7 +68,8 @@ bool Form1::IsCovered() const {
            });
 }
 
-/// Qt counts an iconified window as visible. The window system is only asked if Qt saw the window disappear.
+/// Qt counts an iconified window as visible. The window system is only queried if Qt saw the window
+/// disappear.
 bool Form1::IsLost() const {
     return isMinimized() || (!IsExposed(*this) && m_parts.stack.IsLost(winId()));
 }
@@ -107,7 +108,7 @@ void Form1::ComeForward() {
 
 void Form1::ComeForwardWithMenu() {
     ComeForward();
-    activateWindow();  // the only time that the window asks for the focus
+    activateWindow();  // the only time that the window requests the focus
     OpenMenuByKey();
 }
 

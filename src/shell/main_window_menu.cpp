@@ -50,7 +50,7 @@ void Form1::ShowOperation() const {
     }
 }
 
-/// A stored window could not be restored if nothing shows its icon.
+/// If the desktop shows no icons, a window could not be taken back out of the notification area.
 void Form1::Menu_AboutToShow() {
     m_menu->Item(MenuCommand::StoreInTray)->setEnabled(m_storage.CanStore());
 }

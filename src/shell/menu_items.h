@@ -27,7 +27,7 @@ struct MenuItem {
     QStringView name;
     QStringView caption;
     MenuCommand command = MenuCommand::Separator;
-    qint32 number = -1;  ///< display of ChangeFunction, index of StartTool, else unused
+    qint32 number = -1;  ///< the display for ChangeFunction, the tool for StartTool, otherwise unused
 };
 
 /// The menu of the main window, top to bottom.
@@ -35,7 +35,7 @@ inline constexpr std::array kMenuItems{
     MenuItem{u"Menu0", u"操作ｳｨﾝﾄﾞｳの表示", MenuCommand::ShowOperation},
     MenuItem{u"Menu1", u"カレンダー", MenuCommand::ShowCalendar},
     MenuItem{u"Menu61", u"", MenuCommand::Separator},
-    MenuItem{u"", u"", MenuCommand::ChangeFunction},  // stands for the items of all displays
+    MenuItem{u"", u"", MenuCommand::ChangeFunction},  // replaced by the items of all displays
     MenuItem{u"Menu66", u"", MenuCommand::Separator},
     MenuItem{u"Menu10", u"ツール", MenuCommand::Tools},
     MenuItem{u"Menu17", u"環境設定", MenuCommand::ShowSettings},

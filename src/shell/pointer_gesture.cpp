@@ -7,7 +7,7 @@ namespace tickwell::shell {
 
 namespace {
 
-constexpr int kEdge = 6;        // pixels at the right that change the width
+constexpr int kEdge = 6;        // pixels at the right where dragging changes the width
 constexpr int kNarrowest = 45;  // pixels, enough to drag the edge again
 
 }  // namespace

@@ -41,7 +41,7 @@ public:
 
     /// Opens `path` for reading and writing with a shared lock, and checks it: a file of another kind, a
     /// damaged one, or one without our tables is refused here rather than failing later. Throws RunTimeError.
-    /// `shownAs`: what errors call it; empty for its path.
+    /// `shownAs`: its name in error messages; empty for its path.
     explicit DayDatabase(QString path, QString shownAs = {});
 
     /// For a file that cannot be opened at the moment: each statement tries to open it until that succeeds,
@@ -61,19 +61,19 @@ public:
     /// No transaction may be open.
     void Close();
 
-    /// Opens the file if OpenLater left that to do; false if it failed or if this is closed. The reason is
+    /// Opens the file if OpenLater has deferred that; false if it fails or if this is closed. The reason is
     /// logged unless it was the last one logged.
     bool TryOpen();
 
     /// Runs a SELECT. Throws SqlError.
     ResultSet RunQuery(const QString& sql);
 
-    /// Runs a SELECT and returns its first `most` rows, which takes no longer if a million more match. Throws
-    /// SqlError.
+    /// Runs a SELECT and returns its first `most` rows; the time does not depend on how many more match.
+    /// Throws SqlError.
     ResultSet RunQueryForFirst(int most, const QString& sql);
 
-    /// Runs a SELECT and passes each of its rows to `take`, in the order of insertion: for very many rows, of
-    /// which the caller keeps less than a ResultSet would. Reads the entire table. Throws SqlError.
+    /// Runs a SELECT and passes each of its rows to `take`, in the order of insertion. For very many rows, if
+    /// the caller keeps less of them than a ResultSet would. Reads the entire table. Throws SqlError.
     void ForEachRow(const QString& sql, const std::function<void(const ResultRow&)>& take);
 
     /// Runs an INSERT, UPDATE or DELETE and returns the number of changed rows. The change is on the disk on

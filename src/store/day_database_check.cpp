@@ -36,8 +36,8 @@ QLatin1StringView SqliteType(ColumnType type) {
     return type == ColumnType::Integer ? "INTEGER"_L1 : "TEXT"_L1;
 }
 
-/// What SQLite reports of a valid table: its kind, STRICT, and for each column name, type, NOT NULL, position
-/// in the key, and whether it is hidden.
+/// What SQLite reports about a valid table: its kind, STRICT, and for each column name, type, NOT NULL,
+/// position in the key, and whether it is hidden.
 QString ExpectedForm(const SchemaTable& table) {
     QString form = u"table 1,id INTEGER 0 1 0"_s;
     for (const SchemaColumn& column : table.columns) {

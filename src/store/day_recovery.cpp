@@ -89,7 +89,7 @@ void RecoverDayDatabase(const ProgramFolder& folder, StoreDisk& disk) {
         }
         RemoveCopies(disk, files);
     } catch (const RunTimeError& error) {
-        // Opening the database shows whether it is usable nevertheless.
+        // Not fatal: opening the database will show whether it is usable.
         qCWarning(StoreLog).noquote() << "the recovery of the day database is incomplete:" << error.Detail();
     }
 }

@@ -8,10 +8,10 @@
 
 namespace tickwell::store {
 
-/// Cleans up `folder` after a compaction that was killed. If DayDate.mdb is undamaged, its copies
-/// are removed; if it is missing, an undamaged CopyDate.mdb replaces it, else an undamaged BUDate.mdb. If it
-/// is damaged, or no file is undamaged, nothing is changed; opening the database then reports the problem.
-/// Call it once, before the database is opened.
+/// Cleans up `folder` after a compaction that was killed. If DayDate.mdb is undamaged, its copies are
+/// removed; if it is missing, an undamaged CopyDate.mdb replaces it, or failing that an undamaged BUDate.mdb.
+/// If it is damaged, or no file is undamaged, nothing is changed; opening the database then reports the
+/// problem. Call it once, before the database is opened.
 void RecoverDayDatabase(const ProgramFolder& folder);
 
 /// The same with the given disk operations.

@@ -33,7 +33,7 @@ QByteArray Symbol(SqlOperator op) {
     Q_UNREACHABLE();
 }
 
-/// Texts are equal code point by code point. No other code in the program compares names.
+/// Compares texts code point by code point. Names are compared nowhere else in the program.
 QByteArray TextEquality(const QByteArray& column, const QByteArray& parameter) {
     return column + " = " + parameter + " COLLATE BINARY";
 }

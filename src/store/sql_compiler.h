@@ -14,8 +14,8 @@ namespace tickwell::store {
 /// A statement for SQLite that contains only our own text; whatever the caller wrote is in the values.
 struct CompiledSql {
     QByteArray text;
-    QByteArray fromTheStart;  // the same query without an index: faster for the first of very many rows
-    std::vector<BoundValue> values;     // of ?1, ?2 ..
+    QByteArray fromTheStart;         // the same query as a table scan: faster for the first of very many rows
+    std::vector<BoundValue> values;  // of ?1, ?2 ..
     std::vector<SchemaColumn> columns;  // of the returned rows
     const SchemaTable* table = nullptr;
     QByteArray condition;  // what follows WHERE; its values are the last ones

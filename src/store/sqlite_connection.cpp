@@ -16,8 +16,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// ms, the longest wait for a lock of another program. A reader that must not keep its caller waiting only
-// outwaits a commit, not a compaction.
+// ms, the longest wait for a lock of another program. The shorter one is for readers that must not keep their
+// caller waiting: long enough for another program's commit, but not for a compaction.
 constexpr int kBusyTimeout = 2000;
 constexpr int kReadersTimeout = 500;
 
@@ -87,7 +87,7 @@ void SqliteConnection::Open(const QString& path, FileUse use) {
     }
 }
 
-/// SQLite would create two files beside it, even to read it.
+/// SQLite would create two files beside a database in WAL mode, even to read it.
 void SqliteConnection::RefuseWriteAheadLog() const {
     if (Bytes(kReadVersionAt, 1).front() == kWriteAheadLog) {
         throw RunTimeError(

@@ -18,10 +18,10 @@ enum class FileUse {
     LookOver  ///< read only and without a lock file: neither the file nor its folder is changed
 };
 
-/// What opening does about a lock held by another program. Once the connection is open and checked, every
+/// How opening handles a lock held by another program. Once the connection is open and checked, every
 /// statement waits for a lock: up to two seconds, or half a second if it is read only.
 enum class LockedOpening {
-    Waits,       ///< as long as a statement for each lock
+    Waits,       ///< for each lock as long as a statement would
     FailsAtOnce  ///< for a caller that will try again
 };
 

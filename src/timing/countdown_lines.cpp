@@ -68,7 +68,7 @@ void CountdownLines::EndRun(Timer& timer) {
     if (state.TimerShownOnMain) {
         m_lines.lower.ShowText(ElapsedText(state.CountdownDuration));
     }
-    m_windows.RefreshTimerForm();  // also while unseen: an open form would still offer to stop it
+    m_windows.RefreshTimerForm();  // even if not shown: an open form would still offer to stop it
 }
 
 void CountdownLines::BeginNextCycle() {

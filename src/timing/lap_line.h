@@ -13,7 +13,8 @@ QString LapLine(const Stopwatch::Lap& lap);
 /// `  (+0:01'05"200)`, which can follow LapLine: the time since the previous lap.
 QString IntervalText(const Stopwatch::Lap& lap);
 
-/// Where an interval begins in a line of the list, or -1. No other line contains what it begins with.
+/// The position at which the interval begins in a line of the list, or -1. Lines without an interval never
+/// contain its first characters.
 qsizetype FindInterval(QStringView text);
 
 }  // namespace tickwell::timing

@@ -18,7 +18,7 @@ public:
     ReportPrinting(Printer& printer, MessageBoxes& boxes, Handlers& handlers, const QObject* owner)
         : m_printer(printer), m_boxes(boxes), m_handlers(handlers), m_owner(owner) {}
 
-    /// Cancels the print if the user was told that it is waiting; otherwise it continues.
+    /// Cancels the print if the waiting box is open; otherwise the print continues.
     ~ReportPrinting();
     ReportPrinting(const ReportPrinting&) = delete;
     ReportPrinting& operator=(const ReportPrinting&) = delete;

@@ -15,8 +15,8 @@ public:
     /// Call when the function is chosen: wipes the reading in.
     void Show();
 
-    /// Called by the display's timer: replaces the reading in place. While the stopwatch is stopped, a wipe
-    /// can finish.
+    /// Called by the display's timer: replaces the reading in place. Writes nothing if the reading is
+    /// unchanged, so that a wipe can finish while the stopwatch is stopped.
     void Tick();
 
     /// Milliseconds until the next tick that changes something. `untilFrame`: ms until the lines can show a

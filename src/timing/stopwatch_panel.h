@@ -42,8 +42,8 @@ public:
 
     StopwatchCaptions Captions() const;
 
-    /// Laps and stops, one reading per line, separated by CR LF. A lap has its interval behind the reading if
-    /// the settings asked for it when it was taken.
+    /// Laps and stops, one reading per line, separated by CR LF. A lap has its interval after the reading if
+    /// the settings selected intervals when it was taken.
     const QString& List() const { return m_list; }
 
     /// Changes whenever the list is replaced. While it is constant, text is only appended to the list.

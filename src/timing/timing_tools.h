@@ -52,7 +52,8 @@ public:
     qint64 UntilReadingDue() const { return m_stopwatchLines.UntilDue(m_view.untilFrame()); }
     qint64 UntilCountdownDue() const { return m_countdownLines.UntilDue(m_view.untilFrame()); }
 
-    /// Another display is about to write the lines: texts that a window wrote temporarily are not restored.
+    /// To be called when another display is about to write the lines: the texts that temporary ones have
+    /// replaced are no longer restored.
     void ForgetTemporaryTexts() { m_temporaryTexts.Forget(); }
 
     /// Updates a running reading between two ticks. Never throws: an error is reported by the tick.

@@ -30,9 +30,9 @@ public:
 /// Message boxes. Each function opens a box and returns at once, without a nested event loop, so that a timer
 /// whose tick opens a box keeps running.
 ///
-/// `owner` is the window that asks, or an object in it. The box is modal to that window, centred on it, and
-/// destroyed with it. Without an owner, or if its window is hidden, the box stands alone and blocks nothing.
-/// No window that is opened later blocks a box.
+/// `owner` is the window that a box belongs to, or an object in it. The box is modal to that window, centred
+/// on it, and destroyed with it. Without an owner, or if its window is hidden, the box has no parent and
+/// blocks nothing. No window that is opened later blocks a box.
 ///
 /// Each callback is called once: when the user closes the box, or, if its window is destroyed first, from the
 /// event loop after that.
@@ -56,10 +56,10 @@ public:
     virtual void ShowWithChoice(const QObject* owner, const Message& message, const QString& choice,
                                 std::function<void(bool)> onClosed) = 0;
 
-    /// Opens a box for as long as the program waits for something, with the one button 「中止」, and returns
-    /// at once. It blocks nothing, not even the window that it belongs to. `onCancel` is called if the user
-    /// presses the button or closes the box, or if the window is destroyed, never for the destruction of the
-    /// OpenBox. It may destroy that.
+    /// Opens a box with the single button 「中止」, to be shown while the program waits for something, and
+    /// returns at once. It blocks nothing, not even the window that it belongs to. `onCancel` is called if
+    /// the user presses the button or closes the box, or if the window is destroyed, but not when the OpenBox
+    /// is destroyed. It may destroy the OpenBox.
     [[nodiscard]] virtual std::unique_ptr<OpenBox> ShowWaiting(const QObject* owner, const Message& message,
                                                                std::function<void()> onCancel) = 0;
 };

@@ -11,7 +11,7 @@ class ProgramStarter {
 public:
     virtual ~ProgramStarter() = default;
 
-    /// The full path of the executable of this name in the search path, or an empty text.
+    /// The absolute path of the executable of this name in PATH, or an empty text.
     virtual QString Find(const QString& name) const = 0;
 
     /// Starts an executable with these arguments in this folder, without a shell; false if that failed.

@@ -27,7 +27,7 @@ public:
     virtual void Show(const QString& tip, QMenu& menu, std::function<void()> onClick,
                       std::function<void(bool isShown)> onShown) = 0;
 
-    /// Removes the icon, even if it is not shown yet; without one it does nothing.
+    /// Removes the icon, even if it is not shown yet. Does nothing if there is none.
     virtual void Hide() = 0;
 };
 

@@ -8,7 +8,7 @@ namespace tickwell::media {
 
 /// The result of a multimedia command.
 struct CommandResult {
-    qint32 error = 0;  ///< 0 for success, else a number that ErrorText may know
+    qint32 error = 0;  ///< 0 for success, otherwise a number that ErrorText may know
     QString reply;     ///< empty on error or if there is nothing to report
 
     bool operator==(const CommandResult&) const = default;

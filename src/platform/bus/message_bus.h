@@ -43,8 +43,8 @@ public:
     ~MessageBus();
     Q_DISABLE_COPY_MOVE(MessageBus)
 
-    /// `onAnswer` is called once: immediately if there is no bus, else from the event loop, and never after
-    /// this object was destroyed.
+    /// `onAnswer` is called once: immediately if there is no bus, otherwise from the event loop, and never
+    /// after this object was destroyed.
     void Call(const Method& method, Answer onAnswer);
 
     /// Calls `onSignal` from the event loop for each signal that matches one of the rules, and when the

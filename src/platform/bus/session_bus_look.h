@@ -11,11 +11,11 @@ namespace tickwell::platform {
 class SessionBusLook {
 public:
     /// To be constructed before the QApplication. If there is a bus and it does not answer within a second,
-    /// Qt is made to find none.
+    /// hides its address from Qt.
     SessionBusLook();
 
-    /// To be called right after the QApplication was constructed: makes Qt give up a bus that hangs for the
-    /// whole run, and restores the environment for programs that are started later.
+    /// To be called right after the QApplication was constructed: makes Qt do without a bus that hangs until
+    /// the program ends, and restores the environment for programs that are started later.
     void Finish();
 
 private:

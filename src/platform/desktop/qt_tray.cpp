@@ -17,7 +17,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kRetry = 2000;  // ms until a bus that did not answer is asked again
+constexpr int kRetry = 2000;  // ms until a bus that did not answer is queried again
 
 constexpr auto kWatcher = "org.kde.StatusNotifierWatcher";
 

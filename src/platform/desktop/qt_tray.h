@@ -15,7 +15,7 @@
 namespace tickwell::platform {
 
 /// The notification area through Qt, for hosts on the session bus and on X11. Qt blocks on the session bus
-/// when it shows or removes an icon, so it is only asked to right after the bus has answered.
+/// when it shows or removes an icon, so icons are shown and removed only right after the bus has answered.
 class QtTray : public Tray {
 public:
     /// `icon` creates the icon when it is needed.
@@ -59,7 +59,7 @@ private:
     bool m_hasBusHost = false;
     bool m_busHangs = false;
     bool m_isLooking = false;
-    std::optional<Wanted> m_wanted;  // while the bus is asked
+    std::optional<Wanted> m_wanted;  // while the bus is queried
     Icon m_tray;                     // while the icon is shown
     std::vector<Icon> m_leaving;     // until the bus answers
     QTimer m_retry;

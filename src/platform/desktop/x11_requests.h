@@ -32,8 +32,8 @@ xcb_get_property_cookie_t RequestItems(xcb_connection_t* server, xcb_window_t wi
 /// The items of a requested property; empty if it is missing, has another format, or its window is gone.
 QList<quint32> ItemsOf(xcb_connection_t* server, xcb_get_property_cookie_t request);
 
-/// Sends a client message about `window` to the root window, where the window manager listens. It is not
-/// flushed.
+/// Sends a client message about `window` to the root window, where the window manager listens. Does not flush
+/// the connection.
 void SendToManager(xcb_connection_t* server, xcb_window_t window, xcb_atom_t message,
                    const std::array<quint32, 5>& words);
 

@@ -69,7 +69,8 @@ void X11Stack::Declare(quintptr window) {
     }
     const auto ours = static_cast<xcb_window_t>(window);
     const std::array<quint32, 4> states{Atom(Above), Atom(Sticky), Atom(SkipTaskbar), Atom(SkipPager)};
-    // Replaces what the window manager left there, such as "hidden"; Qt adds its own states when it maps.
+    // Replaces what the window manager left there, such as "hidden"; Qt adds its own states when it maps the
+    // window.
     xcb_change_property(server, XCB_PROP_MODE_REPLACE, ours, Atom(State), XCB_ATOM_ATOM, 32, states.size(),
                         states.data());
     xcb_change_property(server, XCB_PROP_MODE_REPLACE, ours, Atom(Desktop), XCB_ATOM_CARDINAL, 32, 1,
@@ -101,7 +102,7 @@ bool X11Stack::HasDeclared(const Kept& kept) const {
     return isEverywhere && kept.states.contains(Atom(SkipTaskbar)) && kept.states.contains(Atom(SkipPager));
 }
 
-/// A window manager that has refused is not asked again until the states that it keeps change.
+/// Repeats a request that the window manager has refused only after the states that it keeps have changed.
 void X11Stack::AskAgain(xcb_connection_t* server, quint32 window, const Kept& kept) {
     if (HasDeclared(kept)) {
         m_refused = {};
@@ -129,7 +130,7 @@ void X11Stack::PutAbove(quintptr window) {
         const quint32 above = XCB_STACK_MODE_ABOVE;
         xcb_configure_window(server, ours, XCB_CONFIG_WINDOW_STACK_MODE, &above);
     } else {
-        // Requests nothing that is already so.
+        // Requests only what is not the case already.
         const bool isTop = !stack.isEmpty() && stack.constLast() == ours;
         if (!isTop || !kept.states.contains(Atom(Above))) {
             SendToManager(server, ours, Atom(State), {kAddState, Atom(Above), 0, kFromApplication, 0});
@@ -156,7 +157,8 @@ void X11Stack::BringToUser(quintptr window) {
     const QList<quint32> kept = ItemsOf(server, desktop);
     const bool isElsewhere = !kept.isEmpty() && kept.constFirst() != kAllDesktops && kept != here;
     if (isElsewhere && !here.isEmpty()) {
-        // First the current desktop, then all: if the window manager refuses the latter, the former is done.
+        // First the current desktop, then all: even if the window manager refuses the latter, the window
+        // comes to the user.
         SendToManager(server, ours, Atom(Desktop), {here.constFirst(), kFromPager, 0, 0, 0});
         SendDeclared(server, ours);
     }

@@ -35,8 +35,8 @@ struct FolderCloser {
     void operator()(DIR* folder) const { closedir(folder); }
 };
 
-/// The names of drives in a folder, sorted. Read by hand: Qt would load its regular expressions to
-/// compare them with a pattern.
+/// The names of drives in a folder, sorted. Uses readdir: QDir would load the regular expression engine to
+/// match names with a pattern.
 QStringList NamesOfDrives(const QString& folder) {
     QStringList names;
     const std::unique_ptr<DIR, FolderCloser> open(opendir(QFile::encodeName(folder).constData()));

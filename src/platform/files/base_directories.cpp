@@ -16,7 +16,7 @@ QString FromEnvironment(const char* variable) {
     return QFile::decodeName(qgetenv(variable));
 }
 
-/// The folder that a variable names, else `standard`.
+/// The folder that a variable names if that is an absolute path, otherwise `standard`.
 QString Folder(const char* variable, const QString& standard) {
     const QString folder = FromEnvironment(variable);
     return QDir::isAbsolutePath(folder) ? QDir::cleanPath(folder) : standard;

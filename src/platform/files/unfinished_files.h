@@ -6,8 +6,8 @@
 
 namespace tickwell::platform {
 
-/// Files and folders are completed under a temporary name and then renamed. If the process is killed in
-/// between, the temporary one is left behind and removed by a later start.
+// Files and folders are written under a temporary name and renamed when they are complete. If the process is
+// killed before that, the temporary one is left behind, and a later start removes it.
 
 /// The temporary name for `path`, beside it, as a template for QTemporaryFile and QTemporaryDir. Users do not
 /// give such names to their own copies.

@@ -14,8 +14,8 @@ namespace tickwell::platform {
 /// missing, of the wrong type or out of range; an invalid remaining time is merely unknown.
 std::optional<PowerReading> ReadingOf(const QVariantMap& service, const QVariantMap& device);
 
-/// Asks UPower on the system bus for its display device, which combines all batteries of the machine. If the
-/// service does not answer or its values are invalid, the kernel's files are read.
+/// Queries UPower on the system bus for its display device, which combines all batteries of the machine. If
+/// the service does not answer or its values are invalid, the kernel's files are read.
 class UPower : public Power {
 public:
     UPower() = default;
@@ -25,7 +25,7 @@ public:
 private:
     struct Question;
 
-    mutable MessageBus m_bus{MessageBus::Kind::System};  // connects when it is first asked
+    mutable MessageBus m_bus{MessageBus::Kind::System};  // connects with the first call
     PowerSupplies m_supplies;
 };
 

@@ -11,9 +11,9 @@ namespace tickwell::platform {
 
 namespace {
 
-constexpr int kAnswerInterval = 50;         // ms, while the user waits for the answer
-constexpr int kFollowInterval = 1000;       // ms, as often as the helper asks for the state of the job
-constexpr int kDelayedAfter = 1000;         // ms
+constexpr int kAnswerInterval = 50;    // ms, while the user waits for the answer
+constexpr int kFollowInterval = 1000;  // ms, the interval at which the helper queries the state of the job
+constexpr int kDelayedAfter = 1000;    // ms
 constexpr qsizetype kLongestAnswer = 8192;  // bytes
 
 }  // namespace

@@ -23,7 +23,7 @@ public:
     bool IsRunning() const override { return m_timer.isActive(); }
 
 private:
-    // 0 would take a whole core and a negative interval would never fire.
+    // With interval 0 the timer would keep a core busy, and with a negative one it would never fire.
     void SetIntervalOf(int milliseconds) { m_timer.setInterval(std::max(1, milliseconds)); }
 
     std::function<void()> m_onTick;

@@ -34,8 +34,8 @@ qsizetype SizeOf(JetType type) {
 }
 
 /// The offsets of a row's variable fields, stored in reverse order before their count; one more offset is the
-/// end of the last field. In Jet 3 an offset is one byte, and a jump table between offsets and count stores
-/// from which field on another 256 is added.
+/// end of the last field. In Jet 3 an offset is one byte, and a jump table between offsets and count lists
+/// the fields from which on another 256 is added.
 class VariableOffsets {
 public:
     VariableOffsets(const ByteView& row, qsizetype maskAt, const JetLayout& layout)
@@ -66,9 +66,9 @@ public:
 private:
     static constexpr quint8 kUnusedJump = 0xFF;
 
-    /// The jump table has one entry per 256 bytes, but whether its own bytes count is not stored, which
-    /// matters for a row of about such a length. With the correct size the fields end where the offsets
-    /// begin.
+    /// The jump table has one entry per 256 bytes of the row. Whether its own bytes are included in that is
+    /// not stored, which matters if the row is about a multiple of 256 bytes long. So the likely sizes are
+    /// tried: with the correct one the fields end where the offsets begin.
     qsizetype Jumps() {
         const qsizetype likely = (m_row.Size() - 1) / 256;
         for (const qsizetype jumps : std::array{likely, likely + 1, likely - 1}) {
