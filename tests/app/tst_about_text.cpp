@@ -25,13 +25,13 @@ class TstAboutText : public QObject {
 private Q_SLOTS:
     void ThanksFollowEachOther_data();
     void ThanksFollowEachOther();
-    void LinesAreMadeForDrawingAlone();
+    void LinesAreBrokenOnlyForDrawing();
     void TheVersionHasNoBlankAndNoZeros_data();
     void TheVersionHasNoBlankAndNoZeros();
     void FactsArePlainLines();
     void TheFirstProgramThatIsThereIsStarted_data();
     void TheFirstProgramThatIsThereIsStarted();
-    void OneThatDoesNotStartIsPassedOver();
+    void AProgramThatDoesNotStartIsSkipped();
 };
 
 void TstAboutText::ThanksFollowEachOther_data() {
@@ -54,7 +54,7 @@ void TstAboutText::ThanksFollowEachOther() {
     QCOMPARE(FirstThanks(), kFirst);
 }
 
-void TstAboutText::LinesAreMadeForDrawingAlone() {
+void TstAboutText::LinesAreBrokenOnlyForDrawing() {
     QCOMPARE(ThanksLines(kFirst), u"ダウンロードしていただきまして、\nありがとうございます。"_s);
 }
 
@@ -132,7 +132,7 @@ void TstAboutText::TheFirstProgramThatIsThereIsStarted() {
     }
 }
 
-void TstAboutText::OneThatDoesNotStartIsPassedOver() {
+void TstAboutText::AProgramThatDoesNotStartIsSkipped() {
     FakeProgramStarter programs;
     programs.found = {{u"hardinfo"_s, u"/usr/bin/hardinfo"_s}, {u"xfce4-about"_s, u"/usr/bin/xfce4-about"_s}};
     programs.starts = false;

@@ -20,7 +20,7 @@ struct Locale {
     QByteArray lang{};
 };
 
-/// Columns of a terminal: kana, kanji and full-width signs take two.
+/// The width in terminal columns: kana, kanji and full-width signs take two.
 int WidthOf(const QString& line) {
     int width = 0;
     for (const QChar each : line) {

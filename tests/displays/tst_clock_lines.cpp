@@ -91,7 +91,7 @@ private Q_SLOTS:
     void TheNextSecondIsDue();
     void TheNextMinuteIsDueToLinesOutOfSight();
     void ASecondThatWasMissedIsDueAtOnce();
-    void NamesThatWaitForTheDatabaseAreDueAfterFiveSeconds();
+    void TheNamesAreRetriedAfterFiveSeconds();
 };
 
 void TstClockLines::ChoosingTheClockWipesBothLinesIn() {
@@ -310,7 +310,7 @@ void TstClockLines::ASecondThatWasMissedIsDueAtOnce() {
     QCOMPARE(bench.lines.UntilDue(false), qint64{1000});
 }
 
-void TstClockLines::NamesThatWaitForTheDatabaseAreDueAfterFiveSeconds() {
+void TstClockLines::TheNamesAreRetriedAfterFiveSeconds() {
     Bench bench;
     bench.settings.language = 2;  // without seconds
     bench.time.SetNow(QDateTime(QDate(1998, 10, 3), QTime(21, 5, 7)));

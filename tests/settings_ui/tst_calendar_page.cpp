@@ -42,14 +42,14 @@ class TstCalendarPage : public QObject {
 private Q_SLOTS:
     void initTestCase();
     void ThePagesComeLast();
-    void AtFirstAllIsAsBefore();
+    void ByDefaultEverythingIsOff();
     void EachBoxIsItsOwnSetting_data();
     void EachBoxIsItsOwnSetting();
     void TheOptionsAreTheirSettings();
     void OneButtonChoosesTodaysJapan();
     void NothingIsAppliedBeforeOk();
     void AListIsReadAtOnce();
-    void ARefusedListIsTold();
+    void ARefusedListIsReported();
 };
 
 void TstCalendarPage::initTestCase() {
@@ -68,7 +68,7 @@ void TstCalendarPage::ThePagesComeLast() {
                                  u"動作"_s}));
 }
 
-void TstCalendarPage::AtFirstAllIsAsBefore() {
+void TstCalendarPage::ByDefaultEverythingIsOff() {
     SettingsBench bench;
     bench.Open();
     QCOMPARE(bench.Selected(u"Option8"_s), 0);
@@ -182,7 +182,7 @@ void TstCalendarPage::AListIsReadAtOnce() {
     QVERIFY(!bench.Button(u"Command10"_s).isEnabled());
 }
 
-void TstCalendarPage::ARefusedListIsTold() {
+void TstCalendarPage::ARefusedListIsReported() {
     SettingsBench bench;
     bench.Open();
     bench.list = u"/tmp/good.csv"_s;

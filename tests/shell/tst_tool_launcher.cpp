@@ -19,8 +19,8 @@ class TstToolLauncher : public QObject {
 private Q_SLOTS:
     void EveryToolHasItsFile_data();
     void EveryToolHasItsFile();
-    void ThoseThatLieThereArePresent();
-    void AToolStartsInTheFolderWithItsWord();
+    void ToolsWhoseFileExistsArePresent();
+    void AToolStartsInTheFolderWithItsArgument();
     void AToolThatDoesNotStartIsAnError();
 };
 
@@ -40,7 +40,7 @@ void TstToolLauncher::EveryToolHasItsFile() {
     QTEST(ToolFileName(index), "file");
 }
 
-void TstToolLauncher::ThoseThatLieThereArePresent() {
+void TstToolLauncher::ToolsWhoseFileExistsArePresent() {
     const QTemporaryDir folder;
     FakeProgramStarter starter;
     const ToolLauncher tools(ProgramFolder(folder.path()), starter);
@@ -52,7 +52,7 @@ void TstToolLauncher::ThoseThatLieThereArePresent() {
     QCOMPARE(tools.Present(), (QList<int>{2, 13}));
 }
 
-void TstToolLauncher::AToolStartsInTheFolderWithItsWord() {
+void TstToolLauncher::AToolStartsInTheFolderWithItsArgument() {
     FakeProgramStarter starter;
     ToolLauncher(ProgramFolder(u"/a b"_s), starter).Start(9);
     QCOMPARE(starter.started,
