@@ -216,8 +216,8 @@ void TstFolderSetup::AFullDiskLeavesNoHalfFilledFolder() {
 void TstFolderSetup::FilesLeftByKilledStartsAreRemoved() {
     const Bench bench;
     const QString left = bench.dir.filePath(u"data/.tickwell.unfinished-abcdef"_s);
-    const QString backup =
-        bench.dir.filePath(u"data/tickwell-backup"_s);  // a name that a user may give to a copy
+    // A name that a user may give to a copy.
+    const QString backup = bench.dir.filePath(u"data/tickwell-backup"_s);
     QVERIFY(QDir().mkpath(left) && QDir().mkpath(backup));
     CopyFiles(bench.masters, left, RequiredFiles().first(3));
     CopyFiles(bench.masters, backup, RequiredFiles());

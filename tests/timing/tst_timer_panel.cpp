@@ -37,12 +37,12 @@ private Q_SLOTS:
     void TheEntryIsRead();
     void TheStateIsShown_data();
     void TheStateIsShown();
-    void ReadingWritesTheLineWhateverItShows();
+    void ReadingWritesTheLineUnderAnyFunction();
     void StartReadsTheEntryAndRunsTheTick();
     void ResumingFlashesTheFullTime();
-    void AnEntryChangedInThePauseTakesEffectAndKeepsWhatHasPassed();
+    void AnEntryChangedWhilePausedKeepsTheElapsedTime();
     void StopLeavesTheLines();
-    void ResetComesBackToTheBeginning();
+    void ResetRestoresTheFullTime();
     void ResetKeepsTheLoopCount();
     void AnEntryTooLargeThrows();
     void AStartThatOverflowsDoesNotRun();
@@ -106,7 +106,7 @@ void TstTimerPanel::TheStateIsShown() {
     QVERIFY(bench.Take().isEmpty());
 }
 
-void TstTimerPanel::ReadingWritesTheLineWhateverItShows() {
+void TstTimerPanel::ReadingWritesTheLineUnderAnyFunction() {
     Bench bench;
     bench.state.TimerShownOnMain = false;
     bench.panel.ReadEntries({.hours = 0, .minutes = 0, .seconds = 20, .repeat = false});
@@ -137,14 +137,14 @@ void TstTimerPanel::ResumingFlashesTheFullTime() {
     QCOMPARE(bench.countdown.Remaining(), 55'000);
 }
 
-void TstTimerPanel::AnEntryChangedInThePauseTakesEffectAndKeepsWhatHasPassed() {
+void TstTimerPanel::AnEntryChangedWhilePausedKeepsTheElapsedTime() {
     Bench bench;
     bench.panel.StartOrStop({0, 1, 0, false});
     bench.time.since += 5000;
     bench.panel.StartOrStop({0, 1, 0, false});
     bench.panel.ReadEntries({.hours = 0, .minutes = 0, .seconds = 3, .repeat = false});
     bench.panel.StartOrStop({0, 0, 3, false});
-    QCOMPARE(bench.countdown.Remaining(), -2000);  // over at once; intentional
+    QCOMPARE(bench.countdown.Remaining(), -2000);  // in the past at once, on purpose
 }
 
 void TstTimerPanel::StopLeavesTheLines() {
@@ -159,7 +159,7 @@ void TstTimerPanel::StopLeavesTheLines() {
     QVERIFY(bench.Take().isEmpty());
 }
 
-void TstTimerPanel::ResetComesBackToTheBeginning() {
+void TstTimerPanel::ResetRestoresTheFullTime() {
     Bench bench;
     bench.panel.StartOrStop({0, 1, 0, false});
     bench.time.since += 5000;
