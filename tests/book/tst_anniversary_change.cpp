@@ -216,8 +216,8 @@ void TstAnniversaryChange::RowsWrittenMeanwhileAreIncluded() {
     }
     bench.store.Raw("INSERT INTO Kinenbi(Name,Year,Month,Day,Week) VALUES ('n1',0,2,2,0),('new',0,2,2,0)");
     DoWhole(*deletion);
-    QCOMPARE(bench.store.Raw("SELECT Name FROM Kinenbi"),
-             QStringList{u"new"_s});  // the new 'n1' equals a ticked row
+    // The new row 'n1' equals a ticked one.
+    QCOMPARE(bench.store.Raw("SELECT Name FROM Kinenbi"), QStringList{u"new"_s});
 }
 
 void TstAnniversaryChange::ALockedFileKeepsItsRows() {

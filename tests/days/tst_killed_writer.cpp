@@ -117,8 +117,8 @@ void TstKilledWriter::ReportedRowsAreStored() {
     QRandomGenerator random(kSeed);
     Told told;
     for (int i = 0; i < kKills; ++i) {
-        told.lastNumber =
-            store.Raw("SELECT count(*) FROM Kinenbi")[0].toInt();  // the last one may be unreported
+        // The last row may be stored but not reported.
+        told.lastNumber = store.Raw("SELECT count(*) FROM Kinenbi")[0].toInt();
         const int next = told.lastNumber + 1;
         told = ToldIn(Killed({store.Path(), QString::number(next)}, i % kKillsPerEarlyKill != 0,
                              std::chrono::microseconds(random.bounded(kLongestLife))),

@@ -37,15 +37,15 @@ private Q_SLOTS:
     void CommandTexts_data();
     void CommandTexts();
     void ASuccessLeavesItsReply();
-    void AReplyEndsAtItsNulOrItsPlace();
+    void AReplyEndsAtItsNulOrTheEndOfTheBuffer();
     void AnEmptyCommandIsOnlyRemembered();
     void AFailureIsRememberedThenShownThenSwitchesThePlayerOff();
     void AFailureThatIsNotShownSwitchesThePlayerOffAsWell();
     void AFailureOfTheNoticeSwitchesThePlayerOffOnPurpose();
     void AnErrorWithoutATextIsUnknown();
-    void AnErrorTextEndsAtItsNulOrItsPlace();
+    void AnErrorTextEndsAtItsNulOrTheEndOfTheBuffer();
     void OneBoxAtATime();
-    void ABoxMayOfferToBeTheLast();
+    void ABoxMayOfferToSilenceTheNotice();
     void FailedQueries();
     void RepliesThatAreNoNumbers();
     void PlayingOneTrackAlone();
@@ -100,7 +100,7 @@ void TstMultimedia::ASuccessLeavesItsReply() {
     QVERIFY(bench.boxes.Shown().isEmpty());
 }
 
-void TstMultimedia::AReplyEndsAtItsNulOrItsPlace() {
+void TstMultimedia::AReplyEndsAtItsNulOrTheEndOfTheBuffer() {
     Bench bench;
     bench.Answer(u"a"_s, u"12"_s + QChar(0) + u"34"_s);
     bench.Answer(u"b"_s, QString(600, u'x'));
@@ -160,7 +160,7 @@ void TstMultimedia::AnErrorWithoutATextIsUnknown() {
     QCOMPARE(bench.state.MediaError, 278);
 }
 
-void TstMultimedia::AnErrorTextEndsAtItsNulOrItsPlace() {
+void TstMultimedia::AnErrorTextEndsAtItsNulOrTheEndOfTheBuffer() {
     Bench bench;
     bench.devices.texts.insert(1, u"短い"_s + QChar(0) + u"残り"_s);
     bench.devices.texts.insert(2, QString(300, u'長'));
@@ -184,7 +184,7 @@ void TstMultimedia::OneBoxAtATime() {
     QCOMPARE(bench.boxes.Shown().size(), 2);
 }
 
-void TstMultimedia::ABoxMayOfferToBeTheLast() {
+void TstMultimedia::ABoxMayOfferToSilenceTheNotice() {
     Bench bench;
     bench.Fail(u"stop CDP"_s);
     QList<bool> answers;

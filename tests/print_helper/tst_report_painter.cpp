@@ -50,7 +50,7 @@ private Q_SLOTS:
     void ItPaintsInTheGothicFontOfTenPoints();
     void APageWithoutRoomTakesOneLine();
     void AllLinesLieInsideTheArea();
-    void TheSecondColumnIsBehindTheLongestText();
+    void TheSecondColumnIsRightOfTheLongestText();
     void EachPageHasItsOwnSecondColumn();
 };
 
@@ -95,7 +95,7 @@ void TstReportPainter::AllLinesLieInsideTheArea() {
     QVERIFY(inked.height() > area.height() / 2);
 }
 
-void TstReportPainter::TheSecondColumnIsBehindTheLongestText() {
+void TstReportPainter::TheSecondColumnIsRightOfTheLongestText() {
     const QString shorter = u"Lapse9  0:03'10\"500"_s;
     const QString longer = u"Lapse10  10:03'10\"500"_s;
     const QString interval = u"(+0:00'01\"000)"_s;
