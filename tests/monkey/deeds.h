@@ -8,7 +8,7 @@
 namespace tickwell {
 
 /// Random actions of a user and random events of the machine. Each is recorded in the Trail before it is
-/// done.
+/// performed.
 class Deeds {
 public:
     /// `world` and `random` outlive this object.
@@ -43,7 +43,7 @@ private:
     void CloseAWindow();
     void ShrinkAWindow();
 
-    // The machine.
+    // Events of the machine.
     void Wait();
     void SetTheClock();
     void ChangeTheDisc();

@@ -191,7 +191,8 @@ void Hands::Turn(QWidget& widget, QPoint at, QPoint angle, Qt::KeyboardModifiers
 }
 
 void Hands::Key(Qt::Key key, Qt::KeyboardModifiers modifiers) {
-    const QWidget* popup = QApplication::activePopupWidget();  // it receives the keys of all windows
+    const QWidget* popup =
+        QApplication::activePopupWidget();  // an open popup receives the keys of all windows
     const QPointer<QWindow> window = popup != nullptr ? WindowOf(*popup) : QGuiApplication::focusWindow();
     for (const QTest::KeyAction action : {QTest::Press, QTest::Release}) {
         if (window != nullptr) {  // the press may have destroyed the window

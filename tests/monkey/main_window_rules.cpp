@@ -38,7 +38,7 @@ constexpr std::array kFunctions{
     FunctionTable{u"Menu9", true, {}},
 };
 
-/// Also finds it while it is hidden.
+/// Found even while it is hidden.
 const QWidget& MainWindow() {
     const QWidgetList all = QApplication::topLevelWidgets();
     return **std::find_if(all.begin(), all.end(),
@@ -119,7 +119,8 @@ void CheckLowerLine(const Scene& scene, const QString& text, Complaints& complai
                       IsLike(text, uR"(\d+％残っています|あと \d+時間\d\d分です)"_s);
             break;
         case kFunctionMemory:
-            isRight = IsLike(text, uR"(\d+％使用中)"_s) || !now.memory.Load();  // or the line is unchanged
+            isRight = IsLike(text, uR"(\d+％使用中)"_s) ||
+                      !now.memory.Load();  // if the load is unknown, the line is unchanged
             break;
         case kFunctionCd:
             isRight = text.isEmpty() || text == u"再生不可" ||
