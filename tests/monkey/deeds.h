@@ -17,7 +17,7 @@ public:
     /// Performs one action. It may run a nested event loop, such as a menu or a drag, before it returns.
     void DoOne();
 
-    /// Returns the milliseconds that must pass before the next action, and resets them to 0.
+    /// Returns the time in ms that must pass before the next action, and resets it to 0.
     qint64 TakeWait() { return std::exchange(m_wait, 0); }
 
     /// Whether the last action only waited.

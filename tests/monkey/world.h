@@ -42,12 +42,10 @@ struct Machine {
     FakeEventWait wait;
     FakeCdDrive drive;
     app::ProgramState state;
-    bool hasClosed =
-        false;          ///< the main window has closed; an open message box may still delay the program's end
-    qint64 passed = 0;  ///< ms since the start
-    bool wasOddYear =
-        false;           ///< whether the year was outside of the calendar's range at any time since the start
-    AppSettings stored;  ///< the settings when the main window closed
+    bool hasClosed = false;   ///< the main window has closed; a message box may still delay the end
+    qint64 passed = 0;        ///< ms since the start
+    bool wasOddYear = false;  ///< the year was outside of the calendar's range at some time since the start
+    AppSettings stored;       ///< the settings when the main window closed
     FurtherSettings storedFurther;
     std::unique_ptr<app::RunningProgram> program;
 
