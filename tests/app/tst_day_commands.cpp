@@ -73,7 +73,7 @@ private Q_SLOTS:
     void ADamagedListIsLoggedAndTheLawHolds();
     void AMissingDatabaseOrFolderIsNamed();
     void ADamagedDatabaseIsNamedWithItsCopy();
-    void BadSettingsAreNamedByTodayAlone();
+    void OnlyTodayNamesBadSettings();
     void NoFileIsMadeOrChanged();
 };
 
@@ -192,7 +192,7 @@ void TstDayCommands::ADamagedDatabaseIsNamedWithItsCopy() {
                  u"\r\nデータベースの形式が違います。(26)\r\nデータベースの控えが残っています：CopyDate.mdb");
 }
 
-void TstDayCommands::BadSettingsAreNamedByTodayAlone() {
+void TstDayCommands::OnlyTodayNamesBadSettings() {
     const Bench bench;
     bench.Set("[SetUp]\nOp_Speed=?\n");  // an invalid setting that only the window reads
     QCOMPARE(bench.Today(QDate(2026, 1, 1)), u"元日\n"_s);

@@ -52,7 +52,7 @@ private Q_SLOTS:
     void init();
     void TheFirstIsTheFirst();
     void OtherFoldersHaveTheirOwn();
-    void TheSocketIsTheUsersAlone();
+    void OnlyTheUserHasAccessToTheSocket();
     void UnknownWordsAreIgnored();
     void AnEndlessWordIsIgnored();
     void SilentConnectionsDoNotBlockOthers();
@@ -62,7 +62,7 @@ private Q_SLOTS:
     void TheReasonForNoAnswerIsNamed_data();
     void TheReasonForNoAnswerIsNamed();
     void ARelativeRuntimeFolderIsIgnored();
-    void AFolderThatTakesNoFileIsAnError();
+    void AFolderWithoutWriteAccessIsAnError();
     void AKilledFirstDoesNotBlockTheNextStart();
 
 private:
@@ -97,7 +97,7 @@ void TstSingleInstance::OtherFoldersHaveTheirOwn() {
     QCOMPARE(QDir(m_runtime.path()).entryInfoList(QDir::System).size(), 2);
 }
 
-void TstSingleInstance::TheSocketIsTheUsersAlone() {
+void TstSingleInstance::OnlyTheUserHasAccessToTheSocket() {
     const QTemporaryDir folder;
     SingleInstance first(folder.path());
     QVERIFY(first.Acquire());
@@ -282,7 +282,7 @@ void TstSingleInstance::ARelativeRuntimeFolderIsIgnored() {
     QVERIFY(QDir(elsewhere.filePath(u"run"_s)).isEmpty());
 }
 
-void TstSingleInstance::AFolderThatTakesNoFileIsAnError() {
+void TstSingleInstance::AFolderWithoutWriteAccessIsAnError() {
     SingleInstance instance(u"/proc"_s);
     QVERIFY_THROWS_EXCEPTION(RunTimeError, instance.Acquire());
 }

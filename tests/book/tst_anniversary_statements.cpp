@@ -28,7 +28,7 @@ class TstAnniversaryStatements : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void AddsWithTheNameAloneInQuotes();
+    void AddsWithOnlyTheNameInQuotes();
     void ChangesWithAllNewValuesInQuotes();
     void DeletesWithTwoBlanksBeforeWhere();
     void WritesNumbersPlainly();
@@ -40,7 +40,7 @@ private Q_SLOTS:
     void AQuoteInTheNameIsRefused();
 };
 
-void TstAnniversaryStatements::AddsWithTheNameAloneInQuotes() {
+void TstAnniversaryStatements::AddsWithOnlyTheNameInQuotes() {
     QCOMPARE(InsertSql(kBirthday),
              uR"(INSERT INTO Kinenbi(Name,Year,Month,Day,Week) VALUES ("誕生日",0,10,3,0))"_s);
     QCOMPARE(InsertSql({}), uR"(INSERT INTO Kinenbi(Name,Year,Month,Day,Week) VALUES ("",0,0,0,0))"_s);

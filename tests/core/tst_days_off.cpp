@@ -42,10 +42,10 @@ private Q_SLOTS:
     void TheOfficialListIsTheLaw();
     void WithoutAListTheLawHolds();
     void AListWinsInItsYears();
-    void DifferencesAreTold_data();
-    void DifferencesAreTold();
+    void DifferencesAreReported_data();
+    void DifferencesAreReported();
     void AListCutAnywhereIsRefusedOrShorter();
-    void EachDamagedByteIsRefusedOrTold();
+    void EachDamagedByteIsRefusedOrReported();
 };
 
 void TstDaysOff::TheOfficialListIsTheLaw() {
@@ -81,7 +81,7 @@ void TstDaysOff::AListWinsInItsYears() {
     QCOMPARE(days.value(QDate(1955, 6, 1)), u"休日"_s);  // the law has no name for it
 }
 
-void TstDaysOff::DifferencesAreTold_data() {
+void TstDaysOff::DifferencesAreReported_data() {
     QTest::addColumn<QByteArray>("line");
     QTest::addColumn<QStringList>("differences");
     QTest::newRow("none") << QByteArray("1955/3/21,春分の日") << QStringList();
@@ -94,7 +94,7 @@ void TstDaysOff::DifferencesAreTold_data() {
                                                 u"1955年3月21日：「春分の日」がデータにありません。"_s};
 }
 
-void TstDaysOff::DifferencesAreTold() {
+void TstDaysOff::DifferencesAreReported() {
     QFETCH(const QByteArray, line);
     QFETCH(const QStringList, differences);
     const auto list = Accepted(ShortList().replace("1955/3/21,春分の日", line));
@@ -117,7 +117,7 @@ void TstDaysOff::AListCutAnywhereIsRefusedOrShorter() {
     QCOMPARE(accepted, 13);
 }
 
-void TstDaysOff::EachDamagedByteIsRefusedOrTold() {
+void TstDaysOff::EachDamagedByteIsRefusedOrReported() {
     std::mt19937 random(20260506);
     for (const QByteArray& bytes : {ShortList(), OfficialList()}) {
         const auto original = Accepted(bytes);

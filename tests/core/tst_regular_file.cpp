@@ -61,8 +61,8 @@ private Q_SLOTS:
     void NonRegularFilesAreNotOpened();
     void AFileIsTooLargeByOneByte();
     void ASparseFileIsNotRead();
-    void AbsentAndUnreadableFilesAreToldApart_data();
-    void AbsentAndUnreadableFilesAreToldApart();
+    void AbsentAndUnreadableFilesAreDistinguished_data();
+    void AbsentAndUnreadableFilesAreDistinguished();
     void WithoutTheRightToReadItIsAnError();
 };
 
@@ -137,7 +137,7 @@ void TstRegularFile::ASparseFileIsNotRead() {
     QCOMPARE(ReadRegularFile(dir.filePath(u"file"_s), kMost).problem, FileProblem::TooLarge);
 }
 
-void TstRegularFile::AbsentAndUnreadableFilesAreToldApart_data() {
+void TstRegularFile::AbsentAndUnreadableFilesAreDistinguished_data() {
     QTest::addColumn<QString>("name");
     QTest::addColumn<FileProblem>("problem");
     QTest::newRow("nothing there") << u"none"_s << FileProblem::Absent;
@@ -147,7 +147,7 @@ void TstRegularFile::AbsentAndUnreadableFilesAreToldApart_data() {
     QTest::newRow("a link to itself") << u"circle"_s << FileProblem::Unreadable;
 }
 
-void TstRegularFile::AbsentAndUnreadableFilesAreToldApart() {
+void TstRegularFile::AbsentAndUnreadableFilesAreDistinguished() {
     QFETCH(QString, name);
     QFETCH(FileProblem, problem);
     const QTemporaryDir dir;

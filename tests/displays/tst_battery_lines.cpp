@@ -39,7 +39,7 @@ class TstBatteryLines : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void OnMainsTheLineIsWipedInOnceAndThenLeftAlone();
+    void OnMainsTheLineIsWipedInOnce();
     void OnBatteryChargeAndTimeTakeTurns();
     void TheChargeIsShownIfTheTimeLeftIsUnknown();
     void OnlyReadingsOnBatteryAlternate();
@@ -51,7 +51,7 @@ private Q_SLOTS:
     void TimesLeftRead();
 };
 
-void TstBatteryLines::OnMainsTheLineIsWipedInOnceAndThenLeftAlone() {
+void TstBatteryLines::OnMainsTheLineIsWipedInOnce() {
     Bench bench;
     QCOMPARE(bench.After(kOnMains), QStringList{u"show AC電源を使用中です"_s});
     QCOMPARE(bench.After(kOnMains), QStringList());

@@ -73,7 +73,7 @@ private Q_SLOTS:
     void TheTimeIsSetOnceASecondThoughTheTimerRunsFiveTimes();
     void WithoutNamesTheDateIsSetWithoutAWipe();
     void DateAndNamesTakeTurnsWithAWipe();
-    void AHolidayAloneTakesTurnsToo();
+    void AHolidayWithoutAnniversariesTakesTurnsToo();
     void TheFirstTickAlwaysLooksUp();
     void TheLookUpLeavesTheUpperLineAlone();
     void AfterMidnightTheFirstTurnIsTheFirstName();
@@ -125,7 +125,7 @@ void TstClockLines::DateAndNamesTakeTurnsWithAWipe() {
                                           Shown(kSaturday), Shown(u"一つ目")}));
 }
 
-void TstClockLines::AHolidayAloneTakesTurnsToo() {
+void TstClockLines::AHolidayWithoutAnniversariesTakesTurnsToo() {
     Bench bench;
     bench.store.Raw("INSERT INTO Syukuzitu(Name,Month,Day) VALUES ('祝日',10,3)");
     bench.Tick();

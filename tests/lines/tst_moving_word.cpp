@@ -57,7 +57,7 @@ private Q_SLOTS:
     void TextIsSetAtOnceAndNeverWiped();
     void ShowTextReturnsTheNewTextWhileItWipes();
     void SetTextDuringAWipeEndsIt();
-    void ShowTextDuringAWipeStartsAnewWithTheNewText();
+    void ShowTextDuringAWipeRestartsItWithTheNewText();
     void AWipeTakesItsFrames_data();
     void AWipeTakesItsFrames();
     void AnIntervalOfZeroOrBelowIsOverAtOnce();
@@ -107,7 +107,7 @@ void TstMovingWord::SetTextDuringAWipeEndsIt() {
     QCOMPARE(bench.Picture(), atOnce);
 }
 
-void TstMovingWord::ShowTextDuringAWipeStartsAnewWithTheNewText() {
+void TstMovingWord::ShowTextDuringAWipeRestartsItWithTheNewText() {
     Bench bench;
     bench.word.ShowText(u"一"_s);
     bench.time.Advance(80);

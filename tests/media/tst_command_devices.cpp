@@ -120,7 +120,7 @@ private Q_SLOTS:
     void OtherNumbersHaveNoText();
     void AWordMayBeWrittenInAnyCase();
     void BlanksAndTabsPartWords();
-    void ANameMayStandInQuotes();
+    void ANameMayBeInQuotes();
     void AQuotedWordIsNoKeyword();
     void ACommandEndsAtItsNul();
     void WithoutAliasTheNameIsTheAlias();
@@ -185,7 +185,7 @@ void TstCommandDevices::BlanksAndTabsPartWords() {
     QCOMPARE(bench.Reply(u"status　CDP number of tracks"_s), u"error 261"_s);
 }
 
-void TstCommandDevices::ANameMayStandInQuotes() {
+void TstCommandDevices::ANameMayBeInQuotes() {
     DeviceBench bench;
     WriteAll(bench.folder.filePath(u"my sound.wav"_s), WaveBytes({.rate = 1000, .data = Samples16(7)}));
     QCOMPARE(bench.Reply(u"open \"%1\" alias \"the notice\""_s.arg(bench.folder.filePath(u"my sound.wav"_s))),

@@ -79,7 +79,7 @@ private Q_SLOTS:
     void DevicesAreClosedALittleAfterTheLastSound();
     void AnUnusedActivationReleasesItsDevice();
     void ADeviceComesBackForTheNextPlay();
-    void ALostDeviceIsOpenedAnewByTheNextPlay();
+    void ALostDeviceIsReopenedByTheNextPlay();
     void FlushingEndsTheSound();
     void ClosingTheSessionClosesEverything();
     void ASecondSessionClosesTheFirst();
@@ -211,7 +211,7 @@ void TstWaveMix::ADeviceComesBackForTheNextPlay() {
     QVERIFY(bench.Device().sounded == RampSamples(0, 1));
 }
 
-void TstWaveMix::ALostDeviceIsOpenedAnewByTheNextPlay() {
+void TstWaveMix::ALostDeviceIsReopenedByTheNextPlay() {
     Bench bench;
     const qint32 session = bench.Start();
     bench.Play(session, 1, u"one"_s, 0);

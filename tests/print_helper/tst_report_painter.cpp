@@ -49,7 +49,7 @@ class TstReportPainter : public QObject {
 private Q_SLOTS:
     void ItPaintsInTheGothicFontOfTenPoints();
     void APageWithoutRoomTakesOneLine();
-    void AllLinesLieInsideTheArea();
+    void AllLinesAreInsideTheArea();
     void TheSecondColumnIsRightOfTheLongestText();
     void EachPageHasItsOwnSecondColumn();
 };
@@ -82,7 +82,7 @@ void TstReportPainter::APageWithoutRoomTakesOneLine() {
     QVERIFY(!report.Paint(painter, QRectF(0, 0, 100, 4), 2));
 }
 
-void TstReportPainter::AllLinesLieInsideTheArea() {
+void TstReportPainter::AllLinesAreInsideTheArea() {
     const ReportPainter report(QStringList(100, u"あいう"_s));
     QImage sheet = Sheet();
     const QRect area(40, 40, 500, 400);

@@ -43,16 +43,16 @@ class TstDayLinks : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void TheFileBehindTheLinkIsCompacted();
+    void TheTargetOfTheLinkIsCompacted();
     void FilesBesideATargetOfAnotherNameAreLeftAlone();
     void LinksAreFollowedToTheEnd();
     void ACircularLinkIsAnError();
-    void TheNextStartTidiesUpBehindTheLink();
+    void TheNextStartTidiesUpBesideTheTarget();
     void AProgramWithTheTargetOpenPreventsCompaction();
-    void AJetFileBehindTheLinkIsImported();
+    void AJetFileThatTheLinkNamesIsImported();
 };
 
-void TstDayLinks::TheFileBehindTheLinkIsCompacted() {
+void TstDayLinks::TheTargetOfTheLinkIsCompacted() {
     LinkedCase linked;
     const QStringList rows = linked.bench.store.Rows();
     const qint64 before = QFileInfo(linked.real).size();
@@ -103,7 +103,7 @@ void TstDayLinks::ACircularLinkIsAnError() {
     QVERIFY(linked.IsLink());
 }
 
-void TstDayLinks::TheNextStartTidiesUpBehindTheLink() {
+void TstDayLinks::TheNextStartTidiesUpBesideTheTarget() {
     LinkedCase linked;
     const QStringList rows = linked.bench.store.Rows();
     for (const QString& name : {u"CopyDate.mdb"_s, u"BUDate.mdb"_s}) {
@@ -126,7 +126,7 @@ void TstDayLinks::AProgramWithTheTargetOpenPreventsCompaction() {
     QCOMPARE(linked.bench.boxes.Shown(), QList<Message>{CompactionFailed()});
 }
 
-void TstDayLinks::AJetFileBehindTheLinkIsImported() {
+void TstDayLinks::AJetFileThatTheLinkNamesIsImported() {
     LinkedCase linked;
     SetBytes(linked.real, FullJet4());
     const auto summary = ImportJetFile(u"DayDate.mdb"_s);

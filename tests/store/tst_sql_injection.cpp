@@ -237,7 +237,7 @@ class TstSqlInjection : public QObject {
 
 private Q_SLOTS:
     void NamesAreNeverSql();
-    void MutatedStatementsAreRefusedOrRunAlone();
+    void MutatedStatementsAreRefusedOrAreOneStatement();
 
 private:
     void TryName(DayDatabase& database, Dice& dice);
@@ -334,7 +334,7 @@ void TstSqlInjection::TryMutation(DayDatabase& database, Dice& dice) {
     }
 }
 
-void TstSqlInjection::MutatedStatementsAreRefusedOrRunAlone() {
+void TstSqlInjection::MutatedStatementsAreRefusedOrAreOneStatement() {
     const int count = RandomCount(kUsualNames) / kMutationsPerName;
     qInfo("seed %u, %d statements", kSeed, count);
     const DayStore store;
