@@ -111,7 +111,7 @@ void TstAboutText::TheFirstProgramThatIsThereIsStarted_data() {
                           << QStringList{u"--show-system-tab"_s};
     QTest::newRow("Xfce") << QStringList{u"xfce4-about"_s} << u"xfce4-about"_s << none;
     QTest::newRow("GNOME") << QStringList{u"gnome-system-monitor"_s} << u"gnome-system-monitor"_s << none;
-    QTest::newRow("what is made for it goes first")
+    QTest::newRow("programs made for system information go first")
         << QStringList{u"gnome-system-monitor"_s, u"kinfocenter"_s, u"hardinfo"_s} << u"hardinfo"_s << none;
     QTest::newRow("programs of another kind are left alone") << QStringList{u"xterm"_s} << QString() << none;
 }

@@ -158,7 +158,7 @@ def days_between(holidays, substitutes):
 
 
 def table():
-    """The whole table as text."""
+    """The complete table as text."""
     named = national_holidays()
     days = {day: (name, "holiday") for day, name in named.items()}
     acts = [(name, date.fromisoformat(day), counts) for name, day, counts in ONE_DAY_ACTS]

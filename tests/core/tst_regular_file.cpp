@@ -143,7 +143,7 @@ void TstRegularFile::AbsentAndUnreadableFilesAreDistinguished_data() {
     QTest::newRow("nothing there") << u"none"_s << FileProblem::Absent;
     QTest::newRow("no folder either") << u"none/none"_s << FileProblem::Absent;
     QTest::newRow("a dead link") << u"dead"_s << FileProblem::Absent;
-    QTest::newRow("a file for a folder") << u"file/none"_s << FileProblem::Unreadable;
+    QTest::newRow("a file instead of a folder") << u"file/none"_s << FileProblem::Unreadable;
     QTest::newRow("a link to itself") << u"circle"_s << FileProblem::Unreadable;
 }
 

@@ -31,8 +31,8 @@ void TstMarkDeletion::Deleting_data() {
     const QString later = u"Usuallyday 1999-10-04"_s;
     const QString yearBefore = u"Usuallyday 1997-12-31"_s;
     QTest::newRow("all up to the month's end") << MessageAnswer::Yes << QStringList{november, later};
-    QTest::newRow("the month alone") << MessageAnswer::No
-                                     << QStringList{september, november, longAgo, later, yearBefore};
+    QTest::newRow("only the month") << MessageAnswer::No
+                                    << QStringList{september, november, longAgo, later, yearBefore};
     QTest::newRow("nothing") << MessageAnswer::Cancel
                              << QStringList{september, october1, november,  october31,
                                             longAgo,   later,    yearBefore};

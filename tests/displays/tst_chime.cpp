@@ -87,7 +87,7 @@ void TstChime::ModesSoundWhenTheySay_data() {
     const QString half = u"鳩時計の音 x1 at 14:30:00"_s;
     const QString hour = u"鳩時計の音 x3 at 15:00:00"_s;
     QTest::newRow("hour and half hour") << 0 << QStringList{half, hour};
-    QTest::newRow("the hour alone") << 1 << QStringList{hour};
+    QTest::newRow("only the hour") << 1 << QStringList{hour};
     QTest::newRow("none") << 2 << QStringList();
     QTest::newRow("a mode that is not known strikes the hour") << 7 << QStringList{hour};
 }

@@ -124,7 +124,7 @@ class Missing(FaultCase):
         CalendarHand(self.session, self.app).close()
         self.close()
         told = [line for line in self.app.program.output().splitlines() if "Point size <= 0" not in line]
-        self.assertEqual(told, [])  # nothing else than Qt's message is printed
+        self.assertEqual(told, [])  # Qt's message is the only output
 
     def test_without_its_help_file_it_says_so_until_it_is_back(self):
         self.start_clock()

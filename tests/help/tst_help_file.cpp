@@ -56,7 +56,7 @@ void TstHelpFile::FilesThatAreNoTextAreRefused_data() {
     QTest::newRow("empty") << QByteArray() << kUnreadable;
     QTest::newRow("a compiled help file") << QByteArray("?_\x03\x00\x10\x00\x00\x00", 8) << kWrongForm;
     QTest::newRow("another encoding") << QByteArray("\x83\x77\x83\x8b\x83\x76") << kWrongForm;
-    QTest::newRow("cut within a character") << QByteArray("a\xe3\x81") << kWrongForm;
+    QTest::newRow("truncated within a character") << QByteArray("a\xe3\x81") << kWrongForm;
     QTest::newRow("too large")
         << QByteArray("<br>").repeated(512 * 256) + '\n'
         << kUnreadable +

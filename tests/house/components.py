@@ -1,6 +1,6 @@
 #!/usr/bin/python3
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""components.py BUILD_FOLDER: what a component links is what its files include, and no more.
+"""components.py BUILD_FOLDER: checks that each component links exactly what its files include.
 
 CMake knows the components and their links; this test compares them with the includes.
 """
@@ -45,7 +45,7 @@ def unit_of(path):
 
 @cache
 def reach(name):
-    """Names of the components that it links, directly or not."""
+    """The names of the components that it links, directly or indirectly."""
     needs = COMPONENTS[name].needs
     return frozenset(needs).union(*(reach(each) for each in needs))
 
@@ -61,7 +61,7 @@ def included_files(path):
 
 @cache
 def with_all_headers(path):
-    """The file, and what it includes of this project, directly or not."""
+    """The file, and all files of this project that it includes, directly or indirectly."""
     files, new = {path}, [path]
     while new:
         further = [each for each in included_files(new.pop()) if each not in files]

@@ -18,8 +18,7 @@ SHELL = re.compile(r"(?<!QLocale::)\bsystem\s*\(|\bpopen\s*\(|\bwordexp\s*\(|\bs
                    r"\bposix_spawnp\s*\(|\bexec[vl]p|startDetached\((?![^)]*,)|\bstart\(\s*u\"[^\"]* |"
                    r"\"(/bin/)?(ba|da)?sh\"")
 
-# Untrusted text is never rendered as markup. Only the help renders markup, that of the help file, and it loads no other
-# file.
+# Untrusted text is never rendered as markup. Only the help renders markup, from the help file, and loads no other file.
 MARKUP = re.compile(r"\bsetHtml\(|\binsertHtml\(|\bappendHtml\(|\bsetMarkdown\(|\binsertMarkdown\(|Qt::RichText|"
                     r"Qt::AutoText|Qt::MarkdownText|\bQTextBrowser\b|\bQErrorMessage\b|\bQWhatsThis\b|setWhatsThis\(|"
                     r"\bQStaticText\b|\bQMessageBox::(information|question|warning|critical|about)\b|\bQToolTip\b")

@@ -130,8 +130,8 @@ void TstCdPlayer::PreviousWhilePlaying_data() {
     QTest::addColumn<int>("track");
     QTest::addColumn<int>("intoTrack");  // ms
     QTest::addColumn<int>("then");
-    QTest::newRow("at its start: the one before") << 2 << 0 << 1;
-    QTest::newRow("999 ms: the one before") << 2 << 999 << 1;
+    QTest::newRow("at its start: the previous one") << 2 << 0 << 1;
+    QTest::newRow("999 ms: the previous one") << 2 << 999 << 1;
     QTest::newRow("1000 ms: the same again") << 2 << 1000 << 2;
     QTest::newRow("later: the same again") << 2 << 90'000 << 2;
     QTest::newRow("first, 999 ms: the last") << 1 << 999 << 3;

@@ -64,7 +64,7 @@ void TstMultimedia::CommandTexts_data() {
     row("open", u"open cdaudio alias CDP"_s, [](auto& m) { m.MciOpen(u"cdaudio"_s, u"CDP"_s, false); });
     row("play", u"play Timer"_s, [](auto& m) { m.MciPlay(u"Timer"_s, false, {}, {}, false); });
     row("play from", u"play CDP from 5"_s, [](auto& m) { m.MciPlay(u"CDP"_s, false, u"5"_s, {}, false); });
-    row("play to alone", u"play CDP to 9"_s, [](auto& m) { m.MciPlay(u"CDP"_s, false, {}, u"9"_s, false); });
+    row("play only to", u"play CDP to 9"_s, [](auto& m) { m.MciPlay(u"CDP"_s, false, {}, u"9"_s, false); });
     row("play all of it", u"play CDP from 5 to 9 wait"_s,
         [](auto& m) { m.MciPlay(u"CDP"_s, true, u"5"_s, u"9"_s, false); });
     row("play and wait", u"play CDP wait"_s, [](auto& m) { m.MciPlay(u"CDP"_s, true, {}, {}, false); });

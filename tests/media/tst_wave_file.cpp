@@ -99,8 +99,8 @@ void TstWaveFile::FilesThatCannotBePlayed_data() {
     const QByteArray good = WaveBytes({.data = Samples16(4)});
     QTest::newRow("nothing") << QByteArray();
     QTest::newRow("a text") << QByteArray("RIFF is not all that it takes to be a wave");
-    QTest::newRow("head alone") << good.first(12);
-    QTest::newRow("cut in the format") << good.first(30);
+    QTest::newRow("only the header") << good.first(12);
+    QTest::newRow("truncated in the format") << good.first(30);
     QTest::newRow("no data") << good.first(36);
     QTest::newRow("other family") << "RIFX" + good.sliced(4);
     QTest::newRow("compressed") << WaveBytes({.tag = 2, .data = Samples16(4)});

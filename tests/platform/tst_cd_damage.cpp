@@ -35,8 +35,8 @@ constexpr auto kEndlessChunks =
     "////////////////////////////////////////////////////////////////////////////////////////////////"
     "/////0YAAAAUTU9UT1JPTEEAAPrBX///AAAAAOwARU5EIUAAAAAATkVSTwAGPqA=";
 
-/// Simulates damage by a disk, a copy or a user; more often in the last bytes, where images store their
-/// contents.
+/// Simulates damage by a disk, a copy or a user. The last bytes are changed more often, because single-file
+/// images store the description of their tracks there.
 QByteArray Damaged(QByteArray bytes, QRandomGenerator& random) {
     const auto size = static_cast<quint32>(bytes.size());
     const auto place = [&] {

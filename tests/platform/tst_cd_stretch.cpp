@@ -44,7 +44,7 @@ void TstCdStretch::RangesHaveTheirRuns_data() {
     row("data between", kDataBetween, Frames(50), 250,
         {{Frames(50), Frames(100)}, {Frames(200), Frames(250)}});
     row("data last", kDataLast, 0, 200, {{0, Frames(100)}});
-    row("data alone", kDataLast, Frames(120), 200, {});
+    row("only data", kDataLast, Frames(120), 200, {});
     row("sound before the first track", kLateStart, 0, 90, {{0, Frames(90)}});
     row("nothing", kTones, Frames(100), 100, {});
     row("from after to", kTones, Frames(200), 100, {});

@@ -57,7 +57,7 @@ void TstPrintAnswer::AcceptedIsNoFailure() {
 void TstPrintAnswer::UnexpectedLinesAreFailures_data() {
     QTest::addColumn<QByteArray>("line");
     QTest::newRow("empty") << ""_ba;
-    QTest::newRow("word alone") << "accepted"_ba;
+    QTest::newRow("only the word") << "accepted"_ba;
     QTest::newRow("two fields") << "aborted\tLaser"_ba;
     QTest::newRow("four fields") << "accepted\tLaser\t\t"_ba;
     QTest::newRow("unknown word") << "printed\tLaser\t"_ba;

@@ -32,7 +32,7 @@ void TstToolLauncher::EveryToolHasItsFile_data() {
     QTest::newRow("eye check") << 6 << u"KT06.exe"_s;
     QTest::newRow("two digits") << 10 << u"KT10.exe"_s;
     QTest::newRow("last") << 13 << u"KT13.exe"_s;
-    QTest::newRow("behind the last") << 14 << QString();
+    QTest::newRow("after the last") << 14 << QString();
 }
 
 void TstToolLauncher::EveryToolHasItsFile() {

@@ -109,7 +109,7 @@ void TstWindowGeometry::LinesShareTheWindow_data() {
         << 40 << 20 << QRect(0, 0, 167, 44) << QRect(0, 44, 167, 24) << 68;
     QTest::newRow("small texts share what is spare")
         << 6 << 10 << QRect(0, 0, 167, 18) << QRect(0, 18, 167, 22) << 40;
-    QTest::newRow("texts beyond all screens are cut")
+    QTest::newRow("texts higher than all screens are cut off")
         << 60000 << 60000 << QRect(0, 0, 167, 32000) << QRect(0, 32000, 167, 0) << 32000;
 }
 

@@ -138,7 +138,7 @@ void TstCompaction::AStaleTargetIsReplaced_data() {
     QTest::addColumn<QStringList>("names");
     QTest::newRow("target") << QStringList({u"BUDate.mdb"_s});
     QTest::newRow("target and its journal") << QStringList({u"BUDate.mdb"_s, u"BUDate.mdb-journal"_s});
-    QTest::newRow("journal alone") << QStringList({u"BUDate.mdb-journal"_s});
+    QTest::newRow("only the journal") << QStringList({u"BUDate.mdb-journal"_s});
     QTest::newRow("copy") << QStringList({u"CopyDate.mdb"_s});
     QTest::newRow("all") << QStringList({u"BUDate.mdb"_s, u"BUDate.mdb-journal"_s, u"BUDate.mdb-wal"_s,
                                          u"CopyDate.mdb"_s, u"CopyDate.mdb-journal"_s});

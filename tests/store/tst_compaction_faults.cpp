@@ -198,7 +198,7 @@ void TstCompactionFaults::ADamagedFileFailsUntouched_data() {
     const QByteArray whole = BytesOf(store.Path());
     QTest::newRow("empty, whose ratio would be no number") << QByteArray();
     QTest::newRow("a text") << QByteArray("This is a text. ").repeated(1000);
-    QTest::newRow("cut") << whole.chopped(4096);
+    QTest::newRow("truncated") << whole.chopped(4096);
     QTest::newRow("a page of zeros") << QByteArray(whole).replace(8192, 4096, QByteArray(4096, '\0'));
 }
 

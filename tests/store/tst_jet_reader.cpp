@@ -284,7 +284,7 @@ void TstJetReader::AnUnusableFileIsRefusedWithItsReason_data() {
     QTest::newRow("no table, Jet 3") << sample("jet3_notable") << u"表「Usuallyday」がありません。"_s;
     QTest::newRow("no table, Jet 4") << sample("jet4_notable") << u"表「Usuallyday」がありません。"_s;
     QTest::newRow("no column") << sample("jet4_missingcol") << u"表「Kinenbi」に列「Week」がありません。"_s;
-    // The first definition after that of the catalogue is that of Kinenbi, and its first column is Name.
+    // The first definition after the catalogue's is Kinenbi's, whose first column is Name.
     QTest::newRow("a name that is no text")
         << Patched(jet3, 3 * kPage3 + 43, 12) << u"表「Kinenbi」の列「Name」の型は読み込めません。"_s;
     QTest::newRow("a year that is a text")
@@ -305,9 +305,9 @@ void TstJetReader::AnUnusableFileIsRefusedWithItsReason_data() {
     const auto damage = [](const char16_t* where) {
         return u"データベースが壊れています（%1）。"_s.arg(QStringView(where));
     };
-    QTest::newRow("cut, Jet 3") << sample("jet3_truncated") << damage(u"途中で切れたファイル");
-    QTest::newRow("cut, Jet 4") << sample("jet4_truncated") << damage(u"途中で切れたファイル");
-    QTest::newRow("the name of the format and nothing else") << jet4.first(0x14) << damage(u"範囲外の参照");
+    QTest::newRow("truncated, Jet 3") << sample("jet3_truncated") << damage(u"途中で切れたファイル");
+    QTest::newRow("truncated, Jet 4") << sample("jet4_truncated") << damage(u"途中で切れたファイル");
+    QTest::newRow("only the name of the format") << jet4.first(0x14) << damage(u"範囲外の参照");
     QTest::newRow("an empty catalogue page") << sample("jet4_zeropage2") << damage(u"ページ 2 の種類");
     QTest::newRow("a map of pages outside the file, Jet 3")
         << sample("jet3_damaged_a") << damage(u"使用ページの表");

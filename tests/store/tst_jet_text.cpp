@@ -131,8 +131,10 @@ void TstJetText::Jet4TextDecodes_data() {
     QTest::newRow("nothing") << ""_ba << u""_s;
     QTest::newRow("two bytes a character") << QByteArray("\xE5\x65\x41\0", 4) << u"日A"_s;
     QTest::newRow("a surrogate pair") << "\x3C\xD8\x82\xDF"_ba << u"🎂"_s;
-    QTest::newRow("the first half of a pair alone") << QByteArray("\x3C\xD8\x41\0", 4) << u"\uFFFDA"_s;
-    QTest::newRow("the second half of a pair alone") << QByteArray("\x41\0\x82\xDF", 4) << u"A\uFFFD"_s;
+    QTest::newRow("the first half of a pair without the second")
+        << QByteArray("\x3C\xD8\x41\0", 4) << u"\uFFFDA"_s;
+    QTest::newRow("the second half of a pair without the first")
+        << QByteArray("\x41\0\x82\xDF", 4) << u"A\uFFFD"_s;
     QTest::newRow("the first half at the end") << "\x3C\xD8"_ba << u"\uFFFD"_s;
     QTest::newRow("compressed") << "\xFF\xFE"
                                    "abc"_ba

@@ -63,8 +63,8 @@ void TstSqliteText::ReplacesInvalidUtf8_data() {
     QTest::addColumn<QByteArray>("bytes");
     QTest::addColumn<QString>("text");
     QTest::newRow("a continuation byte first") << QByteArray("a\x80z") << u"a\uFFFDz"_s;
-    QTest::newRow("cut at the end") << QByteArray("a\xE6\x97") << u"a\uFFFD\uFFFD"_s;
-    QTest::newRow("cut in the middle") << QByteArray("\xE6\x97z") << u"\uFFFD\uFFFDz"_s;
+    QTest::newRow("truncated at the end") << QByteArray("a\xE6\x97") << u"a\uFFFD\uFFFD"_s;
+    QTest::newRow("truncated in the middle") << QByteArray("\xE6\x97z") << u"\uFFFD\uFFFDz"_s;
     QTest::newRow("overlong") << QByteArray("\xC0\x80") << u"\uFFFD\uFFFD"_s;
     QTest::newRow("overlong, three bytes") << QByteArray("\xE0\x80\x80") << u"\uFFFD\uFFFD\uFFFD"_s;
     QTest::newRow("beyond the last code point")

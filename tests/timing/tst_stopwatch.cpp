@@ -169,7 +169,7 @@ void TstStopwatch::AStopThatOverflowsEndsTheRun() {
     QCOMPARE(bench.stopwatch.Reading(), 2'147'483'000);
 }
 
-/// Stop overflows for 24.8 days, while the counter's sign change lies between start and now.
+/// Stop overflows for 24.8 days, while the sign change of the counter is between start and now.
 void TstStopwatch::AStopwatchThatOverflowedIsReset() {
     Bench bench(kSignChange - 300);
     bench.stopwatch.Start();
@@ -196,7 +196,7 @@ void TstStopwatch::AnIntervalIsStopwatchTimeSinceThePreviousLap_data() {
     QTest::addColumn<QString>("script");  // S start, P stop, L lap, R reset; a dot advances time by 100 ms
     QTest::addColumn<QList<qint32>>("intervals");
     QTest::newRow("the first, since the start") << u"S..L"_s << QList<qint32>{200};
-    QTest::newRow("each since the one before") << u"S.L...L..L"_s << QList<qint32>{100, 300, 200};
+    QTest::newRow("each since the previous one") << u"S.L...L..L"_s << QList<qint32>{100, 300, 200};
     QTest::newRow("two at once") << u"S.LL"_s << QList<qint32>{100, 0};
     QTest::newRow("a pause does not count") << u"S.L..P.....S.L"_s << QList<qint32>{100, 300};
     QTest::newRow("a pause before the first lap") << u"S..P.....S.L"_s << QList<qint32>{300};

@@ -95,7 +95,7 @@ void TstStopwatchPanel::TheListAndTheLines_data() {
     QTest::newRow("a start writes nothing") << u"1"_s << u""_s << QStringList();
     QTest::newRow("a list that starts with a stop begins with an empty line, on purpose")
         << u"1.1"_s << u"\r\n【Stop】 0:00'01\"000"_s << QStringList{u"lower set 0:00'01\"000"_s};
-    QTest::newRow("the second reading goes on from the first")
+    QTest::newRow("the second reading continues the first")
         << u"1.1.1.1"_s << u"\r\n【Stop】 0:00'01\"000\r\n【Stop】 0:00'02\"000"_s
         << QStringList{u"lower set 0:00'02\"000"_s};
     QTest::newRow("the first lap replaces the list")
