@@ -124,7 +124,7 @@ void TstHelpWindow::NothingElseIsLoaded() {
     }
 }
 
-/// Qt loads pictures in several ways, and reserves space even for those that it does not load.
+/// Qt can load a picture in several ways; a loaded one would be visible or take up space in the text.
 void TstHelpWindow::NoPictureIsOpened() {
     HelpBench bench;
     const QString path = bench.dir.filePath(u"picture.png"_s);

@@ -42,7 +42,7 @@ private Q_SLOTS:
     void TheDeviceIsTakenByAnyCall();
     void AHeldStreamIsHeldAfterwards();
     void FramesClearedMeanwhileAreNeverPlayed();
-    void ADeviceThatNeverOpensIsLost();
+    void ADeviceThatFailsToOpenIsLost();
     void ADeviceThatTakesNothingIsLost();
     void ADeviceThatDisappearsIsLost();
     void DestructionClosesTheDevice();
@@ -93,7 +93,7 @@ void TstLateSoundStream::FramesClearedMeanwhileAreNeverPlayed() {
     QCOMPARE(bench.Device().samples, kSecond);
 }
 
-void TstLateSoundStream::ADeviceThatNeverOpensIsLost() {
+void TstLateSoundStream::ADeviceThatFailsToOpenIsLost() {
     Bench bench;
     QVERIFY(bench.stream.Queue(kFirst));
     bench.state = Bench::State::Failed;
