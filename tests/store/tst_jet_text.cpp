@@ -57,10 +57,8 @@ private Q_SLOTS:
     void AReadPastTheEndIsDamage();
 };
 
-// The digest of the lines "8140 3000
-// " to "FC4B 9ED1
-// " for all pairs of bytes that decode to one character, computed with another implementation of Microsoft's
-// table: Python's cp932 codec.
+// The digest of the lines "8140 3000\n" to "FC4B 9ED1\n" for all pairs of bytes that decode to one character,
+// computed with another implementation of Microsoft's table: Python's cp932 codec.
 void TstJetText::EveryPairOfShiftJisBytesDecodesAsByMicrosoft() {
     const CodePage shiftJis(932);
     QByteArray lines;
