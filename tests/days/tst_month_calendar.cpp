@@ -151,7 +151,7 @@ void TstMonthCalendar::TodayFollowsTheClock() {
 void TstMonthCalendar::Limits_data() {
     QTest::addColumn<QDate>("today");
     QTest::addColumn<int>("months");
-    QTest::addColumn<QString>("heading");  // of the month after the step
+    QTest::addColumn<QString>("heading");  // after the step
     QTest::addColumn<QString>("told");
     const QString last = u"2100年（平成112年）12月"_s;
     const QString first = u"1926年（昭和1年）1月"_s;

@@ -8,7 +8,7 @@
 namespace tickwell::timing {
 
 /// The text of a reading, h:mm'ss"fff, implemented separately from the program. A negative reading is shown
-/// as one day more.
+/// with a day added.
 inline QString ReadingOf(qint64 ms) {
     ms = ms < 0 ? ms + 86'400'000 : ms;
     const auto padded = [](qint64 value, int width) -> QString {
