@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // bare_window [--paints N]: the minimum cost of a clock window with Qt, as the reference for the real
-// program. Same size, same window flags and same two lines of text, nothing else. It reads the time five
-// times a second and paints the lower line once a second. With --paints it counts like a stopwatch and paints
-// that line N times a second; with N = 0 it has no timer.
+// program: the same size, window flags and two lines of text, and nothing else. It reads the time five times
+// a second and paints the lower line once a second. With --paints it counts like a stopwatch and paints that
+// line N times a second; with N = 0 it has no timer.
 
 #include <QApplication>
 #include <QDateTime>
@@ -101,7 +101,8 @@ private:
         const qint64 now = m_since.elapsed();
         m_window.SetLower(QTime::fromMSecsSinceStartOfDay(static_cast<int>(now)).toString(u"h:mm'ss\"zzz"_s));
         const qint64 next = now * m_paints / kMostPaints + 1;
-        const qint64 due = (next * kMostPaints + m_paints - 1) / m_paints;  // rounded up: never due now
+        // Rounded up, so that it is never 0 ms from now.
+        const qint64 due = (next * kMostPaints + m_paints - 1) / m_paints;
         m_timer.start(static_cast<int>(due - now));
     }
 

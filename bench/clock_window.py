@@ -16,7 +16,7 @@ from measuring import command_line, summary
 from measuring.repetition import Subject, measure_start, measure_window
 from measuring.tickwell import SHOWN_AFTER, tickwell
 
-SHORTEST_SETTLE = 15.0  # the first wipe has ended by then
+SHORTEST_SETTLE = 15.0  # seconds; the first wipe has ended by then
 
 START_QUANTITIES = (summary.FIRST_WINDOW, summary.FIRST_PAINT)
 WINDOW_QUANTITIES = (summary.CPU, summary.SWITCHES, summary.RSS, summary.PSS, summary.ANONYMOUS, summary.PEAK,

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// disc_playing HELPER FAKE_DRIVE [SECONDS]: the cost of an audio CD, with the player's window and the main
-// window's lines. Measured with an image and with a drive that needs 100 ms per read and has one unreadable
-// sector; each before playing, while playing and after stopping, for SECONDS each (default 20). Prints CPU
-// time per minute of this process and of its helper, open devices, and the longest gap of the event loop,
-// which is how long a click could have been delayed. It never fails because of times. Sound goes where
-// SDL_AUDIODRIVER says, windows to the current desktop.
+// disc_playing HELPER FAKE_DRIVE [SECONDS]: the cost of playing an audio CD, with the player's window and the
+// main window's lines. Measured with an image, and with a drive that needs 100 ms per read and has one
+// unreadable sector; each before playing, while playing and after stopping, for SECONDS each (default: 20).
+// Prints the CPU time per minute of this process and of its helper, the open devices, and the longest gap of
+// the event loop, by which a click could have been delayed. It never fails because of times. SDL_AUDIODRIVER
+// selects where the sound goes; windows are shown on the current desktop.
 
 #include <sys/resource.h>
 
@@ -50,7 +50,7 @@ public:
     qint32 GetFuncNumber() const override { return kFunctionCd; }
 };
 
-/// The player with its window and lines, connected like in the program.
+/// The player with its window and lines, connected as in the program.
 struct Player {
     Player(const QString& helper, const QString& source) : drive(realTimers, output, helper, source) {
         auto* const layout = new QVBoxLayout(&window);
@@ -116,7 +116,7 @@ double RestFor(int milliseconds) {
     return (ProcessorTime(RUSAGE_SELF) - before) * 60'000 / milliseconds;
 }
 
-/// The same with a pulse timer; returns the largest delay of a pulse in ms.
+/// Runs the event loop in the same way with a pulse timer; returns the largest delay of a pulse in ms.
 double WatchFor(int milliseconds) {
     QElapsedTimer clock;
     double worst = 0;
@@ -170,7 +170,7 @@ void MeasureDisc(const QString& name, const QString& source, const QString& help
     const double before = ProcessorTime(RUSAGE_CHILDREN);
     const Costs playing = Measure(player, media::kCdPlay, seconds);
     const Costs stopped = Measure(player, media::kCdStop, seconds);
-    const double helpers = ProcessorTime(RUSAGE_CHILDREN) - before;  // only counts helpers that have ended
+    const double helpers = ProcessorTime(RUSAGE_CHILDREN) - before;  // includes only helpers that have ended
     Print(name + u", playing", playing, helpers * 60'000 / (kUntilClosed + 2 * seconds * 1000));
     Print(name + u", stopped again", stopped, 0);
 }

@@ -75,7 +75,7 @@ def main():
     plan = command_line.plan_from(options, environment=dict(options.env), home_template=options.home_template)
     program, *arguments = options.command
     if "/" in program:
-        program = os.path.abspath(program)  # its working directory is its home
+        program = os.path.abspath(program)  # the program runs in its home folder
     label = options.label or " ".join(options.command)
     subject = Subject(label, lambda _: [program, *arguments], hook=options.hook, hook_at=options.hook_at,
                       smallest=options.smallest)

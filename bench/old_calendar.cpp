@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The old date and the season's name of every day from 1900 to 2100, compared with the texts of the date that
-// the clock shows. Prints a table; never fails because of times.
+// The cost of the old date and the season's name of every day from 1900 to 2100, compared with that of the
+// date texts that the clock shows. Prints a table; never fails because of times.
 
 #include <QElapsedTimer>
 #include <algorithm>

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The cost of a refresh of the settings' sample, compared with painting one of its lines. The slider
-// refreshes it at every step, so many refreshes must fit into a frame. Prints a table; never fails because of
-// times.
+// The cost of refreshing the settings' sample, compared with painting one of its lines. The slider refreshes
+// it at every step, so many refreshes must fit into a frame. Prints a table; never fails because of times.
 
 #include <QApplication>
 #include <QElapsedTimer>

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// How often the running stopwatch ticks and its line is painted within some seconds of real time, and the
-// cost of a tick. The line is shown on the current desktop. Prints a table; never fails because of times.
+// How often the running stopwatch ticks, and how often its line is painted, within some seconds of real time;
+// and the cost of a tick. The line is shown on the current desktop. Prints a table; never fails because of
+// times.
 
 #include <QApplication>
 #include <QScreen>

@@ -4,7 +4,7 @@
 
 Tickwell is measured alternately with its stopwatch running and stopped, each time on a private desktop. The table shows
 the medians of both and the ratio running to stopped, computed per pair. The stopwatch's window is opened from the menu,
-started by a key and closed again. A wake-up is at most one tick. There is no pass or fail.
+started by a key and closed again. Each wake-up is at most one tick. There is no pass or fail.
 """
 
 import argparse

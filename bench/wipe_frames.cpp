@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The cost of a frame of each wipe, compared with painting the complete line at rest, and the number of
-// paints per wipe. Paints into a window without a screen, so that only our own work is measured. Prints a
-// table; never fails because of times.
+// The cost of each frame of a wipe, compared with painting the complete line at rest, and the number of
+// paints per wipe. Paints into a window without a screen, so that only the program's own work is measured.
+// Prints a table; never fails because of times.
 
 #include <QApplication>
 #include <QElapsedTimer>
@@ -40,7 +40,7 @@ protected:
     }
 };
 
-/// The value below which the fraction `share` (0 to 1) of the values is.
+/// The quantile `share` (0 to 1) of the values.
 double Quantile(std::vector<double> values, double share) {
     std::sort(values.begin(), values.end());
     return values[static_cast<std::size_t>(static_cast<double>(values.size() - 1) * share)];

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// x_window: the minimum cost of a window without any toolkit: two lines of text in the window system's own
-// font, painted when exposed, and nothing else.
+// x_window: the minimum cost of a window without Qt or another toolkit: two lines of text in the X server's
+// own font, painted when exposed, and nothing else.
 
 #include <X11/Xlib.h>
 

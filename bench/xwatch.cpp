@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// xwatch: observes an X display from outside; reports when a window appears, when it is painted, how often.
+// xwatch: observes an X display from outside. It reports when a window appears, when it is painted, and how
+// often the screen is repainted.
 //
 //   xwatch start TIMEOUT_MS MIN_WIDTH MIN_HEIGHT
 //       READY: from now on no window is missed.

@@ -3,4 +3,4 @@
 if(NOT EXISTS "${TO}")
     configure_file("${FROM}" "${TO}" COPYONLY)
 endif()
-file(TOUCH_NOCREATE "${TO}") # so that the build rule counts as done
+file(TOUCH_NOCREATE "${TO}") # so that the build rule counts as up to date

@@ -1,11 +1,11 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-# The distribution's hardening flags (dpkg-buildflags, hardening=+all), as its hardening-check expects them. They limit
-# the damage of faults that the tests have missed.
+# Debian's hardening flags (dpkg-buildflags, hardening=+all), as its hardening-check expects them. They limit the damage
+# of faults that the tests have missed.
 include(CheckPIESupported)
 check_pie_supported()
 
 # Hardens the program and the builds of it that tests run. Not with sanitizers, which have their own checks, and not
-# without optimization, because then nothing can be fortified.
+# without optimisation, because then nothing can be fortified.
 set(TICKWELL_HARDENED ON)
 if(TICKWELL_SANITIZERS OR CMAKE_BUILD_TYPE STREQUAL "Debug" OR NOT CMAKE_BUILD_TYPE)
     set(TICKWELL_HARDENED OFF)

@@ -16,7 +16,7 @@ function(tickwell_stage_masters target folder)
             DEPENDS "${PROJECT_SOURCE_DIR}/data/sounds/${sound}" VERBATIM)
         list(APPEND staged "${folder}/${sound}")
     endforeach()
-    # The pristine database is rebuilt when its scripts change; the copy next to the binary is only made once.
+    # The unmodified database is rebuilt when its scripts change; the copy next to the binary is only made once.
     set(pristine "${PROJECT_BINARY_DIR}/masters/DayDate.mdb")
     file(MAKE_DIRECTORY "${PROJECT_BINARY_DIR}/masters")
     set(scripts "${PROJECT_SOURCE_DIR}/data/DayDate.schema.sql" "${PROJECT_SOURCE_DIR}/data/DayDate.holidays.sql")

@@ -38,8 +38,8 @@ set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 set(CPACK_DEBIAN_COMPRESSION_TYPE xz)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
-# In addition to linked libraries: the sound library, which is loaded at the first sound; a Japanese font, one of the
-# substitutes for the one that the texts are designed for; Qt's Japanese translations; the battery service.
+# In addition to the linked libraries: the sound library, which is loaded at the first sound; a Japanese font, one of
+# the substitutes for the font that the layout was designed for; Qt's Japanese translations; the battery service.
 set(CPACK_DEBIAN_PACKAGE_DEPENDS "libsdl2-2.0-0 (>= 2.0.18), \
 fonts-monapo | fonts-ipafont-gothic | fonts-ipaexfont-gothic | fonts-takao-gothic | fonts-vlgothic | fonts-noto-cjk")
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "qt6-translations-l10n, upower")

@@ -29,7 +29,7 @@ function(tickwell_library name)
     target_link_libraries(tickwell_${name} PUBLIC ${arg_LINKS})
     tickwell_compile_rules(tickwell_${name})
     set_target_properties(tickwell_${name} PROPERTIES UNITY_BUILD "${TICKWELL_UNITY}" UNITY_BUILD_BATCH_SIZE 0)
-    # For the house test: "component|its folder|its sources|what it links".
+    # For tests/house/components.py: "component|its folder|its sources|what it links".
     cmake_path(RELATIVE_PATH CMAKE_CURRENT_SOURCE_DIR BASE_DIRECTORY "${PROJECT_SOURCE_DIR}" OUTPUT_VARIABLE folder)
     set_property(GLOBAL APPEND_STRING PROPERTY TICKWELL_COMPONENTS "${name}|${folder}|${arg_SOURCES}|${arg_LINKS}\n")
 endfunction()
@@ -44,7 +44,7 @@ endfunction()
 function(tickwell_precompile_tests target)
     if(TICKWELL_PRECOMPILED_TESTS)
         target_precompile_headers(${target} REUSE_FROM test_headers)
-        target_compile_options(${target} PRIVATE -fpch-preprocess) # for ccache
+        target_compile_options(${target} PRIVATE -fpch-preprocess) # ccache needs it
     endif()
 endfunction()
 
@@ -52,7 +52,7 @@ endfunction()
 function(tickwell_test folder subject)
     cmake_parse_arguments(PARSE_ARGV 2 arg "" "" "SOURCES;LINKS")
     set(target tst_${folder}_${subject})
-    # Called manually, because AUTOMOC would add a second, empty source to each test.
+    # Called explicitly, because AUTOMOC would add a second, empty source to each test.
     qt6_generate_moc(tst_${subject}.cpp "${CMAKE_CURRENT_BINARY_DIR}/tst_${subject}.moc")
     add_executable(${target} tst_${subject}.cpp "${CMAKE_CURRENT_BINARY_DIR}/tst_${subject}.moc" ${arg_SOURCES})
     set_target_properties(${target} PROPERTIES AUTOMOC OFF)

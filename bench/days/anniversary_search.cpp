@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// anniversary_search [ROWS]: the cost of the anniversary book's windows with ROWS anniversaries (default one
+// anniversary_search [ROWS]: the cost of the anniversary book's windows with ROWS anniversaries (default: one
 // million). For each action: its total time, the longest time that the event loop was blocked (in CPU time,
-// so a busy machine does not count), and the memory afterwards. The search is compared with the same work
-// without a window; the searches in a range are those with searchAcrossMonths. Runs without a screen.
+// so that a busy machine makes no difference), and the memory afterwards. The search is compared with the
+// same work without a window; searches in a range use searchAcrossMonths. Runs without a screen.
 
 #include <sqlite3.h>
 
@@ -38,7 +38,7 @@ using namespace tickwell;
 namespace {
 
 constexpr int kRows = 1'000'000;
-constexpr int kSteps = 1000;           // of the scroll bar
+constexpr int kSteps = 1000;           // steps of the scroll bar
 constexpr double kMilliseconds = 1e6;  // nanoseconds per millisecond
 constexpr double kMegabyte = 1e3;      // kB per MB
 
@@ -87,7 +87,7 @@ void Measure(const char* name, const std::function<void()>& deed, const std::fun
         Memory("/proc/self/smaps_rollup", "Pss:"), Memory("/proc/self/status", "VmHWM:"));
 }
 
-/// One third of the rows of each kind; three rows of seven by week.
+/// One third of the rows is of each kind; three of seven rows are by week.
 void Fill(const QString& path, int rows) {
     const QByteArray sql =
         "WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < " +
@@ -105,7 +105,7 @@ void Fill(const QString& path, int rows) {
     }
 }
 
-/// The book, and a list like the calendar's.
+/// The book, and a list like that of the calendar.
 struct Bench {
     store::DayDatabase database;
     days::TableHolidays holidays{database};
@@ -156,7 +156,7 @@ void MeasureSearch(Bench& bench) {
     std::printf("%d rows found\n", bench.list.Rows().Count());
 }
 
-/// The anniversaries of every year that fall on the days from `first` to `last`.
+/// Searches for the anniversaries of every year that fall on the days from `first` to `last`.
 void MeasureRange(Bench& bench, const char* name, QDate first, QDate last) {
     bench.further.corrections.searchAcrossMonths = true;
     book::Form9 window(bench.parts, nullptr);

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// compaction [FOLDER]: how long the day database's compaction takes, for two sizes, with 95 % of the rows
+// compaction [FOLDER]: the duration of the day database's compaction, for two sizes, with 95 % of the rows
 // deleted and with none, compared with a plain copy of the same file. FOLDER selects the disk for the files;
-// default is the temporary folder.
+// the default is the temporary folder.
 
 #include <QDir>
 #include <QElapsedTimer>
@@ -25,7 +25,7 @@ namespace {
 constexpr int kTimes = 7;
 constexpr double kMilliseconds = 1e6;  // nanoseconds per millisecond
 
-/// Records how long the two large steps take.
+/// Records the durations of the two large steps.
 class TimedDisk : public store::PosixStoreDisk {
 public:
     void Copy(const store::SqliteConnection& from, const QString& to) override {
@@ -38,7 +38,7 @@ public:
     double Copied() const { return m_copied; }
     double Compacted() const { return m_compacted; }
 
-    /// Returns milliseconds.
+    /// The duration of a call in milliseconds.
     template <typename Deed>
     static double Timed(Deed deed) {
         QElapsedTimer timer;

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// day_lookup [FOLDER]: costs of the day database: a day's query with the two indexes and without, for three
-// sizes; an insert; a month's marks stored together and one by one. FOLDER selects the disk for the files;
-// default is the temporary folder.
+// day_lookup [FOLDER]: the costs of the day database: the queries for a day with and without the two indexes,
+// for three sizes; an insert; storing the marks of a month in one transaction and one by one. FOLDER selects
+// the disk for the files; the default is the temporary folder.
 
 #include <QDir>
 #include <QElapsedTimer>
@@ -39,7 +39,8 @@ double Median(int times, Deed deed) {
     return taken[static_cast<std::size_t>(times / 2)];
 }
 
-/// Two thirds of the anniversaries by day, the others by week; most of them yearly, in one month.
+/// Two thirds of the anniversaries are by day, the others by week; most of them are of every year, in one
+/// month.
 QString RandomInsert(QRandomGenerator& random) {
     const bool byDay = random.bounded(3) != 0;
     const int day = byDay ? random.bounded(1, 32) : 0;

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // month_show [FOLDER]: the time to show another month, with 10 000 marks and 1 000 national holidays and with
-// none, and with days off by law instead of by the database's table, each alternately with the other: the
-// database queries, the grid, and the complete click including painting. Without a display set
-// QT_QPA_PLATFORM=offscreen. FOLDER is the folder for the files; default is the temporary folder.
+// none, and with days off by law instead of by the database's table, alternately: of the database queries, of
+// the grid, and of the complete click including painting. Set QT_QPA_PLATFORM=offscreen if there is no
+// display. FOLDER is the folder for the files; the default is the temporary folder.
 
 #include <QApplication>
 #include <QDir>
@@ -69,7 +69,7 @@ public:
     void ShowTopic(int /*topic*/) override {}
 };
 
-/// Two thirds within the measured years, the others before and after.
+/// Two thirds of the marks are within the measured years, the others before and after.
 void FillMarks(store::DayDatabase& database) {
     QRandomGenerator random(kSeed);
     store::DayTransaction transaction(database);

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""Reference values for Tickwell's figures. Nothing fails because of them; a person compares both."""
+"""Reference values for Tickwell's figures. Nothing fails because of them; they are for comparison by a person."""
 
 from dataclasses import dataclass
 
@@ -25,7 +25,7 @@ class Aim:
         figures = [measured[group].get(label) for group, label in filter(None, (self.of, self.to))]
         if not all(figures):
             return None
-        # Figures of two groups were not measured together; they are paired by position nevertheless.
+        # Figures of two groups were not measured together, but they are still paired by position.
         shortest = min(map(len, figures))
         values = [self.quantity.values(each[:shortest]) for each in figures]
         if None in values:

@@ -57,7 +57,7 @@ def plan_from(options, **others):
 
 
 def run_script(measure):
-    """Runs `measure`; returns the exit code: 0 if it has measured, whatever the values."""
+    """Runs `measure`; returns the exit code, which is 0 for any result of a complete measurement."""
     # Exits normally, so that the private desktops are shut down.
     signal.signal(signal.SIGTERM, lambda *_: sys.exit(128 + signal.SIGTERM))
     try:

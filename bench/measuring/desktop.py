@@ -178,7 +178,7 @@ class Desktop:
             processes.end_marked([self._mark_of(SERVER)])
         finally:
             for child in self._children:
-                child.kill()  # only has an effect on one that removed its mark
+                child.kill()  # matters only for a process that removed its mark
                 child.wait()
                 if child.stdout:
                     child.stdout.close()

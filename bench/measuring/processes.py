@@ -24,7 +24,7 @@ class Memory:
     pss_kib: int  # shared pages counted proportionally
     uss_kib: int  # only unshared pages
     anonymous_kib: int  # the part of PSS without a file behind it
-    peak_rss_kib: int  # highest RSS; sum of peaks that may be at different moments
+    peak_rss_kib: int  # highest RSS; the summed peaks may be at different moments
 
 
 @dataclass(frozen=True)
@@ -95,7 +95,7 @@ def _end(pid, mark, signal_number):
     except ProcessLookupError:
         return
     try:
-        # The pidfd refers to one process for good, but before it was opened the id could have been reused.
+        # The pidfd always refers to the same process, but the id could have been reused before it was opened.
         if _bears(pid, mark):
             signal.pidfd_send_signal(handle, signal_number)
             select.select([handle], [], [], 0.2)

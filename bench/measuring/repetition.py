@@ -28,7 +28,7 @@ class Subject:
     beside: tuple = ()  # programs that already run on the desktop; they are not counted
     hook: str = ""  # shell command to run on the same desktop
     hook_at: float = 5.0  # seconds from the program's start
-    smallest: tuple = (40, 16)  # width and height of the smallest window that counts as the program's
+    smallest: tuple = (40, 16)  # (width, height) of the smallest window that counts as the program's
 
 
 @dataclass(frozen=True)
@@ -68,9 +68,9 @@ class WindowFigures:
     voluntary_per_s: float
     involuntary_per_s: float
     written_kib_per_min: float
-    server_cpu_ms_per_min: float  # for drawing the program's window
+    server_cpu_ms_per_min: float  # of the X server, for drawing the program's window
     manager_cpu_ms_per_min: float
-    services_cpu_ms_per_min: float  # services that the program's D-Bus calls started
+    services_cpu_ms_per_min: float  # of services that the program's D-Bus calls started
     threads: int
     process_names: list
     service_names: list
@@ -201,7 +201,7 @@ class Run:
 
     def _read(self):
         roles = {role: self._desktop.pids(role) for role in (PROGRAM, SERVER, MANAGER, SERVICES)}
-        at = time.monotonic()  # after the slow search for processes
+        at = time.monotonic()  # read after the slow search for processes
         return _Reading(at=at, **{role: processes.activity_of(pids) for role, pids in roles.items()})
 
     def _failure(self, what):

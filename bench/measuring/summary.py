@@ -71,7 +71,7 @@ def compare(pairs, quantities):
 
 
 def ratios_of(one, other):
-    """The values of one list divided by those at the same position of another, except where that is 0."""
+    """The values of one list divided by those at the same position of another, except for those that are 0."""
     return [first / second for first, second in zip(one, other, strict=True) if second > 0]
 
 

@@ -11,7 +11,7 @@ from .errors import MeasuringError
 from .repetition import Subject
 
 PROGRAM_FILES = ("DayDate.mdb", "Help.hlp", *(f"TKW{number:02}.wav" for number in range(6)))
-SHOWN_AFTER = 11.0  # seconds: both start-up delays, after which the function is shown
+SHOWN_AFTER = 11.0  # seconds; after both start-up delays the function is shown
 ACTS_AFTER = 13.0
 SHORTEST_SETTLE = 20.0  # every scene is reached by then
 

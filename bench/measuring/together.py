@@ -10,7 +10,7 @@ from .repetition import Run, measure_start
 
 
 def that_start(subjects, plan, report):
-    """Starts each once, which does not count; returns those that worked and passes the errors of the others to
+    """Starts each program once without measuring it; returns those that worked, and passes the errors of the others to
     `report`."""
     able = []
     for subject in subjects:
@@ -49,7 +49,7 @@ def measure_windows(subjects, plan, windows):
 
 
 def _with_repaints(measured, runs):
-    """Adds the repaints, which are counted once after all windows of time, to the figures."""
+    """Adds to the figures the repaints, which are counted once, after all windows of time."""
     watches = {label: run.begin_repaints() for label, run in runs.items()}
     repaints = {label: asdict(watch.wait()) for label, watch in watches.items()}
     return {label: [replace(each, **repaints[label]) for each in figures] for label, figures in measured.items()}

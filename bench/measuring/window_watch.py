@@ -22,7 +22,7 @@ class FirstWindow:
 
 @dataclass(frozen=True)
 class Repaints:
-    """Repaints of the complete screen, per second."""
+    """Repaints of the screen as a whole, per second."""
 
     repaints_per_s: float  # frames: repaints in quick succession count once
     rectangles_per_s: float

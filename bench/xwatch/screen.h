@@ -30,8 +30,9 @@ struct ImageDestroyer {
 };
 using Picture = std::unique_ptr<XImage, ImageDestroyer>;
 
-/// The connection to an X display, and what can be observed there from outside. A window can be destroyed at
-/// any moment; queries then return nothing. One Screen per process, because Xlib has one error handler.
+/// A connection to an X display, and what can be observed there from outside. A window can be destroyed at
+/// any moment; queries then return nothing. At most one Screen per process, because Xlib has one error
+/// handler.
 class Screen {
 public:
     /// `display`: open; ownership is taken.
@@ -43,7 +44,8 @@ public:
     /// The next queued event; nullopt if there is none.
     std::optional<XEvent> NextEvent();
 
-    /// Sleeps until the server sends something, until `end`, or for a tenth of a second, whichever is first.
+    /// Sleeps until the server sends something, until `end`, or for a tenth of a second, whichever comes
+    /// first.
     void WaitForEvents(TimePoint end) const;
 
     std::optional<Geometry> GeometryOf(Window window) const;

@@ -40,7 +40,7 @@ bool IsPainted(XImage& picture) {
 /// Reports the first window that is large enough, and the smaller ones before it.
 class StartWatch {
 public:
-    /// `end`: when to give up.
+    /// `end`: the time at which to give up.
     StartWatch(Screen& screen, SmallestWindow smallest, TimePoint end)
         : m_screen(screen), m_smallest(smallest), m_end(end) {}
 

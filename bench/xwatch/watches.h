@@ -17,7 +17,7 @@ struct SmallestWindow {
 /// happened.
 bool WatchStart(Screen& screen, SmallestWindow smallest, TimePoint end);
 
-/// Prints how often and how much of the screen is repainted during `duration`. Returns false if the display
+/// Prints how often, and how much of, the screen is repainted during `duration`. Returns false if the display
 /// cannot report it.
 bool WatchDamage(Screen& screen, std::chrono::milliseconds duration);
 

@@ -11,7 +11,7 @@
 
 namespace tickwell {
 
-/// Everything that is stored, in one struct.
+/// All stored settings in one struct.
 struct StoredSettings {
     AppSettings settings;
     WindowGeometry geometry;
@@ -30,14 +30,14 @@ struct SettingKey {
 /// The settings in the order in which they are read at the start.
 std::span<const SettingKey> SettingKeys();
 
-/// What the main window reads when it loads.
+/// The keys that the main window reads when it loads.
 std::span<const SettingKey> GeometryKeys();
 
 /// The keys of FurtherSettings, which are written only if they differ from their defaults or are in the store
 /// already.
 std::span<const SettingKey> FurtherKeys();
 
-/// The names of the other keys in the order of writing. Wape/Time is never written.
+/// The key names of AppSettings and WindowGeometry in the order of writing. Wape/Time is never written.
 std::span<const QStringView> WriteOrder();
 
 }  // namespace tickwell

@@ -21,8 +21,9 @@ struct LineStyle {
     bool operator==(const LineStyle&) const = default;
 };
 
-/// All settings, loaded once at start-up and stored when the main window closes. No value is checked beyond
-/// its type: the code that uses a number says what unknown values mean.
+/// All settings, loaded once at start-up and stored when the main window closes, and with savesImmediately
+/// also by OK and 適用. Only the types of values are checked; the code that uses a number defines what
+/// unknown values mean.
 struct AppSettings {
     qint32 chimeMode = 0;
     QString chimeSound;
@@ -44,9 +45,8 @@ struct AppSettings {
 /// The roll: the main window shows the chosen displays in turn.
 struct RollSettings {
     bool use = false;
-    QList<qint32> kinds{0, 1, 4,
-                        5};  ///< the chosen functions; numbers of no such function are kept and ignored
-    qint32 interval = 10;    ///< seconds; clamped to 1..3600 when used
+    QList<qint32> kinds{0, 1, 4, 5};  ///< the chosen functions; unknown numbers are kept and ignored
+    qint32 interval = 10;             ///< seconds; clamped to 1..3600 when used
 
     bool operator==(const RollSettings&) const = default;
 };
@@ -54,11 +54,11 @@ struct RollSettings {
 /// What is written below the days of the calendar.
 enum class UnderDays : qint32 { Nothing = 0, SixDay = 1, OldDate = 2 };
 
-/// The calendar of today's Japan; by default all of it is off.
+/// The calendar of present-day Japan; by default all of it is off.
 struct CalendarSettings {
     bool holidaysByLaw = false;     ///< the law and the official list replace the table of holidays
     EraStyle eras{};                ///< `next` is set only in the settings file
-    bool announcesOldDate = false;  ///< the old calendar's date with the name of the six-day week
+    bool announcesOldDate = false;  ///< the old calendar's date with its name in the six-day week (rokuyo)
     bool announcesSeasons = false;  ///< solar terms and seasonal days
     bool usesOldDateInOldJapanese = false;
     qint32 underDays = 0;  ///< an UnderDays; other numbers mean Nothing
@@ -66,14 +66,14 @@ struct CalendarSettings {
     bool operator==(const CalendarSettings&) const = default;
 };
 
-/// Corrections of behaviour that users may be accustomed to; by default all are off.
+/// Corrections of behaviour that users may rely on; by default all are off.
 struct Corrections {
     bool weekdayAnniversaries = false;  ///< announced on their own day, and edited and deleted by their row
     bool editorTakesDate = false;       ///< the editor starts with the date of the row
     bool dateTurnsAtMidnight = false;   ///< the upper line shows a new date immediately
-    bool longUsage = false;             ///< usage beyond 24 days
-    bool searchAcrossMonths = false;    ///< finds anniversaries of each year in ranges across months
-    bool lapIntervals = false;          ///< laps with the time since the one before
+    bool longUsage = false;             ///< counts usage beyond 24 days
+    bool searchAcrossMonths = false;    ///< finds anniversaries of every year in ranges that cross months
+    bool lapIntervals = false;          ///< shows each lap with the time since the previous one
     bool showsToday = false;            ///< a frame around today, and dots at days with anniversaries
     bool keepsMarksOnClose = false;     ///< closing the calendar while marking stores the marks
     bool savesImmediately = false;      ///< OK and 適用 write the settings file

@@ -7,8 +7,8 @@
 
 namespace tickwell {
 
-/// A stored value cannot be converted to its field's type. The reason names section, key and value, so that
-/// the user can correct it.
+/// A stored value that cannot be converted to the type of its field. The reason names section, key and value,
+/// so that the user can correct it.
 class SettingsError : public RunTimeError {
 public:
     SettingsError(const QString& section, const QString& key, const QString& value, const QString& reason);

@@ -21,7 +21,7 @@ constexpr auto kNote =
     u"内閣府のホームページで配布されている syukujitsu.csv "
     u"を保存して、読み込んでください。このプログラムは通信をしません。";
 
-/// Closer than usual: the page is the tallest, and must fit on small screens at 200 %.
+/// Rows with less spacing than usual: this page is the tallest, and must fit on small screens at 200 %.
 QVBoxLayout* CloseRows(QWidget* frame) {
     auto* rows = new QVBoxLayout(frame);
     rows->setSpacing(rows->spacing() / 2);
@@ -146,7 +146,7 @@ void CalendarPage::ReplaceList(const QString& path) {
 void CalendarPage::Command10_Click() {
     m_parts.operations.holidayList.remove();
     ShowListStatus();
-    m_replaceList->setFocus();  // the button that had the focus is disabled now
+    m_replaceList->setFocus();  // the button that had the focus has been disabled
 }
 
 void CalendarPage::Command11_Click() {

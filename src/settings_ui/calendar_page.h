@@ -20,8 +20,8 @@ class CalendarPage : public QWidget {
     Q_OBJECT
 
 public:
-    /// All outlive this object. `chosen` is called after the button at the top has changed the draft, also
-    /// beyond this page.
+    /// All references outlive this object. `chosen` is called after the button at the top has changed the
+    /// draft, which may include settings of other pages.
     CalendarPage(const SettingsParts& parts, SettingsDraft& draft, std::function<void()> chosen,
                  QWidget* parent);
 

@@ -46,7 +46,7 @@ QWidget* ChimePage::MakeSoundFrame() {
     return frame;
 }
 
-/// Shown only if the user has turned the message off and can turn it on again here.
+/// The frame is shown only if the user has turned the message off, and turns it on again.
 QWidget* ChimePage::MakeNoticeFrame() {
     auto* frame = controls::Named(new QGroupBox(u"メッセージ"_s, this), u"Frame10"_s);
     frame->setVisible(!m_draft.further.tellsNoCdDrive);

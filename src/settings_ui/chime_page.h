@@ -17,7 +17,7 @@ class ChimePage : public QWidget {
     Q_OBJECT
 
 public:
-    /// All outlive this object.
+    /// All references outlive this object.
     ChimePage(const SettingsParts& parts, SettingsDraft& draft, QWidget* parent);
 
     void Form_Load();

@@ -15,7 +15,7 @@ class ClockPage : public QWidget {
     Q_OBJECT
 
 public:
-    /// All outlive this object.
+    /// All references outlive this object.
     ClockPage(const SettingsParts& parts, SettingsDraft& draft, QWidget* parent);
 
     void Form_Load();

@@ -14,8 +14,7 @@ void OpenColourPicker(Handlers& handlers, const QString& title, qint32 color, QW
     dialog->setObjectName(QStringLiteral("ColourPicker"));
     dialog->setWindowTitle(title);
     dialog->setAttribute(Qt::WA_DeleteOnClose);
-    dialog->setOption(
-        QColorDialog::DontUseNativeDialog);  // the desktop's own dialog could be below the main window
+    dialog->setOption(QColorDialog::DontUseNativeDialog);  // a native dialog could open below the main window
     handlers.Connect(dialog, &QDialog::accepted, parent, [dialog, color, onPicked = std::move(onPicked)] {
         const QColor picked = dialog->selectedColor();
         onPicked(picked.rgb() == lines::ColorFromNumber(color).rgb() ? color : lines::ColorNumberOf(picked));

@@ -10,12 +10,12 @@
 
 namespace tickwell::settings_ui {
 
-/// Page "動作" of the settings: corrections, each of which can be chosen by itself.
+/// Page "動作" of the settings: the corrections, each with its own check box.
 class CorrectionsPage : public QWidget {
     Q_OBJECT
 
 public:
-    /// All outlive this object.
+    /// All references outlive this object.
     CorrectionsPage(const SettingsParts& parts, SettingsDraft& draft, QWidget* parent);
 
     void Form_Load();

@@ -9,13 +9,13 @@
 
 namespace tickwell::settings_ui {
 
-/// Page "データベース" of the settings: compacts the day database immediately; cancelling the dialog does not
-/// undo it. Meanwhile the button is disabled and a text beside it says so.
+/// Page "データベース" of the settings: compacts the day database immediately, which cancelling the dialog
+/// does not undo. Meanwhile the button is disabled, and a text beside it says so.
 class DatabasePage : public QWidget {
     Q_OBJECT
 
 public:
-    /// All outlive this object; `parts` is not copied.
+    /// All references outlive this object; `parts` is not copied.
     DatabasePage(const SettingsParts& parts, QWidget* parent);
 
 private:

@@ -11,12 +11,12 @@
 
 namespace tickwell::settings_ui {
 
-/// Makes a check box for each row, owned by `parent`; a click changes the draft. Rows, draft and handlers
+/// Creates a check box for each row, owned by `parent`; a click changes the draft. Rows, draft and handlers
 /// outlive the boxes.
 std::vector<QCheckBox*> MakeFlagBoxes(std::span<const FlagRow> rows, SettingsDraft& draft, Handlers& handlers,
                                       QWidget* parent);
 
-/// Checks the boxes, which are those of the rows, as the draft has the flags.
+/// Sets the boxes of these rows to the flags of the draft.
 void ShowFlags(std::span<const FlagRow> rows, const std::vector<QCheckBox*>& boxes, SettingsDraft& draft);
 
 }  // namespace tickwell::settings_ui

@@ -11,9 +11,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Makes Tab reach the checked button, or all buttons if none is checked. Qt does so only after a button of
-/// the group has had the focus; until then Tab would reach the first one, from which the arrow keys choose
-/// nothing.
+/// Lets Tab reach only the checked button, or all buttons if none is checked. Qt does this only once a button
+/// of the group has had the focus; before that, Tab would reach the first button, from which the arrow keys
+/// do not choose.
 void TakeTab(const QButtonGroup& group) {
     const QList<QAbstractButton*> buttons = group.buttons();
     const bool isAnyOn = std::any_of(buttons.begin(), buttons.end(),

@@ -11,12 +11,12 @@
 
 namespace tickwell::settings_ui {
 
-/// Option buttons of which at most one is checked. Tab reaches that one, and the arrow keys choose. The
-/// object name of each contains its index: "Option3(2)".
+/// Option buttons of which at most one is checked. Tab moves the focus to that one, and the arrow keys choose
+/// another. Each object name contains the index: "Option3(2)".
 class OptionArray {
 public:
     /// Creates the buttons in the order of the rows; `parent` owns them. `onClick` is called with the index
-    /// of the button that the user chose. Handlers outlive the buttons.
+    /// of the button that the user has chosen. `handlers` outlives the buttons.
     OptionArray(const QString& name, std::span<const OptionRow> rows, QWidget* parent, Handlers& handlers,
                 const std::function<void(qint32 index)>& onClick);
 

@@ -56,7 +56,7 @@ inline constexpr std::array kEraOptions{
     OptionRow{1, u"日付に応じた元号（令和・平成・昭和・大正・明治）"},
 };
 
-/// By UnderDays.
+/// The indices are values of UnderDays.
 inline constexpr std::array kUnderOptions{OptionRow{0, u"なし"}, OptionRow{1, u"六曜"},
                                           OptionRow{2, u"旧暦"}};
 
@@ -66,12 +66,12 @@ inline constexpr std::array kLongTextOptions{OptionRow{1, u"省略記号を付�
 
 /// How the language affects the other frames of the clock page.
 struct YearWords {
-    bool enabled = false;                 ///< this language has year, hour and display styles
+    bool enabled = false;                 ///< whether this language has year, hour and display styles
     QStringView frame;                    ///< its title; empty: title and captions stay unchanged
     std::array<QStringView, 2> captions;  ///< of the year options, by index
 };
 
-/// For an unknown language, nothing is enabled.
+/// Nothing is enabled for an unknown language.
 YearWords YearWordsOf(qint32 language);
 
 }  // namespace tickwell::settings_ui

@@ -15,7 +15,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// s
+// Seconds.
 constexpr int kShortest = 1;
 constexpr int kLongest = 3600;
 
@@ -37,7 +37,7 @@ RollPage::RollPage(const SettingsParts& parts, SettingsDraft& draft, QWidget* pa
     rows->addStretch();
 }
 
-/// Check1, the first display that takes part in the roll, is at the bottom.
+/// Check1, for the first display that can take part in the roll, is at the bottom.
 QWidget* RollPage::MakeFrame(const Displays& displays) {
     auto* rows = new QVBoxLayout(m_frame);
     rows->addWidget(controls::Named(

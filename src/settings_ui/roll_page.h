@@ -18,7 +18,7 @@ class RollPage : public QWidget {
     Q_OBJECT
 
 public:
-    /// All outlive this object.
+    /// All references outlive this object.
     RollPage(const SettingsParts& parts, SettingsDraft& draft, QWidget* parent);
 
     void Form_Load();

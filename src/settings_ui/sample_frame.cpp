@@ -25,7 +25,7 @@ void SetBackground(QWidget& widget, qint32 color) {
     widget.setPalette(palette);
 }
 
-/// Clears the line first: a text wiping over itself would show no motion.
+/// Clears the line first, because a text that wipes over itself would show no motion.
 void WipeIn(lines::MovingWord& word, const QString& text) {
     word.SetText(QString());
     word.ShowText(text);
@@ -82,8 +82,8 @@ void SampleFrame::Timer1_Timer() {
     }
 }
 
-/// Centres each line in its picture. A line that is higher is aligned at the top and cut off at the bottom,
-/// unlike in the main window.
+/// Centres each line in its picture. A line that is higher than the picture is aligned at the top and cut off
+/// at the bottom, unlike in the main window.
 void SampleFrame::PlaceLines() {
     for (lines::MovingWord* word : {m_upperLine, m_lowerLine}) {
         const QSize room = word->parentWidget()->size();

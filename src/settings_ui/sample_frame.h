@@ -18,7 +18,7 @@ class SampleFrame : public QGroupBox {
     Q_OBJECT
 
 public:
-    /// All outlive this object. Idle until the first Refresh.
+    /// All references outlive this object. Idle until the first Refresh.
     SampleFrame(const Clock& clock, TimerSource& timers, Handlers& handlers, QWidget* parent);
     ~SampleFrame() override;
 

@@ -8,16 +8,15 @@
 namespace tickwell::settings_ui {
 
 /// The copies that the settings dialog edits. They are copied to the program's settings when applied, or
-/// dropped with the dialog. A value whose control was not used stays as stored, even if no control could show
-/// it.
+/// discarded with the dialog. A value whose control was not used keeps its stored value, even if no control
+/// can show it.
 struct SettingsDraft {
     AppSettings settings;
     FurtherSettings further;
-    std::optional<bool> startsAtLogin =
-        std::nullopt;  ///< the user's choice; nothing if the box was not clicked
+    std::optional<bool> startsAtLogin = std::nullopt;  ///< nothing if the user has not clicked the box
 
-    /// Copies everything back except the display function: the roll may have changed it meanwhile, and no
-    /// control here edits it.
+    /// Copies everything back except the display function: no control of the dialog edits it, and the roll
+    /// may have changed it meanwhile.
     void ApplyTo(AppSettings& appSettings, FurtherSettings& furtherSettings) const;
 
     /// Adds a display to the roll or removes it.

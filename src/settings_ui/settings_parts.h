@@ -14,12 +14,12 @@
 
 namespace tickwell::settings_ui {
 
-/// What the settings dialog does with the official list of days off, immediately.
+/// What the settings dialog does immediately with the official list of days off.
 struct HolidayListOperations {
-    std::function<QString()> status;  ///< one line on what is kept
-    std::function<bool()> isKept;     ///< whether there is something to remove
-    /// Reads the list in a file and keeps it; returns a report for the user. Throws RunTimeError; the list
-    /// kept before then stays.
+    std::function<QString()> status;  ///< one line about the stored list
+    std::function<bool()> isKept;     ///< whether there is a list to be removed
+    /// Reads a list from a file and stores it; returns a report for the user. Throws RunTimeError, and then
+    /// keeps the previous list.
     std::function<QString(const QString& path)> replace;
     std::function<void()> remove;  ///< throws RunTimeError
 };
@@ -30,21 +30,21 @@ struct SettingsOperations {
     std::function<void()> apply;
     /// Called with true after OK has applied: today's names and the date are queried again.
     std::function<void(bool)> refresh;
-    /// Called with true when the dialog opens and false when it closes: meanwhile the main window is not kept
-    /// on top.
+    /// Called with true when the dialog opens and with false when it closes: while it is open, the main
+    /// window is not kept on top.
     std::function<void(bool)> holdKeepTop;
     /// Plays the sound of this name once. If empty, the button beside the sounds is disabled.
     std::function<void(const QString& soundName)> listen;
     /// Starts compacting the day database and returns. At the end the user is notified and `done` is called.
-    /// If compacting is already running, only replaces `done`. Throws RunTimeError if it cannot start,
-    /// without calling `done`. If empty, the button is disabled.
+    /// If a compaction is already running, only replaces `done`. Throws RunTimeError, without calling `done`,
+    /// if it cannot start. If empty, the button is disabled.
     std::function<void(std::function<void()> done)> compact;
     HolidayListOperations holidayList;
     /// Whether translucent windows can be seen through on this desktop.
     std::function<bool()> isComposited;
 };
 
-/// References that the settings dialog works with; all outlive it.
+/// References that the settings dialog uses; all outlive it.
 struct SettingsParts {
     const Displays& displays;
     AppSettings& settings;

@@ -92,7 +92,7 @@ void Form2::Command3_Click() {
     ApplyAutostart();
 }
 
-/// Last, so that everything else is done even if the file cannot be written.
+/// Called last, so that everything else has been applied even if this file cannot be written.
 void Form2::ApplyAutostart() {
     if (m_draft.startsAtLogin && *m_draft.startsAtLogin != m_parts.autostart.IsOn()) {
         m_parts.autostart.Set(*m_draft.startsAtLogin);

@@ -68,7 +68,7 @@ QWidget* StylePicker::MakeEffects() {
 }
 
 void StylePicker::MakeControls() {
-    m_family->setEditable(false);  // only installed fonts
+    m_family->setEditable(false);  // only installed fonts can be chosen
     m_family->setFontFilters(QFontComboBox::ScalableFonts);
     m_size->setRange(kSmallestSize, kLargestSize);
     m_size->setSuffix(u" ポイント"_s);
@@ -76,7 +76,8 @@ void StylePicker::MakeControls() {
     m_sample->setAlignment(Qt::AlignCenter);
     m_sample->setAutoFillBackground(true);
     m_sample->setFixedHeight(fontMetrics().height() * kSampleRoom);
-    m_sample->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);  // a large font keeps the dialog small
+    // So that a large font does not enlarge the dialog.
+    m_sample->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
     QLayout* buttons = MakeButtons();
     auto* fields = new QFormLayout;
     fields->addRow(u"フォント"_s, m_family);

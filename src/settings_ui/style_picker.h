@@ -14,13 +14,13 @@
 namespace tickwell::settings_ui {
 
 /// Picks font, size, bold, italic, colour, underline and strikethrough of a text line; opened with open().
-/// Qt's font dialog has no colour, and offers bold only for fonts that have a bold face, although others can
-/// be drawn bold.
+/// Used instead of QFontDialog, which has no colour, and offers bold only for fonts with a bold face,
+/// although Qt can draw others bold, too.
 class StylePicker : public QDialog {
     Q_OBJECT
 
 public:
-    /// `backColor`: the background of the sample text. Handlers outlive this object.
+    /// `backColor`: the background of the sample text. `handlers` outlives this object.
     StylePicker(Handlers& handlers, const QString& title, const LineStyle& stored, qint32 backColor,
                 QWidget* parent);
 

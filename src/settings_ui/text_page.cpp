@@ -40,7 +40,7 @@ TextPage::TextPage(const SettingsParts& parts, SettingsDraft& draft, QWidget* pa
     grid->addWidget(m_sample, 0, 1);
     grid->addWidget(MakeSpeedFrame(), 1, 0, 1, 2);
     grid->addLayout(buttons, 2, 0, 1, 2);
-    m_autostart = MakeAutostart();  // created after the buttons for the Tab order
+    m_autostart = MakeAutostart();  // created after the buttons because of the Tab order
     grid->addWidget(m_autostart, 3, 0, 1, 2);
     grid->setColumnStretch(1, 1);
     grid->setRowStretch(4, 1);

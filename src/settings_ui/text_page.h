@@ -19,7 +19,7 @@ class TextPage : public QWidget {
     Q_OBJECT
 
 public:
-    /// All outlive this object.
+    /// All references outlive this object.
     TextPage(const SettingsParts& parts, SettingsDraft& draft, QWidget* parent);
 
     /// Shows the draft and starts the sample.

@@ -25,13 +25,13 @@ class TstAboutText : public QObject {
 private Q_SLOTS:
     void ThanksFollowEachOther_data();
     void ThanksFollowEachOther();
-    void LinesAreMadeForDrawingAlone();
+    void LinesAreBrokenOnlyForDrawing();
     void TheVersionHasNoBlankAndNoZeros_data();
     void TheVersionHasNoBlankAndNoZeros();
     void FactsArePlainLines();
     void TheFirstProgramThatIsThereIsStarted_data();
     void TheFirstProgramThatIsThereIsStarted();
-    void OneThatDoesNotStartIsPassedOver();
+    void AProgramThatDoesNotStartIsSkipped();
 };
 
 void TstAboutText::ThanksFollowEachOther_data() {
@@ -54,7 +54,7 @@ void TstAboutText::ThanksFollowEachOther() {
     QCOMPARE(FirstThanks(), kFirst);
 }
 
-void TstAboutText::LinesAreMadeForDrawingAlone() {
+void TstAboutText::LinesAreBrokenOnlyForDrawing() {
     QCOMPARE(ThanksLines(kFirst), u"ダウンロードしていただきまして、\nありがとうございます。"_s);
 }
 
@@ -111,7 +111,7 @@ void TstAboutText::TheFirstProgramThatIsThereIsStarted_data() {
                           << QStringList{u"--show-system-tab"_s};
     QTest::newRow("Xfce") << QStringList{u"xfce4-about"_s} << u"xfce4-about"_s << none;
     QTest::newRow("GNOME") << QStringList{u"gnome-system-monitor"_s} << u"gnome-system-monitor"_s << none;
-    QTest::newRow("what is made for it goes first")
+    QTest::newRow("programs made for system information go first")
         << QStringList{u"gnome-system-monitor"_s, u"kinfocenter"_s, u"hardinfo"_s} << u"hardinfo"_s << none;
     QTest::newRow("programs of another kind are left alone") << QStringList{u"xterm"_s} << QString() << none;
 }
@@ -132,7 +132,7 @@ void TstAboutText::TheFirstProgramThatIsThereIsStarted() {
     }
 }
 
-void TstAboutText::OneThatDoesNotStartIsPassedOver() {
+void TstAboutText::AProgramThatDoesNotStartIsSkipped() {
     FakeProgramStarter programs;
     programs.found = {{u"hardinfo"_s, u"/usr/bin/hardinfo"_s}, {u"xfce4-about"_s, u"/usr/bin/xfce4-about"_s}};
     programs.starts = false;

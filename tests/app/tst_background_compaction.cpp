@@ -14,7 +14,7 @@ using namespace tickwell::app;
 
 namespace {
 
-/// Lets the copy start and continue when the test allows it.
+/// Semaphores by which the test learns how far the compaction is, and lets its copy continue.
 struct Gate {
     QSemaphore reached;
     QSemaphore open;
@@ -78,15 +78,15 @@ class TstBackgroundCompaction : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void TheCallerGoesOnMeanwhile();
-    void OneThatRunsIsNotBegunAgain();
+    void TheCallerIsNotBlocked();
+    void ARunningCompactionIsNotStartedAgain();
     void ADatabaseInUseIsNotCompacted();
     void TheEndOfTheProgramStopsIt_data();
     void TheEndOfTheProgramStopsIt();
-    void AFaultIsToldInTheReportBox();
+    void AFaultIsReportedInTheReportBox();
 };
 
-void TstBackgroundCompaction::TheCallerGoesOnMeanwhile() {
+void TstBackgroundCompaction::TheCallerIsNotBlocked() {
     Bench bench;
     const QStringList rows = bench.store.Rows();
     const auto before = static_cast<qint32>(store::BytesOf(bench.store.Path()).size());
@@ -105,7 +105,7 @@ void TstBackgroundCompaction::TheCallerGoesOnMeanwhile() {
     QCOMPARE(bench.store.Rows().size(), rows.size() + 1);
 }
 
-void TstBackgroundCompaction::OneThatRunsIsNotBegunAgain() {
+void TstBackgroundCompaction::ARunningCompactionIsNotStartedAgain() {
     Bench bench;
     bench.StartAndReachTheCopy();
     bool isTold = false;
@@ -145,8 +145,8 @@ void TstBackgroundCompaction::TheEndOfTheProgramStopsIt() {
     bench.StartAndReachTheCopy();
     if (isReported) {
         bench.gate.open.release();
-        bench.gate.measured.acquire(
-            2);  // before and after; all that remains to be done is to open and to report it
+        // The size is measured before and after; after that only opening and reporting remain.
+        bench.gate.measured.acquire(2);
     }
     bench.compaction.reset();
     QCoreApplication::processEvents();
@@ -158,7 +158,7 @@ void TstBackgroundCompaction::TheEndOfTheProgramStopsIt() {
     QCOMPARE(store::BytesOf(bench.store.Path()) == before, !isReported);
 }
 
-void TstBackgroundCompaction::AFaultIsToldInTheReportBox() {
+void TstBackgroundCompaction::AFaultIsReportedInTheReportBox() {
     Bench bench;
     bench.gate.open.release();
     QVERIFY(QFile::remove(u"DayDate.mdb"_s));

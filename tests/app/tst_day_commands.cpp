@@ -15,7 +15,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// The lines of 1955 that a list needs, and the year 1956 with a day off that no law knows.
+/// A list of holidays with 1955, which a valid list must contain, and 1956 with a day off that is not in the
+/// law.
 QByteArray ListOf1956() {
     return "1955/1/1,元日\n1955/1/15,成人の日\n1955/3/21,春分の日\n1955/4/29,天皇誕生日\n"
            "1955/5/3,憲法記念日\n1955/5/5,こどもの日\n1955/9/24,秋分の日\n1955/11/3,文化の日\n"
@@ -70,9 +71,9 @@ private Q_SLOTS:
     void DaysDoNotGoByTheSettings();
     void DaysOffComeFromTheListInItsYears();
     void ADamagedListIsLoggedAndTheLawHolds();
-    void WhatIsMissingIsNamed();
+    void AMissingDatabaseOrFolderIsNamed();
     void ADamagedDatabaseIsNamedWithItsCopy();
-    void BadSettingsAreNamedByTodayAlone();
+    void OnlyTodayNamesBadSettings();
     void NoFileIsMadeOrChanged();
 };
 
@@ -167,7 +168,7 @@ void TstDayCommands::ADamagedListIsLoggedAndTheLawHolds() {
     QCOMPARE(bench.Today(QDate(2026, 5, 6)), u"振替休日\n"_s);
 }
 
-void TstDayCommands::WhatIsMissingIsNamed() {
+void TstDayCommands::AMissingDatabaseOrFolderIsNamed() {
     Bench bench;
     QVERIFY(QFile::remove(bench.store.Path()));
     const QString noDatabase = u'!' + bench.store.Path() + u"\r\nデータベースのファイルがありません。";
@@ -191,9 +192,9 @@ void TstDayCommands::ADamagedDatabaseIsNamedWithItsCopy() {
                  u"\r\nデータベースの形式が違います。(26)\r\nデータベースの控えが残っています：CopyDate.mdb");
 }
 
-void TstDayCommands::BadSettingsAreNamedByTodayAlone() {
+void TstDayCommands::OnlyTodayNamesBadSettings() {
     const Bench bench;
-    bench.Set("[SetUp]\nOp_Speed=?\n");  // a setting of the window
+    bench.Set("[SetUp]\nOp_Speed=?\n");  // an invalid setting that only the window reads
     QCOMPARE(bench.Today(QDate(2026, 1, 1)), u"元日\n"_s);
     bench.Set("[Calendar]\nHolidaysByLaw=?\n");
     QCOMPARE(bench.Today(QDate(2026, 1, 1)),

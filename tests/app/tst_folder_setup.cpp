@@ -57,7 +57,7 @@ private Q_SLOTS:
     void APortableFolderMustBeWritable();
     void AnotherStartFindsTheSameFolder_data();
     void AnotherStartFindsTheSameFolder();
-    void MastersLieBesideTheBinaryOrInShare();
+    void MastersAreBesideTheBinaryOrInShare();
     void ANewFolderIsFilled();
     void HelpAndSoundsFollowNewerMasters();
     void WhatTheUserChangedStays();
@@ -65,12 +65,12 @@ private Q_SLOTS:
     void AFileTheUserRemovedIsNotBroughtBack();
     void TheMastersOwnFolderIsLeftAlone();
     void AFullDiskLeavesNoHalfFilledFolder();
-    void WhatKilledStartsLeftIsRemoved();
-    void AFillingThatIsUnderWayIsLeftAlone();
-    void AllOfItIsTheUsersAlone();
-    void WhatIsNoCopyAnyMoreIsNeitherReadNorReplaced_data();
-    void WhatIsNoCopyAnyMoreIsNeitherReadNorReplaced();
-    void APlaceThatTakesNoFolderIsAnError();
+    void FilesLeftByKilledStartsAreRemoved();
+    void AFolderThatIsBeingFilledIsLeftAlone();
+    void OnlyTheUserHasAccess();
+    void AReplacedCopyIsNeitherReadNorOverwritten_data();
+    void AReplacedCopyIsNeitherReadNorOverwritten();
+    void AFolderThatCannotBeCreatedIsAnError();
     void AMissingMasterIsNamedAndNothingIsMade();
 };
 
@@ -133,7 +133,7 @@ void TstFolderSetup::AnotherStartFindsTheSameFolder() {
     QCOMPARE(StartingCommand(u"/usr/bin/tickwell"_s, choices), expected);
 }
 
-void TstFolderSetup::MastersLieBesideTheBinaryOrInShare() {
+void TstFolderSetup::MastersAreBesideTheBinaryOrInShare() {
     const Bench bench;
     QCOMPARE(MastersFolder(bench.masters), bench.masters);
     const QString shared = bench.dir.filePath(u"usr/share/tickwell"_s);
@@ -213,10 +213,11 @@ void TstFolderSetup::AFullDiskLeavesNoHalfFilledFolder() {
     QVERIFY(QDir(bench.dir.filePath(u"data"_s)).isEmpty());
 }
 
-void TstFolderSetup::WhatKilledStartsLeftIsRemoved() {
+void TstFolderSetup::FilesLeftByKilledStartsAreRemoved() {
     const Bench bench;
     const QString left = bench.dir.filePath(u"data/.tickwell.unfinished-abcdef"_s);
-    const QString backup = bench.dir.filePath(u"data/tickwell-backup"_s);  // as a user may name a copy
+    // A name that a user may give to a copy.
+    const QString backup = bench.dir.filePath(u"data/tickwell-backup"_s);
     QVERIFY(QDir().mkpath(left) && QDir().mkpath(backup));
     CopyFiles(bench.masters, left, RequiredFiles().first(3));
     CopyFiles(bench.masters, backup, RequiredFiles());
@@ -231,7 +232,7 @@ void TstFolderSetup::WhatKilledStartsLeftIsRemoved() {
              QStringList{u".masters"_s} + RequiredFiles());
 }
 
-void TstFolderSetup::AFillingThatIsUnderWayIsLeftAlone() {
+void TstFolderSetup::AFolderThatIsBeingFilledIsLeftAlone() {
     const Bench bench;
     const QString unfinished = bench.dir.filePath(u"data/.tickwell.unfinished-abcdef"_s);
     QVERIFY(QDir().mkpath(unfinished));
@@ -240,7 +241,7 @@ void TstFolderSetup::AFillingThatIsUnderWayIsLeftAlone() {
     QVERIFY(QFile::exists(unfinished));
 }
 
-void TstFolderSetup::AllOfItIsTheUsersAlone() {
+void TstFolderSetup::OnlyTheUserHasAccess() {
     const Bench bench;
     const mode_t before = umask(0);
     PrepareFolder(bench.folder, bench.masters);
@@ -252,13 +253,13 @@ void TstFolderSetup::AllOfItIsTheUsersAlone() {
     }
 }
 
-void TstFolderSetup::WhatIsNoCopyAnyMoreIsNeitherReadNorReplaced_data() {
+void TstFolderSetup::AReplacedCopyIsNeitherReadNorOverwritten_data() {
     QTest::addColumn<QString>("target");  // of a link; empty for a pipe
     QTest::newRow("a pipe") << QString();
     QTest::newRow("a link to a device that never ends") << u"/dev/zero"_s;
 }
 
-void TstFolderSetup::WhatIsNoCopyAnyMoreIsNeitherReadNorReplaced() {
+void TstFolderSetup::AReplacedCopyIsNeitherReadNorOverwritten() {
     QFETCH(QString, target);
     for (const QString& name : {u"TKW01.wav"_s, u".masters"_s}) {
         const Bench bench;
@@ -276,7 +277,7 @@ void TstFolderSetup::WhatIsNoCopyAnyMoreIsNeitherReadNorReplaced() {
     }
 }
 
-void TstFolderSetup::APlaceThatTakesNoFolderIsAnError() {
+void TstFolderSetup::AFolderThatCannotBeCreatedIsAnError() {
     const Bench bench;
     WriteAll(bench.dir.filePath(u"data"_s), "a file where a folder should be"_ba);
     QVERIFY_THROWS_EXCEPTION(RunTimeError, PrepareFolder(bench.folder, bench.masters));

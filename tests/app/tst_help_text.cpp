@@ -20,7 +20,7 @@ struct Locale {
     QByteArray lang{};
 };
 
-/// Columns of a terminal: kana, kanji and full-width signs take two.
+/// The width in terminal columns: kana, kanji and full-width signs take two.
 int WidthOf(const QString& line) {
     int width = 0;
     for (const QChar each : line) {
@@ -98,7 +98,7 @@ void TstHelpText::ItsLanguageIsTheUsers_data() {
     row("without a country", {.lang = "ja"}, true);
     row("English", {.lang = "en_US.UTF-8"}, false);
     row("a language that begins alike", {.lang = "jam_JM"}, false);
-    row("messages alone", {.messages = "ja_JP.UTF-8", .lang = "de_DE.UTF-8"}, true);
+    row("only messages", {.messages = "ja_JP.UTF-8", .lang = "de_DE.UTF-8"}, true);
     row("all but messages", {.messages = "en_US.UTF-8", .lang = "ja_JP.UTF-8"}, false);
     row("everything", {.all = "ja_JP.UTF-8", .messages = "en_US.UTF-8", .lang = "C"}, true);
     row("nothing at all", {.all = "C", .messages = "ja_JP.UTF-8", .lang = "ja_JP.UTF-8"}, false);

@@ -16,7 +16,7 @@ using namespace tickwell;
 using namespace tickwell::app;
 using namespace Qt::StringLiterals;
 
-/// Lines written to standard output, whatever that is.
+/// Lines written to standard output: a pipe, a file or a full device.
 class TstLineOutput : public QObject {
     Q_OBJECT
 
@@ -34,7 +34,7 @@ void TstLineOutput::LinesAreWrittenInUtf8() {
     LineOutput output(file.handle());
     QVERIFY(output.Add(u"仏滅 🎂"_s));
     QVERIFY(output.Add(QString()));
-    QVERIFY(output.Add(u"a"_s + QChar(0xD800)));  // half a pair has no UTF-8
+    QVERIFY(output.Add(u"a"_s + QChar(0xD800)));  // half a surrogate pair cannot be encoded in UTF-8
     QVERIFY(output.Flush());
     QCOMPARE(QString::fromUtf8(ReadAll(file.fileName())).first(8), u"仏滅 🎂\n\na"_s);
     QVERIFY(ReadAll(file.fileName()).isValidUtf8());

@@ -17,7 +17,7 @@ private Q_SLOTS:
     void TheFolderIsTaken();
     void TheDiscIsTaken_data();
     void TheDiscIsTaken();
-    void TheMenuCanBeAskedFor();
+    void TheMenuOptionIsTaken();
     void HelpAndVersionAreAnswered();
     void MistakesAreNamed_data();
     void MistakesAreNamed();
@@ -60,7 +60,7 @@ void TstOptions::TheDiscIsTaken() {
     QTEST(disc, "disc");
 }
 
-void TstOptions::TheMenuCanBeAskedFor() {
+void TstOptions::TheMenuOptionIsTaken() {
     QVERIFY(!OptionsOf({u"tickwell"_s}).opensMenu);
     QVERIFY(OptionsOf({u"tickwell"_s, u"--menu"_s}).opensMenu);
 }

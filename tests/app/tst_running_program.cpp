@@ -116,14 +116,14 @@ class TstRunningProgram : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void ANoticeWithoutItsSoundTellsSo();
-    void TheNoticeEntersTheFolder();
+    void ANoticeReportsItsMissingSound();
+    void TheNoticeChangesToTheFolder();
     void TheCdPlayerOpensFromItsDisplay();
     void SoundEndsBeforeTheDiscAndBothBeforeTheDayDatabase();
     void SettingsThatCannotBeStoredAtTheEndOfTheSessionAreLogged();
 };
 
-void TstRunningProgram::ANoticeWithoutItsSoundTellsSo() {
+void TstRunningProgram::ANoticeReportsItsMissingSound() {
     Bench bench(u"3"_s);
     QVERIFY(QFile::remove(bench.dir.filePath(u"TKW00.wav"_s)));
     bench.Press("TimerForm", "Command1");
@@ -139,9 +139,9 @@ void TstRunningProgram::ANoticeWithoutItsSoundTellsSo() {
     QCOMPARE(bench.program->Player().State().CdState, media::kCdNotReady);  // like any failed command
 }
 
-void TstRunningProgram::TheNoticeEntersTheFolder() {
+void TstRunningProgram::TheNoticeChangesToTheFolder() {
     Bench bench(u"3"_s);
-    bench.time.Advance(10'000);  // the chime at nine enters it as well
+    bench.time.Advance(10'000);  // the chime at nine changes to it as well
     bench.Press("TimerForm", "Command1");
     QVERIFY(QDir::setCurrent(QDir::rootPath()));
     bench.time.Advance(15'000);

@@ -33,7 +33,7 @@ sockaddr_un AddressOf(const QByteArray& path) {
     return address;
 }
 
-/// Connects and sends a word; without Qt, which a child process of another user cannot use.
+/// Connects and sends a word, without Qt: a child process that runs as another user cannot use it.
 bool Say(const QByteArray& path, const char* word) {
     const int descriptor = socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
     const sockaddr_un address = AddressOf(path);
@@ -52,18 +52,18 @@ private Q_SLOTS:
     void init();
     void TheFirstIsTheFirst();
     void OtherFoldersHaveTheirOwn();
-    void TheSocketIsTheUsersAlone();
-    void OtherWordsAreNoCall();
-    void AnEndlessWordIsNoCall();
-    void WhoSaysNothingHoldsNothing();
-    void AnotherUsersWordIsNotHeard();
-    void NothingIsToldToAnotherUser();
-    void WithoutAFirstNobodyAnswers();
-    void WhatKeepsTheFirstFromHearingIsNamed_data();
-    void WhatKeepsTheFirstFromHearingIsNamed();
+    void OnlyTheUserHasAccessToTheSocket();
+    void UnknownWordsAreIgnored();
+    void AnEndlessWordIsIgnored();
+    void SilentConnectionsDoNotBlockOthers();
+    void AnotherUsersWordIsIgnored();
+    void NothingIsSentToAnotherUser();
+    void WithoutAFirstInstanceNobodyAnswers();
+    void TheReasonForNoAnswerIsNamed_data();
+    void TheReasonForNoAnswerIsNamed();
     void ARelativeRuntimeFolderIsIgnored();
-    void AFolderThatTakesNoFileIsAnError();
-    void AKilledFirstLeavesNoTrace();
+    void AFolderWithoutWriteAccessIsAnError();
+    void AKilledFirstDoesNotBlockTheNextStart();
 
 private:
     /// The only existing socket.
@@ -97,7 +97,7 @@ void TstSingleInstance::OtherFoldersHaveTheirOwn() {
     QCOMPARE(QDir(m_runtime.path()).entryInfoList(QDir::System).size(), 2);
 }
 
-void TstSingleInstance::TheSocketIsTheUsersAlone() {
+void TstSingleInstance::OnlyTheUserHasAccessToTheSocket() {
     const QTemporaryDir folder;
     SingleInstance first(folder.path());
     QVERIFY(first.Acquire());
@@ -108,7 +108,7 @@ void TstSingleInstance::TheSocketIsTheUsersAlone() {
              QFile::Permissions());
 }
 
-void TstSingleInstance::OtherWordsAreNoCall() {
+void TstSingleInstance::UnknownWordsAreIgnored() {
     const QTemporaryDir folder;
     SingleInstance first(folder.path());
     QVERIFY(first.Acquire());
@@ -128,7 +128,7 @@ void TstSingleInstance::OtherWordsAreNoCall() {
     QCOMPARE(calls.at(1).constFirst().toBool(), true);
 }
 
-void TstSingleInstance::AnEndlessWordIsNoCall() {
+void TstSingleInstance::AnEndlessWordIsIgnored() {
     const QTemporaryDir folder;
     SingleInstance first(folder.path());
     QVERIFY(first.Acquire());
@@ -144,7 +144,7 @@ void TstSingleInstance::AnEndlessWordIsNoCall() {
     QCOMPARE(calls.size(), 0);
 }
 
-void TstSingleInstance::WhoSaysNothingHoldsNothing() {
+void TstSingleInstance::SilentConnectionsDoNotBlockOthers() {
     const QTemporaryDir folder;
     SingleInstance first(folder.path());
     QVERIFY(first.Acquire());
@@ -169,7 +169,7 @@ void TstSingleInstance::WhoSaysNothingHoldsNothing() {
     QTRY_COMPARE(calls.size(), 1);
 }
 
-void TstSingleInstance::AnotherUsersWordIsNotHeard() {
+void TstSingleInstance::AnotherUsersWordIsIgnored() {
     if (geteuid() != 0) {
         QSKIP("only root can become another user");
     }
@@ -182,7 +182,7 @@ void TstSingleInstance::AnotherUsersWordIsNotHeard() {
     QCOMPARE(chmod(path.constData(), 0777), 0);
     QCOMPARE(chmod(QFile::encodeName(m_runtime.path()).constData(), 0777), 0);
     QCOMPARE(InChild([&path] { return BecomeNobody() && Say(path, "menu\n") ? 0 : 1; }), 0);
-    QLocalSocket own;  // connects second: once it is answered, the first one was handled
+    QLocalSocket own;  // connects second: once it is answered, the first connection was handled
     own.connectToServer(Socket());
     QVERIFY(own.waitForConnected());
     own.write("forward\n");
@@ -190,7 +190,7 @@ void TstSingleInstance::AnotherUsersWordIsNotHeard() {
     QCOMPARE(calls.at(0).constFirst().toBool(), false);
 }
 
-void TstSingleInstance::NothingIsToldToAnotherUser() {
+void TstSingleInstance::NothingIsSentToAnotherUser() {
     if (geteuid() != 0) {
         QSKIP("only root can become another user");
     }
@@ -221,22 +221,22 @@ void TstSingleInstance::NothingIsToldToAnotherUser() {
     unlink(QFile::encodeName(path).constData());
 }
 
-void TstSingleInstance::WithoutAFirstNobodyAnswers() {
+void TstSingleInstance::WithoutAFirstInstanceNobodyAnswers() {
     const QTemporaryDir folder;
     const SingleInstance second(folder.path());
     QVERIFY(!second.CallFirst(false));
 }
 
-void TstSingleInstance::WhatKeepsTheFirstFromHearingIsNamed_data() {
+void TstSingleInstance::TheReasonForNoAnswerIsNamed_data() {
     QTest::addColumn<QString>("obstacle");
     QTest::addColumn<QString>("words");
     QTest::newRow("a folder") << u"folder"_s << u"別のものがあります。それを移動または削除し、"_s;
     QTest::newRow("a file") << u"file"_s << u"別のものがあります。それを移動または削除し、"_s;
     QTest::newRow("nothing") << QString() << u"ソケットがありません。"_s;
-    QTest::newRow("a socket that nobody hears") << u"socket"_s << u"しばらく待っても応答がないときは、"_s;
+    QTest::newRow("a socket without a listener") << u"socket"_s << u"しばらく待っても応答がないときは、"_s;
 }
 
-void TstSingleInstance::WhatKeepsTheFirstFromHearingIsNamed() {
+void TstSingleInstance::TheReasonForNoAnswerIsNamed() {
     QFETCH(QString, obstacle);
     QFETCH(QString, words);
     const QTemporaryDir folder;
@@ -282,12 +282,12 @@ void TstSingleInstance::ARelativeRuntimeFolderIsIgnored() {
     QVERIFY(QDir(elsewhere.filePath(u"run"_s)).isEmpty());
 }
 
-void TstSingleInstance::AFolderThatTakesNoFileIsAnError() {
+void TstSingleInstance::AFolderWithoutWriteAccessIsAnError() {
     SingleInstance instance(u"/proc"_s);
     QVERIFY_THROWS_EXCEPTION(RunTimeError, instance.Acquire());
 }
 
-void TstSingleInstance::AKilledFirstLeavesNoTrace() {
+void TstSingleInstance::AKilledFirstDoesNotBlockTheNextStart() {
     const QTemporaryDir folder;
     // Exits without cleaning up, like a killed process: lock file and socket are left behind.
     QCOMPARE(InChild([&] {

@@ -33,7 +33,7 @@ struct Bench {
         });
     }
 
-    /// Why the start failed; empty on success.
+    /// The reason why the start failed; empty on success.
     QString Reason() {
         try {
             Start();
@@ -58,11 +58,11 @@ private Q_SLOTS:
     void EachMissingFileIsNamed_data();
     void EachMissingFileIsNamed();
     void TheFirstMissingFileIsTheOneNamed();
-    void ExistenceAloneIsAskedFor();
+    void OnlyExistenceIsChecked();
     void ABrokenLinkCountsAsMissing();
     void ADatabaseOfAnotherKindIsRefused();
     void ACopyTakesTheMissingDatabasesPlace();
-    void CopiesGoBesideASoundDatabase();
+    void CopiesBesideASoundDatabaseAreRemoved();
     void AFailureNamesTheCopies_data();
     void AFailureNamesTheCopies();
     void OtherMissingFilesNameNoCopies();
@@ -116,7 +116,7 @@ void TstStartup::TheFirstMissingFileIsTheOneNamed() {
     }
 }
 
-void TstStartup::ExistenceAloneIsAskedFor() {
+void TstStartup::OnlyExistenceIsChecked() {
     Bench bench;
     bench.Remove(u"TKW02.wav"_s);
     QVERIFY(QDir(bench.dir.path()).mkdir(u"TKW02.wav"_s));
@@ -149,7 +149,7 @@ void TstStartup::ACopyTakesTheMissingDatabasesPlace() {
     }
 }
 
-void TstStartup::CopiesGoBesideASoundDatabase() {
+void TstStartup::CopiesBesideASoundDatabaseAreRemoved() {
     Bench bench;
     WriteAll(bench.dir.filePath(u"CopyDate.mdb"_s), "half done"_ba);
     WriteAll(bench.dir.filePath(u"BUDate.mdb"_s), ""_ba);

@@ -18,16 +18,16 @@ class TstWindowPlacing : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void ItStandsNear_data();
-    void ItStandsNear();
+    void ItOpensNearTheMainWindow_data();
+    void ItOpensNearTheMainWindow();
     void ItIsOnTheScreenFromEverywhere();
     void NoWindowCoversAnother();
     void HiddenWindowsAndMenusTakeNoPlace();
     void ItStaysAboveOthers();
-    void WhatIsLetThroughBelongsToTheModalWindow();
+    void AnExemptWindowIsTransientForTheModalWindow();
 };
 
-void TstWindowPlacing::ItStandsNear_data() {
+void TstWindowPlacing::ItOpensNearTheMainWindow_data() {
     QTest::addColumn<QRect>("opener");
     QTest::addColumn<QSize>("size");
     QTest::addColumn<QList<QRect>>("taken");
@@ -68,7 +68,7 @@ void TstWindowPlacing::ItStandsNear_data() {
         << upperLeft << QSize(900, 700) << QList<QRect>{{0, 48, 900, 700}} << QPoint(100, 100);
 }
 
-void TstWindowPlacing::ItStandsNear() {
+void TstWindowPlacing::ItOpensNearTheMainWindow() {
     QFETCH(QRect, opener);
     QFETCH(QSize, size);
     QFETCH(QList<QRect>, taken);
@@ -137,7 +137,7 @@ void TstWindowPlacing::ItStaysAboveOthers() {
     QVERIFY(!window.isVisible());
 }
 
-void TstWindowPlacing::WhatIsLetThroughBelongsToTheModalWindow() {
+void TstWindowPlacing::AnExemptWindowIsTransientForTheModalWindow() {
     QWidget window;
     LetThroughModal(window);  // without a modal window it has no parent
     QVERIFY(window.windowHandle() == nullptr || window.windowHandle()->transientParent() == nullptr);

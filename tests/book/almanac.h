@@ -11,7 +11,7 @@
 
 namespace tickwell::book {
 
-/// A calendar of its own: every day from 1 January 100 to 31 December 9999.
+/// The test's own calendar: every day from 1 January 100 to 31 December 9999 with its week code.
 class Almanac {
 public:
     struct Day {
@@ -39,7 +39,7 @@ public:
         }
     }
 
-    /// Which of `rows` fall on a day of the range.
+    /// The rows that recur every year and fall on a day of the range, both ends included.
     days::Anniversaries Falling(const days::Anniversaries& rows, QDate first, QDate last) const {
         std::array<std::array<bool, 128>, 13> byDay{};
         std::array<std::array<bool, 128>, 13> byCode{};

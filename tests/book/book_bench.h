@@ -61,7 +61,7 @@ struct BookBench : DialogBench {
             "WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 70000)"
             "INSERT INTO Kinenbi(Name,Year,Month,Day,Week) SELECT 'n' || i,0,1 + i % 12,1 + i % 28,0 FROM n");
     }
-    /// Lists all of them.
+    /// Lists all anniversaries by a search.
     void ListMany() {
         OpenSearch();
         Click(QStringLiteral("Command1"));

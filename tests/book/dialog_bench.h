@@ -61,7 +61,7 @@ public:
         return field != nullptr && focus->inherits("QAbstractSpinBox") ? field->objectName()
                                                                        : focus->objectName();
     }
-    /// The controls in tab order, from the one with the focus until it has the focus again.
+    /// The names of the controls in tab order, starting with the one that has the focus.
     QStringList TabOrder() const {
         QStringList order;
         for (QString focus = Focus(); !order.contains(focus); focus = Focus()) {

@@ -16,10 +16,10 @@ class TstAnniversaryBook : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void ARowThatIsGoneOpensNothingAndIsNotTold();
+    void ARowThatIsGoneOpensNothingAndReportsNothing();
     void ARowThatCannotBeReadOpensNothing();
     void AFailureAfterClosingIsReported();
-    void ACalendarThatIsGoneIsNotTold();
+    void ADestroyedCalendarIsNotNotified();
     void ADayIsAddedListedEditedFoundAndDeleted();
     void ALongSearchCanBeStopped_data();
     void ALongSearchCanBeStopped();
@@ -27,7 +27,7 @@ private Q_SLOTS:
     void EditsAllEqualRowsOfALargeTable();
 };
 
-void TstAnniversaryBook::ARowThatIsGoneOpensNothingAndIsNotTold() {
+void TstAnniversaryBook::ARowThatIsGoneOpensNothingAndReportsNothing() {
     BookBench bench;
     bench.list.ListFound(QList<days::DayListRow>{{u"a"_s, {}, {}, {}, {}}, {u"b"_s, {}, {}, {}, {}}}, 2);
     bench.list.ChooseRow(1);
@@ -57,11 +57,11 @@ void TstAnniversaryBook::AFailureAfterClosingIsReported() {
     QCOMPARE(bench.boxes.Owners(), QList<const QObject*>{&bench.calendar});
 }
 
-void TstAnniversaryBook::ACalendarThatIsGoneIsNotTold() {
+void TstAnniversaryBook::ADestroyedCalendarIsNotNotified() {
     BookBench bench;
     auto calendar = std::make_unique<QWidget>();
     bench.book.OpenEditor(bench.selected, calendar.get(), [&bench] { ++bench.closed; });
-    ChildOf<QDialog>(*calendar);  // must be there
+    ChildOf<QDialog>(*calendar);  // fails the test if there is none
     calendar.reset();
     QCOMPARE(bench.closed, 0);
 }

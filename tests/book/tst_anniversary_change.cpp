@@ -39,8 +39,8 @@ struct Bench {
     QStringList Rows() const { return store.Raw("SELECT Name,Year,Month,Day,Week FROM Kinenbi ORDER BY id"); }
 };
 
-/// A row from a small range, so that many are equal, and many equal another one with its week code's digits
-/// swapped.
+/// A row with values from a small range, so that many rows are equal, or differ only in the order of their
+/// week code's digits.
 days::Anniversary RandomRow(QRandomGenerator& random) {
     days::Anniversary row{random.bounded(2) == 0 ? u"a"_s : u"b"_s, 0, 0, 0, 0};
     row.year = random.bounded(4) == 0 ? 1998 : 0;
@@ -55,22 +55,22 @@ days::Anniversary RandomRow(QRandomGenerator& random) {
 
 }  // namespace
 
-/// The changes that the windows make to all rows equal to those of a list.
+/// Deleting or changing all rows that are equal to those of a list.
 class TstAnniversaryChange : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
     void DeletesWhatTheStatementsWouldDelete();
-    void RowsWhoseWeeksAreEachOthersExchangedGoTogether();
+    void RowsWithEachOthersSwappedWeekAreDeletedTogether();
     void ALargeDeletionIsStoredAtOnceInTheEnd();
-    void GivenUpItChangesNothing_data();
-    void GivenUpItChangesNothing();
-    void ARowThatNoStatementCanNameGoesItself_data();
-    void ARowThatNoStatementCanNameGoesItself();
+    void AnAbandonedChangeChangesNothing_data();
+    void AnAbandonedChangeChangesNothing();
+    void ARowThatNoStatementCanNameIsDeletedByItsKey_data();
+    void ARowThatNoStatementCanNameIsDeletedByItsKey();
     void ANameThatCannotBeReadKeepsTheRowsBeforeIt();
     void RowsOfAnotherProgramStay();
-    void AWriterInBetweenIsNotOverlooked();
-    void AFileThatIsLockedKeepsItsRows();
+    void RowsWrittenMeanwhileAreIncluded();
+    void ALockedFileKeepsItsRows();
 };
 
 void TstAnniversaryChange::DeletesWhatTheStatementsWouldDelete() {
@@ -99,7 +99,7 @@ void TstAnniversaryChange::DeletesWhatTheStatementsWouldDelete() {
     }
 }
 
-void TstAnniversaryChange::RowsWhoseWeeksAreEachOthersExchangedGoTogether() {
+void TstAnniversaryChange::RowsWithEachOthersSwappedWeekAreDeletedTogether() {
     Bench bench;
     bench.store.Raw("INSERT INTO Kinenbi(Name,Year,Month,Day,Week) VALUES ('a',0,0,0,13),('a',0,0,0,31)");
     DoWhole(*bench.Deletion());
@@ -127,7 +127,7 @@ void TstAnniversaryChange::ALargeDeletionIsStoredAtOnceInTheEnd() {
     QCOMPARE(bench.Count(), 0);
 }
 
-void TstAnniversaryChange::GivenUpItChangesNothing_data() {
+void TstAnniversaryChange::AnAbandonedChangeChangesNothing_data() {
     QTest::addColumn<bool>("isWriting");
     QTest::addColumn<bool>("isDeleted");
 
@@ -137,7 +137,7 @@ void TstAnniversaryChange::GivenUpItChangesNothing_data() {
     QTest::newRow("deleted while it writes") << true << true;
 }
 
-void TstAnniversaryChange::GivenUpItChangesNothing() {
+void TstAnniversaryChange::AnAbandonedChangeChangesNothing() {
     QFETCH(bool, isWriting);
     QFETCH(bool, isDeleted);
     Bench bench;
@@ -171,7 +171,7 @@ void TstAnniversaryChange::GivenUpItChangesNothing() {
     QCOMPARE(bench.Count(), kMany);
 }
 
-void TstAnniversaryChange::ARowThatNoStatementCanNameGoesItself_data() {
+void TstAnniversaryChange::ARowThatNoStatementCanNameIsDeletedByItsKey_data() {
     QTest::addColumn<QByteArray>("name");
 
     QTest::newRow("double quote") << QByteArray("'x\"y'");
@@ -179,7 +179,7 @@ void TstAnniversaryChange::ARowThatNoStatementCanNameGoesItself_data() {
     QTest::newRow("no UTF-8") << QByteArray("CAST(x'61FF' AS TEXT)");
 }
 
-void TstAnniversaryChange::ARowThatNoStatementCanNameGoesItself() {
+void TstAnniversaryChange::ARowThatNoStatementCanNameIsDeletedByItsKey() {
     QFETCH(QByteArray, name);
     Bench bench;
     bench.store.Raw("INSERT INTO Kinenbi(id,Name,Year,Month,Day,Week) VALUES (1,'a',0,1,1,0),(2," + name +
@@ -207,7 +207,7 @@ void TstAnniversaryChange::RowsOfAnotherProgramStay() {
     QCOMPARE(bench.store.Raw("SELECT id,Name FROM Kinenbi"), QStringList({u"7|other"_s, u"69999|other"_s}));
 }
 
-void TstAnniversaryChange::AWriterInBetweenIsNotOverlooked() {
+void TstAnniversaryChange::RowsWrittenMeanwhileAreIncluded() {
     Bench bench;
     bench.StoreMany();
     const auto deletion = bench.Deletion();
@@ -216,10 +216,11 @@ void TstAnniversaryChange::AWriterInBetweenIsNotOverlooked() {
     }
     bench.store.Raw("INSERT INTO Kinenbi(Name,Year,Month,Day,Week) VALUES ('n1',0,2,2,0),('new',0,2,2,0)");
     DoWhole(*deletion);
-    QCOMPARE(bench.store.Raw("SELECT Name FROM Kinenbi"), QStringList{u"new"_s});  // 'n1' equals a ticked row
+    // The new row 'n1' equals a ticked one.
+    QCOMPARE(bench.store.Raw("SELECT Name FROM Kinenbi"), QStringList{u"new"_s});
 }
 
-void TstAnniversaryChange::AFileThatIsLockedKeepsItsRows() {
+void TstAnniversaryChange::ALockedFileKeepsItsRows() {
     Bench bench;
     bench.store.Raw("INSERT INTO Kinenbi(Name,Year,Month,Day,Week) VALUES ('a',0,1,1,0)");
     const auto deletion = bench.Deletion();

@@ -41,10 +41,10 @@ private Q_SLOTS:
     void CountsWhatIsTicked();
     void DeletesWhatIsTicked();
     void DeletesEveryKind();
-    void TwoEqualEntriesGoTogether();
+    void EqualEntriesAreDeletedTogether();
     void TickingBothOfTwoEqualEntriesIsNoError();
-    void ANameThatFailsKeepsThoseBeforeIt();
-    void ATextThatIsNoNumberKeepsThoseBeforeIt();
+    void AFailingNameLeavesEarlierDeletionsInPlace();
+    void AnUnparsableNumberLeavesEarlierDeletionsInPlace();
 };
 
 void TstAnniversaryDeletion::CountsWhatIsTicked() {
@@ -73,7 +73,7 @@ void TstAnniversaryDeletion::DeletesEveryKind() {
     QCOMPARE(bench.Names(), QString());
 }
 
-void TstAnniversaryDeletion::TwoEqualEntriesGoTogether() {
+void TstAnniversaryDeletion::EqualEntriesAreDeletedTogether() {
     Bench bench;
     for (int i = 0; i < 3; ++i) {
         bench.database.Execute(days::Insert(u"a"_s, 0, 10, 3, 0));
@@ -90,7 +90,7 @@ void TstAnniversaryDeletion::TickingBothOfTwoEqualEntriesIsNoError() {
     QCOMPARE(bench.Names(), QString());
 }
 
-void TstAnniversaryDeletion::ANameThatFailsKeepsThoseBeforeIt() {
+void TstAnniversaryDeletion::AFailingNameLeavesEarlierDeletionsInPlace() {
     Bench bench;
     for (const QString& name : {u"a"_s, u"b"_s, u"c"_s, u"d"_s}) {
         bench.database.Execute(days::Insert(name, 0, 10, 3, 0));
@@ -102,7 +102,7 @@ void TstAnniversaryDeletion::ANameThatFailsKeepsThoseBeforeIt() {
     QCOMPARE(bench.store.Raw("SELECT Name FROM Kinenbi"), QStringList({u"a"_s, u"b"_s}));
 }
 
-void TstAnniversaryDeletion::ATextThatIsNoNumberKeepsThoseBeforeIt() {
+void TstAnniversaryDeletion::AnUnparsableNumberLeavesEarlierDeletionsInPlace() {
     Bench bench;
     for (const QString& name : {u"a"_s, u"b"_s, u"c"_s}) {
         bench.database.Execute(days::Insert(name, 0, 10, 3, 0));

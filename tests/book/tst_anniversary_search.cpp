@@ -26,7 +26,7 @@ const QDate kFirstDay(100, 1, 1);
 const QDate kLastDay(9999, 12, 31);
 
 /// Days on both sides of every branch: ends of months and years, leap days, each month of a year, the same
-/// days one and two years later, the first and the last possible days.
+/// days one and two years later, and the first and last possible days.
 QList<QDate> DaysAroundEveryBranch() {
     QList<QDate> days{kFirstDay, QDate(100, 1, 2), QDate(100, 12, 31), QDate(101, 1, 1), QDate(1996, 2, 29)};
     for (int month = 1; month <= 12; ++month) {
@@ -49,7 +49,7 @@ struct Question {
     days::Search search;
 };
 
-/// `bits`: three check boxes, name, dates.
+/// `bits`, from the lowest: three check boxes, search by name, search by dates.
 Question Asked(unsigned bits, const QString& name, QDate start, QDate end) {
     const auto bit = [bits](unsigned place) { return ((bits >> place) & 1U) != 0; };
     Question question;
@@ -82,7 +82,7 @@ public:
     int From(int first, int last) { return m_generator.bounded(first, last + 1); }
     bool Once(int times) { return m_generator.bounded(times) == 0; }
 
-    /// Mostly rows of the few years that are searched; some with values that no calendar has.
+    /// Mostly rows of the few years that are searched; some have values that no calendar has.
     days::Anniversary Row() {
         days::Anniversary row{u"n%1"_s.arg(From(0, 9)), Once(3) ? From(1995, 2002) : 0,
                               Once(4) ? 0 : From(1, 12), From(1, 31), 0};
@@ -166,15 +166,15 @@ private Q_SLOTS:
     void WritesTheTexts_data();
     void WritesTheTexts();
     void WritesTheTextsOfEveryCombination();
-    void FindsWhatIsMeantAndShowsIt();
-    void NoneOfOneYearIsFoundByDate();
-    void OnlyMonthsBetweenAreFound();
-    void FromDecemberOnMonthlyOnesAreFilteredByDay();
-    void UntilJanuaryMonthlyOnesAreFilteredByDay();
-    void TheYearFiveIsFoundByEveryBoxThatIsNotTicked();
+    void FindsAndListsTheMatchingRows();
+    void RowsOfOneYearAreNeverFoundByDate();
+    void OnlyRowsOfTheMonthsBetweenAreFound();
+    void FromDecemberOnMonthlyRowsAreFilteredByDay();
+    void UntilJanuaryMonthlyRowsAreFilteredByDay();
+    void TheYearFiveIsFoundByEveryClearedBox();
     void ARowOfOneYearAndEveryMonthIsFoundTwice();
     void AQuoteInTheNameIsRefused();
-    void AQuoteInTheNameOfNoQuestionIsNoMatter();
+    void AQuoteInTheNameIsAcceptedIfNothingIsSearched();
 };
 
 void TstAnniversarySearch::WritesTheTexts_data() {
@@ -246,7 +246,7 @@ void TstAnniversarySearch::WritesTheTextsOfEveryCombination() {
     }
 }
 
-void TstAnniversarySearch::FindsWhatIsMeantAndShowsIt() {
+void TstAnniversarySearch::FindsAndListsTheMatchingRows() {
     qInfo("seed %u", kSeed);
     const store::DayStore store;
     store::DayDatabase database(store.Path());
@@ -275,7 +275,7 @@ void TstAnniversarySearch::FindsWhatIsMeantAndShowsIt() {
     QVERIFY(found > qsizetype{10} * kSearches);
 }
 
-void TstAnniversarySearch::NoneOfOneYearIsFoundByDate() {
+void TstAnniversarySearch::RowsOfOneYearAreNeverFoundByDate() {
     const store::DayStore store;
     store::DayDatabase database(store.Path());
     database.Execute(InsertSql({u"a"_s, 1998, 10, 3, 0}));
@@ -285,7 +285,7 @@ void TstAnniversarySearch::NoneOfOneYearIsFoundByDate() {
     }
 }
 
-void TstAnniversarySearch::OnlyMonthsBetweenAreFound() {
+void TstAnniversarySearch::OnlyRowsOfTheMonthsBetweenAreFound() {
     const store::DayStore store;
     store::DayDatabase database(store.Path());
     for (int month = 1; month <= 12; ++month) {
@@ -296,7 +296,7 @@ void TstAnniversarySearch::OnlyMonthsBetweenAreFound() {
     QCOMPARE(Found(database, Within(QDate(1998, 11, 1), QDate(1999, 2, 28))), QString());
 }
 
-void TstAnniversarySearch::FromDecemberOnMonthlyOnesAreFilteredByDay() {
+void TstAnniversarySearch::FromDecemberOnMonthlyRowsAreFilteredByDay() {
     const store::DayStore store;
     store::DayDatabase database(store.Path());
     for (const days::Anniversary& row :
@@ -313,7 +313,7 @@ void TstAnniversarySearch::FromDecemberOnMonthlyOnesAreFilteredByDay() {
     QCOMPARE(Found(database, after(QDate(1998, 11, 10))), u"9 10 fifth fourth"_s);
 }
 
-void TstAnniversarySearch::UntilJanuaryMonthlyOnesAreFilteredByDay() {
+void TstAnniversarySearch::UntilJanuaryMonthlyRowsAreFilteredByDay() {
     const store::DayStore store;
     store::DayDatabase database(store.Path());
     for (const days::Anniversary& row :
@@ -330,7 +330,7 @@ void TstAnniversarySearch::UntilJanuaryMonthlyOnesAreFilteredByDay() {
     QCOMPARE(Found(database, before(QDate(1998, 3, 9))), u"9 10 15 16"_s);
 }
 
-void TstAnniversarySearch::TheYearFiveIsFoundByEveryBoxThatIsNotTicked() {
+void TstAnniversarySearch::TheYearFiveIsFoundByEveryClearedBox() {
     const store::DayStore store;
     store::DayDatabase database(store.Path());
     database.Execute(InsertSql({u"five"_s, 5, 1, 1, 0}));
@@ -362,7 +362,7 @@ void TstAnniversarySearch::AQuoteInTheNameIsRefused() {
     }
 }
 
-void TstAnniversarySearch::AQuoteInTheNameOfNoQuestionIsNoMatter() {
+void TstAnniversarySearch::AQuoteInTheNameIsAcceptedIfNothingIsSearched() {
     const store::DayStore store;
     store::DayDatabase database(store.Path());
     QVERIFY(FindAnniversaries(database, {false, false, false, u"x\"y"_s, {}}).rows.Kept().isEmpty());

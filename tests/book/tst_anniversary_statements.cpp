@@ -28,19 +28,19 @@ class TstAnniversaryStatements : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void AddsWithTheNameAloneInQuotes();
+    void AddsWithOnlyTheNameInQuotes();
     void ChangesWithAllNewValuesInQuotes();
-    void TakesAwayWithTwoBlanksBeforeWhere();
+    void DeletesWithTwoBlanksBeforeWhere();
     void WritesNumbersPlainly();
     void StoresWhatItSays();
     void ChangesAllEqualRowsTogether();
     void DeletesAllEqualRowsTogether();
-    void ChangesNothingWhereNoRowIsEqual();
+    void ChangesNothingIfNoRowIsEqual();
     void AQuoteInTheNameIsRefused_data();
     void AQuoteInTheNameIsRefused();
 };
 
-void TstAnniversaryStatements::AddsWithTheNameAloneInQuotes() {
+void TstAnniversaryStatements::AddsWithOnlyTheNameInQuotes() {
     QCOMPARE(InsertSql(kBirthday),
              uR"(INSERT INTO Kinenbi(Name,Year,Month,Day,Week) VALUES ("誕生日",0,10,3,0))"_s);
     QCOMPARE(InsertSql({}), uR"(INSERT INTO Kinenbi(Name,Year,Month,Day,Week) VALUES ("",0,0,0,0))"_s);
@@ -52,7 +52,7 @@ void TstAnniversaryStatements::ChangesWithAllNewValuesInQuotes() {
              uR"(WHERE Name="誕生日" AND Year=0 AND Month=10 AND Day=3 AND Week=0)"_s);
 }
 
-void TstAnniversaryStatements::TakesAwayWithTwoBlanksBeforeWhere() {
+void TstAnniversaryStatements::DeletesWithTwoBlanksBeforeWhere() {
     QCOMPARE(DeleteSql(kMeeting),
              uR"(DELETE * FROM Kinenbi  WHERE Name="例会" AND Year=0 AND Month=0 AND Day=0 AND Week=22)"_s);
 }
@@ -96,7 +96,7 @@ void TstAnniversaryStatements::DeletesAllEqualRowsTogether() {
     QVERIFY(AllOf(database) == days::Anniversaries({kMeeting}));
 }
 
-void TstAnniversaryStatements::ChangesNothingWhereNoRowIsEqual() {
+void TstAnniversaryStatements::ChangesNothingIfNoRowIsEqual() {
     const store::DayStore store;
     store::DayDatabase database(store.Path());
     database.Execute(InsertSql(kBirthday));

@@ -41,7 +41,7 @@ public:
         return Once(3) ? OneOf(kDamaged) : valid;
     }
 
-    /// Of one name; mostly by week.
+    /// An anniversary that is mostly defined by week; the name is always the same.
     days::Anniversary Row() {
         days::Anniversary row{u"例会"_s, 0, 0, 0, 0};
         row.year = Once(4) ? OneOf(std::array{1998, 1999, 5, -1, 99999}) : 0;
@@ -61,7 +61,7 @@ int Exchanged(int code) {
     return 10 * (code % 10) + code / 10;
 }
 
-/// Sunday is 1; weeks are counted from the first of the month, in sevens.
+/// The week code: 10 * week + weekday. Sunday is 1; weeks are counted in sevens from the 1st.
 int CodeOf(QDate day) {
     int week = 1;
     for (QDate before = day.addDays(-7); before.month() == day.month(); before = before.addDays(-7)) {
@@ -78,7 +78,7 @@ days::Anniversaries OfDay(const days::Anniversaries& all, QDate day) {
     });
 }
 
-/// A search for all lists the rows of one year, of every year and of every month.
+/// What a search for everything lists, in order: the rows of one year, of every year and of every month.
 days::Anniversaries OfSearch(const days::Anniversaries& all) {
     days::Anniversaries listed = days::Those(all, [](const auto& row) { return row.year != 0; });
     for (const bool ofEveryMonth : {false, true}) {
@@ -91,12 +91,12 @@ days::Anniversaries OfSearch(const days::Anniversaries& all) {
     return listed;
 }
 
-/// Twenty rows in a database and in a vector, changed alike.
+/// The same twenty rows in a database and in a vector, with each change applied to both.
 class Twins {
 public:
     Twins() { Refill(); }
 
-    /// Lists the rows of a day, or all; false if there are none.
+    /// Lists the rows of a day, or all rows; returns false if there are none.
     bool List(bool ofDay) {
         const QDate day = m_dice.Day();
         m_list.ListDay(m_database, day, true);
@@ -164,8 +164,8 @@ public:
     const days::Anniversaries& ExpectedList() const { return m_listed; }
     bool Once(int times) { return m_dice.Once(times); }
 
-    /// How many chosen rows had an equal one, a negative code, or another row whose code is the exchanged
-    /// one.
+    /// The number of chosen rows that had an equal one, a negative code, or another row with the same code
+    /// swapped.
     struct Counts {
         int equal = 0;
         int negative = 0;
@@ -174,7 +174,7 @@ public:
     const Counts& Counted() const { return m_counts; }
 
 private:
-    /// Often equal to another row, or with its digits exchanged.
+    /// Often equal to an existing row, or to one with its digits swapped.
     days::Anniversary NewRow() {
         if (m_rows.empty() || !m_dice.Once(3)) {
             return m_dice.Row();
@@ -211,20 +211,20 @@ class TstChosenRows : public QObject {
 
 private Q_SLOTS:
     void initTestCase();
-    void TenThousandRandomDeedsChangeTheChosenRows();
+    void TenThousandRandomStepsChangeOnlyTheChosenRows();
     void ALongListIsDeletedByItsStoredValues();
     void ARowChangedByAnotherProgramStays();
-    void ARowThatNoStatementCanNameGoesItself();
+    void ARowThatNoStatementCanNameIsChangedByItsKey();
 };
 
-/// Each deed ends with a commit, which waits for the disk; in memory it does not.
+/// Each step ends with a commit, which waits for the disk unless the file is in memory.
 void TstChosenRows::initTestCase() {
     if (QFileInfo(u"/dev/shm"_s).isWritable()) {
         qputenv("TMPDIR", "/dev/shm");
     }
 }
 
-void TstChosenRows::TenThousandRandomDeedsChangeTheChosenRows() {
+void TstChosenRows::TenThousandRandomStepsChangeOnlyTheChosenRows() {
     qInfo("seed %u", kSeed);
     Twins twins;
     QVERIFY(twins.AreEqual());
@@ -276,7 +276,7 @@ void TstChosenRows::ARowChangedByAnotherProgramStays() {
     QCOMPARE(store.Raw("SELECT Month,Week FROM Kinenbi ORDER BY id"), QStringList({u"1|32"_s, u"0|23"_s}));
 }
 
-void TstChosenRows::ARowThatNoStatementCanNameGoesItself() {
+void TstChosenRows::ARowThatNoStatementCanNameIsChangedByItsKey() {
     const store::DayStore store;
     store.Raw("INSERT INTO Kinenbi(Name,Year,Month,Day,Week) VALUES ('x\"y',0,0,0,32),('x\"y',0,0,0,32)");
     store::DayDatabase database(store.Path());

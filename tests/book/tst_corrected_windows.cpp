@@ -118,11 +118,11 @@ private Q_SLOTS:
     void DeletesTheThirdMonday();
     void EditsAndDeletesWhatASearchFound();
     void ARowWhoseTextCannotBeReadIsEditedAndDeleted();
-    void WithoutItTheThirdMondayStays();
+    void WithoutTheCorrectionTheThirdMondayStays();
     void TheEditorTakesTheDateOfTheRow();
     void TheTargetStaysTheSameIfOnlyTheDateIsTaken();
     void FindsAcrossMonths();
-    void WithoutItNothingIsFoundInTheMonthsAtTheEnds();
+    void WithoutTheCorrectionNothingIsFoundInTheFirstAndLastMonth();
 };
 
 void TstCorrectedWindows::EditsTheThirdMonday() {
@@ -154,7 +154,7 @@ void TstCorrectedWindows::EditsAndDeletesWhatASearchFound() {
     bench.Add("('a',1999,0,0,13),('a',0,3,0,31),('a',0,0,0,13)");
     bench.SearchAll();
     QCOMPARE(bench.Listed(), QStringList({u"a 第1週火"_s, u"a 第3週日"_s, u"a 第1週火"_s, u"a 第1週火"_s}));
-    bench.EditRow(2);  // the first one again, listed as one of every month and every year
+    bench.EditRow(2);  // the first row again, listed as one of every month and every year
     bench.Rename(u"b"_s);
     QCOMPARE(bench.Stored(), QStringList({u"b|0|0|0|32"_s, u"a|0|3|0|31"_s, u"a|0|0|0|13"_s}));
     bench.SearchAll();
@@ -174,7 +174,7 @@ void TstCorrectedWindows::ARowWhoseTextCannotBeReadIsEditedAndDeleted() {
     QCOMPARE(bench.Stored(), QStringList{u"c|0|10|19|0"_s});
 }
 
-void TstCorrectedWindows::WithoutItTheThirdMondayStays() {
+void TstCorrectedWindows::WithoutTheCorrectionTheThirdMondayStays() {
     Bench bench({.editorTakesDate = true, .searchAcrossMonths = true});
     bench.Add("('例会',0,0,0,32),('例会',0,0,0,23)");
     bench.DeleteRow(0);
@@ -216,7 +216,7 @@ void TstCorrectedWindows::FindsAcrossMonths() {
     QCOMPARE(bench.Listed(), QStringList({u"in "_s, u"Monday 第1週月"_s, u"second 第2週月"_s}));
 }
 
-void TstCorrectedWindows::WithoutItNothingIsFoundInTheMonthsAtTheEnds() {
+void TstCorrectedWindows::WithoutTheCorrectionNothingIsFoundInTheFirstAndLastMonth() {
     Bench bench({.weekdayAnniversaries = true, .editorTakesDate = true});
     bench.Add("('out',0,11,19,0),('in',0,11,20,0),('Monday',0,2,0,12),('day',1998,12,1,0)");
     bench.SearchWinter();

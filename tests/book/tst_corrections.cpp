@@ -16,10 +16,10 @@ namespace {
 
 const QDate kSelected(1998, 10, 13);  // the second Tuesday
 
-/// What the corrections may change in the book, for one anniversary: the third Monday of September.
+/// What the corrections may change in the book, for one anniversary on the third Monday of September.
 struct Effects {
-    QStringList statements;  // that change or delete it
-    QStringList stored;      // the rows after it was renamed in the editor
+    QStringList statements;  // those that change or delete the anniversary
+    QStringList stored;      // the rows after the editor renamed it
     QString editorDate;
     QStringList searches;  // the statements of a search across months
     bool isAnnouncedOnItsDay = false;
@@ -58,7 +58,7 @@ Effects EffectsOf(const Corrections& corrections) {
     return effects;
 }
 
-/// The effects without any correction: statements are written out, so that none can change unnoticed.
+/// The effects without any correction. The statements are spelled out, so that none can change unnoticed.
 Effects Uncorrected() {
     return {{u"SELECT * FROM Kinenbi WHERE Name=\"a\" AND Year=0 AND Month=9 AND Day=0 AND Week=23"_s,
              u"DELETE * FROM Kinenbi  WHERE Name=\"a\" AND Year=0 AND Month=9 AND Day=0 AND Week=23"_s,
@@ -97,14 +97,14 @@ class TstCorrections : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void WithoutAnyAllIsAsBefore();
+    void WithoutCorrectionsNothingChanges();
     void WeekdayAnniversariesChangeTheChosenRow();
     void EditorTakesDateChangesTheEditor();
     void SearchAcrossMonthsChangesOneQuery();
     void TheOthersChangeNothing();
 };
 
-void TstCorrections::WithoutAnyAllIsAsBefore() {
+void TstCorrections::WithoutCorrectionsNothingChanges() {
     Compare(EffectsOf({}), Uncorrected());
 }
 

@@ -53,9 +53,9 @@ private Q_SLOTS:
     void DeletesWhatIsTicked();
     void DeletesByKeyboardAlone();
     void WorksOnWhatASearchFound();
-    void EqualEntriesGoTogether();
-    void AWeekOfTwoDifferentDigitsStaysWithoutAWord();
-    void AFailureIsReportedAndWhatCameBeforeStaysDeleted();
+    void EqualEntriesAreDeletedTogether();
+    void AWeekOfTwoDifferentDigitsSilentlyStays();
+    void AFailureIsReportedAndEarlierRowsStayDeleted();
     void DeletesALongListInSlices();
     void ALongDeletionThatIsStoppedDeletesNothing();
     void ClosingWithoutDeleting_data();
@@ -125,7 +125,7 @@ void TstDeletionWindow::DeletesWhatIsTicked() {
     QCOMPARE(bench.closed, 1);
     QCOMPARE(bench.changes.raised, 1);
     QVERIFY(bench.boxes.Shown().isEmpty());
-    QCOMPARE(bench.list.Rows().Kept().size(), 4);  // the calendar updates it
+    QCOMPARE(bench.list.Rows().Kept().size(), 4);  // only the calendar updates the list
 }
 
 void TstDeletionWindow::DeletesByKeyboardAlone() {
@@ -151,7 +151,7 @@ void TstDeletionWindow::WorksOnWhatASearchFound() {
     QCOMPARE(Stored(bench), u"a"_s);
 }
 
-void TstDeletionWindow::EqualEntriesGoTogether() {
+void TstDeletionWindow::EqualEntriesAreDeletedTogether() {
     BookBench bench;
     Fill(bench, u"aa"_s);
     bench.OpenDeletion();
@@ -160,7 +160,7 @@ void TstDeletionWindow::EqualEntriesGoTogether() {
     QCOMPARE(Stored(bench), QString());
 }
 
-void TstDeletionWindow::AWeekOfTwoDifferentDigitsStaysWithoutAWord() {
+void TstDeletionWindow::AWeekOfTwoDifferentDigitsSilentlyStays() {
     BookBench bench;
     bench.Add({u"Saturday"_s, 0, 0, 0, 17});
     bench.ListSelectedDay();
@@ -172,7 +172,7 @@ void TstDeletionWindow::AWeekOfTwoDifferentDigitsStaysWithoutAWord() {
     QVERIFY(bench.boxes.Shown().isEmpty());
 }
 
-void TstDeletionWindow::AFailureIsReportedAndWhatCameBeforeStaysDeleted() {
+void TstDeletionWindow::AFailureIsReportedAndEarlierRowsStayDeleted() {
     BookBench bench;
     Fill(bench, u"abc"_s);
     QList<days::DayListRow> rows = bench.list.Rows().Kept();

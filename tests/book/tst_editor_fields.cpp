@@ -17,7 +17,7 @@ constexpr auto kOneDay = AnniversaryKind::OneDay;
 
 const QDate kThirdOfOctober(1998, 10, 3);  // the first Saturday
 
-/// Fields with a date of their own and a selectable kind.
+/// Fields with a date of their own; the kind is chosen by the test.
 EditorFields Filled(AnniversaryKind kind, bool byWeek) {
     return {u"例会"_s, kind, byWeek, u"1999"_s, u"5"_s, u"10"_s, u"第2"_s, u"月曜日"_s};
 }
@@ -29,14 +29,14 @@ class TstEditorFields : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void ReachesTheFieldsOfEachKind_data();
-    void ReachesTheFieldsOfEachKind();
-    void BeginsANewOneOnTheSelectedDay();
+    void EnablesTheFieldsOfEachKind_data();
+    void EnablesTheFieldsOfEachKind();
+    void ANewAnniversaryBeginsOnTheSelectedDay();
     void ChoosesTheKindOfARow_data();
     void ChoosesTheKindOfARow();
     void TakesTheDateFromTheCalendarAndNotFromTheRow();
     void NamesTheWeekOfEveryDay();
-    void OneDayTakesTheWeekBoxAwayForGood();
+    void ChoosingOneDayClearsTheWeekBoxForGood();
     void MakesARow_data();
     void MakesARow();
     void ReadsOnlyWhatTheKindNeeds_data();
@@ -49,11 +49,11 @@ private Q_SLOTS:
     void ARowWithDayAndWeekLosesItsDay();
 };
 
-void TstEditorFields::ReachesTheFieldsOfEachKind_data() {
+void TstEditorFields::EnablesTheFieldsOfEachKind_data() {
     QTest::addColumn<AnniversaryKind>("kind");
     QTest::addColumn<bool>("byWeek");
     QTest::addColumn<EditorEnabling>("expected");
-    // year, month, check box, day, week
+    // Enabled: year, month, check box, day, week.
     QTest::newRow("every year") << kEveryYear << false << EditorEnabling{false, true, true, true, false};
     QTest::newRow("every year, by week")
         << kEveryYear << true << EditorEnabling{false, true, true, false, true};
@@ -65,14 +65,14 @@ void TstEditorFields::ReachesTheFieldsOfEachKind_data() {
         << kOneDay << true << EditorEnabling{true, true, false, false, true};
 }
 
-void TstEditorFields::ReachesTheFieldsOfEachKind() {
+void TstEditorFields::EnablesTheFieldsOfEachKind() {
     QFETCH(AnniversaryKind, kind);
     QFETCH(bool, byWeek);
     QFETCH(EditorEnabling, expected);
     QVERIFY(EnablingOf(kind, byWeek) == expected);
 }
 
-void TstEditorFields::BeginsANewOneOnTheSelectedDay() {
+void TstEditorFields::ANewAnniversaryBeginsOnTheSelectedDay() {
     const EditorFields expected{u"新しい記念日"_s, kEveryYear, false,    u"1998"_s,
                                 u"10"_s,           u"3"_s,     u"第1"_s, u"土曜日"_s};
     QVERIFY(FieldsToAdd(kThirdOfOctober) == expected);
@@ -121,7 +121,7 @@ void TstEditorFields::NamesTheWeekOfEveryDay() {
     }
 }
 
-void TstEditorFields::OneDayTakesTheWeekBoxAwayForGood() {
+void TstEditorFields::ChoosingOneDayClearsTheWeekBoxForGood() {
     EditorFields fields = Filled(kEveryYear, true);
     ChooseKind(fields, kEveryMonth);
     QVERIFY(fields.byWeek);
@@ -148,12 +148,11 @@ void TstEditorFields::MakesARow_data() {
 
     EditorFields fields = Filled(kOneDay, false);
     fields.year = u"0"_s;
-    QTest::newRow("a year 0 makes it every year's") << fields << days::Anniversary{u"例会"_s, 0, 5, 10, 0};
+    QTest::newRow("year 0 means every year") << fields << days::Anniversary{u"例会"_s, 0, 5, 10, 0};
     fields = Filled(kOneDay, false);
     fields.month = u"13"_s;
     fields.day = u"-99"_s;
-    QTest::newRow("numbers of no calendar are stored")
-        << fields << days::Anniversary{u"例会"_s, 1999, 13, -99, 0};
+    QTest::newRow("impossible dates are stored") << fields << days::Anniversary{u"例会"_s, 1999, 13, -99, 0};
     fields.month = u" ５ "_s;
     fields.day = u"2.5"_s;
     QTest::newRow("numbers as they are typed") << fields << days::Anniversary{u"例会"_s, 1999, 5, 2, 0};
@@ -169,7 +168,7 @@ void TstEditorFields::MakesARow_data() {
     fields.ordinal = u"第35週"_s;
     QTest::newRow("one digit of the week counts") << fields << days::Anniversary{u"例会"_s, 0, 0, 0, 32};
     fields.ordinal = u"x9"_s;
-    QTest::newRow("a week of no calendar is stored") << fields << days::Anniversary{u"例会"_s, 0, 0, 0, 92};
+    QTest::newRow("an impossible week is stored") << fields << days::Anniversary{u"例会"_s, 0, 0, 0, 92};
 }
 
 void TstEditorFields::MakesARow() {

@@ -39,7 +39,7 @@ private Q_SLOTS:
     void TakesTheDateOfTheRow();
     void AnUnchangedEditKeepsTheRow_data();
     void AnUnchangedEditKeepsTheRow();
-    void ANewOneBeginsOnTheSelectedDay();
+    void ANewAnniversaryBeginsOnTheSelectedDay();
 };
 
 void TstEditorRowDate::TakesTheDateOfTheRow_data() {
@@ -76,7 +76,7 @@ void TstEditorRowDate::TakesTheDateOfTheRow_data() {
     row("weekday 9", {u"a"_s, 0, 0, 0, 59}, u"1998 10 13 第5 火曜日"_s);
     row("sixth week", {u"a"_s, 0, 0, 0, 61}, u"1998 10 13 第2 日曜日"_s);
     row("week 13", {u"a"_s, 0, 0, 0, 137}, u"1998 10 13 第2 土曜日"_s);
-    row("nothing of it", {u"a"_s, 0, 0, 0, 99}, u"1998 10 13 第2 火曜日"_s);
+    row("neither week nor weekday", {u"a"_s, 0, 0, 0, 99}, u"1998 10 13 第2 火曜日"_s);
     row("negative week", {u"a"_s, 0, 0, 0, -34}, u"1998 10 13 第2 火曜日"_s);
 }
 
@@ -116,7 +116,7 @@ void TstEditorRowDate::AnUnchangedEditKeepsTheRow() {
     QVERIFY(AnniversaryOf(FieldsToEdit(Listed(row), kSelected, kBoth)) == row);
 }
 
-void TstEditorRowDate::ANewOneBeginsOnTheSelectedDay() {
+void TstEditorRowDate::ANewAnniversaryBeginsOnTheSelectedDay() {
     QCOMPARE(DateIn(FieldsToAdd(kSelected)), u"1998 10 13 第2 火曜日"_s);
 }
 

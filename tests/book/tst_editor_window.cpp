@@ -38,27 +38,27 @@ private Q_SLOTS:
     void OpensToAdd();
     void OpensToEdit();
     void AddsByKeyboardAlone();
-    void AddsANameOfAnInputMethod();
-    void EnterWritesFromEveryField_data();
-    void EnterWritesFromEveryField();
+    void AddsANameFromAnInputMethod();
+    void EnterStoresFromEveryField_data();
+    void EnterStoresFromEveryField();
     void EditsTheChosenRow();
     void EditsARowThatNoStatementCanName_data();
     void EditsARowThatNoStatementCanName();
-    void ARowThatNoStatementCanNameGetsNoOtherSuchName();
-    void AQuoteInTheNameIsToldAndAllStays();
+    void ARowThatNoStatementCanNameGetsNoOtherUnquotableName();
+    void AQuoteInTheNameIsReportedAndNothingChanges();
     void NoSecondBoxCoversTheFirst();
     void EveryErrorHasTheSameMessage_data();
     void EveryErrorHasTheSameMessage();
-    void ATornDatabaseIsToldTheSameWay();
+    void ABrokenDatabaseIsReportedTheSameWay();
     void ClosingWithoutWriting_data();
     void ClosingWithoutWriting();
     void TheKindDecidesWhatCanBeTyped();
-    void OneDayTakesTheWeekAwayForGood();
+    void ChoosingOneDayClearsTheWeekForGood();
     void ALoadedOneDayRowKeepsItsTickedBox();
     void TheWeekdayCanBeTypedAndIsNotCompleted();
     void DatesOutsideTheArrowsAreShownAsTheyAre();
     void GoesFromTopToBottomWithTab();
-    void HoldsTheCalendarAlone();
+    void IsModalForTheCalendarOnly();
 };
 
 void TstEditorWindow::OpensToAdd() {
@@ -104,7 +104,7 @@ void TstEditorWindow::AddsByKeyboardAlone() {
     QVERIFY(bench.boxes.Shown().isEmpty());
 }
 
-void TstEditorWindow::AddsANameOfAnInputMethod() {
+void TstEditorWindow::AddsANameFromAnInputMethod() {
     BookBench bench;
     bench.OpenEditor();
     QInputMethodEvent typed;
@@ -114,7 +114,7 @@ void TstEditorWindow::AddsANameOfAnInputMethod() {
     QVERIFY(bench.Stored() == days::Anniversaries({{u"誕生日 'ﾊﾞｰｽﾃﾞｰ' % \\"_s, 0, 10, 3, 0}}));
 }
 
-void TstEditorWindow::EnterWritesFromEveryField_data() {
+void TstEditorWindow::EnterStoresFromEveryField_data() {
     QTest::addColumn<QString>("name");
 
     for (const QString& name : {u"Text1"_s, u"UpDown2"_s, u"UpDown3"_s, u"Option2(0)"_s, u"Check2"_s}) {
@@ -122,7 +122,7 @@ void TstEditorWindow::EnterWritesFromEveryField_data() {
     }
 }
 
-void TstEditorWindow::EnterWritesFromEveryField() {
+void TstEditorWindow::EnterStoresFromEveryField() {
     QFETCH(QString, name);
     BookBench bench;
     bench.OpenEditor();
@@ -145,7 +145,7 @@ void TstEditorWindow::EditsTheChosenRow() {
     bench.Click(u"Command1"_s);
     QVERIFY(bench.Stored() == days::Anniversaries({{u"a"_s, 0, 10, 3, 0}, {u"c"_s, 2001, 10, 3, 0}}));
     QCOMPARE(bench.changes.raised, 1);
-    QCOMPARE(bench.list.Rows().Kept().size(), 2);  // updated by the calendar, not by the editor
+    QCOMPARE(bench.list.Rows().Kept().size(), 2);  // the calendar updates the list, not the editor
     QCOMPARE(bench.list.Rows().Kept().at(1).name, u"b"_s);
 }
 
@@ -184,11 +184,11 @@ void TstEditorWindow::EditsARowThatNoStatementCanName() {
     QVERIFY(bench.boxes.Shown().isEmpty());
     QCOMPARE(bench.changes.raised, 1);
     const QStringList rows = bench.store.Raw("SELECT hex(Name),Year,Month,Day,Week FROM Kinenbi ORDER BY id");
-    QVERIFY2(rows.at(0).endsWith(u"|0|10|0|17"), qPrintable(rows.at(0)));  // an equal row is unchanged
+    QVERIFY2(rows.at(0).endsWith(u"|0|10|0|17"), qPrintable(rows.at(0)));  // an equal row stays unchanged
     QCOMPARE(rows.at(1), stored + u"|0|10|31|0");
 }
 
-void TstEditorWindow::ARowThatNoStatementCanNameGetsNoOtherSuchName() {
+void TstEditorWindow::ARowThatNoStatementCanNameGetsNoOtherUnquotableName() {
     BookBench bench;
     bench.store.Raw("INSERT INTO Kinenbi(Name,Year,Month,Day,Week) VALUES ('x\"y',0,10,3,0)");
     bench.ListSelectedDay();
@@ -201,7 +201,7 @@ void TstEditorWindow::ARowThatNoStatementCanNameGetsNoOtherSuchName() {
     QCOMPARE(bench.store.Raw("SELECT Name FROM Kinenbi"), QStringList{u"x\"y"_s});
 }
 
-void TstEditorWindow::AQuoteInTheNameIsToldAndAllStays() {
+void TstEditorWindow::AQuoteInTheNameIsReportedAndNothingChanges() {
     BookBench bench;
     bench.OpenEditor();
     bench.Type(u"Text1"_s, u"the \"day\""_s);
@@ -261,7 +261,7 @@ void TstEditorWindow::EveryErrorHasTheSameMessage() {
     QVERIFY(bench.Stored().empty());
 }
 
-void TstEditorWindow::ATornDatabaseIsToldTheSameWay() {
+void TstEditorWindow::ABrokenDatabaseIsReportedTheSameWay() {
     BookBench bench;
     bench.OpenEditor();
     bench.database.Close();
@@ -320,7 +320,7 @@ void TstEditorWindow::TheKindDecidesWhatCanBeTyped() {
     }
 }
 
-void TstEditorWindow::OneDayTakesTheWeekAwayForGood() {
+void TstEditorWindow::ChoosingOneDayClearsTheWeekForGood() {
     BookBench bench;
     bench.OpenEditor();
     bench.Click(u"Check2"_s);
@@ -378,7 +378,7 @@ void TstEditorWindow::GoesFromTopToBottomWithTab() {
                                             u"Combo1"_s, u"Command1"_s, u"Command2"_s}));
 }
 
-void TstEditorWindow::HoldsTheCalendarAlone() {
+void TstEditorWindow::IsModalForTheCalendarOnly() {
     BookBench bench;
     bench.OpenEditor();
     QCOMPARE(bench.Window()->windowModality(), Qt::WindowModal);

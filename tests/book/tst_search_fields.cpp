@@ -30,28 +30,28 @@ class TstSearchFields : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void ReachesTheFieldsOfEachCondition_data();
-    void ReachesTheFieldsOfEachCondition();
-    void RollsDatesOn_data();
-    void RollsDatesOn();
+    void EnablesTheFieldsOfEachCondition_data();
+    void EnablesTheFieldsOfEachCondition();
+    void NormalisesDates_data();
+    void NormalisesDates();
     void RefusesYearsWithoutACalendar_data();
     void RefusesYearsWithoutACalendar();
     void AMonthWithoutAPredecessorIsAnOverflow();
     void ReplacesOneEndOfTheRange();
     void TakesTheBoxesAsTheyAre();
-    void AsksForNameAndDatesOnlyWhereTheyAreConditions();
-    void TakesTheDatesThatTheNumbersComeTo();
-    void ARangeThatEndsBeforeItBeginsAsksNothing();
+    void NameAndDatesCountOnlyAsChosenConditions();
+    void TakesTheNormalisedDates();
+    void ARangeThatEndsBeforeItBeginsIsNotSearched();
     void BothDatesAreReadInEveryCase_data();
     void BothDatesAreReadInEveryCase();
 };
 
-void TstSearchFields::ReachesTheFieldsOfEachCondition_data() {
+void TstSearchFields::EnablesTheFieldsOfEachCondition_data() {
     QTest::addColumn<bool>("byName");
     QTest::addColumn<bool>("byDate");
     QTest::addColumn<RangeKind>("range");
     QTest::addColumn<SearchEnabling>("expected");
-    // name, range, start, end
+    // Enabled: name, range, start, end.
     QTest::newRow("none") << false << false << RangeKind::FromTo << SearchEnabling{};
     QTest::newRow("name") << true << false << RangeKind::After << SearchEnabling{true, false, false, false};
     QTest::newRow("from to") << false << true << RangeKind::FromTo << SearchEnabling{false, true, true, true};
@@ -59,7 +59,7 @@ void TstSearchFields::ReachesTheFieldsOfEachCondition_data() {
     QTest::newRow("before") << true << true << RangeKind::Before << SearchEnabling{true, true, false, true};
 }
 
-void TstSearchFields::ReachesTheFieldsOfEachCondition() {
+void TstSearchFields::EnablesTheFieldsOfEachCondition() {
     QFETCH(bool, byName);
     QFETCH(bool, byDate);
     QFETCH(RangeKind, range);
@@ -67,7 +67,7 @@ void TstSearchFields::ReachesTheFieldsOfEachCondition() {
     QVERIFY(EnablingOf(byName, byDate, range) == expected);
 }
 
-void TstSearchFields::RollsDatesOn_data() {
+void TstSearchFields::NormalisesDates_data() {
     QTest::addColumn<int>("year");
     QTest::addColumn<int>("month");
     QTest::addColumn<int>("day");
@@ -86,7 +86,7 @@ void TstSearchFields::RollsDatesOn_data() {
     QTest::newRow("last") << 9999 << 12 << 31 << kLastDay;
 }
 
-void TstSearchFields::RollsDatesOn() {
+void TstSearchFields::NormalisesDates() {
     QFETCH(int, year);
     QFETCH(int, month);
     QFETCH(int, day);
@@ -150,7 +150,7 @@ void TstSearchFields::TakesTheBoxesAsTheyAre() {
     }
 }
 
-void TstSearchFields::AsksForNameAndDatesOnlyWhereTheyAreConditions() {
+void TstSearchFields::NameAndDatesCountOnlyAsChosenConditions() {
     SearchFields fields = Filled();
     fields.name = u" a "_s;
     QVERIFY(!ConditionsOf(fields)->name);
@@ -164,7 +164,7 @@ void TstSearchFields::AsksForNameAndDatesOnlyWhereTheyAreConditions() {
     QCOMPARE(ConditionsOf(fields)->dates->end, QDate(1998, 12, 31));
 }
 
-void TstSearchFields::TakesTheDatesThatTheNumbersComeTo() {
+void TstSearchFields::TakesTheNormalisedDates() {
     SearchFields fields = Filled();
     fields.byDate = true;
     fields.start = {u"1998"_s, u"2"_s, u"31"_s};
@@ -177,7 +177,7 @@ void TstSearchFields::TakesTheDatesThatTheNumbersComeTo() {
     QCOMPARE(ConditionsOf(fields)->dates->start, kFirstDay);
 }
 
-void TstSearchFields::ARangeThatEndsBeforeItBeginsAsksNothing() {
+void TstSearchFields::ARangeThatEndsBeforeItBeginsIsNotSearched() {
     SearchFields fields = Filled();
     fields.end = fields.start;
     QVERIFY(ConditionsOf(fields));

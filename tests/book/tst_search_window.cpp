@@ -22,7 +22,7 @@ QString Names(const days::DayList& list) {
     return names.join(u' ');
 }
 
-/// Four anniversaries, one of each kind and a second one of every year.
+/// Adds four anniversaries: one of each kind, and a second one of every year.
 void Fill(BookBench& bench) {
     bench.Add({u"month"_s, 0, 0, 15, 0});
     bench.Add({u"year"_s, 0, 6, 15, 0});
@@ -39,7 +39,7 @@ class TstSearchWindow : public QObject {
 private Q_SLOTS:
     void OpensReadyToListAll();
     void SearchingAtOnceListsAll();
-    void ALongSearchLeavesTheWindowsTheirTime();
+    void ALongSearchDoesNotBlockTheWindows();
     void FindsByKind_data();
     void FindsByKind();
     void FindsByName();
@@ -47,9 +47,9 @@ private Q_SLOTS:
     void TheConditionsDecideWhatCanBeTyped();
     void EachConditionIsChosenByItself();
     void ARangeThatEndsBeforeItBeginsIsRefused();
-    void DatesAreLookedAtEvenWhereTheyAreNoCondition_data();
-    void DatesAreLookedAtEvenWhereTheyAreNoCondition();
-    void WhatIsNoNumberIsReportedAndTheListStays();
+    void DatesAreCheckedEvenIfTheyAreNoCondition_data();
+    void DatesAreCheckedEvenIfTheyAreNoCondition();
+    void ATextThatIsNoNumberIsReportedAndTheListStays();
     void AQuoteInTheNameIsReportedAndTheListStays();
     void AFailingDatabaseLeavesTheList();
     void SearchesByKeyboardAlone();
@@ -217,7 +217,7 @@ void TstSearchWindow::ARangeThatEndsBeforeItBeginsIsRefused() {
     QVERIFY(bench.Window() == nullptr);
 }
 
-void TstSearchWindow::DatesAreLookedAtEvenWhereTheyAreNoCondition_data() {
+void TstSearchWindow::DatesAreCheckedEvenIfTheyAreNoCondition_data() {
     QTest::addColumn<QString>("field");
     QTest::addColumn<QString>("text");
     QTest::addColumn<bool>("isReported");
@@ -227,7 +227,7 @@ void TstSearchWindow::DatesAreLookedAtEvenWhereTheyAreNoCondition_data() {
     QTest::newRow("no year of a calendar") << u"Text5"_s << u"98"_s << true;
 }
 
-void TstSearchWindow::DatesAreLookedAtEvenWhereTheyAreNoCondition() {
+void TstSearchWindow::DatesAreCheckedEvenIfTheyAreNoCondition() {
     QFETCH(QString, field);
     QFETCH(QString, text);
     QFETCH(bool, isReported);
@@ -248,7 +248,7 @@ void TstSearchWindow::DatesAreLookedAtEvenWhereTheyAreNoCondition() {
     QCOMPARE(bench.list.Heading(), u"記念日"_s);
 }
 
-void TstSearchWindow::ALongSearchLeavesTheWindowsTheirTime() {
+void TstSearchWindow::ALongSearchDoesNotBlockTheWindows() {
     BookBench bench;
     bench.AddMany();
     bench.OpenSearch();
@@ -263,7 +263,7 @@ void TstSearchWindow::ALongSearchLeavesTheWindowsTheirTime() {
     QCOMPARE(bench.list.Rows().Read(69'999)->name, u"n70000"_s);
 }
 
-void TstSearchWindow::WhatIsNoNumberIsReportedAndTheListStays() {
+void TstSearchWindow::ATextThatIsNoNumberIsReportedAndTheListStays() {
     BookBench bench;
     Fill(bench);
     bench.list.ListFound(QList<days::DayListRow>{{u"before"_s, {}, {}, {}, {}}}, 1);
@@ -295,7 +295,7 @@ void TstSearchWindow::AQuoteInTheNameIsReportedAndTheListStays() {
     QCOMPARE(bench.list.Heading(), u"検索結果 (検索対象 1件)"_s);
     QCOMPARE(bench.Text(u"Text1"_s), u"x\" OR \"1\"=\"1"_s);
     bench.boxes.Close();
-    bench.Click(u"Check3"_s);  // without any kind the name is not searched for
+    bench.Click(u"Check3"_s);  // without any kind of anniversary the name is not searched
     bench.Click(u"Command1"_s);
     QCOMPARE(Names(bench.list), QString());
     QVERIFY(bench.Window() == nullptr);
@@ -355,7 +355,7 @@ void TstSearchWindow::TheArrowsBelongToTheirFields() {
                                        {u"UpDown5"_s, u"Text5"_s},
                                        {u"UpDown4"_s, u"Text6"_s},
                                        {u"UpDown6"_s, u"Text7"_s}}) {
-        ChildOf<QLineEdit>(bench.The<QWidget>(upDown), text);  // must be there
+        ChildOf<QLineEdit>(bench.The<QWidget>(upDown), text);  // fails the test if there is none
     }
 }
 

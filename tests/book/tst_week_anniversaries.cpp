@@ -23,7 +23,7 @@ int Exchanged(int code) {
     return 10 * (code % 10) + code / 10;
 }
 
-/// A book of anniversaries defined by week, changed like the windows do.
+/// A book of anniversaries defined by week, changed in the same way as by its windows.
 struct Book {
     store::DayStore store;
     store::DayDatabase database{store.Path()};
@@ -92,14 +92,14 @@ class TstWeekAnniversaries : public QObject {
 private Q_SLOTS:
     void EachIsStoredAndListedOnItsDay_data() { AddCodes(false); }
     void EachIsStoredAndListedOnItsDay();
-    void OnlyThoseOfEqualDigitsAreChanged_data() { AddCodes(false); }
-    void OnlyThoseOfEqualDigitsAreChanged();
-    void OnlyThoseOfEqualDigitsAreDeleted_data() { AddCodes(false); }
-    void OnlyThoseOfEqualDigitsAreDeleted();
-    void TheExchangedOneOfThatNameIsChangedInstead_data() { AddCodes(true); }
-    void TheExchangedOneOfThatNameIsChangedInstead();
-    void TheExchangedOneOfThatNameIsDeletedInstead_data() { AddCodes(true); }
-    void TheExchangedOneOfThatNameIsDeletedInstead();
+    void OnlyCodesWithEqualDigitsAreChanged_data() { AddCodes(false); }
+    void OnlyCodesWithEqualDigitsAreChanged();
+    void OnlyCodesWithEqualDigitsAreDeleted_data() { AddCodes(false); }
+    void OnlyCodesWithEqualDigitsAreDeleted();
+    void TheRowWithSwappedDigitsIsChangedInstead_data() { AddCodes(true); }
+    void TheRowWithSwappedDigitsIsChangedInstead();
+    void TheRowWithSwappedDigitsIsDeletedInstead_data() { AddCodes(true); }
+    void TheRowWithSwappedDigitsIsDeletedInstead();
 };
 
 void TstWeekAnniversaries::EachIsStoredAndListedOnItsDay() {
@@ -114,7 +114,7 @@ void TstWeekAnniversaries::EachIsStoredAndListedOnItsDay() {
     QVERIFY(book.list.Rows().Kept() == expected);
 }
 
-void TstWeekAnniversaries::OnlyThoseOfEqualDigitsAreChanged() {
+void TstWeekAnniversaries::OnlyCodesWithEqualDigitsAreChanged() {
     QFETCH(int, code);
     Book book;
     book.Add(u"例会"_s, code);
@@ -123,7 +123,7 @@ void TstWeekAnniversaries::OnlyThoseOfEqualDigitsAreChanged() {
     QVERIFY(book.All() == days::Anniversaries({Meeting(name, code)}));
 }
 
-void TstWeekAnniversaries::OnlyThoseOfEqualDigitsAreDeleted() {
+void TstWeekAnniversaries::OnlyCodesWithEqualDigitsAreDeleted() {
     QFETCH(int, code);
     Book book;
     book.Add(u"例会"_s, code);
@@ -131,7 +131,7 @@ void TstWeekAnniversaries::OnlyThoseOfEqualDigitsAreDeleted() {
     QCOMPARE(book.All().empty(), code / 10 == code % 10);
 }
 
-void TstWeekAnniversaries::TheExchangedOneOfThatNameIsChangedInstead() {
+void TstWeekAnniversaries::TheRowWithSwappedDigitsIsChangedInstead() {
     QFETCH(int, code);
     Book book;
     book.Add(u"例会"_s, code);
@@ -140,7 +140,7 @@ void TstWeekAnniversaries::TheExchangedOneOfThatNameIsChangedInstead() {
     QVERIFY(book.All() == days::Anniversaries({Meeting(u"例会"_s, code), Meeting(u"総会"_s, code)}));
 }
 
-void TstWeekAnniversaries::TheExchangedOneOfThatNameIsDeletedInstead() {
+void TstWeekAnniversaries::TheRowWithSwappedDigitsIsDeletedInstead() {
     QFETCH(int, code);
     Book book;
     book.Add(u"例会"_s, code);

@@ -29,7 +29,7 @@ public:
     int From(int first, int last) { return m_generator.bounded(first, last + 1); }
     bool Once(int times) { return From(1, times) == 1; }
 
-    /// Mostly of every year; some with values that no calendar has.
+    /// Mostly rows of every year; some have values that no calendar has.
     days::Anniversary Row(int number) {
         days::Anniversary row{u"n%1"_s.arg(number), 0, From(1, 12), 0, 0};
         (Once(2) ? row.day : row.week) = 1;
@@ -104,8 +104,8 @@ class TstYearlyCondition : public QObject {
 private Q_SLOTS:
     void WritesTheCondition_data();
     void WritesTheCondition();
-    void OnlyTheQueryForEveryYearIsAnother();
-    void WithoutDatesOrWithoutTheBoxNothingIsAnother();
+    void OnlyTheQueryForEveryYearDiffers();
+    void WithoutDatesOrWithoutTheBoxNothingDiffers();
     void FindsWhatFallsIntoTheRange();
     void FindsInALargeTable();
     void KnowsTheDaysOfEachYear_data();
@@ -138,7 +138,7 @@ void TstYearlyCondition::WritesTheCondition() {
     QTEST(YearlyCondition(first, last), "text");
 }
 
-void TstYearlyCondition::OnlyTheQueryForEveryYearIsAnother() {
+void TstYearlyCondition::OnlyTheQueryForEveryYearDiffers() {
     for (const auto& [first, last] : {std::pair{QDate(1998, 10, 3), QDate(1998, 10, 3)},
                                       {QDate(1998, 11, 20), QDate(1999, 2, 10)},
                                       {QDate(1998, 6, 10), QDate(2000, 6, 1)},
@@ -156,7 +156,7 @@ void TstYearlyCondition::OnlyTheQueryForEveryYearIsAnother() {
     }
 }
 
-void TstYearlyCondition::WithoutDatesOrWithoutTheBoxNothingIsAnother() {
+void TstYearlyCondition::WithoutDatesOrWithoutTheBoxNothingDiffers() {
     SearchConditions withoutDates;
     withoutDates.acrossMonths = true;
     QCOMPARE(SearchTexts(withoutDates), SearchTexts({}));

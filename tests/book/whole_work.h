@@ -8,7 +8,7 @@
 
 namespace tickwell::book {
 
-/// Runs all slices of a work; returns their number.
+/// Runs the work to its end; returns the number of slices.
 inline int DoWhole(SlicedWork& work) {
     int slices = 1;
     while (!work.Step()) {
@@ -29,7 +29,7 @@ inline void DeleteTicked(store::DayDatabase& database, const days::ListedRows& r
     DoWhole(*DeletionOf(database, rows, isTicked, corrections));
 }
 
-/// All rows, even if the list does not keep them.
+/// Reads all rows, including those that the list does not keep in memory.
 inline QList<days::DayListRow> AllOf(const days::ListedRows& rows) {
     QList<days::DayListRow> all;
     for (int row = 0; row < rows.Count(); ++row) {

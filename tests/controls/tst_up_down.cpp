@@ -46,8 +46,8 @@ void TstUpDown::ArrowsGoOnFromWhatIsTyped_data() {
     QTest::newRow("full width") << u"５"_s << u"6"_s << u"4"_s;
     QTest::newRow("above") << u"99"_s << u"99"_s << u"11"_s;
     QTest::newRow("below") << u"-5"_s << u"2"_s << u"-5"_s;
-    QTest::newRow("no number: from the one before") << u"x"_s << u"11"_s << u"9"_s;
-    QTest::newRow("nothing: from the one before") << QString() << u"11"_s << u"9"_s;
+    QTest::newRow("no number: from the previous one") << u"x"_s << u"11"_s << u"9"_s;
+    QTest::newRow("nothing: from the previous one") << QString() << u"11"_s << u"9"_s;
 }
 
 void TstUpDown::ArrowsGoOnFromWhatIsTyped() {

@@ -90,7 +90,7 @@ private Q_SLOTS:
     void CanBeStopped();
     void AnErrorOfTheFirstSliceReachesTheCaller();
     void AnErrorOfALaterSliceIsReported();
-    void DeletedWhileItWorksItSaysNothing();
+    void DeletedWhileItWorksItReportsNothing();
     void WorksAgain();
 };
 
@@ -168,7 +168,7 @@ void TstWorkBar::AnErrorOfALaterSliceIsReported() {
     QVERIFY(!bench.time.UntilNext());
 }
 
-void TstWorkBar::DeletedWhileItWorksItSaysNothing() {
+void TstWorkBar::DeletedWhileItWorksItReportsNothing() {
     Bench bench;
     bench.Start(5);
     delete bench.bar;

@@ -39,7 +39,7 @@ HOLIDAYS = (
     ("元日", ENACTED, ALWAYS, "01-01"),
     ("成人の日", ENACTED, "1999-12-31", "01-15"),
     ("成人の日", "2000-01-01", ALWAYS, "01-mon2"),
-    ("建国記念の日", "1966-12-09", ALWAYS, "02-11"),  # the decree that chose the date
+    ("建国記念の日", "1966-12-09", ALWAYS, "02-11"),  # in force with the decree that chose the date
     ("天皇誕生日", ENACTED, "1989-02-16", "04-29"),
     ("天皇誕生日", "1989-02-17", "2019-04-30", "12-23"),
     ("天皇誕生日", "2019-05-01", ALWAYS, "02-23"),
@@ -51,7 +51,7 @@ HOLIDAYS = (
     ("こどもの日", ENACTED, ALWAYS, "05-05"),
     ("海の日", "1996-01-01", "2002-12-31", "07-20"),
     ("海の日", "2003-01-01", "2019-12-31", "07-mon3"),
-    ("海の日", "2020-01-01", "2020-12-31", "07-23"),  # the Olympic Games of Tokyo moved three days, in two years
+    ("海の日", "2020-01-01", "2020-12-31", "07-23"),  # moved, like two others, for the Tokyo Olympics
     ("海の日", "2021-01-01", "2021-12-31", "07-22"),
     ("海の日", "2022-01-01", ALWAYS, "07-mon3"),
     ("山の日", "2016-01-01", "2019-12-31", "08-11"),
@@ -82,7 +82,7 @@ ONE_DAY_ACTS = (
 
 SUBSTITUTES_SINCE = date(1973, 4, 12)
 BETWEEN_SINCE = date(1985, 12, 27)
-REWORDED = date(2007, 1, 1)  # both passages of the act
+REWORDED = date(2007, 1, 1)  # from then on the act words both rules differently
 
 # By month: the first year of each period and the equinox of 1980 extrapolated from it, in millionths of a day of that
 # month. The last period makes up for 2100, which is no leap year.
@@ -158,7 +158,7 @@ def days_between(holidays, substitutes):
 
 
 def table():
-    """The whole table as text."""
+    """The complete table as text."""
     named = national_holidays()
     days = {day: (name, "holiday") for day, name in named.items()}
     acts = [(name, date.fromisoformat(day), counts) for name, day, counts in ONE_DAY_ACTS]

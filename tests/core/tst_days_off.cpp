@@ -49,11 +49,11 @@ private Q_SLOTS:
     void TheOfficialListIsTheLaw();
     void WithoutAListTheLawHolds();
     void AListWinsInItsYears();
-    void DifferencesAreTold_data();
-    void DifferencesAreTold();
+    void DifferencesAreReported_data();
+    void DifferencesAreReported();
     void AListCutAnywhereIsRefusedOrShorter();
     void TheOfficialListCutAnywhereIsRefusedOrShorter();
-    void EachDamagedByteIsRefusedOrTold();
+    void EachDamagedByteIsRefusedOrReported();
 };
 
 void TstDaysOff::TheOfficialListIsTheLaw() {
@@ -89,7 +89,7 @@ void TstDaysOff::AListWinsInItsYears() {
     QCOMPARE(days.value(QDate(1955, 6, 1)), u"休日"_s);  // the law has no name for it
 }
 
-void TstDaysOff::DifferencesAreTold_data() {
+void TstDaysOff::DifferencesAreReported_data() {
     QTest::addColumn<QByteArray>("line");
     QTest::addColumn<QStringList>("differences");
     QTest::newRow("none") << QByteArray("1955/3/21,春分の日") << QStringList();
@@ -102,7 +102,7 @@ void TstDaysOff::DifferencesAreTold_data() {
                                                 u"1955年3月21日：「春分の日」がデータにありません。"_s};
 }
 
-void TstDaysOff::DifferencesAreTold() {
+void TstDaysOff::DifferencesAreReported() {
     QFETCH(const QByteArray, line);
     QFETCH(const QStringList, differences);
     const auto list = Accepted(ShortList().replace("1955/3/21,春分の日", line));
@@ -120,7 +120,8 @@ void TstDaysOff::AListCutAnywhereIsRefusedOrShorter() {
         QVERIFY2(IsHarmless(cut, *original), qPrintable(RefusalOf(cut)));
         accepted += Accepted(cut) ? 1 : 0;
     }
-    // After each of the six characters of 勤労感謝の日 at the end of a year, and after the line feed of 1955.
+    // A list is accepted if it ends after any of the six characters of 勤労感謝の日, the last day of each of
+    // the two years, or after the line feed that ends 1955.
     QCOMPARE(accepted, 13);
 }
 
@@ -133,7 +134,7 @@ void TstDaysOff::TheOfficialListCutAnywhereIsRefusedOrShorter() {
     }
 }
 
-void TstDaysOff::EachDamagedByteIsRefusedOrTold() {
+void TstDaysOff::EachDamagedByteIsRefusedOrReported() {
     std::mt19937 random(20260506);
     for (const QByteArray& bytes : {ShortList(), OfficialList()}) {
         const auto original = Accepted(bytes);

@@ -11,13 +11,13 @@ class TstExecLine : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void WordsAreQuotedWhereTheyMust_data();
-    void WordsAreQuotedWhereTheyMust();
+    void WordsAreQuotedOnlyIfNeeded_data();
+    void WordsAreQuotedOnlyIfNeeded();
     void EveryReservedCharacterIsQuoted();
-    void WordsStandSideBySide();
+    void WordsAreSeparatedByBlanks();
 };
 
-void TstExecLine::WordsAreQuotedWhereTheyMust_data() {
+void TstExecLine::WordsAreQuotedOnlyIfNeeded_data() {
     QTest::addColumn<QString>("word");
     QTest::addColumn<QString>("expected");
     QTest::newRow("a path") << u"/usr/bin/tickwell"_s << u"/usr/bin/tickwell"_s;
@@ -34,7 +34,7 @@ void TstExecLine::WordsAreQuotedWhereTheyMust_data() {
     QTest::newRow("nothing") << u""_s << uR"("")"_s;
 }
 
-void TstExecLine::WordsAreQuotedWhereTheyMust() {
+void TstExecLine::WordsAreQuotedOnlyIfNeeded() {
     QFETCH(QString, word);
     QFETCH(QString, expected);
     QCOMPARE(ExecLine({word}), expected);
@@ -47,7 +47,7 @@ void TstExecLine::EveryReservedCharacterIsQuoted() {
     }
 }
 
-void TstExecLine::WordsStandSideBySide() {
+void TstExecLine::WordsAreSeparatedByBlanks() {
     const QString line = uR"(/usr/bin/tickwell --folder "/my days")"_s;
     QCOMPARE(ExecLine({u"/usr/bin/tickwell"_s, u"--folder"_s, u"/my days"_s}), line);
 }

@@ -16,7 +16,7 @@ FurtherSettings Loaded(const SettingsStore& store) {
     return further;
 }
 
-/// What saving writes after the 27 keys of AppSettings.
+/// The keys that saving writes after the 27 of AppSettings, as "section/key=value".
 QStringList WrittenFurther(const FurtherSettings& further) {
     FakeSettingsStore store;
     SaveSettings(store, {}, further, {});
@@ -37,7 +37,7 @@ private Q_SLOTS:
     void EachFlagHasItsKey_data();
     void EachFlagHasItsKey();
     void AComingEraHasItsKey();
-    void WhatIsUnderTheDaysHasItsKey();
+    void TheRowUnderEachDayHasItsKey();
     void ABadEraIsNamed();
 };
 
@@ -73,7 +73,7 @@ void TstFurtherSettings::AComingEraHasItsKey() {
     QCOMPARE(Loaded(store), FurtherSettings());
 }
 
-void TstFurtherSettings::WhatIsUnderTheDaysHasItsKey() {
+void TstFurtherSettings::TheRowUnderEachDayHasItsKey() {
     FurtherSettings expected;
     expected.calendar.underDays = 2;
     QCOMPARE(WrittenFurther(expected), QStringList{u"Calendar/UnderDays=2"_s});

@@ -10,7 +10,7 @@
 using namespace tickwell;
 using namespace Qt::StringLiterals;
 
-/// Errors in handlers.
+/// How errors in handlers, timers and slots are reported.
 class TstHandlers : public QObject {
     Q_OBJECT
 
@@ -19,10 +19,10 @@ private Q_SLOTS:
     void ASecondErrorWhileTheBoxIsOpenIsDropped();
     void AFailingTimerIsSwitchedOffBeforeItsReport();
     void AHealthyTimerGoesOn();
-    void ASignalIsConnectedUnderTheRule();
+    void AnErrorInAConnectedSlotIsReported();
     void TheReportBelongsToTheWindowOfTheHandler();
     void WhenQuietWaitsForTheOpenBox();
-    void WhatIsToldIsNeverDropped();
+    void ReportsGivenToTellAreNeverDropped();
 };
 
 void TstHandlers::AnErrorEndsTheHandlerAndIsReportedOnce() {
@@ -82,7 +82,7 @@ void TstHandlers::AHealthyTimerGoesOn() {
     QVERIFY(boxes.Shown().isEmpty());
 }
 
-void TstHandlers::ASignalIsConnectedUnderTheRule() {
+void TstHandlers::AnErrorInAConnectedSlotIsReported() {
     FakeMessageBoxes boxes;
     Handlers handlers(boxes);
     QObject sender;
@@ -125,7 +125,7 @@ void TstHandlers::WhenQuietWaitsForTheOpenBox() {
     QCOMPARE(calls, 2);
 }
 
-void TstHandlers::WhatIsToldIsNeverDropped() {
+void TstHandlers::ReportsGivenToTellAreNeverDropped() {
     FakeMessageBoxes boxes;
     Handlers handlers(boxes);
     bool isQuiet = false;

@@ -23,7 +23,7 @@ QString KindText(HolidayKind kind) {
     Q_UNREACHABLE();
 }
 
-/// "振替休日", or nothing for a day that is not off.
+/// The name of the day off, e.g. "振替休日"; empty if the day is not off.
 QString NameOn(QDate date) {
     for (const Holiday& holiday : HolidaysByLaw(date.year())) {
         if (holiday.date == date) {

@@ -35,7 +35,7 @@ void TstHolidayList::FormsThatAreAccepted_data() {
     const QByteArray plain = ShortList();
     QByteArrayList reversed = plain.trimmed().split('\n');
     std::reverse(reversed.begin(), reversed.end());
-    QTest::newRow("as it stands") << plain;
+    QTest::newRow("unchanged") << plain;
     QTest::newRow("header") << "国民の祝日・休日月日,国民の祝日・休日名称\n" + plain;
     QTest::newRow("carriage returns") << QByteArray(plain).replace("\n", "\r\n");
     QTest::newRow("byte order mark") << "\xEF\xBB\xBF" + plain;
@@ -68,7 +68,7 @@ void TstHolidayList::FormsThatAreRefused_data() {
         QTest::newRow(name) << bytes << refusal;
     };
     row("nothing", {}, u"1: 祝日が1日もありません。"_s);
-    row("a header alone", "年月日,名称\n", u"1: 祝日が1日もありません。"_s);
+    row("only a header", "年月日,名称\n", u"1: 祝日が1日もありません。"_s);
     row("no comma", changed("1955/4/29,", "1955/4/29"), u"4: コンマがありません。"_s);
     row("no date", changed("1955/4/29,", "1955/4/31,"), u"4: 「1955/4/31」は日付ではありません。"_s);
     row("a date of other digits", changed("1955/4/29,", "１９５５/4/29,"),
@@ -86,7 +86,7 @@ void TstHolidayList::FormsThatAreRefused_data() {
         u"19: その前の1957年の祝日がありません。"_s);
     row("too few days", changed("1955/1/1,元日\n1955/1/15,成人の日\n", ""),
         u"7: 1955年の祝日が7日しかありません。"_s);
-    row("cut off", changed("1956/11/23,勤労感謝の日\n", ""),
+    row("truncated", changed("1956/11/23,勤労感謝の日\n", ""),
         u"17: 1956年11月23日がありません。データが途中で切れていませんか。"_s);
     row("undecodable UTF-8", changed("1955/5/3,憲", "1955/5/3,\xE6\x86"),
         u"5: Shift_JISでもUTF-8でもない文字があります。"_s);

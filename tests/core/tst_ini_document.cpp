@@ -16,9 +16,9 @@ private Q_SLOTS:
     void ValuesAreFound();
     void AbsentKeysGiveNothing_data();
     void AbsentKeysGiveNothing();
-    void SettingChangesOneLineAlone_data();
-    void SettingChangesOneLineAlone();
-    void ALineEndThatWasCutOffIsMadeWhole();
+    void SettingChangesOnlyOneLine_data();
+    void SettingChangesOnlyOneLine();
+    void ATruncatedLineEndIsCompleted();
     void TextsSurviveTheirEscapes_data();
     void TextsSurviveTheirEscapes();
     void HandWrittenBackslashesAreTakenAsMeant();
@@ -33,18 +33,18 @@ void TstIniDocument::ValuesAreFound_data() {
                            << "1"_ba;
     QTest::newRow("no line end at the end") << "[SetUp]\nKey=1"_ba
                                             << "1"_ba;
-    QTest::newRow("lines of another system") << "[SetUp]\r\nKey=1\r\n"_ba
-                                             << "1"_ba;
-    QTest::newRow("blanks for looks") << "  [ SetUp ]\n  Key = 1  \n"_ba
-                                      << "1"_ba;
+    QTest::newRow("CR LF line ends") << "[SetUp]\r\nKey=1\r\n"_ba
+                                     << "1"_ba;
+    QTest::newRow("blanks around the equals sign") << "  [ SetUp ]\n  Key = 1  \n"_ba
+                                                   << "1"_ba;
     QTest::newRow("empty value") << "[SetUp]\nKey=\n"_ba
                                  << ""_ba;
-    QTest::newRow("commas and semicolons belong to it") << "[SetUp]\nKey=a,b;c # d\n"_ba
-                                                        << "a,b;c # d"_ba;
-    QTest::newRow("an at sign too") << "[SetUp]\nKey=@Invalid()\n"_ba
-                                    << "@Invalid()"_ba;
-    QTest::newRow("an equals sign too") << "[SetUp]\nKey=a=b\n"_ba
-                                        << "a=b"_ba;
+    QTest::newRow("commas and semicolons are part of the value") << "[SetUp]\nKey=a,b;c # d\n"_ba
+                                                                 << "a,b;c # d"_ba;
+    QTest::newRow("so is an at sign") << "[SetUp]\nKey=@Invalid()\n"_ba
+                                      << "@Invalid()"_ba;
+    QTest::newRow("so is an equals sign") << "[SetUp]\nKey=a=b\n"_ba
+                                          << "a=b"_ba;
     QTest::newRow("among comments and damage")
         << "rubbish\n[Other]\nKey=2\n# Key=3\n[SetUp]\n;Key=4\n=\nKey=1\n"_ba
         << "1"_ba;
@@ -52,8 +52,8 @@ void TstIniDocument::ValuesAreFound_data() {
                                              << "1"_ba;
     QTest::newRow("a section in two pieces") << "[SetUp]\nA=0\n[Other]\n[SetUp]\nKey=1\n"_ba
                                              << "1"_ba;
-    QTest::newRow("behind a byte order mark") << "\xEF\xBB\xBF[SetUp]\nKey=1\n"_ba
-                                              << "1"_ba;
+    QTest::newRow("after a byte order mark") << "\xEF\xBB\xBF[SetUp]\nKey=1\n"_ba
+                                             << "1"_ba;
     QTest::newRow("bytes that are no UTF-8") << "[SetUp]\nKey=\xFF\xFE\n"_ba
                                              << "\xFF\xFE"_ba;
 }
@@ -83,23 +83,23 @@ void TstIniDocument::AbsentKeysGiveNothing() {
     QCOMPARE(IniDocument(file).Value(u"SetUp"_s, u"Key"_s), std::nullopt);
 }
 
-void TstIniDocument::SettingChangesOneLineAlone_data() {
+void TstIniDocument::SettingChangesOnlyOneLine_data() {
     QTest::addColumn<QByteArray>("before");
     QTest::addColumn<QByteArray>("after");
     QTest::newRow("empty file") << ""_ba
                                 << "[SetUp]\nKey=new\n"_ba;
     QTest::newRow("in place") << "# mine\n[SetUp]\nA=1\nKey=old\nB=2\n"_ba
                               << "# mine\n[SetUp]\nA=1\nKey=new\nB=2\n"_ba;
-    QTest::newRow("behind the section's last key") << "[SetUp]\nA=1\n\n[Other]\nKey=x\n"_ba
-                                                   << "[SetUp]\nA=1\nKey=new\n\n[Other]\nKey=x\n"_ba;
+    QTest::newRow("after the section's last key") << "[SetUp]\nA=1\n\n[Other]\nKey=x\n"_ba
+                                                  << "[SetUp]\nA=1\nKey=new\n\n[Other]\nKey=x\n"_ba;
     QTest::newRow("section missing") << "[Other]\nKey=x\n"_ba
                                      << "[Other]\nKey=x\n[SetUp]\nKey=new\n"_ba;
     QTest::newRow("no line end at the end") << "[SetUp]\nA=1"_ba
                                             << "[SetUp]\nA=1\nKey=new\n"_ba;
-    QTest::newRow("lines of another system") << "[SetUp]\r\nA=1\r\n"_ba
-                                             << "[SetUp]\r\nA=1\r\nKey=new\r\n"_ba;
-    QTest::newRow("a value that stands already keeps its looks") << "[SetUp]\nKey  =  new\n"_ba
-                                                                 << "[SetUp]\nKey  =  new\n"_ba;
+    QTest::newRow("CR LF line ends") << "[SetUp]\r\nA=1\r\n"_ba
+                                     << "[SetUp]\r\nA=1\r\nKey=new\r\n"_ba;
+    QTest::newRow("an equal value keeps its formatting") << "[SetUp]\nKey  =  new\n"_ba
+                                                         << "[SetUp]\nKey  =  new\n"_ba;
     QTest::newRow("only the first of two") << "[SetUp]\nKey=1\nKey=2\n"_ba
                                            << "[SetUp]\nKey=new\nKey=2\n"_ba;
     QTest::newRow("empty section") << "[SetUp]\n[Other]\n"_ba
@@ -108,7 +108,7 @@ void TstIniDocument::SettingChangesOneLineAlone_data() {
                                           << "\xFF\0\n[SetUp]\nZ\xFE\nKey=new\n"_ba;
 }
 
-void TstIniDocument::SettingChangesOneLineAlone() {
+void TstIniDocument::SettingChangesOnlyOneLine() {
     QFETCH(QByteArray, before);
     QFETCH(QByteArray, after);
     IniDocument document(before);
@@ -118,7 +118,7 @@ void TstIniDocument::SettingChangesOneLineAlone() {
 }
 
 /// Found by the fuzzer: the carriage return became part of the value.
-void TstIniDocument::ALineEndThatWasCutOffIsMadeWhole() {
+void TstIniDocument::ATruncatedLineEndIsCompleted() {
     IniDocument document("[SetUp]\r\nA=1\r");
     document.SetValue(u"SetUp"_s, u"B"_s, u"2"_s);
     QCOMPARE(document.Bytes(), "[SetUp]\r\nA=1\r\nB=2\r\n"_ba);

@@ -60,7 +60,7 @@ void TstIntegers::RoundsHalvesToEven_data() {
     row("a third", 1, 3, 0);
     row("two thirds", 2, 3, 1);
     row("minus two thirds", -2, 3, -1);
-    row("whole", 6, 3, 2);
+    row("no fraction", 6, 3, 2);
 }
 
 void TstIntegers::RoundsHalvesToEven() {

@@ -12,7 +12,7 @@ namespace {
 const QDate kFirst(1900, 1, 1);
 const QDate kLast(2100, 12, 31);
 
-/// Of a day inside the table.
+/// The old date of a day inside the table.
 OldDate Old(QDate day) {
     return OldDateOf(day).value_or(OldDate{0, 0, false, 0});
 }
@@ -57,7 +57,8 @@ void TstOldCalendar::OldDateIs_data() {
     row(QDate(2026, 2, 1), u"2025-12-14"_s);
     row(QDate(2026, 2, 16), u"2025-12-29"_s);
     row(QDate(2026, 2, 17), u"2026-01-01"_s);
-    // Two rules for the leap month exclude each other in 2033; Japan's makers of calendars recommend this.
+    // In 2033 the two rules for the leap month contradict each other; this is what Japan's makers of
+    // calendars recommend.
     row(QDate(2033, 7, 26), u"2033-07-01"_s);
     row(QDate(2033, 8, 25), u"2033-08-01"_s);
     row(QDate(2033, 9, 23), u"2033-09-01"_s);
@@ -82,7 +83,7 @@ void TstOldCalendar::OldDateIs() {
 
 void TstOldCalendar::NewYearsDays_data() {
     QTest::addColumn<QDate>("day");
-    // A day later than in China, because the new moon was between midnight in Japan and in China.
+    // A day later than in China, because the new moon fell between midnight in Japan and midnight in China.
     const QList<QDate> afterChina{{1954, 2, 4}, {1958, 2, 19}, {1966, 1, 22}, {1988, 2, 18},
                                   {1997, 2, 8}, {2027, 2, 7},  {2028, 1, 27}};
     const QList<QDate> others{{1900, 1, 31}, {1989, 2, 6},  {2000, 2, 5},  {2007, 2, 18}, {2008, 2, 7},
@@ -182,7 +183,8 @@ void TstOldCalendar::EquinoxesAndSolsticesHaveTheirMonths() {
         QCOMPARE(old.month, 2 + 3 * static_cast<int>(index));
         QVERIFY(!old.isLeap);
     }
-    QCOMPARE(SeasonName(QDate(2033, 9, 23)), u"秋分"_s);  // the exception that the leap month in winter makes
+    // The leap month of the winter moves this equinox to the ninth month.
+    QCOMPARE(SeasonName(QDate(2033, 9, 23)), u"秋分"_s);
     QCOMPARE(Old(QDate(2033, 9, 23)).month, 9);
 }
 

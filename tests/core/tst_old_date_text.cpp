@@ -8,7 +8,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Of a day inside the table.
+/// The old date of a day inside the table.
 OldDate Old(QDate day) {
     return OldDateOf(day).value_or(OldDate{0, 0, false, 0});
 }
@@ -28,7 +28,7 @@ private Q_SLOTS:
 };
 
 void TstOldDateText::RokuyoOfTenYears() {
-    // As calendars explain it: each month starts anew, with the name that stands for it here.
+    // The rule as printed calendars explain it: each month starts with the name listed here.
     const QStringList firstOfMonth =
         u"先勝 友引 先負 仏滅 大安 赤口 先勝 友引 先負 仏滅 大安 赤口"_s.split(u' ');
     QString expected;
@@ -50,7 +50,7 @@ void TstOldDateText::RokuyoIs_data() {
     QTest::newRow("New Year 2025") << QDate(2025, 1, 1) << u"先勝"_s;
     QTest::newRow("New Year 2026") << QDate(2026, 1, 1) << u"大安"_s;
     QTest::newRow("a harvest moon is always") << QDate(2026, 9, 25) << u"仏滅"_s;
-    QTest::newRow("first of a leap sixth month, as of the sixth") << QDate(2025, 7, 25) << u"赤口"_s;
+    QTest::newRow("first of a leap sixth month, as in the sixth") << QDate(2025, 7, 25) << u"赤口"_s;
     QTest::newRow("thirtieth of the month before it") << QDate(2025, 7, 24) << u"大安"_s;
     QTest::newRow("first of a leap eleventh month") << QDate(2033, 12, 22) << u"大安"_s;
 }

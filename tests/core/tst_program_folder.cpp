@@ -14,13 +14,13 @@ class TstProgramFolder : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void EnteringALinkGivesTheFolderBehindIt();
+    void EnteringALinkGivesItsTarget();
     void AFolderThatIsGoneIsAnError();
     void AFileIsNamedByItsAbsolutePath();
     void TextsForTheUserNameFilesWithoutTheFolder();
 };
 
-void TstProgramFolder::EnteringALinkGivesTheFolderBehindIt() {
+void TstProgramFolder::EnteringALinkGivesItsTarget() {
     const QTemporaryDir folder;
     const QString real = QDir(folder.path()).canonicalPath() + u"/real";
     const QString link = folder.filePath(u"link"_s);

@@ -57,12 +57,12 @@ private Q_SLOTS:
     void AFileIsReadWhole();
     void ALinkIsFollowed();
     void AFileThatClaimsNoSizeIsReadToItsEnd();
-    void WhatIsNoRegularFileIsNotOpened_data();
-    void WhatIsNoRegularFileIsNotOpened();
+    void NonRegularFilesAreNotOpened_data();
+    void NonRegularFilesAreNotOpened();
     void AFileIsTooLargeByOneByte();
     void ASparseFileIsNotRead();
-    void WhatIsAbsentIsSaidSo_data();
-    void WhatIsAbsentIsSaidSo();
+    void AbsentAndUnreadableFilesAreDistinguished_data();
+    void AbsentAndUnreadableFilesAreDistinguished();
     void WithoutTheRightToReadItIsAnError();
 };
 
@@ -99,7 +99,7 @@ void TstRegularFile::AFileThatClaimsNoSizeIsReadToItsEnd() {
     QCOMPARE(ReadRegularFile(u"/proc/self/status"_s, 10).problem, FileProblem::TooLarge);
 }
 
-void TstRegularFile::WhatIsNoRegularFileIsNotOpened_data() {
+void TstRegularFile::NonRegularFilesAreNotOpened_data() {
     QTest::addColumn<QString>("kind");
     QTest::newRow("a folder") << u"folder"_s;
     QTest::newRow("a pipe, which would block") << u"pipe"_s;
@@ -110,7 +110,7 @@ void TstRegularFile::WhatIsNoRegularFileIsNotOpened_data() {
     QTest::newRow("a terminal") << u"/dev/ptmx"_s;
 }
 
-void TstRegularFile::WhatIsNoRegularFileIsNotOpened() {
+void TstRegularFile::NonRegularFilesAreNotOpened() {
     QFETCH(QString, kind);
     const QTemporaryDir dir;
     QVERIFY(Make(kind, dir.filePath(u"file"_s)));
@@ -137,17 +137,17 @@ void TstRegularFile::ASparseFileIsNotRead() {
     QCOMPARE(ReadRegularFile(dir.filePath(u"file"_s), kMost).problem, FileProblem::TooLarge);
 }
 
-void TstRegularFile::WhatIsAbsentIsSaidSo_data() {
+void TstRegularFile::AbsentAndUnreadableFilesAreDistinguished_data() {
     QTest::addColumn<QString>("name");
     QTest::addColumn<FileProblem>("problem");
     QTest::newRow("nothing there") << u"none"_s << FileProblem::Absent;
     QTest::newRow("no folder either") << u"none/none"_s << FileProblem::Absent;
     QTest::newRow("a dead link") << u"dead"_s << FileProblem::Absent;
-    QTest::newRow("a file for a folder") << u"file/none"_s << FileProblem::Unreadable;
+    QTest::newRow("a file instead of a folder") << u"file/none"_s << FileProblem::Unreadable;
     QTest::newRow("a link to itself") << u"circle"_s << FileProblem::Unreadable;
 }
 
-void TstRegularFile::WhatIsAbsentIsSaidSo() {
+void TstRegularFile::AbsentAndUnreadableFilesAreDistinguished() {
     QFETCH(QString, name);
     QFETCH(FileProblem, problem);
     const QTemporaryDir dir;

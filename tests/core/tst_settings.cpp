@@ -24,8 +24,8 @@ class TstSettings : public QObject {
 private Q_SLOTS:
     void AFirstStartHasTheDefaults();
     void LoadingWritesNothing();
-    void KeysAreAskedForInTheirOrder();
-    void GeometryIsAskedForWidthFirst();
+    void KeysAreReadInTheirOrder();
+    void GeometryIsReadWidthFirst();
     void AllKeysAreWrittenInTheirOrder();
     void TheRollIntervalIsReadAndNeverWritten();
     void ValuesComeBackAsTheyWereSaved();
@@ -39,10 +39,10 @@ private Q_SLOTS:
     void AStoredWidthOfTwips2505Point6Is2506();
     void KeysLiveInTheirSection();
     void AnEmptyTextIsAText();
-    void AFirstStartRollsNotAndTellsOfTheDrive();
+    void AFirstStartDoesNotRollAndReportsAMissingDrive();
     void FurtherSettingsAtTheirDefaultsAreNotWritten();
-    void WhatDiffersIsWrittenAfterTheOtherKeys();
-    void WhatStandsThereAlreadyIsWrittenBack();
+    void ChangedFurtherSettingsAreWrittenAfterTheOtherKeys();
+    void FurtherKeysInTheFileAreWrittenEvenWithDefaults();
     void FurtherSettingsComeBackAsTheyWereSaved_data();
     void FurtherSettingsComeBackAsTheyWereSaved();
     void BadFurtherValuesAreNamed_data();
@@ -99,7 +99,7 @@ void TstSettings::LoadingWritesNothing() {
     QVERIFY(store.Values().isEmpty());
 }
 
-void TstSettings::KeysAreAskedForInTheirOrder() {
+void TstSettings::KeysAreReadInTheirOrder() {
     const FakeSettingsStore store;
     Loaded(store);
     QStringList asked;
@@ -117,7 +117,7 @@ void TstSettings::KeysAreAskedForInTheirOrder() {
     QCOMPARE(asked.join(u' '), expected);
 }
 
-void TstSettings::GeometryIsAskedForWidthFirst() {
+void TstSettings::GeometryIsReadWidthFirst() {
     const FakeSettingsStore store;
     AppSettings settings;
     WindowGeometry geometry;
@@ -302,7 +302,7 @@ void TstSettings::AnEmptyTextIsAText() {
     QCOMPARE(Loaded(store).chimeSound, QString());
 }
 
-void TstSettings::AFirstStartRollsNotAndTellsOfTheDrive() {
+void TstSettings::AFirstStartDoesNotRollAndReportsAMissingDrive() {
     const FakeSettingsStore store;
     const FurtherSettings further = LoadedFurther(store);
     QCOMPARE(further.roll.use, false);
@@ -318,7 +318,7 @@ void TstSettings::FurtherSettingsAtTheirDefaultsAreNotWritten() {
     QCOMPARE(store.Written().size(), 27);
 }
 
-void TstSettings::WhatDiffersIsWrittenAfterTheOtherKeys() {
+void TstSettings::ChangedFurtherSettingsAreWrittenAfterTheOtherKeys() {
     FakeSettingsStore store;
     SaveSettings(store, Loaded(store), {{true, {0, 5}, 3}, false}, {});
     QCOMPARE(WrittenBehindTheOthers(store),
@@ -326,7 +326,7 @@ void TstSettings::WhatDiffersIsWrittenAfterTheOtherKeys() {
     QCOMPARE(store.Commits(), 1);
 }
 
-void TstSettings::WhatStandsThereAlreadyIsWrittenBack() {
+void TstSettings::FurtherKeysInTheFileAreWrittenEvenWithDefaults() {
     FakeSettingsStore store;
     store.Put(u"Roll"_s, u"Interval"_s, u"60"_s);
     store.Put(u"Notice"_s, u"NoCdDrive"_s, u"False"_s);

@@ -33,21 +33,21 @@ class TstSleepingTimer : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void ItRestsUntilItIsStarted();
+    void ItDoesNotTickUntilItIsStarted();
     void TheFirstTickComesAfterTheIntervalAndThenItSleeps();
-    void WithNothingSaidItTicksEachInterval();
+    void WithoutADueTimeItTicksEachInterval();
     void ASleepIsNeverLongerThanAMinute();
     void WokenItTicksWithinTheInterval();
-    void WokenAgainAndAgainItTicksAllTheSame();
+    void RepeatedWakingDoesNotDelayTheTick();
     void AShortSleepIsNotMadeLonger();
-    void AtRestItIsNotWoken();
-    void ATickNowBeginsTheSleepAnew();
+    void AStoppedTimerIsNotWoken();
+    void TickNowRestartsTheSleep();
     void AStoppedTimerDoesNotAskWhatIsDue();
     void AFailingTickSwitchesItOff();
     void AFailingQuestionSwitchesItOff();
 };
 
-void TstSleepingTimer::ItRestsUntilItIsStarted() {
+void TstSleepingTimer::ItDoesNotTickUntilItIsStarted() {
     Bench bench;
     bench.time.Advance(10'000);
     QVERIFY(bench.ticks.isEmpty());
@@ -65,7 +65,7 @@ void TstSleepingTimer::TheFirstTickComesAfterTheIntervalAndThenItSleeps() {
     QCOMPARE(bench.ticks.last(), 3700);
 }
 
-void TstSleepingTimer::WithNothingSaidItTicksEachInterval() {
+void TstSleepingTimer::WithoutADueTimeItTicksEachInterval() {
     for (const qint64 nothing : {0, -5}) {
         Bench bench;
         bench.untilDue = nothing;
@@ -93,7 +93,7 @@ void TstSleepingTimer::WokenItTicksWithinTheInterval() {
     QCOMPARE(bench.ticks, (QList<qint32>{200, 3200}));
 }
 
-void TstSleepingTimer::WokenAgainAndAgainItTicksAllTheSame() {
+void TstSleepingTimer::RepeatedWakingDoesNotDelayTheTick() {
     Bench bench;
     bench.untilDue = 50'000;
     bench.timer.Start();
@@ -115,7 +115,7 @@ void TstSleepingTimer::AShortSleepIsNotMadeLonger() {
     QCOMPARE(bench.ticks, (QList<qint32>{200, 250}));
 }
 
-void TstSleepingTimer::AtRestItIsNotWoken() {
+void TstSleepingTimer::AStoppedTimerIsNotWoken() {
     Bench bench;
     bench.timer.Wake();
     bench.timer.TickNow();
@@ -123,7 +123,7 @@ void TstSleepingTimer::AtRestItIsNotWoken() {
     QVERIFY(bench.ticks.isEmpty());
 }
 
-void TstSleepingTimer::ATickNowBeginsTheSleepAnew() {
+void TstSleepingTimer::TickNowRestartsTheSleep() {
     Bench bench;
     bench.timer.Start();
     bench.time.Advance(700);

@@ -7,7 +7,7 @@
 using namespace tickwell;
 using namespace Qt::StringLiterals;
 
-/// The names of the days of the sun's year, compared with the almanac that the National Astronomical
+/// Solar terms and the days that depend on them, compared with the almanac that the National Astronomical
 /// Observatory of Japan publishes each year (暦要項).
 class TstSolarTerms : public QObject {
     Q_OBJECT
@@ -72,7 +72,8 @@ void TstSolarTerms::ADayIsNamed_data() {
     row(QDate(2023, 6, 21), u"夏至"_s);  // at 23:58
     row(QDate(2025, 2, 2), u"節分"_s);
     row(QDate(2025, 12, 22), u"冬至"_s);  // at 0:03
-    // Within a minute before midnight. A day later with another delta T or the longitude of another equinox.
+    // In the last minute before midnight: another delta T, or longitudes from the equinox of another date,
+    // would move them to the next day.
     row(QDate(2030, 2, 18), u"雨水"_s);
     row(QDate(2053, 1, 19), u"大寒"_s);
     // The first and the last of the table.

@@ -23,7 +23,7 @@ private Q_SLOTS:
     void YearAnimalReads();
     void YearAnimalComesAgainAfterTwelveYears();
     void MonthAndWeekdayNamesAreEmptyOutsideTheirTables();
-    void MonthAndWeekdayNamesStandInOrder();
+    void MonthAndWeekdayNamesAreInOrder();
     void KanjiDayReads_data();
     void KanjiDayReads();
     void WeekdayLetterReads_data();
@@ -53,7 +53,7 @@ void TstWords::KanjiNumberReads_data() {
     // Ten thousands and above are dropped on purpose.
     row(10000, u"零"_s);
     row(12345, u"三百四十五"_s);
-    // Only the last digit of each place is used, so the minus sign and negative thousands are dropped.
+    // Only the last digit of each place is used: the minus sign and negative thousands are dropped.
     row(-5, u"五"_s);
     row(-1234, u"二百三十四"_s);
     row(-1000, u"零"_s);
@@ -155,7 +155,7 @@ void TstWords::MonthAndWeekdayNamesAreEmptyOutsideTheirTables() {
     }
 }
 
-void TstWords::MonthAndWeekdayNamesStandInOrder() {
+void TstWords::MonthAndWeekdayNamesAreInOrder() {
     QStringList english;
     QStringList traditional;
     for (int month = 1; month <= 12; ++month) {

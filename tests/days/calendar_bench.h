@@ -23,8 +23,8 @@ struct CalendarBench {
 
     /// The cell of a day of the month shown in the grid.
     int CellOf(int day) const { return ShapeOf(calendar.Grid().first).CellOf(day); }
-    /// The visible days whose cells are pressed, in their order. While marking, hidden cells can be pressed
-    /// too.
+    /// The visible days whose cells are pressed, in ascending order. While marking, hidden cells can be
+    /// pressed too.
     QList<int> PressedInGrid() const {
         QList<int> days;
         for (int cell = 7; cell < kGridCells; ++cell) {

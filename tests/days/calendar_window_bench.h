@@ -17,8 +17,8 @@ inline const QStringList kCalendarButtons{
     QStringLiteral("Command9"),  QStringLiteral("Command10"), QStringLiteral("Command11"),
     QStringLiteral("Command12"), QStringLiteral("Command16"), QStringLiteral("Command7(2)")};
 
-/// The calendar window with fakes of the windows of the book; on 3 October 1998, a Saturday, if the test does
-/// not choose another day.
+/// The calendar window with fakes of the book's windows. Today is 3 October 1998, a Saturday, unless the test
+/// chooses another day.
 struct CalendarWindowBench : CalendarBench {
     explicit CalendarWindowBench(QDate today = QDate(1998, 10, 3)) : CalendarBench(today) {
         book.edit = [this](QDate date, QWidget* above, BookWindows::Closed whenClosed) {
@@ -73,7 +73,7 @@ struct CalendarWindowBench : CalendarBench {
         QTest::keyClick(form->focusWidget(), key, modifiers);
     }
 
-    /// The days whose buttons are shown and pressed, in their order.
+    /// The visible days whose buttons are pressed, in ascending order.
     QList<int> PressedDays() const {
         QList<int> days;
         for (const DayCell* cell : form->findChildren<DayCell*>()) {
@@ -89,7 +89,7 @@ struct CalendarWindowBench : CalendarBench {
     QString Focused() const {
         return form->focusWidget() == nullptr ? QString() : form->focusWidget()->objectName();
     }
-    /// Those of kCalendarButtons that are disabled.
+    /// The disabled ones of kCalendarButtons.
     QStringList Disabled() const {
         QStringList names;
         for (const QString& name : kCalendarButtons) {
@@ -102,9 +102,9 @@ struct CalendarWindowBench : CalendarBench {
 
     FakeHelpViewer help;
     BookWindows book;
-    QStringList asked;           ///< which windows of the book were asked for, with what
-    BookWindows::Closed closed;  ///< the calendar's callback for the end of the window that was asked for
-    bool isAbove = false;        ///< whether the editor was asked to open above the calendar
+    QStringList asked;           ///< the requested windows of the book, with their arguments
+    BookWindows::Closed closed;  ///< the calendar's callback for when the requested window closes
+    bool isAbove = false;        ///< whether the editor was requested above the calendar
     std::unique_ptr<Form5> form;
 };
 

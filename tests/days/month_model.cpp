@@ -10,7 +10,8 @@ namespace {
 constexpr int kRed = 255;
 constexpr int kBlue = 255 * 65536;
 
-/// The tip of the last row that applies to this day: as its own holiday, or as the day after a Sunday.
+/// The tip of the last row that applies to this day: a holiday on the day itself, or one on the Sunday
+/// before.
 QString TipOf(const QList<ModelHoliday>& holidays, int month, int day, int weekday) {
     QString tip;
     for (const ModelHoliday& holiday : holidays) {

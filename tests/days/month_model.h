@@ -10,7 +10,8 @@
 
 namespace tickwell::days {
 
-/// A date as three numbers. The model computes with its own calendar, so that it does not share a bug.
+/// A date as three numbers. The model has its own calendar arithmetic, so that it cannot share a bug with
+/// QDate.
 struct ModelDate {
     int year = 0;
     int month = 0;
@@ -24,7 +25,7 @@ struct ModelDate {
 
 int DaysInMonth(int year, int month);
 
-/// 0 Sunday to 6 Saturday.
+/// 0 (Sunday) to 6 (Saturday).
 int WeekdayOf(const ModelDate& date);
 
 struct ModelHoliday {
@@ -57,7 +58,7 @@ QString ModelHeading(int year, int month);
 /// The expected cells of a month, none of them pressed.
 ModelCells ModelMonth(const ModelTables& tables, int year, int month);
 
-/// Replaces the month's marks: each of its days is read from the cell at which it would be.
+/// Replaces the month's marks by those of the cells at which its days are shown.
 void StoreMonth(ModelTables& tables, const ModelCells& cells, int year, int month);
 
 /// Deletes all marks between the two dates, both included.

@@ -9,7 +9,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// One end of the range as the numbers that the queries use.
+/// One end of the range, as the numbers that the queries use.
 struct End {
     explicit End(QDate date)
         : year(date.year()), month(date.month()), day(date.day()), week(WeekCode(date)) {}
@@ -47,10 +47,10 @@ QString OneDayText(const End& s, const End& e) {
     return text;
 }
 
-/// Never true: the year would have to equal both ends, and within one year the range of years is empty.
+/// Never true: the year would have to equal both ends, or, within one year, to be in an empty range of years.
 bool IsOneDayMeant(const Anniversary& row, const End& s, const End& e) {
     if (e.year - s.year < 1) {
-        return row.year >= s.year + 1 && row.year <= e.year - 1;  // never, because both ends are in one year
+        return row.year >= s.year + 1 && row.year <= e.year - 1;  // empty, because both ends are in one year
     }
     return row.year == s.year && row.year == e.year;
 }

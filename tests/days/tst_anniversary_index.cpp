@@ -26,7 +26,7 @@ QString ReadNames(const store::DayStore& store, int firstYear, int lastYear) {
 
 }  // namespace
 
-/// The anniversaries of a day, found among all that were read.
+/// The anniversaries of a day, selected from all rows that were read.
 class TstAnniversaryIndex : public QObject {
     Q_OBJECT
 
@@ -37,7 +37,7 @@ private Q_SLOTS:
     void NoRowsAreNoError();
     void RowsAreReadInTheirOrderWithAllValues();
     void RowsThatFallOnNoDayOfTheYearsAreNotRead();
-    void ANumberThatIsTooLargeIsOnlyAnErrorOnSomeDay();
+    void ANumberTooLargeIsAnErrorIfItsRowFallsOnADay();
 };
 
 void TstAnniversaryIndex::ARowFalls_data() {
@@ -118,7 +118,7 @@ void TstAnniversaryIndex::RowsThatFallOnNoDayOfTheYearsAreNotRead() {
     QCOMPARE(ReadNames(store, 2001, 2001), u"every after week"_s);
 }
 
-void TstAnniversaryIndex::ANumberThatIsTooLargeIsOnlyAnErrorOnSomeDay() {
+void TstAnniversaryIndex::ANumberTooLargeIsAnErrorIfItsRowFallsOnADay() {
     const store::DayStore store;
     store.Raw("INSERT INTO Kinenbi(Name,Year,Month,Day,Week) VALUES ('x',0,1,9000000000,11)");
     QVERIFY_THROWS_EXCEPTION(RunTimeError, ReadNames(store, 1998, 2000));

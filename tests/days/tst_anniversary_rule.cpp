@@ -13,7 +13,7 @@ using namespace tickwell::days;
 
 namespace {
 
-/// The week of a date in its month for its weekday, 1 to 5, and the weekday, 1 Sunday to 7 Saturday,
+/// The week of a date within its month for its weekday, 1 to 5, and the weekday, 1 (Sunday) to 7 (Saturday),
 /// according to the standard library's calendar.
 struct WeekdayOfMonth {
     int week;
@@ -37,7 +37,7 @@ class TstAnniversaryRule : public QObject {
 private Q_SLOTS:
     void AnAnniversaryFalls_data();
     void AnAnniversaryFalls();
-    void EveryWeekCodeFallsOnItsDayAlone();
+    void EveryWeekCodeFallsOnlyOnItsDay();
     void HasNationalHolidays();
     void NoNationalHolidaysAreNoError();
 };
@@ -71,7 +71,7 @@ void TstAnniversaryRule::AnAnniversaryFalls_data() {
     row("day and week, on the day", both, QDate(1998, 10, 3), true);
     row("day and week, on the weekday", both, QDate(1998, 10, 12), true);
     row("day and week, elsewhere", both, QDate(1998, 10, 13), false);
-    row("day that a month has not", Insert(u"a"_s, 0, 2, 30, 0), QDate(1998, 3, 30), false);
+    row("a day that the month does not have", Insert(u"a"_s, 0, 2, 30, 0), QDate(1998, 3, 30), false);
 }
 
 void TstAnniversaryRule::AnAnniversaryFalls() {
@@ -84,7 +84,7 @@ void TstAnniversaryRule::AnAnniversaryFalls() {
     QCOMPARE(AnniversariesOf(database, date), falls ? u"a"_s : QString());
 }
 
-void TstAnniversaryRule::EveryWeekCodeFallsOnItsDayAlone() {
+void TstAnniversaryRule::EveryWeekCodeFallsOnlyOnItsDay() {
     const store::DayStore store;
     store::DayDatabase database(store.Path());
     database.Execute(Insert(u"never"_s, 0, 0, 0, 0));
@@ -98,7 +98,7 @@ void TstAnniversaryRule::EveryWeekCodeFallsOnItsDayAlone() {
     for (QDate date(2026, 1, 1); date.year() == 2026; date = date.addDays(1)) {
         const auto [week, weekday] = WeekdayOf(date);
         QCOMPARE(AnniversariesOf(database, date), u"w%1%2"_s.arg(week).arg(weekday));
-        // The daily check queries with the two digits swapped: no code has a week above 5.
+        // The daily check queries with the two digits swapped, and there is no week 6 or 7.
         QCOMPARE(AnnouncedNames(database, date).contains(u"w%1%2"_s.arg(weekday).arg(week)), weekday <= 5);
     }
 }

@@ -17,7 +17,7 @@ QStringList NamesWith(const FurtherSettings& further, QDate day, const store::Da
     return AnnouncedNames({.dayDatabase = database, .holidays = holidays, .further = further}, day);
 }
 
-/// Week of the month and weekday (1 Sunday) of a day, counted day by day.
+/// The week within the month and the weekday (1: Sunday), counted day by day.
 std::pair<int, int> WeekAndWeekday(QDate day) {
     int week = 0;
     for (QDate each(day.year(), day.month(), 1); each <= day; each = each.addDays(1)) {
@@ -26,7 +26,7 @@ std::pair<int, int> WeekAndWeekday(QDate day) {
     return {week, day.dayOfWeek() == Qt::Sunday ? 1 : day.dayOfWeek() + 1};
 }
 
-/// The number of different months and weekdays with a fifth one in 2024, 2025 or 2026.
+/// The number of different pairs of month and weekday with a fifth week in 2024, 2025 or 2026.
 int FifthWeekdays() {
     QSet<std::pair<int, int>> all;
     for (QDate day(2024, 1, 1); day.year() <= 2026; day = day.addDays(1)) {
@@ -45,14 +45,14 @@ class TstAnnouncedNames : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void TheDigitsOfTheWeekCodeAreExchangedOnPurpose();
+    void TheDigitsOfTheWeekCodeAreSwappedOnPurpose();
     void AnniversariesComeBeforeHolidaysEachInStoredOrder();
     void ADayWithNothingHasNoNames();
     void TheThirdMondayIsAnnouncedOnTheSecondTuesdayAndNeverOnItself();
     void AllThirtyFiveCodesOverAYear();
     void CorrectedEachCodeOfEachMonthIsAnnouncedOnItsOwnDay();
     void NoOtherCorrectionChangesTheDay();
-    void NoMoreAreReadThanADayCanShow();
+    void AtMostTenThousandNamesAreRead();
     void OnlyTheirSwitchesAddOldDateAndSeason_data();
     void OnlyTheirSwitchesAddOldDateAndSeason();
     void TheOldCalendarSays_data();
@@ -60,7 +60,7 @@ private Q_SLOTS:
     void TheOldCalendarComesLast();
 };
 
-void TstAnnouncedNames::TheDigitsOfTheWeekCodeAreExchangedOnPurpose() {
+void TstAnnouncedNames::TheDigitsOfTheWeekCodeAreSwappedOnPurpose() {
     QCOMPARE(AnnouncedWeekCode(QDate(1998, 10, 3)), 71);   // Saturday, week 1
     QCOMPARE(AnnouncedWeekCode(QDate(1998, 10, 12)), 22);  // second Monday
     QCOMPARE(AnnouncedWeekCode(QDate(1998, 10, 13)), 32);  // second Tuesday
@@ -107,14 +107,14 @@ void TstAnnouncedNames::AllThirtyFiveCodesOverAYear() {
     QSet<QString> announced;
     for (QDate day(2026, 1, 1); day.year() == 2026; day = day.addDays(1)) {
         const auto [week, weekday] = WeekAndWeekday(day);
-        // The code 10 * week + weekday is announced on the day whose weekday equals the code's week and whose
-        // week equals the code's weekday.
+        // The code 10 * week + weekday is announced on the day whose weekday number equals the code's week
+        // and whose week equals the code's weekday number.
         const QStringList expected =
             weekday <= 5 ? QStringList{QString::number(10 * weekday + week)} : QStringList();
         QCOMPARE(AnnouncedNames(database, day), expected);
         announced.unite(QSet<QString>(expected.begin(), expected.end()));
     }
-    QCOMPARE(announced.size(), 25);  // those on a Friday or a Saturday never are
+    QCOMPARE(announced.size(), 25);  // those for a Friday or a Saturday are never announced
 }
 
 void TstAnnouncedNames::CorrectedEachCodeOfEachMonthIsAnnouncedOnItsOwnDay() {
@@ -141,7 +141,7 @@ void TstAnnouncedNames::CorrectedEachCodeOfEachMonthIsAnnouncedOnItsOwnDay() {
         QCOMPARE(names, expected);
         announced.unite(QSet<QString>(names.begin(), names.end()));
     }
-    // Those of every month; of each month the first four of each weekday, and the fifth ones that it has.
+    // Those of every month, the first four of each weekday in each month, and the existing fifth ones.
     QCOMPARE(announced.size(), 35 + 12 * 28 + FifthWeekdays());
 }
 
@@ -161,7 +161,7 @@ void TstAnnouncedNames::NoOtherCorrectionChangesTheDay() {
     QCOMPARE(AnnouncedNames(database, QDate(2026, 11, 16), others), QStringList());
 }
 
-void TstAnnouncedNames::NoMoreAreReadThanADayCanShow() {
+void TstAnnouncedNames::AtMostTenThousandNamesAreRead() {
     const store::DayStore store;
     store.Raw(
         "WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 60001)"
@@ -192,8 +192,8 @@ void TstAnnouncedNames::TheOldCalendarSays_data() {
     QTest::newRow("a day between the terms")
         << QDate(2026, 2, 3) << QStringList{u"旧暦12月16日 先負"_s, u"節分"_s};
     QTest::newRow("the last known day") << QDate(2100, 12, 31) << QStringList{u"旧暦12月1日 赤口"_s};
-    QTest::newRow("behind it") << QDate(2101, 1, 5) << QStringList();
-    QTest::newRow("before the first one") << QDate(1899, 12, 22) << QStringList();
+    QTest::newRow("after the last known day") << QDate(2101, 1, 5) << QStringList();
+    QTest::newRow("before the first known day") << QDate(1899, 12, 22) << QStringList();
 }
 
 void TstAnnouncedNames::TheOldCalendarSays() {

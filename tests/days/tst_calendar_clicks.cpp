@@ -16,13 +16,13 @@ private Q_SLOTS:
     void AnArrowGoesOnWhileItIsHeld();
     void Navigation_data();
     void Navigation();
-    void ALimitIsTold();
+    void ALimitIsReported();
     void NothingReactsWhileABoxIsOpen();
     void MarkingByMouse();
-    void TheChosenModeIsNotChosenTwice();
-    void WhatIsOffWhileMarking();
-    void AFailedClickShowsWhatIsSo();
-    void TheQuestionOfTheDeletion();
+    void ChoosingTheCurrentModeDoesNothing();
+    void ActionsAreDisabledWhileMarking();
+    void AFailedClickShowsTheCurrentState();
+    void TheDeletionAsksFirst();
 };
 
 void TstCalendarClicks::ClickingADay() {
@@ -87,7 +87,7 @@ void TstCalendarClicks::Navigation() {
     QCOMPARE(bench.Heading(), u"1998年（平成10年）10月"_s);
 }
 
-void TstCalendarClicks::ALimitIsTold() {
+void TstCalendarClicks::ALimitIsReported() {
     CalendarWindowBench bench(QDate(2100, 12, 5));
     bench.Open();
     bench.Click(u"Command2"_s);
@@ -134,7 +134,7 @@ void TstCalendarClicks::MarkingByMouse() {
              (QStringList{u"Holiday 1998-10-05"_s, u"Halfday 1998-10-06"_s, u"Usuallyday 1998-10-11"_s}));
 }
 
-void TstCalendarClicks::TheChosenModeIsNotChosenTwice() {
+void TstCalendarClicks::ChoosingTheCurrentModeDoesNothing() {
     CalendarWindowBench bench(QDate(1998, 11, 15));
     bench.Open();
     bench.ClickMode(0);
@@ -145,7 +145,7 @@ void TstCalendarClicks::TheChosenModeIsNotChosenTwice() {
     QCOMPARE(bench.PressedDays(), (QList<int>{1, 3, 5, 8, 15, 22, 23, 29}));
 }
 
-void TstCalendarClicks::WhatIsOffWhileMarking() {
+void TstCalendarClicks::ActionsAreDisabledWhileMarking() {
     CalendarWindowBench bench;
     bench.Open();
     QCOMPARE(bench.Disabled(), QStringList());
@@ -163,7 +163,7 @@ void TstCalendarClicks::WhatIsOffWhileMarking() {
     QCOMPARE(bench.Disabled(), QStringList());
 }
 
-void TstCalendarClicks::AFailedClickShowsWhatIsSo() {
+void TstCalendarClicks::AFailedClickShowsTheCurrentState() {
     CalendarWindowBench bench(QDate(2100, 12, 5));
     bench.Open();
     bench.Click(u"Command2"_s);
@@ -180,7 +180,7 @@ void TstCalendarClicks::AFailedClickShowsWhatIsSo() {
     QCOMPARE(bench.Heading(), u"2100年（平成112年）12月"_s);
 }
 
-void TstCalendarClicks::TheQuestionOfTheDeletion() {
+void TstCalendarClicks::TheDeletionAsksFirst() {
     CalendarWindowBench bench;
     bench.store.Raw("INSERT INTO Holiday(Date) VALUES ('1998-10-05')");
     bench.Open();

@@ -16,7 +16,7 @@ private Q_SLOTS:
     void PageKeys();
     void EnterAndSpaceClick();
     void EscapeCloses();
-    void PagingByKeyKeepsTheKeysInTheGrid();
+    void PagingByKeyKeepsTheFocusInTheGrid();
     void Tab_data();
     void Tab();
 };
@@ -33,7 +33,7 @@ void TstCalendarKeys::ArrowKeys_data() {
     QTest::newRow("down") << QList<int>{down} << 10;
     QTest::newRow("up at the top") << QList<int>{up} << 3;
     QTest::newRow("left of the first") << QList<int>{left, left, left} << 1;
-    QTest::newRow("on to the next row and back") << QList<int>{right, right, left} << 4;
+    QTest::newRow("to the next row and back") << QList<int>{right, right, left} << 4;
     QTest::newRow("down to the last row") << QList<int>{down, down, down, down, down} << 31;
     QTest::newRow("right of the last") << QList<int>{down, down, down, down, right} << 31;
     QTest::newRow("down and up") << QList<int>{down, down, up} << 10;
@@ -96,7 +96,7 @@ void TstCalendarKeys::EscapeCloses() {
     QVERIFY(!bench.form->isVisible());
 }
 
-void TstCalendarKeys::PagingByKeyKeepsTheKeysInTheGrid() {
+void TstCalendarKeys::PagingByKeyKeepsTheFocusInTheGrid() {
     CalendarWindowBench bench(QDate(1999, 1, 31));
     bench.Open();
     bench.Key(Qt::Key_PageDown);
@@ -115,7 +115,7 @@ void TstCalendarKeys::Tab_data() {
                             u"Command6"_s};
     const QStringList panel{u"ListView1"_s, u"Command11"_s, u"Command9"_s, u"Command10"_s, u"Command12"_s};
     const QStringList ways{u"Command4"_s, u"Command1"_s, u"Command3"_s, u"Command2"_s, u"Command5"_s};
-    QTest::newRow("the hidden panel is passed over") << false << month + ways + month.mid(0, 1);
+    QTest::newRow("the hidden panel is skipped") << false << month + ways + month.mid(0, 1);
     QTest::newRow("panel open") << true << month + panel + ways + month.mid(0, 1);
 }
 

@@ -19,8 +19,8 @@ private Q_SLOTS:
     void CorrectedTheSelectedRowIsTheStoredOne();
     void EditingWithoutASelectionTakesTheRowBefore();
     void ARowChosenInOneWindowIsNotChosenInTheNext();
-    void WithoutTheBookItsButtonsAreOff();
-    void AListThatOutlivesTheWindowTellsItNothing();
+    void WithoutTheBookItsButtonsAreDisabled();
+    void AListThatOutlivesTheWindowDoesNotNotifyIt();
     void AddingDeletingSearching();
 };
 
@@ -142,7 +142,7 @@ void TstCalendarPanel::ARowChosenInOneWindowIsNotChosenInTheNext() {
     QCOMPARE(bench.asked, (QStringList{u"edit 1998-10-03 row 1"_s, u"edit 1998-10-03 row 0"_s}));
 }
 
-void TstCalendarPanel::WithoutTheBookItsButtonsAreOff() {
+void TstCalendarPanel::WithoutTheBookItsButtonsAreDisabled() {
     CalendarWindowBench bench;
     bench.book = {};
     bench.Open();
@@ -153,7 +153,7 @@ void TstCalendarPanel::WithoutTheBookItsButtonsAreOff() {
     QCOMPARE(bench.Disabled(), off);
 }
 
-void TstCalendarPanel::AListThatOutlivesTheWindowTellsItNothing() {
+void TstCalendarPanel::AListThatOutlivesTheWindowDoesNotNotifyIt() {
     CalendarWindowBench bench;
     bench.Open();
     bench.form.reset();

@@ -63,7 +63,7 @@ public:
         }
     }
 
-    /// False if the clicked day does not exist in the month reached with the arrows.
+    /// Returns false if the day of the clicked cell does not exist in the month reached with the arrows.
     bool Click(int cell) {
         ModelCell& clicked = cells.at(static_cast<std::size_t>(cell - 7));
         if (mode != 0) {
@@ -192,7 +192,7 @@ public:
 private:
     int From(int first, int last) { return m_random.bounded(first, last + 1); }
 
-    /// Mostly the same year, so that months are revisited; sometimes near the limits.
+    /// Mostly the same years, so that months are revisited; sometimes near the limits.
     void Open() {
         const int year = From(0, 9) == 0 ? 2100 : From(0, 8) == 0 ? 1926 : 1998;
         const int month = year == 2100 ? From(11, 12) : year == 1926 ? From(1, 2) : From(1, 12);

@@ -27,15 +27,15 @@ class TstCalendarWindow : public QObject {
 
 private Q_SLOTS:
     void Opening();
-    void EveryControlHasANameToSay();
-    void DaysAreSpokenOf();
+    void EveryControlHasAnAccessibleName();
+    void ScreenReadersGetTheNamesOfDays();
     void CellsOutsideTheMonthAreHidden();
     void ToolTipsAreNeverMarkup();
-    void OpeningAfterClosingBeginsAnew();
+    void ReopeningStartsAfresh();
     void OpeningAndClosingWriteNothing();
-    void ABrokenDatabaseKeepsItClosed();
-    void InAYearThatItDoesNotShowItOpensEmpty_data();
-    void InAYearThatItDoesNotShowItOpensEmpty();
+    void WithABrokenDatabaseItDoesNotOpen();
+    void InAnUnsupportedYearItOpensEmpty_data();
+    void InAnUnsupportedYearItOpensEmpty();
     void ItsBoxesBelongToTheWindow();
     void Help();
     void ColoursAreSeen_data();
@@ -70,7 +70,7 @@ void TstCalendarWindow::Opening() {
     QCOMPARE(bench.Find(u"Command16"_s).text(), u"ヘルプ"_s);
 }
 
-void TstCalendarWindow::EveryControlHasANameToSay() {
+void TstCalendarWindow::EveryControlHasAnAccessibleName() {
     CalendarWindowBench bench;
     bench.Open();
     const QString weekdays = u"日月火水木金土"_s;
@@ -97,7 +97,7 @@ void TstCalendarWindow::EveryControlHasANameToSay() {
     QCOMPARE(bench.Find(u"Command5"_s).accessibleName(), u"次の年"_s);
 }
 
-void TstCalendarWindow::DaysAreSpokenOf() {
+void TstCalendarWindow::ScreenReadersGetTheNamesOfDays() {
     CalendarWindowBench bench(QDate(1998, 11, 15));
     bench.store.Raw("INSERT INTO Halfday(Date) VALUES ('1998-11-05')");
     bench.Open();
@@ -115,7 +115,7 @@ void TstCalendarWindow::CellsOutsideTheMonthAreHidden() {
     }
     const QSize size = bench.form->size();
     bench.Click(u"Command2"_s);
-    QCOMPARE(bench.form->size(), size);  // whether the month has five rows or six
+    QCOMPARE(bench.form->size(), size);  // the same size for months of five and six rows
 }
 
 void TstCalendarWindow::ToolTipsAreNeverMarkup() {
@@ -127,7 +127,7 @@ void TstCalendarWindow::ToolTipsAreNeverMarkup() {
     QCOMPARE(bench.Cell(21).toolTip(), u"a & b"_s);
 }
 
-void TstCalendarWindow::OpeningAfterClosingBeginsAnew() {
+void TstCalendarWindow::ReopeningStartsAfresh() {
     CalendarWindowBench bench;
     bench.Open();
     bench.Click(u"Command6"_s);
@@ -161,14 +161,14 @@ void TstCalendarWindow::OpeningAndClosingWriteNothing() {
     QCOMPARE(watcher.Run("PRAGMA data_version"), before);
 }
 
-void TstCalendarWindow::ABrokenDatabaseKeepsItClosed() {
+void TstCalendarWindow::WithABrokenDatabaseItDoesNotOpen() {
     CalendarWindowBench bench;
     bench.store.Raw("ALTER TABLE Syukuzitu RENAME TO Gone");
     QVERIFY_THROWS_EXCEPTION(RunTimeError, bench.Open());
     QVERIFY(!bench.form->isVisible());
 }
 
-void TstCalendarWindow::InAYearThatItDoesNotShowItOpensEmpty_data() {
+void TstCalendarWindow::InAnUnsupportedYearItOpensEmpty_data() {
     QTest::addColumn<QDate>("today");
     QTest::addColumn<QString>("towards");
     QTest::addColumn<QString>("heading");
@@ -176,8 +176,8 @@ void TstCalendarWindow::InAYearThatItDoesNotShowItOpensEmpty_data() {
     QTest::newRow("too early") << QDate(1925, 5, 31) << u"Command5"_s << u"1926年（昭和1年）5月"_s;
 }
 
-/// With a wrong clock the window reports the problem, and the arrows lead to a supported month.
-void TstCalendarWindow::InAYearThatItDoesNotShowItOpensEmpty() {
+/// If the clock is wrong, the window reports it, and the arrows lead to a supported month.
+void TstCalendarWindow::InAnUnsupportedYearItOpensEmpty() {
     QFETCH(QDate, today);
     QFETCH(QString, towards);
     QFETCH(QString, heading);

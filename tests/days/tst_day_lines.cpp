@@ -23,7 +23,7 @@ std::vector<Anniversary> SomeRows() {
             {u"大晦日"_s, 0, 12, 31, 0}};
 }
 
-/// The days off of an independent computation, with those of no year before 1948.
+/// The days off of an independent computation, without years before 1948.
 QHash<QString, QString> DaysOffOfTheTable() {
     QHash<QString, QString> names;
     QFile table(QStringLiteral(TICKWELL_HOLIDAY_TABLE));
@@ -92,7 +92,7 @@ QString ModelLine(const ModelDay& day, const std::vector<Anniversary>& rows,
 
 }  // namespace
 
-/// The lines that tell about days.
+/// The lines that the program prints about days.
 class TstDayLines : public QObject {
     Q_OBJECT
 
@@ -100,7 +100,7 @@ private Q_SLOTS:
     void ALineTells_data();
     void ALineTells();
     void TheListWinsOverTheLawInItsYears();
-    void TheDaysAreThoseOfTheOldCalendar();
+    void TheRangeOfDaysIsThatOfTheOldCalendar();
     void EachDayIsLikeThePlainModel();
 };
 
@@ -117,7 +117,8 @@ void TstDayLines::ALineTells_data() {
     row("a substitute", QDate(2026, 5, 6), u"2026-05-06\t水\t振替休日\t2026-03-20\t仏滅\t\t"_s);
     row("a solar term on a day off", QDate(2026, 5, 5),
         u"2026-05-05\t火\tこどもの日\t2026-03-19\t先負\t立夏\t"_s);
-    row("a day between days off", QDate(2026, 9, 22), u"2026-09-22\t火\t国民の休日\t2026-08-12\t先勝\t\t"_s);
+    row("a working day between days off", QDate(2026, 9, 22),
+        u"2026-09-22\t火\t国民の休日\t2026-08-12\t先勝\t\t"_s);
     row("in a leap month", QDate(2025, 7, 25), u"2025-07-25\t金\t\t2025-06+-01\t赤口\t\t"_s);
     row("a solar term", QDate(2026, 2, 4), u"2026-02-04\t水\t\t2025-12-17\t仏滅\t立春\t"_s);
     row("a seasonal day", QDate(2026, 2, 3), u"2026-02-03\t火\t\t2025-12-16\t先負\t節分\t"_s);
@@ -142,7 +143,7 @@ void TstDayLines::TheListWinsOverTheLawInItsYears() {
     QCOMPARE(lines.LineOf(QDate(2026, 5, 6)).section(u'\t', 2, 2), QString());
 }
 
-void TstDayLines::TheDaysAreThoseOfTheOldCalendar() {
+void TstDayLines::TheRangeOfDaysIsThatOfTheOldCalendar() {
     const DayRange days = LinedDays();
     QVERIFY(OldDateOf(days.first) && OldDateOf(days.last));
     QVERIFY(!OldDateOf(days.first.addDays(-1)) && !OldDateOf(days.last.addDays(1)));

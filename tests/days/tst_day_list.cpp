@@ -58,17 +58,17 @@ private Q_SLOTS:
     void ListsTheAnniversariesOfADay();
     void LeavesOutNationalHolidays();
     void WritesItsCaptionsInEveryLocale();
-    void WithThePanelClosedOnlyTheRowsGo();
+    void WithThePanelClosedOnlyTheRowsAreCleared();
     void ADatabaseThatFailsLeavesNoRows();
     void ADayOfManyRowsIsListedInSlices();
-    void WhatIsListedMeanwhileEndsASlowListing();
-    void ALargeListReadsTheRowsThatAreAskedFor();
+    void ANewListingEndsASlowOne();
+    void ALargeListReadsOnlyTheRequestedRows();
     void ShowsWhatASearchFound();
-    void TheNextDayTakesTheFindsAway();
+    void TheNextDayReplacesTheSearchResults();
     void ListsTheThirdMondayOnItself();
     void EditingWithoutASelectionAddsTheFirstTime();
     void EditingWithoutASelectionUsesTheLastNumber();
-    void AddingPutsTheNumberBack();
+    void AddingResetsTheNumber();
     void TheNumberOutlivesTheRowsItWasTakenFrom();
     void ANumberBeyondTheListIsRefused();
 };
@@ -116,7 +116,7 @@ void TstDayList::WritesItsCaptionsInEveryLocale() {
     QLocale::setDefault(before);
 }
 
-void TstDayList::WithThePanelClosedOnlyTheRowsGo() {
+void TstDayList::WithThePanelClosedOnlyTheRowsAreCleared() {
     Bench bench;
     bench.database.Execute(Insert(u"a"_s, 0, 10, 0, 0));
     bench.database.Execute(Insert(u"b"_s, 0, 10, 3, 0));
@@ -144,13 +144,13 @@ void TstDayList::ADayOfManyRowsIsListedInSlices() {
     QCOMPARE(bench.list.Rows().Count(), 0);
     QCOMPARE(bench.list.Heading(), u"1998年10月3日の記念日"_s);
     QCOMPARE(bench.list.CountText(), u"読み込んでいます"_s);
-    bench.store.Raw("DELETE FROM Kinenbi WHERE id = 1");  // which restarts the search
+    bench.store.Raw("DELETE FROM Kinenbi WHERE id = 1");  // this restarts the search
     bench.Finish();
     QCOMPARE(bench.list.CountText(), u"ﾃﾞｰﾀ件数 69999件"_s);
     QCOMPARE(bench.list.Rows().Read(0)->name, u"n2"_s);
 }
 
-void TstDayList::WhatIsListedMeanwhileEndsASlowListing() {
+void TstDayList::ANewListingEndsASlowOne() {
     Bench bench;
     bench.AddMany();
     bench.ListDay(kThirdOfOctober);
@@ -163,7 +163,7 @@ void TstDayList::WhatIsListedMeanwhileEndsASlowListing() {
     QVERIFY(!bench.list.IsListing());
 }
 
-void TstDayList::ALargeListReadsTheRowsThatAreAskedFor() {
+void TstDayList::ALargeListReadsOnlyTheRequestedRows() {
     Bench bench;
     bench.AddMany();
     bench.ListDay(kThirdOfOctober);
@@ -191,7 +191,7 @@ void TstDayList::ShowsWhatASearchFound() {
     QCOMPARE(bench.changes, 1);
 }
 
-void TstDayList::TheNextDayTakesTheFindsAway() {
+void TstDayList::TheNextDayReplacesTheSearchResults() {
     Bench bench;
     bench.list.ListFound(QList<DayListRow>{{u"a"_s, u"毎"_s, u"毎"_s, u"1"_s, QString()}}, 1);
     bench.ListDay(kThirdOfOctober);
@@ -225,7 +225,7 @@ void TstDayList::EditingWithoutASelectionUsesTheLastNumber() {
     QCOMPARE(list.ChosenRow()->name, u"b"_s);
 }
 
-void TstDayList::AddingPutsTheNumberBack() {
+void TstDayList::AddingResetsTheNumber() {
     DayList list;
     list.ListFound(QList<DayListRow>{{u"a"_s, {}, {}, {}, {}}}, 1);
     list.ChooseRow(0);

@@ -34,16 +34,16 @@ struct Bench {
 
 }  // namespace
 
-/// The model of the day list, queried like a view does.
+/// The model of the day list, queried as by a view.
 class TstDayListModel : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
     void HasFiveColumns();
     void ShowsTheTextsOfItsRows();
-    void PutsThePictureBeforeTheNameAlone();
-    void TakesOtherRowsAtOnce();
-    void HasTheNameAloneIfThatIsAskedFor();
+    void OnlyTheNameHasAPicture();
+    void ShowsReplacedRowsAtOnce();
+    void CanShowOnlyTheName();
     void ARowThatCannotBeReadSaysSo();
     void FindsATypedNameAmongTheNextRows();
 };
@@ -71,14 +71,14 @@ void TstDayListModel::ShowsTheTextsOfItsRows() {
     QCOMPARE(shown, QStringList({u"例会"_s, u"1998"_s, u"毎"_s, QString(), u"第2週月"_s}));
 }
 
-void TstDayListModel::PutsThePictureBeforeTheNameAlone() {
+void TstDayListModel::OnlyTheNameHasAPicture() {
     DayListModel model(u"picture"_s, DayListModel::Columns::All, nullptr);
     model.SetRows(QList<DayListRow>{{u"a"_s, u"毎"_s, u"10"_s, u"3"_s, QString()}});
     QCOMPARE(model.index(0, 0).data(Qt::DecorationRole), QVariant(u"picture"_s));
     QVERIFY(!model.index(0, 1).data(Qt::DecorationRole).isValid());
 }
 
-void TstDayListModel::TakesOtherRowsAtOnce() {
+void TstDayListModel::ShowsReplacedRowsAtOnce() {
     DayListModel model(QVariant(), DayListModel::Columns::All, nullptr);
     const QAbstractItemModelTester tester(&model, QAbstractItemModelTester::FailureReportingMode::QtTest);
     const QSignalSpy resets(&model, &QAbstractItemModel::modelReset);
@@ -88,7 +88,7 @@ void TstDayListModel::TakesOtherRowsAtOnce() {
     QCOMPARE(resets.count(), 2);
 }
 
-void TstDayListModel::HasTheNameAloneIfThatIsAskedFor() {
+void TstDayListModel::CanShowOnlyTheName() {
     DayListModel model(QVariant(), DayListModel::Columns::Name, nullptr);
     model.SetRows(QList<DayListRow>{{u"a"_s, u"毎"_s, u"10"_s, u"3"_s, QString()}});
     QCOMPARE(model.columnCount(), 1);

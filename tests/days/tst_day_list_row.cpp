@@ -28,9 +28,9 @@ private Q_SLOTS:
     void ReadsNumbersBack();
     void ReadsWeeksBack_data();
     void ReadsWeeksBack();
-    void EveryWeekCodeComesBackWithItsDigitsExchanged();
-    void RefusesWhatIsNoNumber_data();
-    void RefusesWhatIsNoNumber();
+    void EveryWeekCodeComesBackWithItsDigitsSwapped();
+    void RefusesTextsThatAreNoNumbers_data();
+    void RefusesTextsThatAreNoNumbers();
     void ReadsAWholeRowBack();
     void KeepsTheStoredValues_data();
     void KeepsTheStoredValues();
@@ -63,7 +63,7 @@ void TstDayListRow::ShowsARow_data() {
                                 << DayListRow{u"a"_s, u"毎"_s, u"毎"_s, QString(), u"第2週土"_s};
     QTest::newRow("one digit") << Anniversary{u"a"_s, 0, 0, 0, 5}
                                << DayListRow{u"a"_s, u"毎"_s, u"毎"_s, QString(), u"第5週木"_s};
-    QTest::newRow("units 8 and 9 begin the week again")
+    QTest::newRow("units 8 and 9 start over at Sunday")
         << Anniversary{u"a"_s, 0, 13, 99, 19} << DayListRow{u"a"_s, u"毎"_s, u"13"_s, u"99"_s, u"第1週月"_s};
 }
 
@@ -115,7 +115,7 @@ void TstDayListRow::ReadsWeeksBack() {
     QTEST(WeekOfListText(text), "code");
 }
 
-void TstDayListRow::EveryWeekCodeComesBackWithItsDigitsExchanged() {
+void TstDayListRow::EveryWeekCodeComesBackWithItsDigitsSwapped() {
     int same = 0;
     for (int week = 1; week <= 5; ++week) {
         for (int weekday = 1; weekday <= 7; ++weekday) {
@@ -129,7 +129,7 @@ void TstDayListRow::EveryWeekCodeComesBackWithItsDigitsExchanged() {
     QCOMPARE(same, 5);
 }
 
-void TstDayListRow::RefusesWhatIsNoNumber_data() {
+void TstDayListRow::RefusesTextsThatAreNoNumbers_data() {
     QTest::addColumn<DayListRow>("row");
 
     QTest::newRow("year") << DayListRow{u"a"_s, u"毎年"_s, u"1"_s, u"1"_s, QString()};
@@ -139,7 +139,7 @@ void TstDayListRow::RefusesWhatIsNoNumber_data() {
     QTest::newRow("ordinal") << DayListRow{u"a"_s, u"1"_s, u"1"_s, u"1"_s, u"第-週日"_s};
 }
 
-void TstDayListRow::RefusesWhatIsNoNumber() {
+void TstDayListRow::RefusesTextsThatAreNoNumbers() {
     QFETCH(DayListRow, row);
     QVERIFY_THROWS_EXCEPTION(TypeMismatchError, AnniversaryOf(row));
 }
@@ -151,7 +151,7 @@ void TstDayListRow::ReadsAWholeRowBack() {
 
 void TstDayListRow::KeepsTheStoredValues_data() {
     QTest::addColumn<Anniversary>("stored");
-    QTest::addColumn<qint32>("parsed");  // the week that the text says; -1: it cannot be parsed
+    QTest::addColumn<qint32>("parsed");  // the week parsed from the text; -1: it cannot be parsed
 
     const auto row = [](const char* label, const Anniversary& stored, qint32 parsed) {
         QTest::newRow(label) << stored << parsed;

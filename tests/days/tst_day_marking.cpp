@@ -40,10 +40,10 @@ private Q_SLOTS:
     void Stored();
     void Toggled_data();
     void Toggled();
-    void ASaturdayMadeRedAndTakenBackIsOrdinary();
+    void ASaturdayMadeRedAndBackIsOrdinary();
     void TheMonthIsDeletedFirstAndThenWrittenByDays();
-    void AMonthWithoutMarksIsDeletedAlone();
-    void AnotherMonthIsReadOffTheSameGrid();
+    void AMonthWithoutMarksIsOnlyDeleted();
+    void AnotherMonthIsReadFromTheSameGrid();
     void DeletionsOfAMonth();
     void DeletionsUpToADay();
 };
@@ -105,7 +105,7 @@ void TstDayMarking::Toggled() {
     QTEST(ToggledColor(mode, from), "to");
 }
 
-void TstDayMarking::ASaturdayMadeRedAndTakenBackIsOrdinary() {
+void TstDayMarking::ASaturdayMadeRedAndBackIsOrdinary() {
     DayColor color = DayColor::Blue;
     color = ToggledColor(CalendarMode::Holidays, color);
     color = ToggledColor(CalendarMode::Holidays, color);
@@ -127,15 +127,16 @@ void TstDayMarking::TheMonthIsDeletedFirstAndThenWrittenByDays() {
     QCOMPARE(MonthStatements(October(), ShapeOf(QDate(1998, 10, 1))), expected);
 }
 
-void TstDayMarking::AMonthWithoutMarksIsDeletedAlone() {
+void TstDayMarking::AMonthWithoutMarksIsOnlyDeleted() {
     MonthGrid grid;
     const MonthShape june = ShapeOf(QDate(1998, 6, 1));
     FillGrid(grid, june, {}, QDate(1998, 10, 3));
     QCOMPARE(MonthStatements(grid, june), MonthDeletions(june));
 }
 
-/// Once the arrows have left the supported years, the old month's colours apply to other days.
-void TstDayMarking::AnotherMonthIsReadOffTheSameGrid() {
+/// After the arrows have left the supported years, the old month's colours apply to the days of another
+/// month.
+void TstDayMarking::AnotherMonthIsReadFromTheSameGrid() {
     const MonthShape next = ShapeOf(QDate(1998, 11, 1));  // begins on a Sunday: cell 7 is the 1st
     const QStringList statements = MonthStatements(October(), next);
     const QStringList expected{

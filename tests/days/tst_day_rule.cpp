@@ -66,7 +66,7 @@ void TstDayRule::CodesTheWeek_data() {
     QTest::newRow("the 29th is week 5") << QDate(1998, 11, 29) << 51;
     QTest::newRow("the 30th is week 5") << QDate(1998, 11, 30) << 52;
     QTest::newRow("the 31st is week 5") << QDate(1998, 12, 31) << 55;
-    // By rows of the calendar it would be the third.
+    // Counted by the rows of the calendar it would be the third.
     QTest::newRow("second Tuesday in a month that begins on Wednesday") << QDate(2026, 7, 14) << 23;
 }
 

@@ -9,7 +9,7 @@ using namespace tickwell::days;
 
 namespace {
 
-constexpr double kReadable = 3;  // the minimum contrast of a legible coloured number
+constexpr double kReadable = 3;  // the contrast from which a coloured number is legible
 
 double Part(double value) {
     return value <= 0.04045 ? value / 12.92 : std::pow((value + 0.055) / 1.055, 2.4);

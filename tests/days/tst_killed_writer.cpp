@@ -18,10 +18,10 @@ namespace {
 constexpr quint32 kSeed = 0xD1E;
 constexpr int kKills = 200;
 constexpr int kLongestLife = 25'000;   // microseconds
-constexpr int kKillsPerEarlyKill = 4;  // one of them does not wait for the first output
+constexpr int kKillsPerEarlyKill = 4;  // one of them is killed without waiting for the first output
 constexpr int kStartTimeout = 30'000;  // ms
 
-/// The number of lines printed by a writer before it was killed, the last number, and the year of the last
+/// What a writer printed before it was killed: the number of lines, the last number, and the year of the last
 /// complete month.
 struct Told {
     int count = 0;
@@ -78,13 +78,13 @@ QStringList StoredMarks(const store::DayStore& store) {
 }  // namespace
 
 /// A writer is killed at random moments, repeatedly and on the same file. Everything that it reported as
-/// stored exists.
+/// stored must be there.
 class TstKilledWriter : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void WhatWasSaidIsThere();
-    void AMonthOfMarksIsWhollyOldOrWhollyNew();
+    void ReportedRowsAreStored();
+    void AMonthOfMarksIsEntirelyOldOrNew();
 
 private:
     void CheckStore(const store::DayStore& store, const Told& told);
@@ -111,13 +111,14 @@ void TstKilledWriter::CheckStore(const store::DayStore& store, const Told& told)
     }
 }
 
-void TstKilledWriter::WhatWasSaidIsThere() {
+void TstKilledWriter::ReportedRowsAreStored() {
     qInfo("seed %u", kSeed);
     const store::DayStore store;
     QRandomGenerator random(kSeed);
     Told told;
     for (int i = 0; i < kKills; ++i) {
-        told.lastNumber = store.Raw("SELECT count(*) FROM Kinenbi")[0].toInt();  // one may be unreported
+        // The last row may be stored but not reported.
+        told.lastNumber = store.Raw("SELECT count(*) FROM Kinenbi")[0].toInt();
         const int next = told.lastNumber + 1;
         told = ToldIn(Killed({store.Path(), QString::number(next)}, i % kKillsPerEarlyKill != 0,
                              std::chrono::microseconds(random.bounded(kLongestLife))),
@@ -129,14 +130,14 @@ void TstKilledWriter::WhatWasSaidIsThere() {
         const store::DayDatabase opens(store.Path());
     }
     qInfo("%d rows and months were stored", told.count);
-    QVERIFY(told.count > kKills / 2);  // three of four waited for output
+    QVERIFY(told.count > kKills / 2);  // three of four writers were given time for output
 }
 
-void TstKilledWriter::AMonthOfMarksIsWhollyOldOrWhollyNew() {
+void TstKilledWriter::AMonthOfMarksIsEntirelyOldOrNew() {
     qInfo("seed %u", kSeed);
     const store::DayStore store;
     QRandomGenerator random(kSeed);
-    int number = 0;  // of the month that is stored; 0: none yet
+    int number = 0;  // the version of the stored month; 0: none yet
     int months = 0;
     int unsaid = 0;
     for (int i = 0; i < kKills; ++i) {

@@ -14,7 +14,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// A program folder, and files for it.
+/// A program folder, in which the test also puts the lists to be imported.
 struct Bench {
     QTemporaryDir dir;
     HolidayListFile list{ProgramFolder(dir.path())};
@@ -62,12 +62,12 @@ class TstLawHolidays : public QObject {
 private Q_SLOTS:
     void AMonthByLaw();
     void ADayIsAnnouncedByItsName();
-    void TheOfficialListIsKeptAsItIs();
-    void AKeptListIsReadAtTheNextStart();
+    void TheOfficialListIsStoredUnchanged();
+    void AStoredListIsReadAtTheNextStart();
     void ARefusedListChangesNothing();
-    void ADamagedKeptListIsIgnored();
+    void ADamagedStoredListIsIgnored();
     void ALongReportEndsAfterTenLines();
-    void WhatCannotBeReadOrStoredIsTold();
+    void FilesThatCannotBeReadOrStoredAreReported();
 };
 
 void TstLawHolidays::AMonthByLaw() {
@@ -87,7 +87,7 @@ void TstLawHolidays::ADayIsAnnouncedByItsName() {
     QCOMPARE(bench.holidays.NamesOn(QDate(2026, 5, 7)), QStringList());
 }
 
-void TstLawHolidays::TheOfficialListIsKeptAsItIs() {
+void TstLawHolidays::TheOfficialListIsStoredUnchanged() {
     Bench bench;
     QCOMPARE(bench.list.StatusText(), QString::fromUtf16(kNone));
     QVERIFY(!bench.list.IsKept());
@@ -105,10 +105,10 @@ void TstLawHolidays::TheOfficialListIsKeptAsItIs() {
     QCOMPARE(bench.list.StatusText(), QString::fromUtf16(kNone));
     QCOMPARE(bench.Names(QDate(2019, 10, 1)),
              (QStringList{u"14 体育の日"_s, u"22 即位礼正殿の儀の行われる日"_s}));
-    bench.list.Remove();  // there is nothing to remove any more
+    bench.list.Remove();  // there is nothing left to remove
 }
 
-void TstLawHolidays::AKeptListIsReadAtTheNextStart() {
+void TstLawHolidays::AStoredListIsReadAtTheNextStart() {
     const Bench bench;
     const QByteArray moved = OfficialList().replace("2026/5/6,", "2026/5/7,");
     QVERIFY(!bench.Put(u"Syukujitsu.csv"_s, moved).isEmpty());
@@ -126,7 +126,7 @@ void TstLawHolidays::ARefusedListChangesNothing() {
     QCOMPARE(bench.list.StatusText(), u"内閣府の祝日データ：1955年～2027年（1067日）"_s);
 }
 
-void TstLawHolidays::ADamagedKeptListIsIgnored() {
+void TstLawHolidays::ADamagedStoredListIsIgnored() {
     Bench bench;
     bench.Put(u"Syukujitsu.csv"_s, OfficialList().replace("1955/11/3,", "1955/13/3,"));
     QTest::ignoreMessage(QtWarningMsg, QRegularExpression(u"Syukujitsu.csv is ignored"_s));
@@ -150,7 +150,7 @@ void TstLawHolidays::ALongReportEndsAfterTenLines() {
     QCOMPARE(report.constLast(), u"ほか14か所"_s);
 }
 
-void TstLawHolidays::WhatCannotBeReadOrStoredIsTold() {
+void TstLawHolidays::FilesThatCannotBeReadOrStoredAreReported() {
     Bench bench;
     QVERIFY(bench.ReasonToRefuse(bench.dir.path()).startsWith(u"祝日データを読み込めません。\r\n"_s));
     QVERIFY(

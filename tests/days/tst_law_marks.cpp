@@ -11,7 +11,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// A calendar whose days off are those of the law, on 1 May 2026: 3 (Sunday) to 6 are off.
+/// A calendar with the days off of the law, on 1 May 2026: the 3rd (a Sunday) to the 6th are off.
 struct LawBench : CalendarBench {
     QTemporaryDir dir;
     HolidayListFile list{ProgramFolder(dir.path())};
@@ -44,9 +44,9 @@ class TstLawMarks : public QObject {
 
 private Q_SLOTS:
     void DaysOffAreRedAndNamed();
-    void LeavingAModeStoresNothingOfTheLaw();
+    void LeavingAModeDoesNotStoreTheLawsDays();
     void OnlyDifferencesAreStored();
-    void MarksOfTheTableThatTheLawMakesNeedlessGo();
+    void MarksMadeNeedlessByTheLawAreDeleted();
     void TheUsersMarksWin();
 };
 
@@ -62,7 +62,7 @@ void TstLawMarks::DaysOffAreRedAndNamed() {
     QCOMPARE(SpokenName(bench.byLaw.Grid(), 17), u"2026年5月6日 水曜日、振替休日"_s);
 }
 
-void TstLawMarks::LeavingAModeStoresNothingOfTheLaw() {
+void TstLawMarks::LeavingAModeDoesNotStoreTheLawsDays() {
     LawBench bench;
     bench.Mark(CalendarMode::Holidays, {});
     bench.Mark(CalendarMode::Halfdays, {});
@@ -79,13 +79,13 @@ void TstLawMarks::OnlyDifferencesAreStored() {
              (QStringList{u"Holiday 2026-05-07"_s, u"Holiday 2026-05-16"_s, u"Halfday 2026-05-05"_s,
                           u"Halfday 2026-05-08"_s, u"Usuallyday 2026-05-06"_s, u"Usuallyday 2026-05-09"_s,
                           u"Usuallyday 2026-05-10"_s}));
-    bench.Mark(CalendarMode::Holidays, {6, 7, 10});  // all back
+    bench.Mark(CalendarMode::Holidays, {6, 7, 10});  // all toggled back
     bench.Mark(CalendarMode::Holidays, {16, 5});
     bench.Mark(CalendarMode::Halfdays, {8, 9, 16});
     QCOMPARE(bench.Marks(), QStringList());
 }
 
-void TstLawMarks::MarksOfTheTableThatTheLawMakesNeedlessGo() {
+void TstLawMarks::MarksMadeNeedlessByTheLawAreDeleted() {
     LawBench bench;
     bench.store.Raw("INSERT INTO Holiday(Date) VALUES ('2026-05-04'),('2026-05-12')");
     bench.byLaw.BuildMonth(2026, 5);

@@ -7,17 +7,17 @@ using namespace Qt::StringLiterals;
 using namespace tickwell;
 using namespace tickwell::days;
 
-/// Deleting the marks of a month, or all up to its end.
+/// Deleting the marks of a month, or all marks up to its end.
 class TstMarkDeletion : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
     void Deleting_data();
     void Deleting();
-    void DeletingBeyondTheLastMonthSaysSoAfterwards();
+    void DeletingBeyondTheLastMonthIsReportedAfterwards();
     void AnAnswerThatComesTooLateDeletesNothing();
-    void ADeletionDuringACompactionSaysSo();
-    void AFailingDeletionIsReportedAndKeepsAll();
+    void ADeletionDuringACompactionIsRefused();
+    void AFailedDeletionIsReportedAndDeletesNothing();
 };
 
 void TstMarkDeletion::Deleting_data() {
@@ -31,8 +31,8 @@ void TstMarkDeletion::Deleting_data() {
     const QString later = u"Usuallyday 1999-10-04"_s;
     const QString yearBefore = u"Usuallyday 1997-12-31"_s;
     QTest::newRow("all up to the month's end") << MessageAnswer::Yes << QStringList{november, later};
-    QTest::newRow("the month alone") << MessageAnswer::No
-                                     << QStringList{september, november, longAgo, later, yearBefore};
+    QTest::newRow("only the month") << MessageAnswer::No
+                                    << QStringList{september, november, longAgo, later, yearBefore};
     QTest::newRow("nothing") << MessageAnswer::Cancel
                              << QStringList{september, october1, november,  october31,
                                             longAgo,   later,    yearBefore};
@@ -64,7 +64,7 @@ void TstMarkDeletion::Deleting() {
     QCOMPARE(bench.calendar.SelectedDate(), QDate(1998, 10, 20));
 }
 
-void TstMarkDeletion::DeletingBeyondTheLastMonthSaysSoAfterwards() {
+void TstMarkDeletion::DeletingBeyondTheLastMonthIsReportedAfterwards() {
     CalendarBench bench(QDate(2100, 12, 5));
     bench.store.Raw("INSERT INTO Holiday(Date) VALUES ('2100-12-10'),('2101-01-10')");
     bench.calendar.Load();
@@ -95,12 +95,12 @@ void TstMarkDeletion::AnAnswerThatComesTooLateDeletesNothing() {
     QCOMPARE(bench.Marks().size(), 1);
     bench.calendar.Load();
     bench.calendar.DeleteMarks();
-    bench.dayDatabase.Close();  // as when the program is closing
+    bench.dayDatabase.Close();  // as at the end of the program
     bench.boxes.Pick(MessageAnswer::Cancel);
     QVERIFY(bench.boxes.Shown().isEmpty());
 }
 
-void TstMarkDeletion::ADeletionDuringACompactionSaysSo() {
+void TstMarkDeletion::ADeletionDuringACompactionIsRefused() {
     CalendarBench bench;
     bench.calendar.Load();
     bench.calendar.DeleteMarks();
@@ -111,7 +111,7 @@ void TstMarkDeletion::ADeletionDuringACompactionSaysSo() {
     QVERIFY(bench.boxes.Shown().constFirst().text.contains(u"データベースの最適化中です。"_s));
 }
 
-void TstMarkDeletion::AFailingDeletionIsReportedAndKeepsAll() {
+void TstMarkDeletion::AFailedDeletionIsReportedAndDeletesNothing() {
     CalendarBench bench;
     bench.store.Raw(
         "INSERT INTO Holiday(Date) VALUES ('1998-10-15'); INSERT INTO Usuallyday(Date) VALUES "

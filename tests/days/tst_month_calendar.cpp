@@ -22,14 +22,15 @@ QList<int> PressedDays(const CalendarBench& bench) {
     return days;
 }
 
-/// Differs after another connection has changed the file.
+/// Changes when another connection writes to the file.
 QStringList VersionOf(store::RawConnection& watcher) {
     return watcher.Run("PRAGMA data_version");
 }
 
 }  // namespace
 
-/// Navigation, limits, selected day and panel; tst_month_marks and tst_mark_deletion test the marks.
+/// Navigation, limits, the selected day and the panel. Marks have their own tests: tst_month_marks and
+/// tst_mark_deletion.
 class TstMonthCalendar : public QObject {
     Q_OBJECT
 
@@ -43,14 +44,14 @@ private Q_SLOTS:
     void TodayFollowsTheClock();
     void Limits_data();
     void Limits();
-    void OneStepBackIsAMonthAgain();
+    void OneStepBackShowsAMonthAgain();
     void TheOtherArrowsStepMayStillBeTooFar();
-    void ARefusedBuildLeavesTheReadyFlag();
-    void EveryRefusedStepIsTold();
+    void ARefusedMonthLeavesTheReadyFlag();
+    void EveryRefusedStepIsReported();
     void ClickingSelects();
     void ClickingTodayKeepsItPressed();
     void PagingReleasesTheSelection();
-    void WeekdayNamesAreNoDays();
+    void WeekdayNamesCannotBeClicked();
     void NothingIsClickedBeforeTheFirstMonth();
     void BeyondTheLastMonthTheOldDaysAreThoseOfTheNewMonth();
     void ADayThatTheMonthBeyondLacksIsAnError();
@@ -58,8 +59,8 @@ private Q_SLOTS:
     void AClosedPanelKeepsItsCaptions();
     void ABrokenDatabaseLeavesTheMonth();
     void AClosedDatabaseIsAnError();
-    void OddNamesAreShownAsTheyStand();
-    void ElevenActionsAreOffWhileMarking();
+    void UnusualNamesAreShownUnchanged();
+    void ElevenActionsAreDisabledWhileMarking();
 };
 
 void TstMonthCalendar::Loading() {
@@ -150,16 +151,16 @@ void TstMonthCalendar::TodayFollowsTheClock() {
 void TstMonthCalendar::Limits_data() {
     QTest::addColumn<QDate>("today");
     QTest::addColumn<int>("months");
-    QTest::addColumn<QString>("heading");  // afterwards
+    QTest::addColumn<QString>("heading");  // after the step
     QTest::addColumn<QString>("told");
     const QString last = u"2100年（平成112年）12月"_s;
     const QString first = u"1926年（昭和1年）1月"_s;
     QTest::newRow("2100 is shown") << QDate(2100, 11, 5) << 1 << last << QString();
     QTest::newRow("2101 is not") << QDate(2100, 12, 5) << 1 << last << kTooLate.text;
-    QTest::newRow("nor a year on") << QDate(2100, 12, 5) << 12 << last << kTooLate.text;
+    QTest::newRow("nor is a year later") << QDate(2100, 12, 5) << 12 << last << kTooLate.text;
     QTest::newRow("1926 is shown") << QDate(1926, 2, 5) << -1 << first << QString();
     QTest::newRow("1925 is not") << QDate(1926, 1, 5) << -1 << first << kTooEarly.text;
-    QTest::newRow("nor a year back") << QDate(1926, 1, 5) << -12 << first << kTooEarly.text;
+    QTest::newRow("nor is a year earlier") << QDate(1926, 1, 5) << -12 << first << kTooEarly.text;
 }
 
 void TstMonthCalendar::Limits() {
@@ -181,7 +182,7 @@ void TstMonthCalendar::Limits() {
     }
 }
 
-void TstMonthCalendar::OneStepBackIsAMonthAgain() {
+void TstMonthCalendar::OneStepBackShowsAMonthAgain() {
     CalendarBench bench(QDate(2100, 12, 5));
     bench.calendar.Load();
     bench.calendar.GoBy(1);
@@ -202,7 +203,7 @@ void TstMonthCalendar::TheOtherArrowsStepMayStillBeTooFar() {
     QCOMPARE(bench.calendar.Grid().heading, u"2100年（平成112年）11月"_s);
 }
 
-void TstMonthCalendar::ARefusedBuildLeavesTheReadyFlag() {
+void TstMonthCalendar::ARefusedMonthLeavesTheReadyFlag() {
     CalendarBench unready;
     unready.calendar.BuildMonth(2101, 1);
     QVERIFY(!unready.calendar.IsReady());
@@ -215,7 +216,7 @@ void TstMonthCalendar::ARefusedBuildLeavesTheReadyFlag() {
     QCOMPARE(unready.boxes.Shown(), (QList<Message>{kTooLate, kTooEarly, kTooLate}));
 }
 
-void TstMonthCalendar::EveryRefusedStepIsTold() {
+void TstMonthCalendar::EveryRefusedStepIsReported() {
     CalendarBench bench(QDate(1926, 1, 5));
     bench.calendar.Load();
     for (int step = 0; step < 3; ++step) {
@@ -255,7 +256,7 @@ void TstMonthCalendar::PagingReleasesTheSelection() {
     QCOMPARE(bench.calendar.SelectedDate(), QDate(1998, 10, 20));
 }
 
-void TstMonthCalendar::WeekdayNamesAreNoDays() {
+void TstMonthCalendar::WeekdayNamesCannotBeClicked() {
     CalendarBench bench;
     bench.calendar.Load();
     for (const CalendarMode mode : {CalendarMode::Normal, CalendarMode::Holidays, CalendarMode::Halfdays}) {
@@ -348,7 +349,7 @@ void TstMonthCalendar::AClosedDatabaseIsAnError() {
     QVERIFY_THROWS_EXCEPTION(RunTimeError, bench.calendar.Load());
 }
 
-void TstMonthCalendar::OddNamesAreShownAsTheyStand() {
+void TstMonthCalendar::UnusualNamesAreShownUnchanged() {
     CalendarBench bench;
     bench.store.Raw("INSERT INTO Syukuzitu(Name,Month,Day) VALUES ('<b>&amp;\"日', 10, 20), ('', 10, 21)");
     bench.calendar.Load();
@@ -357,7 +358,7 @@ void TstMonthCalendar::OddNamesAreShownAsTheyStand() {
     QCOMPARE(bench.Day(21).toolTip, QString());
 }
 
-void TstMonthCalendar::ElevenActionsAreOffWhileMarking() {
+void TstMonthCalendar::ElevenActionsAreDisabledWhileMarking() {
     CalendarBench bench;
     bench.calendar.Load();
     for (int index = 0; index < kCalendarActions; ++index) {

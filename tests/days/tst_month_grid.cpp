@@ -13,7 +13,7 @@ namespace {
 
 const QDate kElsewhere(2200, 1, 1);
 
-/// The rows of the table with their substitutes.
+/// The rows with their substitute holidays by the rule of the table.
 MonthRows WithTableRule(QDate month, MonthRows rows) {
     rows.holidays = WithSubstitutes(ShapeOf(month), rows.holidays);
     return rows;
@@ -64,17 +64,17 @@ private Q_SLOTS:
     void AHolidayOnASundayIsMadeUpForOnMonday();
     void TheLastRowNamesTheMonday_data();
     void TheLastRowNamesTheMonday();
-    void ASubstituteDoesNotGoOnToTheNextDay();
+    void ASubstituteIsNotMovedToTheDayAfter();
     void ASubstituteDoesNotLeaveTheMonth();
-    void DaysThatTheMonthLacksDoNotShow_data();
-    void DaysThatTheMonthLacksDoNotShow();
+    void DaysThatTheMonthDoesNotHaveAreNotShown_data();
+    void DaysThatTheMonthDoesNotHaveAreNotShown();
     void Precedence_data();
     void Precedence();
     void AMarkOnASundayHasNoSubstitute();
     void AHalfdayLooksLikeASaturday();
     void AnOrdinaryDayKeepsTheHolidaysName();
-    void OnlyTodayComesOutPressed();
-    void NothingOfTheMonthBeforeIsLeft();
+    void OnlyTodayIsPressed();
+    void NothingOfThePreviousMonthIsLeft();
     void SpokenNames_data();
     void SpokenNames();
 };
@@ -85,9 +85,9 @@ void TstMonthGrid::Heading_data() {
     QTest::addColumn<QString>("text");
     QTest::newRow("the first") << 1926 << 1 << u"1926年（昭和1年）1月"_s;
     QTest::newRow("before the new era") << 1988 << 12 << u"1988年（昭和63年）12月"_s;
-    QTest::newRow("its first week belongs to it already") << 1989 << 1 << u"1989年（平成元年）1月"_s;
-    QTest::newRow("its first year is whole") << 1989 << 12 << u"1989年（平成元年）12月"_s;
-    QTest::newRow("its second") << 1990 << 1 << u"1990年（平成2年）1月"_s;
+    QTest::newRow("the first month of the new era") << 1989 << 1 << u"1989年（平成元年）1月"_s;
+    QTest::newRow("the end of its first year") << 1989 << 12 << u"1989年（平成元年）12月"_s;
+    QTest::newRow("its second year") << 1990 << 1 << u"1990年（平成2年）1月"_s;
     QTest::newRow("two digits") << 1998 << 10 << u"1998年（平成10年）10月"_s;
     QTest::newRow("no later era") << 2019 << 5 << u"2019年（平成31年）5月"_s;
     QTest::newRow("the last") << 2100 << 12 << u"2100年（平成112年）12月"_s;
@@ -138,7 +138,7 @@ void TstMonthGrid::Place() {
 
 void TstMonthGrid::ColoursByColumn() {
     const MonthGrid grid = GridOf(QDate(1998, 10, 1));
-    for (int cell = 7; cell < 49; ++cell) {  // including hidden ones
+    for (int cell = 7; cell < 49; ++cell) {  // hidden cells included
         const int expected = cell % 7 == 0 ? 0xFF : cell % 7 == 6 ? 0xFF0000 : 0;
         QCOMPARE(static_cast<int>(grid.At(cell).color), expected);
     }
@@ -187,7 +187,7 @@ void TstMonthGrid::TheLastRowNamesTheMonday() {
     QCOMPARE(Day(grid, 3).toolTip, u"憲法記念日"_s);
 }
 
-void TstMonthGrid::ASubstituteDoesNotGoOnToTheNextDay() {
+void TstMonthGrid::ASubstituteIsNotMovedToTheDayAfter() {
     const MonthGrid grid = GridOf(QDate(1998, 5, 1), Named({{3, u"a"_s}, {4, u"b"_s}, {5, u"c"_s}}));
     QCOMPARE(Day(grid, 5).color, DayColor::Red);
     QCOMPARE(Day(grid, 6).color, DayColor::Black);
@@ -207,7 +207,7 @@ void TstMonthGrid::ASubstituteDoesNotLeaveTheMonth() {
     QCOMPARE(august.At(43).toolTip, u"振替休日"_s);
 }
 
-void TstMonthGrid::DaysThatTheMonthLacksDoNotShow_data() {
+void TstMonthGrid::DaysThatTheMonthDoesNotHaveAreNotShown_data() {
     QTest::addColumn<QDate>("month");
     QTest::addColumn<int>("day");
     QTest::newRow("29 February in a common year") << QDate(1998, 2, 1) << 29;
@@ -215,13 +215,13 @@ void TstMonthGrid::DaysThatTheMonthLacksDoNotShow_data() {
     QTest::newRow("0, left of a Sunday") << QDate(1998, 2, 1) << 0;
     QTest::newRow("-1") << QDate(1998, 10, 1) << -1;
     QTest::newRow("32 from a Saturday") << QDate(1998, 8, 1) << 32;
-    QTest::newRow("behind the last cell") << QDate(1998, 8, 1) << 37;
-    QTest::newRow("far behind") << QDate(1998, 8, 1) << 1000;
-    QTest::newRow("as far as numbers go") << QDate(1998, 8, 1) << INT_MAX;
-    QTest::newRow("and to the other side") << QDate(1998, 8, 1) << INT_MIN;
+    QTest::newRow("after the last cell") << QDate(1998, 8, 1) << 37;
+    QTest::newRow("far after it") << QDate(1998, 8, 1) << 1000;
+    QTest::newRow("the largest number") << QDate(1998, 8, 1) << INT_MAX;
+    QTest::newRow("the smallest number") << QDate(1998, 8, 1) << INT_MIN;
 }
 
-void TstMonthGrid::DaysThatTheMonthLacksDoNotShow() {
+void TstMonthGrid::DaysThatTheMonthDoesNotHaveAreNotShown() {
     QFETCH(QDate, month);
     QFETCH(int, day);
     const MonthGrid without = GridOf(month);
@@ -234,7 +234,7 @@ void TstMonthGrid::DaysThatTheMonthLacksDoNotShow() {
 }
 
 void TstMonthGrid::Precedence_data() {
-    QTest::addColumn<QList<int>>("tables");  // those that contain the date
+    QTest::addColumn<QList<int>>("tables");  // the tables that contain the date
     QTest::addColumn<bool>("isHoliday");
     QTest::addColumn<int>("color");
     QTest::newRow("none") << QList<int>{} << false << 0;
@@ -289,7 +289,7 @@ void TstMonthGrid::AnOrdinaryDayKeepsTheHolidaysName() {
     QCOMPARE(Day(grid, 3).toolTip, u"文化の日"_s);
 }
 
-void TstMonthGrid::OnlyTodayComesOutPressed() {
+void TstMonthGrid::OnlyTodayIsPressed() {
     const QDate today(1998, 10, 3);
     QCOMPARE(PressedCells(GridOf(today, {}, today)), QList<int>{13});
     QCOMPARE(PressedCells(GridOf(QDate(1998, 11, 1), {}, today)), QList<int>());
@@ -300,7 +300,7 @@ void TstMonthGrid::OnlyTodayComesOutPressed() {
     QCOMPARE(PressedCells(clicked), QList<int>{13});
 }
 
-void TstMonthGrid::NothingOfTheMonthBeforeIsLeft() {
+void TstMonthGrid::NothingOfThePreviousMonthIsLeft() {
     MonthRows rows = Marked({1, 15}, {2, 16}, {4, 11});
     rows.holidays = {{10, u"体育の日"_s}, {31, u"月末"_s}};
     MonthGrid grid = GridOf(QDate(1998, 10, 1), rows);

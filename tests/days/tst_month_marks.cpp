@@ -28,8 +28,8 @@ void ReplaceUsuallyday(const CalendarBench& bench, const QByteArray& rule) {
 
 }  // namespace
 
-/// Marking days and storing the marks. October 1998 begins on a Thursday: the 4th is a
-/// Sunday, the 10th a Saturday.
+/// Marking days and storing the marks. October 1998 begins on a Thursday: the 4th is a Sunday, the 10th a
+/// Saturday.
 class TstMonthMarks : public QObject {
     Q_OBJECT
 
@@ -40,7 +40,7 @@ private Q_SLOTS:
     void Single();
     void EveryDayInBothModesAtOnce();
     void AnUnchangedMonthIsWrittenAsItIsShown();
-    void AHolidayStaysWhenItIsAbolished();
+    void AStoredHolidayStaysAfterItsAbolition();
     void ASubstituteIsStoredToo();
     void TheFirstAndTheLastDayBelongToTheMonth();
     void OtherMonthsAreLeftAlone();
@@ -50,7 +50,7 @@ private Q_SLOTS:
     void ChoosingNormalAgainStoresAgain();
     void ClosingWhileMarkingStoresNothing();
     void ACommitThatFailsStoresNothing();
-    void BeyondTheLastMonthMarksGoToTheMonthBeyond();
+    void BeyondTheLastMonthMarksAreStoredForTheMonthBeyond();
 };
 
 void TstMonthMarks::MarkingPressesTheDaysOfItsColour() {
@@ -83,7 +83,7 @@ void TstMonthMarks::Single_data() {
     QTest::addColumn<CalendarMode>("mode");
     QTest::addColumn<QList<int>>("clicks");
     QTest::addColumn<QStringList>("marks");
-    QTest::addColumn<int>("color");  // of the first clicked day, after the month was built again
+    QTest::addColumn<int>("color");  // of the first clicked day, after the month was rebuilt
     const auto holidays = CalendarMode::Holidays;
     const auto halfdays = CalendarMode::Halfdays;
     QTest::newRow("Sunday") << holidays << QList<int>{4} << QStringList{u"Usuallyday 1998-10-04"_s} << 0;
@@ -145,7 +145,7 @@ void TstMonthMarks::AnUnchangedMonthIsWrittenAsItIsShown() {
     QCOMPARE(bench.Marks(), (QStringList{u"Holiday 1998-11-03"_s, u"Holiday 1998-11-23"_s}));
 }
 
-void TstMonthMarks::AHolidayStaysWhenItIsAbolished() {
+void TstMonthMarks::AStoredHolidayStaysAfterItsAbolition() {
     CalendarBench bench(QDate(1998, 11, 15));
     bench.calendar.Load();
     MarkAndCommit(bench, CalendarMode::Holidays, {});
@@ -258,7 +258,7 @@ void TstMonthMarks::ACommitThatFailsStoresNothing() {
                                          u"Halfday 1998-10-16"_s, u"Usuallyday 1998-10-04"_s}));
 }
 
-void TstMonthMarks::BeyondTheLastMonthMarksGoToTheMonthBeyond() {
+void TstMonthMarks::BeyondTheLastMonthMarksAreStoredForTheMonthBeyond() {
     CalendarBench bench(QDate(2100, 12, 5));
     bench.store.Raw("INSERT INTO Holiday(Date) VALUES ('2100-12-10'),('2101-01-01')");
     bench.calendar.Load();

@@ -30,7 +30,7 @@ int Mismatch(const ModelCells& expected, const MonthGrid& grid) {
     return -1;
 }
 
-/// Holidays on any possible day, some duplicated, some on days that no month has, and marks in all years.
+/// Holidays on any possible day, some of them twice, some on days that no month has, and marks in all years.
 ModelTables RandomTables(QRandomGenerator& random) {
     ModelTables tables;
     const int holidays = random.bounded(1, 150);
@@ -111,7 +111,7 @@ private:
 
 void TstMonthYears::Compare(const store::DayStore& store, const ModelTables& tables) {
     store::DayDatabase database(store.Path());
-    MonthGrid grid;  // a single one, as in the window: a month must not affect the next one
+    MonthGrid grid;  // only one grid, as in the window: a month must not affect the next one
     int months = 0;
     for (int year = 1926; year <= 2100; ++year) {
         for (int month = 1; month <= 12; ++month, ++months) {
@@ -156,7 +156,7 @@ void TstMonthYears::RandomTables() {
     Compare(store, tables);
 }
 
-/// As texts, some of these are between the first and the last day of a month.
+/// Compared as texts, some of these marks are between the first and the last day of a month.
 void TstMonthYears::MarksThatAreNoDatesFallOnNoDay() {
     ModelTables tables = Shipped();
     tables.red.insert({1998, 2, 2});

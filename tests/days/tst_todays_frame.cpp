@@ -9,7 +9,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// The days whose cells are marked, by a member of MonthCell, once all days have been searched.
+/// The days whose cells have this mark, after all days have been searched for anniversaries.
 QList<int> DaysWith(CalendarBench& bench, bool MonthCell::*mark) {
     while (bench.calendar.IsSearchingDays()) {
         bench.calendar.GoOnSearchingDays();
@@ -40,7 +40,7 @@ class TstTodaysFrame : public QObject {
 
 private Q_SLOTS:
     void ByDefaultNothingIsMarked();
-    void TodayIsFramedAlsoWhileAnotherDayIsSelected();
+    void TodayIsFramedEvenIfAnotherDayIsSelected();
     void DaysWithAnniversariesHaveDots();
     void DotsFollowTheBook();
     void TheWindowHasRoomForAllChoices_data();
@@ -55,7 +55,7 @@ void TstTodaysFrame::ByDefaultNothingIsMarked() {
     QVERIFY(!bench.calendar.IsSearchingDays());
 }
 
-void TstTodaysFrame::TodayIsFramedAlsoWhileAnotherDayIsSelected() {
+void TstTodaysFrame::TodayIsFramedEvenIfAnotherDayIsSelected() {
     Bench bench;
     bench.further.corrections.showsToday = true;
     bench.calendar.Load();
@@ -70,7 +70,7 @@ void TstTodaysFrame::DaysWithAnniversariesHaveDots() {
     Bench bench;
     bench.further.corrections.showsToday = true;
     bench.calendar.Load();
-    // 16 is the third Monday; November 2026 has no fifth Saturday.
+    // The 16th is the third Monday; November 2026 has no fifth Saturday.
     QCOMPARE(DaysWith(bench, &MonthCell::hasAnniversary), (QList<int>{5, 6, 16}));
     bench.calendar.GoBy(1);
     QCOMPARE(DaysWith(bench, &MonthCell::hasAnniversary), (QList<int>{8, 21, 31}));

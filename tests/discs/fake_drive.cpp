@@ -91,7 +91,7 @@ FakeDisc ReadDisc() {
     return disc;
 }
 
-/// The descriptors of the drive among those of the program.
+/// The program's descriptors that refer to the drive.
 class Drives {
 public:
     void Add(int descriptor) {
@@ -141,7 +141,7 @@ int DiscStatus(const FakeDisc& disc) {
     return data == static_cast<std::ptrdiff_t>(disc.tracks.size()) ? CDS_DATA_1 : CDS_MIXED;
 }
 
-/// A number that changes with each new disc, which is a new file in place of the old one.
+/// A number that identifies the disc: each disc is a new file in place of the previous one.
 std::int64_t DiscNumber() {
     struct stat found {};
     const char* const path = getenv("FAKE_DRIVE_DISC");

@@ -16,7 +16,7 @@ namespace {
 
 constexpr int kFramesInSector = 588;
 constexpr double kFramesInSecond = 44100;
-constexpr double kLowest = 5000;  // peak amplitude at a track's start, kHighest at its end
+constexpr double kLowest = 5000;  // peak amplitudes at the start (kLowest) and the end (kHighest) of a track
 constexpr double kHighest = 9000;
 constexpr int kSectorsInSecond = 75;
 
@@ -37,7 +37,7 @@ char BinaryCodedDecimal(int number) {
     return static_cast<char>(number / 10 * 16 + number % 10);
 }
 
-/// A mode 1 data sector: it begins with a mark with which no sound begins.
+/// A mode 1 data sector. It begins with the sync pattern, which no audio sector begins with.
 QByteArray DataSector(int sector) {
     const int at = sector + kTestPregap;
     QByteArray bytes = QByteArray(1, '\0') + QByteArray(10, '\xff') + QByteArray(1, '\0');
@@ -68,7 +68,7 @@ QByteArray Swapped(QByteArray bytes) {
     return bytes;
 }
 
-/// Start of a track's pause, or of the track if it has none.
+/// The start of a track's pause, or of the track if it has none.
 int PauseOf(const TestDisc& disc, int track) {
     return disc.starts[track] - disc.tracks[track].pause;
 }
@@ -199,7 +199,7 @@ QString WriteCueImage(const TestDisc& disc, const QString& folder, const QString
 QString WriteTocImage(const TestDisc& disc, const QString& folder, const QString& name) {
     QString path = QDir(folder).filePath(name + u".toc");
     const QString bin = name + u".bin";
-    WriteAll(QDir(folder).filePath(bin), Swapped(disc.bytes));  // such images are big-endian
+    WriteAll(QDir(folder).filePath(bin), Swapped(disc.bytes));  // these images contain big-endian samples
     QByteArray sheet = "CD_DA\n\n";
     for (int i = 0; i < disc.tracks.size(); ++i) {
         sheet += TocTrack(disc, i, bin.toUtf8());

@@ -8,12 +8,12 @@
 namespace tickwell {
 
 inline constexpr int kTestSectorBytes = 2352;
-inline constexpr int kTestPregap = 150;  // sectors before the first one, included in images of some kinds
+inline constexpr int kTestPregap = 150;  // sectors before the first track, included in images of some kinds
 
 /// A track to create: a tone in the left channel and its fifth in the right one, or data. The volume of a
-/// tone increases from start to end, so that no two moments are the same.
+/// tone increases from start to end, so that no two moments sound the same.
 struct TestTrack {
-    double hertz = 0;  ///< 0 is data
+    double hertz = 0;  ///< frequency of the left channel; 0 for data
     int sectors = 0;   ///< without the pause
     int pause = 0;     ///< silent sectors before its start
 };
@@ -25,13 +25,13 @@ struct TestDisc {
     QList<int> starts;  ///< sector of each track
     int end = 0;        ///< first sector after the last track
 
-    /// The sectors `from` to `to` - 1, with data as silence: the sound that a player must produce.
+    /// The sectors `from` to `to` - 1 with silence in place of data: what a player must play.
     QByteArray Sound(int from, int to) const;
 };
 
 TestDisc MakeDisc(const QList<TestTrack>& tracks);
 
-/// Tones of 440, 660 and 880 Hz; no length is a multiple of a second, and the second track has a pause.
+/// Tones of 440, 660 and 880 Hz. No length is a whole number of seconds, and the second track has a pause.
 TestDisc ThreeTones();
 
 /// A data track of four seconds, then tones of 500 and 700 Hz.

@@ -15,7 +15,7 @@
 
 namespace tickwell::displays {
 
-inline constexpr int kTurn = 10'000;       // ms that each text of the upper line stays
+inline constexpr int kTurn = 10'000;       // ms between rotations of the upper line
 inline constexpr int kToMidnight = 3'250;  // ms from the start of a bench
 
 /// The displayed clock on 3 October 1998, a Saturday, before midnight, with its timers. Two names fall on
@@ -51,13 +51,13 @@ struct ClockBench : DisplayFunctions {
     void ChangeFunction(qint32 /*number*/) override {}
     qint32 GetFuncNumber() const override { return kFunctionClock; }
 
-    /// Chooses the clock and lets it run for a second, with the upper line's next turn nine seconds away.
+    /// Chooses the clock and lets it run for a second; the upper line then rotates in nine seconds.
     void Begin() {
         clock.Show();
         time.Advance(1000);
         upper.TakeRecord();
     }
-    /// What is next written to the upper line, and the milliseconds until then.
+    /// The milliseconds until the upper line is next written to, and what is written.
     std::pair<qint64, QStringList> NextChange() {
         for (qint64 passed = 0; passed <= 2 * kTurn; ++passed) {
             const QStringList record = upper.TakeRecord();

@@ -18,7 +18,7 @@
 
 namespace tickwell::displays {
 
-/// Everything that the program's displays use, controlled by the test.
+/// Everything that the program's displays depend on, controlled by the test.
 struct DisplaysBench {
     AppSettings settings;
     FurtherSettings further;

@@ -39,19 +39,19 @@ class TstBatteryLines : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void OnMainsTheLineIsWipedInOnceAndThenLeftAlone();
+    void OnMainsTheLineIsWipedInOnce();
     void OnBatteryChargeAndTimeTakeTurns();
-    void ATimeThatIsNotKnownLeavesItsTurnToTheCharge();
-    void TheTurnFlipsOnBatteryReadingsAlone();
+    void TheChargeIsShownIfTheTimeLeftIsUnknown();
+    void OnlyReadingsOnBatteryAlternate();
     void AnUnknownSourceIsWipedInAtEveryReading();
     void ABatteryWithoutAChargeIsUnknown();
-    void AReadingThatTakesItsTimeIsShownWhenItComes();
+    void ASlowReadingIsShownWhenItArrives();
     void AReadingThatComesAfterAnotherFunctionIsDropped();
     void TimesLeftRead_data();
     void TimesLeftRead();
 };
 
-void TstBatteryLines::OnMainsTheLineIsWipedInOnceAndThenLeftAlone() {
+void TstBatteryLines::OnMainsTheLineIsWipedInOnce() {
     Bench bench;
     QCOMPARE(bench.After(kOnMains), QStringList{u"show AC電源を使用中です"_s});
     QCOMPARE(bench.After(kOnMains), QStringList());
@@ -68,7 +68,7 @@ void TstBatteryLines::OnBatteryChargeAndTimeTakeTurns() {
     QCOMPARE(bench.After(OnBattery(78, 5280)), QStringList{u"show 78％残っています"_s});
 }
 
-void TstBatteryLines::ATimeThatIsNotKnownLeavesItsTurnToTheCharge() {
+void TstBatteryLines::TheChargeIsShownIfTheTimeLeftIsUnknown() {
     Bench bench;
     QCOMPARE(bench.After(OnBattery(80, std::nullopt)), QStringList{u"show 80％残っています"_s});
     QCOMPARE(bench.After(OnBattery(80, std::nullopt)), QStringList{u"show 80％残っています"_s});
@@ -76,7 +76,7 @@ void TstBatteryLines::ATimeThatIsNotKnownLeavesItsTurnToTheCharge() {
     QCOMPARE(bench.After(OnBattery(80, 0)), QStringList{u"show 80％残っています"_s});
 }
 
-void TstBatteryLines::TheTurnFlipsOnBatteryReadingsAlone() {
+void TstBatteryLines::OnlyReadingsOnBatteryAlternate() {
     Bench bench;
     bench.After(OnBattery(80, 5400));
     bench.After(kOnMains);
@@ -95,7 +95,7 @@ void TstBatteryLines::ABatteryWithoutAChargeIsUnknown() {
     QCOMPARE(bench.After({Mains::Off, std::nullopt, 60}), QStringList{u"show 電源が不明です"_s});
 }
 
-void TstBatteryLines::AReadingThatTakesItsTimeIsShownWhenItComes() {
+void TstBatteryLines::ASlowReadingIsShownWhenItArrives() {
     Bench bench;
     QCOMPARE(bench.After(OnBattery(80, 5400)), QStringList{u"show 80％残っています"_s});
     bench.power.isSlow = true;

@@ -54,10 +54,10 @@ private Q_SLOTS:
     void SwitchingOnInsideAHandledMinuteSoundsAtTheNextOne();
     void AClockSetBackIntoItsMinuteStaysSilent();
     void AJumpFromHalfHourToHourWithoutATickBetweenIsSilentOnPurpose();
-    void TheNameIsHandedOnAsItStands();
-    void TheNextTurnIsDue_data();
-    void TheNextTurnIsDue();
-    void ATurnThatWasMissedIsDueAtOnce();
+    void TheSoundNameIsPassedOnUnchanged();
+    void TheNextMinuteThatMattersIsDue_data();
+    void TheNextMinuteThatMattersIsDue();
+    void AMissedMinuteIsDueAtOnce();
 };
 
 void TstChime::HoursAreStruckOnADialOfTwelve_data() {
@@ -87,7 +87,7 @@ void TstChime::ModesSoundWhenTheySay_data() {
     const QString half = u"鳩時計の音 x1 at 14:30:00"_s;
     const QString hour = u"鳩時計の音 x3 at 15:00:00"_s;
     QTest::newRow("hour and half hour") << 0 << QStringList{half, hour};
-    QTest::newRow("the hour alone") << 1 << QStringList{hour};
+    QTest::newRow("only the hour") << 1 << QStringList{hour};
     QTest::newRow("none") << 2 << QStringList();
     QTest::newRow("a mode that is not known strikes the hour") << 7 << QStringList{hour};
 }
@@ -165,14 +165,14 @@ void TstChime::AJumpFromHalfHourToHourWithoutATickBetweenIsSilentOnPurpose() {
     QCOMPARE(bench.played, QStringList{u"鳩時計の音 x1 at 10:30:00"_s});
 }
 
-void TstChime::TheNameIsHandedOnAsItStands() {
+void TstChime::TheSoundNameIsPassedOnUnchanged() {
     Bench bench(u"12:29:58"_s);
     bench.settings.chimeSound = u"機械時計[高い音] "_s;
     bench.time.Advance(5 * kSecond);
     QCOMPARE(bench.played, QStringList{u"機械時計[高い音]  x1 at 12:30:00"_s});
 }
 
-void TstChime::TheNextTurnIsDue_data() {
+void TstChime::TheNextMinuteThatMattersIsDue_data() {
     QTest::addColumn<QString>("now");
     QTest::addColumn<qint64>("due");
     QTest::newRow("a minute after the hour") << u"10:01:00"_s << 29 * kMinute;
@@ -184,14 +184,14 @@ void TstChime::TheNextTurnIsDue_data() {
     QTest::newRow("on the hour") << u"00:00:00"_s << kMinute;
 }
 
-void TstChime::TheNextTurnIsDue() {
+void TstChime::TheNextMinuteThatMattersIsDue() {
     QFETCH(QString, now);
     Bench bench(now);
     bench.chime.Timer3_Timer();
     QTEST(bench.chime.UntilDue(), "due");
 }
 
-void TstChime::ATurnThatWasMissedIsDueAtOnce() {
+void TstChime::AMissedMinuteIsDueAtOnce() {
     Bench bench(u"10:29:00"_s);
     bench.chime.Timer3_Timer();
     bench.time.SetNow(At(u"10:30:00"_s));

@@ -73,7 +73,7 @@ private Q_SLOTS:
     void TheTimeIsSetOnceASecondThoughTheTimerRunsFiveTimes();
     void WithoutNamesTheDateIsSetWithoutAWipe();
     void DateAndNamesTakeTurnsWithAWipe();
-    void AHolidayAloneTakesTurnsToo();
+    void AHolidayWithoutAnniversariesTakesTurnsToo();
     void TheFirstTickAlwaysLooksUp();
     void TheLookUpLeavesTheUpperLineAlone();
     void AfterMidnightTheFirstTurnIsTheFirstName();
@@ -91,7 +91,7 @@ private Q_SLOTS:
     void TheNextSecondIsDue();
     void TheNextMinuteIsDueToLinesOutOfSight();
     void ASecondThatWasMissedIsDueAtOnce();
-    void NamesThatWaitForTheDatabaseAreDueAfterFiveSeconds();
+    void TheNamesAreRetriedAfterFiveSeconds();
 };
 
 void TstClockLines::ChoosingTheClockWipesBothLinesIn() {
@@ -125,7 +125,7 @@ void TstClockLines::DateAndNamesTakeTurnsWithAWipe() {
                                           Shown(kSaturday), Shown(u"一つ目")}));
 }
 
-void TstClockLines::AHolidayAloneTakesTurnsToo() {
+void TstClockLines::AHolidayWithoutAnniversariesTakesTurnsToo() {
     Bench bench;
     bench.store.Raw("INSERT INTO Syukuzitu(Name,Month,Day) VALUES ('祝日',10,3)");
     bench.Tick();
@@ -310,7 +310,7 @@ void TstClockLines::ASecondThatWasMissedIsDueAtOnce() {
     QCOMPARE(bench.lines.UntilDue(false), qint64{1000});
 }
 
-void TstClockLines::NamesThatWaitForTheDatabaseAreDueAfterFiveSeconds() {
+void TstClockLines::TheNamesAreRetriedAfterFiveSeconds() {
     Bench bench;
     bench.settings.language = 2;  // without seconds
     bench.time.SetNow(QDateTime(QDate(1998, 10, 3), QTime(21, 5, 7)));

@@ -64,8 +64,8 @@ private Q_SLOTS:
     void AnotherFunctionHidesTheCountdown();
     void TheBatteryIsReadAtOnce();
     void AReadingThatComesTooLateIsDropped();
-    void ANumberThatNamesNoFunctionStopsEverythingAndLeavesTheLines_data();
-    void ANumberThatNamesNoFunctionStopsEverythingAndLeavesTheLines();
+    void AnUnknownFunctionStopsEverythingAndLeavesTheLines_data();
+    void AnUnknownFunctionStopsEverythingAndLeavesTheLines();
 };
 
 void TstFunctionSwitch::EachFunctionHasItsTextsTimersAndMarks_data() {
@@ -156,7 +156,7 @@ void TstFunctionSwitch::AReadingThatComesTooLateIsDropped() {
     QCOMPARE(bench.lower.TakeRecord(), QStringList());
 }
 
-void TstFunctionSwitch::ANumberThatNamesNoFunctionStopsEverythingAndLeavesTheLines_data() {
+void TstFunctionSwitch::AnUnknownFunctionStopsEverythingAndLeavesTheLines_data() {
     QTest::addColumn<qint32>("number");
     for (const qint32 number :
          {7, 99, -1, std::numeric_limits<qint32>::min(), std::numeric_limits<qint32>::max()}) {
@@ -164,7 +164,7 @@ void TstFunctionSwitch::ANumberThatNamesNoFunctionStopsEverythingAndLeavesTheLin
     }
 }
 
-void TstFunctionSwitch::ANumberThatNamesNoFunctionStopsEverythingAndLeavesTheLines() {
+void TstFunctionSwitch::AnUnknownFunctionStopsEverythingAndLeavesTheLines() {
     QFETCH(qint32, number);
     Bench bench;
     bench.functions.ChangeFunction(0);

@@ -20,7 +20,7 @@ FurtherSettings TurningAtMidnight() {
     return further;
 }
 
-/// What brings the clock to another day.
+/// A way in which the clock gets to another day.
 struct Coming {
     const char* name;
     void (*happen)(ClockBench& bench);
@@ -54,7 +54,7 @@ void AddComings() {
 
 }  // namespace
 
-/// When the upper line comes to a new date.
+/// When the upper line shows the new date.
 class TstNewDate : public QObject {
     Q_OBJECT
 

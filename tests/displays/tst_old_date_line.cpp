@@ -53,7 +53,7 @@ void TstOldDateLine::TheOldDateIsWritten_data() {
     QTest::newRow("the first known day") << QDate(1900, 1, 1) << u"亥年 師走 一日"_s;
     QTest::newRow("the last known day") << QDate(2100, 12, 31) << u"申年 師走 一日"_s;
     QTest::newRow("before the first one, as by default") << QDate(1899, 12, 31) << u"亥年 師走 三十一日"_s;
-    QTest::newRow("behind the last one, as by default") << QDate(2101, 1, 1) << u"酉年 睦月 一日"_s;
+    QTest::newRow("after the last one, as by default") << QDate(2101, 1, 1) << u"酉年 睦月 一日"_s;
 }
 
 void TstOldDateLine::TheOldDateIsWritten() {

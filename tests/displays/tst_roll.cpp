@@ -39,15 +39,15 @@ private Q_SLOTS:
     void TheIntervalIsHeldWithinItsRange();
     void EveryIntervalShowsTheNext();
     void OnMainsTheBatteryIsSkipped();
-    void TheMainsAreAskedAtEachTick();
-    void MainsThatAreToldLateRollThen();
-    void AnUnchosenDisplayIsNotLeftAndNobodyIsWoken();
+    void TheMainsAreReadAtEachTick();
+    void ALateReadingOfTheMainsRollsOnArrival();
+    void ADisplayOutsideTheRollStaysWithoutWakeUps();
     void ItGoesOnWhenTheUserReturns();
-    void ADisplayChosenByHandHasItsWholeTime();
-    void SwitchedOffItRests();
+    void ADisplayChosenByHandStaysForAFullInterval();
+    void SwitchedOffItDoesNothing();
     void TheMainWindowRolls();
     void TheMainWindowRollsOnlyWhenItIsOn();
-    void ASettingThatIsAppliedIsFollowedAtOnce();
+    void AnAppliedSettingTakesEffectAtOnce();
 };
 
 void TstRoll::EachDisplayHasItsNext_data() {
@@ -60,25 +60,25 @@ void TstRoll::EachDisplayHasItsNext_data() {
     QTest::newRow("clock") << true << all << 0 << Mains::Off << 1;
     QTest::newRow("usage") << true << all << 1 << Mains::Off << 4;
     QTest::newRow("battery") << true << all << 4 << Mains::Off << 5;
-    QTest::newRow("round") << true << all << 5 << Mains::Off << 0;
+    QTest::newRow("from the last to the first") << true << all << 5 << Mains::Off << 0;
     QTest::newRow("battery skipped on mains") << true << all << 1 << Mains::On << 5;
     QTest::newRow("battery left on mains") << true << all << 4 << Mains::On << 5;
-    QTest::newRow("battery where the mains are unknown") << true << all << 1 << Mains::Unknown << 4;
-    QTest::newRow("over those that are not chosen") << true << QList<qint32>{0, 5} << 0 << Mains::Off << 5;
+    QTest::newRow("battery while the mains are unknown") << true << all << 1 << Mains::Unknown << 4;
+    QTest::newRow("those not chosen are skipped") << true << QList<qint32>{0, 5} << 0 << Mains::Off << 5;
     QTest::newRow("in any order") << true << QList<qint32>{5, 1, 0} << 0 << Mains::Off << 1;
     QTest::newRow("named twice") << true << QList<qint32>{0, 0, 1, 1} << 1 << Mains::Off << 0;
     QTest::newRow("off") << false << all << 0 << Mains::Off << kNone;
     QTest::newRow("none chosen") << true << QList<qint32>() << 0 << Mains::Off << kNone;
-    QTest::newRow("it alone") << true << QList<qint32>{1} << 1 << Mains::Off << kNone;
+    QTest::newRow("the only one") << true << QList<qint32>{1} << 1 << Mains::Off << kNone;
     QTest::newRow("not chosen itself") << true << QList<qint32>{0, 5} << 1 << Mains::Off << kNone;
-    QTest::newRow("only the battery besides, on mains")
+    QTest::newRow("only the battery left, on mains")
         << true << QList<qint32>{0, 4} << 0 << Mains::On << kNone;
     QTest::newRow("stopwatch") << true << all << 2 << Mains::Off << kNone;
     QTest::newRow("timer") << true << all << 3 << Mains::Off << kNone;
     QTest::newRow("CD") << true << all << 6 << Mains::Off << kNone;
-    QTest::newRow("a stopwatch written among them")
-        << true << QList<qint32>{0, 2} << 2 << Mains::Off << kNone;
-    QTest::newRow("nor does it lead to one") << true << QList<qint32>{0, 2, 3} << 0 << Mains::Off << kNone;
+    QTest::newRow("a stopwatch in the list") << true << QList<qint32>{0, 2} << 2 << Mains::Off << kNone;
+    QTest::newRow("stopwatch and timer in the list")
+        << true << QList<qint32>{0, 2, 3} << 0 << Mains::Off << kNone;
     QTest::newRow("no function") << true << QList<qint32>{0, 99} << 99 << Mains::Off << kNone;
 }
 
@@ -128,7 +128,7 @@ void TstRoll::OnMainsTheBatteryIsSkipped() {
     QCOMPARE(bench.shown, (QList<qint32>{0, 1, 5, 0, 1}));
 }
 
-void TstRoll::TheMainsAreAskedAtEachTick() {
+void TstRoll::TheMainsAreReadAtEachTick() {
     Bench bench;
     bench.settings.kinds = {0, 4};
     bench.power.SetReading({Mains::On, std::nullopt, std::nullopt});
@@ -140,7 +140,7 @@ void TstRoll::TheMainsAreAskedAtEachTick() {
     QCOMPARE(bench.shown, (QList<qint32>{0, 4}));
 }
 
-void TstRoll::MainsThatAreToldLateRollThen() {
+void TstRoll::ALateReadingOfTheMainsRollsOnArrival() {
     Bench bench;
     bench.power.isSlow = true;
     bench.Show(0);
@@ -154,7 +154,7 @@ void TstRoll::MainsThatAreToldLateRollThen() {
     QCOMPARE(bench.shown, (QList<qint32>{0, 1, 5}));
 }
 
-void TstRoll::AnUnchosenDisplayIsNotLeftAndNobodyIsWoken() {
+void TstRoll::ADisplayOutsideTheRollStaysWithoutWakeUps() {
     for (const qint32 number : {2, 3, 6, 99}) {
         Bench bench;
         bench.Show(number);
@@ -175,7 +175,7 @@ void TstRoll::ItGoesOnWhenTheUserReturns() {
     QCOMPARE(bench.shown, (QList<qint32>{0, 1, 2, 5, 0}));
 }
 
-void TstRoll::ADisplayChosenByHandHasItsWholeTime() {
+void TstRoll::ADisplayChosenByHandStaysForAFullInterval() {
     Bench bench;
     bench.Show(0);
     bench.time.Advance(9'000);
@@ -186,7 +186,7 @@ void TstRoll::ADisplayChosenByHandHasItsWholeTime() {
     QCOMPARE(bench.shown, (QList<qint32>{0, 4, 5}));
 }
 
-void TstRoll::SwitchedOffItRests() {
+void TstRoll::SwitchedOffItDoesNothing() {
     Bench bench;
     bench.Show(0);
     bench.settings.use = false;
@@ -220,7 +220,7 @@ void TstRoll::TheMainWindowRollsOnlyWhenItIsOn() {
     QCOMPARE(bench.settings.function, 0);
 }
 
-void TstRoll::ASettingThatIsAppliedIsFollowedAtOnce() {
+void TstRoll::AnAppliedSettingTakesEffectAtOnce() {
     shell::MainWindowBench bench;
     bench.Start();
     bench.time.Advance(11'000);

@@ -44,20 +44,20 @@ class TstUsageLines : public QObject {
 private Q_SLOTS:
     void ChoosingItWipesTheReadingIn();
     void TheLineChangesOnceASecondThoughTheTimerRunsFourTimes();
-    void TheSecondTurnsWhereItsTextTurns();
+    void TheLineIsNeverLate();
     void TheReadingTurnsNegativeAfterTwentyFourDays();
-    void TheNextChangeIsDueWhereTheTextTurns_data();
-    void TheNextChangeIsDueWhereTheTextTurns();
+    void TheNextChangeOfTheTextIsDue_data();
+    void TheNextChangeOfTheTextIsDue();
     void AChangeThatWasMissedIsDueAtOnce();
     void OnlyItsSwitchMakesTheReadingLong_data();
     void OnlyItsSwitchMakesTheReadingLong();
     void TheLongReadingGoesOn_data();
     void TheLongReadingGoesOn();
-    void TheNextChangeOfTheLongReadingIsDueWhereTheTextTurns_data();
-    void TheNextChangeOfTheLongReadingIsDueWhereTheTextTurns();
+    void TheNextChangeOfTheLongReadingIsDue_data();
+    void TheNextChangeOfTheLongReadingIsDue();
     void ASuspendCounts_data();
     void ASuspendCounts();
-    void TheSwitchCountsAtTheNextTick();
+    void TheSwitchTakesEffectAtTheNextTick();
 };
 
 void TstUsageLines::ChoosingItWipesTheReadingIn() {
@@ -78,12 +78,12 @@ void TstUsageLines::TheLineChangesOnceASecondThoughTheTimerRunsFourTimes() {
              (QStringList{u"set 05分07秒"_s, u"set 05分08秒"_s, u"set 05分09秒"_s}));
 }
 
-void TstUsageLines::TheSecondTurnsWhereItsTextTurns() {
+void TstUsageLines::TheLineIsNeverLate() {
     Bench bench(0);
     for (int ms = 0; ms < 5000; ++ms) {
         bench.lines.Tick();
         const QString shown = bench.lower.Text();
-        bench.lines.Show();  // what the text is at this very moment
+        bench.lines.Show();  // always shows the current text
         QCOMPARE(shown, bench.lower.Text());
         bench.time.Advance(1);
     }
@@ -98,11 +98,11 @@ void TstUsageLines::TheReadingTurnsNegativeAfterTwentyFourDays() {
     QCOMPARE(bench.lower.Text(), u"-31分-24秒"_s);
 }
 
-void TstUsageLines::TheNextChangeIsDueWhereTheTextTurns_data() {
+void TstUsageLines::TheNextChangeOfTheTextIsDue_data() {
     AddMomentsOfTheCounter();
 }
 
-void TstUsageLines::TheNextChangeIsDueWhereTheTextTurns() {
+void TstUsageLines::TheNextChangeOfTheTextIsDue() {
     QFETCH(qint64, from);
     Bench bench(from);
     for (int ms = 0; ms < 5000; ++ms) {
@@ -160,12 +160,12 @@ void TstUsageLines::TheLongReadingGoesOn() {
     QTEST(bench.lower.TakeRecord(), "texts");
 }
 
-void TstUsageLines::TheNextChangeOfTheLongReadingIsDueWhereTheTextTurns_data() {
+void TstUsageLines::TheNextChangeOfTheLongReadingIsDue_data() {
     AddMomentsOfTheCounter();
 }
 
-/// Seconds turn at the half second, rounded to even.
-void TstUsageLines::TheNextChangeOfTheLongReadingIsDueWhereTheTextTurns() {
+/// The text changes at half seconds, which are rounded to even.
+void TstUsageLines::TheNextChangeOfTheLongReadingIsDue() {
     QFETCH(qint64, from);
     Bench bench(from);
     bench.further.corrections.longUsage = true;
@@ -190,7 +190,7 @@ void TstUsageLines::ASuspendCounts_data() {
     QTest::newRow("long") << true << u"623時間00分00秒"_s;
 }
 
-/// 23 hours of work, then 25 days of sleep: the 32-bit count includes them as well.
+/// Awake for 23 hours, then suspended for 25 days: both counts include the suspended time.
 void TstUsageLines::ASuspendCounts() {
     QFETCH(bool, isLong);
     Bench bench(23 * 3'600'000LL);
@@ -201,7 +201,7 @@ void TstUsageLines::ASuspendCounts() {
     QTEST(bench.lower.Text(), "text");
 }
 
-void TstUsageLines::TheSwitchCountsAtTheNextTick() {
+void TstUsageLines::TheSwitchTakesEffectAtTheNextTick() {
     Bench bench(kTurn);
     bench.lines.Tick();
     QCOMPARE(bench.lower.Text(), u"00分00秒"_s);

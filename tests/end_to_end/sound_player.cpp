@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// sound_player FOLDER NAME COUNT: plays the sound NAME from FOLDER COUNT times, like the time signal, and
-// ends when its session is closed. Prints "error N" with the current MediaError, and "closed".
+// sound_player FOLDER NAME COUNT: plays the sound NAME from FOLDER COUNT times, as the time signal does, and
+// exits when its session is closed. Prints "error N" with the current MediaError, and "closed".
 
 #include <QCoreApplication>
 #include <cstdio>

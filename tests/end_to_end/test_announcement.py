@@ -66,7 +66,7 @@ class Announcement(TickwellCase):
         self.time.set_wall("2026-11-16T12:00:00")
         self.wait_turns("平成38年11月16日(月曜日)", "平成38年11月16日(月曜日)")
 
-    def test_a_database_that_breaks_is_told_once_and_the_time_goes_on(self):
+    def test_a_database_that_breaks_is_reported_once_and_the_time_goes_on(self):
         self.start("2026-11-20T23:59:40")
         with sqlite3.connect(self.folder / "DayDate.mdb") as database:
             database.execute('ALTER TABLE "Kinenbi" RENAME TO "Gone"')

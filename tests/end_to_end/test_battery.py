@@ -36,7 +36,7 @@ class BatteryCase(TickwellCase):
 
 
 class Service(BatteryCase):
-    def test_charge_and_time_take_turns_and_mains_is_told(self):
+    def test_charge_and_time_take_turns_and_mains_is_shown(self):
         self.machine.start_service(on_battery=True)
         self.start()
         wait_lines(self.app, upper="バッテリー残量", lower="80％残っています")
@@ -58,7 +58,7 @@ class ServiceAndKernel(BatteryCase):
     def start(self):
         super().start(wrap=self.machine.with_kernel_files)
 
-    def test_a_service_that_comes_goes_and_tells_nonsense(self):
+    def test_a_service_that_appears_ends_and_reports_nonsense(self):
         self.start()
         wait_lines(self.app, upper="バッテリー残量", lower=KERNEL)
         self.machine.start_service(on_battery=True)

@@ -55,7 +55,7 @@ class Book(TickwellCase):
         self.hand.key("space")
 
     def open_calendar(self):
-        """Opens the calendar with its panel. The menu is opened by a second start, like with a desktop shortcut."""
+        """Opens the calendar with its panel. The menu is opened by a second start, as by a desktop shortcut."""
         self.assertEqual(self.session.spawn(tickwell_command(self.session, arguments=("--menu",))).wait_end(), 0)
         self.app.wait(role="popup menu", name="メニュー")
         self.hand.key("Return")  # the first enabled item
@@ -119,7 +119,7 @@ class Book(TickwellCase):
         self.wait_list(calendar)
         self.wait_turns(TODAY, TODAY)
 
-    def test_a_name_with_a_double_quote_is_told_and_all_that_was_typed_stays(self):
+    def test_a_name_with_a_double_quote_is_reported_and_the_entry_stays(self):
         calendar = self.open_calendar()
         self.add(calendar, 'the "day"')
         box = self.app.wait(role="alert message", name="データベース書込みエラー", showing=True)

@@ -119,7 +119,7 @@ class Calendar(TickwellCase):
         self.assertEqual(self.marks(), [("Holiday", "1998-10-20")])
 
     def test_opening_and_closing_store_nothing(self):
-        self.start("1998-11-15T09:00:00")  # has two national holidays on weekdays
+        self.start("1998-11-15T09:00:00")  # a month with two national holidays on weekdays
         self.open()
         self.choose("休日設定")
         self.close()
@@ -151,7 +151,7 @@ class Calendar(TickwellCase):
         self.window.wait(name=lambda name: name.startswith("1997年11月16日"),
                          which=lambda node: "checked" in node.states)
 
-    def test_the_last_year_is_told_and_the_calendar_waits(self):
+    def test_the_last_year_is_reported_and_the_calendar_waits(self):
         self.start("2100-12-05T09:00:00")
         self.open()
         self.session.hand.click(self.window.wait(role="push button", name="次の月"))

@@ -28,12 +28,12 @@ class Printed(NamedTuple):
 
 
 def today(date):
-    """--today on another day; nothing listens to the descriptors."""
+    """The options for --today on another day. Nothing uses the two descriptors."""
     return "--today", f"--virtual-time=3,4,{date}T12:00:00,0"
 
 
 def contents(folder):
-    """The files of a folder, with all that a write would change."""
+    """The files of a folder, with every attribute that a write would change."""
     return {path.name: (path.read_bytes(), path.stat().st_mtime_ns, path.stat().st_ino)
             for path in folder.iterdir() if path.is_file()}
 
@@ -59,7 +59,7 @@ class Days(TickwellCase):
         return Printed(run.returncode, (run.stdout or b"").decode("utf-8"), run.stderr.decode("utf-8"))
 
     def assert_fails(self, printed, code, *words):
-        """One line on standard error, and nothing else."""
+        """Checks that exactly one line was printed, on standard error, with all these words."""
         self.assertEqual((printed.code, printed.output), (code, ""))
         self.assertRegex(printed.errors, r"\Atickwell: [^\n]+\n\Z")
         for word in words:
@@ -117,7 +117,7 @@ class Days(TickwellCase):
         self.assertFalse(users.exists())
 
     def test_files_that_may_only_be_read(self):
-        program = self.session.directory / "tickwell"  # the build may be out of reach for others
+        program = self.session.directory / "tickwell"  # other users may have no access to the build
         shutil.copy(program_path(), program)
         empty = self.session.directory / "empty"
         empty.mkdir()
@@ -199,7 +199,7 @@ class Days(TickwellCase):
         self.assertRegex(printed.errors, r"\A[^\n]*Syukujitsu\.csv[^\n]*2行目[^\n]*\n\Z")
 
     def test_a_reader_that_has_enough(self):
-        for restores_signals in (True, False):  # Python ignores SIGPIPE, and so does what it starts without restoring
+        for restores_signals in (True, False):  # Python ignores SIGPIPE; its children inherit that unless restored
             with self.subTest(restores_signals):
                 process = subprocess.Popen(self.command(ALL_DAYS), env=self.screenless(), stdout=subprocess.PIPE,
                                            stderr=subprocess.PIPE, restore_signals=restores_signals)

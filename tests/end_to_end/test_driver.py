@@ -141,7 +141,7 @@ class SessionTest(FolderCase):
         processes.end_marked(mark, patience=0.1)
         self.assertEqual(program.exit_code, -signal.SIGKILL)
 
-    def test_nothing_is_left_of_one_that_does_not_come_up(self):
+    def test_nothing_is_left_of_a_session_that_fails_to_start(self):
         with mock.patch.object(tempfile, "tempdir", str(self.folder)), \
                 self.assertRaisesRegex(ProgramEnded, "no-such-manager"):
             Session(window_manager=("no-such-manager",))
@@ -236,7 +236,7 @@ class WindowTest(TickwellCase):
                         os.kill(program.pid, signal.SIGCONT)
                 os.kill(program.pid, signal.SIGCONT)
 
-    def test_waiting_for_the_disk_to_read_is_told_from_other_waits(self):
+    def test_disk_reads_are_distinguished_from_other_waits(self):
         reading, fault, writing = "17 0xe 0x56", "-1 0x7ffd 0x7f28", "75 0xe 0x0"
         for row, stat, syscall, expected in (("a read", "1 (a) D 1 1", reading, True),
                                              ("a page fault", "1 (a b) D 1 1", fault, True),
@@ -247,7 +247,7 @@ class WindowTest(TickwellCase):
             with self.subTest(row):
                 self.assertEqual(bool(is_reading(stat, syscall)), expected)
 
-    def test_computing_counts_if_asked_for(self):
+    def test_computing_counts_on_request(self):
         program, xid = self.show("asked", 300, 200, 120, 80)
         for computing in (False, True):
             measured = Answering(self.session, program, xid, computing)
@@ -308,7 +308,7 @@ class TickwellTest(TickwellCase):
         with self.assertRaisesRegex(TimedOut, listed):
             app.wait(name="no such thing", timeout=0.1)
 
-    def test_a_crash_is_told_at_once(self):
+    def test_a_crash_is_reported_at_once(self):
         app = tickwell.start_tickwell(self.session)
         app.program.kill()
         with self.assertRaises(Gone):

@@ -84,7 +84,7 @@ class Ending(TickwellCase):
         manager.wait_end()
         self.assertEqual(set(read_settings(self.session)["SetUp"]), KEYS["SetUp"])
 
-    def test_settings_that_cannot_be_written_are_told_and_stay_as_they_were(self):
+    def test_settings_that_cannot_be_written_are_reported_and_unchanged(self):
         write_settings(self.session, SILENT | {"SetUp": {"Op_Speed": "30"}})
         path = settings_path(self.session)
         before = path.read_bytes()

@@ -102,7 +102,7 @@ class Missing(FaultCase):
         self.assertEqual(program.wait_end(), 0)
         self.assertEqual(program.output(), "")
 
-    def test_the_bus_goes_while_it_runs(self):
+    def test_the_bus_ends_while_it_runs(self):
         self.start_clock()
         self.session.services["dbus-daemon"].kill()
         self.time.advance(HALF_HOUR)
@@ -124,7 +124,7 @@ class Missing(FaultCase):
         CalendarHand(self.session, self.app).close()
         self.close()
         told = [line for line in self.app.program.output().splitlines() if "Point size <= 0" not in line]
-        self.assertEqual(told, [])  # Qt prints only that
+        self.assertEqual(told, [])  # Qt's message is the only output
 
     def test_without_its_help_file_it_says_so_until_it_is_back(self):
         self.start_clock()
@@ -140,7 +140,7 @@ class Missing(FaultCase):
         choose(self.session, self.app, "ﾍﾙﾌﾟ")
         self.app.wait(name="Tickwell ヘルプ", showing=True)
 
-    def test_its_folder_goes_while_it_runs(self):
+    def test_its_folder_is_removed_while_it_runs(self):
         self.start_clock(settings={"SetUp": {"Clock_Int": "0"}})
         calendar = CalendarHand(self.session, self.app)
         shutil.rmtree(self.folder)
@@ -159,7 +159,7 @@ class Missing(FaultCase):
         wait_lines(self.app, lower="午後0時10分11秒")
         self.close()
 
-    def test_the_program_itself_goes_while_it_runs(self):
+    def test_the_program_itself_is_removed_while_it_runs(self):
         installed = self.install()
         self.time = VirtualTime(WALL)
         self.addCleanup(self.time.close)
@@ -178,7 +178,7 @@ class Missing(FaultCase):
         self.assertEqual(stored(self.folder)[1], ["1998-10-06"])
         self.assertEqual(program.output(), "")
 
-    def test_the_screen_goes(self):
+    def test_the_screen_ends(self):
         self.start_clock()
         calendar = CalendarHand(self.session, self.app)
         calendar.mark(DAY)
@@ -241,7 +241,7 @@ class Sound(FaultCase):
         wait_for(strikes, "the chime once the server answers")
         self.assertEqual(self.app.program.output(), "")
 
-    def test_a_server_that_hangs_in_the_middle_holds_nothing_up(self):
+    def test_a_server_that_hangs_in_the_middle_blocks_nothing(self):
         server = self.server()
         self.start_before_noon(server.environment)
         self.turn(2000)
@@ -330,13 +330,13 @@ class Locked(FaultCase):
         other.execute("BEGIN EXCLUSIVE")
         return other
 
-    def test_at_the_start_it_is_told(self):
+    def test_at_the_start_it_is_reported(self):
         self.lock()
         self.start()
         wait_box(self.app, f"{START_ERROR}DayDate.mdb\n").find(role="push button").press_and_go()
         self.assertEqual(self.app.program.wait_end(), 1)
 
-    def test_while_it_runs_it_is_told_and_nothing_is_lost(self):
+    def test_while_it_runs_it_is_reported_and_nothing_is_lost(self):
         self.start_clock()
         calendar = CalendarHand(self.session, self.app)
         other = self.lock()
@@ -346,7 +346,7 @@ class Locked(FaultCase):
         calendar.mark("1998年10月7日")
         self.assertEqual(stored(self.folder)[1], ["1998-10-06", "1998-10-07"])
 
-    def test_at_midnight_it_is_told_once_and_the_clock_goes_on(self):
+    def test_at_midnight_it_is_reported_once_and_the_clock_goes_on(self):
         self.start(wall="1998-10-15T23:59:00")
         wait_on_screen(self.session, self.app)
         self.time.advance(START_UP_DELAY)

@@ -55,8 +55,8 @@ class HangingCase(TickwellCase):
         return self.app.wait(role="popup menu", name=MENU).wait(name=name)
 
     def wait_patience(self):
-        """Waits until every call that the program has made timed out: two seconds of its clock, twice its time limit.
-        Calls that are answered earlier are not lost."""
+        """Waits until every call made by the program has timed out: two seconds of its clock, twice its time limit.
+        A call that is answered earlier keeps its result."""
         seen = set()
 
         def turned():
@@ -182,7 +182,7 @@ class Battery(HangingCase):
 
     KERNEL, SERVICE = "37％残っています", "80％残っています"
 
-    def test_the_kernel_is_asked_meanwhile_and_the_service_afterwards(self):
+    def test_the_kernel_is_read_meanwhile_and_the_service_afterwards(self):
         machine = Machine(self.session)
         self.addCleanup(machine.close)
         machine.kernel_tells(capacity=37)

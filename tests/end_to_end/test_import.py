@@ -38,7 +38,7 @@ class Import(TickwellCase):
         shutil.copyfile(SAMPLES / sample, self.folder / "DayDate.mdb")
         return start_tickwell(self.session, folder=self.folder)
 
-    def test_it_is_imported_once_and_told(self):
+    def test_it_is_imported_once_and_reported(self):
         for sample in ("jet3_full.mdb", "jet4_full.mdb"):
             with self.subTest(sample):
                 expected = expected_rows(sample)

@@ -48,7 +48,7 @@ class Instance(TickwellCase):
         self.session.hand.key("Up", "Return")  # the last item ends the program
         self.assertEqual(first.program.wait_end(), 0)
 
-    def test_a_first_start_opens_the_menu_when_asked(self):
+    def test_a_first_start_opens_the_menu_on_request(self):
         first = start_tickwell(self.session, arguments=("--menu",))
         first.wait(role="popup menu", name="メニュー")
 
@@ -75,7 +75,7 @@ class Instance(TickwellCase):
         self.assertEqual(second.program.wait_end(), 1)
         self.assertTrue(socket.is_dir())
 
-    def test_a_first_that_does_not_answer_is_told(self):
+    def test_a_first_instance_that_does_not_answer_is_reported(self):
         first = start_tickwell(self.session)
         wait_lines(first, upper="Tickwell Ver.2")
         os.kill(first.program.pid, signal.SIGSTOP)

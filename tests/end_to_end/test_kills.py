@@ -30,7 +30,7 @@ LARGEST_SPEED = 34
 PATIENCE = 120.0  # s; limit of a complete run
 LATE = 1.2  # random limits go up to 1.2 times a complete run, so some runs end normally
 
-# Errors that the end of the queried program causes here.
+# Errors that a query can raise here when the queried program ends.
 ENDED = (AssertionError, AttributeError, GLib.Error, XError, RuntimeError)
 
 
@@ -109,7 +109,7 @@ class Life:
         self._check_alive()
 
     def _check_alive(self):
-        """The windows of a killed program disappear as well, which says nothing about what is stored."""
+        """Fails if the program was killed: its windows are gone then, too, but nothing may have been stored."""
         if self._killed.is_set():
             raise RuntimeError("killed")
 
@@ -145,7 +145,7 @@ class Kills(TickwellCase):
         temporary = [name for name in os.listdir(settings_path(self.session).parent) if name != "TKW2.ini"]
         self.assertLessEqual(len(temporary), 0 if ended else 1, temporary)  # each start removes the previous run's
 
-    def test_what_was_said_to_be_stored_is_there(self):
+    def test_everything_reported_as_stored_is_there(self):
         print(f"\nTICKWELL_SEED={SEED}", flush=True)
         chance = random.Random(SEED)
         self.before, self.speed, self.unsaid, self.killed = None, "1", 0, 0

@@ -1,6 +1,6 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""A complete session under valgrind: each function, each window opened and closed, a chime, and the end. Our code must
-not leak memory, nor read or write invalid memory."""
+"""A complete session under valgrind: each function, each window opened and closed, a chime, and the end. The program's
+own code must not leak memory, nor read or write invalid memory."""
 
 import re
 import unittest

@@ -33,7 +33,7 @@ class MediaCase(TickwellCase):
 
 
 class Notice(MediaCase):
-    def test_a_machine_without_a_drive_is_told_until_the_user_wants_no_more_of_it(self):
+    def test_a_missing_drive_is_reported_until_the_user_switches_that_off(self):
         self.start(settings={"Notice": {"NoCdDrive": "True"}})
         box = self.app.wait(role="alert message", name=NOTICE, showing=True)
         self.choose("環境設定")

@@ -236,7 +236,7 @@ class Login(SettingsCase):
                 pass
         return False
 
-    def test_the_box_shows_and_changes_what_holds_at_the_login(self):
+    def test_the_box_shows_and_changes_the_autostart(self):
         self.start()
         self.change(button("キャンセル"))
         self.wait_closed()
@@ -251,7 +251,7 @@ class Login(SettingsCase):
         self.wait_closed()
         self.assertFalse(self.entry.exists())
 
-    def test_what_cannot_be_written_is_told(self):
+    def test_an_autostart_entry_that_cannot_be_written_is_reported(self):
         self.entry.parent.write_text("in the way", encoding="ascii")
         self.start()
         self.change(button("OK"))

@@ -18,7 +18,7 @@ MOST_GROWN = 1.02
 HOUR = 3_600_000  # ms
 HALF_HOURS = 48  # per day
 BEGINNING = "2027-12-31T10:10:00"
-TURN_OF_THE_COUNTER = 2**31 - 12 * HOUR  # the counter wraps in the first night
+TURN_OF_THE_COUNTER = 2**31 - 12 * HOUR  # the counter's sign changes in the first night
 
 WINDOWS = (("カレンダー", "カレンダー"), ("環境設定", "環境設定"), ("ﾍﾙﾌﾟ", "Tickwell ヘルプ"),
            ("バージョン情報", "Tickwellのﾊﾞｰｼﾞｮﾝ情報"))  # menu items, and the titles of the windows that they open

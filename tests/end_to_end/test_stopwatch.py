@@ -52,7 +52,7 @@ class StopwatchCase(TickwellCase):
         self.window = wait_window(self.app, TITLE)
 
     def press(self, caption, then):
-        """Presses a button and waits for the caption that shows that it has worked."""
+        """Presses a button and waits for the caption that shows its effect."""
         press(self.window, caption)
         button(self.window, then)
 
@@ -230,7 +230,7 @@ class Report(StopwatchCase):
         self.assertGreater(text.count("\f"), 1)
         self.assertTrue(text.rstrip().endswith("<<終>>"))
 
-    def test_a_queue_that_refuses_or_gives_up_is_told(self):
+    def test_a_queue_that_refuses_or_aborts_is_reported(self):
         cups = Cups(self.session)
         self.addCleanup(cups.close)
         self.start(environment=cups.environment)
@@ -247,7 +247,7 @@ class Report(StopwatchCase):
         self.assertEqual(self.list(), f"Lapse1  {ZERO}")
         self.assertEqual(self.app.program.output(), "")
 
-    def test_a_service_that_does_not_answer_holds_nothing_up(self):
+    def test_a_service_that_does_not_answer_blocks_nothing(self):
         cups = Cups(self.session)
         self.addCleanup(cups.close)
         self.start(environment=cups.environment)
@@ -303,7 +303,7 @@ class Report(StopwatchCase):
         self.assertEqual(self.app.program.wait_end(), 0)
         self.assertEqual(len(cups.wait_documents(1)), 1)
 
-    def test_without_a_print_service_it_is_told_and_nothing_is_lost(self):
+    def test_a_missing_print_service_is_reported_and_nothing_is_lost(self):
         self.start(environment={"CUPS_SERVER": str(self.session.directory / "no-socket")})
         self.press("スタート", "ストップ")
         self.time.advance(1000)

@@ -89,7 +89,7 @@ class HostRoads:
 
 
 class WindowHost(HostRoads, TrayCase):
-    """The icon is our own window inside the panel, and its menu is ours."""
+    """The icon is a window of the program, embedded in the panel, and its menu is the program's."""
 
     def start_host(self):
         return start_trayer(self.session)
@@ -111,7 +111,7 @@ class BusHost(HostRoads, TrayCase):
         self.without_menu = self.shown()
 
     def choose_from_tray_menu(self, caption):
-        """The panel keeps its menu from screen readers, and ignores what comes too soon after it has opened it."""
+        """The panel hides its menu from screen readers, and ignores input that comes too soon after the menu opened."""
         def is_chosen():
             menu = self.tray_menu()
             if menu is not None:
@@ -122,7 +122,7 @@ class BusHost(HostRoads, TrayCase):
         wait_for(is_chosen, f"{caption} chosen from the panel's menu")
 
     def tray_menu(self):
-        """Where the menu is, which a helper process of the panel opens; None while it is closed."""
+        """The place of the menu, which a helper process of the panel shows; None while it is closed."""
         shown = self.shown() - self.without_menu
         return next((place for place in map(self.session.windows.geometry, shown) if place.x >= 0), None)
 

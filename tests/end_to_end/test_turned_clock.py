@@ -14,7 +14,7 @@ TIME_TURN, DATE_TURN = 1500, 10_500  # ms; half a second more, so that no second
 
 class TurnedClock(AlwaysOn):
     def follow(self):
-        """The time is correct within the next second, the date within ten."""
+        """Checks that the time is correct within the next second, and the date within ten."""
         self.machine.advance(TIME_TURN)
         wait_lines(self.app, lower=self.machine.clock)
         self.machine.advance(DATE_TURN - TIME_TURN)

@@ -73,7 +73,7 @@ class ManagerTests:
             self.window.show_workspace(workspace)
             wait_for(self.window.is_viewable, f"the window on workspace {workspace}")
 
-    def test_iconified_it_is_back_with_the_next_look(self):
+    def test_iconified_it_is_restored_by_the_next_check(self):
         self.start()
         rival = self.start_rival()
         for _ in range(2):
@@ -167,7 +167,7 @@ class WithoutWindowsEverywhere(ManagerCase):
 class WithoutWindowManager(ManagerCase):
     window_manager = None
 
-    def test_unmapped_it_is_back_with_the_next_look(self):
+    def test_unmapped_it_is_restored_by_the_next_check(self):
         self.start()
         self.window.unmap()
         wait_for(lambda: not self.window.is_viewable(), "the window unmapped")

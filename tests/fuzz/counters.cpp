@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Compiled without the fuzzer's instrumentation, which declares the same names differently.
+// Compiled without the fuzzer's instrumentation, which declares the same symbols with other types.
 #include "fuzz/counters.h"
 
 // Symbols that the linker defines for the start and the end of a section.

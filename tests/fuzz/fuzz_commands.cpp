@@ -42,7 +42,7 @@ public:
     media::CommandResult Send(const QString& command) { return m_devices.Send(command, kLongestReply); }
     std::optional<QString> ErrorText(qint32 error) const { return m_devices.ErrorText(error); }
 
-    /// `line`: "!" and a letter for the event, then a digit if the event has a magnitude.
+    /// `line`: "!", a letter for the event, and a digit if the event has a size.
     void Happen(QStringView line) {
         const int measure = line.size() > 2 ? line[2].unicode() % 16 : 0;
         switch (line.size() > 1 ? line[1].unicode() : u'\0') {
@@ -91,7 +91,7 @@ private:
                                      .folder = ProgramFolder(Sounds().Path())}};
 };
 
-/// The command with more whitespace and, unless it can name a file, with upper and lower case exchanged.
+/// The command with more whitespace, and with upper and lower case swapped unless it can name a file.
 QString InOtherWords(const QString& command) {
     const bool namesFiles = command.contains(u"open", Qt::CaseInsensitive);
     QString other = u"\t "_s;

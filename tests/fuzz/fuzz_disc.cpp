@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Disc images: "C" and a cue sheet, "T" and a TOC file, or "N" and the chunks at the end of a single-file
-// image. The complete helper program reads them in a child process: its library ends the process on a damaged
-// image and can crash on one. That is allowed. A fault in our own code is not, nor an answer that the program
-// would not accept.
+// image. The complete helper program reads them in a child process, because its library ends the process on a
+// damaged image and can crash on one. Both are allowed; a fault in the helper's own code, or an answer that
+// the program would not accept, is not.
 
 #include "discs/test_disc.h"
 #include "fuzz/fuzz_check.h"
@@ -17,7 +17,7 @@ namespace {
 
 constexpr int kMostRead = 40;  // sectors
 
-/// A folder with the sound files that the sheets refer to.
+/// A folder with the sound files that the sheets name.
 class Bench {
 public:
     Bench() : m_disc(MakeDisc({{440, 8}, {660, 5, 2}, {880, 9}})) {

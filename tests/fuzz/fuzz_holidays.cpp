@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Arbitrary lists of days off: each is refused with its line, or complete for its years, and means the same
-// in each of its forms.
+// Arbitrary lists of days off: each is refused with the number of a line, or complete for its years, and
+// means the same in every encoding and with every line end.
 
 #include <variant>
 
@@ -45,7 +45,7 @@ void RequireComplete(const HolidayList& list) {
     Require(list.days.contains(QDate(list.LastYear(), 11, 23)), "the list was not cut off");
 }
 
-/// If no difference is told, each year has exactly the days of the law.
+/// Requires that a list without reported differences has exactly the law's days off in each year.
 void RequireDifferencesTold(const HolidayList& list) {
     if (!DifferencesFromLaw(list).isEmpty()) {
         return;

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Files in Jet format. An input is such a file, or a patch list for a valid one: the number of the valid
-// file, then for each patch its page, the offset in the page (two bytes) and the byte. A file is read
-// completely or refused, and the day database that the import makes of it contains the same rows.
+// Files in Jet format. An input is such a file, or patches for a valid one: the number of the valid file,
+// then for each patch its page, the offset in the page (two bytes) and the new byte. A file is read
+// completely or refused, and the day database that the import creates from it contains the same rows.
 
 #include <QFile>
 #include <array>

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Arbitrary settings files: every byte that is not changed explicitly is kept, and loaded settings are the
-// same after they are saved and loaded again.
+// Arbitrary settings files: all bytes that were not changed on purpose are kept, and settings that were
+// loaded are equal after saving and loading them again.
 
 #include <algorithm>
 #include <array>
@@ -113,8 +113,9 @@ bool IsOurs(const QByteArray& line) {
     });
 }
 
-/// Requires that every line of `before` is still in `after`, in the same order, either unchanged or as a line
-/// of the program with the same key. All other lines of `after` are the program's lines and section headings.
+/// Requires that every line of `before` is still in `after`, in the same order, unchanged or replaced by a
+/// line of the program with the same key. All other lines of `after` must be lines of the program or section
+/// headings.
 void RequireKept(const QByteArray& before, const QByteArray& after) {
     const QByteArrayList lines = Lines(after);
     auto at = lines.begin();
@@ -151,7 +152,7 @@ void SettingAValueChangesItAlone(const QByteArray& file, std::size_t which) {
     Require(after.Bytes() == bytes, "what stands there already changes nothing");
 }
 
-/// nullopt if a value is refused; the error must name section and key.
+/// nullopt if a value is refused; the error must then name section and key.
 std::optional<Loaded> LoadedFrom(const QString& path) {
     try {
         return Load(platform::IniFileStore(path));

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Statements in the day database's SQL dialect, separated by ";" and a line feed. Each is refused, or SQLite
-// does what the model does to plain lists. No text of a statement may reach SQLite as SQL.
+// has the same effect and result as a model of plain lists. No text of a statement may reach SQLite as SQL.
 
 #include <QFile>
 
@@ -20,7 +20,7 @@ using namespace tickwell;
 
 namespace {
 
-/// A day database with a few rows of each kind, and a model with the same rows.
+/// A day database with a few rows of each kind, and a model with equal rows.
 class Bench {
 public:
     Bench() {
@@ -109,7 +109,7 @@ void RequireSame(const store::ResultSet& answer, const std::vector<store::Schema
     }
 }
 
-/// The meaning of a statement does not depend on its spelling.
+/// Requires that another spelling of the statement has the same meaning.
 void RequireSameMeaning(const store::CompiledSql& compiled, const store::SqlStatement& statement) {
     const QString printed = Printed(statement);
     const store::CompiledSql again = store::CompileSql(printed);

@@ -29,7 +29,7 @@ namespace {
 
 constexpr int kEndFault = 77;        // our own code crashed in the child
 constexpr int kEndLibrary = 78;      // the library crashed
-constexpr unsigned kPatience = 200;  // s of real time; after it the child counts as hanging
+constexpr unsigned kPatience = 200;  // s of real time, after which the child counts as hanging
 
 char* g_shared = nullptr;  // the child's counters, in shared memory
 
@@ -37,7 +37,7 @@ void HandOver() {
     std::memcpy(g_shared, Counters().data(), Counters().size());
 }
 
-/// A crash inside the library that reads images is allowed; any other is a fault.
+/// Signal handler. A crash inside the library that reads images is allowed; any other one is a fault.
 void Fallen(int /*signal*/, siginfo_t* /*info*/, void* context) {
     HandOver();
     const auto place = static_cast<ucontext_t*>(context)->uc_mcontext.gregs[REG_RIP];
@@ -46,7 +46,7 @@ void Fallen(int /*signal*/, siginfo_t* /*info*/, void* context) {
     _exit(isKnown && std::strstr(found.dli_fname, "libcdio") != nullptr ? kEndLibrary : kEndFault);
 }
 
-/// The same for errors that the sanitizer reports in functions called by the library.
+/// The same distinction for errors that the sanitizer reports in functions called by the library.
 void Reported(const char* report) {
     std::string_view rest(report);
     for (std::size_t frame = rest.find("\n    #"); frame != std::string_view::npos;
@@ -122,7 +122,7 @@ std::optional<QByteArray> HelperChild::Run(const QList<QByteArray>& words) {
 void HelperChild::BeChild(const QList<QByteArray>& words) const {
     CatchFalls();
     __sanitizer_set_death_callback(HandOver);  // instead of the fuzzer's, which reports a crash
-    const rlimit quick{1, 2};                  // s of CPU time, less than the helper's own limit
+    const rlimit quick{1, 2};                  // s of CPU time, shorter than the helper's own limit
     setrlimit(RLIMIT_CPU, &quick);
     alarm(kPatience);
     dup2(m_output, STDOUT_FILENO);
@@ -140,7 +140,7 @@ void HelperChild::BeChild(const QList<QByteArray>& words) const {
 
 }  // namespace tickwell
 
-// The library allocates as much memory as an image claims, and survives a failed allocation.
+// The library allocates as much memory as an image claims, and handles a failed allocation.
 extern "C" const char*
 __asan_default_options() {  // NOLINT(bugprone-reserved-identifier): the sanitizer's name
     return "allocator_may_return_null=1:detect_leaks=0";

@@ -8,7 +8,7 @@
 namespace tickwell {
 
 /// Runs the helper program tickwell-cd as a function in a child process. The child's coverage counters are
-/// copied back, so the fuzzer learns from the child as from its own process.
+/// copied back, so that the fuzzer learns from it as from its own process.
 class HelperChild {
 public:
     HelperChild();

@@ -69,7 +69,7 @@ struct Fulfils {
     }
 };
 
-/// The value as stored: a number can be given in quotes.
+/// The value as the column stores it: numbers may be given in quotes.
 store::SqlLiteral Stored(store::ColumnType type, const store::SqlLiteral& literal) {
     const auto* text = std::get_if<QString>(&literal);
     return type == store::ColumnType::Integer && text != nullptr ? store::SqlLiteral(text->toInt()) : literal;

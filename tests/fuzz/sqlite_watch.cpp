@@ -46,8 +46,8 @@ bool IsDigit(char c) {
     return c >= '0' && c <= '9';
 }
 
-/// The length of the program's own word, quoted name, parameter or sign at the start of `text`; 0 if there is
-/// none.
+/// The length of the keyword, quoted name, parameter or sign of the program's own at the start of `text`; 0
+/// if there is none.
 qsizetype OwnLength(const QByteArray& text) {
     qsizetype length = 1;
     if (text.front() == '"') {

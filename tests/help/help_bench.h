@@ -29,12 +29,12 @@ inline QByteArray TenTopics() {
            "<p><a href=\"#topic4\">時計</a></p>";
 }
 
-/// Deletes the windows that have been closed, as the event loop would.
+/// Deletes the closed windows, as the event loop would.
 inline void DeleteClosedWindows() {
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
 
-/// The help with a file that the test writes; at first TenTopics.
+/// The help with a file that the test writes; initially TenTopics.
 struct HelpBench {
     QTemporaryDir dir;
     FakeMessageBoxes boxes;
@@ -64,7 +64,7 @@ struct HelpBench {
         const QPoint edge(0, Text().fontMetrics().height());
         return Text().cursorForPosition(edge).block().text();
     }
-    /// The heading marked in the contents; empty if none is.
+    /// The heading that is marked in the contents; empty if there is none.
     QString MarkedHeading() const {
         const auto& contents = Find<QTreeWidget>(QStringLiteral("Contents"));
         return contents.currentItem() == nullptr ? QString() : contents.currentItem()->text(0);

@@ -9,7 +9,7 @@ using namespace Qt::StringLiterals;
 
 using Spans = QList<TextSpan>;
 
-/// Text search in the help: differences that it ignores, and those that it does not.
+/// Text search in the help: which differences it ignores.
 class TstFoldedText : public QObject {
     Q_OBJECT
 
@@ -28,10 +28,10 @@ void TstFoldedText::TermsAreFound_data() {
     row("plain", u"時計と時報"_s, u"時"_s, {{0, 1}, {3, 1}});
     row("nowhere", u"時計"_s, u"報"_s, {});
     row("in an empty text", QString(), u"報"_s, {});
-    row("nothing asked for", u"時計"_s, QString(), {});
-    row("blanks asked for", u"a b"_s, u" 　"_s, {});
-    row("blanks around", u"a b c"_s, u" b　"_s, {{2, 1}});
-    row("a blank between", u"Page Up"_s, u"page　up"_s, {{0, 7}});
+    row("empty term", u"時計"_s, QString(), {});
+    row("term of blanks", u"a b"_s, u" 　"_s, {});
+    row("blanks around the term", u"a b c"_s, u" b　"_s, {{2, 1}});
+    row("blank inside the term", u"Page Up"_s, u"page　up"_s, {{0, 7}});
     row("case", u"TKW2.ini tkw2.INI"_s, u"Tkw2.Ini"_s, {{0, 8}, {9, 8}});
     row("full-width letters", u"ＣＤを聴く"_s, u"cd"_s, {{0, 2}});
     row("half-width kana found by full-width", u"「ﾀｲﾏｰ」"_s, u"タイマー"_s, {{1, 4}});
@@ -39,13 +39,13 @@ void TstFoldedText::TermsAreFound_data() {
     row("voiced kana are two characters when half-width", u"ﾃﾞｼﾞﾀﾙ時計"_s, u"デジタル時計"_s, {{0, 8}});
     row("semi-voiced as well", u"ﾍﾙﾌﾟ"_s, u"プ"_s, {{2, 2}});
     row("the mark belongs to its kana", u"ﾃﾞ"_s, u"テ"_s, {});
-    row("behind longer ones the place is right", u"ﾊﾞｯﾃﾘｰとCD"_s, u"cd"_s, {{7, 2}});
-    row("a character that is several", u"㍻10年"_s, u"平成10"_s, {{0, 3}});
-    row("half of one that is several is all of it", u"㍻10年"_s, u"成"_s, {{0, 1}});
+    row("the position is right after folded kana", u"ﾊﾞｯﾃﾘｰとCD"_s, u"cd"_s, {{7, 2}});
+    row("a character that folds to several", u"㍻10年"_s, u"平成10"_s, {{0, 3}});
+    row("a hit in part of it covers the character", u"㍻10年"_s, u"成"_s, {{0, 1}});
     row("hits do not overlap", u"ああああ"_s, u"ああ"_s, {{0, 2}, {2, 2}});
     row("hiragana is not katakana", u"タイマー"_s, u"たいまー"_s, {});
-    row("beyond the first plane", u"a𠮷b"_s, u"𠮷"_s, {{1, 2}});
-    row("a mark alone at the beginning", u"ﾞa"_s, u"a"_s, {{1, 1}});
+    row("outside the basic plane", u"a𠮷b"_s, u"𠮷"_s, {{1, 2}});
+    row("a mark without its kana at the beginning", u"ﾞa"_s, u"a"_s, {{1, 1}});
 }
 
 void TstFoldedText::TermsAreFound() {

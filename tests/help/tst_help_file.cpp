@@ -35,12 +35,12 @@ class TstHelpFile : public QObject {
 
 private Q_SLOTS:
     void TextIsRead();
-    void WhatIsNoTextIsRefused_data();
-    void WhatIsNoTextIsRefused();
-    void WhatWouldTakeLongToShowIsRefused_data();
-    void WhatWouldTakeLongToShowIsRefused();
-    void WhatCannotBeReadIsRefused();
-    void APipeDoesNotHoldTheProgramUp();
+    void FilesThatAreNoTextAreRefused_data();
+    void FilesThatAreNoTextAreRefused();
+    void TextThatWouldTakeLongToShowIsRefused_data();
+    void TextThatWouldTakeLongToShowIsRefused();
+    void UnreadableFilesAreRefused();
+    void APipeDoesNotBlockTheProgram();
     void AFileWithoutTheRightToReadIsRefused();
 };
 
@@ -50,20 +50,20 @@ void TstHelpFile::TextIsRead() {
     QCOMPARE(ReadHelpFile(dir.filePath(u"Help.hlp"_s)), u"<h1>ヘルプ</h1>\n"_s);
 }
 
-void TstHelpFile::WhatIsNoTextIsRefused_data() {
+void TstHelpFile::FilesThatAreNoTextAreRefused_data() {
     QTest::addColumn<QByteArray>("bytes");
     QTest::addColumn<QString>("reason");
     QTest::newRow("empty") << QByteArray() << kUnreadable;
     QTest::newRow("a compiled help file") << QByteArray("?_\x03\x00\x10\x00\x00\x00", 8) << kWrongForm;
     QTest::newRow("another encoding") << QByteArray("\x83\x77\x83\x8b\x83\x76") << kWrongForm;
-    QTest::newRow("cut within a character") << QByteArray("a\xe3\x81") << kWrongForm;
+    QTest::newRow("truncated within a character") << QByteArray("a\xe3\x81") << kWrongForm;
     QTest::newRow("too large")
         << QByteArray("<br>").repeated(512 * 256) + '\n'
         << kUnreadable +
                u"\r\nファイルが大きすぎます（512 KiBまで）。\r\n元の Help.hlp に置き換えてください。";
 }
 
-void TstHelpFile::WhatIsNoTextIsRefused() {
+void TstHelpFile::FilesThatAreNoTextAreRefused() {
     QFETCH(QByteArray, bytes);
     QFETCH(QString, reason);
     const QTemporaryDir dir;
@@ -71,7 +71,7 @@ void TstHelpFile::WhatIsNoTextIsRefused() {
     QCOMPARE(ReasonFor(dir.filePath(u"Help.hlp"_s)), reason);
 }
 
-void TstHelpFile::WhatWouldTakeLongToShowIsRefused_data() {
+void TstHelpFile::TextThatWouldTakeLongToShowIsRefused_data() {
     QTest::addColumn<QByteArray>("bytes");
     QTest::addColumn<bool>("isShown");
     const auto repeated = [](const char* text, int count) { return QByteArray(text).repeated(count); };
@@ -122,7 +122,7 @@ void TstHelpFile::WhatWouldTakeLongToShowIsRefused_data() {
     row("a tag within a tag", "<p \" > <b> \" >", false);
 }
 
-void TstHelpFile::WhatWouldTakeLongToShowIsRefused() {
+void TstHelpFile::TextThatWouldTakeLongToShowIsRefused() {
     QFETCH(QByteArray, bytes);
     QFETCH(bool, isShown);
     const QTemporaryDir dir;
@@ -134,14 +134,14 @@ void TstHelpFile::WhatWouldTakeLongToShowIsRefused() {
             : u"Help.hlp は構造が複雑すぎるため、表示できません。\r\n元の Help.hlp に置き換えてください。"_s);
 }
 
-void TstHelpFile::WhatCannotBeReadIsRefused() {
+void TstHelpFile::UnreadableFilesAreRefused() {
     const QTemporaryDir dir;
     QCOMPARE(ReasonFor(dir.filePath(u"Help.hlp"_s)), kUnreadable);
     QVERIFY(QDir(dir.path()).mkdir(u"Help.hlp"_s));
     QCOMPARE(ReasonFor(dir.filePath(u"Help.hlp"_s)), kUnreadable);
 }
 
-void TstHelpFile::APipeDoesNotHoldTheProgramUp() {
+void TstHelpFile::APipeDoesNotBlockTheProgram() {
     const QTemporaryDir dir;
     const QString path = dir.filePath(u"Help.hlp"_s);
     QCOMPARE(mkfifo(qPrintable(path), 0600), 0);

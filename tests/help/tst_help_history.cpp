@@ -11,14 +11,14 @@ class TstHelpHistory : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void AtFirstThereIsNoWay();
-    void EachJumpCanBeGoneBack();
+    void AtFirstThereIsNoHistory();
+    void EachJumpCanBeUndone();
     void GoingBackReturnsToWhereTheReaderHadScrolled();
-    void AJumpEndsTheWayForward();
-    void AJumpToTheSamePlaceIsNone();
+    void AJumpClearsTheForwardHistory();
+    void AJumpToTheSamePlaceIsIgnored();
 };
 
-void TstHelpHistory::AtFirstThereIsNoWay() {
+void TstHelpHistory::AtFirstThereIsNoHistory() {
     HelpHistory history;
     QVERIFY(!history.CanGoBack());
     QVERIFY(!history.CanGoForward());
@@ -28,7 +28,7 @@ void TstHelpHistory::AtFirstThereIsNoWay() {
     QVERIFY(!history.CanGoForward());
 }
 
-void TstHelpHistory::EachJumpCanBeGoneBack() {
+void TstHelpHistory::EachJumpCanBeUndone() {
     HelpHistory history;
     history.Jump(0, 100);
     history.Jump(100, 200);
@@ -49,7 +49,7 @@ void TstHelpHistory::GoingBackReturnsToWhereTheReaderHadScrolled() {
     QCOMPARE(history.Back(250), 140);
 }
 
-void TstHelpHistory::AJumpEndsTheWayForward() {
+void TstHelpHistory::AJumpClearsTheForwardHistory() {
     HelpHistory history;
     history.Jump(0, 100);
     QCOMPARE(history.Back(100), 0);
@@ -58,7 +58,7 @@ void TstHelpHistory::AJumpEndsTheWayForward() {
     QCOMPARE(history.Back(300), 0);
 }
 
-void TstHelpHistory::AJumpToTheSamePlaceIsNone() {
+void TstHelpHistory::AJumpToTheSamePlaceIsIgnored() {
     HelpHistory history;
     history.Jump(0, 100);
     QCOMPARE(history.Back(100), 0);

@@ -16,13 +16,13 @@ class TstHelpLayout : public QObject {
 
 private Q_SLOTS:
     void TextGrowsAndShrinks();
-    void TheSizeLeavesTheReaderWhereTheyAre();
+    void ChangingTheSizeKeepsTheReadersPosition();
     void KeysChangeTheSize_data();
     void KeysChangeTheSize();
-    void APaletteLeavesTheReaderWhereTheyAre();
-    void APaletteIsTakenOnWithoutAWarning();
-    void ABarAcrossIsShownWhereItIsNeeded_data();
-    void ABarAcrossIsShownWhereItIsNeeded();
+    void ChangingThePaletteKeepsTheReadersPosition();
+    void ChangingThePaletteCausesNoWarning();
+    void AHorizontalScrollBarIsShownIfNeeded_data();
+    void AHorizontalScrollBarIsShownIfNeeded();
 };
 
 void TstHelpLayout::TextGrowsAndShrinks() {
@@ -42,7 +42,7 @@ void TstHelpLayout::TextGrowsAndShrinks() {
     QCOMPARE(points(), plain);
 }
 
-void TstHelpLayout::TheSizeLeavesTheReaderWhereTheyAre() {
+void TstHelpLayout::ChangingTheSizeKeepsTheReadersPosition() {
     HelpBench bench;
     bench.Open(5);
     for (int i = 0; i < 4; ++i) {
@@ -75,7 +75,7 @@ void TstHelpLayout::KeysChangeTheSize() {
     QCOMPARE(bench.Text().font().pointSizeF(), plain);
 }
 
-void TstHelpLayout::APaletteLeavesTheReaderWhereTheyAre() {
+void TstHelpLayout::ChangingThePaletteKeepsTheReadersPosition() {
     HelpBench bench;
     bench.Open(6);
     QPalette dark(Qt::white, Qt::black);
@@ -84,8 +84,9 @@ void TstHelpLayout::APaletteLeavesTheReaderWhereTheyAre() {
     QCOMPARE(bench.MarkedHeading(), u"Topic 6"_s);
 }
 
-/// During the new layout the scroll bar is hidden and shown again, and the reader's position is queried.
-void TstHelpLayout::APaletteIsTakenOnWithoutAWarning() {
+/// While the text is laid out again, the scroll bar is hidden and shown, and the reader's position is
+/// queried.
+void TstHelpLayout::ChangingThePaletteCausesNoWarning() {
     HelpBench bench;
     bench.Open(6);
     QTest::failOnWarning(QRegularExpression(u"setPosition"_s));
@@ -93,7 +94,7 @@ void TstHelpLayout::APaletteIsTakenOnWithoutAWarning() {
     QCOMPARE(bench.TopLine(), u"Topic 6"_s);
 }
 
-void TstHelpLayout::ABarAcrossIsShownWhereItIsNeeded_data() {
+void TstHelpLayout::AHorizontalScrollBarIsShownIfNeeded_data() {
     QTest::addColumn<int>("more");
     QTest::addColumn<bool>("shown");
     QTest::newRow("fits") << 0 << false;
@@ -101,7 +102,7 @@ void TstHelpLayout::ABarAcrossIsShownWhereItIsNeeded_data() {
     QTest::newRow("really too wide") << 40 << true;
 }
 
-void TstHelpLayout::ABarAcrossIsShownWhereItIsNeeded() {
+void TstHelpLayout::AHorizontalScrollBarIsShownIfNeeded() {
     QFETCH(int, more);
     QFETCH(bool, shown);
     HelpBench bench;
@@ -109,7 +110,7 @@ void TstHelpLayout::ABarAcrossIsShownWhereItIsNeeded() {
     const int margins = qRound(2 * bench.Text().document()->documentMargin());
     const int width = bench.Text().viewport()->width() - margins + more;
     bench.desk.Window()->close();
-    // High enough for a vertical scroll bar, which reduces the width of both.
+    // The topics keep the vertical scroll bar, so that the width measured above is still the available one.
     bench.Write(TenTopics() + "<table width=\"" + QByteArray::number(width) +
                 "\"><tr><td>a</td></tr></table>");
     bench.Open();

@@ -15,15 +15,15 @@ class TstHelpNavigation : public QObject {
 
 private Q_SLOTS:
     void TheContentsFollowTheReader();
-    void TheContentsLeadThere();
-    void TheIndexLeadsThere();
+    void ClickingTheContentsGoesThere();
+    void ClickingTheIndexGoesThere();
     void TheIndexIsFilteredInEitherWidth();
-    void BackAndForwardGoByKeys();
-    void LinksLeadWithinTheFileAlone();
+    void BackAndForwardHaveKeys();
+    void OnlyLinksWithinTheFileAreFollowed();
     void TypingFindsAndCounts();
-    void FunctionKeysGoFromHitToHit_data();
-    void FunctionKeysGoFromHitToHit();
-    void WithNothingToFindF3AsksWhat();
+    void KeysGoFromHitToHit_data();
+    void KeysGoFromHitToHit();
+    void WithoutATermF3GoesToTheFindBox();
     void TitlesInTheContentsAreNeverMarkup();
 };
 
@@ -38,12 +38,12 @@ void TstHelpNavigation::TheContentsFollowTheReader() {
     QCOMPARE(bench.MarkedHeading(), u"Topic 2"_s);
     bar->setValue(0);
     QCOMPARE(bench.MarkedHeading(), QString());
-    // The last topics cannot be scrolled to the top, but are marked as well.
+    // The last topics cannot be scrolled to the top, but are still marked.
     bench.desk.ShowTopic(10);
     QCOMPARE(bench.MarkedHeading(), u"Topic 10"_s);
 }
 
-void TstHelpNavigation::TheContentsLeadThere() {
+void TstHelpNavigation::ClickingTheContentsGoesThere() {
     HelpBench bench;
     bench.Open();
     auto& contents = bench.Find<QTreeWidget>(u"Contents"_s);
@@ -59,7 +59,7 @@ void TstHelpNavigation::TheContentsLeadThere() {
     QVERIFY(bench.desk.Window()->isVisible());
 }
 
-void TstHelpNavigation::TheIndexLeadsThere() {
+void TstHelpNavigation::ClickingTheIndexGoesThere() {
     HelpBench bench;
     bench.Open();
     bench.Find<QTabWidget>(u"Side"_s).setCurrentIndex(1);
@@ -88,7 +88,7 @@ void TstHelpNavigation::TheIndexIsFilteredInEitherWidth() {
     QVERIFY(!index.item(0)->isHidden() && !index.item(1)->isHidden());
 }
 
-void TstHelpNavigation::BackAndForwardGoByKeys() {
+void TstHelpNavigation::BackAndForwardHaveKeys() {
     HelpBench bench;
     bench.Open(1);
     bench.Open(5);
@@ -106,7 +106,7 @@ void TstHelpNavigation::BackAndForwardGoByKeys() {
     QVERIFY(!bench.Find<QAction>(u"Forward"_s).isEnabled());
 }
 
-void TstHelpNavigation::LinksLeadWithinTheFileAlone() {
+void TstHelpNavigation::OnlyLinksWithinTheFileAreFollowed() {
     HelpBench bench;
     bench.Open();
     for (const QString& url : {u"https://example.org/#topic2"_s, u"file:///etc/passwd"_s, u"#nowhere"_s,
@@ -137,14 +137,14 @@ void TstHelpNavigation::TypingFindsAndCounts() {
     QCOMPARE(bench.Count(), QString());
 }
 
-void TstHelpNavigation::FunctionKeysGoFromHitToHit_data() {
+void TstHelpNavigation::KeysGoFromHitToHit_data() {
     QTest::addColumn<Qt::Key>("key");
     QTest::newRow("F3") << Qt::Key_F3;
     QTest::newRow("Enter in the find box") << Qt::Key_Return;
     QTest::newRow("Enter of the number pad") << Qt::Key_Enter;
 }
 
-void TstHelpNavigation::FunctionKeysGoFromHitToHit() {
+void TstHelpNavigation::KeysGoFromHitToHit() {
     QFETCH(Qt::Key, key);
     HelpBench bench;
     bench.Open(1);
@@ -163,7 +163,7 @@ void TstHelpNavigation::FunctionKeysGoFromHitToHit() {
     QCOMPARE(bench.MarkedHeading(), u"Topic 10"_s);
 }
 
-void TstHelpNavigation::WithNothingToFindF3AsksWhat() {
+void TstHelpNavigation::WithoutATermF3GoesToTheFindBox() {
     HelpBench bench;
     bench.Open();
     bench.Press(Qt::Key_F3);
@@ -179,7 +179,7 @@ void TstHelpNavigation::TitlesInTheContentsAreNeverMarkup() {
     const auto& contents = bench.Find<QTreeWidget>(u"Contents"_s);
     const QTreeWidgetItem* item = contents.findItems(title, Qt::MatchExactly | Qt::MatchRecursive).value(0);
     QVERIFY(item != nullptr);
-    QTextDocument shown;  // like a tool tip
+    QTextDocument shown;  // rendered as in a tool tip
     shown.setHtml(item->toolTip(0));
     QVERIFY(Qt::mightBeRichText(item->toolTip(0)));
     QCOMPARE(shown.toPlainText(), title);

@@ -41,11 +41,11 @@ class TstHelpPage : public QObject {
 private Q_SLOTS:
     void HeadingsBelowTheTitleAreTheContents();
     void EveryAnchorHasItsPlace();
-    void ATopicThatIsNotThereIsTheBeginning();
-    void LinksLeadWithinThePageAlone_data();
-    void LinksLeadWithinThePageAlone();
-    void TheIndexIsTheLinksBehindItsAnchor();
-    void APlaceStandsUnderItsHeading();
+    void AMissingTopicIsTheBeginning();
+    void OnlyLinksWithinThePageAreFollowed_data();
+    void OnlyLinksWithinThePageAreFollowed();
+    void TheIndexConsistsOfTheLinksAfterItsAnchor();
+    void APlaceBelongsToItsHeading();
     void FoundPlacesAreThoseOfTheDocument();
     void APageWithoutAnythingHasNothing();
 };
@@ -67,13 +67,13 @@ void TstHelpPage::EveryAnchorHasItsPlace() {
     QCOMPARE(page.LineAt(page.page.TopicPosition(2)), u"ﾀｲﾏｰ"_s);
 }
 
-void TstHelpPage::ATopicThatIsNotThereIsTheBeginning() {
+void TstHelpPage::AMissingTopicIsTheBeginning() {
     const Page page(kHtml);
     QCOMPARE(page.page.TopicPosition(3), 0);
     QCOMPARE(page.page.TopicPosition(-1), 0);
 }
 
-void TstHelpPage::LinksLeadWithinThePageAlone_data() {
+void TstHelpPage::OnlyLinksWithinThePageAreFollowed_data() {
     QTest::addColumn<QString>("href");
     QTest::addColumn<bool>("leads");
     QTest::newRow("to a topic") << u"#topic1"_s << true;
@@ -82,22 +82,22 @@ void TstHelpPage::LinksLeadWithinThePageAlone_data() {
     QTest::newRow("nothing at all") << QString() << false;
     QTest::newRow("out to the network") << u"https://example.org/#topic1"_s << false;
     QTest::newRow("out to a file") << u"file:///etc/passwd"_s << false;
-    QTest::newRow("a name without its sign") << u"topic1"_s << false;
+    QTest::newRow("an anchor without its #") << u"topic1"_s << false;
 }
 
-void TstHelpPage::LinksLeadWithinThePageAlone() {
+void TstHelpPage::OnlyLinksWithinThePageAreFollowed() {
     QFETCH(QString, href);
     QFETCH(bool, leads);
     QCOMPARE(Page(kHtml).page.LinkPosition(href).has_value(), leads);
 }
 
-void TstHelpPage::TheIndexIsTheLinksBehindItsAnchor() {
+void TstHelpPage::TheIndexConsistsOfTheLinksAfterItsAnchor() {
     const Page page(kHtml);
     QVERIFY(page.page.index == (QList<HelpKeyword>{{u"タイマー"_s, page.page.TopicPosition(2)},
                                                    {u"時計"_s, page.page.TopicPosition(1)}}));
 }
 
-void TstHelpPage::APlaceStandsUnderItsHeading() {
+void TstHelpPage::APlaceBelongsToItsHeading() {
     const HelpPage page = Page(kHtml).page;
     QCOMPARE(page.HeadingAt(0), -1);
     QCOMPARE(page.HeadingAt(page.headings[0].position), 0);

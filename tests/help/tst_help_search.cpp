@@ -29,7 +29,7 @@ class TstHelpSearch : public QObject {
 private Q_SLOTS:
     void ASearchBeginsWhereTheReaderIs_data();
     void ASearchBeginsWhereTheReaderIs();
-    void NextAndPreviousGoRound();
+    void NextAndPreviousWrapAround();
     void TheCountSaysWhichOfHowMany();
     void WithoutAHitNothingIsCurrent();
     void AnEmptyTermEndsTheSearch();
@@ -41,7 +41,7 @@ void TstHelpSearch::ASearchBeginsWhereTheReaderIs_data() {
     QTest::newRow("at the beginning") << 0 << 0;
     QTest::newRow("between two") << 1 << 3;
     QTest::newRow("on one") << 3 << 3;
-    QTest::newRow("behind the last it begins again") << 7 << 0;
+    QTest::newRow("after the last one it wraps around") << 7 << 0;
 }
 
 void TstHelpSearch::ASearchBeginsWhereTheReaderIs() {
@@ -53,7 +53,7 @@ void TstHelpSearch::ASearchBeginsWhereTheReaderIs() {
     QCOMPARE(search.Hits().size(), 3);
 }
 
-void TstHelpSearch::NextAndPreviousGoRound() {
+void TstHelpSearch::NextAndPreviousWrapAround() {
     HelpSearch search;
     search.Start(Text(), u"時"_s, 0);
     QList<int> places;

@@ -48,7 +48,7 @@ QStringList MenuCaptions() {
 
 }  // namespace
 
-/// The help text that is delivered: it must satisfy the help window and the program that opens it.
+/// The delivered help text: it must suit the help window and the topics that the program opens.
 class TstHelpText : public QObject {
     Q_OBJECT
 
@@ -58,7 +58,7 @@ private Q_SLOTS:
     void EveryLinkLeadsSomewhere();
     void AnchorsAreUnique();
     void EveryHeadingCanBeLinkedTo();
-    void EveryMenuCaptionNamedThereExists();
+    void EveryMenuCaptionInTheTextExists();
     void EveryMenuItemIsExplained();
     void EveryTopicIsInTheIndex();
     void TheIndexNamesEachWordOnce();
@@ -109,7 +109,7 @@ void TstHelpText::EveryHeadingCanBeLinkedTo() {
     }
 }
 
-void TstHelpText::EveryMenuCaptionNamedThereExists() {
+void TstHelpText::EveryMenuCaptionInTheTextExists() {
     const QStringList named = AllMatches(m_html, u"<b class=\"menu\">([^<]*)</b>"_s);
     QCOMPARE(named.size(), m_html.count(u"class=\""));
     for (const QString& caption : named) {

@@ -18,8 +18,8 @@ private Q_SLOTS:
     void ATopicIsShownAtTheTop_data();
     void ATopicIsShownAtTheTop();
     void ThereIsOneWindow();
-    void ClosedItIsGone();
-    void ItOpensAgainAtOnceAfterTheClose();
+    void ClosingDeletesTheWindow();
+    void ItCanBeReopenedAtOnce();
     void ItRemembersItsSizeAndThatOfItsText();
     void TheFileIsReadWithEachOpening();
     void AMissingFileIsAnErrorAndNoWindow();
@@ -59,7 +59,7 @@ void TstHelpWindow::ThereIsOneWindow() {
     QCOMPARE(bench.TopLine(), u"Topic 1"_s);
 }
 
-void TstHelpWindow::ClosedItIsGone() {
+void TstHelpWindow::ClosingDeletesTheWindow() {
     HelpBench bench;
     const QPointer<HelpWindow> window = &bench.Open();
     window->close();
@@ -68,7 +68,7 @@ void TstHelpWindow::ClosedItIsGone() {
     QVERIFY(bench.desk.Window() == nullptr);
 }
 
-void TstHelpWindow::ItOpensAgainAtOnceAfterTheClose() {
+void TstHelpWindow::ItCanBeReopenedAtOnce() {
     HelpBench bench;
     const QPointer<HelpWindow> closed = &bench.Open();
     closed->close();
@@ -124,7 +124,7 @@ void TstHelpWindow::NothingElseIsLoaded() {
     }
 }
 
-/// Qt loads pictures in several ways, and reserves space for them.
+/// Qt can load a picture in several ways; a loaded one would be visible or take up space in the text.
 void TstHelpWindow::NoPictureIsOpened() {
     HelpBench bench;
     const QString path = bench.dir.filePath(u"picture.png"_s);

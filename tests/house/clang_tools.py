@@ -17,7 +17,7 @@ from pathlib import Path
 from project_files import ROOT, cpp_files, shown
 
 LATELY = 12  # commits
-MOST = 20  # files, of 15 s each beside a build; a commit that renames something touches all of them
+MOST = 20  # files, each taking 15 s during a build; a commit that renames something can touch all files
 
 
 def check_format():

@@ -1,6 +1,6 @@
 #!/usr/bin/python3
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""components.py BUILD_FOLDER: what a component links is what its files include, and no more.
+"""components.py BUILD_FOLDER: checks that each component links exactly what its files include.
 
 CMake knows the components and their links; this test compares them with the includes.
 """
@@ -17,12 +17,12 @@ INCLUDE = re.compile(r'^\s*#\s*include\s*"([^"]+)"', re.MULTILINE)
 QT_INCLUDE = re.compile(r"^\s*#\s*include\s*<(Q[A-Za-z0-9]+)>", re.MULTILINE)
 WINDOWS = {"Qt6::Gui", "Qt6::Widgets"}
 
-# A component with one of these suffixes contains the windows of the one without it, which computes.
+# A component with one of these suffixes contains the windows for the component without the suffix, which only computes.
 OF_WINDOWS = "_windows"
-# These paint or need the desktop and have no part that computes on its own.
+# These paint or need the desktop, and have no part without windows.
 PAINT_THEMSELVES = {"lines", "controls", "platform_desktop", "print_helper"}
 
-# Nobody links the platform but the program that puts everything together.
+# Only the program itself, which connects all components, links the platform.
 USES_THE_PLATFORM = re.compile(r"app|platform_")
 
 
@@ -45,7 +45,7 @@ def unit_of(path):
 
 @cache
 def reach(name):
-    """Names of the components that it links, directly or not."""
+    """The names of the components that it links, directly or indirectly."""
     needs = COMPONENTS[name].needs
     return frozenset(needs).union(*(reach(each) for each in needs))
 
@@ -61,7 +61,7 @@ def included_files(path):
 
 @cache
 def with_all_headers(path):
-    """The file, and what it includes of this project, directly or not."""
+    """The file, and all files of this project that it includes, directly or indirectly."""
     files, new = {path}, [path]
     while new:
         further = [each for each in included_files(new.pop()) if each not in files]
@@ -79,7 +79,7 @@ def is_of_windows(qt_class):
 class Components(unittest.TestCase):
     def test_every_source_belongs_to_one(self):
         self.assertTrue(UNITS)
-        alone = {"main.cpp", "cups_queue.cpp"}  # of the programs
+        alone = {"main.cpp", "cups_queue.cpp"}  # of the programs, not of a component
         wrong = [shown(path) for path in cpp_files(("src",))
                  if path.suffix == ".cpp" and unit_of(path) not in UNITS and path.name not in alone]
         self.assertEqual(wrong, [])
@@ -96,7 +96,7 @@ class Components(unittest.TestCase):
                     wrong.append(f"{shown(path)} of {component} needs {shown(file)} of {other}")
         self.assertEqual(wrong, [])
 
-    def test_no_link_is_idle(self):
+    def test_every_link_is_needed(self):
         wrong = []
         for component in COMPONENTS.values():
             files = {file for unit in component.units for path in unit.parent.glob(f"{unit.name}.*")
@@ -105,7 +105,7 @@ class Components(unittest.TestCase):
                       if not any(file.is_relative_to(COMPONENTS[link].folder) for file in files)]
         self.assertEqual(wrong, [])
 
-    def test_no_unit_includes_itself_in_a_circle(self):
+    def test_no_unit_includes_itself_indirectly(self):
         def headers(unit):
             return {unit_of(file) for suffix in (".h", ".cpp") if (path := unit.with_name(unit.name + suffix)).exists()
                     for file in included_files(path)} - {unit}
@@ -122,7 +122,7 @@ class Components(unittest.TestCase):
         for path in cpp_files(("src",)):
             visit(unit_of(path), [])
 
-    def test_what_computes_knows_no_windows(self):
+    def test_computing_components_do_not_use_windows(self):
         wrong = []
         for component in COMPONENTS.values():
             if component.name.endswith(OF_WINDOWS) or component.name in PAINT_THEMSELVES:

@@ -15,8 +15,8 @@ BLOCK = re.compile(r"(?:template\s*<.*>\s*)?(?:namespace|struct|class|union|enum
 # Statements and lambdas.
 NO_FUNCTION = re.compile(r"(?:if|for|while|switch|catch|return)\b|.*\]\s*\([^()]*\)[^:]*$", re.DOTALL)
 
-# An open brace. is_block: not that of a list of values; function: where the function starts whose body it opens, or None;
-# parentheses: how many were open before it.
+# An open brace. is_block: whether it opens a block, not a list of values; function: the start of the function whose
+# body it opens, or None; parentheses: how many were open before it.
 Brace = namedtuple("Brace", "is_block function parentheses")
 
 
@@ -25,7 +25,7 @@ def blanked(match):
 
 
 def opened_brace(code, head, at, parentheses, is_in_function):
-    """The brace at `at`, given where the statement before it starts."""
+    """The brace at `at`, given the start of the statement before it."""
     while access := ACCESS.match(code, head, at):
         head = access.end()
     before = code[head:at].strip()
@@ -36,7 +36,7 @@ def opened_brace(code, head, at, parentheses, is_in_function):
 
 
 def functions(text):
-    """(line, lines) of each function that is not inside another one: where it starts, and how many lines it has up to its
+    """(line, lines) of each function that is not inside another one: its first line, and the number of lines up to its
     closing brace."""
     code = NOT_CODE.sub(blanked, text)
     found, braces = [], []

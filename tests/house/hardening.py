@@ -1,7 +1,7 @@
 #!/usr/bin/python3
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""hardening.py BUILD_FOLDER PROGRAM...: checks that programs are hardened like the distribution's own. Sources are
-checked by their compile commands, programs by the distribution's hardening-check."""
+"""hardening.py BUILD_FOLDER PROGRAM...: checks that programs are hardened like those of Debian. Sources are
+checked by their compile commands, programs by hardening-check."""
 
 import json
 import subprocess
@@ -13,8 +13,8 @@ from project_files import ROOT, shown
 FLAGS = ("-D_FORTIFY_SOURCE=2", "-fstack-protector-strong", "-fstack-clash-protection", "-fcf-protection",
          "-Werror=format-security")
 
-# Linking removes the mark of cf-protection, because the distribution's start-up code lacks it. A program whose copies
-# all have a known size has no function to fortify; hardening-check cannot distinguish that from a missing flag.
+# Linking removes the mark of cf-protection, because the distribution's start-up code lacks it. In a program in which
+# the size of every copy is known, no call is fortified; hardening-check cannot distinguish that from a missing flag.
 CHECK = ("hardening-check", "--verbose", "--nocfprotection")
 NOTHING_TO_FORTIFY = {"tickwell-cd", "tickwell-print"}
 

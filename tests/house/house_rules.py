@@ -1,6 +1,6 @@
 #!/usr/bin/python3
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""The house rules: maximum file and function lengths, licence headers, who may start programs or show markup, and others."""
+"""The house rules: maximum file and function lengths, licence headers, who may start programs or show markup, etc."""
 
 import re
 import unittest
@@ -18,8 +18,7 @@ SHELL = re.compile(r"(?<!QLocale::)\bsystem\s*\(|\bpopen\s*\(|\bwordexp\s*\(|\bs
                    r"\bposix_spawnp\s*\(|\bexec[vl]p|startDetached\((?![^)]*,)|\bstart\(\s*u\"[^\"]* |"
                    r"\"(/bin/)?(ba|da)?sh\"")
 
-# Untrusted text is never rendered as markup. Only the help renders markup, that of the help file, and it loads no other
-# file.
+# Untrusted text is never rendered as markup. Only the help renders markup, from the help file, and loads no other file.
 MARKUP = re.compile(r"\bsetHtml\(|\binsertHtml\(|\bappendHtml\(|\bsetMarkdown\(|\binsertMarkdown\(|Qt::RichText|"
                     r"Qt::AutoText|Qt::MarkdownText|\bQTextBrowser\b|\bQErrorMessage\b|\bQWhatsThis\b|setWhatsThis\(|"
                     r"\bQStaticText\b|\bQMessageBox::(information|question|warning|critical|about)\b|\bQToolTip\b")
@@ -27,22 +26,22 @@ MAY_MARK_UP = {"src/help/help_browser.cpp", "src/help/help_browser.h", "src/help
 # A label created with a literal shows that text; every other label must be set to plain text.
 LABEL = re.compile(r"new QLabel\b(?!\(\s*u\")")
 PLAIN = "setTextFormat(Qt::PlainText)"
-# One shows a picture, the other is set to plain text in help_window_tools.cpp.
+# The first shows a picture; the label of the second is set to plain text in help_window_tools.cpp.
 PLAIN_ALL_THE_SAME = {"src/timing/timer_notice.cpp", "src/help/help_window.cpp"}
 TOOL_TIP = re.compile(r"setToolTip\((?!(\w+, )?(u\"|Qt::convertFromPlainText\(|ToolTipOf\())")
 # Their tool tips are fixed names from the source.
 NAMES_ITS_CONTROLS = {"src/media/cd_window.cpp", "src/help/help_window_tools.cpp", "src/platform/desktop/qt_tray.cpp"}
 
-# This one tests kills at particular moments.
+# It kills processes at particular moments.
 MAY_WAIT = {"tests/days/tst_killed_writer.cpp"}
 
-# The program changes to its folder at the start and passes its path on. The other two change the folder of processes of
-# their own.
+# The program changes to its folder at the start and passes the path on. The other two files change the folder of
+# processes of their own.
 MAY_CHANGE_FOLDERS = {"src/core/program_folder.cpp", "src/cd_helper/disc.cpp",
                       "src/platform/processes/detached_process.cpp"}
 
 LONGEST = {".cpp": 400, ".h": 120}
-LONGEST_FUNCTION = 60  # with its constructor's initialisers
+LONGEST_FUNCTION = 60  # lines, including a constructor's initialisers
 
 
 def lines_of(path):
@@ -103,17 +102,17 @@ class HouseRules(unittest.TestCase):
                 wrong.append(shown(path))
         self.assertEqual(wrong, [])
 
-    def test_no_file_grows_past_its_end(self):
+    def test_no_file_is_too_long(self):
         wrong = [f"{shown(path)}: {lines_of(path)} lines"
                  for path in cpp_files() if lines_of(path) > LONGEST[path.suffix]]
         self.assertEqual(wrong, [])
 
-    def test_no_function_grows_past_its_end(self):
+    def test_no_function_is_too_long(self):
         wrong = [f"{shown(path)}:{line}: {lines} lines" for path in cpp_files()
                  for line, lines in functions(path.read_text("utf-8")) if lines > LONGEST_FUNCTION]
         self.assertEqual(wrong, [])
 
-    def test_the_length_of_a_function_is_seen(self):
+    def test_the_length_of_a_function_is_measured(self):
         body = "    f(u\"}\", '{', 1'000, [&] { g(); });  // }\n" * 58 + "}\n"
         for begins, line in (("void F() {\n", 1), ("void TstF::F_data() {\n", 1), ("auto F() const -> int {\n", 1),
                              ("F::F(int a)\n    : m_a{a},\n      m_b(a) {\n", 1),
@@ -126,7 +125,7 @@ class HouseRules(unittest.TestCase):
             with self.subTest(other):
                 self.assertEqual(functions(other + "    a,\n" * 70 + "};\n"), [])
 
-    def test_q_object_stands_on_a_line_of_its_own(self):
+    def test_q_object_is_on_a_line_of_its_own(self):
         wrong = [shown(path) for path in cpp_files()
                  for line in path.read_text("utf-8").splitlines()
                  if re.search(r"\bQ_OBJECT\b", line) and line.strip() != "Q_OBJECT"]
@@ -141,7 +140,7 @@ class HouseRules(unittest.TestCase):
                 wrong += [f"{shown(path)}: {found[0]}" for found in STARTING.finditer(text)]
         self.assertEqual(wrong, [])
 
-    def test_a_shell_would_be_seen(self):
+    def test_a_shell_would_be_detected(self):
         for code in ('system("ls")', 'std::system(text)', 'popen(a, "r")', 'QProcess::startDetached(line)',
                      'process.start(u"ls -l"_s)', 'Start(u"/bin/sh", words)', 'execvp(file, words)'):
             with self.subTest(code):
@@ -165,7 +164,7 @@ class HouseRules(unittest.TestCase):
                 wrong += [f"{shown(path)}: {found[0]}" for found in TOOL_TIP.finditer(text)]
         self.assertEqual(wrong, [])
 
-    def test_nothing_speaks_to_the_network(self):
+    def test_nothing_uses_the_network(self):
         network = re.compile(r"QTcp|QUdp|QSsl|QNetworkAccess|QNetworkRequest|QHostAddress|\bAF_INET|\bgetaddrinfo\b|"
                              r"\bQWebSocket|\bQDnsLookup\b")
         wrong = [f"{shown(path)}: {found[0]}" for path in cpp_files(("src", "tools"))

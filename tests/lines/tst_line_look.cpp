@@ -22,7 +22,7 @@ private Q_SLOTS:
     void StepSizes();
     void SumsThatDoNotFitOverflow();
     void TheStyleKeepsItsFontName();
-    void SizesTheToolkitCannotDrawAreDrawnAsCloseAsItCan();
+    void SizesQtCannotDrawAreReplacedByTheClosest();
     void HalfWidthKanaComeFromTheSameFont();
 };
 
@@ -100,7 +100,7 @@ void TstLineLook::TheStyleKeepsItsFontName() {
     QVERIFY(font.bold() && font.italic() && font.strikeOut() && font.underline());
 }
 
-void TstLineLook::SizesTheToolkitCannotDrawAreDrawnAsCloseAsItCan() {
+void TstLineLook::SizesQtCannotDrawAreReplacedByTheClosest() {
     QCOMPARE(FontOf({u"x"_s, 0}).pointSize(), 1);
     QCOMPARE(FontOf({u"x"_s, -7}).pointSize(), 1);
     QCOMPARE(FontOf({u"x"_s, 32767}).pointSize(), 1638);

@@ -57,18 +57,18 @@ private Q_SLOTS:
     void TextIsSetAtOnceAndNeverWiped();
     void ShowTextReturnsTheNewTextWhileItWipes();
     void SetTextDuringAWipeEndsIt();
-    void ShowTextDuringAWipeStartsAnewWithTheNewText();
+    void ShowTextDuringAWipeRestartsItWithTheNewText();
     void AWipeTakesItsFrames_data();
     void AWipeTakesItsFrames();
     void AnIntervalOfZeroOrBelowIsOverAtOnce();
     void AnUnknownKindIsOverAtOnce();
-    void TheNewTextComesFromTheSideItsKindSays_data();
-    void TheNewTextComesFromTheSideItsKindSays();
-    void TheOldTextStandsUntilItIsCovered();
+    void TheNewTextComesFromTheSideOfItsKind_data();
+    void TheNewTextComesFromTheSideOfItsKind();
+    void TheOldTextStaysUntilItIsCovered();
     void ALongTextIsClippedAtTheEdge();
     void ColoursAreDrawnAsStored();
-    void AReaderSeesALabelWithTheText();
-    void AReaderIsToldTheTextThatIsBroughtUp();
+    void AScreenReaderSeesALabelWithTheText();
+    void AScreenReaderGetsTheUpdatedText();
     void AFrameOfAWipePaintsWhatTheEdgeHasPassed_data();
     void AFrameOfAWipePaintsWhatTheEdgeHasPassed();
     void OutOfSightNothingWipes();
@@ -107,7 +107,7 @@ void TstMovingWord::SetTextDuringAWipeEndsIt() {
     QCOMPARE(bench.Picture(), atOnce);
 }
 
-void TstMovingWord::ShowTextDuringAWipeStartsAnewWithTheNewText() {
+void TstMovingWord::ShowTextDuringAWipeRestartsItWithTheNewText() {
     Bench bench;
     bench.word.ShowText(u"一"_s);
     bench.time.Advance(80);
@@ -159,7 +159,7 @@ void TstMovingWord::AnUnknownKindIsOverAtOnce() {
     QVERIFY(!bench.Inked().isEmpty());
 }
 
-void TstMovingWord::TheNewTextComesFromTheSideItsKindSays_data() {
+void TstMovingWord::TheNewTextComesFromTheSideOfItsKind_data() {
     QTest::addColumn<qint32>("kind");
     QTest::addColumn<int>("milliseconds");
     QTest::addColumn<QRect>("shown");
@@ -170,7 +170,7 @@ void TstMovingWord::TheNewTextComesFromTheSideItsKindSays_data() {
     QTest::newRow("bottom to top") << kWipeBottomToTop << 40 << QRect(0, 12, 100, 8);
 }
 
-void TstMovingWord::TheNewTextComesFromTheSideItsKindSays() {
+void TstMovingWord::TheNewTextComesFromTheSideOfItsKind() {
     QFETCH(qint32, kind);
     QFETCH(int, milliseconds);
     QFETCH(QRect, shown);
@@ -186,7 +186,7 @@ void TstMovingWord::TheNewTextComesFromTheSideItsKindSays() {
     QVERIFY(shown.contains(bench.Inked()));
 }
 
-void TstMovingWord::TheOldTextStandsUntilItIsCovered() {
+void TstMovingWord::TheOldTextStaysUntilItIsCovered() {
     Bench old;
     old.word.SetText(u"■■■■■■■"_s);
     Bench bench;
@@ -221,7 +221,7 @@ void TstMovingWord::ColoursAreDrawnAsStored() {
     QVERIFY(red);
 }
 
-void TstMovingWord::AReaderSeesALabelWithTheText() {
+void TstMovingWord::AScreenReaderSeesALabelWithTheText() {
     Bench bench;
     bench.word.SetText(u"午後9時05分07秒"_s);
     QAccessibleInterface* accessible = QAccessible::queryAccessibleInterface(&bench.word);
@@ -230,7 +230,7 @@ void TstMovingWord::AReaderSeesALabelWithTheText() {
     QCOMPARE(accessible->text(QAccessible::Name), u"午後9時05分07秒"_s);
 }
 
-void TstMovingWord::AReaderIsToldTheTextThatIsBroughtUp() {
+void TstMovingWord::AScreenReaderGetsTheUpdatedText() {
     Bench bench;
     bench.word.SetText(u"0:00'00\"017"_s);
     bench.word.BringUpForReaders([&bench] { bench.word.SetText(u"0:00'00\"018"_s); });
@@ -241,7 +241,7 @@ void TstMovingWord::AReaderIsToldTheTextThatIsBroughtUp() {
 
 namespace {
 
-/// Collects what is painted of a widget.
+/// Counts the paint events of a widget and collects the painted regions.
 class PaintWatch : public QObject {
 public:
     explicit PaintWatch(QWidget& widget) { widget.installEventFilter(this); }

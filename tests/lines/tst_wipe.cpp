@@ -48,7 +48,7 @@ void TstWipe::TheWholeWayInFrames_data() {
     QTest::addColumn<qint32>("kind");
     QTest::addColumn<int>("step");
     QTest::addColumn<int>("frames");
-    // ceil(length / step): 100 across, 20 down.
+    // ceil(length / step): the edge moves 100 pixels across or 20 down.
     QTest::newRow("across by 4") << 0 << 4 << 25;
     QTest::newRow("across by 3") << 1 << 3 << 34;
     QTest::newRow("down by 4") << 2 << 4 << 5;

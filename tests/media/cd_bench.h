@@ -33,7 +33,7 @@ struct CdBench {
                        .tellsNoCdDrive = tellsNoCdDrive}};
     CdPlayer& player = media.Player();
 
-    /// Opens the drive as at program start, with this disc in it.
+    /// Opens the drive as the program does at its start, with this disc in it.
     void Start(const CdContents& contents) {
         drive.PutIn(contents);
         media.OpenAtStart();
@@ -54,7 +54,7 @@ struct CdBench {
         }
     }
 
-    /// The drive's commands since the last call.
+    /// The commands to the drive since the last call.
     QStringList Done() { return drive.TakeRecord(); }
     void TakeAll() { drive.TakeRecord(); }
     qint32 State() const { return player.State().CdState; }

@@ -33,7 +33,7 @@ struct CdLinesBench : CdBench {
         ChooseFunction();
         TakeAll();
     }
-    /// Forgets what the drive was told and what was written to the lines.
+    /// Clears the records of the drive's commands and of the lines' texts.
     void TakeAll() {
         CdBench::TakeAll();
         upper.TakeRecord();

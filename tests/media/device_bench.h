@@ -14,7 +14,7 @@
 
 namespace tickwell::media {
 
-/// Devices with ports that the test controls, and a folder for waves.
+/// Command devices with fake ports, and a folder for waves.
 struct DeviceBench {
     FakeCdDrive drive;
     FakeSoundOutput sound;
@@ -42,7 +42,7 @@ struct DeviceBench {
         return result.error == 0 ? result.reply : QStringLiteral("error %1").arg(result.error);
     }
 
-    /// Puts a disc into the drive and opens it as the program does.
+    /// Inserts a disc and opens the drive as the program does.
     void PutDisc(const CdContents& contents) {
         drive.PutIn(contents);
         Reply(QStringLiteral("open cdaudio alias CDP"));

@@ -16,11 +16,11 @@ private Q_SLOTS:
     void OpeningLeavesTheDiscAlone();
     void TheTimeFormatNeedsNoDisc();
     void ADiscInNumbers();
-    void TimesAreMinutesUntilToldOtherwise();
+    void TimesAreInMinutesByDefault();
     void WithoutADisc_data();
     void WithoutADisc();
     void ADiscOfDataCountsAsNone();
-    void AskingForADiscHasTheDriveLookedAt();
+    void QueryingTheDiscChecksTheDrive();
     void Playing_data();
     void Playing();
     void PausingKeepsThePosition();
@@ -33,8 +33,8 @@ private Q_SLOTS:
     void WaitingEndsWhenTheDeviceIsClosed();
     void WaitingEndsWithAPause();
     void WithoutSoundNothingPlays();
-    void ADiscThatCannotBeReadSaysSoUntilItIsPlayedAnew();
-    void WhatLiesBeforeTrackOneIsNotPlayed();
+    void AReadErrorIsReportedUntilTheNextPlay();
+    void SectorsBeforeTrackOneAreNotPlayed();
 };
 
 void TstCdAudioDevice::WithoutADriveItDoesNotOpen() {
@@ -73,7 +73,7 @@ void TstCdAudioDevice::ADiscInNumbers() {
     QCOMPARE(bench.Reply(u"status CDP media present"_s), u"true"_s);
 }
 
-void TstCdAudioDevice::TimesAreMinutesUntilToldOtherwise() {
+void TstCdAudioDevice::TimesAreInMinutesByDefault() {
     DeviceBench bench;
     bench.drive.PutIn(ThreeTracks());
     bench.Reply(u"open cdaudio alias CDP"_s);
@@ -119,7 +119,7 @@ void TstCdAudioDevice::ADiscOfDataCountsAsNone() {
     QCOMPARE(bench.Reply(u"play CDP"_s), u"error 276"_s);
 }
 
-void TstCdAudioDevice::AskingForADiscHasTheDriveLookedAt() {
+void TstCdAudioDevice::QueryingTheDiscChecksTheDrive() {
     DeviceBench bench;
     bench.PutDisc(ThreeTracks());
     bench.Reply(u"status CDP length"_s);
@@ -239,7 +239,7 @@ void TstCdAudioDevice::WaitingEndsWhenTheDeviceIsClosed() {
     bench.wait.meanwhile = [&] {
         bench.Reply(u"close CDP"_s);
         bench.Reply(u"open cdaudio alias CDP"_s);
-        bench.Reply(u"play CDP"_s);  // a different device, which is not waited for
+        bench.Reply(u"play CDP"_s);  // on another device, which is not waited for
     };
     QCOMPARE(bench.Reply(u"play CDP wait"_s), u""_s);
     QCOMPARE(bench.wait.rounds, 1);
@@ -263,7 +263,7 @@ void TstCdAudioDevice::WithoutSoundNothingPlays() {
     QVERIFY(!bench.devices.ErrorText(320)->isEmpty());
 }
 
-void TstCdAudioDevice::ADiscThatCannotBeReadSaysSoUntilItIsPlayedAnew() {
+void TstCdAudioDevice::AReadErrorIsReportedUntilTheNextPlay() {
     DeviceBench bench;
     bench.PutDisc(ThreeTracks());
     bench.Reply(u"play CDP"_s);
@@ -271,14 +271,14 @@ void TstCdAudioDevice::ADiscThatCannotBeReadSaysSoUntilItIsPlayedAnew() {
     QCOMPARE(bench.Reply(u"status CDP position"_s), u"error 262"_s);
     QCOMPARE(bench.Reply(u"status CDP current track"_s), u"error 262"_s);
     QCOMPARE(bench.Reply(u"pause CDP"_s), u"error 262"_s);
-    QCOMPARE(bench.Reply(u"status CDP number of tracks"_s), u"3"_s);  // still known
+    QCOMPARE(bench.Reply(u"status CDP number of tracks"_s), u"3"_s);  // the number of tracks is still known
     QCOMPARE(bench.Reply(u"play CDP"_s), u""_s);
     QCOMPARE(bench.Reply(u"status CDP current track"_s), u"1"_s);
     bench.wait.meanwhile = [&] { bench.drive.FailToRead(); };
     QCOMPARE(bench.Reply(u"play CDP wait"_s), u"error 262"_s);
 }
 
-void TstCdAudioDevice::WhatLiesBeforeTrackOneIsNotPlayed() {
+void TstCdAudioDevice::SectorsBeforeTrackOneAreNotPlayed() {
     DeviceBench bench;
     bench.PutDisc(OddTracks());
     QCOMPARE(bench.Reply(u"play CDP"_s), u""_s);

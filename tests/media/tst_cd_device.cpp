@@ -11,7 +11,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Only the device, with commands that the test answers.
+/// Only the device; the test answers its commands.
 struct Bench {
     FakeCommandStrings devices;
     FakeMessageBoxes boxes;
@@ -35,12 +35,12 @@ class TstCdDevice : public QObject {
 
 private Q_SLOTS:
     void ItIsOpenedWithTimesInMilliseconds();
-    void WithoutADriveTheOpenIsSilentAndTheTimeFormatIsNot();
+    void WithoutADriveOnlyTheTimeFormatIsReported();
     void TheNoticeCanBeSwitchedOff();
     void TheNoticeClosedWithoutATickComesAgain();
     void ASwitchedOffNoticeStaysAway();
-    void AFormatThatIsRefusedIsShownEvenThen();
-    void TryingAgainIsSilent();
+    void ARefusedFormatIsReportedEvenThen();
+    void RetriesAreSilent();
     void ClosingStopsFirstAndIsSilent();
     void WithoutADriveTheStartGoesOn();
     void ClosingTouchesNoLine();
@@ -55,7 +55,7 @@ void TstCdDevice::ItIsOpenedWithTimesInMilliseconds() {
     QVERIFY(bench.boxes.Shown().isEmpty());
 }
 
-void TstCdDevice::WithoutADriveTheOpenIsSilentAndTheTimeFormatIsNot() {
+void TstCdDevice::WithoutADriveOnlyTheTimeFormatIsReported() {
     Bench bench;
     bench.TakeDriveAway();
     bench.device.OpenAtStart();
@@ -91,7 +91,7 @@ void TstCdDevice::ASwitchedOffNoticeStaysAway() {
     QCOMPARE(bench.state.MediaError, 263);
 }
 
-void TstCdDevice::AFormatThatIsRefusedIsShownEvenThen() {
+void TstCdDevice::ARefusedFormatIsReportedEvenThen() {
     Bench bench;
     bench.tellsNoDrive = false;
     bench.devices.results.insert(u"set CDP time format milliseconds"_s, {293, {}});
@@ -101,7 +101,7 @@ void TstCdDevice::AFormatThatIsRefusedIsShownEvenThen() {
     QVERIFY(bench.device.IsOpen());
 }
 
-void TstCdDevice::TryingAgainIsSilent() {
+void TstCdDevice::RetriesAreSilent() {
     Bench bench;
     bench.TakeDriveAway();
     QVERIFY(!bench.device.OpenAgain());

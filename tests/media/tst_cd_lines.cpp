@@ -26,8 +26,8 @@ private Q_SLOTS:
     void TracksAreChosenOnTheLowerLine();
     void WhilePlayingEachTickShowsTheReading();
     void EachFormatIsShown();
-    void WhilePausedTheReadingBlinksGoneFirst();
-    void AfterAResumeTheBlinkBeginsAnew();
+    void WhilePausedTheReadingBlinksHiddenFirst();
+    void AfterAResumeTheBlinkStartsAfresh();
     void StopShowsTheWholeDiscAgain();
     void TheEndOfTheDiscShowsTheWholeDisc();
     void ADiscPulledShowsTheNotReadyTexts();
@@ -36,9 +36,9 @@ private Q_SLOTS:
     void BeforeTheFunctionIsShownNoLineIsTouched();
     void ChoosingItWhilePlayingShowsTheReading();
     void ChoosingItWhilePausedShowsTheReading();
-    void WithTheFunctionShownADiscIsLookedFor();
-    void LeavingTheFunctionEndsTheLooking();
-    void AfterTheLinesAreGoneThePlayerLivesOn();
+    void TheShownFunctionChecksForADisc();
+    void LeavingTheFunctionEndsTheChecks();
+    void ThePlayerOutlivesTheLines();
 };
 
 void TstCdLines::ChoosingTheFunctionShowsTheDisc() {
@@ -107,7 +107,7 @@ void TstCdLines::EachFormatIsShown() {
     QCOMPARE(shown, (QStringList{u"[ 3 ]    0:20"_s, u"[ 3 ]    - 1:00"_s, u"[ -0 ]    - 1:00"_s}));
 }
 
-void TstCdLines::WhilePausedTheReadingBlinksGoneFirst() {
+void TstCdLines::WhilePausedTheReadingBlinksHiddenFirst() {
     CdLinesBench bench;
     bench.StartShown(ThreeTracks());
     bench.player.Command1_Click(kCdPlay);
@@ -122,7 +122,7 @@ void TstCdLines::WhilePausedTheReadingBlinksGoneFirst() {
     QCOMPARE(bench.lower.TakeRecord(), (QStringList{u"set "_s, reading, u"set "_s, reading}));
 }
 
-void TstCdLines::AfterAResumeTheBlinkBeginsAnew() {
+void TstCdLines::AfterAResumeTheBlinkStartsAfresh() {
     CdLinesBench bench;
     bench.StartShown(ThreeTracks());
     bench.player.Command1_Click(kCdPlay);
@@ -226,7 +226,7 @@ void TstCdLines::ChoosingItWhilePausedShowsTheReading() {
     QCOMPARE(bench.State(), kCdPaused);
 }
 
-void TstCdLines::WithTheFunctionShownADiscIsLookedFor() {
+void TstCdLines::TheShownFunctionChecksForADisc() {
     CdLinesBench bench;
     bench.Start({});
     bench.drive.TakeOut();
@@ -236,7 +236,7 @@ void TstCdLines::WithTheFunctionShownADiscIsLookedFor() {
     QCOMPARE(bench.Both(), u"全トラック数 3 / [ Total ]    5:00"_s);
 }
 
-void TstCdLines::LeavingTheFunctionEndsTheLooking() {
+void TstCdLines::LeavingTheFunctionEndsTheChecks() {
     CdLinesBench bench;
     bench.Start({});
     bench.drive.TakeOut();
@@ -248,7 +248,7 @@ void TstCdLines::LeavingTheFunctionEndsTheLooking() {
     QCOMPARE(bench.time.UntilNext(), std::nullopt);
 }
 
-void TstCdLines::AfterTheLinesAreGoneThePlayerLivesOn() {
+void TstCdLines::ThePlayerOutlivesTheLines() {
     CdBench bench;
     FakeTextLine upper;
     FakeTextLine lower;

@@ -33,10 +33,10 @@ private Q_SLOTS:
     void AnyButtonWhilePausedOnlyResumes();
     void PauseAndResumeKeepEveryFrame();
     void ClicksOfRewindAndForwardDoNothing();
-    void NotReadyNoClickDoesAnything();
-    void AFailedQuestionEndsThePreviousWithoutAChange();
+    void WhileNotReadyClicksDoNothing();
+    void AFailedQueryEndsPreviousWithoutAChange();
     void AFailedStopLeavesItNotReady();
-    void WithoutSoundItIsNotReadyAndSaysWhy();
+    void WithoutSoundItIsNotReadyAndReportsWhy();
     void TheTrackIsFollowedWhateverIsShown();
     void TheEndOfTheDiscIsAStop();
     void ADiscThatCannotBeReadIsNotReadyForAWhile();
@@ -54,7 +54,7 @@ void TstCdPlayer::EachStateHasItsButtons() {
     bench.Click(kCdPause);
     QCOMPARE(bench.Enabled(), u"3"_s);
     QCOMPARE(bench.player.Controls().caption, u"一時停止"_s);
-    QCOMPARE(CdButtonsOf(kCdNotReady), nullptr);  // leaves the buttons unchanged; CDSetDown disables them
+    QCOMPARE(CdButtonsOf(kCdNotReady), nullptr);  // the buttons stay unchanged; CDSetDown disables them
     bench.player.CDSetDown();
     QCOMPARE(bench.Enabled(), u""_s);
     QVERIFY(!bench.player.Controls().menus);
@@ -130,12 +130,12 @@ void TstCdPlayer::PreviousWhilePlaying_data() {
     QTest::addColumn<int>("track");
     QTest::addColumn<int>("intoTrack");  // ms
     QTest::addColumn<int>("then");
-    QTest::newRow("at its start: the one before") << 2 << 0 << 1;
-    QTest::newRow("999 ms: the one before") << 2 << 999 << 1;
-    QTest::newRow("1000 ms: the same anew") << 2 << 1000 << 2;
-    QTest::newRow("later: the same anew") << 2 << 90'000 << 2;
+    QTest::newRow("at its start: the previous one") << 2 << 0 << 1;
+    QTest::newRow("999 ms: the previous one") << 2 << 999 << 1;
+    QTest::newRow("1000 ms: the same again") << 2 << 1000 << 2;
+    QTest::newRow("later: the same again") << 2 << 90'000 << 2;
     QTest::newRow("first, 999 ms: the last") << 1 << 999 << 3;
-    QTest::newRow("first, 1000 ms: the same anew") << 1 << 1000 << 1;
+    QTest::newRow("first, 1000 ms: the same again") << 1 << 1000 << 1;
 }
 
 void TstCdPlayer::PreviousWhilePlaying() {
@@ -213,7 +213,7 @@ void TstCdPlayer::ClicksOfRewindAndForwardDoNothing() {
     QVERIFY(bench.Done().isEmpty());
 }
 
-void TstCdPlayer::NotReadyNoClickDoesAnything() {
+void TstCdPlayer::WhileNotReadyClicksDoNothing() {
     ReadyBench bench;
     bench.player.CDSetDown();
     for (const int index : kAllButtons) {
@@ -223,7 +223,7 @@ void TstCdPlayer::NotReadyNoClickDoesAnything() {
     QVERIFY(bench.Done().isEmpty());
 }
 
-void TstCdPlayer::AFailedQuestionEndsThePreviousWithoutAChange() {
+void TstCdPlayer::AFailedQueryEndsPreviousWithoutAChange() {
     ReadyBench bench;
     bench.PlayTrack(2);
     bench.drive.TakeOut();
@@ -245,7 +245,7 @@ void TstCdPlayer::AFailedStopLeavesItNotReady() {
     QCOMPARE(bench.Enabled(), u""_s);
 }
 
-void TstCdPlayer::WithoutSoundItIsNotReadyAndSaysWhy() {
+void TstCdPlayer::WithoutSoundItIsNotReadyAndReportsWhy() {
     ReadyBench bench;
     bench.drive.sounds = false;
     bench.Click(kCdPlay);

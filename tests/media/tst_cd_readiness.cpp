@@ -7,26 +7,26 @@ using namespace tickwell;
 using namespace tickwell::media;
 using namespace Qt::StringLiterals;
 
-/// How the player detects that a disc is present or gone.
+/// How the player detects that a disc is present or was removed.
 class TstCdReadiness : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
     void ADiscIsFoundWhenTheWindowOpens();
     void TheLengthIsKnownThoughNoLineShowsIt();
-    void WithoutADiscItIsNotReadyAndNoBoxSaysSo();
+    void WithoutADiscItIsNotReadyAndShowsNoBox();
     void TheFirstContentsArrive();
-    void ADiscPutInLaterIsFoundByALook();
-    void NothingIsLookedForWhileNothingIsShown();
-    void OpeningLooksOnce();
+    void ADiscPutInLaterIsFoundByACheck();
+    void NothingIsCheckedWhileNothingIsShown();
+    void OpeningChecksOnce();
     void ADriveThatAppearsLaterIsOpened();
     void ADiscPulledWhilePlaying();
     void ADiscPulledWhilePaused();
     void ASwapWhileStopped();
     void ASwapWhilePlaying();
     void OpeningTheWindowLeavesAPlayingDiscAlone();
-    void AForeignFailureTakesTheReadinessButNotTheSound();
-    void AForeignFailureDuringAPauseKeepsThePause();
+    void AnotherDevicesFailureEndsReadinessButNotPlayback();
+    void AnotherDevicesFailureDuringAPauseKeepsThePause();
     void TheMenusComeBackWithTheDisc();
     void ADiscOfDataIsNotReady();
 };
@@ -49,7 +49,7 @@ void TstCdReadiness::TheLengthIsKnownThoughNoLineShowsIt() {
     QCOMPARE(bench.player.State().CdLength, 300'000);
 }
 
-void TstCdReadiness::WithoutADiscItIsNotReadyAndNoBoxSaysSo() {
+void TstCdReadiness::WithoutADiscItIsNotReadyAndShowsNoBox() {
     CdBench bench;
     bench.Start({});
     bench.drive.TakeOut();
@@ -70,10 +70,10 @@ void TstCdReadiness::TheFirstContentsArrive() {
     bench.drive.Tell();
     QCOMPARE(bench.State(), kCdStopped);
     QCOMPARE(bench.player.State().CdTrackCount, 3);
-    QCOMPARE(bench.time.UntilNext(), std::nullopt);  // the player has stopped looking
+    QCOMPARE(bench.time.UntilNext(), std::nullopt);  // the player no longer checks
 }
 
-void TstCdReadiness::ADiscPutInLaterIsFoundByALook() {
+void TstCdReadiness::ADiscPutInLaterIsFoundByACheck() {
     CdBench bench;
     bench.Start({});
     bench.drive.TakeOut();
@@ -88,7 +88,7 @@ void TstCdReadiness::ADiscPutInLaterIsFoundByALook() {
     QCOMPARE(bench.State(), kCdStopped);
 }
 
-void TstCdReadiness::NothingIsLookedForWhileNothingIsShown() {
+void TstCdReadiness::NothingIsCheckedWhileNothingIsShown() {
     CdBench bench;
     bench.Start({});
     bench.drive.TakeOut();
@@ -100,7 +100,7 @@ void TstCdReadiness::NothingIsLookedForWhileNothingIsShown() {
     QCOMPARE(bench.time.UntilNext(), std::nullopt);
 }
 
-void TstCdReadiness::OpeningLooksOnce() {
+void TstCdReadiness::OpeningChecksOnce() {
     CdBench bench;
     bench.Start(ThreeTracks());
     bench.player.ShowWindow(true);
@@ -122,7 +122,7 @@ void TstCdReadiness::ADriveThatAppearsLaterIsOpened() {
     bench.time.Advance(3000);
     QCOMPARE(bench.State(), kCdStopped);
     QCOMPARE(bench.player.State().CdLength, 300'000);  // in milliseconds
-    QCOMPARE(bench.boxes.Shown().size(), 1);           // the one shown at the start
+    QCOMPARE(bench.boxes.Shown().size(), 1);           // the one from the start
 }
 
 void TstCdReadiness::ADiscPulledWhilePlaying() {
@@ -188,7 +188,7 @@ void TstCdReadiness::OpeningTheWindowLeavesAPlayingDiscAlone() {
     QVERIFY(bench.Done().isEmpty());
 }
 
-void TstCdReadiness::AForeignFailureTakesTheReadinessButNotTheSound() {
+void TstCdReadiness::AnotherDevicesFailureEndsReadinessButNotPlayback() {
     CdBench bench;
     bench.Start(ThreeTracks());
     bench.player.ShowWindow(true);
@@ -206,7 +206,7 @@ void TstCdReadiness::AForeignFailureTakesTheReadinessButNotTheSound() {
     QVERIFY(bench.Done().isEmpty());
 }
 
-void TstCdReadiness::AForeignFailureDuringAPauseKeepsThePause() {
+void TstCdReadiness::AnotherDevicesFailureDuringAPauseKeepsThePause() {
     CdBench bench;
     bench.Start(ThreeTracks());
     bench.player.ShowWindow(true);

@@ -15,7 +15,7 @@ private Q_SLOTS:
     void HoldingRewindOrForward_data();
     void HoldingRewindOrForward();
     void HoldingRepeatsFourTimesASecond();
-    void HoldingEndsWithThePlaying();
+    void HoldingEndsWithPlayback();
     void HoldingWhileNotPlayingDoesNothing();
     void ForwardToTheEndStops();
 };
@@ -23,7 +23,7 @@ private Q_SLOTS:
 void TstCdSeek::HoldingRewindOrForward_data() {
     QTest::addColumn<int>("button");
     QTest::addColumn<int>("position");  // ms
-    QTest::addColumn<int>("second");    // where it plays afterwards
+    QTest::addColumn<int>("second");    // where playback continues
     QTest::newRow("back") << kCdRewind << 50'000 << 47;
     QTest::newRow("on") << kCdForward << 50'000 << 53;
     QTest::newRow("back into the track before") << kCdRewind << 101'000 << 98;
@@ -57,7 +57,7 @@ void TstCdSeek::HoldingRepeatsFourTimesASecond() {
     QCOMPARE(bench.Done(), (QStringList{PlayFrom(3), PlayFrom(6), PlayFrom(9), PlayFrom(12), PlayFrom(15)}));
 }
 
-void TstCdSeek::HoldingEndsWithThePlaying() {
+void TstCdSeek::HoldingEndsWithPlayback() {
     ReadyBench bench;
     bench.PlayTrack(2);
     bench.player.Command1_Press(kCdRewind);

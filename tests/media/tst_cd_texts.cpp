@@ -11,7 +11,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// A disc of three tracks, 1:40, 2:00 and 1:20, simulated by replies only.
+/// A disc of three tracks, 1:40, 2:00 and 1:20, simulated only by replies to commands.
 struct Bench {
     FakeCommandStrings devices;
     FakeMessageBoxes boxes;
@@ -47,8 +47,8 @@ class TstCdTexts : public QObject {
 private Q_SLOTS:
     void StatusInEachFormat_data();
     void StatusInEachFormat();
-    void TheStatusAsksInItsOrder_data();
-    void TheStatusAsksInItsOrder();
+    void TheStatusSendsItsQueriesInOrder_data();
+    void TheStatusSendsItsQueriesInOrder();
     void AStatusThatFailsIsNoText_data();
     void AStatusThatFailsIsNoText();
     void TheTrackFollowsTheDevice();
@@ -73,7 +73,7 @@ void TstCdTexts::StatusInEachFormat_data() {
     QTest::newRow("track 2, left on disc") << 2 << 165'000 << 2 << u"[ -1 ]    - 2:15"_s;
     QTest::newRow("last, into") << 3 << 220'000 << 0 << u"[ 3 ]    0:00"_s;
     QTest::newRow("last, left in track") << 3 << 220'000 << 1 << u"[ 3 ]    - 1:20"_s;
-    QTest::newRow("last, nothing to come on purpose") << 3 << 200'000 << 2 << u"[ -0 ]    - 1:40"_s;
+    QTest::newRow("last, zero left on purpose") << 3 << 200'000 << 2 << u"[ -0 ]    - 1:40"_s;
     QTest::newRow("half a second rounds down to even") << 1 << 500 << 0 << u"[ 1 ]    0:00"_s;
     QTest::newRow("half a second rounds up to even") << 1 << 1500 << 0 << u"[ 1 ]    0:02"_s;
 }
@@ -89,7 +89,7 @@ void TstCdTexts::StatusInEachFormat() {
     QCOMPARE(bench.texts.StatusText(), std::optional(text));
 }
 
-void TstCdTexts::TheStatusAsksInItsOrder_data() {
+void TstCdTexts::TheStatusSendsItsQueriesInOrder_data() {
     QTest::addColumn<int>("track");
     QTest::addColumn<int>("format");
     QTest::addColumn<QString>("last");
@@ -99,7 +99,7 @@ void TstCdTexts::TheStatusAsksInItsOrder_data() {
     QTest::newRow("left on disc") << 2 << 2 << u"status CDP length"_s;
 }
 
-void TstCdTexts::TheStatusAsksInItsOrder() {
+void TstCdTexts::TheStatusSendsItsQueriesInOrder() {
     QFETCH(int, track);
     QFETCH(int, format);
     QFETCH(QString, last);

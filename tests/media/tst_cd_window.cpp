@@ -58,7 +58,7 @@ class TstCdWindow : public QObject {
 private Q_SLOTS:
     void ItSaysWhatItIs();
     void MenusHoldTheirItems();
-    void ButtonsAreSpoken();
+    void ButtonsHaveAccessibleNames();
     void OpeningItFindsTheDisc();
     void TheStateIsShown();
     void WithoutADiscNothingCanBePressed();
@@ -67,12 +67,12 @@ private Q_SLOTS:
     void RepeatItemsDoNothingOnPurpose();
     void HoldingAButtonRewinds();
     void HoldingByKeyRewinds();
-    void ClosingWhileAButtonIsHeldLetsItGo();
+    void ClosingReleasesAHeldButton();
     void ThePlayerPlaysOnWithoutItsWindow();
     void EscapeClosesIt();
-    void TheKeysStayWithAButtonThatCanBePressed();
+    void TheFocusStaysOnAnEnabledButton();
     void ButtonsFollowEachOtherByTab();
-    void SignsAreDrawnInTheColourOfButtons();
+    void SymbolsAreDrawnInTheTextColour();
 };
 
 void TstCdWindow::ItSaysWhatItIs() {
@@ -97,7 +97,7 @@ void TstCdWindow::MenusHoldTheirItems() {
                                              u"cdr(3) 全曲リピート"_s}));
 }
 
-void TstCdWindow::ButtonsAreSpoken() {
+void TstCdWindow::ButtonsHaveAccessibleNames() {
     const WindowBench bench;
     const QStringList names{u"前の曲に戻る"_s, u"巻戻し"_s, u"再生"_s,        u"一時停止"_s,
                             u"停止"_s,         u"早送り"_s, u"次の曲に進む"_s};
@@ -198,7 +198,7 @@ void TstCdWindow::HoldingByKeyRewinds() {
     QCOMPARE(bench.Done(), QStringList{PlayFrom(63)});
 }
 
-void TstCdWindow::ClosingWhileAButtonIsHeldLetsItGo() {
+void TstCdWindow::ClosingReleasesAHeldButton() {
     WindowBench bench;
     bench.Button(kCdPlay).click();
     QTest::mousePress(&bench.Button(kCdRewind), Qt::LeftButton);
@@ -229,7 +229,7 @@ void TstCdWindow::EscapeClosesIt() {
     QCOMPARE(bench.time.UntilNext(), std::nullopt);
 }
 
-void TstCdWindow::TheKeysStayWithAButtonThatCanBePressed() {
+void TstCdWindow::TheFocusStaysOnAnEnabledButton() {
     WindowBench bench;
     bench.window->activateWindow();
     QVERIFY(QTest::qWaitForWindowActive(bench.window.get()));
@@ -259,7 +259,7 @@ void TstCdWindow::ButtonsFollowEachOtherByTab() {
     }
 }
 
-void TstCdWindow::SignsAreDrawnInTheColourOfButtons() {
+void TstCdWindow::SymbolsAreDrawnInTheTextColour() {
     const QPalette before = QGuiApplication::palette();
     QPalette dark = before;
     dark.setColor(QPalette::Active, QPalette::ButtonText, Qt::yellow);

@@ -120,14 +120,14 @@ private Q_SLOTS:
     void OtherNumbersHaveNoText();
     void AWordMayBeWrittenInAnyCase();
     void BlanksAndTabsPartWords();
-    void ANameMayStandInQuotes();
-    void AQuotedWordIsNoWordOfTheLanguage();
+    void ANameMayBeInQuotes();
+    void AQuotedWordIsNoKeyword();
     void ACommandEndsAtItsNul();
     void WithoutAliasTheNameIsTheAlias();
     void AClosedAliasMayBeOpenedAgain();
-    void ANameAloneIsInTheProgramsFolder();
+    void ABareNameIsInTheProgramsFolder();
     void TwoWavesMayBeOpen();
-    void AReplyMayBeAsLongAsItsPlace();
+    void AReplyMayFillItsBuffer();
 };
 
 void TstCommandDevices::Refusals_data() {
@@ -185,7 +185,7 @@ void TstCommandDevices::BlanksAndTabsPartWords() {
     QCOMPARE(bench.Reply(u"status　CDP number of tracks"_s), u"error 261"_s);
 }
 
-void TstCommandDevices::ANameMayStandInQuotes() {
+void TstCommandDevices::ANameMayBeInQuotes() {
     DeviceBench bench;
     WriteAll(bench.folder.filePath(u"my sound.wav"_s), WaveBytes({.rate = 1000, .data = Samples16(7)}));
     QCOMPARE(bench.Reply(u"open \"%1\" alias \"the notice\""_s.arg(bench.folder.filePath(u"my sound.wav"_s))),
@@ -195,7 +195,7 @@ void TstCommandDevices::ANameMayStandInQuotes() {
     QCOMPARE(bench.Reply(u"status the notice length"_s), u"error 263"_s);
 }
 
-void TstCommandDevices::AQuotedWordIsNoWordOfTheLanguage() {
+void TstCommandDevices::AQuotedWordIsNoKeyword() {
     DeviceBench bench;
     bench.PutDisc(ThreeTracks());
     QCOMPARE(bench.Reply(u"play CDP \"wait\""_s), u"error 259"_s);
@@ -225,7 +225,7 @@ void TstCommandDevices::AClosedAliasMayBeOpenedAgain() {
     QCOMPARE(bench.Reply(u"status CDP length"_s), u"05:00:00"_s);  // the time format was reset
 }
 
-void TstCommandDevices::ANameAloneIsInTheProgramsFolder() {
+void TstCommandDevices::ABareNameIsInTheProgramsFolder() {
     DeviceBench bench;
     const QString path = bench.PutWave(100);
     QVERIFY(QFileInfo(path).path() != QDir::currentPath());
@@ -246,7 +246,7 @@ void TstCommandDevices::TwoWavesMayBeOpen() {
     QCOMPARE(bench.Reply(u"status B mode"_s), u"playing"_s);
 }
 
-void TstCommandDevices::AReplyMayBeAsLongAsItsPlace() {
+void TstCommandDevices::AReplyMayFillItsBuffer() {
     DeviceBench bench;
     bench.PutDisc(ThreeTracks());
     QCOMPARE(bench.devices.Send(u"status CDP length"_s, 6), (CommandResult{0, u"300000"_s}));

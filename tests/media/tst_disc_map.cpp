@@ -108,24 +108,24 @@ void TstDiscMap::SectorsOfEachFormat_data() {
     row("ms, nearest above", u"7"_s, TimeFormat::Milliseconds, 1, 0);
     row("ms, the end", u"300000"_s, TimeFormat::Milliseconds, 22'500, 0);
     row("ms, leading zeros", u"0001000"_s, TimeFormat::Milliseconds, 75, 0);
-    row("ms, behind the end", u"300001"_s, TimeFormat::Milliseconds, 0, 282);
+    row("ms, after the end", u"300001"_s, TimeFormat::Milliseconds, 0, 282);
     row("ms with a colon", u"1:0"_s, TimeFormat::Milliseconds, 0, 270);
     row("msf", u"1:40:01"_s, TimeFormat::Msf, 7501, 0);
-    row("msf, minutes alone", u"2"_s, TimeFormat::Msf, 9000, 0);
+    row("msf, only minutes", u"2"_s, TimeFormat::Msf, 9000, 0);
     row("msf, minutes and seconds", u"2:10"_s, TimeFormat::Msf, 9750, 0);
     row("msf, the end", u"5:0:0"_s, TimeFormat::Msf, 22'500, 0);
-    row("msf, behind the end", u"5:0:1"_s, TimeFormat::Msf, 0, 282);
+    row("msf, after the end", u"5:0:1"_s, TimeFormat::Msf, 0, 282);
     row("msf, four parts", u"1:0:0:0"_s, TimeFormat::Msf, 0, 270);
     row("msf, an empty part", u"1::0"_s, TimeFormat::Msf, 0, 270);
     row("msf, far outside", u"99999999999999999999:0:0"_s, TimeFormat::Msf, 0, 282);
-    row("tmsf, track alone", u"2"_s, TimeFormat::Tmsf, 7500, 0);
+    row("tmsf, only the track", u"2"_s, TimeFormat::Tmsf, 7500, 0);
     row("tmsf", u"3:0:1:2"_s, TimeFormat::Tmsf, 16'577, 0);
     row("tmsf, track 0", u"0"_s, TimeFormat::Tmsf, 0, 282);
     row("tmsf, track 4", u"4"_s, TimeFormat::Tmsf, 0, 282);
     row("tmsf, track far outside", u"4294967297"_s, TimeFormat::Tmsf, 0, 282);
-    row("tmsf, behind the end", u"3:1:20:1"_s, TimeFormat::Tmsf, 0, 282);
+    row("tmsf, after the end", u"3:1:20:1"_s, TimeFormat::Tmsf, 0, 282);
     row("tmsf, five parts", u"1:0:0:0:0"_s, TimeFormat::Tmsf, 0, 270);
-    row("tmsf, empty behind", u"1:"_s, TimeFormat::Tmsf, 0, 270);
+    row("tmsf, empty last part", u"1:"_s, TimeFormat::Tmsf, 0, 270);
 }
 
 void TstDiscMap::SectorsOfEachFormat() {

@@ -37,15 +37,15 @@ private Q_SLOTS:
     void CommandTexts_data();
     void CommandTexts();
     void ASuccessLeavesItsReply();
-    void AReplyEndsAtItsNulOrItsPlace();
+    void AReplyEndsAtItsNulOrTheEndOfTheBuffer();
     void AnEmptyCommandIsOnlyRemembered();
     void AFailureIsRememberedThenShownThenSwitchesThePlayerOff();
     void AFailureThatIsNotShownSwitchesThePlayerOffAsWell();
     void AFailureOfTheNoticeSwitchesThePlayerOffOnPurpose();
     void AnErrorWithoutATextIsUnknown();
-    void AnErrorTextEndsAtItsNulOrItsPlace();
+    void AnErrorTextEndsAtItsNulOrTheEndOfTheBuffer();
     void OneBoxAtATime();
-    void ABoxMayOfferToBeTheLast();
+    void ABoxMayOfferToSilenceTheNotice();
     void FailedQueries();
     void RepliesThatAreNoNumbers();
     void PlayingOneTrackAlone();
@@ -64,7 +64,7 @@ void TstMultimedia::CommandTexts_data() {
     row("open", u"open cdaudio alias CDP"_s, [](auto& m) { m.MciOpen(u"cdaudio"_s, u"CDP"_s, false); });
     row("play", u"play Timer"_s, [](auto& m) { m.MciPlay(u"Timer"_s, false, {}, {}, false); });
     row("play from", u"play CDP from 5"_s, [](auto& m) { m.MciPlay(u"CDP"_s, false, u"5"_s, {}, false); });
-    row("play to alone", u"play CDP to 9"_s, [](auto& m) { m.MciPlay(u"CDP"_s, false, {}, u"9"_s, false); });
+    row("play only to", u"play CDP to 9"_s, [](auto& m) { m.MciPlay(u"CDP"_s, false, {}, u"9"_s, false); });
     row("play all of it", u"play CDP from 5 to 9 wait"_s,
         [](auto& m) { m.MciPlay(u"CDP"_s, true, u"5"_s, u"9"_s, false); });
     row("play and wait", u"play CDP wait"_s, [](auto& m) { m.MciPlay(u"CDP"_s, true, {}, {}, false); });
@@ -100,7 +100,7 @@ void TstMultimedia::ASuccessLeavesItsReply() {
     QVERIFY(bench.boxes.Shown().isEmpty());
 }
 
-void TstMultimedia::AReplyEndsAtItsNulOrItsPlace() {
+void TstMultimedia::AReplyEndsAtItsNulOrTheEndOfTheBuffer() {
     Bench bench;
     bench.Answer(u"a"_s, u"12"_s + QChar(0) + u"34"_s);
     bench.Answer(u"b"_s, QString(600, u'x'));
@@ -160,7 +160,7 @@ void TstMultimedia::AnErrorWithoutATextIsUnknown() {
     QCOMPARE(bench.state.MediaError, 278);
 }
 
-void TstMultimedia::AnErrorTextEndsAtItsNulOrItsPlace() {
+void TstMultimedia::AnErrorTextEndsAtItsNulOrTheEndOfTheBuffer() {
     Bench bench;
     bench.devices.texts.insert(1, u"短い"_s + QChar(0) + u"残り"_s);
     bench.devices.texts.insert(2, QString(300, u'長'));
@@ -184,7 +184,7 @@ void TstMultimedia::OneBoxAtATime() {
     QCOMPARE(bench.boxes.Shown().size(), 2);
 }
 
-void TstMultimedia::ABoxMayOfferToBeTheLast() {
+void TstMultimedia::ABoxMayOfferToSilenceTheNotice() {
     Bench bench;
     bench.Fail(u"stop CDP"_s);
     QList<bool> answers;

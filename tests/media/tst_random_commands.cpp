@@ -137,7 +137,7 @@ void Happen(DeviceBench& bench, Babble& babble) {
 
 }  // namespace
 
-/// Any text is a command that is either answered or refused.
+/// Any text is a command that is either executed or refused.
 class TstRandomCommands : public QObject {
     Q_OBJECT
 
@@ -146,7 +146,7 @@ private Q_SLOTS:
 };
 
 void TstRandomCommands::EveryTextIsAnsweredOrRefused() {
-    constexpr int kRound = 5000;  // then starts with a new bench, because the fakes record everything
+    constexpr int kRound = 5000;  // then a new bench is used, because the fakes record everything
     QRandomGenerator random(44100);
     QHash<qint32, int> outcomes;
     for (int left = RandomCount(20'000); left > 0; left -= kRound) {
@@ -166,7 +166,7 @@ void TstRandomCommands::EveryTextIsAnsweredOrRefused() {
             QVERIFY2(isKnown, qPrintable(text));
         }
     }
-    QVERIFY(outcomes.size() > 20);  // the commands make sense often enough to reach that many results
+    QVERIFY(outcomes.size() > 20);  // enough commands make sense to reach that many different results
     QVERIFY(outcomes[0] > 500);
 }
 

@@ -42,7 +42,7 @@ struct Bench {
     Bench(const Bench&) = delete;
     Bench& operator=(const Bench&) = delete;
 
-    /// All samples played from now on.
+    /// All samples that are played from now on.
     std::vector<qint16> Sounded() {
         output.Sound(kMuch);
         return output.Devices().isEmpty() ? std::vector<qint16>() : output.Devices().last()->sounded;
@@ -67,23 +67,23 @@ class TstSoundPlayback : public QObject {
 private Q_SLOTS:
     void NamesHaveTheirFiles_data();
     void NamesHaveTheirFiles();
-    void ASoundIsPlayedAsOftenAsAsked_data();
-    void ASoundIsPlayedAsOftenAsAsked();
-    void TwelveStrikesEndBeforeTheSessionDoes_data();
-    void TwelveStrikesEndBeforeTheSessionDoes();
+    void ASoundIsPlayedAsOftenAsRequested_data();
+    void ASoundIsPlayedAsOftenAsRequested();
+    void TwelveStrikesEndBeforeTheSessionIsClosed_data();
+    void TwelveStrikesEndBeforeTheSessionIsClosed();
     void AnUnknownNameDoesNothingAtAll_data();
     void AnUnknownNameDoesNothingAtAll();
     void TheFolderBecomesTheCurrentOne();
     void ASoundIsLoadedFromTheFolder();
-    void TheWaveLiesOnTheSecondChannel();
+    void TheWaveIsOnTheSecondChannel();
     void TheSessionIsClosedAfterThirtySeconds();
-    void EachChimeBeginsTheThirtySecondsAnew();
+    void EachChimeRestartsTheThirtySeconds();
     void LaterTicksFindNoSession();
     void ASecondChimeTakesThePlaceOfTheFirst();
     void AMissingFileIsSilence();
     void AMissingFolderIsSilence();
     void WithoutSoundTheChimeIsSilent();
-    void WithoutSoundAudioStartTellsWhereAsked();
+    void WithoutSoundAudioStartReportsIfRequested();
     void ASuccessfulStartClearsTheError();
     void StoppingWithoutASessionDoesNothing();
     void LoadingReplacesTheWave();
@@ -114,14 +114,14 @@ void TstSoundPlayback::NamesHaveTheirFiles() {
     QCOMPARE(SoundFile(name).value_or(QString()), file);
 }
 
-void TstSoundPlayback::ASoundIsPlayedAsOftenAsAsked_data() {
+void TstSoundPlayback::ASoundIsPlayedAsOftenAsRequested_data() {
     QTest::addColumn<qint32>("count");
     QTest::newRow("once") << 1;
     QTest::newRow("three times") << 3;
     QTest::newRow("twelve times") << 12;
 }
 
-void TstSoundPlayback::ASoundIsPlayedAsOftenAsAsked() {
+void TstSoundPlayback::ASoundIsPlayedAsOftenAsRequested() {
     QFETCH(qint32, count);
     Bench bench;
     bench.playback.PlayChime(u"人の掛け声"_s, count);
@@ -131,7 +131,7 @@ void TstSoundPlayback::ASoundIsPlayedAsOftenAsAsked() {
     QVERIFY(bench.boxes.Shown().isEmpty());
 }
 
-void TstSoundPlayback::TwelveStrikesEndBeforeTheSessionDoes_data() {
+void TstSoundPlayback::TwelveStrikesEndBeforeTheSessionIsClosed_data() {
     QTest::addColumn<QString>("name");
     for (const char16_t* name :
          {u"鳩時計の音", u"赤ちゃん", u"機械時計[高い音]", u"機械時計[低い音]", u"人の掛け声"}) {
@@ -139,7 +139,7 @@ void TstSoundPlayback::TwelveStrikesEndBeforeTheSessionDoes_data() {
     }
 }
 
-void TstSoundPlayback::TwelveStrikesEndBeforeTheSessionDoes() {
+void TstSoundPlayback::TwelveStrikesEndBeforeTheSessionIsClosed() {
     QFETCH(QString, name);
     Bench bench;
     bench.playback.PlayChime(name, 12);
@@ -181,7 +181,7 @@ void TstSoundPlayback::ASoundIsLoadedFromTheFolder() {
     QVERIFY(bench.sound.MixWaves.at(1) != 0);
 }
 
-void TstSoundPlayback::TheWaveLiesOnTheSecondChannel() {
+void TstSoundPlayback::TheWaveIsOnTheSecondChannel() {
     Bench bench;
     bench.playback.PlayChime(u"鳩時計の音"_s, 1);
     QVERIFY(bench.sound.MixSession != 0);
@@ -198,10 +198,10 @@ void TstSoundPlayback::TheSessionIsClosedAfterThirtySeconds() {
     QCOMPARE(bench.output.OpenDevices(), 1);
     bench.time.Advance(1);
     QCOMPARE(bench.sound.MixSession, 0);
-    QCOMPARE(bench.output.OpenDevices(), 0);  // cuts off what is longer
+    QCOMPARE(bench.output.OpenDevices(), 0);  // anything longer is cut off
 }
 
-void TstSoundPlayback::EachChimeBeginsTheThirtySecondsAnew() {
+void TstSoundPlayback::EachChimeRestartsTheThirtySeconds() {
     Bench bench;
     bench.playback.PlayChime(u"鳩時計の音"_s, 1);
     bench.time.Advance(59'900);  // the next tick is due in 0.1 s
@@ -265,7 +265,7 @@ void TstSoundPlayback::WithoutSoundTheChimeIsSilent() {
     QCOMPARE(bench.media.MediaError, kNoError);
 }
 
-void TstSoundPlayback::WithoutSoundAudioStartTellsWhereAsked() {
+void TstSoundPlayback::WithoutSoundAudioStartReportsIfRequested() {
     Bench bench;
     bench.output.works = false;
     bench.playback.AudioStart(false);
@@ -300,7 +300,7 @@ void TstSoundPlayback::LoadingReplacesTheWave() {
     bench.playback.AudioLoadWave(u"TKW01.wav"_s, 1);
     bench.playback.AudioPlay(1, 5);
     const qint32 first = bench.sound.MixWaves[1];
-    bench.playback.AudioLoadWave(u"TKW05.wav"_s, 1);  // flushes what was playing
+    bench.playback.AudioLoadWave(u"TKW05.wav"_s, 1);  // flushes what is being played
     QVERIFY(bench.sound.MixWaves[1] != first);
     bench.playback.AudioPlay(1, 0);
     QVERIFY(bench.Sounded() == Samples(u"TKW05.wav"_s, 1));

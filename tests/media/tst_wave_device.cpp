@@ -9,7 +9,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// A wave of 1000 ms, opened under the alias of the timer's sound.
+/// A wave of 1000 ms, opened with the alias of the timer's sound.
 struct WaveBench : DeviceBench {
     WaveBench() { Reply(u"open \"%1\" alias Timer"_s.arg(PutWave(1000))); }
 
@@ -31,15 +31,15 @@ class TstWaveDevice : public QObject {
 private Q_SLOTS:
     void ItIsOneTrack();
     void PlayingQueuesItInItsOwnFormat();
-    void PlayingAStretch();
+    void PlayingARange();
     void PositionAndMode();
     void ADeviceIsOpenOnlyWhileItSounds();
     void PauseKeepsEveryFrame();
-    void PlayingOnAfterAPauseKeepsEveryFrame();
-    void PlayingOnAfterTheEndIsSilent();
+    void ResumingByPlayKeepsEveryFrame();
+    void PlayingAfterTheEndIsSilent();
     void StoppingGoesBackToTheStart();
     void ClosingEndsTheSound();
-    void WithoutSoundItSaysSo();
+    void WithoutSoundPlayingFails();
     void AfterALostServerItPlaysAgain();
     void ALostServerInTheMiddleOfAPlayIsNoticed();
     void WaitingLastsUntilTheEnd();
@@ -68,7 +68,7 @@ void TstWaveDevice::PlayingQueuesItInItsOwnFormat() {
     QCOMPARE(bench.Device().samples[999], 999);
 }
 
-void TstWaveDevice::PlayingAStretch() {
+void TstWaveDevice::PlayingARange() {
     WaveBench bench;
     QCOMPARE(bench.Reply(u"play Timer from 100 to 110"_s), u""_s);
     QCOMPARE(bench.Device().samples.size(), 10);
@@ -120,20 +120,20 @@ void TstWaveDevice::PauseKeepsEveryFrame() {
     QCOMPARE(bench.sound.Devices().size(), 1);
 }
 
-void TstWaveDevice::PlayingOnAfterAPauseKeepsEveryFrame() {
+void TstWaveDevice::ResumingByPlayKeepsEveryFrame() {
     WaveBench bench;
     bench.Reply(u"play Timer to 500"_s);
     bench.Pass(300);
     bench.Reply(u"pause Timer"_s);
     QCOMPARE(bench.Reply(u"play Timer"_s), u""_s);
-    QCOMPARE(bench.Device().samples.size(), 500 + 700);  // the 200 waiting ones were dropped and queued again
+    QCOMPARE(bench.Device().samples.size(), 500 + 700);  // 200 queued frames were dropped and queued again
     QCOMPARE(bench.Device().samples[500], 300);
     QCOMPARE(bench.Device().waiting, 700);
     QVERIFY(!bench.Device().held);
     QCOMPARE(bench.Reply(u"status Timer mode"_s), u"playing"_s);
 }
 
-void TstWaveDevice::PlayingOnAfterTheEndIsSilent() {
+void TstWaveDevice::PlayingAfterTheEndIsSilent() {
     WaveBench bench;
     bench.Reply(u"play Timer"_s);
     bench.Pass(2000);
@@ -164,7 +164,7 @@ void TstWaveDevice::ClosingEndsTheSound() {
     bench.time.Advance(1000);
 }
 
-void TstWaveDevice::WithoutSoundItSaysSo() {
+void TstWaveDevice::WithoutSoundPlayingFails() {
     WaveBench bench;
     bench.sound.works = false;
     QCOMPARE(bench.Reply(u"play Timer from 100"_s), u"error 320"_s);

@@ -23,13 +23,13 @@ private Q_SLOTS:
     void TwoChannelsMakeOneFrame();
     void ChunksInBetweenAreSkipped_data();
     void ChunksInBetweenAreSkipped();
-    void ACutFileGivesItsWholeFrames();
-    void AnExtensibleFormatMayBePlain();
+    void ATruncatedFileGivesItsCompleteFrames();
+    void AnExtensibleFormatMayContainPcm();
     void AWaveWithoutFramesIsOne();
-    void WhatCannotBePlayed_data();
-    void WhatCannotBePlayed();
+    void FilesThatCannotBePlayed_data();
+    void FilesThatCannotBePlayed();
     void OnDisk();
-    void DamagedBytesNeverHarm();
+    void DamagedFilesNeverCrash();
 };
 
 void TstWaveFile::SixteenBitsAreTakenAsTheyAre() {
@@ -68,7 +68,7 @@ void TstWaveFile::ChunksInBetweenAreSkipped() {
     QVERIFY(wave->samples == (Values{0, 1, 2}));
 }
 
-void TstWaveFile::ACutFileGivesItsWholeFrames() {
+void TstWaveFile::ATruncatedFileGivesItsCompleteFrames() {
     QByteArray bytes = WaveBytes({.channels = 2, .data = Samples16(8)});
     bytes.chop(5);  // the last frame and one byte of the previous one
     const auto wave = WaveOf(bytes);
@@ -76,7 +76,7 @@ void TstWaveFile::ACutFileGivesItsWholeFrames() {
     QVERIFY(wave->samples == (Values{0, 1, 2, 3}));
 }
 
-void TstWaveFile::AnExtensibleFormatMayBePlain() {
+void TstWaveFile::AnExtensibleFormatMayContainPcm() {
     const auto extensible = [](quint16 inTruth) {
         const QByteArray format =
             LittleEndian<quint16>(0xFFFE) + LittleEndian<quint16>(1) + LittleEndian<quint32>(22050) +
@@ -94,13 +94,13 @@ void TstWaveFile::AWaveWithoutFramesIsOne() {
     QCOMPARE(wave->Frames(), 0);
 }
 
-void TstWaveFile::WhatCannotBePlayed_data() {
+void TstWaveFile::FilesThatCannotBePlayed_data() {
     QTest::addColumn<QByteArray>("bytes");
     const QByteArray good = WaveBytes({.data = Samples16(4)});
     QTest::newRow("nothing") << QByteArray();
     QTest::newRow("a text") << QByteArray("RIFF is not all that it takes to be a wave");
-    QTest::newRow("head alone") << good.first(12);
-    QTest::newRow("cut in the format") << good.first(30);
+    QTest::newRow("only the header") << good.first(12);
+    QTest::newRow("truncated in the format") << good.first(30);
     QTest::newRow("no data") << good.first(36);
     QTest::newRow("other family") << "RIFX" + good.sliced(4);
     QTest::newRow("compressed") << WaveBytes({.tag = 2, .data = Samples16(4)});
@@ -114,7 +114,7 @@ void TstWaveFile::WhatCannotBePlayed_data() {
         << good.first(36) + "LIST" + LittleEndian<quint32>(0xFFFFFFFF) + Samples16(4);
 }
 
-void TstWaveFile::WhatCannotBePlayed() {
+void TstWaveFile::FilesThatCannotBePlayed() {
     QFETCH(QByteArray, bytes);
     QVERIFY(!WaveOf(bytes));
 }
@@ -133,7 +133,7 @@ void TstWaveFile::OnDisk() {
     QVERIFY(ReadWaveFile(huge.fileName()).problem == WaveProblem::NotPlayable);
 }
 
-void TstWaveFile::DamagedBytesNeverHarm() {
+void TstWaveFile::DamagedFilesNeverCrash() {
     QRandomGenerator random(22050);
     const QByteArray good =
         WaveBytes({.channels = 2, .data = Samples16(64), .before = ChunkBytes("LIST", "abc")});

@@ -69,21 +69,21 @@ class TstWaveMix : public QObject {
 private Q_SLOTS:
     void RepetitionsAreQueuedWithoutAGap_data();
     void RepetitionsAreQueuedWithoutAGap();
-    void ManyRepetitionsAreQueuedAsTheySound();
-    void PlayingAgainDropsWhatPlayed();
+    void ManyRepetitionsAreQueuedAsTheyArePlayed();
+    void PlayingAgainReplacesTheSound();
     void TheDeviceOfTheActivationIsTakenOver();
     void ASecondChannelHasADeviceOfItsOwn();
-    void OneDeviceAloneIsEnoughForAnotherFormat();
+    void ASingleDeviceIsReopenedForAnotherFormat();
     void TheDeviceIsInTheFormatOfTheWave();
     void WithoutSoundActivationFails();
     void DevicesAreClosedALittleAfterTheLastSound();
-    void AnUnusedActivationLetsGoOfItsDevice();
+    void AnUnusedActivationReleasesItsDevice();
     void ADeviceComesBackForTheNextPlay();
-    void ALostDeviceIsOpenedAnewByTheNextPlay();
+    void ALostDeviceIsReopenedByTheNextPlay();
     void FlushingEndsTheSound();
     void ClosingTheSessionClosesEverything();
     void ASecondSessionClosesTheFirst();
-    void WhatIsNotKnownDoesNothing();
+    void UnknownHandlesDoNothing();
 };
 
 void TstWaveMix::RepetitionsAreQueuedWithoutAGap_data() {
@@ -105,7 +105,7 @@ void TstWaveMix::RepetitionsAreQueuedWithoutAGap() {
     QVERIFY(bench.Device().sounded == RampSamples(0, times));
 }
 
-void TstWaveMix::ManyRepetitionsAreQueuedAsTheySound() {
+void TstWaveMix::ManyRepetitionsAreQueuedAsTheyArePlayed() {
     constexpr int kTimes = 3000;  // 136 s
     Bench bench;
     bench.Play(bench.Start(), 1, u"one"_s, kTimes - 1);
@@ -117,7 +117,7 @@ void TstWaveMix::ManyRepetitionsAreQueuedAsTheySound() {
     QVERIFY(bench.Device().sounded == RampSamples(0, kTimes));
 }
 
-void TstWaveMix::PlayingAgainDropsWhatPlayed() {
+void TstWaveMix::PlayingAgainReplacesTheSound() {
     Bench bench;
     const qint32 session = bench.Start();
     bench.Play(session, 1, u"one"_s, 5);
@@ -151,7 +151,7 @@ void TstWaveMix::ASecondChannelHasADeviceOfItsOwn() {
     QVERIFY(bench.output.Devices()[1]->sounded == RampSamples(5000, 1));
 }
 
-void TstWaveMix::OneDeviceAloneIsEnoughForAnotherFormat() {
+void TstWaveMix::ASingleDeviceIsReopenedForAnotherFormat() {
     Bench bench;
     bench.output.most = 1;
     const qint32 session = bench.Start();
@@ -194,7 +194,7 @@ void TstWaveMix::DevicesAreClosedALittleAfterTheLastSound() {
     QVERIFY(!bench.time.UntilNext());  // no timer is running
 }
 
-void TstWaveMix::AnUnusedActivationLetsGoOfItsDevice() {
+void TstWaveMix::AnUnusedActivationReleasesItsDevice() {
     Bench bench;
     QVERIFY(bench.Start() != kNoSession);
     bench.time.Advance(1000);
@@ -211,7 +211,7 @@ void TstWaveMix::ADeviceComesBackForTheNextPlay() {
     QVERIFY(bench.Device().sounded == RampSamples(0, 1));
 }
 
-void TstWaveMix::ALostDeviceIsOpenedAnewByTheNextPlay() {
+void TstWaveMix::ALostDeviceIsReopenedByTheNextPlay() {
     Bench bench;
     const qint32 session = bench.Start();
     bench.Play(session, 1, u"one"_s, 0);
@@ -256,7 +256,7 @@ void TstWaveMix::ASecondSessionClosesTheFirst() {
     QCOMPARE(bench.output.OpenDevices(), 1);
 }
 
-void TstWaveMix::WhatIsNotKnownDoesNothing() {
+void TstWaveMix::UnknownHandlesDoNothing() {
     Bench bench;
     QCOMPARE(bench.mix.WaveMixOpenWave(kNoSession, bench.File(u"one"_s)), 0);
     const qint32 session = bench.Start();

@@ -19,7 +19,7 @@ bool IsChecked(const QWidget& form, const QString& name) {
     return ChildOf<QAbstractButton>(form, name).isChecked();
 }
 
-/// The index of the checked option in a control array; at least `count` if none or several are checked.
+/// The index of the checked option in a control array; at least `count` unless exactly one is checked.
 int ChosenOf(const QWidget& form, const QString& array, int count) {
     int chosen = count;
     for (int index = 0; index < count; ++index) {

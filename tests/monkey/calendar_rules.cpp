@@ -152,7 +152,7 @@ void CheckCalendar(const Scene& scene, Complaints& complaints) {
     CheckPanel(*form, complaints);
     const QString heading = ChildOf<QLabel>(*form, u"Label1"_s).text();
     if (heading.isEmpty() && scene.Now().wasOddYear) {
-        return;  // opened on a day outside of its range
+        return;  // the calendar was opened on a day outside of its range
     }
     static const QRegularExpression pattern(uR"(^(\d+)年（(?:昭和|平成)(?:\d+|元)年）(\d+)月$)"_s);
     const auto match = pattern.match(heading);

@@ -95,7 +95,7 @@ void Deeds::DoOne() {
     }
 }
 
-/// Mostly the open popup or the active window; now and then a blocked one.
+/// Usually the open popup or the active window; now and then a blocked one.
 QWidget* Deeds::SomeWindow() {
     const QWidgetList windows = Hands::Windows();
     if (windows.isEmpty()) {
@@ -164,7 +164,7 @@ void Deeds::DoubleClickSomewhere() {
     m_hands.DoubleClick(part, at);
 }
 
-/// Presses without releasing, for buttons that repeat or act while held.
+/// Presses without releasing, for buttons that repeat or act while they are held.
 void Deeds::HoldSomewhere() {
     QWidget* window = SomeWindow();
     if (window == nullptr) {
@@ -298,8 +298,8 @@ void Deeds::PressAButton() {
     m_hands.Click(button, QPoint(std::min(8, button.width() / 2), button.height() / 2), Qt::LeftButton, {});
 }
 
-/// Clicks one of the buttons that lead to other windows and states; random clicks seldom find several of them
-/// in sequence.
+/// Clicks one of the buttons that lead to other windows and states, because random clicks seldom find several
+/// of them in sequence.
 void Deeds::PressOnPurpose() {
     static const QStringList leading{
         u"StopForm/Command1"_s, u"StopForm/Command2"_s,    u"StopForm/Command3"_s, u"TimerForm/Command1"_s,
@@ -341,7 +341,7 @@ void Deeds::ChooseATab() {
     m_hands.Click(*bar, bar->tabRect(tab).center(), Qt::LeftButton, {});
 }
 
-/// Prefers the help window and the about box, which have little else to test.
+/// Prefers the help window and the about box, which have little else to be tested.
 void Deeds::CloseAWindow() {
     QWidget* window = SomeWindow();
     for (QWidget* each : Hands::Windows()) {

@@ -8,7 +8,7 @@
 namespace tickwell {
 
 /// Random actions of a user and random events of the machine. Each is recorded in the Trail before it is
-/// done.
+/// performed.
 class Deeds {
 public:
     /// `world` and `random` outlive this object.
@@ -17,7 +17,7 @@ public:
     /// Performs one action. It may run a nested event loop, such as a menu or a drag, before it returns.
     void DoOne();
 
-    /// Returns the milliseconds that must pass before the next action, and resets them to 0.
+    /// Returns the time in ms that must pass before the next action, and resets it to 0.
     qint64 TakeWait() { return std::exchange(m_wait, 0); }
 
     /// Whether the last action only waited.
@@ -43,7 +43,7 @@ private:
     void CloseAWindow();
     void ShrinkAWindow();
 
-    // The machine.
+    // Events of the machine.
     void Wait();
     void SetTheClock();
     void ChangeTheDisc();

@@ -61,8 +61,9 @@ Hands::~Hands() {
     qApp->removeEventFilter(this);
 }
 
-/// Tracks the events that Qt sends to each window when a modal window opens or closes. Closes the settings'
-/// pages whose choices the rules do not know: those rules describe the program as it is by default.
+/// Tracks the events that Qt sends to each window when a modal window opens or closes. Also disables those
+/// pages of the settings dialog whose options the rules do not know, because the rules describe the default
+/// behaviour.
 bool Hands::eventFilter(QObject* watched, QEvent* event) {
     auto* pages = qobject_cast<QTabWidget*>(watched);
     if (pages != nullptr && event->type() == QEvent::Show) {
@@ -191,7 +192,7 @@ void Hands::Turn(QWidget& widget, QPoint at, QPoint angle, Qt::KeyboardModifiers
 }
 
 void Hands::Key(Qt::Key key, Qt::KeyboardModifiers modifiers) {
-    const QWidget* popup = QApplication::activePopupWidget();  // it receives the keys of all windows
+    const QWidget* popup = QApplication::activePopupWidget();  // receives the keys of all windows
     const QPointer<QWindow> window = popup != nullptr ? WindowOf(*popup) : QGuiApplication::focusWindow();
     for (const QTest::KeyAction action : {QTest::Press, QTest::Release}) {
         if (window != nullptr) {  // the press may have destroyed the window

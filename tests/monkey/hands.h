@@ -44,7 +44,8 @@ public:
     /// Mouse wheel. `angle`: eighths of a degree, 120 per notch.
     static void Turn(QWidget& widget, QPoint at, QPoint angle, Qt::KeyboardModifiers modifiers);
 
-    /// Sends a key to the open popup or else to the focus window; does nothing if there is neither.
+    /// Sends a key to the open popup, or to the focus window if there is no popup; does nothing if there is
+    /// neither.
     static void Key(Qt::Key key, Qt::KeyboardModifiers modifiers);
 
     /// Type sends text character by character like a keyboard, Commit all at once like an input method.

@@ -19,7 +19,7 @@ void Deeds::Wait() {
     Trail::Note(u"wait %1 ms"_s.arg(m_wait));
 }
 
-/// Forwards or backwards, by seconds or by years, or to just before the full or half hour.
+/// Sets the clock forwards or backwards, by seconds or by years, or to just before the full or half hour.
 void Deeds::SetTheClock() {
     QDateTime now = m_world.Now().time.Now();
     switch (m_random.Number(4)) {

@@ -38,7 +38,7 @@ constexpr std::array kFunctions{
     FunctionTable{u"Menu9", true, {}},
 };
 
-/// Also finds it while it is hidden.
+/// Found even while it is hidden.
 const QWidget& MainWindow() {
     const QWidgetList all = QApplication::topLevelWidgets();
     return **std::find_if(all.begin(), all.end(),
@@ -119,7 +119,8 @@ void CheckLowerLine(const Scene& scene, const QString& text, Complaints& complai
                       IsLike(text, uR"(\d+％残っています|あと \d+時間\d\d分です)"_s);
             break;
         case kFunctionMemory:
-            isRight = IsLike(text, uR"(\d+％使用中)"_s) || !now.memory.Load();  // or the line is unchanged
+            // If the load is unknown, the line is unchanged.
+            isRight = IsLike(text, uR"(\d+％使用中)"_s) || !now.memory.Load();
             break;
         case kFunctionCd:
             isRight = text.isEmpty() || text == u"再生不可" ||
@@ -132,8 +133,8 @@ void CheckLowerLine(const Scene& scene, const QString& text, Complaints& complai
     complaints.Unless(isRight, u"function %1 says below: %2"_s.arg(settings.function).arg(text));
 }
 
-/// The same for the upper line. The clock shows anniversaries there, which can be any text. Stopwatch and
-/// timer write there whichever function is shown; their text stays until the function writes again.
+/// Checks the upper line in the same way. The clock shows anniversaries there, which can be any text.
+/// Stopwatch and timer write to it under any function; their text stays until that function writes again.
 void CheckUpperLine(const Scene& scene, const QString& text, Complaints& complaints) {
     const qint32 function = scene.Now().state.started.settings.function;
     const bool isOfTiming =

@@ -17,7 +17,7 @@ namespace {
 
 constexpr int kTidyEvery = 400;      // actions
 constexpr int kThoroughEvery = 12;   // checks
-constexpr int kMostTidySteps = 300;  // far more than there can be windows
+constexpr int kMostTidySteps = 300;  // far more than the number of windows
 constexpr qint64 kSlice = 20;        // time advances in steps of at least this, in ms
 constexpr int kSlices = 50;          // number of steps of a long wait
 
@@ -61,9 +61,9 @@ QStringList Monkey::Run(int deeds) {
     return m_complaints;
 }
 
-/// The event loop has nothing left to do.
+/// Called when the event loop has nothing left to do.
 void Monkey::Idle() {
-    // Otherwise the dispatcher would block. At the end, because the actions below may consume an earlier
+    // Otherwise the dispatcher would block. Done on return, because the actions below may consume an earlier
     // wake-up.
     const auto goOn = qScopeGuard([] { QAbstractEventDispatcher::instance()->wakeUp(); });
     if (!m_complaints.isEmpty()) {
@@ -114,12 +114,12 @@ void Monkey::Look() {
     Complain(complaints.All());
 }
 
-/// Closes all windows but the main one; then the menu must open and close as at the start, and no other
-/// window may exist.
+/// Closes all windows except the main window; then the menu must open and close as after the start, and no
+/// other window may exist.
 void Monkey::Tidy() {
     m_quiet = 0;
     const QWidgetList windows = Hands::Windows();
-    if (m_world.Now().hasClosed) {  // only message boxes are left
+    if (m_world.Now().hasClosed) {  // only message boxes can still be open
         m_tidying = Tidying::None;
         return windows.isEmpty() ? EndTidying() : PutAwayOne(windows);
     }
@@ -152,8 +152,8 @@ void Monkey::Tidy() {
     }
 }
 
-/// Releases the mouse, or closes one window: menus first, then windows by their frames; last restores the
-/// main window from the notification area.
+/// Releases the mouse button, or closes one window: menus first, then windows by their close buttons. Finally
+/// restores the main window from the notification area.
 void Monkey::PutAwayOne(const QWidgetList& windows) {
     if (++m_tidySteps > kMostTidySteps) {
         QStringList left;
@@ -205,7 +205,7 @@ void Monkey::EndTidying() {
     Complain(complaints.All());
 }
 
-/// The program has ended.
+/// Checks the rules for a program that has ended.
 void Monkey::LeaveProgram() {
     Complaints complaints;
     complaints.Unless(m_world.Now().hasClosed, u"the program has ended with its main window open"_s);

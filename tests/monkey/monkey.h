@@ -27,7 +27,7 @@ public:
     const QMap<QString, int>& Met() const { return m_met; }
 
 private:
-    /// Steps of closing all but the main window in the ways that a user has.
+    /// The steps of closing all windows except the main one by the means that a user has.
     enum class Tidying { None, Windows, OpenMenu, CloseMenu };
 
     void Idle();
@@ -47,7 +47,7 @@ private:
     int m_done = 0;
     int m_starts = 0;
     qint64 m_wait = 0;   // ms that still have to pass
-    qint64 m_slice = 0;  // ms that pass at a time
+    qint64 m_slice = 0;  // ms by which time advances in each step
     qint64 m_quiet = 0;
     int m_looks = 0;
     Tidying m_tidying = Tidying::None;

@@ -7,7 +7,7 @@
 
 namespace tickwell {
 
-/// A text that a field was not made for: empty, very long, in other scripts, markup, fragments of SQL,
+/// A text for which a field was not made: empty, very long, in other scripts, markup, fragments of SQL,
 /// malformed numbers, lone surrogates.
 QString OddText(Random& random);
 

@@ -21,7 +21,7 @@ public:
     }
     const QStringList& All() const { return m_all; }
 
-    /// Counts a state that was seen. The counts are printed at the end, which shows states that a run never
+    /// Counts a state that was seen. The counts are printed at the end, to show which states a run never
     /// reached.
     void Met(const QString& state) { ++m_met[state]; }
     const QMap<QString, int>& AllMet() const { return m_met; }
@@ -59,8 +59,8 @@ private:
     QMultiHash<QString, QWidget*> m_windows;
 };
 
-// The rules that hold at every such moment, one function per component. Each compares its open windows, what
-// they show and which controls are enabled, with a table of the program's states.
+// The rules that hold whenever the event loop is idle, one function per component. Each compares its open
+// windows, their texts and the enabled controls with a table of the program's states.
 void CheckWindows(const Scene& scene, Complaints& complaints);
 void CheckMainWindow(const Scene& scene, Complaints& complaints);
 void CheckLines(const Scene& scene, Complaints& complaints);
@@ -71,7 +71,7 @@ void CheckBook(const Scene& scene, Complaints& complaints);
 void CheckSettingsWindow(const Scene& scene, Complaints& complaints);
 void CheckFurtherWindows(const Scene& scene, Complaints& complaints);
 
-/// All of them. After the main window has closed only message boxes may be left.
+/// Runs all these checks. After the main window has closed only message boxes may be open.
 inline void CheckScene(const Scene& scene, Complaints& complaints) {
     CheckWindows(scene, complaints);
     if (scene.Now().hasClosed) {

@@ -39,9 +39,10 @@ constexpr std::array<std::pair<QStringView, QStringView>, 5> kOver{{
     {u"ColourPicker", u"Form2"},
 }};
 
-constexpr qsizetype kMostBoxes = 8;  // more would cover the desktop
+constexpr qsizetype kMostBoxes = 8;  // more than this would cover the desktop
 
-/// Message boxes of which at most one is open: a second would add nothing, or its window waits for the first.
+/// Titles of message boxes of which at most one is open: a second would add nothing, or its window waits for
+/// the first.
 QStringList OneAtATime() {
     return {u"マルチメディアエラー"_s,     u"印刷"_s,          u"実行時エラー"_s, u"ﾃﾞｰﾀ削除"_s, u"ｶﾚﾝﾀﾞｰ"_s,
             u"データベース書込みエラー"_s, u"検索開始エラー"_s};

@@ -16,7 +16,7 @@ constexpr qint64 kSecond = 1000;                  // ms
 constexpr qint64 kNanoseconds = 1'000'000;        // in a millisecond
 constexpr qint64 kWallAtStart = 911'131'507'000;  // ms, 15 November 1998
 
-// Starts at ten minutes, because a clock at 0 would be taken for one that was never set.
+// Starts at ten minutes, because a clock at 0 could be mistaken for one that was never set.
 std::atomic<qint64> g_passed{600 * kSecond};  // NOLINT: one clock per process
 
 timespec SpecOf(qint64 milliseconds) {

@@ -45,7 +45,7 @@ void CheckDatabase(const World& world, Complaints& complaints) {
     for (const QByteArray& table : {QByteArray("Holiday"), QByteArray("Halfday"), QByteArray("Usuallyday")}) {
         CheckDates(database, table, complaints);
     }
-    // Each row is one that the book can write: its day by number or by week, not both, and its numbers in
+    // Each row must be one that the book can write: with a day or a week but not both, and with numbers in
     // range.
     const QStringList wrong = database.Run(
         "SELECT id FROM Kinenbi WHERE (Day <> 0 AND Week <> 0) OR (Year <> 0 AND Month = 0 AND Day = 0) OR "

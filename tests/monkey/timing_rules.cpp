@@ -76,7 +76,7 @@ void CheckTimer(const Scene& scene, Complaints& complaints) {
                       u"the timer's repeat"_s);
 }
 
-/// The reading that the running tool must show now; nothing if no reading is shown, or if the tick count has
+/// The reading that the running tool must show now, or nothing if it shows none, or if the tick count has
 /// left its range meanwhile, which stops the reading.
 std::optional<qint32> ReadingOf(const Machine& now) {
     const qint32 function = now.state.started.settings.function;
@@ -96,7 +96,7 @@ std::optional<qint32> ReadingOf(const Machine& now) {
     return FitsTick(passed) && FitsTick(reading) ? std::optional(static_cast<qint32>(reading)) : std::nullopt;
 }
 
-/// Whether the text is the reading at any moment of the last frame. An older countdown reading is larger.
+/// Whether the text is a reading from within the last frame. Earlier readings of the countdown are larger.
 bool IsReadingOfLastFrame(const QString& text, const Machine& now, qint32 reading) {
     const qint32 older = now.state.started.settings.function == kFunctionTimer ? 1 : -1;
     for (qint32 age = 0; age <= kFrame; ++age) {
@@ -107,7 +107,7 @@ bool IsReadingOfLastFrame(const QString& text, const Machine& now, qint32 readin
     return false;
 }
 
-/// The visible reading in the main window is the current one.
+/// Checks that the reading visible in the main window is the current one.
 void CheckReading(const Scene& scene, Complaints& complaints) {
     const QWidget* form = scene.Window(u"Form1"_s);
     const auto reading = ReadingOf(scene.Now());

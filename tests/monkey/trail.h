@@ -6,7 +6,8 @@
 
 namespace tickwell {
 
-/// The last actions, kept in static memory so that a dying process can still print them. One per process.
+/// The last actions, kept in static memory so that a crashing process can still print them. There is one per
+/// process.
 class Trail {
 public:
     /// Prints the trail, with `heading` first, before a signal, a fatal Qt message or a sanitizer ends the
@@ -16,7 +17,7 @@ public:
     /// Records the action that is about to start.
     static void Note(const QString& action);
 
-    /// Identifies all notes so far: their number and a hash of their texts.
+    /// Identifies all notes so far by their number and a hash of their texts.
     static QString Fingerprint();
 
     /// Writes heading and trail to standard error.

@@ -96,7 +96,8 @@ void World::Start(Random& random) {
     machine.program->Start();
 }
 
-/// The boxes of a real process disappear when it ends; here they are deleted after their pending callbacks.
+/// The boxes of a real process disappear when it ends; here they are deleted after their pending callbacks
+/// have run.
 void World::End() {
     m_machine->program.reset();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);

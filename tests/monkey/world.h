@@ -42,7 +42,7 @@ struct Machine {
     FakeEventWait wait;
     FakeCdDrive drive;
     app::ProgramState state;
-    bool hasClosed = false;   ///< the main window has closed; a message box may still delay the program's end
+    bool hasClosed = false;   ///< the main window has closed; a message box may still delay the end
     qint64 passed = 0;        ///< ms since the start
     bool wasOddYear = false;  ///< the year was outside of the calendar's range at some time since the start
     AppSettings stored;       ///< the settings when the main window closed
@@ -63,10 +63,10 @@ public:
     /// RunTimeError.
     void Start(Random& random);
 
-    /// After the program has ended: destroys the machine and every window that is left.
+    /// Called after the program has ended. Destroys the machine and all remaining windows.
     void End();
 
-    /// Only between Start and End.
+    /// Must be called between Start and End only.
     Machine& Now() { return *m_machine; }
     const Machine& Now() const { return *m_machine; }
     bool IsRunning() const { return m_machine != nullptr; }

@@ -17,7 +17,7 @@ RELEASE = "bookworm"
 USER = "newcomer"
 # A snapshot of a mirror may be past its expiry date.
 ANY_AGE = 'Acquire::Check-Valid-Until "false";'
-# Private mounts of /proc and /dev, which end with the command.
+# Runs a command in the new system, with private mounts of /proc and /dev that end with it.
 WITHIN = """mount -t proc proc "$1/proc" && mount --rbind /dev "$1/dev" && root=$1 && shift && exec chroot "$root" "$@" """
 
 

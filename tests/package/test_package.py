@@ -33,7 +33,7 @@ class Contents(unittest.TestCase):
     def test_lintian_has_nothing_to_say(self):
         self.assertEqual(run("lintian", "--allow-root", "--fail-on", "error,warning", package), "")
 
-    def test_the_desktop_entry_is_valid_and_starts_what_is_there(self):
+    def test_the_desktop_entry_is_valid_and_starts_an_installed_program(self):
         entry = root / "usr/share/applications/tickwell.desktop"
         self.assertEqual(run("desktop-file-validate", entry), "")
         lines = entry.read_text("utf-8").splitlines()
@@ -57,7 +57,7 @@ class Contents(unittest.TestCase):
         changes = gzip.decompress((root / "usr/share/doc/tickwell/changelog.Debian.gz").read_bytes()).decode()
         self.assertTrue(changes.startswith(f"tickwell ({version}) "), changes[:40])
 
-    def test_it_brings_what_it_does_not_name_in_its_binaries(self):
+    def test_it_depends_on_libraries_that_no_binary_names(self):
         depends = field(package, "Depends")
         self.assertRegex(depends, r"\blibsdl2-2\.0-0\b")  # loaded at the first sound
         self.assertRegex(depends, r"\bfonts-monapo\b")
@@ -71,7 +71,7 @@ class Contents(unittest.TestCase):
                     env=environment, stdout=subprocess.DEVNULL, stderr=subprocess.PIPE, text=True, check=True).stderr
                 self.assertEqual(warnings, "")
 
-    def test_the_manual_pages_name_the_options_that_there_are(self):
+    def test_the_manual_pages_name_the_existing_options(self):
         def options(text):
             return set(re.findall(r"--[a-z]+", text))
         known = options(run(root / "usr/bin/tickwell", "--help"))
@@ -86,7 +86,7 @@ class Contents(unittest.TestCase):
         sizes = {path.relative_to(icons).parts[0] for path in icons.rglob("apps/tickwell.*")}
         self.assertEqual(sizes, {"scalable", *(f"{size}x{size}" for size in (16, 22, 24, 32, 48, 64, 128, 256))})
 
-    def test_nothing_runs_when_it_comes_or_goes(self):
+    def test_it_has_no_maintainer_scripts(self):
         """Without scripts no removal can touch user data."""
         control = Path(work.name, "control")
         run("dpkg-deb", "--control", package, control)
@@ -134,7 +134,7 @@ class FirstStart(TickwellCase):
         wait_lines(self.app, upper="全トラック数 3")
         self.end()
 
-    def test_what_is_the_users_outlives_the_package(self):
+    def test_the_users_files_outlive_the_package(self):
         self.start()
         self.session.windows.close_window(self.window)
         self.assertEqual(self.app.program.wait_end(), 0)
@@ -147,7 +147,7 @@ class FirstStart(TickwellCase):
         self.end()
         self.assertEqual(self.kept()[self.data / "DayDate.mdb"], before[self.data / "DayDate.mdb"])
 
-    def test_what_starts_at_the_login_is_the_installed_program(self):
+    def test_the_installed_program_starts_at_the_login(self):
         self.start()
         self.choose("環境設定")
         dialog = self.app.wait(role="dialog", name="環境設定", showing=True)

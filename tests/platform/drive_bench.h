@@ -16,7 +16,7 @@ inline QString HelperPath() {
     return QStringLiteral(TICKWELL_CD_HELPER);
 }
 
-/// Real time, sped up.
+/// Timers of real time that run `speed` times as fast.
 class QuickTimers : public TimerSource {
 public:
     explicit QuickTimers(int speed) : m_speed(speed) {}
@@ -32,14 +32,14 @@ private:
     QtTimers m_timers;
 };
 
-/// The program's drive with the real helper. `sound` is what the output has played.
+/// The program's drive with the real helper; `sound` collects what the output has played.
 struct DriveBench {
     explicit DriveBench(const QString& source, const QString& helper = HelperPath(), int speed = 1)
         : timers(speed), drive(realTimers, output, helper, source) {
         drive.WhenChanged([this] { ++changes; });
     }
 
-    /// The result of a look; Failed if it does not end in time.
+    /// What a look found; Failed if it does not finish in time.
     CdSeen Look() {
         drive.Look();
         const bool isSeen = QTest::qWaitFor([&] { return !drive.IsLooking(); }, kDrivePatience);
@@ -49,13 +49,13 @@ struct DriveBench {
     CdSeen Seen() const { return {drive.Picture().status, drive.Picture().contents}; }
     media::CdMode Mode() const { return drive.Picture().mode; }
 
-    /// Plays the sectors `from` to `to` - 1 as fast as they arrive and returns all that was played.
+    /// Plays the sectors `from` to `to` - 1 as fast as they arrive and returns everything that was played.
     QByteArray PlayAll(int from, int to) {
         sound.clear();
         return drive.Play(from * media::kFramesPerSector, to) ? PlayRest() : QByteArray();
     }
 
-    /// Plays until playback ends and returns all that was played.
+    /// Plays until playback ends and returns everything that was played.
     QByteArray PlayRest() {
         constexpr qint64 kMuch = 1'000'000;  // frames
         const bool ended = QTest::qWaitFor(

@@ -61,16 +61,16 @@ class TstAutostartFile : public QObject {
 private Q_SLOTS:
     void NothingStartsAtFirst();
     void OnWritesAnEntryThatStartsTheProgram();
-    void OffTakesItAwayAndLeavesNothing();
+    void OffRemovesTheEntryAndLeavesNothing();
     void OffTwiceIsNoError();
-    void WhatTheEntrySaysCounts_data();
-    void WhatTheEntrySaysCounts();
-    void TheUsersEntryStandsBeforeTheSystems();
+    void TheEntryDecides_data();
+    void TheEntryDecides();
+    void TheUsersEntryOverridesTheSystems();
     void TheFirstOfTheSystemsCounts();
-    void OneForEverybodyIsHiddenAndShownAgain();
+    void ASystemEntryIsHiddenAndShownAgain();
     void AProgramThatIsGoneDoesNotStart();
-    void OnAgainMendsAnEntryOfAProgramThatHasMoved();
-    void HardNamesAreEscapedTwice();
+    void SwitchingOnAgainRepairsTheEntryOfAMovedProgram();
+    void SpecialCharactersAreEscapedTwice();
     void AFolderInPlaceOfTheFileIsRefused();
     void ReadOnlyFoldersAreRefusedAndKept();
     void AFullDiskKeepsTheOldEntry();
@@ -101,7 +101,7 @@ void TstAutostartFile::OnWritesAnEntryThatStartsTheProgram() {
     QCOMPARE(QDir(bench.user).entryList(QDir::Files | QDir::Hidden), QStringList{u"tickwell.desktop"_s});
 }
 
-void TstAutostartFile::OffTakesItAwayAndLeavesNothing() {
+void TstAutostartFile::OffRemovesTheEntryAndLeavesNothing() {
     const Bench bench;
     bench.File().Set(true);
     bench.File().Set(false);
@@ -116,7 +116,7 @@ void TstAutostartFile::OffTwiceIsNoError() {
     QVERIFY(!QFile::exists(bench.user));
 }
 
-void TstAutostartFile::WhatTheEntrySaysCounts_data() {
+void TstAutostartFile::TheEntryDecides_data() {
     QTest::addColumn<QByteArray>("lines");
     QTest::addColumn<bool>("isOn");
     QTest::newRow("a command") << "Exec=tickwell\n"_ba << true;
@@ -131,7 +131,7 @@ void TstAutostartFile::WhatTheEntrySaysCounts_data() {
     QTest::newRow("hidden in another group") << "Exec=tickwell\n[Other]\nHidden=true\n"_ba << true;
 }
 
-void TstAutostartFile::WhatTheEntrySaysCounts() {
+void TstAutostartFile::TheEntryDecides() {
     QFETCH(QByteArray, lines);
     QFETCH(bool, isOn);
     const Bench bench;
@@ -139,7 +139,7 @@ void TstAutostartFile::WhatTheEntrySaysCounts() {
     QCOMPARE(bench.File().IsOn(), isOn);
 }
 
-void TstAutostartFile::TheUsersEntryStandsBeforeTheSystems() {
+void TstAutostartFile::TheUsersEntryOverridesTheSystems() {
     const Bench bench;
     Bench::Put(bench.first, "Exec=tickwell\n");
     QVERIFY(bench.File().IsOn());
@@ -154,7 +154,7 @@ void TstAutostartFile::TheFirstOfTheSystemsCounts() {
     QVERIFY(!bench.File().IsOn());
 }
 
-void TstAutostartFile::OneForEverybodyIsHiddenAndShownAgain() {
+void TstAutostartFile::ASystemEntryIsHiddenAndShownAgain() {
     const Bench bench;
     Bench::Put(bench.second, "Exec=tickwell\n");
     const QByteArray everybodys = ReadAll(bench.second + u"/tickwell.desktop");
@@ -174,7 +174,7 @@ void TstAutostartFile::AProgramThatIsGoneDoesNotStart() {
     QVERIFY(!bench.File().IsOn());
 }
 
-void TstAutostartFile::OnAgainMendsAnEntryOfAProgramThatHasMoved() {
+void TstAutostartFile::SwitchingOnAgainRepairsTheEntryOfAMovedProgram() {
     const Bench bench;
     Bench::Put(bench.user, "Exec=/gone/tickwell\nTryExec=/gone/tickwell\n");
     bench.File().Set(true);
@@ -182,7 +182,7 @@ void TstAutostartFile::OnAgainMendsAnEntryOfAProgramThatHasMoved() {
     QVERIFY(!bench.Entry().contains("/gone"));
 }
 
-void TstAutostartFile::HardNamesAreEscapedTwice() {
+void TstAutostartFile::SpecialCharactersAreEscapedTwice() {
     const Bench bench;
     const QString hard = bench.dir.filePath(uR"(a\b $c)"_s);
     QVERIFY(QFile::copy(bench.program, hard));

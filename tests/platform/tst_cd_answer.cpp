@@ -17,7 +17,7 @@ CdSeen Disc(const media::CdContents& contents) {
 
 }  // namespace
 
-/// Parsing of the helper's output.
+/// Parsing the output of the disc helper.
 class TstCdAnswer : public QObject {
     Q_OBJECT
 
@@ -25,7 +25,7 @@ private Q_SLOTS:
     void AnswersAreRead_data();
     void AnswersAreRead();
     void ADiscOfNinetyNineTracksIsRead();
-    void ContentsAreToldAsTheyWereSeen();
+    void ContentsAreWrittenAsText();
 };
 
 void TstCdAnswer::AnswersAreRead_data() {
@@ -40,22 +40,22 @@ void TstCdAnswer::AnswersAreRead_data() {
     row("not ready", "not-ready\n", notReady);
     row("no right to read it", "no-right\n", {media::CdStatus::Failed, {}});
     row("a disc", "disc\ndata 0\naudio 450\naudio 650\nend 900\n", Disc(kMixed));
-    row("one track", "disc\naudio 0\nend 1\n", Disc({{{0, true}}, 1}));
+    row("one audio track", "disc\naudio 0\nend 1\n", Disc({{{0, true}}, 1}));
     row("sound before the first track", "disc\naudio 33\nend 90\n", Disc({{{33, true}}, 90}));
     row("nothing", "", notReady);
-    row("cut off inside a line", "disc\naudio 0\nend 9", notReady);
-    row("cut off behind a line", "disc\naudio 0\n", notReady);
+    row("truncated within a line", "disc\naudio 0\nend 9", notReady);
+    row("truncated after a line", "disc\naudio 0\n", notReady);
     row("a disc without tracks", "disc\nend 900\n", notReady);
     row("a disc without anything", "disc\n", notReady);
     row("starts that do not rise", "disc\naudio 10\naudio 10\nend 90\n", notReady);
-    row("an end that does not lie behind", "disc\naudio 10\nend 10\n", notReady);
+    row("an end not after the last track", "disc\naudio 10\nend 10\n", notReady);
     row("a negative start", "disc\naudio -150\nend 10\n", notReady);
     row("longer than any disc", "disc\naudio 0\nend 450001\n", notReady);
-    row("something behind the end", "disc\naudio 0\nend 10\naudio 20\n", notReady);
+    row("text after the end", "disc\naudio 0\nend 10\naudio 20\n", notReady);
     row("an unknown kind of track", "disc\nvideo 0\nend 10\n", notReady);
     row("a line of three words", "disc\naudio 0 0\nend 10\n", notReady);
-    row("a number that is none", "disc\naudio x\nend 10\n", notReady);
-    row("something behind a word", "no-disc\nno-disc\n", notReady);
+    row("not a number", "disc\naudio x\nend 10\n", notReady);
+    row("text after a word", "no-disc\nno-disc\n", notReady);
     row("an unknown word", "hello\n", notReady);
 }
 
@@ -74,7 +74,7 @@ void TstCdAnswer::ADiscOfNinetyNineTracksIsRead() {
     QVERIFY(SeenFrom(answer + "audio 39999\nend 40000\n") == CdSeen());
 }
 
-void TstCdAnswer::ContentsAreToldAsTheyWereSeen() {
+void TstCdAnswer::ContentsAreWrittenAsText() {
     QCOMPARE(ContentsText(kMixed), u"data 0,audio 450,audio 650,end 900"_s);
 }
 

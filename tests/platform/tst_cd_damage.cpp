@@ -35,8 +35,8 @@ constexpr auto kEndlessChunks =
     "////////////////////////////////////////////////////////////////////////////////////////////////"
     "/////0YAAAAUTU9UT1JPTEEAAPrBX///AAAAAOwARU5EIUAAAAAATkVSTwAGPqA=";
 
-/// Simulates damage by a disk, a copy or a user; more often in the last bytes, where images store their
-/// contents.
+/// Simulates damage by a disk, a copy or a user. The last bytes are changed more often, because single-file
+/// images store the description of their tracks there.
 QByteArray Damaged(QByteArray bytes, QRandomGenerator& random) {
     const auto size = static_cast<quint32>(bytes.size());
     const auto place = [&] {
@@ -80,11 +80,11 @@ private Q_SLOTS:
     void initTestCase();
     void DamagedImagesArePlayedOrRefused_data();
     void DamagedImagesArePlayedOrRefused();
-    void AnImageWithoutEndEndsTheHelper();
+    void AnEndlessImageEndsTheHelper();
     void NoiseIsRefused_data();
     void NoiseIsRefused();
-    void WhatIsNoImageFileIsNotRead_data();
-    void WhatIsNoImageFileIsNotRead();
+    void FilesThatAreNotRegularOrTooLargeAreNotRead_data();
+    void FilesThatAreNotRegularOrTooLargeAreNotRead();
 };
 
 /// Silences the sanitizers in the helper: crashes are expected here, and libcdio leaks memory.
@@ -127,7 +127,7 @@ void TstCdDamage::DamagedImagesArePlayedOrRefused() {
 }
 
 /// Found by the fuzzer: chunk lengths that make libcdio read the same chunks in a loop.
-void TstCdDamage::AnImageWithoutEndEndsTheHelper() {
+void TstCdDamage::AnEndlessImageEndsTheHelper() {
     const QTemporaryDir folder;
     const QByteArray front((150 + 24) * 2352, '\0');
     const QByteArray chunks = QByteArray::fromBase64(kEndlessChunks);
@@ -166,7 +166,7 @@ void TstCdDamage::NoiseIsRefused() {
     }
 }
 
-void TstCdDamage::WhatIsNoImageFileIsNotRead_data() {
+void TstCdDamage::FilesThatAreNotRegularOrTooLargeAreNotRead_data() {
     QTest::addColumn<QString>("opened");
     QTest::addColumn<QString>("odd");     // the file that is not regular
     QTest::addColumn<QString>("target");  // of a link; empty for a pipe
@@ -181,8 +181,8 @@ void TstCdDamage::WhatIsNoImageFileIsNotRead_data() {
     QTest::newRow("a table of a gigabyte") << u"toc.toc"_s << u"toc.toc"_s << u"large"_s;
 }
 
-/// With a pipe the helper would block forever; with the others it would use up all memory.
-void TstCdDamage::WhatIsNoImageFileIsNotRead() {
+/// The helper would block forever on a pipe, and the large files would use up all memory.
+void TstCdDamage::FilesThatAreNotRegularOrTooLargeAreNotRead() {
     QFETCH(QString, opened);
     QFETCH(QString, odd);
     QFETCH(QString, target);

@@ -23,7 +23,7 @@ constexpr int kBadSector = 400;
 
 }  // namespace
 
-/// A real drive as seen by the helper, which runs with a library that simulates the kernel.
+/// A drive as the helper sees it: the helper runs with a library that simulates the kernel.
 class TstCdFakeDrive : public QObject {
     Q_OBJECT
 
@@ -31,17 +31,17 @@ private Q_SLOTS:
     void init();
     void cleanup();
     void ADiscIsReadToTheSample();
-    void StatesAreTold_data();
-    void StatesAreTold();
+    void StatesAreReported_data();
+    void StatesAreReported();
     void ADiscPutInLaterIsFound();
     void ASwappedDiscIsNotPlayedAndThenFound();
-    void WhatIsTakenAwayWhilePlayingEndsIt_data();
-    void WhatIsTakenAwayWhilePlayingEndsIt();
-    void OneBadSectorIsSilentAlone();
+    void ADiscRemovedWhilePlayingEndsPlayback_data();
+    void ADiscRemovedWhilePlayingEndsPlayback();
+    void OnlyABadSectorIsSilent();
     void ASlowDriveKeepsUp();
     void DataMakesNoSound();
     void NoCallWaitsForASlowDrive();
-    void AReadingIsGivenUpWhileTheDriveIsBusy();
+    void ReadingIsAbandonedWhileTheDriveIsBusy();
 
 private:
     QString InFolder(const QString& name) const { return m_folder->filePath(name); }
@@ -97,7 +97,7 @@ void TstCdFakeDrive::ADiscIsReadToTheSample() {
     QVERIFY(bench.PlayAll(0, 931) == m_tones.bytes);
 }
 
-void TstCdFakeDrive::StatesAreTold_data() {
+void TstCdFakeDrive::StatesAreReported_data() {
     QTest::addColumn<QString>("file");
     QTest::addColumn<media::CdStatus>("status");
     QTest::newRow("empty") << QString() << media::CdStatus::NoDisc;
@@ -105,7 +105,7 @@ void TstCdFakeDrive::StatesAreTold_data() {
     QTest::newRow("not ready") << u"busy"_s << media::CdStatus::NotReady;
 }
 
-void TstCdFakeDrive::StatesAreTold() {
+void TstCdFakeDrive::StatesAreReported() {
     QFETCH(QString, file);
     QFETCH(media::CdStatus, status);
     if (!file.isEmpty()) {
@@ -139,14 +139,14 @@ void TstCdFakeDrive::ASwappedDiscIsNotPlayedAndThenFound() {
     QVERIFY(bench.PlayAll(450, 900) == m_mixed.Sound(450, 900));
 }
 
-void TstCdFakeDrive::WhatIsTakenAwayWhilePlayingEndsIt_data() {
+void TstCdFakeDrive::ADiscRemovedWhilePlayingEndsPlayback_data() {
     QTest::addColumn<bool>("isSwapped");
     QTest::addColumn<media::CdStatus>("status");
     QTest::newRow("the disc is pulled") << false << media::CdStatus::TrayOpen;
     QTest::newRow("the disc is swapped") << true << media::CdStatus::Ready;
 }
 
-void TstCdFakeDrive::WhatIsTakenAwayWhilePlayingEndsIt() {
+void TstCdFakeDrive::ADiscRemovedWhilePlayingEndsPlayback() {
     QFETCH(bool, isSwapped);
     QFETCH(media::CdStatus, status);
     PutIn(m_tones);
@@ -167,7 +167,7 @@ void TstCdFakeDrive::WhatIsTakenAwayWhilePlayingEndsIt() {
     QCOMPARE(bench.Look().status, status);
 }
 
-void TstCdFakeDrive::OneBadSectorIsSilentAlone() {
+void TstCdFakeDrive::OnlyABadSectorIsSilent() {
     PutIn(m_tones);
     Set("FAKE_DRIVE_BAD", QByteArray::number(kBadSector));
     DriveBench bench(InFolder(u"drive"_s));
@@ -224,7 +224,7 @@ void TstCdFakeDrive::NoCallWaitsForASlowDrive() {
     QVERIFY2(longest < kLongestCall, qPrintable(QString::number(longest)));
 }
 
-void TstCdFakeDrive::AReadingIsGivenUpWhileTheDriveIsBusy() {
+void TstCdFakeDrive::ReadingIsAbandonedWhileTheDriveIsBusy() {
     PutIn(m_tones);
     DriveBench bench(InFolder(u"drive"_s));
     QVERIFY(bench.Look() == kTonesSeen);

@@ -37,23 +37,23 @@ private Q_SLOTS:
     void initTestCase();
     void EachKindOfImageIsReadToTheSample_data();
     void EachKindOfImageIsReadToTheSample();
-    void StretchesAreReadToTheSample_data();
-    void StretchesAreReadToTheSample();
+    void RangesAreReadToTheSample_data();
+    void RangesAreReadToTheSample();
     void DataMakesNoSound();
     void SheetsThatWouldBeMisreadAreRefused_data();
     void SheetsThatWouldBeMisreadAreRefused();
-    void SheetsThatAreReadRightAreTaken_data();
-    void SheetsThatAreReadRightAreTaken();
-    void WhatIsNotThereIsNoDrive();
-    void WhatIsNoImageIsNotReady_data();
-    void WhatIsNoImageIsNotReady();
+    void SheetsThatAreReadCorrectlyAreAccepted_data();
+    void SheetsThatAreReadCorrectlyAreAccepted();
+    void AMissingSourceIsNoDrive();
+    void AFileThatIsNoImageIsNotReady_data();
+    void AFileThatIsNoImageIsNotReady();
     void AnotherImageInItsPlaceIsNotPlayed();
     void AnImageThatEndsTooEarlyIsFilledWithSilence();
-    void ALookThatShowsTheSameTellsNothing();
+    void AnUnchangedDiscIsNotReported();
     void WithoutAHelperTheDriveHasFailed();
     void AnImageThatMayNotBeReadHasFailed();
-    void AHelperThatSaysNothingIsADiscThatIsNotReady();
-    void ADiscThatTheHelperDiesOfStaysNotReady();
+    void WithASilentHelperTheDiscIsNotReady();
+    void ADiscThatCrashesTheHelperStaysNotReady();
 
 private:
     QString Folder() const { return m_folder.path(); }
@@ -92,17 +92,17 @@ void TstCdImages::EachKindOfImageIsReadToTheSample() {
     QVERIFY(!bench.drive.Picture().readError);
 }
 
-void TstCdImages::StretchesAreReadToTheSample_data() {
+void TstCdImages::RangesAreReadToTheSample_data() {
     QTest::addColumn<int>("from");
     QTest::addColumn<int>("to");
     QTest::newRow("a track") << 321 << 548;
     QTest::newRow("one sector") << 320 << 321;
     QTest::newRow("the last one") << 930 << 931;
     QTest::newRow("nothing") << 400 << 400;
-    QTest::newRow("from behind to") << 400 << 300;
+    QTest::newRow("from after to") << 400 << 300;
 }
 
-void TstCdImages::StretchesAreReadToTheSample() {
+void TstCdImages::RangesAreReadToTheSample() {
     QFETCH(int, from);
     QFETCH(int, to);
     DriveBench bench(InFolder(u"tones.cue"_s));
@@ -137,12 +137,12 @@ void TstCdImages::SheetsThatWouldBeMisreadAreRefused_data() {
     row("no track", u"tones.cue"_s, file);
     row("starts that do not rise", u"tones.cue"_s,
         file + "  TRACK 01 AUDIO\n    INDEX 01 00:05:00\n  TRACK 02 AUDIO\n    INDEX 01 00:05:00\n");
-    row("a track behind the end of the file", u"tones.cue"_s,
+    row("a track after the end of the file", u"tones.cue"_s,
         file + kTrackLine + "  TRACK 02 AUDIO\n    INDEX 01 00:12:31\n");
     row("two files in a table of contents", u"toc.toc"_s,
         "CD_DA\nTRACK AUDIO\nFILE \"toc.bin\" 00:00:00 00:04:00\nTRACK AUDIO\nFILE \"tones.bin\" 00:04:00 "
         "00:04:00\n");
-    row("silence out of nothing", u"toc.toc"_s,
+    row("silence without a file", u"toc.toc"_s,
         "CD_DA\nTRACK AUDIO\nSILENCE 00:02:00\nFILE \"toc.bin\" 00:00:00\n");
     row("a wave in a table of contents", u"toc.toc"_s, "CD_DA\nTRACK AUDIO\nFILE \"tones.wav\" 00:00:00\n");
     row("an empty sheet", u"tones.cue"_s, "");
@@ -159,13 +159,13 @@ void TstCdImages::SheetsThatWouldBeMisreadAreRefused() {
     QVERIFY(bench.Look() == kNotReady);
 }
 
-void TstCdImages::SheetsThatAreReadRightAreTaken_data() {
+void TstCdImages::SheetsThatAreReadCorrectlyAreAccepted_data() {
     QTest::addColumn<Sheet>("sheet");
     QTest::addColumn<int>("tracks");
     const auto row = [](const char* name, const QByteArray& text, int tracks) {
         QTest::newRow(name) << Sheet{u"tones.cue"_s, text} << tracks;
     };
-    row("files that were given new names together", "FILE \"old name.bin\" BINARY\n" + kTrackLine, 1);
+    row("sheet and file renamed together", "FILE \"old name.bin\" BINARY\n" + kTrackLine, 1);
     row("a pause that is not in the file",
         "FILE \"tones.bin\" BINARY\n" + kTrackLine +
             "  TRACK 02 AUDIO\n    PREGAP 00:02:00\n    INDEX 01 00:04:21\n",
@@ -175,11 +175,10 @@ void TstCdImages::SheetsThatAreReadRightAreTaken_data() {
         "\"A\"\n"
         "    FLAGS DCP\n    INDEX 01 00:00:00\n",
         1);
-    row("lines as another system ends them",
-        "FILE \"tones.bin\" BINARY\r\n" + QByteArray(kTrackLine).replace("\n", "\r\n"), 1);
+    row("CR LF line ends", "FILE \"tones.bin\" BINARY\r\n" + QByteArray(kTrackLine).replace("\n", "\r\n"), 1);
 }
 
-void TstCdImages::SheetsThatAreReadRightAreTaken() {
+void TstCdImages::SheetsThatAreReadCorrectlyAreAccepted() {
     QFETCH(Sheet, sheet);
     QFETCH(int, tracks);
     const QTemporaryDir folder;
@@ -192,13 +191,13 @@ void TstCdImages::SheetsThatAreReadRightAreTaken() {
     QVERIFY(bench.PlayAll(0, 931) == m_tones.bytes);
 }
 
-void TstCdImages::WhatIsNotThereIsNoDrive() {
+void TstCdImages::AMissingSourceIsNoDrive() {
     DriveBench bench(InFolder(u"nowhere.cue"_s));
     QVERIFY(!bench.drive.Exists());
     QVERIFY(bench.Look() == kNotReady);
 }
 
-void TstCdImages::WhatIsNoImageIsNotReady_data() {
+void TstCdImages::AFileThatIsNoImageIsNotReady_data() {
     QTest::addColumn<QString>("name");
     QTest::newRow("a text") << u"text.txt"_s;
     QTest::newRow("an empty image") << u"empty.nrg"_s;
@@ -207,7 +206,7 @@ void TstCdImages::WhatIsNoImageIsNotReady_data() {
     QTest::newRow("a folder with an image's name") << u"folder.nrg"_s;
 }
 
-void TstCdImages::WhatIsNoImageIsNotReady() {
+void TstCdImages::AFileThatIsNoImageIsNotReady() {
     QFETCH(QString, name);
     WriteAll(InFolder(u"text.txt"_s), "hello\n");
     WriteAll(InFolder(u"empty.nrg"_s), "");
@@ -247,7 +246,7 @@ void TstCdImages::AnImageThatEndsTooEarlyIsFilledWithSilence() {
     QCOMPARE(behind.count('\0'), behind.size());
 }
 
-void TstCdImages::ALookThatShowsTheSameTellsNothing() {
+void TstCdImages::AnUnchangedDiscIsNotReported() {
     DriveBench bench(InFolder(u"tones.cue"_s));
     QVERIFY(bench.Look() == kTonesSeen);
     QCOMPARE(bench.changes, 1);
@@ -266,7 +265,7 @@ void TstCdImages::WithoutAHelperTheDriveHasFailed() {
     QVERIFY(bench.Look() == kFailed);
 }
 
-/// Root may read everything, so the helper runs as another user then.
+/// Root may read everything, so as root the helper runs as another user.
 void TstCdImages::AnImageThatMayNotBeReadHasFailed() {
     const QString helper = InFolder(u"somebody"_s);
     const QByteArray somebody =
@@ -284,14 +283,14 @@ void TstCdImages::AnImageThatMayNotBeReadHasFailed() {
     QVERIFY(DriveBench(InFolder(u"locked.cue"_s), helper).Look() == kFailed);
 }
 
-void TstCdImages::AHelperThatSaysNothingIsADiscThatIsNotReady() {
+void TstCdImages::WithASilentHelperTheDiscIsNotReady() {
     QVERIFY(DriveBench(InFolder(u"tones.cue"_s), u"/bin/false"_s).Look() == kNotReady);
     QVERIFY(DriveBench(InFolder(u"tones.cue"_s), u"/bin/true"_s).Look() == kNotReady);
 }
 
-/// Otherwise it would be found ready at once, and crash the helper again as soon as it is played.
-void TstCdImages::ADiscThatTheHelperDiesOfStaysNotReady() {
-    const QString helper = InFolder(u"mortal"_s);  // answers "look", and crashes on "read"
+/// Otherwise the disc would be found ready at once, and would crash the helper again as soon as it is played.
+void TstCdImages::ADiscThatCrashesTheHelperStaysNotReady() {
+    const QString helper = InFolder(u"mortal"_s);  // answers "look", but crashes on "read"
     WriteAll(helper, "#!/bin/sh\n[ \"$1\" = look ] && exec " TICKWELL_CD_HELPER " \"$@\"\nkill -SEGV $$\n");
     QVERIFY(QFile::setPermissions(helper, QFile::ReadOwner | QFile::ExeOwner));
     WriteCueImage(m_tones, Folder(), u"deadly"_s);

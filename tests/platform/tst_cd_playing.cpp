@@ -30,24 +30,24 @@ private Q_SLOTS:
     void initTestCase();
     void init();
     void cleanup();
-    void SoundBeginsWhenThereIsEnoughOfIt();
+    void PlaybackBeginsWhenEnoughIsQueued();
     void NoMoreThanThreeSecondsAreReadAhead();
     void ThePositionIsWhatHasSounded();
-    void AStretchMayBeginInsideASector();
+    void ARangeMayBeginInsideASector();
     void APauseKeepsEveryFrame();
-    void ALongPauseLetsGoOfDeviceAndHelper();
-    void GoingOnWithAnotherEndGoesOnWithTheNextFrame_data();
-    void GoingOnWithAnotherEndGoesOnWithTheNextFrame();
-    void GoingOnWhilePlayingChangesNothing();
-    void GoingOnFromStoppedPlaysFromThePosition();
+    void ALongPauseReleasesDeviceAndHelper();
+    void ResumingWithAnotherEndContinuesWithTheNextFrame_data();
+    void ResumingWithAnotherEndContinuesWithTheNextFrame();
+    void ResumingWhilePlayingChangesNothing();
+    void ResumingFromStoppedPlaysFromThePosition();
     void ASecondPlayForgetsTheFirst();
     void StopSetsThePositionToZero();
-    void PausingWhatDoesNotPlayDoesNothing();
+    void PausingWhileNotPlayingDoesNothing();
     void TheDeviceIsClosedALittleAfterTheEnd();
-    void TheDeviceIsKeptForWhatFollowsAtOnce();
+    void TheDeviceIsKeptIfPlaybackFollowsAtOnce();
     void WithoutSoundNothingPlays();
-    void ALostServerIsSilenceAndTheNextPlayTriesAgain();
-    void AnOutputThatTakesNothingEndsThePlaying();
+    void AfterALostServerTheNextPlayOpensANewDevice();
+    void ALostOutputEndsPlayback();
 
 private:
     FakeSoundOutput::Device& Device() { return *m_bench->output.Devices().last(); }
@@ -80,7 +80,7 @@ void TstCdPlaying::cleanup() {
     m_bench.reset();
 }
 
-void TstCdPlaying::SoundBeginsWhenThereIsEnoughOfIt() {
+void TstCdPlaying::PlaybackBeginsWhenEnoughIsQueued() {
     QVERIFY(m_bench->drive.Play(0, m_disc.end));
     QCOMPARE(Picture().mode, media::CdMode::Seeking);
     QCOMPARE(Picture().position, 0);
@@ -117,7 +117,7 @@ void TstCdPlaying::ThePositionIsWhatHasSounded() {
     QCOMPARE(Picture().mode, media::CdMode::Stopped);
 }
 
-void TstCdPlaying::AStretchMayBeginInsideASector() {
+void TstCdPlaying::ARangeMayBeginInsideASector() {
     const qint64 from = 321 * media::kFramesPerSector + 587;
     Play(from);
     QCOMPARE(Picture().position, from);
@@ -141,7 +141,7 @@ void TstCdPlaying::APauseKeepsEveryFrame() {
     QVERIFY(m_bench->PlayRest() == m_disc.bytes);
 }
 
-void TstCdPlaying::ALongPauseLetsGoOfDeviceAndHelper() {
+void TstCdPlaying::ALongPauseReleasesDeviceAndHelper() {
     m_bench = std::make_unique<DriveBench>(m_folder.filePath(u"tones.cue"_s), HelperPath(), kQuick);
     QCOMPARE(m_bench->Look().status, media::CdStatus::Ready);
     Play();
@@ -155,7 +155,7 @@ void TstCdPlaying::ALongPauseLetsGoOfDeviceAndHelper() {
     QCOMPARE(m_bench->output.Devices().size(), 2);
 }
 
-void TstCdPlaying::GoingOnWithAnotherEndGoesOnWithTheNextFrame_data() {
+void TstCdPlaying::ResumingWithAnotherEndContinuesWithTheNextFrame_data() {
     QTest::addColumn<bool>("isPaused");
     QTest::addColumn<int>("first");
     QTest::addColumn<int>("then");
@@ -165,7 +165,7 @@ void TstCdPlaying::GoingOnWithAnotherEndGoesOnWithTheNextFrame_data() {
     QTest::newRow("playing, earlier") << false << 400 << 100;
 }
 
-void TstCdPlaying::GoingOnWithAnotherEndGoesOnWithTheNextFrame() {
+void TstCdPlaying::ResumingWithAnotherEndContinuesWithTheNextFrame() {
     QFETCH(bool, isPaused);
     QFETCH(int, first);
     QFETCH(int, then);
@@ -180,7 +180,7 @@ void TstCdPlaying::GoingOnWithAnotherEndGoesOnWithTheNextFrame() {
     QCOMPARE(Picture().position, then * media::kFramesPerSector);
 }
 
-void TstCdPlaying::GoingOnWhilePlayingChangesNothing() {
+void TstCdPlaying::ResumingWhilePlayingChangesNothing() {
     Play();
     m_bench->Sound(3333);
     QVERIFY(m_bench->drive.GoOn(m_disc.end));
@@ -188,7 +188,7 @@ void TstCdPlaying::GoingOnWhilePlayingChangesNothing() {
     QVERIFY(m_bench->PlayRest() == m_disc.bytes);
 }
 
-void TstCdPlaying::GoingOnFromStoppedPlaysFromThePosition() {
+void TstCdPlaying::ResumingFromStoppedPlaysFromThePosition() {
     QVERIFY(m_bench->PlayAll(0, 100) == m_disc.Sound(0, 100));
     QCOMPARE(Picture().position, 100 * media::kFramesPerSector);
     QVERIFY(m_bench->drive.GoOn(200));
@@ -216,7 +216,7 @@ void TstCdPlaying::StopSetsThePositionToZero() {
     QVERIFY(WaitFor([&] { return m_bench->output.OpenDevices() == 0; }));
 }
 
-void TstCdPlaying::PausingWhatDoesNotPlayDoesNothing() {
+void TstCdPlaying::PausingWhileNotPlayingDoesNothing() {
     m_bench->drive.Pause();
     QCOMPARE(Picture().mode, media::CdMode::Stopped);
     QVERIFY(m_bench->drive.Play(0, m_disc.end));
@@ -237,7 +237,7 @@ void TstCdPlaying::TheDeviceIsClosedALittleAfterTheEnd() {
     QVERIFY2(clock.elapsed() >= media::kSoundTail - 50, qPrintable(QString::number(clock.elapsed())));
 }
 
-void TstCdPlaying::TheDeviceIsKeptForWhatFollowsAtOnce() {
+void TstCdPlaying::TheDeviceIsKeptIfPlaybackFollowsAtOnce() {
     QVERIFY(!m_bench->PlayAll(900, 931).isEmpty());
     QVERIFY(!m_bench->PlayAll(0, 10).isEmpty());
     QCOMPARE(m_bench->output.Devices().size(), 1);
@@ -251,7 +251,7 @@ void TstCdPlaying::WithoutSoundNothingPlays() {
     QCOMPARE(Picture().mode, media::CdMode::Stopped);
 }
 
-void TstCdPlaying::ALostServerIsSilenceAndTheNextPlayTriesAgain() {
+void TstCdPlaying::AfterALostServerTheNextPlayOpensANewDevice() {
     Play();
     m_bench->Sound(2000);
     Device().lost = true;
@@ -260,7 +260,7 @@ void TstCdPlaying::ALostServerIsSilenceAndTheNextPlayTriesAgain() {
     QCOMPARE(m_bench->output.OpenDevices(), 1);
 }
 
-void TstCdPlaying::AnOutputThatTakesNothingEndsThePlaying() {
+void TstCdPlaying::ALostOutputEndsPlayback() {
     Play();
     Device().lost = true;
     m_bench->Sound(2000);

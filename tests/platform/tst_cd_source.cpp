@@ -14,12 +14,12 @@ class TstCdSource : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void ANameIsTakenWhereItIsThere();
+    void AGivenNameIsUsed();
     void AMachineWithoutADriveHasNone();
-    void FilesThatAreNoDrivesAreNotTaken();
+    void FilesThatAreNoDrivesAreNotUsed();
 };
 
-void TstCdSource::ANameIsTakenWhereItIsThere() {
+void TstCdSource::AGivenNameIsUsed() {
     const QTemporaryDir folder;
     const QString image = folder.filePath(u"disc.cue"_s);
     QCOMPARE(CdSource(image), QString());
@@ -34,7 +34,7 @@ void TstCdSource::AMachineWithoutADriveHasNone() {
     QCOMPARE(CdSource(QString(), folder.filePath(u"nowhere"_s)), QString());
 }
 
-void TstCdSource::FilesThatAreNoDrivesAreNotTaken() {
+void TstCdSource::FilesThatAreNoDrivesAreNotUsed() {
     const QTemporaryDir folder;
     WriteAll(folder.filePath(u"cdrom"_s), "");
     WriteAll(folder.filePath(u"sr0"_s), "");

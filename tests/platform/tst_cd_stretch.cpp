@@ -25,13 +25,13 @@ class TstCdStretch : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void StretchesHaveTheirRuns_data();
-    void StretchesHaveTheirRuns();
+    void RangesHaveTheirRuns_data();
+    void RangesHaveTheirRuns();
     void PositionsJumpOverData_data();
     void PositionsJumpOverData();
 };
 
-void TstCdStretch::StretchesHaveTheirRuns_data() {
+void TstCdStretch::RangesHaveTheirRuns_data() {
     QTest::addColumn<media::CdContents>("contents");
     QTest::addColumn<qint64>("from");
     QTest::addColumn<int>("to");
@@ -44,13 +44,13 @@ void TstCdStretch::StretchesHaveTheirRuns_data() {
     row("data between", kDataBetween, Frames(50), 250,
         {{Frames(50), Frames(100)}, {Frames(200), Frames(250)}});
     row("data last", kDataLast, 0, 200, {{0, Frames(100)}});
-    row("data alone", kDataLast, Frames(120), 200, {});
+    row("only data", kDataLast, Frames(120), 200, {});
     row("sound before the first track", kLateStart, 0, 90, {{0, Frames(90)}});
     row("nothing", kTones, Frames(100), 100, {});
-    row("from behind to", kTones, Frames(200), 100, {});
+    row("from after to", kTones, Frames(200), 100, {});
 }
 
-void TstCdStretch::StretchesHaveTheirRuns() {
+void TstCdStretch::RangesHaveTheirRuns() {
     QFETCH(media::CdContents, contents);
     QFETCH(qint64, from);
     QFETCH(int, to);

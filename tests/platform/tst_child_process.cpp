@@ -57,17 +57,17 @@ private Q_SLOTS:
     void ProgramsEnd();
     void AProgramThatIsNotThereDoesNotStart();
     void ReadingNeverWaits();
-    void NoMoreIsReadThanAskedFor();
+    void NoMoreIsReadThanRequested();
     void TheChildReadsItsInput_data();
     void TheChildReadsItsInput();
-    void AChildThatReadsNothingDoesNotHoldUpItsInput();
-    void AChildThatIsLetGoGoesOn();
-    void MuchOutputComesWhole();
-    void TheEndOfTheObjectIsTheEndOfTheChild();
+    void AChildThatReadsNothingDoesNotBlockTheWriter();
+    void AReleasedChildContinues();
+    void LargeOutputArrivesComplete();
+    void DestructionEndsTheChild();
     void AnEndedChildIsReaped();
     void ASecondStartEndsTheFirstChild();
-    void ChildrenGetNoFilesOfOurs();
-    void ChildrenGetSignalsAsTheyAre();
+    void ChildrenInheritNoFiles();
+    void ChildrenHaveDefaultSignalHandling();
 };
 
 void TstChildProcess::cleanup() {
@@ -81,7 +81,7 @@ void TstChildProcess::ProgramsEnd_data() {
     QTest::newRow("well") << u"echo hello"_s << QByteArray("hello\n") << 0;
     QTest::newRow("with a code") << u"echo half; exit 3"_s << QByteArray("half\n") << 3;
     QTest::newRow("by a signal") << u"echo half; kill -SEGV $$"_s << QByteArray("half\n") << -1;
-    QTest::newRow("without a word") << u"exit 0"_s << QByteArray() << 0;
+    QTest::newRow("without output") << u"exit 0"_s << QByteArray() << 0;
     QTest::newRow("with nothing to read") << u"cat; exit 4"_s << QByteArray() << 4;
     QTest::newRow("after it has closed its output") << u"exec >/dev/null; exit 5"_s << QByteArray() << 5;
 }
@@ -121,7 +121,7 @@ void TstChildProcess::ReadingNeverWaits() {
     QVERIFY(clock.elapsed() < 10'000);
 }
 
-void TstChildProcess::NoMoreIsReadThanAskedFor() {
+void TstChildProcess::NoMoreIsReadThanRequested() {
     ChildReaper reaper;
     ChildProcess child(reaper);
     QVERIFY(child.Start(u"/bin/sh"_s, Script(u"printf 123456789"_s)));
@@ -131,7 +131,7 @@ void TstChildProcess::NoMoreIsReadThanAskedFor() {
         return first.size() == 4;
     }));
     QCOMPARE(first, QByteArray("1234"));
-    QVERIFY(!child.ExitCode());  // more output is to be read
+    QVERIFY(!child.ExitCode());  // the end is known only after all output was read
     QCOMPARE(WaitFor(child).output, QByteArray("56789"));
 }
 
@@ -152,14 +152,14 @@ void TstChildProcess::TheChildReadsItsInput() {
     QCOMPARE(ended.code, 0);
 }
 
-void TstChildProcess::AChildThatReadsNothingDoesNotHoldUpItsInput() {
+void TstChildProcess::AChildThatReadsNothingDoesNotBlockTheWriter() {
     ChildReaper reaper;
     ChildProcess child(reaper);
     QVERIFY(child.Start(u"/bin/sh"_s, Script(u"exec sleep 1000"_s), QByteArray(10'000'000, 'x')));
     QVERIFY(child.IsRunning());
 }
 
-void TstChildProcess::AChildThatIsLetGoGoesOn() {
+void TstChildProcess::AReleasedChildContinues() {
     const QTemporaryDir dir;
     ChildReaper reaper;
     ChildProcess child(reaper);
@@ -176,7 +176,7 @@ void TstChildProcess::AChildThatIsLetGoGoesOn() {
     QCOMPARE(WEXITSTATUS(status), 7);
 }
 
-void TstChildProcess::MuchOutputComesWhole() {
+void TstChildProcess::LargeOutputArrivesComplete() {
     ChildReaper reaper;
     ChildProcess child(reaper);
     QVERIFY(child.Start(u"/bin/sh"_s, Script(u"head -c 5000000 /dev/zero"_s)));
@@ -185,7 +185,7 @@ void TstChildProcess::MuchOutputComesWhole() {
     QCOMPARE(ended.code, 0);
 }
 
-void TstChildProcess::TheEndOfTheObjectIsTheEndOfTheChild() {
+void TstChildProcess::DestructionEndsTheChild() {
     ChildReaper reaper;
     {
         ChildProcess child(reaper);
@@ -221,7 +221,7 @@ void TstChildProcess::ASecondStartEndsTheFirstChild() {
     QCOMPARE(ended.code, 0);
 }
 
-void TstChildProcess::ChildrenGetNoFilesOfOurs() {
+void TstChildProcess::ChildrenInheritNoFiles() {
     const int ours = dup(STDERR_FILENO);  // not closed by exec
     QVERIFY(ours > STDERR_FILENO);
     ChildReaper reaper;
@@ -231,7 +231,7 @@ void TstChildProcess::ChildrenGetNoFilesOfOurs() {
     close(ours);
 }
 
-void TstChildProcess::ChildrenGetSignalsAsTheyAre() {
+void TstChildProcess::ChildrenHaveDefaultSignalHandling() {
     const auto before = std::signal(SIGPIPE, SIG_IGN);
     ChildReaper reaper;
     ChildProcess child(reaper);

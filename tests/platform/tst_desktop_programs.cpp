@@ -29,7 +29,7 @@ DesktopPrograms Programs() {
     return DesktopPrograms({022, kEnvironment});
 }
 
-/// Writes down what it inherited, and signals completion by a rename.
+/// Writes to a file what the script inherited; the rename signals that the file is complete.
 const QByteArray kLegacy =
     "#!/bin/sh\n"
     "{ grep -E '^(SigBlk|SigIgn|PPid|NSsid):' /proc/self/status; umask; "
@@ -37,7 +37,7 @@ const QByteArray kLegacy =
     "\"$0.unfinished\"\n"
     "mv \"$0.unfinished\" \"$0.seen\"\n";
 
-/// Writes down its folder and its arguments, and signals completion by a rename.
+/// Writes to a file the script's folder and arguments; the rename signals that the file is complete.
 const QByteArray kScript =
     "#!/bin/sh\n"
     "{ pwd; for each in \"$@\"; do printf '%s\\n' \"<$each>\"; done; } > \"$0.unfinished\"\n"
@@ -53,18 +53,18 @@ void WriteScript(const QString& path, QFile::Permissions permissions = kRunnable
 
 }  // namespace
 
-/// Programs that are really started.
+/// Programs started as separate processes.
 class TstDesktopPrograms : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
     void AProgramSeesItsArgumentsAndItsFolder_data();
     void AProgramSeesItsArgumentsAndItsFolder();
-    void AProgramInheritsWhatItShallAlone();
-    void WhatThisProcessHasIsHandedDownAsItWas();
-    void AProgramIsNoChild();
-    void WhatCannotRunDoesNotStart_data();
-    void WhatCannotRunDoesNotStart();
+    void AProgramInheritsOnlyWhatItShould();
+    void MaskAndEnvironmentAreTakenWhenRecorded();
+    void AProgramIsNotAChildProcess();
+    void FilesThatCannotRunDoNotStart_data();
+    void FilesThatCannotRunDoNotStart();
     void ABareNameIsNotStarted();
     void ProgramsAreFoundOnThePath();
     void OnlyBareNamesAreFound_data();
@@ -73,7 +73,7 @@ private Q_SLOTS:
 
 void TstDesktopPrograms::AProgramSeesItsArgumentsAndItsFolder_data() {
     QTest::addColumn<QStringList>("arguments");
-    QTest::newRow("the word for tools") << QStringList{u"VeskOnly"_s};
+    QTest::newRow("the argument for tools") << QStringList{u"VeskOnly"_s};
     QTest::newRow("none") << QStringList();
     QTest::newRow("blanks and quotes stay where they are") << QStringList{u"a  b"_s, u"\"c\" 'd'"_s};
     QTest::newRow("no shell reads them") << QStringList{u"$HOME"_s, u"`id`"_s, u"; touch x"_s, u"*"_s};
@@ -96,8 +96,8 @@ void TstDesktopPrograms::AProgramSeesItsArgumentsAndItsFolder() {
     QCOMPARE(QString::fromUtf8(ReadAll(tool + u".seen")), expected);
 }
 
-/// Everything that can be inherited is set to unusual values.
-void TstDesktopPrograms::AProgramInheritsWhatItShallAlone() {
+/// Every attribute that a process can inherit is set to an unusual value.
+void TstDesktopPrograms::AProgramInheritsOnlyWhatItShould() {
     const QTemporaryDir dir;
     const QString tool = dir.filePath(u"KT01.exe"_s);
     WriteScript(tool, kRunnable, kLegacy);
@@ -132,7 +132,7 @@ void TstDesktopPrograms::AProgramInheritsWhatItShallAlone() {
     QCOMPARE(environment, expected);
 }
 
-void TstDesktopPrograms::WhatThisProcessHasIsHandedDownAsItWas() {
+void TstDesktopPrograms::MaskAndEnvironmentAreTakenWhenRecorded() {
     qputenv("TICKWELL_TEST", "before");
     const mode_t before = umask(027);
     const Inheritance inheritance = Inheritance::OfThisProcess();
@@ -144,7 +144,7 @@ void TstDesktopPrograms::WhatThisProcessHasIsHandedDownAsItWas() {
     qunsetenv("TICKWELL_TEST");
 }
 
-void TstDesktopPrograms::AProgramIsNoChild() {
+void TstDesktopPrograms::AProgramIsNotAChildProcess() {
     const QTemporaryDir dir;
     const QString tool = dir.filePath(u"KT01.exe"_s);
     WriteScript(tool, kRunnable, "#!/bin/sh\necho $PPID > \"$0.part\"\nmv \"$0.part\" \"$0.seen\"\n");
@@ -155,7 +155,7 @@ void TstDesktopPrograms::AProgramIsNoChild() {
     QCOMPARE(errno, ECHILD);
 }
 
-void TstDesktopPrograms::WhatCannotRunDoesNotStart_data() {
+void TstDesktopPrograms::FilesThatCannotRunDoNotStart_data() {
     QTest::addColumn<QString>("file");
     QTest::addColumn<QString>("folder");
     QTest::newRow("missing") << u"missing"_s << u"."_s;
@@ -164,7 +164,7 @@ void TstDesktopPrograms::WhatCannotRunDoesNotStart_data() {
     QTest::newRow("nowhere to run") << u"good"_s << u"nowhere"_s;
 }
 
-void TstDesktopPrograms::WhatCannotRunDoesNotStart() {
+void TstDesktopPrograms::FilesThatCannotRunDoNotStart() {
     QFETCH(QString, file);
     QFETCH(QString, folder);
     const QTemporaryDir dir;

@@ -23,7 +23,7 @@ FileLock::Outcome TakenElsewhere(const QString& path) {
 
 }  // namespace
 
-/// Only one process holds the lock, however it ends.
+/// Only one process holds the lock, and it is free again however that process ends.
 class TstFileLock : public QObject {
     Q_OBJECT
 
@@ -31,12 +31,12 @@ private Q_SLOTS:
     void init() { m_folder = std::make_unique<QTemporaryDir>(); }
     void OneHoldsItAtATime();
     void ItMayBeTakenTwiceByItsHolder();
-    void ItsFileGoesWithItsHolder();
-    void WhoDoesNotHoldItLeavesTheFile();
-    void ADeadHolderHoldsNothing();
-    void AFileThatLiesThereIsNoHolder();
-    void WhatCannotBeMadeIsImpossible_data();
-    void WhatCannotBeMadeIsImpossible();
+    void ItsFileIsRemovedWithItsHolder();
+    void OnlyTheHolderRemovesTheFile();
+    void AKilledHolderLeavesItFree();
+    void AnExistingFileDoesNotHoldTheLock();
+    void WithoutItsFileTheLockIsImpossible_data();
+    void WithoutItsFileTheLockIsImpossible();
 
 private:
     QString Path() const { return m_folder->filePath(u"lock"_s); }
@@ -59,7 +59,7 @@ void TstFileLock::ItMayBeTakenTwiceByItsHolder() {
     QCOMPARE(lock.Take(), FileLock::Outcome::Taken);
 }
 
-void TstFileLock::ItsFileGoesWithItsHolder() {
+void TstFileLock::ItsFileIsRemovedWithItsHolder() {
     {
         FileLock lock(Path());
         QCOMPARE(lock.Take(), FileLock::Outcome::Taken);
@@ -68,7 +68,7 @@ void TstFileLock::ItsFileGoesWithItsHolder() {
     QVERIFY(QDir(m_folder->path()).isEmpty());
 }
 
-void TstFileLock::WhoDoesNotHoldItLeavesTheFile() {
+void TstFileLock::OnlyTheHolderRemovesTheFile() {
     FileLock lock(Path());
     QCOMPARE(lock.Take(), FileLock::Outcome::Taken);
     QCOMPARE(TakenElsewhere(Path()), FileLock::Outcome::HeldElsewhere);
@@ -76,7 +76,7 @@ void TstFileLock::WhoDoesNotHoldItLeavesTheFile() {
     QCOMPARE(TakenElsewhere(Path()), FileLock::Outcome::HeldElsewhere);
 }
 
-void TstFileLock::ADeadHolderHoldsNothing() {
+void TstFileLock::AKilledHolderLeavesItFree() {
     QCOMPARE(InChild([&] {
                  auto* lock = new FileLock(Path());  // never destroyed, as in a killed process
                  return static_cast<int>(lock->Take());
@@ -87,20 +87,20 @@ void TstFileLock::ADeadHolderHoldsNothing() {
     QCOMPARE(next.Take(), FileLock::Outcome::Taken);
 }
 
-void TstFileLock::AFileThatLiesThereIsNoHolder() {
+void TstFileLock::AnExistingFileDoesNotHoldTheLock() {
     WriteAll(Path(), "12345\nother\n");
     FileLock lock(Path());
     QCOMPARE(lock.Take(), FileLock::Outcome::Taken);
 }
 
-void TstFileLock::WhatCannotBeMadeIsImpossible_data() {
+void TstFileLock::WithoutItsFileTheLockIsImpossible_data() {
     QTest::addColumn<QString>("path");
     QTest::newRow("no such folder") << u"/proc/no-such-folder/lock"_s;
     QTest::newRow("a folder that takes no files") << u"/proc/lock"_s;
     QTest::newRow("a folder in its place") << u"/proc"_s;
 }
 
-void TstFileLock::WhatCannotBeMadeIsImpossible() {
+void TstFileLock::WithoutItsFileTheLockIsImpossible() {
     QFETCH(QString, path);
     FileLock lock(path);
     QCOMPARE(lock.Take(), FileLock::Outcome::Impossible);

@@ -31,28 +31,28 @@ QStringList Listing(const QString& folder) {
 
 }  // namespace
 
-/// Files that are replaced completely, and what is left if that is killed.
+/// Files that are replaced completely, and what is left if the process is killed meanwhile.
 class TstFileReplacement : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
     void init();
     void AFileIsMadeAndReplaced();
-    void ItIsTheOwnersAloneWhateverTheMaskAndTheOldMode();
+    void OnlyTheOwnerHasAccessWhateverTheMaskAndTheOldMode();
     void ALinkStaysALink();
     void ADeadLinkIsReplaced();
-    void WhatIsNoFileStays_data();
-    void WhatIsNoFileStays();
+    void OnlyRegularFilesAreReplaced_data();
+    void OnlyRegularFilesAreReplaced();
     void AReadOnlyFileStays();
     void AFullDiskKeepsTheOldFile();
     void AMissingFolderIsAnError();
     void ALeftoverIsRemoved();
-    void WhatTheUserNamedStays_data();
-    void WhatTheUserNamedStays();
-    void AnotherUsersStays();
-    void WhileSomebodyWritesNothingIsRemoved();
-    void ALeftFolderGoesWithItsFiles();
-    void AFolderWithAnythingElseStaysWhole();
+    void FilesNamedByTheUserStay_data();
+    void FilesNamedByTheUserStay();
+    void AnotherUsersFileStays();
+    void NothingIsRemovedDuringAnotherReplacement();
+    void ALeftoverFolderIsRemovedWithItsFiles();
+    void AFolderWithAnythingElseStaysComplete();
 
 private:
     QString Path() const { return m_dir->filePath(u"TKW2.ini"_s); }
@@ -74,7 +74,7 @@ void TstFileReplacement::AFileIsMadeAndReplaced() {
     }
 }
 
-void TstFileReplacement::ItIsTheOwnersAloneWhateverTheMaskAndTheOldMode() {
+void TstFileReplacement::OnlyTheOwnerHasAccessWhateverTheMaskAndTheOldMode() {
     const mode_t before = umask(0);
     const auto restored = qScopeGuard([before] { umask(before); });
     QCOMPARE(ReplaceFile(Path(), "new"), QString());
@@ -100,13 +100,13 @@ void TstFileReplacement::ADeadLinkIsReplaced() {
     QCOMPARE(ReadAll(Path()), "new"_ba);
 }
 
-void TstFileReplacement::WhatIsNoFileStays_data() {
+void TstFileReplacement::OnlyRegularFilesAreReplaced_data() {
     QTest::addColumn<unsigned>("kind");
     QTest::newRow("folder") << unsigned{S_IFDIR};
     QTest::newRow("pipe") << unsigned{S_IFIFO};
 }
 
-void TstFileReplacement::WhatIsNoFileStays() {
+void TstFileReplacement::OnlyRegularFilesAreReplaced() {
     QFETCH(unsigned, kind);
     const QByteArray name = QFile::encodeName(m_dir->filePath(u"other"_s));
     QCOMPARE(kind == S_IFDIR ? mkdir(name.constData(), 0700) : mkfifo(name.constData(), 0600), 0);
@@ -153,7 +153,7 @@ void TstFileReplacement::ALeftoverIsRemoved() {
     RemoveUnfinished(Path());
     QCOMPARE(Listing(m_dir->path()), QStringList{u"TKW2.ini"_s});
     QCOMPARE(ReadAll(Path()), "mine"_ba);
-    // The name used by this test matches the names that are really used.
+    // The name used by this test matches the names in actual use.
     QTemporaryFile real(UnfinishedTemplate(Path()));
     QVERIFY(real.open());
     QVERIFY(QFile::exists(real.fileName()));
@@ -161,7 +161,7 @@ void TstFileReplacement::ALeftoverIsRemoved() {
     QVERIFY(!QFile::exists(real.fileName()));
 }
 
-void TstFileReplacement::WhatTheUserNamedStays_data() {
+void TstFileReplacement::FilesNamedByTheUserStay_data() {
     QTest::addColumn<QString>("name");
     for (const char* name :
          {"TKW2.ini", "TKW2.ini.backup", "TKW2.ini.unfinished-aBcD9z", ".TKW2.ini.aBcD9z",
@@ -171,14 +171,14 @@ void TstFileReplacement::WhatTheUserNamedStays_data() {
     }
 }
 
-void TstFileReplacement::WhatTheUserNamedStays() {
+void TstFileReplacement::FilesNamedByTheUserStay() {
     QFETCH(QString, name);
     WriteAll(m_dir->filePath(name), "mine");
     RemoveUnfinished(Path());
     QCOMPARE(ReadAll(m_dir->filePath(name)), "mine"_ba);
 }
 
-void TstFileReplacement::AnotherUsersStays() {
+void TstFileReplacement::AnotherUsersFileStays() {
     if (geteuid() != 0) {
         QSKIP("only root can give a file away");
     }
@@ -188,7 +188,7 @@ void TstFileReplacement::AnotherUsersStays() {
     QVERIFY(QFile::exists(Leftover()));
 }
 
-void TstFileReplacement::WhileSomebodyWritesNothingIsRemoved() {
+void TstFileReplacement::NothingIsRemovedDuringAnotherReplacement() {
     WriteAll(Leftover(), "half");
     {
         const UnfinishedFilesInUse inUse(m_dir->path());
@@ -200,7 +200,7 @@ void TstFileReplacement::WhileSomebodyWritesNothingIsRemoved() {
     QVERIFY(!QFile::exists(Leftover()));
 }
 
-void TstFileReplacement::ALeftFolderGoesWithItsFiles() {
+void TstFileReplacement::ALeftoverFolderIsRemovedWithItsFiles() {
     QVERIFY(QDir().mkdir(Leftover()));
     WriteAll(Leftover() + u"/Help.hlp", "help");
     WriteAll(Leftover() + u"/.Help.hlp.unfinished-ABCDEF", "he");
@@ -208,7 +208,7 @@ void TstFileReplacement::ALeftFolderGoesWithItsFiles() {
     QCOMPARE(Listing(m_dir->path()), QStringList());
 }
 
-void TstFileReplacement::AFolderWithAnythingElseStaysWhole() {
+void TstFileReplacement::AFolderWithAnythingElseStaysComplete() {
     QVERIFY(QDir().mkpath(Leftover() + u"/folder"));
     WriteAll(Leftover() + u"/Help.hlp", "help");
     RemoveUnfinished(Path(), {u"Help.hlp"_s});

@@ -22,14 +22,14 @@ QImage PictureOf(const QWidget& window) {
 
 }  // namespace
 
-/// Memory that windows leave behind.
+/// Memory that hidden windows release.
 class TstFreedMemory : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
     void init();
     void cleanup() { m_window.reset(); }
-    void AShownWindowKeepsItsPicture();
+    void AVisibleWindowKeepsItsPicture();
     void AHiddenWindowLosesItsPicture();
     void ShownAgainItIsDrawnAsBefore();
 
@@ -47,7 +47,7 @@ void TstFreedMemory::init() {
     QCOMPARE(m_picture.size(), QSize(200, 50));
 }
 
-void TstFreedMemory::AShownWindowKeepsItsPicture() {
+void TstFreedMemory::AVisibleWindowKeepsItsPicture() {
     ReturnFreedMemory();
     QCOMPARE(PictureOf(*m_window), m_picture);
 }

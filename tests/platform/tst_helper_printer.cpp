@@ -26,7 +26,7 @@ struct Bench {
 
     ~Bench() {
         if (printer) {
-            printer->Cancel();  // a sleeping helper would outlive a failed test
+            printer->Cancel();  // otherwise a sleeping helper would outlive a failed test
         }
     }
     Bench(const Bench&) = delete;
@@ -39,7 +39,7 @@ struct Bench {
         printer->Print(kJob, [this](const PrintNews& told) { news.append(told); });
     }
 
-    /// Lets the printer poll its helpers until it has sent this many reports, not counting Delayed.
+    /// Lets the printer poll its helpers until it has reported this many times, not counting Delayed.
     bool WaitForNews(qsizetype count) {
         return QTest::qWaitFor(
             [&] {
@@ -80,9 +80,9 @@ private Q_SLOTS:
     void AnswersAreReported();
     void AMissingHelperIsReportedLater();
     void ASilentHelperIsReportedOnceAfterASecond();
-    void CancelEndsTheHelperAndItsNews();
+    void CancelEndsTheHelperAndItsReports();
     void CancelLeavesAcceptedDocuments();
-    void EachDocumentHasItsNews();
+    void EachDocumentHasItsReports();
     void ADocumentOutlivesThePrinter();
 };
 
@@ -148,7 +148,7 @@ void TstHelperPrinter::ASilentHelperIsReportedOnceAfterASecond() {
     bench.printer->Cancel();
 }
 
-void TstHelperPrinter::CancelEndsTheHelperAndItsNews() {
+void TstHelperPrinter::CancelEndsTheHelperAndItsReports() {
     Bench bench("echo $$ >pid; mv pid started; exec sleep 1000");
     bench.Print();
     QVERIFY(QTest::qWaitFor([&] { return !bench.Read(u"started"_s).isEmpty(); }, kLimit));
@@ -171,7 +171,7 @@ void TstHelperPrinter::CancelLeavesAcceptedDocuments() {
     QCOMPARE(bench.news.last().stage, PrintStage::Failed);
 }
 
-void TstHelperPrinter::EachDocumentHasItsNews() {
+void TstHelperPrinter::EachDocumentHasItsReports() {
     Bench bench(
         "printf 'accepted\\tQ\\t\\n'; while [ ! -e go ]; do sleep 0.05; done; printf "
         "\"aborted\\tQ\\t$1\\n\"");

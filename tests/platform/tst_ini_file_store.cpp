@@ -47,20 +47,20 @@ private Q_SLOTS:
     void AnAbsentFileIsEmptyAndStaysAbsent();
     void ASaveMakesFolderAndFile();
     void UnknownSectionsKeysAndCommentsSurviveASave();
-    void WhatAnotherProgramWroteMeanwhileSurvives();
+    void ChangesByAnotherProgramSurvive();
     void AFileCutAtEveryByteLoadsOrIsRefused();
     void AFileOfRandomBytesLoadsOrIsRefused();
-    void TextThatIsNoUtf8IsNamedAndNotOverwritten();
+    void InvalidUtf8IsNamedAndNotOverwritten();
     void AFullDiskKeepsTheOldFile();
     void AReadOnlyFolderKeepsTheOldFile();
     void AnUnreadableFileIsAnError();
     void AFolderInPlaceOfTheFileIsAnError();
     void ALinkedFileStaysALink();
-    void WhatIsNoSettingsFileIsNamedAndStays_data();
-    void WhatIsNoSettingsFileIsNamedAndStays();
+    void AFileThatIsNoSettingsFileIsNamedAndStays_data();
+    void AFileThatIsNoSettingsFileIsNamedAndStays();
     void AFileThatASaveWouldMakeTooLargeStays();
     void AFileOfManyLinesIsReadAndSaved();
-    void WhatAKilledSaveLeftIsRemovedAtTheNextStart();
+    void FilesLeftByAKilledSaveAreRemovedAtTheNextStart();
     void TheUsersPathFollowsXdg_data();
     void TheUsersPathFollowsXdg();
 };
@@ -101,7 +101,7 @@ void TstIniFileStore::UnknownSectionsKeysAndCommentsSurviveASave() {
     }
 }
 
-void TstIniFileStore::WhatAnotherProgramWroteMeanwhileSurvives() {
+void TstIniFileStore::ChangesByAnotherProgramSurvive() {
     const QTemporaryDir dir;
     const QString path = dir.filePath(u"TKW2.ini"_s);
     WriteAll(path, UsersFile());
@@ -163,7 +163,7 @@ void TstIniFileStore::AFileOfRandomBytesLoadsOrIsRefused() {
     }
 }
 
-void TstIniFileStore::TextThatIsNoUtf8IsNamedAndNotOverwritten() {
+void TstIniFileStore::InvalidUtf8IsNamedAndNotOverwritten() {
     const QTemporaryDir dir;
     const QString path = dir.filePath(u"TKW2.ini"_s);
     const QByteArray shiftJis = "[SetUp]\nClock_File=\x94\xb5\x8e\x9e\x8cv\n";
@@ -245,7 +245,7 @@ void TstIniFileStore::ALinkedFileStaysALink() {
     QVERIFY(ReadAll(dir.filePath(u"real.ini"_s)).contains("Op_Speed=2\n"));
 }
 
-void TstIniFileStore::WhatIsNoSettingsFileIsNamedAndStays_data() {
+void TstIniFileStore::AFileThatIsNoSettingsFileIsNamedAndStays_data() {
     QTest::addColumn<QString>("target");  // of a link; empty for a pipe
     QTest::addColumn<qint64>("size");     // of the target, if it is created
     QTest::addColumn<QString>("reason");
@@ -258,7 +258,7 @@ void TstIniFileStore::WhatIsNoSettingsFileIsNamedAndStays_data() {
     QTest::newRow("a gigabyte of nothing") << u"large"_s << (qint64{1} << 30) << large;
 }
 
-void TstIniFileStore::WhatIsNoSettingsFileIsNamedAndStays() {
+void TstIniFileStore::AFileThatIsNoSettingsFileIsNamedAndStays() {
     QFETCH(QString, target);
     QFETCH(qint64, size);
     QFETCH(QString, reason);
@@ -314,7 +314,7 @@ void TstIniFileStore::AFileOfManyLinesIsReadAndSaved() {
     QCOMPARE(again, settings);
 }
 
-void TstIniFileStore::WhatAKilledSaveLeftIsRemovedAtTheNextStart() {
+void TstIniFileStore::FilesLeftByAKilledSaveAreRemovedAtTheNextStart() {
     const QTemporaryDir dir;
     const QString path = dir.filePath(u"TKW2.ini"_s);
     WriteAll(path, UsersFile());

@@ -33,22 +33,22 @@ const std::vector<qint16> kBoth{1, 2, 3, 4, 5, 6};
 
 }  // namespace
 
-/// A device that is still being opened.
+/// A stream whose device is still being opened.
 class TstLateSoundStream : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void WhatIsQueuedMeanwhileSoundsFirst();
+    void FramesQueuedMeanwhileArePlayedFirst();
     void TheDeviceIsTakenByAnyCall();
     void AHeldStreamIsHeldAfterwards();
-    void WhatIsClearedMeanwhileIsNeverHeard();
-    void ADeviceThatDoesNotComeIsLost();
+    void FramesClearedMeanwhileAreNeverPlayed();
+    void ADeviceThatFailsToOpenIsLost();
     void ADeviceThatTakesNothingIsLost();
-    void ADeviceThatGoesLaterIsLost();
-    void ItsEndClosesTheDevice();
+    void ADeviceThatDisappearsIsLost();
+    void DestructionClosesTheDevice();
 };
 
-void TstLateSoundStream::WhatIsQueuedMeanwhileSoundsFirst() {
+void TstLateSoundStream::FramesQueuedMeanwhileArePlayedFirst() {
     Bench bench;
     QVERIFY(bench.stream.Queue(kFirst));
     QCOMPARE(bench.stream.FramesWaiting(), 2);
@@ -83,7 +83,7 @@ void TstLateSoundStream::AHeldStreamIsHeldAfterwards() {
     QVERIFY(!bench.Device().held);
 }
 
-void TstLateSoundStream::WhatIsClearedMeanwhileIsNeverHeard() {
+void TstLateSoundStream::FramesClearedMeanwhileAreNeverPlayed() {
     Bench bench;
     QVERIFY(bench.stream.Queue(kFirst));
     bench.stream.Clear();
@@ -93,7 +93,7 @@ void TstLateSoundStream::WhatIsClearedMeanwhileIsNeverHeard() {
     QCOMPARE(bench.Device().samples, kSecond);
 }
 
-void TstLateSoundStream::ADeviceThatDoesNotComeIsLost() {
+void TstLateSoundStream::ADeviceThatFailsToOpenIsLost() {
     Bench bench;
     QVERIFY(bench.stream.Queue(kFirst));
     bench.state = Bench::State::Failed;
@@ -123,7 +123,7 @@ void TstLateSoundStream::ADeviceThatTakesNothingIsLost() {
     QCOMPARE(output.OpenDevices(), 0);
 }
 
-void TstLateSoundStream::ADeviceThatGoesLaterIsLost() {
+void TstLateSoundStream::ADeviceThatDisappearsIsLost() {
     Bench bench;
     bench.state = Bench::State::There;
     QVERIFY(bench.stream.Queue(kFirst));
@@ -132,7 +132,7 @@ void TstLateSoundStream::ADeviceThatGoesLaterIsLost() {
     QVERIFY(!bench.stream.Queue(kSecond));
 }
 
-void TstLateSoundStream::ItsEndClosesTheDevice() {
+void TstLateSoundStream::DestructionClosesTheDevice() {
     FakeSoundOutput output;
     {
         LateSoundStream stream(kFormat, [&] { return std::optional(output.Open(kFormat)); });

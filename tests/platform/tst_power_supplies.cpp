@@ -11,7 +11,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// The kernel's files: name of a supply to its file names and their contents.
+/// The kernel's files: for each supply its file names and their contents.
 using Supply = QMap<QString, QByteArray>;
 using Supplies = QMap<QString, Supply>;
 
@@ -19,7 +19,7 @@ Supply MainsSupply(const QByteArray& online) {
     return {{u"type"_s, "Mains\n"_ba}, {u"online"_s, online}};
 }
 
-/// A 50 Wh battery with this charge, discharged at 20 W.
+/// A battery of 50 Wh with this charge, which is being discharged at 20 W.
 Supply BatterySupply(const QByteArray& wattHours) {
     return {{u"type"_s, "Battery\n"_ba},
             {u"present"_s, "1\n"_ba},
@@ -66,7 +66,7 @@ void TstPowerSupplies::SuppliesAreRead_data() {
     // 40 of 50 Wh; at 20 W they last two hours.
     row("on battery", {{u"AC"_s, MainsSupply("0\n")}, {u"BAT0"_s, BatterySupply("40")}},
         {Mains::Off, 80, 7200});
-    row("a battery alone", {{u"BAT0"_s, BatterySupply("40")}}, {Mains::Off, 80, 7200});
+    row("a battery without mains", {{u"BAT0"_s, BatterySupply("40")}}, {Mains::Off, 80, 7200});
     // 60 of 100 Wh; 60 Wh at 40 W.
     row("two batteries are one", {{u"BAT0"_s, BatterySupply("40")}, {u"BAT1"_s, BatterySupply("20")}},
         {Mains::Off, 60, 5400});
@@ -74,7 +74,7 @@ void TstPowerSupplies::SuppliesAreRead_data() {
     row("a percentage and nothing else", {{u"BAT0"_s, capacityAlone}}, {Mains::Off, 33, std::nullopt});
     row("no rate, no time", {{u"BAT0"_s, With(BatterySupply("40"), u"power_now"_s, "0")}},
         {Mains::Off, 80, std::nullopt});
-    row("an aged battery that holds more than is taken for full", {{u"BAT0"_s, BatterySupply("51")}},
+    row("a battery that holds more than its full charge", {{u"BAT0"_s, BatterySupply("51")}},
         {Mains::Off, 100, 9180});
     row("a charge beyond any battery", {{u"BAT0"_s, BatterySupply("9000000000000")}}, kUnknown);
     row("a negative charge", {{u"BAT0"_s, BatterySupply("-40")}}, kUnknown);
@@ -83,7 +83,7 @@ void TstPowerSupplies::SuppliesAreRead_data() {
     row("an empty battery", {{u"BAT0"_s, With(BatterySupply("0"), u"energy_now"_s, "0")}},
         {Mains::Off, 0, std::nullopt});
     row("a percentage above a hundred", {{u"BAT0"_s, With(capacityAlone, u"capacity"_s, "250")}}, kUnknown);
-    row("the whole percentage", {{u"BAT0"_s, With(capacityAlone, u"capacity"_s, "100")}},
+    row("percentages are truncated", {{u"BAT0"_s, With(capacityAlone, u"capacity"_s, "100")}},
         {Mains::Off, 100, std::nullopt});
     row("a mouse's battery is not ours", {{u"hid"_s, With(BatterySupply("40"), u"scope"_s, "Device\n")}},
         kUnknown);

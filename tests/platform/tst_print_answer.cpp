@@ -15,8 +15,8 @@ private Q_SLOTS:
     void FailuresHaveASentence_data();
     void FailuresHaveASentence();
     void AcceptedIsNoFailure();
-    void LinesThatItWouldNotWriteAreFailures_data();
-    void LinesThatItWouldNotWriteAreFailures();
+    void UnexpectedLinesAreFailures_data();
+    void UnexpectedLinesAreFailures();
     void ALongReasonIsCut();
 };
 
@@ -54,16 +54,16 @@ void TstPrintAnswer::AcceptedIsNoFailure() {
     QCOMPARE(NewsFrom("accepted\tLaser\t"_ba), (PrintNews{PrintStage::Accepted, {}}));
 }
 
-void TstPrintAnswer::LinesThatItWouldNotWriteAreFailures_data() {
+void TstPrintAnswer::UnexpectedLinesAreFailures_data() {
     QTest::addColumn<QByteArray>("line");
     QTest::newRow("empty") << ""_ba;
-    QTest::newRow("word alone") << "accepted"_ba;
+    QTest::newRow("only the word") << "accepted"_ba;
     QTest::newRow("two fields") << "aborted\tLaser"_ba;
     QTest::newRow("four fields") << "accepted\tLaser\t\t"_ba;
     QTest::newRow("unknown word") << "printed\tLaser\t"_ba;
 }
 
-void TstPrintAnswer::LinesThatItWouldNotWriteAreFailures() {
+void TstPrintAnswer::UnexpectedLinesAreFailures() {
     QFETCH(QByteArray, line);
     const QByteArray warning = "tickwell-print wrote an unknown answer: " + line;
     QTest::ignoreMessage(QtWarningMsg, warning.constData());

@@ -16,7 +16,7 @@ class TstProcMemory : public QObject {
 private Q_SLOTS:
     void LoadsAreRead_data();
     void LoadsAreRead();
-    void WhatIsNotThereIsNotKnown();
+    void WithoutTheFileTheLoadIsUnknown();
     void ThisMachineHasALoad();
 };
 
@@ -45,7 +45,7 @@ void TstProcMemory::LoadsAreRead() {
     QCOMPARE(ProcMemory(dir.filePath(u"meminfo"_s)).Load().value_or(-1), load);
 }
 
-void TstProcMemory::WhatIsNotThereIsNotKnown() {
+void TstProcMemory::WithoutTheFileTheLoadIsUnknown() {
     QCOMPARE(ProcMemory(u"/no/such/file"_s).Load(), std::nullopt);
 }
 

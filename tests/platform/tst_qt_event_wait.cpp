@@ -12,13 +12,13 @@ class TstQtEventWait : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void WhatIsDoneIsNotWaitedFor();
+    void AConditionThatHoldsIsNotWaitedFor();
     void EventsRunMeanwhile();
-    void AWaitMayLieInAnother();
-    void TheEndOfTheProgramEndsIt();
+    void WaitsMayBeNested();
+    void TheEndOfTheProgramEndsTheWait();
 };
 
-void TstQtEventWait::WhatIsDoneIsNotWaitedFor() {
+void TstQtEventWait::AConditionThatHoldsIsNotWaitedFor() {
     int asked = 0;
     QtEventWait().Until([&] { return ++asked == 1; });
     QCOMPARE(asked, 1);
@@ -31,7 +31,7 @@ void TstQtEventWait::EventsRunMeanwhile() {
     QVERIFY(hasTicked);
 }
 
-void TstQtEventWait::AWaitMayLieInAnother() {
+void TstQtEventWait::WaitsMayBeNested() {
     QStringList order;
     bool inner = false;
     QTimer::singleShot(0, [&] {
@@ -44,10 +44,10 @@ void TstQtEventWait::AWaitMayLieInAnother() {
     QCOMPARE(order, (QStringList{QStringLiteral("inner"), QStringLiteral("outer")}));
 }
 
-void TstQtEventWait::TheEndOfTheProgramEndsIt() {
+void TstQtEventWait::TheEndOfTheProgramEndsTheWait() {
     QTimer::singleShot(0, [] { QCoreApplication::quit(); });
     bool isOver = false;
-    // Inside the program's event loop, as it always is outside of tests.
+    // In the program's event loop, as always outside of tests.
     QTimer::singleShot(0, [&] {
         QtEventWait().Until([] { return false; });
         isOver = true;

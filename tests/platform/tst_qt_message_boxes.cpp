@@ -69,20 +69,20 @@ class TstQtMessageBoxes : public QObject {
 
 private Q_SLOTS:
     void ATextIsNeverMarkup();
-    void ClosingIsTold();
-    void ASecondPressIsTooLate();
-    void TheAnswerIsTold_data();
-    void TheAnswerIsTold();
-    void ACheckBoxIsToldWithTheClosing_data();
-    void ACheckBoxIsToldWithTheClosing();
+    void ClosingIsReported();
+    void ASecondPressIsIgnored();
+    void TheAnswerIsReported_data();
+    void TheAnswerIsReported();
+    void ClosingReportsTheCheckBox_data();
+    void ClosingReportsTheCheckBox();
     void AWaitCanBeCancelled_data();
     void AWaitCanBeCancelled();
-    void AWaitEndsWithItsBoxWithoutACall();
+    void EndingAWaitClosesItsBoxSilently();
     void AWaitBelongsToItsWindowAndDoesNotBlockIt();
     void ABoxBelongsToTheWindowThatAsks();
     void ABoxWithoutAWindowBlocksNothing_data();
     void ABoxWithoutAWindowBlocksNothing();
-    void ABoxThatGoesWithItsWindowWasCancelled();
+    void ABoxDestroyedWithItsWindowIsCancelled();
     void AnApplicationModalWindowLeavesOpenBoxesUsable();
     void OfTwoBoxesOfAWindowTheLaterOneIsAnsweredFirst();
 };
@@ -98,7 +98,7 @@ void TstQtMessageBoxes::ATextIsNeverMarkup() {
     BoxOnScreen()->close();
 }
 
-void TstQtMessageBoxes::ASecondPressIsTooLate() {
+void TstQtMessageBoxes::ASecondPressIsIgnored() {
     QtMessageBoxes boxes;
     int closed = 0;
     boxes.Show(nullptr, {MessageIcon::Critical, u"Tickwell"_s, u"実行時エラー"_s}, [&closed] { ++closed; });
@@ -110,7 +110,7 @@ void TstQtMessageBoxes::ASecondPressIsTooLate() {
     QCOMPARE(closed, 1);
 }
 
-void TstQtMessageBoxes::ClosingIsTold() {
+void TstQtMessageBoxes::ClosingIsReported() {
     QtMessageBoxes boxes;
     int closed = 0;
     boxes.Show(nullptr, {MessageIcon::Critical, u"Tickwell"_s, u"実行時エラー"_s}, [&closed] { ++closed; });
@@ -121,24 +121,24 @@ void TstQtMessageBoxes::ClosingIsTold() {
     QVERIFY(BoxOnScreen() == nullptr);
 }
 
-void TstQtMessageBoxes::TheAnswerIsTold_data() {
+void TstQtMessageBoxes::TheAnswerIsReported_data() {
     QTest::addColumn<QString>("way");
     QTest::addColumn<bool>("ok");
     QTest::newRow("OK") << u"ok"_s << true;
     QTest::newRow("Enter") << u"enter"_s << true;
     QTest::newRow("Cancel") << u"cancel"_s << false;
     QTest::newRow("Esc") << u"escape"_s << false;
-    QTest::newRow("its frame") << u"close"_s << false;
+    QTest::newRow("the title bar") << u"close"_s << false;
 }
 
-void TstQtMessageBoxes::TheAnswerIsTold() {
+void TstQtMessageBoxes::TheAnswerIsReported() {
     QFETCH(QString, way);
     QtMessageBoxes boxes;
     QList<bool> answers;
     boxes.Ask(nullptr, kQuestion, [&answers](bool ok) { answers.append(ok); });
     QMessageBox* box = BoxOnScreen();
     QVERIFY(box != nullptr);
-    QVERIFY(answers.isEmpty());  // it does not wait
+    QVERIFY(answers.isEmpty());  // the function does not wait for the answer
     if (way == u"ok") {
         box->button(QMessageBox::Ok)->click();
     } else if (way == u"cancel") {
@@ -152,13 +152,13 @@ void TstQtMessageBoxes::TheAnswerIsTold() {
     QCOMPARE(answers, QList<bool>{ok});
 }
 
-void TstQtMessageBoxes::ACheckBoxIsToldWithTheClosing_data() {
+void TstQtMessageBoxes::ClosingReportsTheCheckBox_data() {
     QTest::addColumn<bool>("isTicked");
     QTest::newRow("ticked") << true;
     QTest::newRow("left alone") << false;
 }
 
-void TstQtMessageBoxes::ACheckBoxIsToldWithTheClosing() {
+void TstQtMessageBoxes::ClosingReportsTheCheckBox() {
     QFETCH(bool, isTicked);
     QtMessageBoxes boxes;
     QList<bool> answers;
@@ -181,7 +181,7 @@ void TstQtMessageBoxes::AWaitCanBeCancelled_data() {
     QTest::newRow("button") << u"button"_s;
     QTest::newRow("Enter") << u"enter"_s;
     QTest::newRow("Esc") << u"escape"_s;
-    QTest::newRow("its frame") << u"close"_s;
+    QTest::newRow("the title bar") << u"close"_s;
 }
 
 void TstQtMessageBoxes::AWaitCanBeCancelled() {
@@ -210,7 +210,7 @@ void TstQtMessageBoxes::AWaitCanBeCancelled() {
     QVERIFY(box == nullptr);
 }
 
-void TstQtMessageBoxes::AWaitEndsWithItsBoxWithoutACall() {
+void TstQtMessageBoxes::EndingAWaitClosesItsBoxSilently() {
     QtMessageBoxes boxes;
     int cancelled = 0;
     std::unique_ptr<OpenBox> wait = boxes.ShowWaiting(nullptr, kQuestion, [&] { ++cancelled; });
@@ -222,7 +222,8 @@ void TstQtMessageBoxes::AWaitEndsWithItsBoxWithoutACall() {
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     QVERIFY(box == nullptr);
     QCOMPARE(cancelled, 0);
-    QVERIFY(QAccessible::accessibleInterface(spoken) == nullptr);  // else another box could be taken for it
+    // Otherwise a screen reader could take another box for this one.
+    QVERIFY(QAccessible::accessibleInterface(spoken) == nullptr);
 }
 
 void TstQtMessageBoxes::AWaitBelongsToItsWindowAndDoesNotBlockIt() {
@@ -281,7 +282,7 @@ void TstQtMessageBoxes::ABoxWithoutAWindowBlocksNothing() {
     BoxOnScreen()->close();
 }
 
-void TstQtMessageBoxes::ABoxThatGoesWithItsWindowWasCancelled() {
+void TstQtMessageBoxes::ABoxDestroyedWithItsWindowIsCancelled() {
     QtMessageBoxes boxes;
     auto window = std::make_unique<Counter>();
     QStringList answers;

@@ -12,13 +12,13 @@ class TstQtTimers : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void ATimerRestsUntilItIsStarted();
+    void ATimerDoesNotTickUntilItIsStarted();
     void AnIntervalOfZeroIsNotABusyLoop();
     void ANegativeIntervalTicks();
     void ATimerIsNotDeliveredInsideItsOwnTick();
 };
 
-void TstQtTimers::ATimerRestsUntilItIsStarted() {
+void TstQtTimers::ATimerDoesNotTickUntilItIsStarted() {
     QtTimers timers;
     int ticks = 0;
     const auto timer = timers.Create(1, [&] { ++ticks; });
@@ -40,7 +40,7 @@ void TstQtTimers::AnIntervalOfZeroIsNotABusyLoop() {
     int ticks = 0;
     const auto timer = timers.Create(0, [&] { ++ticks; });
     timer->Start();
-    // A timer of 0 ms would tick in every iteration of the loop.
+    // A timer of 0 ms would tick in every iteration of the event loop.
     int turns = 0;
     while (ticks < 3) {
         QCoreApplication::processEvents();

@@ -30,7 +30,7 @@ constexpr int kPatience = 30'000;  // ms; only a failing test waits this long
 constexpr int kMostWaited = 10'000;  // ms; a hanging device is given up after one second
 constexpr int kPageOfPipe = 4096;
 
-/// No sample is 0, so that they differ from silence.
+/// Samples that count up from `first`. The range must not contain 0, so that it differs from silence.
 std::vector<qint16> Ramp(int first, int samples) {
     std::vector<qint16> ramp(static_cast<std::size_t>(samples));
     std::iota(ramp.begin(), ramp.end(), static_cast<qint16>(first));
@@ -47,7 +47,7 @@ std::vector<qint16> WithoutSilence(std::vector<qint16> samples) {
     return samples;
 }
 
-/// Whether no device opens, neither at once nor later.
+/// Whether the device fails to open, at once or later.
 bool IsRefused(SdlSoundOutput& output, const media::SoundFormat& format) {
     const auto stream = output.Open(format);
     return stream == nullptr || QTest::qWaitFor([&] { return stream->IsLost(); }, kPatience);
@@ -111,17 +111,17 @@ private Q_SLOTS:
     void cleanup();
     void ItsLibraryIsLoadedWithTheFirstSound();
     void WithoutItsLibraryNothingIsOpened();
-    void WhatIsQueuedSoundsInOrder_data();
-    void WhatIsQueuedSoundsInOrder();
+    void QueuedFramesArePlayedInOrder_data();
+    void QueuedFramesArePlayedInOrder();
     void HoldingKeepsEveryFrame();
-    void ClearingDropsWhatWaits();
-    void ClosingDropsWhatWaitsAndIsQuick();
+    void ClearingDropsQueuedFrames();
+    void ClosingDropsQueuedFramesQuickly();
     void SignalsAreLeftAlone();
     void WithoutADriverNothingIsOpened();
-    void ADriverThatComesLaterIsFound();
+    void ADriverThatAppearsLaterIsFound();
     void ADriverOfOneDeviceOpensOne();
-    void ADriverThatHangsHoldsNothingUp();
-    void ADeviceThatHangsIsLeftAtOnce();
+    void AHangingDriverBlocksNothing();
+    void AHangingDeviceIsAbandonedAtOnce();
 
 private:
     std::vector<qint16> Written() const;
@@ -151,12 +151,13 @@ std::vector<qint16> TstSdlSoundOutput::Written() const {
     return samples;
 }
 
-/// Ignores silence. The end is written when the device is closed, shortly after its stream.
+/// Ignores silence. SDL writes the end when it closes the device, shortly after the stream is closed.
 bool TstSdlSoundOutput::WaitUntilWritten(const std::vector<qint16>& samples) const {
     return QTest::qWaitFor([&] { return WithoutSilence(Written()) == samples; }, kPatience);
 }
 
-/// In place of the sound card: it blocks while nobody reads from it. Returns its path.
+/// Creates a pipe that is used in place of the sound card: writing to it blocks while nobody reads. Returns
+/// its path.
 QByteArray TstSdlSoundOutput::MakePipe() const {
     const QByteArray path = m_folder->filePath(u"pipe"_s).toUtf8();
     qputenv("SDL_DISKAUDIOFILE", path);
@@ -179,7 +180,7 @@ void TstSdlSoundOutput::WithoutItsLibraryNothingIsOpened() {
     QCOMPARE(output.OpenDevices(), 0);
 }
 
-void TstSdlSoundOutput::WhatIsQueuedSoundsInOrder_data() {
+void TstSdlSoundOutput::QueuedFramesArePlayedInOrder_data() {
     QTest::addColumn<int>("rate");
     QTest::addColumn<int>("channels");
     QTest::newRow("a sound of ours") << 22050 << 1;
@@ -187,7 +188,7 @@ void TstSdlSoundOutput::WhatIsQueuedSoundsInOrder_data() {
     QTest::newRow("a slow one") << 8000 << 1;
 }
 
-void TstSdlSoundOutput::WhatIsQueuedSoundsInOrder() {
+void TstSdlSoundOutput::QueuedFramesArePlayedInOrder() {
     QFETCH(int, rate);
     QFETCH(int, channels);
     const std::vector<qint16> first = Ramp(1, 3000);
@@ -232,7 +233,7 @@ void TstSdlSoundOutput::HoldingKeepsEveryFrame() {
     QVERIFY(WaitUntilWritten(ramp));
 }
 
-void TstSdlSoundOutput::ClearingDropsWhatWaits() {
+void TstSdlSoundOutput::ClearingDropsQueuedFrames() {
     const std::vector<qint16> second = Ramp(20'000, 3000);
     SdlSoundOutput output;
     {
@@ -249,7 +250,7 @@ void TstSdlSoundOutput::ClearingDropsWhatWaits() {
     QVERIFY(WaitUntilWritten(second));
 }
 
-void TstSdlSoundOutput::ClosingDropsWhatWaitsAndIsQuick() {
+void TstSdlSoundOutput::ClosingDropsQueuedFramesQuickly() {
     {
         SdlSoundOutput output;
         auto stream = output.Open({.rate = 22050, .channels = 1});
@@ -259,12 +260,12 @@ void TstSdlSoundOutput::ClosingDropsWhatWaitsAndIsQuick() {
         clock.start();
         stream.reset();
         QVERIFY2(clock.elapsed() < 2000, qPrintable(QString::number(clock.elapsed())));
-    }  // the destructor of the output waits until the device is closed
+    }  // destroying the output waits until the device is closed
     QVERIFY(WithoutSilence(Written()).size() < 110'000U);
 }
 
 void TstSdlSoundOutput::SignalsAreLeftAlone() {
-    const auto interrupt = std::signal(SIGINT, SIG_DFL);  // the test's own
+    const auto interrupt = std::signal(SIGINT, SIG_DFL);  // the handler of the test itself
     const auto terminate = std::signal(SIGTERM, SIG_DFL);
     SdlSoundOutput output;
     const auto stream = output.Open({.rate = 22050, .channels = 1});
@@ -283,7 +284,7 @@ void TstSdlSoundOutput::WithoutADriverNothingIsOpened() {
     QCOMPARE(output.OpenDevices(), 0);
 }
 
-void TstSdlSoundOutput::ADriverThatComesLaterIsFound() {
+void TstSdlSoundOutput::ADriverThatAppearsLaterIsFound() {
     SdlSoundOutput output;
     qputenv("SDL_AUDIODRIVER", "no-such-driver");
     QVERIFY(IsRefused(output, {22050, 1}));
@@ -306,7 +307,7 @@ void TstSdlSoundOutput::ADriverOfOneDeviceOpensOne() {
     QVERIFY(output.Open({.rate = 44100, .channels = 2}) != nullptr);
 }
 
-void TstSdlSoundOutput::ADriverThatHangsHoldsNothingUp() {
+void TstSdlSoundOutput::AHangingDriverBlocksNothing() {
     const QByteArray path = MakePipe();
     std::optional<Listener> listener;  // closed after the output that writes to it
     SdlSoundOutput output;
@@ -315,7 +316,7 @@ void TstSdlSoundOutput::ADriverThatHangsHoldsNothingUp() {
     QVERIFY(stream->Queue(Ramp(1, 100)));
     QCOMPARE(stream->FramesWaiting(), 100);
     QVERIFY(QTest::qWaitFor([&] { return stream->IsLost(); }, kPatience));
-    // At once, because the previous one still hangs.
+    // Refused at once, because opening the previous device still hangs.
     QVERIFY(output.Open({.rate = 22050, .channels = 1}) == nullptr);
     QCOMPARE(output.OpenDevices(), 0);
     listener.emplace(path);
@@ -324,7 +325,7 @@ void TstSdlSoundOutput::ADriverThatHangsHoldsNothingUp() {
     QVERIFY(WaitUntilTaken(*stream));
 }
 
-void TstSdlSoundOutput::ADeviceThatHangsIsLeftAtOnce() {
+void TstSdlSoundOutput::AHangingDeviceIsAbandonedAtOnce() {
     const Listener listener(MakePipe());
     SdlSoundOutput output;
     auto stream = output.Open({.rate = 44100, .channels = 2});

@@ -20,7 +20,7 @@ namespace {
 constexpr auto kAddress = "DBUS_SESSION_BUS_ADDRESS";
 constexpr int kPatience = 30'000;  // ms; only a failing test waits this long
 
-/// A socket that accepts connections and never answers, like that of a stopped bus.
+/// A socket that accepts connections and never answers, as if the bus were stopped.
 class SilentBus {
 public:
     explicit SilentBus(const QByteArray& path) : m_socket(socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0)) {
@@ -42,20 +42,20 @@ private:
 
 }  // namespace
 
-/// Whether Qt may use the session bus.
+/// Whether Qt is allowed to use the session bus.
 class TstSessionBusLook : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void ABusThatIsMissingIsLeftToQt();
-    void ABusThatAnswersIsLeftToQt();
-    void QtIsKeptFromABusThatHangs();
+    void AMissingBusIsLeftToQt();
+    void AnAnsweringBusIsLeftToQt();
+    void QtIsKeptFromAHangingBus();
 
 private:
     QTemporaryDir m_folder;
 };
 
-void TstSessionBusLook::ABusThatIsMissingIsLeftToQt() {
+void TstSessionBusLook::AMissingBusIsLeftToQt() {
     const QByteArray address = "unix:path=" + m_folder.filePath(u"missing"_s).toUtf8();
     qputenv(kAddress, address);
     SessionBusLook look;
@@ -64,7 +64,7 @@ void TstSessionBusLook::ABusThatIsMissingIsLeftToQt() {
     QCOMPARE(qgetenv(kAddress), address);
 }
 
-void TstSessionBusLook::ABusThatAnswersIsLeftToQt() {
+void TstSessionBusLook::AnAnsweringBusIsLeftToQt() {
     const QString address = u"unix:path="_s + m_folder.filePath(u"bus"_s);
     QProcess bus;
     bus.start(u"dbus-daemon"_s, {u"--session"_s, u"--nofork"_s, u"--nopidfile"_s, u"--print-address"_s,
@@ -77,7 +77,7 @@ void TstSessionBusLook::ABusThatAnswersIsLeftToQt() {
     QVERIFY(bus.waitForFinished(kPatience));
 }
 
-void TstSessionBusLook::QtIsKeptFromABusThatHangs() {
+void TstSessionBusLook::QtIsKeptFromAHangingBus() {
     const QByteArray path = m_folder.filePath(u"silent"_s).toUtf8();
     const SilentBus bus(path);
     QVERIFY(bus.Listens());
@@ -88,7 +88,7 @@ void TstSessionBusLook::QtIsKeptFromABusThatHangs() {
     SessionBusLook look;
     QCOMPARE(qgetenv(kAddress), "disabled:");
     look.Finish();
-    QCOMPARE(qgetenv(kAddress), "unix:path=" + path);  // for programs that are started
+    QCOMPARE(qgetenv(kAddress), "unix:path=" + path);  // programs that are started still get the address
     QVERIFY(!QDBusConnection::sessionBus().isConnected());
 }
 

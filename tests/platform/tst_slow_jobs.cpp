@@ -25,9 +25,9 @@ class TstSlowJobs : public QObject {
 private Q_SLOTS:
     void AJobIsDoneOnAnotherThread();
     void JobsAreDoneInTheirOrder();
-    void AJobThatHangsIsWaitedForAMoment();
-    void TheEndWaitsForTheJobs();
-    void TheEndDoesNotWaitForOneThatHangs();
+    void AHangingJobIsWaitedForOnlyBriefly();
+    void DestructionWaitsForTheJobs();
+    void DestructionDoesNotWaitForAHangingJob();
 };
 
 void TstSlowJobs::AJobIsDoneOnAnotherThread() {
@@ -52,7 +52,7 @@ void TstSlowJobs::JobsAreDoneInTheirOrder() {
     QCOMPARE(order, u"abcdefgh!"_s);
 }
 
-void TstSlowJobs::AJobThatHangsIsWaitedForAMoment() {
+void TstSlowJobs::AHangingJobIsWaitedForOnlyBriefly() {
     std::binary_semaphore hangs(0);
     bool isDone = false;
     SlowJobs jobs(kLong);
@@ -65,7 +65,7 @@ void TstSlowJobs::AJobThatHangsIsWaitedForAMoment() {
     QVERIFY(isDone);
 }
 
-void TstSlowJobs::TheEndWaitsForTheJobs() {
+void TstSlowJobs::DestructionWaitsForTheJobs() {
     bool isDone = false;
     {
         SlowJobs jobs(kLong);
@@ -75,7 +75,7 @@ void TstSlowJobs::TheEndWaitsForTheJobs() {
     QVERIFY(isDone);
 }
 
-void TstSlowJobs::TheEndDoesNotWaitForOneThatHangs() {
+void TstSlowJobs::DestructionDoesNotWaitForAHangingJob() {
     const auto hangs = std::make_shared<std::binary_semaphore>(0);
     const auto isDone = std::make_shared<std::binary_semaphore>(0);
     QElapsedTimer clock;

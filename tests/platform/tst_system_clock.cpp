@@ -9,7 +9,7 @@
 using namespace tickwell;
 using namespace tickwell::platform;
 
-/// The machine's clocks, compared with other sources of the system.
+/// The machine's clocks, compared with other sources of the same times.
 class TstSystemClock : public QObject {
     Q_OBJECT
 

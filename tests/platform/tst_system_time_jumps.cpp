@@ -34,22 +34,22 @@ class TstSystemTimeJumps : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void AnotherZoneIsTold_data();
-    void AnotherZoneIsTold();
-    void TheNextChangeIsToldAsWell();
-    void OtherFilesOfTheFolderAreNotTold();
+    void AZoneChangeIsReported_data();
+    void AZoneChangeIsReported();
+    void TheNextChangeIsReportedAsWell();
+    void OtherFilesOfTheFolderAreIgnored();
     void WithoutAListenerNothingHappens();
-    void AFolderThatIsMissingIsQuiet();
+    void AMissingFolderIsIgnored();
 };
 
-void TstSystemTimeJumps::AnotherZoneIsTold_data() {
+void TstSystemTimeJumps::AZoneChangeIsReported_data() {
     QTest::addColumn<QString>("way");
     for (const char* way : {"a link is renamed over it", "a link is made anew", "it is written in place"}) {
         QTest::newRow(way) << QString::fromLatin1(way);
     }
 }
 
-void TstSystemTimeJumps::AnotherZoneIsTold() {
+void TstSystemTimeJumps::AZoneChangeIsReported() {
     QFETCH(QString, way);
     Bench bench;
     if (way.startsWith(u"it is")) {
@@ -75,7 +75,7 @@ void TstSystemTimeJumps::AnotherZoneIsTold() {
     QTRY_VERIFY(bench.told > 0);
 }
 
-void TstSystemTimeJumps::TheNextChangeIsToldAsWell() {
+void TstSystemTimeJumps::TheNextChangeIsReportedAsWell() {
     Bench bench;
     SystemTimeJumps jumps(bench.zone);  // no zone file exists yet
     jumps.Listen([&] { ++bench.told; });
@@ -87,7 +87,7 @@ void TstSystemTimeJumps::TheNextChangeIsToldAsWell() {
     QTRY_VERIFY(bench.told > before);
 }
 
-void TstSystemTimeJumps::OtherFilesOfTheFolderAreNotTold() {
+void TstSystemTimeJumps::OtherFilesOfTheFolderAreIgnored() {
     Bench bench;
     SystemTimeJumps jumps(bench.zone);
     jumps.Listen([&] { ++bench.told; });
@@ -96,7 +96,7 @@ void TstSystemTimeJumps::OtherFilesOfTheFolderAreNotTold() {
     }
     Settle();
     QCOMPARE(bench.told, 0);
-    WriteAll(bench.zone, "");  // the watch continues
+    WriteAll(bench.zone, "");  // the folder is still watched
     QTRY_VERIFY(bench.told > 0);
 }
 
@@ -110,7 +110,7 @@ void TstSystemTimeJumps::WithoutAListenerNothingHappens() {
     QCOMPARE(bench.told, 0);
 }
 
-void TstSystemTimeJumps::AFolderThatIsMissingIsQuiet() {
+void TstSystemTimeJumps::AMissingFolderIsIgnored() {
     Bench bench;
     SystemTimeJumps jumps(bench.folder.filePath(u"none/localtime"_s));
     jumps.Listen([&] { ++bench.told; });

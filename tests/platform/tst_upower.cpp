@@ -18,7 +18,7 @@ QVariantMap Service() {
     return {{u"OnBattery"_s, true}, {u"DaemonVersion"_s, u"0.99.20"_s}};
 }
 
-/// Properties of its display device: 80 %, for an hour and a half.
+/// The properties of its display device: 80 %, lasting an hour and a half.
 QVariantMap Device() {
     return {
         {u"Type"_s, 2U}, {u"IsPresent"_s, true}, {u"Percentage"_s, 80.0}, {u"TimeToEmpty"_s, qint64{5400}}};

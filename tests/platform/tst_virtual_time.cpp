@@ -21,20 +21,20 @@ class TstVirtualTime : public QObject {
 
 private Q_SLOTS:
     void WallAndTickMoveTogether();
-    void TimersTickInTheOrderOfTheirDue();
+    void TimersTickInTheOrderOfTheirDueTimes();
     void EachTickSeesItsOwnTime();
-    void ANewIntervalStartsAnew();
+    void ANewIntervalRestartsTheTimer();
     void AStoppedTimerIsSilent();
     void ATimerMayStopOrDestroyItselfInItsTick();
     void ATimerDestroyedElsewhereIsForgotten();
     void IntervalsBelowOneCountAsOne();
     void StepJumpsToTheNextDue();
-    void TheWallAloneCanBeSet();
+    void TheWallClockCanBeSetAlone();
     void TheTickTurnsOverAt31Bits();
-    void TheTimeSinceBootTurnsOverNowhere();
-    void TimersWaitOutASuspend();
+    void TheTimeSinceBootNeverTurnsOver();
+    void TimersDoNotCountASuspend();
     void AnotherZoneShowsTheSameMoment();
-    void JumpsAreTold();
+    void JumpsAreReported();
 };
 
 void TstVirtualTime::WallAndTickMoveTogether() {
@@ -44,7 +44,7 @@ void TstVirtualTime::WallAndTickMoveTogether() {
     QCOMPARE(time.Tick(), 9000);
 }
 
-void TstVirtualTime::TimersTickInTheOrderOfTheirDue() {
+void TstVirtualTime::TimersTickInTheOrderOfTheirDueTimes() {
     VirtualTime time(Start());
     QString order;
     const auto slow = time.Create(300, [&] { order += u's'; });
@@ -52,7 +52,8 @@ void TstVirtualTime::TimersTickInTheOrderOfTheirDue() {
     slow->Start();
     quick->Start();
     time.Advance(700);
-    QCOMPARE(order, u"qsqsq"_s);  // 200, 300, 400, then both at 600: the one started first, first
+    // At 200, 300, 400, then both at 600: first the timer that was started first.
+    QCOMPARE(order, u"qsqsq"_s);
 }
 
 void TstVirtualTime::EachTickSeesItsOwnTime() {
@@ -64,7 +65,7 @@ void TstVirtualTime::EachTickSeesItsOwnTime() {
     QCOMPARE(ticks, (QList<qint32>{250, 500, 750, 1000}));
 }
 
-void TstVirtualTime::ANewIntervalStartsAnew() {
+void TstVirtualTime::ANewIntervalRestartsTheTimer() {
     VirtualTime time(Start());
     QList<qint32> ticks;
     std::unique_ptr<Timer> timer;
@@ -144,7 +145,7 @@ void TstVirtualTime::StepJumpsToTheNextDue() {
     QCOMPARE(time.Tick(), 300);
 }
 
-void TstVirtualTime::TheWallAloneCanBeSet() {
+void TstVirtualTime::TheWallClockCanBeSetAlone() {
     VirtualTime time(Start(), 77);
     time.SetNow(QDateTime(QDate(2000, 1, 1), QTime(0, 0)));
     QCOMPARE(time.Tick(), 77);
@@ -160,7 +161,7 @@ void TstVirtualTime::TheTickTurnsOverAt31Bits() {
     QCOMPARE(time.Tick(), 0);
 }
 
-void TstVirtualTime::TheTimeSinceBootTurnsOverNowhere() {
+void TstVirtualTime::TheTimeSinceBootNeverTurnsOver() {
     VirtualTime time(Start(), 2147483647);
     time.Advance(1);
     QCOMPARE(time.SinceBoot(), qint64{2147483648});
@@ -170,7 +171,7 @@ void TstVirtualTime::TheTimeSinceBootTurnsOverNowhere() {
     QCOMPARE(time.SinceBoot(), qint64{4294967296});
 }
 
-void TstVirtualTime::TimersWaitOutASuspend() {
+void TstVirtualTime::TimersDoNotCountASuspend() {
     VirtualTime time(Start(), 5000);
     QList<qint32> ticks;
     const auto timer = time.Create(200, [&] { ticks.append(time.Tick()); });
@@ -192,7 +193,7 @@ void TstVirtualTime::AnotherZoneShowsTheSameMoment() {
     QCOMPARE(time.Now().toString(Qt::ISODate), u"1998-10-03T23:59:58"_s);
 }
 
-void TstVirtualTime::JumpsAreTold() {
+void TstVirtualTime::JumpsAreReported() {
     VirtualTime time(Start());
     int told = 0;
     time.SetNow(Start());  // no listener yet

@@ -19,7 +19,7 @@ private Q_SLOTS:
     void cleanup();
     void CommandsAreAnswered_data();
     void CommandsAreAnswered();
-    void TimersTickOnTheWay();
+    void TimersTickWhileTimeAdvances();
     void EventsAreDeliveredBetweenTimers();
     void SeveralLinesAtOnceAreTakenInOrder();
     void AClosedPipeStopsTime();
@@ -43,7 +43,7 @@ void TstVirtualTimePipe::cleanup() {
     }
 }
 
-/// Sends the lines and returns the answer once it has this many lines.
+/// Sends the lines and returns the reply once it has `answers` lines.
 QByteArray TstVirtualTimePipe::Ask(const QByteArray& lines, qsizetype answers) {
     if (write(m_to[1], lines.constData(), static_cast<std::size_t>(lines.size())) != lines.size()) {
         return QByteArray();
@@ -97,7 +97,7 @@ void TstVirtualTimePipe::CommandsAreAnswered() {
     QCOMPARE(Ask(line, 1), answer);
 }
 
-void TstVirtualTimePipe::TimersTickOnTheWay() {
+void TstVirtualTimePipe::TimersTickWhileTimeAdvances() {
     VirtualTime time(QDateTime(QDate(1998, 10, 3), QTime(23, 59, 57)));
     const VirtualTimePipe pipe(time, m_to[0], m_from[1]);
     int ticks = 0;

@@ -50,19 +50,19 @@ class TstWordSocket : public QObject {
 
 private Q_SLOTS:
     void init();
-    void AWordIsHeardOnceAndWhoSaidItLetGo();
-    void NoMoreThanItsLengthIsHeard();
-    void WhoLeavesInSilenceIsNotHeard();
-    void TheSocketIsTheUsersAloneWhateverTheMask();
-    void TheSocketGoesWithItsListener();
-    void ASocketThatWasLeftThereIsReplaced();
+    void AWordIsReceivedOnceAndItsSenderReleased();
+    void NoMoreThanTheMaximumLengthIsRead();
+    void AConnectionWithoutAWordIsIgnored();
+    void OnlyTheUserHasAccessWhateverTheMask();
+    void TheSocketIsRemovedWithItsListener();
+    void ALeftoverSocketIsReplaced();
     void AnythingElseInItsPlaceStays_data();
     void AnythingElseInItsPlaceStays();
     void ANameThatIsTooLongIsRefused();
-    void NobodyThereIsNoAnswer();
-    void WhoListensAndDoesNotAnswerIsNotWaitedForLong();
-    void ProgramsThatAreStartedDoNotGetTheSocket();
-    void WithoutDescriptorsNobodyWaitsAtTheDoor();
+    void WithoutAListenerThereIsNoAnswer();
+    void ASilentListenerIsWaitedForOnlyBriefly();
+    void StartedProgramsDoNotInheritTheSocket();
+    void WithoutFreeDescriptorsConnectionsAreClosed();
 
 private:
     QString Path() const { return m_folder->filePath(u"socket"_s); }
@@ -80,14 +80,14 @@ void TstWordSocket::init() {
     m_socket = std::make_unique<WordSocket>([this](const QByteArray& word) { m_heard.push_back(word); });
 }
 
-/// Sends a word like another process, while this one listens.
+/// Sends a word from another thread while this one handles the socket.
 void TstWordSocket::Say(const QByteArray& word) {
     auto said = std::async(std::launch::async, [this, word] { return SayWord(Path(), word, kPatience); });
     QTRY_COMPARE(said.wait_for(0s), std::future_status::ready);
     QVERIFY(said.get());
 }
 
-void TstWordSocket::AWordIsHeardOnceAndWhoSaidItLetGo() {
+void TstWordSocket::AWordIsReceivedOnceAndItsSenderReleased() {
     QVERIFY(m_socket->Listen(Path()));
     Say("menu\n");
     QCOMPARE(m_heard, std::vector<QByteArray>{"menu\n"});
@@ -95,13 +95,13 @@ void TstWordSocket::AWordIsHeardOnceAndWhoSaidItLetGo() {
     QCOMPARE(m_heard, (std::vector<QByteArray>{"menu\n", "forward\n"}));
 }
 
-void TstWordSocket::NoMoreThanItsLengthIsHeard() {
+void TstWordSocket::NoMoreThanTheMaximumLengthIsRead() {
     QVERIFY(m_socket->Listen(Path()));
     Say(QByteArray(1000, 'm'));
     QCOMPARE(m_heard, std::vector<QByteArray>{QByteArray(WordSocket::kLongestWord, 'm')});
 }
 
-void TstWordSocket::WhoLeavesInSilenceIsNotHeard() {
+void TstWordSocket::AConnectionWithoutAWordIsIgnored() {
     QVERIFY(m_socket->Listen(Path()));
     {
         QLocalSocket silent;
@@ -113,7 +113,7 @@ void TstWordSocket::WhoLeavesInSilenceIsNotHeard() {
     QCOMPARE(m_heard, std::vector<QByteArray>{"next\n"});
 }
 
-void TstWordSocket::TheSocketIsTheUsersAloneWhateverTheMask() {
+void TstWordSocket::OnlyTheUserHasAccessWhateverTheMask() {
     const mode_t before = umask(0);
     const bool listens = m_socket->Listen(Path());
     umask(before);
@@ -123,14 +123,14 @@ void TstWordSocket::TheSocketIsTheUsersAloneWhateverTheMask() {
     QCOMPARE(status.st_mode & 07777U, 0600U);
 }
 
-void TstWordSocket::TheSocketGoesWithItsListener() {
+void TstWordSocket::TheSocketIsRemovedWithItsListener() {
     QVERIFY(m_socket->Listen(Path()));
     QVERIFY(QFile::exists(Path()));
     m_socket.reset();
     QVERIFY(!QFile::exists(Path()));
 }
 
-void TstWordSocket::ASocketThatWasLeftThereIsReplaced() {
+void TstWordSocket::ALeftoverSocketIsReplaced() {
     QCOMPARE(SocketPlaceOf(Path()), SocketPlace::Free);
     const int left = socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
     sockaddr_un address{};
@@ -177,16 +177,16 @@ void TstWordSocket::ANameThatIsTooLongIsRefused() {
     QVERIFY(QDir(m_folder->path()).isEmpty());
 }
 
-void TstWordSocket::NobodyThereIsNoAnswer() {
+void TstWordSocket::WithoutAListenerThereIsNoAnswer() {
     QVERIFY(!SayWord(Path(), "menu\n", kPatience));
 }
 
-void TstWordSocket::WhoListensAndDoesNotAnswerIsNotWaitedForLong() {
+void TstWordSocket::ASilentListenerIsWaitedForOnlyBriefly() {
     QVERIFY(m_socket->Listen(Path()));
     QVERIFY(!SayWord(Path(), "menu\n", 1ms));  // no event loop is running
 }
 
-void TstWordSocket::ProgramsThatAreStartedDoNotGetTheSocket() {
+void TstWordSocket::StartedProgramsDoNotInheritTheSocket() {
     const int before = InheritedDescriptors();
     QVERIFY(m_socket->Listen(Path()));
     QLocalSocket guest;
@@ -196,7 +196,7 @@ void TstWordSocket::ProgramsThatAreStartedDoNotGetTheSocket() {
     QCOMPARE(InheritedDescriptors(), before);
 }
 
-void TstWordSocket::WithoutDescriptorsNobodyWaitsAtTheDoor() {
+void TstWordSocket::WithoutFreeDescriptorsConnectionsAreClosed() {
     QVERIFY(m_socket->Listen(Path()));
     const int guest = socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
     const auto closed = qScopeGuard([guest] { close(guest); });

@@ -59,7 +59,7 @@ private:
     bool m_ends;
 };
 
-/// Pages with one failing step.
+/// A PDF writer with one failing step.
 class Pages : public QPdfWriter {
 public:
     Pages(QBuffer& buffer, bool begins, bool turns, bool ends)
@@ -83,10 +83,10 @@ class TstReportDocument : public QObject {
 private Q_SLOTS:
     void EveryLineIsPrintedInOrder_data();
     void EveryLineIsPrintedInOrder();
-    void EmptyLinesTakeTheirRoom();
+    void EmptyLinesTakeUpSpace();
     void TheJapaneseFontIsEmbedded();
-    void TheMarginsAre15MillimetresAtLeast_data();
-    void TheMarginsAre15MillimetresAtLeast();
+    void TheMarginsAreAtLeast15Millimetres_data();
+    void TheMarginsAreAtLeast15Millimetres();
     void ThePagesHaveTheSizeOfThePaper();
     void AStepThatFailsIsNoticed_data();
     void AStepThatFailsIsNoticed();
@@ -110,7 +110,7 @@ void TstReportDocument::EveryLineIsPrintedInOrder() {
     QCOMPARE(text.count(u'\f') > 1, count > 100);
 }
 
-void TstReportDocument::EmptyLinesTakeTheirRoom() {
+void TstReportDocument::EmptyLinesTakeUpSpace() {
     const QString text = TextOf(ReportDocument({}, kTitle, {u"上"_s, QString(), QString(), u"下"_s}));
     QCOMPARE(text.section(u'上', 1).section(u'下', 0, 0).count(u'\n'), 3);
 }
@@ -126,7 +126,7 @@ void TstReportDocument::TheJapaneseFontIsEmbedded() {
     }
 }
 
-void TstReportDocument::TheMarginsAre15MillimetresAtLeast_data() {
+void TstReportDocument::TheMarginsAreAtLeast15Millimetres_data() {
     QTest::addColumn<QMarginsF>("printer");
     QTest::addColumn<QMarginsF>("report");
     QTest::newRow("the printer says nothing") << QMarginsF() << QMarginsF(15, 15, 15, 15);
@@ -135,7 +135,7 @@ void TstReportDocument::TheMarginsAre15MillimetresAtLeast_data() {
     QTest::newRow("wider") << QMarginsF(25, 16, 17, 18) << QMarginsF(25, 16, 17, 18);
 }
 
-void TstReportDocument::TheMarginsAre15MillimetresAtLeast() {
+void TstReportDocument::TheMarginsAreAtLeast15Millimetres() {
     QFETCH(QMarginsF, printer);
     QFETCH(QMarginsF, report);
     const Paper paper{QSizeF(210, 297), printer};

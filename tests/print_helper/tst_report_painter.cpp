@@ -49,8 +49,8 @@ class TstReportPainter : public QObject {
 private Q_SLOTS:
     void ItPaintsInTheGothicFontOfTenPoints();
     void APageWithoutRoomTakesOneLine();
-    void AllLinesLieInsideTheArea();
-    void TheSecondColumnIsBehindTheLongestText();
+    void AllLinesAreInsideTheArea();
+    void TheSecondColumnIsRightOfTheLongestText();
     void EachPageHasItsOwnSecondColumn();
 };
 
@@ -82,7 +82,7 @@ void TstReportPainter::APageWithoutRoomTakesOneLine() {
     QVERIFY(!report.Paint(painter, QRectF(0, 0, 100, 4), 2));
 }
 
-void TstReportPainter::AllLinesLieInsideTheArea() {
+void TstReportPainter::AllLinesAreInsideTheArea() {
     const ReportPainter report(QStringList(100, u"あいう"_s));
     QImage sheet = Sheet();
     const QRect area(40, 40, 500, 400);
@@ -95,7 +95,7 @@ void TstReportPainter::AllLinesLieInsideTheArea() {
     QVERIFY(inked.height() > area.height() / 2);
 }
 
-void TstReportPainter::TheSecondColumnIsBehindTheLongestText() {
+void TstReportPainter::TheSecondColumnIsRightOfTheLongestText() {
     const QString shorter = u"Lapse9  0:03'10\"500"_s;
     const QString longer = u"Lapse10  10:03'10\"500"_s;
     const QString interval = u"(+0:00'01\"000)"_s;

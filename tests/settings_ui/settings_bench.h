@@ -48,7 +48,7 @@ struct SettingsBench {
              },
          .remove = [this] { list.clear(); }},
         [] { return true; }};
-    QString list;                     ///< the path of the kept list of holidays
+    QString list;                     ///< the path of the stored list of holidays
     std::function<void()> compacted;  ///< the dialog's callback for the end of a compaction
     std::unique_ptr<Form2> form;
 

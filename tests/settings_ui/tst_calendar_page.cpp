@@ -46,14 +46,14 @@ private Q_SLOTS:
     void TheNoteIsNeverCutOff();
     void TabFollowsTheEyeOnEachPage_data();
     void TabFollowsTheEyeOnEachPage();
-    void AtFirstAllIsAsBefore();
+    void ByDefaultEverythingIsOff();
     void EachBoxIsItsOwnSetting_data();
     void EachBoxIsItsOwnSetting();
     void TheOptionsAreTheirSettings();
     void OneButtonChoosesTodaysJapan();
     void NothingIsAppliedBeforeOk();
     void AListIsReadAtOnce();
-    void ARefusedListIsTold();
+    void ARefusedListIsReported();
 };
 
 void TstCalendarPage::initTestCase() {
@@ -118,7 +118,7 @@ void TstCalendarPage::TabFollowsTheEyeOnEachPage() {
     QVERIFY(reached > 0);
 }
 
-void TstCalendarPage::AtFirstAllIsAsBefore() {
+void TstCalendarPage::ByDefaultEverythingIsOff() {
     SettingsBench bench;
     bench.Open();
     QCOMPARE(bench.Selected(u"Option8"_s), 0);
@@ -232,7 +232,7 @@ void TstCalendarPage::AListIsReadAtOnce() {
     QVERIFY(!bench.Button(u"Command10"_s).isEnabled());
 }
 
-void TstCalendarPage::ARefusedListIsTold() {
+void TstCalendarPage::ARefusedListIsReported() {
     SettingsBench bench;
     bench.Open();
     bench.list = u"/tmp/good.csv"_s;

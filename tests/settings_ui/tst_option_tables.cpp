@@ -40,12 +40,13 @@ QStringList Captions(const Rows& rows) {
 
 }  // namespace
 
-/// The meaning of each caption: the index in the stored settings, not the position on the screen.
+/// Each caption must select the setting that it names: its index in the stored settings, which is not its
+/// position on the screen.
 class TstOptionTables : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void TheListsStandInTheirOrder();
+    void TheListsAreInOrder();
     void TheHourStyleIsWhatItSays_data();
     void TheHourStyleIsWhatItSays();
     void TheDisplayStyleIsWhatItSays_data();
@@ -60,7 +61,7 @@ private Q_SLOTS:
     void OldJapanAndUnknownLanguagesHaveNoStyles();
 };
 
-void TstOptionTables::TheListsStandInTheirOrder() {
+void TstOptionTables::TheListsAreInOrder() {
     QCOMPARE(Captions(kWipeOptions),
              (QStringList{u"左から右"_s, u"右から左"_s, u"上から下"_s, u"下から上"_s}));
     QCOMPARE(Captions(kChimeOptions), (QStringList{u"利用しない"_s, u"1時間おき"_s, u"30分おき"_s}));

@@ -26,7 +26,7 @@ private Q_SLOTS:
     void LookingChangesNothing_data();
     void LookingChangesNothing();
     void ANewFamilyIsTaken();
-    void AllElseThatWasChangedIsTaken();
+    void EveryOtherChangeIsTaken();
 };
 
 void TstPickedStyle::TheMachinesFontIsOffered() {
@@ -65,7 +65,7 @@ void TstPickedStyle::ANewFamilyIsTaken() {
     QCOMPARE(PickedStyle(kStored, offered, picked).fontName, u"Another"_s);
 }
 
-void TstPickedStyle::AllElseThatWasChangedIsTaken() {
+void TstPickedStyle::EveryOtherChangeIsTaken() {
     const LineStyle offered = OfferedStyle(kStored);
     const LineStyle picked{
         .fontName = offered.fontName, .fontSize = 11, .color = 255, .bold = true, .strikethrough = true};

@@ -9,7 +9,7 @@ using namespace tickwell;
 using namespace tickwell::settings_ui;
 using namespace Qt::StringLiterals;
 
-/// The settings that the main window uses after Apply, OK and Cancel.
+/// Which settings the main window uses after Apply, OK and Cancel.
 class TstSettingsApplying : public QObject {
     Q_OBJECT
 

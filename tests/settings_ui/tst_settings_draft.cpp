@@ -12,7 +12,7 @@ class TstSettingsDraft : public QObject {
 
 private Q_SLOTS:
     void NothingChangesBeforeItIsApplied();
-    void AllIsCopiedBackButTheFunction();
+    void EverythingButTheFunctionIsCopiedBack();
     void DisplaysJoinAndLeaveTheRollInTheirOrder();
     void NumbersThatAreNoDisplayStayInTheRoll();
 };
@@ -27,7 +27,7 @@ void TstSettingsDraft::NothingChangesBeforeItIsApplied() {
     QCOMPARE(further, FurtherSettings());
 }
 
-void TstSettingsDraft::AllIsCopiedBackButTheFunction() {
+void TstSettingsDraft::EverythingButTheFunctionIsCopiedBack() {
     AppSettings settings;
     FurtherSettings further;
     SettingsDraft draft{settings, further};

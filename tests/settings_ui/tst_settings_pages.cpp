@@ -10,7 +10,8 @@ using namespace tickwell;
 using namespace tickwell::settings_ui;
 using namespace Qt::StringLiterals;
 
-/// The pages of the settings while the user works with them; tst_settings_sample tests the live sample.
+/// The pages of the settings while the user works with them; the live sample has its own test,
+/// tst_settings_sample.
 class TstSettingsPages : public QObject {
     Q_OBJECT
 
@@ -22,13 +23,13 @@ private Q_SLOTS:
     void ChoosingASoundChangesNothingElse();
     void ASoundIsListenedTo();
     void OnlySoundsCanBeListenedTo();
-    void TheNoticeIsOfferedOnceItWasSilenced();
+    void TheNoticesBoxIsShownOnlyIfItIsOff();
     void WithoutItsOperationAButtonIsDisabled();
-    void TheLoginsBoxShowsWhatHoldsNow();
-    void TheLoginIsChangedByOkAndApplyAlone_data();
-    void TheLoginIsChangedByOkAndApplyAlone();
-    void ALoginThatWasLeftAloneIsNotWritten();
-    void ALoginThatCannotBeChangedIsToldAndAllElseIsDone();
+    void TheAutostartBoxShowsTheCurrentState();
+    void OnlyOkAndApplyChangeTheAutostart_data();
+    void OnlyOkAndApplyChangeTheAutostart();
+    void AnUnchangedAutostartIsNotWritten();
+    void AFailedAutostartChangeIsReportedAndTheRestIsApplied();
 };
 
 void TstSettingsPages::initTestCase() {
@@ -121,7 +122,7 @@ void TstSettingsPages::OnlySoundsCanBeListenedTo() {
     QVERIFY(bench.Button(u"Listen"_s).isEnabled());
 }
 
-void TstSettingsPages::TheNoticeIsOfferedOnceItWasSilenced() {
+void TstSettingsPages::TheNoticesBoxIsShownOnlyIfItIsOff() {
     SettingsBench bench;
     bench.Open();
     QVERIFY(bench.Button(u"NoCdDrive"_s).isHidden() ||
@@ -146,7 +147,7 @@ void TstSettingsPages::WithoutItsOperationAButtonIsDisabled() {
     QVERIFY(!bench.Button(u"Command4"_s).isEnabled());
 }
 
-void TstSettingsPages::TheLoginsBoxShowsWhatHoldsNow() {
+void TstSettingsPages::TheAutostartBoxShowsTheCurrentState() {
     SettingsBench bench;
     bench.Open();
     QVERIFY(!bench.Button(u"Autostart"_s).isChecked());
@@ -157,7 +158,7 @@ void TstSettingsPages::TheLoginsBoxShowsWhatHoldsNow() {
     QVERIFY(bench.autostart.set.isEmpty());
 }
 
-void TstSettingsPages::TheLoginIsChangedByOkAndApplyAlone_data() {
+void TstSettingsPages::OnlyOkAndApplyChangeTheAutostart_data() {
     QTest::addColumn<bool>("before");
     QTest::addColumn<QStringList>("clicks");
     QTest::addColumn<QList<bool>>("set");
@@ -174,7 +175,7 @@ void TstSettingsPages::TheLoginIsChangedByOkAndApplyAlone_data() {
     QTest::newRow("ticked and cleared again, OK") << false << QStringList{box, box, ok} << QList<bool>{};
 }
 
-void TstSettingsPages::TheLoginIsChangedByOkAndApplyAlone() {
+void TstSettingsPages::OnlyOkAndApplyChangeTheAutostart() {
     QFETCH(bool, before);
     QFETCH(QStringList, clicks);
     QFETCH(QList<bool>, set);
@@ -187,7 +188,7 @@ void TstSettingsPages::TheLoginIsChangedByOkAndApplyAlone() {
     QCOMPARE(bench.autostart.set, set);
 }
 
-void TstSettingsPages::ALoginThatWasLeftAloneIsNotWritten() {
+void TstSettingsPages::AnUnchangedAutostartIsNotWritten() {
     SettingsBench bench;
     bench.Open();
     bench.autostart.isOn = true;  // changed elsewhere meanwhile
@@ -196,7 +197,7 @@ void TstSettingsPages::ALoginThatWasLeftAloneIsNotWritten() {
     QVERIFY(bench.autostart.set.isEmpty() && bench.autostart.isOn);
 }
 
-void TstSettingsPages::ALoginThatCannotBeChangedIsToldAndAllElseIsDone() {
+void TstSettingsPages::AFailedAutostartChangeIsReportedAndTheRestIsApplied() {
     SettingsBench bench;
     bench.autostart.refuses = true;
     bench.Open();

@@ -48,18 +48,18 @@ class TstSettingsSample : public QObject {
 private Q_SLOTS:
     void initTestCase();
     void TheSampleShowsTheTwoTexts();
-    void TheSampleComesInAgainEveryThreeSeconds();
-    void TheSampleComesInOverABlankLine();
+    void TheSampleWipesInEveryThreeSeconds();
+    void TheSampleWipesInOverABlankLine();
     void TheSliderGoesFromSlowestToFastest();
-    void ASlowWipeIsLetComeToItsEnd();
-    void TheSampleIsAsTheMainWindow();
+    void ASlowWipeIsNotCutOff();
+    void TheSampleLooksLikeTheMainWindow();
     void TheSampleChangesWithinOneFrameOfTheSlider_data();
     void TheSampleChangesWithinOneFrameOfTheSlider();
-    void AWipeThatRunsTakesTheNewSpeed();
-    void OnlyWhatIsSeenOfItRefreshesTheSample();
-    void AColourThatIsPickedIsSeenInTheSample();
+    void ARunningWipeTakesTheNewSpeed();
+    void OnlyVisibleOptionsRefreshTheSample();
+    void APickedColourIsShownInTheSample();
     void ACancelledPickerChangesNothing();
-    void AFontThatIsPickedIsSeenInItsLineAlone();
+    void APickedFontIsShownOnlyInItsLine();
     void ALargeFontIsShownInItsRealSize();
 };
 
@@ -77,7 +77,7 @@ void TstSettingsSample::TheSampleShowsTheTwoTexts() {
     QCOMPARE(bench.Sample(2).parentWidget()->objectName(), u"Pic2"_s);
 }
 
-void TstSettingsSample::TheSampleComesInAgainEveryThreeSeconds() {
+void TstSettingsSample::TheSampleWipesInEveryThreeSeconds() {
     SettingsBench bench;
     bench.Open();
     bench.main.time.Advance(2'999);
@@ -92,7 +92,7 @@ void TstSettingsSample::TheSampleComesInAgainEveryThreeSeconds() {
 }
 
 /// A text wiping over itself would show no motion.
-void TstSettingsSample::TheSampleComesInOverABlankLine() {
+void TstSettingsSample::TheSampleWipesInOverABlankLine() {
     SettingsBench bench;
     bench.main.store.Put(u"SetUp"_s, u"Op_Waip"_s, u"0"_s);
     bench.main.store.Put(u"SetUp"_s, u"Op_Speed"_s, u"30"_s);
@@ -124,7 +124,7 @@ void TstSettingsSample::TheSliderGoesFromSlowestToFastest() {
     QCOMPARE(slider.value(), 28);
 }
 
-void TstSettingsSample::ASlowWipeIsLetComeToItsEnd() {
+void TstSettingsSample::ASlowWipeIsNotCutOff() {
     SettingsBench bench;
     bench.main.store.Put(u"SetUp"_s, u"Op_Waip"_s, u"0"_s);
     bench.main.store.Put(u"SetUp"_s, u"Op_Speed"_s, u"1"_s);
@@ -137,7 +137,7 @@ void TstSettingsSample::ASlowWipeIsLetComeToItsEnd() {
     QVERIFY(!bench.Sample(1).IsWiping());
 }
 
-void TstSettingsSample::TheSampleIsAsTheMainWindow() {
+void TstSettingsSample::TheSampleLooksLikeTheMainWindow() {
     SettingsBench bench;
     bench.main.store.Put(u"SetUp"_s, u"Op_Waip"_s, u"1"_s);
     bench.main.store.Put(u"SetUp"_s, u"Op_Speed"_s, u"30"_s);
@@ -189,7 +189,7 @@ void TstSettingsSample::TheSampleChangesWithinOneFrameOfTheSlider() {
     }
 }
 
-void TstSettingsSample::AWipeThatRunsTakesTheNewSpeed() {
+void TstSettingsSample::ARunningWipeTakesTheNewSpeed() {
     SettingsBench bench;
     bench.main.store.Put(u"SetUp"_s, u"Op_Waip"_s, u"0"_s);
     bench.main.store.Put(u"SetUp"_s, u"Op_Speed"_s, u"1"_s);
@@ -202,7 +202,7 @@ void TstSettingsSample::AWipeThatRunsTakesTheNewSpeed() {
     QVERIFY(!bench.Sample(1).IsWiping());
 }
 
-void TstSettingsSample::OnlyWhatIsSeenOfItRefreshesTheSample() {
+void TstSettingsSample::OnlyVisibleOptionsRefreshTheSample() {
     SettingsBench bench;
     bench.Open();
     bench.main.time.Advance(2'000);
@@ -216,7 +216,7 @@ void TstSettingsSample::OnlyWhatIsSeenOfItRefreshesTheSample() {
     QCOMPARE(bench.Sample(1).WipeKind(), 1);
 }
 
-void TstSettingsSample::AColourThatIsPickedIsSeenInTheSample() {
+void TstSettingsSample::APickedColourIsShownInTheSample() {
     SettingsBench bench;
     bench.Open();
     bench.Click(u"Command5"_s);
@@ -248,7 +248,7 @@ void TstSettingsSample::ACancelledPickerChangesNothing() {
     QVERIFY(!bench.Sample(1).font().bold());
 }
 
-void TstSettingsSample::AFontThatIsPickedIsSeenInItsLineAlone() {
+void TstSettingsSample::APickedFontIsShownOnlyInItsLine() {
     SettingsBench bench;
     bench.Open();
     bench.Click(u"Command7"_s);

@@ -169,7 +169,7 @@ void TstSettingsWindow::TabGoesToTheChosenOption_data() {
     QTest::newRow("the last") << u"3"_s << QString() << QStringList{u"Option2(3)"_s};
     QTest::newRow("chosen without the keyboard") << u"3"_s << u"Option2(1)"_s << QStringList{u"Option2(1)"_s};
     QTest::newRow("none is chosen") << u"9"_s << QString() << all;
-    QTest::newRow("chosen where none was") << u"9"_s << u"Option2(1)"_s << QStringList{u"Option2(1)"_s};
+    QTest::newRow("chosen after none was") << u"9"_s << u"Option2(1)"_s << QStringList{u"Option2(1)"_s};
 }
 
 void TstSettingsWindow::TabGoesToTheChosenOption() {

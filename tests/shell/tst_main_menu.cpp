@@ -46,18 +46,18 @@ class TstMainMenu : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void ItemsStandInTheirOrder();
+    void ItemsAreInOrder();
     void TheTrayMenuHasItsItems();
-    void TheToolsStandInTheirOrder();
+    void TheToolsAreInOrder();
     void MissingToolsAreHidden();
     void WithoutAnyToolTheSubmenuIsHidden();
     void OneFunctionIsMarkedAtATime();
-    void ChoosingAnItemTellsItsCommand();
-    void ChoosingTheMarkedItemAgainStillTellsIt();
+    void ChoosingAnItemReportsItsCommand();
+    void ChoosingTheMarkedItemAgainStillReportsIt();
     void AnErrorOfAnItemIsReported();
 };
 
-void TstMainMenu::ItemsStandInTheirOrder() {
+void TstMainMenu::ItemsAreInOrder() {
     const Bench bench;
     QCOMPARE(bench.menu.objectName(), u"Menu"_s);
     QCOMPARE(
@@ -79,7 +79,7 @@ void TstMainMenu::TheTrayMenuHasItsItems() {
                                        u"Menu94 終了"_s}));
 }
 
-void TstMainMenu::TheToolsStandInTheirOrder() {
+void TstMainMenu::TheToolsAreInOrder() {
     const Bench bench;
     const QMenu* tools = bench.menu.Item(MenuCommand::Tools)->menu();
     QCOMPARE(
@@ -126,7 +126,7 @@ void TstMainMenu::OneFunctionIsMarkedAtATime() {
     QCOMPARE(marked(), QStringList());
 }
 
-void TstMainMenu::ChoosingAnItemTellsItsCommand() {
+void TstMainMenu::ChoosingAnItemReportsItsCommand() {
     Bench bench;
     ChildOf<QAction>(bench.menu, u"Menu4"_s).trigger();
     ChildOf<QAction>(bench.menu, u"MenuTool(6)"_s).trigger();
@@ -136,7 +136,7 @@ void TstMainMenu::ChoosingAnItemTellsItsCommand() {
                  {MenuCommand::ChangeFunction, 1}, {MenuCommand::StartTool, 6}, {MenuCommand::Quit, -1}}));
 }
 
-void TstMainMenu::ChoosingTheMarkedItemAgainStillTellsIt() {
+void TstMainMenu::ChoosingTheMarkedItemAgainStillReportsIt() {
     displays::LinesBench bench;
     int chosen = 0;
     MainMenu menu(

@@ -21,21 +21,21 @@ private Q_SLOTS:
     void AFunctionChosenDuringTheDelayStartsAgainAtItsEnd();
     void TodaysNamesTakeTurnsEveryTenSeconds();
     void ARaisedRefreshFlagIsSeen();
-    void ABrokenLookUpIsToldOnceAndTheTimeGoesOn();
+    void AFailedLookUpIsReportedOnceAndTheTimeGoesOn();
     void TheStoredFunctionComesBack();
-    void AFunctionOutsideLeavesTheLinesAlone();
+    void AnUnknownFunctionLeavesTheLinesAlone();
     void TheLinesTakeTheirStyles();
     void AFastWipeIsPassedOnUnchecked();
     void ABadWidthKeepsTheWindowFromOpening();
     void ASpeedThatOverflowsKeepsTheWindowFromOpening();
     void ClosingSavesAllAndEnds();
-    void AFailingSaveIsToldAndTheWindowStillCloses();
+    void AFailedSaveIsReportedAndTheWindowStillCloses();
     void NothingIsWrittenBeforeTheClose();
     void ANegativeWidthOpensAndIsWrittenBack();
     void LargeFontsMakeTheWindowHigher();
     void TheMenuOpensByKeyboard_data();
     void TheMenuOpensByKeyboard();
-    void AReaderFindsWindowLinesAndOpenMenu();
+    void AScreenReaderFindsWindowLinesAndOpenMenu();
 };
 
 void TstMainWindow::initTestCase() {
@@ -111,7 +111,7 @@ void TstMainWindow::ARaisedRefreshFlagIsSeen() {
     QCOMPARE(bench.Upper().Text(), u"新しい"_s);
 }
 
-void TstMainWindow::ABrokenLookUpIsToldOnceAndTheTimeGoesOn() {
+void TstMainWindow::AFailedLookUpIsReportedOnceAndTheTimeGoesOn() {
     MainWindowBench bench;
     bench.Start();
     bench.dayStore.Raw("ALTER TABLE Kinenbi RENAME TO Gone");
@@ -130,7 +130,7 @@ void TstMainWindow::TheStoredFunctionComesBack() {
     QCOMPARE(bench.Lower().Text(), u"05分18秒"_s);
 }
 
-void TstMainWindow::AFunctionOutsideLeavesTheLinesAlone() {
+void TstMainWindow::AnUnknownFunctionLeavesTheLinesAlone() {
     MainWindowBench bench;
     bench.store.Put(u"SetUp"_s, u"Function"_s, u"99"_s);
     bench.Start();
@@ -201,7 +201,7 @@ void TstMainWindow::ClosingSavesAllAndEnds() {
     QCOMPARE(stored(u"Function"_s), u"1"_s);
 }
 
-void TstMainWindow::AFailingSaveIsToldAndTheWindowStillCloses() {
+void TstMainWindow::AFailedSaveIsReportedAndTheWindowStillCloses() {
     MainWindowBench bench;
     bench.Start();
     bench.store.SetFull(true);
@@ -257,7 +257,7 @@ void TstMainWindow::TheMenuOpensByKeyboard() {
     bench.form->VisibleMenus().constFirst()->close();
 }
 
-void TstMainWindow::AReaderFindsWindowLinesAndOpenMenu() {
+void TstMainWindow::AScreenReaderFindsWindowLinesAndOpenMenu() {
     MainWindowBench bench;
     bench.Start();
     QAccessibleInterface* window = QAccessible::queryAccessibleInterface(bench.form.get());

@@ -44,14 +44,14 @@ struct Bench : public MainWindowBench {
 
 }  // namespace
 
-/// What the main window's lines show when the windows of other functions write to them, and when the player's
-/// reading changes.
+/// What the main window's lines show when the windows of other functions write to them, and when the CD
+/// player's position changes.
 class TstMainWindowLines : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
     void initTestCase();
-    void AStandingStopwatchShowsItsReadingAtTheNextTick();
+    void AnIdleStopwatchShowsItsReadingAtTheNextTick();
     void AStoppedStopwatchShowsItsReadingAgain();
     void TheLinesOfTheShownFunctionComeBack_data();
     void TheLinesOfTheShownFunctionComeBack();
@@ -69,7 +69,7 @@ void TstMainWindowLines::initTestCase() {
     InstallMainWindowAccessibility();
 }
 
-void TstMainWindowLines::AStandingStopwatchShowsItsReadingAtTheNextTick() {
+void TstMainWindowLines::AnIdleStopwatchShowsItsReadingAtTheNextTick() {
     Bench bench(2);
     bench.SetSeconds(33);
     QCOMPARE(bench.Lines(), (QStringList{u"ストップウォッチ"_s, u"0:00'33\"000"_s}));
@@ -78,7 +78,7 @@ void TstMainWindowLines::AStandingStopwatchShowsItsReadingAtTheNextTick() {
     bench.SetSeconds(34);
     const QAccessibleInterface* line = QAccessible::queryAccessibleInterface(&bench.Lower());
     QCOMPARE(line->text(QAccessible::Name), u"0:00'00\"000"_s);
-    QCOMPARE(bench.Lower().Text(), u"0:00'00\"000"_s);  // a screen reader gets what is shown
+    QCOMPARE(bench.Lower().Text(), u"0:00'00\"000"_s);  // a screen reader gets the shown text
 }
 
 /// Stopping the stopwatch stops its timer.

@@ -11,7 +11,7 @@ using namespace tickwell;
 using namespace tickwell::shell;
 using namespace Qt::StringLiterals;
 
-/// The main window among the other windows of the desktop: its menu, the notification area, keeping on top.
+/// The main window on the desktop: its menu, the notification area, and keeping above other windows.
 class TstMainWindowShell : public QObject {
     Q_OBJECT
 
@@ -20,17 +20,17 @@ private Q_SLOTS:
     void ItemsOpenTheirWindows();
     void TheToolsOfTheFolderAreShownAndStarted();
     void AToolThatFailsIsReported();
-    void ItKeepsAboveEveryTwoSeconds();
-    void ItDoesNotDuringTheStartUpDelay();
-    void ItDoesNotWhileTheSettingsAreOpen();
+    void ItIsRaisedEveryTwoSeconds();
+    void ItIsNotRaisedDuringTheStartUpDelay();
+    void ItIsNotRaisedWhileTheSettingsAreOpen();
     void TheSettingsDoNotEndTheStartUpDelay();
-    void ItDoesNotWhileItsMenuIsOpen();
-    void ItDoesNotOverAWindowOfOurs();
-    void ItDoesNotInTheNotificationArea();
-    void AnIconifiedWindowIsBackWithTheNextLook();
+    void ItIsNotRaisedWhileItsMenuIsOpen();
+    void ItIsNotRaisedAboveTheProgramsOtherWindows();
+    void ItIsNotRaisedInTheNotificationArea();
+    void AnIconifiedWindowIsRestoredByTheNextCheck();
     void ItStaysIconifiedWhileItsMenuIsOpen();
-    void AWindowThatWasNotTakenInIsShownAgainOnce();
-    void AWindowThatIsOnTheScreenIsNotHiddenWhileItSettles();
+    void AWindowIgnoredByTheWindowManagerIsShownAgainOnce();
+    void AWindowOnTheScreenIsNotHiddenDuringStartUp();
     void ASecondStartBringsAnIconifiedWindowBack();
     void ASecondStartBringsItToTheUsersWorkspace();
     void ItDeclaresItselfEachTimeItIsShown();
@@ -39,7 +39,7 @@ private Q_SLOTS:
     void TheAreasMenuHasItsCommands();
     void ASecondStartTakesItOutOfTheArea();
     void TheMenuOpensForTheKeyboard();
-    void SettingsAreSavedBeforeTheIconGoesBeforeTheRest();
+    void ClosingSavesTheSettingsThenRemovesTheIconThenEnds();
     void ItClosesFromTheNotificationArea();
 };
 
@@ -91,7 +91,7 @@ void TstMainWindowShell::AToolThatFailsIsReported() {
     QCOMPARE(bench.boxes.Shown().constFirst().icon, MessageIcon::Critical);
 }
 
-void TstMainWindowShell::ItKeepsAboveEveryTwoSeconds() {
+void TstMainWindowShell::ItIsRaisedEveryTwoSeconds() {
     MainWindowBench bench;
     bench.Start();
     const QRect before = bench.form->geometry();
@@ -104,14 +104,14 @@ void TstMainWindowShell::ItKeepsAboveEveryTwoSeconds() {
     QCOMPARE(bench.form->geometry(), before);
 }
 
-void TstMainWindowShell::ItDoesNotDuringTheStartUpDelay() {
+void TstMainWindowShell::ItIsNotRaisedDuringTheStartUpDelay() {
     MainWindowBench bench;
     bench.Start();
     bench.time.Advance(kStartUp);
     QVERIFY(bench.stack.raised.isEmpty());
 }
 
-void TstMainWindowShell::ItDoesNotWhileTheSettingsAreOpen() {
+void TstMainWindowShell::ItIsNotRaisedWhileTheSettingsAreOpen() {
     MainWindowBench bench;
     bench.Start();
     bench.time.Advance(kStartUp);
@@ -132,7 +132,7 @@ void TstMainWindowShell::TheSettingsDoNotEndTheStartUpDelay() {
     QVERIFY(bench.stack.raised.isEmpty());
 }
 
-void TstMainWindowShell::ItDoesNotWhileItsMenuIsOpen() {
+void TstMainWindowShell::ItIsNotRaisedWhileItsMenuIsOpen() {
     MainWindowBench bench;
     bench.Start();
     QTest::keyClick(bench.form.get(), Qt::Key_Space);
@@ -143,7 +143,7 @@ void TstMainWindowShell::ItDoesNotWhileItsMenuIsOpen() {
     QCOMPARE(bench.stack.raised.size(), 1);
 }
 
-void TstMainWindowShell::ItDoesNotOverAWindowOfOurs() {
+void TstMainWindowShell::ItIsNotRaisedAboveTheProgramsOtherWindows() {
     MainWindowBench bench;
     bench.Start();
     QDialog dialog;
@@ -156,7 +156,7 @@ void TstMainWindowShell::ItDoesNotOverAWindowOfOurs() {
     QCOMPARE(bench.stack.raised.size(), 1);
 }
 
-void TstMainWindowShell::ItDoesNotInTheNotificationArea() {
+void TstMainWindowShell::ItIsNotRaisedInTheNotificationArea() {
     MainWindowBench bench;
     bench.tray.SetThere(true);
     bench.Start();
@@ -170,7 +170,7 @@ void TstMainWindowShell::ItDoesNotInTheNotificationArea() {
     QCOMPARE(bench.stack.raised.size(), 1);
 }
 
-void TstMainWindowShell::AnIconifiedWindowIsBackWithTheNextLook() {
+void TstMainWindowShell::AnIconifiedWindowIsRestoredByTheNextCheck() {
     MainWindowBench bench;
     bench.Start();
     bench.time.Advance(kStartUp);
@@ -202,7 +202,7 @@ void TstMainWindowShell::ItStaysIconifiedWhileItsMenuIsOpen() {
     QVERIFY(!bench.form->isMinimized());
 }
 
-void TstMainWindowShell::AWindowThatWasNotTakenInIsShownAgainOnce() {
+void TstMainWindowShell::AWindowIgnoredByTheWindowManagerIsShownAgainOnce() {
     MainWindowBench bench;
     bench.stack.isLost = true;
     bench.Start();
@@ -217,7 +217,7 @@ void TstMainWindowShell::AWindowThatWasNotTakenInIsShownAgainOnce() {
     QVERIFY(bench.form->isVisible());
 }
 
-void TstMainWindowShell::AWindowThatIsOnTheScreenIsNotHiddenWhileItSettles() {
+void TstMainWindowShell::AWindowOnTheScreenIsNotHiddenDuringStartUp() {
     MainWindowBench bench;
     bench.Start();
     QVERIFY(!bench.form->windowHandle()->isExposed());  // Qt was not notified; hiding it could lose a click
@@ -314,7 +314,7 @@ void TstMainWindowShell::TheMenuOpensForTheKeyboard() {
     bench.form->VisibleMenus().constFirst()->close();
 }
 
-void TstMainWindowShell::SettingsAreSavedBeforeTheIconGoesBeforeTheRest() {
+void TstMainWindowShell::ClosingSavesTheSettingsThenRemovesTheIconThenEnds() {
     MainWindowBench bench;
     bench.tray.SetThere(true);
     bench.Start();

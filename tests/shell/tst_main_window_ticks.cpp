@@ -29,11 +29,11 @@ private Q_SLOTS:
     void TheUsageTimeIsShownWithin250Milliseconds();
     void AResumeIsNoticedByTheUsageTime();
     void TheUsageTimeWakesAboutOnceASecond();
-    void TheLongUsageTimeIsShownInTimeToo_data();
-    void TheLongUsageTimeIsShownInTimeToo();
+    void TheLongUsageTimeIsAlsoShownInTime_data();
+    void TheLongUsageTimeIsAlsoShownInTime();
     void TheRunningStopwatchIsPacedToTheScreen();
-    void AStandingStopwatchWakesNobody();
-    void AReaderIsToldTheReadingOfTheMoment();
+    void AnIdleStopwatchCausesNoWakeUps();
+    void AScreenReaderGetsTheCurrentReading();
     void TheCountdownEndsOnItsMillisecond_data();
     void TheCountdownEndsOnItsMillisecond();
 };
@@ -50,7 +50,7 @@ void TstMainWindowTicks::TheTimeIsShownWithin200Milliseconds() {
 
 void TstMainWindowTicks::TheShownClockWakesAboutOnceASecond() {
     TickingBench bench;
-    // Each second, and each rotation of the upper line. The keep-top timer ticks together with a second.
+    // Each second and each rotation of the upper line; the keep-top timer ticks together with a second.
     const int wakeUps = bench.WakeUps(kHour);
     QVERIFY2(wakeUps >= 3600 && wakeUps <= 3600 + 360 + 60, qPrintable(QString::number(wakeUps)));
     QVERIFY(bench.stack.raised.size() >= 1800);
@@ -168,11 +168,11 @@ void TstMainWindowTicks::TheUsageTimeWakesAboutOnceASecond() {
     QVERIFY(bench.stack.raised.size() >= 1800);
 }
 
-void TstMainWindowTicks::TheLongUsageTimeIsShownInTimeToo_data() {
+void TstMainWindowTicks::TheLongUsageTimeIsAlsoShownInTime_data() {
     TheUsageTimeIsShownWithin250Milliseconds_data();
 }
 
-void TstMainWindowTicks::TheLongUsageTimeIsShownInTimeToo() {
+void TstMainWindowTicks::TheLongUsageTimeIsAlsoShownInTime() {
     QFETCH(qint64, tick);
     TickingBench bench(1, tick);
     bench.further.corrections.longUsage = true;
@@ -195,13 +195,13 @@ void TstMainWindowTicks::TheRunningStopwatchIsPacedToTheScreen() {
     QCOMPARE(lastDigits.size(), 10);  // the last digit takes every value
 }
 
-void TstMainWindowTicks::AStandingStopwatchWakesNobody() {
+void TstMainWindowTicks::AnIdleStopwatchCausesNoWakeUps() {
     TickingBench bench(2);
     const int wakeUps = bench.WakeUps(kHour);
     QVERIFY2(wakeUps <= 1800 + 130, qPrintable(QString::number(wakeUps)));  // ticks of the keep-top timer
 }
 
-void TstMainWindowTicks::AReaderIsToldTheReadingOfTheMoment() {
+void TstMainWindowTicks::AScreenReaderGetsTheCurrentReading() {
     TickingBench bench(2);
     bench.StartStopwatch();
     QAccessibleInterface* line = QAccessible::queryAccessibleInterface(&bench.Lower());

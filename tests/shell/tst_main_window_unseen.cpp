@@ -21,7 +21,7 @@ private Q_SLOTS:
     void BackInSightTheReadingIsRightAtOnce();
     void UnseenCyclesComeInTime();
     void AResumeIsNoticedByTheUnseenCountdown();
-    void AnOverflowIsToldAlsoUnseen();
+    void AnOverflowIsReportedWhileUnseen();
 };
 
 void TstMainWindowUnseen::OutOfSightItWakesSeldom_data() {
@@ -130,7 +130,7 @@ void TstMainWindowUnseen::AResumeIsNoticedByTheUnseenCountdown() {
     QVERIFY(TickingBench::IsNoticeShown());
 }
 
-void TstMainWindowUnseen::AnOverflowIsToldAlsoUnseen() {
+void TstMainWindowUnseen::AnOverflowIsReportedWhileUnseen() {
     TickingBench bench(2, kTickTurn - 100'000);
     bench.StartStopwatch();
     bench.PutAway();

@@ -18,12 +18,12 @@ class TstPointerGesture : public QObject {
 
 private Q_SLOTS:
     void PressAndReleaseIsAClick();
-    void ATremblingHandStillClicks();
+    void SmallMovesStillClick();
     void AMoveDragsTheWindowAlong();
     void ADragThatComesBackIsNoClick();
     void TheRightEdgeChangesTheWidth();
-    void TheWindowStaysWideEnoughToBeTakenAgain();
-    void MovesWithoutAPressAreNothing();
+    void TheWindowStaysWideEnoughToBeDragged();
+    void MovesWithoutAPressAreIgnored();
     void AReleaseWithoutAPressIsNoClick();
     void TheEdgeIsTheLastSixPixels();
 };
@@ -34,7 +34,7 @@ void TstPointerGesture::PressAndReleaseIsAClick() {
     QVERIFY(gesture.Release());
 }
 
-void TstPointerGesture::ATremblingHandStillClicks() {
+void TstPointerGesture::SmallMovesStillClick() {
     PointerGesture gesture(10);
     gesture.Press({120, 210}, kWindow);
     QCOMPARE(gesture.Move({124, 215}), std::nullopt);
@@ -64,13 +64,13 @@ void TstPointerGesture::TheRightEdgeChangesTheWidth() {
     QVERIFY(!gesture.Release());
 }
 
-void TstPointerGesture::TheWindowStaysWideEnoughToBeTakenAgain() {
+void TstPointerGesture::TheWindowStaysWideEnoughToBeDragged() {
     PointerGesture gesture(10);
     gesture.Press({265, 210}, kWindow);
     QCOMPARE(gesture.Move({-500, 210}), std::optional(QRect(100, 200, 45, 40)));
 }
 
-void TstPointerGesture::MovesWithoutAPressAreNothing() {
+void TstPointerGesture::MovesWithoutAPressAreIgnored() {
     PointerGesture gesture(10);
     QCOMPARE(gesture.Move({500, 500}), std::nullopt);
 }

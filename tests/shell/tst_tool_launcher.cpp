@@ -19,8 +19,8 @@ class TstToolLauncher : public QObject {
 private Q_SLOTS:
     void EveryToolHasItsFile_data();
     void EveryToolHasItsFile();
-    void ThoseThatLieThereArePresent();
-    void AToolStartsInTheFolderWithItsWord();
+    void ToolsWhoseFileExistsArePresent();
+    void AToolStartsInTheFolderWithItsArgument();
     void AToolThatDoesNotStartIsAnError();
 };
 
@@ -32,7 +32,7 @@ void TstToolLauncher::EveryToolHasItsFile_data() {
     QTest::newRow("eye check") << 6 << u"KT06.exe"_s;
     QTest::newRow("two digits") << 10 << u"KT10.exe"_s;
     QTest::newRow("last") << 13 << u"KT13.exe"_s;
-    QTest::newRow("behind the last") << 14 << QString();
+    QTest::newRow("after the last") << 14 << QString();
 }
 
 void TstToolLauncher::EveryToolHasItsFile() {
@@ -40,7 +40,7 @@ void TstToolLauncher::EveryToolHasItsFile() {
     QTEST(ToolFileName(index), "file");
 }
 
-void TstToolLauncher::ThoseThatLieThereArePresent() {
+void TstToolLauncher::ToolsWhoseFileExistsArePresent() {
     const QTemporaryDir folder;
     FakeProgramStarter starter;
     const ToolLauncher tools(ProgramFolder(folder.path()), starter);
@@ -52,7 +52,7 @@ void TstToolLauncher::ThoseThatLieThereArePresent() {
     QCOMPARE(tools.Present(), (QList<int>{2, 13}));
 }
 
-void TstToolLauncher::AToolStartsInTheFolderWithItsWord() {
+void TstToolLauncher::AToolStartsInTheFolderWithItsArgument() {
     FakeProgramStarter starter;
     ToolLauncher(ProgramFolder(u"/a b"_s), starter).Start(9);
     QCOMPARE(starter.started,

@@ -34,13 +34,13 @@ private Q_SLOTS:
     void TheIconHasTipAndMenu();
     void AClickTakesTheWindowBack();
     void StoringTwiceIsStoringOnce();
-    void AnAreaThatIsGoneGivesTheWindowBack();
-    void AnAreaThatStartsAgainKeepsIt();
-    void TheEndRemovesTheIconAlone();
+    void TheWindowReturnsIfTheAreaIsGone();
+    void TheWindowStaysStoredIfTheAreaRestarts();
+    void RemovingTheIconDoesNotShowTheWindow();
     void NothingTicksOutsideTheArea();
     void TheWindowGoesWhenTheIconHasCome();
     void WithoutAnIconTheWindowStays();
-    void AStoreThatIsUnderWayIsWithdrawn();
+    void APendingStoreIsWithdrawn();
 };
 
 void TstTrayStorage::WithoutAnAreaTheWindowStays() {
@@ -83,7 +83,7 @@ void TstTrayStorage::StoringTwiceIsStoringOnce() {
     QCOMPARE(bench.told, QList<bool>{true});
 }
 
-void TstTrayStorage::AnAreaThatIsGoneGivesTheWindowBack() {
+void TstTrayStorage::TheWindowReturnsIfTheAreaIsGone() {
     Bench bench;
     bench.tray.SetThere(true);
     bench.storage.Store();
@@ -97,7 +97,7 @@ void TstTrayStorage::AnAreaThatIsGoneGivesTheWindowBack() {
     QCOMPARE(bench.told, (QList<bool>{true, false}));
 }
 
-void TstTrayStorage::AnAreaThatStartsAgainKeepsIt() {
+void TstTrayStorage::TheWindowStaysStoredIfTheAreaRestarts() {
     Bench bench;
     bench.tray.SetThere(true);
     bench.storage.Store();
@@ -110,7 +110,7 @@ void TstTrayStorage::AnAreaThatStartsAgainKeepsIt() {
     QVERIFY(bench.storage.IsStored());
 }
 
-void TstTrayStorage::TheEndRemovesTheIconAlone() {
+void TstTrayStorage::RemovingTheIconDoesNotShowTheWindow() {
     Bench bench;
     bench.tray.SetThere(true);
     bench.storage.Store();
@@ -156,7 +156,7 @@ void TstTrayStorage::WithoutAnIconTheWindowStays() {
     QCOMPARE(bench.told, QList<bool>{true});
 }
 
-void TstTrayStorage::AStoreThatIsUnderWayIsWithdrawn() {
+void TstTrayStorage::APendingStoreIsWithdrawn() {
     Bench bench;
     bench.tray.SetThere(true);
     bench.tray.isSlow = true;

@@ -14,11 +14,11 @@ private Q_SLOTS:
     void TwipsBecomePixels_data();
     void TwipsBecomePixels();
     void AWindowLeftAloneKeepsItsTwips();
-    void AMovedWindowIsMeasuredAnew();
-    void APlaceInBetweenIsPutBackAndNotKept();
-    void AManagerThatKnowsBetterWinsInTheEnd();
+    void AMovedWindowIsMeasuredAgain();
+    void AnIntermediatePositionIsPutBackAndNotStored();
+    void AWindowManagerThatInsistsWins();
     void AnOffscreenPlaceStaysOffscreen();
-    void NumbersTheWindowSystemCannotHoldAreGuardedAndKept();
+    void NumbersTooLargeForTheWindowSystemAreLimitedAndKept();
     void LinesShareTheWindow_data();
     void LinesShareTheWindow();
     void AWindowOnNoScreenIsBroughtBack();
@@ -48,7 +48,7 @@ void TstWindowGeometry::AWindowLeftAloneKeepsItsTwips() {
     QCOMPARE(keeper.Geometry(), (WindowGeometry{.width = 2506, .top = 7, .left = -8}));
 }
 
-void TstWindowGeometry::AMovedWindowIsMeasuredAnew() {
+void TstWindowGeometry::AMovedWindowIsMeasuredAgain() {
     GeometryKeeper keeper;
     keeper.Set({.width = 2506, .top = 7, .left = 8});
     keeper.Settle();
@@ -58,7 +58,7 @@ void TstWindowGeometry::AMovedWindowIsMeasuredAnew() {
     QCOMPARE(keeper.Geometry(), (WindowGeometry{.width = 3000, .top = 7, .left = 300}));
 }
 
-void TstWindowGeometry::APlaceInBetweenIsPutBackAndNotKept() {
+void TstWindowGeometry::AnIntermediatePositionIsPutBackAndNotStored() {
     GeometryKeeper keeper;
     keeper.Set({.width = 2505, .top = 1500, .left = 1500});
     QVERIFY(!keeper.Moved({100, 100}));
@@ -67,7 +67,7 @@ void TstWindowGeometry::APlaceInBetweenIsPutBackAndNotKept() {
     QCOMPARE(keeper.Geometry(), (WindowGeometry{.width = 2505, .top = 1500, .left = 1500}));
 }
 
-void TstWindowGeometry::AManagerThatKnowsBetterWinsInTheEnd() {
+void TstWindowGeometry::AWindowManagerThatInsistsWins() {
     GeometryKeeper keeper;
     keeper.Set({.width = 2505, .top = 0, .left = 0});
     int putBack = 0;
@@ -84,7 +84,7 @@ void TstWindowGeometry::AnOffscreenPlaceStaysOffscreen() {
     QCOMPARE(keeper.Position(), QPoint(4000, -5000));
 }
 
-void TstWindowGeometry::NumbersTheWindowSystemCannotHoldAreGuardedAndKept() {
+void TstWindowGeometry::NumbersTooLargeForTheWindowSystemAreLimitedAndKept() {
     GeometryKeeper keeper;
     const WindowGeometry wild{.width = -30, .top = 2147483647, .left = -2147483647};
     keeper.Set(wild);
@@ -109,7 +109,7 @@ void TstWindowGeometry::LinesShareTheWindow_data() {
         << 40 << 20 << QRect(0, 0, 167, 44) << QRect(0, 44, 167, 24) << 68;
     QTest::newRow("small texts share what is spare")
         << 6 << 10 << QRect(0, 0, 167, 18) << QRect(0, 18, 167, 22) << 40;
-    QTest::newRow("texts beyond all screens are cut")
+    QTest::newRow("texts higher than all screens are cut off")
         << 60000 << 60000 << QRect(0, 0, 167, 32000) << QRect(0, 32000, 167, 0) << 32000;
 }
 
@@ -129,7 +129,7 @@ void TstWindowGeometry::AWindowOnNoScreenIsBroughtBack() {
     const QRect left(0, 0, 1920, 1080);
     const QRect right(1920, 0, 1920, 1080);
     const QRect seen(3800, 1000, 167, 40);
-    QCOMPARE(BroughtBack(seen, {left, right}, left), seen);  // a corner is enough
+    QCOMPARE(BroughtBack(seen, {left, right}, left), seen);  // one visible corner is enough
     QCOMPARE(BroughtBack(seen, {left}, left), QRect(0, 0, 167, 40));
     QCOMPARE(BroughtBack({-500, 3, 167, 40}, {left, right}, right), QRect(1920, 0, 167, 40));
 }

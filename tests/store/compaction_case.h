@@ -21,7 +21,7 @@ struct CompactionCase {
         }
     }
 
-    /// The reason of the RunTimeError; empty if there was none.
+    /// The reason of the RunTimeError that the compaction throws; empty if it throws none.
     QString Fault(StoreDisk& disk) {
         try {
             CompactDayDatabase(handle, ProgramFolder(store.Folder()), boxes, disk);

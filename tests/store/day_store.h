@@ -20,7 +20,7 @@ private:
     SqliteHandle m_handle;
 };
 
-/// A day database in its own folder that contains only the national holidays of the shipped one.
+/// A day database in its own folder, with the national holidays of the shipped one as its only rows.
 class DayStore {
 public:
     DayStore();

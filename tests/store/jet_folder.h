@@ -39,10 +39,11 @@ QByteArray FullJet4();
 QString ImportError(const QString& path);
 QString ImportError(const QString& path, StoreDisk& disk);
 
-/// The rows of a database in our format, formatted like the expected*.tsv files. Throws std::runtime_error.
+/// The rows of a database in the program's own format, written like the expected*.tsv files. Throws
+/// std::runtime_error.
 QByteArray StoredTsv(const QString& path);
 
-/// Whether `path` opens as a database in our format with the contents of the full Jet 4 sample.
+/// Whether `path` opens as a database in the program's own format with the contents of the full Jet 4 sample.
 bool IsWholeDatabase(const QString& path);
 
 }  // namespace tickwell::store

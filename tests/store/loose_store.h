@@ -8,7 +8,7 @@
 
 namespace tickwell::store {
 
-/// A day database with much empty space, in a folder that is the current one.
+/// A day database with much free space inside the file. Its folder is the current one.
 class LooseStore : public DayStore {
 public:
     explicit LooseStore(int rows = 3000);
@@ -22,10 +22,10 @@ public:
     QString PathOf(const QString& name) const { return Folder() + u'/' + name; }
 };
 
-/// The current folder, as the program's.
+/// The current folder, in the form in which the program passes its folder.
 ProgramFolder Here();
 
-/// The names in the folder if nothing is left over.
+/// The names in the folder when no compaction has left anything behind.
 QStringList NamesAtRest();
 
 }  // namespace tickwell::store

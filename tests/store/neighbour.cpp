@@ -45,7 +45,7 @@ void Write(int file, const QByteArray& bytes) {
     Require(write(file, bytes.constData(), static_cast<std::size_t>(bytes.size())) == bytes.size(), "write");
 }
 
-/// Waits for an order before each action; returns at the end of the orders.
+/// Waits for a byte before each action; returns when `orders` is closed.
 void Obey(int orders, int answers, const std::array<std::function<void()>, 2>& deeds) {
     char order = 0;
     for (const auto& deed : deeds) {

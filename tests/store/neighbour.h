@@ -22,7 +22,7 @@ public:
     Neighbour(const Neighbour&) = delete;
     Neighbour& operator=(const Neighbour&) = delete;
 
-    /// Each waits until its action is done. Throws std::runtime_error if the process has ended.
+    /// Each waits until its action is finished. Throws std::runtime_error if the process has ended.
     void DoFirst() { DoNext(); }
     void DoSecond() { DoNext(); }
 

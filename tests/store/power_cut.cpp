@@ -21,8 +21,8 @@ void Write(QByteArray& file, qint64 at, const QByteArray& bytes) {
     file.replace(at, bytes.size(), bytes);
 }
 
-/// Whether `sync` makes `step` durable: a file's contents if it syncs that file, names if it syncs the
-/// folder.
+/// Whether `sync` makes `step` durable: a file's contents if it syncs that file, directory entries if it
+/// syncs the folder.
 bool Secures(const DiskStep& sync, const DiskStep& step) {
     const bool isName = step.kind == DiskStep::Kind::Create || step.kind == DiskStep::Kind::Remove;
     if (isName) {
@@ -31,12 +31,12 @@ bool Secures(const DiskStep& sync, const DiskStep& step) {
     return sync.kind == DiskStep::Kind::Sync && sync.path == step.path;
 }
 
-/// The disk during the steps. A file that was removed and created again is a different file.
+/// The contents of the disk after some steps. A file that was removed and created again is a different file.
 class Disk {
 public:
     explicit Disk(const DiskState& before) : m_files(before) {}
 
-    /// `making`: how many times a file of this path has been created, including this step.
+    /// `making`: the number of times that a file of this path has been created, this step included.
     void Do(const DiskStep& step, int making, Share share) {
         auto file = m_files.find(step.path);
         if (file != m_files.end() && m_makings.value(step.path) != making) {
@@ -71,14 +71,14 @@ public:
     const DiskState& State() const { return m_files; }
 
 private:
-    /// Complete sectors only; a single sector is written completely.
+    /// Whole sectors only; a single sector is written completely.
     static QByteArray FirstHalf(const QByteArray& bytes) {
         const qsizetype half = bytes.size() / 2 / kSector * kSector;
         return half > 0 ? bytes.first(half) : bytes;
     }
 
     DiskState m_files;
-    QMap<QString, int> m_makings;  // which creation of its path each file comes from; 0 at the beginning
+    QMap<QString, int> m_makings;  // by path: which creation the file comes from; 0 initially
 };
 
 class PowerCuts {
@@ -126,7 +126,7 @@ private:
         return step.kind == DiskStep::Kind::Sync || (step.kind == DiskStep::Kind::Remove && step.isFolder);
     }
 
-    /// The steps before `cut` that may not be on the disk yet, ascending.
+    /// The steps before `cut` that are possibly not on the disk yet, in ascending order.
     std::vector<std::size_t> OpenSteps(std::size_t cut) const {
         std::vector<std::size_t> open;
         for (std::size_t step = 0; step < cut; ++step) {

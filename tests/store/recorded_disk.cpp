@@ -14,7 +14,7 @@ std::vector<DiskStep> g_steps;
 sqlite3_vfs* g_real = nullptr;
 sqlite3_vfs g_recorded{};
 
-/// Allocated by SQLite, followed by the real file.
+/// SQLite allocates this struct, followed by the file object of the real VFS.
 struct RecordedFile {
     sqlite3_file base{};
     QString path;
@@ -62,7 +62,7 @@ int Sync(sqlite3_file* file, int flags) {
 const sqlite3_io_methods& Methods() {
     static const sqlite3_io_methods methods = [] {
         sqlite3_io_methods all{};
-        all.iVersion = 1;  // neither shared memory nor mapped files, whose writes would not be recorded
+        all.iVersion = 1;  // no shared memory or mapped files, whose writes would not be recorded
         all.xClose = Close;
         all.xRead = [](sqlite3_file* file, void* bytes, int count, sqlite3_int64 at) {
             return Real(file)->pMethods->xRead(Real(file), bytes, count, at);

@@ -13,13 +13,13 @@ struct DiskStep {
 
     Kind kind = Kind::Mark;
     QString path;
-    qint64 at = 0;          ///< of Write: offset; of Truncate: the new size; of Mark: its number
-    QByteArray bytes;       ///< of Write
-    bool isFolder = false;  ///< of Sync, Remove: whether the folder's names are also on the disk on return
+    qint64 at = 0;          ///< of Write: the offset; of Truncate: the new size; of Mark: its number
+    QByteArray bytes;       ///< of Write: the data
+    bool isFolder = false;  ///< of Sync and Remove: whether the folder's entries are on the disk as well
 };
 
-/// A VFS between SQLite and the real one that records every step; during its lifetime SQLite opens its files
-/// through it. Databases must be opened and closed during its lifetime.
+/// A VFS between SQLite and the real VFS that records every step. SQLite opens its files through it during
+/// its lifetime; databases must be opened and closed within it.
 class RecordedDisk {
 public:
     RecordedDisk();

@@ -10,13 +10,13 @@ namespace tickwell::store {
 /// The reason for which opening fails; empty if it succeeds.
 QString OpeningFault(const QString& path);
 
-/// The resulting start-up message: the file's name and the reason.
+/// The resulting message at start-up: the file's name and the reason.
 QString Told(const QString& path, const QString& reason);
 
 QByteArray BytesOf(const QString& path);
 void SetBytes(const QString& path, const QByteArray& bytes);
 
-/// Stores that many anniversaries, so that the file contains pages of every kind.
+/// Stores `rows` anniversaries; with enough of them the file contains pages of every kind.
 void Fill(const DayStore& store, int rows);
 
 }  // namespace tickwell::store

@@ -26,7 +26,7 @@ void Require(bool holds, const char* what) {
     }
 }
 
-/// Requires that a program that ignores the lock file can neither read nor write.
+/// Requires that a program which ignores the lock file can neither read nor write the database.
 void RequireShutOut(const QString& path, const char* sql) {
     bool isIn = true;
     try {
@@ -52,17 +52,17 @@ class TstCompaction : public QObject {
 private Q_SLOTS:
     void MakesTheFileSmallerAndKeepsEveryRow();
     void ReportsNoGainTheSecondTime();
-    void GoesInThisOrder();
-    void ARenamingIsSyncedBeforeAndAfter();
-    void GoesIntoTheFolderFirst();
-    void AStaleTargetIsNoHindrance_data();
-    void AStaleTargetIsNoHindrance();
+    void StepsHaveThisOrder();
+    void RenamesAreSyncedBeforeAndAfter();
+    void EntersTheFolderFirst();
+    void AStaleTargetIsReplaced_data();
+    void AStaleTargetIsReplaced();
     void KeepsThePermissions_data();
     void KeepsThePermissions();
-    void OpensWhatWasClosed();
+    void ReopensTheDatabase();
     void CanBeStopped();
-    void NobodyElseIsLetInMeanwhile();
-    void AStrangerWithTheOldFileOpenIsRefusedItsNextWrite();
+    void NobodyElseCanOpenTheFileMeanwhile();
+    void AnotherProgramWithTheOldFileOpenFailsAtItsNextWrite();
     void FailsUntouchedWhileAnotherProcessHoldsTheFile_data();
     void FailsUntouchedWhileAnotherProcessHoldsTheFile();
 };
@@ -92,7 +92,7 @@ void TstCompaction::ReportsNoGainTheSecondTime() {
     QCOMPARE(bench.boxes.Shown().constLast(), CompactionDone(size, size));
 }
 
-void TstCompaction::GoesInThisOrder() {
+void TstCompaction::StepsHaveThisOrder() {
     CompactionCase bench;
     WatchedDisk disk([](int, bool) {});
     QCOMPARE(bench.Fault(disk), QString());
@@ -104,7 +104,7 @@ void TstCompaction::GoesInThisOrder() {
                           u"rename BUDate.mdb"_s, u"remove CopyDate.mdb"_s, u"size DayDate.mdb"_s}));
 }
 
-void TstCompaction::ARenamingIsSyncedBeforeAndAfter() {
+void TstCompaction::RenamesAreSyncedBeforeAndAfter() {
     class SyncedDisk : public PosixStoreDisk {
     public:
         void Rename(const QString& from, const QString& to) override {
@@ -119,7 +119,7 @@ void TstCompaction::ARenamingIsSyncedBeforeAndAfter() {
     QCOMPARE(disk.steps, (QStringList{u"sync /a"_s, u"rename /a/new to /a/live"_s, u"sync /a"_s}));
 }
 
-void TstCompaction::GoesIntoTheFolderFirst() {
+void TstCompaction::EntersTheFolderFirst() {
     CompactionCase bench;
     QVERIFY(QDir::setCurrent(u"/"_s));
     QCOMPARE(bench.Fault(), QString());
@@ -134,17 +134,17 @@ void TstCompaction::GoesIntoTheFolderFirst() {
     QVERIFY(bench.handle.IsOpen());
 }
 
-void TstCompaction::AStaleTargetIsNoHindrance_data() {
+void TstCompaction::AStaleTargetIsReplaced_data() {
     QTest::addColumn<QStringList>("names");
     QTest::newRow("target") << QStringList({u"BUDate.mdb"_s});
     QTest::newRow("target and its journal") << QStringList({u"BUDate.mdb"_s, u"BUDate.mdb-journal"_s});
-    QTest::newRow("journal alone") << QStringList({u"BUDate.mdb-journal"_s});
+    QTest::newRow("only the journal") << QStringList({u"BUDate.mdb-journal"_s});
     QTest::newRow("copy") << QStringList({u"CopyDate.mdb"_s});
     QTest::newRow("all") << QStringList({u"BUDate.mdb"_s, u"BUDate.mdb-journal"_s, u"BUDate.mdb-wal"_s,
                                          u"CopyDate.mdb"_s, u"CopyDate.mdb-journal"_s});
 }
 
-void TstCompaction::AStaleTargetIsNoHindrance() {
+void TstCompaction::AStaleTargetIsReplaced() {
     QFETCH(QStringList, names);
     CompactionCase bench;
     const QStringList rows = bench.store.Rows();
@@ -195,7 +195,7 @@ void TstCompaction::KeepsThePermissions() {
     QCOMPARE(modeOf(u"DayDate.mdb"_s), mode);
 }
 
-void TstCompaction::OpensWhatWasClosed() {
+void TstCompaction::ReopensTheDatabase() {
     CompactionCase bench(false);
     QCOMPARE(bench.Fault(), QString());
     QVERIFY(bench.handle.IsOpen());
@@ -211,7 +211,7 @@ void TstCompaction::CanBeStopped() {
     QCOMPARE(bench.Fault(disk).section(u'\r', 0, 0), u"CopyDate.mdb"_s);
     QCOMPARE(BytesOf(bench.store.Path()), before);
     QCOMPARE(bench.store.Names(), NamesAtRest());
-    // Also in the middle of a statement, from any thread.
+    // Statements are also interrupted while they run, from any thread.
     SqliteConnection connection(bench.store.Path());
     connection.StopWith(stop.get_token());
     try {
@@ -222,7 +222,7 @@ void TstCompaction::CanBeStopped() {
     }
 }
 
-void TstCompaction::NobodyElseIsLetInMeanwhile() {
+void TstCompaction::NobodyElseCanOpenTheFileMeanwhile() {
     CompactionCase bench(false);
     const QString path = bench.store.Path();
     Neighbour neighbour(
@@ -244,7 +244,7 @@ void TstCompaction::NobodyElseIsLetInMeanwhile() {
     QCOMPARE(bench.store.Rows(), rows);
 }
 
-void TstCompaction::AStrangerWithTheOldFileOpenIsRefusedItsNextWrite() {
+void TstCompaction::AnotherProgramWithTheOldFileOpenFailsAtItsNextWrite() {
     CompactionCase bench(false);
     const QByteArray insert = R"(INSERT INTO Holiday("Date") VALUES ('2026-10-09'))";
     std::unique_ptr<RawConnection> stranger;

@@ -27,9 +27,9 @@ const QString kNoRoom = u"ディスクの空き容量が足りません。"_s;
 /// The outcome of a failing step.
 enum class Outcome {
     Success,        // the failure has no effect
-    ReportedError,  // it could not begin: reported like any handler's error
+    ReportedError,  // the compaction did not begin: reported like the error of any handler
     Restored,       // the failure message, and the file is unchanged
-    KeptSmaller     // the failure message, and the compacted file, which is the only one
+    KeptSmaller     // the failure message, and only the compacted file exists
 };
 
 /// Simulates a disk that becomes full while the file is compacted.
@@ -53,25 +53,25 @@ class TstCompactionFaults : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void NoStepThatFailsCostsARow_data();
-    void NoStepThatFailsCostsARow();
-    void WhereNothingCanBeRenamedTheNextStartTidiesUp();
+    void AFailingStepLosesNoRow_data();
+    void AFailingStepLosesNoRow();
+    void IfNothingCanBeRenamedTheNextStartTidiesUp();
     void AFullDiskWhileCopying();
     void AFullDiskWhileCompacting();
     void AMissingFileIsReported();
     void ADamagedFileFailsUntouched_data();
     void ADamagedFileFailsUntouched();
-    void ALiveFileThatVanishedIsPutBack();
-    void AnythingInTheWayIsNoLoss_data();
-    void AnythingInTheWayIsNoLoss();
-    void AReadOnlyFolderIsNoLoss();
+    void AVanishedDatabaseIsRestored();
+    void AnythingInTheWayLosesNoRow_data();
+    void AnythingInTheWayLosesNoRow();
+    void AReadOnlyFolderLosesNoRow();
     void AFileBeyondTheRangeIsAnOverflow();
-    void ACompactedFileThatIsDamagedIsNotTaken_data();
-    void ACompactedFileThatIsDamagedIsNotTaken();
-    void AFileThatIsLockedAtTheReopenIsOpenedLater();
+    void ADamagedCompactedFileIsNotUsed_data();
+    void ADamagedCompactedFileIsNotUsed();
+    void AFileLockedAtReopeningIsOpenedLater();
 };
 
-void TstCompactionFaults::NoStepThatFailsCostsARow_data() {
+void TstCompactionFaults::AFailingStepLosesNoRow_data() {
     QTest::addColumn<int>("step");
     QTest::addColumn<bool>("isDone");
     QTest::addColumn<Outcome>("outcome");
@@ -92,7 +92,7 @@ void TstCompactionFaults::NoStepThatFailsCostsARow_data() {
     rows("size after", 14, 14, Outcome::KeptSmaller, Outcome::KeptSmaller);
 }
 
-void TstCompactionFaults::NoStepThatFailsCostsARow() {
+void TstCompactionFaults::AFailingStepLosesNoRow() {
     QFETCH(int, step);
     QFETCH(bool, isDone);
     QFETCH(Outcome, outcome);
@@ -120,15 +120,15 @@ void TstCompactionFaults::NoStepThatFailsCostsARow() {
     const bool isAsItWas = outcome == Outcome::ReportedError || outcome == Outcome::Restored;
     QCOMPARE(BytesOf(bench.store.Path()) == before, isAsItWas);
     QCOMPARE(bench.store.Rows(), rows);
-    if (step == 10 && isDone) {  // a finished copy is left to the next start
+    if (step == 10 && isDone) {  // a complete copy is removed by the next start
         QVERIFY(QFile::remove(u"CopyDate.mdb"_s));
     }
     QCOMPARE(bench.store.Names(), NamesAtRest());
-    QCOMPARE(bench.Fault(), QString());  // there is space again
+    QCOMPARE(bench.Fault(), QString());  // the disk has space again
     QCOMPARE(bench.boxes.Shown().constLast().icon, MessageIcon::Information);
 }
 
-void TstCompactionFaults::WhereNothingCanBeRenamedTheNextStartTidiesUp() {
+void TstCompactionFaults::IfNothingCanBeRenamedTheNextStartTidiesUp() {
     CompactionCase bench;
     const QStringList rows = bench.store.Rows();
     WatchedDisk disk([](int step, bool isDone) {
@@ -198,7 +198,7 @@ void TstCompactionFaults::ADamagedFileFailsUntouched_data() {
     const QByteArray whole = BytesOf(store.Path());
     QTest::newRow("empty, whose ratio would be no number") << QByteArray();
     QTest::newRow("a text") << QByteArray("This is a text. ").repeated(1000);
-    QTest::newRow("cut") << whole.chopped(4096);
+    QTest::newRow("truncated") << whole.chopped(4096);
     QTest::newRow("a page of zeros") << QByteArray(whole).replace(8192, 4096, QByteArray(4096, '\0'));
 }
 
@@ -213,7 +213,7 @@ void TstCompactionFaults::ADamagedFileFailsUntouched() {
     QCOMPARE(bench.store.Names(), NamesAtRest());
 }
 
-void TstCompactionFaults::ALiveFileThatVanishedIsPutBack() {
+void TstCompactionFaults::AVanishedDatabaseIsRestored() {
     CompactionCase bench;
     const QStringList rows = bench.store.Rows();
     WatchedDisk withCopy([](int step, bool isDone) {
@@ -238,14 +238,14 @@ void TstCompactionFaults::ALiveFileThatVanishedIsPutBack() {
     QCOMPARE(bench.store.Names(), NamesAtRest());
 }
 
-void TstCompactionFaults::AnythingInTheWayIsNoLoss_data() {
+void TstCompactionFaults::AnythingInTheWayLosesNoRow_data() {
     QTest::addColumn<QString>("name");
     QTest::addColumn<bool>("isReported");
     QTest::newRow("copy") << u"CopyDate.mdb"_s << true;
     QTest::newRow("target") << u"BUDate.mdb"_s << false;
 }
 
-void TstCompactionFaults::AnythingInTheWayIsNoLoss() {
+void TstCompactionFaults::AnythingInTheWayLosesNoRow() {
     QFETCH(QString, name);
     QFETCH(bool, isReported);
     CompactionCase bench;
@@ -259,7 +259,7 @@ void TstCompactionFaults::AnythingInTheWayIsNoLoss() {
     QCOMPARE(bench.store.Names(), NamesAtRest());
 }
 
-void TstCompactionFaults::AReadOnlyFolderIsNoLoss() {
+void TstCompactionFaults::AReadOnlyFolderLosesNoRow() {
     CompactionCase bench(false);
     const QByteArray before = BytesOf(bench.store.Path());
     QCOMPARE(chmod(qPrintable(bench.store.Path()), 0666), 0);
@@ -272,7 +272,7 @@ void TstCompactionFaults::AReadOnlyFolderIsNoLoss() {
     QCOMPARE(chmod(qPrintable(bench.store.Folder()), 0755), 0);
     QCOMPARE(told, u"CopyDate.mdb open"_s);
     QCOMPARE(BytesOf(bench.store.Path()), before);
-    QCOMPARE(bench.store.Names(), QStringList(u"DayDate.mdb"_s));  // and no lock file
+    QCOMPARE(bench.store.Names(), QStringList(u"DayDate.mdb"_s));  // the lock file is gone as well
 }
 
 void TstCompactionFaults::AFileBeyondTheRangeIsAnOverflow() {
@@ -282,17 +282,17 @@ void TstCompactionFaults::AFileBeyondTheRangeIsAnOverflow() {
     QVERIFY(huge.open(QIODevice::WriteOnly) && huge.resize(qint64{1} << 31));
     QCOMPARE(bench.Fault(), OverflowError().Reason());
     QVERIFY(bench.boxes.Shown().isEmpty());
-    QVERIFY(!bench.handle.TryOpen());  // it lacks all tables
+    QVERIFY(!bench.handle.TryOpen());  // the file has no tables
     QCOMPARE(huge.size(), qint64{1} << 31);
 }
 
-void TstCompactionFaults::ACompactedFileThatIsDamagedIsNotTaken_data() {
+void TstCompactionFaults::ADamagedCompactedFileIsNotUsed_data() {
     QTest::addColumn<QByteArray>("spoil");
     QTest::newRow("a page of zeros") << QByteArray();
     QTest::newRow("a table is missing") << QByteArray("DROP TABLE Holiday");
 }
 
-void TstCompactionFaults::ACompactedFileThatIsDamagedIsNotTaken() {
+void TstCompactionFaults::ADamagedCompactedFileIsNotUsed() {
     QFETCH(QByteArray, spoil);
     CompactionCase bench;
     const QByteArray before = BytesOf(bench.store.Path());
@@ -314,7 +314,7 @@ void TstCompactionFaults::ACompactedFileThatIsDamagedIsNotTaken() {
     QVERIFY(bench.handle.TryOpen());
 }
 
-void TstCompactionFaults::AFileThatIsLockedAtTheReopenIsOpenedLater() {
+void TstCompactionFaults::AFileLockedAtReopeningIsOpenedLater() {
     CompactionCase bench(false);
     std::unique_ptr<RawConnection> stranger;
     Neighbour neighbour(
@@ -337,7 +337,7 @@ void TstCompactionFaults::AFileThatIsLockedAtTheReopenIsOpenedLater() {
     QCOMPARE(bench.boxes.Shown().constLast().icon, MessageIcon::Information);
     QTest::ignoreMessage(QtWarningMsg, QRegularExpression(u"still closed: DayDate.mdb.*使用中"_s));
     QVERIFY(!bench.handle.TryOpen());
-    QTest::failOnWarning(QRegularExpression(u"still closed"_s));  // it is logged only once
+    QTest::failOnWarning(QRegularExpression(u"still closed"_s));  // logged only once
     QVERIFY(!bench.handle.TryOpen());
     QVERIFY_THROWS_EXCEPTION(SqlError, bench.handle.RunQuery(u"SELECT Holiday.Date FROM Holiday"_s));
     neighbour.DoSecond();

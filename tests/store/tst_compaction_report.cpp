@@ -23,9 +23,9 @@ private Q_SLOTS:
     void Ratio_data();
     void Ratio();
     void HasOneDecimalAtMost();
-    void TellsBothSizesAndTheRatio_data();
-    void TellsBothSizesAndTheRatio();
-    void TellsOfAFailure();
+    void NamesBothSizesAndTheRatio_data();
+    void NamesBothSizesAndTheRatio();
+    void ReportsAFailure();
 };
 
 void TstCompactionReport::Ratio_data() {
@@ -47,8 +47,8 @@ void TstCompactionReport::Ratio_data() {
     row("one third left", 3, 1, u"66.7"_s);
     row("nearly all", 1024, 1, u"100"_s);
     row("all", 1024, 0, u"100"_s);
-    row("grown by one in a thousand, which doubles make none", 1000, 1001, u"0"_s);
-    row("grown by five in a thousand, which doubles make four", 1000, 1005, u"-0.4"_s);
+    row("grown by one in a thousand, which floating point makes none", 1000, 1001, u"0"_s);
+    row("grown by five in a thousand, which floating point makes four", 1000, 1005, u"-0.4"_s);
     row("grown by a 99th", 99, 100, u"-1"_s);
     row("grown by half a hundredth", 40'960, 41'165, u"-0.5"_s);
     row("grown by a tenth", 40'960, 45'056, u"-10"_s);
@@ -73,7 +73,7 @@ void TstCompactionReport::HasOneDecimalAtMost() {
     }
 }
 
-void TstCompactionReport::TellsBothSizesAndTheRatio_data() {
+void TstCompactionReport::NamesBothSizesAndTheRatio_data() {
     QTest::addColumn<qint32>("before");
     QTest::addColumn<qint32>("after");
     QTest::addColumn<QByteArray>("text");
@@ -83,13 +83,13 @@ void TstCompactionReport::TellsBothSizesAndTheRatio_data() {
                                    QByteArray(sizes);
     };
     row("smaller", 663'552, 57'344, "648KB\r\n     最適後：56KB\r\n     圧縮率：91.4%");
-    row("kilobytes are cut", 2047, 1025, "1KB\r\n     最適後：1KB\r\n     圧縮率：50%");
+    row("kilobytes are truncated", 2047, 1025, "1KB\r\n     最適後：1KB\r\n     圧縮率：50%");
     row("below one kilobyte", 1023, 512, "0KB\r\n     最適後：0KB\r\n     圧縮率：50%");
     row("nothing gained", 40'960, 40'960, "40KB\r\n     最適後：40KB\r\n     圧縮率：0%");
     row("grown", 40'960, 45'056, "40KB\r\n     最適後：44KB\r\n     圧縮率：-10%");
 }
 
-void TstCompactionReport::TellsBothSizesAndTheRatio() {
+void TstCompactionReport::NamesBothSizesAndTheRatio() {
     QFETCH(qint32, before);
     QFETCH(qint32, after);
     QFETCH(QByteArray, text);
@@ -99,7 +99,7 @@ void TstCompactionReport::TellsBothSizesAndTheRatio() {
     QCOMPARE(message.text.toUtf8(), text);
 }
 
-void TstCompactionReport::TellsOfAFailure() {
+void TstCompactionReport::ReportsAFailure() {
     QCOMPARE(CompactionFailed(), (Message{MessageIcon::Exclamation, u"データベースの最適化"_s,
                                           u"データベースの最適化に失敗しました。"_s}));
 }

@@ -14,7 +14,7 @@ namespace {
 
 const QString kEverything = u"SELECT * FROM Kinenbi WHERE Year <> 5"_s;
 
-/// "a 0 10 3 0; b .." for the rows of a result.
+/// The rows of a result as one text: "a 0 10 3 0; b …".
 QString Shown(const ResultSet& rows) {
     QStringList shown;
     for (const ResultRow& row : rows) {
@@ -48,16 +48,16 @@ private Q_SLOTS:
     void TakesNamesThatAreColumns();
     void ComparesNamesCharacterByCharacter();
     void ChangesEveryEqualRow();
-    void AnAnswerIsASnapshot();
-    void AnAnswerTellsAMissingColumn();
+    void AResultIsASnapshot();
+    void AResultReportsAMissingColumn();
     void RefusesTheWrongKindOfStatement();
-    void TakesATransactionBack();
-    void StoresATransactionAtOnce();
+    void RollsATransactionBack();
+    void CommitsATransactionAtOnce();
     void HasOneTransactionAtATime();
     void WorksInARelativeFolder();
-    void AnswersWithAnInvalidDateForWhatIsNone();
+    void ReturnsAnInvalidDateForATextThatIsNone();
     void RefusesValuesFromElsewhere();
-    void SetsTheEngine();
+    void ConfiguresSQLite();
 };
 
 void TstDayDatabase::KeepsTheOrderOfStoring() {
@@ -70,7 +70,7 @@ void TstDayDatabase::KeepsTheOrderOfStoring() {
     database.Execute(days::Insert(u"v"_s, 0, 0, 3, 17));
     const QDate day(1998, 10, 3);
     QCOMPARE(days::AnniversariesOf(database, day), u"z y x w v"_s);
-    // A changed row keeps its place.
+    // An updated row keeps its place.
     QCOMPARE(database.Execute(
                  u"UPDATE Kinenbi SET Name=\"a\", Year=\"0\", Month=\"0\", Day=\"0\", Week=\"17\" WHERE "
                  "Name=\"x\" AND Year=0 AND Month=10 AND Day=3 AND Week=0"_s),
@@ -182,7 +182,7 @@ void TstDayDatabase::ChangesEveryEqualRow() {
     QCOMPARE(database.Execute(u"UPDATE Kinenbi SET Day=4 WHERE Week=31"_s), 0);
 }
 
-void TstDayDatabase::AnAnswerIsASnapshot() {
+void TstDayDatabase::AResultIsASnapshot() {
     const DayStore store;
     DayDatabase database(store.Path());
     database.Execute(days::Insert(u"a"_s, 0, 1, 2, 0));
@@ -191,11 +191,11 @@ void TstDayDatabase::AnAnswerIsASnapshot() {
     database.Execute(u"DELETE * FROM Kinenbi WHERE Name=\"a\""_s);
     QCOMPARE(days::Names(before), u"a"_s);
     QCOMPARE(days::Names(database.RunQuery(kEverything)), u"b"_s);
-    // Nothing stays locked: another program can lock the file exclusively.
+    // Nothing stays locked: another program can get an exclusive lock.
     RawConnection(store.Path()).Run("BEGIN EXCLUSIVE; COMMIT; VACUUM");
 }
 
-void TstDayDatabase::AnAnswerTellsAMissingColumn() {
+void TstDayDatabase::AResultReportsAMissingColumn() {
     const DayStore store;
     DayDatabase database(store.Path());
     const ResultSet rows =
@@ -219,7 +219,7 @@ void TstDayDatabase::RefusesTheWrongKindOfStatement() {
     QCOMPARE(database.RunQuery(kEverything).Count(), 0);
 }
 
-void TstDayDatabase::TakesATransactionBack() {
+void TstDayDatabase::RollsATransactionBack() {
     const DayStore store;
     DayDatabase database(store.Path());
     database.Execute(days::Insert(u"a"_s, 0, 1, 2, 0));
@@ -233,7 +233,7 @@ void TstDayDatabase::TakesATransactionBack() {
     QCOMPARE(store.Raw("SELECT \"Name\" FROM Kinenbi"), QStringList(u"a"_s));
 }
 
-void TstDayDatabase::StoresATransactionAtOnce() {
+void TstDayDatabase::CommitsATransactionAtOnce() {
     const DayStore store;
     DayDatabase database(store.Path());
     DayTransaction transaction(database);
@@ -266,7 +266,7 @@ void TstDayDatabase::WorksInARelativeFolder() {
     QVERIFY(QFile::exists(store.Folder() + u"/DayDate.lock"_s));
 }
 
-void TstDayDatabase::AnswersWithAnInvalidDateForWhatIsNone() {
+void TstDayDatabase::ReturnsAnInvalidDateForATextThatIsNone() {
     const DayStore store;
     store.Raw(
         "INSERT INTO Holiday(\"Date\") VALUES ('10/3/1998'), ('1998-02-30'), ('1998-10-03'), ('1998-10-3')");
@@ -286,7 +286,7 @@ void TstDayDatabase::RefusesValuesFromElsewhere() {
     QCOMPARE(database.Execute(u"DELETE * FROM Syukuzitu WHERE Month=6"_s), 1);
 }
 
-void TstDayDatabase::SetsTheEngine() {
+void TstDayDatabase::ConfiguresSQLite() {
     const DayStore store;
     store.Raw("PRAGMA journal_mode=WAL");
     SqliteConnection connection(store.Path());

@@ -16,8 +16,8 @@ using namespace tickwell::store;
 
 namespace {
 
-/// A day database in its own folder, like one of a sync tool, and a link to it in the program's folder, which
-/// is the current one.
+/// A day database in its own folder, such as that of a sync program, and a link to it in the program's
+/// folder, which is the current one.
 struct LinkedCase {
     CompactionCase bench{false};
     QTemporaryDir folder;
@@ -43,16 +43,16 @@ class TstDayLinks : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void TheFileBehindTheLinkIsCompacted();
-    void AFileOfAnotherNameLeavesThoseBesideItAlone();
+    void TheTargetOfTheLinkIsCompacted();
+    void FilesBesideATargetOfAnotherNameAreLeftAlone();
     void LinksAreFollowedToTheEnd();
-    void ALinkInACircleLeadsNowhere();
-    void TheNextStartTidiesUpBehindTheLink();
-    void AProgramThatOpensTheTargetKeepsACompactionAway();
-    void AJetFileBehindTheLinkIsImported();
+    void ACircularLinkIsAnError();
+    void TheNextStartTidiesUpBesideTheTarget();
+    void AProgramWithTheTargetOpenPreventsCompaction();
+    void AJetFileThatTheLinkNamesIsImported();
 };
 
-void TstDayLinks::TheFileBehindTheLinkIsCompacted() {
+void TstDayLinks::TheTargetOfTheLinkIsCompacted() {
     LinkedCase linked;
     const QStringList rows = linked.bench.store.Rows();
     const qint64 before = QFileInfo(linked.real).size();
@@ -68,7 +68,7 @@ void TstDayLinks::TheFileBehindTheLinkIsCompacted() {
     QCOMPARE(linked.bench.store.Rows(), rows);
 }
 
-void TstDayLinks::AFileOfAnotherNameLeavesThoseBesideItAlone() {
+void TstDayLinks::FilesBesideATargetOfAnotherNameAreLeftAlone() {
     LinkedCase linked(u"CopyDate.mdb"_s);
     const QStringList rows = linked.bench.store.Rows();
     SetBytes(linked.folder.filePath(u"BUDate.mdb"_s), "of another one");
@@ -94,7 +94,7 @@ void TstDayLinks::LinksAreFollowedToTheEnd() {
     QCOMPARE(FollowLinks(u"elsewhere/DayDate.mdb"_s), u"elsewhere/DayDate.mdb"_s);
 }
 
-void TstDayLinks::ALinkInACircleLeadsNowhere() {
+void TstDayLinks::ACircularLinkIsAnError() {
     LinkedCase linked;
     QVERIFY(QFile::remove(linked.real));
     QVERIFY(QFile::link(linked.bench.store.Path(), linked.real));
@@ -103,14 +103,14 @@ void TstDayLinks::ALinkInACircleLeadsNowhere() {
     QVERIFY(linked.IsLink());
 }
 
-void TstDayLinks::TheNextStartTidiesUpBehindTheLink() {
+void TstDayLinks::TheNextStartTidiesUpBesideTheTarget() {
     LinkedCase linked;
     const QStringList rows = linked.bench.store.Rows();
     for (const QString& name : {u"CopyDate.mdb"_s, u"BUDate.mdb"_s}) {
         SetBytes(linked.folder.filePath(name), BytesOf(linked.real));
     }
     QVERIFY(QFile::rename(linked.real, linked.folder.filePath(u"away"_s)));
-    RecoverDayDatabase(Here());  // a file that was moved away may return, with newer rows than its copies
+    RecoverDayDatabase(Here());  // a file that was moved away may return, with newer rows than the copies
     QCOMPARE(linked.Names(), QStringList({u"BUDate.mdb"_s, u"CopyDate.mdb"_s, u"away"_s}));
     QVERIFY(QFile::rename(linked.folder.filePath(u"away"_s), linked.real));
     RecoverDayDatabase(Here());
@@ -119,14 +119,14 @@ void TstDayLinks::TheNextStartTidiesUpBehindTheLink() {
     QCOMPARE(linked.bench.store.Rows(), rows);
 }
 
-void TstDayLinks::AProgramThatOpensTheTargetKeepsACompactionAway() {
+void TstDayLinks::AProgramWithTheTargetOpenPreventsCompaction() {
     LinkedCase linked;
     const SharedFileLock other(linked.real);
     QCOMPARE(linked.bench.Fault(), QString());
     QCOMPARE(linked.bench.boxes.Shown(), QList<Message>{CompactionFailed()});
 }
 
-void TstDayLinks::AJetFileBehindTheLinkIsImported() {
+void TstDayLinks::AJetFileThatTheLinkNamesIsImported() {
     LinkedCase linked;
     SetBytes(linked.real, FullJet4());
     const auto summary = ImportJetFile(u"DayDate.mdb"_s);

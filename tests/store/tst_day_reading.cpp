@@ -25,7 +25,7 @@ QStringList Names(const QString& folder) {
     return QDir(folder).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
 }
 
-/// "10 holidays": what a reader finds; otherwise the reason without the path.
+/// What a reader finds, as "10 holidays"; if opening fails, the reason without the path.
 QString WhatIsRead(const QString& path) {
     try {
         DayDatabase database = DayDatabase::OpenToRead(path);
@@ -57,14 +57,14 @@ private Q_SLOTS:
     void NeitherTheFileNorItsFolderIsChanged();
     void AReadOnlyFileInAReadOnlyFolderIsRead();
     void NothingCanBeStored();
-    void WhatReplacesAReaderCanStore();
-    void AWriterIsNotInTheWay();
-    void AnExclusiveLockIsToldAndNotOutwaited();
-    void AChangeThatWasNotCompletedIsTold();
-    void AnotherKindOfJournalIsToldAndNoneIsMade();
+    void AReaderCanBeReplacedByAWriter();
+    void AnotherWriterDoesNotPreventReading();
+    void AnExclusiveLockIsReportedAtOnce();
+    void AnIncompleteChangeIsReported();
+    void AnotherJournalModeIsReportedAndNoJournalIsMade();
     void AMissingFileIsNamed();
     void RowsComeOneAfterTheOther();
-    void ARowThatIsRefusedEndsTheReading();
+    void ARejectedRowEndsTheReading();
 };
 
 void TstDayReading::NeitherTheFileNorItsFolderIsChanged() {
@@ -93,14 +93,14 @@ void TstDayReading::NothingCanBeStored() {
     QCOMPARE(moved.RunQuery(kEverything).Count(), 0);
 }
 
-void TstDayReading::WhatReplacesAReaderCanStore() {
+void TstDayReading::AReaderCanBeReplacedByAWriter() {
     const DayStore store;
     DayDatabase database = DayDatabase::OpenToRead(store.Path());
     database = DayDatabase::OpenLater(store.Path());
     QCOMPARE(database.Execute(kInsert), 1);
 }
 
-void TstDayReading::AWriterIsNotInTheWay() {
+void TstDayReading::AnotherWriterDoesNotPreventReading() {
     const DayStore store;
     DayDatabase writer(store.Path());
     DayTransaction transaction(writer);
@@ -111,7 +111,7 @@ void TstDayReading::AWriterIsNotInTheWay() {
     QCOMPARE(reader.RunQuery(kEverything).Count(), 1);
 }
 
-void TstDayReading::AnExclusiveLockIsToldAndNotOutwaited() {
+void TstDayReading::AnExclusiveLockIsReportedAtOnce() {
     const DayStore store;
     auto compacting = std::make_unique<SqliteConnection>(store.Path());
     compacting->TakeExclusive();
@@ -120,7 +120,7 @@ void TstDayReading::AnExclusiveLockIsToldAndNotOutwaited() {
     QCOMPARE(WhatIsRead(store.Path()), u"10 holidays"_s);
 }
 
-void TstDayReading::AChangeThatWasNotCompletedIsTold() {
+void TstDayReading::AnIncompleteChangeIsReported() {
     const DayStore store;
     const QTemporaryDir folder;
     LeaveHalfAChange(store, folder.path());
@@ -130,17 +130,17 @@ void TstDayReading::AChangeThatWasNotCompletedIsTold() {
     QCOMPARE(WhatIsRead(path),
              u"データベースへの書き込みが途中で終わっています。Tickwell を起動すると元に戻ります。(776)"_s);
     QCOMPARE(Names(folder.path()), before);
-    QCOMPARE(DayDatabase(path).RunQuery(kEverything).Count(), 0);  // the start of the program
+    QCOMPARE(DayDatabase(path).RunQuery(kEverything).Count(), 0);  // as when the program starts
     QCOMPARE(WhatIsRead(path), u"10 holidays"_s);
 }
 
-void TstDayReading::AnotherKindOfJournalIsToldAndNoneIsMade() {
+void TstDayReading::AnotherJournalModeIsReportedAndNoJournalIsMade() {
     const DayStore store;
     store.Raw("PRAGMA journal_mode = WAL");
     QCOMPARE(WhatIsRead(store.Path()),
              u"データベースの書き込み方式 (WAL) が変えられています。Tickwell を起動すると元に戻ります。"_s);
     QCOMPARE(Names(store.Folder()), kFileAlone);
-    QVERIFY(DayDatabase(store.Path()).IsOpen());  // the start of the program
+    QVERIFY(DayDatabase(store.Path()).IsOpen());  // as when the program starts
     QCOMPARE(WhatIsRead(store.Path()), u"10 holidays"_s);
 }
 
@@ -171,7 +171,7 @@ void TstDayReading::RowsComeOneAfterTheOther() {
                              database.ForEachRow(u"DELETE * FROM Kinenbi WHERE Year = 0"_s, [](auto&) {}));
 }
 
-void TstDayReading::ARowThatIsRefusedEndsTheReading() {
+void TstDayReading::ARejectedRowEndsTheReading() {
     const DayStore store;
     Fill(store, 3);
     DayDatabase database(store.Path());

@@ -15,7 +15,7 @@ using namespace tickwell::store;
 
 namespace {
 
-/// The kind of file that has a name.
+/// The state of one of the files.
 enum class Kind { None, Sound, Cut, Empty };
 
 const QString kLive = u"DayDate.mdb"_s;
@@ -23,7 +23,7 @@ const QString kCopy = u"CopyDate.mdb"_s;
 const QString kTarget = u"BUDate.mdb"_s;
 const QByteArray kJournalMark = "\xd9\xd5\x05\xf9";
 
-/// An undamaged database with a row that contains the original file name.
+/// An undamaged database with a row that contains `name`, which shows where its bytes end up.
 QByteArray SoundBytes(const QString& name) {
     const DayStore store;
     Fill(store, 500);
@@ -38,7 +38,7 @@ QByteArray BytesFor(const QString& name, Kind kind) {
 
 }  // namespace
 
-/// How a start handles the files that a compaction left behind.
+/// How the program's start handles files that a compaction left behind.
 class TstDayRecovery : public QObject {
     Q_OBJECT
 
@@ -46,12 +46,12 @@ private Q_SLOTS:
     void init();
     void PutsTheBestSoundFileInPlace_data();
     void PutsTheBestSoundFileInPlace();
-    void ALinkToNowhereMayComeBack();
+    void ADeadLinkIsLeftAlone();
     void RemovesJournalsToo();
     void AStaleJournalDoesNotGetIntoTheCopy();
     void ACopyWithAJournalIsNotSound();
-    void LeavesWhatAnotherProgramIsAtWorkOn();
-    void DoesNothingWhereNothingIsLeft();
+    void LeavesFilesOfARunningCompactionAlone();
+    void DoesNothingIfNothingIsLeft();
     void NamesTheCopies();
 
 private:
@@ -125,7 +125,7 @@ void TstDayRecovery::PutsTheBestSoundFileInPlace() {
     QCOMPARE(m_store->Raw("SELECT DISTINCT \"Name\" FROM Kinenbi"), QStringList(winner));
 }
 
-void TstDayRecovery::ALinkToNowhereMayComeBack() {
+void TstDayRecovery::ADeadLinkIsLeftAlone() {
     QVERIFY(QFile::link(u"/no/such/file"_s, kLive));
     SetBytes(kCopy, SoundBytes(kCopy));
     RecoverDayDatabase(Here());
@@ -180,7 +180,7 @@ void TstDayRecovery::ACopyWithAJournalIsNotSound() {
 }
 
 // A compacting program holds the exclusive lock, any other a shared one.
-void TstDayRecovery::LeavesWhatAnotherProgramIsAtWorkOn() {
+void TstDayRecovery::LeavesFilesOfARunningCompactionAlone() {
     SetBytes(kLive, SoundBytes(kLive));
     std::unique_ptr<SqliteConnection> other;
     Neighbour neighbour(
@@ -202,7 +202,7 @@ void TstDayRecovery::LeavesWhatAnotherProgramIsAtWorkOn() {
     QCOMPARE(m_store->Raw("SELECT DISTINCT \"Name\" FROM Kinenbi"), QStringList(kCopy));
 }
 
-void TstDayRecovery::DoesNothingWhereNothingIsLeft() {
+void TstDayRecovery::DoesNothingIfNothingIsLeft() {
     SetBytes(kLive, "this is no database");
     RecoverDayDatabase(Here());
     QCOMPARE(Contents(), (QMap<QString, QByteArray>{{kLive, "this is no database"}}));

@@ -45,8 +45,8 @@ QByteArray WithFlippedBits(QByteArray file, Random& random) {
     return file;
 }
 
-/// Definitions, maps and rows begin and end at the edges of a page, where changed bytes are most likely to
-/// matter.
+/// Flips bytes near page boundaries, where definitions, maps and rows begin and end and a change is most
+/// likely to matter.
 QByteArray WithFlippedEdges(QByteArray file, Random& random) {
     for (int i = random.bounded(1, 17); i > 0; --i) {
         const int within = random.bounded(160);
@@ -111,12 +111,12 @@ class TstJetDamage : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void ADamagedFileIsTakenWholeOrNotAtAll();
-    void AFileCutAnywhereIsRefused_data();
-    void AFileCutAnywhereIsRefused();
+    void ADamagedFileIsReadCompletelyOrRefused();
+    void AFileTruncatedAnywhereIsRefused_data();
+    void AFileTruncatedAnywhereIsRefused();
 };
 
-void TstJetDamage::ADamagedFileIsTakenWholeOrNotAtAll() {
+void TstJetDamage::ADamagedFileIsReadCompletelyOrRefused() {
     const quint32 seed = Random::global()->generate();
     qInfo("seed %u", seed);
     Random random(seed);
@@ -155,13 +155,13 @@ void TstJetDamage::ADamagedFileIsTakenWholeOrNotAtAll() {
     QVERIFY(refused > kVariants / 4);
 }
 
-void TstJetDamage::AFileCutAnywhereIsRefused_data() {
+void TstJetDamage::AFileTruncatedAnywhereIsRefused_data() {
     QTest::addColumn<QByteArray>("file");
     QTest::newRow("Jet 3") << JetSample(u"jet3_full.mdb"_s);
     QTest::newRow("Jet 4") << JetSample(u"jet4_full.mdb"_s);
 }
 
-void TstJetDamage::AFileCutAnywhereIsRefused() {
+void TstJetDamage::AFileTruncatedAnywhereIsRefused() {
     QFETCH(QByteArray, file);
     for (qsizetype length = 0; length < file.size(); length += length < 128 ? 1 : 509) {
         QVERIFY2(!Refusal(file.first(length)).isEmpty(), qPrintable(QString::number(length)));

@@ -22,9 +22,9 @@ private Q_SLOTS:
     void AnyOtherFileIsLeftAlone();
     void ARefusedFileIsLeftAlone_data();
     void ARefusedFileIsLeftAlone();
-    void AnOriginalKeptBeforeIsNotOverwritten();
-    void TheBoxTellsWhatWasImported_data();
-    void TheBoxTellsWhatWasImported();
+    void AnEarlierOriginalIsNotOverwritten();
+    void TheBoxSaysWhatWasImported_data();
+    void TheBoxSaysWhatWasImported();
 };
 
 void TstJetImport::AJetFileBecomesADayDatabase_data() {
@@ -114,7 +114,7 @@ void TstJetImport::ARefusedFileIsLeftAlone() {
     QCOMPARE(folder.All(), before);
 }
 
-void TstJetImport::AnOriginalKeptBeforeIsNotOverwritten() {
+void TstJetImport::AnEarlierOriginalIsNotOverwritten() {
     const JetFolder folder(FullJet4());
     const Contents others{{u"DayDate.jet.mdb"_s, "another one"}, {u"DayDate.jet.2.mdb"_s, "and another"}};
     for (const QString& name : others.keys()) {
@@ -132,7 +132,7 @@ void TstJetImport::AnOriginalKeptBeforeIsNotOverwritten() {
     QVERIFY(IsWholeDatabase(folder.DayDate()));
 }
 
-void TstJetImport::TheBoxTellsWhatWasImported_data() {
+void TstJetImport::TheBoxSaysWhatWasImported_data() {
     QTest::addColumn<JetImportSummary>("summary");
     QTest::addColumn<QString>("text");
     const QString start = u"以前の形式（Jet）のデータベースを読み込みました。\r\n"_s;
@@ -150,7 +150,7 @@ void TstJetImport::TheBoxTellsWhatWasImported_data() {
                    u"読めない文字のある名前 5件では、その文字を「\uFFFD」に置き換えました。\r\n" + end);
 }
 
-void TstJetImport::TheBoxTellsWhatWasImported() {
+void TstJetImport::TheBoxSaysWhatWasImported() {
     QFETCH(JetImportSummary, summary);
     QFETCH(QString, text);
     QCOMPARE(JetImportText(summary), text);

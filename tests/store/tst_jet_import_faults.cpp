@@ -18,7 +18,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// The real disk, except that step number `step` fails.
+/// The real disk, except that step number `step` fails with the errno that `trouble` returns.
 class TroubledDisk : public PosixStoreDisk {
 public:
     TroubledDisk(int step, std::function<int()> trouble) : m_left(step), m_trouble(std::move(trouble)) {}
@@ -75,21 +75,21 @@ class TstJetImportFaults : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void AStepThatFailsLeavesTheFolderAsItWas_data();
-    void AStepThatFailsLeavesTheFolderAsItWas();
+    void AFailingStepLeavesTheFolderUnchanged_data();
+    void AFailingStepLeavesTheFolderUnchanged();
     void AfterACrashTheNextStartImports_data();
     void AfterACrashTheNextStartImports();
     void WithoutLinksTheOriginalIsCopied();
     void AReadOnlyOriginalBecomesAWritableDatabase();
     void AReadOnlyFolderKeepsTheOriginal();
     void AFullDiskKeepsTheOriginal();
-    void AnImportUnderWayIsNotDisturbed();
+    void ARunningImportIsNotDisturbed();
 };
 
-void TstJetImportFaults::AStepThatFailsLeavesTheFolderAsItWas_data() {
+void TstJetImportFaults::AFailingStepLeavesTheFolderUnchanged_data() {
     QTest::addColumn<int>("step");
     QTest::addColumn<bool>("isFatal");
-    QTest::newRow("removing what is left of an earlier try") << 1 << true;
+    QTest::newRow("removing leftovers of an earlier attempt") << 1 << true;
     QTest::newRow("making the new file") << 2 << true;
     QTest::newRow("syncing the new file") << 3 << true;
     QTest::newRow("linking the original, then it is copied") << 4 << false;
@@ -99,7 +99,7 @@ void TstJetImportFaults::AStepThatFailsLeavesTheFolderAsItWas_data() {
     QTest::newRow("there is no eighth step") << 8 << false;
 }
 
-void TstJetImportFaults::AStepThatFailsLeavesTheFolderAsItWas() {
+void TstJetImportFaults::AFailingStepLeavesTheFolderUnchanged() {
     QFETCH(int, step);
     QFETCH(bool, isFatal);
     const JetFolder folder(FullJet4());
@@ -164,7 +164,7 @@ void TstJetImportFaults::WithoutLinksTheOriginalIsCopied() {
     QVERIFY(IsWholeDatabase(folder.DayDate()));
 }
 
-// A file from a CD. Other users cannot even create a hard link to it.
+// A file from a CD. Users other than its owner cannot even create a hard link to it.
 void TstJetImportFaults::AReadOnlyOriginalBecomesAWritableDatabase() {
     const JetFolder folder(FullJet4());
     QVERIFY(QFile::setPermissions(folder.DayDate(), QFile::ReadOwner | QFile::ReadGroup | QFile::ReadOther));
@@ -202,7 +202,7 @@ void TstJetImportFaults::AFullDiskKeepsTheOriginal() {
     }
 }
 
-void TstJetImportFaults::AnImportUnderWayIsNotDisturbed() {
+void TstJetImportFaults::ARunningImportIsNotDisturbed() {
     const JetFolder folder(FullJet4());
     folder.Put(u"DayDate.mdb.import"_s, "half done");
     const Contents before = folder.All();

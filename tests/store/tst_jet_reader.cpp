@@ -26,7 +26,7 @@ QByteArray Joined(const QByteArrayList& lines) {
     return lines.join('\n') + '\n';
 }
 
-/// `tsv` with more lines after the last one of `table`.
+/// `tsv` with more lines inserted after the last one of `table`.
 QByteArray WithRows(const QByteArray& tsv, const QByteArray& table, const QByteArrayList& more) {
     QByteArrayList lines = Lines(tsv);
     const QByteArray start = table + '\t';
@@ -57,8 +57,8 @@ QByteArray ManyAnniversaries(int count) {
     return tsv;
 }
 
-/// Of every three anniversaries, the first is deleted and the second gets a name that no longer fits in its
-/// place.
+/// `tsv` after changes: of every three anniversaries the first is deleted, and the second gets a name that no
+/// longer fits in its place.
 QByteArray AfterDeletions(const QByteArray& tsv) {
     QByteArrayList lines;
     int index = 0;
@@ -76,7 +76,7 @@ QByteArray AfterDeletions(const QByteArray& tsv) {
     return Joined(lines);
 }
 
-/// A second implementation of RC4, to test that of the reader.
+/// A second implementation of RC4, to verify that of the reader.
 QByteArray Rc4(const QByteArray& key, QByteArray data) {
     QList<int> state(256);
     std::iota(state.begin(), state.end(), 0);
@@ -95,7 +95,8 @@ QByteArray Rc4(const QByteArray& key, QByteArray data) {
     return data;
 }
 
-/// `file` with encrypted pages. The header is masked with XOR, so that XOR turns a zero in it into the key.
+/// `file` with encrypted pages. The header is stored XORed with a fixed mask, and its key field is zero in an
+/// unencrypted file, so XORing the stored bytes with `key` sets the field.
 QByteArray Encrypted(QByteArray file, quint32 key, qsizetype pageSize) {
     const auto littleEndian = [](quint32 value) {
         const quint32 swapped = qToLittleEndian(value);
@@ -116,7 +117,8 @@ QByteArray Patched(QByteArray file, qsizetype at, char byte) {
     return file;
 }
 
-/// The offset in an unencrypted file of a number in the catalogue: `column` of the row of `table`.
+/// The offset, in an unencrypted file, of a number in the catalogue: the value of `column` in the row of
+/// `table`.
 qsizetype PlaceInCatalogue(const QByteArray& file, QStringView table, QStringView column) {
     const JetPages pages(file);
     const JetTable catalogue(pages, 2);
@@ -150,22 +152,22 @@ class TstJetReader : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void ASoundFileGivesItsRows_data();
-    void ASoundFileGivesItsRows();
+    void AnIntactFileGivesItsRows_data();
+    void AnIntactFileGivesItsRows();
     void RowsWithoutADateAreCounted();
     void EveryLengthOfRowIsRead();
     void AJumpTableIsReadWhetherOrNotItCountsItself_data();
     void AJumpTableIsReadWhetherOrNotItCountsItself();
-    void AFileThatCannotBeTakenIsRefusedWithItsReason_data();
-    void AFileThatCannotBeTakenIsRefusedWithItsReason();
-    void TheUpperBitsOfAnIdAreNoPartOfThePage_data();
-    void TheUpperBitsOfAnIdAreNoPartOfThePage();
-    void ATableOfTheSystemOrAHiddenOneIsNotTaken_data();
-    void ATableOfTheSystemOrAHiddenOneIsNotTaken();
-    void APageOfAnotherOwnerInTheMapIsLeftOut();
+    void AnUnusableFileIsRefusedWithItsReason_data();
+    void AnUnusableFileIsRefusedWithItsReason();
+    void TheUpperBitsOfAnIdAreNotPartOfThePage_data();
+    void TheUpperBitsOfAnIdAreNotPartOfThePage();
+    void SystemTablesAndHiddenTablesAreNotRead_data();
+    void SystemTablesAndHiddenTablesAreNotRead();
+    void PagesOfOtherOwnersInTheMapAreSkipped();
 };
 
-void TstJetReader::ASoundFileGivesItsRows_data() {
+void TstJetReader::AnIntactFileGivesItsRows_data() {
     QTest::addColumn<QByteArray>("file");
     QTest::addColumn<QByteArray>("rows");
     const QByteArray all = JetSample(u"expected.tsv"_s);
@@ -212,7 +214,7 @@ void TstJetReader::ASoundFileGivesItsRows_data() {
                jet3.mid(jet3.indexOf("Holiday\t"));
 }
 
-void TstJetReader::ASoundFileGivesItsRows() {
+void TstJetReader::AnIntactFileGivesItsRows() {
     QFETCH(QByteArray, file);
     QFETCH(QByteArray, rows);
     const DayRows read = RowsOf(file);
@@ -232,8 +234,8 @@ void TstJetReader::RowsWithoutADateAreCounted() {
     }
 }
 
-// Two texts, the first of 255 bytes and the second of 0 to 255: the rows are 273 to 533 bytes long and
-// include all possible ends of a jump table.
+// Each row has two texts, the first of 255 bytes and the second of 0 to 255 bytes. The rows are 273 to 533
+// bytes long and include all possible ends of a jump table.
 void TstJetReader::EveryLengthOfRowIsRead() {
     const DayRows rows = RowsOf(JetSample(u"jet3_lengths.mdb"_s));
     QCOMPARE(rows.at(0).rows.size(), 256);
@@ -243,8 +245,8 @@ void TstJetReader::EveryLengthOfRowIsRead() {
     }
 }
 
-// Rows with one text each: the number of columns, the text, the offsets of its end and its start, the jump
-// table, the number of variable fields, the null mask. 0xFF is an unused jump.
+// Rows with one text each. A row consists of: the number of columns, the text, the offsets of its end and its
+// start, the jump table, the number of variable fields, the null mask. 0xFF is an unused jump.
 void TstJetReader::AJumpTableIsReadWhetherOrNotItCountsItself_data() {
     QTest::addColumn<int>("length");
     QTest::addColumn<QByteArray>("jumps");
@@ -272,7 +274,7 @@ void TstJetReader::AJumpTableIsReadWhetherOrNotItCountsItself() {
     QCOMPARE(field->Bytes().toByteArray(), text);
 }
 
-void TstJetReader::AFileThatCannotBeTakenIsRefusedWithItsReason_data() {
+void TstJetReader::AnUnusableFileIsRefusedWithItsReason_data() {
     QTest::addColumn<QByteArray>("file");
     QTest::addColumn<QString>("reason");
     const auto sample = [](const char* name) { return JetSample(QString::fromUtf8(name) + u".mdb"); };
@@ -282,7 +284,7 @@ void TstJetReader::AFileThatCannotBeTakenIsRefusedWithItsReason_data() {
     QTest::newRow("no table, Jet 3") << sample("jet3_notable") << u"表「Usuallyday」がありません。"_s;
     QTest::newRow("no table, Jet 4") << sample("jet4_notable") << u"表「Usuallyday」がありません。"_s;
     QTest::newRow("no column") << sample("jet4_missingcol") << u"表「Kinenbi」に列「Week」がありません。"_s;
-    // The first definition after that of the catalogue is that of Kinenbi, and its first column is Name.
+    // The first definition after the catalogue's is Kinenbi's, whose first column is Name.
     QTest::newRow("a name that is no text")
         << Patched(jet3, 3 * kPage3 + 43, 12) << u"表「Kinenbi」の列「Name」の型は読み込めません。"_s;
     QTest::newRow("a year that is a text")
@@ -303,15 +305,15 @@ void TstJetReader::AFileThatCannotBeTakenIsRefusedWithItsReason_data() {
     const auto damage = [](const char16_t* where) {
         return u"データベースが壊れています（%1）。"_s.arg(QStringView(where));
     };
-    QTest::newRow("cut, Jet 3") << sample("jet3_truncated") << damage(u"途中で切れたファイル");
-    QTest::newRow("cut, Jet 4") << sample("jet4_truncated") << damage(u"途中で切れたファイル");
-    QTest::newRow("the name of the format and nothing else") << jet4.first(0x14) << damage(u"範囲外の参照");
+    QTest::newRow("truncated, Jet 3") << sample("jet3_truncated") << damage(u"途中で切れたファイル");
+    QTest::newRow("truncated, Jet 4") << sample("jet4_truncated") << damage(u"途中で切れたファイル");
+    QTest::newRow("only the name of the format") << jet4.first(0x14) << damage(u"範囲外の参照");
     QTest::newRow("an empty catalogue page") << sample("jet4_zeropage2") << damage(u"ページ 2 の種類");
     QTest::newRow("a map of pages outside the file, Jet 3")
         << sample("jet3_damaged_a") << damage(u"使用ページの表");
     QTest::newRow("a map of pages outside the file, Jet 4")
         << sample("jet4_damaged_a") << damage(u"使用ページの表");
-    QTest::newRow("a definition that goes on in itself")
+    QTest::newRow("a definition that is continued by itself")
         << Patched(jet3, 3 * kPage3 + 4, 3) << damage(u"表の定義");
     QTest::newRow("more columns than the format has")
         << Patched(jet3, 3 * kPage3 + 26, 1) << damage(u"表の列数");
@@ -323,20 +325,20 @@ void TstJetReader::AFileThatCannotBeTakenIsRefusedWithItsReason_data() {
     QTest::newRow("a pointer to itself") << Patched(moved, pointer, 4) << damage(u"移動した行");
 }
 
-void TstJetReader::AFileThatCannotBeTakenIsRefusedWithItsReason() {
+void TstJetReader::AnUnusableFileIsRefusedWithItsReason() {
     QFETCH(QByteArray, file);
     QFETCH(QString, reason);
     QCOMPARE(Refusal(file), reason);
 }
 
-void TstJetReader::TheUpperBitsOfAnIdAreNoPartOfThePage_data() {
+void TstJetReader::TheUpperBitsOfAnIdAreNotPartOfThePage_data() {
     QTest::addColumn<QString>("sample");
     QTest::addColumn<QString>("rows");
     QTest::newRow("Jet 3") << u"jet3_full.mdb"_s << u"expected_jet3.tsv"_s;
     QTest::newRow("Jet 4") << u"jet4_full.mdb"_s << u"expected.tsv"_s;
 }
 
-void TstJetReader::TheUpperBitsOfAnIdAreNoPartOfThePage() {
+void TstJetReader::TheUpperBitsOfAnIdAreNotPartOfThePage() {
     QFETCH(QString, sample);
     QFETCH(QString, rows);
     const QByteArray file = JetSample(sample);
@@ -346,14 +348,14 @@ void TstJetReader::TheUpperBitsOfAnIdAreNoPartOfThePage() {
     QCOMPARE(AsTsv(RowsOf(Patched(file, id + 3, '\x80'))), JetSample(rows));
 }
 
-void TstJetReader::ATableOfTheSystemOrAHiddenOneIsNotTaken_data() {
+void TstJetReader::SystemTablesAndHiddenTablesAreNotRead_data() {
     QTest::addColumn<int>("byte");
     QTest::addColumn<char>("flag");
     QTest::newRow("of the system") << 3 << '\x80';
     QTest::newRow("hidden") << 0 << '\x02';
 }
 
-void TstJetReader::ATableOfTheSystemOrAHiddenOneIsNotTaken() {
+void TstJetReader::SystemTablesAndHiddenTablesAreNotRead() {
     QFETCH(int, byte);
     QFETCH(char, flag);
     for (const QString& sample : {u"jet3_full.mdb"_s, u"jet4_full.mdb"_s}) {
@@ -366,7 +368,7 @@ void TstJetReader::ATableOfTheSystemOrAHiddenOneIsNotTaken() {
 }
 
 // The map of a table also contains pages with long texts, which are not owned by any table.
-void TstJetReader::APageOfAnotherOwnerInTheMapIsLeftOut() {
+void TstJetReader::PagesOfOtherOwnersInTheMapAreSkipped() {
     const QByteArray file = JetSample(u"jet3_full.mdb"_s);
     const QList<qsizetype> pages = DataPages(file, kPage3, 3);
     QVERIFY(!pages.isEmpty());

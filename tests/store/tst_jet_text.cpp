@@ -38,11 +38,11 @@ class TstJetText : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void EveryPairOfBytesOfShiftJisIsMicrosofts();
+    void EveryPairOfShiftJisBytesDecodesAsByMicrosoft();
     void ACodePageDecodes_data();
     void ACodePageDecodes();
     void AnUnknownCodePageIsRefused();
-    void AColumnsOwnCodePageCounts();
+    void AColumnsOwnCodePageIsUsed();
     void Jet4TextDecodes_data();
     void Jet4TextDecodes();
     void HalfACharacterIsDamage();
@@ -54,12 +54,12 @@ private Q_SLOTS:
     void DaysAreDates();
     void ADayOutsideTheCalendarIsDamage_data();
     void ADayOutsideTheCalendarIsDamage();
-    void AReachOutOfTheBytesIsDamage();
+    void AReadPastTheEndIsDamage();
 };
 
-// The digest of the lines "8140 3000\n" to "FC4B 9ED1\n" for all pairs that decode to one character, computed
-// with another implementation of Microsoft's table, the cp932 codec of Python.
-void TstJetText::EveryPairOfBytesOfShiftJisIsMicrosofts() {
+// The digest of the lines "8140 3000\n" to "FC4B 9ED1\n" for all pairs of bytes that decode to one character,
+// computed with another implementation of Microsoft's table: Python's cp932 codec.
+void TstJetText::EveryPairOfShiftJisBytesDecodesAsByMicrosoft() {
     const CodePage shiftJis(932);
     QByteArray lines;
     int count = 0;
@@ -92,8 +92,8 @@ void TstJetText::ACodePageDecodes_data() {
     QTest::newRow("a private character") << 932 << "\xF0\x40"_ba << u"\uE000"_s;
     QTest::newRow("single bytes that only Windows knows")
         << 932 << "\x80\xA0\xFD\xFE\xFF"_ba << u"\u0080\uF8F0\uF8F1\uF8F2\uF8F3"_s;
-    QTest::newRow("a first byte at the end") << 932 << "A\x95"_ba << u"A\uFFFD"_s;
-    QTest::newRow("a first byte before no second one") << 932 << "\x95\x20Z"_ba << u"\uFFFD Z"_s;
+    QTest::newRow("a lead byte at the end") << 932 << "A\x95"_ba << u"A\uFFFD"_s;
+    QTest::newRow("a lead byte without a valid trail byte") << 932 << "\x95\x20Z"_ba << u"\uFFFD Z"_s;
     QTest::newRow("a NUL inside") << 932 << QByteArray("a\0b", 3) << u"a\0b"_s;
     QTest::newRow("western") << 1252 << "caf\xE9 \x92\x80"_ba << u"café ’€"_s;
     QTest::newRow("western, bytes without a character") << 1252 << "\x81\x9D"_ba << u"\u0081\u009D"_s;
@@ -115,7 +115,7 @@ void TstJetText::AnUnknownCodePageIsRefused() {
              u"対応していない文字コード 9999 のデータベースです。"_s);
 }
 
-void TstJetText::AColumnsOwnCodePageCounts() {
+void TstJetText::AColumnsOwnCodePageIsUsed() {
     const JetPages pages(JetSample(u"jet3_empty.mdb"_s));  // code page 932
     const ByteView bytes(QByteArrayView("\xC8"));
     QCOMPARE(JetText(pages).Decode(bytes), u"ﾈ"_s);
@@ -129,8 +129,10 @@ void TstJetText::Jet4TextDecodes_data() {
     QTest::newRow("nothing") << ""_ba << u""_s;
     QTest::newRow("two bytes a character") << QByteArray("\xE5\x65\x41\0", 4) << u"日A"_s;
     QTest::newRow("a surrogate pair") << "\x3C\xD8\x82\xDF"_ba << u"🎂"_s;
-    QTest::newRow("the first half of a pair alone") << QByteArray("\x3C\xD8\x41\0", 4) << u"\uFFFDA"_s;
-    QTest::newRow("the second half of a pair alone") << QByteArray("\x41\0\x82\xDF", 4) << u"A\uFFFD"_s;
+    QTest::newRow("the first half of a pair without the second")
+        << QByteArray("\x3C\xD8\x41\0", 4) << u"\uFFFDA"_s;
+    QTest::newRow("the second half of a pair without the first")
+        << QByteArray("\x41\0\x82\xDF", 4) << u"A\uFFFD"_s;
     QTest::newRow("the first half at the end") << "\x3C\xD8"_ba << u"\uFFFD"_s;
     QTest::newRow("compressed") << "\xFF\xFE"
                                    "abc"_ba
@@ -142,11 +144,11 @@ void TstJetText::Jet4TextDecodes_data() {
                                                        "a\0\xE5\x65",
                                                        6)
                                                 << u"a日"_s;
-    QTest::newRow("compressed, there and back") << QByteArray(
-                                                       "\xFF\xFE"
-                                                       "a\0\xE5\x65\0b",
-                                                       8)
-                                                << u"a日b"_s;
+    QTest::newRow("compressed, off and on again") << QByteArray(
+                                                         "\xFF\xFE"
+                                                         "a\0\xE5\x65\0b",
+                                                         8)
+                                                  << u"a日b"_s;
 }
 
 void TstJetText::Jet4TextDecodes() {
@@ -241,7 +243,7 @@ void TstJetText::ADayOutsideTheCalendarIsDamage() {
     QVERIFY_THROWS_EXCEPTION(JetDamageError, JetDate(ByteView(bytes)));
 }
 
-void TstJetText::AReachOutOfTheBytesIsDamage() {
+void TstJetText::AReadPastTheEndIsDamage() {
     constexpr qsizetype kFar = std::numeric_limits<qsizetype>::max();
     const ByteView view(QByteArrayView("12345678"));
     QCOMPARE(view.U32(4), 0x38373635U);

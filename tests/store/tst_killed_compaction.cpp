@@ -25,7 +25,7 @@ namespace {
 
 constexpr quint32 kSeed = 0xC0FF;
 constexpr int kSteps = 14;
-constexpr int kKillsWhileWriting = 30;  // of the copy, and the same number of the target
+constexpr int kKillsWhileWriting = 30;  // of the copy; the same number while the target is written
 constexpr int kKillsAtAnyMoment = 60;
 constexpr int kLongestLife = 120'000;  // microseconds
 
@@ -44,7 +44,7 @@ bool IsKilledIn(const std::function<void()>& life) {
     return waitpid(child, &status, 0) == child && WIFSIGNALED(status) && WTERMSIG(status) == SIGKILL;
 }
 
-/// From now on the process is killed when one of its files would grow beyond `size`.
+/// From now on the kernel kills this process when one of its files would grow beyond `size`.
 void DieWhereAFileGrowsBeyond(rlim_t size) {
     const rlimit limit{size, size};
     if (std::signal(SIGXFSZ, [](int) { Die(); }) == SIG_ERR || setrlimit(RLIMIT_FSIZE, &limit) != 0) {
@@ -52,7 +52,7 @@ void DieWhereAFileGrowsBeyond(rlim_t size) {
     }
 }
 
-/// Has the kernel kill the process after that many microseconds.
+/// Lets the kernel kill this process after that many microseconds.
 void DieIn(int microseconds) {
     constexpr int kNanoseconds = 1000;
     sigevent event{};
@@ -65,7 +65,7 @@ void DieIn(int microseconds) {
     }
 }
 
-/// Kills the process while it is writing the copy or the target.
+/// Kills the process while it is writing the copy or the target database.
 class DeadlyDisk : public PosixStoreDisk {
 public:
     enum class While { Copying, Compacting };
@@ -90,15 +90,15 @@ private:
     rlim_t m_size;
 };
 
-/// Opens and compacts like the program; run in a child process.
+/// Opens and compacts the database as the program does; runs in a child process.
 void OpenAndCompact(const LooseStore& store, StoreDisk& disk) {
     DayDatabase handle(u"DayDate.mdb"_s);
     FakeMessageBoxes boxes;
     CompactDayDatabase(handle, ProgramFolder(store.Folder()), boxes, disk);
 }
 
-/// Stores anniversaries number `first`, `first` + 1 .. with a compaction after each, forever; reports each
-/// number when its row is stored.
+/// Stores anniversaries number `first`, `first` + 1, … with a compaction after each, until it is killed.
+/// Reports each number after its row is stored.
 void WriteAndCompact(const LooseStore& store, int first, int output) {
     DayDatabase handle(u"DayDate.mdb"_s);
     FakeMessageBoxes boxes;
@@ -112,7 +112,7 @@ void WriteAndCompact(const LooseStore& store, int first, int output) {
     }
 }
 
-/// The rows of a store with the anniversaries number 1 to `last` added after its own.
+/// The rows of a store, extended by the anniversaries number 1 to `last`.
 QStringList With(QStringList rows, int last) {
     const auto isAnniversary = [](const QString& row) { return row.startsWith(u"Kinenbi|"); };
     auto end = std::find_if_not(rows.begin(), rows.end(), isAnniversary);
@@ -135,7 +135,7 @@ int LastSaid(int input, int before) {
 
 }  // namespace
 
-/// A compaction that is killed. After the next start every row exists.
+/// Compactions that are killed. After the next start every row must exist.
 class TstKilledCompaction : public QObject {
     Q_OBJECT
 
@@ -147,16 +147,16 @@ private Q_SLOTS:
     void AtAnyMoment();
 
 private:
-    /// Starts like the program, and checks the result.
+    /// Starts as the program does, and checks the rows and the files.
     static void StartAgain(const LooseStore& store, const QStringList& rows);
 };
 
 void TstKilledCompaction::StartAgain(const LooseStore& store, const QStringList& rows) {
-    QVERIFY(QFile::exists(u"DayDate.mdb"_s));  // it exists at every moment
+    QVERIFY(QFile::exists(u"DayDate.mdb"_s));  // the file exists at every moment
     RecoverDayDatabase(Here());
     QCOMPARE(OpeningFault(u"DayDate.mdb"_s), QString());
     QStringList names = store.Names();
-    names.removeOne(u"DayDate.mdb-journal"_s);  // of an insert that had not written to the file yet
+    names.removeOne(u"DayDate.mdb-journal"_s);  // left by an insert that had not written to the file yet
     QCOMPARE(names, NamesAtRest());
     QCOMPARE(store.Raw("PRAGMA integrity_check"), QStringList(u"ok"_s));
     QCOMPARE(store.Rows(), rows);
@@ -226,7 +226,7 @@ void TstKilledCompaction::AtAnyMoment() {
     const QStringList rows = store.Rows();
     QRandomGenerator random(kSeed);
     int stored = 0;
-    int left = 0;  // how often files were left behind
+    int left = 0;  // how often a kill left files behind
     for (int i = 0; i < kKillsAtAnyMoment; ++i) {
         std::array<int, 2> ends{};
         QCOMPARE(pipe(ends.data()), 0);

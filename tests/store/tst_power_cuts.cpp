@@ -25,7 +25,7 @@ QStringList RowsOf(const QString& path) {
         "Holiday");
 }
 
-/// The changes that the program stores, each a statement or a transaction.
+/// The changes that the program stores: each is one statement, or one transaction of several.
 QList<QStringList> Changes() {
     const QString longName(5000, u'長');  // more than a page
     return {{u"INSERT INTO Kinenbi VALUES (\"一つ目\",0,10,3,0)"_s},
@@ -50,7 +50,7 @@ void Store(DayDatabase& database, const QStringList& statements) {
     transaction.Commit();
 }
 
-/// The program's disk operations, and the rows stored at each mark.
+/// The disk operations of the program, and the rows that are stored at each mark.
 struct Record {
     DiskState before;
     std::vector<DiskStep> steps;
@@ -87,7 +87,7 @@ QByteArray Fingerprint(const DiskState& state, int mark) {
 
 /// The rows after the program's next start.
 QStringList RowsAfterRestart(const DiskState& state) {
-    // In memory if possible: thousands of restarts sync their files.
+    // In memory if possible, because thousands of restarts sync their files.
     const QString memory = u"/dev/shm"_s;
     const QTemporaryDir folder((QFileInfo(memory).isWritable() ? memory : QDir::tempPath()) +
                                u"/tickwell-XXXXXX");
@@ -103,23 +103,23 @@ QStringList RowsAfterRestart(const DiskState& state) {
 
 }  // namespace
 
-/// After a power failure all reported changes are stored, and any other completely or not at all.
+/// After a power failure all reported changes are stored; any other one is stored completely or not at all.
 class TstPowerCuts : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void WhatWasStoredStays_data();
-    void WhatWasStoredStays();
-    void TheModelLosesWhatIsNotSynced();
+    void ReportedChangesSurvive_data();
+    void ReportedChangesSurvive();
+    void TheModelLosesUnsyncedChanges();
 };
 
-void TstPowerCuts::WhatWasStoredStays_data() {
+void TstPowerCuts::ReportedChangesSurvive_data() {
     QTest::addColumn<DiskOrder>("order");
     QTest::newRow("on a disk that keeps the order") << DiskOrder::Kept;
     QTest::newRow("on one that does not") << DiskOrder::Loose;
 }
 
-void TstPowerCuts::WhatWasStoredStays() {
+void TstPowerCuts::ReportedChangesSurvive() {
     QFETCH(DiskOrder, order);
     const Record record = Recorded();
     QSet<QByteArray> seen;
@@ -144,8 +144,8 @@ void TstPowerCuts::WhatWasStoredStays() {
     QCOMPARE(lost, 0);
 }
 
-// The control experiment: without the syncs in the record, rows are lost and files are damaged.
-void TstPowerCuts::TheModelLosesWhatIsNotSynced() {
+// The control experiment: if the syncs are removed from the record, rows are lost and files are damaged.
+void TstPowerCuts::TheModelLosesUnsyncedChanges() {
     Record record = Recorded();
     std::erase_if(record.steps, [](const DiskStep& step) { return step.kind == DiskStep::Kind::Sync; });
     for (DiskStep& step : record.steps) {

@@ -15,8 +15,8 @@ namespace {
 constexpr QStringView kAll = u"SELECT * FROM Kinenbi WHERE Year <> 5";
 constexpr int kMany = 150'000;
 
-/// Stores kMany rows "n0", "n1" .., every tenth one with year 5, under keys from the smallest to the largest
-/// possible one.
+/// Stores kMany rows "n0", "n1", … of which every tenth has year 5. Their keys range from the smallest to the
+/// largest possible one.
 void StoreMany(const DayStore& store) {
     store.Raw(
         "WITH RECURSIVE n(i) AS (SELECT 0 UNION ALL SELECT i + 1 FROM n WHERE i < 149999)"
@@ -61,17 +61,17 @@ private Q_SLOTS:
     void FindsInStoredOrderInOneSlice();
     void ALargeTableTakesSlices();
     void AnIndexFindsTheRowsOfALargeTableAtOnce();
-    void CountsWithoutKeeping();
+    void CountsWithoutKeepingKeys();
     void FindsByDigest();
-    void RefusesWhatIsNoSelect();
-    void ANumberOfAnotherProgramIsRefused();
-    void ReadsWhatWasFound();
-    void ARowThatWasChangedIsNotRead_data();
-    void ARowThatWasChangedIsNotRead();
-    void ATextThatIsNoUtf8IsNotExact();
+    void RefusesStatementsOtherThanSelect();
+    void ANumberOutOfRangeIsRefused();
+    void ReadsTheRowsThatWereFound();
+    void AChangedRowIsNotRead_data();
+    void AChangedRowIsNotRead();
+    void ATextThatIsNotUtf8IsNotExact();
     void ChangesAndDeletesByTheKey();
-    void TheMarkTellsOfChanges();
-    void DigestsTellValuesApart();
+    void TheMarkShowsChanges();
+    void DigestsDistinguishValues();
 };
 
 void TstRowSearch::FindsInStoredOrderInOneSlice() {
@@ -85,7 +85,7 @@ void TstRowSearch::FindsInStoredOrderInOneSlice() {
     QCOMPARE(search.Count(), 3);
     QCOMPARE(search.Part(), 1.0);
     QCOMPARE(Keys(search.Take()), expected);
-    // In the order of the index of days they would be 2, 9, -4.
+    // The order of the index on Day would be 2, 9, -4.
     QCOMPARE(Keys(bench.Done(RowSearch(u"SELECT * FROM Kinenbi WHERE Day BETWEEN 1 AND 31 AND Year=0"_s))),
              expected);
 }
@@ -116,7 +116,7 @@ void TstRowSearch::AnIndexFindsTheRowsOfALargeTableAtOnce() {
              bench.store.Raw("SELECT id FROM Kinenbi WHERE Day = 3 AND Month = 3 ORDER BY id"));
 }
 
-void TstRowSearch::CountsWithoutKeeping() {
+void TstRowSearch::CountsWithoutKeepingKeys() {
     Bench bench;
     StoreMany(bench.store);
     RowSearch search(kAll.toString());
@@ -138,18 +138,18 @@ void TstRowSearch::FindsByDigest() {
     QCOMPARE(Keys(found), QStringList({u"1"_s, u"3"_s}));
 }
 
-void TstRowSearch::RefusesWhatIsNoSelect() {
+void TstRowSearch::RefusesStatementsOtherThanSelect() {
     QVERIFY_THROWS_EXCEPTION(SqlError, RowSearch(u"DELETE * FROM Kinenbi WHERE Year = 1"_s));
     QVERIFY_THROWS_EXCEPTION(SqlError, RowSearch(u"SELECT * FROM Kinenbi WHERE Name=\"a\"b\""_s));
 }
 
-void TstRowSearch::ANumberOfAnotherProgramIsRefused() {
+void TstRowSearch::ANumberOutOfRangeIsRefused() {
     Bench bench;
     bench.store.Raw("INSERT INTO Kinenbi(Name,Year,Month,Day,Week) VALUES ('a',0,1,2147483648,0)");
     QVERIFY_THROWS_EXCEPTION(SqlError, bench.All());
 }
 
-void TstRowSearch::ReadsWhatWasFound() {
+void TstRowSearch::ReadsTheRowsThatWereFound() {
     Bench bench;
     bench.store.Raw(
         "INSERT INTO Kinenbi(Name,Year,Month,Day,Week) VALUES ('例会',1998,10,-3,0),('x' || char(0) || "
@@ -167,7 +167,7 @@ void TstRowSearch::ReadsWhatWasFound() {
     QVERIFY(second->IsExact());
 }
 
-void TstRowSearch::ARowThatWasChangedIsNotRead_data() {
+void TstRowSearch::AChangedRowIsNotRead_data() {
     QTest::addColumn<QByteArray>("change");
 
     for (const char* set : {"Name = 'b'", "Year = 1", "Month = 2", "Day = 3", "Week = 4"}) {
@@ -178,7 +178,7 @@ void TstRowSearch::ARowThatWasChangedIsNotRead_data() {
         "DELETE FROM Kinenbi; INSERT INTO Kinenbi(id,Name,Year,Month,Day,Week) VALUES (1,'b',0,0,1,0)");
 }
 
-void TstRowSearch::ARowThatWasChangedIsNotRead() {
+void TstRowSearch::AChangedRowIsNotRead() {
     QFETCH(QByteArray, change);
     Bench bench;
     bench.store.Raw("INSERT INTO Kinenbi(id,Name,Year,Month,Day,Week) VALUES (1,'a',0,0,1,0)");
@@ -188,7 +188,7 @@ void TstRowSearch::ARowThatWasChangedIsNotRead() {
     QCOMPARE(bench.NameOf(found), QString());
 }
 
-void TstRowSearch::ATextThatIsNoUtf8IsNotExact() {
+void TstRowSearch::ATextThatIsNotUtf8IsNotExact() {
     Bench bench;
     bench.store.Raw(
         "INSERT INTO Kinenbi(Name,Year,Month,Day,Week) VALUES "
@@ -211,7 +211,7 @@ void TstRowSearch::ChangesAndDeletesByTheKey() {
     QCOMPARE(bench.store.Raw("SELECT Name FROM Kinenbi"), QStringList({u"a\""_s, u"b"_s}));
 }
 
-void TstRowSearch::TheMarkTellsOfChanges() {
+void TstRowSearch::TheMarkShowsChanges() {
     Bench bench;
     const ChangeMark first = bench.database.Mark();
     bench.All();
@@ -226,7 +226,7 @@ void TstRowSearch::TheMarkTellsOfChanges() {
     QVERIFY(reopened.Mark() != DayDatabase(bench.store.Path()).Mark());
 }
 
-void TstRowSearch::DigestsTellValuesApart() {
+void TstRowSearch::DigestsDistinguishValues() {
     const std::vector<std::vector<BoundValue>> rows{
         {u"a"_s, 0, 1}, {u"a"_s, 1, 0},          {u"b"_s, 0, 1},
         {u"a"_s, 0},    {u"a\0"_s, 0, 1},        {QString(), 0, 1},

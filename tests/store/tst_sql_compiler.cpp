@@ -234,14 +234,14 @@ void AddFreedoms() {
 
 }  // namespace
 
-/// The compiler: text in, statement and bound values out.
+/// The compiler: from a text to a statement with bound values.
 class TstSqlCompiler : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
     void Compiles_data();
     void Compiles();
-    void TellsTheColumnsOfAnAnswer();
+    void NamesTheColumnsOfAResult();
 };
 
 void TstSqlCompiler::Compiles_data() {
@@ -264,7 +264,7 @@ void TstSqlCompiler::Compiles() {
     QCOMPARE(compiled.isQuery, compiled.text.startsWith("SELECT"));
 }
 
-void TstSqlCompiler::TellsTheColumnsOfAnAnswer() {
+void TstSqlCompiler::NamesTheColumnsOfAResult() {
     const CompiledSql compiled = CompileSql(u"SELECT Kinenbi.WEEK,kinenbi.Name FROM Kinenbi WHERE Day=1"_s);
     QCOMPARE(compiled.columns.size(), 2U);
     QCOMPARE(compiled.columns[0].name, u"Week");

@@ -107,8 +107,8 @@ public:
                 Below(2) * 22};
     }
 
-    /// `text` with a few of its characters removed, doubled, swapped or replaced by pieces; sometimes only
-    /// with other numbers and spaces.
+    /// `text` with a few characters removed, doubled, swapped or replaced by pieces; sometimes it keeps its
+    /// words, and only numbers and spaces change.
     QString Mutated(QString text) {
         if (Below(5) == 0) {
             return text.replace(u' ', u"\r\n "_s)
@@ -143,7 +143,7 @@ bool IsHostile(const QString& name) {
     return name.contains(u'"') || name.contains(QChar(u'\0'));
 }
 
-/// The number of rows that `Execute` changed; nothing if it refused.
+/// The number of rows that `Execute` changed, or nothing if it refused the statement.
 std::optional<int> Executed(DayDatabase& database, const QString& sql) {
     try {
         return database.Execute(sql);
@@ -188,7 +188,7 @@ Contents ContentsOf(DayDatabase& database) {
     return contents;
 }
 
-/// The number of tables in which they differ.
+/// The number of tables whose rows differ.
 int Differences(const Contents& a, const Contents& b) {
     int differences = a.kinenbi == b.kinenbi ? 0 : 1;
     for (int i = 0; i < 4; ++i) {
@@ -230,20 +230,20 @@ QString Valid(Dice& dice) {
 
 }  // namespace
 
-/// Names and statements that try to become another statement. Everything runs in one transaction that is
-/// never committed: the test is about the changed rows, not the disk.
+/// Names and statements that try to inject SQL. Everything runs in one transaction that is never committed,
+/// because the test is about the changed rows and not about the disk.
 class TstSqlInjection : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void NamesStayNames();
-    void MutatedStatementsAreRefusedOrRunAlone();
+    void NamesAreNeverSql();
+    void MutatedStatementsAreRefusedOrAreOneStatement();
 
 private:
     void TryName(DayDatabase& database, Dice& dice);
     void TryMutation(DayDatabase& database, Dice& dice);
 
-    days::Anniversaries m_rows;  // expected rows of the table
+    days::Anniversaries m_rows;  // the expected rows of the table
     int m_refused = 0;
 };
 
@@ -288,7 +288,7 @@ void TstSqlInjection::TryName(DayDatabase& database, Dice& dice) {
     QCOMPARE(days::AnniversariesIn(database.RunQuery(kEverything)), m_rows);
 }
 
-void TstSqlInjection::NamesStayNames() {
+void TstSqlInjection::NamesAreNeverSql() {
     const int names = RandomCount(kUsualNames);
     qInfo("seed %u, %d names", kSeed, names);
     const DayStore store;
@@ -316,7 +316,8 @@ void TstSqlInjection::TryMutation(DayDatabase& database, Dice& dice) {
     const Contents after = ContentsOf(database);
     QVERIFY2(!(isAnswered && changed), qPrintable(sql));
     m_refused += isAnswered || changed ? 0 : 1;
-    // One statement on one table: rows were added, deleted or changed, exactly as many as reported.
+    // The statement concerned one table only: rows were added, deleted or changed, exactly as many as
+    // reported.
     const int differences = Differences(before, after);
     const qsizetype grown = RowsOf(after) - RowsOf(before);
     const QString word = sql.simplified().left(6).toUpper();
@@ -333,7 +334,7 @@ void TstSqlInjection::TryMutation(DayDatabase& database, Dice& dice) {
     }
 }
 
-void TstSqlInjection::MutatedStatementsAreRefusedOrRunAlone() {
+void TstSqlInjection::MutatedStatementsAreRefusedOrAreOneStatement() {
     const int count = RandomCount(kUsualNames) / kMutationsPerName;
     qInfo("seed %u, %d statements", kSeed, count);
     const DayStore store;

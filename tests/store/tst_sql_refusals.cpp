@@ -173,7 +173,7 @@ class TstSqlRefusals : public QObject {
 private Q_SLOTS:
     void Refuses_data();
     void Refuses();
-    void KeepsTheTextInTheError();
+    void TheErrorContainsTheText();
 };
 
 void TstSqlRefusals::Refuses_data() {
@@ -190,7 +190,7 @@ void TstSqlRefusals::Refuses() {
     QVERIFY_THROWS_EXCEPTION(SqlError, CompileSql(sql));
 }
 
-void TstSqlRefusals::KeepsTheTextInTheError() {
+void TstSqlRefusals::TheErrorContainsTheText() {
     const QString sql = u"SELECT * FROM Kinenbi WHERE Name=\"a\"\"b\""_s;
     try {
         CompileSql(sql);

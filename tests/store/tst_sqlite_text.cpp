@@ -15,8 +15,8 @@ private Q_SLOTS:
     void KeepsEveryCharacter_data();
     void KeepsEveryCharacter();
     void KeepsEveryCodePoint();
-    void ReplacesWhatIsNoText_data();
-    void ReplacesWhatIsNoText();
+    void ReplacesInvalidUtf8_data();
+    void ReplacesInvalidUtf8();
 };
 
 void TstSqliteText::KeepsEveryCharacter_data() {
@@ -59,20 +59,20 @@ void TstSqliteText::KeepsEveryCodePoint() {
     }
 }
 
-void TstSqliteText::ReplacesWhatIsNoText_data() {
+void TstSqliteText::ReplacesInvalidUtf8_data() {
     QTest::addColumn<QByteArray>("bytes");
     QTest::addColumn<QString>("text");
-    QTest::newRow("byte that begins nothing") << QByteArray("a\x80z") << u"a\uFFFDz"_s;
-    QTest::newRow("cut at the end") << QByteArray("a\xE6\x97") << u"a\uFFFD\uFFFD"_s;
-    QTest::newRow("cut in the middle") << QByteArray("\xE6\x97z") << u"\uFFFD\uFFFDz"_s;
-    QTest::newRow("longer than needed") << QByteArray("\xC0\x80") << u"\uFFFD\uFFFD"_s;
-    QTest::newRow("longer than needed, three") << QByteArray("\xE0\x80\x80") << u"\uFFFD\uFFFD\uFFFD"_s;
+    QTest::newRow("a continuation byte first") << QByteArray("a\x80z") << u"a\uFFFDz"_s;
+    QTest::newRow("truncated at the end") << QByteArray("a\xE6\x97") << u"a\uFFFD\uFFFD"_s;
+    QTest::newRow("truncated in the middle") << QByteArray("\xE6\x97z") << u"\uFFFD\uFFFDz"_s;
+    QTest::newRow("overlong") << QByteArray("\xC0\x80") << u"\uFFFD\uFFFD"_s;
+    QTest::newRow("overlong, three bytes") << QByteArray("\xE0\x80\x80") << u"\uFFFD\uFFFD\uFFFD"_s;
     QTest::newRow("beyond the last code point")
         << QByteArray("\xF4\x90\x80\x80") << u"\uFFFD\uFFFD\uFFFD\uFFFD"_s;
     QTest::newRow("no lead byte at all") << QByteArray("\xFF") << u"\uFFFD"_s;
 }
 
-void TstSqliteText::ReplacesWhatIsNoText() {
+void TstSqliteText::ReplacesInvalidUtf8() {
     QFETCH(QByteArray, bytes);
     QTEST(FromSqliteText(bytes), "text");
 }

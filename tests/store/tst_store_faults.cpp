@@ -56,7 +56,7 @@ void SetMode(const QString& path, mode_t mode) {
     }
 }
 
-/// "10 holidays, insert 8, 0 rows": the operations that a store allows.
+/// The operations that a store allows, as "10 holidays, insert 8, 0 rows"; 8 is SQLite's code.
 QString WhatCanBeDone(const QString& path) {
     try {
         DayDatabase database(path);
@@ -80,11 +80,11 @@ private Q_SLOTS:
     void ReadsInAReadOnlyFolder();
     void RefusesAnUnreadableFile();
     void LosesNothingOnAFullDisk();
-    void TakesATransactionBackOnAFullDisk();
+    void RollsBackATransactionOnAFullDisk();
     void WaitsForAnotherProcessAndGivesUp();
-    void DoesNotOpenWhatAnotherProcessHolds();
-    void TellsThatTheFileWasMoved();
-    void HoldsAShareOfTheLock();
+    void DoesNotOpenAFileLockedByAnotherProcess();
+    void ReportsThatTheFileWasMoved();
+    void HoldsASharedLock();
 };
 
 void TstStoreFaults::ReadsAReadOnlyFile() {
@@ -115,7 +115,7 @@ void TstStoreFaults::RefusesAnUnreadableFile() {
 void TstStoreFaults::LosesNothingOnAFullDisk() {
     const DayStore store;
     DayDatabase database(store.Path());
-    const QString longName(1000, u'x');  // long, so that the disk is full soon
+    const QString longName(1000, u'x');  // long, so that the disk is soon full
     int stored = 0;
     for (const rlim_t room : {0U, 100U, 600U, 4096U, 40'960U, 163'840U}) {
         int fault = 0;
@@ -128,14 +128,14 @@ void TstStoreFaults::LosesNothingOnAFullDisk() {
         }
         QVERIFY2(fault == SQLITE_FULL || fault == SQLITE_IOERR_WRITE, qPrintable(QString::number(fault)));
         QCOMPARE(database.RunQuery(kEverything).Count(), stored);
-        QCOMPARE(InsertFault(database), 0);  // there is space again
+        QCOMPARE(InsertFault(database), 0);  // the disk has space again
         ++stored;
         QCOMPARE(store.Raw("PRAGMA quick_check; SELECT count(*) FROM Kinenbi"),
                  QStringList({u"ok"_s, QString::number(stored)}));
     }
 }
 
-void TstStoreFaults::TakesATransactionBackOnAFullDisk() {
+void TstStoreFaults::RollsBackATransactionOnAFullDisk() {
     const DayStore store;
     Fill(store, 500);
     DayDatabase database(store.Path());
@@ -178,7 +178,7 @@ void TstStoreFaults::WaitsForAnotherProcessAndGivesUp() {
     QCOMPARE(database.RunQuery(kEverything).Count(), 1);
 }
 
-void TstStoreFaults::DoesNotOpenWhatAnotherProcessHolds() {
+void TstStoreFaults::DoesNotOpenAFileLockedByAnotherProcess() {
     const DayStore store;
     std::unique_ptr<RawConnection> holder;
     Neighbour neighbour(
@@ -193,7 +193,7 @@ void TstStoreFaults::DoesNotOpenWhatAnotherProcessHolds() {
     QCOMPARE(OpeningFault(store.Path()), QString());
 }
 
-void TstStoreFaults::TellsThatTheFileWasMoved() {
+void TstStoreFaults::ReportsThatTheFileWasMoved() {
     const DayStore store;
     DayDatabase database(store.Path());
     QCOMPARE(InsertFault(database), 0);
@@ -205,7 +205,7 @@ void TstStoreFaults::TellsThatTheFileWasMoved() {
     QCOMPARE(store.Raw("SELECT count(*) FROM Kinenbi"), QStringList(u"2"_s));
 }
 
-void TstStoreFaults::HoldsAShareOfTheLock() {
+void TstStoreFaults::HoldsASharedLock() {
     const DayStore store;
     {
         const DayDatabase first(store.Path());
@@ -218,7 +218,7 @@ void TstStoreFaults::HoldsAShareOfTheLock() {
     QCOMPARE(OpeningFault(store.Path()), Told(store.Path(), kInUse));
     close(file);
     QCOMPARE(OpeningFault(store.Path()), QString());
-    // A failed opening keeps nothing locked.
+    // A failed opening leaves nothing locked.
     SetBytes(store.Path(), "x");
     QVERIFY(!OpeningFault(store.Path()).isEmpty());
     QVERIFY(CanLockExclusively(store));

@@ -13,10 +13,10 @@ using namespace tickwell::store;
 
 namespace {
 
-constexpr qint64 kMostMemory = qint64{97} * 1024 * 1024;  // including a little that the limit does not count
+constexpr qint64 kMostMemory = qint64{97} * 1024 * 1024;  // the limit, and a little that it does not count
 const QByteArray kLong = "length(hex(zeroblob(400000000)))";  // 800 MB
 
-/// `count` texts of nearly a megabyte each, all needed at the same time.
+/// An SQL expression of `count` texts of nearly a megabyte each, all needed at the same time.
 QByteArray ManyTexts(int count) {
     QByteArrayList texts;
     for (int i = 0; i < count; ++i) {
@@ -36,12 +36,12 @@ class TstStoreLimits : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void AFileFromElsewhereGetsLittleMemory_data();
-    void AFileFromElsewhereGetsLittleMemory();
-    void AChangeOfManyRowsHasRoom();
+    void ACraftedFileGetsLittleMemory_data();
+    void ACraftedFileGetsLittleMemory();
+    void AChangeOfManyRowsHasEnoughMemory();
 };
 
-void TstStoreLimits::AFileFromElsewhereGetsLittleMemory_data() {
+void TstStoreLimits::ACraftedFileGetsLittleMemory_data() {
     QTest::addColumn<QByteArray>("sql");
     QTest::addColumn<QString>("opening");
     QTest::addColumn<QString>("writing");
@@ -65,7 +65,7 @@ void TstStoreLimits::AFileFromElsewhereGetsLittleMemory_data() {
         << "CREATE INDEX Extra ON Kinenbi(" + ManyTexts(120) + ")" << none << noMemory;
 }
 
-void TstStoreLimits::AFileFromElsewhereGetsLittleMemory() {
+void TstStoreLimits::ACraftedFileGetsLittleMemory() {
     QFETCH(QByteArray, sql);
     QFETCH(QString, opening);
     QFETCH(QString, writing);
@@ -89,7 +89,7 @@ void TstStoreLimits::AFileFromElsewhereGetsLittleMemory() {
              qPrintable(QString::number(sqlite3_memory_highwater(0))));
 }
 
-void TstStoreLimits::AChangeOfManyRowsHasRoom() {
+void TstStoreLimits::AChangeOfManyRowsHasEnoughMemory() {
     constexpr int kRows = 50'000;
     CompactionCase bench(false);
     Fill(bench.store, kRows);

@@ -121,14 +121,14 @@ private Q_SLOTS:
     void RefusesAtOpening();
     void RefusesAMissingFile();
     void RefusesAFolder();
-    void WaitsForOneWhoIsAboutToGo();
-    void TakesACopyThatLostItsMark();
+    void WaitsForAnotherProgramThatEndsSoon();
+    void AcceptsACopyWithoutItsMark();
     void LogsAMarkThatIsNoDate_data();
     void LogsAMarkThatIsNoDate();
     void LogsNothingOfDates();
     void RefusesEveryTruncation();
     void RefusesEveryZeroedPage();
-    void NeverFallsOverDamage();
+    void NeverCrashesOnDamage();
 };
 
 void TstStoreOpening::RefusesAtOpening_data() {
@@ -182,7 +182,7 @@ void TstStoreOpening::RefusesAFolder() {
     QVERIFY(!OpeningFault(queue).isEmpty());
 }
 
-void TstStoreOpening::WaitsForOneWhoIsAboutToGo() {
+void TstStoreOpening::WaitsForAnotherProgramThatEndsSoon() {
     const DayStore store;
     auto exclusive = std::make_unique<SharedFileLock>(store.Path());
     exclusive->TakeExclusive();
@@ -198,7 +198,7 @@ void TstStoreOpening::WaitsForOneWhoIsAboutToGo() {
     QVERIFY(patiently() && patiently());
 }
 
-void TstStoreOpening::TakesACopyThatLostItsMark() {
+void TstStoreOpening::AcceptsACopyWithoutItsMark() {
     const DayStore store;
     store.Raw("PRAGMA application_id = 0; PRAGMA user_version = 0");
     QCOMPARE(OpeningFault(store.Path()), QString());
@@ -207,8 +207,8 @@ void TstStoreOpening::TakesACopyThatLostItsMark() {
 void TstStoreOpening::LogsAMarkThatIsNoDate_data() {
     QTest::addColumn<QByteArray>("table");
     QTest::addColumn<QByteArray>("value");
-    QTest::newRow("a day that February lacks") << "Holiday"_ba
-                                               << "1998-02-30"_ba;
+    QTest::newRow("a day that February does not have") << "Holiday"_ba
+                                                       << "1998-02-30"_ba;
     QTest::newRow("a letter") << "Halfday"_ba
                               << "x"_ba;
     QTest::newRow("without zeros") << "Usuallyday"_ba
@@ -259,7 +259,7 @@ void TstStoreOpening::RefusesEveryZeroedPage() {
     }
 }
 
-void TstStoreOpening::NeverFallsOverDamage() {
+void TstStoreOpening::NeverCrashesOnDamage() {
     qInfo("seed %u", kSeed);
     const DayStore store;
     Fill(store, 500);

@@ -9,10 +9,10 @@
 
 namespace tickwell::store {
 
-/// The real disk with an observer before and after each step, which may throw.
+/// The real disk with a function that is called before and after each step, and may throw.
 class WatchedDisk : public PosixStoreDisk {
 public:
-    /// `step`: its number, from 1.
+    /// `step`: the number of the step, from 1.
     using Watch = std::function<void(int step, bool isDone)>;
 
     explicit WatchedDisk(Watch watch) : m_watch(std::move(watch)) {}

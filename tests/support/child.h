@@ -12,8 +12,8 @@ inline QString NameOf(const char* type, const QString& name) {
     return name.isEmpty() ? shownType : shownType + QStringLiteral(" \"%1\"").arg(name);
 }
 
-/// What to say if `parent` has no such child: what was looked for, and all children that there are, direct
-/// and indirect ones, in alphabetical order. Without it, a renamed control would only be a crash.
+/// The message for a missing child: what was looked for, and all direct and indirect children in alphabetical
+/// order. Without it, a renamed control would only cause a crash.
 inline QString MissingChild(const QObject& parent, const char* type, const QString& name) {
     QStringList children;
     for (const QObject* child : parent.findChildren<QObject*>()) {
@@ -26,8 +26,8 @@ inline QString MissingChild(const QObject& parent, const char* type, const QStri
 }
 
 /// The direct or indirect child of that type and object name; without a name, the first one of the type. The
-/// parent owns it. If there is none, the test program ends with the message of MissingChild: there is nothing
-/// to return, and a fatal message is the end that QTest shows with the test function and the call stack.
+/// parent owns it. If there is none, the test program ends with MissingChild's message by qFatal, for which
+/// QTest prints the test function and the call stack.
 template <typename Child>
 Child& ChildOf(const QObject& parent, const QString& name = QString()) {
     auto* child = name.isEmpty() ? parent.findChild<Child*>() : parent.findChild<Child*>(name);

@@ -10,8 +10,8 @@
 
 namespace tickwell {
 
-/// Records the boxes that would have been shown, with their owners. The test closes the open box and answers
-/// the one that asks.
+/// Records the boxes that would have been shown, with their owners. The test closes the open box, answers its
+/// question or cancels the wait.
 class FakeMessageBoxes : public MessageBoxes {
 public:
     void Show(const QObject* owner, const Message& message, std::function<void()> onClosed) override {
@@ -56,7 +56,7 @@ public:
     bool IsOpen() const { return m_onClosed != nullptr; }
     void Close(bool isTicked = false) { std::exchange(m_onClosed, nullptr)(isTicked); }
 
-    /// The texts of check boxes in the boxes.
+    /// The texts of the boxes' check boxes.
     const QStringList& Offered() const { return m_offered; }
 
     const QList<Message>& Asked() const { return m_asked; }
@@ -67,7 +67,7 @@ public:
     bool IsChoosing() const { return m_onChoice != nullptr; }
     void Pick(MessageAnswer answer) { std::exchange(m_onChoice, nullptr)(answer); }
 
-    /// The boxes that showed a wait.
+    /// The boxes shown by ShowWaiting.
     const QList<Message>& Waits() const { return m_waits; }
     bool IsWaiting() const { return m_onCancel != nullptr && *m_onCancel != nullptr; }
     void CancelWait() { std::exchange(*m_onCancel, nullptr)(); }

@@ -22,7 +22,7 @@ public:
     }
     void SetReading(const PowerReading& reading) { m_reading = reading; }
 
-    /// Answers the last question of a slow machine; returns false if it was withdrawn.
+    /// Answers the last question put while `isSlow`; returns false if it was withdrawn.
     bool Answer() {
         const auto question = std::exchange(m_question, {}).lock();
         if (question) {

@@ -34,7 +34,7 @@ public:
         }
     }
 
-    /// Answers the pending Show of a slow area; returns false if it was withdrawn.
+    /// Answers the pending Show of a slow notification area; returns false if it was withdrawn.
     bool Answer(bool isShown) {
         const auto answer = std::exchange(m_answer, nullptr);
         if (answer) {

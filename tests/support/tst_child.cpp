@@ -29,7 +29,7 @@ struct Family {
 
 }  // namespace
 
-/// The help for tests that look for children and windows.
+/// ChildOf and WindowNamed, and their messages if nothing is found.
 class TstChild : public QObject {
     Q_OBJECT
 
@@ -37,8 +37,8 @@ private Q_SLOTS:
     void AChildIsFoundByTypeAndName();
     void AMissingChildNamesTheChildrenThereAre_data();
     void AMissingChildNamesTheChildrenThereAre();
-    void LookingInVainEndsTheTest_data();
-    void LookingInVainEndsTheTest();
+    void AFailedLookupEndsTheTest_data();
+    void AFailedLookupEndsTheTest();
     void AWindowIsFoundByName();
 };
 
@@ -67,7 +67,7 @@ void TstChild::AMissingChildNamesTheChildrenThereAre() {
              u"QObject has no child QTimer \"x\"; it has no children"_s);
 }
 
-void TstChild::LookingInVainEndsTheTest_data() {
+void TstChild::AFailedLookupEndsTheTest_data() {
     QTest::addColumn<QString>("what");
     QTest::addColumn<QByteArray>("message");
     QTest::newRow("name") << u"child"_s
@@ -78,8 +78,8 @@ void TstChild::LookingInVainEndsTheTest_data() {
     QTest::newRow("window") << u"window"_s << QByteArray("no window \"Form2\"; there are: QWidget \"Form5\"");
 }
 
-/// Runs itself in another process, in which this row looks for what is not there.
-void TstChild::LookingInVainEndsTheTest() {
+/// Runs this row again in a child process, in which the lookup must fail.
+void TstChild::AFailedLookupEndsTheTest() {
     QFETCH(QString, what);
     QFETCH(QByteArray, message);
     if (qEnvironmentVariableIsSet(kLooksInVain)) {
@@ -98,15 +98,15 @@ void TstChild::LookingInVainEndsTheTest() {
     QProcess process;
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     environment.insert(QString::fromLatin1(kLooksInVain), u"1"_s);
-    environment.insert(u"QTEST_DISABLE_STACK_DUMP"_s, u"1"_s);  // a debugger takes seconds for it
+    environment.insert(u"QTEST_DISABLE_STACK_DUMP"_s, u"1"_s);  // the debugger that it starts takes seconds
     environment.insert(u"QTEST_DISABLE_CORE_DUMP"_s, u"1"_s);
     process.setProcessEnvironment(environment);
     process.setProcessChannelMode(QProcess::MergedChannels);
     process.start(QCoreApplication::applicationFilePath(),
-                  {u"LookingInVainEndsTheTest:"_s + QString::fromLatin1(QTest::currentDataTag())});
+                  {u"AFailedLookupEndsTheTest:"_s + QString::fromLatin1(QTest::currentDataTag())});
     QVERIFY(process.waitForFinished());
     const QByteArray output = process.readAll();
-    QVERIFY2(output.contains("QFATAL : TstChild::LookingInVainEndsTheTest(") && output.contains(message),
+    QVERIFY2(output.contains("QFATAL : TstChild::AFailedLookupEndsTheTest(") && output.contains(message),
              output.constData());
     QVERIFY(process.exitStatus() == QProcess::CrashExit || process.exitCode() != 0);
 }

@@ -41,7 +41,7 @@ Window* FindWindow() {
     return nullptr;
 }
 
-/// The same window, which must be there; ends the test program as WindowNamed does.
+/// The same window, which must exist; otherwise ends the test program as WindowNamed does.
 template <typename Window>
 Window& WindowOf() {
     auto* window = FindWindow<Window>();

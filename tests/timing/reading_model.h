@@ -7,7 +7,8 @@
 
 namespace tickwell::timing {
 
-/// The text of a reading, implemented separately from the program: h:mm'ss"fff, a negative one a day later.
+/// The text of a reading, h:mm'ss"fff, implemented separately from the program. A negative reading is shown
+/// with a day added.
 inline QString ReadingOf(qint64 ms) {
     ms = ms < 0 ? ms + 86'400'000 : ms;
     const auto padded = [](qint64 value, int width) -> QString {
@@ -18,14 +19,14 @@ inline QString ReadingOf(qint64 ms) {
            padded(ms / 1000 % 60, 2) + u'"' + padded(ms % 1000, 3);
 }
 
-/// The value if it fits in signed 32 bits.
+/// The value, or nothing if it does not fit in 32 bits with sign.
 inline std::optional<qint64> Fitting(qint64 value) {
     const bool fits =
         value >= std::numeric_limits<qint32>::min() && value <= std::numeric_limits<qint32>::max();
     return fits ? std::optional(value) : std::nullopt;
 }
 
-/// The value of the tick counter `since` milliseconds after the machine started.
+/// The value of the tick counter when the machine has been running for `since` milliseconds.
 inline qint64 TickAt(qint64 since) {
     const qint64 turn = qint64{1} << 32;
     const qint64 rest = since % turn;

@@ -15,7 +15,7 @@
 
 namespace tickwell::timing {
 
-/// The main window as seen by stopwatch and countdown, and all their other dependencies, faked for tests.
+/// All dependencies of stopwatch and countdown, faked; the object itself acts as the main window.
 struct TimingBench : public DisplayFunctions {
     platform::VirtualTime time{QDateTime(QDate(1998, 11, 15), QTime(21, 5, 7)), 307'000};
     FakeMessageBoxes boxes;
@@ -31,7 +31,7 @@ struct TimingBench : public DisplayFunctions {
     QStringList commands;
     std::function<void()> enterFolder = [this] { commands.append(QStringLiteral("folder")); };
     int placed = 0;
-    int placedWidth = 0;  ///< of the window that was placed last
+    int placedWidth = 0;  ///< of the last placed window
     qint32 function = kFunctionStopwatch;
     TimingTools tools{{.stopwatch = stopwatch,
                        .countdown = countdown,
@@ -62,7 +62,7 @@ struct TimingBench : public DisplayFunctions {
     }
     qint32 GetFuncNumber() const override { return function; }
 
-    /// Like the program, which adjusts the size of a window that was never shown.
+    /// Adjusts the size of a window that was never shown, as the program does.
     void Place(QWidget& window) {
         ++placed;
         if (!window.testAttribute(Qt::WA_Resized)) {

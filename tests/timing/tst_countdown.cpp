@@ -39,8 +39,8 @@ private Q_SLOTS:
     void ASecondPauseStartsFromTheSecondStop();
     void TenCyclesDoNotDrift();
     void TheLoopCountIsNeverCleared();
-    void ItRunsOnAcrossTheTurnOfTheCounter();
-    void ARestThatFitsIsFoundAfterTheSignChange();
+    void ItKeepsRunningAcrossTheTurnOfTheCounter();
+    void ARemainingTimeThatFitsIsFoundAfterTheSignChange();
     void ACycleAcrossTheSignChangeOverflows();
     void APauseAcrossTheSignChangeOverflowsAndStartsNothing();
     void ACycleThatWouldBeginBeyondTheSignChangeDoesNotCount();
@@ -58,7 +58,7 @@ void TstCountdown::EachTransition_data() {
     QTest::newRow("idle") << u""_s << false << 0 << 0 << 0;
     QTest::newRow("idle, start: running") << u"S"_s << true << 308'000 << 0 << 0;
     QTest::newRow("running, stop: paused") << u"SP"_s << false << 308'000 << 309'000 << 0;
-    QTest::newRow("paused, start: running on, its pause kept in mind")
+    QTest::newRow("paused, start: running again, its pause remembered")
         << u"SPS"_s << true << 309'000 << 309'000 << 0;
     QTest::newRow("paused, reset: idle") << u"SPR"_s << false << 0 << 0 << 0;
     QTest::newRow("running, zero: idle") << u"SE"_s << false << 0 << 0 << 0;
@@ -153,7 +153,7 @@ void TstCountdown::TheLoopCountIsNeverCleared() {
     QCOMPARE(bench.state.CountdownLoopCount, 2);
 }
 
-void TstCountdown::ItRunsOnAcrossTheTurnOfTheCounter() {
+void TstCountdown::ItKeepsRunningAcrossTheTurnOfTheCounter() {
     Bench bench(kTurn - 1000, 1500);
     bench.countdown.Start();
     bench.time.since += 1000;
@@ -165,9 +165,9 @@ void TstCountdown::ItRunsOnAcrossTheTurnOfTheCounter() {
     QCOMPARE(bench.state.CountdownStart, 500);
 }
 
-/// After the tick's sign change `duration - tick` overflows for up to a day, although the remaining time
+/// After the tick's sign change, `duration - tick` overflows for up to a day, although the remaining time
 /// fits.
-void TstCountdown::ARestThatFitsIsFoundAfterTheSignChange() {
+void TstCountdown::ARemainingTimeThatFitsIsFoundAfterTheSignChange() {
     Bench bench(kSignChange, 86'399'000);
     bench.countdown.Start();
     bench.time.since += 1000;
@@ -210,7 +210,7 @@ void TstCountdown::AFullLoopCountBeginsNoCycle() {
     QCOMPARE(bench.state.CountdownStart, 307'000);
 }
 
-/// A tick of zero means "not stopped": once in fifty days, for one millisecond.
+/// A tick of zero means "not stopped"; the counter has that value for one millisecond in fifty days.
 void TstCountdown::AStopAtTickZeroIsNoPause() {
     Bench bench(kTurn - 5000);
     bench.countdown.Start();

@@ -52,20 +52,20 @@ private Q_SLOTS:
     void ChoosingItWithNothingSetShowsFifteenSeconds();
     void ChoosingItLosesThePause();
     void ChoosingItWhileItRunsGoesOn();
-    void ChoosingItWhileItIsLateLeavesZeroToItsTick();
+    void ChoosingItLateLeavesTheEndToItsTick();
     void ChoosingAnotherHidesIt();
-    void TheRestIsShownWithEachTick();
+    void TheRemainingTimeIsShownWithEachTick();
     void OneMillisecondIsNotZero();
     void ZeroEndsTheRunInThisOrder();
     void ZeroStartsTheNextCycleInThisOrder();
-    void UnseenTheNoticeComesAlone();
-    void UnseenTheLoopsAreCountedAllTheSame();
+    void UnseenOnlyTheNoticeIsShown();
+    void UnseenTheLoopsAreStillCounted();
     void TheLoopCountIsTheTotalOverAllRuns();
-    void ALateTickCatchesUpOneCycleATick();
+    void ALateTickCatchesUpOneCyclePerTick();
     void AnOverflowWritesNothing();
-    void ZeroIsDueAndWhereItIsShownEachFrame();
-    void TheRestIsBroughtUpOnlyWhereItIsShownAndRuns();
-    void ZeroStandsForItsMillisecond();
+    void ZeroIsDueAndEachFrameWhileShown();
+    void TheRemainingTimeIsUpdatedOnlyWhileShownAndRunning();
+    void ZeroIsShownForItsMillisecond();
 };
 
 void TstCountdownLines::ChoosingItOffersTheWindowAndShowsTheTime() {
@@ -104,7 +104,7 @@ void TstCountdownLines::ChoosingItWhileItRunsGoesOn() {
     QCOMPARE(bench.TickAfter(1), Journal{u"lower set 0:00'54\"999"_s});
 }
 
-void TstCountdownLines::ChoosingItWhileItIsLateLeavesZeroToItsTick() {
+void TstCountdownLines::ChoosingItLateLeavesTheEndToItsTick() {
     Bench bench(60'000, false, false);
     bench.Start();
     bench.time.since += 61'000;
@@ -122,7 +122,7 @@ void TstCountdownLines::ChoosingAnotherHidesIt() {
     QVERIFY(bench.TickAfter(1).isEmpty());
 }
 
-void TstCountdownLines::TheRestIsShownWithEachTick() {
+void TstCountdownLines::TheRemainingTimeIsShownWithEachTick() {
     Bench bench;
     bench.Start();
     QCOMPARE(bench.TickAfter(1), Journal{u"lower set 0:00'00\"999"_s});
@@ -161,16 +161,16 @@ void TstCountdownLines::ZeroStartsTheNextCycleInThisOrder() {
     QCOMPARE(bench.TickAfter(1000)[1], u"upper show ループ 3回目です"_s);
 }
 
-void TstCountdownLines::UnseenTheNoticeComesAlone() {
+void TstCountdownLines::UnseenOnlyTheNoticeIsShown() {
     Bench bench(1000, false, false);
     bench.Start();
     QVERIFY(bench.TickAfter(500).isEmpty());
-    // An open window is updated but not brought to the front, and no line changes.
+    // If its window is open, it is updated but not brought to the front, and no line changes.
     QCOMPARE(bench.TickAfter(500), (Journal{u"refresh"_s, u"notice"_s}));
     QVERIFY(!bench.state.CountdownRunning);
 }
 
-void TstCountdownLines::UnseenTheLoopsAreCountedAllTheSame() {
+void TstCountdownLines::UnseenTheLoopsAreStillCounted() {
     Bench bench(1000, true, false);
     bench.Start();
     QCOMPARE(bench.TickAfter(1000), Journal{u"notice"_s});
@@ -188,10 +188,10 @@ void TstCountdownLines::TheLoopCountIsTheTotalOverAllRuns() {
     QVERIFY(bench.TickAfter(1000).contains(u"upper show ループ 3回目です"_s));
 }
 
-void TstCountdownLines::ALateTickCatchesUpOneCycleATick() {
+void TstCountdownLines::ALateTickCatchesUpOneCyclePerTick() {
     Bench bench(1000, true);
     bench.Start();
-    bench.TickAfter(5500);  // as if the machine was suspended
+    bench.TickAfter(5500);  // as after a suspend
     QCOMPARE(bench.state.CountdownLoopCount, 1);
     for (qint32 count = 2; count <= 5; ++count) {
         QVERIFY(bench.TickAfter(0).contains(u"notice"_s));
@@ -209,7 +209,7 @@ void TstCountdownLines::AnOverflowWritesNothing() {
     QVERIFY(bench.journal.isEmpty());
 }
 
-void TstCountdownLines::ZeroIsDueAndWhereItIsShownEachFrame() {
+void TstCountdownLines::ZeroIsDueAndEachFrameWhileShown() {
     Bench bench(1000);
     bench.Start();
     QCOMPARE(bench.lines.UntilDue(17), qint64{17});
@@ -223,7 +223,7 @@ void TstCountdownLines::ZeroIsDueAndWhereItIsShownEachFrame() {
     QVERIFY(bench.lines.UntilDue(17) <= 0);  // late: due at once
 }
 
-void TstCountdownLines::TheRestIsBroughtUpOnlyWhereItIsShownAndRuns() {
+void TstCountdownLines::TheRemainingTimeIsUpdatedOnlyWhileShownAndRunning() {
     Bench bench(1000);
     bench.lines.BringUp();
     QVERIFY(bench.journal.isEmpty());
@@ -233,7 +233,7 @@ void TstCountdownLines::TheRestIsBroughtUpOnlyWhereItIsShownAndRuns() {
     QCOMPARE(bench.journal, Journal{u"lower set 0:00'00\"995"_s});
     bench.time.since += 2000;
     bench.lines.BringUp();
-    QCOMPARE(bench.journal.last(), u"lower set 0:00'00\"000"_s);  // the end is left to the tick
+    QCOMPARE(bench.journal.last(), u"lower set 0:00'00\"000"_s);  // ending the run is left to the tick
     QVERIFY(bench.state.CountdownRunning);
     bench.lines.Hide();
     bench.journal.clear();
@@ -241,7 +241,7 @@ void TstCountdownLines::TheRestIsBroughtUpOnlyWhereItIsShownAndRuns() {
     QVERIFY(bench.journal.isEmpty());
 }
 
-void TstCountdownLines::ZeroStandsForItsMillisecond() {
+void TstCountdownLines::ZeroIsShownForItsMillisecond() {
     Bench bench(1000, true);
     bench.Start();
     bench.TickAfter(1000);

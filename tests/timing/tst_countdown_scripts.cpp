@@ -53,7 +53,7 @@ struct Seen {
     }
 };
 
-/// The program's countdown, with a window that keeps its entry like the real one.
+/// The program's countdown, with a window that keeps what was entered, like the real one.
 class Real {
 public:
     explicit Real(qint64 since) { m_time.since = since; }
@@ -171,7 +171,7 @@ public:
     }
 
 private:
-    /// Time since the cycle began; nothing if the counter has changed its sign since.
+    /// The time since the cycle began, or nothing if the counter has changed its sign since.
     std::optional<qint64> Passed() const { return Fitting(TickAt(m_since) - m_seen.start); }
 
     void Start() {
@@ -274,7 +274,7 @@ qint64 AmountOf(Step step, QRandomGenerator& random) {
     }
 }
 
-/// Controls that set the time are disabled while it runs.
+/// Controls that set the time are disabled while the countdown runs.
 bool CanBeDone(Step step, bool running) {
     return !running || (step != Step::Reset && step != Step::Entry && step != Step::Repeat);
 }

@@ -36,7 +36,7 @@ struct Bench {
 
 }  // namespace
 
-/// A print, from its start to what the user is told about it.
+/// A print from its start to the message for the user.
 class TstReportPrinting : public QObject {
     Q_OBJECT
 
@@ -45,10 +45,10 @@ private Q_SLOTS:
     void ADelayShowsABoxUntilTheAnswer_data();
     void ADelayShowsABoxUntilTheAnswer();
     void CancelEndsThePrint();
-    void AFailureAfterAcceptanceIsTold();
+    void AFailureAfterAcceptanceIsReported();
     void NoFailureHidesAnother();
-    void ItsEndCancelsADelayedPrintOnly_data();
-    void ItsEndCancelsADelayedPrintOnly();
+    void DestructionCancelsOnlyADelayedPrint_data();
+    void DestructionCancelsOnlyADelayedPrint();
 };
 
 void TstReportPrinting::AnAcceptedPrintShowsNothing() {
@@ -105,7 +105,7 @@ void TstReportPrinting::CancelEndsThePrint() {
     QCOMPARE(bench.boxes.Waits().size(), 1);
 }
 
-void TstReportPrinting::AFailureAfterAcceptanceIsTold() {
+void TstReportPrinting::AFailureAfterAcceptanceIsReported() {
     Bench bench;
     bench.Print();
     bench.printer.Tell(kAccepted);
@@ -127,14 +127,14 @@ void TstReportPrinting::NoFailureHidesAnother() {
     QCOMPARE(bench.boxes.Owners(), QList<const QObject*>(2, &bench.window));
 }
 
-void TstReportPrinting::ItsEndCancelsADelayedPrintOnly_data() {
+void TstReportPrinting::DestructionCancelsOnlyADelayedPrint_data() {
     QTest::addColumn<bool>("isDelayed");
     QTest::addColumn<int>("cancelled");
     QTest::newRow("under way") << false << 0;
     QTest::newRow("delayed") << true << 1;
 }
 
-void TstReportPrinting::ItsEndCancelsADelayedPrintOnly() {
+void TstReportPrinting::DestructionCancelsOnlyADelayedPrint() {
     QFETCH(bool, isDelayed);
     QFETCH(int, cancelled);
     Bench bench;

@@ -31,16 +31,16 @@ class TstStopwatch : public QObject {
 private Q_SLOTS:
     void EachTransition_data();
     void EachTransition();
-    void TheSecondRunGoesOnFromTheFirst();
+    void TheSecondRunContinuesTheFirst();
     void LapsAreCountedFromTheStart();
-    void ItRunsOnAcrossTheTurnOfTheCounter();
+    void ItKeepsRunningAcrossTheTurnOfTheCounter();
     void TheSignChangeOverflows();
-    void TheDifferenceComesFirst();
+    void TheDifferenceIsComputedFirst();
     void AStopThatOverflowsEndsTheRun();
     void AStopwatchThatOverflowedIsReset();
     void AFullLapCountDoesNotCount();
-    void AnIntervalIsStopwatchTimeSinceTheLapBefore_data();
-    void AnIntervalIsStopwatchTimeSinceTheLapBefore();
+    void AnIntervalIsStopwatchTimeSinceThePreviousLap_data();
+    void AnIntervalIsStopwatchTimeSinceThePreviousLap();
     void AnIntervalAcrossTheTurnOfTheCounter();
     void AfterALostRunTheIntervalBeginsAtTheKeptTime_data();
     void AfterALostRunTheIntervalBeginsAtTheKeptTime();
@@ -94,7 +94,7 @@ void TstStopwatch::EachTransition() {
     }
 }
 
-void TstStopwatch::TheSecondRunGoesOnFromTheFirst() {
+void TstStopwatch::TheSecondRunContinuesTheFirst() {
     Bench bench;
     bench.stopwatch.Start();
     bench.time.since += 1500;
@@ -118,7 +118,7 @@ void TstStopwatch::LapsAreCountedFromTheStart() {
     }
 }
 
-void TstStopwatch::ItRunsOnAcrossTheTurnOfTheCounter() {
+void TstStopwatch::ItKeepsRunningAcrossTheTurnOfTheCounter() {
     Bench bench(kTurn - 300);
     bench.stopwatch.Start();
     QCOMPARE(bench.state.StopwatchStart, -300);
@@ -147,8 +147,8 @@ void TstStopwatch::TheSignChangeOverflows() {
     QCOMPARE(bench.stopwatch.Reading(), 0);
 }
 
-/// Elapsed plus tick would overflow, although the reading is small.
-void TstStopwatch::TheDifferenceComesFirst() {
+/// `elapsed + tick` would overflow, although the reading is small.
+void TstStopwatch::TheDifferenceIsComputedFirst() {
     Bench bench(kSignChange - 5000);
     bench.state.StopwatchElapsed = 100'000;
     bench.stopwatch.Start();
@@ -169,7 +169,7 @@ void TstStopwatch::AStopThatOverflowsEndsTheRun() {
     QCOMPARE(bench.stopwatch.Reading(), 2'147'483'000);
 }
 
-/// Stop overflows for 24.8 days, while the counter's sign change lies between start and now.
+/// Stop overflows for 24.8 days, while the sign change of the counter is between start and now.
 void TstStopwatch::AStopwatchThatOverflowedIsReset() {
     Bench bench(kSignChange - 300);
     bench.stopwatch.Start();
@@ -192,11 +192,11 @@ void TstStopwatch::AFullLapCountDoesNotCount() {
     QCOMPARE(bench.state.StopwatchLapCount, 2'147'483'647);
 }
 
-void TstStopwatch::AnIntervalIsStopwatchTimeSinceTheLapBefore_data() {
-    QTest::addColumn<QString>("script");  // S start, P stop, L lap, R reset, a dot 100 ms
+void TstStopwatch::AnIntervalIsStopwatchTimeSinceThePreviousLap_data() {
+    QTest::addColumn<QString>("script");  // S start, P stop, L lap, R reset; a dot advances time by 100 ms
     QTest::addColumn<QList<qint32>>("intervals");
     QTest::newRow("the first, since the start") << u"S..L"_s << QList<qint32>{200};
-    QTest::newRow("each since the one before") << u"S.L...L..L"_s << QList<qint32>{100, 300, 200};
+    QTest::newRow("each since the previous one") << u"S.L...L..L"_s << QList<qint32>{100, 300, 200};
     QTest::newRow("two at once") << u"S.LL"_s << QList<qint32>{100, 0};
     QTest::newRow("a pause does not count") << u"S.L..P.....S.L"_s << QList<qint32>{100, 300};
     QTest::newRow("a pause before the first lap") << u"S..P.....S.L"_s << QList<qint32>{300};
@@ -205,7 +205,7 @@ void TstStopwatch::AnIntervalIsStopwatchTimeSinceTheLapBefore_data() {
         << u"S.L...L.PR....S..L"_s << QList<qint32>{100, 300, 200};
 }
 
-void TstStopwatch::AnIntervalIsStopwatchTimeSinceTheLapBefore() {
+void TstStopwatch::AnIntervalIsStopwatchTimeSinceThePreviousLap() {
     QFETCH(const QString, script);
     Bench bench;
     QList<qint32> intervals;
@@ -243,11 +243,11 @@ void TstStopwatch::AnIntervalAcrossTheTurnOfTheCounter() {
 void TstStopwatch::AfterALostRunTheIntervalBeginsAtTheKeptTime_data() {
     QTest::addColumn<bool>("lapInLostRun");
     QTest::addColumn<qint32>("interval");
-    QTest::newRow("the lap before was in the kept time") << false << 100 + 300;
-    QTest::newRow("the lap before was in the lost run") << true << 300;
+    QTest::newRow("the previous lap was in the kept time") << false << 100 + 300;
+    QTest::newRow("the previous lap was in the lost run") << true << 300;
 }
 
-/// 400 ms with a lap after 300 are kept; then a run of 200 ms with or without a lap overflows.
+/// A run of 400 ms with a lap at 300 ms is kept; then a run of 200 ms, with or without a lap, overflows.
 void TstStopwatch::AfterALostRunTheIntervalBeginsAtTheKeptTime() {
     QFETCH(const bool, lapInLostRun);
     Bench bench(kSignChange - 600);
@@ -270,7 +270,7 @@ void TstStopwatch::AfterALostRunTheIntervalBeginsAtTheKeptTime() {
     QTEST(lap.interval, "interval");
 }
 
-/// A stopwatch that ran for 49 days has a negative reading again.
+/// The reading of a stopwatch that has run for 49 days is negative again.
 void TstStopwatch::ALapCountsThoughItsIntervalDoesNotFit() {
     Bench bench(kSignChange - 1000);
     bench.stopwatch.Start();

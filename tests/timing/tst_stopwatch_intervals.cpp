@@ -20,7 +20,7 @@ struct Bench : public TimingBench {
 
     StopForm& Form() const { return The<StopForm>(); }
     QPlainTextEdit& List() const { return The<StopForm, QPlainTextEdit>("Text1"); }
-    /// Laps of all lengths, more than the list has lines.
+    /// Takes laps of all lengths, more than fit into the visible list.
     void TakeLaps() {
         Press<StopForm>("Command1");
         for (int lap = 0; lap < 20; ++lap) {
@@ -51,7 +51,7 @@ private Q_SLOTS:
     void TheReportHasThemAsAColumn();
 
 private:
-    int m_plainWidth = 0;  // of the list by default
+    int m_plainWidth = 0;  // of the list without intervals
 };
 
 void TstStopwatchIntervals::initTestCase() {
@@ -120,7 +120,7 @@ void TstStopwatchIntervals::AnOpenWindowGrowsAndStaysOnTheScreen() {
     QCOMPARE(bench.Form().frameGeometry().top(), room.top() + 50);
 }
 
-/// The user may move it partly off the screen.
+/// The user may have moved the window partly off the screen; only growing moves it back.
 void TstStopwatchIntervals::AWindowThatNeedNotGrowStaysWhereItIs() {
     Bench bench(true);
     bench.tools.ShowStopForm();

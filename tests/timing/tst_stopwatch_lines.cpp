@@ -30,8 +30,8 @@ private Q_SLOTS:
     void ChoosingItWipesTheReadingIn();
     void EachTickReplacesTheReading();
     void TheReadingDoesNotDependOnHowOftenTicksCome();
-    void AStoppedStopwatchShowsNoUptime();
-    void AStandingReadingLetsTheWipeEnd();
+    void AStoppedStopwatchDoesNotShowTheUptime();
+    void AStoppedReadingLetsTheWipeFinish();
     void TheUpperLineIsNotTouched();
     void TheNextFrameIsDueWhileItRuns();
 };
@@ -66,7 +66,7 @@ void TstStopwatchLines::TheReadingDoesNotDependOnHowOftenTicksCome() {
     QCOMPARE(bench.lower.Text(), u"0:01'01\"001"_s);
 }
 
-void TstStopwatchLines::AStoppedStopwatchShowsNoUptime() {
+void TstStopwatchLines::AStoppedStopwatchDoesNotShowTheUptime() {
     Bench bench;
     bench.lines.Tick();
     QCOMPARE(bench.lower.Text(), u"0:00'00\"000"_s);
@@ -78,7 +78,7 @@ void TstStopwatchLines::AStoppedStopwatchShowsNoUptime() {
     QCOMPARE(bench.lower.Text(), u"0:00'01\"500"_s);
 }
 
-void TstStopwatchLines::AStandingReadingLetsTheWipeEnd() {
+void TstStopwatchLines::AStoppedReadingLetsTheWipeFinish() {
     Bench bench;
     bench.lines.Show();
     bench.lower.TakeRecord();

@@ -34,7 +34,7 @@ struct Bench {
         functions.shown = kFunctionStopwatch;
         panel.Load();
     }
-    /// 1 and 2 press the buttons, a dot advances time by 1000 ms.
+    /// 1 and 2 press the buttons; a dot advances time by 1000 ms.
     void Play(QStringView script) {
         for (const QChar step : script) {
             if (step == u'1') {
@@ -59,20 +59,20 @@ private Q_SLOTS:
     void TheCaptionsSayWhatTheButtonsWillDo();
     void TheListAndTheLines_data();
     void TheListAndTheLines();
-    void StartingUnderAnotherFunctionComesToTheStopwatchFirst();
+    void StartingUnderAnotherFunctionSwitchesToTheStopwatch();
     void StoppingUnderAnotherFunctionWritesTheLine();
     void TheTimerRunsWithTheStopwatch();
     void TheListOutlivesTheClosedWindow();
     void TheKeptListIsCopiedOnlyAtClosing();
     void ResetEmptiesTheKeptListToo();
     void ALapThatOverflowsDoesNotCount();
-    void AStopThatOverflowsLetsItBeReset();
+    void AfterAStopThatOverflowsItCanBeReset();
     void OnlyAReplacedListHasAnotherNumber();
     void OnlyItsSwitchWritesIntervals_data();
     void OnlyItsSwitchWritesIntervals();
     void AListWithIntervals_data();
     void AListWithIntervals();
-    void TheSwitchCountsAtTheMomentOfTheLap();
+    void TheSwitchTakesEffectAtTheLap();
     void IntervalsOutliveTheClosedWindow();
 };
 
@@ -95,7 +95,7 @@ void TstStopwatchPanel::TheListAndTheLines_data() {
     QTest::newRow("a start writes nothing") << u"1"_s << u""_s << QStringList();
     QTest::newRow("a list that starts with a stop begins with an empty line, on purpose")
         << u"1.1"_s << u"\r\n【Stop】 0:00'01\"000"_s << QStringList{u"lower set 0:00'01\"000"_s};
-    QTest::newRow("the second reading goes on from the first")
+    QTest::newRow("the second reading continues the first")
         << u"1.1.1.1"_s << u"\r\n【Stop】 0:00'01\"000\r\n【Stop】 0:00'02\"000"_s
         << QStringList{u"lower set 0:00'02\"000"_s};
     QTest::newRow("the first lap replaces the list")
@@ -126,7 +126,7 @@ void TstStopwatchPanel::TheListAndTheLines() {
     QTEST(bench.Take(), "lines");
 }
 
-void TstStopwatchPanel::StartingUnderAnotherFunctionComesToTheStopwatchFirst() {
+void TstStopwatchPanel::StartingUnderAnotherFunctionSwitchesToTheStopwatch() {
     Bench bench;
     bench.functions.shown = kFunctionClock;
     bench.Play(u"1");
@@ -204,7 +204,7 @@ void TstStopwatchPanel::ALapThatOverflowsDoesNotCount() {
     QVERIFY(bench.Take().isEmpty());
 }
 
-void TstStopwatchPanel::AStopThatOverflowsLetsItBeReset() {
+void TstStopwatchPanel::AfterAStopThatOverflowsItCanBeReset() {
     Bench bench;
     bench.time.since = (qint64{1} << 31) - 2000;
     bench.Play(u"1.2");
@@ -253,7 +253,7 @@ void TstStopwatchPanel::OnlyItsSwitchWritesIntervals() {
              writes ? u"Lapse1  0:00'01\"000  (+0:00'01\"000)\r\nLapse2  0:00'03\"000  (+0:00'02\"000)\r\n"
                       "【Stop】 0:00'04\"000"_s
                     : u"Lapse1  0:00'01\"000\r\nLapse2  0:00'03\"000\r\n【Stop】 0:00'04\"000"_s);
-    QCOMPARE(bench.Take().mid(0, 2),  // the line has no interval
+    QCOMPARE(bench.Take().mid(0, 2),  // the lower line has no interval
              (Journal{u"upper show Lapse1  0:00'01\"000"_s, u"upper set Lapse2  0:00'03\"000"_s}));
 }
 
@@ -266,7 +266,7 @@ void TstStopwatchPanel::AListWithIntervals_data() {
         << u"1.2.1....1.2"_s
         << u"Lapse1  0:00'01\"000  (+0:00'01\"000)\r\n【Stop】 0:00'02\"000\r\n"
            "Lapse2  0:00'03\"000  (+0:00'02\"000)"_s;
-    QTest::newRow("a cleared list begins anew")
+    QTest::newRow("a cleared list starts afresh")
         << u"1.2.12.1..2"_s << u"Lapse1  0:00'02\"000  (+0:00'02\"000)"_s;
 }
 
@@ -278,7 +278,7 @@ void TstStopwatchPanel::AListWithIntervals() {
     QTEST(bench.panel.List(), "list");
 }
 
-void TstStopwatchPanel::TheSwitchCountsAtTheMomentOfTheLap() {
+void TstStopwatchPanel::TheSwitchTakesEffectAtTheLap() {
     Bench bench;
     bench.Play(u"1.2");
     bench.further.corrections.lapIntervals = true;

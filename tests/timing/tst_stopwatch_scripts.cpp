@@ -52,7 +52,7 @@ struct Seen {
     }
 };
 
-/// The program's stopwatch, with a main window reduced to what it needs.
+/// The program's stopwatch, with only the parts of a main window that it needs.
 class Real : public DisplayFunctions {
 public:
     explicit Real(qint64 since) {
@@ -228,7 +228,8 @@ private:
         ++m_seen.laps;
         const QString line = u"Lapse%1  %2"_s.arg(m_seen.laps).arg(ReadingOf(*reading));
         const bool first = m_seen.laps == 1;
-        // As if the counter had 32 bits: it does not matter on which side of a turn the laps are.
+        // Computed modulo 2^32, like the tick counter: it does not matter on which side of a turn the laps
+        // are.
         const QString interval = u"  (+%1)"_s.arg(ReadingOf(TickAt(*reading - m_before + (qint64{1} << 32))));
         const QString listed = m_hasIntervals ? line + interval : line;
         m_before = *reading;
@@ -266,7 +267,7 @@ private:
     }
 
     qint64 m_since;
-    qint64 m_before = 0;  // the reading at which the next interval begins
+    qint64 m_before = 0;  // the reading at the start of the next interval
     bool m_hasIntervals = false;
     QString m_lower;
     Seen m_seen;

@@ -21,7 +21,7 @@ struct Bench : public TimingBench {
         return The<StopForm, QPushButton>("Command1").text() + u'/' +
                The<StopForm, QPushButton>("Command2").text();
     }
-    /// 1 to 4 press the buttons, a dot advances time by 1000 ms.
+    /// 1 to 4 press the buttons; a dot advances time by 1000 ms.
     void Play(QStringView script) {
         for (const QChar step : script) {
             if (step == u'.') {
@@ -47,7 +47,7 @@ private Q_SLOTS:
     void ALapIsAppendedToTheList();
     void TheLowerLineRunsWithTheTicks();
     void ClosingAndOpeningWhileItRuns();
-    void TheListKeepsItsLineBreaksThroughClosingAndOpeningAndIntoPrint();
+    void TheListKeepsItsLineBreaksAfterReopeningAndInPrint();
     void OpeningAnOpenWindowLeavesItsList();
     void PrintingAsksFirst();
     void CancelPrintsNothing();
@@ -59,9 +59,9 @@ private Q_SLOTS:
     void TheQuestionMayOutliveTheWindow();
     void HelpOpensItsTopic();
     void AStopThatOverflowsIsReportedAndCanBeReset();
-    void AMissingFolderIsToldAndTheWindowStillOpens();
-    void TheKeyboardDoesItAll();
-    void ButtonsSideBySideAreOfOneHeightWhateverTheirFonts();
+    void AMissingFolderIsReportedAndTheWindowStillOpens();
+    void EverythingWorksByKeyboard();
+    void NeighbouringButtonsHaveTheSameHeightInAnyFont();
     void EachControlHasItsName();
 };
 
@@ -97,7 +97,7 @@ void TstStopwatchWindow::TheListIsShown() {
     QCOMPARE(bench.List().toPlainText(), QString());
 }
 
-/// Whatever the document contains, a lap only adds its own line to it.
+/// Whatever the document contains, a lap only appends its own line.
 void TstStopwatchWindow::ALapIsAppendedToTheList() {
     Bench bench;
     bench.Play(u"1.2");
@@ -139,7 +139,7 @@ void TstStopwatchWindow::ClosingAndOpeningWhileItRuns() {
     QCOMPARE(bench.List().toPlainText(), u"Lapse1  0:00'01\"000"_s);
 }
 
-void TstStopwatchWindow::TheListKeepsItsLineBreaksThroughClosingAndOpeningAndIntoPrint() {
+void TstStopwatchWindow::TheListKeepsItsLineBreaksAfterReopeningAndInPrint() {
     Bench bench;
     bench.Play(u"1.1");
     QTest::keyClick(&bench.Form(), Qt::Key_Escape);
@@ -182,7 +182,7 @@ void TstStopwatchWindow::PrintingAsksFirst() {
     QCOMPARE(bench.printer.jobs.size(), 1);
     QCOMPARE(bench.printer.jobs.first().title, u"ストップウォッチ"_s);
     QVERIFY(bench.printer.jobs.first().lines.contains(u"Lapse1  0:00'01\"000"_s));
-    QVERIFY(!print.isEnabled());  // and one print
+    QVERIFY(!print.isEnabled());  // and one print at a time
     bench.printer.Tell({PrintStage::Accepted, {}});
     QVERIFY(print.isEnabled());
 }
@@ -200,7 +200,7 @@ void TstStopwatchWindow::TheFocusComesBackAfterAPrint_data() {
     QTest::addColumn<bool>("moves");
     QTest::newRow("cancelled question") << false << false;
     QTest::newRow("printed") << true << false;
-    QTest::newRow("unless the user moved it") << true << true;
+    QTest::newRow("moved by the user meanwhile") << true << true;
 }
 
 void TstStopwatchWindow::TheFocusComesBackAfterAPrint() {
@@ -302,7 +302,7 @@ void TstStopwatchWindow::AStopThatOverflowsIsReportedAndCanBeReset() {
     QCOMPARE(bench.List().toPlainText(), u"\n【Stop】 0:00'01\"000"_s);
 }
 
-void TstStopwatchWindow::AMissingFolderIsToldAndTheWindowStillOpens() {
+void TstStopwatchWindow::AMissingFolderIsReportedAndTheWindowStillOpens() {
     TimingBench bench;
     bench.enterFolder = [] { throw RunTimeError(u"/nowhere"_s); };
     bench.tools.ShowStopForm();
@@ -310,7 +310,7 @@ void TstStopwatchWindow::AMissingFolderIsToldAndTheWindowStillOpens() {
     QVERIFY(bench.The<StopForm>().isVisible());
 }
 
-void TstStopwatchWindow::TheKeyboardDoesItAll() {
+void TstStopwatchWindow::EverythingWorksByKeyboard() {
     Bench bench;
     StopForm& form = bench.Form();
     QTest::keyClick(&form, Qt::Key_Return);
@@ -328,7 +328,7 @@ void TstStopwatchWindow::TheKeyboardDoesItAll() {
     QVERIFY(bench.List().tabChangesFocus());
 }
 
-void TstStopwatchWindow::ButtonsSideBySideAreOfOneHeightWhateverTheirFonts() {
+void TstStopwatchWindow::NeighbouringButtonsHaveTheSameHeightInAnyFont() {
     Bench bench;
     auto& print = bench.The<StopForm, QPushButton>("Command3");
     QFont high = print.font();

@@ -22,10 +22,10 @@ private Q_SLOTS:
     void ItComesToTheFrontWithItsSound();
     void ItIsClosedOnceWhicheverWay_data();
     void ItIsClosedOnceWhicheverWay();
-    void OneAtATimeAndTheCyclesGoOn();
+    void OneNoticeAtATimeWhileCyclesContinue();
     void ItComesAgainAfterItWasClosed();
     void ItStaysWithoutItsSound();
-    void TheEndOfTheMainWindowClosesTheSound();
+    void ClosingAllWindowsClosesTheSound();
     void AClosedNoticeIsNotClosedAgain();
 };
 
@@ -49,7 +49,7 @@ void TstTimerNotice::ItIsClosedOnceWhicheverWay_data() {
     QTest::newRow("its button") << 0;
     QTest::newRow("Enter") << 1;
     QTest::newRow("Esc") << 2;
-    QTest::newRow("its frame") << 3;
+    QTest::newRow("the title bar") << 3;
 }
 
 void TstTimerNotice::ItIsClosedOnceWhicheverWay() {
@@ -74,7 +74,7 @@ void TstTimerNotice::ItIsClosedOnceWhicheverWay() {
     QCOMPARE(bench.commands, kOpened + QStringList{u"close Timer"_s});
 }
 
-void TstTimerNotice::OneAtATimeAndTheCyclesGoOn() {
+void TstTimerNotice::OneNoticeAtATimeWhileCyclesContinue() {
     TimingBench bench;
     bench.countdown.CountdownRepeat = true;
     bench.ChangeFunction(kFunctionTimer);
@@ -106,7 +106,7 @@ void TstTimerNotice::ItStaysWithoutItsSound() {
     QCOMPARE(bench.boxes.Shown().size(), 1);
 }
 
-void TstTimerNotice::TheEndOfTheMainWindowClosesTheSound() {
+void TstTimerNotice::ClosingAllWindowsClosesTheSound() {
     TimingBench bench;
     bench.tools.ShowStopForm();
     bench.tools.ShowTimerForm();

@@ -37,12 +37,12 @@ private Q_SLOTS:
     void TheEntryIsRead();
     void TheStateIsShown_data();
     void TheStateIsShown();
-    void ReadingWritesTheLineWhateverItShows();
+    void ReadingWritesTheLineUnderAnyFunction();
     void StartReadsTheEntryAndRunsTheTick();
     void ResumingFlashesTheFullTime();
-    void AnEntryChangedInThePauseTakesEffectAndKeepsWhatHasPassed();
+    void AnEntryChangedWhilePausedKeepsTheElapsedTime();
     void StopLeavesTheLines();
-    void ResetComesBackToTheBeginning();
+    void ResetRestoresTheFullTime();
     void ResetKeepsTheLoopCount();
     void AnEntryTooLargeThrows();
     void AStartThatOverflowsDoesNotRun();
@@ -60,7 +60,7 @@ void TstTimerPanel::TheEntryIsRead_data() {
     QTest::newRow("one second") << 0 << 0 << 1 << 1000 << 1 << u"0:00'01\"000"_s;
     QTest::newRow("an hour, two minutes, three seconds")
         << 1 << 2 << 3 << 3'723'000 << 3 << u"1:02'03\"000"_s;
-    QTest::newRow("an hour alone is not zero") << 1 << 0 << 0 << 3'600'000 << 0 << u"1:00'00\"000"_s;
+    QTest::newRow("only an hour is not zero") << 1 << 0 << 0 << 3'600'000 << 0 << u"1:00'00\"000"_s;
     QTest::newRow("the largest") << 23 << 59 << 59 << 86'399'000 << 59 << u"23:59'59\"000"_s;
 }
 
@@ -88,8 +88,8 @@ void TstTimerPanel::TheStateIsShown_data() {
     QTest::newRow("zero becomes fifteen seconds") << 0 << 0 << 0 << 15;
     QTest::newRow("the largest") << 86'399'000 << 23 << 59 << 59;
     QTest::newRow("an hour, two minutes, three seconds") << 3'723'000 << 1 << 2 << 3;
-    QTest::newRow("half a second goes down to the even one") << 4500 << 0 << 0 << 4;
-    QTest::newRow("half a second goes up to the even one") << 5500 << 0 << 0 << 6;
+    QTest::newRow("half a second is rounded down to even") << 4500 << 0 << 0 << 4;
+    QTest::newRow("half a second is rounded up to even") << 5500 << 0 << 0 << 6;
 }
 
 void TstTimerPanel::TheStateIsShown() {
@@ -106,7 +106,7 @@ void TstTimerPanel::TheStateIsShown() {
     QVERIFY(bench.Take().isEmpty());
 }
 
-void TstTimerPanel::ReadingWritesTheLineWhateverItShows() {
+void TstTimerPanel::ReadingWritesTheLineUnderAnyFunction() {
     Bench bench;
     bench.state.TimerShownOnMain = false;
     bench.panel.ReadEntries({.hours = 0, .minutes = 0, .seconds = 20, .repeat = false});
@@ -137,14 +137,14 @@ void TstTimerPanel::ResumingFlashesTheFullTime() {
     QCOMPARE(bench.countdown.Remaining(), 55'000);
 }
 
-void TstTimerPanel::AnEntryChangedInThePauseTakesEffectAndKeepsWhatHasPassed() {
+void TstTimerPanel::AnEntryChangedWhilePausedKeepsTheElapsedTime() {
     Bench bench;
     bench.panel.StartOrStop({0, 1, 0, false});
     bench.time.since += 5000;
     bench.panel.StartOrStop({0, 1, 0, false});
     bench.panel.ReadEntries({.hours = 0, .minutes = 0, .seconds = 3, .repeat = false});
     bench.panel.StartOrStop({0, 0, 3, false});
-    QCOMPARE(bench.countdown.Remaining(), -2000);  // over at once; intentional
+    QCOMPARE(bench.countdown.Remaining(), -2000);  // in the past at once, on purpose
 }
 
 void TstTimerPanel::StopLeavesTheLines() {
@@ -159,7 +159,7 @@ void TstTimerPanel::StopLeavesTheLines() {
     QVERIFY(bench.Take().isEmpty());
 }
 
-void TstTimerPanel::ResetComesBackToTheBeginning() {
+void TstTimerPanel::ResetRestoresTheFullTime() {
     Bench bench;
     bench.panel.StartOrStop({0, 1, 0, false});
     bench.time.since += 5000;

@@ -63,19 +63,19 @@ private Q_SLOTS:
     void TheSpinsDoNotWrap();
     void TypingStaysInRange_data();
     void TypingStaysInRange();
-    void AZeroHalfTypedIsNotAnEntryYet();
+    void AnIncompleteZeroIsNotAnEntry();
     void ATypedNumberCountsWhenEnterStarts();
-    void WhatSetsTheTimeRestsWhileItRuns();
-    void StoppingLetsTheEntryBeChanged();
-    void RepeatIsTakenWhenItIsClicked();
-    void ResetComesBackToTheBeginning();
-    void ZeroGivesStartBack();
-    void ZeroUnseenGivesStartBackInAnOpenWindow();
-    void ZeroUnseenDoesNotBringUpAClosedWindow();
+    void ControlsThatSetTheTimeAreDisabledWhileItRuns();
+    void StoppingEnablesTheEntry();
+    void RepeatTakesEffectWhenClicked();
+    void ResetRestoresTheFullTime();
+    void AtZeroStartIsEnabledAgain();
+    void AtZeroUnseenStartIsEnabledInAnOpenWindow();
+    void AtZeroUnseenAClosedWindowStaysClosed();
     void ClosingLeavesTheCountdownRunning();
     void HelpOpensItsTopic();
     void TheTabOrderGoesFromTopToBottom();
-    void EveryEntryTellsAReaderWhatItIs();
+    void EveryEntryHasAnAccessibleName();
 };
 
 void TstTimerWindow::ItOpensWithFifteenSeconds() {
@@ -175,7 +175,7 @@ void TstTimerWindow::TypingStaysInRange() {
     QTEST(box.value(), "value");
 }
 
-void TstTimerWindow::AZeroHalfTypedIsNotAnEntryYet() {
+void TstTimerWindow::AnIncompleteZeroIsNotAnEntry() {
     Bench bench;
     QSpinBox& box = bench.Spin("UpDown3");
     box.selectAll();
@@ -196,7 +196,7 @@ void TstTimerWindow::ATypedNumberCountsWhenEnterStarts() {
     QCOMPARE(bench.countdown.CountdownDuration, 195'000);
 }
 
-void TstTimerWindow::WhatSetsTheTimeRestsWhileItRuns() {
+void TstTimerWindow::ControlsThatSetTheTimeAreDisabledWhileItRuns() {
     Bench bench;
     bench.Press<TimerForm>("Command1");
     QCOMPARE(bench.Caption(), u"ストップ"_s);
@@ -206,7 +206,7 @@ void TstTimerWindow::WhatSetsTheTimeRestsWhileItRuns() {
     QCOMPARE(bench.Shown(), (QList<int>{0, 0, 15}));
 }
 
-void TstTimerWindow::StoppingLetsTheEntryBeChanged() {
+void TstTimerWindow::StoppingEnablesTheEntry() {
     Bench bench;
     bench.Press<TimerForm>("Command1");
     bench.time.Advance(5000);
@@ -219,7 +219,7 @@ void TstTimerWindow::StoppingLetsTheEntryBeChanged() {
     QCOMPARE(bench.lower.Text(), u"0:00'09\"999"_s);
 }
 
-void TstTimerWindow::RepeatIsTakenWhenItIsClicked() {
+void TstTimerWindow::RepeatTakesEffectWhenClicked() {
     Bench bench;
     bench.journal.clear();
     bench.Repeat().click();
@@ -229,7 +229,7 @@ void TstTimerWindow::RepeatIsTakenWhenItIsClicked() {
     QVERIFY(bench.journal.isEmpty());
 }
 
-void TstTimerWindow::ResetComesBackToTheBeginning() {
+void TstTimerWindow::ResetRestoresTheFullTime() {
     Bench bench;
     bench.Press<TimerForm>("Command1");
     bench.time.Advance(5000);
@@ -242,7 +242,7 @@ void TstTimerWindow::ResetComesBackToTheBeginning() {
     QCOMPARE(bench.lower.Text(), u"0:00'14\"999"_s);
 }
 
-void TstTimerWindow::ZeroGivesStartBack() {
+void TstTimerWindow::AtZeroStartIsEnabledAgain() {
     Bench bench;
     bench.Press<TimerForm>("Command1");
     bench.Form().close();
@@ -255,7 +255,7 @@ void TstTimerWindow::ZeroGivesStartBack() {
     QCOMPARE(bench.lower.Text(), u"0:00'15\"000"_s);
 }
 
-void TstTimerWindow::ZeroUnseenGivesStartBackInAnOpenWindow() {
+void TstTimerWindow::AtZeroUnseenStartIsEnabledInAnOpenWindow() {
     Bench bench;
     bench.Press<TimerForm>("Command1");
     bench.ChangeFunction(kFunctionClock);
@@ -267,7 +267,7 @@ void TstTimerWindow::ZeroUnseenGivesStartBackInAnOpenWindow() {
     QVERIFY(bench.The<Form8>().isVisible());
 }
 
-void TstTimerWindow::ZeroUnseenDoesNotBringUpAClosedWindow() {
+void TstTimerWindow::AtZeroUnseenAClosedWindowStaysClosed() {
     Bench bench;
     bench.Press<TimerForm>("Command1");
     bench.Form().close();
@@ -310,7 +310,7 @@ void TstTimerWindow::TheTabOrderGoesFromTopToBottom() {
                                  u"Command2"_s, u"Command3"_s}));
 }
 
-void TstTimerWindow::EveryEntryTellsAReaderWhatItIs() {
+void TstTimerWindow::EveryEntryHasAnAccessibleName() {
     Bench bench;
     QCOMPARE(bench.Spin("UpDown1").accessibleName(), u"時間"_s);
     QCOMPARE(bench.Spin("UpDown2").accessibleName(), u"分"_s);

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Prints a line for each day from 1900 to 2100: the day, the old date, and the name of the day if it has one.
+// Prints for each day from 1900 to 2100 a line with the day, the old date, and the name of the day if it has
+// one.
 
 #include <QTextStream>
 

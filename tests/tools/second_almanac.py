@@ -1,7 +1,7 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""The old calendar and the names of days computed a second time, with nothing of tools/make_old_calendar: with the other
-sun (ephem's, VSOP 87), the other moon (erfa's, ELP 2000), another delta T, and from the longitudes at each midnight instead
-of the moments at which an angle is reached."""
+"""The old calendar and the names of days, computed a second time without any code of tools/make_old_calendar: with
+another ephemeris of the sun (ephem's, VSOP 87) and of the moon (erfa's, ELP 2000), another delta T, and from the
+longitudes at each midnight instead of the moments at which an angle is reached."""
 
 import math
 import warnings
@@ -11,7 +11,7 @@ import ephem
 import erfa
 import numpy
 
-# It asks for leap seconds of years for which none are announced yet.
+# The computation includes years for which no leap seconds are announced yet.
 warnings.filterwarnings("ignore", message=".*dubious year")
 
 DAY = timedelta(days=1)
@@ -41,7 +41,7 @@ def delta_t(day):
 
 
 def midnights(days):
-    """The beginnings of these days in Japan, as Julian dates in Terrestrial Time."""
+    """The moments at which these days begin in Japan, as Julian dates in Terrestrial Time."""
     return [day.toordinal() + ORDINAL_0 - 9 / 24 + delta_t(day) / 86400 for day in days]
 
 
@@ -65,7 +65,7 @@ def moon_longitudes(moments):
 
 
 class SecondAlmanac:
-    """What happens on each day in Japan from the end of 1898 to the beginning of 2102."""
+    """New moons and longitudes of the sun by day in Japan, from the end of 1898 to the beginning of 2102."""
 
     def __init__(self):
         first = date(1898, 11, 1)
@@ -76,7 +76,7 @@ class SecondAlmanac:
         self.new_moons = [day for day, now, then in zip(self.days, phase, phase[1:]) if then < now]
 
     def days_of_longitude(self, longitude):
-        """The days on which the sun reaches it, one of each year."""
+        """The days on which the sun reaches this longitude, one in each year."""
         beyond = (self.sun - longitude) % 360
         return [day for day, now, then in zip(self.days, beyond, beyond[1:]) if then < now]
 
@@ -84,8 +84,8 @@ class SecondAlmanac:
         """Year, month, whether it is a leap month and day of month, from 1900 on; starts from the published 12th month
         of 1 January 1900."""
         mid_terms = {day for longitude in range(0, 360, 30) for day in self.days_of_longitude(longitude)}
-        # The new moon on or before each winter solstice. If the next one of these is more than 370 days away, there are
-        # thirteen months between, and one of them has to be a leap month.
+        # The new moon on or before each winter solstice. If the following one of these is more than 370 days later,
+        # there are thirteen months between them, and one of these has to be a leap month.
         eleventh = [max(day for day in self.new_moons if solstice - 30 * DAY < day <= solstice)
                     for solstice in self.days_of_longitude(270)]
         needs_leap = False

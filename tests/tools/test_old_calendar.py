@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""The table of the old calendar: the tool makes it again, and a second computation finds the same days."""
+"""The table of the old calendar: the tool reproduces it, and a second computation finds the same days."""
 
 import os
 import subprocess

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The six waves in data/sounds: they are playable and equal to what make_sounds generates.
+// The six waves in data/sounds: whether they are playable and equal to what make_sounds generates.
 
 #include <QDir>
 #include <QFile>
@@ -62,7 +62,7 @@ Samples Middle(const Samples& samples) {
     return {samples.begin() + third, samples.end() - third};
 }
 
-/// How often the wave crosses zero upwards per second.
+/// The number of upward zero crossings per second.
 double CyclesPerSecond(const Samples& samples) {
     int cycles = 0;
     for (std::size_t i = 1; i < samples.size(); ++i) {
@@ -105,19 +105,19 @@ class TstSounds : public QObject {
 private slots:
     void HeaderFitsTheSamples_data() { AddSounds(); }
     void HeaderFitsTheSamples();
-    void LastsNoLongerThanItMay_data() { AddSounds(); }
-    void LastsNoLongerThanItMay();
+    void LastsNoLongerThanAllowed_data() { AddSounds(); }
+    void LastsNoLongerThanAllowed();
     void IsLoudAndNotClipped_data() { AddSounds(); }
     void IsLoudAndNotClipped();
     void BeginsAndEndsAtZero_data() { AddSounds(); }
     void BeginsAndEndsAtZero();
     void HasNoDirectCurrent_data() { AddSounds(); }
     void HasNoDirectCurrent();
-    void SoundsInItsMiddle_data() { AddSounds(); }
-    void SoundsInItsMiddle();
-    void IsMadeAgain_data() { AddSounds(); }
-    void IsMadeAgain();
-    void HighStrikeLiesAboveLowStrike();
+    void IsAudibleInTheMiddle_data() { AddSounds(); }
+    void IsAudibleInTheMiddle();
+    void EqualsWhatIsGenerated_data() { AddSounds(); }
+    void EqualsWhatIsGenerated();
+    void HighStrikeIsHigherThanLowStrike();
     void ProgramWritesAllSix();
     void ProgramSaysWhyItFailed_data();
     void ProgramSaysWhyItFailed();
@@ -132,12 +132,12 @@ void TstSounds::HeaderFitsTheSamples() {
     QCOMPARE(bytes.first(kHeaderSize).toHex(), HeaderFor(dataSize).toHex());
 }
 
-void TstSounds::LastsNoLongerThanItMay() {
+void TstSounds::LastsNoLongerThanAllowed() {
     QFETCH(QString, name);
     QFETCH(int, longestMs);
     const auto count = static_cast<qint64>(SamplesOf(CommittedBytes(name)).size());
     QVERIFY(count > 0);
-    // count / 22050 s <= longestMs / 1000 s, without a fraction
+    // count / 22050 s <= longestMs / 1000 s, in integers
     QVERIFY2(count * 1000 <= qint64{longestMs} * 22050, qPrintable(QString::number(count)));
 }
 
@@ -152,7 +152,8 @@ void TstSounds::BeginsAndEndsAtZero() {
     QFETCH(QString, name);
     const Samples samples = SamplesOf(CommittedBytes(name));
     QVERIFY(samples.size() > 100);
-    // A strike is loud after half a millisecond: only its first samples can be quiet. The end has 4 ms.
+    // A strike is loud after half a millisecond, so only its first samples can be quiet. At the end there are
+    // 4 ms.
     QVERIFY(Loudest(samples.begin(), samples.begin() + 4) <= kFullScale / 400);
     QVERIFY(Loudest(samples.end() - 88, samples.end()) <= kFullScale / 400);
     QCOMPARE(samples.front(), std::int16_t{0});
@@ -171,7 +172,7 @@ void TstSounds::HasNoDirectCurrent() {
     QVERIFY2(std::fabs(mean) < kFullScale / 10000.0, qPrintable(QString::number(mean)));
 }
 
-void TstSounds::SoundsInItsMiddle() {
+void TstSounds::IsAudibleInTheMiddle() {
     QFETCH(QString, name);
     const Samples middle = Middle(SamplesOf(CommittedBytes(name)));
     QVERIFY(!middle.empty());
@@ -183,7 +184,7 @@ void TstSounds::SoundsInItsMiddle() {
     QVERIFY2(level > kFullScale / 50.0, qPrintable(QString::number(level)));  // -34 dB: still clearly audible
 }
 
-void TstSounds::IsMadeAgain() {
+void TstSounds::EqualsWhatIsGenerated() {
     QFETCH(QString, name);
     const auto* const sound =
         std::find_if(kSounds.begin(), kSounds.end(), [&](const Sound& one) { return NameOf(one) == name; });
@@ -192,13 +193,14 @@ void TstSounds::IsMadeAgain() {
     const Samples committed = SamplesOf(CommittedBytes(name));
     QCOMPARE(made.size(), committed.size());
     for (std::size_t i = 0; i < made.size(); ++i) {
-        // The mathematics libraries of two machines may differ in the last digit, and a sample thus by one.
+        // The mathematics libraries of two machines may differ in the last digit, and a rounded sample by
+        // one.
         QVERIFY2(std::abs(made[i] - committed[i]) <= 1,
                  qPrintable(u"sample %1: made %2, committed %3"_s.arg(i).arg(made[i]).arg(committed[i])));
     }
 }
 
-void TstSounds::HighStrikeLiesAboveLowStrike() {
+void TstSounds::HighStrikeIsHigherThanLowStrike() {
     // After the hammer has died away, the lowest tone remains: E6 (1318.5 Hz) and G3 (196 Hz). Remaining
     // overtones may add a few crossings.
     const double high = CyclesPerSecond(Middle(SamplesOf(CommittedBytes(u"TKW03.wav"_s))));

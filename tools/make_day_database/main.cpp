@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// make_day_database FILE SCRIPT.sql...: makes a new day database by running the scripts in order. An existing
+// make_day_database FILE SCRIPT.sql...: creates a day database by running the scripts in order. An existing
 // FILE is only replaced if all statements succeed.
 
 #include <sqlite3.h>

@@ -1,8 +1,8 @@
 #!/usr/bin/python3
 # SPDX-License-Identifier: GPL-3.0-or-later
 """make_old_calendar.py FILE: writes src/core/old_calendar_table.cpp, the months of the old calendar and the days of the
-sun's longitudes from 1900 to 2100. With --near-midnight SECONDS instead of FILE, it lists what falls that close to
-midnight in Japan, where a few seconds decide the day. Needs the packages python3-ephem and python3-erfa."""
+sun's longitudes from 1900 to 2100. With --near-midnight SECONDS instead of FILE, it lists the moments that are that
+close to midnight in Japan, where a few seconds decide the day. Needs the packages python3-ephem and python3-erfa."""
 
 import argparse
 import sys
@@ -36,7 +36,7 @@ FOOT = """// clang-format on
 
 
 class Almanac:
-    """The moments from which the table is made."""
+    """The moments from which the table is computed."""
 
     def __init__(self):
         years = range(OLD_YEARS[0] - 1, LAST_YEAR + 2)
@@ -53,7 +53,7 @@ class Almanac:
 
 
 def packed_old_year(months):
-    """The word of one old year: see src/core/old_calendar_table.h."""
+    """One old year packed into a word, see src/core/old_calendar_table.h."""
     new_years_day = months[0].first_day
     assert (months[0].number, months[0].is_leap) == (1, False) and len(months) in (12, 13)
     days = (new_years_day - new_years_day.replace(month=NEW_YEARS_DAY_FROM[0], day=NEW_YEARS_DAY_FROM[1])).days
@@ -68,7 +68,7 @@ def earliest(days, longitude):
 
 
 def packed_solar_days(days, year):
-    """The word of one calendar year: see src/core/old_calendar_table.h."""
+    """One calendar year packed into a word, see src/core/old_calendar_table.h."""
     word = 0
     for index, longitude in enumerate(LONGITUDES):
         day = days[year, longitude]

@@ -4,14 +4,14 @@
 from bisect import bisect_left, bisect_right
 from collections import namedtuple
 
-# `year` is that in which the first month of the old year begins.
+# `year`: the year in which the first month of the old year begins.
 OldMonth = namedtuple("OldMonth", "first_day length year number is_leap")
 
 SOLSTICE_MONTH = 11
 
 
 def old_months(first_days, mid_terms, solstices):
-    """The OldMonths from that of the first of these winter solstices until that of the last.
+    """The OldMonths from the month of the first of these winter solstices to that of the last.
 
     All three are days in Japan in order: the new moons, the days on which the sun reaches a multiple of 30 degrees, and
     those of them on which it reaches 270.

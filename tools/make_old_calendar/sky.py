@@ -45,7 +45,7 @@ def delta_t(jd):
 
 
 def sun_longitude(jd):
-    """In degrees. `jd` is a Julian date in Terrestrial Time."""
+    """The sun's longitude in degrees. `jd`: a Julian date in Terrestrial Time."""
     around_sun, around_barycentre = erfa.epv00(jd, 0.0)
     to_sun = -around_sun["p"]
     distance = math.sqrt(to_sun @ to_sun)
@@ -57,10 +57,10 @@ def sun_longitude(jd):
 
 
 def moon_longitude(jd):
-    """In degrees. `jd` is a Julian date in Terrestrial Time."""
+    """The moon's longitude in degrees. `jd`: a Julian date in Terrestrial Time."""
     days = jd - LIGHT_TIME_OF_MOON / 86400 - EPHEM_DAY_0
     moon = ephem.Moon()
-    moon.compute(days - ephem.delta_t(days) / 86400)  # ephem adds its own delta T, which is not ours in the future
+    moon.compute(days - ephem.delta_t(days) / 86400)  # ephem adds its own delta T, which differs in the future
     _, nutation = erfa.nut06a(jd, 0.0)
     obliquity = erfa.obl06(jd, 0.0) + nutation
     y = math.sin(moon.g_ra) * math.cos(obliquity) + math.tan(moon.g_dec) * math.sin(obliquity)
@@ -80,13 +80,13 @@ def moment_of(angle, near, degrees_a_day):
 
 def solar_moment(year, longitude):
     """When the sun reaches `longitude`, a whole number of degrees, in that calendar year (Terrestrial Time)."""
-    day = (longitude - 280) % 360 / 360 * TROPICAL_YEAR  # at the new year it is at 280 degrees
+    day = (longitude - 280) % 360 / 360 * TROPICAL_YEAR  # the sun is at 280 degrees at the new year
     near = date(year, 1, 1).toordinal() + FIRST_ORDINAL + day
     return moment_of(lambda jd: sun_longitude(jd) - longitude, near, 360 / TROPICAL_YEAR)
 
 
 def new_moons(first, last):
-    """All new moons from `first` to `last`, two Julian dates, and those next to them (Terrestrial Time)."""
+    """All new moons from `first` to `last`, two Julian dates, and the adjacent ones (Terrestrial Time)."""
     lunations = range(math.floor((first - MEAN_NEW_MOON) / SYNODIC_MONTH),
                       math.ceil((last - MEAN_NEW_MOON) / SYNODIC_MONTH) + 1)
     return [moment_of(lambda jd: moon_longitude(jd) - sun_longitude(jd), MEAN_NEW_MOON + SYNODIC_MONTH * lunation,
@@ -103,6 +103,6 @@ def day_in_japan(jd):
 
 
 def seconds_from_midnight(jd):
-    """Above 0 after the nearest midnight in Japan, below 0 before it."""
+    """The seconds since the nearest midnight in Japan; below 0 before it."""
     fraction = in_japan(jd) % 1
     return 86400 * (fraction if fraction < 0.5 else fraction - 1)

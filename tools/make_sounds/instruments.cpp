@@ -28,8 +28,8 @@ void AddHammer(Signal& signal, const Gong& gong, Noise& noise) {
     }
 }
 
-/// The air flow through the vocal folds during one cycle (Rosenberg's pulse): they open slowly, snap shut,
-/// which creates the overtones of a voice, and stay shut until the next cycle.
+/// The air flow through the vocal folds during one cycle (Rosenberg's pulse). They open slowly, snap shut,
+/// which creates the overtones of a voice, and stay closed until the next cycle.
 double FoldsOpening(double phase) {
     constexpr double kShut = 0.6;
     constexpr double kWidest = kShut * 0.66;
@@ -144,7 +144,7 @@ Signal Struck(const Gong& gong, double seconds) {
 }
 
 Signal Uttered(const Voice& voice, double seconds) {
-    constexpr std::size_t kSamplesPerShape = 32;  // 1.5 ms: no mouth moves faster
+    constexpr std::size_t kSamplesPerShape = 32;  // 1.5 ms; no mouth moves faster
     Signal signal = Silence(seconds);
     Folds folds(voice.breath, voice.noise);
     Throat throat;

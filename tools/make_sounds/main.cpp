@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// make_sounds DIR: writes the program's six sounds into DIR, replacing existing ones. Finished files are in
-// data/sounds; this is only needed after a sound was changed.
+// make_sounds DIR: writes the program's six sounds into DIR, replacing existing files. The finished files are
+// in data/sounds; this program is only needed after a sound was changed.
 
 #include <cstdio>
 #include <exception>

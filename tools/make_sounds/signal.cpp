@@ -12,7 +12,7 @@ namespace {
 
 using std::numbers::pi;
 
-// In samples, 30 to 65 ms. Primes, so that their echoes rarely coincide.
+// In samples: 30 to 65 ms. Primes, so that the echoes rarely coincide.
 constexpr std::array<std::size_t, 4> kEchoes = {661, 877, 1103, 1423};
 
 std::size_t SamplesIn(double seconds) {
@@ -69,7 +69,7 @@ double Swell(double t, double length, double attack, double release) {
 }
 
 double Noise::Next() {
-    // Marsaglia's 32-bit xorshift: its period covers every number except 0.
+    // Marsaglia's 32-bit xorshift, whose period covers every number except 0.
     m_state ^= m_state << 13;
     m_state ^= m_state >> 17;
     m_state ^= m_state << 5;

@@ -10,10 +10,10 @@ namespace tickwell {
 /// Samples per second of all signals.
 inline constexpr int kSampleRate = 22050;
 
-/// One channel of sound, in any scale: the level is set when the file is made.
+/// One channel of sound in an arbitrary scale: the level is set when the file is made.
 using Signal = std::vector<double>;
 
-/// A signal of zeros; a fraction of a sample at the end of `seconds` is dropped.
+/// A signal of zeros. A fraction of a sample at the end of `seconds` is dropped.
 Signal Silence(double seconds);
 
 /// The time of a sample in seconds from the first.
@@ -52,7 +52,7 @@ class Resonator {
 public:
     Resonator() = default;
 
-    /// In Hz, like Tune().
+    /// Both in Hz, as for Tune().
     Resonator(double centre, double bandwidth) { Tune(centre, bandwidth); }
 
     /// Changes the frequency without interrupting the resonance. `centre` is below half the sample rate.

@@ -8,10 +8,10 @@
 
 namespace tickwell {
 
-/// Twelve short beeps in three groups, 2.4 s.
+/// Twelve short beeps in three groups, 2.4 s in total.
 Signal TimerNotice();
 
-/// Door, two calls, door.
+/// The door, two calls, and the door again.
 Signal CuckooClock();
 
 /// Two cries with a breath in between.

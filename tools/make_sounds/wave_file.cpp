@@ -31,7 +31,8 @@ double Centre(Signal& signal) {
     return loudest;
 }
 
-/// A wave that does not start and end at zero clicks. The fade-in is short, so that a strike stays sharp.
+/// A wave that does not start and end at zero would click. The fade-in is short, so that a strike stays
+/// sharp.
 void FadeEnds(Signal& signal) {
     constexpr std::size_t kFadeIn = 32;                 // 1.5 ms
     constexpr std::size_t kFadeOut = kSampleRate / 25;  // 40 ms
@@ -93,7 +94,7 @@ void WriteFile(const std::string& path, const std::string& bytes) {
         std::fclose(file);  // the first error is reported
         throw error;
     }
-    // Writes the buffer, so a full disk may only be reported here.
+    // fclose() writes the buffer, so a full disk may only be reported here.
     if (std::fclose(file) != 0) {
         throw WriteError(path);
     }

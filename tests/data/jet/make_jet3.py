@@ -1,6 +1,6 @@
 #!/usr/bin/python3
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""make_jet3.py FOLDER: writes the sound jet3_*.mdb samples and expected_jet3.tsv, from FOLDER/expected.tsv.
+"""make_jet3.py FOLDER: writes the intact jet3_*.mdb samples and expected_jet3.tsv, from FOLDER/expected.tsv.
 
 A file is laid out once and never changed, so pages are full, tables have no indexes and nothing is ever deleted.
 """
@@ -70,7 +70,7 @@ def row(columns, values, encoding):
     offsets = [len(start)]
     for field in variable:
         offsets.append(offsets[-1] + len(field))
-    jumps = 0  # the jump table has an entry for every 256 bytes, its own included
+    jumps = 0  # the jump table has an entry for every 256 bytes of the row, itself included
     while (offsets[-1] + len(offsets) + jumps + 1 + len(mask) - 1) // 256 > jumps:
         jumps += 1
     table = [next((i for i, offset in enumerate(offsets) if offset >= 256 * (k + 1)), 0xFF) for k in range(jumps)]
@@ -90,11 +90,11 @@ def data_page(table, rows):
 
 
 class JetFile:
-    """One file. `key`: what its pages are encrypted with; 0: in clear."""
+    """One file. `key`: the key of its encrypted pages; 0 if they are not encrypted."""
 
     def __init__(self, code_page=932, language=0x411, encoding="cp932", key=0, reference_maps=False):
         self.pages = [None, None]
-        self.maps = [bytes(5 + 128)]  # row 0: that of the whole file
+        self.maps = [bytes(5 + 128)]  # row 0: the map of the file itself
         self.code_page = code_page
         self.language = language
         self.encoding = encoding
@@ -121,7 +121,7 @@ class JetFile:
         return numbers
 
     def usage_map(self, numbers):
-        """Adds a map of pages; gives its row."""
+        """Adds a map of pages; returns its row."""
         if self.reference_maps:
             bits = bytearray(PAGE)
             bits[0:2] = b"\x05\x01"
@@ -210,7 +210,7 @@ class JetFile:
 
 
 def load(tsv, encoding):
-    """The rows that the encoding can hold, and the lines of the TSV that they make."""
+    """The rows that the encoding can represent, and their lines of the TSV file."""
     tables = {"Kinenbi": [], "Syukuzitu": [], "Holiday": [], "Halfday": [], "Usuallyday": []}
     lines = []
     for line in tsv.read_text(encoding="utf-8").splitlines():
@@ -233,7 +233,7 @@ def load(tsv, encoding):
 
 
 def five_tables(number, rows, without=(), names_behind=()):
-    """The five tables, with `number` as the type of their numbers and more columns before those of Kinenbi."""
+    """The five tables, with `number` as the type of their numbers and additional columns before those of Kinenbi."""
     columns = {"Kinenbi": list(names_behind) + [("Name", "text")] + [(name, number) for name in
                                                                      ("Year", "Month", "Day", "Week")],
                "Syukuzitu": [("Name", "text", 50), ("Month", number), ("Day", number)]}

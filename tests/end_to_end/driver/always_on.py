@@ -8,7 +8,7 @@ from driver.turned_machine import STYLES, TurnedMachine
 from driver.virtual_time import VirtualTime
 
 START_UP_DELAY = 11000  # ms
-DISK_DRIVER = ("You are using the SDL disk i/o audio driver!", " Writing to file [")  # printed for each sound
+DISK_DRIVER = ("You are using the SDL disk i/o audio driver!", " Writing to file [")  # for each sound
 
 
 class AlwaysOn(TickwellCase):

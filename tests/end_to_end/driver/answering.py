@@ -4,12 +4,11 @@
 The window receives _NET_WM_PING, which Qt answers from its event loop. Only the X server is involved, so message buses,
 services and the window manager may be stopped. A separate process sends one ping at a time.
 
-A busy machine does not mean a hanging program. So some time does not count: in which the program or the X server were
-runnable without a CPU (/proc/PID/schedstat); in which that process slept longer than it asked for, because it can say
-nothing about the program then; and in which the program's main thread waited for the disk to read a page, of a file or
-of its own code, because other jobs push such pages out of memory and keep the disk busy. Waiting for a write counts.
-Time in which the program computes is only counted on request, because opening a window takes several times as long on
-a busy machine.
+Not every delay means that the program hangs, so some time is not counted: time in which the program or the X server was
+runnable without a CPU (/proc/PID/schedstat); time by which that process overslept, because then it cannot observe the
+program; and time in which the program's main thread waited for the disk to read a page, of a file or of its own code,
+because other jobs push such pages out of memory and keep the disk busy. Waiting for a write is counted. Time in which
+the program computes is only counted on request, because opening a window takes several times as long on a busy machine.
 """
 
 import contextlib
@@ -24,9 +23,9 @@ from driver.waiting import PATIENCE, SLOWNESS
 
 LONGEST = 0.2 * SLOWNESS  # s; no step may keep the window from answering for longer
 INTERVAL = 0.02  # s between an answer and the next ping
-LOOK = 0.02  # s between two looks at what the program waits for, while there is no answer
-SILENCE = 0.1  # s without an answer after which, again and again, all its threads are noted
-# System calls that read a file, and none at all: a page fault. Here a thread waits for the disk uninterruptibly.
+LOOK = 0.02  # s between two checks of what the program waits for, while there is no answer
+SILENCE = 0.1  # s without an answer after which, repeatedly, the states of all threads are recorded
+# System calls that read a file; -1 is none at all: a page fault. In these a thread waits for the disk uninterruptibly.
 READING = {"x86_64": {"0", "17", "-1"}, "aarch64": {"63", "67", "-1"}}.get(platform.machine(), {"-1"})
 FOLDER = Path(__file__).resolve().parent.parent
 
@@ -67,9 +66,9 @@ def keeps_answering(session, program, window=None, limit=LONGEST, computing=Fals
 
 
 class _Starvation:
-    """Seconds that do not count as not answering. For all threads of the program: time in which they were runnable
-    without a CPU, because one can hold what another waits for. For the program's main thread, unless `computing`, and
-    for the X server: CPU time as well."""
+    """The time in seconds that does not count as unresponsive. For all threads of the program: time in which they were
+    runnable without a CPU, because one thread can hold what another waits for. For the program's main thread, unless
+    `computing`, and for the X server: CPU time as well."""
 
     def __init__(self, program, computing, others):
         self._program = Path(f"/proc/{program}/task")
@@ -98,7 +97,7 @@ class _Starvation:
 
 
 def is_reading(stat, syscall):
-    """Whether a thread waits for the disk to read a page, by its files in /proc."""
+    """Whether a thread waits for the disk to read a page, according to its files in /proc."""
     return stat.rpartition(")")[2].split()[:1] == ["D"] and syscall.split()[:1] and syscall.split()[0] in READING
 
 
@@ -110,7 +109,7 @@ def _read(task, name):
 
 
 def _threads_of(program):
-    """What each thread of the program does: its state, the kernel's function that it waits in, its system call."""
+    """For each thread of the program: its state, the kernel function in which it waits, and its system call."""
     def stack(task):
         return " < ".join(line.split()[1].split("+")[0] for line in _read(task, "stack").splitlines() if " " in line)
     return [f"{task.name} {_read(task, 'stat').rpartition(')')[2].split()[:1]} wchan {_read(task, 'wchan')} "

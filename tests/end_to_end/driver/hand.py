@@ -5,7 +5,7 @@ import subprocess
 
 from driver.waiting import PATIENCE, steady
 
-DRAG_STEPS = 8  # a drag in one jump cannot be told from a click elsewhere
+DRAG_STEPS = 8  # a drag in one step cannot be distinguished from a click elsewhere
 DRAG_PACE = 0.02  # s per step, like a quick user; the window manager may take over the move meanwhile
 DOUBLE_CLICK_PACE = 60  # ms
 SETTLING = 0.05  # s
@@ -66,7 +66,7 @@ def point_of(target):
 
 def settled_extents(node):
     """The extents of a node once they have stopped changing: a new window is shown first and decorated and moved by the
-    window manager a little later, and a click at its first place would miss."""
+    window manager a little later, and a click at its first position would miss."""
     return steady(lambda: node.extents, f"the place of {node}", rest=SETTLING)
 
 

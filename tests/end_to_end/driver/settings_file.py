@@ -36,5 +36,5 @@ def _escaped(value):
 
 
 def _unescaped(stored):
-    """A backslash before any other letter stands for itself."""
+    """Reverses _escaped. A backslash before any other letter is kept."""
     return re.sub(r"\\([\\nrst0])", lambda found: ESCAPES[found[1]], stored)

@@ -2,7 +2,7 @@
 """A pipe in place of a program's sound card.
 
 It accepts sound as fast as the program writes it, so a test with virtual time need not wait for the strikes of
-midnight. Silence cannot be told from a pause, so it is removed from the recorded and from the expected sound.
+midnight. Silence cannot be distinguished from a pause, so it is removed from the recorded and from the expected sound.
 """
 
 import os

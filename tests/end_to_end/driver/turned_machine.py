@@ -47,7 +47,7 @@ class TurnedMachine:
 
     @property
     def strikes(self):
-        """How many strikes are due at this moment."""
+        """The number of strikes that are due at this moment."""
         if self.now.minute == 0:
             return self.now.hour % 12 or 12
         return int(self.now.minute == 30)

@@ -41,7 +41,7 @@ class XWindows:
             pass  # the screen has already ended
 
     def window_manager_answers(self):
-        """Whether the manager handles a newly mapped window. A manager announces itself slightly earlier, and a window
+        """Whether the manager handles a newly mapped window. It announces itself slightly earlier, and a window
         that is mapped in between is lost."""
         if self._property(self._root, "_NET_SUPPORTING_WM_CHECK") is None:
             return False
