@@ -6,7 +6,6 @@
 #include <QHelpEvent>
 #include <QPaintEvent>
 #include <QPainter>
-#include <QToolTip>
 
 #include "controls/plain_tool_tip.h"
 #include "lines/line_look.h"
@@ -169,7 +168,7 @@ bool MovingWord::event(QEvent* event) {
         return QWidget::event(event);
     }
     const QPoint place = static_cast<QHelpEvent*>(event)->globalPos();
-    QToolTip::showText(place, Excess(m_text) > 0 ? controls::PlainToolTip(m_text) : QString(), this);
+    controls::ShowPlainToolTip(place, Excess(m_text) > 0 ? m_text : QString(), this);
     return true;
 }
 

@@ -19,10 +19,12 @@ SHELL = re.compile(r"(?<!QLocale::)\bsystem\s*\(|\bpopen\s*\(|\bwordexp\s*\(|\bs
                    r"\"(/bin/)?(ba|da)?sh\"")
 
 # Untrusted text is never rendered as markup. Only the help renders markup, from the help file, and loads no other file.
+# The first file shows tool tips as plain text.
 MARKUP = re.compile(r"\bsetHtml\(|\binsertHtml\(|\bappendHtml\(|\bsetMarkdown\(|\binsertMarkdown\(|Qt::RichText|"
                     r"Qt::AutoText|Qt::MarkdownText|\bQTextBrowser\b|\bQErrorMessage\b|\bQWhatsThis\b|setWhatsThis\(|"
                     r"\bQStaticText\b|\bQMessageBox::(information|question|warning|critical|about)\b|\bQToolTip\b")
-MAY_MARK_UP = {"src/help/help_browser.cpp", "src/help/help_browser.h", "src/help/help_window.cpp"}
+MAY_MARK_UP = {"src/controls/plain_tool_tip.cpp", "src/help/help_browser.cpp", "src/help/help_browser.h",
+               "src/help/help_window.cpp"}
 # A label created with a literal shows that text; every other label must be set to plain text.
 LABEL = re.compile(r"new QLabel\b(?!\(\s*u\")")
 PLAIN = "setTextFormat(Qt::PlainText)"

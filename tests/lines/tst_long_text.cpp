@@ -41,7 +41,6 @@ struct Bench {
         QApplication::sendEvent(&word, &event);
         QString text = QToolTip::isVisible() ? QToolTip::text() : QString();
         QToolTip::hideText();
-        QTest::qWait(0);
         return text;
     }
 };
