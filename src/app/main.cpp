@@ -77,6 +77,7 @@ int RunWithWindows(int argc, char** argv, tickwell::platform::ScreenLook& screen
                    const tickwell::platform::Inheritance& users) {
     std::vector<char*> arguments = ArgumentsForQt(argc, argv);
     int count = static_cast<int>(arguments.size()) - 1;
+    tickwell::lines::PreferJapaneseFonts();
     tickwell::platform::SessionBusLook sessionBus;
     const QApplication application(count, arguments.data());
     sessionBus.Finish();
