@@ -42,5 +42,5 @@ set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 # the substitutes for the font that the layout was designed for; Qt's Japanese translations; the battery service.
 set(CPACK_DEBIAN_PACKAGE_DEPENDS "libsdl2-2.0-0 (>= 2.0.18), \
 fonts-monapo | fonts-ipafont-gothic | fonts-ipaexfont-gothic | fonts-takao-gothic | fonts-vlgothic | fonts-noto-cjk")
-set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "qt6-translations-l10n, upower")
+set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "qt6-translations-l10n, upower, xwayland")
 include(CPack)

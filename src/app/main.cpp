@@ -9,23 +9,34 @@
 #include <vector>
 
 #include "app/day_commands.h"
+#include "app/no_screen_text.h"
+#include "app/option_table.h"
 #include "app/program.h"
+#include "app/qt_arguments.h"
 #include "lines/line_look.h"
 #include "platform/bus/session_bus_look.h"
 #include "platform/desktop/freed_memory.h"
+#include "platform/desktop/screen_look.h"
 #include "platform/files/base_directories.h"
 #include "shell/main_window_accessible.h"
 
 namespace {
 
-/// The arguments for Qt. X11 is preferred, also through XWayland: a plain Wayland client can neither position
-/// itself nor stay on top. Passed as an argument, because started programs inherit environment variables.
+/// Qt's platforms: an argument or the environment chooses them, else X11, also through XWayland. A plain
+/// Wayland client can neither position itself nor stay on top.
+QByteArray ChosenPlatforms(const tickwell::app::DividedArguments& divided) {
+    const QByteArray environment = qgetenv("QT_QPA_PLATFORM");
+    return !divided.platforms.isEmpty() ? divided.platforms : environment.isEmpty() ? "xcb" : environment;
+}
+
+/// The arguments for Qt. The platform is passed as one, because started programs inherit environment
+/// variables.
 std::vector<char*> ArgumentsForQt(int argc, char** argv) {
     static char option[] = "-platform";
-    static char platforms[] = "xcb;wayland";
+    static char platform[] = "xcb";
     std::vector<char*> arguments(argv, argv + argc);
-    if (!arguments.empty() && !qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
-        arguments.insert(arguments.begin() + 1, {option, platforms});
+    if (!arguments.empty() && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) {
+        arguments.insert(arguments.begin() + 1, {option, platform});
     }
     arguments.push_back(nullptr);
     return arguments;
@@ -39,6 +50,55 @@ tickwell::app::Options EarlyOptions(int argc, char** argv) {
         arguments.append(QString::fromLocal8Bit(argv[i]));
     }
     return tickwell::app::OptionsOf(arguments);
+}
+
+int Refuse(const QString& error) {
+    std::fprintf(stderr, "tickwell: %s\n", qUtf8Printable(error));
+    return 2;
+}
+
+/// Tells why the program cannot be shown; returns the exit code of the process.
+int EndWithoutScreen(const tickwell::app::DividedArguments& divided, const QByteArray& platforms) {
+    if (const QString error = tickwell::app::OptionsOf(divided.own).error; !error.isEmpty()) {
+        return Refuse(error);
+    }
+    const QByteArray display = divided.display.isEmpty() ? qgetenv("DISPLAY") : divided.display;
+    const bool isWayland =
+        !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY") || qgetenv("XDG_SESSION_TYPE") == "wayland";
+    const QString text = tickwell::app::NoScreenText(
+        {QString::fromLocal8Bit(platforms), QString::fromLocal8Bit(display), isWayland},
+        tickwell::app::WantsJapanese());
+    std::fprintf(stderr, "tickwell: %s\n", qUtf8Printable(text));
+    return 1;
+}
+
+/// From the QApplication to its end; returns the exit code of the process. `users`: what this process
+/// inherited.
+int RunWithWindows(int argc, char** argv, tickwell::platform::ScreenLook& screen,
+                   const tickwell::platform::Inheritance& users) {
+    std::vector<char*> arguments = ArgumentsForQt(argc, argv);
+    int count = static_cast<int>(arguments.size()) - 1;
+    tickwell::lines::PreferJapaneseFonts();
+    tickwell::platform::SessionBusLook sessionBus;
+    const QApplication application(count, arguments.data());
+    sessionBus.Finish();
+    screen.Finish();
+    QCoreApplication::setApplicationName(QStringLiteral("tickwell"));
+    QGuiApplication::setQuitOnLastWindowClosed(false);  // the main window is a tool window and does not count
+
+    const tickwell::app::Options options = tickwell::app::OptionsOf(QCoreApplication::arguments());
+    if (!options.error.isEmpty()) {
+        return Refuse(options.error);
+    }
+    // Japanese texts for Qt's own dialogs; English if the file is missing.
+    QTranslator translator;
+    if (translator.load(QStringLiteral("qtbase_ja"), QLibraryInfo::path(QLibraryInfo::TranslationsPath))) {
+        QCoreApplication::installTranslator(&translator);
+    }
+    tickwell::lines::InstallFontSubstitutes();
+    tickwell::shell::InstallMainWindowAccessibility();
+    tickwell::app::Program program(options, users);
+    return program.Run();
 }
 
 }  // namespace
@@ -57,26 +117,11 @@ int main(int argc, char** argv) {
         return tickwell::app::RunDayCommand(early);
     }
     umask(S_IRWXG | S_IRWXO);  // files are readable by the user only
-    std::vector<char*> arguments = ArgumentsForQt(argc, argv);
-    int count = static_cast<int>(arguments.size()) - 1;
-    tickwell::platform::SessionBusLook sessionBus;
-    const QApplication application(count, arguments.data());
-    sessionBus.Finish();
-    QCoreApplication::setApplicationName(QStringLiteral("tickwell"));
-    QGuiApplication::setQuitOnLastWindowClosed(false);  // the main window is a tool window and does not count
-
-    const tickwell::app::Options options = tickwell::app::OptionsOf(QCoreApplication::arguments());
-    if (!options.error.isEmpty()) {
-        std::fprintf(stderr, "tickwell: %s\n", qUtf8Printable(options.error));
-        return 2;
+    const tickwell::app::DividedArguments divided = tickwell::app::Divided(QByteArrayList(argv, argv + argc));
+    const QByteArray platforms = ChosenPlatforms(divided);
+    tickwell::platform::ScreenLook screen({platforms, divided.display});
+    if (!screen.CanShowWindows()) {
+        return EndWithoutScreen(divided, platforms);
     }
-    // Japanese texts for Qt's own dialogs; English if the file is missing.
-    QTranslator translator;
-    if (translator.load(QStringLiteral("qtbase_ja"), QLibraryInfo::path(QLibraryInfo::TranslationsPath))) {
-        QCoreApplication::installTranslator(&translator);
-    }
-    tickwell::lines::InstallFontSubstitutes();
-    tickwell::shell::InstallMainWindowAccessibility();
-    tickwell::app::Program program(options, users);
-    return program.Run();
+    return RunWithWindows(argc, argv, screen, users);
 }

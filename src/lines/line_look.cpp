@@ -46,6 +46,13 @@ qint32 StepSizeOf(qint16 fontSize, qint32 wipeSpeed) {
     return Checked32(RoundHalfEven(qint64{fontSize} * wipeSpeed + 100, 100));  // |product| < 2^46
 }
 
+void PreferJapaneseFonts() {
+    constexpr auto kLanguage = "FC_LANG";
+    if (qEnvironmentVariableIsEmpty(kLanguage)) {
+        qputenv(kLanguage, "ja");
+    }
+}
+
 void InstallFontSubstitutes() {
     QFont::insertSubstitutions(kGothicFont, GothicSubstitutes());
 }

@@ -24,6 +24,12 @@ qint32 FrameIntervalOf(qint32 wipeSpeed);
 /// Pixels that a wipe advances per frame: size * speed / 100 + 1, halves to even. Throws OverflowError.
 qint32 StepSizeOf(qint16 fontSize, qint32 wipeSpeed);
 
+/// Makes fontconfig choose fonts for Japanese texts in every locale, unless the user's FC_LANG names a
+/// language: otherwise it prefers fonts for the locale's language and takes each missing character from
+/// whatever font has it. To be called before the application object is constructed; programs that are started
+/// later must not inherit the variable.
+void PreferJapaneseFonts();
+
 /// Makes fonts of Japanese desktops the substitutes for "ＭＳ Ｐゴシック", the one with the most similar
 /// metrics first. Called once per process, before the first line is drawn.
 void InstallFontSubstitutes();

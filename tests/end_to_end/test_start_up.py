@@ -8,7 +8,8 @@ import unittest
 
 from driver.case import TickwellCase
 from driver.tickwell import (MASTERS, SILENT, make_folder, program_path, read_settings, settings_path,
-                             start_tickwell, wait_lines, wait_on_screen, write_settings)
+                             start_tickwell, tickwell_command, wait_lines, wait_on_screen, write_settings)
+from driver.waiting import wait_for
 
 TITLE = "Tickwell スタートエラー"
 BODY = "実行に必要なファイルまたは情報が見つかりません。\n"
@@ -145,6 +146,51 @@ class StartUp(TickwellCase):
                              timeout=30, check=False)
         self.assertEqual((run.returncode, run.stdout), (2, ""))
         self.assertIn("loud", run.stderr)
+
+    def run_without_screen(self, *arguments, **variables):
+        """Runs the program without what names a screen; `variables` are added. Returns the completed process."""
+        named = ("DISPLAY", "QT_QPA_PLATFORM", "WAYLAND_DISPLAY", "XDG_SESSION_TYPE")
+        environment = {name: value for name, value in self.session.environment.items() if name not in named}
+        return subprocess.run([*tickwell_command(self.session), *arguments], env=environment | variables,
+                              capture_output=True, text=True, timeout=30, check=False)
+
+    def test_without_a_screen_one_sentence_says_so(self):
+        wayland = {"WAYLAND_DISPLAY": "wayland-7"}
+        for name, variables, english, japanese in (
+                ("nothing", {}, "DISPLAY is not set", "画面がないので"),
+                ("Wayland", wayland, "no XWayland", "XWaylandがないので"),
+                ("gone", {"DISPLAY": ":63999"}, ":63999", "「:63999」に接続できないので"),
+                ("chosen", {"QT_QPA_PLATFORM": "xcb", **wayland}, "no XWayland", "XWaylandがないので"),
+                ("all Wayland", {"QT_QPA_PLATFORM": "wayland", **wayland}, '"wayland"', "「wayland」を使えないので"),
+                ("a list", {"QT_QPA_PLATFORM": "wayland;xcb", **wayland}, '"wayland;xcb"', "「wayland;xcb」")):
+            for locale, said in (("en_US.UTF-8", english), ("ja_JP.UTF-8", japanese)):
+                with self.subTest(name, locale=locale):
+                    run = self.run_without_screen(LANG=locale, **variables)
+                    self.assertEqual((run.returncode, run.stdout, run.stderr.count("\n")), (1, "", 1), run.stderr)
+                    self.assertTrue(run.stderr.startswith("tickwell: "), run.stderr)
+                    self.assertIn(said, run.stderr)
+        run = self.run_without_screen("-display", ":63998", DISPLAY=self.session.display)
+        self.assertEqual(run.returncode, 1)
+        self.assertIn(":63998", run.stderr)
+
+    def test_commands_and_mistakes_need_no_screen(self):
+        for arguments, code in ((("--today",), 0), (("--days", "2026-05-05", "2026-05-06"), 0), (("--version",), 0),
+                                (("--help",), 0), (("--loud",), 2), (("-style", "fusion", "--loud"), 2),
+                                (("--days", "2026-05-05"), 2), (("-style", "fusion"), 1)):
+            with self.subTest(arguments):
+                run = self.run_without_screen(*arguments)
+                self.assertEqual(run.returncode, code, run.stderr)
+
+    def test_a_platform_without_a_screen_can_be_chosen(self):
+        write_settings(self.session, SILENT)
+        program = self.session.spawn(tickwell_command(self.session),
+                                     environment={"QT_QPA_PLATFORM": "offscreen", "DISPLAY": ""})
+        folder = str(self.session.directory / "folder")
+
+        def is_in_its_folder():
+            program.check_running()
+            return os.readlink(f"/proc/{program.pid}/cwd") == folder
+        wait_for(is_in_its_folder, "the start-up without a display")
 
     def test_version_and_help_need_no_screen(self):
         environment = {name: value for name, value in self.session.environment.items() if name != "DISPLAY"}

@@ -24,6 +24,8 @@ private Q_SLOTS:
     void TheStyleKeepsItsFontName();
     void SizesQtCannotDrawAreReplacedByTheClosest();
     void HalfWidthKanaComeFromTheSameFont();
+    void FontsAreForJapaneseUnlessTheUserWantsAnother_data();
+    void FontsAreForJapaneseUnlessTheUserWantsAnother();
 };
 
 void TstLineLook::ColoursAreRedFirst_data() {
@@ -114,6 +116,29 @@ void TstLineLook::HalfWidthKanaComeFromTheSameFont() {
     for (const QChar c : u"ﾃﾞｼﾞﾀﾙ時計日時Windows"_s) {
         QVERIFY2(metrics.inFont(c), qPrintable(QString(c)));
     }
+}
+
+void TstLineLook::FontsAreForJapaneseUnlessTheUserWantsAnother_data() {
+    QTest::addColumn<QByteArray>("users");
+    QTest::addColumn<QByteArray>("language");
+    QTest::newRow("nothing set") << QByteArray() << "ja"_ba;
+    QTest::newRow("set to nothing") << ""_ba
+                                    << "ja"_ba;
+    QTest::newRow("another language") << "zh-tw"_ba
+                                      << "zh-tw"_ba;
+}
+
+void TstLineLook::FontsAreForJapaneseUnlessTheUserWantsAnother() {
+    QFETCH(QByteArray, users);
+    if (users.isNull()) {
+        qunsetenv("FC_LANG");
+    } else {
+        qputenv("FC_LANG", users);
+    }
+    PreferJapaneseFonts();
+    const QByteArray language = qgetenv("FC_LANG");
+    qunsetenv("FC_LANG");
+    QTEST(language, "language");
 }
 
 QTEST_MAIN(TstLineLook)

@@ -61,6 +61,7 @@ class Contents(unittest.TestCase):
         depends = field(package, "Depends")
         self.assertRegex(depends, r"\blibsdl2-2\.0-0\b")  # loaded at the first sound
         self.assertRegex(depends, r"\bfonts-monapo\b")
+        self.assertRegex(field(package, "Recommends"), r"\bxwayland\b")  # a Wayland session without it shows no clock
 
     def test_the_manual_pages_are_set_without_a_warning(self):
         environment = os.environ | {"LC_ALL": "C.UTF-8", "MANROFFSEQ": "", "MANWIDTH": "80"}
