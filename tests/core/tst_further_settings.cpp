@@ -38,6 +38,7 @@ private Q_SLOTS:
     void EachFlagHasItsKey();
     void AComingEraHasItsKey();
     void TheRowUnderEachDayHasItsKey();
+    void TheFaceHasItsKeys();
     void ABadEraIsNamed();
 };
 
@@ -79,6 +80,27 @@ void TstFurtherSettings::TheRowUnderEachDayHasItsKey() {
     QCOMPARE(WrittenFurther(expected), QStringList{u"Calendar/UnderDays=2"_s});
     FakeSettingsStore store;
     store.Put(u"Calendar"_s, u"UnderDays"_s, u"2"_s);
+    QCOMPARE(Loaded(store), expected);
+}
+
+void TstFurtherSettings::TheFaceHasItsKeys() {
+    FurtherSettings expected;
+    expected.face = {.opacity = 35,
+                     .longText = 2,
+                     .staysOnScreen = true,
+                     .screen = u"DP-2"_s,
+                     .screenLeft = -7,
+                     .screenTop = 300};
+    QStringList written{u"Face/Opacity=35"_s,  u"Face/LongText=2"_s,    u"Face/StaysOnScreen=True"_s,
+                        u"Face/Screen=DP-2"_s, u"Face/ScreenLeft=-7"_s, u"Face/ScreenTop=300"_s};
+    QStringList found = WrittenFurther(expected);
+    written.sort();
+    found.sort();
+    QCOMPARE(found, written);
+    FakeSettingsStore store;
+    for (const QString& line : written) {
+        store.Put(u"Face"_s, line.mid(5, line.indexOf(u'=') - 5), line.section(u'=', 1));
+    }
     QCOMPARE(Loaded(store), expected);
 }
 

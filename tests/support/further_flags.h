@@ -45,6 +45,7 @@ inline constexpr std::array kFurtherFlags{
                 [](FurtherSettings& s) -> bool& { return s.corrections.keepsMarksOnClose; }},
     FurtherFlag{"Corrections", "SavesImmediately",
                 [](FurtherSettings& s) -> bool& { return s.corrections.savesImmediately; }},
+    FurtherFlag{"Face", "StaysOnScreen", [](FurtherSettings& s) -> bool& { return s.face.staysOnScreen; }},
 };
 
 /// A row for each switch, named after its key, with the settings in which it alone is on.
