@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""Common options of the scripts, and their exit."""
+"""Common options and exit codes of the scripts."""
 
 import argparse
 import os

@@ -36,7 +36,8 @@ START_AND_STOP = (f"{_OPEN_STOPWATCH}; xdotool key Return; {MOMENT}; xdotool key
                   f"xdotool key Escape; {MOMENT}")
 
 
-# The fourth item from the end; afterwards no window of this name may be visible.
+# Hides the clock in the notification area, the fourth menu item from the end, and checks that no window named Tickwell
+# is visible.
 STORE = (f"{OPEN_MENU}; xdotool key --repeat 4 Up; xdotool key Return; {MOMENT}; "
          "! xdotool search --onlyvisible --name '^Tickwell$'")
 

@@ -13,7 +13,8 @@ namespace tickwell {
 /// noticed: the first tick, and the one after each Wake(), come after it.
 class SleepingTimer : public Timer {
 public:
-    /// The longest sleep in ms, whatever `untilDue` says: an upper bound for changes that it missed.
+    /// The longest sleep in ms, whatever `untilDue` returns: a change that no Wake() has announced is noticed
+    /// after this time at the latest.
     static constexpr int kLongestSleep = 60'000;
 
     /// Creates a stopped timer. `onTick` is a handler: if it fails, the timer stops. `untilDue` is called

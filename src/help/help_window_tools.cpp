@@ -87,7 +87,7 @@ QWidget* HelpWindow::MakeFindBox() {
     return m_find;
 }
 
-/// Enter in the search box goes to the next hit, as in other programs.
+/// Enter in the search box goes to the next hit, Shift+Enter to the previous one, as in other programs.
 void HelpWindow::AddFindKeys() {
     const auto add = [this](const QList<QKeySequence>& keys, void (HelpSearch::*step)()) {
         auto* action = new QAction(m_find);

@@ -31,7 +31,7 @@ private:
     CdPlayer& m_player;
     TextLines m_lines;
     const DisplayFunctions& m_functions;
-    bool m_hasStarted = false;  // the stored function is known long before it is shown
+    bool m_hasStarted = false;  // Show() was called; GetFuncNumber() returns the stored display before that
     bool m_isBlank = false;     // the blank phase of the blinking
 };
 

@@ -111,8 +111,8 @@ private:
     PointerGesture m_gesture;
     ToolLauncher m_tools;
     TrayStorage m_storage;
-    bool m_fitted = false;   // the first half of the start-up delay is over
-    bool m_started = false;  // all of it
+    bool m_fitted = false;   // 3 s after the start: the window has its final size
+    bool m_started = false;  // 8 s later: the stored display has been started
     bool m_keepTopHeld = false;
 };
 

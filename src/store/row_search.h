@@ -26,8 +26,8 @@ public:
     /// From now on only counts the results.
     void CountOnly() { m_keeps = false; }
 
-    /// Searches some thousand more rows, for a few milliseconds; true once all have been searched. Throws
-    /// SqlError.
+    /// Does a few milliseconds of the search: the first call tries the whole table, within a limit, and each
+    /// later one searches 10 000 rows. Returns true once all have been searched. Throws SqlError.
     bool Step(DayDatabase& database);
 
     /// Progress, 0 to 1.

@@ -11,7 +11,7 @@ namespace tickwell::timing {
 /// time.
 struct StopwatchState {
     qint32 StopwatchStart = 0;    ///< tick of the last start
-    qint32 StopwatchElapsed = 0;  ///< all completed intervals since the last reset
+    qint32 StopwatchElapsed = 0;  ///< total of the completed runs (start to stop) since the last reset
     bool StopwatchRunning = false;
     qint32 StopwatchLapCount = 0;    ///< laps since the last reset
     qint32 StopwatchLapReading = 0;  ///< reading of the last of them; the next interval begins there

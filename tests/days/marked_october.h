@@ -9,9 +9,9 @@ namespace tickwell::days {
 
 inline const QDate kOctober(1998, 10, 1);
 
-/// The colour of a day of October 1998 in the version of the month with that number: a pseudo-random one for
-/// weekdays, so that no version is a part of another one; for Saturdays and Sundays alternately black and
-/// their own. All days are stored except those with their own colour.
+/// The colour of a day of October 1998 in version `number` of the month. Weekdays: red or blue,
+/// pseudo-random, so that no version is a subset of another. Saturdays and Sundays: black in even versions,
+/// their default (blue, red) in odd ones. The database stores only days whose colour is not the default.
 inline DayColor OctoberColor(int number, int day) {
     const int weekday = QDate(1998, 10, day).dayOfWeek();
     const bool isEven = number % 2 == 0;

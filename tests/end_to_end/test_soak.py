@@ -54,7 +54,8 @@ class Soak(AlwaysOn):
         self.use(times=3)  # creates everything that is created once
         self.pass_half_hours(2)
         self.use(times=3)
-        memory, before = self.memory(), self.at_rest()  # closed windows free their pictures with their memory
+        memory = self.memory()  # waits until closed windows have freed their pixmaps, which at_rest() counts
+        before = self.at_rest()
         for day in range(DAYS):
             with self.subTest(day=day + 1):
                 getattr(self, f"pass_day_{day % 7 + 1}")()

@@ -17,7 +17,7 @@ INCLUDE = re.compile(r'^\s*#\s*include\s*"([^"]+)"', re.MULTILINE)
 QT_INCLUDE = re.compile(r"^\s*#\s*include\s*<(Q[A-Za-z0-9]+)>", re.MULTILINE)
 WINDOWS = {"Qt6::Gui", "Qt6::Widgets"}
 
-# A component with one of these suffixes contains the windows for the component without the suffix, which only computes.
+# The component X_windows contains the windows of the component X, which only computes.
 OF_WINDOWS = "_windows"
 # These paint or need the desktop, and have no part without windows.
 PAINT_THEMSELVES = {"lines", "controls", "platform_desktop", "print_helper"}

@@ -19,7 +19,8 @@ bool IsChecked(const QWidget& form, const QString& name) {
     return ChildOf<QAbstractButton>(form, name).isChecked();
 }
 
-/// The index of the checked option in a control array; at least `count` unless exactly one is checked.
+/// The index of the checked one among the radio buttons `array`(0), `array`(1), …; at least `count` unless
+/// exactly one is checked.
 int ChosenOf(const QWidget& form, const QString& array, int count) {
     int chosen = count;
     for (int index = 0; index < count; ++index) {

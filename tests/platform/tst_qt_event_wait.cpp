@@ -47,7 +47,7 @@ void TstQtEventWait::WaitsMayBeNested() {
 void TstQtEventWait::TheEndOfTheProgramEndsTheWait() {
     QTimer::singleShot(0, [] { QCoreApplication::quit(); });
     bool isOver = false;
-    // In the program's event loop, as always outside of tests.
+    // Runs inside exec(), as every wait of the program does; quit() needs a running loop.
     QTimer::singleShot(0, [&] {
         QtEventWait().Until([] { return false; });
         isOver = true;

@@ -7,7 +7,7 @@
 
 namespace tickwell::timing {
 
-/// A pause of any scale, from a millisecond to 24.8 days.
+/// A pause in milliseconds of any order of magnitude, from 0 to 2^31 - 1 (24.8 days).
 inline qint64 PauseOf(QRandomGenerator& random) {
     constexpr int kMostBits = 31;
     return static_cast<qint64>(random.generate64() >> (64 - random.bounded(1, kMostBits + 1)));

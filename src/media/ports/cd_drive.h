@@ -54,7 +54,7 @@ struct CdPicture {
 };
 
 /// The drive, or an image used in its place. A separate process accesses the disc: nothing here blocks, every
-/// function answers from the last known state.
+/// function except Exists() answers from the last known state.
 class CdDrive {
 public:
     virtual ~CdDrive() = default;

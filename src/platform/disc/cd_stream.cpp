@@ -42,7 +42,8 @@ bool CdStream::Play(const CdPlace& place, qint64 fromFrame, qint32 toSector) {
     return true;
 }
 
-/// A new end starts a new stretch: what was read beyond it, or only up to the old end, cannot be used.
+/// With another end, playback restarts from the current position: the sound that was read ahead may extend
+/// beyond an earlier end, and it stops before a later one.
 bool CdStream::GoOn(const CdPlace& place, qint32 toSector) {
     const bool isSame = m_stream != nullptr && toSector * media::kFramesPerSector == m_stretch.End();
     if (m_mode == media::CdMode::Stopped || !isSame) {

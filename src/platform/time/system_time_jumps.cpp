@@ -70,7 +70,8 @@ void SystemTimeJumps::ClockWasSet() {
     Tell();
 }
 
-/// Ignores the other files in the folder.
+/// Reports a jump if the zone file has changed or inotify has lost events; other files in its folder are
+/// ignored.
 void SystemTimeJumps::FolderChanged() {
     alignas(inotify_event) std::array<char, 4096> buffer{};
     bool isZone = false;
