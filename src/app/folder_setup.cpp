@@ -6,7 +6,7 @@
 #include <QTemporaryDir>
 
 #include "app/master_record.h"
-#include "core/errors.h"
+#include "app/start_error.h"
 #include "core/regular_file.h"
 #include "platform/files/base_directories.h"
 #include "platform/files/file_replacement.h"
@@ -56,7 +56,8 @@ void FillNew(const QString& folder, const QString& masters) {
     for (const QString& name : RequiredFiles()) {
         const QString master = masters + u'/' + name;
         if (masters.isEmpty() || !QFileInfo::exists(master)) {
-            throw RunTimeError(name);  // otherwise the folder would stay incomplete
+            // Otherwise the folder would stay incomplete.
+            throw StartError(name, InstallationRemedy(masters.isEmpty() ? folder + u'/' + name : master));
         }
         Copy(master, unfinished.filePath(name));
         record.Set(name, master);

@@ -17,7 +17,8 @@ struct MediaParts {
     Handlers& handlers;
     media::CdDrive& drive;
     media::CdPlayback& playback;
-    bool& tellsNoCdDrive;  ///< the stored setting
+    bool& tellsNoCdDrive;                  ///< the stored setting
+    std::function<void()> noticeSilenced;  ///< called after the user has made it false
     ProgramFolder folder;
 };
 

@@ -6,6 +6,8 @@
 #include <QProcessEnvironment>
 
 #include "app/folder_setup.h"
+#include "app/start_error.h"
+#include "core/settings_io.h"
 #include "platform/desktop/autostart_file.h"
 #include "platform/desktop/freed_memory.h"
 #include "platform/desktop/x11_requests.h"
@@ -65,9 +67,7 @@ int Program::Run() {
         const FolderChoices choices =
             ChoicesOfProcess(m_options.folder, QCoreApplication::applicationDirPath());
         const QString folder = ChooseFolder(choices);
-        PrepareFolder(folder, MastersFolder(QCoreApplication::applicationDirPath()));
-        m_instance = std::make_unique<SingleInstance>(folder);
-        if (!m_instance->Acquire()) {
+        if (!TakeFolder(folder)) {
             if (m_instance->CallFirst(m_options.opensMenu)) {
                 return 0;
             }
@@ -76,14 +76,30 @@ int Program::Run() {
         m_autostart = std::make_unique<platform::AutostartFile>(
             platform::AutostartFile::Folders(),
             StartingCommand(QCoreApplication::applicationFilePath(), choices));
-        m_state.started = StartUp(folder, [] {
-            return std::make_unique<platform::IniFileStore>(platform::IniFileStore::UserPath());
-        });
+        m_state.started = StartUp(
+            folder,
+            [] { return std::make_unique<platform::IniFileStore>(platform::IniFileStore::UserPath()); },
+            MastersFolder(QCoreApplication::applicationDirPath()));
         Start();
+    } catch (const StartError& error) {
+        Fail(error.Reason(), error.Remedy());
+    } catch (const SettingsError& error) {
+        Fail(error.Reason(), BadSettingRemedy(platform::IniFileStore::UserPath()));
     } catch (const RunTimeError& error) {
-        Fail(error.Reason());
+        Fail(error.Reason(), {});
     }
     return QCoreApplication::exec();
+}
+
+/// Prepares the folder and locks it. Returns false if another instance has it.
+bool Program::TakeFolder(const QString& folder) {
+    bool isTaken = false;
+    WithRemedy(FolderRemedy(folder), [&] {
+        PrepareFolder(folder, MastersFolder(QCoreApplication::applicationDirPath()));
+        m_instance = std::make_unique<SingleInstance>(folder);
+        isTaken = m_instance->Acquire();
+    });
+    return isTaken;
 }
 
 void Program::Start() {
@@ -131,8 +147,9 @@ ProgramPorts Program::Ports() {
 }
 
 /// Shows one message box and then exits; nothing is saved.
-void Program::Fail(const QString& reason) {
-    m_boxes.Show(nullptr, {MessageIcon::Critical, u"Tickwell スタートエラー"_s, StartUpFailureText(reason)},
+void Program::Fail(const QString& reason, const QString& remedy) {
+    m_boxes.Show(nullptr,
+                 {MessageIcon::Critical, u"Tickwell スタートエラー"_s, StartUpFailureText(reason, remedy)},
                  [] { QCoreApplication::exit(1); });
 }
 

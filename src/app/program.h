@@ -41,7 +41,8 @@ private:
     void Tidy();
     void Start();
     ProgramPorts Ports();
-    void Fail(const QString& reason);
+    bool TakeFolder(const QString& folder);
+    void Fail(const QString& reason, const QString& remedy);
 
     Options m_options;
     platform::QtMessageBoxes m_boxes;

@@ -2,6 +2,7 @@
 #include "app/running_program.h"
 
 #include "app/log.h"
+#include "core/settings_io.h"
 
 namespace tickwell::app {
 
@@ -19,9 +20,23 @@ RunningProgram::RunningProgram(const ProgramPorts& ports, ProgramState& state, s
                .drive = ports.drive,
                .playback = ports.playback,
                .tellsNoCdDrive = state.started.further.tellsNoCdDrive,
+               .noticeSilenced =
+                   [this] {
+                       m_ports.handlers.Run(
+                           [this] { SaveNotice(*m_state.started.store, m_state.started.further); });
+                   },
                .folder = state.started.folder}) {}
 
+/// A value of the main window that cannot be read ends the start: before the message about a missing CD
+/// drive, so that there is one box.
+void RunningProgram::CheckStoredWindow() const {
+    AppSettings settings = m_state.started.settings;
+    WindowGeometry geometry;
+    LoadWindowGeometry(*m_state.started.store, settings, geometry);
+}
+
 void RunningProgram::Start() {
+    CheckStoredWindow();
     m_media.System().OpenAtStart();
     m_windows = std::make_unique<Windows>(PartsOfWindows());
     m_form = std::make_unique<shell::Form1>(PartsOfMainWindow());

@@ -72,6 +72,7 @@ private:
     shell::MainWindowParts PartsOfMainWindow();
     DisplaysParts PartsOfDisplays();
     timing::TimingParts Timing();
+    void CheckStoredWindow() const;
     void MainWindowClosed();
 
     ProgramPorts m_ports;

@@ -4,7 +4,7 @@
 #include <QFileInfo>
 
 #include "app/folder_setup.h"
-#include "core/errors.h"
+#include "app/start_error.h"
 #include "core/settings_io.h"
 #include "store/day_files.h"
 #include "store/day_recovery.h"
@@ -16,10 +16,14 @@ using namespace Qt::StringLiterals;
 namespace {
 
 /// Only checks existence. A dangling link counts as missing.
-void RequireFiles(const ProgramFolder& folder) {
+void RequireFiles(const ProgramFolder& folder, const QString& masters) {
     for (const QString& name : RequiredFiles()) {
-        if (!QFileInfo::exists(folder.PathOf(name))) {
-            throw RunTimeError(name == store::kLiveFile ? store::WithNamedCopies(folder, name) : name);
+        const QString path = folder.PathOf(name);
+        if (!QFileInfo::exists(path)) {
+            const QString master = masters + u'/' + name;
+            const bool hasMaster = !masters.isEmpty() && master != path && QFileInfo::exists(master);
+            throw StartError(name == store::kLiveFile ? store::WithNamedCopies(folder, name) : name,
+                             MissingFileRemedy(path, hasMaster ? master : QString()));
         }
     }
 }
@@ -36,20 +40,23 @@ void OpenTheDays(Started& started) {
 
 }  // namespace
 
-Started StartUp(const QString& folder, const std::function<std::unique_ptr<SettingsStore>()>& openStore) {
+Started StartUp(const QString& folder, const std::function<std::unique_ptr<SettingsStore>()>& openStore,
+                const QString& masters) {
     Started started;
-    started.folder = ProgramFolder::Entered(folder);
-    store::RecoverDayDatabase(started.folder);
-    RequireFiles(started.folder);
-    OpenTheDays(started);
+    WithRemedy(FolderRemedy(folder), [&] { started.folder = ProgramFolder::Entered(folder); });
+    const QString remedy = DayDatabaseRemedy(started.folder.PathOf(store::kLiveFile));
+    WithRemedy(remedy, [&] { store::RecoverDayDatabase(started.folder); });
+    RequireFiles(started.folder, masters);
+    WithRemedy(remedy, [&] { OpenTheDays(started); });
     started.store = openStore();
     LoadSettings(*started.store, started.settings);
     LoadFurtherSettings(*started.store, started.further);
     return started;
 }
 
-QString StartUpFailureText(const QString& reason) {
-    return u"実行に必要なファイルまたは情報が見つかりません。\r\n"_s + reason;
+QString StartUpFailureText(const QString& reason, const QString& remedy) {
+    const QString text = u"実行に必要なファイルまたは情報が見つかりません。\r\n"_s + reason;
+    return remedy.isEmpty() ? text : text + u"\r\n\r\n" + remedy;
 }
 
 }  // namespace tickwell::app

@@ -117,4 +117,9 @@ void SaveSettings(SettingsStore& store, const AppSettings& settings, const Furth
     store.Commit();
 }
 
+void SaveNotice(SettingsStore& store, const FurtherSettings& further) {
+    store.Set(u"Notice"_s, u"NoCdDrive"_s, FlagText(further.tellsNoCdDrive));
+    store.Commit();
+}
+
 }  // namespace tickwell

@@ -30,4 +30,7 @@ void LoadFurtherSettings(const SettingsStore& store, FurtherSettings& settings);
 void SaveSettings(SettingsStore& store, const AppSettings& settings, const FurtherSettings& further,
                   const WindowGeometry& geometry);
 
+/// Writes only whether a missing CD drive is reported, and commits. Throws RunTimeError.
+void SaveNotice(SettingsStore& store, const FurtherSettings& further);
+
 }  // namespace tickwell

@@ -9,6 +9,14 @@ namespace {
 
 constexpr QStringView kSetFormat = u"set CDP time format milliseconds";
 
+/// What stands below the message about a missing drive.
+QString Below(const QString& named) {
+    return named.isEmpty() ? QString()
+                           : u"指定されたディスク："_s + named +
+                                 u"\r\nこのファイルがありません。--disc または環境変数 TICKWELL_CD で指定した"
+                                 u"名前を確かめてください。";
+}
+
 }  // namespace
 
 void CdDevice::Open() {
@@ -18,15 +26,17 @@ void CdDevice::Open() {
 
 void CdDevice::OpenAtStart() {
     Open();
-    if (m_isOpen || !m_tellsNoDrive) {
+    if (m_isOpen || !m_notice.isWanted) {
         m_media.MciSend(kSetFormat.toString(), m_isOpen);
         return;
     }
-    m_media.MciSend(kSetFormat.toString(), {u"次回から表示しない"_s, [this](bool isTicked) {
-                                                if (isTicked) {
-                                                    m_tellsNoDrive = false;
-                                                }
-                                            }});
+    m_media.MciSend(kSetFormat.toString(),
+                    {u"次回から表示しない"_s, Below(m_notice.named), [this](bool isTicked) {
+                         if (isTicked) {
+                             m_notice.isWanted = false;
+                             m_notice.silenced();
+                         }
+                     }});
 }
 
 bool CdDevice::OpenAgain() {

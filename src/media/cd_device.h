@@ -5,12 +5,18 @@
 
 namespace tickwell::media {
 
+/// The message box about a missing CD drive at the start.
+struct NoDriveNotice {
+    bool& isWanted;                          ///< the stored setting; outlives the device
+    std::function<void()> silenced = [] {};  ///< called after the user has made it false, to store it
+    QString named;                           ///< the drive or image that the user has named; empty if none
+};
+
 /// The CD drive, under the alias "CDP" and with times in milliseconds.
 class CdDevice {
 public:
-    /// Both outlive this object. `tellsNoDrive`: the stored setting; becomes false when the user ticks "do
-    /// not show again".
-    CdDevice(Multimedia& media, bool& tellsNoDrive) : m_media(media), m_tellsNoDrive(tellsNoDrive) {}
+    /// `media` outlives this object.
+    CdDevice(Multimedia& media, NoDriveNotice notice) : m_media(media), m_notice(std::move(notice)) {}
 
     /// Opens the drive when the program starts. If there is no drive, shows a message box unless the user has
     /// turned it off; the program starts in any case.
@@ -28,7 +34,7 @@ private:
     void Open();
 
     Multimedia& m_media;
-    bool& m_tellsNoDrive;
+    NoDriveNotice m_notice;
     bool m_isOpen = false;
 };
 

@@ -7,7 +7,7 @@ MediaSystem::MediaSystem(const MediaSystemParts& parts)
     : m_drive(parts.devices.drive),
       m_devices(parts.devices),
       m_media(m_devices, parts.boxes, m_state),
-      m_device(m_media, parts.tellsNoCdDrive),
+      m_device(m_media, {parts.tellsNoCdDrive, parts.noticeSilenced, parts.devices.drive.Named()}),
       m_player({.state = m_cdState,
                 .media = m_media,
                 .device = m_device,

@@ -11,8 +11,9 @@ struct MediaSystemParts {
     DeviceParts devices;
     MessageBoxes& boxes;
     Handlers& handlers;
-    TimerSource& timers;   ///< the program's time, which tests may control
-    bool& tellsNoCdDrive;  ///< the stored setting
+    TimerSource& timers;                           ///< the program's time, which tests may control
+    bool& tellsNoCdDrive;                          ///< the stored setting
+    std::function<void()> noticeSilenced = [] {};  ///< called after the user has made it false
 };
 
 /// Owns and connects the command layer and the CD player; one for the program. Created before the main

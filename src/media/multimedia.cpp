@@ -107,12 +107,13 @@ qint32 Multimedia::MciSend(const QString& command, FailureChoice choice) {
     return Send(command, [this, &choice] {
         if (!m_isBoxOpen) {
             m_isBoxOpen = true;
-            m_boxes.ShowWithChoice(nullptr,
-                                   {MessageIcon::Critical, u"マルチメディアエラー"_s, m_state.MciReply},
-                                   choice.text, [this, onClosed = std::move(choice.onClosed)](bool isTicked) {
-                                       m_isBoxOpen = false;
-                                       onClosed(isTicked);
-                                   });
+            const QString below = choice.below.isEmpty() ? QString() : u"\r\n\r\n"_s + choice.below;
+            m_boxes.ShowWithChoice(
+                nullptr, {MessageIcon::Critical, u"マルチメディアエラー"_s, m_state.MciReply + below},
+                choice.text, [this, onClosed = std::move(choice.onClosed)](bool isTicked) {
+                    m_isBoxOpen = false;
+                    onClosed(isTicked);
+                });
         }
     });
 }

@@ -12,6 +12,7 @@ namespace tickwell::media {
 /// For a failure whose message box the user may turn off for the future.
 struct FailureChoice {
     QString text;                        ///< of the check box
+    QString below;                       ///< lines that stand below the error text in the box; may be empty
     std::function<void(bool)> onClosed;  ///< called with whether it was ticked
 };
 

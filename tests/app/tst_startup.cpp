@@ -3,6 +3,7 @@
 #include <QTest>
 
 #include "app/folder_setup.h"
+#include "app/start_error.h"
 #include "app/startup.h"
 #include "core/errors.h"
 #include "support/fake_settings_store.h"
@@ -19,18 +20,22 @@ struct Bench {
     QTemporaryDir dir;
     int opened = 0;  // number of times the settings were opened
     QString badFunction;
+    QString masters;
 
     Bench() { CopyFiles(QStringLiteral(TICKWELL_MASTERS), dir.path(), RequiredFiles()); }
 
     Started Start() {
-        return StartUp(dir.path(), [this] {
-            ++opened;
-            auto store = std::make_unique<FakeSettingsStore>();
-            if (!badFunction.isEmpty()) {
-                store->Put(u"SetUp"_s, u"Function"_s, badFunction);
-            }
-            return store;
-        });
+        return StartUp(
+            dir.path(),
+            [this] {
+                ++opened;
+                auto store = std::make_unique<FakeSettingsStore>();
+                if (!badFunction.isEmpty()) {
+                    store->Put(u"SetUp"_s, u"Function"_s, badFunction);
+                }
+                return store;
+            },
+            masters);
     }
 
     /// The reason why the start failed; empty on success.
@@ -42,6 +47,16 @@ struct Bench {
             return error.Reason();
         }
     }
+    /// What stands below the reason; empty if nothing does.
+    QString Remedy() {
+        try {
+            Start();
+            return QString();
+        } catch (const StartError& error) {
+            return error.Remedy();
+        }
+    }
+    QString PathOf(const QString& name) const { return QDir(dir.path()).canonicalPath() + u'/' + name; }
     void Remove(const QString& name) const { QFile::remove(dir.filePath(name)); }
 };
 
@@ -70,6 +85,11 @@ private Q_SLOTS:
     void ABadSettingIsNamed();
     void AMissingFolderIsNamed();
     void TheBoxSaysWhatIsMissing();
+    void BelowAMissingFileStandsItsPathAndTheMaster_data();
+    void BelowAMissingFileStandsItsPathAndTheMaster();
+    void BelowADamagedDatabaseStandsItsPath();
+    void BelowAFolderThatCannotBeEnteredStandsItsPath();
+    void ARemedyIsGivenOnce();
 };
 
 void TstStartup::init() {
@@ -216,6 +236,58 @@ void TstStartup::AMissingFolderIsNamed() {
 void TstStartup::TheBoxSaysWhatIsMissing() {
     QCOMPARE(StartUpFailureText(u"TKW05.wav"_s),
              u"実行に必要なファイルまたは情報が見つかりません。\r\nTKW05.wav"_s);
+}
+
+void TstStartup::BelowAMissingFileStandsItsPathAndTheMaster_data() {
+    EachMissingFileIsNamed_data();
+}
+
+void TstStartup::BelowAMissingFileStandsItsPathAndTheMaster() {
+    QFETCH(QString, name);
+    Bench bench;
+    bench.Remove(name);
+    const QString place = u"場所："_s + bench.PathOf(name) + u"\r\n";
+    const QString alone = bench.Remedy();
+    QVERIFY2(alone.startsWith(place) && alone.size() > place.size(), qPrintable(alone));
+    const QString masters = QStringLiteral(TICKWELL_MASTERS);
+    QVERIFY(!alone.contains(masters));
+    bench.masters = masters;
+    const QString withMaster = bench.Remedy();
+    QVERIFY2(withMaster.startsWith(place), qPrintable(withMaster));
+    QVERIFY2(withMaster.contains(masters + u'/' + name + u" をここにコピー"), qPrintable(withMaster));
+    QCOMPARE(withMaster.contains(u"記念日がない"_s), name == u"DayDate.mdb"_s);
+    bench.masters = QDir(bench.dir.path()).canonicalPath();  // the program's own folder has no other copy
+    QCOMPARE(bench.Remedy(), alone);
+}
+
+void TstStartup::BelowADamagedDatabaseStandsItsPath() {
+    Bench bench;
+    WriteAll(bench.dir.filePath(u"DayDate.mdb"_s), "this is no database"_ba);
+    const QString remedy = bench.Remedy();
+    QVERIFY2(remedy.startsWith(u"場所："_s + bench.PathOf(u"DayDate.mdb"_s) + u"\r\n"), qPrintable(remedy));
+    QVERIFY2(remedy.contains(u"控えと置き換えてください。"_s), qPrintable(remedy));
+}
+
+void TstStartup::BelowAFolderThatCannotBeEnteredStandsItsPath() {
+    try {
+        StartUp(u"/no/such/folder"_s, [] { return std::make_unique<FakeSettingsStore>(); });
+        QFAIL("started without a folder");
+    } catch (const StartError& error) {
+        QVERIFY2(error.Remedy().startsWith(u"場所：/no/such/folder\r\n"_s), qPrintable(error.Remedy()));
+        QVERIFY2(error.Remedy().contains(u"--folder"_s), qPrintable(error.Remedy()));
+    }
+}
+
+void TstStartup::ARemedyIsGivenOnce() {
+    try {
+        WithRemedy(u"outer"_s, [] { WithRemedy(u"inner"_s, [] { throw RunTimeError(u"why"_s); }); });
+        QFAIL("nothing was thrown");
+    } catch (const StartError& error) {
+        QCOMPARE(error.Reason(), u"why"_s);
+        QCOMPARE(error.Remedy(), u"inner"_s);
+    }
+    QCOMPARE(StartUpFailureText(u"why"_s, u"remedy"_s),
+             u"実行に必要なファイルまたは情報が見つかりません。\r\nwhy\r\n\r\nremedy"_s);
 }
 
 QTEST_GUILESS_MAIN(TstStartup)

@@ -43,6 +43,7 @@ private Q_SLOTS:
     void FurtherSettingsAtTheirDefaultsAreNotWritten();
     void ChangedFurtherSettingsAreWrittenAfterTheOtherKeys();
     void FurtherKeysInTheFileAreWrittenEvenWithDefaults();
+    void TheNoticeIsWrittenByItself();
     void FurtherSettingsComeBackAsTheyWereSaved_data();
     void FurtherSettingsComeBackAsTheyWereSaved();
     void BadFurtherValuesAreNamed_data();
@@ -332,6 +333,18 @@ void TstSettings::FurtherKeysInTheFileAreWrittenEvenWithDefaults() {
     store.Put(u"Notice"_s, u"NoCdDrive"_s, u"False"_s);
     SaveSettings(store, Loaded(store), {}, {});
     QCOMPARE(WrittenBehindTheOthers(store), u"Roll/Interval=10 Notice/NoCdDrive=True"_s);
+}
+
+void TstSettings::TheNoticeIsWrittenByItself() {
+    for (const bool tells : {false, true}) {
+        FakeSettingsStore store;
+        FurtherSettings further;
+        further.tellsNoCdDrive = tells;
+        SaveNotice(store, further);
+        QCOMPARE(store.Written().size(), 1);
+        QCOMPARE(store.Commits(), 1);
+        QCOMPARE(store.Get(u"Notice"_s, u"NoCdDrive"_s), tells ? u"True"_s : u"False"_s);
+    }
 }
 
 void TstSettings::FurtherSettingsComeBackAsTheyWereSaved_data() {

@@ -54,6 +54,23 @@ class Notice(MediaCase):
         self.assertIsNone(self.app.find(role="alert message", name=NOTICE, showing=True))
 
 
+    def test_its_tick_is_stored_at_once(self):
+        self.start(settings={"Notice": {"NoCdDrive": "True"}, "SetUp": {"Op_Speed": "31"}})
+        before = read_settings(self.session)
+        box = self.app.wait(role="alert message", name=NOTICE, showing=True)
+        self.session.hand.click(box.wait(role="check box", name="次回から表示しない"))
+        self.session.hand.click(box.wait(role="push button", name="OK"))
+        self.app.wait_gone(role="alert message", name=NOTICE, showing=True)
+        self.app.program.kill()
+        self.assertEqual(read_settings(self.session), before | {"Notice": {"NoCdDrive": "False"}})
+
+    def test_a_disc_that_is_not_there_is_named(self):
+        self.start(settings={"Notice": {"NoCdDrive": "True"}}, arguments=("--disc", "/nope.cue"))
+        box = self.app.wait(role="alert message", name=NOTICE, showing=True)
+        texts = [label.name for label in box.find_all(role="label")]
+        self.assertTrue(any("/nope.cue\n" in text for text in texts), texts)
+
+
 class TimeSignal(MediaCase):
     def setUp(self):
         super().setUp()

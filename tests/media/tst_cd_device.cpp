@@ -18,9 +18,13 @@ struct Bench {
     MediaState state;
     Multimedia media{devices, boxes, state};
     bool tellsNoDrive = true;
-    CdDevice device{media, tellsNoDrive};
+    int stored = 0;  // number of times the setting was stored
+    QString named;
+    CdDevice device{media, {.isWanted = tellsNoDrive, .silenced = [this] { ++stored; }, .named = named}};
 
-    Bench() { devices.texts = {{263, u"開かれていません"_s}, {266, u"ドライブなし"_s}, {293, u"形式"_s}}; }
+    explicit Bench(const QString& disc = {}) : named(disc) {
+        devices.texts = {{263, u"開かれていません"_s}, {266, u"ドライブなし"_s}, {293, u"形式"_s}};
+    }
     void TakeDriveAway() {
         devices.results.insert(u"open cdaudio alias CDP"_s, {266, {}});
         devices.results.insert(u"set CDP time format milliseconds"_s, {263, {}});
@@ -36,6 +40,7 @@ class TstCdDevice : public QObject {
 private Q_SLOTS:
     void ItIsOpenedWithTimesInMilliseconds();
     void WithoutADriveOnlyTheTimeFormatIsReported();
+    void ADiscThatIsNotThereIsNamedBelow();
     void TheNoticeCanBeSwitchedOff();
     void TheNoticeClosedWithoutATickComesAgain();
     void ASwitchedOffNoticeStaysAway();
@@ -65,12 +70,25 @@ void TstCdDevice::WithoutADriveOnlyTheTimeFormatIsReported() {
     QVERIFY(!bench.device.IsOpen());
 }
 
+void TstCdDevice::ADiscThatIsNotThereIsNamedBelow() {
+    Bench bench(u"/nope.cue"_s);
+    bench.TakeDriveAway();
+    bench.device.OpenAtStart();
+    const QString text = bench.boxes.Shown().constFirst().text;
+    QVERIFY2(text.startsWith(u"開かれていません\r\n\r\n指定されたディスク：/nope.cue\r\n"_s),
+             qPrintable(text));
+    QVERIFY2(text.contains(u"--disc"_s) && text.contains(u"TICKWELL_CD"_s), qPrintable(text));
+    QCOMPARE(bench.state.MciReply, u"開かれていません"_s);
+}
+
 void TstCdDevice::TheNoticeCanBeSwitchedOff() {
     Bench bench;
     bench.TakeDriveAway();
     bench.device.OpenAtStart();
+    QCOMPARE(bench.stored, 0);
     bench.boxes.Close(true);
     QVERIFY(!bench.tellsNoDrive);
+    QCOMPARE(bench.stored, 1);
 }
 
 void TstCdDevice::TheNoticeClosedWithoutATickComesAgain() {
@@ -79,6 +97,7 @@ void TstCdDevice::TheNoticeClosedWithoutATickComesAgain() {
     bench.device.OpenAtStart();
     bench.boxes.Close(false);
     QVERIFY(bench.tellsNoDrive);
+    QCOMPARE(bench.stored, 0);
 }
 
 void TstCdDevice::ASwitchedOffNoticeStaysAway() {

@@ -222,7 +222,8 @@ void TstIniFileStore::AnUnreadableFileIsAnError() {
                      const IniFileStore store(path);
                      return 1;
                  } catch (const RunTimeError& error) {
-                     return error.Reason().contains(path) ? 0 : 3;
+                     const QString remedy = u"移動または削除すると、既定の設定で起動できます。"_s;
+                     return error.Reason().contains(path) && error.Reason().endsWith(remedy) ? 0 : 3;
                  }
              }),
              0);

@@ -12,6 +12,7 @@ namespace tickwell {
 /// A drive whose disc the test inserts, plays and removes. It notifies only when Tell() is called.
 class FakeCdDrive : public media::CdDrive, public media::CdPlayback {
 public:
+    QString Named() const override { return named; }
     bool Exists() const override { return exists; }
     media::CdPicture Picture() const override { return m_picture; }
     void Look() override { ++looks; }
@@ -72,6 +73,7 @@ public:
     /// The commands to the disc since the last call.
     QStringList TakeRecord() { return std::exchange(m_record, {}); }
 
+    QString named;
     bool exists = true;
     bool sounds = true;  ///< a sound output can be opened
     int looks = 0;

@@ -62,6 +62,10 @@ public:
     /// Whether the drive's device node or the image file exists now. Does not access the disc.
     virtual bool Exists() const = 0;
 
+    /// The absolute path of the drive or image that the user has named, whether it exists or not; empty if
+    /// none.
+    virtual QString Named() const = 0;
+
     /// The last known state, with the current position and mode.
     virtual CdPicture Picture() const = 0;
 

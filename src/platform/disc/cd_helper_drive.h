@@ -23,6 +23,7 @@ public:
     CdHelperDrive(RealTimerSource& timers, media::SoundOutput& output, const QString& helper, QString source);
 
     bool Exists() const override;
+    QString Named() const override { return m_source; }
     media::CdPicture Picture() const override;
     void Look() override;
     void WhenChanged(std::function<void()> changed) override { m_changed = std::move(changed); }

@@ -36,11 +36,10 @@ QByteArray IniFileStore::Read() const {
         case FileProblem::None:
         case FileProblem::Absent:
             return contents.bytes;
+        case FileProblem::Unreadable:  // if treated as absent, its settings would be overwritten
         case FileProblem::NotRegular:
         case FileProblem::TooLarge:
             contents.reason += u"\r\n移動または削除すると、既定の設定で起動できます。";
-            break;
-        case FileProblem::Unreadable:  // if treated as absent, its settings would be overwritten
             break;
     }
     throw FileError(u"設定ファイルを読み込めません。"_s, m_path, contents.reason);
