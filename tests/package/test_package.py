@@ -51,6 +51,12 @@ class Contents(unittest.TestCase):
         component = ElementTree.parse(metainfo).getroot()
         self.assertEqual(component.find("launchable").text, "tickwell.desktop")
         self.assertEqual(component.find("project_license").text, "GPL-3.0-or-later")
+        self.assertTrue(component.find("url[@type='homepage']").text.startswith("https://"))
+        pictures = Path(__file__).resolve().parents[2] / "docs/pictures"
+        shown = [Path(image.text).name for image in component.iterfind("screenshots/screenshot/image")]
+        self.assertGreater(len(shown), 1)
+        self.assertEqual([name for name in shown if not (pictures / name).is_file()], [])
+        self.assertTrue(component.find("releases/release/description/p").text)
         newest = component.find("releases/release").get("version")
         self.assertEqual(run(root / "usr/bin/tickwell", "--version"), f"Tickwell {newest}\n")
 
