@@ -18,7 +18,12 @@ endforeach()
 install(FILES "${PROJECT_SOURCE_DIR}/data/icons/tickwell.svg" DESTINATION "${icons}/scalable/apps")
 
 install(FILES "${PROJECT_SOURCE_DIR}/data/desktop/tickwell.desktop" DESTINATION "${CMAKE_INSTALL_DATADIR}/applications")
-install(FILES "${PROJECT_SOURCE_DIR}/data/desktop/tickwell.metainfo.xml" DESTINATION "${CMAKE_INSTALL_DATADIR}/metainfo")
+
+# The program has no public address of its own, and .invalid is nobody's. Whoever publishes it sets the address of a copy of
+# this source tree, from which software centres take the pictures.
+set(TICKWELL_HOMEPAGE "https://tickwell.invalid" CACHE STRING "The homepage that the package names, without a slash at its end")
+configure_file("${PROJECT_SOURCE_DIR}/data/desktop/tickwell.metainfo.xml.in" "${PROJECT_BINARY_DIR}/tickwell.metainfo.xml" @ONLY)
+install(FILES "${PROJECT_BINARY_DIR}/tickwell.metainfo.xml" DESTINATION "${CMAKE_INSTALL_DATADIR}/metainfo")
 
 # tickwell_install_packed(FILE DESTINATION NAME [COMPONENT]): installs a file compressed with gzip, reproducibly.
 function(tickwell_install_packed file destination name)

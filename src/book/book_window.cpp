@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "controls/control_making.h"
+#include "controls/screen_fit.h"
 
 namespace tickwell::book {
 
@@ -27,6 +28,14 @@ void BookWindow::AddButtons(QVBoxLayout& rows, const QString& start, const QStri
     rows.addLayout(buttons);
     m_work = new controls::WorkBar(m_parts.timers, m_parts.handlers, work, this);
     rows.addWidget(m_work);
+}
+
+void BookWindow::FitOnScreen(QVBoxLayout& rows) const {
+    const QWidget* placed = parentWidget() != nullptr ? parentWidget() : this;
+    const int room = controls::RoomFor(*placed);
+    if (rows.totalSizeHint().height() > room) {
+        controls::ScrollIfTooHigh(rows, 2, room - m_work->sizeHint().height() - rows.spacing());
+    }
 }
 
 void BookWindow::Tell(const QString& title, const QString& text) {

@@ -29,6 +29,10 @@ protected:
     void AddButtons(QVBoxLayout& rows, const QString& start, const QString& work,
                     std::function<void()> started);
 
+    /// If the window is too high for its screen, lets all that is above the buttons scroll, and leaves room
+    /// for the bar. To be called after AddButtons.
+    void FitOnScreen(QVBoxLayout& rows) const;
+
     /// Shows a message that belongs to this window.
     void Tell(const QString& title, const QString& text);
 

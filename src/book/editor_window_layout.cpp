@@ -57,6 +57,7 @@ void Form6::MakeControls() {
     rows->addLayout(WeekRow());
     rows->addSpacing(fontMetrics().height() / 2);
     AddButtons(*rows, u"追加/変更>>"_s, u"更新しています"_s, [this] { Command1_Click(); });
+    FitOnScreen(*rows);
 }
 
 QLayout* Form6::DateRow() {

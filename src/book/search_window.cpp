@@ -65,6 +65,7 @@ void Form9::MakeControls() {
     rows->addWidget(NameFrame());
     rows->addWidget(DateConditionFrame());
     AddButtons(*rows, u"検索開始"_s, u"検索しています"_s, [this] { Command1_Click(); });
+    FitOnScreen(*rows);
 }
 
 QGroupBox* Form9::NameFrame() {

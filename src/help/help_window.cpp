@@ -5,12 +5,22 @@
 #include <QScreen>
 #include <QSplitter>
 #include <QVBoxLayout>
+#include <algorithm>
 
 namespace tickwell::help {
 
 using namespace Qt::StringLiterals;
 
 namespace {
+
+// The width of the window and of the contents in it, if the screen is wide enough.
+constexpr int kCharacters = 160;
+constexpr int kSideCharacters = 46;
+
+/// Of Latin text. In some Japanese fonts the average character is a full-width one.
+int CharacterWidth(const QFontMetrics& metrics) {
+    return std::min(metrics.averageCharWidth(), metrics.horizontalAdvance(u'0'));
+}
 
 HelpBrowser* MakeText(const QString& html, QWidget* parent) {
     auto* text = new HelpBrowser(parent);
@@ -39,7 +49,6 @@ HelpWindow::HelpWindow(Handlers& handlers, const QString& html, HelpLook& look, 
     panes->addWidget(m_text);
     panes->setStretchFactor(1, 1);
     panes->setChildrenCollapsible(false);
-    panes->setSizes({fontMetrics().averageCharWidth() * 46, fontMetrics().averageCharWidth() * 114});
     AddActions();
     AddFindKeys();
     auto* whole = new QVBoxLayout(this);
@@ -47,7 +56,11 @@ HelpWindow::HelpWindow(Handlers& handlers, const QString& html, HelpLook& look, 
     whole->addWidget(panes, 1);
     ConnectPanes();
     m_text->SetPercent(m_look.textSize.Percent());
+    FitTools();
     PlaceFirst();
+    const int room = width() - whole->contentsMargins().left() - whole->contentsMargins().right();
+    panes->setSizes(
+        {room * kSideCharacters / kCharacters, room * (kCharacters - kSideCharacters) / kCharacters});
     ShowState();
     m_text->setFocus();
 }
@@ -68,8 +81,12 @@ void HelpWindow::PlaceFirst() {
     if (!m_look.geometry.isEmpty() && restoreGeometry(m_look.geometry)) {
         return;
     }
-    const QSize wanted(fontMetrics().averageCharWidth() * 160, fontMetrics().height() * 42);
-    resize(wanted.boundedTo(screen()->availableSize() * 9 / 10));
+    const QSize wanted(CharacterWidth(fontMetrics()) * kCharacters, fontMetrics().height() * 42);
+    resize(wanted.boundedTo(LargestSize()));
+}
+
+QSize HelpWindow::LargestSize() const {
+    return screen()->availableSize() * 9 / 10;
 }
 
 void HelpWindow::ShowTopic(int topic) {

@@ -42,13 +42,15 @@ protected:
 
 private:
     void AddActions();
-    QHBoxLayout* MakeTools();
+    QBoxLayout* MakeTools();
+    void FitTools();
     QWidget* MakeFindBox();
     QAction* Add(const QString& name, const QString& caption, const QList<QKeySequence>& keys,
                  std::function<void()> handler);
     void AddFindKeys();
     void ConnectPanes();
     void PlaceFirst();
+    QSize LargestSize() const;
 
     void JumpTo(int position);
     void GoBack();
@@ -69,6 +71,7 @@ private:
     HelpSide* m_side;
     QLineEdit* m_find;
     QLabel* m_count;
+    QBoxLayout* m_tools = nullptr;
     QAction* m_back = nullptr;
     QAction* m_forward = nullptr;
     QAction* m_smaller = nullptr;

@@ -57,20 +57,34 @@ void HelpWindow::AddActions() {
     Add(u"SwitchPane"_s, u"目次と本文の切り替え"_s, {Qt::Key_F6}, [this] { SwitchPane(); });
 }
 
-QHBoxLayout* HelpWindow::MakeTools() {
-    auto* tools = new QHBoxLayout;
-    tools->addWidget(ButtonFor(m_back, this));
-    tools->addWidget(ButtonFor(m_forward, this));
-    tools->addSpacing(fontMetrics().height());
-    tools->addWidget(MakeFindBox(), 1);
-    tools->addWidget(ButtonFor(m_previous, this));
-    tools->addWidget(ButtonFor(m_next, this));
-    tools->addWidget(m_count);
-    tools->addSpacing(fontMetrics().height());
+QBoxLayout* HelpWindow::MakeTools() {
+    auto* find = new QHBoxLayout;
+    find->addWidget(ButtonFor(m_back, this));
+    find->addWidget(ButtonFor(m_forward, this));
+    find->addSpacing(fontMetrics().height());
+    find->addWidget(MakeFindBox(), 1);
+    find->addWidget(ButtonFor(m_previous, this));
+    find->addWidget(ButtonFor(m_next, this));
+    find->addWidget(m_count);
+    auto* sizes = new QHBoxLayout;
     for (QAction* action : {m_smaller, m_normal, m_larger}) {
-        tools->addWidget(ButtonFor(action, this));
+        sizes->addWidget(ButtonFor(action, this));
     }
-    return tools;
+    m_tools = new QBoxLayout(QBoxLayout::LeftToRight);
+    m_tools->addLayout(find, 1);
+    m_tools->addSpacing(fontMetrics().height());
+    m_tools->addLayout(sizes);
+    return m_tools;
+}
+
+/// Two rows if the screen is too narrow for one.
+void HelpWindow::FitTools() {
+    if (m_tools->minimumSize().width() > LargestSize().width()) {
+        m_tools->itemAt(m_tools->count() - 1)->setAlignment(Qt::AlignLeft);
+        delete m_tools->takeAt(1);  // the space between them
+        m_find->setMinimumWidth(m_find->minimumWidth() / 2);
+        m_tools->setDirection(QBoxLayout::TopToBottom);
+    }
 }
 
 QWidget* HelpWindow::MakeFindBox() {

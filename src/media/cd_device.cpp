@@ -30,13 +30,13 @@ void CdDevice::OpenAtStart() {
         m_media.MciSend(kSetFormat.toString(), m_isOpen);
         return;
     }
-    m_media.MciSend(kSetFormat.toString(),
-                    {u"次回から表示しない"_s, Below(m_notice.named), [this](bool isTicked) {
-                         if (isTicked) {
-                             m_notice.isWanted = false;
-                             m_notice.silenced();
-                         }
-                     }});
+    const auto onClosed = [this](bool isTicked) {
+        if (isTicked) {
+            m_notice.isWanted = false;
+            m_notice.silenced();
+        }
+    };
+    m_media.MciSend(kSetFormat.toString(), {u"次回から表示しない"_s, onClosed, Below(m_notice.named)});
 }
 
 bool CdDevice::OpenAgain() {

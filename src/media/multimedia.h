@@ -12,8 +12,8 @@ namespace tickwell::media {
 /// For a failure whose message box the user may turn off for the future.
 struct FailureChoice {
     QString text;                        ///< of the check box
-    QString below;                       ///< lines that stand below the error text in the box; may be empty
     std::function<void(bool)> onClosed;  ///< called with whether it was ticked
+    QString below = {};                  ///< lines below the error text in the box
 };
 
 /// Sends commands to devices. Nothing here throws, except OverflowError for a sum of milliseconds; failures

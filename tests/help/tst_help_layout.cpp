@@ -1,14 +1,38 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include <QApplication>
 #include <QFontInfo>
 #include <QRegularExpression>
+#include <QScreen>
 #include <QScrollBar>
+#include <QTabWidget>
 #include <QTextDocument>
+#include <QToolButton>
 
 #include "help/help_bench.h"
 
 using namespace tickwell;
 using namespace tickwell::help;
 using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Gives the application a font of this size for a test.
+class Fonts {
+public:
+    explicit Fonts(int points) : m_before(QApplication::font()) {
+        QFont font = m_before;
+        font.setPointSize(points);
+        QApplication::setFont(font);
+    }
+    ~Fonts() { QApplication::setFont(m_before); }
+    Fonts(const Fonts&) = delete;
+    Fonts& operator=(const Fonts&) = delete;
+
+private:
+    QFont m_before;
+};
+
+}  // namespace
 
 /// The help's text in other sizes, colours and widths.
 class TstHelpLayout : public QObject {
@@ -23,6 +47,10 @@ private Q_SLOTS:
     void ChangingThePaletteCausesNoWarning();
     void AHorizontalScrollBarIsShownIfNeeded_data();
     void AHorizontalScrollBarIsShownIfNeeded();
+    void TheContentsHaveTheSameShareInEveryFont_data();
+    void TheContentsHaveTheSameShareInEveryFont();
+    void TheWindowFitsItsScreen_data();
+    void TheWindowFitsItsScreen();
 };
 
 void TstHelpLayout::TextGrowsAndShrinks() {
@@ -92,6 +120,44 @@ void TstHelpLayout::ChangingThePaletteCausesNoWarning() {
     QTest::failOnWarning(QRegularExpression(u"setPosition"_s));
     bench.Text().setPalette(QPalette(Qt::white, Qt::black));
     QCOMPARE(bench.TopLine(), u"Topic 6"_s);
+}
+
+void TstHelpLayout::TheContentsHaveTheSameShareInEveryFont_data() {
+    QTest::addColumn<int>("points");
+    QTest::newRow("the window has room") << 5;
+    QTest::newRow("usual") << 9;
+    QTest::newRow("the window is cut to the screen") << 12;
+}
+
+void TstHelpLayout::TheContentsHaveTheSameShareInEveryFont() {
+    QFETCH(int, points);
+    const Fonts fonts(points);
+    HelpBench bench;
+    bench.Open();
+    const int side = bench.Find<QTabWidget>(u"Side"_s).width();
+    const int percent = side * 100 / bench.desk.Window()->width();
+    QVERIFY2(percent >= 26 && percent <= 30, qPrintable(QString::number(percent)));
+}
+
+void TstHelpLayout::TheWindowFitsItsScreen_data() {
+    TheContentsHaveTheSameShareInEveryFont_data();
+}
+
+/// With the largest font the buttons need two rows.
+void TstHelpLayout::TheWindowFitsItsScreen() {
+    QFETCH(int, points);
+    const Fonts fonts(points);
+    HelpBench bench;
+    bench.Open();
+    const QSize screen = bench.desk.Window()->screen()->availableSize();
+    const QSize window = bench.desk.Window()->size();
+    QVERIFY2(window.width() <= screen.width() * 9 / 10, qPrintable(QString::number(window.width())));
+    QVERIFY(window.height() <= screen.height() * 9 / 10);
+    const auto& larger = bench.Find<QToolButton>(u"Larger"_s);
+    QVERIFY(bench.desk.Window()->rect().contains(
+        QRect(larger.mapTo(bench.desk.Window(), QPoint()), larger.size())));
+    const auto& back = bench.Find<QToolButton>(u"Back"_s);
+    QCOMPARE(larger.y() > back.y(), points == 12);
 }
 
 void TstHelpLayout::AHorizontalScrollBarIsShownIfNeeded_data() {

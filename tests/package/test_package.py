@@ -11,6 +11,8 @@ import unittest
 import xml.etree.ElementTree as ElementTree
 from pathlib import Path
 
+from PIL import Image
+
 from debian_package import field, make_package, run, unpack
 from driver.case import TickwellCase
 from driver.tickwell import MASTERS, main_window, settings_path, wait_lines, wait_on_screen
@@ -18,6 +20,7 @@ from driver.waiting import wait_for
 
 TIME = re.compile(r"(午前|午後)\d+時\d\d分\d\d秒").fullmatch
 PAGES = ("share/man/man1/tickwell.1.gz", "share/man/ja/man1/tickwell.1.gz")
+WHITE, GREEN, DARK = (255, 255, 255), (0x3E, 0xF0, 0x6A), 80  # the icon's two lines, and the most of its ground
 DISCS_VARIABLE = "TICKWELL_MAKE_DISCS"
 
 
@@ -48,6 +51,12 @@ class Contents(unittest.TestCase):
         component = ElementTree.parse(metainfo).getroot()
         self.assertEqual(component.find("launchable").text, "tickwell.desktop")
         self.assertEqual(component.find("project_license").text, "GPL-3.0-or-later")
+        self.assertTrue(component.find("url[@type='homepage']").text.startswith("https://"))
+        pictures = Path(__file__).resolve().parents[2] / "docs/pictures"
+        shown = [Path(image.text).name for image in component.iterfind("screenshots/screenshot/image")]
+        self.assertGreater(len(shown), 1)
+        self.assertEqual([name for name in shown if not (pictures / name).is_file()], [])
+        self.assertTrue(component.find("releases/release/description/p").text)
         newest = component.find("releases/release").get("version")
         self.assertEqual(run(root / "usr/bin/tickwell", "--version"), f"Tickwell {newest}\n")
 
@@ -86,6 +95,18 @@ class Contents(unittest.TestCase):
         icons = root / "usr/share/icons/hicolor"
         sizes = {path.relative_to(icons).parts[0] for path in icons.rglob("apps/tickwell.*")}
         self.assertEqual(sizes, {"scalable", *(f"{size}x{size}" for size in (16, 22, 24, 32, 48, 64, 128, 256))})
+
+    def test_the_lines_of_the_icon_are_sharp_in_every_size(self):
+        """Down a column of pixels through both lines, each pixel is of a line or of the dark ground, none in between."""
+        icons = root / "usr/share/icons/hicolor"
+        for size in (16, 22, 24, 32, 48, 64):
+            with self.subTest(size), Image.open(icons / f"{size}x{size}/apps/tickwell.png") as icon:
+                self.assertEqual(icon.size, (size, size))
+                pixels = icon.convert("RGB")
+                below = [pixels.getpixel((size // 4, y)) for y in range(size * 43 // 64, size * 60 // 64)]
+                lines = [pixel for pixel in below if pixel in (WHITE, GREEN)]
+                self.assertEqual({WHITE, GREEN}, set(lines))
+                self.assertEqual([pixel for pixel in below if pixel not in lines and max(pixel) > DARK], [])
 
     def test_it_has_no_maintainer_scripts(self):
         """Without scripts no removal can touch user data."""
