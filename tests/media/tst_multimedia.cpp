@@ -188,7 +188,7 @@ void TstMultimedia::ABoxMayOfferToSilenceTheNotice() {
     Bench bench;
     bench.Fail(u"stop CDP"_s);
     QList<bool> answers;
-    const FailureChoice choice{u"もう出さない"_s, {}, [&](bool isTicked) { answers.append(isTicked); }};
+    const FailureChoice choice{u"もう出さない"_s, [&](bool isTicked) { answers.append(isTicked); }};
     QCOMPARE(bench.media.MciSend(u"stop CDP"_s, choice), 276);
     QCOMPARE(bench.boxes.Offered(), QStringList{u"もう出さない"_s});
     QCOMPARE(bench.notReady, 1);
