@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-# cpack -G DEB: a package for Debian 12 with everything that cmake --install installs, and the files that Debian
+# cpack -G DEB: a package for Debian 12 and later with everything that cmake --install installs, and the files that Debian
 # requires.
 
 set(TICKWELL_MAINTAINER "Tickwell authors <tickwell@localhost.invalid>" CACHE STRING
@@ -39,8 +39,10 @@ set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 set(CPACK_DEBIAN_COMPRESSION_TYPE xz)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 # In addition to the linked libraries: the sound library, which is loaded at the first sound; a Japanese font, one of
-# the substitutes for the font that the layout was designed for; Qt's Japanese translations; the battery service.
+# the substitutes for the font that the layout was designed for; the time zones; Qt's Japanese translations; the battery
+# service.
 set(CPACK_DEBIAN_PACKAGE_DEPENDS "libsdl2-2.0-0 (>= 2.0.18), \
-fonts-monapo | fonts-ipafont-gothic | fonts-ipaexfont-gothic | fonts-takao-gothic | fonts-vlgothic | fonts-noto-cjk")
+fonts-monapo | fonts-ipafont-gothic | fonts-ipaexfont-gothic | fonts-takao-gothic | fonts-vlgothic | fonts-noto-cjk, \
+tzdata")
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "qt6-translations-l10n, upower, xwayland")
 include(CPack)

@@ -31,6 +31,7 @@
 #include "platform/time/system_clock.h"
 #include "store/sqlite_handle.h"
 #include "support/child.h"
+#include "support/fake_help_viewer.h"
 
 using namespace Qt::StringLiterals;
 using namespace tickwell;
@@ -116,6 +117,7 @@ struct Bench {
     platform::QtTimers timers;
     platform::QtMessageBoxes boxes;
     Handlers handlers{boxes};
+    FakeHelpViewer help;
     book::BookParts parts{.dayDatabase = database,
                           .further = further,
                           .list = list,
@@ -123,6 +125,7 @@ struct Bench {
                           .clock = clock,
                           .boxes = boxes,
                           .handlers = handlers,
+                          .help = help,
                           .timers = timers};
     days::DayListModel model{QVariant(), days::DayListModel::Columns::All, nullptr};
     days::RowTable view;

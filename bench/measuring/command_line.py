@@ -47,10 +47,11 @@ def add_plan_options(parser, **defaults):
 
 
 def plan_from(options, **others):
-    """The plan for these options. `others` are passed to it, except `environment` and `home_template`, which are passed
-    to its desktop."""
+    """The plan for these options. `others` are passed to it, except `environment`, `home_template` and `manager`, which are
+    passed to its desktop."""
     desktop = DesktopOptions(language=options.language, zone=options.zone, keep=options.keep,
                              environment=others.pop("environment", {}),
+                             manager=others.pop("manager", DesktopOptions.manager),
                              home_template=others.pop("home_template", None))
     return Plan(xwatch=options.xwatch, settle=options.settle, window=options.window,
                 repaints=options.repaints, start_timeout=options.start_timeout, desktop=desktop, **others)

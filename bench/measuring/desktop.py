@@ -39,6 +39,7 @@ class DesktopOptions:
     zone: str = "Asia/Tokyo"
     environment: dict = field(default_factory=dict)  # in addition to the desktop's own
     home_template: Path | None = None  # copied to the home before anything starts
+    manager: tuple = ("openbox", "--sm-disable")  # the window manager's command
     keep: bool = False  # keeps the home and prints its path
 
 
@@ -163,11 +164,12 @@ class Desktop:
         self.environment.update(DBUS_SESSION_BUS_ADDRESS=address, DBUS_SYSTEM_BUS_ADDRESS=address)
 
     def _start_manager(self):
-        self.start(MANAGER, ["openbox", "--sm-disable"])
+        command = self._options.manager
+        self.start(MANAGER, list(command))
         deadline = time.monotonic() + _SECONDS_TO_START
         while "window id" not in self.run(["xprop", "-root", "_NET_SUPPORTING_WM_CHECK"]):
             if time.monotonic() > deadline:
-                raise MeasuringError(f"openbox did not start: {self.last_words(MANAGER)}")
+                raise MeasuringError(f"{command[0]} did not start: {self.last_words(MANAGER)}")
             time.sleep(0.05)
         time.sleep(0.5)  # it has announced itself but is still reading its theme
 

@@ -13,6 +13,7 @@
 #include "app/gradation.h"
 #include "app/system_facts.h"
 #include "controls/control_making.h"
+#include "controls/help_key.h"
 
 namespace tickwell::app {
 
@@ -74,6 +75,7 @@ frmAbout::frmAbout(const AboutBoxParts& parts, QWidget* parent)
     whole->addLayout(buttons);
     whole->setSizeConstraint(QLayout::SetFixedSize);
     ok->setFocus();
+    controls::OpenHelpByKey(*this, m_parts.handlers, m_parts.help, kHelpAbout);
     Form_Load();
 }
 

@@ -21,6 +21,7 @@ Displays MakeDisplays(const DisplaysParts& parts, const DisplayView& view) {
     Handlers& handlers = parts.handlers;
     TimerSource& timers = parts.timers;
     const auto tools = std::make_shared<timing::TimingTools>(parts.timing, view);
+    parts.timingMade(*tools);
     Displays displays;
     const displays::ClockParts clock{
         .settings = parts.settings, .clock = parts.clock, .announcements = parts.announcements};

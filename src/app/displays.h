@@ -34,6 +34,8 @@ struct DisplaysParts {
     timing::TimingParts timing;
     media::CdPlayer& cdPlayer;
     std::function<void()> openCdPlayer;  ///< opens the player's window
+    /// Called with stopwatch and countdown, which live as long as their displays.
+    std::function<void(timing::TimingTools& tools)> timingMade = [](timing::TimingTools&) {};
 };
 
 /// The displays of the program, in the order of the menu and of the roll. A new display is added here.

@@ -13,6 +13,7 @@
 #include "app/option_table.h"
 #include "app/program.h"
 #include "app/qt_arguments.h"
+#include "app/remote_commands.h"
 #include "lines/line_look.h"
 #include "platform/bus/session_bus_look.h"
 #include "platform/desktop/freed_memory.h"
@@ -114,7 +115,8 @@ int main(int argc, char** argv) {
     const tickwell::platform::Inheritance users = tickwell::platform::Inheritance::OfThisProcess();
     tickwell::platform::DropRelativeFolders();
     if (early.needsNoWindow) {
-        return tickwell::app::RunDayCommand(early);
+        return early.sendsCommand ? tickwell::app::RunRemoteCommand(early)
+                                  : tickwell::app::RunDayCommand(early);
     }
     umask(S_IRWXG | S_IRWXO);  // files are readable by the user only
     const tickwell::app::DividedArguments divided = tickwell::app::Divided(QByteArrayList(argv, argv + argc));

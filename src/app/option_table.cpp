@@ -32,6 +32,13 @@ constexpr std::array kRows{
               u"動いている時計のメニューを開きます。\n動いていないときは、起動して開きます。"},
     OptionRow{
         {},
+        u"open",
+        u"<window>",
+        true,
+        u"Open the calendar, timer, stopwatch or help, of the clock\nthat runs or of a new one.",
+        u"calendar、timer、stopwatch、help のどれかを開きます。\n動いていないときは、起動して開きます。"},
+    OptionRow{
+        {},
         u"today",
         {},
         false,
@@ -45,6 +52,28 @@ constexpr std::array kRows{
               u"day off, date of the old\ncalendar, day of the six-day week, season, anniversaries.",
               u"一日に一行を出力します (1900-01-01～2100-12-31)。\n列はタブ区切りで、日付、曜日、休日、旧暦、"
               u"六曜、\n二十四節気と雑節、記念日です。"},
+    OptionRow{
+        {},
+        u"show",
+        u"<what>",
+        true,
+        u"Let the clock that runs show clock, usage, stopwatch,\ntimer, battery, memory or cd. For this and "
+        u"the next two\nits settings must allow commands.",
+        u"動いている時計の表示を clock、usage、stopwatch、\ntimer、battery、memory、cd に切り替えます。"
+        u"これと次の\n二つは、時計の設定で許したときに働きます。"},
+    OptionRow{{},
+              u"stopwatch",
+              u"<what>",
+              true,
+              u"start, stop, lap, reset or read its stopwatch, and print\nthe reading in milliseconds.",
+              u"そのストップウォッチを start、stop、lap、reset、read\nし、読みをミリ秒で出力します。"},
+    OptionRow{
+        {},
+        u"timer",
+        u"<time>",
+        true,
+        u"Start its timer, for example with 5m30s; a second word\nis its name. Prints the timer's number.",
+        u"そのタイマーを 5m30s などの時間で始めます。次の語は\n名前になります。タイマーの番号を出力します。"},
     OptionRow{u"h", u"help", {}, false, u"Show this help.", u"この説明を表示します。"},
     OptionRow{u"v", u"version", {}, false, u"Show the version.", u"バージョンを表示します。"},
 };

@@ -36,7 +36,7 @@ QString AbsoluteOf(const QString& path) {
 }
 
 /// The options that select what to do; only one of them can be given.
-constexpr std::array kCommands{u"menu", u"today", u"days"};
+constexpr std::array kCommands{u"menu", u"open", u"today", u"days", u"show", u"stopwatch", u"timer"};
 
 void AddOptions(QCommandLineParser& parser) {
     for (const OptionRow& row : OptionRows()) {
@@ -102,6 +102,34 @@ void TakeDays(const QStringList& words, Options& options) {
     }
 }
 
+/// The command for the running program, if there is one.
+void TakeCommand(const QCommandLineParser& parser, const QStringList& words, Options& options) {
+    ParsedCommand parsed;
+    if (parser.isSet(u"show"_s)) {
+        parsed = ParseShow(parser.value(u"show"_s));
+    } else if (parser.isSet(u"stopwatch"_s)) {
+        parsed = ParseStopwatch(parser.value(u"stopwatch"_s));
+    } else if (parser.isSet(u"timer"_s)) {
+        parsed = ParseTimer(parser.value(u"timer"_s), words);
+    }
+    options.command = parsed.command;
+    options.error = parsed.error;
+}
+
+/// What a start without a command asks for.
+void TakeRequest(const QCommandLineParser& parser, Options& options) {
+    if (parser.isSet(u"menu"_s)) {
+        options.request = Request::Menu;
+    } else if (parser.isSet(u"open"_s)) {
+        const QString name = parser.value(u"open"_s);
+        const auto request = RequestToOpen(name);
+        options.request = request.value_or(Request::ComeForward);
+        if (!request) {
+            options.error = u"--open: \"%1\" is none of "_s.arg(name) + NamesToOpen();
+        }
+    }
+}
+
 void TakeVirtualTime(const QString& text, Options& options) {
     options.virtualTime = VirtualTimeOf(text);
     if (!options.virtualTime) {
@@ -113,7 +141,7 @@ void TakeVirtualTime(const QString& text, Options& options) {
 void TakeParsed(const QCommandLineParser& parser, Options& options) {
     const QStringList words = parser.positionalArguments();
     const bool asksForDays = parser.isSet(u"days"_s);
-    if (!asksForDays && !words.isEmpty()) {
+    if (!asksForDays && !parser.isSet(u"timer"_s) && !words.isEmpty()) {
         options.error = u"unexpected argument: "_s + words.constFirst();
     } else if (parser.isSet(u"help"_s)) {
         options.answer = HelpText(WantsJapanese());
@@ -123,6 +151,12 @@ void TakeParsed(const QCommandLineParser& parser, Options& options) {
         TakeOneCommand(parser, options);
         if (asksForDays && options.error.isEmpty()) {
             TakeDays(words, options);
+        }
+        if (options.error.isEmpty()) {
+            TakeCommand(parser, words, options);
+        }
+        if (options.error.isEmpty()) {
+            TakeRequest(parser, options);
         }
         if (parser.isSet(u"virtual-time"_s) && options.error.isEmpty()) {
             TakeVirtualTime(parser.value(u"virtual-time"_s), options);
@@ -144,9 +178,10 @@ Options OptionsOf(const QStringList& arguments) {
     options.folder = parser.value(u"folder"_s);
     options.disc =
         AbsoluteOf(parser.isSet(u"disc"_s) ? parser.value(u"disc"_s) : qEnvironmentVariable("TICKWELL_CD"));
-    options.opensMenu = parser.isSet(u"menu"_s);
     options.printsToday = parser.isSet(u"today"_s);
-    options.needsNoWindow = options.printsToday || parser.isSet(u"days"_s);
+    options.sendsCommand =
+        parser.isSet(u"show"_s) || parser.isSet(u"stopwatch"_s) || parser.isSet(u"timer"_s);
+    options.needsNoWindow = options.printsToday || parser.isSet(u"days"_s) || options.sendsCommand;
     return options;
 }
 

@@ -6,6 +6,8 @@
 #include <QStringList>
 #include <optional>
 
+#include "app/command_options.h"
+#include "app/request.h"
 #include "days/day_lines.h"
 
 namespace tickwell::app {
@@ -21,10 +23,12 @@ struct VirtualTimeOption {
 struct Options {
     QString folder;  ///< empty if not given
     QString disc;    ///< a drive or an image, absolute; empty if neither argument nor environment names one
-    bool opensMenu = false;
+    Request request = Request::ComeForward;    ///< what to ask of the running clock, or to do after the start
     bool printsToday = false;                  ///< print today's names instead of starting
     std::optional<days::DayRange> printsDays;  ///< print these days instead; inside days::LinedDays
-    bool needsNoWindow = false;                ///< one of these two was requested, even if `error` is set
+    std::optional<CommandOption> command;      ///< send this to the running clock instead
+    bool sendsCommand = false;   ///< a command to the running clock was requested, even if `error` is set
+    bool needsNoWindow = false;  ///< one of these three was requested, even if `error` is set
     std::optional<VirtualTimeOption> virtualTime;
     QString answer;  ///< to be printed instead of starting; empty if there is none
     QString error;   ///< what is wrong with the arguments; empty if nothing

@@ -9,6 +9,7 @@
 #include "app/start_error.h"
 #include "core/settings_io.h"
 #include "platform/desktop/autostart_file.h"
+#include "platform/desktop/click_through.h"
 #include "platform/desktop/freed_memory.h"
 #include "platform/desktop/x11_requests.h"
 #include "platform/files/ini_file_store.h"
@@ -36,7 +37,7 @@ Program::Program(const Options& options, platform::Inheritance users)
       m_starter(std::move(users)),
       m_printer(m_realTimers, HelperPath(QCoreApplication::applicationDirPath(), u"tickwell-print"_s)),
       m_drive(m_realTimers, m_sound, HelperPath(QCoreApplication::applicationDirPath(), u"tickwell-cd"_s),
-              options.disc) {
+              options.disc, [this] { return m_state.started.further.cd.showsTitles; }) {
     m_iconTimer->Start();
     if (options.virtualTime) {
         m_virtualTime =
@@ -68,7 +69,7 @@ int Program::Run() {
             ChoicesOfProcess(m_options.folder, QCoreApplication::applicationDirPath());
         const QString folder = ChooseFolder(choices);
         if (!TakeFolder(folder)) {
-            if (m_instance->CallFirst(m_options.opensMenu)) {
+            if (m_instance->CallFirst(m_options.request)) {
                 return 0;
             }
             throw RunTimeError(m_instance->WhyNoAnswer());
@@ -110,9 +111,9 @@ void Program::Start() {
     m_running = std::make_unique<RunningProgram>(Ports(), m_state, closed);
     m_running->Start();
     connect(m_instance.get(), &SingleInstance::Called, this,
-            [this](bool withMenu) { m_running->ComeForward(withMenu); });
-    if (m_options.opensMenu) {
-        m_running->ComeForward(true);
+            [this](Request request) { m_running->Answer(request); });
+    if (m_options.request != Request::ComeForward) {
+        m_running->Answer(m_options.request);
     }
     if (m_state.started.imported) {
         m_boxes.Show(
@@ -134,6 +135,8 @@ ProgramPorts Program::Ports() {
             .handlers = m_handlers,
             .tray = m_tray,
             .stack = m_stack,
+            .focus = m_focus,
+            .fullScreen = m_fullScreen,
             .starter = m_starter,
             .autostart = *m_autostart,
             .printer = m_printer,
@@ -141,8 +144,12 @@ ProgramPorts Program::Ports() {
             .wait = m_wait,
             .drive = m_drive,
             .playback = m_drive,
+            .commands = m_commands,
+            .mediaKeys = m_mediaKeys,
             .display = DisplayPortsOfThisMachine(),
             .isComposited = [] { return platform::IsComposited(); },
+            .isPlacedByCompositor = platform::IsPlacedByCompositor(),
+            .passClicks = [](QWindow& window, bool passes) { platform::PassClicks(window, passes); },
             .windowGone = [this] { m_tidyTimer->Start(); }};
 }
 

@@ -9,8 +9,12 @@
 #include "app/running_program.h"
 #include "app/single_instance.h"
 #include "core/ports/autostart.h"
+#include "platform/bus/command_bus.h"
+#include "platform/bus/player_bus.h"
 #include "platform/desktop/qt_message_boxes.h"
 #include "platform/desktop/qt_tray.h"
+#include "platform/desktop/x11_focus.h"
+#include "platform/desktop/x11_full_screen.h"
 #include "platform/desktop/x11_stack.h"
 #include "platform/disc/cd_helper_drive.h"
 #include "platform/disc/qt_event_wait.h"
@@ -55,10 +59,14 @@ private:
     std::unique_ptr<Timer> m_tidyTimer;
     platform::QtTray m_tray{[] { return ProgramIcon(); }};
     platform::X11Stack m_stack;
+    platform::X11Focus m_focus;
+    platform::X11FullScreen m_fullScreen;
     platform::DesktopPrograms m_starter;
     platform::HelperPrinter m_printer;
     platform::SdlSoundOutput m_sound;
     platform::QtEventWait m_wait;
+    platform::CommandBus m_commands;
+    platform::PlayerBus m_mediaKeys;
     std::unique_ptr<platform::VirtualTime> m_virtualTime;
     std::unique_ptr<platform::VirtualTimePipe> m_virtualTimePipe;
     std::unique_ptr<SingleInstance> m_instance;

@@ -2,6 +2,8 @@
 #include "app/running_program.h"
 
 #include "app/log.h"
+#include "app/window_placing.h"
+#include "controls/bring_forward.h"
 #include "core/settings_io.h"
 
 namespace tickwell::app {
@@ -25,6 +27,7 @@ RunningProgram::RunningProgram(const ProgramPorts& ports, ProgramState& state, s
                        m_ports.handlers.Run(
                            [this] { SaveNotice(*m_state.started.store, m_state.started.further); });
                    },
+               .showsTitles = [&further = state.started.further] { return further.cd.showsTitles; },
                .folder = state.started.folder}) {}
 
 /// A value of the main window that cannot be read ends the start: before the message about a missing CD
@@ -48,6 +51,28 @@ void RunningProgram::Start() {
         throw;
     }
     m_form->show();
+    m_remote = std::make_unique<RemoteAccess>(RemoteAccessParts{.service = m_ports.commands,
+                                                                .timers = m_ports.realTimers,
+                                                                .clock = m_ports.clock,
+                                                                .announcements = Announcements(),
+                                                                .mainWindow = *m_form,
+                                                                .timing = *m_timing});
+    m_mediaKeys =
+        std::make_unique<MediaKeys>(MediaKeysParts{.service = m_ports.mediaKeys,
+                                                   .timers = m_ports.realTimers,
+                                                   .handlers = m_ports.handlers,
+                                                   .further = m_state.started.further,
+                                                   .player = m_media.System().Player(),
+                                                   .drive = m_ports.drive,
+                                                   .openWindow = [this] { m_windows->OpenCdPlayer(); }});
+}
+
+void RunningProgram::FollowSettings() {
+    if (m_remote) {
+        m_media.System().FollowSettings();
+        m_remote->Follow();
+        m_mediaKeys->Follow();
+    }
 }
 
 WindowsParts RunningProgram::PartsOfWindows() {
@@ -66,7 +91,9 @@ WindowsParts RunningProgram::PartsOfWindows() {
             .cdPlayer = m_media.System().Player(),
             .listen = [&sounds](const QString& name) { sounds.PlayChime(name, 1); },
             .isComposited = m_ports.isComposited,
-            .gone = m_ports.windowGone};
+            .hasTray = [this] { return m_ports.tray.IsThere(); },
+            .gone = m_ports.windowGone,
+            .applied = [this] { FollowSettings(); }};
 }
 
 shell::MainWindowParts RunningProgram::PartsOfMainWindow() {
@@ -80,12 +107,17 @@ shell::MainWindowParts RunningProgram::PartsOfMainWindow() {
             .power = *m_ports.display.power,
             .tray = m_ports.tray,
             .stack = m_ports.stack,
+            .focus = m_ports.focus,
+            .fullScreen = m_ports.fullScreen,
             .starter = m_ports.starter,
             .folder = m_state.started.folder,
             .handlers = m_ports.handlers,
             .windows = m_windows->Openers(),
             .makeDisplays = [this](const DisplayView& view) { return MakeDisplays(PartsOfDisplays(), view); },
             .playChime = [&sounds](const QString& name, qint32 count) { sounds.PlayChime(name, count); },
+            .isPlacedByCompositor = m_ports.isPlacedByCompositor,
+            .isComposited = m_ports.isComposited,
+            .passClicks = m_ports.passClicks,
             .closed = [this] { MainWindowClosed(); }};
 }
 
@@ -93,15 +125,20 @@ DisplaysParts RunningProgram::PartsOfDisplays() {
     return {.ports = m_ports.display,
             .settings = m_state.started.settings,
             .further = m_state.started.further,
-            .announcements = {.dayDatabase = m_state.started.dayDatabase,
-                              .holidays = m_holidays,
-                              .further = m_state.started.further},
+            .announcements = Announcements(),
             .clock = m_ports.clock,
             .timers = m_ports.timers,
             .handlers = m_ports.handlers,
             .timing = Timing(),
             .cdPlayer = m_media.System().Player(),
-            .openCdPlayer = [this] { m_windows->OpenCdPlayer(); }};
+            .openCdPlayer = [this] { m_windows->OpenCdPlayer(); },
+            .timingMade = [this](timing::TimingTools& tools) { m_timing = &tools; }};
+}
+
+days::AnnouncementParts RunningProgram::Announcements() {
+    return {.dayDatabase = m_state.started.dayDatabase,
+            .holidays = m_holidays,
+            .further = m_state.started.further};
 }
 
 timing::TimingParts RunningProgram::Timing() {
@@ -123,6 +160,8 @@ timing::TimingParts RunningProgram::Timing() {
 }
 
 void RunningProgram::MainWindowClosed() {
+    m_remote.reset();
+    m_mediaKeys.reset();
     m_media.Close();
     m_windows.reset();
     m_state.started.dayDatabase.Close();
@@ -137,6 +176,44 @@ void RunningProgram::ComeForward(bool withMenu) {
         m_form->ComeForwardWithMenu();
     } else {
         m_form->ComeForward();
+    }
+}
+
+void RunningProgram::Answer(Request request) {
+    if (m_form == nullptr) {
+        return;
+    }
+    switch (request) {
+        case Request::ComeForward:
+            return ComeForward(false);
+        case Request::Menu:
+            return ComeForward(true);
+        case Request::Calendar:
+        case Request::Timer:
+        case Request::Stopwatch:
+            if (QWidget* blocking = BlockingWindow()) {
+                return controls::BringForward(*blocking);
+            }
+            break;
+        case Request::Help:
+            break;
+    }
+    m_ports.handlers.Run([this, request] { OpenWindow(request); }, m_form.get());
+}
+
+void RunningProgram::OpenWindow(Request request) {
+    switch (request) {
+        case Request::Calendar:
+            return m_windows->OpenCalendar();
+        case Request::Timer:
+            return m_timing->ShowTimerForm();
+        case Request::Stopwatch:
+            return m_timing->ShowStopForm();
+        case Request::Help:
+            return m_windows->OpenHelp();
+        case Request::ComeForward:
+        case Request::Menu:
+            return;
     }
 }
 

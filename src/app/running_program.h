@@ -7,6 +7,9 @@
 #include "app/chosen_holidays.h"
 #include "app/displays.h"
 #include "app/media.h"
+#include "app/media_keys.h"
+#include "app/remote_access.h"
+#include "app/request.h"
 #include "app/startup.h"
 #include "app/windows.h"
 #include "shell/main_window.h"
@@ -23,6 +26,8 @@ struct ProgramPorts {
     Handlers& handlers;
     Tray& tray;
     WindowStack& stack;
+    FocusReturn& focus;
+    FullScreenWatch& fullScreen;
     ProgramStarter& starter;
     Autostart& autostart;
     Printer& printer;
@@ -30,10 +35,15 @@ struct ProgramPorts {
     media::EventWait& wait;
     media::CdDrive& drive;
     media::CdPlayback& playback;
+    remote::CommandService& commands;
+    remote::PlayerService& mediaKeys;
     DisplayPorts display;
     std::function<bool()> isComposited = [] {
         return true;
-    };                                         ///< whether translucent windows can be seen through
+    };                                  ///< whether translucent windows can be seen through
+    bool isPlacedByCompositor = false;  ///< whether the compositor of a Wayland session places the windows
+    /// Lets the mouse reach what is below a window, or ends that.
+    std::function<void(QWindow& window, bool passes)> passClicks = [](QWindow&, bool) {};
     std::function<void()> windowGone = [] {};  ///< called whenever a window or menu was hidden
 };
 
@@ -58,6 +68,11 @@ public:
     /// See Form1::ComeForward and ComeForwardWithMenu. Does nothing if there is no main window.
     void ComeForward(bool withMenu);
 
+    /// Does what another start asks for: comes forward, or opens the menu or a window, and leaves the main
+    /// window where it is. While a window is open that blocks the others, shows that one instead; the help
+    /// opens in any case. Does nothing if there is no main window.
+    void Answer(Request request);
+
     /// Saves the settings as closing the main window does, for the end of the desktop session. The session
     /// waits for this process, so no message box is shown.
     void SaveForSessionEnd();
@@ -71,9 +86,12 @@ private:
     WindowsParts PartsOfWindows();
     shell::MainWindowParts PartsOfMainWindow();
     DisplaysParts PartsOfDisplays();
+    days::AnnouncementParts Announcements();
+    void FollowSettings();
     timing::TimingParts Timing();
     void CheckStoredWindow() const;
     void MainWindowClosed();
+    void OpenWindow(Request request);
 
     ProgramPorts m_ports;
     ProgramState& m_state;
@@ -82,6 +100,10 @@ private:
     Media m_media;
     std::unique_ptr<Windows> m_windows;
     std::unique_ptr<shell::Form1> m_form;
+    timing::TimingTools* m_timing = nullptr;  // owned by the form's displays
+    // Both null before Start and after the form was closed
+    std::unique_ptr<RemoteAccess> m_remote;
+    std::unique_ptr<MediaKeys> m_mediaKeys;
 };
 
 }  // namespace tickwell::app

@@ -17,8 +17,6 @@ using namespace std::chrono_literals;
 namespace {
 
 constexpr auto kPatience = 3000ms;  // for the first process to answer; it may still be starting
-constexpr auto kForward = "forward\n";
-constexpr auto kMenu = "menu\n";
 
 /// A socket in the user's runtime folder, or in the temporary directory if there is none. Its name
 /// contains a hash of the program folder, because socket paths are too short for the path itself.
@@ -51,8 +49,8 @@ bool SingleInstance::Acquire() {
     return true;
 }
 
-bool SingleInstance::CallFirst(bool withMenu) const {
-    return platform::SayWord(m_socketFile, withMenu ? kMenu : kForward, kPatience);
+bool SingleInstance::CallFirst(Request request) const {
+    return platform::SayWord(m_socketFile, WordOf(request) + '\n', kPatience);
 }
 
 QString SingleInstance::WhyNoAnswer() const {
@@ -75,8 +73,9 @@ QString SingleInstance::WhyNoAnswer() const {
 }
 
 void SingleInstance::Hear(const QByteArray& word) {
-    if (word == kForward || word == kMenu) {
-        Q_EMIT Called(word == kMenu);
+    const auto request = word.endsWith('\n') ? RequestOf(word.chopped(1)) : std::nullopt;
+    if (request) {
+        Q_EMIT Called(*request);
     }
 }
 

@@ -3,14 +3,15 @@
 
 #include <QObject>
 
+#include "app/request.h"
 #include "platform/files/file_lock.h"
 #include "platform/processes/word_socket.h"
 
 namespace tickwell::app {
 
 /// One running program per folder. A lock file in the folder decides which process is the first. Through a
-/// local socket a second start asks it to come to the foreground or to open its menu as well. Connections of
-/// other users are closed unread, and nothing is sent to another user's process.
+/// local socket a second start asks it to come to the foreground or to open its menu or a window. Connections
+/// of other users are closed unread, and nothing is sent to another user's process.
 class SingleInstance : public QObject {
     Q_OBJECT
 
@@ -22,16 +23,15 @@ public:
     /// lock file can be created in the folder.
     bool Acquire();
 
-    /// Asks the first process to come to the foreground, with its menu if requested; returns false if it does
-    /// not answer.
-    bool CallFirst(bool withMenu) const;
+    /// Passes a request to the first process; returns false if it does not answer.
+    bool CallFirst(Request request) const;
 
     /// The message for the user after CallFirst has failed: the path of the socket and what to do.
     QString WhyNoAnswer() const;
 
 Q_SIGNALS:
-    /// Another start has asked this process to come to the foreground.
-    void Called(bool withMenu);
+    /// Another start has asked this of this process.
+    void Called(tickwell::app::Request request);
 
 private:
     void Hear(const QByteArray& word);

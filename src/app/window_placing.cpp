@@ -85,25 +85,6 @@ QList<QRect> TakenBeside(const QWidget& window) {
     return taken;
 }
 
-/// The active modal window if it or one of its parents is application-modal, otherwise a visible
-/// application-modal window; null if there is none. The active one may be a message box that is modal to a
-/// different window.
-QWidget* BlockingWindow() {
-    QWidget* active = QApplication::activeModalWidget();
-    for (QWidget* modal = active; modal != nullptr; modal = modal->parentWidget()) {
-        if (modal->windowModality() == Qt::ApplicationModal) {
-            return active;
-        }
-    }
-    const QWidgetList windows = QApplication::topLevelWidgets();
-    for (QWidget* window : windows) {
-        if (window->isVisible() && window->windowModality() == Qt::ApplicationModal) {
-            return window;
-        }
-    }
-    return nullptr;
-}
-
 }  // namespace
 
 QPoint PlaceNear(QSize size, const QRect& opener, const QRect& screen, const QList<QRect>& taken) {
@@ -138,6 +119,22 @@ void PlaceNear(QWidget& window, const QWidget& opener) {
     const QSize framed = window.size() + QSize(2 * kBorder, kTitle + kBorder);
     window.move(
         PlaceNear(framed, opener.geometry(), opener.screen()->availableGeometry(), TakenBeside(window)));
+}
+
+QWidget* BlockingWindow() {
+    QWidget* active = QApplication::activeModalWidget();
+    for (QWidget* modal = active; modal != nullptr; modal = modal->parentWidget()) {
+        if (modal->windowModality() == Qt::ApplicationModal) {
+            return active;
+        }
+    }
+    const QWidgetList windows = QApplication::topLevelWidgets();
+    for (QWidget* window : windows) {
+        if (window->isVisible() && window->windowModality() == Qt::ApplicationModal) {
+            return window;
+        }
+    }
+    return nullptr;
 }
 
 void LetThroughModal(QWidget& window) {

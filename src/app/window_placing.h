@@ -17,6 +17,11 @@ QPoint PlaceNear(QSize size, const QRect& opener, const QRect& screen, const QLi
 /// other windows, and keeps it on top; otherwise the main window would cover it.
 void PlaceNear(QWidget& window, const QWidget& opener);
 
+/// The active modal window if it or one of its parents is application-modal, otherwise a visible
+/// application-modal window; null if there is none. The active one may be a message box that is modal to a
+/// different window.
+QWidget* BlockingWindow();
+
 /// If an application-modal window is open, keeps this window usable in spite of it; otherwise does nothing.
 void LetThroughModal(QWidget& window);
 

@@ -6,7 +6,9 @@
 #include <utility>
 
 #include "app/window_placing.h"
+#include "controls/access_keys.h"
 #include "controls/bring_forward.h"
+#include "controls/help_key.h"
 
 namespace tickwell::app {
 
@@ -32,26 +34,10 @@ Windows::~Windows() {
 
 shell::OtherWindows Windows::Openers() {
     shell::OtherWindows openers;
-    openers.calendar = [this] {
-        Open(m_calendar, [this] {
-            auto calendar =
-                std::make_unique<days::Form5>(days::CalendarWindowParts{.dayDatabase = m_parts.dayDatabase,
-                                                                        .holidays = m_parts.holidays,
-                                                                        .further = m_parts.further,
-                                                                        .list = m_dayList,
-                                                                        .clock = m_parts.clock,
-                                                                        .boxes = m_parts.boxes,
-                                                                        .handlers = m_parts.handlers,
-                                                                        .help = m_help,
-                                                                        .book = Book(),
-                                                                        .timers = m_parts.timers},
-                                              nullptr);
-            calendar->Form_Load();
-            return calendar;
-        });
-    };
+    openers.calendar = [this] { OpenCalendar(); };
     openers.settings = [this] { Open(m_settings, [this] { return MakeSettings(); }); };
     openers.help = [this] { m_help.ShowTopic(kHelpContents); };
+    openers.windowHelp = [this] { m_help.ShowTopic(kHelpMainWindow); };
     openers.about = [this] {
         Open(m_about, [this] {
             return std::make_unique<frmAbout>(AboutBoxParts{.timers = m_parts.timers,
@@ -65,9 +51,31 @@ shell::OtherWindows Windows::Openers() {
     return openers;
 }
 
+void Windows::OpenCalendar() {
+    Open(m_calendar, [this] {
+        auto calendar =
+            std::make_unique<days::Form5>(days::CalendarWindowParts{.dayDatabase = m_parts.dayDatabase,
+                                                                    .holidays = m_parts.holidays,
+                                                                    .further = m_parts.further,
+                                                                    .list = m_dayList,
+                                                                    .clock = m_parts.clock,
+                                                                    .boxes = m_parts.boxes,
+                                                                    .handlers = m_parts.handlers,
+                                                                    .help = m_help,
+                                                                    .book = Book(),
+                                                                    .timers = m_parts.timers},
+                                          nullptr);
+        calendar->Form_Load();
+        return calendar;
+    });
+}
+
 void Windows::OpenCdPlayer() {
-    Open(m_cdPlayer,
-         [this] { return std::make_unique<media::CDForm>(m_parts.cdPlayer, m_parts.handlers, nullptr); });
+    Open(m_cdPlayer, [this] {
+        auto player = std::make_unique<media::CDForm>(m_parts.cdPlayer, m_parts.handlers, nullptr);
+        controls::OpenHelpByKey(*player, m_parts.handlers, m_help, kHelpCdPlayer);
+        return player;
+    });
 }
 
 /// Opens a window, or brings it to the front if it is already open.
@@ -90,6 +98,7 @@ days::BookWindows Windows::Book() {
                                       .clock = m_parts.clock,
                                       .boxes = m_parts.boxes,
                                       .handlers = m_parts.handlers,
+                                      .help = m_help,
                                       .timers = m_parts.timers});
     return {[book](QDate date, QWidget* calendar, days::BookWindows::Closed closed) {
                 book.OpenEditor(date, calendar, std::move(closed));
@@ -103,6 +112,7 @@ days::BookWindows Windows::Book() {
 std::unique_ptr<settings_ui::Form2> Windows::MakeSettings() {
     settings_ui::SettingsOperations operations;
     operations.apply = [this, before = m_parts.further]() mutable {
+        m_parts.applied();
         m_mainWindow->ApplySettings();
         const FurtherSettings last = std::exchange(before, m_parts.further);
         if (last != m_parts.further) {
@@ -123,6 +133,7 @@ std::unique_ptr<settings_ui::Form2> Windows::MakeSettings() {
     };
     operations.holidayList = HolidayList();
     operations.isComposited = m_parts.isComposited;
+    operations.hasTray = m_parts.hasTray;
     operations.holdKeepTop = [this](bool held) { m_mainWindow->HoldKeepTop(held); };
     return std::make_unique<settings_ui::Form2>(
         settings_ui::SettingsParts{.displays = m_mainWindow->AllDisplays(),
@@ -178,6 +189,7 @@ void Windows::SetMainWindow(shell::Form1& mainWindow) {
 
 void Windows::Place(QWidget& window) {
     window.installEventFilter(&m_hideWatch);
+    controls::ShowAccessKeys(window, m_parts.further.keyboard.showsAccessKeys);
     PlaceNear(window, *m_mainWindow);
     LetThroughModal(window);
 }

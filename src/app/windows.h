@@ -34,7 +34,9 @@ struct WindowsParts {
     media::CdPlayer& cdPlayer;
     std::function<void(const QString& soundName)> listen;  ///< plays a sound once
     std::function<bool()> isComposited;  ///< whether translucent windows can be seen through
+    std::function<bool()> hasTray;       ///< whether the desktop has a notification area
     std::function<void()> gone;          ///< called whenever a window or menu was hidden
+    std::function<void()> applied;       ///< called when the settings have changed
 };
 
 /// The help for a modal window: it stays usable while that window is open.
@@ -72,7 +74,10 @@ public:
     /// this object is destroyed.
     shell::OtherWindows Openers();
 
+    void OpenCalendar();
     void OpenCdPlayer();
+    /// The help's beginning, usable while a window blocks the others.
+    void OpenHelp() { m_settingsHelp.ShowTopic(kHelpContents); }
 
     HelpViewer& Help() { return m_help; }
 

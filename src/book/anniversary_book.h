@@ -25,7 +25,7 @@ public:
     void OpenSearch(QWidget* calendar) const;
 
 private:
-    void Open(QDialog* window, QWidget* calendar, Closed closed) const;
+    void Open(QDialog* window, int topic, QWidget* calendar, Closed closed) const;
 
     BookParts m_parts;
 };

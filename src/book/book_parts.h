@@ -4,6 +4,7 @@
 #include "core/day_changes.h"
 #include "core/handlers.h"
 #include "core/ports/clock.h"
+#include "core/ports/help_viewer.h"
 #include "core/ports/message_boxes.h"
 #include "core/settings.h"
 #include "days/day_list.h"
@@ -19,6 +20,7 @@ struct BookParts {
     const Clock& clock;
     MessageBoxes& boxes;
     Handlers& handlers;
+    HelpViewer& help;
     TimerSource& timers;
 };
 

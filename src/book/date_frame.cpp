@@ -29,7 +29,9 @@ DateFrame::DateFrame(const QString& caption, const DateNames& names, QWidget* pa
             controls::Named(new controls::UpDown(names.texts.at(i).toString(), part.first, part.last, this),
                             names.upDowns.at(i).toString(), caption + partCaption);
         row->addWidget(m_parts.at(i));
-        row->addWidget(controls::MakeLabel(names.labels.at(i).toString(), partCaption));
+        auto* label = controls::MakeLabel(names.labels.at(i).toString(), partCaption);
+        label->setBuddy(m_parts.at(i));
+        row->addWidget(label);
     }
     row->addStretch();
 }

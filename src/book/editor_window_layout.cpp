@@ -68,6 +68,9 @@ QLayout* Form6::DateRow() {
     m_yearLabel = controls::Named(new QLabel(u"年"_s), u"Label3"_s);
     m_monthLabel = controls::Named(new QLabel(u"月"_s), u"Label4"_s);
     m_dayLabel = controls::Named(new QLabel(u"日"_s), u"Label5"_s);
+    m_yearLabel->setBuddy(m_year);
+    m_monthLabel->setBuddy(m_month);
+    m_dayLabel->setBuddy(m_day);
     auto* row = new QHBoxLayout;
     row->addWidget(m_year);
     row->addWidget(m_yearLabel);
@@ -89,6 +92,8 @@ QLayout* Form6::WeekRow() {
         weekdays.append(days::WeekdayText(weekday));
     }
     m_weekday = controls::Named(MakeCombo(weekdays, 0, this), u"Combo1"_s, u"曜日"_s);
+    controls::LabelForReaders(*m_ordinal, u"週"_s);
+    controls::LabelForReaders(*m_weekday, u"曜日"_s);
     auto* combos = new QHBoxLayout;
     combos->addSpacing(2 * fontMetrics().height());
     combos->addWidget(m_ordinal);

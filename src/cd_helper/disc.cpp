@@ -32,10 +32,11 @@ void PrepareLibrary() {
     mmc_timeout_ms = kDriveTimeout;
 }
 
-/// A libcdio handle and the byte order of the sound that it reads.
+/// A libcdio handle, the byte order of the sound that it reads, and what its titles are like.
 struct Opened {
     CdIo_t* handle = nullptr;
     ByteOrder order = ByteOrder::Little;
+    SourceKind kind = SourceKind::Encoded;
 };
 
 Opened OpenCue(std::filesystem::path path) {
@@ -44,7 +45,7 @@ Opened OpenCue(std::filesystem::path path) {
         path.replace_extension(path.extension() == ".bin" ? ".cue" : ".CUE");
     }
     const ImageSheet sheet = ReadCueSheet(path.string());
-    return {sheet.isPlayable ? cdio_open_cue(path.c_str()) : nullptr, sheet.order};
+    return {sheet.isPlayable ? cdio_open_cue(path.c_str()) : nullptr, sheet.order, SourceKind::Sheet};
 }
 
 /// libcdio resolves the names in such a sheet relative to the current folder.
@@ -52,12 +53,13 @@ Opened OpenToc(const std::filesystem::path& path) {
     std::error_code error;
     std::filesystem::current_path(path.parent_path(), error);
     const ImageSheet sheet = ReadTocSheet(path.string());
-    return {!error && sheet.isPlayable ? cdio_open_cdrdao(path.c_str()) : nullptr, sheet.order};
+    return {!error && sheet.isPlayable ? cdio_open_cdrdao(path.c_str()) : nullptr, sheet.order,
+            SourceKind::Sheet};
 }
 
 Opened OpenAny(const std::string& source) {
     if (Drive::IsNode(source)) {
-        return {cdio_open_linux(source.c_str()), ByteOrder::Little};
+        return {cdio_open_linux(source.c_str()), ByteOrder::Little, SourceKind::Encoded};
     }
     std::error_code error;
     const std::filesystem::path path = std::filesystem::absolute(source, error);
@@ -74,7 +76,7 @@ Opened OpenAny(const std::string& source) {
         return OpenToc(path);
     }
     if (kind == ".nrg") {
-        return {cdio_open_nrg(path.c_str()), ByteOrder::Little};
+        return {cdio_open_nrg(path.c_str()), ByteOrder::Little, SourceKind::Encoded};
     }
     return {};
 }
@@ -125,7 +127,11 @@ std::optional<Disc> Disc::Open(const std::string& path) {
     if (!IsTrustworthy(contents)) {
         return std::nullopt;
     }
-    return Disc(std::move(handle), opened.order, std::move(contents));
+    return Disc(std::move(handle), opened.kind, opened.order, std::move(contents));
+}
+
+std::vector<DiscTitle> Disc::Titles() const {
+    return TitlesOf(m_handle.get(), static_cast<int>(m_contents.tracks.size()), m_kind);
 }
 
 bool Disc::WasChanged() {

@@ -9,6 +9,7 @@
 #include <string>
 #include <vector>
 
+#include "cd_helper/disc_titles.h"
 #include "cd_helper/image_sheet.h"
 
 namespace tickwell::cd_helper {
@@ -33,6 +34,9 @@ public:
 
     const DiscContents& Contents() const { return m_contents; }
 
+    /// The titles on the disc, in the order of their tracks; none if it has none.
+    std::vector<DiscTitle> Titles() const;
+
     /// Whether the disc was changed since the last call.
     bool WasChanged();
 
@@ -42,10 +46,11 @@ public:
 private:
     using Handle = std::unique_ptr<CdIo_t, void (*)(CdIo_t*)>;
 
-    Disc(Handle handle, ByteOrder order, DiscContents contents)
-        : m_handle(std::move(handle)), m_order(order), m_contents(std::move(contents)) {}
+    Disc(Handle handle, SourceKind kind, ByteOrder order, DiscContents contents)
+        : m_handle(std::move(handle)), m_kind(kind), m_order(order), m_contents(std::move(contents)) {}
 
     Handle m_handle;
+    SourceKind m_kind;
     ByteOrder m_order;
     DiscContents m_contents;
 };

@@ -34,15 +34,26 @@ void BecomeHelper() {
     setrlimit(RLIMIT_CORE, &none);
 }
 
-/// Limits the CPU time: libcdio can loop forever on a damaged image, and the system then kills this process.
+/// Limits the CPU time while it exists: libcdio can loop forever on a damaged image, and the system then
+/// kills this process.
+class TimeLimit {
+public:
+    TimeLimit() {
+        getrlimit(RLIMIT_CPU, &m_usual);
+        const rlimit limited{kMostToOpen, m_usual.rlim_max};
+        setrlimit(RLIMIT_CPU, &limited);  // fails if a stricter limit is set
+    }
+    ~TimeLimit() { setrlimit(RLIMIT_CPU, &m_usual); }
+    TimeLimit(const TimeLimit&) = delete;
+    TimeLimit& operator=(const TimeLimit&) = delete;
+
+private:
+    rlimit m_usual{};
+};
+
 std::optional<Disc> OpenInTime(const char* source) {
-    rlimit usual{};
-    getrlimit(RLIMIT_CPU, &usual);
-    const rlimit limited{kMostToOpen, usual.rlim_max};
-    setrlimit(RLIMIT_CPU, &limited);  // fails if a stricter limit is set
-    std::optional<Disc> disc = Disc::Open(source);
-    setrlimit(RLIMIT_CPU, &usual);
-    return disc;
+    const TimeLimit limit;
+    return Disc::Open(source);
 }
 
 std::optional<std::int32_t> SectorOf(std::string_view text) {
@@ -72,7 +83,17 @@ std::string TextOf(const DiscContents& contents, char joint) {
     return text + kLeadOut + ' ' + std::to_string(contents.end);
 }
 
-std::string SeenAt(const char* source) {
+std::string TitleLines(const Disc& disc) {
+    const TimeLimit limit;
+    std::string lines;
+    for (const DiscTitle& title : disc.Titles()) {
+        lines += '\n' + std::string(kTitle) + ' ' + std::to_string(title.track) + ' ' +
+                 PercentEncoded(title.bytes);
+    }
+    return lines;
+}
+
+std::string SeenAt(const char* source, bool withTitles) {
     if (access(source, R_OK) != 0 && errno == EACCES) {
         return kNoRight;
     }
@@ -81,11 +102,14 @@ std::string SeenAt(const char* source) {
         return WordFor(state);
     }
     const std::optional<Disc> disc = OpenInTime(source);
-    return disc ? std::string(kDisc) + '\n' + TextOf(disc->Contents(), '\n') : kNotReady;
+    return disc ? std::string(kDisc) + '\n' + TextOf(disc->Contents(), '\n') +
+                      (withTitles ? TitleLines(*disc) : std::string())
+                : kNotReady;
 }
 
-int Look(const char* source) {
-    return std::puts(SeenAt(source).c_str()) >= 0 && std::fflush(stdout) == 0 ? kEndDone : kEndGone;
+int Look(const char* source, bool withTitles) {
+    return std::puts(SeenAt(source, withTitles).c_str()) >= 0 && std::fflush(stdout) == 0 ? kEndDone
+                                                                                          : kEndGone;
 }
 
 int Read(const char* source, std::int32_t from, std::int32_t to, const char* contents) {
@@ -104,8 +128,9 @@ int Read(const char* source, std::int32_t from, std::int32_t to, const char* con
 
 int main(int argc, char** argv) {
     BecomeHelper();
-    if (argc == 3 && std::strcmp(argv[1], kLookWord) == 0) {
-        return Look(argv[2]);
+    const bool withTitles = argc == 4 && std::strcmp(argv[3], kTitlesWord) == 0;
+    if ((argc == 3 || withTitles) && std::strcmp(argv[1], kLookWord) == 0) {
+        return Look(argv[2], withTitles);
     }
     if (argc == 6 && std::strcmp(argv[1], kReadWord) == 0) {
         const auto from = SectorOf(argv[3]);
@@ -114,6 +139,7 @@ int main(int argc, char** argv) {
             return Read(argv[2], *from, *to, argv[5]);
         }
     }
-    std::fputs("usage: tickwell-cd look SOURCE | tickwell-cd read SOURCE FROM TO CONTENTS\n", stderr);
+    std::fputs("usage: tickwell-cd look SOURCE [titles] | tickwell-cd read SOURCE FROM TO CONTENTS\n",
+               stderr);
     return kEndUsage;
 }

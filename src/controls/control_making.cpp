@@ -18,6 +18,13 @@ QLabel* MakeLabel(const QString& name, const QString& text, QWidget* parent) {
     return label;
 }
 
+/// A hidden label is found as well. It is a sibling, because Qt looks for labels only there.
+void LabelForReaders(QWidget& field, const QString& text) {
+    QLabel* label = MakeLabel({}, text, field.parentWidget());
+    label->hide();
+    label->setBuddy(&field);
+}
+
 QPushButton* MakeButton(const QString& name, const QString& caption, QWidget* window, Handlers& handlers,
                         std::function<void()> clicked) {
     auto* button = Named(new QPushButton(caption, window), name);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "controls/up_down.h"
 
+#include <QAccessible>
 #include <QLineEdit>
 #include <algorithm>
 
@@ -32,16 +33,25 @@ void UpDown::SetText(const QString& text) {
 }
 
 void UpDown::Follow(const QString& text) {
+    const int before = m_position;
     try {
         m_position = std::clamp(static_cast<int>(IntegerOf(text)), m_first, m_last);
     } catch (const RunTimeError& error) {
         // Incomplete or invalid: the position of the arrows is kept.
         qCDebug(ControlsLog).noquote() << objectName() << "cannot follow:" << error.Detail();
     }
+    if (m_position != before) {
+        QAccessibleValueChangeEvent event(this, m_position);
+        QAccessible::updateAccessibility(&event);
+    }
+}
+
+void UpDown::SetPosition(int position) {
+    SetText(QString::number(std::clamp(position, m_first, m_last)));
 }
 
 void UpDown::stepBy(int steps) {
-    SetText(QString::number(std::clamp(m_position + steps, m_first, m_last)));
+    SetPosition(m_position + steps);
     selectAll();
 }
 

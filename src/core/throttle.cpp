@@ -9,7 +9,7 @@ Throttle::Throttle(const Clock& clock, TimerSource& timers, int interval, std::f
     : m_clock(clock),
       m_interval(interval),
       m_action(std::move(action)),
-      m_timer(timers.Create(interval, [this] { Run(); })) {
+      m_timer(timers.Create(interval, [this] { RunNow(); })) {
     Q_ASSERT(interval > 0);
 }
 
@@ -20,14 +20,14 @@ void Throttle::Request() {
     const auto interval = static_cast<quint32>(m_interval);
     const quint32 passed = m_ranAt ? TicksSince(*m_ranAt, m_clock.Tick()) : interval;
     if (passed >= interval) {
-        Run();
+        RunNow();
     } else {
         m_timer->SetInterval(static_cast<int>(interval - passed));
         m_timer->Start();
     }
 }
 
-void Throttle::Run() {
+void Throttle::RunNow() {
     m_timer->Stop();
     m_ranAt = m_clock.Tick();
     m_action();

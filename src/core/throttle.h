@@ -19,9 +19,10 @@ public:
 
     void Request();
 
-private:
-    void Run();
+    /// Runs it at once; a pending request is then done, and the interval begins again.
+    void RunNow();
 
+private:
     const Clock& m_clock;
     int m_interval;
     std::function<void()> m_action;

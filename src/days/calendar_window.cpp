@@ -7,6 +7,9 @@
 #include <algorithm>
 #include <utility>
 
+#include "controls/access_keys.h"
+#include "controls/help_key.h"
+
 namespace tickwell::days {
 
 using namespace Qt::StringLiterals;
@@ -34,6 +37,7 @@ Form5::Form5(const CalendarWindowParts& parts, QWidget* parent)
     setWindowTitle(u"カレンダー"_s);
     LayOut();
     Connect();
+    controls::OpenHelpByKey(*this, m_parts.handlers, m_parts.help, kHelpCalendar);
     m_calendar.WhenAnswered([this] { ShowAll(); });
     m_parts.list.WhenChanged([this] { ShowList(); });
 }
@@ -107,7 +111,7 @@ void Form5::ShowAll() {
     EnableButtons();
     const bool isOpen = m_calendar.IsPanelOpen();
     QPushButton* toggle = Button(CalendarAction::TogglePanel);
-    toggle->setText(PanelCaption(isOpen));
+    controls::SetCaption(*toggle, PanelCaption(isOpen));
     toggle->setAccessibleName(isOpen ? u"記念日の一覧を閉じる"_s : u"記念日の一覧を開く"_s);
     m_panel->setVisible(isOpen);
     if (m_calendar.IsSearchingDays()) {

@@ -54,6 +54,7 @@ private:
     QLayout* MakeModes();
     void MakePanel();
     QWidget* MakeList();
+    void AddAccessKeys();
     void OrderTabs();
     void Fit();
     void FitHeights();

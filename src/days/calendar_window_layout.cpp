@@ -3,7 +3,9 @@
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QVBoxLayout>
+#include <algorithm>
 
+#include "controls/access_keys.h"
 #include "controls/control_making.h"
 #include "days/anniversary_icon.h"
 #include "days/calendar_widths.h"
@@ -31,7 +33,20 @@ void Form5::LayOut() {
     columns->addWidget(m_month);
     columns->addWidget(m_panel);
     OrderTabs();
+    if (m_parts.further.keyboard.showsAccessKeys) {
+        AddAccessKeys();
+    }
     Fit();
+}
+
+/// The buttons are as wide as their captions need, and these are longer now.
+void Form5::AddAccessKeys() {
+    controls::ShowAccessKeys(*this, true);
+    for (QPushButton* button : m_buttons) {
+        const QFontMetrics metrics = button->fontMetrics();
+        const int width = metrics.size(Qt::TextShowMnemonic, button->text()).width() + metrics.height();
+        button->setMinimumWidth(std::max(button->minimumWidth(), width));
+    }
 }
 
 /// From top to bottom, the month before the list.

@@ -7,6 +7,7 @@
 #include "core/clock_text.h"
 #include "core/integers.h"
 #include "core/old_calendar.h"
+#include "core/zone_time.h"
 
 namespace tickwell::displays {
 
@@ -94,6 +95,25 @@ void ClockLines::TimeTick() {
     if (WholeSteps(now, kClockSecond) != WholeSteps(m_rememberedTime, kClockSecond)) {
         m_rememberedTime = now;
         m_lines.lower.SetText(TimeLine(m_parts.settings, now));
+        UpdateZone();
+    }
+}
+
+/// The time in the other zone; empty if the settings want none or its zone is unknown.
+QString ClockLines::ZoneLine() const {
+    const FaceSettings& face = m_parts.announcements.further.face;
+    return face.showsZone ? ZoneTimeText(face.zoneName, face.zone, m_parts.clock.Now()) : QString();
+}
+
+/// The minute can change while it is shown.
+void ClockLines::UpdateZone() {
+    if (m_zoneLine.isEmpty() || m_lines.upper.Text() != m_zoneLine) {
+        return;
+    }
+    const QString line = ZoneLine();
+    if (!line.isEmpty() && line != m_zoneLine) {
+        m_zoneLine = line;
+        m_lines.upper.SetText(line);
     }
 }
 
@@ -119,12 +139,17 @@ qint64 ClockLines::UntilTimeDue(QTime now, bool isSeen) const {
 }
 
 void ClockLines::RotateTick() {
-    if (m_names.isEmpty()) {
+    m_zoneLine = ZoneLine();
+    QStringList texts = m_names;
+    if (!m_zoneLine.isEmpty()) {
+        texts.append(m_zoneLine);
+    }
+    if (texts.isEmpty()) {
         m_lines.upper.SetText(m_dateLine);
         return;
     }
-    m_turn = m_turn < m_names.size() ? m_turn + 1 : 0;
-    m_lines.upper.ShowText(m_turn == 0 ? m_dateLine : m_names[m_turn - 1]);
+    m_turn = m_turn < texts.size() ? m_turn + 1 : 0;
+    m_lines.upper.ShowText(m_turn == 0 ? m_dateLine : texts[m_turn - 1]);
 }
 
 }  // namespace tickwell::displays

@@ -21,8 +21,8 @@ struct ClockParts {
     days::AnnouncementParts announcements;
 };
 
-/// Both lines while the clock is shown. Lower line: the time. Upper line: the date and the names of today's
-/// anniversaries and holidays, in turn.
+/// Both lines while the clock is shown. Lower line: the time. Upper line: the date, the names of today's
+/// anniversaries and holidays, and the time in another zone if the settings want it, in turn.
 class ClockLines {
 public:
     /// `onDateShown`: called after LookUp wiped in a date, so that the date stays as long as every other text
@@ -42,11 +42,12 @@ public:
     /// reported five times a second.
     void LookUp();
 
-    /// Dz_Timer1, second half: updates the time if the second has changed.
+    /// Dz_Timer1, second half: updates the time if the second has changed, and the one in the other zone if
+    /// that is shown.
     void TimeTick();
 
-    /// Dz_Timer2: without names, sets the date without a wipe; otherwise wipes in the next text of the
-    /// rotation.
+    /// Dz_Timer2: without names and another zone, sets the date without a wipe; otherwise wipes in the next
+    /// text of the rotation.
     void RotateTick();
 
     void RaiseRefresh() { m_refresh = true; }
@@ -61,6 +62,8 @@ private:
     qint64 UntilNextTry() const;
     void ShowIfNew(QDate today);
     void AskForNames(QDate today);
+    QString ZoneLine() const;
+    void UpdateZone();
 
     ClockParts m_parts;
     TextLines m_lines;
@@ -70,7 +73,8 @@ private:
     QTime m_rememberedTime;    // invalid at start
     QString m_dateLine;
     QStringList m_names;
-    qsizetype m_turn = 0;  // 0: the date; i: name number i, from 1
+    qsizetype m_turn = 0;  // 0: the date; i: name number i, from 1; behind the names: the other zone
+    QString m_zoneLine;    // as it was shown last
     bool m_refresh = false;
     bool m_areNamesDue = false;     // they could not be queried yet
     std::optional<qint32> m_tried;  // tick of the last attempt; none: the next look-up queries at once

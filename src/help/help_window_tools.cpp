@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <QToolButton>
 
+#include "core/ports/help_viewer.h"
 #include "help/help_window.h"
 
 namespace tickwell::help {
@@ -54,6 +55,7 @@ void HelpWindow::AddActions() {
         m_find->setFocus(Qt::ShortcutFocusReason);
         m_find->selectAll();
     });
+    Add(u"HelpOfHelp"_s, u"このヘルプの使い方"_s, {Qt::Key_F1}, [this] { ShowTopic(kHelpOfHelp); });
     Add(u"SwitchPane"_s, u"目次と本文の切り替え"_s, {Qt::Key_F6}, [this] { SwitchPane(); });
 }
 

@@ -4,8 +4,6 @@
 #include <QAccessible>
 #include <QAccessibleWidget>
 #include <QHelpEvent>
-#include <QPaintEvent>
-#include <QPainter>
 
 #include "controls/plain_tool_tip.h"
 #include "lines/line_look.h"
@@ -14,7 +12,6 @@ namespace tickwell::lines {
 
 namespace {
 
-constexpr int kIndent = 4;          // pixels before the text
 constexpr int kTellInterval = 250;  // ms: screen readers are notified at most four times a second
 
 class MovingWordAccessible : public QAccessibleWidget {
@@ -71,6 +68,7 @@ void MovingWord::ShowText(const QString& text) {
     }
     m_wipe = wipe;
     m_oldText = covered;
+    m_oldOutlined = m_outlined;
     m_wipeTimer->SetInterval(m_frameInterval);
     m_wipeTimer->Start();
 }
@@ -131,6 +129,9 @@ void MovingWord::EndWipe() {
 void MovingWord::TellText() {
     QAccessibleEvent event(this, QAccessible::NameChanged);
     QAccessible::updateAccessibility(&event);
+    if (m_told) {
+        m_told();
+    }
 }
 
 void MovingWord::SetBackColor(qint32 color) {
@@ -152,9 +153,16 @@ void MovingWord::SetLongText(LongText kind) {
     }
 }
 
+void MovingWord::SetSeeThrough(std::optional<int> outline) {
+    if (outline != m_outline) {
+        m_outline = outline;
+        m_time.pacer.Request(*this);
+    }
+}
+
 /// Pixels by which a text is wider than the line; only asked if that matters.
 int MovingWord::Excess(const QString& text) const {
-    return fontMetrics().horizontalAdvance(text) - (width() - kIndent);
+    return fontMetrics().horizontalAdvance(text) - (width() - kLineIndent);
 }
 
 void MovingWord::StartScroll() {
@@ -174,32 +182,6 @@ bool MovingWord::event(QEvent* event) {
 
 int MovingWord::TextHeight() const {
     return fontMetrics().height();
-}
-
-void MovingWord::paintEvent(QPaintEvent* event) {
-    const QRect open = event->rect();
-    QPainter painter(this);
-    painter.fillRect(open, ColorFromNumber(m_backColor));
-    painter.setPen(ColorFromNumber(m_foreColor));
-    if (!IsWiping()) {
-        DrawPart(painter, open, m_text, m_scroll.Offset());
-        return;
-    }
-    DrawPart(painter, m_wipe.OldPart(size()) & open, m_oldText, 0);
-    DrawPart(painter, m_wipe.NewPart(size()) & open, m_text, 0);
-}
-
-/// `offset`: pixels by which the text is moved to the left. At 0 the line shows its beginning, with an
-/// ellipsis if that is chosen.
-void MovingWord::DrawPart(QPainter& painter, const QRect& part, const QString& text, int offset) const {
-    if (part.isEmpty() || text.isEmpty()) {
-        return;
-    }
-    const bool isElided = offset == 0 && m_longText != LongText::CutOff;
-    painter.setClipRect(part);
-    painter.drawText(rect().adjusted(kIndent - offset, 0, 0, 0),
-                     Qt::AlignVCenter | Qt::AlignLeft | Qt::TextSingleLine,
-                     isElided ? fontMetrics().elidedText(text, Qt::ElideRight, width() - kIndent) : text);
 }
 
 }  // namespace tickwell::lines

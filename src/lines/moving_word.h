@@ -4,6 +4,7 @@
 #include <QWidget>
 #include <functional>
 #include <memory>
+#include <optional>
 
 #include "core/ports/clock.h"
 #include "core/ports/timer.h"
@@ -12,9 +13,12 @@
 #include "core/throttle.h"
 #include "lines/frame_pacer.h"
 #include "lines/long_text_scroll.h"
+#include "lines/outlined_text.h"
 #include "lines/wipe.h"
 
 namespace tickwell::lines {
+
+inline constexpr int kLineIndent = 4;  ///< pixels before the text of a line
 
 /// Clock, timers and pacer of a line; all outlive it.
 struct LineTime {
@@ -50,6 +54,10 @@ public:
     /// Only texts of ShowText scroll: a reading that changes every second would never reach its end.
     void SetLongText(LongText kind);
 
+    /// Paints only the text, in a window that is translucent: with an outline in the background colour, this
+    /// many pixels wide, or 0 for none. Nothing: on the background colour.
+    void SetSeeThrough(std::optional<int> outline);
+
     qint32 WipeKind() const { return m_wipeKind; }
     qint32 FrameInterval() const { return m_frameInterval; }
     qint32 StepSize() const { return m_stepSize; }
@@ -60,6 +68,9 @@ public:
     /// `bringUp` is called before a screen reader gets the text: a running reading changes more often than
     /// the line is updated. It may set the text and must not throw.
     void BringUpForReaders(std::function<void()> bringUp) { m_bringUp = std::move(bringUp); }
+
+    /// `told` is called after screen readers were notified of a new text.
+    void WhenTold(std::function<void()> told) { m_told = std::move(told); }
 
     /// The current text, for a screen reader.
     QString ToldText();
@@ -78,7 +89,9 @@ private:
     void TellText();
     int Excess(const QString& text) const;
     void StartScroll();
-    void DrawPart(QPainter& painter, const QRect& part, const QString& text, int offset) const;
+    QString Displayed(const QString& text, int offset) const;
+    void DrawPart(QPainter& painter, const QRect& part, const QString& text, int offset,
+                  OutlinedText& outlined) const;
 
     LineTime m_time;
     QString m_text;
@@ -90,10 +103,14 @@ private:
     qint32 m_backColor = 0;
     qint32 m_foreColor = 0xFFFFFF;
     LongText m_longText = LongText::CutOff;
+    std::optional<int> m_outline;  // nothing: the background is painted
+    OutlinedText m_outlined;
+    OutlinedText m_oldOutlined;  // of the text that the wipe covers
     std::unique_ptr<Timer> m_wipeTimer;
     LongTextScroll m_scroll;
     Throttle m_teller;
     std::function<void()> m_bringUp;
+    std::function<void()> m_told;
 };
 
 /// Makes lines accessible to screen readers. Called once per process, before the first window is created.

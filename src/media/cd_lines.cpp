@@ -36,6 +36,9 @@ void CdLines::Tick() {
         m_lines.lower.SetText(QString());
     } else if (const auto text = m_player.Texts().StatusText()) {
         m_lines.lower.SetText(*text);
+        if (const QString upper = m_player.Texts().UpperText(); upper != m_upper) {  // of the next track
+            ShowUpper(upper);
+        }
     }
 }
 
@@ -44,6 +47,7 @@ bool CdLines::IsShown() const {
 }
 
 void CdLines::ShowUpper(const QString& text) {
+    m_upper = text;
     Bring(m_lines.upper, text);
 }
 

@@ -31,6 +31,7 @@ private:
     CdPlayer& m_player;
     TextLines m_lines;
     const DisplayFunctions& m_functions;
+    QString m_upper;            // what the player has shown last
     bool m_hasStarted = false;  // Show() was called; GetFuncNumber() returns the stored display before that
     bool m_isBlank = false;     // the blank phase of the blinking
 };

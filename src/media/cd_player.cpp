@@ -16,8 +16,8 @@ CdPlayer::CdPlayer(const CdPlayerParts& parts)
     : m_state(parts.state),
       m_media(parts.media),
       m_device(parts.device),
-      m_texts(parts.state, parts.media),
-      m_seek(parts.state, parts.media, parts.handlers, parts.timers),
+      m_texts(parts.state, parts.media, parts.titles),
+      m_seek(parts.state, parts.media, parts.handlers, parts.timers, [this] { TellJump(); }),
       m_followTimer(parts.handlers.MakeTimer(parts.timers, kFollowInterval, [this] { CDTimer1_Timer(); })),
       m_lookTimer(parts.handlers.MakeTimer(parts.timers, kLookInterval, [this] { LookTick(); })) {
     EnterState(kCdStopped, u"停止"_s);
@@ -31,6 +31,8 @@ void CdPlayer::ShowWindow(bool isShown) {
 }
 
 void CdPlayer::Appear() {
+    m_hasAppeared = true;
+    TellFollower();
     if (m_state.CdState != kCdStopped && m_state.CdState != kCdNotReady) {
         return;
     }
@@ -53,9 +55,14 @@ void CdPlayer::ShowLines() {
     }
     const auto lower = m_state.CdState == kCdStopped ? m_texts.SelectionText() : m_texts.StatusText();
     if (lower) {  // otherwise the queries failed and the lines already say "not ready"
-        m_display->ShowUpper(m_texts.TrackCountText());
+        m_display->ShowUpper(m_texts.UpperText());
         m_display->ShowLower(*lower);
     }
+}
+
+void CdPlayer::TitlesChanged() {
+    TellWindow();
+    ShowLines();
 }
 
 void CdPlayer::CDSetUp() {
@@ -120,68 +127,9 @@ void CdPlayer::cdm_Click(int index) {
     TellWindow();
 }
 
-/// Leaves the state "not ready". A failed command to another device sets it too, although the disc keeps
-/// playing; the player then resumes tracking the playback.
-void CdPlayer::Recover() {
-    CDSetUp();
-    if (m_state.CdState != kCdStopped || m_media.MciSend(u"status CDP mode"_s, false) != 0) {
-        return;
-    }
-    const QString mode = m_media.State().MciReply;
-    if (mode != u"playing" && mode != u"seeking" && mode != u"paused") {
-        return;
-    }
-    const bool isPaused = mode == u"paused";
-    EnterState(isPaused ? kCdPaused : kCdPlaying, isPaused ? u"一時停止"_s : u"再生"_s);
-    m_followTimer->Start();
-    ShowLines();
-}
-
-/// Follows the device from track to track and to its end, whatever the main window shows. After a read error
-/// the first query fails.
-void CdPlayer::CDTimer1_Timer() {
-    const auto track = AskCd(m_media, u"status CDP current track"_s, false);
-    if (!track || m_media.MciSend(u"status CDP mode"_s, false) != 0) {
-        return;
-    }
-    m_state.CdTrack = *track;
-    if (m_media.State().MciReply == u"stopped") {
-        Stop(false);
-    }
-}
-
-void CdPlayer::DeviceChanged() {
-    if (!m_device.IsOpen()) {
-        return;
-    }
-    if (m_state.CdState == kCdPlaying || m_state.CdState == kCdPaused) {
-        CDTimer1_Timer();
-    }
-    if (m_state.CdState == kCdStopped || m_state.CdState == kCdNotReady) {
-        Recover();
-    }
-}
-
-void CdPlayer::LookTick() {
-    if (m_state.CdState != kCdNotReady || !IsShowing()) {
-        m_lookTimer->Stop();
-        return;
-    }
-    const bool hasDisc = m_device.IsOpen() && m_media.MciSend(u"status CDP media present"_s, false) == 0 &&
-                         m_media.State().MciReply == u"true";
-    if (hasDisc || !m_device.IsOpen()) {  // a device that is not open is opened again
-        Recover();
-    }
-}
-
-void CdPlayer::KeepLooking() {
-    if (IsShowing() && !m_lookTimer->IsRunning()) {
-        m_lookTimer->Start();
-    }
-}
-
 void CdPlayer::Close() {
     m_display = nullptr;
+    m_follower = nullptr;
     m_changed = nullptr;
     m_isWindowShown = false;
     m_followTimer->Stop();
@@ -193,6 +141,28 @@ void CdPlayer::Close() {
 void CdPlayer::TellWindow() {
     if (m_changed) {
         m_changed();
+    }
+    TellFollower();
+}
+
+/// The window only shows the track if there are titles.
+void CdPlayer::TellTrack() {
+    if (m_texts.HasTitles()) {
+        TellWindow();
+    } else {
+        TellFollower();
+    }
+}
+
+void CdPlayer::TellFollower() {
+    if (m_follower != nullptr) {
+        m_follower->PlayerChanged();
+    }
+}
+
+void CdPlayer::TellJump() {
+    if (m_follower != nullptr) {
+        m_follower->PlayerJumped();
     }
 }
 

@@ -1,35 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <functional>
-#include <memory>
-
 #include "media/cd_controls.h"
-#include "media/cd_device.h"
+#include "media/cd_player_parts.h"
 #include "media/cd_seek.h"
 #include "media/cd_texts.h"
+#include "media/cd_views.h"
 
 namespace tickwell::media {
-
-/// The main window's lines, while they show the CD player.
-class CdDisplay {
-public:
-    virtual ~CdDisplay() = default;
-
-    /// Whether the lines show the player now. Otherwise nothing is written to them.
-    virtual bool IsShown() const = 0;
-    virtual void ShowUpper(const QString& text) = 0;
-    virtual void ShowLower(const QString& text) = 0;
-};
-
-/// References that the CD player works with; all outlive it.
-struct CdPlayerParts {
-    CdPlayerState& state;
-    Multimedia& media;
-    CdDevice& device;
-    Handlers& handlers;
-    TimerSource& timers;
-};
 
 /// The CD player without its window. It exists as long as the program, whether or not the window is open.
 class CdPlayer {
@@ -42,11 +20,20 @@ public:
     /// Called whenever Controls() or the state has changed; an empty function if there is no window.
     void SetWindow(std::function<void()> changed) { m_changed = std::move(changed); }
 
+    /// Follows the player from now on; null for nobody.
+    void SetFollower(CdFollower* follower) { m_follower = follower; }
+
     /// The player's window was shown or hidden.
     void ShowWindow(bool isShown);
 
+    /// The disc's titles have become known, or are shown or hidden from now on.
+    void TitlesChanged();
+
     /// Called when the function or the window is opened: detects a disc inserted meanwhile.
     void Appear();
+
+    /// Whether the function or the window was opened since the start of the program.
+    bool HasAppeared() const { return m_hasAppeared; }
 
     /// Writes both lines according to the state.
     void ShowLines();
@@ -64,6 +51,9 @@ public:
     void Command1_Press(int index) { m_seek.Hold(index); }
     void Command1_Release() { m_seek.Release(); }
 
+    /// While the disc plays: plays on from a position, ms from the start of track 1 to the end of the disc.
+    void GoTo(qint32 position) { m_seek.GoTo(position); }
+
     /// `index`: 1 to 3, for display formats 0 to 2.
     void cdm_Click(int index);
 
@@ -76,6 +66,7 @@ public:
     const CdPlayerState& State() const { return m_state; }
     const CdControls& Controls() const { return m_controls; }
     CdTexts& Texts() { return m_texts; }
+    const CdTexts& Texts() const { return m_texts; }
 
 private:
     void SetBotton();
@@ -94,6 +85,9 @@ private:
     void LookTick();
     void KeepLooking();
     void TellWindow();
+    void TellTrack();
+    void TellFollower();
+    void TellJump();
     bool IsShowing() const;
 
     CdPlayerState& m_state;
@@ -105,8 +99,11 @@ private:
     std::unique_ptr<Timer> m_followTimer;  // while playing: polls the device
     std::unique_ptr<Timer> m_lookTimer;    // while shown and not ready: looks for a disc
     CdDisplay* m_display = nullptr;
+    CdFollower* m_follower = nullptr;
+    qint32 m_followedTrack = 0;  // the last one that was polled; the lines' texts set CdTrack as well
     std::function<void()> m_changed;
     bool m_isWindowShown = false;
+    bool m_hasAppeared = false;
 };
 
 /// The previous and the next track, cyclic; from track 0 (none chosen) the last and the first one.

@@ -82,8 +82,12 @@ void CdPlayer::ClickPlaying(int index) {
 
 void CdPlayer::ChooseTrack(qint32 track) {
     m_state.CdTrack = track;
+    TellTrack();
     const auto text = m_texts.SelectionText();
     if (text && m_display != nullptr && m_display->IsShown()) {
+        if (m_texts.HasTitles()) {
+            m_display->ShowUpper(m_texts.UpperText());
+        }
         m_display->ShowLower(*text);
     }
 }
@@ -123,6 +127,7 @@ void CdPlayer::PlayAnew() {
     if (m_state.CdState == kCdPlaying) {  // after a failed stop the player is not ready
         m_media.MciPlayTrack(u"CDP"_s, m_state.CdTrack, false, true);
     }
+    TellJump();
 }
 
 void CdPlayer::Pause() {

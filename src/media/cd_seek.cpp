@@ -18,9 +18,11 @@ constexpr int kStepInterval = 250;  // ms
 
 }  // namespace
 
-CdSeek::CdSeek(const CdPlayerState& state, Multimedia& media, Handlers& handlers, TimerSource& timers)
+CdSeek::CdSeek(const CdPlayerState& state, Multimedia& media, Handlers& handlers, TimerSource& timers,
+               std::function<void()> jumped)
     : m_state(state),
       m_media(media),
+      m_jumped(std::move(jumped)),
       m_timer(handlers.MakeTimer(timers, kStepInterval, [this] { Step(); })) {}
 
 void CdSeek::Hold(int index) {
@@ -44,7 +46,14 @@ void CdSeek::Step() {
         return;
     }
     const qint32 target = std::clamp(CheckedAdd(*position, m_step), 0, std::max(0, *length));
-    m_media.MciPlay(u"CDP"_s, false, QString::number(target), {}, true);
+    GoTo(target);
+}
+
+void CdSeek::GoTo(qint32 position) {
+    if (m_state.CdState == kCdPlaying) {
+        m_media.MciPlay(u"CDP"_s, false, QString::number(position), {}, true);
+        m_jumped();
+    }
 }
 
 }  // namespace tickwell::media

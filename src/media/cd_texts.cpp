@@ -74,6 +74,11 @@ QString CdTexts::TrackCountText() const {
     return u"全トラック数 "_s + QString::number(m_state.CdTrackCount);
 }
 
+QString CdTexts::UpperText() const {
+    const QString title = Title(m_state.CdTrack);
+    return title.isEmpty() ? TrackCountText() : title;
+}
+
 std::optional<qint32> CdTexts::ReadLength() {
     const auto length = AskCd(m_media, u"status CDP length"_s, false);
     if (length) {

@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <QString>
+#include <QStringList>
+#include <functional>
 #include <optional>
+#include <utility>
 
 #include "media/cd_state.h"
 #include "media/multimedia.h"
@@ -14,8 +16,11 @@ namespace tickwell::media {
 /// second.
 class CdTexts {
 public:
-    /// Both outlive this object.
-    CdTexts(CdPlayerState& state, Multimedia& media) : m_state(state), m_media(media) {}
+    /// The references outlive this object. `titles`: see CdPlayerParts.
+    CdTexts(
+        CdPlayerState& state, Multimedia& media,
+        std::function<QStringList()> titles = [] { return QStringList(); })
+        : m_state(state), m_media(media), m_titles(std::move(titles)) {}
 
     /// The lower line while playing, in the chosen display format. Sets CdTrack to the device's current
     /// track.
@@ -25,8 +30,17 @@ public:
     /// if needed.
     std::optional<QString> SelectionText();
 
-    /// The upper line: "全トラック数 12".
+    /// "全トラック数 12".
     QString TrackCountText() const;
+
+    /// The upper line: the title of the current track or, if it has none, the number of tracks.
+    QString UpperText() const;
+
+    /// Whether titles are shown at all.
+    bool HasTitles() const { return !m_titles().isEmpty(); }
+
+    /// The title of a track, of the disc if it is 0; empty if it is not known or not shown.
+    QString Title(qint32 track) const { return m_titles().value(track); }
 
 private:
     std::optional<qint32> ReadLength();
@@ -35,6 +49,7 @@ private:
 
     CdPlayerState& m_state;
     Multimedia& m_media;
+    std::function<QStringList()> m_titles;
 };
 
 /// Sends the CD a query whose reply is a number; nothing if it failed.

@@ -7,6 +7,7 @@
 #include <algorithm>
 
 #include "controls/control_making.h"
+#include "controls/plain_tool_tip.h"
 #include "media/transport_icons.h"
 
 namespace tickwell::media {
@@ -30,11 +31,14 @@ CDForm::CDForm(CdPlayer& player, Handlers& handlers, QWidget* parent)
       m_formatMenu(m_menuBar->addMenu(u"表示形式"_s)),
       m_repeatMenu(m_menuBar->addMenu(u"リピート"_s)),
       m_formats(new QActionGroup(this)),
-      m_caption(controls::MakeLabel(u"Label1"_s, QString(), this)) {
+      m_caption(controls::MakeLabel(u"Label1"_s, QString(), this)),
+      m_title(controls::MakeLabel(u"Label2"_s, QString(), this)) {
     setObjectName(u"CDForm"_s);
     setWindowTitle(u"CDプレーヤー"_s);
     m_caption->setAlignment(Qt::AlignCenter);
     m_caption->setFrameStyle(QFrame::StyledPanel | QFrame::Sunken);
+    m_title->setAlignment(Qt::AlignCenter);
+    m_title->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);  // the buttons decide on the width
     MakeMenus();
     for (int index = kCdPrevious; index <= kCdNext; ++index) {
         m_buttons[static_cast<std::size_t>(index)] = MakePlayerButton(index);
@@ -94,6 +98,7 @@ void CDForm::LayOut() {
     auto* whole = new QVBoxLayout(this);
     whole->setMenuBar(m_menuBar);
     whole->addWidget(m_caption);
+    whole->addWidget(m_title);
     whole->addLayout(buttons);
     whole->setSizeConstraint(QLayout::SetFixedSize);
     m_buttons[kCdPlay]->setFocus();
@@ -105,7 +110,18 @@ void CDForm::ShowPlayer() {
     m_formatMenu->setEnabled(controls.menus);
     m_repeatMenu->setEnabled(controls.menus);
     m_caption->setText(controls.caption);
+    ShowTitle();
     m_formats->actions().at(m_player.State().CdDisplayFormat)->setChecked(true);
+}
+
+/// The title of the disc while no track is chosen. What does not fit is in the tool tip, and is read out.
+void CDForm::ShowTitle() {
+    const CdTexts& texts = m_player.Texts();
+    const QString title = texts.Title(m_player.State().CdTrack);
+    m_title->setVisible(texts.HasTitles());
+    m_title->setText(m_title->fontMetrics().elidedText(title, Qt::ElideRight, m_title->width()));
+    m_title->setToolTip(controls::PlainToolTip(m_title->text() == title ? QString() : title));
+    m_title->setAccessibleName(title);
 }
 
 /// A focused button that becomes disabled would lose the keyboard focus: the focus moves to the button that
@@ -131,6 +147,12 @@ void CDForm::showEvent(QShowEvent* event) {
     if (!event->spontaneous()) {
         m_handlers.Run([this] { m_player.ShowWindow(true); });
     }
+}
+
+/// The layout has set the width of the title.
+void CDForm::resizeEvent(QResizeEvent* event) {
+    QDialog::resizeEvent(event);
+    ShowTitle();
 }
 
 void CDForm::hideEvent(QHideEvent* event) {

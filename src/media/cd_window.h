@@ -27,12 +27,14 @@ public:
 protected:
     void showEvent(QShowEvent* event) override;
     void hideEvent(QHideEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
 private:
     void MakeMenus();
     QPushButton* MakePlayerButton(int index);
     void LayOut();
     void ShowPlayer();
+    void ShowTitle();
     void EnableButtons(const CdButtons& enabled);
 
     CdPlayer& m_player;
@@ -42,6 +44,7 @@ private:
     QMenu* m_repeatMenu;
     QActionGroup* m_formats;
     QLabel* m_caption;
+    QLabel* m_title;  // hidden while no titles are shown
     std::array<QPushButton*, 7> m_buttons{};
 };
 

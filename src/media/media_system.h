@@ -14,6 +14,9 @@ struct MediaSystemParts {
     TimerSource& timers;                           ///< the program's time, which tests may control
     bool& tellsNoCdDrive;                          ///< the stored setting
     std::function<void()> noticeSilenced = [] {};  ///< called after the user has made it false
+    std::function<bool()> showsTitles = [] {
+        return false;
+    };  ///< whether the settings show the disc's titles now
 };
 
 /// Owns and connects the command layer and the CD player; one for the program. Created before the main
@@ -31,12 +34,21 @@ public:
     /// Stops and closes the CD drive.
     void Close() { m_player.Close(); }
 
+    /// The settings may have changed.
+    void FollowSettings();
+
     Multimedia& Commands() { return m_media; }
     CdPlayer& Player() { return m_player; }
     MediaState& State() { return m_state; }
 
 private:
+    QStringList ShownTitles() const;
+    void DriveChanged();
+
     CdDrive& m_drive;
+    std::function<bool()> m_showsTitles;
+    quint32 m_discNumber = 0;     // of the last change
+    bool m_showedTitles = false;  // when the settings were looked at last
     MediaState m_state;
     CdPlayerState m_cdState;
     CommandDevices m_devices;

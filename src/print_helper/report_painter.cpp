@@ -27,7 +27,9 @@ double SecondColumn(const QStringList& lines, const QFontMetricsF& metrics) {
 }  // namespace
 
 ReportPainter::ReportPainter(QStringList lines) : m_lines(std::move(lines)) {
-    m_font.setFamilies(QStringList(kGothicFont) + GothicSubstitutes());
+    QStringList families = GothicSubstitutes();
+    families.prepend(kGothicFont);
+    m_font.setFamilies(families);
     m_font.setPointSize(kPoints);
 }
 

@@ -5,6 +5,7 @@
 #include <QHBoxLayout>
 #include <QVBoxLayout>
 
+#include "controls/announcer.h"
 #include "controls/control_making.h"
 #include "media/sound_playback.h"
 
@@ -24,6 +25,7 @@ ChimePage::ChimePage(const SettingsParts& parts, SettingsDraft& draft, QWidget* 
       m_tellsNoCdDrive(controls::Named(new QCheckBox(u"CDドライブがないことを起動のときに知らせる"_s, this),
                                        u"NoCdDrive"_s)) {
     setObjectName(u"Picture4"_s);
+    controls::AnnounceChoices(*m_sounds);
     auto* rows = new QVBoxLayout(this);
     rows->addWidget(MakeSoundFrame());
     rows->addWidget(MakeNoticeFrame());

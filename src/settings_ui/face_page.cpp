@@ -27,6 +27,16 @@ constexpr int kStep = 5;
 constexpr auto kEllipsis = static_cast<qint32>(LongText::Ellipsis);
 constexpr auto kScrollOnce = static_cast<qint32>(LongText::ScrollOnce);
 
+/// A column of frames, from top to bottom, as wide as the others.
+void AddColumn(QHBoxLayout& columns, const QList<QWidget*>& frames) {
+    auto* rows = new QVBoxLayout;
+    for (QWidget* frame : frames) {
+        rows->addWidget(frame);
+    }
+    rows->addStretch();
+    columns.addLayout(rows, 1);
+}
+
 }  // namespace
 
 FacePage::FacePage(const SettingsParts& parts, SettingsDraft& draft, QWidget* parent)
@@ -42,10 +52,15 @@ FacePage::FacePage(const SettingsParts& parts, SettingsDraft& draft, QWidget* pa
     setObjectName(u"Picture8"_s);
     m_parts.handlers.Connect(m_marksLongText, &QCheckBox::clicked, this, [this] { Check17_Click(); });
     MakeOpacity();
-    auto* rows = new QVBoxLayout(this);
-    rows->addWidget(MakeLookFrame());
-    rows->addWidget(MakePlaceFrame());
-    rows->addStretch();
+    QWidget* const look = MakeLookFrame();
+    m_seeThrough = new SeeThroughFrame(parts, draft, this);  // in the order of the screen
+    QWidget* const place = MakePlaceFrame();
+    m_zone = new ZoneFrame(parts, draft, this);
+    QWidget* const keyboard = MakeKeyboardFrame();
+    // Two columns: one would be higher than small screens at 200 %.
+    auto* columns = new QHBoxLayout(this);
+    AddColumn(*columns, {look, m_seeThrough});
+    AddColumn(*columns, {place, m_zone, keyboard});
 }
 
 void FacePage::MakeOpacity() {
@@ -68,13 +83,13 @@ QWidget* FacePage::MakeLookFrame() {
     opacity->addWidget(label);
     opacity->addWidget(m_opacity, 1);
     opacity->addWidget(m_percent);
-    auto* options = new QHBoxLayout;
-    options->addSpacing(style()->pixelMetric(QStyle::PM_IndicatorWidth) +
-                        style()->pixelMetric(QStyle::PM_CheckBoxLabelSpacing));
+    auto* options = new QVBoxLayout;
+    options->setContentsMargins(style()->pixelMetric(QStyle::PM_IndicatorWidth) +
+                                    style()->pixelMetric(QStyle::PM_CheckBoxLabelSpacing),
+                                0, 0, 0);
     for (QAbstractButton* option : m_longTextOptions.Buttons()) {
         options->addWidget(option);
     }
-    options->addStretch();
     auto* rows = new QVBoxLayout(frame);
     rows->addLayout(opacity);
     if (m_parts.operations.isComposited && !m_parts.operations.isComposited()) {
@@ -97,6 +112,16 @@ QWidget* FacePage::MakePlaceFrame() {
     return frame;
 }
 
+QWidget* FacePage::MakeKeyboardFrame() {
+    auto* frame = controls::Named(new QGroupBox(u"キーボード"_s, this), u"Frame40"_s);
+    auto* rows = new QVBoxLayout(frame);
+    m_keyboardChecks = MakeFlagBoxes(KeyboardFlags(), m_draft, m_parts.handlers, this);
+    for (QCheckBox* check : m_keyboardChecks) {
+        rows->addWidget(check);
+    }
+    return frame;
+}
+
 void FacePage::Form_Load() {
     const FaceSettings& face = m_draft.further.face;
     const int percent = std::clamp(face.opacity, kLeast, kMost);
@@ -111,7 +136,10 @@ void FacePage::Form_Load() {
     m_marksLongText->setChecked(marks);
     m_longTextOptions.Select(m_chosenLongText);
     m_longTextOptions.SetEnabled(marks);
+    m_seeThrough->Form_Load();
     ShowFlags(PlaceFlags(), m_placeChecks, m_draft);
+    m_zone->Form_Load();
+    ShowFlags(KeyboardFlags(), m_keyboardChecks, m_draft);
 }
 
 void FacePage::Slider2_Change(int percent) {

@@ -8,12 +8,14 @@
 
 #include "controls/number_box.h"
 #include "settings_ui/option_array.h"
+#include "settings_ui/see_through_frame.h"
 #include "settings_ui/settings_draft.h"
 #include "settings_ui/settings_parts.h"
+#include "settings_ui/zone_frame.h"
 
 namespace tickwell::settings_ui {
 
-/// Page 窓: the look and the place of the main window.
+/// Page 窓: the look and the place of the main window, and the keyboard.
 class FacePage : public QWidget {
     Q_OBJECT
 
@@ -24,9 +26,13 @@ public:
     /// Shows the draft.
     void Form_Load();
 
+    /// The frame whose zone can be refused.
+    ZoneFrame& Zone() const { return *m_zone; }
+
 private:
     QWidget* MakeLookFrame();
     QWidget* MakePlaceFrame();
+    QWidget* MakeKeyboardFrame();
     void MakeOpacity();
     void Slider2_Change(int percent);
     void UpDown2_Change(int percent);
@@ -39,7 +45,10 @@ private:
     controls::NumberBox* m_percent;
     QCheckBox* m_marksLongText;
     OptionArray m_longTextOptions;
+    SeeThroughFrame* m_seeThrough = nullptr;
     std::vector<QCheckBox*> m_placeChecks;
+    ZoneFrame* m_zone = nullptr;
+    std::vector<QCheckBox*> m_keyboardChecks;
     qint32 m_chosenLongText = 1;  // the option that is checked, also while the box is not
 };
 

@@ -44,6 +44,29 @@ constexpr std::array kCorrections{
 constexpr std::array kPlace{
     FlagRow{u"Check18", u"画面の外に出たら、画面の中に戻す",
             [](FurtherSettings& s) -> bool& { return s.face.staysOnScreen; }},
+    FlagRow{u"Check26", u"全画面の窓があるときは隠れる",
+            [](FurtherSettings& s) -> bool& { return s.face.hidesUnderFullScreen; }},
+    FlagRow{u"Check27", u"ウィンドウの切り替えに出す",
+            [](FurtherSettings& s) -> bool& { return s.face.inWindowSwitcher; }},
+};
+
+constexpr std::array kKeyboard{
+    FlagRow{u"Check40", u"矢印キーで時計の窓を動かし、Escで元の窓に戻る",
+            [](FurtherSettings& s) -> bool& { return s.keyboard.movesWindow; }},
+    FlagRow{u"Check41", u"ボタンなどにアクセスキーを付ける",
+            [](FurtherSettings& s) -> bool& { return s.keyboard.showsAccessKeys; }},
+};
+
+constexpr std::array kRemote{
+    FlagRow{u"Check30", u"ほかのプログラムからの操作を受ける",
+            [](FurtherSettings& s) -> bool& { return s.remote.acceptsCommands; }},
+};
+
+constexpr std::array kCd{
+    FlagRow{u"Check31", u"メディアキー（再生・停止など）でCDを操作する",
+            [](FurtherSettings& s) -> bool& { return s.remote.mediaKeys; }},
+    FlagRow{u"Check32", u"曲名を出す（CD-Textのあるディスク）",
+            [](FurtherSettings& s) -> bool& { return s.cd.showsTitles; }},
 };
 
 constexpr std::array<std::size_t, 3> kTodaysCorrections{0, 2, 6};  // rows of kCorrections
@@ -60,6 +83,18 @@ std::span<const FlagRow> CorrectionFlags() {
 
 std::span<const FlagRow> PlaceFlags() {
     return kPlace;
+}
+
+std::span<const FlagRow> KeyboardFlags() {
+    return kKeyboard;
+}
+
+std::span<const FlagRow> RemoteFlags() {
+    return kRemote;
+}
+
+std::span<const FlagRow> CdFlags() {
+    return kCd;
 }
 
 void ChooseTodaysJapan(FurtherSettings& further) {

@@ -22,8 +22,17 @@ std::span<const FlagRow> OldCalendarFlags();
 /// The corrections, from top to bottom.
 std::span<const FlagRow> CorrectionFlags();
 
-/// The position of the main window, from top to bottom.
+/// The main window among the other windows of the desktop, from top to bottom.
 std::span<const FlagRow> PlaceFlags();
+
+/// What the keyboard does, from top to bottom.
+std::span<const FlagRow> KeyboardFlags();
+
+/// What other programs may do, from top to bottom.
+std::span<const FlagRow> RemoteFlags();
+
+/// The CD player, from top to bottom.
+std::span<const FlagRow> CdFlags();
 
 /// Chooses the holidays of the law, the eras of the dates, and the corrections without which present-day
 /// dates are announced wrongly: anniversaries of a weekday, the new date at midnight, and today's frame.

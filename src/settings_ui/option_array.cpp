@@ -3,6 +3,7 @@
 
 #include <algorithm>
 
+#include "controls/access_keys.h"
 #include "controls/control_making.h"
 
 namespace tickwell::settings_ui {
@@ -45,6 +46,10 @@ void OptionArray::Select(qint32 index) {
         button->setChecked(m_group->id(button) == index);
     }
     m_group->setExclusive(true);
+}
+
+void OptionArray::SetCaption(qint32 index, const QString& caption) {
+    controls::SetCaption(*m_group->button(index), caption);
 }
 
 void OptionArray::SetEnabled(bool enabled) {

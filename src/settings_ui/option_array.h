@@ -22,7 +22,7 @@ public:
 
     /// Checks a button without calling `onClick`; an unknown index unchecks all.
     void Select(qint32 index);
-    void SetCaption(qint32 index, const QString& caption) { m_group->button(index)->setText(caption); }
+    void SetCaption(qint32 index, const QString& caption);
     void SetEnabled(bool enabled);
 
     /// In screen order.

@@ -64,6 +64,10 @@ inline constexpr std::array kUnderOptions{OptionRow{0, u"なし"}, OptionRow{1, 
 inline constexpr std::array kLongTextOptions{OptionRow{1, u"省略記号を付ける"},
                                              OptionRow{2, u"一度だけ流して見せる"}};
 
+/// The outline of texts without a background, by TextOutline.
+inline constexpr std::array kOutlineOptions{OptionRow{0, u"なし"}, OptionRow{1, u"細い"},
+                                            OptionRow{2, u"太い"}};
+
 /// How the language affects the other frames of the clock page.
 struct YearWords {
     bool enabled = false;                 ///< whether this language has year, hour and display styles

@@ -42,6 +42,8 @@ struct SettingsOperations {
     HolidayListOperations holidayList;
     /// Whether translucent windows can be seen through on this desktop.
     std::function<bool()> isComposited;
+    /// Whether the desktop has a notification area, in which the program can show an icon.
+    std::function<bool()> hasTray;
 };
 
 /// References that the settings dialog uses; all outlive it.

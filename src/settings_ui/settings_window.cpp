@@ -2,11 +2,14 @@
 #include "settings_ui/settings_window.h"
 
 #include <QHBoxLayout>
+#include <QPointer>
 #include <QShowEvent>
 #include <QTabBar>
 #include <QVBoxLayout>
+#include <map>
 
 #include "controls/control_making.h"
+#include "controls/help_key.h"
 #include "controls/tab_order.h"
 #include "settings_ui/database_page.h"
 
@@ -26,7 +29,8 @@ Form2::Form2(const SettingsParts& parts, QWidget* parent)
       m_correctionsPage(new CorrectionsPage(m_parts, m_draft, this)),
       m_calendarPage(new CalendarPage(
           m_parts, m_draft, [this] { ShowTodaysCalendar(); }, this)),
-      m_facePage(new FacePage(m_parts, m_draft, this)) {
+      m_facePage(new FacePage(m_parts, m_draft, this)),
+      m_remotePage(new RemotePage(m_parts, m_draft, this)) {
     setObjectName(u"Form2"_s);
     setWindowTitle(u"環境設定"_s);
     setWindowModality(Qt::ApplicationModal);
@@ -38,7 +42,9 @@ Form2::Form2(const SettingsParts& parts, QWidget* parent)
     m_pages->addTab(m_calendarPage, u"暦"_s);
     m_pages->addTab(m_correctionsPage, u"動作"_s);
     m_pages->addTab(m_facePage, u"窓"_s);
-    m_pages->setUsesScrollButtons(false);  // rather a wider dialog than pages out of sight
+    m_pages->addTab(m_remotePage, u"連携"_s);
+    m_pages->setUsesScrollButtons(false);  // the dialog is as wide as all tabs
+    m_pages->setElideMode(Qt::ElideNone);
 
     for (int page = 0; page < m_pages->count(); ++page) {
         controls::TabInLayoutOrder(*m_pages->widget(page));
@@ -46,6 +52,7 @@ Form2::Form2(const SettingsParts& parts, QWidget* parent)
     auto* rows = new QVBoxLayout(this);
     rows->addWidget(m_pages);
     rows->addLayout(MakeButtons());
+    controls::OpenHelpByKey(*this, m_parts.handlers, m_parts.help, [this] { return HelpOfPage(); });
     Form_Load();
 }
 
@@ -72,6 +79,7 @@ void Form2::Form_Load() {
     m_chimePage->Form_Load();
     ShowTodaysCalendar();
     m_facePage->Form_Load();
+    m_remotePage->Form_Load();
     m_pages->tabBar()->setFocus();
 }
 
@@ -81,15 +89,33 @@ void Form2::ShowTodaysCalendar() {
 }
 
 void Form2::Command1_Click() {
-    Command3_Click();
-    m_parts.operations.refresh(true);
-    accept();
+    if (Apply()) {
+        m_parts.operations.refresh(true);
+        accept();
+    }
 }
 
 void Form2::Command3_Click() {
+    Apply();
+}
+
+/// False if something that was entered is refused; nothing is applied then.
+bool Form2::Apply() {
+    const QString refusal = m_facePage->Zone().Refusal();
+    if (!refusal.isEmpty()) {
+        m_pages->setCurrentWidget(m_facePage);
+        m_parts.boxes.Show(this, {MessageIcon::Exclamation, windowTitle(), refusal},
+                           [page = QPointer(m_facePage)] {
+                               if (page) {
+                                   page->Zone().FocusZone();
+                               }
+                           });
+        return false;
+    }
     m_draft.ApplyTo(m_parts.settings, m_parts.further);
     m_parts.operations.apply();
     ApplyAutostart();
+    return true;
 }
 
 /// Called last, so that everything else has been applied even if this file cannot be written.
@@ -102,6 +128,18 @@ void Form2::ApplyAutostart() {
 
 void Form2::Command8_Click() {
     m_parts.help.ShowTopic(kHelpSettings);
+}
+
+/// The help's page about the current page.
+int Form2::HelpOfPage() const {
+    static const std::map<QString, int> topics{
+        {u"Picture1"_s, kHelpTextPage},        {u"Picture3"_s, kHelpClockPage},
+        {u"Picture2"_s, kHelpRollPage},        {u"Picture4"_s, kHelpChimePage},
+        {u"Picture5"_s, kHelpDatabasePage},    {u"Picture6"_s, kHelpCalendarPage},
+        {u"Picture7"_s, kHelpCorrectionsPage}, {u"Picture8"_s, kHelpFacePage},
+        {u"Picture9"_s, kHelpRemotePage}};
+    const auto topic = topics.find(m_pages->currentWidget()->objectName());
+    return topic == topics.end() ? kHelpSettings : topic->second;
 }
 
 void Form2::showEvent(QShowEvent* event) {

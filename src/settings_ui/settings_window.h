@@ -10,6 +10,7 @@
 #include "settings_ui/clock_page.h"
 #include "settings_ui/corrections_page.h"
 #include "settings_ui/face_page.h"
+#include "settings_ui/remote_page.h"
 #include "settings_ui/roll_page.h"
 #include "settings_ui/settings_draft.h"
 #include "settings_ui/settings_parts.h"
@@ -36,7 +37,9 @@ private:
     void Command1_Click();
     void Command3_Click();
     void Command8_Click();
+    bool Apply();
     void ApplyAutostart();
+    int HelpOfPage() const;
     QLayout* MakeButtons();
 
     SettingsParts m_parts;
@@ -49,6 +52,7 @@ private:
     CorrectionsPage* m_correctionsPage;
     CalendarPage* m_calendarPage;
     FacePage* m_facePage;
+    RemotePage* m_remotePage;
 };
 
 }  // namespace tickwell::settings_ui

@@ -8,6 +8,8 @@
 #include <QPainter>
 #include <QVBoxLayout>
 
+#include "controls/access_keys.h"
+#include "controls/announcer.h"
 #include "controls/control_making.h"
 #include "lines/line_look.h"
 #include "settings_ui/colour_picking.h"
@@ -68,6 +70,7 @@ QWidget* StylePicker::MakeEffects() {
 }
 
 void StylePicker::MakeControls() {
+    controls::AnnounceChoices(*m_family);
     m_family->setEditable(false);  // only installed fonts can be chosen
     m_family->setFontFilters(QFontComboBox::ScalableFonts);
     m_size->setRange(kSmallestSize, kLargestSize);
@@ -148,7 +151,7 @@ void StylePicker::Color_Click() {
 void StylePicker::ShowSample() {
     const QColor color = lines::ColorFromNumber(m_color);
     m_colorButton->setIcon(ColorIcon(m_color, m_colorButton->iconSize()));
-    m_colorButton->setText(color.name().toUpper());
+    controls::SetCaption(*m_colorButton, color.name().toUpper());
     m_colorButton->setAccessibleName(u"文字の色 "_s + color.name().toUpper());
     m_sample->setFont(lines::FontOf(Picked()));
     QPalette palette = m_sample->palette();

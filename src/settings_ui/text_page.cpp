@@ -7,7 +7,9 @@
 #include <QSignalBlocker>
 #include <QVBoxLayout>
 
+#include "controls/access_keys.h"
 #include "controls/control_making.h"
+#include "controls/help_key.h"
 #include "settings_ui/colour_picking.h"
 #include "settings_ui/style_picker.h"
 
@@ -126,6 +128,8 @@ void TextPage::Command7_Click() {
 void TextPage::PickStyle(const QString& title, LineStyle& style) {
     auto* picker = new StylePicker(m_parts.handlers, title, style, m_draft.settings.backColor, this);
     picker->setAttribute(Qt::WA_DeleteOnClose);
+    controls::OpenHelpByKey(*picker, m_parts.handlers, m_parts.help, kHelpTextPage);
+    controls::ShowAccessKeys(*picker, m_parts.further.keyboard.showsAccessKeys);
     m_parts.handlers.Connect(picker, &QDialog::accepted, this, [this, picker, &style] {
         style = picker->Picked();
         RefreshSample();

@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "shell/main_window.h"
 
+#include <QAccessible>
 #include <QGuiApplication>
 #include <QStyleHints>
 
+#include "controls/announcer.h"
 #include "core/settings_io.h"
 #include "lines/line_styles.h"
 
@@ -20,14 +22,34 @@ constexpr int kKeepTopTick = 2000;
 constexpr int kSecond = 1000;
 constexpr int kChimeTick = 1000;
 
+std::unique_ptr<lines::MovingWord> MakeLine(const QString& name, const lines::LineTime& time,
+                                            QWidget* window) {
+    auto line = std::make_unique<lines::MovingWord>(time, window);
+    line->setObjectName(name);
+    line->setMouseTracking(true);
+    return line;
+}
+
+void EnableItems(const MainMenu& menu, const ItemMenu& trayMenu, const OtherWindows& windows) {
+    menu.Item(MenuCommand::ShowCalendar)->setEnabled(windows.calendar != nullptr);
+    menu.Item(MenuCommand::ShowSettings)->setEnabled(windows.settings != nullptr);
+    menu.Item(MenuCommand::ShowHelp)->setEnabled(windows.help != nullptr);
+    trayMenu.Item(MenuCommand::ShowHelp)->setEnabled(windows.help != nullptr);
+    menu.Item(MenuCommand::ShowAbout)->setEnabled(windows.about != nullptr);
+}
+
 }  // namespace
 
 Form1::Form1(const MainWindowParts& parts)
-    : QWidget(nullptr, Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint),
+    : MovableWindow(Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint,
+                    {.handlers = parts.handlers,
+                     .timers = parts.timers,
+                     .face = parts.further.face,
+                     .isPlacedByCompositor = parts.isPlacedByCompositor}),
       m_parts(parts),
       m_pacer(parts.clock, parts.timers),
-      m_upperLine(MakeLine(u"MovingWord1"_s)),
-      m_lowerLine(MakeLine(u"MovingWord2"_s)),
+      m_upperLine(MakeLine(u"MovingWord1"_s, {parts.clock, parts.timers, m_pacer}, this)),
+      m_lowerLine(MakeLine(u"MovingWord2"_s, {parts.clock, parts.timers, m_pacer}, this)),
       m_displays(parts.makeDisplays(ViewForDisplays())),
       m_menu(new MainMenu(m_displays, parts.handlers, WhenChosen(), this)),
       m_trayMenu(new ItemMenu(u"Menu90", kTrayMenuItems, parts.handlers, WhenChosen(), this)),
@@ -42,28 +64,48 @@ Form1::Form1(const MainWindowParts& parts)
       m_switch(parts.settings, {.upper = *m_upperLine, .lower = *m_lowerLine}, *m_menu, m_displays),
       m_roll(m_displays, parts.further.roll, parts.power, parts.handlers, parts.timers,
              [this](qint32 number) { ChangeFunction(number); }),
-      m_screens(parts.handlers, parts.timers, [this] { ReturnToScreen(); }),
-      m_gesture(QGuiApplication::styleHints()->startDragDistance()),
       m_tools(parts.folder, parts.starter),
       m_storage(parts.tray, *m_trayMenu, parts.handlers, parts.timers,
-                [this](bool stored) { SetStored(stored); }) {
+                [this](bool stored) { SetStored(stored); }),
+      m_keys(*this, *m_menu, parts.further.keyboard, parts.focus, [this] { Keeper().Settle(); }),
+      m_announcer(HowToAnnounce(), parts.clock, parts.timers),
+      m_hiding(parts.fullScreen, parts.handlers,
+               {.id = [this] { return winId(); },
+                .isInUse = [this] { return IsInUse(); },
+                .update = [this] { UpdateShown(); }}),
+      m_clicks({.window = *this,
+                .further = parts.further,
+                .storage = m_storage,
+                .menu = *m_menu,
+                .trayMenu = *m_trayMenu,
+                .handlers = parts.handlers,
+                .passClicks = parts.passClicks,
+                .openMenu = [this] { ComeForwardWithMenu(); },
+                .save = [this] { SaveAll(); }}) {
     setObjectName(u"Form1"_s);
     setWindowTitle(u"Tickwell"_s);
     setAttribute(Qt::WA_ShowWithoutActivating);
-    setMouseTracking(true);
-    EnableItems();
+    // The window keeps the kind of pixels that it starts with.
+    setAttribute(Qt::WA_TranslucentBackground, parts.further.face.transparent);
+    EnableItems(*m_menu, *m_trayMenu, parts.windows);
     connect(m_menu, &QMenu::aboutToShow, this, &Form1::Menu_AboutToShow);
-    m_lowerLine->BringUpForReaders([this] { BringUpShown(); });
-    m_parts.jumps.Listen([this] { WakeTimers(); });
+    connect(
+        m_menu, &QMenu::aboutToHide, this, [this] { m_hiding.Look(); }, Qt::QueuedConnection);
+    m_lowerLine->BringUpForReaders([this] {
+        if (Display* const shown = m_switch.Shown()) {
+            shown->BringUp();
+        }
+    });
+    for (lines::MovingWord* line : {m_upperLine.get(), m_lowerLine.get()}) {
+        line->WhenTold([this] { m_announcer.LineChanged(); });
+    }
+    m_parts.jumps.Listen([this] {  // something may be due earlier than the timers expect
+        m_chimeTimer.Wake();
+        for (const auto& display : m_displays) {
+            display->Wake();
+        }
+    });
     m_parts.tray.WhenChanged([this] { Menu_AboutToShow(); });  // updates an open menu
-}
-
-std::unique_ptr<lines::MovingWord> Form1::MakeLine(const QString& name) {
-    const lines::LineTime time{.clock = m_parts.clock, .timers = m_parts.timers, .pacer = m_pacer};
-    auto line = std::make_unique<lines::MovingWord>(time, this);
-    line->setObjectName(name);
-    line->setMouseTracking(true);
-    return line;
 }
 
 DisplayView Form1::ViewForDisplays() {
@@ -71,7 +113,19 @@ DisplayView Form1::ViewForDisplays() {
             .functions = *this,
             .isSeen = [this] { return m_pacer.IsSeen(); },
             .untilFrame = [this] { return m_pacer.UntilFrame(); },
-            .linesWritten = [this] { WakeShown(); }};
+            .linesWritten =
+                [this] {
+                    if (Display* const shown = m_switch.Shown()) {
+                        shown->Wake();
+                    }
+                }};
+}
+
+ReadingAnnouncer::Parts Form1::HowToAnnounce() {
+    auto* announcer = new controls::Announcer(this);
+    return {.isHeard = [this] { return QAccessible::isActive() && isActiveWindow(); },
+            .read = [this]() -> QString { return m_upperLine->ToldText() + u' ' + m_lowerLine->ToldText(); },
+            .say = [announcer](const QString& text) { announcer->Announce(text); }};
 }
 
 Form1::~Form1() {
@@ -83,18 +137,20 @@ void Form1::Form_Load() {
     WindowGeometry geometry;
     m_menu->ShowTools(m_tools.Present());
     LoadWindowGeometry(m_parts.store, m_parts.settings, geometry);
-    m_geometry.Set(geometry);
+    Keeper().Set(geometry);
     ApplyStyles();
     ApplyFace();
     const FaceSettings& face = m_parts.further.face;
-    m_screens.Set({face.screen, {face.screenLeft, face.screenTop}});
-    resize(m_geometry.Width(), height());
+    Screens().Set({face.screen, {face.screenLeft, face.screenTop}});
+    resize(Keeper().Width(), height());
     ReturnToScreen();
-    move(m_geometry.Position());
+    move(Keeper().Position());
+    m_clicks.Apply();
     m_upperLine->SetText(u"Tickwell Ver.2"_s);
     m_lowerLine->SetText(QString());
     m_startUpTimer->Start();
     m_chimeTimer.Start();
+    m_keys.Follow();
 }
 
 void Form1::ApplyStyles() {
@@ -105,14 +161,19 @@ void Form1::ApplyStyles() {
 void Form1::ApplySettings() {
     ApplyStyles();
     ApplyFace();
+    m_keys.Follow();
+    m_clicks.Apply();
     ReturnToScreen();
-    ChangeFunction(GetFuncNumber());
+    SwitchTo(GetFuncNumber());
     RaiseRefresh();
 }
 
 void Form1::Form_Resize() {
-    const LineLayout layout = LayoutOf(width(), m_upperLine->TextHeight(), m_lowerLine->TextHeight());
-    setFixedHeight(layout.height);
+    const int upperText = m_upperLine->TextHeight();
+    const int lowerText = m_lowerLine->TextHeight();
+    setFixedHeight(LayoutOf(width(), upperText, lowerText).height);
+    // A compositor with a greater minimum height sets that one all the same.
+    const LineLayout layout = LayoutOf(width(), upperText, lowerText, height());
     m_upperLine->setGeometry(layout.upper);
     m_lowerLine->setGeometry(layout.lower);
 }
@@ -122,21 +183,34 @@ void Form1::Form_Resize() {
 void Form1::setuptimer_Timer() {
     if (!m_fitted) {
         m_fitted = true;
-        m_geometry.Settle();
+        Keeper().Settle();
         if (isVisible() && IsLost()) {
             ShowAgain();  // it was mapped while the window manager was still starting up
         }
         Form_Resize();
+        ShowThrough();  // a compositing manager may have started after this program
         m_startUpTimer->SetInterval(kStartDelay);
         return;
     }
     m_startUpTimer->Stop();
     m_started = true;
     UpdateKeepTop();
-    ChangeFunction(m_parts.settings.function);
+    SwitchTo(m_parts.settings.function);
 }
 
 void Form1::ChangeFunction(qint32 number) {
+    m_stored.reset();
+    SwitchTo(number);
+}
+
+void Form1::ShowForNow(qint32 number) {
+    if (!m_stored) {
+        m_stored = m_parts.settings.function;
+    }
+    SwitchTo(number);
+}
+
+void Form1::SwitchTo(qint32 number) {
     m_switch.ChangeFunction(number);
     m_roll.FunctionChanged(number);
 }
@@ -144,26 +218,6 @@ void Form1::ChangeFunction(qint32 number) {
 void Form1::RaiseRefresh() {
     for (const auto& display : m_displays) {
         display->Refresh();
-    }
-}
-
-/// After a time jump something may be due earlier than the timers expect.
-void Form1::WakeTimers() {
-    m_chimeTimer.Wake();
-    for (const auto& display : m_displays) {
-        display->Wake();
-    }
-}
-
-void Form1::WakeShown() const {
-    if (Display* const shown = m_switch.Shown()) {
-        shown->Wake();
-    }
-}
-
-void Form1::BringUpShown() const {
-    if (Display* const shown = m_switch.Shown()) {
-        shown->BringUp();
     }
 }
 
@@ -190,11 +244,13 @@ qint64 Form1::UntilKeepTop() const {
 }
 
 void Form1::SaveAll() {
-    const ScreenPlace place = m_parts.further.face.staysOnScreen ? m_screens.Place() : ScreenPlace();
+    const ScreenPlace place = m_parts.further.face.staysOnScreen ? Screens().Place() : ScreenPlace();
     m_parts.further.face.screen = place.screen;
     m_parts.further.face.screenLeft = place.offset.x();
     m_parts.further.face.screenTop = place.offset.y();
-    SaveSettings(m_parts.store, m_parts.settings, m_parts.further, m_geometry.Geometry());
+    AppSettings stored = m_parts.settings;
+    stored.function = m_stored.value_or(stored.function);
+    SaveSettings(m_parts.store, stored, m_parts.further, Keeper().Geometry());
 }
 
 }  // namespace tickwell::shell

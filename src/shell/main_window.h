@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <QWidget>
 #include <memory>
+#include <optional>
 
 #include "core/day_changes.h"
 #include "core/display.h"
@@ -10,19 +10,20 @@
 #include "displays/function_switch.h"
 #include "displays/roll.h"
 #include "lines/moving_word.h"
+#include "shell/click_through.h"
+#include "shell/full_screen_hiding.h"
 #include "shell/main_menu.h"
 #include "shell/main_window_parts.h"
-#include "shell/pointer_gesture.h"
-#include "shell/screen_keeper.h"
+#include "shell/movable_window.h"
+#include "shell/reading_announcer.h"
 #include "shell/tool_launcher.h"
-#include "shell/tray_storage.h"
-#include "shell/window_geometry.h"
+#include "shell/window_keys.h"
 
 namespace tickwell::shell {
 
 /// The main window: two lines, small, frameless, above all other windows. Connects lines, timers and menu
 /// with the classes that determine their contents. Idle until Form_Load.
-class Form1 : public QWidget, public DisplayFunctions, public DayChanges {
+class Form1 : public MovableWindow, public DisplayFunctions, public DayChanges {
     Q_OBJECT
 
 public:
@@ -34,9 +35,10 @@ public:
     void Form_Load();
     void ChangeFunction(qint32 number) override;
     qint32 GetFuncNumber() const override { return m_parts.settings.function; }
+    /// The same for another program: the settings file keeps what the user or the roll chose last.
+    void ShowForNow(qint32 number);
 
     const Displays& AllDisplays() const { return m_displays; }
-
     /// The settings have changed: applies styles, function, date and roll at once.
     void ApplySettings();
     void RaiseRefresh() override;
@@ -55,43 +57,40 @@ public:
     QList<QMenu*> VisibleMenus() const;
 
 protected:
-    void mousePressEvent(QMouseEvent* event) override;
-    void mouseMoveEvent(QMouseEvent* event) override;
-    void mouseReleaseEvent(QMouseEvent* event) override;
+    void Clicked(QPoint pointer) override;
+    void PlaceChanged() override { m_hiding.Look(); }
     void contextMenuEvent(QContextMenuEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
-    void moveEvent(QMoveEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     bool event(QEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    std::unique_ptr<lines::MovingWord> MakeLine(const QString& name);
     MenuChosen WhenChosen();
-    void EnableItems();
+    ReadingAnnouncer::Parts HowToAnnounce();
     void Form_Resize();
+    void SwitchTo(qint32 number);
     void setuptimer_Timer();
     void KeepTop_Timer();
     void Menu_Click(MenuCommand command, qint32 number);
     void Menu_AboutToShow();
-    void ShowOperation() const;
     void ApplyStyles();
-    void PopUpMenu(QPoint at);
     void OpenMenuByKey();
     void SetStored(bool stored);
     void SetSeen(bool isSeen);
-    void WakeTimers();
-    void WakeShown() const;
-    void BringUpShown() const;
     DisplayView ViewForDisplays();
     qint64 UntilKeepTop() const;
     void UpdateKeepTop();
     bool IsCovered() const;
     bool IsLost() const;
     void ShowAgain();
+    void Declare();
+    void UpdateShown();
+    bool IsInUse() const;
+    void ApplySwitcher();
+    void ShowThrough();
     void ApplyFace();
-    void ReturnToScreen();
 
     MainWindowParts m_parts;
     lines::FramePacer m_pacer;
@@ -106,13 +105,15 @@ private:
     SleepingTimer m_chimeTimer;
     displays::FunctionSwitch m_switch;
     displays::Roll m_roll;
-    GeometryKeeper m_geometry;
-    ScreenKeeper m_screens;
-    PointerGesture m_gesture;
     ToolLauncher m_tools;
     TrayStorage m_storage;
-    bool m_fitted = false;   // 3 s after the start: the window has its final size
-    bool m_started = false;  // 8 s later: the stored display has been started
+    WindowKeys m_keys;
+    ReadingAnnouncer m_announcer;
+    FullScreenHiding m_hiding;
+    ClickThrough m_clicks;
+    bool m_fitted = false;           // 3 s after the start: the window has its final size
+    bool m_started = false;          // 8 s later: the stored display has been started
+    std::optional<qint32> m_stored;  // the function to store while another one is shown for now
     bool m_keepTopHeld = false;
 };
 

@@ -4,6 +4,7 @@
 #include <QAccessible>
 #include <QAccessibleWidget>
 
+#include "controls/announcer.h"
 #include "shell/main_window.h"
 
 namespace tickwell::shell {
@@ -48,6 +49,7 @@ QAccessibleInterface* MakeAccessible(const QString& /*className*/, QObject* obje
 
 void InstallMainWindowAccessibility() {
     lines::InstallMovingWordAccessibility();
+    controls::InstallAnnouncerAccessibility();
     QAccessible::installFactory(&MakeAccessible);
 }
 

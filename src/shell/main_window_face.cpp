@@ -15,31 +15,56 @@ LongText LongTextOf(qint32 number) {
     return number == 1 ? LongText::Ellipsis : number == 2 ? LongText::ScrollOnce : LongText::CutOff;
 }
 
+/// The outline's width in pixels.
+int OutlineWidthOf(qint32 number) {
+    switch (static_cast<TextOutline>(number)) {
+        case TextOutline::None:
+            return 0;
+        case TextOutline::Thick:
+            return 2;
+        case TextOutline::Thin:
+            break;
+    }
+    return 1;
+}
+
 }  // namespace
+
+/// A translucent window looks black where nothing is painted if no compositing manager runs, so the
+/// background is painted as long as that is so.
+void Form1::ShowThrough() {
+    std::optional<int> outline;
+    const FaceSettings& face = m_parts.further.face;
+    if (testAttribute(Qt::WA_TranslucentBackground) && face.transparent && m_parts.isComposited()) {
+        outline = OutlineWidthOf(face.outline);
+    }
+    m_upperLine->SetSeeThrough(outline);
+    m_lowerLine->SetSeeThrough(outline);
+}
 
 void Form1::ApplyFace() {
     const FaceSettings& face = m_parts.further.face;
+    ApplySwitcher();
+    m_hiding.Use(face.hidesUnderFullScreen);
     setWindowOpacity(std::clamp(face.opacity, kLeastOpacity, kFullOpacity) / double{kFullOpacity});
     const LongText longText = LongTextOf(face.longText);
     m_upperLine->SetLongText(longText);
     m_lowerLine->SetLongText(longText);
+    ShowThrough();
     // The window is hardly ever the active one.
     setAttribute(Qt::WA_AlwaysShowToolTips, longText != LongText::CutOff);
 }
 
-/// Brings the window to where it belongs on the connected screens, if the user wants that.
-void Form1::ReturnToScreen() {
-    if (!m_parts.further.face.staysOnScreen) {
-        m_screens.Set({});
+/// Window managers leave tool windows out of their switchers, and read the type only when a window is shown.
+void Form1::ApplySwitcher() {
+    const Qt::WindowType type = m_parts.further.face.inWindowSwitcher ? Qt::Window : Qt::Tool;
+    if (windowType() == type) {
         return;
     }
-    const QRect stored(m_geometry.Position(), size());
-    const QPoint place = m_screens.PositionFor(stored);
-    if (place != stored.topLeft()) {
-        m_geometry.Settle();  // this position is intended, not the stored one
-        m_geometry.Moved(place);
-        m_geometry.Unsettle();  // window managers place windows as well when the screens change
-        move(place);
+    const bool wasVisible = isVisible();
+    setWindowFlags((windowFlags() & ~Qt::WindowType_Mask) | type);
+    if (wasVisible) {
+        ShowAgain();
     }
 }
 

@@ -15,7 +15,7 @@ bool IsExposed(const QWidget& window) {
     return window.windowHandle() != nullptr && window.windowHandle()->isExposed();
 }
 
-QList<QRect> Screens() {
+QList<QRect> ScreenAreas() {
     QList<QRect> screens;
     for (const QScreen* each : QGuiApplication::screens()) {
         screens.append(each->geometry());
@@ -27,20 +27,36 @@ QList<QRect> Screens() {
 
 void Form1::SetStored(bool stored) {
     if (!stored) {
-        m_geometry.Unsettle();
-        move(m_geometry.Position());
+        m_hiding.Insist();
     }
-    setVisible(!stored);
+    UpdateShown();
+}
+
+/// Shows or hides the window as notification area and full-screen windows want it.
+void Form1::UpdateShown() {
+    const bool isShown = !m_storage.IsStored() && !m_hiding.IsHidden();
+    if (isShown) {
+        Keeper().Unsettle();
+        move(Keeper().Position());
+    }
+    setVisible(isShown);
+    m_clicks.EnableTaking();
     UpdateKeepTop();
+}
+
+/// Whether the user works with the window, so that it must not be hidden under the pointer.
+bool Form1::IsInUse() const {
+    return m_keepTopHeld || IsPressed() || QApplication::activePopupWidget() != nullptr;
 }
 
 void Form1::HoldKeepTop(bool held) {
     m_keepTopHeld = held;
     UpdateKeepTop();
+    m_hiding.Look();
 }
 
 void Form1::UpdateKeepTop() {
-    if (m_started && !m_keepTopHeld && !m_storage.IsStored()) {
+    if (m_started && !m_keepTopHeld && !m_storage.IsStored() && !m_hiding.IsHidden()) {
         m_keepTopTimer.Start();
     } else {
         m_keepTopTimer.Stop();
@@ -49,7 +65,8 @@ void Form1::UpdateKeepTop() {
 
 /// Another window may have been raised above this one, and the window manager may have iconified it.
 void Form1::KeepTop_Timer() {
-    m_geometry.Settle();
+    Keeper().Settle();
+    ShowThrough();
     if (QApplication::activePopupWidget() == nullptr && IsLost()) {
         ShowAgain();
     }
@@ -78,28 +95,38 @@ bool Form1::IsLost() const {
 /// managers.
 void Form1::ShowAgain() {
     hide();
-    m_geometry.Unsettle();
-    m_parts.stack.Declare(winId());  // Qt already maps the window when its state changes
+    Keeper().Unsettle();
+    Declare();  // Qt already maps the window when its state changes
     setWindowState(windowState() & ~Qt::WindowMinimized);
-    move(m_geometry.Position());
+    move(Keeper().Position());
     show();
+}
+
+void Form1::Declare() {
+    m_parts.stack.Declare(winId(), m_parts.further.face.inWindowSwitcher);
 }
 
 /// Once m_fitted is set, a window that is not exposed was iconified or lost, or it is on another workspace
 /// because the window manager does not support windows on all of them. The window system is queried as well,
 /// because Qt may not have been notified yet.
 void Form1::ComeForward() {
+    const bool wasHidden = m_hiding.IsHidden();
+    m_hiding.Insist();
     if (m_storage.IsStored()) {
         m_storage.TakeBack();
-    } else if (isMinimized() || (m_fitted && (!IsExposed(*this) || m_parts.stack.IsLost(winId())))) {
+    } else if (wasHidden || isMinimized() ||
+               (m_fitted && (!IsExposed(*this) || m_parts.stack.IsLost(winId())))) {
         ShowAgain();
     } else {
         show();
     }
+    if (wasHidden) {
+        UpdateKeepTop();
+    }
     const QRect primary = QGuiApplication::primaryScreen()->availableGeometry();
-    const QPoint place = BroughtBack(geometry(), Screens(), primary).topLeft();
+    const QPoint place = BroughtBack(geometry(), ScreenAreas(), primary).topLeft();
     if (place != pos()) {
-        m_geometry.Settle();  // this position is intended, not the stored one
+        Keeper().Settle();  // this position is intended, not the stored one
         move(place);
     }
     m_parts.stack.BringToUser(winId());

@@ -3,20 +3,15 @@
 #include <QCloseEvent>
 #include <QContextMenuEvent>
 #include <QKeyEvent>
-#include <QMouseEvent>
 #include <QWindow>
 
 #include "shell/main_window.h"
 
 namespace tickwell::shell {
 
-void Form1::PopUpMenu(QPoint at) {
-    m_menu->popup(at);
-}
-
 /// Opens the menu below the window and selects its first item, for further use of the keyboard.
 void Form1::OpenMenuByKey() {
-    PopUpMenu(mapToGlobal(rect().bottomLeft()));
+    m_menu->popup(mapToGlobal(rect().bottomLeft()));
     for (QAction* item : m_menu->actions()) {
         if (item->isEnabled() && !item->isSeparator()) {
             m_menu->setActiveAction(item);
@@ -25,27 +20,8 @@ void Form1::OpenMenuByKey() {
     }
 }
 
-void Form1::mousePressEvent(QMouseEvent* event) {
-    if (event->button() == Qt::LeftButton) {
-        m_geometry.Settle();
-        m_gesture.Press(event->globalPosition().toPoint(), geometry());
-    }
-}
-
-void Form1::mouseMoveEvent(QMouseEvent* event) {
-    const bool atEdge = PointerGesture::IsAtEdge(mapFromGlobal(event->globalPosition()).toPoint(), size());
-    setCursor(atEdge ? Qt::SizeHorCursor : Qt::ArrowCursor);
-    if (const auto wanted = m_gesture.Move(event->globalPosition().toPoint())) {
-        setGeometry(*wanted);
-    }
-}
-
-/// Either button opens the menu when it is released: only then is it known whether the left one has dragged.
-void Form1::mouseReleaseEvent(QMouseEvent* event) {
-    const bool click = event->button() == Qt::LeftButton && m_gesture.Release();
-    if (click || event->button() == Qt::RightButton) {
-        PopUpMenu(event->globalPosition().toPoint());
-    }
+void Form1::Clicked(QPoint pointer) {
+    m_menu->popup(pointer);
 }
 
 void Form1::contextMenuEvent(QContextMenuEvent* event) {
@@ -55,31 +31,28 @@ void Form1::contextMenuEvent(QContextMenuEvent* event) {
 }
 
 void Form1::keyPressEvent(QKeyEvent* event) {
+    const auto& help = m_parts.windows.windowHelp;
     if (event->key() == Qt::Key_Space || event->key() == Qt::Key_F10) {
         OpenMenuByKey();
-        return;
-    }
-    QWidget::keyPressEvent(event);
-}
-
-void Form1::moveEvent(QMoveEvent* /*event*/) {
-    if (m_geometry.Moved(pos())) {
-        QMetaObject::invokeMethod(
-            this, [this] { move(m_geometry.Position()); }, Qt::QueuedConnection);
-    } else if (m_parts.further.face.staysOnScreen) {
-        m_screens.Moved(geometry());
+    } else if (event->key() == Qt::Key_F1 && event->modifiers() == Qt::NoModifier && help) {
+        m_parts.handlers.Run(help, this);
+    } else if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+        m_announcer.Ask();
+    } else if (!m_keys.Press(*event)) {
+        QWidget::keyPressEvent(event);
     }
 }
 
 void Form1::resizeEvent(QResizeEvent* event) {
-    m_geometry.Resized(event->size().width());
+    Keeper().Resized(event->size().width());
     Form_Resize();
+    m_clicks.Resized();
 }
 
 bool Form1::event(QEvent* event) {
     if (event->type() == QEvent::Show) {
         if (!event->spontaneous()) {  // about to be mapped
-            m_parts.stack.Declare(winId());
+            Declare();
             QMetaObject::invokeMethod(
                 this, [this] { m_parts.stack.AskForDeclared(winId()); }, Qt::QueuedConnection);
         }
@@ -87,6 +60,8 @@ bool Form1::event(QEvent* event) {
         SetSeen(true);
     } else if (event->type() == QEvent::Hide) {
         SetSeen(false);
+    } else if (event->type() == QEvent::WindowActivate) {
+        m_announcer.Ask();
     }
     return QWidget::event(event);
 }

@@ -1,18 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "controls/access_keys.h"
 #include "shell/main_window.h"
 
 namespace tickwell::shell {
 
 MenuChosen Form1::WhenChosen() {
     return [this](MenuCommand command, qint32 number) { Menu_Click(command, number); };
-}
-
-void Form1::EnableItems() {
-    m_menu->Item(MenuCommand::ShowCalendar)->setEnabled(m_parts.windows.calendar != nullptr);
-    m_menu->Item(MenuCommand::ShowSettings)->setEnabled(m_parts.windows.settings != nullptr);
-    m_menu->Item(MenuCommand::ShowHelp)->setEnabled(m_parts.windows.help != nullptr);
-    m_trayMenu->Item(MenuCommand::ShowHelp)->setEnabled(m_parts.windows.help != nullptr);
-    m_menu->Item(MenuCommand::ShowAbout)->setEnabled(m_parts.windows.about != nullptr);
 }
 
 void Form1::Menu_Click(MenuCommand command, qint32 number) {
@@ -37,22 +30,20 @@ void Form1::Menu_Click(MenuCommand command, qint32 number) {
             close();
             return;
         case MenuCommand::ShowOperation:
-            return ShowOperation();
+            if (Display* const shown = m_switch.Shown()) {
+                shown->OpenWindow();
+            }
+            return;
         case MenuCommand::Separator:
         case MenuCommand::Tools:
             return;
     }
 }
 
-void Form1::ShowOperation() const {
-    if (Display* const shown = m_switch.Shown()) {
-        shown->OpenWindow();
-    }
-}
-
 /// If the desktop shows no icons, a window could not be taken back out of the notification area.
 void Form1::Menu_AboutToShow() {
     m_menu->Item(MenuCommand::StoreInTray)->setEnabled(m_storage.CanStore());
+    controls::ShowAccessKeys(*m_menu, m_parts.further.keyboard.showsAccessKeys);
 }
 
 QList<QMenu*> Form1::VisibleMenus() const {

@@ -8,6 +8,8 @@
 #include "core/display.h"
 #include "core/handlers.h"
 #include "core/ports/clock.h"
+#include "core/ports/focus_return.h"
+#include "core/ports/full_screen_watch.h"
 #include "core/ports/power.h"
 #include "core/ports/program_starter.h"
 #include "core/ports/settings_store.h"
@@ -19,6 +21,8 @@
 #include "core/settings.h"
 #include "displays/chime.h"
 
+class QWindow;
+
 namespace tickwell::shell {
 
 /// Functions that open the other windows. If one is empty, its menu items are disabled.
@@ -26,6 +30,7 @@ struct OtherWindows {
     std::function<void()> calendar;
     std::function<void()> settings;
     std::function<void()> help;
+    std::function<void()> windowHelp = {};  ///< the help's page about the main window
     std::function<void()> about;
 };
 
@@ -43,12 +48,19 @@ struct MainWindowParts {
     const Power& power;
     Tray& tray;
     WindowStack& stack;
+    FocusReturn& focus;
+    FullScreenWatch& fullScreen;
     ProgramStarter& starter;
     ProgramFolder folder;
     Handlers& handlers;
     OtherWindows windows;
     DisplaysMaker makeDisplays;
     displays::Chime::Player playChime;
+    /// Whether the compositor of a Wayland session places the window, so that drags are handed to it.
+    bool isPlacedByCompositor = false;
+    std::function<bool()> isComposited;  ///< whether translucent windows can be seen through
+    /// Lets the mouse reach what is below a window, or ends that.
+    std::function<void(QWindow& window, bool passes)> passClicks;
     std::function<void()>
         closed;  ///< called when the window has closed; settings were saved and the tray icon was removed
 };

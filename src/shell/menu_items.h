@@ -54,6 +54,10 @@ inline constexpr std::array kTrayMenuItems{
     MenuItem{u"Menu94", u"終了", MenuCommand::Quit},
 };
 
+/// The first item of both menus while clicks go through the main window.
+inline constexpr QStringView kAcceptClicksName = u"Menu95";
+inline constexpr QStringView kAcceptClicksCaption = u"クリックを受ける";
+
 /// A companion tool: its item in the tools' menu, and its file in the program's folder.
 struct Tool {
     QStringView caption;

@@ -16,6 +16,10 @@ bool PointerGesture::IsAtEdge(QPoint local, QSize window) {
     return local.x() >= window.width() - kEdge;
 }
 
+QRect PointerGesture::Widened(const QRect& window, int by) {
+    return {window.topLeft(), QSize(std::max(kNarrowest, window.width() + by), window.height())};
+}
+
 void PointerGesture::Press(QPoint pointer, const QRect& window) {
     m_pressed = true;
     m_dragging = false;
@@ -33,11 +37,7 @@ std::optional<QRect> PointerGesture::Move(QPoint pointer) {
     if (!m_dragging) {
         return std::nullopt;
     }
-    if (m_atEdge) {
-        const int width = std::max(kNarrowest, m_window.width() + way.x());
-        return QRect(m_window.topLeft(), QSize(width, m_window.height()));
-    }
-    return m_window.translated(way);
+    return m_atEdge ? Widened(m_window, way.x()) : m_window.translated(way);
 }
 
 bool PointerGesture::Release() {

@@ -17,11 +17,21 @@ public:
     /// Whether this point, in the window's coordinates, is on the edge that changes the width.
     static bool IsAtEdge(QPoint local, QSize window);
 
+    /// The geometry with the right edge moved by this many pixels, but never narrower than what can still be
+    /// dragged.
+    static QRect Widened(const QRect& window, int by);
+
     /// `pointer` and `window` in screen coordinates.
     void Press(QPoint pointer, const QRect& window);
 
     /// The new geometry of the window; nothing if it stays unchanged.
     std::optional<QRect> Move(QPoint pointer);
+
+    /// Whether the press was on the edge, so that a drag changes the width.
+    bool ChangesWidth() const { return m_pressed && m_atEdge; }
+
+    /// Whether the button is down.
+    bool IsPressed() const { return m_pressed; }
 
     /// Whether the press was a click.
     bool Release();

@@ -25,14 +25,27 @@ void TrayStorage::Store() {
         return;
     }
     m_storing = true;
+    if (m_hasIcon) {
+        IconShown(true);
+    } else {
+        ShowIcon();
+    }
+}
+
+void TrayStorage::ShowIcon() {
+    if (std::exchange(m_asking, true)) {
+        return;
+    }
     m_tray.Show(
-        u"Tickwell Ver.2"_s, m_menu, [this] { TakeBack(); }, [this](bool isShown) { IconShown(isShown); });
+        u"Tickwell Ver.2"_s, m_menu, [this] { Click(); }, [this](bool isShown) { IconShown(isShown); });
 }
 
 /// Hides the window only now, so that a desktop that does not answer cannot make it unreachable.
 void TrayStorage::IconShown(bool isShown) {
-    m_storing = false;
-    if (!isShown) {
+    m_asking = false;
+    const bool stores = std::exchange(m_storing, false);
+    SetHasIcon(isShown);
+    if (!stores || !isShown) {
         return;
     }
     m_stored = true;
@@ -41,17 +54,59 @@ void TrayStorage::IconShown(bool isShown) {
     m_onStored(true);
 }
 
+void TrayStorage::SetHasIcon(bool hasIcon) {
+    if (std::exchange(m_hasIcon, hasIcon) != hasIcon && m_use) {
+        m_use->changed();
+    }
+}
+
+void TrayStorage::Click() {
+    if (m_use && !m_stored) {
+        const auto clicked = m_use->clicked;  // a copy: the call may release the icon
+        clicked();
+    } else {
+        TakeBack();
+    }
+}
+
 void TrayStorage::TakeBack() {
     if (std::exchange(m_stored, false)) {
         m_onStored(false);
+        RemoveUnused();
+    } else if (std::exchange(m_storing, false)) {
+        RemoveUnused();
+    }
+}
+
+void TrayStorage::KeepIcon(const IconUse& use) {
+    m_use = use;
+    if (!m_watch->IsRunning()) {
+        m_missed = false;
+        m_watch->Start();
+    }
+    if (!m_hasIcon) {
+        ShowIcon();
+    }
+}
+
+void TrayStorage::ReleaseIcon() {
+    m_use.reset();
+    if (!m_stored && !m_storing) {
         Remove();
-    } else if (m_storing) {
+    }
+}
+
+void TrayStorage::RemoveUnused() {
+    if (!m_use) {
         Remove();
     }
 }
 
 void TrayStorage::Remove() {
+    m_use.reset();
+    m_asking = false;
     m_storing = false;
+    m_hasIcon = false;
     m_watch->Stop();
     m_tray.Hide();
 }
@@ -59,8 +114,19 @@ void TrayStorage::Remove() {
 void TrayStorage::Watch_Timer() {
     if (m_tray.IsThere()) {
         m_missed = false;
+        if (m_use && !m_hasIcon) {
+            ShowIcon();
+        }
     } else if (std::exchange(m_missed, true)) {
-        TakeBack();
+        AreaGone();
+    }
+}
+
+void TrayStorage::AreaGone() {
+    TakeBack();
+    if (m_use && m_hasIcon) {
+        m_tray.Hide();
+        SetHasIcon(false);
     }
 }
 

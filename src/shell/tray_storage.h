@@ -3,12 +3,19 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 
 #include "core/handlers.h"
 #include "core/ports/timer.h"
 #include "core/ports/tray.h"
 
 namespace tickwell::shell {
+
+/// What keeps the icon in the notification area although the window is not stored there.
+struct IconUse {
+    std::function<void()> changed;  ///< HasIcon has changed
+    std::function<void()> clicked;  ///< the icon was clicked while the window was not stored
+};
 
 /// Stores the main window in the notification area. The window always stays reachable: it is hidden only once
 /// its icon is shown, and it reappears if the notification area disappears.
@@ -29,18 +36,34 @@ public:
     /// Shows the window and removes the icon, or cancels a pending Store; otherwise does nothing.
     void TakeBack();
 
+    /// Shows the icon until ReleaseIcon, whether or not the window is stored, and as soon as there is a
+    /// notification area.
+    void KeepIcon(const IconUse& use);
+    /// Removes the icon unless the window is stored.
+    void ReleaseIcon();
+    bool KeepsIcon() const { return m_use.has_value(); }
+    bool HasIcon() const { return m_hasIcon; }
+
     /// Only removes the icon, for the end of the program.
     void Remove();
 
 private:
+    void ShowIcon();
     void IconShown(bool isShown);
+    void SetHasIcon(bool hasIcon);
+    void Click();
+    void RemoveUnused();
     void Watch_Timer();
+    void AreaGone();
 
     Tray& m_tray;
     QMenu& m_menu;
     std::function<void(bool)> m_onStored;
     std::unique_ptr<Timer> m_watch;
+    std::optional<IconUse> m_use;
+    bool m_asking = false;   // the area has not answered yet
     bool m_storing = false;  // the icon is not shown yet
+    bool m_hasIcon = false;
     bool m_stored = false;
     bool m_missed = false;  // the last check found no notification area
 };

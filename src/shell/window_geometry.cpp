@@ -53,10 +53,10 @@ void GeometryKeeper::Resized(int width) {
     }
 }
 
-LineLayout LayoutOf(int width, int upperTextHeight, int lowerTextHeight) {
+LineLayout LayoutOf(int width, int upperTextHeight, int lowerTextHeight, int windowHeight) {
     const int upperNeed = upperTextHeight + 2 * kMargin;
     const int lowerNeed = lowerTextHeight + 2 * kMargin;
-    const int height = Guarded(upperNeed + lowerNeed, kLowestHeight);
+    const int height = Guarded(std::max(upperNeed + lowerNeed, windowHeight), kLowestHeight);
     const int upperHeight = std::min(upperNeed + std::max(0, height - upperNeed - lowerNeed) / 2, height);
     return {QRect(0, 0, width, upperHeight), QRect(0, upperHeight, width, height - upperHeight), height};
 }

@@ -50,9 +50,9 @@ struct LineLayout {
     int height = 0;  ///< of the window, pixels
 };
 
-/// Each line has the height of its text and a small margin. If that is below the minimum height, both lines
-/// share the rest.
-LineLayout LayoutOf(int width, int upperTextHeight, int lowerTextHeight);
+/// Each line has the height of its text and a small margin. If that is below the minimum height or below
+/// `windowHeight`, both lines share the rest.
+LineLayout LayoutOf(int width, int upperTextHeight, int lowerTextHeight, int windowHeight = 0);
 
 /// `window` moved to the corner of `screen` if it intersects none of `screens`; otherwise unchanged.
 QRect BroughtBack(const QRect& window, const QList<QRect>& screens, const QRect& screen);

@@ -35,6 +35,9 @@ void Countdown::Start() {
     m_state.CountdownStart =
         paused ? CheckedAdd(now, CheckedSub(m_state.CountdownStart, m_state.CountdownPausedAt)) : now;
     m_state.CountdownRunning = true;
+    if (!paused) {
+        m_state.CountdownName.clear();
+    }
 }
 
 void Countdown::Stop() {

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <QString>
+
 #include "core/ports/clock.h"
 
 namespace tickwell::timing {
@@ -15,6 +17,7 @@ struct CountdownState {
     bool CountdownRepeat = false;   ///< starts again at zero
     qint32 CountdownLoopCount = 0;  ///< repeated cycles since the program started, over all runs
     bool TimerShownOnMain = false;  ///< the main window shows the countdown
+    QString CountdownName;          ///< of the last run; empty unless another program named it
 };
 
 /// The rules of the countdown. An overflow throws OverflowError and leaves the state unchanged.
@@ -38,8 +41,9 @@ public:
     /// Replaces a duration of zero by fifteen seconds; returns whether it was zero.
     bool ReplaceZero();
 
-    /// Starts a new run, or continues a stopped one with its remaining time.
+    /// Starts a new run, which has no name yet, or continues a stopped one with its remaining time.
     void Start();
+    void SetName(const QString& name) { m_state.CountdownName = name; }
     void Stop();
     /// Discards a pause, so that the next start begins a new run. Duration and loop count are unchanged.
     void Forget();

@@ -11,8 +11,10 @@
 #include <cmath>
 #include <utility>
 
+#include "controls/access_keys.h"
 #include "controls/bring_forward.h"
 #include "controls/control_making.h"
+#include "controls/help_key.h"
 #include "timing/lap_line.h"
 #include "timing/lap_report.h"
 
@@ -50,7 +52,8 @@ StopForm::StopForm(StopwatchWindowParts parts, QWidget* parent)
                                          [this] { Command3_Click(); })),
       m_helpButton(controls::MakeButton(u"Command4"_s, u"ヘルプ"_s, this, m_parts.handlers,
                                         [this] { Command4_Click(); })),
-      m_lapList(controls::Named(new QPlainTextEdit(this), u"Text1"_s, u"ラップ/経歴一覧表"_s)) {
+      m_lapList(controls::Named(new QPlainTextEdit(this), u"Text1"_s, u"ラップ/経歴一覧表"_s)),
+      m_announcer(new controls::Announcer(this)) {
     setObjectName(u"StopForm"_s);
     setWindowTitle(u"ストップウォッチ"_s);
     m_lapList->setReadOnly(true);
@@ -58,6 +61,8 @@ StopForm::StopForm(StopwatchWindowParts parts, QWidget* parent)
     m_lapList->setTabChangesFocus(true);
     m_lapList->setLineWrapMode(QPlainTextEdit::NoWrap);
     LayOut();
+    ShowCaptions();
+    controls::OpenHelpByKey(*this, m_parts.handlers, m_parts.help, kHelpStopwatch);
 }
 
 void StopForm::LayOut() {
@@ -107,6 +112,12 @@ void StopForm::BringUp() {
     controls::BringForward(*this);
 }
 
+void StopForm::Refresh() {
+    if (isVisible()) {
+        ShowState();
+    }
+}
+
 void StopForm::Form_Load() {
     m_parts.handlers.Run(m_parts.enterFolder);
     m_parts.panel.Load();
@@ -126,13 +137,24 @@ void StopForm::done(int result) {
 }
 
 void StopForm::Command1_Click() {
+    const qsizetype before = m_parts.panel.List().size();
     const auto shown = qScopeGuard([this] { ShowState(); });  // a failed stop changes the state too
     m_parts.panel.StartOrStop();
+    if (m_parts.panel.List().size() > before) {
+        AnnounceLastLine();
+    }
 }
 
 void StopForm::Command2_Click() {
     m_parts.panel.LapOrReset();
     ShowState();
+    AnnounceLastLine();
+}
+
+/// The list does not have the focus, so screen readers would not notice what was added.
+void StopForm::AnnounceLastLine() {
+    const QString& list = m_parts.panel.List();
+    m_announcer->Announce(list.mid(list.lastIndexOf(u'\n') + 1));
 }
 
 /// Allows one question and then one print at a time; both may end after the window was closed.
@@ -172,10 +194,14 @@ void StopForm::Command4_Click() {
 }
 
 void StopForm::ShowState() {
-    const StopwatchCaptions captions = m_parts.panel.Captions();
-    m_startButton->setText(captions.startOrStop.toString());
-    m_lapButton->setText(captions.lapOrReset.toString());
+    ShowCaptions();
     ShowList();
+}
+
+void StopForm::ShowCaptions() {
+    const StopwatchCaptions captions = m_parts.panel.Captions();
+    controls::SetCaption(*m_startButton, captions.startOrStop.toString());
+    controls::SetCaption(*m_lapButton, captions.lapOrReset.toString());
 }
 
 /// Appends only new text: setting the complete text for each lap would take longer with every lap. The text

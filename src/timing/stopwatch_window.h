@@ -5,6 +5,7 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 
+#include "controls/announcer.h"
 #include "core/handlers.h"
 #include "core/ports/clock.h"
 #include "core/ports/help_viewer.h"
@@ -42,6 +43,9 @@ public:
     /// Shows the window, or brings it to the front if it is open.
     void BringUp();
 
+    /// Shows the state after another program has changed it, if the window is open.
+    void Refresh();
+
     /// Called however the window is closed.
     void done(int result) override;
 
@@ -54,6 +58,8 @@ private:
     void Command3_Click();
     void Command4_Click();
     void ShowState();
+    void ShowCaptions();
+    void AnnounceLastLine();
     void ShowList();
     void Print();
     void EnablePrinting();
@@ -66,6 +72,7 @@ private:
     QPushButton* m_printButton;
     QPushButton* m_helpButton;
     QPlainTextEdit* m_lapList;
+    controls::Announcer* m_announcer;
     int m_shownList = 0;          // ListNumber of the contents of m_lapList
     qsizetype m_shownLength = 0;  // how much of that list m_lapList contains
 };

@@ -3,7 +3,6 @@
 
 #include <QApplication>
 #include <QHBoxLayout>
-#include <QLabel>
 #include <QPushButton>
 #include <QStyle>
 #include <QVBoxLayout>
@@ -16,7 +15,14 @@ namespace tickwell::timing {
 
 using namespace Qt::StringLiterals;
 
-Form8::Form8(TimerNoticeParts parts, QWidget* parent) : QDialog(parent), m_parts(std::move(parts)) {
+namespace {
+
+constexpr int kWidestName = 30;  // ems; a longer name ends in an ellipsis
+
+}  // namespace
+
+Form8::Form8(TimerNoticeParts parts, QWidget* parent)
+    : QDialog(parent), m_parts(std::move(parts)), m_name(controls::MakeLabel(u"Label2"_s, QString(), this)) {
     setObjectName(u"Form8"_s);
     setWindowTitle(u"タイマー"_s);
     setWindowFlag(Qt::WindowStaysOnTopHint);
@@ -33,9 +39,13 @@ void Form8::LayOut() {
         controls::MakeButton(u"Command1"_s, u"確認"_s, this, m_parts.handlers, [this] { close(); });
     confirm->setDefault(true);
 
+    m_name->setTextFormat(Qt::PlainText);  // another program wrote it
+    auto* texts = new QVBoxLayout;
+    texts->addWidget(m_name);
+    texts->addWidget(label);
     auto* said = new QHBoxLayout;
     said->addWidget(icon);
-    said->addWidget(label, 1);
+    said->addLayout(texts, 1);
     auto* all = new QVBoxLayout(this);
     all->addLayout(said);
     all->addWidget(confirm, 0, Qt::AlignHCenter);
@@ -46,9 +56,18 @@ void Form8::BringUp() {
     if (isVisible()) {
         return;
     }
+    ShowName();
     controls::BringForward(*this);
     QApplication::alert(this);  // marks the window in case the desktop does not give it the keyboard focus
     Form_Load();                // last: an error box opened before this modal window would be blocked by it
+}
+
+void Form8::ShowName() {
+    const QString name = m_parts.name();
+    const QFontMetrics font = m_name->fontMetrics();
+    m_name->setText(font.elidedText(name, Qt::ElideRight, kWidestName * font.height()));
+    m_name->setAccessibleName(name);
+    m_name->setVisible(!name.isEmpty());
 }
 
 void Form8::Form_Load() {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QDialog>
+#include <QLabel>
 
 #include "core/handlers.h"
 
@@ -14,6 +15,8 @@ struct TimerNoticeParts {
         enterFolder;  ///< makes the program's folder the current one, or throws RunTimeError
     /// Sends one multimedia command and reports a failure to the user.
     std::function<void(const QString& command)> sendCommand;
+    /// The name of the run that has ended; empty if it has none.
+    std::function<QString()> name = [] { return QString(); };
 };
 
 /// The notice, with sound, that the countdown has reached zero. It is shown in front of all other windows and
@@ -35,7 +38,10 @@ private:
     void Form_Load();
     void Form_Unload();
 
+    void ShowName();
+
     TimerNoticeParts m_parts;
+    QLabel* m_name;  // owned by the window
 };
 
 }  // namespace tickwell::timing

@@ -50,6 +50,17 @@ void TimerPanel::StartOrStop(const TimerEntry& entry) {
     m_countdownTimer.Start();
 }
 
+void TimerPanel::StartNew(qint32 milliseconds, const QString& name) {
+    m_countdown.Forget();
+    m_countdown.SetDuration(milliseconds);
+    m_countdown.SetRepeat(false);
+    m_lines.upper.ShowText(name.isEmpty() ? u"タイマー"_s : name);
+    m_lines.lower.SetText(ElapsedText(milliseconds));
+    m_countdown.Start();
+    m_countdown.SetName(name);
+    m_countdownTimer.Start();
+}
+
 void TimerPanel::Reset(const TimerEntry& entry) {
     ReadEntries(entry);
     m_countdown.Forget();

@@ -38,6 +38,10 @@ public:
     /// Starts with this entry while stopped; stops while running. Throws OverflowError.
     void StartOrStop(const TimerEntry& entry);
 
+    /// Starts a new run of this many milliseconds without repeat, for another program, and shows its name on
+    /// the upper line. A stopped run is discarded. Only while the countdown is not running.
+    void StartNew(qint32 milliseconds, const QString& name);
+
     /// Resets to the beginning, with this entry. Throws OverflowError.
     void Reset(const TimerEntry& entry);
 

@@ -5,8 +5,10 @@
 #include <QVBoxLayout>
 #include <array>
 
+#include "controls/access_keys.h"
 #include "controls/bring_forward.h"
 #include "controls/control_making.h"
+#include "controls/help_key.h"
 #include "controls/number_box.h"
 
 namespace tickwell::timing {
@@ -41,6 +43,7 @@ TimerForm::TimerForm(const TimerWindowParts& parts, QWidget* parent)
     setObjectName(u"TimerForm"_s);
     setWindowTitle(u"タイマー"_s);
     LayOut();
+    controls::OpenHelpByKey(*this, m_parts.handlers, m_parts.help, kHelpTimer);
     for (const QSpinBox* box : {m_hours, m_minutes, m_seconds}) {
         m_parts.handlers.Connect(box, &QSpinBox::valueChanged, this, [this] { ReadEntries(); });
     }
@@ -73,6 +76,7 @@ void TimerForm::AddEntry(QHBoxLayout& row, QSpinBox& box, int largest, QLabel& l
     box.setRange(0, largest);
     box.setKeyboardTracking(false);  // a zero that is still being typed must not become fifteen
     box.setAccessibleName(label.text());
+    label.setBuddy(&box);
     row.addWidget(&box, 1);
     row.addWidget(&label);
 }
@@ -95,7 +99,7 @@ void TimerForm::RefreshForm() {
     for (QWidget* control : entry) {  // controls that set the time are disabled while it runs
         control->setEnabled(!running);
     }
-    m_startButton->setText(running ? u"ストップ"_s : u"スタート"_s);
+    controls::SetCaption(*m_startButton, running ? u"ストップ"_s : u"スタート"_s);
 }
 
 void TimerForm::Show(const TimerEntry& entry) {

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "timing/timing_tools.h"
 
+#include <QScopeGuard>
+
 #include "timing/log.h"
 
 namespace tickwell::timing {
@@ -49,6 +51,29 @@ void TimingTools::BringUp() {
     }
 }
 
+void TimingTools::StartOrStopStopwatch() {
+    const auto follow = qScopeGuard([this] { FollowStopwatch(); });  // a failed stop changes the state too
+    m_stopwatchPanel.StartOrStop();
+}
+
+void TimingTools::LapOrResetStopwatch() {
+    m_stopwatchPanel.LapOrReset();
+    FollowStopwatch();
+}
+
+/// A window that opens later restores the kept list.
+void TimingTools::FollowStopwatch() {
+    m_stopwatchPanel.Unload();
+    if (m_stopForm) {
+        m_stopForm->Refresh();
+    }
+}
+
+void TimingTools::StartCountdown(qint32 milliseconds, const QString& name) {
+    m_timerPanel.StartNew(milliseconds, name);
+    RefreshTimerForm();
+}
+
 void TimingTools::ShowStopForm() {
     if (!m_stopForm) {
         m_stopForm = std::make_unique<StopForm>(StopwatchWindowParts{.panel = m_stopwatchPanel,
@@ -85,10 +110,12 @@ void TimingTools::RefreshTimerForm() {
 
 void TimingTools::ShowNotice() {
     if (!m_notice) {
-        m_notice = std::make_unique<Form8>(TimerNoticeParts{.handlers = m_parts.handlers,
-                                                            .enterFolder = m_parts.enterFolder,
-                                                            .sendCommand = m_parts.sendCommand},
-                                           nullptr);
+        m_notice = std::make_unique<Form8>(
+            TimerNoticeParts{.handlers = m_parts.handlers,
+                             .enterFolder = m_parts.enterFolder,
+                             .sendCommand = m_parts.sendCommand,
+                             .name = [this] { return m_countdown.State().CountdownName; }},
+            nullptr);
     }
     PlaceIfClosed(*m_notice);
     m_notice->BringUp();

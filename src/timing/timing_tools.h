@@ -59,6 +59,19 @@ public:
     /// Updates a running reading between two ticks. Never throws: an error is reported by the tick.
     void BringUp();
 
+    // For other programs. The windows follow, and what they keep while they are closed as well.
+
+    bool IsStopwatchRunning() const { return m_stopwatch.IsRunning(); }
+    /// The stopwatch's current reading, and that of the last lap, in ms. Throws OverflowError.
+    qint32 StopwatchReading() const { return m_stopwatch.Reading(); }
+    qint32 LapReading() const { return m_parts.stopwatch.StopwatchLapReading; }
+    /// What the buttons of the stopwatch's window do; see StopwatchPanel.
+    void StartOrStopStopwatch();
+    void LapOrResetStopwatch();
+    bool IsCountdownRunning() const { return m_timerPanel.IsRunning(); }
+    /// See TimerPanel::StartNew.
+    void StartCountdown(qint32 milliseconds, const QString& name);
+
     void ShowStopForm();
     void ShowTimerForm() override;
     void RefreshTimerForm() override;
@@ -68,6 +81,7 @@ public:
     void CloseWindows();
 
 private:
+    void FollowStopwatch();
     void PlaceIfClosed(QWidget& window) const;
 
     TimingParts m_parts;

@@ -42,7 +42,8 @@ void TstDayOptions::TodayIsTaken() {
     const Options options =
         Of({u"--today"_s, u"--folder=/a"_s, u"--virtual-time=5,6,1998-10-03T23:59:57,0"_s});
     QCOMPARE(options.error, QString());
-    QVERIFY(options.printsToday && options.needsNoWindow && !options.printsDays && !options.opensMenu);
+    QVERIFY(options.printsToday && options.needsNoWindow && !options.printsDays &&
+            options.request == Request::ComeForward);
     QCOMPARE(options.folder, u"/a"_s);
     QVERIFY(options.virtualTime.has_value());
 }

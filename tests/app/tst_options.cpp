@@ -61,8 +61,8 @@ void TstOptions::TheDiscIsTaken() {
 }
 
 void TstOptions::TheMenuOptionIsTaken() {
-    QVERIFY(!OptionsOf({u"tickwell"_s}).opensMenu);
-    QVERIFY(OptionsOf({u"tickwell"_s, u"--menu"_s}).opensMenu);
+    QVERIFY(OptionsOf({u"tickwell"_s}).request == Request::ComeForward);
+    QVERIFY(OptionsOf({u"tickwell"_s, u"--menu"_s}).request == Request::Menu);
 }
 
 void TstOptions::HelpAndVersionAreAnswered() {

@@ -124,8 +124,8 @@ void TstSingleInstance::UnknownWordsAreIgnored() {
         QTRY_COMPARE(socket.state(), QLocalSocket::UnconnectedState);
         QCOMPARE(calls.size(), expected);
     }
-    QCOMPARE(calls.at(0).constFirst().toBool(), false);
-    QCOMPARE(calls.at(1).constFirst().toBool(), true);
+    QCOMPARE(calls.at(0).constFirst().value<Request>(), Request::ComeForward);
+    QCOMPARE(calls.at(1).constFirst().value<Request>(), Request::Menu);
 }
 
 void TstSingleInstance::AnEndlessWordIsIgnored() {
@@ -187,7 +187,7 @@ void TstSingleInstance::AnotherUsersWordIsIgnored() {
     QVERIFY(own.waitForConnected());
     own.write("forward\n");
     QTRY_COMPARE(calls.size(), 1);
-    QCOMPARE(calls.at(0).constFirst().toBool(), false);
+    QCOMPARE(calls.at(0).constFirst().value<Request>(), Request::ComeForward);
 }
 
 void TstSingleInstance::NothingIsSentToAnotherUser() {
@@ -212,7 +212,7 @@ void TstSingleInstance::NothingIsSentToAnotherUser() {
                          listen(listener, 5) == 0;
     QCOMPARE(seteuid(self), 0);
     QVERIFY(listens);
-    QVERIFY(!SingleInstance(folder.path()).CallFirst(true));
+    QVERIFY(!SingleInstance(folder.path()).CallFirst(Request::Menu));
     const int heard = accept(listener, nullptr, nullptr);
     QVERIFY(heard >= 0);
     char byte = 0;
@@ -224,7 +224,7 @@ void TstSingleInstance::NothingIsSentToAnotherUser() {
 void TstSingleInstance::WithoutAFirstInstanceNobodyAnswers() {
     const QTemporaryDir folder;
     const SingleInstance second(folder.path());
-    QVERIFY(!second.CallFirst(false));
+    QVERIFY(!second.CallFirst(Request::ComeForward));
 }
 
 void TstSingleInstance::TheReasonForNoAnswerIsNamed_data() {
@@ -258,7 +258,7 @@ void TstSingleInstance::TheReasonForNoAnswerIsNamed() {
         QCOMPARE(bind(left, reinterpret_cast<const sockaddr*>(&address), sizeof(address)), 0);
     }
     const SingleInstance second(folder.path());
-    QVERIFY(!second.CallFirst(false));
+    QVERIFY(!second.CallFirst(Request::ComeForward));
     const QString reason = second.WhyNoAnswer();
     QVERIFY2(reason.startsWith(u"すでに起動していますが、応答がありません。\r\n"_s + path + u"\r\n") &&
                  reason.contains(words) && reason.endsWith(u"もう一度起動してください。"),

@@ -7,6 +7,7 @@
 #include "platform/time/virtual_time.h"
 #include "store/day_store.h"
 #include "support/fake_day_changes.h"
+#include "support/fake_help_viewer.h"
 #include "support/fake_message_boxes.h"
 
 namespace tickwell::book {
@@ -22,6 +23,7 @@ struct BookBench : DialogBench {
     platform::VirtualTime time{QDateTime(QDate(1998, 11, 15), QTime(21, 5, 7))};
     FakeMessageBoxes boxes;
     Handlers handlers{boxes};
+    FakeHelpViewer help;
     AnniversaryBook book{{.dayDatabase = database,
                           .further = further,
                           .list = list,
@@ -29,6 +31,7 @@ struct BookBench : DialogBench {
                           .clock = time,
                           .boxes = boxes,
                           .handlers = handlers,
+                          .help = help,
                           .timers = time}};
     QDate selected{1998, 10, 3};
     QWidget calendar;  // declared last, because it deletes the dialogs, which use the others

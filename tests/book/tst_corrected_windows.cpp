@@ -30,6 +30,7 @@ struct Bench : days::CalendarWindowBench {
                                        .clock = time,
                                        .boxes = boxes,
                                        .handlers = handlers,
+                                       .help = help,
                                        .timers = time});
         book.edit = [windows](QDate date, QWidget* above, days::BookWindows::Closed whenClosed) {
             windows.OpenEditor(date, above, std::move(whenClosed));

@@ -90,9 +90,31 @@ void TstFurtherSettings::TheFaceHasItsKeys() {
                      .staysOnScreen = true,
                      .screen = u"DP-2"_s,
                      .screenLeft = -7,
-                     .screenTop = 300};
-    QStringList written{u"Face/Opacity=35"_s,  u"Face/LongText=2"_s,    u"Face/StaysOnScreen=True"_s,
-                        u"Face/Screen=DP-2"_s, u"Face/ScreenLeft=-7"_s, u"Face/ScreenTop=300"_s};
+                     .screenTop = 300,
+                     .showsZone = true,
+                     .zone = u"Europe/London"_s,
+                     .zoneName = u"ロンドン"_s,
+                     .hidesUnderFullScreen = true,
+                     .inWindowSwitcher = true,
+                     .transparent = true,
+                     .outline = 2,
+                     .clickThrough = true,
+                     .clickThroughWithoutIcon = true};
+    QStringList written{u"Face/Opacity=35"_s,
+                        u"Face/LongText=2"_s,
+                        u"Face/StaysOnScreen=True"_s,
+                        u"Face/Screen=DP-2"_s,
+                        u"Face/ScreenLeft=-7"_s,
+                        u"Face/ScreenTop=300"_s,
+                        u"Face/ShowsZone=True"_s,
+                        u"Face/Zone=Europe/London"_s,
+                        u"Face/ZoneName=ロンドン"_s,
+                        u"Face/HidesUnderFullScreen=True"_s,
+                        u"Face/InWindowSwitcher=True"_s,
+                        u"Face/Transparent=True"_s,
+                        u"Face/Outline=2"_s,
+                        u"Face/ClickThrough=True"_s,
+                        u"Face/ClickThroughWithoutIcon=True"_s};
     QStringList found = WrittenFurther(expected);
     written.sort();
     found.sort();

@@ -11,6 +11,7 @@
 //   FAKE_DRIVE_BUSY   if this file exists, the drive is not ready
 //   FAKE_DRIVE_DELAY  milliseconds that each read of sectors takes
 //   FAKE_DRIVE_BAD    a sector that cannot be read
+//   FAKE_DRIVE_TITLES file of the packs with the titles; if it is missing, the disc has none
 
 #include <dlfcn.h>
 #include <fcntl.h>
@@ -28,6 +29,7 @@
 #include <cstring>
 #include <ctime>
 #include <fstream>
+#include <iterator>
 #include <string>
 #include <vector>
 
@@ -36,6 +38,8 @@ namespace {
 constexpr int kSectorBytes = 2352;
 constexpr int kLeadOutTrack = 0xAA;
 constexpr int kReadCd = 0xBE;
+constexpr int kReadContents = 0x43;
+constexpr int kCdTextFormat = 5;
 constexpr int kDataControl = 4;
 
 using OpenFunction = int (*)(const char*, int, ...);
@@ -208,8 +212,26 @@ void Delay() {
     nanosleep(&time, nullptr);
 }
 
+/// The packs, behind their size.
+int Titles(const cdrom_generic_command* command) {
+    const char* const path = getenv("FAKE_DRIVE_TITLES");
+    std::ifstream file(path == nullptr ? "" : path, std::ios::binary);
+    const std::string packs{std::istreambuf_iterator<char>(file), {}};
+    if (packs.empty()) {
+        return Failed(EIO);
+    }
+    const std::size_t size = packs.size() + 2;
+    const std::string answer =
+        std::string{static_cast<char>(size >> 8), static_cast<char>(size & 0xFF), 0, 0} + packs;
+    memcpy(command->buffer, answer.data(), std::min<std::size_t>(answer.size(), command->buflen));
+    return 0;
+}
+
 int Packet(const FakeDisc& disc, const cdrom_generic_command* command) {
     const unsigned char* const words = command->cmd;
+    if (words[0] == kReadContents && (words[2] & 0x0F) == kCdTextFormat) {
+        return Titles(command);
+    }
     if (words[0] != kReadCd) {
         return Failed(EINVAL);
     }

@@ -3,6 +3,8 @@
 // Prints the track starts and the end of each disc, in sectors.
 
 #include <QDir>
+#include <QStringEncoder>
+#include <QStringList>
 #include <cstdio>
 
 #include "discs/test_disc.h"
@@ -20,6 +22,21 @@ void Print(const char* name, const TestDisc& disc) {
     std::printf(" %d\n", disc.end);
 }
 
+/// The disc of three tones with titles, in sheets of each encoding.
+void WriteTitles(TestDisc disc, const QString& folder) {
+    const QStringList titles{u"夜の音楽"_s, u"月の光"_s, u"ソナタ「表」"_s, u"雨"_s};
+    QStringEncoder shiftJis("Shift_JIS");
+    for (const QString& title : titles) {
+        disc.titles.append(title.toUtf8());
+    }
+    WriteCueImage(disc, folder, u"titles_utf8"_s);
+    WriteTocImage(disc, folder, u"titles_toc"_s);
+    for (qsizetype i = 0; i < titles.size(); ++i) {
+        disc.titles[i] = shiftJis.encode(titles[i]);
+    }
+    WriteCueImage(disc, folder, u"titles_shift_jis"_s);
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -34,6 +51,7 @@ int main(int argc, char** argv) {
     WriteTocImage(tones, folder, u"three_tones_toc"_s);
     WriteNrgImage(tones, folder, u"three_tones"_s);
     WriteCueImage(mixed, folder, u"mixed_mode"_s);
+    WriteTitles(tones, folder);
     Print("three_tones", tones);
     Print("mixed_mode", mixed);
     return 0;

@@ -77,10 +77,22 @@ int EndOf(const TestDisc& disc, int track) {
     return track + 1 < disc.starts.size() ? PauseOf(disc, track + 1) : disc.end;
 }
 
+/// The title of a track, of the disc if it is 0, as the line of a cue sheet.
+QByteArray CueTitle(const TestDisc& disc, int track) {
+    return track < disc.titles.size() ? "TITLE \"" + disc.titles[track] + "\"\n" : QByteArray();
+}
+
+QByteArray TocTitle(const TestDisc& disc, int track) {
+    return track < disc.titles.size()
+               ? "CD_TEXT {\n  LANGUAGE 0 {\n    TITLE \"" + disc.titles[track] + "\"\n  }\n}\n"
+               : QByteArray();
+}
+
 QByteArray TocTrack(const TestDisc& disc, int track, const QByteArray& file) {
     const int from = PauseOf(disc, track);
-    QByteArray text = "TRACK AUDIO\nFILE \"" + file + "\" " + MinutesSecondsSectors(from) + ' ' +
-                      MinutesSecondsSectors(EndOf(disc, track) - from) + '\n';
+    QByteArray text = "TRACK AUDIO\n" + TocTitle(disc, track + 1) + "FILE \"" + file + "\" " +
+                      MinutesSecondsSectors(from) + ' ' + MinutesSecondsSectors(EndOf(disc, track) - from) +
+                      '\n';
     if (disc.tracks[track].pause > 0) {
         text += "START " + MinutesSecondsSectors(disc.tracks[track].pause) + '\n';
     }
@@ -176,11 +188,12 @@ QByteArray MinutesSecondsSectors(int sector) {
 }
 
 QByteArray CueSheet(const TestDisc& disc, const QString& binName) {
-    QByteArray sheet = "FILE \"" + binName.toUtf8() + "\" BINARY\n";
+    QByteArray sheet = CueTitle(disc, 0) + "FILE \"" + binName.toUtf8() + "\" BINARY\n";
     for (int i = 0; i < disc.tracks.size(); ++i) {
         const TestTrack& track = disc.tracks[i];
         sheet += "  TRACK " + QByteArray::number(i + 1).rightJustified(2, '0') +
                  (track.hertz > 0 ? " AUDIO\n" : " MODE1/2352\n");
+        sheet += CueTitle(disc, i + 1);
         if (track.pause > 0) {
             sheet += "    INDEX 00 " + MinutesSecondsSectors(PauseOf(disc, i)) + '\n';
         }
@@ -200,7 +213,7 @@ QString WriteTocImage(const TestDisc& disc, const QString& folder, const QString
     QString path = QDir(folder).filePath(name + u".toc");
     const QString bin = name + u".bin";
     WriteAll(QDir(folder).filePath(bin), Swapped(disc.bytes));  // these images contain big-endian samples
-    QByteArray sheet = "CD_DA\n\n";
+    QByteArray sheet = "CD_DA\n" + TocTitle(disc, 0) + '\n';
     for (int i = 0; i < disc.tracks.size(); ++i) {
         sheet += TocTrack(disc, i, bin.toUtf8());
     }

@@ -22,8 +22,9 @@ struct TestTrack {
 struct TestDisc {
     QByteArray bytes;
     QList<TestTrack> tracks;
-    QList<int> starts;  ///< sector of each track
-    int end = 0;        ///< first sector after the last track
+    QList<int> starts;         ///< sector of each track
+    int end = 0;               ///< first sector after the last track
+    QList<QByteArray> titles;  ///< of the disc and of each track, for sheets; as many as there are
 
     /// The sectors `from` to `to` - 1 with silence in place of data: what a player must play.
     QByteArray Sound(int from, int to) const;

@@ -187,5 +187,48 @@ class Buttons(CdCase):
         self.assertEqual(self.app.program.output(), "")
 
 
+TITLES = ("夜の音楽", "月の光", "ソナタ「表」", "雨")  # of the disc and of its tracks
+SHOWN = {"Cd": {"ShowsTitles": "True"}}
+
+
+class Titles(CdCase):
+    def shown_title(self):
+        """The title in the window; None if there is none."""
+        label = self.window.find(role="label", name=lambda name: name in TITLES, showing=True)
+        return label and label.name
+
+    def test_they_are_shown_from_each_kind_of_sheet(self):
+        for image in ("titles_utf8.cue", "titles_shift_jis.cue", "titles_toc.toc"):
+            with self.subTest(image=image):
+                self.start(self.folder / image, settings=SHOWN)
+                self.wait_lines(upper=TITLES[0], lower="[ Total ]    0:12")
+                wait_for(lambda: self.shown_title() == TITLES[0], "the title of the disc")
+                self.press(NEXT)
+                self.press(NEXT)
+                self.wait_lines(upper=TITLES[2], lower="[ 2 ]    0:03")
+                self.play()
+                self.wait_lines(upper=TITLES[3], lower=lambda text: text.startswith("[ 3 ]    0:0"))  # by itself
+                wait_for(lambda: self.shown_title() == TITLES[3], "the title of the last track")
+                self.press(STOP)
+                self.wait_lines(upper=TITLES[0])
+                self.quit()
+
+    def test_by_default_they_are_not_shown(self):
+        self.start(self.folder / "titles_utf8.cue")
+        self.wait_total(3, "0:12")
+        self.press(NEXT)
+        self.wait_lines(upper="全トラック数 3", lower="[ 1 ]    0:04")
+        self.assertIsNone(self.shown_title())
+        self.quit()
+
+    def test_a_disc_without_titles_looks_as_ever(self):
+        self.start(self.folder / "three_tones.cue", settings=SHOWN)
+        self.wait_total(3, "0:12")
+        self.press(NEXT)
+        self.wait_lines(upper="全トラック数 3", lower="[ 1 ]    0:04")
+        self.assertIsNone(self.shown_title())
+        self.quit()
+
+
 if __name__ == "__main__":
     unittest.main()

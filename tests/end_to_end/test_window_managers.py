@@ -2,12 +2,14 @@
 """The window stays visible: iconified, behind "show desktop", on another workspace."""
 
 import os
+import shutil
 import signal
 import unittest
 
 from driver import stubborn_manager
 from driver.answering import keeps_answering
 from driver.case import TickwellCase
+from driver.desktop import Session
 from driver.managed_window import ManagedWindow
 from driver.processes import process_of
 from driver.tickwell import main_window, start_tickwell, tickwell_command, wait_lines, wait_on_screen
@@ -117,6 +119,28 @@ class Openbox(ManagerTests, ManagerCase):
 
 class Xfwm4(ManagerTests, ManagerCase):
     window_manager = ("xfwm4", "--compositor=off")
+
+
+@unittest.skipUnless(shutil.which("kwin_x11"), "kwin_x11 is not installed")
+class Kwin(ManagerTests, ManagerCase):
+    window_manager = ("kwin_x11", "--no-kactivities")
+
+    def make_session(self):
+        return Session(self.window_manager, environment={"KWIN_COMPOSE": "N"})
+
+    def start(self):
+        super().start()
+        self.window.set_workspaces(2)
+
+    def test_it_demands_no_attention(self):
+        self.start()
+        rival = self.start_rival()
+        for _ in range(2):
+            self.check_declared()
+            self.assertNotIn("_NET_WM_STATE_DEMANDS_ATTENTION", self.session.windows.states(self.window.xid))
+            self.assertEqual(self.session.windows.focus_owner(), rival)
+            self.iconify()
+            self.look()
 
 
 class Stopped(ManagerCase):

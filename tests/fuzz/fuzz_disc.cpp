@@ -56,7 +56,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     static const Bench bench;
     static HelperChild helper;
     const QString path = bench.Put(InputBytes(data, size));
-    const auto answer = helper.Run({"look", path.toUtf8()});
+    const auto answer = helper.Run({"look", path.toUtf8(), "titles"});
     if (!answer) {
         return 0;
     }

@@ -39,6 +39,7 @@ QStringList MenuCaptions() {
     for (const auto& item : shell::kTrayMenuItems) {
         captions.append(item.caption.toString());
     }
+    captions.append(shell::kAcceptClicksCaption.toString());
     for (const shell::Tool& tool : shell::kTools) {
         captions.append(tool.caption.toString());
     }

@@ -20,6 +20,7 @@ struct CdBench {
     FakeMessageBoxes boxes;
     Handlers handlers{boxes};
     bool tellsNoCdDrive = true;
+    bool showsTitles = false;
     RealTimerSource realTime{time};
     MediaSystem media{{.devices = {.drive = drive,
                                    .playback = drive,
@@ -30,7 +31,8 @@ struct CdBench {
                        .boxes = boxes,
                        .handlers = handlers,
                        .timers = time,
-                       .tellsNoCdDrive = tellsNoCdDrive}};
+                       .tellsNoCdDrive = tellsNoCdDrive,
+                       .showsTitles = [this] { return showsTitles; }}};
     CdPlayer& player = media.Player();
 
     /// Opens the drive as the program does at its start, with this disc in it.

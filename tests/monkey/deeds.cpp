@@ -77,6 +77,8 @@ void Deeds::DoOne() {
         Kind{2, &Deeds::ChangeTheDisc},
         Kind{2, &Deeds::ChangeTheMachine},
         Kind{1, &Deeds::StartAgain},
+        Kind{2, &Deeds::SendACommand},
+        Kind{2, &Deeds::PressAMediaKey},
         Kind{1, &Deeds::ChangeTheLook},
         Kind{1, &Deeds::UseTheTray},
     };

@@ -50,6 +50,8 @@ private:
     void ChangeTheMachine();
     void UseThePrinter();
     void StartAgain();
+    void SendACommand();
+    void PressAMediaKey();
     void ChangeTheLook();
     void UseTheTray();
 

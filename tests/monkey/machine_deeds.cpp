@@ -5,7 +5,9 @@
 #include <array>
 
 #include "monkey/deeds.h"
+#include "monkey/odd_texts.h"
 #include "monkey/trail.h"
+#include "remote/player_interface.h"
 #include "support/discs.h"
 
 namespace tickwell {
@@ -108,15 +110,73 @@ void Deeds::ChangeTheMachine() {
 
 /// A second start of the program notifies the running one, or the desktop session asks it to save.
 void Deeds::StartAgain() {
-    const int kind = m_random.Number(3);
+    constexpr std::array kRequests{app::Request::ComeForward, app::Request::Menu,      app::Request::Calendar,
+                                   app::Request::Timer,       app::Request::Stopwatch, app::Request::Help};
+    const auto kind = static_cast<std::size_t>(m_random.Number(static_cast<int>(kRequests.size()) + 1));
     Trail::Note(u"start again, %1"_s.arg(kind));
     if (m_world.Now().hasClosed) {
         return;
     }
-    if (kind == 2) {
+    if (kind == kRequests.size()) {
         m_world.Now().program->SaveForSessionEnd();
     } else {
-        m_world.Now().program->ComeForward(kind == 1);
+        m_world.Now().program->Answer(kRequests.at(kind));
+    }
+}
+
+/// Another program calls, sometimes with nonsense, if it is allowed to.
+void Deeds::SendACommand() {
+    Machine& now = m_world.Now();
+    const QStringList functions{u"clock"_s, u"1"_s, u"stopwatch"_s, u"timer"_s,
+                                u"4"_s,     u"5"_s, u"cd"_s,        u"7"_s};
+    const QStringList actions{u"start"_s, u"stop"_s, u"lap"_s, u"reset"_s, u"read"_s, u"pause"_s};
+    const std::array<std::pair<QString, QVariantList>, 6> calls{
+        std::pair{u"Show"_s, QVariantList{m_random.Pick(functions)}},
+        std::pair{u"Stopwatch"_s, QVariantList{m_random.Pick(actions)}},
+        std::pair{u"Timer"_s, QVariantList{m_random.Between(-1, 20) * 1000, OddText(m_random)}},
+        std::pair{u"Today"_s, QVariantList()},
+        std::pair{u"ComeForward"_s, QVariantList{m_random.OneIn(2)}},
+        std::pair{OddText(m_random), QVariantList{OddText(m_random)}},
+    };
+    const int kind = m_random.Number(static_cast<int>(calls.size()));
+    Trail::Note(u"send a command, %1"_s.arg(kind));
+    const auto& [method, arguments] = calls.at(static_cast<std::size_t>(kind));
+    if (!now.commands.IsOffered()) {
+        return;
+    }
+    now.wasShownForNow = now.wasShownForNow || method == u"Show" || method == u"Stopwatch";
+    try {
+        now.commands.Call(method, arguments);
+    } catch (const remote::RefusedCall&) {  // it must say why
+        Trail::Note(u"refused"_s);
+    }
+}
+
+/// Another program operates the CD player, sometimes with nonsense, if it finds it.
+void Deeds::PressAMediaKey() {
+    Machine& now = m_world.Now();
+    const auto player = QString::fromLatin1(remote::kPlayerInterface);
+    const std::array<std::pair<QString, QVariantList>, 9> calls{
+        std::pair{u"Next"_s, QVariantList()},
+        std::pair{u"Previous"_s, QVariantList()},
+        std::pair{u"PlayPause"_s, QVariantList()},
+        std::pair{u"Play"_s, QVariantList()},
+        std::pair{u"Stop"_s, QVariantList()},
+        std::pair{u"Raise"_s, QVariantList()},
+        std::pair{u"Seek"_s, QVariantList{qint64{m_random.Between(-200, 200)} * 1'000'000}},
+        std::pair{u"GetAll"_s, QVariantList{player}},
+        std::pair{OddText(m_random), QVariantList{OddText(m_random)}},
+    };
+    const int kind = m_random.Number(static_cast<int>(calls.size()));
+    Trail::Note(u"press a media key, %1"_s.arg(kind));
+    if (!now.mediaKeys.IsOffered()) {
+        return;
+    }
+    const auto& [member, arguments] = calls.at(static_cast<std::size_t>(kind));
+    try {
+        now.mediaKeys.Call({.interface = {}, .member = member, .arguments = arguments});
+    } catch (const remote::RefusedCall&) {
+        Trail::Note(u"refused"_s);
     }
 }
 

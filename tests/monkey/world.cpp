@@ -70,6 +70,9 @@ void World::Start(Random& random) {
     app::PrepareFolder(Folder(), QStringLiteral(TICKWELL_MASTERS));
     machine.state.started =
         app::StartUp(Folder(), [this] { return std::make_unique<platform::IniFileStore>(SettingsPath()); });
+    machine.state.started.further.remote.acceptsCommands = random.OneIn(2);
+    machine.state.started.further.remote.mediaKeys = random.OneIn(2);
+    machine.state.started.further.cd.showsTitles = random.OneIn(2);
     const app::ProgramPorts ports{.clock = machine.time,
                                   .timers = machine.time,
                                   .jumps = machine.time,
@@ -78,6 +81,8 @@ void World::Start(Random& random) {
                                   .handlers = machine.handlers,
                                   .tray = machine.tray,
                                   .stack = machine.stack,
+                                  .focus = machine.focus,
+                                  .fullScreen = machine.fullScreen,
                                   .starter = machine.starter,
                                   .autostart = machine.autostart,
                                   .printer = machine.printer,
@@ -85,6 +90,8 @@ void World::Start(Random& random) {
                                   .wait = machine.wait,
                                   .drive = machine.drive,
                                   .playback = machine.drive,
+                                  .commands = machine.commands,
+                                  .mediaKeys = machine.mediaKeys,
                                   .display = {.power = Borrowed<const Power>(machine.power),
                                               .memory = Borrowed<const Memory>(machine.memory)}};
     machine.program = std::make_unique<app::RunningProgram>(ports, machine.state, [&machine] {

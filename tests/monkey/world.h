@@ -10,8 +10,12 @@
 #include "platform/time/virtual_time.h"
 #include "support/fake_autostart.h"
 #include "support/fake_cd_drive.h"
+#include "support/fake_command_service.h"
 #include "support/fake_event_wait.h"
+#include "support/fake_focus_return.h"
+#include "support/fake_full_screen_watch.h"
 #include "support/fake_memory.h"
+#include "support/fake_player_service.h"
 #include "support/fake_power.h"
 #include "support/fake_printer.h"
 #include "support/fake_program_starter.h"
@@ -35,17 +39,22 @@ struct Machine {
     FakeMemory memory;
     FakeTray tray;
     FakeWindowStack stack;
+    FakeFocusReturn focus;
+    FakeFullScreenWatch fullScreen;
     FakeProgramStarter starter;
     FakeAutostart autostart;
     FakePrinter printer;
     FakeSoundOutput sound;
     FakeEventWait wait;
     FakeCdDrive drive;
+    FakeCommandService commands;
+    FakePlayerService mediaKeys;
     app::ProgramState state;
     bool hasClosed = false;   ///< the main window has closed; a message box may still delay the end
     qint64 passed = 0;        ///< ms since the start
     bool wasOddYear = false;  ///< the year was outside of the calendar's range at some time since the start
-    AppSettings stored;       ///< the settings when the main window closed
+    bool wasShownForNow = false;  ///< another program has chosen the function, which must not be stored
+    AppSettings stored;           ///< the settings when the main window closed
     FurtherSettings storedFurther;
     std::unique_ptr<app::RunningProgram> program;
 

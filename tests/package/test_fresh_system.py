@@ -1,6 +1,7 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""The package in a new, minimal Debian system: installed with all its dependencies, started by a new user, removed and
-purged. Needs several minutes, several hundred megabytes and a package mirror."""
+"""The package in new, minimal systems of the Debian releases that it is made for: installed with all its dependencies,
+started by a new user, removed and purged. Needs several minutes, several hundred megabytes and a package mirror for
+each."""
 
 import os
 import shutil
@@ -13,7 +14,6 @@ from driver.case import ARTIFACTS_VARIABLE, TickwellCase
 from driver.tickwell import MASTERS
 from driver.waiting import steady, wait_for
 
-RELEASE = "bookworm"
 USER = "newcomer"
 # A snapshot of a mirror may be past its expiry date.
 ANY_AGE = 'Acquire::Check-Valid-Until "false";'
@@ -21,7 +21,9 @@ ANY_AGE = 'Acquire::Check-Valid-Until "false";'
 WITHIN = """mount -t proc proc "$1/proc" && mount --rbind /dev "$1/dev" && root=$1 && shift && exec chroot "$root" "$@" """
 
 
-class FreshSystem(TickwellCase):
+class FreshSystem:
+    release = None
+
     @unittest.skipUnless(os.geteuid() == 0, "only root can make a system of its own")
     def test_it_is_installed_started_and_removed_and_the_users_data_stay(self):
         self.make_system()
@@ -42,9 +44,10 @@ class FreshSystem(TickwellCase):
         work = Path(tempfile.mkdtemp(prefix="tickwell-system-"))
         self.addCleanup(shutil.rmtree, work)
         self.root = work / "root"
-        run("mmdebstrap", "--mode=root", "--variant=apt", f"--aptopt={ANY_AGE}", RELEASE, self.root)
+        run("mmdebstrap", "--mode=root", "--variant=apt", f"--aptopt={ANY_AGE}", self.release, self.root)
         shutil.copy("/etc/resolv.conf", self.root / "etc/resolv.conf")
         shutil.copy(make_package(work / "made"), self.root / "tmp/tickwell.deb")
+        (self.root / "etc/apt/apt.conf.d/99age").write_text(ANY_AGE, encoding="ascii")
         policy = self.root / "usr/sbin/policy-rc.d"  # no services may start: they would conflict with those outside
         policy.write_text("#!/bin/sh\nexit 101\n", encoding="ascii")
         policy.chmod(0o755)
@@ -81,12 +84,24 @@ class FreshSystem(TickwellCase):
         wait_for(lambda: self.picture(clock) != first, "the clock in their place", timeout=60)
         artifacts = Path(os.environ[ARTIFACTS_VARIABLE])
         artifacts.mkdir(parents=True, exist_ok=True)
-        self.session.screenshot(artifacts / "fresh_system.png")
+        self.session.screenshot(artifacts / f"fresh_system_{self.release}.png")
         windows.close_window(clock)
         self.assertEqual(program.wait_end(), 0, program.output())
 
     def picture(self, window):
         return self.session.grab(tuple(self.session.windows.geometry(window))).tobytes()
+
+
+class Debian12(FreshSystem, TickwellCase):
+    release = "bookworm"
+
+
+class Debian13(FreshSystem, TickwellCase):
+    release = "trixie"
+
+
+class Testing(FreshSystem, TickwellCase):
+    release = "forky"
 
 
 if __name__ == "__main__":

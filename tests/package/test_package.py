@@ -44,6 +44,8 @@ class Contents(unittest.TestCase):
             self.assertIn(line, lines)
         for key in ("Comment=", "Comment[ja]=", "Keywords=", "Keywords[ja]="):
             self.assertTrue(any(line.startswith(key) for line in lines), key)
+        actions = [line.partition(" ")[2] for line in lines if line.startswith("Exec=") and " " in line]
+        self.assertEqual(actions, ["--menu", "--open calendar", "--open timer", "--open stopwatch", "--open help"])
 
     def test_the_metainfo_is_valid_and_names_this_version(self):
         metainfo = root / "usr/share/metainfo/tickwell.metainfo.xml"

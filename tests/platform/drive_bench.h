@@ -35,7 +35,7 @@ private:
 /// The program's drive with the real helper; `sound` collects what the output has played.
 struct DriveBench {
     explicit DriveBench(const QString& source, const QString& helper = HelperPath(), int speed = 1)
-        : timers(speed), drive(realTimers, output, helper, source) {
+        : timers(speed), drive(realTimers, output, helper, source, [this] { return wantsTitles; }) {
         drive.WhenChanged([this] { ++changes; });
     }
 
@@ -46,7 +46,10 @@ struct DriveBench {
         return isSeen ? Seen() : CdSeen{media::CdStatus::Failed, {}};
     }
 
-    CdSeen Seen() const { return {drive.Picture().status, drive.Picture().contents}; }
+    CdSeen Seen() const {
+        const media::CdPicture picture = drive.Picture();
+        return {picture.status, picture.contents, picture.titles};
+    }
     media::CdMode Mode() const { return drive.Picture().mode; }
 
     /// Plays the sectors `from` to `to` - 1 as fast as they arrive and returns everything that was played.
@@ -89,6 +92,7 @@ struct DriveBench {
     FakeSoundOutput output;
     CdHelperDrive drive;
     int changes = 0;
+    bool wantsTitles = false;
     QByteArray sound;  // played since it was last cleared
 };
 

@@ -12,7 +12,11 @@ namespace {
 const media::CdContents kMixed{{{0, false}, {450, true}, {650, true}}, 900};
 
 CdSeen Disc(const media::CdContents& contents) {
-    return {media::CdStatus::Ready, contents};
+    return {media::CdStatus::Ready, contents, {}};
+}
+
+CdSeen Titled(const media::CdContents& contents, const QStringList& titles) {
+    return {media::CdStatus::Ready, contents, titles};
 }
 
 }  // namespace
@@ -24,6 +28,8 @@ class TstCdAnswer : public QObject {
 private Q_SLOTS:
     void AnswersAreRead_data();
     void AnswersAreRead();
+    void TitlesAreRead_data();
+    void TitlesAreRead();
     void ADiscOfNinetyNineTracksIsRead();
     void ContentsAreWrittenAsText();
 };
@@ -63,6 +69,35 @@ void TstCdAnswer::AnswersAreRead() {
     QFETCH(QByteArray, answer);
     QFETCH(CdSeen, seen);
     QVERIFY(SeenFrom(answer) == seen);
+}
+
+void TstCdAnswer::TitlesAreRead_data() {
+    QTest::addColumn<QByteArray>("lines");
+    QTest::addColumn<CdSeen>("seen");
+    const auto row = [](const char* name, const QByteArray& lines, const CdSeen& seen) {
+        QTest::newRow(name) << lines << seen;
+    };
+    row("all", "title 0 Night\ntitle 1 %E6%9C%88\ntitle 2 x%20y\ntitle 3 z\n",
+        Titled(kMixed, {u"Night"_s, u"月"_s, u"x y"_s, u"z"_s}));
+    row("one of a track", "title 2 b\n", Titled(kMixed, {u""_s, u""_s, u"b"_s, u""_s}));
+    row("one that cannot be shown", "title 2 %FF\n", Disc(kMixed));
+    row("a track that does not exist", "title 4 b\n", CdSeen());
+    row("a negative track", "title -1 b\n", CdSeen());
+    row("twice", "title 2 b\ntitle 2 c\n", CdSeen());
+    row("in another order", "title 2 b\ntitle 1 c\n", CdSeen());
+    row("no text", "title 1 \n", CdSeen());
+    row("no track", "title b\n", CdSeen());
+    row("two texts", "title 1 b c\n", CdSeen());
+    row("a text that is not encoded", "title 1 b,c\n", CdSeen());
+    row("a track after it", "title 1 b\naudio 900\n", CdSeen());
+    row("another word", "titles 1 b\n", CdSeen());
+}
+
+void TstCdAnswer::TitlesAreRead() {
+    QFETCH(const QByteArray, lines);
+    QFETCH(const CdSeen, seen);
+    QVERIFY(SeenFrom("disc\ndata 0\naudio 450\naudio 650\nend 900\n" + lines) == seen);
+    QVERIFY(SeenFrom("disc\n" + lines) == CdSeen());
 }
 
 void TstCdAnswer::ADiscOfNinetyNineTracksIsRead() {

@@ -1,12 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <QElapsedTimer>
 #include <QFile>
+#include <QStringEncoder>
 #include <QTemporaryDir>
 #include <QTest>
 #include <cstdio>
 #include <memory>
 #include <utility>
 
+#include "discs/cd_text.h"
 #include "discs/test_disc.h"
 #include "platform/drive_bench.h"
 #include "support/files.h"
@@ -42,6 +44,10 @@ private Q_SLOTS:
     void DataMakesNoSound();
     void NoCallWaitsForASlowDrive();
     void ReadingIsAbandonedWhileTheDriveIsBusy();
+    void TitlesAreReadFromTheDisc_data();
+    void TitlesAreReadFromTheDisc();
+    void DamagedTitlesAreHarmless_data();
+    void DamagedTitlesAreHarmless();
 
 private:
     QString InFolder(const QString& name) const { return m_folder->filePath(name); }
@@ -62,6 +68,7 @@ void TstCdFakeDrive::init() {
     Set("FAKE_DRIVE_DISC", InFolder(u"disc"_s).toUtf8());
     Set("FAKE_DRIVE_TRAY", InFolder(u"tray"_s).toUtf8());
     Set("FAKE_DRIVE_BUSY", InFolder(u"busy"_s).toUtf8());
+    Set("FAKE_DRIVE_TITLES", InFolder(u"titles"_s).toUtf8());
     Set("LD_PRELOAD", TICKWELL_FAKE_DRIVE);
     Set("ASAN_OPTIONS", qgetenv("ASAN_OPTIONS") + ":verify_asan_link_order=0");
 }
@@ -236,6 +243,60 @@ void TstCdFakeDrive::ReadingIsAbandonedWhileTheDriveIsBusy() {
     qputenv("FAKE_DRIVE_DELAY", "0");
     QVERIFY(bench.PlayAll(548, 560) == m_tones.Sound(548, 560));
     QVERIFY(bench.Seen() == kTonesSeen);
+}
+
+void TstCdFakeDrive::TitlesAreReadFromTheDisc_data() {
+    QTest::addColumn<QByteArray>("packs");
+    QTest::addColumn<QStringList>("titles");
+    const QStringList japanese{u"夜の音楽"_s, u"月の光"_s, u"ソナタ「表」第二番"_s, u"雨"_s};
+    QStringEncoder shiftJis("Shift_JIS");
+    QList<QByteArray> bytes;
+    for (const QString& title : japanese) {
+        bytes.append(shiftJis.encode(title));
+    }
+    QTest::newRow("in Japanese") << CdTextPacks(bytes, true) << japanese;
+    QTest::newRow("in English") << CdTextPacks({"Night Music", "Clair de lune", "Caf\xe9", "Rain"}, false)
+                                << QStringList{u"Night Music"_s, u"Clair de lune"_s, u"Café"_s, u"Rain"_s};
+    QTest::newRow("none") << QByteArray() << QStringList();
+}
+
+void TstCdFakeDrive::TitlesAreReadFromTheDisc() {
+    QFETCH(const QByteArray, packs);
+    PutIn(m_tones);
+    WriteAll(InFolder(u"titles"_s), packs);
+    DriveBench bench(InFolder(u"drive"_s));
+    QVERIFY(bench.Look() == kTonesSeen);  // nobody asked
+    bench.wantsTitles = true;
+    const CdSeen seen = bench.Look();
+    QTEST(seen.titles, "titles");
+    QVERIFY(seen.contents == kTonesSeen.contents);
+}
+
+void TstCdFakeDrive::DamagedTitlesAreHarmless_data() {
+    QTest::addColumn<QByteArray>("packs");
+    const QByteArray packs = CdTextPacks({"Night Music", "Clair de lune", "Sonata", "Rain"}, false);
+    QTest::newRow("cut off") << packs.first(25);
+    QTest::newRow("noise") << QByteArray(360, '\xA5');
+    QTest::newRow("empty packs") << QByteArray(360, '\0');
+    QTest::newRow("too many") << packs.repeated(400);
+    QByteArray tracks = packs;
+    tracks[1] = '\x7f';
+    QTest::newRow("a track that does not exist") << tracks;
+    QByteArray encoding = packs;
+    encoding[packs.size() - qsizetype{3} * 18 + 4] = '\x55';
+    QTest::newRow("an unknown encoding") << encoding;
+}
+
+void TstCdFakeDrive::DamagedTitlesAreHarmless() {
+    QFETCH(const QByteArray, packs);
+    PutIn(m_tones);
+    WriteAll(InFolder(u"titles"_s), packs);
+    DriveBench bench(InFolder(u"drive"_s));
+    bench.wantsTitles = true;
+    const CdSeen seen = bench.Look();
+    QCOMPARE(seen.status, media::CdStatus::Ready);
+    QVERIFY(seen.contents == kTonesSeen.contents);
+    QVERIFY(bench.PlayAll(0, 20) == m_tones.Sound(0, 20));
 }
 
 QTEST_GUILESS_MAIN(TstCdFakeDrive)

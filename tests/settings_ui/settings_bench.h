@@ -47,7 +47,8 @@ struct SettingsBench {
                  return QStringLiteral("report");
              },
          .remove = [this] { list.clear(); }},
-        [] { return true; }};
+        [] { return true; },
+        [this] { return main.tray.IsThere(); }};
     QString list;                     ///< the path of the stored list of holidays
     std::function<void()> compacted;  ///< the dialog's callback for the end of a compaction
     std::unique_ptr<Form2> form;

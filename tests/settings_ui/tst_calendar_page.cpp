@@ -32,11 +32,14 @@ constexpr std::array kBoxes{
     Box{"Check14", [](FurtherSettings& s) -> bool& { return s.corrections.showsToday; }},
     Box{"Check15", [](FurtherSettings& s) -> bool& { return s.corrections.keepsMarksOnClose; }},
     Box{"Check16", [](FurtherSettings& s) -> bool& { return s.corrections.savesImmediately; }},
+    Box{"Check30", [](FurtherSettings& s) -> bool& { return s.remote.acceptsCommands; }},
+    Box{"Check31", [](FurtherSettings& s) -> bool& { return s.remote.mediaKeys; }},
+    Box{"Check32", [](FurtherSettings& s) -> bool& { return s.cd.showsTitles; }},
 };
 
 }  // namespace
 
-/// The settings' pages of today's calendar and of the corrections.
+/// The settings' pages of today's calendar, of the corrections and of what other programs may do.
 class TstCalendarPage : public QObject {
     Q_OBJECT
 
@@ -69,7 +72,7 @@ void TstCalendarPage::ThePagesComeLast() {
         names.append(tabs.tabText(page));
     }
     QCOMPARE(names, (QStringList{u"文字表示"_s, u"時計"_s, u"ロール"_s, u"時報"_s, u"データベース"_s, u"暦"_s,
-                                 u"動作"_s, u"窓"_s}));
+                                 u"動作"_s, u"窓"_s, u"連携"_s}));
 }
 
 void TstCalendarPage::TheNoteIsNeverCutOff() {
@@ -85,7 +88,7 @@ void TstCalendarPage::TheNoteIsNeverCutOff() {
 
 void TstCalendarPage::TabFollowsTheEyeOnEachPage_data() {
     QTest::addColumn<int>("page");
-    for (int page = 0; page < 8; ++page) {
+    for (int page = 0; page < 9; ++page) {
         QTest::addRow("page %d", page) << page;
     }
 }

@@ -7,6 +7,8 @@
 #include "shell/main_window.h"
 #include "store/day_store.h"
 #include "support/child.h"
+#include "support/fake_focus_return.h"
+#include "support/fake_full_screen_watch.h"
 #include "support/fake_program_starter.h"
 #include "support/fake_settings_store.h"
 #include "support/fake_tray.h"
@@ -22,11 +24,16 @@ struct MainWindowBench : displays::DisplaysBench {
     store::DayStore dayStore;
     FakeTray tray;
     FakeWindowStack stack;
+    FakeFocusReturn focus;
+    FakeFullScreenWatch fullScreen;
     FakeProgramStarter starter;
     QString folder;
     OtherWindows windows;
     QList<std::pair<QString, qint32>> chimes;
+    bool isPlacedByCompositor = false;
     int closed = 0;
+    bool isComposited = true;
+    QList<bool> passing;  ///< whether clicks go through, whenever that changed
     std::unique_ptr<Form1> form;
 
     MainWindowBench() { dayDatabase = store::DayDatabase(dayStore.Path()); }
@@ -39,6 +46,7 @@ struct MainWindowBench : displays::DisplaysBench {
             return app::MakeDisplays(Parts(), view);
         };
         const auto playChime = [this](const QString& name, qint32 count) { chimes.append({name, count}); };
+        const auto passClicks = [this](const QWindow& /*window*/, bool passes) { passing.append(passes); };
         form = std::make_unique<Form1>(MainWindowParts{.settings = settings,
                                                        .further = further,
                                                        .store = store,
@@ -48,12 +56,17 @@ struct MainWindowBench : displays::DisplaysBench {
                                                        .power = power,
                                                        .tray = tray,
                                                        .stack = stack,
+                                                       .focus = focus,
+                                                       .fullScreen = fullScreen,
                                                        .starter = starter,
                                                        .folder = ProgramFolder(folder),
                                                        .handlers = handlers,
                                                        .windows = windows,
                                                        .makeDisplays = makeDisplays,
                                                        .playChime = playChime,
+                                                       .isPlacedByCompositor = isPlacedByCompositor,
+                                                       .isComposited = [this] { return isComposited; },
+                                                       .passClicks = passClicks,
                                                        .closed = [this] { ++closed; }});
         form->Form_Load();
         form->show();

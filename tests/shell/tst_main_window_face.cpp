@@ -20,6 +20,14 @@ constexpr auto kScreens = R"({"screens": [
     {"name": "DP-2", "x": 800, "y": 0, "width": 800, "height": 600, "logicalDpi": 96, "logicalBaseDpi": 96, "dpr": 1}
 ]})";
 
+/// The last pixel of a line, where no text is.
+QRgb Corner(lines::MovingWord& line) {
+    QImage picture(line.size(), QImage::Format_ARGB32_Premultiplied);
+    picture.fill(Qt::transparent);
+    line.render(&picture);
+    return picture.pixel(picture.width() - 1, picture.height() - 1);
+}
+
 }  // namespace
 
 /// Opacity, long texts and the place on the screens, by the settings.
@@ -37,6 +45,10 @@ private Q_SLOTS:
     void ItIsBroughtOntoTheScreenWhenThatIsChosen();
     void ItReturnsToItsPlaceOnItsScreen();
     void ThePlaceIsStoredOnlyIfChosen();
+    void OnlyTheTextsAreShown_data();
+    void OnlyTheTextsAreShown();
+    void TheBackgroundReturnsWithoutACompositor();
+    void TransparencyBeginsWithTheNextStart();
 };
 
 void TstMainWindowFace::OpacityIsClamped_data() {
@@ -139,6 +151,52 @@ void TstMainWindowFace::ThePlaceIsStoredOnlyIfChosen() {
     QCOMPARE(bench.store.Get(kFace, u"Screen"_s).value_or(QString()), u"DP-2"_s);
     QCOMPARE(bench.store.Get(kFace, u"ScreenLeft"_s).value_or(QString()), u"55"_s);
     QCOMPARE(bench.store.Get(kFace, u"ScreenTop"_s).value_or(QString()), u"66"_s);
+}
+
+void TstMainWindowFace::OnlyTheTextsAreShown_data() {
+    QTest::addColumn<QString>("transparent");
+    QTest::addColumn<bool>("isComposited");
+    QTest::addColumn<QRgb>("corner");
+    QTest::newRow("as before") << u"False"_s << true << qRgb(255, 0, 0);
+    QTest::newRow("transparent") << u"True"_s << true << qRgba(0, 0, 0, 0);
+    QTest::newRow("without a compositor") << u"True"_s << false << qRgb(255, 0, 0);
+}
+
+void TstMainWindowFace::OnlyTheTextsAreShown() {
+    QFETCH(const QString, transparent);
+    QFETCH(const bool, isComposited);
+    QFETCH(const QRgb, corner);
+    MainWindowBench bench;
+    bench.isComposited = isComposited;
+    bench.store.Put(u"SetUp"_s, u"BackColor"_s, u"255"_s);
+    bench.store.Put(kFace, u"Transparent"_s, transparent);
+    bench.Start();
+    for (lines::MovingWord* line : {&bench.Upper(), &bench.Lower()}) {
+        QCOMPARE(Corner(*line), corner);
+    }
+}
+
+void TstMainWindowFace::TheBackgroundReturnsWithoutACompositor() {
+    MainWindowBench bench;
+    bench.store.Put(u"SetUp"_s, u"BackColor"_s, u"255"_s);
+    bench.store.Put(kFace, u"Transparent"_s, u"True"_s);
+    bench.Start();
+    bench.time.Advance(kStartUp);
+    bench.isComposited = false;
+    bench.time.Advance(2000);
+    QCOMPARE(Corner(bench.Upper()), qRgb(255, 0, 0));
+    bench.isComposited = true;
+    bench.time.Advance(2000);
+    QCOMPARE(Corner(bench.Upper()), qRgba(0, 0, 0, 0));
+}
+
+void TstMainWindowFace::TransparencyBeginsWithTheNextStart() {
+    MainWindowBench bench;
+    bench.Start();
+    bench.further.face.transparent = true;
+    bench.form->ApplySettings();
+    QCOMPARE(Corner(bench.Upper()), qRgb(0, 0, 0));
+    QVERIFY(!bench.form->testAttribute(Qt::WA_TranslucentBackground));
 }
 
 /// On two screens with names, beside each other.

@@ -20,7 +20,14 @@ struct Bench {
     Handlers handlers{boxes};
     platform::VirtualTime time{QDateTime(QDate(1998, 11, 15), QTime(21, 5, 7)), 0};
     QList<bool> told;
+    QList<bool> icons;
+    int clicks = 0;
     TrayStorage storage{tray, menu, handlers, time, [this](bool stored) { told.append(stored); }};
+
+    void Keep() {
+        storage.KeepIcon(
+            {.changed = [this] { icons.append(storage.HasIcon()); }, .clicked = [this] { ++clicks; }});
+    }
 };
 
 }  // namespace
@@ -41,6 +48,13 @@ private Q_SLOTS:
     void TheWindowGoesWhenTheIconHasCome();
     void WithoutAnIconTheWindowStays();
     void APendingStoreIsWithdrawn();
+    void AKeptIconStaysWhenTheWindowReturns();
+    void AKeptIconIsClickedForItself();
+    void AKeptIconComesAsSoonAsThereIsAnArea();
+    void AKeptIconReturnsWithTheArea();
+    void TheIconOfAStoredWindowIsNotReleased();
+    void AWindowIsStoredUnderAKeptIcon();
+    void AReleasedIconIsNotWatched();
 };
 
 void TstTrayStorage::WithoutAnAreaTheWindowStays() {
@@ -167,6 +181,103 @@ void TstTrayStorage::APendingStoreIsWithdrawn() {
     bench.storage.Remove();
     QVERIFY(!bench.tray.Answer(true));
     QCOMPARE(bench.told, QList<bool>());
+}
+
+void TstTrayStorage::AKeptIconStaysWhenTheWindowReturns() {
+    Bench bench;
+    bench.tray.SetThere(true);
+    bench.storage.Store();
+    bench.Keep();
+    bench.storage.TakeBack();
+    QVERIFY(!bench.storage.IsStored());
+    QVERIFY(bench.tray.HasIcon());
+    bench.storage.ReleaseIcon();
+    QVERIFY(!bench.tray.HasIcon());
+    QCOMPARE(bench.told, (QList<bool>{true, false}));
+}
+
+void TstTrayStorage::AKeptIconIsClickedForItself() {
+    Bench bench;
+    bench.tray.SetThere(true);
+    bench.Keep();
+    QCOMPARE(bench.icons, QList<bool>{true});
+    bench.tray.Click();
+    QCOMPARE(bench.clicks, 1);
+    bench.storage.Store();
+    bench.tray.Click();
+    QCOMPARE(bench.clicks, 1);
+    QVERIFY(!bench.storage.IsStored());
+    QVERIFY(bench.tray.HasIcon());
+}
+
+void TstTrayStorage::AKeptIconComesAsSoonAsThereIsAnArea() {
+    Bench bench;
+    bench.Keep();
+    bench.time.Advance(60'000);
+    QVERIFY(!bench.storage.HasIcon());
+    bench.tray.SetThere(true);
+    bench.time.Advance(2000);
+    QVERIFY(bench.storage.HasIcon());
+    QCOMPARE(bench.icons, QList<bool>{true});
+}
+
+void TstTrayStorage::AKeptIconReturnsWithTheArea() {
+    Bench bench;
+    bench.tray.SetThere(true);
+    bench.Keep();
+    bench.tray.SetThere(false);
+    bench.time.Advance(2000);
+    QVERIFY(bench.storage.HasIcon());  // a single failed check may be the restart of a panel
+    bench.time.Advance(2000);
+    QVERIFY(!bench.storage.HasIcon());
+    QVERIFY(!bench.tray.HasIcon());
+    bench.tray.SetThere(true);
+    bench.time.Advance(2000);
+    QVERIFY(bench.tray.HasIcon());
+    QCOMPARE(bench.icons, (QList<bool>{true, false, true}));
+    QCOMPARE(bench.told, QList<bool>());
+}
+
+void TstTrayStorage::TheIconOfAStoredWindowIsNotReleased() {
+    Bench bench;
+    bench.tray.SetThere(true);
+    bench.Keep();
+    bench.storage.Store();
+    bench.storage.ReleaseIcon();
+    QVERIFY(bench.storage.IsStored());
+    QVERIFY(bench.tray.HasIcon());
+    bench.tray.Click();
+    QVERIFY(!bench.storage.IsStored());
+    QVERIFY(!bench.tray.HasIcon());
+}
+
+void TstTrayStorage::AWindowIsStoredUnderAKeptIcon() {
+    Bench bench;
+    bench.tray.SetThere(true);
+    bench.tray.isSlow = true;
+    bench.Keep();
+    bench.storage.Store();  // the icon was already asked for
+    QVERIFY(!bench.storage.IsStored());
+    QVERIFY(bench.tray.Answer(true));
+    QVERIFY(bench.storage.IsStored());
+    bench.tray.SetThere(false);
+    bench.time.Advance(4000);
+    QVERIFY(!bench.storage.IsStored());
+    QVERIFY(!bench.storage.HasIcon());
+    QCOMPARE(bench.told, (QList<bool>{true, false}));
+}
+
+void TstTrayStorage::AReleasedIconIsNotWatched() {
+    Bench bench;
+    bench.tray.SetThere(true);
+    bench.Keep();
+    QVERIFY(bench.time.UntilNext().has_value());
+    bench.storage.ReleaseIcon();
+    QCOMPARE(bench.time.UntilNext(), std::nullopt);
+    bench.Keep();
+    bench.storage.Remove();
+    QCOMPARE(bench.time.UntilNext(), std::nullopt);
+    QVERIFY(!bench.tray.HasIcon());
 }
 
 QTEST_MAIN(TstTrayStorage)

@@ -21,6 +21,7 @@ private Q_SLOTS:
     void NumbersTooLargeForTheWindowSystemAreLimitedAndKept();
     void LinesShareTheWindow_data();
     void LinesShareTheWindow();
+    void LinesFillAGreaterWindow();
     void AWindowOnNoScreenIsBroughtBack();
 };
 
@@ -123,6 +124,14 @@ void TstWindowGeometry::LinesShareTheWindow() {
     QCOMPARE(layout.upper, upper);
     QCOMPARE(layout.lower, lower);
     QCOMPARE(layout.height, height);
+}
+
+void TstWindowGeometry::LinesFillAGreaterWindow() {
+    const LineLayout greater = LayoutOf(167, 16, 16, 51);  // the lines need 20 each
+    QCOMPARE(greater.upper, QRect(0, 0, 167, 25));
+    QCOMPARE(greater.lower, QRect(0, 25, 167, 26));
+    QCOMPARE(greater.height, 51);
+    QCOMPARE(LayoutOf(167, 16, 16, 30).height, 40);
 }
 
 void TstWindowGeometry::AWindowOnNoScreenIsBroughtBack() {

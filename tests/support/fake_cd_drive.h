@@ -45,6 +45,8 @@ public:
         m_picture.contents = contents;
     }
     void TakeOut(media::CdStatus status = media::CdStatus::NoDisc) { Replace(status); }
+    /// The titles of the disc become known.
+    void SetTitles(const QStringList& titles) { m_picture.titles = titles; }
     void SetMode(media::CdMode mode) { m_picture.mode = mode; }
 
     /// Sets the smallest position that reads as this many milliseconds from the start of sector 0.

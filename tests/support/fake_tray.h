@@ -30,7 +30,7 @@ public:
             onShown(isShown);
         };
         if (!isSlow) {
-            Answer(true);
+            Answer(m_isThere);
         }
     }
 

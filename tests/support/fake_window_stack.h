@@ -10,7 +10,10 @@ namespace tickwell {
 /// Records the requests for each window.
 class FakeWindowStack : public WindowStack {
 public:
-    void Declare(quintptr window) override { declared.append(window); }
+    void Declare(quintptr window, bool inSwitcher) override {
+        declared.append(window);
+        isInSwitcher = inSwitcher;
+    }
     void AskForDeclared(quintptr window) override { askedFor.append(window); }
     void PutAbove(quintptr window) override { raised.append(window); }
     void BringToUser(quintptr window) override { brought.append(window); }
@@ -20,6 +23,7 @@ public:
     QList<quintptr> askedFor;
     QList<quintptr> raised;
     QList<quintptr> brought;
+    bool isInSwitcher = false;  ///< as declared last
     bool isLost = false;
 };
 

@@ -46,6 +46,23 @@ inline constexpr std::array kFurtherFlags{
     FurtherFlag{"Corrections", "SavesImmediately",
                 [](FurtherSettings& s) -> bool& { return s.corrections.savesImmediately; }},
     FurtherFlag{"Face", "StaysOnScreen", [](FurtherSettings& s) -> bool& { return s.face.staysOnScreen; }},
+    FurtherFlag{"Face", "ShowsZone", [](FurtherSettings& s) -> bool& { return s.face.showsZone; }},
+    FurtherFlag{"Face", "HidesUnderFullScreen",
+                [](FurtherSettings& s) -> bool& { return s.face.hidesUnderFullScreen; }},
+    FurtherFlag{"Face", "InWindowSwitcher",
+                [](FurtherSettings& s) -> bool& { return s.face.inWindowSwitcher; }},
+    FurtherFlag{"Face", "Transparent", [](FurtherSettings& s) -> bool& { return s.face.transparent; }},
+    FurtherFlag{"Face", "ClickThrough", [](FurtherSettings& s) -> bool& { return s.face.clickThrough; }},
+    FurtherFlag{"Face", "ClickThroughWithoutIcon",
+                [](FurtherSettings& s) -> bool& { return s.face.clickThroughWithoutIcon; }},
+    FurtherFlag{"Remote", "AcceptsCommands",
+                [](FurtherSettings& s) -> bool& { return s.remote.acceptsCommands; }},
+    FurtherFlag{"Remote", "MediaKeys", [](FurtherSettings& s) -> bool& { return s.remote.mediaKeys; }},
+    FurtherFlag{"Cd", "ShowsTitles", [](FurtherSettings& s) -> bool& { return s.cd.showsTitles; }},
+    FurtherFlag{"Keyboard", "MovesWindow",
+                [](FurtherSettings& s) -> bool& { return s.keyboard.movesWindow; }},
+    FurtherFlag{"Keyboard", "ShowsAccessKeys",
+                [](FurtherSettings& s) -> bool& { return s.keyboard.showsAccessKeys; }},
 };
 
 /// A row for each switch, named after its key, with the settings in which it alone is on.

@@ -27,6 +27,8 @@ private Q_SLOTS:
     void ItStaysWithoutItsSound();
     void ClosingAllWindowsClosesTheSound();
     void AClosedNoticeIsNotClosedAgain();
+    void ANameIsShownAsItIs_data();
+    void ANameIsShownAsItIs();
 };
 
 void TstTimerNotice::ItComesToTheFrontWithItsSound() {
@@ -126,6 +128,31 @@ void TstTimerNotice::AClosedNoticeIsNotClosedAgain() {
     bench.commands.clear();
     bench.tools.CloseWindows();
     QVERIFY(bench.commands.isEmpty());
+}
+
+void TstTimerNotice::ANameIsShownAsItIs_data() {
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<bool>("isWhole");
+    QTest::newRow("none") << u""_s << true;
+    QTest::newRow("a word") << u"茹で卵"_s << true;
+    QTest::newRow("markup") << u"<b>5 &amp; 6</b>"_s << true;
+    QTest::newRow("the longest") << QString(200, u'卵') << false;
+    QTest::newRow("the longest without a place to break") << QString(200, u'W') << false;
+}
+
+void TstTimerNotice::ANameIsShownAsItIs() {
+    QFETCH(const QString, name);
+    QFETCH(const bool, isWhole);
+    TimingBench bench;
+    bench.tools.StartCountdown(1000, name);
+    bench.time.Advance(1000);
+    const auto& label = bench.The<Form8, QLabel>("Label2");
+    QCOMPARE(label.isVisible(), !name.isEmpty());
+    QCOMPARE(label.accessibleName(), name);
+    QCOMPARE(label.textFormat(), Qt::PlainText);
+    QCOMPARE(label.text() == name, isWhole);
+    QVERIFY(label.text().endsWith(u'…') != isWhole);
+    QVERIFY2(bench.The<Form8>().width() < 700, qPrintable(QString::number(bench.The<Form8>().width())));
 }
 
 QTEST_MAIN(TstTimerNotice)

@@ -46,6 +46,8 @@ private Q_SLOTS:
     void ResetKeepsTheLoopCount();
     void AnEntryTooLargeThrows();
     void AStartThatOverflowsDoesNotRun();
+    void ANewRunOfAnotherProgramReplacesAStoppedOne();
+    void ANameBelongsToOneRun();
 };
 
 void TstTimerPanel::TheEntryIsRead_data() {
@@ -200,6 +202,40 @@ void TstTimerPanel::AStartThatOverflowsDoesNotRun() {
     bench.panel.Reset({0, 1, 0, false});
     bench.panel.StartOrStop({0, 1, 0, false});
     QCOMPARE(bench.countdown.Remaining(), 60'000);
+}
+
+void TstTimerPanel::ANewRunOfAnotherProgramReplacesAStoppedOne() {
+    Bench bench;
+    bench.panel.StartOrStop({.minutes = 1, .repeat = true});
+    bench.time.since += 20'000;
+    bench.panel.StartOrStop({});
+    bench.Take();
+    bench.panel.StartNew(90'500, u"茹で卵"_s);
+    QCOMPARE(bench.Take(), (Journal{u"upper show 茹で卵"_s, u"lower set 0:01'30\"500"_s}));
+    QVERIFY(bench.panel.IsRunning());
+    QVERIFY(bench.TimerTimer->IsRunning());
+    QVERIFY(!bench.state.CountdownRepeat);
+    QCOMPARE(bench.countdown.Remaining(), 90'500);
+    QCOMPARE(bench.state.CountdownName, u"茹で卵"_s);
+    QCOMPARE(bench.panel.CurrentEntry(), (TimerEntry{.hours = 0, .minutes = 1, .seconds = 30}));
+}
+
+void TstTimerPanel::ANameBelongsToOneRun() {
+    Bench bench;
+    bench.panel.StartNew(5000, u"卵"_s);
+    bench.panel.StartOrStop({});  // stops
+    QCOMPARE(bench.state.CountdownName, u"卵"_s);
+    bench.panel.StartOrStop({.seconds = 5});  // resumes the same run
+    QCOMPARE(bench.state.CountdownName, u"卵"_s);
+    bench.countdown.End();
+    bench.Take();
+    bench.panel.StartNew(5000, {});
+    QCOMPARE(bench.Take().constFirst(), u"upper show タイマー"_s);
+    QCOMPARE(bench.state.CountdownName, QString());
+    bench.countdown.SetName(u"卵"_s);
+    bench.countdown.End();
+    bench.panel.StartOrStop({.seconds = 5});
+    QCOMPARE(bench.state.CountdownName, QString());
 }
 
 QTEST_GUILESS_MAIN(TstTimerPanel)

@@ -5,17 +5,17 @@
 
 namespace tickwell {
 
-/// How the window manager treats a window of this program: above the others, on all workspaces, in neither
-/// taskbar nor pager. Windows are identified by their window system ids. No function moves, resizes or shows
-/// a window or gives it the focus, and none waits for the window manager.
+/// How the window manager treats a window of this program: above the others, on all workspaces, and usually
+/// in neither taskbar nor pager. Windows are identified by their window system ids. No function moves,
+/// resizes or shows a window or gives it the focus, and none waits for the window manager.
 class WindowStack {
 public:
     virtual ~WindowStack() = default;
 
-    /// Declares, for a window that is about to be shown, that it belongs on all workspaces, in no taskbar or
-    /// pager, and does not want the focus. A hidden window loses this, so it is called before each time that
-    /// it is shown.
-    virtual void Declare(quintptr window) = 0;
+    /// Declares, for a window that is about to be shown, that it belongs on all workspaces, in taskbar and
+    /// pager only if `inSwitcher`, and does not want the focus for now. A hidden window loses this, so it is
+    /// called before each time that it is shown. The other functions request what was declared last.
+    virtual void Declare(quintptr window, bool inSwitcher) = 0;
 
     /// Requests the same from the window manager once the window has been shown, in case it ignored the
     /// declaration.

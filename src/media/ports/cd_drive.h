@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QList>
+#include <QStringList>
 #include <QtGlobal>
 #include <functional>
 
@@ -42,11 +43,15 @@ struct CdContents {
     bool operator==(const CdContents&) const = default;
 };
 
+inline constexpr int kLongestCdTitle = 200;  ///< characters
+
 /// The last known state of the drive. All but `status` and `number` are valid only if status is Ready.
 struct CdPicture {
     CdStatus status = CdStatus::NotReady;
     quint32 number = 0;  ///< changes each time contents appear or disappear
     CdContents contents;
+    QStringList titles;  ///< of the disc and then of each track, on one line each and at most kLongestCdTitle
+                         ///< long; empty if unknown. No entries if the disc has none, or if nobody asked.
     CdMode mode = CdMode::Stopped;
     qint64 position = 0;     ///< frames from the start of sector 0 to the one being heard
     bool readError = false;  ///< playback ended early because the disc could not be read any further; cleared
@@ -73,8 +78,8 @@ public:
     /// look is running. A Ready disc stays Ready until the look finds otherwise.
     virtual void Look() = 0;
 
-    /// `changed` is called each time status or number have changed: from the event loop, never during a call
-    /// of this port. One listener; an empty function removes it.
+    /// `changed` is called each time status, number or titles have changed: from the event loop, never during
+    /// a call of this port. One listener; an empty function removes it.
     virtual void WhenChanged(std::function<void()> changed) = 0;
 };
 

@@ -37,6 +37,7 @@ void MessageBus::Later::operator()(QSocketNotifier* notifier) const {
 
 MessageBus::MessageBus(Kind kind) : m_kind(kind) {
     m_patience.setSingleShot(true);
+    m_patience.setTimerType(Qt::PreciseTimer);  // before its deadline a call would not count as hanging
     QObject::connect(&m_patience, &QTimer::timeout, &m_patience, [this] { GiveUp(); });
 }
 
@@ -54,7 +55,7 @@ void MessageBus::Call(const Method& method, Answer onAnswer) {
     }
     m_waiting.push_back(std::move(waiting));
     if (!m_patience.isActive()) {
-        m_patience.start(kPatience);
+        m_patience.start(kPatience + 1);
     }
     Watch();
 }

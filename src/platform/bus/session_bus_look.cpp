@@ -4,9 +4,9 @@
 #include <systemd/sd-bus.h>
 
 #include <QDBusConnection>
-#include <QDeadlineTimer>
 #include <QDebug>
 
+#include "platform/bus/bus_ready.h"
 #include "platform/log.h"
 
 namespace tickwell::platform {
@@ -14,23 +14,7 @@ namespace tickwell::platform {
 namespace {
 
 constexpr auto kAddress = "DBUS_SESSION_BUS_ADDRESS";
-constexpr int kPatience = 1000;  // ms
-
-/// Whether the bus does not answer in time. False if there is none: Qt detects that at once.
-bool Hangs(sd_bus* bus) {
-    const QDeadlineTimer deadline(kPatience);
-    while (sd_bus_is_ready(bus) == 0) {
-        const int progress = sd_bus_process(bus, nullptr);
-        if (progress < 0) {
-            return false;
-        }
-        const qint64 left = deadline.remainingTimeNSecs() / 1000;
-        if (progress == 0 && (left <= 0 || sd_bus_wait(bus, static_cast<quint64>(left)) < 0)) {
-            return true;
-        }
-    }
-    return false;
-}
+constexpr std::chrono::milliseconds kPatience{1000};
 
 }  // namespace
 
@@ -39,7 +23,7 @@ SessionBusLook::SessionBusLook() {
     if (sd_bus_open_user_with_description(&bus, "tickwell") < 0) {
         return;
     }
-    m_hangs = Hangs(bus);
+    m_hangs = WaitUntilReady(bus, kPatience) == BusState::Hangs;  // Qt detects a failure at once
     sd_bus_close_unref(bus);
     if (m_hangs) {
         qCWarning(PlatformLog,

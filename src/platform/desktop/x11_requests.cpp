@@ -2,6 +2,7 @@
 #include "platform/desktop/x11_requests.h"
 
 #include <QGuiApplication>
+#include <QScreen>
 #include <algorithm>
 #include <cstring>
 #include <string_view>
@@ -12,6 +13,15 @@ namespace {
 
 constexpr quint32 kMostItems = 4096;
 constexpr std::string_view kCompositor = "_NET_WM_CM_S0";  // the selection that it owns (EWMH)
+constexpr std::string_view kXWayland =
+    "XWAYLAND";  // its extension since version 23; before, its screens were named so
+
+bool IsXWayland(xcb_connection_t* server) {
+    const XcbReply<xcb_query_extension_reply_t> extension(xcb_query_extension_reply(
+        server, xcb_query_extension(server, kXWayland.size(), kXWayland.data()), nullptr));
+    return (extension && extension->present != 0) ||
+           QGuiApplication::primaryScreen()->name().startsWith(QLatin1StringView(kXWayland));
+}
 
 }  // namespace
 
@@ -25,14 +35,24 @@ bool IsComposited() {
     if (server == nullptr) {
         return false;
     }
-    const XcbReply<xcb_intern_atom_reply_t> atom(xcb_intern_atom_reply(
-        server, xcb_intern_atom(server, 0, kCompositor.size(), kCompositor.data()), nullptr));
-    if (!atom) {
+    const XcbReply<xcb_get_selection_owner_reply_t> owner(xcb_get_selection_owner_reply(
+        server, xcb_get_selection_owner(server, AtomNamed(server, kCompositor)), nullptr));
+    return owner && owner->owner != XCB_NONE;
+}
+
+bool IsPlacedByCompositor() {
+    xcb_connection_t* server = X11Connection();
+    if (server == nullptr || !IsXWayland(server)) {
         return false;
     }
-    const XcbReply<xcb_get_selection_owner_reply_t> owner(
-        xcb_get_selection_owner_reply(server, xcb_get_selection_owner(server, atom->atom), nullptr));
-    return owner && owner->owner != XCB_NONE;
+    const auto supported = RequestItems(server, RootOf(server), AtomNamed(server, "_NET_SUPPORTED"));
+    return !ItemsOf(server, supported).contains(AtomNamed(server, "_NET_MOVERESIZE_WINDOW"));
+}
+
+xcb_atom_t AtomNamed(xcb_connection_t* server, std::string_view name) {
+    const XcbReply<xcb_intern_atom_reply_t> reply(xcb_intern_atom_reply(
+        server, xcb_intern_atom(server, 0, static_cast<quint16>(name.size()), name.data()), nullptr));
+    return reply ? reply->atom : 0;
 }
 
 xcb_window_t RootOf(xcb_connection_t* server) {

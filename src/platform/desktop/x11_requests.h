@@ -4,11 +4,20 @@
 #include <xcb/xcb.h>
 
 #include <QList>
+#include <algorithm>
 #include <array>
 #include <cstdlib>
 #include <memory>
+#include <string_view>
 
 namespace tickwell::platform {
+
+/// The source of a request to the window manager (EWMH). Window managers obey some requests only if they come
+/// from a pager, whose requests are those of the user.
+inline constexpr quint32 kFromPager = 2;
+
+/// The number of the desktop of windows that are on all (EWMH).
+inline constexpr quint32 kAllDesktops = 0xFFFFFFFF;
 
 /// Frees what xcb allocated with malloc.
 struct XcbFree {
@@ -24,7 +33,32 @@ xcb_connection_t* X11Connection();
 /// Whether a compositing manager runs, so that translucent windows can be seen through. False without X11.
 bool IsComposited();
 
+/// Whether a Wayland compositor places our windows where it wants: the X server is XWayland, and its window
+/// manager does not move windows on request (EWMH's _NET_MOVERESIZE_WINDOW). So do those of the wlroots
+/// family and weston; KWin and mutter place windows as they do on X11. False without X11.
+bool IsPlacedByCompositor();
+
+/// Interns all names with one wait. An atom is 0 if the server did not answer.
+template <size_t Count>
+std::array<quint32, Count> InternAtoms(xcb_connection_t* server,
+                                       const std::array<std::string_view, Count>& names) {
+    std::array<xcb_intern_atom_cookie_t, Count> requests{};
+    std::transform(names.begin(), names.end(), requests.begin(), [server](std::string_view name) {
+        return xcb_intern_atom(server, 0, static_cast<quint16>(name.size()), name.data());
+    });
+    std::array<quint32, Count> atoms{};
+    std::transform(
+        requests.begin(), requests.end(), atoms.begin(), [server](xcb_intern_atom_cookie_t request) {
+            const XcbReply<xcb_intern_atom_reply_t> reply(xcb_intern_atom_reply(server, request, nullptr));
+            return reply ? reply->atom : 0;
+        });
+    return atoms;
+}
+
 xcb_window_t RootOf(xcb_connection_t* server);
+
+/// The atom of that name; 0 if the server does not answer.
+xcb_atom_t AtomNamed(xcb_connection_t* server, std::string_view name);
 
 /// Requests a property of 32-bit items, at most 4096 of them. The answer is read by ItemsOf.
 xcb_get_property_cookie_t RequestItems(xcb_connection_t* server, xcb_window_t window, xcb_atom_t property);

@@ -3,18 +3,18 @@
 
 #include <algorithm>
 #include <string_view>
+#include <utility>
 
+#include "platform/desktop/x11_input_hint.h"
 #include "platform/desktop/x11_requests.h"
 
 namespace tickwell::platform {
 
 namespace {
 
+constexpr quint32 kRemoveState = 0;
 constexpr quint32 kAddState = 1;
 constexpr quint32 kFromApplication = 1;
-constexpr quint32 kFromPager =
-    2;  // window managers obey some requests only if they come from a panel or pager
-constexpr quint32 kAllDesktops = 0xFFFFFFFF;
 constexpr quint32 kNormalState = 1;  // in WM_STATE
 
 bool IsSet(const QList<quint32>& flag) {
@@ -30,20 +30,13 @@ bool IsViewable(xcb_connection_t* server, xcb_window_t window) {
 }  // namespace
 
 xcb_connection_t* X11Stack::Server() {
-    xcb_connection_t* server = X11Connection();
-    if (server != nullptr && Atom(State) == 0) {
-        InternAtoms(server);
-    }
-    return server;
-}
-
-void X11Stack::InternAtoms(xcb_connection_t* server) {
     constexpr std::array<std::string_view, AtomCount> kNames{"_NET_SUPPORTING_WM_CHECK",
                                                              "_NET_WM_STATE",
                                                              "_NET_WM_STATE_ABOVE",
                                                              "_NET_WM_STATE_STICKY",
                                                              "_NET_WM_STATE_SKIP_TASKBAR",
                                                              "_NET_WM_STATE_SKIP_PAGER",
+                                                             "_NET_WM_STATE_DEMANDS_ATTENTION",
                                                              "_NET_WM_DESKTOP",
                                                              "_NET_CURRENT_DESKTOP",
                                                              "_NET_SHOWING_DESKTOP",
@@ -51,27 +44,25 @@ void X11Stack::InternAtoms(xcb_connection_t* server) {
                                                              "_NET_RESTACK_WINDOW",
                                                              "_NET_WM_USER_TIME",
                                                              "WM_STATE"};
-    std::array<xcb_intern_atom_cookie_t, AtomCount> requests{};
-    std::transform(kNames.begin(), kNames.end(), requests.begin(), [server](std::string_view name) {
-        return xcb_intern_atom(server, 0, static_cast<quint16>(name.size()), name.data());
-    });
-    std::transform(
-        requests.begin(), requests.end(), m_atoms.begin(), [server](xcb_intern_atom_cookie_t request) {
-            const XcbReply<xcb_intern_atom_reply_t> reply(xcb_intern_atom_reply(server, request, nullptr));
-            return reply ? reply->atom : 0;
-        });
+    xcb_connection_t* server = X11Connection();
+    if (server != nullptr && Atom(State) == 0) {
+        m_atoms = InternAtoms(server, kNames);
+    }
+    return server;
 }
 
-void X11Stack::Declare(quintptr window) {
+void X11Stack::Declare(quintptr window, bool inSwitcher) {
+    m_isInSwitcher = inSwitcher;
     xcb_connection_t* server = Server();
     if (server == nullptr) {
         return;
     }
     const auto ours = static_cast<xcb_window_t>(window);
     const std::array<quint32, 4> states{Atom(Above), Atom(Sticky), Atom(SkipTaskbar), Atom(SkipPager)};
+    const quint32 count = inSwitcher ? 2 : states.size();
     // Replaces what the window manager left there, such as "hidden"; Qt adds its own states when it maps the
     // window.
-    xcb_change_property(server, XCB_PROP_MODE_REPLACE, ours, Atom(State), XCB_ATOM_ATOM, 32, states.size(),
+    xcb_change_property(server, XCB_PROP_MODE_REPLACE, ours, Atom(State), XCB_ATOM_ATOM, 32, count,
                         states.data());
     xcb_change_property(server, XCB_PROP_MODE_REPLACE, ours, Atom(Desktop), XCB_ATOM_CARDINAL, 32, 1,
                         &kAllDesktops);
@@ -79,6 +70,11 @@ void X11Stack::Declare(quintptr window) {
     xcb_change_property(server, XCB_PROP_MODE_REPLACE, ours, Atom(UserTime), XCB_ATOM_CARDINAL, 32, 1,
                         &never);
     m_refused = {};
+    // Wayland compositors of the wlroots family ignore that time, but focus no window that refuses the focus.
+    if (IsPlacedByCompositor()) {
+        DeclareAcceptsFocus(server, ours, false);
+        m_refusesFocus = true;
+    }
 }
 
 void X11Stack::AskForDeclared(quintptr window) {
@@ -89,17 +85,23 @@ void X11Stack::AskForDeclared(quintptr window) {
 }
 
 void X11Stack::SendDeclared(xcb_connection_t* server, quint32 window) const {
-    SendToManager(server, window, Atom(State),
-                  {kAddState, Atom(SkipTaskbar), Atom(SkipPager), kFromApplication, 0});
+    SendToManager(
+        server, window, Atom(State),
+        {m_isInSwitcher ? kRemoveState : kAddState, Atom(SkipTaskbar), Atom(SkipPager), kFromApplication, 0});
     SendToManager(server, window, Atom(State), {kAddState, Atom(Above), Atom(Sticky), kFromApplication, 0});
     // Not every window manager supports the sticky state: openbox supports only the desktop number.
     SendToManager(server, window, Atom(Desktop), {kAllDesktops, kFromApplication, 0, 0, 0});
+    // KWin marks every window that is mapped without the focus.
+    SendToManager(server, window, Atom(State),
+                  {kRemoveState, Atom(DemandsAttention), 0, kFromApplication, 0});
 }
 
 bool X11Stack::HasDeclared(const Kept& kept) const {
     const bool isEverywhere =
         kept.states.contains(Atom(Sticky)) || kept.desktop == QList<quint32>{kAllDesktops};
-    return isEverywhere && kept.states.contains(Atom(SkipTaskbar)) && kept.states.contains(Atom(SkipPager));
+    return isEverywhere && kept.states.contains(Atom(SkipTaskbar)) != m_isInSwitcher &&
+           kept.states.contains(Atom(SkipPager)) != m_isInSwitcher &&
+           !kept.states.contains(Atom(DemandsAttention));
 }
 
 /// Repeats a request that the window manager has refused only after the states that it keeps have changed.
@@ -137,6 +139,9 @@ void X11Stack::PutAbove(quintptr window) {
             SendToManager(server, ours, Atom(Restack), {kFromPager, 0, XCB_STACK_MODE_ABOVE, 0, 0});
         }
         AskAgain(server, ours, kept);
+    }
+    if (std::exchange(m_refusesFocus, false)) {
+        DeclareAcceptsFocus(server, ours, true);
     }
     xcb_flush(server);
 }

@@ -15,7 +15,7 @@ namespace tickwell::platform {
 /// managers. Without a window manager the window is restacked directly. Without X11 nothing happens.
 class X11Stack : public WindowStack {
 public:
-    void Declare(quintptr window) override;
+    void Declare(quintptr window, bool inSwitcher) override;
     void AskForDeclared(quintptr window) override;
     void PutAbove(quintptr window) override;
     void BringToUser(quintptr window) override;
@@ -36,6 +36,7 @@ private:
         Sticky,
         SkipTaskbar,
         SkipPager,
+        DemandsAttention,
         Desktop,
         CurrentDesktop,
         ShowingDesktop,
@@ -48,14 +49,15 @@ private:
 
     /// The connection, with the atoms interned; null without X11.
     xcb_connection_t* Server();
-    void InternAtoms(xcb_connection_t* server);
     quint32 Atom(AtomName name) const { return m_atoms.at(name); }
     bool HasDeclared(const Kept& kept) const;
     void AskAgain(xcb_connection_t* server, quint32 window, const Kept& kept);
     void SendDeclared(xcb_connection_t* server, quint32 window) const;
 
     std::array<quint32, AtomCount> m_atoms{};
-    Kept m_refused;  // the kept states when a request for the declared ones last failed
+    bool m_refusesFocus = false;  // until the window is put above for the first time after it was shown
+    bool m_isInSwitcher = false;  // as declared last
+    Kept m_refused;               // the kept states when a request for the declared ones last failed
 };
 
 }  // namespace tickwell::platform

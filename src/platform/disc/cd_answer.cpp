@@ -2,9 +2,12 @@
 #include "platform/disc/cd_answer.h"
 
 #include <QStringList>
+#include <algorithm>
 #include <array>
+#include <optional>
 
 #include "cd_helper/protocol.h"
+#include "platform/disc/cd_title.h"
 
 namespace tickwell::platform {
 
@@ -34,8 +37,33 @@ ContentsLine LineOf(const QByteArray& text) {
     return isSector ? ContentsLine{parts[0], sector} : ContentsLine();
 }
 
+/// The track of a line "title 2 %E6%9C%88", from 0 to `tracks`; -1 if the line has another format.
+int TrackOfTitle(const QList<QByteArray>& parts, qsizetype tracks) {
+    bool isNumber = false;
+    const int track = parts.size() == 3 && parts[0] == cd_helper::kTitle ? parts[1].toInt(&isNumber) : -1;
+    return isNumber && track >= 0 && track <= tracks && IsEncodedTitle(parts[2]) ? track : -1;
+}
+
+/// The titles in these lines; nothing if a line is not one, or if they are not in order.
+std::optional<QStringList> TitlesOf(const QList<QByteArray>& lines, qsizetype tracks) {
+    QStringList titles(tracks + 1);
+    int last = -1;
+    for (const QByteArray& line : lines) {
+        const QList<QByteArray> parts = line.split(' ');
+        const int track = TrackOfTitle(parts, tracks);
+        if (track <= last) {
+            return std::nullopt;
+        }
+        titles[track] = TitleFrom(parts[2]);
+        last = track;
+    }
+    const bool hasAny =
+        std::any_of(titles.begin(), titles.end(), [](const QString& title) { return !title.isEmpty(); });
+    return hasAny ? titles : QStringList();
+}
+
 CdSeen DiscOf(const QList<QByteArray>& lines) {
-    CdSeen disc{media::CdStatus::Ready, {}};
+    CdSeen disc{media::CdStatus::Ready, {}, {}};
     int last = -1;
     for (qsizetype i = 1; i < lines.size(); ++i) {
         const ContentsLine line = LineOf(lines[i]);
@@ -54,6 +82,18 @@ CdSeen DiscOf(const QList<QByteArray>& lines) {
     return tracks == 0 || tracks > cd_helper::kMostTracks ? CdSeen() : disc;
 }
 
+CdSeen DiscWithTitles(const QList<QByteArray>& lines) {
+    const auto isTitle = [](const QByteArray& line) { return line.startsWith(cd_helper::kTitle); };
+    const auto first = std::find_if(lines.begin(), lines.end(), isTitle) - lines.begin();
+    CdSeen disc = DiscOf(lines.first(first));
+    const auto titles = TitlesOf(lines.sliced(first), disc.contents.tracks.size());
+    if (disc.status != media::CdStatus::Ready || !titles) {
+        return {};
+    }
+    disc.titles = *titles;
+    return disc;
+}
+
 }  // namespace
 
 CdSeen SeenFrom(const QByteArray& answer) {
@@ -62,11 +102,11 @@ CdSeen SeenFrom(const QByteArray& answer) {
     }
     const QList<QByteArray> lines = answer.chopped(1).split('\n');
     if (lines.constFirst() == cd_helper::kDisc) {
-        return DiscOf(lines);
+        return DiscWithTitles(lines);
     }
     for (const Word& word : kWordsAlone) {
         if (lines.size() == 1 && lines.constFirst() == word.text) {
-            return {word.status, {}};
+            return {word.status, {}, {}};
         }
     }
     return {};

@@ -12,6 +12,7 @@ namespace tickwell::platform {
 struct CdSeen {
     media::CdStatus status = media::CdStatus::NotReady;
     media::CdContents contents;
+    QStringList titles{};  ///< see CdPicture
 
     bool operator==(const CdSeen&) const = default;
 };

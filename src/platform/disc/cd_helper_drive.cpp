@@ -12,8 +12,9 @@ constexpr int kTick = 50;  // ms
 }  // namespace
 
 CdHelperDrive::CdHelperDrive(RealTimerSource& timers, media::SoundOutput& output, const QString& helper,
-                             QString source)
+                             QString source, std::function<bool()> wantsTitles)
     : m_source(std::move(source)),
+      m_wantsTitles(std::move(wantsTitles)),
       m_look(m_reaper, helper),
       m_stream(output, m_reaper, helper),
       m_timer(timers.Create(kTick, [this] { Tick(); })) {}
@@ -27,6 +28,7 @@ media::CdPicture CdHelperDrive::Picture() const {
     picture.status = m_seen.status;
     picture.number = m_number;
     picture.contents = m_seen.contents;
+    picture.titles = m_seen.titles;
     picture.mode = m_stream.Mode();
     picture.position = m_stream.Position();
     picture.readError = m_readError;
@@ -34,7 +36,7 @@ media::CdPicture CdHelperDrive::Picture() const {
 }
 
 void CdHelperDrive::Look() {
-    m_look.Start(CdSource(m_source));
+    m_look.Start(CdSource(m_source), m_wantsTitles());
     m_timer->Start();
 }
 
@@ -92,9 +94,12 @@ void CdHelperDrive::Take(const CdSeen& seen) {
     if (taken == m_seen) {
         return;
     }
+    const bool isSameDisc = taken.status == m_seen.status && taken.contents == m_seen.contents;
     m_seen = taken;
-    ++m_number;
-    m_stream.Stop();
+    if (!isSameDisc) {  // otherwise only the titles have become known
+        ++m_number;
+        m_stream.Stop();
+    }
     if (m_changed) {
         m_changed();
     }

@@ -18,9 +18,11 @@ namespace tickwell::platform {
 class CdHelperDrive : public media::CdDrive, public media::CdPlayback {
 public:
     /// `helper`: the path of tickwell-cd. `source`: a drive or an image; empty for the machine's own drive,
-    /// which may come and go. Timers and output outlive this object and run in real time, as drives and sound
-    /// do.
-    CdHelperDrive(RealTimerSource& timers, media::SoundOutput& output, const QString& helper, QString source);
+    /// which may come and go. `wantsTitles`: whether a look that begins now reads the disc's titles. Timers
+    /// and output outlive this object and run in real time, as drives and sound do.
+    CdHelperDrive(
+        RealTimerSource& timers, media::SoundOutput& output, const QString& helper, QString source,
+        std::function<bool()> wantsTitles = [] { return false; });
 
     bool Exists() const override;
     QString Named() const override { return m_source; }
@@ -42,6 +44,7 @@ private:
     CdPlace Place() const;
 
     QString m_source;
+    std::function<bool()> m_wantsTitles;
     ChildReaper m_reaper;  // outlives look and stream
     CdLook m_look;
     CdStream m_stream;

@@ -1,26 +1,41 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/disc/cd_look.h"
 
+#include <QStringList>
+#include <utility>
+
 #include "cd_helper/protocol.h"
 
 namespace tickwell::platform {
 
 namespace {
 
-constexpr int kLongestLook = 30'000;     // ms
-constexpr qsizetype kMostAnswer = 8192;  // bytes; 99 tracks take 1400
+constexpr int kLongestLook = 30'000;  // ms
+
+// bytes; 99 tracks take 1400, and a title of the longest 2400
+constexpr qsizetype kMostAnswer = 8192;
+constexpr qsizetype kMostAnswerWithTitles = 262'144;
 
 }  // namespace
 
-void CdLook::Start(const QString& source) {
+void CdLook::Start(const QString& source, bool withTitles) {
     if (m_isUnderWay) {
         return;
     }
     m_isUnderWay = true;
-    m_answer.clear();
     m_passed = 0;
-    m_hasSource = !source.isEmpty();
-    m_isStarted = m_hasSource && m_child.Start(m_helper, {QLatin1String(cd_helper::kLookWord), source});
+    m_source = source;
+    m_withTitles = withTitles;
+    StartHelper();
+}
+
+void CdLook::StartHelper() {
+    QStringList arguments{QLatin1String(cd_helper::kLookWord), m_source};
+    if (m_withTitles) {
+        arguments.append(QLatin1String(cd_helper::kTitlesWord));
+    }
+    m_answer.clear();
+    m_isStarted = !m_source.isEmpty() && m_child.Start(m_helper, arguments);
 }
 
 std::optional<CdSeen> CdLook::Tick(int milliseconds) {
@@ -28,15 +43,20 @@ std::optional<CdSeen> CdLook::Tick(int milliseconds) {
         return std::nullopt;
     }
     if (!m_isStarted) {
-        return End(m_hasSource ? media::CdStatus::Failed : media::CdStatus::NotReady);
+        return End(!m_source.isEmpty() ? media::CdStatus::Failed : media::CdStatus::NotReady);
     }
     m_passed += milliseconds;
-    m_answer += m_child.Read(kMostAnswer - m_answer.size());
+    const qsizetype most = m_withTitles ? kMostAnswerWithTitles : kMostAnswer;
+    m_answer += m_child.Read(most - m_answer.size());
     if (const std::optional<int> code = m_child.ExitCode()) {
+        if (code != cd_helper::kEndDone && std::exchange(m_withTitles, false)) {
+            StartHelper();
+            return std::nullopt;
+        }
         m_isUnderWay = false;
         return code == cd_helper::kEndDone ? SeenFrom(m_answer) : CdSeen();
     }
-    if (m_answer.size() >= kMostAnswer || m_passed >= kLongestLook) {
+    if (m_answer.size() >= most || m_passed >= kLongestLook) {
         return End(media::CdStatus::NotReady);
     }
     return std::nullopt;
@@ -45,7 +65,7 @@ std::optional<CdSeen> CdLook::Tick(int milliseconds) {
 CdSeen CdLook::End(media::CdStatus status) {
     m_isUnderWay = false;
     m_child.End();
-    return {status, {}};
+    return {status, {}, {}};
 }
 
 }  // namespace tickwell::platform

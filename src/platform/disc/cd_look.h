@@ -14,8 +14,9 @@ public:
     /// `helper`: the path of tickwell-cd. `reaper` outlives this object.
     CdLook(ChildReaper& reaper, QString helper) : m_helper(std::move(helper)), m_child(reaper) {}
 
-    /// Starts a look; does nothing while one is running. An empty source means that there is no drive.
-    void Start(const QString& source);
+    /// Starts a look; does nothing while one is running. An empty source means that there is no drive. If the
+    /// helper dies of the titles, it looks again without them.
+    void Start(const QString& source, bool withTitles);
     bool IsUnderWay() const { return m_isUnderWay; }
 
     /// To be called every `milliseconds`: the result, once the look has ended. If the helper dies, writes
@@ -23,15 +24,17 @@ public:
     std::optional<CdSeen> Tick(int milliseconds);
 
 private:
+    void StartHelper();
     CdSeen End(media::CdStatus status);
 
     QString m_helper;
     ChildProcess m_child;
+    QString m_source;
     QByteArray m_answer;  // as far as received
     int m_passed = 0;     // ms
     bool m_isUnderWay = false;
     bool m_isStarted = false;  // the helper is running
-    bool m_hasSource = false;
+    bool m_withTitles = false;
 };
 
 }  // namespace tickwell::platform

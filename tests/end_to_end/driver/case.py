@@ -23,9 +23,12 @@ class TickwellCase(unittest.TestCase):
 
     def setUp(self):
         self._kept = False
-        self.session = Session(self.window_manager)
+        self.session = self.make_session()
         self.addCleanup(self.session.close)
         self.addCleanup(self._keep_artifacts)  # if set-up fails, there is no tear-down
+
+    def make_session(self):
+        return Session(self.window_manager)
 
     def tearDown(self):
         self._keep_artifacts()  # before the test's own cleanups close what the screenshot should show

@@ -32,9 +32,10 @@ class CdCase(TickwellCase):
         self.folder = self.session.directory / "discs"
         self.discs = make_discs(self.folder)
 
-    def start(self, source, environment=None, cwd=None):
-        """Starts the program with this drive or image, and opens the player's window."""
-        self.app = start_tickwell(self.session, settings={"SetUp": {"Function": "6", "Clock_Int": "2"}},
+    def start(self, source, environment=None, cwd=None, settings=None):
+        """Starts the program with this drive or image and these further settings, and opens the player's window."""
+        self.app = start_tickwell(self.session,
+                                  settings={"SetUp": {"Function": "6", "Clock_Int": "2"}} | (settings or {}),
                                   arguments=("--disc", source),
                                   environment=self.server.environment | (environment or {}), cwd=cwd)
         wait_lines(self.app, upper="Tickwell Ver.2")

@@ -96,9 +96,7 @@ class Session:
         return inherited | {name: str(value) for name, value in own.items()}
 
     def _open(self, closing, window_manager, screen, dpi):
-        self.display = ":" + self._announced(closing, lambda fd: [
-            "Xvfb", "-displayfd", fd, "-screen", "0", screen, "-dpi", dpi, "-nolisten", "tcp", "-noreset",
-            "-ac"])
+        self.display = self._open_screen(closing, screen, dpi)
         self.environment["DISPLAY"] = self.display
         address = self._announced(closing, lambda fd: [
             "dbus-daemon", "--session", "--nofork", "--nopidfile", f"--print-address={fd}",
@@ -118,7 +116,16 @@ class Session:
                 manager.check_running()
                 return self.windows.window_manager_answers()
             wait_for(in_charge, "the window manager")
-        self.hand = Hand(self.environment)
+        self.hand = self._make_hand(closing)
+
+    def _make_hand(self, _closing):
+        return Hand(self.environment)
+
+    def _open_screen(self, closing, screen, dpi):
+        """Starts the X server; returns its display."""
+        return ":" + self._announced(closing, lambda fd: [
+            "Xvfb", "-displayfd", fd, "-screen", "0", screen, "-dpi", dpi, "-nolisten", "tcp", "-noreset",
+            "-ac"])
 
     def _announced(self, closing, command):
         """Starts a service that writes its address to a pipe when it is ready; returns what it writes."""

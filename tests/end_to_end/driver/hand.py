@@ -9,6 +9,7 @@ DRAG_STEPS = 8  # a drag in one step cannot be distinguished from a click elsewh
 DRAG_PACE = 0.02  # s per step, like a quick user; the window manager may take over the move meanwhile
 DOUBLE_CLICK_PACE = 60  # ms
 SETTLING = 0.05  # s
+HOLDING = 0.3  # s
 LEFT, MIDDLE, RIGHT, WHEEL_UP, WHEEL_DOWN = 1, 2, 3, 4, 5
 
 
@@ -44,6 +45,10 @@ class Hand:
     def key(self, *keys):
         """Presses keys or key combinations by X name: "Return", "alt+F4", "ctrl+a"."""
         self._do("key", "--clearmodifiers", *keys)
+
+    def hold(self, modifier, key):
+        """Presses a key while a modifier is held down for as long as a user would hold it."""
+        self._do("keydown", modifier, "sleep", HOLDING, "key", key, "sleep", HOLDING, "keyup", modifier)
 
     def type(self, text):
         """Types a text key by key into the focused widget."""

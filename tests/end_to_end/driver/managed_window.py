@@ -50,6 +50,10 @@ class ManagedWindow:
         self._window.unmap()
         self._display.sync()
 
+    def set_workspaces(self, count):
+        self._ask(self._root, "_NET_NUMBER_OF_DESKTOPS", count)
+        wait_for(lambda: self._number(self._root, "_NET_NUMBER_OF_DESKTOPS") == count, f"{count} workspaces")
+
     def show_workspace(self, number):
         self._ask(self._root, "_NET_CURRENT_DESKTOP", number)
         wait_for(lambda: self._number(self._root, "_NET_CURRENT_DESKTOP") == number, f"workspace {number}")

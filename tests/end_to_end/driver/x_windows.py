@@ -127,6 +127,10 @@ class XWindows:
         """Asks the window manager to raise any window above others of its kind, like a pager."""
         self._ask_manager(xid, "_NET_RESTACK_WINDOW", FROM_PAGER, 0, X.Above, 0, 0)
 
+    def activate(self, xid):
+        """Asks the window manager to give any window the focus, like a panel."""
+        self._ask_manager(xid, "_NET_ACTIVE_WINDOW", FROM_PAGER, X.CurrentTime, 0, 0, 0)
+
     def close_window(self, xid):
         """Asks a window to close, like the close button of its frame."""
         window = self._window(xid)

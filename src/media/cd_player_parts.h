@@ -1,0 +1,24 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QStringList>
+#include <functional>
+
+#include "core/handlers.h"
+#include "media/cd_device.h"
+#include "media/cd_state.h"
+
+namespace tickwell::media {
+
+/// References that the CD player works with; all outlive it.
+struct CdPlayerParts {
+    CdPlayerState& state;
+    Multimedia& media;
+    CdDevice& device;
+    Handlers& handlers;
+    TimerSource& timers;
+    /// The titles that are shown: of the disc and of each track, some of them empty. No entries if none are.
+    std::function<QStringList()> titles = [] { return QStringList(); };
+};
+
+}  // namespace tickwell::media

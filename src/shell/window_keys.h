@@ -1,0 +1,43 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QKeyEvent>
+#include <QMenu>
+#include <functional>
+
+#include "core/keyboard_settings.h"
+#include "core/ports/focus_return.h"
+
+namespace tickwell::shell {
+
+/// The keys that move and resize the main window and return the focus to the window that had it before, if
+/// the settings want them. Closing the menu with Esc returns the focus as well.
+class WindowKeys : public QObject {
+public:
+    /// All outlive this object. `beforeStep` is called before each change of the window's geometry.
+    WindowKeys(QWidget& window, QMenu& menu, const KeyboardSettings& settings, FocusReturn& focus,
+               std::function<void()> beforeStep);
+    ~WindowKeys() override;
+    Q_DISABLE_COPY_MOVE(WindowKeys)
+
+    /// To be called at the start and when the settings have changed: the focus is followed only if a key can
+    /// return it.
+    void Follow();
+
+    /// Carries out a key; returns false if it has no meaning here.
+    bool Press(const QKeyEvent& event);
+
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    bool Step(const QKeyEvent& event);
+    void MenuHidden();
+
+    QWidget& m_window;
+    const KeyboardSettings& m_settings;
+    FocusReturn& m_focus;
+    std::function<void()> m_beforeStep;
+    bool m_escaped = false;  // Esc was the last key in the menu
+};
+
+}  // namespace tickwell::shell
