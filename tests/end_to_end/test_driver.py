@@ -141,6 +141,16 @@ class SessionTest(FolderCase):
         processes.end_marked(mark, patience=0.1)
         self.assertEqual(program.exit_code, -signal.SIGKILL)
 
+    def test_what_is_started_meanwhile_is_asked_too(self):
+        mark = str(self.folder)
+        parent = Program([sys.executable, SAMPLES / "successor.py"], os.environ | {processes.MARK: mark},
+                         self.folder / "log")
+        self.addCleanup(parent.stop, patience=0)
+        parent.wait_output("up")
+        processes.end_marked(mark)
+        self.assertIn("the successor was asked", parent.output())
+        self.assertEqual(processes.marked(mark), [])
+
     def test_nothing_is_left_of_a_session_that_fails_to_start(self):
         with mock.patch.object(tempfile, "tempdir", str(self.folder)), \
                 self.assertRaisesRegex(ProgramEnded, "no-such-manager"):

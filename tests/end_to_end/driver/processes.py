@@ -7,11 +7,14 @@ session's environment, so a marker variable in it identifies them.
 
 import os
 import signal
+import time
 from pathlib import Path
 
 from driver.waiting import TimedOut, wait_for
 
 MARK = "TICKWELL_TEST_SESSION"
+
+LOOKS, LOOK_INTERVAL = 3, 0.01  # s
 
 
 def marked(value):
@@ -29,13 +32,35 @@ def process_of(session, name):
 
 
 def end_marked(value, patience=5.0):
-    """Asks all of them to end, and kills those that are left after `patience` seconds."""
-    _send(value, signal.SIGTERM)
+    """Asks all of them to end, also those that are started meanwhile, and kills those that are left after `patience`
+    seconds."""
+    asked = set()
+
+    def have_ended():
+        left = _left(value)
+        _send(left - asked, signal.SIGTERM)
+        asked.update(left)
+        return not left
     try:
-        wait_for(lambda: not marked(value), "the session's processes to end", patience)
+        wait_for(have_ended, "the session's processes to end", patience)
     except TimedOut:
-        _send(value, signal.SIGKILL)
-        wait_for(lambda: not marked(value), "the session's killed processes to be gone")
+        wait_for(lambda: not _kill(_left(value)), "the session's killed processes to be gone")
+
+
+def _left(value):
+    """A process can start another and end between the listing of all processes and the look at it, and its environment
+    reads as empty for a moment while it starts a program, so that only several looks in a row show that none is left."""
+    for _ in range(LOOKS):
+        found = set(marked(value))
+        if found:
+            return found
+        time.sleep(LOOK_INTERVAL)
+    return set()
+
+
+def _kill(pids):
+    _send(pids, signal.SIGKILL)
+    return pids
 
 
 def _carries(entry, value):
@@ -45,8 +70,8 @@ def _carries(entry, value):
         return False
 
 
-def _send(value, number):
-    for pid in marked(value):
+def _send(pids, number):
+    for pid in pids:
         try:
             os.kill(pid, number)
         except ProcessLookupError:
