@@ -27,7 +27,7 @@ namespace {
 
 constexpr int kPatience = 30'000;  // ms; only a failing test waits this long
 
-constexpr int kMostWaited = 10'000;  // ms; a hanging device is given up after one second
+constexpr int kMostWaited = 15'000;  // ms; a hanging device is given up after five seconds
 constexpr int kPageOfPipe = 4096;
 
 /// Samples that count up from `first`. The range must not contain 0, so that it differs from silence.

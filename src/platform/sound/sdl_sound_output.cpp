@@ -13,8 +13,9 @@ namespace tickwell::platform {
 
 namespace {
 
-constexpr std::chrono::milliseconds kPatience{1000};  // opening takes 5 to 60 ms
-constexpr std::chrono::milliseconds kMoment{150};     // enough for most devices to open
+constexpr std::chrono::milliseconds kPatience{5000};    // opening takes 5 to 60 ms, but a busy machine may stall
+constexpr std::chrono::milliseconds kMoment{150};       // enough for most devices to open
+constexpr std::chrono::milliseconds kLastMoment{1000};  // for closing devices when the program ends
 
 }  // namespace
 
@@ -108,7 +109,7 @@ private:
 };
 
 SdlSoundOutput::SdlSoundOutput(const QString& library)
-    : m_drivers(std::make_shared<SdlDrivers>(library)), m_jobs(kPatience) {}
+    : m_drivers(std::make_shared<SdlDrivers>(library)), m_jobs(kLastMoment) {}
 
 std::unique_ptr<media::SoundStream> SdlSoundOutput::Open(const media::SoundFormat& format) {
     if (m_lastAttempt != nullptr && m_lastAttempt->Hangs()) {

@@ -21,7 +21,7 @@ public:
     explicit SdlSoundOutput(const QString& library = QStringLiteral("SDL2-2.0"));
 
     /// If opening takes longer than a moment, the stream buffers queued sound, which is dropped if the device
-    /// is not open after a second. While such an attempt hangs, no other is made.
+    /// is not open after five seconds. While such an attempt hangs, no other is made.
     std::unique_ptr<media::SoundStream> Open(const media::SoundFormat& format) override;
 
     int OpenDevices() const { return m_devices; }
