@@ -91,6 +91,7 @@ WindowsParts RunningProgram::PartsOfWindows() {
             .cdPlayer = m_media.System().Player(),
             .listen = [&sounds](const QString& name) { sounds.PlayChime(name, 1); },
             .isComposited = m_ports.isComposited,
+            .isPlacedByCompositor = m_ports.isPlacedByCompositor,
             .hasTray = [this] { return m_ports.tray.IsThere(); },
             .gone = m_ports.windowGone,
             .applied = [this] { FollowSettings(); }};

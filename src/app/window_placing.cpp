@@ -18,6 +18,8 @@ constexpr int kGap = 8;  // between two windows
 constexpr int kTitle = 32;
 constexpr int kBorder = 6;
 
+constexpr char kSetHere[] = "isKeptOnTop";  // property of windows
+
 enum class Side { Below, Above, Right, Left, Over };
 
 /// The cost of a position; the lowest is best.
@@ -85,6 +87,16 @@ QList<QRect> TakenBeside(const QWidget& window) {
     return taken;
 }
 
+/// Sets the flag, or removes it if it was set here. A window that has it of itself, such as a notice, keeps
+/// it.
+void KeepOnTop(QWidget& window, bool keeps) {
+    const bool isSetHere = window.property(kSetHere).toBool();
+    if (isSetHere || !window.windowFlags().testFlag(Qt::WindowStaysOnTopHint)) {
+        window.setWindowFlag(Qt::WindowStaysOnTopHint, keeps);
+        window.setProperty(kSetHere, keeps);
+    }
+}
+
 }  // namespace
 
 QPoint PlaceNear(QSize size, const QRect& opener, const QRect& screen, const QList<QRect>& taken) {
@@ -111,14 +123,16 @@ QPoint PlaceNear(QSize size, const QRect& opener, const QRect& screen, const QLi
     return best;
 }
 
-void PlaceNear(QWidget& window, const QWidget& opener) {
-    window.setWindowFlag(Qt::WindowStaysOnTopHint);
+void PlaceNear(QWidget& window, const QWidget& opener, OnTop onTop) {
     if (!window.testAttribute(Qt::WA_Resized)) {  // no size was set explicitly
         window.adjustSize();
     }
     const QSize framed = window.size() + QSize(2 * kBorder, kTitle + kBorder);
-    window.move(
-        PlaceNear(framed, opener.geometry(), opener.screen()->availableGeometry(), TakenBeside(window)));
+    const QPoint corner =
+        PlaceNear(framed, opener.geometry(), opener.screen()->availableGeometry(), TakenBeside(window));
+    const bool covers = QRect(corner, framed).intersects(opener.geometry());
+    KeepOnTop(window, onTop == OnTop::Always || covers);
+    window.move(corner);
 }
 
 QWidget* BlockingWindow() {

@@ -13,9 +13,12 @@ namespace tickwell::app {
 /// is placed at the screen's top left corner.
 QPoint PlaceNear(QSize size, const QRect& opener, const QRect& screen, const QList<QRect>& taken);
 
+/// When a window is kept above other programs' windows, as the main window is.
+enum class OnTop { IfNeeded, Always };
+
 /// Moves a hidden window near `opener`, with its frame and title bar on the screen and without covering our
-/// other windows, and keeps it on top; otherwise the main window would cover it.
-void PlaceNear(QWidget& window, const QWidget& opener);
+/// other windows. IfNeeded: it is kept on top only if it covers `opener`, which would otherwise be above it.
+void PlaceNear(QWidget& window, const QWidget& opener, OnTop onTop);
 
 /// The active modal window if it or one of its parents is application-modal, otherwise a visible
 /// application-modal window; null if there is none. The active one may be a message box that is modal to a

@@ -190,7 +190,9 @@ void Windows::SetMainWindow(shell::Form1& mainWindow) {
 void Windows::Place(QWidget& window) {
     window.installEventFilter(&m_hideWatch);
     controls::ShowAccessKeys(window, m_parts.further.keyboard.showsAccessKeys);
-    PlaceNear(window, *m_mainWindow);
+    // A compositor chooses the position by itself, so the window may well be put where the main one is.
+    const bool always = m_parts.further.face.toolsStayOnTop || m_parts.isPlacedByCompositor;
+    PlaceNear(window, *m_mainWindow, always ? OnTop::Always : OnTop::IfNeeded);
     LetThroughModal(window);
 }
 

@@ -34,6 +34,7 @@ struct WindowsParts {
     media::CdPlayer& cdPlayer;
     std::function<void(const QString& soundName)> listen;  ///< plays a sound once
     std::function<bool()> isComposited;  ///< whether translucent windows can be seen through
+    bool isPlacedByCompositor;           ///< where windows appear is the desktop's choice alone
     std::function<bool()> hasTray;       ///< whether the desktop has a notification area
     std::function<void()> gone;          ///< called whenever a window or menu was hidden
     std::function<void()> applied;       ///< called when the settings have changed
@@ -61,8 +62,8 @@ private:
     std::function<void()> m_hidden;
 };
 
-/// The windows other than the main one: created on demand, at most one of each, near the main window and
-/// above other programs' windows, and destroyed when they are closed.
+/// The windows other than the main one: created on demand, at most one of each, near the main window,
+/// above other programs' windows if the settings say so, and destroyed when they are closed.
 class Windows {
 public:
     explicit Windows(const WindowsParts& parts);

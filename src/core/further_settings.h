@@ -39,6 +39,7 @@ struct FaceSettings {
     QString zoneName;                   ///< written before its time; its city if blank
     bool hidesUnderFullScreen = false;  ///< while another program fills its screen
     bool inWindowSwitcher = false;      ///< and in taskbar and pager
+    bool toolsStayOnTop = false;        ///< the other windows too, not only those that cover this one
     bool transparent = false;           ///< only the texts are shown; effective from the next start
     qint32 outline = 1;                 ///< a TextOutline, used if transparent; other numbers mean Thin
     bool clickThrough = false;          ///< clicks reach the window below while the icon in the tray is shown

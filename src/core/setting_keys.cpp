@@ -125,6 +125,8 @@ constexpr std::array kFurtherKeys{
                [](StoredSettings& s) -> Field { return &s.further.face.hidesUnderFullScreen; }},
     SettingKey{u"Face", u"InWindowSwitcher", u"False",
                [](StoredSettings& s) -> Field { return &s.further.face.inWindowSwitcher; }},
+    SettingKey{u"Face", u"ToolsStayOnTop", u"False",
+               [](StoredSettings& s) -> Field { return &s.further.face.toolsStayOnTop; }},
     SettingKey{u"Face", u"Transparent", u"False",
                [](StoredSettings& s) -> Field { return &s.further.face.transparent; }},
     SettingKey{u"Face", u"Outline", u"1", [](StoredSettings& s) -> Field { return &s.further.face.outline; }},

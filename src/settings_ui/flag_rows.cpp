@@ -48,6 +48,8 @@ constexpr std::array kPlace{
             [](FurtherSettings& s) -> bool& { return s.face.hidesUnderFullScreen; }},
     FlagRow{u"Check27", u"ウィンドウの切り替えに出す",
             [](FurtherSettings& s) -> bool& { return s.face.inWindowSwitcher; }},
+    FlagRow{u"Check28", u"道具の窓も手前に保つ",
+            [](FurtherSettings& s) -> bool& { return s.face.toolsStayOnTop; }},
 };
 
 constexpr std::array kKeyboard{

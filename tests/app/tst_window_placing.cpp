@@ -23,7 +23,9 @@ private Q_SLOTS:
     void ItIsOnTheScreenFromEverywhere();
     void NoWindowCoversAnother();
     void HiddenWindowsAndMenusTakeNoPlace();
-    void ItStaysAboveOthers();
+    void ItStaysOnTopIfTold();
+    void AWindowThatIsOnTopOfItselfStaysThere();
+    void ItStaysOnTopOfAnOpenerThatItCovers();
     void AnExemptWindowIsTransientForTheModalWindow();
 };
 
@@ -98,7 +100,7 @@ void TstWindowPlacing::NoWindowCoversAnother() {
          {QSize(185, 278), QSize(250, 150), QSize(260, 160), QSize(220, 90), QSize(185, 278)}) {
         windows.push_back(std::make_unique<QWidget>());
         windows.back()->resize(size);
-        PlaceNear(*windows.back(), opener);
+        PlaceNear(*windows.back(), opener, OnTop::IfNeeded);
         windows.back()->show();
         const QRect frame(windows.back()->pos(), size + QSize(12, 38));  // including borders and title bar
         QVERIFY(screen.contains(frame));
@@ -123,18 +125,40 @@ void TstWindowPlacing::HiddenWindowsAndMenusTakeNoPlace() {
     menu.popup({100, 148});
     QWidget window;
     window.resize(200, 100);
-    PlaceNear(window, opener);
+    PlaceNear(window, opener, OnTop::IfNeeded);
     QCOMPARE(window.pos(), QPoint(100, 148));
     menu.close();
 }
 
-void TstWindowPlacing::ItStaysAboveOthers() {
+void TstWindowPlacing::ItStaysOnTopIfTold() {
     QWidget opener;
     opener.setGeometry(50, 60, 167, 40);
     QWidget window;
-    PlaceNear(window, opener);
+    PlaceNear(window, opener, OnTop::Always);
     QVERIFY(window.windowFlags().testFlag(Qt::WindowStaysOnTopHint));
     QVERIFY(!window.isVisible());
+    PlaceNear(window, opener, OnTop::IfNeeded);
+    QVERIFY(!window.windowFlags().testFlag(Qt::WindowStaysOnTopHint));
+}
+
+void TstWindowPlacing::AWindowThatIsOnTopOfItselfStaysThere() {
+    QWidget opener;
+    opener.setGeometry(50, 60, 167, 40);
+    QWidget notice(nullptr, Qt::WindowStaysOnTopHint);
+    for (const OnTop onTop : {OnTop::IfNeeded, OnTop::Always, OnTop::IfNeeded}) {
+        PlaceNear(notice, opener, onTop);
+        QVERIFY(notice.windowFlags().testFlag(Qt::WindowStaysOnTopHint));
+    }
+}
+
+void TstWindowPlacing::ItStaysOnTopOfAnOpenerThatItCovers() {
+    QWidget opener;
+    const QRect screen = opener.screen()->availableGeometry();
+    opener.setGeometry(QRect({}, QSize(167, 40)).translated(screen.center()));
+    QWidget window;
+    window.resize(screen.size() - QSize(20, 50));  // with its frame as large as the screen
+    PlaceNear(window, opener, OnTop::IfNeeded);
+    QVERIFY(window.windowFlags().testFlag(Qt::WindowStaysOnTopHint));
 }
 
 void TstWindowPlacing::AnExemptWindowIsTransientForTheModalWindow() {

@@ -1,6 +1,7 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""The window among other windows, as chosen in the settings: it hides under full-screen windows, and the window switcher
-reaches it. Whatever is not about window managers that end happens without the program's time passing: it is not polled."""
+"""The window among other windows, as chosen in the settings: it hides under full-screen windows, the window switcher
+reaches it, and the windows that it opens stay on top. Whatever is not about window managers that end happens without the
+program's time passing: it is not polled."""
 
 import os
 import signal
@@ -11,7 +12,7 @@ from driver.managed_window import ManagedWindow
 from driver.processes import process_of
 from driver.settings_case import SettingsCase, button, check
 from driver.tickwell import main_window, start_tickwell, tickwell_command, wait_lines, wait_on_screen
-from driver.tool_windows import MENU
+from driver.tool_windows import MENU, choose, wait_for_hand
 from driver.virtual_time import VirtualTime
 from driver.waiting import steady, wait_for
 
@@ -211,6 +212,40 @@ class OpenboxSwitcher(SwitcherTests, DesktopCase):
 
 
 class Xfwm4Switcher(SwitcherTests, DesktopCase):
+    window_manager = ("xfwm4", "--compositor=off")
+
+
+class ToolsTests:
+    def start_with_calendar(self, **face):
+        self.start(**face)
+        self.start_rival()
+        choose(self.session, self.app, "カレンダー")
+        self.calendar = wait_for_hand(self.session, self.app, "カレンダー")
+        wait_for(lambda: self.session.windows.is_above(self.calendar, self.rival), "the new window on top")
+
+    def raise_rival(self):
+        """Activates the other program, and waits until the window manager has answered to that."""
+        self.session.windows.activate(self.rival)
+        wait_for(lambda: self.session.windows.focus_owner() == self.rival, "the rival focused")
+        steady(self.session.windows.stacking, "the windows")
+
+    def test_by_default_another_window_covers_it(self):
+        self.start_with_calendar()
+        self.raise_rival()
+        self.assertTrue(self.session.windows.is_above(self.rival, self.calendar))
+        self.assertTrue(self.session.windows.is_above(self.clock.xid, self.rival))
+
+    def test_it_is_kept_on_top(self):
+        self.start_with_calendar(ToolsStayOnTop="True")
+        self.raise_rival()
+        self.assertTrue(self.session.windows.is_above(self.calendar, self.rival))
+
+
+class OpenboxTools(ToolsTests, DesktopCase):
+    pass
+
+
+class Xfwm4Tools(ToolsTests, DesktopCase):
     window_manager = ("xfwm4", "--compositor=off")
 
 

@@ -30,6 +30,7 @@ private Q_SLOTS:
     void AnAnswerAfterTheDialogIsIgnored();
     void TheWindowHidesUnderFullScreenWindows();
     void TheWindowIsInTheSwitcher();
+    void TheOtherWindowsStayOnTop();
 };
 
 void TstFacePage::AtFirstAllIsAsBefore() {
@@ -214,6 +215,17 @@ void TstFacePage::TheWindowIsInTheSwitcher() {
     expected.face.inWindowSwitcher = true;
     QCOMPARE(bench.main.further, expected);
     QCOMPARE(bench.main.form->windowType(), Qt::Window);
+}
+
+void TstFacePage::TheOtherWindowsStayOnTop() {
+    SettingsBench bench;
+    bench.Open();
+    QCOMPARE(bench.Button(u"Check28"_s).text(), u"道具の窓も手前に保つ"_s);
+    bench.Click(u"Check28"_s);
+    bench.Click(u"Command1"_s);
+    FurtherSettings expected;
+    expected.face.toolsStayOnTop = true;
+    QCOMPARE(bench.main.further, expected);
 }
 
 QTEST_MAIN(TstFacePage)

@@ -51,6 +51,7 @@ inline constexpr std::array kFurtherFlags{
                 [](FurtherSettings& s) -> bool& { return s.face.hidesUnderFullScreen; }},
     FurtherFlag{"Face", "InWindowSwitcher",
                 [](FurtherSettings& s) -> bool& { return s.face.inWindowSwitcher; }},
+    FurtherFlag{"Face", "ToolsStayOnTop", [](FurtherSettings& s) -> bool& { return s.face.toolsStayOnTop; }},
     FurtherFlag{"Face", "Transparent", [](FurtherSettings& s) -> bool& { return s.face.transparent; }},
     FurtherFlag{"Face", "ClickThrough", [](FurtherSettings& s) -> bool& { return s.face.clickThrough; }},
     FurtherFlag{"Face", "ClickThroughWithoutIcon",
