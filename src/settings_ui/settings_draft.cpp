@@ -3,13 +3,38 @@
 
 #include <algorithm>
 
+#include "core/setting_keys.h"
+
 namespace tickwell::settings_ui {
 
-void SettingsDraft::ApplyTo(AppSettings& appSettings, FurtherSettings& furtherSettings) const {
+namespace {
+
+/// Copies the values of `edited` that differ from `before`.
+void CopyEdited(const FurtherSettings& edited, const FurtherSettings& before, FurtherSettings& target) {
+    StoredSettings from{{}, {}, edited};
+    StoredSettings old{{}, {}, before};
+    StoredSettings to{{}, {}, target};
+    for (const SettingKey& key : FurtherKeys()) {
+        std::visit(
+            [&](auto* field) {
+                const auto* const value = std::get<decltype(field)>(key.field(from));
+                if (*value != *std::get<decltype(field)>(key.field(old))) {
+                    *field = *value;
+                }
+            },
+            key.field(to));
+    }
+    target = to.further;
+}
+
+}  // namespace
+
+void SettingsDraft::ApplyTo(AppSettings& appSettings, FurtherSettings& furtherSettings) {
     const qint32 shown = appSettings.function;
     appSettings = settings;
     appSettings.function = shown;
-    furtherSettings = further;
+    CopyEdited(further, opened, furtherSettings);
+    opened = further;
 }
 
 void SettingsDraft::ChooseForRoll(qint32 function, bool chosen) {

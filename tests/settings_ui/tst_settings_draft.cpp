@@ -13,6 +13,7 @@ class TstSettingsDraft : public QObject {
 private Q_SLOTS:
     void NothingChangesBeforeItIsApplied();
     void EverythingButTheFunctionIsCopiedBack();
+    void WhatWasNotEditedKeepsItsCurrentValue();
     void DisplaysJoinAndLeaveTheRollInTheirOrder();
     void NumbersThatAreNoDisplayStayInTheRoll();
 };
@@ -48,6 +49,29 @@ void TstSettingsDraft::EverythingButTheFunctionIsCopiedBack() {
     settings.function = draft.settings.function;
     QCOMPARE(settings, draft.settings);
     QCOMPARE(further, draft.further);
+}
+
+void TstSettingsDraft::WhatWasNotEditedKeepsItsCurrentValue() {
+    AppSettings settings;
+    FurtherSettings further;
+    further.face.clickThrough = true;
+    SettingsDraft draft{settings, further};
+    further.face.clickThrough = false;  // by the menu of the icon
+    further.face.screen = QStringLiteral("DP-2");
+    draft.further.face.opacity = 50;
+    draft.ApplyTo(settings, further);
+    FurtherSettings expected;
+    expected.face.screen = QStringLiteral("DP-2");
+    expected.face.opacity = 50;
+    QCOMPARE(further, expected);
+
+    further.face.opacity = 70;  // after it was applied
+    draft.further.face.clickThrough = false;
+    draft.further.corrections.showsToday = true;
+    draft.ApplyTo(settings, further);
+    expected.face.opacity = 70;
+    expected.corrections.showsToday = true;
+    QCOMPARE(further, expected);
 }
 
 void TstSettingsDraft::DisplaysJoinAndLeaveTheRollInTheirOrder() {
