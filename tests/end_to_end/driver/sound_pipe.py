@@ -11,7 +11,7 @@ import threading
 from pathlib import Path
 
 from driver.sound_server import wave_samples
-from driver.waiting import wait_for
+from driver.waiting import TimedOut, wait_for
 
 
 class SoundPipe:
@@ -47,7 +47,10 @@ class SoundPipe:
     def take(self, sound, what):
         """Waits until at least as many bytes as `sound` are recorded; removes them all and returns whether they equal
         `sound`."""
-        wait_for(lambda: len(self._heard) >= len(sound), what)
+        try:
+            wait_for(lambda: len(self._heard) >= len(sound), what)
+        except TimedOut as error:
+            raise TimedOut(f"{error}: {len(self._heard)} of {len(sound)} bytes were recorded") from error
         with self._taking:
             heard, self._heard = self._heard, bytearray()
         return heard == sound
