@@ -7,6 +7,8 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
+#include "help/help_reader.h"
+
 namespace tickwell::help {
 
 using namespace Qt::StringLiterals;
@@ -55,6 +57,7 @@ HelpWindow::HelpWindow(Handlers& handlers, const QString& html, HelpLook& look, 
     whole->addLayout(MakeTools());
     whole->addWidget(panes, 1);
     ConnectPanes();
+    new HelpReader(*m_text, m_page);  // owned by the text
     m_text->SetPercent(m_look.textSize.Percent());
     FitTools();
     PlaceFirst();
