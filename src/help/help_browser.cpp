@@ -170,4 +170,14 @@ void HelpBrowser::changeEvent(QEvent* event) {
     }
 }
 
+bool HelpBrowser::focusNextPrevChild(bool next) {
+    const QTextCursor before = textCursor();
+    const bool hasMoved = QTextBrowser::focusNextPrevChild(next);
+    const QTextCursor link = textCursor();
+    if (hasFocus() && link != before && link.hasSelection()) {
+        Q_EMIT LinkReached(link.selectedText().simplified());
+    }
+    return hasMoved;
+}
+
 }  // namespace tickwell::help

@@ -33,11 +33,14 @@ Q_SIGNALS:
     void PositionChanged();
     /// The wheel was turned with Ctrl held: positive means up.
     void SizeTurned(int direction);
+    /// Tab has moved to the link with this text.
+    void LinkReached(const QString& text);
 
 protected:
     void resizeEvent(QResizeEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
     void changeEvent(QEvent* event) override;
+    bool focusNextPrevChild(bool next) override;
 
 private:
     void Place();

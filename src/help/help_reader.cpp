@@ -3,7 +3,6 @@
 
 #include <QEvent>
 #include <QTextCursor>
-#include <QUrl>
 #include <utility>
 
 namespace tickwell::help {
@@ -23,7 +22,8 @@ HelpReader::HelpReader(HelpBrowser& text, const HelpPage& page)
     : QObject(&text), m_text(text), m_page(page), m_announcer(&text) {
     text.installEventFilter(this);
     connect(&text, &HelpBrowser::PositionChanged, this, [this] { ReadSection(); });
-    connect(&text, &QTextBrowser::highlighted, this, [this](const QUrl& target) { ReadLink(target); });
+    connect(&text, &HelpBrowser::LinkReached, this,
+            [this](const QString& link) { m_announcer.Announce(link); });
 }
 
 bool HelpReader::eventFilter(QObject* watched, QEvent* event) {
@@ -44,14 +44,6 @@ void HelpReader::ReadSection() {
     const int end = m_text.document()->characterCount() - 1;
     const int to = next < m_page.headings.size() ? m_page.headings.at(next).position : end;
     m_announcer.Announce(TextBetween(m_text, from, to));
-}
-
-/// The signal also comes from the mouse, which does not select the link.
-void HelpReader::ReadLink(const QUrl& target) {
-    const QTextCursor link = m_text.textCursor();
-    if (m_text.hasFocus() && link.hasSelection() && link.charFormat().anchorHref() == target.toString()) {
-        m_announcer.Announce(link.selectedText().simplified());
-    }
 }
 
 }  // namespace tickwell::help

@@ -11,8 +11,6 @@ namespace tickwell::help {
 /// jumped or scrolled to, and the link that is reached by Tab. Qt reports neither for a text without a
 /// cursor.
 class HelpReader : public QObject {
-    Q_OBJECT
-
 public:
     /// `text` owns this object; `page` outlives it.
     HelpReader(HelpBrowser& text, const HelpPage& page);
@@ -21,7 +19,6 @@ public:
 
 private:
     void ReadSection();
-    void ReadLink(const QUrl& target);
 
     HelpBrowser& m_text;
     const HelpPage& m_page;

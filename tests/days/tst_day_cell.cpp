@@ -6,6 +6,7 @@
 
 #include "days/day_cell.h"
 
+using namespace tickwell;
 using namespace tickwell::days;
 using namespace Qt::StringLiterals;
 

@@ -20,7 +20,7 @@ struct Bench : HelpBench {
             "second"
             "</a> or <a href=\"#topic3\">the third</a>.</p>" +
             lines + "<h2><a name=\"topic2\"></a>Two</h2><p>Second\ntext.</p>" + lines +
-            "<h2><a name=\"topic3\"></a>Three</h2><p>The last.</p>");
+            "<h2><a name=\"topic3\"></a>Three</h2><p>The last.</p>" + lines);
     }
     /// The last announcement.
     QString Said() const {
@@ -46,7 +46,7 @@ private Q_SLOTS:
 void TstHelpReader::TheTopicIsReadWhenTheHelpIsOpened() {
     Bench bench;
     bench.Open(3);
-    QCOMPARE(bench.Said(), u"Three The last."_s);
+    QVERIFY(bench.Said().startsWith(u"Three The last. more"_s));
 }
 
 void TstHelpReader::TheLinkReachedByTabIsRead() {
@@ -71,7 +71,7 @@ void TstHelpReader::TheSectionThatIsJumpedToIsRead() {
     bench.Press(Qt::Key_PageDown);  // still in the same section
     bench.Press(Qt::Key_End);
     QCOMPARE(bench.MarkedHeading(), u"Three"_s);
-    QCOMPARE(bench.Said(), u"Three The last."_s);
+    QVERIFY(bench.Said().startsWith(u"Three The last. more"_s));
     bench.Find<QAction>(u"Back"_s).trigger();
     QVERIFY(bench.Said().startsWith(u"One See"_s));
 }
@@ -85,7 +85,7 @@ void TstHelpReader::NothingIsReadWhileTheContentsHaveTheFocus() {
     bench.desk.ShowTopic(3);
     QCOMPARE(bench.Said(), first);
     bench.Text().setFocus();
-    QCOMPARE(bench.Said(), u"Three The last."_s);
+    QVERIFY(bench.Said().startsWith(u"Three The last. more"_s));
 }
 
 void TstHelpReader::TheStartOfThePageIsReadToTheFirstHeading() {
