@@ -19,7 +19,7 @@ struct MediaParts {
     media::CdPlayback& playback;
     bool& tellsNoCdDrive;                  ///< the stored setting
     std::function<void()> noticeSilenced;  ///< called after the user has made it false
-    std::function<bool()> showsTitles;     ///< whether the settings show the disc's titles now
+    std::function<bool()> showsTitles;     ///< whether disc titles are currently enabled in the settings
     ProgramFolder folder;
 };
 

@@ -142,7 +142,7 @@ void LetThroughModal(QWidget& window) {
     if (modal == nullptr || modal == &window) {
         return;
     }
-    window.winId();  // creates the native window, which is what gets blocked
+    window.winId();  // creates the native window, without which it cannot be exempted from the modal block
     window.windowHandle()->setTransientParent(modal->windowHandle());
 }
 

@@ -3,7 +3,7 @@
 
 namespace tickwell {
 
-/// Corrections of behaviour that users may rely on; by default all are off.
+/// Corrections of behaviour that users may depend on; by default all are off.
 struct Corrections {
     bool weekdayAnniversaries = false;  ///< announced on their own day, and edited and deleted by their row
     bool editorTakesDate = false;       ///< the editor starts with the date of the row

@@ -23,8 +23,8 @@ public:
     void Hold(int index);
     void Release() { m_timer->Stop(); }
 
-    /// Plays on from a position, ms from the start of track 1 to the end of the disc. Does nothing unless the
-    /// disc is playing.
+    /// Continues at a position, in ms from the start of track 1 to the end of the disc. Does nothing unless
+    /// the disc is playing.
     void GoTo(qint32 position);
 
 private:
