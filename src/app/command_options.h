@@ -14,7 +14,7 @@ struct CommandOption {
     QVariantList arguments;
 };
 
-/// Such a command, or an error message.
+/// A command, or an error message.
 struct ParsedCommand {
     std::optional<CommandOption> command;
     QString error;  ///< empty on success

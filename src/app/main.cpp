@@ -30,8 +30,8 @@ QByteArray ChosenPlatforms(const tickwell::app::DividedArguments& divided) {
     return !divided.platforms.isEmpty() ? divided.platforms : environment.isEmpty() ? "xcb" : environment;
 }
 
-/// The arguments for Qt. The platform is passed as one, because started programs inherit environment
-/// variables.
+/// The arguments for Qt. The platform is passed as an argument, because started programs would inherit an
+/// environment variable.
 std::vector<char*> ArgumentsForQt(int argc, char** argv) {
     static char option[] = "-platform";
     static char platform[] = "xcb";

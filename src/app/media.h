@@ -18,7 +18,7 @@ struct MediaParts {
     media::CdDrive& drive;
     media::CdPlayback& playback;
     bool& tellsNoCdDrive;                  ///< the stored setting
-    std::function<void()> noticeSilenced;  ///< called after the user has made it false
+    std::function<void()> noticeSilenced;  ///< called after the user has turned the message off
     std::function<bool()> showsTitles;     ///< whether disc titles are currently enabled in the settings
     ProgramFolder folder;
 };

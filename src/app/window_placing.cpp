@@ -62,7 +62,7 @@ QRect CornersIn(const QRect& screen, QSize size) {
     return {room.topLeft(), QSize(std::max(0, room.width()) + 1, std::max(0, room.height()) + 1)};
 }
 
-/// The frame of one of our windows, with an assumed frame if the real one is not known yet.
+/// The frame of a window of this program, with an assumed frame if the real one is not known yet.
 QRect FrameOf(const QWidget& window) {
     const QRect frame = window.frameGeometry();
     const bool hasFrame = !window.windowFlags().testFlag(Qt::FramelessWindowHint);
@@ -72,7 +72,7 @@ QRect FrameOf(const QWidget& window) {
     return {frame.topLeft(), frame.size() + QSize(2 * kBorder, kTitle + kBorder)};
 }
 
-/// The frames of our other visible windows.
+/// The frames of this program's other visible windows.
 QList<QRect> TakenBeside(const QWidget& window) {
     QList<QRect> taken;
     for (const QWidget* each : QApplication::topLevelWidgets()) {

@@ -13,8 +13,8 @@ namespace tickwell::app {
 /// is placed at the screen's top left corner.
 QPoint PlaceNear(QSize size, const QRect& opener, const QRect& screen, const QList<QRect>& taken);
 
-/// Moves a hidden window near `opener`, with its frame and title bar on the screen and without covering our
-/// other windows, and keeps it on top; otherwise the main window would cover it.
+/// Moves a hidden window near `opener`, with its frame and title bar on the screen and without covering the
+/// program's other windows, and keeps it on top; otherwise the main window would cover it.
 void PlaceNear(QWidget& window, const QWidget& opener);
 
 /// The active modal window if it or one of its parents is application-modal, otherwise a visible

@@ -60,7 +60,7 @@ public:
     /// The drive has a different disc, or none.
     void DeviceChanged();
 
-    /// Stops and closes the device. Lines and window are not used any more.
+    /// Stops and closes the device. Lines and window are no longer used.
     void Close();
 
     const CdPlayerState& State() const { return m_state; }

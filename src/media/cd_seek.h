@@ -11,7 +11,7 @@
 namespace tickwell::media {
 
 /// Rewind and fast forward: while one of the two buttons is held, moves the position by three seconds,
-/// immediately and then four times a second, within the limits of the disc, and plays on from there.
+/// immediately and then four times a second, within the limits of the disc, and continues there.
 class CdSeek {
 public:
     /// The references outlive this object. `jumped` is called after each move.

@@ -13,10 +13,10 @@ namespace tickwell::settings_ui {
 struct SettingsDraft {
     AppSettings settings;
     FurtherSettings further;
-    std::optional<bool> startsAtLogin = std::nullopt;  ///< nothing if the user has not clicked the box
+    std::optional<bool> startsAtLogin = std::nullopt;  ///< nullopt if the user has not clicked the box
 
     /// Copies everything back except the display function: no control of the dialog edits it, and the roll
-    /// may have changed it meanwhile.
+    /// may have changed it in the meantime.
     void ApplyTo(AppSettings& appSettings, FurtherSettings& furtherSettings) const;
 
     /// Adds a display to the roll or removes it.

@@ -8,7 +8,7 @@
 
 namespace tickwell::shell {
 
-/// What a key changes about the main window, in logical pixels.
+/// The change that a key makes to the main window's geometry, in logical pixels.
 struct KeyStep {
     QPoint way;        ///< the displacement of the window
     int widening = 0;  ///< the change of its width; negative if narrower

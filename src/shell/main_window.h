@@ -98,7 +98,7 @@ private:
     std::unique_ptr<lines::MovingWord> m_lowerLine;
     Displays m_displays;
     MainMenu* m_menu;      // owned by the window, as its child
-    ItemMenu* m_trayMenu;  // likewise
+    ItemMenu* m_trayMenu;  // owned by the window, as its child
     displays::Chime m_chime;
     std::unique_ptr<Timer> m_startUpTimer;
     SleepingTimer m_keepTopTimer;

@@ -27,7 +27,7 @@ namespace tickwell {
 
 namespace {
 
-constexpr int kEndFault = 77;        // our own code crashed in the child
+constexpr int kEndFault = 77;        // the helper's own code crashed in the child
 constexpr int kEndLibrary = 78;      // the library crashed
 constexpr unsigned kPatience = 200;  // s of real time, after which the child counts as hanging
 

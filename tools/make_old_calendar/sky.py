@@ -28,7 +28,8 @@ LIGHT_TIME_OF_MOON = 1.28  # seconds
 FIRST_ORDINAL = 1721425  # the Julian day before 1 January of year 1
 TABLE_OF_OBSERVATIONS_ENDS = 2016.0
 
-# Earth's place is meant for 1900 to 2100; the months around these years are needed too, and lose nothing visible.
+# The Earth's position is computed for 1900 to 2100; the months around these years are needed too, and stay accurate
+# enough.
 warnings.filterwarnings("ignore", message=".*epv00.*date outside")
 
 

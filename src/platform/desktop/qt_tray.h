@@ -60,7 +60,7 @@ private:
     bool m_busHangs = false;
     bool m_isLooking = false;
     std::optional<Wanted> m_wanted;  // while the bus is queried
-    Icon m_tray;                     // while the icon is shown
+    Icon m_tray;                     // null unless the icon is shown
     std::vector<Icon> m_leaving;     // until the bus answers
     QTimer m_retry;
 };

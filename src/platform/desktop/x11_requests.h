@@ -63,7 +63,8 @@ xcb_atom_t AtomNamed(xcb_connection_t* server, std::string_view name);
 /// Requests a property of 32-bit items, at most 4096 of them. The answer is read by ItemsOf.
 xcb_get_property_cookie_t RequestItems(xcb_connection_t* server, xcb_window_t window, xcb_atom_t property);
 
-/// The items of a requested property; empty if it is missing, has another format, or its window is gone.
+/// The items of a requested property; empty if it is missing, has another format, or its window no longer
+/// exists.
 QList<quint32> ItemsOf(xcb_connection_t* server, xcb_get_property_cookie_t request);
 
 /// Sends a client message about `window` to the root window, where the window manager listens. Does not flush

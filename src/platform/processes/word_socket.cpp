@@ -41,7 +41,7 @@ Protocol::endpoint AddressOf(const QString& path) {
     return {QFile::encodeName(path).toStdString()};
 }
 
-/// Sends one word asynchronously, while `loop` runs.
+/// Sends one word asynchronously while `loop` runs.
 class Call {
 public:
     Call(asio::io_context& loop, QByteArray word) : m_socket(loop), m_word(std::move(word)) {}
@@ -85,7 +85,7 @@ private:
 
 /// The listening socket. Throws std::system_error if it cannot listen.
 class WordSocket::Listener {
-    /// Notified when there is something to read. May be destroyed inside its own signal.
+    /// Calls `ready` when data is available. May be destroyed from within that call.
     class Notifier {
     public:
         Notifier(int descriptor, std::function<void()> ready)

@@ -20,7 +20,7 @@ namespace {
 constexpr qsizetype kFirstBytes = 32;
 constexpr int kMostKeptFiles = 1000;
 
-/// A file that the import created; removed unless it is kept.
+/// A file that the import created. Removes it on destruction unless Keep() was called.
 class UnfinishedFile {
 public:
     UnfinishedFile(StoreDisk& disk, QString path) : m_disk(&disk), m_path(std::move(path)) {}
