@@ -72,7 +72,7 @@ void CatchFalls() {
     for (const int signal : {SIGSEGV, SIGBUS, SIGFPE, SIGILL}) {
         sigaction(signal, &action, nullptr);
     }
-    for (const int signal : {SIGABRT, SIGALRM}) {  // a broken promise or a hang
+    for (const int signal : {SIGABRT, SIGALRM}) {  // a violated requirement or a hang
         std::signal(signal, SIG_DFL);
     }
 }

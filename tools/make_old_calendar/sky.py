@@ -2,9 +2,9 @@
 """When the sun reaches a longitude and when the moon is new, in Terrestrial Time and as days in Japan.
 
 Longitudes are apparent, geocentric and of date: with precession, nutation, aberration and light-time, as an almanac
-prints them. The sun is that of erfa: Earth's place to 0.02", IAU 2006 precession, IAU 2000A nutation. The moon is that of
-ephem, a fit to JPL's DE404; another theory, erfa's moon98, differs by 3" on average, so a new moon is right to some
-seconds.
+prints them. The sun is that of erfa: Earth's position to 0.02", IAU 2006 precession, IAU 2000A nutation. The moon is
+that of ephem, a fit to JPL's DE404; another theory, erfa's moon98, differs by 3" on average, so a new moon is right to
+some seconds.
 
 Japan's time is UTC + 9 hours, and the time between UTC and Terrestrial Time (delta T) is known for the past only. Until
 2016 it is taken from ephem's table of observations, then from the extrapolation of Stephenson, Morrison and Hohenkerk

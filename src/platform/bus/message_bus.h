@@ -54,7 +54,7 @@ public:
 private:
     struct Unref;
     struct Waiting;
-    struct Later {  // a notifier may be destroyed inside its own signal
+    struct Later {  // a notifier may be destroyed by a slot of its own signal
         void operator()(QSocketNotifier* notifier) const;
     };
     using Notifier = std::unique_ptr<QSocketNotifier, Later>;

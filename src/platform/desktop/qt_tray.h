@@ -30,7 +30,7 @@ public:
     void Hide() override;
 
 private:
-    struct Later {  // an icon may be hidden inside its own signal
+    struct Later {  // an icon may be hidden by a slot of its own signal
         void operator()(QSystemTrayIcon* tray) const;
     };
     using Icon = std::unique_ptr<QSystemTrayIcon, Later>;

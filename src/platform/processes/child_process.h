@@ -44,7 +44,7 @@ public:
     /// Up to `most` bytes of its output; empty if there is none yet or no more.
     QByteArray Read(qsizetype most);
 
-    /// Its exit code, or -1 if a signal ended it, once it has exited and all its output was read. Nothing
+    /// Its exit code, or -1 if a signal ended it, once it has exited and all its output was read. nullopt
     /// until then.
     std::optional<int> ExitCode();
 

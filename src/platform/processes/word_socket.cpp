@@ -115,7 +115,7 @@ public:
             QFile::remove(path);  // if that fails, so does binding
         }
         m_acceptor.bind(address);
-        // Nobody can connect before listen(); after it, only this user can.
+        // No process can connect before listen(); after it, only this user can.
         if (!QFile::setPermissions(path, QFile::ReadOwner | QFile::WriteOwner)) {
             throw std::system_error(std::make_error_code(std::errc::permission_denied));
         }

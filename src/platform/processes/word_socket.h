@@ -44,7 +44,7 @@ enum class SocketPlace {
 SocketPlace SocketPlaceOf(const QString& path);
 
 /// Sends a word to the process that listens at `path`, unless that belongs to another user, and waits until
-/// it closes the connection. False if nobody listens or the connection is not closed within `patience`.
+/// it closes the connection. False if no process listens or the connection is not closed within `patience`.
 bool SayWord(const QString& path, const QByteArray& word, std::chrono::milliseconds patience);
 
 }  // namespace tickwell::platform

@@ -128,7 +128,7 @@ QString Replace(const QString& path, unsigned mode, const QByteArray& original, 
                 StoreDisk& disk) {
     const QString folder = QFileInfo(path).path();
     const QString unfinished = path + u".import";
-    // A file left by a power failure: the lock on the original guarantees that nobody else is using it.
+    // A file left by a power failure: the lock on the original guarantees that no other program is using it.
     disk.Remove(unfinished);
     disk.Create(unfinished, mode, QByteArray());
     UnfinishedFile newFile(disk, unfinished);
