@@ -66,7 +66,7 @@ int main(int argc, char** argv) {
     std::vector<double> slider;
     std::vector<double> styles;
     std::vector<double> paints;
-    for (int round = 0; round < kRounds; ++round) {  // in turn, so that a slow moment affects all
+    for (int round = 0; round < kRounds; ++round) {  // alternating, so that temporary load affects all
         AppSettings settings = FirstSettings();
         slider.push_back(TimeOf([&](int i) {
             settings.wipeSpeed = 1 + i % 34;

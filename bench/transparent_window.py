@@ -2,9 +2,10 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 """Compares the cost of texts without a background with that of the plain window.
 
-Tickwell is measured alternately with a transparent background and a thick outline, and with neither, each time on a
-private desktop whose window manager composites. The tables show the medians of both and the ratio transparent to plain,
-computed per pair: for the clock, for a wipe every ten seconds, and for the running stopwatch. There is no pass or fail.
+Tickwell is measured alternately with a transparent background and a thick outline, and with neither, each
+time on a private desktop with a compositing window manager. The tables show both medians and the median of
+the ratios transparent to plain of the pairs: for the clock, for a wipe every ten seconds, and for the running
+stopwatch. There is no pass or fail.
 """
 
 import argparse

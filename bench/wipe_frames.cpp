@@ -59,7 +59,7 @@ void Measure(const char* name, qint32 kind) {
     std::vector<double> resting;
     std::vector<double> wiping;
     int frames = 0;
-    for (int round = 0; round < kRounds; ++round) {  // in turn, so that a slow moment affects both
+    for (int round = 0; round < kRounds; ++round) {  // alternating, so that temporary load affects both
         word.SetText(u"平成38年11月20日(金曜日)"_s);
         for (int frame = 0; frame < 10; ++frame) {
             time.Advance(kFrameInterval);

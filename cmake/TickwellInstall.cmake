@@ -21,7 +21,7 @@ install(FILES "${PROJECT_SOURCE_DIR}/data/desktop/tickwell.desktop" DESTINATION 
 
 # The program has no public address of its own, and .invalid is nobody's. Whoever publishes it sets the address of a copy of
 # this source tree, from which software centres take the pictures.
-set(TICKWELL_HOMEPAGE "https://tickwell.invalid" CACHE STRING "The homepage that the package names, without a slash at its end")
+set(TICKWELL_HOMEPAGE "https://tickwell.invalid" CACHE STRING "Homepage of the package, without a trailing slash")
 configure_file("${PROJECT_SOURCE_DIR}/data/desktop/tickwell.metainfo.xml.in" "${PROJECT_BINARY_DIR}/tickwell.metainfo.xml" @ONLY)
 install(FILES "${PROJECT_BINARY_DIR}/tickwell.metainfo.xml" DESTINATION "${CMAKE_INSTALL_DATADIR}/metainfo")
 

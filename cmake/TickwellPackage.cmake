@@ -3,7 +3,7 @@
 # requires.
 
 set(TICKWELL_MAINTAINER "Tickwell authors <tickwell@localhost.invalid>" CACHE STRING
-    "Who answers for the package, as in Name <address>")
+    "Maintainer of the package: Name <address>")
 
 set(debian_doc "${CMAKE_INSTALL_DATADIR}/doc/tickwell")
 install(FILES "${PROJECT_SOURCE_DIR}/data/debian/copyright" DESTINATION "${debian_doc}" COMPONENT debian EXCLUDE_FROM_ALL)

@@ -48,14 +48,14 @@ public:
     void RaiseRefresh() override {}
 };
 
-/// The CPU time of this thread in milliseconds.
+/// CPU time used by this thread, in milliseconds.
 double Worked() {
     timespec now{};
     clock_gettime(CLOCK_THREAD_CPUTIME_ID, &now);
     return static_cast<double>(now.tv_sec) * 1e3 + static_cast<double>(now.tv_nsec) / kMilliseconds;
 }
 
-/// The value of the line that starts with `name` in a file of /proc/self, in MB.
+/// The value of the line starting with `name` in a file of /proc/self, in MB.
 double Memory(const char* file, const QByteArray& name) {
     QFile status(QString::fromLatin1(file));
     if (!status.open(QIODevice::ReadOnly)) {
@@ -88,7 +88,7 @@ void Measure(const char* name, const std::function<void()>& deed, const std::fun
         Memory("/proc/self/smaps_rollup", "Pss:"), Memory("/proc/self/status", "VmHWM:"));
 }
 
-/// One third of the rows is of each kind; three of seven rows are by week.
+/// Each kind makes up one third of the rows; three of seven rows are by week.
 void Fill(const QString& path, int rows) {
     const QByteArray sql =
         "WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < " +
@@ -106,7 +106,7 @@ void Fill(const QString& path, int rows) {
     }
 }
 
-/// The book, and a list like that of the calendar.
+/// The anniversary book, and a list like the calendar's.
 struct Bench {
     store::DayDatabase database;
     days::TableHolidays holidays{database};

@@ -172,7 +172,7 @@ void Print(const char* what, const Times& one, const Times& other) {
                 taken.median, taken.worst, base.median, taken.median / base.median);
 }
 
-/// The months are shown by turns, so that what else the machine does slows both.
+/// The months alternate, so that other load on the machine slows both.
 void Compare(const char* what, Calendar& one, Calendar& other) {
     for (int i = 0; i < kTimes; ++i) {
         one.ShowNextMonth();

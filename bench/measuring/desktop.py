@@ -104,7 +104,7 @@ class Desktop:
         return [pid for pid in processes.marked(self._mark_of(role)) if pid not in own]
 
     def last_words(self, role):
-        """The end of the output of a role's processes."""
+        """The last output of a role's processes."""
         return (self.folder / f"{role}.log").read_text(errors="replace")[-600:].strip()
 
     def _mark_of(self, role):
@@ -171,7 +171,7 @@ class Desktop:
             if time.monotonic() > deadline:
                 raise MeasuringError(f"{command[0]} did not start: {self.last_words(MANAGER)}")
             time.sleep(0.05)
-        time.sleep(0.5)  # it has announced itself but is still reading its theme
+        time.sleep(0.5)  # it has announced itself but is still loading its theme
 
     def _close(self):
         """Ends all processes, the server last, so that the others can disconnect."""
@@ -180,7 +180,7 @@ class Desktop:
             processes.end_marked([self._mark_of(SERVER)])
         finally:
             for child in self._children:
-                child.kill()  # matters only for a process that removed its mark
+                child.kill()  # needed only for a process that removed its mark
                 child.wait()
                 if child.stdout:
                     child.stdout.close()

@@ -23,7 +23,7 @@ class Memory:
     rss_kib: int
     pss_kib: int  # shared pages counted proportionally
     uss_kib: int  # only unshared pages
-    anonymous_kib: int  # the part of PSS without a file behind it
+    anonymous_kib: int  # the part of PSS that is not backed by a file
     peak_rss_kib: int  # highest RSS; the summed peaks may be at different moments
 
 

@@ -36,7 +36,7 @@ class Plan:
     """The course of a repetition. Times are in seconds from the program's start."""
 
     xwatch: Path
-    settle: float = 20.0  # when memory is read and counting of activity starts
+    settle: float = 20.0  # when memory is read and activity starts to be counted
     window: float = 60.0
     repaints: float = 10.0  # how long repaints are counted after that window; 0 for not at all
     start_timeout: float = 30.0

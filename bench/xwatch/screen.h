@@ -31,8 +31,8 @@ struct ImageDestroyer {
 using Picture = std::unique_ptr<XImage, ImageDestroyer>;
 
 /// A connection to an X display, and what can be observed there from outside. A window can be destroyed at
-/// any moment; queries then return nothing. At most one Screen per process, because Xlib has one error
-/// handler.
+/// any moment; queries then return an empty result. At most one Screen per process, because Xlib has one
+/// error handler.
 class Screen {
 public:
     /// `display`: open; ownership is taken.

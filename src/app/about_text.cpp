@@ -59,8 +59,8 @@ QString FactsText(const SystemFacts& facts) {
 }
 
 const QList<SystemInformation>& SystemInformationPrograms() {
-    // Programs made only for this come first; those that show it on one of several pages are opened there.
-    // GNOME's settings are left out: under other desktops they start, report nothing and exit.
+    // Programs made only for this come first; those that show it on one of several pages are opened at that
+    // page. GNOME's settings are left out: under other desktops they start, report nothing and exit.
     static const QList<SystemInformation> programs{
         {u"hardinfo2"_s, {}},
         {u"hardinfo"_s, {}},

@@ -8,19 +8,19 @@
 
 namespace tickwell::app {
 
-/// What the running program is asked for over the session bus; its arguments were checked.
+/// A command to be sent to the running program over the session bus; its arguments have been validated.
 struct CommandOption {
     QString method;
     QVariantList arguments;
 };
 
-/// Such a command, or what is wrong with it.
+/// A command, or an error message.
 struct ParsedCommand {
     std::optional<CommandOption> command;
-    QString error;  ///< empty if there is a command
+    QString error;  ///< empty on success
 };
 
-/// Parse the value of the option, and for the timer the further words of the command line: its name.
+/// Parse the option's value; for the timer, also the remaining positional arguments, which form its name.
 ParsedCommand ParseShow(const QString& value);
 ParsedCommand ParseStopwatch(const QString& value);
 ParsedCommand ParseTimer(const QString& value, const QStringList& words);

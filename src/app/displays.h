@@ -13,7 +13,7 @@
 
 namespace tickwell::app {
 
-/// The machine's state as read by the displays and the roll. Neither pointer is null.
+/// Ports that report the machine's state to the displays and the roll. Neither pointer is null.
 struct DisplayPorts {
     std::shared_ptr<const Power> power;
     std::shared_ptr<const Memory> memory;

@@ -30,8 +30,8 @@ QByteArray ChosenPlatforms(const tickwell::app::DividedArguments& divided) {
     return !divided.platforms.isEmpty() ? divided.platforms : environment.isEmpty() ? "xcb" : environment;
 }
 
-/// The arguments for Qt. The platform is passed as one, because started programs inherit environment
-/// variables.
+/// The arguments for Qt. The platform is passed as an argument, because started programs would inherit an
+/// environment variable.
 std::vector<char*> ArgumentsForQt(int argc, char** argv) {
     static char option[] = "-platform";
     static char platform[] = "xcb";
@@ -58,7 +58,7 @@ int Refuse(const QString& error) {
     return 2;
 }
 
-/// Tells why the program cannot be shown; returns the exit code of the process.
+/// Reports why the program cannot be shown; returns the exit code of the process.
 int EndWithoutScreen(const tickwell::app::DividedArguments& divided, const QByteArray& platforms) {
     if (const QString error = tickwell::app::OptionsOf(divided.own).error; !error.isEmpty()) {
         return Refuse(error);
@@ -73,8 +73,8 @@ int EndWithoutScreen(const tickwell::app::DividedArguments& divided, const QByte
     return 1;
 }
 
-/// From the QApplication to its end; returns the exit code of the process. `users`: what this process
-/// inherited.
+/// Creates the QApplication and runs the program; returns the exit code of the process. `users`: what this
+/// process inherited from the user's desktop.
 int RunWithWindows(int argc, char** argv, tickwell::platform::ScreenLook& screen,
                    const tickwell::platform::Inheritance& users) {
     std::vector<char*> arguments = ArgumentsForQt(argc, argv);
@@ -85,7 +85,7 @@ int RunWithWindows(int argc, char** argv, tickwell::platform::ScreenLook& screen
     sessionBus.Finish();
     screen.Finish();
     QCoreApplication::setApplicationName(QStringLiteral("tickwell"));
-    QGuiApplication::setQuitOnLastWindowClosed(false);  // the main window is a tool window and does not count
+    QGuiApplication::setQuitOnLastWindowClosed(false);  // Qt would not count the main window, a tool window
 
     const tickwell::app::Options options = tickwell::app::OptionsOf(QCoreApplication::arguments());
     if (!options.error.isEmpty()) {

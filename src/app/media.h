@@ -18,8 +18,8 @@ struct MediaParts {
     media::CdDrive& drive;
     media::CdPlayback& playback;
     bool& tellsNoCdDrive;                  ///< the stored setting
-    std::function<void()> noticeSilenced;  ///< called after the user has made it false
-    std::function<bool()> showsTitles;     ///< whether the settings show the disc's titles now
+    std::function<void()> noticeSilenced;  ///< called after the user has turned the message off
+    std::function<bool()> showsTitles;     ///< whether disc titles are currently enabled in the settings
     ProgramFolder folder;
 };
 

@@ -16,7 +16,7 @@ namespace {
 constexpr int kAtOnce = 1;
 constexpr int kLookInterval = 10'000;
 
-/// 44100 frames are 1 000 000 µs.
+/// There are 44100 frames per second.
 qint64 MicrosecondsOf(qint64 frames) {
     return frames * 10'000 / 441;
 }
@@ -66,7 +66,7 @@ MediaKeys::~MediaKeys() {
     }
 }
 
-/// What happens in one event is told together, and when it is over.
+/// Changes made while one event is handled are announced together, afterwards.
 void MediaKeys::PlayerChanged() {
     if (m_parts.further.remote.mediaKeys && !m_update->IsRunning()) {
         m_update->Start();
@@ -113,7 +113,7 @@ void MediaKeys::TellNews() {
     }
 }
 
-/// A disc that is played tells by itself when it is gone.
+/// Polls for a disc while none is playing; during playback the drive itself reports a removed disc.
 void MediaKeys::KeepLooking() {
     const bool isWanted = m_parts.further.remote.mediaKeys && m_parts.player.HasAppeared() && !IsPlayed();
     if (isWanted && !m_look->IsRunning()) {

@@ -14,7 +14,7 @@
 
 namespace tickwell::app {
 
-/// What media keys control, and how they find it; all outlive it.
+/// What media keys control and the service that publishes it; all outlive it.
 struct MediaKeysParts {
     remote::PlayerService& service;
     RealTimerSource& timers;
@@ -25,16 +25,16 @@ struct MediaKeysParts {
     std::function<void()> openWindow;  ///< opens the player's window, or brings it to the front
 };
 
-/// The CD player for media keys and other programs. It can be found while the settings allow it, a disc is
-/// in, and the player was opened in this run: otherwise it would catch the keys of another player. Runs no
-/// timer while the settings do not allow it.
+/// Exports the CD player to media keys and other programs. It is on the bus only while the settings allow it,
+/// a disc is in, and the player has been opened in this run: otherwise it would intercept the keys meant for
+/// another player. Runs no timer while the settings do not allow it.
 class MediaKeys : private remote::PlayerTarget, private media::CdFollower {
 public:
     explicit MediaKeys(MediaKeysParts parts);
     ~MediaKeys() override;
     Q_DISABLE_COPY_MOVE(MediaKeys)
 
-    /// The settings may have changed.
+    /// To be called when the settings may have changed.
     void Follow() { Update(); }
 
 private:
@@ -56,11 +56,11 @@ private:
 
     MediaKeysParts m_parts;
     remote::PlayerCalls m_calls;
-    std::unique_ptr<Timer> m_update;  // runs Update after the changes of one event
-    std::unique_ptr<Timer> m_look;    // notices that the disc was taken out or put in
-    remote::PlayerPicture m_told;     // what everybody knows, while it is offered
+    std::unique_ptr<Timer> m_update;  // runs Update once after all changes of one event
+    std::unique_ptr<Timer> m_look;    // detects an inserted or removed disc
+    remote::PlayerPicture m_told;     // the state that was published last; valid while the player is offered
     bool m_isOffered = false;
-    bool m_hasJumped = false;  // since the last update
+    bool m_hasJumped = false;  // since the last Update
 };
 
 }  // namespace tickwell::app

@@ -89,7 +89,7 @@ bool IsJapanese(const QString& locale) {
     return locale == u"ja" || locale.startsWith(u"ja_") || locale.startsWith(u"ja.");
 }
 
-/// The locale for messages by the rules of POSIX.
+/// The locale for messages, determined by the rules of POSIX.
 QString MessageLocale() {
     for (const char* variable : {"LC_ALL", "LC_MESSAGES", "LANG"}) {
         if (QString locale = qEnvironmentVariable(variable); !locale.isEmpty()) {
@@ -125,7 +125,7 @@ QString HelpText(bool inJapanese) {
 
 bool WantsJapanese() {
     const QString locale = MessageLocale();
-    if (locale == u"C" || locale == u"POSIX") {  // there LANGUAGE has no effect
+    if (locale == u"C" || locale == u"POSIX") {  // in these locales LANGUAGE has no effect
         return false;
     }
     const QString preferred = qEnvironmentVariable("LANGUAGE").section(u':', 0, 0);

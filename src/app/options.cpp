@@ -35,7 +35,7 @@ QString AbsoluteOf(const QString& path) {
     return path.isEmpty() ? QString() : QFileInfo(path).absoluteFilePath();
 }
 
-/// The options that select what to do; only one of them can be given.
+/// The options that select an action; only one of them can be given.
 constexpr std::array kCommands{u"menu", u"open", u"today", u"days", u"show", u"stopwatch", u"timer"};
 
 void AddOptions(QCommandLineParser& parser) {
@@ -62,14 +62,14 @@ void TakeOneCommand(const QCommandLineParser& parser, Options& options) {
     }
 }
 
-/// A date in exactly the form YYYY-MM-DD: QDate alone would also accept other separators and text after the
-/// date.
+/// Parses a date in exactly the form YYYY-MM-DD; QDate alone would also accept other separators and trailing
+/// text.
 QDate DateOf(const QString& text) {
     const QDate date = QDate::fromString(text, Qt::ISODate);
     return date.isValid() && date.toString(Qt::ISODate) == text ? date : QDate();
 }
 
-/// What is wrong with a date; empty if nothing is.
+/// Why a date is invalid; empty if it is valid.
 QString DateError(const QString& text) {
     const days::DayRange allowed = days::LinedDays();
     const QDate date = DateOf(text);
@@ -102,7 +102,7 @@ void TakeDays(const QStringList& words, Options& options) {
     }
 }
 
-/// The command for the running program, if there is one.
+/// Sets the command for the running program, if one was given.
 void TakeCommand(const QCommandLineParser& parser, const QStringList& words, Options& options) {
     ParsedCommand parsed;
     if (parser.isSet(u"show"_s)) {
@@ -116,7 +116,7 @@ void TakeCommand(const QCommandLineParser& parser, const QStringList& words, Opt
     options.error = parsed.error;
 }
 
-/// What a start without a command asks for.
+/// Sets what a start without a command requests.
 void TakeRequest(const QCommandLineParser& parser, Options& options) {
     if (parser.isSet(u"menu"_s)) {
         options.request = Request::Menu;
@@ -137,7 +137,7 @@ void TakeVirtualTime(const QString& text, Options& options) {
     }
 }
 
-/// For arguments that were parsed without an error.
+/// Only for arguments that were parsed without an error.
 void TakeParsed(const QCommandLineParser& parser, Options& options) {
     const QStringList words = parser.positionalArguments();
     const bool asksForDays = parser.isSet(u"days"_s);

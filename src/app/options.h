@@ -23,15 +23,15 @@ struct VirtualTimeOption {
 struct Options {
     QString folder;  ///< empty if not given
     QString disc;    ///< a drive or an image, absolute; empty if neither argument nor environment names one
-    Request request = Request::ComeForward;    ///< what to ask of the running clock, or to do after the start
+    Request request = Request::ComeForward;    ///< for the running instance, or to carry out after the start
     bool printsToday = false;                  ///< print today's names instead of starting
     std::optional<days::DayRange> printsDays;  ///< print these days instead; inside days::LinedDays
     std::optional<CommandOption> command;      ///< send this to the running clock instead
-    bool sendsCommand = false;   ///< a command to the running clock was requested, even if `error` is set
-    bool needsNoWindow = false;  ///< one of these three was requested, even if `error` is set
+    bool sendsCommand = false;   ///< a command to the running instance was requested, even if `error` is set
+    bool needsNoWindow = false;  ///< today, days or a command was requested, even if `error` is set
     std::optional<VirtualTimeOption> virtualTime;
     QString answer;  ///< to be printed instead of starting; empty if there is none
-    QString error;   ///< what is wrong with the arguments; empty if nothing
+    QString error;   ///< what is wrong with the arguments; empty if they are valid
 };
 
 /// Parses `arguments`, as returned by QCoreApplication::arguments with the program's name first. The

@@ -34,7 +34,8 @@ class Program : public QObject {
     Q_OBJECT
 
 public:
-    /// `users`: what this process inherited from the user's desktop; tools are started with the same.
+    /// `users`: what this process inherited from the user's desktop; tools are started with the same
+    /// environment.
     Program(const Options& options, platform::Inheritance users);
 
     /// Runs until the main window is closed; returns the exit code of the process.

@@ -6,7 +6,7 @@
 
 namespace tickwell::app {
 
-/// The arguments of the process, divided before Qt does it: Qt takes its own out only once it has a screen.
+/// The arguments of the process, separated before Qt does so: Qt removes its own only once it has a screen.
 struct DividedArguments {
     QByteArray platforms;  ///< the value of -platform; empty if not given
     QByteArray display;    ///< the value of -display; empty if not given

@@ -10,7 +10,7 @@ namespace {
 
 // ms
 constexpr int kStart = 1000;
-constexpr int kForget = 10'000;  // the names also depend on the official list, whose changes are not marked
+constexpr int kForget = 10'000;  // the names also depend on the official list, whose changes are not counted
 
 }  // namespace
 
@@ -68,7 +68,7 @@ qint32 RemoteAccess::RunStopwatch(remote::StopwatchAction action) {
     switch (action) {
         case remote::StopwatchAction::Start:
             RequireStopwatch(false);
-            // The stopwatch would do this itself, but it would be stored.
+            // The stopwatch would switch the display by itself, but that choice would be stored.
             if (m_parts.mainWindow.GetFuncNumber() != kFunctionStopwatch) {
                 m_parts.mainWindow.ShowForNow(kFunctionStopwatch);
             }
@@ -100,7 +100,7 @@ quint32 RemoteAccess::StartTimer(qint32 milliseconds, const QString& name) {
     return 1;
 }
 
-/// With very many rows a query takes long, so it is repeated only if something may have changed.
+/// With very many rows the query is slow, so it is repeated only if something may have changed.
 QStringList RemoteAccess::Today() {
     const days::AnnouncementParts& announcements = m_parts.announcements;
     const QDate day = m_parts.clock.Now().date();

@@ -12,7 +12,7 @@
 
 namespace tickwell::app {
 
-/// What other programs control, and how they find it; all outlive it.
+/// What other programs control and the service that publishes it; all outlive it.
 struct RemoteAccessParts {
     remote::CommandService& service;
     RealTimerSource& timers;
@@ -22,21 +22,21 @@ struct RemoteAccessParts {
     timing::TimingTools& timing;
 };
 
-/// The commands of other programs, while the settings allow them. They do what the user could do in the
-/// windows, but nothing of it is stored.
+/// Carries out the commands of other programs while the settings allow them. A command does what the user
+/// could do in the windows, but nothing of it is stored.
 class RemoteAccess : private remote::CommandTarget {
 public:
-    /// Does nothing until Follow: finding the session bus would delay the first frame.
+    /// Does nothing until Follow: connecting to the session bus would delay the first frame.
     explicit RemoteAccess(const RemoteAccessParts& parts);
     ~RemoteAccess() override;
     Q_DISABLE_COPY_MOVE(RemoteAccess)
 
-    /// The settings may have changed: offers the commands, or withdraws them. Does nothing during the first
-    /// second of the program, at the end of which it is called.
+    /// To be called when the settings may have changed: offers or withdraws the commands. Does nothing during
+    /// the first second of the program, after which it is called internally.
     void Follow();
 
 private:
-    /// Names that were queried, and what they depend on.
+    /// Cached names, and the state they were queried for.
     struct Names {
         QDate day;
         FurtherSettings further;
@@ -54,7 +54,7 @@ private:
     RemoteAccessParts m_parts;
     remote::CommandCalls m_calls;
     std::unique_ptr<Timer> m_start;   // runs during the first second, if the commands were on at the start
-    std::unique_ptr<Timer> m_forget;  // runs while there are names that were queried
+    std::unique_ptr<Timer> m_forget;  // runs while there are cached names
     bool m_isOffered = false;
     std::optional<Names> m_names;
 };

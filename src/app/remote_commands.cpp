@@ -25,7 +25,7 @@ constexpr int kRefused = 1;
 constexpr int kWrongCommand = 2;
 constexpr int kNobody = 3;
 
-/// What libraries say if there was no answer in time.
+/// D-Bus errors that mean that no reply arrived in time.
 constexpr std::array<QStringView, 3> kNoReply{
     u"org.freedesktop.DBus.Error.NoReply", u"org.freedesktop.DBus.Error.Timeout", u"System.Error.ETIMEDOUT"};
 
@@ -73,11 +73,11 @@ int RunRemoteCommand(const Options& options) {
     if (!options.command) {
         return Print({.exitCode = kWrongCommand, .output = {}, .error = OnOneLine(options.error)});
     }
-    std::signal(SIGPIPE, SIG_IGN);  // a reader that has enough is no failure
+    std::signal(SIGPIPE, SIG_IGN);  // a reader that closes the pipe early is not an error
     const CommandAnswer answer = platform::CallCommand(options.command->method, options.command->arguments);
     try {
         return Print(OutcomeOf(answer, WantsJapanese()));
-    } catch (const RunTimeError& error) {  // standard output cannot be written
+    } catch (const RunTimeError& error) {  // standard output is not writable
         return Print({.exitCode = kRefused, .output = {}, .error = OnOneLine(error.Reason())});
     }
 }

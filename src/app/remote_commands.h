@@ -9,12 +9,12 @@ namespace tickwell::app {
 /// What a command prints and returns to the shell.
 struct CommandOutcome {
     int exitCode =
-        0;  ///< 0; 1 if the clock refused or the output cannot be written; 3 if no clock accepts commands
+        0;  ///< 0; 1 if the command was refused or standard output failed; 3 if no clock accepts commands
     QString output;  ///< a line for standard output; empty: none
     QString error;   ///< one sentence for standard error; empty if `exitCode` is 0
 };
 
-/// The outcome of a call. A clock's refusal is told in the user's language.
+/// The outcome of a call. A refusal by the running program is worded in the user's language.
 CommandOutcome OutcomeOf(const platform::CommandAnswer& answer, bool inJapanese);
 
 /// Runs --show, --stopwatch or --timer of `options`, with their error if they have one, and prints the

@@ -6,16 +6,16 @@
 
 namespace tickwell::app {
 
-/// What a start asks of the running program, or of itself if none runs.
+/// What a newly started process requests from the running instance, or does itself if there is none.
 enum class Request { ComeForward, Menu, Calendar, Timer, Stopwatch, Help };
 
-/// The request of `--open NAME`; nothing for an unknown name.
+/// The request of `--open NAME`; nullopt for an unknown name.
 std::optional<Request> RequestToOpen(QStringView name);
 
-/// The names of RequestToOpen, for a message: "calendar, timer, stopwatch, help".
+/// The names accepted by RequestToOpen, for a message: "calendar, timer, stopwatch, help".
 QString NamesToOpen();
 
-/// The word that stands for a request on the socket, without the line feed, and the request of a word.
+/// Conversion between a request and the word that is sent through the socket, without its line feed.
 QByteArray WordOf(Request request);
 std::optional<Request> RequestOf(const QByteArray& word);
 

@@ -16,7 +16,7 @@
 
 namespace tickwell::app {
 
-/// The ports through which the program uses the machine and its desktop; all outlive it.
+/// The ports through which the program accesses the machine and its desktop; all outlive it.
 struct ProgramPorts {
     const Clock& clock;
     TimerSource& timers;
@@ -42,7 +42,7 @@ struct ProgramPorts {
         return true;
     };                                  ///< whether translucent windows can be seen through
     bool isPlacedByCompositor = false;  ///< whether the compositor of a Wayland session places the windows
-    /// Lets the mouse reach what is below a window, or ends that.
+    /// Sets whether mouse events pass through a window to what is below it.
     std::function<void(QWindow& window, bool passes)> passClicks = [](QWindow&, bool) {};
     std::function<void()> windowGone = [] {};  ///< called whenever a window or menu was hidden
 };
@@ -68,9 +68,9 @@ public:
     /// See Form1::ComeForward and ComeForwardWithMenu. Does nothing if there is no main window.
     void ComeForward(bool withMenu);
 
-    /// Does what another start asks for: comes forward, or opens the menu or a window, and leaves the main
-    /// window where it is. While a window is open that blocks the others, shows that one instead; the help
-    /// opens in any case. Does nothing if there is no main window.
+    /// Handles the request of another start: comes forward, or opens the menu or a window without moving the
+    /// main window. While a modal window blocks the others, shows that one instead; the help opens in any
+    /// case. Does nothing if there is no main window.
     void Answer(Request request);
 
     /// Saves the settings as closing the main window does, for the end of the desktop session. The session

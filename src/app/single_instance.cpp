@@ -43,8 +43,8 @@ bool SingleInstance::Acquire() {
         case platform::FileLock::Outcome::Impossible:
             throw RunTimeError(u"プログラムのフォルダーに書き込めません。\r\n"_s + m_lockFile);
     }
-    // An existing socket is left over from a killed process, because we hold the lock. Without a socket the
-    // program still runs, but a second start cannot call it.
+    // An existing socket is left over from a killed process, because this process holds the lock. Without a
+    // socket the program still runs, but a second start cannot call it.
     m_socket.Listen(m_socketFile);
     return true;
 }

@@ -30,7 +30,7 @@ public:
     QString WhyNoAnswer() const;
 
 Q_SIGNALS:
-    /// Another start has asked this of this process.
+    /// Another start has sent this request.
     void Called(tickwell::app::Request request);
 
 private:

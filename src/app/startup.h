@@ -33,7 +33,7 @@ struct Started {
 Started StartUp(const QString& folder, const std::function<std::unique_ptr<SettingsStore>()>& openStore,
                 const QString& masters = {});
 
-/// The text of the message box after a failed start-up. `remedy`: what stands below; may be empty.
+/// The text of the message box after a failed start-up. `remedy`: the text below the reason; may be empty.
 QString StartUpFailureText(const QString& reason, const QString& remedy = {});
 
 }  // namespace tickwell::app

@@ -64,7 +64,7 @@ QRect CornersIn(const QRect& screen, QSize size) {
     return {room.topLeft(), QSize(std::max(0, room.width()) + 1, std::max(0, room.height()) + 1)};
 }
 
-/// The frame of one of our windows, with an assumed frame if the real one is not known yet.
+/// The frame of a window of this program, with an assumed frame if the real one is not known yet.
 QRect FrameOf(const QWidget& window) {
     const QRect frame = window.frameGeometry();
     const bool hasFrame = !window.windowFlags().testFlag(Qt::FramelessWindowHint);
@@ -74,7 +74,7 @@ QRect FrameOf(const QWidget& window) {
     return {frame.topLeft(), frame.size() + QSize(2 * kBorder, kTitle + kBorder)};
 }
 
-/// The frames of our other visible windows.
+/// The frames of this program's other visible windows.
 QList<QRect> TakenBeside(const QWidget& window) {
     QList<QRect> taken;
     for (const QWidget* each : QApplication::topLevelWidgets()) {
@@ -156,7 +156,7 @@ void LetThroughModal(QWidget& window) {
     if (modal == nullptr || modal == &window) {
         return;
     }
-    window.winId();  // creates the native window, which is what gets blocked
+    window.winId();  // creates the native window, without which it cannot be exempted from the modal block
     window.windowHandle()->setTransientParent(modal->windowHandle());
 }
 

@@ -16,8 +16,9 @@ QPoint PlaceNear(QSize size, const QRect& opener, const QRect& screen, const QLi
 /// When a window is kept above other programs' windows, as the main window is.
 enum class OnTop { IfNeeded, Always };
 
-/// Moves a hidden window near `opener`, with its frame and title bar on the screen and without covering our
-/// other windows. IfNeeded: it is kept on top only if it covers `opener`, which would otherwise be above it.
+/// Moves a hidden window near `opener`, with its frame and title bar on the screen and without covering the
+/// program's other windows. IfNeeded: it is kept on top only if it covers `opener`, which would otherwise be
+/// above it.
 void PlaceNear(QWidget& window, const QWidget& opener, OnTop onTop);
 
 /// The active modal window if it or one of its parents is application-modal, otherwise a visible

@@ -77,7 +77,7 @@ public:
 
     void OpenCalendar();
     void OpenCdPlayer();
-    /// The help's beginning, usable while a window blocks the others.
+    /// Opens the help at its beginning; it stays usable while a modal window is open.
     void OpenHelp() { m_settingsHelp.ShowTopic(kHelpContents); }
 
     HelpViewer& Help() { return m_help; }

@@ -21,7 +21,7 @@ public:
     void OpenEditor(QDate date, QWidget* calendar, Closed closed) const;
     void OpenDeletion(QWidget* calendar, Closed closed) const;
 
-    /// The results are in the list when the window closes.
+    /// When the window closes, the results are in the list.
     void OpenSearch(QWidget* calendar) const;
 
 private:

@@ -24,7 +24,7 @@ namespace tickwell::book {
 ///
 /// The rows are processed from last to first. A row that cannot be parsed ends the processing: the rows after
 /// it in the list are changed, those before it are not, and its RunTimeError is thrown at the end. Rows that
-/// another program has changed meanwhile are left unchanged, which the last slice reports with a
+/// another program has changed in the meantime are left unchanged, which the last slice reports with a
 /// RunTimeError.
 ///
 /// The stored rows are searched in slices. More than a few are then written in a separate thread, because

@@ -15,7 +15,7 @@ namespace tickwell::book {
 struct BookParts {
     store::DayDatabase& dayDatabase;
     const FurtherSettings& further;
-    days::DayList& list;  ///< that of the calendar
+    days::DayList& list;  ///< the calendar's list
     DayChanges& changes;
     const Clock& clock;
     MessageBoxes& boxes;

@@ -51,7 +51,7 @@ QDate RolledDate(qint32 year, qint32 month, qint32 day);
 /// With After the range ends on 31 December 9999; with Before it begins on 1 January 100.
 SearchRange RangeOf(RangeKind kind, QDate start, QDate end);
 
-/// The search criteria in the fields; nothing if the range ends before it begins. Both dates are parsed and
+/// The search criteria in the fields; nullopt if the range ends before it begins. Both dates are parsed and
 /// compared even if the search ignores one or both of them. Throws RunTimeError.
 std::optional<SearchConditions> ConditionsOf(const SearchFields& fields);
 

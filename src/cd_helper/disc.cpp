@@ -20,7 +20,7 @@ namespace {
 constexpr std::uint32_t kDriveTimeout =
     250;  // ms per command; a drive that retried longer would let playback run dry
 
-/// libcdio writes to standard error and aborts on what it calls errors.
+/// libcdio by default writes its messages to standard error and aborts on its own "errors".
 void EndOnError(cdio_log_level_t level, const char* /*message*/) {
     if (level >= CDIO_LOG_ERROR) {
         std::_Exit(kEndGone);
@@ -32,7 +32,7 @@ void PrepareLibrary() {
     mmc_timeout_ms = kDriveTimeout;
 }
 
-/// A libcdio handle, the byte order of the sound that it reads, and what its titles are like.
+/// A libcdio handle, the byte order of its audio data, and how its titles are encoded.
 struct Opened {
     CdIo_t* handle = nullptr;
     ByteOrder order = ByteOrder::Little;

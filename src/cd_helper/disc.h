@@ -28,7 +28,7 @@ struct DiscContents {
 /// first.
 class Disc {
 public:
-    /// Returns nothing if there is no disc, or if its contents cannot be trusted: track starts that are not
+    /// Returns nullopt if there is no disc, or if its contents cannot be trusted: track starts that are not
     /// ascending, an end that is not after them, or a sheet that libcdio misreads.
     static std::optional<Disc> Open(const std::string& path);
 

@@ -30,7 +30,7 @@ bool IsOctal(char letter) {
     return letter >= '0' && letter <= '7';
 }
 
-/// The length in bytes that the first byte of a character in UTF-8 announces; 0 if it cannot be one.
+/// The length in bytes of the UTF-8 character with this first byte; 0 if no character starts with it.
 std::size_t LengthInUtf8(char first) {
     const std::uint8_t byte = ByteOf(first);
     if (byte < 0x80U) {
@@ -45,7 +45,8 @@ std::size_t LengthInUtf8(char first) {
     return byte >= 0xF0U && byte <= 0xF4U ? 4 : 0;
 }
 
-/// The end of the first characters, at most `most`; nothing if the bytes up to there are not like UTF-8.
+/// The byte offset after the first `most` characters; nullopt if the bytes up to there do not have the
+/// structure of UTF-8.
 std::optional<std::size_t> EndInUtf8(const std::string& bytes, int most) {
     std::size_t at = 0;
     for (int count = 0; count < most && at < bytes.size(); ++count) {
@@ -72,7 +73,7 @@ std::size_t EndInShiftJis(const std::string& bytes, int most) {
     return at;
 }
 
-/// Each character of Latin-1 as its byte; nothing if there are others.
+/// Converts UTF-8 to Latin-1; nullopt if it contains characters beyond Latin-1.
 std::optional<std::string> Latin1Bytes(const std::string& text) {
     std::string bytes;
     for (std::size_t i = 0; i < text.size(); ++i) {
@@ -108,7 +109,7 @@ std::string WithoutEscapes(const std::string& text) {
 
 std::vector<DiscTitle> TitlesOf(CdIo_t* handle, int tracks, SourceKind kind) {
     std::vector<DiscTitle> titles;
-    cdtext_t* const found = cdio_get_cdtext(handle);  // belongs to the handle
+    cdtext_t* const found = cdio_get_cdtext(handle);  // owned by `handle`
     if (found == nullptr) {
         return titles;
     }

@@ -27,7 +27,7 @@ using namespace tickwell::cd_helper;
 
 constexpr rlim_t kMostToOpen = 3;  // seconds of CPU time; an intact image takes milliseconds
 
-/// Dies with the parent process, and leaves no core dump if libcdio aborts.
+/// Makes this process end together with its parent, and leave no core dump if libcdio aborts.
 void BecomeHelper() {
     prctl(PR_SET_PDEATHSIG, SIGKILL);
     const rlimit none{0, 0};

@@ -39,7 +39,7 @@ inline constexpr char kLineJoint = ',';
 inline constexpr int kSectorBytes = 2352;
 inline constexpr int kMostTracks = 99;
 inline constexpr int kLongestTitle = 200;           // characters
-inline constexpr int kMostTitleBytes = 800;         // of such a title in UTF-8
+inline constexpr int kMostTitleBytes = 800;         // of a title of that length in UTF-8
 inline constexpr int kMostSectors = 100 * 60 * 75;  // 100 minutes, the longest disc that can be written
 
 /// Exit codes.

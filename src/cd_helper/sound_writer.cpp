@@ -79,7 +79,7 @@ bool SoundWriter::IsStillThere() {
 }
 
 /// One bad sector makes the complete request fail, so a failed request is repeated in halves. A sector that
-/// cannot be read becomes silence. Returns false if the disc is gone.
+/// cannot be read becomes silence. Returns false if the disc was removed.
 bool SoundWriter::ReadRunning(std::int32_t from, std::int32_t count, char* bytes) {
     if (m_disc.Read(from, count, bytes)) {
         return true;

@@ -23,22 +23,22 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr auto kLetter = "accessKey";            // property: the letter appended to the caption
-constexpr auto kSpoken = "accessKeyIsUnspoken";  // property: the accessible name is the caption without it
+constexpr auto kLetter = "accessKey";            // property: the appended letter
+constexpr auto kSpoken = "accessKeyIsUnspoken";  // property: Append has set the accessible name
 
 QString WithLetter(const QString& caption, QChar letter) {
     return letter.isNull() ? caption : caption + u"(&" + letter + u')';
 }
 
-/// A caption that can have a key: of a button, of a label with its field, or of a menu item.
+/// An object with a caption that can show an access key: a button, a label with a buddy, or a menu item.
 struct Captioned {
-    QObject* owner = nullptr;   // has the properties
-    QWidget* spoken = nullptr;  // whose accessible name would change with the caption; null for a menu item
+    QObject* owner = nullptr;   // stores both properties
+    QWidget* spoken = nullptr;  // its accessible name derives from the caption; null for a menu item
     std::function<QString()> text;
     std::function<void(const QString& text)> setText;
 
     QChar Letter() const { return owner->property(kLetter).toChar(); }
-    /// Without the appended key.
+    /// The caption without the appended key.
     QString Caption() const {
         const QString suffix = WithLetter(QString(), Letter());
         return text().endsWith(suffix) ? text().chopped(suffix.size()) : text();
@@ -70,7 +70,7 @@ void Remove(const Captioned& each) {
     }
 }
 
-/// Gives all their keys: first the letters that suit the captions, then what is left. Returns all used ones.
+/// Assigns the keys: first the letters that suit the captions, then unused ones. Returns all letters in use.
 Letters Assign(const Captions& captions, Letters taken) {
     std::vector<const Captioned*> rest;
     for (const Captioned& each : captions) {
@@ -116,12 +116,13 @@ Captions ItemsOf(const QWidget& menu) {
     return items;
 }
 
-/// Whether a label was hidden for good; other controls are hidden as well until their window is shown.
+/// Whether a label exists only for screen readers. Other controls are hidden too until their window is shown,
+/// but never explicitly.
 bool IsForReadersOnly(const QLabel& label) {
     return label.isHidden() && label.testAttribute(Qt::WA_WState_ExplicitShowHide);
 }
 
-/// The control's caption, if it has one that can show a key.
+/// The control's caption, if it is of a kind that can show an access key.
 std::optional<Captioned> CaptionOf(QWidget* control) {
     auto* label = qobject_cast<QLabel*>(control);
     if (label != nullptr && label->buddy() != nullptr && !IsForReadersOnly(*label)) {
@@ -139,7 +140,8 @@ std::optional<Captioned> CaptionOf(QWidget* control) {
                      [button](const QString& text) { button->setText(text); }};
 }
 
-/// The page of a tab widget that contains a control; null if it is on none. Only one page is seen at a time.
+/// The page of a tab widget that contains a control; null if there is none. Pages do not compete for letters,
+/// because only one is visible at a time.
 const QWidget* PageOf(const QWidget* control) {
     for (; control != nullptr && !control->isWindow(); control = control->parentWidget()) {
         if (qobject_cast<const QStackedWidget*>(control->parentWidget()) != nullptr) {
@@ -149,7 +151,7 @@ const QWidget* PageOf(const QWidget* control) {
     return nullptr;
 }
 
-/// The captions of a window by page; null is the window itself.
+/// The captions of a window, grouped by page; null stands for controls outside any page.
 std::map<const QWidget*, Captions> CaptionsOf(const QWidget& window) {
     std::map<const QWidget*, Captions> found;
     const auto controls = window.findChildren<QWidget*>();

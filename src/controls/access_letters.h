@@ -5,13 +5,14 @@
 
 namespace tickwell::controls {
 
-/// The letters for captions that have none of their own, in the order in which they are used.
+/// The letters for captions without a suitable one, in order of use.
 inline constexpr QStringView kAllLetters = u"ABCDEFGHIJKLMNOPQRSTUVWXYZ1234567890";
 
-/// The letter that suits a caption, as Japanese programs use it for the same word; null for other captions.
+/// The letter that Japanese programs customarily use for this caption; null for other captions.
 QChar SuitingLetter(QStringView caption);
 
-/// Whether a caption gets an access key: not if Enter or Esc chooses it already, or if it is only a sign.
+/// Whether a caption gets an access key: not if Enter or Esc already activates the button, or if the caption
+/// is only a symbol.
 bool TakesLetter(QStringView caption);
 
 }  // namespace tickwell::controls

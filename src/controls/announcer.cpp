@@ -9,7 +9,8 @@ namespace tickwell::controls {
 
 namespace {
 
-/// A notification that belongs to the window but is none of its children: nobody finds it without its event.
+/// A notification whose parent is the window but which is not among its children, so that screen readers meet
+/// it only through its event.
 class AnnouncerAccessible : public QAccessibleObject {
 public:
     explicit AnnouncerAccessible(Announcer* announcer)

@@ -7,9 +7,9 @@
 
 namespace tickwell::controls {
 
-/// Lets a screen reader say a text without moving the keyboard focus and without interrupting what it is
-/// saying. Qt 6.8 has an event for this; with an older Qt the text is the name of a notification that
-/// appears, which screen readers present as well.
+/// Makes a screen reader say a text without moving the keyboard focus and without interrupting current
+/// speech. Qt 6.8 has an event for this; with an older Qt the text is presented as the name of a notification
+/// that appears, which screen readers read as well.
 class Announcer : public QObject {
     Q_OBJECT
 
@@ -34,8 +34,8 @@ private:
 /// Makes announcers accessible. Called once per process, before the first window is created.
 void InstallAnnouncerAccessibility();
 
-/// Announces what is chosen in a combo box with the focus, for which Qt before 6.8 sends no event that screen
-/// readers present.
+/// Announces the choice in a focused combo box, for which Qt before 6.8 sends no event that screen readers
+/// present.
 void AnnounceChoices(QComboBox& combo);
 
 }  // namespace tickwell::controls

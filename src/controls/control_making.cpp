@@ -18,7 +18,7 @@ QLabel* MakeLabel(const QString& name, const QString& text, QWidget* parent) {
     return label;
 }
 
-/// A hidden label is found as well. It is a sibling, because Qt looks for labels only there.
+/// Screen readers find a hidden label as well. It is a sibling, because Qt looks for labels only there.
 void LabelForReaders(QWidget& field, const QString& text) {
     QLabel* label = MakeLabel({}, text, field.parentWidget());
     label->hide();

@@ -25,8 +25,8 @@ QString Indexed(const QString& name, int index);
 /// Makes a label that shows its text as it is, never as rich text. The caller or a layout gives it an owner.
 QLabel* MakeLabel(const QString& name, const QString& text = {}, QWidget* parent = nullptr);
 
-/// Gives a field that has no label on the screen one for screen readers. Some take the name of a combo box
-/// only from its label. The window owns it.
+/// Adds an invisible label, for screen readers, to a field without a visible one: some of them take the name
+/// of a combo box only from its label. The window owns it.
 void LabelForReaders(QWidget& field, const QString& text);
 
 /// Makes a push button that `window` owns. A click runs `clicked` under `handlers`, which outlive the button;

@@ -10,10 +10,10 @@
 namespace tickwell::controls {
 
 /// F1 in this window shows the help at a topic, under `handlers`. Handlers and help outlive the window.
-/// Windows that it opens need keys of their own.
+/// Windows opened from it need this call for themselves.
 void OpenHelpByKey(QWidget& window, Handlers& handlers, HelpViewer& help, int topic);
 
-/// The same with the topic that `topic` returns when the key is pressed.
+/// The same, but `topic` is evaluated when the key is pressed.
 void OpenHelpByKey(QWidget& window, Handlers& handlers, HelpViewer& help, std::function<int()> topic);
 
 }  // namespace tickwell::controls

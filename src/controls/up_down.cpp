@@ -13,7 +13,7 @@ namespace tickwell::controls {
 
 namespace {
 
-constexpr int kDigits = 5;  // width of the field, one digit more than a year
+constexpr int kDigits = 5;  // width of the field: room for one digit more than a year has
 
 QSize Widened(QSize size, const QFontMetrics& metrics) {
     return size + QSize(kDigits * metrics.horizontalAdvance(u'0'), 0);
@@ -37,7 +37,7 @@ void UpDown::Follow(const QString& text) {
     try {
         m_position = std::clamp(static_cast<int>(IntegerOf(text)), m_first, m_last);
     } catch (const RunTimeError& error) {
-        // Incomplete or invalid: the position of the arrows is kept.
+        // Incomplete or invalid: the arrows keep their position.
         qCDebug(ControlsLog).noquote() << objectName() << "cannot follow:" << error.Detail();
     }
     if (m_position != before) {

@@ -7,10 +7,10 @@
 
 namespace tickwell {
 
-/// What is written below the days of the calendar.
+/// What is shown below each day of the calendar.
 enum class UnderDays : qint32 { Nothing = 0, SixDay = 1, OldDate = 2 };
 
-/// The calendar of present-day Japan; by default all of it is off.
+/// Features of the calendar used in present-day Japan; all are off by default.
 struct CalendarSettings {
     bool holidaysByLaw = false;     ///< the law and the official list replace the table of holidays
     EraStyle eras{};                ///< `next` is set only in the settings file

@@ -3,12 +3,12 @@
 
 namespace tickwell {
 
-/// Corrections of behaviour that users may rely on; by default all are off.
+/// Corrections of behaviour that users may depend on; by default all are off.
 struct Corrections {
     bool weekdayAnniversaries = false;  ///< announced on their own day, and edited and deleted by their row
     bool editorTakesDate = false;       ///< the editor starts with the date of the row
     bool dateTurnsAtMidnight = false;   ///< the upper line shows a new date immediately
-    bool longUsage = false;             ///< the time since boot stays right after 24.8 days
+    bool longUsage = false;             ///< the time since boot stays correct after 24.8 days
     bool searchAcrossMonths = false;    ///< finds anniversaries of every year in ranges that cross months
     bool lapIntervals = false;          ///< shows each lap with the time since the previous one
     bool showsToday = false;            ///< a frame around today, and dots at days with anniversaries

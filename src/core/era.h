@@ -39,7 +39,7 @@ struct EraYear {
     bool operator==(const EraYear&) const = default;
 };
 
-/// Nothing for dates before 1873, the first Gregorian year in Japan, if the style goes by date.
+/// nullopt for dates before 1873, the first Gregorian year in Japan, if the style goes by date.
 std::optional<EraYear> EraYearOf(QDate date, const EraStyle& style);
 
 /// Reads "光文,光,2040-05-01": name, letter, first day. Throws RunTimeError if the text has another form or

@@ -23,27 +23,27 @@ struct RollSettings {
 /// How a line shows a text that is wider than itself.
 enum class LongText : qint32 { CutOff = 0, Ellipsis = 1, ScrollOnce = 2 };
 
-/// The outline of the texts if nothing is painted behind them.
+/// The outline of the texts when their background is transparent.
 enum class TextOutline : qint32 { None = 0, Thin = 1, Thick = 2 };
 
-/// The look and the place of the main window; by default nothing of this changes it.
+/// Appearance and position of the main window; by default all of it is off.
 struct FaceSettings {
     qint32 opacity = 100;        ///< percent; clamped to 20..100 when used
     qint32 longText = 0;         ///< a LongText; other numbers mean CutOff
     bool staysOnScreen = false;  ///< brought back if it is outside the screens
-    QString screen;         ///< name of the screen that it was on last; empty if it need not be brought back
+    QString screen;         ///< name of the screen that it was last on; empty if it need not be brought back
     qint32 screenLeft = 0;  ///< position on that screen, logical pixels
     qint32 screenTop = 0;
-    bool showsZone = false;             ///< the time in another zone takes turns with the date
-    QString zone;                       ///< its id, such as "Europe/London"; one that is unknown is not shown
-    QString zoneName;                   ///< written before its time; its city if blank
-    bool hidesUnderFullScreen = false;  ///< while another program fills its screen
-    bool inWindowSwitcher = false;      ///< and in taskbar and pager
-    bool toolsStayOnTop = false;        ///< the other windows too, not only those that cover this one
-    bool transparent = false;           ///< only the texts are shown; effective from the next start
-    qint32 outline = 1;                 ///< a TextOutline, used if transparent; other numbers mean Thin
-    bool clickThrough = false;          ///< clicks reach the window below while the icon in the tray is shown
-    bool clickThroughWithoutIcon = false;  ///< and without it: the user has agreed to that
+    bool showsZone = false;                ///< the time in another zone alternates with the date
+    QString zone;                          ///< its id, such as "Europe/London"; an unknown one is not shown
+    QString zoneName;                      ///< shown before its time; the zone's city is used if blank
+    bool hidesUnderFullScreen = false;     ///< while another program fills its screen
+    bool inWindowSwitcher = false;         ///< and in taskbar and pager
+    bool toolsStayOnTop = false;           ///< the other windows too, not only those that cover this one
+    bool transparent = false;              ///< only the texts are painted; effective from the next start
+    qint32 outline = 1;                    ///< a TextOutline, used when transparent; other numbers mean Thin
+    bool clickThrough = false;             ///< clicks pass to the window below while there is a tray icon
+    bool clickThroughWithoutIcon = false;  ///< and even without the icon: the user has agreed
 
     bool operator==(const FaceSettings&) const = default;
 };

@@ -40,7 +40,7 @@ public:
     void RunTick(Timer& timer, const std::function<void()>& handler);
 
     /// Reports an error that no handler has thrown, such as a failed print. If the report box is open, the
-    /// error is queued and reported next. `owner` as for Run; it may be destroyed meanwhile.
+    /// error is queued and reported next. `owner` as for Run; it may be destroyed in the meantime.
     void Tell(const QString& reason, const QObject* owner = nullptr);
 
     /// Calls `action` now, or once the report box is closed; until then a further call replaces it.

@@ -48,7 +48,7 @@ std::optional<QByteArrayView> SectionName(QByteArrayView line) {
     return WithoutBlanks(text.sliced(1, text.size() - 2));
 }
 
-/// Key and value as stored, or nothing for comments, blank lines and lines that are neither.
+/// Key and value as stored, or nullopt for comments, blank lines and lines that are neither.
 std::optional<std::pair<QByteArrayView, QByteArrayView>> KeyLine(QByteArrayView line) {
     const QByteArrayView text = Content(line);
     const qsizetype equals = text.indexOf('=');

@@ -17,7 +17,7 @@ class IniDocument {
 public:
     explicit IniDocument(const QByteArray& bytes);
 
-    /// The stored value, unescaped but not yet decoded; nothing if the key is absent.
+    /// The stored value, unescaped but not yet decoded; nullopt if the key is absent.
     std::optional<QByteArray> Value(const QString& section, const QString& key) const;
 
     /// Sets a value in place, or appends key and section if they are missing.

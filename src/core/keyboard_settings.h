@@ -3,10 +3,10 @@
 
 namespace tickwell {
 
-/// What the keyboard does beyond opening the menu; by default nothing.
+/// What the keyboard does in addition to opening the menu; all is off by default.
 struct KeyboardSettings {
     bool movesWindow = false;      ///< the arrow keys move the main window, and Esc returns the focus
-    bool showsAccessKeys = false;  ///< captions end with the letter that chooses them
+    bool showsAccessKeys = false;  ///< captions end with the letter of their access key
 
     bool operator==(const KeyboardSettings&) const = default;
 };

@@ -17,7 +17,7 @@ struct OldDate {
     bool operator==(const OldDate&) const = default;
 };
 
-/// Nothing outside 1900-01-01 to 2100-12-31.
+/// nullopt outside 1900-01-01 to 2100-12-31.
 std::optional<OldDate> OldDateOf(QDate day);
 
 /// "大安": the day in the six-day cycle, which restarts with each month. A leap month starts it like the

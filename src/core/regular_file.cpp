@@ -30,7 +30,7 @@ FileContents TooLarge(qint64 most) {
     return Failed(FileProblem::TooLarge, u"ファイルが大きすぎます（%1 KiBまで）。"_s.arg(most / 1024));
 }
 
-/// Why a file with this state is not read; nothing if it can be.
+/// Why a file with this state is not read; nullopt if it can be.
 std::optional<FileContents> Objection(const struct stat& state, qint64 most) {
     if (!S_ISREG(state.st_mode)) {
         return Failed(FileProblem::NotRegular, u"通常のファイルではありません。"_s);
@@ -38,7 +38,7 @@ std::optional<FileContents> Objection(const struct stat& state, qint64 most) {
     return state.st_size > most ? std::optional(TooLarge(most)) : std::nullopt;
 }
 
-/// Reads to the end, whatever size is reported: files in /proc report 0, and others can grow meanwhile.
+/// Reads to the end, whatever size is reported: files in /proc report 0, and others can grow in the meantime.
 FileContents ReadAtMost(int file, qint64 claimed, qint64 most) {
     constexpr qint64 kPiece = 4096;
     QByteArray bytes;
@@ -78,7 +78,7 @@ FileContents ReadRegularFile(const QString& path, qint64 most) {
     if (auto objection = Objection(state, most)) {
         return *std::move(objection);
     }
-    // Opened without blocking and checked again: the file may have been replaced meanwhile.
+    // Opened without blocking and checked again: the file may have been replaced in the meantime.
     const int file = open(name.constData(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY);
     if (file < 0) {
         return SystemError(errno);

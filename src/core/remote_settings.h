@@ -6,14 +6,14 @@ namespace tickwell {
 /// What other programs may do; by default nothing.
 struct RemoteSettings {
     bool acceptsCommands = false;  ///< over the session bus
-    bool mediaKeys = false;        ///< may operate the CD player, as other programs may
+    bool mediaKeys = false;        ///< media keys and other programs may control the CD player
 
     bool operator==(const RemoteSettings&) const = default;
 };
 
-/// The CD player; by default it is as it always was.
+/// The CD player's options; by default all are off.
 struct CdSettings {
-    bool showsTitles = false;  ///< those that the disc contains
+    bool showsTitles = false;  ///< shows the titles stored on the disc
 
     bool operator==(const CdSettings&) const = default;
 };

@@ -18,7 +18,7 @@ public:
 /// at the first value that cannot be converted.
 void LoadSettings(const SettingsStore& store, AppSettings& settings);
 
-/// Reads width, top, left in this order, then the roll interval. Throws SettingsError.
+/// Reads width, top and left, in this order, then the roll interval. Throws SettingsError.
 void LoadWindowGeometry(const SettingsStore& store, AppSettings& settings, WindowGeometry& geometry);
 
 /// Reads the sections Roll, Notice, Calendar, Corrections, Face, Remote and Cd. Throws SettingsError.

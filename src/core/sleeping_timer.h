@@ -28,7 +28,7 @@ public:
     void Stop() override { m_timer->Stop(); }
     bool IsRunning() const override { return m_timer->IsRunning(); }
 
-    /// Something may be due sooner than `untilDue` said. Does nothing while the timer is stopped.
+    /// Something may be due sooner than `untilDue` returned. Does nothing while the timer is stopped.
     void Wake();
 
     /// The same, but ticks immediately.

@@ -11,7 +11,7 @@
 namespace tickwell {
 
 /// Runs an action at most once per interval. A request after a longer pause runs it at once, without a timer;
-/// an earlier one runs it at the end of the interval.
+/// one within the interval runs it when the interval ends.
 class Throttle {
 public:
     /// Clock and source outlive this object. `interval`: ms, above 0.
@@ -19,7 +19,7 @@ public:
 
     void Request();
 
-    /// Runs it at once; a pending request is then done, and the interval begins again.
+    /// Runs the action at once and restarts the interval; a pending request is thereby fulfilled.
     void RunNow();
 
 private:

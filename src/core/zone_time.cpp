@@ -33,7 +33,7 @@ QString ZoneCity(const QString& zoneId) {
 
 QString ZoneTimeText(const QString& name, const QString& zoneId, const QDateTime& now) {
     if (zoneId.isEmpty()) {
-        return {};  // Qt takes this for the machine's own zone
+        return {};  // Qt would return the machine's own zone for it
     }
     const QTimeZone zone(zoneId.toLatin1());
     if (!zone.isValid()) {

@@ -12,14 +12,14 @@ namespace tickwell {
 /// the system's table, which takes some milliseconds.
 QStringList ZoneIds();
 
-/// The id of this list that was typed, whatever its case and the blanks around it, and with blanks or
-/// underscores in it; nothing if there is none.
+/// The id in this list that the user has typed, ignoring case and surrounding blanks, with blanks accepted
+/// for underscores; nullopt if there is none.
 std::optional<QString> TypedZone(const QString& typed);
 
 /// The name of a zone's city: "New York" for "America/New_York".
 QString ZoneCity(const QString& zoneId);
 
-/// The time in another zone at `now`, after `name`, or after the city if that is blank: "ロンドン 3:05".
+/// The time at `now` in another zone, preceded by `name` or, if that is blank, by the city: "ロンドン 3:05".
 /// Empty if the system does not know the zone.
 QString ZoneTimeText(const QString& name, const QString& zoneId, const QDateTime& now);
 

@@ -29,7 +29,7 @@ private:
     store::DayDatabase* m_database;
     MonthShape m_month;
     int m_day = 1;                             // being searched
-    std::optional<store::RowSearch> m_search;  // of that day; nothing before its first slice
+    std::optional<store::RowSearch> m_search;  // of that day; nullopt before its first slice
     QList<int> m_days;
 };
 

@@ -76,7 +76,7 @@ void Form5::Refresh() {
     ShowAll();
 }
 
-/// The marks are stored when the mode is left, but not again if its button is clicked once more.
+/// Leaving a marking mode stores its marks; clicking the button of the current mode again does not.
 void Form5::Option1_Click(int index) {
     const auto mode = static_cast<CalendarMode>(index);
     if (mode != m_calendar.Mode()) {
@@ -119,8 +119,8 @@ void Form5::ShowAll() {
     }
 }
 
-/// Resizes the window if the settings have changed what it shows: second lines, and headings with two eras,
-/// need more room.
+/// Resizes the window if the settings have changed what it shows: second lines below the days and headings
+/// with two eras need more room.
 void Form5::FitSettings() {
     const MonthGrid& grid = m_calendar.Grid();
     if (std::exchange(m_fitted, {grid.under, m_parts.further.calendar.eras.byDate}) !=

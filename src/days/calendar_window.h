@@ -34,8 +34,8 @@ public:
     /// RunTimeError.
     void Refresh();
 
-    /// Stores the marks of a marking mode that is still active, if the settings select that. False if that
-    /// failed; the failure has then been reported.
+    /// Stores the marks of a marking mode that is still active, if keepsMarksOnClose is set. Returns false if
+    /// that failed; the failure has then been reported.
     bool KeepMarks();
 
     void done(int result) override;
@@ -94,7 +94,7 @@ private:
     MonthCalendar m_calendar;
     std::unique_ptr<Timer> m_listing;       // runs while the list of a day is incomplete
     std::unique_ptr<Timer> m_daySearch;     // runs while days with anniversaries are searched
-    std::pair<UnderDays, bool> m_fitted{};  // second lines, and whether headings can have two eras
+    std::pair<UnderDays, bool> m_fitted{};  // what the width allows for: second lines, two eras
     // All controls are owned by the window as children.
     QWidget* m_month = nullptr;
     QWidget* m_panel = nullptr;  // beside the month

@@ -6,7 +6,7 @@ namespace tickwell::days {
 
 using namespace Qt::StringLiterals;
 
-/// What a button looks like, and what its click does.
+/// The appearance of a button, and the effect of a click.
 struct Form5::ActionButton {
     CalendarAction action = CalendarAction::PreviousYear;
     QStringView name;

@@ -39,7 +39,7 @@ void Form5::LayOut() {
     Fit();
 }
 
-/// The buttons are as wide as their captions need, and these are longer now.
+/// Access keys lengthen the captions, and the buttons have to be as wide as these.
 void Form5::AddAccessKeys() {
     controls::ShowAccessKeys(*this, true);
     for (QPushButton* button : m_buttons) {
@@ -49,7 +49,7 @@ void Form5::AddAccessKeys() {
     }
 }
 
-/// From top to bottom, the month before the list.
+/// Orders the controls from top to bottom, the month before the list.
 void Form5::OrderTabs() {
     QList<QWidget*> order;
     const auto append = [&order](const auto& controls) {
@@ -143,7 +143,7 @@ void Form5::FitHeights() {
     }
 }
 
-/// Sizes the columns other than the name for their typical contents.
+/// Sizes all columns except the name for their typical contents.
 void Form5::FitColumns() {
     m_list->FitRows();
     const QFontMetrics metrics = m_list->fontMetrics();

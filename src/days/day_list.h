@@ -44,8 +44,8 @@ public:
     void ListFound(ListedRows rows, int searched);
 
     /// The row to edit, counted from 1; 0 means that a new one is added. The number is kept until the next
-    /// calendar window opens, regardless of what is listed meanwhile, and can therefore exceed the length of
-    /// the list.
+    /// calendar window opens, regardless of what is listed in the meantime, and can therefore exceed the
+    /// length of the list.
     int SelectedRow() const { return m_selectedRow; }
 
     /// "編集": `index`, counted from 0, is the row selected in the window. Without one the number is kept, so
@@ -55,7 +55,7 @@ public:
     /// "追加".
     void ChooseNewRow() { m_selectedRow = 0; }
 
-    /// The chosen row; nothing if a new one is added. Throws RunTimeError if the row no longer exists in the
+    /// The chosen row; nullopt if a new one is added. Throws RunTimeError if the row no longer exists in the
     /// list.
     std::optional<DayListRow> ChosenRow() const;
 

@@ -68,7 +68,7 @@ QVariant DayListModel::data(const QModelIndex& index, int role) const {
 }
 
 /// A row that cannot be read, because another program changed it or the database is temporarily closed, shows
-/// a text that says so.
+/// a text that states this.
 const DayListRow& DayListModel::RowAt(int row) const {
     if (const DayListRow* read = m_read.object(row)) {
         return *read;

@@ -24,7 +24,7 @@ struct DayListRow {
     /// key.
     std::optional<store::FoundRow> itself = std::nullopt;
 
-    Anniversary stored{};  ///< the values behind the texts
+    Anniversary stored{};  ///< the stored values that the texts show
 
     /// Whether both rows look the same and are the same one if they have a key. The stored values are not
     /// compared.

@@ -18,7 +18,7 @@ DayColor ColorOf(CalendarMode mode);
 /// Saturday that is toggled twice becomes an ordinary day.
 DayColor ToggledColor(CalendarMode mode, DayColor color);
 
-/// The mark to store for a cell of a calendar whose holidays are stored; nothing if it has the colour of its
+/// The mark to store for a cell of a calendar whose holidays are stored; nullopt if it has the colour of its
 /// column.
 std::optional<DayMark> MarkOf(const MonthCell& cell, int index);
 
@@ -30,7 +30,7 @@ std::optional<DayMark> MarkOf(const MonthGrid& grid, int cell);
 QString SpokenMark(DayMark mark);
 
 /// What a screen reader says for a day's cell: date, weekday, national holiday, the mark that its colour
-/// means, and what else the cell shows.
+/// means, and the other contents of the cell.
 QString SpokenName(const MonthGrid& grid, int cell);
 
 /// The statements that delete all marks of the month, one per table.

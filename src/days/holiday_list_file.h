@@ -46,7 +46,7 @@ private:
     QString Path() const { return m_folder.PathOf(kName.toString()); }
 
     ProgramFolder m_folder;
-    mutable std::optional<Kept> m_kept;  // nothing until it was read
+    mutable std::optional<Kept> m_kept;  // nullopt until it has been read
 };
 
 }  // namespace tickwell::days

@@ -28,7 +28,7 @@ public:
 
     int Count() const { return m_count; }
 
-    /// `row`: 0 to Count() - 1. Nothing if another program changed or deleted the row since. Throws
+    /// `row`: 0 to Count() - 1. nullopt if another program changed or deleted the row since. Throws
     /// RunTimeError.
     std::optional<DayListRow> Read(int row) const;
 

@@ -59,7 +59,7 @@ public:
     /// Whether clicks on days are handled: not before the first month, nor while a click is being handled.
     bool IsReady() const { return m_isReady; }
 
-    /// Whether a message or question of the calendar is open; nothing else may be done meanwhile.
+    /// Whether a message or question of the calendar is open; nothing else may be done in the meantime.
     bool IsWaiting() const { return *m_isWaiting; }
 
     /// Shows a month of the years 1926 to 2100; for other years reports the limit and keeps the grid.

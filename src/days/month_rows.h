@@ -13,9 +13,9 @@ namespace tickwell::days {
 
 /// The holidays and the user's marks of a month.
 struct MonthRows {
-    QList<NamedDay> holidays;                        ///< as HolidaySource::DaysOff
+    QList<NamedDay> holidays;                        ///< see HolidaySource::DaysOff
     std::array<QList<int>, kDayMarks.size()> marks;  ///< days of the month, by DayMark
-    bool areHolidaysStored = true;                   ///< as HolidaySource::IsStoredWithMarks
+    bool areHolidaysStored = true;                   ///< see HolidaySource::IsStoredWithMarks
 };
 
 /// Skips marks that are not dates, such as February 30. Throws SqlError.

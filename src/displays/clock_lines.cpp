@@ -31,7 +31,7 @@ QString TimeLine(const AppSettings& settings, QTime now) {
 // ms
 constexpr int kClockSecond = 1000;
 constexpr int kClockMinute = 60'000;
-constexpr quint32 kRetryInterval = 5000;  // between two attempts to query a closed database
+constexpr quint32 kRetryInterval = 5000;  // between two attempts to query the closed database
 
 /// The number of whole steps since midnight; -1 for an invalid time.
 int WholeSteps(QTime time, int step) {
@@ -68,7 +68,7 @@ void ClockLines::LookUp() {
     }
 }
 
-/// Wipes in the date on a new day, but not on a refresh, and not after Show, which has just done so.
+/// Wipes in the date on a new day, but not on a refresh, and not if Show has already done so.
 void ClockLines::ShowIfNew(QDate today) {
     const bool isNew = today != std::exchange(m_seenDate, today);
     if (isNew && m_parts.announcements.further.corrections.dateTurnsAtMidnight) {
@@ -99,13 +99,13 @@ void ClockLines::TimeTick() {
     }
 }
 
-/// The time in the other zone; empty if the settings want none or its zone is unknown.
+/// The time in the other zone; empty if none is set or its zone is unknown.
 QString ClockLines::ZoneLine() const {
     const FaceSettings& face = m_parts.announcements.further.face;
     return face.showsZone ? ZoneTimeText(face.zoneName, face.zone, m_parts.clock.Now()) : QString();
 }
 
-/// The minute can change while it is shown.
+/// While this text is shown, its minute can change.
 void ClockLines::UpdateZone() {
     if (m_zoneLine.isEmpty() || m_lines.upper.Text() != m_zoneLine) {
         return;

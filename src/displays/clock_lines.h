@@ -21,8 +21,8 @@ struct ClockParts {
     days::AnnouncementParts announcements;
 };
 
-/// Both lines while the clock is shown. Lower line: the time. Upper line: the date, the names of today's
-/// anniversaries and holidays, and the time in another zone if the settings want it, in turn.
+/// Both lines while the clock is shown. Lower line: the time. Upper line, in rotation: the date, the names of
+/// today's anniversaries and holidays, and the time in another zone if one is set.
 class ClockLines {
 public:
     /// `onDateShown`: called after LookUp wiped in a date, so that the date stays as long as every other text
@@ -35,19 +35,18 @@ public:
     void Show();
 
     /// Dz_Timer1, first half: on a new day, or if the refresh flag is set, updates the date text and queries
-    /// the names. Writes to the upper line only if the settings want the date to change at midnight, and only
-    /// on a new day that Show has not shown yet. If the database cannot be queried now, there are no names at
-    /// first, and the query is repeated every five seconds; the code that left the database closed has
-    /// already informed the user. Throws SqlError; the day then counts as looked up, so that the error is not
-    /// reported five times a second.
+    /// the names. Writes to the upper line only if dateTurnsAtMidnight is set, and only on a new day that
+    /// Show has not shown yet. If the database is closed, there are no names at first, and the query is
+    /// repeated every five seconds; the code that left it closed has already informed the user. Throws
+    /// SqlError; the day then counts as looked up, so that the error is not reported five times a second.
     void LookUp();
 
-    /// Dz_Timer1, second half: updates the time if the second has changed, and the one in the other zone if
-    /// that is shown.
+    /// Dz_Timer1, second half: updates the time if the second has changed, and the text with the time in the
+    /// other zone if it is shown.
     void TimeTick();
 
-    /// Dz_Timer2: without names and another zone, sets the date without a wipe; otherwise wipes in the next
-    /// text of the rotation.
+    /// Dz_Timer2: if there is nothing but the date, sets it without a wipe; otherwise wipes in the next text
+    /// of the rotation.
     void RotateTick();
 
     void RaiseRefresh() { m_refresh = true; }
@@ -69,15 +68,15 @@ private:
     TextLines m_lines;
     std::function<void()> m_onDateShown;
     QDate m_seenDate;          // of the last Show or look-up, whichever was later; invalid at start
-    QString m_rememberedDate;  // empty at start: the first tick always looks up
+    QString m_rememberedDate;  // empty at start, so that the first tick always looks up
     QTime m_rememberedTime;    // invalid at start
     QString m_dateLine;
     QStringList m_names;
-    qsizetype m_turn = 0;  // 0: the date; i: name number i, from 1; behind the names: the other zone
-    QString m_zoneLine;    // as it was shown last
+    qsizetype m_turn = 0;  // 0: the date; i from 1: the i-th name; after the names: the other zone
+    QString m_zoneLine;    // as last shown
     bool m_refresh = false;
     bool m_areNamesDue = false;     // they could not be queried yet
-    std::optional<qint32> m_tried;  // tick of the last attempt; none: the next look-up queries at once
+    std::optional<qint32> m_tried;  // tick of the last attempt; nullopt: the next look-up queries at once
 };
 
 }  // namespace tickwell::displays

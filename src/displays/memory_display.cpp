@@ -11,7 +11,7 @@ constexpr DisplayTraits kMemoryTraits{.number = kFunctionMemory,
                                       .menuItem = u"Menu8",
                                       .caption = u"ﾒﾓﾘｰ監視",
                                       .title = u"メモリー使用率",
-                                      .hasOperationItem = true,  // although it has no window
+                                      .hasOperationItem = true,  // the display has no window
                                       .roll = RollTraits{.caption = u"メモリー監視"}};
 
 }  // namespace

@@ -46,7 +46,8 @@ void Roll::FunctionChanged(qint32 number) {
     m_current = number;
     m_question.reset();
     m_timer->Stop();
-    // Mains power may come and go meanwhile, so each tick checks whether the battery display is skipped.
+    // Mains power may come and go in the meantime, so each tick checks whether the battery display is
+    // skipped.
     if (NextInRoll(m_displays, m_settings, number, Mains::Unknown)) {
         m_timer->SetInterval(RollIntervalOf(m_settings));
         m_timer->Start();

@@ -14,7 +14,7 @@
 namespace tickwell::displays {
 
 /// The display that the roll shows after `current`: cyclically the next chosen one of those that take part.
-/// On mains power it passes over those that are skipped then. Nothing if the roll is off, if `current` is not
+/// On mains power it passes over those that are skipped then. nullopt if the roll is off, if `current` is not
 /// chosen, or if there is no other display to show.
 std::optional<qint32> NextInRoll(const Displays& displays, const RollSettings& roll, qint32 current,
                                  Mains mains);

@@ -12,7 +12,7 @@ namespace tickwell::help {
 
 namespace {
 
-constexpr qint64 kLargest = qint64{512} << 10;  // bytes; ten times our own help file
+constexpr qint64 kLargest = qint64{512} << 10;  // bytes; ten times the size of the delivered help
 constexpr QStringView kRemedy = u"\r\n元の Help.hlp に置き換えてください。";
 
 }  // namespace

@@ -40,7 +40,7 @@ struct HelpPage {
     /// Start of a topic; the start of the page for an unknown number.
     int TopicPosition(int topic) const;
 
-    /// Target of a link. Nothing for a link out of the page: the help never leaves its file.
+    /// Target of a link. nullopt for a link out of the page: the help never leaves its file.
     std::optional<int> LinkPosition(const QString& href) const;
 
     /// Index in `headings` of the heading above a position; -1 before the first.

@@ -108,7 +108,7 @@ void MovingWord::SetFrameInterval(qint32 milliseconds) {
     m_frameInterval = milliseconds;
 }
 
-/// Repaints only what the edge has passed since the last frame; the rest is on the screen already.
+/// Repaints only what the edge of the wipe has passed since the last frame.
 void MovingWord::WipeTick() {
     const QRegion before = m_wipe.NewPart(size());
     const bool goesOn = m_wipe.Advance(m_stepSize, size()) && m_time.pacer.IsSeen();
@@ -160,7 +160,8 @@ void MovingWord::SetSeeThrough(std::optional<int> outline) {
     }
 }
 
-/// Pixels by which a text is wider than the line; only asked if that matters.
+/// Pixels by which a text is wider than the line; 0 or less if it fits. Measuring costs time, so this is
+/// called only if long texts are treated specially.
 int MovingWord::Excess(const QString& text) const {
     return fontMetrics().horizontalAdvance(text) - (width() - kLineIndent);
 }

@@ -42,7 +42,7 @@ public:
     void SetText(const QString& text) override;
     QString Text() const override { return m_text; }
 
-    /// A running wipe keeps its kind.
+    /// A running wipe keeps its kind; the next one uses this.
     void SetWipeKind(qint32 kind) { m_wipeKind = kind; }
     /// Milliseconds between frames; applies from the next frame. At 0 or less, ShowText does not wipe.
     void SetFrameInterval(qint32 milliseconds);
@@ -54,8 +54,8 @@ public:
     /// Only texts of ShowText scroll: a reading that changes every second would never reach its end.
     void SetLongText(LongText kind);
 
-    /// Paints only the text, in a window that is translucent: with an outline in the background colour, this
-    /// many pixels wide, or 0 for none. Nothing: on the background colour.
+    /// With a value, paints only the text, in a translucent window, with an outline in the background colour
+    /// of this width in pixels (0: none). With nullopt, paints the background.
     void SetSeeThrough(std::optional<int> outline);
 
     qint32 WipeKind() const { return m_wipeKind; }
@@ -65,11 +65,11 @@ public:
     qint32 ForeColor() const { return m_foreColor; }
     bool IsWiping() const { return m_wipeTimer->IsRunning(); }
 
-    /// `bringUp` is called before a screen reader gets the text: a running reading changes more often than
+    /// `bringUp` is called before a screen reader reads the text: a running reading changes more often than
     /// the line is updated. It may set the text and must not throw.
     void BringUpForReaders(std::function<void()> bringUp) { m_bringUp = std::move(bringUp); }
 
-    /// `told` is called after screen readers were notified of a new text.
+    /// `told` is called after screen readers have been notified of a new text.
     void WhenTold(std::function<void()> told) { m_told = std::move(told); }
 
     /// The current text, for a screen reader.
@@ -95,7 +95,7 @@ private:
 
     LineTime m_time;
     QString m_text;
-    QString m_oldText;  // the text that the wipe covers; empty if none is running
+    QString m_oldText;  // the text that the wipe replaces; empty if none is running
     Wipe m_wipe;
     qint32 m_wipeKind = kWipeTopToBottom;
     qint32 m_frameInterval = 20;
@@ -103,9 +103,9 @@ private:
     qint32 m_backColor = 0;
     qint32 m_foreColor = 0xFFFFFF;
     LongText m_longText = LongText::CutOff;
-    std::optional<int> m_outline;  // nothing: the background is painted
+    std::optional<int> m_outline;  // nullopt: the background is painted
     OutlinedText m_outlined;
-    OutlinedText m_oldOutlined;  // of the text that the wipe covers
+    OutlinedText m_oldOutlined;  // of m_oldText
     std::unique_ptr<Timer> m_wipeTimer;
     LongTextScroll m_scroll;
     Throttle m_teller;

@@ -27,13 +27,13 @@ void MovingWord::paintEvent(QPaintEvent* event) {
     DrawPart(painter, m_wipe.NewPart(size()) & open, m_text, 0, m_outlined);
 }
 
-/// A line that does not scroll shows the beginning of its text, with an ellipsis if that is chosen.
+/// The text as painted: unless the line scrolls, its beginning, with an ellipsis if that is chosen.
 QString MovingWord::Displayed(const QString& text, int offset) const {
     const bool isElided = offset == 0 && m_longText != LongText::CutOff;
     return isElided ? fontMetrics().elidedText(text, Qt::ElideRight, width() - kLineIndent) : text;
 }
 
-/// `offset`: pixels by which the text is moved to the left.
+/// `offset`: pixels by which the text is scrolled to the left.
 void MovingWord::DrawPart(QPainter& painter, const QRect& part, const QString& text, int offset,
                           OutlinedText& outlined) const {
     if (part.isEmpty() || text.isEmpty()) {
@@ -46,7 +46,7 @@ void MovingWord::DrawPart(QPainter& painter, const QRect& part, const QString& t
                          Qt::AlignVCenter | Qt::AlignLeft | Qt::TextSingleLine, shown);
         return;
     }
-    // Wide enough for a text that scrolls: one picture serves all of its steps.
+    // Wide enough for the complete scrolling text, so that one picture serves all of its steps.
     const int hidden = offset > 0 ? fontMetrics().horizontalAdvance(text) : 0;
     const OutlinedLook look{.font = font(),
                             .text = ColorFromNumber(m_foreColor),

@@ -34,7 +34,7 @@ QRect Difference(const QImage& one, const QImage& other) {
     return different;
 }
 
-/// Coverages of a part of a picture, with a margin of zeros or of the pixels around it.
+/// The coverage (alpha) of part of a picture, with a margin filled with zeros or with the surrounding pixels.
 struct Coverage {
     QRect area;
     std::vector<uchar> values;
@@ -54,10 +54,10 @@ struct Coverage {
     uchar* Row(int y) { return values.data() + static_cast<std::ptrdiff_t>(y - area.top()) * area.width(); }
 };
 
-/// One row of the coverage widened by a disc: each value is the greatest within `radius` pixels.
+/// Computes one row of the coverage dilated by a disc: each value is the maximum within `radius` pixels.
 void WidenRow(Coverage& coverage, int y, int radius, std::vector<uchar>& row) {
     std::fill(row.begin(), row.end(), uchar{0});
-    const double reach = radius + 0.5;  // a disc of whole pixels
+    const double reach = radius + 0.5;  // radius of a disc of whole pixels
     for (int dy = -radius; dy <= radius; ++dy) {
         const int half = static_cast<int>(std::sqrt(reach * reach - dy * dy));
         for (int dx = -half; dx <= half; ++dx) {
@@ -68,7 +68,7 @@ void WidenRow(Coverage& coverage, int y, int radius, std::vector<uchar>& row) {
     }
 }
 
-/// `top` over an opaque colour of this coverage; both the result and `top` are premultiplied.
+/// Composites `top` over an opaque `color` with this coverage; both the result and `top` are premultiplied.
 QRgb Over(QRgb top, const QColor& color, uchar coverage) {
     const int below = coverage * (255 - qAlpha(top)) / 255;
     const auto mixed = [below](int channel, int of) { return channel + of * below / 255; };
@@ -109,7 +109,7 @@ void OutlinedText::DrawText(int indent) {
                      Qt::AlignVCenter | Qt::AlignLeft | Qt::TextSingleLine, m_text);
 }
 
-/// Composes the pixels that depend on this part of the text.
+/// Composites the pixels that depend on this part of the text.
 void OutlinedText::Outline(const QRect& part) {
     if (part.isEmpty()) {
         return;

@@ -8,7 +8,7 @@
 
 namespace tickwell::lines {
 
-/// What an outlined text looks like.
+/// The appearance of an outlined text.
 struct OutlinedLook {
     QFont font;
     QColor text;
@@ -19,8 +19,8 @@ struct OutlinedLook {
     bool operator==(const OutlinedLook&) const = default;
 };
 
-/// A line of text with an outline and nothing behind it. The picture is kept, so painting an unchanged text
-/// copies it, and a new text is outlined only where it differs from the previous one: of a clock that is a
+/// A line of text with an outline and no background. The picture is cached: an unchanged text is only copied,
+/// and for a new text only the part that differs from the previous one is outlined. For a clock that is one
 /// digit a second.
 class OutlinedText {
 public:
@@ -36,7 +36,7 @@ private:
     QSize m_size;
     OutlinedLook m_look;
     QImage m_fill;     // the text alone
-    QImage m_picture;  // on its outline
+    QImage m_picture;  // the text on its outline
 };
 
 }  // namespace tickwell::lines

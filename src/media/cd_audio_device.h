@@ -8,7 +8,7 @@
 namespace tickwell::media {
 
 /// The device "cdaudio". A disc without audio tracks counts as no disc. A command that needs a disc while
-/// there is none, and every query for "media present", start a new look at the drive.
+/// there is none, and every query for "media present", start a new check of the drive.
 class CdAudioDevice : public MediaDevice {
 public:
     /// Both outlive this object.

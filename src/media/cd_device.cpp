@@ -9,7 +9,7 @@ namespace {
 
 constexpr QStringView kSetFormat = u"set CDP time format milliseconds";
 
-/// What stands below the message about a missing drive.
+/// The line below the message about a missing drive.
 QString Below(const QString& named) {
     return named.isEmpty() ? QString()
                            : u"指定されたディスク："_s + named +

@@ -8,7 +8,7 @@ namespace tickwell::media {
 /// The message box about a missing CD drive at the start.
 struct NoDriveNotice {
     bool& isWanted;                          ///< the stored setting; outlives the device
-    std::function<void()> silenced = [] {};  ///< called after the user has made it false, to store it
+    std::function<void()> silenced = [] {};  ///< called after the user has turned the box off
     QString named;                           ///< the drive or image that the user has named; empty if none
 };
 

@@ -5,7 +5,7 @@ namespace tickwell::media {
 
 namespace {
 
-/// Does not wipe in a text that is already shown.
+/// Wipes in the text unless it is already shown.
 void Bring(TextLine& line, const QString& text) {
     if (line.Text() != text) {
         line.ShowText(text);

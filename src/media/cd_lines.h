@@ -31,8 +31,8 @@ private:
     CdPlayer& m_player;
     TextLines m_lines;
     const DisplayFunctions& m_functions;
-    QString m_upper;            // what the player has shown last
-    bool m_hasStarted = false;  // Show() was called; GetFuncNumber() returns the stored display before that
+    QString m_upper;            // the upper text that was written last
+    bool m_hasStarted = false;  // Show() was called; until then GetFuncNumber() returns the stored display
     bool m_isBlank = false;     // the blank phase of the blinking
 };
 

@@ -37,7 +37,7 @@ void CdPlayer::Appear() {
         return;
     }
     if (m_device.IsOpen()) {
-        m_media.MciSend(u"status CDP media present"_s, false);  // starts a look in the background
+        m_media.MciSend(u"status CDP media present"_s, false);  // starts a drive check in the background
     }
     if (m_state.CdState == kCdNotReady || m_state.CdTrackCount == 0) {
         Recover();
@@ -145,7 +145,7 @@ void CdPlayer::TellWindow() {
     TellFollower();
 }
 
-/// The window only shows the track if there are titles.
+/// The window shows the track only if there are titles.
 void CdPlayer::TellTrack() {
     if (m_texts.HasTitles()) {
         TellWindow();

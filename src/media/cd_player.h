@@ -20,16 +20,16 @@ public:
     /// Called whenever Controls() or the state has changed; an empty function if there is no window.
     void SetWindow(std::function<void()> changed) { m_changed = std::move(changed); }
 
-    /// Follows the player from now on; null for nobody.
+    /// Sets the object that is notified of the player's changes from now on; null for none.
     void SetFollower(CdFollower* follower) { m_follower = follower; }
 
     /// The player's window was shown or hidden.
     void ShowWindow(bool isShown);
 
-    /// The disc's titles have become known, or are shown or hidden from now on.
+    /// The disc's titles have become known, or the setting that shows them has changed.
     void TitlesChanged();
 
-    /// Called when the function or the window is opened: detects a disc inserted meanwhile.
+    /// Called when the function or the window is opened: detects a disc that was inserted in the meantime.
     void Appear();
 
     /// Whether the function or the window was opened since the start of the program.
@@ -51,7 +51,7 @@ public:
     void Command1_Press(int index) { m_seek.Hold(index); }
     void Command1_Release() { m_seek.Release(); }
 
-    /// While the disc plays: plays on from a position, ms from the start of track 1 to the end of the disc.
+    /// While the disc plays: continues at a position, in ms from the start of track 1 to the end of the disc.
     void GoTo(qint32 position) { m_seek.GoTo(position); }
 
     /// `index`: 1 to 3, for display formats 0 to 2.
@@ -60,7 +60,7 @@ public:
     /// The drive has a different disc, or none.
     void DeviceChanged();
 
-    /// Stops and closes the device. Lines and window are not used any more.
+    /// Stops and closes the device. Lines and window are no longer used.
     void Close();
 
     const CdPlayerState& State() const { return m_state; }
@@ -100,7 +100,7 @@ private:
     std::unique_ptr<Timer> m_lookTimer;    // while shown and not ready: looks for a disc
     CdDisplay* m_display = nullptr;
     CdFollower* m_follower = nullptr;
-    qint32 m_followedTrack = 0;  // the last one that was polled; the lines' texts set CdTrack as well
+    qint32 m_followedTrack = 0;  // as last polled; unlike CdTrack, not set by the texts of the lines
     std::function<void()> m_changed;
     bool m_isWindowShown = false;
     bool m_hasAppeared = false;

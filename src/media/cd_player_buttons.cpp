@@ -37,7 +37,7 @@ void CdPlayer::Command1_Click(int index) {
     }
 }
 
-/// For any button: pause is the only one enabled.
+/// While paused, every button resumes: pause is the only one enabled.
 void CdPlayer::Resume() {
     EnterState(kCdPlaying, u"再生"_s);
     m_media.MciPlaySimple(u"CDP"_s, true);
@@ -103,7 +103,7 @@ void CdPlayer::Play() {
     }
 }
 
-/// Within the first second of a track goes to the previous track, later restarts the current one.
+/// Within the first second of a track, goes to the previous one; later, restarts the current one.
 void CdPlayer::PreviousWhilePlaying() {
     const auto position = AskCd(m_media, u"status CDP position"_s, true);
     if (!position) {

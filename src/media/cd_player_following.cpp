@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// How the player follows the disc and the drive.
+// How the player tracks the disc and the drive.
 #include <utility>
 
 #include "media/cd_player.h"
@@ -25,8 +25,8 @@ void CdPlayer::Recover() {
     ShowLines();
 }
 
-/// Follows the device from track to track and to its end, whatever the main window shows. After a read error
-/// the first query fails.
+/// Tracks the device from track to track and to the end of the disc, whatever the main window shows. After a
+/// read error the first query fails.
 void CdPlayer::CDTimer1_Timer() {
     const auto track = AskCd(m_media, u"status CDP current track"_s, false);
     if (!track || m_media.MciSend(u"status CDP mode"_s, false) != 0) {
@@ -60,7 +60,7 @@ void CdPlayer::LookTick() {
     }
     const bool hasDisc = m_device.IsOpen() && m_media.MciSend(u"status CDP media present"_s, false) == 0 &&
                          m_media.State().MciReply == u"true";
-    if (hasDisc || !m_device.IsOpen()) {  // a device that is not open is opened again
+    if (hasDisc || !m_device.IsOpen()) {  // a device that is not open gets reopened
         Recover();
     }
 }

@@ -17,7 +17,7 @@ struct CdPlayerParts {
     CdDevice& device;
     Handlers& handlers;
     TimerSource& timers;
-    /// The titles that are shown: of the disc and of each track, some of them empty. No entries if none are.
+    /// The titles to show: of the disc, then of each track; single ones may be empty. Empty list: no titles.
     std::function<QStringList()> titles = [] { return QStringList(); };
 };
 

@@ -11,7 +11,7 @@
 namespace tickwell::media {
 
 /// Rewind and fast forward: while one of the two buttons is held, moves the position by three seconds,
-/// immediately and then four times a second, within the limits of the disc, and plays on from there.
+/// immediately and then four times a second, within the limits of the disc, and continues there.
 class CdSeek {
 public:
     /// The references outlive this object. `jumped` is called after each move.
@@ -23,8 +23,8 @@ public:
     void Hold(int index);
     void Release() { m_timer->Stop(); }
 
-    /// Plays on from a position, ms from the start of track 1 to the end of the disc. Does nothing unless the
-    /// disc is playing.
+    /// Continues at a position, in ms from the start of track 1 to the end of the disc. Does nothing unless
+    /// the disc is playing.
     void GoTo(qint32 position);
 
 private:

@@ -39,7 +39,7 @@ std::optional<QString> CdTexts::StatusText() {
     return u"[ "_s + number + u" ]    " + sign + MinSecOf(*time);
 }
 
-/// The time that the chosen format shows at a position.
+/// The time to display for a position, in the chosen format.
 std::optional<qint32> CdTexts::StatusTime(qint32 position) {
     if (m_state.CdDisplayFormat == kCdTimeLeftOnDisc) {
         const auto length = AskCd(m_media, u"status CDP length"_s, false);

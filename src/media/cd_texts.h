@@ -39,7 +39,7 @@ public:
     /// Whether titles are shown at all.
     bool HasTitles() const { return !m_titles().isEmpty(); }
 
-    /// The title of a track, of the disc if it is 0; empty if it is not known or not shown.
+    /// The title of a track, or of the disc if `track` is 0; empty if unknown or not shown.
     QString Title(qint32 track) const { return m_titles().value(track); }
 
 private:
@@ -52,7 +52,7 @@ private:
     std::function<QStringList()> m_titles;
 };
 
-/// Sends the CD a query whose reply is a number; nothing if it failed.
+/// Sends the CD device a query whose reply is a number; nullopt if it failed.
 std::optional<qint32> AskCd(Multimedia& media, const QString& command, bool showError);
 
 }  // namespace tickwell::media

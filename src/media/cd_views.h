@@ -10,22 +10,23 @@ class CdDisplay {
 public:
     virtual ~CdDisplay() = default;
 
-    /// Whether the lines show the player now. Otherwise nothing is written to them.
+    /// Whether the lines currently show the player. If not, nothing is written to them.
     virtual bool IsShown() const = 0;
     virtual void ShowUpper(const QString& text) = 0;
     virtual void ShowLower(const QString& text) = 0;
 };
 
-/// Follows what the CD player does, whoever operates it.
+/// Is notified of all changes of the CD player, whoever operates it.
 class CdFollower {
 public:
     virtual ~CdFollower() = default;
 
-    /// Something about the player may have changed: its state, its track, the disc, or whether it was opened.
-    /// Called in the middle of changes; nothing may be asked of the player or the drive before they are over.
+    /// The player may have changed: its state, its track, the disc, or whether it was opened. Called in the
+    /// middle of a change, so the implementation must not query the player or the drive until the event has
+    /// been handled.
     virtual void PlayerChanged() = 0;
 
-    /// It plays on from another position.
+    /// Playback continues at another position.
     virtual void PlayerJumped() = 0;
 };
 

@@ -114,7 +114,8 @@ void CDForm::ShowPlayer() {
     m_formats->actions().at(m_player.State().CdDisplayFormat)->setChecked(true);
 }
 
-/// The title of the disc while no track is chosen. What does not fit is in the tool tip, and is read out.
+/// Shows the title of the disc while no track is chosen. A title that does not fit is complete in the tool
+/// tip and for screen readers.
 void CDForm::ShowTitle() {
     const CdTexts& texts = m_player.Texts();
     const QString title = texts.Title(m_player.State().CdTrack);
@@ -124,8 +125,8 @@ void CDForm::ShowTitle() {
     m_title->setAccessibleName(title);
 }
 
-/// A focused button that becomes disabled would lose the keyboard focus: the focus moves to the button that
-/// is probably needed next.
+/// A focused button that becomes disabled would lose the keyboard focus, so the focus moves to the button
+/// that is probably needed next.
 void CDForm::EnableButtons(const CdButtons& enabled) {
     for (std::size_t index = 0; index < enabled.size(); ++index) {
         if (enabled[index]) {
@@ -149,7 +150,7 @@ void CDForm::showEvent(QShowEvent* event) {
     }
 }
 
-/// The layout has set the width of the title.
+/// The layout has changed the width available to the title.
 void CDForm::resizeEvent(QResizeEvent* event) {
     QDialog::resizeEvent(event);
     ShowTitle();

@@ -97,7 +97,7 @@ std::unique_ptr<MediaDevice> CommandDevices::MakeDevice(const QString& name, boo
     return std::make_unique<WaveDevice>(std::move(file.wave), m_parts.sound, m_parts.timers);
 }
 
-/// While one command waits, others are executed: its device may be closed, and its alias opened again.
+/// While one command waits, others may be executed: they may close its device and open its alias again.
 void CommandDevices::Play(const OpenDevice& open, const Command& command) {
     const PlayOptions options = PlayOptionsOf(command);
     open.device->Play(options);

@@ -34,7 +34,7 @@ inline constexpr qint32 kErrorWordTwice = 295;
 inline constexpr qint32 kErrorNoWave = 296;   ///< not a playable wave file
 inline constexpr qint32 kErrorNoSound = 320;  ///< no sound output could be opened
 
-/// The message for the user; nothing for a number without a text.
+/// The message for the user; nullopt for a number without a text.
 std::optional<QString> CommandErrorText(qint32 number);
 
 /// Thrown by the devices and caught in CommandDevices::Send.

@@ -31,7 +31,7 @@ QStringList MediaSystem::ShownTitles() const {
     return m_showsTitles() ? m_drive.Picture().titles : QStringList();
 }
 
-/// The titles of the same disc must not reset the player.
+/// New titles of the same disc must not reset the player.
 void MediaSystem::DriveChanged() {
     const quint32 number = m_drive.Picture().number;
     if (std::exchange(m_discNumber, number) == number) {
@@ -41,7 +41,7 @@ void MediaSystem::DriveChanged() {
     }
 }
 
-/// A look reads the titles only if they are shown.
+/// The drive reads titles only if they are shown, so turning them on needs another check.
 void MediaSystem::FollowSettings() {
     const bool isShown = m_showsTitles();
     if (std::exchange(m_showedTitles, isShown) == isShown || !m_player.HasAppeared()) {

@@ -13,10 +13,10 @@ struct MediaSystemParts {
     Handlers& handlers;
     TimerSource& timers;                           ///< the program's time, which tests may control
     bool& tellsNoCdDrive;                          ///< the stored setting
-    std::function<void()> noticeSilenced = [] {};  ///< called after the user has made it false
+    std::function<void()> noticeSilenced = [] {};  ///< called after the user has turned the message off
     std::function<bool()> showsTitles = [] {
         return false;
-    };  ///< whether the settings show the disc's titles now
+    };  ///< whether disc titles are currently enabled in the settings
 };
 
 /// Owns and connects the command layer and the CD player; one for the program. Created before the main
@@ -34,7 +34,7 @@ public:
     /// Stops and closes the CD drive.
     void Close() { m_player.Close(); }
 
-    /// The settings may have changed.
+    /// To be called when the settings may have changed.
     void FollowSettings();
 
     Multimedia& Commands() { return m_media; }
@@ -47,8 +47,8 @@ private:
 
     CdDrive& m_drive;
     std::function<bool()> m_showsTitles;
-    quint32 m_discNumber = 0;     // of the last change
-    bool m_showedTitles = false;  // when the settings were looked at last
+    quint32 m_discNumber = 0;     // at the last change
+    bool m_showedTitles = false;  // when FollowSettings was last called
     MediaState m_state;
     CdPlayerState m_cdState;
     CommandDevices m_devices;

@@ -127,7 +127,7 @@ void SoundPlayback::AudioStop() {
     sound.MixSession = 0;
 }
 
-/// If the folder is gone the sounds are not found either, and the program stays silent.
+/// If the folder no longer exists, the sounds are not found either, and the program stays silent.
 void SoundPlayback::MakeFolderCurrent() const {
     try {
         m_folder.Enter();

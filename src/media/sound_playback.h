@@ -66,7 +66,7 @@ private:
 /// The names of the sounds, in the order in which they are offered.
 QStringList SoundNames();
 
-/// The file of a sound by its exact name; nothing for an unknown name.
+/// The file of a sound by its exact name; nullopt for an unknown name.
 std::optional<QString> SoundFile(const QString& soundName);
 
 }  // namespace tickwell::media

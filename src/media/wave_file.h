@@ -19,7 +19,7 @@ struct Wave {
 };
 
 /// Parses the bytes of a RIFF file: PCM of 8 or 16 bits, one or two channels, 1000 to 192000 frames a second.
-/// Returns nothing for any other bytes. A truncated file returns the frames that it has.
+/// Returns nullopt for any other bytes. A truncated file returns the frames that it has.
 std::optional<Wave> WaveOf(QByteArrayView bytes);
 
 enum class WaveProblem { None, Missing, NotPlayable };

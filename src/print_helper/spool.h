@@ -19,7 +19,7 @@ struct Answer {
 /// The line with its line feed. Control characters in queue and reason are replaced by spaces.
 std::string AnswerLine(const Answer& answer);
 
-/// The reason why a step failed; nothing on success.
+/// The reason why a step failed; nullopt on success.
 using Failure = std::optional<Answer>;
 
 /// The operations of a print queue for one job with one document, in calling order.

@@ -6,16 +6,16 @@
 
 namespace tickwell::remote {
 
-// Values on the bus for which QVariant has no type of its own.
+// D-Bus types that QVariant cannot represent.
 
-/// The path of an object.
+/// A D-Bus object path.
 struct ObjectPath {
     QString path;
 
     bool operator==(const ObjectPath&) const = default;
 };
 
-/// A value of any type, which is sent together with its type.
+/// A D-Bus variant: a value that is sent together with its type.
 struct BoxedValue {
     QVariant value;
 

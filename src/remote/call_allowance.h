@@ -7,8 +7,8 @@
 
 namespace tickwell::remote {
 
-/// Limits how many calls are carried out, so that another program cannot keep the window busy. Costs nothing
-/// while nobody calls.
+/// Limits the rate of calls, so that another program cannot keep the window busy. Runs no timer while there
+/// are no calls.
 class CallAllowance {
 public:
     static constexpr int kCallsPerSecond = 100;
@@ -16,7 +16,7 @@ public:
     /// `timers` outlives this object.
     explicit CallAllowance(RealTimerSource& timers) : m_second(timers.Create(kSecond, [this] { Renew(); })) {}
 
-    /// Whether one more call may be carried out in this second, which begins with its first call.
+    /// Returns whether another call may run in the current second, which starts with its first call.
     bool Take() {
         if (m_taken == 0) {
             m_second->Start();

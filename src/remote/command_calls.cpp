@@ -14,7 +14,7 @@ using namespace Qt::StringLiterals;
 
 struct CommandCalls::Method {
     QStringView name;
-    std::array<int, 2> types{};  ///< of its arguments; QMetaType::UnknownType behind the last one
+    std::array<int, 2> types{};  ///< of the arguments; unused ones are QMetaType::UnknownType
     QStringView form;
     QVariantList (CommandCalls::*run)(const QVariantList& arguments) = nullptr;
 };

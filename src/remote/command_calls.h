@@ -8,15 +8,14 @@
 
 namespace tickwell::remote {
 
-/// The calls of other programs: checks what they ask for, and has it done. The methods are those of
-/// kIntrospection.
+/// Validates the calls of other programs and carries them out. The methods are those of kIntrospection.
 class CommandCalls {
 public:
     /// Both outlive this object.
     CommandCalls(CommandTarget& target, RealTimerSource& timers) : m_target(target), m_allowance(timers) {}
 
-    /// Carries out one call, whose method and arguments may be anything, and returns the values of its reply:
-    /// a qint32, a quint32, a QStringList, or none. Throws RefusedCall, nothing else.
+    /// Carries out one call and returns the values of its reply: a qint32, a quint32, a QStringList, or none.
+    /// Method and arguments are untrusted. Throws RefusedCall, nothing else.
     QVariantList Run(const QString& method, const QVariantList& arguments);
 
 private:

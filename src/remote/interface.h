@@ -3,14 +3,14 @@
 
 namespace tickwell::remote {
 
-// What the program has on the session bus while it accepts commands. The name is the program's id on the
-// desktop. The first program that starts has it; the next one gets it when that program ends.
+// What the program registers on the session bus while it accepts commands. The name is the program's desktop
+// id. The first instance owns it; the next one inherits it when that instance ends.
 
 inline constexpr auto kService = "local.tickwell.tickwell";
 inline constexpr auto kPath = "/local/tickwell/tickwell";
 inline constexpr auto kInterface = "local.tickwell.tickwell";
 
-/// The interface as introspection shows it.
+/// The interface as reported by introspection.
 inline constexpr auto kIntrospection = R"(  <interface name="local.tickwell.tickwell">
     <method name="Show">
       <arg name="function" type="s" direction="in"/>

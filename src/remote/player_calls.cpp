@@ -17,13 +17,13 @@ struct PlayerCalls::Method {
     const char* interface = nullptr;
     QStringView name;
     QStringView form;
-    QList<QMetaType> types;  ///< of its arguments
+    QList<QMetaType> types;  ///< of the arguments
     QVariantList (PlayerCalls::*run)(const QVariantList& arguments) = nullptr;
 };
 
 namespace {
 
-/// Whether a call that names no interface, or this one, means it.
+/// Whether a call that names `interface`, which may be empty, is addressed to the interface `each`.
 bool IsMeant(const QString& interface, const char* each) {
     return interface.isEmpty() || interface == QLatin1StringView(each);
 }
@@ -128,7 +128,7 @@ QVariantList PlayerCalls::PlayPause(const QVariantList& arguments) {
     return m_target.Picture().status == PlayerStatus::Playing ? Pause(arguments) : Play(arguments);
 }
 
-/// The button that pauses continues as well.
+/// Playback resumes through the pause button.
 QVariantList PlayerCalls::Play(const QVariantList& /*arguments*/) {
     const PlayerStatus status = m_target.Picture().status;
     if (status != PlayerStatus::Playing) {
@@ -148,13 +148,13 @@ QVariantList PlayerCalls::Stop(const QVariantList& /*arguments*/) {
     return {};
 }
 
-/// Beyond the end of the track is the next one.
+/// Seeking beyond the end of the track goes to the next one.
 QVariantList PlayerCalls::Seek(const QVariantList& arguments) {
     const PlayerPicture picture = m_target.Picture();
     if (!picture.canSeek) {
         return {};
     }
-    // No track is longer, and so no sum overflows.
+    // No useful offset exceeds the length of the track; the limit also keeps the sum from overflowing.
     const qint64 offset = std::clamp(arguments.at(0).toLongLong(), -picture.length, picture.length + 1);
     const qint64 position = m_target.Position() + offset;
     if (position > picture.length) {
@@ -165,7 +165,8 @@ QVariantList PlayerCalls::Seek(const QVariantList& arguments) {
     return {};
 }
 
-/// A track that is no longer the current one is no mistake: the caller could not know.
+/// A track that is no longer current is ignored without an error, as MPRIS requires: the caller could not
+/// know.
 QVariantList PlayerCalls::SetPosition(const QVariantList& arguments) {
     const PlayerPicture picture = m_target.Picture();
     const qint64 position = arguments.at(1).toLongLong();

@@ -9,15 +9,15 @@
 
 namespace tickwell::remote {
 
-/// The calls of media keys and other programs to the CD player: checks what they ask for, and has it done.
-/// The methods and properties are those of kPlayerIntrospection.
+/// Validates the calls that media keys and other programs make to the CD player, and carries them out. The
+/// methods and properties are those of kPlayerIntrospection.
 class PlayerCalls {
 public:
     /// Both outlive this object.
     PlayerCalls(PlayerTarget& target, RealTimerSource& timers) : m_target(target), m_allowance(timers) {}
 
-    /// Carries out one call, which may ask for anything, and returns the values of its reply. Throws
-    /// RefusedCall, nothing else.
+    /// Carries out one call and returns the values of its reply. The call is untrusted. Throws RefusedCall,
+    /// nothing else.
     QVariantList Run(const PlayerCall& call);
 
 private:

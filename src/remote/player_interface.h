@@ -3,7 +3,7 @@
 
 namespace tickwell::remote {
 
-// What the CD player has on the session bus: the interfaces that desktops look for, MPRIS 2.2 of freedesktop.
+// What the CD player registers on the session bus: the MPRIS 2.2 interfaces of freedesktop.
 
 inline constexpr auto kPlayerService = "org.mpris.MediaPlayer2.tickwell";
 inline constexpr auto kPlayerPath = "/org/mpris/MediaPlayer2";
@@ -11,7 +11,7 @@ inline constexpr auto kApplicationInterface = "org.mpris.MediaPlayer2";
 inline constexpr auto kPlayerInterface = "org.mpris.MediaPlayer2.Player";
 inline constexpr auto kPropertiesInterface = "org.freedesktop.DBus.Properties";
 
-/// Both interfaces as introspection shows them.
+/// Both interfaces as reported by introspection.
 inline constexpr auto kPlayerIntrospection = R"(  <interface name="org.mpris.MediaPlayer2">
     <method name="Raise"/>
     <method name="Quit"/>

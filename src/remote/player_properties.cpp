@@ -35,7 +35,7 @@ QVariantMap Metadata(const PlayerPicture& picture) {
     return metadata;
 }
 
-/// CanPlay and CanPause say what is possible with this disc, not in this state.
+/// CanPlay and CanPause state what is possible with this disc, independent of the current state.
 QVariantMap ToldProperties(const PlayerPicture& picture) {
     return {{u"PlaybackStatus"_s, StatusWord(picture.status)},
             {u"Rate"_s, kOnlyRate},

@@ -8,20 +8,20 @@
 
 namespace tickwell::remote {
 
-/// The properties of the interface kApplicationInterface, which never change.
+/// The properties of kApplicationInterface, which never change.
 QVariantMap ApplicationProperties();
 
-/// The properties of the interface kPlayerInterface. `position`: µs.
+/// The properties of kPlayerInterface. `position`: µs.
 QVariantMap PlayerProperties(const PlayerPicture& picture, qint64 position);
 
-/// The properties that listeners have to be told when one picture follows another. The position is never
-/// among them, because it changes all the time.
+/// The properties to be announced when the state changes from `before` to `now`. The position is never among
+/// them, because it changes all the time.
 QVariantMap ChangedProperties(const PlayerPicture& before, const PlayerPicture& now);
 
-/// The name of the current track: no track of any other disc has it. Only if there is a current track.
+/// The object path of the current track, unique across discs. Only if there is a current track.
 ObjectPath TrackPath(const PlayerPicture& picture);
 
-/// The rate and the volume of the player, which cannot be changed.
+/// The fixed rate and volume of the player.
 inline constexpr double kOnlyRate = 1;
 inline constexpr double kOnlyVolume = 1;
 

@@ -33,8 +33,7 @@ QVariantList PlayerCalls::GetAll(const QVariantList& arguments) {
     return {PropertiesOf(arguments.at(0).toString())};
 }
 
-/// Rate and volume can be set by definition; the only values that they can be set to are those that they
-/// have.
+/// MPRIS declares rate and volume writable; setting them to anything but their current value is refused.
 QVariantList PlayerCalls::Set(const QVariantList& arguments) {
     const QString name = arguments.at(1).toString();
     const QVariant now = Get(arguments.first(2)).constFirst().value<BoxedValue>().value;

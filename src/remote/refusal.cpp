@@ -13,7 +13,7 @@ namespace {
 struct RefusalRow {
     Refusal refusal{};
     QStringView error;
-    QStringView english;  ///< empty: each refusal has its own text
+    QStringView english;  ///< empty: the text depends on the refusal
     QStringView japanese;
 };
 

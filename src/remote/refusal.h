@@ -6,7 +6,7 @@
 
 namespace tickwell::remote {
 
-/// Why a call of another program was refused.
+/// Why a call from another program was refused.
 enum class Refusal {
     UnknownMethod,
     WrongArguments,
@@ -18,13 +18,14 @@ enum class Refusal {
     UnknownProperty,
     ReadOnlyProperty,
     NotPossible,  ///< not now, or never with this player
-    Failed,       ///< the program could not do it; the text is that of a RunTimeError
+    Failed,       ///< an error occurred; the text is that of the RunTimeError
 };
 
-/// A call was refused. Unless it Failed, it has changed nothing.
+/// A refused call. Unless the reason is Failed, nothing was changed.
 class RefusedCall : public std::exception {
 public:
-    /// `text`: one sentence for the caller, which says what is allowed; the usual one if empty.
+    /// `text`: one sentence for the caller that states what is allowed; if empty, the default text for the
+    /// reason.
     explicit RefusedCall(Refusal refusal, const QString& text = {});
 
     Refusal Kind() const { return m_kind; }
@@ -37,11 +38,11 @@ private:
     QByteArray m_utf8;
 };
 
-/// The D-Bus error of a refusal.
+/// The D-Bus error name of a refusal.
 QString ErrorNameOf(Refusal refusal);
 
-/// One sentence for the user about the D-Bus error `name`. `text` is that of the error; it is used if the
-/// error is none of ours.
+/// One sentence for the user about the D-Bus error `name`. `text`: the error's message, used if the error is
+/// not one of this program's.
 QString SentenceOf(const QString& name, const QString& text, bool inJapanese);
 
 }  // namespace tickwell::remote

@@ -91,7 +91,7 @@ std::optional<qint32> DurationOf(const QString& text) {
 }
 
 bool IsTimerName(const QString& name) {
-    // In this order: a text of megabytes is not examined.
+    // Checked in this order, so that a text of megabytes is not scanned.
     return name.size() <= qsizetype{2} * kLongestTimerName && name.toUcs4().size() <= kLongestTimerName &&
            OnOneLine(name) == name;
 }

@@ -6,13 +6,13 @@
 
 namespace tickwell::remote {
 
-// The words that other programs and the command line use, and what they may say. All names are ASCII.
+// The vocabulary of commands, shared by other programs and the command line. All names are ASCII.
 
 /// The number of a function of the main window. `text`: its name, such as "clock", or the number itself.
-/// Nothing if it names none.
+/// nullopt if there is no such function.
 std::optional<qint32> FunctionOf(const QString& text);
 
-/// All names of functions, "clock (0), usage (1) …".
+/// The names of all functions: "clock (0), usage (1) …".
 QString FunctionNames();
 
 enum class StopwatchAction { Start, Stop, Lap, Reset, Read };
@@ -21,7 +21,7 @@ enum class StopwatchAction { Start, Stop, Lap, Reset, Read };
 std::optional<StopwatchAction> StopwatchActionOf(const QString& text);
 QString StopwatchActionNames();
 
-/// ms; the longest is what the timer window can show.
+/// ms; the maximum is what the timer window can show.
 inline constexpr qint32 kShortestTimer = 1000;
 inline constexpr qint32 kLongestTimer = 86'399'000;
 
@@ -30,16 +30,16 @@ inline bool IsTimerDuration(qint64 milliseconds) {
 }
 
 /// Milliseconds of a text such as 5m30s, 90s or 1h: whole hours, minutes and seconds in this order, each at
-/// most once. Nothing if it is none, or no IsTimerDuration.
+/// most once. nullopt if the text is malformed or the duration is not an IsTimerDuration.
 std::optional<qint32> DurationOf(const QString& text);
 
 inline constexpr int kLongestTimerName = 200;  ///< characters
 
-/// Whether a timer may have this name, which may be empty: it is not too long and has no control characters
-/// or ends of lines.
+/// Whether `name`, which may be empty, is a valid timer name: not too long, without control characters and
+/// line breaks.
 bool IsTimerName(const QString& name);
 
-// What is allowed, as the end of an English sentence.
+// The permitted values, worded as the end of an English sentence.
 QString AllowedDurations();
 QString AllowedTimerNames();
 

@@ -48,7 +48,7 @@ QWidget* ChimePage::MakeSoundFrame() {
     return frame;
 }
 
-/// The frame is shown only if the user has turned the message off, and turns it on again.
+/// The frame is shown only if the user has turned the message off; its check box turns it on again.
 QWidget* ChimePage::MakeNoticeFrame() {
     auto* frame = controls::Named(new QGroupBox(u"メッセージ"_s, this), u"Frame10"_s);
     frame->setVisible(!m_draft.further.tellsNoCdDrive);
@@ -64,7 +64,7 @@ void ChimePage::Form_Load() {
     m_sounds->addItems(media::SoundNames());
     const QString& stored = m_draft.settings.chimeSound;
     if (m_sounds->findText(stored, Qt::MatchExactly | Qt::MatchCaseSensitive) < 0) {
-        m_sounds->addItem(stored);  // an unknown name plays nothing and is kept
+        m_sounds->addItem(stored);  // an unknown name is kept and plays nothing
     }
     m_sounds->setCurrentIndex(m_sounds->findText(stored, Qt::MatchExactly | Qt::MatchCaseSensitive));
     EnableListen();

@@ -47,7 +47,7 @@ void DatabasePage::Command4_Click() {
     SetRunning(true);
     try {
         m_parts.operations.compact([page = QPointer(this)] {
-            if (page) {  // the dialog may have been closed meanwhile
+            if (page) {  // the dialog may have been closed in the meantime
                 page->SetRunning(false);
             }
         });

@@ -10,7 +10,7 @@
 namespace tickwell::settings_ui {
 
 /// Page "データベース" of the settings: compacts the day database immediately, which cancelling the dialog
-/// does not undo. Meanwhile the button is disabled, and a text beside it says so.
+/// does not undo. In the meantime the button is disabled, and a text beside it says so.
 class DatabasePage : public QWidget {
     Q_OBJECT
 

@@ -27,7 +27,7 @@ constexpr int kStep = 5;
 constexpr auto kEllipsis = static_cast<qint32>(LongText::Ellipsis);
 constexpr auto kScrollOnce = static_cast<qint32>(LongText::ScrollOnce);
 
-/// A column of frames, from top to bottom, as wide as the others.
+/// Adds a column of frames, from top to bottom, as wide as the other columns.
 void AddColumn(QHBoxLayout& columns, const QList<QWidget*>& frames) {
     auto* rows = new QVBoxLayout;
     for (QWidget* frame : frames) {
@@ -53,7 +53,7 @@ FacePage::FacePage(const SettingsParts& parts, SettingsDraft& draft, QWidget* pa
     m_parts.handlers.Connect(m_marksLongText, &QCheckBox::clicked, this, [this] { Check17_Click(); });
     MakeOpacity();
     QWidget* const look = MakeLookFrame();
-    m_seeThrough = new SeeThroughFrame(parts, draft, this);  // in the order of the screen
+    m_seeThrough = new SeeThroughFrame(parts, draft, this);  // created in Tab order
     QWidget* const place = MakePlaceFrame();
     m_zone = new ZoneFrame(parts, draft, this);
     QWidget* const keyboard = MakeKeyboardFrame();
@@ -126,7 +126,7 @@ void FacePage::Form_Load() {
     const FaceSettings& face = m_draft.further.face;
     const int percent = std::clamp(face.opacity, kLeast, kMost);
     {
-        const QSignalBlocker quietSlider(m_opacity);  // an opacity out of range stays in the draft
+        const QSignalBlocker quietSlider(m_opacity);  // a clamped opacity must not reach the draft
         const QSignalBlocker quietBox(m_percent);
         m_opacity->setValue(percent);
         m_percent->setValue(percent);

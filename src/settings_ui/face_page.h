@@ -15,7 +15,7 @@
 
 namespace tickwell::settings_ui {
 
-/// Page 窓: the look and the place of the main window, and the keyboard.
+/// Page 窓: appearance and position of the main window, and the keyboard.
 class FacePage : public QWidget {
     Q_OBJECT
 
@@ -26,7 +26,7 @@ public:
     /// Shows the draft.
     void Form_Load();
 
-    /// The frame whose zone can be refused.
+    /// The time zone frame, whose input can be invalid.
     ZoneFrame& Zone() const { return *m_zone; }
 
 private:
@@ -49,7 +49,7 @@ private:
     std::vector<QCheckBox*> m_placeChecks;
     ZoneFrame* m_zone = nullptr;
     std::vector<QCheckBox*> m_keyboardChecks;
-    qint32 m_chosenLongText = 1;  // the option that is checked, also while the box is not
+    qint32 m_chosenLongText = 1;  // the selected option, remembered while the check box is off
 };
 
 }  // namespace tickwell::settings_ui

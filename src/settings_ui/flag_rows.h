@@ -22,16 +22,16 @@ std::span<const FlagRow> OldCalendarFlags();
 /// The corrections, from top to bottom.
 std::span<const FlagRow> CorrectionFlags();
 
-/// The main window among the other windows of the desktop, from top to bottom.
+/// How the main window behaves on the desktop, from top to bottom.
 std::span<const FlagRow> PlaceFlags();
 
-/// What the keyboard does, from top to bottom.
+/// The keyboard options, from top to bottom.
 std::span<const FlagRow> KeyboardFlags();
 
 /// What other programs may do, from top to bottom.
 std::span<const FlagRow> RemoteFlags();
 
-/// The CD player, from top to bottom.
+/// The CD player's options, from top to bottom.
 std::span<const FlagRow> CdFlags();
 
 /// Chooses the holidays of the law, the eras of the dates, and the corrections without which present-day

@@ -60,11 +60,11 @@ inline constexpr std::array kEraOptions{
 inline constexpr std::array kUnderOptions{OptionRow{0, u"なし"}, OptionRow{1, u"六曜"},
                                           OptionRow{2, u"旧暦"}};
 
-/// What becomes of a text that is wider than its line, by LongText.
+/// How a text that is wider than its line is shown, by LongText.
 inline constexpr std::array kLongTextOptions{OptionRow{1, u"省略記号を付ける"},
                                              OptionRow{2, u"一度だけ流して見せる"}};
 
-/// The outline of texts without a background, by TextOutline.
+/// The outline of texts on a transparent background, by TextOutline.
 inline constexpr std::array kOutlineOptions{OptionRow{0, u"なし"}, OptionRow{1, u"細い"},
                                             OptionRow{2, u"太い"}};
 

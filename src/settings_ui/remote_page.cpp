@@ -13,7 +13,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// A frame with check boxes, and below them what is to be known about them.
+/// Fills a frame with check boxes and an explanatory note below them.
 QGroupBox* MakeFrame(QGroupBox* frame, const std::vector<QCheckBox*>& checks, QLabel* note) {
     auto* rows = new QVBoxLayout(frame);
     for (QCheckBox* check : checks) {

@@ -15,7 +15,7 @@ class RemotePage : public QWidget {
     Q_OBJECT
 
 public:
-    /// All outlive this object.
+    /// The references in the parts and the draft outlive the page.
     RemotePage(const SettingsParts& parts, SettingsDraft& draft, QWidget* parent);
 
     void Form_Load();

@@ -43,7 +43,7 @@ SeeThroughFrame::SeeThroughFrame(const SettingsParts& parts, SettingsDraft& draf
     rows->addWidget(m_passesClicks);
 }
 
-/// What belongs to the check box above, moved to the right of its box.
+/// The outline options, indented to show that they belong to the check box above.
 QLayout* SeeThroughFrame::MakeOutline() {
     const int indent = style()->pixelMetric(QStyle::PM_IndicatorWidth) +
                        style()->pixelMetric(QStyle::PM_CheckBoxLabelSpacing);
@@ -78,7 +78,7 @@ void SeeThroughFrame::Check19_Click() {
     m_outlineLabel->setEnabled(isOn);
 }
 
-/// Without an icon in the notification area, the mouse could not end it.
+/// Without a tray icon the option could not be turned off with the mouse, so the user has to confirm it.
 void SeeThroughFrame::Check20_Click() {
     const bool passes = m_passesClicks->isChecked();
     if (passes && !m_parts.operations.hasTray()) {

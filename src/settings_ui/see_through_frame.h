@@ -11,7 +11,7 @@
 
 namespace tickwell::settings_ui {
 
-/// Frame 透過 of page 窓: what is seen through the main window.
+/// Frame 透過 of page 窓: transparent background, and clicks that pass through.
 class SeeThroughFrame : public QGroupBox {
     Q_OBJECT
 

@@ -14,11 +14,11 @@ struct SettingsDraft {
     AppSettings settings;
     FurtherSettings further;
     FurtherSettings opened = further;  ///< what the dialog began with, later what was applied last
-    std::optional<bool> startsAtLogin = std::nullopt;  ///< nothing if the user has not clicked the box
+    std::optional<bool> startsAtLogin = std::nullopt;  ///< nullopt if the user has not clicked the box
 
     /// Copies everything back except the display function: no control of the dialog edits it, and the roll
-    /// may have changed it meanwhile. Of the further settings only the edited ones are copied: the others may
-    /// have changed too, for example by the menu of the icon in the notification area.
+    /// may have changed it in the meantime. Of the further settings only the edited ones are copied: the
+    /// others may have changed too, for example by the menu of the icon in the notification area.
     void ApplyTo(AppSettings& appSettings, FurtherSettings& furtherSettings);
 
     /// Adds a display to the roll or removes it.

@@ -14,10 +14,10 @@
 
 namespace tickwell::settings_ui {
 
-/// What the settings dialog does immediately with the official list of days off.
+/// Immediate operations of the settings dialog on the official list of days off.
 struct HolidayListOperations {
     std::function<QString()> status;  ///< one line about the stored list
-    std::function<bool()> isKept;     ///< whether there is a list to be removed
+    std::function<bool()> isKept;     ///< whether a list is stored that could be removed
     /// Reads a list from a file and stores it; returns a report for the user. Throws RunTimeError, and then
     /// keeps the previous list.
     std::function<QString(const QString& path)> replace;

@@ -43,7 +43,7 @@ Form2::Form2(const SettingsParts& parts, QWidget* parent)
     m_pages->addTab(m_correctionsPage, u"動作"_s);
     m_pages->addTab(m_facePage, u"窓"_s);
     m_pages->addTab(m_remotePage, u"連携"_s);
-    m_pages->setUsesScrollButtons(false);  // the dialog is as wide as all tabs
+    m_pages->setUsesScrollButtons(false);  // the dialog is wide enough for all tabs
     m_pages->setElideMode(Qt::ElideNone);
 
     for (int page = 0; page < m_pages->count(); ++page) {
@@ -99,7 +99,7 @@ void Form2::Command3_Click() {
     Apply();
 }
 
-/// False if something that was entered is refused; nothing is applied then.
+/// Returns false, having applied nothing, if an entry is invalid.
 bool Form2::Apply() {
     const QString refusal = m_facePage->Zone().Refusal();
     if (!refusal.isEmpty()) {
@@ -130,7 +130,7 @@ void Form2::Command8_Click() {
     m_parts.help.ShowTopic(kHelpSettings);
 }
 
-/// The help's page about the current page.
+/// The help topic of the current page.
 int Form2::HelpOfPage() const {
     static const std::map<QString, int> topics{
         {u"Picture1"_s, kHelpTextPage},        {u"Picture3"_s, kHelpClockPage},

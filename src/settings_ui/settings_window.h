@@ -20,7 +20,7 @@ namespace tickwell::settings_ui {
 
 /// The settings dialog. It edits a draft, which OK and 適用 copy to the program. They also store whether the
 /// program starts at login, and with savesImmediately the settings file. Application-modal and opened with
-/// show(): the display function must not be changed elsewhere meanwhile.
+/// show(): the display function must not be changed elsewhere in the meantime.
 class Form2 : public QDialog {
     Q_OBJECT
 

@@ -21,7 +21,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kSampleRoom = 3;  // height in text lines of the dialog
+constexpr int kSampleRoom = 3;  // height of the sample, in text lines of the dialog
 
 QIcon ColorIcon(qint32 color, QSize size) {
     QPixmap picture(size);
@@ -79,7 +79,7 @@ void StylePicker::MakeControls() {
     m_sample->setAlignment(Qt::AlignCenter);
     m_sample->setAutoFillBackground(true);
     m_sample->setFixedHeight(fontMetrics().height() * kSampleRoom);
-    // So that a large font does not enlarge the dialog.
+    // A large font must not enlarge the dialog.
     m_sample->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
     QLayout* buttons = MakeButtons();
     auto* fields = new QFormLayout;
@@ -113,7 +113,7 @@ void StylePicker::LoadControls() {
     m_italic->setChecked(m_offered.italic);
     m_strikethrough->setChecked(m_offered.strikethrough);
     m_underline->setChecked(m_offered.underline);
-    m_offered = Shown();  // a font that is not scalable is shown as another one
+    m_offered = Shown();  // Qt replaces a font that is not scalable by another one
 }
 
 void StylePicker::Connect() {

@@ -19,7 +19,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// At the fastest speed the steps of a wipe are 2 ms apart.
+// At the fastest speed, the frames of a wipe are 2 ms apart.
 constexpr int kSlowest = 1;
 constexpr int kFastest = 34;
 constexpr int kSpeedPage = 5;
@@ -93,7 +93,7 @@ QLayout* TextPage::MakeButtons() {
 }
 
 void TextPage::Form_Load() {
-    const QSignalBlocker quiet(m_speed);  // a speed out of range stays in the draft
+    const QSignalBlocker quiet(m_speed);  // a clamped speed must not reach the draft
     m_speed->setValue(m_draft.settings.wipeSpeed);
     m_wipeOptions.Select(m_draft.settings.wipeKind);
     m_autostart->setChecked(m_parts.autostart.IsOn());

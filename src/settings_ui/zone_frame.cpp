@@ -19,7 +19,7 @@ namespace {
 constexpr int kLongestName = 40;  // characters
 constexpr int kZoneWidth = 14;    // characters; the longest ids would widen the whole dialog
 
-/// A box to choose from or to type into; what is typed is looked for anywhere in the ids.
+/// An editable combo box; its completer finds the typed text anywhere in the ids.
 QComboBox* MakeZoneBox(QWidget* parent) {
     auto* box = controls::Named(new QComboBox(parent), u"Combo2"_s, u"地域"_s);
     box->setEditable(true);
@@ -69,7 +69,7 @@ void ZoneFrame::Arrange() {
     cells->setColumnStretch(2, 1);
 }
 
-/// The list is read when the page is first shown: most openings of the dialog do not need it.
+/// The list is loaded when the page is first shown, because most openings of the dialog do not need it.
 void ZoneFrame::showEvent(QShowEvent* event) {
     if (m_zone->count() == 0) {
         const QSignalBlocker quiet(m_zone);
@@ -116,7 +116,7 @@ void ZoneFrame::Text20_Change(const QString& name) {
     ShowHint();
 }
 
-/// Below the fields stands what the clock will show, or what is wrong.
+/// The hint below the fields shows what the clock will display, or why the entry is invalid.
 void ZoneFrame::ShowHint() {
     for (QWidget* field :
          {static_cast<QWidget*>(m_zone), static_cast<QWidget*>(m_name), static_cast<QWidget*>(m_hint)}) {

@@ -12,8 +12,8 @@
 
 namespace tickwell::settings_ui {
 
-/// The frame of page 窓 for the time in another zone. A zone that does not exist stays in its field and does
-/// not reach the draft.
+/// The frame of page 窓 for the time in another zone. An unknown zone stays in its field and does not reach
+/// the draft.
 class ZoneFrame : public QGroupBox {
     Q_OBJECT
 
@@ -24,8 +24,8 @@ public:
     /// Shows the draft.
     void Form_Load();
 
-    /// Why the draft cannot be applied; empty if it can. A stored zone that is unknown is only refused once
-    /// the user has changed something here.
+    /// Why the draft cannot be applied; empty if it can. A stored zone that is unknown is reported only after
+    /// the user has changed something in this frame.
     QString Refusal() const;
     /// Moves the focus to the zone, with its text selected.
     void FocusZone();
@@ -47,7 +47,7 @@ private:
     QComboBox* m_zone;
     QLineEdit* m_name;
     QLabel* m_hint;
-    bool m_isChanged = false;  // by the user since Form_Load
+    bool m_isChanged = false;  // by the user, since Form_Load
 };
 
 }  // namespace tickwell::settings_ui

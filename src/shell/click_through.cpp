@@ -23,12 +23,12 @@ void ClickThrough::Pass() {
     if (passes != m_passes) {
         m_passes = passes;
         m_hasPassed = true;
-        m_parts.window.winId();  // creates the window
+        m_parts.window.winId();  // creates the native window
         m_parts.passClicks(*m_parts.window.windowHandle(), passes);
     }
 }
 
-/// The item is the first of both menus, so that the keyboard starts with it.
+/// The item comes first in both menus, so that it is the first one that the keyboard reaches.
 void ClickThrough::OfferEnd(bool offers) {
     if (offers == (m_end != nullptr)) {
         return;
@@ -42,7 +42,7 @@ void ClickThrough::OfferEnd(bool offers) {
         }
     } else {
         m_end->setVisible(false);
-        m_end->deleteLater();  // it may be the one that was just chosen
+        m_end->deleteLater();  // its own triggered() may be running
         m_end = nullptr;
     }
     EnableTaking();

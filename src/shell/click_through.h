@@ -11,7 +11,7 @@
 
 namespace tickwell::shell {
 
-/// What clicks that go through the main window concern; all outlive it.
+/// What letting clicks pass through needs; all outlive it.
 struct ClickThroughParts {
     QWidget& window;
     FurtherSettings& further;
@@ -24,21 +24,21 @@ struct ClickThroughParts {
     std::function<void()> save;      ///< stores the settings
 };
 
-/// Lets clicks go through the main window to the window below, but only while the icon is shown, because its
-/// menu ends that; or without one if the user has agreed to that.
+/// Lets clicks pass through the main window to the window below. The menu of the tray icon ends this, so it
+/// is active only while the icon is shown, unless the user has agreed to do without.
 class ClickThrough {
 public:
     explicit ClickThrough(ClickThroughParts parts) : m_parts(std::move(parts)) {}
 
-    /// Does what the settings say.
+    /// Applies the settings.
     void Apply();
 
-    /// To be called when the window was stored in the notification area or taken out: while clicks go
-    /// through, the icon is there without a stored window.
+    /// To be called when the window was stored in the notification area or taken out: while clicks pass
+    /// through, the icon is present without a stored window.
     void EnableTaking();
 
-    /// To be called when the window was resized. A window manager that has seen a window without an area for
-    /// clicks may keep the area that it got afterwards.
+    /// To be called when the window was resized: a window manager that has seen a window with an empty input
+    /// area may keep the size of the one that was restored.
     void Resized();
 
 private:
@@ -47,9 +47,9 @@ private:
     void End();
 
     ClickThroughParts m_parts;
-    QAction* m_end = nullptr;  // in both menus while clicks go through; owned by the window
+    QAction* m_end = nullptr;  // in both menus while clicks pass through; owned by the window
     bool m_passes = false;
-    bool m_hasPassed = false;  // at some time since the start
+    bool m_hasPassed = false;  // clicks have passed through at some time since the start
 };
 
 }  // namespace tickwell::shell

@@ -8,14 +8,14 @@
 
 namespace tickwell::shell {
 
-/// Decides whether the main window is hidden because another program fills the screen there. A window that
-/// the user asked for stays until that program has ended or gone.
+/// Decides whether the main window is hidden because another program fills its screen. A window that the user
+/// has explicitly requested stays visible until that program no longer covers it.
 class FullScreenHiding {
 public:
     /// The main window as this class needs it.
     struct View {
         std::function<quintptr()> id;   ///< of its native window
-        std::function<bool()> isInUse;  ///< a menu or a dialog of it is open, or it is dragged
+        std::function<bool()> isInUse;  ///< a menu or a dialog of it is open, or it is being dragged
         std::function<void()> update;   ///< shows or hides it, by IsHidden
     };
 
@@ -27,10 +27,10 @@ public:
     void Use(bool isOn);
     bool IsHidden() const { return m_isHidden; }
 
-    /// Something has changed: hides or shows the window. While it is in use it stays.
+    /// To be called after any change: hides or shows the window. While it is in use, it is not hidden.
     void Look();
 
-    /// The user has asked for the window: it is not hidden any more. Leaves showing it to the caller.
+    /// The user has requested the window: it counts as shown from now on; the caller shows it.
     void Insist();
 
 private:
@@ -39,7 +39,7 @@ private:
     View m_view;
     bool m_isOn = false;
     bool m_isHidden = false;
-    bool m_isWanted = false;  // although it is covered now
+    bool m_isWanted = false;  // the user wants it although it is covered
 };
 
 }  // namespace tickwell::shell

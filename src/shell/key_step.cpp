@@ -34,7 +34,7 @@ bool IsOnAny(const QRect& window, const QList<QRect>& screens) {
                        [&](const QRect& screen) { return screen.intersects(window); });
 }
 
-/// The width at which the right edge reaches the rightmost screen's.
+/// The width with which the right edge touches that of the rightmost screen.
 int WidestAt(int left, const QList<QRect>& screens) {
     int right = left;
     for (const QRect& screen : screens) {
@@ -46,7 +46,7 @@ int WidestAt(int left, const QList<QRect>& screens) {
 }  // namespace
 
 std::optional<KeyStep> KeyStepOf(int key, Qt::KeyboardModifiers modifiers) {
-    modifiers.setFlag(Qt::KeypadModifier, false);  // some keyboards report it for all arrows
+    modifiers.setFlag(Qt::KeypadModifier, false);  // some keyboards report it for all arrow keys
     const QPoint direction = DirectionOf(key);
     const int size = modifiers.testFlag(Qt::ShiftModifier) ? kSmallStep : kStep;
     modifiers.setFlag(Qt::ShiftModifier, false);

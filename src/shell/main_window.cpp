@@ -85,7 +85,7 @@ Form1::Form1(const MainWindowParts& parts)
     setObjectName(u"Form1"_s);
     setWindowTitle(u"Tickwell"_s);
     setAttribute(Qt::WA_ShowWithoutActivating);
-    // The window keeps the kind of pixels that it starts with.
+    // Qt chooses the pixel format when the native window is created, so a change needs a restart.
     setAttribute(Qt::WA_TranslucentBackground, parts.further.face.transparent);
     EnableItems(*m_menu, *m_trayMenu, parts.windows);
     connect(m_menu, &QMenu::aboutToShow, this, &Form1::Menu_AboutToShow);
@@ -172,7 +172,7 @@ void Form1::Form_Resize() {
     const int upperText = m_upperLine->TextHeight();
     const int lowerText = m_lowerLine->TextHeight();
     setFixedHeight(LayoutOf(width(), upperText, lowerText).height);
-    // A compositor with a greater minimum height sets that one all the same.
+    // Needed even though the height is fixed: some compositors enforce a greater minimum height.
     const LineLayout layout = LayoutOf(width(), upperText, lowerText, height());
     m_upperLine->setGeometry(layout.upper);
     m_lowerLine->setGeometry(layout.lower);
@@ -188,7 +188,7 @@ void Form1::setuptimer_Timer() {
             ShowAgain();  // it was mapped while the window manager was still starting up
         }
         Form_Resize();
-        ShowThrough();  // a compositing manager may have started after this program
+        ShowThrough();  // a compositing manager may start later than this program
         m_startUpTimer->SetInterval(kStartDelay);
         return;
     }
@@ -221,7 +221,8 @@ void Form1::RaiseRefresh() {
     }
 }
 
-/// Lines are not updated while they are not visible, but at once when they become visible again.
+/// Stops updating the lines while they are not visible, and updates them at once when they become visible
+/// again.
 void Form1::SetSeen(bool isSeen) {
     if (isSeen == m_pacer.IsSeen()) {
         return;
@@ -234,12 +235,12 @@ void Form1::SetSeen(bool isSeen) {
     }
 }
 
-/// Milliseconds until the window is kept on top again, at most kKeepTopTick. If the lines change every
-/// second, this is the line's tick after the next one, so that both share one wake-up.
+/// Milliseconds until the window is raised again, at most kKeepTopTick. If the lines change every second, the
+/// timer is aligned with one of their ticks, so that both share one wake-up.
 qint64 Form1::UntilKeepTop() const {
     const Display* const shown = m_switch.Shown();
     const qint64 untilLine = shown != nullptr && shown->Traits().turnsWithSeconds ? shown->UntilDue(true) : 0;
-    const bool isTicking = untilLine > 1 && untilLine <= kSecond;  // 1 if it is ticking right now
+    const bool isTicking = untilLine > 1 && untilLine <= kSecond;  // 1 if the tick is happening right now
     return isTicking ? kKeepTopTick - kSecond + untilLine : kKeepTopTick;
 }
 

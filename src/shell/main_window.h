@@ -35,7 +35,7 @@ public:
     void Form_Load();
     void ChangeFunction(qint32 number) override;
     qint32 GetFuncNumber() const override { return m_parts.settings.function; }
-    /// The same for another program: the settings file keeps what the user or the roll chose last.
+    /// The same for another program: the settings file keeps the function chosen by the user or the roll.
     void ShowForNow(qint32 number);
 
     const Displays& AllDisplays() const { return m_displays; }
@@ -43,13 +43,13 @@ public:
     void ApplySettings();
     void RaiseRefresh() override;
 
-    /// Shows the window above the others, whatever hid it: the notification area, the window manager, another
-    /// workspace, or a position outside all screens.
+    /// Shows the window above all others, even if it was in the notification area, on another workspace,
+    /// outside all screens, or hidden by the window manager.
     void ComeForward();
-    /// The same, and opens the menu for the keyboard.
+    /// The same, and opens the menu for use with the keyboard.
     void ComeForwardWithMenu();
 
-    /// While the settings are open, the window does not raise itself above them.
+    /// While the settings dialog is open, the window does not raise itself above it.
     void HoldKeepTop(bool held);
     /// Writes the settings and the window's current geometry. Throws RunTimeError.
     void SaveAll();
@@ -98,7 +98,7 @@ private:
     std::unique_ptr<lines::MovingWord> m_lowerLine;
     Displays m_displays;
     MainMenu* m_menu;      // owned by the window, as its child
-    ItemMenu* m_trayMenu;  // likewise
+    ItemMenu* m_trayMenu;  // owned by the window, as its child
     displays::Chime m_chime;
     std::unique_ptr<Timer> m_startUpTimer;
     SleepingTimer m_keepTopTimer;
@@ -113,7 +113,7 @@ private:
     ClickThrough m_clicks;
     bool m_fitted = false;           // 3 s after the start: the window has its final size
     bool m_started = false;          // 8 s later: the stored display has been started
-    std::optional<qint32> m_stored;  // the function to store while another one is shown for now
+    std::optional<qint32> m_stored;  // the function to store while another one is shown temporarily
     bool m_keepTopHeld = false;
 };
 

@@ -11,8 +11,8 @@ namespace tickwell::shell {
 
 namespace {
 
-/// The window with its lines and its open menus: Qt gives a popup no parent through which a screen reader
-/// could reach it.
+/// Presents the lines and the open menus as children of the window: a popup has no parent in Qt's
+/// accessibility tree, so screen readers could not reach it.
 class MainWindowAccessible : public QAccessibleWidget {
 public:
     explicit MainWindowAccessible(Form1* form) : QAccessibleWidget(form, QAccessible::Window), m_form(form) {}

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The look of the main window and its place on the screens, as far as the user has chosen them.
+// The appearance of the main window and its position on the screens, as far as the user has chosen them.
 #include <algorithm>
 
 #include "shell/main_window.h"
@@ -8,7 +8,7 @@ namespace tickwell::shell {
 
 namespace {
 
-constexpr qint32 kLeastOpacity = 20;  // percent; what is fainter cannot be found again
+constexpr qint32 kLeastOpacity = 20;  // percent; a fainter window could not be found again
 constexpr qint32 kFullOpacity = 100;
 
 LongText LongTextOf(qint32 number) {
@@ -30,8 +30,8 @@ int OutlineWidthOf(qint32 number) {
 
 }  // namespace
 
-/// A translucent window looks black where nothing is painted if no compositing manager runs, so the
-/// background is painted as long as that is so.
+/// Without a compositing manager, the unpainted area of a translucent window is black, so the background is
+/// painted until there is one.
 void Form1::ShowThrough() {
     std::optional<int> outline;
     const FaceSettings& face = m_parts.further.face;
@@ -51,11 +51,12 @@ void Form1::ApplyFace() {
     m_upperLine->SetLongText(longText);
     m_lowerLine->SetLongText(longText);
     ShowThrough();
-    // The window is hardly ever the active one.
+    // Otherwise tool tips appear only in an active window, which this one hardly ever is.
     setAttribute(Qt::WA_AlwaysShowToolTips, longText != LongText::CutOff);
 }
 
-/// Window managers leave tool windows out of their switchers, and read the type only when a window is shown.
+/// Window managers leave tool windows out of their switchers, and read the window type only when a window is
+/// mapped.
 void Form1::ApplySwitcher() {
     const Qt::WindowType type = m_parts.further.face.inWindowSwitcher ? Qt::Window : Qt::Tool;
     if (windowType() == type) {

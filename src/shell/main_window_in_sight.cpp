@@ -32,7 +32,7 @@ void Form1::SetStored(bool stored) {
     UpdateShown();
 }
 
-/// Shows or hides the window as notification area and full-screen windows want it.
+/// Shows or hides the window, depending on the notification area and on full-screen windows.
 void Form1::UpdateShown() {
     const bool isShown = !m_storage.IsStored() && !m_hiding.IsHidden();
     if (isShown) {
@@ -44,7 +44,7 @@ void Form1::UpdateShown() {
     UpdateKeepTop();
 }
 
-/// Whether the user works with the window, so that it must not be hidden under the pointer.
+/// Whether the user is working with the window, so that it must not be hidden now.
 bool Form1::IsInUse() const {
     return m_keepTopHeld || IsPressed() || QApplication::activePopupWidget() != nullptr;
 }
@@ -75,7 +75,7 @@ void Form1::KeepTop_Timer() {
     }
 }
 
-/// Whether one of our own menus or windows, which the user is working with, covers this one.
+/// Whether a menu or window of this program that the user is working with covers this one.
 bool Form1::IsCovered() const {
     const QWidgetList windows = QApplication::topLevelWidgets();
     return QApplication::activePopupWidget() != nullptr ||
@@ -85,8 +85,8 @@ bool Form1::IsCovered() const {
            });
 }
 
-/// Qt counts an iconified window as visible. The window system is only queried if Qt saw the window
-/// disappear.
+/// Qt counts an iconified window as visible. The window system is queried only if Qt has reported the window
+/// as no longer exposed.
 bool Form1::IsLost() const {
     return isMinimized() || (!IsExposed(*this) && m_parts.stack.IsLost(winId()));
 }
@@ -96,7 +96,7 @@ bool Form1::IsLost() const {
 void Form1::ShowAgain() {
     hide();
     Keeper().Unsettle();
-    Declare();  // Qt already maps the window when its state changes
+    Declare();  // Qt maps the window again as soon as its state changes
     setWindowState(windowState() & ~Qt::WindowMinimized);
     move(Keeper().Position());
     show();
@@ -126,7 +126,7 @@ void Form1::ComeForward() {
     const QRect primary = QGuiApplication::primaryScreen()->availableGeometry();
     const QPoint place = BroughtBack(geometry(), ScreenAreas(), primary).topLeft();
     if (place != pos()) {
-        Keeper().Settle();  // this position is intended, not the stored one
+        Keeper().Settle();  // this position is intentional, not the stored one
         move(place);
     }
     m_parts.stack.BringToUser(winId());

@@ -9,7 +9,7 @@
 
 namespace tickwell::shell {
 
-/// Opens the menu below the window and selects its first item, for further use of the keyboard.
+/// Opens the menu below the window with its first item selected, for use with the keyboard.
 void Form1::OpenMenuByKey() {
     m_menu->popup(mapToGlobal(rect().bottomLeft()));
     for (QAction* item : m_menu->actions()) {

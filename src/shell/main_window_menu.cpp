@@ -40,7 +40,7 @@ void Form1::Menu_Click(MenuCommand command, qint32 number) {
     }
 }
 
-/// If the desktop shows no icons, a window could not be taken back out of the notification area.
+/// If the desktop shows no tray icons, a window could not be taken out of the notification area again.
 void Form1::Menu_AboutToShow() {
     m_menu->Item(MenuCommand::StoreInTray)->setEnabled(m_storage.CanStore());
     controls::ShowAccessKeys(*m_menu, m_parts.further.keyboard.showsAccessKeys);

@@ -30,7 +30,7 @@ struct OtherWindows {
     std::function<void()> calendar;
     std::function<void()> settings;
     std::function<void()> help;
-    std::function<void()> windowHelp = {};  ///< the help's page about the main window
+    std::function<void()> windowHelp = {};  ///< the help topic about the main window
     std::function<void()> about;
 };
 
@@ -56,13 +56,12 @@ struct MainWindowParts {
     OtherWindows windows;
     DisplaysMaker makeDisplays;
     displays::Chime::Player playChime;
-    /// Whether the compositor of a Wayland session places the window, so that drags are handed to it.
+    /// Whether a Wayland compositor decides the position of the window, so that drags are handed over to it.
     bool isPlacedByCompositor = false;
     std::function<bool()> isComposited;  ///< whether translucent windows can be seen through
-    /// Lets the mouse reach what is below a window, or ends that.
+    /// Sets whether mouse events pass through a window to what is below it.
     std::function<void(QWindow& window, bool passes)> passClicks;
-    std::function<void()>
-        closed;  ///< called when the window has closed; settings were saved and the tray icon was removed
+    std::function<void()> closed;  ///< called when the window has closed: settings saved, tray icon removed
 };
 
 }  // namespace tickwell::shell

@@ -54,17 +54,17 @@ inline constexpr std::array kTrayMenuItems{
     MenuItem{u"Menu94", u"終了", MenuCommand::Quit},
 };
 
-/// The first item of both menus while clicks go through the main window.
+/// The first item of both menus while clicks pass through the main window.
 inline constexpr QStringView kAcceptClicksName = u"Menu95";
 inline constexpr QStringView kAcceptClicksCaption = u"クリックを受ける";
 
-/// A companion tool: its item in the tools' menu, and its file in the program's folder.
+/// A companion tool: its item in the tools submenu, and its file in the program's folder.
 struct Tool {
     QStringView caption;
     QStringView file;
 };
 
-/// The tools by their index, which counts from 1.
+/// The tools by index, starting from 1.
 inline constexpr std::array kTools{
     Tool{u"電卓", u"KT01.exe"},           Tool{u"システムツール", u"KT02.exe"},
     Tool{u"アルゴリズム", u"KT03.exe"},   Tool{u"伝言板", u"KT04.exe"},

@@ -23,7 +23,8 @@ MovableWindow::MovableWindow(Qt::WindowFlags flags, const MovableWindowParts& pa
 void MovableWindow::mousePressEvent(QMouseEvent* event) {
     if (event->button() == Qt::LeftButton) {
         m_geometry.Settle();
-        // Some compositors place the window elsewhere without telling Qt; the two positions tell where it is.
+        // Some compositors move the window without notifying Qt; the difference of these positions gives its
+        // real one.
         const QPoint pointer = event->globalPosition().toPoint();
         const QPoint local = event->position().toPoint();
         m_gesture.Press(pointer, QRect(pointer - local, size()));
@@ -40,8 +41,8 @@ void MovableWindow::mouseMoveEvent(QMouseEvent* event) {
     }
 }
 
-/// Hands the drag to the compositor if it is the one that places windows. It also gets the release of the
-/// button, so the gesture ends here.
+/// Hands the drag over to the compositor if that decides the positions of windows. It also receives the
+/// release of the button, so the gesture ends here.
 bool MovableWindow::HandsDragOver() {
     if (!m_moving.isPlacedByCompositor) {
         return false;
@@ -54,7 +55,7 @@ bool MovableWindow::HandsDragOver() {
     return isHandedOver;
 }
 
-/// Either button clicks when it is released: only then is it known whether the left one has dragged.
+/// Both buttons click on release: only then is it known that the left one did not drag.
 void MovableWindow::mouseReleaseEvent(QMouseEvent* event) {
     const bool click = event->button() == Qt::LeftButton && m_gesture.Release();
     if (click || event->button() == Qt::RightButton) {
@@ -65,7 +66,7 @@ void MovableWindow::mouseReleaseEvent(QMouseEvent* event) {
 
 void MovableWindow::moveEvent(QMoveEvent* /*event*/) {
     if (m_moving.isPlacedByCompositor) {
-        m_geometry.Settle();  // moving it back would make sway centre it
+        m_geometry.Settle();  // if it is moved back, sway centres it
     }
     if (m_geometry.Moved(pos())) {
         QMetaObject::invokeMethod(
@@ -83,9 +84,9 @@ void MovableWindow::ReturnToScreen() {
     const QRect stored(m_geometry.Position(), size());
     const QPoint place = m_screens.PositionFor(stored);
     if (place != stored.topLeft()) {
-        m_geometry.Settle();  // this position is intended, not the stored one
+        m_geometry.Settle();  // this position is intentional, not the stored one
         m_geometry.Moved(place);
-        m_geometry.Unsettle();  // window managers place windows as well when the screens change
+        m_geometry.Unsettle();  // window managers also move windows when the screens change
         move(place);
     }
 }

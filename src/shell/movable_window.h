@@ -12,22 +12,22 @@
 
 namespace tickwell::shell {
 
-/// What a MovableWindow works with; all outlive it.
+/// What a MovableWindow needs; all outlive it.
 struct MovableWindowParts {
     Handlers& handlers;
     TimerSource& timers;
     const FaceSettings& face;
-    bool isPlacedByCompositor;  ///< the compositor of a Wayland session places the window and drags it
+    bool isPlacedByCompositor;  ///< a Wayland compositor decides its position and performs its drags
 };
 
-/// A frameless window that is dragged by its area, and by its right edge to another width. It keeps its
-/// stored position while a window manager places it, and returns to the connected screens if the user wants
-/// that.
+/// A frameless window that can be dragged anywhere on its area, and widened at its right edge. It keeps its
+/// stored position while a window manager places it, and returns to the connected screens if the settings
+/// select that.
 class MovableWindow : public QWidget {
 protected:
     MovableWindow(Qt::WindowFlags flags, const MovableWindowParts& parts);
 
-    /// A button was released without a drag, at this position on the screen.
+    /// A button was released without a drag, at this screen position.
     virtual void Clicked(QPoint pointer) = 0;
 
     /// The window may be on another screen: a button was released, or the screens have changed.
@@ -36,7 +36,7 @@ protected:
     /// Whether the left button is down on the window.
     bool IsPressed() const { return m_gesture.IsPressed(); }
 
-    /// Brings the window to where it belongs on the connected screens, if the user wants that.
+    /// Moves the window onto the connected screens if the settings select that.
     void ReturnToScreen();
 
     GeometryKeeper& Keeper() { return m_geometry; }

@@ -7,8 +7,8 @@ namespace tickwell::shell {
 
 namespace {
 
-constexpr int kEdge = 6;        // pixels at the right where dragging changes the width
-constexpr int kNarrowest = 45;  // pixels, enough to drag the edge again
+constexpr int kEdge = 6;        // pixels at the right edge within which dragging changes the width
+constexpr int kNarrowest = 45;  // pixels; wide enough for the edge to be dragged again
 
 }  // namespace
 

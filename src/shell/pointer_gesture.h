@@ -14,26 +14,25 @@ public:
     /// `slack`: pixels that the pointer must move until a press becomes a drag.
     explicit PointerGesture(int slack) : m_slack(slack) {}
 
-    /// Whether this point, in the window's coordinates, is on the edge that changes the width.
+    /// Whether this point, in window coordinates, is on the edge that changes the width.
     static bool IsAtEdge(QPoint local, QSize window);
 
-    /// The geometry with the right edge moved by this many pixels, but never narrower than what can still be
-    /// dragged.
+    /// The geometry with the right edge moved by this many pixels, but never too narrow to be dragged again.
     static QRect Widened(const QRect& window, int by);
 
     /// `pointer` and `window` in screen coordinates.
     void Press(QPoint pointer, const QRect& window);
 
-    /// The new geometry of the window; nothing if it stays unchanged.
+    /// The new geometry of the window; nullopt if it is unchanged.
     std::optional<QRect> Move(QPoint pointer);
 
-    /// Whether the press was on the edge, so that a drag changes the width.
+    /// Whether the press was on the edge, so that dragging changes the width.
     bool ChangesWidth() const { return m_pressed && m_atEdge; }
 
     /// Whether the button is down.
     bool IsPressed() const { return m_pressed; }
 
-    /// Whether the press was a click.
+    /// Ends the gesture; returns whether it was a click.
     bool Release();
 
 private:

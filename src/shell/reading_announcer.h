@@ -8,24 +8,23 @@
 
 namespace tickwell::shell {
 
-/// When the two lines are announced to a screen reader: by themselves at most once in five seconds and only
-/// what is new, and at once if the user asks.
+/// Decides when the two lines are announced to a screen reader: changes at most once every five seconds, and
+/// at once on request of the user.
 class ReadingAnnouncer {
 public:
     struct Parts {
-        std::function<bool()>
-            isHeard;  ///< whether a screen reader is running and the main window has the focus
-        std::function<QString()> read;  ///< both lines as they are now
+        std::function<bool()> isHeard;  ///< whether a screen reader is running and the window has the focus
+        std::function<QString()> read;  ///< the current texts of both lines
         std::function<void(const QString& text)> say;
     };
 
     /// Clock and source outlive this object.
     ReadingAnnouncer(Parts parts, const Clock& clock, TimerSource& timers);
 
-    /// A line has changed. Needs no timer unless it is heard.
+    /// A line has changed. Starts no timer unless isHeard().
     void LineChanged();
 
-    /// The user asks for the lines: the window got the focus, or a key was pressed.
+    /// The user requests the lines: the window got the focus, or a key was pressed.
     void Ask();
 
 private:

@@ -14,7 +14,8 @@ namespace tickwell::shell {
 /// The screens that are connected now.
 QList<NamedScreen> ConnectedScreens();
 
-/// Remembers which screen the main window is on, and tells when it should return to it or into another one.
+/// Remembers which screen the main window is on, and decides when it should return to it or move to another
+/// one.
 class ScreenKeeper : public QObject {
     Q_OBJECT
 
@@ -26,7 +27,7 @@ public:
     /// outlive this object.
     ScreenKeeper(Handlers& handlers, TimerSource& timers, std::function<void()> changed);
 
-    /// Sets the remembered place; with an empty one nothing is remembered.
+    /// Sets the remembered position; an empty one clears it.
     void Set(const ScreenPlace& place) { m_place = place; }
     const ScreenPlace& Place() const { return m_place; }
 

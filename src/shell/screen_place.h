@@ -22,12 +22,12 @@ struct ScreenPlace {
     bool operator==(const ScreenPlace&) const = default;
 };
 
-/// Where a window is, on the screen with the largest part of it; nothing if it is on none.
+/// Where a window is, on the screen with the largest part of it; empty if it is on none.
 ScreenPlace PlaceOf(const QRect& window, const QList<NamedScreen>& screens);
 
-/// Where a window belongs: at its remembered place if that screen is connected; otherwise where it is if the
-/// screens show all of it, and else at the nearest position inside the nearest screen. A window larger than
-/// the screen keeps its left upper corner inside.
+/// Where a window belongs: at its remembered position if that screen is connected; otherwise where it is if
+/// the screens show all of it, and else at the nearest position inside the nearest screen. A window larger
+/// than the screen keeps its left upper corner inside.
 QPoint PositionInside(const QRect& window, const ScreenPlace& remembered, const QList<NamedScreen>& screens);
 
 }  // namespace tickwell::shell

@@ -40,7 +40,8 @@ void TrayStorage::ShowIcon() {
         u"Tickwell Ver.2"_s, m_menu, [this] { Click(); }, [this](bool isShown) { IconShown(isShown); });
 }
 
-/// Hides the window only now, so that a desktop that does not answer cannot make it unreachable.
+/// The window is hidden only once the icon is shown, so that a desktop that does not respond cannot make it
+/// unreachable.
 void TrayStorage::IconShown(bool isShown) {
     m_asking = false;
     const bool stores = std::exchange(m_storing, false);

@@ -11,7 +11,7 @@
 
 namespace tickwell::shell {
 
-/// What keeps the icon in the notification area although the window is not stored there.
+/// A use of the tray icon by a window that is not stored there.
 struct IconUse {
     std::function<void()> changed;  ///< HasIcon has changed
     std::function<void()> clicked;  ///< the icon was clicked while the window was not stored
@@ -33,18 +33,18 @@ public:
     /// happens.
     void Store();
 
-    /// Shows the window and removes the icon, or cancels a pending Store; otherwise does nothing.
+    /// Shows the window and removes the icon, or cancels a pending Store. Otherwise does nothing.
     void TakeBack();
 
-    /// Shows the icon until ReleaseIcon, whether or not the window is stored, and as soon as there is a
-    /// notification area.
+    /// Shows the icon from now until ReleaseIcon, even if the window is not stored; if there is no
+    /// notification area yet, as soon as there is one.
     void KeepIcon(const IconUse& use);
     /// Removes the icon unless the window is stored.
     void ReleaseIcon();
     bool KeepsIcon() const { return m_use.has_value(); }
     bool HasIcon() const { return m_hasIcon; }
 
-    /// Only removes the icon, for the end of the program.
+    /// Only removes the icon; for the end of the program.
     void Remove();
 
 private:
@@ -61,8 +61,8 @@ private:
     std::function<void(bool)> m_onStored;
     std::unique_ptr<Timer> m_watch;
     std::optional<IconUse> m_use;
-    bool m_asking = false;   // the area has not answered yet
-    bool m_storing = false;  // the icon is not shown yet
+    bool m_asking = false;   // waiting for the notification area to answer
+    bool m_storing = false;  // waiting for the icon to be shown
     bool m_hasIcon = false;
     bool m_stored = false;
     bool m_missed = false;  // the last check found no notification area

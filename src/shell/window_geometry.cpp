@@ -12,7 +12,7 @@ namespace {
 constexpr qint32 kTwipsPerPixel = 15;
 constexpr int kLowestHeight = 600 / kTwipsPerPixel;
 constexpr int kMargin = 2;           // pixels above and below each text
-constexpr int kSystemLimit = 32000;  // X11 positions and sizes have 16 bits
+constexpr int kSystemLimit = 32000;  // positions and sizes in X11 have 16 bits
 
 int Guarded(int pixels, int lowest) {
     return std::clamp(pixels, lowest, kSystemLimit);

@@ -12,14 +12,15 @@ namespace tickwell::shell {
 /// Twips to logical pixels: divided by 15, halves to even.
 int PixelsOf(qint32 twips);
 
-/// The main window's position and width. Keeps the stored values while the window is where they place it;
-/// only a position or width that the user changes is converted to twips.
+/// The main window's position and width. Keeps the stored values in twips while the window has that geometry;
+/// only a position or width that the user has changed is converted.
 class GeometryKeeper {
 public:
     const WindowGeometry& Geometry() const { return m_geometry; }
     void Set(const WindowGeometry& geometry) { m_geometry = geometry; }
 
-    /// The position for the window. Not limited to the screen, only to the range of the window system.
+    /// The position for the window, limited only by the coordinate range of the window system, not by the
+    /// screen.
     QPoint Position() const;
     /// The width for the window, at least 1 pixel.
     int Width() const;
@@ -30,17 +31,17 @@ public:
     bool Moved(QPoint position);
     void Resized(int width);
 
-    /// From now on every position is intended: the user drags the window, or the window manager has had time
-    /// to place it.
+    /// From now on every position counts as intentional: the user drags the window, or the window manager has
+    /// had time to place it.
     void Settle() { m_placings = 0; }
     /// The window manager is about to place the window again.
     void Unsettle() { m_placings = kPlacings; }
 
 private:
-    static constexpr int kPlacings = 5;  // a window manager that insists on another position wins in the end
+    static constexpr int kPlacings = 5;  // limited, so that an insistent window manager wins eventually
 
     WindowGeometry m_geometry;
-    int m_placings = kPlacings;  // how often the window is still moved back
+    int m_placings = kPlacings;  // how many times the window may still be moved back
 };
 
 /// How the two lines share the window.
@@ -50,11 +51,11 @@ struct LineLayout {
     int height = 0;  ///< of the window, pixels
 };
 
-/// Each line has the height of its text and a small margin. If that is below the minimum height or below
-/// `windowHeight`, both lines share the rest.
+/// The height of each line is that of its text plus a small margin. If the total is below the minimum height
+/// or below `windowHeight`, the lines share the surplus.
 LineLayout LayoutOf(int width, int upperTextHeight, int lowerTextHeight, int windowHeight = 0);
 
-/// `window` moved to the corner of `screen` if it intersects none of `screens`; otherwise unchanged.
+/// `window` moved to the top left corner of `screen` if it intersects none of `screens`; otherwise unchanged.
 QRect BroughtBack(const QRect& window, const QList<QRect>& screens, const QRect& screen);
 
 }  // namespace tickwell::shell

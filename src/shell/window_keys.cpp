@@ -53,7 +53,7 @@ bool WindowKeys::Step(const QKeyEvent& event) {
     return true;
 }
 
-/// A submenu receives its keys itself, so this Esc closes the whole menu.
+/// An open submenu receives Esc itself, so an Esc seen here closes the whole menu.
 bool WindowKeys::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::KeyPress) {
         m_escaped = static_cast<const QKeyEvent*>(event)->key() == Qt::Key_Escape;

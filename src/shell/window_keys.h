@@ -10,8 +10,8 @@
 
 namespace tickwell::shell {
 
-/// The keys that move and resize the main window and return the focus to the window that had it before, if
-/// the settings want them. Closing the menu with Esc returns the focus as well.
+/// The keys that move and resize the main window, and that return the focus to the window that had it before,
+/// if enabled in the settings. Closing the menu with Esc returns the focus as well.
 class WindowKeys : public QObject {
 public:
     /// All outlive this object. `beforeStep` is called before each change of the window's geometry.
@@ -20,11 +20,11 @@ public:
     ~WindowKeys() override;
     Q_DISABLE_COPY_MOVE(WindowKeys)
 
-    /// To be called at the start and when the settings have changed: the focus is followed only if a key can
+    /// To be called at the start and when the settings have changed: the focus is tracked only if a key can
     /// return it.
     void Follow();
 
-    /// Carries out a key; returns false if it has no meaning here.
+    /// Handles a key press; returns false if the key has no function here.
     bool Press(const QKeyEvent& event);
 
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -37,7 +37,7 @@ private:
     const KeyboardSettings& m_settings;
     FocusReturn& m_focus;
     std::function<void()> m_beforeStep;
-    bool m_escaped = false;  // Esc was the last key in the menu
+    bool m_escaped = false;  // the last key pressed in the menu was Esc
 };
 
 }  // namespace tickwell::shell

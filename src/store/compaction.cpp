@@ -65,7 +65,7 @@ void CheckCompacted(const QString& path) {
 Message Compact(StoreDisk& disk, const DayFiles& files) {
     const qint32 before = disk.Size(files.live);
     const auto live =
-        WholeLiveFile(files.live);  // held during the replacement, so that nobody writes to the old file
+        WholeLiveFile(files.live);  // held during the replacement, so that no program writes to the old file
     if (live == nullptr) {
         return CompactionFailed();
     }

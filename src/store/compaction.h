@@ -28,7 +28,7 @@ struct CompactionEnd {
 void BeginCompaction(DayDatabase& dayDatabase, const ProgramFolder& folder);
 
 /// Second step: compacts the day database of `folder` and opens it. Nothing else may use the database
-/// meanwhile.
+/// in the meantime.
 CompactionEnd CompactDayFile(const ProgramFolder& folder, StoreDisk& disk);
 
 /// Last step: hands over the database and shows the report in a box of `owner`, which is a window or null.

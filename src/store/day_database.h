@@ -40,8 +40,8 @@ public:
     DayDatabase() = default;
 
     /// Opens `path` for reading and writing with a shared lock, and checks it: a file of another kind, a
-    /// damaged one, or one without our tables is refused here rather than failing later. Throws RunTimeError.
-    /// `shownAs`: its name in error messages; empty for its path.
+    /// damaged one, or one without the program's tables is refused here rather than failing later. Throws
+    /// RunTimeError. `shownAs`: its name in error messages; empty for its path.
     explicit DayDatabase(QString path, QString shownAs = {});
 
     /// For a file that cannot be opened at the moment: each statement tries to open it until that succeeds,
@@ -80,7 +80,7 @@ public:
     /// return unless a DayTransaction is open. Throws SqlError; then no row was changed.
     int Execute(const QString& sql);
 
-    /// Reads a row of `table` that a RowSearch found; nothing if it was changed or deleted since. Throws
+    /// Reads a row of `table` that a RowSearch found; nullopt if it was changed or deleted since. Throws
     /// RunTimeError.
     std::optional<ResultRow> ReadRow(QStringView table, const FoundRow& row);
 

@@ -56,7 +56,7 @@ bool IsSound(const QString& path) {
 }
 
 void RemoveCopies(StoreDisk& disk, const DayFiles& files) {
-    SqliteConnection live(files.live);  // fails while someone else compacts it
+    SqliteConnection live(files.live);  // fails while another program compacts it
     CheckDayDatabase(live);
     for (const QString& copy : Copies(files)) {
         RemoveWithJournals(disk, copy);

@@ -17,7 +17,7 @@ void RecoverDayDatabase(const ProgramFolder& folder);
 /// The same with the given disk operations.
 void RecoverDayDatabase(const ProgramFolder& folder, StoreDisk& disk);
 
-/// Puts an undamaged copy in place of the missing live file. The caller holds the exclusive lock. Throws
+/// Replaces the missing live file by an undamaged copy. The caller holds the exclusive lock. Throws
 /// RunTimeError.
 void PutBackLiveFile(StoreDisk& disk, const DayFiles& files);
 

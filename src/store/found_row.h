@@ -37,7 +37,7 @@ RowDigest DigestOf(const std::vector<BoundValue>& values);
 
 /// A row found by a search: 16 bytes, regardless of its values.
 struct FoundRow {
-    qint64 key = 0;       ///< the hidden id
+    qint64 key = 0;       ///< the row's hidden primary key
     quint64 content = 0;  ///< first half of the digest: differs if the row was changed
 
     bool operator==(const FoundRow&) const = default;

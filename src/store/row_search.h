@@ -11,7 +11,7 @@
 namespace tickwell::store {
 
 /// Finds the rows of one table in slices, in the order of insertion, without keeping their values: a million
-/// results take 16 MB. Nothing is locked between two slices. If the rows may have changed meanwhile
+/// results take 16 MB. Nothing is locked between two slices. If the rows may have changed in the meantime
 /// (ChangeMark), the caller starts a new search.
 class RowSearch {
 public:

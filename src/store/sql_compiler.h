@@ -11,7 +11,8 @@
 
 namespace tickwell::store {
 
-/// A statement for SQLite that contains only our own text; whatever the caller wrote is in the values.
+/// A statement for SQLite that contains only text written by the compiler; the caller's literals are bound
+/// values.
 struct CompiledSql {
     QByteArray text;
     QByteArray fromTheStart;         // the same query as a table scan: faster for the first of very many rows

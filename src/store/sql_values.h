@@ -10,10 +10,10 @@
 
 namespace tickwell::store {
 
-/// The bound value for comparing `literal` with a column of that type; nothing if its type differs.
+/// The bound value for comparing `literal` with a column of that type; nullopt if its type differs.
 std::optional<BoundValue> ComparedValue(ColumnType type, const SqlLiteral& literal);
 
-/// The bound value for storing `literal` in a column of that type; nothing if that is impossible. A number
+/// The bound value for storing `literal` in a column of that type; nullopt if that is impossible. A number
 /// may be quoted.
 std::optional<BoundValue> StoredValue(ColumnType type, const SqlLiteral& literal);
 

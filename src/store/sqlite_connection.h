@@ -38,9 +38,9 @@ public:
     /// Once `stop` is requested, from any thread, running and later statements fail with SQLITE_INTERRUPT.
     void StopWith(std::stop_token stop);
 
-    /// Locks everyone else out of the file, including programs that ignore the lock file, until this object
-    /// is destroyed. The file then contains no uncommitted change. Throws RunTimeError if another connection
-    /// has it open.
+    /// Acquires an exclusive lock on the file, held until this object is destroyed, which also keeps out
+    /// programs that ignore the lock file. The file then contains no uncommitted change. Throws RunTimeError
+    /// if another connection has it open.
     void TakeExclusive();
 
     /// `sql` as a prepared statement, reset and without values; cached. The reference is valid until the next

@@ -40,7 +40,7 @@ mode_t ModeOf(const SqliteConnection& file) {
     return state.st_mode & kPermissions;
 }
 
-/// A new file that nobody else may read until it is finished. It is removed if it is not finished.
+/// A new file that no other user may read until it is finished. It is removed if it is not finished.
 class NewFile {
 public:
     explicit NewFile(const QString& path)

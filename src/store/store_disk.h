@@ -22,8 +22,8 @@ private:
 };
 
 /// The file operations of import, compaction and recovery, one function each, so that a test can make any of
-/// them fail. Errors are thrown as DiskError. A new file that fails is removed; until it is complete nobody
-/// else may read it.
+/// them fail. Errors are thrown as DiskError. A new file that fails is removed; until it is complete, no
+/// other user may read it.
 class StoreDisk {
 public:
     StoreDisk() = default;

@@ -12,8 +12,8 @@ constexpr qint32 kInsteadOfZero = 15'000;  // ms
 }  // namespace
 
 qint32 Countdown::Remaining() const {
-    // The elapsed time first: in another order an intermediate result could overflow although the remaining
-    // time fits.
+    // Subtracting the elapsed time keeps intermediate results in range; in another order one could overflow
+    // although the remaining time fits.
     return CheckedSub(m_state.CountdownDuration, CheckedSub(m_clock.Tick(), m_state.CountdownStart));
 }
 

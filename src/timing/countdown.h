@@ -17,7 +17,7 @@ struct CountdownState {
     bool CountdownRepeat = false;   ///< starts again at zero
     qint32 CountdownLoopCount = 0;  ///< repeated cycles since the program started, over all runs
     bool TimerShownOnMain = false;  ///< the main window shows the countdown
-    QString CountdownName;          ///< of the last run; empty unless another program named it
+    QString CountdownName;          ///< of the last run; empty unless another program set it
 };
 
 /// The rules of the countdown. An overflow throws OverflowError and leaves the state unchanged.
@@ -31,7 +31,7 @@ public:
     /// Remaining milliseconds, negative if the tick is late. Only while the countdown is running.
     qint32 Remaining() const;
 
-    /// Milliseconds during which Remaining cannot overflow.
+    /// Milliseconds for which Remaining() is safe from overflow.
     qint64 UntilOverflow() const;
 
     void SetDuration(qint32 milliseconds) { m_state.CountdownDuration = milliseconds; }
@@ -41,16 +41,16 @@ public:
     /// Replaces a duration of zero by fifteen seconds; returns whether it was zero.
     bool ReplaceZero();
 
-    /// Starts a new run, which has no name yet, or continues a stopped one with its remaining time.
+    /// Starts a new run, without a name, or continues a stopped one with its remaining time.
     void Start();
     void SetName(const QString& name) { m_state.CountdownName = name; }
     void Stop();
     /// Discards a pause, so that the next start begins a new run. Duration and loop count are unchanged.
     void Forget();
-    /// Zero was reached without repeat.
+    /// The countdown has reached zero and does not repeat.
     void End();
-    /// Zero was reached with repeat: the next cycle begins where the last one ended, however late the tick
-    /// is.
+    /// The countdown has reached zero and repeats: the next cycle begins exactly where the last one ended,
+    /// however late the tick is.
     void BeginNextCycle();
 
 private:

@@ -38,7 +38,7 @@ private:
     const QObject* m_owner;
     std::function<void()> m_onFree;                                  // null unless a print is in progress
     std::unique_ptr<OpenBox> m_waiting;                              // null unless the waiting box is open
-    std::shared_ptr<bool> m_isAlive = std::make_shared<bool>(true);  // news can arrive after destruction
+    std::shared_ptr<bool> m_isAlive = std::make_shared<bool>(true);  // reports can arrive after destruction
 };
 
 }  // namespace tickwell::timing

@@ -72,7 +72,7 @@ void StopForm::LayOut() {
     auto* below = new QHBoxLayout;
     below->addStretch(1);
     for (QPushButton* button : {m_printButton, m_helpButton}) {
-        // Kanji and kana may come from fonts of different heights: expand all buttons to the height of the
+        // Kanji and kana may come from fonts of different heights, so all buttons expand to the height of the
         // row.
         button->setSizePolicy(QSizePolicy::Minimum, QSizePolicy::Minimum);
         below->addWidget(button);
@@ -138,7 +138,7 @@ void StopForm::done(int result) {
 
 void StopForm::Command1_Click() {
     const qsizetype before = m_parts.panel.List().size();
-    const auto shown = qScopeGuard([this] { ShowState(); });  // a failed stop changes the state too
+    const auto shown = qScopeGuard([this] { ShowState(); });  // even a failed stop changes the state
     m_parts.panel.StartOrStop();
     if (m_parts.panel.List().size() > before) {
         AnnounceLastLine();
@@ -151,16 +151,16 @@ void StopForm::Command2_Click() {
     AnnounceLastLine();
 }
 
-/// The list does not have the focus, so screen readers would not notice what was added.
+/// The focus is not on the list, so screen readers would not notice the new line.
 void StopForm::AnnounceLastLine() {
     const QString& list = m_parts.panel.List();
     m_announcer->Announce(list.mid(list.lastIndexOf(u'\n') + 1));
 }
 
-/// Allows one question and then one print at a time; both may end after the window was closed.
+/// Allows one question and then one print at a time; either may end after the window was closed.
 void StopForm::Command3_Click() {
     const bool hadFocus = focusWidget() == m_printButton;
-    m_printButton->setEnabled(false);  // which moves its focus
+    m_printButton->setEnabled(false);  // this moves the focus away from it
     m_focusInstead = hadFocus ? focusWidget() : nullptr;
     const QPointer<StopForm> self(this);
     m_parts.boxes.Ask(
@@ -175,7 +175,7 @@ void StopForm::Command3_Click() {
         });
 }
 
-/// Returns the focus to the button, unless the user has moved it meanwhile.
+/// Returns the focus to the button, unless the user has moved it in the meantime.
 void StopForm::EnablePrinting() {
     m_printButton->setEnabled(true);
     if (m_focusInstead != nullptr && focusWidget() == m_focusInstead) {

@@ -25,7 +25,7 @@ struct StopwatchWindowParts {
     HelpViewer& help;
     std::function<void()>
         enterFolder;  ///< makes the program's folder the current one, or throws RunTimeError
-    QString version;  ///< of the program, like "2.0.0"
+    QString version;  ///< of the program, such as "2.0.0"
 };
 
 /// The stopwatch window: start and stop, laps, their list and its printing. Only a view: the stopwatch
@@ -36,17 +36,17 @@ class StopForm : public QDialog {
 public:
     StopForm(StopwatchWindowParts parts, QWidget* parent);
 
-    /// Makes the list wide enough for intervals if it has some or will have some. Call before the window is
+    /// Makes the list wide enough for intervals if it has or may get some. To be called before the window is
     /// placed.
     void MakeRoom();
 
     /// Shows the window, or brings it to the front if it is open.
     void BringUp();
 
-    /// Shows the state after another program has changed it, if the window is open.
+    /// If the window is open, shows the state after another program has changed it.
     void Refresh();
 
-    /// Called however the window is closed.
+    /// Called whenever the window is closed, in any way.
     void done(int result) override;
 
 private:

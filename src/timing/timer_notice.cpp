@@ -39,7 +39,7 @@ void Form8::LayOut() {
         controls::MakeButton(u"Command1"_s, u"確認"_s, this, m_parts.handlers, [this] { close(); });
     confirm->setDefault(true);
 
-    m_name->setTextFormat(Qt::PlainText);  // another program wrote it
+    m_name->setTextFormat(Qt::PlainText);  // another program may have chosen it
     auto* texts = new QVBoxLayout;
     texts->addWidget(m_name);
     texts->addWidget(label);
@@ -58,8 +58,8 @@ void Form8::BringUp() {
     }
     ShowName();
     controls::BringForward(*this);
-    QApplication::alert(this);  // marks the window in case the desktop does not give it the keyboard focus
-    Form_Load();                // last: an error box opened before this modal window would be blocked by it
+    QApplication::alert(this);  // in case the desktop does not give the window the keyboard focus
+    Form_Load();                // last, because this modal window would block an error box opened before it
 }
 
 void Form8::ShowName() {

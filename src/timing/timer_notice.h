@@ -15,12 +15,12 @@ struct TimerNoticeParts {
         enterFolder;  ///< makes the program's folder the current one, or throws RunTimeError
     /// Sends one multimedia command and reports a failure to the user.
     std::function<void(const QString& command)> sendCommand;
-    /// The name of the run that has ended; empty if it has none.
+    /// The name of the finished run; empty if it has none.
     std::function<QString()> name = [] { return QString(); };
 };
 
-/// The notice, with sound, that the countdown has reached zero. It is shown in front of all other windows and
-/// is modal to the program's own, but no code blocks until it is closed.
+/// The notice, with sound, that the countdown has reached zero. It appears in front of all other windows and
+/// is modal within the program; BringUp does not wait until it is closed.
 class Form8 : public QDialog {
     Q_OBJECT
 
@@ -30,7 +30,7 @@ public:
     /// Shows the notice and starts its sound. Does nothing while it is open.
     void BringUp();
 
-    /// Called however the window is closed.
+    /// Called whenever the window is closed, in any way.
     void done(int result) override;
 
 private:

@@ -26,23 +26,23 @@ public:
 
     bool IsRunning() const { return m_countdown.State().CountdownRunning; }
 
-    /// Applies the entry and shows its time on the lower line, whatever that shows. An entry of zero becomes
-    /// fifteen seconds. Returns the resulting entry. Throws OverflowError.
+    /// Applies the entry and shows its time on the lower line, whatever that line was showing. An entry of
+    /// zero becomes fifteen seconds. Returns the resulting entry. Throws OverflowError.
     TimerEntry ReadEntries(const TimerEntry& entry);
 
-    /// The entry for the window to show. A duration of zero becomes fifteen seconds.
+    /// The entry to show in the window. A duration of zero becomes fifteen seconds.
     TimerEntry CurrentEntry();
 
     void SetRepeat(bool repeat) { m_countdown.SetRepeat(repeat); }
 
-    /// Starts with this entry while stopped; stops while running. Throws OverflowError.
+    /// Starts with this entry if stopped; stops if running. Throws OverflowError.
     void StartOrStop(const TimerEntry& entry);
 
-    /// Starts a new run of this many milliseconds without repeat, for another program, and shows its name on
-    /// the upper line. A stopped run is discarded. Only while the countdown is not running.
+    /// Starts a new run of this many milliseconds without repeat, on behalf of another program, and shows its
+    /// name on the upper line. Discards a stopped run. Only while the countdown is not running.
     void StartNew(qint32 milliseconds, const QString& name);
 
-    /// Resets to the beginning, with this entry. Throws OverflowError.
+    /// Resets to the start of a run with this entry. Throws OverflowError.
     void Reset(const TimerEntry& entry);
 
 private:

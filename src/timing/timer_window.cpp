@@ -96,7 +96,7 @@ void TimerForm::RefreshForm() {
     const std::array<QWidget*, 9> entry{m_durationFrame, m_hours,      m_minutes,
                                         m_seconds,       m_hoursLabel, m_minutesLabel,
                                         m_secondsLabel,  m_repeat,     m_resetButton};
-    for (QWidget* control : entry) {  // controls that set the time are disabled while it runs
+    for (QWidget* control : entry) {  // the time cannot be changed during a run
         control->setEnabled(!running);
     }
     controls::SetCaption(*m_startButton, running ? u"ストップ"_s : u"スタート"_s);

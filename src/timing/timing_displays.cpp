@@ -43,7 +43,7 @@ const DisplayTraits& CountdownDisplay::Traits() const {
 
 void CountdownDisplay::Show() {
     m_tools->Rest().Show();
-    m_tools->TimerTimer().Wake();  // a running countdown is seen from now on
+    m_tools->TimerTimer().Wake();  // a running countdown is visible from now on
 }
 
 void CountdownDisplay::Hide() {

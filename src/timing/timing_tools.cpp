@@ -9,8 +9,7 @@ namespace tickwell::timing {
 
 namespace {
 
-constexpr int kTick =
-    1;  // ms, so that start and end are exact; in between, the lines determine how often they are updated
+constexpr int kTick = 1;  // ms, for exact start and end; in between, each timer's due time decides
 
 }  // namespace
 
@@ -46,13 +45,13 @@ void TimingTools::BringUp() {
         }
         m_countdownLines.BringUp();
     } catch (const RunTimeError& error) {
-        // The reading is unchanged.
+        // The reading stays unchanged.
         qCWarning(TimingLog).noquote() << "no reading for a screen reader:" << error.Detail();
     }
 }
 
 void TimingTools::StartOrStopStopwatch() {
-    const auto follow = qScopeGuard([this] { FollowStopwatch(); });  // a failed stop changes the state too
+    const auto follow = qScopeGuard([this] { FollowStopwatch(); });  // even a failed stop changes the state
     m_stopwatchPanel.StartOrStop();
 }
 
@@ -61,7 +60,7 @@ void TimingTools::LapOrResetStopwatch() {
     FollowStopwatch();
 }
 
-/// A window that opens later restores the kept list.
+/// A window opened later loads the list that is kept here.
 void TimingTools::FollowStopwatch() {
     m_stopwatchPanel.Unload();
     if (m_stopForm) {
@@ -121,7 +120,7 @@ void TimingTools::ShowNotice() {
     m_notice->BringUp();
 }
 
-/// An open window stays where the user moved it.
+/// A window that is open stays where the user has moved it.
 void TimingTools::PlaceIfClosed(QWidget& window) const {
     if (!window.isVisible()) {
         m_parts.place(window);

@@ -33,7 +33,7 @@ struct TimingParts {
         enterFolder;  ///< makes the program's folder the current one, or throws RunTimeError
     /// Sends one multimedia command and reports a failure to the user.
     std::function<void(const QString& command)> sendCommand;
-    std::function<void(QWidget& window)> place;  ///< positions a window before it is shown
+    std::function<void(QWidget& window)> place;  ///< positions a window that is about to be shown
     QString version;                             ///< of the program, like "2.0.0"
 };
 
@@ -48,24 +48,25 @@ public:
     StopwatchLines& Reading() { return m_stopwatchLines; }
     CountdownLines& Rest() { return m_countdownLines; }
 
-    /// Milliseconds until the tick of the timer that shows something new.
+    /// Milliseconds until the next timer tick that shows something new.
     qint64 UntilReadingDue() const { return m_stopwatchLines.UntilDue(m_view.untilFrame()); }
     qint64 UntilCountdownDue() const { return m_countdownLines.UntilDue(m_view.untilFrame()); }
 
-    /// To be called when another display is about to write the lines: the texts that temporary ones have
-    /// replaced are no longer restored.
+    /// To be called when another display takes over the lines: a temporary text no longer restores the text
+    /// that it replaced.
     void ForgetTemporaryTexts() { m_temporaryTexts.Forget(); }
 
-    /// Updates a running reading between two ticks. Never throws: an error is reported by the tick.
+    /// Updates a running reading between two ticks. Never throws: the next tick reports the error.
     void BringUp();
 
-    // For other programs. The windows follow, and what they keep while they are closed as well.
+    // The following functions serve other programs. The windows show the result, whether they are open or
+    // opened later.
 
     bool IsStopwatchRunning() const { return m_stopwatch.IsRunning(); }
-    /// The stopwatch's current reading, and that of the last lap, in ms. Throws OverflowError.
+    /// The stopwatch's current reading and that of the last lap, in ms. Throws OverflowError.
     qint32 StopwatchReading() const { return m_stopwatch.Reading(); }
     qint32 LapReading() const { return m_parts.stopwatch.StopwatchLapReading; }
-    /// What the buttons of the stopwatch's window do; see StopwatchPanel.
+    /// The actions of the stopwatch window's buttons; see StopwatchPanel.
     void StartOrStopStopwatch();
     void LapOrResetStopwatch();
     bool IsCountdownRunning() const { return m_timerPanel.IsRunning(); }

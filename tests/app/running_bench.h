@@ -105,7 +105,7 @@ struct RunningBench {
         time.Advance(kStartUp);
     }
 
-    /// Records an event and what is still open at that moment.
+    /// Records an event and the windows still open at that moment.
     void Note(const QString& what) {
         journal.append(what + (sound.OpenDevices() > 0 ? QStringLiteral(", sound") : QString()) +
                        (state.started.dayDatabase.IsOpen() ? QStringLiteral(", day database") : QString()));

@@ -72,7 +72,7 @@ void TstCommandOptions::MistakesAreNamed() {
     QVERIFY2(options.error.contains(named), qPrintable(options.error));
     QVERIFY(!options.command);
     if (arguments.size() > 1) {
-        QVERIFY(options.needsNoWindow);  // told on standard error also without a display
+        QVERIFY(options.needsNoWindow);  // the error goes to standard error, which needs no display
     }
 }
 

@@ -47,7 +47,7 @@ const std::array kWindows{
     OpenedWindow{"StopForm", "2", [] { Choose("Menu0"); }, u"ストップウォッチ"},
     OpenedWindow{"TimerForm", "3",
                  [] {
-                     RunningBench::Window("TimerForm").close();  // opened with the function
+                     RunningBench::Window("TimerForm").close();  // the function has opened it
                      Choose("Menu0");
                  },
                  u"タイマー"},
@@ -112,7 +112,7 @@ QString NamesOf(QWidget& field) {
 
 }  // namespace
 
-/// What all windows have for the keyboard and for screen readers.
+/// What keyboard and screen reader users can rely on in every window.
 class TstKeyboard : public QObject {
     Q_OBJECT
 
@@ -188,7 +188,7 @@ void TstKeyboard::CaptionsHaveAccessKeysOnlyIfChosen() {
             QVERIFY2(!Spoken(*button).text(QAccessible::Name).contains(u"(" + letter.back() + u')'),
                      qPrintable(button->text()));
         }
-        const QStringList without{u"CDForm"_s, u"HelpWindow"_s};  // icons, and actions with keys of their own
+        const QStringList without{u"CDForm"_s, u"HelpWindow"_s};  // icons; actions with their own shortcuts
         QVERIFY(isChosen || owners.isEmpty());
         QCOMPARE(!owners.isEmpty(), isChosen && !without.contains(QLatin1StringView(each.name)));
     }

@@ -13,11 +13,11 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kSettled = 2;            // ms until changes are told
+constexpr int kSettled = 2;            // ms until changes are announced
 constexpr qint64 kSecond = 1'000'000;  // µs
-constexpr qint64 kLook = 10'000;       // ms between two looks at the drive
+constexpr qint64 kLook = 10'000;       // ms between two checks of the drive
 
-/// The program with the switch on.
+/// The program with media keys enabled.
 struct Bench : RunningBench {
     explicit Bench(bool isOn = true) : RunningBench(u"0"_s) { state.started.further.remote.mediaKeys = isOn; }
     static void Choose(const char* item) {
@@ -25,7 +25,7 @@ struct Bench : RunningBench {
     }
     void Settle() { time.Advance(kSettled); }
 
-    /// Shows the CD player on the main window's lines.
+    /// Makes the main window's lines show the CD player.
     void ShowPlayer() {
         Choose("Menu9");
         Settle();
@@ -41,7 +41,7 @@ struct Bench : RunningBench {
     qint64 Position() { return mediaKeys.Get("Position").toLongLong(); }
     QVariant TrackId() { return Metadata().value(u"mpris:trackid"_s); }
 
-    /// The names of the properties in the only change that was told since the last one.
+    /// The property names of the only change announced since the last call.
     QStringList TakeChange() {
         const QVariantList changes = mediaKeys.TakeChanges();
         return changes.size() == 1 ? changes.constFirst().toMap().keys()
@@ -155,7 +155,7 @@ void TstMediaKeys::ADiscTakenOutIsNoticedWithoutAWindow() {
     QVERIFY(bench.mediaKeys.IsOffered());
     bench.Call("Play");
     bench.drive.looks = 0;
-    bench.time.Advance(3 * kLook);  // a disc that is played is not looked for
+    bench.time.Advance(3 * kLook);  // no checks while a disc is playing
     QCOMPARE(bench.drive.looks, 0);
 }
 
@@ -184,7 +184,7 @@ void TstMediaKeys::KeysActLikeTheWindowsButtons() {
     bench.Call("Previous");  // restarts the track
     QCOMPARE(bench.Track(), 2);
     QCOMPARE(bench.Position(), 0);
-    bench.Call("Previous");  // within its first second goes to the one before
+    bench.Call("Previous");  // within its first second: goes to the previous track
     QCOMPARE(bench.Track(), 1);
     bench.Call("Stop");
     QCOMPARE(bench.Status(), u"Stopped"_s);
@@ -222,7 +222,7 @@ void TstMediaKeys::ChangesAreTold() {
     bench.Call("Play");
     QCOMPARE(bench.TakeChange(), (QStringList{u"CanSeek"_s, u"PlaybackStatus"_s}));
     bench.PassPlaying(2000);
-    QCOMPARE(bench.mediaKeys.TakeChanges(), QVariantList());  // the position is not told
+    QCOMPARE(bench.mediaKeys.TakeChanges(), QVariantList());  // changes of position are not announced
     Bench::Choose("Menu0");                                   // opens the window
     bench.Press("CDForm", "Command1(3)");
     bench.Settle();

@@ -69,7 +69,7 @@ void TstOptions::HelpAndVersionAreAnswered() {
     QCOMPARE(OptionsOf({u"tickwell"_s, u"--version"_s}).answer, u"Tickwell 2.0.0\n"_s);
     const QString help = OptionsOf({u"tickwell"_s, u"--help"_s}).answer;
     QVERIFY(help.contains(u"--folder <dir>"_s));
-    QVERIFY(!help.contains(u"virtual"_s));  // only for developers
+    QVERIFY(!help.contains(u"virtual"_s));  // it is for developers only
 }
 
 void TstOptions::MistakesAreNamed_data() {

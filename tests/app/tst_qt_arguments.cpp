@@ -6,7 +6,7 @@
 using namespace tickwell::app;
 using namespace Qt::StringLiterals;
 
-/// Arguments that Qt would take out are told from those of the program.
+/// Separating the arguments that Qt would consume from those of the program.
 class TstQtArguments : public QObject {
     Q_OBJECT
 

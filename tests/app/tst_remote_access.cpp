@@ -16,7 +16,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// The program with commands switched on, and another program that sends them.
+/// The program with commands enabled, and another program that sends them.
 struct Bench : RunningBench {
     explicit Bench(const QString& function = u"0"_s) : RunningBench(function, true) {}
 
@@ -43,7 +43,7 @@ struct Bench : RunningBench {
         ChildOf<QAction>(Window("Form1"), QLatin1StringView(item)).trigger();
     }
 
-    /// What the settings file would say now.
+    /// What the settings file would contain if it were saved now.
     QString StoredFunction() {
         program->SaveForSessionEnd();
         return dynamic_cast<FakeSettingsStore&>(*state.started.store)
@@ -58,7 +58,7 @@ constexpr int kTimerRuns = static_cast<int>(remote::Refusal::TimerIsRunning);
 
 }  // namespace
 
-/// What the commands of other programs do to the running program.
+/// The effects of other programs' commands on the running program.
 class TstRemoteAccess : public QObject {
     Q_OBJECT
 
@@ -96,7 +96,7 @@ void TstRemoteAccess::TheSettingsSwitchItOnAndOff() {
     bench.Press("Form2", "Command3");
     QVERIFY(bench.commands.IsOffered());
     bench.Press("Form2", "Command3");
-    QCOMPARE(bench.commands.offers, 1);  // not again
+    QCOMPARE(bench.commands.offers, 1);  // not offered twice
     box.click();
     QVERIFY(bench.commands.IsOffered());
     bench.Press("Form2", "Command1");
@@ -120,7 +120,7 @@ void TstRemoteAccess::AFunctionIsShownAndNotStored() {
     QCOMPARE(bench.Upper(), u"バッテリー残量"_s);
     QCOMPARE(bench.StoredFunction(), u"1"_s);
     bench.Choose("Menu17");
-    bench.Press("Form2", "Command1");  // OK shows the current function again
+    bench.Press("Form2", "Command1");  // OK restarts the current function
     QCOMPARE(bench.Upper(), u"バッテリー残量"_s);
     QCOMPARE(bench.StoredFunction(), u"1"_s);
 }
@@ -128,7 +128,7 @@ void TstRemoteAccess::AFunctionIsShownAndNotStored() {
 void TstRemoteAccess::WhatTheUserChoosesIsStoredAgain() {
     Bench bench(u"1"_s);
     bench.Call(u"Show"_s, {u"memory"_s});
-    bench.Choose("Menu8");  // the same
+    bench.Choose("Menu8");  // the same function
     QCOMPARE(bench.StoredFunction(), u"5"_s);
     bench.Call(u"Show"_s, {u"clock"_s});
     QCOMPARE(bench.StoredFunction(), u"5"_s);
@@ -136,7 +136,7 @@ void TstRemoteAccess::WhatTheUserChoosesIsStoredAgain() {
 
 void TstRemoteAccess::TheStartUpDelayKeepsWhatIsStored() {
     RunningBench bench(u"1"_s, true);
-    bench.program.reset();  // begin again, and send a command during the delay
+    bench.program.reset();  // a new start, with a command during the start-up delay
     const ProgramPorts& ports = bench.ports;
     bench.program = std::make_unique<RunningProgram>(ports, bench.state, [] {});
     bench.program->Start();
@@ -234,7 +234,7 @@ void TstRemoteAccess::ATimerRunsUnderItsName() {
 void TstRemoteAccess::ATimerThatRunsIsNotReplaced() {
     Bench bench;
     bench.Choose("Menu6");
-    bench.Press("TimerForm", "Command1");  // the user's, of 15 seconds
+    bench.Press("TimerForm", "Command1");  // the user's own run, of 15 seconds
     bench.time.Advance(5000);
     QCOMPARE(bench.Refused(u"Timer"_s, {90'000, u"卵"_s}), kTimerRuns);
     QCOMPARE(bench.state.countdown.CountdownDuration, 15'000);

@@ -8,7 +8,7 @@
 using namespace tickwell::app;
 using namespace Qt::StringLiterals;
 
-/// What a start asks of the running program.
+/// What another start requests from the running program.
 class TstRequest : public QObject {
     Q_OBJECT
 

@@ -10,7 +10,7 @@ using namespace tickwell;
 using namespace tickwell::app;
 using namespace Qt::StringLiterals;
 
-/// How the parts of the program work together, from the end of start-up until the program ends.
+/// The interplay of the program's parts, from the end of start-up until the program ends.
 class TstRunningProgram : public QObject {
     Q_OBJECT
 
@@ -40,7 +40,7 @@ void TstRunningProgram::ANoticeReportsItsMissingSound() {
 
 void TstRunningProgram::TheNoticeChangesToTheFolder() {
     RunningBench bench(u"3"_s);
-    bench.time.Advance(10'000);  // the chime at nine changes to it as well
+    bench.time.Advance(10'000);  // past the chime at nine, which also changes to the folder
     bench.Press("TimerForm", "Command1");
     QVERIFY(QDir::setCurrent(QDir::rootPath()));
     bench.time.Advance(15'000);

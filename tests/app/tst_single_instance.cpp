@@ -33,7 +33,7 @@ sockaddr_un AddressOf(const QByteArray& path) {
     return address;
 }
 
-/// Connects and sends a word, without Qt: a child process that runs as another user cannot use it.
+/// Connects and sends a word without Qt, which a child process that runs as another user cannot use.
 bool Say(const QByteArray& path, const char* word) {
     const int descriptor = socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
     const sockaddr_un address = AddressOf(path);
@@ -178,11 +178,11 @@ void TstSingleInstance::AnotherUsersWordIsIgnored() {
     QVERIFY(first.Acquire());
     const QSignalSpy calls(&first, &SingleInstance::Called);
     const QByteArray path = QFile::encodeName(Socket());
-    // Grants access to everybody, so that only the check of the user id remains.
+    // Grants access to everybody, so that only the check of the user id can refuse.
     QCOMPARE(chmod(path.constData(), 0777), 0);
     QCOMPARE(chmod(QFile::encodeName(m_runtime.path()).constData(), 0777), 0);
     QCOMPARE(InChild([&path] { return BecomeNobody() && Say(path, "menu\n") ? 0 : 1; }), 0);
-    QLocalSocket own;  // connects second: once it is answered, the first connection was handled
+    QLocalSocket own;  // connects second: once it is answered, the first connection has been handled
     own.connectToServer(Socket());
     QVERIFY(own.waitForConnected());
     own.write("forward\n");
@@ -216,7 +216,7 @@ void TstSingleInstance::NothingIsSentToAnotherUser() {
     const int heard = accept(listener, nullptr, nullptr);
     QVERIFY(heard >= 0);
     char byte = 0;
-    QCOMPARE(read(heard, &byte, 1), 0);  // the listener was checked, and nothing was sent
+    QCOMPARE(read(heard, &byte, 1), 0);  // end of file: the listener's user was checked, and nothing was sent
     close(heard);
     unlink(QFile::encodeName(path).constData());
 }

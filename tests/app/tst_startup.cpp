@@ -47,7 +47,7 @@ struct Bench {
             return error.Reason();
         }
     }
-    /// What stands below the reason; empty if nothing does.
+    /// The text below the reason; empty if there is none.
     QString Remedy() {
         try {
             Start();

@@ -155,7 +155,7 @@ void TstCorrectedWindows::EditsAndDeletesWhatASearchFound() {
     bench.Add("('a',1999,0,0,13),('a',0,3,0,31),('a',0,0,0,13)");
     bench.SearchAll();
     QCOMPARE(bench.Listed(), QStringList({u"a 第1週火"_s, u"a 第3週日"_s, u"a 第1週火"_s, u"a 第1週火"_s}));
-    bench.EditRow(2);  // the first row again, listed as one of every month and every year
+    bench.EditRow(2);  // the first row again; it is listed as one of every month and of every year
     bench.Rename(u"b"_s);
     QCOMPARE(bench.Stored(), QStringList({u"b|0|0|0|32"_s, u"a|0|3|0|31"_s, u"a|0|0|0|13"_s}));
     bench.SearchAll();

@@ -24,7 +24,7 @@ QString SpokenName(QWidget& widget) {
 
 }  // namespace
 
-/// Letters after captions.
+/// Access keys appended to captions.
 class TstAccessKeys : public QObject {
     Q_OBJECT
 
@@ -59,9 +59,9 @@ void TstAccessKeys::AWordHasItsUsualLetter() {
 
 void TstAccessKeys::ALetterIsUsedOnce() {
     QWidget window;
-    QCheckBox first(u"初め"_s, &window);  // would get A, if 追加 did not
+    QCheckBox first(u"初め"_s, &window);  // would get A if 追加 did not have it
     QPushButton add(u"追加"_s, &window);
-    QPushButton all(u"全選"_s, &window);  // would get A as well
+    QPushButton all(u"全選"_s, &window);  // would also get A
     ShowAccessKeys(window, true);
     QCOMPARE(add.text(), u"追加(&A)"_s);
     QCOMPARE(first.text(), u"初め(&B)"_s);
@@ -102,9 +102,9 @@ void TstAccessKeys::PagesShareTheLettersOfTheirWindow() {
     ShowAccessKeys(window, true);
     QCOMPARE(help.text(), u"ヘルプ(&H)"_s);
     QCOMPARE(one->text(), u"左(&A)"_s);
-    QCOMPARE(two->text(), u"右(&A)"_s);  // they are never seen together
+    QCOMPARE(two->text(), u"右(&A)"_s);  // the two pages are never visible together
     QCOMPARE(too->text(), u"ヘルプ(&B)"_s);
-    QCOMPARE(pages.tabText(0), u"一"_s);  // Ctrl+Tab turns the pages
+    QCOMPARE(pages.tabText(0), u"一"_s);  // tabs have no access key: Ctrl+Tab switches pages
 }
 
 void TstAccessKeys::ALabelLeadsToItsField() {
@@ -193,7 +193,7 @@ void TstAccessKeys::MoreControlsThanLetters() {
     for (const QCheckBox* box : window.findChildren<QCheckBox*>()) {
         captions.insert(box->text());
     }
-    QCOMPARE(captions.size(), 37);  // 26 letters, 10 digits, and those without one
+    QCOMPARE(captions.size(), 37);  // 26 letters, 10 digits, and the caption without a key
     QVERIFY(captions.contains(u"項目"_s) && captions.contains(u"項目(&0)"_s));
 }
 
@@ -206,7 +206,7 @@ void TstAccessKeys::TheLetterChoosesTheControl() {
     window.activateWindow();
     QVERIFY(QTest::qWaitForWindowActive(&window));
     QTest::keyClick(&focused, Qt::Key_A, Qt::AltModifier);
-    QTRY_VERIFY(box.isChecked());  // the button is shown pressed for a moment
+    QTRY_VERIFY(box.isChecked());  // an animated click keeps the button down for a moment
 }
 
 QTEST_MAIN(TstAccessKeys)

@@ -25,7 +25,7 @@ inline QByteArray ShortList() {
            "1956/11/23,勤労感謝の日\n";
 }
 
-/// The list, or nothing if it was refused.
+/// The list, or nullopt if it was refused.
 inline std::optional<HolidayList> Accepted(const QByteArray& bytes) {
     auto result = ReadHolidayList(bytes);
     auto* list = std::get_if<HolidayList>(&result);

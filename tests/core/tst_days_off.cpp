@@ -32,7 +32,7 @@ bool IsHarmless(const QByteArray& damaged, const HolidayList& original) {
            list->LastYear() != original.LastYear() || list->FirstYear() != original.FirstYear();
 }
 
-/// The distance between the places that are damaged: some five hundred places, in the long test each byte.
+/// The distance between damaged bytes: about five hundred of them, in the long test every byte.
 qsizetype StepIn(const QByteArray& bytes) {
     constexpr qsizetype kPlaces = 500;
     return qEnvironmentVariableIsSet("TICKWELL_EVERY_BYTE") ? 1

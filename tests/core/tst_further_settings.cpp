@@ -16,7 +16,7 @@ FurtherSettings Loaded(const SettingsStore& store) {
     return further;
 }
 
-/// The keys that saving writes after the 27 of AppSettings, as "section/key=value".
+/// The keys that saving writes in addition to the 27 of AppSettings, as "section/key=value".
 QStringList WrittenFurther(const FurtherSettings& further) {
     FakeSettingsStore store;
     SaveSettings(store, {}, further, {});
@@ -29,7 +29,7 @@ QStringList WrittenFurther(const FurtherSettings& further) {
 
 }  // namespace
 
-/// The keys of today's calendar and of the corrections.
+/// The keys of the calendar of present-day Japan and of the corrections.
 class TstFurtherSettings : public QObject {
     Q_OBJECT
 

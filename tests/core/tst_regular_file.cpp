@@ -48,7 +48,7 @@ bool Make(const QString& kind, const QString& path) {
 
 }  // namespace
 
-/// Reading files that somebody else may have created.
+/// Reading files that another user may have created.
 class TstRegularFile : public QObject {
     Q_OBJECT
 

@@ -7,7 +7,7 @@
 using namespace tickwell;
 using namespace Qt::StringLiterals;
 
-/// The time in another zone. The expected times are those of the zone database, read with another program.
+/// The time in another zone. The expected times were read from the time zone database with another program.
 class TstZoneTime : public QObject {
     Q_OBJECT
 

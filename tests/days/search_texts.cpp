@@ -47,7 +47,8 @@ QString OneDayText(const End& s, const End& e) {
     return text;
 }
 
-/// Never true: the year would have to equal both ends, or, within one year, to be in an empty range of years.
+/// Never true, as in the query: the year would have to equal both ends of the range, or, if both ends are in
+/// one year, to be in an empty range of years.
 bool IsOneDayMeant(const Anniversary& row, const End& s, const End& e) {
     if (e.year - s.year < 1) {
         return row.year >= s.year + 1 && row.year <= e.year - 1;  // empty, because both ends are in one year

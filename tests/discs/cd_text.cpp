@@ -14,7 +14,7 @@ constexpr char kMsJis = '\x80';
 constexpr char kJapanese = 0x69;
 constexpr char kEnglish = 0x09;
 
-/// The inverted CRC-16 of CCITT, most significant byte first.
+/// CRC-16/CCITT, inverted, most significant byte first.
 QByteArray Checksum(const QByteArray& bytes) {
     quint16 sum = 0;
     for (const char each : bytes) {
@@ -39,8 +39,8 @@ QByteArray CdTextPacks(const QList<QByteArray>& titles, bool isShiftJis) {
     const QByteArray end(isShiftJis ? 2 : 1, '\0');
     const auto wide = static_cast<char>(isShiftJis ? 0x80 : 0);
     QByteArray text;
-    QList<int> tracks;   // of each byte
-    QList<int> offsets;  // of each byte in its title, in characters
+    QList<int> tracks;   // the track of each byte
+    QList<int> offsets;  // the position of each byte in its title, in characters
     for (int track = 0; track < titles.size(); ++track) {
         const QByteArray title = titles[track] + end;
         for (int i = 0; i < title.size(); ++i) {

@@ -6,8 +6,8 @@
 
 namespace tickwell {
 
-/// The titles of a disc and of its tracks as packs of 18 bytes, as a pressed disc has them in its lead-in.
-/// `isShiftJis`: whether the disc says that they are in Japanese (MS-JIS), otherwise in English (Latin-1).
+/// The titles of a disc and of its tracks as CD-TEXT packs of 18 bytes, as in the lead-in of a pressed disc.
+/// `isShiftJis`: whether the disc declares them as Japanese (MS-JIS); otherwise as English (Latin-1).
 QByteArray CdTextPacks(const QList<QByteArray>& titles, bool isShiftJis);
 
 }  // namespace tickwell

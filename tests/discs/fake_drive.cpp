@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// A library to be preloaded: makes one character device look like a CD drive to the program that opens it.
-// The disc in the drive is described by environment variables and by files that a test creates and removes
-// while the program runs:
+// A library to be preloaded: presents one character device as a CD drive to the program that opens it. The
+// disc in the drive is described by environment variables and by files that a test creates and removes while
+// the program runs:
 //
 //   FAKE_DRIVE_NODE   path of the drive: a link to a character device such as /dev/zero
 //   FAKE_DRIVE_DISC   file that describes the disc. If it is missing, the drive is empty. Its words:
@@ -145,7 +145,7 @@ int DiscStatus(const FakeDisc& disc) {
     return data == static_cast<std::ptrdiff_t>(disc.tracks.size()) ? CDS_DATA_1 : CDS_MIXED;
 }
 
-/// A number that identifies the disc: each disc is a new file in place of the previous one.
+/// A number that identifies the disc: replacing the disc means replacing its file.
 std::int64_t DiscNumber() {
     struct stat found {};
     const char* const path = getenv("FAKE_DRIVE_DISC");
@@ -212,7 +212,7 @@ void Delay() {
     nanosleep(&time, nullptr);
 }
 
-/// The packs, behind their size.
+/// The packs, preceded by their size.
 int Titles(const cdrom_generic_command* command) {
     const char* const path = getenv("FAKE_DRIVE_TITLES");
     std::ifstream file(path == nullptr ? "" : path, std::ios::binary);

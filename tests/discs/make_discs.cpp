@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// make_discs FOLDER: writes the discs three_tones and mixed_mode, which tests play, as images of each kind.
-// Prints the track starts and the end of each disc, in sectors.
+// make_discs FOLDER: writes the test discs three_tones and mixed_mode as images of each kind. Prints the
+// track starts and the end of each disc, in sectors.
 
 #include <QDir>
 #include <QStringEncoder>

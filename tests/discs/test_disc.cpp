@@ -37,7 +37,7 @@ char BinaryCodedDecimal(int number) {
     return static_cast<char>(number / 10 * 16 + number % 10);
 }
 
-/// A mode 1 data sector. It begins with the sync pattern, which no audio sector begins with.
+/// A mode 1 data sector. It begins with the sync pattern, which never occurs at the start of an audio sector.
 QByteArray DataSector(int sector) {
     const int at = sector + kTestPregap;
     QByteArray bytes = QByteArray(1, '\0') + QByteArray(10, '\xff') + QByteArray(1, '\0');
@@ -68,7 +68,7 @@ QByteArray Swapped(QByteArray bytes) {
     return bytes;
 }
 
-/// The start of a track's pause, or of the track if it has none.
+/// The start of the pause before a track, or of the track if it has no pause.
 int PauseOf(const TestDisc& disc, int track) {
     return disc.starts[track] - disc.tracks[track].pause;
 }
@@ -77,7 +77,7 @@ int EndOf(const TestDisc& disc, int track) {
     return track + 1 < disc.starts.size() ? PauseOf(disc, track + 1) : disc.end;
 }
 
-/// The title of a track, of the disc if it is 0, as the line of a cue sheet.
+/// The title of a track, or of the disc if `track` is 0, as a line of a cue sheet.
 QByteArray CueTitle(const TestDisc& disc, int track) {
     return track < disc.titles.size() ? "TITLE \"" + disc.titles[track] + "\"\n" : QByteArray();
 }

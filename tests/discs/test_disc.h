@@ -10,8 +10,8 @@ namespace tickwell {
 inline constexpr int kTestSectorBytes = 2352;
 inline constexpr int kTestPregap = 150;  // sectors before the first track, included in images of some kinds
 
-/// A track to create: a tone in the left channel and its fifth in the right one, or data. The volume of a
-/// tone increases from start to end, so that no two moments sound the same.
+/// A track to create: a tone in the left channel and the fifth above it in the right one, or data. The volume
+/// of a tone increases from start to end, so that every moment sounds different.
 struct TestTrack {
     double hertz = 0;  ///< frequency of the left channel; 0 for data
     int sectors = 0;   ///< without the pause
@@ -24,7 +24,7 @@ struct TestDisc {
     QList<TestTrack> tracks;
     QList<int> starts;         ///< sector of each track
     int end = 0;               ///< first sector after the last track
-    QList<QByteArray> titles;  ///< of the disc and of each track, for sheets; as many as there are
+    QList<QByteArray> titles;  ///< of the disc, then of each track, for sheets; may be incomplete
 
     /// The sectors `from` to `to` - 1 with silence in place of data: what a player must play.
     QByteArray Sound(int from, int to) const;
@@ -32,13 +32,14 @@ struct TestDisc {
 
 TestDisc MakeDisc(const QList<TestTrack>& tracks);
 
-/// Tones of 440, 660 and 880 Hz. No length is a whole number of seconds, and the second track has a pause.
+/// Tones of 440, 660 and 880 Hz. No track length is a whole number of seconds, and the second track has a
+/// pause.
 TestDisc ThreeTones();
 
 /// A data track of four seconds, then tones of 500 and 700 Hz.
 TestDisc MixedMode();
 
-/// Each writes NAME.bin and the files that belong to it, and returns the path that a player opens.
+/// These functions write NAME.bin and the files that belong to it, and return the path to be opened.
 QString WriteCueImage(const TestDisc& disc, const QString& folder, const QString& name);
 QString WriteTocImage(const TestDisc& disc, const QString& folder, const QString& name);
 QString WriteNrgImage(const TestDisc& disc, const QString& folder, const QString& name);

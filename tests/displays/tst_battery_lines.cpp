@@ -99,7 +99,7 @@ void TstBatteryLines::ASlowReadingIsShownWhenItArrives() {
     Bench bench;
     QCOMPARE(bench.After(OnBattery(80, 5400)), QStringList{u"show 80％残っています"_s});
     bench.power.isSlow = true;
-    QCOMPARE(bench.After(OnBattery(79, 5400)), QStringList());  // the last text stays meanwhile
+    QCOMPARE(bench.After(OnBattery(79, 5400)), QStringList());  // the last text stays in the meantime
     QVERIFY(bench.power.Answer());
     QCOMPARE(bench.lower.TakeRecord(), QStringList{u"show あと 1時間30分です"_s});
 }

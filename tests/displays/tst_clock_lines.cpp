@@ -175,7 +175,7 @@ void TstClockLines::SwitchingAwayAndBackKeepsTheTurn() {
     bench.Add("('一つ目',0,10,3,0),('二つ目',0,10,3,0)");
     bench.Tick();
     bench.Turns(1);
-    bench.lines.Show();  // another function was shown meanwhile
+    bench.lines.Show();  // another function was shown in the meantime
     bench.Tick();
     QCOMPARE(bench.Turns(1), QStringList{Shown(u"二つ目")});
 }

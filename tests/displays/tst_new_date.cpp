@@ -20,7 +20,7 @@ FurtherSettings TurningAtMidnight() {
     return further;
 }
 
-/// A way in which the clock gets to another day.
+/// A way in which the clock reaches another day.
 struct Coming {
     const char* name;
     void (*happen)(ClockBench& bench);

@@ -23,14 +23,14 @@ FurtherSettings WithLondon() {
     return With(u"Europe/London"_s, u"ロンドン"_s);
 }
 
-/// Shows the clock from 12:00 on 4 October 1998, when it is 4:00 in London.
+/// Shows the clock, by default from 12:00 on 4 October 1998, when it is 4:00 in London.
 void BeginAtNoon(ClockBench& bench, QTime time = QTime(12, 0)) {
     bench.time.SetNow(QDateTime(QDate(1998, 10, 4), time));
     bench.clock.Show();
     bench.upper.TakeRecord();
 }
 
-/// What the upper line shows in this many turns.
+/// What the upper line shows during `count` turns of the rotation.
 QStringList Turns(ClockBench& bench, int count) {
     bench.time.Advance(count * kTurn);
     return bench.upper.TakeRecord();
@@ -96,7 +96,7 @@ void TstZoneLine::TheMinuteTurnsWhileItIsShown_data() {
     QTest::newRow("without seconds below") << kLanguageOldJapanese;
 }
 
-/// The turn comes at 12:59:55 and lasts until 13:00:05.
+/// The zone's turn begins at 12:59:55 and lasts until 13:00:05.
 void TstZoneLine::TheMinuteTurnsWhileItIsShown() {
     QFETCH(const qint32, language);
     ClockBench bench(WithLondon(), language);

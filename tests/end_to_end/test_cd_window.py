@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""The CD player operated in its window: disc images, recorded sample by sample on a real sound server."""
+"""The CD player operated through its window: disc images, recorded sample by sample on a real sound server."""
 
 import unittest
 from pathlib import Path
@@ -82,15 +82,14 @@ class Buttons(CdCase):
         self.wait_total(3, "0:12")
 
     def pause(self):
-        """Pauses, waits until buffered sound has played; returns what was heard until then."""
+        """Pauses and waits until buffered sound has played; returns what was heard until then."""
         self.press(PAUSE)
         self.wait_caption("一時停止")
         self.wait_enabled({PAUSE})
         return steady(lambda: self.heard(self.disc), "the silence of a pause")
 
     def wait_piece_from(self, track, count, seconds):
-        """Waits until `count` pieces were heard, the last of them from the start of `track` and for at least
-        `seconds`."""
+        """Waits until `count` pieces were heard, the last one from the start of `track` and for at least `seconds`."""
         self.assertEqual(self.wait_piece(self.disc, count, seconds)[-1].start, self.disc.track(track))
 
     def test_a_pause_keeps_every_sample(self):
@@ -119,11 +118,11 @@ class Buttons(CdCase):
         self.wait_lines(lower="[ 2 ]    0:03")
         self.play()
         self.wait_piece_from(2, 1, 0.1)
-        self.press(PREVIOUS)  # within the first half second of the track
+        self.press(PREVIOUS)  # within the first second of the track
         self.wait_piece_from(1, 2, 0.1)
         self.press(NEXT)
         self.wait_piece_from(2, 3, 2)
-        self.press(PREVIOUS)  # after the first half second
+        self.press(PREVIOUS)  # after the first second
         self.wait_piece_from(2, 4, 0.1)
         self.press(NEXT)
         self.wait_piece_from(3, 5, 0.1)
@@ -160,7 +159,7 @@ class Buttons(CdCase):
         self.hold(REWIND, lambda: self.wait_lines(lower="[ 1 ]    0:00"))
         self.wait_heard(self.disc, lambda pieces: pieces[-1].start == self.disc.track(1) and pieces[-1].seconds > 0.3,
                         "the disc from its start")
-        self.hold(FORWARD, lambda: self.wait_caption("停止"))  # at the end of the disc
+        self.hold(FORWARD, lambda: self.wait_caption("停止"))  # up to the end of the disc
         self.wait_total(3, "0:12")
 
     def hold(self, name, wait):
@@ -207,7 +206,7 @@ class Titles(CdCase):
                 self.press(NEXT)
                 self.wait_lines(upper=TITLES[2], lower="[ 2 ]    0:03")
                 self.play()
-                self.wait_lines(upper=TITLES[3], lower=lambda text: text.startswith("[ 3 ]    0:0"))  # by itself
+                self.wait_lines(upper=TITLES[3], lower=lambda text: text.startswith("[ 3 ]    0:0"))  # automatically
                 wait_for(lambda: self.shown_title() == TITLES[3], "the title of the last track")
                 self.press(STOP)
                 self.wait_lines(upper=TITLES[0])

@@ -1,7 +1,7 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""The window among other windows, as chosen in the settings: it hides under full-screen windows, the window switcher
-reaches it, and the windows that it opens stay on top. Whatever is not about window managers that end happens without the
-program's time passing: it is not polled."""
+"""The window among other windows, as chosen in the settings: it hides under full-screen windows, the window switcher can
+select it, and the windows that it opens stay on top. Except when a window manager ends, all this happens while the
+program's time stands still, so without polling."""
 
 import os
 import signal
@@ -35,7 +35,7 @@ class DesktopCase(TickwellCase):
         self.time.advance(START_UP_DELAY)
 
     def start_rival(self, name="rival"):
-        """Starts another program; its window covers neither the clock's place nor much else."""
+        """Starts another program; its window does not cover the clock's position and covers little else."""
         program = self.session.spawn(["xmessage", "-name", name, "-geometry", "400x300+500+500", name])
         self.rival = self.session.windows.wait(name=name)
         return program
@@ -55,14 +55,14 @@ class DesktopCase(TickwellCase):
         wait_for(lambda: tuple(main_window(self.app).extents) == PLACE, "the clock at its place")
 
     def wait_kept_shown(self):
-        """A dying window manager can swallow the request to show a window; the next check repeats it."""
+        """A window manager that is ending can swallow the request to show a window; the next check repeats it."""
         wait_for(lambda: self.time.advance(TICK) and self.clock.is_viewable(), "the clock shown")
 
     def assert_stays(self, expected):
         self.assertEqual(steady(lambda: "shown" if self.clock.is_viewable() else "hidden", "the clock"), expected)
 
     def check_silent_end(self):
-        """The program goes on, and has printed nothing, such as errors of the X server."""
+        """The program keeps running and has printed nothing, not even errors of the X server."""
         self.second_start()
         self.wait_shown()
         self.assertEqual(self.app.program.output(), "")
@@ -126,7 +126,7 @@ class HidingTests:
         self.assert_stays("shown")
         self.fill_screen(False)
         wait_for(lambda: FULL_SCREEN not in self.session.windows.states(self.rival), "the rival small")
-        self.time.advance(TICK)  # and the program has noticed that
+        self.time.advance(TICK)  # the program has noticed this
         self.fill_screen()
         self.wait_hidden()
         self.second_start("--menu")
@@ -172,8 +172,9 @@ class Xfwm4Hiding(HidingTests, DesktopCase):
 
 class SwitcherTests:
     def switch(self):
-        """Chooses the previous window with the window manager's switcher. A busy window manager that sees the keys
-        released before it has grabbed the keyboard switches to nothing, so Alt is held as long as a user would."""
+        """Selects the previous window with the window manager's switcher. A busy window manager may see the keys
+        released before it has grabbed the keyboard, and then switches to nothing, so Alt is held as long as a user
+        would."""
         self.session.hand.hold("alt", "Tab")
 
     def start_focused_rival(self):

@@ -64,7 +64,7 @@ class VirtualTimeTest(FolderCase):
     def test_refused_command_is_an_error(self):
         with self.assertRaisesRegex(VirtualTimeError, "error advance -1"):
             self.time.advance(-1)
-        self.assertEqual(self.time.advance(1).tick, TICK + 1)  # this answer belongs to this command
+        self.assertEqual(self.time.advance(1).tick, TICK + 1)  # the answer belongs to this command
 
     def test_silence_ends(self):
         with self.assertRaises(TimedOut):
@@ -82,7 +82,7 @@ class VirtualTimeTest(FolderCase):
         self.assertEqual(set(os.listdir("/proc/self/fd")), before)
         self.time.close()
         self.time.close()
-        self.assertEqual(self.program.wait_end(), 0)  # it has read the end of the command pipe
+        self.assertEqual(self.program.wait_end(), 0)  # it has read end of file from the command pipe
 
 
 class SettingsFileTest(FolderCase):
@@ -108,17 +108,17 @@ class SettingsFileTest(FolderCase):
 
 
 class SessionTest(FolderCase):
-    """Sessions after their end, whichever way they ended."""
+    """Sessions after their end, however they ended."""
 
     def assert_nothing_left(self, directory):
         self.assertEqual(processes.marked(directory), [])
         self.assertFalse(directory.exists())
 
     def test_nothing_is_left(self):
-        Session().close()  # the first session makes libraries keep some descriptors
+        Session().close()  # during the first session, libraries open descriptors and keep them
         descriptors = len(os.listdir("/proc/self/fd"))
         with Session() as session:
-            # Screen, two buses, registry, window manager.
+            # The screen, two buses, the registry and the window manager.
             self.assertGreaterEqual(len(processes.marked(session.directory)), 5)
             # One process that ignores SIGTERM, and one that moves to its own process group.
             script = "trap : TERM; setsid sleep 1000 & echo up; wait; sleep 1000"
@@ -270,7 +270,7 @@ class TickwellTest(TickwellCase):
     window_manager = None
 
     def setUp(self):
-        """Replaces the program under test by a fake Tickwell with master files next to it."""
+        """Replaces the program under test by a fake one with master files next to it."""
         super().setUp()
         build = self.session.directory / "build"
         build.mkdir()

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""The look of the main window and its place on the screens, as chosen in the settings."""
+"""The appearance of the main window and its position on the screens, as chosen in the settings."""
 
 import subprocess
 

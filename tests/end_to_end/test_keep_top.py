@@ -31,7 +31,7 @@ class KeepTopCase(TickwellCase):
         return rival
 
     def check_back_above(self, rival):
-        """Checks that after one tick the window is back above at its place, and the rival still has the focus."""
+        """Checks that after one tick the window is on top again at its position, and the rival still has the focus."""
         windows = self.session.windows
         wait_for(lambda: windows.is_above(rival, self.ours), "the rival above")
         self.time.advance(TICK)

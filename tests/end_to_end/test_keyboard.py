@@ -30,7 +30,7 @@ class KeyboardCase(SettingsCase):
         wait_for(lambda: self.place() == place, f"the clock at {place}")
 
     def open_rival(self):
-        """Opens another program's window with the focus; returns its id."""
+        """Opens another program's window, which takes the focus; returns its id."""
         self.session.spawn(["xmessage", "-name", "rival", "-geometry", "300x200+700+500", "rival"])
         rival = self.session.windows.wait(name="rival")
         self.wait_focus(rival)
@@ -73,7 +73,7 @@ class Keys(KeyboardCase):
         self.focus_clock()
         self.session.hand.key("Escape")
         self.wait_focus(rival)
-        # From the menu, opened by the mouse and by a second start.
+        # The menu is opened first with the mouse, then by a second start.
         self.session.hand.click(main_window(self.app))
         self.app.wait(role="popup menu", name="メニュー", showing=True)
         self.session.hand.key("Down", "Escape")
@@ -152,7 +152,7 @@ class Windows(KeyboardCase):
         self.page("時報")
         self.session.hand.key("F1")
         self.wait_help_at("時報")
-        self.session.hand.key("Escape")  # the help is usable although the settings block the other windows
+        self.session.hand.key("Escape")  # the help stays usable while the modal settings dialog is open
         self.app.wait_gone(name=HELP, showing=True)
 
     def test_a_second_start_opens_a_window(self):

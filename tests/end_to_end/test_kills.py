@@ -109,7 +109,7 @@ class Life:
         self._check_alive()
 
     def _check_alive(self):
-        """Fails if the program was killed: its windows are gone then, too, but nothing may have been stored."""
+        """Fails if the program was killed: its windows disappear then, too, but nothing may have been stored."""
         if self._killed.is_set():
             raise RuntimeError("killed")
 

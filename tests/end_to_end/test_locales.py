@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""The windows look the same whatever the language of the desktop is."""
+"""The windows look the same in every language of the desktop."""
 
 import os
 import unittest
@@ -51,7 +51,7 @@ class Locales(TickwellCase):
         return pictures
 
     def keep(self, pictures, locale):
-        """Saves them for whoever wants to look at them."""
+        """Saves them for inspection."""
         folder = os.environ.get(ARTIFACTS_VARIABLE)
         if folder:
             Path(folder).mkdir(parents=True, exist_ok=True)

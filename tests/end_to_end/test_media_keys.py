@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""Media keys: the CD player as playerctl, gdbus and other programs find and operate it on the session bus."""
+"""Media keys: the CD player as playerctl, gdbus and other programs find and control it on the session bus."""
 
 import os
 import signal
@@ -29,7 +29,7 @@ MICROSECOND = 1_000_000
 CALLS = 1000
 UNANSWERED = 2.0  # s
 MOST_MEMORY = 20 * 2**20  # bytes that a flood of calls may leave behind
-LOOK = 15.0 * SLOWNESS  # s; the program looks every ten for a disc that was taken out
+LOOK = 15.0 * SLOWNESS  # s; every ten seconds the program checks whether the disc was removed
 LENGTHS = (321, 227, 383)  # sectors of the tracks; the pause before the second belongs to the first
 
 
@@ -63,7 +63,7 @@ class PlayerCase(CdCase):
         return self.call("Get", "(ss)", interface, name, interface=PROPERTIES)[0]
 
     def playerctl(self, *arguments):
-        """What playerctl prints; its player is this one if it is the only one."""
+        """Runs playerctl, which controls this player because it is the only one; returns exit code, output and errors."""
         run = subprocess.run(["playerctl", *arguments], env=self.session.environment, timeout=30, capture_output=True,
                              check=False)
         return run.returncode, run.stdout.decode("utf-8").strip(), run.stderr.decode("utf-8").strip()
@@ -89,7 +89,7 @@ class Finding(PlayerCase):
         self.assertEqual((code, output, errors), (1, "", "No players found"))
         for name in dbus_calls.call(self.bus, dbus_calls.BUS, "ListNames")[0]:
             if name.startswith(":") and dbus_calls.process_of(self.bus, name) == self.app.program.pid:
-                with self.assertRaises(GLib.Error):  # a library's connection may not even answer
+                with self.assertRaises(GLib.Error):  # some client libraries do not even answer
                     dbus_calls.call(self.bus, (name, PATH, PLAYER), "Stop", timeout=UNANSWERED)
         self.wait_caption("再生")
         self.quit()
@@ -108,7 +108,8 @@ class Finding(PlayerCase):
         self.wait_found(False)
 
     def settings_with(self, use):
-        """Uses page 連携 of the settings dialog, which may be open already."""
+        """Opens page 連携 of the settings dialog, which may already be open, and passes `use` a function that clicks
+        controls."""
         if not self.app.find(role="dialog", name="環境設定", showing=True):
             choose(self.session, self.app, "環境設定")
         dialog = self.app.wait(role="dialog", name="環境設定", showing=True)
@@ -186,7 +187,7 @@ class Operating(PlayerCase):
         wait_for(has_come, what)
 
     def wait_changes(self, expected):
-        """Waits until these changes were told, in this order and without others; forgets them."""
+        """Waits until exactly these changes were announced, in this order; then discards them."""
         self.wait_news(lambda: len(self.changes) >= len(expected), f"the changes {expected}, not {self.changes}")
         self.assertEqual(self.changes, expected)
         self.changes.clear()
@@ -217,7 +218,7 @@ class Operating(PlayerCase):
         self.wait_status("Paused")
         self.wait_caption("一時停止")
         for word in ("next", "previous", "pause"):
-            self.playerctl(word)  # it says that the player cannot
+            self.playerctl(word)  # playerctl reports that the player does not support it
         self.assertEqual(self.refused("Stop"), "NotSupported")
         self.wait_status("Paused")
         self.do("play-pause")
@@ -244,11 +245,11 @@ class Operating(PlayerCase):
         self.wait_news(lambda: len(self.jumps) == 2, "two jumps")
         self.assertEqual(self.jumps[0], 2 * MICROSECOND)
         old = self.track(1)["mpris:trackid"]
-        self.assertEqual(self.call("Seek", "(x)", 60 * MICROSECOND), ())  # beyond the end
+        self.assertEqual(self.call("Seek", "(x)", 60 * MICROSECOND), ())  # beyond the end of the track
         self.wait_track(2)
         for position in (-1, LENGTHS[1] * MICROSECOND // 75 + 1, 2**63 - 1, -2**63):
             self.assertEqual(self.call("SetPosition", "(ox)", self.track(2)["mpris:trackid"], position), ())
-        self.assertEqual(self.call("SetPosition", "(ox)", old, MICROSECOND), ())  # not the current track any more
+        self.assertEqual(self.call("SetPosition", "(ox)", old, MICROSECOND), ())  # no longer the current track
         self.assertEqual(self.call("SetPosition", "(ox)", self.track(2)["mpris:trackid"], 2 * MICROSECOND), ())
         self.wait_news(lambda: self.jumps and self.jumps[-1] == 2 * MICROSECOND, "the jump to a position")
         self.assertEqual(self.call("Seek", "(x)", -2**63), ())
@@ -261,7 +262,7 @@ class Operating(PlayerCase):
         self.do("play")
         self.wait_changes([{"PlaybackStatus": "Playing", "CanSeek": True}])
         wait_for(lambda: self.get("Position") > MICROSECOND, "the position of the second second")
-        self.wait_changes([{"Metadata": self.track(2)}])  # by itself
+        self.wait_changes([{"Metadata": self.track(2)}])  # the track changes by itself
         self.press(PAUSE)
         self.wait_changes([{"PlaybackStatus": "Paused", "CanGoNext": False, "CanGoPrevious": False, "CanSeek": False}])
         paused = self.get("Position")
@@ -326,7 +327,7 @@ class Operating(PlayerCase):
         self.quit()
 
     def flood(self, words):
-        """Sends calls without waiting, then waits for their answers; returns how many had which error."""
+        """Sends the calls without waiting, then waits for their replies; returns the number of each error."""
         answers = []
 
         def answered(connection, result):

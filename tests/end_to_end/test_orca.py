@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""A tour of the windows with the screen reader Orca: what it says to a user of the keyboard."""
+"""A tour of the windows with the screen reader Orca: what a keyboard user hears."""
 
 import unittest
 
@@ -7,8 +7,8 @@ from driver import screen_reader
 from driver.settings_case import SettingsCase
 from driver.tickwell import tickwell_command
 
-# Keys, and what is said after each of them. Texts are parts of an utterance. Of menu items Orca says only whether they
-# are checked.
+# Keys, and what is said after each of them: parts of an utterance. Of menu items, Orca says only whether they are
+# checked.
 TIMER = (("Up", "1"), ("Tab", "分 0 spin button"), ("Tab", "秒後 15 spin button"),
          ("Tab", "指定時間が来たら繰り返す check box not checked"), ("space", "checked"),
          ("Tab", "スタート push button"), ("Tab", "リセット push button"), ("Tab", "ヘルプ push button"))
@@ -38,7 +38,7 @@ class Orca(SettingsCase):
         self.reader.wait_said("カレンダー")
         self.tour((("Down", "ﾃﾞｼﾞﾀﾙ時計 checked"), ("Down", "Windows時計"), ("Escape", "Tickwell frame")))
         self.reader.wait_said("平成10年11月15日(日曜日) 午後9時05分18秒")
-        # By itself after five seconds, and not before.
+        # Automatically after five seconds, and not before.
         for _ in range(5):
             self.time.advance(1000)
         self.reader.wait_said("平成10年11月15日(日曜日) 午後9時05分23秒")
@@ -84,7 +84,7 @@ class Orca(SettingsCase):
     def test_the_settings(self):
         self.start()
         self.open()
-        self.reader.wait_said("文字表示 page tab")  # and sometimes the name of the dialog before it
+        self.reader.wait_said("文字表示 page tab")  # sometimes preceded by the name of the dialog
         self.tour((("Right", "時計 page tab"), ("Right", "ロール page tab"), ("Right", "時報 page tab"),
                    ("Tab", "時報音"), ("Down", "赤ちゃん")))
 

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""Commands of other programs, over the session bus and from the shell."""
+"""Commands of other programs, sent over the session bus and from the shell."""
 
 import os
 import signal
@@ -24,7 +24,7 @@ CLOCK = (NAME, PATH, NAME)
 ON = {"Remote": {"AcceptsCommands": "True"}}
 BOX = check("ほかのプログラムからの操作を受ける")
 NOBODY = "no running clock accepts commands (page 連携 of its settings)"
-LINES = 20  # pixels; the main window's upper line is above
+LINES = 20  # pixels; the main window's upper line is above this y
 CALLS = 1000
 BUS_PATIENCE = 8.0 * SLOWNESS  # s; sd-bus alone would wait for 25
 MOST_MEMORY = 20 * 2**20  # bytes that a flood of calls may leave behind
@@ -58,7 +58,7 @@ class RemoteCase(SettingsCase):
         return dbus_calls.call(self.bus, CLOCK, method, signature, *arguments)
 
     def refused(self, method, signature="()", *arguments):
-        """The error of a call, and its text."""
+        """The error name and the message of a call that is refused."""
         with self.assertRaises(GLib.Error) as caught:
             self.call(method, signature, *arguments)
         return Gio.dbus_error_get_remote_error(caught.exception), caught.exception.message.partition(": ")[2]
@@ -83,7 +83,7 @@ class Off(RemoteCase):
         stored = settings_path(self.session).read_bytes()
         self.choose("ｽﾄｯﾌﾟｳｫｯﾁ")
         wait_lines(self.app, upper="ストップウォッチ")
-        time.sleep(2)  # real time, twice as long as the offer would take
+        time.sleep(2)  # real time, twice as long as it takes to offer the commands
         self.assertEqual(self.names(), before)
         self.assert_nobody()
         owner = dbus_calls.call(self.bus, dbus_calls.BUS, "ListNames")[0]
@@ -276,7 +276,7 @@ class Floods(RemoteCase):
         self.window_id = wait_on_screen(self.session, self.app)
 
     def flood(self, calls):
-        """Sends all calls without waiting, then waits for their answers; returns how many had which error."""
+        """Sends all calls without waiting, then waits for their replies; returns the number of each error."""
         answers = []
 
         def answered(connection, result):
@@ -312,7 +312,7 @@ class Floods(RemoteCase):
         self.app.program.check_running()
 
     def test_nonsense(self):
-        """Each is answered with an error that says what is allowed, and changes nothing."""
+        """Nonsense is answered with an error that states what is allowed, and changes nothing."""
         lines = wait_lines(self.app)
         before = anonymous_memory(self.app.program.pid)
         invalid = "org.freedesktop.DBus.Error.InvalidArgs"

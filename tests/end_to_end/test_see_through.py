@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""What is seen through the main window, and clicks that go through it."""
+"""The transparent main window, and clicks that pass through it."""
 
 import re
 
@@ -10,7 +10,7 @@ from driver.tray_hosts import TrayIcon, start_trayer
 from driver.waiting import wait_for
 
 WHITE, RED, BLUE = (255, 255, 255), (255, 0, 0), (0, 0, 255)
-PLACE = {"Win_Left": "1500", "Win_Top": "1500"}  # 100, 100
+PLACE = {"Win_Left": "1500", "Win_Top": "1500"}  # twips: 100, 100 in pixels
 TEXTS = {"BackColor": "255", "A_Color": "16711680", "B_Color": "16711680"}  # blue on red
 PASS = "クリックを下の窓に通す"
 ACCEPT = "クリックを受ける"
@@ -18,7 +18,7 @@ ACCEPT = "クリックを受ける"
 
 class SeeThroughCase(SettingsCase):
     def start_below(self):
-        """A white window that is larger than the clock and reports its clicks."""
+        """Opens a white window that is larger than the clock and reports its clicks."""
         self.below = self.session.spawn(["xev", "-event", "mouse", "-geometry", "400x300+50+50"])
         self.session.windows.wait(name="Event Tester")
 
@@ -26,7 +26,7 @@ class SeeThroughCase(SettingsCase):
         return len(re.findall("^ButtonPress", self.below.output(), re.MULTILINE))
 
     def shown(self):
-        """The colours of the clock's area on the screen, most frequent first."""
+        """The colours on the screen in the clock's area, most frequent first."""
         return [colour for _, colour in colours(self.session.grab(main_window(self.app).extents), most=3)]
 
 
@@ -77,7 +77,7 @@ class ClickRoads:
     """Tests for every window manager."""
 
     def click_clock(self):
-        """Clicks the middle of the clock; returns whether the window below got it."""
+        """Clicks the middle of the clock; returns whether the window below received the click."""
         before = self.clicks()
         self.session.hand.click(main_window(self.app))
         got = []
@@ -119,7 +119,7 @@ class ClickRoads:
         self.assertFalse(self.click_clock())
         self.assertEqual(self.session.windows.wait(name="Tickwell", pid=self.app.program.pid), window)
         self.assertEqual(tuple(main_window(self.app).extents), place)
-        x, y, width, height = place  # also where it is widened afterwards
+        x, y, width, height = place  # the area that is widened below must also receive clicks
         self.session.hand.drag((x + width - 1, y + height // 2), (x + width + 80, y + height // 2))
         wait_for(lambda: main_window(self.app).extents[2] > width + 40, "the wider window")
         before = self.clicks()

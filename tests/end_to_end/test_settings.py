@@ -232,7 +232,7 @@ class Login(SettingsCase):
             try:
                 if (os.readlink(f"/proc/{pid}/exe"), os.readlink(f"/proc/{pid}/cwd")) == expected:
                     return True
-            except OSError:  # ended meanwhile
+            except OSError:  # ended in the meantime
                 pass
         return False
 

@@ -1,6 +1,6 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""The settings' pages of today's calendar and of the corrections, operated with the keyboard alone and read as a
-screen reader reads them."""
+"""The settings pages for the calendar of present-day Japan and for the corrections, operated with the keyboard alone
+and read as by a screen reader."""
 
 from driver.settings_case import SettingsCase
 from driver.waiting import wait_for

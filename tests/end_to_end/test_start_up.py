@@ -52,7 +52,7 @@ class StartUp(TickwellCase):
     def test_a_bad_setting_is_named_and_left_as_it_is(self):
         for section, key in (("SetUp", "Op_Speed"), ("Digital", "TypeHour"), ("SetUp", "Win_Width"), ("Wape", "Time")):
             with self.subTest(key):
-                # No other box comes with it, such as the one about a missing CD drive.
+                # No other box appears, such as the one about a missing CD drive.
                 write_settings(self.session, {section: {key: "<b>wide</b>"}})
                 before = settings_path(self.session).read_bytes()
                 self.assert_refused(start_tickwell(self.session), f"[{section}] {key}=<b>wide</b>\n",

@@ -298,7 +298,7 @@ class Report(StopwatchCase):
         self.assertTrue(box.find(role="label", name=ASKED), box.dump())
         self.session.hand.key("Escape")
         self.app.wait_gone(role="alert message", name="印刷", showing=True)
-        self.print()  # the first document to be printed, even if the program ends meanwhile
+        self.print()  # the first document to be printed, even if the program ends in the meantime
         self.session.windows.close_window(wait_on_screen(self.session, self.app))
         self.assertEqual(self.app.program.wait_end(), 0)
         self.assertEqual(len(cups.wait_documents(1)), 1)

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""The clock in a Wayland session of sway, through XWayland: focus, place, width and the rules that the help names."""
+"""The clock in a Wayland session of sway, through XWayland: focus, position, width, and the rules given in the help."""
 
 import html
 import re
@@ -16,7 +16,7 @@ from driver.waiting import steady, wait_for
 START_UP_DELAY = 11000  # ms
 CLOCK = "Tickwell"
 HEIGHT = 40  # pixels, with the default fonts
-LOWEST = 50  # pixels: sway makes no window lower unless told so
+LOWEST = 50  # pixels; sway's default minimum height of a window
 
 
 def rules_of_the_help():
@@ -64,7 +64,7 @@ class Plain(SwayCase):
         x, y, width, height = self.start()
         moved = self.drag((x + 60, y + 20), (160, 80))
         self.assertEqual(moved[2:], (width, height))
-        # sway takes over once the pointer has gone far enough to be a drag: a step later than the press
+        # sway takes over once the pointer has moved far enough for a drag: one step after the press.
         self.assertTrue(140 <= moved[0] - x <= 160 and 70 <= moved[1] - y <= 80, moved)
         again = self.drag((moved[0] + 60, moved[1] + 20), (-80, 160))
         self.assertEqual(again[2:], (width, height))

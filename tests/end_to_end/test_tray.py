@@ -122,7 +122,7 @@ class BusHost(HostRoads, TrayCase):
         wait_for(is_chosen, f"{caption} chosen from the panel's menu")
 
     def tray_menu(self):
-        """The place of the menu, which a helper process of the panel shows; None while it is closed."""
+        """The position of the menu, which a helper process of the panel shows; None while it is closed."""
         shown = self.shown() - self.without_menu
         return next((place for place in map(self.session.windows.geometry, shown) if place.x >= 0), None)
 

@@ -19,7 +19,7 @@ from driver.waiting import wait_for
 
 START_UP_DELAY = 11000  # ms
 TICK = 2000
-# By menu item: the title of the window that it opens.
+# The title of the window that each menu item opens.
 OPENED = {"ﾀｲﾏｰ": "タイマー", "CDﾌﾟﾚｰﾔｰ": None, "操作ｳｨﾝﾄﾞｳの表示": "CDプレーヤー", "ﾍﾙﾌﾟ": "Tickwell ヘルプ",
           "カレンダー": "カレンダー", "バージョン情報": "Tickwellのﾊﾞｰｼﾞｮﾝ情報", "環境設定": "環境設定"}
 DECLARED = {"_NET_WM_STATE_ABOVE", "_NET_WM_STATE_SKIP_TASKBAR", "_NET_WM_STATE_SKIP_PAGER"}
@@ -54,7 +54,7 @@ class ManagerCase(TickwellCase):
         wait_for(lambda: not self.window.is_viewable(), "the window iconified")
 
     def look(self):
-        """Advances time until the program has noticed what happened to its window and restored it."""
+        """Advances time until the program has noticed a change of its window and has restored it."""
         wait_for(lambda: self.time.advance(TICK) and self.window.is_viewable(), "the window back")
 
     def wait_back(self):
@@ -144,10 +144,10 @@ class Kwin(ManagerTests, ManagerCase):
 
 
 class Stopped(ManagerCase):
-    """A hanging window manager can keep new windows off the screen, but nothing else."""
+    """A window manager that hangs can keep new windows off the screen, but affects nothing else."""
 
     def step(self, caption):
-        """Chooses an item of the menu, which a second start opens, and lets the program check its window."""
+        """Chooses an item of the menu, opened by a second start, and lets the program check its window."""
         with keeps_answering(self.session, self.app.program, self.window.xid):
             self.second_start("--menu")
             self.session.hand.click(self.app.wait(role="popup menu", name=MENU).wait(name=caption))

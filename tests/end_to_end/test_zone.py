@@ -45,7 +45,7 @@ class Zone(SettingsCase):
     def test_it_is_shown_after_a_start_and_its_minute_turns(self):
         self.start({"Face": {"ShowsZone": "True", "Zone": "Europe/London", "ZoneName": "ロンドン"}},
                    wall="1998-11-15T11:59:35")
-        wait_lines(self.app, upper=DATE)  # from 11:59:46 on
+        wait_lines(self.app, upper=DATE)  # shown from 11:59:46 on
         self.time.advance(TURN)
         wait_lines(self.app, upper="ロンドン 2:59")
         self.time.advance(5000)

@@ -10,7 +10,7 @@
 
 namespace tickwell {
 
-/// Aborts the process if a promise is broken; the fuzzer then reports and keeps the input.
+/// Aborts the process if a requirement is violated; the fuzzer then reports and keeps the input.
 inline void Require(bool holds, const char* promise) {
     if (!holds) {
         std::fprintf(stderr, "broken: %s\n", promise);
@@ -43,5 +43,5 @@ private:
 
 }  // namespace tickwell
 
-/// Defined by each target. Accepts any input and returns 0; aborts the process if a promise is broken.
+/// Defined by each target. Accepts any input and returns 0; aborts the process if a requirement is violated.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Disc images: "C" and a cue sheet, "T" and a TOC file, or "N" and the chunks at the end of a single-file
-// image. The complete helper program reads them in a child process, because its library ends the process on a
+// image. The complete helper program reads them in a child process, because libcdio ends the process on a
 // damaged image and can crash on one. Both are allowed; a fault in the helper's own code, or an answer that
 // the program would not accept, is not.
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Titles of a disc as arbitrary bytes, through the helper and the program; and arbitrary answers of the
-// helper: whatever is shown is a short text on one line, and every title that the helper writes is one that
-// the program takes.
+// Arbitrary bytes as titles of a disc, passed through the helper and the program, and arbitrary answers of
+// the helper. Whatever is shown must be a short text on one line, and the program must accept every title
+// that the helper writes.
 
 #include "cd_helper/disc_titles.h"
 #include "fuzz/fuzz_check.h"
@@ -26,7 +26,7 @@ void RequireHarmless(const QString& title) {
     Require(title == title.trimmed(), "a title has no blanks around it");
 }
 
-/// A title from the disc to the window.
+/// Passes a title from the disc to the window.
 void CheckBytes(const QByteArray& bytes) {
     const std::string cut = cd_helper::CutTitle(cd_helper::SheetBytes(bytes.toStdString()));
     const auto encoded = QByteArray::fromStdString(cd_helper::PercentEncoded(cut));

@@ -27,7 +27,7 @@ namespace tickwell {
 
 namespace {
 
-constexpr int kEndFault = 77;        // our own code crashed in the child
+constexpr int kEndFault = 77;        // the helper's own code crashed in the child
 constexpr int kEndLibrary = 78;      // the library crashed
 constexpr unsigned kPatience = 200;  // s of real time, after which the child counts as hanging
 
@@ -72,7 +72,7 @@ void CatchFalls() {
     for (const int signal : {SIGSEGV, SIGBUS, SIGFPE, SIGILL}) {
         sigaction(signal, &action, nullptr);
     }
-    for (const int signal : {SIGABRT, SIGALRM}) {  // a broken promise or a hang
+    for (const int signal : {SIGABRT, SIGALRM}) {  // a violated requirement or a hang
         std::signal(signal, SIG_DFL);
     }
 }

@@ -49,7 +49,7 @@ QStringList MenuCaptions() {
 
 }  // namespace
 
-/// The delivered help text: it must suit the help window and the topics that the program opens.
+/// The delivered help text: it must fit the help window and contain the topics that the program opens.
 class TstHelpText : public QObject {
     Q_OBJECT
 
@@ -132,7 +132,7 @@ void TstHelpText::EveryTopicIsInTheIndex() {
     for (const HelpKeyword& keyword : m_page.index) {
         reached.insert(keyword.position);
     }
-    // Topic 1 and the questions are general and need no keyword.
+    // Topic 1 and the list of questions are general and need no keyword.
     const QSet<QString> general{u"topic1"_s, u"topic52"_s};
     for (auto anchor = m_page.anchors.begin(); anchor != m_page.anchors.end(); ++anchor) {
         if (anchor.key().startsWith(u"topic") && !general.contains(anchor.key())) {

@@ -53,7 +53,7 @@ QRect TextArea(const QString& text, qreal pixelRatio) {
 
 }  // namespace
 
-/// A text with an outline and nothing behind it.
+/// A text with an outline and without a background.
 class TstOutlinedText : public QObject {
     Q_OBJECT
 
@@ -91,7 +91,7 @@ void TstOutlinedText::TheTextIsOnTheOutline() {
     const QImage picture = Fresh(u"■"_s, Look(2));
     const QRect inked = Inked(picture);
     QCOMPARE(picture.pixel(inked.center()), qRgb(255, 255, 255));
-    QCOMPARE(picture.pixel(inked.left(), inked.center().y()) & 0x00FFFF, 0U);  // red or a part of it
+    QCOMPARE(picture.pixel(inked.left(), inked.center().y()) & 0x00FFFF, 0U);  // red or a fraction of it
     QCOMPARE(picture.pixel(picture.width() - 1, picture.height() - 1), 0U);
     for (int y = 0; y < picture.height(); ++y) {
         for (int x = 0; x < picture.width(); ++x) {

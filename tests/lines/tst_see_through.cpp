@@ -29,7 +29,7 @@ struct Bench {
 
     QImage Picture() {
         QImage picture(word.size(), QImage::Format_ARGB32_Premultiplied);
-        picture.fill(Qt::blue);  // what the line leaves there is not its own
+        picture.fill(Qt::blue);  // pixels that stay blue were not painted by the line
         word.render(&picture);
         return picture;
     }
@@ -49,7 +49,7 @@ constexpr QRgb kRed = qRgb(255, 0, 0);
 
 }  // namespace
 
-/// A line that paints nothing behind its text.
+/// A line without a background.
 class TstSeeThrough : public QObject {
     Q_OBJECT
 

@@ -56,7 +56,7 @@ struct CdBench {
         }
     }
 
-    /// The commands to the drive since the last call.
+    /// The commands sent to the drive since the last call.
     QStringList Done() { return drive.TakeRecord(); }
     void TakeAll() { drive.TakeRecord(); }
     qint32 State() const { return player.State().CdState; }
@@ -91,7 +91,7 @@ struct ReadyBench : CdBench {
     }
 };
 
-/// The drive's record of a play command, given in seconds.
+/// A play command as recorded by the fake drive; the positions are in seconds.
 inline QString PlayFrom(int second, int toSecond = 300) {
     return QStringLiteral("play %1 %2").arg(second * 44'100).arg(toSecond * 75);
 }

@@ -28,7 +28,7 @@ CdPlayerState StateOf(qint32 state, qint32 track = 0) {
 
 }  // namespace
 
-/// Where the player is on the disc.
+/// The player's position on the disc.
 class TstCdReading : public QObject {
     Q_OBJECT
 

@@ -109,7 +109,7 @@ void TstCdTitles::TheNextTrackIsNamedByItself() {
     QCOMPARE(bench.Both(), u"夜の音楽 / [ Total ]    5:00"_s);
 }
 
-/// Other windows write texts to the lines for a moment.
+/// Other windows show temporary texts on the lines.
 void TstCdTitles::ATextOfAnotherIsLeftAlone() {
     Bench bench;
     bench.Click(kCdPlay);
@@ -149,7 +149,7 @@ void TstCdTitles::TheSettingsShowAndHideThem() {
     bench.drive.looks = 0;
     bench.media.FollowSettings();
     QCOMPARE(bench.upper.Text(), u"月の光"_s);
-    QCOMPARE(bench.drive.looks, 0);  // they are known
+    QCOMPARE(bench.drive.looks, 0);  // the titles are already known
     bench.showsTitles = false;
     bench.media.FollowSettings();
     bench.drive.SetTitles({});
@@ -165,7 +165,7 @@ void TstCdTitles::NobodyLooksForThemUnlessTheyAreShown() {
     bench.Start(ThreeTracks());
     bench.drive.looks = 0;
     bench.showsTitles = true;
-    bench.media.FollowSettings();  // the player was not opened
+    bench.media.FollowSettings();  // the player was never opened
     QCOMPARE(bench.drive.looks, 0);
 }
 

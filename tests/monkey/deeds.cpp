@@ -300,7 +300,7 @@ void Deeds::PressAButton() {
     m_hands.Click(button, QPoint(std::min(8, button.width() / 2), button.height() / 2), Qt::LeftButton, {});
 }
 
-/// Clicks one of the buttons that lead to other windows and states, because random clicks seldom find several
+/// Clicks one of the buttons that lead to other windows and states, because random clicks rarely hit several
 /// of them in sequence.
 void Deeds::PressOnPurpose() {
     static const QStringList leading{
@@ -343,7 +343,7 @@ void Deeds::ChooseATab() {
     m_hands.Click(*bar, bar->tabRect(tab).center(), Qt::LeftButton, {});
 }
 
-/// Prefers the help window and the about box, which have little else to be tested.
+/// Prefers the help window and the about box, in which there is little else to test.
 void Deeds::CloseAWindow() {
     QWidget* window = SomeWindow();
     for (QWidget* each : Hands::Windows()) {

@@ -124,7 +124,7 @@ void Deeds::StartAgain() {
     }
 }
 
-/// Another program calls, sometimes with nonsense, if it is allowed to.
+/// Another program calls, sometimes with nonsense, if commands are enabled.
 void Deeds::SendACommand() {
     Machine& now = m_world.Now();
     const QStringList functions{u"clock"_s, u"1"_s, u"stopwatch"_s, u"timer"_s,
@@ -147,12 +147,12 @@ void Deeds::SendACommand() {
     now.wasShownForNow = now.wasShownForNow || method == u"Show" || method == u"Stopwatch";
     try {
         now.commands.Call(method, arguments);
-    } catch (const remote::RefusedCall&) {  // it must say why
+    } catch (const remote::RefusedCall&) {  // the refusal must give a reason
         Trail::Note(u"refused"_s);
     }
 }
 
-/// Another program operates the CD player, sometimes with nonsense, if it finds it.
+/// Another program controls the CD player, sometimes with nonsense, if the player is on the bus.
 void Deeds::PressAMediaKey() {
     Machine& now = m_world.Now();
     const auto player = QString::fromLatin1(remote::kPlayerInterface);

@@ -21,8 +21,7 @@ public:
     }
     const QStringList& All() const { return m_all; }
 
-    /// Counts a state that was seen. The counts are printed at the end, to show which states a run never
-    /// reached.
+    /// Counts an observed state. The counts are printed at the end, to show which states a run never reached.
     void Met(const QString& state) { ++m_met[state]; }
     const QMap<QString, int>& AllMet() const { return m_met; }
 

@@ -77,7 +77,7 @@ void CheckSettingsFile(const World& world, Complaints& complaints) {
         }
         complaints.Unless(settings == world.Now().stored, u"the settings do not come back as they were"_s);
         FurtherSettings expected = world.Now().storedFurther;
-        // Stored at once, even by a box that outlives the main window.
+        // Stored at once, even if the message box outlives the main window.
         expected.tellsNoCdDrive = world.Now().state.started.further.tellsNoCdDrive;
         complaints.Unless(further == expected, u"the further settings do not come back as they were"_s);
         complaints.Unless(geometry.width > 0, u"a width of %1"_s.arg(geometry.width));

@@ -76,8 +76,8 @@ void CheckTimer(const Scene& scene, Complaints& complaints) {
                       u"the timer's repeat"_s);
 }
 
-/// The reading that the running tool must show now, or nothing if it shows none, or if the tick count has
-/// left its range meanwhile, which stops the reading.
+/// The reading that the running tool must show now, or nullopt if it shows none, or if the tick count has
+/// left its range in the meantime, which stops the reading.
 std::optional<qint32> ReadingOf(const Machine& now) {
     const qint32 function = now.state.started.settings.function;
     const timing::StopwatchState& watch = now.state.stopwatch;

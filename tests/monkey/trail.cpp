@@ -62,8 +62,8 @@ void TellAndDie(int number) {
 }
 
 /// Expected warnings: about features missing in the offscreen platform plugin, about drags that leave their
-/// window, about scripts that the installed fonts lack, and about entries that the user is told cannot be
-/// stored.
+/// window, about scripts that the installed fonts lack, and about entries that cannot be stored, which the
+/// user is informed of.
 bool IsOfTest(const QString& text) {
     return text.startsWith(QStringLiteral("This plugin does not support")) ||
            text.contains(QStringLiteral("occurs outside target window")) ||

@@ -52,13 +52,13 @@ struct Machine {
     app::ProgramState state;
     bool hasClosed = false;   ///< the main window has closed; a message box may still delay the end
     qint64 passed = 0;        ///< ms since the start
-    bool wasOddYear = false;  ///< the year was outside of the calendar's range at some time since the start
-    bool wasShownForNow = false;  ///< another program has chosen the function, which must not be stored
+    bool wasOddYear = false;  ///< the year has been outside the calendar's range at some time since the start
+    bool wasShownForNow = false;  ///< another program has chosen the function, so it must not be stored
     AppSettings stored;           ///< the settings when the main window closed
     FurtherSettings storedFurther;
     std::unique_ptr<app::RunningProgram> program;
 
-    /// Advances time, disc and sound together, and Qt's clock with them.
+    /// Advances time, disc and sound together, and Qt's timers with them.
     void Pass(qint64 milliseconds);
     void SetClock(const QDateTime& now);
 };

@@ -1,7 +1,6 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""The package in new, minimal systems of the Debian releases that it is made for: installed with all its dependencies,
-started by a new user, removed and purged. Needs several minutes, several hundred megabytes and a package mirror for
-each."""
+"""The package in new, minimal systems of the Debian releases that it supports: installed with all its dependencies,
+started by a new user, removed and purged. Each takes several minutes, several hundred megabytes and a package mirror."""
 
 import os
 import shutil
@@ -15,7 +14,7 @@ from driver.tickwell import MASTERS
 from driver.waiting import steady, wait_for
 
 USER = "newcomer"
-# A snapshot of a mirror may be past its expiry date.
+# A snapshot mirror may be past its expiry date.
 ANY_AGE = 'Acquire::Check-Valid-Until "false";'
 # Runs a command in the new system, with private mounts of /proc and /dev that end with it.
 WITHIN = """mount -t proc proc "$1/proc" && mount --rbind /dev "$1/dev" && root=$1 && shift && exec chroot "$root" "$@" """

@@ -70,9 +70,9 @@ class Contents(unittest.TestCase):
 
     def test_it_depends_on_libraries_that_no_binary_names(self):
         depends = field(package, "Depends")
-        self.assertRegex(depends, r"\blibsdl2-2\.0-0\b")  # loaded at the first sound
+        self.assertRegex(depends, r"\blibsdl2-2\.0-0\b")  # loaded when the first sound is played
         self.assertRegex(depends, r"\bfonts-monapo\b")
-        self.assertRegex(field(package, "Recommends"), r"\bxwayland\b")  # a Wayland session without it shows no clock
+        self.assertRegex(field(package, "Recommends"), r"\bxwayland\b")  # without it, no clock in a Wayland session
 
     def test_the_manual_pages_are_set_without_a_warning(self):
         environment = os.environ | {"LC_ALL": "C.UTF-8", "MANROFFSEQ": "", "MANWIDTH": "80"}
@@ -99,7 +99,8 @@ class Contents(unittest.TestCase):
         self.assertEqual(sizes, {"scalable", *(f"{size}x{size}" for size in (16, 22, 24, 32, 48, 64, 128, 256))})
 
     def test_the_lines_of_the_icon_are_sharp_in_every_size(self):
-        """Down a column of pixels through both lines, each pixel is of a line or of the dark ground, none in between."""
+        """In a column of pixels through both lines, each pixel has the colour of a line or of the dark background,
+        nothing in between."""
         icons = root / "usr/share/icons/hicolor"
         for size in (16, 22, 24, 32, 48, 64):
             with self.subTest(size), Image.open(icons / f"{size}x{size}/apps/tickwell.png") as icon:
@@ -154,7 +155,7 @@ class FirstStart(TickwellCase):
         self.assertLessEqual(set(MASTERS), set(os.listdir(self.data)))
         for name in set(MASTERS) - {"DayDate.mdb"}:
             self.assertEqual((self.data / name).read_bytes(), (self.root / "usr/share/tickwell" / name).read_bytes())
-        self.choose("CDﾌﾟﾚｰﾔｰ")  # the helper that reads discs is in another folder than the program
+        self.choose("CDﾌﾟﾚｰﾔｰ")  # the helper that reads discs is not in the program's folder
         wait_lines(self.app, upper="全トラック数 3")
         self.end()
 

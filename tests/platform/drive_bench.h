@@ -16,7 +16,7 @@ inline QString HelperPath() {
     return QStringLiteral(TICKWELL_CD_HELPER);
 }
 
-/// Timers of real time that run `speed` times as fast.
+/// Timers that run `speed` times as fast as real time.
 class QuickTimers : public TimerSource {
 public:
     explicit QuickTimers(int speed) : m_speed(speed) {}
@@ -32,14 +32,14 @@ private:
     QtTimers m_timers;
 };
 
-/// The program's drive with the real helper; `sound` collects what the output has played.
+/// The program's drive with the real helper; `sound` collects what was played.
 struct DriveBench {
     explicit DriveBench(const QString& source, const QString& helper = HelperPath(), int speed = 1)
         : timers(speed), drive(realTimers, output, helper, source, [this] { return wantsTitles; }) {
         drive.WhenChanged([this] { ++changes; });
     }
 
-    /// What a look found; Failed if it does not finish in time.
+    /// The result of a check; Failed if it does not finish in time.
     CdSeen Look() {
         drive.Look();
         const bool isSeen = QTest::qWaitFor([&] { return !drive.IsLooking(); }, kDrivePatience);

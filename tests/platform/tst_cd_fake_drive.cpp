@@ -25,7 +25,7 @@ constexpr int kBadSector = 400;
 
 }  // namespace
 
-/// A drive as the helper sees it: the helper runs with a library that simulates the kernel.
+/// A drive as seen by the helper, which runs with a library that simulates the kernel's interface.
 class TstCdFakeDrive : public QObject {
     Q_OBJECT
 
@@ -92,7 +92,7 @@ void TstCdFakeDrive::PutIn(const TestDisc& disc) {
         words += disc.tracks[i].hertz > 0 ? " a" : " d";
         words += QByteArray::number(disc.starts[i]);
     }
-    // Replaces the file by a new one, as a disc is replaced by another.
+    // Replaces the file, because a new file means a new disc.
     WriteAll(InFolder(u"next"_s), words + " L" + QByteArray::number(disc.end) + '\n');
     QCOMPARE(std::rename(qPrintable(InFolder(u"next"_s)), qPrintable(InFolder(u"disc"_s))), 0);
 }
@@ -130,7 +130,7 @@ void TstCdFakeDrive::ADiscPutInLaterIsFound() {
     PutIn(m_tones);
     QVERIFY(bench.Look() == kTonesSeen);
     TakeOut();
-    QVERIFY(bench.Seen() == kTonesSeen);  // no look was started
+    QVERIFY(bench.Seen() == kTonesSeen);  // no check was started
     QCOMPARE(bench.Look().status, media::CdStatus::NoDisc);
     QCOMPARE(bench.changes, 3);
 }
@@ -186,7 +186,7 @@ void TstCdFakeDrive::OnlyABadSectorIsSilent() {
     QVERIFY(!bench.drive.Picture().readError);
 }
 
-/// The drive needs 100 ms per read: a disc must be read faster than it is played, even with a bad sector.
+/// A read takes 100 ms: reading must be faster than playback, even with a bad sector.
 void TstCdFakeDrive::ASlowDriveKeepsUp() {
     constexpr qint64 kPlayingTime = 931 * 1000 / 75;  // ms
     PutIn(m_tones);
@@ -265,7 +265,7 @@ void TstCdFakeDrive::TitlesAreReadFromTheDisc() {
     PutIn(m_tones);
     WriteAll(InFolder(u"titles"_s), packs);
     DriveBench bench(InFolder(u"drive"_s));
-    QVERIFY(bench.Look() == kTonesSeen);  // nobody asked
+    QVERIFY(bench.Look() == kTonesSeen);  // titles were not requested
     bench.wantsTitles = true;
     const CdSeen seen = bench.Look();
     QTEST(seen.titles, "titles");

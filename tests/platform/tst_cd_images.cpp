@@ -85,7 +85,7 @@ void TstCdImages::EachKindOfImageIsReadToTheSample() {
     QFETCH(QString, name);
     DriveBench bench(InFolder(name));
     QVERIFY(bench.drive.Exists());
-    QVERIFY(bench.Seen() == kNotReady);  // no look was started
+    QVERIFY(bench.Seen() == kNotReady);  // no check was started
     QVERIFY(bench.Look() == kTonesSeen);
     QVERIFY(bench.PlayAll(0, 931) == m_tones.bytes);
     QVERIFY(bench.Seen() == kTonesSeen);

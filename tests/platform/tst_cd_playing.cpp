@@ -222,7 +222,7 @@ void TstCdPlaying::PausingWhileNotPlayingDoesNothing() {
     QVERIFY(m_bench->drive.Play(0, m_disc.end));
     m_bench->drive.Pause();  // before the first sound
     QCOMPARE(Picture().mode, media::CdMode::Paused);
-    QVERIFY(WaitForWaiting(3 * kSecond));  // reading continues meanwhile
+    QVERIFY(WaitForWaiting(3 * kSecond));  // reading continues in the meantime
     QVERIFY(Device().held);
     QVERIFY(m_bench->drive.GoOn(m_disc.end));
     QCOMPARE(Picture().mode, media::CdMode::Playing);

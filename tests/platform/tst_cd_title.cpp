@@ -9,7 +9,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// The helper may write every byte in this way.
+/// Percent-encodes every byte, as the helper may.
 QByteArray Encoded(const QByteArray& bytes) {
     QByteArray text;
     for (const char each : bytes) {
@@ -20,7 +20,7 @@ QByteArray Encoded(const QByteArray& bytes) {
 
 }  // namespace
 
-/// The titles that the helper writes, as they are shown.
+/// Titles written by the helper, and how they are shown.
 class TstCdTitle : public QObject {
     Q_OBJECT
 

@@ -20,7 +20,7 @@ QByteArray ShiftJis(const QString& text) {
     return QStringEncoder("Shift_JIS").encode(text);
 }
 
-/// As cdrdao writes it.
+/// Escapes bytes as cdrdao writes them.
 QByteArray Escaped(const QByteArray& bytes) {
     QByteArray text;
     for (const char each : bytes) {
@@ -39,7 +39,7 @@ QList<QByteArray> EachOf(const QStringList& titles, QByteArray (*encode)(const Q
 
 }  // namespace
 
-/// Titles in disc images, read by the helper and the library that it uses.
+/// Titles in disc images, read by the helper with libcdio.
 class TstCdTitles : public QObject {
     Q_OBJECT
 
@@ -60,7 +60,7 @@ private Q_SLOTS:
     void TitlesAreEncoded();
 
 private:
-    /// The titles that are seen in a cue sheet with these.
+    /// The titles found in a cue sheet that contains `titles`.
     QStringList Seen(const QList<QByteArray>& titles) const;
 
     QTemporaryDir m_folder;
@@ -100,7 +100,7 @@ void TstCdTitles::TitlesAreReadFromEachKindOfSheet() {
     const CdSeen seen = bench.Look();
     QCOMPARE(seen.status, media::CdStatus::Ready);
     QCOMPARE(seen.titles, kTitles);
-    QVERIFY(bench.PlayAll(0, 10) == disc.Sound(0, 10));  // the titles are not a part of the contents
+    QVERIFY(bench.PlayAll(0, 10) == disc.Sound(0, 10));  // titles do not affect playback
 }
 
 void TstCdTitles::WithoutTitlesThereAreNone() {
@@ -157,13 +157,13 @@ void TstCdTitles::HostileTitlesAreHarmless() {
     const QStringList titles = Seen({"a", title, "c"});
     if (title.size() < 300) {
         QCOMPARE(titles, (QStringList{u"a"_s, seen, u"c"_s, u""_s}));
-    } else {  // the library may refuse a sheet with such a line
+    } else {  // libcdio may reject a sheet with such a line
         QVERIFY2(titles.value(1) == seen || titles == QStringList{u"no disc"_s},
                  qPrintable(titles.join(u'|')));
     }
 }
 
-/// The library could die of titles that a disc contains.
+/// libcdio could crash on the titles of a disc.
 void TstCdTitles::AHelperThatDiesOfThemLooksWithoutThem() {
     const QString helper = m_folder.filePath(u"helper"_s);
     WriteAll(helper, "#!/bin/sh\n[ $# = 2 ] || kill -SEGV $$\nprintf 'disc\\naudio 0\\nend 9\\n'\n");

@@ -40,7 +40,7 @@ QVariantList Echo(const QString& method, const QVariantList& arguments) {
     return {words.join(u", "_s)};
 }
 
-/// The call of another process, made on a thread, because it waits.
+/// The reply to a call from another process; made on a thread, because the call blocks.
 CommandAnswer AnswerTo(const QString& method, const QVariantList& arguments = {}) {
     CommandAnswer answer;
     const std::unique_ptr<QThread> caller(QThread::create([&] { answer = CallCommand(method, arguments); }));
@@ -76,7 +76,7 @@ private:
 
     QTemporaryDir m_folder;
     QProcess m_daemon;
-    QDBusConnection m_other{QString()};  // that of another program
+    QDBusConnection m_other{QString()};  // the connection of another program
 };
 
 void TstCommandBus::initTestCase() {
@@ -106,7 +106,7 @@ void TstCommandBus::NobodyIsThereAtFirst() {
     const CommandBus commands;
     QVERIFY(!IsOnTheBus());
     QCOMPARE(AnswerTo(u"Today"_s).kind, CommandAnswer::Kind::Nobody);
-    QVERIFY(!IsOnTheBus());  // nothing was started
+    QVERIFY(!IsOnTheBus());  // the call has not started the service
 }
 
 void TstCommandBus::CallsAreAnswered_data() {
@@ -156,7 +156,7 @@ void TstCommandBus::NonsenseIsAnswered_data() {
     QTest::addColumn<QString>("interface");
     QTest::addColumn<QString>("method");
     QTest::addColumn<QVariantList>("arguments");
-    QTest::addColumn<QString>("error");  // empty: it is carried out
+    QTest::addColumn<QString>("error");  // empty: the call succeeds
     const auto path = QString::fromLatin1(remote::kPath);
     const auto interface = QString::fromLatin1(remote::kInterface);
     const QString properties = u"org.freedesktop.DBus.Properties"_s;
@@ -200,7 +200,7 @@ void TstCommandBus::WithdrawnItIsGone() {
     QVERIFY(QTest::qWaitFor([this] { return !IsOnTheBus(); }, kPatience));
     QCOMPARE(AnswerTo(u"Today"_s).kind, CommandAnswer::Kind::Nobody);
     commands.Offer(&Echo);
-    commands.Withdraw();  // before it was found
+    commands.Withdraw();  // before the name was acquired
     Offer(commands);
     QCOMPARE(AnswerTo(u"Today"_s).kind, CommandAnswer::Kind::Done);
 }
@@ -234,7 +234,7 @@ void TstCommandBus::ABusThatHangsIsNotWaitedFor() {
     commands.Withdraw();
     commands.Offer(&Echo);
     QVERIFY2(time.elapsed() < kAtOnce, qPrintable(QString::number(time.elapsed())));
-    int turns = 0;  // of the event loop, while the first attempt fails
+    int turns = 0;  // iterations of the event loop during the first attempt
     while (time.elapsed() < MessageBus::kPatience + 2 * kRetry) {
         QElapsedTimer turn;
         turn.start();

@@ -31,7 +31,7 @@ QStringList Listing(const QString& folder) {
 
 }  // namespace
 
-/// Files that are replaced completely, and what is left if the process is killed meanwhile.
+/// Files that are replaced completely, and what is left if the process is killed in the meantime.
 class TstFileReplacement : public QObject {
     Q_OBJECT
 

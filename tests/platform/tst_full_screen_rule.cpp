@@ -31,7 +31,7 @@ DesktopWindow Ours(DesktopWindow window) {
 
 }  // namespace
 
-/// Which full-screen windows count. Each row has the windows from the lowest to the topmost.
+/// Which full-screen windows count. Each row lists the windows from the lowest to the topmost.
 class TstFullScreenRule : public QObject {
     Q_OBJECT
 

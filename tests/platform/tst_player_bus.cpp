@@ -36,7 +36,7 @@ QVariant TrackId() {
     return QVariant::fromValue(remote::ObjectPath{u"/track/7"_s});
 }
 
-/// Echoes what it was called with; knows one property, and refuses to "Stop".
+/// Echoes its calls; has one property, and refuses to "Stop".
 QVariantList Echo(const remote::PlayerCall& call) {
     if (call.member == u"Stop") {
         throw remote::RefusedCall(remote::Refusal::NotPossible, u"No."_s);
@@ -63,7 +63,7 @@ QVariantList Echo(const remote::PlayerCall& call) {
     return {words.join(u", "_s)};
 }
 
-/// What another program hears.
+/// The signals that another program receives.
 class Listener : public QObject {
     Q_OBJECT
 
@@ -103,7 +103,7 @@ private:
 
     QTemporaryDir m_folder;
     QProcess m_daemon;
-    QDBusConnection m_other{QString()};  // that of another program
+    QDBusConnection m_other{QString()};  // the connection of another program
 };
 
 void TstPlayerBus::initTestCase() {
@@ -251,7 +251,7 @@ void TstPlayerBus::WithdrawnItIsGoneAndSilent() {
     QVERIFY(QTest::qWaitFor([this] { return !IsOnTheBus(); }, kPatience));
     QTRY_COMPARE_WITH_TIMEOUT(listener.heard.size(), 1, kPatience);
     player.Offer(&Echo);
-    player.Withdraw();  // before it was found
+    player.Withdraw();  // before the name was acquired
     Offer(player);
     QCOMPARE(Call(kPath, kPlayer, u"Next"_s).type(), QDBusMessage::ReplyMessage);
 }

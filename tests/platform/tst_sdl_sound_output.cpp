@@ -30,7 +30,7 @@ constexpr int kPatience = 30'000;  // ms; only a failing test waits this long
 constexpr int kMostWaited = 15'000;  // ms; a hanging device is given up after five seconds
 constexpr int kPageOfPipe = 4096;
 
-/// Samples that count up from `first`. The range must not contain 0, so that it differs from silence.
+/// Samples counting up from `first`. They must not contain 0, which would look like silence.
 std::vector<qint16> Ramp(int first, int samples) {
     std::vector<qint16> ramp(static_cast<std::size_t>(samples));
     std::iota(ramp.begin(), ramp.end(), static_cast<qint16>(first));
@@ -53,7 +53,7 @@ bool IsRefused(SdlSoundOutput& output, const media::SoundFormat& format) {
     return stream == nullptr || QTest::qWaitFor([&] { return stream->IsLost(); }, kPatience);
 }
 
-/// Waits for a stream with an open device; calls `meanwhile` before each check.
+/// Waits until a stream's device is open; calls `meanwhile` before each check.
 bool WaitUntilOpened(SdlSoundOutput& output, std::unique_ptr<media::SoundStream>& stream,
                      const std::function<void()>& meanwhile) {
     return QTest::qWaitFor(
@@ -71,7 +71,7 @@ bool WaitUntilTaken(const media::SoundStream& stream) {
     return QTest::qWaitFor([&] { return stream.FramesWaiting() == 0; }, kPatience);
 }
 
-/// The reading end of a pipe that is used in place of a sound card.
+/// The reading end of a pipe that takes the place of a sound card.
 class Listener {
 public:
     explicit Listener(const QByteArray& path)
@@ -102,7 +102,7 @@ bool IsHandledByNobody(int signal) {
 
 }  // namespace
 
-/// Sound through SDL, written to a file in place of a sound card, in real time.
+/// Sound through SDL, written in real time to a file that takes the place of a sound card.
 class TstSdlSoundOutput : public QObject {
     Q_OBJECT
 
@@ -151,12 +151,13 @@ std::vector<qint16> TstSdlSoundOutput::Written() const {
     return samples;
 }
 
-/// Ignores silence. SDL writes the end when it closes the device, shortly after the stream is closed.
+/// Ignores silence. SDL writes the last samples when it closes the device, shortly after the stream is
+/// closed.
 bool TstSdlSoundOutput::WaitUntilWritten(const std::vector<qint16>& samples) const {
     return QTest::qWaitFor([&] { return WithoutSilence(Written()) == samples; }, kPatience);
 }
 
-/// Creates a pipe that is used in place of the sound card: writing to it blocks while nobody reads. Returns
+/// Creates a pipe that takes the place of the sound card: writing to it blocks while nobody reads. Returns
 /// its path.
 QByteArray TstSdlSoundOutput::MakePipe() const {
     const QByteArray path = m_folder->filePath(u"pipe"_s).toUtf8();
@@ -265,7 +266,7 @@ void TstSdlSoundOutput::ClosingDropsQueuedFramesQuickly() {
 }
 
 void TstSdlSoundOutput::SignalsAreLeftAlone() {
-    const auto interrupt = std::signal(SIGINT, SIG_DFL);  // the handler of the test itself
+    const auto interrupt = std::signal(SIGINT, SIG_DFL);  // replaces the handler of Qt Test
     const auto terminate = std::signal(SIGTERM, SIG_DFL);
     SdlSoundOutput output;
     const auto stream = output.Open({.rate = 22050, .channels = 1});
@@ -316,11 +317,11 @@ void TstSdlSoundOutput::AHangingDriverBlocksNothing() {
     QVERIFY(stream->Queue(Ramp(1, 100)));
     QCOMPARE(stream->FramesWaiting(), 100);
     QVERIFY(QTest::qWaitFor([&] { return stream->IsLost(); }, kPatience));
-    // Refused at once, because opening the previous device still hangs.
+    // Refused at once, because the previous device is still being opened.
     QVERIFY(output.Open({.rate = 22050, .channels = 1}) == nullptr);
     QCOMPARE(output.OpenDevices(), 0);
     listener.emplace(path);
-    QVERIFY(WaitUntilOpened(output, stream, [] {}));  // the late device is closed again
+    QVERIFY(WaitUntilOpened(output, stream, [] {}));  // the device that opened late has been closed again
     QVERIFY(stream->Queue(Ramp(1, 1000)));
     QVERIFY(WaitUntilTaken(*stream));
 }

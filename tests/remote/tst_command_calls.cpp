@@ -12,7 +12,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// A program that records what it is asked to do.
+/// A target that records what it is asked to do.
 class RecordingTarget : public CommandTarget {
 public:
     void Show(qint32 function) override { Record(u"show %1"_s.arg(function)); }
@@ -46,7 +46,7 @@ struct Bench {
     RecordingTarget target;
     CommandCalls calls{target, timers};
 
-    /// The error and the text of a refused call; empty if it was carried out.
+    /// The error and the text of a refused call; empty if the call succeeded.
     QStringList Refused(const QString& method, const QVariantList& arguments) {
         try {
             calls.Run(method, arguments);
@@ -59,7 +59,7 @@ struct Bench {
 
 }  // namespace
 
-/// The checks of calls, and what they lead to.
+/// The validation of calls and their effects.
 class TstCommandCalls : public QObject {
     Q_OBJECT
 

@@ -58,7 +58,7 @@ struct Bench {
         return calls.Run({.interface = interface, .member = member, .arguments = arguments});
     }
 
-    /// The error of a refused call; empty if it was carried out.
+    /// The error of a refused call; empty if the call succeeded.
     QString Refused(const QString& member, const QVariantList& arguments, const QString& interface = {}) {
         try {
             Call(member, arguments, interface);
@@ -86,7 +86,7 @@ QVariant Path(const QString& path) {
 
 }  // namespace
 
-/// What media keys and other programs ask the CD player for.
+/// The calls that media keys and other programs make to the CD player.
 class TstPlayerCalls : public QObject {
     Q_OBJECT
 
@@ -111,7 +111,7 @@ private Q_SLOTS:
 
 void TstPlayerCalls::KeysAreButtonsInEachState_data() {
     QTest::addColumn<QString>("member");
-    QTest::addColumn<QString>("stopped");  // the button; empty: none, "refused": an error
+    QTest::addColumn<QString>("stopped");  // the button that is pressed; empty: none, "refused": an error
     QTest::addColumn<QString>("playing");
     QTest::addColumn<QString>("paused");
     const auto row = [](const char* name, const QString& stopped, const QString& playing,

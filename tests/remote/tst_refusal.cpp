@@ -8,7 +8,7 @@ using namespace tickwell;
 using namespace tickwell::remote;
 using namespace Qt::StringLiterals;
 
-/// What a refused caller is told.
+/// The errors and texts that a refused caller gets.
 class TstRefusal : public QObject {
     Q_OBJECT
 

@@ -7,7 +7,7 @@ using namespace tickwell;
 using namespace tickwell::remote;
 using namespace Qt::StringLiterals;
 
-/// The words of commands.
+/// The vocabulary of commands.
 class TstVocabulary : public QObject {
     Q_OBJECT
 

@@ -91,7 +91,7 @@ struct SettingsBench {
         }
         return selected;
     }
-    /// The open picker for a line's font, and for a colour.
+    /// The open dialog for a line's font, and the one for a colour.
     QDialog& StylePicker() const { return Child<QDialog>(QStringLiteral("StylePicker")); }
     QColorDialog& ColourPicker() const { return ChildOf<QColorDialog>(*form); }
     lines::MovingWord& Sample(int line) const {

@@ -13,7 +13,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// The object names of the check boxes with their places in the settings.
+/// The object names of the check boxes, and the settings that they change.
 struct Box {
     const char* name;
     bool& (*field)(FurtherSettings&);
@@ -39,7 +39,7 @@ constexpr std::array kBoxes{
 
 }  // namespace
 
-/// The settings' pages of today's calendar, of the corrections and of what other programs may do.
+/// The settings pages for the calendar, the corrections and other programs.
 class TstCalendarPage : public QObject {
     Q_OBJECT
 
@@ -82,7 +82,7 @@ void TstCalendarPage::TheNoteIsNeverCutOff() {
     bench.form->resize(bench.form->minimumSizeHint());
     QCoreApplication::processEvents();
     const auto& note = bench.Child<QLabel>(u"Label7"_s);
-    QVERIFY(note.heightForWidth(note.width()) > note.fontMetrics().height());  // so it has several rows
+    QVERIFY(note.heightForWidth(note.width()) > note.fontMetrics().height());  // it has several lines
     QVERIFY(note.height() >= note.heightForWidth(note.width()));
 }
 
@@ -93,8 +93,7 @@ void TstCalendarPage::TabFollowsTheEyeOnEachPage_data() {
     }
 }
 
-/// Each control that Tab reaches is in a lower row than the one before, or in the same row to the right of
-/// it.
+/// Each control that Tab reaches is in a lower row than the previous one, or in the same row to its right.
 void TstCalendarPage::TabFollowsTheEyeOnEachPage() {
     QFETCH(const int, page);
     SettingsBench bench;

@@ -11,7 +11,7 @@ using namespace tickwell;
 using namespace tickwell::settings_ui;
 using namespace Qt::StringLiterals;
 
-/// The settings' page of the main window's look and place.
+/// The settings page for the main window's appearance and position.
 class TstFacePage : public QObject {
     Q_OBJECT
 
@@ -99,7 +99,7 @@ void TstFacePage::LongTextsHaveTwoWays() {
     QCOMPARE(bench.main.further.face.longText, 0);
     bench.Click(u"Check17"_s);
     bench.Click(u"Command1"_s);
-    QCOMPARE(bench.main.further.face.longText, 2);  // as chosen before
+    QCOMPARE(bench.main.further.face.longText, 2);  // the previous choice
 }
 
 void TstFacePage::TheWindowStaysOnScreen() {

@@ -43,7 +43,7 @@ void TstSettingsDraft::EverythingButTheFunctionIsCopiedBack() {
     draft.settings.lower = {
         .fontName = QStringLiteral("Other"), .fontSize = 8, .color = 2, .bold = true, .strikethrough = true};
     draft.further = {.roll = {.use = true, .kinds = {0}, .interval = 99}, .tellsNoCdDrive = false};
-    settings.function = 1;  // changed by the roll meanwhile
+    settings.function = 1;  // changed by the roll in the meantime
     draft.ApplyTo(settings, further);
     QCOMPARE(settings.function, 1);
     settings.function = draft.settings.function;

@@ -191,7 +191,7 @@ void TstSettingsPages::OnlyOkAndApplyChangeTheAutostart() {
 void TstSettingsPages::AnUnchangedAutostartIsNotWritten() {
     SettingsBench bench;
     bench.Open();
-    bench.autostart.isOn = true;  // changed elsewhere meanwhile
+    bench.autostart.isOn = true;  // changed elsewhere in the meantime
     bench.Click(u"Option2(1)"_s);
     bench.Click(u"Command1"_s);
     QVERIFY(bench.autostart.set.isEmpty() && bench.autostart.isOn);

@@ -105,7 +105,7 @@ void TstSettingsWindow::EveryControlSaysWhatItIs() {
     for (const char* name : {"Slider1", "Combo1", "UpDown1"}) {
         QVERIFY2(!bench.Child<QWidget>(QLatin1StringView(name)).accessibleName().isEmpty(), name);
     }
-    bench.Child<QLineEdit>(u"Text1"_s);  // must be there
+    bench.Child<QLineEdit>(u"Text1"_s);  // fails if it does not exist
 }
 
 void TstSettingsWindow::ItBlocksTheOtherWindowsAndNothingComesAboveIt_data() {

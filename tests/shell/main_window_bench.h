@@ -33,7 +33,7 @@ struct MainWindowBench : displays::DisplaysBench {
     bool isPlacedByCompositor = false;
     int closed = 0;
     bool isComposited = true;
-    QList<bool> passing;  ///< whether clicks go through, whenever that changed
+    QList<bool> passing;  ///< each change of whether clicks pass through
     std::unique_ptr<Form1> form;
 
     MainWindowBench() { dayDatabase = store::DayDatabase(dayStore.Path()); }

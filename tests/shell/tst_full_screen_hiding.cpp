@@ -74,7 +74,7 @@ void TstFullScreenHiding::SwitchedOffItComesBack() {
     Bench bench;
     bench.hiding.Use(true);
     bench.watch.Change(true);
-    bench.hiding.Use(true);  // other settings were changed
+    bench.hiding.Use(true);  // a change of other settings calls this again
     QVERIFY(bench.hiding.IsHidden());
     bench.hiding.Use(false);
     QVERIFY(!bench.hiding.IsHidden());
@@ -108,7 +108,7 @@ void TstFullScreenHiding::WhatTheUserAskedForStays() {
     bench.watch.Change(true);
     bench.hiding.Insist();
     QVERIFY(!bench.hiding.IsHidden());
-    QCOMPARE(bench.updates, 1);  // showing it is the caller's
+    QCOMPARE(bench.updates, 1);  // the caller shows the window
     bench.watch.Change(true);
     bench.hiding.Look();
     QVERIFY(!bench.hiding.IsHidden());

@@ -14,7 +14,7 @@ const QList<QRect> kTwoScreens{QRect(0, 0, 800, 600), QRect(800, 0, 640, 480)};
 
 }  // namespace
 
-/// What the arrow keys do to the main window.
+/// The effect of the arrow keys on the main window.
 class TstKeyStep : public QObject {
     Q_OBJECT
 

@@ -31,7 +31,7 @@ struct Bench : MainWindowBench {
 
 }  // namespace
 
-/// Clicks that go through the main window, and the ways back.
+/// Clicks that pass through the main window, and how the user ends that.
 class TstMainWindowClicks : public QObject {
     Q_OBJECT
 
@@ -159,7 +159,7 @@ void TstMainWindowClicks::AWiderWindowTakesItsClicksEverywhere() {
     bench.Item("Menu95").trigger();
     QCOMPARE(bench.passing, (QList<bool>{true, false}));
     bench.form->resize(320, bench.form->height());
-    QCOMPARE(bench.passing.constLast(), false);  // asked for again
+    QCOMPARE(bench.passing.constLast(), false);  // requested again
     QVERIFY(bench.passing.size() > 2);
 }
 

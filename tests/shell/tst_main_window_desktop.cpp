@@ -12,7 +12,7 @@ namespace {
 
 constexpr int kKeepTop = 2000;  // ms
 
-/// The main window some time after its start, with one switch of its page on.
+/// The main window after start-up, with one option of page 窓 switched on.
 struct DesktopBench : MainWindowBench {
     explicit DesktopBench(const QString& key) {
         store.Put(u"Face"_s, key, u"True"_s);
@@ -30,8 +30,8 @@ struct HidingBench : DesktopBench {
 
 }  // namespace
 
-/// The main window among other windows, as far as the user has chosen that: full-screen windows, the window
-/// switcher.
+/// The main window among other windows: full-screen windows and the window switcher, as chosen in the
+/// settings.
 class TstMainWindowDesktop : public QObject {
     Q_OBJECT
 

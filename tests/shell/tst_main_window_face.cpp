@@ -20,7 +20,7 @@ constexpr auto kScreens = R"({"screens": [
     {"name": "DP-2", "x": 800, "y": 0, "width": 800, "height": 600, "logicalDpi": 96, "logicalBaseDpi": 96, "dpr": 1}
 ]})";
 
-/// The last pixel of a line, where no text is.
+/// The bottom right pixel of a line, which no text covers.
 QRgb Corner(lines::MovingWord& line) {
     QImage picture(line.size(), QImage::Format_ARGB32_Premultiplied);
     picture.fill(Qt::transparent);
@@ -30,7 +30,7 @@ QRgb Corner(lines::MovingWord& line) {
 
 }  // namespace
 
-/// Opacity, long texts and the place on the screens, by the settings.
+/// Opacity, long texts and the position on the screens, as set by the user.
 class TstMainWindowFace : public QObject {
     Q_OBJECT
 
@@ -66,7 +66,7 @@ void TstMainWindowFace::OpacityIsClamped() {
     MainWindowBench bench;
     bench.store.Put(kFace, u"Opacity"_s, stored);
     bench.Start();
-    QVERIFY(qAbs(bench.form->windowOpacity() - opacity) < 0.01);  // Qt keeps 8 bits of it
+    QVERIFY(qAbs(bench.form->windowOpacity() - opacity) < 0.01);  // Qt stores the opacity in 8 bits
 }
 
 void TstMainWindowFace::OpacityIsAppliedAtOnce() {
@@ -199,7 +199,7 @@ void TstMainWindowFace::TransparencyBeginsWithTheNextStart() {
     QVERIFY(!bench.form->testAttribute(Qt::WA_TranslucentBackground));
 }
 
-/// On two screens with names, beside each other.
+/// Runs with two named screens side by side.
 int main(int argc, char** argv) {
     const QTemporaryDir folder;
     QFile screens(folder.filePath(u"screens.json"_s));

@@ -8,7 +8,7 @@
 using namespace tickwell;
 using namespace tickwell::shell;
 
-/// A compositor that places the window where it wants, or gives it another height.
+/// A compositor that decides the position of the window, or gives it another height.
 class TstMainWindowPlaced : public QObject {
     Q_OBJECT
 
@@ -52,7 +52,7 @@ void TstMainWindowPlaced::OtherwiseItIsMovedBack() {
     QCOMPARE(bench.form->pos(), stored);
 }
 
-/// sway does not tell where the window is: Qt takes the requested position for the real one.
+/// sway does not report the window's position, so Qt takes the requested one for the real one.
 void TstMainWindowPlaced::TheEdgeIsFoundWithoutThePosition() {
     MainWindowBench bench;
     bench.Start();

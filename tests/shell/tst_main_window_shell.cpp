@@ -229,7 +229,7 @@ void TstMainWindowShell::ASecondStartBringsAnIconifiedWindowBack() {
     MainWindowBench bench;
     bench.Start();
     bench.form->setWindowState(Qt::WindowMinimized);
-    bench.form->ComeForward();  // already during the start-up delay
+    bench.form->ComeForward();  // works even during the start-up delay
     QVERIFY(!bench.form->isMinimized());
     QVERIFY(bench.form->isVisible());
     QCOMPARE(bench.stack.raised, QList<quintptr>{bench.form->winId()});

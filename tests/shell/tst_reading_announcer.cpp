@@ -11,7 +11,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// A reading of seconds; the screen reader listens until the test says otherwise.
+/// A reading in seconds; a screen reader is listening until the test says otherwise.
 struct ReadingBench {
     platform::VirtualTime time{QDateTime(QDate(1998, 11, 15), QTime(21, 5, 7)), 307'000};
     QString reading = u"0"_s;
@@ -23,7 +23,7 @@ struct ReadingBench {
                                time,
                                time};
 
-    /// The reading changes once a second.
+    /// Lets the reading change once a second.
     void Seconds(int count) {
         for (int second = 0; second < count; ++second) {
             time.Advance(1000);
@@ -35,7 +35,7 @@ struct ReadingBench {
 
 }  // namespace
 
-/// When a screen reader says the lines.
+/// When the lines are announced.
 class TstReadingAnnouncer : public QObject {
     Q_OBJECT
 
@@ -86,7 +86,7 @@ void TstReadingAnnouncer::AnUnchangedReadingIsOnlySaidIfAsked() {
     ReadingBench bench;
     bench.announcer.Ask();
     bench.time.Advance(10'000);
-    bench.announcer.LineChanged();  // to something else and back
+    bench.announcer.LineChanged();  // changed to something else and back
     bench.time.Advance(10'000);
     QCOMPARE(bench.said, QStringList{u"0"_s});
     bench.announcer.Ask();
@@ -95,7 +95,7 @@ void TstReadingAnnouncer::AnUnchangedReadingIsOnlySaidIfAsked() {
 
 void TstReadingAnnouncer::WhatIsNotHeardIsNotSaid() {
     ReadingBench bench;
-    bench.Seconds(2);  // the second change waits for its turn
+    bench.Seconds(2);  // the second change waits for its interval
     bench.isHeard = false;
     bench.announcer.Ask();
     bench.Seconds(30);

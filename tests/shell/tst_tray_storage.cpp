@@ -105,7 +105,7 @@ void TstTrayStorage::TheWindowReturnsIfTheAreaIsGone() {
     QVERIFY(bench.storage.IsStored());
     bench.tray.SetThere(false);
     bench.time.Advance(2000);
-    QVERIFY(bench.storage.IsStored());  // a single failed check may be the restart of a panel
+    QVERIFY(bench.storage.IsStored());  // a single failed check may just be a restarting panel
     bench.time.Advance(2000);
     QVERIFY(!bench.storage.IsStored());
     QCOMPARE(bench.told, (QList<bool>{true, false}));
@@ -227,7 +227,7 @@ void TstTrayStorage::AKeptIconReturnsWithTheArea() {
     bench.Keep();
     bench.tray.SetThere(false);
     bench.time.Advance(2000);
-    QVERIFY(bench.storage.HasIcon());  // a single failed check may be the restart of a panel
+    QVERIFY(bench.storage.HasIcon());  // a single failed check may just be a restarting panel
     bench.time.Advance(2000);
     QVERIFY(!bench.storage.HasIcon());
     QVERIFY(!bench.tray.HasIcon());
@@ -256,7 +256,7 @@ void TstTrayStorage::AWindowIsStoredUnderAKeptIcon() {
     bench.tray.SetThere(true);
     bench.tray.isSlow = true;
     bench.Keep();
-    bench.storage.Store();  // the icon was already asked for
+    bench.storage.Store();  // the icon has already been requested
     QVERIFY(!bench.storage.IsStored());
     QVERIFY(bench.tray.Answer(true));
     QVERIFY(bench.storage.IsStored());

@@ -127,7 +127,7 @@ void TstWindowGeometry::LinesShareTheWindow() {
 }
 
 void TstWindowGeometry::LinesFillAGreaterWindow() {
-    const LineLayout greater = LayoutOf(167, 16, 16, 51);  // the lines need 20 each
+    const LineLayout greater = LayoutOf(167, 16, 16, 51);  // the lines need 20 pixels each
     QCOMPARE(greater.upper, QRect(0, 0, 167, 25));
     QCOMPARE(greater.lower, QRect(0, 25, 167, 26));
     QCOMPARE(greater.height, 51);

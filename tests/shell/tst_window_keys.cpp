@@ -33,7 +33,7 @@ struct KeysBench : MainWindowBench {
 
 }  // namespace
 
-/// The keys of the main window beyond those that open its menu.
+/// The main window's keys other than those that open its menu.
 class TstWindowKeys : public QObject {
     Q_OBJECT
 
@@ -119,7 +119,7 @@ void TstWindowKeys::AChosenItemKeepsTheFocus() {
     QTest::keyClick(&menu, Qt::Key_Down);
     QTest::keyClick(&menu, Qt::Key_Return);
     QVERIFY(bench.form->VisibleMenus().isEmpty());
-    bench.OpenMenu().close();  // as a click elsewhere does
+    bench.OpenMenu().close();  // as if the user had clicked elsewhere
     QCOMPARE(bench.focus.returns, 0);
 }
 

@@ -272,7 +272,7 @@ void TstCompactionFaults::AReadOnlyFolderLosesNoRow() {
     QCOMPARE(chmod(qPrintable(bench.store.Folder()), 0755), 0);
     QCOMPARE(told, u"CopyDate.mdb open"_s);
     QCOMPARE(BytesOf(bench.store.Path()), before);
-    QCOMPARE(bench.store.Names(), QStringList(u"DayDate.mdb"_s));  // the lock file is gone as well
+    QCOMPARE(bench.store.Names(), QStringList(u"DayDate.mdb"_s));  // the lock file was removed as well
 }
 
 void TstCompactionFaults::AFileBeyondTheRangeIsAnOverflow() {

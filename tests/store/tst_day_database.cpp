@@ -70,7 +70,7 @@ void TstDayDatabase::KeepsTheOrderOfStoring() {
     database.Execute(days::Insert(u"v"_s, 0, 0, 3, 17));
     const QDate day(1998, 10, 3);
     QCOMPARE(days::AnniversariesOf(database, day), u"z y x w v"_s);
-    // An updated row keeps its place.
+    // An updated row keeps its position.
     QCOMPARE(database.Execute(
                  u"UPDATE Kinenbi SET Name=\"a\", Year=\"0\", Month=\"0\", Day=\"0\", Week=\"17\" WHERE "
                  "Name=\"x\" AND Year=0 AND Month=10 AND Day=3 AND Week=0"_s),

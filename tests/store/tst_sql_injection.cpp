@@ -143,7 +143,7 @@ bool IsHostile(const QString& name) {
     return name.contains(u'"') || name.contains(QChar(u'\0'));
 }
 
-/// The number of rows that `Execute` changed, or nothing if it refused the statement.
+/// The number of rows that `Execute` changed, or nullopt if it refused the statement.
 std::optional<int> Executed(DayDatabase& database, const QString& sql) {
     try {
         return database.Execute(sql);

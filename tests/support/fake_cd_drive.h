@@ -45,7 +45,7 @@ public:
         m_picture.contents = contents;
     }
     void TakeOut(media::CdStatus status = media::CdStatus::NoDisc) { Replace(status); }
-    /// The titles of the disc become known.
+    /// Makes the titles of the disc known.
     void SetTitles(const QStringList& titles) { m_picture.titles = titles; }
     void SetMode(media::CdMode mode) { m_picture.mode = mode; }
 
@@ -72,12 +72,12 @@ public:
         }
     }
 
-    /// The commands to the disc since the last call.
+    /// The commands sent to the disc since the last call.
     QStringList TakeRecord() { return std::exchange(m_record, {}); }
 
     QString named;
     bool exists = true;
-    bool sounds = true;  ///< a sound output can be opened
+    bool sounds = true;  ///< whether a sound output can be opened
     int looks = 0;
 
 private:
@@ -99,7 +99,7 @@ private:
     }
 
     media::CdPicture m_picture;
-    qint64 m_end = 0;  // frames
+    qint64 m_end = 0;  // end of the range, in frames
     std::function<void()> m_changed;
     QStringList m_record;
 };

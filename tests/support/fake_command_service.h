@@ -6,7 +6,7 @@
 
 namespace tickwell {
 
-/// A bus on which the test is the only other program.
+/// A bus on which the test is the only client.
 class FakeCommandService : public remote::CommandService {
 public:
     void Offer(Run run) override {
@@ -17,7 +17,7 @@ public:
 
     bool IsOffered() const { return m_run != nullptr; }
 
-    /// Throws RefusedCall.
+    /// Makes a call, as another program would. Throws RefusedCall.
     QVariantList Call(const QString& method, const QVariantList& arguments) {
         return m_run(method, arguments);
     }

@@ -5,14 +5,14 @@
 
 namespace tickwell {
 
-/// Records which window is followed, and counts the returns of the focus.
+/// Records which window is tracked, and counts how often the focus was returned.
 class FakeFocusReturn : public FocusReturn {
 public:
     void Follow(quintptr window) override { followed = window; }
     void Unfollow() override { followed = 0; }
     void GiveBack() override { ++returns; }
 
-    quintptr followed = 0;  // none
+    quintptr followed = 0;  // 0 for none
     int returns = 0;
 };
 

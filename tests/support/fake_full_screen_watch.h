@@ -7,7 +7,7 @@
 
 namespace tickwell {
 
-/// Full-screen windows come and go as the test says.
+/// Lets the test cover the main window by full-screen windows.
 class FakeFullScreenWatch : public FullScreenWatch {
 public:
     void Listen(std::function<void()> changed) override { m_changed = std::move(changed); }
@@ -17,7 +17,7 @@ public:
     }
 
     bool IsWatched() const { return m_changed != nullptr; }
-    /// Something has changed on the desktop.
+    /// Reports a change on the desktop.
     void Change(bool covered) {
         isCovered = covered;
         if (m_changed) {

@@ -11,7 +11,7 @@
 
 namespace tickwell {
 
-/// A bus on which the test is the only other program, which listens to the CD player and operates it.
+/// A bus on which the test is the only client: it receives the CD player's signals and makes calls.
 class FakePlayerService : public remote::PlayerService {
 public:
     void Offer(Run run) override {
@@ -24,7 +24,7 @@ public:
 
     bool IsOffered() const { return m_run != nullptr; }
 
-    /// Throws RefusedCall.
+    /// Makes a call, as another program would. Throws RefusedCall.
     QVariantList Call(const remote::PlayerCall& call) { return m_run(call); }
     QVariantList Call(const char* member, const QVariantList& arguments = {}) {
         return m_run({.interface = {}, .member = QString::fromLatin1(member), .arguments = arguments});

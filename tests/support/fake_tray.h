@@ -7,7 +7,7 @@
 
 namespace tickwell {
 
-/// A notification area whose presence the test sets.
+/// A notification area that is present only if the test says so.
 class FakeTray : public Tray {
 public:
     bool IsThere() override { return m_isThere; }
@@ -34,7 +34,7 @@ public:
         }
     }
 
-    /// Answers the pending Show of a slow notification area; returns false if it was withdrawn.
+    /// Completes the pending Show of a slow notification area; returns false if it was cancelled.
     bool Answer(bool isShown) {
         const auto answer = std::exchange(m_answer, nullptr);
         if (answer) {
@@ -59,7 +59,7 @@ public:
     }
 
     std::function<void()> onHide = [] {};
-    bool isSlow = false;  ///< waits for Answer()
+    bool isSlow = false;  ///< whether Show is completed only by Answer()
 
 private:
     bool m_isThere = false;

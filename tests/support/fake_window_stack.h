@@ -23,7 +23,7 @@ public:
     QList<quintptr> askedFor;
     QList<quintptr> raised;
     QList<quintptr> brought;
-    bool isInSwitcher = false;  ///< as declared last
+    bool isInSwitcher = false;  ///< as last declared
     bool isLost = false;
 };
 

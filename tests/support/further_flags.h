@@ -10,7 +10,7 @@ Q_DECLARE_METATYPE(tickwell::FurtherSettings)
 
 namespace tickwell {
 
-/// A switch of the settings that is off by default, with its place in the settings file.
+/// A flag of the settings that is off by default, and its key in the settings file.
 struct FurtherFlag {
     const char* section;
     const char* key;
@@ -66,7 +66,7 @@ inline constexpr std::array kFurtherFlags{
                 [](FurtherSettings& s) -> bool& { return s.keyboard.showsAccessKeys; }},
 };
 
-/// A row for each switch, named after its key, with the settings in which it alone is on.
+/// Adds a row for each flag, named after its key, with settings in which only that flag is on.
 inline void AddRowOfEachFlag() {
     QTest::addColumn<FurtherSettings>("further");
     for (const FurtherFlag& flag : kFurtherFlags) {

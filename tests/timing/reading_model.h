@@ -19,7 +19,7 @@ inline QString ReadingOf(qint64 ms) {
            padded(ms / 1000 % 60, 2) + u'"' + padded(ms % 1000, 3);
 }
 
-/// The value, or nothing if it does not fit in 32 bits with sign.
+/// The value, or nullopt if it does not fit in 32 bits with sign.
 inline std::optional<qint64> Fitting(qint64 value) {
     const bool fits =
         value >= std::numeric_limits<qint32>::min() && value <= std::numeric_limits<qint32>::max();

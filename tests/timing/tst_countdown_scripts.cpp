@@ -171,7 +171,7 @@ public:
     }
 
 private:
-    /// The time since the cycle began, or nothing if the counter has changed its sign since.
+    /// The time since the cycle began, or nullopt if the counter has changed its sign since.
     std::optional<qint64> Passed() const { return Fitting(TickAt(m_since) - m_seen.start); }
 
     void Start() {

@@ -146,7 +146,7 @@ void TstTimerPanel::AnEntryChangedWhilePausedKeepsTheElapsedTime() {
     bench.panel.StartOrStop({0, 1, 0, false});
     bench.panel.ReadEntries({.hours = 0, .minutes = 0, .seconds = 3, .repeat = false});
     bench.panel.StartOrStop({0, 0, 3, false});
-    QCOMPARE(bench.countdown.Remaining(), -2000);  // in the past at once, on purpose
+    QCOMPARE(bench.countdown.Remaining(), -2000);  // deliberately negative: more has elapsed than was entered
 }
 
 void TstTimerPanel::StopLeavesTheLines() {
@@ -225,7 +225,7 @@ void TstTimerPanel::ANameBelongsToOneRun() {
     bench.panel.StartNew(5000, u"卵"_s);
     bench.panel.StartOrStop({});  // stops
     QCOMPARE(bench.state.CountdownName, u"卵"_s);
-    bench.panel.StartOrStop({.seconds = 5});  // resumes the same run
+    bench.panel.StartOrStop({.seconds = 5});  // continues the same run
     QCOMPARE(bench.state.CountdownName, u"卵"_s);
     bench.countdown.End();
     bench.Take();

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""The rule by which the months of the old calendar get their numbers."""
+"""The rule by which the months of the old calendar are numbered."""
 
 from bisect import bisect_left, bisect_right
 from collections import namedtuple

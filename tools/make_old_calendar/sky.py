@@ -2,9 +2,9 @@
 """When the sun reaches a longitude and when the moon is new, in Terrestrial Time and as days in Japan.
 
 Longitudes are apparent, geocentric and of date: with precession, nutation, aberration and light-time, as an almanac
-prints them. The sun is that of erfa: Earth's place to 0.02", IAU 2006 precession, IAU 2000A nutation. The moon is that of
-ephem, a fit to JPL's DE404; another theory, erfa's moon98, differs by 3" on average, so a new moon is right to some
-seconds.
+prints them. The sun is that of erfa: Earth's position to 0.02", IAU 2006 precession, IAU 2000A nutation. The moon is
+that of ephem, a fit to JPL's DE404; another theory, erfa's moon98, differs by 3" on average, so a new moon is right to
+some seconds.
 
 Japan's time is UTC + 9 hours, and the time between UTC and Terrestrial Time (delta T) is known for the past only. Until
 2016 it is taken from ephem's table of observations, then from the extrapolation of Stephenson, Morrison and Hohenkerk
@@ -28,7 +28,8 @@ LIGHT_TIME_OF_MOON = 1.28  # seconds
 FIRST_ORDINAL = 1721425  # the Julian day before 1 January of year 1
 TABLE_OF_OBSERVATIONS_ENDS = 2016.0
 
-# Earth's place is meant for 1900 to 2100; the months around these years are needed too, and lose nothing visible.
+# The Earth's position is computed for 1900 to 2100; the months around these years are needed too, and stay accurate
+# enough.
 warnings.filterwarnings("ignore", message=".*epv00.*date outside")
 
 

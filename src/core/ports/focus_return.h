@@ -5,16 +5,16 @@
 
 namespace tickwell {
 
-/// Returns the keyboard focus to the window, of whichever program, that had it before the main window.
-/// Windows are identified by their window system ids. No function waits for the window manager.
+/// Returns the keyboard focus to the window, of any program, that had it before the main window. Windows are
+/// identified by their window system ids. No function waits for the window manager.
 class FocusReturn {
 public:
     virtual ~FocusReturn() = default;
 
-    /// From now on remembers which window other than `window` had the focus last.
+    /// From now on tracks which window other than `window` last had the focus.
     virtual void Follow(quintptr window) = 0;
 
-    /// Remembers nothing any more.
+    /// Stops tracking and forgets the window.
     virtual void Unfollow() = 0;
 
     /// Requests the focus for the remembered window; does nothing if there is none.

@@ -18,7 +18,7 @@ inline constexpr int kHelpStopwatch = 31;
 inline constexpr int kHelpTimer = 32;
 inline constexpr int kHelpCdPlayer = 33;
 inline constexpr int kHelpSettings = 41;
-inline constexpr int kHelpTextPage = 42;  // one page of the settings each, from here on
+inline constexpr int kHelpTextPage = 42;  // from here on, one number per page of the settings
 inline constexpr int kHelpClockPage = 43;
 inline constexpr int kHelpRollPage = 44;
 inline constexpr int kHelpChimePage = 45;
@@ -33,7 +33,7 @@ class HelpViewer {
 public:
     virtual ~HelpViewer() = default;
 
-    /// Brings the help to the front at this topic; a number that is not in the file shows its beginning.
+    /// Brings the help to the front at this topic; for a number that is not in the file, at its beginning.
     /// Throws RunTimeError if the file cannot be read.
     virtual void ShowTopic(int topic) = 0;
 };

@@ -10,7 +10,7 @@ class Memory {
 public:
     virtual ~Memory() = default;
 
-    /// Memory that is in use and not reclaimable, in percent of all memory, 0..100, truncated; nothing if the
+    /// Memory that is in use and not reclaimable, in percent of all memory, 0..100, truncated; nullopt if the
     /// system does not report it.
     virtual std::optional<int> Load() const = 0;
 };

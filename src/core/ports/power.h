@@ -15,7 +15,7 @@ struct PowerReading {
     Mains mains = Mains::Unknown;
     std::optional<int> percent;  ///< remaining charge, 0..100
     std::optional<qint64>
-        secondsLeft;  ///< until the battery is empty, 1..kLongestTimeLeft; nothing if unknown
+        secondsLeft;  ///< until the battery is empty, 1..kLongestTimeLeft; nullopt if unknown
 
     bool operator==(const PowerReading&) const = default;
 };

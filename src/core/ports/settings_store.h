@@ -11,7 +11,7 @@ class SettingsStore {
 public:
     virtual ~SettingsStore() = default;
 
-    /// The stored text, or nothing if the key is absent. Throws SettingsError if the stored bytes are not
+    /// The stored text, or nullopt if the key is absent. Throws SettingsError if the stored bytes are not
     /// valid text.
     virtual std::optional<QString> Get(const QString& section, const QString& key) const = 0;
 

@@ -32,8 +32,9 @@ public:
     virtual std::unique_ptr<Timer> CreateExact(int milliseconds, std::function<void()> onTick) = 0;
 };
 
-/// Creates timers of real time, whatever the program's clock says: sound, drives and helper processes need
-/// these. It converts neither to nor from a TimerSource, so that exchanging the two does not compile.
+/// Creates timers that run in real time, independently of the program's clock: sound, drives and helper
+/// processes need these. It converts neither to nor from a TimerSource, so that exchanging the two does not
+/// compile.
 class RealTimerSource {
 public:
     /// `source` runs in real time and outlives this object and its copies.

@@ -13,8 +13,8 @@ class Tray {
 public:
     virtual ~Tray() = default;
 
-    /// Whether an icon would be visible, as far as is known. Each call asks the desktop again; if the answer
-    /// differs, WhenChanged's listener is notified within about a second.
+    /// Whether an icon would be visible, as far as is known. Each call queries the desktop again; if the
+    /// answer differs, WhenChanged's listener is notified within about a second.
     virtual bool IsThere() = 0;
 
     /// `changed` is called from the event loop whenever IsThere may have changed. There is one listener; an

@@ -50,8 +50,8 @@ struct CdPicture {
     CdStatus status = CdStatus::NotReady;
     quint32 number = 0;  ///< changes each time contents appear or disappear
     CdContents contents;
-    QStringList titles;  ///< of the disc and then of each track, on one line each and at most kLongestCdTitle
-                         ///< long; empty if unknown. No entries if the disc has none, or if nobody asked.
+    QStringList titles;  ///< of the disc, then of each track: single lines of at most kLongestCdTitle
+                         ///< characters, empty if unknown. Empty list: no titles, or none requested.
     CdMode mode = CdMode::Stopped;
     qint64 position = 0;     ///< frames from the start of sector 0 to the one being heard
     bool readError = false;  ///< playback ended early because the disc could not be read any further; cleared
@@ -74,8 +74,8 @@ public:
     /// The last known state, with the current position and mode.
     virtual CdPicture Picture() const = 0;
 
-    /// Starts a look at the drive: status and, if it changed or is unknown, contents. Does nothing while a
-    /// look is running. A Ready disc stays Ready until the look finds otherwise.
+    /// Starts a check of the drive: status and, if it changed or is unknown, contents. Does nothing while a
+    /// check is running. A Ready disc stays Ready until the check finds otherwise.
     virtual void Look() = 0;
 
     /// `changed` is called each time status, number or titles have changed: from the event loop, never during

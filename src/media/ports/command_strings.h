@@ -20,11 +20,11 @@ public:
     virtual ~CommandStrings() = default;
 
     /// Executes one command. Returns at once, except for a play command with the word "wait": that returns
-    /// when playback has ended, and windows stay responsive meanwhile. A reply of more than `longest`
+    /// when playback has ended, and windows stay responsive in the meantime. A reply of more than `longest`
     /// characters is an error. Never throws, whatever the text.
     virtual CommandResult Send(const QString& command, qsizetype longest) = 0;
 
-    /// The message for the user; nothing if there is no text for this number.
+    /// The message for the user; nullopt if there is no text for this number.
     virtual std::optional<QString> ErrorText(qint32 error) const = 0;
 };
 

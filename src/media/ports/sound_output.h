@@ -41,7 +41,8 @@ public:
     /// Drops the queued frames.
     virtual void Clear() = 0;
 
-    /// Whether the sound server is gone. The queue then drains silently; a new stream may be opened.
+    /// Whether the connection to the sound server is lost. The queue then drains silently; a new stream may
+    /// be opened.
     virtual bool IsLost() const = 0;
 };
 

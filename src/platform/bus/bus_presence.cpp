@@ -35,7 +35,8 @@ void BusPresence::Appear(std::unique_ptr<QDBusVirtualObject> object) {
     Ask();
 }
 
-/// Qt connects with its first use, and would wait for a bus that hangs.
+/// Checks with an asynchronous call whether the bus responds: Qt connects on first use and would block on a
+/// bus that hangs.
 void BusPresence::Ask() {
     m_bus = std::make_unique<MessageBus>(MessageBus::Kind::Session);
     const MessageBus::Method getId{kBus, kBusPath, kBus, "GetId", {}};

@@ -13,8 +13,8 @@ enum class BusState {
     Failed,
 };
 
-/// Waits until a connection that was opened is ready, for at most `patience`. sd-bus itself would wait for
-/// half a minute.
+/// Waits at most `patience` until a connection that is being established is ready. sd-bus itself would wait
+/// for half a minute.
 BusState WaitUntilReady(sd_bus* bus, std::chrono::milliseconds patience);
 
 }  // namespace tickwell::platform

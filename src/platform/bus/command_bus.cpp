@@ -10,7 +10,7 @@
 
 namespace tickwell::platform {
 
-/// What other programs call.
+/// The object that receives the calls of other programs.
 class CommandBus::Object : public QDBusVirtualObject {
 public:
     explicit Object(Run run) : m_run(std::move(run)) {}
@@ -19,7 +19,7 @@ public:
         return QString::fromLatin1(remote::kIntrospection);
     }
 
-    /// False leaves the call to Qt, which replies with an error.
+    /// Returning false leaves the call to Qt, which replies with an error.
     bool handleMessage(const QDBusMessage& call, const QDBusConnection& connection) override {
         const QString interface = call.interface();
         if (!interface.isEmpty() && interface != QLatin1StringView(remote::kInterface)) {

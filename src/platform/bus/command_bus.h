@@ -6,13 +6,13 @@
 
 namespace tickwell::platform {
 
-/// The commands on the session bus.
+/// Offers the commands on the session bus.
 class CommandBus : public remote::CommandService {
 public:
     /// `retry`: see BusPresence.
     explicit CommandBus(int retry = BusPresence::kRetry);
 
-    /// If another program has the name, this one gets it when that one ends.
+    /// If another program owns the name, this one inherits it when that program ends.
     void Offer(Run run) override;
     void Withdraw() override { m_presence.Leave(); }
 

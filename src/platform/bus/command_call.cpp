@@ -20,7 +20,7 @@ namespace {
 
 constexpr std::chrono::milliseconds kPatience{5000};
 
-/// What the bus answers if nobody has the name, and a program that is just giving it up.
+/// The bus's errors if no program owns the name, or if its owner is just releasing it.
 constexpr std::array kNobody{"org.freedesktop.DBus.Error.ServiceUnknown",
                              "org.freedesktop.DBus.Error.NameHasNoOwner",
                              "org.freedesktop.DBus.Error.UnknownObject"};

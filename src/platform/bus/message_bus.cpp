@@ -13,7 +13,7 @@ namespace tickwell::platform {
 
 namespace {
 
-constexpr quint64 kNoTimeout = std::numeric_limits<quint64>::max();  // this class has deadlines of its own
+constexpr quint64 kNoTimeout = std::numeric_limits<quint64>::max();  // this class has its own deadlines
 
 }  // namespace
 
@@ -37,7 +37,7 @@ void MessageBus::Later::operator()(QSocketNotifier* notifier) const {
 
 MessageBus::MessageBus(Kind kind) : m_kind(kind) {
     m_patience.setSingleShot(true);
-    m_patience.setTimerType(Qt::PreciseTimer);  // before its deadline a call would not count as hanging
+    m_patience.setTimerType(Qt::PreciseTimer);  // a coarse timer may fire before the deadline
     QObject::connect(&m_patience, &QTimer::timeout, &m_patience, [this] { GiveUp(); });
 }
 
@@ -78,7 +78,7 @@ bool MessageBus::Open() {
     });
 }
 
-/// Pending calls get no reply.
+/// Discards pending calls without a reply.
 void MessageBus::Close() {
     m_readable.reset();
     m_writable.reset();
@@ -106,7 +106,7 @@ bool MessageBus::Send(const Method& method, Waiting& waiting) {
     }
     sd_bus_slot* slot = nullptr;
     if (sd_bus_call_async(m_bus, &slot, made, &TakeReply, &waiting, kNoTimeout) < 0) {
-        Close();  // lost meanwhile
+        Close();  // connection lost
         return false;
     }
     waiting.slot.reset(slot);

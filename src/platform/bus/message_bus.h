@@ -34,7 +34,7 @@ public:
     };
 
     struct Reply {
-        std::optional<QVariant> value;  ///< the first one, see TakeBusValue; nothing if the call failed
+        std::optional<QVariant> value;  ///< the first one, see TakeBusValue; nullopt if the call failed
         bool hangs = false;             ///< failed because bus or service did not answer in time
     };
     using Answer = std::function<void(const Reply& reply)>;
@@ -54,7 +54,7 @@ public:
 private:
     struct Unref;
     struct Waiting;
-    struct Later {  // a notifier may be destroyed inside its own signal
+    struct Later {  // a notifier may be destroyed by a slot of its own signal
         void operator()(QSocketNotifier* notifier) const;
     };
     using Notifier = std::unique_ptr<QSocketNotifier, Later>;

@@ -17,7 +17,7 @@ namespace tickwell::platform {
 
 namespace {
 
-/// A received value, with the types of bus_types.h.
+/// Converts a received value to the types of bus_types.h.
 QVariant Received(const QVariant& value) {
     if (value.metaType() == QMetaType::fromType<QDBusObjectPath>()) {
         return QVariant::fromValue(remote::ObjectPath{value.value<QDBusObjectPath>().path()});
@@ -28,7 +28,7 @@ QVariant Received(const QVariant& value) {
     return value;
 }
 
-/// A value to send, with the types of Qt D-Bus.
+/// Converts a value to the types that Qt D-Bus sends.
 QVariant Sent(const QVariant& value) {
     if (value.metaType() == QMetaType::fromType<remote::ObjectPath>()) {
         return QVariant::fromValue(QDBusObjectPath(value.value<remote::ObjectPath>().path));
@@ -51,7 +51,7 @@ QVariantList EachOf(QVariantList values, QVariant (*convert)(const QVariant& val
 
 }  // namespace
 
-/// What media keys and other programs call.
+/// The object that receives the calls of media keys and other programs.
 class PlayerBus::Object : public QDBusVirtualObject {
 public:
     explicit Object(Run run) : m_run(std::move(run)) {}
@@ -60,7 +60,8 @@ public:
         return QString::fromLatin1(remote::kPlayerIntrospection);
     }
 
-    /// False leaves the call to Qt, which introspects and replies to other interfaces with an error.
+    /// Returning false leaves the call to Qt, which introspects and replies to other interfaces with an
+    /// error.
     bool handleMessage(const QDBusMessage& call, const QDBusConnection& connection) override {
         const QStringList ours{QString(), QString::fromLatin1(remote::kApplicationInterface),
                                QString::fromLatin1(remote::kPlayerInterface),

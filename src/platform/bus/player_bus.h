@@ -6,13 +6,13 @@
 
 namespace tickwell::platform {
 
-/// The CD player on the session bus, where the desktop's media keys look for players.
+/// Offers the CD player on the session bus, where the desktop's media keys look for players.
 class PlayerBus : public remote::PlayerService {
 public:
     /// `retry`: see BusPresence.
     explicit PlayerBus(int retry = BusPresence::kRetry);
 
-    /// If another program has the name, this one gets it when that one ends.
+    /// If another program owns the name, this one inherits it when that program ends.
     void Offer(Run run) override;
     void Withdraw() override { m_presence.Leave(); }
     void TellChanged(const QVariantMap& properties) override;

@@ -39,7 +39,7 @@ void SessionBusLook::Finish() {
     if (!m_hangs) {
         return;
     }
-    QDBusConnection::sessionBus();  // fails at once, and Qt does not try again
+    QDBusConnection::sessionBus();  // fails at once, and Qt will not try to connect again
     if (m_address) {
         qputenv(kAddress, *m_address);
     } else {

@@ -13,7 +13,7 @@ namespace tickwell::platform {
 
 namespace {
 
-// Two requests of the SHAPE extension, for which libxcb-shape would be another library to build with.
+// Two requests of the SHAPE extension, encoded here to avoid a dependency on libxcb-shape.
 constexpr quint8 kRectangles = 1;
 constexpr quint8 kMask = 2;
 constexpr quint8 kSet = 0;
@@ -22,7 +22,7 @@ constexpr quint8 kInput = 2;
 xcb_extension_t shapeExtension{"SHAPE", 0};  // xcb identifies it by its address
 
 struct RectanglesRequest {
-    quint8 major = 0;  // this, the next and the length are set by xcb
+    quint8 major = 0;  // this and the next two fields are set by xcb
     quint8 minor = 0;
     quint16 length = 0;
     quint8 operation = kSet;
@@ -31,7 +31,7 @@ struct RectanglesRequest {
     quint8 unused = 0;
     quint32 window = 0;
     qint16 x = 0;
-    qint16 y = 0;  // rectangles would follow
+    qint16 y = 0;  // followed by no rectangles: the input area is empty
 };
 
 struct MaskRequest {
@@ -44,7 +44,7 @@ struct MaskRequest {
     quint32 window = 0;
     qint16 x = 0;
     qint16 y = 0;
-    quint32 mask = XCB_NONE;  // the whole window, also after it was resized
+    quint32 mask = XCB_NONE;  // the input area is the whole window, even after it is resized
 };
 
 static_assert(sizeof(RectanglesRequest) == 16 && sizeof(MaskRequest) == 20);
@@ -53,15 +53,15 @@ template <typename Request>
 void Send(xcb_connection_t* server, quint8 opcode, Request request) {
     const xcb_protocol_request_t description{
         .count = 1, .ext = &shapeExtension, .opcode = opcode, .isvoid = 1};
-    std::array<iovec, 3> parts{};  // xcb uses the two before the first
+    std::array<iovec, 3> parts{};  // xcb uses the two elements before the one passed
     parts[2] = {.iov_base = &request, .iov_len = sizeof(request)};
     xcb_send_request(server, 0, &parts[2], &description);
 }
 
 }  // namespace
 
-/// Qt's flag would do on X11 as well, but ending it leaves the window with the input area of that moment,
-/// even if it is widened later.
+/// Qt::WindowTransparentForInput would work on X11 too, but clearing it fixes the input area at the window's
+/// current size, even if the window is widened later.
 void PassClicks(QWindow& window, bool passes) {
     xcb_connection_t* server = X11Connection();
     if (server == nullptr) {
@@ -73,7 +73,7 @@ void PassClicks(QWindow& window, bool passes) {
         return;
     }
     const auto id = static_cast<quint32>(window.winId());
-    // Before the end as well: the server tells the window manager only of changes.
+    // Also when it is restored: the server notifies the window manager only of a change.
     Send(server, kRectangles, RectanglesRequest{.window = id});
     if (!passes) {
         Send(server, kMask, MaskRequest{.window = id});

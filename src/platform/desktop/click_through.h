@@ -5,8 +5,9 @@ class QWindow;
 
 namespace tickwell::platform {
 
-/// Lets the mouse reach what is below a window, or ends that. The window keeps its place and its id. To be
-/// called once the window has been created, and repeated when it was resized after clicks have gone through.
+/// Sets whether mouse events pass through a window to what is below it. The window keeps its position and its
+/// id. To be called once the native window exists, and again after each resize once clicks have passed
+/// through.
 void PassClicks(QWindow& window, bool passes);
 
 }  // namespace tickwell::platform

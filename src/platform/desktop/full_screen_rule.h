@@ -6,7 +6,7 @@
 
 namespace tickwell::platform {
 
-/// A window as its window manager describes it.
+/// A window as the window manager reports it.
 struct DesktopWindow {
     quint32 id = 0;
     QRect area;  ///< device pixels, without its frame
@@ -15,9 +15,9 @@ struct DesktopWindow {
     bool isOurs = false;
 };
 
-/// Whether a full-screen window of another program is seen at `place`: its topmost shown window there is one,
-/// or the active window is one. Our own windows count neither as full-screen nor as covering another one.
-/// `stack` is ordered from the lowest window to the topmost; `active`: 0 for none.
+/// Whether a full-screen window of another program is visible at `place`: the topmost shown window there, or
+/// the active window, is one. Windows of this program count neither as full-screen nor as covering another
+/// one. `stack` is ordered from the lowest window to the topmost; `active`: 0 for none.
 bool IsUnderFullScreen(const QList<DesktopWindow>& stack, quint32 active, const QRect& place);
 
 }  // namespace tickwell::platform

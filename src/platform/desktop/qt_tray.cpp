@@ -76,7 +76,7 @@ QtTray::QtTray(std::function<QIcon()> icon) : m_icon(std::move(icon)) {
 }
 
 /// No event loop runs any more that could remove an icon. An icon on the bus is leaked and disappears with
-/// our connection: deleting it would block if the bus hangs.
+/// the program's connection: deleting it would block if the bus hangs.
 QtTray::~QtTray() {
     m_leaving.push_back(std::move(m_tray));
     for (Icon& icon : m_leaving) {

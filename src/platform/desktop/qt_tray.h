@@ -30,7 +30,7 @@ public:
     void Hide() override;
 
 private:
-    struct Later {  // an icon may be hidden inside its own signal
+    struct Later {  // an icon may be hidden by a slot of its own signal
         void operator()(QSystemTrayIcon* tray) const;
     };
     using Icon = std::unique_ptr<QSystemTrayIcon, Later>;
@@ -60,7 +60,7 @@ private:
     bool m_busHangs = false;
     bool m_isLooking = false;
     std::optional<Wanted> m_wanted;  // while the bus is queried
-    Icon m_tray;                     // while the icon is shown
+    Icon m_tray;                     // null unless the icon is shown
     std::vector<Icon> m_leaving;     // until the bus answers
     QTimer m_retry;
 };

@@ -8,7 +8,7 @@ struct xcb_connection_t;
 
 namespace tickwell::platform {
 
-/// What Qt is told about where to show windows.
+/// The platform and display that Qt is started with.
 struct ScreenChoice {
     QByteArray
         platforms;  ///< as in QT_QPA_PLATFORM: names separated by semicolons, the first that works counts
@@ -19,7 +19,7 @@ struct ScreenChoice {
 /// process. The check takes about a millisecond.
 class ScreenLook {
 public:
-    /// Looks for the first of these platforms that has a plugin and, if it needs one, a server that accepts a
+    /// Finds the first of these platforms that has a plugin and, if it needs one, a server that accepts a
     /// connection.
     explicit ScreenLook(const ScreenChoice& choice);
 

@@ -11,7 +11,7 @@ namespace tickwell::platform {
 namespace {
 
 constexpr std::string_view kActiveWindow = "_NET_ACTIVE_WINDOW";  // EWMH
-constexpr quint8 kEventKind = 0x7F;  // without the bit of events that another program sent
+constexpr quint8 kEventKind = 0x7F;  // masks the bit of events sent by other clients
 
 }  // namespace
 

@@ -9,9 +9,9 @@
 
 namespace tickwell::platform {
 
-/// The focus of an X11 screen, by the active window that the window manager publishes. Qt already receives
-/// the changes of the root window's properties, so following them causes no further wake-ups. Without X11 or
-/// without a window manager nothing happens.
+/// Tracks the focus on X11 by the active window that the window manager publishes. Qt already receives the
+/// property changes of the root window, so tracking causes no further wake-ups. Does nothing without X11 or
+/// without a window manager.
 class X11Focus : public FocusReturn, private QAbstractNativeEventFilter {
 public:
     X11Focus() = default;
@@ -26,7 +26,7 @@ private:
     bool nativeEventFilter(const QByteArray& eventType, void* message, qintptr* result) override;
     void Remember(xcb_connection_t* server);
 
-    xcb_window_t m_window = XCB_NONE;  // the followed one; none while nothing is followed
+    xcb_window_t m_window = XCB_NONE;  // the main window; XCB_NONE while nothing is tracked
     xcb_window_t m_before = XCB_NONE;
     xcb_atom_t m_activeWindow = XCB_NONE;
 };

@@ -35,7 +35,7 @@ AreaRequest RequestArea(xcb_connection_t* server, quint32 window) {
             xcb_translate_coordinates(server, window, RootOf(server), 0, 0)};
 }
 
-/// Empty if the window is gone.
+/// The area of a window; empty if the window no longer exists.
 QRect AreaOf(xcb_connection_t* server, const AreaRequest& request) {
     const XcbReply<xcb_get_geometry_reply_t> size(xcb_get_geometry_reply(server, request.size, nullptr));
     const XcbReply<xcb_translate_coordinates_reply_t> corner(
@@ -43,7 +43,7 @@ QRect AreaOf(xcb_connection_t* server, const AreaRequest& request) {
     return size && corner ? QRect(corner->dst_x, corner->dst_y, size->width, size->height) : QRect();
 }
 
-/// Sets the events that this program receives from a window, which may be gone.
+/// Selects the events that this program receives from a window, which may no longer exist.
 void SetEvents(xcb_connection_t* server, quint32 window, quint32 events) {
     const auto request = xcb_change_window_attributes_checked(server, window, XCB_CW_EVENT_MASK, &events);
     xcb_discard_reply(server, request.sequence);
@@ -114,7 +114,7 @@ bool X11FullScreen::IsOfInterest(const xcb_generic_event_t& event) const {
     }
 }
 
-/// Window managers change several properties in a row; one look after them is enough.
+/// Window managers change several properties in a row; one check afterwards is enough.
 void X11FullScreen::Schedule() {
     if (std::exchange(m_isDue, true)) {
         return;
@@ -130,7 +130,7 @@ void X11FullScreen::Schedule() {
         Qt::QueuedConnection);
 }
 
-/// A killed window manager leaves its properties on the root window; its own window is gone.
+/// A killed window manager leaves its properties on the root window, but its check window no longer exists.
 X11FullScreen::Manager X11FullScreen::ReadManager(xcb_connection_t* server) const {
     const auto request = [&](AtomName name) { return RequestItems(server, RootOf(server), Atom(name)); };
     const auto check = request(CheckWindow);
@@ -167,7 +167,7 @@ bool X11FullScreen::IsCovered(quintptr window) {
     if (fullScreen.isEmpty()) {
         return false;
     }
-    if (m_changed) {  // one may be moved to another screen, or end without a window manager
+    if (m_changed) {  // it may move to another screen, or close without a window manager
         Select(server, fullScreen, XCB_EVENT_MASK_STRUCTURE_NOTIFY);
     }
     const QRect place = AreaOf(server, RequestArea(server, static_cast<quint32>(window)));
@@ -198,7 +198,8 @@ QList<DesktopWindow> X11FullScreen::ReadWindows(xcb_connection_t* server, const 
             xcb_get_window_attributes_reply(server, requests[i].attributes, nullptr));
         const bool isHere = desktop.isEmpty() || manager.desktop.isEmpty() || desktop == manager.desktop ||
                             desktop.constFirst() == kAllDesktops;
-        // A window manager may map the windows later than it sets its properties.
+        // A window manager may map windows later than it sets its properties, so the map state counts only
+        // without one.
         const bool isShown = manager.isThere
                                  ? isHere && !manager.showsDesktop && !states.contains(Atom(Hidden))
                                  : attributes && attributes->map_state == XCB_MAP_STATE_VIEWABLE;
@@ -211,7 +212,7 @@ QList<DesktopWindow> X11FullScreen::ReadWindows(xcb_connection_t* server, const 
     return windows;
 }
 
-/// Watches these windows and the root window, and forgets those that are no longer managed.
+/// Watches exactly these windows and the root window; stops watching all others.
 void X11FullScreen::WatchOnly(xcb_connection_t* server, const QList<quint32>& windows) {
     m_watched.removeIf([&](const std::pair<const quint32&, quint32&>& each) {
         return each.first != RootOf(server) && !windows.contains(each.first);
@@ -240,7 +241,7 @@ void X11FullScreen::Select(xcb_connection_t* server, const QList<quint32>& windo
     xcb_flush(server);
 }
 
-/// Qt itself reads the root window's properties, so that stays selected.
+/// Qt itself needs the root window's property events, so these stay selected.
 void X11FullScreen::Unwatch(xcb_connection_t* server) {
     m_watched.remove(RootOf(server));
     for (const auto& [window, events] : std::exchange(m_watched, {}).asKeyValueRange()) {

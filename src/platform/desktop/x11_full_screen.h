@@ -14,8 +14,8 @@
 
 namespace tickwell::platform {
 
-/// The full-screen windows of an X11 screen, by the hints of EWMH. While there is a listener, the X server
-/// reports changes of the root window's and of all managed windows' properties. Without X11 nothing happens.
+/// Detects full-screen windows on X11 by the hints of EWMH. While there is a listener, the X server reports
+/// property changes of the root window and of all managed windows. Does nothing without X11.
 class X11FullScreen : public QObject, public FullScreenWatch, private QAbstractNativeEventFilter {
     Q_OBJECT
 
@@ -40,7 +40,7 @@ private:
         Desktop,
         AtomCount
     };
-    /// What the window manager says about the desktop as a whole.
+    /// What the window manager publishes about the whole desktop.
     struct Manager {
         bool isThere = false;
         bool showsDesktop = false;
@@ -62,9 +62,9 @@ private:
     QList<DesktopWindow> ReadWindows(xcb_connection_t* server, const Manager& manager) const;
 
     std::array<quint32, AtomCount> m_atoms{};
-    QHash<quint32, quint32> m_watched;  // by window: the events that were selected for this object
+    QHash<quint32, quint32> m_watched;  // by window: the events selected for this object
     std::function<void()> m_changed;
-    bool m_isDue = false;  // m_changed is going to be called
+    bool m_isDue = false;  // a call of m_changed is pending
 };
 
 }  // namespace tickwell::platform

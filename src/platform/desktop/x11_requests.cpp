@@ -12,9 +12,9 @@ namespace tickwell::platform {
 namespace {
 
 constexpr quint32 kMostItems = 4096;
-constexpr std::string_view kCompositor = "_NET_WM_CM_S0";  // the selection that it owns (EWMH)
+constexpr std::string_view kCompositor = "_NET_WM_CM_S0";  // selection of the compositing manager (EWMH)
 constexpr std::string_view kXWayland =
-    "XWAYLAND";  // its extension since version 23; before, its screens were named so
+    "XWAYLAND";  // an extension since XWayland 23; older versions use it as the prefix of output names
 
 bool IsXWayland(xcb_connection_t* server) {
     const XcbReply<xcb_query_extension_reply_t> extension(xcb_query_extension_reply(

@@ -16,7 +16,7 @@ namespace tickwell::platform {
 /// from a pager, whose requests are those of the user.
 inline constexpr quint32 kFromPager = 2;
 
-/// The number of the desktop of windows that are on all (EWMH).
+/// The desktop number of a window that is on all desktops (EWMH).
 inline constexpr quint32 kAllDesktops = 0xFFFFFFFF;
 
 /// Frees what xcb allocated with malloc.
@@ -33,12 +33,12 @@ xcb_connection_t* X11Connection();
 /// Whether a compositing manager runs, so that translucent windows can be seen through. False without X11.
 bool IsComposited();
 
-/// Whether a Wayland compositor places our windows where it wants: the X server is XWayland, and its window
-/// manager does not move windows on request (EWMH's _NET_MOVERESIZE_WINDOW). So do those of the wlroots
-/// family and weston; KWin and mutter place windows as they do on X11. False without X11.
+/// Whether a Wayland compositor decides the positions of this program's windows: the X server is XWayland,
+/// and its window manager does not move windows on request (no EWMH _NET_MOVERESIZE_WINDOW). This applies to
+/// wlroots-based compositors and weston; KWin and mutter place windows as on X11. False without X11.
 bool IsPlacedByCompositor();
 
-/// Interns all names with one wait. An atom is 0 if the server did not answer.
+/// Interns all names in one round trip. An atom is 0 if the server did not answer.
 template <size_t Count>
 std::array<quint32, Count> InternAtoms(xcb_connection_t* server,
                                        const std::array<std::string_view, Count>& names) {
@@ -63,7 +63,8 @@ xcb_atom_t AtomNamed(xcb_connection_t* server, std::string_view name);
 /// Requests a property of 32-bit items, at most 4096 of them. The answer is read by ItemsOf.
 xcb_get_property_cookie_t RequestItems(xcb_connection_t* server, xcb_window_t window, xcb_atom_t property);
 
-/// The items of a requested property; empty if it is missing, has another format, or its window is gone.
+/// The items of a requested property; empty if it is missing, has another format, or its window no longer
+/// exists.
 QList<quint32> ItemsOf(xcb_connection_t* server, xcb_get_property_cookie_t request);
 
 /// Sends a client message about `window` to the root window, where the window manager listens. Does not flush

@@ -70,7 +70,7 @@ void X11Stack::Declare(quintptr window, bool inSwitcher) {
     xcb_change_property(server, XCB_PROP_MODE_REPLACE, ours, Atom(UserTime), XCB_ATOM_CARDINAL, 32, 1,
                         &never);
     m_refused = {};
-    // Wayland compositors of the wlroots family ignore that time, but focus no window that refuses the focus.
+    // Compositors based on wlroots ignore that time, but do not focus a window that refuses the focus.
     if (IsPlacedByCompositor()) {
         DeclareAcceptsFocus(server, ours, false);
         m_refusesFocus = true;
@@ -91,7 +91,7 @@ void X11Stack::SendDeclared(xcb_connection_t* server, quint32 window) const {
     SendToManager(server, window, Atom(State), {kAddState, Atom(Above), Atom(Sticky), kFromApplication, 0});
     // Not every window manager supports the sticky state: openbox supports only the desktop number.
     SendToManager(server, window, Atom(Desktop), {kAllDesktops, kFromApplication, 0, 0, 0});
-    // KWin marks every window that is mapped without the focus.
+    // KWin marks every window that is mapped without focus as demanding attention.
     SendToManager(server, window, Atom(State),
                   {kRemoveState, Atom(DemandsAttention), 0, kFromApplication, 0});
 }
@@ -104,7 +104,7 @@ bool X11Stack::HasDeclared(const Kept& kept) const {
            !kept.states.contains(Atom(DemandsAttention));
 }
 
-/// Repeats a request that the window manager has refused only after the states that it keeps have changed.
+/// Once the window manager has refused a request, repeats it only after the kept states have changed.
 void X11Stack::AskAgain(xcb_connection_t* server, quint32 window, const Kept& kept) {
     if (HasDeclared(kept)) {
         m_refused = {};
@@ -162,8 +162,8 @@ void X11Stack::BringToUser(quintptr window) {
     const QList<quint32> kept = ItemsOf(server, desktop);
     const bool isElsewhere = !kept.isEmpty() && kept.constFirst() != kAllDesktops && kept != here;
     if (isElsewhere && !here.isEmpty()) {
-        // First the current desktop, then all: even if the window manager refuses the latter, the window
-        // comes to the user.
+        // Requests the current desktop first and then all desktops, so that the window reaches the user even
+        // if the window manager refuses the latter.
         SendToManager(server, ours, Atom(Desktop), {here.constFirst(), kFromPager, 0, 0, 0});
         SendDeclared(server, ours);
     }

@@ -22,7 +22,7 @@ public:
     bool IsLost(quintptr window) override;
 
 private:
-    /// What the window manager keeps about a window.
+    /// The states that the window manager keeps for a window.
     struct Kept {
         QList<quint32> states;
         QList<quint32> desktop;  ///< one item, or none if there is no window manager or it has no workspaces
@@ -55,9 +55,9 @@ private:
     void SendDeclared(xcb_connection_t* server, quint32 window) const;
 
     std::array<quint32, AtomCount> m_atoms{};
-    bool m_refusesFocus = false;  // until the window is put above for the first time after it was shown
+    bool m_refusesFocus = false;  // from when the window is declared until it is first raised
     bool m_isInSwitcher = false;  // as declared last
-    Kept m_refused;               // the kept states when a request for the declared ones last failed
+    Kept m_refused;               // the kept states when the last request was refused
 };
 
 }  // namespace tickwell::platform

@@ -44,7 +44,7 @@ int TrackOfTitle(const QList<QByteArray>& parts, qsizetype tracks) {
     return isNumber && track >= 0 && track <= tracks && IsEncodedTitle(parts[2]) ? track : -1;
 }
 
-/// The titles in these lines; nothing if a line is not one, or if they are not in order.
+/// The titles in these lines; nullopt if any line is malformed or out of order.
 std::optional<QStringList> TitlesOf(const QList<QByteArray>& lines, qsizetype tracks) {
     QStringList titles(tracks + 1);
     int last = -1;

@@ -8,7 +8,7 @@
 
 namespace tickwell::platform {
 
-/// The state of the drive. The contents are valid if the status is Ready.
+/// The state of the drive. The contents are valid only if the status is Ready.
 struct CdSeen {
     media::CdStatus status = media::CdStatus::NotReady;
     media::CdContents contents;

@@ -13,13 +13,13 @@
 
 namespace tickwell::platform {
 
-/// Accesses the drive through tickwell-cd; this process never touches it. If the helper dies, the disc counts
-/// as not ready until a different one is seen.
+/// Accesses the drive through tickwell-cd; this process never opens it. If the helper crashes, the disc
+/// counts as not ready until a different one is detected.
 class CdHelperDrive : public media::CdDrive, public media::CdPlayback {
 public:
     /// `helper`: the path of tickwell-cd. `source`: a drive or an image; empty for the machine's own drive,
-    /// which may come and go. `wantsTitles`: whether a look that begins now reads the disc's titles. Timers
-    /// and output outlive this object and run in real time, as drives and sound do.
+    /// which may be plugged in or removed. `wantsTitles`: whether a check that starts now reads the disc's
+    /// titles. Timers and output outlive this object and run in real time, as drives and sound do.
     CdHelperDrive(
         RealTimerSource& timers, media::SoundOutput& output, const QString& helper, QString source,
         std::function<bool()> wantsTitles = [] { return false; });
@@ -51,9 +51,9 @@ private:
     CdSeen m_seen;
     quint32 m_number = 0;
     bool m_readError = false;
-    std::optional<media::CdContents> m_distrusted;  // of a disc that crashed the helper
+    std::optional<media::CdContents> m_distrusted;  // contents of a disc that crashed the helper
     std::function<void()> m_changed;
-    std::unique_ptr<Timer> m_timer;  // runs while a look, a stream or a dying child process needs it
+    std::unique_ptr<Timer> m_timer;  // runs while a check, a stream or an ending child process needs it
 };
 
 }  // namespace tickwell::platform

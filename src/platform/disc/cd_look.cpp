@@ -12,7 +12,7 @@ namespace {
 
 constexpr int kLongestLook = 30'000;  // ms
 
-// bytes; 99 tracks take 1400, and a title of the longest 2400
+// bytes; 99 tracks take 1400, and the longest title 2400
 constexpr qsizetype kMostAnswer = 8192;
 constexpr qsizetype kMostAnswerWithTitles = 262'144;
 

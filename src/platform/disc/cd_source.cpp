@@ -23,7 +23,7 @@ bool IsBlockDevice(const QString& path) {
     return stat(QFile::encodeName(path).constData(), &found) == 0 && S_ISBLK(found.st_mode);
 }
 
-/// Whether the kernel gives drives such names: "sr" or "scd", and a number.
+/// Whether a device name is that of a CD drive: "sr" or "scd", and a number.
 bool IsNameOfDrive(const QString& name) {
     return std::any_of(kDrivePrefixes.begin(), kDrivePrefixes.end(), [&](const QStringView prefix) {
         return name.startsWith(prefix) && name.size() > prefix.size() && name[prefix.size()] >= u'0' &&

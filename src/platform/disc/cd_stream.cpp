@@ -171,7 +171,7 @@ void CdStream::Sound() {
     }
 }
 
-/// Ends playback. The device stays open for a moment, because it still plays what it has taken.
+/// Ends playback. The device stays open briefly, because it is still playing what it has buffered.
 void CdStream::Halt(qint64 position) {
     m_child.End();
     if (m_stream != nullptr) {

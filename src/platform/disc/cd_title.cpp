@@ -23,17 +23,17 @@ bool IsPlain(char letter) {
            (letter >= 'a' && letter <= 'z');
 }
 
-/// Nothing if a byte is not a part of a character.
+/// Decodes bytes; nullopt if they are not valid in this encoding.
 std::optional<QString> Decoded(const QByteArray& bytes, const char* encoding) {
     QStringDecoder decoder(encoding, QStringConverter::Flag::Stateless);
     QString text = decoder.decode(bytes);
     return decoder.isValid() && !decoder.hasError() ? std::optional(text) : std::nullopt;
 }
 
-/// Whether a character has no shape of its own, or a shape that nobody has defined.
+/// Whether a character has no glyph of its own, or is unassigned.
 bool IsInvisible(char32_t character) {
     switch (QChar::category(character)) {
-        case QChar::Other_Format:  // turns the direction of text, among others
+        case QChar::Other_Format:  // includes the controls of text direction
         case QChar::Other_Surrogate:
         case QChar::Other_PrivateUse:
         case QChar::Other_NotAssigned:

@@ -6,13 +6,14 @@
 
 namespace tickwell::platform {
 
-/// Whether the helper can have written `text` as the title of a track: percent-encoded bytes, not too many.
+/// Whether `text` has the form in which the helper writes titles: percent-encoded bytes within the length
+/// limit.
 bool IsEncodedTitle(const QByteArray& text);
 
-/// The title that the helper has written: of UTF-8, else of Shift_JIS; empty if it is neither. Discs can
-/// contain anything, so it is made fit to be shown on one line: blanks in place of controls, no characters
-/// that turn the direction of the text or cannot be seen, at most kLongestCdTitle others. Only if
-/// IsEncodedTitle.
+/// Decodes a title written by the helper, as UTF-8 or else Shift_JIS; empty if it is neither. Discs can
+/// contain anything, so the title is sanitised for display on one line: control characters become blanks,
+/// characters that change the text direction or are invisible are removed, and at most kLongestCdTitle
+/// remain. Requires IsEncodedTitle.
 QString TitleFrom(const QByteArray& text);
 
 }  // namespace tickwell::platform

@@ -7,7 +7,7 @@ namespace tickwell::platform {
 
 namespace {
 
-/// The number after "Name:" at the start of a line, in kB; nothing if there is none.
+/// The number after "Name:" at the start of a line, in kB; nullopt if there is none.
 std::optional<qint64> Field(const QByteArray& text, const QByteArray& name) {
     const QByteArray label = name + ':';
     for (const QByteArray& line : text.split('\n')) {

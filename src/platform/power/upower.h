@@ -10,7 +10,7 @@
 
 namespace tickwell::platform {
 
-/// The reading given by the properties of UPower and of its display device. Nothing if a required property is
+/// The reading given by the properties of UPower and of its display device. nullopt if a required property is
 /// missing, of the wrong type or out of range; an invalid remaining time is merely unknown.
 std::optional<PowerReading> ReadingOf(const QVariantMap& service, const QVariantMap& device);
 

@@ -11,10 +11,10 @@ namespace tickwell::platform {
 /// has failed.
 PrintNews NewsFrom(const QByteArray& line);
 
-/// The news if tickwell-print could not be started from this path.
+/// The progress to report if tickwell-print could not be started from this path.
 PrintNews NewsOfMissingHelper(const QString& path);
 
-/// The news if tickwell-print ended without an answer.
+/// The progress to report if tickwell-print ended without an answer.
 PrintNews NewsOfDeadHelper();
 
 }  // namespace tickwell::platform

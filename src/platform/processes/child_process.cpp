@@ -22,7 +22,7 @@ namespace tickwell::platform {
 
 namespace {
 
-constexpr int kLastPatience = 200;  // ms for children that are still dying when the program ends
+constexpr int kLastPatience = 200;  // ms for killed children that have not ended yet when the program ends
 constexpr int kMostAtOnce = 65536;  // bytes, the capacity of a pipe
 
 /// A memfd that contains `bytes`, positioned at its start; negative on failure. Unlike a pipe, it accepts any

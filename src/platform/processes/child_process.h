@@ -11,7 +11,7 @@
 namespace tickwell::platform {
 
 /// Killed child processes that have not exited yet: one that is blocked by a drive cannot exit at once, and
-/// nobody waits for it. The owner calls Reap from a timer.
+/// no caller waits for it. The owner calls Reap from a timer.
 class ChildReaper {
 public:
     ChildReaper() = default;
@@ -44,7 +44,7 @@ public:
     /// Up to `most` bytes of its output; empty if there is none yet or no more.
     QByteArray Read(qsizetype most);
 
-    /// Its exit code, or -1 if a signal ended it, once it has exited and all its output was read. Nothing
+    /// Its exit code, or -1 if a signal ended it, once it has exited and all its output was read. nullopt
     /// until then.
     std::optional<int> ExitCode();
 
@@ -52,7 +52,7 @@ public:
     bool IsRunning() const { return m_child > 0; }
     void End();
 
-    /// Detaches from the child, which keeps running; nobody reads its output any more.
+    /// Detaches from the child, which keeps running; its output is no longer read.
     void LetGo();
 
 private:

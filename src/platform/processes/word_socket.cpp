@@ -41,7 +41,7 @@ Protocol::endpoint AddressOf(const QString& path) {
     return {QFile::encodeName(path).toStdString()};
 }
 
-/// Sends one word asynchronously, while `loop` runs.
+/// Sends one word asynchronously while `loop` runs.
 class Call {
 public:
     Call(asio::io_context& loop, QByteArray word) : m_socket(loop), m_word(std::move(word)) {}
@@ -85,7 +85,7 @@ private:
 
 /// The listening socket. Throws std::system_error if it cannot listen.
 class WordSocket::Listener {
-    /// Notified when there is something to read. May be destroyed inside its own signal.
+    /// Calls `ready` when data is available. May be destroyed from within that call.
     class Notifier {
     public:
         Notifier(int descriptor, std::function<void()> ready)
@@ -115,7 +115,7 @@ public:
             QFile::remove(path);  // if that fails, so does binding
         }
         m_acceptor.bind(address);
-        // Nobody can connect before listen(); after it, only this user can.
+        // No process can connect before listen(); after it, only this user can.
         if (!QFile::setPermissions(path, QFile::ReadOwner | QFile::WriteOwner)) {
             throw std::system_error(std::make_error_code(std::errc::permission_denied));
         }

@@ -16,16 +16,16 @@ public:
     static constexpr int kLongestWord = 16;     // bytes; what follows is discarded
     static constexpr int kMostConnections = 8;  // open and silent ones; a further one closes the oldest
 
-    /// `onWord` is called from the event loop with what was received, which may be anything, after its
-    /// connection was closed.
+    /// `onWord` is called from the event loop with the received bytes, which are untrusted, once their
+    /// connection is closed.
     explicit WordSocket(std::function<void(const QByteArray& word)> onWord);
     /// Closes the socket and removes its file.
     ~WordSocket();
     WordSocket(const WordSocket&) = delete;
     WordSocket& operator=(const WordSocket&) = delete;
 
-    /// Listens at `path`, replacing the socket of a dead process. Called once. Returns false, with the reason
-    /// in the log, if something else is there or the path has more than 107 bytes.
+    /// Listens at `path`, replacing the socket of a process that was killed. Called once. Returns false, with
+    /// the reason in the log, if something else is there or the path has more than 107 bytes.
     bool Listen(const QString& path);
 
 private:
@@ -44,7 +44,7 @@ enum class SocketPlace {
 SocketPlace SocketPlaceOf(const QString& path);
 
 /// Sends a word to the process that listens at `path`, unless that belongs to another user, and waits until
-/// it closes the connection. False if nobody listens or the connection is not closed within `patience`.
+/// it closes the connection. False if no process listens or the connection is not closed within `patience`.
 bool SayWord(const QString& path, const QByteArray& word, std::chrono::milliseconds patience);
 
 }  // namespace tickwell::platform

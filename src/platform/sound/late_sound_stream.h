@@ -14,8 +14,8 @@ namespace tickwell::platform {
 /// it if opening fails.
 class LateSoundStream : public media::SoundStream {
 public:
-    /// Polls the opening: nothing yet, the stream of the device, or no stream. Called by every function until
-    /// one of the latter two is returned, and then destroyed.
+    /// Polls the opening: nullopt while it is pending, then the stream of the device, or null if it failed.
+    /// Called by every function until it returns a value, and then destroyed.
     using Look = std::function<std::optional<std::unique_ptr<media::SoundStream>>()>;
 
     LateSoundStream(const media::SoundFormat& format, Look look)

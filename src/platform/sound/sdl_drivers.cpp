@@ -78,7 +78,7 @@ bool SdlDrivers::Prepare() {
 }
 
 /// If no device is open, shuts the driver down: its threads and connections end, and the next Open selects a
-/// driver again, because a sound server may have started or ended meanwhile.
+/// driver again, because a sound server may have started or ended in the meantime.
 void SdlDrivers::Leave() {
     if (m_devices == 0 && m_isPrepared) {
         m_sdl->QuitSubSystem(SDL_INIT_AUDIO);

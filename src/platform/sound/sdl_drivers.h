@@ -18,7 +18,7 @@ public:
 
     void Close(SDL_AudioDeviceID device);
 
-    /// SDL keeps its last error per thread and is not notified when a thread of this program ends.
+    /// Frees SDL's error message of the calling thread, because SDL is not notified when that thread ends.
     void ForgetThread();
 
     /// Only after a device was opened.

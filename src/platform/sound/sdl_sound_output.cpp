@@ -13,7 +13,7 @@ namespace tickwell::platform {
 
 namespace {
 
-constexpr std::chrono::milliseconds kPatience{5000};    // opening takes 5 to 60 ms, but a busy machine may stall
+constexpr std::chrono::milliseconds kPatience{5000};    // usually 5 to 60 ms, but a busy machine may stall
 constexpr std::chrono::milliseconds kMoment{150};       // enough for most devices to open
 constexpr std::chrono::milliseconds kLastMoment{1000};  // for closing devices when the program ends
 
@@ -48,7 +48,7 @@ private:
     qint64 m_frameBytes;
 };
 
-/// One attempt to open a device, shared with the job that makes it.
+/// One attempt to open a device, shared with the thread's job that performs it.
 struct SdlAttempt {
     QDeadlineTimer deadline{kPatience};
     std::atomic<bool> isDone = false;
@@ -57,7 +57,8 @@ struct SdlAttempt {
     bool Hangs() const { return !isDone && deadline.hasExpired(); }
 };
 
-/// The owner's side of an attempt. The destructor closes a device that was not taken, even if it opens later.
+/// The owner's side of an attempt. Its destructor closes a device that was not taken, even one that opens
+/// later.
 class SdlOpening {
 public:
     SdlOpening(SdlSoundOutput& output, const media::SoundFormat& format)
@@ -125,7 +126,7 @@ std::unique_ptr<media::SoundStream> SdlSoundOutput::Open(const media::SoundForma
 
 void SdlSoundOutput::Close(unsigned device) {
     --m_devices;
-    // Silences the device at once; the job may close it later.
+    // Silences the device at once, because the thread may close it later.
     m_drivers->Functions().ClearQueuedAudio(device);
     m_jobs.Do([drivers = m_drivers, device] {
         drivers->Close(device);

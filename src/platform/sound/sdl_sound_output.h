@@ -12,16 +12,16 @@ namespace tickwell::platform {
 struct SdlAttempt;
 class SdlDrivers;
 
-/// Sound through SDL's queues, without callbacks and locks of our own. While no stream is open only the
-/// library stays loaded, and not even that before the first stream. Devices are opened and closed by a thread
-/// of their own, so that a sound server that hangs blocks nothing.
+/// Sound through SDL's queues, without callbacks or locks of its own. While no stream is open, only the
+/// library stays loaded; it is loaded for the first stream. A separate thread opens and closes devices, so
+/// that a sound server that hangs blocks nothing.
 class SdlSoundOutput : public media::SoundOutput {
 public:
     /// `library`: the part between "lib" and ".so.0". If it is missing, nothing can be opened.
     explicit SdlSoundOutput(const QString& library = QStringLiteral("SDL2-2.0"));
 
-    /// If opening takes longer than a moment, the stream buffers queued sound, which is dropped if the device
-    /// is not open after five seconds. While such an attempt hangs, no other is made.
+    /// If opening takes longer than a moment, the stream buffers queued sound, which is discarded if the
+    /// device is not open after five seconds. While such an attempt hangs, no other one is started.
     std::unique_ptr<media::SoundStream> Open(const media::SoundFormat& format) override;
 
     int OpenDevices() const { return m_devices; }

@@ -35,11 +35,11 @@ public:
     /// if the system refuses.
     bool SetZone(const QByteArray& zone);
 
-    /// Milliseconds until the next timer is due; nothing if none is running.
+    /// Milliseconds until the next timer is due; nullopt if none is running.
     std::optional<qint64> UntilNext() const;
 
     /// Advances to the next timer due within `milliseconds` and delivers its tick; returns the remaining
-    /// milliseconds. If none is due, advances by all of them and returns nothing.
+    /// milliseconds. If none is due, advances by all of them and returns nullopt.
     std::optional<qint64> Step(qint64 milliseconds);
 
     /// Advances by `milliseconds` and delivers every tick that becomes due, in order.
@@ -51,7 +51,7 @@ private:
     void Pass(qint64 milliseconds);
     void TellOfJump() const;
 
-    qint64 m_now;  // ms since 1970 in UTC: the zone may change meanwhile
+    qint64 m_now;  // ms since 1970 in UTC: the zone may change in the meantime
     qint64 m_sinceBoot;
     std::function<void()> m_onJump;
     qint64 m_elapsed = 0;                  // ms since construction, the scale of the timers

@@ -69,7 +69,7 @@ void VirtualTimePipe::AnswerTime() {
 void VirtualTimePipe::Answer(const QByteArray& text) {
     const QByteArray line = text + '\n';
     if (write(m_writeTo, line.constData(), static_cast<std::size_t>(line.size())) != line.size()) {
-        m_notifier.setEnabled(false);  // nobody listens any more
+        m_notifier.setEnabled(false);  // the other process has stopped listening
     }
 }
 

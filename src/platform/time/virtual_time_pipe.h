@@ -36,7 +36,7 @@ private:
     int m_writeTo;
     QSocketNotifier m_notifier;
     QByteArray m_received;
-    std::optional<qint64> m_left;  // remaining ms of the running `advance`; empty if there is none
+    std::optional<qint64> m_left;  // remaining ms of the running `advance`; nullopt if there is none
 };
 
 }  // namespace tickwell::platform

@@ -7,7 +7,7 @@
 
 namespace tickwell::remote {
 
-/// Where other programs of the user find this one.
+/// Offers this program's commands to other programs of the user.
 class CommandService {
 public:
     /// Carries out a call and returns the values of its reply. Throws RefusedCall, nothing else.
@@ -15,11 +15,11 @@ public:
 
     virtual ~CommandService() = default;
 
-    /// Calls are passed to `run` from the event loop, from some later moment on. Never waits. If there is no
-    /// way to be found, that is logged.
+    /// Starts passing calls to `run`, from the event loop, at some later time. Never blocks. A failure is
+    /// logged.
     virtual void Offer(Run run) = 0;
 
-    /// From now on `run` is not called any more, and nothing of this program can be found. Never waits.
+    /// From now on `run` is no longer called, and the program is no longer registered. Never blocks.
     virtual void Withdraw() = 0;
 };
 

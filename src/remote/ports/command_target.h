@@ -8,24 +8,24 @@
 
 namespace tickwell::remote {
 
-/// The running program as other programs control it. Nothing of this changes what the program stores. All
-/// functions throw RefusedCall, having changed nothing, or RunTimeError.
+/// The running program as other programs control it. No call changes what the program stores. All functions
+/// throw RefusedCall, having changed nothing, or RunTimeError.
 class CommandTarget {
 public:
     virtual ~CommandTarget() = default;
 
-    /// Shows a function of the main window, which exists.
+    /// Shows a function of the main window; `function` is a valid number.
     virtual void Show(qint32 function) = 0;
 
-    /// Returns a reading in milliseconds: of the lap if it is one, else the current one. Refused if the
+    /// Returns a reading in milliseconds: the lap's for Lap, otherwise the current one. Refused if the
     /// stopwatch is in the wrong state.
     virtual qint32 RunStopwatch(StopwatchAction action) = 0;
 
-    /// Sets and starts a timer; `milliseconds` is an IsTimerDuration, `name` an IsTimerName. Returns its
+    /// Sets and starts a timer; `milliseconds` fulfils IsTimerDuration, `name` IsTimerName. Returns its
     /// number, which is always 1, because there is one timer. Refused while it is running.
     virtual quint32 StartTimer(qint32 milliseconds, const QString& name) = 0;
 
-    /// The names that the main window announces today, each on one line.
+    /// The names that the main window announces today, one per line.
     virtual QStringList Today() = 0;
 
     /// Brings the main window to the front, and opens its menu if requested.

@@ -8,14 +8,14 @@
 
 namespace tickwell::remote {
 
-/// A call of another program. Values that QVariant has no type for are those of bus_types.h.
+/// A call from another program. Types that QVariant cannot represent are those of bus_types.h.
 struct PlayerCall {
     QString interface;  ///< may be empty
     QString member;
     QVariantList arguments;
 };
 
-/// Where the desktop's media keys and other programs find the CD player.
+/// Offers the CD player to the desktop's media keys and to other programs.
 class PlayerService {
 public:
     /// Carries out a call and returns the values of its reply. Throws RefusedCall, nothing else.
@@ -23,17 +23,17 @@ public:
 
     virtual ~PlayerService() = default;
 
-    /// Calls are passed to `run` from the event loop, from some later moment on. Never waits. If there is no
-    /// way to be found, that is logged.
+    /// Starts passing calls to `run`, from the event loop, at some later time. Never blocks. A failure is
+    /// logged.
     virtual void Offer(Run run) = 0;
 
-    /// From now on `run` is not called any more, and the player cannot be found. Never waits.
+    /// From now on `run` is no longer called, and the player is no longer registered. Never blocks.
     virtual void Withdraw() = 0;
 
-    /// Tells everybody the new values of properties of the player. Never waits.
+    /// Broadcasts the new values of properties. Never blocks.
     virtual void TellChanged(const QVariantMap& properties) = 0;
 
-    /// Tells everybody that playback goes on at another position, µs. Never waits.
+    /// Broadcasts that playback continues at another position, in µs. Never blocks.
     virtual void TellJump(qint64 position) = 0;
 };
 

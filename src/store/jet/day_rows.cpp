@@ -44,7 +44,7 @@ public:
     ColumnReader(const JetPages& pages, const JetColumn* stored, ColumnType type)
         : m_type(type), m_column(stored), m_text(pages, stored->codePage) {}
 
-    /// Nothing if a date is NULL.
+    /// nullopt if a date is NULL.
     std::optional<DayValue> Read(const JetRow& row) const {
         const auto field = row.Field(*m_column);
         switch (m_type) {

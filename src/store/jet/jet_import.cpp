@@ -20,7 +20,7 @@ namespace {
 constexpr qsizetype kFirstBytes = 32;
 constexpr int kMostKeptFiles = 1000;
 
-/// A file that the import created; removed unless it is kept.
+/// A file that the import created. Removes it on destruction unless Keep() was called.
 class UnfinishedFile {
 public:
     UnfinishedFile(StoreDisk& disk, QString path) : m_disk(&disk), m_path(std::move(path)) {}
@@ -128,7 +128,7 @@ QString Replace(const QString& path, unsigned mode, const QByteArray& original, 
                 StoreDisk& disk) {
     const QString folder = QFileInfo(path).path();
     const QString unfinished = path + u".import";
-    // A file left by a power failure: the lock on the original guarantees that nobody else is using it.
+    // A file left by a power failure: the lock on the original guarantees that no other program is using it.
     disk.Remove(unfinished);
     disk.Create(unfinished, mode, QByteArray());
     UnfinishedFile newFile(disk, unfinished);

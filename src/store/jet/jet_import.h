@@ -21,8 +21,8 @@ struct JetImportSummary {
 /// Converts the day database `path` to this program's format if it is a Jet 3 or Jet 4 file. Call it once,
 /// before the database is opened. The original stays beside it as DayDate.jet.mdb, or under another name if
 /// that one belongs to a different file. A symbolic link is kept: everything happens in the folder of its
-/// target. Returns nothing if there is nothing to convert: our own format, any other file, or no file.
-/// Opening the database then reports a problem if there is one.
+/// target. Returns nullopt if there is nothing to convert: the program's own format, any other file, or no
+/// file. Opening the database then reports a problem if there is one.
 ///
 /// A complete file `path`, the original or the new one, exists at every moment. Throws RunTimeError with the
 /// path in the reason; the folder is then unchanged.

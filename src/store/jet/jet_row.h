@@ -13,7 +13,7 @@ class JetRow {
 public:
     JetRow(const ByteView& row, const JetLayout& layout) : m_row(row), m_layout(&layout) {}
 
-    /// The bytes of a column's field; nothing if it is NULL or the column was added after the row was
+    /// The bytes of a column's field; nullopt if it is NULL or the column was added after the row was
     /// written. A fixed field has the size of its type. Throws JetDamageError.
     std::optional<ByteView> Field(const JetColumn& column) const;
 

@@ -14,7 +14,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Finds the current places of moved rows.
+/// Finds the current positions of moved rows.
 class MovedRows {
 public:
     MovedRows(const JetPages& pages, quint32 table) : m_pages(&pages), m_table(table) {}

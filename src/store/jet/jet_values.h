@@ -14,7 +14,7 @@ bool IsNumber(JetType type);
 qint32 JetInteger(JetType type, const ByteView& field);
 
 /// The date in a field of type Date, without the time of day: 0100-01-01 to 9999-12-31. Throws JetDamageError
-/// for others.
+/// for any other date.
 QDate JetDate(const ByteView& field);
 
 }  // namespace tickwell::store

@@ -22,7 +22,7 @@ public:
     /// Reads at most that many bytes from the beginning. Throws RunTimeError.
     QByteArray Read(qsizetype atMost) const;
 
-    /// Acquires the lock; false if somebody else holds it. A file system without locks always succeeds.
+    /// Acquires the lock; false if another program holds it. A file system without locks always succeeds.
     bool Lock() const;
 
     /// Whether `path` still refers to this file.

@@ -15,7 +15,7 @@ class Searchable:
     """The search functions of a node."""
 
     def walk(self, depth=DEEPEST):
-        """This node and its descendants, parents first. Objects that disappear meanwhile are skipped."""
+        """This node and its descendants, parents first. Objects that disappear in the meantime are skipped."""
         yield self
         if depth:
             for child in _or_else(lambda: self.children, []):

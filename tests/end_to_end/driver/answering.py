@@ -84,7 +84,7 @@ class _Starvation:
         return counts | {path: sum(self._times(path)) for path in self._others}
 
     def since(self, before):
-        now = self.read()  # threads that ended meanwhile are missing here
+        now = self.read()  # threads that ended in the meantime are missing here
         return sum(max(0, count - before.get(name, 0)) for name, count in now.items()) / 1e9
 
     @staticmethod

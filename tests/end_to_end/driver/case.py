@@ -11,8 +11,8 @@ ARTIFACTS_VARIABLE = "TICKWELL_ARTIFACTS"
 
 
 class TickwellCase(unittest.TestCase):
-    """Gives each test a private desktop as `self.session`, which is closed with the test in any case. A failing test
-    saves a screenshot and the outputs of its programs in the folder that TICKWELL_ARTIFACTS names."""
+    """Gives each test a private desktop as `self.session`, which is closed however the test ends. For a failing test, a
+    screenshot and the output of its programs are saved in the folder named by TICKWELL_ARTIFACTS."""
 
     window_manager = ("openbox",)  # its command; None for a bare X server
 
@@ -31,7 +31,7 @@ class TickwellCase(unittest.TestCase):
         return Session(self.window_manager)
 
     def tearDown(self):
-        self._keep_artifacts()  # before the test's own cleanups close what the screenshot should show
+        self._keep_artifacts()  # before the cleanups of the test itself close what the screenshot should show
 
     def _troubles(self):
         return len(self._result.failures) + len(self._result.errors)

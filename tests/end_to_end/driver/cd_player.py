@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""The CD player of the real program: its window is operated with the mouse, its sound is recorded. Time is real,
+"""The CD player of the real program: its window is operated with the mouse and its sound is recorded. Time is real,
 because sound is."""
 
 from pathlib import Path
@@ -55,7 +55,7 @@ class CdCase(TickwellCase):
         self.wait_silence()
 
     def helpers(self):
-        """The number of helper processes that read discs for it."""
+        """The number of its helper processes that are reading discs."""
         return sum(_is_helper(pid) for pid in processes.marked(self.session.directory))
 
     # Controlling the player
@@ -120,5 +120,5 @@ class CdCase(TickwellCase):
 def _is_helper(pid):
     try:
         return Path(f"/proc/{pid}/comm").read_text(encoding="utf-8") == "tickwell-cd\n"
-    except OSError:  # ended meanwhile
+    except OSError:  # it has ended in the meantime
         return False

@@ -145,7 +145,7 @@ class Cups:
         os.kill(self._daemon.pid, signal.SIGCONT)
 
     def _make_programs(self):
-        """Links the machine's print service programs, and adds our own device."""
+        """Links the machine's print service programs, and adds a device for the tests."""
         (self._folder / "bin/backend").mkdir(parents=True)
         for name in ("daemon", "filter", "notifier"):
             (self._folder / "bin" / name).symlink_to(PROGRAMS / name)

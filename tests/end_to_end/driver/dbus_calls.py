@@ -30,7 +30,7 @@ def call(connection, place, method, signature="()", *arguments, timeout=CALL_TIM
 
 
 def process_of(connection, owner):
-    """The process id of a bus name's owner, or None if the name has no owner any more."""
+    """The process id of a bus name's owner, or None if the name no longer has an owner."""
     try:
         return call(connection, BUS, "GetConnectionUnixProcessID", "(s)", owner)[0]
     except GLib.Error as error:

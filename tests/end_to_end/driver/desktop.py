@@ -20,7 +20,7 @@ INHERITED = ("PATH", "LD_LIBRARY_PATH", "ASAN_OPTIONS", "LSAN_OPTIONS", "UBSAN_O
 
 class Session:
     """Runs from its construction until `close`, which ends all its processes and removes its files. It shares nothing
-    with the outer desktop or other sessions, so several may run at once."""
+    with the outer desktop or with other sessions, so several can run at once."""
 
     def __init__(self, window_manager=("openbox",), screen="1280x1024x24", dpi=96, environment=None):
         """`window_manager`: its command, or None for none. `environment`: additional variables for all programs."""
@@ -43,7 +43,7 @@ class Session:
         self.close()
 
     def close(self):
-        """Ends the session. Can be called repeatedly."""
+        """Ends the session. May be called more than once."""
         self._closing.close()
 
     # Programs
@@ -74,7 +74,7 @@ class Session:
         return pictures.grab(self.display, area)
 
     def screenshot(self, path, area=None):
-        """Saves such a picture."""
+        """Saves such a picture as a file."""
         self.grab(area).save(path)
 
     # Set-up
@@ -128,7 +128,7 @@ class Session:
             "-ac"])
 
     def _announced(self, closing, command):
-        """Starts a service that writes its address to a pipe when it is ready; returns what it writes."""
+        """Starts a service that writes its address to a pipe when it is ready; returns the address."""
         read_end, write_end = os.pipe()
         with os.fdopen(read_end, "rb") as pipe:
             try:

@@ -1,12 +1,12 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""Mouse and keyboard input, entered at the X server like input from real devices."""
+"""Mouse and keyboard input, injected into the X server like input from real devices."""
 
 import subprocess
 
 from driver.waiting import PATIENCE, steady
 
 DRAG_STEPS = 8  # a drag in one step cannot be distinguished from a click elsewhere
-DRAG_PACE = 0.02  # s per step, like a quick user; the window manager may take over the move meanwhile
+DRAG_PACE = 0.02  # s per step, like a quick user; the window manager may take over the move during the drag
 DOUBLE_CLICK_PACE = 60  # ms
 SETTLING = 0.05  # s
 HOLDING = 0.3  # s
@@ -47,7 +47,7 @@ class Hand:
         self._do("key", "--clearmodifiers", *keys)
 
     def hold(self, modifier, key):
-        """Presses a key while a modifier is held down for as long as a user would hold it."""
+        """Presses a key while holding a modifier, for as long as a user would."""
         self._do("keydown", modifier, "sleep", HOLDING, "key", key, "sleep", HOLDING, "keyup", modifier)
 
     def type(self, text):
@@ -70,8 +70,8 @@ def point_of(target):
 
 
 def settled_extents(node):
-    """The extents of a node once they have stopped changing: a new window is shown first and decorated and moved by the
-    window manager a little later, and a click at its first position would miss."""
+    """The extents of a node once they are stable: the window manager decorates and moves a new window a little after it
+    appears, and a click at its first position would miss."""
     return steady(lambda: node.extents, f"the place of {node}", rest=SETTLING)
 
 

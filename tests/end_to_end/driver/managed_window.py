@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""One window as its window manager handles it, and the requests that a taskbar or pager sends to the manager."""
+"""One window as handled by its window manager, and the requests that a taskbar or pager sends."""
 
 import subprocess
 

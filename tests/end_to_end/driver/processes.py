@@ -32,7 +32,7 @@ def process_of(session, name):
 
 
 def end_marked(value, patience=5.0):
-    """Asks all of them to end, also those that are started meanwhile, and kills those that are left after `patience`
+    """Asks all of them to end, including any that are started in the meantime, and kills those left after `patience`
     seconds."""
     asked = set()
 
@@ -48,8 +48,9 @@ def end_marked(value, patience=5.0):
 
 
 def _left(value):
-    """A process can start another and end between the listing of all processes and the look at it, and its environment
-    reads as empty for a moment while it starts a program, so that only several looks in a row show that none is left."""
+    """The processes that remain. Between listing the processes and reading their environments one can start another and
+    end, and the environment reads as empty for a moment while a program is being started: only several empty results in
+    a row are conclusive."""
     for _ in range(LOOKS):
         found = set(marked(value))
         if found:
@@ -66,7 +67,7 @@ def _kill(pids):
 def _carries(entry, value):
     try:
         return f"{MARK}={value}".encode() in (entry / "environ").read_bytes().split(b"\0")
-    except OSError:  # ended meanwhile, or owned by another user
+    except OSError:  # it has ended in the meantime, or belongs to another user
         return False
 
 

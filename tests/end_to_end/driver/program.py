@@ -13,7 +13,7 @@ class ProgramEnded(AssertionError):
 
 
 class Program:
-    """A separate process with its output in a file. It is ended if this process dies."""
+    """A separate process with its output in a file. It ends if this process does."""
 
     def __init__(self, command, environment, log, cwd=None, pass_fds=()):
         """`log`: the path of the file for standard output and standard error."""

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""The screen reader Orca in a session, without sound: what it would say is read from its log."""
+"""The screen reader Orca in a session, without sound: its utterances are read from its log."""
 
 import re
 import shutil
@@ -7,7 +7,7 @@ import shutil
 from driver.waiting import PATIENCE, TimedOut, wait_for
 
 SPOKEN = re.compile(r"SPEECH OUTPUT: '(.*?)' ?\{", re.DOTALL)
-# Orca loads this file. It needs no speech server, because what it says is logged; the log is written line by line.
+# Loaded by Orca: disables speech servers, and writes the log line by line.
 CUSTOMIZATIONS = """import orca.debug, orca.settings
 orca.settings.speechFactoryModules = []
 if orca.debug.debugFile:
@@ -37,12 +37,12 @@ class ScreenReader:
         return [" ".join(text.split()) for text in SPOKEN.findall(log)]
 
     def forget(self):
-        """Later waits only count what is said from now on."""
+        """Later waits consider only what is said from now on."""
         self._taken = len(self.said())
 
     def wait_said(self, *texts, timeout=PATIENCE):
-        """Waits until it has said all these texts in this order, each a part of an utterance that no earlier wait has
-        taken."""
+        """Waits until it has said all these texts in this order. Each must be part of an utterance that no earlier wait
+        has consumed."""
         def index_of_last():
             self.program.check_running()
             said, index = self.said(), self._taken

@@ -15,7 +15,7 @@ def _inodes(pid):
     for entry in Path(f"/proc/{pid}/fd").iterdir():
         try:
             socket = re.fullmatch(r"socket:\[(\d+)\]", os.readlink(entry))
-        except FileNotFoundError:  # closed meanwhile
+        except FileNotFoundError:  # closed in the meantime
             continue
         if socket:
             found.add(socket[1])

@@ -79,6 +79,6 @@ def open_files(pid):
     for descriptor in folder.iterdir():
         try:
             found.append(os.readlink(descriptor))
-        except FileNotFoundError:  # closed meanwhile
+        except FileNotFoundError:  # closed in the meantime
             pass
     return found

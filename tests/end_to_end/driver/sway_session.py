@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""A private Wayland desktop: sway without a monitor, with XWayland for the program."""
+"""A private Wayland desktop: sway without a monitor, with XWayland for the program under test."""
 
 import json
 import subprocess
@@ -23,7 +23,7 @@ AS_A_USER = ("unshare", "--user", "--map-user=1000", "--map-group=1000")
 
 
 class SwayWindow(NamedTuple):
-    """A window as sway knows it; its place in pixels of the screen."""
+    """A window as reported by sway; its position in pixels of the screen."""
     name: str
     area: tuple
     is_focused: bool
@@ -48,7 +48,7 @@ class SwaySession(Session):
             return picture.convert("RGB").crop(_corners(area or (0, 0, *self._size)))
 
     def press_key(self, window, key):
-        """Gives the focus to the window of this title and presses a key, by its X name."""
+        """Focuses the window with this title and presses a key, given by its X name."""
         self._call("swaymsg", f'[title="^{window}$"] focus')
         self._call("wtype", "-k", key)
 

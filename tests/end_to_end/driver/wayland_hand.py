@@ -1,6 +1,6 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""Mouse input for a Wayland compositor, entered by its protocol for virtual pointers (wlr-virtual-pointer-unstable-v1,
-version 1)."""
+"""Mouse input for a Wayland compositor, sent through its protocol for virtual pointers
+(wlr-virtual-pointer-unstable-v1, version 1)."""
 
 import socket
 import struct
@@ -10,17 +10,17 @@ from driver.hand import DRAG_STEPS, point_of
 from driver.waiting import PATIENCE
 
 LEFT, RIGHT = 0x110, 0x111  # of linux/input-event-codes.h
-PACE = 0.05  # s per step; the compositor needs a frame to learn what is under the pointer
-DISPLAY = 1  # the object that every connection begins with
-SYNC, GET_REGISTRY = 0, 1  # its requests
-BIND = 0  # of the registry
-GLOBAL, DONE = 0, 0  # events of the registry and of a callback
-CREATE = 0  # of the manager of virtual pointers
-MOTION_ABSOLUTE, BUTTON, FRAME = 1, 2, 4  # of a virtual pointer
+PACE = 0.05  # s per step; the compositor needs a frame to determine what is under the pointer
+DISPLAY = 1  # wl_display, the object that exists on every new connection
+SYNC, GET_REGISTRY = 0, 1  # requests of wl_display
+BIND = 0  # request of wl_registry
+GLOBAL, DONE = 0, 0  # events of wl_registry and of wl_callback
+CREATE = 0  # request of the virtual pointer manager
+MOTION_ABSOLUTE, BUTTON, FRAME = 1, 2, 4  # requests of a virtual pointer
 
 
 class WaylandHand:
-    """A pointer of its own on the compositor that listens on this socket."""
+    """A virtual pointer on the compositor that listens on this socket."""
 
     def __init__(self, path, size):
         self._size = size
@@ -48,7 +48,7 @@ class WaylandHand:
 
     def press(self, target, button=LEFT):
         x, y = point_of(target)
-        for back in (8, 0):  # pointers arrive from somewhere
+        for back in (8, 0):  # a pointer must enter the window from outside the target point
             self.move((x - back, y))
         self._event(BUTTON, button, 1)
 
@@ -62,7 +62,7 @@ class WaylandHand:
             self.move((x0 + (x1 - x0) * step // DRAG_STEPS, y0 + (y1 - y0) * step // DRAG_STEPS))
         self.release(button)
 
-    # The wire format: words of 32 bits in the machine's order
+    # The wire format: 32-bit words in the machine's byte order
 
     def _event(self, request, *words):
         self._ask(self._pointer, request, int(time.monotonic() * 1000) & 0xFFFFFFFF, *words)
@@ -90,7 +90,7 @@ class WaylandHand:
         return made
 
     def _read_globals(self, registry, callback):
-        """Reads what the compositor offers: {interface: name}."""
+        """Reads the compositor's globals: {interface: name}."""
         found, bytes_ = {}, b""
         while True:
             bytes_ += self._connection.recv(65536)

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""The windows as seen by the X server and the window manager: position, order, focus, closing."""
+"""The windows as the X server and the window manager see them: position, stacking order, focus, closing."""
 
 from typing import NamedTuple
 
@@ -9,7 +9,7 @@ from Xlib.protocol.event import ClientMessage
 
 from driver.waiting import PATIENCE, TimedOut, steady, wait_for
 
-FROM_PAGER = 2  # source indication: window managers accept some requests only from panels and pagers
+FROM_PAGER = 2  # source indication (EWMH): window managers obey some requests only from pagers
 
 
 class Geometry(NamedTuple):
@@ -21,14 +21,14 @@ class Geometry(NamedTuple):
 
 
 class TopLevel(NamedTuple):
-    """A program's own outermost window."""
+    """A program's top-level window, without the window manager's frame."""
     xid: int
     name: str
     pid: int | None
 
 
 class XWindows:
-    """Queries an X server about its windows. A window that is destroyed meanwhile raises Xlib's XError."""
+    """Queries an X server about its windows. If a window is destroyed during a query, Xlib raises XError."""
 
     def __init__(self, display):
         self._display = Display(display)
@@ -41,8 +41,8 @@ class XWindows:
             pass  # the screen has already ended
 
     def window_manager_answers(self):
-        """Whether the manager handles a newly mapped window. It announces itself slightly earlier, and a window
-        that is mapped in between is lost."""
+        """Whether the window manager handles a newly mapped window. It announces itself slightly before it does, and a
+        window mapped in between is lost."""
         if self._property(self._root, "_NET_SUPPORTING_WM_CHECK") is None:
             return False
         probe = self._root.create_window(0, 0, 1, 1, 0, X.CopyFromParent)
@@ -61,8 +61,8 @@ class XWindows:
         return [window for window in windows if window is not None]
 
     def name_at(self, x, y):
-        """The name of the topmost window at a point of the screen; empty for a frame whose window no longer exists,
-        which receives clicks until its manager removes it."""
+        """The name of the topmost window at a point of the screen; empty for a frame whose window no longer exists: it
+        receives clicks until the window manager removes it."""
         for frame in reversed(self._root.query_tree().children):
             try:
                 area = frame.get_geometry()
@@ -94,7 +94,7 @@ class XWindows:
         return Geometry(corner.x, corner.y, size.width, size.height)
 
     def settled_geometry(self, xid):
-        """The geometry once it has stopped changing: window managers decorate and move a window after it is shown."""
+        """The geometry once it is stable: window managers decorate and move a window after it is shown."""
         return steady(lambda: self.geometry(xid), f"the place of window {xid:#x}")
 
     def is_above(self, upper, lower):
@@ -115,24 +115,24 @@ class XWindows:
         return focus.id
 
     def states(self, xid):
-        """The names of the window's states, as its manager keeps them."""
+        """The names of the window's states, as set by the window manager."""
         found = self._property(self._window(xid), "_NET_WM_STATE")
         return {self._display.get_atom_name(atom) for atom in (found if found is not None else ())}
 
     def set_state(self, xid, state, wanted=True):
-        """Asks the window manager to set a state of any window, like a panel."""
+        """Asks the window manager to set a state of any window, as a panel does."""
         self._ask_manager(xid, "_NET_WM_STATE", int(wanted), self._display.intern_atom(state), 0, FROM_PAGER, 0)
 
     def raise_window(self, xid):
-        """Asks the window manager to raise any window above others of its kind, like a pager."""
+        """Asks the window manager to raise any window above others of its kind, as a pager does."""
         self._ask_manager(xid, "_NET_RESTACK_WINDOW", FROM_PAGER, 0, X.Above, 0, 0)
 
     def activate(self, xid):
-        """Asks the window manager to give any window the focus, like a panel."""
+        """Asks the window manager to focus any window, as a panel does."""
         self._ask_manager(xid, "_NET_ACTIVE_WINDOW", FROM_PAGER, X.CurrentTime, 0, 0, 0)
 
     def close_window(self, xid):
-        """Asks a window to close, like the close button of its frame."""
+        """Asks a window to close, as the close button of its frame does."""
         window = self._window(xid)
         closing = self._display.intern_atom("WM_DELETE_WINDOW")
         if closing not in (window.get_wm_protocols() or ()):
@@ -171,7 +171,7 @@ class XWindows:
             return None
 
     def _managed(self, window):
-        """This window or the descendant that the window manager marked as a program's own."""
+        """The window itself or its descendant that the window manager has marked as a program's window."""
         if self._property(window, "WM_STATE") is not None:
             return window
         below = map(self._managed, window.query_tree().children)

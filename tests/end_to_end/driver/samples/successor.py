@@ -1,10 +1,10 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""Leaves a successor behind when it is asked to end. The successor ends when it is asked, and writes so."""
+"""When asked to end, leaves a successor behind. The successor ends when asked to, and prints that it did."""
 
 import os
 import signal
 
-signal.pthread_sigmask(signal.SIG_BLOCK, [signal.SIGTERM])  # nobody can be asked too early
+signal.pthread_sigmask(signal.SIG_BLOCK, [signal.SIGTERM])  # signals that arrive early stay pending
 print("up", flush=True)
 signal.sigwait([signal.SIGTERM])
 if os.fork() == 0:
