@@ -12,9 +12,9 @@ using namespace Qt::StringLiterals;
 namespace {
 
 struct Row {
-    Request request;
+    Request request = Request::ComeForward;
     QLatin1StringView word;
-    bool isWindow;  ///< --open accepts the word
+    bool isWindow = false;  ///< --open accepts the word
 };
 
 constexpr std::array kRequests{

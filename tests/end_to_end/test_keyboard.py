@@ -37,7 +37,11 @@ class KeyboardCase(SettingsCase):
         return rival
 
     def wait_focus(self, window):
+        """Waits until the window has the focus, and until the program has noticed whether it is the clock's: Qt notices
+        the loss later than the gain, and closes a menu that was opened in between."""
         wait_for(lambda: self.session.windows.focus_owner() == window, f"the focus on {window:#x}")
+        is_clock = window == self.clock
+        wait_for(lambda: ("active" in main_window(self.app).states) == is_clock, "the program's notice of the focus")
 
     def focus_clock(self):
         self.session.windows.activate(self.clock)

@@ -82,7 +82,9 @@ class Cups:
             (self._folder / name).chmod(0o777)
         self._make_programs()
         self.environment = {"CUPS_SERVER": str(self._folder / "socket")}  # for programs that print
-        self._client_environment = session.environment | self.environment
+        # Debian keeps the tools of administrators in a folder that is not in a user's PATH.
+        path = {"PATH": os.pathsep.join((session.environment["PATH"], str(Path(DAEMON).parent)))}
+        self._client_environment = session.environment | self.environment | path
         service, places = self._folder / "cupsd.conf", self._folder / "cups-files.conf"
         service.write_text(SERVICE.format(folder=self._folder), encoding="utf-8")
         rights = RIGHTS if os.geteuid() == 0 else ""
