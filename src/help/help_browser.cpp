@@ -170,12 +170,22 @@ void HelpBrowser::changeEvent(QEvent* event) {
     }
 }
 
+/// Without a selection Qt would begin at the start of the page, not at the reading position.
 bool HelpBrowser::focusNextPrevChild(bool next) {
-    const QTextCursor before = textCursor();
+    QTextCursor before = textCursor();
+    const bool hadLink = before.hasSelection();
+    if (!hadLink) {
+        before.setPosition(m_position);
+        before.movePosition(QTextCursor::NextCharacter, QTextCursor::KeepAnchor);
+        setTextCursor(before);
+    }
     const bool hasMoved = QTextBrowser::focusNextPrevChild(next);
     const QTextCursor link = textCursor();
-    if (hasFocus() && link != before && link.hasSelection()) {
+    if (hasFocus() && link != before) {
         Q_EMIT LinkReached(link.selectedText().simplified());
+    } else if (!hadLink) {
+        before.clearSelection();
+        setTextCursor(before);
     }
     return hasMoved;
 }

@@ -14,6 +14,9 @@ TIMER = (("Up", "1"), ("Tab", "分 0 spin button"), ("Tab", "秒後 15 spin butt
          ("Tab", "スタート push button"), ("Tab", "リセット push button"), ("Tab", "ヘルプ push button"))
 STOPWATCH = (("Tab", "リセット push button"), ("Tab", "ラップ/経歴一覧表"), ("Tab", "印刷 push button"),
              ("Tab", "ヘルプ push button"))
+EDITOR = (("Tab", "月 11 spin button"), ("Tab", "日 15 spin button"), ("Tab", "毎年の記念日として指定する"),
+          ("Down", "毎月の記念日として指定する"), ("Tab", "第?週の?曜日という形で指定する check box not checked"),
+          ("Tab", "追加>> push button"), ("Tab", "ｷｬﾝｾﾙ push button"))
 
 
 @unittest.skipUnless(screen_reader.is_installed(), "needs the package orca")
@@ -80,6 +83,37 @@ class Orca(SettingsCase):
         self.open_window("calendar")
         self.reader.wait_said("カレンダー dialog", "1998年11月15日 日曜日")
         self.tour((("Right", "1998年11月16日 月曜日"), ("Down", "1998年11月23日 月曜日")))
+
+    def test_the_about_box(self):
+        self.start()
+        self.open_window("menu")
+        self.reader.wait_said("カレンダー")
+        self.tour((("Up", "終了"), ("Up", "バージョン情報")))
+        self.session.hand.key("Return")
+        self.reader.wait_said("Tickwellのﾊﾞｰｼﾞｮﾝ情報 dialog", "OK push button")
+        self.tour((("Tab", "ｼｽﾃﾑ情報(S)... push button"), ("Tab", "連絡先 push button"),
+                   ("Tab", "情報をコピー(C) push button"), ("Tab", "OK push button")))
+
+    def test_the_help_is_read_out(self):
+        self.start()
+        self.open_window("timer")
+        self.reader.wait_said("タイマー dialog", "時間 0 spin button")
+        self.session.hand.key("F1")
+        self.reader.wait_said("Tickwell ヘルプ dialog", "notification タイマー ﾀｲﾏｰ を選ぶと、下段に残り時間を表示します。")
+        self.tour((("Tab", "notification 連携"),))
+
+    def test_the_book(self):
+        self.start()
+        self.open_window("calendar")
+        self.reader.wait_said("カレンダー dialog", "1998年11月15日 日曜日")
+        self.tour((("Tab", "通常表示"), ("Tab", "休/半日削除 push button"), ("Tab", "ヘルプ push button"),
+                   ("Tab", "記念日の一覧を開く push button")))
+        self.session.hand.key("space")
+        self.app.wait(role="push button", name="記念日の一覧を閉じる")
+        self.tour((("Tab", "記念日の一覧"), ("Tab", "追加 push button")))
+        self.session.hand.key("space")
+        self.reader.wait_said("記念日の追加 dialog", "記念日の名前 text")
+        self.tour(EDITOR)
 
     def test_the_settings(self):
         self.start()

@@ -16,7 +16,8 @@ struct Bench : HelpBench {
             lines += "<p>more</p>";
         }
         Write(
-            "<h1>Help</h1><p>Welcome.</p><h2><a name=\"topic1\"></a>One</h2><p>See <a href=\"#topic2\">the\n "
+            "<h1>Help</h1><p><a href=\"#topic1\">Welcome</a>.</p><h2><a name=\"topic1\"></a>One</h2><p>See "
+            "<a href=\"#topic2\">the\n "
             "second"
             "</a> or <a href=\"#topic3\">the third</a>.</p>" +
             lines + "<h2><a name=\"topic2\"></a>Two</h2><p>Second\ntext.</p>" + lines +
@@ -38,6 +39,7 @@ class TstHelpReader : public QObject {
 private Q_SLOTS:
     void TheTopicIsReadWhenTheHelpIsOpened();
     void TheLinkReachedByTabIsRead();
+    void TabBeginsWhereTheTextIsRead();
     void TheSectionThatIsJumpedToIsRead();
     void NothingIsReadWhileTheContentsHaveTheFocus();
     void TheStartOfThePageIsReadToTheFirstHeading();
@@ -60,6 +62,19 @@ void TstHelpReader::TheLinkReachedByTabIsRead() {
     QCOMPARE(bench.Said(), u"the third"_s);
     bench.Press(Qt::Key_Backtab);
     QCOMPARE(bench.Said(), u"the second"_s);
+}
+
+void TstHelpReader::TabBeginsWhereTheTextIsRead() {
+    Bench bench;
+    bench.Open(1);
+    bench.Press(Qt::Key_Backtab);
+    QCOMPARE(bench.Said(), u"Welcome"_s);
+    bench.Press(Qt::Key_Tab);
+    QCOMPARE(bench.Said(), u"the second"_s);
+    bench.desk.ShowTopic(3);  // no link follows
+    bench.Press(Qt::Key_Tab);
+    QVERIFY(!bench.Text().hasFocus());
+    QVERIFY(!bench.Text().textCursor().hasSelection());
 }
 
 void TstHelpReader::TheSectionThatIsJumpedToIsRead() {
