@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <QApplication>
+#include <QHBoxLayout>
 #include <QImage>
 #include <QKeyEvent>
 #include <QTest>
@@ -74,6 +75,9 @@ void TstDayCell::AnAnniversaryIsADotInTheCorner() {
     const QRect dot = Difference(Picture(Day()), Picture(marked));
     QVERIFY(!dot.isEmpty());
     QVERIFY(QRect(kSide / 2, 0, kSide / 2, kSide / 2).contains(dot));
+    const QColor text = QApplication::palette().color(QPalette::ButtonText);
+    QCOMPARE(Picture(marked).pixelColor(dot.center()), text);
+    QVERIFY(Picture(Day()).pixelColor(dot.center()) != text);
 }
 
 void TstDayCell::APressedDayHasARing() {
@@ -110,6 +114,14 @@ void TstDayCell::TheSecondLineNeedsRoom() {
     cell.SetUnder(UnderDays::OldDate);
     QVERIFY(cell.sizeHint().width() > sixDayWidth);  // 閏10/30 is longer than 大安
     QCOMPARE(cell.minimumSizeHint(), cell.sizeHint());
+
+    QWidget row;
+    QHBoxLayout layout(&row);
+    auto* inRow = new DayCell(&row);
+    layout.addWidget(inRow);
+    const int height = layout.sizeHint().height();
+    inRow->SetUnder(UnderDays::SixDay);
+    QVERIFY(layout.sizeHint().height() > height);
 }
 
 void TstDayCell::TheToolTipNamesHolidayAndOldDate() {

@@ -76,6 +76,7 @@ void TstLawHolidays::AMonthByLaw() {
              (QStringList{u"3 憲法記念日"_s, u"4 みどりの日"_s, u"5 こどもの日"_s, u"6 振替休日"_s}));
     QCOMPARE(bench.Names(QDate(2026, 9, 1)),
              (QStringList{u"21 敬老の日"_s, u"22 国民の休日"_s, u"23 秋分の日"_s}));
+    QCOMPARE(bench.Names(QDate(2019, 4, 1)), (QStringList{u"29 昭和の日"_s, u"30 国民の休日"_s}));
     QCOMPARE(bench.Names(QDate(2026, 6, 1)), QStringList());
     QCOMPARE(bench.Names(QDate(1947, 11, 1)), QStringList());
     QVERIFY(!bench.holidays.IsStoredWithMarks());

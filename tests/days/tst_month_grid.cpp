@@ -325,7 +325,13 @@ void TstMonthGrid::SpokenNames() {
     MonthRows rows = Marked({6}, {7}, {11});
     rows.holidays = {{10, u"体育の日"_s}};
     const MonthGrid grid = GridOf(QDate(1998, 10, 1), rows);
-    QTEST(SpokenName(grid, ShapeOf(grid.first).CellOf(day)), "text");
+    const int cell = ShapeOf(grid.first).CellOf(day);
+    QTEST(SpokenName(grid, cell), "text");
+    MonthGrid marked = grid;
+    marked.At(cell).almanac = u"旧暦8月15日 仏滅"_s;
+    marked.At(cell).isToday = true;
+    marked.At(cell).hasAnniversary = true;
+    QCOMPARE(SpokenName(marked, cell), SpokenName(grid, cell) + u"、旧暦8月15日 仏滅、今日、記念日あり");
     QCOMPARE(SpokenName(grid, 0), u"日"_s);
     QCOMPARE(SpokenName(grid, 48), QString());
 }
