@@ -97,7 +97,7 @@ void TstWaveDevice::ADeviceIsOpenOnlyWhileItSounds() {
     bench.sound.Sound(1000);
     bench.time.Advance(1);
     QCOMPARE(bench.sound.OpenDevices(), 1);
-    bench.time.Advance(199);
+    bench.time.Advance(kSoundTail - 1);
     QCOMPARE(bench.sound.OpenDevices(), 1);  // the sound server may still buffer the last frames
     bench.time.Advance(1);
     QCOMPARE(bench.sound.OpenDevices(), 0);
@@ -208,7 +208,7 @@ void TstWaveDevice::AWaveWithoutFramesEndsAtOnce() {
     QCOMPARE(bench.Reply(u"status Timer length"_s), u"0"_s);
     QCOMPARE(bench.Reply(u"play Timer wait"_s), u""_s);
     QCOMPARE(bench.wait.rounds, 0);
-    bench.time.Advance(400);
+    bench.time.Advance(2 * kSoundTail);
     QCOMPARE(bench.sound.OpenDevices(), 0);
 }
 

@@ -17,8 +17,8 @@ struct SoundFormat {
 };
 
 /// How long to keep a stream open after the device has taken its last frame, in ms: the sound server still
-/// buffers that much, and closing the device would cut it off.
-inline constexpr int kSoundTail = 200;
+/// buffers up to 200 ms, later on a busy machine, and closing the device would cut them off.
+inline constexpr int kSoundTail = 500;
 
 /// One open device, which plays queued frames in order and without gaps. Nothing here waits for sound. The
 /// destructor closes the device and drops queued frames. Do not keep a stream open while nothing plays: even

@@ -14,7 +14,7 @@ import tempfile
 import threading
 from pathlib import Path
 
-from driver.waiting import wait_for
+from driver.waiting import TimedOut, wait_for
 
 SINK = "test"
 AHEAD = 150  # ms of sound that programs write ahead, because a busy machine is sometimes late
@@ -75,7 +75,11 @@ class SoundServer:
 
     def wait_recording(self, check, what, timeout):
         """Waits until `check` is true for the recording; returns the result of `check`."""
-        return wait_for(lambda: check(self.recording()), what, timeout)
+        try:
+            return wait_for(lambda: check(self.recording()), what, timeout)
+        except TimedOut as error:
+            heard = len(without_silence(self.recording()))
+            raise TimedOut(f"{error}: {heard} bytes were recorded without silence") from error
 
     def streams(self):
         """The number of open streams."""
