@@ -63,6 +63,9 @@ inline constexpr std::array kFurtherFlags{
                 [](FurtherSettings& s) -> bool& { return s.keyboard.movesWindow; }},
     FurtherFlag{"Keyboard", "ShowsAccessKeys",
                 [](FurtherSettings& s) -> bool& { return s.keyboard.showsAccessKeys; }},
+    FurtherFlag{"Quiet", "Hours", [](FurtherSettings& s) -> bool& { return s.quiet.hasHours; }},
+    FurtherFlag{"Quiet", "Timer", [](FurtherSettings& s) -> bool& { return s.quiet.silencesTimer; }},
+    FurtherFlag{"Quiet", "Desktop", [](FurtherSettings& s) -> bool& { return s.quiet.followsDesktop; }},
 };
 
 /// A row for each switch, named after its key, with the settings in which it alone is on.
