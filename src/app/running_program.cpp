@@ -93,10 +93,9 @@ WindowsParts RunningProgram::PartsOfWindows() {
             .further = m_state.started.further,
             .folder = m_state.started.folder,
             .cdPlayer = m_media.System().Player(),
-            .listen =
-                [this, &sounds](const QString& name, qint32 volume) {
-                    m_sound.With(volume, [&] { sounds.PlayChime(name, 1); });
-                },
+            .listen = [this, &sounds](
+                          const QString& name,
+                          qint32 volume) { m_sound.With(volume, [&] { sounds.PlayChime(name, 1); }); },
             .isComposited = m_ports.isComposited,
             .hasTray = [this] { return m_ports.tray.IsThere(); },
             .gone = m_ports.windowGone,

@@ -41,7 +41,7 @@ public:
 
     /// What the box of an error offers besides OK.
     struct Remedy {
-        QString caption;                ///< of its button; empty for none
+        QString caption;               ///< of its button; empty for none
         std::function<void()> chosen;  ///< called after the box was closed with that button
     };
 

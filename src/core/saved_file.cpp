@@ -14,8 +14,9 @@ QString SaveFile(const QString& path, const QByteArray& bytes) {
         return u"通常のファイルではありません。"_s;
     }
     QSaveFile file(path);
+    // Without flush, a failure to write the last bytes would not be noticed: commit ignores it.
     const bool isSaved =
-        file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit();
+        file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.flush() && file.commit();
     return isSaved ? QString() : file.errorString();
 }
 

@@ -8,8 +8,8 @@
 
 namespace tickwell::media {
 
-/// A sound output at a lower volume. The volume counts when samples are queued; at 100 percent they are passed
-/// on unchanged.
+/// A sound output at a lower volume. The volume counts when samples are queued; at 100 percent they are
+/// passed on unchanged.
 class VolumeOutput : public SoundOutput {
 public:
     using Percent = std::function<qint32()>;

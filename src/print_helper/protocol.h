@@ -15,8 +15,8 @@ namespace tickwell::print_helper {
 /// of the print service, empty if there is none. Neither contains control characters.
 ///
 ///   tickwell-print --pdf FILE TITLE
-/// reads the same and writes the report to FILE, an absolute path, as a PDF document on A4 paper: completely, or
-/// it leaves FILE as it was. The answer is kAccepted, kNotPainted or kNotWritten, without a queue.
+/// reads the same and writes the report to FILE, an absolute path, as a PDF document on A4 paper: completely,
+/// or it leaves FILE as it was. The answer is kAccepted, kNotPainted or kNotWritten, without a queue.
 ///
 /// The helper may wait for the print service for up to kPatienceSeconds. It may be killed at any time.
 inline constexpr const char* kAccepted = "accepted";

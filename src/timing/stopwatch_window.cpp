@@ -262,7 +262,7 @@ void StopForm::ShowList() {
 
 void StopForm::EnableExport(bool hasLaps) {
     for (QPushButton* button : {m_copyButton, m_saveButton}) {
-        if (!hasLaps && button->hasFocus()) {
+        if (!hasLaps && focusWidget() == button) {
             m_lapButton->setFocus();  // the focus of a button that is disabled would go anywhere
         }
         button->setEnabled(hasLaps);

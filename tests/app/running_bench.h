@@ -10,7 +10,6 @@
 #include "support/borrowed.h"
 #include "support/discs.h"
 #include "support/fake_autostart.h"
-#include "support/fake_cd_drive.h"
 #include "support/fake_command_service.h"
 #include "support/fake_do_not_disturb.h"
 #include "support/fake_event_wait.h"
@@ -27,23 +26,12 @@
 #include "support/fake_tray.h"
 #include "support/fake_window_stack.h"
 #include "support/files.h"
+#include "support/watched_drive.h"
 #include "support/window.h"
 
 namespace tickwell::app {
 
 inline constexpr int kStartUp = 11'000;  // ms until the stored function starts
-
-class WatchedDrive : public FakeCdDrive {
-public:
-    void Stop() override {
-        FakeCdDrive::Stop();
-        if (onStop) {
-            onStop();
-        }
-    }
-
-    std::function<void()> onStop;
-};
 
 /// The complete program in its own folder, 15 seconds before nine in the evening.
 struct RunningBench {

@@ -38,6 +38,7 @@ private Q_SLOTS:
     void AFolderIsNotReplaced();
     void APipeIsNotReplaced();
     void AWriteProtectedFolderStaysAsItIs();
+    void AFullDiskLeavesTheOldFile_data();
     void AFullDiskLeavesTheOldFile();
 };
 
@@ -90,13 +91,24 @@ void TstSavedFile::AWriteProtectedFolderStaysAsItIs() {
     QCOMPARE(bench.Names(), QStringList{u"laps.csv"_s});
 }
 
+void TstSavedFile::AFullDiskLeavesTheOldFile_data() {
+    QTest::addColumn<int>("size");
+    QTest::addColumn<int>("room");
+    QTest::newRow("no room at all") << 100 << 0;
+    QTest::newRow("half the room for a small file") << 100 << 50;
+    QTest::newRow("room for all but the last byte") << 100'000 << 99'999;
+    QTest::newRow("far too large") << 100'000 << 1000;
+}
+
 void TstSavedFile::AFullDiskLeavesTheOldFile() {
+    QFETCH(const int, size);
+    QFETCH(const int, room);
     const Bench bench;
     WriteAll(bench.Path(), "old");
-    const QByteArray large(100'000, 'x');
+    const QByteArray large(size, 'x');
     const int code = InChild([&] {
         std::signal(SIGXFSZ, SIG_IGN);  // makes the write fail as on a full disk
-        const rlimit most{1000, 1000};
+        const rlimit most{static_cast<rlim_t>(room), static_cast<rlim_t>(room)};
         return setrlimit(RLIMIT_FSIZE, &most) == 0 && !SaveFile(bench.Path(), large).isEmpty() ? 0 : 1;
     });
     QCOMPARE(code, 0);

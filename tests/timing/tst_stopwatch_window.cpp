@@ -1,43 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include <QClipboard>
-#include <QFileDialog>
-#include <QTemporaryDir>
 #include <QTest>
 
 #include "lines/line_look.h"
-#include "support/child.h"
-#include "support/files.h"
 #include "timing/reading_model.h"
-#include "timing/timing_bench.h"
+#include "timing/stopwatch_window_bench.h"
 
 using namespace tickwell;
 using namespace tickwell::timing;
 using namespace Qt::StringLiterals;
-
-namespace {
-
-struct Bench : public TimingBench {
-    Bench() { tools.ShowStopForm(); }
-
-    StopForm& Form() const { return The<StopForm>(); }
-    QPlainTextEdit& List() const { return The<StopForm, QPlainTextEdit>("Text1"); }
-    QString Captions() const {
-        return The<StopForm, QPushButton>("Command1").text() + u'/' +
-               The<StopForm, QPushButton>("Command2").text();
-    }
-    /// 1 to 4 press the buttons; a dot advances time by 1000 ms.
-    void Play(QStringView script) {
-        for (const QChar step : script) {
-            if (step == u'.') {
-                time.Advance(1000);
-            } else {
-                Press<StopForm>(QByteArray("Command").append(static_cast<char>(step.unicode())).constData());
-            }
-        }
-    }
-};
-
-}  // namespace
 
 /// The stopwatch window.
 class TstStopwatchWindow : public QObject {
@@ -61,12 +31,6 @@ private Q_SLOTS:
     void AFailedPrintLosesNothing();
     void TheQuestionMayBeAnsweredAfterTheWindowClosed();
     void TheQuestionMayOutliveTheWindow();
-    void LapsLeaveTheWindowOnlyIfThereAreSome();
-    void LapsAreCopied();
-    void LapsAreSaved();
-    void ALapListThatCannotBeSavedIsReported();
-    void WithoutAPrinterTheReportIsKeptAsAPdf();
-    void TheExistingControlsStayWhereTheyAre();
     void HelpOpensItsTopic();
     void AStopThatOverflowsIsReportedAndCanBeReset();
     void AMissingFolderIsReportedAndTheWindowStillOpens();
@@ -80,7 +44,7 @@ void TstStopwatchWindow::initTestCase() {
 }
 
 void TstStopwatchWindow::ItOpensReset() {
-    Bench bench;
+    StopwatchBench bench;
     QVERIFY(bench.Form().isVisible());
     QCOMPARE(bench.Form().windowTitle(), u"ストップウォッチ"_s);
     QCOMPARE(bench.Captions(), u"スタート/リセット"_s);
@@ -91,7 +55,7 @@ void TstStopwatchWindow::ItOpensReset() {
 }
 
 void TstStopwatchWindow::TheButtonsChangeWithTheState() {
-    Bench bench;
+    StopwatchBench bench;
     bench.Play(u"1");
     QCOMPARE(bench.Captions(), u"ストップ/ラップ"_s);
     bench.Play(u"1");
@@ -99,7 +63,7 @@ void TstStopwatchWindow::TheButtonsChangeWithTheState() {
 }
 
 void TstStopwatchWindow::TheListIsShown() {
-    Bench bench;
+    StopwatchBench bench;
     bench.Play(u"1.2.2.1");
     QCOMPARE(bench.List().toPlainText(),
              u"Lapse1  0:00'01\"000\nLapse2  0:00'02\"000\n【Stop】 0:00'03\"000"_s);
@@ -109,7 +73,7 @@ void TstStopwatchWindow::TheListIsShown() {
 
 /// Whatever the document contains, a lap only appends its own line.
 void TstStopwatchWindow::ALapIsAppendedToTheList() {
-    Bench bench;
+    StopwatchBench bench;
     bench.Play(u"1.2");
     const QString first = u"Lapse1  0:00'01\"000"_s;
     QString expected = first;
@@ -131,7 +95,7 @@ void TstStopwatchWindow::ALapIsAppendedToTheList() {
 }
 
 void TstStopwatchWindow::TheLowerLineRunsWithTheTicks() {
-    Bench bench;
+    StopwatchBench bench;
     bench.Play(u"1");
     bench.time.Advance(3);
     QCOMPARE(bench.journal, (Journal{u"lower set 0:00'00\"001"_s, u"lower set 0:00'00\"002"_s,
@@ -139,7 +103,7 @@ void TstStopwatchWindow::TheLowerLineRunsWithTheTicks() {
 }
 
 void TstStopwatchWindow::ClosingAndOpeningWhileItRuns() {
-    Bench bench;
+    StopwatchBench bench;
     bench.Play(u"1.2");
     QVERIFY(bench.Form().close());
     bench.time.Advance(1000);
@@ -150,7 +114,7 @@ void TstStopwatchWindow::ClosingAndOpeningWhileItRuns() {
 }
 
 void TstStopwatchWindow::TheListKeepsItsLineBreaksAfterReopeningAndInPrint() {
-    Bench bench;
+    StopwatchBench bench;
     bench.Play(u"1.1");
     QTest::keyClick(&bench.Form(), Qt::Key_Escape);
     QVERIFY(!bench.Form().isVisible());
@@ -171,7 +135,7 @@ void TstStopwatchWindow::TheListKeepsItsLineBreaksAfterReopeningAndInPrint() {
 }
 
 void TstStopwatchWindow::OpeningAnOpenWindowLeavesItsList() {
-    Bench bench;
+    StopwatchBench bench;
     bench.Play(u"1.2");
     bench.tools.ShowStopForm();
     QCOMPARE(bench.List().toPlainText(), u"Lapse1  0:00'01\"000"_s);
@@ -179,7 +143,7 @@ void TstStopwatchWindow::OpeningAnOpenWindowLeavesItsList() {
 }
 
 void TstStopwatchWindow::PrintingAsksFirst() {
-    Bench bench;
+    StopwatchBench bench;
     bench.Play(u"1.23");
     QCOMPARE(bench.boxes.Asked(),
              (QList<Message>{{MessageIcon::Question, u"印刷"_s,
@@ -198,7 +162,7 @@ void TstStopwatchWindow::PrintingAsksFirst() {
 }
 
 void TstStopwatchWindow::CancelPrintsNothing() {
-    Bench bench;
+    StopwatchBench bench;
     bench.Play(u"3");
     bench.boxes.Answer(false);
     QVERIFY(bench.printer.jobs.isEmpty());
@@ -216,7 +180,7 @@ void TstStopwatchWindow::TheFocusComesBackAfterAPrint_data() {
 void TstStopwatchWindow::TheFocusComesBackAfterAPrint() {
     QFETCH(bool, prints);
     QFETCH(bool, moves);
-    Bench bench;
+    StopwatchBench bench;
     bench.The<StopForm, QPushButton>("Command3").setFocus();
     bench.Play(u"3");
     if (moves) {
@@ -227,7 +191,7 @@ void TstStopwatchWindow::TheFocusComesBackAfterAPrint() {
 }
 
 void TstStopwatchWindow::AnEmptyListIsPrinted() {
-    Bench bench;
+    StopwatchBench bench;
     bench.Play(u"3");
     bench.boxes.Answer(true);
     QCOMPARE(bench.printer.jobs.first().lines.mid(6),
@@ -235,7 +199,7 @@ void TstStopwatchWindow::AnEmptyListIsPrinted() {
 }
 
 void TstStopwatchWindow::AFailedPrintLosesNothing() {
-    Bench bench;
+    StopwatchBench bench;
     bench.printer.accepts = false;
     bench.Play(u"1.23");
     bench.boxes.Answer(true);
@@ -252,7 +216,7 @@ void TstStopwatchWindow::AFailedPrintLosesNothing() {
 }
 
 void TstStopwatchWindow::TheQuestionMayBeAnsweredAfterTheWindowClosed() {
-    Bench bench;
+    StopwatchBench bench;
     bench.Play(u"1.23");
     QVERIFY(bench.Form().close());
     bench.boxes.Answer(true);
@@ -287,117 +251,14 @@ void TstStopwatchWindow::TheQuestionMayOutliveTheWindow() {
     QVERIFY(printer.jobs.isEmpty());
 }
 
-void TstStopwatchWindow::LapsLeaveTheWindowOnlyIfThereAreSome() {
-    Bench bench;
-    const auto areEnabled = [&bench](bool expected) {
-        return (bench.The<StopForm, QPushButton>("Command5").isEnabled() == expected) &&
-               (bench.The<StopForm, QPushButton>("Command6").isEnabled() == expected);
-    };
-    QVERIFY(areEnabled(false));
-    bench.Play(u"1.");
-    QVERIFY(areEnabled(false));
-    bench.Play(u"2");
-    QVERIFY(areEnabled(true));
-    bench.Play(u"1");
-    bench.The<StopForm, QPushButton>("Command6").setFocus();
-    QVERIFY(bench.Form().close());
-    bench.tools.ShowStopForm();
-    QVERIFY(areEnabled(true));
-    bench.The<StopForm, QPushButton>("Command6").setFocus();
-    bench.tools.LapOrResetStopwatch();  // another program resets it
-    QVERIFY(areEnabled(false));
-    QCOMPARE(bench.Form().focusWidget()->objectName(), u"Command2"_s);
-}
-
-void TstStopwatchWindow::LapsAreCopied() {
-    Bench bench;
-    bench.Play(u"1.2.2");
-    bench.Press<StopForm>("Command5");
-    QCOMPARE(QGuiApplication::clipboard()->text(),
-             u"番号\t種類\t経過時間\t経過ミリ秒\t区間\t区間ミリ秒\n"
-             u"1\tラップ\t0:00'01\"000\t1000\t0:00'01\"000\t1000\n"
-             u"2\tラップ\t0:00'02\"000\t2000\t0:00'01\"000\t1000\n"_s);
-    QVERIFY(bench.boxes.Shown().isEmpty());
-}
-
-void TstStopwatchWindow::LapsAreSaved() {
-    Bench bench;
-    const QTemporaryDir dir;
-    bench.Play(u"1.2");
-    bench.Press<StopForm>("Command6");
-    auto& dialog = bench.The<StopForm, QFileDialog>("LapFileDialog");
-    QCOMPARE(dialog.acceptMode(), QFileDialog::AcceptSave);
-    bench.tools.LapOrResetStopwatch();  // a lap of another program: the file has the list as it was
-    dialog.setDirectory(dir.path());
-    dialog.selectFile(u"laps"_s);  // gets its suffix
-    QMetaObject::invokeMethod(&dialog, "accept");
-    QVERIFY(bench.boxes.Shown().isEmpty());
-    QCOMPARE(ReadAll(dir.filePath(u"laps.csv"_s)),
-             u"\uFEFF番号,種類,経過時間,経過ミリ秒,区間,区間ミリ秒\r\n"
-             u"1,ラップ,\"0:00'01\"\"000\",1000,\"0:00'01\"\"000\",1000\r\n"_s.toUtf8());
-}
-
-void TstStopwatchWindow::ALapListThatCannotBeSavedIsReported() {
-    Bench bench;
-    const QTemporaryDir dir;
-    bench.Play(u"1.2");
-    bench.Press<StopForm>("Command6");
-    auto& dialog = bench.The<StopForm, QFileDialog>("LapFileDialog");
-    const QString path = dir.filePath(u"gone/laps.csv"_s);
-    Q_EMIT dialog.fileSelected(path);  // the folder was removed while the dialog was open
-    QCOMPARE(bench.boxes.Shown().size(), 1);
-    const QString text = bench.boxes.Shown().first().text;
-    QVERIFY2(text.startsWith(u"実行時エラー\r\nラップの一覧を保存できませんでした。\r\n"_s + path + u"\r\n"),
-             qPrintable(text));
-    QVERIFY(text.endsWith(u"書き込めるフォルダーと、空き容量を確かめてください。"));
-    QCOMPARE(bench.List().toPlainText(), u"Lapse1  0:00'01\"000"_s);
-}
-
-void TstStopwatchWindow::WithoutAPrinterTheReportIsKeptAsAPdf() {
-    Bench bench;
-    const QTemporaryDir dir;
-    bench.printer.accepts = false;
-    bench.Play(u"1.23");
-    bench.boxes.Answer(true);
-    const PrintJob printed = bench.printer.jobs.last();
-    bench.printer.Tell({PrintStage::Failed, u"ありません。"_s, true});
-    bench.Play(u".2");  // after the report was made
-    bench.boxes.Answer(true);
-    auto& dialog = bench.The<StopForm, QFileDialog>("PdfFileDialog");
-    QCOMPARE(bench.printer.jobs.size(), 1);
-    dialog.setDirectory(dir.path());
-    dialog.selectFile(u"laps"_s);
-    QMetaObject::invokeMethod(&dialog, "accept");
-    QCOMPARE(bench.printer.jobs.size(), 2);
-    QCOMPARE(bench.printer.jobs.last().file, dir.filePath(u"laps.pdf"_s));
-    QCOMPARE(bench.printer.jobs.last().lines, printed.lines);
-    const auto& print = bench.The<StopForm, QPushButton>("Command3");
-    QVERIFY(!print.isEnabled());
-    bench.printer.Tell({PrintStage::Accepted, {}});
-    QVERIFY(print.isEnabled());
-}
-
-/// The new buttons are below everything, and as wide as the others together at most.
-void TstStopwatchWindow::TheExistingControlsStayWhereTheyAre() {
-    Bench bench;
-    const int bottom = bench.The<StopForm, QPushButton>("Command4").geometry().bottom();
-    for (const char* name : {"Command5", "Command6"}) {
-        QVERIFY((bench.The<StopForm, QPushButton>(name).geometry().top()) > bottom);
-    }
-    const int plain = bench.List().minimumWidth() + bench.Form().layout()->contentsMargins().left() +
-                      bench.Form().layout()->contentsMargins().right();
-    QVERIFY(bench.Form().minimumSizeHint().width() <=
-            std::max(plain, bench.The<StopForm, QPushButton>("Command3").sizeHint().width() * 3 + 60));
-}
-
 void TstStopwatchWindow::HelpOpensItsTopic() {
-    Bench bench;
+    StopwatchBench bench;
     bench.Play(u"4");
     QCOMPARE(bench.help.topics, QList<int>{31});
 }
 
 void TstStopwatchWindow::AStopThatOverflowsIsReportedAndCanBeReset() {
-    Bench bench;
+    StopwatchBench bench;
     bench.stopwatch.StopwatchElapsed = 2'147'483'647;
     bench.Play(u"1");
     bench.time.Advance(1);  // the tick overflows and stops its timer
@@ -424,7 +285,7 @@ void TstStopwatchWindow::AMissingFolderIsReportedAndTheWindowStillOpens() {
 }
 
 void TstStopwatchWindow::EverythingWorksByKeyboard() {
-    Bench bench;
+    StopwatchBench bench;
     StopForm& form = bench.Form();
     QTest::keyClick(&form, Qt::Key_Return);
     QVERIFY(bench.stopwatch.StopwatchRunning);
@@ -444,7 +305,7 @@ void TstStopwatchWindow::EverythingWorksByKeyboard() {
 }
 
 void TstStopwatchWindow::NeighbouringButtonsHaveTheSameHeightInAnyFont() {
-    Bench bench;
+    StopwatchBench bench;
     auto& print = bench.The<StopForm, QPushButton>("Command3");
     QFont high = print.font();
     high.setPointSizeF(high.pointSizeF() * 2);
@@ -456,7 +317,7 @@ void TstStopwatchWindow::NeighbouringButtonsHaveTheSameHeightInAnyFont() {
 }
 
 void TstStopwatchWindow::EachControlHasItsName() {
-    Bench bench;
+    StopwatchBench bench;
     QCOMPARE(bench.Form().objectName(), u"StopForm"_s);
     QCOMPARE(bench.The<StopForm>().findChildren<QPushButton*>().size(), 6);
     QCOMPARE((bench.The<StopForm, QPushButton>("Command3").text()), u"印刷"_s);

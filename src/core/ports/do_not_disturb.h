@@ -13,8 +13,8 @@ public:
     /// Begins to follow the mode, or ends that; returns at once. Nothing is asked before.
     virtual void Watch(bool watched) = 0;
 
-    /// The mode as far as it is known now; nothing if it is not watched, if the desktop has no such mode, or if
-    /// it has not told it yet.
+    /// The mode as far as it is known now; nothing if it is not watched, if the desktop has no such mode, or
+    /// if it has not told it yet.
     virtual std::optional<bool> IsOn() const = 0;
 };
 

@@ -85,8 +85,9 @@ void DoNotDisturbBus::Ask() {
     const int question = ++m_question;
     const QList<MessageBus::Method> questions = Questions();
     for (std::size_t source = 0; source < kSources; ++source) {
-        m_bus->Call(questions.at(static_cast<qsizetype>(source)),
-                    [this, source, question](const MessageBus::Reply& reply) { Take(source, question, reply); });
+        m_bus->Call(
+            questions.at(static_cast<qsizetype>(source)),
+            [this, source, question](const MessageBus::Reply& reply) { Take(source, question, reply); });
     }
 }
 
