@@ -2,7 +2,6 @@
 #include "settings_ui/quiet_frame.h"
 
 #include <QGridLayout>
-#include <QHBoxLayout>
 #include <QSignalBlocker>
 #include <QStyle>
 #include <algorithm>
@@ -31,12 +30,9 @@ constexpr std::size_t kChime = 1;
 constexpr std::size_t kTimer = 2;
 constexpr std::size_t kDesktop = 3;
 
-constexpr int kMsInMinute = 60'000;
-constexpr int kLastMinute = 24 * 60 - 1;
-
-QTime TimeOf(qint32 minute) {
-    return QTime::fromMSecsSinceStartOfDay(std::clamp(minute, 0, kLastMinute) * kMsInMinute);
-}
+constexpr int kLastHour = 23;
+constexpr int kMinutesInHour = 60;
+constexpr int kLastMinute = kLastHour * kMinutesInHour + kMinutesInHour - 1;  // of a day
 
 }  // namespace
 
@@ -45,8 +41,8 @@ QuietFrame::QuietFrame(const SettingsParts& parts, SettingsDraft& draft, QWidget
       m_handlers(parts.handlers),
       m_draft(draft),
       m_flags(MakeFlagBoxes(kQuietFlags, draft, parts.handlers, this)),
-      m_from(MakeTime(u"Time60"_s, u"静かな時間の始まり"_s, &QuietSettings::from)),
-      m_to(MakeTime(u"Time61"_s, u"静かな時間の終わり"_s, &QuietSettings::to)) {
+      m_times{MakeTime(0, u"静かな時間の始まり"_s, &QuietSettings::from),
+              MakeTime(1, u"静かな時間の終わり"_s, &QuietSettings::to)} {
     setObjectName(u"Frame60"_s);
     for (const std::size_t flag : {kHours, kDesktop}) {
         m_handlers.Connect(m_flags.at(flag), &QCheckBox::clicked, this, [this] { EnableControls(); });
@@ -54,24 +50,52 @@ QuietFrame::QuietFrame(const SettingsParts& parts, SettingsDraft& draft, QWidget
     Arrange();
 }
 
-QTimeEdit* QuietFrame::MakeTime(const QString& name, const QString& spoken, qint32 QuietSettings::*field) {
-    auto* edit = controls::Named(new QTimeEdit(this), name, spoken);
-    edit->setDisplayFormat(u"H:mm"_s);
-    edit->setWrapping(true);
-    m_handlers.Connect(edit, &QTimeEdit::timeChanged, this, [this, edit, field] {
-        m_draft.further.quiet.*field = edit->time().msecsSinceStartOfDay() / kMsInMinute;
+/// `time`: the index of the time that it belongs to.
+controls::NumberBox* QuietFrame::MakeNumber(int number, int last, const QString& spoken, std::size_t time) {
+    auto* box = new controls::NumberBox(u"UpDown6%1"_s.arg(number), u"Text6%1"_s.arg(number), this);
+    box->setAccessibleName(spoken);
+    box->setRange(0, last);
+    box->setWrapping(true);
+    m_handlers.Connect(box, &QSpinBox::valueChanged, this, [this, time] {
+        const Time& changed = m_times.at(time);
+        m_draft.further.quiet.*changed.field =
+            changed.hour->value() * kMinutesInHour + changed.minute->value();
     });
-    return edit;
+    return box;
+}
+
+QuietFrame::Time QuietFrame::MakeTime(std::size_t time, const QString& spoken, qint32 QuietSettings::*field) {
+    const int first = static_cast<int>(time) * 2 + 1;
+    auto* hour = MakeNumber(first, kLastHour, spoken + u"（時）", time);
+    auto* minute = MakeNumber(first + 1, kMinutesInHour - 1, spoken + u"（分）", time);
+    return {hour, minute, field};
+}
+
+/// A time out of range stays in the draft.
+void QuietFrame::ShowTime(const Time& time) {
+    const int minute = std::clamp(m_draft.further.quiet.*time.field, 0, kLastMinute);
+    const QSignalBlocker quietHour(time.hour);
+    const QSignalBlocker quietMinute(time.minute);
+    time.hour->setValue(minute / kMinutesInHour);
+    time.minute->setValue(minute % kMinutesInHour);
+}
+
+void QuietFrame::AddTime(QHBoxLayout& row, const Time& time, int label, const QString& after) {
+    const auto add = [&](controls::NumberBox* box, int number, const QString& text) {
+        auto* unit = controls::MakeLabel(u"Label%1"_s.arg(number), text, this);
+        unit->setBuddy(box);
+        row.addWidget(box);
+        row.addWidget(unit);
+        m_hours.insert(m_hours.end(), {box, unit});
+    };
+    add(time.hour, label, u"時"_s);
+    add(time.minute, label + 1, u"分"_s + after);
 }
 
 void QuietFrame::Arrange() {
-    auto* between = controls::MakeLabel(u"Label60"_s, u"から"_s, this);
-    auto* after = controls::MakeLabel(u"Label61"_s, u"まで"_s, this);
-    m_hours = {m_from, between, m_to, after};
     auto* hours = new QHBoxLayout;
-    for (QWidget* part : m_hours) {
-        hours->addWidget(part);
-    }
+    AddTime(*hours, m_times[0], 63, u"から"_s);
+    AddTime(*hours, m_times[1], 65, u"まで"_s);
     hours->addStretch();
     auto* cells = new QGridLayout(this);
     cells->setColumnMinimumWidth(0, style()->pixelMetric(QStyle::PM_IndicatorWidth) +
@@ -86,10 +110,9 @@ void QuietFrame::Arrange() {
 }
 
 void QuietFrame::Form_Load() {
-    const QSignalBlocker quietFrom(m_from);  // a time out of range stays in the draft
-    const QSignalBlocker quietTo(m_to);
-    m_from->setTime(TimeOf(m_draft.further.quiet.from));
-    m_to->setTime(TimeOf(m_draft.further.quiet.to));
+    for (const Time& time : m_times) {
+        ShowTime(time);
+    }
     ShowFlags(kQuietFlags, m_flags, m_draft);
     EnableControls();
 }

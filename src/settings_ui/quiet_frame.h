@@ -3,9 +3,11 @@
 
 #include <QCheckBox>
 #include <QGroupBox>
-#include <QTimeEdit>
+#include <QHBoxLayout>
+#include <array>
 #include <vector>
 
+#include "controls/number_box.h"
 #include "settings_ui/settings_draft.h"
 #include "settings_ui/settings_parts.h"
 
@@ -23,7 +25,17 @@ public:
     void Form_Load();
 
 private:
-    QTimeEdit* MakeTime(const QString& name, const QString& spoken, qint32 QuietSettings::*field);
+    /// The controls of one end of the quiet hours.
+    struct Time {
+        controls::NumberBox* hour = nullptr;
+        controls::NumberBox* minute = nullptr;
+        qint32 QuietSettings::*field = nullptr;
+    };
+
+    controls::NumberBox* MakeNumber(int number, int last, const QString& spoken, std::size_t time);
+    Time MakeTime(std::size_t time, const QString& spoken, qint32 QuietSettings::*field);
+    void ShowTime(const Time& time);
+    void AddTime(QHBoxLayout& row, const Time& time, int label, const QString& after);
     void Arrange();
     void EnableControls();
 
@@ -31,8 +43,7 @@ private:
     SettingsDraft& m_draft;
     // Owned by the frame
     std::vector<QCheckBox*> m_flags;
-    QTimeEdit* m_from;
-    QTimeEdit* m_to;
+    std::array<Time, 2> m_times;
     std::vector<QWidget*> m_hours;  // enabled if there are quiet hours
 };
 
