@@ -20,6 +20,7 @@ private Q_SLOTS:
     void TheCdPlayerOpensFromItsDisplay();
     void WhileItIsQuietNothingIsStruck_data();
     void WhileItIsQuietNothingIsStruck();
+    void TheDesktopIsFollowedOnceItIsChosen();
     void TheNoticeIsSilentWhileItIsQuiet();
     void TheVolumeIsThatOfTheSettings();
     void SoundEndsBeforeTheDiscAndBothBeforeTheDayDatabase();
@@ -85,6 +86,19 @@ void TstRunningProgram::WhileItIsQuietNothingIsStruck() {
     bench.doNotDisturb.isWatched = follows;
     bench.time.Advance(5000);
     QCOMPARE(!bench.sound.Devices().isEmpty(), strikes);
+}
+
+void TstRunningProgram::TheDesktopIsFollowedOnceItIsChosen() {
+    RunningBench bench(u"0"_s);
+    ChildOf<QAction>(bench.Window("Form1"), u"Menu17"_s).trigger();  // the settings
+    auto& follows = ChildOf<QAbstractButton>(bench.Window("Form2"), u"Check63"_s);
+    follows.click();
+    QVERIFY(!bench.doNotDisturb.isWatched);
+    bench.Press("Form2", "Command3");
+    QVERIFY(bench.doNotDisturb.isWatched);
+    follows.click();
+    bench.Press("Form2", "Command3");
+    QVERIFY(!bench.doNotDisturb.isWatched);
 }
 
 void TstRunningProgram::TheNoticeIsSilentWhileItIsQuiet() {
