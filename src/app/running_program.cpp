@@ -13,9 +13,11 @@ RunningProgram::RunningProgram(const ProgramPorts& ports, ProgramState& state, s
       m_state(state),
       m_closed(std::move(closed)),
       m_holidays(state.started.folder, state.started.dayDatabase, state.started.further.calendar),
+      m_quiet(state.started.further.quiet, ports.clock, ports.doNotDisturb),
+      m_sound(ports.sound, [&quiet = state.started.further.quiet] { return quiet.volume; }),
       m_media({.realTimers = ports.realTimers,
                .timers = ports.timers,
-               .sound = ports.sound,
+               .sound = m_sound,
                .wait = ports.wait,
                .boxes = ports.boxes,
                .handlers = ports.handlers,
@@ -51,6 +53,7 @@ void RunningProgram::Start() {
         throw;
     }
     m_form->show();
+    m_quiet.Follow();
     m_remote = std::make_unique<RemoteAccess>(RemoteAccessParts{.service = m_ports.commands,
                                                                 .timers = m_ports.realTimers,
                                                                 .clock = m_ports.clock,
@@ -72,6 +75,7 @@ void RunningProgram::FollowSettings() {
         m_media.System().FollowSettings();
         m_remote->Follow();
         m_mediaKeys->Follow();
+        m_quiet.Follow();
     }
 }
 
@@ -89,7 +93,9 @@ WindowsParts RunningProgram::PartsOfWindows() {
             .further = m_state.started.further,
             .folder = m_state.started.folder,
             .cdPlayer = m_media.System().Player(),
-            .listen = [&sounds](const QString& name) { sounds.PlayChime(name, 1); },
+            .listen = [this, &sounds](
+                          const QString& name,
+                          qint32 volume) { m_sound.With(volume, [&] { sounds.PlayChime(name, 1); }); },
             .isComposited = m_ports.isComposited,
             .isPlacedByCompositor = m_ports.isPlacedByCompositor,
             .hasTray = [this] { return m_ports.tray.IsThere(); },
@@ -115,7 +121,12 @@ shell::MainWindowParts RunningProgram::PartsOfMainWindow() {
             .handlers = m_ports.handlers,
             .windows = m_windows->Openers(),
             .makeDisplays = [this](const DisplayView& view) { return MakeDisplays(PartsOfDisplays(), view); },
-            .playChime = [&sounds](const QString& name, qint32 count) { sounds.PlayChime(name, count); },
+            .playChime =
+                [this, &sounds](const QString& name, qint32 count) {
+                    if (!m_quiet.SilencesChime()) {
+                        sounds.PlayChime(name, count);
+                    }
+                },
             .isPlacedByCompositor = m_ports.isPlacedByCompositor,
             .isComposited = m_ports.isComposited,
             .passClicks = m_ports.passClicks,
@@ -156,6 +167,7 @@ timing::TimingParts RunningProgram::Timing() {
             .help = m_windows->Help(),
             .enterFolder = [folder = m_state.started.folder] { folder.Enter(); },
             .sendCommand = sendCommand,
+            .isSilent = [this] { return m_quiet.SilencesTimer(); },
             .place = [this](QWidget& window) { m_windows->Place(window); },
             .version = QStringLiteral(TICKWELL_VERSION)};
 }

@@ -12,6 +12,8 @@
 #include "app/request.h"
 #include "app/startup.h"
 #include "app/windows.h"
+#include "core/quiet_rule.h"
+#include "media/volume_output.h"
 #include "shell/main_window.h"
 
 namespace tickwell::app {
@@ -37,6 +39,7 @@ struct ProgramPorts {
     media::CdPlayback& playback;
     remote::CommandService& commands;
     remote::PlayerService& mediaKeys;
+    DoNotDisturb& doNotDisturb;
     DisplayPorts display;
     std::function<bool()> isComposited = [] {
         return true;
@@ -97,6 +100,8 @@ private:
     ProgramState& m_state;
     std::function<void()> m_closed;
     ChosenHolidays m_holidays;
+    QuietRule m_quiet;
+    media::VolumeOutput m_sound;  // of time signal and timer
     Media m_media;
     std::unique_ptr<Windows> m_windows;
     std::unique_ptr<shell::Form1> m_form;

@@ -32,7 +32,7 @@ struct WindowsParts {
     FurtherSettings& further;
     ProgramFolder folder;
     media::CdPlayer& cdPlayer;
-    std::function<void(const QString& soundName)> listen;  ///< plays a sound once
+    std::function<void(const QString& soundName, qint32 volume)> listen;  ///< plays a sound once
     std::function<bool()> isComposited;  ///< whether translucent windows can be seen through
     bool isPlacedByCompositor;           ///< where windows appear is the desktop's choice alone
     std::function<bool()> hasTray;       ///< whether the desktop has a notification area

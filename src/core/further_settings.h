@@ -7,6 +7,7 @@
 #include "core/calendar_settings.h"
 #include "core/corrections.h"
 #include "core/keyboard_settings.h"
+#include "core/quiet_settings.h"
 #include "core/remote_settings.h"
 
 namespace tickwell {
@@ -58,6 +59,7 @@ struct FurtherSettings {
     RemoteSettings remote{};
     KeyboardSettings keyboard{};
     CdSettings cd{};
+    QuietSettings quiet{};
 
     bool operator==(const FurtherSettings&) const = default;
 };

@@ -46,27 +46,36 @@ void Handlers::Report(const QObject* owner, const RunTimeError& error) {
     ShowReport(owner, error.Reason());
 }
 
-void Handlers::ShowReport(const QObject* owner, const QString& reason) {
+void Handlers::ShowReport(const QObject* owner, const QString& reason, const Remedy& remedy) {
     m_reporting = true;
-    m_boxes.Show(owner, {MessageIcon::Critical, u"Tickwell"_s, u"実行時エラー\r\n"_s + reason},
-                 [this] { BoxClosed(); });
+    Message message{MessageIcon::Critical, u"Tickwell"_s, u"実行時エラー\r\n"_s + reason};
+    if (remedy.caption.isEmpty()) {
+        return m_boxes.Show(owner, message, [this] { BoxClosed(); });
+    }
+    message.action = remedy.caption;
+    m_boxes.Ask(owner, message, [this, chosen = remedy.chosen](bool isChosen) {
+        BoxClosed();
+        if (isChosen) {
+            chosen();
+        }
+    });
 }
 
 void Handlers::BoxClosed() {
     m_reporting = false;
     if (!m_untold.isEmpty()) {
         const Untold next = m_untold.takeFirst();
-        ShowReport(next.owner, next.reason);
+        ShowReport(next.owner, next.reason, next.remedy);
     } else if (const auto action = std::exchange(m_whenQuiet, nullptr)) {
         action();
     }
 }
 
-void Handlers::Tell(const QString& reason, const QObject* owner) {
+void Handlers::Tell(const QString& reason, const QObject* owner, const Remedy& remedy) {
     if (m_reporting) {
-        m_untold.append({reason, owner});
+        m_untold.append({reason, owner, remedy});
     } else {
-        ShowReport(owner, reason);
+        ShowReport(owner, reason, remedy);
     }
 }
 

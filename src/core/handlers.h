@@ -39,9 +39,16 @@ public:
     /// Runs the handler of `timer`; if it fails, reports the error like Run and stops the timer.
     void RunTick(Timer& timer, const std::function<void()>& handler);
 
+    /// What the box of an error offers besides OK.
+    struct Remedy {
+        QString caption;               ///< of its button; empty for none
+        std::function<void()> chosen;  ///< called after the box was closed with that button
+    };
+
     /// Reports an error that no handler has thrown, such as a failed print. If the report box is open, the
     /// error is queued and reported next. `owner` as for Run; it may be destroyed in the meantime.
-    void Tell(const QString& reason, const QObject* owner = nullptr);
+    void Tell(const QString& reason, const QObject* owner = nullptr) { Tell(reason, owner, {}); }
+    void Tell(const QString& reason, const QObject* owner, const Remedy& remedy);
 
     /// Calls `action` now, or once the report box is closed; until then a further call replaces it.
     void WhenQuiet(std::function<void()> action);
@@ -50,10 +57,11 @@ private:
     struct Untold {
         QString reason;
         QPointer<const QObject> owner;
+        Remedy remedy;
     };
 
     void Report(const QObject* owner, const RunTimeError& error);
-    void ShowReport(const QObject* owner, const QString& reason);
+    void ShowReport(const QObject* owner, const QString& reason, const Remedy& remedy = {});
     void BoxClosed();
 
     MessageBoxes& m_boxes;

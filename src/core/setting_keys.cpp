@@ -144,6 +144,18 @@ constexpr std::array kFurtherKeys{
                [](StoredSettings& s) -> Field { return &s.further.keyboard.movesWindow; }},
     SettingKey{u"Keyboard", u"ShowsAccessKeys", u"False",
                [](StoredSettings& s) -> Field { return &s.further.keyboard.showsAccessKeys; }},
+    SettingKey{u"Quiet", u"Hours", u"False",
+               [](StoredSettings& s) -> Field { return &s.further.quiet.hasHours; }},
+    SettingKey{u"Quiet", u"From", u"1320", [](StoredSettings& s) -> Field { return &s.further.quiet.from; }},
+    SettingKey{u"Quiet", u"To", u"420", [](StoredSettings& s) -> Field { return &s.further.quiet.to; }},
+    SettingKey{u"Quiet", u"Chime", u"True",
+               [](StoredSettings& s) -> Field { return &s.further.quiet.silencesChime; }},
+    SettingKey{u"Quiet", u"Timer", u"False",
+               [](StoredSettings& s) -> Field { return &s.further.quiet.silencesTimer; }},
+    SettingKey{u"Quiet", u"Desktop", u"False",
+               [](StoredSettings& s) -> Field { return &s.further.quiet.followsDesktop; }},
+    SettingKey{u"Quiet", u"Volume", u"100",
+               [](StoredSettings& s) -> Field { return &s.further.quiet.volume; }},
 };
 
 constexpr std::array<QStringView, 27> kWriteOrder{

@@ -6,7 +6,9 @@
 #include <QGuiApplication>
 #include <csignal>
 #include <cstdio>
+#include <cstring>
 
+#include "core/saved_file.h"
 #include "print_helper/cups_queue.h"
 #include "print_helper/protocol.h"
 #include "print_helper/report_document.h"
@@ -43,14 +45,28 @@ int Print(const QString& title, const QStringList& lines) {
     return failure ? Fail(*failure) : kPrintDone;
 }
 
+int WritePdf(const QString& path, const QString& title, const QStringList& lines) {
+    const QByteArray document = ReportDocument(Paper{}, title, lines);
+    if (document.isEmpty()) {
+        return Fail({kNotPainted, "", ""});
+    }
+    if (const QString reason = tickwell::SaveFile(path, document); !reason.isEmpty()) {
+        return Fail({kNotWritten, "", reason.toStdString()});
+    }
+    Tell({kAccepted, "", ""});
+    return kPrintDone;
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
-    if (argc != 2) {
-        std::fputs("usage: tickwell-print TITLE < REPORT\n", stderr);
+    const bool writesPdf = argc == 4 && std::strcmp(argv[1], kPdfOption) == 0;
+    if (argc != 2 && !writesPdf) {
+        std::fputs("usage: tickwell-print [--pdf FILE] TITLE < REPORT\n", stderr);
         return kPrintUsage;
     }
     std::signal(SIGPIPE, SIG_IGN);
+    std::signal(SIGXFSZ, SIG_IGN);            // a file that grows too large is an error like a full disk
     qputenv("QT_QPA_PLATFORM", "offscreen");  // fonts are needed, a display is not
     int count = 1;                            // hides the title from Qt's option parser
     const QGuiApplication application(count, argv);
@@ -58,5 +74,7 @@ int main(int argc, char** argv) {
     if (!input.open(stdin, QIODevice::ReadOnly)) {
         return Fail({kNotPainted, "", input.errorString().toStdString()});
     }
-    return Print(QFile::decodeName(argv[1]), QString::fromUtf8(input.readAll()).split(u'\n'));
+    const QStringList lines = QString::fromUtf8(input.readAll()).split(u'\n');
+    const QString title = QFile::decodeName(argv[argc - 1]);
+    return writesPdf ? WritePdf(QFile::decodeName(argv[2]), title, lines) : Print(title, lines);
 }

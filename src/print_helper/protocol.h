@@ -14,6 +14,10 @@ namespace tickwell::print_helper {
 /// writes kAborted if the queue aborts the job. QUEUE is empty if no printer is known. REASON is the message
 /// of the print service, empty if there is none. Neither contains control characters.
 ///
+///   tickwell-print --pdf FILE TITLE
+/// reads the same and writes the report to FILE, an absolute path, as a PDF document on A4 paper: completely,
+/// or it leaves FILE as it was. The answer is kAccepted, kNotPainted or kNotWritten, without a queue.
+///
 /// The helper may wait for the print service for up to kPatienceSeconds. It may be killed at any time.
 inline constexpr const char* kAccepted = "accepted";
 inline constexpr const char* kNoService = "no-service";  // cannot be reached, or does not answer
@@ -23,6 +27,9 @@ inline constexpr const char* kRejecting = "rejecting";  // the queue currently a
 inline constexpr const char* kForbidden = "forbidden";  // this user may not print
 inline constexpr const char* kRefused = "refused";      // any other reason
 inline constexpr const char* kAborted = "aborted";
+inline constexpr const char* kNotWritten = "not-written";  // the file, for the reason of the system
+
+inline constexpr const char* kPdfOption = "--pdf";
 
 inline constexpr char kAnswerJoint = '\t';
 

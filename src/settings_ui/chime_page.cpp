@@ -20,8 +20,9 @@ ChimePage::ChimePage(const SettingsParts& parts, SettingsDraft& draft, QWidget* 
       m_modeOptions(u"Option7"_s, kChimeOptions, this, parts.handlers,
                     [this](qint32 index) { m_draft.settings.chimeMode = index; }),
       m_sounds(controls::Named(new QComboBox(this), u"Combo1"_s, u"時報音"_s)),
-      m_listen(controls::MakeButton(u"Listen"_s, u"試聴"_s, this, parts.handlers,
-                                    [this] { m_parts.operations.listen(m_draft.settings.chimeSound); })),
+      m_listen(controls::MakeButton(
+          u"Listen"_s, u"試聴"_s, this, parts.handlers,
+          [this] { m_parts.operations.listen(m_draft.settings.chimeSound, m_draft.further.quiet.volume); })),
       m_tellsNoCdDrive(controls::Named(new QCheckBox(u"CDドライブがないことを起動のときに知らせる"_s, this),
                                        u"NoCdDrive"_s)) {
     setObjectName(u"Picture4"_s);

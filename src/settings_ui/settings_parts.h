@@ -33,8 +33,9 @@ struct SettingsOperations {
     /// Called with true when the dialog opens and with false when it closes: while it is open, the main
     /// window is not kept on top.
     std::function<void(bool)> holdKeepTop;
-    /// Plays the sound of this name once. If empty, the button beside the sounds is disabled.
-    std::function<void(const QString& soundName)> listen;
+    /// Plays the sound of this name once, at this volume in percent. If empty, the buttons for it are
+    /// disabled.
+    std::function<void(const QString& soundName, qint32 volume)> listen;
     /// Starts compacting the day database and returns. At the end the user is notified and `done` is called.
     /// If a compaction is already running, only replaces `done`. Throws RunTimeError, without calling `done`,
     /// if it cannot start. If empty, the button is disabled.

@@ -9,6 +9,7 @@
 #include <QVBoxLayout>
 #include <algorithm>
 #include <cmath>
+#include <initializer_list>
 #include <utility>
 
 #include "controls/access_keys.h"
@@ -38,12 +39,26 @@ int WidthOfIntervals(const QPlainTextEdit& list) {
            list.verticalScrollBar()->sizeHint().width();
 }
 
+QLayout* RowAtTheRight(std::initializer_list<QPushButton*> buttons) {
+    auto* row = new QHBoxLayout;
+    row->addStretch(1);
+    for (QPushButton* button : buttons) {
+        // Kanji and kana may come from fonts of different heights: expand all buttons to the height of the
+        // row.
+        button->setSizePolicy(QSizePolicy::Minimum, QSizePolicy::Minimum);
+        row->addWidget(button);
+    }
+    return row;
+}
+
 }  // namespace
 
 StopForm::StopForm(StopwatchWindowParts parts, QWidget* parent)
     : QDialog(parent),
       m_parts(std::move(parts)),
-      m_printing(m_parts.printer, m_parts.boxes, m_parts.handlers, this),
+      m_export(m_parts.clock, m_parts.handlers, *this),
+      m_printing(m_parts.printer, m_parts.boxes, m_parts.handlers, this,
+                 [this](const PrintJob& job) { KeepAsPdf(job); }),
       m_startButton(controls::MakeButton(u"Command1"_s, QString(), this, m_parts.handlers,
                                          [this] { Command1_Click(); })),
       m_lapButton(controls::MakeButton(u"Command2"_s, QString(), this, m_parts.handlers,
@@ -52,6 +67,10 @@ StopForm::StopForm(StopwatchWindowParts parts, QWidget* parent)
                                          [this] { Command3_Click(); })),
       m_helpButton(controls::MakeButton(u"Command4"_s, u"ヘルプ"_s, this, m_parts.handlers,
                                         [this] { Command4_Click(); })),
+      m_copyButton(controls::MakeButton(u"Command5"_s, u"コピー"_s, this, m_parts.handlers,
+                                        [this] { Command5_Click(); })),
+      m_saveButton(controls::MakeButton(u"Command6"_s, u"保存..."_s, this, m_parts.handlers,
+                                        [this] { Command6_Click(); })),
       m_lapList(controls::Named(new QPlainTextEdit(this), u"Text1"_s, u"ラップ/経歴一覧表"_s)),
       m_announcer(new controls::Announcer(this)) {
     setObjectName(u"StopForm"_s);
@@ -60,6 +79,8 @@ StopForm::StopForm(StopwatchWindowParts parts, QWidget* parent)
     m_lapList->setUndoRedoEnabled(false);
     m_lapList->setTabChangesFocus(true);
     m_lapList->setLineWrapMode(QPlainTextEdit::NoWrap);
+    m_copyButton->setAccessibleDescription(u"ラップの一覧を、表としてクリップボードに入れます"_s);
+    m_saveButton->setAccessibleDescription(u"ラップの一覧を、CSVファイルに保存します"_s);
     LayOut();
     ShowCaptions();
     controls::OpenHelpByKey(*this, m_parts.handlers, m_parts.help, kHelpStopwatch);
@@ -69,23 +90,18 @@ void StopForm::LayOut() {
     auto* above = new QHBoxLayout;
     above->addWidget(m_startButton, 1);
     above->addWidget(m_lapButton, 1);
-    auto* below = new QHBoxLayout;
-    below->addStretch(1);
-    for (QPushButton* button : {m_printButton, m_helpButton}) {
-        // Kanji and kana may come from fonts of different heights, so all buttons expand to the height of the
-        // row.
-        button->setSizePolicy(QSizePolicy::Minimum, QSizePolicy::Minimum);
-        below->addWidget(button);
-    }
     auto* all = new QVBoxLayout(this);
     all->addLayout(above);
     all->addWidget(m_lapList, 1);
-    all->addLayout(below);
+    all->addLayout(RowAtTheRight({m_printButton, m_helpButton}));
+    all->addLayout(RowAtTheRight({m_copyButton, m_saveButton}));
     m_lapList->setMinimumSize(PlainWidth(*m_lapList), kListLines * m_lapList->fontMetrics().lineSpacing());
     setTabOrder(m_startButton, m_lapButton);
     setTabOrder(m_lapButton, m_lapList);
     setTabOrder(m_lapList, m_printButton);
     setTabOrder(m_printButton, m_helpButton);
+    setTabOrder(m_helpButton, m_copyButton);
+    setTabOrder(m_copyButton, m_saveButton);
     m_startButton->setDefault(true);
 }
 
@@ -193,6 +209,26 @@ void StopForm::Command4_Click() {
     m_parts.help.ShowTopic(kHelpStopwatch);
 }
 
+void StopForm::Command5_Click() {
+    LapExport::Copy(m_parts.panel.List());
+}
+
+void StopForm::Command6_Click() {
+    m_export.Save(m_parts.panel.List());
+}
+
+/// The report as it would have been printed.
+void StopForm::KeepAsPdf(PrintJob job) {
+    m_export.ChoosePdf([this, job = std::move(job)](const QString& path) mutable {
+        if (m_printing.IsBusy()) {
+            throw RunTimeError(u"印刷が終わってから、もう一度保存してください。"_s);
+        }
+        job.file = path;
+        m_printButton->setEnabled(false);
+        m_printing.Print(job, [this] { EnablePrinting(); });
+    });
+}
+
 void StopForm::ShowState() {
     ShowCaptions();
     ShowList();
@@ -220,7 +256,17 @@ void StopForm::ShowList() {
         end.insertText(list.mid(m_shownLength));
     }
     m_shownLength = list.size();
+    EnableExport(!list.isEmpty());
     m_lapList->moveCursor(QTextCursor::End);
+}
+
+void StopForm::EnableExport(bool hasLaps) {
+    for (QPushButton* button : {m_copyButton, m_saveButton}) {
+        if (!hasLaps && focusWidget() == button) {
+            m_lapButton->setFocus();  // the focus of a button that is disabled would go anywhere
+        }
+        button->setEnabled(hasLaps);
+    }
 }
 
 }  // namespace tickwell::timing

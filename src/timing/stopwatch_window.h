@@ -9,6 +9,7 @@
 #include "core/handlers.h"
 #include "core/ports/clock.h"
 #include "core/ports/help_viewer.h"
+#include "timing/lap_export.h"
 #include "timing/report_printing.h"
 #include "timing/stopwatch_panel.h"
 
@@ -28,7 +29,7 @@ struct StopwatchWindowParts {
     QString version;  ///< of the program, such as "2.0.0"
 };
 
-/// The stopwatch window: start and stop, laps, their list and its printing. Only a view: the stopwatch
+/// The stopwatch window: start and stop, laps, their list, and what becomes of it. Only a view: the stopwatch
 /// continues after it is closed.
 class StopForm : public QDialog {
     Q_OBJECT
@@ -57,20 +58,27 @@ private:
     void Command2_Click();
     void Command3_Click();
     void Command4_Click();
+    void Command5_Click();
+    void Command6_Click();
+    void KeepAsPdf(PrintJob job);
     void ShowState();
     void ShowCaptions();
     void AnnounceLastLine();
     void ShowList();
     void Print();
     void EnablePrinting();
+    void EnableExport(bool hasLaps);
 
     StopwatchWindowParts m_parts;
+    LapExport m_export;
     ReportPrinting m_printing;
     QWidget* m_focusInstead = nullptr;  // received the focus when the print button was disabled
     QPushButton* m_startButton;         // the controls are owned by the window
     QPushButton* m_lapButton;
     QPushButton* m_printButton;
     QPushButton* m_helpButton;
+    QPushButton* m_copyButton;
+    QPushButton* m_saveButton;
     QPlainTextEdit* m_lapList;
     controls::Announcer* m_announcer;
     int m_shownList = 0;          // ListNumber of the contents of m_lapList

@@ -71,15 +71,21 @@ void Form8::ShowName() {
 }
 
 void Form8::Form_Load() {
+    m_hasSound = !m_parts.isSilent();
     m_parts.handlers.Run([this] {
         m_parts.enterFolder();
+        if (!m_hasSound) {
+            return;
+        }
         m_parts.sendCommand(u"open TKW00.wav alias Timer"_s);
         m_parts.sendCommand(u"play Timer"_s);
     });
 }
 
 void Form8::Form_Unload() {
-    m_parts.handlers.Run([this] { m_parts.sendCommand(u"close Timer"_s); });
+    if (m_hasSound) {
+        m_parts.handlers.Run([this] { m_parts.sendCommand(u"close Timer"_s); });
+    }
 }
 
 void Form8::done(int result) {

@@ -15,6 +15,7 @@ struct TimerNoticeParts {
         enterFolder;  ///< makes the program's folder the current one, or throws RunTimeError
     /// Sends one multimedia command and reports a failure to the user.
     std::function<void(const QString& command)> sendCommand;
+    std::function<bool()> isSilent = [] { return false; };  ///< whether it has no sound if it is opened now
     /// The name of the finished run; empty if it has none.
     std::function<QString()> name = [] { return QString(); };
 };
@@ -41,7 +42,8 @@ private:
     void ShowName();
 
     TimerNoticeParts m_parts;
-    QLabel* m_name;  // owned by the window
+    QLabel* m_name;           // owned by the window
+    bool m_hasSound = false;  // since it was opened
 };
 
 }  // namespace tickwell::timing

@@ -113,6 +113,7 @@ void TimingTools::ShowNotice() {
             TimerNoticeParts{.handlers = m_parts.handlers,
                              .enterFolder = m_parts.enterFolder,
                              .sendCommand = m_parts.sendCommand,
+                             .isSilent = m_parts.isSilent,
                              .name = [this] { return m_countdown.State().CountdownName; }},
             nullptr);
     }

@@ -33,8 +33,9 @@ struct TimingParts {
         enterFolder;  ///< makes the program's folder the current one, or throws RunTimeError
     /// Sends one multimedia command and reports a failure to the user.
     std::function<void(const QString& command)> sendCommand;
-    std::function<void(QWidget& window)> place;  ///< positions a window that is about to be shown
-    QString version;                             ///< of the program, like "2.0.0"
+    std::function<bool()> isSilent = [] { return false; };  ///< whether the countdown's notice is silent now
+    std::function<void(QWidget& window)> place;             ///< positions a window that is about to be shown
+    QString version;                                        ///< of the program, like "2.0.0"
 };
 
 /// Stopwatch and countdown combined: rules, lines, the main window's two timers, and the windows, which are

@@ -10,8 +10,8 @@
 #include "support/borrowed.h"
 #include "support/discs.h"
 #include "support/fake_autostart.h"
-#include "support/fake_cd_drive.h"
 #include "support/fake_command_service.h"
+#include "support/fake_do_not_disturb.h"
 #include "support/fake_event_wait.h"
 #include "support/fake_focus_return.h"
 #include "support/fake_full_screen_watch.h"
@@ -26,23 +26,12 @@
 #include "support/fake_tray.h"
 #include "support/fake_window_stack.h"
 #include "support/files.h"
+#include "support/watched_drive.h"
 #include "support/window.h"
 
 namespace tickwell::app {
 
 inline constexpr int kStartUp = 11'000;  // ms until the stored function starts
-
-class WatchedDrive : public FakeCdDrive {
-public:
-    void Stop() override {
-        FakeCdDrive::Stop();
-        if (onStop) {
-            onStop();
-        }
-    }
-
-    std::function<void()> onStop;
-};
 
 /// The complete program in its own folder, 15 seconds before nine in the evening.
 struct RunningBench {
@@ -65,6 +54,7 @@ struct RunningBench {
     WatchedDrive drive;
     FakeCommandService commands;
     FakePlayerService mediaKeys;
+    FakeDoNotDisturb doNotDisturb;
     const ProgramPorts ports{
         .clock = time,
         .timers = time,
@@ -85,6 +75,7 @@ struct RunningBench {
         .playback = drive,
         .commands = commands,
         .mediaKeys = mediaKeys,
+        .doNotDisturb = doNotDisturb,
         .display = {.power = Borrowed<const Power>(power), .memory = Borrowed<const Memory>(memory)}};
     ProgramState state;
     QStringList journal;

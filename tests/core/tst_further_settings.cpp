@@ -39,6 +39,7 @@ private Q_SLOTS:
     void AComingEraHasItsKey();
     void TheRowUnderEachDayHasItsKey();
     void TheFaceHasItsKeys();
+    void QuietHoursAndVolumeHaveTheirKeys();
     void ABadEraIsNamed();
 };
 
@@ -126,6 +127,27 @@ void TstFurtherSettings::TheFaceHasItsKeys() {
         store.Put(u"Face"_s, line.mid(5, line.indexOf(u'=') - 5), line.section(u'=', 1));
     }
     QCOMPARE(Loaded(store), expected);
+}
+
+void TstFurtherSettings::QuietHoursAndVolumeHaveTheirKeys() {
+    FurtherSettings expected;
+    expected.quiet.from = 61;
+    expected.quiet.to = 1439;
+    expected.quiet.silencesChime = false;
+    expected.quiet.volume = 35;
+    QCOMPARE(WrittenFurther(expected), (QStringList{u"Quiet/From=61"_s, u"Quiet/To=1439"_s,
+                                                    u"Quiet/Chime=False"_s, u"Quiet/Volume=35"_s}));
+    FakeSettingsStore store;
+    store.Put(u"Quiet"_s, u"From"_s, u"61"_s);
+    store.Put(u"Quiet"_s, u"To"_s, u"1439"_s);
+    store.Put(u"Quiet"_s, u"Chime"_s, u"False"_s);
+    store.Put(u"Quiet"_s, u"Volume"_s, u"35"_s);
+    QCOMPARE(Loaded(store), expected);
+    const QuietSettings stored = Loaded(FakeSettingsStore()).quiet;  // ten in the evening to seven
+    QCOMPARE(stored.from, 1320);
+    QCOMPARE(stored.to, 420);
+    QVERIFY(stored.silencesChime);
+    QCOMPARE(stored.volume, 100);
 }
 
 void TstFurtherSettings::ABadEraIsNamed() {

@@ -23,6 +23,9 @@ private Q_SLOTS:
     void TheReportBelongsToTheWindowOfTheHandler();
     void WhenQuietWaitsForTheOpenBox();
     void ReportsGivenToTellAreNeverDropped();
+    void AReportCanOfferARemedy_data();
+    void AReportCanOfferARemedy();
+    void AQueuedReportKeepsItsRemedy();
 };
 
 void TstHandlers::AnErrorEndsTheHandlerAndIsReportedOnce() {
@@ -143,6 +146,43 @@ void TstHandlers::ReportsGivenToTellAreNeverDropped() {
     }
     QCOMPARE(told, (QStringList{u"実行時エラー\r\n一"_s, u"実行時エラー\r\n二"_s, u"実行時エラー\r\n三"_s}));
     QVERIFY(isQuiet);
+}
+
+void TstHandlers::AReportCanOfferARemedy_data() {
+    QTest::addColumn<bool>("isChosen");
+    QTest::newRow("OK") << false;
+    QTest::newRow("the remedy") << true;
+}
+
+void TstHandlers::AReportCanOfferARemedy() {
+    QFETCH(const bool, isChosen);
+    FakeMessageBoxes boxes;
+    Handlers handlers(boxes);
+    int chosen = 0;
+    handlers.Tell(u"だめです。"_s, nullptr, {.caption = u"直す"_s, .chosen = [&chosen] { ++chosen; }});
+    QVERIFY(boxes.Shown().isEmpty());
+    QCOMPARE(
+        boxes.Asked(),
+        (QList<Message>{{MessageIcon::Critical, u"Tickwell"_s, u"実行時エラー\r\nだめです。"_s, u"直す"_s}}));
+    bool isQuiet = false;
+    handlers.WhenQuiet([&isQuiet] { isQuiet = true; });
+    QVERIFY(!isQuiet);  // like any report
+    boxes.Answer(isChosen);
+    QCOMPARE(chosen, isChosen ? 1 : 0);
+    QVERIFY(isQuiet);
+}
+
+void TstHandlers::AQueuedReportKeepsItsRemedy() {
+    FakeMessageBoxes boxes;
+    Handlers handlers(boxes);
+    bool isChosen = false;
+    handlers.Tell(u"一"_s);
+    handlers.Tell(u"二"_s, nullptr, {.caption = u"直す"_s, .chosen = [&isChosen] { isChosen = true; }});
+    QVERIFY(boxes.Asked().isEmpty());
+    boxes.Close();
+    QCOMPARE(boxes.Asked().size(), 1);
+    boxes.Answer(true);
+    QVERIFY(isChosen);
 }
 
 QTEST_GUILESS_MAIN(TstHandlers)

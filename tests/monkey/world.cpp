@@ -92,6 +92,7 @@ void World::Start(Random& random) {
                                   .playback = machine.drive,
                                   .commands = machine.commands,
                                   .mediaKeys = machine.mediaKeys,
+                                  .doNotDisturb = machine.doNotDisturb,
                                   .display = {.power = Borrowed<const Power>(machine.power),
                                               .memory = Borrowed<const Memory>(machine.memory)}};
     machine.program = std::make_unique<app::RunningProgram>(ports, machine.state, [&machine] {

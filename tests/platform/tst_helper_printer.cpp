@@ -76,6 +76,7 @@ class TstHelperPrinter : public QObject {
 
 private Q_SLOTS:
     void TheHelperGetsTitleAndLines();
+    void AFileIsNamedToTheHelper();
     void AnswersAreReported_data();
     void AnswersAreReported();
     void AMissingHelperIsReportedLater();
@@ -92,6 +93,17 @@ void TstHelperPrinter::TheHelperGetsTitleAndLines() {
     QVERIFY(bench.WaitForNews(1));
     QCOMPARE(bench.Read(u"title"_s), kJob.title.toUtf8());
     QCOMPARE(bench.Read(u"lines"_s), u"一行目\n\n三行目"_s.toUtf8());
+}
+
+void TstHelperPrinter::AFileIsNamedToTheHelper() {
+    Bench bench("printf '%s|' \"$@\" >arguments; cat >lines; printf 'accepted\\t\\t\\n'");
+    PrintJob job = kJob;
+    job.file = u"/tmp/a folder/ラップ.pdf"_s;
+    bench.printer->Print(job, [&bench](const PrintNews& told) { bench.news.append(told); });
+    QVERIFY(bench.WaitForNews(1));
+    QCOMPARE(bench.Read(u"arguments"_s), u"--pdf|/tmp/a folder/ラップ.pdf|ストップウォッチ|"_s.toUtf8());
+    QCOMPARE(bench.Read(u"lines"_s), u"一行目\n\n三行目"_s.toUtf8());
+    QCOMPARE(bench.news.first().stage, PrintStage::Accepted);
 }
 
 void TstHelperPrinter::AnswersAreReported_data() {

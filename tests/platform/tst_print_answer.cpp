@@ -14,6 +14,7 @@ class TstPrintAnswer : public QObject {
 private Q_SLOTS:
     void FailuresHaveASentence_data();
     void FailuresHaveASentence();
+    void OnlyAMissingPrinterIsNoPrinter();
     void AcceptedIsNoFailure();
     void UnexpectedLinesAreFailures_data();
     void UnexpectedLinesAreFailures();
@@ -38,6 +39,9 @@ void TstPrintAnswer::FailuresHaveASentence_data() {
                              << u"プリンター「Laser」に印刷できませんでした。\r\n理由：Too many jobs"_s;
     QTest::newRow("aborted") << "aborted\tLaser\tFilter failed"_ba
                              << u"プリンター「Laser」が印刷を中止しました。\r\n理由：Filter failed"_s;
+    QTest::newRow("not written") << "not-written\t\tNo space left on device"_ba
+                                 << u"PDFを保存できませんでした。\r\n書き込めるフォルダーと、空き容量を"
+                                    u"確かめてください。\r\n理由：No space left on device"_s;
     QTest::newRow("a mark in a name is no mark")
         << "refused\t%1\t%1"_ba << u"プリンター「%1」に印刷できませんでした。\r\n理由：%1"_s;
 }
@@ -48,6 +52,16 @@ void TstPrintAnswer::FailuresHaveASentence() {
     const PrintNews news = NewsFrom(line);
     QCOMPARE(news.stage, PrintStage::Failed);
     QCOMPARE(news.reason, reason);
+}
+
+void TstPrintAnswer::OnlyAMissingPrinterIsNoPrinter() {
+    for (const QByteArray word : {"no-service", "no-printer"}) {
+        QVERIFY(NewsFrom(word + "\t\t").noPrinter);
+    }
+    for (const QByteArray word :
+         {"accepted", "not-painted", "rejecting", "forbidden", "refused", "aborted", "not-written"}) {
+        QVERIFY(!NewsFrom(word + "\tLaser\t").noPrinter);
+    }
 }
 
 void TstPrintAnswer::AcceptedIsNoFailure() {

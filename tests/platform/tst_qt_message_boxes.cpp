@@ -73,6 +73,8 @@ private Q_SLOTS:
     void ASecondPressIsIgnored();
     void TheAnswerIsReported_data();
     void TheAnswerIsReported();
+    void AnActionIsReported_data();
+    void AnActionIsReported();
     void ClosingReportsTheCheckBox_data();
     void ClosingReportsTheCheckBox();
     void AWaitCanBeCancelled_data();
@@ -150,6 +152,43 @@ void TstQtMessageBoxes::TheAnswerIsReported() {
     }
     QFETCH(bool, ok);
     QCOMPARE(answers, QList<bool>{ok});
+}
+
+void TstQtMessageBoxes::AnActionIsReported_data() {
+    QTest::addColumn<QString>("way");
+    QTest::addColumn<bool>("isChosen");
+    QTest::newRow("the action") << u"action"_s << true;
+    QTest::newRow("OK") << u"ok"_s << false;
+    QTest::newRow("Enter") << u"enter"_s << false;
+    QTest::newRow("Esc") << u"escape"_s << false;
+    QTest::newRow("the title bar") << u"close"_s << false;
+}
+
+void TstQtMessageBoxes::AnActionIsReported() {
+    QFETCH(QString, way);
+    QFETCH(bool, isChosen);
+    QtMessageBoxes boxes;
+    QList<bool> answers;
+    boxes.Ask(nullptr, {MessageIcon::Critical, u"Tickwell"_s, u"一"_s, u"保存..."_s},
+              [&answers](bool chosen) { answers.append(chosen); });
+    QMessageBox* box = BoxOnScreen();
+    QVERIFY(box != nullptr && box->buttons().size() == 2);
+    QAbstractButton* ok = box->button(QMessageBox::Ok);
+    QAbstractButton* action = box->buttons().at(box->buttons().at(0) == ok ? 1 : 0);
+    QCOMPARE(action->text(), u"保存..."_s);
+    if (way == u"action") {
+        action->click();
+    } else if (way == u"ok") {
+        ok->click();
+    } else if (way == u"enter") {
+        QTest::keyClick(box, Qt::Key_Return);
+    } else if (way == u"escape") {
+        QTest::keyClick(box, Qt::Key_Escape);
+    } else {
+        box->close();
+    }
+    QCOMPARE(answers, QList<bool>{isChosen});
+    QVERIFY(BoxOnScreen() == nullptr);
 }
 
 void TstQtMessageBoxes::ClosingReportsTheCheckBox_data() {

@@ -31,7 +31,9 @@ struct SettingsBench {
             asked.append(QStringLiteral("hold %1").arg(held));
             main.form->HoldKeepTop(held);
         },
-        [this](const QString& sound) { asked.append(QStringLiteral("listen ") + sound); },
+        [this](const QString& sound, qint32 volume) {
+            asked.append(QStringLiteral("listen %1 at %2").arg(sound).arg(volume));
+        },
         [this](std::function<void()> done) {
             asked.append(QStringLiteral("compact"));
             compacted = std::move(done);

@@ -109,7 +109,7 @@ void TstSettingsPages::ASoundIsListenedTo() {
     bench.Open();
     QTest::keyClick(&bench.Child<QComboBox>(u"Combo1"_s), Qt::Key_End);
     bench.Click(u"Listen"_s);
-    QCOMPARE(bench.asked.constLast(), u"listen 人の掛け声"_s);
+    QCOMPARE(bench.asked.constLast(), u"listen 人の掛け声 at 100"_s);
     QCOMPARE(bench.main.settings.chimeSound, u"鳩時計の音"_s);
 }
 

@@ -64,6 +64,9 @@ inline constexpr std::array kFurtherFlags{
                 [](FurtherSettings& s) -> bool& { return s.keyboard.movesWindow; }},
     FurtherFlag{"Keyboard", "ShowsAccessKeys",
                 [](FurtherSettings& s) -> bool& { return s.keyboard.showsAccessKeys; }},
+    FurtherFlag{"Quiet", "Hours", [](FurtherSettings& s) -> bool& { return s.quiet.hasHours; }},
+    FurtherFlag{"Quiet", "Timer", [](FurtherSettings& s) -> bool& { return s.quiet.silencesTimer; }},
+    FurtherFlag{"Quiet", "Desktop", [](FurtherSettings& s) -> bool& { return s.quiet.followsDesktop; }},
 };
 
 /// Adds a row for each flag, named after its key, with settings in which only that flag is on.

@@ -30,6 +30,7 @@ struct TimingBench : public DisplayFunctions {
     FurtherSettings further;
     QStringList commands;
     std::function<void()> enterFolder = [this] { commands.append(QStringLiteral("folder")); };
+    bool isSilent = false;
     int placed = 0;
     int placedWidth = 0;  ///< of the last placed window
     qint32 function = kFunctionStopwatch;
@@ -44,6 +45,7 @@ struct TimingBench : public DisplayFunctions {
                        .help = help,
                        .enterFolder = [this] { enterFolder(); },
                        .sendCommand = [this](const QString& command) { commands.append(command); },
+                       .isSilent = [this] { return isSilent; },
                        .place = [this](QWidget& window) { Place(window); },
                        .version = QStringLiteral("2.0.0")},
                       {.lines = {.upper = upper, .lower = lower}, .functions = *this}};

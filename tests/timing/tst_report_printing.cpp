@@ -29,8 +29,9 @@ struct Bench {
     Handlers handlers{boxes};
     FakePrinter printer;
     QObject window;
-    std::unique_ptr<ReportPrinting> printing =
-        std::make_unique<ReportPrinting>(printer, boxes, handlers, &window);
+    QList<PrintJob> kept;
+    std::unique_ptr<ReportPrinting> printing = std::make_unique<ReportPrinting>(
+        printer, boxes, handlers, &window, [this](const PrintJob& job) { kept.append(job); });
     int free = 0;
 };
 
@@ -47,6 +48,11 @@ private Q_SLOTS:
     void CancelEndsThePrint();
     void AFailureAfterAcceptanceIsReported();
     void NoFailureHidesAnother();
+    void WithoutAPrinterTheReportCanBeKept_data();
+    void WithoutAPrinterTheReportCanBeKept();
+    void TheOfferMayBeTakenTooLate();
+    void AFileThatTakesLongHasABoxOfItsOwn();
+    void AFileThatFailsIsNamed();
     void DestructionCancelsOnlyADelayedPrint_data();
     void DestructionCancelsOnlyADelayedPrint();
 };
@@ -148,6 +154,56 @@ void TstReportPrinting::DestructionCancelsOnlyADelayedPrint() {
     bench.printer.Tell(Failed(u"紙切れ"_s));  // too late
     QVERIFY(bench.boxes.Shown().isEmpty());
     QCOMPARE(bench.free, 0);
+}
+
+void TstReportPrinting::WithoutAPrinterTheReportCanBeKept_data() {
+    QTest::addColumn<bool>("keeps");
+    QTest::newRow("kept") << true;
+    QTest::newRow("not kept") << false;
+}
+
+void TstReportPrinting::WithoutAPrinterTheReportCanBeKept() {
+    QFETCH(const bool, keeps);
+    Bench bench;
+    bench.Print();
+    QVERIFY(bench.printing->IsBusy());
+    bench.printer.Tell({PrintStage::Failed, u"ありません。"_s, true});
+    QVERIFY(bench.boxes.Shown().isEmpty());
+    QCOMPARE(bench.boxes.Asked(), (QList<Message>{{MessageIcon::Critical, u"Tickwell"_s,
+                                                   u"実行時エラー\r\nありません。"_s, u"PDFに保存..."_s}}));
+    QCOMPARE(bench.boxes.Owners(), (QList<const QObject*>{&bench.window}));
+    QCOMPARE(bench.free, 1);
+    QVERIFY(!bench.printing->IsBusy());
+    bench.boxes.Answer(keeps);
+    QCOMPARE(bench.kept, keeps ? (QList<PrintJob>{{u"題"_s, {u"行"_s}}}) : QList<PrintJob>());
+}
+
+void TstReportPrinting::TheOfferMayBeTakenTooLate() {
+    Bench bench;
+    bench.Print();
+    bench.printer.Tell({PrintStage::Failed, u"ありません。"_s, true});
+    bench.printing.reset();
+    bench.boxes.Answer(true);
+    QVERIFY(bench.kept.isEmpty());
+}
+
+void TstReportPrinting::AFileThatTakesLongHasABoxOfItsOwn() {
+    Bench bench;
+    bench.printing->Print({u"題"_s, {u"行"_s}, u"/tmp/x.pdf"_s}, [&bench] { ++bench.free; });
+    bench.printer.Tell(kDelayed);
+    QCOMPARE(bench.boxes.Waits().first().text,
+             u"PDFを保存しています。\r\n「中止」を押すと、保存しないで終わります。"_s);
+    bench.printer.Tell(kAccepted);
+    QVERIFY(!bench.boxes.IsWaiting());
+    QCOMPARE(bench.free, 1);
+}
+
+void TstReportPrinting::AFileThatFailsIsNamed() {
+    Bench bench;
+    bench.printing->Print({u"題"_s, {u"行"_s}, u"/tmp/x.pdf"_s}, [&bench] { ++bench.free; });
+    bench.printer.Tell(Failed(u"満杯です。"_s));
+    QCOMPARE(bench.boxes.Shown().first().text, u"実行時エラー\r\n満杯です。\r\n/tmp/x.pdf"_s);
+    QCOMPARE(bench.free, 1);
 }
 
 QTEST_GUILESS_MAIN(TstReportPrinting)

@@ -2,38 +2,12 @@
 #include <QTest>
 
 #include "lines/line_look.h"
-#include "support/child.h"
 #include "timing/reading_model.h"
-#include "timing/timing_bench.h"
+#include "timing/stopwatch_window_bench.h"
 
 using namespace tickwell;
 using namespace tickwell::timing;
 using namespace Qt::StringLiterals;
-
-namespace {
-
-struct Bench : public TimingBench {
-    Bench() { tools.ShowStopForm(); }
-
-    StopForm& Form() const { return The<StopForm>(); }
-    QPlainTextEdit& List() const { return The<StopForm, QPlainTextEdit>("Text1"); }
-    QString Captions() const {
-        return The<StopForm, QPushButton>("Command1").text() + u'/' +
-               The<StopForm, QPushButton>("Command2").text();
-    }
-    /// 1 to 4 press the buttons; a dot advances time by 1000 ms.
-    void Play(QStringView script) {
-        for (const QChar step : script) {
-            if (step == u'.') {
-                time.Advance(1000);
-            } else {
-                Press<StopForm>(QByteArray("Command").append(static_cast<char>(step.unicode())).constData());
-            }
-        }
-    }
-};
-
-}  // namespace
 
 /// The stopwatch window.
 class TstStopwatchWindow : public QObject {
@@ -70,7 +44,7 @@ void TstStopwatchWindow::initTestCase() {
 }
 
 void TstStopwatchWindow::ItOpensReset() {
-    Bench bench;
+    StopwatchBench bench;
     QVERIFY(bench.Form().isVisible());
     QCOMPARE(bench.Form().windowTitle(), u"ストップウォッチ"_s);
     QCOMPARE(bench.Captions(), u"スタート/リセット"_s);
@@ -81,7 +55,7 @@ void TstStopwatchWindow::ItOpensReset() {
 }
 
 void TstStopwatchWindow::TheButtonsChangeWithTheState() {
-    Bench bench;
+    StopwatchBench bench;
     bench.Play(u"1");
     QCOMPARE(bench.Captions(), u"ストップ/ラップ"_s);
     bench.Play(u"1");
@@ -89,7 +63,7 @@ void TstStopwatchWindow::TheButtonsChangeWithTheState() {
 }
 
 void TstStopwatchWindow::TheListIsShown() {
-    Bench bench;
+    StopwatchBench bench;
     bench.Play(u"1.2.2.1");
     QCOMPARE(bench.List().toPlainText(),
              u"Lapse1  0:00'01\"000\nLapse2  0:00'02\"000\n【Stop】 0:00'03\"000"_s);
@@ -99,7 +73,7 @@ void TstStopwatchWindow::TheListIsShown() {
 
 /// Whatever the document contains, a lap only appends its own line.
 void TstStopwatchWindow::ALapIsAppendedToTheList() {
-    Bench bench;
+    StopwatchBench bench;
     bench.Play(u"1.2");
     const QString first = u"Lapse1  0:00'01\"000"_s;
     QString expected = first;
@@ -121,7 +95,7 @@ void TstStopwatchWindow::ALapIsAppendedToTheList() {
 }
 
 void TstStopwatchWindow::TheLowerLineRunsWithTheTicks() {
-    Bench bench;
+    StopwatchBench bench;
     bench.Play(u"1");
     bench.time.Advance(3);
     QCOMPARE(bench.journal, (Journal{u"lower set 0:00'00\"001"_s, u"lower set 0:00'00\"002"_s,
@@ -129,7 +103,7 @@ void TstStopwatchWindow::TheLowerLineRunsWithTheTicks() {
 }
 
 void TstStopwatchWindow::ClosingAndOpeningWhileItRuns() {
-    Bench bench;
+    StopwatchBench bench;
     bench.Play(u"1.2");
     QVERIFY(bench.Form().close());
     bench.time.Advance(1000);
@@ -140,7 +114,7 @@ void TstStopwatchWindow::ClosingAndOpeningWhileItRuns() {
 }
 
 void TstStopwatchWindow::TheListKeepsItsLineBreaksAfterReopeningAndInPrint() {
-    Bench bench;
+    StopwatchBench bench;
     bench.Play(u"1.1");
     QTest::keyClick(&bench.Form(), Qt::Key_Escape);
     QVERIFY(!bench.Form().isVisible());
@@ -161,7 +135,7 @@ void TstStopwatchWindow::TheListKeepsItsLineBreaksAfterReopeningAndInPrint() {
 }
 
 void TstStopwatchWindow::OpeningAnOpenWindowLeavesItsList() {
-    Bench bench;
+    StopwatchBench bench;
     bench.Play(u"1.2");
     bench.tools.ShowStopForm();
     QCOMPARE(bench.List().toPlainText(), u"Lapse1  0:00'01\"000"_s);
@@ -169,7 +143,7 @@ void TstStopwatchWindow::OpeningAnOpenWindowLeavesItsList() {
 }
 
 void TstStopwatchWindow::PrintingAsksFirst() {
-    Bench bench;
+    StopwatchBench bench;
     bench.Play(u"1.23");
     QCOMPARE(bench.boxes.Asked(),
              (QList<Message>{{MessageIcon::Question, u"印刷"_s,
@@ -188,7 +162,7 @@ void TstStopwatchWindow::PrintingAsksFirst() {
 }
 
 void TstStopwatchWindow::CancelPrintsNothing() {
-    Bench bench;
+    StopwatchBench bench;
     bench.Play(u"3");
     bench.boxes.Answer(false);
     QVERIFY(bench.printer.jobs.isEmpty());
@@ -206,7 +180,7 @@ void TstStopwatchWindow::TheFocusComesBackAfterAPrint_data() {
 void TstStopwatchWindow::TheFocusComesBackAfterAPrint() {
     QFETCH(bool, prints);
     QFETCH(bool, moves);
-    Bench bench;
+    StopwatchBench bench;
     bench.The<StopForm, QPushButton>("Command3").setFocus();
     bench.Play(u"3");
     if (moves) {
@@ -217,7 +191,7 @@ void TstStopwatchWindow::TheFocusComesBackAfterAPrint() {
 }
 
 void TstStopwatchWindow::AnEmptyListIsPrinted() {
-    Bench bench;
+    StopwatchBench bench;
     bench.Play(u"3");
     bench.boxes.Answer(true);
     QCOMPARE(bench.printer.jobs.first().lines.mid(6),
@@ -225,7 +199,7 @@ void TstStopwatchWindow::AnEmptyListIsPrinted() {
 }
 
 void TstStopwatchWindow::AFailedPrintLosesNothing() {
-    Bench bench;
+    StopwatchBench bench;
     bench.printer.accepts = false;
     bench.Play(u"1.23");
     bench.boxes.Answer(true);
@@ -242,7 +216,7 @@ void TstStopwatchWindow::AFailedPrintLosesNothing() {
 }
 
 void TstStopwatchWindow::TheQuestionMayBeAnsweredAfterTheWindowClosed() {
-    Bench bench;
+    StopwatchBench bench;
     bench.Play(u"1.23");
     QVERIFY(bench.Form().close());
     bench.boxes.Answer(true);
@@ -278,13 +252,13 @@ void TstStopwatchWindow::TheQuestionMayOutliveTheWindow() {
 }
 
 void TstStopwatchWindow::HelpOpensItsTopic() {
-    Bench bench;
+    StopwatchBench bench;
     bench.Play(u"4");
     QCOMPARE(bench.help.topics, QList<int>{31});
 }
 
 void TstStopwatchWindow::AStopThatOverflowsIsReportedAndCanBeReset() {
-    Bench bench;
+    StopwatchBench bench;
     bench.stopwatch.StopwatchElapsed = 2'147'483'647;
     bench.Play(u"1");
     bench.time.Advance(1);  // the tick overflows and stops its timer
@@ -311,25 +285,27 @@ void TstStopwatchWindow::AMissingFolderIsReportedAndTheWindowStillOpens() {
 }
 
 void TstStopwatchWindow::EverythingWorksByKeyboard() {
-    Bench bench;
+    StopwatchBench bench;
     StopForm& form = bench.Form();
     QTest::keyClick(&form, Qt::Key_Return);
     QVERIFY(bench.stopwatch.StopwatchRunning);
     QStringList order;
     QWidget* at = &bench.The<StopForm, QPushButton>("Command1");
-    for (int control = 0; control < 5; ++control) {
+    bench.Play(u"2");  // a lap, so that all controls are enabled
+    for (int control = 0; control < 7; ++control) {
         order.append(at->objectName());
         at = at->nextInFocusChain();
         while ((at->focusPolicy() & Qt::TabFocus) == 0 || at->isWindow()) {
             at = at->nextInFocusChain();
         }
     }
-    QCOMPARE(order, (QStringList{u"Command1"_s, u"Command2"_s, u"Text1"_s, u"Command3"_s, u"Command4"_s}));
+    QCOMPARE(order, (QStringList{u"Command1"_s, u"Command2"_s, u"Text1"_s, u"Command3"_s, u"Command4"_s,
+                                 u"Command5"_s, u"Command6"_s}));
     QVERIFY(bench.List().tabChangesFocus());
 }
 
 void TstStopwatchWindow::NeighbouringButtonsHaveTheSameHeightInAnyFont() {
-    Bench bench;
+    StopwatchBench bench;
     auto& print = bench.The<StopForm, QPushButton>("Command3");
     QFont high = print.font();
     high.setPointSizeF(high.pointSizeF() * 2);
@@ -341,11 +317,13 @@ void TstStopwatchWindow::NeighbouringButtonsHaveTheSameHeightInAnyFont() {
 }
 
 void TstStopwatchWindow::EachControlHasItsName() {
-    Bench bench;
+    StopwatchBench bench;
     QCOMPARE(bench.Form().objectName(), u"StopForm"_s);
-    QCOMPARE(bench.The<StopForm>().findChildren<QPushButton*>().size(), 4);
+    QCOMPARE(bench.The<StopForm>().findChildren<QPushButton*>().size(), 6);
     QCOMPARE((bench.The<StopForm, QPushButton>("Command3").text()), u"印刷"_s);
     QCOMPARE((bench.The<StopForm, QPushButton>("Command4").text()), u"ヘルプ"_s);
+    QCOMPARE((bench.The<StopForm, QPushButton>("Command5").text()), u"コピー"_s);
+    QCOMPARE((bench.The<StopForm, QPushButton>("Command6").text()), u"保存..."_s);
     QVERIFY(!bench.List().accessibleName().isEmpty());
 }
 

@@ -24,6 +24,7 @@ private Q_SLOTS:
     void ItIsClosedOnceWhicheverWay();
     void OneNoticeAtATimeWhileCyclesContinue();
     void ItComesAgainAfterItWasClosed();
+    void WhileItIsQuietItHasNoSound();
     void ItStaysWithoutItsSound();
     void ClosingAllWindowsClosesTheSound();
     void AClosedNoticeIsNotClosedAgain();
@@ -98,6 +99,23 @@ void TstTimerNotice::ItComesAgainAfterItWasClosed() {
     bench.tools.ShowNotice();
     QVERIFY(bench.The<Form8>().isVisible());
     QCOMPARE(bench.commands, kOpened);
+}
+
+/// What was not opened is not closed either, even if it is no longer quiet by then.
+void TstTimerNotice::WhileItIsQuietItHasNoSound() {
+    TimingBench bench;
+    bench.isSilent = true;
+    bench.tools.ShowNotice();
+    QVERIFY(bench.The<Form8>().isVisible());
+    QCOMPARE(bench.commands, QStringList{u"folder"_s});
+    bench.isSilent = false;
+    bench.Press<Form8>("Command1");
+    QCOMPARE(bench.commands, QStringList{u"folder"_s});
+    bench.tools.ShowNotice();
+    QCOMPARE(bench.commands.mid(1), kOpened);
+    bench.isSilent = true;
+    bench.Press<Form8>("Command1");
+    QCOMPARE(bench.commands.last(), u"close Timer"_s);
 }
 
 void TstTimerNotice::ItStaysWithoutItsSound() {

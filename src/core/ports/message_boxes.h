@@ -15,6 +15,7 @@ struct Message {
     MessageIcon icon = MessageIcon::None;
     QString title;
     QString text;
+    QString action = {};  ///< the caption of a button; empty for none. Only Ask has one
 
     bool operator==(const Message&) const = default;
 };
@@ -44,7 +45,8 @@ public:
     virtual void Show(const QObject* owner, const Message& message, std::function<void()> onClosed) = 0;
 
     /// A box with OK and Cancel; `onAnswer` receives whether it was OK. A box that is closed without an
-    /// answer counts as cancelled.
+    /// answer counts as cancelled. If the message has an action, the box has OK, which only closes it, and
+    /// the action's button; `onAnswer` receives whether it was that one.
     virtual void Ask(const QObject* owner, const Message& message, std::function<void(bool)> onAnswer) = 0;
 
     /// A box with Yes, No and Cancel. Cancel is the default, and the answer if the box is closed without one.

@@ -11,6 +11,7 @@ namespace tickwell {
 struct PrintJob {
     QString title;      ///< the job name in the print queue
     QStringList lines;  ///< plain text, without line breaks; a tab begins the second column
+    QString file = {};  ///< if not empty: the absolute path of the PDF document to write instead of printing
 
     bool operator==(const PrintJob&) const = default;
 };
@@ -18,13 +19,14 @@ struct PrintJob {
 /// The progress of a print job.
 enum class PrintStage {
     Delayed,   ///< the print service has not answered for a second; reported at most once
-    Accepted,  ///< the print queue holds the whole document
+    Accepted,  ///< the print queue or the file holds the whole document
     Failed,    ///< nothing is printed; can follow Accepted if the queue aborts the job within two minutes
 };
 
 struct PrintNews {
     PrintStage stage = PrintStage::Accepted;
-    QString reason;  ///< if Failed: why, in sentences for the user
+    QString reason;          ///< if Failed: why, in sentences for the user
+    bool noPrinter = false;  ///< if Failed: because there is no printer or no print service
 
     bool operator==(const PrintNews&) const = default;
 };

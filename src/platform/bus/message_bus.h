@@ -51,6 +51,9 @@ public:
     /// connection is lost. Takes effect with the next connection.
     void Listen(QByteArrayList rules, std::function<void()> onSignal);
 
+    /// Whether there is a connection, or one is being made.
+    bool IsConnected() const { return m_bus != nullptr; }
+
 private:
     struct Unref;
     struct Waiting;

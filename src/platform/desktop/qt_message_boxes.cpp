@@ -150,8 +150,21 @@ void QtMessageBoxes::Show(const QObject* owner, const Message& message, std::fun
 }
 
 void QtMessageBoxes::Ask(const QObject* owner, const Message& message, std::function<void(bool)> onAnswer) {
+    if (!message.action.isEmpty()) {
+        return OfferAction(owner, message, std::move(onAnswer));
+    }
     m_open.Open(MakeBox(owner, message, QMessageBox::Ok | QMessageBox::Cancel),
                 [onAnswer = std::move(onAnswer)](int button) { onAnswer(button == QMessageBox::Ok); });
+}
+
+void QtMessageBoxes::OfferAction(const QObject* owner, const Message& message,
+                                 std::function<void(bool)> onAnswer) {
+    QMessageBox* box = MakeBox(owner, message, QMessageBox::Ok);
+    box->setEscapeButton(QMessageBox::Ok);
+    const QAbstractButton* action = box->addButton(message.action, QMessageBox::ActionRole);
+    m_open.Open(box, [open = QPointer(box), action, onAnswer = std::move(onAnswer)](int /*button*/) {
+        onAnswer(open != nullptr && open->clickedButton() == action);
+    });
 }
 
 void QtMessageBoxes::Choose(const QObject* owner, const Message& message,

@@ -40,6 +40,8 @@ public:
                                          std::function<void()> onCancel) override;
 
 private:
+    void OfferAction(const QObject* owner, const Message& message, std::function<void(bool)> onAnswer);
+
     OpenBoxes m_open;
 };
 

@@ -6,6 +6,7 @@
 
 #include "platform/log.h"
 #include "platform/print/print_answer.h"
+#include "print_helper/protocol.h"
 
 namespace tickwell::platform {
 
@@ -85,7 +86,11 @@ HelperPrinter::~HelperPrinter() {
 void HelperPrinter::Print(const PrintJob& job, std::function<void(const PrintNews&)> onNews) {
     auto document = std::make_unique<Document>(m_reaper, m_helper);
     document->onNews = std::move(onNews);
-    document->isMissing = !document->child.Start(m_helper, {job.title}, job.lines.join(u'\n').toUtf8());
+    QStringList arguments{job.title};
+    if (!job.file.isEmpty()) {
+        arguments = {QLatin1StringView(print_helper::kPdfOption), job.file, job.title};
+    }
+    document->isMissing = !document->child.Start(m_helper, arguments, job.lines.join(u'\n').toUtf8());
     m_documents.push_back(std::move(document));
     AdjustTimer();
 }

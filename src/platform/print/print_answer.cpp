@@ -23,7 +23,7 @@ struct Sentence {
     QStringView text;  // %1 is the name of the queue
 };
 
-constexpr std::array<Sentence, 7> kSentences{{
+constexpr std::array<Sentence, 8> kSentences{{
     {print_helper::kNoService,
      u"印刷サービス（CUPS）に接続できません。\r\nサービスが動いているか確かめてから、もう一度印刷してください"
      u"。"},
@@ -33,6 +33,8 @@ constexpr std::array<Sentence, 7> kSentences{{
     {print_helper::kForbidden, u"プリンター「%1」の使用が許可されていません。"},
     {print_helper::kRefused, u"プリンター「%1」に印刷できませんでした。"},
     {print_helper::kAborted, u"プリンター「%1」が印刷を中止しました。"},
+    {print_helper::kNotWritten,
+     u"PDFを保存できませんでした。\r\n書き込めるフォルダーと、空き容量を確かめてください。"},
 }};
 
 PrintNews FailedBecause(const QString& reason) {
@@ -60,7 +62,9 @@ PrintNews NewsFrom(const QByteArray& line) {
     if (!said.isEmpty() && fields[0] != print_helper::kNoPrinter) {
         reason += u"\r\n理由："_s + said;
     }
-    return FailedBecause(reason);
+    PrintNews news = FailedBecause(reason);
+    news.noPrinter = fields[0] == print_helper::kNoPrinter || fields[0] == print_helper::kNoService;
+    return news;
 }
 
 PrintNews NewsOfMissingHelper(const QString& path) {
