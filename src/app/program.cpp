@@ -146,6 +146,7 @@ ProgramPorts Program::Ports() {
             .playback = m_drive,
             .commands = m_commands,
             .mediaKeys = m_mediaKeys,
+            .notices = m_notices,
             .display = DisplayPortsOfThisMachine(),
             .isComposited = [] { return platform::IsComposited(); },
             .isPlacedByCompositor = platform::IsPlacedByCompositor(),

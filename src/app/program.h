@@ -10,6 +10,7 @@
 #include "app/single_instance.h"
 #include "core/ports/autostart.h"
 #include "platform/bus/command_bus.h"
+#include "platform/bus/notice_bus.h"
 #include "platform/bus/player_bus.h"
 #include "platform/desktop/qt_message_boxes.h"
 #include "platform/desktop/qt_tray.h"
@@ -67,6 +68,7 @@ private:
     platform::QtEventWait m_wait;
     platform::CommandBus m_commands;
     platform::PlayerBus m_mediaKeys;
+    platform::NoticeBus m_notices;
     std::unique_ptr<platform::VirtualTime> m_virtualTime;
     std::unique_ptr<platform::VirtualTimePipe> m_virtualTimePipe;
     std::unique_ptr<SingleInstance> m_instance;

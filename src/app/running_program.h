@@ -5,6 +5,8 @@
 #include <memory>
 
 #include "app/chosen_holidays.h"
+#include "app/countdown_notice.h"
+#include "app/day_notices.h"
 #include "app/displays.h"
 #include "app/media.h"
 #include "app/media_keys.h"
@@ -12,6 +14,7 @@
 #include "app/request.h"
 #include "app/startup.h"
 #include "app/windows.h"
+#include "core/time_jump_listeners.h"
 #include "shell/main_window.h"
 
 namespace tickwell::app {
@@ -37,6 +40,7 @@ struct ProgramPorts {
     media::CdPlayback& playback;
     remote::CommandService& commands;
     remote::PlayerService& mediaKeys;
+    DesktopNotices& notices;
     DisplayPorts display;
     std::function<bool()> isComposited = [] {
         return true;
@@ -92,16 +96,21 @@ private:
     void CheckStoredWindow() const;
     void MainWindowClosed();
     void OpenWindow(Request request);
+    void OpenCalendarOn(QDate day);
+    void StartNotices();
 
     ProgramPorts m_ports;
     ProgramState& m_state;
     std::function<void()> m_closed;
+    TimeJumpListeners m_jumps{m_ports.jumps};
     ChosenHolidays m_holidays;
     Media m_media;
     std::unique_ptr<Windows> m_windows;
     std::unique_ptr<shell::Form1> m_form;
     timing::TimingTools* m_timing = nullptr;  // owned by the form's displays
-    // Both null before Start and after the form was closed
+    // All null before Start and after the form was closed
+    std::unique_ptr<DayNotices> m_dayNotices;
+    std::unique_ptr<CountdownNotice> m_countdownNotice;
     std::unique_ptr<RemoteAccess> m_remote;
     std::unique_ptr<MediaKeys> m_mediaKeys;
 };

@@ -7,6 +7,7 @@
 #include "core/calendar_settings.h"
 #include "core/corrections.h"
 #include "core/keyboard_settings.h"
+#include "core/notice_settings.h"
 #include "core/remote_settings.h"
 
 namespace tickwell {
@@ -57,6 +58,7 @@ struct FurtherSettings {
     RemoteSettings remote{};
     KeyboardSettings keyboard{};
     CdSettings cd{};
+    NoticeSettings notices{};
 
     bool operator==(const FurtherSettings&) const = default;
 };

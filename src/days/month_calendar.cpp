@@ -112,10 +112,9 @@ void MonthCalendar::GoBy(int months) {
     Show(m_shown.addMonths(months));
 }
 
-void MonthCalendar::GoToToday() {
-    const QDate today = m_parts.clock.Now().date();
-    m_selected = today;
-    Show(today);
+void MonthCalendar::GoTo(QDate day) {
+    m_selected = day;
+    Show(day);
     ListAnniversariesOfDay();
 }
 

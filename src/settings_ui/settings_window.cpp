@@ -30,7 +30,8 @@ Form2::Form2(const SettingsParts& parts, QWidget* parent)
       m_calendarPage(new CalendarPage(
           m_parts, m_draft, [this] { ShowTodaysCalendar(); }, this)),
       m_facePage(new FacePage(m_parts, m_draft, this)),
-      m_remotePage(new RemotePage(m_parts, m_draft, this)) {
+      m_remotePage(new RemotePage(m_parts, m_draft, this)),
+      m_noticesPage(new NoticesPage(m_parts, m_draft, this)) {
     setObjectName(u"Form2"_s);
     setWindowTitle(u"環境設定"_s);
     setWindowModality(Qt::ApplicationModal);
@@ -43,6 +44,7 @@ Form2::Form2(const SettingsParts& parts, QWidget* parent)
     m_pages->addTab(m_correctionsPage, u"動作"_s);
     m_pages->addTab(m_facePage, u"窓"_s);
     m_pages->addTab(m_remotePage, u"連携"_s);
+    m_pages->addTab(m_noticesPage, u"お知らせ"_s);
     m_pages->setUsesScrollButtons(false);  // the dialog is as wide as all tabs
     m_pages->setElideMode(Qt::ElideNone);
 
@@ -80,6 +82,7 @@ void Form2::Form_Load() {
     ShowTodaysCalendar();
     m_facePage->Form_Load();
     m_remotePage->Form_Load();
+    m_noticesPage->Form_Load();
     m_pages->tabBar()->setFocus();
 }
 
@@ -137,7 +140,7 @@ int Form2::HelpOfPage() const {
         {u"Picture2"_s, kHelpRollPage},        {u"Picture4"_s, kHelpChimePage},
         {u"Picture5"_s, kHelpDatabasePage},    {u"Picture6"_s, kHelpCalendarPage},
         {u"Picture7"_s, kHelpCorrectionsPage}, {u"Picture8"_s, kHelpFacePage},
-        {u"Picture9"_s, kHelpRemotePage}};
+        {u"Picture9"_s, kHelpRemotePage},      {u"Picture10"_s, kHelpNoticesPage}};
     const auto topic = topics.find(m_pages->currentWidget()->objectName());
     return topic == topics.end() ? kHelpSettings : topic->second;
 }

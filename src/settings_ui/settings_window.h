@@ -10,6 +10,7 @@
 #include "settings_ui/clock_page.h"
 #include "settings_ui/corrections_page.h"
 #include "settings_ui/face_page.h"
+#include "settings_ui/notices_page.h"
 #include "settings_ui/remote_page.h"
 #include "settings_ui/roll_page.h"
 #include "settings_ui/settings_draft.h"
@@ -53,6 +54,7 @@ private:
     CalendarPage* m_calendarPage;
     FacePage* m_facePage;
     RemotePage* m_remotePage;
+    NoticesPage* m_noticesPage;
 };
 
 }  // namespace tickwell::settings_ui

@@ -12,6 +12,7 @@
 #include "support/fake_autostart.h"
 #include "support/fake_cd_drive.h"
 #include "support/fake_command_service.h"
+#include "support/fake_desktop_notices.h"
 #include "support/fake_event_wait.h"
 #include "support/fake_focus_return.h"
 #include "support/fake_full_screen_watch.h"
@@ -65,6 +66,7 @@ struct RunningBench {
     WatchedDrive drive;
     FakeCommandService commands;
     FakePlayerService mediaKeys;
+    FakeDesktopNotices notices;
     const ProgramPorts ports{
         .clock = time,
         .timers = time,
@@ -85,6 +87,7 @@ struct RunningBench {
         .playback = drive,
         .commands = commands,
         .mediaKeys = mediaKeys,
+        .notices = notices,
         .display = {.power = Borrowed<const Power>(power), .memory = Borrowed<const Memory>(memory)}};
     ProgramState state;
     QStringList journal;

@@ -72,7 +72,7 @@ void TstCalendarPage::ThePagesComeLast() {
         names.append(tabs.tabText(page));
     }
     QCOMPARE(names, (QStringList{u"文字表示"_s, u"時計"_s, u"ロール"_s, u"時報"_s, u"データベース"_s, u"暦"_s,
-                                 u"動作"_s, u"窓"_s, u"連携"_s}));
+                                 u"動作"_s, u"窓"_s, u"連携"_s, u"お知らせ"_s}));
 }
 
 void TstCalendarPage::TheNoteIsNeverCutOff() {

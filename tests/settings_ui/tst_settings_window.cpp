@@ -16,7 +16,7 @@ class TstSettingsWindow : public QObject {
 
 private Q_SLOTS:
     void initTestCase();
-    void ItHasNinePages();
+    void ItHasTenPages();
     void ItsControlsAreNamed_data();
     void ItsControlsAreNamed();
     void EveryControlSaysWhatItIs();
@@ -35,7 +35,7 @@ void TstSettingsWindow::initTestCase() {
     shell::InstallMainWindowAccessibility();
 }
 
-void TstSettingsWindow::ItHasNinePages() {
+void TstSettingsWindow::ItHasTenPages() {
     SettingsBench bench;
     bench.Open();
     QCOMPARE(bench.form->windowTitle(), u"環境設定"_s);
@@ -46,7 +46,8 @@ void TstSettingsWindow::ItHasNinePages() {
     }
     QCOMPARE(pages, (QStringList{u"文字表示 Picture1"_s, u"時計 Picture3"_s, u"ロール Picture2"_s,
                                  u"時報 Picture4"_s, u"データベース Picture5"_s, u"暦 Picture6"_s,
-                                 u"動作 Picture7"_s, u"窓 Picture8"_s, u"連携 Picture9"_s}));
+                                 u"動作 Picture7"_s, u"窓 Picture8"_s, u"連携 Picture9"_s,
+                                 u"お知らせ Picture10"_s}));
 }
 
 void TstSettingsWindow::ItsControlsAreNamed_data() {

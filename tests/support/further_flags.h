@@ -63,6 +63,9 @@ inline constexpr std::array kFurtherFlags{
                 [](FurtherSettings& s) -> bool& { return s.keyboard.movesWindow; }},
     FurtherFlag{"Keyboard", "ShowsAccessKeys",
                 [](FurtherSettings& s) -> bool& { return s.keyboard.showsAccessKeys; }},
+    FurtherFlag{"Notices", "Days", [](FurtherSettings& s) -> bool& { return s.notices.tellsDays; }},
+    FurtherFlag{"Notices", "Counts", [](FurtherSettings& s) -> bool& { return s.notices.counts; }},
+    FurtherFlag{"Notices", "Countdown", [](FurtherSettings& s) -> bool& { return s.notices.tellsCountdown; }},
 };
 
 /// A row for each switch, named after its key, with the settings in which it alone is on.

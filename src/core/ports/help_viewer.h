@@ -27,6 +27,7 @@ inline constexpr int kHelpCalendarPage = 47;
 inline constexpr int kHelpCorrectionsPage = 48;
 inline constexpr int kHelpFacePage = 49;
 inline constexpr int kHelpRemotePage = 50;
+inline constexpr int kHelpNoticesPage = 53;
 
 /// Shows the help file of the program's folder.
 class HelpViewer {
