@@ -75,8 +75,8 @@ void Form5::GoTo(QDate day) {
     if (!m_calendar.CanUse(CalendarAction::Today) || m_calendar.IsWaiting()) {
         return;
     }
-    const auto shown = qScopeGuard([this] { ShowAll(); });
     m_calendar.GoTo(day);
+    ShowAll();
     m_monthView->FocusDay(day.day());
 }
 

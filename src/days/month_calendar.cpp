@@ -112,10 +112,19 @@ void MonthCalendar::GoBy(int months) {
     Show(m_shown.addMonths(months));
 }
 
-void MonthCalendar::GoTo(QDate day) {
-    m_selected = day;
-    Show(day);
+void MonthCalendar::GoToToday() {
+    const QDate today = m_parts.clock.Now().date();
+    m_selected = today;
+    Show(today);
     ListAnniversariesOfDay();
+}
+
+void MonthCalendar::GoTo(QDate day) {
+    Show(day);
+    const MonthShape month = ShapeOf(day);
+    if (m_grid.first == month.first) {  // not outside the supported years
+        SelectCell(month.CellOf(day.day()));
+    }
 }
 
 void MonthCalendar::ClickCell(int cell) {

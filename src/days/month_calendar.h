@@ -74,7 +74,7 @@ public:
     /// GoBy moves by that many months, to the last day if the month has no such day; GoTo selects a day.
     void GoBy(int months);
     void GoTo(QDate day);
-    void GoToToday() { GoTo(m_parts.clock.Now().date()); }
+    void GoToToday();
 
     /// Choosing Normal stores the marks of the shown month, all of them or none.
     void ChooseMode(CalendarMode mode);

@@ -141,7 +141,7 @@ void TstCountdownNotice::AgainLeavesTheSetTimeAndARepeatAlone() {
     QVERIFY(!bench.state.countdown.CountdownRunning);
     bench.time.Advance(kAgain);
     bench.notices.Choose("confirm");
-    bench.state.countdown.CountdownRepeat = true;
+    ChildOf<QCheckBox>(bench.Window("TimerForm"), u"Check1"_s).click();
     bench.RunOut();
     const qint32 loops = bench.state.countdown.CountdownLoopCount;
     bench.notices.Choose("again");

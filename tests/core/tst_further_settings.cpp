@@ -131,7 +131,7 @@ void TstFurtherSettings::NoticesHaveTheirKeys() {
     FurtherSettings expected;
     expected.notices = {
         .tellsDays = true, .daysAhead = {1, 7}, .time = 1320, .counts = true, .tellsCountdown = true};
-    QStringList written{u"Notices/Counts=True"_s, u"Notices/Countdown=True"_s, u"Notices/Days=True"_s,
+    QStringList written{u"Notices/Countdown=True"_s, u"Notices/Counts=True"_s, u"Notices/Days=True"_s,
                         u"Notices/DaysAhead=1,7"_s, u"Notices/Time=1320"_s};
     QStringList found = WrittenFurther(expected);
     found.sort();

@@ -11,7 +11,7 @@ from driver.answering import keeps_answering
 from driver.notice_service import NoticeService
 from driver.settings_case import SettingsCase, button, check
 from driver.tickwell import make_folder, read_settings, settings_path, wait_lines
-from driver.tool_windows import press, wait_for_hand
+from driver.tool_windows import press
 from driver.waiting import SLOWNESS, wait_for
 
 HOUR, MINUTE = 3_600_000, 60_000  # ms
@@ -71,7 +71,7 @@ class Days(NoticeCase):
                  ("<i>丙</i>", 12, 29), ("丁&", 12, 29), ("戊(1990)", 12, 29))
         self.begin(days("0,1,3,7", Counts="True"), "2026-12-22T08:59:00")
         self.time.advance(MINUTE)
-        seven, one, three = (service.wait_notices(3)[i] for i in (2, 0, 1))
+        one, three, seven = service.wait_notices(3)
         self.assertEqual(one.summary, "明日 12月23日(水)は「結婚記念日」です（22周年）")
         self.assertEqual(three.summary, "3日後 12月25日(金)は「<b>&\"」です")
         self.assertEqual(seven.summary, "7日後 12月29日(火)は「甲」「乙（1周年）」「<i>丙</i>」ほか2件です")
@@ -200,17 +200,18 @@ class Services(NoticeCase):
         service = self.serve()
         self.page(PAGE)
         wait_for(lambda: self.dialog.find(role="label", name=NOBODY, showing=True) is None, "no complaint")
-        self.click(TELL, button("OK"))
+        self.click(TELL, check("前日"), button("OK"))
         self.wait_closed()
         self.assertEqual(service.wait_notices(1)[0].summary, HOLIDAY)
-        self.quit()
-        self.assertEqual(self.stored("Notices"), {"Days": "True", "Told": "2026-11-23/0"})
+        self.choose("終了")
+        self.assertEqual(self.app.program.wait_end(), 0)
+        self.assertEqual(self.stored("Notices"), {"Days": "True", "DaysAhead": "0,1", "Told": "2026-11-23/0"})
 
 
 class Countdown(NoticeCase):
     def run_out(self, service, **others):
         """Lets a countdown of fifteen seconds run out."""
-        self.begin({"SetUp": {"Function": "3"}, "Notices": {"Countdown": "True"} | others}, "2026-11-23T12:00:00")
+        self.begin({"SetUp": {"Function": "3"}, "Notices": {"Countdown": "True"} | others}, "2026-11-23T12:05:00")
         window = self.app.wait(role="dialog", name=TIMER, showing=True)
         press(window, "スタート")
         window.wait(role="push button", name="ストップ")
@@ -256,7 +257,7 @@ class Countdown(NoticeCase):
     def test_what_is_typed_does_not_dismiss_it(self):
         service = self.serve()
         self.run_out(service)
-        wait_for_hand(self.session, self.app, TIMER)
+        wait_for(lambda: "active" in self.wait_notice().states, "the notice active")
         for key in ("space", "Return", "Escape", "a"):
             self.session.hand.key(key)
         time.sleep(1.0 * SLOWNESS)
@@ -271,15 +272,14 @@ class Countdown(NoticeCase):
             self.skipTest("this machine has a service that the bus would start")
         service = self.serve()
         service.stop()
-        self.begin({"SetUp": {"Function": "3"}}, "2026-11-23T12:00:00")
+        self.begin({"SetUp": {"Function": "3"}}, "2026-11-23T12:05:00")
         window = self.app.wait(role="dialog", name=TIMER, showing=True)
         press(window, "スタート")
         window.wait(role="push button", name="ストップ")
         self.time.advance(15_000)
         self.wait_notice()
-        self.session.windows.wait(name=TIMER, pid=self.app.program.pid)
-        time.sleep(0.5)
-        self.session.hand.key("Escape")  # at once: keys are ignored only by choice
+        wait_for(lambda: "active" in self.wait_notice().states, "the notice active")
+        self.session.hand.key("Escape")  # its clock stands still: keys are ignored only by choice
         self.wait_no_notice()
 
 
