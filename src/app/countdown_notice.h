@@ -28,7 +28,7 @@ struct CountdownNoticeParts {
 /// the window, the second one for five minutes.
 class CountdownNotice {
 public:
-    static constexpr qint64 kAgainAfter = 5 * 60 * 1000;  ///< ms
+    static constexpr qint64 kAgainAfter = 300'000;  ///< ms
 
     explicit CountdownNotice(CountdownNoticeParts parts);
     ~CountdownNotice();

@@ -15,6 +15,9 @@ namespace {
 
 constexpr qsizetype kMostInSummary = 3;
 constexpr qsizetype kYearDigits = 4;
+// Characters. Another program may have stored a name of any length, and a bus takes messages of a limited
+// size.
+constexpr qsizetype kLongestName = 200;
 
 QString AheadText(int ahead) {
     switch (ahead) {
@@ -35,6 +38,14 @@ QString DayText(const DayNotice& notice) {
 
 bool IsDigit(QChar each) {
     return (each >= u'0' && each <= u'9') || (each >= u'０' && each <= u'９');
+}
+
+QString Shortened(const QString& name) {
+    if (name.size() <= kLongestName) {
+        return name;
+    }
+    const qsizetype end = kLongestName - 1;
+    return name.left(name.at(end - 1).isHighSurrogate() ? end - 1 : end) + u'…';
 }
 
 QString YearsText(int years) {
@@ -74,6 +85,7 @@ NoticeText DayNoticeText(const DayNotice& notice, const QStringList& names, bool
     for (const QString& name : names) {
         const QString line = OnOneLine(name);
         counted.append(counts ? CountYears(line, notice.day.year()) : CountedName{line});
+        counted.back().name = Shortened(counted.back().name);
     }
     if (counted.size() == 1) {
         const CountedName& only = counted.constFirst();

@@ -18,7 +18,7 @@ struct NoticeText {
 
 /// 「明日 12月23日(水)は「結婚記念日」です」; more than three names end in 「ほか2件」. `names`: at least
 /// one. `counts`: 「結婚記念日(2004)」 is told as 「結婚記念日」です（22周年）, and beside other names as
-/// 「結婚記念日（22周年）」.
+/// 「結婚記念日（22周年）」. A name of more than 200 characters ends in an ellipsis.
 NoticeText DayNoticeText(const DayNotice& notice, const QStringList& names, bool counts);
 
 /// A name, and the number of years since the year in brackets at its end.

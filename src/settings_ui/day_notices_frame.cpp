@@ -3,12 +3,14 @@
 
 #include <QGridLayout>
 #include <QHBoxLayout>
+#include <QLabel>
 #include <QSignalBlocker>
 #include <QStyle>
 #include <algorithm>
 #include <array>
 
 #include "controls/control_making.h"
+#include "controls/number_box.h"
 #include "settings_ui/flag_boxes.h"
 
 namespace tickwell::settings_ui {
@@ -36,8 +38,8 @@ constexpr std::array kDaysAhead{
     DaysAheadRow{u"Check55", u"7日前", 7},
 };
 
-constexpr int kSecondsInMinute = 60;
-constexpr int kLastMinute = 24 * 60 - 1;
+constexpr int kMinutesInHour = 60;
+constexpr int kLastMinute = 24 * kMinutesInHour - 1;
 
 }  // namespace
 
@@ -45,14 +47,12 @@ DayNoticesFrame::DayNoticesFrame(const SettingsParts& parts, SettingsDraft& draf
     : QGroupBox(u"記念日と祝日"_s, parent),
       m_draft(draft),
       m_flags(MakeFlagBoxes(kFlags, draft, parts.handlers, this)),
-      m_time(controls::Named(new QTimeEdit(this), u"Time50"_s, u"知らせる時刻"_s)) {
+      m_hour(new controls::NumberBox(u"UpDown50"_s, u"Text50"_s, this)),
+      m_minute(new controls::NumberBox(u"UpDown51"_s, u"Text51"_s, this)) {
     setObjectName(u"Frame50"_s);
-    m_time->setDisplayFormat(u"H:mm"_s);
     parts.handlers.Connect(m_flags.front(), &QCheckBox::clicked, this, [this] { EnableControls(); });
-    parts.handlers.Connect(m_time, &QTimeEdit::timeChanged, this, [this] {
-        m_draft.further.notices.time = m_time->time().msecsSinceStartOfDay() / 1000 / kSecondsInMinute;
-    });
     MakeDaysAhead(parts.handlers);
+    MakeTime(parts.handlers);
     Arrange();
 }
 
@@ -65,12 +65,38 @@ void DayNoticesFrame::MakeDaysAhead(Handlers& handlers) {
     }
 }
 
+void DayNoticesFrame::MakeTime(Handlers& handlers) {
+    m_hour->setRange(0, kLastMinute / kMinutesInHour);
+    m_hour->setAccessibleName(u"知らせる時刻（時）"_s);
+    m_minute->setRange(0, kMinutesInHour - 1);
+    m_minute->setAccessibleName(u"知らせる時刻（分）"_s);
+    for (QSpinBox* box : {m_hour, m_minute}) {
+        box->setWrapping(true);
+        handlers.Connect(box, &QSpinBox::valueChanged, this, [this] {
+            m_draft.further.notices.time = m_hour->value() * kMinutesInHour + m_minute->value();
+        });
+    }
+}
+
+QLayout* DayNoticesFrame::TimeRow() {
+    auto* hourLabel = controls::MakeLabel(u"Label54"_s, u"時"_s, this);
+    auto* minuteLabel = controls::MakeLabel(u"Label55"_s, u"分"_s, this);
+    auto* row = new QHBoxLayout;
+    for (QWidget* each : {static_cast<QWidget*>(m_hour), static_cast<QWidget*>(hourLabel),
+                          static_cast<QWidget*>(m_minute), static_cast<QWidget*>(minuteLabel)}) {
+        row->addWidget(each);
+        m_dependent.push_back(each);
+    }
+    row->addStretch();
+    return row;
+}
+
 void DayNoticesFrame::Arrange() {
     auto* aheadLabel = controls::MakeLabel(u"Label51"_s, u"何日前に"_s, this);
     auto* timeLabel = controls::MakeLabel(u"Label52"_s, u"知らせる時刻"_s, this);
     auto* note = controls::MakeLabel(
         u"Label53"_s, u"例：「結婚記念日(2004)」は、2026年に「結婚記念日（22周年）」と知らせます。"_s, this);
-    timeLabel->setBuddy(m_time);
+    timeLabel->setBuddy(m_hour);
     auto* ahead = new QHBoxLayout;
     for (QCheckBox* box : m_daysAhead) {
         ahead->addWidget(box);
@@ -84,18 +110,21 @@ void DayNoticesFrame::Arrange() {
     cells->addWidget(aheadLabel, 1, 1);
     cells->addLayout(ahead, 1, 2);
     cells->addWidget(timeLabel, 2, 1);
-    cells->addWidget(m_time, 2, 2, Qt::AlignLeft);
+    cells->addLayout(TimeRow(), 2, 2);
     cells->addWidget(m_flags.back(), 3, 1, 1, 2);
     cells->addWidget(note, 4, 1, 1, 2);
     cells->setColumnStretch(2, 1);
-    m_dependent = {aheadLabel, timeLabel, m_time, m_flags.back(), note};
+    m_dependent.insert(m_dependent.end(), {aheadLabel, timeLabel, m_flags.back(), note});
     m_dependent.insert(m_dependent.end(), m_daysAhead.begin(), m_daysAhead.end());
 }
 
 void DayNoticesFrame::Form_Load() {
     const NoticeSettings& notices = m_draft.further.notices;
-    const QSignalBlocker quiet(m_time);
-    m_time->setTime(QTime(0, 0).addSecs(std::clamp(notices.time, 0, kLastMinute) * kSecondsInMinute));
+    const QSignalBlocker quietHour(m_hour);
+    const QSignalBlocker quietMinute(m_minute);
+    const int time = std::clamp(notices.time, 0, kLastMinute);
+    m_hour->setValue(time / kMinutesInHour);
+    m_minute->setValue(time % kMinutesInHour);
     ShowFlags(kFlags, m_flags, m_draft);
     for (std::size_t i = 0; i < kDaysAhead.size(); ++i) {
         m_daysAhead.at(i)->setChecked(notices.daysAhead.contains(kDaysAhead.at(i).days));

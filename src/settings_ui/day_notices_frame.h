@@ -3,8 +3,7 @@
 
 #include <QCheckBox>
 #include <QGroupBox>
-#include <QLabel>
-#include <QTimeEdit>
+#include <QSpinBox>
 #include <vector>
 
 #include "settings_ui/settings_draft.h"
@@ -25,7 +24,9 @@ public:
 
 private:
     void MakeDaysAhead(Handlers& handlers);
+    void MakeTime(Handlers& handlers);
     void Arrange();
+    QLayout* TimeRow();
     void ChooseDaysAhead(int days, bool chosen);
     void EnableControls();
 
@@ -33,7 +34,8 @@ private:
     // Owned by the frame
     std::vector<QCheckBox*> m_flags;
     std::vector<QCheckBox*> m_daysAhead;
-    QTimeEdit* m_time;
+    QSpinBox* m_hour;  // a field for the time would tell screen readers no value
+    QSpinBox* m_minute;
     std::vector<QWidget*> m_dependent;  // enabled if days are told
 };
 

@@ -6,11 +6,11 @@
 
 #include "app/folder_setup.h"
 #include "app/running_program.h"
+#include "app/watched_drive.h"
 #include "platform/time/virtual_time.h"
 #include "support/borrowed.h"
 #include "support/discs.h"
 #include "support/fake_autostart.h"
-#include "support/fake_cd_drive.h"
 #include "support/fake_command_service.h"
 #include "support/fake_desktop_notices.h"
 #include "support/fake_event_wait.h"
@@ -32,18 +32,6 @@
 namespace tickwell::app {
 
 inline constexpr int kStartUp = 11'000;  // ms until the stored function starts
-
-class WatchedDrive : public FakeCdDrive {
-public:
-    void Stop() override {
-        FakeCdDrive::Stop();
-        if (onStop) {
-            onStop();
-        }
-    }
-
-    std::function<void()> onStop;
-};
 
 /// The complete program in its own folder, 15 seconds before nine in the evening.
 struct RunningBench {

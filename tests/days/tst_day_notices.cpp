@@ -218,6 +218,15 @@ void TstDayNotices::Texts_data() {
                           << u"甲\n結婚記念日（22周年）\n丙\n丁（1周年）\n戊"_s;
     QTest::newRow("markup") << wednesday << 0 << QStringList{u"<b>&\"%1"_s} << true
                             << u"今日 12月23日(水)は「<b>&\"%1」です"_s << QString();
+    const QString longName(300, u'長');
+    QTest::newRow("long") << wednesday << 0 << QStringList{longName.left(200)} << true
+                          << QString(u"今日 12月23日(水)は「" + longName.left(200) + u"」です") << QString();
+    QTest::newRow("too long") << wednesday << 0 << QStringList{longName + u"(2025)"} << true
+                              << QString(u"今日 12月23日(水)は「" + longName.left(199) + u"…」です（1周年）")
+                              << QString();
+    QTest::newRow("pairs") << wednesday << 0 << QStringList{longName.left(198) + u"𠮷𠮷"} << true
+                           << QString(u"今日 12月23日(水)は「" + longName.left(198) + u"…」です")
+                           << QString();
     QTest::newRow("lines") << wednesday << 0 << QStringList{u"一\n二\t三\u2028四"_s} << true
                            << u"今日 12月23日(水)は「一 二 三 四」です"_s << QString();
 }

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <QCheckBox>
 #include <QLabel>
+#include <QSpinBox>
 #include <QTabWidget>
 #include <QTest>
-#include <QTimeEdit>
 
 #include "lines/line_look.h"
 #include "settings_ui/notices_page.h"
@@ -16,7 +16,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QList<const char*> kDependent{"Check51", "Check52", "Check53", "Check54", "Check55", "Time50"};
+const QList<const char*> kDependent{"Check51", "Check52",  "Check53", "Check54",
+                                    "Check55", "UpDown50", "UpDown51"};
 
 /// The dialog on its page お知らせ.
 struct Bench : SettingsBench {
@@ -31,6 +32,9 @@ struct Bench : SettingsBench {
         Child<QTabWidget>(u"TabStrip1"_s).setCurrentWidget(&Child<NoticesPage>(u"Picture10"_s));
     }
     QString Trouble() const { return Child<QLabel>(u"Label50"_s).text(); }
+    QSpinBox& Hour() const { return Child<QSpinBox>(u"UpDown50"_s); }
+    QSpinBox& Minute() const { return Child<QSpinBox>(u"UpDown51"_s); }
+    QTime Time() const { return {Hour().value(), Minute().value()}; }
     NoticeSettings& Stored() { return main.further.notices; }
 
     int looks = 0;
@@ -68,8 +72,7 @@ void TstNoticesPage::EverythingIsOffByDefault() {
         QVERIFY2(!bench.Button(QLatin1StringView(name)).isChecked(), name);
     }
     QVERIFY(bench.Button(u"Check52"_s).isChecked());
-    QCOMPARE(bench.Child<QTimeEdit>(u"Time50"_s).time(), QTime(9, 0));
-    QCOMPARE(bench.Child<QTimeEdit>(u"Time50"_s).text(), u"9:00"_s);
+    QCOMPARE(bench.Time(), QTime(9, 0));
     bench.Click(u"Command1"_s);
     QCOMPARE(bench.Stored(), NoticeSettings());
 }
@@ -94,8 +97,9 @@ void TstNoticesPage::ItsCaptions() {
     QCOMPARE(bench.Child<QLabel>(u"Label51"_s).text(), u"何日前に"_s);
     const auto& label = bench.Child<QLabel>(u"Label52"_s);
     QCOMPARE(label.text(), u"知らせる時刻"_s);
-    QCOMPARE(label.buddy(), &bench.Child<QTimeEdit>(u"Time50"_s));
-    QCOMPARE(bench.Child<QTimeEdit>(u"Time50"_s).accessibleName(), u"知らせる時刻"_s);
+    QCOMPARE(label.buddy(), &bench.Hour());
+    QCOMPARE(bench.Hour().accessibleName(), u"知らせる時刻（時）"_s);
+    QCOMPARE(bench.Minute().accessibleName(), u"知らせる時刻（分）"_s);
 }
 
 void TstNoticesPage::WhatIsChosenIsApplied() {
@@ -104,7 +108,8 @@ void TstNoticesPage::WhatIsChosenIsApplied() {
     for (const char* name : {"Check50", "Check55", "Check53", "Check52", "Check51", "Check56"}) {
         bench.Click(QLatin1StringView(name));
     }
-    bench.Child<QTimeEdit>(u"Time50"_s).setTime(QTime(22, 5));
+    bench.Hour().setValue(22);
+    bench.Minute().setValue(5);
     QCOMPARE(bench.Stored(), NoticeSettings());  // not before OK
     bench.Click(u"Command3"_s);
     QCOMPARE(bench.Stored(), (NoticeSettings{.tellsDays = true,
@@ -119,7 +124,7 @@ void TstNoticesPage::WhatIsChosenIsApplied() {
     bench.OpenPage();
     QVERIFY(bench.Button(u"Check53"_s).isChecked() && bench.Button(u"Check54"_s).isChecked());
     QVERIFY(!bench.Button(u"Check52"_s).isChecked() && !bench.Button(u"Check55"_s).isChecked());
-    QCOMPARE(bench.Child<QTimeEdit>(u"Time50"_s).text(), u"22:05"_s);
+    QCOMPARE(bench.Time(), QTime(22, 5));
     QVERIFY(bench.Button(u"Check51"_s).isChecked() && bench.Button(u"Check56"_s).isChecked());
 }
 
@@ -137,7 +142,7 @@ void TstNoticesPage::ATimeThatNoFieldShowsIsKept() {
     Bench bench;
     bench.main.store.Put(u"Notices"_s, u"Time"_s, u"5000"_s);
     bench.OpenPage();
-    QCOMPARE(bench.Child<QTimeEdit>(u"Time50"_s).text(), u"23:59"_s);
+    QCOMPARE(bench.Time(), QTime(23, 59));
     bench.Click(u"Command1"_s);
     QCOMPARE(bench.Stored().time, 5000);
 }
