@@ -48,12 +48,12 @@ QString Shortened(const QString& name) {
     return name.left(name.at(end - 1).isHighSurrogate() ? end - 1 : end) + u'…';
 }
 
-QString YearsText(int years) {
+QString AnniversaryText(int years) {
     return u'（' + QString::number(years) + u"周年）";
 }
 
 QString WithYears(const CountedName& counted) {
-    return counted.years > 0 ? counted.name + YearsText(counted.years) : counted.name;
+    return counted.years > 0 ? counted.name + AnniversaryText(counted.years) : counted.name;
 }
 
 }  // namespace
@@ -89,7 +89,7 @@ NoticeText DayNoticeText(const DayNotice& notice, const QStringList& names, bool
     }
     if (counted.size() == 1) {
         const CountedName& only = counted.constFirst();
-        const QString years = only.years > 0 ? YearsText(only.years) : QString();
+        const QString years = only.years > 0 ? AnniversaryText(only.years) : QString();
         return {DayText(notice) + u"は「" + only.name + u"」です" + years, {}};
     }
     NoticeText text{DayText(notice) + u'は', {}};

@@ -28,7 +28,7 @@ constexpr std::array kFlags{
 struct DaysAheadRow {
     QStringView name;
     QStringView caption;
-    int days;
+    int days = 0;
 };
 
 constexpr std::array kDaysAhead{

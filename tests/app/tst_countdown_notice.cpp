@@ -1,5 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include <QAction>
 #include <QCheckBox>
+#include <QKeyEvent>
+#include <QLabel>
 #include <QTest>
 
 #include "app/running_bench.h"
@@ -12,8 +15,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kRun = 15'000;           // ms, the countdown
-constexpr int kAgain = 5 * 60 * 1000;  // ms
+constexpr int kRun = 15'000;        // ms, the countdown
+constexpr qint64 kAgain = 300'000;  // ms
 
 /// The program with the timer chosen, and the switch on.
 struct Bench : RunningBench {

@@ -1,5 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include <QFile>
+#include <QRegularExpression>
 #include <QTest>
+#include <algorithm>
 
 #include "app/day_notices_bench.h"
 

@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include <QMap>
 #include <QSet>
 #include <QTest>
 #include <random>
+#include <utility>
 
 #include "app/day_notices_bench.h"
 #include "support/random_count.h"
@@ -80,7 +82,7 @@ public:
     /// The notices that a look at `now` shows.
     QStringList Look(const QDateTime& now) {
         QStringList shown;
-        if (!settings.tellsDays || now.time().msecsSinceStartOfDay() < settings.time * 60 * kSecond) {
+        if (!settings.tellsDays || now.time().msecsSinceStartOfDay() < settings.time * (60 * kSecond)) {
             return shown;
         }
         const QMap<int, QString> words{{0, u"今日"_s}, {1, u"明日"_s}, {3, u"3日後"_s}, {7, u"7日後"_s}};

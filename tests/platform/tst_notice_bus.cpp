@@ -8,8 +8,12 @@
 #include <QElapsedTimer>
 #include <QFile>
 #include <QProcess>
+#include <QRegularExpression>
 #include <QTemporaryDir>
 #include <QTest>
+#include <algorithm>
+#include <iterator>
+#include <utility>
 
 #include "platform/bus/notice_bus.h"
 #include "platform/bus/notice_call.h"

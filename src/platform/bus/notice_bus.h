@@ -9,6 +9,7 @@
 #include <QStringList>
 #include <functional>
 #include <memory>
+#include <vector>
 
 #include "core/ports/desktop_notices.h"
 #include "platform/bus/message_bus.h"
