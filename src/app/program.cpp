@@ -147,6 +147,7 @@ ProgramPorts Program::Ports() {
             .commands = m_commands,
             .mediaKeys = m_mediaKeys,
             .doNotDisturb = m_doNotDisturb,
+            .notices = m_notices,
             .display = DisplayPortsOfThisMachine(),
             .isComposited = [] { return platform::IsComposited(); },
             .isPlacedByCompositor = platform::IsPlacedByCompositor(),

@@ -11,6 +11,7 @@
 #include "core/ports/autostart.h"
 #include "platform/bus/command_bus.h"
 #include "platform/bus/do_not_disturb_bus.h"
+#include "platform/bus/notice_bus.h"
 #include "platform/bus/player_bus.h"
 #include "platform/desktop/qt_message_boxes.h"
 #include "platform/desktop/qt_tray.h"
@@ -70,6 +71,7 @@ private:
     platform::CommandBus m_commands;
     platform::PlayerBus m_mediaKeys;
     platform::DoNotDisturbBus m_doNotDisturb;
+    platform::NoticeBus m_notices;
     std::unique_ptr<platform::VirtualTime> m_virtualTime;
     std::unique_ptr<platform::VirtualTimePipe> m_virtualTimePipe;
     std::unique_ptr<SingleInstance> m_instance;

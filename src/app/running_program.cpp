@@ -54,6 +54,7 @@ void RunningProgram::Start() {
     }
     m_form->show();
     m_quiet.Follow();
+    StartNotices();
     m_remote = std::make_unique<RemoteAccess>(RemoteAccessParts{.service = m_ports.commands,
                                                                 .timers = m_ports.realTimers,
                                                                 .clock = m_ports.clock,
@@ -70,8 +71,37 @@ void RunningProgram::Start() {
                                                    .openWindow = [this] { m_windows->OpenCdPlayer(); }});
 }
 
+void RunningProgram::StartNotices() {
+    m_dayNotices = std::make_unique<DayNotices>(
+        DayNoticesParts{.notices = m_ports.notices,
+                        .clock = m_ports.clock,
+                        .timers = m_ports.timers,
+                        .jumps = m_jumps.Add(),
+                        .handlers = m_ports.handlers,
+                        .store = *m_state.started.store,
+                        .announcements = Announcements(),
+                        .openCalendar = [this](QDate day) { OpenCalendarOn(day); }});
+    m_countdownNotice = std::make_unique<CountdownNotice>(
+        CountdownNoticeParts{.notices = m_ports.notices,
+                             .clock = m_ports.clock,
+                             .timers = m_ports.timers,
+                             .jumps = m_jumps.Add(),
+                             .handlers = m_ports.handlers,
+                             .further = m_state.started.further,
+                             .confirm = [this] { m_timing->CloseNotice(); },
+                             .showAgain = [this](const QString& name) { m_timing->ShowNoticeOf(name); }});
+}
+
+void RunningProgram::OpenCalendarOn(QDate day) {
+    if (QWidget* blocking = BlockingWindow()) {
+        return controls::BringForward(*blocking);
+    }
+    m_ports.handlers.Run([this, day] { m_windows->OpenCalendarOn(day); }, m_form.get());
+}
+
 void RunningProgram::FollowSettings() {
     if (m_remote) {
+        m_dayNotices->Follow();
         m_media.System().FollowSettings();
         m_remote->Follow();
         m_mediaKeys->Follow();
@@ -87,6 +117,7 @@ WindowsParts RunningProgram::PartsOfWindows() {
             .timers = m_ports.timers,
             .handlers = m_ports.handlers,
             .boxes = m_ports.boxes,
+            .notices = m_ports.notices,
             .programs = m_ports.starter,
             .autostart = m_ports.autostart,
             .settings = m_state.started.settings,
@@ -110,7 +141,7 @@ shell::MainWindowParts RunningProgram::PartsOfMainWindow() {
             .store = *m_state.started.store,
             .clock = m_ports.clock,
             .timers = m_ports.timers,
-            .jumps = m_ports.jumps,
+            .jumps = m_jumps.Add(),
             .power = *m_ports.display.power,
             .tray = m_ports.tray,
             .stack = m_ports.stack,
@@ -169,10 +200,24 @@ timing::TimingParts RunningProgram::Timing() {
             .sendCommand = sendCommand,
             .isSilent = [this] { return m_quiet.SilencesTimer(); },
             .place = [this](QWidget& window) { m_windows->Place(window); },
-            .version = QStringLiteral(TICKWELL_VERSION)};
+            .version = QStringLiteral(TICKWELL_VERSION),
+            .noticeOpened =
+                [this](const QString& name) {
+                    if (m_countdownNotice) {
+                        m_countdownNotice->WindowOpened(name);
+                    }
+                },
+            .noticeClosed =
+                [this] {
+                    if (m_countdownNotice) {
+                        m_countdownNotice->WindowClosed();
+                    }
+                }};
 }
 
 void RunningProgram::MainWindowClosed() {
+    m_dayNotices.reset();
+    m_countdownNotice.reset();
     m_remote.reset();
     m_mediaKeys.reset();
     m_media.Close();

@@ -5,50 +5,22 @@
 #include <memory>
 
 #include "app/chosen_holidays.h"
+#include "app/countdown_notice.h"
+#include "app/day_notices.h"
 #include "app/displays.h"
 #include "app/media.h"
 #include "app/media_keys.h"
+#include "app/program_ports.h"
 #include "app/remote_access.h"
 #include "app/request.h"
 #include "app/startup.h"
 #include "app/windows.h"
 #include "core/quiet_rule.h"
+#include "core/time_jump_listeners.h"
 #include "media/volume_output.h"
 #include "shell/main_window.h"
 
 namespace tickwell::app {
-
-/// The ports through which the program accesses the machine and its desktop; all outlive it.
-struct ProgramPorts {
-    const Clock& clock;
-    TimerSource& timers;
-    TimeJumps& jumps;
-    RealTimerSource& realTimers;
-    MessageBoxes& boxes;
-    Handlers& handlers;
-    Tray& tray;
-    WindowStack& stack;
-    FocusReturn& focus;
-    FullScreenWatch& fullScreen;
-    ProgramStarter& starter;
-    Autostart& autostart;
-    Printer& printer;
-    media::SoundOutput& sound;
-    media::EventWait& wait;
-    media::CdDrive& drive;
-    media::CdPlayback& playback;
-    remote::CommandService& commands;
-    remote::PlayerService& mediaKeys;
-    DoNotDisturb& doNotDisturb;
-    DisplayPorts display;
-    std::function<bool()> isComposited = [] {
-        return true;
-    };                                  ///< whether translucent windows can be seen through
-    bool isPlacedByCompositor = false;  ///< whether the compositor of a Wayland session places the windows
-    /// Sets whether mouse events pass through a window to what is below it.
-    std::function<void(QWindow& window, bool passes)> passClicks = [](QWindow&, bool) {};
-    std::function<void()> windowGone = [] {};  ///< called whenever a window or menu was hidden
-};
 
 /// The state of the running program; outlives it as well.
 struct ProgramState {
@@ -95,10 +67,13 @@ private:
     void CheckStoredWindow() const;
     void MainWindowClosed();
     void OpenWindow(Request request);
+    void OpenCalendarOn(QDate day);
+    void StartNotices();
 
     ProgramPorts m_ports;
     ProgramState& m_state;
     std::function<void()> m_closed;
+    TimeJumpListeners m_jumps{m_ports.jumps};
     ChosenHolidays m_holidays;
     QuietRule m_quiet;
     media::VolumeOutput m_sound;  // of time signal and timer
@@ -106,7 +81,9 @@ private:
     std::unique_ptr<Windows> m_windows;
     std::unique_ptr<shell::Form1> m_form;
     timing::TimingTools* m_timing = nullptr;  // owned by the form's displays
-    // Both null before Start and after the form was closed
+    // All null before Start and after the form was closed
+    std::unique_ptr<DayNotices> m_dayNotices;
+    std::unique_ptr<CountdownNotice> m_countdownNotice;
     std::unique_ptr<RemoteAccess> m_remote;
     std::unique_ptr<MediaKeys> m_mediaKeys;
 };

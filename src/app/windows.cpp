@@ -70,6 +70,11 @@ void Windows::OpenCalendar() {
     });
 }
 
+void Windows::OpenCalendarOn(QDate day) {
+    OpenCalendar();
+    m_calendar->GoTo(day);
+}
+
 void Windows::OpenCdPlayer() {
     Open(m_cdPlayer, [this] {
         auto player = std::make_unique<media::CDForm>(m_parts.cdPlayer, m_parts.handlers, nullptr);
@@ -134,6 +139,9 @@ std::unique_ptr<settings_ui::Form2> Windows::MakeSettings() {
     operations.holidayList = HolidayList();
     operations.isComposited = m_parts.isComposited;
     operations.hasTray = m_parts.hasTray;
+    operations.lookForNotices = [&notices = m_parts.notices](std::function<void(bool isThere)> onAnswer) {
+        notices.Look(std::move(onAnswer));
+    };
     operations.holdKeepTop = [this](bool held) { m_mainWindow->HoldKeepTop(held); };
     return std::make_unique<settings_ui::Form2>(
         settings_ui::SettingsParts{.displays = m_mainWindow->AllDisplays(),

@@ -9,6 +9,7 @@
 #include "book/anniversary_book.h"
 #include "core/handlers.h"
 #include "core/ports/autostart.h"
+#include "core/ports/desktop_notices.h"
 #include "core/program_folder.h"
 #include "days/calendar_window.h"
 #include "help/help_desk.h"
@@ -26,6 +27,7 @@ struct WindowsParts {
     TimerSource& timers;
     Handlers& handlers;
     MessageBoxes& boxes;
+    DesktopNotices& notices;
     ProgramStarter& programs;
     Autostart& autostart;
     AppSettings& settings;
@@ -76,6 +78,8 @@ public:
     shell::OtherWindows Openers();
 
     void OpenCalendar();
+    /// Opens it on a day. An open one is only brought to the front while days are being marked in it.
+    void OpenCalendarOn(QDate day);
     void OpenCdPlayer();
     /// Opens the help at its beginning; it stays usable while a modal window is open.
     void OpenHelp() { m_settingsHelp.ShowTopic(kHelpContents); }

@@ -7,6 +7,7 @@
 #include "core/calendar_settings.h"
 #include "core/corrections.h"
 #include "core/keyboard_settings.h"
+#include "core/notice_settings.h"
 #include "core/quiet_settings.h"
 #include "core/remote_settings.h"
 
@@ -60,6 +61,7 @@ struct FurtherSettings {
     KeyboardSettings keyboard{};
     CdSettings cd{};
     QuietSettings quiet{};
+    NoticeSettings notices{};
 
     bool operator==(const FurtherSettings&) const = default;
 };

@@ -156,6 +156,16 @@ constexpr std::array kFurtherKeys{
                [](StoredSettings& s) -> Field { return &s.further.quiet.followsDesktop; }},
     SettingKey{u"Quiet", u"Volume", u"100",
                [](StoredSettings& s) -> Field { return &s.further.quiet.volume; }},
+    SettingKey{u"Notices", u"Days", u"False",
+               [](StoredSettings& s) -> Field { return &s.further.notices.tellsDays; }},
+    SettingKey{u"Notices", u"DaysAhead", u"0",
+               [](StoredSettings& s) -> Field { return &s.further.notices.daysAhead; }},
+    SettingKey{u"Notices", u"Time", u"540",
+               [](StoredSettings& s) -> Field { return &s.further.notices.time; }},
+    SettingKey{u"Notices", u"Counts", u"False",
+               [](StoredSettings& s) -> Field { return &s.further.notices.counts; }},
+    SettingKey{u"Notices", u"Countdown", u"False",
+               [](StoredSettings& s) -> Field { return &s.further.notices.tellsCountdown; }},
 };
 
 constexpr std::array<QStringView, 27> kWriteOrder{

@@ -31,4 +31,8 @@ struct AnnouncementParts {
 /// old calendar (「旧暦10月14日 大安」) and the solar term or seasonal day (「小雪」). Throws SqlError.
 QStringList AnnouncedNames(const AnnouncementParts& parts, QDate day);
 
+/// The same, but without the date in the old calendar, which every day has: what a notice of the day tells.
+/// Throws SqlError.
+QStringList NamesToTell(const AnnouncementParts& parts, QDate day);
+
 }  // namespace tickwell::days

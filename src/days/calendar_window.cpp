@@ -71,6 +71,15 @@ void Form5::Form_Load() {
     m_monthView->FocusDay(m_calendar.SelectedDate().day());
 }
 
+void Form5::GoTo(QDate day) {
+    if (!m_calendar.CanUse(CalendarAction::Today) || m_calendar.IsWaiting()) {
+        return;
+    }
+    m_calendar.GoTo(day);
+    ShowAll();
+    m_monthView->FocusDay(day.day());
+}
+
 void Form5::Refresh() {
     m_calendar.Refresh();
     ShowAll();

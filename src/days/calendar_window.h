@@ -30,6 +30,10 @@ public:
     /// database and writes nothing. Throws RunTimeError; the window must then not be shown.
     void Form_Load();
 
+    /// Selects a day. Does nothing while days are being marked or a message of the calendar is open. Throws
+    /// RunTimeError.
+    void GoTo(QDate day);
+
     /// Shows the month again after the settings were changed; not while days are being marked. Throws
     /// RunTimeError.
     void Refresh();

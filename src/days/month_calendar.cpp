@@ -119,6 +119,14 @@ void MonthCalendar::GoToToday() {
     ListAnniversariesOfDay();
 }
 
+void MonthCalendar::GoTo(QDate day) {
+    Show(day);
+    const MonthShape month = ShapeOf(day);
+    if (m_grid.first == month.first) {  // not outside the supported years
+        SelectCell(month.CellOf(day.day()));
+    }
+}
+
 void MonthCalendar::ClickCell(int cell) {
     if (!m_isReady || !IsDayCell(cell)) {
         return;

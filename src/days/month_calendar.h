@@ -45,7 +45,6 @@ public:
     const MonthGrid& Grid() const { return m_grid; }
     CalendarMode Mode() const { return m_mode; }
     QDate SelectedDate() const { return m_selected; }
-
     /// The month reached with the arrows: outside the supported years it differs from that of the grid.
     QDate ShownMonth() const { return m_shown; }
 
@@ -72,8 +71,9 @@ public:
     /// `cell`: 0 to 48; the names of the weekdays are ignored.
     void ClickCell(int cell);
 
-    /// GoBy moves by that many months, to the last day if the month has no such day; GoToToday selects today.
+    /// GoBy moves by that many months, to the last day if the month has no such day; GoTo selects a day.
     void GoBy(int months);
+    void GoTo(QDate day);
     void GoToToday();
 
     /// Choosing Normal stores the marks of the shown month, all of them or none.

@@ -1,8 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <QCheckBox>
+#include <QLabel>
 #include <QWidget>
+#include <vector>
 
+#include "settings_ui/day_notices_frame.h"
 #include "settings_ui/quiet_frame.h"
 #include "settings_ui/settings_draft.h"
 #include "settings_ui/settings_parts.h"
@@ -20,10 +24,20 @@ public:
 
     void Form_Load();
 
+protected:
+    void showEvent(QShowEvent* event) override;
+
 private:
+    QWidget* MakeCountdownFrame(Handlers& handlers);
+
+    SettingsOperations m_operations;
+    SettingsDraft& m_draft;
     // Owned by the page
-    QuietFrame* m_quiet;
-    VolumeFrame* m_volume;
+    QLabel* m_trouble;  // shown if the desktop has no notices
+    DayNoticesFrame* m_days;
+    std::vector<QCheckBox*> m_countdown;
+    QuietFrame* m_quiet = nullptr;
+    VolumeFrame* m_volume = nullptr;
 };
 
 }  // namespace tickwell::settings_ui

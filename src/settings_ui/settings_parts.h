@@ -45,6 +45,9 @@ struct SettingsOperations {
     std::function<bool()> isComposited;
     /// Whether the desktop has a notification area, in which the program can show an icon.
     std::function<bool()> hasTray;
+    /// Finds out whether the desktop shows notices; calls `onAnswer` immediately or later.
+    std::function<void(std::function<void(bool isThere)> onAnswer)> lookForNotices =
+        [](const std::function<void(bool isThere)>& onAnswer) { onAnswer(true); };
 };
 
 /// References that the settings dialog uses; all outlive it.

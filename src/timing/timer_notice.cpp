@@ -3,6 +3,7 @@
 
 #include <QApplication>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QPushButton>
 #include <QStyle>
 #include <QVBoxLayout>
@@ -22,7 +23,10 @@ constexpr int kWidestName = 30;  // ems; a longer name ends in an ellipsis
 }  // namespace
 
 Form8::Form8(TimerNoticeParts parts, QWidget* parent)
-    : QDialog(parent), m_parts(std::move(parts)), m_name(controls::MakeLabel(u"Label2"_s, QString(), this)) {
+    : QDialog(parent),
+      m_parts(std::move(parts)),
+      m_name(controls::MakeLabel(u"Label2"_s, QString(), this)),
+      m_ignoresKeys(m_parts.timers.Create(kIgnoresKeysFor, [this] { m_ignoresKeys->Stop(); })) {
     setObjectName(u"Form8"_s);
     setWindowTitle(u"タイマー"_s);
     setWindowFlag(Qt::WindowStaysOnTopHint);
@@ -38,6 +42,8 @@ void Form8::LayOut() {
     auto* confirm =
         controls::MakeButton(u"Command1"_s, u"確認"_s, this, m_parts.handlers, [this] { close(); });
     confirm->setDefault(true);
+    confirm->installEventFilter(this);
+    installEventFilter(this);
 
     m_name->setTextFormat(Qt::PlainText);  // another program may have chosen it
     auto* texts = new QVBoxLayout;
@@ -52,14 +58,32 @@ void Form8::LayOut() {
     all->setSizeConstraint(QLayout::SetFixedSize);
 }
 
-void Form8::BringUp() {
+bool Form8::BringUp() {
     if (isVisible()) {
-        return;
+        return false;
+    }
+    if (m_parts.ignoresFirstKeys()) {
+        m_ignoresKeys->Start();
     }
     ShowName();
     controls::BringForward(*this);
     QApplication::alert(this);  // in case the desktop does not give the window the keyboard focus
     Form_Load();                // last, because this modal window would block an error box opened before it
+    return true;
+}
+
+/// A key that is still held down after that time was not meant for the notice either.
+bool Form8::eventFilter(QObject* watched, QEvent* event) {
+    const bool isKey = event->type() == QEvent::KeyPress || event->type() == QEvent::KeyRelease ||
+                       event->type() == QEvent::ShortcutOverride;
+    if (!isKey || !m_parts.ignoresFirstKeys()) {
+        return QDialog::eventFilter(watched, event);
+    }
+    if (m_ignoresKeys->IsRunning() || static_cast<QKeyEvent*>(event)->isAutoRepeat()) {
+        event->accept();  // otherwise a shortcut or the window around the button would get it
+        return true;
+    }
+    return QDialog::eventFilter(watched, event);
 }
 
 void Form8::ShowName() {
@@ -89,10 +113,15 @@ void Form8::Form_Unload() {
 }
 
 void Form8::done(int result) {
-    if (isVisible()) {
+    const bool wasOpen = isVisible();
+    if (wasOpen) {
         Form_Unload();
     }
     QDialog::done(result);
+    m_ignoresKeys->Stop();
+    if (wasOpen) {
+        m_parts.closed();
+    }
 }
 
 }  // namespace tickwell::timing

@@ -3,8 +3,10 @@
 
 #include <QDialog>
 #include <QLabel>
+#include <memory>
 
 #include "core/handlers.h"
+#include "core/ports/timer.h"
 
 namespace tickwell::timing {
 
@@ -18,21 +20,31 @@ struct TimerNoticeParts {
     std::function<bool()> isSilent = [] { return false; };  ///< whether it has no sound if it is opened now
     /// The name of the finished run; empty if it has none.
     std::function<QString()> name = [] { return QString(); };
+    TimerSource& timers;
+    /// Whether keys have no effect on it at first.
+    std::function<bool()> ignoresFirstKeys = [] { return false; };
+    std::function<void()> closed = [] {};  ///< called after it was closed, in whichever way
 };
 
 /// The notice, with sound, that the countdown has reached zero. It appears in front of all other windows and
-/// is modal within the program; BringUp does not wait until it is closed.
+/// is modal within the program; BringUp does not wait until it is closed. It takes the keyboard focus, so it
+/// can ignore what somebody is typing when it appears.
 class Form8 : public QDialog {
     Q_OBJECT
 
 public:
     Form8(TimerNoticeParts parts, QWidget* parent);
 
-    /// Shows the notice and starts its sound. Does nothing while it is open.
-    void BringUp();
+    static constexpr int kIgnoresKeysFor = 2000;  ///< ms
+
+    /// Shows the notice and starts its sound. False if it is open already; nothing is done then.
+    bool BringUp();
 
     /// Called whenever the window is closed, in any way.
     void done(int result) override;
+
+    /// Of the notice and its button.
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     void LayOut();
@@ -42,8 +54,9 @@ private:
     void ShowName();
 
     TimerNoticeParts m_parts;
-    QLabel* m_name;           // owned by the window
-    bool m_hasSound = false;  // since it was opened
+    QLabel* m_name;                        // owned by the window
+    bool m_hasSound = false;               // since it was opened
+    std::unique_ptr<Timer> m_ignoresKeys;  // runs while it does
 };
 
 }  // namespace tickwell::timing

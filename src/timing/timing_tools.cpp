@@ -107,18 +107,32 @@ void TimingTools::RefreshTimerForm() {
     }
 }
 
-void TimingTools::ShowNotice() {
+void TimingTools::ShowNoticeOf(const QString& name) {
     if (!m_notice) {
         m_notice = std::make_unique<Form8>(
             TimerNoticeParts{.handlers = m_parts.handlers,
                              .enterFolder = m_parts.enterFolder,
                              .sendCommand = m_parts.sendCommand,
                              .isSilent = m_parts.isSilent,
-                             .name = [this] { return m_countdown.State().CountdownName; }},
+                             .name = [this] { return m_noticeName; },
+                             .timers = m_parts.timers,
+                             .ignoresFirstKeys = [this] { return m_parts.further.notices.tellsCountdown; },
+                             .closed = m_parts.noticeClosed},
             nullptr);
     }
+    if (!m_notice->isVisible()) {
+        m_noticeName = name;
+    }
     PlaceIfClosed(*m_notice);
-    m_notice->BringUp();
+    if (m_notice->BringUp()) {
+        m_parts.noticeOpened(name);
+    }
+}
+
+void TimingTools::CloseNotice() {
+    if (m_notice) {
+        m_notice->close();
+    }
 }
 
 /// A window that is open stays where the user has moved it.

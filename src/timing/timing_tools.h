@@ -36,6 +36,9 @@ struct TimingParts {
     std::function<bool()> isSilent = [] { return false; };  ///< whether the countdown's notice is silent now
     std::function<void(QWidget& window)> place;             ///< positions a window that is about to be shown
     QString version;                                        ///< of the program, like "2.0.0"
+    /// Called when the countdown's notice was opened for a run with this name, and when it was closed.
+    std::function<void(const QString& name)> noticeOpened = [](const QString&) {};
+    std::function<void()> noticeClosed = [] {};
 };
 
 /// Stopwatch and countdown combined: rules, lines, the main window's two timers, and the windows, which are
@@ -77,7 +80,10 @@ public:
     void ShowStopForm();
     void ShowTimerForm() override;
     void RefreshTimerForm() override;
-    void ShowNotice() override;
+    void ShowNotice() override { ShowNoticeOf(m_countdown.State().CountdownName); }
+    /// The same for a run with this name. CloseNotice does what the notice's button does.
+    void ShowNoticeOf(const QString& name);
+    void CloseNotice();
 
     /// Closes the windows, which also stops the sound of the notice; the tools continue.
     void CloseWindows();
@@ -100,6 +106,7 @@ private:
     std::unique_ptr<StopForm> m_stopForm;  // null until first used
     std::unique_ptr<TimerForm> m_timerForm;
     std::unique_ptr<Form8> m_notice;
+    QString m_noticeName;
 };
 
 }  // namespace tickwell::timing

@@ -6,11 +6,13 @@
 
 #include "app/folder_setup.h"
 #include "app/running_program.h"
+#include "app/watched_drive.h"
 #include "platform/time/virtual_time.h"
 #include "support/borrowed.h"
 #include "support/discs.h"
 #include "support/fake_autostart.h"
 #include "support/fake_command_service.h"
+#include "support/fake_desktop_notices.h"
 #include "support/fake_do_not_disturb.h"
 #include "support/fake_event_wait.h"
 #include "support/fake_focus_return.h"
@@ -55,6 +57,7 @@ struct RunningBench {
     FakeCommandService commands;
     FakePlayerService mediaKeys;
     FakeDoNotDisturb doNotDisturb;
+    FakeDesktopNotices notices;
     const ProgramPorts ports{
         .clock = time,
         .timers = time,
@@ -76,6 +79,7 @@ struct RunningBench {
         .commands = commands,
         .mediaKeys = mediaKeys,
         .doNotDisturb = doNotDisturb,
+        .notices = notices,
         .display = {.power = Borrowed<const Power>(power), .memory = Borrowed<const Memory>(memory)}};
     ProgramState state;
     QStringList journal;

@@ -40,6 +40,7 @@ private Q_SLOTS:
     void TheRowUnderEachDayHasItsKey();
     void TheFaceHasItsKeys();
     void QuietHoursAndVolumeHaveTheirKeys();
+    void NoticesHaveTheirKeys();
     void ABadEraIsNamed();
 };
 
@@ -148,6 +149,26 @@ void TstFurtherSettings::QuietHoursAndVolumeHaveTheirKeys() {
     QCOMPARE(stored.to, 420);
     QVERIFY(stored.silencesChime);
     QCOMPARE(stored.volume, 100);
+}
+
+void TstFurtherSettings::NoticesHaveTheirKeys() {
+    FurtherSettings expected;
+    expected.notices = {
+        .tellsDays = true, .daysAhead = {1, 7}, .time = 1320, .counts = true, .tellsCountdown = true};
+    QStringList written{u"Notices/Countdown=True"_s, u"Notices/Counts=True"_s, u"Notices/Days=True"_s,
+                        u"Notices/DaysAhead=1,7"_s, u"Notices/Time=1320"_s};
+    QStringList found = WrittenFurther(expected);
+    found.sort();
+    QCOMPARE(found, written);
+    FakeSettingsStore store;
+    for (const QString& line : written) {
+        store.Put(u"Notices"_s, line.section(u'=', 0, 0).section(u'/', 1), line.section(u'=', 1));
+    }
+    QCOMPARE(Loaded(store), expected);
+    store.Put(u"Notices"_s, u"DaysAhead"_s, u""_s);
+    QCOMPARE(Loaded(store).notices.daysAhead, QList<qint32>());
+    QCOMPARE(Loaded(FakeSettingsStore()).notices.daysAhead, QList<qint32>{0});
+    QCOMPARE(Loaded(FakeSettingsStore()).notices.time, 540);
 }
 
 void TstFurtherSettings::ABadEraIsNamed() {

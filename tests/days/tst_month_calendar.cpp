@@ -42,6 +42,8 @@ private Q_SLOTS:
     void TheClampedDayIsRemembered();
     void TodayComesBack();
     void TodayFollowsTheClock();
+    void AnyDayIsShownAndSelected();
+    void ADayOutsideTheYearsIsRefused();
     void Limits_data();
     void Limits();
     void OneStepBackShowsAMonthAgain();
@@ -146,6 +148,28 @@ void TstMonthCalendar::TodayFollowsTheClock() {
     QCOMPARE(PressedDays(bench), QList<int>{1});
     bench.calendar.GoToToday();
     QCOMPARE(bench.calendar.SelectedDate(), QDate(1998, 11, 1));
+}
+
+void TstMonthCalendar::AnyDayIsShownAndSelected() {
+    CalendarBench bench;
+    bench.calendar.Load();
+    bench.calendar.TogglePanel();
+    bench.calendar.GoTo(QDate(2026, 12, 31));
+    QCOMPARE(bench.calendar.Grid().heading, u"2026年（平成38年）12月"_s);
+    QCOMPARE(PressedDays(bench), QList<int>{31});
+    QCOMPARE(bench.calendar.SelectedDate(), QDate(2026, 12, 31));
+    QCOMPARE(bench.list.Heading(), u"2026年12月31日の記念日"_s);
+    bench.calendar.GoTo(QDate(1998, 10, 1));  // today is another day of that month
+    QCOMPARE(PressedDays(bench), QList<int>{1});
+}
+
+void TstMonthCalendar::ADayOutsideTheYearsIsRefused() {
+    CalendarBench bench;
+    bench.calendar.Load();
+    bench.calendar.GoTo(QDate(2101, 1, 5));
+    QCOMPARE(bench.boxes.Shown(), QList<Message>{kTooLate});
+    QCOMPARE(PressedDays(bench), QList<int>{3});
+    QCOMPARE(bench.calendar.SelectedDate(), QDate(1998, 10, 3));
 }
 
 void TstMonthCalendar::Limits_data() {

@@ -73,6 +73,8 @@ void World::Start(Random& random) {
     machine.state.started.further.remote.acceptsCommands = random.OneIn(2);
     machine.state.started.further.remote.mediaKeys = random.OneIn(2);
     machine.state.started.further.cd.showsTitles = random.OneIn(2);
+    machine.state.started.further.notices.tellsDays = random.OneIn(2);
+    machine.state.started.further.notices.tellsCountdown = random.OneIn(2);
     const app::ProgramPorts ports{.clock = machine.time,
                                   .timers = machine.time,
                                   .jumps = machine.time,
@@ -93,6 +95,7 @@ void World::Start(Random& random) {
                                   .commands = machine.commands,
                                   .mediaKeys = machine.mediaKeys,
                                   .doNotDisturb = machine.doNotDisturb,
+                                  .notices = machine.notices,
                                   .display = {.power = Borrowed<const Power>(machine.power),
                                               .memory = Borrowed<const Memory>(machine.memory)}};
     machine.program = std::make_unique<app::RunningProgram>(ports, machine.state, [&machine] {

@@ -11,6 +11,7 @@
 #include "support/fake_autostart.h"
 #include "support/fake_cd_drive.h"
 #include "support/fake_command_service.h"
+#include "support/fake_desktop_notices.h"
 #include "support/fake_do_not_disturb.h"
 #include "support/fake_event_wait.h"
 #include "support/fake_focus_return.h"
@@ -51,6 +52,7 @@ struct Machine {
     FakeCommandService commands;
     FakePlayerService mediaKeys;
     FakeDoNotDisturb doNotDisturb;
+    FakeDesktopNotices notices;
     app::ProgramState state;
     bool hasClosed = false;   ///< the main window has closed; a message box may still delay the end
     qint64 passed = 0;        ///< ms since the start

@@ -67,6 +67,9 @@ inline constexpr std::array kFurtherFlags{
     FurtherFlag{"Quiet", "Hours", [](FurtherSettings& s) -> bool& { return s.quiet.hasHours; }},
     FurtherFlag{"Quiet", "Timer", [](FurtherSettings& s) -> bool& { return s.quiet.silencesTimer; }},
     FurtherFlag{"Quiet", "Desktop", [](FurtherSettings& s) -> bool& { return s.quiet.followsDesktop; }},
+    FurtherFlag{"Notices", "Days", [](FurtherSettings& s) -> bool& { return s.notices.tellsDays; }},
+    FurtherFlag{"Notices", "Counts", [](FurtherSettings& s) -> bool& { return s.notices.counts; }},
+    FurtherFlag{"Notices", "Countdown", [](FurtherSettings& s) -> bool& { return s.notices.tellsCountdown; }},
 };
 
 /// Adds a row for each flag, named after its key, with settings in which only that flag is on.

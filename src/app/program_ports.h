@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <functional>
+
+#include "app/displays.h"
+#include "app/media.h"
+#include "app/media_keys.h"
+#include "app/remote_access.h"
+#include "core/ports/desktop_notices.h"
+#include "core/ports/do_not_disturb.h"
+#include "shell/main_window.h"
+
+namespace tickwell::app {
+
+/// The ports through which the program accesses the machine and its desktop; all outlive it.
+struct ProgramPorts {
+    const Clock& clock;
+    TimerSource& timers;
+    TimeJumps& jumps;
+    RealTimerSource& realTimers;
+    MessageBoxes& boxes;
+    Handlers& handlers;
+    Tray& tray;
+    WindowStack& stack;
+    FocusReturn& focus;
+    FullScreenWatch& fullScreen;
+    ProgramStarter& starter;
+    Autostart& autostart;
+    Printer& printer;
+    media::SoundOutput& sound;
+    media::EventWait& wait;
+    media::CdDrive& drive;
+    media::CdPlayback& playback;
+    remote::CommandService& commands;
+    remote::PlayerService& mediaKeys;
+    DoNotDisturb& doNotDisturb;
+    DesktopNotices& notices;
+    DisplayPorts display;
+    std::function<bool()> isComposited = [] {
+        return true;
+    };                                  ///< whether translucent windows can be seen through
+    bool isPlacedByCompositor = false;  ///< whether the compositor of a Wayland session places the windows
+    /// Sets whether mouse events pass through a window to what is below it.
+    std::function<void(QWindow& window, bool passes)> passClicks = [](QWindow&, bool) {};
+    std::function<void()> windowGone = [] {};  ///< called whenever a window or menu was hidden
+};
+
+}  // namespace tickwell::app

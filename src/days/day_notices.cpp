@@ -1,0 +1,54 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "days/day_notices.h"
+
+#include <algorithm>
+
+namespace tickwell::days {
+
+namespace {
+
+constexpr qint32 kLastMinute = 24 * 60 - 1;
+constexpr int kSecondsInMinute = 60;
+
+QTime TimeOfNotices(const NoticeSettings& settings) {
+    return QTime(0, 0).addSecs(std::clamp(settings.time, 0, kLastMinute) * kSecondsInMinute);
+}
+
+QStringList ToldNames(QStringList names) {
+    names.removeIf([](const QString& name) { return name.trimmed().isEmpty(); });
+    names.removeDuplicates();
+    return names;
+}
+
+}  // namespace
+
+bool IsTimeOfNotices(const NoticeSettings& settings, const QDateTime& now) {
+    return now.time() >= TimeOfNotices(settings);
+}
+
+QList<DueNotice> DueNotices(const NoticeSettings& settings, const QDateTime& now, const NamesOfDay& namesOf,
+                            const ToldNotices& told) {
+    QList<DueNotice> due;
+    if (!settings.tellsDays || !IsTimeOfNotices(settings, now)) {
+        return due;
+    }
+    for (const int ahead : kDaysAhead) {
+        const DayNotice which{now.date().addDays(ahead), ahead};
+        if (!settings.daysAhead.contains(ahead) || told.Contains(which)) {
+            continue;
+        }
+        if (const QStringList names = ToldNames(namesOf(which.day)); !names.isEmpty()) {
+            due.append({which, names});
+        }
+    }
+    return due;
+}
+
+qint64 UntilNextNotices(const NoticeSettings& settings, const QDateTime& now) {
+    const QTime time = TimeOfNotices(settings);
+    const QDate day = now.time() < time ? now.date() : now.date().addDays(1);
+    // A time that the change to summer time skips may come out as one that has passed.
+    return std::max<qint64>(1, now.msecsTo(QDateTime(day, time)));
+}
+
+}  // namespace tickwell::days
