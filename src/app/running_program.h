@@ -11,6 +11,7 @@
 #include "app/remote_access.h"
 #include "app/request.h"
 #include "app/startup.h"
+#include "app/timers.h"
 #include "app/windows.h"
 #include "shell/main_window.h"
 
@@ -101,9 +102,10 @@ private:
     std::unique_ptr<Windows> m_windows;
     std::unique_ptr<shell::Form1> m_form;
     timing::TimingTools* m_timing = nullptr;  // owned by the form's displays
-    // Both null before Start and after the form was closed
+    // All null before Start and after the form was closed
     std::unique_ptr<RemoteAccess> m_remote;
     std::unique_ptr<MediaKeys> m_mediaKeys;
+    std::unique_ptr<Timers> m_timers;
 };
 
 }  // namespace tickwell::app

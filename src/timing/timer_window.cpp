@@ -38,6 +38,8 @@ TimerForm::TimerForm(const TimerWindowParts& parts, QWidget* parent)
                                          [this] { Command1_Click(); })),
       m_resetButton(controls::MakeButton(u"Command2"_s, u"リセット"_s, this, m_parts.handlers,
                                          [this] { Command2_Click(); })),
+      m_listButton(controls::MakeButton(u"Command4"_s, u"一覧..."_s, this, m_parts.handlers,
+                                        [this] { m_parts.openList(); })),
       m_helpButton(controls::MakeButton(u"Command3"_s, u"ヘルプ"_s, this, m_parts.handlers,
                                         [this] { Command3_Click(); })) {
     setObjectName(u"TimerForm"_s);
@@ -58,6 +60,7 @@ void TimerForm::LayOut() {
     auto* buttons = new QHBoxLayout;
     buttons->addWidget(m_startButton);
     buttons->addWidget(m_resetButton);
+    buttons->addWidget(m_listButton);
     buttons->addStretch(1);
     buttons->addWidget(m_helpButton);
     auto* all = new QVBoxLayout(this);
@@ -68,7 +71,8 @@ void TimerForm::LayOut() {
     setTabOrder(m_seconds, m_repeat);
     setTabOrder(m_repeat, m_startButton);
     setTabOrder(m_startButton, m_resetButton);
-    setTabOrder(m_resetButton, m_helpButton);
+    setTabOrder(m_resetButton, m_listButton);
+    setTabOrder(m_listButton, m_helpButton);
     m_startButton->setDefault(true);
 }
 
