@@ -3,6 +3,7 @@
 
 #include <functional>
 #include <optional>
+#include <utility>
 
 #include "core/ports/timer_store.h"
 #include "core/program_folder.h"
@@ -19,8 +20,8 @@ inline constexpr QLatin1StringView kDamagedToolsFile("Tools.damaged.db");
 class ToolsDatabase : public TimerStore {
 public:
     /// `damaged` is called after a damaged file was renamed, with its new name.
-    ToolsDatabase(const ProgramFolder& folder, std::function<void(const QString& name)> damaged)
-        : m_folder(folder), m_damaged(std::move(damaged)) {}
+    ToolsDatabase(ProgramFolder folder, std::function<void(const QString& name)> damaged)
+        : m_folder(std::move(folder)), m_damaged(std::move(damaged)) {}
 
     /// Whether there is a file; without one nothing was ever stored.
     bool Exists() const;

@@ -9,10 +9,10 @@ namespace {
 
 // ms
 constexpr int kDeskTick = 1;
-constexpr int kLoadAfter = 1000;            // the first frame does not need the timers
-constexpr int kMenuLook = 250;              // how often an open menu is checked again
-constexpr qint64 kAgainAfter = 5 * 60'000;  // 「5分後にもう一度」
-constexpr qint64 kTooLate = 10 * 60'000;    // an end that is older is told without a sound
+constexpr int kLoadAfter = 1000;         // the first frame does not need the timers
+constexpr int kMenuLook = 250;           // how often an open menu is checked again
+constexpr qint64 kAgainAfter = 300'000;  // 「5分後にもう一度」
+constexpr qint64 kTooLate = 600'000;     // an end that is older is told without a sound
 
 }  // namespace
 
@@ -55,6 +55,9 @@ void TimerDesk::Show() {
                                                                 .help = m_parts.help,
                                                                 .changed = [this] { Follow(); }},
                                               nullptr);
+    }
+    if (!m_form->isVisible()) {
+        m_form->MakeRoom();
     }
     Place(*m_form);
     m_form->BringUp();

@@ -4,6 +4,7 @@
 #include <QScopedValueRollback>
 #include <QVBoxLayout>
 #include <array>
+#include <utility>
 
 #include "controls/access_keys.h"
 #include "controls/bring_forward.h"
@@ -23,9 +24,9 @@ constexpr int kMostSeconds = 59;
 
 }  // namespace
 
-TimerForm::TimerForm(const TimerWindowParts& parts, QWidget* parent)
+TimerForm::TimerForm(TimerWindowParts parts, QWidget* parent)
     : QDialog(parent),
-      m_parts(parts),
+      m_parts(std::move(parts)),
       m_durationFrame(controls::Named(new QGroupBox(u"タイマーの指定"_s, this), u"Frame1"_s)),
       m_hours(new controls::NumberBox(u"UpDown1"_s, u"Text1"_s, m_durationFrame)),
       m_minutes(new controls::NumberBox(u"UpDown2"_s, u"Text2"_s, m_durationFrame)),

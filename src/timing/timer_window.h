@@ -28,7 +28,7 @@ class TimerForm : public QDialog {
     Q_OBJECT
 
 public:
-    TimerForm(const TimerWindowParts& parts, QWidget* parent);
+    TimerForm(TimerWindowParts parts, QWidget* parent);
 
     /// Shows the window, or brings it to the front if it is open.
     void BringUp();

@@ -21,6 +21,7 @@ namespace {
 
 constexpr int kWidestLine = 30;  // ems; a longer line ends in an ellipsis
 constexpr int kMostLinesSeen = 8;
+constexpr int kLineSpacing = 2;  // pixels around each line
 
 }  // namespace
 
@@ -40,6 +41,7 @@ void TimersNotice::LayOut() {
     icon->setTextFormat(Qt::PlainText);
     icon->setPixmap(style()->standardIcon(QStyle::SP_MessageBoxInformation, nullptr, this).pixmap(size));
     m_lines->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    m_lines->setSpacing(kLineSpacing);
     m_lines->setTextElideMode(Qt::ElideRight);
     auto* confirm =
         controls::MakeButton(u"Command1"_s, u"確認"_s, this, m_parts.handlers, [this] { close(); });
@@ -70,8 +72,8 @@ void TimersNotice::FitList() {
     const int rows = std::min(m_lines->count(), kMostLinesSeen);
     const int widest = kWidestLine * fontMetrics().height();
     const int bar = m_lines->count() > kMostLinesSeen ? style()->pixelMetric(QStyle::PM_ScrollBarExtent) : 0;
-    m_lines->setFixedSize(std::min(m_lines->sizeHintForColumn(0), widest) + frame + bar,
-                          rows * m_lines->sizeHintForRow(0) + frame);
+    m_lines->setFixedSize(std::min(m_lines->sizeHintForColumn(0), widest) + frame + bar + 2 * kLineSpacing,
+                          rows * (m_lines->sizeHintForRow(0) + 2 * kLineSpacing) + frame);
 }
 
 void TimersNotice::Tell(const QList<TimerEnd>& ends) {

@@ -10,6 +10,7 @@
 #include "controls/bring_forward.h"
 #include "controls/control_making.h"
 #include "controls/help_key.h"
+#include "controls/screen_fit.h"
 #include "controls/tab_order.h"
 #include "timing/timer_texts.h"
 
@@ -114,7 +115,8 @@ QHBoxLayout* TimersForm::AddingButtons() {
 }
 
 void TimersForm::LayOut() {
-    auto* all = new QVBoxLayout(this);
+    m_allRows = new QVBoxLayout(this);
+    QVBoxLayout* all = m_allRows;
     all->addWidget(m_table, 1);
     all->addLayout(RowButtons());
     all->addWidget(m_presetFrame);
@@ -163,6 +165,10 @@ QPushButton* TimersForm::PresetButton(const TimerPreset& preset, int index) {
     m_parts.handlers.Connect(remove, &QAction::triggered, this,
                              [this, id = preset.id] { Act([this, id] { m_parts.panel.RemovePreset(id); }); });
     return button;
+}
+
+void TimersForm::MakeRoom() {
+    controls::ScrollIfTooHigh(*m_allRows, 1, controls::RoomFor(*this));
 }
 
 void TimersForm::BringUp() {

@@ -5,6 +5,7 @@
 #include <QGridLayout>
 #include <QPushButton>
 #include <QTableWidget>
+#include <QVBoxLayout>
 #include <memory>
 
 #include "core/handlers.h"
@@ -34,6 +35,9 @@ class TimersForm : public QDialog {
 public:
     TimersForm(const TimersWindowParts& parts, QWidget* parent);
 
+    /// Makes a window that is too high for its screen scroll. To be called before it is shown.
+    void MakeRoom();
+
     /// Shows the window, or brings it to the front if it is open.
     void BringUp();
 
@@ -62,6 +66,7 @@ private:
     TimersWindowParts m_parts;
     QTableWidget* m_table;  // the controls are owned by the window
     TimerEntryFrame* m_entry;
+    QVBoxLayout* m_allRows = nullptr;
     QGroupBox* m_presetFrame;
     QGridLayout* m_presets;
     QPushButton* m_start;

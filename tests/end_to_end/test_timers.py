@@ -10,6 +10,7 @@ import unittest
 
 from driver.boxes import RUN_TIME_ERROR, close_box, wait_box
 from driver.case import TickwellCase
+from driver.desktop import Session
 from driver.tickwell import make_folder, start_tickwell, wait_lines, wait_on_screen
 from driver.tool_windows import button, choose, press, wait_for_hand, wait_window
 from driver.virtual_time import VirtualTime
@@ -147,6 +148,21 @@ class Timers(TimersCase):
         wait_for(lambda: not self.app.menus, "the end of the menu")
         self.time.advance(1000)
         self.wait_notice("「紅茶」は1分前に終わりました")
+
+
+class SmallScreen(TimersCase):
+    def make_session(self):
+        return Session(self.window_manager, screen="1366x768x24", environment={"QT_SCALE_FACTOR": "2"})
+
+    def test_the_window_scrolls_above_its_buttons(self):
+        self.start()
+        self.open_list()
+        window = self.session.windows.settled_geometry(wait_for_hand(self.session, self.app, LIST))
+        self.assertGreaterEqual(min(window.x, window.y), 0)
+        self.assertLessEqual(window.x + window.width, 1366, window)
+        self.assertLessEqual(window.y + window.height, 768, window)
+        self.assertTrue(button(self.list, "閉じる").showing)
+        self.assertTrue(self.list.find(role="scroll bar", showing=True), self.list.dump())
 
 
 class Kept(TimersCase):
