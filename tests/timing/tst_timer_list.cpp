@@ -68,6 +68,7 @@ private Q_SLOTS:
     void SeveralEndsComeInTheirOrder();
     void AChainRepeats();
     void AChainSuspendedForWeeksTellsItsLastEnd();
+    void AChainContinuesAfterARestart();
     void ASetClockChangesNothing();
     void TheStoredEndFollowsASetClock();
     void ARestartContinues();
@@ -198,6 +199,19 @@ void TstTimerList::AChainSuspendedForWeeksTellsItsLastEnd() {
     QCOMPARE(Names(later), QStringList(u"休憩"_s));
     QCOMPARE(later.ends[0].ago, 0);
     QCOMPARE(bench.Remaining(work), 25 * kMinute);
+}
+
+void TstTimerList::AChainContinuesAfterARestart() {
+    Bench bench;
+    const qint64 work = bench.list.Add(kWork);
+    bench.list.Start(work);
+    bench.Pass(26 * kMinute);
+    bench.list.TakeDue();
+    TimerList next = bench.Restarted(kMinute);
+    QVERIFY(next.TakeDue().ends.isEmpty());
+    QCOMPARE(next.Remaining(*next.Find(work)), 3 * kMinute);
+    bench.Pass(3 * kMinute);
+    QCOMPARE(Names(next.TakeDue()), QStringList(u"休憩"_s));
 }
 
 void TstTimerList::ASetClockChangesNothing() {
