@@ -61,6 +61,15 @@ void RunningProgram::Start() {
                                                                 .announcements = Announcements(),
                                                                 .mainWindow = *m_form,
                                                                 .timing = *m_timing});
+    m_timers = std::make_unique<Timers>(TimersParts{.folder = m_state.started.folder,
+                                                    .media = m_media.System().Commands(),
+                                                    .clock = m_ports.clock,
+                                                    .timers = m_ports.timers,
+                                                    .handlers = m_ports.handlers,
+                                                    .boxes = m_ports.boxes,
+                                                    .countdown = *m_timing,
+                                                    .windows = *m_windows,
+                                                    .isSilent = [this] { return m_quiet.SilencesTimer(); }});
     m_mediaKeys =
         std::make_unique<MediaKeys>(MediaKeysParts{.service = m_ports.mediaKeys,
                                                    .timers = m_ports.realTimers,
@@ -212,12 +221,20 @@ timing::TimingParts RunningProgram::Timing() {
                     if (m_countdownNotice) {
                         m_countdownNotice->WindowClosed();
                     }
+                },
+            .openTimers = [this] { m_timers->Desk().Show(); },
+            .timeJumped =
+                [this] {
+                    if (m_timers) {
+                        m_timers->Desk().TimeJumped();
+                    }
                 }};
 }
 
 void RunningProgram::MainWindowClosed() {
     m_dayNotices.reset();
     m_countdownNotice.reset();
+    m_timers.reset();
     m_remote.reset();
     m_mediaKeys.reset();
     m_media.Close();

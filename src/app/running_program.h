@@ -14,6 +14,7 @@
 #include "app/remote_access.h"
 #include "app/request.h"
 #include "app/startup.h"
+#include "app/timers.h"
 #include "app/windows.h"
 #include "core/quiet_rule.h"
 #include "core/time_jump_listeners.h"
@@ -86,6 +87,7 @@ private:
     std::unique_ptr<CountdownNotice> m_countdownNotice;
     std::unique_ptr<RemoteAccess> m_remote;
     std::unique_ptr<MediaKeys> m_mediaKeys;
+    std::unique_ptr<Timers> m_timers;
 };
 
 }  // namespace tickwell::app

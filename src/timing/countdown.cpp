@@ -17,6 +17,16 @@ qint32 Countdown::Remaining() const {
     return CheckedSub(m_state.CountdownDuration, CheckedSub(m_clock.Tick(), m_state.CountdownStart));
 }
 
+qint32 Countdown::RemainingNow() const {
+    if (m_state.CountdownRunning) {
+        return Remaining();
+    }
+    const qint32 duration = m_state.CountdownDuration == 0 ? kInsteadOfZero : m_state.CountdownDuration;
+    const bool paused = m_state.CountdownPausedAt != 0;
+    return paused ? CheckedSub(duration, CheckedSub(m_state.CountdownPausedAt, m_state.CountdownStart))
+                  : duration;
+}
+
 qint64 Countdown::UntilOverflow() const {
     return UntilTickTurns(m_clock.Tick());
 }

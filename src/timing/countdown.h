@@ -31,6 +31,9 @@ public:
     /// Remaining milliseconds, negative if the tick is late. Only while the countdown is running.
     qint32 Remaining() const;
 
+    /// The same in every state: of a stopped countdown what it would start with. Throws OverflowError.
+    qint32 RemainingNow() const;
+
     /// Milliseconds for which Remaining() is safe from overflow.
     qint64 UntilOverflow() const;
 

@@ -4,6 +4,7 @@
 #include <QScopedValueRollback>
 #include <QVBoxLayout>
 #include <array>
+#include <utility>
 
 #include "controls/access_keys.h"
 #include "controls/bring_forward.h"
@@ -23,9 +24,9 @@ constexpr int kMostSeconds = 59;
 
 }  // namespace
 
-TimerForm::TimerForm(const TimerWindowParts& parts, QWidget* parent)
+TimerForm::TimerForm(TimerWindowParts parts, QWidget* parent)
     : QDialog(parent),
-      m_parts(parts),
+      m_parts(std::move(parts)),
       m_durationFrame(controls::Named(new QGroupBox(u"タイマーの指定"_s, this), u"Frame1"_s)),
       m_hours(new controls::NumberBox(u"UpDown1"_s, u"Text1"_s, m_durationFrame)),
       m_minutes(new controls::NumberBox(u"UpDown2"_s, u"Text2"_s, m_durationFrame)),
@@ -38,6 +39,8 @@ TimerForm::TimerForm(const TimerWindowParts& parts, QWidget* parent)
                                          [this] { Command1_Click(); })),
       m_resetButton(controls::MakeButton(u"Command2"_s, u"リセット"_s, this, m_parts.handlers,
                                          [this] { Command2_Click(); })),
+      m_listButton(controls::MakeButton(u"Command4"_s, u"一覧..."_s, this, m_parts.handlers,
+                                        [this] { m_parts.openList(); })),
       m_helpButton(controls::MakeButton(u"Command3"_s, u"ヘルプ"_s, this, m_parts.handlers,
                                         [this] { Command3_Click(); })) {
     setObjectName(u"TimerForm"_s);
@@ -58,6 +61,7 @@ void TimerForm::LayOut() {
     auto* buttons = new QHBoxLayout;
     buttons->addWidget(m_startButton);
     buttons->addWidget(m_resetButton);
+    buttons->addWidget(m_listButton);
     buttons->addStretch(1);
     buttons->addWidget(m_helpButton);
     auto* all = new QVBoxLayout(this);
@@ -68,7 +72,8 @@ void TimerForm::LayOut() {
     setTabOrder(m_seconds, m_repeat);
     setTabOrder(m_repeat, m_startButton);
     setTabOrder(m_startButton, m_resetButton);
-    setTabOrder(m_resetButton, m_helpButton);
+    setTabOrder(m_resetButton, m_listButton);
+    setTabOrder(m_listButton, m_helpButton);
     m_startButton->setDefault(true);
 }
 

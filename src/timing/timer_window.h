@@ -20,6 +20,7 @@ struct TimerWindowParts {
     TimerPanel& panel;
     Handlers& handlers;
     HelpViewer& help;
+    std::function<void()> openList = [] {};  ///< opens the window of all timers
 };
 
 /// The timer window: sets and starts the countdown. Only a view: the countdown continues after it is closed.
@@ -27,7 +28,7 @@ class TimerForm : public QDialog {
     Q_OBJECT
 
 public:
-    TimerForm(const TimerWindowParts& parts, QWidget* parent);
+    TimerForm(TimerWindowParts parts, QWidget* parent);
 
     /// Shows the window, or brings it to the front if it is open.
     void BringUp();
@@ -59,6 +60,7 @@ private:
     QCheckBox* m_repeat;
     QPushButton* m_startButton;
     QPushButton* m_resetButton;
+    QPushButton* m_listButton;
     QPushButton* m_helpButton;
 };
 

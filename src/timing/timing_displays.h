@@ -39,7 +39,10 @@ public:
     void Hide() override;
     void Tick() override { m_tools->TimerTimer().TickNow(); }
     qint64 UntilDue(bool isSeen) const override;
-    void Wake() override { m_tools->TimerTimer().Wake(); }
+    void Wake() override {
+        m_tools->TimerTimer().Wake();
+        m_tools->TimeJumped();
+    }
     void BringUp() override { m_tools->BringUp(); }
     void OpenWindow() override { m_tools->ShowTimerForm(); }
     void CloseWindows() override { m_tools->CloseWindows(); }

@@ -2,6 +2,7 @@
 #include "timing/timing_tools.h"
 
 #include <QScopeGuard>
+#include <algorithm>
 
 #include "timing/log.h"
 
@@ -73,6 +74,29 @@ void TimingTools::StartCountdown(qint32 milliseconds, const QString& name) {
     RefreshTimerForm();
 }
 
+TimerPhase TimingTools::Phase() const {
+    const CountdownState& state = m_countdown.State();
+    if (state.CountdownRunning) {
+        return TimerPhase::Running;
+    }
+    return state.CountdownPausedAt != 0 ? TimerPhase::Paused : TimerPhase::Idle;
+}
+
+qint64 TimingTools::Remaining() const {
+    return std::max<qint64>(0, m_countdown.RemainingNow());
+}
+
+/// The entry is the set time, which the window of the countdown shows too.
+void TimingTools::StartOrStop() {
+    m_timerPanel.StartOrStop(m_timerPanel.CurrentEntry());
+    RefreshTimerForm();
+}
+
+void TimingTools::Reset() {
+    m_timerPanel.Reset(m_timerPanel.CurrentEntry());
+    RefreshTimerForm();
+}
+
 void TimingTools::ShowStopForm() {
     if (!m_stopForm) {
         m_stopForm = std::make_unique<StopForm>(StopwatchWindowParts{.panel = m_stopwatchPanel,
@@ -93,9 +117,11 @@ void TimingTools::ShowStopForm() {
 
 void TimingTools::ShowTimerForm() {
     if (!m_timerForm) {
-        m_timerForm = std::make_unique<TimerForm>(
-            TimerWindowParts{.panel = m_timerPanel, .handlers = m_parts.handlers, .help = m_parts.help},
-            nullptr);
+        m_timerForm = std::make_unique<TimerForm>(TimerWindowParts{.panel = m_timerPanel,
+                                                                   .handlers = m_parts.handlers,
+                                                                   .help = m_parts.help,
+                                                                   .openList = m_parts.openTimers},
+                                                  nullptr);
     }
     PlaceIfClosed(*m_timerForm);
     m_timerForm->BringUp();

@@ -10,6 +10,7 @@
 #include "core/ports/printer.h"
 #include "core/sleeping_timer.h"
 #include "timing/countdown_lines.h"
+#include "timing/main_countdown.h"
 #include "timing/stopwatch_lines.h"
 #include "timing/stopwatch_window.h"
 #include "timing/temporary_texts.h"
@@ -39,11 +40,13 @@ struct TimingParts {
     /// Called when the countdown's notice was opened for a run with this name, and when it was closed.
     std::function<void(const QString& name)> noticeOpened = [](const QString&) {};
     std::function<void()> noticeClosed = [] {};
+    std::function<void()> openTimers = [] {};  ///< opens the window of all timers
+    std::function<void()> timeJumped = [] {};  ///< called when the clock may have been set
 };
 
 /// Stopwatch and countdown combined: rules, lines, the main window's two timers, and the windows, which are
 /// created on first use.
-class TimingTools : public TimerWindows {
+class TimingTools : public TimerWindows, public MainCountdown {
 public:
     TimingTools(const TimingParts& parts, const DisplayView& view);
 
@@ -76,6 +79,15 @@ public:
     bool IsCountdownRunning() const { return m_timerPanel.IsRunning(); }
     /// See TimerPanel::StartNew.
     void StartCountdown(qint32 milliseconds, const QString& name);
+
+    // The row of the countdown in the list of timers.
+    TimerPhase Phase() const override;
+    qint64 Remaining() const override;
+    void StartOrStop() override;
+    void Reset() override;
+
+    /// To be called when the clock was set or the machine has slept.
+    void TimeJumped() { m_parts.timeJumped(); }
 
     void ShowStopForm();
     void ShowTimerForm() override;

@@ -1,0 +1,272 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "timing/timers_window.h"
+
+#include <QAction>
+#include <QHeaderView>
+#include <QInputDialog>
+#include <QVBoxLayout>
+#include <algorithm>
+
+#include "controls/bring_forward.h"
+#include "controls/control_making.h"
+#include "controls/help_key.h"
+#include "controls/screen_fit.h"
+#include "controls/tab_order.h"
+#include "timing/timer_texts.h"
+
+namespace tickwell::timing {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kListRefresh = 200;  // ms, so that a second on the screen is no shorter or longer than others
+constexpr int kPresetsPerRow = 2;
+constexpr int kNameColumn = 0;
+constexpr int kNameEms = 14;  // ems
+
+}  // namespace
+
+TimersForm::TimersForm(const TimersWindowParts& parts, QWidget* parent)
+    : QDialog(parent),
+      m_parts(parts),
+      m_table(controls::Named(new QTableWidget(this), u"List1"_s, u"タイマー"_s)),
+      m_entry(new TimerEntryFrame(parts.handlers, parts.sounds, this)),
+      m_presetFrame(controls::Named(new QGroupBox(u"すぐに始める"_s, this), u"Frame2"_s)),
+      m_presets(new QGridLayout(m_presetFrame)),
+      m_start(ActionButton(1, u"開始"_s, &TimersPanel::Start)),
+      m_pause(ActionButton(2, u"一時停止"_s, &TimersPanel::Pause)),
+      m_reset(ActionButton(3, u"リセット"_s, &TimersPanel::Reset)),
+      m_remove(ActionButton(4, u"削除"_s, &TimersPanel::Remove)),
+      m_add(controls::MakeButton(u"Command5"_s, u"追加"_s, this, parts.handlers,
+                                 [this] {
+                                     Act([this] {
+                                         const qint64 id = m_parts.panel.Add(m_entry->Plan());
+                                         m_entry->ForgetName();
+                                         ShowRows();
+                                         Select(id);
+                                     });
+                                 })),
+      m_keep(controls::MakeButton(u"Command6"_s, u"今の設定を登録..."_s, this, parts.handlers,
+                                  [this] { AskPresetName(); })),
+      m_helpButton(controls::MakeButton(u"Command7"_s, u"ヘルプ"_s, this, parts.handlers,
+                                        [this] { m_parts.help.ShowTopic(kHelpTimers); })),
+      m_closeButton(
+          controls::MakeButton(u"Command8"_s, u"閉じる"_s, this, parts.handlers, [this] { close(); })),
+      m_seconds(parts.handlers.MakeTimer(parts.timers, kListRefresh, [this] { RefreshForm(); })) {
+    setObjectName(u"TimersForm"_s);
+    setWindowTitle(u"タイマー一覧"_s);
+    MakeTable();
+    LayOut();
+    controls::OpenHelpByKey(*this, m_parts.handlers, m_parts.help, kHelpTimers);
+    m_parts.handlers.Connect(m_table, &QTableWidget::itemSelectionChanged, this, [this] { ShowActions(); });
+}
+
+QPushButton* TimersForm::ActionButton(int index, const QString& caption, Action action) {
+    return controls::MakeButton(u"Command%1"_s.arg(index), caption, this, m_parts.handlers, [this, action] {
+        Act([this, action] { (m_parts.panel.*action)(Selected()); });
+    });
+}
+
+void TimersForm::MakeTable() {
+    m_table->setColumnCount(4);
+    m_table->setHorizontalHeaderLabels({u"名前"_s, u"残り"_s, u"終わる時刻"_s, u"状態"_s});
+    m_table->setSelectionMode(QTableWidget::SingleSelection);
+    m_table->setSelectionBehavior(QTableWidget::SelectRows);
+    m_table->setEditTriggers(QTableWidget::NoEditTriggers);
+    m_table->setTabKeyNavigation(false);
+    m_table->setWordWrap(false);
+    m_table->setShowGrid(false);
+    m_table->setCornerButtonEnabled(false);
+    m_table->verticalHeader()->hide();
+    QHeaderView* header = m_table->horizontalHeader();
+    header->setSectionsClickable(false);
+    header->setHighlightSections(false);
+    header->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    header->setSectionResizeMode(QHeaderView::ResizeToContents);
+    header->setSectionResizeMode(kNameColumn, QHeaderView::Stretch);
+    header->setMinimumSectionSize(4 * fontMetrics().height());
+    const int row = fontMetrics().height() + 4;
+    m_table->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    m_table->verticalHeader()->setMinimumSectionSize(row);
+    m_table->verticalHeader()->setDefaultSectionSize(row);
+    m_table->setMinimumHeight(header->sizeHint().height() + 4 * row + 2 * m_table->frameWidth());
+    m_table->setMinimumWidth((kNameEms + 18) * fontMetrics().height());
+    m_table->setSizeAdjustPolicy(QTableWidget::AdjustIgnored);
+}
+
+QHBoxLayout* TimersForm::RowButtons() {
+    auto* row = new QHBoxLayout;
+    for (QPushButton* button : {m_start, m_pause, m_reset, m_remove}) {
+        row->addWidget(button);
+    }
+    row->addStretch(1);
+    return row;
+}
+
+QHBoxLayout* TimersForm::AddingButtons() {
+    auto* row = new QHBoxLayout;
+    row->addWidget(m_add);
+    row->addWidget(m_keep);
+    row->addStretch(1);
+    row->addWidget(m_helpButton);
+    row->addWidget(m_closeButton);
+    return row;
+}
+
+void TimersForm::LayOut() {
+    m_allRows = new QVBoxLayout(this);
+    QVBoxLayout* all = m_allRows;
+    all->addWidget(m_table, 1);
+    all->addLayout(RowButtons());
+    all->addWidget(m_presetFrame);
+    all->addWidget(m_entry);
+    all->addLayout(AddingButtons());
+    m_add->setDefault(true);
+    MakePresets();
+}
+
+void TimersForm::MakePresets() {
+    const QList<TimerPreset>& presets = m_parts.panel.Presets();
+    if (m_shownPresets == presets && !presets.isEmpty()) {
+        return;
+    }
+    m_shownPresets = presets;
+    while (QLayoutItem* item = m_presets->takeAt(0)) {
+        item->widget()->setParent(nullptr);
+        item->widget()->deleteLater();  // not at once: its own menu may have removed it
+        delete item;
+    }
+    for (qsizetype i = 0; i < presets.size(); ++i) {
+        const int index = static_cast<int>(i);
+        m_presets->addWidget(PresetButton(presets[i], index), index / kPresetsPerRow, index % kPresetsPerRow);
+    }
+    m_presetFrame->setVisible(!presets.isEmpty());
+    controls::TabInLayoutOrder(*this);
+}
+
+QPushButton* TimersForm::PresetButton(const TimerPreset& preset, int index) {
+    const QString caption = PlanText(preset.plan);
+    auto* button = controls::MakeButton(
+        controls::Indexed(u"Preset"_s, index),
+        fontMetrics().elidedText(caption, Qt::ElideRight, kNameEms * fontMetrics().height()), m_presetFrame,
+        m_parts.handlers, [this, preset] {
+            Act([this, &preset] {
+                const qint64 id = m_parts.panel.StartPreset(preset);
+                ShowRows();
+                Select(id);
+            });
+        });
+    button->setAccessibleName(caption);
+    button->setAutoDefault(false);
+    auto* remove = new QAction(u"この登録を消す"_s, button);
+    button->addAction(remove);
+    button->setContextMenuPolicy(Qt::ActionsContextMenu);
+    m_parts.handlers.Connect(remove, &QAction::triggered, this,
+                             [this, id = preset.id] { Act([this, id] { m_parts.panel.RemovePreset(id); }); });
+    return button;
+}
+
+void TimersForm::MakeRoom() {
+    controls::ScrollIfTooHigh(*m_allRows, 1, controls::RoomFor(*this));
+}
+
+void TimersForm::BringUp() {
+    if (!isVisible()) {
+        RefreshForm();
+        if (Selected() < 0) {
+            Select(kMainRow);
+        }
+        m_table->setFocus();
+        m_seconds->Start();
+    }
+    controls::BringForward(*this);
+}
+
+void TimersForm::done(int result) {
+    m_seconds->Stop();
+    QDialog::done(result);
+}
+
+void TimersForm::RefreshForm() {
+    MakePresets();
+    ShowRows();
+    ShowActions();
+}
+
+/// Writes only what has changed: a screen reader reads each change.
+void TimersForm::ShowRows() {
+    const QList<ShownTimer> rows = m_parts.panel.Rows();
+    if (rows == m_rows) {
+        return;
+    }
+    const qint64 selected = Selected();
+    const bool isOther = !std::equal(rows.begin(), rows.end(), m_rows.begin(), m_rows.end(),
+                                     [](const ShownTimer& a, const ShownTimer& b) { return a.id == b.id; });
+    m_rows = rows;
+    m_table->setRowCount(static_cast<int>(rows.size()));
+    for (int row = 0; row < m_table->rowCount(); ++row) {
+        for (int column = 0; column < m_table->columnCount(); ++column) {
+            const QString& text = rows[row].texts[column];
+            if (QTableWidgetItem* item = m_table->item(row, column); item == nullptr) {
+                m_table->setItem(row, column, new QTableWidgetItem(text));
+            } else if (item->text() != text) {
+                item->setText(text);
+            }
+        }
+    }
+    if (isOther) {
+        Select(selected);
+    }
+}
+
+void TimersForm::ShowActions() {
+    const TimerActions actions = m_parts.panel.ActionsOf(Selected());
+    m_start->setEnabled(actions.starts);
+    m_pause->setEnabled(actions.pauses);
+    m_reset->setEnabled(actions.resets);
+    m_remove->setEnabled(actions.removes);
+    m_add->setEnabled(m_parts.panel.HasRoom());
+}
+
+/// -1 if no row is selected.
+qint64 TimersForm::Selected() const {
+    const int row = m_table->currentRow();
+    return row >= 0 && row < m_rows.size() ? m_rows[row].id : -1;
+}
+
+/// If the timer is gone, the row that took its place is selected.
+void TimersForm::Select(qint64 id) {
+    const auto found =
+        std::find_if(m_rows.begin(), m_rows.end(), [id](const ShownTimer& row) { return row.id == id; });
+    const auto row = found != m_rows.end() ? static_cast<int>(found - m_rows.begin())
+                                           : std::min(m_table->currentRow(), m_table->rowCount() - 1);
+    m_table->selectRow(std::max(row, 0));
+}
+
+/// The window follows even if the action failed: part of it may be done.
+void TimersForm::Act(const std::function<void()>& action) {
+    m_parts.handlers.Run(action, this);
+    RefreshForm();
+    m_parts.changed();
+}
+
+void TimersForm::AskPresetName() {
+    const TimerPlan plan = m_entry->Plan();
+    auto* dialog = new QInputDialog(this);
+    dialog->setObjectName(u"PresetNameDialog"_s);
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    dialog->setWindowTitle(u"今の設定を登録"_s);
+    dialog->setLabelText(LengthText(plan.milliseconds) + u"のタイマーの名前"_s);
+    dialog->setTextValue(plan.name);
+    dialog->setOkButtonText(u"登録"_s);
+    dialog->setCancelButtonText(u"キャンセル"_s);
+    connect(dialog, &QInputDialog::textValueSelected, this, [this, plan](const QString& name) {
+        TimerPlan named = plan;
+        named.name = name;
+        Act([this, &named] { m_parts.panel.AddPreset(named); });
+    });
+    dialog->open();
+}
+
+}  // namespace tickwell::timing
