@@ -2,12 +2,12 @@
 #include "days/holiday_list_file.h"
 
 #include <QFile>
-#include <QSaveFile>
 #include <algorithm>
 
 #include "core/days_off.h"
 #include "core/errors.h"
 #include "core/regular_file.h"
+#include "core/saved_file.h"
 #include "days/log.h"
 
 namespace tickwell::days {
@@ -96,9 +96,8 @@ QString HolidayListFile::Replace(const QString& path) {
     if (const auto* problem = std::get_if<HolidayListProblem>(&result)) {
         throw FileError(u"祝日データを読み込めません。"_s, path, ProblemText(*problem));
     }
-    QSaveFile copy(Path());
-    if (!copy.open(QIODevice::WriteOnly) || copy.write(file.bytes) != file.bytes.size() || !copy.commit()) {
-        throw FileError(u"祝日データを保存できません。"_s, Path(), copy.errorString());
+    if (const QString reason = SaveFile(Path(), file.bytes); !reason.isEmpty()) {
+        throw FileError(u"祝日データを保存できません。"_s, Path(), reason);
     }
     m_kept = Kept{.list = std::get<HolidayList>(std::move(result)), .problem = {}};
     return HolidayReport(*m_kept->list);

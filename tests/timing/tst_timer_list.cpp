@@ -1,60 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <QTest>
 
-#include "timing/hand_time.h"
-#include "timing/kept_timers.h"
-#include "timing/timer_list.h"
+#include "timing/timer_list_bench.h"
 
 using namespace tickwell;
 using namespace tickwell::timing;
 using namespace Qt::StringLiterals;
-
-namespace {
-
-constexpr qint64 kMinute = 60'000;
-
-const TimerPlan kTea{.name = u"紅茶"_s, .milliseconds = 4 * kMinute, .sound = u"TKW01.wav"_s};
-const TimerPlan kWork{.name = u"集中"_s,
-                      .milliseconds = 25 * kMinute,
-                      .nextName = u"休憩"_s,
-                      .nextMilliseconds = 5 * kMinute,
-                      .sound = u"TKW00.wav"_s};
-
-struct Bench {
-    HandTime time;
-    KeptTimersInMemory store;
-    TimerList list{time, store};
-
-    Bench() { time.since = 307'000; }
-
-    /// Both clocks advance.
-    void Pass(qint64 milliseconds) {
-        time.since += milliseconds;
-        time.now = time.now.addMSecs(milliseconds);
-    }
-
-    /// Ends the program and starts it again on a machine that has just booted.
-    TimerList Restarted(qint64 away) {
-        Pass(away);
-        time.since = 40'000;
-        TimerList next(time, store);
-        next.Load();
-        return next;
-    }
-
-    TimerPhase Phase(qint64 id) const { return list.Find(id)->kept.phase; }
-    qint64 Remaining(qint64 id) const { return list.Remaining(*list.Find(id)); }
-};
-
-QStringList Names(const DueTimers& due) {
-    QStringList names;
-    for (const TimerEnd& end : due.ends) {
-        names.append(end.name);
-    }
-    return names;
-}
-
-}  // namespace
 
 /// The list of timers on the clock.
 class TstTimerList : public QObject {
@@ -76,13 +27,8 @@ private Q_SLOTS:
     void AClockSetBackWhileAwayMakesNoTimerLonger();
     void APauseSurvivesARestart();
     void AnEndIsToldAgain();
-    void ToldAgainAfterARestart();
     void AStartForgetsWhatWasToBeToldAgain();
-    void TwentyTimersAtMost();
-    void AFailedStoreChangesNothing();
-    void AnEndIsToldOnceThoughItCannotBeStored();
     void ARemovedTimerDoesNotEnd();
-    void PresetsAreKept();
     void ATimerThatIsDueCannotBePaused();
 };
 
@@ -305,19 +251,6 @@ void TstTimerList::AnEndIsToldAgain() {
     QVERIFY(bench.list.TakeDue().ends.isEmpty());
 }
 
-void TstTimerList::ToldAgainAfterARestart() {
-    Bench bench;
-    const qint64 tea = bench.list.Add(kTea);
-    bench.list.Start(tea);
-    bench.Pass(4 * kMinute);
-    bench.list.TakeDue();
-    bench.list.TellAgain({tea}, 5 * kMinute);
-    TimerList next = bench.Restarted(3 * kMinute);
-    QCOMPARE(next.UntilDue(), 2 * kMinute);
-    bench.Pass(2 * kMinute);
-    QCOMPARE(Names(next.TakeDue()), QStringList(u"紅茶"_s));
-}
-
 void TstTimerList::AStartForgetsWhatWasToBeToldAgain() {
     Bench bench;
     const qint64 tea = bench.list.Add(kTea);
@@ -327,48 +260,6 @@ void TstTimerList::AStartForgetsWhatWasToBeToldAgain() {
     bench.list.TellAgain({tea}, kMinute);
     bench.list.Reset(tea);
     QVERIFY(!bench.list.UntilDue());
-}
-
-void TstTimerList::TwentyTimersAtMost() {
-    Bench bench;
-    for (int i = 0; i < 20; ++i) {
-        bench.list.Add(kTea);
-    }
-    QVERIFY_THROWS_EXCEPTION(RunTimeError, bench.list.Add(kTea));
-    QCOMPARE(bench.list.Rows().size(), 20U);
-    QCOMPARE(bench.store.kept.timers.size(), 20);
-}
-
-void TstTimerList::AFailedStoreChangesNothing() {
-    Bench bench;
-    const qint64 tea = bench.list.Add(kTea);
-    const qint64 other = bench.list.Add(kWork);
-    bench.list.Start(other);
-    bench.store.isFull = true;
-    QVERIFY_THROWS_EXCEPTION(RunTimeError, bench.list.Start(tea));
-    QVERIFY_THROWS_EXCEPTION(RunTimeError, bench.list.Pause(other));
-    QVERIFY_THROWS_EXCEPTION(RunTimeError, bench.list.Reset(other));
-    QVERIFY_THROWS_EXCEPTION(RunTimeError, bench.list.Remove(other));
-    QVERIFY_THROWS_EXCEPTION(RunTimeError, bench.list.Add(kTea));
-    QVERIFY_THROWS_EXCEPTION(RunTimeError, bench.list.AddPreset(kTea));
-    QVERIFY_THROWS_EXCEPTION(RunTimeError, bench.list.TellAgain({tea}, kMinute));
-    QCOMPARE(bench.Phase(tea), TimerPhase::Idle);
-    QCOMPARE(bench.Phase(other), TimerPhase::Running);
-    QCOMPARE(bench.list.Rows().size(), 2U);
-    QVERIFY(bench.list.Presets().isEmpty());
-    QCOMPARE(bench.list.UntilDue(), 25 * kMinute);
-}
-
-void TstTimerList::AnEndIsToldOnceThoughItCannotBeStored() {
-    Bench bench;
-    const qint64 tea = bench.list.Add(kTea);
-    bench.list.Start(tea);
-    bench.Pass(4 * kMinute);
-    bench.store.isFull = true;
-    const DueTimers due = bench.list.TakeDue();
-    QCOMPARE(Names(due), QStringList(u"紅茶"_s));
-    QCOMPARE(due.failure, u"full"_s);
-    QVERIFY(bench.list.TakeDue().ends.isEmpty());
 }
 
 void TstTimerList::ARemovedTimerDoesNotEnd() {
@@ -383,16 +274,6 @@ void TstTimerList::ARemovedTimerDoesNotEnd() {
     bench.Pass(5 * kMinute);
     QVERIFY(bench.list.TakeDue().ends.isEmpty());
     QVERIFY(bench.store.kept.timers.isEmpty());
-}
-
-void TstTimerList::PresetsAreKept() {
-    Bench bench;
-    bench.list.AddPreset(kTea);
-    bench.list.AddPreset(kWork);
-    bench.list.RemovePreset(bench.list.Presets().front().id);
-    TimerList next = bench.Restarted(0);
-    QCOMPARE(next.Presets().size(), 1);
-    QCOMPARE(next.Presets().front().plan, kWork);
 }
 
 void TstTimerList::ATimerThatIsDueCannotBePaused() {
