@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "shell/window_keys.h"
 
-#include <QGuiApplication>
+#include <QApplication>
 #include <QScreen>
+#include <QWindow>
 #include <utility>
 
 #include "shell/key_step.h"
@@ -64,6 +65,20 @@ bool WindowKeys::eventFilter(QObject* watched, QEvent* event) {
 void WindowKeys::MenuHidden() {
     if (std::exchange(m_escaped, false) && m_settings.movesWindow) {
         m_focus.GiveBack();
+        return;
+    }
+    QMetaObject::invokeMethod(this, &WindowKeys::NoticeFocus, Qt::QueuedConnection);  // once it is closed
+}
+
+/// Qt's widgets ignore an activation while a popup is open, and it is not repeated afterwards: the keyboard
+/// would belong to the window, but it would remain inactive and silent for screen readers.
+void WindowKeys::NoticeFocus() {
+    const QWindow* focused = QGuiApplication::focusWindow();
+    if (focused != nullptr && focused == m_window.windowHandle() && !m_window.isActiveWindow()) {
+        QT_WARNING_PUSH
+        QT_WARNING_DISABLE_DEPRECATED  // Qt has no other call that does not ask the window manager again
+            QApplication::setActiveWindow(&m_window);
+        QT_WARNING_POP
     }
 }
 

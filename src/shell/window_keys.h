@@ -11,7 +11,8 @@
 namespace tickwell::shell {
 
 /// The keys that move and resize the main window, and that return the focus to the window that had it before,
-/// if enabled in the settings. Closing the menu with Esc returns the focus as well.
+/// if enabled in the settings. Closing the menu with Esc returns the focus as well. Without these settings,
+/// it still lets the window notice a focus that it received while the menu was open.
 class WindowKeys : public QObject {
 public:
     /// All outlive this object. `beforeStep` is called before each change of the window's geometry.
@@ -32,6 +33,7 @@ public:
 private:
     bool Step(const QKeyEvent& event);
     void MenuHidden();
+    void NoticeFocus();
 
     QWidget& m_window;
     const KeyboardSettings& m_settings;

@@ -46,6 +46,7 @@ private Q_SLOTS:
     void EscInTheMenuReturnsTheFocus();
     void AChosenItemKeepsTheFocus();
     void AClosedSubmenuKeepsTheFocus();
+    void AFocusThatCameWithTheMenuOpenIsNoticed();
     void TheSettingsSwitchThem();
     void F1OpensTheHelp();
     void TheMenuHasAccessKeysOnlyIfChosen();
@@ -135,6 +136,20 @@ void TstWindowKeys::AClosedSubmenuKeepsTheFocus() {
     QVERIFY(!tools->isVisible());
     menu.close();
     QCOMPARE(bench.focus.returns, 0);
+}
+
+/// As when the menu is opened by a command and the window manager is slow to give the window the focus.
+void TstWindowKeys::AFocusThatCameWithTheMenuOpenIsNoticed() {
+    const KeysBench bench(false);
+    QWidget other;
+    other.show();
+    QVERIFY(QTest::qWaitForWindowActive(&other));
+    QMenu& menu = bench.OpenMenu();
+    bench.form->windowHandle()->requestActivate();
+    QTRY_COMPARE(QGuiApplication::focusWindow(), bench.form->windowHandle());
+    QVERIFY(!bench.form->isActiveWindow());
+    menu.close();
+    QTRY_VERIFY(bench.form->isActiveWindow());
 }
 
 void TstWindowKeys::TheSettingsSwitchThem() {

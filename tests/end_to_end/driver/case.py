@@ -12,7 +12,7 @@ ARTIFACTS_VARIABLE = "TICKWELL_ARTIFACTS"
 
 class TickwellCase(unittest.TestCase):
     """Gives each test a private desktop as `self.session`, which is closed however the test ends. For a failing test, a
-    screenshot and the output of its programs are saved in the folder named by TICKWELL_ARTIFACTS."""
+    screenshot and the session's logs are saved in the folder named by TICKWELL_ARTIFACTS."""
 
     window_manager = ("openbox",)  # its command; None for a bare X server
 
@@ -42,9 +42,9 @@ class TickwellCase(unittest.TestCase):
             return
         self._kept = True
         Path(folder).mkdir(parents=True, exist_ok=True)
-        for program in self.session.programs:
-            log = Path(folder, f"{self.id()}-{program.log.name}")
-            log.write_text(program.output(), encoding="utf-8")
+        for written in sorted(self.session.directory.glob("*.log")):
+            log = Path(folder, f"{self.id()}-{written.name}")
+            log.write_bytes(written.read_bytes())
             print(f"\n{self.id()} left {log}")
         picture = Path(folder, f"{self.id()}.png")
         self.session.screenshot(picture)
