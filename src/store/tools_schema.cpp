@@ -60,7 +60,8 @@ KeptTimer TimerOf(const SqliteStatement& row) {
     RequireTools(IsLength(row.Integer(9), 0));
     constexpr qint64 kEndOfTime = 253'402'300'800'000;  // the year 10000
     for (const int column : {8, 10}) {
-        RequireTools(row.Integer(column) >= 0 && row.Integer(column) < kEndOfTime);
+        // Before 1970 they are negative.
+        RequireTools(row.Integer(column) > -kEndOfTime && row.Integer(column) < kEndOfTime);
     }
     return {.id = row.Integer(0),
             .plan = plan,

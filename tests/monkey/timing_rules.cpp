@@ -2,9 +2,11 @@
 // Stopwatch and timer: captions and enabled state of their buttons, and the reading while they run.
 #include <QCheckBox>
 #include <QLabel>
+#include <QListWidget>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QSpinBox>
+#include <QTableWidget>
 #include <algorithm>
 #include <limits>
 #include <optional>
@@ -127,6 +129,37 @@ void CheckNotice(const Scene& scene, Complaints& complaints) {
     }
 }
 
+/// The list of timers: the countdown first, which cannot be removed, and no more rows than there may be.
+void CheckTimers(const Scene& scene, Complaints& complaints) {
+    const QWidget* form = scene.Window(u"TimersForm"_s);
+    if (form == nullptr) {
+        return;
+    }
+    const auto& table = ChildOf<QTableWidget>(*form, u"List1"_s);
+    const int timers = table.rowCount() - 1;
+    complaints.Met(u"TimersForm with %1 timers"_s.arg(timers));
+    complaints.Unless(timers >= 0 && timers <= kMostTimers, u"%1 timers are listed"_s.arg(timers));
+    complaints.Unless(table.item(0, 0)->text() == u"メイン",
+                      u"the first timer is " + table.item(0, 0)->text());
+    CheckEnabled(*form, {u"Command4"_s}, table.currentRow() > 0, complaints);
+    CheckEnabled(*form, {u"Command5"_s}, timers < kMostTimers, complaints);
+    for (int row = 0; row < table.rowCount(); ++row) {
+        const QString state = table.item(row, 3)->text();
+        complaints.Met(u"a timer is "_s + state.section(u'（', 0, 0));
+        complaints.Unless(state.startsWith(u"動作中") == !table.item(row, 2)->text().isEmpty(),
+                          u"timer %1 ends at %2 and is %3"_s.arg(row).arg(table.item(row, 2)->text(), state));
+    }
+}
+
+void CheckTimersNotice(const Scene& scene, Complaints& complaints) {
+    if (const QWidget* form = scene.Window(u"TimersNotice"_s)) {
+        const int lines = ChildOf<QListWidget>(*form, u"List1"_s).count();
+        complaints.Met(u"TimersNotice"_s);
+        complaints.Unless(lines > 0, u"the notice of timers is empty"_s);
+        CheckEnabled(*form, {u"Command1"_s, u"Command2"_s}, true, complaints);
+    }
+}
+
 }  // namespace
 
 void CheckTiming(const Scene& scene, Complaints& complaints) {
@@ -134,6 +167,8 @@ void CheckTiming(const Scene& scene, Complaints& complaints) {
     CheckTimer(scene, complaints);
     CheckReading(scene, complaints);
     CheckNotice(scene, complaints);
+    CheckTimers(scene, complaints);
+    CheckTimersNotice(scene, complaints);
 }
 
 }  // namespace tickwell
