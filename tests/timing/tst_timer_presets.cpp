@@ -74,7 +74,7 @@ void TstTimerPresets::ARemovedPresetKeepsNoFocus() {
     bench.Button("Preset(0)").setFocus();
     QCOMPARE(bench.Form().focusWidget(), removed);
     bench.AskForMenu("Preset(0)");
-    bench.Form().findChild<QMenu*>(u"PresetMenu"_s)->actions().constFirst()->trigger();
+    bench.The<TimersForm, QMenu>("PresetMenu").actions().constFirst()->trigger();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     QCOMPARE(bench.store.kept.presets.size(), 1);
     QVERIFY(bench.Form().focusWidget() != removed);
