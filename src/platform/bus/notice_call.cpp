@@ -9,7 +9,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// As the specification of desktop notifications numbers them
+// The urgency levels of the Desktop Notifications protocol
 constexpr uchar kNormal = 1;
 constexpr uchar kCritical = 2;
 
