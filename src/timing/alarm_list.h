@@ -12,11 +12,11 @@ namespace tickwell::timing {
 /// An alarm that is to be told.
 struct AlarmCall {
     qint64 id = 0;
-    QString name;
+    QString name{};
     qint64 at = 0;      ///< ms since 1970 in UTC, the time of the alarm; also if it rings again
     qint64 ago = 0;     ///< ms since it should have rung, 0 or more
     bool rings = true;  ///< false if it is too late for that
-    QString sound;
+    QString sound{};
     int ringSeconds = 0;
     int snoozeMinutes = 0;
 
