@@ -3,11 +3,9 @@
 
 #include <QButtonGroup>
 #include <QCheckBox>
-#include <QDateEdit>
 #include <QGroupBox>
 #include <QLineEdit>
 #include <QSpinBox>
-#include <QTimeEdit>
 #include <array>
 
 #include "core/handlers.h"
@@ -24,27 +22,34 @@ public:
     /// `handlers` and `sounds` outlive it.
     AlarmEntryFrame(Handlers& handlers, const TimerSounds& sounds, QWidget* parent);
 
-    /// Shows an alarm. The days that can be chosen for one that rings once begin with `today`.
+    /// Shows an alarm. One that rings once can be set to this year and the next.
     void Show(const KeptAlarm& alarm, QDate today);
 
-    /// What is set, including what is still being typed. The name may be empty.
+    /// What is set, including what is still being typed. The name may be empty, and the day of an alarm that
+    /// rings once may not exist.
     KeptAlarm Alarm();
 
 private:
-    QHBoxLayout* NameRow();
+    QHBoxLayout* TimeRow();
     QHBoxLayout* DaysRow();
     QHBoxLayout* WeekdaysRow();
+    QHBoxLayout* DateRow();
     QHBoxLayout* RingRow();
-    QSpinBox* AddNumberBox(QHBoxLayout& row, int index, const QString& caption, const QString& unit);
+    QSpinBox* AddNumberBox(QHBoxLayout& row, const QString& caption, const QString& unit, int least,
+                           int most);
     AlarmDays Days() const { return static_cast<AlarmDays>(m_days->checkedId()); }
     void ShowDays();
 
     QLineEdit* m_name;  // the controls are owned by the frame
-    QTimeEdit* m_time;
     QButtonGroup* m_days;
-    QDateEdit* m_once;
-    std::array<QCheckBox*, 7> m_weekdays{};
     QCheckBox* m_silentOnDaysOff;
+    std::array<QCheckBox*, 7> m_weekdays{};
+    QList<QSpinBox*> m_numbers;  // those that follow
+    QSpinBox* m_hour = nullptr;
+    QSpinBox* m_minute = nullptr;
+    QSpinBox* m_year = nullptr;
+    QSpinBox* m_month = nullptr;
+    QSpinBox* m_day = nullptr;
     QSpinBox* m_ringSeconds = nullptr;
     QSpinBox* m_snoozeMinutes = nullptr;
     SoundChoice m_sound;

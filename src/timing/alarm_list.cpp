@@ -72,12 +72,12 @@ AlarmList::Row* AlarmList::ToChange(qint64 id) {
     return row == nullptr ? nullptr : &m_rows[static_cast<std::size_t>(row - m_rows.data())];
 }
 
-std::optional<Ring> AlarmList::NextTime(const KeptAlarm& kept) const {
+std::optional<Ring> AlarmList::NextFromNow(const KeptAlarm& kept) const {
     return NextRingOf(kept, std::max(kept.handled, AlarmNow()), m_local);
 }
 
 std::optional<Ring> AlarmList::NextOf(const Row& row) const {
-    return row.kept.isOn ? NextTime(row.kept) : std::nullopt;
+    return row.kept.isOn ? NextFromNow(row.kept) : std::nullopt;
 }
 
 bool AlarmList::IsNextSkipped(const Row& row) const {
@@ -146,7 +146,7 @@ void AlarmList::SkipNext(qint64 id, bool skips) {
     }
     KeptAlarm kept = row->kept;
     kept.skipped = QDate();
-    if (const std::optional<Ring> next = NextTime(kept); skips && next) {
+    if (const std::optional<Ring> next = NextFromNow(kept); skips && next) {
         kept.skipped = next->day;
     }
     Update(kept);
@@ -177,18 +177,28 @@ void AlarmList::Snooze(const QList<qint64>& ids) {
     }
 }
 
+/// The next time after what was handled, whether it rings then or is silent.
+std::optional<Ring> AlarmList::NextTimeOfDay(const KeptAlarm& kept) const {
+    KeptAlarm everyDay = kept;
+    everyDay.skipped = QDate();
+    return NextRingOf(everyDay, kept.handled, m_everyDay);
+}
+
 /// Marks all times up to now as handled; returns the last of them at which the alarm was to ring.
 std::optional<Ring> AlarmList::Passed(KeptAlarm& kept) const {
     const qint64 now = AlarmNow();
     std::vector<Ring> times;
-    for (auto time = NextRingOf(kept, kept.handled, m_everyDay); time && time->at <= now;
-         time = NextRingOf(kept, kept.handled, m_everyDay)) {
+    for (auto time = NextTimeOfDay(kept); time && time->at <= now; time = NextTimeOfDay(kept)) {
         kept.handled = time->at;
         times.push_back(*time);
     }
     const auto last = std::find_if(times.rbegin(), times.rend(), [this, &kept](const Ring& time) {
-        return !kept.silentOnDaysOff || !m_local.isOff(time.day);
+        return time.day != kept.skipped && !(kept.silentOnDaysOff && m_local.isOff(time.day));
     });
+    if (std::any_of(times.begin(), times.end(),
+                    [&kept](const Ring& time) { return time.day == kept.skipped; })) {
+        kept.skipped = QDate();
+    }
     return last == times.rend() ? std::nullopt : std::optional(*last);
 }
 
@@ -246,7 +256,7 @@ std::optional<qint64> AlarmList::UntilDue() const {
     const auto consider = [&next](qint64 until) { next = next ? std::min(*next, until) : until; };
     for (const Row& row : m_rows) {
         const KeptAlarm& kept = row.kept;
-        if (const auto time = kept.isOn ? NextRingOf(kept, kept.handled, m_everyDay) : std::nullopt) {
+        if (const auto time = kept.isOn ? NextTimeOfDay(kept) : std::nullopt) {
             consider(time->at - AlarmNow());
         }
         if (kept.againAt != 0) {

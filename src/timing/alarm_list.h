@@ -93,7 +93,8 @@ private:
     KeptAlarm AsSet(const KeptAlarm& alarm, qint64 id) const;
     qint64 AlarmNow() const { return m_clock.Now().toMSecsSinceEpoch(); }
     qint64 HandledUntil(const KeptAlarm& kept) const;
-    std::optional<Ring> NextTime(const KeptAlarm& kept) const;
+    std::optional<Ring> NextFromNow(const KeptAlarm& kept) const;
+    std::optional<Ring> NextTimeOfDay(const KeptAlarm& kept) const;
     std::optional<Ring> Passed(KeptAlarm& kept) const;
     std::optional<AlarmCall> CallOf(Row& row) const;
 

@@ -37,6 +37,7 @@ private Q_SLOTS:
     void TheNextRingIsSkippedOnce();
     void SkippingIsTakenBack();
     void ASkippedRingIsNotMissed();
+    void TwoAreSkippedInTurn();
     void WhatPassedWhileItWasOffIsNotMadeUp();
     void AChangeBeginsNow();
     void TwoAlarmsOfOneMinute();
@@ -294,6 +295,23 @@ void TstAlarmList::ASkippedRingIsNotMissed() {
     bench.list.SkipNext(id, true);
     AlarmList next = bench.Restarted(12 * 60 * kMinute);  // 9:05:07
     QVERIFY(next.TakeDue().calls.isEmpty());
+}
+
+void TstAlarmList::TwoAreSkippedInTurn() {
+    AlarmBench bench;
+    const qint64 id = bench.list.Add(AlarmAt(7, 0));
+    bench.list.SkipNext(id, true);
+    bench.PassUntil(u"1998-11-16T07:00:00"_s);
+    QCOMPARE(bench.list.UntilDue(), 0);
+    QVERIFY(bench.list.TakeDue().calls.isEmpty());
+    bench.PassUntil(u"1998-11-16T07:05:00"_s);
+    bench.list.SkipNext(id, true);
+    QCOMPARE(bench.Next(id), u"11/18 7:00"_s);
+    QVERIFY(bench.list.TakeDue().calls.isEmpty());
+    bench.list.SkipNext(id, false);
+    QVERIFY(bench.list.TakeDue().calls.isEmpty());
+    bench.PassUntil(u"1998-11-17T07:00:00"_s);
+    QCOMPARE(Told(bench.list.TakeDue()), kRings);
 }
 
 void TstAlarmList::WhatPassedWhileItWasOffIsNotMadeUp() {
