@@ -4,6 +4,7 @@
 #include <QLabel>
 #include <QRadioButton>
 #include <QVBoxLayout>
+#include <algorithm>
 
 #include "controls/control_making.h"
 #include "controls/number_box.h"
@@ -17,41 +18,38 @@ namespace {
 
 constexpr std::array kDayChoices{u"毎日", u"平日", u"曜日を選ぶ", u"一度だけ"};  // as AlarmDays
 constexpr QStringView kLettersOfWeek = u"月火水木金土日";
-constexpr int kDaysToChoose = 730;  // as far as the rule of alarms looks ahead
+constexpr int kLastHour = 23;
+constexpr int kLastMinute = 59;
+constexpr int kMonths = 12;
+constexpr int kLongestMonth = 31;
 
 }  // namespace
 
 AlarmEntryFrame::AlarmEntryFrame(Handlers& handlers, const TimerSounds& sounds, QWidget* parent)
     : QGroupBox(u"アラームの設定"_s, parent),
       m_name(controls::Named(new QLineEdit(this), u"Text1"_s)),
-      m_time(controls::Named(new QTimeEdit(this), u"Time1"_s)),
       m_days(new QButtonGroup(this)),
-      m_once(controls::Named(new QDateEdit(this), u"Date1"_s, u"一度だけ鳴らす日"_s)),
       m_silentOnDaysOff(controls::Named(new QCheckBox(u"休みの日は鳴らさない"_s, this), u"Check2"_s)),
       m_sound(handlers, sounds, this) {
     setObjectName(u"Frame1"_s);
     m_name->setMaxLength(kLongestTimerName);
-    m_time->setDisplayFormat(u"H:mm"_s);
-    m_once->setDisplayFormat(u"yyyy/MM/dd"_s);
-    m_once->setCalendarPopup(true);
     auto* rows = new QVBoxLayout(this);
-    rows->addLayout(NameRow());
+    rows->addLayout(TimeRow());
     rows->addLayout(DaysRow());
     rows->addLayout(WeekdaysRow());
+    rows->addLayout(DateRow());
     rows->addWidget(m_silentOnDaysOff);
     rows->addLayout(m_sound.MakeRow());
     rows->addLayout(RingRow());
     handlers.Connect(m_days, &QButtonGroup::idClicked, this, [this] { ShowDays(); });
 }
 
-QHBoxLayout* AlarmEntryFrame::NameRow() {
-    QLabel* time = controls::MakeLabel(u"Label1"_s, u"時刻"_s, this);
-    QLabel* name = controls::MakeLabel(u"Label2"_s, u"名前"_s, this);
-    time->setBuddy(m_time);
+QHBoxLayout* AlarmEntryFrame::TimeRow() {
+    QLabel* name = controls::MakeLabel(u"Label1"_s, u"名前"_s, this);
     name->setBuddy(m_name);
     auto* row = new QHBoxLayout;
-    row->addWidget(time);
-    row->addWidget(m_time);
+    m_hour = AddNumberBox(*row, u"時刻"_s, u"時"_s, 0, kLastHour);
+    m_minute = AddNumberBox(*row, {}, u"分"_s, 0, kLastMinute);
     row->addWidget(name);
     row->addWidget(m_name, 1);
     return row;
@@ -65,7 +63,6 @@ QHBoxLayout* AlarmEntryFrame::DaysRow() {
         m_days->addButton(button, i);
         row->addWidget(button);
     }
-    row->addWidget(m_once);
     row->addStretch(1);
     return row;
 }
@@ -83,25 +80,42 @@ QHBoxLayout* AlarmEntryFrame::WeekdaysRow() {
     return row;
 }
 
-QHBoxLayout* AlarmEntryFrame::RingRow() {
+QHBoxLayout* AlarmEntryFrame::DateRow() {
     auto* row = new QHBoxLayout;
-    m_ringSeconds = AddNumberBox(*row, 1, u"鳴らす時間"_s, u"秒"_s);
-    m_snoozeMinutes = AddNumberBox(*row, 2, u"もう一度鳴らすまで"_s, u"分"_s);
-    m_ringSeconds->setRange(kShortestRing, kLongestRing);
-    m_snoozeMinutes->setRange(1, kLongestSnooze);
+    m_year = AddNumberBox(*row, u"一度だけ鳴らす日"_s, u"年"_s, 0, 0);
+    m_month = AddNumberBox(*row, {}, u"月"_s, 1, kMonths);
+    m_day = AddNumberBox(*row, {}, u"日"_s, 1, kLongestMonth);
     row->addStretch(1);
     return row;
 }
 
-QSpinBox* AlarmEntryFrame::AddNumberBox(QHBoxLayout& row, int index, const QString& caption,
-                                        const QString& unit) {
+QHBoxLayout* AlarmEntryFrame::RingRow() {
+    auto* row = new QHBoxLayout;
+    m_ringSeconds = AddNumberBox(*row, u"鳴らす時間"_s, u"秒"_s, kShortestRing, kLongestRing);
+    m_snoozeMinutes = AddNumberBox(*row, u"もう一度鳴らすまで"_s, u"分"_s, 1, kLongestSnooze);
+    row->addStretch(1);
+    return row;
+}
+
+/// Without a caption it belongs to the field before.
+QSpinBox* AlarmEntryFrame::AddNumberBox(QHBoxLayout& row, const QString& caption, const QString& unit,
+                                        int least, int most) {
+    const auto index = static_cast<int>(m_numbers.size()) + 1;
     auto* box = new controls::NumberBox(u"UpDown%1"_s.arg(index), u"Text%1"_s.arg(index + 1), this);
-    QLabel* label = controls::MakeLabel(u"Label%1"_s.arg(index + 2), caption, this);
-    label->setBuddy(box);
-    box->setAccessibleName(caption + u"（" + unit + u"）");
-    row.addWidget(label);
+    box->setRange(least, most);
+    QLabel* after = controls::MakeLabel(u"Label%1"_s.arg(2 * index + 1), unit, this);
+    if (caption.isEmpty()) {
+        box->setAccessibleName(unit);
+        after->setBuddy(box);
+    } else {
+        QLabel* before = controls::MakeLabel(u"Label%1"_s.arg(2 * index), caption, this);
+        box->setAccessibleName(caption + u"（" + unit + u"）");
+        before->setBuddy(box);
+        row.addWidget(before);
+    }
     row.addWidget(box);
-    row.addWidget(controls::MakeLabel(u"Label%1"_s.arg(index + 5), unit, this));
+    row.addWidget(after);
+    m_numbers.append(box);
     return box;
 }
 
@@ -110,15 +124,20 @@ void AlarmEntryFrame::ShowDays() {
     for (QCheckBox* box : m_weekdays) {
         box->setEnabled(Days() == AlarmDays::Chosen);
     }
-    m_once->setEnabled(Days() == AlarmDays::Once);
+    for (QSpinBox* box : {m_year, m_month, m_day}) {
+        box->setEnabled(Days() == AlarmDays::Once);
+    }
 }
 
 void AlarmEntryFrame::Show(const KeptAlarm& alarm, QDate today) {
     m_name->setText(alarm.name);
-    m_time->setTime(alarm.time);
+    m_hour->setValue(alarm.time.hour());
+    m_minute->setValue(alarm.time.minute());
     m_days->button(static_cast<int>(alarm.days))->setChecked(true);
-    m_once->setDateRange(today, today.addDays(kDaysToChoose));
-    m_once->setDate(alarm.once);
+    m_year->setRange(std::min(today.year(), alarm.once.year()), today.year() + 1);
+    m_year->setValue(alarm.once.year());
+    m_month->setValue(alarm.once.month());
+    m_day->setValue(alarm.once.day());
     for (std::size_t i = 0; i < m_weekdays.size(); ++i) {
         m_weekdays.at(i)->setChecked(((alarm.weekdays >> i) & 1) != 0);
     }
@@ -130,9 +149,7 @@ void AlarmEntryFrame::Show(const KeptAlarm& alarm, QDate today) {
 }
 
 KeptAlarm AlarmEntryFrame::Alarm() {
-    for (QAbstractSpinBox* box :
-         {static_cast<QAbstractSpinBox*>(m_time), static_cast<QAbstractSpinBox*>(m_once),
-          static_cast<QAbstractSpinBox*>(m_ringSeconds), static_cast<QAbstractSpinBox*>(m_snoozeMinutes)}) {
+    for (QSpinBox* box : m_numbers) {
         box->interpretText();  // a button can be pressed without moving the focus out of the field
     }
     int weekdays = 0;
@@ -140,10 +157,10 @@ KeptAlarm AlarmEntryFrame::Alarm() {
         weekdays |= m_weekdays.at(i)->isChecked() ? 1 << i : 0;
     }
     return {.name = m_name->text(),
-            .time = m_time->time(),
+            .time = QTime(m_hour->value(), m_minute->value()),
             .days = Days(),
             .weekdays = weekdays,
-            .once = m_once->date(),
+            .once = QDate(m_year->value(), m_month->value(), m_day->value()),
             .silentOnDaysOff = m_silentOnDaysOff->isChecked(),
             .sound = m_sound.File(),
             .ringSeconds = m_ringSeconds->value(),

@@ -39,7 +39,7 @@ AlarmsForm::AlarmsForm(const AlarmsWindowParts& parts, QWidget* parent)
       m_closeButton(AlarmButton(5, u"閉じる"_s, [this] { close(); })),
       m_refresh(parts.handlers.MakeTimer(parts.timers, kAlarmsRefresh, [this] { RefreshForm(); })) {
     setObjectName(u"AlarmsForm"_s);
-    setWindowTitle(u"アラーム"_s);
+    setWindowTitle(u"アラーム一覧"_s);
     MakeAlarmTable();
     LayOut();
     controls::OpenHelpByKey(*this, m_parts.handlers, m_parts.help, kHelpAlarms);

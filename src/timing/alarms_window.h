@@ -29,7 +29,7 @@ struct AlarmsWindowParts {
     std::function<void()> changed;  ///< called after the user has changed an alarm
 };
 
-/// The window of the alarms, 「アラーム」: their list, and a frame in which one is set. Only a view: they
+/// The window of the alarms, 「アラーム一覧」: their list, and a frame in which one is set. Only a view: they
 /// ring after it is closed as well.
 class AlarmsForm : public QDialog {
     Q_OBJECT

@@ -12,7 +12,7 @@ from driver.boxes import RUN_TIME_ERROR, close_box
 from driver.case import TickwellCase
 from driver.desktop import Session
 from driver.tickwell import make_folder, start_tickwell, wait_lines, wait_on_screen
-from driver.tool_windows import button, choose, press, wait_for_hand
+from driver.tool_windows import button, choose, press, wait_for_hand, wait_window
 from driver.virtual_time import VirtualTime
 from driver.waiting import wait_for
 
@@ -23,6 +23,7 @@ KEYS_IGNORED = 2000  # ms
 KILLS = int(os.environ.get("TICKWELL_KILLS", "20")) // 4
 SEED = int(os.environ.get("TICKWELL_SEED", random.randrange(2**32)))
 ALARM = "アラーム"
+LIST = "アラーム一覧"
 TIMER = "タイマー"
 SKIP_NEXT = "次の1回だけ鳴らさない"
 DAYS_OFF = "休みの日は鳴らさない"
@@ -45,10 +46,8 @@ class AlarmsCase(TickwellCase):
         wait_on_screen(self.session, self.app)
         self.time.advance(START_UP_DELAY)
 
-    def windows(self, caption):
-        """The open windows of the alarms that have a button with this caption."""
-        return self.app.find_all(role="dialog", name=ALARM, showing=True,
-                                 which=lambda node: node.find(role="push button", name=caption) is not None)
+    def notices(self):
+        return self.app.find_all(role="dialog", name=ALARM, showing=True)
 
     def open_alarms(self):
         wait_lines(self.app, upper=TIMER, timeout=60)
@@ -56,16 +55,15 @@ class AlarmsCase(TickwellCase):
                               which=lambda node: node.find(role="spin box") is not None)
         wait_for_hand(self.session, self.app, TIMER)
         press(timer, "アラーム...")
-        self.alarms = wait_for(lambda: self.windows("追加"), "the window of the alarms")[0]
-        wait_for_hand(self.session, self.app, ALARM)
+        self.alarms = wait_window(self.app, LIST)
+        wait_for_hand(self.session, self.app, LIST)
 
     def set_time(self, digits):
         """With the keyboard, as hours and minutes of two digits each."""
-        field = self.alarms.find(role="spin box", name="時刻")
-        field.grab_focus()
-        wait_for(lambda: "focused" in field.states, "the focus in the time")
-        self.session.hand.key("Home")
-        self.session.hand.type(digits)
+        for name, number in (("時刻（時）", digits[:2]), ("分", digits[2:])):
+            self.alarms.find(role="spin box", name=name).grab_focus()
+            self.session.hand.key("ctrl+a")
+            self.session.hand.type(number)
 
     def add(self, name, digits, *boxes):
         """Adds an alarm by keyboard and mouse; `boxes` are clicked before."""
@@ -92,10 +90,10 @@ class AlarmsCase(TickwellCase):
 
     def close_alarms(self):
         press(self.alarms, "閉じる")
-        wait_for(lambda: not self.windows("閉じる"), "the end of the window")
+        self.app.wait_gone(role="dialog", name=LIST, showing=True)
 
     def wait_notice(self, *texts):
-        notice = wait_for(lambda: self.windows("確認"), "the notice")[0]
+        notice = wait_for(lambda: self.notices(), "the notice")[0]
         for text in texts:
             notice.wait(role="list item", name=text)
         self.assertEqual(len(notice.find_all(role="list item")), len(texts), notice.dump())
@@ -106,7 +104,7 @@ class AlarmsCase(TickwellCase):
         self.wait_no_notice()
 
     def wait_no_notice(self):
-        wait_for(lambda: not self.windows("確認"), "the notice closed")
+        wait_for(lambda: not self.notices(), "the notice closed")
 
     def quit_at_once(self):
         """What was stored so far is all that the next start has."""
@@ -126,15 +124,15 @@ class Alarms(AlarmsCase):
         self.assertEqual(self.rows(), [("wake", 21 * 60 + 10)])
         self.close_alarms()
         self.time.advance(4 * MINUTE + 40_000)
-        self.assertFalse(self.windows("確認"))
+        self.assertFalse(self.notices())
         self.time.advance(2000)
         self.answer(self.wait_notice("「wake」の時刻です（21:10）"), AGAIN)
         self.time.advance(4 * MINUTE)
-        self.assertFalse(self.windows("確認"))
+        self.assertFalse(self.notices())
         self.time.advance(MINUTE)
         self.answer(self.wait_notice("「wake」の時刻です（21:10）"))
         self.time.advance(HOUR)
-        self.assertFalse(self.windows("確認"))
+        self.assertFalse(self.notices())
         self.assertEqual(self.app.program.output(), "")
 
     def test_keys_reach_the_notice_after_two_seconds(self):
@@ -161,7 +159,7 @@ class Alarms(AlarmsCase):
         self.cell("明日 7:30")
         self.close_alarms()
         self.time.advance(10 * HOUR)
-        self.assertFalse(self.windows("確認"))
+        self.assertFalse(self.notices())
         self.time.advance(HOUR)
         self.answer(self.wait_notice("「always」の時刻です（7:30）"))
         self.time.advance(23 * HOUR)
@@ -176,7 +174,7 @@ class Alarms(AlarmsCase):
         self.cell("入（1回休み）")
         self.assertEqual(self.rows("skipped"), [("1998-11-15",)])
         self.time.advance(5 * MINUTE)
-        self.assertFalse(self.windows("確認"))
+        self.assertFalse(self.notices())
         wait_for(lambda: "checked" not in self.alarms.find(role="check box", name=SKIP_NEXT).states,
                  "the box of the next one to be clear")
         self.cell("入")
@@ -193,7 +191,7 @@ class Alarms(AlarmsCase):
         wait_for(lambda: self.app.menus, "the menu")
         self.time.advance(7 * MINUTE)
         self.assertTrue(self.app.menus)
-        self.assertFalse(self.windows("確認"))
+        self.assertFalse(self.notices())
         self.session.hand.key("Escape")
         wait_for(lambda: not self.app.menus, "the end of the menu")
         self.time.advance(1000)
@@ -215,9 +213,9 @@ class Alarms(AlarmsCase):
         wait_for(lambda: self.rows() == [], "the alarm to be gone")
         wait_for(lambda: not self.alarms.find(role="cell", name="wake"), "the row to be gone")
         self.session.hand.key("Escape")
-        wait_for(lambda: not self.windows("閉じる"), "the end of the window")
+        self.app.wait_gone(role="dialog", name=LIST, showing=True)
         self.time.advance(24 * HOUR)
-        self.assertFalse(self.windows("確認"))
+        self.assertFalse(self.notices())
 
 
 class SmallScreen(AlarmsCase):
@@ -227,7 +225,7 @@ class SmallScreen(AlarmsCase):
     def test_the_window_scrolls_above_its_buttons(self):
         self.start()
         self.open_alarms()
-        window = self.session.windows.settled_geometry(wait_for_hand(self.session, self.app, ALARM))
+        window = self.session.windows.settled_geometry(wait_for_hand(self.session, self.app, LIST))
         self.assertGreaterEqual(min(window.x, window.y), 0)
         self.assertLessEqual(window.x + window.width, 1366, window)
         self.assertLessEqual(window.y + window.height, 768, window)
@@ -249,7 +247,7 @@ class Kept(AlarmsCase):
         self.start(wall="1998-11-15T21:45:00")
         self.open_alarms()
         self.cell("明日 21:10")
-        self.assertFalse(self.windows("確認"))
+        self.assertFalse(self.notices())
 
     def test_one_that_was_missed_by_some_minutes_rings(self):
         self.start()

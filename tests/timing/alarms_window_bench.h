@@ -52,8 +52,11 @@ struct AlarmWindowBench : TimingBench {
     QTableWidget& Table() const { return The<AlarmsForm, QTableWidget>("List1"); }
     QPushButton& Button(const char* name) const { return The<AlarmsForm, QPushButton>(name); }
     QCheckBox& Box(const char* name) const { return The<AlarmsForm, QCheckBox>(name); }
+    QSpinBox& Number(const char* name) const { return The<AlarmsForm, QSpinBox>(name); }
+    void SetNumber(const char* name, int value) const { Number(name).setValue(value); }
     void SetTime(int hour, int minute) const {
-        The<AlarmsForm, QTimeEdit>("Time1").setTime(QTime(hour, minute));
+        SetNumber("UpDown1", hour);
+        SetNumber("UpDown2", minute);
     }
     void SetName(const QString& name) const { The<AlarmsForm, QLineEdit>("Text1").setText(name); }
     void ChooseDays(int days) const {

@@ -53,7 +53,7 @@ void TstAlarmDesk::AnAlarmIsAddedAndRings() {
 void TstAlarmDesk::ItRingsAgainAfterItsMinutes() {
     AlarmWindowBench bench;
     bench.desk->Show();
-    bench.The<AlarmsForm, QSpinBox>("UpDown2").setValue(10);
+    bench.SetNumber("UpDown7", 10);
     bench.AddAlarm(u"起床"_s, 21, 10);
     bench.time.Advance(4 * kMinute + 53'000);
     QCOMPARE((bench.The<AlarmNotice, QPushButton>("Command2").text()), u"10分後にもう一度"_s);
@@ -73,7 +73,7 @@ void TstAlarmDesk::ItRingsAgainAfterItsMinutes() {
 void TstAlarmDesk::DifferentMinutesAreNotNamed() {
     AlarmWindowBench bench;
     bench.AddAlarm(u"起床"_s, 21, 10);
-    bench.The<AlarmsForm, QSpinBox>("UpDown2").setValue(7);
+    bench.SetNumber("UpDown7", 7);
     bench.AddAlarm(u"薬"_s, 21, 10);
     bench.time.Advance(5 * kMinute);
     QCOMPARE(bench.Lines().size(), 2);
@@ -90,7 +90,7 @@ void TstAlarmDesk::DifferentMinutesAreNotNamed() {
 void TstAlarmDesk::TheSoundEndsByItself() {
     AlarmWindowBench bench;
     bench.desk->Show();
-    bench.The<AlarmsForm, QSpinBox>("UpDown1").setValue(45);
+    bench.SetNumber("UpDown6", 45);
     bench.AddAlarm(u"起床"_s, 21, 10);
     bench.time.Advance(4 * kMinute + 53'000 + 44'999);
     QCOMPARE(bench.sounds, (QStringList{u"TKW00.wav"_s, u"TKW00.wav"_s}));

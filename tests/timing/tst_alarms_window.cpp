@@ -31,7 +31,7 @@ void TstAlarmsWindow::NothingRunsWithoutAnAlarm() {
     AlarmWindowBench bench;
     QVERIFY(!bench.time.UntilNext());
     bench.desk->Show();
-    QCOMPARE(bench.Form().windowTitle(), u"アラーム"_s);
+    QCOMPARE(bench.Form().windowTitle(), u"アラーム一覧"_s);
     QCOMPARE(bench.Table().rowCount(), 0);
     for (const char* name : {"Command2", "Command3"}) {
         QVERIFY2(!bench.Button(name).isEnabled(), name);
@@ -52,11 +52,12 @@ void TstAlarmsWindow::EverythingThatIsSetIsStored() {
     bench.Box("Check1(4)").click();
     bench.Box("Check2").click();
     bench.The<AlarmsForm, QComboBox>("Combo1").setCurrentIndex(1);
-    bench.The<AlarmsForm, QSpinBox>("UpDown1").setValue(90);
-    bench.The<AlarmsForm, QSpinBox>("UpDown2").setValue(15);
+    bench.SetNumber("UpDown6", 90);
+    bench.SetNumber("UpDown7", 15);
     bench.Press<AlarmsForm>("Command1");
     bench.ChooseDays(3);
-    bench.The<AlarmsForm, QDateEdit>("Date1").setDate(QDate(1998, 12, 24));
+    bench.SetNumber("UpDown4", 12);
+    bench.SetNumber("UpDown5", 24);
     bench.Press<AlarmsForm>("Command1");
     QCOMPARE(bench.store.kept.size(), 2);
     const qint64 now = bench.time.Now().toMSecsSinceEpoch();
@@ -80,14 +81,18 @@ void TstAlarmsWindow::EverythingThatIsSetIsStored() {
 void TstAlarmsWindow::OnlyTheChoiceThatCountsCanBeChanged() {
     AlarmWindowBench bench;
     bench.desk->Show();
-    const auto& once = bench.The<AlarmsForm, QDateEdit>("Date1");
     for (const int days : {2, 3, 1, 0}) {
         bench.ChooseDays(days);
         QCOMPARE(bench.Box("Check1(6)").isEnabled(), days == 2);
-        QCOMPARE(once.isEnabled(), days == 3);
+        for (const char* name : {"UpDown3", "UpDown4", "UpDown5"}) {
+            QCOMPARE(bench.Number(name).isEnabled(), days == 3);
+        }
     }
-    QCOMPARE(once.date(), QDate(1998, 11, 16));
-    QCOMPARE(once.minimumDate(), QDate(1998, 11, 15));
+    QCOMPARE(bench.Number("UpDown3").value(), 1998);  // tomorrow
+    QCOMPARE(bench.Number("UpDown4").value(), 11);
+    QCOMPARE(bench.Number("UpDown5").value(), 16);
+    QCOMPARE(bench.Number("UpDown3").minimum(), 1998);
+    QCOMPARE(bench.Number("UpDown3").maximum(), 1999);
 }
 
 void TstAlarmsWindow::AnAlarmIsChanged() {
@@ -96,7 +101,8 @@ void TstAlarmsWindow::AnAlarmIsChanged() {
     bench.AddAlarm(u"薬"_s, 8, 0);
     bench.Table().selectRow(0);
     QCOMPARE((bench.The<AlarmsForm, QLineEdit>("Text1").text()), u"起床"_s);
-    QCOMPARE((bench.The<AlarmsForm, QTimeEdit>("Time1").time()), QTime(7, 0));
+    QCOMPARE(bench.Number("UpDown1").value(), 7);
+    QCOMPARE(bench.Number("UpDown2").value(), 0);
     bench.SetTime(6, 30);
     bench.Press<AlarmsForm>("Command2");
     QCOMPARE(bench.Row(0).mid(0, 4), (QStringList{u"起床"_s, u"6:30"_s, u"毎日"_s, u"明日 6:30"_s}));
@@ -163,6 +169,14 @@ void TstAlarmsWindow::AnAlarmThatNeverRingsIsRefused() {
     bench.ChooseDays(2);
     bench.Press<AlarmsForm>("Command1");
     QVERIFY(bench.boxes.Shown().last().text.contains(u"アラームを鳴らす曜日を選んでください。"));
+    bench.ChooseDays(3);
+    bench.SetNumber("UpDown4", 11);
+    bench.SetNumber("UpDown5", 31);
+    bench.Press<AlarmsForm>("Command1");
+    QVERIFY(bench.boxes.Shown().last().text.contains(u"アラームを鳴らす日付が正しくありません。"));
+    bench.SetNumber("UpDown5", 14);
+    bench.Press<AlarmsForm>("Command1");
+    QVERIFY(bench.boxes.Shown().last().text.contains(u"アラームを鳴らす日時が過ぎています。"));
     QCOMPARE(bench.Table().rowCount(), 0);
     QVERIFY(bench.store.kept.isEmpty());
 }
@@ -205,10 +219,19 @@ void TstAlarmsWindow::EverythingHasANameForScreenReaders() {
             }
         }
     }
-    QAccessibleInterface* time =
-        QAccessible::queryAccessibleInterface(&bench.The<AlarmsForm, QTimeEdit>("Time1"));
-    QCOMPARE(time->text(QAccessible::Name), u"時刻"_s);
-    QVERIFY(!time->relations(QAccessible::Label).isEmpty());
+    const QStringList names{u"時刻（時）"_s,
+                            u"分"_s,
+                            u"一度だけ鳴らす日（年）"_s,
+                            u"月"_s,
+                            u"日"_s,
+                            u"鳴らす時間（秒）"_s,
+                            u"もう一度鳴らすまで（分）"_s};
+    for (int i = 0; i < names.size(); ++i) {
+        QAccessibleInterface* number =
+            QAccessible::queryAccessibleInterface(&bench.Number(qPrintable(u"UpDown%1"_s.arg(i + 1))));
+        QCOMPARE(number->text(QAccessible::Name), names[i]);
+        QVERIFY(!number->relations(QAccessible::Label).isEmpty());
+    }
 }
 
 void TstAlarmsWindow::ItOpensFromTheTimersWindow() {
