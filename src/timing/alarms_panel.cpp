@@ -87,6 +87,9 @@ KeptAlarm AlarmsPanel::CheckedAlarm(KeptAlarm alarm) const {
     if (alarm.days == AlarmDays::Chosen && alarm.weekdays == 0) {
         throw RunTimeError(u"アラームを鳴らす曜日を選んでください。"_s);
     }
+    if (alarm.days == AlarmDays::Once && !alarm.once.isValid()) {
+        throw RunTimeError(u"アラームを鳴らす日付が正しくありません。"_s);
+    }
     const qint64 now = m_clock.Now().toMSecsSinceEpoch();
     if (alarm.days == AlarmDays::Once && LocalMoment(alarm.once, alarm.time, m_list.Local().offset) <= now) {
         throw RunTimeError(
