@@ -7,6 +7,7 @@
 #include "app/media.h"
 #include "app/media_keys.h"
 #include "app/remote_access.h"
+#include "core/ports/autostart.h"
 #include "core/ports/desktop_notices.h"
 #include "core/ports/do_not_disturb.h"
 #include "shell/main_window.h"

@@ -25,9 +25,7 @@ AlarmDesk::AlarmDesk(const AlarmDeskParts& parts)
                                        [this] { m_parts.handlers.RunTick(*m_timer, [this] { Tick(); }); })) {}
 
 AlarmDesk::~AlarmDesk() {
-    if (m_notice) {
-        m_notice->close();
-    }
+    m_parts.sounds.stop();  // of the notice, or one that the user listens to
 }
 
 void AlarmDesk::Load() {

@@ -22,6 +22,7 @@ constexpr int kLastHour = 23;
 constexpr int kLastMinute = 59;
 constexpr int kMonths = 12;
 constexpr int kLongestMonth = 31;
+constexpr int kLastYear = 9999;  // that can be stored
 
 }  // namespace
 
@@ -30,7 +31,7 @@ AlarmEntryFrame::AlarmEntryFrame(Handlers& handlers, const TimerSounds& sounds, 
       m_name(controls::Named(new QLineEdit(this), u"Text1"_s)),
       m_days(new QButtonGroup(this)),
       m_silentOnDaysOff(controls::Named(new QCheckBox(u"休みの日は鳴らさない"_s, this), u"Check2"_s)),
-      m_sound(handlers, sounds, this) {
+      m_sound(handlers, sounds, u"AlarmSoundDialog"_s, this) {
     setObjectName(u"Frame1"_s);
     m_name->setMaxLength(kLongestTimerName);
     auto* rows = new QVBoxLayout(this);
@@ -134,7 +135,7 @@ void AlarmEntryFrame::Show(const KeptAlarm& alarm, QDate today) {
     m_hour->setValue(alarm.time.hour());
     m_minute->setValue(alarm.time.minute());
     m_days->button(static_cast<int>(alarm.days))->setChecked(true);
-    m_year->setRange(std::min(today.year(), alarm.once.year()), today.year() + 1);
+    m_year->setRange(std::min(today.year(), alarm.once.year()), std::min(today.year() + 1, kLastYear));
     m_year->setValue(alarm.once.year());
     m_month->setValue(alarm.once.month());
     m_day->setValue(alarm.once.day());

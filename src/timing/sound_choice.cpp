@@ -4,6 +4,7 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QLabel>
+#include <utility>
 
 #include "controls/announcer.h"
 #include "controls/control_making.h"
@@ -12,9 +13,10 @@ namespace tickwell::timing {
 
 using namespace Qt::StringLiterals;
 
-SoundChoice::SoundChoice(Handlers& handlers, const TimerSounds& sounds, QWidget* window)
+SoundChoice::SoundChoice(Handlers& handlers, const TimerSounds& sounds, QString dialogName, QWidget* window)
     : m_handlers(handlers),
       m_sounds(sounds),
+      m_dialogName(std::move(dialogName)),
       m_window(window),
       m_sound(controls::Named(new QComboBox(window), u"Combo1"_s)),
       m_file(
@@ -52,7 +54,7 @@ void SoundChoice::SetFile(const QString& file) {
 
 void SoundChoice::ChooseFile() {
     auto* dialog = new QFileDialog(m_window, u"音のファイル"_s, {}, u"WAVE ファイル (*.wav *.WAV)"_s);
-    dialog->setObjectName(u"TimerSoundDialog"_s);
+    dialog->setObjectName(m_dialogName);
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     dialog->setFileMode(QFileDialog::ExistingFile);
     connect(dialog, &QFileDialog::fileSelected, m_window,

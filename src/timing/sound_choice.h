@@ -16,8 +16,9 @@ class SoundChoice : public QObject {
     Q_OBJECT
 
 public:
-    /// `handlers` and `sounds` outlive it; `window` owns the controls and outlives it too.
-    SoundChoice(Handlers& handlers, const TimerSounds& sounds, QWidget* window);
+    /// `handlers` and `sounds` outlive it; `window` owns the controls and outlives it too. `dialogName`:
+    /// object name of the window in which a file is chosen.
+    SoundChoice(Handlers& handlers, const TimerSounds& sounds, QString dialogName, QWidget* window);
 
     /// The caller owns the row.
     QHBoxLayout* MakeRow();
@@ -34,6 +35,7 @@ private:
 
     Handlers& m_handlers;
     const TimerSounds& m_sounds;
+    QString m_dialogName;
     QWidget* m_window;
     QComboBox* m_sound;
     QPushButton* m_file;

@@ -35,9 +35,7 @@ TimerDesk::TimerDesk(const TimerDeskParts& parts)
 }
 
 TimerDesk::~TimerDesk() {
-    if (m_notice) {
-        m_notice->close();
-    }
+    m_parts.sounds.stop();  // of a notice, or one that the user listens to
 }
 
 void TimerDesk::Load() {

@@ -22,7 +22,7 @@ constexpr int kFirstMinutes = 3;
 TimerEntryFrame::TimerEntryFrame(Handlers& handlers, const TimerSounds& sounds, QWidget* parent)
     : QGroupBox(u"新しいタイマー"_s, parent),
       m_name(controls::Named(new QLineEdit(this), u"Text4"_s)),
-      m_sound(handlers, sounds, this) {
+      m_sound(handlers, sounds, u"TimerSoundDialog"_s, this) {
     setObjectName(u"Frame1"_s);
     m_name->setMaxLength(kLongestTimerName);
     auto* nameRow = new QHBoxLayout;

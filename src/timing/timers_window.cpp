@@ -4,6 +4,7 @@
 #include <QAction>
 #include <QHeaderView>
 #include <QInputDialog>
+#include <QMenu>
 #include <QVBoxLayout>
 #include <algorithm>
 
@@ -133,8 +134,11 @@ void TimersForm::MakePresets() {
     }
     m_shownPresets = presets;
     while (QLayoutItem* item = m_presets->takeAt(0)) {
-        item->widget()->setParent(nullptr);
-        item->widget()->deleteLater();  // not at once: its own menu may have removed it
+        QWidget& button = *item->widget();
+        button.hide();        // moves the focus on, but only in the active window
+        button.clearFocus();  // otherwise an inactive window would keep a pointer to it
+        button.setParent(nullptr);
+        button.deleteLater();  // not at once: its own signal may have removed it
         delete item;
     }
     for (qsizetype i = 0; i < presets.size(); ++i) {
@@ -159,12 +163,20 @@ QPushButton* TimersForm::PresetButton(const TimerPreset& preset, int index) {
         });
     button->setAccessibleName(caption);
     button->setAutoDefault(false);
-    auto* remove = new QAction(u"この登録を消す"_s, button);
-    button->addAction(remove);
-    button->setContextMenuPolicy(Qt::ActionsContextMenu);
-    m_parts.handlers.Connect(remove, &QAction::triggered, this,
-                             [this, id = preset.id] { Act([this, id] { m_parts.panel.RemovePreset(id); }); });
+    button->setContextMenuPolicy(Qt::CustomContextMenu);
+    connect(button, &QWidget::customContextMenuRequested, this,
+            [this, button, id = preset.id](QPoint point) { OpenPresetMenu(button->mapToGlobal(point), id); });
     return button;
+}
+
+/// The menu belongs to the window, not to its button: removing the preset deletes the button.
+void TimersForm::OpenPresetMenu(QPoint point, qint64 preset) {
+    auto* menu = new QMenu(this);
+    menu->setObjectName(u"PresetMenu"_s);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    m_parts.handlers.Connect(menu->addAction(u"この登録を消す"_s), &QAction::triggered, this,
+                             [this, preset] { Act([this, preset] { m_parts.panel.RemovePreset(preset); }); });
+    menu->popup(point);
 }
 
 void TimersForm::MakeRoom() {

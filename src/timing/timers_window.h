@@ -56,6 +56,7 @@ private:
     QPushButton* ActionButton(int index, const QString& caption, Action action);
     void MakePresets();
     QPushButton* PresetButton(const TimerPreset& preset, int index);
+    void OpenPresetMenu(QPoint point, qint64 preset);
     void ShowRows();
     void ShowActions();
     qint64 Selected() const;

@@ -4,6 +4,7 @@
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QFileDialog>
 #include <QMenu>
 #include <QMessageBox>
 #include <QTabBar>
@@ -85,6 +86,9 @@ void Deeds::DoOne() {
     static constexpr int kTogether = std::accumulate(
         kKinds.begin(), kKinds.end(), 0, [](int sum, const Kind& kind) { return sum + kind.weight; });
     m_wasIdle = false;
+    if (LeaveFileDialog()) {
+        return;
+    }
     if (m_hands.IsPressed() && !m_random.OneIn(3)) {
         return GoOnDragging();
     }
@@ -95,6 +99,18 @@ void Deeds::DoOne() {
         }
         left -= kind.weight;
     }
+}
+
+/// The files of this machine are none of the monkey's business.
+bool Deeds::LeaveFileDialog() {
+    for (QWidget* window : Hands::Windows()) {
+        if (qobject_cast<QFileDialog*>(window) != nullptr) {
+            Trail::Note(u"leave "_s + Hands::PathOf(*window));
+            Hands::Close(*window);
+            return true;
+        }
+    }
+    return false;
 }
 
 /// Usually the open popup or the active window; now and then a blocked one.
@@ -304,15 +320,22 @@ void Deeds::PressAButton() {
 /// of them in sequence.
 void Deeds::PressOnPurpose() {
     static const QStringList leading{
-        u"StopForm/Command1"_s, u"StopForm/Command2"_s,    u"StopForm/Command3"_s, u"TimerForm/Command1"_s,
-        u"Form5/Command6"_s,    u"Form5/Command9"_s,       u"Form5/Command10"_s,   u"Form5/Command11"_s,
-        u"Form5/Command11"_s,   u"Form5/Command12"_s,      u"Form5/Option1(0)"_s,  u"Form5/Command7(2)"_s,
-        u"Form6/Command1"_s,    u"Form9/Command1"_s,       u"Form9/Option2(0)"_s,  u"Form10/Command3"_s,
-        u"Form10/Command1"_s,   u"Form2/Command1"_s,       u"Form2/Command4"_s,    u"CDForm/Command1(2)"_s,
-        u"Form8/Command1"_s,    u"StylePicker/Command1"_s, u"Form6/Option2(0)"_s,  u"Form6/Option2(1)"_s,
-        u"Form6/Option2(2)"_s,  u"Form6/Check2"_s,         u"Form9/Option1(0)"_s,  u"Form9/Option3(1)"_s,
-        u"Form9/Option3(2)"_s,  u"Form2/Option3(1)"_s,     u"Form2/Option3(2)"_s,  u"Form2/Option1(1)"_s,
-        u"Form5/Command11"_s,   u"Form5/Command11"_s,      u"Form5/Command12"_s};
+        u"StopForm/Command1"_s,    u"StopForm/Command2"_s,     u"StopForm/Command3"_s,
+        u"TimerForm/Command1"_s,   u"Form5/Command6"_s,        u"Form5/Command9"_s,
+        u"Form5/Command10"_s,      u"Form5/Command11"_s,       u"Form5/Command11"_s,
+        u"Form5/Command12"_s,      u"Form5/Option1(0)"_s,      u"Form5/Command7(2)"_s,
+        u"Form6/Command1"_s,       u"Form9/Command1"_s,        u"Form9/Option2(0)"_s,
+        u"Form10/Command3"_s,      u"Form10/Command1"_s,       u"Form2/Command1"_s,
+        u"Form2/Command4"_s,       u"CDForm/Command1(2)"_s,    u"Form8/Command1"_s,
+        u"StylePicker/Command1"_s, u"Form6/Option2(0)"_s,      u"Form6/Option2(1)"_s,
+        u"Form6/Option2(2)"_s,     u"Form6/Check2"_s,          u"Form9/Option1(0)"_s,
+        u"Form9/Option3(1)"_s,     u"Form9/Option3(2)"_s,      u"Form2/Option3(1)"_s,
+        u"Form2/Option3(2)"_s,     u"Form2/Option1(1)"_s,      u"Form5/Command11"_s,
+        u"Form5/Command11"_s,      u"Form5/Command12"_s,       u"TimerForm/Command4"_s,
+        u"TimersForm/Command1"_s,  u"TimersForm/Command4"_s,   u"TimersForm/Command5"_s,
+        u"TimersForm/Preset(0)"_s, u"TimersNotice/Command2"_s, u"TimerForm/Command5"_s,
+        u"AlarmsForm/Command1"_s,  u"AlarmsForm/Command2"_s,   u"AlarmsForm/Check4"_s,
+        u"AlarmNotice/Command2"_s};
     QWidgetList buttons;
     for (QWidget* window : Hands::Windows()) {
         if (Hands::IsBlocked(*window)) {

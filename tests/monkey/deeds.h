@@ -27,6 +27,7 @@ public:
 
 private:
     // Mouse and keyboard.
+    bool LeaveFileDialog();
     void ClickSomewhere();
     void DoubleClickSomewhere();
     void HoldSomewhere();

@@ -19,11 +19,28 @@ namespace {
 
 /// The program's own windows; at most one of each is open.
 constexpr std::array kWindows{
-    QStringView(u"Form1"),       QStringView(u"StopForm"),     QStringView(u"TimerForm"),
-    QStringView(u"Form8"),       QStringView(u"CDForm"),       QStringView(u"Form5"),
-    QStringView(u"Form6"),       QStringView(u"Form9"),        QStringView(u"Form10"),
-    QStringView(u"Form2"),       QStringView(u"frmAbout"),     QStringView(u"HelpWindow"),
-    QStringView(u"StylePicker"), QStringView(u"ColourPicker"),
+    QStringView(u"Form1"),
+    QStringView(u"StopForm"),
+    QStringView(u"TimerForm"),
+    QStringView(u"Form8"),
+    QStringView(u"CDForm"),
+    QStringView(u"Form5"),
+    QStringView(u"Form6"),
+    QStringView(u"Form9"),
+    QStringView(u"Form10"),
+    QStringView(u"Form2"),
+    QStringView(u"frmAbout"),
+    QStringView(u"HelpWindow"),
+    QStringView(u"StylePicker"),
+    QStringView(u"ColourPicker"),
+    QStringView(u"TimersForm"),
+    QStringView(u"TimersNotice"),
+    QStringView(u"PresetNameDialog"),
+    QStringView(u"TimerSoundDialog"),
+    QStringView(u"AlarmsForm"),
+    QStringView(u"AlarmNotice"),
+    QStringView(u"AlarmSoundDialog"),
+    QStringView(u"LapFileDialog"),
 };
 
 bool IsPopup(const QWidget& window) {
@@ -31,12 +48,16 @@ bool IsPopup(const QWidget& window) {
 }
 
 /// A window and the window that it requires to be open.
-constexpr std::array<std::pair<QStringView, QStringView>, 5> kOver{{
+constexpr std::array<std::pair<QStringView, QStringView>, 9> kOver{{
     {u"Form6", u"Form5"},
     {u"Form9", u"Form5"},
     {u"Form10", u"Form5"},
     {u"StylePicker", u"Form2"},
     {u"ColourPicker", u"Form2"},
+    {u"PresetNameDialog", u"TimersForm"},
+    {u"TimerSoundDialog", u"TimersForm"},
+    {u"AlarmSoundDialog", u"AlarmsForm"},
+    {u"LapFileDialog", u"StopForm"},
 }};
 
 constexpr qsizetype kMostBoxes = 8;  // more than this would cover the desktop

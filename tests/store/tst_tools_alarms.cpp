@@ -58,7 +58,8 @@ const KeptAlarm kOnce{.name = u"電車"_s,
                       .isOn = false,
                       .sound = u"TKW00.wav"_s,
                       .ringSeconds = 5,
-                      .snoozeMinutes = 1};
+                      .snoozeMinutes = 1,
+                      .handled = -257'700'323'029};  // in 1961: the clock was wrong
 
 /// A program folder that holds nothing else.
 struct Bench {
@@ -240,7 +241,8 @@ void TstToolsAlarms::AValueOutOfRangeIsDamage_data() {
          {"minute = -1", "minute = 1440", "days = 4", "weekdays = 128", "once = '2026-02-30' WHERE id = 2",
           "once = '' WHERE id = 2", "once = '2026-12-01' WHERE id = 1", "once = '2026-12-1' WHERE id = 2",
           "silent_on_days_off = 2", "skipped = 'soon'", "is_on = 2", "ring_seconds = 4", "ring_seconds = 601",
-          "snooze_minutes = 0", "snooze_minutes = 31", "handled = -1", "again_at = 1 << 62"}) {
+          "snooze_minutes = 0", "snooze_minutes = 31", "handled = -9223372036854775808",
+          "again_at = 1 << 62"}) {
         QTest::newRow(change) << "UPDATE alarms SET " + QByteArray(change);
     }
     QTest::newRow("a table that is missing") << QByteArray("DROP TABLE alarms");

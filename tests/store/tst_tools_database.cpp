@@ -23,6 +23,7 @@ constexpr int kKills = 40;
 constexpr int kLongestLife = 60'000;   // microseconds
 constexpr int kSmallestFile = 10'000;  // bytes; more pages than one table needs
 
+constexpr qint64 kIn1961 = -257'700'323'029;  // ms; the end of a timer while the clock was wrong
 const TimerPlan kTea{.name = u"紅茶「濃い」'; DROP TABLE timers; --"_s,
                      .milliseconds = 86'399'000,
                      .sound = u"/音/鐘 1.wav"_s};
@@ -42,7 +43,7 @@ struct Bench {
     /// Makes a file with three timers.
     void Fill() {
         QList<KeptTimer> timers{
-            {.id = 0, .plan = kTea, .phase = TimerPhase::Running, .endsAt = 1'795'400'000'123},
+            {.id = 0, .plan = kTea, .phase = TimerPhase::Running, .endsAt = kIn1961},
             {.id = 0, .plan = kTea, .phase = TimerPhase::Paused, .remaining = 86'399'000},
             {.id = 0,
              .plan = {.name = u"集中"_s, .milliseconds = 1, .nextName = u"休憩"_s, .nextMilliseconds = 1},
@@ -105,7 +106,7 @@ void TstToolsDatabase::WhatIsStoredIsRead() {
     const KeptTimers kept = bench.Open()->Load();
     QCOMPARE(kept.timers.size(), 3);
     QCOMPARE(kept.timers[0],
-             (KeptTimer{.id = 1, .plan = kTea, .phase = TimerPhase::Running, .endsAt = 1'795'400'000'123}));
+             (KeptTimer{.id = 1, .plan = kTea, .phase = TimerPhase::Running, .endsAt = kIn1961}));
     QCOMPARE(kept.timers[1].remaining, 86'399'000);
     QCOMPARE(kept.timers[1].phase, TimerPhase::Paused);
     QCOMPARE(kept.timers[2].stage, 1);
@@ -265,7 +266,8 @@ void TstToolsDatabase::AValueOutOfRangeIsDamage_data() {
         << QByteArray("UPDATE presets SET milliseconds = 86400000 WHERE id = 2");
     QTest::newRow("an unknown state") << QByteArray("UPDATE timers SET phase = 4 WHERE id = 1");
     QTest::newRow("a stage without a chain") << QByteArray("UPDATE timers SET stage = 1 WHERE id = 1");
-    QTest::newRow("a negative time") << QByteArray("UPDATE timers SET ends_at = -1 WHERE id = 1");
+    QTest::newRow("a time before all")
+        << QByteArray("UPDATE timers SET ends_at = -9223372036854775808 WHERE id = 1");
     QTest::newRow("a time without end") << QByteArray("UPDATE timers SET again_at = 1 << 62 WHERE id = 1");
     QTest::newRow("a table that is missing") << QByteArray("DROP TABLE presets");
     QTest::newRow("another program's file") << QByteArray("PRAGMA application_id = 1");

@@ -1,93 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <QAccessible>
-#include <QInputDialog>
-#include <QTest>
 
-#include "timing/kept_timers.h"
-#include "timing/timer_desk.h"
-#include "timing/timing_bench.h"
+#include "timing/timers_window_bench.h"
 
 using namespace tickwell;
 using namespace tickwell::timing;
-using namespace Qt::StringLiterals;
-
-namespace {
-
-constexpr qint64 kMinute = 60'000;
-
-const TimerPlan kTea{.name = u"紅茶"_s, .milliseconds = 4 * kMinute, .sound = u"TKW01.wav"_s};
-const TimerPlan kWork{.name = u"集中"_s,
-                      .milliseconds = 25 * kMinute,
-                      .nextName = u"休憩"_s,
-                      .nextMilliseconds = 5 * kMinute,
-                      .sound = u"TKW00.wav"_s};
-
-struct Bench : TimingBench {
-    KeptTimersInMemory store;
-    QStringList sounds;
-    bool isMenuOpen = false;
-    bool isSilent = false;
-    std::unique_ptr<TimerDesk> desk;
-
-    Bench() {
-        store.kept.presets = {{.id = 101, .plan = kTea}, {.id = 102, .plan = kWork}};
-        Begin();
-    }
-
-    void Begin() {
-        desk.reset();
-        desk = std::make_unique<TimerDesk>(
-            TimerDeskParts{.clock = time,
-                           .timers = time,
-                           .handlers = handlers,
-                           .help = help,
-                           .store = store,
-                           .countdown = tools,
-                           .sounds = {.delivered = {{.name = u"標準"_s, .file = u"TKW00.wav"_s},
-                                                    {.name = u"鳩"_s, .file = u"TKW01.wav"_s}},
-                                      .check = [](const QString&) {},
-                                      .play = [this](const QString& file) { sounds.append(file); },
-                                      .stop = [this] { sounds.append(u"stop"_s); }},
-                           .isSilent = [this] { return isSilent; },
-                           .isStored = [this] { return !store.kept.timers.isEmpty(); },
-                           .isMenuOpen = [this] { return isMenuOpen; },
-                           .place = [this](QWidget& window) { Place(window); }});
-    }
-
-    TimersForm& Form() const { return The<TimersForm>(); }
-    QTableWidget& Table() const { return The<TimersForm, QTableWidget>("List1"); }
-    QPushButton& Button(const char* name) const { return The<TimersForm, QPushButton>(name); }
-    QStringList Row(int row) const {
-        QStringList texts;
-        for (int column = 0; column < Table().columnCount(); ++column) {
-            texts.append(Table().item(row, column)->text());
-        }
-        return texts;
-    }
-    /// Which of start, pause, reset and remove can be pressed.
-    QString Enabled() const {
-        QString enabled;
-        for (const char* name : {"Command1", "Command2", "Command3", "Command4"}) {
-            enabled += Button(name).isEnabled() ? u'1' : u'0';
-        }
-        return enabled;
-    }
-    bool IsNoticeOpen() const {
-        const auto* notice = Find<TimersNotice>();
-        return notice != nullptr && notice->isVisible();
-    }
-    QStringList Lines() const {
-        QStringList lines;
-        const auto& list = The<TimersNotice, QListWidget>("List1");
-        for (int i = 0; i < list.count(); ++i) {
-            lines.append(list.item(i)->text());
-        }
-        return lines;
-    }
-    void PressPreset(int index) const { Button(qPrintable(u"Preset(%1)"_s.arg(index))).click(); }
-};
-
-}  // namespace
 
 /// The window of all timers and the notice, with the desk that they belong to.
 class TstTimersWindow : public QObject {
@@ -96,8 +13,6 @@ class TstTimersWindow : public QObject {
 private Q_SLOTS:
     void TheCountdownIsTheFirstRow();
     void TheCountdownIsOperated();
-    void APresetStarts();
-    void APresetUsesItsEndedTimerAgain();
     void ATimerIsAddedAndOperated();
     void ATimeOfZeroIsRefused();
     void TwentyTimers();
@@ -107,16 +22,16 @@ private Q_SLOTS:
     void NoNoticeWhileAMenuIsOpen();
     void StoredTimersAreReadAfterTheStart();
     void AnEndLongAgoIsToldWithoutASound();
-    void APresetIsKeptAndRemoved();
     void TheRowsFollowTheClock();
     void NothingIsReadWithoutAFile();
     void TheListOpensFromTheTimersWindow();
     void EverythingHasANameForScreenReaders();
     void ASetClockIsFollowed();
+    void ASoundEndsWithTheDesk();
 };
 
 void TstTimersWindow::TheCountdownIsTheFirstRow() {
-    Bench bench;
+    TimersBench bench;
     bench.desk->Show();
     QCOMPARE(bench.Form().windowTitle(), u"タイマー一覧"_s);
     QStringList titles;
@@ -130,7 +45,7 @@ void TstTimersWindow::TheCountdownIsTheFirstRow() {
 }
 
 void TstTimersWindow::TheCountdownIsOperated() {
-    Bench bench;
+    TimersBench bench;
     bench.desk->Show();
     bench.Press<TimersForm>("Command1");
     QVERIFY(bench.countdown.CountdownRunning);
@@ -147,32 +62,8 @@ void TstTimersWindow::TheCountdownIsOperated() {
     QCOMPARE(bench.Row(0), (QStringList{u"メイン"_s, u"0:15"_s, QString(), u"停止"_s}));
 }
 
-void TstTimersWindow::APresetStarts() {
-    Bench bench;
-    bench.desk->Show();
-    QCOMPARE(bench.Button("Preset(0)").text(), u"紅茶 4分"_s);
-    QCOMPARE(bench.Button("Preset(1)").text(), u"集中 25分／休憩 5分"_s);
-    bench.PressPreset(0);
-    QCOMPARE(bench.Row(1), (QStringList{u"紅茶"_s, u"4:00"_s, u"21:09:07"_s, u"動作中"_s}));
-    QCOMPARE(bench.Table().currentRow(), 1);
-    QCOMPARE(bench.Enabled(), u"0111"_s);
-    bench.PressPreset(0);  // a second pot
-    QCOMPARE(bench.Table().rowCount(), 3);
-}
-
-void TstTimersWindow::APresetUsesItsEndedTimerAgain() {
-    Bench bench;
-    bench.desk->Show();
-    bench.PressPreset(0);
-    bench.time.Advance(5 * kMinute);
-    QCOMPARE(bench.Row(1).last(), u"終了"_s);
-    bench.PressPreset(0);
-    QCOMPARE(bench.Table().rowCount(), 2);
-    QCOMPARE(bench.Row(1)[1], u"4:00"_s);
-}
-
 void TstTimersWindow::ATimerIsAddedAndOperated() {
-    Bench bench;
+    TimersBench bench;
     bench.desk->Show();
     bench.The<TimersForm, QLineEdit>("Text4").setText(u" パ ン "_s);
     bench.The<TimersForm, QSpinBox>("UpDown1").setValue(1);
@@ -202,7 +93,7 @@ void TstTimersWindow::ATimerIsAddedAndOperated() {
 }
 
 void TstTimersWindow::ATimeOfZeroIsRefused() {
-    Bench bench;
+    TimersBench bench;
     bench.desk->Show();
     bench.The<TimersForm, QSpinBox>("UpDown2").setValue(0);
     bench.Press<TimersForm>("Command5");
@@ -211,7 +102,7 @@ void TstTimersWindow::ATimeOfZeroIsRefused() {
 }
 
 void TstTimersWindow::TwentyTimers() {
-    Bench bench;
+    TimersBench bench;
     bench.desk->Show();
     for (int i = 0; i < 20; ++i) {
         QVERIFY(bench.Button("Command5").isEnabled());
@@ -225,7 +116,7 @@ void TstTimersWindow::TwentyTimers() {
 }
 
 void TstTimersWindow::TheNoticeListsAllThatEnded() {
-    Bench bench;
+    TimersBench bench;
     bench.desk->Show();
     bench.PressPreset(0);
     bench.PressPreset(0);
@@ -248,7 +139,7 @@ void TstTimersWindow::TheNoticeListsAllThatEnded() {
 }
 
 void TstTimersWindow::ToldAgainAfterFiveMinutes() {
-    Bench bench;
+    TimersBench bench;
     bench.desk->Show();
     bench.PressPreset(0);
     bench.time.Advance(4 * kMinute);
@@ -265,7 +156,7 @@ void TstTimersWindow::ToldAgainAfterFiveMinutes() {
 }
 
 void TstTimersWindow::TheOpenNoticeGrows() {
-    Bench bench;
+    TimersBench bench;
     bench.desk->Show();
     bench.PressPreset(0);
     bench.PressPreset(1);
@@ -278,7 +169,7 @@ void TstTimersWindow::TheOpenNoticeGrows() {
 }
 
 void TstTimersWindow::NoNoticeWhileAMenuIsOpen() {
-    Bench bench;
+    TimersBench bench;
     bench.desk->Show();
     bench.PressPreset(0);
     bench.isMenuOpen = true;
@@ -292,7 +183,7 @@ void TstTimersWindow::NoNoticeWhileAMenuIsOpen() {
 }
 
 void TstTimersWindow::StoredTimersAreReadAfterTheStart() {
-    Bench bench;
+    TimersBench bench;
     bench.desk->Show();
     bench.PressPreset(0);
     bench.time.Advance(kMinute);
@@ -305,7 +196,7 @@ void TstTimersWindow::StoredTimersAreReadAfterTheStart() {
 }
 
 void TstTimersWindow::AnEndLongAgoIsToldWithoutASound() {
-    Bench bench;
+    TimersBench bench;
     bench.desk->Show();
     bench.PressPreset(0);
     bench.desk.reset();
@@ -319,25 +210,8 @@ void TstTimersWindow::AnEndLongAgoIsToldWithoutASound() {
     QVERIFY(!bench.IsNoticeOpen());
 }
 
-void TstTimersWindow::APresetIsKeptAndRemoved() {
-    Bench bench;
-    bench.desk->Show();
-    bench.The<TimersForm, QLineEdit>("Text4").setText(u"そば"_s);
-    bench.Press<TimersForm>("Command6");
-    auto* dialog = bench.Form().findChild<QInputDialog*>(u"PresetNameDialog"_s);
-    QVERIFY(dialog != nullptr);
-    QCOMPARE(dialog->textValue(), u"そば"_s);
-    dialog->accept();
-    QCOMPARE(bench.store.kept.presets.size(), 3);
-    QCOMPARE(bench.Button("Preset(2)").text(), u"そば 3分"_s);
-    bench.Button("Preset(0)").actions().front()->trigger();
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    QCOMPARE(bench.store.kept.presets.size(), 2);
-    QCOMPARE(bench.Button("Preset(0)").text(), u"集中 25分／休憩 5分"_s);
-}
-
 void TstTimersWindow::TheRowsFollowTheClock() {
-    Bench bench;
+    TimersBench bench;
     bench.desk->Show();
     bench.PressPreset(1);
     bench.time.Advance(10'000);
@@ -349,7 +223,7 @@ void TstTimersWindow::TheRowsFollowTheClock() {
 }
 
 void TstTimersWindow::NothingIsReadWithoutAFile() {
-    Bench bench;
+    TimersBench bench;
     bench.time.Advance(10 * kMinute);
     QVERIFY(!bench.time.UntilNext());
     QCOMPARE(bench.store.writes, 0);
@@ -357,7 +231,7 @@ void TstTimersWindow::NothingIsReadWithoutAFile() {
 
 void TstTimersWindow::TheListOpensFromTheTimersWindow() {
     int opened = 0;
-    Bench bench;
+    TimersBench bench;
     Countdown countdown(bench.countdown, bench.time);
     TimerPanel panel(countdown, {.upper = bench.upper, .lower = bench.lower}, bench.tools.TimerTimer());
     TimerForm form(
@@ -370,7 +244,7 @@ void TstTimersWindow::TheListOpensFromTheTimersWindow() {
 }
 
 void TstTimersWindow::EverythingHasANameForScreenReaders() {
-    Bench bench;
+    TimersBench bench;
     bench.desk->Show();
     bench.PressPreset(0);
     for (const QWidget* widget : bench.Form().findChildren<QWidget*>()) {
@@ -384,7 +258,7 @@ void TstTimersWindow::EverythingHasANameForScreenReaders() {
 }
 
 void TstTimersWindow::ASetClockIsFollowed() {
-    Bench bench;
+    TimersBench bench;
     bench.desk->Show();
     bench.PressPreset(0);
     bench.time.SetNow(bench.time.Now().addSecs(3600));
@@ -394,6 +268,15 @@ void TstTimersWindow::ASetClockIsFollowed() {
     QVERIFY(!bench.IsNoticeOpen());
     bench.time.Advance(1);
     QVERIFY(bench.IsNoticeOpen());
+}
+
+void TstTimersWindow::ASoundEndsWithTheDesk() {
+    TimersBench bench;
+    bench.desk->Show();
+    bench.Press<TimersForm>("Command10");
+    QCOMPARE(bench.sounds, QStringList{u"TKW00.wav"_s});
+    bench.desk.reset();
+    QCOMPARE(bench.sounds.last(), u"stop"_s);
 }
 
 QTEST_MAIN(TstTimersWindow)
