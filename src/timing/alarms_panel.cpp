@@ -20,10 +20,15 @@ constexpr int kFirstSnooze = 5;  // min
 
 }  // namespace
 
-QString AlarmsPanel::StateOf(const AlarmList::Row& row, bool ringsAgain) const {
+/// Of an alarm that rings once.
+bool AlarmsPanel::IsPast(const KeptAlarm& alarm) const {
+    return LocalMoment(alarm.once, alarm.time, m_list.Local().offset) <= m_clock.Now().toMSecsSinceEpoch();
+}
+
+QString AlarmsPanel::StateOf(const AlarmList::Row& row) const {
     QString state = row.kept.isOn ? u"入"_s : u"切"_s;
-    if (row.kept.isOn && !ringsAgain) {
-        state = row.kept.days == AlarmDays::Once ? u"終了"_s : u"入"_s;
+    if (row.kept.isOn && row.kept.days == AlarmDays::Once && IsPast(row.kept)) {
+        state = u"終了"_s;
     }
     if (m_list.IsNextSkipped(row)) {
         state += u"（1回休み）"_s;
@@ -41,7 +46,7 @@ ShownAlarm AlarmsPanel::Shown(const AlarmList::Row& row) const {
     return {.id = row.kept.id,
             .texts = {row.kept.name, row.kept.time.toString(u"H:mm"_s), AlarmDaysText(row.kept, today),
                       next ? RingText(QDateTime::fromMSecsSinceEpoch(next->at), today) : u"なし"_s,
-                      StateOf(row, next.has_value())}};
+                      StateOf(row)}};
 }
 
 QList<ShownAlarm> AlarmsPanel::Rows() const {
@@ -90,10 +95,13 @@ KeptAlarm AlarmsPanel::CheckedAlarm(KeptAlarm alarm) const {
     if (alarm.days == AlarmDays::Once && !alarm.once.isValid()) {
         throw RunTimeError(u"アラームを鳴らす日付が正しくありません。"_s);
     }
-    const qint64 now = m_clock.Now().toMSecsSinceEpoch();
-    if (alarm.days == AlarmDays::Once && LocalMoment(alarm.once, alarm.time, m_list.Local().offset) <= now) {
+    if (alarm.days == AlarmDays::Once && IsPast(alarm)) {
         throw RunTimeError(
             u"アラームを鳴らす日時が過ぎています。\r\nこれからの日付と時刻を指定してください。"_s);
+    }
+    if (alarm.days == AlarmDays::Once && alarm.silentOnDaysOff && m_list.Local().isOff(alarm.once)) {
+        throw RunTimeError(
+            u"アラームを鳴らす日が休みの日です。\r\n「休みの日は鳴らさない」の印を外してください。"_s);
     }
     alarm.name = alarm.name.simplified().left(kLongestTimerName);
     for (int number = 1; alarm.name.isEmpty(); ++number) {

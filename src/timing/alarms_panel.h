@@ -48,7 +48,8 @@ public:
 
 private:
     ShownAlarm Shown(const AlarmList::Row& row) const;
-    QString StateOf(const AlarmList::Row& row, bool ringsAgain) const;
+    bool IsPast(const KeptAlarm& alarm) const;
+    QString StateOf(const AlarmList::Row& row) const;
     KeptAlarm CheckedAlarm(KeptAlarm alarm) const;
 
     AlarmList& m_list;

@@ -65,7 +65,7 @@ void TstAlarmsPanel::TheStateOfARow() {
     QCOMPARE(bench.Row(1).mid(3), (QStringList{u"なし"_s, u"切"_s}));
     QVERIFY(!bench.panel.ActionsOf(every).isOn && !bench.panel.ActionsOf(every).canSkip);
     bench.panel.SkipNext(once, true);  // its only ring
-    QCOMPARE(bench.Row(0).mid(3), (QStringList{u"なし"_s, u"終了（1回休み）"_s}));
+    QCOMPARE(bench.Row(0).mid(3), (QStringList{u"なし"_s, u"入（1回休み）"_s}));
     QVERIFY(bench.panel.ActionsOf(once).isSkipped && bench.panel.ActionsOf(once).canSkip);
     bench.panel.SkipNext(once, false);
     bench.PassUntil(u"1998-11-15T21:10:00"_s);
@@ -104,6 +104,19 @@ void TstAlarmsPanel::AnAlarmThatNeverRingsIsRefused() {
     past.time = QTime(21, 5);
     QVERIFY_THROWS_EXCEPTION(RunTimeError, bench.panel.Change(id, past));
     QCOMPARE(bench.Row(0)[3], u"今日 21:06"_s);
+    past.time = QTime(21, 6);
+    past.silentOnDaysOff = true;
+    bench.off.insert(QDate(1998, 11, 15));
+    QVERIFY_THROWS_EXCEPTION(RunTimeError, bench.panel.Add(past));
+    past.silentOnDaysOff = false;
+    bench.panel.Add(past);
+    bench.off.clear();
+    past.silentOnDaysOff = true;
+    bench.panel.Change(id, past);
+    bench.off.insert(QDate(1998, 11, 15));  // only now
+    QCOMPARE(bench.Row(0).mid(3), (QStringList{u"なし"_s, u"入"_s}));
+    bench.PassUntil(u"1998-11-15T21:06:00"_s);
+    QCOMPARE(bench.Row(0)[4], u"終了"_s);
 }
 
 void TstAlarmsPanel::TheEntry() {
