@@ -7,10 +7,12 @@ import os
 import random
 import sqlite3
 import unittest
+import wave
 
 from driver.boxes import RUN_TIME_ERROR, close_box
 from driver.case import TickwellCase
 from driver.desktop import Session
+from driver.sound_pipe import SoundPipe, sound_of
 from driver.tickwell import make_folder, start_tickwell, wait_lines, wait_on_screen
 from driver.tool_windows import button, choose, press, wait_for_hand, wait_window
 from driver.virtual_time import VirtualTime
@@ -38,10 +40,11 @@ class AlarmsCase(TickwellCase):
         self.folder = make_folder(self.session.directory / "alarms")
         self.file = self.folder / "Tools.db"
 
-    def start(self, wall="1998-11-15T21:05:07", **options):
+    def start(self, wall="1998-11-15T21:05:07", settings=None, **options):
         self.time = VirtualTime(wall, 307000)
         self.addCleanup(self.time.close)
-        self.app = start_tickwell(self.session, folder=self.folder, settings={"SetUp": {"Function": "3"}},
+        self.app = start_tickwell(self.session, folder=self.folder,
+                                  settings={"SetUp": {"Function": "3"}} | (settings or {}),
                                   virtual_time=self.time, **options)
         wait_on_screen(self.session, self.app)
         self.time.advance(START_UP_DELAY)
@@ -216,6 +219,47 @@ class Alarms(AlarmsCase):
         self.app.wait_gone(role="dialog", name=LIST, showing=True)
         self.time.advance(24 * HOUR)
         self.assertFalse(self.notices())
+
+
+class Sound(AlarmsCase):
+    def ring(self, settings=None):
+        """Lets an alarm of twelve seconds ring."""
+        self.sound = SoundPipe(self.session)
+        self.addCleanup(self.sound.close)
+        self.start(settings=settings, environment=self.sound.environment)
+        self.once = sound_of(self.folder / "TKW00.wav")
+        self.open_alarms()
+        self.alarms.find(role="spin box", name="鳴らす時間（秒）").set_value(12)
+        self.add("wake", "2110")
+        self.time.advance(4 * MINUTE + 42_000)
+        return self.wait_notice("「wake」の時刻です（21:10）")
+
+    def test_it_is_repeated_for_its_time(self):
+        notice = self.ring()
+        with wave.open(str(self.folder / "TKW00.wav")) as file:
+            length = file.getnframes() * 1000 // file.getframerate()
+        self.assertTrue(self.sound.take(self.once, "the sound"))
+        heard = 1
+        while heard * length < 12_000:
+            self.time.advance(length)
+            self.assertTrue(self.sound.take(self.once, f"the sound, {heard} times before"))
+            heard += 1
+        self.time.advance(MINUTE)
+        wait_for(lambda: not self.sound.is_open(self.app.program.pid), "the end of the sound")
+        self.assertEqual(self.sound.heard(), b"")
+        self.answer(notice)
+
+    def test_it_ends_with_the_answer(self):
+        self.answer(self.ring())
+        wait_for(lambda: not self.sound.is_open(self.app.program.pid), "the end of the sound")
+        heard = len(self.sound.heard())
+        self.assertLessEqual(heard, len(self.once))
+        self.time.advance(MINUTE)
+        self.assertEqual(len(self.sound.heard()), heard)
+
+    def test_quiet_hours(self):
+        self.answer(self.ring({"Quiet": {"Hours": "True", "From": "0", "To": "0", "Timer": "True"}}))
+        self.assertEqual(self.sound.heard(), b"")
 
 
 class SmallScreen(AlarmsCase):
