@@ -32,7 +32,7 @@ qint64 StoredMoment(const SqliteStatement& row, int column) {
 
 KeptAlarm AlarmOf(const SqliteStatement& row) {
     const int minute = SmallInteger(row, 2, 0, kMinutesOfDay - 1);
-    const KeptAlarm alarm{
+    KeptAlarm alarm{
         .id = row.Integer(0),
         .name = row.Text(1),
         .time = QTime(minute / kMinutesOfHour, minute % kMinutesOfHour),

@@ -115,6 +115,7 @@ void TstAlarmDesk::AMissedAlarmIsToldWithoutASound() {
     AlarmWindowBench bench;
     bench.AddAlarm(u"起床"_s, 21, 10);
     bench.desk.reset();
+    bench.sounds.clear();
     bench.time.Suspend(30 * kMinute);  // 21:35:07
     bench.Begin();
     bench.time.Advance(1);

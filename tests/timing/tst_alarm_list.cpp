@@ -52,6 +52,7 @@ void TstAlarmList::AnAlarmRingsOncePerDay() {
     QVERIFY(bench.list.TakeDue().calls.isEmpty());
     bench.Pass(1000);
     QCOMPARE(bench.list.UntilDue(), 0);
+    QCOMPARE(bench.Next(id), u"11/17 7:00"_s);  // also before it is told
     QCOMPARE(Told(bench.list.TakeDue()), kRings);
     QVERIFY(bench.list.TakeDue().calls.isEmpty());
     QCOMPARE(bench.list.UntilDue(), 24 * 60 * kMinute);

@@ -34,6 +34,7 @@ void TstAlarmListStored::EachRingsAgainAfterItsOwnMinutes() {
     QCOMPARE(bench.list.TakeDue().calls.size(), 2);
     bench.list.Snooze({first, second});
     QCOMPARE(bench.list.UntilDue(), 5 * kMinute);
+    QCOMPARE(bench.store.kept[1].againAt, bench.At(u"1998-11-15T21:40:00"_s).toMSecsSinceEpoch());
     bench.Pass(5 * kMinute - 1);
     QVERIFY(bench.list.TakeDue().calls.isEmpty());
     bench.Pass(1);

@@ -169,11 +169,13 @@ void TstAlarmsWindow::AnAlarmThatNeverRingsIsRefused() {
     bench.ChooseDays(2);
     bench.Press<AlarmsForm>("Command1");
     QVERIFY(bench.boxes.Shown().last().text.contains(u"アラームを鳴らす曜日を選んでください。"));
+    bench.boxes.Close();
     bench.ChooseDays(3);
     bench.SetNumber("UpDown4", 11);
     bench.SetNumber("UpDown5", 31);
     bench.Press<AlarmsForm>("Command1");
     QVERIFY(bench.boxes.Shown().last().text.contains(u"アラームを鳴らす日付が正しくありません。"));
+    bench.boxes.Close();
     bench.SetNumber("UpDown5", 14);
     bench.Press<AlarmsForm>("Command1");
     QVERIFY(bench.boxes.Shown().last().text.contains(u"アラームを鳴らす日時が過ぎています。"));
