@@ -20,21 +20,27 @@ constexpr int kKills = 40;
 constexpr int kLongestLife = 60'000;   // microseconds
 constexpr int kSmallestFile = 16'000;  // bytes; fewer than the file has with the alarms' table
 
-/// The file as the version before the alarms made it.
-const QList<QByteArray> kFileBeforeAlarms{
-    "BEGIN IMMEDIATE",
-    "PRAGMA application_id=1414223700",
-    "PRAGMA user_version=1",
+// The tables of the version before the alarms.
+constexpr const char* kTimersBefore =
     "CREATE TABLE timers(id INTEGER PRIMARY KEY AUTOINCREMENT, name TEXT NOT NULL, "
     "milliseconds INTEGER NOT NULL CHECK(milliseconds BETWEEN 1 AND 86399000), next_name TEXT NOT NULL, "
     "next_milliseconds INTEGER NOT NULL CHECK(next_milliseconds BETWEEN 0 AND 86399000), "
     "sound TEXT NOT NULL, phase INTEGER NOT NULL CHECK(phase BETWEEN 0 AND 3), "
     "stage INTEGER NOT NULL CHECK(stage BETWEEN 0 AND 1), ends_at INTEGER NOT NULL, "
-    "remaining INTEGER NOT NULL CHECK(remaining BETWEEN 0 AND 86399000), again_at INTEGER NOT NULL) STRICT",
+    "remaining INTEGER NOT NULL CHECK(remaining BETWEEN 0 AND 86399000), again_at INTEGER NOT NULL) STRICT";
+constexpr const char* kPresetsBefore =
     "CREATE TABLE presets(id INTEGER PRIMARY KEY AUTOINCREMENT, name TEXT NOT NULL, "
     "milliseconds INTEGER NOT NULL CHECK(milliseconds BETWEEN 1 AND 86399000), next_name TEXT NOT NULL, "
     "next_milliseconds INTEGER NOT NULL CHECK(next_milliseconds BETWEEN 0 AND 86399000), "
-    "sound TEXT NOT NULL) STRICT",
+    "sound TEXT NOT NULL) STRICT";
+
+/// The file as that version made it.
+const QList<QByteArray> kFileBeforeAlarms{
+    "BEGIN IMMEDIATE",
+    "PRAGMA application_id=1414223700",
+    "PRAGMA user_version=1",
+    kTimersBefore,
+    kPresetsBefore,
     "INSERT INTO timers VALUES(3, 'パン', 180000, '', 0, 'TKW02.wav', 1, 0, 1795400000123, 0, 0)",
     "INSERT INTO timers VALUES(7, '集中', 1500000, '休憩', 300000, 'TKW00.wav', 2, 1, 0, 90000, 0)",
     "INSERT INTO presets VALUES(5, 'そば', 240000, '', 0, 'TKW00.wav')",
