@@ -200,6 +200,21 @@ class Alarms(AlarmsCase):
         self.time.advance(1000)
         self.wait_notice("「wake」の時刻です（21:10）")
 
+    def test_a_machine_that_slept_and_a_clock_that_is_set_back(self):
+        self.start()
+        self.open_alarms()
+        self.add("wake", "2110")
+        self.time.suspend(8 * MINUTE)
+        self.time.advance(1000)
+        self.answer(self.wait_notice("「wake」の時刻です（21:10）"))
+        self.time.set_wall("1998-11-15T21:00:00")
+        self.cell("明日 21:10")
+        self.time.advance(20 * MINUTE)
+        self.assertFalse(self.notices())
+        self.time.set_wall("1998-11-16T21:40:00")
+        self.time.advance(1000)
+        self.wait_notice("「wake」は30分前（21:10）に鳴るはずでした")
+
     def test_a_changed_and_removed_alarm_with_the_keyboard(self):
         self.start()
         self.open_alarms()

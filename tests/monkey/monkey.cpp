@@ -32,8 +32,8 @@ QWidget* WindowNamed(const QWidgetList& windows, QStringView name) {
 
 /// Windows that are only hidden on closing and reused; menus belong to the main window.
 bool MayStay(const QWidget& window) {
-    static const QStringList names{u"Form1"_s, u"StopForm"_s,   u"TimerForm"_s,
-                                   u"Form8"_s, u"TimersForm"_s, u"TimersNotice"_s};
+    static const QStringList names{u"Form1"_s,      u"StopForm"_s,     u"TimerForm"_s,  u"Form8"_s,
+                                   u"TimersForm"_s, u"TimersNotice"_s, u"AlarmsForm"_s, u"AlarmNotice"_s};
     const bool isOurs = window.parentWidget() != nullptr && MayStay(*window.parentWidget()->window());
     return names.contains(window.objectName()) || isOurs || window.windowType() == Qt::ToolTip;
 }
