@@ -65,7 +65,7 @@ TimersForm::TimersForm(const TimersWindowParts& parts, QWidget* parent)
 
 QPushButton* TimersForm::ActionButton(int index, const QString& caption, Action action) {
     return controls::MakeButton(u"Command%1"_s.arg(index), caption, this, m_parts.handlers, [this, action] {
-        Act([this, action] { (m_parts.panel.*action)(Selected()); });
+        Act([this, &action] { (m_parts.panel.*action)(Selected()); });
     });
 }
 

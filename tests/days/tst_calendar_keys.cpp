@@ -128,7 +128,8 @@ void TstCalendarKeys::Tab() {
         bench.Click(u"Command6"_s);
         bench.Cell(3).setFocus();
     }
-    QApplication::setActiveWindow(bench.form.get());
+    bench.form->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(bench.form.get()));
     QStringList found{bench.Focused()};
     while (found.size() < order.size()) {
         bench.Key(Qt::Key_Tab);

@@ -51,6 +51,15 @@ QString TextOf(Qt::Key key, Qt::KeyboardModifiers modifiers) {
     return modifiers.testFlag(Qt::ShiftModifier) ? text : text.toLower();
 }
 
+/// Unlike QTest::sendKeyEvent, this handles no other events before the key: they could destroy the window.
+void SendKey(const QPointer<QWindow>& window, bool isPress, Qt::Key key, Qt::KeyboardModifiers modifiers,
+             const QString& text) {
+    if (window != nullptr && window->isVisible()) {
+        QTest::simulateEvent(window, isPress, key, modifiers, text,
+                             false);  // handles other events afterwards
+    }
+}
+
 }  // namespace
 
 Hands::Hands() {
@@ -194,17 +203,16 @@ void Hands::Turn(QWidget& widget, QPoint at, QPoint angle, Qt::KeyboardModifiers
 void Hands::Key(Qt::Key key, Qt::KeyboardModifiers modifiers) {
     const QWidget* popup = QApplication::activePopupWidget();  // receives the keys of all windows
     const QPointer<QWindow> window = popup != nullptr ? WindowOf(*popup) : QGuiApplication::focusWindow();
-    for (const QTest::KeyAction action : {QTest::Press, QTest::Release}) {
-        if (window != nullptr) {  // the press may have destroyed the window
-            QTest::sendKeyEvent(action, window, key, TextOf(key, modifiers), modifiers);
-        }
+    for (const bool isPress : {true, false}) {
+        SendKey(window, isPress, key, modifiers, TextOf(key, modifiers));
     }
 }
 
 void Hands::Type(const QString& text) {
     for (const QChar letter : text) {
-        if (QWindow* window = QGuiApplication::focusWindow()) {
-            QTest::sendKeyEvent(QTest::Click, window, Qt::Key_unknown, QString(letter), {});
+        const QPointer<QWindow> window = QGuiApplication::focusWindow();
+        for (const bool isPress : {true, false}) {
+            SendKey(window, isPress, Qt::Key_unknown, {}, QString(letter));
         }
     }
 }

@@ -89,7 +89,8 @@ private Q_SLOTS:
 
 /// Silences the sanitizers in the helper: crashes are expected here, and libcdio leaks memory.
 void TstCdDamage::initTestCase() {
-    qputenv("ASAN_OPTIONS", qgetenv("ASAN_OPTIONS") + ":detect_leaks=0:log_path=/dev/null");
+    const QByteArray options = qgetenv("ASAN_OPTIONS") + ":detect_leaks=0:log_path=/dev/null";
+    qputenv("ASAN_OPTIONS", options);
 }
 
 void TstCdDamage::DamagedImagesArePlayedOrRefused_data() {

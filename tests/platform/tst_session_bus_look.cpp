@@ -81,14 +81,15 @@ void TstSessionBusLook::QtIsKeptFromAHangingBus() {
     const QByteArray path = m_folder.filePath(u"silent"_s).toUtf8();
     const SilentBus bus(path);
     QVERIFY(bus.Listens());
-    qputenv(kAddress, "unix:path=" + path);
+    const QByteArray address = "unix:path=" + path;
+    qputenv(kAddress, address);
     QTest::ignoreMessage(
         QtWarningMsg,
         "The session bus does not answer: no screen reader and no tray icon over it in this run");
     SessionBusLook look;
     QCOMPARE(qgetenv(kAddress), "disabled:");
     look.Finish();
-    QCOMPARE(qgetenv(kAddress), "unix:path=" + path);  // programs that are started still get the address
+    QCOMPARE(qgetenv(kAddress), address);  // programs that are started still get the address
     QVERIFY(!QDBusConnection::sessionBus().isConnected());
 }
 

@@ -195,7 +195,8 @@ void TstSettingsWindow::ArrowsChooseOptions() {
     SettingsBench bench;
     bench.main.store.Put(u"SetUp"_s, u"Op_Waip"_s, u"1"_s);
     bench.Open();
-    QApplication::setActiveWindow(bench.form.get());
+    bench.form->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(bench.form.get()));
     QTest::keyClick(bench.form->focusWidget(), Qt::Key_Tab);
     QTest::keyClick(bench.form->focusWidget(), Qt::Key_Down);
     QCOMPARE(bench.Selected(u"Option2"_s), 2);

@@ -206,7 +206,8 @@ int main(int argc, char** argv) {
     if (!screens.open(QIODevice::WriteOnly) || screens.write(kScreens) < 0 || !screens.flush()) {
         return 1;
     }
-    qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" + screens.fileName().toUtf8());
+    const QByteArray platform = "offscreen:configfile=" + screens.fileName().toUtf8();
+    qputenv("QT_QPA_PLATFORM", platform);
     const QApplication application(argc, argv);
     TstMainWindowFace test;
     return QTest::qExec(&test, argc, argv);
