@@ -43,7 +43,7 @@ AlarmsForm::AlarmsForm(const AlarmsWindowParts& parts, QWidget* parent)
     MakeAlarmTable();
     LayOut();
     controls::OpenHelpByKey(*this, m_parts.handlers, m_parts.help, kHelpAlarms);
-    m_parts.handlers.Connect(m_table, &QTableWidget::itemSelectionChanged, this, [this] {
+    m_parts.handlers.Connect(m_table, &QTableWidget::currentCellChanged, this, [this] {
         ShowActions();
         ShowEntry();
     });

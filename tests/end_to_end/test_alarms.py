@@ -64,9 +64,11 @@ class AlarmsCase(TickwellCase):
     def set_time(self, digits):
         """With the keyboard, as hours and minutes of two digits each."""
         for name, number in (("時刻（時）", digits[:2]), ("分", digits[2:])):
-            self.alarms.find(role="spin box", name=name).grab_focus()
+            field = self.alarms.wait(role="spin box", name=name)
+            field.grab_focus()
             self.session.hand.key("ctrl+a")
             self.session.hand.type(number)
+            wait_for(lambda field=field, number=number: field.value == int(number), f"the number of {name}")
 
     def add(self, name, digits, *boxes):
         """Adds an alarm by keyboard and mouse; `boxes` are clicked before."""
@@ -75,13 +77,17 @@ class AlarmsCase(TickwellCase):
         field.grab_focus()
         self.session.hand.key("ctrl+a")
         self.session.hand.type(name)
+        wait_for(lambda: field.text == name, "the name typed")
         for box in boxes:
             self.click_box(box)
         self.session.hand.click(button(self.alarms, "追加"))
         self.cell(name)
 
     def click_box(self, caption, role="check box"):
-        self.session.hand.click(self.alarms.wait(role=role, name=caption))
+        box = self.alarms.wait(role=role, name=caption)
+        before = "checked" in box.states
+        self.session.hand.click(box)
+        wait_for(lambda: ("checked" in box.states) != before, f"{caption} to change")
 
     def cell(self, text):
         self.alarms.wait(role="cell", name=text)
@@ -146,6 +152,9 @@ class Alarms(AlarmsCase):
         notice = self.wait_notice("「wake」の時刻です（21:10）")
         wait_for(lambda: "focused" in button(notice, "確認").states, "the focus in the notice")
         self.session.hand.key("Return", "space", "Escape")
+        line = notice.find(role="list item")
+        self.session.hand.click(line)  # the keys have arrived when this has an effect
+        wait_for(lambda: "selected" in line.states, "the line selected")
         self.time.advance(KEYS_IGNORED)
         self.wait_notice("「wake」の時刻です（21:10）")
         self.session.hand.key("Return")
