@@ -10,7 +10,10 @@
 
 namespace tickwell::timing {
 
-inline constexpr qint64 kMinute = 60'000;  ///< ms
+// ms
+inline constexpr qint64 kMinute = 60'000;
+inline constexpr qint64 kHour = 60 * kMinute;
+inline constexpr qint64 kDay = 24 * kHour;
 
 /// Alarms whose time, zone, days off and store the test controls. It is Sunday, 15 November 1998, 21:05:07 in
 /// Tokyo.

@@ -47,7 +47,7 @@ void TstAlarmList::AnAlarmRingsOncePerDay() {
     AlarmBench bench;
     const qint64 id = bench.list.Add(AlarmAt(7, 0));
     QCOMPARE(bench.Next(id), u"11/16 7:00"_s);
-    QCOMPARE(bench.list.UntilDue(), 9 * 60 * kMinute + 54 * kMinute + 53'000);
+    QCOMPARE(bench.list.UntilDue(), 9 * kHour + 54 * kMinute + 53'000);
     bench.PassUntil(u"1998-11-16T06:59:59"_s);
     QVERIFY(bench.list.TakeDue().calls.isEmpty());
     bench.Pass(1000);
@@ -55,9 +55,9 @@ void TstAlarmList::AnAlarmRingsOncePerDay() {
     QCOMPARE(bench.Next(id), u"11/17 7:00"_s);  // also before it is told
     QCOMPARE(Told(bench.list.TakeDue()), kRings);
     QVERIFY(bench.list.TakeDue().calls.isEmpty());
-    QCOMPARE(bench.list.UntilDue(), 24 * 60 * kMinute);
+    QCOMPARE(bench.list.UntilDue(), 24 * kHour);
     QCOMPARE(bench.Next(id), u"11/17 7:00"_s);
-    bench.Pass(24 * 60 * kMinute);
+    bench.Pass(24 * kHour);
     QCOMPARE(Told(bench.list.TakeDue()), kRings);
 }
 
@@ -129,7 +129,7 @@ void TstAlarmList::AMissedRingIsToldOnceAcrossRestarts() {
     QCOMPARE(Told(second.TakeDue()), QStringList(u"起床-25"_s));
     AlarmList third = bench.Restarted(kMinute);
     QVERIFY(third.TakeDue().calls.isEmpty());
-    AlarmList fourth = bench.Restarted(24 * 60 * kMinute - 20 * kMinute);  // 21:16:07 on the next day
+    AlarmList fourth = bench.Restarted(24 * kHour - 20 * kMinute);  // 21:16:07 on the next day
     QCOMPARE(Told(fourth.TakeDue()), QStringList(u"起床6"_s));
 }
 
@@ -141,7 +141,7 @@ void TstAlarmList::AClockThatIsSetBackRingsNothingTwice() {
     bench.SetClock(u"1998-11-16T06:30:00"_s);
     QCOMPARE(bench.list.FollowClock(), QString());
     QCOMPARE(bench.Next(id), u"11/17 7:00"_s);
-    bench.Pass(60 * kMinute);
+    bench.Pass(kHour);
     QVERIFY(bench.list.TakeDue().calls.isEmpty());
     AlarmList next = bench.Restarted(0);
     QVERIFY(next.TakeDue().calls.isEmpty());
@@ -200,9 +200,9 @@ void TstAlarmList::ARepeatedHourRingsOnce() {
     bench.zone = QTimeZone("Europe/London");
     bench.SetClock(u"2026-10-25T00:30:00"_s);
     bench.list.Add(AlarmAt(1, 30));  // 1:00 to 2:00 is shown twice
-    bench.Pass(60 * kMinute);
+    bench.Pass(kHour);
     QCOMPARE(Told(bench.list.TakeDue()), kRings);
-    bench.Pass(60 * kMinute);
+    bench.Pass(kHour);
     QVERIFY(bench.list.TakeDue().calls.isEmpty());
 }
 
@@ -211,7 +211,7 @@ void TstAlarmList::AnotherZone() {
     const qint64 id = bench.list.Add(AlarmAt(7, 0));
     bench.zone = QTimeZone("Europe/London");  // it is 12:05:07 there
     QCOMPARE(bench.Next(id), u"11/16 7:00"_s);
-    QCOMPARE(bench.list.UntilDue(), 18 * 60 * kMinute + 54 * kMinute + 53'000);
+    QCOMPARE(bench.list.UntilDue(), 18 * kHour + 54 * kMinute + 53'000);
 }
 
 void TstAlarmList::ADayOffIsSilent() {
@@ -226,7 +226,7 @@ void TstAlarmList::ADayOffIsSilent() {
     QCOMPARE(bench.Next(work), u"11/17 7:00"_s);
     bench.PassUntil(u"1998-11-16T07:00:00"_s);
     QCOMPARE(Told(bench.list.TakeDue()), kRings);
-    QCOMPARE(bench.list.UntilDue(), 24 * 60 * kMinute);
+    QCOMPARE(bench.list.UntilDue(), 24 * kHour);
     bench.PassUntil(u"1998-11-17T07:00:00"_s);
     QCOMPARE(Told(bench.list.TakeDue()), (QStringList{u"起床0"_s, u"仕事0"_s}));
     bench.off.insert(QDate(1998, 11, 19));
@@ -241,7 +241,7 @@ void TstAlarmList::ADayThatIsNoLongerOff() {
     alarm.silentOnDaysOff = true;
     bench.off.insert(QDate(1998, 11, 16));
     bench.list.Add(alarm);
-    QCOMPARE(bench.list.UntilDue(), 9 * 60 * kMinute + 54 * kMinute + 53'000);
+    QCOMPARE(bench.list.UntilDue(), 9 * kHour + 54 * kMinute + 53'000);
     bench.off.clear();
     bench.PassUntil(u"1998-11-16T07:00:00"_s);
     QCOMPARE(Told(bench.list.TakeDue()), kRings);
@@ -294,7 +294,7 @@ void TstAlarmList::ASkippedRingIsNotMissed() {
     AlarmBench bench;
     const qint64 id = bench.list.Add(AlarmAt(7, 0));
     bench.list.SkipNext(id, true);
-    AlarmList next = bench.Restarted(12 * 60 * kMinute);  // 9:05:07
+    AlarmList next = bench.Restarted(12 * kHour);  // 9:05:07
     QVERIFY(next.TakeDue().calls.isEmpty());
 }
 

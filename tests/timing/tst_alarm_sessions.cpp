@@ -17,8 +17,7 @@ namespace {
 constexpr int kSessions = 100;
 constexpr int kSteps = 200;
 constexpr int kAlarms = 8;
-constexpr qint64 kMostBack =
-    20LL * 60 * kMinute;  // a session's clock is never further behind its latest time
+constexpr qint64 kMostBack = 20 * kHour;  // a session's clock is never further behind its latest time
 
 /// An alarm clock with a dial, watched minute by minute: it knows what it shows, and on which days it has
 /// rung.
@@ -155,7 +154,7 @@ private:
             return;
         }
         alarm.skipped = QDate();
-        for (qint64 minute = m_now / kMinute * kMinute + kMinute; minute < m_now + 12 * 1440 * kMinute;
+        for (qint64 minute = m_now / kMinute * kMinute + kMinute; minute < m_now + 12 * kDay;
              minute += kMinute) {
             const QDate day = Reached(alarm.set, minute);
             if (day.isValid() && minute > alarm.since && !alarm.rung.contains(day) &&

@@ -10,6 +10,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr qint64 kMinute = 60'000;
+constexpr qint64 kDay = 1440 * kMinute;
 const QDate kToday(2026, 11, 23);  // a Monday
 
 QDateTime At(int month, int day, int hour, int minute, int year = 2026) {
@@ -84,7 +85,7 @@ void TstAlarmTexts::Calls_data() {
                             << u"「起床」は25分前（7:00）に鳴るはずでした"_s;
     QTest::newRow("missed by hours") << false << 125 * kMinute << At(11, 23, 7, 0)
                                      << u"「起床」は2時間5分前（7:00）に鳴るはずでした"_s;
-    QTest::newRow("missed by days") << false << 3 * 1440 * kMinute + kMinute << At(11, 20, 7, 0)
+    QTest::newRow("missed by days") << false << 3 * kDay + kMinute << At(11, 20, 7, 0)
                                     << u"「起床」は3日前（11/20(金) 7:00）に鳴るはずでした"_s;
 }
 
