@@ -3,11 +3,12 @@
 
 #include <algorithm>
 
+#include "core/minute_of_day.h"
+
 namespace tickwell::days {
 
 namespace {
 
-constexpr qint32 kLastMinute = 24 * 60 - 1;
 constexpr int kSecondsInMinute = 60;
 
 QTime TimeOfNotices(const NoticeSettings& settings) {

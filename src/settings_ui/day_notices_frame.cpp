@@ -11,6 +11,7 @@
 
 #include "controls/control_making.h"
 #include "controls/number_box.h"
+#include "core/minute_of_day.h"
 #include "settings_ui/flag_boxes.h"
 
 namespace tickwell::settings_ui {
@@ -37,9 +38,6 @@ constexpr std::array kDaysAhead{
     DaysAheadRow{u"Check54", u"3日前", 3},
     DaysAheadRow{u"Check55", u"7日前", 7},
 };
-
-constexpr int kMinutesInHour = 60;
-constexpr int kLastMinute = 24 * kMinutesInHour - 1;
 
 }  // namespace
 

@@ -8,6 +8,7 @@
 #include <array>
 
 #include "controls/control_making.h"
+#include "core/minute_of_day.h"
 #include "settings_ui/flag_boxes.h"
 
 namespace tickwell::settings_ui {
@@ -31,8 +32,6 @@ constexpr std::size_t kTimer = 2;
 constexpr std::size_t kDesktop = 3;
 
 constexpr int kLastHour = 23;
-constexpr int kMinutesInHour = 60;
-constexpr int kLastMinute = kLastHour * kMinutesInHour + kMinutesInHour - 1;  // of a day
 
 }  // namespace
 

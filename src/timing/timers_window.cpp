@@ -35,10 +35,10 @@ TimersForm::TimersForm(const TimersWindowParts& parts, QWidget* parent)
       m_entry(new TimerEntryFrame(parts.handlers, parts.sounds, this)),
       m_presetFrame(controls::Named(new QGroupBox(u"すぐに始める"_s, this), u"Frame2"_s)),
       m_presets(new QGridLayout(m_presetFrame)),
-      m_start(ActionButton(1, u"開始"_s, &TimersPanel::Start)),
-      m_pause(ActionButton(2, u"一時停止"_s, &TimersPanel::Pause)),
-      m_reset(ActionButton(3, u"リセット"_s, &TimersPanel::Reset)),
-      m_remove(ActionButton(4, u"削除"_s, &TimersPanel::Remove)),
+      m_start(ActionButton(1, u"開始"_s, [this](qint64 id) { m_parts.panel.Start(id); })),
+      m_pause(ActionButton(2, u"一時停止"_s, [this](qint64 id) { m_parts.panel.Pause(id); })),
+      m_reset(ActionButton(3, u"リセット"_s, [this](qint64 id) { m_parts.panel.Reset(id); })),
+      m_remove(ActionButton(4, u"削除"_s, [this](qint64 id) { m_parts.panel.Remove(id); })),
       m_add(controls::MakeButton(u"Command5"_s, u"追加"_s, this, parts.handlers,
                                  [this] {
                                      Act([this] {
@@ -63,10 +63,10 @@ TimersForm::TimersForm(const TimersWindowParts& parts, QWidget* parent)
     m_parts.handlers.Connect(m_table, &QTableWidget::itemSelectionChanged, this, [this] { ShowActions(); });
 }
 
-QPushButton* TimersForm::ActionButton(int index, const QString& caption, Action action) {
-    return controls::MakeButton(u"Command%1"_s.arg(index), caption, this, m_parts.handlers, [this, action] {
-        Act([this, &action] { (m_parts.panel.*action)(Selected()); });
-    });
+QPushButton* TimersForm::ActionButton(int index, const QString& caption,
+                                      const std::function<void(qint64)>& action) {
+    return controls::MakeButton(u"Command%1"_s.arg(index), caption, this, m_parts.handlers,
+                                [this, action] { Act([this, &action] { action(Selected()); }); });
 }
 
 void TimersForm::MakeTable() {

@@ -47,13 +47,11 @@ public:
     void done(int result) override;
 
 private:
-    using Action = void (TimersPanel::*)(qint64);
-
     void LayOut();
     void MakeTable();
     QHBoxLayout* RowButtons();
     QHBoxLayout* AddingButtons();
-    QPushButton* ActionButton(int index, const QString& caption, Action action);
+    QPushButton* ActionButton(int index, const QString& caption, const std::function<void(qint64)>& action);
     void MakePresets();
     QPushButton* PresetButton(const TimerPreset& preset, int index);
     void OpenPresetMenu(QPoint point, qint64 preset);
