@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "store/alarm_rows.h"
 
+#include "core/minute_of_day.h"
 #include "store/tools_rows.h"
 
 namespace tickwell::store {
@@ -9,8 +10,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kMinutesOfHour = 60;
-constexpr int kMinutesOfDay = 1440;
 constexpr int kAllWeekdays = 127;
 
 int SmallInteger(const SqliteStatement& row, int column, int least, int most) {
@@ -31,11 +30,11 @@ qint64 StoredMoment(const SqliteStatement& row, int column) {
 }
 
 KeptAlarm AlarmOf(const SqliteStatement& row) {
-    const int minute = SmallInteger(row, 2, 0, kMinutesOfDay - 1);
+    const int minute = SmallInteger(row, 2, 0, kLastMinute);
     KeptAlarm alarm{
         .id = row.Integer(0),
         .name = row.Text(1),
-        .time = QTime(minute / kMinutesOfHour, minute % kMinutesOfHour),
+        .time = QTime(minute / kMinutesInHour, minute % kMinutesInHour),
         .days = static_cast<AlarmDays>(SmallInteger(row, 3, 0, static_cast<int>(AlarmDays::Once))),
         .weekdays = SmallInteger(row, 4, 0, kAllWeekdays),
         .once = DayOrNone(row.Text(5)),
@@ -54,7 +53,7 @@ KeptAlarm AlarmOf(const SqliteStatement& row) {
 void BindAlarm(SqliteStatement& statement, const KeptAlarm& alarm) {
     statement.Bind(1, alarm.id);
     statement.Bind(2, alarm.name);
-    statement.Bind(3, qint32{alarm.time.hour() * kMinutesOfHour + alarm.time.minute()});
+    statement.Bind(3, qint32{alarm.time.hour() * kMinutesInHour + alarm.time.minute()});
     statement.Bind(4, static_cast<qint32>(alarm.days));
     statement.Bind(5, qint32{alarm.weekdays});
     statement.Bind(6, alarm.once.toString(Qt::ISODate));

@@ -9,6 +9,7 @@
 #include "controls/control_making.h"
 #include "controls/number_box.h"
 #include "core/kept_timer.h"
+#include "core/minute_of_day.h"
 
 namespace tickwell::timing {
 
@@ -19,7 +20,6 @@ namespace {
 constexpr std::array kDayChoices{u"毎日", u"平日", u"曜日を選ぶ", u"一度だけ"};  // as AlarmDays
 constexpr QStringView kLettersOfWeek = u"月火水木金土日";
 constexpr int kLastHour = 23;
-constexpr int kLastMinute = 59;
 constexpr int kMonths = 12;
 constexpr int kLongestMonth = 31;
 constexpr int kLastYear = 9999;  // that can be stored
@@ -50,7 +50,7 @@ QHBoxLayout* AlarmEntryFrame::TimeRow() {
     name->setBuddy(m_name);
     auto* row = new QHBoxLayout;
     m_hour = AddNumberBox(*row, u"時刻"_s, u"時"_s, 0, kLastHour);
-    m_minute = AddNumberBox(*row, {}, u"分"_s, 0, kLastMinute);
+    m_minute = AddNumberBox(*row, {}, u"分"_s, 0, kMinutesInHour - 1);
     row->addWidget(name);
     row->addWidget(m_name, 1);
     return row;
