@@ -5,6 +5,7 @@
 #include "app/window_placing.h"
 #include "controls/bring_forward.h"
 #include "core/settings_io.h"
+#include "days/day_off.h"
 
 namespace tickwell::app {
 
@@ -61,15 +62,18 @@ void RunningProgram::Start() {
                                                                 .announcements = Announcements(),
                                                                 .mainWindow = *m_form,
                                                                 .timing = *m_timing});
-    m_timers = std::make_unique<Timers>(TimersParts{.folder = m_state.started.folder,
-                                                    .media = m_media.System().Commands(),
-                                                    .clock = m_ports.clock,
-                                                    .timers = m_ports.timers,
-                                                    .handlers = m_ports.handlers,
-                                                    .boxes = m_ports.boxes,
-                                                    .countdown = *m_timing,
-                                                    .windows = *m_windows,
-                                                    .isSilent = [this] { return m_quiet.SilencesTimer(); }});
+    m_timers = std::make_unique<Timers>(TimersParts{
+        .folder = m_state.started.folder,
+        .media = m_media.System().Commands(),
+        .clock = m_ports.clock,
+        .timers = m_ports.timers,
+        .handlers = m_ports.handlers,
+        .boxes = m_ports.boxes,
+        .countdown = *m_timing,
+        .windows = *m_windows,
+        .isSilent = [this] { return m_quiet.SilencesTimer(); },
+        .isDayOff =
+            [this](QDate day) { return days::IsDayOff(m_state.started.dayDatabase, m_holidays, day); }});
     m_mediaKeys =
         std::make_unique<MediaKeys>(MediaKeysParts{.service = m_ports.mediaKeys,
                                                    .timers = m_ports.realTimers,
@@ -223,10 +227,11 @@ timing::TimingParts RunningProgram::Timing() {
                     }
                 },
             .openTimers = [this] { m_timers->Desk().Show(); },
+            .openAlarms = [this] { m_timers->Alarms().Show(); },
             .timeJumped =
                 [this] {
                     if (m_timers) {
-                        m_timers->Desk().TimeJumped();
+                        m_timers->TimeJumped();
                     }
                 }};
 }

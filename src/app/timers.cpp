@@ -3,6 +3,7 @@
 
 #include <QApplication>
 #include <QDir>
+#include <utility>
 
 #include "app/log.h"
 #include "media/sound_playback.h"
@@ -18,12 +19,13 @@ constexpr qint64 kLongestSound = 30;  // s
 constexpr QStringView kDeliveredSound = u"TKW00.wav";
 
 void TellOfDamage(MessageBoxes& boxes, const QString& name) {
-    boxes.Show(nullptr,
-               {.icon = MessageIcon::Exclamation,
-                .title = u"Tickwell"_s,
-                .text = u"タイマーの記録 %1 が壊れていたので、%2 に名前を変えて、新しく作りました。\r\n"
-                        "登録したタイマーは、もう一度追加してください。"_s.arg(store::kToolsFile, name)},
-               [] {});
+    boxes.Show(
+        nullptr,
+        {.icon = MessageIcon::Exclamation,
+         .title = u"Tickwell"_s,
+         .text = u"タイマーの記録 %1 が壊れていたので、%2 に名前を変えて、新しく作りました。\r\n"
+                 "登録したタイマーとアラームは、もう一度追加してください。"_s.arg(store::kToolsFile, name)},
+        [] {});
 }
 
 /// A file of the user's that has gone since it was chosen must not make a timer silent.
@@ -37,6 +39,10 @@ QString UsableSound(const QString& file) {
         }
     }
     return file.isEmpty() ? kDeliveredSound.toString() : file;
+}
+
+bool IsMenuOpen() {
+    return QApplication::activePopupWidget() != nullptr;
 }
 
 }  // namespace
@@ -56,46 +62,87 @@ void CheckTimerSound(const QString& path) {
     }
 }
 
-Timers::Timers(const TimersParts& parts)
-    : m_parts(parts),
-      m_store(parts.folder, [&boxes = parts.boxes](const QString& name) { TellOfDamage(boxes, name); }),
-      m_desk({.clock = parts.clock,
-              .timers = parts.timers,
-              .handlers = parts.handlers,
-              .help = parts.windows.Help(),
-              .store = m_store,
-              .countdown = parts.countdown,
-              .sounds = Sounds(),
-              .isSilent = parts.isSilent,
-              .isStored = [this] { return m_store.Exists(); },
-              .isMenuOpen = [] { return QApplication::activePopupWidget() != nullptr; },
-              .place = [&windows = parts.windows](QWidget& window) { windows.Place(window); }}) {}
+ToolSound::ToolSound(ProgramFolder folder, media::Multimedia& media, Handlers& handlers, QString alias)
+    : m_folder(std::move(folder)), m_media(media), m_handlers(handlers), m_alias(std::move(alias)) {}
 
-timing::TimerSounds Timers::Sounds() {
+timing::TimerSounds ToolSound::Functions() {
     QList<timing::TimerSound> delivered{{.name = u"タイマーの音"_s, .file = kDeliveredSound.toString()}};
     for (const QString& name : media::SoundNames()) {
         delivered.append({.name = name, .file = media::SoundFile(name).value_or(QString())});
     }
     return {.delivered = delivered,
             .check = CheckTimerSound,
-            .play = [this](const QString& file) { m_parts.handlers.Run([this, &file] { Play(file); }); },
-            .stop = [this] { m_parts.handlers.Run([this] { Stop(); }); }};
+            .play = [this](const QString& file) { m_handlers.Run([this, &file] { Play(file); }); },
+            .stop = [this] { m_handlers.Run([this] { Stop(); }); },
+            .length = [this](const QString& file) { return LengthOf(file); }};
 }
 
-void Timers::Play(const QString& file) {
+void ToolSound::Play(const QString& file) {
     Stop();
-    const QString path = m_parts.folder.PathOf(UsableSound(file));
-    if (m_parts.media.MciSend(u"open \"%1\" alias Timers"_s.arg(path), true) == 0) {
+    const QString path = m_folder.PathOf(UsableSound(file));
+    if (m_media.MciSend(u"open \"%1\" alias %2"_s.arg(path, m_alias), true) == 0) {
         m_isSounding = true;
-        m_parts.media.MciSend(u"play Timers"_s, true);
+        m_media.MciSend(u"play "_s + m_alias, true);
     }
 }
 
-void Timers::Stop() {
+void ToolSound::Stop() {
     if (m_isSounding) {
         m_isSounding = false;
-        m_parts.media.MciSend(u"close Timers"_s, true);
+        m_media.MciSend(u"close "_s + m_alias, true);
     }
+}
+
+qint64 ToolSound::LengthOf(const QString& file) const {
+    constexpr qint64 kMilliseconds = 1000;
+    const media::WaveFile wave = media::ReadWaveFile(m_folder.PathOf(UsableSound(file)));
+    return wave.problem == media::WaveProblem::None
+               ? wave.wave.Frames() * kMilliseconds / wave.wave.format.rate
+               : 0;
+}
+
+Timers::Timers(const TimersParts& parts)
+    : m_parts(parts),
+      m_store(parts.folder, [&boxes = parts.boxes](const QString& name) { TellOfDamage(boxes, name); }),
+      m_timerSound(parts.folder, parts.media, parts.handlers, u"Timers"_s),
+      m_alarmSound(parts.folder, parts.media, parts.handlers, u"Alarms"_s),
+      m_desk(PartsOfTimers()),
+      m_alarms(PartsOfAlarms()) {}
+
+timing::TimerDeskParts Timers::PartsOfTimers() {
+    return {.clock = m_parts.clock,
+            .timers = m_parts.timers,
+            .handlers = m_parts.handlers,
+            .help = m_parts.windows.Help(),
+            .store = m_store,
+            .countdown = m_parts.countdown,
+            .sounds = m_timerSound.Functions(),
+            .isSilent = m_parts.isSilent,
+            .isStored = [this] { return m_store.Exists(); },
+            .isMenuOpen = IsMenuOpen,
+            .place = [&windows = m_parts.windows](QWidget& window) { windows.Place(window); },
+            .loaded = [this] { m_alarms.Load(); }};
+}
+
+timing::AlarmDeskParts Timers::PartsOfAlarms() {
+    return {
+        .clock = m_parts.clock,
+        .timers = m_parts.timers,
+        .handlers = m_parts.handlers,
+        .help = m_parts.windows.Help(),
+        .store = m_store,
+        .sounds = m_alarmSound.Functions(),
+        .local = {.offset = [](qint64 utc) { return QDateTime::fromMSecsSinceEpoch(utc).offsetFromUtc(); },
+                  .isOff = m_parts.isDayOff},
+        .isSilent = m_parts.isSilent,
+        .isStored = [this] { return m_store.Exists(); },
+        .isMenuOpen = IsMenuOpen,
+        .place = [&windows = m_parts.windows](QWidget& window) { windows.Place(window); }};
+}
+
+void Timers::TimeJumped() {
+    m_desk.TimeJumped();
+    m_alarms.TimeJumped();
 }
 
 }  // namespace tickwell::app

@@ -6,6 +6,7 @@
 #include <cerrno>
 
 #include "core/regular_file.h"
+#include "store/alarm_rows.h"
 #include "store/log.h"
 #include "store/store_disk.h"
 #include "store/tools_schema.h"
@@ -69,7 +70,9 @@ void ToolsDatabase::OpenFile() {
         MakeToolsTables(*m_connection);
     }
     CheckTools(*m_connection);
+    RaiseToolsVersion(*m_connection);
     ReadTools(*m_connection);
+    ReadAlarms(*m_connection);
 }
 
 /// The file's journal belongs to it: beside a new file it would be played back into that.
@@ -107,19 +110,7 @@ SqliteConnection& ToolsDatabase::Open() {
 
 void ToolsDatabase::InTransaction(const std::function<void(SqliteConnection& connection)>& change) {
     SqliteConnection& connection = Open();
-    connection.Run("BEGIN IMMEDIATE");
-    auto rollBack = qScopeGuard([&connection] {
-        try {
-            if (connection.IsInTransaction()) {
-                connection.Run("ROLLBACK");
-            }
-        } catch (const RunTimeError& error) {
-            qCWarning(StoreLog).noquote() << "a change of the timers was not undone:" << error.Detail();
-        }
-    });
-    change(connection);
-    connection.Run("COMMIT");
-    rollBack.dismiss();
+    InToolsTransaction(connection, [&change, &connection] { change(connection); });
 }
 
 KeptTimers ToolsDatabase::Load() {
@@ -164,6 +155,26 @@ qint64 ToolsDatabase::AddPreset(const TimerPlan& plan) {
 void ToolsDatabase::RemovePreset(qint64 preset) {
     InTransaction([preset](SqliteConnection& connection) {
         connection.Run("DELETE FROM presets WHERE id=" + QByteArray::number(preset));
+    });
+}
+
+QList<KeptAlarm> ToolsDatabase::LoadAlarms() {
+    return ReadAlarms(Open());
+}
+
+void ToolsDatabase::SaveAlarms(QList<KeptAlarm>& alarms) {
+    QList<KeptAlarm> saved = alarms;
+    InTransaction([&saved](SqliteConnection& connection) {
+        for (KeptAlarm& alarm : saved) {
+            WriteAlarm(connection, alarm);
+        }
+    });
+    alarms = saved;
+}
+
+void ToolsDatabase::RemoveAlarm(qint64 alarm) {
+    InTransaction([alarm](SqliteConnection& connection) {
+        connection.Run("DELETE FROM alarms WHERE id=" + QByteArray::number(alarm));
     });
 }
 

@@ -5,6 +5,7 @@
 #include <optional>
 #include <utility>
 
+#include "core/ports/alarm_store.h"
 #include "core/ports/timer_store.h"
 #include "core/program_folder.h"
 #include "store/sqlite_connection.h"
@@ -14,10 +15,10 @@ namespace tickwell::store {
 inline constexpr QLatin1StringView kToolsFile("Tools.db");
 inline constexpr QLatin1StringView kDamagedToolsFile("Tools.damaged.db");
 
-/// The file of the timers, made at the first use. A damaged one is renamed, and a new one made in its place.
-/// The file is opened by the first function that is called, and again after it could not be opened. Errors
-/// are thrown as RunTimeError.
-class ToolsDatabase : public TimerStore {
+/// The file of timers and alarms, made at the first use. A damaged one is renamed, and a new one made in its
+/// place. The file is opened by the first function that is called, and again after it could not be opened.
+/// Errors are thrown as RunTimeError.
+class ToolsDatabase : public TimerStore, public AlarmStore {
 public:
     /// `damaged` is called after a damaged file was renamed, with its new name.
     ToolsDatabase(ProgramFolder folder, std::function<void(const QString& name)> damaged)
@@ -31,6 +32,9 @@ public:
     void Remove(qint64 timer) override;
     qint64 AddPreset(const TimerPlan& plan) override;
     void RemovePreset(qint64 preset) override;
+    QList<KeptAlarm> LoadAlarms() override;
+    void SaveAlarms(QList<KeptAlarm>& alarms) override;
+    void RemoveAlarm(qint64 alarm) override;
 
 private:
     SqliteConnection& Open();

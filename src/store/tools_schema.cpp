@@ -6,7 +6,9 @@
 #include <QScopeGuard>
 #include <array>
 
+#include "store/log.h"
 #include "store/sql_error.h"
+#include "store/tools_rows.h"
 
 namespace tickwell::store {
 
@@ -15,11 +17,14 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int kToolsApplicationId = 0x544B5754;  // "TKWT"
-constexpr int kToolsVersion = 1;
+constexpr int kToolsVersion = 2;
+constexpr int kVersionBeforeAlarms = 1;
 constexpr int kToolsPrimaryCode = 0xFF;
 constexpr qint32 kPresetMinute = 60'000;  // ms
 
-// The columns of a plan have the same position in both tables.
+// In the order in which they were added: an earlier version has only the first ones. The columns of a plan
+// have the same position in both tables.
+constexpr std::size_t kTablesBeforeAlarms = 2;
 constexpr std::array kToolsTables{
     "CREATE TABLE timers(id INTEGER PRIMARY KEY AUTOINCREMENT, name TEXT NOT NULL, "
     "milliseconds INTEGER NOT NULL CHECK(milliseconds BETWEEN 1 AND 86399000), next_name TEXT NOT NULL, "
@@ -30,13 +35,16 @@ constexpr std::array kToolsTables{
     "CREATE TABLE presets(id INTEGER PRIMARY KEY AUTOINCREMENT, name TEXT NOT NULL, "
     "milliseconds INTEGER NOT NULL CHECK(milliseconds BETWEEN 1 AND 86399000), next_name TEXT NOT NULL, "
     "next_milliseconds INTEGER NOT NULL CHECK(next_milliseconds BETWEEN 0 AND 86399000), "
-    "sound TEXT NOT NULL) STRICT"};
-
-void RequireTools(bool isTrue) {
-    if (!isTrue) {
-        throw DamagedToolsError(u"データベースの値が正しくありません。"_s);
-    }
-}
+    "sound TEXT NOT NULL) STRICT",
+    "CREATE TABLE alarms(id INTEGER PRIMARY KEY AUTOINCREMENT, name TEXT NOT NULL, "
+    "minute INTEGER NOT NULL CHECK(minute BETWEEN 0 AND 1439), "
+    "days INTEGER NOT NULL CHECK(days BETWEEN 0 AND 3), "
+    "weekdays INTEGER NOT NULL CHECK(weekdays BETWEEN 0 AND 127), once TEXT NOT NULL, "
+    "silent_on_days_off INTEGER NOT NULL CHECK(silent_on_days_off BETWEEN 0 AND 1), skipped TEXT NOT NULL, "
+    "is_on INTEGER NOT NULL CHECK(is_on BETWEEN 0 AND 1), sound TEXT NOT NULL, "
+    "ring_seconds INTEGER NOT NULL CHECK(ring_seconds BETWEEN 5 AND 600), "
+    "snooze_minutes INTEGER NOT NULL CHECK(snooze_minutes BETWEEN 1 AND 30), handled INTEGER NOT NULL, "
+    "again_at INTEGER NOT NULL) STRICT"};
 
 bool IsLength(qint64 milliseconds, qint64 least) {
     return milliseconds >= least && milliseconds <= kLongestTimer;
@@ -58,11 +66,7 @@ KeptTimer TimerOf(const SqliteStatement& row) {
     RequireTools(phase >= 0 && phase <= static_cast<int>(TimerPhase::Ended));
     RequireTools(stage == 0 || (stage == 1 && plan.IsChain()));
     RequireTools(IsLength(row.Integer(9), 0));
-    constexpr qint64 kEndOfTime = 253'402'300'800'000;  // the year 10000
-    for (const int column : {8, 10}) {
-        // Before 1970 they are negative.
-        RequireTools(row.Integer(column) > -kEndOfTime && row.Integer(column) < kEndOfTime);
-    }
+    RequireTools(IsToolsMoment(row.Integer(8)) && IsToolsMoment(row.Integer(10)));
     return {.id = row.Integer(0),
             .plan = plan,
             .phase = static_cast<TimerPhase>(phase),
@@ -70,15 +74,6 @@ KeptTimer TimerOf(const SqliteStatement& row) {
             .endsAt = row.Integer(8),
             .remaining = row.Integer(9),
             .againAt = row.Integer(10)};
-}
-
-template <typename Row>
-void ReadToolsRows(SqliteConnection& connection, const QByteArray& sql, Row row) {
-    SqliteStatement& statement = connection.Prepared(sql);
-    const auto reset = qScopeGuard([&statement] { statement.Reset(); });
-    while (statement.Step()) {
-        row(statement);
-    }
 }
 
 /// SQLite reads what is missing of the last page as zeros.
@@ -93,7 +88,36 @@ QString ToolsFormOf(SqliteConnection& connection) {
         "(SELECT sql FROM sqlite_schema WHERE name NOT LIKE 'sqlite_%' ORDER BY rowid)");
 }
 
+int ToolsVersionOf(SqliteConnection& connection) {
+    return connection.FirstValue("PRAGMA user_version").toInt();
+}
+
+QString ToolsFormOfVersion(int version) {
+    const std::size_t count = version == kVersionBeforeAlarms ? kTablesBeforeAlarms : kToolsTables.size();
+    QStringList tables;
+    for (std::size_t i = 0; i < count; ++i) {
+        tables.append(QString::fromLatin1(kToolsTables.at(i)));
+    }
+    return tables.join(u';');
+}
+
 }  // namespace
+
+void InToolsTransaction(SqliteConnection& connection, const std::function<void()>& change) {
+    connection.Run("BEGIN IMMEDIATE");
+    auto rollBack = qScopeGuard([&connection] {
+        try {
+            if (connection.IsInTransaction()) {
+                connection.Run("ROLLBACK");
+            }
+        } catch (const RunTimeError& error) {
+            qCWarning(StoreLog).noquote() << "a change of the timers was not undone:" << error.Detail();
+        }
+    });
+    change();
+    connection.Run("COMMIT");
+    rollBack.dismiss();
+}
 
 QList<TimerPlan> DeliveredPresets() {
     const QString sound = u"TKW00.wav"_s;
@@ -119,40 +143,51 @@ bool MeansDamage(const RunTimeError& error) {
 }
 
 void MakeToolsTables(SqliteConnection& connection) {
-    connection.Run("BEGIN IMMEDIATE");
-    auto rollBack = qScopeGuard([&connection] {
-        if (connection.IsInTransaction()) {
-            connection.Run("ROLLBACK");
+    InToolsTransaction(connection, [&connection] {
+        connection.Run("PRAGMA application_id=" + QByteArray::number(kToolsApplicationId));
+        connection.Run("PRAGMA user_version=" + QByteArray::number(kToolsVersion));
+        for (const char* table : kToolsTables) {
+            connection.Run(table);
+        }
+        for (const TimerPlan& plan : DeliveredPresets()) {
+            InsertPreset(connection, plan);
         }
     });
-    connection.Run("PRAGMA application_id=" + QByteArray::number(kToolsApplicationId));
-    connection.Run("PRAGMA user_version=" + QByteArray::number(kToolsVersion));
-    for (const char* table : kToolsTables) {
-        connection.Run(table);
+}
+
+void RaiseToolsVersion(SqliteConnection& connection) {
+    if (ToolsVersionOf(connection) == kToolsVersion) {
+        return;
     }
-    for (const TimerPlan& plan : DeliveredPresets()) {
-        InsertPreset(connection, plan);
-    }
-    connection.Run("COMMIT");
-    rollBack.dismiss();
+    InToolsTransaction(connection, [&connection] {
+        if (ToolsVersionOf(connection) == kToolsVersion) {
+            return;  // another program was faster
+        }
+        for (std::size_t i = kTablesBeforeAlarms; i < kToolsTables.size(); ++i) {
+            connection.Run(kToolsTables.at(i));
+        }
+        connection.Run("PRAGMA user_version=" + QByteArray::number(kToolsVersion));
+    });
 }
 
 void CheckTools(SqliteConnection& connection) {
     if (connection.FirstValue("PRAGMA application_id") != QString::number(kToolsApplicationId)) {
         throw DamagedToolsError(u"ほかのプログラムのデータベースです。"_s);
     }
-    const int version = connection.FirstValue("PRAGMA user_version").toInt();
+    const int version = ToolsVersionOf(connection);
     if (version > kToolsVersion) {
         throw RunTimeError(u"新しい版のプログラムで作られたデータベースです。"_s);
     }
-    QStringList tables;
-    for (const char* table : kToolsTables) {
-        tables.append(QString::fromLatin1(table));
-    }
-    if (version != kToolsVersion || connection.FirstValue("PRAGMA encoding") != "UTF-8"_L1 ||
-        ToolsFormOf(connection) != tables.join(u';') || !HasWholePages(connection) ||
+    if (version < kVersionBeforeAlarms || connection.FirstValue("PRAGMA encoding") != "UTF-8"_L1 ||
+        ToolsFormOf(connection) != ToolsFormOfVersion(version) || !HasWholePages(connection) ||
         connection.FirstValue("PRAGMA integrity_check(1)") != "ok"_L1) {
         throw DamagedToolsError(u"データベースが壊れています。"_s);
+    }
+}
+
+void RequireTools(bool isTrue) {
+    if (!isTrue) {
+        throw DamagedToolsError(u"データベースの値が正しくありません。"_s);
     }
 }
 

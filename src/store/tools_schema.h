@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QList>
+#include <functional>
 
 #include "core/errors.h"
 #include "core/kept_timer.h"
@@ -24,11 +25,17 @@ bool MeansDamage(const RunTimeError& error);
 /// Makes the tables of an empty file, with the delivered presets, in one transaction.
 void MakeToolsTables(SqliteConnection& connection);
 
-/// Checks that the file is an undamaged one that this program can use. Throws DamagedToolsError if it is
+/// Brings a checked file of an earlier version to the form of this one, in one transaction. Nothing is lost.
+void RaiseToolsVersion(SqliteConnection& connection);
+
+/// Runs `change` in a transaction; if it throws, nothing is changed.
+void InToolsTransaction(SqliteConnection& connection, const std::function<void()>& change);
+
+/// Checks that the file is an undamaged one of this or an earlier version. Throws DamagedToolsError if it is
 /// damaged or of another program, and RunTimeError if a newer version made it or it cannot be read now.
 void CheckTools(SqliteConnection& connection);
 
-/// Reads all rows. Throws DamagedToolsError if a value is out of range.
+/// Reads timers and presets. Throws DamagedToolsError if a value is out of range.
 KeptTimers ReadTools(SqliteConnection& connection);
 
 /// Adds a preset within the caller's transaction.

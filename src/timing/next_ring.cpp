@@ -13,6 +13,9 @@ constexpr qint64 kMsPerDay = 86'400'000;
 constexpr int kDaysAhead = 732;
 
 bool IsOnDay(const KeptAlarm& alarm, QDate day) {
+    if (day == alarm.skipped) {
+        return false;
+    }
     switch (alarm.days) {
         case AlarmDays::Every:
             return true;
@@ -47,10 +50,12 @@ qint64 LocalMoment(QDate day, QTime time, const std::function<int(qint64 utc)>& 
     return late;
 }
 
-std::optional<qint64> NextRing(const KeptAlarm& alarm, qint64 after, const LocalDays& local) {
-    const QDate first = QDateTime::fromMSecsSinceEpoch(after + kMsPerSecond * local.offset(after), Qt::UTC)
-                            .date()
-                            .addDays(-1);
+QDate LocalDate(qint64 utc, const LocalDays& local) {
+    return QDateTime::fromMSecsSinceEpoch(utc + kMsPerSecond * local.offset(utc), Qt::UTC).date();
+}
+
+std::optional<Ring> NextRingOf(const KeptAlarm& alarm, qint64 after, const LocalDays& local) {
+    const QDate first = LocalDate(after, local).addDays(-1);
     for (int i = 0; i < kDaysAhead; ++i) {
         const QDate day = first.addDays(i);
         if (!IsOnDay(alarm, day)) {
@@ -58,10 +63,15 @@ std::optional<qint64> NextRing(const KeptAlarm& alarm, qint64 after, const Local
         }
         const qint64 moment = LocalMoment(day, alarm.time, local.offset);
         if (moment > after && !(alarm.silentOnDaysOff && local.isOff(day))) {
-            return moment;
+            return Ring{.at = moment, .day = day};
         }
     }
     return std::nullopt;
+}
+
+std::optional<qint64> NextRing(const KeptAlarm& alarm, qint64 after, const LocalDays& local) {
+    const std::optional<Ring> ring = NextRingOf(alarm, after, local);
+    return ring ? std::optional(ring->at) : std::nullopt;
 }
 
 }  // namespace tickwell::timing

@@ -24,8 +24,11 @@ TimerDesk::TimerDesk(const TimerDeskParts& parts)
           parts.handlers, parts.timers, kDeskTick, [this] { Tick(); }, [this] { return UntilDue(); }),
       m_start(parts.handlers.MakeTimer(parts.timers, kLoadAfter, [this] {
           m_start->Stop();
-          if (!m_isLoaded && m_parts.isStored()) {
-              Load();
+          if (m_parts.isStored()) {
+              if (!m_isLoaded) {
+                  Load();
+              }
+              m_parts.loaded();
           }
       })) {
     m_start->Start();

@@ -23,6 +23,7 @@ struct TimerDeskParts {
     std::function<bool()> isStored;              ///< whether the store has anything to load
     std::function<bool()> isMenuOpen;            ///< no window may be opened then
     std::function<void(QWidget& window)> place;  ///< positions a window before it is shown
+    std::function<void()> loaded = [] {};        ///< called after the start, once the stored timers are read
 };
 
 /// All timers of the list: their times, sounds and windows, which are created on first use.

@@ -1,16 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <QComboBox>
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QLineEdit>
-#include <QPushButton>
 #include <QSpinBox>
 
 #include "core/handlers.h"
 #include "core/kept_timer.h"
-#include "timing/timer_sounds.h"
+#include "timing/sound_choice.h"
 
 namespace tickwell::timing {
 
@@ -30,20 +28,13 @@ public:
 
 private:
     QHBoxLayout* TimeRow();
-    QHBoxLayout* SoundRow();
     QSpinBox* AddNumber(QHBoxLayout& row, int index, int largest, const QString& unit);
-    void ChooseFile();
-    void TakeFile(const QString& path);
 
-    Handlers& m_handlers;
-    const TimerSounds& m_sounds;
     QLineEdit* m_name;  // the controls are owned by the frame
     QSpinBox* m_hours = nullptr;
     QSpinBox* m_minutes = nullptr;
     QSpinBox* m_seconds = nullptr;
-    QComboBox* m_sound;
-    QPushButton* m_file;
-    QPushButton* m_listen;
+    SoundChoice m_sound;
 };
 
 }  // namespace tickwell::timing

@@ -3,7 +3,6 @@
 
 #include <QApplication>
 #include <QHBoxLayout>
-#include <QKeyEvent>
 #include <QPushButton>
 #include <QStyle>
 #include <QVBoxLayout>
@@ -26,7 +25,7 @@ Form8::Form8(TimerNoticeParts parts, QWidget* parent)
     : QDialog(parent),
       m_parts(std::move(parts)),
       m_name(controls::MakeLabel(u"Label2"_s, QString(), this)),
-      m_ignoresKeys(m_parts.timers.Create(kIgnoresKeysFor, [this] { m_ignoresKeys->Stop(); })) {
+      m_firstKeys(m_parts.timers, m_parts.ignoresFirstKeys) {
     setObjectName(u"Form8"_s);
     setWindowTitle(u"タイマー"_s);
     setWindowFlag(Qt::WindowStaysOnTopHint);
@@ -42,8 +41,8 @@ void Form8::LayOut() {
     auto* confirm =
         controls::MakeButton(u"Command1"_s, u"確認"_s, this, m_parts.handlers, [this] { close(); });
     confirm->setDefault(true);
-    confirm->installEventFilter(this);
-    installEventFilter(this);
+    m_firstKeys.Watch(*confirm);
+    m_firstKeys.Watch(*this);
 
     m_name->setTextFormat(Qt::PlainText);  // another program may have chosen it
     auto* texts = new QVBoxLayout;
@@ -62,28 +61,12 @@ bool Form8::BringUp() {
     if (isVisible()) {
         return false;
     }
-    if (m_parts.ignoresFirstKeys()) {
-        m_ignoresKeys->Start();
-    }
+    m_firstKeys.Begin();
     ShowName();
     controls::BringForward(*this);
     QApplication::alert(this);  // in case the desktop does not give the window the keyboard focus
     Form_Load();                // last, because this modal window would block an error box opened before it
     return true;
-}
-
-/// A key that is still held down after that time was not meant for the notice either.
-bool Form8::eventFilter(QObject* watched, QEvent* event) {
-    const bool isKey = event->type() == QEvent::KeyPress || event->type() == QEvent::KeyRelease ||
-                       event->type() == QEvent::ShortcutOverride;
-    if (!isKey || !m_parts.ignoresFirstKeys()) {
-        return QDialog::eventFilter(watched, event);
-    }
-    if (m_ignoresKeys->IsRunning() || static_cast<QKeyEvent*>(event)->isAutoRepeat()) {
-        event->accept();  // otherwise a shortcut or the window around the button would get it
-        return true;
-    }
-    return QDialog::eventFilter(watched, event);
 }
 
 void Form8::ShowName() {
@@ -118,7 +101,7 @@ void Form8::done(int result) {
         Form_Unload();
     }
     QDialog::done(result);
-    m_ignoresKeys->Stop();
+    m_firstKeys.End();
     if (wasOpen) {
         m_parts.closed();
     }

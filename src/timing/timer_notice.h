@@ -3,10 +3,10 @@
 
 #include <QDialog>
 #include <QLabel>
-#include <memory>
 
 #include "core/handlers.h"
 #include "core/ports/timer.h"
+#include "timing/first_keys.h"
 
 namespace tickwell::timing {
 
@@ -35,16 +35,13 @@ class Form8 : public QDialog {
 public:
     Form8(TimerNoticeParts parts, QWidget* parent);
 
-    static constexpr int kIgnoresKeysFor = 2000;  ///< ms
+    static constexpr int kIgnoresKeysFor = FirstKeys::kIgnoredFor;  ///< ms
 
     /// Shows the notice and starts its sound. False if it is open already; nothing is done then.
     bool BringUp();
 
     /// Called whenever the window is closed, in any way.
     void done(int result) override;
-
-    /// Of the notice and its button.
-    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     void LayOut();
@@ -54,9 +51,9 @@ private:
     void ShowName();
 
     TimerNoticeParts m_parts;
-    QLabel* m_name;                        // owned by the window
-    bool m_hasSound = false;               // since it was opened
-    std::unique_ptr<Timer> m_ignoresKeys;  // runs while it does
+    QLabel* m_name;           // owned by the window
+    bool m_hasSound = false;  // since it was opened
+    FirstKeys m_firstKeys;
 };
 
 }  // namespace tickwell::timing

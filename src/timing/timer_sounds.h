@@ -22,6 +22,8 @@ struct TimerSounds {
     /// Plays the sound of a timer once, and ends the one before.
     std::function<void(const QString& file)> play;
     std::function<void()> stop;
+    /// How long a sound lasts, in ms; 0 if it cannot be played.
+    std::function<qint64(const QString& file)> length = [](const QString&) { return qint64{0}; };
 };
 
 }  // namespace tickwell::timing

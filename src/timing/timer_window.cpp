@@ -41,6 +41,8 @@ TimerForm::TimerForm(TimerWindowParts parts, QWidget* parent)
                                          [this] { Command2_Click(); })),
       m_listButton(controls::MakeButton(u"Command4"_s, u"一覧..."_s, this, m_parts.handlers,
                                         [this] { m_parts.openList(); })),
+      m_alarmsButton(controls::MakeButton(u"Command5"_s, u"アラーム..."_s, this, m_parts.handlers,
+                                          [this] { m_parts.openAlarms(); })),
       m_helpButton(controls::MakeButton(u"Command3"_s, u"ヘルプ"_s, this, m_parts.handlers,
                                         [this] { Command3_Click(); })) {
     setObjectName(u"TimerForm"_s);
@@ -62,6 +64,7 @@ void TimerForm::LayOut() {
     buttons->addWidget(m_startButton);
     buttons->addWidget(m_resetButton);
     buttons->addWidget(m_listButton);
+    buttons->addWidget(m_alarmsButton);
     buttons->addStretch(1);
     buttons->addWidget(m_helpButton);
     auto* all = new QVBoxLayout(this);
@@ -73,7 +76,8 @@ void TimerForm::LayOut() {
     setTabOrder(m_repeat, m_startButton);
     setTabOrder(m_startButton, m_resetButton);
     setTabOrder(m_resetButton, m_listButton);
-    setTabOrder(m_listButton, m_helpButton);
+    setTabOrder(m_listButton, m_alarmsButton);
+    setTabOrder(m_alarmsButton, m_helpButton);
     m_startButton->setDefault(true);
 }
 

@@ -20,7 +20,8 @@ struct TimerWindowParts {
     TimerPanel& panel;
     Handlers& handlers;
     HelpViewer& help;
-    std::function<void()> openList = [] {};  ///< opens the window of all timers
+    std::function<void()> openList = [] {};    ///< opens the window of all timers
+    std::function<void()> openAlarms = [] {};  ///< opens the window of the alarms
 };
 
 /// The timer window: sets and starts the countdown. Only a view: the countdown continues after it is closed.
@@ -61,6 +62,7 @@ private:
     QPushButton* m_startButton;
     QPushButton* m_resetButton;
     QPushButton* m_listButton;
+    QPushButton* m_alarmsButton;
     QPushButton* m_helpButton;
 };
 

@@ -35,6 +35,7 @@ struct TimingParts {
     std::function<void(const QString& name)> noticeOpened = [](const QString&) {};
     std::function<void()> noticeClosed = [] {};
     std::function<void()> openTimers = [] {};  ///< opens the window of all timers
+    std::function<void()> openAlarms = [] {};  ///< opens the window of the alarms
     std::function<void()> timeJumped = [] {};  ///< called when the clock may have been set
 };
 

@@ -120,7 +120,8 @@ void TimingTools::ShowTimerForm() {
         m_timerForm = std::make_unique<TimerForm>(TimerWindowParts{.panel = m_timerPanel,
                                                                    .handlers = m_parts.handlers,
                                                                    .help = m_parts.help,
-                                                                   .openList = m_parts.openTimers},
+                                                                   .openList = m_parts.openTimers,
+                                                                   .openAlarms = m_parts.openAlarms},
                                                   nullptr);
     }
     PlaceIfClosed(*m_timerForm);

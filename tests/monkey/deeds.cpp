@@ -320,20 +320,22 @@ void Deeds::PressAButton() {
 /// of them in sequence.
 void Deeds::PressOnPurpose() {
     static const QStringList leading{
-        u"StopForm/Command1"_s,    u"StopForm/Command2"_s,    u"StopForm/Command3"_s,
-        u"TimerForm/Command1"_s,   u"Form5/Command6"_s,       u"Form5/Command9"_s,
-        u"Form5/Command10"_s,      u"Form5/Command11"_s,      u"Form5/Command11"_s,
-        u"Form5/Command12"_s,      u"Form5/Option1(0)"_s,     u"Form5/Command7(2)"_s,
-        u"Form6/Command1"_s,       u"Form9/Command1"_s,       u"Form9/Option2(0)"_s,
-        u"Form10/Command3"_s,      u"Form10/Command1"_s,      u"Form2/Command1"_s,
-        u"Form2/Command4"_s,       u"CDForm/Command1(2)"_s,   u"Form8/Command1"_s,
-        u"StylePicker/Command1"_s, u"Form6/Option2(0)"_s,     u"Form6/Option2(1)"_s,
-        u"Form6/Option2(2)"_s,     u"Form6/Check2"_s,         u"Form9/Option1(0)"_s,
-        u"Form9/Option3(1)"_s,     u"Form9/Option3(2)"_s,     u"Form2/Option3(1)"_s,
-        u"Form2/Option3(2)"_s,     u"Form2/Option1(1)"_s,     u"Form5/Command11"_s,
-        u"Form5/Command11"_s,      u"Form5/Command12"_s,      u"TimerForm/Command4"_s,
-        u"TimersForm/Command1"_s,  u"TimersForm/Command4"_s,  u"TimersForm/Command5"_s,
-        u"TimersForm/Preset(0)"_s, u"TimersNotice/Command2"_s};
+        u"StopForm/Command1"_s,    u"StopForm/Command2"_s,     u"StopForm/Command3"_s,
+        u"TimerForm/Command1"_s,   u"Form5/Command6"_s,        u"Form5/Command9"_s,
+        u"Form5/Command10"_s,      u"Form5/Command11"_s,       u"Form5/Command11"_s,
+        u"Form5/Command12"_s,      u"Form5/Option1(0)"_s,      u"Form5/Command7(2)"_s,
+        u"Form6/Command1"_s,       u"Form9/Command1"_s,        u"Form9/Option2(0)"_s,
+        u"Form10/Command3"_s,      u"Form10/Command1"_s,       u"Form2/Command1"_s,
+        u"Form2/Command4"_s,       u"CDForm/Command1(2)"_s,    u"Form8/Command1"_s,
+        u"StylePicker/Command1"_s, u"Form6/Option2(0)"_s,      u"Form6/Option2(1)"_s,
+        u"Form6/Option2(2)"_s,     u"Form6/Check2"_s,          u"Form9/Option1(0)"_s,
+        u"Form9/Option3(1)"_s,     u"Form9/Option3(2)"_s,      u"Form2/Option3(1)"_s,
+        u"Form2/Option3(2)"_s,     u"Form2/Option1(1)"_s,      u"Form5/Command11"_s,
+        u"Form5/Command11"_s,      u"Form5/Command12"_s,       u"TimerForm/Command4"_s,
+        u"TimersForm/Command1"_s,  u"TimersForm/Command4"_s,   u"TimersForm/Command5"_s,
+        u"TimersForm/Preset(0)"_s, u"TimersNotice/Command2"_s, u"TimerForm/Command5"_s,
+        u"AlarmsForm/Command1"_s,  u"AlarmsForm/Command2"_s,   u"AlarmsForm/Check4"_s,
+        u"AlarmNotice/Command2"_s};
     QWidgetList buttons;
     for (QWidget* window : Hands::Windows()) {
         if (Hands::IsBlocked(*window)) {

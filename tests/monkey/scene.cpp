@@ -37,6 +37,9 @@ constexpr std::array kWindows{
     QStringView(u"TimersNotice"),
     QStringView(u"PresetNameDialog"),
     QStringView(u"TimerSoundDialog"),
+    QStringView(u"AlarmsForm"),
+    QStringView(u"AlarmNotice"),
+    QStringView(u"AlarmSoundDialog"),
     QStringView(u"LapFileDialog"),
 };
 
@@ -45,7 +48,7 @@ bool IsPopup(const QWidget& window) {
 }
 
 /// A window and the window that it requires to be open.
-constexpr std::array<std::pair<QStringView, QStringView>, 8> kOver{{
+constexpr std::array<std::pair<QStringView, QStringView>, 9> kOver{{
     {u"Form6", u"Form5"},
     {u"Form9", u"Form5"},
     {u"Form10", u"Form5"},
@@ -53,6 +56,7 @@ constexpr std::array<std::pair<QStringView, QStringView>, 8> kOver{{
     {u"ColourPicker", u"Form2"},
     {u"PresetNameDialog", u"TimersForm"},
     {u"TimerSoundDialog", u"TimersForm"},
+    {u"AlarmSoundDialog", u"AlarmsForm"},
     {u"LapFileDialog", u"StopForm"},
 }};
 

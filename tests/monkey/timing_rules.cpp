@@ -160,6 +160,38 @@ void CheckTimersNotice(const Scene& scene, Complaints& complaints) {
     }
 }
 
+/// The list of alarms: what can be done with the selected one, and no more rows than there may be.
+void CheckAlarms(const Scene& scene, Complaints& complaints) {
+    const QWidget* form = scene.Window(u"AlarmsForm"_s);
+    if (form == nullptr) {
+        return;
+    }
+    const auto& table = ChildOf<QTableWidget>(*form, u"List1"_s);
+    const int alarms = table.rowCount();
+    complaints.Met(u"AlarmsForm with %1 alarms"_s.arg(alarms));
+    complaints.Unless(alarms <= kMostAlarms, u"%1 alarms are listed"_s.arg(alarms));
+    const bool isSelected = table.currentRow() >= 0;
+    complaints.Unless(isSelected == (alarms > 0), u"no alarm is selected"_s);
+    CheckEnabled(*form, {u"Command2"_s, u"Command3"_s, u"Check3"_s}, isSelected, complaints);
+    CheckEnabled(*form, {u"Command1"_s}, alarms < kMostAlarms, complaints);
+    for (int row = 0; row < alarms; ++row) {
+        const QString state = table.item(row, 4)->text();
+        const bool rings = table.item(row, 3)->text() != u"なし";
+        complaints.Met(u"an alarm is "_s + state.section(u'（', 0, 0));
+        complaints.Unless(state.startsWith(u"入") || !rings,
+                          u"alarm %1 is %2 and rings"_s.arg(row).arg(state));
+    }
+}
+
+void CheckAlarmNotice(const Scene& scene, Complaints& complaints) {
+    if (const QWidget* form = scene.Window(u"AlarmNotice"_s)) {
+        const int lines = ChildOf<QListWidget>(*form, u"List1"_s).count();
+        complaints.Met(u"AlarmNotice"_s);
+        complaints.Unless(lines > 0 && lines <= kMostAlarms,
+                          u"the notice of alarms has %1 lines"_s.arg(lines));
+    }
+}
+
 }  // namespace
 
 void CheckTiming(const Scene& scene, Complaints& complaints) {
@@ -169,6 +201,8 @@ void CheckTiming(const Scene& scene, Complaints& complaints) {
     CheckNotice(scene, complaints);
     CheckTimers(scene, complaints);
     CheckTimersNotice(scene, complaints);
+    CheckAlarms(scene, complaints);
+    CheckAlarmNotice(scene, complaints);
 }
 
 }  // namespace tickwell

@@ -1,18 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <sys/stat.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
 #include <QFileInfo>
-#include <QRandomGenerator>
 #include <QTemporaryDir>
 #include <QTest>
-#include <array>
-#include <csignal>
-#include <ctime>
 
 #include "core/errors.h"
 #include "store/full_disk.h"
+#include "store/killed_life.h"
 #include "store/store_disk.h"
 #include "store/tools_database.h"
 #include "support/files.h"
@@ -246,7 +242,7 @@ void TstToolsDatabase::AFileOfANewerVersionIsLeftAlone() {
     Bench bench;
     bench.Fill();
     QByteArray bytes = ReadAll(bench.File());
-    bytes[63] = '\x02';  // the last byte of user_version in the header
+    bytes[63] = '\x03';  // the last byte of user_version in the header
     WriteAll(bench.File(), bytes);
     QVERIFY_THROWS_EXCEPTION(RunTimeError, bench.Open()->Load());
     QVERIFY(bench.damaged.isEmpty());
@@ -311,48 +307,6 @@ void TstToolsDatabase::AFullDisk() {
     QCOMPARE(empty.Open()->Load().presets.size(), 4);
     QVERIFY(empty.damaged.isEmpty());
 }
-
-namespace {
-
-/// Lets the kernel kill this process after that many microseconds.
-void DieIn(int microseconds) {
-    constexpr int kNanoseconds = 1000;
-    sigevent event{};
-    event.sigev_notify = SIGEV_SIGNAL;
-    event.sigev_signo = SIGKILL;
-    timer_t timer{};
-    const itimerspec time{{0, 0}, {0, microseconds * kNanoseconds + 1}};
-    if (timer_create(CLOCK_MONOTONIC, &event, &timer) != 0 || timer_settime(timer, 0, &time, nullptr) != 0) {
-        _exit(2);
-    }
-}
-
-/// Runs `life` in a process that is killed after a random time; returns the last number that it has written
-/// to the descriptor that it is given, or -1.
-qint64 LastOf(int longest, const std::function<void(int out)>& life) {
-    std::array<int, 2> ends{};
-    if (pipe(ends.data()) != 0) {
-        qFatal("pipe");
-    }
-    const int microseconds = QRandomGenerator::global()->bounded(longest);
-    const pid_t child = fork();
-    if (child == 0) {
-        DieIn(microseconds);
-        life(ends[1]);
-        _exit(0);
-    }
-    close(ends[1]);
-    waitpid(child, nullptr, 0);
-    qint64 last = -1;
-    qint64 number = 0;
-    while (read(ends[0], &number, sizeof number) == sizeof number) {
-        last = number;
-    }
-    close(ends[0]);
-    return last;
-}
-
-}  // namespace
 
 void TstToolsDatabase::KilledWhileItIsMade() {
     for (int i = 0; i < kKills; ++i) {

@@ -3,9 +3,9 @@
 #include <QTest>
 #include <QTimeZone>
 #include <random>
-#include <vector>
 
 #include "timing/next_ring.h"
+#include "timing/wall.h"
 
 using namespace tickwell;
 using namespace tickwell::timing;
@@ -14,8 +14,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int kAlarms = 10'000;
-constexpr qint64 kMinute = 60'000;
-constexpr qint64 kDay = 86'400'000;
 
 LocalDays DaysOf(const QTimeZone& zone, const QSet<QDate>& off = {}) {
     return {
@@ -23,33 +21,6 @@ LocalDays DaysOf(const QTimeZone& zone, const QSet<QDate>& off = {}) {
             [zone](qint64 utc) { return zone.offsetFromUtc(QDateTime::fromMSecsSinceEpoch(utc, Qt::UTC)); },
         .isOff = [off](QDate day) { return off.contains(day); }};
 }
-
-qint64 Utc(const QString& text) {
-    return QDateTime::fromString(text + u'Z', Qt::ISODate).toMSecsSinceEpoch();
-}
-
-/// What a clock on the wall of a zone shows at each minute of 2026 and some days around it, as if it were
-/// UTC.
-class Wall {
-public:
-    explicit Wall(const QTimeZone& zone) {
-        // Clocks change at whole quarters of an hour.
-        for (qint64 quarter = Start(); quarter < Utc(u"2027-03-01T00:00:00"_s); quarter += 15 * kMinute) {
-            const QDateTime local = QDateTime::fromMSecsSinceEpoch(quarter, zone);
-            const qint64 shown = QDateTime(local.date(), local.time(), Qt::UTC).toMSecsSinceEpoch();
-            for (int minute = 0; minute < 15; ++minute) {
-                m_shown.push_back(shown + minute * kMinute);
-            }
-        }
-    }
-
-    qint64 Shown(qint64 utc) const { return m_shown.at(static_cast<std::size_t>((utc - Start()) / kMinute)); }
-
-private:
-    static qint64 Start() { return 1'766'188'800'000; }  // 20 December 2025
-
-    std::vector<qint64> m_shown;
-};
 
 /// An independent model: watches a clock on the wall minute by minute. The minute of the alarm is reached
 /// when the clock shows it, or has jumped over it. Each day counts once.
@@ -61,13 +32,13 @@ public:
     /// The first ring after `after` within `days` days.
     std::optional<qint64> After(qint64 after, int days) const {
         // It starts two days early, so that it knows what was rung on the day of `after`.
-        qint64 minute = (after / kMinute - qint64{2} * 1440) * kMinute;
+        qint64 minute = (after / kWallMinute - qint64{2} * 1440) * kWallMinute;
         qint64 before = m_wall.Shown(minute);
         const qint64 ofDay = m_alarm.time.msecsSinceStartOfDay();
         QSet<qint64> rung;
-        for (qint64 end = after + days * 1440 * kMinute; minute <= end; minute += kMinute) {
+        for (qint64 end = after + days * 1440 * kWallMinute; minute <= end; minute += kWallMinute) {
             const qint64 shown = m_wall.Shown(minute);
-            const qint64 wanted = shown / kDay * kDay + ofDay;  // no zone here skips a midnight
+            const qint64 wanted = shown / kWallDay * kWallDay + ofDay;  // no zone here skips a midnight
             const bool isReached = wanted == shown || (before < wanted && wanted < shown);
             before = shown;
             if (!isReached || rung.contains(wanted)) {
@@ -153,7 +124,7 @@ void TstNextRing::RandomAlarmsAsOnAWatchedClock() {
         const std::optional<qint64> next = NextRing(alarm, after, DaysOf(place, off));
         constexpr int kWatched = 20;  // days
         const std::optional<qint64> expected = WatchedClock(alarm, wall, off).After(after, kWatched);
-        const bool isLater = next && *next > after + kWatched * 1440 * kMinute;
+        const bool isLater = next && *next > after + kWatched * 1440 * kWallMinute;
         if (expected ? next != expected : next && !isLater) {
             const auto text = [](std::optional<qint64> at) {
                 return at ? QDateTime::fromMSecsSinceEpoch(*at, Qt::UTC).toString(Qt::ISODateWithMs)

@@ -298,7 +298,7 @@ void TstTimerWindow::TheTabOrderGoesFromTopToBottom() {
     Bench bench;
     QStringList order;
     QWidget* at = &bench.Spin("UpDown1");
-    for (int control = 0; control < 8; ++control) {
+    for (int control = 0; control < 9; ++control) {
         order.append(at->objectName());
         at = at->nextInFocusChain();
         while ((at->focusPolicy() & Qt::TabFocus) == 0 || at->isWindow() || at->focusProxy() != nullptr ||
@@ -307,7 +307,7 @@ void TstTimerWindow::TheTabOrderGoesFromTopToBottom() {
         }
     }
     QCOMPARE(order, (QStringList{u"UpDown1"_s, u"UpDown2"_s, u"UpDown3"_s, u"Check1"_s, u"Command1"_s,
-                                 u"Command2"_s, u"Command4"_s, u"Command3"_s}));
+                                 u"Command2"_s, u"Command4"_s, u"Command5"_s, u"Command3"_s}));
 }
 
 void TstTimerWindow::EveryEntryHasAnAccessibleName() {
