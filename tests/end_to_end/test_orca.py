@@ -12,7 +12,7 @@ from driver.tickwell import tickwell_command
 TIMER = (("Up", "1"), ("Tab", "分 0 spin button"), ("Tab", "秒後 15 spin button"),
          ("Tab", "指定時間が来たら繰り返す check box not checked"), ("space", "checked"),
          ("Tab", "スタート push button"), ("Tab", "リセット push button"), ("Tab", "一覧... push button"),
-         ("Tab", "ヘルプ push button"))
+         ("Tab", "アラーム... push button"), ("Tab", "ヘルプ push button"))
 STOPWATCH = (("Tab", "リセット push button"), ("Tab", "ラップ/経歴一覧表"), ("Tab", "印刷 push button"),
              ("Tab", "ヘルプ push button"))
 EDITOR = (("Tab", "月 11 spin button"), ("Tab", "日 15 spin button"), ("Tab", "毎年の記念日として指定する"),
@@ -101,7 +101,8 @@ class Orca(SettingsCase):
         self.reader.wait_said("タイマー dialog", "時間 0 spin button")
         self.session.hand.key("F1")
         self.reader.wait_said("Tickwell ヘルプ dialog", "notification タイマー ﾀｲﾏｰ を選ぶと、下段に残り時間を表示します。")
-        self.tour((("Tab", "notification 環境設定の「お知らせ」"), ("Tab", "notification タイマー一覧")))
+        self.tour((("Tab", "notification 環境設定の「お知らせ」"), ("Tab", "notification タイマー一覧"),
+                   ("Tab", "notification アラーム")))
 
     def test_the_book(self):
         self.start()
