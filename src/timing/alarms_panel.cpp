@@ -40,7 +40,7 @@ QString AlarmsPanel::StateOf(const AlarmList::Row& row) const {
     return state;
 }
 
-ShownAlarm AlarmsPanel::Shown(const AlarmList::Row& row) const {
+ShownRow AlarmsPanel::Shown(const AlarmList::Row& row) const {
     const QDate today = m_clock.Now().date();
     const std::optional<Ring> next = m_list.NextOf(row);
     return {.id = row.kept.id,
@@ -49,8 +49,8 @@ ShownAlarm AlarmsPanel::Shown(const AlarmList::Row& row) const {
                       StateOf(row)}};
 }
 
-QList<ShownAlarm> AlarmsPanel::Rows() const {
-    QList<ShownAlarm> rows;
+QList<ShownRow> AlarmsPanel::Rows() const {
+    QList<ShownRow> rows;
     for (const AlarmList::Row& row : m_list.Rows()) {
         rows.append(Shown(row));
     }

@@ -4,16 +4,9 @@
 #include <QStringList>
 
 #include "timing/alarm_list.h"
+#include "timing/shown_row.h"
 
 namespace tickwell::timing {
-
-/// A row as the window shows it.
-struct ShownAlarm {
-    qint64 id = 0;
-    QStringList texts;  ///< name, time, days, when it rings next, state
-
-    bool operator==(const ShownAlarm&) const = default;
-};
 
 /// The state of a row's check boxes and what can be done with it.
 struct AlarmActions {
@@ -29,7 +22,8 @@ public:
     /// Both outlive this object.
     AlarmsPanel(AlarmList& list, const Clock& clock) : m_list(list), m_clock(clock) {}
 
-    QList<ShownAlarm> Rows() const;
+    /// With name, time, days, when it rings next, and state.
+    QList<ShownRow> Rows() const;
     AlarmActions ActionsOf(qint64 id) const;
     bool HasRoom() const { return m_list.Rows().size() < static_cast<std::size_t>(kMostAlarms); }
     /// The values that the window offers for a new alarm, without name and sound.
@@ -47,7 +41,7 @@ public:
     void Remove(qint64 id) { m_list.Remove(id); }
 
 private:
-    ShownAlarm Shown(const AlarmList::Row& row) const;
+    ShownRow Shown(const AlarmList::Row& row) const;
     bool IsPast(const KeptAlarm& alarm) const;
     QString StateOf(const AlarmList::Row& row) const;
     KeptAlarm CheckedAlarm(KeptAlarm alarm) const;

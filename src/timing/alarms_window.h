@@ -4,7 +4,6 @@
 #include <QCheckBox>
 #include <QDialog>
 #include <QPushButton>
-#include <QTableWidget>
 #include <QVBoxLayout>
 #include <memory>
 
@@ -13,6 +12,7 @@
 #include "core/ports/timer.h"
 #include "timing/alarm_entry_frame.h"
 #include "timing/alarms_panel.h"
+#include "timing/tool_table.h"
 
 namespace tickwell::timing {
 
@@ -50,20 +50,16 @@ public:
 
 private:
     QPushButton* AlarmButton(int index, const QString& caption, std::function<void()> clicked);
-    void MakeAlarmTable();
     void LayOut();
-    void ShowRows();
     void ShowActions();
     void ShowEntry();
-    qint64 SelectedAlarm() const;
-    void SelectAlarm(qint64 id);
     void Act(const std::function<void()>& action);
     void Command1_Click();
     void Command2_Click();
     void Command3_Click();
 
     AlarmsWindowParts m_parts;
-    QTableWidget* m_table;  // the controls are owned by the window
+    ToolTable* m_table;  // the controls are owned by the window
     QCheckBox* m_isOn;
     QCheckBox* m_skip;
     AlarmEntryFrame* m_entry;
@@ -73,7 +69,6 @@ private:
     QPushButton* m_helpButton;
     QPushButton* m_closeButton;
     QVBoxLayout* m_allRows = nullptr;
-    QList<ShownAlarm> m_rows;
     std::unique_ptr<Timer> m_refresh;  // runs while the window is open
 };
 

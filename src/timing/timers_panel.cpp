@@ -15,7 +15,7 @@ QString TimersPanel::EndOf(bool isRunning, qint64 remaining) const {
     return isRunning ? EndText(now.addMSecs(remaining), now.date()) : QString();
 }
 
-ShownTimer TimersPanel::Shown(const TimerList::Row& row) const {
+ShownRow TimersPanel::Shown(const TimerList::Row& row) const {
     const KeptTimer& kept = row.kept;
     const qint64 remaining = m_list.Remaining(row);
     QString phase = PhaseText(kept.phase);
@@ -27,12 +27,12 @@ ShownTimer TimersPanel::Shown(const TimerList::Row& row) const {
                       EndOf(kept.phase == TimerPhase::Running, remaining), phase}};
 }
 
-QList<ShownTimer> TimersPanel::Rows() const {
+QList<ShownRow> TimersPanel::Rows() const {
     const TimerPhase phase = m_countdown.Phase();
     const qint64 remaining = m_countdown.Remaining();
-    QList<ShownTimer> rows{{.id = kMainRow,
-                            .texts = {u"メイン"_s, RemainingText(remaining),
-                                      EndOf(phase == TimerPhase::Running, remaining), PhaseText(phase)}}};
+    QList<ShownRow> rows{{.id = kMainRow,
+                          .texts = {u"メイン"_s, RemainingText(remaining),
+                                    EndOf(phase == TimerPhase::Running, remaining), PhaseText(phase)}}};
     for (const TimerList::Row& row : m_list.Rows()) {
         rows.append(Shown(row));
     }

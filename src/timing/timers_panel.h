@@ -5,20 +5,13 @@
 #include <QStringList>
 
 #include "timing/main_countdown.h"
+#include "timing/shown_row.h"
 #include "timing/timer_list.h"
 
 namespace tickwell::timing {
 
 /// The id of the row of the main window's countdown.
 inline constexpr qint64 kMainRow = 0;
-
-/// A row as the window shows it.
-struct ShownTimer {
-    qint64 id = kMainRow;
-    QStringList texts;  ///< name, remaining time, time at which it ends, state
-
-    bool operator==(const ShownTimer&) const = default;
-};
 
 /// What can be done with a row.
 struct TimerActions {
@@ -36,7 +29,8 @@ public:
     TimersPanel(TimerList& list, MainCountdown& countdown, const Clock& clock)
         : m_list(list), m_countdown(countdown), m_clock(clock) {}
 
-    QList<ShownTimer> Rows() const;
+    /// With name, remaining time, time at which it ends, and state.
+    QList<ShownRow> Rows() const;
     TimerActions ActionsOf(qint64 id) const;
     bool HasRoom() const { return m_list.Rows().size() < static_cast<std::size_t>(kMostTimers); }
     const QList<TimerPreset>& Presets() const { return m_list.Presets(); }
@@ -57,7 +51,7 @@ public:
     void RemovePreset(qint64 preset) { m_list.RemovePreset(preset); }
 
 private:
-    ShownTimer Shown(const TimerList::Row& row) const;
+    ShownRow Shown(const TimerList::Row& row) const;
     QString EndOf(bool isRunning, qint64 remaining) const;
     TimerPlan Checked(TimerPlan plan) const;
 

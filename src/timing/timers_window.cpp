@@ -2,11 +2,9 @@
 #include "timing/timers_window.h"
 
 #include <QAction>
-#include <QHeaderView>
 #include <QInputDialog>
 #include <QMenu>
 #include <QVBoxLayout>
-#include <algorithm>
 
 #include "controls/bring_forward.h"
 #include "controls/control_making.h"
@@ -23,15 +21,18 @@ namespace {
 
 constexpr int kListRefresh = 200;  // ms, so that a second on the screen is no shorter or longer than others
 constexpr int kPresetsPerRow = 2;
-constexpr int kNameColumn = 0;
-constexpr int kNameEms = 14;  // ems
+constexpr int kPresetEms = 14;
+constexpr int kTableEms = 32;
 
 }  // namespace
 
 TimersForm::TimersForm(const TimersWindowParts& parts, QWidget* parent)
     : QDialog(parent),
       m_parts(parts),
-      m_table(controls::Named(new QTableWidget(this), u"List1"_s, u"タイマー"_s)),
+      m_table(controls::Named(
+          new ToolTable({.titles = {u"名前"_s, u"残り"_s, u"終わる時刻"_s, u"状態"_s}, .width = kTableEms},
+                        this),
+          u"List1"_s, u"タイマー"_s)),
       m_entry(new TimerEntryFrame(parts.handlers, parts.sounds, this)),
       m_presetFrame(controls::Named(new QGroupBox(u"すぐに始める"_s, this), u"Frame2"_s)),
       m_presets(new QGridLayout(m_presetFrame)),
@@ -44,8 +45,8 @@ TimersForm::TimersForm(const TimersWindowParts& parts, QWidget* parent)
                                      Act([this] {
                                          const qint64 id = m_parts.panel.Add(m_entry->Plan());
                                          m_entry->ForgetName();
-                                         ShowRows();
-                                         Select(id);
+                                         m_table->ShowRows(m_parts.panel.Rows());
+                                         m_table->SelectId(id);
                                      });
                                  })),
       m_keep(controls::MakeButton(u"Command6"_s, u"今の設定を登録..."_s, this, parts.handlers,
@@ -57,43 +58,15 @@ TimersForm::TimersForm(const TimersWindowParts& parts, QWidget* parent)
       m_seconds(parts.handlers.MakeTimer(parts.timers, kListRefresh, [this] { RefreshForm(); })) {
     setObjectName(u"TimersForm"_s);
     setWindowTitle(u"タイマー一覧"_s);
-    MakeTable();
     LayOut();
     controls::OpenHelpByKey(*this, m_parts.handlers, m_parts.help, kHelpTimers);
-    m_parts.handlers.Connect(m_table, &QTableWidget::itemSelectionChanged, this, [this] { ShowActions(); });
+    m_parts.handlers.Connect(m_table, &QTableWidget::currentCellChanged, this, [this] { ShowActions(); });
 }
 
 QPushButton* TimersForm::ActionButton(int index, const QString& caption,
                                       const std::function<void(qint64)>& action) {
     return controls::MakeButton(u"Command%1"_s.arg(index), caption, this, m_parts.handlers,
-                                [this, action] { Act([this, &action] { action(Selected()); }); });
-}
-
-void TimersForm::MakeTable() {
-    m_table->setColumnCount(4);
-    m_table->setHorizontalHeaderLabels({u"名前"_s, u"残り"_s, u"終わる時刻"_s, u"状態"_s});
-    m_table->setSelectionMode(QTableWidget::SingleSelection);
-    m_table->setSelectionBehavior(QTableWidget::SelectRows);
-    m_table->setEditTriggers(QTableWidget::NoEditTriggers);
-    m_table->setTabKeyNavigation(false);
-    m_table->setWordWrap(false);
-    m_table->setShowGrid(false);
-    m_table->setCornerButtonEnabled(false);
-    m_table->verticalHeader()->hide();
-    QHeaderView* header = m_table->horizontalHeader();
-    header->setSectionsClickable(false);
-    header->setHighlightSections(false);
-    header->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
-    header->setSectionResizeMode(QHeaderView::ResizeToContents);
-    header->setSectionResizeMode(kNameColumn, QHeaderView::Stretch);
-    header->setMinimumSectionSize(4 * fontMetrics().height());
-    const int row = fontMetrics().height() + 4;
-    m_table->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-    m_table->verticalHeader()->setMinimumSectionSize(row);
-    m_table->verticalHeader()->setDefaultSectionSize(row);
-    m_table->setMinimumHeight(header->sizeHint().height() + 4 * row + 2 * m_table->frameWidth());
-    m_table->setMinimumWidth((kNameEms + 18) * fontMetrics().height());
-    m_table->setSizeAdjustPolicy(QTableWidget::AdjustIgnored);
+                                [this, action] { Act([this, &action] { action(m_table->SelectedId()); }); });
 }
 
 QHBoxLayout* TimersForm::RowButtons() {
@@ -153,12 +126,12 @@ QPushButton* TimersForm::PresetButton(const TimerPreset& preset, int index) {
     const QString caption = PlanText(preset.plan);
     auto* button = controls::MakeButton(
         controls::Indexed(u"Preset"_s, index),
-        fontMetrics().elidedText(caption, Qt::ElideRight, kNameEms * fontMetrics().height()), m_presetFrame,
+        fontMetrics().elidedText(caption, Qt::ElideRight, kPresetEms * fontMetrics().height()), m_presetFrame,
         m_parts.handlers, [this, preset] {
             Act([this, &preset] {
                 const qint64 id = m_parts.panel.StartPreset(preset);
-                ShowRows();
-                Select(id);
+                m_table->ShowRows(m_parts.panel.Rows());
+                m_table->SelectId(id);
             });
         });
     button->setAccessibleName(caption);
@@ -186,8 +159,8 @@ void TimersForm::MakeRoom() {
 void TimersForm::BringUp() {
     if (!isVisible()) {
         RefreshForm();
-        if (Selected() < 0) {
-            Select(kMainRow);
+        if (m_table->SelectedId() < 0) {
+            m_table->SelectId(kMainRow);
         }
         m_table->setFocus();
         m_seconds->Start();
@@ -202,58 +175,17 @@ void TimersForm::done(int result) {
 
 void TimersForm::RefreshForm() {
     MakePresets();
-    ShowRows();
+    m_table->ShowRows(m_parts.panel.Rows());
     ShowActions();
 }
 
-/// Writes only what has changed: a screen reader reads each change.
-void TimersForm::ShowRows() {
-    const QList<ShownTimer> rows = m_parts.panel.Rows();
-    if (rows == m_rows) {
-        return;
-    }
-    const qint64 selected = Selected();
-    const bool isOther = !std::equal(rows.begin(), rows.end(), m_rows.begin(), m_rows.end(),
-                                     [](const ShownTimer& a, const ShownTimer& b) { return a.id == b.id; });
-    m_rows = rows;
-    m_table->setRowCount(static_cast<int>(rows.size()));
-    for (int row = 0; row < m_table->rowCount(); ++row) {
-        for (int column = 0; column < m_table->columnCount(); ++column) {
-            const QString& text = rows[row].texts[column];
-            if (QTableWidgetItem* item = m_table->item(row, column); item == nullptr) {
-                m_table->setItem(row, column, new QTableWidgetItem(text));
-            } else if (item->text() != text) {
-                item->setText(text);
-            }
-        }
-    }
-    if (isOther) {
-        Select(selected);
-    }
-}
-
 void TimersForm::ShowActions() {
-    const TimerActions actions = m_parts.panel.ActionsOf(Selected());
+    const TimerActions actions = m_parts.panel.ActionsOf(m_table->SelectedId());
     m_start->setEnabled(actions.starts);
     m_pause->setEnabled(actions.pauses);
     m_reset->setEnabled(actions.resets);
     m_remove->setEnabled(actions.removes);
     m_add->setEnabled(m_parts.panel.HasRoom());
-}
-
-/// -1 if no row is selected.
-qint64 TimersForm::Selected() const {
-    const int row = m_table->currentRow();
-    return row >= 0 && row < m_rows.size() ? m_rows[row].id : -1;
-}
-
-/// If the timer is gone, the row that took its place is selected.
-void TimersForm::Select(qint64 id) {
-    const auto found =
-        std::find_if(m_rows.begin(), m_rows.end(), [id](const ShownTimer& row) { return row.id == id; });
-    const auto row = found != m_rows.end() ? static_cast<int>(found - m_rows.begin())
-                                           : std::min(m_table->currentRow(), m_table->rowCount() - 1);
-    m_table->selectRow(std::max(row, 0));
 }
 
 /// The window follows even if the action failed: part of it may be done.

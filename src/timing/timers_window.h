@@ -4,7 +4,6 @@
 #include <QDialog>
 #include <QGridLayout>
 #include <QPushButton>
-#include <QTableWidget>
 #include <QVBoxLayout>
 #include <memory>
 
@@ -13,6 +12,7 @@
 #include "core/ports/timer.h"
 #include "timing/timer_entry_frame.h"
 #include "timing/timers_panel.h"
+#include "timing/tool_table.h"
 
 namespace tickwell::timing {
 
@@ -48,22 +48,18 @@ public:
 
 private:
     void LayOut();
-    void MakeTable();
     QHBoxLayout* RowButtons();
     QHBoxLayout* AddingButtons();
     QPushButton* ActionButton(int index, const QString& caption, const std::function<void(qint64)>& action);
     void MakePresets();
     QPushButton* PresetButton(const TimerPreset& preset, int index);
     void OpenPresetMenu(QPoint point, qint64 preset);
-    void ShowRows();
     void ShowActions();
-    qint64 Selected() const;
-    void Select(qint64 id);
     void Act(const std::function<void()>& action);
     void AskPresetName();
 
     TimersWindowParts m_parts;
-    QTableWidget* m_table;  // the controls are owned by the window
+    ToolTable* m_table;  // the controls are owned by the window
     TimerEntryFrame* m_entry;
     QVBoxLayout* m_allRows = nullptr;
     QGroupBox* m_presetFrame;
@@ -76,7 +72,6 @@ private:
     QPushButton* m_keep;
     QPushButton* m_helpButton;
     QPushButton* m_closeButton;
-    QList<ShownTimer> m_rows;
     QList<TimerPreset> m_shownPresets;
     std::unique_ptr<Timer> m_seconds;  // runs while the window is open
 };

@@ -4,6 +4,7 @@
 import unittest
 
 from driver import screen_reader
+from driver.cd_player import FORWARD, NEXT, PAUSE, PLAY, PREVIOUS, REWIND, STOP, TITLE, CdCase
 from driver.settings_case import SettingsCase
 from driver.tickwell import tickwell_command
 
@@ -15,26 +16,40 @@ TIMER = (("Up", "1"), ("Tab", "分 0 spin button"), ("Tab", "秒後 15 spin butt
          ("Tab", "アラーム... push button"), ("Tab", "ヘルプ push button"))
 STOPWATCH = (("Tab", "リセット push button"), ("Tab", "ラップ/経歴一覧表"), ("Tab", "印刷 push button"),
              ("Tab", "ヘルプ push button"))
+TIMERS = (("Tab", "開始 push button"), ("Tab", "リセット push button"), ("Tab", "カップ麺 3分 push button"),
+          ("Tab", "紅茶 4分 push button"), ("Tab", "ゆで卵 8分 push button"),
+          ("Tab", "集中 25分／休憩 5分 push button"), ("Tab", "名前 text"), ("Tab", "時間 0 spin button"),
+          ("Tab", "分 3 spin button"), ("Tab", "秒 0 spin button"), ("Tab", "音"), ("Tab", "ファイル... push button"),
+          ("Tab", "試聴 push button"), ("Tab", "追加 push button"), ("Tab", "今の設定を登録... push button"),
+          ("Tab", "ヘルプ push button"), ("Tab", "閉じる push button"), ("Tab", "メイン"))
+ALARMS = (("Tab", "時刻（時） 7 spin button"), ("Tab", "分 0 spin button"), ("Tab", "名前 text"),
+          ("Tab", "毎日"), ("Right", "平日"),
+          ("Right", "曜日を選ぶ"), ("Tab", "月曜日 check box not checked"),
+          ("space", "checked"), ("Tab", "火曜日 check box not checked"))
 EDITOR = (("Tab", "月 11 spin button"), ("Tab", "日 15 spin button"), ("Tab", "毎年の記念日として指定する"),
           ("Down", "毎月の記念日として指定する"), ("Tab", "第?週の?曜日という形で指定する check box not checked"),
           ("Tab", "追加>> push button"), ("Tab", "ｷｬﾝｾﾙ push button"))
 
 
-@unittest.skipUnless(screen_reader.is_installed(), "needs the package orca")
-class Orca(SettingsCase):
+class Listening:
+    """A test case whose session has the screen reader."""
+
     def setUp(self):
         super().setUp()
         self.reader = screen_reader.ScreenReader(self.session)
-
-    def open_window(self, name):
-        arguments = ("--menu",) if name == "menu" else ("--open", name)
-        self.assertEqual(self.session.spawn(tickwell_command(self.session, arguments=arguments)).wait_end(), 0)
 
     def tour(self, steps):
         for key, text in steps:
             self.reader.forget()
             self.session.hand.key(key)
             self.reader.wait_said(text)
+
+
+@unittest.skipUnless(screen_reader.is_installed(), "needs the package orca")
+class Orca(Listening, SettingsCase):
+    def open_window(self, name):
+        arguments = ("--menu",) if name == "menu" else ("--open", name)
+        self.assertEqual(self.session.spawn(tickwell_command(self.session, arguments=arguments)).wait_end(), 0)
 
     def test_the_clock_says_its_lines(self):
         self.start()
@@ -78,6 +93,26 @@ class Orca(SettingsCase):
         self.app.wait(role="push button", name="ストップ")
         self.time.advance(61_234)
         self.tour((("Tab", "ラップ push button"), ("space", "Lapse1 0:01'01\"234")))
+
+    def open_from_timer(self, button, name):
+        """Opens the list of timers or alarms, and forgets what is said about the way there."""
+        self.start()
+        self.open_window("timer")
+        self.reader.wait_said("タイマー dialog", "時間 0 spin button")
+        self.tour((("shift+Tab", "ヘルプ push button"), ("shift+Tab", "アラーム... push button")))
+        if button == "一覧...":
+            self.tour((("shift+Tab", "一覧... push button"),))
+        self.session.hand.key("space")
+        self.reader.wait_said(f"{name} dialog")
+
+    def test_the_timers(self):
+        self.open_from_timer("一覧...", "タイマー一覧")
+        self.reader.wait_said("メイン")
+        self.tour(TIMERS)
+
+    def test_the_alarms(self):
+        self.open_from_timer("アラーム...", "アラーム一覧")
+        self.tour(ALARMS)
 
     def test_the_calendar_and_its_search(self):
         self.start()
@@ -123,6 +158,18 @@ class Orca(SettingsCase):
         self.reader.wait_said("文字表示 page tab")  # sometimes preceded by the name of the dialog
         self.tour((("Right", "時計 page tab"), ("Right", "ロール page tab"), ("Right", "時報 page tab"),
                    ("Tab", "時報音"), ("Down", "赤ちゃん")))
+
+
+@unittest.skipUnless(screen_reader.is_installed(), "needs the package orca")
+class OrcaAtTheCdPlayer(Listening, CdCase):
+    def test_the_buttons_that_can_be_pressed_are_read(self):
+        self.start(self.folder / "three_tones.cue")
+        self.wait_total(3, "0:12")
+        self.reader.wait_said(f"{TITLE} dialog", f"{PLAY} push button")
+        self.tour((("Tab", f"{NEXT} push button"), ("Tab", f"{PREVIOUS} push button"), ("Tab", f"{PLAY} push button"),
+                   ("space", f"{PAUSE} push button"), ("Tab", f"{STOP} push button"), ("Tab", f"{FORWARD} push button"),
+                   ("Tab", f"{NEXT} push button"), ("Tab", f"{PREVIOUS} push button"),
+                   ("Tab", f"{REWIND} push button")))
 
 
 if __name__ == "__main__":

@@ -14,6 +14,7 @@ private Q_SLOTS:
     void TheCountdownIsTheFirstRow();
     void TheCountdownIsOperated();
     void ATimerIsAddedAndOperated();
+    void TheButtonsFollowTheCurrentRowAtOnce();
     void ATimeOfZeroIsRefused();
     void TwentyTimers();
     void TheNoticeListsAllThatEnded();
@@ -90,6 +91,18 @@ void TstTimersWindow::ATimerIsAddedAndOperated() {
     QCOMPARE(bench.Table().rowCount(), 3);
     QCOMPARE(bench.Table().currentRow(), 2);
     QCOMPARE(bench.store.kept.timers.size(), 2);
+}
+
+void TstTimersWindow::TheButtonsFollowTheCurrentRowAtOnce() {
+    TimersBench bench;
+    bench.desk->Show();
+    bench.Press<TimersForm>("Command5");
+    bench.Press<TimersForm>("Command1");
+    QCOMPARE(bench.Enabled(), u"0111"_s);
+    QTest::keyClick(&bench.Table(), Qt::Key_Up);
+    QCOMPARE(bench.Enabled(), u"1010"_s);
+    QTest::keyClick(&bench.Table(), Qt::Key_Down);
+    QCOMPARE(bench.Enabled(), u"0111"_s);
 }
 
 void TstTimersWindow::ATimeOfZeroIsRefused() {
