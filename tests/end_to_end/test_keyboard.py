@@ -43,12 +43,23 @@ class KeyboardCase(SettingsCase):
         is_clock = window == self.clock
         wait_for(lambda: ("active" in main_window(self.app).states) == is_clock, "the program's notice of the focus")
 
+    def wait_active(self, title):
+        """Waits until a window has the keyboard focus; returns it. It is visible before."""
+        return self.app.wait(name=title, showing=True, which=lambda node: "active" in node.states)
+
+    def close_by_key(self, role, title):
+        self.app.wait(role=role, name=title, showing=True)
+        if role != "popup menu":  # which grabs the keyboard
+            self.wait_active(title)
+        self.session.hand.key("Escape")
+        self.app.wait_gone(role=role, name=title, showing=True)
+
     def focus_clock(self):
         self.session.windows.activate(self.clock)
         self.wait_focus(self.clock)
 
     def wait_help_at(self, heading):
-        window = self.app.wait(name=HELP, showing=True, which=lambda node: "active" in node.states)
+        window = self.wait_active(HELP)
         window.wait(name=heading, which=lambda node: "selected" in node.states)
 
 
@@ -134,8 +145,7 @@ class Keys(KeyboardCase):
         self.session.hand.key("space")
         self.app.wait(role="popup menu", name="メニュー", showing=True).wait(name="カレンダー(C)")
         self.session.hand.key("o")  # 操作ｳｨﾝﾄﾞｳの表示(O)
-        window = self.window("ストップウォッチ")
-        window.wait(role="push button", name="スタート")
+        window = self.wait_active("ストップウォッチ")
         self.session.hand.key("alt+s")
         window.wait(role="push button", name="ストップ")
         self.session.hand.key("alt+r")  # a button keeps its key when its caption changes
@@ -165,9 +175,7 @@ class Windows(KeyboardCase):
             arguments = ("--menu",) if name == "menu" else ("--open", name)
             again = self.session.spawn(tickwell_command(self.session, arguments=arguments))
             self.assertEqual((again.wait_end(), again.output()), (0, ""))
-            self.app.wait(role=role, name=title, showing=True)
-            self.session.hand.key("Escape")
-            self.app.wait_gone(role=role, name=title, showing=True)
+            self.close_by_key(role, title)
         self.assertEqual(self.place(), (100, 100, 167))
 
     def test_a_first_start_opens_a_window(self):
@@ -191,10 +199,7 @@ class Windows(KeyboardCase):
             self.assertEqual(program, "tickwell")
             command = [program_path(), *tickwell_command(self.session)[1:], *arguments]
             self.assertEqual(self.session.spawn(command).wait_end(), 0)
-            role, title = OPENED[name]
-            self.app.wait(role=role, name=title, showing=True)
-            self.session.hand.key("Escape")
-            self.app.wait_gone(role=role, name=title, showing=True)
+            self.close_by_key(*OPENED[name])
 
 
 if __name__ == "__main__":

@@ -149,7 +149,8 @@ class OutsideText(SecurityCase):
         self.session.hand.click(calendar.wait(name="記念日の一覧を開く"))
         self.session.hand.click(calendar.wait(role="cell", name=self.markup))
         self.session.hand.click(calendar.wait(role="push button", name="編集"))
-        editor = self.app.wait(role="dialog", name="記念日の編集", showing=True)
+        editor = self.app.wait(role="dialog", name="記念日の編集", showing=True,
+                               which=lambda node: "active" in node.states)
         self.assertTrue(editor.wait(role="text", which=lambda node: node.text == self.markup))
         self.session.hand.key("Escape")
         self.app.wait_gone(role="dialog", name="記念日の編集", showing=True)
