@@ -52,6 +52,7 @@ WINDOWS = [(2, SHOW, "ストップウォッチ"), (3, SHOW, "タイマー"), (6,
 BOOK = {"追加": "記念日の追加", "検索": "記念日の検索", "削除": "記念日の削除"}  # by button of the calendar
 CANCELS = ("キャンセル", "ｷｬﾝｾﾙ")
 SETTLING = 0.15  # s, shorter than a caret stays on or off
+TEA = 4 * 60_000  # ms
 WIPE = 1500  # ms, longer than a wipe
 
 
@@ -100,6 +101,8 @@ class Tour:
             self.tour_of_the_calendar()
         with self.started(0):
             self.tour_of_the_settings()
+        with self.started(3):
+            self.tour_of_the_lists()
 
     @contextlib.contextmanager
     def started(self, function):
@@ -130,6 +133,23 @@ class Tour:
         for page in pages[1:]:
             settings.wait(role="page tab", name=page).press()
             self.take()
+
+    def tour_of_the_lists(self):
+        """Last, because timers and alarms go on at the next start."""
+        timer = self.open(SHOW, "タイマー")
+        press(timer, "アラーム...")
+        alarms = wait_window(self.app, "アラーム一覧")
+        press(alarms, "追加")
+        self.take()
+        press(alarms, "閉じる")
+        self.app.wait_gone(role="dialog", name="アラーム一覧", showing=True)
+        press(timer, "一覧...")
+        timers = wait_window(self.app, "タイマー一覧")
+        for preset in ("紅茶 4分", "集中 25分／休憩 5分"):
+            press(timers, preset)
+        self.take()
+        self.time.advance(TEA)
+        self.take()
 
     def open_menu(self):
         again = self.session.spawn(tickwell_command(self.session, arguments=("--menu",)))
