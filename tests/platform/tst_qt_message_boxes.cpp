@@ -11,57 +11,13 @@
 #include <QTest>
 #include <QWindow>
 
+#include "platform/boxes_on_screen.h"
 #include "platform/desktop/qt_message_boxes.h"
 #include "support/child.h"
 
 using namespace tickwell;
 using namespace tickwell::platform;
 using namespace Qt::StringLiterals;
-
-namespace {
-
-const Message kQuestion{MessageIcon::Question, u"印刷"_s, u"<b>一</b>\r\n二"_s};
-
-/// The open box with this title, or null; any open box if the title is empty.
-QMessageBox* BoxOnScreen(const QString& title = {}) {
-    for (QWidget* widget : QApplication::topLevelWidgets()) {
-        auto* box = qobject_cast<QMessageBox*>(widget);
-        if (box != nullptr && box->isVisible() && (title.isEmpty() || box->windowTitle() == title)) {
-            return box;
-        }
-    }
-    return nullptr;
-}
-
-/// A click as the desktop delivers it: to the window, which may be blocked.
-void Click(QWidget& control) {
-    QTest::mouseClick(control.window()->windowHandle(), Qt::LeftButton, {},
-                      control.mapTo(control.window(), control.rect().center()));
-}
-
-/// A window with a button that counts its clicks.
-class Counter : public QWidget {
-public:
-    Counter() {
-        setGeometry(200, 200, 300, 200);
-        m_button.resize(size());
-        connect(&m_button, &QPushButton::clicked, this, [this] { ++m_clicks; });
-        show();
-    }
-
-    bool IsUsable() {
-        const int before = m_clicks;
-        Click(m_button);
-        return m_clicks > before;
-    }
-    QPushButton& Button() { return m_button; }
-
-private:
-    QPushButton m_button{this};
-    int m_clicks = 0;
-};
-
-}  // namespace
 
 /// Message boxes on the desktop.
 class TstQtMessageBoxes : public QObject {
@@ -85,8 +41,6 @@ private Q_SLOTS:
     void ABoxWithoutAWindowBlocksNothing_data();
     void ABoxWithoutAWindowBlocksNothing();
     void ABoxDestroyedWithItsWindowIsCancelled();
-    void AnApplicationModalWindowLeavesOpenBoxesUsable();
-    void OfTwoBoxesOfAWindowTheLaterOneIsAnsweredFirst();
 };
 
 void TstQtMessageBoxes::ATextIsNeverMarkup() {
@@ -342,58 +296,6 @@ void TstQtMessageBoxes::ABoxDestroyedWithItsWindowIsCancelled() {
     QCOMPARE(answers, (QStringList{u"cancelled"_s, u"closed"_s, u"not OK"_s, u"not ticked"_s}));
     QCoreApplication::processEvents();
     QCOMPARE(answers.size(), 4);
-}
-
-void TstQtMessageBoxes::AnApplicationModalWindowLeavesOpenBoxesUsable() {
-    QtMessageBoxes boxes;
-    Counter window;
-    Counter other;
-    QStringList answers;
-    boxes.Show(nullptr, {MessageIcon::Critical, u"alone"_s, u"一"_s},
-               [&answers] { answers.append(u"alone"_s); });
-    boxes.Show(&window, {MessageIcon::Critical, u"owned"_s, u"一"_s},
-               [&answers] { answers.append(u"owned"_s); });
-    BoxOnScreen(u"alone"_s)->move(400, 300);
-    const QPoint place = BoxOnScreen(u"alone"_s)->pos();
-
-    Counter modal;
-    modal.hide();
-    modal.setWindowModality(Qt::ApplicationModal);
-    modal.show();
-    QCoreApplication::processEvents();
-    QVERIFY(modal.IsUsable());
-    QVERIFY(!other.IsUsable());
-    QCOMPARE(BoxOnScreen(u"alone"_s)->pos(), place);
-    Click(*BoxOnScreen(u"alone"_s)->button(QMessageBox::Ok));
-    QCOMPARE(answers, QStringList{u"alone"_s});
-    QVERIFY(modal.IsUsable());
-
-    modal.hide();
-    QVERIFY(other.IsUsable());
-    QVERIFY(!window.IsUsable());  // its box is still open
-    Click(*BoxOnScreen(u"owned"_s)->button(QMessageBox::Ok));
-    QCOMPARE(answers.size(), 2);
-    QVERIFY(window.IsUsable());
-}
-
-void TstQtMessageBoxes::OfTwoBoxesOfAWindowTheLaterOneIsAnsweredFirst() {
-    QtMessageBoxes boxes;
-    Counter window;
-    QStringList answers;
-    for (const QString& title : {u"first"_s, u"second"_s}) {
-        boxes.Show(&window, {MessageIcon::Critical, title, u"一"_s},
-                   [&answers, title] { answers.append(title); });
-    }
-    Counter modal;
-    modal.hide();
-    modal.setWindowModality(Qt::ApplicationModal);
-    modal.show();
-    QCoreApplication::processEvents();
-    Click(*BoxOnScreen(u"first"_s)->button(QMessageBox::Ok));
-    QVERIFY(answers.isEmpty());
-    Click(*BoxOnScreen(u"second"_s)->button(QMessageBox::Ok));
-    Click(*BoxOnScreen(u"first"_s)->button(QMessageBox::Ok));
-    QCOMPARE(answers, (QStringList{u"second"_s, u"first"_s}));
 }
 
 QTEST_MAIN(TstQtMessageBoxes)

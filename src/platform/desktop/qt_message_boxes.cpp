@@ -91,6 +91,17 @@ private:
     const QObject* m_listener;
 };
 
+/// Every modal window blocks a box that is not modal. Without a parent a modal box blocks nothing either; it
+/// is still destroyed with its window.
+void PartFromItsWindow(QMessageBox& box) {
+    const QWidget* window = box.parentWidget();
+    box.setParent(nullptr, box.windowFlags());
+    box.QDialog::setWindowModality(Qt::WindowModal);
+    if (window != nullptr) {
+        QObject::connect(window, &QObject::destroyed, &box, &QObject::deleteLater);
+    }
+}
+
 }  // namespace
 
 void OpenBoxes::Open(QMessageBox* box, std::function<void(int button)> onClosed) {
@@ -130,7 +141,6 @@ bool OpenBoxes::eventFilter(QObject* watched, QEvent* event) {
 /// manager that has not handled the unmapping of the old one yet would remove the states of the new one with
 /// it.
 void OpenBoxes::ShowAgain() {
-    m_isShownAgain = false;
     const QList<QPointer<QMessageBox>> boxes = m_boxes;
     for (const QPointer<QMessageBox>& box : boxes) {
         if (box == nullptr || !box->isVisible()) {
@@ -139,9 +149,13 @@ void OpenBoxes::ShowAgain() {
         const QPoint place = box->pos();
         box->hide();
         box->windowHandle()->destroy();
+        if (box->windowModality() == Qt::NonModal) {
+            PartFromItsWindow(*box);
+        }
         box->move(place);
         box->show();
     }
+    m_isShownAgain = false;  // not before: a box is blocked from the creation of its window until it is shown
 }
 
 void QtMessageBoxes::Show(const QObject* owner, const Message& message, std::function<void()> onClosed) {
