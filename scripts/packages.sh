@@ -4,7 +4,7 @@
 packages_to_run="g++ cmake ninja-build qt6-base-dev libsqlite3-dev libsdl2-dev libcdio-dev libxcb1-dev libsystemd-dev libasio-dev libcups2-dev pkg-config qt6-translations-l10n fonts-monapo tzdata"
 packages_to_look="xvfb xauth xdotool maim"
 packages_to_test="$packages_to_run $packages_to_look ccache clang clang-format clang-tidy lld libclang-rt-dev devscripts python3 python3-gi python3-pil
-    python3-xlib python3-dbusmock python3-ephem python3-erfa locales dbus at-spi2-core orca openbox xfwm4 sway xwayland grim kwin-x11 xfce4-panel trayer playerctl pulseaudio pulseaudio-utils x11-utils x11-apps x11-session-utils x11-xserver-utils xclip libx11-dev libxdamage-dev libxfixes-dev
+    python3-xlib python3-dbusmock python3-ephem python3-erfa locales dbus at-spi2-core orca openbox xfwm4 sway xwayland grim wtype kwin-x11 xfce4-panel trayer playerctl pulseaudio pulseaudio-utils x11-utils x11-apps x11-session-utils x11-xserver-utils xclip libx11-dev libxdamage-dev libxfixes-dev
     cups-daemon cups-client cups-filters poppler-utils valgrind
     dpkg-dev lintian appstream desktop-file-utils man-db"
 

@@ -167,11 +167,13 @@ class Tour:
         return window
 
     def leave_menu(self):
-        if isinstance(self.session, SwaySession):
-            self.session.press_key("Tickwell", "Escape")
-        else:
+        def is_closed():
+            if isinstance(self.session, SwaySession):  # again and again: XWayland may lose the first key of a keyboard
+                self.session.press_key("Tickwell", "Escape")
+            return not self.app.menus
+        if not isinstance(self.session, SwaySession):
             self.session.hand.key("Escape")
-        wait_for(lambda: not self.app.menus, "the menu closed")
+        wait_for(is_closed, "the menu closed")
 
     def take(self):
         """Takes a picture of what the program has changed on the screen."""

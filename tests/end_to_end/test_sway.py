@@ -8,7 +8,7 @@ import unittest
 
 from driver.case import TickwellCase
 from driver.sway_session import SwaySession
-from driver.tickwell import program_path, start_tickwell, wait_lines
+from driver.tickwell import program_path, start_tickwell, tickwell_command, wait_lines
 from driver.tool_windows import MENU
 from driver.virtual_time import VirtualTime
 from driver.waiting import steady, wait_for
@@ -22,8 +22,8 @@ LOWEST = 50  # pixels; sway's default minimum height of a window
 def rules_of_the_help():
     """The lines that the help recommends for sway's configuration."""
     text = (program_path().parent / "Help.hlp").read_text(encoding="utf-8")
-    rules = re.findall(r"<code>((?:for_window|floating_minimum_size) [^<]*)</code>", text)
-    assert len(rules) == 2, rules
+    rules = re.findall(r"<code>((?:for_window|floating_minimum_size|focus_on_window_activation) [^<]*)</code>", text)
+    assert len(rules) == 3, rules
     return html.unescape("\n".join(rules))
 
 
@@ -96,6 +96,18 @@ class WithTheRulesOfTheHelp(SwayCase):
     def test_they_give_the_place_and_the_height(self):
         self.assertEqual(self.start(), (100, 100, 167, HEIGHT))
         self.assertTrue(self.window().is_sticky)
+
+    def test_a_menu_opened_by_a_command_has_the_keyboard(self):
+        self.start()
+        opening = self.session.spawn(tickwell_command(self.session, arguments=("--menu",)))
+        self.assertEqual(opening.wait_end(), 0)
+        self.app.wait(role="popup menu", name=MENU)
+        wait_for(lambda: self.window().is_focused, "the clock focused")
+
+        def is_closed():
+            self.session.press("Escape")  # again and again: XWayland may lose the first key of a new keyboard
+            return not self.app.menus
+        wait_for(is_closed, "the menu closed by a key")
 
 
 def _middle(area):

@@ -50,6 +50,10 @@ class SwaySession(Session):
     def press_key(self, window, key):
         """Focuses the window with this title and presses a key, given by its X name."""
         self._call("swaymsg", f'[title="^{window}$"] focus')
+        self.press(key)
+
+    def press(self, key):
+        """Presses a key, given by its X name, in the focused window."""
         self._call("wtype", "-k", key)
 
     def _open_screen(self, closing, screen, dpi):
