@@ -149,7 +149,7 @@ ProgramPorts Program::Ports() {
             .doNotDisturb = m_doNotDisturb,
             .notices = m_notices,
             .display = DisplayPortsOfThisMachine(),
-            .isComposited = [] { return platform::IsComposited(); },
+            .isComposited = [manager = platform::CompositingManager()]() mutable { return manager.Runs(); },
             .isPlacedByCompositor = platform::IsPlacedByCompositor(),
             .passClicks = [](QWindow& window, bool passes) { platform::PassClicks(window, passes); },
             .windowGone = [this] { m_tidyTimer->Start(); }};

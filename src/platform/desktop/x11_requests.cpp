@@ -30,13 +30,16 @@ xcb_connection_t* X11Connection() {
     return x11 == nullptr ? nullptr : x11->connection();
 }
 
-bool IsComposited() {
+bool CompositingManager::Runs() {
     xcb_connection_t* server = X11Connection();
     if (server == nullptr) {
         return false;
     }
-    const XcbReply<xcb_get_selection_owner_reply_t> owner(xcb_get_selection_owner_reply(
-        server, xcb_get_selection_owner(server, AtomNamed(server, kCompositor)), nullptr));
+    if (m_selection == XCB_ATOM_NONE) {
+        m_selection = AtomNamed(server, kCompositor);
+    }
+    const XcbReply<xcb_get_selection_owner_reply_t> owner(
+        xcb_get_selection_owner_reply(server, xcb_get_selection_owner(server, m_selection), nullptr));
     return owner && owner->owner != XCB_NONE;
 }
 

@@ -30,8 +30,15 @@ using XcbReply = std::unique_ptr<Reply, XcbFree>;
 /// Qt's connection, owned by Qt; null without X11.
 xcb_connection_t* X11Connection();
 
-/// Whether a compositing manager runs, so that translucent windows can be seen through. False without X11.
-bool IsComposited();
+/// The compositing manager of the screen, without which translucent windows cannot be seen through.
+class CompositingManager {
+public:
+    /// Whether one runs; a round trip. False without X11.
+    bool Runs();
+
+private:
+    xcb_atom_t m_selection = XCB_ATOM_NONE;  // its name is asked for only once
+};
 
 /// Whether a Wayland compositor decides the positions of this program's windows: the X server is XWayland,
 /// and its window manager does not move windows on request (no EWMH _NET_MOVERESIZE_WINDOW). This applies to
