@@ -43,7 +43,8 @@ class FreshSystem:
         work = Path(tempfile.mkdtemp(prefix="tickwell-system-"))
         self.addCleanup(shutil.rmtree, work)
         self.root = work / "root"
-        run("mmdebstrap", "--mode=root", "--variant=apt", f"--aptopt={ANY_AGE}", self.release, self.root)
+        run("mmdebstrap", "--mode=root", "--variant=apt", "--include=passwd", f"--aptopt={ANY_AGE}", self.release,
+            self.root)
         shutil.copy("/etc/resolv.conf", self.root / "etc/resolv.conf")
         shutil.copy(make_package(work / "made"), self.root / "tmp/tickwell.deb")
         (self.root / "etc/apt/apt.conf.d/99age").write_text(ANY_AGE, encoding="ascii")
