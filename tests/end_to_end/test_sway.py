@@ -40,6 +40,7 @@ class SwayCase(TickwellCase):
         self.addCleanup(self.time.close)
         self.app = start_tickwell(self.session, virtual_time=self.time)
         wait_lines(self.app, upper="Tickwell Ver.2")
+        wait_for(self.window, "the clock in sway's tree")
         return steady(lambda: self.window().area, "the clock's place")
 
     def window(self, name=CLOCK):
