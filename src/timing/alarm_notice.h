@@ -1,13 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <QDialog>
-#include <QListWidget>
-#include <QPushButton>
 #include <vector>
 
-#include "core/handlers.h"
-#include "timing/first_keys.h"
+#include "timing/list_notice.h"
 
 namespace tickwell::timing {
 
@@ -26,9 +22,8 @@ struct AlarmLine {
     int snoozeMinutes = 0;  ///< 0 if it was too late to ring
 };
 
-/// The notice of the alarms: all that rang or were missed since it was opened, one line each. It is in front
-/// of all other windows and blocks none, and ignores keys at first.
-class AlarmNotice : public QDialog {
+/// The notice of the alarms: all that rang or were missed since it was opened.
+class AlarmNotice : public ListNotice {
     Q_OBJECT
 
 public:
@@ -38,22 +33,13 @@ public:
     /// front.
     void Tell(const QList<AlarmLine>& lines);
 
-    /// Called however the window is closed.
-    void done(int result) override;
-
 private:
-    void LayOut();
     void Add(const AlarmLine& line);
     void ShowSnooze();
-    void FitList();
     void SnoozeAll();
 
     AlarmNoticeParts m_parts;
-    FirstKeys m_firstKeys;
-    QListWidget* m_list;  // the controls are owned by the window
-    QPushButton* m_confirm;
-    QPushButton* m_again;
-    std::vector<AlarmLine> m_lines;  // as in the list
+    std::vector<AlarmLine> m_told;  // as in the list
 };
 
 }  // namespace tickwell::timing

@@ -121,6 +121,7 @@ void TimerDesk::Tell(const QList<TimerEnd>& ends) {
     if (!m_notice) {
         m_notice =
             std::make_unique<TimersNotice>(TimersNoticeParts{.handlers = m_parts.handlers,
+                                                             .timers = m_parts.timers,
                                                              .tellAgain =
                                                                  [this](const QList<qint64>& ids) {
                                                                      m_list.TellAgain(ids, kAgainAfter);

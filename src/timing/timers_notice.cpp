@@ -1,101 +1,36 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "timing/timers_notice.h"
 
-#include <QApplication>
-#include <QHBoxLayout>
-#include <QStyle>
-#include <QVBoxLayout>
-#include <algorithm>
 #include <utility>
 
-#include "controls/bring_forward.h"
-#include "controls/control_making.h"
-#include "controls/tab_order.h"
 #include "timing/timer_texts.h"
 
 namespace tickwell::timing {
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-constexpr int kWidestLine = 30;  // ems; a longer line ends in an ellipsis
-constexpr int kMostLinesSeen = 8;
-constexpr int kLineSpacing = 2;  // pixels around each line
-
-}  // namespace
-
 TimersNotice::TimersNotice(TimersNoticeParts parts, QWidget* parent)
-    : QDialog(parent),
-      m_parts(std::move(parts)),
-      m_lines(controls::Named(new QListWidget(this), u"List1"_s, u"終わったタイマー"_s)) {
-    setObjectName(u"TimersNotice"_s);
-    setWindowTitle(u"タイマー"_s);
-    setWindowFlag(Qt::WindowStaysOnTopHint);
-    LayOut();
-}
-
-void TimersNotice::LayOut() {
-    const int size = style()->pixelMetric(QStyle::PM_MessageBoxIconSize, nullptr, this);
-    auto* icon = controls::Named(new QLabel(this), u"Image1"_s);
-    icon->setTextFormat(Qt::PlainText);
-    icon->setPixmap(style()->standardIcon(QStyle::SP_MessageBoxInformation, nullptr, this).pixmap(size));
-    m_lines->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    m_lines->setSpacing(kLineSpacing);
-    m_lines->setTextElideMode(Qt::ElideRight);
-    auto* confirm =
-        controls::MakeButton(u"Command1"_s, u"確認"_s, this, m_parts.handlers, [this] { close(); });
-    auto* again = controls::MakeButton(u"Command2"_s, u"5分後にもう一度"_s, this, m_parts.handlers, [this] {
-        m_parts.tellAgain(m_ids);
-        close();
-    });
-    confirm->setDefault(true);
-    auto* said = new QHBoxLayout;
-    said->addWidget(icon, 0, Qt::AlignTop);
-    said->addWidget(m_lines, 1);
-    auto* buttons = new QHBoxLayout;
-    buttons->addStretch(1);
-    buttons->addWidget(confirm);
-    buttons->addWidget(again);
-    buttons->addStretch(1);
-    auto* all = new QVBoxLayout(this);
-    all->addLayout(said);
-    all->addLayout(buttons);
-    all->setSizeConstraint(QLayout::SetFixedSize);
-    controls::TabInLayoutOrder(*this);
-    confirm->setFocus();
-}
-
-/// As high as its lines, up to a limit from which it scrolls.
-void TimersNotice::FitList() {
-    const int frame = 2 * m_lines->frameWidth();
-    const int rows = std::min(m_lines->count(), kMostLinesSeen);
-    const int widest = kWidestLine * fontMetrics().height();
-    const int bar = m_lines->count() > kMostLinesSeen ? style()->pixelMetric(QStyle::PM_ScrollBarExtent) : 0;
-    m_lines->setFixedSize(std::min(m_lines->sizeHintForColumn(0), widest) + frame + bar + 2 * kLineSpacing,
-                          rows * (m_lines->sizeHintForRow(0) + 2 * kLineSpacing) + frame);
-}
+    : ListNotice({.name = u"TimersNotice"_s,
+                  .title = u"タイマー"_s,
+                  .linesName = u"終わったタイマー"_s,
+                  .handlers = parts.handlers,
+                  .timers = parts.timers,
+                  .again = [this] { m_parts.tellAgain(m_ids); },
+                  .closed =
+                      [this] {
+                          m_ids.clear();
+                          m_parts.closed();
+                      }},
+                 parent),
+      m_parts(std::move(parts)) {}
 
 void TimersNotice::Tell(const QList<TimerEnd>& ends) {
     for (const TimerEnd& end : ends) {
-        m_lines->addItem(EndedText(end.name, end.ago));
+        Lines().addItem(EndedText(end.name, end.ago));
         m_ids.removeAll(end.id);
         m_ids.append(end.id);
     }
-    FitList();
-    m_lines->scrollToBottom();
-    controls::BringForward(*this);
-    QApplication::alert(this);  // marks the window in case the desktop does not give it the keyboard focus
-}
-
-void TimersNotice::done(int result) {
-    const bool wasOpen = isVisible();
-    QDialog::done(result);
-    m_lines->clear();
-    m_ids.clear();
-    if (wasOpen) {
-        m_parts.closed();
-    }
+    Present();
 }
 
 }  // namespace tickwell::timing

@@ -18,6 +18,7 @@ private Q_SLOTS:
     void ATimeOfZeroIsRefused();
     void TwentyTimers();
     void TheNoticeListsAllThatEnded();
+    void TheNoticeIgnoresTheFirstKeys();
     void ToldAgainAfterFiveMinutes();
     void TheOpenNoticeGrows();
     void NoNoticeWhileAMenuIsOpen();
@@ -149,6 +150,28 @@ void TstTimersWindow::TheNoticeListsAllThatEnded() {
     bench.PressPreset(0);
     bench.time.Advance(4 * kMinute);
     QVERIFY(bench.IsNoticeOpen() && bench.sounds.size() == 2);
+}
+
+void TstTimersWindow::TheNoticeIgnoresTheFirstKeys() {
+    TimersBench bench;
+    bench.desk->Show();
+    bench.PressPreset(0);
+    bench.time.Advance(4 * kMinute);
+    auto& confirm = bench.The<TimersNotice, QPushButton>("Command1");
+    const auto press = [&] {
+        for (QWidget* widget : {confirm.window(), static_cast<QWidget*>(&confirm)}) {
+            for (const Qt::Key key : {Qt::Key_Escape, Qt::Key_Return, Qt::Key_Space}) {
+                QTest::keyClick(widget, key);
+            }
+        }
+    };
+    press();
+    bench.time.Advance(1999);
+    press();
+    QVERIFY(bench.IsNoticeOpen());
+    bench.time.Advance(1);
+    QTest::keyClick(&confirm, Qt::Key_Space);
+    QVERIFY(!bench.IsNoticeOpen());
 }
 
 void TstTimersWindow::ToldAgainAfterFiveMinutes() {
