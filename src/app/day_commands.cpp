@@ -5,9 +5,9 @@
 
 #include <QFileInfo>
 #include <csignal>
-#include <cstdio>
 
 #include "app/chosen_holidays.h"
+#include "app/command_end.h"
 #include "app/folder_setup.h"
 #include "core/errors.h"
 #include "core/one_line.h"
@@ -22,10 +22,6 @@ namespace tickwell::app {
 using namespace Qt::StringLiterals;
 
 namespace {
-
-constexpr int kDone = 0;
-constexpr int kFailed = 1;
-constexpr int kWrongOptions = 2;
 
 store::DayDatabase OpenDays(const ProgramFolder& folder) {
     if (!QFileInfo(folder.Path()).isDir()) {
@@ -74,13 +70,6 @@ QDate Today(const Options& options) {
     return options.virtualTime ? options.virtualTime->wall.date() : platform::SystemClock().Now().date();
 }
 
-/// Prints the error, in which line breaks separate path and reason, on one line.
-int Fail(int exitCode, QString error) {
-    error.replace(u"。\r\n"_s, u"。 "_s).replace(u"\r\n"_s, u": "_s);
-    std::fprintf(stderr, "tickwell: %s\n", qUtf8Printable(OnOneLine(error)));
-    return exitCode;
-}
-
 }  // namespace
 
 void PrintToday(const DaySources& sources, QDate today, LineOutput& output) {
@@ -101,7 +90,7 @@ void PrintDays(const DaySources& sources, const days::DayRange& days, LineOutput
 
 int RunDayCommand(const Options& options) {
     if (!options.error.isEmpty()) {
-        return Fail(kWrongOptions, options.error);
+        return FailCommand(kWrongOptions, options.error);
     }
     std::signal(SIGPIPE, SIG_IGN);  // a reader that closes the pipe early, such as head, is not an error
     try {
@@ -111,9 +100,9 @@ int RunDayCommand(const Options& options) {
         } else {
             PrintToday(SourcesOf(options), Today(options), output);
         }
-        return kDone;
+        return kCommandDone;
     } catch (const RunTimeError& error) {
-        return Fail(kFailed, error.Reason());
+        return FailCommand(kCommandFailed, error.Reason());
     }
 }
 

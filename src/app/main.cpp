@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "app/day_commands.h"
+#include "app/exchange_commands.h"
 #include "app/no_screen_text.h"
 #include "app/option_table.h"
 #include "app/program.h"
@@ -115,8 +116,9 @@ int main(int argc, char** argv) {
     const tickwell::platform::Inheritance users = tickwell::platform::Inheritance::OfThisProcess();
     tickwell::platform::DropRelativeFolders();
     if (early.needsNoWindow) {
-        return early.sendsCommand ? tickwell::app::RunRemoteCommand(early)
-                                  : tickwell::app::RunDayCommand(early);
+        return early.exchanges      ? tickwell::app::RunExchangeCommand(early)
+               : early.sendsCommand ? tickwell::app::RunRemoteCommand(early)
+                                    : tickwell::app::RunDayCommand(early);
     }
     umask(S_IRWXG | S_IRWXO);  // files are readable by the user only
     const tickwell::app::DividedArguments divided = tickwell::app::Divided(QByteArrayList(argv, argv + argc));

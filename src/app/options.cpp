@@ -36,7 +36,8 @@ QString AbsoluteOf(const QString& path) {
 }
 
 /// The options that select an action; only one of them can be given.
-constexpr std::array kCommands{u"menu", u"open", u"today", u"days", u"show", u"stopwatch", u"timer"};
+constexpr std::array kCommands{u"menu",   u"open", u"today",     u"days", u"export",
+                               u"import", u"show", u"stopwatch", u"timer"};
 
 void AddOptions(QCommandLineParser& parser) {
     for (const OptionRow& row : OptionRows()) {
@@ -130,6 +131,18 @@ void TakeRequest(const QCommandLineParser& parser, Options& options) {
     }
 }
 
+/// Sets the files of an export or import.
+void TakeFiles(const QCommandLineParser& parser, Options& options) {
+    options.exportsTo = AbsoluteOf(parser.value(u"export"_s));
+    options.importsFrom = AbsoluteOf(parser.value(u"import"_s));
+    options.isDryRun = parser.isSet(u"dry-run"_s);
+    if (options.isDryRun && !parser.isSet(u"import"_s)) {
+        options.error = u"--dry-run needs --import"_s;
+    } else if (options.exchanges && options.exportsTo.isEmpty() && options.importsFrom.isEmpty()) {
+        options.error = u"--export and --import take a file"_s;
+    }
+}
+
 void TakeVirtualTime(const QString& text, Options& options) {
     options.virtualTime = VirtualTimeOf(text);
     if (!options.virtualTime) {
@@ -156,6 +169,9 @@ void TakeParsed(const QCommandLineParser& parser, Options& options) {
             TakeCommand(parser, words, options);
         }
         if (options.error.isEmpty()) {
+            TakeFiles(parser, options);
+        }
+        if (options.error.isEmpty()) {
             TakeRequest(parser, options);
         }
         if (parser.isSet(u"virtual-time"_s) && options.error.isEmpty()) {
@@ -170,7 +186,9 @@ Options OptionsOf(const QStringList& arguments) {
     QCommandLineParser parser;
     AddOptions(parser);
     Options options;
-    if (parser.parse(arguments)) {
+    const bool isParsed = parser.parse(arguments);
+    options.exchanges = parser.isSet(u"export"_s) || parser.isSet(u"import"_s);
+    if (isParsed) {
         TakeParsed(parser, options);
     } else {
         options.error = parser.errorText();
@@ -181,7 +199,8 @@ Options OptionsOf(const QStringList& arguments) {
     options.printsToday = parser.isSet(u"today"_s);
     options.sendsCommand =
         parser.isSet(u"show"_s) || parser.isSet(u"stopwatch"_s) || parser.isSet(u"timer"_s);
-    options.needsNoWindow = options.printsToday || parser.isSet(u"days"_s) || options.sendsCommand;
+    options.needsNoWindow =
+        options.printsToday || parser.isSet(u"days"_s) || options.exchanges || options.sendsCommand;
     return options;
 }
 

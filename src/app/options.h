@@ -27,8 +27,13 @@ struct Options {
     bool printsToday = false;                  ///< print today's names instead of starting
     std::optional<days::DayRange> printsDays;  ///< print these days instead; inside days::LinedDays
     std::optional<CommandOption> command;      ///< send this to the running clock instead
-    bool sendsCommand = false;   ///< a command to the running instance was requested, even if `error` is set
-    bool needsNoWindow = false;  ///< today, days or a command was requested, even if `error` is set
+    QString exportsTo;                         ///< write the anniversaries to this file instead; absolute
+    QString importsFrom;                       ///< read anniversaries from this file instead; absolute
+    bool isDryRun = false;                     ///< with `importsFrom`: store nothing
+    bool exchanges = false;                    ///< an export or import was requested, even if `error` is set
+    bool sendsCommand = false;  ///< a command to the running instance was requested, even if `error` is set
+    bool needsNoWindow =
+        false;  ///< today, days, an export, an import or a command was requested, even if `error` is set
     std::optional<VirtualTimeOption> virtualTime;
     QString answer;  ///< to be printed instead of starting; empty if there is none
     QString error;   ///< what is wrong with the arguments; empty if they are valid

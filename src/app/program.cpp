@@ -35,6 +35,7 @@ Program::Program(const Options& options, platform::Inheritance users)
       m_iconTimer(m_qtTimers.Create(kIconDelay, [this] { ShowIcon(); })),
       m_tidyTimer(m_qtTimers.Create(kTidyDelay, [this] { Tidy(); })),
       m_starter(std::move(users)),
+      m_calendarHelper(HelperPath(QCoreApplication::applicationDirPath(), u"tickwell-ical"_s)),
       m_printer(m_realTimers, HelperPath(QCoreApplication::applicationDirPath(), u"tickwell-print"_s)),
       m_drive(m_realTimers, m_sound, HelperPath(QCoreApplication::applicationDirPath(), u"tickwell-cd"_s),
               options.disc, [this] { return m_state.started.further.cd.showsTitles; }) {
@@ -148,6 +149,7 @@ ProgramPorts Program::Ports() {
             .mediaKeys = m_mediaKeys,
             .doNotDisturb = m_doNotDisturb,
             .notices = m_notices,
+            .calendarHelper = m_calendarHelper,
             .display = DisplayPortsOfThisMachine(),
             .isComposited = [manager = platform::CompositingManager()]() mutable { return manager.Runs(); },
             .isPlacedByCompositor = platform::IsPlacedByCompositor(),

@@ -13,6 +13,7 @@
 #include "platform/bus/do_not_disturb_bus.h"
 #include "platform/bus/notice_bus.h"
 #include "platform/bus/player_bus.h"
+#include "platform/calendar/ical_process.h"
 #include "platform/desktop/qt_message_boxes.h"
 #include "platform/desktop/qt_tray.h"
 #include "platform/desktop/x11_focus.h"
@@ -65,6 +66,7 @@ private:
     platform::X11Focus m_focus;
     platform::X11FullScreen m_fullScreen;
     platform::DesktopPrograms m_starter;
+    platform::IcalProcess m_calendarHelper;
     platform::HelperPrinter m_printer;
     platform::SdlSoundOutput m_sound;
     platform::QtEventWait m_wait;

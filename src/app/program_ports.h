@@ -8,6 +8,7 @@
 #include "app/media_keys.h"
 #include "app/remote_access.h"
 #include "core/ports/autostart.h"
+#include "core/ports/calendar_helper.h"
 #include "core/ports/desktop_notices.h"
 #include "core/ports/do_not_disturb.h"
 #include "shell/main_window.h"
@@ -37,6 +38,7 @@ struct ProgramPorts {
     remote::PlayerService& mediaKeys;
     DoNotDisturb& doNotDisturb;
     DesktopNotices& notices;
+    CalendarHelper& calendarHelper;
     DisplayPorts display;
     std::function<bool()> isComposited = [] {
         return true;

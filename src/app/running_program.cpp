@@ -131,6 +131,7 @@ WindowsParts RunningProgram::PartsOfWindows() {
             .handlers = m_ports.handlers,
             .boxes = m_ports.boxes,
             .notices = m_ports.notices,
+            .calendarHelper = m_ports.calendarHelper,
             .programs = m_ports.starter,
             .autostart = m_ports.autostart,
             .settings = m_state.started.settings,

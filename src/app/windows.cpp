@@ -9,6 +9,7 @@
 #include "controls/access_keys.h"
 #include "controls/bring_forward.h"
 #include "controls/help_key.h"
+#include "exchange/exchange_windows.h"
 
 namespace tickwell::app {
 
@@ -137,6 +138,7 @@ std::unique_ptr<settings_ui::Form2> Windows::MakeSettings() {
         m_compaction.Start(m_settings, std::move(done));
     };
     operations.holidayList = HolidayList();
+    operations.exchange = Exchange();
     operations.isComposited = m_parts.isComposited;
     operations.hasTray = m_parts.hasTray;
     operations.lookForNotices = [&notices = m_parts.notices](std::function<void(bool isThere)> onAnswer) {
@@ -177,6 +179,22 @@ settings_ui::HolidayListOperations Windows::HolidayList() {
                     list.Remove();
                     changed();
                 }};
+}
+
+settings_ui::ExchangeOperations Windows::Exchange() {
+    const exchange::ExchangeWindows windows({.dayDatabase = m_parts.dayDatabase,
+                                             .holidays = m_parts.holidays,
+                                             .further = m_parts.further,
+                                             .changes = *m_mainWindow,
+                                             .helper = m_parts.calendarHelper,
+                                             .clock = m_parts.clock,
+                                             .boxes = m_parts.boxes,
+                                             .handlers = m_parts.handlers,
+                                             .help = m_settingsHelp,
+                                             .timers = m_parts.timers,
+                                             .imported = [this] { RefreshCalendar(); }});
+    return {.read = [windows](QWidget* owner) { windows.OpenImport(owner); },
+            .write = [windows](QWidget* owner) { windows.OpenExport(owner); }};
 }
 
 /// If the calendar is open, shows its month again with the current settings, unless the database is being

@@ -9,6 +9,7 @@
 #include "book/anniversary_book.h"
 #include "core/handlers.h"
 #include "core/ports/autostart.h"
+#include "core/ports/calendar_helper.h"
 #include "core/ports/desktop_notices.h"
 #include "core/program_folder.h"
 #include "days/calendar_window.h"
@@ -28,6 +29,7 @@ struct WindowsParts {
     Handlers& handlers;
     MessageBoxes& boxes;
     DesktopNotices& notices;
+    CalendarHelper& calendarHelper;
     ProgramStarter& programs;
     Autostart& autostart;
     AppSettings& settings;
@@ -98,6 +100,7 @@ private:
     days::BookWindows Book();
     std::unique_ptr<settings_ui::Form2> MakeSettings();
     settings_ui::HolidayListOperations HolidayList();
+    settings_ui::ExchangeOperations Exchange();
     void RefreshCalendar();
 
     WindowsParts m_parts;

@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "controls/control_making.h"
+#include "settings_ui/exchange_frame.h"
 
 namespace tickwell::settings_ui {
 
@@ -40,6 +41,7 @@ DatabasePage::DatabasePage(const SettingsParts& parts, QWidget* parent)
     inner->addLayout(row);
     auto* rows = new QVBoxLayout(this);
     rows->addWidget(frame);
+    rows->addWidget(new ExchangeFrame(parts, this));
     rows->addStretch();
 }
 

@@ -12,6 +12,8 @@
 #include "core/ports/timer.h"
 #include "core/settings.h"
 
+class QWidget;
+
 namespace tickwell::settings_ui {
 
 /// Immediate operations of the settings dialog on the official list of days off.
@@ -22,6 +24,12 @@ struct HolidayListOperations {
     /// keeps the previous list.
     std::function<QString(const QString& path)> replace;
     std::function<void()> remove;  ///< throws RunTimeError
+};
+
+/// Opens the windows for files of anniversaries, modal to `owner`. If empty, their buttons are disabled.
+struct ExchangeOperations {
+    std::function<void(QWidget* owner)> read;
+    std::function<void(QWidget* owner)> write;
 };
 
 /// Functions of the program that the settings dialog calls.
@@ -48,6 +56,7 @@ struct SettingsOperations {
     /// Finds out whether the desktop shows notices; calls `onAnswer` immediately or later.
     std::function<void(std::function<void(bool isThere)> onAnswer)> lookForNotices =
         [](const std::function<void(bool isThere)>& onAnswer) { onAnswer(true); };
+    ExchangeOperations exchange = {};
 };
 
 /// References that the settings dialog uses; all outlive it.

@@ -63,14 +63,32 @@ void DayDatabase::ChangeRow(QStringView tableName, qint64 key, const std::vector
              values);
 }
 
+void DayDatabase::InsertRow(QStringView tableName, const std::vector<ColumnValue>& values) {
+    Q_ASSERT(FindTable(tableName) != nullptr);
+    QByteArrayList columns;
+    QByteArrayList places;
+    for (const ColumnValue& each : values) {
+        columns.append(Identifier(each.column));
+        places.append('?' + QByteArray::number(columns.size()));
+    }
+    SqliteStatement& statement =
+        Connection().Prepared("INSERT INTO " + Identifier(FindTable(tableName)->name) + '(' +
+                              columns.join(',') + ") VALUES (" + places.join(',') + ')');
+    RunWith(statement, 0, values);
+}
+
 void DayDatabase::RunOnRow(const QByteArray& sql, qint64 key, const std::vector<ColumnValue>& values) {
     SqliteStatement& statement = Connection().Prepared(sql);
+    statement.Bind(1, key);
+    RunWith(statement, 1, values);
+}
+
+void DayDatabase::RunWith(SqliteStatement& statement, int bound, const std::vector<ColumnValue>& values) {
     const auto atRest = qScopeGuard([&statement] { statement.Reset(); });
-    int index = 1;
-    statement.Bind(index, key);
+    int index = bound;
     for (const ColumnValue& each : values) {
         ++index;
-        std::visit([&](const auto& bound) { statement.Bind(index, bound); }, each.value);
+        std::visit([&](const auto& value) { statement.Bind(index, value); }, each.value);
     }
     statement.Step();
 }

@@ -11,6 +11,7 @@
 #include "support/borrowed.h"
 #include "support/discs.h"
 #include "support/fake_autostart.h"
+#include "support/fake_calendar_helper.h"
 #include "support/fake_command_service.h"
 #include "support/fake_desktop_notices.h"
 #include "support/fake_do_not_disturb.h"
@@ -58,6 +59,7 @@ struct RunningBench {
     FakePlayerService mediaKeys;
     FakeDoNotDisturb doNotDisturb;
     FakeDesktopNotices notices;
+    FakeCalendarHelper calendarHelper;
     const ProgramPorts ports{
         .clock = time,
         .timers = time,
@@ -80,6 +82,7 @@ struct RunningBench {
         .mediaKeys = mediaKeys,
         .doNotDisturb = doNotDisturb,
         .notices = notices,
+        .calendarHelper = calendarHelper,
         .display = {.power = Borrowed<const Power>(power), .memory = Borrowed<const Memory>(memory)}};
     ProgramState state;
     QStringList journal;

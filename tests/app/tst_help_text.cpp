@@ -67,11 +67,12 @@ void TstHelpText::ItNamesTheProgramAndItsOptions() {
     QVERIFY(text.endsWith(u'\n'));
     for (const QString& option :
          {u"--folder <dir>"_s, u"--disc <file>"_s, u"--menu"_s, u"--open <window>"_s, u"--today"_s,
-          u"--days <from> <to>"_s, u"--show <what>"_s, u"--stopwatch <what>"_s, u"--timer <time>"_s,
-          u"-h, --help"_s, u"-v, --version"_s}) {
+          u"--days <from> <to>"_s, u"--export <file>"_s, u"--import <file>"_s, u"--dry-run"_s,
+          u"--show <what>"_s, u"--stopwatch <what>"_s, u"--timer <time>"_s, u"-h, --help"_s,
+          u"-v, --version"_s}) {
         QVERIFY2(text.contains(u"\n  " + option + u"  "), qPrintable(option));
     }
-    QCOMPARE(text.count(QRegularExpression(u"^  -"_s, QRegularExpression::MultilineOption)), 11);
+    QCOMPARE(text.count(QRegularExpression(u"^  -"_s, QRegularExpression::MultilineOption)), 14);
 }
 
 void TstHelpText::ItFitsATerminal_data() {

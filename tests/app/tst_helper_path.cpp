@@ -26,6 +26,7 @@ private:
 void TstHelperPath::Names() {
     QTest::addColumn<QString>("name");
     QTest::newRow("discs") << u"tickwell-cd"_s;
+    QTest::newRow("calendars") << u"tickwell-ical"_s;
     QTest::newRow("printing") << u"tickwell-print"_s;
 }
 

@@ -96,6 +96,7 @@ void World::Start(Random& random) {
                                   .mediaKeys = machine.mediaKeys,
                                   .doNotDisturb = machine.doNotDisturb,
                                   .notices = machine.notices,
+                                  .calendarHelper = machine.calendarHelper,
                                   .display = {.power = Borrowed<const Power>(machine.power),
                                               .memory = Borrowed<const Memory>(machine.memory)}};
     machine.program = std::make_unique<app::RunningProgram>(ports, machine.state, [&machine] {

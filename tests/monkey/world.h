@@ -9,6 +9,7 @@
 #include "platform/desktop/qt_message_boxes.h"
 #include "platform/time/virtual_time.h"
 #include "support/fake_autostart.h"
+#include "support/fake_calendar_helper.h"
 #include "support/fake_cd_drive.h"
 #include "support/fake_command_service.h"
 #include "support/fake_desktop_notices.h"
@@ -53,6 +54,7 @@ struct Machine {
     FakePlayerService mediaKeys;
     FakeDoNotDisturb doNotDisturb;
     FakeDesktopNotices notices;
+    FakeCalendarHelper calendarHelper;
     app::ProgramState state;
     bool hasClosed = false;   ///< the main window has closed; a message box may still delay the end
     qint64 passed = 0;        ///< ms since the start

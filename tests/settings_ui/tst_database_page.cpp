@@ -17,6 +17,8 @@ private Q_SLOTS:
     void TheDatabaseIsCompactedAtOnce();
     void WhileTheDatabaseIsCompactedThePageSaysSo();
     void ACompactionThatCannotBeginLeavesTheButton();
+    void FilesAreReadAndWrittenByOtherWindows();
+    void WithoutTheseWindowsTheButtonsAreDisabled();
 };
 
 void TstDatabasePage::TheDatabaseIsCompactedAtOnce() {
@@ -56,6 +58,31 @@ void TstDatabasePage::ACompactionThatCannotBeginLeavesTheButton() {
     bench.Click(u"Command4"_s);
     QVERIFY(bench.Button(u"Command4"_s).isEnabled());
     QVERIFY(bench.main.boxes.Shown().constLast().text.endsWith(u"/folder"));
+}
+
+void TstDatabasePage::FilesAreReadAndWrittenByOtherWindows() {
+    SettingsBench bench;
+    QList<const QWidget*> owners;
+    bench.operations.exchange.read = [&](const QWidget* owner) {
+        bench.asked.append(u"read"_s);
+        owners.append(owner);
+    };
+    bench.operations.exchange.write = [&](const QWidget* owner) {
+        bench.asked.append(u"write"_s);
+        owners.append(owner);
+    };
+    bench.Open();
+    bench.Click(u"Command21"_s);
+    bench.Click(u"Command22"_s);
+    QCOMPARE(bench.asked, (QStringList{u"hold 1"_s, u"read"_s, u"write"_s}));
+    QCOMPARE(owners, (QList<const QWidget*>{bench.form.get(), bench.form.get()}));
+}
+
+void TstDatabasePage::WithoutTheseWindowsTheButtonsAreDisabled() {
+    SettingsBench bench;
+    bench.Open();
+    QVERIFY(!bench.Button(u"Command21"_s).isEnabled());
+    QVERIFY(!bench.Button(u"Command22"_s).isEnabled());
 }
 
 QTEST_MAIN(TstDatabasePage)
