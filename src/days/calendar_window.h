@@ -38,6 +38,12 @@ public:
     /// RunTimeError.
     void Refresh();
 
+    bool IsMarking() const { return m_calendar.Mode() != CalendarMode::Normal; }
+
+    /// Shows month and list again after another database has taken the place of the old one. Marks that were
+    /// not stored belong to the old one and are dropped. Throws RunTimeError.
+    void DaysReplaced();
+
     /// Stores the marks of a marking mode that is still active, if keepsMarksOnClose is set. Returns false if
     /// that failed; the failure has then been reported.
     bool KeepMarks();
