@@ -68,8 +68,8 @@ void OfFile(const QString& path, Job job) {
 }
 
 void CopyFiles(const QString& source, const QString& to, store::StoreDisk& disk) {
-    const auto from = [&](const QString& name) { return source + u'/' + name; };
-    const auto copy = [&](const QString& name) { return to + u'/' + name; };
+    const auto from = [&](const QString& name) -> QString { return source + u'/' + name; };
+    const auto copy = [&](const QString& name) -> QString { return to + u'/' + name; };
     disk.Create(copy(kSettingsFile), kOwnersFile, SettingsBytes(from(kSettingsFile)));
     SettingsBytes(copy(kSettingsFile));
     OfFile(from(store::kLiveFile), [&] {
@@ -138,11 +138,22 @@ void TakeSettings(const ProgramFolder& folder, const QString& settings, store::S
     disk.Remove(staged);
 }
 
+/// If it stayed, the next start would take it again, in place of a database that was changed since.
+void RemoveTaken(const QString& staged, store::StoreDisk& disk) {
+    try {
+        disk.Remove(staged);
+    } catch (const RunTimeError&) {
+        if (EntryExists(staged) && !QFile::remove(staged)) {
+            throw;
+        }
+    }
+}
+
 void TakeDays(const ProgramFolder& folder, store::StoreDisk& disk) {
     const QString staged = StagedImport(folder) + u'/' + store::kLiveFile;
     if (EntryExists(staged)) {
         store::ReplaceDayFile(folder, staged, disk);
-        disk.Remove(staged);
+        RemoveTaken(staged, disk);
     }
 }
 
@@ -166,10 +177,17 @@ void StageImport(const ProgramFolder& folder, const QString& source, store::Stor
     try {
         CopyFiles(source, unfinished, disk);
         disk.Sync(unfinished);
+    } catch (const RunTimeError&) {
+        QDir(unfinished).removeRecursively();  // otherwise the next import removes it
+        throw;
+    }
+    try {
         DropImport(folder);  // settings of an earlier one that the next start would have taken
         store::RenameSafely(disk, unfinished, StagedImport(folder));
     } catch (const RunTimeError&) {
-        QDir(unfinished).removeRecursively();  // otherwise the next import removes it
+        for (const QString& path : {StagedImport(folder), unfinished}) {
+            QDir(path).removeRecursively();
+        }
         throw;
     }
 }

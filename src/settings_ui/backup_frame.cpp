@@ -6,6 +6,7 @@
 #include <QHBoxLayout>
 #include <QLocale>
 #include <QShowEvent>
+#include <QSignalBlocker>
 #include <QStyle>
 #include <QVBoxLayout>
 #include <array>
@@ -88,6 +89,8 @@ void BackupFrame::showEvent(QShowEvent* event) {
 }
 
 void BackupFrame::ShowList() {
+    const QSignalBlocker quiet(
+        m_list);  // while it is empty, a focused button would be disabled and lose the focus
     const QVariant chosen =
         m_list->currentItem() == nullptr ? QVariant() : m_list->currentItem()->data(Qt::UserRole);
     m_list->clear();

@@ -44,7 +44,7 @@ struct Bench : RunningBench {
     }
     bool Has(const QString& name) {
         return state.started.dayDatabase.RunQuery(u"SELECT * FROM Kinenbi WHERE Name=\"%1\""_s.arg(name))
-                   .RecordCount() > 0;
+                   .Count() > 0;
     }
     void TakeOne() {
         store::PosixStoreDisk disk;
@@ -98,7 +98,7 @@ void TstBackups::ARestoreReachesCalendarAndLines() {
     bench.TakeOne();
     bench.Add(u"later"_s);
     Bench::Choose(u"カレンダー"_s);
-    const auto& list = ChildOf<QAbstractItemView>(Bench::Window("Form5"), u"List1"_s);
+    const auto& list = ChildOf<QAbstractItemView>(Bench::Window("Form5"), u"ListView1"_s);
     QCOMPARE(list.model()->rowCount(), 1);
     bench.Restore();
     QTRY_COMPARE(bench.boxes.Shown().size(), 1);
