@@ -8,7 +8,6 @@
 #include <QShowEvent>
 #include <QSignalBlocker>
 #include <QStyle>
-#include <QVBoxLayout>
 #include <array>
 #include <utility>
 
@@ -42,7 +41,7 @@ BackupFrame::BackupFrame(const SettingsParts& parts, SettingsDraft& draft, QWidg
       m_parts(parts),
       m_flags(MakeFlagBoxes(kBackupFlags, draft, parts.handlers, this)),
       m_listLabel(controls::MakeLabel(u"Label80"_s, u"今ある控え"_s, this)),
-      m_list(controls::Named(new QListWidget(this), u"List80"_s)),
+      m_list(controls::Named(new QListWidget(this), u"List80"_s, u"今ある控え"_s)),
       m_restore(controls::MakeButton(u"Command80"_s, u"この控えに戻す..."_s, this, parts.handlers,
                                      [this] { Restore_Click(); })),
       m_writeAll(controls::MakeButton(u"Command81"_s, u"すべて書き出す..."_s, this, parts.handlers,
@@ -56,6 +55,7 @@ BackupFrame::BackupFrame(const SettingsParts& parts, SettingsDraft& draft, QWidg
         button->setAutoDefault(false);
     }
     parts.handlers.Connect(m_list, &QListWidget::currentRowChanged, this, [this] { EnableButtons(); });
+    m_progress->hide();
     ShowFlags(kBackupFlags, m_flags, draft);
     Arrange();
     ShowList();
@@ -64,18 +64,16 @@ BackupFrame::BackupFrame(const SettingsParts& parts, SettingsDraft& draft, QWidg
 void BackupFrame::Arrange() {
     const int rowHeight = m_list->fontMetrics().lineSpacing() + 2;
     m_list->setFixedHeight(kShownRows * rowHeight + 2 * m_list->frameWidth());
-    auto* buttons = new QVBoxLayout;
-    buttons->addWidget(m_restore);
-    buttons->addStretch();
     auto* everything = new QHBoxLayout;
     everything->addWidget(m_writeAll);
     everything->addWidget(m_readAll);
-    everything->addWidget(m_progress, 1);
+    everything->addWidget(m_progress);
+    everything->addStretch();
     auto* cells = new QGridLayout(this);
     cells->addWidget(m_flags.front(), 0, 0, 1, 3);
     cells->addWidget(m_listLabel, 1, 0, Qt::AlignTop);
-    cells->addWidget(m_list, 1, 1);
-    cells->addLayout(buttons, 1, 2);
+    cells->addWidget(m_list, 1, 1, Qt::AlignTop);
+    cells->addWidget(m_restore, 1, 2, Qt::AlignTop);
     cells->addLayout(everything, 2, 0, 1, 3);
     cells->setColumnStretch(1, 1);
 }
@@ -200,6 +198,7 @@ void BackupFrame::Run(const QString& progress, const std::function<void(std::fun
 void BackupFrame::SetRunning(const QString& progress) {
     m_isRunning = !progress.isEmpty();
     m_progress->setText(progress);
+    m_progress->setVisible(m_isRunning);  // an empty label would be read out
     if (m_isRunning) {
         m_focusBefore = isAncestorOf(window()->focusWidget()) ? window()->focusWidget() : nullptr;
     }

@@ -236,6 +236,8 @@ void TstBackupFrame::EachControlHasANameForReaders() {
     Bench bench;
     bench.OpenPage();
     QCOMPARE(bench.Child<QLabel>(u"Label80"_s).buddy(), &bench.List());
+    QCOMPARE(bench.List().accessibleName(), u"今ある控え"_s);
+    QVERIFY(!bench.Child<QLabel>(u"Label81"_s).isVisible());  // empty
 }
 
 QTEST_MAIN(TstBackupFrame)
