@@ -39,9 +39,8 @@ public:
     void Refresh();
 
     bool IsMarking() const { return m_calendar.Mode() != CalendarMode::Normal; }
-
-    /// Shows month and list again after another database has taken the place of the old one. Marks that were
-    /// not stored belong to the old one and are dropped. Throws RunTimeError.
+    /// Shows month and list again after the database was replaced; drops marks that were not stored. Throws
+    /// RunTimeError.
     void DaysReplaced();
 
     /// Stores the marks of a marking mode that is still active, if keepsMarksOnClose is set. Returns false if

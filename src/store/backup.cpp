@@ -3,7 +3,6 @@
 
 #include <QDir>
 #include <QFileInfo>
-#include <algorithm>
 
 #include "core/regular_file.h"
 #include "store/backup_days.h"
@@ -20,10 +19,6 @@ namespace {
 
 // One name: a program folder has one program, which writes one backup at a time.
 constexpr auto kUnfinished = ".DayDate.mdb.unfinished-backup"_L1;
-
-QString FolderOfBackups(const ProgramFolder& folder) {
-    return folder.PathOf(kBackupFolder);
-}
 
 void MakeFolder(const ProgramFolder& folder, StoreDisk& disk) {
     const QString path = FolderOfBackups(folder);
@@ -88,23 +83,6 @@ void RemoveSurplus(const ProgramFolder& folder, QDate made, StoreDisk& disk) {
 }
 
 }  // namespace
-
-QString BackupPath(const ProgramFolder& folder, QDate day) {
-    return FolderOfBackups(folder) + u'/' + BackupName(day);
-}
-
-QList<Backup> FindBackups(const ProgramFolder& folder) {
-    QList<Backup> backups;
-    const QFileInfoList files = QDir(FolderOfBackups(folder)).entryInfoList(QDir::Files);
-    for (const QFileInfo& file : files) {
-        if (const auto day = DayOfBackup(file.fileName())) {
-            backups.append({*day, file.size()});
-        }
-    }
-    std::sort(backups.begin(), backups.end(),
-              [](const Backup& one, const Backup& other) { return one.day > other.day; });
-    return backups;
-}
 
 void WriteCheckedCopy(SqliteConnection& from, const QString& to, void (&check)(SqliteConnection& connection),
                       StoreDisk& disk) {

@@ -6,6 +6,7 @@
 #include <QString>
 
 #include "core/program_folder.h"
+#include "store/backup_files.h"
 #include "store/compaction.h"
 #include "store/store_disk.h"
 
@@ -14,20 +15,6 @@ namespace tickwell::store {
 // Backups of the day database are complete database files in the folder "Backup" of the program's folder, one
 // per day. They are written under a temporary name and renamed when they have been checked, so a file with
 // the name of a backup is complete; what a killed program left is removed before the next backup is written.
-
-inline constexpr QLatin1StringView kBackupFolder("Backup");
-
-/// One backup.
-struct Backup {
-    QDate day;
-    qint64 size = 0;  ///< bytes
-};
-
-/// The backups of `folder`, the newest first; none if there is no such folder.
-QList<Backup> FindBackups(const ProgramFolder& folder);
-
-/// The absolute path of the backup of a day.
-QString BackupPath(const ProgramFolder& folder, QDate day);
 
 /// Writes the backup of `day`, unless there is an undamaged one of that day already or the newest one before
 /// contains the same rows; then removes those that SurplusBackups names. Returns whether one was written.

@@ -7,7 +7,7 @@
 
 #include "core/errors.h"
 #include "core/regular_file.h"
-#include "store/backup.h"
+#include "store/backup_files.h"
 #include "store/day_database_check.h"
 #include "store/kept_file.h"
 #include "store/log.h"

@@ -57,9 +57,9 @@ struct Bench {
     int done = 0;
     std::unique_ptr<DayFileJobs> compaction = std::make_unique<DayFileJobs>(
         DayFileJobsParts{.dayDatabase = database,
-                                  .folder = ProgramFolder(store.Folder()),
-                                  .boxes = boxes,
-                                  .handlers = handlers},
+                         .folder = ProgramFolder(store.Folder()),
+                         .boxes = boxes,
+                         .handlers = handlers},
         [this](const std::stop_token& stop) { return std::make_unique<GatedDisk>(stop, gate); });
 
     void Start() {
@@ -110,7 +110,7 @@ void TstDayFileJobs::ARunningCompactionIsNotStartedAgain() {
     bench.StartAndReachTheCopy();
     bool isTold = false;
     bench.compaction->Compact(&bench.window,
-                            [&isTold] { isTold = true; });  // as from a dialog that was opened again
+                              [&isTold] { isTold = true; });  // as from a dialog that was opened again
     bench.gate.open.release();
     QTRY_VERIFY_WITH_TIMEOUT(isTold, 60'000);
     QCOMPARE(bench.done, 0);

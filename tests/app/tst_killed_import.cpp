@@ -5,7 +5,7 @@
 #include <csignal>
 #include <optional>
 
-#include "app/whole_export_bench.h"
+#include "app/import_steps.h"
 
 using namespace Qt::StringLiterals;
 using namespace tickwell;

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/whole_export_bench.h"
+#include "store/every_step_disk.h"
 #include "store/full_disk.h"
 
 using namespace Qt::StringLiterals;

@@ -11,7 +11,6 @@
 #include "app/whole_import.h"
 #include "core/errors.h"
 #include "store/day_store.h"
-#include "store/every_step_disk.h"
 #include "store/store_faults.h"
 #include "store/tools_database.h"
 #include "support/fake_settings_store.h"
@@ -108,29 +107,6 @@ inline void StartAgain(const Place& place) {
 inline void Import(const Place& to, const QString& source, store::StoreDisk& disk) {
     StageImport(to.Program(), source, disk);
     ApplyImport(to.Program(), disk);
-}
-
-/// A row for each step of the work.
-inline void AddSteps(const QStringList& steps, bool alsoAfter) {
-    QTest::addColumn<int>("step");
-    QTest::addColumn<bool>("isDone");
-    for (int step = 1; step <= steps.size(); ++step) {
-        const QString name = QString::number(step) + u' ' + steps.at(step - 1);
-        QTest::newRow(qPrintable(u"before "_s + name)) << step << false;
-        if (alsoAfter || step == steps.size()) {
-            QTest::newRow(qPrintable(u"after "_s + name)) << step << true;
-        }
-    }
-}
-
-/// The steps of an import into a running program.
-inline QStringList ImportSteps() {
-    const Place from(u"one"_s);
-    const Place to(u"two"_s);
-    store::EveryStepDisk disk([](int, bool) {});
-    store::PosixStoreDisk real;
-    Import(to, Export(from, real), disk);
-    return disk.Steps();
 }
 
 /// The names of all entries of a folder.

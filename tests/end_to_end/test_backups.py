@@ -157,12 +157,12 @@ class Backups(BackupsCase):
         self.choose("カレンダー")
         calendar = self.app.wait(role="dialog", name="カレンダー", showing=True)
         self.session.hand.click(calendar.wait(role="push button", name="記念日の一覧を開く"))
-        calendar.wait(role="table cell", name="party")
+        calendar.wait(role="cell", name="party")
         self.open_page()
         self.click(RESTORE)
         press(self.box("記念日、祝日"), "OK")
         close_box(self.app, "2026年11月21日の控えに戻しました。")
-        calendar.wait_gone(role="table cell", name="party")
+        calendar.wait_gone(role="cell", name="party")
         self.assertNotIn("party", self.upper_texts())
 
     def upper_texts(self):
