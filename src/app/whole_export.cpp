@@ -73,7 +73,7 @@ QStringList ExportedFiles() {
 
 QString ExportEverything(const ProgramFolder& folder, const QString& settings, const QString& target,
                          QDate day, store::StoreDisk& disk) {
-    const QString path = FreeFolder(target, day);
+    QString path = FreeFolder(target, day);
     platform::RemoveUnfinished(path, ExportedFiles());
     const platform::UnfinishedFilesInUse inUse(target);
     QTemporaryDir unfinished(platform::UnfinishedTemplate(path));

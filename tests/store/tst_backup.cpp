@@ -42,6 +42,18 @@ void Change(const QByteArray& name = "new") {
         .Run("INSERT INTO Kinenbi(Name,Year,Month,Day,Week) VALUES ('" + name + "',0,1,2,0)");
 }
 
+constexpr int kLost = 8192;  // bytes
+
+/// Reports success, but has stored something else on the last pages.
+class LyingDisk : public PosixStoreDisk {
+public:
+    void Compact(SqliteConnection& from, const QString& to) override {
+        PosixStoreDisk::Compact(from, to);
+        const QByteArray bytes = BytesOf(to);
+        SetBytes(to, bytes.chopped(kLost) + QByteArray(kLost, 'x'));
+    }
+};
+
 /// The reason of the failure; empty if it succeeds.
 QString FaultOfBackup(QDate day, StoreDisk& disk) {
     try {
@@ -69,6 +81,7 @@ private Q_SLOTS:
     void AFailureLeavesTheOldOnes_data();
     void AFailureLeavesTheOldOnes();
     void AFullDiskIsNamed();
+    void ACopyThatIsNotAsItWasWrittenIsNamed();
     void ADamagedDatabaseIsNamedAndLeavesTheOldOnes();
     void AFileInPlaceOfTheFolderIsNamed();
     void WhatAKillHasLeftIsRemoved();
@@ -221,6 +234,16 @@ void TstBackup::AFullDiskIsNamed() {
     QCOMPARE(Entries(), QStringList(u"DayDate-2026-11-22.mdb"_s));
     QCOMPARE(BytesOf(NameOf(kToday)), old);
     QCOMPARE(FaultOfBackup(kToday.addDays(1), disk), QString());
+}
+
+void TstBackup::ACopyThatIsNotAsItWasWrittenIsNamed() {
+    const LooseStore store;
+    PosixStoreDisk disk;
+    QVERIFY(TakeBackup(Here(), kToday, disk));
+    Change();
+    LyingDisk lying;
+    QVERIFY(!FaultOfBackup(kToday.addDays(1), lying).isEmpty());
+    QCOMPARE(Entries(), QStringList(u"DayDate-2026-11-22.mdb"_s));
 }
 
 void TstBackup::ADamagedDatabaseIsNamedAndLeavesTheOldOnes() {

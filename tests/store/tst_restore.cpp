@@ -219,11 +219,11 @@ void TstRestore::ADamagedPresentFileCanBeReplaced() {
     PosixStoreDisk disk;
     const QByteArray damaged = BytesOf(u"DayDate.mdb"_s).chopped(9000);
     SetBytes(u"DayDate.mdb"_s, damaged);
-    SetBytes(u"DayDate.mdb-wal"_s, "rest");
+    SetBytes(u"DayDate.mdb-shm"_s, "rest");
     ReplaceDayFile(Here(), Here().PathOf(kBackup), disk);
     QCOMPARE(RowsOf(u"DayDate.mdb"_s), given.backedUp);
     QCOMPARE(BytesOf(kKept), damaged);
-    QVERIFY(!QFile::exists(u"DayDate.mdb-wal"_s));
+    QVERIFY(!QFile::exists(u"DayDate.mdb-shm"_s));
 }
 
 void TstRestore::AFileInUseIsNotReplaced() {
