@@ -59,7 +59,7 @@ bool MeansNoLinks(const DiskError& error) {
 }
 
 QString KeepFile(const QString& path, StoreDisk& disk) {
-    const QString kept = FreeKeptName(path);
+    QString kept = FreeKeptName(path);
     if (QFileInfo(path).isSymLink()) {  // its target may be written to
         CopyTo(path, kept, disk);
         return kept;

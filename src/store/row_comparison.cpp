@@ -11,11 +11,11 @@ namespace tickwell::store {
 namespace {
 
 QByteArray AllRows(const SchemaTable& table) {
-    QByteArrayList columns{"\"id\""};
+    QByteArrayList columns{"id"};
     for (const SchemaColumn& column : table.columns) {
         columns.append('"' + column.name.toLatin1() + '"');
     }
-    return "SELECT " + columns.join(',') + " FROM \"" + table.name.toLatin1() + "\" ORDER BY \"id\"";
+    return "SELECT " + columns.join(',') + " FROM \"" + table.name.toLatin1() + "\" ORDER BY id";
 }
 
 bool IsSameRow(const SqliteStatement& one, const SqliteStatement& other, std::size_t columns) {

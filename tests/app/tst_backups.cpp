@@ -1,13 +1,19 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <QAction>
+#include <QDir>
+#include <QFile>
+#include <QFileDialog>
 #include <QFileInfo>
 #include <QListWidget>
 #include <QMenu>
 #include <QRadioButton>
+#include <QTemporaryDir>
 #include <QTest>
 
 #include "app/running_bench.h"
+#include "app/whole_export.h"
 #include "store/backup.h"
+#include "store/tools_database.h"
 
 using namespace Qt::StringLiterals;
 using namespace tickwell;
@@ -71,6 +77,7 @@ private Q_SLOTS:
     void ARestoreCanBeDeclined();
     void NoRestoreWhileDaysAreMarked();
     void NoRestoreWhileTheDatabaseIsInUse();
+    void WhatWasExportedIsImportedWithTheTimers();
 };
 
 void TstBackups::NothingIsDoneByDefault() {
@@ -143,6 +150,39 @@ void TstBackups::NoRestoreWhileTheDatabaseIsInUse() {
     bench.Restore();
     QVERIFY(bench.boxes.Shown().constLast().text.endsWith(
         u"データベースは使用中です。終わってからもう一度実行してください。"_s));
+}
+
+void TstBackups::WhatWasExportedIsImportedWithTheTimers() {
+    const QTemporaryDir other;
+    QVERIFY(qputenv("XDG_CONFIG_HOME", QFile::encodeName(other.path())));
+    QVERIFY(QDir(other.path()).mkdir(u"TKW2"_s));
+    QFile settings(other.filePath(u"TKW2/TKW2.ini"_s));
+    QVERIFY(settings.open(QIODevice::WriteOnly));
+    settings.close();
+    Bench bench;
+    QString written;
+    {
+        store::ToolsDatabase tools(bench.folder, [](const QString&) {});
+        tools.AddPreset({.name = u"exported"_s,
+                         .milliseconds = 60'000,
+                         .nextName = {},
+                         .nextMilliseconds = 0,
+                         .sound = {}});
+        store::PosixStoreDisk disk;
+        written = ExportEverything(bench.folder, settings.fileName(), other.path(), kBenchDay, disk);
+    }
+    QVERIFY(QFile::remove(bench.folder.PathOf(u"Tools.db"_s)));
+    bench.Add(u"later"_s);
+    Bench::Choose(u"環境設定"_s);
+    Bench::Press("Form2", "Command82");
+    emit ChildOf<QFileDialog>(Bench::Window("Form2"), u"ReadAllDialog"_s).fileSelected(written);
+    bench.boxes.Answer(true);
+    QTRY_COMPARE(bench.boxes.Shown().size(), 1);
+    QCOMPARE(bench.boxes.Shown().first().icon, MessageIcon::Information);
+    QVERIFY(!bench.Has(u"later"_s));
+    store::ToolsDatabase tools(bench.folder, [](const QString&) {});
+    QCOMPARE(tools.Load().presets.constLast().plan.name, u"exported"_s);
+    QVERIFY(ChildOf<QPushButton>(Bench::Window("Form2"), u"Command82"_s).isEnabled());
 }
 
 QTEST_MAIN(TstBackups)
