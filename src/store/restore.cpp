@@ -99,7 +99,7 @@ QString ReplaceDayFile(const ProgramFolder& folder, const QString& source, Store
     const LockedLiveFile present(files.live);
     try {
         Stage(source, files, disk);
-        const QString kept = FreeKeptName(files.live);
+        QString kept = FreeKeptName(files.live);
         Swap(present, files, kept, disk);
         return kept;
     } catch (const RunTimeError&) {
