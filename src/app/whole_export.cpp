@@ -19,7 +19,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr unsigned kOwnersFile = 0600;
+constexpr unsigned kExportedMode = 0600;
 
 QString FreeFolder(const QString& target, QDate day) {
     const QString start = target + u"/Tickwell-"_s + day.toString(Qt::ISODate);
@@ -82,10 +82,10 @@ QString ExportEverything(const ProgramFolder& folder, const QString& settings, c
     }
     ExportDays(folder, unfinished.filePath(store::kLiveFile), disk);
     ExportTools(folder, unfinished.filePath(store::kToolsFile), disk);
-    disk.Create(unfinished.filePath(kSettingsFile), kOwnersFile, SettingsBytes(settings));
+    disk.Create(unfinished.filePath(kSettingsFile), kExportedMode, SettingsBytes(settings));
     const QString list = folder.PathOf(days::HolidayListFile::kName.toString());
     if (EntryExists(list)) {
-        disk.Create(unfinished.filePath(days::HolidayListFile::kName.toString()), kOwnersFile,
+        disk.Create(unfinished.filePath(days::HolidayListFile::kName.toString()), kExportedMode,
                     HolidayBytes(list));
     }
     disk.Sync(unfinished.path());

@@ -27,7 +27,7 @@ namespace {
 
 constexpr auto kUnfinishedFolder = ".Import.unfinished"_L1;
 constexpr auto kReadyFolder = ".Import.ready"_L1;
-constexpr unsigned kOwnersFile = 0600;
+constexpr unsigned kStagedMode = 0600;
 
 QString HolidayName() {
     return days::HolidayListFile::kName.toString();
@@ -70,7 +70,7 @@ void OfFile(const QString& path, Job job) {
 void CopyFiles(const QString& source, const QString& to, store::StoreDisk& disk) {
     const auto from = [&](const QString& name) -> QString { return source + u'/' + name; };
     const auto copy = [&](const QString& name) -> QString { return to + u'/' + name; };
-    disk.Create(copy(kSettingsFile), kOwnersFile, SettingsBytes(from(kSettingsFile)));
+    disk.Create(copy(kSettingsFile), kStagedMode, SettingsBytes(from(kSettingsFile)));
     SettingsBytes(copy(kSettingsFile));
     OfFile(from(store::kLiveFile), [&] {
         store::SqliteConnection days(from(store::kLiveFile), store::FileUse::LookOver);
@@ -86,7 +86,7 @@ void CopyFiles(const QString& source, const QString& to, store::StoreDisk& disk)
         });
     }
     if (EntryExists(from(HolidayName()))) {
-        disk.Create(copy(HolidayName()), kOwnersFile, HolidayBytes(from(HolidayName())));
+        disk.Create(copy(HolidayName()), kStagedMode, HolidayBytes(from(HolidayName())));
     }
 }
 

@@ -16,8 +16,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr qint64 kLargest = qint64{1} << 31;
-constexpr unsigned kPermissions = 0777;
+constexpr qint64 kLargestKept = qint64{1} << 31;
+constexpr unsigned kKeptPermissions = 0777;
 
 struct stat StateOf(const QString& path) {
     struct stat state {};
@@ -34,11 +34,11 @@ QString KeptStart(const QString& path) {
 }
 
 void CopyTo(const QString& path, const QString& kept, StoreDisk& disk) {
-    const FileContents contents = ReadRegularFile(path, kLargest);
+    const FileContents contents = ReadRegularFile(path, kLargestKept);
     if (contents.problem != FileProblem::None) {
         throw RunTimeError(path + u"\r\n" + contents.reason);
     }
-    disk.Create(kept, StateOf(path).st_mode & kPermissions, contents.bytes);
+    disk.Create(kept, StateOf(path).st_mode & kKeptPermissions, contents.bytes);
 }
 
 }  // namespace
