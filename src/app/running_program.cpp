@@ -6,6 +6,7 @@
 #include "controls/bring_forward.h"
 #include "core/settings_io.h"
 #include "days/day_off.h"
+#include "store/backup.h"
 
 namespace tickwell::app {
 
@@ -56,12 +57,25 @@ void RunningProgram::Start() {
     m_form->show();
     m_quiet.Follow();
     StartNotices();
+    StartBackups();
     m_remote = std::make_unique<RemoteAccess>(RemoteAccessParts{.service = m_ports.commands,
                                                                 .timers = m_ports.realTimers,
                                                                 .clock = m_ports.clock,
                                                                 .announcements = Announcements(),
                                                                 .mainWindow = *m_form,
                                                                 .timing = *m_timing});
+    OpenTimers();
+    m_mediaKeys =
+        std::make_unique<MediaKeys>(MediaKeysParts{.service = m_ports.mediaKeys,
+                                                   .timers = m_ports.realTimers,
+                                                   .handlers = m_ports.handlers,
+                                                   .further = m_state.started.further,
+                                                   .player = m_media.System().Player(),
+                                                   .drive = m_ports.drive,
+                                                   .openWindow = [this] { m_windows->OpenCdPlayer(); }});
+}
+
+void RunningProgram::OpenTimers() {
     m_timers = std::make_unique<Timers>(TimersParts{
         .folder = m_state.started.folder,
         .media = m_media.System().Commands(),
@@ -74,14 +88,6 @@ void RunningProgram::Start() {
         .isSilent = [this] { return m_quiet.SilencesTimer(); },
         .isDayOff =
             [this](QDate day) { return days::IsDayOff(m_state.started.dayDatabase, m_holidays, day); }});
-    m_mediaKeys =
-        std::make_unique<MediaKeys>(MediaKeysParts{.service = m_ports.mediaKeys,
-                                                   .timers = m_ports.realTimers,
-                                                   .handlers = m_ports.handlers,
-                                                   .further = m_state.started.further,
-                                                   .player = m_media.System().Player(),
-                                                   .drive = m_ports.drive,
-                                                   .openWindow = [this] { m_windows->OpenCdPlayer(); }});
 }
 
 void RunningProgram::StartNotices() {
@@ -105,6 +111,25 @@ void RunningProgram::StartNotices() {
                              .showAgain = [this](const QString& name) { m_timing->ShowNoticeOf(name); }});
 }
 
+void RunningProgram::StartBackups() {
+    m_dailyBackup = std::make_unique<DailyBackup>(
+        DailyBackupParts{.clock = m_ports.clock,
+                         .timers = m_ports.timers,
+                         .jumps = m_jumps.Add(),
+                         .handlers = m_ports.handlers,
+                         .boxes = m_ports.boxes,
+                         .settings = m_state.started.further.backup,
+                         .canBegin = [this] { return m_state.started.dayDatabase.IsOpen(); },
+                         .take =
+                             [this](QDate day, std::function<void(const QString& fault)> done) {
+                                 m_windows->DayFiles().Do(
+                                     [day](const ProgramFolder& folder, store::StoreDisk& disk) {
+                                         store::TakeBackup(folder, day, disk);
+                                     },
+                                     std::move(done));
+                             }});
+}
+
 void RunningProgram::OpenCalendarOn(QDate day) {
     if (QWidget* blocking = BlockingWindow()) {
         return controls::BringForward(*blocking);
@@ -115,6 +140,7 @@ void RunningProgram::OpenCalendarOn(QDate day) {
 void RunningProgram::FollowSettings() {
     if (m_remote) {
         m_dayNotices->Follow();
+        m_dailyBackup->Follow();
         m_media.System().FollowSettings();
         m_remote->Follow();
         m_mediaKeys->Follow();
@@ -145,7 +171,13 @@ WindowsParts RunningProgram::PartsOfWindows() {
             .isPlacedByCompositor = m_ports.isPlacedByCompositor,
             .hasTray = [this] { return m_ports.tray.IsThere(); },
             .gone = m_ports.windowGone,
-            .applied = [this] { FollowSettings(); }};
+            .applied = [this] { FollowSettings(); },
+            .closeTools = [this] { m_timers.reset(); },
+            .openTools =
+                [this] {
+                    m_holidays.List().ReadAgain();
+                    OpenTimers();
+                }};
 }
 
 shell::MainWindowParts RunningProgram::PartsOfMainWindow() {
@@ -227,8 +259,18 @@ timing::TimingParts RunningProgram::Timing() {
                         m_countdownNotice->WindowClosed();
                     }
                 },
-            .openTimers = [this] { m_timers->Desk().Show(); },
-            .openAlarms = [this] { m_timers->Alarms().Show(); },
+            .openTimers =
+                [this] {
+                    if (m_timers) {  // not while their file is replaced
+                        m_timers->Desk().Show();
+                    }
+                },
+            .openAlarms =
+                [this] {
+                    if (m_timers) {
+                        m_timers->Alarms().Show();
+                    }
+                },
             .timeJumped =
                 [this] {
                     if (m_timers) {
@@ -239,6 +281,7 @@ timing::TimingParts RunningProgram::Timing() {
 
 void RunningProgram::MainWindowClosed() {
     m_dayNotices.reset();
+    m_dailyBackup.reset();
     m_countdownNotice.reset();
     m_timers.reset();
     m_remote.reset();

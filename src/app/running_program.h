@@ -6,6 +6,7 @@
 
 #include "app/chosen_holidays.h"
 #include "app/countdown_notice.h"
+#include "app/daily_backup.h"
 #include "app/day_notices.h"
 #include "app/displays.h"
 #include "app/media.h"
@@ -70,6 +71,8 @@ private:
     void OpenWindow(Request request);
     void OpenCalendarOn(QDate day);
     void StartNotices();
+    void StartBackups();
+    void OpenTimers();
 
     ProgramPorts m_ports;
     ProgramState& m_state;
@@ -84,6 +87,7 @@ private:
     timing::TimingTools* m_timing = nullptr;  // owned by the form's displays
     // All null before Start and after the form was closed
     std::unique_ptr<DayNotices> m_dayNotices;
+    std::unique_ptr<DailyBackup> m_dailyBackup;
     std::unique_ptr<CountdownNotice> m_countdownNotice;
     std::unique_ptr<RemoteAccess> m_remote;
     std::unique_ptr<MediaKeys> m_mediaKeys;

@@ -44,6 +44,13 @@ QString DayDatabaseRemedy(const QString& path) {
               u"壊れているときは、控えと置き換えてください。"_s);
 }
 
+QString ImportRemedy(const QString& staged) {
+    return At(staged,
+              u"書き出したものの読み込みを終えられませんでした。ほかのプログラムが使っていれば閉じ、ディスク"
+              u"に空きがあることを確かめてください。\r\n"
+              u"読み込みをやめるときは、このフォルダーを取り除いてください。"_s);
+}
+
 QString FolderRemedy(const QString& folder) {
     return At(folder,
               u"このフォルダーを読み書きできることと、ディスクに空きがあることを確かめてください。\r\n"

@@ -30,6 +30,10 @@ QString MissingFileRemedy(const QString& path, const QString& master);
 /// For the day database, which exists but cannot be used.
 QString DayDatabaseRemedy(const QString& path);
 
+/// For an import that a killed program has begun and that cannot be finished. `staged`: the folder of its
+/// files.
+QString ImportRemedy(const QString& staged);
+
 /// For the program's folder, which cannot be entered, filled or written to.
 QString FolderRemedy(const QString& folder);
 

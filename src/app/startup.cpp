@@ -5,7 +5,9 @@
 
 #include "app/folder_setup.h"
 #include "app/start_error.h"
+#include "app/whole_import.h"
 #include "core/settings_io.h"
+#include "platform/files/ini_file_store.h"
 #include "store/day_files.h"
 #include "store/day_recovery.h"
 
@@ -46,6 +48,10 @@ Started StartUp(const QString& folder, const std::function<std::unique_ptr<Setti
     WithRemedy(FolderRemedy(folder), [&] { started.folder = ProgramFolder::Entered(folder); });
     const QString remedy = DayDatabaseRemedy(started.folder.PathOf(store::kLiveFile));
     WithRemedy(remedy, [&] { store::RecoverDayDatabase(started.folder); });
+    WithRemedy(ImportRemedy(StagedImport(started.folder)), [&] {
+        store::PosixStoreDisk disk;
+        FinishImport(started.folder, platform::IniFileStore::UserPath(), disk);
+    });
     RequireFiles(started.folder, masters);
     WithRemedy(remedy, [&] { OpenTheDays(started); });
     started.store = openStore();

@@ -26,10 +26,10 @@ struct Started {
 };
 
 /// Start-up until the first window, strictly in this order: changes to the program's folder, recovers from an
-/// interrupted compaction, checks the eight files, opens the day database, loads the settings. Throws
-/// RunTimeError with the message for the user at the first failure; what follows is not checked. It is a
-/// StartError, except for the settings. `masters`: the folder of the installed master files, which errors
-/// name; empty if not found.
+/// interrupted compaction, finishes an import, checks the eight files, opens the day database, loads the
+/// settings. Throws RunTimeError with the message for the user at the first failure; what follows is not
+/// checked. It is a StartError, except for the settings. `masters`: the folder of the installed master files,
+/// which errors name; empty if not found.
 Started StartUp(const QString& folder, const std::function<std::unique_ptr<SettingsStore>()>& openStore,
                 const QString& masters = {});
 

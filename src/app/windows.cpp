@@ -18,10 +18,21 @@ using namespace Qt::StringLiterals;
 Windows::Windows(const WindowsParts& parts)
     : m_parts(parts),
       m_help(parts.folder.PathOf(u"Help.hlp"_s), parts.handlers, [this](QWidget& window) { Place(window); }),
-      m_compaction({.dayDatabase = parts.dayDatabase,
-                    .folder = parts.folder,
-                    .boxes = parts.boxes,
-                    .handlers = parts.handlers}) {}
+      m_dayFiles({.dayDatabase = parts.dayDatabase,
+                  .folder = parts.folder,
+                  .boxes = parts.boxes,
+                  .handlers = parts.handlers}),
+      m_backups({.folder = parts.folder,
+                 .jobs = m_dayFiles,
+                 .boxes = parts.boxes,
+                 .handlers = parts.handlers,
+                 .clock = parts.clock,
+                 .owner = [this] { return m_settings.data(); },
+                 .isMarking = [this] { return m_calendar != nullptr && m_calendar->IsMarking(); },
+                 .daysReplaced = [this] { DaysReplaced(); },
+                 .saveSettings = [this] { m_mainWindow->SaveAll(); },
+                 .closeTools = parts.closeTools,
+                 .openTools = parts.openTools}) {}
 
 Windows::~Windows() {
     if (m_calendar != nullptr) {
@@ -135,10 +146,11 @@ std::unique_ptr<settings_ui::Form2> Windows::MakeSettings() {
     };
     operations.listen = m_parts.listen;
     operations.compact = [this](std::function<void()> done) {
-        m_compaction.Start(m_settings, std::move(done));
+        m_dayFiles.Compact(m_settings, std::move(done));
     };
     operations.holidayList = HolidayList();
     operations.exchange = Exchange();
+    operations.backups = m_backups.Operations();
     operations.isComposited = m_parts.isComposited;
     operations.hasTray = m_parts.hasTray;
     operations.lookForNotices = [&notices = m_parts.notices](std::function<void(bool isThere)> onAnswer) {
@@ -195,6 +207,14 @@ settings_ui::ExchangeOperations Windows::Exchange() {
                                              .imported = [this] { RefreshCalendar(); }});
     return {.read = [windows](QWidget* owner) { windows.OpenImport(owner); },
             .write = [windows](QWidget* owner) { windows.OpenExport(owner); }};
+}
+
+/// The calendar could be opened while the database was being replaced, and days be marked in it.
+void Windows::DaysReplaced() {
+    m_mainWindow->RaiseRefresh();
+    if (m_calendar != nullptr && m_parts.dayDatabase.TryOpen()) {
+        m_calendar->DaysReplaced();
+    }
 }
 
 /// If the calendar is open, shows its month again with the current settings, unless the database is being

@@ -4,14 +4,13 @@
 #include <QPointer>
 
 #include "app/about_box.h"
-#include "app/background_compaction.h"
+#include "app/backup_desk.h"
 #include "app/chosen_holidays.h"
+#include "app/day_file_jobs.h"
 #include "book/anniversary_book.h"
-#include "core/handlers.h"
 #include "core/ports/autostart.h"
 #include "core/ports/calendar_helper.h"
 #include "core/ports/desktop_notices.h"
-#include "core/program_folder.h"
 #include "days/calendar_window.h"
 #include "help/help_desk.h"
 #include "media/cd_window.h"
@@ -42,6 +41,8 @@ struct WindowsParts {
     std::function<bool()> hasTray;       ///< whether the desktop has a notification area
     std::function<void()> gone;          ///< called whenever a window or menu was hidden
     std::function<void()> applied;       ///< called when the settings have changed
+    std::function<void()> closeTools;    ///< as in BackupDeskParts
+    std::function<void()> openTools;
 };
 
 /// The help for a modal window: it stays usable while that window is open.
@@ -87,6 +88,7 @@ public:
     void OpenHelp() { m_settingsHelp.ShowTopic(kHelpContents); }
 
     HelpViewer& Help() { return m_help; }
+    DayFileJobs& DayFiles() { return m_dayFiles; }
 
     /// Moves a window that is about to be shown near the main one.
     void Place(QWidget& window);
@@ -101,6 +103,7 @@ private:
     std::unique_ptr<settings_ui::Form2> MakeSettings();
     settings_ui::HolidayListOperations HolidayList();
     settings_ui::ExchangeOperations Exchange();
+    void DaysReplaced();
     void RefreshCalendar();
 
     WindowsParts m_parts;
@@ -113,7 +116,8 @@ private:
     QPointer<days::Form5> m_calendar;
     QPointer<settings_ui::Form2> m_settings;
     QPointer<media::CDForm> m_cdPlayer;
-    BackgroundCompaction m_compaction;
+    DayFileJobs m_dayFiles;
+    BackupDesk m_backups;
 };
 
 }  // namespace tickwell::app

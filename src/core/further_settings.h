@@ -4,6 +4,7 @@
 #include <QList>
 #include <QString>
 
+#include "core/backup_settings.h"
 #include "core/calendar_settings.h"
 #include "core/corrections.h"
 #include "core/keyboard_settings.h"
@@ -62,6 +63,7 @@ struct FurtherSettings {
     CdSettings cd{};
     QuietSettings quiet{};
     NoticeSettings notices{};
+    BackupSettings backup{};
 
     bool operator==(const FurtherSettings&) const = default;
 };

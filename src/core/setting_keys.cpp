@@ -166,6 +166,8 @@ constexpr std::array kFurtherKeys{
                [](StoredSettings& s) -> Field { return &s.further.notices.counts; }},
     SettingKey{u"Notices", u"Countdown", u"False",
                [](StoredSettings& s) -> Field { return &s.further.notices.tellsCountdown; }},
+    SettingKey{u"Backup", u"Daily", u"False",
+               [](StoredSettings& s) -> Field { return &s.further.backup.daily; }},
 };
 
 constexpr std::array<QStringView, 27> kWriteOrder{

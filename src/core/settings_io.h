@@ -21,8 +21,8 @@ void LoadSettings(const SettingsStore& store, AppSettings& settings);
 /// Reads width, top and left, in this order, then the roll interval. Throws SettingsError.
 void LoadWindowGeometry(const SettingsStore& store, AppSettings& settings, WindowGeometry& geometry);
 
-/// Reads the sections Roll, Notice, Calendar, Corrections, Face, Remote, Cd, Keyboard, Notices and Quiet.
-/// Throws SettingsError.
+/// Reads the sections Roll, Notice, Calendar, Corrections, Face, Remote, Cd, Keyboard, Notices, Quiet and
+/// Backup. Throws SettingsError.
 void LoadFurtherSettings(const SettingsStore& store, FurtherSettings& settings);
 
 /// Writes all 27 keys, changed or not, then those further settings that differ from their defaults or are in

@@ -85,6 +85,16 @@ void Form5::Refresh() {
     ShowAll();
 }
 
+void Form5::DaysReplaced() {
+    if (IsMarking()) {
+        m_calendar.Load();
+    } else {
+        m_calendar.Refresh();
+    }
+    m_calendar.ListAnniversariesOfDay();
+    ShowAll();
+}
+
 /// Leaving a marking mode stores its marks; clicking the button of the current mode again does not.
 void Form5::Option1_Click(int index) {
     const auto mode = static_cast<CalendarMode>(index);

@@ -38,6 +38,11 @@ public:
     /// RunTimeError.
     void Refresh();
 
+    bool IsMarking() const { return m_calendar.Mode() != CalendarMode::Normal; }
+    /// Shows month and list again after the database was replaced; drops marks that were not stored. Throws
+    /// RunTimeError.
+    void DaysReplaced();
+
     /// Stores the marks of a marking mode that is still active, if keepsMarksOnClose is set. Returns false if
     /// that failed; the failure has then been reported.
     bool KeepMarks();

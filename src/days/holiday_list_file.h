@@ -33,6 +33,9 @@ public:
     /// Whether there is a file to remove, readable or not.
     bool IsKept() const;
 
+    /// The file was replaced by something else than this object.
+    void ReadAgain() { m_kept.reset(); }
+
     /// Deletes the kept list. Throws RunTimeError if that fails.
     void Remove();
 

@@ -9,12 +9,13 @@
 
 #include "controls/control_making.h"
 #include "settings_ui/exchange_frame.h"
+#include "settings_ui/backup_frame.h"
 
 namespace tickwell::settings_ui {
 
 using namespace Qt::StringLiterals;
 
-DatabasePage::DatabasePage(const SettingsParts& parts, QWidget* parent)
+DatabasePage::DatabasePage(const SettingsParts& parts, SettingsDraft& draft, QWidget* parent)
     : QWidget(parent),
       m_parts(parts),
       m_compactButton(controls::MakeButton(u"Command4"_s, u"データベースの最適化＞＞"_s, this, parts.handlers,
@@ -42,6 +43,7 @@ DatabasePage::DatabasePage(const SettingsParts& parts, QWidget* parent)
     auto* rows = new QVBoxLayout(this);
     rows->addWidget(frame);
     rows->addWidget(new ExchangeFrame(parts, this));
+    rows->addWidget(new BackupFrame(parts, draft, this));
     rows->addStretch();
 }
 

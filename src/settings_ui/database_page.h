@@ -5,6 +5,7 @@
 #include <QPushButton>
 #include <QWidget>
 
+#include "settings_ui/settings_draft.h"
 #include "settings_ui/settings_parts.h"
 
 namespace tickwell::settings_ui {
@@ -16,7 +17,7 @@ class DatabasePage : public QWidget {
 
 public:
     /// All references outlive this object; `parts` is not copied.
-    DatabasePage(const SettingsParts& parts, QWidget* parent);
+    DatabasePage(const SettingsParts& parts, SettingsDraft& draft, QWidget* parent);
 
 private:
     void Command4_Click();

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <QDate>
+#include <QList>
 #include <QString>
 #include <functional>
 
@@ -32,6 +34,24 @@ struct ExchangeOperations {
     std::function<void(QWidget* owner)> write;
 };
 
+/// A backup of the day database in the list of the settings dialog.
+struct BackupRow {
+    QDate day;
+    qint64 size = 0;  ///< bytes
+};
+
+/// Immediate operations of the settings dialog on backups. Those with `done` return at once; at the end they
+/// notify the user and call it. They throw RunTimeError, without calling it, if they cannot start. Empty ones
+/// disable their buttons.
+struct BackupOperations {
+    std::function<QList<BackupRow>()> list;  ///< the newest first
+    std::function<void(QDate day, std::function<void()> done)> restore;
+    /// Writes everything to a new folder in `folder`.
+    std::function<void(const QString& folder, std::function<void()> done)> writeAll;
+    /// Takes over everything from a folder that was written.
+    std::function<void(const QString& folder, std::function<void()> done)> readAll;
+};
+
 /// Functions of the program that the settings dialog calls.
 struct SettingsOperations {
     /// Applies the changed settings to the main window. Throws RunTimeError.
@@ -57,6 +77,7 @@ struct SettingsOperations {
     std::function<void(std::function<void(bool isThere)> onAnswer)> lookForNotices =
         [](const std::function<void(bool isThere)>& onAnswer) { onAnswer(true); };
     ExchangeOperations exchange = {};
+    BackupOperations backups{};
 };
 
 /// References that the settings dialog uses; all outlive it.

@@ -39,7 +39,7 @@ Form2::Form2(const SettingsParts& parts, QWidget* parent)
     m_pages->addTab(m_clockPage, u"時計"_s);
     m_pages->addTab(m_rollPage, u"ロール"_s);
     m_pages->addTab(m_chimePage, u"時報"_s);
-    m_pages->addTab(new DatabasePage(m_parts, this), u"データベース"_s);
+    m_pages->addTab(new DatabasePage(m_parts, m_draft, this), u"データベース"_s);
     m_pages->addTab(m_calendarPage, u"暦"_s);
     m_pages->addTab(m_correctionsPage, u"動作"_s);
     m_pages->addTab(m_facePage, u"窓"_s);

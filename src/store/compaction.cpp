@@ -85,8 +85,15 @@ Message Compact(StoreDisk& disk, const DayFiles& files) {
     }
 }
 
-/// Reopens the database. A failure becomes the fault of `end` unless it already has one.
-void Reopen(const ProgramFolder& folder, CompactionEnd& end) {
+}  // namespace
+
+void BeginCompaction(DayDatabase& dayDatabase, const ProgramFolder& folder) {
+    folder.Enter();
+    dayDatabase.Close();
+}
+
+/// A failure becomes the fault of `end` unless it already has one.
+void ReopenDayFile(const ProgramFolder& folder, CompactionEnd& end) {
     const QString path = folder.PathOf(kLiveFile);
     try {
         end.dayDatabase = DayDatabase(path, kLiveFile);
@@ -98,13 +105,6 @@ void Reopen(const ProgramFolder& folder, CompactionEnd& end) {
     }
 }
 
-}  // namespace
-
-void BeginCompaction(DayDatabase& dayDatabase, const ProgramFolder& folder) {
-    folder.Enter();
-    dayDatabase.Close();
-}
-
 CompactionEnd CompactDayFile(const ProgramFolder& folder, StoreDisk& disk) {
     CompactionEnd end;
     try {
@@ -112,7 +112,7 @@ CompactionEnd CompactDayFile(const ProgramFolder& folder, StoreDisk& disk) {
     } catch (const RunTimeError& error) {
         end.fault = folder.Shortened(error.Reason());
     }
-    Reopen(folder, end);
+    ReopenDayFile(folder, end);
     return end;
 }
 

@@ -16,7 +16,7 @@ namespace tickwell::store {
 // after a killed program. If another program has the database open, compaction fails and changes nothing. It
 // takes seconds for a million rows, so its second step can run on any thread.
 
-/// The result of a compaction.
+/// The result of a compaction, or of a backup that was restored.
 struct CompactionEnd {
     std::optional<Message> report;  ///< the box that reports success or failure
     QString fault;            ///< why it could not begin, or why the file could not be reopened; may be empty
@@ -30,6 +30,9 @@ void BeginCompaction(DayDatabase& dayDatabase, const ProgramFolder& folder);
 /// Second step: compacts the day database of `folder` and opens it. Nothing else may use the database
 /// in the meantime.
 CompactionEnd CompactDayFile(const ProgramFolder& folder, StoreDisk& disk);
+
+/// Opens the database of `folder` again; `end` tells a failure.
+void ReopenDayFile(const ProgramFolder& folder, CompactionEnd& end);
 
 /// Last step: hands over the database and shows the report in a box of `owner`, which is a window or null.
 /// Throws RunTimeError with the fault.

@@ -7,7 +7,9 @@
 
 #include "core/errors.h"
 #include "core/regular_file.h"
+#include "store/backup_files.h"
 #include "store/day_database_check.h"
+#include "store/kept_file.h"
 #include "store/log.h"
 #include "store/shared_file_lock.h"
 
@@ -38,12 +40,6 @@ bool AnythingIsLeft(const DayFiles& files) {
     return false;
 }
 
-void RemoveJournals(StoreDisk& disk, const QString& path) {
-    for (const QLatin1StringView journal : kJournals) {
-        disk.Remove(path + journal);
-    }
-}
-
 bool IsSound(const QString& path) {
     try {
         SqliteConnection copy(path, FileUse::LookOver);
@@ -58,6 +54,7 @@ bool IsSound(const QString& path) {
 void RemoveCopies(StoreDisk& disk, const DayFiles& files) {
     SqliteConnection live(files.live);  // fails while another program compacts it
     CheckDayDatabase(live);
+    RemoveSecondNames(files.live, disk);
     for (const QString& copy : Copies(files)) {
         RemoveWithJournals(disk, copy);
     }
@@ -104,9 +101,23 @@ void PutBackLiveFile(StoreDisk& disk, const DayFiles& files) {
     }
 }
 
+void RemoveJournals(StoreDisk& disk, const QString& path) {
+    for (const QLatin1StringView journal : kJournals) {
+        disk.Remove(path + journal);
+    }
+}
+
 void RemoveWithJournals(StoreDisk& disk, const QString& path) {
     disk.Remove(path);
     RemoveJournals(disk, path);
+}
+
+void RemoveAfterFailure(StoreDisk& disk, const QString& path) {
+    try {
+        RemoveWithJournals(disk, path);
+    } catch (const RunTimeError& error) {
+        qCWarning(StoreLog).noquote() << "a file is left over:" << error.Detail();
+    }
 }
 
 QString WithNamedCopies(const ProgramFolder& folder, const QString& reason) {
@@ -115,6 +126,9 @@ QString WithNamedCopies(const ProgramFolder& folder, const QString& reason) {
         if (EntryExists(copy)) {
             names.append(folder.Shortened(copy));
         }
+    }
+    if (const QList<Backup> backups = FindBackups(folder); !backups.isEmpty()) {
+        names.append(folder.Shortened(BackupPath(folder, backups.first().day)));
     }
     return names.isEmpty() ? reason
                            : reason + u"\r\nデータベースの控えが残っています：%1"_s.arg(names.join(u"、"_s));

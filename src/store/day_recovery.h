@@ -21,12 +21,18 @@ void RecoverDayDatabase(const ProgramFolder& folder, StoreDisk& disk);
 /// RunTimeError.
 void PutBackLiveFile(StoreDisk& disk, const DayFiles& files);
 
-/// Removes a file and its SQLite journals: SQLite would apply a leftover journal to the next file of that
-/// name. Throws RunTimeError.
+/// Removes the SQLite journals of a file: SQLite would apply a leftover one to the next file of that name.
+/// Throws RunTimeError.
+void RemoveJournals(StoreDisk& disk, const QString& path);
+
+/// Removes a file and its SQLite journals. Throws RunTimeError.
 void RemoveWithJournals(StoreDisk& disk, const QString& path);
 
-/// Adds to `reason` a line with the names of the copies in `folder`; `reason` alone if there are
-/// none.
+/// The same while another error is being reported: a file that cannot be removed is only logged.
+void RemoveAfterFailure(StoreDisk& disk, const QString& path);
+
+/// Adds to `reason` a line with the names of the copies in `folder` and of its newest backup; `reason` alone
+/// if there are none.
 QString WithNamedCopies(const ProgramFolder& folder, const QString& reason);
 
 }  // namespace tickwell::store

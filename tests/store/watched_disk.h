@@ -38,7 +38,7 @@ public:
         Step(u"remove ", path, [&] { PosixStoreDisk::Remove(path); });
     }
 
-private:
+protected:
     void Step(QStringView operation, const QString& path, const std::function<void()>& real) {
         m_steps.append(operation + QFileInfo(path).fileName());
         const auto step = static_cast<int>(m_steps.size());
@@ -47,6 +47,7 @@ private:
         m_watch(step, true);
     }
 
+private:
     Watch m_watch;
     QStringList m_steps;
 };

@@ -2,7 +2,7 @@
 #include <QSemaphore>
 #include <QTest>
 
-#include "app/background_compaction.h"
+#include "app/day_file_jobs.h"
 #include "store/compaction_report.h"
 #include "store/loose_store.h"
 #include "store/store_faults.h"
@@ -55,15 +55,15 @@ struct Bench {
     Gate gate;
     QObject window;  // owner of the message box
     int done = 0;
-    std::unique_ptr<BackgroundCompaction> compaction = std::make_unique<BackgroundCompaction>(
-        BackgroundCompactionParts{.dayDatabase = database,
-                                  .folder = ProgramFolder(store.Folder()),
-                                  .boxes = boxes,
-                                  .handlers = handlers},
+    std::unique_ptr<DayFileJobs> compaction = std::make_unique<DayFileJobs>(
+        DayFileJobsParts{.dayDatabase = database,
+                         .folder = ProgramFolder(store.Folder()),
+                         .boxes = boxes,
+                         .handlers = handlers},
         [this](const std::stop_token& stop) { return std::make_unique<GatedDisk>(stop, gate); });
 
     void Start() {
-        compaction->Start(&window, [this] { ++done; });
+        compaction->Compact(&window, [this] { ++done; });
     }
     void StartAndReachTheCopy() {
         Start();
@@ -74,7 +74,7 @@ struct Bench {
 }  // namespace
 
 /// Compaction while the windows stay responsive.
-class TstBackgroundCompaction : public QObject {
+class TstDayFileJobs : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
@@ -86,7 +86,7 @@ private Q_SLOTS:
     void AFaultIsReportedInTheReportBox();
 };
 
-void TstBackgroundCompaction::TheCallerIsNotBlocked() {
+void TstDayFileJobs::TheCallerIsNotBlocked() {
     Bench bench;
     const QStringList rows = bench.store.Rows();
     const auto before = static_cast<qint32>(store::BytesOf(bench.store.Path()).size());
@@ -105,12 +105,12 @@ void TstBackgroundCompaction::TheCallerIsNotBlocked() {
     QCOMPARE(bench.store.Rows().size(), rows.size() + 1);
 }
 
-void TstBackgroundCompaction::ARunningCompactionIsNotStartedAgain() {
+void TstDayFileJobs::ARunningCompactionIsNotStartedAgain() {
     Bench bench;
     bench.StartAndReachTheCopy();
     bool isTold = false;
-    bench.compaction->Start(&bench.window,
-                            [&isTold] { isTold = true; });  // as from a dialog that was opened again
+    bench.compaction->Compact(&bench.window,
+                              [&isTold] { isTold = true; });  // as from a dialog that was opened again
     bench.gate.open.release();
     QTRY_VERIFY_WITH_TIMEOUT(isTold, 60'000);
     QCOMPARE(bench.done, 0);
@@ -122,7 +122,7 @@ void TstBackgroundCompaction::ARunningCompactionIsNotStartedAgain() {
     QCOMPARE(bench.boxes.Shown().size(), 2);
 }
 
-void TstBackgroundCompaction::ADatabaseInUseIsNotCompacted() {
+void TstDayFileJobs::ADatabaseInUseIsNotCompacted() {
     Bench bench;
     const QByteArray before = store::BytesOf(bench.store.Path());
     const store::DayDatabase lent = std::move(bench.database);
@@ -131,13 +131,13 @@ void TstBackgroundCompaction::ADatabaseInUseIsNotCompacted() {
     QVERIFY(!bench.database.IsOpen());
 }
 
-void TstBackgroundCompaction::TheEndOfTheProgramStopsIt_data() {
+void TstDayFileJobs::TheEndOfTheProgramStopsIt_data() {
     QTest::addColumn<bool>("isReported");
     QTest::newRow("in the middle") << false;
     QTest::newRow("when it is about to report") << true;
 }
 
-void TstBackgroundCompaction::TheEndOfTheProgramStopsIt() {
+void TstDayFileJobs::TheEndOfTheProgramStopsIt() {
     QFETCH(bool, isReported);
     Bench bench;
     const QStringList rows = bench.store.Rows();
@@ -158,7 +158,7 @@ void TstBackgroundCompaction::TheEndOfTheProgramStopsIt() {
     QCOMPARE(store::BytesOf(bench.store.Path()) == before, !isReported);
 }
 
-void TstBackgroundCompaction::AFaultIsReportedInTheReportBox() {
+void TstDayFileJobs::AFaultIsReportedInTheReportBox() {
     Bench bench;
     bench.gate.open.release();
     QVERIFY(QFile::remove(u"DayDate.mdb"_s));
@@ -170,5 +170,5 @@ void TstBackgroundCompaction::AFaultIsReportedInTheReportBox() {
     QVERIFY(bench.database.IsOpen());
 }
 
-QTEST_GUILESS_MAIN(TstBackgroundCompaction)
-#include "tst_background_compaction.moc"
+QTEST_GUILESS_MAIN(TstDayFileJobs)
+#include "tst_day_file_jobs.moc"
