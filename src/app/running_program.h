@@ -7,6 +7,7 @@
 #include "app/chosen_holidays.h"
 #include "app/countdown_notice.h"
 #include "app/day_notices.h"
+#include "app/day_sync.h"
 #include "app/displays.h"
 #include "app/media.h"
 #include "app/media_keys.h"
@@ -70,6 +71,8 @@ private:
     void OpenWindow(Request request);
     void OpenCalendarOn(QDate day);
     void StartNotices();
+    void FollowSync();
+    settings_ui::SyncOperations Sync();
 
     ProgramPorts m_ports;
     ProgramState& m_state;
@@ -88,6 +91,8 @@ private:
     std::unique_ptr<RemoteAccess> m_remote;
     std::unique_ptr<MediaKeys> m_mediaKeys;
     std::unique_ptr<Timers> m_timers;
+    std::unique_ptr<DaySync> m_sync;  // null while the settings do not select it
+    std::function<void()> m_syncChanged = [] {};
 };
 
 }  // namespace tickwell::app

@@ -137,6 +137,7 @@ std::unique_ptr<settings_ui::Form2> Windows::MakeSettings() {
         m_compaction.Start(m_settings, std::move(done));
     };
     operations.holidayList = HolidayList();
+    operations.sync = m_parts.sync;
     operations.isComposited = m_parts.isComposited;
     operations.hasTray = m_parts.hasTray;
     operations.lookForNotices = [&notices = m_parts.notices](std::function<void(bool isThere)> onAnswer) {
@@ -185,6 +186,11 @@ void Windows::RefreshCalendar() {
     if (m_calendar != nullptr && m_parts.dayDatabase.TryOpen()) {
         m_calendar->Refresh();
     }
+}
+
+void Windows::DaysChanged() {
+    m_mainWindow->RaiseRefresh();
+    RefreshCalendar();
 }
 
 void Windows::SetMainWindow(shell::Form1& mainWindow) {

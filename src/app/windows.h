@@ -40,6 +40,7 @@ struct WindowsParts {
     std::function<bool()> hasTray;       ///< whether the desktop has a notification area
     std::function<void()> gone;          ///< called whenever a window or menu was hidden
     std::function<void()> applied;       ///< called when the settings have changed
+    settings_ui::SyncOperations sync;
 };
 
 /// The help for a modal window: it stays usable while that window is open.
@@ -85,7 +86,10 @@ public:
     void OpenHelp() { m_settingsHelp.ShowTopic(kHelpContents); }
 
     HelpViewer& Help() { return m_help; }
-
+    /// Whether the calendar shows marks of days that are not stored yet.
+    bool IsMarking() const { return m_calendar != nullptr && m_calendar->IsMarking(); }
+    /// Shows again what depends on the day database.
+    void DaysChanged();
     /// Moves a window that is about to be shown near the main one.
     void Place(QWidget& window);
 

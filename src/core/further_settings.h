@@ -10,6 +10,7 @@
 #include "core/notice_settings.h"
 #include "core/quiet_settings.h"
 #include "core/remote_settings.h"
+#include "core/sync_settings.h"
 
 namespace tickwell {
 
@@ -62,6 +63,7 @@ struct FurtherSettings {
     CdSettings cd{};
     QuietSettings quiet{};
     NoticeSettings notices{};
+    SyncSettings sync{};
 
     bool operator==(const FurtherSettings&) const = default;
 };

@@ -38,6 +38,8 @@ public:
     /// RunTimeError.
     void Refresh();
 
+    bool IsMarking() const { return m_calendar.Mode() != CalendarMode::Normal; }
+
     /// Stores the marks of a marking mode that is still active, if keepsMarksOnClose is set. Returns false if
     /// that failed; the failure has then been reported.
     bool KeepMarks();

@@ -13,12 +13,13 @@ namespace tickwell::settings_ui {
 
 using namespace Qt::StringLiterals;
 
-DatabasePage::DatabasePage(const SettingsParts& parts, QWidget* parent)
+DatabasePage::DatabasePage(const SettingsParts& parts, SettingsDraft& draft, QWidget* parent)
     : QWidget(parent),
       m_parts(parts),
       m_compactButton(controls::MakeButton(u"Command4"_s, u"データベースの最適化＞＞"_s, this, parts.handlers,
                                            [this] { Command4_Click(); })),
-      m_progress(controls::Named(new QLabel(u"最適化しています…"_s, this), u"Progress"_s)) {
+      m_progress(controls::Named(new QLabel(u"最適化しています…"_s, this), u"Progress"_s)),
+      m_syncFrame(new SyncFrame(parts, draft, this)) {
     setObjectName(u"Picture5"_s);
     auto* frame =
         controls::Named(new QGroupBox(u"記念日/スケジュール データベースの最適化"_s, this), u"Frame11"_s);
@@ -40,6 +41,7 @@ DatabasePage::DatabasePage(const SettingsParts& parts, QWidget* parent)
     inner->addLayout(row);
     auto* rows = new QVBoxLayout(this);
     rows->addWidget(frame);
+    rows->addWidget(m_syncFrame);
     rows->addStretch();
 }
 

@@ -24,6 +24,14 @@ struct HolidayListOperations {
     std::function<void()> remove;  ///< throws RunTimeError
 };
 
+/// What the settings dialog shows and does about the merge with other computers.
+struct SyncOperations {
+    std::function<QString()> status = [] { return QString(); };  ///< a few lines; empty while it is off
+    std::function<void()> mergeNow = [] {};                      ///< begins a merge and returns
+    /// `changed` is called whenever the status has changed; an empty function ends that.
+    std::function<void(std::function<void()> changed)> listen = [](const std::function<void()>&) {};
+};
+
 /// Functions of the program that the settings dialog calls.
 struct SettingsOperations {
     /// Applies the changed settings to the main window. Throws RunTimeError.
@@ -48,6 +56,7 @@ struct SettingsOperations {
     /// Finds out whether the desktop shows notices; calls `onAnswer` immediately or later.
     std::function<void(std::function<void(bool isThere)> onAnswer)> lookForNotices =
         [](const std::function<void(bool isThere)>& onAnswer) { onAnswer(true); };
+    SyncOperations sync{};
 };
 
 /// References that the settings dialog uses; all outlive it.

@@ -70,6 +70,7 @@ inline constexpr std::array kFurtherFlags{
     FurtherFlag{"Notices", "Days", [](FurtherSettings& s) -> bool& { return s.notices.tellsDays; }},
     FurtherFlag{"Notices", "Counts", [](FurtherSettings& s) -> bool& { return s.notices.counts; }},
     FurtherFlag{"Notices", "Countdown", [](FurtherSettings& s) -> bool& { return s.notices.tellsCountdown; }},
+    FurtherFlag{"Sync", "Use", [](FurtherSettings& s) -> bool& { return s.sync.use; }},
 };
 
 /// Adds a row for each flag, named after its key, with settings in which only that flag is on.

@@ -52,7 +52,7 @@ void TstKilledRound::AfterAKillBookAndStateAgree() {
     QElapsedTimer timer;
     timer.start();
     laptop.Merge();
-    const int longest = static_cast<int>(timer.nsecsElapsed() / 1000 * 3 / 2);
+    const int longest = static_cast<int>(timer.nsecsElapsed() / 1000 * 3);
     int stored = 0;
     int unchanged = 0;
     const int lives = RandomCount(60);
