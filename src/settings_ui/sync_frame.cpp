@@ -4,7 +4,6 @@
 #include <QDir>
 #include <QFileDialog>
 #include <QGridLayout>
-#include <QHBoxLayout>
 #include <QPointer>
 #include <QStyle>
 #include <QSysInfo>
@@ -63,9 +62,6 @@ SyncFrame::~SyncFrame() {
 }
 
 void SyncFrame::Arrange() {
-    auto* now = new QHBoxLayout;
-    now->addWidget(m_status, 1);
-    now->addWidget(m_mergeNow, 0, Qt::AlignTop);
     auto* cells = new QGridLayout(this);
     cells->setColumnMinimumWidth(0, style()->pixelMetric(QStyle::PM_IndicatorWidth) +
                                         style()->pixelMetric(QStyle::PM_CheckBoxLabelSpacing) -
@@ -75,8 +71,9 @@ void SyncFrame::Arrange() {
     cells->addWidget(m_folder, 1, 2);
     cells->addWidget(m_browse, 1, 3);
     cells->addWidget(m_computerLabel, 2, 1);
-    cells->addWidget(m_computer, 2, 2, 1, 2);
-    cells->addLayout(now, 3, 1, 1, 3);
+    cells->addWidget(m_computer, 2, 2);
+    cells->addWidget(m_mergeNow, 2, 3);
+    cells->addWidget(m_status, 3, 1, 1, 3);
     cells->setColumnStretch(2, 1);
 }
 
@@ -119,7 +116,9 @@ void SyncFrame::ShowStatus() {
     const QString status = m_operations.status();
     m_mergeNow->setEnabled(m_use->isChecked() && !status.isEmpty());
     m_status->setText(status);
-    m_status->setMinimumHeight(m_status->heightForWidth(m_status->width()));
+    if (m_status->isVisible()) {  // otherwise it has no width yet
+        m_status->setMinimumHeight(m_status->heightForWidth(m_status->width()));
+    }
     m_use->setAccessibleDescription(status);
 }
 
