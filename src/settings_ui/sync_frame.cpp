@@ -7,6 +7,8 @@
 #include <QPointer>
 #include <QStyle>
 #include <QSysInfo>
+#include <algorithm>
+#include <initializer_list>
 
 #include "controls/control_making.h"
 
@@ -117,7 +119,7 @@ void SyncFrame::ShowStatus() {
     m_mergeNow->setEnabled(m_use->isChecked() && !status.isEmpty());
     m_status->setText(status);
     if (m_status->isVisible()) {  // otherwise it has no width yet
-        m_status->setMinimumHeight(m_status->heightForWidth(m_status->width()));
+        m_status->setMinimumHeight(std::max(0, m_status->heightForWidth(m_status->width())));
     }
     m_use->setAccessibleDescription(status);
 }
