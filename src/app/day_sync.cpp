@@ -19,9 +19,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kSoon = 2000;           // ms; several changes are merged at once, and the first frame is shown before
-constexpr int kRetry = 5000;          // ms, while days are marked or the day database is in use
-constexpr int kRegularly = 600'000;   // ms
+constexpr int kSoon = 2000;   // ms; several changes are merged at once, and the first frame is shown before
+constexpr int kRetry = 5000;  // ms, while days are marked or the day database is in use
+constexpr int kRegularly = 600'000;         // ms
 constexpr std::size_t kStoredAtOnce = 500;  // rows stored without a thread
 constexpr std::chrono::seconds kPatienceWithFiles{1};
 constexpr std::chrono::seconds kPatienceWithTheBook{20};
@@ -235,7 +235,8 @@ void DaySync::WriteFile(const std::shared_ptr<sync::Round>& round) {
             }
             m_mergedFiles.clear();  // to be written again
             sync::Report report = round->report;
-            report.problem = u"%1 に書くことができません。%2"_s.arg(QDir::toNativeSeparators(round->ownPath), reason);
+            report.problem =
+                u"%1 に書くことができません。%2"_s.arg(QDir::toNativeSeparators(round->ownPath), reason);
             End(report);
         });
 }

@@ -29,10 +29,10 @@ struct DaySyncParts {
     std::function<void()> statusChanged;  ///< called whenever StatusText may have changed
 };
 
-/// Merges the day database with the files of other computers: soon after its creation, after a change of the folder
-/// or the day database, and every ten minutes. Files are read and written on a thread, because they may be on a
-/// network, and so is the day database if very many rows change; it is closed for all others meanwhile, as during a
-/// compaction. Created only while the settings say so.
+/// Merges the day database with the files of other computers: soon after its creation, after a change of the
+/// folder or the day database, and every ten minutes. Files are read and written on a thread, because they
+/// may be on a network, and so is the day database if very many rows change; it is closed for all others
+/// meanwhile, as during a compaction. Created only while the settings say so.
 class DaySync {
 public:
     explicit DaySync(DaySyncParts parts);
@@ -77,15 +77,16 @@ private:
     std::unique_ptr<Timer> m_soon;     // runs while a merge is requested
     std::unique_ptr<Timer> m_regular;  // always runs: a network does not report changes
     bool m_isBusy = false;
-    bool m_isWanted = false;  // again after the current merge
-    store::ChangeMark m_mark;         // of the book when the current merge began
-    store::ChangeMark m_mergedMark;   // of the book after the last complete merge
-    QByteArray m_mergedFiles;         // the files that it has read; empty if there was none
-    QString m_watched;                // the folder
+    bool m_isWanted = false;         // again after the current merge
+    store::ChangeMark m_mark;        // of the book when the current merge began
+    store::ChangeMark m_mergedMark;  // of the book after the last complete merge
+    QByteArray m_mergedFiles;        // the files that it has read; empty if there was none
+    QString m_watched;               // the folder
     sync::Report m_report;
-    std::shared_ptr<store::DayDatabase> m_lent;  // while the thread stores
+    std::shared_ptr<store::DayDatabase> m_lent;                           // while the thread stores
     std::shared_ptr<DaySync*> m_self = std::make_shared<DaySync*>(this);  // the thread holds it weakly
-    platform::SlowJobs m_jobs;  // last, because its thread uses the other members while the destructor waits for it
+    platform::SlowJobs
+        m_jobs;  // last, because its thread uses the other members while the destructor waits for it
 };
 
 }  // namespace tickwell::app

@@ -11,8 +11,8 @@
 namespace tickwell::settings_ui {
 
 /// Page "データベース" of the settings: compacts the day database immediately, which cancelling the dialog
-/// does not undo. In the meantime the button is disabled, and a text beside it says so. Below it are the settings of
-/// the merge with other computers.
+/// does not undo. In the meantime the button is disabled, and a text beside it says so. Below it are the
+/// settings of the merge with other computers.
 class DatabasePage : public QWidget {
     Q_OBJECT
 

@@ -13,8 +13,8 @@
 
 namespace tickwell::settings_ui {
 
-/// The frame of page データベース for the merge with other computers: a folder, this computer's name, and what the
-/// last merge did.
+/// The frame of page データベース for the merge with other computers: a folder, this computer's name, and
+/// what the last merge did.
 class SyncFrame : public QGroupBox {
     Q_OBJECT
 

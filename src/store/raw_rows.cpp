@@ -23,8 +23,8 @@ QByteArray NamesOf(const SchemaTable& table) {
 void RawRows::ForEach(
     const SchemaTable& table,
     const std::function<void(qint64 key, const std::vector<QByteArrayView>& values)>& take) const {
-    SqliteStatement& rows = m_database.Connection().Prepared(
-        "SELECT \"id\"," + NamesOf(table) + " FROM \"" + table.name.toLatin1() + "\" ORDER BY \"id\"");
+    SqliteStatement& rows = m_database.Connection().Prepared("SELECT \"id\"," + NamesOf(table) + " FROM \"" +
+                                                             table.name.toLatin1() + "\" ORDER BY \"id\"");
     const auto reset = qScopeGuard([&rows] { rows.Reset(); });
     std::vector<QByteArrayView> values(table.columns.size());
     while (rows.Step()) {

@@ -23,7 +23,7 @@ constexpr QByteArrayView kEnd("end\t");
 constexpr int kReplicaDigits = 16;
 constexpr int kHexadecimal = 16;
 constexpr qsizetype kLongestNumber = 20;  // digits
-constexpr qsizetype kLongestName = 200;    // characters
+constexpr qsizetype kLongestName = 200;   // characters
 constexpr qsizetype kFieldsBeforeRow = 5;
 
 QByteArray ReplicaText(quint64 replica) {
@@ -130,7 +130,7 @@ DayFileFault FaultOfTitle(QByteArrayView bytes) {
         return DayFileFault::None;
     }
     return NumberIn(version, std::numeric_limits<qint32>::max()) ? DayFileFault::Newer
-                                                                  : DayFileFault::Foreign;
+                                                                 : DayFileFault::Foreign;
 }
 
 /// Reads the lines of the elements into `state`.

@@ -16,17 +16,17 @@ struct DayFile {
     ReplicaState state;
 };
 
-/// How the names of these files end. Sync tools keep the end of a name when they make a copy of a file that was
-/// changed in two places; such copies are read as well.
+/// How the names of these files end. Sync tools keep the end of a name when they make a copy of a file that
+/// was changed in two places; such copies are read as well.
 inline constexpr QLatin1StringView kDayFileSuffix(".tickwell-days");
 
 inline constexpr qint64 kLargestDayFile = qint64{32} * 1024 * 1024;  // bytes
 inline constexpr std::size_t kMostElements = 500'000;
 
 /// The text of a file: a line "Tickwell days 1", one with the replica, one with the computer, a line for each
-/// element, and a last line with their number and the SHA-256 of everything before it. Fields are separated by
-/// tabs. An element is "+" (present) or "-", the stamp's ms, counter and replica, the number of the copy, and
-/// the row as EncodeRow writes it. Replicas are 16 hexadecimal digits.
+/// element, and a last line with their number and the SHA-256 of everything before it. Fields are separated
+/// by tabs. An element is "+" (present) or "-", the stamp's ms, counter and replica, the number of the copy,
+/// and the row as EncodeRow writes it. Replicas are 16 hexadecimal digits.
 QByteArray WriteDayFile(const DayFile& file);
 
 /// Why a file is left alone.

@@ -11,8 +11,8 @@ namespace tickwell::sync {
 /// A folder can contain this many files of computers; of more, the first ones by name are read.
 inline constexpr qsizetype kMostDayFiles = 64;
 
-/// The files of computers in `folder`, by name; hidden ones are those of sync tools and are not listed. nullopt
-/// with a `problem` for a folder that cannot be read.
+/// The files of computers in `folder`, by name; hidden ones are those of sync tools and are not listed.
+/// nullopt with a `problem` for a folder that cannot be read.
 std::optional<QStringList> DayFilesIn(const QString& folder, QString& problem);
 
 /// Names, sizes, times and identities of the files: equal texts mean unchanged files.

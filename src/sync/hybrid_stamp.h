@@ -6,8 +6,8 @@
 
 namespace tickwell::sync {
 
-/// When and where a row came or went: a hybrid logical stamp. Stamps are totally ordered, and a change that was
-/// made in the knowledge of another one has the greater stamp, whatever the computers' clocks show.
+/// When and where a row came or went: a hybrid logical stamp. Stamps are totally ordered, and a change that
+/// was made in the knowledge of another one has the greater stamp, whatever the computers' clocks show.
 struct HybridStamp {
     qint64 milliseconds = 0;  ///< since 1970 UTC, 0 to kLastMoment
     quint32 counter = 0;      ///< orders the changes of one millisecond
@@ -23,9 +23,9 @@ inline constexpr quint32 kMostCounter = 0x7FFF'FFFF;
 /// Makes the stamps of one computer. It never goes back: it takes the wall clock while that is ahead of all
 /// stamps seen so far, and otherwise counts on from the greatest of them.
 ///
-/// A clock that is a day ahead therefore makes stamps of tomorrow, and the other computers count on from these
-/// until their own clocks have reached them. Nothing is refused for that: only the order of two changes that did
-/// not know of each other depends on the clocks.
+/// A clock that is a day ahead therefore makes stamps of tomorrow, and the other computers count on from
+/// these until their own clocks have reached them. Nothing is refused for that: only the order of two changes
+/// that did not know of each other depends on the clocks.
 class HybridClock {
 public:
     explicit HybridClock(quint64 replica) : m_replica(replica) {}

@@ -8,9 +8,9 @@
 
 namespace tickwell::sync {
 
-/// What is known of one copy of a row: whether it is there, and since which change. A row is its table and its
-/// values (see EncodeRow); equal rows are told apart by their number, so the book may contain a row twice. Two
-/// computers on which the same row was added have the same copy 1 of it, not two copies.
+/// What is known of one copy of a row: whether it is there, and since which change. A row is its table and
+/// its values (see EncodeRow); equal rows are told apart by their number, so the book may contain a row
+/// twice. Two computers on which the same row was added have the same copy 1 of it, not two copies.
 struct Element {
     QByteArray row;
     quint32 copy = 1;  ///< 1 to kMostCopies
@@ -39,8 +39,8 @@ using BookRows = std::vector<BookRow>;
 /// Whether `a` comes before `b` in a ReplicaState.
 bool ComesBefore(const Element& a, const Element& b);
 
-/// The maximum of both for each element: commutative, associative and idempotent. Of two elements with the same
-/// stamp, which only a damaged or copied replica can produce, the one that is present wins.
+/// The maximum of both for each element: commutative, associative and idempotent. Of two elements with the
+/// same stamp, which only a damaged or copied replica can produce, the one that is present wins.
 ReplicaState Merged(const ReplicaState& a, const ReplicaState& b);
 
 /// The elements of `from` that merging has to change in `to`: Merged(to, Beyond(from, to)) is
@@ -53,8 +53,8 @@ ReplicaState Beyond(const ReplicaState& from, const ReplicaState& to);
 ReplicaState ChangesOf(const BookRows& book, const ReplicaState& state, const HybridStamp& stamp,
                        bool isAnother = false);
 
-/// `state` and what has been changed in the book since then, found out by the computer `replica` when its wall
-/// clock was at `now`, ms since 1970 UTC.
+/// `state` and what has been changed in the book since then, found out by the computer `replica` when its
+/// wall clock was at `now`, ms since 1970 UTC.
 ReplicaState Compared(const BookRows& book, const ReplicaState& state, quint64 replica, qint64 now,
                       bool isAnother = false);
 

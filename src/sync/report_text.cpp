@@ -12,7 +12,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr qsizetype kMostNamed = 3;     // files; a folder can contain many
+constexpr qsizetype kMostNamed = 3;      // files; a folder can contain many
 constexpr qsizetype kLongestShown = 40;  // characters of a file name
 
 QString Shown(const QString& name) {

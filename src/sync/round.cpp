@@ -30,8 +30,9 @@ QString IdentityOf(const QString& path) {
     struct statx state {};
     const int result =
         statx(AT_FDCWD, QFile::encodeName(path).constData(), 0, STATX_INO | STATX_BTIME, &state);
-    return result == 0 ? u"%1 %2.%3"_s.arg(state.stx_ino).arg(state.stx_btime.tv_sec).arg(state.stx_btime.tv_nsec)
-                       : QString();
+    return result == 0
+               ? u"%1 %2.%3"_s.arg(state.stx_ino).arg(state.stx_btime.tv_sec).arg(state.stx_btime.tv_nsec)
+               : QString();
 }
 
 /// Whether the user can change the row: the program only reads the holidays, which a new book brings along.
@@ -56,7 +57,10 @@ bool IsAnother(const KeptState& kept, const QString& identity, const BookRows& b
 class Planner {
 public:
     Planner(const Place& place, const QDateTime& now, store::SqliteConnection& state)
-        : m_place(place), m_now(now), m_kept(ReadState(state)), m_ownName(DayFileName(ComputerName(place.computer))) {
+        : m_place(place),
+          m_now(now),
+          m_kept(ReadState(state)),
+          m_ownName(DayFileName(ComputerName(place.computer))) {
         m_replicas.insert(m_kept.replica);
     }
 
@@ -67,11 +71,11 @@ public:
         const QString identity = IdentityOf(m_place.book);
         const bool isAnother = IsAnother(m_kept, identity, m_book.rows);
         if (isAnother) {
-            qCWarning(SyncLog, "the day database is a new file: its rows are merged, and none counts as deleted");
+            qCWarning(SyncLog,
+                      "the day database is a new file: its rows are merged, and none counts as deleted");
         }
         m_round.kept.bookFile = identity == m_kept.bookFile ? QString() : identity;
-        m_merged =
-            Compared(m_book.rows, m_kept.state, m_kept.replica, m_now.toMSecsSinceEpoch(), isAnother);
+        m_merged = Compared(m_book.rows, m_kept.state, m_kept.replica, m_now.toMSecsSinceEpoch(), isAnother);
     }
 
     /// So that the limit of the number of files never concerns this computer's own.
@@ -143,7 +147,8 @@ private:
         if (!m_isOwnNameFree) {
             return;
         }
-        QByteArray bytes = WriteDayFile({m_kept.replica, ComputerName(m_place.computer), std::move(m_merged)});
+        QByteArray bytes =
+            WriteDayFile({m_kept.replica, ComputerName(m_place.computer), std::move(m_merged)});
         if (bytes.size() > kLargestDayFile) {
             Leave(m_ownName, u"記念日と印が多すぎて書くことができません。"_s);
         } else if (bytes != m_ownBytes) {

@@ -13,10 +13,10 @@ namespace tickwell::sync {
 
 /// Where a merge takes place.
 struct Place {
-    QString folder;      ///< the folder of the files of all computers
-    QString computer;    ///< this computer's name; empty for its host name
-    QString book;        ///< absolute path of the day database
-    QString state;       ///< absolute path of the state file
+    QString folder;    ///< the folder of the files of all computers
+    QString computer;  ///< this computer's name; empty for its host name
+    QString book;      ///< absolute path of the day database
+    QString state;     ///< absolute path of the state file
 };
 
 /// A file that is left as it is, and what is not done because of that.
@@ -29,8 +29,8 @@ struct LeftFile {
 
 /// What a merge has found out, for the user.
 struct Report {
-    QDateTime when;          ///< of the last complete merge; invalid before it
-    QString problem;         ///< why nothing could be merged, one sentence; empty if it was
+    QDateTime when;   ///< of the last complete merge; invalid before it
+    QString problem;  ///< why nothing could be merged, one sentence; empty if it was
     QList<LeftFile> left;
     qsizetype computers = 0;  ///< this one and those whose files were read
     int skipped = 0;          ///< rows that stay on this computer
@@ -42,21 +42,21 @@ struct Round {
     QByteArray files;           ///< the names, sizes and times of the files that were read
     BookChanges book;           ///< to be stored together with `kept`
     KeptChanges kept;
-    QString ownPath;            ///< the file to be written after that; empty for none
+    QString ownPath;  ///< the file to be written after that; empty for none
     QByteArray ownFile;
     Report report;
 };
 
-/// Reads the files, the book and the state, and merges them. Called on any thread; may take long for a folder on
-/// a network. Opens the day database by a connection of its own, for reading. `now`: the wall clock.
-/// `unchanged`: the `files` of a merge since which the book has not changed; empty for none. Throws RunTimeError
-/// if book or state cannot be read now; problems of the folder are reported.
+/// Reads the files, the book and the state, and merges them. Called on any thread; may take long for a folder
+/// on a network. Opens the day database by a connection of its own, for reading. `now`: the wall clock.
+/// `unchanged`: the `files` of a merge since which the book has not changed; empty for none. Throws
+/// RunTimeError if book or state cannot be read now; problems of the folder are reported.
 Round PlanRound(const Place& place, const QDateTime& now, const QByteArray& unchanged);
 
-/// Stores the changes of book and state in one transaction over both files, so that after a kill either both or
-/// none have changed: a row that was merged is never taken for a change of the user, nor the other way round.
-/// Returns false, and has changed nothing, if the rows of the book may have changed since `mark`, which was taken
-/// before the round was planned. Throws RunTimeError, and then nothing has changed.
+/// Stores the changes of book and state in one transaction over both files, so that after a kill either both
+/// or none have changed: a row that was merged is never taken for a change of the user, nor the other way
+/// round. Returns false, and has changed nothing, if the rows of the book may have changed since `mark`,
+/// which was taken before the round was planned. Throws RunTimeError, and then nothing has changed.
 bool StoreRound(store::DayDatabase& database, const Place& place, const Round& round,
                 const store::ChangeMark& mark);
 

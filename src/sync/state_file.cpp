@@ -120,8 +120,8 @@ std::unique_ptr<store::SqliteConnection> OpenFile(const QString& path) {
     return connection;
 }
 
-/// Renames the file together with its journal, which would otherwise be played back into a new one. Returns the
-/// new path, at which there was no file before.
+/// Renames the file together with its journal, which would otherwise be played back into a new one. Returns
+/// the new path, at which there was no file before.
 QString PutAside(const QString& path) {
     const QString stem = path.chopped(3);  // without ".db"
     QString aside = stem + ".damaged.db"_L1;
@@ -138,10 +138,11 @@ QString PutAside(const QString& path) {
 }
 
 Element ElementOf(const store::SqliteStatement& row) {
-    Element element{row.Bytes(0).toByteArray(),
-                    static_cast<quint32>(row.Integer(1)),
-                    {row.Integer(2), static_cast<quint32>(row.Integer(3)), static_cast<quint64>(row.Integer(4))},
-                    row.Integer(5) != 0};
+    Element element{
+        row.Bytes(0).toByteArray(),
+        static_cast<quint32>(row.Integer(1)),
+        {row.Integer(2), static_cast<quint32>(row.Integer(3)), static_cast<quint64>(row.Integer(4))},
+        row.Integer(5) != 0};
     store::RequireTools(row.Integer(1) >= 1 && row.Integer(1) <= kMostCopies);
     store::RequireTools(element.stamp.milliseconds >= 0 && element.stamp.milliseconds <= kLastMoment + 1);
     store::RequireTools(DecodeRow(element.row).has_value());
@@ -168,7 +169,8 @@ std::unique_ptr<store::SqliteConnection> OpenState(const QString& path, QStringL
 KeptState ReadState(store::SqliteConnection& connection) {
     KeptState kept;
     const auto known = [&connection](QLatin1StringView name) {
-        return connection.FirstValue("SELECT value FROM known WHERE name = '" + QByteArray(name.data()) + '\'');
+        return connection.FirstValue("SELECT value FROM known WHERE name = '" + QByteArray(name.data()) +
+                                     '\'');
     };
     kept.replica = known(kReplicaName).toULongLong();
     store::RequireTools(kept.replica != 0);

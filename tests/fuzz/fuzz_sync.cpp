@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Arbitrary files of other computers: each is refused with a reason, or means exactly one state, which is written
-// with the same bytes, and which merges in any order. The last line of an input is replaced by a correct one, so
-// that the fuzzer gets past the checksum; the input is read as it is as well.
+// Arbitrary files of other computers: each is refused with a reason, or means exactly one state, which is
+// written with the same bytes, and which merges in any order. The last line of an input is replaced by a
+// correct one, so that the fuzzer gets past the checksum; the input is read as it is as well.
 
 #include <QCryptographicHash>
 
@@ -55,7 +55,8 @@ void RequireMerges(const ReplicaState& state) {
     Require(ToApply(merged, rows).empty(), "a merged book needs nothing");
     Require(ChangesOf(rows, merged, {kLastMoment, kMostCounter, 1}).empty(), "nor has it changes");
     const ReplicaState emptied = Compared({}, merged, 1, 0);
-    Require(RowsOf(emptied).empty() && Merged(merged, emptied) == emptied, "a deletion is later than what it saw");
+    Require(RowsOf(emptied).empty() && Merged(merged, emptied) == emptied,
+            "a deletion is later than what it saw");
 }
 
 void RequireKept(const QByteArray& bytes) {

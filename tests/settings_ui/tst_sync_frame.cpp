@@ -18,9 +18,10 @@ struct SyncBench : SettingsBench {
     std::function<void()> changed;
 
     SyncBench() {
-        operations.sync = {.status = [this] { return status; },
-                           .mergeNow = [this] { ++merges; },
-                           .listen = [this](std::function<void()> listener) { changed = std::move(listener); }};
+        operations.sync = {
+            .status = [this] { return status; },
+            .mergeNow = [this] { ++merges; },
+            .listen = [this](std::function<void()> listener) { changed = std::move(listener); }};
     }
     ~SyncBench() { form.reset(); }  // it ends its listening
     Q_DISABLE_COPY_MOVE(SyncBench)
@@ -86,6 +87,8 @@ void TstSyncFrame::TheChoicesAreApplied() {
 
 void TstSyncFrame::TheStatusIsShownAsItChanges() {
     SyncBench bench;
+    bench.Open();  // loads the settings
+    bench.form.reset();
     bench.main.further.sync.use = true;
     bench.status = u"まだ合わせていません。"_s;
     bench.OpenPage();
@@ -102,6 +105,8 @@ void TstSyncFrame::TheStatusIsShownAsItChanges() {
 
 void TstSyncFrame::WhatIsStoredIsShown() {
     SyncBench bench;
+    bench.Open();  // loads the settings
+    bench.form.reset();
     bench.main.further.sync = {.use = true, .folder = u"/a"_s, .computer = u"机"_s};
     bench.OpenPage();
     QVERIFY(bench.Button(u"Check80"_s).isChecked());

@@ -102,8 +102,9 @@ void History::Change(std::size_t which) {
     if (kind == 0) {
         return ChangeUnique(computer);
     }
-    const QByteArray row = kind == 1 ? RowNamed("o" + QByteArray::number(which) + QByteArray::number(UpTo(kOwned)))
-                                     : RowNamed("s" + QByteArray::number(UpTo(kShared)));
+    const QByteArray row = kind == 1
+                               ? RowNamed("o" + QByteArray::number(which) + QByteArray::number(UpTo(kOwned)))
+                               : RowNamed("s" + QByteArray::number(UpTo(kShared)));
     const quint32 count = static_cast<quint32>(UpTo(kMostEqual));
     ++Happenings()[count < computer.book[row] ? u"fewer"_s : u"more"_s];
     computer.book[row] = count;

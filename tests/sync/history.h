@@ -12,9 +12,9 @@
 
 namespace tickwell::sync {
 
-/// A random history of three computers whose users change their books while a sync tool carries the files about,
-/// late, twice, cut off or not at all, clocks are set wrong by a day, and programs are killed. Three kinds of rows
-/// have a result that is known without any stamp:
+/// A random history of three computers whose users change their books while a sync tool carries the files
+/// about, late, twice, cut off or not at all, clocks are set wrong by a day, and programs are killed. Three
+/// kinds of rows have a result that is known without any stamp:
 /// - each "unique" row is added once; at the end it is there unless somebody has deleted it;
 /// - an "owned" row is changed by one computer only, which therefore always decides;
 /// - a "shared" row is decided by a computer that alone has changed it since all were equal.
@@ -22,7 +22,8 @@ class History {
 public:
     explicit History(unsigned seed);
 
-    /// Runs it to its end, at which all files have been seen by all. Returns an empty text, or what went wrong.
+    /// Runs it to its end, at which all files have been seen by all. Returns an empty text, or what went
+    /// wrong.
     QString Run();
 
     /// What has happened in all histories of the process, so that a test sees that nothing was left out.
@@ -36,8 +37,8 @@ private:
         quint64 replica = 0;
         Book book;
         ReplicaState state;
-        Folder folder;       // as its sync tool shows it
-        qint64 offset = 0;   // of its clock, ms
+        Folder folder;                 // as its sync tool shows it
+        qint64 offset = 0;             // of its clock, ms
         std::set<QByteArray> touched;  // shared rows changed since all were equal
     };
 
@@ -62,8 +63,8 @@ private:
     std::array<Computer, 3> m_computers;
     qint64 m_time = 1'764'000'000'000;
     int m_unique = 0;
-    std::set<QByteArray> m_there;  // unique rows that nobody has deleted
-    Book m_settled;                // shared rows when all were equal
+    std::set<QByteArray> m_there;                       // unique rows that nobody has deleted
+    Book m_settled;                                     // shared rows when all were equal
     std::vector<std::pair<QString, QByteArray>> m_old;  // earlier contents of files
     QString m_fault;
 };

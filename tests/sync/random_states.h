@@ -17,7 +17,8 @@ inline ReplicaState RandomState(std::mt19937& random) {
     for (int i = upTo(8); i > 0; --i) {
         const QByteArray row = "Holiday\t2026-01-0" + QByteArray::number(1 + upTo(3));
         const auto copy = static_cast<quint32>(1 + upTo(2));
-        elements[{row, copy}] = {row, copy, {upTo(2), static_cast<quint32>(upTo(1)), quint64(1 + upTo(1))}, upTo(1) == 1};
+        elements[{row, copy}] = {
+            row, copy, {upTo(2), static_cast<quint32>(upTo(1)), quint64(1 + upTo(1))}, upTo(1) == 1};
     }
     ReplicaState state;
     for (const auto& [key, element] : elements) {

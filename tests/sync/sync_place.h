@@ -14,18 +14,23 @@ namespace tickwell::sync {
 class SyncComputer {
 public:
     SyncComputer(QString folder, const QString& name)
-        : m_place{std::move(folder), name, m_store.Path(), QDir(m_store.Folder()).filePath(QString(kStateFile))} {}
+        : m_place{std::move(folder), name, m_store.Path(),
+                  QDir(m_store.Folder()).filePath(QString(kStateFile))} {}
 
     const Place& Where() const { return m_place; }
     Place& Where() { return m_place; }
-    QString OwnFile() const { return QDir(m_place.folder).filePath(m_place.computer + QString(kDayFileSuffix)); }
+    QString OwnFile() const {
+        return QDir(m_place.folder).filePath(m_place.computer + QString(kDayFileSuffix));
+    }
 
     QStringList Raw(const QByteArray& sql) const { return m_store.Raw(sql); }
 
     void Add(const QByteArray& name) const {
         Raw(R"(INSERT INTO "Kinenbi"("Name","Year","Month","Day","Week") VALUES(')" + name + "',0,5,5,0)");
     }
-    void Delete(const QByteArray& name) const { Raw(R"(DELETE FROM "Kinenbi" WHERE "Name" = ')" + name + '\''); }
+    void Delete(const QByteArray& name) const {
+        Raw(R"(DELETE FROM "Kinenbi" WHERE "Name" = ')" + name + '\'');
+    }
     QStringList Names() const { return Raw(R"(SELECT "Name" FROM "Kinenbi" ORDER BY "Name")"); }
 
     /// All rows of all tables, sorted.

@@ -104,17 +104,21 @@ void TstDayFile::OtherFilesAreRefused_data() {
     QTest::newRow("a good line") << withLine("+\t1\t2\t00000000000000ab\t1\t" + row) << DayFileFault::None;
     QTest::newRow("neither there nor gone") << withLine("*\t1\t2\t00000000000000ab\t1\t" + row) << damaged;
     QTest::newRow("a negative time") << withLine("+\t-1\t2\t00000000000000ab\t1\t" + row) << damaged;
-    QTest::newRow("after the year 9999") << withLine("+\t253402300800000\t2\t00000000000000ab\t1\t" + row) << damaged;
-    QTest::newRow("a counter near its end") << withLine("+\t1\t2147483648\t00000000000000ab\t1\t" + row) << damaged;
+    QTest::newRow("after the year 9999")
+        << withLine("+\t253402300800000\t2\t00000000000000ab\t1\t" + row) << damaged;
+    QTest::newRow("a counter near its end")
+        << withLine("+\t1\t2147483648\t00000000000000ab\t1\t" + row) << damaged;
     QTest::newRow("copy 0") << withLine("+\t1\t2\t00000000000000ab\t0\t" + row) << damaged;
-    QTest::newRow("copy a million and one") << withLine("+\t1\t2\t00000000000000ab\t1000001\t" + row) << damaged;
+    QTest::newRow("copy a million and one")
+        << withLine("+\t1\t2\t00000000000000ab\t1000001\t" + row) << damaged;
     QTest::newRow("no row") << withLine("+\t1\t2\t00000000000000ab\t1") << damaged;
     QTest::newRow("an unknown row") << withLine("+\t1\t2\t00000000000000ab\t1\tOther\t1") << damaged;
     QTest::newRow("an empty line") << withLine("") << damaged;
-    QTest::newRow("a line of 10 MB")
-        << withLine("+\t1\t2\t00000000000000ab\t1\tKinenbi\t" + QByteArray(10'000'000, 'a') + "\t0\t1\t1\t0")
-        << damaged;
-    QTest::newRow("a number of 10 MB") << withLine("+\t" + QByteArray(10'000'000, '1') + "\t1\t\t") << damaged;
+    QTest::newRow("a line of 10 MB") << withLine("+\t1\t2\t00000000000000ab\t1\tKinenbi\t" +
+                                                 QByteArray(10'000'000, 'a') + "\t0\t1\t1\t0")
+                                     << damaged;
+    QTest::newRow("a number of 10 MB")
+        << withLine("+\t" + QByteArray(10'000'000, '1') + "\t1\t\t") << damaged;
 }
 
 void TstDayFile::OtherFilesAreRefused() {

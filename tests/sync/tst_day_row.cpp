@@ -6,7 +6,6 @@
 using namespace tickwell;
 using namespace tickwell::sync;
 
-
 /// A row as one line.
 class TstDayRow : public QObject {
     Q_OBJECT
@@ -27,12 +26,15 @@ void TstDayRow::ARowIsItsTableAndItsValues_data() {
     QTest::newRow("anniversary") << "Kinenbi" << QByteArrayList{"結婚記念日", "0", "5", "0", "22"}
                                  << QByteArray("Kinenbi\t結婚記念日\t0\t5\t0\t22");
     QTest::newRow("escapes") << "Kinenbi"
-                             << QByteArrayList{QByteArray("a\tb\nc\rd\\e\0f", 11), "-1", "2147483647", "0", "0"}
+                             << QByteArrayList{QByteArray("a\tb\nc\rd\\e\0f", 11), "-1", "2147483647", "0",
+                                               "0"}
                              << QByteArray("Kinenbi\ta\\tb\\nc\\rd\\\\e\\0f\t-1\t2147483647\t0\t0");
     QTest::newRow("not UTF-8") << "Syukuzitu" << QByteArrayList{"\xff\xfe", "1", "2"}
                                << QByteArray("Syukuzitu\t\xff\xfe\t1\t2");
-    QTest::newRow("no name") << "Syukuzitu" << QByteArrayList{"", "1", "2"} << QByteArray("Syukuzitu\t\t1\t2");
-    QTest::newRow("mark") << "Usuallyday" << QByteArrayList{"2026-11-23"} << QByteArray("Usuallyday\t2026-11-23");
+    QTest::newRow("no name") << "Syukuzitu" << QByteArrayList{"", "1", "2"}
+                             << QByteArray("Syukuzitu\t\t1\t2");
+    QTest::newRow("mark") << "Usuallyday" << QByteArrayList{"2026-11-23"}
+                          << QByteArray("Usuallyday\t2026-11-23");
 }
 
 void TstDayRow::ARowIsItsTableAndItsValues() {
@@ -53,7 +55,8 @@ void TstDayRow::SomeRowsStayOnTheirComputer_data() {
     QTest::newRow("beyond 32 bits") << "Kinenbi" << QByteArrayList{"a", "2147483648", "1", "1", "0"};
     QTest::newRow("no date") << "Holiday" << QByteArrayList{"2026-02-30"};
     QTest::newRow("another form of a date") << "Holiday" << QByteArrayList{"2026-2-3"};
-    QTest::newRow("too long") << "Kinenbi" << QByteArrayList{QByteArray(kLongestRow, 'a'), "0", "1", "1", "0"};
+    QTest::newRow("too long") << "Kinenbi"
+                              << QByteArrayList{QByteArray(kLongestRow, 'a'), "0", "1", "1", "0"};
 }
 
 void TstDayRow::SomeRowsStayOnTheirComputer() {

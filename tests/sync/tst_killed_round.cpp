@@ -61,7 +61,8 @@ void TstKilledRound::AfterAKillBookAndStateAgree() {
         for (int i = 0; i < 20; ++i) {
             study.Add("come " + number + ' ' + QByteArray::number(i));
         }
-        study.Raw(R"(DELETE FROM "Kinenbi" WHERE "id" IN (SELECT "id" FROM "Kinenbi" ORDER BY random() LIMIT 15))");
+        study.Raw(
+            R"(DELETE FROM "Kinenbi" WHERE "id" IN (SELECT "id" FROM "Kinenbi" ORDER BY random() LIMIT 15))");
         study.Merge();
         const BookRows before = InTheBook(laptop);
         store::LastOf(longest, [&laptop](int) { laptop.Merge(); });

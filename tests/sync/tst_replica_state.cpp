@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <QTest>
 
-#include "sync/random_states.h"
 #include "support/random_count.h"
+#include "sync/random_states.h"
 
 using namespace tickwell;
 using namespace tickwell::sync;
@@ -131,7 +131,8 @@ void TstReplicaState::InAnotherBookNothingCountsAsDeleted() {
 
 void TstReplicaState::WhatTheBookLacksOrHasTooOftenIsApplied() {
     const ReplicaState state{There(1, 7), There(2, 3), There(1, 2, kOther)};
-    QCOMPARE(ToApply(state, {{kRow, 3}}), (std::vector<RowChange>{{kOther, 0, 1, {2, 0, 1}}, {kRow, 3, 2, {7, 0, 1}}}));
+    QCOMPARE(ToApply(state, {{kRow, 3}}),
+             (std::vector<RowChange>{{kOther, 0, 1, {2, 0, 1}}, {kRow, 3, 2, {7, 0, 1}}}));
     QVERIFY(ToApply(state, {{kRow, 2}, {kOther, 1}}).empty());
 }
 

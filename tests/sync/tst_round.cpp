@@ -107,7 +107,8 @@ void TstRound::EqualRowsAreCounted() {
     study.Merge();
     laptop.Merge();
     QCOMPARE(laptop.Names(), (QStringList{u"both"_s, u"twice"_s, u"twice"_s}));
-    laptop.Raw(R"(DELETE FROM "Kinenbi" WHERE "id" = (SELECT max("id") FROM "Kinenbi" WHERE "Name" = 'twice'))");
+    laptop.Raw(
+        R"(DELETE FROM "Kinenbi" WHERE "id" = (SELECT max("id") FROM "Kinenbi" WHERE "Name" = 'twice'))");
     laptop.Merge();
     study.Merge();
     QCOMPARE(study.Names(), (QStringList{u"both"_s, u"twice"_s}));
@@ -122,16 +123,18 @@ void TstRound::RowsComeInTheOrderInWhichTheyWereAdded() {
         study.Merge();
     }
     laptop.Merge();
-    QCOMPARE(laptop.Raw(R"(SELECT "Name" FROM "Kinenbi" ORDER BY "id")"), (QStringList{u"z"_s, u"m"_s, u"a"_s}));
+    QCOMPARE(laptop.Raw(R"(SELECT "Name" FROM "Kinenbi" ORDER BY "id")"),
+             (QStringList{u"z"_s, u"m"_s, u"a"_s}));
 }
 
 void TstRound::AnyBytesOfANameArrive() {
     const QTemporaryDir folder;
     SyncComputer study(folder.path(), u"study"_s);
     SyncComputer laptop(folder.path(), u"laptop"_s);
-    for (const char* bytes : {"X''", "X'00'", "X'61006200'", "X'FFFE'", "X'0A0D095C'", "X'EDA080'", "X'EFBBBF'"}) {
-        study.Raw(QByteArray(R"(INSERT INTO "Kinenbi"("Name","Year","Month","Day","Week") VALUES(CAST()") + bytes +
-                  " AS TEXT),0,1,1,0)");
+    for (const char* bytes :
+         {"X''", "X'00'", "X'61006200'", "X'FFFE'", "X'0A0D095C'", "X'EDA080'", "X'EFBBBF'"}) {
+        study.Raw(QByteArray(R"(INSERT INTO "Kinenbi"("Name","Year","Month","Day","Week") VALUES(CAST()") +
+                  bytes + " AS TEXT),0,1,1,0)");
     }
     study.Merge();
     laptop.Merge();

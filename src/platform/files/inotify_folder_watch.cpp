@@ -31,8 +31,7 @@ InotifyFolderWatch::~InotifyFolderWatch() {
 bool InotifyFolderWatch::Watch(const QString& folder, std::function<void()> changed) {
     Stop();
     m_inotify = inotify_init1(IN_NONBLOCK | IN_CLOEXEC);
-    if (m_inotify < 0 ||
-        inotify_add_watch(m_inotify, QFile::encodeName(folder).constData(), kChanges) < 0) {
+    if (m_inotify < 0 || inotify_add_watch(m_inotify, QFile::encodeName(folder).constData(), kChanges) < 0) {
         qCWarning(PlatformLog).noquote() << "the folder is not watched:" << folder << qt_error_string(errno);
         Stop();
         return false;
