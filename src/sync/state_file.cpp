@@ -70,7 +70,7 @@ void SetKnown(store::SqliteConnection& connection, const QByteArray& schema, con
 quint64 NewReplica() {
     quint64 replica = 0;
     while (replica == 0) {
-        replica = QRandomGenerator::system()->generate64();
+        replica = QRandomGenerator::global()->generate64();
     }
     return replica;
 }

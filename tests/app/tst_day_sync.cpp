@@ -170,7 +170,8 @@ void TstDaySync::MarkingThatBeginsMeanwhileIsWaitedFor() {
     bench.Start();
     bench.time.Advance(kSoon);
     bench.isMarking = true;
-    QTest::qWait(300);  // the plan arrives, and must not be stored
+    // The plan arrives, is not stored, and is made again after five seconds.
+    QTRY_COMPARE(bench.time.UntilNext(), std::optional<qint64>(5000));
     QVERIFY(bench.Names().isEmpty());
     bench.isMarking = false;
     QVERIFY(QTest::qWaitFor(

@@ -6,6 +6,7 @@
 
 #include "core/saved_file.h"
 #include "store/day_store.h"
+#include "sync/day_file.h"
 #include "sync/round.h"
 
 namespace tickwell::sync {

@@ -55,7 +55,7 @@ void TstKilledRound::AfterAKillBookAndStateAgree() {
     const int longest = static_cast<int>(timer.nsecsElapsed() / 1000 * 3);
     int stored = 0;
     int unchanged = 0;
-    const int lives = RandomCount(60);
+    const int lives = RandomCount(30);
     for (int life = 0; life < lives; ++life) {
         const QByteArray number = QByteArray::number(life);
         for (int i = 0; i < 20; ++i) {
