@@ -23,8 +23,8 @@ QByteArray NamesOf(const SchemaTable& table) {
 void RawRows::ForEach(
     const SchemaTable& table,
     const std::function<void(qint64 key, const std::vector<QByteArrayView>& values)>& take) const {
-    SqliteStatement& rows = m_database.Connection().Prepared("SELECT \"id\"," + NamesOf(table) + " FROM \"" +
-                                                             table.name.toLatin1() + "\" ORDER BY \"id\"");
+    SqliteStatement& rows = m_database.Connection().Prepared(
+        R"(SELECT "id",)" + NamesOf(table) + R"( FROM ")" + table.name.toLatin1() + R"(" ORDER BY "id")");
     const auto reset = qScopeGuard([&rows] { rows.Reset(); });
     std::vector<QByteArrayView> values(table.columns.size());
     while (rows.Step()) {
@@ -42,8 +42,8 @@ void RawRows::Insert(const SchemaTable& table, const std::vector<QByteArray>& va
         places.append('?' + QByteArray::number(static_cast<qulonglong>(i)));
     }
     SqliteStatement& insert =
-        m_database.Connection().Prepared("INSERT INTO \"" + table.name.toLatin1() + "\"(" + NamesOf(table) +
-                                         ") VALUES(" + places.join(',') + ')');
+        m_database.Connection().Prepared(R"(INSERT INTO ")" + table.name.toLatin1() + R"("()" +
+                                         NamesOf(table) + ") VALUES(" + places.join(',') + ')');
     const auto reset = qScopeGuard([&insert] { insert.Reset(); });
     for (std::size_t i = 0; i < values.size(); ++i) {
         const int index = static_cast<int>(i) + 1;
@@ -58,14 +58,14 @@ void RawRows::Insert(const SchemaTable& table, const std::vector<QByteArray>& va
 
 AttachedFile::AttachedFile(DayDatabase& database, const QString& path) : m_connection(database.Connection()) {
     {
-        SqliteStatement& attach = m_connection.Prepared("ATTACH DATABASE ?1 AS \"attached\"");
+        SqliteStatement& attach = m_connection.Prepared(R"(ATTACH DATABASE ?1 AS "attached")");
         const auto reset = qScopeGuard([&attach] { attach.Reset(); });
         attach.Bind(1, path);
         attach.Step();
     }
     auto detach = qScopeGuard([this] { Detach(); });
     // As the day database itself: otherwise a power cut could restore the one without the other.
-    m_connection.Run("PRAGMA \"attached\".synchronous=EXTRA");
+    m_connection.Run(R"(PRAGMA "attached".synchronous=EXTRA)");
     detach.dismiss();
 }
 
@@ -75,7 +75,7 @@ AttachedFile::~AttachedFile() {
 
 void AttachedFile::Detach() {
     try {
-        m_connection.Run("DETACH DATABASE \"attached\"");
+        m_connection.Run(R"(DETACH DATABASE "attached")");
     } catch (const RunTimeError& error) {
         qCWarning(StoreLog).noquote() << "a file remains attached:" << error.Detail();
     }

@@ -16,7 +16,7 @@ struct DayRow {
 };
 
 /// Longer rows stay on their computer: lines must be readable in bounded memory.
-inline constexpr qsizetype kLongestRow = 256 * 1024;  // bytes as encoded
+inline constexpr qsizetype kLongestRow = qsizetype{256} * 1024;  // bytes as encoded
 
 /// The row in one line without its end: the name of the table and the values, separated by tabs, with "\\",
 /// "\t", "\n", "\r" and "\0" for these characters. Two rows are equal if and only if their texts are. nullopt

@@ -13,7 +13,7 @@ struct HybridStamp {
     quint32 counter = 0;      ///< orders the changes of one millisecond
     quint64 replica = 0;      ///< the computer that made the change
 
-    auto operator<=>(const HybridStamp&) const = default;
+    auto operator<=>(const HybridStamp&) const = default;  // NOLINT(modernize-use-nullptr): a false alarm
 };
 
 inline constexpr qint64 kLastMoment = 253'402'300'799'999;  ///< the end of the year 9999

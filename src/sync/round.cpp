@@ -56,9 +56,9 @@ bool IsAnother(const KeptState& kept, const QString& identity, const BookRows& b
 /// One merge: reads, and collects the result.
 class Planner {
 public:
-    Planner(const Place& place, const QDateTime& now, store::SqliteConnection& state)
+    Planner(const Place& place, QDateTime now, store::SqliteConnection& state)
         : m_place(place),
-          m_now(now),
+          m_now(std::move(now)),
           m_kept(ReadState(state)),
           m_ownName(DayFileName(ComputerName(place.computer))) {
         m_replicas.insert(m_kept.replica);

@@ -73,6 +73,8 @@ private Q_SLOTS:
     void NothingIsMergedWhileDaysAreMarked();
     void MarkingThatBeginsMeanwhileIsWaitedFor();
     void AChangeMeanwhileIsMergedToo();
+    void AChangeMeanwhileIsSentSoon();
+    void AChangeOfTheBookAloneIsMerged();
     void NothingIsMergedWhileTheDatabaseIsInUse();
     void ManyRowsAreStoredOnTheThread();
     void TheEndWaitsForAMergeThatIsStored();
@@ -199,6 +201,36 @@ void TstDaySync::AChangeMeanwhileIsMergedToo() {
     QCOMPARE(bench.Names(), (QStringList{u"a"_s, u"b"_s}));
     bench.other.Merge();
     QCOMPARE(bench.other.Names(), (QStringList{u"a"_s, u"b"_s}));
+}
+
+void TstDaySync::AChangeMeanwhileIsSentSoon() {
+    Bench bench;
+    bench.Start();
+    bench.time.Advance(kSoon);
+    bench.Add(u"b"_s);
+    const qint64 began = bench.time.SinceBoot();
+    QVERIFY(QTest::qWaitFor(
+        [&] {
+            bench.time.Advance(100);
+            bench.other.Merge();
+            return bench.other.Names() == QStringList{u"b"_s};
+        },
+        60'000));
+    QVERIFY(bench.time.SinceBoot() - began < kTenMinutes / 2);
+}
+
+/// Also if the files are those that were read last.
+void TstDaySync::AChangeOfTheBookAloneIsMerged() {
+    Bench bench;
+    bench.Start();
+    QVERIFY(bench.Merge());
+    bench.sync->Request();
+    QVERIFY(bench.Merge());
+    bench.Add(u"a"_s);
+    bench.sync->LookAtBook();
+    QVERIFY(bench.Merge());
+    bench.other.Merge();
+    QCOMPARE(bench.other.Names(), QStringList{u"a"_s});
 }
 
 void TstDaySync::NothingIsMergedWhileTheDatabaseIsInUse() {

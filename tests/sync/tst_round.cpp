@@ -18,6 +18,7 @@ private Q_SLOTS:
     void WhatOneAddsDeletesAndEditsTheOtherHas();
     void RowsOfAllTablesAreMerged();
     void EqualRowsAreCounted();
+    void OfEqualRowsTheLastOneGoes();
     void RowsComeInTheOrderInWhichTheyWereAdded();
     void AnyBytesOfANameArrive();
     void RowsThatOthersCouldNotShowStay();
@@ -101,6 +102,23 @@ void TstRound::EqualRowsAreCounted() {
     laptop.Merge();
     study.Merge();
     QCOMPARE(study.Names(), (QStringList{u"both"_s, u"twice"_s}));
+}
+
+void TstRound::OfEqualRowsTheLastOneGoes() {
+    const QTemporaryDir folder;
+    SyncComputer study(folder.path(), u"study"_s);
+    SyncComputer laptop(folder.path(), u"laptop"_s);
+    for (const char* name : {"twice", "other", "twice"}) {
+        study.Add(name);
+    }
+    study.Merge();
+    laptop.Merge();
+    laptop.Raw(
+        R"(DELETE FROM "Kinenbi" WHERE "id" = (SELECT max("id") FROM "Kinenbi" WHERE "Name" = 'twice'))");
+    laptop.Merge();
+    study.Merge();
+    QCOMPARE(study.Raw(R"(SELECT "Name" FROM "Kinenbi" ORDER BY "id")"),
+             (QStringList{u"twice"_s, u"other"_s}));
 }
 
 void TstRound::RowsComeInTheOrderInWhichTheyWereAdded() {

@@ -128,6 +128,12 @@ void TstRoundFiles::TheOwnFileIsRepaired() {
     WriteAll(study.OwnFile(), "Dear reader,\n");
     QCOMPARE(study.Merge().left.size(), 1);
     QCOMPARE(ReadAll(study.OwnFile()), "Dear reader,\n");
+    // A damaged file that another computer has begun
+    QByteArray others = WriteDayFile({7, u"study"_s, {}});
+    others.chop(3);
+    WriteAll(study.OwnFile(), others);
+    QCOMPARE(study.Merge().left.size(), 1);
+    QCOMPARE(ReadAll(study.OwnFile()), others);
     // Before this computer has ever written its file, a damaged one may be another's.
     SyncComputer laptop(folder.path(), u"laptop"_s);
     WriteAll(laptop.OwnFile(), "");
