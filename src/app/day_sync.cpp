@@ -103,8 +103,14 @@ void DaySync::OnThread(Job job, Then then) {
         QMetaObject::invokeMethod(
             QCoreApplication::instance(),
             [self, then, result] {
-                if (self.lock()) {
+                const auto owner = self.lock();
+                if (owner == nullptr) {
+                    return;
+                }
+                try {
                     then(*result);
+                } catch (const RunTimeError& error) {
+                    (*owner)->Fail(error.Reason());
                 }
             },
             Qt::QueuedConnection);

@@ -92,20 +92,20 @@ void RunningProgram::FollowSync() {
     } else if (m_sync) {
         m_sync->Follow();
     } else {
-        m_sync =
-            std::make_unique<DaySync>(DaySyncParts{.dayDatabase = m_state.started.dayDatabase,
-                                                   .folder = m_state.started.folder,
-                                                   .clock = m_ports.clock,
-                                                   .timers = m_ports.timers,
-                                                   .settings = settings,
-                                                   .watch = m_ports.makeFolderWatch(),
-                                                   .isMarking = [this] { return m_windows->IsMarking(); },
-                                                   .daysChanged = [this] { m_windows->DaysChanged(); },
-                                                   .statusChanged =
-                                                       [this] {
-                                                           m_syncChanged();
-                                                           m_ports.windowGone();  // much memory was freed
-                                                       }});
+        m_sync = std::make_unique<DaySync>(DaySyncParts{
+            .dayDatabase = m_state.started.dayDatabase,
+            .folder = m_state.started.folder,
+            .clock = m_ports.clock,
+            .timers = m_ports.timers,
+            .settings = settings,
+            .watch = m_ports.makeFolderWatch(),
+            .isMarking = [this] { return m_windows->IsMarking(); },
+            .daysChanged = [this] { m_ports.handlers.Run([this] { m_windows->DaysChanged(); }); },
+            .statusChanged =
+                [this] {
+                    m_syncChanged();
+                    m_ports.windowGone();  // much memory was freed
+                }});
     }
     m_syncChanged();
 }
