@@ -7,6 +7,7 @@ import unittest
 from contextlib import closing
 from datetime import date
 
+from driver.answering import keeps_answering
 from driver.calendar_hand import HOLIDAYS, NORMAL, CalendarHand
 from driver.case import TickwellCase
 from driver.tickwell import make_folder, read_settings, start_tickwell, wait_lines, wait_on_screen
@@ -14,6 +15,7 @@ from driver.tool_windows import choose, press, wait_window
 from driver.waiting import wait_for
 
 KILLS = 12
+MANY = 100_000
 LONG = 60  # s; several merges on a busy machine
 USE = "記念日と休日の印をほかのコンピューターと合わせる"
 
@@ -189,6 +191,31 @@ class Sync(TickwellCase):
         wait_lines(study.app, upper="Tickwell Ver.2")
         self.assertEqual([path.name for path in study.folder.iterdir() if "Sync" in path.name], [])
         self.assertEqual(list(self.shared.iterdir()), [])
+
+    def test_a_hundred_thousand_rows(self):
+        """They arrive, and the window keeps responding meanwhile."""
+        study, laptop = both = self.computers("study", "laptop")
+        study.run(f"""WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < {MANY})
+            INSERT INTO Kinenbi(Name, Year, Month, Day, Week)
+            SELECT '記念日その' || i, 0, 1 + i % 12, 1 + i % 28, 0 FROM n""")
+        laptop.start()
+        wait_on_screen(self.session, laptop.app)
+        wait_for(laptop.file.exists, "the first merge", LONG)
+        before = laptop.file.stat().st_mtime_ns
+
+        def count(computer):
+            return computer.run("SELECT count(*) FROM Kinenbi")[0][0]
+        with keeps_answering(self.session, laptop.app.program):
+            study.start()
+            wait_for(lambda: laptop.file.stat().st_mtime_ns != before, "the rows on the other computer", 4 * LONG)
+        self.assertEqual([count(each) for each in both], [MANY, MANY])
+        study.kill()
+        study.run("DELETE FROM Kinenbi WHERE id % 10 = 0")
+        before = laptop.file.stat().st_mtime_ns
+        with keeps_answering(self.session, laptop.app.program):
+            study.start()
+            wait_for(lambda: laptop.file.stat().st_mtime_ns != before, "the deletions on the other computer", 4 * LONG)
+        self.assertEqual([count(each) for each in both], [MANY * 9 // 10] * 2)
 
     def test_kills(self):
         """Two programs are killed at random moments while days are added and deleted; no row is lost or comes back."""
