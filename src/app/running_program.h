@@ -82,6 +82,9 @@ private:
     QuietRule m_quiet;
     media::VolumeOutput m_sound;  // of time signal and timer
     Media m_media;
+    // Before the windows, which use both while they are destroyed
+    std::unique_ptr<DaySync> m_sync;  // null while the settings do not select it
+    std::function<void()> m_syncChanged = [] {};
     std::unique_ptr<Windows> m_windows;
     std::unique_ptr<shell::Form1> m_form;
     timing::TimingTools* m_timing = nullptr;  // owned by the form's displays
@@ -91,8 +94,6 @@ private:
     std::unique_ptr<RemoteAccess> m_remote;
     std::unique_ptr<MediaKeys> m_mediaKeys;
     std::unique_ptr<Timers> m_timers;
-    std::unique_ptr<DaySync> m_sync;  // null while the settings do not select it
-    std::function<void()> m_syncChanged = [] {};
 };
 
 }  // namespace tickwell::app
