@@ -13,6 +13,7 @@
 #include "platform/desktop/freed_memory.h"
 #include "platform/desktop/x11_requests.h"
 #include "platform/files/ini_file_store.h"
+#include "platform/files/inotify_folder_watch.h"
 
 namespace tickwell::app {
 
@@ -154,7 +155,8 @@ ProgramPorts Program::Ports() {
             .isComposited = [manager = platform::CompositingManager()]() mutable { return manager.Runs(); },
             .isPlacedByCompositor = platform::IsPlacedByCompositor(),
             .passClicks = [](QWindow& window, bool passes) { platform::PassClicks(window, passes); },
-            .windowGone = [this] { m_tidyTimer->Start(); }};
+            .windowGone = [this] { m_tidyTimer->Start(); },
+            .makeFolderWatch = [] { return std::make_unique<platform::InotifyFolderWatch>(); }};
 }
 
 /// Shows one message box and then exits; nothing is saved.

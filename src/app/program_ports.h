@@ -2,6 +2,7 @@
 #pragma once
 
 #include <functional>
+#include <memory>
 
 #include "app/displays.h"
 #include "app/media.h"
@@ -11,6 +12,7 @@
 #include "core/ports/calendar_helper.h"
 #include "core/ports/desktop_notices.h"
 #include "core/ports/do_not_disturb.h"
+#include "core/ports/folder_watch.h"
 #include "shell/main_window.h"
 
 namespace tickwell::app {
@@ -46,7 +48,10 @@ struct ProgramPorts {
     bool isPlacedByCompositor = false;  ///< whether the compositor of a Wayland session places the windows
     /// Sets whether mouse events pass through a window to what is below it.
     std::function<void(QWindow& window, bool passes)> passClicks = [](QWindow&, bool) {};
-    std::function<void()> windowGone = [] {};  ///< called whenever a window or menu was hidden
+    /// Called whenever a window or menu was hidden, or a merge with other computers has ended.
+    std::function<void()> windowGone = [] {};
+    /// Makes a watch of a folder, if one is needed; null if folders cannot be watched.
+    std::function<std::unique_ptr<FolderWatch>()> makeFolderWatch = [] { return nullptr; };
 };
 
 }  // namespace tickwell::app

@@ -73,6 +73,7 @@ void RunningProgram::Start() {
                                                    .player = m_media.System().Player(),
                                                    .drive = m_ports.drive,
                                                    .openWindow = [this] { m_windows->OpenCdPlayer(); }});
+    FollowSync();
 }
 
 void RunningProgram::OpenTimers() {
@@ -88,6 +89,44 @@ void RunningProgram::OpenTimers() {
         .isSilent = [this] { return m_quiet.SilencesTimer(); },
         .isDayOff =
             [this](QDate day) { return days::IsDayOff(m_state.started.dayDatabase, m_holidays, day); }});
+}
+
+void RunningProgram::FollowSync() {
+    const SyncSettings& settings = m_state.started.further.sync;
+    if (!settings.use) {
+        m_sync.reset();
+    } else if (m_sync) {
+        m_sync->Follow();
+    } else {
+        m_sync = std::make_unique<DaySync>(DaySyncParts{
+            .dayDatabase = m_state.started.dayDatabase,
+            .folder = m_state.started.folder,
+            .clock = m_ports.clock,
+            .timers = m_ports.timers,
+            .settings = settings,
+            .watch = m_ports.makeFolderWatch(),
+            .isMarking = [this] { return m_windows->IsMarking(); },
+            .daysChanged = [this] { m_ports.handlers.Run([this] { m_windows->DaysChanged(); }); },
+            .statusChanged =
+                [this] {
+                    m_syncChanged();
+                    m_ports.windowGone();  // much memory was freed
+                }});
+    }
+    m_syncChanged();
+}
+
+settings_ui::SyncOperations RunningProgram::Sync() {
+    return {
+        .status = [this] { return m_sync ? m_sync->StatusText() : QString(); },
+        .mergeNow =
+            [this] {
+                if (m_sync) {
+                    m_sync->Request();
+                }
+            },
+        .listen =
+            [this](std::function<void()> changed) { m_syncChanged = changed ? std::move(changed) : [] {}; }};
 }
 
 void RunningProgram::StartNotices() {
@@ -145,6 +184,7 @@ void RunningProgram::FollowSettings() {
         m_remote->Follow();
         m_mediaKeys->Follow();
         m_quiet.Follow();
+        FollowSync();
     }
 }
 
@@ -170,8 +210,15 @@ WindowsParts RunningProgram::PartsOfWindows() {
             .isComposited = m_ports.isComposited,
             .isPlacedByCompositor = m_ports.isPlacedByCompositor,
             .hasTray = [this] { return m_ports.tray.IsThere(); },
-            .gone = m_ports.windowGone,
+            .gone =
+                [this] {
+                    m_ports.windowGone();
+                    if (m_sync) {
+                        m_sync->LookAtBook();
+                    }
+                },
             .applied = [this] { FollowSettings(); },
+            .sync = Sync(),
             .closeTools = [this] { m_timers.reset(); },
             .openTools =
                 [this] {
@@ -280,6 +327,7 @@ timing::TimingParts RunningProgram::Timing() {
 }
 
 void RunningProgram::MainWindowClosed() {
+    m_sync.reset();
     m_dayNotices.reset();
     m_dailyBackup.reset();
     m_countdownNotice.reset();

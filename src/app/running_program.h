@@ -8,6 +8,7 @@
 #include "app/countdown_notice.h"
 #include "app/daily_backup.h"
 #include "app/day_notices.h"
+#include "app/day_sync.h"
 #include "app/displays.h"
 #include "app/media.h"
 #include "app/media_keys.h"
@@ -73,6 +74,8 @@ private:
     void StartNotices();
     void StartBackups();
     void OpenTimers();
+    void FollowSync();
+    settings_ui::SyncOperations Sync();
 
     ProgramPorts m_ports;
     ProgramState& m_state;
@@ -82,6 +85,9 @@ private:
     QuietRule m_quiet;
     media::VolumeOutput m_sound;  // of time signal and timer
     Media m_media;
+    // Before the windows, which use both while they are destroyed
+    std::unique_ptr<DaySync> m_sync;  // null while the settings do not select it
+    std::function<void()> m_syncChanged = [] {};
     std::unique_ptr<Windows> m_windows;
     std::unique_ptr<shell::Form1> m_form;
     timing::TimingTools* m_timing = nullptr;  // owned by the form's displays

@@ -151,6 +151,7 @@ std::unique_ptr<settings_ui::Form2> Windows::MakeSettings() {
     operations.holidayList = HolidayList();
     operations.exchange = Exchange();
     operations.backups = m_backups.Operations();
+    operations.sync = m_parts.sync;
     operations.isComposited = m_parts.isComposited;
     operations.hasTray = m_parts.hasTray;
     operations.lookForNotices = [&notices = m_parts.notices](std::function<void(bool isThere)> onAnswer) {
@@ -223,6 +224,11 @@ void Windows::RefreshCalendar() {
     if (m_calendar != nullptr && m_parts.dayDatabase.TryOpen()) {
         m_calendar->Refresh();
     }
+}
+
+void Windows::DaysChanged() {
+    m_mainWindow->RaiseRefresh();
+    RefreshCalendar();
 }
 
 void Windows::SetMainWindow(shell::Form1& mainWindow) {

@@ -43,6 +43,7 @@ struct WindowsParts {
     std::function<void()> applied;       ///< called when the settings have changed
     std::function<void()> closeTools;    ///< as in BackupDeskParts
     std::function<void()> openTools;
+    settings_ui::SyncOperations sync;
 };
 
 /// The help for a modal window: it stays usable while that window is open.
@@ -90,6 +91,10 @@ public:
     HelpViewer& Help() { return m_help; }
     DayFileJobs& DayFiles() { return m_dayFiles; }
 
+    /// Whether the calendar shows marks of days that are not stored yet.
+    bool IsMarking() const { return m_calendar != nullptr && m_calendar->IsMarking(); }
+    /// Shows again what depends on the day database.
+    void DaysChanged();
     /// Moves a window that is about to be shown near the main one.
     void Place(QWidget& window);
 

@@ -11,6 +11,7 @@
 #include "core/notice_settings.h"
 #include "core/quiet_settings.h"
 #include "core/remote_settings.h"
+#include "core/sync_settings.h"
 
 namespace tickwell {
 
@@ -64,6 +65,7 @@ struct FurtherSettings {
     QuietSettings quiet{};
     NoticeSettings notices{};
     BackupSettings backup{};
+    SyncSettings sync{};
 
     bool operator==(const FurtherSettings&) const = default;
 };

@@ -168,6 +168,10 @@ constexpr std::array kFurtherKeys{
                [](StoredSettings& s) -> Field { return &s.further.notices.tellsCountdown; }},
     SettingKey{u"Backup", u"Daily", u"False",
                [](StoredSettings& s) -> Field { return &s.further.backup.daily; }},
+    SettingKey{u"Sync", u"Use", u"False", [](StoredSettings& s) -> Field { return &s.further.sync.use; }},
+    SettingKey{u"Sync", u"Folder", u"", [](StoredSettings& s) -> Field { return &s.further.sync.folder; }},
+    SettingKey{u"Sync", u"Computer", u"",
+               [](StoredSettings& s) -> Field { return &s.further.sync.computer; }},
 };
 
 constexpr std::array<QStringView, 27> kWriteOrder{

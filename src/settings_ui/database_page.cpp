@@ -20,7 +20,8 @@ DatabasePage::DatabasePage(const SettingsParts& parts, SettingsDraft& draft, QWi
       m_parts(parts),
       m_compactButton(controls::MakeButton(u"Command4"_s, u"データベースの最適化＞＞"_s, this, parts.handlers,
                                            [this] { Command4_Click(); })),
-      m_progress(controls::Named(new QLabel(u"最適化しています…"_s, this), u"Progress"_s)) {
+      m_progress(controls::Named(new QLabel(u"最適化しています…"_s, this), u"Progress"_s)),
+      m_syncFrame(new SyncFrame(parts, draft, this)) {
     setObjectName(u"Picture5"_s);
     auto* frame =
         controls::Named(new QGroupBox(u"記念日/スケジュール データベースの最適化"_s, this), u"Frame11"_s);
@@ -44,6 +45,7 @@ DatabasePage::DatabasePage(const SettingsParts& parts, SettingsDraft& draft, QWi
     rows->addWidget(frame);
     rows->addWidget(new ExchangeFrame(parts, this));
     rows->addWidget(new BackupFrame(parts, draft, this));
+    rows->addWidget(m_syncFrame);
     rows->addStretch();
 }
 

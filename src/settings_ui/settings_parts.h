@@ -52,6 +52,14 @@ struct BackupOperations {
     std::function<void(const QString& folder, std::function<void()> done)> readAll;
 };
 
+/// What the settings dialog shows and does about the merge with other computers.
+struct SyncOperations {
+    std::function<QString()> status = [] { return QString(); };  ///< a few lines; empty while it is off
+    std::function<void()> mergeNow = [] {};                      ///< begins a merge and returns
+    /// `changed` is called whenever the status has changed; an empty function ends that.
+    std::function<void(std::function<void()> changed)> listen = [](const std::function<void()>&) {};
+};
+
 /// Functions of the program that the settings dialog calls.
 struct SettingsOperations {
     /// Applies the changed settings to the main window. Throws RunTimeError.
@@ -78,6 +86,7 @@ struct SettingsOperations {
         [](const std::function<void(bool isThere)>& onAnswer) { onAnswer(true); };
     ExchangeOperations exchange = {};
     BackupOperations backups{};
+    SyncOperations sync{};
 };
 
 /// References that the settings dialog uses; all outlive it.

@@ -11,7 +11,6 @@
 #include "controls/control_making.h"
 #include "controls/help_key.h"
 #include "controls/tab_order.h"
-#include "settings_ui/database_page.h"
 
 namespace tickwell::settings_ui {
 
@@ -31,7 +30,8 @@ Form2::Form2(const SettingsParts& parts, QWidget* parent)
           m_parts, m_draft, [this] { ShowTodaysCalendar(); }, this)),
       m_facePage(new FacePage(m_parts, m_draft, this)),
       m_remotePage(new RemotePage(m_parts, m_draft, this)),
-      m_noticesPage(new NoticesPage(m_parts, m_draft, this)) {
+      m_noticesPage(new NoticesPage(m_parts, m_draft, this)),
+      m_databasePage(new DatabasePage(m_parts, m_draft, this)) {
     setObjectName(u"Form2"_s);
     setWindowTitle(u"環境設定"_s);
     setWindowModality(Qt::ApplicationModal);
@@ -39,7 +39,7 @@ Form2::Form2(const SettingsParts& parts, QWidget* parent)
     m_pages->addTab(m_clockPage, u"時計"_s);
     m_pages->addTab(m_rollPage, u"ロール"_s);
     m_pages->addTab(m_chimePage, u"時報"_s);
-    m_pages->addTab(new DatabasePage(m_parts, m_draft, this), u"データベース"_s);
+    m_pages->addTab(m_databasePage, u"データベース"_s);
     m_pages->addTab(m_calendarPage, u"暦"_s);
     m_pages->addTab(m_correctionsPage, u"動作"_s);
     m_pages->addTab(m_facePage, u"窓"_s);
@@ -83,6 +83,7 @@ void Form2::Form_Load() {
     m_facePage->Form_Load();
     m_remotePage->Form_Load();
     m_noticesPage->Form_Load();
+    m_databasePage->Form_Load();
     m_pages->tabBar()->setFocus();
 }
 

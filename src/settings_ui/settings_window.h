@@ -9,6 +9,7 @@
 #include "settings_ui/chime_page.h"
 #include "settings_ui/clock_page.h"
 #include "settings_ui/corrections_page.h"
+#include "settings_ui/database_page.h"
 #include "settings_ui/face_page.h"
 #include "settings_ui/notices_page.h"
 #include "settings_ui/remote_page.h"
@@ -55,6 +56,7 @@ private:
     FacePage* m_facePage;
     RemotePage* m_remotePage;
     NoticesPage* m_noticesPage;
+    DatabasePage* m_databasePage;
 };
 
 }  // namespace tickwell::settings_ui

@@ -100,8 +100,10 @@ public:
     bool IsInTransaction() const { return m_connection && m_connection->IsInTransaction(); }
 
 private:
+    friend class AttachedFile;
     friend class DayTransaction;
     friend class LargeCache;
+    friend class RawRows;
     friend class RowSearch;
 
     void Open(LockedOpening opening);

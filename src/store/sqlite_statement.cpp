@@ -27,9 +27,14 @@ void SqliteStatement::Bind(int index, qint64 value) {
 }
 
 void SqliteStatement::Bind(int index, const QString& value) {
-    const QByteArray bytes = ToSqliteText(value);
-    Check(sqlite3_bind_text64(m_statement.get(), index, bytes.constData(),
-                              static_cast<sqlite3_uint64>(bytes.size()), SQLITE_TRANSIENT, SQLITE_UTF8));
+    BindBytes(index, ToSqliteText(value));
+}
+
+void SqliteStatement::BindBytes(int index, QByteArrayView bytes) {
+    // An empty text is not NULL, which a null pointer would be.
+    const char* const start = bytes.isEmpty() ? "" : bytes.data();
+    Check(sqlite3_bind_text64(m_statement.get(), index, start, static_cast<sqlite3_uint64>(bytes.size()),
+                              SQLITE_TRANSIENT, SQLITE_UTF8));
 }
 
 bool SqliteStatement::Step() {

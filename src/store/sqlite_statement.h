@@ -19,6 +19,8 @@ public:
     void Bind(int index, qint32 value);
     void Bind(int index, qint64 value);
     void Bind(int index, const QString& value);
+    /// Binds a text by its bytes, which need not be UTF-8.
+    void BindBytes(int index, QByteArrayView bytes);
 
     /// Moves to the next row; false if there is none.
     bool Step();

@@ -41,6 +41,7 @@ constexpr std::array kWindows{
     QStringView(u"AlarmNotice"),
     QStringView(u"AlarmSoundDialog"),
     QStringView(u"LapFileDialog"),
+    QStringView(u"SyncFolderDialog"),
 };
 
 bool IsPopup(const QWidget& window) {
@@ -48,7 +49,7 @@ bool IsPopup(const QWidget& window) {
 }
 
 /// A window and the window that it requires to be open.
-constexpr std::array<std::pair<QStringView, QStringView>, 9> kOver{{
+constexpr std::array<std::pair<QStringView, QStringView>, 10> kOver{{
     {u"Form6", u"Form5"},
     {u"Form9", u"Form5"},
     {u"Form10", u"Form5"},
@@ -58,6 +59,7 @@ constexpr std::array<std::pair<QStringView, QStringView>, 9> kOver{{
     {u"TimerSoundDialog", u"TimersForm"},
     {u"AlarmSoundDialog", u"AlarmsForm"},
     {u"LapFileDialog", u"StopForm"},
+    {u"SyncFolderDialog", u"Form2"},
 }};
 
 constexpr qsizetype kMostBoxes = 8;  // more than this would cover the desktop

@@ -71,6 +71,7 @@ inline constexpr std::array kFurtherFlags{
     FurtherFlag{"Notices", "Counts", [](FurtherSettings& s) -> bool& { return s.notices.counts; }},
     FurtherFlag{"Notices", "Countdown", [](FurtherSettings& s) -> bool& { return s.notices.tellsCountdown; }},
     FurtherFlag{"Backup", "Daily", [](FurtherSettings& s) -> bool& { return s.backup.daily; }},
+    FurtherFlag{"Sync", "Use", [](FurtherSettings& s) -> bool& { return s.sync.use; }},
 };
 
 /// Adds a row for each flag, named after its key, with settings in which only that flag is on.
