@@ -5,12 +5,9 @@
 
 #include "app/about_box.h"
 #include "app/backup_desk.h"
-#include "app/chosen_holidays.h"
 #include "app/day_file_jobs.h"
+#include "app/windows_parts.h"
 #include "book/anniversary_book.h"
-#include "core/ports/autostart.h"
-#include "core/ports/calendar_helper.h"
-#include "core/ports/desktop_notices.h"
 #include "days/calendar_window.h"
 #include "help/help_desk.h"
 #include "media/cd_window.h"
@@ -18,33 +15,6 @@
 #include "shell/main_window.h"
 
 namespace tickwell::app {
-
-/// What the windows work with; all outlive them.
-struct WindowsParts {
-    store::DayDatabase& dayDatabase;
-    ChosenHolidays& holidays;
-    const Clock& clock;
-    TimerSource& timers;
-    Handlers& handlers;
-    MessageBoxes& boxes;
-    DesktopNotices& notices;
-    CalendarHelper& calendarHelper;
-    ProgramStarter& programs;
-    Autostart& autostart;
-    AppSettings& settings;
-    FurtherSettings& further;
-    ProgramFolder folder;
-    media::CdPlayer& cdPlayer;
-    std::function<void(const QString& soundName, qint32 volume)> listen;  ///< plays a sound once
-    std::function<bool()> isComposited;  ///< whether translucent windows can be seen through
-    bool isPlacedByCompositor;           ///< where windows appear is the desktop's choice alone
-    std::function<bool()> hasTray;       ///< whether the desktop has a notification area
-    std::function<void()> gone;          ///< called whenever a window or menu was hidden
-    std::function<void()> applied;       ///< called when the settings have changed
-    std::function<void()> closeTools;    ///< as in BackupDeskParts
-    std::function<void()> openTools;
-    settings_ui::SyncOperations sync;
-};
 
 /// The help for a modal window: it stays usable while that window is open.
 class UnblockedHelp : public HelpViewer {
