@@ -8,8 +8,8 @@
 #include <utility>
 
 #include "controls/control_making.h"
-#include "settings_ui/exchange_frame.h"
 #include "settings_ui/backup_frame.h"
+#include "settings_ui/exchange_frame.h"
 
 namespace tickwell::settings_ui {
 

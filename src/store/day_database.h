@@ -89,8 +89,7 @@ public:
     void DeleteRow(QStringView table, qint64 key);
     void ChangeRow(QStringView table, qint64 key, const std::vector<ColumnValue>& values);
 
-    /// Inserts a row, whatever its values: for names that the SQL dialect cannot write. Every column has a
-    /// value. Throws SqlError.
+    /// Inserts a row with a value for every column, for names the SQL dialect cannot write. Throws SqlError.
     void InsertRow(QStringView table, const std::vector<ColumnValue>& values);
 
     /// Throws SqlError.
@@ -109,7 +108,6 @@ private:
     void Open(LockedOpening opening);
     SqliteConnection& Connection();
     void RunOnRow(const QByteArray& sql, qint64 key, const std::vector<ColumnValue>& values);
-    static void RunWith(SqliteStatement& statement, int bound, const std::vector<ColumnValue>& values);
 
     QString m_path;  // empty: closed
     QString m_shownAs;

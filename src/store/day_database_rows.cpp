@@ -20,6 +20,17 @@ bool IsExact(const ResultRow::Value& value, QByteArrayView bytes) {
     return text == nullptr || !text->contains(QChar::ReplacementCharacter) || ToSqliteText(*text) == bytes;
 }
 
+/// Runs a statement whose first `bound` parameters are bound already.
+void RunWith(SqliteStatement& statement, int bound, const std::vector<ColumnValue>& values) {
+    const auto atRest = qScopeGuard([&statement] { statement.Reset(); });
+    int index = bound;
+    for (const ColumnValue& each : values) {
+        ++index;
+        std::visit([&](const auto& value) { statement.Bind(index, value); }, each.value);
+    }
+    statement.Step();
+}
+
 }  // namespace
 
 std::optional<ResultRow> DayDatabase::ReadRow(QStringView tableName, const FoundRow& row) {
@@ -81,16 +92,6 @@ void DayDatabase::RunOnRow(const QByteArray& sql, qint64 key, const std::vector<
     SqliteStatement& statement = Connection().Prepared(sql);
     statement.Bind(1, key);
     RunWith(statement, 1, values);
-}
-
-void DayDatabase::RunWith(SqliteStatement& statement, int bound, const std::vector<ColumnValue>& values) {
-    const auto atRest = qScopeGuard([&statement] { statement.Reset(); });
-    int index = bound;
-    for (const ColumnValue& each : values) {
-        ++index;
-        std::visit([&](const auto& value) { statement.Bind(index, value); }, each.value);
-    }
-    statement.Step();
 }
 
 }  // namespace tickwell::store
