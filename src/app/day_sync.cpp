@@ -20,7 +20,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int kSoon = 2000;   // ms; several changes are merged at once, and the first frame is shown before
-constexpr int kRetry = 5000;  // ms, while days are marked or the day database is in use
+constexpr int kBusyRetry = 5000;  // ms, while days are marked or the day database is in use
 constexpr int kRegularly = 600'000;         // ms
 constexpr std::size_t kStoredAtOnce = 500;  // rows stored without a thread
 constexpr std::chrono::seconds kPatienceWithFiles{1};
@@ -129,7 +129,7 @@ bool DaySync::MayMerge() {
 void DaySync::Begin() {
     m_soon->Stop();
     if (!MayMerge()) {
-        return Later(kRetry);
+        return Later(kBusyRetry);
     }
     m_isWanted = false;
     try {
@@ -171,7 +171,7 @@ void DaySync::Store(const std::shared_ptr<sync::Round>& round) {
         if (!MayMerge() || m_parts.dayDatabase.Mark() != m_mark) {
             m_isBusy = false;
             m_isWanted = true;
-            return Later(kRetry);
+            return Later(kBusyRetry);
         }
         if (round->book.IsEmpty() || round->book.Count() + round->kept.elements.size() > kStoredAtOnce) {
             return StoreOnThread(round);
@@ -214,7 +214,7 @@ void DaySync::IsStored(const std::shared_ptr<sync::Round>& round, const Stored& 
     if (!stored.isStored) {
         m_isBusy = false;
         m_isWanted = true;
-        return Later(kRetry);
+        return Later(kBusyRetry);
     }
     if (round->book.IsEmpty()) {
         m_mergedMark = m_mark;

@@ -34,6 +34,13 @@ QString RowText(const BackupRow& row) {
            QString::number((row.size + kKilobyte - 1) / kKilobyte) + u"KB";
 }
 
+/// What replaces the days here replaces them on the other computers as well, because a merge cannot tell it
+/// from the user's own changes. A warning for the question; empty without a merge.
+QString OnOthers(const SyncSettings& sync) {
+    return sync.use ? u"\r\n同期しているほかのコンピューターも、次に合わせるときに同じ内容になります。"_s
+                    : QString();
+}
+
 }  // namespace
 
 BackupFrame::BackupFrame(const SettingsParts& parts, SettingsDraft& draft, QWidget* parent)
@@ -121,7 +128,8 @@ void BackupFrame::Restore_Click() {
         this,
         {MessageIcon::Question, u"控えに戻す"_s,
          u"記念日、祝日、休日や半日の設定を、%1の控えに戻します。\r\n今のデータベースは、別の名前で残します。"_s
-             .arg(day.toString(u"yyyy年M月d日"_s))},
+                 .arg(day.toString(u"yyyy年M月d日"_s)) +
+             OnOthers(m_parts.further.sync)},
         [frame = QPointer(this), day](bool isOk) {
             if (frame && isOk) {
                 frame->m_parts.handlers.Run([frame, day] { frame->Restore(day); }, frame);
@@ -148,7 +156,8 @@ void BackupFrame::ReadAll_Click() {
         {.dialogName = u"ReadAllDialog"_s,
          .title = u"書き出したものを読み込む"_s,
          .question =
-             u"記念日、タイマー、アラーム、祝日データを、このフォルダーのものに置き換えます。設定は、次に起動したときに変わります。\r\n今のファイルは、別の名前で残します。"_s,
+             u"記念日、タイマー、アラーム、祝日データを、このフォルダーのものに置き換えます。設定は、次に起動したときに変わります。\r\n今のファイルは、別の名前で残します。"_s +
+             OnOthers(m_parts.further.sync),
          .progress = u"読み込んでいます…"_s,
          .run = m_parts.operations.backups.readAll});
 }

@@ -18,8 +18,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kLongestName = 40;   // characters
-constexpr int kFolderWidth = 160;  // pixels; a long path would widen the whole dialog
+constexpr int kLongestComputer = 40;  // characters
+constexpr int kFolderWidth = 160;     // pixels; a long path would widen the whole dialog
 
 }  // namespace
 
@@ -42,7 +42,7 @@ SyncFrame::SyncFrame(const SettingsParts& parts, SettingsDraft& draft, QWidget* 
     m_folderLabel->setBuddy(m_folder);
     m_computerLabel->setBuddy(m_computer);
     m_folder->setMinimumWidth(kFolderWidth);
-    m_computer->setMaxLength(kLongestName);
+    m_computer->setMaxLength(kLongestComputer);
     m_computer->setPlaceholderText(QSysInfo::machineHostName());
     m_browse->setAccessibleName(u"合わせるためのフォルダーを参照"_s);
     for (QPushButton* button : {m_browse, m_mergeNow}) {

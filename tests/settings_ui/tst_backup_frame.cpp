@@ -80,6 +80,7 @@ private Q_SLOTS:
     void WithoutBackupsNothingCanBeRestored();
     void TheChosenOneIsRestored();
     void ARestoreIsAskedFor();
+    void TheQuestionNamesTheOtherComputers();
     void WhileItRunsTheFrameSaysSo();
     void AFailureGivesTheButtonsBack();
     void TheDialogMayCloseMeanwhile();
@@ -146,6 +147,22 @@ void TstBackupFrame::ARestoreIsAskedFor() {
                       u"今のデータベースは、別の名前で残します。"_s}));
     bench.main.boxes.Answer(false);
     QCOMPARE(bench.asked, QStringList());
+}
+
+void TstBackupFrame::TheQuestionNamesTheOtherComputers() {
+    Bench bench;
+    bench.main.further.sync.use = true;
+    bench.OpenPage();
+    bench.Click(u"Command80"_s);
+    const QString warning = u"同期しているほかのコンピューターも、次に合わせるときに同じ内容になります。"_s;
+    QVERIFY(bench.main.boxes.Asked().constLast().text.endsWith(
+        u"今のデータベースは、別の名前で残します。\r\n"_s + warning));
+    bench.main.boxes.Answer(false);
+    const QTemporaryDir folder;
+    bench.Click(u"Command82"_s);
+    bench.ChooseFolder(u"ReadAllDialog"_s, folder.path());
+    QVERIFY(bench.main.boxes.Asked().constLast().text.endsWith(u"今のファイルは、別の名前で残します。\r\n"_s +
+                                                               warning));
 }
 
 void TstBackupFrame::WhileItRunsTheFrameSaysSo() {
