@@ -19,8 +19,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kSoon = 2000;   // ms; several changes are merged at once, and the first frame is shown before
-constexpr int kBusyRetry = 5000;  // ms, while days are marked or the day database is in use
+constexpr int kSoon = 2000;  // ms; several changes are merged at once, and the first frame is shown before
+constexpr int kBusyRetry = 5000;            // ms, while days are marked or the day database is in use
 constexpr int kRegularly = 600'000;         // ms
 constexpr std::size_t kStoredAtOnce = 500;  // rows stored without a thread
 constexpr std::chrono::seconds kPatienceWithFiles{1};

@@ -30,7 +30,7 @@ QPushButton* MakeOpener(const QString& name, const QString& caption, const QStri
 
 ExchangeFrame::ExchangeFrame(const SettingsParts& parts, QWidget* parent)
     : QGroupBox(u"記念日の受け渡し"_s, parent) {
-    setObjectName(u"Frame21"_s);
+    setObjectName(u"Frame70"_s);
     const ExchangeOperations& open = parts.operations.exchange;
     auto* explanation = new controls::WrappedLabel(
         u"Label21"_s,

@@ -28,17 +28,17 @@ SyncFrame::SyncFrame(const SettingsParts& parts, SettingsDraft& draft, QWidget* 
       m_operations(parts.operations.sync),
       m_draft(draft),
       m_use(controls::Named(new QCheckBox(u"記念日と休日の印をほかのコンピューターと合わせる"_s, this),
-                            u"Check80"_s)),
-      m_folderLabel(controls::MakeLabel(u"Label80"_s, u"フォルダー"_s, this)),
-      m_folder(controls::Named(new QLineEdit(this), u"Text80"_s, u"合わせるためのフォルダー"_s)),
-      m_browse(controls::MakeButton(u"Command80"_s, u"参照..."_s, this, parts.handlers,
+                            u"Check90"_s)),
+      m_folderLabel(controls::MakeLabel(u"Label90"_s, u"フォルダー"_s, this)),
+      m_folder(controls::Named(new QLineEdit(this), u"Text90"_s, u"合わせるためのフォルダー"_s)),
+      m_browse(controls::MakeButton(u"Command90"_s, u"参照..."_s, this, parts.handlers,
                                     [this] { Command80_Click(); })),
-      m_computerLabel(controls::MakeLabel(u"Label81"_s, u"このコンピューターの名前"_s, this)),
-      m_computer(controls::Named(new QLineEdit(this), u"Text81"_s, u"このコンピューターの名前"_s)),
-      m_mergeNow(controls::MakeButton(u"Command81"_s, u"今すぐ合わせる"_s, this, parts.handlers,
+      m_computerLabel(controls::MakeLabel(u"Label91"_s, u"このコンピューターの名前"_s, this)),
+      m_computer(controls::Named(new QLineEdit(this), u"Text91"_s, u"このコンピューターの名前"_s)),
+      m_mergeNow(controls::MakeButton(u"Command91"_s, u"今すぐ合わせる"_s, this, parts.handlers,
                                       [this] { Command81_Click(); })),
-      m_status(new controls::WrappedLabel(u"Label82"_s, {}, this)) {
-    setObjectName(u"Frame80"_s);
+      m_status(new controls::WrappedLabel(u"Label92"_s, {}, this)) {
+    setObjectName(u"Frame90"_s);
     m_folderLabel->setBuddy(m_folder);
     m_computerLabel->setBuddy(m_computer);
     m_folder->setMinimumWidth(kFolderWidth);

@@ -151,8 +151,8 @@ void TstBackupFrame::ARestoreIsAskedFor() {
 
 void TstBackupFrame::TheQuestionNamesTheOtherComputers() {
     Bench bench;
-    bench.main.further.sync.use = true;
     bench.OpenPage();
+    bench.main.further.sync.use = true;
     bench.Click(u"Command80"_s);
     const QString warning = u"同期しているほかのコンピューターも、次に合わせるときに同じ内容になります。"_s;
     QVERIFY(bench.main.boxes.Asked().constLast().text.endsWith(

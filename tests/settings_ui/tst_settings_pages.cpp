@@ -30,6 +30,7 @@ private Q_SLOTS:
     void OnlyOkAndApplyChangeTheAutostart();
     void AnUnchangedAutostartIsNotWritten();
     void AFailedAutostartChangeIsReportedAndTheRestIsApplied();
+    void NoTwoControlsHaveTheSameName();
 };
 
 void TstSettingsPages::initTestCase() {
@@ -209,6 +210,22 @@ void TstSettingsPages::AFailedAutostartChangeIsReportedAndTheRestIsApplied() {
     QVERIFY(bench.form->isVisible());
     QCOMPARE(bench.main.settings.language, 1);
     QCOMPARE(bench.main.Upper().Text(), u"November 15,1998 Sunday"_s);
+}
+
+/// Qt's own parts of controls share names, all of which begin with "qt_".
+void TstSettingsPages::NoTwoControlsHaveTheSameName() {
+    SettingsBench bench;
+    bench.Open();
+    QStringList names;
+    QStringList repeated;
+    for (const QWidget* each : bench.form->findChildren<QWidget*>()) {
+        const QString name = each->objectName();
+        if (!name.isEmpty() && !name.startsWith(u"qt_"_s)) {
+            (names.contains(name) ? repeated : names).append(name);
+        }
+    }
+    QVERIFY(names.contains(u"Frame80"_s));
+    QCOMPARE(repeated, QStringList());
 }
 
 QTEST_MAIN(TstSettingsPages)

@@ -30,9 +30,9 @@ struct SyncBench : SettingsBench {
         Open();
         Child<QTabWidget>(u"TabStrip1"_s).setCurrentIndex(4);
     }
-    QLineEdit& Folder() const { return Child<QLineEdit>(u"Text80"_s); }
-    QLineEdit& Computer() const { return Child<QLineEdit>(u"Text81"_s); }
-    QString Status() const { return Child<QLabel>(u"Label82"_s).text(); }
+    QLineEdit& Folder() const { return Child<QLineEdit>(u"Text90"_s); }
+    QLineEdit& Computer() const { return Child<QLineEdit>(u"Text91"_s); }
+    QString Status() const { return Child<QLabel>(u"Label92"_s).text(); }
 };
 
 }  // namespace
@@ -53,9 +53,9 @@ private Q_SLOTS:
 void TstSyncFrame::ItIsOffAtFirst() {
     SyncBench bench;
     bench.OpenPage();
-    QCOMPARE(bench.Child<QGroupBox>(u"Frame80"_s).title(), u"同期"_s);
-    QVERIFY(!bench.Button(u"Check80"_s).isChecked());
-    for (const auto& name : {u"Text80"_s, u"Text81"_s, u"Command80"_s, u"Command81"_s, u"Label82"_s}) {
+    QCOMPARE(bench.Child<QGroupBox>(u"Frame90"_s).title(), u"同期"_s);
+    QVERIFY(!bench.Button(u"Check90"_s).isChecked());
+    for (const auto& name : {u"Text90"_s, u"Text91"_s, u"Command90"_s, u"Command91"_s, u"Label92"_s}) {
         QVERIFY2(!bench.Child<QWidget>(name).isEnabled(), qPrintable(name));
     }
     bench.Click(u"Command1"_s);
@@ -66,17 +66,17 @@ void TstSyncFrame::SwitchedOnItAsksForTheFolder() {
     SyncBench bench;
     bench.OpenPage();
     QVERIFY(QTest::qWaitForWindowActive(bench.form.get()));
-    bench.Click(u"Check80"_s);
+    bench.Click(u"Check90"_s);
     QVERIFY(bench.Folder().hasFocus());
     QVERIFY(bench.Computer().isEnabled());
-    QVERIFY(!bench.Button(u"Command81"_s).isEnabled());  // nothing is merged before it is applied
+    QVERIFY(!bench.Button(u"Command91"_s).isEnabled());  // nothing is merged before it is applied
     QVERIFY(!bench.Computer().placeholderText().isEmpty());
 }
 
 void TstSyncFrame::TheChoicesAreApplied() {
     SyncBench bench;
     bench.OpenPage();
-    bench.Click(u"Check80"_s);
+    bench.Click(u"Check90"_s);
     QTest::keyClicks(&bench.Folder(), u"/home/me/days"_s);
     QTest::keyClicks(&bench.Computer(), QString(50, u'a'));
     QCOMPARE(bench.main.further.sync, SyncSettings());
@@ -93,12 +93,12 @@ void TstSyncFrame::TheStatusIsShownAsItChanges() {
     bench.status = u"まだ合わせていません。"_s;
     bench.OpenPage();
     QCOMPARE(bench.Status(), bench.status);
-    bench.Click(u"Command81"_s);
+    bench.Click(u"Command91"_s);
     QCOMPARE(bench.merges, 1);
     bench.status = u"最後に合わせた時刻：…"_s;
     bench.changed();
     QCOMPARE(bench.Status(), bench.status);
-    QCOMPARE(bench.Button(u"Check80"_s).accessibleDescription(), bench.status);
+    QCOMPARE(bench.Button(u"Check90"_s).accessibleDescription(), bench.status);
     bench.form.reset();
     QVERIFY(!bench.changed);
 }
@@ -109,7 +109,7 @@ void TstSyncFrame::WhatIsStoredIsShown() {
     bench.form.reset();
     bench.main.further.sync = {.use = true, .folder = u"/a"_s, .computer = u"机"_s};
     bench.OpenPage();
-    QVERIFY(bench.Button(u"Check80"_s).isChecked());
+    QVERIFY(bench.Button(u"Check90"_s).isChecked());
     QCOMPARE(bench.Folder().text(), u"/a"_s);
     QCOMPARE(bench.Computer().text(), u"机"_s);
 }
@@ -117,11 +117,11 @@ void TstSyncFrame::WhatIsStoredIsShown() {
 void TstSyncFrame::EachFieldHasALabel() {
     SyncBench bench;
     bench.OpenPage();
-    QCOMPARE(bench.Child<QLabel>(u"Label80"_s).buddy(), &bench.Folder());
-    QCOMPARE(bench.Child<QLabel>(u"Label81"_s).buddy(), &bench.Computer());
+    QCOMPARE(bench.Child<QLabel>(u"Label90"_s).buddy(), &bench.Folder());
+    QCOMPARE(bench.Child<QLabel>(u"Label91"_s).buddy(), &bench.Computer());
     QVERIFY(!bench.Folder().accessibleName().isEmpty());
     QVERIFY(!bench.Computer().accessibleName().isEmpty());
-    QVERIFY(!bench.Button(u"Command80"_s).accessibleName().isEmpty());
+    QVERIFY(!bench.Button(u"Command90"_s).accessibleName().isEmpty());
 }
 
 QTEST_MAIN(TstSyncFrame)
