@@ -18,6 +18,7 @@
 #include "lines/line_look.h"
 #include "platform/bus/session_bus_look.h"
 #include "platform/desktop/freed_memory.h"
+#include "platform/desktop/pixel_transfer.h"
 #include "platform/desktop/screen_look.h"
 #include "platform/files/base_directories.h"
 #include "shell/main_window_accessible.h"
@@ -81,6 +82,7 @@ int RunWithWindows(int argc, char** argv, tickwell::platform::ScreenLook& screen
     std::vector<char*> arguments = ArgumentsForQt(argc, argv);
     int count = static_cast<int>(arguments.size()) - 1;
     tickwell::lines::PreferJapaneseFonts();
+    tickwell::platform::PaintWithoutSharedMemory();
     tickwell::platform::SessionBusLook sessionBus;
     const QApplication application(count, arguments.data());
     sessionBus.Finish();

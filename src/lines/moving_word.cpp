@@ -6,6 +6,7 @@
 #include <QHelpEvent>
 
 #include "controls/plain_tool_tip.h"
+#include "lines/changed_part.h"
 #include "lines/line_look.h"
 
 namespace tickwell::lines {
@@ -79,11 +80,24 @@ void MovingWord::SetText(const QString& text) {
     if (text == m_text && !wiping) {
         return;
     }
+    const QRect changed = wiping ? rect() : ChangedPart(text);
     TakeText(text);
     if (m_scroll.IsRunning() && Excess(text) <= 0) {
         m_scroll.Stop();
     }
-    m_time.pacer.Request(*this);
+    m_time.pacer.Request(*this, changed);
+}
+
+/// What must be painted for `text` in place of the present one. Most of a running reading remains the same,
+/// and only what is painted is transferred to the screen.
+QRect MovingWord::ChangedPart(const QString& text) const {
+    if (m_outline || m_longText != LongText::CutOff || m_scroll.IsRunning() || isRightToLeft()) {
+        return rect();
+    }
+    const std::optional<TextSpan> span = ChangedSpan(m_text, text, QFontMetricsF(font(), this));
+    return span ? QRectF(kLineIndent + span->begin, 0, span->end - span->begin, height()).toAlignedRect() &
+                      rect()
+                : rect();
 }
 
 void MovingWord::TakeText(const QString& text) {

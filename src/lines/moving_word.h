@@ -83,6 +83,7 @@ protected:
     bool event(QEvent* event) override;
 
 private:
+    QRect ChangedPart(const QString& text) const;
     void TakeText(const QString& text);
     void WipeTick();
     void EndWipe();

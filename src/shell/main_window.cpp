@@ -105,7 +105,10 @@ Form1::Form1(const MainWindowParts& parts)
             display->Wake();
         }
     });
-    m_parts.tray.WhenChanged([this] { Menu_AboutToShow(); });  // updates an open menu
+    m_parts.tray.WhenChanged([this] {
+        m_storage.AreaChanged();
+        Menu_AboutToShow();  // updates an open menu
+    });
 }
 
 DisplayView Form1::ViewForDisplays() {

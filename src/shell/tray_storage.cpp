@@ -9,7 +9,10 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kWatchTick = 2000;  // ms; a panel that restarts is back before the second check
+// ms. A panel that restarts is back before the second check after a change. A bus that hangs reports no
+// change.
+constexpr int kAfterChange = 2000;
+constexpr int kWithoutChange = 60'000;
 
 }  // namespace
 
@@ -18,7 +21,7 @@ TrayStorage::TrayStorage(Tray& tray, QMenu& menu, Handlers& handlers, TimerSourc
     : m_tray(tray),
       m_menu(menu),
       m_onStored(std::move(onStored)),
-      m_watch(handlers.MakeTimer(timers, kWatchTick, [this] { Watch_Timer(); })) {}
+      m_watch(handlers.MakeTimer(timers, kWithoutChange, [this] { Watch_Timer(); })) {}
 
 void TrayStorage::Store() {
     if (m_storing || m_stored || !m_tray.IsThere()) {
@@ -51,7 +54,7 @@ void TrayStorage::IconShown(bool isShown) {
     }
     m_stored = true;
     m_missed = false;
-    m_watch->Start();
+    Watch(kWithoutChange);
     m_onStored(true);
 }
 
@@ -83,7 +86,7 @@ void TrayStorage::KeepIcon(const IconUse& use) {
     m_use = use;
     if (!m_watch->IsRunning()) {
         m_missed = false;
-        m_watch->Start();
+        Watch(kWithoutChange);
     }
     if (!m_hasIcon) {
         ShowIcon();
@@ -112,14 +115,29 @@ void TrayStorage::Remove() {
     m_tray.Hide();
 }
 
+void TrayStorage::Watch(int interval) {
+    m_watch->SetInterval(interval);
+    m_watch->Start();
+}
+
+void TrayStorage::AreaChanged() {
+    if (m_watch->IsRunning()) {
+        Watch(kAfterChange);
+    }
+}
+
 void TrayStorage::Watch_Timer() {
     if (m_tray.IsThere()) {
         m_missed = false;
+        Watch(kWithoutChange);
         if (m_use && !m_hasIcon) {
             ShowIcon();
         }
     } else if (std::exchange(m_missed, true)) {
+        Watch(kWithoutChange);
         AreaGone();
+    } else {
+        Watch(kAfterChange);
     }
 }
 

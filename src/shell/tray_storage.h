@@ -44,6 +44,9 @@ public:
     bool KeepsIcon() const { return m_use.has_value(); }
     bool HasIcon() const { return m_hasIcon; }
 
+    /// Must be called whenever the tray reports a change.
+    void AreaChanged();
+
     /// Only removes the icon; for the end of the program.
     void Remove();
 
@@ -53,6 +56,7 @@ private:
     void SetHasIcon(bool hasIcon);
     void Click();
     void RemoveUnused();
+    void Watch(int interval);
     void Watch_Timer();
     void AreaGone();
 

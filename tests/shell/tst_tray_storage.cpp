@@ -24,6 +24,10 @@ struct Bench {
     int clicks = 0;
     TrayStorage storage{tray, menu, handlers, time, [this](bool stored) { told.append(stored); }};
 
+    Bench() {
+        tray.WhenChanged([this] { storage.AreaChanged(); });
+    }
+
     void Keep() {
         storage.KeepIcon(
             {.changed = [this] { icons.append(storage.HasIcon()); }, .clicked = [this] { ++clicks; }});
@@ -43,6 +47,8 @@ private Q_SLOTS:
     void StoringTwiceIsStoringOnce();
     void TheWindowReturnsIfTheAreaIsGone();
     void TheWindowStaysStoredIfTheAreaRestarts();
+    void AnAreaThatHangsIsNoticedWithinAMinute();
+    void AStoredWindowHardlyTicks();
     void RemovingTheIconDoesNotShowTheWindow();
     void NothingTicksOutsideTheArea();
     void TheWindowGoesWhenTheIconHasCome();
@@ -121,6 +127,31 @@ void TstTrayStorage::TheWindowStaysStoredIfTheAreaRestarts() {
         bench.tray.SetThere(true);
         bench.time.Advance(2000);
     }
+    QVERIFY(bench.storage.IsStored());
+}
+
+void TstTrayStorage::AnAreaThatHangsIsNoticedWithinAMinute() {
+    Bench bench;
+    bench.tray.SetThere(true);
+    bench.storage.Store();
+    bench.tray.WhenChanged(nullptr);
+    bench.tray.SetThere(false);
+    bench.time.Advance(60'000);
+    QVERIFY(bench.storage.IsStored());
+    bench.time.Advance(2000);
+    QVERIFY(!bench.storage.IsStored());
+}
+
+void TstTrayStorage::AStoredWindowHardlyTicks() {
+    Bench bench;
+    bench.tray.SetThere(true);
+    bench.storage.Store();
+    QCOMPARE(bench.time.UntilNext(), 60'000);
+    bench.tray.SetThere(false);
+    bench.time.Advance(1000);
+    bench.tray.SetThere(true);
+    bench.time.Advance(2000);
+    QCOMPARE(bench.time.UntilNext(), 60'000);
     QVERIFY(bench.storage.IsStored());
 }
 

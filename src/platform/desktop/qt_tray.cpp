@@ -1,14 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/desktop/qt_tray.h"
 
-#include <xcb/xcb.h>
-
 #include <QDBusConnection>
-#include <QGuiApplication>
 #include <QMenu>
-#include <cstdlib>
-#include <cstring>
-#include <memory>
 #include <utility>
 
 namespace tickwell::platform {
@@ -35,26 +29,6 @@ MessageBus::Method BusQuestion() {
     return {"org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus", "GetId", {}};
 }
 
-/// Whether the X11 screen has a system tray.
-bool ScreenHostIsThere() {
-    auto* x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
-    if (x11 == nullptr) {
-        return false;
-    }
-    constexpr auto kSelection = "_NET_SYSTEM_TRAY_S0";
-    xcb_connection_t* server = x11->connection();
-    const auto name = xcb_intern_atom(server, 1, static_cast<quint16>(std::strlen(kSelection)), kSelection);
-    const std::unique_ptr<xcb_intern_atom_reply_t, decltype(&std::free)> atom(
-        xcb_intern_atom_reply(server, name, nullptr), &std::free);
-    if (!atom || atom->atom == XCB_ATOM_NONE) {
-        return false;
-    }
-    const auto question = xcb_get_selection_owner(server, atom->atom);
-    const std::unique_ptr<xcb_get_selection_owner_reply_t, decltype(&std::free)> owner(
-        xcb_get_selection_owner_reply(server, question, nullptr), &std::free);
-    return owner && owner->owner != XCB_WINDOW_NONE;
-}
-
 }  // namespace
 
 void QtTray::Later::operator()(QSystemTrayIcon* tray) const {
@@ -62,7 +36,8 @@ void QtTray::Later::operator()(QSystemTrayIcon* tray) const {
     tray->deleteLater();
 }
 
-QtTray::QtTray(std::function<QIcon()> icon) : m_icon(std::move(icon)) {
+QtTray::QtTray(std::function<QIcon()> icon)
+    : m_icon(std::move(icon)), m_screenTray([this] { QTimer::singleShot(0, &m_retry, [this] { Tell(); }); }) {
     const QByteArray watcherComesOrGoes =
         "type='signal',sender='org.freedesktop.DBus',interface='org.freedesktop.DBus',"
         "member='NameOwnerChanged',arg0='" +
@@ -92,14 +67,14 @@ bool QtTray::IsThere() {
     return IsKnownThere();
 }
 
-bool QtTray::IsKnownThere() const {
+bool QtTray::IsKnownThere() {
     switch (m_kind) {
         case HostKind::Undecided:  // Qt would ask the bus first
-            return !m_busHangs && (m_hasBusHost || ScreenHostIsThere());
+            return !m_busHangs && (m_hasBusHost || m_screenTray.IsThere());
         case HostKind::Bus:
             return m_hasBusHost;
         case HostKind::Screen:
-            return ScreenHostIsThere();
+            return m_screenTray.IsThere();
     }
     return false;
 }
@@ -124,7 +99,13 @@ void QtTray::TakeBusHost(const MessageBus::Reply& reply) {
     const bool isOther = hasHost != m_hasBusHost || reply.hangs != m_busHangs;
     m_hasBusHost = hasHost;
     m_busHangs = reply.hangs;
-    if (isOther && m_changed) {
+    if (isOther) {
+        Tell();
+    }
+}
+
+void QtTray::Tell() {
+    if (m_changed) {
         m_changed();
     }
 }

@@ -11,6 +11,7 @@
 
 #include "core/ports/tray.h"
 #include "platform/bus/message_bus.h"
+#include "platform/desktop/x11_tray_watch.h"
 
 namespace tickwell::platform {
 
@@ -45,8 +46,9 @@ private:
     /// The kind of hosts that Qt uses, decided by the first icon for the whole run.
     enum class HostKind { Undecided, Bus, Screen };
 
-    bool IsKnownThere() const;
+    bool IsKnownThere();
     void Look();
+    void Tell();
     void TakeBusHost(const MessageBus::Reply& reply);
     void ShowWanted();
     void PutUp(const Wanted& wanted);
@@ -63,6 +65,7 @@ private:
     Icon m_tray;                     // null unless the icon is shown
     std::vector<Icon> m_leaving;     // until the bus answers
     QTimer m_retry;
+    X11TrayWatch m_screenTray;
 };
 
 }  // namespace tickwell::platform

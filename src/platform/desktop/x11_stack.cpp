@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/desktop/x11_stack.h"
 
+#include <QGuiApplication>
 #include <algorithm>
 #include <string_view>
 #include <utility>
@@ -29,6 +30,27 @@ bool IsViewable(xcb_connection_t* server, xcb_window_t window) {
 
 }  // namespace
 
+X11Stack::~X11Stack() {
+    if (qGuiApp != nullptr) {
+        qGuiApp->removeNativeEventFilter(this);
+    }
+}
+
+bool X11Stack::nativeEventFilter(const QByteArray& type, void* message, qintptr* /*result*/) {
+    constexpr quint8 kSentEvent = 0x80;  // in the type of an event that another client sent
+    if (type != "xcb_generic_event_t" || m_settled == 0 ||
+        (static_cast<xcb_generic_event_t*>(message)->response_type & ~kSentEvent) != XCB_PROPERTY_NOTIFY) {
+        return false;
+    }
+    const quint32 property = static_cast<xcb_property_notify_event_t*>(message)->atom;
+    constexpr std::array kQueried{CheckWindow, Stacking, State, Desktop};
+    if (std::any_of(kQueried.begin(), kQueried.end(),
+                    [&](AtomName name) { return Atom(name) == property; })) {
+        m_settled = 0;
+    }
+    return false;
+}
+
 xcb_connection_t* X11Stack::Server() {
     constexpr std::array<std::string_view, AtomCount> kNames{"_NET_SUPPORTING_WM_CHECK",
                                                              "_NET_WM_STATE",
@@ -47,6 +69,7 @@ xcb_connection_t* X11Stack::Server() {
     xcb_connection_t* server = X11Connection();
     if (server != nullptr && Atom(State) == 0) {
         m_atoms = InternAtoms(server, kNames);
+        qGuiApp->installNativeEventFilter(this);
     }
     return server;
 }
@@ -70,6 +93,7 @@ void X11Stack::Declare(quintptr window, bool inSwitcher) {
     xcb_change_property(server, XCB_PROP_MODE_REPLACE, ours, Atom(UserTime), XCB_ATOM_CARDINAL, 32, 1,
                         &never);
     m_refused = {};
+    m_settled = 0;
     // Compositors based on wlroots ignore that time, but do not focus a window that refuses the focus.
     if (IsPlacedByCompositor()) {
         DeclareAcceptsFocus(server, ours, false);
@@ -120,6 +144,9 @@ void X11Stack::PutAbove(quintptr window) {
         return;
     }
     const auto ours = static_cast<xcb_window_t>(window);
+    if (m_settled == ours) {
+        return;
+    }
     // All requests are sent before the first reply is read: each separate wait would be one more wake-up.
     const auto checkWindow = RequestItems(server, RootOf(server), Atom(CheckWindow));
     const auto stacking = RequestItems(server, RootOf(server), Atom(Stacking));
@@ -139,6 +166,7 @@ void X11Stack::PutAbove(quintptr window) {
             SendToManager(server, ours, Atom(Restack), {kFromPager, 0, XCB_STACK_MODE_ABOVE, 0, 0});
         }
         AskAgain(server, ours, kept);
+        m_settled = isTop && kept.states.contains(Atom(Above)) ? ours : 0;
     }
     if (std::exchange(m_refusesFocus, false)) {
         DeclareAcceptsFocus(server, ours, true);

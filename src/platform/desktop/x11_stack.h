@@ -1,20 +1,29 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <xcb/xcb.h>
+
+#include <QAbstractNativeEventFilter>
 #include <QList>
 #include <array>
 
 #include "core/ports/window_stack.h"
-
-struct xcb_connection_t;
 
 namespace tickwell::platform {
 
 /// The window stack of an X11 screen, through the hints and client messages of EWMH. Restacking is requested
 /// as a panel requests it, because Qt's own way of raising a window gives it the focus under some window
 /// managers. Without a window manager the window is restacked directly. Without X11 nothing happens.
-class X11Stack : public WindowStack {
+///
+/// While the window is on top, and the window manager publishes the stack, nothing is queried until the X
+/// server reports a change: Qt already receives the property changes of the root window and of the window
+/// itself.
+class X11Stack : public WindowStack, private QAbstractNativeEventFilter {
 public:
+    X11Stack() = default;
+    ~X11Stack() override;
+    Q_DISABLE_COPY_MOVE(X11Stack)
+
     void Declare(quintptr window, bool inSwitcher) override;
     void AskForDeclared(quintptr window) override;
     void PutAbove(quintptr window) override;
@@ -47,6 +56,7 @@ private:
         AtomCount
     };
 
+    bool nativeEventFilter(const QByteArray& type, void* message, qintptr* result) override;
     /// The connection, with the atoms interned; null without X11.
     xcb_connection_t* Server();
     quint32 Atom(AtomName name) const { return m_atoms.at(name); }
@@ -58,6 +68,7 @@ private:
     bool m_refusesFocus = false;  // from when the window is declared until it is first raised
     bool m_isInSwitcher = false;  // as declared last
     Kept m_refused;               // the kept states when the last request was refused
+    quint32 m_settled = 0;        // the window that was on top and as declared, with no change since; 0: none
 };
 
 }  // namespace tickwell::platform
