@@ -48,7 +48,7 @@ void FramePacer::AskForFrame() {
 
 void FramePacer::Paint() {
     for (const Waiting& each : m_waiting) {
-        each.widget->update(each.part);
+        each.widget->repaint(each.part);
     }
     m_waiting.clear();
 }

@@ -6,7 +6,6 @@
 #include <QHelpEvent>
 
 #include "controls/plain_tool_tip.h"
-#include "lines/changed_part.h"
 #include "lines/line_look.h"
 
 namespace tickwell::lines {
@@ -90,11 +89,11 @@ void MovingWord::SetText(const QString& text) {
 
 /// What must be painted for `text` in place of the present one. Most of a running reading remains the same,
 /// and only what is painted is transferred to the screen.
-QRect MovingWord::ChangedPart(const QString& text) const {
+QRect MovingWord::ChangedPart(const QString& text) {
     if (m_outline || m_longText != LongText::CutOff || m_scroll.IsRunning() || isRightToLeft()) {
         return rect();
     }
-    const std::optional<TextSpan> span = ChangedSpan(m_text, text, QFontMetricsF(font(), this));
+    const std::optional<TextSpan> span = m_glyphs.ChangedSpan(m_text, text, font(), *this);
     return span ? QRectF(kLineIndent + span->begin, 0, span->end - span->begin, height()).toAlignedRect() &
                       rect()
                 : rect();

@@ -14,6 +14,7 @@
 #include "lines/frame_pacer.h"
 #include "lines/long_text_scroll.h"
 #include "lines/outlined_text.h"
+#include "lines/reading_glyphs.h"
 #include "lines/wipe.h"
 
 namespace tickwell::lines {
@@ -68,13 +69,11 @@ public:
     /// `bringUp` is called before a screen reader reads the text: a running reading changes more often than
     /// the line is updated. It may set the text and must not throw.
     void BringUpForReaders(std::function<void()> bringUp) { m_bringUp = std::move(bringUp); }
-
     /// `told` is called after screen readers have been notified of a new text.
     void WhenTold(std::function<void()> told) { m_told = std::move(told); }
 
     /// The current text, for a screen reader.
     QString ToldText();
-
     /// The height of its font, without margins.
     int TextHeight() const;
 
@@ -83,7 +82,7 @@ protected:
     bool event(QEvent* event) override;
 
 private:
-    QRect ChangedPart(const QString& text) const;
+    QRect ChangedPart(const QString& text);
     void TakeText(const QString& text);
     void WipeTick();
     void EndWipe();
@@ -105,6 +104,7 @@ private:
     qint32 m_foreColor = 0xFFFFFF;
     LongText m_longText = LongText::CutOff;
     std::optional<int> m_outline;  // nullopt: the background is painted
+    ReadingGlyphs m_glyphs;
     OutlinedText m_outlined;
     OutlinedText m_oldOutlined;  // of m_oldText
     std::unique_ptr<Timer> m_wipeTimer;

@@ -4,9 +4,9 @@
 #include <QRandomGenerator>
 #include <QTest>
 
-#include "lines/changed_part.h"
 #include "lines/line_look.h"
 #include "lines/moving_word.h"
+#include "lines/reading_glyphs.h"
 #include "platform/time/virtual_time.h"
 
 using namespace tickwell;
@@ -36,12 +36,15 @@ public:
         picture = Whole();
     }
 
-    /// The line, painted anew.
+    /// The line as another one paints it that has never shown another reading.
     QImage Whole() {
-        word.removeEventFilter(this);
+        MovingWord other{{.clock = time, .timers = time, .pacer = pacer}, nullptr};
+        other.setFixedSize(kLine);
+        other.setFont(word.font());
+        other.SetForeColor(word.ForeColor());
+        other.SetText(word.Text());
         QImage image(kLine, QImage::Format_RGB32);
-        word.render(&image);
-        word.installEventFilter(this);
+        other.render(&image);
         return image;
     }
 
@@ -79,7 +82,7 @@ QFontMetricsF Metrics() {
 }  // namespace
 
 /// Only what a reading changes is repainted, and the line looks as if all of it were.
-class TstChangedPart : public QObject {
+class TstReadingGlyphs : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
@@ -93,7 +96,7 @@ private Q_SLOTS:
     void TwoChangesInAFrameAreBothPainted();
 };
 
-void TstChangedPart::TheLineLooksAsPaintedWhole_data() {
+void TstReadingGlyphs::TheLineLooksAsPaintedWhole_data() {
     QTest::addColumn<QString>("family");
     QTest::addColumn<int>("size");
     QTest::addColumn<bool>("slanted");
@@ -108,7 +111,7 @@ void TstChangedPart::TheLineLooksAsPaintedWhole_data() {
     }
 }
 
-void TstChangedPart::TheLineLooksAsPaintedWhole() {
+void TstReadingGlyphs::TheLineLooksAsPaintedWhole() {
     QFETCH(const QString, family);
     QFETCH(const int, size);
     QFETCH(const bool, slanted);
@@ -135,7 +138,7 @@ void TstChangedPart::TheLineLooksAsPaintedWhole() {
     }
 }
 
-void TstChangedPart::OnlyTheLastDigitsAreRepainted() {
+void TstReadingGlyphs::OnlyTheLastDigitsAreRepainted() {
     Screen screen;
     screen.word.setFont(FontOf({u"ＭＳ Ｐゴシック"_s, 16}));
     screen.Show(u"経過 00:12'34\"56"_s);
@@ -150,7 +153,7 @@ void TstChangedPart::OnlyTheLastDigitsAreRepainted() {
     QVERIFY(screen.asked.boundingRect().right() < kLineIndent + text * 3 / 4);
 }
 
-void TstChangedPart::AllIsRepaintedWhere_data() {
+void TstReadingGlyphs::AllIsRepaintedWhere_data() {
     QTest::addColumn<QString>("before");
     QTest::addColumn<QString>("after");
     QTest::newRow("the same") << u"12:34"_s << u"12:34"_s;
@@ -163,14 +166,17 @@ void TstChangedPart::AllIsRepaintedWhere_data() {
     QTest::newRow("empty") << QString() << u"1"_s;
 }
 
-void TstChangedPart::AllIsRepaintedWhere() {
+void TstReadingGlyphs::AllIsRepaintedWhere() {
     QFETCH(const QString, before);
     QFETCH(const QString, after);
-    QCOMPARE(ChangedSpan(before, after, Metrics()), std::nullopt);
-    QVERIFY(ChangedSpan(u"12:34"_s, u"12:35"_s, Metrics()).has_value());
+    const QFont font = FontOf({u"ＭＳ Ｐゴシック"_s, 16});
+    const QImage device(kLine, QImage::Format_RGB32);
+    ReadingGlyphs glyphs;
+    QVERIFY(!glyphs.ChangedSpan(before, after, font, device));
+    QVERIFY(glyphs.ChangedSpan(u"12:34"_s, u"12:35"_s, font, device));
 }
 
-void TstChangedPart::AColourRepaintsAll() {
+void TstReadingGlyphs::AColourRepaintsAll() {
     Screen screen;
     screen.Show(u"12:34"_s);
     screen.word.SetForeColor(0x00FF00);
@@ -178,7 +184,7 @@ void TstChangedPart::AColourRepaintsAll() {
     QCOMPARE(screen.asked.boundingRect(), QRect(QPoint(), kLine));
 }
 
-void TstChangedPart::TwoChangesInAFrameAreBothPainted() {
+void TstReadingGlyphs::TwoChangesInAFrameAreBothPainted() {
     Screen screen;
     screen.Show(u"12:34"_s);
     screen.word.SetText(u"22:34"_s);
@@ -186,5 +192,5 @@ void TstChangedPart::TwoChangesInAFrameAreBothPainted() {
     QCOMPARE(screen.picture, screen.Whole());
 }
 
-QTEST_MAIN(TstChangedPart)
-#include "tst_changed_part.moc"
+QTEST_MAIN(TstReadingGlyphs)
+#include "tst_reading_glyphs.moc"
