@@ -25,14 +25,15 @@ public:
     platform::VirtualTime time{QDateTime(QDate(1998, 10, 3), QTime(12, 0))};
     FramePacer pacer{time, time};
     MovingWord word{{.clock = time, .timers = time, .pacer = pacer}, nullptr};
-    QImage picture{kLine, QImage::Format_RGB32};
+    qreal ratio;  ///< of the screen's pixels to the program's
+    QImage picture;
     QRegion asked;  ///< in the last frame
 
-    Screen() {
+    explicit Screen(qreal pixelRatio = 1) : ratio(pixelRatio) {
         word.setFixedSize(kLine);
         word.show();
         word.installEventFilter(this);
-        QTest::qWait(1);
+        QCoreApplication::processEvents();
         picture = Whole();
     }
 
@@ -43,7 +44,8 @@ public:
         other.setFont(word.font());
         other.SetForeColor(word.ForeColor());
         other.SetText(word.Text());
-        QImage image(kLine, QImage::Format_RGB32);
+        QImage image(kLine * ratio, QImage::Format_RGB32);
+        image.setDevicePixelRatio(ratio);
         other.render(&image);
         return image;
     }
@@ -100,12 +102,15 @@ void TstReadingGlyphs::TheLineLooksAsPaintedWhole_data() {
     QTest::addColumn<QString>("family");
     QTest::addColumn<int>("size");
     QTest::addColumn<bool>("slanted");
+    QTest::addColumn<qreal>("ratio");
     for (const QString& family :
          {u"ＭＳ Ｐゴシック"_s, u"DejaVu Sans"_s, u"DejaVu Serif"_s, u"Monospace"_s}) {
         for (const int size : {9, 16, 31}) {
             for (const bool slanted : {false, true}) {
-                QTest::addRow("%s %d%s", qPrintable(family), size, slanted ? " slanted" : "")
-                    << family << size << slanted;
+                for (const qreal ratio : {1.0, 1.5, 2.0}) {
+                    QTest::addRow("%s %d%s, %g", qPrintable(family), size, slanted ? " slanted" : "", ratio)
+                        << family << size << slanted << ratio;
+                }
             }
         }
     }
@@ -115,9 +120,10 @@ void TstReadingGlyphs::TheLineLooksAsPaintedWhole() {
     QFETCH(const QString, family);
     QFETCH(const int, size);
     QFETCH(const bool, slanted);
+    QFETCH(const qreal, ratio);
     QFont font = FontOf({family, static_cast<qint16>(size)});
     font.setItalic(slanted);
-    Screen screen;
+    Screen screen(ratio);
     screen.word.setFont(font);
     QCoreApplication::processEvents();
     screen.picture = screen.Whole();
