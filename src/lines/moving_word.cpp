@@ -93,7 +93,7 @@ QRect MovingWord::ChangedPart(const QString& text) {
     if (m_outline || m_longText != LongText::CutOff || m_scroll.IsRunning() || isRightToLeft()) {
         return rect();
     }
-    const std::optional<TextSpan> span = m_glyphs.ChangedSpan(m_text, text, font(), *this);
+    const std::optional<TextSpan> span = m_places.ChangedSpan(m_text, text, font(), *this);
     return span ? QRectF(kLineIndent + span->begin, 0, span->end - span->begin, height()).toAlignedRect() &
                       rect()
                 : rect();

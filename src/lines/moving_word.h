@@ -14,7 +14,7 @@
 #include "lines/frame_pacer.h"
 #include "lines/long_text_scroll.h"
 #include "lines/outlined_text.h"
-#include "lines/reading_glyphs.h"
+#include "lines/reading_places.h"
 #include "lines/wipe.h"
 
 namespace tickwell::lines {
@@ -104,7 +104,7 @@ private:
     qint32 m_foreColor = 0xFFFFFF;
     LongText m_longText = LongText::CutOff;
     std::optional<int> m_outline;  // nullopt: the background is painted
-    ReadingGlyphs m_glyphs;
+    ReadingPlaces m_places;
     OutlinedText m_outlined;
     OutlinedText m_oldOutlined;  // of m_oldText
     std::unique_ptr<Timer> m_wipeTimer;

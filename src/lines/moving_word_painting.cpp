@@ -40,10 +40,6 @@ void MovingWord::DrawPart(QPainter& painter, const QRect& part, const QString& t
         return;
     }
     painter.setClipRect(part);
-    const bool isPlain = !m_outline && offset == 0 && m_longText == LongText::CutOff;
-    if (isPlain && m_glyphs.Draw(painter, part, rect().adjusted(kLineIndent, 0, 0, 0), text, font())) {
-        return;
-    }
     const QString shown = Displayed(text, offset);
     if (m_outline.value_or(0) <= 0) {
         painter.drawText(rect().adjusted(kLineIndent - offset, 0, 0, 0),

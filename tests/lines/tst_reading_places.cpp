@@ -6,7 +6,7 @@
 
 #include "lines/line_look.h"
 #include "lines/moving_word.h"
-#include "lines/reading_glyphs.h"
+#include "lines/reading_places.h"
 #include "platform/time/virtual_time.h"
 
 using namespace tickwell;
@@ -84,7 +84,7 @@ QFontMetricsF Metrics() {
 }  // namespace
 
 /// Only what a reading changes is repainted, and the line looks as if all of it were.
-class TstReadingGlyphs : public QObject {
+class TstReadingPlaces : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
@@ -94,18 +94,19 @@ private Q_SLOTS:
     void OnlyTheLastDigitsAreRepainted();
     void AllIsRepaintedWhere_data();
     void AllIsRepaintedWhere();
+    void LargeGlyphsRepaintAll();
     void AColourRepaintsAll();
     void TwoChangesInAFrameAreBothPainted();
 };
 
-void TstReadingGlyphs::TheLineLooksAsPaintedWhole_data() {
+void TstReadingPlaces::TheLineLooksAsPaintedWhole_data() {
     QTest::addColumn<QString>("family");
     QTest::addColumn<int>("size");
     QTest::addColumn<bool>("slanted");
     QTest::addColumn<qreal>("ratio");
     for (const QString& family :
          {u"ＭＳ Ｐゴシック"_s, u"DejaVu Sans"_s, u"DejaVu Serif"_s, u"Monospace"_s}) {
-        for (const int size : {9, 16, 31}) {
+        for (const int size : {9, 12, 16, 20}) {
             for (const bool slanted : {false, true}) {
                 for (const qreal ratio : {1.0, 1.5, 2.0}) {
                     QTest::addRow("%s %d%s, %g", qPrintable(family), size, slanted ? " slanted" : "", ratio)
@@ -116,7 +117,7 @@ void TstReadingGlyphs::TheLineLooksAsPaintedWhole_data() {
     }
 }
 
-void TstReadingGlyphs::TheLineLooksAsPaintedWhole() {
+void TstReadingPlaces::TheLineLooksAsPaintedWhole() {
     QFETCH(const QString, family);
     QFETCH(const int, size);
     QFETCH(const bool, slanted);
@@ -144,7 +145,7 @@ void TstReadingGlyphs::TheLineLooksAsPaintedWhole() {
     }
 }
 
-void TstReadingGlyphs::OnlyTheLastDigitsAreRepainted() {
+void TstReadingPlaces::OnlyTheLastDigitsAreRepainted() {
     Screen screen;
     screen.word.setFont(FontOf({u"ＭＳ Ｐゴシック"_s, 16}));
     screen.Show(u"経過 00:12'34\"56"_s);
@@ -159,7 +160,7 @@ void TstReadingGlyphs::OnlyTheLastDigitsAreRepainted() {
     QVERIFY(screen.asked.boundingRect().right() < kLineIndent + text * 3 / 4);
 }
 
-void TstReadingGlyphs::AllIsRepaintedWhere_data() {
+void TstReadingPlaces::AllIsRepaintedWhere_data() {
     QTest::addColumn<QString>("before");
     QTest::addColumn<QString>("after");
     QTest::newRow("the same") << u"12:34"_s << u"12:34"_s;
@@ -172,17 +173,28 @@ void TstReadingGlyphs::AllIsRepaintedWhere_data() {
     QTest::newRow("empty") << QString() << u"1"_s;
 }
 
-void TstReadingGlyphs::AllIsRepaintedWhere() {
+void TstReadingPlaces::AllIsRepaintedWhere() {
     QFETCH(const QString, before);
     QFETCH(const QString, after);
     const QFont font = FontOf({u"ＭＳ Ｐゴシック"_s, 16});
     const QImage device(kLine, QImage::Format_RGB32);
-    ReadingGlyphs glyphs;
-    QVERIFY(!glyphs.ChangedSpan(before, after, font, device));
-    QVERIFY(glyphs.ChangedSpan(u"12:34"_s, u"12:35"_s, font, device));
+    ReadingPlaces places;
+    QVERIFY(!places.ChangedSpan(before, after, font, device));
+    QVERIFY(places.ChangedSpan(u"12:34"_s, u"12:35"_s, font, device));
 }
 
-void TstReadingGlyphs::AColourRepaintsAll() {
+void TstReadingPlaces::LargeGlyphsRepaintAll() {
+    const QFont font = FontOf({u"ＭＳ Ｐゴシック"_s, 31});  // 41 pixels
+    QImage device(kLine, QImage::Format_RGB32);
+    ReadingPlaces places;
+    QVERIFY(places.ChangedSpan(u"12:34"_s, u"12:35"_s, font, device));
+    device.setDevicePixelRatio(2);
+    QVERIFY(!places.ChangedSpan(u"12:35"_s, u"12:36"_s, font, device));
+    device.setDevicePixelRatio(1);
+    QVERIFY(places.ChangedSpan(u"12:36"_s, u"12:37"_s, font, device));
+}
+
+void TstReadingPlaces::AColourRepaintsAll() {
     Screen screen;
     screen.Show(u"12:34"_s);
     screen.word.SetForeColor(0x00FF00);
@@ -190,7 +202,7 @@ void TstReadingGlyphs::AColourRepaintsAll() {
     QCOMPARE(screen.asked.boundingRect(), QRect(QPoint(), kLine));
 }
 
-void TstReadingGlyphs::TwoChangesInAFrameAreBothPainted() {
+void TstReadingPlaces::TwoChangesInAFrameAreBothPainted() {
     Screen screen;
     screen.Show(u"12:34"_s);
     screen.word.SetText(u"22:34"_s);
@@ -198,5 +210,5 @@ void TstReadingGlyphs::TwoChangesInAFrameAreBothPainted() {
     QCOMPARE(screen.picture, screen.Whole());
 }
 
-QTEST_MAIN(TstReadingGlyphs)
-#include "tst_reading_glyphs.moc"
+QTEST_MAIN(TstReadingPlaces)
+#include "tst_reading_places.moc"

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "lines/reading_glyphs.h"
+#include "lines/reading_places.h"
 
+#include <QFontInfo>
 #include <QGlyphRun>
 #include <QTextLayout>
 #include <QWidget>
@@ -12,6 +13,11 @@ namespace tickwell::lines {
 using namespace Qt::StringLiterals;
 
 namespace {
+
+constexpr int kDigits = 10;
+
+// Screen pixels. Qt draws glyphs of larger fonts as paths, whose edges depend on the clipped part.
+constexpr qreal kLargestCachedGlyph = 64;
 
 bool IsDigit(QChar character) {
     return character >= u'0' && character <= u'9';
@@ -69,32 +75,26 @@ std::optional<std::pair<qsizetype, qsizetype>> ChangedDigits(const QString& befo
 }  // namespace
 
 /// The glyphs in the order of the characters; empty if there is not one for each.
-std::vector<ReadingGlyphs::Glyph> ReadingGlyphs::LayOut(const QString& text, const QPaintDevice& device) {
+std::vector<ReadingPlaces::Glyph> ReadingPlaces::LayOut(const QString& text, const QPaintDevice& device) {
     QTextLayout layout(text, m_font, const_cast<QPaintDevice*>(&device));
-    QTextOption option;
-    option.setWrapMode(QTextOption::NoWrap);
-    layout.setTextOption(option);
     layout.beginLayout();
     QTextLine line = layout.createLine();
     line.setLineWidth(QWIDGETSIZE_MAX);
     layout.endLayout();
-    m_size = {line.naturalTextWidth(), line.height()};
+    m_width = line.naturalTextWidth();
+    m_overhang = std::ceil(line.height() / 4);
     std::vector<Glyph> glyphs;
     const QList<QGlyphRun> runs = layout.glyphRuns();
     for (const QGlyphRun& run : runs) {
-        if (!m_fonts.contains(run.rawFont())) {
-            m_fonts.append(run.rawFont());
-        }
-        const auto font = static_cast<int>(m_fonts.indexOf(run.rawFont()));
         const QList<quint32> indices = run.glyphIndexes();
         const QList<QPointF> places = run.positions();
         for (qsizetype i = 0; i < indices.size(); ++i) {
-            glyphs.push_back({font, indices[i], places[i]});
+            glyphs.push_back({indices[i], places[i].x()});
         }
     }
-    // The runs are sorted by their fonts, not by their positions.
+    // The runs are sorted by their fonts, not by their places.
     std::sort(glyphs.begin(), glyphs.end(),
-              [](const Glyph& left, const Glyph& right) { return left.place.x() < right.place.x(); });
+              [](const Glyph& left, const Glyph& right) { return left.place < right.place; });
     if (glyphs.size() != static_cast<std::size_t>(text.size())) {
         glyphs.clear();
     }
@@ -102,7 +102,7 @@ std::vector<ReadingGlyphs::Glyph> ReadingGlyphs::LayOut(const QString& text, con
 }
 
 /// Whether the glyphs of digits, and the distances between them, are the same next to any other digit.
-bool ReadingGlyphs::AreDigitsIndependent(const QPaintDevice& device) {
+bool ReadingPlaces::AreDigitsIndependent(const QPaintDevice& device) {
     const QString pairs = AllPairs();
     const std::vector<Glyph> glyphs = LayOut(pairs, device);
     const std::vector<Glyph> zeros = LayOut(WithDigits(pairs, 0), device);
@@ -111,9 +111,9 @@ bool ReadingGlyphs::AreDigitsIndependent(const QPaintDevice& device) {
         return false;
     }
     for (std::size_t i = 0; i < glyphs.size(); ++i) {
-        const Glyph& alone = each.at(static_cast<std::size_t>(pairs[static_cast<qsizetype>(i)].digitValue()));
-        if (glyphs[i].place != zeros[i].place || glyphs[i].index != alone.index ||
-            glyphs[i].font != alone.font) {
+        const int digit = pairs[static_cast<qsizetype>(i)].digitValue();
+        if (glyphs[i].place != zeros[i].place ||
+            glyphs[i].index != each.at(static_cast<std::size_t>(digit)).index) {
             return false;
         }
     }
@@ -121,40 +121,32 @@ bool ReadingGlyphs::AreDigitsIndependent(const QPaintDevice& device) {
 }
 
 /// Lays out the template with each digit; false if anything but the digits themselves differs then.
-bool ReadingGlyphs::LayOutAll(const QString& text, const QPaintDevice& device) {
-    for (int digit = 0; digit < kDigits; ++digit) {
-        m_glyphs.at(static_cast<std::size_t>(digit)) = LayOut(WithDigits(text, digit), device);
+bool ReadingPlaces::KeepsItsPlaces(const QString& text, const QPaintDevice& device) {
+    for (int digit = kDigits - 1; digit > 0; --digit) {
+        const std::vector<Glyph> glyphs = LayOut(WithDigits(text, digit), device);
+        m_zeros = LayOut(WithDigits(text, 0), device);
+        if (m_zeros.empty() || glyphs.size() != m_zeros.size()) {
+            return false;
+        }
+        for (std::size_t i = 0; i < glyphs.size(); ++i) {
+            const bool isDigit = IsDigit(text[static_cast<qsizetype>(i)]);
+            if (isDigit ? glyphs[i].place != m_zeros[i].place : glyphs[i] != m_zeros[i]) {
+                return false;
+            }
+        }
     }
-    const std::vector<Glyph>& zeros = m_glyphs.front();
-    return !zeros.empty() &&
-           std::all_of(m_glyphs.begin(), m_glyphs.end(), [&](const std::vector<Glyph>& glyphs) {
-               if (glyphs.size() != zeros.size()) {
-                   return false;
-               }
-               for (std::size_t i = 0; i < zeros.size(); ++i) {
-                   const bool isDigit = IsDigit(text[static_cast<qsizetype>(i)]);
-                   if (isDigit ? glyphs[i].place != zeros[i].place : glyphs[i] != zeros[i]) {
-                       return false;
-                   }
-               }
-               return true;
-           });
+    return true;
 }
 
-void ReadingGlyphs::Prepare(const QString& text, const QFont& font, const QPaintDevice& device) {
+void ReadingPlaces::Prepare(const QString& text, const QFont& font, const QPaintDevice& device) {
     m_template = WithDigits(text, 0);
     m_font = font;
-    m_fonts.clear();
+    m_pixelSize = QFontInfo(font).pixelSize();
     m_isUsable = std::all_of(text.begin(), text.end(), IsSimple) && AreDigitsIndependent(device) &&
-                 LayOutAll(text, device);
+                 KeepsItsPlaces(text, device);
 }
 
-/// How far glyphs, especially slanted ones, may extend beyond their place, in pixels.
-qreal ReadingGlyphs::Overhang() const {
-    return std::ceil(m_size.height() / 4);
-}
-
-std::optional<TextSpan> ReadingGlyphs::ChangedSpan(const QString& before, const QString& after,
+std::optional<TextSpan> ReadingPlaces::ChangedSpan(const QString& before, const QString& after,
                                                    const QFont& font, const QPaintDevice& device) {
     const auto changed = ChangedDigits(before, after);
     if (!changed) {
@@ -163,44 +155,12 @@ std::optional<TextSpan> ReadingGlyphs::ChangedSpan(const QString& before, const 
     if (font != m_font || !IsTemplateOf(m_template, after)) {
         Prepare(after, font, device);
     }
-    if (!m_isUsable) {
+    if (!m_isUsable || m_pixelSize * device.devicePixelRatioF() >= kLargestCachedGlyph) {
         return std::nullopt;
     }
-    const std::vector<Glyph>& places = m_glyphs.front();
     const auto next = static_cast<std::size_t>(changed->second) + 1;
-    const qreal end = next < places.size() ? places[next].place.x() : m_size.width();
-    return TextSpan{places[static_cast<std::size_t>(changed->first)].place.x() - Overhang(),
-                    end + Overhang()};
-}
-
-bool ReadingGlyphs::Draw(QPainter& painter, const QRect& part, const QRect& line, const QString& text,
-                         const QFont& font) const {
-    if (!m_isUsable || font != m_font || !IsTemplateOf(m_template, text)) {
-        return false;
-    }
-    const QPointF origin(line.x(), line.y() + (line.height() - m_size.height()) / 2);
-    const qreal reach = Overhang() + m_size.height();  // no glyph is wider than that
-    for (int number = 0; number < m_fonts.size(); ++number) {
-        QList<quint32> indices;
-        QList<QPointF> places;
-        for (qsizetype i = 0; i < text.size(); ++i) {
-            const auto digits = static_cast<std::size_t>(IsDigit(text[i]) ? text[i].digitValue() : 0);
-            const Glyph& glyph = m_glyphs.at(digits)[static_cast<std::size_t>(i)];
-            const qreal left = origin.x() + glyph.place.x();
-            if (glyph.font == number && left + reach >= part.left() && left - reach <= part.right()) {
-                indices.append(glyph.index);
-                places.append(glyph.place);
-            }
-        }
-        if (!indices.isEmpty()) {
-            QGlyphRun run;
-            run.setRawFont(m_fonts[number]);
-            run.setGlyphIndexes(indices);
-            run.setPositions(places);
-            painter.drawGlyphRun(origin, run);
-        }
-    }
-    return true;
+    const qreal end = next < m_zeros.size() ? m_zeros[next].place : m_width;
+    return TextSpan{m_zeros[static_cast<std::size_t>(changed->first)].place - m_overhang, end + m_overhang};
 }
 
 }  // namespace tickwell::lines
