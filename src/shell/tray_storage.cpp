@@ -12,7 +12,7 @@ namespace {
 // ms. A panel that restarts is back before the second check after a change. A bus that hangs reports no
 // change.
 constexpr int kAfterChange = 2000;
-constexpr int kWithoutChange = 60'000;
+constexpr int kWithoutChange = 15'000;
 
 }  // namespace
 

@@ -20,6 +20,7 @@ from driver.waiting import SLOWNESS, wait_for
 START_UP_DELAY = 11000  # ms
 READING = 10000
 START = 15.0 * SLOWNESS  # s; Qt alone waits up to 25 s for a bus
+NOTICED = 60.0 * SLOWNESS  # s; what hangs reports nothing, so it is only noticed by a query every quarter of a minute
 MENU, STORE, QUIT = "メニュー", "ﾀｽｸﾊﾞｰ格納", "終了"
 CLOCK = {"SetUp": {"Win_Left": "1500", "Win_Top": "1500"}}  # twips
 INSIDE = (130, 130)  # a point in the window, in pixels
@@ -105,7 +106,7 @@ class SessionBus(HangingCase):
             wait_for(lambda: not self.on_screen(), "the window put away")
             icon.wait()
             with self.stopped(self.bus):
-                wait_for(self.on_screen, "the window back, for there is no area any more")
+                wait_for(self.on_screen, "the window back, for there is no area any more", NOTICED)
             icon.wait_gone()
             self.session.hand.click(self.wait_item(enabled=True))
             wait_for(lambda: not self.on_screen(), "the window put away")
@@ -143,7 +144,7 @@ class TrayHosts(HangingCase):
             wait_for(lambda: not self.on_screen(), "the window put away")
             icon.wait()
             with self.stopped(host):
-                wait_for(self.on_screen, "the window back")
+                wait_for(self.on_screen, "the window back", NOTICED)
             icon.wait_gone()
 
     def test_a_host_of_the_screen(self):

@@ -47,7 +47,7 @@ private Q_SLOTS:
     void StoringTwiceIsStoringOnce();
     void TheWindowReturnsIfTheAreaIsGone();
     void TheWindowStaysStoredIfTheAreaRestarts();
-    void AnAreaThatHangsIsNoticedWithinAMinute();
+    void AnAreaThatHangsIsNoticed();
     void AStoredWindowHardlyTicks();
     void RemovingTheIconDoesNotShowTheWindow();
     void NothingTicksOutsideTheArea();
@@ -130,13 +130,13 @@ void TstTrayStorage::TheWindowStaysStoredIfTheAreaRestarts() {
     QVERIFY(bench.storage.IsStored());
 }
 
-void TstTrayStorage::AnAreaThatHangsIsNoticedWithinAMinute() {
+void TstTrayStorage::AnAreaThatHangsIsNoticed() {
     Bench bench;
     bench.tray.SetThere(true);
     bench.storage.Store();
     bench.tray.WhenChanged(nullptr);
     bench.tray.SetThere(false);
-    bench.time.Advance(60'000);
+    bench.time.Advance(15'000);
     QVERIFY(bench.storage.IsStored());
     bench.time.Advance(2000);
     QVERIFY(!bench.storage.IsStored());
@@ -146,12 +146,12 @@ void TstTrayStorage::AStoredWindowHardlyTicks() {
     Bench bench;
     bench.tray.SetThere(true);
     bench.storage.Store();
-    QCOMPARE(bench.time.UntilNext(), 60'000);
+    QCOMPARE(bench.time.UntilNext(), 15'000);
     bench.tray.SetThere(false);
     bench.time.Advance(1000);
     bench.tray.SetThere(true);
     bench.time.Advance(2000);
-    QCOMPARE(bench.time.UntilNext(), 60'000);
+    QCOMPARE(bench.time.UntilNext(), 15'000);
     QVERIFY(bench.storage.IsStored());
 }
 

@@ -13,8 +13,6 @@ namespace tickwell::platform {
 
 namespace {
 
-constexpr quint8 kSentEvent = 0x80;  // in the type of an event that another client sent
-
 QList<quint32> OurWindows() {
     QList<quint32> ours;
     for (const QWindow* each : QGuiApplication::allWindows()) {

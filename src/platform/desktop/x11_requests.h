@@ -19,6 +19,9 @@ inline constexpr quint32 kFromPager = 2;
 /// The desktop number of a window that is on all desktops (EWMH).
 inline constexpr quint32 kAllDesktops = 0xFFFFFFFF;
 
+/// The bit in the type of an event that another client sent (X11 protocol, chapter 11).
+inline constexpr quint8 kSentEvent = 0x80;
+
 /// Frees what xcb allocated with malloc.
 struct XcbFree {
     void operator()(void* memory) const { std::free(memory); }

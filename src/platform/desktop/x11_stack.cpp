@@ -37,7 +37,6 @@ X11Stack::~X11Stack() {
 }
 
 bool X11Stack::nativeEventFilter(const QByteArray& type, void* message, qintptr* /*result*/) {
-    constexpr quint8 kSentEvent = 0x80;  // in the type of an event that another client sent
     if (type != "xcb_generic_event_t" || m_settled == 0 ||
         (static_cast<xcb_generic_event_t*>(message)->response_type & ~kSentEvent) != XCB_PROPERTY_NOTIFY) {
         return false;

@@ -10,12 +10,6 @@
 
 namespace tickwell::platform {
 
-namespace {
-
-constexpr quint8 kSentEvent = 0x80;  // in the type of an event that another client sent
-
-}  // namespace
-
 X11TrayWatch::~X11TrayWatch() {
     if (qGuiApp != nullptr) {
         qGuiApp->removeNativeEventFilter(this);
