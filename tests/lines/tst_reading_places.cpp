@@ -95,8 +95,11 @@ private Q_SLOTS:
     void AllIsRepaintedWhere_data();
     void AllIsRepaintedWhere();
     void LargeGlyphsRepaintAll();
+    void AnotherFontRepaintsAll();
     void AColourRepaintsAll();
     void TwoChangesInAFrameAreBothPainted();
+    void AnInterruptedWipeIsRepaintedWhole();
+    void AnOutlinedTextIsRepaintedWhole();
 };
 
 void TstReadingPlaces::TheLineLooksAsPaintedWhole_data() {
@@ -194,6 +197,18 @@ void TstReadingPlaces::LargeGlyphsRepaintAll() {
     QVERIFY(places.ChangedSpan(u"12:36"_s, u"12:37"_s, font, device));
 }
 
+void TstReadingPlaces::AnotherFontRepaintsAll() {
+    Screen screen;
+    screen.word.setFont(FontOf({u"ＭＳ Ｐゴシック"_s, 9}));
+    screen.Show(u"12:34"_s);
+    screen.Show(u"12:35"_s);
+    screen.word.setFont(FontOf({u"DejaVu Sans"_s, 20}));
+    screen.Show(u"12:36"_s);
+    QCOMPARE(screen.picture, screen.Whole());
+    screen.Show(u"12:37"_s);
+    QCOMPARE(screen.picture, screen.Whole());
+}
+
 void TstReadingPlaces::AColourRepaintsAll() {
     Screen screen;
     screen.Show(u"12:34"_s);
@@ -208,6 +223,25 @@ void TstReadingPlaces::TwoChangesInAFrameAreBothPainted() {
     screen.word.SetText(u"22:34"_s);
     screen.Show(u"22:35"_s);
     QCOMPARE(screen.picture, screen.Whole());
+}
+
+void TstReadingPlaces::AnInterruptedWipeIsRepaintedWhole() {
+    Screen screen;
+    screen.word.SetFrameInterval(kFrame);
+    screen.Show(u"12:34"_s);
+    screen.word.ShowText(u"23:45"_s);
+    screen.time.Advance(kFrame);
+    QVERIFY(screen.word.IsWiping());
+    screen.Show(u"23:46"_s);
+    QCOMPARE(screen.asked.boundingRect(), QRect(QPoint(), kLine));
+}
+
+void TstReadingPlaces::AnOutlinedTextIsRepaintedWhole() {
+    Screen screen;
+    screen.word.SetSeeThrough(1);
+    screen.Show(u"12:34"_s);
+    screen.Show(u"12:35"_s);
+    QCOMPARE(screen.asked.boundingRect(), QRect(QPoint(), kLine));
 }
 
 QTEST_MAIN(TstReadingPlaces)

@@ -262,6 +262,7 @@ void TstTrayStorage::AKeptIconReturnsWithTheArea() {
     bench.time.Advance(2000);
     QVERIFY(!bench.storage.HasIcon());
     QVERIFY(!bench.tray.HasIcon());
+    QCOMPARE(bench.time.UntilNext(), 15'000);
     bench.tray.SetThere(true);
     bench.time.Advance(2000);
     QVERIFY(bench.tray.HasIcon());
