@@ -14,6 +14,7 @@ PLACE = {"Win_Left": "1500", "Win_Top": "1500"}  # twips: 100, 100 in pixels
 TEXTS = {"BackColor": "255", "A_Color": "16711680", "B_Color": "16711680"}  # blue on red
 PASS = "クリックを下の窓に通す"
 ACCEPT = "クリックを受ける"
+LOOK = 2000  # ms between two looks at the tray after a change
 
 
 class SeeThroughCase(SettingsCase):
@@ -171,9 +172,8 @@ class ClickRoads:
         icon.wait()
         self.assertTrue(self.click_clock())
         host.stop()
-        self.time.advance(2000)
-        self.time.advance(2000)
-        wait_for(lambda: not self.click_clock(), "the clicks received by the clock")
+        # Time must pass after the server has reported the end of the tray.
+        wait_for(lambda: self.time.advance(LOOK) and not self.click_clock(), "the clicks received by the clock")
 
 
 class Openbox(ClickRoads, SeeThroughCase):
