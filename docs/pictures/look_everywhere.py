@@ -50,6 +50,12 @@ SHOW = "操作ｳｨﾝﾄﾞｳの表示"
 WINDOWS = [(2, SHOW, "ストップウォッチ"), (3, SHOW, "タイマー"), (6, SHOW, "CDプレーヤー"), (0, "ﾍﾙﾌﾟ", "Tickwell ヘルプ"),
            (0, "バージョン情報", "Tickwellのﾊﾞｰｼﾞｮﾝ情報")]
 BOOK = {"追加": "記念日の追加", "検索": "記念日の検索", "削除": "記念日の削除"}  # by button of the calendar
+EVENTS = "BEGIN:VCALENDAR\r\nVERSION:2.0\r\nPRODID:-//look//look//EN\r\n" + "".join(
+    f"BEGIN:VEVENT\r\nUID:{name}\r\nDTSTART;VALUE=DATE:{start}\r\n{rule}SUMMARY:{name}\r\nEND:VEVENT\r\n"
+    for name, start, rule in (("結婚記念日", "20260610", "RRULE:FREQ=YEARLY\r\n"),
+                              ("句会", "20260608", "RRULE:FREQ=MONTHLY;BYDAY=2MO\r\n"), ("展覧会", "20270310", ""),
+                              ("検診", "20250115", "RRULE:FREQ=MONTHLY;INTERVAL=6\r\n"))) + "END:VCALENDAR\r\n"
+OPENS = ("開く", "開く(O)", "開く(&O)", "Open")
 CANCELS = ("キャンセル", "ｷｬﾝｾﾙ")
 SETTLING = 0.15  # s, shorter than a caret stays on or off
 TEA = 4 * 60_000  # ms
@@ -101,6 +107,8 @@ class Tour:
             self.tour_of_the_calendar()
         with self.started(0):
             self.tour_of_the_settings()
+        with self.started(0):
+            self.tour_of_the_files()
         with self.started(3):
             self.tour_of_the_lists()
 
@@ -124,8 +132,7 @@ class Tour:
             press(calendar, caption)
             window = wait_window(self.app, title)
             self.take()
-            window.find(role="push button", which=lambda node: node.name in CANCELS).press()
-            self.app.wait_gone(role="dialog", name=title, showing=True)
+            self.cancel(window)
 
     def tour_of_the_settings(self):
         settings = self.open("環境設定", "環境設定")
@@ -133,6 +140,28 @@ class Tour:
         for page in pages[1:]:
             settings.wait(role="page tab", name=page).press()
             self.take()
+
+    def tour_of_the_files(self):
+        settings = self.open("環境設定", "環境設定")
+        settings.wait(role="page tab", name="データベース").press()
+        path = Path(self.session.home) / "days.ics"
+        path.write_text(EVENTS, encoding="utf-8")
+        settings.wait(role="push button", name="記念日を読み込む").press_and_go()
+        chooser = wait_window(self.app, "記念日のファイル")
+        chooser.wait(role="text", showing=True).set_text(str(path))
+        chooser.wait(role="push button", name=lambda name: name in OPENS, showing=True).press_and_go()
+        reading = wait_window(self.app, "記念日の読込")
+        wait_for(lambda: self.time.advance(20) and reading.find(
+            role="label", name=lambda text: "選択 " in text, showing=True), "the sums of the events")
+        self.take()
+        self.cancel(reading)
+        settings.wait(role="push button", name="記念日を書き出す").press_and_go()
+        wait_window(self.app, "記念日の書出")
+        self.take()
+
+    def cancel(self, window):
+        window.find(role="push button", which=lambda node: node.name in CANCELS).press()
+        self.app.wait_gone(role="dialog", name=window.name, showing=True)
 
     def tour_of_the_lists(self):
         """Last, because timers and alarms go on at the next start."""
