@@ -21,6 +21,11 @@ QString SpokenBox(const Entry& entry, bool isTicked) {
     return isTicked ? u"取り込む"_s : u"取り込まない"_s;
 }
 
+/// Screen readers read only the current cell, so the name tells the whole row.
+QString SpokenRow(const Entry& entry, bool isTicked) {
+    return QStringList{entry.row.name, WhenOf(entry), SpokenBox(entry, isTicked)}.join(u"、");
+}
+
 }  // namespace
 
 void OfferModel::SetOffer(Offer offer) {
@@ -71,6 +76,9 @@ QVariant OfferModel::data(const QModelIndex& index, int role) const {
             return IsTicked(index.row()) ? Qt::Checked : Qt::Unchecked;
         }
         return role == Qt::AccessibleTextRole ? SpokenBox(entry, IsTicked(index.row())) : QVariant();
+    }
+    if (role == Qt::AccessibleTextRole && index.column() == Name) {
+        return SpokenRow(entry, IsTicked(index.row()));
     }
     if (role != Qt::DisplayRole && role != Qt::ToolTipRole) {
         return {};

@@ -4,6 +4,9 @@
 #include <QHeaderView>
 #include <QKeyEvent>
 
+#include "controls/announcer.h"
+#include "controls/row_announcing.h"
+
 namespace tickwell::exchange {
 
 namespace {
@@ -12,7 +15,7 @@ constexpr int kMeasuredRows = 200;  // all of very many would take seconds
 
 }  // namespace
 
-OfferTable::OfferTable(QWidget* parent) : QTableView(parent) {
+OfferTable::OfferTable(QWidget* parent) : QTableView(parent), m_announcer(new controls::Announcer(this)) {
     setSelectionBehavior(SelectRows);
     setSelectionMode(SingleSelection);
     setEditTriggers(NoEditTriggers);
@@ -32,6 +35,11 @@ void OfferTable::FitColumns() {
     horizontalHeader()->setSectionResizeMode(OfferModel::Name, QHeaderView::Stretch);
 }
 
+void OfferTable::focusInEvent(QFocusEvent* event) {
+    QTableView::focusInEvent(event);
+    controls::AnnounceCurrentRow(*this);
+}
+
 void OfferTable::keyPressEvent(QKeyEvent* event) {
     if (event->key() != Qt::Key_Space || !currentIndex().isValid()) {
         QTableView::keyPressEvent(event);
@@ -39,7 +47,9 @@ void OfferTable::keyPressEvent(QKeyEvent* event) {
     }
     const QModelIndex box = currentIndex().siblingAtColumn(OfferModel::Ticked);
     const bool isTicked = box.data(Qt::CheckStateRole).toInt() == Qt::Checked;
-    model()->setData(box, isTicked ? Qt::Unchecked : Qt::Checked, Qt::CheckStateRole);
+    if (model()->setData(box, isTicked ? Qt::Unchecked : Qt::Checked, Qt::CheckStateRole)) {
+        m_announcer->Announce(box.data(Qt::AccessibleTextRole).toString());
+    }
 }
 
 }  // namespace tickwell::exchange

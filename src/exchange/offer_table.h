@@ -5,6 +5,10 @@
 
 #include "exchange/offer_model.h"
 
+namespace tickwell::controls {
+class Announcer;
+}
+
 namespace tickwell::exchange {
 
 /// The list of a file's entries. The space bar ticks the current entry, whichever column has the focus.
@@ -18,7 +22,11 @@ public:
     void FitColumns();
 
 protected:
+    void focusInEvent(QFocusEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+
+private:
+    controls::Announcer* m_announcer;
 };
 
 }  // namespace tickwell::exchange

@@ -32,11 +32,11 @@ SyncFrame::SyncFrame(const SettingsParts& parts, SettingsDraft& draft, QWidget* 
       m_folderLabel(controls::MakeLabel(u"Label90"_s, u"フォルダー"_s, this)),
       m_folder(controls::Named(new QLineEdit(this), u"Text90"_s, u"合わせるためのフォルダー"_s)),
       m_browse(controls::MakeButton(u"Command90"_s, u"参照..."_s, this, parts.handlers,
-                                    [this] { Command80_Click(); })),
+                                    [this] { Command90_Click(); })),
       m_computerLabel(controls::MakeLabel(u"Label91"_s, u"このコンピューターの名前"_s, this)),
       m_computer(controls::Named(new QLineEdit(this), u"Text91"_s, u"このコンピューターの名前"_s)),
       m_mergeNow(controls::MakeButton(u"Command91"_s, u"今すぐ合わせる"_s, this, parts.handlers,
-                                      [this] { Command81_Click(); })),
+                                      [this] { Command91_Click(); })),
       m_status(new controls::WrappedLabel(u"Label92"_s, {}, this)) {
     setObjectName(u"Frame90"_s);
     m_folderLabel->setBuddy(m_folder);
@@ -48,7 +48,7 @@ SyncFrame::SyncFrame(const SettingsParts& parts, SettingsDraft& draft, QWidget* 
     for (QPushButton* button : {m_browse, m_mergeNow}) {
         button->setAutoDefault(false);
     }
-    parts.handlers.Connect(m_use, &QCheckBox::clicked, this, [this] { Check80_Click(); });
+    parts.handlers.Connect(m_use, &QCheckBox::clicked, this, [this] { Check90_Click(); });
     parts.handlers.Connect(m_folder, &QLineEdit::textEdited, this,
                            [this] { m_draft.further.sync.folder = m_folder->text(); });
     parts.handlers.Connect(m_computer, &QLineEdit::textEdited, this,
@@ -90,7 +90,7 @@ void SyncFrame::Form_Load() {
     ShowStatus();
 }
 
-void SyncFrame::Check80_Click() {
+void SyncFrame::Check90_Click() {
     m_draft.further.sync.use = m_use->isChecked();
     EnableControls();
     if (m_use->isChecked() && m_folder->text().isEmpty()) {
@@ -98,7 +98,7 @@ void SyncFrame::Check80_Click() {
     }
 }
 
-void SyncFrame::Command80_Click() {
+void SyncFrame::Command90_Click() {
     auto* dialog = new QFileDialog(this, u"合わせるためのフォルダー"_s, m_folder->text());
     dialog->setObjectName(u"SyncFolderDialog"_s);
     dialog->setAttribute(Qt::WA_DeleteOnClose);
@@ -111,7 +111,7 @@ void SyncFrame::Command80_Click() {
     dialog->open();
 }
 
-void SyncFrame::Command81_Click() {
+void SyncFrame::Command91_Click() {
     m_operations.mergeNow();
 }
 

@@ -29,9 +29,9 @@ public:
 
 private:
     void Arrange();
-    void Check80_Click();
-    void Command80_Click();
-    void Command81_Click();
+    void Check90_Click();
+    void Command90_Click();
+    void Command91_Click();
     void ShowStatus();
     void EnableControls();
 

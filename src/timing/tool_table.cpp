@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "timing/tool_table.h"
 
-#include <QAccessible>
 #include <QHeaderView>
 #include <algorithm>
+
+#include "controls/row_announcing.h"
 
 namespace tickwell::timing {
 
@@ -41,21 +42,7 @@ void ToolTable::SetSizes(const ToolTableShape& shape) {
 
 void ToolTable::focusInEvent(QFocusEvent* event) {
     QTableWidget::focusInEvent(event);
-    // Qt notifies screen readers of the list itself after this event.
-    QMetaObject::invokeMethod(this, &ToolTable::AnnounceCurrentRow, Qt::QueuedConnection);
-}
-
-void ToolTable::AnnounceCurrentRow() {
-    if (!QAccessible::isActive() || !hasFocus() || !currentIndex().isValid()) {
-        return;
-    }
-    QAccessibleInterface* list = QAccessible::queryAccessibleInterface(this);
-    QAccessibleTableInterface* table = list == nullptr ? nullptr : list->tableInterface();
-    QAccessibleInterface* cell = table == nullptr ? nullptr : table->cellAt(currentRow(), currentColumn());
-    if (cell != nullptr) {
-        QAccessibleEvent focus(cell, QAccessible::Focus);
-        QAccessible::updateAccessibility(&focus);
-    }
+    controls::AnnounceCurrentRow(*this);
 }
 
 void ToolTable::ShowRows(const QList<ShownRow>& rows) {

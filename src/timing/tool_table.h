@@ -37,7 +37,6 @@ protected:
     void focusInEvent(QFocusEvent* event) override;
 
 private:
-    void AnnounceCurrentRow();
     void SetSizes(const ToolTableShape& shape);
 
     QList<ShownRow> m_rows;

@@ -5,8 +5,9 @@ import unittest
 
 from driver import screen_reader
 from driver.cd_player import FORWARD, NEXT, PAUSE, PLAY, PREVIOUS, REWIND, STOP, CdCase
-from driver.settings_case import SettingsCase
+from driver.settings_case import SettingsCase, button
 from driver.tickwell import tickwell_command
+from driver.waiting import wait_for
 
 # Keys, and what is said after each of them: parts of an utterance. Of menu items, Orca says only whether they are
 # checked.
@@ -26,6 +27,25 @@ ALARMS = (("Tab", "時刻（時） 7 spin button"), ("Tab", "分 0 spin button")
           ("Tab", "毎日"), ("Right", "平日"),
           ("Right", "曜日を選ぶ"), ("Tab", "月曜日 check box not checked"),
           ("space", "checked"), ("Tab", "火曜日 check box not checked"))
+DATABASE = (("Tab", "データベースの最適化＞＞ push button"), ("Tab", "記念日を読み込む push button"),
+            ("Tab", "記念日を書き出す push button"),
+            ("Tab", "1日に1回、控えを取る（7日分と8週分） check box not checked"), ("Tab", "今ある控え"),
+            ("Tab", "すべて書き出す... push button"), ("Tab", "書き出したものを読み込む... push button"),
+            ("Tab", "記念日と休日の印をほかのコンピューターと合わせる check box not checked"),
+            ("space", "フォルダー text"), ("Tab", "合わせるためのフォルダーを参照 push button"),
+            ("Tab", "このコンピューターの名前 text"))
+WRITING = (("Tab", "ｷｬﾝｾﾙ push button"), ("Tab", "iCalendar"), ("Right", "CSV"), ("Tab", "記念日 check box checked"),
+           ("Tab", "祝日と振替休日 check box not checked"), ("space", "checked"), ("Tab", "祝日の最初の年 2026 spin button"),
+           ("Tab", "祝日の最後の年 2027 spin button"), ("Tab", "カレンダーの印（休日、半日、平日） check box not checked"),
+           ("Tab", "書き出す... push button"))
+READING = (("Down", "句会、毎月 第2月曜、取り込む"), ("space", "取り込まない"),
+           ("Down", "検診、2025年1月15日、取り込めません：6か月ごとの予定"), ("Tab", "全選択 push button"), ("Tab", "全解除 push button"),
+           ("Tab", "表せない繰り返しは、今後1年分を1日ずつ取り込む check box not checked"),
+           ("Tab", "取り込む push button"), ("Tab", "ｷｬﾝｾﾙ push button"), ("Tab", "検診"))
+EVENTS = "BEGIN:VCALENDAR\r\nVERSION:2.0\r\nPRODID:-//test//test//EN\r\n" + "".join(
+    f"BEGIN:VEVENT\r\nUID:{name}\r\nDTSTART;VALUE=DATE:{start}\r\nRRULE:{rule}\r\nSUMMARY:{name}\r\nEND:VEVENT\r\n"
+    for name, start, rule in (("結婚記念日", "20260610", "FREQ=YEARLY"), ("句会", "20260608", "FREQ=MONTHLY;BYDAY=2MO"),
+                              ("検診", "20250115", "FREQ=MONTHLY;INTERVAL=6"))) + "END:VCALENDAR\r\n"
 EDITOR = (("Tab", "月 11 spin button"), ("Tab", "日 15 spin button"), ("Tab", "毎年の記念日として指定する"),
           ("Down", "毎月の記念日として指定する"), ("Tab", "第?週の?曜日という形で指定する check box not checked"),
           ("Tab", "追加>> push button"), ("Tab", "ｷｬﾝｾﾙ push button"))
@@ -158,6 +178,37 @@ class Orca(Listening, SettingsCase):
         self.reader.wait_said("文字表示 page tab")  # sometimes preceded by the name of the dialog
         self.tour((("Right", "時計 page tab"), ("Right", "ロール page tab"), ("Right", "時報 page tab"),
                    ("Tab", "時報音"), ("Down", "赤ちゃん")))
+
+
+@unittest.skipUnless(screen_reader.is_installed(), "needs the package orca")
+class OrcaAtTheDayData(Listening, SettingsCase):
+    def setUp(self):
+        super().setUp()
+        self.start(wall="2026-11-23T12:00:00")
+        self.open()
+        self.page("データベース")
+
+    def test_the_page(self):
+        self.tour(DATABASE)
+
+    def test_the_window_that_writes_files(self):
+        self.click(button("記念日を書き出す"))
+        self.window("記念日の書出")
+        self.reader.wait_said("書き出す... push button")
+        self.tour(WRITING)
+
+    def test_the_window_that_reads_files(self):
+        path = self.session.home / "days.ics"
+        path.write_text(EVENTS, encoding="utf-8")
+        self.click(button("記念日を読み込む"))
+        chooser = self.window("記念日のファイル")
+        wait_for(lambda: "active" in chooser.states, "the keyboard focus in the file dialog")
+        self.session.hand.type(str(path))
+        self.session.hand.key("Return")
+        wait_for(lambda: self.time.advance(20) and self.app.find_all(
+            role="label", name=lambda text: "選択 2件" in text, showing=True), "the sums of the events")
+        self.reader.wait_said("結婚記念日")
+        self.tour(READING)
 
 
 @unittest.skipUnless(screen_reader.is_installed(), "needs the package orca")
