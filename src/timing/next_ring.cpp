@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "timing/next_ring.h"
 
-#include <QDateTime>
+#include <QDate>
+#include <QTime>
 #include <algorithm>
 
 namespace tickwell::timing {
@@ -10,6 +11,7 @@ namespace {
 
 constexpr qint64 kMsPerSecond = 1000;
 constexpr qint64 kMsPerDay = 86'400'000;
+constexpr qint64 kEpoch = 2'440'588;  // Julian day of 1 January 1970
 constexpr int kDaysAhead = 732;
 
 bool IsOnDay(const KeptAlarm& alarm, QDate day) {
@@ -32,7 +34,7 @@ bool IsOnDay(const KeptAlarm& alarm, QDate day) {
 }  // namespace
 
 qint64 LocalMoment(QDate day, QTime time, const std::function<int(qint64 utc)>& offset) {
-    const qint64 local = QDateTime(day, time, Qt::UTC).toMSecsSinceEpoch();
+    const qint64 local = (day.toJulianDay() - kEpoch) * kMsPerDay + time.msecsSinceStartOfDay();
     // An offset is at most 14 hours, and changes less often than every two days.
     const qint64 before = kMsPerSecond * offset(local - kMsPerDay);
     const qint64 after = kMsPerSecond * offset(local + kMsPerDay);
@@ -51,7 +53,9 @@ qint64 LocalMoment(QDate day, QTime time, const std::function<int(qint64 utc)>& 
 }
 
 QDate LocalDate(qint64 utc, const LocalDays& local) {
-    return QDateTime::fromMSecsSinceEpoch(utc + kMsPerSecond * local.offset(utc), Qt::UTC).date();
+    const qint64 shifted = utc + kMsPerSecond * local.offset(utc);
+    const qint64 days = shifted / kMsPerDay - (shifted % kMsPerDay < 0 ? 1 : 0);
+    return QDate::fromJulianDay(kEpoch + days);
 }
 
 std::optional<Ring> NextRingOf(const KeptAlarm& alarm, qint64 after, const LocalDays& local) {

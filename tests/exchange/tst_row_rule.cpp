@@ -2,6 +2,7 @@
 #include "exchange/row_rule.h"
 
 #include <QTest>
+#include <QTimeZone>
 
 #include "exchange/calendar_writer.h"
 
@@ -100,7 +101,7 @@ void TstRowRule::DaysAreWrittenShortly() {
 }
 
 void TstRowRule::AnEventIsWritten() {
-    CalendarWriter writer(QDateTime(QDate(2026, 11, 23), QTime(12, 0), Qt::UTC));
+    CalendarWriter writer(QDateTime(QDate(2026, 11, 23), QTime(12, 0), QTimeZone::utc()));
     QVERIFY(writer.AddAnniversary(
         {.name = u"花, 鳥; 風\\月\n夜"_s, .year = 0, .month = 6, .day = 10, .week = 0}));
     QVERIFY(!writer.AddAnniversary(Row(0, 2, 30, 0)));
@@ -123,7 +124,7 @@ void TstRowRule::AnEventIsWritten() {
 }
 
 void TstRowRule::EqualRowsAreOneEvent() {
-    CalendarWriter writer(QDateTime(QDate(2026, 11, 23), QTime(12, 0), Qt::UTC));
+    CalendarWriter writer(QDateTime(QDate(2026, 11, 23), QTime(12, 0), QTimeZone::utc()));
     for (const days::Anniversary& row :
          {Row(0, 6, 10, 0), Row(0, 6, 10, 0), Row(0, 6, 11, 0), Row(0, 0, 1, 22)}) {
         QVERIFY(writer.AddAnniversary(row));
@@ -134,7 +135,7 @@ void TstRowRule::EqualRowsAreOneEvent() {
 }
 
 void TstRowRule::DaysOffAndMarksAreNoAnniversaries() {
-    CalendarWriter writer(QDateTime(QDate(2026, 11, 23), QTime(12, 0), Qt::UTC));
+    CalendarWriter writer(QDateTime(QDate(2026, 11, 23), QTime(12, 0), QTimeZone::utc()));
     writer.AddDayOff(u"元日"_s, QDate(2027, 1, 1));
     writer.AddMark(days::DayMark::Halfday, QDate(2027, 1, 2));
     const QByteArray file = writer.Take();

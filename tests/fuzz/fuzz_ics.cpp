@@ -3,6 +3,7 @@
 // each event is refused with a reason or becomes rows, each row that is offered falls on a day, and a row
 // that is written comes back.
 
+#include <QTimeZone>
 #include <algorithm>
 
 #include "core/errors.h"
@@ -55,7 +56,7 @@ void RequireSound(const exchange::Entry& entry) {
 }
 
 void RequireComesBack(const exchange::Offer& offer) {
-    exchange::CalendarWriter writer(QDateTime(kToday, QTime(12, 0), Qt::UTC));
+    exchange::CalendarWriter writer(QDateTime(kToday, QTime(12, 0), QTimeZone::utc()));
     std::vector<days::Anniversary> written;
     for (const exchange::Entry& entry : offer.entries) {
         const bool isRow = entry.state == exchange::EntryState::New;

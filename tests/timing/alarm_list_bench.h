@@ -30,7 +30,7 @@ struct AlarmBench {
     LocalDays Local() {
         return {.offset =
                     [this](qint64 utc) {
-                        return zone.offsetFromUtc(QDateTime::fromMSecsSinceEpoch(utc, Qt::UTC));
+                        return zone.offsetFromUtc(QDateTime::fromMSecsSinceEpoch(utc, QTimeZone::utc()));
                     },
                 .isOff = [this](QDate day) -> bool {
                     if (daysFail) {

@@ -2,6 +2,7 @@
 #include <QMap>
 #include <QSet>
 #include <QTest>
+#include <QTimeZone>
 #include <memory>
 #include <random>
 
@@ -35,9 +36,10 @@ public:
     Session(unsigned seed, const QTimeZone& zone, const Wall& wall) : m_random(seed), m_wall(wall) {
         m_bench.zone = zone;
         // Within some days before a change of London's clocks.
-        m_now = QDateTime(seed % 4 < 2 ? QDate(2026, 3, 24) : QDate(2026, 10, 20), QTime(0, 0), Qt::UTC)
-                    .toMSecsSinceEpoch() +
-                Up(86'400) * 1000LL;
+        m_now =
+            QDateTime(seed % 4 < 2 ? QDate(2026, 3, 24) : QDate(2026, 10, 20), QTime(0, 0), QTimeZone::utc())
+                .toMSecsSinceEpoch() +
+            Up(86'400) * 1000LL;
         m_latest = m_now;
         ShowTime();
         for (int day = -3; day < 120; ++day) {
@@ -110,7 +112,7 @@ private:
     /// What a clock on the wall shows, as if it were UTC.
     QDateTime Shown(qint64 utc) const {
         const QDateTime local = QDateTime::fromMSecsSinceEpoch(utc, m_bench.zone);
-        return QDateTime(local.date(), local.time(), Qt::UTC);
+        return QDateTime(local.date(), local.time(), QTimeZone::utc());
     }
 
     void ShowTime() { m_bench.time.now = QDateTime::fromMSecsSinceEpoch(m_now); }
@@ -144,7 +146,7 @@ private:
         if (!isReached || m_wall.Shown(minute - 60 * kMinute) == shown) {
             return {};
         }
-        const QDate day = QDateTime::fromMSecsSinceEpoch(shown, Qt::UTC).date();
+        const QDate day = QDateTime::fromMSecsSinceEpoch(shown, QTimeZone::utc()).date();
         return IsSetOn(alarm, day) ? day : QDate();
     }
 

@@ -16,10 +16,11 @@ namespace {
 constexpr int kAlarms = 10'000;
 
 LocalDays DaysOf(const QTimeZone& zone, const QSet<QDate>& off = {}) {
-    return {
-        .offset =
-            [zone](qint64 utc) { return zone.offsetFromUtc(QDateTime::fromMSecsSinceEpoch(utc, Qt::UTC)); },
-        .isOff = [off](QDate day) { return off.contains(day); }};
+    return {.offset =
+                [zone](qint64 utc) {
+                    return zone.offsetFromUtc(QDateTime::fromMSecsSinceEpoch(utc, QTimeZone::utc()));
+                },
+            .isOff = [off](QDate day) { return off.contains(day); }};
 }
 
 /// An independent model: watches a clock on the wall minute by minute. The minute of the alarm is reached
@@ -45,7 +46,7 @@ public:
                 continue;
             }
             rung.insert(wanted);
-            if (minute > after && IsWanted(QDateTime::fromMSecsSinceEpoch(wanted, Qt::UTC).date())) {
+            if (minute > after && IsWanted(QDateTime::fromMSecsSinceEpoch(wanted, QTimeZone::utc()).date())) {
                 return minute;
             }
         }
@@ -111,7 +112,8 @@ void TstNextRing::RandomAlarmsAsOnAWatchedClock() {
         const bool isNearChange = upTo(1) == 0;
         const QDate change = upTo(1) == 0 ? QDate(2026, 3, 29) : QDate(2026, 10, 25);
         const QDate day = isNearChange ? change.addDays(-upTo(6)) : QDate(2026, 1, 1).addDays(upTo(364));
-        const qint64 after = QDateTime(day, QTime(0, 0), Qt::UTC).toMSecsSinceEpoch() + upTo(86'399'999);
+        const qint64 after =
+            QDateTime(day, QTime(0, 0), QTimeZone::utc()).toMSecsSinceEpoch() + upTo(86'399'999);
         KeptAlarm alarm{.time = QTime(isNearChange ? upTo(3) : upTo(23), upTo(59)),
                         .days = static_cast<AlarmDays>(upTo(3)),
                         .weekdays = upTo(127),
@@ -127,7 +129,7 @@ void TstNextRing::RandomAlarmsAsOnAWatchedClock() {
         const bool isLater = next && *next > after + kWatched * 1440 * kWallMinute;
         if (expected ? next != expected : next && !isLater) {
             const auto text = [](std::optional<qint64> at) {
-                return at ? QDateTime::fromMSecsSinceEpoch(*at, Qt::UTC).toString(Qt::ISODateWithMs)
+                return at ? QDateTime::fromMSecsSinceEpoch(*at, QTimeZone::utc()).toString(Qt::ISODateWithMs)
                           : u"never"_s;
             };
             QFAIL(qPrintable(u"alarm %1 at %2 after %3: %4 instead of %5"_s.arg(i).arg(
@@ -135,8 +137,9 @@ void TstNextRing::RandomAlarmsAsOnAWatchedClock() {
         }
         rings += expected ? 1 : 0;
         if (expected &&
-            place.offsetFromUtc(QDateTime::fromMSecsSinceEpoch(*expected - 7'200'000, Qt::UTC)) !=
-                place.offsetFromUtc(QDateTime::fromMSecsSinceEpoch(*expected + 7'200'000, Qt::UTC))) {
+            place.offsetFromUtc(QDateTime::fromMSecsSinceEpoch(*expected - 7'200'000, QTimeZone::utc())) !=
+                place.offsetFromUtc(
+                    QDateTime::fromMSecsSinceEpoch(*expected + 7'200'000, QTimeZone::utc()))) {
             ++atChanges;
         }
     }

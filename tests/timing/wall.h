@@ -25,7 +25,7 @@ public:
         for (qint64 quarter = Start(); quarter < Utc(QStringLiteral("2027-03-01T00:00:00"));
              quarter += 15 * kWallMinute) {
             const QDateTime local = QDateTime::fromMSecsSinceEpoch(quarter, zone);
-            const qint64 shown = QDateTime(local.date(), local.time(), Qt::UTC).toMSecsSinceEpoch();
+            const qint64 shown = QDateTime(local.date(), local.time(), QTimeZone::utc()).toMSecsSinceEpoch();
             for (int minute = 0; minute < 15; ++minute) {
                 m_shown.push_back(shown + minute * kWallMinute);
             }
