@@ -125,6 +125,7 @@ private Q_SLOTS:
     void AServiceThatRefuses();
     void AServiceThatHangsIsNotWaitedFor();
     void ANoticeWithoutAnAnswerMayBeShown();
+    void OutcomesComeInTheOrderOfTheNotices();
     void LookingFindsTheService();
     void ABusThatHangsIsNotWaitedFor();
 
@@ -331,6 +332,20 @@ void TstNoticeBus::ANoticeWithoutAnAnswerMayBeShown() {
     bench.Show(u"a"_s);
     QVERIFY(bench.WaitFor({u"a unknown"_s}));
     QCOMPARE(service.Of(u"Notify"_s).size(), 1);
+}
+
+void TstNoticeBus::OutcomesComeInTheOrderOfTheNotices() {
+    Service service(m_other);
+    service.hanging = {u"Notify"_s};
+    QVERIFY(service.Start());
+    Bench bench;
+    QTest::ignoreMessage(QtWarningMsg, QRegularExpression(u"^a notice was not shown: "_s));
+    bench.Show(u"a"_s);
+    QVERIFY(QTest::qWaitFor([&] { return service.Of(u"Notify"_s).size() == 1; }, kPatience));
+    service.hanging.clear();
+    bench.Show(u"b"_s);
+    bench.Show(u"c"_s);
+    QVERIFY(bench.WaitFor({u"a unknown"_s, u"b shown"_s, u"c shown"_s}));
 }
 
 void TstNoticeBus::LookingFindsTheService() {

@@ -67,11 +67,21 @@ void NoticeBus::WithBus(std::function<void(bool answers)> then) {
 void NoticeBus::Call(const char* method, const QVariantList& arguments, Reply onReply) {
     const QDBusPendingCall call =
         QDBusConnection::sessionBus().asyncCall(MethodCall(method, arguments), kPatience);
+    m_calls.push_back({call, std::move(onReply)});
     auto* watcher = new QDBusPendingCallWatcher(call, this);
-    connect(watcher, &QDBusPendingCallWatcher::finished, this, [watcher, onReply = std::move(onReply)] {
+    connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher] {
         watcher->deleteLater();
-        onReply(watcher->reply());
+        HandOutReplies();
     });
+}
+
+/// A reply that arrives before its call has a watcher is reported later than the replies after it.
+void NoticeBus::HandOutReplies() {
+    while (!m_calls.empty() && m_calls.front().call.isFinished()) {
+        const PendingCall first = std::move(m_calls.front());
+        m_calls.pop_front();
+        first.onReply(first.call.reply());
+    }
 }
 
 /// An invalid reply means that there is no bus.

@@ -4,9 +4,11 @@
 #include <QDBusConnection>
 #include <QDBusError>
 #include <QDBusMessage>
+#include <QDBusPendingCall>
 #include <QHash>
 #include <QObject>
 #include <QStringList>
+#include <deque>
 #include <functional>
 #include <memory>
 #include <vector>
@@ -19,6 +21,7 @@ namespace tickwell::platform {
 /// Notices over org.freedesktop.Notifications on the session bus, through Qt's connection to it. That
 /// connection is used after the bus has answered once, and all calls are asynchronous, with a second for each
 /// answer. Before each notice the service is asked what it can do: one that does not answer gets no notice.
+/// Notices are sent, and their outcomes reported, in the order in which they were shown.
 class NoticeBus : public QObject, public DesktopNotices {
     Q_OBJECT
 
@@ -46,10 +49,15 @@ private:
         bool isClosed = false;  // before it was shown
     };
     using Reply = std::function<void(const QDBusMessage& reply)>;
+    struct PendingCall {
+        QDBusPendingCall call;
+        Reply onReply;
+    };
 
     void WithBus(std::function<void(bool answers)> then);
     void AskAbilities(std::function<void(const QDBusMessage& reply)> then);
     void Call(const char* method, const QVariantList& arguments, Reply onReply);
+    void HandOutReplies();
     void Send(qint32 number, const QStringList& abilities);
     void Sent(qint32 number, const QDBusMessage& reply);
     void Finish(qint32 number, Outcome outcome);
@@ -61,6 +69,7 @@ private:
     bool m_isUsable = false;  // it has answered, so Qt's connection cannot block
     bool m_isMissed = false;  // that nobody shows notices was logged
     bool m_listens = false;
+    std::deque<PendingCall> m_calls;  // the earliest first
     qint32 m_last = 0;
     QHash<qint32, Shown> m_notices;
 };
