@@ -23,9 +23,14 @@ def marked(value):
     return [int(entry.name) for entry in numbered if _carries(entry, value)]
 
 
+def processes_of(session, name):
+    """Ids of the session's processes with this name, as `ps` shows it."""
+    return [pid for pid in marked(session.directory) if Path(f"/proc/{pid}/comm").read_text().strip() == name]
+
+
 def process_of(session, name):
-    """Id of the session's only process with this name, as `ps` shows it."""
-    found = [pid for pid in marked(session.directory) if Path(f"/proc/{pid}/comm").read_text().strip() == name]
+    """Id of the session's only process with this name."""
+    found = processes_of(session, name)
     if len(found) != 1:
         raise RuntimeError(f"{len(found)} processes are {name}")
     return found[0]
