@@ -4,7 +4,6 @@
 
 #include <QAbstractButton>
 #include <QApplication>
-#include <QFileDialog>
 #include <QMenu>
 #include <QMessageBox>
 #include <QTabBar>
@@ -59,29 +58,18 @@ void Deeds::DoOne() {
         void (Deeds::*deed)();
     };
     static constexpr std::array kKinds{
-        Kind{24, &Deeds::ClickSomewhere},
-        Kind{3, &Deeds::DoubleClickSomewhere},
-        Kind{4, &Deeds::HoldSomewhere},
-        Kind{5, &Deeds::DragSomewhere},
-        Kind{4, &Deeds::TurnTheWheel},
-        Kind{16, &Deeds::PressAKey},
-        Kind{6, &Deeds::TypeAText},
-        Kind{5, &Deeds::AnswerABox},
-        Kind{9, &Deeds::ChooseFromTheMenu},
-        Kind{10, &Deeds::PressAButton},
-        Kind{12, &Deeds::PressOnPurpose},
-        Kind{3, &Deeds::ChooseATab},
-        Kind{4, &Deeds::CloseAWindow},
-        Kind{1, &Deeds::ShrinkAWindow},
-        Kind{18, &Deeds::Wait},
-        Kind{1, &Deeds::SetTheClock},
-        Kind{2, &Deeds::ChangeTheDisc},
-        Kind{2, &Deeds::ChangeTheMachine},
-        Kind{1, &Deeds::StartAgain},
-        Kind{2, &Deeds::SendACommand},
-        Kind{2, &Deeds::PressAMediaKey},
-        Kind{1, &Deeds::ChangeTheLook},
-        Kind{1, &Deeds::UseTheTray},
+        Kind{24, &Deeds::ClickSomewhere},   Kind{3, &Deeds::DoubleClickSomewhere},
+        Kind{4, &Deeds::HoldSomewhere},     Kind{5, &Deeds::DragSomewhere},
+        Kind{4, &Deeds::TurnTheWheel},      Kind{16, &Deeds::PressAKey},
+        Kind{6, &Deeds::TypeAText},         Kind{5, &Deeds::AnswerABox},
+        Kind{9, &Deeds::ChooseFromTheMenu}, Kind{10, &Deeds::PressAButton},
+        Kind{12, &Deeds::PressOnPurpose},   Kind{3, &Deeds::ChooseATab},
+        Kind{2, &Deeds::ExchangeDays},      Kind{4, &Deeds::CloseAWindow},
+        Kind{1, &Deeds::ShrinkAWindow},     Kind{18, &Deeds::Wait},
+        Kind{1, &Deeds::SetTheClock},       Kind{2, &Deeds::ChangeTheDisc},
+        Kind{2, &Deeds::ChangeTheMachine},  Kind{1, &Deeds::StartAgain},
+        Kind{2, &Deeds::SendACommand},      Kind{2, &Deeds::PressAMediaKey},
+        Kind{1, &Deeds::ChangeTheLook},     Kind{1, &Deeds::UseTheTray},
     };
     static constexpr int kTogether = std::accumulate(
         kKinds.begin(), kKinds.end(), 0, [](int sum, const Kind& kind) { return sum + kind.weight; });
@@ -99,18 +87,6 @@ void Deeds::DoOne() {
         }
         left -= kind.weight;
     }
-}
-
-/// The files of this machine are none of the monkey's business.
-bool Deeds::LeaveFileDialog() {
-    for (QWidget* window : Hands::Windows()) {
-        if (qobject_cast<QFileDialog*>(window) != nullptr) {
-            Trail::Note(u"leave "_s + Hands::PathOf(*window));
-            Hands::Close(*window);
-            return true;
-        }
-    }
-    return false;
 }
 
 /// Usually the open popup or the active window; now and then a blocked one.
@@ -335,7 +311,8 @@ void Deeds::PressOnPurpose() {
         u"TimersForm/Command1"_s,  u"TimersForm/Command4"_s,   u"TimersForm/Command5"_s,
         u"TimersForm/Preset(0)"_s, u"TimersNotice/Command2"_s, u"TimerForm/Command5"_s,
         u"AlarmsForm/Command1"_s,  u"AlarmsForm/Command2"_s,   u"AlarmsForm/Check4"_s,
-        u"AlarmNotice/Command2"_s};
+        u"AlarmNotice/Command2"_s, u"Form12/Command1"_s,       u"Form12/Command4"_s,
+        u"Form12/Check1"_s,        u"Form12/ListView1"_s,      u"Form13/Check2"_s};
     QWidgetList buttons;
     for (QWidget* window : Hands::Windows()) {
         if (Hands::IsBlocked(*window)) {

@@ -5,6 +5,8 @@
 #include "monkey/random.h"
 #include "monkey/world.h"
 
+class QFileDialog;
+
 namespace tickwell {
 
 /// Random actions of a user and random events of the machine. Each is recorded in the Trail before it is
@@ -26,8 +28,12 @@ public:
     Hands& TheHands() { return m_hands; }
 
 private:
-    // Mouse and keyboard.
+    // Choosing files.
     bool LeaveFileDialog();
+    void ReadEvents(QFileDialog& dialog);
+    void ExchangeDays();
+
+    // Mouse and keyboard.
     void ClickSomewhere();
     void DoubleClickSomewhere();
     void HoldSomewhere();

@@ -68,6 +68,7 @@ void CheckCdWindow(const Scene& scene, Complaints& complaints);
 void CheckCalendar(const Scene& scene, Complaints& complaints);
 void CheckBook(const Scene& scene, Complaints& complaints);
 void CheckSettingsWindow(const Scene& scene, Complaints& complaints);
+void CheckExchange(const Scene& scene, Complaints& complaints);
 void CheckFurtherWindows(const Scene& scene, Complaints& complaints);
 
 /// Runs all these checks. After the main window has closed only message boxes may be open.
@@ -77,7 +78,7 @@ inline void CheckScene(const Scene& scene, Complaints& complaints) {
         return;
     }
     for (const auto check : {CheckMainWindow, CheckLines, CheckTiming, CheckCdWindow, CheckCalendar,
-                             CheckBook, CheckSettingsWindow, CheckFurtherWindows}) {
+                             CheckBook, CheckSettingsWindow, CheckExchange, CheckFurtherWindows}) {
         check(scene, complaints);
     }
 }

@@ -42,6 +42,13 @@ constexpr std::array kWindows{
     QStringView(u"AlarmSoundDialog"),
     QStringView(u"LapFileDialog"),
     QStringView(u"SyncFolderDialog"),
+    QStringView(u"HolidayListDialog"),
+    QStringView(u"WriteAllDialog"),
+    QStringView(u"ReadAllDialog"),
+    QStringView(u"ImportDialog"),
+    QStringView(u"ExportDialog"),
+    QStringView(u"Form12"),
+    QStringView(u"Form13"),
 };
 
 bool IsPopup(const QWidget& window) {
@@ -49,7 +56,7 @@ bool IsPopup(const QWidget& window) {
 }
 
 /// A window and the window that it requires to be open.
-constexpr std::array<std::pair<QStringView, QStringView>, 10> kOver{{
+constexpr std::array<std::pair<QStringView, QStringView>, 17> kOver{{
     {u"Form6", u"Form5"},
     {u"Form9", u"Form5"},
     {u"Form10", u"Form5"},
@@ -60,6 +67,13 @@ constexpr std::array<std::pair<QStringView, QStringView>, 10> kOver{{
     {u"AlarmSoundDialog", u"AlarmsForm"},
     {u"LapFileDialog", u"StopForm"},
     {u"SyncFolderDialog", u"Form2"},
+    {u"HolidayListDialog", u"Form2"},
+    {u"WriteAllDialog", u"Form2"},
+    {u"ReadAllDialog", u"Form2"},
+    {u"ImportDialog", u"Form2"},
+    {u"ExportDialog", u"Form13"},
+    {u"Form12", u"Form2"},
+    {u"Form13", u"Form2"},
 }};
 
 constexpr qsizetype kMostBoxes = 8;  // more than this would cover the desktop

@@ -88,6 +88,8 @@ public:
 
     QString Folder() const { return m_home.filePath(QStringLiteral("tickwell")); }
     QString DatabasePath() const { return Folder() + QStringLiteral("/DayDate.mdb"); }
+    /// A file for reading events; nothing creates it in advance.
+    QString EventsPath() const { return m_home.filePath(QStringLiteral("days.ics")); }
     QString SettingsPath() const { return m_home.filePath(QStringLiteral("TKW2/TKW2.ini")); }
 
 private:
