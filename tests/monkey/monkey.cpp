@@ -32,16 +32,16 @@ QWidget* WindowNamed(const QWidgetList& windows, QStringView name) {
 }
 
 /// An error while the box of another one is open: with a clock that is years off, several readings can
-/// overflow together, and a timer or an alarm can be refused meanwhile. Merging can be switched on without a
-/// folder.
+/// overflow together, and a timer, an alarm or a search can be refused meanwhile. Merging can be switched on
+/// without a folder.
 bool IsExpected(const QString& warning) {
     if (warning == u"the days are not merged: フォルダーが選ばれていません。") {
         return true;
     }
     static const QString dropped = u"not shown, because another error is: "_s;
     static const QStringList reasons{u"オーバーフローしました。"_s, u"タイマーは20個まで"_s,
-                                     u"タイマーの時間を指定"_s, u"アラームは50個まで"_s,
-                                     u"アラームを鳴らす"_s};
+                                     u"タイマーの時間を指定"_s,     u"アラームは50個まで"_s,
+                                     u"アラームを鳴らす"_s,         u"型が一致しません。"_s};
     return std::any_of(reasons.begin(), reasons.end(),
                        [&warning](const QString& reason) { return warning.startsWith(dropped + reason); });
 }

@@ -5,6 +5,7 @@ from typing import NamedTuple
 
 from Xlib import X, error
 from Xlib.display import Display
+from Xlib.ext import shape
 from Xlib.protocol.event import ClientMessage
 
 from driver.waiting import PATIENCE, TimedOut, steady, wait_for
@@ -96,6 +97,15 @@ class XWindows:
     def settled_geometry(self, xid):
         """The geometry once it is stable: window managers decorate and move a window after it is shown."""
         return steady(lambda: self.geometry(xid), f"the place of window {xid:#x}")
+
+    def input_areas(self, xid):
+        """How many rectangles of the window receive clicks, and of each frame around it. The window manager follows the
+        window a little later."""
+        window, areas = self._window(xid), []
+        while window and window != self._root:
+            areas.append(len(window.shape_get_rectangles(shape.SK.Input).rectangles))
+            window = window.query_tree().parent
+        return areas
 
     def is_above(self, upper, lower):
         """Whether one window is above another in the stacking order, even if they do not overlap."""
