@@ -9,8 +9,10 @@
 #include <sys/resource.h>
 
 #include <QApplication>
+#include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
+#include <QFileInfo>
 #include <QTemporaryDir>
 #include <QTimer>
 #include <QVBoxLayout>
@@ -25,7 +27,7 @@
 #include "media/media_system.h"
 #include "platform/disc/cd_helper_drive.h"
 #include "platform/disc/qt_event_wait.h"
-#include "platform/sound/sdl_sound_output.h"
+#include "platform/sound/helper_sound_output.h"
 #include "platform/time/qt_timers.h"
 #include "platform/time/system_clock.h"
 #include "support/fake_message_boxes.h"
@@ -52,7 +54,9 @@ public:
 
 /// The player with its window and lines, connected as in the program.
 struct Player {
-    Player(const QString& helper, const QString& source) : drive(realTimers, output, helper, source) {
+    Player(const QString& helper, const QString& source)
+        : output(realTimers, QFileInfo(helper).dir().filePath(u"tickwell-sound"_s)),
+          drive(realTimers, output, helper, source) {
         auto* const layout = new QVBoxLayout(&window);
         for (lines::MovingWord* line : {&upper, &lower}) {
             line->setFixedSize(kLine);
@@ -72,7 +76,7 @@ struct Player {
     platform::SystemClock clock;
     platform::QtTimers timers;
     RealTimerSource realTimers{timers};
-    platform::SdlSoundOutput output;
+    platform::HelperSoundOutput output;
     platform::CdHelperDrive drive;
     platform::QtEventWait wait;
     FakeMessageBoxes boxes;

@@ -2,7 +2,7 @@
 # Installation paths. Program, helpers and master files find each other by their relative paths.
 
 install(TARGETS tickwell RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}")
-install(TARGETS tickwell-cd tickwell-ical tickwell-print RUNTIME DESTINATION "${CMAKE_INSTALL_LIBEXECDIR}/tickwell")
+install(TARGETS tickwell-cd tickwell-ical tickwell-print tickwell-sound RUNTIME DESTINATION "${CMAKE_INSTALL_LIBEXECDIR}/tickwell")
 
 set(shared "${CMAKE_INSTALL_DATADIR}/tickwell")
 install(FILES "${PROJECT_BINARY_DIR}/masters/DayDate.mdb" DESTINATION "${shared}")

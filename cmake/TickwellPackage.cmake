@@ -38,11 +38,9 @@ set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 set(CPACK_DEBIAN_COMPRESSION_TYPE xz)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
-# In addition to the linked libraries: the sound library, which is loaded at the first sound; a Japanese font, one of
-# the substitutes for the font that the layout was designed for; the time zones; Qt's Japanese translations; the battery
-# service.
-set(CPACK_DEBIAN_PACKAGE_DEPENDS "libsdl2-2.0-0 (>= 2.0.18), \
-fonts-monapo | fonts-ipafont-gothic | fonts-ipaexfont-gothic | fonts-takao-gothic | fonts-vlgothic | fonts-noto-cjk, \
+# In addition to the linked libraries: a Japanese font, one of the substitutes for the font that the layout was designed
+# for; the time zones; Qt's Japanese translations; the battery service.
+set(CPACK_DEBIAN_PACKAGE_DEPENDS "fonts-monapo | fonts-ipafont-gothic | fonts-ipaexfont-gothic | fonts-takao-gothic | fonts-vlgothic | fonts-noto-cjk, \
 tzdata")
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "qt6-translations-l10n, upower, xwayland")
 include(CPack)

@@ -34,7 +34,7 @@ QStringList StartingCommand(const QString& program, const FolderChoices& choices
 /// data folder relative to it; empty if not found.
 QString MastersFolder(const QString& executableFolder);
 
-/// The path of a helper program, "tickwell-cd", "tickwell-ical" or "tickwell-print": beside the executable if
+/// The path of a helper program, such as "tickwell-cd": beside the executable if
 /// it exists there, otherwise in the folder of installed helpers.
 QString HelperPath(const QString& executableFolder, const QString& name);
 

@@ -38,6 +38,7 @@ Program::Program(const Options& options, platform::Inheritance users)
       m_starter(std::move(users)),
       m_calendarHelper(HelperPath(QCoreApplication::applicationDirPath(), u"tickwell-ical"_s)),
       m_printer(m_realTimers, HelperPath(QCoreApplication::applicationDirPath(), u"tickwell-print"_s)),
+      m_sound(m_realTimers, HelperPath(QCoreApplication::applicationDirPath(), u"tickwell-sound"_s)),
       m_drive(m_realTimers, m_sound, HelperPath(QCoreApplication::applicationDirPath(), u"tickwell-cd"_s),
               options.disc, [this] { return m_state.started.further.cd.showsTitles; }) {
     m_iconTimer->Start();

@@ -23,7 +23,7 @@
 #include "platform/disc/qt_event_wait.h"
 #include "platform/print/helper_printer.h"
 #include "platform/processes/desktop_programs.h"
-#include "platform/sound/sdl_sound_output.h"
+#include "platform/sound/helper_sound_output.h"
 #include "platform/time/qt_timers.h"
 #include "platform/time/system_clock.h"
 #include "platform/time/system_time_jumps.h"
@@ -68,7 +68,7 @@ private:
     platform::DesktopPrograms m_starter;
     platform::IcalProcess m_calendarHelper;
     platform::HelperPrinter m_printer;
-    platform::SdlSoundOutput m_sound;
+    platform::HelperSoundOutput m_sound;
     platform::QtEventWait m_wait;
     platform::CommandBus m_commands;
     platform::PlayerBus m_mediaKeys;

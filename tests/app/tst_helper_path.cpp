@@ -28,6 +28,7 @@ void TstHelperPath::Names() {
     QTest::newRow("discs") << u"tickwell-cd"_s;
     QTest::newRow("calendars") << u"tickwell-ical"_s;
     QTest::newRow("printing") << u"tickwell-print"_s;
+    QTest::newRow("sound") << u"tickwell-sound"_s;
 }
 
 void TstHelperPath::ItIsInstalledInAFolderForHelpers() {

@@ -6,7 +6,7 @@
 #include <cstdio>
 
 #include "media/sound_playback.h"
-#include "platform/sound/sdl_sound_output.h"
+#include "platform/sound/helper_sound_output.h"
 #include "platform/time/qt_timers.h"
 #include "support/fake_message_boxes.h"
 
@@ -22,7 +22,7 @@ int main(int argc, char** argv) {
     }
     platform::QtTimers timers;
     RealTimerSource realTimers(timers);
-    platform::SdlSoundOutput output;
+    platform::HelperSoundOutput output(realTimers, QStringLiteral(TICKWELL_SOUND_HELPER));
     media::WaveMix mix(realTimers, output);
     media::SoundState sound;
     media::MediaState media;

@@ -59,7 +59,7 @@ class FaultCase(TickwellCase):
         """Installs the program like a package; its user has not started it yet. Returns its path."""
         prefix = self.session.directory / "usr"
         (prefix / "bin").mkdir(parents=True)
-        for name in ("tickwell", "tickwell-cd", "tickwell-ical", "tickwell-print"):
+        for name in ("tickwell", "tickwell-cd", "tickwell-ical", "tickwell-print", "tickwell-sound"):
             shutil.copy(program_path().parent / name, prefix / "bin")
         make_folder(prefix / "share/tickwell")
         write_settings(self.session, SILENT)

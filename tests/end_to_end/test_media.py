@@ -5,8 +5,10 @@ import os
 import re
 import subprocess
 import unittest
+from pathlib import Path
 
 from driver.case import TickwellCase
+from driver.processes import process_of, processes_of
 from driver.sound_server import SoundServer, wave_samples, without_silence
 from driver.tickwell import main_window, read_settings, start_tickwell, wait_lines, wait_on_screen
 from driver.virtual_time import VirtualTime
@@ -14,6 +16,7 @@ from driver.waiting import wait_for
 
 START_UP_DELAY = 11000  # ms
 NOTICE = "マルチメディアエラー"
+PLAYER = "tickwell-sound"
 SECONDS_OF_DISC = 2 * 44100 * 4  # bytes
 SESSION = 60.0  # s; limit for twelve strikes on a busy machine
 DISCS_VARIABLE = "TICKWELL_MAKE_DISCS"
@@ -93,6 +96,16 @@ class TimeSignal(MediaCase):
     def test_the_half_hour_is_struck_once(self):
         self.strike("2026-11-21T21:29:40", {"Clock_Int": "0", "Clock_File": "機械時計[低い音]"})
         self.expect("TKW04.wav", 1)
+        wait_for(lambda: not processes_of(self.session, PLAYER), f"the end of {PLAYER}")
+        for library in ("libSDL2", "libpulse"):
+            self.assertNotIn(library, Path(f"/proc/{self.app.program.pid}/maps").read_text(encoding="utf-8"))
+
+    def test_the_sound_ends_with_the_program(self):
+        self.strike("2026-11-21T11:59:40", {"Clock_Int": "1", "Clock_File": "鳩時計の音"})
+        self.server.wait_recording(lambda samples: len(without_silence(samples)) > 0, "the first strike", SESSION)
+        process_of(self.session, PLAYER)
+        self.app.program.kill()
+        wait_for(lambda: not processes_of(self.session, PLAYER), f"the end of {PLAYER}")
 
     def test_the_notice_of_the_timer_sounds(self):
         self.start("2026-11-21T12:10:00", settings={"SetUp": {"Function": "3", "Clock_Int": "2"}},

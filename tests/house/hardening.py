@@ -16,7 +16,7 @@ FLAGS = ("-D_FORTIFY_SOURCE=2", "-fstack-protector-strong", "-fstack-clash-prote
 # Linking removes the mark of cf-protection, because the distribution's start-up code lacks it. In a program in which
 # the size of every copy is known, no call is fortified; hardening-check cannot distinguish that from a missing flag.
 CHECK = ("hardening-check", "--verbose", "--nocfprotection")
-NOTHING_TO_FORTIFY = {"tickwell-cd", "tickwell-ical", "tickwell-print"}
+NOTHING_TO_FORTIFY = {"tickwell-cd", "tickwell-ical", "tickwell-print", "tickwell-sound"}
 
 
 def soft_sources(build):

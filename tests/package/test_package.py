@@ -68,9 +68,9 @@ class Contents(unittest.TestCase):
         changes = gzip.decompress((root / "usr/share/doc/tickwell/changelog.Debian.gz").read_bytes()).decode()
         self.assertTrue(changes.startswith(f"tickwell ({version}) "), changes[:40])
 
-    def test_it_depends_on_libraries_that_no_binary_names(self):
+    def test_it_depends_on_what_it_needs(self):
         depends = field(package, "Depends")
-        self.assertRegex(depends, r"\blibsdl2-2\.0-0\b")  # loaded when the first sound is played
+        self.assertRegex(depends, r"\blibsdl2-2\.0-0\b")  # of the helper that plays sound
         self.assertRegex(depends, r"\bfonts-monapo\b")
         self.assertRegex(field(package, "Recommends"), r"\bxwayland\b")  # without it, no clock in a Wayland session
 

@@ -12,6 +12,7 @@ extern "C" {
 #include <sys/pidfd.h>  // does not declare extern "C" itself
 }
 
+#include <QDeadlineTimer>
 #include <QFile>
 #include <algorithm>
 #include <array>
@@ -126,6 +127,10 @@ ChildReaper::~ChildReaper() {
 
 void ChildReaper::End(pid_t child) {
     kill(child, SIGKILL);
+    Take(child);
+}
+
+void ChildReaper::Take(pid_t child) {
     m_ended.push_back(child);
     Reap();
 }
@@ -136,22 +141,27 @@ void ChildReaper::Reap() {
 }
 
 bool ChildProcess::Start(const QString& program, const QStringList& arguments, const QByteArray& input) {
-    End();
     const int file = FileOf(input);
     if (file < 0) {
+        End();
         return false;
     }
+    const bool hasStarted = Start(program, arguments, file);
+    close(file);
+    return hasStarted;
+}
+
+bool ChildProcess::Start(const QString& program, const QStringList& arguments, int input) {
+    End();
     std::array<int, 2> ends{};
     if (pipe2(ends.data(), O_CLOEXEC) != 0) {
-        close(file);
         return false;
     }
     QList<QByteArray> words{QFile::encodeName(program)};
     for (const QString& argument : arguments) {
         words.append(QFile::encodeName(argument));
     }
-    m_child = Spawn(words, file, ends[1]);
-    close(file);
+    m_child = Spawn(words, input, ends[1]);
     close(ends[1]);
     m_pipe = ends[0];
     if (m_child == 0 || fcntl(m_pipe, F_SETFL, O_NONBLOCK) != 0) {
@@ -159,6 +169,13 @@ bool ChildProcess::Start(const QString& program, const QStringList& arguments, c
         return false;
     }
     return true;
+}
+
+void ChildProcess::WaitForOutput(std::chrono::milliseconds atMost) const {
+    pollfd output{m_pipe, POLLIN, 0};
+    const QDeadlineTimer end(atMost);
+    while (poll(&output, 1, static_cast<int>(end.remainingTime())) < 0 && errno == EINTR) {
+    }
 }
 
 QByteArray ChildProcess::Read(qsizetype most) {
@@ -201,6 +218,14 @@ void ChildProcess::End() {
     ClosePipe();
     if (m_child > 0) {
         m_reaper.End(m_child);
+        m_child = 0;
+    }
+}
+
+void ChildProcess::Leave() {
+    ClosePipe();
+    if (m_child > 0) {
+        m_reaper.Take(m_child);
         m_child = 0;
     }
 }

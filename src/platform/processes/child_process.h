@@ -5,13 +5,14 @@
 
 #include <QByteArray>
 #include <QStringList>
+#include <chrono>
 #include <optional>
 #include <vector>
 
 namespace tickwell::platform {
 
-/// Killed child processes that have not exited yet: one that is blocked by a drive cannot exit at once, and
-/// no caller waits for it. The owner calls Reap from a timer.
+/// Child processes that were killed or told to end, and have not exited yet: one that is blocked by a drive
+/// cannot exit at once, and no caller waits for it. The owner calls Reap from a timer.
 class ChildReaper {
 public:
     ChildReaper() = default;
@@ -21,6 +22,9 @@ public:
 
     /// Kills a child of this process.
     void End(pid_t child);
+
+    /// Takes a child that is about to exit.
+    void Take(pid_t child);
     void Reap();
     bool IsIdle() const { return m_ended.empty(); }
 
@@ -41,6 +45,12 @@ public:
     /// it cannot be started.
     bool Start(const QString& program, const QStringList& arguments, const QByteArray& input = {});
 
+    /// The same with an open file as its standard input; the caller keeps the descriptor.
+    bool Start(const QString& program, const QStringList& arguments, int input);
+
+    /// Waits until it has written something or has ended, but no longer than `atMost`.
+    void WaitForOutput(std::chrono::milliseconds atMost) const;
+
     /// Up to `most` bytes of its output; empty if there is none yet or no more.
     QByteArray Read(qsizetype most);
 
@@ -54,6 +64,9 @@ public:
 
     /// Detaches from the child, which keeps running; its output is no longer read.
     void LetGo();
+
+    /// Closes the pipe, and leaves the child to end by itself because of that.
+    void Leave();
 
 private:
     void ClosePipe();

@@ -25,7 +25,7 @@ def marked(value):
 
 def processes_of(session, name):
     """Ids of the session's processes with this name, as `ps` shows it."""
-    return [pid for pid in marked(session.directory) if Path(f"/proc/{pid}/comm").read_text().strip() == name]
+    return [pid for pid in marked(session.directory) if _name(pid) == name]
 
 
 def process_of(session, name):
@@ -34,6 +34,14 @@ def process_of(session, name):
     if len(found) != 1:
         raise RuntimeError(f"{len(found)} processes are {name}")
     return found[0]
+
+
+def _name(pid):
+    """Empty if the process has ended."""
+    try:
+        return Path(f"/proc/{pid}/comm").read_text(encoding="utf-8").strip()
+    except OSError:
+        return ""
 
 
 def end_marked(value, patience=5.0):
