@@ -269,13 +269,13 @@ class Sound(AlarmsCase):
             self.assertTrue(self.sound.take(self.once, f"the sound, {heard} times before"))
             heard += 1
         self.time.advance(MINUTE)
-        wait_for(lambda: not self.sound.is_open(self.app.program.pid), "the end of the sound")
+        wait_for(lambda: not self.sound.is_open(), "the end of the sound")
         self.assertEqual(self.sound.heard(), b"")
         self.answer(notice)
 
     def test_it_ends_with_the_answer(self):
         self.answer(self.ring())
-        wait_for(lambda: not self.sound.is_open(self.app.program.pid), "the end of the sound")
+        wait_for(lambda: not self.sound.is_open(), "the end of the sound")
         heard = len(self.sound.heard())
         self.assertLessEqual(heard, len(self.once))
         self.time.advance(MINUTE)

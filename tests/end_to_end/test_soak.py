@@ -41,9 +41,9 @@ class Soak(AlwaysOn):
             self.app.wait_gone(name=title, showing=True)
 
     def at_rest(self):
-        """Its resources after the last sound has ended and closed windows are deleted."""
+        """Its resources after the last sound and its helper have ended and closed windows are deleted."""
         wait_for(lambda: not self.is_sounding(), "the end of the chime")
-        return footprint(self.app, self.session.display)
+        return steady(lambda: footprint(self.app, self.session.display), "the resources at rest", rest=1.0)
 
     def memory(self):
         """Its memory after the memory of closed windows is released, two seconds after the last one."""

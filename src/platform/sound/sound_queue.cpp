@@ -20,7 +20,7 @@ using sound_helper::SharedSound;
 
 namespace {
 
-constexpr quint64 kFreedAtOnce = 256 * 1024;  // bytes, a second and a half of a disc
+constexpr quint64 kFreedAtOnce = quint64{256} * 1024;  // bytes, a second and a half of a disc
 constexpr int kLongestTaking = 20;  // ms; far longer than it takes, for a helper that died meanwhile
 
 }  // namespace

@@ -49,7 +49,7 @@ class AlwaysOn(TickwellCase):
         self.assertEqual(self.sound.heard(), b"")
 
     def is_sounding(self):
-        return self.sound.is_open(self.app.program.pid)
+        return self.sound.is_open()
 
     def output(self):
         """The program's output without the messages of the disk audio driver."""

@@ -10,6 +10,7 @@ import select
 import threading
 from pathlib import Path
 
+from driver.processes import marked
 from driver.sound_server import wave_samples
 from driver.waiting import TimedOut, wait_for
 
@@ -19,6 +20,7 @@ class SoundPipe:
 
     def __init__(self, session, at_pace=False):
         """`at_pace`: accept sound only as fast as a sound card plays it."""
+        self._session = session
         self._fifo = Path(session.directory, "sound-card")
         self._fifo.unlink(missing_ok=True)
         os.mkfifo(self._fifo)
@@ -55,9 +57,9 @@ class SoundPipe:
             heard, self._heard = self._heard, bytearray()
         return heard == sound
 
-    def is_open(self, pid):
-        """Whether a program has the sound card open."""
-        return str(self._fifo) in open_files(pid)
+    def is_open(self):
+        """Whether a process of the session, such as a program's helper, has the sound card open."""
+        return any(str(self._fifo) in open_files(pid) for pid in marked(self._session.directory))
 
     def _listen(self):
         while not self._ending.is_set():
@@ -73,12 +75,19 @@ def sound_of(path):
 
 
 def open_files(pid):
-    """The targets of a program's file descriptors."""
-    folder = Path(f"/proc/{pid}/fd")
+    """The targets of a process's file descriptors; none if it has ended."""
     found = []
-    for descriptor in folder.iterdir():
-        try:
-            found.append(os.readlink(descriptor))
-        except FileNotFoundError:  # closed in the meantime
-            pass
+    try:
+        for descriptor in Path(f"/proc/{pid}/fd").iterdir():
+            found.extend(_target(descriptor))
+    except (FileNotFoundError, ProcessLookupError):
+        pass
     return found
+
+
+def _target(descriptor):
+    """Nothing if it was closed in the meantime."""
+    try:
+        return [os.readlink(descriptor)]
+    except (FileNotFoundError, ProcessLookupError):
+        return []
