@@ -147,6 +147,7 @@ void TstMainWindowFace::ThePlaceIsStoredOnlyIfChosen() {
     bench.further.face.staysOnScreen = true;
     bench.form->ApplySettings();
     bench.form->move(855, 66);
+    QTRY_COMPARE(bench.form->pos(), QPoint(855, 66));  // told later if it came to another screen
     bench.form->SaveAll();
     QCOMPARE(bench.store.Get(kFace, u"Screen"_s).value_or(QString()), u"DP-2"_s);
     QCOMPARE(bench.store.Get(kFace, u"ScreenLeft"_s).value_or(QString()), u"55"_s);
