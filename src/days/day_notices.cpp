@@ -10,6 +10,7 @@ namespace tickwell::days {
 namespace {
 
 constexpr int kSecondsInMinute = 60;
+constexpr qint64 kDay = 86'400'000;  // ms
 
 QTime TimeOfNotices(const NoticeSettings& settings) {
     return QTime(0, 0).addSecs(std::clamp(settings.time, 0, kLastMinute) * kSecondsInMinute);
@@ -46,10 +47,8 @@ QList<DueNotice> DueNotices(const NoticeSettings& settings, const QDateTime& now
 }
 
 qint64 UntilNextNotices(const NoticeSettings& settings, const QDateTime& now) {
-    const QTime time = TimeOfNotices(settings);
-    const QDate day = now.time() < time ? now.date() : now.date().addDays(1);
-    // A time that the change to summer time skips may come out as one that has passed.
-    return std::max<qint64>(1, now.msecsTo(QDateTime(day, time)));
+    const qint64 until = now.time().msecsTo(TimeOfNotices(settings));
+    return until > 0 ? until : until + kDay;
 }
 
 }  // namespace tickwell::days

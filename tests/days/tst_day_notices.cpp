@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <QTest>
+#include <QTimeZone>
 
 #include "days/day_notice_text.h"
 #include "days/day_notices.h"
@@ -139,6 +140,9 @@ void TstDayNotices::TheNextTime_data() {
     QTest::newRow("at that time") << 540 << QDateTime(kMonday, QTime(9, 0)) << qint64{86'400'000};
     QTest::newRow("in the evening") << 540 << QDateTime(kMonday, QTime(21, 0)) << qint64{43'200'000};
     QTest::newRow("midnight") << 0 << QDateTime(kMonday, QTime(23, 59, 59, 999)) << qint64{1};
+    const QTimeZone newYork("America/New_York");
+    QTest::newRow("an hour that summer time skips counts too")
+        << 540 << QDateTime(QDate(2027, 3, 14), QTime(0, 0), newYork) << qint64{32'400'000};
     QTest::newRow("the end of a year")
         << 0 << QDateTime(QDate(2026, 12, 31), QTime(0, 0)) << qint64{86'400'000};
 }
