@@ -48,6 +48,13 @@ class ExchangeOfMany(ExchangeCase):
             return self.parts(window, **features)
         return wait_for(found, str(features))[0]
 
+    def wait_cancelled(self, window, caption):
+        """Waits until the work can be begun again. No time passes until the key has arrived: the work could end first."""
+        def stopped():
+            return all("enabled" not in part.states for part in self.parts(window, **button("中止")))
+        wait_for(stopped, "the key that cancels")
+        self.wait_part(window, **button(caption), which=lambda each: "enabled" in each.states)
+
     def wait_progress(self, window, caption):
         """Waits for the bar; checks that it can be cancelled with the keyboard."""
         self.time.advance(UNTIL_VISIBLE)
@@ -85,7 +92,7 @@ class ExchangeOfMany(ExchangeCase):
         self.session.hand.click(place)
         self.time.advance(UNTIL_VISIBLE)
         self.session.hand.key("space")  # 中止 has the focus
-        self.wait_part(window, **button("取り込む"), which=lambda each: "enabled" in each.states)
+        self.wait_cancelled(window, "取り込む")
         self.assertEqual(self.stored(), [("前からある", 0, 5, 5, 0)])
         self.assertEqual(sorted(path.name for path in self.folder.iterdir()), before)
         self.session.hand.click(place)
@@ -104,7 +111,7 @@ class ExchangeOfMany(ExchangeCase):
         self.write(window, target)
         self.time.advance(SOME_SLICES)
         self.session.hand.key("Escape")
-        self.wait_part(window, **button("書き出す..."), which=lambda each: "enabled" in each.states)
+        self.wait_cancelled(window, "書き出す...")
         self.time.advance(UNTIL_VISIBLE)
         self.assertEqual(self.files(), before)
         self.write(window, target)

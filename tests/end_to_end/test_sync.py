@@ -105,8 +105,9 @@ class Sync(TickwellCase):
         laptop.run("UPDATE Kinenbi SET Name = 'edited' WHERE Name = 'from office'")
         laptop.start()
         self.wait_names(all_three, "by hand", "edited", "from laptop")
-        self.assertEqual(sorted(path.name for path in self.shared.iterdir()),
-                         ["laptop.tickwell-days", "office.tickwell-days", "study.tickwell-days"])
+        three = ["laptop.tickwell-days", "office.tickwell-days", "study.tickwell-days"]
+        wait_for(lambda: sorted(path.name for path in self.shared.iterdir()) == three,
+                 "the three files alone, none of them being written", LONG)
 
     def test_never_while_days_are_marked(self):
         study, laptop = both = self.computers("study", "laptop")
