@@ -18,12 +18,21 @@ constexpr auto kService = "org.freedesktop.Notifications";
 constexpr auto kPath = "/org/freedesktop/Notifications";
 constexpr int kPatience = 1000;  // ms for each answer
 
-QDBusMessage MethodCall(const char* method, const QVariantList& arguments) {
-    QDBusMessage call =
-        QDBusMessage::createMethodCall(QString::fromLatin1(kService), QString::fromLatin1(kPath),
-                                       QString::fromLatin1(kService), QString::fromLatin1(method));
+/// `service`: a well-known or unique name.
+QDBusMessage MethodCall(const QString& service, const char* method, const QVariantList& arguments) {
+    QDBusMessage call = QDBusMessage::createMethodCall(
+        service, QString::fromLatin1(kPath), QString::fromLatin1(kService), QString::fromLatin1(method));
     call.setArguments(arguments);
     return call;
+}
+
+/// Asks for the unique name of the program that shows notices.
+QDBusMessage OwnerQuestion() {
+    const QString bus = u"org.freedesktop.DBus"_s;
+    QDBusMessage question =
+        QDBusMessage::createMethodCall(bus, u"/org/freedesktop/DBus"_s, bus, u"GetNameOwner"_s);
+    question.setArguments({QString::fromLatin1(kService)});
+    return question;
 }
 
 /// Whether the service may have received a call with this reply although it has not answered.
@@ -64,9 +73,8 @@ void NoticeBus::WithBus(std::function<void(bool answers)> then) {
     });
 }
 
-void NoticeBus::Call(const char* method, const QVariantList& arguments, Reply onReply) {
-    const QDBusPendingCall call =
-        QDBusConnection::sessionBus().asyncCall(MethodCall(method, arguments), kPatience);
+void NoticeBus::Call(const QDBusMessage& message, Reply onReply) {
+    const QDBusPendingCall call = QDBusConnection::sessionBus().asyncCall(message, kPatience);
     m_calls.push_back({call, std::move(onReply)});
     auto* watcher = new QDBusPendingCallWatcher(call, this);
     connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher] {
@@ -96,7 +104,7 @@ void NoticeBus::AskAbilities(std::function<void(const QDBusMessage& reply)> then
             then(reply);
         };
         if (answers) {
-            Call("GetCapabilities", {}, told);
+            Call(MethodCall(QString::fromLatin1(kService), "GetCapabilities", {}), told);
         } else {
             told(QDBusMessage());
         }
@@ -114,7 +122,7 @@ qint32 NoticeBus::Show(const DesktopNotice& notice, std::function<void(Outcome o
     m_notices.insert(number, {notice, std::move(onOutcome), {}, 0});
     AskAbilities([this, number](const QDBusMessage& reply) {
         if (reply.type() == QDBusMessage::ReplyMessage) {
-            Send(number, reply.arguments().value(0).toStringList());
+            FindOwner(number, reply.arguments().value(0).toStringList());
         } else {
             Finish(number, Outcome::NotShown);
         }
@@ -122,7 +130,18 @@ qint32 NoticeBus::Show(const DesktopNotice& notice, std::function<void(Outcome o
     return number;
 }
 
-void NoticeBus::Send(qint32 number, const QStringList& abilities) {
+/// Its answer to a notice does not tell who has shown it: Qt 6.8 leaves the sender of a reply out.
+void NoticeBus::FindOwner(qint32 number, const QStringList& abilities) {
+    Call(OwnerQuestion(), [this, number, abilities](const QDBusMessage& reply) {
+        if (reply.type() == QDBusMessage::ReplyMessage) {
+            Send(number, abilities, reply.arguments().value(0).toString());
+        } else {
+            Finish(number, Outcome::NotShown);
+        }
+    });
+}
+
+void NoticeBus::Send(qint32 number, const QStringList& abilities, const QString& service) {
     const auto shown = m_notices.constFind(number);
     if (shown == m_notices.constEnd()) {
         return;
@@ -132,11 +151,11 @@ void NoticeBus::Send(qint32 number, const QStringList& abilities) {
         return;
     }
     Listen();
-    Call("Notify", NotifyArguments(shown->notice, abilities),
-         [this, number](const QDBusMessage& reply) { Sent(number, reply); });
+    Call(MethodCall(service, "Notify", NotifyArguments(shown->notice, abilities)),
+         [this, number, service](const QDBusMessage& reply) { Sent(number, service, reply); });
 }
 
-void NoticeBus::Sent(qint32 number, const QDBusMessage& reply) {
+void NoticeBus::Sent(qint32 number, const QString& service, const QDBusMessage& reply) {
     if (reply.type() != QDBusMessage::ReplyMessage) {
         qCWarning(PlatformLog).noquote() << "a notice was not shown:" << reply.errorMessage();
         Finish(number, IsUnanswered(reply) ? Outcome::Unknown : Outcome::NotShown);
@@ -146,7 +165,7 @@ void NoticeBus::Sent(qint32 number, const QDBusMessage& reply) {
     if (shown == m_notices.end()) {
         return;
     }
-    shown->service = reply.service();
+    shown->service = service;
     shown->id = reply.arguments().value(0).toUInt();
     if (shown->isClosed) {
         Close(number);
@@ -212,9 +231,7 @@ void NoticeBus::Close(qint32 number) {
         return;
     }
     // To the one that shows it, not to one that has taken its place.
-    QDBusMessage close = QDBusMessage::createMethodCall(
-        shown->service, QString::fromLatin1(kPath), QString::fromLatin1(kService), u"CloseNotification"_s);
-    close.setArguments({shown->id});
+    const QDBusMessage close = MethodCall(shown->service, "CloseNotification", {shown->id});
     QDBusConnection::sessionBus().send(close);
     m_notices.erase(shown);
 }

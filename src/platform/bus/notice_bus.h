@@ -56,10 +56,11 @@ private:
 
     void WithBus(std::function<void(bool answers)> then);
     void AskAbilities(std::function<void(const QDBusMessage& reply)> then);
-    void Call(const char* method, const QVariantList& arguments, Reply onReply);
+    void Call(const QDBusMessage& message, Reply onReply);
     void HandOutReplies();
-    void Send(qint32 number, const QStringList& abilities);
-    void Sent(qint32 number, const QDBusMessage& reply);
+    void FindOwner(qint32 number, const QStringList& abilities);
+    void Send(qint32 number, const QStringList& abilities, const QString& service);
+    void Sent(qint32 number, const QString& service, const QDBusMessage& reply);
     void Finish(qint32 number, Outcome outcome);
     void Listen();
     qint32 NumberOf(uint id, const QString& service) const;
